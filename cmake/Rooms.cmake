@@ -1,0 +1,44 @@
+# A room is one folder of src/ with its headers and sources. Each becomes a small static library of its own,
+# so that a test links what it needs and no more; the installed library is made of the objects of all rooms.
+
+# Sources include <VanticRestKit/...> from the build tree exactly as a host does from an installed prefix.
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/include)
+file(CREATE_LINK ${CMAKE_SOURCE_DIR}/src ${CMAKE_BINARY_DIR}/include/VanticRestKit SYMBOLIC)
+
+# vrk_room(NAME [DEPENDS room...] [LIBRARIES library...])
+# NAME is the folder below src/ with '/' written as '_', such as platform_url.
+function(vrk_room name)
+    cmake_parse_arguments(ROOM "" "" "DEPENDS;LIBRARIES" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+    set(target room_${name})
+    list(TRANSFORM ROOM_DEPENDS PREPEND room_)
+    if(sources)
+        add_library(${target} STATIC ${sources})
+        target_include_directories(${target} PUBLIC ${CMAKE_BINARY_DIR}/include)
+        target_compile_definitions(${target} PRIVATE VRK_BUILDING)
+        target_link_libraries(${target} PUBLIC ${ROOM_DEPENDS} ${ROOM_LIBRARIES})
+        set_property(GLOBAL APPEND PROPERTY VRK_ROOMS ${target})
+    else()
+        add_library(${target} INTERFACE)
+        target_include_directories(${target} INTERFACE ${CMAKE_BINARY_DIR}/include)
+        target_link_libraries(${target} INTERFACE ${ROOM_DEPENDS} ${ROOM_LIBRARIES})
+    endif()
+    set_property(GLOBAL APPEND PROPERTY VRK_LIBRARIES ${ROOM_LIBRARIES})
+endfunction()
+
+# vrk_test(NAME SOURCES source... ROOMS room... [LIBRARIES library...])
+# One GoogleTest binary, run as one ctest entry.
+function(vrk_test name)
+    cmake_parse_arguments(TEST "" "TIMEOUT" "SOURCES;ROOMS;LIBRARIES" ${ARGN})
+    if(NOT TEST_TIMEOUT)
+        set(TEST_TIMEOUT 300)
+    endif()
+    list(TRANSFORM TEST_ROOMS PREPEND room_)
+    add_executable(${name} ${TEST_SOURCES})
+    target_include_directories(${name} PRIVATE ${CMAKE_BINARY_DIR}/include ${CMAKE_SOURCE_DIR}/tests)
+    target_compile_definitions(${name} PRIVATE VRK_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
+                                               VRK_BUILDING)
+    target_link_libraries(${name} PRIVATE ${TEST_ROOMS} ${TEST_LIBRARIES} GTest::gtest_main GTest::gmock)
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${TEST_TIMEOUT})
+endfunction()

@@ -1,0 +1,58 @@
+#pragma once
+
+/// \file
+/// `Data`: bytes that are shared and never change.
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace VanticRestKit {
+
+/// An immutable run of bytes. Copies share one buffer, so a copy costs a reference count.
+///
+/// Behind the last byte lie `padding` zero bytes that belong to the buffer, so that a reader may load whole
+/// words at the end without looking at the length first. Any number of threads may read one `Data`.
+class Data {
+public:
+    /// How many readable zero bytes follow the last byte.
+    static constexpr std::size_t padding = 64;
+
+    /// No bytes. A `Data` without bytes is still a value: an empty body is not an absent one.
+    Data() : Data(std::string()) {}
+
+    /// Copies `bytes`.
+    explicit Data(std::string_view bytes) : Data(withRoom(bytes)) {}
+
+    /// Takes over `bytes`; allocates only where its capacity has no room for the padding.
+    explicit Data(std::string&& bytes) : size_(bytes.size()) {
+        bytes.append(padding, '\0');
+        buffer_ = std::make_shared<const std::string>(std::move(bytes));
+    }
+
+    explicit Data(const char* text) : Data(std::string_view(text)) {}
+
+    const char* data() const noexcept { return buffer_->data(); }
+    std::size_t size() const noexcept { return size_; }
+    bool empty() const noexcept { return size_ == 0; }
+
+    /// The bytes as text. The view lives as long as this `Data` or a copy of it.
+    std::string_view view() const noexcept { return {data(), size_}; }
+
+    friend bool operator==(const Data& a, const Data& b) noexcept { return a.view() == b.view(); }
+
+private:
+    static std::string withRoom(std::string_view bytes) {
+        std::string copy;
+        copy.reserve(bytes.size() + padding);
+        copy.assign(bytes);
+        return copy;
+    }
+
+    std::shared_ptr<const std::string> buffer_;
+    std::size_t size_;
+};
+
+}  // namespace VanticRestKit

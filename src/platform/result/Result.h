@@ -1,0 +1,99 @@
+#pragma once
+
+/// \file
+/// `Result`: a value or the error that stands in its place.
+
+#include <cstdlib>
+#include <type_traits>
+#include <utility>
+#include <variant>
+
+namespace VanticRestKit {
+
+/// Wraps an error so that it converts to any `Result` with that error type: `return Failure(error);`
+template <class E>
+class [[nodiscard]] Failure {
+public:
+    constexpr explicit Failure(E error) : error_(std::move(error)) {}
+
+    constexpr const E& error() const& noexcept { return error_; }
+    constexpr E&& error() && noexcept { return std::move(error_); }
+
+private:
+    E error_;
+};
+
+/// A value of type T, or an error of type E. `T` may be `void`.
+///
+/// The member names are those of `std::expected`, but nothing here throws: reading the side that is not there
+/// ends the process, as dereferencing an empty `std::optional` may. Test with `has_value()` first.
+template <class T, class E>
+class [[nodiscard]] Result {
+public:
+    using value_type = T;
+    using error_type = E;
+
+    constexpr Result(T value) : storage_(std::in_place_index<0>, std::move(value)) {}
+    template <class G>
+        requires std::is_constructible_v<E, G>
+    constexpr Result(Failure<G> failure) : storage_(std::in_place_index<1>, std::move(failure).error()) {}
+
+    constexpr bool has_value() const noexcept { return storage_.index() == 0; }
+    constexpr explicit operator bool() const noexcept { return has_value(); }
+
+    constexpr T& value() & noexcept { return *held<0>(storage_); }
+    constexpr const T& value() const& noexcept { return *held<0>(storage_); }
+    constexpr T&& value() && noexcept { return std::move(*held<0>(storage_)); }
+    constexpr T& operator*() & noexcept { return value(); }
+    constexpr const T& operator*() const& noexcept { return value(); }
+    constexpr T&& operator*() && noexcept { return std::move(*this).value(); }
+    constexpr T* operator->() noexcept { return held<0>(storage_); }
+    constexpr const T* operator->() const noexcept { return held<0>(storage_); }
+
+    constexpr E& error() & noexcept { return *held<1>(storage_); }
+    constexpr const E& error() const& noexcept { return *held<1>(storage_); }
+    constexpr E&& error() && noexcept { return std::move(*held<1>(storage_)); }
+
+    /// The value, or `fallback` where there is none.
+    template <class U>
+    constexpr T value_or(U&& fallback) const& {
+        return has_value() ? value() : static_cast<T>(std::forward<U>(fallback));
+    }
+
+private:
+    template <std::size_t I, class V>
+    static constexpr auto* held(V& storage) noexcept {
+        auto* const side = std::get_if<I>(&storage);
+        if (side == nullptr) std::abort();
+        return side;
+    }
+
+    std::variant<T, E> storage_;
+};
+
+/// Success without a value, or an error.
+template <class E>
+class [[nodiscard]] Result<void, E> {
+public:
+    using value_type = void;
+    using error_type = E;
+
+    constexpr Result() = default;
+    template <class G>
+        requires std::is_constructible_v<E, G>
+    constexpr Result(Failure<G> failure) : storage_(std::in_place_index<1>, std::move(failure).error()) {}
+
+    constexpr bool has_value() const noexcept { return storage_.index() == 0; }
+    constexpr explicit operator bool() const noexcept { return has_value(); }
+
+    constexpr const E& error() const& noexcept {
+        const E* const side = std::get_if<1>(&storage_);
+        if (side == nullptr) std::abort();
+        return *side;
+    }
+
+private:
+    std::variant<std::monostate, E> storage_;
+};
+
+}  // namespace VanticRestKit
