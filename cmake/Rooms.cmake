@@ -5,6 +5,13 @@
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/include)
 file(CREATE_LINK ${CMAKE_SOURCE_DIR}/src ${CMAKE_BINARY_DIR}/include/VanticRestKit SYMBOLIC)
 
+# The library must do without exceptions and RTTI, and so must its unit tests; which build proves it is the
+# caller's choice.
+add_library(vrk_language INTERFACE)
+if(VRK_NO_EXCEPTIONS)
+    target_compile_options(vrk_language INTERFACE -fno-exceptions -fno-rtti)
+endif()
+
 # vrk_room(NAME [DEPENDS room...] [LIBRARIES library...])
 # NAME is the folder below src/ with '/' written as '_', such as platform_url.
 function(vrk_room name)
@@ -16,7 +23,10 @@ function(vrk_room name)
         add_library(${target} STATIC ${sources})
         target_include_directories(${target} PUBLIC ${CMAKE_BINARY_DIR}/include)
         target_compile_definitions(${target} PRIVATE VRK_BUILDING)
-        target_link_libraries(${target} PUBLIC ${ROOM_DEPENDS} ${ROOM_LIBRARIES})
+        target_link_libraries(${target} PUBLIC ${ROOM_DEPENDS} ${ROOM_LIBRARIES} PRIVATE vrk_language)
+        if(VRK_FUZZ)
+            target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+        endif()
         set_property(GLOBAL APPEND PROPERTY VRK_ROOMS ${target})
     else()
         add_library(${target} INTERFACE)
@@ -26,10 +36,10 @@ function(vrk_room name)
     set_property(GLOBAL APPEND PROPERTY VRK_LIBRARIES ${ROOM_LIBRARIES})
 endfunction()
 
-# vrk_test(NAME SOURCES source... ROOMS room... [LIBRARIES library...])
-# One GoogleTest binary, run as one ctest entry.
+# vrk_test(NAME SOURCES source... ROOMS room... [LIBRARIES library...] [TIMEOUT seconds] [EXCEPTIONS])
+# One GoogleTest binary, run as one ctest entry. EXCEPTIONS: the test itself needs exceptions or RTTI.
 function(vrk_test name)
-    cmake_parse_arguments(TEST "" "TIMEOUT" "SOURCES;ROOMS;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(TEST "EXCEPTIONS" "TIMEOUT" "SOURCES;ROOMS;LIBRARIES" ${ARGN})
     if(NOT TEST_TIMEOUT)
         set(TEST_TIMEOUT 300)
     endif()
@@ -38,6 +48,13 @@ function(vrk_test name)
     target_include_directories(${name} PRIVATE ${CMAKE_BINARY_DIR}/include ${CMAKE_SOURCE_DIR}/tests)
     target_compile_definitions(${name} PRIVATE VRK_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
                                                VRK_BUILDING)
+    if(CMAKE_BUILD_TYPE STREQUAL "Release")
+        # Test code runs once: compiling it fast counts for more. What it tests keeps its optimisation.
+        target_compile_options(${name} PRIVATE -O0)
+    endif()
+    if(NOT TEST_EXCEPTIONS)
+        target_link_libraries(${name} PRIVATE vrk_language)
+    endif()
     target_link_libraries(${name} PRIVATE ${TEST_ROOMS} ${TEST_LIBRARIES} GTest::gtest_main GTest::gmock)
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT ${TEST_TIMEOUT})

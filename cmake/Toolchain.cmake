@@ -12,8 +12,13 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 if(NOT CMAKE_BUILD_TYPE)
     set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
 endif()
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Werror)
+
+if(VRK_LINKER)
+    add_link_options(-fuse-ld=${VRK_LINKER})
+endif()
 
 if(VRK_SANITIZE STREQUAL "address")
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -25,6 +30,6 @@ elseif(NOT VRK_SANITIZE STREQUAL "")
     message(FATAL_ERROR "VRK_SANITIZE is empty, address or thread, not '${VRK_SANITIZE}'")
 endif()
 
-if(VRK_FUZZ)
-    add_compile_options(-fsanitize=fuzzer-no-link)
+if(VRK_FUZZ AND NOT CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    message(FATAL_ERROR "VRK_FUZZ needs Clang")
 endif()
