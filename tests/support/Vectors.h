@@ -1,0 +1,35 @@
+#pragma once
+
+/// \file
+/// Reads the golden vectors: files of one JSON object a line below tests/data/platform.
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+namespace VanticRestKit::test {
+
+/// All lines of `file`, in order. A file that is missing, empty or not JSON fails the running test.
+inline std::vector<nlohmann::json> vectors(const std::string& file) {
+    std::ifstream input(VRK_TEST_DATA "/platform/" + file);
+    std::vector<nlohmann::json> lines;
+    for (std::string text; std::getline(input, text);) {
+        if (text.empty()) continue;
+        nlohmann::json line = nlohmann::json::parse(text, nullptr, false);
+        if (line.is_discarded()) {
+            ADD_FAILURE() << file << " holds a line that is not JSON: " << text;
+            continue;
+        }
+        lines.push_back(std::move(line));
+    }
+    if (lines.empty()) ADD_FAILURE() << "no vectors in " << file;
+    return lines;
+}
+
+/// Whether any sensible answer will do for this line. Such a line is run all the same: it must not crash.
+inline bool isFree(const nlohmann::json& line) { return line.value("free", false); }
+
+}  // namespace VanticRestKit::test
