@@ -1,0 +1,19 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/platform/text/Format.h>
+
+#include <string>
+
+#include "support/Vectors.h"
+
+namespace VanticRestKit {
+namespace {
+
+TEST(ZeroFractionFormat, AnswersEveryVector) {
+    for (const auto& line : test::vectors("format.jsonl")) {
+        const auto number = std::stoull(line.at("in").at("value").get<std::string>());
+        EXPECT_EQ(zeroFractionFormat(number), line.at("out").get<std::string>()) << line;
+    }
+}
+
+}  // namespace
+}  // namespace VanticRestKit

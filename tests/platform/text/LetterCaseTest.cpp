@@ -1,0 +1,82 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/platform/text/detail/Utf8.h>
+#include <VanticRestKit/platform/text/LetterCase.h>
+
+#include <string>
+
+#include "support/Vectors.h"
+
+namespace VanticRestKit {
+namespace {
+
+TEST(Lowercased, AnswersEveryVector) {
+    for (const auto& line : test::vectors("lowercase.jsonl")) {
+        const auto text = line.at("in").at("text").get<std::string>();
+        EXPECT_EQ(lowercased(text), line.at("out").get<std::string>()) << line;
+    }
+}
+
+TEST(Lowercased, LowersLettersOfOtherScripts) {
+    EXPECT_EQ(lowercased("\u00C9\u0416\u03A3\U00010400"), "\u00E9\u0436\u03C3\U00010428");
+}
+
+TEST(Lowercased, TakesNoRegardToTheEndOfAWord) { EXPECT_EQ(lowercased("\u039F\u03A3"), "\u03BF\u03C3"); }
+
+TEST(Lowercased, LowersOnlyTheCapitalsWhereCapitalsAndSmallLettersAlternate) {
+    EXPECT_EQ(lowercased("\u0100\u0101\u0102\u0103"), "\u0101\u0101\u0103\u0103");
+}
+
+TEST(Lowercased, LeavesBytesThatAreNotUtf8AsTheyAre) {
+    EXPECT_EQ(lowercased("A\xFF"
+                         "B\xC3"),
+              "a\xFF"
+              "b\xC3");
+}
+
+TEST(EqualsLowercased, AgreesWithLowercasedOnEveryVector) {
+    for (const auto& line : test::vectors("lowercase.jsonl")) {
+        const auto text = line.at("in").at("text").get<std::string>();
+        for (const char* word : {"video", "show", "", "kiosk"}) {
+            EXPECT_EQ(equalsLowercased(text, word), lowercased(text) == word) << line << " " << word;
+        }
+    }
+}
+
+TEST(EqualsLowercased, AgreesWithLowercasedOnEveryCharacter) {
+    for (char32_t code = 0; code <= 0x10FFFF; ++code) {
+        if (code >= 0xD800 && code <= 0xDFFF) continue;
+        std::string text;
+        detail::appendUtf8(text, code);
+        const std::string lowered = lowercased(text);
+        const bool ascii = lowered.size() == 1 && static_cast<unsigned char>(lowered[0]) < 0x80;
+        ASSERT_EQ(equalsLowercased(text, lowered), ascii) << "U+" << std::hex << static_cast<unsigned>(code);
+    }
+}
+
+TEST(EqualsLowercased, TakesTheKelvinSignForAK) {
+    EXPECT_TRUE(equalsLowercased("\u212AIOS\u212A", "kiosk"));
+    EXPECT_FALSE(equalsLowercased("\u212AIOS\u212A", "kios"));
+    EXPECT_FALSE(equalsLowercased("\u212A", "kk"));
+}
+
+TEST(EqualsLowercased, DoesNotTakeLookAlikesForAsciiLetters) {
+    EXPECT_FALSE(equalsLowercased("V\u0130DEO", "video"));
+    EXPECT_FALSE(equalsLowercased("v\u0131deo", "video"));
+    EXPECT_FALSE(equalsLowercased("\u017Fhow", "show"));
+    EXPECT_FALSE(equalsLowercased("\uFF33how", "show"));
+}
+
+TEST(EqualsLowercased, RefusesPrefixesAndLongerTexts) {
+    EXPECT_FALSE(equalsLowercased("sho", "show"));
+    EXPECT_FALSE(equalsLowercased("shows", "show"));
+    EXPECT_FALSE(equalsLowercased("", "show"));
+    EXPECT_TRUE(equalsLowercased("", ""));
+}
+
+TEST(EqualsLowercased, FindsNothingEqualToAWordThatIsNotInLowerCase) {
+    EXPECT_FALSE(equalsLowercased("Show", "Show"));
+    EXPECT_FALSE(equalsLowercased("\u00E9", "\u00E9"));
+}
+
+}  // namespace
+}  // namespace VanticRestKit
