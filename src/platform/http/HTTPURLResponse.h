@@ -1,0 +1,42 @@
+#pragma once
+
+/// \file
+/// `HTTPURLResponse`: status and headers of an HTTP answer.
+
+#include <VanticRestKit/platform/http/URLResponse.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace VanticRestKit {
+
+/// The status and the headers of one HTTP answer. `URLSession` makes them; so may a transport of a host's own.
+class VRK_EXPORT HTTPURLResponse final : public URLResponse {
+public:
+    using HeaderFields = std::map<std::string, std::string>;
+
+    HTTPURLResponse(std::optional<URL> url, std::int64_t statusCode, HeaderFields headerFields = {});
+    ~HTTPURLResponse() override;
+
+    /// The status, such as 200.
+    std::int64_t statusCode() const noexcept { return statusCode_; }
+
+    /// The value of a header, its name compared without case. Empty where there is none.
+    std::optional<std::string> value(std::string_view forHTTPHeaderField) const;
+
+    /// All headers, each name in the spelling that came first. The values of a name that came more than once
+    /// are joined with ", ".
+    const HeaderFields& allHeaderFields() const noexcept { return headerFields_; }
+
+    const HTTPURLResponse* asHTTP() const noexcept override { return this; }
+
+private:
+    std::int64_t statusCode_;
+    HeaderFields headerFields_;
+};
+
+}  // namespace VanticRestKit

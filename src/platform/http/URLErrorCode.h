@@ -1,0 +1,53 @@
+#pragma once
+
+/// \file
+/// The errors of the transport: their domain and their named codes.
+
+#include <cstdint>
+#include <string_view>
+
+namespace VanticRestKit {
+
+/// The domain of every error that `URLSession` reports.
+inline constexpr std::string_view NSURLErrorDomain = "NSURLErrorDomain";
+
+/// What went wrong with a request, as the `code()` of an `Error` of the domain `NSURLErrorDomain`.
+///
+/// Such an error's user information holds the URL that failed, a description, and, where the transport below
+/// gave a reason of its own, that reason as the underlying error.
+enum class URLErrorCode : std::int64_t {
+    /// The cause is none of the others.
+    unknown = -1,
+    /// The task was cancelled.
+    cancelled = -999,
+    /// The request has no URL, one without a host, or a method that is none.
+    badURL = -1000,
+    /// Nothing moved for as long as the request's `timeoutInterval`.
+    timedOut = -1001,
+    /// The scheme is neither http nor https.
+    unsupportedURL = -1002,
+    /// No address is known for the host.
+    cannotFindHost = -1003,
+    /// No connection to the host could be made.
+    cannotConnectToHost = -1004,
+    /// The connection was lost before the answer was whole.
+    networkConnectionLost = -1005,
+    /// More than twenty redirects.
+    httpTooManyRedirects = -1007,
+    /// The server broke the rules of the protocol.
+    badServerResponse = -1011,
+    /// The body is coded in a way that is not known here.
+    cannotDecodeRawData = -1015,
+    /// The body's coding (gzip, deflate, br) is broken or ends too early.
+    cannotDecodeContentData = -1016,
+    /// The answer is no HTTP, or says two things at once.
+    cannotParseResponse = -1017,
+    /// TLS could not be set up, for a reason other than the certificate.
+    secureConnectionFailed = -1200,
+    /// The server's certificate is not to be trusted: expired, of another host, self-signed, of an unknown root.
+    serverCertificateUntrusted = -1202,
+    /// The server's certificate is not valid yet.
+    serverCertificateNotYetValid = -1204,
+};
+
+}  // namespace VanticRestKit

@@ -1,0 +1,85 @@
+#pragma once
+
+/// \file
+/// `URLRequest`: what is to be sent, and how long to wait for it.
+
+#include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/url/URL.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <chrono>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace VanticRestKit {
+
+/// How a request uses the cache of the protocol. There is no cache yet, so every value loads from the server.
+enum class URLRequestCachePolicy { useProtocolCachePolicy = 0, reloadIgnoringLocalCacheData = 1 };
+
+/// On whose behalf a request is made.
+enum class URLRequestAttribution { developer = 0, user = 1 };
+
+/// One HTTP request: a value, copied freely and cheaply.
+class VRK_EXPORT URLRequest {
+public:
+    using Seconds = std::chrono::duration<double>;
+
+    /// A GET of `url` without headers and without a body.
+    explicit URLRequest(URL url, URLRequestCachePolicy cachePolicy = URLRequestCachePolicy::useProtocolCachePolicy,
+                        Seconds timeoutInterval = Seconds(60));
+
+    /// Where the request goes. Empty makes the request fail with `URLErrorCode::badURL`.
+    const std::optional<URL>& url() const noexcept { return url_; }
+    void setURL(std::optional<URL> url) { url_ = std::move(url); }
+
+    /// The method, with its case. Never empty: "GET" where nothing else was set.
+    std::optional<std::string> httpMethod() const { return httpMethod_; }
+    /// Sets the method; an empty optional gives "GET". A body does not change the method.
+    void setHTTPMethod(std::optional<std::string> method);
+
+    /// Adds a header. Names compare without case; the value of a name that is there already is joined to it
+    /// with a comma. A pair that cannot stand in a request (a name that is no token, a value with a line end
+    /// or a zero byte) is left out.
+    void addValue(std::string_view value, std::string_view forHTTPHeaderField);
+    /// Sets a header in place of all values of that name; an empty optional removes it. Names compare without
+    /// case; a pair that cannot stand in a request is left out.
+    void setValue(std::optional<std::string_view> value, std::string_view forHTTPHeaderField);
+    /// The value of a header, its name compared without case. Empty where there is none.
+    std::optional<std::string> value(std::string_view forHTTPHeaderField) const;
+    /// All headers of the request, without those that the session adds. Each name in the spelling that came
+    /// first; no two names are the same without case.
+    const std::map<std::string, std::string>& allHTTPHeaderFields() const noexcept { return headers_; }
+
+    /// The body. Empty: none is sent. A body of no bytes is present and is sent as such.
+    const std::optional<Data>& httpBody() const noexcept { return httpBody_; }
+    void setHTTPBody(std::optional<Data> body) { httpBody_ = std::move(body); }
+
+    /// How long nothing at all may move, in seconds, before the request fails with `URLErrorCode::timedOut`:
+    /// each piece of header, body or upload starts it anew, and waiting for a free connection does not count.
+    /// Where it is not above zero the session's own interval counts.
+    Seconds timeoutInterval() const noexcept { return timeoutInterval_; }
+    void setTimeoutInterval(Seconds interval) noexcept { timeoutInterval_ = interval; }
+
+    URLRequestCachePolicy cachePolicy() const noexcept { return cachePolicy_; }
+    void setCachePolicy(URLRequestCachePolicy policy) noexcept { cachePolicy_ = policy; }
+
+    /// On whose behalf the request is made; it is not sent.
+    URLRequestAttribution attribution() const noexcept { return attribution_; }
+    void setAttribution(URLRequestAttribution attribution) noexcept { attribution_ = attribution; }
+
+    /// Whether all of the above are equal; header names compare with their case here.
+    friend bool operator==(const URLRequest&, const URLRequest&) = default;
+
+private:
+    std::optional<URL> url_;
+    std::string httpMethod_ = "GET";
+    std::map<std::string, std::string> headers_;
+    std::optional<Data> httpBody_;
+    Seconds timeoutInterval_;
+    URLRequestCachePolicy cachePolicy_;
+    URLRequestAttribution attribution_ = URLRequestAttribution::developer;
+};
+
+}  // namespace VanticRestKit

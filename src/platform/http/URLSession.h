@@ -1,0 +1,87 @@
+#pragma once
+
+/// \file
+/// `URLSession`: runs requests over HTTP.
+
+#include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/dispatch/UniqueFunction.h>
+#include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/http/URLRequest.h>
+#include <VanticRestKit/platform/http/URLResponse.h>
+#include <VanticRestKit/platform/http/URLSessionConfiguration.h>
+#include <VanticRestKit/platform/publisher/AnyPublisher.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace VanticRestKit {
+
+namespace detail {
+class Transfer;
+class Transport;
+}  // namespace detail
+
+/// One request on its way. Nothing goes out before `resume()`.
+///
+/// The task goes on when its last handle is gone, and so does it when the session's is. Any thread may call.
+class VRK_EXPORT URLSessionDataTask {
+public:
+    explicit URLSessionDataTask(std::shared_ptr<detail::Transfer> transfer);
+    ~URLSessionDataTask();
+    URLSessionDataTask(const URLSessionDataTask&) = delete;
+    URLSessionDataTask& operator=(const URLSessionDataTask&) = delete;
+
+    /// Starts the task. Does nothing from the second call on, and nothing to a cancelled task.
+    void resume();
+
+    /// Ends the task: its connection is closed, or its stream reset, and the completion gets
+    /// `URLErrorCode::cancelled` on the delegate queue. Does nothing to a task that has ended.
+    void cancel();
+
+private:
+    std::shared_ptr<detail::Transfer> transfer_;
+};
+
+/// Runs requests. All of a session's requests share its connections, so an application needs one session.
+///
+/// Completions and publishers deliver on the session's delegate queue: one serial queue with a thread of its
+/// own, never the caller's thread. A completion that takes long holds up other completions, but no transfer.
+/// A request that cannot be sent reports that there too. Any thread may call, a completion included.
+///
+/// Requests go to http and https only, over the proxy of nobody, with certificates and host names verified.
+/// Redirects are followed, at most twenty: 303 turns every method but HEAD into GET, 301 and 302 turn POST into
+/// GET, and credentials stay with the origin they were meant for. Nothing is sent twice, with one exception:
+/// a GET that went out on a connection which the server had given up already goes out on another one.
+class VRK_EXPORT URLSession {
+public:
+    /// Called once with body and response, or with an error. A body is present when there is no error, if only
+    /// with no bytes; a response may stand beside an error that came behind the headers.
+    using Completion =
+        UniqueFunction<void(std::optional<Data>, std::shared_ptr<const URLResponse>, std::optional<Error>)>;
+    using Output = std::pair<Data, std::shared_ptr<const URLResponse>>;
+
+    static std::shared_ptr<URLSession> make(URLSessionConfiguration configuration);
+    ~URLSession();
+    URLSession(const URLSession&) = delete;
+    URLSession& operator=(const URLSession&) = delete;
+
+    const URLSessionConfiguration& configuration() const noexcept { return configuration_; }
+
+    /// A task for `request`; its completion is called at most once, never if the task is never resumed nor
+    /// cancelled, and is let go on the delegate queue.
+    std::shared_ptr<URLSessionDataTask> dataTask(URLRequest request, Completion completionHandler);
+
+    /// A publisher of the one answer to `request`. Each subscription sends the request anew; cancelling it
+    /// ends the transfer. The publisher keeps the session's connections, not the `URLSession`.
+    AnyPublisher<Output, Error> dataTaskPublisher(URLRequest request);
+
+private:
+    explicit URLSession(URLSessionConfiguration configuration);
+
+    URLSessionConfiguration configuration_;
+    std::shared_ptr<detail::Transport> transport_;
+};
+
+}  // namespace VanticRestKit
