@@ -45,7 +45,8 @@ public:
     /// Replaces the query. An empty list leaves a query that is an empty text; no list leaves none.
     void setQueryItems(const std::optional<std::vector<URLQueryItem>>& items);
 
-    /// The URL of these parts. Empty where they are all empty.
+    /// The URL of these parts. Empty where no part is there, and where a path that begins with "://" is no
+    /// host.
     std::optional<URL> url() const;
 
     /// Whether both are written the same.

@@ -1,0 +1,99 @@
+#include <VanticRestKit/platform/url/detail/PercentCoding.h>
+#include <VanticRestKit/platform/url/detail/UTF8.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+constexpr std::uint8_t bit(URLCharacters part) { return static_cast<std::uint8_t>(part); }
+
+constexpr std::uint8_t everywhere = bit(URLCharacters::user) | bit(URLCharacters::password) |
+                                    bit(URLCharacters::host) | bit(URLCharacters::path) |
+                                    bit(URLCharacters::query) | bit(URLCharacters::queryItem);
+
+/// For each byte the parts that may hold it (RFC 3986, appendix A).
+constexpr std::array<std::uint8_t, 256> holders = [] {
+    std::array<std::uint8_t, 256> table{};
+    const auto give = [&table](std::string_view characters, std::uint8_t parts) {
+        for (const char c : characters) {
+            std::uint8_t& entry = table[static_cast<unsigned char>(c)];
+            entry = static_cast<std::uint8_t>(entry | parts);
+        }
+    };
+    give("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~!$'()*+,;", everywhere);
+    // They part the items of a query, so they stand in every part but inside an item.
+    give("&=", static_cast<std::uint8_t>(everywhere & ~bit(URLCharacters::queryItem)));
+    give(":", bit(URLCharacters::password));
+    give(":@/", bit(URLCharacters::path) | bit(URLCharacters::query) | bit(URLCharacters::queryItem));
+    give("?", bit(URLCharacters::query) | bit(URLCharacters::queryItem));
+    return table;
+}();
+
+/// The value of a hexadecimal digit; -1 for another byte.
+int valueOf(char digit) noexcept {
+    if (digit >= '0' && digit <= '9') return digit - '0';
+    if (digit >= 'A' && digit <= 'F') return digit - 'A' + 10;
+    if (digit >= 'a' && digit <= 'f') return digit - 'a' + 10;
+    return -1;
+}
+
+}  // namespace
+
+bool mayHold(URLCharacters part, char byte) noexcept {
+    return (holders[static_cast<unsigned char>(byte)] & bit(part)) != 0;
+}
+
+bool isEscape(std::string_view text, std::size_t at) noexcept {
+    return text.size() - at >= 3 && text[at] == '%' && valueOf(text[at + 1]) >= 0 &&
+           valueOf(text[at + 2]) >= 0;
+}
+
+bool isEncoded(std::string_view text, URLCharacters part) noexcept {
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (!mayHold(part, text[at]) && !isEscape(text, at)) return false;
+    }
+    return true;
+}
+
+void appendEncoded(std::string& out, std::string_view text, URLCharacters part) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    for (const char c : text) {
+        if (mayHold(part, c)) {
+            out += c;
+            continue;
+        }
+        const auto byte = static_cast<unsigned char>(c);
+        out += '%';
+        out += digits[byte >> 4];
+        out += digits[byte & 15];
+    }
+}
+
+std::string decodedBytes(std::string_view text, std::string_view kept) {
+    std::string out;
+    out.reserve(text.size());
+    std::size_t at = 0;
+    while (at < text.size()) {
+        if (isEscape(text, at)) {
+            const char byte = static_cast<char>(valueOf(text[at + 1]) * 16 + valueOf(text[at + 2]));
+            if (kept.find(byte) == std::string_view::npos) {
+                out += byte;
+                at += 3;
+                continue;
+            }
+        }
+        out += text[at++];
+    }
+    return out;
+}
+
+std::string decodedText(std::string_view text, std::string_view kept) {
+    std::string bytes = decodedBytes(text, kept);
+    return isUTF8(bytes) ? bytes : std::string(text);
+}
+
+}  // namespace VanticRestKit::detail
