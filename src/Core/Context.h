@@ -1,0 +1,76 @@
+#pragma once
+
+/// \file
+/// `Context`: the host's configuration of a service.
+
+#include <VanticRestKit/Core/LogError.h>
+#include <VanticRestKit/Core/Required.h>
+#include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/http/URLRequest.h>
+#include <VanticRestKit/platform/url/URL.h>
+#include <VanticRestKit/platform/url/URLQueryItem.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace VanticRestKit {
+
+class Serviceable;
+
+/// Says where a service lives and how requests to it are made. The host implements it; `baseURL` is all that
+/// it must supply. Inherit it virtually (`class MyContext : public virtual Context`), so that one object can
+/// be the context of several services.
+///
+/// The library reads a context only during the call that receives it and keeps no reference to it, on the
+/// thread of that call. All members are called through this interface, so a replaced one counts everywhere.
+class VRK_EXPORT Context {
+public:
+    struct ServiceArguments {
+        Required<URLRequest> withURLRequest;
+    };
+    struct URLRequestArguments {
+        Required<std::string> usingPath;
+        Required<std::vector<URLQueryItem>> queryItems;
+        Required<std::map<std::string, std::string>> additionalHTTPHeaders;
+        Required<std::optional<std::string>> httpMethod;
+        /// In seconds. Empty means the context's own `requestTimeout`.
+        Required<std::optional<double>> timeout;
+        Required<std::optional<Data>> andPostData;
+    };
+
+    virtual ~Context();
+
+    /// The address that all paths are relative to. Its query, if it has one, comes first in every request.
+    virtual URL baseURL() const = 0;
+
+    /// Headers of every request. None by default. Names compare exactly here; the request joins those that
+    /// differ in case only.
+    virtual std::map<std::string, std::string> HTTPHeaderFields() const;
+
+    /// How long a request may stand still, in seconds. 30 by default.
+    virtual double requestTimeout() const;
+
+    /// Receives the failures of requests. Nobody by default.
+    virtual LogError logError() const;
+
+    /// What runs `withURLRequest`; never null. By default a new `NetworkServiceble` on the shared session
+    /// with this context's `logError`.
+    virtual std::shared_ptr<Serviceable> service(ServiceArguments arguments) const;
+
+    /// The request for a path below `baseURL`. Empty where the parts make no URL.
+    ///
+    /// By default the headers are `additionalHTTPHeaders` and this context's `HTTPHeaderFields`; for a name
+    /// in both the former counts.
+    virtual std::optional<URLRequest> generateURLRequest(URLRequestArguments arguments) const;
+
+protected:
+    Context() = default;
+    Context(const Context&) = default;
+    Context& operator=(const Context&) = default;
+};
+
+}  // namespace VanticRestKit

@@ -1,0 +1,38 @@
+#pragma once
+
+/// \file
+/// `HrefURI`: a route for a path that the caller holds whole.
+
+#include <VanticRestKit/Core/Required.h>
+#include <VanticRestKit/platform/url/URLQueryItem.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace VanticRestKit {
+
+/// A route whose path is `href` as it stands, with the given query items, no body and GET.
+struct HrefURI {
+    struct Arguments {
+        Required<std::string> withHref;
+        Required<std::vector<URLQueryItem>> andQueryItems;
+    };
+
+    /// `HrefURI({.withHref = "v2/time", .andQueryItems = {{"a", "1"}}})`
+    explicit HrefURI(Arguments arguments)
+        : queryItems(std::move(arguments.andQueryItems).value()),
+          href(std::move(arguments.withHref).value()) {}
+
+    /// Appended behind the query of the base URL.
+    std::vector<URLQueryItem> queryItems;
+    /// Relative to the base URL of the context. An empty text asks for the base URL itself.
+    std::string href;
+
+    /// `href`, unchanged.
+    const std::string& path() const& noexcept { return href; }
+
+    friend bool operator==(const HrefURI&, const HrefURI&) = default;
+};
+
+}  // namespace VanticRestKit

@@ -1,0 +1,55 @@
+#pragma once
+
+/// \file
+/// `LoaderError`: how a load failed.
+
+#include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace VanticRestKit {
+
+/// How a load failed. Also known as `Loader<T>::LoaderError`. A load produces the first two cases only.
+/// An immutable value; `==` compares the case alone.
+class VRK_EXPORT LoaderError {
+public:
+    enum class Kind { serverError, failedToDecode, unknowError, unknownResponse, loaderStateError };
+
+    /// The request failed with `error`: a `NetworkError` where a `NetworkServiceble` ran it.
+    static LoaderError serverError(std::optional<Error> error);
+    /// The body is not what was asked for; `error` is the decoder's.
+    static LoaderError failedToDecode(std::optional<Error> error);
+    static LoaderError unknowError();
+    static LoaderError unknownResponse();
+    static LoaderError loaderStateError();
+
+    Kind kind() const noexcept { return kind_; }
+    /// What `serverError` and `failedToDecode` hold; empty where there is none.
+    const std::optional<Error>& underlyingError() const noexcept { return underlyingError_; }
+
+    /// A sentence for people. For `serverError` it is what the general interface says of the error held,
+    /// which for a `NetworkError` is not the error's own text.
+    std::string localizedDescription() const;
+
+    /// Whether the server answered 404: `serverError` holding a `NetworkError` that is `httpError` with 404.
+    bool is404Error() const;
+
+    static const ErrorTag& errorTag();
+    static std::string errorDomain();
+    std::int64_t errorCode() const noexcept { return static_cast<std::int64_t>(kind_); }
+    std::string generalDescription() const { return localizedDescription(); }
+
+    friend bool operator==(const LoaderError& a, const LoaderError& b) noexcept { return a.kind_ == b.kind_; }
+
+private:
+    LoaderError(Kind kind, std::optional<Error> error) : kind_(kind), underlyingError_(std::move(error)) {}
+
+    Kind kind_;
+    std::optional<Error> underlyingError_;
+};
+
+}  // namespace VanticRestKit

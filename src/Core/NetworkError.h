@@ -1,0 +1,98 @@
+#pragma once
+
+/// \file
+/// `NetworkError`: why a request gave no body.
+
+#include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/http/URLRequest.h>
+#include <VanticRestKit/platform/http/URLResponse.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace VanticRestKit {
+
+/// Why a request gave no body. Also known as `NetworkServiceble::NetworkError`.
+///
+/// Its own `localizedDescription` says what happened. The general interface of `Error` shows another
+/// sentence, composed of domain and code, unless the user information brings one: to read the former ask
+/// `error.as<NetworkError>()`. An immutable value; `==` compares the case alone.
+class VRK_EXPORT NetworkError {
+public:
+    enum class Kind { internalSDKError, httpError, notAHTTPResponse, dataNotFoundInResponse, requestFailed };
+
+    /// The library lost what it needed; `message` says what.
+    static NetworkError internalSDKError(std::string message);
+    /// The server answered with a status of 400 or above. `data` is the body of that answer, unread.
+    static NetworkError httpError(URLRequest request, std::shared_ptr<const HTTPURLResponse> response,
+                                  std::optional<Data> data);
+    /// The answer is not one of HTTP; `response` may be null.
+    static NetworkError notAHTTPResponse(URLRequest request, std::shared_ptr<const URLResponse> response,
+                                         std::string message);
+    /// An answer without a body, and no error.
+    static NetworkError dataNotFoundInResponse(URLRequest request,
+                                               std::shared_ptr<const HTTPURLResponse> response,
+                                               std::string message);
+    /// The transport failed with `error`; `response` may be null.
+    static NetworkError requestFailed(URLRequest request, std::shared_ptr<const URLResponse> response,
+                                      Error error);
+
+    Kind kind() const noexcept { return kind_; }
+
+    /// The request; `internalSDKError` has none.
+    const std::optional<URLRequest>& request() const noexcept { return request_; }
+    /// The answer of `httpError` and `dataNotFoundInResponse`; null for the others, also where they hold one.
+    std::shared_ptr<const HTTPURLResponse> response() const;
+
+    /// The answer that the case holds, whichever case it is; may be null.
+    const std::shared_ptr<const URLResponse>& heldResponse() const noexcept { return response_; }
+    /// The body that came with `httpError`; empty for the others.
+    const std::optional<Data>& data() const noexcept { return data_; }
+    /// The text that `internalSDKError`, `notAHTTPResponse` and `dataNotFoundInResponse` hold, else no text.
+    const std::string& message() const noexcept { return message_; }
+    /// What `requestFailed` holds; empty for the others.
+    const std::optional<Error>& underlyingError() const noexcept { return underlyingError_; }
+
+    /// The host, path and query of the request's URL as `URL` tells them; empty where there is no request or
+    /// URL.
+    std::optional<std::string> requestHost() const;
+    std::optional<std::string> requestPath() const;
+    std::optional<std::string> requestQuery() const;
+
+    /// What happened, in words for people.
+    std::string localizedDescription() const;
+    /// One line for a log: "HttpCode: 404" or "Error: -1001, /v2/time : (" and the description.
+    std::string errorMessage() const;
+
+    static const ErrorTag& errorTag();
+    /// "dev.vantic.VanticRestKit.networkService"
+    static std::string errorDomain();
+    /// The HTTP status, or the code of the underlying error, or 1, 3 or 4 for the other cases.
+    std::int64_t errorCode() const;
+    /// "error_code", "domain", "url", "status_code", "url_host", "url_path", "url_query" and "http_method",
+    /// all text and none of it empty, each where it is known; for `requestFailed` also what the underlying
+    /// error brings under other keys.
+    Dictionary errorUserInfo() const;
+
+    friend bool operator==(const NetworkError& a, const NetworkError& b) noexcept {
+        return a.kind_ == b.kind_;
+    }
+
+private:
+    explicit NetworkError(Kind kind) noexcept : kind_(kind) {}
+
+    std::optional<URL> url() const;
+
+    Kind kind_;
+    std::optional<URLRequest> request_;
+    std::shared_ptr<const URLResponse> response_;
+    std::optional<Data> data_;
+    std::string message_;
+    std::optional<Error> underlyingError_;
+};
+
+}  // namespace VanticRestKit

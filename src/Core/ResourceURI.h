@@ -1,0 +1,117 @@
+#pragma once
+
+/// \file
+/// `ResourceURI`: what a route asks the service for.
+
+#include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/url/URLQueryItem.h>
+
+#include <concepts>
+#include <optional>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace VanticRestKit {
+
+namespace detail {
+
+// How one requirement of a route is met. `called` and `stored`: as a const member function without arguments,
+// or as a field, of a type that converts. `absent`: the route has no member of that name in any form. A type
+// that inherits the name a second time tells: naming it is then ambiguous even where the first is private.
+#define VRK_ROUTE_MEMBER(STRUCT, NAME, TYPE)                      \
+    struct STRUCT {                                               \
+        using Type = TYPE;                                        \
+        struct Second {                                           \
+            int NAME;                                             \
+        };                                                        \
+        template <class R>                                        \
+        struct Both : R, Second {};                               \
+        template <class R>                                        \
+        static constexpr bool called = requires(const R& route) { \
+            { route.NAME() } -> std::convertible_to<Type>;        \
+        };                                                        \
+        template <class R>                                        \
+        static constexpr bool stored = requires(const R& route) { \
+            { route.NAME } -> std::convertible_to<Type>;          \
+        };                                                        \
+        template <class R>                                        \
+        static constexpr bool absent = requires {                 \
+            &Both<R>::NAME;                                       \
+        };                                                        \
+        template <class R>                                        \
+        static Type read(const R& route) {                        \
+            if constexpr (called<R>) {                            \
+                return route.NAME();                              \
+            } else if constexpr (stored<R>) {                     \
+                return route.NAME;                                \
+            } else {                                              \
+                return Type{};                                    \
+            }                                                     \
+        }                                                         \
+    };
+VRK_ROUTE_MEMBER(RoutePath, path, std::string)
+VRK_ROUTE_MEMBER(RouteQueryItems, queryItems, std::vector<URLQueryItem>)
+VRK_ROUTE_MEMBER(RoutePostData, postData, std::optional<Data>)
+VRK_ROUTE_MEMBER(RouteHttpMethod, httpMethod, std::optional<std::string>)
+#undef VRK_ROUTE_MEMBER
+
+template <class R, class Member>
+concept OffersMember = Member::template called<R> || Member::template stored<R>;
+
+/// A final class must offer every member: whether it hides one that cannot be used is impossible to tell.
+template <class R, class Member>
+concept OffersOrLacksMember = OffersMember<R, Member> ||(!std::is_final_v<R> && Member::template absent<R>);
+
+}  // namespace detail
+
+/// A type that `ResourceURI` can be made from: a class with `path` and, where it differs from the default,
+/// `queryItems`, `postData` and `httpMethod`, each a public field or a public const member function without
+/// arguments. One that is there in a form that cannot be used (private, not const, with arguments, of a type
+/// that does not convert) is refused, never taken for absent.
+template <class R>
+concept RouteType = std::is_class_v<R> && detail::OffersMember<R, detail::RoutePath> &&
+    detail::OffersOrLacksMember<R, detail::RouteQueryItems> &&
+    detail::OffersOrLacksMember<R, detail::RoutePostData> &&
+    detail::OffersOrLacksMember<R, detail::RouteHttpMethod>;
+
+/// What a route asks for, whatever the route's type: path, query items, body and method.
+///
+/// Reads the route's members once, when it is made, and holds no reference to it. A value; any number of
+/// threads may read one.
+///
+/// ```cpp
+/// struct GreetingURI {
+///     std::string name{};
+///     std::string path() const { return "v1/greeting/" + name; }
+/// };
+/// const ResourceURI route = GreetingURI{.name = "Ada"};
+/// ```
+class ResourceURI {
+public:
+    template <RouteType R>
+    ResourceURI(const R& route)
+        : path_(detail::RoutePath::read(route)),
+          queryItems_(detail::RouteQueryItems::read(route)),
+          postData_(detail::RoutePostData::read(route)),
+          httpMethod_(detail::RouteHttpMethod::read(route)) {}
+
+    /// Relative to the context's base URL, without a slash at its front; not percent-encoded. An empty text
+    /// asks for the base URL itself.
+    const std::string& path() const& noexcept { return path_; }
+    /// Appended behind the query of the base URL, in this order. An empty list by default.
+    const std::vector<URLQueryItem>& queryItems() const& noexcept { return queryItems_; }
+    /// The body of the request. Empty by default: no body.
+    const std::optional<Data>& postData() const& noexcept { return postData_; }
+    /// The method of the request. Empty by default, which means GET, also where there is a body.
+    const std::optional<std::string>& httpMethod() const& noexcept { return httpMethod_; }
+
+private:
+    std::string path_;
+    std::vector<URLQueryItem> queryItems_;
+    std::optional<Data> postData_;
+    std::optional<std::string> httpMethod_;
+};
+
+}  // namespace VanticRestKit

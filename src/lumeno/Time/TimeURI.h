@@ -1,0 +1,17 @@
+#pragma once
+
+/// \file
+/// `TimeURI`: the route to the service's clock.
+
+#include <string>
+
+namespace VanticRestKit {
+
+/// Asks for the time of the service.
+struct TimeURI {
+    std::string path() const { return "v2/time"; }
+
+    friend bool operator==(const TimeURI&, const TimeURI&) = default;
+};
+
+}  // namespace VanticRestKit
