@@ -1,0 +1,42 @@
+#pragma once
+
+/// \file
+/// `Replaceable`: a value that several threads replace and read as a whole.
+
+#include <mutex>
+#include <utility>
+
+namespace VanticRestKit {
+
+/// Holds one value. A store replaces all of it, a load copies all of it, and the last store wins.
+///
+/// Nothing is merged: code that works on the value takes one `load()` and goes on with that copy. What a
+/// thread wrote before a store is seen by those who load the stored value.
+template <class T>
+class Replaceable {
+public:
+    Replaceable() = default;
+    explicit Replaceable(T value) : value_(std::move(value)) {}
+    Replaceable(const Replaceable&) = delete;
+    Replaceable& operator=(const Replaceable&) = delete;
+
+    /// Puts `value` in the place of what is held. The old value is destroyed here, outside of the lock, since
+    /// its destructor may run code that comes back to this object.
+    void store(T value) {
+        const std::lock_guard lock(mutex_);
+        using std::swap;
+        swap(value_, value);
+    }
+
+    /// A copy of what is held now.
+    T load() const {
+        const std::lock_guard lock(mutex_);
+        return value_;
+    }
+
+private:
+    mutable std::mutex mutex_;
+    T value_{};
+};
+
+}  // namespace VanticRestKit

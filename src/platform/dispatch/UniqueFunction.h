@@ -1,0 +1,139 @@
+#pragma once
+
+/// \file
+/// `UniqueFunction`, a callable that is moved and never copied, and `Block`, the one without arguments.
+
+#include <cstddef>
+#include <cstdlib>
+#include <memory>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+namespace VanticRestKit {
+
+template <class Signature>
+class UniqueFunction;
+
+namespace detail {
+
+/// Callables that may themselves be empty: other wrappers, `std::function` among them.
+template <class F>
+inline constexpr bool isFunctionWrapper = false;
+template <template <class> class Wrapper, class R, class... Args>
+inline constexpr bool isFunctionWrapper<Wrapper<R(Args...)>> = true;
+
+template <class F, class R, class... Args>
+concept CallableAs = requires(F& function, Args&&... args) {
+    function(std::forward<Args>(args)...);
+    requires std::is_void_v<R> || requires {
+        requires std::is_convertible_v<decltype(function(std::forward<Args>(args)...)), R>;
+    };
+};
+
+}  // namespace detail
+
+/// Owns one callable of any type, also one that cannot be copied. Small callables are kept in place.
+///
+/// Empty when made from nothing, from `nullptr`, or from an empty pointer or wrapper; calling an empty one
+/// ends the process. It may be moved to another thread, but must not be used by two at once, nor be assigned
+/// to or destroyed during its own call.
+template <class R, class... Args>
+class UniqueFunction<R(Args...)> {
+public:
+    UniqueFunction() noexcept = default;
+    UniqueFunction(std::nullptr_t) noexcept {}
+
+    template <class F, class Target = std::decay_t<F>>
+    requires(!std::is_same_v<Target, UniqueFunction> && detail::CallableAs<Target, R, Args...> &&
+             std::is_constructible_v<Target, F>) UniqueFunction(F&& function) {
+        if constexpr (std::is_pointer_v<Target> || detail::isFunctionWrapper<Target>) {
+            if (!function) return;
+        }
+        if constexpr (fitsInPlace<Target>) {
+            ::new (static_cast<void*>(storage_)) Target(std::forward<F>(function));
+            operations_ = &inPlace<Target>;
+        } else {
+            ::new (static_cast<void*>(storage_)) Target*(new Target(std::forward<F>(function)));
+            operations_ = &onHeap<Target>;
+        }
+    }
+
+    UniqueFunction(UniqueFunction&& other) noexcept { take(other); }
+    UniqueFunction& operator=(UniqueFunction&& other) noexcept {
+        // The old callable goes last, when this already holds the new one: its destructor may look at this.
+        UniqueFunction incoming(std::move(other));
+        UniqueFunction outgoing(std::move(*this));
+        take(incoming);
+        return *this;
+    }
+    ~UniqueFunction() {
+        if (operations_ != nullptr) operations_->destroy(storage_);
+    }
+
+    /// Whether there is something to call.
+    explicit operator bool() const noexcept { return operations_ != nullptr; }
+
+    R operator()(Args... args) {
+        if (operations_ == nullptr) std::abort();
+        return operations_->call(storage_, std::forward<Args>(args)...);
+    }
+
+private:
+    struct Operations {
+        R (*call)(void* storage, Args&&... args);
+        void (*move)(void* from, void* to) noexcept;
+        void (*destroy)(void* storage) noexcept;
+    };
+
+    static constexpr std::size_t roomInPlace = 4 * sizeof(void*);
+
+    template <class F>
+    static constexpr bool fitsInPlace =
+        sizeof(F) <= roomInPlace && alignof(F) <= alignof(void*) && std::is_nothrow_move_constructible_v<F>;
+
+    template <class F>
+    static R callTarget(F& function, Args&&... args) {
+        if constexpr (std::is_void_v<R>) {
+            static_cast<void>(function(std::forward<Args>(args)...));
+        } else {
+            return function(std::forward<Args>(args)...);
+        }
+    }
+
+    template <class F>
+    static F& held(void* storage) noexcept {
+        return *std::launder(static_cast<F*>(storage));
+    }
+
+    template <class F>
+    static constexpr Operations inPlace{[](void* storage, Args&&... args) -> R {
+                                            return callTarget(held<F>(storage), std::forward<Args>(args)...);
+                                        },
+                                        [](void* from, void* to) noexcept {
+                                            ::new (to) F(std::move(held<F>(from)));
+                                            held<F>(from).~F();
+                                        },
+                                        [](void* storage) noexcept { held<F>(storage).~F(); }};
+
+    template <class F>
+    static constexpr Operations onHeap{[](void* storage, Args&&... args) -> R {
+                                           return callTarget(*held<F*>(storage), std::forward<Args>(args)...);
+                                       },
+                                       [](void* from, void* to) noexcept { ::new (to) F*(held<F*>(from)); },
+                                       [](void* storage) noexcept { delete held<F*>(storage); }};
+
+    void take(UniqueFunction& other) noexcept {
+        if (other.operations_ == nullptr) return;
+        other.operations_->move(other.storage_, storage_);
+        operations_ = std::exchange(other.operations_, nullptr);
+    }
+
+    alignas(void*) std::byte storage_[roomInPlace];
+    const Operations* operations_ = nullptr;
+};
+
+/// A piece of work: what a queue runs.
+using Block = UniqueFunction<void()>;
+
+}  // namespace VanticRestKit

@@ -1,0 +1,132 @@
+#pragma once
+
+/// \file
+/// `AnyPublisher`: a stream of values that starts anew for each subscription.
+
+#include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/publisher/Never.h>
+#include <VanticRestKit/platform/publisher/PublisherSteps.h>
+
+namespace VanticRestKit {
+
+/// A recipe for a stream: values in order, then one completion, normal or with an error of type E.
+///
+/// Nothing happens until somebody subscribes, and every subscription does its own work. The subscription's
+/// handle keeps it going: dropping it cancels, and cancellation reaches the source. After `cancel()` nothing
+/// more is delivered if it was called on the delivering thread, and at most what was just being delivered if
+/// it was called on another. A receiving function is destroyed when the stream has ended or was cancelled.
+///
+/// Everything runs on the thread on which the source sends, unless `receiveOn` moves it. A publisher is a
+/// value; copies share the recipe, and any number of threads may subscribe. The functions handed to its
+/// operators are shared by all subscriptions and are called by several threads at once if the sources send
+/// so.
+///
+///     const auto numbers = AnyPublisher<int, Error>::just(20).map([](int n) { return n + 1; });
+///     Cancellable subscription = numbers.sink([](int n) { ... }, [](Result<void, Error> end) { ... });
+template <class T, class E = Error>
+class AnyPublisher {
+public:
+    using Output = T;
+    using Failed = E;
+
+    /// A publisher that calls `start(Subscriber<T, E>)` for each subscription, on the subscribing thread.
+    /// `start` returns what cancels the work; that is called no more once the source has completed by itself.
+    template <class Start>
+    static AnyPublisher create(Start start) {
+        return AnyPublisher(std::make_shared<const detail::CreatedSource<T, E, Start>>(std::move(start)));
+    }
+
+    /// Sends `value` and ends.
+    static AnyPublisher just(T value) {
+        return create([held = std::move(value)](const Subscriber<T, E>& subscriber) {
+            subscriber.receive(held);
+            subscriber.complete();
+            return Cancellable();
+        });
+    }
+
+    /// Fails with `error`.
+    static AnyPublisher fail(E error) {
+        return create([held = std::move(error)](const Subscriber<T, E>& subscriber) {
+            subscriber.complete(Failure(held));
+            return Cancellable();
+        });
+    }
+
+    /// Subscribes. Either function may be empty. A source that sends at once does so before this returns.
+    [[nodiscard]] Cancellable sink(UniqueFunction<void(T)> onValue,
+                                   UniqueFunction<void(Result<void, E>)> onCompletion = {}) const {
+        const auto end = std::make_shared<detail::Sink<T, E>>(std::move(onValue), std::move(onCompletion));
+        end->attach(source_->subscribe(Subscriber<T, E>(end, end)));
+        return Cancellable(end);
+    }
+
+    /// Sends everything on to a subscriber that is there already: how a source made by `create` goes on as
+    /// another publisher.
+    [[nodiscard]] Cancellable subscribe(Subscriber<T, E> subscriber) const {
+        return source_->subscribe(std::move(subscriber));
+    }
+
+    /// Each value through `function`: T to U.
+    template <class Function, class U = std::invoke_result_t<const Function&, T>>
+    AnyPublisher<U, E> map(Function function) const {
+        auto succeed = [inner = std::move(function)](T value) {
+            return Result<U, E>(inner(std::move(value)));
+        };
+        return through<U, E>(detail::TryMapStep<T, E, U, E, decltype(succeed)>{std::move(succeed)});
+    }
+
+    /// Each value through `function`: T to `Result<U, F>`. A failure cancels the source and ends the stream
+    /// with that error. Errors from above pass as F, which must be E or be made from it.
+    template <class Function, class Mapped = std::invoke_result_t<const Function&, T>>
+    AnyPublisher<typename Mapped::value_type, typename Mapped::error_type> tryMap(Function function) const {
+        using U = typename Mapped::value_type;
+        using F = typename Mapped::error_type;
+        return through<U, F>(detail::TryMapStep<T, E, U, F, Function>{std::move(function)});
+    }
+
+    /// The error through `function`: E to F. It sees errors of the source and of the steps above, and nothing
+    /// else.
+    template <class Function, class F = std::invoke_result_t<const Function&, E>>
+    AnyPublisher<T, F> mapError(Function function) const {
+        return through<T, F>(detail::MapErrorStep<T, E, F, Function>{std::move(function)});
+    }
+
+    /// Each value, bytes, through `decoder.decode<U>(bytes)`, which returns `Result<U, Error>`.
+    template <class U, class Decoder>
+    AnyPublisher<U, Error> decode(Decoder decoder) const {
+        return tryMap([inner = std::move(decoder)](const T& bytes) -> Result<U, Error> {
+            return inner.template decode<U>(bytes);
+        });
+    }
+
+    /// `replacement` and the normal end in the place of an error.
+    AnyPublisher<T, Never> replaceError(T replacement) const {
+        return through<T, Never>(detail::ReplaceErrorStep<T, E, Never>{std::move(replacement)});
+    }
+
+    /// Delivers on `queue`, values and completion in their order.
+    AnyPublisher receiveOn(DispatchQueue queue) const {
+        return AnyPublisher(std::make_shared<const detail::QueuedSource<T, E>>(source_, std::move(queue)));
+    }
+
+    /// This publisher: every publisher is type-erased already.
+    AnyPublisher eraseToAnyPublisher() const { return *this; }
+
+private:
+    template <class U, class F>
+    friend class AnyPublisher;
+
+    explicit AnyPublisher(std::shared_ptr<const detail::Source<T, E>> source) noexcept
+        : source_(std::move(source)) {}
+
+    template <class U, class F, class Step>
+    AnyPublisher<U, F> through(Step step) const {
+        return AnyPublisher<U, F>(
+            std::make_shared<const detail::SteppedSource<T, E, U, F, Step>>(source_, std::move(step)));
+    }
+
+    std::shared_ptr<const detail::Source<T, E>> source_;
+};
+
+}  // namespace VanticRestKit

@@ -1,0 +1,65 @@
+#pragma once
+
+/// \file
+/// `Cancellable`: the handle that keeps a subscription going.
+
+#include <VanticRestKit/platform/dispatch/UniqueFunction.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <memory>
+#include <utility>
+
+namespace VanticRestKit {
+
+namespace detail {
+
+class Gate;
+
+/// What a `Cancellable` cancels.
+class VRK_EXPORT CancelTarget {
+public:
+    CancelTarget() = default;
+    CancelTarget(const CancelTarget&) = delete;
+    CancelTarget& operator=(const CancelTarget&) = delete;
+    virtual ~CancelTarget();
+
+    /// Called on any thread, any number of times; the first call counts.
+    virtual void cancel() = 0;
+};
+
+}  // namespace detail
+
+/// Owns something that is under way; destroying it cancels that.
+///
+/// `cancel()` may be called on any thread, by several at once too. As with every object, nobody may use it
+/// any more while it is moved or destroyed.
+class VRK_EXPORT [[nodiscard]] Cancellable {
+public:
+    /// Cancels nothing.
+    Cancellable() noexcept = default;
+
+    /// Runs `onCancel` at the first `cancel()`, on its thread, and destroys it.
+    explicit Cancellable(Block onCancel);
+
+    /// Cancels `target`. Null cancels nothing.
+    explicit Cancellable(std::shared_ptr<detail::CancelTarget> target) noexcept
+        : target_(std::move(target)) {}
+
+    Cancellable(Cancellable&& other) noexcept = default;
+    /// Cancels what this held before.
+    Cancellable& operator=(Cancellable&& other) noexcept;
+    ~Cancellable();
+
+    /// Cancels now. Later calls do nothing.
+    void cancel() const;
+
+private:
+    friend class detail::Gate;
+
+    /// Lets go without cancelling.
+    void disarm() noexcept { target_.reset(); }
+
+    std::shared_ptr<detail::CancelTarget> target_;
+};
+
+}  // namespace VanticRestKit
