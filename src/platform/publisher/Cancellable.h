@@ -33,7 +33,7 @@ public:
 ///
 /// `cancel()` may be called on any thread, by several at once too. As with every object, nobody may use it
 /// any more while it is moved or destroyed.
-class VRK_EXPORT [[nodiscard]] Cancellable {
+class VRK_EXPORT Cancellable {
 public:
     /// Cancels nothing.
     Cancellable() noexcept = default;
