@@ -47,7 +47,7 @@ public:
     template <class F, class Target = std::decay_t<F>>
     requires(!std::is_same_v<Target, UniqueFunction> && detail::CallableAs<Target, R, Args...> &&
              std::is_constructible_v<Target, F>) UniqueFunction(F&& function) {
-        if constexpr (std::is_pointer_v<Target> || detail::isFunctionWrapper<Target>) {
+        if constexpr (std::is_pointer_v<std::remove_cvref_t<F>> || detail::isFunctionWrapper<Target>) {
             if (!function) return;
         }
         if constexpr (fitsInPlace<Target>) {
