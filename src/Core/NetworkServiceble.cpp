@@ -1,0 +1,91 @@
+#include <VanticRestKit/Core/NetworkActivityCounter.h>
+#include <VanticRestKit/Core/NetworkServiceble.h>
+#include <VanticRestKit/Core/NetworkURLSession.h>
+#include <VanticRestKit/platform/http/HTTPURLResponse.h>
+
+#include <utility>
+
+namespace VanticRestKit {
+
+namespace {
+
+const std::shared_ptr<NetworkSession>& sharedSession() {
+    static const auto& session =
+        *new std::shared_ptr<NetworkSession>(networkSession(NetworkURLSession::sharedInstance().urlSesion));
+    return session;
+}
+
+}  // namespace
+
+std::shared_ptr<NetworkServiceble> NetworkServiceble::make(RequestArguments arguments) {
+    return std::shared_ptr<NetworkServiceble>(new NetworkServiceble(
+        std::move(arguments.with), arguments.and_ ? std::move(arguments.and_) : sharedSession(),
+        std::move(arguments.logError)));
+}
+
+std::shared_ptr<NetworkServiceble> NetworkServiceble::make(URLArguments arguments) {
+    return make({.with = URLRequest(std::move(arguments.with)),
+                 .and_ = std::move(arguments.and_),
+                 .logError = std::move(arguments.logError).value()});
+}
+
+NetworkServiceble::NetworkServiceble(URLRequest request, std::shared_ptr<NetworkSession> session,
+                                     LogError logError)
+    : urlRequest_(std::move(request)), session_(std::move(session)), logError_(std::move(logError)) {}
+
+void NetworkServiceble::fetch(FetchArguments arguments) {
+    NetworkActivityCounter::increase();
+    auto answered = [weak = weak_from_this(), completion = std::move(arguments.with).value()](
+                        std::optional<Data> data, std::shared_ptr<const URLResponse> response,
+                        std::optional<Error> error) mutable {
+        if (const std::shared_ptr<NetworkServiceble> self = weak.lock()) {
+            completion(self->validate(std::move(data), std::move(response), std::move(error)));
+        } else {
+            completion(Failure(NetworkError::internalSDKError(
+                "Lost reference to self when escaping closure for fetch returned")));
+        }
+        NetworkActivityCounter::decrease();
+    };
+    session_->loadData({.fromURLRequest = urlRequest_, .completionHandler = std::move(answered)});
+}
+
+AnyPublisher<Data> NetworkServiceble::fetch() {
+    NetworkActivityCounter::increase();
+    // An answer that is judged a failure passes both steps, and so lowers the counter twice.
+    return session_->loadDataPublisher({.fromURLRequest = urlRequest_})
+        .tryMap([self = shared_from_this()](NetworkSession::Answer answer) {
+            NetworkActivityCounter::decrease();
+            return self->validate(std::move(answer.first), std::move(answer.second), std::nullopt);
+        })
+        .mapError([self = shared_from_this()](Error error) {
+            NetworkActivityCounter::decrease();
+            return error;
+        })
+        .eraseToAnyPublisher();
+}
+
+Result<Data, Error> NetworkServiceble::validate(std::optional<Data> data,
+                                                std::shared_ptr<const URLResponse> response,
+                                                std::optional<Error> error) const {
+    const auto reported = [this](const NetworkError& failure) -> Result<Data, Error> {
+        if (logError_) logError_(failure);
+        return Failure(failure);
+    };
+    if (error) {
+        return reported(NetworkError::requestFailed(urlRequest_, std::move(response), *std::move(error)));
+    }
+    const HTTPURLResponse* const http = response ? response->asHTTP() : nullptr;
+    if (http == nullptr) {
+        return Failure(NetworkError::notAHTTPResponse(
+            urlRequest_, std::move(response),
+            "Unable to cast to http responese for a http request, so unable to check http status codes"));
+    }
+    const std::shared_ptr<const HTTPURLResponse> head(response, http);
+    if (http->statusCode() >= 400) {
+        return reported(NetworkError::httpError(urlRequest_, head, std::move(data)));
+    }
+    if (data) return *std::move(data);
+    return reported(NetworkError::dataNotFoundInResponse(urlRequest_, head, ""));
+}
+
+}  // namespace VanticRestKit

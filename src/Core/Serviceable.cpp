@@ -1,0 +1,7 @@
+#include <VanticRestKit/Core/Serviceable.h>
+
+namespace VanticRestKit {
+
+Serviceable::~Serviceable() = default;
+
+}  // namespace VanticRestKit

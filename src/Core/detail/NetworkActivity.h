@@ -1,0 +1,20 @@
+#pragma once
+
+#include <VanticRestKit/Core/NetworkActivityCounter.h>
+#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
+#include <VanticRestKit/platform/dispatch/UniqueFunction.h>
+
+#include <cstdint>
+#include <utility>
+
+namespace VanticRestKit::detail {
+
+/// Lets tests read the counter, on the main queue as everybody does.
+struct NetworkActivity {
+    static void readCounter(UniqueFunction<void(std::int64_t)> reader) {
+        DispatchQueue::main().async(
+            [reader = std::move(reader)]() mutable { reader(NetworkActivityCounter::counter); });
+    }
+};
+
+}  // namespace VanticRestKit::detail
