@@ -1,0 +1,83 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/platform/date/DateFormatter.h>
+
+#include <string>
+
+#include "DateVectors.h"
+
+namespace VanticRestKit {
+namespace {
+
+std::optional<Date> readByApi(std::string_view text) {
+    return apiDateFormatter().formattedDateWithoutMilliseconds(text);
+}
+
+TEST(ApiDateFormatter, HasItsPatternUtcAndThePosixLocale) {
+    EXPECT_EQ(apiDateFormatter().dateFormat, "yyyy-MM-dd'T'HH:mm:ssZ");
+    EXPECT_EQ(apiDateFormatter().timeZone, TimeZone{0});
+    EXPECT_EQ(apiDateFormatter().locale, "en_US_POSIX");
+}
+
+TEST(ApiDateFormatter, IsOneObject) { EXPECT_EQ(&apiDateFormatter(), &apiDateFormatter()); }
+
+TEST(ApiDateFormatter, AnswersEveryVector) { test::expectDatesOf("date_api.jsonl", readByApi); }
+
+TEST(ApiDateFormatter, ReadsAnOffsetToTheRightInstantWhateverTheDevicesZone) {
+    for (const char* zone : {"UTC", "Australia/Sydney", "America/New_York"}) {
+        const test::TemporaryZone device(zone);
+        EXPECT_EQ(apiDateFormatter().date("2021-03-04T05:06:07+1000"), test::seconds(1614798367));
+    }
+}
+
+TEST(FormattedDateWithoutMilliseconds, GivesTheSameDateWithAndWithoutAFraction) {
+    EXPECT_EQ(readByApi("2021-03-04T05:06:07.123+0000"), test::seconds(1614834367));
+    EXPECT_EQ(readByApi("2021-03-04T05:06:07+0000"), test::seconds(1614834367));
+}
+
+TEST(FormattedDateWithoutMilliseconds, GivesNothingForAStringThatIsNoDate) {
+    EXPECT_EQ(readByApi("soon"), std::nullopt);
+    EXPECT_EQ(readByApi(""), std::nullopt);
+    EXPECT_EQ(readByApi("."), std::nullopt);
+    EXPECT_EQ(readByApi(".5"), std::nullopt);
+}
+
+TEST(FormattedDateWithoutMilliseconds, TakesOutEveryDottedRun) {
+    EXPECT_EQ(readByApi("2021.5-03-04T05:06:07.123+0000"), test::seconds(1614834367));
+    EXPECT_EQ(readByApi("2021-03-04T05:06:07.1.2.3Z"), test::seconds(1614834367));
+}
+
+TEST(FormattedDateWithoutMilliseconds, LeavesADotWithoutDigitsBehind) {
+    EXPECT_EQ(readByApi("2021-03-04T05:06:07.+0000"), std::nullopt);
+    EXPECT_EQ(readByApi("2021-03-04T05:06:07..5Z"), std::nullopt);
+}
+
+TEST(FormattedDateWithoutMilliseconds, TakesDigitsOfOtherScriptsForAFractionToo) {
+    EXPECT_EQ(readByApi("2021-03-04T05:06:07.\u0661\u0662Z"), test::seconds(1614834367));
+}
+
+TEST(FormattedDateWithoutMilliseconds, WorksOnAnyFormatter) {
+    const DateFormatter formatter{.dateFormat = std::string(DateFormatter::devicePattern),
+                                  .timeZone = TimeZone{3600}};
+    EXPECT_EQ(formatter.formattedDateWithoutMilliseconds("2020-01-02 03:04:05.75"),
+              test::seconds(1577934245 - 3600));
+    EXPECT_EQ(formatter.date("2020-01-02 03:04:05.75"), std::nullopt);
+}
+
+TEST(DateFormatter, ReadsTheDevicePatternInTheDevicesZoneWhereItHasNone) {
+    const DateFormatter formatter{.dateFormat = std::string(DateFormatter::devicePattern)};
+    test::expectDatesOf("date_device.jsonl", [&](std::string_view text) { return formatter.date(text); });
+}
+
+TEST(DateFormatter, ReadsNothingWithoutAPatternOrWithAnother) {
+    EXPECT_EQ(DateFormatter{}.date("2020-01-02 03:04:05"), std::nullopt);
+    EXPECT_EQ(DateFormatter{.dateFormat = "yyyy"}.date("2020"), std::nullopt);
+}
+
+TEST(TimeZone, IsKnownByTheAbbreviationsOfUniversalTimeOnly) {
+    EXPECT_EQ(TimeZone::withAbbreviation("UTC"), TimeZone{0});
+    EXPECT_EQ(TimeZone::withAbbreviation("GMT"), TimeZone{0});
+    EXPECT_EQ(TimeZone::withAbbreviation("XYZ"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace VanticRestKit

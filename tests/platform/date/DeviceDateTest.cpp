@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/platform/date/DeviceDate.h>
+
+#include <cstdint>
+#include <random>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "DateVectors.h"
+
+namespace VanticRestKit {
+namespace {
+
+TEST(DeviceDate, AnswersEveryVector) { test::expectDatesOf("date_device.jsonl", deviceDate); }
+
+TEST(DeviceDate, SeesAZoneThatChangedBetweenTwoCalls) {
+    for (int round = 0; round < 3; ++round) {
+        const test::TemporaryZone sydney("Australia/Sydney");
+        EXPECT_EQ(deviceDate("2020-01-02 03:04:05"), test::seconds(1577894645));
+        const test::TemporaryZone kathmandu("Asia/Kathmandu");
+        EXPECT_EQ(deviceDate("2020-01-02 03:04:05"), test::seconds(1577913545));
+    }
+}
+
+TEST(DeviceDate, SeesAZoneOfAVeryLongName) {
+    std::string name = "Australia/Sydney";
+    while (name.size() < 300) name.insert(0, "Australia/../");
+    const test::TemporaryZone utc("UTC");
+    EXPECT_EQ(deviceDate("2020-01-02 03:04:05"), test::seconds(1577934245));
+    const test::TemporaryZone sydney(name);
+    EXPECT_EQ(deviceDate("2020-01-02 03:04:05"), test::seconds(1577894645));
+    EXPECT_EQ(deviceDate("2020-07-02 03:04:05"), test::seconds(1593623045));
+}
+
+TEST(DeviceDate, TakesTheSystemsZoneWhereTheEnvironmentNamesNone) {
+    const test::TemporaryZone zone(std::nullopt);
+    std::tm fields{};
+    fields.tm_year = 120;
+    fields.tm_mday = 2;
+    fields.tm_hour = 12;
+    fields.tm_isdst = -1;
+    EXPECT_EQ(deviceDate("2020-01-02 12:00:00"), test::seconds(static_cast<double>(std::mktime(&fields))));
+}
+
+TEST(DeviceZoneHold, KeepsTheZoneUntilTheLastOneHasGone) {
+    const test::TemporaryZone sydney("Australia/Sydney");
+    {
+        const DeviceZoneHold outer;
+        const test::TemporaryZone utc("UTC");
+        EXPECT_EQ(deviceDate("2020-01-02 03:04:05"), test::seconds(1577894645));
+        { const DeviceZoneHold inner; }
+        EXPECT_EQ(deviceDate("2020-01-02 03:04:05"), test::seconds(1577894645));
+    }
+    const test::TemporaryZone utc("UTC");
+    EXPECT_EQ(deviceDate("2020-01-02 03:04:05"), test::seconds(1577934245));
+}
+
+TEST(DeviceZoneHold, SeesAChangeFromBeforeItWasMade) {
+    const test::TemporaryZone sydney("Australia/Sydney");
+    EXPECT_EQ(deviceDate("2020-01-02 03:04:05"), test::seconds(1577894645));
+    const test::TemporaryZone utc("UTC");
+    const DeviceZoneHold hold;
+    EXPECT_EQ(deviceDate("2020-01-02 03:04:05"), test::seconds(1577934245));
+}
+
+TEST(DeviceDate, ReadsTheFirstAndTheLastSecondOfItsRange) {
+    const test::TemporaryZone utc("UTC");
+    EXPECT_EQ(deviceDate("0001-01-01 00:00:00"), test::seconds(-62135596800));
+    EXPECT_EQ(deviceDate("9999-12-31 23:59:59"), test::seconds(253402300799));
+    EXPECT_EQ(deviceDate("0000-12-31 23:59:59"), std::nullopt);
+    const test::TemporaryZone sydney("Australia/Sydney");
+    EXPECT_TRUE(deviceDate("0001-01-01 00:00:00").has_value());
+    EXPECT_EQ(deviceDate("9999-12-31 23:59:59"), test::seconds(253402261199));
+}
+
+TEST(DeviceDate, NoBeginningOfADateIsADate) {
+    const std::string text = "2020-01-02 03:04:05";
+    for (std::size_t length = 0; length < text.size() - 1; ++length) {
+        EXPECT_EQ(deviceDate(text.substr(0, length)), std::nullopt) << length;
+    }
+    EXPECT_TRUE(deviceDate("2020-01-02 03:04:0").has_value());
+}
+
+TEST(DeviceDate, ATextWithAByteReplacedIsADateOnlyWhereADigitTookTheByte) {
+    const std::string text = "2020-01-02 03:04:05";
+    for (std::size_t place = 0; place < text.size(); ++place) {
+        for (int byte = 0; byte < 256; ++byte) {
+            std::string changed = text;
+            changed[place] = static_cast<char>(static_cast<unsigned char>(byte));
+            const bool digit = byte >= '0' && byte <= '9';
+            if (digit || changed == text) continue;
+            EXPECT_EQ(deviceDate(changed), std::nullopt) << changed;
+        }
+    }
+}
+
+TEST(DeviceDate, AnswersTheSameOnManyThreadsAtOnce) {
+    const test::TemporaryZone zone("Australia/Sydney");
+    std::mt19937 random(7);
+    std::vector<std::string> texts;
+    for (int index = 0; index < 500; ++index) {
+        const auto number = [&random](unsigned from, unsigned count) {
+            return std::to_string(from + random() % count);
+        };
+        texts.push_back(number(1950, 120) + "-" + number(1, 12) + "-" + number(1, 28) + " " + number(0, 24) +
+                        ":" + number(0, 60) + ":" + number(0, 60));
+    }
+    std::vector<std::optional<Date>> wanted;
+    for (const auto& text : texts) wanted.push_back(deviceDate(text));
+
+    std::vector<std::size_t> wrong(8, 0);
+    std::vector<std::thread> threads;
+    for (std::size_t index = 0; index < wrong.size(); ++index) {
+        threads.emplace_back([&texts, &wanted, &mine = wrong[index], holds = index % 2 == 0] {
+            std::optional<DeviceZoneHold> hold;
+            if (holds) hold.emplace();
+            for (int round = 0; round < 10; ++round) {
+                for (std::size_t place = 0; place < texts.size(); ++place) {
+                    if (deviceDate(texts[place]) != wanted[place]) ++mine;
+                }
+            }
+        });
+    }
+    for (auto& thread : threads) thread.join();
+    EXPECT_EQ(wrong, std::vector<std::size_t>(8, 0));
+}
+
+}  // namespace
+}  // namespace VanticRestKit
