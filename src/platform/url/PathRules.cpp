@@ -6,12 +6,17 @@ std::string unmistakablePath(const URLText& url, std::string path) {
     if (url.host.present) return path;
     if (path.starts_with("//")) return "/." + path;
     if (url.schemeEnd > 0) return path;
-    const std::size_t slash = path.find('/');
-    for (std::size_t colon = path.find(':'); colon < slash && colon != std::string::npos;
-         colon = path.find(':', colon)) {
-        path.replace(colon, 1, "%3A");
+    std::string written;
+    bool inFirstSegment = true;
+    for (const char c : path) {
+        inFirstSegment = inFirstSegment && c != '/';
+        if (inFirstSegment && c == ':') {
+            written += "%3A";
+        } else {
+            written += c;
+        }
     }
-    return path;
+    return written;
 }
 
 std::string withoutDotSegments(std::string_view path) {

@@ -82,7 +82,7 @@ std::string URL::percentEncodedPath() const { return std::string(text_->view(tex
 
 std::string URL::requestTarget() const {
     std::string target(text_->view(text_->path));
-    if (target.empty()) target = "/";
+    if (target.empty()) target += '/';
     if (text_->query.present) {
         target += '?';
         target += text_->view(text_->query);

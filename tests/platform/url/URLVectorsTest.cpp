@@ -65,13 +65,17 @@ void expectAnswers(const std::string& file, std::size_t atLeast, json (*answer)(
     }
 }
 
-TEST(URLVectors, EveryTextIsReadAsAURLAsThePlatformReadsIt) { expectAnswers("url_parse.jsonl", 34, parsedURL); }
+TEST(URLVectors, EveryTextIsReadAsAURLAsThePlatformReadsIt) {
+    expectAnswers("url_parse.jsonl", 34, parsedURL);
+}
 
 TEST(URLVectors, EveryTextIsReadAsComponentsAsThePlatformReadsIt) {
     expectAnswers("url_components.jsonl", 469, parsedComponents);
 }
 
-TEST(URLVectors, EveryRequestIsBuiltAsThePlatformBuildsIt) { expectAnswers("url_build.jsonl", 2500, builtURL); }
+TEST(URLVectors, EveryRequestIsBuiltAsThePlatformBuildsIt) {
+    expectAnswers("url_build.jsonl", 2500, builtURL);
+}
 
 }  // namespace
 }  // namespace VanticRestKit

@@ -1,0 +1,87 @@
+#include <VanticRestKit/platform/url/detail/PathRules.h>
+#include <VanticRestKit/platform/url/detail/PercentCoding.h>
+#include <VanticRestKit/platform/url/detail/UTF8.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+namespace VanticRestKit::detail {
+namespace {
+
+std::string encoded(std::string_view text, URLCharacters part) {
+    std::string out;
+    appendEncoded(out, text, part);
+    return out;
+}
+
+TEST(URLPercentCoding, EachPartKeepsTheCharactersThatItMayHold) {
+    constexpr std::string_view delimiters = "!$&'()*+,;=:@/?#[]%";
+    EXPECT_EQ(encoded(delimiters, URLCharacters::user), "!$&'()*+,;=%3A%40%2F%3F%23%5B%5D%25");
+    EXPECT_EQ(encoded(delimiters, URLCharacters::password), "!$&'()*+,;=:%40%2F%3F%23%5B%5D%25");
+    EXPECT_EQ(encoded(delimiters, URLCharacters::host), "!$&'()*+,;=%3A%40%2F%3F%23%5B%5D%25");
+    EXPECT_EQ(encoded(delimiters, URLCharacters::path), "!$&'()*+,;=:@/%3F%23%5B%5D%25");
+    EXPECT_EQ(encoded(delimiters, URLCharacters::query), "!$&'()*+,;=:@/?%23%5B%5D%25");
+    EXPECT_EQ(encoded(delimiters, URLCharacters::queryItem), "!$%26'()*+,;%3D:@/?%23%5B%5D%25");
+}
+
+TEST(URLPercentCoding, EveryByteSurvivesEncodingAndDecoding) {
+    for (int byte = 0; byte < 256; ++byte) {
+        const std::string text(1, static_cast<char>(byte));
+        const std::string escaped = encoded(text, URLCharacters::path);
+        EXPECT_TRUE(isEncoded(escaped, URLCharacters::path)) << byte;
+        EXPECT_EQ(decodedBytes(escaped), text) << byte;
+    }
+}
+
+TEST(URLPercentCoding, APercentSignThatBeginsNoEscapeIsDecodedAsItself) {
+    EXPECT_EQ(decodedBytes("%"), "%");
+    EXPECT_EQ(decodedBytes("a%4"), "a%4");
+    EXPECT_EQ(decodedBytes("%%41%g1%1g"), "%A%g1%1g");
+}
+
+TEST(URLPercentCoding, EscapesThatAreKeptStayAsTheyAreWritten) {
+    EXPECT_EQ(decodedText("%2f%2F%41", "/"), "%2f%2FA");
+}
+
+TEST(URLPercentCoding, TextThatDecodesToNoTextStaysEncoded) {
+    EXPECT_EQ(decodedText("%41%C3"), "%41%C3");
+    EXPECT_EQ(decodedText("%41%C3%A9"), "A\xC3\xA9");
+}
+
+TEST(URLUTF8, TextOfEveryLengthIsUTF8) {
+    EXPECT_TRUE(isUTF8(""));
+    EXPECT_TRUE(isUTF8("a\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF"));
+    EXPECT_TRUE(isUTF8("\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"));
+}
+
+TEST(URLUTF8, WhatIsCutShortOverlongASurrogateOrTooLargeIsNot) {
+    for (const char* bytes : {"\x80", "\xC3",
+                              "\xC3"
+                              "a",
+                              "\xC0\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xE2\x82",
+                              "\xE2\x82"
+                              "a",
+                              "\xED\xA0\x80", "\xF0\x8F\xBF\xBF", "\xF0\x90\x80",
+                              "\xF0\x90\x80"
+                              "a",
+                              "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFF"}) {
+        EXPECT_FALSE(isUTF8(bytes)) << testing::PrintToString(std::string(bytes));
+    }
+}
+
+TEST(URLPathRules, DotSegmentsAreApplied) {
+    EXPECT_EQ(withoutDotSegments("/a/b/c/./../../g"), "/a/g");
+    EXPECT_EQ(withoutDotSegments("mid/content=5/../6"), "mid/6");
+    EXPECT_EQ(withoutDotSegments("../x"), "x");
+    EXPECT_EQ(withoutDotSegments("./.././x"), "x");
+    EXPECT_EQ(withoutDotSegments("/.."), "/");
+    EXPECT_EQ(withoutDotSegments("/a//../b"), "/a/b");
+    EXPECT_EQ(withoutDotSegments("//"), "//");
+    EXPECT_EQ(withoutDotSegments(".."), "");
+    EXPECT_EQ(withoutDotSegments(""), "");
+}
+
+}  // namespace
+}  // namespace VanticRestKit::detail
