@@ -16,7 +16,8 @@ endif()
 # NAME is the folder below src/ with '/' written as '_', such as platform_url.
 function(vrk_room name)
     cmake_parse_arguments(ROOM "" "" "DEPENDS;LIBRARIES" ${ARGN})
-    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp
+         ${CMAKE_CURRENT_SOURCE_DIR}/detail/*.cpp)
     set(target room_${name})
     list(TRANSFORM ROOM_DEPENDS PREPEND room_)
     if(sources)

@@ -1,0 +1,78 @@
+#pragma once
+
+/// \file
+/// `DecodingError`: why a JSON document did not become a value, and where in the document.
+
+#include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace VanticRestKit {
+
+/// One step on the way from the root of a document to a value in it: a key of an object or a place in an array.
+class CodingKey {
+public:
+    CodingKey(std::string key) : step_(std::move(key)) {}
+    CodingKey(const char* key) : step_(std::string(key)) {}
+    CodingKey(std::size_t index) : step_(index) {}
+
+    /// The key, or null where this step is a place in an array.
+    const std::string* key() const noexcept { return std::get_if<std::string>(&step_); }
+    /// The place, counted from 0, or null where this step is a key.
+    const std::size_t* index() const noexcept { return std::get_if<std::size_t>(&step_); }
+
+    friend bool operator==(const CodingKey&, const CodingKey&) = default;
+
+private:
+    std::variant<std::string, std::size_t> step_;
+};
+
+/// The way from the root of a document to a value in it; empty for the root itself.
+using CodingPath = std::vector<CodingKey>;
+
+/// The platform's decoding error. Its general description is the platform's sentence for its kind.
+class VRK_EXPORT DecodingError {
+public:
+    enum class Kind {
+        keyNotFound,    ///< A key that must be there is not.
+        valueNotFound,  ///< There is a null where a value must be.
+        typeMismatch,   ///< The value is of another JSON type.
+        dataCorrupted,  ///< The document is no JSON, or a value cannot be what it must be.
+    };
+
+    DecodingError(Kind kind, CodingPath path, std::string debugDescription)
+        : kind_(kind), path_(std::move(path)), debugDescription_(std::move(debugDescription)) {}
+
+    Kind kind() const noexcept { return kind_; }
+    /// Down to the key at fault, the missing key included; empty for a fault of the document's structure.
+    const CodingPath& codingPath() const noexcept { return path_; }
+    /// What was found and what was expected, for developers.
+    const std::string& debugDescription() const noexcept { return debugDescription_; }
+    /// The platform's sentence for people.
+    std::string localizedDescription() const;
+
+    static const ErrorTag& errorTag();
+    std::string errorDomain() const { return "NSCocoaErrorDomain"; }
+    std::int64_t errorCode() const;
+    std::string generalDescription() const { return localizedDescription(); }
+
+    /// Whether both are of one kind.
+    friend bool operator==(const DecodingError& a, const DecodingError& b) noexcept {
+        return a.kind_ == b.kind_;
+    }
+
+private:
+    Kind kind_;
+    CodingPath path_;
+    std::string debugDescription_;
+};
+
+/// "keyNotFound", "valueNotFound", "typeMismatch" or "dataCorrupted".
+VRK_EXPORT const char* nameOf(DecodingError::Kind kind) noexcept;
+
+}  // namespace VanticRestKit

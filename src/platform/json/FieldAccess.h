@@ -1,0 +1,110 @@
+#pragma once
+
+/// \file
+/// How a mapping table reaches the fields of an entity: names, offsets and what a field's type can do.
+
+#include <VanticRestKit/platform/json/TypePlan.h>
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <type_traits>
+
+namespace VanticRestKit::mapping {
+
+namespace detail {
+
+template <class M>
+struct MemberParts;
+template <class E, class F>
+struct MemberParts<F E::*> {
+    using Entity = E;
+    using Field = F;
+};
+
+template <class F>
+struct OptionalParts {
+    static constexpr bool isOptional = false;
+    using Value = F;
+};
+template <class T>
+struct OptionalParts<std::optional<T>> {
+    static constexpr bool isOptional = true;
+    using Value = T;
+};
+
+// The compiler's own text for this function holds the name of what it was made for.
+template <auto M>
+constexpr std::string_view signatureOfMember() {
+    return __PRETTY_FUNCTION__;
+}
+template <class T>
+constexpr std::string_view signatureOfType() {
+    return __PRETTY_FUNCTION__;
+}
+
+constexpr std::string_view named(std::string_view signature, std::string_view before) {
+    std::string_view name = signature.substr(signature.find(before) + before.size());
+    return name.substr(0, name.find_first_of(";]"));
+}
+
+}  // namespace detail
+
+template <auto Member>
+using EntityOf = typename detail::MemberParts<decltype(Member)>::Entity;
+template <auto Member>
+using MemberType = typename detail::MemberParts<decltype(Member)>::Field;
+template <class Field>
+using ValueIn = typename detail::OptionalParts<Field>::Value;
+template <class Field>
+inline constexpr bool isOptional = detail::OptionalParts<Field>::isOptional;
+
+/// The declared name of a field, without the underscore that keeps it apart from a keyword.
+template <auto Member>
+constexpr std::string_view memberName() {
+    std::string_view name = detail::named(detail::signatureOfMember<Member>(), "M = ");
+    name = name.substr(name.rfind(':') + 1);
+    while (name.ends_with('_') || name.ends_with(')')) name.remove_suffix(1);
+    return name;
+}
+
+/// The name of a type, without the library's namespace.
+template <class T>
+constexpr std::string_view typeName() {
+    std::string_view name = detail::named(detail::signatureOfType<T>(), "T = ");
+    constexpr std::string_view library = "VanticRestKit::";
+    return name.starts_with(library) ? name.substr(library.size()) : name;
+}
+
+/// Where a field lies in its entity.
+template <auto Member>
+std::size_t offsetOf() {
+    using E = EntityOf<Member>;
+    // A field's offset is the same in every entity, so raw storage for one will do to measure it.
+    alignas(E) static std::byte storage[sizeof(E)];
+    const auto* const entity = reinterpret_cast<const E*>(storage);
+    return static_cast<std::size_t>(reinterpret_cast<const std::byte*>(&(entity->*Member)) - storage);
+}
+
+template <class Field>
+inline constexpr FieldOps fieldOps = {
+    .isOptional = isOptional<Field>,
+    .open = [](void* field) -> void* {
+        if constexpr (isOptional<Field>) {
+            return &static_cast<Field*>(field)->emplace();
+        } else {
+            return field;
+        }
+    },
+    .reset = [](void* field) { *static_cast<Field*>(field) = Field{}; },
+    .peek = [](const void* field) -> const void* {
+        if constexpr (isOptional<Field>) {
+            const Field& holder = *static_cast<const Field*>(field);
+            return holder ? &*holder : nullptr;
+        } else {
+            return field;
+        }
+    },
+};
+
+}  // namespace VanticRestKit::mapping

@@ -1,0 +1,42 @@
+#pragma once
+
+/// \file
+/// `JSONDecoder`: from the bytes of a JSON document to a value.
+
+#include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/result/Result.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <optional>
+#include <utility>
+
+namespace VanticRestKit {
+
+/// Decodes JSON documents by the mapping tables of their types. It has no settings and costs nothing to make or
+/// to copy; any number of threads may use one.
+class VRK_EXPORT JSONDecoder {
+public:
+    /// Decodes a T: an entity, a list of one, a bare text, number or truth value, or a `std::optional` of any of
+    /// them, for which a null document is an empty value.
+    ///
+    /// Errors: a `DecodingError` with the path of the fault that comes first in decode order, or the entity's own
+    /// `DecodingError` where it is of another kind. The whole document is validated. Arrays and objects may lie
+    /// 512 deep; a document of any depth is safe on a small stack.
+    template <class T>
+    Result<T, Error> decode(const Data& document) const {
+        T value{};
+        if (decodes(document, planOf<T>(), &value)) return value;
+        T second{};
+        std::optional<Error> error = whyNot(document, planOf<T>(), &second);
+        if (error) return Failure(*std::move(error));
+        return second;
+    }
+
+private:
+    static bool decodes(const Data& document, const TypePlan& plan, void* value);
+    static std::optional<Error> whyNot(const Data& document, const TypePlan& plan, void* value);
+};
+
+}  // namespace VanticRestKit

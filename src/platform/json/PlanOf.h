@@ -1,0 +1,208 @@
+#pragma once
+
+/// \file
+/// `planOf<T>()`: the plan by which a type is decoded. An entity specialises it with its mapping table.
+
+#include <VanticRestKit/platform/date/Date.h>
+#include <VanticRestKit/platform/json/FieldAccess.h>
+#include <VanticRestKit/platform/json/RawText.h>
+#include <VanticRestKit/platform/json/TypePlan.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+namespace VanticRestKit {
+
+template <class T>
+const TypePlan& planOf();
+
+namespace mapping {
+
+/// The reader for an unsigned whole number or a text, kept as text.
+struct DecimalOrText {};
+/// The reader for a list that drops the elements that do not decode.
+struct KeepDecodable {};
+
+/// The room that a list should have when it is full, judged by how many elements its bytes so far gave.
+VRK_EXPORT std::size_t grownCapacity(std::size_t count, std::size_t elementSize, std::size_t bytesRead,
+                                     std::size_t bytesLeft) noexcept;
+
+/// The name of a list of `element`: "[Link]".
+VRK_EXPORT std::string_view listName(std::string_view element);
+
+namespace detail {
+
+/// The name that people know a type by.
+template <class T>
+constexpr std::string_view displayName() {
+    if constexpr (std::is_same_v<T, std::string>) return "String";
+    if constexpr (std::is_same_v<T, bool>) return "Bool";
+    if constexpr (std::is_same_v<T, std::int64_t>) return "Int";
+    if constexpr (std::is_same_v<T, std::uint64_t>) return "UInt";
+    if constexpr (std::is_same_v<T, double>) return "Double";
+    if constexpr (std::is_same_v<T, Date>) return "Date";
+    return typeName<T>();
+}
+
+template <class E>
+std::string_view caseNameAt(const void* value) {
+    return caseName(*static_cast<const E*>(value));
+}
+
+template <class T>
+constexpr auto caseNameOf() -> std::string_view (*)(const void*) {
+    if constexpr (RawEnumeration<T>) {
+        return &caseNameAt<T>;
+    } else {
+        static_assert(std::is_same_v<T, Date>, "a converted value is an enumeration or a date");
+        return nullptr;
+    }
+}
+
+template <class T>
+void* appendTo(void* list, std::size_t bytesRead, std::size_t bytesLeft) {
+    auto& items = *static_cast<std::vector<T>*>(list);
+    if (items.size() == items.capacity()) {
+        items.reserve(grownCapacity(items.size(), sizeof(T), bytesRead, bytesLeft));
+    }
+    return &items.emplace_back();
+}
+
+template <class T, bool Tolerant>
+inline constexpr ListPlan listPlan = {
+    .element = &planOf<T>,
+    .tolerant = Tolerant,
+    .append = &appendTo<T>,
+    .removeLast = [](void* list) { static_cast<std::vector<T>*>(list)->pop_back(); },
+    .count = [](const void* list) { return static_cast<const std::vector<T>*>(list)->size(); },
+    .at = [](const void* list, std::size_t index) -> const void* {
+        return &(*static_cast<const std::vector<T>*>(list))[index];
+    },
+};
+
+template <class T, bool Tolerant>
+const TypePlan& planOfList() {
+    // The element is named, not planned, here: a type may hold a list of itself.
+    static const TypePlan plan{.kind = ValueKind::list,
+                               .name = listName(displayName<T>()),
+                               .list = &listPlan<T, Tolerant>};
+    return plan;
+}
+
+/// The plans that need no table.
+template <class T>
+struct BuiltIn;
+
+template <ValueKind Kind>
+const TypePlan& plainPlan(std::string_view name) {
+    static const TypePlan plan{.kind = Kind, .name = name};
+    return plan;
+}
+
+template <>
+struct BuiltIn<std::string> {
+    static const TypePlan& plan() { return plainPlan<ValueKind::text>(displayName<std::string>()); }
+};
+template <>
+struct BuiltIn<bool> {
+    static const TypePlan& plan() { return plainPlan<ValueKind::boolean>(displayName<bool>()); }
+};
+template <>
+struct BuiltIn<std::int64_t> {
+    static const TypePlan& plan() { return plainPlan<ValueKind::integer>(displayName<std::int64_t>()); }
+};
+template <>
+struct BuiltIn<std::uint64_t> {
+    static const TypePlan& plan() { return plainPlan<ValueKind::unsignedInteger>(displayName<std::uint64_t>()); }
+};
+template <>
+struct BuiltIn<double> {
+    static const TypePlan& plan() { return plainPlan<ValueKind::number>(displayName<double>()); }
+};
+
+template <RawEnumeration E>
+struct BuiltIn<E> {
+    static const TypePlan& plan() {
+        static const TypePlan plan{
+            .kind = ValueKind::convertedText,
+            .name = typeName<E>(),
+            .fromText = [](std::string_view text, void* value) {
+                const std::optional<E> found = fromRawValue<E>(text);
+                if (found) *static_cast<E*>(value) = *found;
+                return found.has_value();
+            },
+            .caseName = &caseNameAt<E>};
+        return plan;
+    }
+};
+
+template <class T>
+struct BuiltIn<std::vector<T>> {
+    static const TypePlan& plan() { return planOfList<T, false>(); }
+};
+
+template <class T>
+struct BuiltIn<std::optional<T>> {
+    static const TypePlan& plan() {
+        static const TypePlan plan{
+            .kind = ValueKind::nullable,
+            .name = planOf<T>().name,
+            .wrapped = &planOf<T>(),
+            .wrap = [](void* value) -> void* { return &static_cast<std::optional<T>*>(value)->emplace(); }};
+        return plan;
+    }
+};
+
+}  // namespace detail
+
+/// The plan of a value of type T that a row reads with `Reader`; the type's own plan where there is none.
+template <class T, auto Reader>
+struct ReaderOf {
+    static const TypePlan& plan() {
+        using R = std::remove_cv_t<decltype(Reader)>;
+        if constexpr (std::is_same_v<R, std::nullptr_t>) {
+            return planOf<T>();
+        } else if constexpr (std::is_same_v<R, DecimalOrText>) {
+            static_assert(std::is_same_v<T, std::string>);
+            return detail::plainPlan<ValueKind::decimalOrText>(detail::displayName<T>());
+        } else if constexpr (std::is_same_v<R, KeepDecodable>) {
+            return detail::planOfList<typename T::value_type, true>();
+        } else if constexpr (std::is_invocable_r_v<bool, R, std::string_view, T&>) {
+            static const TypePlan plan{
+                .kind = ValueKind::convertedText,
+                .name = detail::displayName<T>(),
+                .fromText = [](std::string_view text,
+                               void* value) { return Reader(text, *static_cast<T*>(value)); },
+                .caseName = detail::caseNameOf<T>()};
+            return plan;
+        } else {
+            static_assert(std::is_invocable_r_v<bool, R, double, T&>,
+                          "a reader takes a text or a number, and the value to set");
+            static const TypePlan plan{
+                .kind = ValueKind::convertedNumber,
+                .name = detail::displayName<T>(),
+                .fromNumber = [](double number,
+                                 void* value) { return Reader(number, *static_cast<T*>(value)); },
+                .caseName = detail::caseNameOf<T>()};
+            return plan;
+        }
+    }
+};
+
+}  // namespace mapping
+
+/// The plan of a type. Entities specialise it; texts, numbers, truth values, enumerations with raw texts, lists
+/// and (at the root) optionals have theirs.
+template <class T>
+const TypePlan& planOf() {
+    return mapping::detail::BuiltIn<T>::plan();
+}
+
+}  // namespace VanticRestKit

@@ -1,0 +1,59 @@
+#pragma once
+
+/// \file
+/// Enumerations that travel as text: one table per enumeration, in case order.
+
+#include <concepts>
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace VanticRestKit {
+
+/// One case of an enumeration: the case, its name and the text that stands for it in JSON and in paths.
+template <class E>
+struct RawCase {
+    E value;
+    std::string_view name;
+    std::string_view raw;
+};
+
+/// Specialised for each enumeration that has raw texts: `static constexpr RawCase<E> cases[] = {...}`,
+/// in case order.
+template <class E>
+struct RawTexts;
+
+/// An enumeration with raw texts.
+template <class E>
+concept RawEnumeration = requires {
+    { std::span<const RawCase<E>>(RawTexts<E>::cases) };
+};
+
+/// The case whose raw text is `raw`, compared exactly; empty where there is none.
+template <RawEnumeration E>
+constexpr std::optional<E> fromRawValue(std::string_view raw) noexcept {
+    for (const RawCase<E>& row : RawTexts<E>::cases) {
+        if (row.raw == raw) return row.value;
+    }
+    return std::nullopt;
+}
+
+/// The raw text of a case.
+template <RawEnumeration E>
+constexpr std::string_view rawValue(E value) noexcept {
+    for (const RawCase<E>& row : RawTexts<E>::cases) {
+        if (row.value == value) return row.raw;
+    }
+    return {};
+}
+
+/// The name of a case.
+template <RawEnumeration E>
+constexpr std::string_view caseName(E value) noexcept {
+    for (const RawCase<E>& row : RawTexts<E>::cases) {
+        if (row.value == value) return row.name;
+    }
+    return {};
+}
+
+}  // namespace VanticRestKit

@@ -1,0 +1,193 @@
+#pragma once
+
+/// \file
+/// What a mapping table becomes on first use: the plan by which both decoding engines read a type.
+///
+/// Hosts write tables (`Table.h`) and never plans.
+
+#include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/json/KeyTable.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace VanticRestKit {
+
+struct ObjectPlan;
+struct ListPlan;
+struct ChoicePlan;
+
+/// How a JSON value is read.
+enum class ValueKind : std::uint8_t {
+    text,
+    boolean,
+    integer,
+    unsignedInteger,
+    number,
+    decimalOrText,    ///< An unsigned whole number as its decimal text, or a text.
+    convertedText,    ///< A text that a function turns into the value.
+    convertedNumber,  ///< A number that a function turns into the value.
+    object,
+    list,
+    choice,      ///< One of several types, tried in turn.
+    dictionary,  ///< A free-form object of plain values.
+    nullable,    ///< At the root only: null is an empty value.
+};
+
+/// How a JSON value becomes a C++ value of one type. `void*` arguments point to a value of that type.
+struct TypePlan {
+    ValueKind kind;
+    std::string_view name;
+    bool (*fromText)(std::string_view text, void* value) = nullptr;
+    bool (*fromNumber)(double number, void* value) = nullptr;
+    /// Of an enumeration: the name of the case that the value holds.
+    std::string_view (*caseName)(const void* value) = nullptr;
+    const ObjectPlan* object = nullptr;
+    const ListPlan* list = nullptr;
+    const ChoicePlan* choice = nullptr;
+    /// Of `nullable`: what lies under it, and how to make room for it.
+    const TypePlan* wrapped = nullptr;
+    void* (*wrap)(void* value) = nullptr;
+};
+
+/// What the table says of a value that is absent, null or unfit.
+enum class Presence : std::uint8_t {
+    required,   ///< Each of them fails the entity.
+    optional,   ///< Absent or null leaves the field empty; an unfit value fails the entity.
+    lenient,    ///< None of them fails anything; the field keeps its default.
+    defaulted,  ///< Absent or null leaves the default; an unfit value fails the entity.
+};
+
+/// How a field of a given C++ type is reached. `void*` arguments point to the field.
+struct FieldOps {
+    bool isOptional;
+    /// Makes the field hold a fresh value and returns where it lies.
+    void* (*open)(void* field);
+    /// Puts the field back to what a new entity has.
+    void (*reset)(void* field);
+    /// The value, or null where the field is empty.
+    const void* (*peek)(const void* field);
+};
+
+/// How a list grows. `void*` arguments point to the list.
+struct ListPlan {
+    const TypePlan& (*element)();
+    /// Whether an element that fails is dropped instead of failing the list.
+    bool tolerant;
+    /// Appends a fresh element and returns where it lies. The byte counts are those of the array in the
+    /// document so far and of what is left, from which the room to reserve is estimated.
+    void* (*append)(void* list, std::size_t bytesRead, std::size_t bytesLeft);
+    void (*removeLast)(void* list);
+    std::size_t (*count)(const void* list);
+    const void* (*at)(const void* list, std::size_t index);
+};
+
+/// One of the types that a choice tries.
+struct Candidate {
+    const TypePlan& (*type)();
+    void* (*make)();
+    void (*drop)(void* made);
+    /// Hands the finished value over to the field or list element; it takes ownership.
+    void (*keep)(void* made, void* value);
+};
+
+/// The types that a choice tries, in order.
+struct ChoicePlan {
+    std::span<const Candidate> candidates;
+    /// Which candidate a kept value is of, and where it lies: for looking at values.
+    std::size_t (*which)(const void* value);
+    const void* (*held)(const void* value);
+};
+
+/// What a row does with its key.
+enum class RowRole : std::uint8_t {
+    value,        ///< Reads it into a field.
+    object,       ///< Opens it as an object whose rows follow.
+    entityCheck,  ///< Compares it with the name of the entity.
+    unread,       ///< Nothing: the key is declared and read by nobody.
+    computed,     ///< Has no key: the field is computed from other fields.
+};
+
+/// One row of a mapping table, as `Table.h` writes it.
+struct Row {
+    RowRole role{};
+    Presence presence{};
+    std::string_view key{};
+    std::string_view member{};
+    std::size_t (*offset)() = nullptr;
+    const FieldOps* ops = nullptr;
+    const TypePlan& (*type)() = nullptr;
+    void (*setDefault)(void* field) = nullptr;
+    void (*derive)(void* entity) = nullptr;
+    Error (*mismatch)(std::string found) = nullptr;
+    std::string_view entityName{};
+    std::size_t inner = 0;
+};
+
+/// A row as the engines use it.
+struct FieldPlan {
+    /// The key between its quotes, followed by zeros, for comparing it in place.
+    static constexpr std::size_t quotedRoom = 32;
+
+    RowRole role;
+    Presence presence;
+    ValueKind kind;
+    bool isOptional;
+    /// How many bytes of `quoted` count; none where the key is too long for it.
+    std::uint8_t quotedSize;
+    char quoted[quotedRoom];
+    std::size_t offset;
+    const FieldOps* ops;
+    const TypePlan* type;
+    const ObjectPlan* inner;
+    void (*setDefault)(void* field);
+    std::string_view key;
+    std::string_view member;
+};
+
+/// A stored field, for looking at values in declared order.
+struct MemberPlan {
+    std::string_view name;
+    std::size_t offset;
+    const FieldOps* ops;
+    const TypePlan* type;
+};
+
+/// The rows of one JSON object: of an entity, or of an object inside it whose rows fill the same entity.
+struct ObjectPlan {
+    static constexpr std::size_t mostFields = 64;
+
+    std::string_view name;
+    std::vector<FieldPlan> fields;
+    KeyTable keys;
+    /// One bit for each field that must be there.
+    std::uint64_t required = 0;
+    /// Where the memory of a decode keeps which key followed which in this object.
+    std::size_t memory = 0;
+
+    // Of an entity only.
+    std::string_view entityName;
+    Error (*mismatch)(std::string found) = nullptr;
+    std::vector<void (*)(void*)> derivations;
+    std::vector<MemberPlan> members;
+    bool hasDefaults = false;
+};
+
+/// Makes the plan of an entity from its rows. Called once per type, on first use; the plan is never destroyed.
+VRK_EXPORT const TypePlan& makeObjectPlan(std::string_view name, std::span<const Row> rows);
+
+/// How much memory of key successors one decode needs for all plans made so far.
+std::size_t successorMemory() noexcept;
+
+/// Puts the fields that an object's rows fill back to their defaults.
+void resetFields(const ObjectPlan& plan, void* entity);
+
+/// Gives the fields with a default of their own that default.
+void setDefaults(const ObjectPlan& plan, void* entity);
+
+}  // namespace VanticRestKit

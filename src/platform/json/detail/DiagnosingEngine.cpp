@@ -1,0 +1,228 @@
+#include <VanticRestKit/platform/json/detail/DiagnosingEngine.h>
+
+#include <VanticRestKit/platform/date/DeviceDate.h>
+#include <VanticRestKit/platform/json/detail/Found.h>
+#include <VanticRestKit/platform/json/detail/Scanner.h>
+#include <VanticRestKit/platform/text/LetterCase.h>
+
+#include <utility>
+
+namespace VanticRestKit::json {
+
+using Kind = DecodingError::Kind;
+
+DiagnosingEngine::DiagnosingEngine(const Data& document, Report report)
+    : document_(document), index_(document_), report_(report) {}
+
+Diagnosis DiagnosingEngine::run(const TypePlan& plan, void* value) {
+    const DeviceZoneHold zone;
+    const bool decoded = index_.isSound() ? root(plan, value, index_.root())
+                                          : fail(Kind::dataCorrupted, "JSON", "a broken document", Presence::required);
+    Diagnosis diagnosis;
+    if (!decoded) {
+        report("failure", failing_.presence);
+        diagnosis.error = error();
+        diagnosis.path = std::move(failing_.path);
+    }
+    diagnosis.faults = std::move(faults_);
+    return diagnosis;
+}
+
+bool DiagnosingEngine::root(const TypePlan& type, void* target, Place at) {
+    if (type.kind != ValueKind::nullable) return value(type, target, at, false, Presence::required);
+    return *at.at == 'n' || root(*type.wrapped, type.wrap(target), at);
+}
+
+// A value whose place is open. `isNamed`: it lies under a key, and not at the root or in an array.
+bool DiagnosingEngine::value(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence) {
+    if (type.kind == ValueKind::object && *at.at == '{') return entity(*type.object, target, at, presence);
+    if (type.kind == ValueKind::list && *at.at == '[') return list(*type.list, target, at);
+    ValueReader reader(at.at, document_.data() + document_.size());
+    if (reader.plain(type, target, nullptr) == Fit::fits) return true;
+    return failUnfit(type, at, isNamed, presence);
+}
+
+bool DiagnosingEngine::entity(const ObjectPlan& plan, void* target, Place at, Presence presence) {
+    std::vector<Place> found;
+    if (!open(plan, at, presence, found)) return false;
+    if (plan.hasDefaults) setDefaults(plan, target);
+    if (!rows(plan, plan, target, found)) return false;
+    for (const auto derive : plan.derivations) derive(target);
+    return true;
+}
+
+// Finds the value of each row, and sees to it that every key of the object can be read.
+bool DiagnosingEngine::open(const ObjectPlan& plan, Place at, Presence presence, std::vector<Place>& found) {
+    found.assign(plan.fields.size(), Place{});
+    const char* const end = document_.data() + document_.size();
+    std::string scratch;
+    DocumentIndex::Member member;
+    for (bool more = index_.first(at, member); more; more = index_.next(member)) {
+        const StringToken token = scanString(member.key, end);
+        const std::optional<std::string_view> key = unescape(token, scratch);
+        if (!key) return fail(Kind::dataCorrupted, "an object", "a key that cannot be read", presence);
+        const std::uint8_t place = plan.keys.find(*key);
+        // The first of two equal keys counts.
+        if (place != KeyTable::none && found[place].at == nullptr) found[place] = member.value;
+    }
+    return true;
+}
+
+bool DiagnosingEngine::rows(const ObjectPlan& plan, const ObjectPlan& entity, void* target,
+                            const std::vector<Place>& found) {
+    for (std::size_t i = 0; i < plan.fields.size(); ++i) {
+        const FieldPlan& field = plan.fields[i];
+        if (field.role == RowRole::unread) continue;
+        path_.emplace_back(std::string(field.key));
+        const bool isGood = row(field, entity, target, found[i]);
+        path_.pop_back();
+        if (!isGood) return false;
+    }
+    return true;
+}
+
+bool DiagnosingEngine::row(const FieldPlan& field, const ObjectPlan& entity, void* target, Place at) {
+    const bool isRequired = field.presence == Presence::required;
+    if (at.at == nullptr) {
+        if (!isRequired) return true;
+        return fail(Kind::keyNotFound, field.type != nullptr ? field.type->name : "Object", "nothing", field.presence);
+    }
+    if (*at.at == 'n' && !isRequired) return true;
+    switch (field.role) {
+        case RowRole::entityCheck: return entityCheck(entity, at);
+        case RowRole::object: return innerRow(field, entity, target, at);
+        default: return valueRow(field, target, at);
+    }
+}
+
+bool DiagnosingEngine::entityCheck(const ObjectPlan& entity, Place at) {
+    ValueReader reader(at.at, document_.data() + document_.size());
+    std::string_view name;
+    bool mayReadOn = false;
+    if (reader.readText(name, mayReadOn) != Fit::fits) {
+        fail(Kind::typeMismatch, "String", foundAt(at.at), Presence::lenient);
+        swallow("no check");
+        return true;
+    }
+    if (equalsLowercased(name, entity.entityName)) return true;
+    std::string text(name);
+    fail(Kind::dataCorrupted, entity.entityName, text, Presence::lenient);
+    failing_.path.pop_back();
+    failing_.mismatch = entity.mismatch(std::move(text));
+    return false;
+}
+
+// That the object cannot be opened may be swallowed; what a row inside it fails with is not.
+bool DiagnosingEngine::innerRow(const FieldPlan& field, const ObjectPlan& entity, void* target, Place at) {
+    std::vector<Place> found;
+    const TypePlan object{.kind = ValueKind::object, .name = "Object"};
+    const bool isOpen = *at.at == '{' ? open(*field.inner, at, field.presence, found)
+                                      : failUnfit(object, at, true, field.presence);
+    if (isOpen) return rows(*field.inner, entity, target, found);
+    if (field.presence != Presence::lenient) return false;
+    swallow("empty");
+    return true;
+}
+
+bool DiagnosingEngine::valueRow(const FieldPlan& field, void* target, Place at) {
+    void* const place = static_cast<std::byte*>(target) + field.offset;
+    if (valueInto(field, place, at)) return true;
+    if (field.presence != Presence::lenient) return false;
+    field.ops->reset(place);
+    if (field.setDefault != nullptr) field.setDefault(place);
+    swallow(heldBy(field, place));
+    return true;
+}
+
+bool DiagnosingEngine::valueInto(const FieldPlan& field, void* place, Place at) {
+    if (field.kind != ValueKind::choice) return value(*field.type, field.ops->open(place), at, true, field.presence);
+    const Candidate* chosen = nullptr;
+    void* made = nullptr;
+    if (!choice(*field.type->choice, at, chosen, made)) return false;
+    chosen->keep(made, field.ops->open(place));
+    return true;
+}
+
+bool DiagnosingEngine::list(const ListPlan& plan, void* target, Place at) {
+    std::size_t place = 0;
+    Place element{};
+    for (bool more = index_.first(at, element); more; more = index_.next(element), ++place) {
+        path_.emplace_back(place);
+        const bool isGood = this->element(plan, target, element, static_cast<std::size_t>(element.at - at.at));
+        if (!isGood && plan.tolerant) swallow("dropped");
+        path_.pop_back();
+        if (!isGood && !plan.tolerant) return false;
+    }
+    return true;
+}
+
+bool DiagnosingEngine::element(const ListPlan& plan, void* target, Place at, std::size_t bytesRead) {
+    const std::size_t bytesLeft = document_.size() - static_cast<std::size_t>(at.at - document_.data());
+    const TypePlan& type = plan.element();
+    if (type.kind == ValueKind::choice) {
+        const Candidate* chosen = nullptr;
+        void* made = nullptr;
+        if (!choice(*type.choice, at, chosen, made)) return false;
+        chosen->keep(made, plan.append(target, bytesRead, bytesLeft));
+        return true;
+    }
+    if (value(type, plan.append(target, bytesRead, bytesLeft), at, false, Presence::required)) return true;
+    plan.removeLast(target);
+    return false;
+}
+
+bool DiagnosingEngine::choice(const ChoicePlan& plan, Place at, const Candidate*& chosen, void*& made) {
+    const std::size_t faultsBefore = faults_.size();
+    std::string names;
+    for (const Candidate& candidate : plan.candidates) {
+        const TypePlan& type = candidate.type();
+        made = candidate.make();
+        if (value(type, made, at, true, Presence::lenient)) {
+            chosen = &candidate;
+            return true;
+        }
+        candidate.drop(made);
+        faults_.resize(faultsBefore);
+        names += names.empty() ? "" : " or ";
+        names += type.name;
+    }
+    return fail(Kind::typeMismatch, names, foundAt(at.at), Presence::lenient);
+}
+
+bool DiagnosingEngine::fail(Kind kind, std::string_view expected, std::string_view found, Presence presence) {
+    failing_ = {kind, path_, presence, std::string(expected), std::string(found), std::nullopt};
+    return false;
+}
+
+bool DiagnosingEngine::failUnfit(const TypePlan& type, Place at, bool isNamed, Presence presence) {
+    const std::string_view found = foundAt(at.at);
+    Kind kind = found == jsonTypeOf(type.kind) ? Kind::dataCorrupted : Kind::typeMismatch;
+    // A null that no key names and that is to be opened is one more value of another type.
+    if (found == "null" && (isNamed || !isOpened(type.kind))) kind = Kind::valueNotFound;
+    return fail(kind, kind == Kind::typeMismatch ? expectedType(type) : type.name, found, presence);
+}
+
+void DiagnosingEngine::swallow(std::string became) { report(std::move(became), Presence::lenient); }
+
+void DiagnosingEngine::report(std::string became, Presence presence) {
+    if (report_ == Report::error) return;
+    faults_.push_back({failing_.path, presence, failing_.expected, failing_.found, std::move(became)});
+}
+
+Error DiagnosingEngine::error() const {
+    if (failing_.mismatch) return *failing_.mismatch;
+    std::string text;
+    switch (failing_.kind) {
+        case Kind::keyNotFound: text = "No value is there for the key \"" + *failing_.path.back().key() + "\"."; break;
+        case Kind::valueNotFound: text = "Expected " + failing_.expected + " but found null instead."; break;
+        case Kind::typeMismatch: text = "Expected " + failing_.expected + " but found " + failing_.found + " instead."; break;
+        case Kind::dataCorrupted:
+            text = failing_.path.empty() && !index_.isSound()
+                       ? "The document is not valid JSON."
+                       : "The " + failing_.found + " cannot be read as " + failing_.expected + ".";
+            break;
+    }
+    return DecodingError(failing_.kind, failing_.path, std::move(text));
+}
+
+}  // namespace VanticRestKit::json

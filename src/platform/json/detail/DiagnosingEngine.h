@@ -1,0 +1,66 @@
+#pragma once
+
+// The diagnosing engine: walks the rows of a table in decode order over an index of the document, so that the
+// error that wins, its kind and its path are those of the order of decoding and never of the document.
+
+#include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/json/detail/DocumentIndex.h>
+#include <VanticRestKit/platform/json/detail/ValueReader.h>
+#include <VanticRestKit/platform/json/Diagnosis.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace VanticRestKit::json {
+
+class DiagnosingEngine {
+public:
+    enum class Report { error, everything };
+
+    DiagnosingEngine(const Data& document, Report report);
+
+    /// Decodes into `value`, which is fresh.
+    Diagnosis run(const TypePlan& plan, void* value);
+
+private:
+    /// Why a value did not decode.
+    struct Failing {
+        DecodingError::Kind kind{};
+        CodingPath path;
+        Presence presence = Presence::required;
+        std::string expected;
+        std::string found;
+        std::optional<Error> mismatch;  // of an entity of another kind
+    };
+
+    bool root(const TypePlan& type, void* target, Place at);
+    bool value(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence);
+    bool entity(const ObjectPlan& plan, void* target, Place at, Presence presence);
+    bool list(const ListPlan& plan, void* target, Place at);
+    bool element(const ListPlan& plan, void* target, Place at, std::size_t bytesRead);
+    bool choice(const ChoicePlan& plan, Place at, const Candidate*& chosen, void*& made);
+
+    bool open(const ObjectPlan& plan, Place at, Presence presence, std::vector<Place>& found);
+    bool rows(const ObjectPlan& plan, const ObjectPlan& entity, void* target, const std::vector<Place>& found);
+    bool row(const FieldPlan& field, const ObjectPlan& entity, void* target, Place at);
+    bool innerRow(const FieldPlan& field, const ObjectPlan& entity, void* target, Place at);
+    bool valueRow(const FieldPlan& field, void* target, Place at);
+    bool valueInto(const FieldPlan& field, void* place, Place at);
+    bool entityCheck(const ObjectPlan& entity, Place at);
+
+    bool fail(DecodingError::Kind kind, std::string_view expected, std::string_view found, Presence presence);
+    bool failUnfit(const TypePlan& type, Place at, bool isNamed, Presence presence);
+    void swallow(std::string became);
+    void report(std::string became, Presence presence);
+    Error error() const;
+
+    Data document_;
+    DocumentIndex index_;
+    Report report_;
+    CodingPath path_;
+    Failing failing_;  // the latest; only what was not swallowed counts
+    std::vector<Fault> faults_;
+};
+
+}  // namespace VanticRestKit::json

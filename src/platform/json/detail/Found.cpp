@@ -1,0 +1,62 @@
+#include <VanticRestKit/platform/json/detail/Found.h>
+
+namespace VanticRestKit::json {
+
+std::string_view foundAt(const char* at) noexcept {
+    switch (*at) {
+        case '{': return "object";
+        case '[': return "array";
+        case '"': return "string";
+        case 't':
+        case 'f': return "boolean";
+        case 'n': return "null";
+        default: return "number";
+    }
+}
+
+std::string_view jsonTypeOf(ValueKind kind) noexcept {
+    switch (kind) {
+        case ValueKind::text:
+        case ValueKind::decimalOrText:
+        case ValueKind::convertedText: return "string";
+        case ValueKind::boolean: return "boolean";
+        case ValueKind::integer:
+        case ValueKind::unsignedInteger:
+        case ValueKind::number:
+        case ValueKind::convertedNumber: return "number";
+        case ValueKind::object:
+        case ValueKind::choice:
+        case ValueKind::dictionary: return "object";
+        case ValueKind::list: return "array";
+        case ValueKind::nullable: break;
+    }
+    return "";
+}
+
+bool isOpened(ValueKind kind) noexcept {
+    return kind == ValueKind::object || kind == ValueKind::choice || kind == ValueKind::list ||
+           kind == ValueKind::dictionary;
+}
+
+std::string_view expectedType(const TypePlan& type) noexcept {
+    if (type.kind == ValueKind::convertedText) return "String";
+    if (type.kind == ValueKind::convertedNumber) return "Double";
+    return type.name;
+}
+
+std::string heldBy(const FieldPlan& field, const void* place) {
+    const void* const value = field.ops->peek(place);
+    if (value == nullptr) return "empty";
+    if (field.type->caseName != nullptr) return std::string(field.type->caseName(value));
+    switch (field.kind) {
+        case ValueKind::list: return "[]";
+        case ValueKind::boolean: return "false";
+        case ValueKind::integer:
+        case ValueKind::unsignedInteger:
+        case ValueKind::number:
+        case ValueKind::convertedNumber: return "0";
+        default: return "\"\"";
+    }
+}
+
+}  // namespace VanticRestKit::json

@@ -1,0 +1,117 @@
+#pragma once
+
+// Reading JSON tokens in place. Every buffer ends in Data::padding zero bytes, which are no part of the document:
+// scanning may run into them, and whoever does so is behind `end`.
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+namespace VanticRestKit::json {
+
+/// How deep arrays and objects may lie inside each other.
+inline constexpr std::size_t deepest = 512;
+
+inline bool isSpace(char c) noexcept { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; }
+
+inline const char* skipSpace(const char* at) noexcept {
+    while (isSpace(*at)) ++at;
+    return at;
+}
+
+/// Where the document's value begins: behind one byte-order mark and blanks.
+const char* documentStart(const char* begin, const char* end) noexcept;
+
+/// A string token: its inside, and whether it holds something that must be looked at before it is a text.
+struct StringToken {
+    const char* inside;     ///< The first byte behind the opening quote.
+    const char* close;      ///< The closing quote; null where there is none before the end of the document.
+    bool isPlain;           ///< Only printable ASCII and no escapes: the inside is the text.
+};
+
+namespace scan {
+
+struct Block {
+    static constexpr std::size_t size = 16;
+    unsigned stop;  // a bit for each quote, backslash and control character
+    unsigned high;  // a bit for each byte beyond ASCII
+};
+
+inline Block load(const char* at) noexcept {
+#if defined(__SSE2__)
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+    const __m128i quote = _mm_cmpeq_epi8(bytes, _mm_set1_epi8('"'));
+    const __m128i escape = _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\\'));
+    const __m128i control = _mm_cmpeq_epi8(_mm_min_epu8(bytes, _mm_set1_epi8(0x1F)), bytes);
+    const __m128i stop = _mm_or_si128(_mm_or_si128(quote, escape), control);
+    return {static_cast<unsigned>(_mm_movemask_epi8(stop)), static_cast<unsigned>(_mm_movemask_epi8(bytes))};
+#else
+    Block block{0, 0};
+    for (unsigned i = 0; i < Block::size; ++i) {
+        const auto c = static_cast<unsigned char>(at[i]);
+        if (c == '"' || c == '\\' || c < 0x20) block.stop |= 1U << i;
+        if (c >= 0x80) block.high |= 1U << i;
+    }
+    return block;
+#endif
+}
+
+}  // namespace scan
+
+/// The rest of a string from a place where it stopped being plain.
+StringToken scanUnusualString(const char* inside, const char* at, const char* end) noexcept;
+
+/// The string token whose opening quote is at `quote`.
+inline StringToken scanString(const char* quote, const char* end) noexcept {
+    const char* const inside = quote + 1;
+    const char* at = inside;
+    unsigned high = 0;
+    for (;;) {
+        const scan::Block block = scan::load(at);
+        if (block.stop != 0) {
+            const auto ahead = static_cast<unsigned>(__builtin_ctz(block.stop));
+            high |= block.high & ((1U << ahead) - 1U);
+            at += ahead;
+            if (*at == '"' && high == 0) return {inside, at, true};
+            return scanUnusualString(inside, at, end);
+        }
+        high |= block.high;
+        at += scan::Block::size;
+        if (at >= end) return {inside, nullptr, false};
+    }
+}
+
+/// The text of a string that is not plain, or empty where its inside is broken: a bad escape, a lone surrogate,
+/// a raw control character, invalid UTF-8. The view is of the document or of `scratch`.
+std::optional<std::string_view> unescape(const StringToken& token, std::string& scratch);
+
+/// Whether the bytes are UTF-8.
+bool isUTF8(std::string_view bytes) noexcept;
+
+/// Behind the number token that begins at `at`; it is judged only where it is read.
+inline const char* scanNumber(const char* at) noexcept {
+    while ((*at >= '0' && *at <= '9') || *at == '-' || *at == '+' || *at == '.' || *at == 'e' || *at == 'E') ++at;
+    return at;
+}
+
+inline bool startsNumber(char c) noexcept { return c == '-' || (c >= '0' && c <= '9'); }
+
+/// Behind `true`, `false` or `null` at `at`, or null where there is none of them.
+const char* scanLiteral(const char* at, const char* end) noexcept;
+
+/// Behind the value that begins at `at`, its structure validated whatever it holds; null where it is broken or
+/// where arrays and objects would lie deeper than the limit. `depth` is how deep `at` lies already.
+const char* skipValue(const char* at, const char* end, std::size_t depth) noexcept;
+
+/// The number that a token spells. Empty where the token is no number of that kind.
+std::optional<std::uint64_t> readUnsigned(const char* from, const char* to) noexcept;
+std::optional<std::int64_t> readInteger(const char* from, const char* to) noexcept;
+std::optional<double> readNumber(const char* from, const char* to) noexcept;
+
+}  // namespace VanticRestKit::json

@@ -1,0 +1,115 @@
+#include <VanticRestKit/platform/json/detail/ValueReader.h>
+
+#include <VanticRestKit/platform/json/detail/Scanner.h>
+#include <VanticRestKit/platform/json/detail/StoreText.h>
+
+#include <optional>
+
+namespace VanticRestKit::json {
+
+namespace {
+
+template <class T>
+void store(void* place, bool isOptional, T value) {
+    if (isOptional) {
+        *static_cast<std::optional<T>*>(place) = value;
+    } else {
+        *static_cast<T*>(place) = value;
+    }
+}
+
+/// Reads the number token at `at` with `read`; moves behind it where it fits.
+template <class Number>
+bool numberInto(const char*& at, std::optional<Number> (*read)(const char*, const char*) noexcept, void* place,
+                bool isOptional) {
+    if (!startsNumber(*at)) return false;
+    const char* const behind = scanNumber(at);
+    const std::optional<Number> value = read(at, behind);
+    if (!value) return false;
+    store(place, isOptional, *value);
+    at = behind;
+    return true;
+}
+
+}  // namespace
+
+Fit ValueReader::plain(const TypePlan& type, void* place, const FieldOps* optional) {
+    const bool isOptional = optional != nullptr;
+    const auto fit = [](bool fits) { return fits ? Fit::fits : Fit::unfit; };
+    switch (type.kind) {
+        case ValueKind::text: return textInto(place, isOptional);
+        case ValueKind::unsignedInteger: return fit(numberInto(at_, readUnsigned, place, isOptional));
+        case ValueKind::integer: return fit(numberInto(at_, readInteger, place, isOptional));
+        case ValueKind::number: return fit(numberInto(at_, readNumber, place, isOptional));
+        case ValueKind::boolean: {
+            if (*at_ != 't' && *at_ != 'f') return Fit::unfit;
+            const bool value = *at_ == 't';
+            const char* const behind = scanLiteral(at_, end_);
+            if (behind == nullptr) return Fit::broken;
+            at_ = behind;
+            store(place, isOptional, value);
+            return Fit::fits;
+        }
+        case ValueKind::decimalOrText: return decimalOrTextInto(place, isOptional);
+        case ValueKind::convertedText:
+        case ValueKind::convertedNumber: return convertedInto(type, place, optional);
+        default: return Fit::unfit;
+    }
+}
+
+Fit ValueReader::readText(std::string_view& text, bool& mayReadOn) {
+    if (*at_ != '"') return Fit::unfit;
+    const StringToken token = scanString(at_, end_);
+    if (token.close == nullptr) return Fit::broken;
+    mayReadOn = token.isPlain;
+    if (token.isPlain) {
+        text = {token.inside, static_cast<std::size_t>(token.close - token.inside)};
+    } else {
+        const std::optional<std::string_view> unescaped = unescape(token, scratch_);
+        if (!unescaped) return Fit::unfit;
+        text = *unescaped;
+    }
+    at_ = token.close + 1;
+    return Fit::fits;
+}
+
+Fit ValueReader::textInto(void* place, bool isOptional) {
+    std::string_view text;
+    bool mayReadOn = false;
+    const Fit fit = readText(text, mayReadOn);
+    if (fit != Fit::fits) return fit;
+    storeText(isOptional ? static_cast<std::optional<std::string>*>(place)->emplace()
+                         : *static_cast<std::string*>(place),
+              text, mayReadOn);
+    return fit;
+}
+
+Fit ValueReader::decimalOrTextInto(void* place, bool isOptional) {
+    if (!startsNumber(*at_)) return textInto(place, isOptional);
+    std::uint64_t number = 0;
+    if (!numberInto(at_, readUnsigned, &number, false)) return Fit::unfit;
+    store(place, isOptional, std::to_string(number));
+    return Fit::fits;
+}
+
+Fit ValueReader::convertedInto(const TypePlan& type, void* place, const FieldOps* optional) {
+    const char* const before = at_;
+    std::string_view text;
+    double number = 0;
+    if (type.kind == ValueKind::convertedText) {
+        bool mayReadOn = false;
+        const Fit fit = readText(text, mayReadOn);
+        if (fit != Fit::fits) return fit;
+    } else if (!numberInto(at_, readNumber, &number, false)) {
+        return Fit::unfit;
+    }
+    void* const value = optional != nullptr ? optional->open(place) : place;
+    const bool fits =
+        type.kind == ValueKind::convertedText ? type.fromText(text, value) : type.fromNumber(number, value);
+    if (fits) return Fit::fits;
+    if (optional != nullptr) optional->reset(place);
+    at_ = before;
+    return Fit::unfit;
+}
+
+}  // namespace VanticRestKit::json
