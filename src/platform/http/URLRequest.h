@@ -41,7 +41,9 @@ public:
 
     /// Adds a header. Names compare without case; the value of a name that is there already is joined to it
     /// with a comma. A pair that cannot stand in a request (a name that is no token, a value with a line end
-    /// or a zero byte) is left out.
+    /// or a zero byte) is left out. What frames the message is the session's own and does not go out from
+    /// here: Connection, Content-Length, Expect, Keep-Alive, Proxy-Connection, TE, Trailer, Transfer-Encoding,
+    /// Upgrade.
     void addValue(std::string_view value, std::string_view forHTTPHeaderField);
     /// Sets a header in place of all values of that name; an empty optional removes it. Names compare without
     /// case; a pair that cannot stand in a request is left out.

@@ -28,7 +28,6 @@ class Transport;
 /// The task goes on when its last handle is gone, and so does it when the session's is. Any thread may call.
 class VRK_EXPORT URLSessionDataTask {
 public:
-    explicit URLSessionDataTask(std::shared_ptr<detail::Transfer> transfer);
     ~URLSessionDataTask();
     URLSessionDataTask(const URLSessionDataTask&) = delete;
     URLSessionDataTask& operator=(const URLSessionDataTask&) = delete;
@@ -41,6 +40,11 @@ public:
     void cancel();
 
 private:
+    friend class URLSession;
+
+    URLSessionDataTask(std::shared_ptr<detail::Transport> transport, std::shared_ptr<detail::Transfer> transfer);
+
+    std::shared_ptr<detail::Transport> transport_;
     std::shared_ptr<detail::Transfer> transfer_;
 };
 
@@ -69,8 +73,8 @@ public:
 
     const URLSessionConfiguration& configuration() const noexcept { return configuration_; }
 
-    /// A task for `request`; its completion is called at most once, never if the task is never resumed nor
-    /// cancelled, and is let go on the delegate queue.
+    /// A task for `request`. Its completion is called once, and let go on the delegate queue; a task that is
+    /// neither resumed nor cancelled never calls it.
     std::shared_ptr<URLSessionDataTask> dataTask(URLRequest request, Completion completionHandler);
 
     /// A publisher of the one answer to `request`. Each subscription sends the request anew; cancelling it
