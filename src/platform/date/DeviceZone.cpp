@@ -40,14 +40,14 @@ std::int64_t transitionBetween(std::int64_t from, std::int64_t to) noexcept {
     return to;
 }
 
-/// The last instant at which the clocks show `clockSeconds`, asked of the C library alone.
+/// The last instant at which the clocks show `clockSeconds`, asked of the C library alone. It can lie under
+/// two offsets only: that from before and that from behind a transition nearby.
 std::optional<std::int64_t> searchedInstant(std::int64_t clockSeconds) noexcept {
-    std::optional<std::int64_t> last;
-    for (std::int64_t away = -farthestOffset; away <= farthestOffset; away += hour) {
+    for (const std::int64_t away : {farthestOffset, -farthestOffset}) {
         const std::int64_t instant = clockSeconds - offsetAt(clockSeconds + away);
-        if (instant + offsetAt(instant) == clockSeconds) last = std::max(last.value_or(instant), instant);
+        if (instant + offsetAt(instant) == clockSeconds) return instant;
     }
-    return last;
+    return std::nullopt;
 }
 
 /// A clock that ticks a few hundred times a second and costs next to nothing to read.

@@ -74,6 +74,24 @@ TEST(DeviceDate, ReadsTheFirstAndTheLastSecondOfItsRange) {
     EXPECT_EQ(deviceDate("9999-12-31 23:59:59"), test::seconds(253402261199));
 }
 
+TEST(DeviceDate, TheYearHasFourDigitsAndTheOtherFieldsHaveOneOrTwo) {
+    const test::TemporaryZone utc("UTC");
+    EXPECT_EQ(deviceDate("2020-1-2 3:4:5"), test::seconds(1577934245));
+    for (const char* text : {"20-01-02 03:04:05", "020-01-02 03:04:05", "02020-01-02 03:04:05",
+                             "2020-001-02 03:04:05", "2020-01-002 03:04:05", "2020-01-02 003:04:05",
+                             "2020-01-02 03:004:05", "2020-01-02 03:04:005", "2020--02 03:04:05"}) {
+        EXPECT_EQ(deviceDate(text), std::nullopt) << text;
+    }
+}
+
+TEST(DeviceDate, ReadsDigitsOfEveryScriptAndNoOtherNumbers) {
+    const test::TemporaryZone utc("UTC");
+    EXPECT_EQ(deviceDate("\u0662\u0660\u0662\u0660-0\uFF11-\u0662 \u0663:04:05"), test::seconds(1577934245));
+    EXPECT_EQ(deviceDate("202\u2070-01-02 03:04:05"), std::nullopt);
+    EXPECT_EQ(deviceDate("2020-01-\u2461 03:04:05"), std::nullopt);
+    EXPECT_EQ(deviceDate("2020-01-02 03:04:0\xD9"), std::nullopt);
+}
+
 TEST(DeviceDate, NoBeginningOfADateIsADate) {
     const std::string text = "2020-01-02 03:04:05";
     for (std::size_t length = 0; length < text.size() - 1; ++length) {

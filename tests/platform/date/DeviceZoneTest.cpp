@@ -111,5 +111,36 @@ TEST(DeviceDate, ComesBackFromWhatTheClocksShowThroughThreeCenturies) {
     }
 }
 
+/// Summer time of four days, begun on each day of a year in turn, so that it falls everywhere into what the
+/// reader remembers and how it looks for transitions.
+TEST(DeviceDate, FindsASummerTimeOfFourDaysWhereverItLies) {
+    struct Zone {
+        std::string standardAndSummer;
+        std::time_t hoursAhead;
+    };
+    constexpr std::time_t hour = 3600;
+    constexpr std::time_t firstOf2021 = 1609459200;
+    for (const Zone& zone : {Zone{"AAA-14BBB-15", 14}, Zone{"AAA11BBB10", -11}}) {
+        for (int number = 2; number < 360; ++number) {
+            const std::string rule =
+                ",J" + std::to_string(number) + "/0,J" + std::to_string(number + 4) + "/0";
+            const test::TemporaryZone device(zone.standardAndSummer + rule);
+            const auto read = [&](std::time_t clock) { return deviceDate(shownInUtc(clock)); };
+            const auto instant = [&](std::time_t clock, std::time_t summerHours) {
+                return test::seconds(static_cast<double>(clock - (zone.hoursAhead + summerHours) * hour));
+            };
+            const std::time_t begin = firstOf2021 + (number - 1) * day;
+            const std::time_t end = begin + 4 * day;
+            ASSERT_EQ(read(begin - hour / 2), instant(begin - hour / 2, 0)) << rule;
+            ASSERT_EQ(read(begin + hour / 2), std::nullopt) << rule;
+            ASSERT_EQ(read(begin + hour), instant(begin + hour, 1)) << rule;
+            ASSERT_EQ(read(begin + 2 * day), instant(begin + 2 * day, 1)) << rule;
+            ASSERT_EQ(read(end - hour - 1), instant(end - hour - 1, 1)) << rule;
+            ASSERT_EQ(read(end - hour), instant(end - hour, 0)) << rule;
+            ASSERT_EQ(read(end), instant(end, 0)) << rule;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace VanticRestKit

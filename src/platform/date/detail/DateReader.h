@@ -29,7 +29,7 @@ public:
 private:
     bool take(char sign) noexcept;
     int takeDigit() noexcept;
-    std::optional<int> number(int fewestDigits, int mostDigits) noexcept;
+    bool number(int fewestDigits, int mostDigits, int& value) noexcept;
 
     std::string_view rest_;
 };

@@ -13,7 +13,7 @@ namespace VanticRestKit::detail {
 /// Turns what the clocks of the device's zone show into instants.
 ///
 /// The C library answers under a lock, and for years to come it takes a microsecond. So each thread remembers
-/// what it was told, in stretches of about 24 days, each with the one transition that may fall into it. An
+/// what it was told, in stretches of about 48 days, each with the one transition that may fall into it. An
 /// object belongs to one thread.
 class DeviceZone {
 public:
@@ -56,8 +56,8 @@ private:
     static FileMark systemZoneMark() noexcept;
     static Stretch learned(std::int32_t number) noexcept;
 
-    static constexpr int stretchBits = 21;
-    static constexpr std::size_t stretchCount = 128;
+    static constexpr int stretchBits = 22;
+    static constexpr std::size_t stretchCount = 256;
 
     std::array<Stretch, stretchCount> stretches_{};
     enum class Source : std::uint8_t { unknown, system, variable } source_{};
