@@ -29,6 +29,10 @@ public:
     using Output = T;
     using Failed = E;
 
+    // Copies only: one that was moved from would be no publisher.
+    AnyPublisher(const AnyPublisher&) = default;
+    AnyPublisher& operator=(const AnyPublisher&) = default;
+
     /// A publisher that calls `start(Subscriber<T, E>)` for each subscription, on the subscribing thread.
     /// `start` returns what cancels the work; that is called no more once the source has completed by itself.
     template <class Start>
@@ -62,9 +66,9 @@ public:
     }
 
     /// Sends everything on to a subscriber that is there already: how a source made by `create` goes on as
-    /// another publisher.
+    /// one other publisher, whose end is then its own.
     [[nodiscard]] Cancellable subscribe(Subscriber<T, E> subscriber) const {
-        return source_->subscribe(std::move(subscriber));
+        return source_->subscribe(subscriber.forStep());
     }
 
     /// Each value through `function`: T to U.

@@ -65,13 +65,18 @@ public:
     }
 
     /// The same end, in the hands of the source: when that completes by itself it is not cancelled any more.
-    Subscriber forSource() const {
+    Subscriber forSource() const { return as(true); }
+
+    /// The same end, in the hands of a step, whose failure is to cancel the source.
+    Subscriber forStep() const { return as(false); }
+
+private:
+    Subscriber as(bool isSource) const {
         Subscriber copy = *this;
-        copy.isSource_ = true;
+        copy.isSource_ = isSource;
         return copy;
     }
 
-private:
     std::shared_ptr<detail::Receiver<T, E>> receiver_;
     std::shared_ptr<detail::Gate> gate_;
     bool isSource_ = false;

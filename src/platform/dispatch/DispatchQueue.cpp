@@ -1,0 +1,53 @@
+#include <VanticRestKit/platform/dispatch/detail/MainQueue.h>
+#include <VanticRestKit/platform/dispatch/detail/Strand.h>
+#include <VanticRestKit/platform/dispatch/detail/ThreadQueue.h>
+#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
+#include <VanticRestKit/platform/dispatch/DispatchWorkItem.h>
+
+namespace VanticRestKit {
+
+namespace {
+
+const std::shared_ptr<detail::MainQueue>& mainQueue() {
+    static const auto& queue =
+        *new std::shared_ptr<detail::MainQueue>(std::make_shared<detail::MainQueue>("main"));
+    return queue;
+}
+
+}  // namespace
+
+DispatchQueue::DispatchQueue(std::string label)
+    : queue_(std::make_shared<detail::Strand>(std::move(label))) {}
+
+DispatchQueue::DispatchQueue(std::shared_ptr<detail::Queue> queue) noexcept : queue_(std::move(queue)) {}
+
+DispatchQueue DispatchQueue::withOwnThread(std::string label) {
+    return DispatchQueue(std::make_shared<detail::ThreadQueue>(std::move(label)));
+}
+
+DispatchQueue& DispatchQueue::main() {
+    static DispatchQueue& queue = *new DispatchQueue(std::shared_ptr<detail::Queue>(mainQueue()));
+    return queue;
+}
+
+bool DispatchQueue::setMain(UniqueFunction<void(Block)> executor) {
+    return mainQueue()->setExecutor(std::move(executor));
+}
+
+void DispatchQueue::async(Block block) const {
+    if (!block) return;
+    // The block may run at once and destroy the object that holds this handle.
+    const auto queue = queue_;
+    queue->post(std::move(block));
+}
+
+void DispatchQueue::async(std::shared_ptr<DispatchWorkItem> item) const {
+    if (item == nullptr) return;
+    async(Block([held = std::move(item)] { held->perform(); }));
+}
+
+const std::string& DispatchQueue::label() const noexcept { return queue_->label(); }
+
+bool DispatchQueue::isCurrent() const noexcept { return queue_->isCurrent(); }
+
+}  // namespace VanticRestKit

@@ -1,0 +1,36 @@
+#include <VanticRestKit/platform/dispatch/detail/Pool.h>
+#include <VanticRestKit/platform/dispatch/detail/Strand.h>
+
+namespace VanticRestKit::detail {
+
+void Strand::post(Block block) {
+    auto node = std::make_unique<BlockNode>(std::move(block));
+    {
+        const std::lock_guard lock(mutex_);
+        blocks_.push(std::move(node));
+        if (isScheduled_) return;
+        isScheduled_ = true;
+    }
+    Pool::shared().add(shared_from_this());
+}
+
+bool Strand::run() {
+    const CurrentQueue scope(this);
+    for (int count = 0; count < blocksPerTurn; ++count) {
+        std::unique_ptr<BlockNode> node;
+        {
+            const std::lock_guard lock(mutex_);
+            // Looked at under the lock, so that nothing posted after the pause began can slip in.
+            if (Pool::shared().isPaused()) return true;
+            node = blocks_.pop();
+            if (node == nullptr) {
+                isScheduled_ = false;
+                return false;
+            }
+        }
+        node->block();
+    }
+    return true;
+}
+
+}  // namespace VanticRestKit::detail

@@ -1,0 +1,59 @@
+#include <VanticRestKit/platform/dispatch/detail/Thread.h>
+
+#include <pthread.h>
+#include <signal.h>
+#include <memory>
+#include <string>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+struct Start {
+    std::string name;
+    Block body;
+};
+
+void* run(void* argument) {
+    const std::unique_ptr<Start> start(static_cast<Start*>(argument));
+    pthread_setname_np(pthread_self(), start->name.c_str());
+    start->body();
+    return nullptr;
+}
+
+sigset_t signalsToBlock() {
+    sigset_t signals;
+    sigfillset(&signals);
+    for (const int fault : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGTRAP, SIGABRT, SIGSYS, SIGPROF}) {
+        sigdelset(&signals, fault);
+    }
+    return signals;
+}
+
+std::string shortName(std::string_view name) {
+    constexpr std::size_t longest = 15;
+    return std::string(name.substr(name.size() > longest ? name.size() - longest : 0));
+}
+
+}  // namespace
+
+bool startThread(std::string_view name, Block body) {
+    auto start = std::make_unique<Start>(Start{shortName(name), std::move(body)});
+    pthread_attr_t attributes;
+    if (pthread_attr_init(&attributes) != 0) return false;
+    pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
+
+    // A new thread has the signal mask of the one that makes it.
+    const sigset_t blocked = signalsToBlock();
+    sigset_t before;
+    pthread_sigmask(SIG_SETMASK, &blocked, &before);
+    pthread_t thread;
+    const bool started = pthread_create(&thread, &attributes, &run, start.get()) == 0;
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+
+    pthread_attr_destroy(&attributes);
+    if (started) static_cast<void>(start.release());
+    return started;
+}
+
+}  // namespace VanticRestKit::detail

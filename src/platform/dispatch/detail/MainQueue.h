@@ -1,0 +1,32 @@
+#pragma once
+
+/// \file
+/// `MainQueue`: a queue that decides at its first block who runs it.
+
+#include <VanticRestKit/platform/dispatch/detail/Queue.h>
+
+#include <memory>
+#include <mutex>
+
+namespace VanticRestKit::detail {
+
+/// A strand on the pool, unless the host has given its executor before the first block came.
+class MainQueue final : public Queue {
+public:
+    using Queue::Queue;
+
+    void post(Block block) override;
+
+    /// Returns whether `executor` was accepted.
+    bool setExecutor(UniqueFunction<void(Block)> executor);
+
+protected:
+    const void* identity() const noexcept override;
+
+private:
+    mutable std::mutex mutex_;
+    /// Null until decided, then the same for good.
+    std::shared_ptr<Queue> queue_;
+};
+
+}  // namespace VanticRestKit::detail

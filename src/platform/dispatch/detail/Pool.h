@@ -1,0 +1,86 @@
+#pragma once
+
+/// \file
+/// `Pool`: the threads that all strands share.
+
+#include <atomic>
+#include <condition_variable>
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <mutex>
+
+namespace VanticRestKit::detail {
+
+class Strand;
+
+/// A few threads, started when there is work for them. Made on first use and never destroyed.
+///
+/// At most `limit()` threads work at a time. A thread that waits for a group does not count, so that another
+/// may work in its place; when it comes back the surplus one ends.
+class Pool {
+public:
+    static Pool& shared();
+
+    /// Puts `strand` at the end of the line.
+    void add(std::shared_ptr<Strand> strand);
+
+    /// Whether the calling thread is one of the pool's.
+    static bool isPoolThread() noexcept;
+
+    /// The calling pool thread is about to block; it works again after `endWait()`.
+    void beginWait();
+    void endWait();
+
+    /// Holds back every block that has not started, until as many `resume()` have followed.
+    void pause();
+    void resume();
+    bool isPaused() const noexcept { return pauses_.load() != 0; }
+
+    /// How many threads work at a time.
+    std::size_t limit() const noexcept { return limit_; }
+    /// How many threads there are, those that wait included.
+    std::size_t threads() const;
+
+private:
+    friend struct PoolProbe;
+
+    Pool();
+
+    void work();
+    /// Under the lock: whether there is work that needs one more thread, which is then counted already.
+    bool wantsThread();
+    void startThread();
+    bool hasSurplus() const noexcept { return threads_ - waiting_ > limit_; }
+    bool canWork() const noexcept { return !ready_.empty() && !isPaused(); }
+
+    const std::size_t limit_;
+    mutable std::mutex mutex_;
+    std::condition_variable wake_;
+    std::condition_variable threadsChanged_;
+    std::deque<std::shared_ptr<Strand>> ready_;
+    std::atomic<int> pauses_{0};
+    std::size_t threads_ = 0;
+    /// Threads that look for work, those included that have not come that far yet.
+    std::size_t idle_ = 0;
+    /// Threads that wait for a group.
+    std::size_t waiting_ = 0;
+};
+
+/// Counts the calling thread as waiting for the time of its life, if it is one of the pool's.
+class PoolWait {
+public:
+    PoolWait() : isCounted_(Pool::isPoolThread()) {
+        if (isCounted_) Pool::shared().beginWait();
+    }
+    PoolWait(const PoolWait&) = delete;
+    PoolWait& operator=(const PoolWait&) = delete;
+    ~PoolWait() {
+        if (isCounted_) Pool::shared().endWait();
+    }
+
+private:
+    const bool isCounted_;
+};
+
+}  // namespace VanticRestKit::detail

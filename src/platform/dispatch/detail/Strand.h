@@ -1,0 +1,35 @@
+#pragma once
+
+/// \file
+/// `Strand`: a serial queue on the shared pool.
+
+#include <VanticRestKit/platform/dispatch/detail/BlockList.h>
+#include <VanticRestKit/platform/dispatch/detail/Queue.h>
+
+#include <memory>
+#include <mutex>
+
+namespace VanticRestKit::detail {
+
+/// A queue without a thread. While it has blocks it stands in the pool's line or is being run, which also
+/// keeps it alive: nothing that was posted is lost with the last handle.
+class Strand final : public Queue, public std::enable_shared_from_this<Strand> {
+public:
+    using Queue::Queue;
+
+    void post(Block block) override;
+
+    /// Runs some of the blocks. Returns whether the strand has to stand in line again. For the pool only.
+    bool run();
+
+private:
+    /// After so many blocks the other strands have their turn.
+    static constexpr int blocksPerTurn = 32;
+
+    std::mutex mutex_;
+    BlockList blocks_;
+    /// Whether the pool knows of this strand.
+    bool isScheduled_ = false;
+};
+
+}  // namespace VanticRestKit::detail

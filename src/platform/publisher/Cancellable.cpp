@@ -1,0 +1,52 @@
+#include <VanticRestKit/platform/publisher/Cancellable.h>
+
+#include <atomic>
+
+namespace VanticRestKit {
+
+namespace detail {
+
+CancelTarget::~CancelTarget() = default;
+
+namespace {
+
+/// A function that is called at the first cancelling.
+class FunctionTarget final : public CancelTarget {
+public:
+    explicit FunctionTarget(Block function) noexcept : function_(std::move(function)) {}
+
+    void cancel() override {
+        if (isCancelled_.exchange(true, std::memory_order_acq_rel)) return;
+        Block function = std::move(function_);
+        function();
+    }
+
+private:
+    std::atomic<bool> isCancelled_{false};
+    Block function_;
+};
+
+}  // namespace
+
+}  // namespace detail
+
+Cancellable::Cancellable(Block onCancel) {
+    if (onCancel) target_ = std::make_shared<detail::FunctionTarget>(std::move(onCancel));
+}
+
+Cancellable& Cancellable::operator=(Cancellable&& other) noexcept {
+    // What was held goes last, when this already holds the new target: cancelling may look at this.
+    Cancellable incoming(std::move(other));
+    Cancellable outgoing(std::move(*this));
+    target_ = std::move(incoming.target_);
+    return *this;
+}
+
+Cancellable::~Cancellable() { cancel(); }
+
+void Cancellable::cancel() const {
+    // Cancelling may destroy this very object.
+    if (const auto target = target_) target->cancel();
+}
+
+}  // namespace VanticRestKit

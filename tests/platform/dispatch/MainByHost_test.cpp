@@ -1,0 +1,66 @@
+#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
+
+#include <gtest/gtest.h>
+#include <support/Event.h>
+
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+using namespace VanticRestKit;
+using test::Event;
+
+namespace {
+
+/// A loop such as a user interface has.
+class Loop {
+public:
+    void hand(Block turn) {
+        const std::lock_guard lock(mutex_);
+        turns_.push_back(std::move(turn));
+        changed_.notify_all();
+    }
+    void runOne() {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [this] { return !turns_.empty(); });
+        Block turn = std::move(turns_.front());
+        turns_.pop_front();
+        lock.unlock();
+        turn();
+    }
+
+private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::deque<Block> turns_;
+};
+
+}  // namespace
+
+TEST(MainQueueOfTheHost, RunsItsBlocksOnTheLoopThatTheHostGave) {
+    // Looking at the queue is not using it.
+    EXPECT_FALSE(DispatchQueue::main().isCurrent());
+    EXPECT_EQ(DispatchQueue::main().label(), "main");
+
+    const auto loop = std::make_shared<Loop>();
+    const std::function<void(Block)> executor = [loop](Block turn) { loop->hand(std::move(turn)); };
+    ASSERT_TRUE(DispatchQueue::setMain(executor));
+    EXPECT_FALSE(DispatchQueue::setMain(executor));
+
+    std::thread::id seen;
+    bool isCurrent = false;
+    std::thread poster([&] {
+        DispatchQueue::main().async([&] {
+            seen = std::this_thread::get_id();
+            isCurrent = DispatchQueue::main().isCurrent();
+        });
+    });
+    loop->runOne();
+    poster.join();
+    EXPECT_EQ(seen, std::this_thread::get_id());
+    EXPECT_TRUE(isCurrent);
+    EXPECT_FALSE(DispatchQueue::setMain(executor));
+}

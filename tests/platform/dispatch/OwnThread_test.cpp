@@ -1,0 +1,169 @@
+#include <VanticRestKit/platform/dispatch/detail/Probes.h>
+#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
+
+#include <gtest/gtest.h>
+#include <support/Event.h>
+
+#include <filesystem>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <set>
+#include <thread>
+#include <vector>
+
+using namespace VanticRestKit;
+using test::Event;
+
+namespace {
+
+/// Signals when the thread that made one ends.
+struct SignalsAtTheEnd {
+    explicit SignalsAtTheEnd(Event end) : ended(std::move(end)) {}
+    SignalsAtTheEnd(const SignalsAtTheEnd&) = delete;
+    SignalsAtTheEnd& operator=(const SignalsAtTheEnd&) = delete;
+    ~SignalsAtTheEnd() { ended.signal(); }
+    Event ended;
+};
+
+void signalAtTheEndOfThisThread(const Event& ended) {
+    thread_local std::optional<SignalsAtTheEnd> atTheEnd;
+    atTheEnd.emplace(ended);
+}
+
+std::ptrdiff_t threadsOfThisProcess() {
+    const std::filesystem::directory_iterator threads("/proc/self/task");
+    return std::distance(begin(threads), end(threads));
+}
+
+}  // namespace
+
+TEST(QueueWithOwnThread, RunsAllBlocksInOrderOnOneThreadThatIsNotThePools) {
+    const auto queue = DispatchQueue::withOwnThread("test");
+    const Event done;
+    std::set<std::thread::id> threads;
+    std::vector<int> seen;
+    bool inPool = true;
+    bool isCurrent = false;
+    for (int i = 0; i < 1000; ++i) {
+        queue.async([&, i] {
+            threads.insert(std::this_thread::get_id());
+            seen.push_back(i);
+        });
+    }
+    queue.async([&] {
+        inPool = detail::Pool::isPoolThread();
+        isCurrent = queue.isCurrent();
+        done.signal();
+    });
+    ASSERT_TRUE(done.wait());
+    EXPECT_EQ(threads.size(), 1U);
+    EXPECT_FALSE(inPool);
+    EXPECT_TRUE(isCurrent);
+    EXPECT_FALSE(queue.isCurrent());
+    for (int i = 0; i < 1000; ++i) ASSERT_EQ(seen[static_cast<std::size_t>(i)], i);
+}
+
+TEST(QueueWithOwnThread, StartsItsThreadWithTheFirstBlock) {
+    const auto before = threadsOfThisProcess();
+    const auto queue = DispatchQueue::withOwnThread("test");
+    EXPECT_EQ(threadsOfThisProcess(), before);
+    EXPECT_EQ(queue.label(), "test");
+}
+
+TEST(QueueWithOwnThread, EndsItsThreadWhenTheLastHandleIsGone) {
+    const Event ran, ended;
+    {
+        const auto queue = DispatchQueue::withOwnThread("test");
+        queue.async([=] {
+            signalAtTheEndOfThisThread(ended);
+            ran.signal();
+        });
+        ASSERT_TRUE(ran.wait());
+        const DispatchQueue copy = queue;
+    }
+    EXPECT_TRUE(ended.wait());
+}
+
+TEST(QueueWithOwnThread, KeepsItsThreadAsLongAsThereIsAHandle) {
+    const auto queue = DispatchQueue::withOwnThread("test");
+    std::thread::id first, second;
+    const Event ran;
+    { const DispatchQueue copy = queue; }
+    queue.async([&] {
+        first = std::this_thread::get_id();
+        ran.signal();
+    });
+    ASSERT_TRUE(ran.wait());
+    { const DispatchQueue copy = queue; }
+    queue.async([&] {
+        second = std::this_thread::get_id();
+        ran.signal();
+    });
+    ASSERT_TRUE(ran.wait(2));
+    EXPECT_EQ(first, second);
+}
+
+TEST(QueueWithOwnThread, RunsWhatWasPostedBeforeItsLastHandleWent) {
+    const Event started, goOn, ran, ended;
+    {
+        const auto queue = DispatchQueue::withOwnThread("test");
+        queue.async([=] {
+            signalAtTheEndOfThisThread(ended);
+            started.signal();
+            EXPECT_TRUE(goOn.wait());
+        });
+        for (int i = 0; i < 100; ++i) queue.async([ran] { ran.signal(); });
+    }
+    ASSERT_TRUE(started.wait());
+    goOn.signal();
+    EXPECT_TRUE(ended.wait());
+    EXPECT_EQ(ran.count(), 100);
+}
+
+TEST(QueueWithOwnThread, MayLoseItsLastHandleInsideItsOwnBlock) {
+    const Event ran, ended;
+    auto queue = std::make_unique<DispatchQueue>(DispatchQueue::withOwnThread("test"));
+    DispatchQueue* const posting = queue.get();
+    const Event goOn;
+    posting->async([=, held = std::move(queue)]() mutable {
+        EXPECT_TRUE(goOn.wait());
+        signalAtTheEndOfThisThread(ended);
+        held->async([ran] { ran.signal(); });
+        held.reset();
+    });
+    goOn.signal();
+    EXPECT_TRUE(ended.wait());
+    EXPECT_EQ(ran.count(), 1);
+}
+
+TEST(QueueWithOwnThread, TakesNoThreadFromThePoolWhenItBlocks) {
+    std::vector<DispatchQueue> queues;
+    const Event started, goOn, ended;
+    const auto count = static_cast<int>(detail::PoolProbe::limit()) + 2;
+    for (int i = 0; i < count; ++i) {
+        queues.push_back(DispatchQueue::withOwnThread("test"));
+        queues.back().async([=] {
+            started.signal();
+            EXPECT_TRUE(goOn.wait());
+            ended.signal();
+        });
+    }
+    ASSERT_TRUE(started.wait(count));
+    const Event ran;
+    DispatchQueue("pool").async([ran] { ran.signal(); });
+    EXPECT_TRUE(ran.wait());
+    goOn.signal();
+    EXPECT_TRUE(ended.wait(count));
+}
+
+TEST(QueueWithOwnThread, StandsManyQueuesThatComeAndGo) {
+    constexpr int count = 300;
+    const Event ran;
+    for (int i = 0; i < count; ++i) {
+        const auto queue = DispatchQueue::withOwnThread("test");
+        queue.async([ran] { ran.signal(); });
+        queue.async([ran, queue] { ran.signal(); });
+    }
+    EXPECT_TRUE(ran.wait(2 * count));
+}

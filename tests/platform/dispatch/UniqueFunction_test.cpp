@@ -1,0 +1,128 @@
+#include <VanticRestKit/platform/dispatch/UniqueFunction.h>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+using namespace VanticRestKit;
+
+namespace {
+
+int twice(int number) { return 2 * number; }
+
+/// Counts the objects that have the counter and were not moved from.
+struct Tracked {
+    explicit Tracked(int& count) : alive(&count) { ++*alive; }
+    Tracked(Tracked&& other) noexcept : alive(std::exchange(other.alive, nullptr)) {}
+    ~Tracked() {
+        if (alive != nullptr) --*alive;
+    }
+    int* alive;
+};
+
+}  // namespace
+
+TEST(UniqueFunction, HoldsACallableThatCannotBeCopied) {
+    auto number = std::make_unique<int>(7);
+    UniqueFunction<int()> function = [held = std::move(number)] { return *held; };
+    EXPECT_EQ(function(), 7);
+}
+
+TEST(UniqueFunction, IsEmptyWhenItIsMadeOfNothing) {
+    EXPECT_FALSE(Block());
+    EXPECT_FALSE(Block(nullptr));
+    EXPECT_FALSE(Block(std::function<void()>()));
+    EXPECT_FALSE(UniqueFunction<int(int)>(static_cast<int (*)(int)>(nullptr)));
+    EXPECT_FALSE(UniqueFunction<void(int)>(UniqueFunction<int(int)>()));
+}
+
+TEST(UniqueFunction, WrapsPlainFunctionsAndOtherWrappers) {
+    EXPECT_EQ(UniqueFunction<int(int)>(twice)(4), 8);
+    EXPECT_EQ(UniqueFunction<int(int)>(&twice)(4), 8);
+    EXPECT_EQ(UniqueFunction<long(short)>(std::function<int(int)>(twice))(4), 8);
+    EXPECT_EQ(UniqueFunction<long(short)>(UniqueFunction<int(int)>(twice))(4), 8);
+}
+
+TEST(UniqueFunction, PassesArgumentsThatCannotBeCopiedAndDropsAResultThatIsNotWanted) {
+    int seen = 0;
+    UniqueFunction<void(std::unique_ptr<int>)> function = [&](std::unique_ptr<int> number) {
+        seen = *number;
+        return number;
+    };
+    function(std::make_unique<int>(5));
+    EXPECT_EQ(seen, 5);
+}
+
+TEST(UniqueFunction, PassesReferencesAsTheyAre) {
+    UniqueFunction<int&(int&)> function = [](int& number) -> int& { return number; };
+    int number = 1;
+    EXPECT_EQ(&function(number), &number);
+}
+
+TEST(UniqueFunction, KeepsItsStateFromCallToCall) {
+    UniqueFunction<int()> function = [count = 0]() mutable { return ++count; };
+    function();
+    UniqueFunction<int()> moved = std::move(function);
+    EXPECT_EQ(moved(), 2);
+}
+
+TEST(UniqueFunction, DestroysASmallAndALargeCallableOnce) {
+    int alive = 0;
+    {
+        Block small = [tracked = Tracked(alive)] {};
+        Block large = [tracked = Tracked(alive), room = std::array<char, 200>()] {};
+        EXPECT_EQ(alive, 2);
+        Block first = std::move(small);
+        Block second = std::move(large);
+        EXPECT_FALSE(small);
+        EXPECT_FALSE(large);
+        EXPECT_EQ(alive, 2);
+        first = std::move(second);
+        EXPECT_EQ(alive, 1);
+    }
+    EXPECT_EQ(alive, 0);
+}
+
+TEST(UniqueFunction, HoldsACallableOfLargeAlignment) {
+    struct alignas(64) Aligned {
+        std::uintptr_t operator()() const { return reinterpret_cast<std::uintptr_t>(this) % 64; }
+    };
+    UniqueFunction<std::uintptr_t()> function = Aligned();
+    EXPECT_EQ(function(), 0U);
+}
+
+TEST(UniqueFunction, HoldsTheNewCallableWhileTheOldOneIsDestroyed) {
+    Block function;
+    bool sawNewOne = false;
+    struct Looks {
+        explicit Looks(Block& block, bool& seen) : function(&block), result(&seen) {}
+        Looks(Looks&& other) noexcept
+            : function(std::exchange(other.function, nullptr)), result(other.result) {}
+        ~Looks() {
+            if (function != nullptr) *result = static_cast<bool>(*function);
+        }
+        Block* function;
+        bool* result;
+    };
+    function = [looks = Looks(function, sawNewOne)] {};
+    function = [] {};
+    EXPECT_TRUE(sawNewOne);
+}
+
+TEST(UniqueFunction, SurvivesBeingMovedToItself) {
+    int calls = 0;
+    Block function = [&calls] { ++calls; };
+    Block& same = function;
+    function = std::move(same);
+    ASSERT_TRUE(function);
+    function();
+    EXPECT_EQ(calls, 1);
+}
+
+TEST(UniqueFunctionDeathTest, EndsTheProcessWhenAnEmptyOneIsCalled) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_DEATH(Block()(), "");
+}
