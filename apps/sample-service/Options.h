@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace sample {
+
+struct Options {
+    int port = 0;  // 0: any free one
+    bool tls = false;
+    std::string authorityFile;  // empty: the authority's certificate goes to standard output
+    bool endWithParent = false;
+};
+
+/// Reads the command line; ends the program with 2 where it is wrong, with 0 after showing the help.
+Options readOptions(int argc, char** argv);
+
+}  // namespace sample

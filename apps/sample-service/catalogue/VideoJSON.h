@@ -1,0 +1,20 @@
+#pragma once
+
+#include "catalogue/Catalogue.h"
+#include "server/Exchange.h"
+
+namespace sample {
+
+/// A video in the service's hypertext form, with its playlist embedded.
+JSON videoJSON(const Video& video);
+
+/// The streams, captions and warnings of a video, in the order in which they are played.
+JSON playlistJSON(const Video& video);
+
+/// What the two measuring services are told about a video.
+JSON analyticsJSON(const Video& video);
+
+/// The length of a video in seconds; 0 for a live one.
+unsigned durationOf(const Video& video);
+
+}  // namespace sample

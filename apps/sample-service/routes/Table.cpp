@@ -1,0 +1,16 @@
+#include "routes/Table.h"
+
+#include <iterator>
+
+namespace sample {
+
+std::vector<Route> serviceRoutes() {
+    std::vector<Route> table;
+    for (auto* kind : {timeRoutes, avatarRoutes, videoRoutes}) {
+        auto routes = kind();
+        std::move(routes.begin(), routes.end(), std::back_inserter(table));
+    }
+    return table;
+}
+
+}  // namespace sample

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "server/Faults.h"
+#include "server/RequestLog.h"
+#include "server/Router.h"
+
+namespace sample {
+
+// One function for each kind of resource, each in a file of its own in this folder.
+std::vector<Route> timeRoutes();
+std::vector<Route> avatarRoutes();
+std::vector<Route> videoRoutes();
+
+/// The table of routes: all that the service answers.
+std::vector<Route> serviceRoutes();
+
+/// What steers the service from outside: faults, the log of requests, its state, its end.
+std::vector<Route> controlRoutes(Faults& faults, RequestLog& log, std::function<void()> stop);
+
+}  // namespace sample

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace sample {
+
+/// Keys stay in the order in which a route writes them, so that an answer reads well.
+using JSON = nlohmann::ordered_json;
+
+/// A query item as it was sent; one without "=" has no value.
+struct QueryItem {
+    std::string name;
+    std::optional<std::string> value;
+};
+
+/// A request as it arrived, decoded once for all routes.
+struct Request {
+    std::string method;
+    std::string target;                 // path and query as sent, percent-encoding included
+    std::vector<std::string> segments;  // of the path, each decoded; empty ones inside the path are dropped
+    std::vector<QueryItem> query;       // in the order sent, decoded
+    std::vector<std::pair<std::string, std::string>> headers;
+    std::string body;
+    int peerPort = 0;
+
+    /// The segments joined again, without a leading slash: "v2/video/HL0101".
+    std::string path() const;
+};
+
+/// An answer. A text replaces the JSON where both are there, since a fault may send what is no JSON.
+struct Reply {
+    int status = 200;
+    std::optional<JSON> body{};
+    std::optional<std::string> text{};
+    std::string contentType = "application/json";
+    std::vector<std::pair<std::string, std::string>> headers{};
+};
+
+/// The service's own form of a failure.
+Reply failure(int status, const std::string& message);
+
+/// Takes a request's target apart.
+void readTarget(const std::string& target, Request& request);
+
+}  // namespace sample

@@ -1,0 +1,154 @@
+#include "server/Service.h"
+
+#include <sys/socket.h>
+
+#include <array>
+#include <algorithm>
+
+#include "server/WorkerPool.h"
+
+namespace sample {
+
+namespace {
+
+// What the HTTP library puts among the headers by itself.
+constexpr std::array<const char*, 4> notSent{"REMOTE_ADDR", "REMOTE_PORT", "LOCAL_ADDR", "LOCAL_PORT"};
+
+Request readRequest(const httplib::Request& raw, const httplib::ContentReader* body) {
+    Request request;
+    request.method = raw.method;
+    request.peerPort = raw.remote_port;
+    readTarget(raw.target, request);
+    for (const auto& [name, value] : raw.headers) {
+        if (std::find(notSent.begin(), notSent.end(), name) == notSent.end()) {
+            request.headers.emplace_back(name, value);
+        }
+    }
+    // A request that tells of no body has none; asking for it would wait for the end of the connection.
+    if (body != nullptr && (raw.has_header("Content-Length") || raw.has_header("Transfer-Encoding"))) {
+        (*body)([&](const char* data, std::size_t length) {
+            request.body.append(data, length);
+            return true;
+        });
+    }
+    return request;
+}
+
+std::string textOf(const Reply& reply) {
+    if (reply.text) return *reply.text;
+    if (!reply.body) return {};
+    return reply.body->dump(-1, ' ', false, JSON::error_handler_t::replace);
+}
+
+void prepare(const Reply& reply, httplib::Response& response) {
+    response.status = reply.status;
+    for (const auto& [name, value] : reply.headers) response.set_header(name, value);
+}
+
+}  // namespace
+
+Service::Service(Router routes, Router control, Faults& faults, RequestLog& log)
+    : routes_(std::move(routes)), control_(std::move(control)), faults_(faults), log_(log) {}
+
+Service::~Service() { stop(); }
+
+bool Service::start(int port, const Certificate* certificate) {
+    if (certificate != nullptr) {
+        server_ = std::make_unique<httplib::SSLServer>(certificate->certificate.get(), certificate->key.get());
+    } else {
+        server_ = std::make_unique<httplib::Server>();
+    }
+    server_->new_task_queue = [] { return new WorkerPool; };
+    server_->set_keep_alive_max_count(1'000'000'000);
+    server_->set_keep_alive_timeout(75);
+    server_->set_tcp_nodelay(true);
+
+    int listening = -1;
+    server_->set_socket_options([&listening](int socket) {
+        const int yes = 1;
+        setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+        listening = socket;
+    });
+
+    const auto plain = [this](const httplib::Request& raw, httplib::Response& response) {
+        handle(raw, response, nullptr);
+    };
+    const auto withBody = [this](const httplib::Request& raw, httplib::Response& response,
+                                 const httplib::ContentReader& body) { handle(raw, response, &body); };
+    server_->Get(".*", plain).Options(".*", plain);
+    server_->Post(".*", withBody).Put(".*", withBody).Patch(".*", withBody).Delete(".*", withBody);
+
+    port_ = port == 0 ? server_->bind_to_any_port("127.0.0.1")
+                      : (server_->bind_to_port("127.0.0.1", port) ? port : -1);
+    if (port_ <= 0) return false;
+    // The library's own backlog of five loses connections when a host opens many at once.
+    ::listen(listening, 1024);
+    connections_ = std::make_unique<Connections>(port_);
+    listening_ = std::thread([this] { server_->listen_after_bind(); });
+    return true;
+}
+
+void Service::stop() {
+    if (!listening_.joinable()) return;
+    server_->stop();
+    connections_->stop();
+    listening_.join();
+}
+
+void Service::handle(const httplib::Request& raw, httplib::Response& response,
+                     const httplib::ContentReader* body) {
+    const Request request = readRequest(raw, body);
+    if (body == nullptr && raw.get_header_value<std::uint64_t>("Content-Length") > 0) {
+        // The library leaves the body of such a request unread, in front of the next request.
+        response.set_header("Connection", "close");
+    }
+    if (!request.segments.empty() && request.segments.front() == "_control") {
+        const Reply reply = control_.answer(request);
+        prepare(reply, response);
+        response.set_content(textOf(reply), reply.contentType);
+        return;
+    }
+    log_.add(request);
+    answer(request, response);
+}
+
+void Service::answer(const Request& request, httplib::Response& response) {
+    const auto fault = faults_.take(request);
+    const bool cuts = fault && (fault->kind == FaultKind::stall || fault->kind == FaultKind::reset);
+    if (cuts && !fault->after) {
+        if (fault->kind == FaultKind::stall) connections_->waitForEnd(request.peerPort);
+        connections_->reset(request.peerPort);
+        return;
+    }
+    if (fault && fault->kind == FaultKind::delay && !connections_->wait(request.peerPort, fault->seconds)) {
+        connections_->reset(request.peerPort);
+        return;
+    }
+
+    Reply reply = routes_.answer(request);
+    if (fault) apply(*fault, reply);
+    prepare(reply, response);
+    if (cuts) {
+        cutShort(request, *fault, textOf(reply), response);
+    } else {
+        response.set_content(textOf(reply), reply.contentType);
+    }
+}
+
+// Announces the whole body, sends the first bytes of it and then does what the fault says.
+void Service::cutShort(const Request& request, const Fault& fault, std::string text,
+                       httplib::Response& response) {
+    const std::size_t announced = text.size();
+    text.resize(std::min(*fault.after, announced));
+    response.set_content_provider(
+        announced, "application/json",
+        [this, text = std::move(text), stalls = fault.kind == FaultKind::stall, peerPort = request.peerPort](
+            std::size_t, std::size_t, httplib::DataSink& sink) {
+            sink.write(text.data(), text.size());
+            if (stalls) connections_->waitForEnd(peerPort);
+            connections_->reset(peerPort);
+            return false;
+        });
+}
+
+}  // namespace sample

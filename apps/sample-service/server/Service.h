@@ -1,0 +1,46 @@
+#pragma once
+
+#include <httplib.h>
+
+#include <memory>
+#include <string>
+#include <thread>
+
+#include "server/Certificate.h"
+#include "server/Connections.h"
+#include "server/Faults.h"
+#include "server/RequestLog.h"
+#include "server/Router.h"
+
+namespace sample {
+
+/// The HTTP server: brings requests to the table of routes, and faults between the two.
+class Service {
+public:
+    /// The routes under "_control/" are asked first; they are neither logged nor reached by faults.
+    Service(Router routes, Router control, Faults& faults, RequestLog& log);
+    ~Service();
+
+    /// Listens on 127.0.0.1 and returns; port 0 picks one. False if the port cannot be had.
+    bool start(int port, const Certificate* certificate);
+    int port() const { return port_; }
+
+    /// Ends after the answers that are being written. Held back ones are dropped.
+    void stop();
+
+private:
+    void handle(const httplib::Request& raw, httplib::Response& response, const httplib::ContentReader* body);
+    void answer(const Request& request, httplib::Response& response);
+    void cutShort(const Request& request, const Fault& fault, std::string text, httplib::Response& response);
+
+    Router routes_;
+    Router control_;
+    Faults& faults_;
+    RequestLog& log_;
+    std::unique_ptr<httplib::Server> server_;
+    std::unique_ptr<Connections> connections_;
+    std::thread listening_;
+    int port_ = 0;
+};
+
+}  // namespace sample

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <httplib.h>
+
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace sample {
+
+/// Gives each connection a thread. A connection that is kept alive, or held back by a fault, occupies its thread,
+/// so a pool of a fixed size would let a few of them silence the service.
+class WorkerPool : public httplib::TaskQueue {
+public:
+    void enqueue(std::function<void()> job) override;
+    void shutdown() override;
+
+private:
+    void work();
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::deque<std::function<void()>> jobs_;
+    std::vector<std::thread> threads_;
+    std::size_t idle_ = 0;
+    bool ending_ = false;
+};
+
+}  // namespace sample
