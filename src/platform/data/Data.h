@@ -21,7 +21,7 @@ public:
     static constexpr std::size_t padding = 64;
 
     /// No bytes. A `Data` without bytes is still a value: an empty body is not an absent one.
-    Data() : Data(std::string()) {}
+    Data() noexcept = default;
 
     /// Copies `bytes`.
     explicit Data(std::string_view bytes) : Data(withRoom(bytes)) {}
@@ -32,9 +32,22 @@ public:
         buffer_ = std::make_shared<const std::string>(std::move(bytes));
     }
 
+    /// Copies a text up to its NUL.
     explicit Data(const char* text) : Data(std::string_view(text)) {}
 
-    const char* data() const noexcept { return buffer_->data(); }
+    Data(const Data&) = default;
+    Data& operator=(const Data&) = default;
+    /// What was moved from has no bytes.
+    Data(Data&& other) noexcept : buffer_(std::move(other.buffer_)), size_(std::exchange(other.size_, 0)) {}
+    Data& operator=(Data&& other) noexcept {
+        buffer_ = std::move(other.buffer_);
+        size_ = std::exchange(other.size_, 0);
+        return *this;
+    }
+    ~Data() = default;
+
+    /// The first byte. It stays where it is as long as this `Data` or a copy of it lives.
+    const char* data() const noexcept { return buffer_ ? buffer_->data() : noBytes; }
     std::size_t size() const noexcept { return size_; }
     bool empty() const noexcept { return size_ == 0; }
 
@@ -51,8 +64,11 @@ private:
         return copy;
     }
 
-    std::shared_ptr<const std::string> buffer_;
-    std::size_t size_;
+    static constexpr char noBytes[padding] = {};
+
+    /// Null where there are no bytes.
+    std::shared_ptr<const std::string> buffer_{};
+    std::size_t size_{};
 };
 
 }  // namespace VanticRestKit

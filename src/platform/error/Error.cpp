@@ -30,7 +30,9 @@ std::string Error::localizedDescription() const {
     return described(userInfo(), domain(), code());
 }
 
-std::string NSError::localizedDescription() const { return described(userInfo_, domain_, code_); }
+std::string NSError::localizedDescription() const {
+    return description_ ? *description_ : described(userInfo_, domain_, code_);
+}
 
 const ErrorTag& NSError::errorTag() {
     static const ErrorTag tag;

@@ -1,18 +1,19 @@
 #pragma once
 
 /// \file
-/// `Error`: one handle over every error of the library and of the host, `AnyValue` and `NSError`.
+/// `Error`: one handle over every error of the library and of the host. Brings `AnyValue` and `NSError`
+/// along.
 
 #include <VanticRestKit/Visibility.h>
 
 #include <concepts>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <variant>
 
 namespace VanticRestKit {
 
@@ -30,9 +31,11 @@ struct ErrorTag {};
 /// - `static const ErrorTag& errorTag()`: its identity, defined in a source file and exported.
 /// - `std::string errorDomain() const` and `std::int64_t errorCode() const`.
 ///
-/// It may also offer `Dictionary errorUserInfo() const`, and `std::string generalDescription() const` where its
-/// own text is to be shown by the general interface. Without the latter the description is the user
+/// It may also offer `Dictionary errorUserInfo() const`, and `std::string generalDescription() const` where
+/// its own text is to be shown by the general interface. Without the latter the description is the user
 /// information's `NSLocalizedDescription`, else a sentence composed of domain and code.
+///
+/// Any thread may ask an error that is inside an `Error`, and several at once: the members must stand that.
 template <class T>
 concept ErrorType = requires(const T& value) {
     { T::errorTag() } -> std::same_as<const ErrorTag&>;
@@ -50,10 +53,11 @@ inline constexpr std::string_view NSURLErrorFailingURLStringErrorKey = "NSErrorF
 /// "The operation couldn’t be completed. (DOMAIN error CODE.)", the sentence for an error without a text.
 VRK_EXPORT std::string composedErrorDescription(std::string_view domain, std::int64_t code);
 
-/// A copyable handle over any concrete error. Copies share one immutable error.
+/// A copyable handle over any concrete error. Copies share one immutable error, and any number of threads may
+/// read it. A handle that was moved from can be assigned to and destroyed, nothing else.
 class VRK_EXPORT Error {
 public:
-    /// Holds a copy of `value`.
+    /// Holds `value`.
     template <ErrorType T>
     Error(T value) : box_(std::make_shared<const Box<T>>(std::move(value))) {}
 
@@ -89,6 +93,13 @@ private:
 
     template <class T>
     struct Box final : AnyBox {
+        static_assert(!requires(T& held) { held.errorUserInfo(); } ||
+                          requires(const T& held) { held.errorUserInfo(); },
+                      "errorUserInfo() must be const");
+        static_assert(!requires(T& held) { held.generalDescription(); } ||
+                          requires(const T& held) { held.generalDescription(); },
+                      "generalDescription() must be const");
+
         explicit Box(T held) : error(std::move(held)) {}
         const ErrorTag& tag() const override { return T::errorTag(); }
         const void* value() const override { return &error; }
@@ -111,78 +122,8 @@ private:
     std::shared_ptr<const AnyBox> box_;
 };
 
-/// A value of free-form data: text, a whole number, a truth value, a number with a fraction, an error, or
-/// something else that the library carries without looking into it.
-class AnyValue {
-public:
-    /// A value of none of the other kinds. It does not travel to a service.
-    struct Other {
-        std::string description;
-        friend bool operator==(const Other&, const Other&) = default;
-    };
-
-    AnyValue() : value_(Other{}) {}
-    AnyValue(std::string text) : value_(std::move(text)) {}
-    AnyValue(std::string_view text) : value_(std::string(text)) {}
-    AnyValue(const char* text) : value_(std::string(text)) {}
-    AnyValue(bool truth) : value_(truth) {}
-    template <std::integral I>
-        requires(!std::same_as<I, bool>)
-    AnyValue(I number) : value_(static_cast<std::int64_t>(number)) {}
-    AnyValue(double number) : value_(number) {}
-    AnyValue(Error error) : value_(std::move(error)) {}
-    AnyValue(Other other) : value_(std::move(other)) {}
-
-    /// The text, or null where this is no text.
-    const std::string* text() const noexcept { return std::get_if<std::string>(&value_); }
-    /// The whole number, or null. A truth value is no number.
-    const std::int64_t* integer() const noexcept { return std::get_if<std::int64_t>(&value_); }
-    /// The truth value, or null.
-    const bool* boolean() const noexcept { return std::get_if<bool>(&value_); }
-    /// The number with a fraction, or null.
-    const double* number() const noexcept { return std::get_if<double>(&value_); }
-    /// The error, or null.
-    const Error* error() const noexcept { return std::get_if<Error>(&value_); }
-
-    friend bool operator==(const AnyValue&, const AnyValue&) = default;
-
-private:
-    std::variant<std::string, std::int64_t, bool, double, Error, Other> value_;
-};
-
-template <class T>
-Dictionary Error::Box<T>::userInfo() const {
-    if constexpr (requires { error.errorUserInfo(); }) {
-        return error.errorUserInfo();
-    } else {
-        return {};
-    }
-}
-
-/// An error told by its parts alone: domain, code and user information.
-class VRK_EXPORT NSError {
-public:
-    NSError(std::string domain, std::int64_t code, Dictionary userInfo = {})
-        : domain_(std::move(domain)), code_(code), userInfo_(std::move(userInfo)) {}
-
-    /// The parts of any error: what the platform's bridge makes of it.
-    explicit NSError(const Error& error) : NSError(error.domain(), error.code(), error.userInfo()) {}
-
-    const std::string& domain() const noexcept { return domain_; }
-    std::int64_t code() const noexcept { return code_; }
-    const Dictionary& userInfo() const noexcept { return userInfo_; }
-    /// The user information's description where there is one, else the composed sentence.
-    std::string localizedDescription() const;
-
-    static const ErrorTag& errorTag();
-    std::string errorDomain() const { return domain_; }
-    std::int64_t errorCode() const { return code_; }
-    Dictionary errorUserInfo() const { return userInfo_; }
-
-private:
-    std::string domain_;
-    std::int64_t code_;
-    Dictionary userInfo_;
-};
-
 }  // namespace VanticRestKit
+
+// Behind `Error`, because each of the two needs it whole, and it needs them only once it is used.
+#include <VanticRestKit/platform/error/AnyValue.h>
+#include <VanticRestKit/platform/error/NSError.h>

@@ -3,6 +3,8 @@
 /// \file
 /// `Result`: a value or the error that stands in its place.
 
+#include <concepts>
+#include <cstddef>
 #include <cstdlib>
 #include <type_traits>
 #include <utility>
@@ -26,7 +28,8 @@ private:
 /// A value of type T, or an error of type E. `T` may be `void`.
 ///
 /// The member names are those of `std::expected`, but nothing here throws: reading the side that is not there
-/// ends the process, as dereferencing an empty `std::optional` may. Test with `has_value()` first.
+/// ends the process, as dereferencing an empty `std::optional` may. Test with `has_value()` first. One that
+/// was moved from still tells which side it held.
 template <class T, class E>
 class [[nodiscard]] Result {
 public:
@@ -59,6 +62,15 @@ public:
     constexpr T value_or(U&& fallback) const& {
         return has_value() ? value() : static_cast<T>(std::forward<U>(fallback));
     }
+    template <class U>
+    constexpr T value_or(U&& fallback) && {
+        return has_value() ? std::move(*this).value() : static_cast<T>(std::forward<U>(fallback));
+    }
+
+    /// Whether both hold equal values, or both equal errors.
+    friend constexpr bool operator==(const Result&, const Result&)
+        requires std::equality_comparable<T> && std::equality_comparable<E>
+    = default;
 
 private:
     template <std::size_t I, class V>
@@ -86,13 +98,28 @@ public:
     constexpr bool has_value() const noexcept { return storage_.index() == 0; }
     constexpr explicit operator bool() const noexcept { return has_value(); }
 
-    constexpr const E& error() const& noexcept {
-        const E* const side = std::get_if<1>(&storage_);
-        if (side == nullptr) std::abort();
-        return *side;
+    /// Nothing, but ends the process where there is an error, as the other form does.
+    constexpr void value() const noexcept {
+        if (!has_value()) std::abort();
     }
 
+    constexpr E& error() & noexcept { return *held(storage_); }
+    constexpr const E& error() const& noexcept { return *held(storage_); }
+    constexpr E&& error() && noexcept { return std::move(*held(storage_)); }
+
+    /// Whether both are successes, or both hold equal errors.
+    friend constexpr bool operator==(const Result&, const Result&)
+        requires std::equality_comparable<E>
+    = default;
+
 private:
+    template <class V>
+    static constexpr auto* held(V& storage) noexcept {
+        auto* const error = std::get_if<1>(&storage);
+        if (error == nullptr) std::abort();
+        return error;
+    }
+
     std::variant<std::monostate, E> storage_;
 };
 

@@ -1,0 +1,48 @@
+#pragma once
+
+/// \file
+/// `NSError`: an error told by its parts alone.
+
+#include <VanticRestKit/platform/error/AnyValue.h>
+#include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace VanticRestKit {
+
+/// An error told by its parts alone: domain, code and user information.
+class VRK_EXPORT NSError {
+public:
+    NSError(std::string domain, std::int64_t code, Dictionary userInfo = {})
+        : domain_(std::move(domain)), code_(code), userInfo_(std::move(userInfo)) {}
+
+    /// The parts of any error, and its description: what the platform's bridge makes of it.
+    explicit NSError(const Error& error) : NSError(error.domain(), error.code(), error.userInfo()) {
+        description_ = error.localizedDescription();
+    }
+
+    const std::string& domain() const noexcept { return domain_; }
+    std::int64_t code() const noexcept { return code_; }
+    const Dictionary& userInfo() const noexcept { return userInfo_; }
+    /// That of the error which it was made from; else the user information's where there is one, else the
+    /// composed sentence.
+    std::string localizedDescription() const;
+
+    static const ErrorTag& errorTag();
+    std::string errorDomain() const { return domain_; }
+    std::int64_t errorCode() const { return code_; }
+    Dictionary errorUserInfo() const { return userInfo_; }
+    std::string generalDescription() const { return localizedDescription(); }
+
+private:
+    std::string domain_;
+    std::int64_t code_;
+    Dictionary userInfo_;
+    std::optional<std::string> description_{};
+};
+
+}  // namespace VanticRestKit
