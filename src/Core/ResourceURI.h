@@ -60,9 +60,16 @@ VRK_ROUTE_MEMBER(RouteHttpMethod, httpMethod, std::optional<std::string>)
 template <class R, class Member>
 concept OffersMember = Member::template called<R> || Member::template stored<R>;
 
-/// A final class must offer every member: whether it hides one that cannot be used is impossible to tell.
+/// Whether a final class lacks a member or hides it cannot be told, so that it must offer all.
 template <class R, class Member>
-concept OffersOrLacksMember = OffersMember<R, Member> ||(!std::is_final_v<R> && Member::template absent<R>);
+concept LacksMember = !std::is_final_v<R> && Member::template absent<R>;
+
+template <class R, class Member>
+concept OffersOrLacksMember = OffersMember<R, Member> || LacksMember<R, Member>;
+
+/// Has a path in whatever form, and so asks to be told what is wrong with it.
+template <class R>
+concept MeantAsRoute = std::is_class_v<R> && !LacksMember<R, RoutePath>;
 
 }  // namespace detail
 
@@ -90,12 +97,21 @@ concept RouteType = std::is_class_v<R> && detail::OffersMember<R, detail::RouteP
 /// ```
 class ResourceURI {
 public:
-    template <RouteType R>
+    /// From any `RouteType`. A type with a path that is no `RouteType` does not compile.
+    template <detail::MeantAsRoute R>
     ResourceURI(const R& route)
         : path_(detail::RoutePath::read(route)),
           queryItems_(detail::RouteQueryItems::read(route)),
           postData_(detail::RoutePostData::read(route)),
-          httpMethod_(detail::RouteHttpMethod::read(route)) {}
+          httpMethod_(detail::RouteHttpMethod::read(route)) {
+        static_assert(detail::OffersMember<R, detail::RoutePath>, "the route's path cannot be used");
+        static_assert(detail::OffersOrLacksMember<R, detail::RouteQueryItems>,
+                      "the route has queryItems that cannot be used, or is final without any");
+        static_assert(detail::OffersOrLacksMember<R, detail::RoutePostData>,
+                      "the route has postData that cannot be used, or is final without any");
+        static_assert(detail::OffersOrLacksMember<R, detail::RouteHttpMethod>,
+                      "the route has an httpMethod that cannot be used, or is final without any");
+    }
 
     /// Relative to the context's base URL, without a slash at its front; not percent-encoded. An empty text
     /// asks for the base URL itself.

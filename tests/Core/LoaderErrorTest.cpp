@@ -1,0 +1,71 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/Core/Loader.h>
+#include <VanticRestKit/Core/LoaderError.h>
+#include <VanticRestKit/Core/NetworkError.h>
+
+#include <Core/FakeContext.h>
+
+namespace VanticRestKit {
+namespace {
+
+static_assert(std::is_same_v<Loader<double>::LoaderError, LoaderError>);
+static_assert(std::is_same_v<Loader<double>::LoaderError, Loader<bool>::LoaderError>);
+
+LoaderError httpFailure(std::int64_t status) {
+    return LoaderError::serverError(NetworkError::httpError(URLRequest(test::url("https://api.example.test")),
+                                                            test::httpResponse(status), std::nullopt));
+}
+
+TEST(LoaderError, AServerErrorSaysWhatTheGeneralInterfaceSaysOfItsPayload) {
+    const LoaderError error = httpFailure(500);
+    EXPECT_EQ(
+        error.localizedDescription(),
+        "The operation couldn\u2019t be completed. (dev.vantic.VanticRestKit.networkService error 500.)");
+    ASSERT_TRUE(error.underlyingError());
+    ASSERT_NE(error.underlyingError()->as<NetworkError>(), nullptr);
+    EXPECT_EQ(error.underlyingError()->as<NetworkError>()->localizedDescription(), "Got response 500");
+}
+
+TEST(LoaderError, AServerErrorWithoutAPayloadReadsUnknownServerError) {
+    EXPECT_EQ(LoaderError::serverError(std::nullopt).localizedDescription(), "Unknown server error");
+}
+
+TEST(LoaderError, AFailedDecodeHasOneTextWhateverItsPayload) {
+    EXPECT_EQ(LoaderError::failedToDecode(std::nullopt).localizedDescription(),
+              "Unable to decode the server response");
+    EXPECT_EQ(LoaderError::failedToDecode(NSError("D", 1)).localizedDescription(),
+              "Unable to decode the server response");
+}
+
+TEST(LoaderError, TheCasesThatNothingRaisesHaveTheirTexts) {
+    EXPECT_EQ(LoaderError::unknowError().localizedDescription(), "Unknown error");
+    EXPECT_EQ(LoaderError::unknownResponse().localizedDescription(), "Unknown response");
+    EXPECT_EQ(LoaderError::loaderStateError().localizedDescription(), "Loaded in incorrect state");
+}
+
+TEST(LoaderError, Is404ForAnHTTPErrorWith404Only) {
+    EXPECT_TRUE(httpFailure(404).is404Error());
+    EXPECT_FALSE(httpFailure(500).is404Error());
+    EXPECT_FALSE(LoaderError::serverError(std::nullopt).is404Error());
+    EXPECT_FALSE(LoaderError::serverError(NSError("D", 404)).is404Error());
+    EXPECT_FALSE(LoaderError::failedToDecode(httpFailure(404).underlyingError()).is404Error());
+    EXPECT_FALSE(LoaderError::unknowError().is404Error());
+    const NetworkError requestFailedWith404 = NetworkError::requestFailed(
+        URLRequest(test::url("https://api.example.test")), test::httpResponse(404), NSError("D", 404));
+    EXPECT_FALSE(LoaderError::serverError(requestFailedWith404).is404Error());
+}
+
+TEST(LoaderError, TheGeneralDescriptionIsItsOwnText) {
+    const Error general = LoaderError::failedToDecode(NSError("D", 1));
+    EXPECT_EQ(general.localizedDescription(), "Unable to decode the server response");
+    EXPECT_EQ(general.domain(), "VanticRestKit.Loader.LoaderError");
+    EXPECT_EQ(general.code(), 1);
+}
+
+TEST(LoaderError, ComparesItsCaseAlone) {
+    EXPECT_EQ(httpFailure(404), httpFailure(500));
+    EXPECT_NE(httpFailure(404), LoaderError::unknowError());
+}
+
+}  // namespace
+}  // namespace VanticRestKit

@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/Core/NetworkActivityCounter.h>
+#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
+
+#include <Core/ActivityCounter.h>
+#include <vector>
+
+namespace VanticRestKit {
+namespace {
+
+static_assert(!std::is_default_constructible_v<NetworkActivityCounter>, "nobody makes one from outside");
+
+/// Records what the host's sign was told, and whether always on the main queue. Read when the main queue is
+/// settled.
+class NetworkActivityCounterTest : public ::testing::Test {
+protected:
+    NetworkActivityCounterTest() {
+        test::zeroActivityCounter();
+        test::settleMainQueue();
+        NetworkActivityCounter::setIndicator([this](bool visible) {
+            told.push_back(visible);
+            alwaysOnMain = alwaysOnMain && DispatchQueue::main().isCurrent();
+        });
+    }
+    ~NetworkActivityCounterTest() override {
+        NetworkActivityCounter::setIndicator(nullptr);
+        test::zeroActivityCounter();
+        test::settleMainQueue();
+    }
+
+    std::vector<bool> told;
+    bool alwaysOnMain = true;
+};
+
+TEST_F(NetworkActivityCounterTest, ARequestUnderWayShowsTheSignAndItsEndHidesIt) {
+    NetworkActivityCounter::increase();
+    test::settleMainQueue();
+    EXPECT_EQ(told, std::vector<bool>{true});
+    NetworkActivityCounter::decrease();
+    test::settleMainQueue();
+    EXPECT_EQ(told, (std::vector<bool>{true, false}));
+    EXPECT_TRUE(alwaysOnMain);
+}
+
+TEST_F(NetworkActivityCounterTest, ANegativeCounterShowsTheSign) {
+    NetworkActivityCounter::decrease();
+    test::settleMainQueue();
+    EXPECT_EQ(test::activityCounter(), -1);
+    EXPECT_EQ(told, std::vector<bool>{true});
+}
+
+TEST_F(NetworkActivityCounterTest, TheSignIsToldOnceForEachChange) {
+    NetworkActivityCounter::increase();
+    NetworkActivityCounter::increase();
+    NetworkActivityCounter::decrease();
+    test::settleMainQueue();
+    EXPECT_EQ(told.size(), 3U);
+    EXPECT_EQ(told.back(), true);
+}
+
+TEST_F(NetworkActivityCounterTest, TheSignIsToldWhatTheCounterSaysByThen) {
+    // All of it in one block of the main queue, so that both changes are made before anybody is told.
+    const test::Event posted;
+    DispatchQueue::main().async([posted] {
+        NetworkActivityCounter::increase();
+        NetworkActivityCounter::decrease();
+        posted.signal();
+    });
+    ASSERT_TRUE(posted.wait());
+    test::settleMainQueue();
+    EXPECT_EQ(told, (std::vector<bool>{false, false})) << "the counter is back at zero when it is read";
+}
+
+TEST_F(NetworkActivityCounterTest, ASignIsNotToldOfThePresentStateWhenItIsInstalled) {
+    NetworkActivityCounter::increase();
+    test::settleMainQueue();
+    std::vector<bool> late;
+    NetworkActivityCounter::setIndicator([&late](bool visible) { late.push_back(visible); });
+    test::settleMainQueue();
+    EXPECT_TRUE(late.empty());
+    NetworkActivityCounter::decrease();
+    test::settleMainQueue();
+    EXPECT_EQ(late, std::vector<bool>{false});
+    NetworkActivityCounter::setIndicator(nullptr);
+    test::settleMainQueue();
+}
+
+TEST_F(NetworkActivityCounterTest, TheCallingThreadOnlyPosts) {
+    const test::Event release;
+    const test::Event blocked;
+    DispatchQueue::main().async([release, blocked] {
+        blocked.signal();
+        EXPECT_TRUE(release.wait());
+    });
+    ASSERT_TRUE(blocked.wait());
+    NetworkActivityCounter::increase();
+    NetworkActivityCounter::decrease();
+    EXPECT_TRUE(told.empty()) << "the main queue is busy, and yet both calls have returned";
+    release.signal();
+    test::settleMainQueue();
+    EXPECT_EQ(told.size(), 2U);
+}
+
+}  // namespace
+}  // namespace VanticRestKit

@@ -1,0 +1,83 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/Core/Required.h>
+#include <VanticRestKit/platform/dispatch/UniqueFunction.h>
+#include <VanticRestKit/platform/url/URLQueryItem.h>
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <vector>
+
+namespace VanticRestKit {
+namespace {
+
+struct Named {
+    Required<std::string> name;
+    std::optional<std::string> title{};
+};
+struct NamedWithItems {
+    Required<std::string> name;
+    Required<std::vector<URLQueryItem>> items;
+};
+struct Referred {
+    Required<std::string> usingHref;
+};
+
+std::string chosen(const Named&) { return "Named"; }
+std::string chosen(const NamedWithItems&) { return "NamedWithItems"; }
+std::string chosen(const Referred&) { return "Referred"; }
+
+template <class T>
+concept LeftOut = requires {
+    T{};
+};
+
+static_assert(!std::is_default_constructible_v<Required<int>>);
+static_assert(!std::is_default_constructible_v<Required<std::vector<URLQueryItem>>>);
+static_assert(!LeftOut<Named> && !LeftOut<NamedWithItems>);
+
+static_assert(std::is_convertible_v<int, Required<std::int64_t>>);
+static_assert(!std::is_convertible_v<double, Required<int>>, "narrowing is refused");
+static_assert(!std::is_convertible_v<int, Required<std::uint64_t>>, "narrowing is refused");
+static_assert(!std::is_convertible_v<const char*, Required<std::vector<std::string>>>);
+
+TEST(Required, OverloadsAreChosenByTheLabelsAlone) {
+    EXPECT_EQ(chosen({.name = "a"}), "Named");
+    EXPECT_EQ(chosen({.name = "a", .title = "b"}), "Named");
+    EXPECT_EQ(chosen({.name = "a", .items = std::vector<URLQueryItem>{}}), "NamedWithItems");
+    EXPECT_EQ(chosen({.usingHref = "a"}), "Referred");
+}
+
+TEST(Required, AListIsGivenByItsElements) {
+    const NamedWithItems given{.name = "a", .items = {{"x", "1"}, {"y", std::nullopt}}};
+    const std::vector<URLQueryItem> expected{{"x", "1"}, {"y", std::nullopt}};
+    EXPECT_EQ(given.items.value(), expected);
+}
+
+TEST(Required, ADictionaryIsGivenByItsEntries) {
+    struct Headers {
+        Required<std::map<std::string, std::string>> headers;
+    };
+    const Headers given{.headers = {{"a", "1"}}};
+    EXPECT_EQ(given.headers.value().at("a"), "1");
+}
+
+TEST(Required, AnOptionalMayBeGivenEmpty) {
+    struct Timeout {
+        Required<std::optional<double>> timeout;
+    };
+    EXPECT_EQ(Timeout{.timeout = std::nullopt}.timeout.value(), std::nullopt);
+    EXPECT_EQ(Timeout{.timeout = 5}.timeout.value(), 5.0);
+}
+
+TEST(Required, ACallableThatCannotBeCopiedMovesThrough) {
+    struct Completing {
+        Required<UniqueFunction<int()>> with;
+    };
+    Completing given{.with = [held = std::make_unique<int>(7)] { return *held; }};
+    UniqueFunction<int()> taken = std::move(given.with);
+    EXPECT_EQ(taken(), 7);
+}
+
+}  // namespace
+}  // namespace VanticRestKit

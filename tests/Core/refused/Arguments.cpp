@@ -1,0 +1,37 @@
+// Arguments with the fault that CASE names.
+#include <VanticRestKit/Core/HrefURI.h>
+#include <VanticRestKit/Core/Loader.h>
+#include <VanticRestKit/Core/Required.h>
+
+#include <cstdint>
+
+using namespace VanticRestKit;
+
+namespace {
+
+struct Limit {
+    Required<std::uint64_t> limit;
+};
+
+}  // namespace
+
+int main() {
+#if CASE == 0
+    const HrefURI uri({.withHref = "x", .andQueryItems = {{"a", "1"}}});
+    const Limit limit{.limit = 5u};
+#elif CASE == 1
+    const HrefURI uri({.andQueryItems = {{"a", "1"}}});
+    const Limit limit{.limit = 5u};
+#elif CASE == 2
+    const HrefURI::Arguments uri{.withHref = "x"};
+    const Limit limit{.limit = 5u};
+#elif CASE == 3
+    const HrefURI uri({.withHref = "x", .andQueryItems = {{"a", "1"}}});
+    const Limit limit{.limit = -1.5};
+#elif CASE == 4
+    Loader<double> loader(nullptr);
+    const HrefURI uri({.withHref = "x", .andQueryItems = {{"a", "1"}}});
+    const Limit limit{.limit = 5u};
+#endif
+    return static_cast<int>(limit.limit.value());
+}
