@@ -36,6 +36,7 @@ enum class ValueKind : std::uint8_t {
     list,
     choice,      ///< One of several types, tried in turn.
     dictionary,  ///< A free-form object of plain values.
+    anything,    ///< Any value at all; nothing of it is kept.
     nullable,    ///< At the root only: null is an empty value.
 };
 
@@ -92,8 +93,8 @@ struct Candidate {
     const TypePlan& (*type)();
     void* (*make)();
     void (*drop)(void* made);
-    /// Hands the finished value over to the field or list element; it takes ownership.
-    void (*keep)(void* made, void* value);
+    /// Moves the finished value into the field, or behind the last element of the list, and frees it.
+    void (*keep)(void* made, void* fieldOrList);
 };
 
 /// The types that a choice tries, in order.

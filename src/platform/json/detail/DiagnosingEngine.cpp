@@ -139,7 +139,7 @@ bool DiagnosingEngine::valueInto(const FieldPlan& field, void* place, Place at) 
     const Candidate* chosen = nullptr;
     void* made = nullptr;
     if (!choice(*field.type->choice, at, chosen, made)) return false;
-    chosen->keep(made, field.ops->open(place));
+    chosen->keep(made, place);
     return true;
 }
 
@@ -163,7 +163,7 @@ bool DiagnosingEngine::element(const ListPlan& plan, void* target, Place at, std
         const Candidate* chosen = nullptr;
         void* made = nullptr;
         if (!choice(*type.choice, at, chosen, made)) return false;
-        chosen->keep(made, plan.append(target, bytesRead, bytesLeft));
+        chosen->keep(made, target);
         return true;
     }
     if (value(type, plan.append(target, bytesRead, bytesLeft), at, false, Presence::required)) return true;
@@ -197,8 +197,8 @@ bool DiagnosingEngine::fail(Kind kind, std::string_view expected, std::string_vi
 bool DiagnosingEngine::failUnfit(const TypePlan& type, Place at, bool isNamed, Presence presence) {
     const std::string_view found = foundAt(at.at);
     Kind kind = found == jsonTypeOf(type.kind) ? Kind::dataCorrupted : Kind::typeMismatch;
-    // A null that no key names and that is to be opened is one more value of another type.
-    if (found == "null" && (isNamed || !isOpened(type.kind))) kind = Kind::valueNotFound;
+    // A null that no key names and that should be an object is one more value of another type.
+    if (found == "null" && (isNamed || !isObject(type.kind))) kind = Kind::valueNotFound;
     return fail(kind, kind == Kind::typeMismatch ? expectedType(type) : type.name, found, presence);
 }
 

@@ -46,7 +46,7 @@ bool FastEngine::root(const TypePlan& plan, void* value) {
         }
         case ValueKind::object: return *at_ == '{' && push(childOf(plan, value, nullptr));
         case ValueKind::list: return *at_ == '[' && push(childOf(plan, value, nullptr));
-        default: rootDecoded_ = plain(plan, value, nullptr) == Fit::fits; return rootDecoded_;
+        default: rootDecoded_ = held(plan, value, nullptr) == Fit::fits; return rootDecoded_;
     }
 }
 
@@ -169,7 +169,7 @@ bool FastEngine::fieldValue(Frame& top, const FieldPlan& field) {
             if (*at_ != '{') return unfit(top, field);
             return pushCandidate(*field.type->choice, 0, &field);
         default: {
-            const Fit fit = plain(*field.type, place, field.isOptional ? field.ops : nullptr);
+            const Fit fit = held(*field.type, place, field.isOptional ? field.ops : nullptr);
             if (fit == Fit::fits) return true;
             return fit == Fit::unfit && unfit(top, field);
         }
@@ -236,7 +236,7 @@ bool FastEngine::element(Frame& top) {
         void* const place = top.list->append(top.target, static_cast<std::size_t>(at_ - top.start),
                                              static_cast<std::size_t>(end_ - at_));
         if (opens) return push(childOf(type, place, nullptr));
-        const Fit fit = plain(type, place, nullptr);
+        const Fit fit = held(type, place, nullptr);
         if (fit == Fit::fits) return true;
         top.list->removeLast(top.target);
         if (fit == Fit::broken) return false;
@@ -303,12 +303,7 @@ bool FastEngine::endCandidate(const Frame& ended, bool hasFailed) {
     const Candidate& type = ended.choice->candidates[ended.candidate];
     if (!hasFailed) {
         Frame& around = frames_.back();
-        void* const place =
-            ended.field != nullptr
-                ? ended.field->ops->open(around.target + ended.field->offset)
-                : around.list->append(around.target, static_cast<std::size_t>(ended.start - around.start),
-                                      static_cast<std::size_t>(end_ - ended.start));
-        type.keep(ended.target, place);
+        type.keep(ended.target, around.target + (ended.field != nullptr ? ended.field->offset : 0));
         return true;
     }
     type.drop(ended.target);
@@ -339,6 +334,12 @@ void FastEngine::deliver(const FieldPlan* field, bool isStored, bool hasFailed) 
         field->ops->reset(place);
         if (field->setDefault != nullptr) field->setDefault(place);
     }
+}
+
+// A value that holds no others, or one whose inside nobody looks at.
+Fit FastEngine::held(const TypePlan& type, void* place, const FieldOps* optional) {
+    if (type.kind != ValueKind::anything) return plain(type, place, optional);
+    return skip() ? Fit::fits : Fit::broken;
 }
 
 bool FastEngine::skip() {

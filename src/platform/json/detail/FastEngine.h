@@ -62,6 +62,7 @@ private:
     void deliver(const FieldPlan* field, bool isStored, bool hasFailed);
     Frame childOf(const TypePlan& type, void* target, const FieldPlan* field) const;
 
+    Fit held(const TypePlan& type, void* place, const FieldOps* optional);
     bool skip();
 
     Data document_;

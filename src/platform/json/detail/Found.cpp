@@ -28,14 +28,14 @@ std::string_view jsonTypeOf(ValueKind kind) noexcept {
         case ValueKind::choice:
         case ValueKind::dictionary: return "object";
         case ValueKind::list: return "array";
+        case ValueKind::anything:
         case ValueKind::nullable: break;
     }
     return "";
 }
 
-bool isOpened(ValueKind kind) noexcept {
-    return kind == ValueKind::object || kind == ValueKind::choice || kind == ValueKind::list ||
-           kind == ValueKind::dictionary;
+bool isObject(ValueKind kind) noexcept {
+    return kind == ValueKind::object || kind == ValueKind::choice || kind == ValueKind::dictionary;
 }
 
 std::string_view expectedType(const TypePlan& type) noexcept {

@@ -15,8 +15,8 @@ std::string_view foundAt(const char* at) noexcept;
 /// The JSON type that a kind of value is read from.
 std::string_view jsonTypeOf(ValueKind kind) noexcept;
 
-/// Whether a kind of value is opened as an object or array.
-bool isOpened(ValueKind kind) noexcept;
+/// Whether a kind of value is opened as an object.
+bool isObject(ValueKind kind) noexcept;
 
 /// The type that a value of another JSON type misses: a text first of all, where a text is then converted.
 std::string_view expectedType(const TypePlan& type) noexcept;

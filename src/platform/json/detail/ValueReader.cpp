@@ -53,6 +53,7 @@ Fit ValueReader::plain(const TypePlan& type, void* place, const FieldOps* option
         case ValueKind::decimalOrText: return decimalOrTextInto(place, isOptional);
         case ValueKind::convertedText:
         case ValueKind::convertedNumber: return convertedInto(type, place, optional);
+        case ValueKind::anything: return Fit::fits;
         default: return Fit::unfit;
     }
 }

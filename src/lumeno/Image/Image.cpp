@@ -1,0 +1,23 @@
+#include <VanticRestKit/lumeno/Image/Image.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<Image>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<Image>(
+        lenient<&Image::id, decimalOrText>("id"),
+        lenient<&Image::url>("url"),
+        lenient<&Image::accessibilityText>("accessibilityText"),
+        lenient<&Image::type>("type"),
+        lenient<&Image::tags>("tags"),
+        lenient<&Image::aspectRatio>("aspectRatio"),
+        lenient<&Image::width>("width"),
+        lenient<&Image::height>("height"),
+        lenient<&Image::altText>("altText"));
+    return plan;
+}
+
+}  // namespace VanticRestKit

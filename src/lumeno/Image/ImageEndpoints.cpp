@@ -1,0 +1,12 @@
+#include <VanticRestKit/Core/Resource.h>
+#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
+#include <VanticRestKit/lumeno/Image/AvatarURI.h>
+#include <VanticRestKit/lumeno/Image/Image.h>
+
+namespace VanticRestKit {
+
+std::optional<Resource<std::vector<Image>>> Endpoint::Avatars(const Context& context) {
+    return VanticRestKit::Resource<std::vector<Image>>::make({.with = AvatarURI{}}, context);
+}
+
+}  // namespace VanticRestKit

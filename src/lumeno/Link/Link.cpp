@@ -1,0 +1,18 @@
+#include <VanticRestKit/lumeno/Link/Link.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<Link>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<Link>(
+        required<&Link::href>("href"),
+        lenient<&Link::id>("id"),
+        lenient<&Link::title>("title"),
+        lenient<&Link::tags>("tags"));
+    return plan;
+}
+
+}  // namespace VanticRestKit

@@ -1,0 +1,40 @@
+#pragma once
+
+/// \file
+/// `lumenoHrefURI`: the route for a path that came from the catalogue service.
+
+#include <VanticRestKit/Core/Required.h>
+#include <VanticRestKit/lumeno/Link/Link.h>
+#include <VanticRestKit/platform/url/URLQueryItem.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace VanticRestKit {
+
+/// Asks for a path that came from the catalogue service, such as a link's `href`. It restores the version prefix
+/// that such paths leave out and changes nothing else: a leading slash stays, and makes two.
+struct lumenoHrefURI {
+    struct HrefArguments {
+        Required<std::string> withHref;
+    };
+    struct LinkArguments {
+        Required<Link> withLink;
+    };
+
+    /// `lumenoHrefURI({.withHref = "show/x"})`
+    explicit lumenoHrefURI(HrefArguments arguments) : href(std::move(arguments.withHref).value()) {}
+    /// `lumenoHrefURI({.withLink = link})`: the link's `href`.
+    explicit lumenoHrefURI(LinkArguments arguments) : href(std::move(arguments.withLink).value().href) {}
+
+    /// As the service sent it.
+    std::string href;
+
+    std::string path() const { return "v2/" + href; }
+    std::vector<URLQueryItem> queryItems() const { return {}; }
+
+    friend bool operator==(const lumenoHrefURI&, const lumenoHrefURI&) = default;
+};
+
+}  // namespace VanticRestKit

@@ -1,0 +1,47 @@
+#pragma once
+
+/// \file
+/// `PlaylistItem`: one entry of what is played for a video.
+
+#include <VanticRestKit/lumeno/Playlist/Streams.h>
+#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/RawText.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <optional>
+#include <string>
+
+namespace VanticRestKit {
+
+/// One entry of what is played for a video. An entry of a kind that is not known does not decode, and with it
+/// the whole playlist that holds it.
+struct PlaylistItem {
+    enum class PlaylistType { program, rating, viewerAdvice, preroll, livestream, trailer };
+
+    PlaylistType type{};
+    Streams streams{};
+    std::optional<std::string> title{};
+    /// Where the captions lie, as a WebVTT file.
+    std::optional<std::string> captionsSrcVtt{};
+    /// What the viewer is to be warned of.
+    std::optional<std::string> warning{};
+
+    friend bool operator==(const PlaylistItem&, const PlaylistItem&) = default;
+};
+
+template <>
+struct RawTexts<PlaylistItem::PlaylistType> {
+    static constexpr RawCase<PlaylistItem::PlaylistType> cases[] = {
+        {PlaylistItem::PlaylistType::program, "program", "program"},
+        {PlaylistItem::PlaylistType::rating, "rating", "rating"},
+        {PlaylistItem::PlaylistType::viewerAdvice, "viewerAdvice", "va"},
+        {PlaylistItem::PlaylistType::preroll, "preroll", "preroll"},
+        {PlaylistItem::PlaylistType::livestream, "livestream", "livestream"},
+        {PlaylistItem::PlaylistType::trailer, "trailer", "trailer"},
+    };
+};
+
+template <>
+VRK_EXPORT const TypePlan& planOf<PlaylistItem>();
+
+}  // namespace VanticRestKit

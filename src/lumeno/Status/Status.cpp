@@ -1,0 +1,21 @@
+#include <VanticRestKit/lumeno/Status/Status.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<Status>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<Status>(
+        required<&Status::title>("title"),
+        required<&Status::theme, fromRawOr<StatusTheme::default_>>("theme"));
+    return plan;
+}
+
+const ErrorTag& Status::DecodingError::errorTag() {
+    static const ErrorTag tag;
+    return tag;
+}
+
+}  // namespace VanticRestKit

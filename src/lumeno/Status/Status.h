@@ -1,0 +1,54 @@
+#pragma once
+
+/// \file
+/// `Status`: a badge shown on an entity.
+
+#include <VanticRestKit/lumeno/Status/StatusTheme.h>
+#include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <cstdint>
+#include <string>
+#include <utility>
+
+namespace VanticRestKit {
+
+/// A badge shown on an entity. Title and theme must be there as texts; a theme that is not known is the default
+/// one.
+struct Status {
+    class DecodingError;
+
+    std::string title{};
+    StatusTheme theme{};
+
+    friend bool operator==(const Status&, const Status&) = default;
+};
+
+/// What a badge could fail with. Nothing raises it: a theme that is not known is no failure.
+class VRK_EXPORT Status::DecodingError {
+public:
+    /// A text that names no theme.
+    static DecodingError invalidTheme(std::string found) { return DecodingError(std::move(found)); }
+
+    /// The text that names no theme.
+    const std::string& found() const noexcept { return found_; }
+    std::string localizedDescription() const { return "Invalid Status theme string value found: " + found_; }
+
+    static const ErrorTag& errorTag();
+    std::string errorDomain() const { return "VanticRestKit.Status.DecodingError"; }
+    std::int64_t errorCode() const { return 0; }
+    std::string generalDescription() const { return localizedDescription(); }
+
+    friend bool operator==(const DecodingError&, const DecodingError&) noexcept { return true; }
+
+private:
+    explicit DecodingError(std::string found) : found_(std::move(found)) {}
+
+    std::string found_;
+};
+
+template <>
+VRK_EXPORT const TypePlan& planOf<Status>();
+
+}  // namespace VanticRestKit
