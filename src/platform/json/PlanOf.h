@@ -155,7 +155,8 @@ struct BuiltIn<std::optional<T>> {
             .kind = ValueKind::nullable,
             .name = planOf<T>().name,
             .wrapped = &planOf<T>(),
-            .wrap = [](void* value) -> void* { return &static_cast<std::optional<T>*>(value)->emplace(); }};
+            .wrap = fieldOps<std::optional<T>>.open,
+            .peek = fieldOps<std::optional<T>>.peek};
         return plan;
     }
 };

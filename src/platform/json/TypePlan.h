@@ -54,6 +54,8 @@ struct TypePlan {
     /// Of `nullable`: what lies under it, and how to make room for it.
     const TypePlan* wrapped = nullptr;
     void* (*wrap)(void* value) = nullptr;
+    /// Of `nullable`: what it holds, or null.
+    const void* (*peek)(const void* value) = nullptr;
 };
 
 /// What the table says of a value that is absent, null or unfit.

@@ -1,0 +1,188 @@
+#include <VanticRestKit/platform/json/ValueText.h>
+
+#include <VanticRestKit/platform/date/Date.h>
+
+#include <charconv>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+
+namespace VanticRestKit {
+
+namespace {
+
+/// "2020-01-02T03:04:05.25Z", or the seconds since 1970 where the year has not four digits.
+std::string dateText(Date date) {
+    const double seconds = date.time_since_epoch().count();
+    constexpr double firstYear = -62135596800;  // 0001-01-01
+    constexpr double lastYear = 253402300800;   // 10000-01-01
+    if (!(seconds >= firstYear && seconds < lastYear)) return numberText(seconds);
+
+    // Whole seconds and millionths apart: their sum has more digits than a double holds.
+    double whole = std::floor(seconds);
+    auto millionths = static_cast<long>(std::lround((seconds - whole) * 1e6));
+    if (millionths == 1'000'000) {
+        millionths = 0;
+        whole += 1;
+        if (whole >= lastYear) return numberText(seconds);
+    }
+    const std::chrono::sys_seconds time{std::chrono::seconds(static_cast<long long>(whole))};
+    const auto day = std::chrono::floor<std::chrono::days>(time);
+    const std::chrono::year_month_day calendar(day);
+    const std::chrono::hh_mm_ss clock(time - day);
+    char text[64];
+    std::snprintf(text, sizeof text, "\"%04d-%02u-%02uT%02d:%02d:%02d", static_cast<int>(calendar.year()),
+                  static_cast<unsigned>(calendar.month()), static_cast<unsigned>(calendar.day()),
+                  static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
+                  static_cast<int>(clock.seconds().count()));
+    std::string result = text;
+    if (millionths != 0) {
+        std::snprintf(text, sizeof text, ".%06ld", millionths);
+        std::string fraction = text;
+        fraction.erase(fraction.find_last_not_of('0') + 1);
+        result += fraction;
+    }
+    return result + "Z\"";
+}
+
+/// Writes values one inside the other. Values lie no deeper than documents do.
+class Writer {
+public:
+    explicit Writer(ValueLayout layout) : indented_(layout == ValueLayout::indented) {}
+
+    void value(const TypePlan& plan, const void* value) {
+        switch (plan.kind) {
+            case ValueKind::text:
+            case ValueKind::decimalOrText: text_ += quotedText(*static_cast<const std::string*>(value)); break;
+            case ValueKind::boolean: text_ += *static_cast<const bool*>(value) ? "true" : "false"; break;
+            case ValueKind::integer: text_ += std::to_string(*static_cast<const std::int64_t*>(value)); break;
+            case ValueKind::unsignedInteger:
+                text_ += std::to_string(*static_cast<const std::uint64_t*>(value));
+                break;
+            case ValueKind::number: text_ += numberText(*static_cast<const double*>(value)); break;
+            case ValueKind::convertedText:
+            case ValueKind::convertedNumber:
+                text_ += plan.caseName != nullptr ? quotedText(plan.caseName(value))
+                                                  : dateText(*static_cast<const Date*>(value));
+                break;
+            case ValueKind::object: object(*plan.object, value); break;
+            case ValueKind::list: list(*plan.list, value); break;
+            case ValueKind::choice: choice(*plan.choice, value); break;
+            case ValueKind::nullable: {
+                const void* const held = plan.peek(value);
+                held != nullptr ? this->value(*plan.wrapped, held) : void(text_ += "null");
+                break;
+            }
+            case ValueKind::dictionary:
+            case ValueKind::anything: text_ += "{}"; break;
+        }
+    }
+
+    std::string take() { return std::move(text_); }
+
+private:
+    void object(const ObjectPlan& plan, const void* entity) {
+        open('{');
+        for (const MemberPlan& member : plan.members) {
+            name(member.name);
+            const void* const held = member.ops->peek(static_cast<const std::byte*>(entity) + member.offset);
+            held != nullptr ? value(*member.type, held) : void(text_ += "null");
+        }
+        close('}', !plan.members.empty());
+    }
+
+    void list(const ListPlan& plan, const void* list) {
+        open('[');
+        const std::size_t count = plan.count(list);
+        for (std::size_t i = 0; i < count; ++i) {
+            separate();
+            value(plan.element(), plan.at(list, i));
+        }
+        close(']', count != 0);
+    }
+
+    void choice(const ChoicePlan& plan, const void* chosen) {
+        const TypePlan& type = plan.candidates[plan.which(chosen)].type();
+        open('{');
+        name(type.name);
+        value(type, plan.held(chosen));
+        close('}', true);
+    }
+
+    void name(std::string_view name) {
+        separate();
+        text_ += quotedText(name);
+        text_ += indented_ ? ": " : ":";
+    }
+
+    void open(char bracket) {
+        text_ += bracket;
+        ++depth_;
+        isFirst_ = true;
+    }
+
+    void separate() {
+        if (!isFirst_) text_ += ',';
+        isFirst_ = false;
+        line();
+    }
+
+    void close(char bracket, bool holdsSome) {
+        --depth_;
+        if (holdsSome) line();
+        text_ += bracket;
+        isFirst_ = false;
+    }
+
+    void line() {
+        if (!indented_) return;
+        text_ += '\n';
+        text_.append(depth_ * 2, ' ');
+    }
+
+    bool indented_;
+    bool isFirst_ = true;
+    std::size_t depth_ = 0;
+    std::string text_;
+};
+
+}  // namespace
+
+std::string valueText(const TypePlan& plan, const void* value, ValueLayout layout) {
+    Writer writer(layout);
+    writer.value(plan, value);
+    return writer.take();
+}
+
+std::string quotedText(std::string_view text) {
+    std::string quoted = "\"";
+    for (const char c : text) {
+        switch (c) {
+            case '"': quoted += "\\\""; break;
+            case '\\': quoted += "\\\\"; break;
+            case '\n': quoted += "\\n"; break;
+            case '\r': quoted += "\\r"; break;
+            case '\t': quoted += "\\t"; break;
+            default:
+                if (static_cast<unsigned char>(c) < 0x20) {
+                    char escape[8];
+                    std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(c));
+                    quoted += escape;
+                } else {
+                    quoted += c;
+                }
+        }
+    }
+    return quoted + '"';
+}
+
+std::string numberText(double number) {
+    char text[512];
+    // A whole number is written out, as long as every digit of it is known.
+    const bool isWhole = number == std::trunc(number) && std::abs(number) < 1e17;
+    const auto [end, fault] = isWhole ? std::to_chars(text, text + sizeof text, number, std::chars_format::fixed, 0)
+                                      : std::to_chars(text, text + sizeof text, number);
+    return std::string(text, end);
+}
+
+}  // namespace VanticRestKit
