@@ -1,0 +1,122 @@
+#include <VanticRestKit/platform/http/detail/Admission.h>
+
+#include <algorithm>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+// What servers commonly allow on one connection.
+constexpr std::size_t streamsPerConnection = 100;
+// Beyond this many origins, what is known of those that are idle is forgotten.
+constexpr std::size_t mostLines = 256;
+
+}  // namespace
+
+struct Applicant::Line {
+    std::list<Applicant*> waiting;
+    std::size_t admitted = 0;
+    std::size_t aside = 0;
+    Carriage carriage = Carriage::unknown;
+    bool isToBeLookedAt = false;
+};
+
+Admission::Admission(std::size_t connectionsPerHost)
+    : connectionsPerHost_(std::max<std::size_t>(connectionsPerHost, 1)) {}
+
+Admission::~Admission() = default;
+
+std::size_t Admission::capacity(const Line& line) const {
+    if (line.carriage == Carriage::many && line.aside == 0) {
+        return std::max(streamsPerConnection, connectionsPerHost_);
+    }
+    // The connection of those set aside is one of the host's.
+    const std::size_t taken = line.aside == 0 ? 0 : 1;
+    return std::max<std::size_t>(connectionsPerHost_ - taken, 1);
+}
+
+void Admission::lookAt(Line& line) {
+    if (line.isToBeLookedAt || line.waiting.empty()) return;
+    line.isToBeLookedAt = true;
+    toLookAt_.push_back(&line);
+}
+
+void Admission::prune() {
+    if (lines_.size() < mostLines) return;
+    std::erase_if(lines_, [](const auto& entry) {
+        const Line& line = *entry.second;
+        return line.waiting.empty() && line.admitted == 0 && line.aside == 0 && !line.isToBeLookedAt;
+    });
+}
+
+void Admission::enqueue(Applicant& applicant, const std::string& origin) {
+    prune();
+    auto& line = lines_[origin];
+    if (!line) line = std::make_unique<Line>();
+    applicant.line_ = line.get();
+    applicant.state_ = Applicant::State::waiting;
+    applicant.place_ = line->waiting.insert(line->waiting.end(), &applicant);
+    lookAt(*line);
+}
+
+Applicant* Admission::admitNext() {
+    while (!toLookAt_.empty()) {
+        Line& line = *toLookAt_.front();
+        if (!line.waiting.empty() && line.admitted < capacity(line)) {
+            Applicant& applicant = *line.waiting.front();
+            line.waiting.pop_front();
+            applicant.state_ = Applicant::State::admitted;
+            ++line.admitted;
+            return &applicant;
+        }
+        line.isToBeLookedAt = false;
+        toLookAt_.pop_front();
+    }
+    return nullptr;
+}
+
+void Admission::leave(Applicant& applicant) {
+    if (applicant.line_ == nullptr) return;
+    Line& line = *applicant.line_;
+    switch (applicant.state_) {
+        case Applicant::State::outside: break;
+        case Applicant::State::waiting: line.waiting.erase(applicant.place_); break;
+        case Applicant::State::admitted: --line.admitted; break;
+        case Applicant::State::setAside: --line.aside; break;
+    }
+    applicant.state_ = Applicant::State::outside;
+    applicant.line_ = nullptr;
+    lookAt(line);
+}
+
+void Admission::learn(Applicant& applicant, Carriage carriage) {
+    if (applicant.line_ == nullptr) return;
+    applicant.line_->carriage = carriage;
+    lookAt(*applicant.line_);
+}
+
+Carriage Admission::carriage(const Applicant& applicant) const {
+    return applicant.line_ == nullptr ? Carriage::unknown : applicant.line_->carriage;
+}
+
+void Admission::setAside(Applicant& applicant, bool aside) {
+    const auto from = aside ? Applicant::State::admitted : Applicant::State::setAside;
+    if (applicant.state_ != from) return;
+    Line& line = *applicant.line_;
+    if (aside) {
+        --line.admitted;
+        ++line.aside;
+        applicant.state_ = Applicant::State::setAside;
+    } else {
+        --line.aside;
+        ++line.admitted;
+        applicant.state_ = Applicant::State::admitted;
+    }
+    lookAt(line);
+}
+
+bool Admission::hasSetAside(const Applicant& applicant) const {
+    return applicant.line_ != nullptr && applicant.line_->aside > 0;
+}
+
+}  // namespace VanticRestKit::detail

@@ -1,0 +1,42 @@
+#include <VanticRestKit/platform/http/detail/ContentDecoder.h>
+
+#include <array>
+#include <brotli/decode.h>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+class BrotliDecoder final : public ContentDecoder {
+public:
+    BrotliDecoder() : state_(BrotliDecoderCreateInstance(nullptr, nullptr, nullptr)) {}
+    ~BrotliDecoder() override { BrotliDecoderDestroyInstance(state_); }
+
+    bool decode(std::string_view coded, std::string& plain) override {
+        if (state_ == nullptr) return false;
+        if (hasEnded()) return true;
+        const auto* next = reinterpret_cast<const std::uint8_t*>(coded.data());
+        std::size_t left = coded.size();
+        std::array<char, 32 * 1024> room;
+        while (true) {
+            auto* out = reinterpret_cast<std::uint8_t*>(room.data());
+            std::size_t outLeft = room.size();
+            const auto answer =
+                BrotliDecoderDecompressStream(state_, &left, &next, &outLeft, &out, nullptr);
+            plain.append(room.data(), room.size() - outLeft);
+            if (answer == BROTLI_DECODER_RESULT_ERROR) return false;
+            if (answer != BROTLI_DECODER_RESULT_NEEDS_MORE_OUTPUT) return true;
+        }
+    }
+
+    bool hasEnded() const override { return state_ != nullptr && BrotliDecoderIsFinished(state_) == BROTLI_TRUE; }
+
+private:
+    BrotliDecoderState* state_;
+};
+
+}  // namespace
+
+std::unique_ptr<ContentDecoder> makeBrotliDecoder() { return std::make_unique<BrotliDecoder>(); }
+
+}  // namespace VanticRestKit::detail

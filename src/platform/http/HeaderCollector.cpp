@@ -1,0 +1,97 @@
+#include <VanticRestKit/platform/http/detail/HeaderCollector.h>
+#include <VanticRestKit/platform/http/detail/HeaderName.h>
+
+#include <charconv>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+// Far above what servers send; below it a hostile one fills no memory.
+constexpr std::size_t largestHead = 512 * 1024;
+
+}  // namespace
+
+void HeaderCollector::add(std::string_view line) {
+    if (place_ == Place::behind) return;
+    while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.remove_suffix(1);
+    size_ += line.size();
+    if (size_ > largestHead && !fault_) {
+        fault_ = Fault{URLErrorCode::cannotParseResponse, "The headers of the answer have no end."};
+    }
+    if (place_ == Place::before) {
+        if (line.starts_with("HTTP/")) begin(line);
+    } else if (line.empty()) {
+        finish();
+    } else {
+        addField(line);
+    }
+}
+
+void HeaderCollector::begin(std::string_view line) {
+    place_ = Place::inside;
+    fields_.clear();
+    last_ = nullptr;
+    location_.reset();
+    contentLength_.reset();
+    multiplexed_ = line.starts_with("HTTP/2") || line.starts_with("HTTP/3");
+    status_ = 0;
+    if (const auto blank = line.find(' '); blank != std::string_view::npos) {
+        const std::string_view rest = trimmed(line.substr(blank));
+        std::from_chars(rest.data(), rest.data() + rest.size(), status_);
+    }
+}
+
+void HeaderCollector::addField(std::string_view line) {
+    if (line.front() == ' ' || line.front() == '\t') {
+        // A value that goes on in the next line, as old servers still write it.
+        if (last_ != nullptr) last_->append(1, ' ').append(trimmed(line));
+        return;
+    }
+    const auto colon = line.find(':');
+    if (colon == std::string_view::npos) return;
+    const std::string_view name = trimmed(line.substr(0, colon));
+    const std::string_view value = trimmed(line.substr(colon + 1));
+    if (sameHeaderName(name, "content-length")) readLength(value);
+    if (sameHeaderName(name, "location") && !location_) location_ = value;
+    const auto found = findHeader(fields_, name);
+    if (found == fields_.end()) {
+        last_ = &fields_.emplace(name, value).first->second;
+    } else {
+        last_ = &found->second.append(", ").append(value);
+    }
+}
+
+void HeaderCollector::readLength(std::string_view value) {
+    // One line may hold the number several times, as a proxy joins them.
+    while (true) {
+        const auto comma = value.find(',');
+        const std::string_view item = trimmed(value.substr(0, comma));
+        std::uint64_t length = 0;
+        const auto [end, error] = std::from_chars(item.data(), item.data() + item.size(), length);
+        if (item.empty() || error != std::errc() || end != item.data() + item.size()) {
+            fault_ = Fault{URLErrorCode::cannotParseResponse, "The Content-Length of the answer is no number."};
+        } else if (contentLength_ && *contentLength_ != length) {
+            fault_ = Fault{URLErrorCode::cannotParseResponse, "The answer has two different Content-Lengths."};
+        } else {
+            contentLength_ = length;
+        }
+        if (comma == std::string_view::npos) return;
+        value.remove_prefix(comma + 1);
+    }
+}
+
+void HeaderCollector::finish() {
+    constexpr std::int64_t switchingProtocols = 101;
+    const bool interim = status_ >= 100 && status_ < 200 && status_ != switchingProtocols;
+    place_ = interim ? Place::before : Place::behind;
+    last_ = nullptr;
+}
+
+std::optional<std::string> HeaderCollector::value(std::string_view name) const {
+    const auto found = findHeader(fields_, name);
+    if (found == fields_.end()) return std::nullopt;
+    return found->second;
+}
+
+}  // namespace VanticRestKit::detail

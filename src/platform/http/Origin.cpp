@@ -1,0 +1,40 @@
+#include <VanticRestKit/platform/http/detail/HeaderName.h>
+#include <VanticRestKit/platform/http/detail/Origin.h>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+constexpr std::int64_t largestPort = 65535;
+
+}  // namespace
+
+bool isSecure(const URL& url) { return sameHeaderName(url.scheme().value_or(""), "https"); }
+
+std::string originOf(const URL& url) {
+    const bool secure = isSecure(url);
+    std::string origin = asciiLowered(url.scheme().value_or(""));
+    origin += "://";
+    origin += asciiLowered(url.host().value_or(""));
+    origin += ':';
+    origin += std::to_string(url.port().value_or(secure ? 443 : 80));
+    return origin;
+}
+
+std::optional<Fault> whyUnusable(const URLRequest& request) {
+    if (!request.url()) return Fault{URLErrorCode::badURL, "The request has no URL."};
+    const URL& url = *request.url();
+    if (!isSecure(url) && !sameHeaderName(url.scheme().value_or(""), "http")) {
+        return Fault{URLErrorCode::unsupportedURL, "The URL's scheme is neither http nor https."};
+    }
+    if (!url.host()) return Fault{URLErrorCode::badURL, "The URL has no host."};
+    if (const auto port = url.port(); port && (*port < 1 || *port > largestPort)) {
+        return Fault{URLErrorCode::badURL, "The URL's port is none."};
+    }
+    if (!isToken(request.httpMethod().value_or("GET"))) {
+        return Fault{URLErrorCode::badURL, "The request's method is no token."};
+    }
+    return std::nullopt;
+}
+
+}  // namespace VanticRestKit::detail

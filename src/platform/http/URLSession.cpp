@@ -1,0 +1,70 @@
+#include <VanticRestKit/platform/http/detail/Transfer.h>
+#include <VanticRestKit/platform/http/detail/Transport.h>
+#include <VanticRestKit/platform/http/detail/URLErrors.h>
+#include <VanticRestKit/platform/http/URLSession.h>
+#include <VanticRestKit/platform/result/Result.h>
+
+#include <utility>
+
+namespace VanticRestKit {
+
+detail::Transport::~Transport() = default;
+
+URLSessionDataTask::URLSessionDataTask(std::shared_ptr<detail::Transport> transport,
+                                       std::shared_ptr<detail::Transfer> transfer)
+    : transport_(std::move(transport)), transfer_(std::move(transfer)) {}
+
+URLSessionDataTask::~URLSessionDataTask() = default;
+
+void URLSessionDataTask::resume() {
+    if (transfer_->start()) transport_->start(transfer_);
+}
+
+void URLSessionDataTask::cancel() {
+    if (transfer_->isStarted()) {
+        transport_->cancel(transfer_);
+    } else if (transfer_->cancelUnstarted()) {
+        transport_->delegateQueue().async([transfer = transfer_] {
+            const detail::Fault fault{URLErrorCode::cancelled};
+            transfer->complete({.error = detail::makeURLError(fault, transfer->request().url())});
+        });
+    }
+}
+
+std::shared_ptr<URLSession> URLSession::make(URLSessionConfiguration configuration) {
+    return std::shared_ptr<URLSession>(new URLSession(std::move(configuration)));
+}
+
+URLSession::URLSession(URLSessionConfiguration configuration)
+    : configuration_(std::move(configuration)), transport_(detail::makeTransport(configuration_)) {}
+
+URLSession::~URLSession() = default;
+
+std::shared_ptr<URLSessionDataTask> URLSession::dataTask(URLRequest request, Completion completionHandler) {
+    auto transfer = std::make_shared<detail::Transfer>(std::move(request), std::move(completionHandler));
+    return std::shared_ptr<URLSessionDataTask>(new URLSessionDataTask(transport_, std::move(transfer)));
+}
+
+AnyPublisher<URLSession::Output, Error> URLSession::dataTaskPublisher(URLRequest request) {
+    using Publisher = AnyPublisher<Output, Error>;
+    return Publisher::create([transport = transport_,
+                              request = std::move(request)](Subscriber<Output, Error> subscriber) {
+        auto completion = [subscriber = std::move(subscriber)](std::optional<Data> data,
+                                                               std::shared_ptr<const URLResponse> response,
+                                                               std::optional<Error> error) {
+            if (error) {
+                subscriber.complete(Failure(*std::move(error)));
+            } else {
+                subscriber.receive({std::move(data).value_or(Data()), std::move(response)});
+                subscriber.complete();
+            }
+        };
+        auto transfer = std::make_shared<detail::Transfer>(request, std::move(completion));
+        const std::shared_ptr<URLSessionDataTask> task(
+            new URLSessionDataTask(transport, std::move(transfer)));
+        task->resume();
+        return Cancellable([task] { task->cancel(); });
+    });
+}
+
+}  // namespace VanticRestKit

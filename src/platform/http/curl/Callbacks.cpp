@@ -1,0 +1,101 @@
+#include <VanticRestKit/platform/http/curl/detail/Callbacks.h>
+#include <VanticRestKit/platform/http/curl/detail/Options.h>
+
+#include <string_view>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+// A redirect's body is read so that its connection can be used again; a larger one is not worth it.
+constexpr std::uint64_t mostForgotten = 256 * 1024;
+
+Attempt& attemptOf(void* user) { return *static_cast<Attempt*>(user); }
+
+// Each of the following ends the request by taking less than it was given.
+std::size_t onHeaderLine(char* bytes, std::size_t size, std::size_t count, void* user) {
+    Attempt& attempt = attemptOf(user);
+    attempt.received();
+    attempt.head.add(std::string_view(bytes, size * count));
+    if (attempt.head.fault()) {
+        attempt.fault = attempt.head.fault();
+        return 0;
+    }
+    if (attempt.head.isComplete() && !attempt.hasHead) attempt.readHead();
+    return size * count;
+}
+
+std::size_t onBody(char* bytes, std::size_t size, std::size_t count, void* user) {
+    Attempt& attempt = attemptOf(user);
+    attempt.received();
+    const std::string_view piece(bytes, size * count);
+    if (attempt.isRedirect) {
+        attempt.forgotten += piece.size();
+        return attempt.forgotten > mostForgotten ? 0 : piece.size();
+    }
+    if (attempt.hasUnknownCoding) {
+        attempt.fault = Fault{URLErrorCode::cannotDecodeRawData, "The body has a coding that is not known here."};
+        return 0;
+    }
+    attempt.fault = attempt.body.add(piece);
+    return attempt.fault ? 0 : piece.size();
+}
+
+int onProgress(void* user, curl_off_t, curl_off_t downloaded, curl_off_t, curl_off_t uploaded) {
+    Attempt& attempt = attemptOf(user);
+    if (downloaded != attempt.downloaded) attempt.received();
+    if (uploaded != attempt.uploaded) attempt.moved();
+    attempt.downloaded = downloaded;
+    attempt.uploaded = uploaded;
+    return 0;
+}
+
+int onReadyToSend(void* user, char* remoteAddress, char* localAddress, int remotePort, int localPort) {
+    Attempt& attempt = attemptOf(user);
+    if (attempt.sendings > 0 && attempt.exchange.request().httpMethod() != "GET") {
+        attempt.fault = Fault{URLErrorCode::networkConnectionLost,
+                              "The connection was dead already, and only a GET may be sent again."};
+        return CURL_PREREQFUNC_ABORT;
+    }
+    ++attempt.sendings;
+    attempt.moved();
+    if (attempt.connection) --attempt.connection->streams;
+    attempt.connection =
+        attempt.surroundings.connections.find({remoteAddress, localAddress, remotePort, localPort});
+    if (attempt.connection) ++attempt.connection->streams;
+    return CURL_PREREQFUNC_OK;
+}
+
+curl_socket_t onOpenSocket(void* user, curlsocktype, curl_sockaddr* address) {
+    Attempt& attempt = attemptOf(user);
+    attempt.openedSocket =
+        attempt.surroundings.connections.open(address->family, address->socktype, address->protocol);
+    return attempt.openedSocket;
+}
+
+// A connection outlives the request that opened it, so this one gets what outlives the connections.
+int onCloseSocket(void* user, curl_socket_t socket) { return static_cast<Connections*>(user)->close(socket); }
+
+}  // namespace
+
+bool installCallbacks(Attempt& attempt) {
+    Options options(attempt.easy);
+    options.set(CURLOPT_PRIVATE, &attempt.exchange);
+    options.set(CURLOPT_ERRORBUFFER, attempt.errorText.data());
+    options.set(CURLOPT_HEADERFUNCTION, &onHeaderLine);
+    options.set(CURLOPT_HEADERDATA, &attempt);
+    options.set(CURLOPT_WRITEFUNCTION, &onBody);
+    options.set(CURLOPT_WRITEDATA, &attempt);
+    options.set(CURLOPT_NOPROGRESS, 0L);
+    options.set(CURLOPT_XFERINFOFUNCTION, &onProgress);
+    options.set(CURLOPT_XFERINFODATA, &attempt);
+    options.set(CURLOPT_PREREQFUNCTION, &onReadyToSend);
+    options.set(CURLOPT_PREREQDATA, &attempt);
+    options.set(CURLOPT_OPENSOCKETFUNCTION, &onOpenSocket);
+    options.set(CURLOPT_OPENSOCKETDATA, &attempt);
+    options.set(CURLOPT_CLOSESOCKETFUNCTION, &onCloseSocket);
+    options.set(CURLOPT_CLOSESOCKETDATA, &attempt.surroundings.connections);
+    return options.areTaken();
+}
+
+}  // namespace VanticRestKit::detail

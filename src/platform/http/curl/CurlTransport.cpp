@@ -1,0 +1,68 @@
+#include <VanticRestKit/platform/dispatch/detail/Thread.h>
+#include <VanticRestKit/platform/http/curl/detail/ExitGate.h>
+#include <VanticRestKit/platform/http/curl/detail/Inbox.h>
+#include <VanticRestKit/platform/http/curl/detail/IoLoop.h>
+#include <VanticRestKit/platform/http/detail/Transport.h>
+#include <VanticRestKit/platform/http/detail/URLErrors.h>
+
+#include <utility>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+/// The handles' side of the transport. The I/O thread has the other side and does not keep this one alive: when
+/// this one goes the thread brings to its end what was started, and ends itself.
+class CurlTransport final : public Transport {
+public:
+    explicit CurlTransport(const URLSessionConfiguration& configuration)
+        : configuration_(configuration), delegateQueue_(DispatchQueue::withOwnThread("vrk.http.deleg")) {}
+
+    ~CurlTransport() override { inbox_->close(); }
+
+    void start(std::shared_ptr<Transfer> transfer) override {
+        post({Inbox::Message::Kind::start, std::move(transfer)});
+    }
+
+    void cancel(std::shared_ptr<Transfer> transfer) override {
+        post({Inbox::Message::Kind::cancel, std::move(transfer)});
+    }
+
+    const DispatchQueue& delegateQueue() const override { return delegateQueue_; }
+
+private:
+    void post(Inbox::Message message) {
+        ExitGate::shared();
+        if (!inbox_->post(std::move(message))) return;
+        const bool started = startThread("vrk.http.io", [configuration = configuration_, inbox = inbox_,
+                                                         delegateQueue = delegateQueue_] {
+            ExitGate& gate = ExitGate::shared();
+            gate.enter(inbox.get(), [inbox] { inbox->wake(); });
+            IoLoop(configuration, inbox, delegateQueue).run(gate);
+            gate.leave(inbox.get());
+        });
+        if (!started) failAll(inbox_->readerLeaves());
+    }
+
+    void failAll(std::vector<Inbox::Message> messages) {
+        for (Inbox::Message& message : messages) {
+            if (message.kind != Inbox::Message::Kind::start) continue;
+            delegateQueue_.async([transfer = std::move(message.transfer)] {
+                const Fault fault{URLErrorCode::unknown, "The system has no thread for the transport."};
+                transfer->complete({.error = makeURLError(fault, transfer->request().url())});
+            });
+        }
+    }
+
+    const URLSessionConfiguration configuration_;
+    const DispatchQueue delegateQueue_;
+    const std::shared_ptr<Inbox> inbox_ = std::make_shared<Inbox>();
+};
+
+}  // namespace
+
+std::shared_ptr<Transport> makeTransport(const URLSessionConfiguration& configuration) {
+    return std::make_shared<CurlTransport>(configuration);
+}
+
+}  // namespace VanticRestKit::detail

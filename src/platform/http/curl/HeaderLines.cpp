@@ -1,0 +1,83 @@
+#include <VanticRestKit/platform/http/curl/detail/EasySetup.h>
+#include <VanticRestKit/platform/http/detail/ContentDecoder.h>
+#include <VanticRestKit/platform/http/detail/HeaderName.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+// What frames a message and steers its connection is settled here and nowhere else.
+constexpr std::array<std::string_view, 9> ofTheSession{
+    "connection", "content-length", "expect",  "keep-alive",       "proxy-connection",
+    "te",         "trailer",        "upgrade", "transfer-encoding"};
+
+bool isOfTheSession(std::string_view name) {
+    return std::any_of(ofTheSession.begin(), ofTheSession.end(),
+                       [name](std::string_view own) { return sameHeaderName(own, name); });
+}
+
+class Lines {
+public:
+    void add(std::string_view name, std::string_view value) {
+        std::string line(name);
+        // libcurl takes "name:" for the wish to send no such header, and "name;" for one without a value.
+        if (trimmed(value).empty()) {
+            line += ';';
+        } else {
+            line.append(": ").append(value);
+        }
+        append(line);
+    }
+
+    /// Keeps libcurl from adding a header of its own.
+    void suppress(std::string_view name) { append(std::string(name) + ':'); }
+
+    HeaderLines take() { return std::move(lines_); }
+
+private:
+    void append(const std::string& line) {
+        curl_slist* const longer = curl_slist_append(lines_.get(), line.c_str());
+        if (longer == nullptr) return;
+        static_cast<void>(lines_.release());
+        lines_.reset(longer);
+    }
+
+    HeaderLines lines_;
+};
+
+}  // namespace
+
+HeaderLines headerLinesOf(const URLRequest& request) {
+    Lines lines;
+    bool hasAccept = false;
+    bool hasCodings = false;
+    bool hasAgent = false;
+    bool hasContentType = false;
+    for (const auto& [name, value] : request.allHTTPHeaderFields()) {
+        if (isOfTheSession(name)) continue;
+        hasAccept = hasAccept || sameHeaderName(name, "accept");
+        hasCodings = hasCodings || sameHeaderName(name, "accept-encoding");
+        hasAgent = hasAgent || sameHeaderName(name, "user-agent");
+        hasContentType = hasContentType || sameHeaderName(name, "content-type");
+        lines.add(name, value);
+    }
+    if (!hasAccept) lines.add("Accept", "*/*");
+    if (!hasCodings) lines.add("Accept-Encoding", acceptedCodings);
+    if (!hasAgent) lines.add("User-Agent", "VanticRestKit/" VRK_VERSION);
+    if (!hasContentType) {
+        if (request.httpBody()) {
+            lines.add("Content-Type", "application/x-www-form-urlencoded");
+        } else {
+            lines.suppress("Content-Type");
+        }
+    }
+    lines.suppress("Expect");
+    return lines.take();
+}
+
+}  // namespace VanticRestKit::detail

@@ -1,0 +1,264 @@
+#include <VanticRestKit/platform/http/curl/detail/CurlErrors.h>
+#include <VanticRestKit/platform/http/curl/detail/IoLoop.h>
+#include <VanticRestKit/platform/http/detail/Origin.h>
+#include <VanticRestKit/platform/http/detail/RedirectRule.h>
+#include <VanticRestKit/platform/http/HTTPURLResponse.h>
+
+#include <algorithm>
+#include <chrono>
+#include <limits>
+#include <utility>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+// Idle connections that libcurl keeps open for the next request, over all hosts.
+constexpr long mostIdleConnections = 64;
+
+std::size_t connectionsPerHost(const URLSessionConfiguration& configuration) {
+    constexpr std::int64_t most = 1000;
+    return static_cast<std::size_t>(
+        std::clamp<std::int64_t>(configuration.httpMaximumConnectionsPerHost, 1, most));
+}
+
+CURLM* makeMulti(std::size_t connectionsPerHost) {
+    CURLM* const multi = curl_multi_init();
+    curl_multi_setopt(multi, CURLMOPT_PIPELINING, CURLPIPE_MULTIPLEX);
+    curl_multi_setopt(multi, CURLMOPT_MAX_HOST_CONNECTIONS, static_cast<long>(connectionsPerHost));
+    curl_multi_setopt(multi, CURLMOPT_MAXCONNECTS, mostIdleConnections);
+    return multi;
+}
+
+}  // namespace
+
+IoLoop::IoLoop(const URLSessionConfiguration& configuration, std::shared_ptr<Inbox> inbox,
+               DispatchQueue delegateQueue)
+    : settings_{.caBundlePath = configuration.caBundlePath},
+      usualInterval_(configuration.timeoutIntervalForRequest),
+      inbox_(std::move(inbox)),
+      delegateQueue_(std::move(delegateQueue)),
+      multi_(makeMulti(connectionsPerHost(configuration))),
+      admission_(connectionsPerHost(configuration)),
+      suspects_(connections_, admission_,
+                [this](const Connection& connection, const std::function<void(Exchange&)>& visit) {
+                    for (const auto& [transfer, exchange] : exchanges_) {
+                        if (exchange->attempt && exchange->attempt->connection.get() == &connection) {
+                            visit(*exchange);
+                        }
+                    }
+                }) {}
+
+IoLoop::~IoLoop() { curl_multi_cleanup(multi_); }
+
+void IoLoop::run(ExitGate& gate) {
+    while (true) {
+        gate.pass();
+        now_ = Clock::now();
+        const bool moreMayCome = readInbox();
+        if (!moreMayCome && exchanges_.empty()) break;
+        admit();
+        int running = 0;
+        curl_multi_perform(multi_, &running);
+        suspects_.clearMoved();
+        collectFinished();
+        timeOutIdle();
+        admit();
+        wait();
+    }
+}
+
+bool IoLoop::readInbox() {
+    const bool moreMayCome = inbox_->take(messages_);
+    for (Inbox::Message& message : messages_) {
+        switch (message.kind) {
+            case Inbox::Message::Kind::start: begin(std::move(message.transfer)); break;
+            case Inbox::Message::Kind::cancel: cancel(*message.transfer); break;
+        }
+    }
+    messages_.clear();
+    return moreMayCome;
+}
+
+void IoLoop::begin(std::shared_ptr<Transfer> transfer) {
+    const Transfer* const key = transfer.get();
+    auto made = std::make_unique<Exchange>(std::move(transfer));
+    Exchange& exchange = *made;
+    exchanges_.emplace(key, std::move(made));
+    exchange.setInterval(idleInterval(exchange.request().timeoutInterval(), usualInterval_));
+    if (const auto fault = whyUnusable(exchange.request())) {
+        fail(exchange, *fault);
+    } else {
+        enqueue(exchange);
+    }
+}
+
+void IoLoop::cancel(const Transfer& transfer) {
+    const auto found = exchanges_.find(&transfer);
+    if (found == exchanges_.end()) return;
+    Exchange& exchange = *found->second;
+    release(exchange);
+    fail(exchange, {URLErrorCode::cancelled});
+}
+
+void IoLoop::enqueue(Exchange& exchange) { admission_.enqueue(exchange, originOf(*exchange.request().url())); }
+
+void IoLoop::admit() {
+    while (Applicant* const applicant = admission_.admitNext()) attempt(static_cast<Exchange&>(*applicant));
+}
+
+void IoLoop::attempt(Exchange& exchange) {
+    exchange.attempt = std::make_unique<Attempt>(
+        exchange, AttemptSurroundings{.now = now_, .connections = connections_, .admission = admission_});
+    exchange.attempt->easy = pool_.take();
+    deadlines_.watch(exchange, now_);
+    if (!prepareEasy(*exchange.attempt, settings_, admission_.hasSetAside(exchange)) ||
+        curl_multi_add_handle(multi_, exchange.attempt->easy) != CURLM_OK) {
+        release(exchange);
+        fail(exchange, {URLErrorCode::badURL, "The request cannot be put in the form in which it is sent."});
+    }
+}
+
+void IoLoop::collectFinished() {
+    int left = 0;
+    while (const CURLMsg* const message = curl_multi_info_read(multi_, &left)) {
+        if (message->msg != CURLMSG_DONE) continue;
+        const CURLcode code = message->data.result;
+        char* user = nullptr;
+        curl_easy_getinfo(message->easy_handle, CURLINFO_PRIVATE, &user);
+        settle(*reinterpret_cast<Exchange*>(user), code);
+    }
+}
+
+void IoLoop::settle(Exchange& exchange, CURLcode code) {
+    Attempt& attempt = *exchange.attempt;
+    if (attempt.fault) {
+        fail(exchange, *attempt.fault);
+    } else if (attempt.isRedirect) {
+        // Where to go was said in the headers; how the body ended does not matter.
+        follow(exchange);
+    } else if (code != CURLE_OK) {
+        long verified = 0;
+        curl_easy_getinfo(attempt.easy, CURLINFO_SSL_VERIFYRESULT, &verified);
+        const char* const text = attempt.errorText.data();
+        fail(exchange, {urlErrorCodeFor(code, text, verified)}, underlyingError(code, text, verified));
+    } else if (!attempt.head.isComplete()) {
+        fail(exchange, {URLErrorCode::networkConnectionLost, "The connection was closed inside the headers."});
+    } else if (const auto fault = attempt.body.finish()) {
+        fail(exchange, *fault);
+    } else {
+        succeed(exchange);
+    }
+}
+
+void IoLoop::follow(Exchange& exchange) {
+    const HeaderCollector& head = exchange.attempt->head;
+    const auto target = URL::make(*head.location(), *exchange.request().url());
+    if (!target) {
+        fail(exchange, {URLErrorCode::badServerResponse, "The answer redirects to what is no URL."});
+        return;
+    }
+    URLRequest next = redirected(exchange.request(), head.status(), *target);
+    const auto fault = whyUnusable(next);
+    const bool allowed = exchange.redirect(std::move(next));
+    if (!allowed) {
+        fail(exchange, {URLErrorCode::httpTooManyRedirects});
+    } else if (fault) {
+        fail(exchange, *fault);
+    } else {
+        release(exchange);
+        enqueue(exchange);
+    }
+}
+
+void IoLoop::succeed(Exchange& exchange) {
+    Attempt& attempt = *exchange.attempt;
+    Outcome outcome;
+    outcome.response = std::make_shared<const HTTPURLResponse>(exchange.request().url(), attempt.head.status(),
+                                                               attempt.head.takeFields());
+    outcome.data = attempt.body.take();
+    end(exchange, std::move(outcome));
+}
+
+void IoLoop::fail(Exchange& exchange, const Fault& fault, const std::optional<Error>& underlying) {
+    Outcome outcome;
+    outcome.error = makeURLError(fault, exchange.request().url(), underlying);
+    if (exchange.attempt && exchange.attempt->hasHead) {
+        HeaderCollector& head = exchange.attempt->head;
+        outcome.response =
+            std::make_shared<const HTTPURLResponse>(exchange.request().url(), head.status(), head.takeFields());
+    }
+    end(exchange, std::move(outcome));
+}
+
+void IoLoop::timeOutIdle() {
+    while (Idler* const idler = deadlines_.takeExpired(now_)) {
+        Exchange& exchange = static_cast<Exchange&>(*idler);
+        if (movedUnseen(exchange)) {
+            deadlines_.resume(exchange);
+        } else {
+            suspects_.judge(exchange, now_);
+            fail(exchange, {URLErrorCode::timedOut});
+        }
+    }
+}
+
+// Whether something counts as movement that no callback tells of.
+bool IoLoop::movedUnseen(Exchange& exchange) {
+    const Attempt& attempt = *exchange.attempt;
+    const Carriage carriage = admission_.carriage(exchange);
+    if (carriage == Carriage::many && attempt.sendings == 0) {
+        // It waits inside libcurl for room on a connection that works: the wait is not its own idleness.
+        const std::string origin = originOf(*exchange.request().url());
+        for (const auto& [transfer, other] : exchanges_) {
+            const bool goes = other->attempt && other->attempt->sendings > 0;
+            if (goes && originOf(*other->request().url()) == origin) exchange.moved(other->lastMoved());
+        }
+    }
+    // What arrives on a connection is only ours to count as long as nobody else can be on it.
+    const bool isAlone =
+        carriage == Carriage::one || attempt.sendings == 0 || !isSecure(*exchange.request().url());
+    if (carriage != Carriage::many && isAlone) {
+        // libcurl tells of whole header lines only, and of nothing while TLS is set up.
+        const auto connection =
+            attempt.connection ? attempt.connection : connections_.find(attempt.openedSocket);
+        const auto last = connection ? connections_.lastReceived(*connection, now_) : std::nullopt;
+        if (last) exchange.moved(*last);
+    }
+    return exchange.deadline() > now_;
+}
+
+void IoLoop::release(Exchange& exchange) {
+    deadlines_.forget(exchange);
+    admission_.leave(exchange);
+    if (!exchange.attempt) return;
+    const std::unique_ptr<Attempt> attempt = std::move(exchange.attempt);
+    curl_multi_remove_handle(multi_, attempt->easy);
+    pool_.give(attempt->easy);
+    if (!attempt->connection) return;
+    --attempt->connection->streams;
+    suspects_.left(*attempt->connection);
+}
+
+void IoLoop::end(Exchange& exchange, Outcome outcome) {
+    release(exchange);
+    std::shared_ptr<Transfer> transfer = exchange.transfer();
+    exchanges_.erase(transfer.get());
+    delegateQueue_.async([transfer = std::move(transfer), outcome = std::move(outcome)]() mutable {
+        transfer->complete(std::move(outcome));
+    });
+}
+
+void IoLoop::wait() {
+    constexpr std::chrono::milliseconds longest{60 * 60 * 1000};
+    std::chrono::milliseconds limit = longest;
+    if (const auto next = deadlines_.next()) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(*next - Clock::now());
+        limit = std::clamp(left, std::chrono::milliseconds(0), longest);
+    }
+    if (!inbox_->beginWait(multi_)) return;
+    curl_multi_poll(multi_, nullptr, 0, static_cast<int>(limit.count()), nullptr);
+    inbox_->endWait();
+}
+
+}  // namespace VanticRestKit::detail

@@ -1,0 +1,105 @@
+#pragma once
+
+/// \file
+/// `Exchange`: one transfer as the I/O thread sees it, and `Attempt`, one request of it in libcurl's hands.
+
+#include <VanticRestKit/platform/http/curl/detail/Connections.h>
+#include <VanticRestKit/platform/http/detail/Admission.h>
+#include <VanticRestKit/platform/http/detail/BodyCollector.h>
+#include <VanticRestKit/platform/http/detail/HeaderCollector.h>
+#include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
+#include <VanticRestKit/platform/http/detail/Transfer.h>
+#include <VanticRestKit/platform/http/URLRequest.h>
+
+#include <curl/curl.h>
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace VanticRestKit::detail {
+
+/// Frees a list of header lines.
+struct HeaderLinesDeleter {
+    void operator()(curl_slist* lines) const { curl_slist_free_all(lines); }
+};
+using HeaderLines = std::unique_ptr<curl_slist, HeaderLinesDeleter>;
+
+struct Attempt;
+
+/// One transfer on the I/O thread, from the inbox to its end. Light as long as it waits for its turn.
+class Exchange : public Applicant, public Idler {
+public:
+    explicit Exchange(std::shared_ptr<Transfer> transfer);
+    ~Exchange();
+    Exchange(const Exchange&) = delete;
+    Exchange& operator=(const Exchange&) = delete;
+
+    const std::shared_ptr<Transfer>& transfer() const noexcept { return transfer_; }
+
+    /// What is to be sent now: the transfer's request, or what a redirect made of it.
+    const URLRequest& request() const noexcept { return redirected_ ? *redirected_ : transfer_->request(); }
+
+    /// Goes on with another request. Returns whether that is still allowed.
+    bool redirect(URLRequest next);
+
+    /// The request in libcurl's hands; null while none is.
+    std::unique_ptr<Attempt> attempt;
+
+private:
+    std::shared_ptr<Transfer> transfer_;
+    std::unique_ptr<URLRequest> redirected_;
+    int redirects_ = 0;
+};
+
+/// What the callbacks of an attempt reach of the I/O thread.
+struct AttemptSurroundings {
+    /// The time of this round of the I/O thread.
+    const TimePoint& now;
+    Connections& connections;
+    Admission& admission;
+};
+
+/// One request in libcurl's hands, and what has come back so far.
+struct Attempt {
+    Attempt(Exchange& held, AttemptSurroundings reached) : exchange(held), surroundings(reached) {}
+
+    /// Something of this request moved.
+    void moved();
+    /// Something of its answer came.
+    void received();
+    /// The headers are complete.
+    void readHead();
+
+    Exchange& exchange;
+    AttemptSurroundings surroundings;
+    CURL* easy = nullptr;
+    HeaderLines headerLines;
+    std::array<char, CURL_ERROR_SIZE> errorText{};
+
+    HeaderCollector head;
+    BodyCollector body;
+    /// Whether the head was looked at.
+    bool hasHead = false;
+    /// Whether the body is to be read and forgotten, because the answer is a redirect.
+    bool isRedirect = false;
+    /// Whether the body has a coding that is not known and was not asked for.
+    bool hasUnknownCoding = false;
+    std::uint64_t forgotten = 0;
+
+    /// What we found wrong, in place of what libcurl says.
+    std::optional<Fault> fault;
+
+    /// How often libcurl was about to send the request; more than once where a pooled connection was dead.
+    int sendings = 0;
+    /// The connection it went out on.
+    std::shared_ptr<Connection> connection;
+    /// The socket opened last for this request.
+    int openedSocket = -1;
+    curl_off_t downloaded = 0;
+    curl_off_t uploaded = 0;
+};
+
+}  // namespace VanticRestKit::detail

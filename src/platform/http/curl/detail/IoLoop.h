@@ -1,0 +1,76 @@
+#pragma once
+
+/// \file
+/// `IoLoop`: the I/O thread of a session.
+
+#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
+#include <VanticRestKit/platform/http/curl/detail/Connections.h>
+#include <VanticRestKit/platform/http/curl/detail/EasyPool.h>
+#include <VanticRestKit/platform/http/curl/detail/EasySetup.h>
+#include <VanticRestKit/platform/http/curl/detail/Exchange.h>
+#include <VanticRestKit/platform/http/curl/detail/ExitGate.h>
+#include <VanticRestKit/platform/http/curl/detail/Inbox.h>
+#include <VanticRestKit/platform/http/curl/detail/SuspectConnections.h>
+#include <VanticRestKit/platform/http/detail/Admission.h>
+#include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
+#include <VanticRestKit/platform/http/detail/SessionStorage.h>
+#include <VanticRestKit/platform/http/URLSessionConfiguration.h>
+
+#include <curl/curl.h>
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+namespace VanticRestKit::detail {
+
+/// Everything that the I/O thread of one session owns: the multi handle, all easy handles, and the transfers from
+/// the inbox to their end. Lives in that thread alone and never runs a line of the host's.
+class IoLoop {
+public:
+    IoLoop(const URLSessionConfiguration& configuration, std::shared_ptr<Inbox> inbox, DispatchQueue delegateQueue);
+    ~IoLoop();
+    IoLoop(const IoLoop&) = delete;
+    IoLoop& operator=(const IoLoop&) = delete;
+
+    /// Works until the inbox is closed and every transfer has ended. `gate` is passed in every round.
+    void run(ExitGate& gate);
+
+private:
+    using Exchanges = std::unordered_map<const Transfer*, std::unique_ptr<Exchange>>;
+
+    bool readInbox();
+    void begin(std::shared_ptr<Transfer> transfer);
+    void cancel(const Transfer& transfer);
+    void enqueue(Exchange& exchange);
+    void admit();
+    void attempt(Exchange& exchange);
+    void collectFinished();
+    void settle(Exchange& exchange, CURLcode code);
+    void follow(Exchange& exchange);
+    void succeed(Exchange& exchange);
+    void fail(Exchange& exchange, const Fault& fault, const std::optional<Error>& underlying = std::nullopt);
+    void timeOutIdle();
+    bool movedUnseen(Exchange& exchange);
+    void release(Exchange& exchange);
+    void end(Exchange& exchange, Outcome outcome);
+    void wait();
+
+    const EasySettings settings_;
+    const std::chrono::duration<double> usualInterval_;
+    const std::shared_ptr<Inbox> inbox_;
+    const DispatchQueue delegateQueue_;
+    // Above the multi handle, which closes its sockets through it.
+    Connections connections_;
+    CURLM* const multi_;
+    EasyPool pool_;
+    Admission admission_;
+    IdleDeadlines deadlines_;
+    SuspectConnections suspects_;
+    [[maybe_unused]] SessionStorage storage_;
+    Exchanges exchanges_;
+    std::vector<Inbox::Message> messages_;
+    TimePoint now_{};
+};
+
+}  // namespace VanticRestKit::detail

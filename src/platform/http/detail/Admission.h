@@ -1,0 +1,80 @@
+#pragma once
+
+/// \file
+/// `Admission`: which transfers may go now, and which wait for a connection of their origin.
+
+#include <cstddef>
+#include <deque>
+#include <list>
+#include <memory>
+#include <string>
+#include <unordered_map>
+
+namespace VanticRestKit::detail {
+
+class Admission;
+
+/// How many transfers an origin carries on one connection at a time.
+enum class Carriage { unknown, one, many };
+
+/// What `Admission` queues: one transfer on its way to one origin.
+class Applicant {
+public:
+    /// Whether it waits in the queue.
+    bool isWaiting() const noexcept { return state_ == State::waiting; }
+
+private:
+    friend class Admission;
+    struct Line;
+    enum class State { outside, waiting, admitted, setAside };
+
+    State state_ = State::outside;
+    Line* line_ = nullptr;
+    std::list<Applicant*>::iterator place_{};
+};
+
+/// One line for each origin, first come, first served. Does not own the applicants; for one thread.
+///
+/// An origin takes as many transfers as it may have connections, or, once it is known to carry several at once
+/// on one connection, as many as one connection takes.
+class Admission {
+public:
+    explicit Admission(std::size_t connectionsPerHost);
+    ~Admission();
+    Admission(const Admission&) = delete;
+    Admission& operator=(const Admission&) = delete;
+
+    /// Puts `applicant` at the end of the line of `origin`.
+    void enqueue(Applicant& applicant, const std::string& origin);
+
+    /// The next one that may go; null if nobody may. It takes room until `leave`.
+    Applicant* admitNext();
+
+    /// Takes `applicant` out, waiting or admitted; does nothing to one that is neither.
+    void leave(Applicant& applicant);
+
+    /// Says what the origin of an admitted `applicant` turned out to speak.
+    void learn(Applicant& applicant, Carriage carriage);
+    /// What is known of the origin of `applicant`.
+    Carriage carriage(const Applicant& applicant) const;
+
+    /// Stops counting an admitted `applicant`, because its connection is not to be used by another, or counts
+    /// it again. As long as one is set aside, its origin takes as many as it may have connections.
+    void setAside(Applicant& applicant, bool aside);
+    /// Whether an applicant of this one's origin is set aside.
+    bool hasSetAside(const Applicant& applicant) const;
+
+private:
+    using Line = Applicant::Line;
+
+    std::size_t capacity(const Line& line) const;
+    void lookAt(Line& line);
+    void prune();
+
+    const std::size_t connectionsPerHost_;
+    std::unordered_map<std::string, std::unique_ptr<Line>> lines_;
+    // The lines in which somebody may be able to go.
+    std::deque<Line*> toLookAt_;
+};
+
+}  // namespace VanticRestKit::detail

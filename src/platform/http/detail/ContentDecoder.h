@@ -1,0 +1,51 @@
+#pragma once
+
+/// \file
+/// `ContentDecoder`: undoes one content coding of a body.
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace VanticRestKit::detail {
+
+/// The codings that a session asks for, as the value of Accept-Encoding.
+inline constexpr std::string_view acceptedCodings = "gzip, deflate, br";
+
+/// Undoes one coding, piece by piece. Unlike the transport's own decoding it knows whether the end came.
+class ContentDecoder {
+public:
+    ContentDecoder() = default;
+    ContentDecoder(const ContentDecoder&) = delete;
+    ContentDecoder& operator=(const ContentDecoder&) = delete;
+    virtual ~ContentDecoder();
+
+    /// Decodes `coded` behind `plain`. Returns whether it could. What follows the end of the coding is dropped.
+    virtual bool decode(std::string_view coded, std::string& plain) = 0;
+
+    /// Whether the coding, checksum included, came to its end.
+    virtual bool hasEnded() const = 0;
+};
+
+/// Undoes gzip, also where several gzip files follow each other.
+std::unique_ptr<ContentDecoder> makeGzipDecoder();
+
+/// Undoes deflate, with the zlib header that it should have or without, as some servers send it.
+std::unique_ptr<ContentDecoder> makeDeflateDecoder();
+
+/// Undoes br.
+std::unique_ptr<ContentDecoder> makeBrotliDecoder();
+
+/// What a Content-Encoding asks for.
+struct Decoding {
+    /// In the order in which they are to be applied to the body. Empty: the body is plain.
+    std::vector<std::unique_ptr<ContentDecoder>> decoders{};
+    /// Whether every coding named is known here.
+    bool isKnown = true;
+};
+
+/// The decoders for the value of a Content-Encoding.
+Decoding decodingFor(std::string_view contentEncoding);
+
+}  // namespace VanticRestKit::detail

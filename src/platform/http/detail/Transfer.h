@@ -1,0 +1,52 @@
+#pragma once
+
+/// \file
+/// `Transfer`: what a task and the transport share of one request.
+
+#include <VanticRestKit/platform/http/detail/Outcome.h>
+#include <VanticRestKit/platform/http/URLRequest.h>
+#include <VanticRestKit/platform/http/URLSession.h>
+
+#include <atomic>
+#include <utility>
+
+namespace VanticRestKit::detail {
+
+/// One request, its completion, and whether it was started or cancelled yet.
+class Transfer {
+public:
+    Transfer(URLRequest request, URLSession::Completion completion)
+        : request_(std::move(request)), completion_(std::move(completion)) {}
+
+    const URLRequest& request() const noexcept { return request_; }
+
+    /// Whether this call starts the transfer: only the first one does, and none after `cancel()`.
+    bool start() noexcept {
+        State fresh = State::fresh;
+        return state_.compare_exchange_strong(fresh, State::started);
+    }
+
+    /// Cancels a transfer that was not started. Returns whether it did.
+    bool cancelUnstarted() noexcept {
+        State fresh = State::fresh;
+        return state_.compare_exchange_strong(fresh, State::cancelled);
+    }
+
+    bool isStarted() const noexcept { return state_.load() == State::started; }
+
+    /// Calls the completion and destroys it. On the delegate queue only, and once.
+    void complete(Outcome outcome) {
+        URLSession::Completion completion = std::move(completion_);
+        if (!completion) return;
+        completion(std::move(outcome.data), std::move(outcome.response), std::move(outcome.error));
+    }
+
+private:
+    enum class State { fresh, started, cancelled };
+
+    const URLRequest request_;
+    URLSession::Completion completion_;
+    std::atomic<State> state_ = State::fresh;
+};
+
+}  // namespace VanticRestKit::detail

@@ -1,0 +1,36 @@
+#pragma once
+
+/// \file
+/// `Transport`: what carries the transfers of a session.
+
+#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
+#include <VanticRestKit/platform/http/detail/Transfer.h>
+#include <VanticRestKit/platform/http/URLSessionConfiguration.h>
+
+#include <memory>
+
+namespace VanticRestKit::detail {
+
+/// Carries transfers. Any thread may call; nothing here blocks, the destructor included: what was started goes
+/// on to its end without a transport.
+class Transport {
+public:
+    Transport() = default;
+    Transport(const Transport&) = delete;
+    Transport& operator=(const Transport&) = delete;
+    virtual ~Transport();
+
+    /// Runs `transfer` and completes it on the delegate queue.
+    virtual void start(std::shared_ptr<Transfer> transfer) = 0;
+
+    /// Ends a started `transfer` as cancelled, unless it has ended by itself.
+    virtual void cancel(std::shared_ptr<Transfer> transfer) = 0;
+
+    /// Where transfers are completed.
+    virtual const DispatchQueue& delegateQueue() const = 0;
+};
+
+/// The transport over libcurl.
+std::shared_ptr<Transport> makeTransport(const URLSessionConfiguration& configuration);
+
+}  // namespace VanticRestKit::detail
