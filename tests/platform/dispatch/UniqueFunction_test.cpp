@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <csignal>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -73,7 +74,7 @@ TEST(UniqueFunction, DestroysASmallAndALargeCallableOnce) {
     int alive = 0;
     {
         Block small = [tracked = Tracked(alive)] {};
-        Block large = [tracked = Tracked(alive), room = std::array<char, 200>()] {};
+        Block large = [tracked = Tracked(alive), room = std::array<char, 200>()] { EXPECT_EQ(room[0], 0); };
         EXPECT_EQ(alive, 2);
         Block first = std::move(small);
         Block second = std::move(large);
@@ -124,5 +125,5 @@ TEST(UniqueFunction, SurvivesBeingMovedToItself) {
 
 TEST(UniqueFunctionDeathTest, EndsTheProcessWhenAnEmptyOneIsCalled) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_DEATH(Block()(), "");
+    EXPECT_EXIT(Block()(), testing::KilledBySignal(SIGABRT), "");
 }
