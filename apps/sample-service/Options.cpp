@@ -1,27 +1,59 @@
 #include "Options.h"
 
-#include <CLI/CLI.hpp>
+#include <getopt.h>
+
+#include <cstdio>
 #include <cstdlib>
 
 namespace sample {
 
+namespace {
+
+constexpr const char* help =
+    "sample-service [--port N] [--tls [--ca-out FILE]] [--end-with-parent]\n"
+    "Plays the service on loopback with a made-up catalogue. The first line that it prints is its base URL.\n"
+    "It ends on SIGTERM, SIGINT or POST /_control/stop.\n"
+    "  --port N            port to listen on; 0, the default, picks a free one\n"
+    "  --tls               serve HTTPS with a certificate made at start\n"
+    "  --ca-out FILE       where to write the certificate (PEM) that a client has to trust;\n"
+    "                      left out, it is printed behind the base URL\n"
+    "  --end-with-parent   end when the process that started this one ends\n";
+
+[[noreturn]] void refuse(const char* why) {
+    std::fprintf(stderr, "sample-service: %s\n%s", why, help);
+    std::exit(2);
+}
+
+int readPort(const char* text) {
+    char* end = nullptr;
+    const long port = std::strtol(text, &end, 10);
+    if (end == text || *end != '\0' || port < 0 || port > 65535) refuse("--port takes a number up to 65535");
+    return static_cast<int>(port);
+}
+
+}  // namespace
+
 Options readOptions(int argc, char** argv) {
+    const option known[] = {{"port", required_argument, nullptr, 'p'},
+                            {"tls", no_argument, nullptr, 't'},
+                            {"ca-out", required_argument, nullptr, 'c'},
+                            {"end-with-parent", no_argument, nullptr, 'e'},
+                            {"help", no_argument, nullptr, 'h'},
+                            {nullptr, 0, nullptr, 0}};
     Options options;
-    CLI::App app{
-        "Plays the service on loopback with a made-up catalogue.\n"
-        "The first line that it prints is its base URL. It ends on SIGTERM, SIGINT or POST /_control/stop."};
-    app.add_option("--port", options.port, "Port to listen on; 0 picks a free one")->check(CLI::Range(0, 65535));
-    app.add_flag("--tls", options.tls, "Serve HTTPS with a certificate made at start");
-    app.add_option("--ca-out", options.authorityFile,
-                   "With --tls: where to write the certificate (PEM) that a client has to trust; "
-                   "left out, it is printed behind the base URL")
-        ->needs("--tls");
-    app.add_flag("--end-with-parent", options.endWithParent, "End when the process that started this one ends");
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        std::exit(app.exit(error) == 0 ? 0 : 2);
+    opterr = 0;
+    for (int found; (found = getopt_long(argc, argv, "", known, nullptr)) != -1;) {
+        switch (found) {
+            case 'p': options.port = readPort(optarg); break;
+            case 't': options.tls = true; break;
+            case 'c': options.authorityFile = optarg; break;
+            case 'e': options.endWithParent = true; break;
+            case 'h': std::fputs(help, stdout); std::exit(0);
+            default: refuse("unknown option, or one without its value");
+        }
     }
+    if (optind < argc) refuse("unexpected argument");
+    if (!options.authorityFile.empty() && !options.tls) refuse("--ca-out goes with --tls");
     return options;
 }
 
