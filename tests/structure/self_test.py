@@ -1,0 +1,154 @@
+#!/usr/bin/env python3
+"""Shows that the rules find what they forbid: each one is given a small tree that breaks it, and one that does not."""
+
+import pathlib
+import shutil
+import sys
+import tempfile
+import unittest
+
+import headers
+import layers
+import texts
+from library import OURS
+from sources import Sources, code_only
+
+COMPILER = sys.argv.pop(1)
+
+SOUND = {
+    "Visibility.h": "#pragma once\n",
+    "platform/url/CMakeLists.txt": "vrk_room(platform_url)\n",
+    "platform/url/URL.h": "#pragma once\n#include <VanticRestKit/Visibility.h>\n#include <string>\n",
+    "platform/http/CMakeLists.txt": "vrk_room(platform_http\n    DEPENDS platform_url\n    LIBRARIES CURL::libcurl)\n",
+    "platform/http/curl/Easy.cpp": "#include <curl/curl.h>\n#include <VanticRestKit/platform/url/URL.h>\n",
+    "platform/http/detail/Inner.h": "#pragma once\n",
+    "Core/CMakeLists.txt": "vrk_room(Core DEPENDS platform_http)\n",
+    "Core/Context.h": "#pragma once\n#include <VanticRestKit/platform/url/URL.h>\n",
+    "lumeno/CMakeLists.txt": "add_subdirectory(Link)\nadd_subdirectory(Video)\n",
+    "lumeno/Endpoints/Endpoint.h": "#pragma once\n",
+    "lumeno/Link/CMakeLists.txt": "vrk_room(lumeno_Link DEPENDS Core)\n",
+    "lumeno/Link/Link.h": "#pragma once\n#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>\n",
+    "lumeno/Video/CMakeLists.txt": "vrk_room(lumeno_Video DEPENDS lumeno_Link)\n",
+    "lumeno/Video/Video.h": "#pragma once\n#include <VanticRestKit/lumeno/Link/Link.h>\n",
+    "kavro/Segments.h": "#pragma once\n",
+}
+
+
+class Tree(unittest.TestCase):
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.folder)
+        for file, text in SOUND.items():
+            self.write(file, text)
+
+    def write(self, file, text):
+        path = self.folder / file
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_text(text, encoding="utf-8")
+
+    def faults(self, rule):
+        if rule in headers.RULES:
+            return headers.judge(self.folder, COMPILER, rule)[1]
+        return list(rule(Sources(self.folder)))
+
+    def assert_breaks(self, rule, file, text):
+        self.assertEqual([], self.faults(rule))
+        self.write(file, text)
+        self.assertNotEqual([], self.faults(rule))
+
+    def test_a_sound_tree_breaks_no_rule(self):
+        for rule in layers.RULES:
+            self.assertEqual([], self.faults(rule), rule.__name__)
+
+    def test_the_platform_may_not_include_core(self):
+        self.assert_breaks(layers.layers_point_down, "platform/url/URL.cpp", "#include <VanticRestKit/Core/Context.h>\n")
+
+    def test_core_may_not_include_a_service(self):
+        self.assert_breaks(layers.layers_point_down, "Core/X.cpp", "#include <VanticRestKit/lumeno/Link/Link.h>\n")
+
+    def test_no_service_may_include_another(self):
+        self.assert_breaks(layers.layers_point_down, "lumeno/Link/L.cpp", "#include <VanticRestKit/kavro/Segments.h>\n")
+
+    def test_a_room_may_not_include_one_behind_it(self):
+        self.assert_breaks(
+            layers.lumeno_rooms_keep_their_order, "lumeno/Link/L.cpp", "#include <VanticRestKit/lumeno/Video/Video.h>\n"
+        )
+
+    def test_endpoints_may_not_include_an_entity(self):
+        self.assert_breaks(
+            layers.lumeno_rooms_keep_their_order,
+            "lumeno/Endpoints/Endpoint.h",
+            "#include <VanticRestKit/lumeno/Link/Link.h>\n",
+        )
+
+    def test_a_room_may_not_include_what_it_does_not_depend_on(self):
+        self.assert_breaks(
+            layers.rooms_include_only_what_they_depend_on,
+            "platform/url/URL.cpp",
+            "#include <VanticRestKit/platform/http/Session.h>\n",
+        )
+
+    def test_rooms_may_not_depend_on_each_other_in_a_ring(self):
+        self.assert_breaks(
+            layers.rooms_include_only_what_they_depend_on,
+            "platform/url/CMakeLists.txt",
+            "vrk_room(platform_url DEPENDS platform_http)\n",
+        )
+
+    def test_libcurl_may_not_be_included_elsewhere(self):
+        self.assert_breaks(layers.libcurl_stays_in_its_folder, "Core/X.cpp", "#  include <curl/curl.h>\n")
+
+    def test_utf8proc_may_not_be_included_twice(self):
+        self.write("Core/A.cpp", "#include <utf8proc.h>\n")
+        self.assert_breaks(layers.utf8proc_stays_in_one_file, "Core/B.cpp", "#include <utf8proc.h>\n")
+
+    def test_includes_by_relative_name_are_refused(self):
+        self.assert_breaks(layers.includes_name_the_library, "Core/X.cpp", '#include "Context.h"\n')
+
+    def test_heavy_standard_headers_are_refused_in_public_headers(self):
+        self.assert_breaks(texts.public_headers_include_no_heavy_header, "Core/X.h", "#include <thread>\n")
+
+    def test_private_headers_are_refused_in_public_headers(self):
+        self.assert_breaks(
+            texts.public_headers_include_nothing_private,
+            "platform/http/X.h",
+            "#include <VanticRestKit/platform/http/detail/Inner.h>\n",
+        )
+
+    def test_a_throw_is_found_and_one_in_a_comment_is_not(self):
+        self.write("Core/A.cpp", '// never throw\n/* try */ auto text = "catch \\" throw";\n')
+        self.assert_breaks(texts.the_library_neither_throws_nor_asks_for_types, "Core/B.cpp", "void f() { throw 1; }\n")
+
+    def test_a_long_file_is_found(self):
+        self.assert_breaks(texts.files_are_short_enough_to_read, "Core/X.cpp", "\n" * 401)
+
+    def test_an_umbrella_header_that_lacks_one_is_found(self):
+        from umbrella import umbrella_text
+
+        self.write("VanticRestKit.h", "#pragma once\n")
+        self.write("VanticRestKit.h", umbrella_text(Sources(self.folder)))
+        self.assert_breaks(texts.the_umbrella_header_is_complete, "Core/New.h", "#pragma once\n")
+
+    def test_a_header_that_needs_another_include_first_is_found(self):
+        self.assert_breaks(headers.each_public_header_compiles_alone, "Core/X.h", "inline std::string text() { return {}; }\n")
+
+    def test_a_header_of_a_third_party_is_found(self):
+        rule = headers.public_headers_bring_only_the_standard_library
+        self.assert_breaks(rule, "Core/X.h", "#include <zlib.h>\n")
+
+    def test_a_macro_of_another_name_is_found(self):
+        rule = headers.public_headers_bring_only_the_standard_library
+        self.assert_breaks(rule, "Core/X.h", "#define EXPORTED 1\n")
+
+    def test_what_is_ours_among_symbols(self):
+        for name in ("_ZN13VanticRestKit3URL4makeE", "_ZNK13VanticRestKit3URL4pathEv", "_ZTVN13VanticRestKit7ContextE"):
+            self.assertRegex(name, OURS)
+        for name in ("_ZNSt6vectorIN13VanticRestKit5ImageEE", "_ZTSSt10unique_ptrIN13VanticRestKit3URLE", "main"):
+            self.assertNotRegex(name, OURS)
+
+    def test_code_keeps_its_lines_without_comments(self):
+        self.assertEqual(code_only("a; // b\n/* c\nd */ e;\n").count("\n"), 3)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1], verbosity=0)

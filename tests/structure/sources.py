@@ -1,0 +1,49 @@
+"""The tree of sources as the rules see it: which file includes which, and which room a file belongs to."""
+
+import pathlib
+import re
+
+INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
+OURS = "VanticRestKit/"
+
+
+class Sources:
+    def __init__(self, src):
+        self.src = pathlib.Path(src)
+        self.files = sorted(
+            path.relative_to(self.src)
+            for path in self.src.rglob("*")
+            if path.suffix in (".h", ".cpp", ".inc")
+        )
+
+    def text(self, file):
+        return (self.src / file).read_text(encoding="utf-8")
+
+    def includes(self, file):
+        """(quote, name) of each include, as written."""
+        return INCLUDE.findall(self.text(file))
+
+    def our_includes(self, file):
+        """Paths below src/ of the project's own headers that a file includes."""
+        return [pathlib.PurePath(name[len(OURS):]) for _, name in self.includes(file) if name.startswith(OURS)]
+
+    def public_headers(self):
+        return [file for file in self.files if file.suffix == ".h" and "detail" not in file.parts]
+
+
+def code_only(text):
+    """The text without comments and without the insides of string and character literals."""
+    pattern = re.compile(r'//[^\n]*|/\*.*?\*/|R"(\w*)\(.*?\)\1"|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])+\'', re.DOTALL)
+
+    def blank(found):
+        return "\n" * found.group().count("\n") if found.group().startswith("/") else '""'
+
+    return pattern.sub(blank, text)
+
+
+def folder(file):
+    """The folder of a file without detail/ and what hangs below a room, as ('platform', 'http')."""
+    parts = file.parts[:-1]
+    if parts[:1] in (("platform",), ("lumeno",)):
+        return parts[:2]
+    return parts[:1]

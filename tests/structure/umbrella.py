@@ -1,0 +1,24 @@
+"""The text of the umbrella header, made from the tree."""
+
+import pathlib
+
+HEAD = """#pragma once
+
+/// \\file
+/// All of the library in one include. A host that counts its compile time includes the headers that it uses.
+
+"""
+
+
+def umbrella_text(sources):
+    layers = ["", "platform", "Core", "lumeno", "trelvo", "kavro", "recs"]
+    umbrella = pathlib.PurePath("VanticRestKit.h")
+    headers = [header for header in sources.public_headers() if header != umbrella]
+    groups = []
+    for layer in layers:
+        group = [h for h in headers if (h.parts[0] if len(h.parts) > 1 else "") == layer]
+        if group:
+            # Without regard to case, as clang-format sorts.
+            group.sort(key=lambda header: str(header).lower())
+            groups.append("".join(f"#include <VanticRestKit/{header}>\n" for header in group))
+    return HEAD + "\n".join(groups)
