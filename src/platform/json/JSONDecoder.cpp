@@ -8,7 +8,7 @@
 
 namespace VanticRestKit {
 
-bool JSONDecoder::decodes(const Data& document, const TypePlan& plan, void* value) {
+bool JSONDecoder::decode(const Data& document, const TypePlan& plan, void* value) const {
     const DeviceZoneHold zone;
     return json::FastEngine(document).decode(plan, value);
 }

@@ -27,15 +27,19 @@ public:
     template <class T>
     Result<T, Error> decode(const Data& document) const {
         T value{};
-        if (decodes(document, planOf<T>(), &value)) return value;
+        if (decode(document, planOf<T>(), &value)) return value;
         T second{};
         std::optional<Error> error = whyNot(document, planOf<T>(), &second);
         if (error) return Failure(*std::move(error));
         return second;
     }
 
+    /// Decodes a type that is known by its plan alone, for tools that are told it at run time. `value` points to
+    /// a fresh value of that type; where the document does not decode it may hold anything, and `diagnose` says
+    /// why.
+    bool decode(const Data& document, const TypePlan& plan, void* value) const;
+
 private:
-    static bool decodes(const Data& document, const TypePlan& plan, void* value);
     static std::optional<Error> whyNot(const Data& document, const TypePlan& plan, void* value);
 };
 

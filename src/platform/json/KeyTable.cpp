@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstdlib>
+#include <string>
 #include <utility>
 
 namespace VanticRestKit {
@@ -23,7 +24,10 @@ KeyTable::KeyTable(std::vector<std::string_view> keys) : keys_(std::move(keys)) 
         buckets_.assign(buckets, none);
         perfect = true;
         for (std::size_t place = 0; place < keys_.size() && perfect; ++place) {
-            std::uint8_t& slot = buckets_[bucket(signature(keys_[place]))];
+            std::string padded(keys_[place]);
+            padded.resize(padded.size() + 8);
+            const std::uint64_t first = firstBytes({padded.data(), keys_[place].size()});
+            std::uint8_t& slot = buckets_[bucket(signature(first, keys_[place]))];
             perfect = slot == none;
             slot = static_cast<std::uint8_t>(place);
         }

@@ -21,28 +21,30 @@ public:
     /// The keys must differ from each other; fewer than 255.
     explicit KeyTable(std::vector<std::string_view> keys);
 
-    /// The place of `key` among the keys, or `none`. At least 8 bytes before the end of `key`'s buffer or
-    /// behind its end must be readable, as in every `Data`.
+    /// The place of `key` among the keys, or `none`. Eight bytes at `key.data()` must be readable, as they are in
+    /// every `Data` and every `std::string`.
     std::uint8_t find(std::string_view key) const noexcept {
-        const std::uint8_t place = buckets_[bucket(signature(key))];
+        const std::uint8_t place = likely(key);
         return place != none && keys_[place] == key ? place : none;
+    }
+
+    /// The only place where `key` can be, or `none`; the caller compares.
+    std::uint8_t likely(std::string_view key) const noexcept {
+        return buckets_[bucket(signature(firstBytes(key), key))];
     }
 
 private:
     // The first and the last eight bytes and the length tell the keys of one object apart.
-    static std::uint64_t signature(std::string_view key) noexcept {
-        std::uint64_t first = 0;
+    static std::uint64_t signature(std::uint64_t first, std::string_view key) noexcept {
         std::uint64_t last = 0;
-        const std::size_t size = key.size();
-        if (size >= 8) {
-            std::memcpy(&first, key.data(), 8);
-            std::memcpy(&last, key.data() + size - 8, 8);
-        } else {
-            for (std::size_t i = 0; i < size; ++i) {
-                first |= static_cast<std::uint64_t>(static_cast<unsigned char>(key[i])) << (8 * i);
-            }
-        }
-        return first ^ (last << 29 | last >> 35) ^ (size * 0x9E3779B97F4A7C15U);
+        if (key.size() >= 8) std::memcpy(&last, key.data() + key.size() - 8, 8);
+        return first ^ (last << 29 | last >> 35) ^ (key.size() * 0x9E3779B97F4A7C15U);
+    }
+
+    static std::uint64_t firstBytes(std::string_view key) noexcept {
+        std::uint64_t first = 0;
+        std::memcpy(&first, key.data(), 8);
+        return key.size() >= 8 ? first : first & ((std::uint64_t{1} << (8 * key.size())) - 1);
     }
 
     std::size_t bucket(std::uint64_t signature) const noexcept {

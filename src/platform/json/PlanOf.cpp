@@ -16,9 +16,6 @@ std::size_t grownCapacity(std::size_t count, std::size_t elementSize, std::size_
     return std::max(doubled, std::min(estimated, most));
 }
 
-std::string_view listName(std::string_view element) {
-    // Made once for each list type, for the life of the process.
-    return *new std::string("[" + std::string(element) + "]");
-}
+std::string listName(std::string_view element) { return "[" + std::string(element) + "]"; }
 
 }  // namespace VanticRestKit::mapping

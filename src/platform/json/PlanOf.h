@@ -30,12 +30,13 @@ struct DecimalOrText {};
 /// The reader for a list that drops the elements that do not decode.
 struct KeepDecodable {};
 
-/// The room that a list should have when it is full, judged by how many elements its bytes so far gave.
+/// The room that a list should have when it is full, judged by how many elements its bytes so far gave. Without
+/// bytes left to judge by it doubles.
 VRK_EXPORT std::size_t grownCapacity(std::size_t count, std::size_t elementSize, std::size_t bytesRead,
                                      std::size_t bytesLeft) noexcept;
 
 /// The name of a list of `element`: "[Link]".
-VRK_EXPORT std::string_view listName(std::string_view element);
+VRK_EXPORT std::string listName(std::string_view element);
 
 namespace detail {
 
@@ -90,8 +91,9 @@ inline constexpr ListPlan listPlan = {
 template <class T, bool Tolerant>
 const TypePlan& planOfList() {
     // The element is named, not planned, here: a type may hold a list of itself.
+    static const std::string& name = *new std::string(listName(displayName<T>()));
     static const TypePlan plan{.kind = ValueKind::list,
-                               .name = listName(displayName<T>()),
+                               .name = name,
                                .list = &listPlan<T, Tolerant>};
     return plan;
 }

@@ -8,7 +8,7 @@
 /// struct Song { std::string title{}; std::optional<std::uint64_t> seconds{}; std::vector<std::string> tags{}; };
 ///
 /// template <>
-/// const TypePlan& VanticRestKit::planOf<Song>() {
+/// const VanticRestKit::TypePlan& VanticRestKit::planOf<Song>() {
 ///     using namespace mapping;
 ///     static const TypePlan& plan = object<Song>(
 ///         required<&Song::title>("title"),

@@ -16,6 +16,7 @@ FieldPlan fieldFor(const Row& row) {
     FieldPlan field{};
     field.role = row.role;
     field.presence = row.presence;
+    field.kind = ValueKind::anything;
     field.key = row.key;
     field.member = row.member;
     field.ops = row.ops;

@@ -37,6 +37,7 @@ enum class ValueKind : std::uint8_t {
     choice,      ///< One of several types, tried in turn.
     dictionary,  ///< A free-form object of plain values.
     anything,    ///< Any value at all; nothing of it is kept.
+    attempted,   ///< Any value at all; a function keeps what it can make of it.
     nullable,    ///< At the root only: null is an empty value.
 };
 
@@ -51,10 +52,13 @@ struct TypePlan {
     const ObjectPlan* object = nullptr;
     const ListPlan* list = nullptr;
     const ChoicePlan* choice = nullptr;
-    /// Of `nullable`: what lies under it, and how to make room for it.
+    /// Of `attempted`: is given the bytes of the value, whose structure is sound.
+    void (*attempt)(std::string_view json, void* value) = nullptr;
+    /// Of `nullable` and `attempted`: what lies under it.
     const TypePlan* wrapped = nullptr;
+    /// Of `nullable`: makes room for what lies under it.
     void* (*wrap)(void* value) = nullptr;
-    /// Of `nullable`: what it holds, or null.
+    /// Of `nullable` and `attempted`: what it holds, or null.
     const void* (*peek)(const void* value) = nullptr;
 };
 
@@ -82,8 +86,8 @@ struct ListPlan {
     const TypePlan& (*element)();
     /// Whether an element that fails is dropped instead of failing the list.
     bool tolerant;
-    /// Appends a fresh element and returns where it lies. The byte counts are those of the array in the
-    /// document so far and of what is left, from which the room to reserve is estimated.
+    /// Appends a fresh element and returns where it lies. The byte counts are those of the array so far and of
+    /// what may be left of it, from which the room to reserve is estimated; 0 where nothing is known.
     void* (*append)(void* list, std::size_t bytesRead, std::size_t bytesLeft);
     void (*removeLast)(void* list);
     std::size_t (*count)(const void* list);
@@ -137,13 +141,14 @@ struct FieldPlan {
     /// The key between its quotes, followed by zeros, for comparing it in place.
     static constexpr std::size_t quotedRoom = 32;
 
+    // What each key of a document needs comes first, within one cache line.
+    char quoted[quotedRoom];
+    /// How many bytes of `quoted` count; none where the key is too long for it.
+    std::uint8_t quotedSize;
     RowRole role;
     Presence presence;
     ValueKind kind;
     bool isOptional;
-    /// How many bytes of `quoted` count; none where the key is too long for it.
-    std::uint8_t quotedSize;
-    char quoted[quotedRoom];
     std::size_t offset;
     const FieldOps* ops;
     const TypePlan* type;

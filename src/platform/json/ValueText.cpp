@@ -68,6 +68,7 @@ public:
             case ValueKind::object: object(*plan.object, value); break;
             case ValueKind::list: list(*plan.list, value); break;
             case ValueKind::choice: choice(*plan.choice, value); break;
+            case ValueKind::attempted:
             case ValueKind::nullable: {
                 const void* const held = plan.peek(value);
                 held != nullptr ? this->value(*plan.wrapped, held) : void(text_ += "null");

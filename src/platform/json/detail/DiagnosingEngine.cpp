@@ -37,7 +37,12 @@ bool DiagnosingEngine::root(const TypePlan& type, void* target, Place at) {
 bool DiagnosingEngine::value(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence) {
     if (type.kind == ValueKind::object && *at.at == '{') return entity(*type.object, target, at, presence);
     if (type.kind == ValueKind::list && *at.at == '[') return list(*type.list, target, at);
-    ValueReader reader(at.at, document_.data() + document_.size());
+    const char* const end = document_.data() + document_.size();
+    if (type.kind == ValueKind::attempted) {
+        type.attempt({at.at, static_cast<std::size_t>(skipValue(at.at, end, 0) - at.at)}, target);
+        return true;
+    }
+    ValueReader reader(at.at, end);
     if (reader.plain(type, target, nullptr) == Fit::fits) return true;
     return failUnfit(type, at, isNamed, presence);
 }

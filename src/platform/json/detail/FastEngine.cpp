@@ -1,17 +1,34 @@
 #include <VanticRestKit/platform/json/detail/FastEngine.h>
 
 #include <VanticRestKit/platform/json/detail/Scanner.h>
+#include <VanticRestKit/platform/json/detail/StoreText.h>
 #include <VanticRestKit/platform/text/LetterCase.h>
 
 #include <cstring>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace VanticRestKit::json {
 
 namespace {
 
-/// Whether the quoted key at `at` is that of `field`.
+/// Whether the quoted key at `at` is that of `field`. Never where the key is too long to be compared in place.
 inline bool isKeyOf(const FieldPlan& field, const char* at) noexcept {
+#if defined(__SSE2__)
+    const auto equal = [&](std::size_t from) {
+        const __m128i here = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at + from));
+        const __m128i there = _mm_loadu_si128(reinterpret_cast<const __m128i*>(field.quoted + from));
+        return static_cast<std::uint64_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(here, there)));
+    };
+    // Both halves whatever the length: a branch on it would be guessed wrong for every other key.
+    const std::uint64_t same = equal(0) | equal(16) << 16;
+    const std::uint64_t wanted = (std::uint64_t{1} << field.quotedSize) - 1;
+    return field.quotedSize != 0 && (same & wanted) == wanted;
+#else
     return field.quotedSize != 0 && std::memcmp(at, field.quoted, field.quotedSize) == 0;
+#endif
 }
 
 }  // namespace
@@ -21,12 +38,13 @@ FastEngine::FastEngine(const Data& document)
                   document.data() + document.size()),
       document_(document),
       successors_(successorMemory(), KeyTable::none) {
-    frames_.reserve(16);
+    frames_.resize(16);
 }
 
 FastEngine::~FastEngine() {
     // What a broken document leaves half done.
-    for (const Frame& frame : frames_) {
+    for (std::size_t i = 0; i < depth_; ++i) {
+        const Frame& frame = frames_[i];
         if (frame.choice != nullptr) frame.choice->candidates[frame.candidate].drop(frame.target);
     }
 }
@@ -44,15 +62,15 @@ bool FastEngine::root(const TypePlan& plan, void* value) {
             rootDecoded_ = true;
             return true;
         }
-        case ValueKind::object: return *at_ == '{' && push(childOf(plan, value, nullptr));
-        case ValueKind::list: return *at_ == '[' && push(childOf(plan, value, nullptr));
+        case ValueKind::object: return *at_ == '{' && open(plan, value, nullptr);
+        case ValueKind::list: return *at_ == '[' && open(plan, value, nullptr);
         default: rootDecoded_ = held(plan, value, nullptr) == Fit::fits; return rootDecoded_;
     }
 }
 
 bool FastEngine::runFrames() {
-    while (!frames_.empty()) {
-        Frame& top = frames_.back();
+    while (depth_ != 0) {
+        Frame& top = frames_[depth_ - 1];
         if (!(top.plan != nullptr ? objectStep(top) : listStep(top))) return false;
     }
     return true;
@@ -60,49 +78,53 @@ bool FastEngine::runFrames() {
 
 // Reads on in an object until something inside it opens or it ends. `top` is gone once a frame was pushed.
 bool FastEngine::objectStep(Frame& top) {
-    const std::size_t depth = frames_.size();
-    for (;;) {
-        at_ = skipSpace(at_);
-        if (top.isFresh) {
-            top.isFresh = false;
-        } else if (*at_ == ',') {
-            at_ = skipSpace(at_ + 1);
-        } else if (*at_ != '}') {
-            return false;
+    const std::size_t depth = depth_;
+    bool isFirst = top.isFresh;
+    top.isFresh = false;
+    const char* at = skipSpace(at_);
+    for (;; isFirst = false) {
+        if (!isFirst) {
+            if (*at == ',') {
+                at = skipSpace(at + 1);
+            } else if (*at != '}') {
+                return false;
+            }
         }
-        if (*at_ == '}') {
-            ++at_;
+        if (*at == '}') {
+            at_ = at + 1;
             return endFrame();
         }
         const FieldPlan* field = nullptr;
-        if (!key(top, field)) return false;
-        if (field == nullptr) {
-            if (!skip()) return false;
-        } else {
-            if (!fieldValue(top, *field)) return false;
-            if (frames_.size() != depth) return true;
-        }
+        if (!key(top, at, field)) return false;
+        if (field != nullptr && plainText(top, *field, at)) continue;
+        at_ = at;
+        if (!(field != nullptr ? fieldValue(top, *field) : skip())) return false;
+        if (depth_ != depth) return true;
         if (top.hasFailed) {
             // A root that has failed is the diagnosing engine's, and a failed candidate is given up at once.
             if (depth == 1) return false;
             if (top.choice != nullptr) return endFrame();
         }
+        at = skipSpace(at_);
     }
 }
 
 // Reads a key and the colon behind it. `field` is the row to fill, or stays null where the value is nobody's.
-bool FastEngine::key(Frame& top, const FieldPlan*& field) {
+inline bool FastEngine::key(Frame& top, const char*& at, const FieldPlan*& field) {
+    const FieldPlan* const fields = top.plan->fields.data();
     const std::uint8_t guess = successors_[top.plan->memory + top.last];
-    if (guess != KeyTable::none && isKeyOf(top.plan->fields[guess], at_)) {
-        field = &top.plan->fields[guess];
-        at_ += field->quotedSize;
+    if (guess != KeyTable::none && isKeyOf(fields[guess], at)) {
+        field = fields + guess;
+        at += field->quotedSize;
         top.last = static_cast<std::uint8_t>(guess + 1);
-    } else if (!scannedKey(top, field)) {
-        return false;
+    } else {
+        at_ = at;
+        if (!scannedKey(top, field)) return false;
+        at = at_;
     }
-    at_ = skipSpace(at_);
-    if (*at_ != ':') return false;
-    at_ = skipSpace(at_ + 1);
+    at = skipSpace(at);
+    if (*at != ':') return false;
+    at = skipSpace(at + 1);
     if (field == nullptr) return true;
 
     // The first of two equal keys counts.
@@ -110,6 +132,18 @@ bool FastEngine::key(Frame& top, const FieldPlan*& field) {
     const bool isTaken = (top.seen & bit) != 0;
     top.seen |= bit;
     if (isTaken || top.hasFailed || top.isIgnored || field->role == RowRole::unread) field = nullptr;
+    return true;
+}
+
+// By far the most fields are texts, and by far the most texts need no second look. Reads one of those; then
+// `at` is at what follows it.
+inline bool FastEngine::plainText(const Frame& top, const FieldPlan& field, const char*& at) {
+    if (field.kind != ValueKind::text || *at != '"') return false;
+    const StringToken token = scanString(at, end_);
+    if (!token.isPlain) return false;
+    const auto size = static_cast<std::size_t>(token.close - token.inside);
+    storeText(top.target + field.offset, field.isOptional, {token.inside, size}, true);
+    at = skipSpace(token.close + 1);
     return true;
 }
 
@@ -127,9 +161,13 @@ bool FastEngine::scannedKey(Frame& top, const FieldPlan*& field) {
         }
         name = *text;
     }
-    const std::uint8_t place = top.plan->keys.find(name);
+    const std::uint8_t place = top.plan->keys.likely(name);
     if (place == KeyTable::none) return true;
-    field = &top.plan->fields[place];
+    const FieldPlan& likely = top.plan->fields[place];
+    const bool isLikely = token.isPlain && likely.quotedSize != 0 ? isKeyOf(likely, token.inside - 1)
+                                                                  : likely.key == name;
+    if (!isLikely) return true;
+    field = &likely;
     successors_[top.plan->memory + top.last] = place;
     top.last = static_cast<std::uint8_t>(place + 1);
     return true;
@@ -150,24 +188,19 @@ bool FastEngine::fieldValue(Frame& top, const FieldPlan& field) {
     if (field.role == RowRole::entityCheck) return checkEntity(top);
     if (field.role == RowRole::object) {
         if (*at_ != '{') return unfit(top, field);
-        Frame inner;
-        inner.plan = field.inner;
-        inner.target = top.target;
-        inner.field = &field;
-        inner.isInner = true;
-        return push(inner);
+        return openInner(field, top.target);
     }
     std::byte* const place = top.target + field.offset;
     switch (field.kind) {
         case ValueKind::object:
             if (*at_ != '{') return unfit(top, field);
-            return push(childOf(*field.type, field.ops->open(place), &field));
+            return open(*field.type, field.ops->open(place), &field);
         case ValueKind::list:
             if (*at_ != '[') return unfit(top, field);
-            return push(childOf(*field.type, field.ops->open(place), &field));
+            return open(*field.type, field.ops->open(place), &field);
         case ValueKind::choice:
             if (*at_ != '{') return unfit(top, field);
-            return pushCandidate(*field.type->choice, 0, &field);
+            return openCandidate(*field.type->choice, 0, &field);
         default: {
             const Fit fit = held(*field.type, place, field.isOptional ? field.ops : nullptr);
             if (fit == Fit::fits) return true;
@@ -201,7 +234,7 @@ bool FastEngine::checkEntity(Frame& top) {
 
 // Reads on in an array until an element opens or it ends. `top` is gone once a frame was pushed.
 bool FastEngine::listStep(Frame& top) {
-    const std::size_t depth = frames_.size();
+    const std::size_t depth = depth_;
     for (;;) {
         at_ = skipSpace(at_);
         if (top.isFresh) {
@@ -219,23 +252,25 @@ bool FastEngine::listStep(Frame& top) {
             if (depth == 1 || !skip()) return false;
         } else {
             if (!element(top)) return false;
-            if (frames_.size() != depth) return true;
+            if (depth_ != depth) return true;
         }
     }
 }
 
 bool FastEngine::element(Frame& top) {
     const TypePlan& type = top.list->element();
-    if (type.kind == ValueKind::choice && *at_ == '{') return pushCandidate(*type.choice, 0, nullptr);
+    if (type.kind == ValueKind::choice && *at_ == '{') return openCandidate(*type.choice, 0, nullptr);
 
     const bool opens = (type.kind == ValueKind::object && *at_ == '{') ||
                        (type.kind == ValueKind::list && *at_ == '[');
     const bool isPlain = type.kind != ValueKind::object && type.kind != ValueKind::list &&
                          type.kind != ValueKind::choice;
     if (opens || isPlain) {
-        void* const place = top.list->append(top.target, static_cast<std::size_t>(at_ - top.start),
-                                             static_cast<std::size_t>(end_ - at_));
-        if (opens) return push(childOf(type, place, nullptr));
+        // What is left of the document tells something about a list at its top, and nothing about the others.
+        const auto bytesLeft = depth_ <= 2 ? static_cast<std::size_t>(end_ - at_) : 0;
+        void* const place =
+            top.list->append(top.target, static_cast<std::size_t>(at_ - top.start), bytesLeft);
+        if (opens) return open(type, place, nullptr);
         const Fit fit = held(type, place, nullptr);
         if (fit == Fit::fits) return true;
         top.list->removeLast(top.target);
@@ -245,41 +280,53 @@ bool FastEngine::element(Frame& top) {
     return skip();
 }
 
-FastEngine::Frame FastEngine::childOf(const TypePlan& type, void* target, const FieldPlan* field) const {
-    Frame frame;
-    frame.plan = type.object;
-    frame.list = type.list;
-    frame.target = static_cast<std::byte*>(target);
-    frame.field = field;
-    return frame;
+// Opens the array or object ahead. Frames are filled where they lie: a copy of one that was just written waits for
+// the writes to arrive.
+FastEngine::Frame* FastEngine::push(const ObjectPlan* plan, void* target, const FieldPlan* field) {
+    if (depth_ == deepest) return nullptr;
+    if (depth_ == frames_.size()) frames_.resize(2 * depth_);
+    Frame& top = frames_[depth_++];
+    top = Frame{};
+    top.plan = plan;
+    top.target = static_cast<std::byte*>(target);
+    top.field = field;
+    top.start = at_++;
+    if (plan == nullptr) return &top;
+    // A plan made on first use during this decode has its memory behind all that was known when it began.
+    const std::size_t needed = plan->memory + plan->fields.size() + 1;
+    if (successors_.size() < needed) successors_.resize(needed, KeyTable::none);
+    if (plan->hasDefaults) setDefaults(*plan, target);
+    return &top;
 }
 
-bool FastEngine::push(const Frame& frame) {
-    if (frames_.size() == deepest) return false;
-    frames_.push_back(frame);
-    Frame& top = frames_.back();
-    top.start = at_++;
-    if (top.plan == nullptr) return true;
-    // A plan made on first use during this decode has its memory behind all that was known when it began.
-    const std::size_t needed = top.plan->memory + top.plan->fields.size() + 1;
-    if (successors_.size() < needed) successors_.resize(needed, KeyTable::none);
-    if (top.plan->hasDefaults) setDefaults(*top.plan, top.target);
+bool FastEngine::open(const TypePlan& type, void* target, const FieldPlan* field) {
+    Frame* const top = push(type.object, target, field);
+    if (top != nullptr) top->list = type.list;
+    return top != nullptr;
+}
+
+bool FastEngine::openInner(const FieldPlan& field, void* target) {
+    Frame* const top = push(field.inner, target, &field);
+    if (top != nullptr) top->isInner = true;
+    return top != nullptr;
+}
+
+bool FastEngine::openCandidate(const ChoicePlan& choice, std::size_t candidate, const FieldPlan* field) {
+    const Candidate& type = choice.candidates[candidate];
+    void* const made = type.make();
+    Frame* const top = push(type.type().object, made, field);
+    if (top == nullptr) {
+        type.drop(made);
+        return false;
+    }
+    top->choice = &choice;
+    top->candidate = static_cast<std::uint8_t>(candidate);
     return true;
 }
 
-bool FastEngine::pushCandidate(const ChoicePlan& choice, std::size_t candidate, const FieldPlan* field) {
-    const Candidate& type = choice.candidates[candidate];
-    Frame frame = childOf(type.type(), type.make(), field);
-    frame.choice = &choice;
-    frame.candidate = static_cast<std::uint8_t>(candidate);
-    if (push(frame)) return true;
-    type.drop(frame.target);
-    return false;
-}
-
 bool FastEngine::endFrame() {
-    const Frame ended = frames_.back();
-    frames_.pop_back();
+    // What lies above the depth stays as it is until something opens.
+    const Frame& ended = frames_[--depth_];
     if (ended.plan == nullptr) {
         deliver(ended.field, true, ended.hasFailed);
         return true;
@@ -287,7 +334,7 @@ bool FastEngine::endFrame() {
     const bool isComplete = (ended.seen & ended.plan->required) == ended.plan->required;
     const bool hasFailed = ended.hasFailed || !isComplete;
     if (ended.isInner) {
-        if (hasFailed && !ended.isIgnored) frames_.back().hasFailed = true;
+        if (hasFailed && !ended.isIgnored) frames_[depth_ - 1].hasFailed = true;
         return true;
     }
     if (!hasFailed) {
@@ -302,26 +349,28 @@ bool FastEngine::endFrame() {
 bool FastEngine::endCandidate(const Frame& ended, bool hasFailed) {
     const Candidate& type = ended.choice->candidates[ended.candidate];
     if (!hasFailed) {
-        Frame& around = frames_.back();
+        Frame& around = frames_[depth_ - 1];
         type.keep(ended.target, around.target + (ended.field != nullptr ? ended.field->offset : 0));
         return true;
     }
     type.drop(ended.target);
     at_ = ended.start;
     const std::size_t next = std::size_t{ended.candidate} + 1;
-    if (next < ended.choice->candidates.size()) return pushCandidate(*ended.choice, next, ended.field);
-    deliver(ended.field, false, true);
+    const ChoicePlan& choice = *ended.choice;
+    const FieldPlan* const field = ended.field;
+    if (next < choice.candidates.size()) return openCandidate(choice, next, field);
+    deliver(field, false, true);
     return skip();
 }
 
 // Tells what lies around a value how it ended. `isStored`: a failed value lies in its place and must go.
 void FastEngine::deliver(const FieldPlan* field, bool isStored, bool hasFailed) {
-    if (frames_.empty()) {
+    if (depth_ == 0) {
         rootDecoded_ = !hasFailed;
         return;
     }
     if (!hasFailed) return;
-    Frame& around = frames_.back();
+    Frame& around = frames_[depth_ - 1];
     const bool isSwallowed = field != nullptr ? field->presence == Presence::lenient : around.list->tolerant;
     if (!isSwallowed) {
         around.hasFailed = true;
@@ -338,12 +387,17 @@ void FastEngine::deliver(const FieldPlan* field, bool isStored, bool hasFailed) 
 
 // A value that holds no others, or one whose inside nobody looks at.
 Fit FastEngine::held(const TypePlan& type, void* place, const FieldOps* optional) {
-    if (type.kind != ValueKind::anything) return plain(type, place, optional);
-    return skip() ? Fit::fits : Fit::broken;
+    if (type.kind != ValueKind::anything && type.kind != ValueKind::attempted) return plain(type, place, optional);
+    const char* const start = at_;
+    if (!skip()) return Fit::broken;
+    if (type.attempt != nullptr) {
+        type.attempt({start, static_cast<std::size_t>(at_ - start)}, optional != nullptr ? optional->open(place) : place);
+    }
+    return Fit::fits;
 }
 
 bool FastEngine::skip() {
-    const char* const behind = skipValue(at_, end_, frames_.size());
+    const char* const behind = skipValue(at_, end_, depth_);
     if (behind == nullptr) return false;
     at_ = behind;
     return true;

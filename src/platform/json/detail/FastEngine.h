@@ -45,7 +45,8 @@ private:
     bool runFrames();
 
     bool objectStep(Frame& top);
-    bool key(Frame& top, const FieldPlan*& field);
+    bool key(Frame& top, const char*& at, const FieldPlan*& field);
+    bool plainText(const Frame& top, const FieldPlan& field, const char*& at);
     bool scannedKey(Frame& top, const FieldPlan*& field);
     void keyCannotBeRead(Frame& top);
     bool fieldValue(Frame& top, const FieldPlan& field);
@@ -55,18 +56,20 @@ private:
     bool listStep(Frame& top);
     bool element(Frame& top);
 
-    bool push(const Frame& frame);
-    bool pushCandidate(const ChoicePlan& choice, std::size_t candidate, const FieldPlan* field);
+    Frame* push(const ObjectPlan* plan, void* target, const FieldPlan* field);
+    bool open(const TypePlan& type, void* target, const FieldPlan* field);
+    bool openInner(const FieldPlan& field, void* target);
+    bool openCandidate(const ChoicePlan& choice, std::size_t candidate, const FieldPlan* field);
     bool endFrame();
     bool endCandidate(const Frame& ended, bool hasFailed);
     void deliver(const FieldPlan* field, bool isStored, bool hasFailed);
-    Frame childOf(const TypePlan& type, void* target, const FieldPlan* field) const;
 
     Fit held(const TypePlan& type, void* place, const FieldOps* optional);
     bool skip();
 
     Data document_;
-    std::vector<Frame> frames_;
+    std::vector<Frame> frames_;  // the first `depth_` are open
+    std::size_t depth_ = 0;
     std::vector<std::uint8_t> successors_;
     bool rootDecoded_ = false;
 };

@@ -29,6 +29,7 @@ std::string_view jsonTypeOf(ValueKind kind) noexcept {
         case ValueKind::dictionary: return "object";
         case ValueKind::list: return "array";
         case ValueKind::anything:
+        case ValueKind::attempted:
         case ValueKind::nullable: break;
     }
     return "";

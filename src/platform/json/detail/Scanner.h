@@ -21,6 +21,8 @@ inline constexpr std::size_t deepest = 512;
 inline bool isSpace(char c) noexcept { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; }
 
 inline const char* skipSpace(const char* at) noexcept {
+    // Most documents hold no blanks at all.
+    if (static_cast<unsigned char>(*at) > ' ') return at;
     while (isSpace(*at)) ++at;
     return at;
 }
@@ -37,28 +39,35 @@ struct StringToken {
 
 namespace scan {
 
-struct Block {
-    static constexpr std::size_t size = 16;
-    unsigned stop;  // a bit for each quote, backslash and control character
-    unsigned high;  // a bit for each byte beyond ASCII
-};
+/// Most texts end within one block, and a loop that runs once is one that is predicted well.
+inline constexpr std::size_t blockSize = 32;
 
-inline Block load(const char* at) noexcept {
 #if defined(__SSE2__)
+/// The highest bit of each byte that is a quote, a backslash, a control character or beyond ASCII.
+inline __m128i stopBytes(const char* at) noexcept {
     const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
     const __m128i quote = _mm_cmpeq_epi8(bytes, _mm_set1_epi8('"'));
     const __m128i escape = _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\\'));
-    const __m128i control = _mm_cmpeq_epi8(_mm_min_epu8(bytes, _mm_set1_epi8(0x1F)), bytes);
-    const __m128i stop = _mm_or_si128(_mm_or_si128(quote, escape), control);
-    return {static_cast<unsigned>(_mm_movemask_epi8(stop)), static_cast<unsigned>(_mm_movemask_epi8(bytes))};
+    // Signed, so that the bytes beyond ASCII are below the blank as well.
+    const __m128i control = _mm_cmplt_epi8(bytes, _mm_set1_epi8(0x20));
+    return _mm_or_si128(_mm_or_si128(quote, escape), control);
+}
+#endif
+
+/// A bit for each of the bytes of the block at `at` that is a quote, a backslash, a control character or beyond
+/// ASCII.
+inline std::uint32_t stops(const char* at) noexcept {
+#if defined(__SSE2__)
+    const auto low = static_cast<std::uint32_t>(_mm_movemask_epi8(stopBytes(at)));
+    const auto high = static_cast<std::uint32_t>(_mm_movemask_epi8(stopBytes(at + 16)));
+    return low | high << 16;
 #else
-    Block block{0, 0};
-    for (unsigned i = 0; i < Block::size; ++i) {
+    std::uint32_t stop = 0;
+    for (unsigned i = 0; i < blockSize; ++i) {
         const auto c = static_cast<unsigned char>(at[i]);
-        if (c == '"' || c == '\\' || c < 0x20) block.stop |= 1U << i;
-        if (c >= 0x80) block.high |= 1U << i;
+        if (c == '"' || c == '\\' || c < 0x20 || c >= 0x80) stop |= std::uint32_t{1} << i;
     }
-    return block;
+    return stop;
 #endif
 }
 
@@ -70,21 +79,14 @@ StringToken scanUnusualString(const char* inside, const char* at, const char* en
 /// The string token whose opening quote is at `quote`.
 inline StringToken scanString(const char* quote, const char* end) noexcept {
     const char* const inside = quote + 1;
-    const char* at = inside;
-    unsigned high = 0;
-    for (;;) {
-        const scan::Block block = scan::load(at);
-        if (block.stop != 0) {
-            const auto ahead = static_cast<unsigned>(__builtin_ctz(block.stop));
-            high |= block.high & ((1U << ahead) - 1U);
-            at += ahead;
-            if (*at == '"' && high == 0) return {inside, at, true};
-            return scanUnusualString(inside, at, end);
-        }
-        high |= block.high;
-        at += scan::Block::size;
-        if (at >= end) return {inside, nullptr, false};
+    for (const char* at = inside; at < end; at += scan::blockSize) {
+        const std::uint32_t stops = scan::stops(at);
+        if (stops == 0) continue;
+        at += __builtin_ctz(stops);
+        if (*at == '"') return {inside, at, true};
+        return scanUnusualString(inside, at, end);
     }
+    return {inside, nullptr, false};
 }
 
 /// The text of a string that is not plain, or empty where its inside is broken: a bad escape, a lone surrogate,

@@ -79,9 +79,7 @@ Fit ValueReader::textInto(void* place, bool isOptional) {
     bool mayReadOn = false;
     const Fit fit = readText(text, mayReadOn);
     if (fit != Fit::fits) return fit;
-    storeText(isOptional ? static_cast<std::optional<std::string>*>(place)->emplace()
-                         : *static_cast<std::string*>(place),
-              text, mayReadOn);
+    storeText(place, isOptional, text, mayReadOn);
     return fit;
 }
 
