@@ -5,6 +5,7 @@
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
 #include <VanticRestKit/platform/result/Result.h>
 #include <VanticRestKit/Visibility.h>
@@ -26,9 +27,9 @@ public:
     /// 512 deep; a document of any depth is safe on a small stack.
     template <class T>
     Result<T, Error> decode(const Data& document) const {
-        T value{};
+        T value = mapping::fresh<T>();
         if (decode(document, planOf<T>(), &value)) return value;
-        T second{};
+        T second = mapping::fresh<T>();
         std::optional<Error> error = whyNot(document, planOf<T>(), &second);
         if (error) return Failure(*std::move(error));
         return second;
