@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace vantic {
+
+/// Thrown for wrong usage: the program says what in one line and ends with 2.
+struct UsageError {
+    std::string message;
+};
+
+/// Thrown where the request, the service or the document failed: the program says what in one line and ends
+/// with 1.
+struct Failed {
+    std::string message;
+};
+
+}  // namespace vantic

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <VanticRestKit/platform/json/RawText.h>
+#include <VanticRestKit/platform/url/URLQueryItem.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "Failure.h"
+
+// The readers of values that are no plain text. Each is given the name of the option, for saying what is
+// wrong, and throws `UsageError` for a text that it cannot read.
+namespace vantic {
+
+std::int64_t readInteger(std::string_view name, const std::string& text);
+/// A number of seconds or the like: any finite decimal number.
+double readNumber(std::string_view name, const std::string& text);
+/// "true" or "false".
+bool readTruth(std::string_view name, const std::string& text);
+/// "name=value", split at the first "="; without one the item has no value.
+VanticRestKit::URLQueryItem readQueryItem(std::string_view name, const std::string& text);
+
+/// The case of an enumeration by its raw text.
+template <class E>
+E readCase(std::string_view name, const std::string& text) {
+    const std::optional<E> found = VanticRestKit::fromRawValue<E>(text);
+    if (!found) throw UsageError{"--" + std::string(name) + " has no case " + text};
+    return *found;
+}
+
+}  // namespace vantic

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "arguments/Arguments.h"
+#include "Failure.h"
+#include "types/Type.h"
+
+namespace vantic {
+
+/// "TYPE [FILE]", as the commands about documents take it.
+struct TypeAndInput {
+    static constexpr std::size_t mostWords = 2;
+
+    explicit TypeAndInput(const Arguments& given)
+        : type(given.positionals().empty() ? throw UsageError{"no type is named"}
+                                           : typeNamed(given.positionals()[0])) {
+        if (given.positionals().size() > 1) file = given.positionals()[1];
+    }
+
+    const Type& type;
+    /// Standard input where it is left out.
+    std::optional<std::string> file;
+};
+
+}  // namespace vantic

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <VanticRestKit/Core/Context.h>
+#include <VanticRestKit/Core/Serviceable.h>
+
+#include <functional>
+#include <memory>
+
+#include "operations/CommonOptions.h"
+
+namespace vantic {
+
+/// Runs, or only looks at, a request that the library has built.
+using Serve = std::function<std::shared_ptr<VanticRestKit::Serviceable>(VanticRestKit::URLRequest)>;
+
+/// The context that the command line gives to the library.
+class Host : public virtual VanticRestKit::Context {
+public:
+    Host(CommonOptions common, Serve serve);
+
+    VanticRestKit::URL baseURL() const override;
+    std::map<std::string, std::string> HTTPHeaderFields() const override;
+    double requestTimeout() const override;
+    std::shared_ptr<VanticRestKit::Serviceable> service(ServiceArguments arguments) const override;
+
+private:
+    CommonOptions common_;
+    Serve serve_;
+};
+
+}  // namespace vantic

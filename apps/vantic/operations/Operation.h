@@ -1,0 +1,39 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "arguments/Arguments.h"
+#include "operations/Host.h"
+#include "operations/Loadable.h"
+
+namespace vantic {
+
+/// One way of calling an operation of the library. An operation with alternatives has an entry for each.
+struct Operation {
+    std::string_view name;
+    /// Its own options, without the common ones.
+    std::vector<Option> options;
+    /// Calls the library. Empty where it can make no request.
+    std::optional<Loadable> (*call)(const Arguments& given, const Host& host);
+};
+
+/// All operations, those of one name one after another.
+std::span<const Operation> allOperations();
+
+/// An operation as it was asked for.
+struct Call {
+    const Operation& operation;
+    Arguments given;
+};
+
+/// Reads "OPERATION --option value ...". Throws `UsageError` where that is none.
+Call readCall(Words words);
+
+// The operations of one subsystem each.
+std::vector<Operation> catalogueOperations();
+
+}  // namespace vantic

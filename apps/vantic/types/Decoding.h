@@ -1,0 +1,32 @@
+#pragma once
+
+#include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/json/DecodingError.h>
+#include <VanticRestKit/platform/json/ValueText.h>
+#include <VanticRestKit/platform/result/Result.h>
+
+#include <string>
+
+#include "types/Type.h"
+
+namespace vantic {
+
+/// Why a document did not become a value, and where.
+struct DecodeFailure {
+    VanticRestKit::Error error;
+    /// The coding path of a decoding error, or the path of the entity that is of another kind.
+    VanticRestKit::CodingPath path;
+};
+
+/// Decodes a document and gives the value as JSON.
+VanticRestKit::Result<std::string, DecodeFailure> decode(const Type& type, const VanticRestKit::Data& document,
+                                                         VanticRestKit::ValueLayout layout);
+
+/// {"error":{"kind":K,"path":[...],"message":"..."}}
+std::string errorText(const DecodeFailure& failure);
+
+/// ["items",0,"href"]
+std::string pathText(const VanticRestKit::CodingPath& path);
+
+}  // namespace vantic
