@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstdlib>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -12,10 +13,19 @@ KeyTable::KeyTable(std::vector<std::string_view> keys) : keys_(std::move(keys)) 
     const std::size_t buckets = std::bit_ceil(std::max<std::size_t>(2, keys_.size() * 4));
     shift_ = 64 - static_cast<unsigned>(std::countr_zero(buckets));
 
-    // Two equal keys would be searched for without end.
+    // Two equal keys, or keys of equal signatures, would be searched for without end.
     std::vector<std::string_view> sorted = keys_;
     std::sort(sorted.begin(), sorted.end());
     if (std::adjacent_find(sorted.begin(), sorted.end()) != sorted.end()) std::abort();
+    std::vector<std::uint64_t> signatures;
+    for (const std::string_view key : keys_) {
+        std::string padded(key);
+        padded.resize(padded.size() + 8);
+        signatures.push_back(signature(firstBytes({padded.data(), key.size()}), key));
+    }
+    const std::set<std::uint64_t> distinct(signatures.begin(), signatures.end());
+    readsWhole_ = distinct.size() != signatures.size();
+    if (readsWhole_) std::transform(keys_.begin(), keys_.end(), signatures.begin(), wholeSignature);
 
     std::uint64_t state = 0x2545F4914F6CDD1DU;
     for (bool perfect = false; !perfect;) {
@@ -24,10 +34,7 @@ KeyTable::KeyTable(std::vector<std::string_view> keys) : keys_(std::move(keys)) 
         buckets_.assign(buckets, none);
         perfect = true;
         for (std::size_t place = 0; place < keys_.size() && perfect; ++place) {
-            std::string padded(keys_[place]);
-            padded.resize(padded.size() + 8);
-            const std::uint64_t first = firstBytes({padded.data(), keys_[place].size()});
-            std::uint8_t& slot = buckets_[bucket(signature(first, keys_[place]))];
+            std::uint8_t& slot = buckets_[bucket(signatures[place])];
             perfect = slot == none;
             slot = static_cast<std::uint8_t>(place);
         }

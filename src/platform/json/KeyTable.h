@@ -30,11 +30,11 @@ public:
 
     /// The only place where `key` can be, or `none`; the caller compares.
     std::uint8_t likely(std::string_view key) const noexcept {
-        return buckets_[bucket(signature(firstBytes(key), key))];
+        return buckets_[bucket(readsWhole_ ? wholeSignature(key) : signature(firstBytes(key), key))];
     }
 
 private:
-    // The first and the last eight bytes and the length tell the keys of one object apart.
+    // The first and the last eight bytes and the length tell the keys of most objects apart.
     static std::uint64_t signature(std::uint64_t first, std::string_view key) noexcept {
         std::uint64_t last = 0;
         if (key.size() >= 8) std::memcpy(&last, key.data() + key.size() - 8, 8);
@@ -47,12 +47,20 @@ private:
         return key.size() >= 8 ? first : first & ((std::uint64_t{1} << (8 * key.size())) - 1);
     }
 
+    // For keys that are alike at both ends and of one length.
+    static std::uint64_t wholeSignature(std::string_view key) noexcept {
+        std::uint64_t hash = 0xCBF29CE484222325U;
+        for (const char c : key) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
+        return hash;
+    }
+
     std::size_t bucket(std::uint64_t signature) const noexcept {
         return static_cast<std::size_t>((signature * seed_) >> shift_);
     }
 
     std::uint64_t seed_ = 1;
     unsigned shift_ = 63;
+    bool readsWhole_ = false;
     std::vector<std::uint8_t> buckets_ = {none, none};
     std::vector<std::string_view> keys_;
 };

@@ -27,7 +27,10 @@ FieldPlan fieldFor(const Row& row) {
         field.kind = field.type->kind;
         field.isOptional = row.ops->isOptional;
     }
-    if (row.key.size() + 2 <= FieldPlan::quotedRoom) {
+    // A key that is spelled otherwise in a document cannot be compared in place.
+    const bool isPlain = std::all_of(row.key.begin(), row.key.end(),
+                                     [](char c) { return c >= ' ' && c < 0x7F && c != '"' && c != '\\'; });
+    if (isPlain && row.key.size() + 2 <= FieldPlan::quotedRoom) {
         field.quotedSize = static_cast<std::uint8_t>(row.key.size() + 2);
         field.quoted[0] = '"';
         std::memcpy(field.quoted + 1, row.key.data(), row.key.size());

@@ -143,7 +143,7 @@ struct FieldPlan {
 
     // What each key of a document needs comes first, within one cache line.
     char quoted[quotedRoom];
-    /// How many bytes of `quoted` count; none where the key is too long for it.
+    /// How many bytes of `quoted` count; none where the key is too long for it or is not plain.
     std::uint8_t quotedSize;
     RowRole role;
     Presence presence;
