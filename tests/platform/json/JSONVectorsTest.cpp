@@ -1,6 +1,7 @@
 // What the platform answered for thousands of small documents, asked of both engines.
 
-#include "BothEngines.h"
+#include <platform/json/BothEngines.h>
+#include <VanticRestKit/platform/json/DecodingError.h>
 
 #include <VanticRestKit/platform/json/Table.h>
 #include <support/Vectors.h>

@@ -1,0 +1,131 @@
+// Numbers in every spelling, as each of the three kinds.
+
+#include <gtest/gtest.h>
+
+#include <platform/json/BothEngines.h>
+#include <cstdint>
+#include <string>
+
+namespace VanticRestKit {
+namespace {
+
+using test::shown;
+
+/// What a token comes to under each kind: its value, "-" where it does not fit.
+struct Spelling {
+    std::string token;
+    std::string asUnsigned;
+    std::string asInteger;
+    std::string asDouble;
+};
+
+std::string expected(const std::string& value) { return value == "-" ? "dataCorrupted []" : value; }
+
+void expectNumbers(const std::vector<Spelling>& spellings) {
+    for (const Spelling& spelling : spellings) {
+        EXPECT_EQ(shown<std::uint64_t>(spelling.token), expected(spelling.asUnsigned)) << spelling.token;
+        EXPECT_EQ(shown<std::int64_t>(spelling.token), expected(spelling.asInteger)) << spelling.token;
+        EXPECT_EQ(shown<double>(spelling.token), expected(spelling.asDouble)) << spelling.token;
+    }
+}
+
+TEST(ANumber, IsWholeHoweverItIsSpelled) {
+    expectNumbers({
+        {"0", "0", "0", "0"},
+        {"-0", "0", "0", "-0"},
+        {"0.000", "0", "0", "0"},
+        {"0e0", "0", "0", "0"},
+        {"0e999999999999999999999", "0", "0", "0"},
+        {"-0.0e-99", "0", "0", "-0"},
+        {"7", "7", "7", "7"},
+        {"7.0", "7", "7", "7"},
+        {"7.000000000000000000000000000000", "7", "7", "7"},
+        {"70e-1", "7", "7", "7"},
+        {"0.7e1", "7", "7", "7"},
+        {"0.07E+2", "7", "7", "7"},
+        {"0.000000000000000000000000000007e30", "7", "7", "7"},
+        {"7000000000000000000000000000000e-30", "7", "7", "7"},
+        {"-7", "-", "-7", "-7"},
+        {"-70e-1", "-", "-7", "-7"},
+        {"1234567890123456789e0", "1234567890123456789", "1234567890123456789", "1234567890123456768"},
+    });
+}
+
+TEST(ANumber, MayReachTheBoundsOfItsKindAndNotBeyond) {
+    expectNumbers({
+        {"9223372036854775807", "9223372036854775807", "9223372036854775807", "9223372036854775808"},
+        {"9223372036854775808", "9223372036854775808", "-", "9223372036854775808"},
+        {"-9223372036854775808", "-", "-9223372036854775808", "-9223372036854775808"},
+        {"-9223372036854775809", "-", "-", "-9223372036854775808"},
+        {"922337203685477580.7e1", "9223372036854775807", "9223372036854775807", "9223372036854775808"},
+        {"-922337203685477580.8e1", "-", "-9223372036854775808", "-9223372036854775808"},
+        {"9999999999999999999", "9999999999999999999", "-", "1e+19"},
+        {"18446744073709551615", "18446744073709551615", "-", "18446744073709551616"},
+        {"18446744073709551616", "-", "-", "18446744073709551616"},
+        {"18446744073709551615.0", "18446744073709551615", "-", "18446744073709551616"},
+        {"184467440737095516150e-1", "18446744073709551615", "-", "18446744073709551616"},
+        {"1e19", "10000000000000000000", "-", "1e+19"},
+        {"1e20", "-", "-", "1e+20"},
+        {"99999999999999999999999999999999", "-", "-", "1e+32"},
+        {"1e308", "-", "-", "1e+308"},
+        {"1e309", "-", "-", "-"},
+        {"1e999999999999999999999", "-", "-", "-"},
+    });
+}
+
+TEST(ANumber, IsNoWholeOneWithAFraction) {
+    expectNumbers({
+        {"1.5", "-", "-", "1.5"},
+        {"-1.5", "-", "-", "-1.5"},
+        {"15e-1", "-", "-", "1.5"},
+        {"0.1", "-", "-", "0.1"},
+        {"1e-1", "-", "-", "0.1"},
+        {"7.00000000000000000000000000000000000000001", "-", "-", "7"},
+        {"18446744073709551614.5", "-", "-", "18446744073709551616"},
+    });
+}
+
+TEST(ANumber, ThatIsMisspelledIsNoNumberButNoFaultOfTheDocument) {
+    for (const char* token : {"00", "01", "-01", "00.5", "1.", "-", "--1", "-.5", "1.e5", "1e", "1e+", "1e-", "1E", "1e1.5",
+                              "1..5", "1.5.5", "1-2", "1+2", "1e5e5", "-e5", "1ee5", "0-", "0+"}) {
+        EXPECT_EQ(shown<std::uint64_t>(token), "dataCorrupted []") << token;
+        EXPECT_EQ(shown<std::int64_t>(token), "dataCorrupted []") << token;
+        EXPECT_EQ(shown<double>(token), "dataCorrupted []") << token;
+        EXPECT_EQ(shown<std::string>(token), "typeMismatch []") << token;
+        EXPECT_EQ(shown<bool>(token), "typeMismatch []") << token;
+    }
+}
+
+TEST(ANumber, EndsWhereItsLettersEnd) {
+    for (const char* token : {"0x10", "1_000", "1 000", "1,5", "1f", "Infinity", "NaN", "-Infinity", "+1", ".5", "1\"\"",
+                              "1{}", "1true"}) {
+        EXPECT_EQ(shown<double>(token), "dataCorrupted []") << token;
+        // A document that is broken is no document, whatever it is to be.
+        EXPECT_EQ(shown<std::string>(token), "dataCorrupted []") << token;
+    }
+    EXPECT_EQ(shown<double>(std::string_view("1\0", 2)), "dataCorrupted []");
+    EXPECT_EQ(shown<double>(std::string_view("1\0" "2", 3)), "dataCorrupted []");
+    EXPECT_EQ(shown<double>("1 "), "1");
+}
+
+TEST(ANumber, MayHaveManyDigitsWithoutCostingMoreThanItsLength) {
+    const std::string zeros(1'000'000, '0');
+    expectNumbers({
+        {"1" + zeros, "-", "-", "-"},
+        {"0." + zeros + "1e1000001", "1", "1", "1"},
+        {"1" + zeros + "e-1000000", "1", "1", "1"},
+        {"0." + zeros, "0", "0", "0"},
+    });
+}
+
+TEST(ANumber, IsNeverMadeOfATextOrATruthValue) {
+    for (const char* token : {"\"1\"", "true", "false", "[]", "[1]", "{}"}) {
+        EXPECT_EQ(shown<std::uint64_t>(token), "typeMismatch []") << token;
+        EXPECT_EQ(shown<std::int64_t>(token), "typeMismatch []") << token;
+        EXPECT_EQ(shown<double>(token), "typeMismatch []") << token;
+    }
+    EXPECT_EQ(shown<double>("null"), "valueNotFound []");
+}
+
+}  // namespace
+}  // namespace VanticRestKit

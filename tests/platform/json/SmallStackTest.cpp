@@ -1,0 +1,90 @@
+// Documents of any depth on a thread with little stack.
+
+#include <gtest/gtest.h>
+#include <VanticRestKit/platform/json/Table.h>
+
+#include <platform/json/Decoding.h>
+#include <platform/json/Nested.h>
+#include <functional>
+#include <pthread.h>
+#include <string>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<test::Nest>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<test::Nest>(
+        required<&test::Nest::inside>("inside"));
+    return plan;
+}
+
+namespace {
+
+using test::decodable;
+using test::Nest;
+using test::Outcome;
+
+constexpr std::size_t stackSize = 256 * 1024;
+
+void* run(void* task) {
+    (*static_cast<std::function<void()>*>(task))();
+    return nullptr;
+}
+
+/// Runs `task` on a thread with a stack of 256 KB and waits for it.
+void onASmallStack(std::function<void()> task) {
+    pthread_attr_t attributes;
+    ASSERT_EQ(pthread_attr_init(&attributes), 0);
+    ASSERT_EQ(pthread_attr_setstacksize(&attributes, stackSize), 0);
+    pthread_t thread;
+    ASSERT_EQ(pthread_create(&thread, &attributes, &run, &task), 0);
+    ASSERT_EQ(pthread_join(thread, nullptr), 0);
+    pthread_attr_destroy(&attributes);
+}
+
+Outcome outcomeOnASmallStack(const test::DecodableType& type, const std::string& document) {
+    Outcome outcome;
+    onASmallStack([&] { outcome = test::decodeByBoth(type, Data(document)); });
+    EXPECT_EQ(outcome.difference, "");
+    return outcome;
+}
+
+/// `levels` arrays and objects by turns, `core` in the innermost array.
+std::string nest(std::size_t levels, const std::string& core) {
+    std::string text;
+    for (std::size_t i = 0; i < levels; ++i) text += i % 2 == 0 ? "[" : "{\"inside\":";
+    text += core;
+    for (std::size_t i = levels; i > 0; --i) text += i % 2 != 0 ? "]" : "}";
+    return text;
+}
+
+TEST(ASmallStack, HoldsATypedDocumentOfTheGreatestDepth) {
+    const Outcome outcome = outcomeOnASmallStack(decodable<std::vector<Nest>>, nest(511, ""));
+    EXPECT_EQ(outcome.failure, "");
+    EXPECT_EQ(outcome.value, nest(511, ""));
+}
+
+TEST(ASmallStack, HoldsTheFailureAtTheBottomOfATypedDocument) {
+    const Outcome outcome = outcomeOnASmallStack(decodable<std::vector<Nest>>, nest(511, "1"));
+    EXPECT_EQ(outcome.failure.substr(0, 28), "typeMismatch [0,\"inside\",0,\"");
+}
+
+TEST(ASmallStack, HoldsAnUnreadDocumentOfAnyDepth) {
+    constexpr std::size_t levels = 1'000'000;
+    for (const char bracket : {'[', '{'}) {
+        std::string text;
+        for (std::size_t i = 0; i < levels; ++i) text += bracket == '[' ? "[" : "{\"a\":";
+        const Outcome broken = outcomeOnASmallStack(decodable<std::vector<Nest>>, text);
+        EXPECT_EQ(broken.failure, "dataCorrupted []");
+        text += bracket == '[' ? "" : "1";
+        text.append(levels, bracket == '[' ? ']' : '}');
+        const Outcome whole = outcomeOnASmallStack(decodable<Nest>, text);
+        EXPECT_EQ(whole.failure, "dataCorrupted []");
+        EXPECT_EQ(outcomeOnASmallStack(decodable<Nest>, "{\"inside\":[],\"x\":" + text + "}").failure,
+                  "dataCorrupted []");
+    }
+}
+
+}  // namespace
+}  // namespace VanticRestKit

@@ -1,0 +1,170 @@
+// Texts of every length around the sizes that are read at once, with something unusual at every place.
+
+#include <gtest/gtest.h>
+#include <VanticRestKit/platform/json/Table.h>
+
+#include <platform/json/BothEngines.h>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace VanticRestKit {
+namespace {
+
+/// A text that must be there, between two that may be there.
+struct Texts {
+    std::optional<std::string> before{};
+    std::string text{};
+    std::optional<std::string> behind{};
+    friend bool operator==(const Texts&, const Texts&) = default;
+};
+
+}  // namespace
+
+template <>
+const TypePlan& planOf<Texts>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<Texts>(
+        lenient<&Texts::before>("before"),
+        required<&Texts::text>("text"),
+        lenient<&Texts::behind>("behind"));
+    return plan;
+}
+
+namespace {
+
+using test::decoded;
+using test::failureOf;
+
+std::vector<std::size_t> sizesAroundBlocks() {
+    std::vector<std::size_t> sizes;
+    for (const std::size_t middle : {0U, 8U, 16U, 32U, 48U, 64U, 96U, 128U}) {
+        for (std::size_t size = middle < 2 ? 0 : middle - 2; size <= middle + 2; ++size) sizes.push_back(size);
+    }
+    return sizes;
+}
+
+/// Letters that differ from place to place, so that a byte read from elsewhere shows.
+std::string letters(std::size_t size) {
+    std::string text;
+    for (std::size_t i = 0; i < size; ++i) text += static_cast<char>('a' + i % 26);
+    return text;
+}
+
+/// Holds `inside` to be read as `text`: as an optional and a plain field, and alone at the end of a document.
+void expectText(const std::string& inside, const std::string& text) {
+    const std::string quoted = '"' + inside + '"';
+    const std::optional<Texts> texts =
+        decoded<Texts>("{\"before\":" + quoted + ",\"text\":" + quoted + ",\"behind\":" + quoted + "}");
+    ASSERT_TRUE(texts) << quoted;
+    EXPECT_EQ(*texts, (Texts{text, text, text})) << quoted;
+    EXPECT_EQ(decoded<std::string>(quoted), text) << quoted;
+}
+
+/// Holds `inside` to be no text, and not to matter where a text is lenient.
+void expectNoText(const std::string& inside) {
+    const std::string quoted = '"' + inside + '"';
+    EXPECT_EQ(failureOf<Texts>("{\"text\":" + quoted + "}"), R"(dataCorrupted ["text"])") << quoted;
+    EXPECT_EQ(failureOf<std::string>(quoted), "dataCorrupted []") << quoted;
+    const std::optional<Texts> texts =
+        decoded<Texts>("{\"before\":" + quoted + ",\"text\":\"t\",\"behind\":\"b\",\"x\":" + quoted + "}");
+    ASSERT_TRUE(texts) << quoted;
+    EXPECT_EQ(*texts, (Texts{{}, "t", "b"})) << quoted;
+}
+
+/// Every text of `sizesAroundBlocks` with `spelled` put in at every place.
+template <class Expect>
+void atEveryPlace(const std::string& spelled, Expect expect) {
+    for (const std::size_t size : sizesAroundBlocks()) {
+        const std::string plain = letters(size);
+        for (std::size_t place = 0; place <= size; ++place) {
+            expect(plain.substr(0, place), spelled, plain.substr(place));
+        }
+    }
+}
+
+TEST(AText, IsReadWholeAtEveryLength) {
+    for (std::size_t size = 0; size <= 200; ++size) expectText(letters(size), letters(size));
+}
+
+TEST(AText, IsReadWholeWhereverItBegins) {
+    for (std::size_t blanks = 0; blanks < 40; ++blanks) {
+        for (const std::size_t size : {0U, 14U, 15U, 16U, 31U, 32U, 33U}) {
+            EXPECT_EQ(decoded<std::string>(std::string(blanks, ' ') + '"' + letters(size) + '"'), letters(size));
+        }
+    }
+}
+
+TEST(AText, MayHoldAnEscapeAtEveryPlace) {
+    const std::vector<std::pair<std::string, std::string>> escapes = {
+        {"\\\"", "\""},       {"\\\\", "\\"},      {"\\/", "/"},
+        {"\\b", "\b"},        {"\\f", "\f"},       {"\\n", "\n"},
+        {"\\r", "\r"},        {"\\t", "\t"},       {"\\u0041", "A"},
+        {"\\u00e9", "\u00e9"}, {"\\u20AC", "\u20ac"}, {"\\ud800\\udf48", "\U00010348"},
+    };
+    for (const auto& [spelled, meant] : escapes) {
+        atEveryPlace(spelled, [&meant = meant](const std::string& left, const std::string& escape,
+                                               const std::string& right) {
+            expectText(left + escape + right, left + meant + right);
+        });
+    }
+}
+
+TEST(AText, MayHoldANulThatIsEscaped) {
+    expectText("a\\u0000b", std::string("a\0b", 3));
+    expectText("\\u0000", std::string("\0", 1));
+}
+
+TEST(AText, MayHoldLettersBeyondASCIIAtEveryPlace) {
+    for (const char* const letter : {"\u00e9", "\u20ac", "\U00010348", "\x7f"}) {
+        atEveryPlace(letter, [](const std::string& left, const std::string& high, const std::string& right) {
+            expectText(left + high + right, left + high + right);
+        });
+    }
+}
+
+TEST(AText, MayNotHoldAFaultAtAnyPlace) {
+    const std::vector<std::string> faults = {
+        "\\x", "\\u12g4", "\\ud800", "\\udc00", "\\ud800\\u0041", "\x01", "\x1f", "\n", std::string(1, '\0'),
+        "\xff", "\x80", "\xc0\x80", "\xc3", "\xe2\x82", "\xed\xa0\x80", "\xf0\x8f\x80\x80", "\xf4\x90\x80\x80",
+        "\xf5\x80\x80\x80",
+    };
+    for (const std::string& fault : faults) {
+        for (const std::size_t size : {0U, 1U, 14U, 15U, 16U, 30U, 31U, 32U, 33U, 62U, 63U, 64U}) {
+            for (const std::size_t place : {std::size_t{0}, size / 2, size}) {
+                const std::string plain = letters(size);
+                // Behind a byte that promises more, a letter would be a fault of its own.
+                expectNoText(plain.substr(0, place) + fault + plain.substr(place));
+            }
+        }
+    }
+}
+
+TEST(AText, EndsAtAnUnescapedQuoteOnly) {
+    for (const std::size_t size : sizesAroundBlocks()) {
+        const std::string plain = letters(size);
+        // Backslashes in pairs hide nothing, an odd one hides the quote.
+        expectText(plain + "\\\\", plain + "\\");
+        expectText(plain + "\\\\\\\"", plain + "\\\"");
+        EXPECT_EQ(failureOf<std::string>('"' + plain + "\\\""), "dataCorrupted []");
+        EXPECT_EQ(failureOf<std::string>('"' + plain + "\\\\\\\""), "dataCorrupted []");
+        EXPECT_EQ(failureOf<std::string>('"' + plain), "dataCorrupted []");
+        EXPECT_EQ(failureOf<std::string>('"' + plain + "\\"), "dataCorrupted []");
+        EXPECT_EQ(failureOf<std::string>('"' + plain + "\\u"), "dataCorrupted []");
+        EXPECT_EQ(failureOf<std::string>('"' + plain + "\\u004"), "dataCorrupted []");
+        // The four bytes behind \u are taken unseen, a quote among them.
+        EXPECT_EQ(failureOf<std::string>('"' + plain + "\\u12\""), "dataCorrupted []");
+        EXPECT_EQ(failureOf<std::string>('"' + plain + "\"\""), "dataCorrupted []");
+        expectNoText(plain + "\\u12\"ab");
+    }
+}
+
+TEST(AText, MayBeOfAMillionBytes) {
+    const std::string text = letters(1'000'000);
+    EXPECT_EQ(decoded<std::string>('"' + text + '"'), text);
+    EXPECT_EQ(decoded<std::string>('"' + text + "\\n\""), text + '\n');
+}
+
+}  // namespace
+}  // namespace VanticRestKit
