@@ -62,7 +62,10 @@ int onReadyToSend(void* user, char* remoteAddress, char* localAddress, int remot
     if (attempt.connection) --attempt.connection->streams;
     attempt.connection =
         attempt.surroundings.connections.find({remoteAddress, localAddress, remotePort, localPort});
-    if (attempt.connection) ++attempt.connection->streams;
+    if (attempt.connection) {
+        ++attempt.connection->streams;
+        ++attempt.connection->sendings;
+    }
     return CURL_PREREQFUNC_OK;
 }
 

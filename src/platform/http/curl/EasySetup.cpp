@@ -27,7 +27,8 @@ void setConduct(Options& options) {
     // whole whose coding is not.
     options.set(CURLOPT_FOLLOWLOCATION, 0L);
     options.set(CURLOPT_HTTP_CONTENT_DECODING, 0L);
-    options.set(CURLOPT_BUFFERSIZE, receiveBuffer);
+    // A handle that still has the buffer of an earlier request keeps it.
+    options.trySet(CURLOPT_BUFFERSIZE, receiveBuffer);
 }
 
 void setSecurity(Options& options, const EasySettings& settings) {

@@ -42,12 +42,9 @@ IoLoop::IoLoop(const URLSessionConfiguration& configuration, std::shared_ptr<Inb
       admission_(connectionsPerHost(configuration)),
       suspects_(connections_, admission_,
                 [this](const Connection& connection, const std::function<void(Exchange&)>& visit) {
-                    for (const auto& [transfer, exchange] : exchanges_) {
-                        if (exchange->attempt && exchange->attempt->connection.get() == &connection) {
-                            visit(*exchange);
-                        }
-                    }
-                }) {}
+                    visitOn(connection, visit);
+                }),
+      resets_(connections_) {}
 
 IoLoop::~IoLoop() { curl_multi_cleanup(multi_); }
 
@@ -63,6 +60,7 @@ void IoLoop::run(ExitGate& gate) {
         suspects_.clearMoved();
         collectFinished();
         timeOutIdle();
+        resets_.shutDownQuiet(now_);
         admit();
         wait();
     }
@@ -132,6 +130,7 @@ void IoLoop::collectFinished() {
 
 void IoLoop::settle(Exchange& exchange, CURLcode code) {
     Attempt& attempt = *exchange.attempt;
+    attempt.isWhole = code == CURLE_OK;
     if (attempt.fault) {
         fail(exchange, *attempt.fault);
     } else if (attempt.isRedirect) {
@@ -238,6 +237,18 @@ void IoLoop::release(Exchange& exchange) {
     if (!attempt->connection) return;
     --attempt->connection->streams;
     suspects_.left(*attempt->connection);
+    if (attempt->isWhole) return;
+    Exchange* other = nullptr;
+    if (attempt->connection->streams > 0) {
+        visitOn(*attempt->connection, [&other](Exchange& found) { other = &found; });
+    }
+    resets_.left(attempt->connection, other, now_);
+}
+
+void IoLoop::visitOn(const Connection& connection, const std::function<void(Exchange&)>& visit) {
+    for (const auto& [transfer, exchange] : exchanges_) {
+        if (exchange->attempt && exchange->attempt->connection.get() == &connection) visit(*exchange);
+    }
 }
 
 void IoLoop::end(Exchange& exchange, Outcome outcome) {
@@ -252,9 +263,10 @@ void IoLoop::end(Exchange& exchange, Outcome outcome) {
 void IoLoop::wait() {
     constexpr std::chrono::milliseconds longest{60 * 60 * 1000};
     std::chrono::milliseconds limit = longest;
-    if (const auto next = deadlines_.next()) {
+    for (const auto next : {deadlines_.next(), resets_.next()}) {
+        if (!next) continue;
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(*next - Clock::now());
-        limit = std::clamp(left, std::chrono::milliseconds(0), longest);
+        limit = std::clamp(left, std::chrono::milliseconds(0), limit);
     }
     if (!inbox_->beginWait(multi_)) return;
     curl_multi_poll(multi_, nullptr, 0, static_cast<int>(limit.count()), nullptr);

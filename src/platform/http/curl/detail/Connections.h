@@ -20,6 +20,8 @@ struct Connection {
     std::string ends{};
     /// How many requests are on it now.
     std::size_t streams = 0;
+    /// How many requests were ever sent on it.
+    std::size_t sendings = 0;
     /// When a piece of any answer came on it.
     TimePoint lastMoved{};
     /// Whether a request on it ran out of time while nothing at all moved on it.

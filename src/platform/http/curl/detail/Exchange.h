@@ -89,6 +89,9 @@ struct Attempt {
     bool hasUnknownCoding = false;
     std::uint64_t forgotten = 0;
 
+    /// Whether libcurl has brought the request to its end.
+    bool isWhole = false;
+
     /// What we found wrong, in place of what libcurl says.
     std::optional<Fault> fault;
 

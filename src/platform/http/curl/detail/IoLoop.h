@@ -10,6 +10,7 @@
 #include <VanticRestKit/platform/http/curl/detail/Exchange.h>
 #include <VanticRestKit/platform/http/curl/detail/ExitGate.h>
 #include <VanticRestKit/platform/http/curl/detail/Inbox.h>
+#include <VanticRestKit/platform/http/curl/detail/StreamResets.h>
 #include <VanticRestKit/platform/http/curl/detail/SuspectConnections.h>
 #include <VanticRestKit/platform/http/detail/Admission.h>
 #include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
@@ -18,6 +19,7 @@
 
 #include <curl/curl.h>
 
+#include <functional>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -47,6 +49,7 @@ private:
     void attempt(Exchange& exchange);
     void collectFinished();
     void settle(Exchange& exchange, CURLcode code);
+    void visitOn(const Connection& connection, const std::function<void(Exchange&)>& visit);
     void follow(Exchange& exchange);
     void succeed(Exchange& exchange);
     void fail(Exchange& exchange, const Fault& fault, const std::optional<Error>& underlying = std::nullopt);
@@ -67,6 +70,7 @@ private:
     Admission admission_;
     IdleDeadlines deadlines_;
     SuspectConnections suspects_;
+    StreamResets resets_;
     [[maybe_unused]] SessionStorage storage_;
     Exchanges exchanges_;
     std::vector<Inbox::Message> messages_;

@@ -19,6 +19,12 @@ public:
         if ((curl_easy_setopt)(easy_, option, value) != CURLE_OK) areTaken_ = false;
     }
 
+    /// Sets an option that may be refused without harm.
+    template <class Value>
+    void trySet(CURLoption option, Value value) {
+        static_cast<void>((curl_easy_setopt)(easy_, option, value));
+    }
+
     bool areTaken() const noexcept { return areTaken_; }
 
 private:

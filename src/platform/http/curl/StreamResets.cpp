@@ -1,0 +1,39 @@
+#include <VanticRestKit/platform/http/curl/detail/StreamResets.h>
+
+#include <chrono>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+// Long enough for a request that takes the place of the cancelled one, as in a search while somebody types.
+constexpr std::chrono::milliseconds moment{250};
+
+}  // namespace
+
+void StreamResets::left(const std::shared_ptr<Connection>& connection, Exchange* other, TimePoint now) {
+    if (connection->socket < 0) return;
+    if (other != nullptr) {
+        // Touching the pause of a stream flushes its connection; the stream itself is as before.
+        curl_easy_pause(other->attempt->easy, CURLPAUSE_SEND);
+        curl_easy_pause(other->attempt->easy, CURLPAUSE_CONT);
+    } else {
+        quiet_.push_back({connection, connection->sendings, now + moment});
+    }
+}
+
+void StreamResets::shutDownQuiet(TimePoint now) {
+    std::erase_if(quiet_, [this, now](const Quiet& quiet) {
+        if (quiet.due > now) return false;
+        const Connection& connection = *quiet.connection;
+        if (connection.sendings == quiet.sendings) connections_.shutDown(connection);
+        return true;
+    });
+}
+
+std::optional<TimePoint> StreamResets::next() const {
+    if (quiet_.empty()) return std::nullopt;
+    return quiet_.front().due;
+}
+
+}  // namespace VanticRestKit::detail

@@ -1,0 +1,117 @@
+#include <VanticRestKit/platform/http/URLSession.h>
+
+#include <gtest/gtest.h>
+#include <support/FaultServer.h>
+#include <support/Loading.h>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::test;
+
+namespace {
+
+std::shared_ptr<URLSession> makeSession() { return URLSession::make(URLSessionConfiguration::default_()); }
+
+void stall(FaultConnection& connection) {
+    if (!connection.readRequest()) return;
+    connection.send("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nsome of it");
+    connection.stall();
+}
+
+}  // namespace
+
+TEST(Cancelling, ReachesTheSocket) {
+    FaultServer server(stall);
+    const auto session = makeSession();
+    const Loaded loaded;
+    const auto task = session->dataTask(requestOf(server.url()), loaded.completion());
+    task->resume();
+    ASSERT_TRUE(server.waitForRequests(1));
+    task->cancel();
+    EXPECT_TRUE(server.waitForClosedByClient(1));
+    EXPECT_EQ(loaded.code(), URLErrorCode::cancelled) << loaded.story();
+    EXPECT_EQ(loaded.data(), std::nullopt);
+    EXPECT_EQ(loaded.error()->localizedDescription(), "cancelled");
+}
+
+TEST(Cancelling, ATaskThatWasNotStartedNeverGoesOut) {
+    FaultServer server(always(answer(200, "ok")));
+    const auto session = makeSession();
+    const Loaded loaded;
+    const auto task = session->dataTask(requestOf(server.url()), loaded.completion());
+    task->cancel();
+    task->resume();
+    task->cancel();
+    EXPECT_EQ(loaded.code(), URLErrorCode::cancelled);
+    load(*session, server.url("/after"));
+    EXPECT_EQ(loaded.calls(), 1);
+    ASSERT_EQ(server.requests().size(), 1U);
+    EXPECT_EQ(server.requests()[0].target, "/after");
+}
+
+TEST(Cancelling, ATaskThatWaitsForItsTurnNeverGoesOut) {
+    FaultServer* reached = nullptr;
+    FaultServer server([&reached](FaultConnection& connection) {
+        while (connection.readRequest()) {
+            if (!reached->hold()) return;
+            connection.send(answer(200, "ok"));
+        }
+    });
+    reached = &server;
+    URLSessionConfiguration configuration;
+    configuration.httpMaximumConnectionsPerHost = 1;
+    const auto session = URLSession::make(configuration);
+    const Loaded first = startLoad(*session, requestOf(server.url("/first")));
+    const Loaded second;
+    const auto task = session->dataTask(requestOf(server.url("/second")), second.completion());
+    task->resume();
+    ASSERT_TRUE(server.waitForRequests(1));
+    task->cancel();
+    EXPECT_EQ(second.code(), URLErrorCode::cancelled);
+    server.releaseHeld();
+    EXPECT_EQ(first.body(), "ok");
+    EXPECT_EQ(load(*session, server.url("/third")).body(), "ok");
+    EXPECT_EQ(server.requests().size(), 2U);
+}
+
+TEST(Cancelling, ATaskThatHasEndedChangesNothing) {
+    FaultServer server(always(answer(200, "ok")));
+    const auto session = makeSession();
+    const Loaded loaded;
+    const auto task = session->dataTask(requestOf(server.url()), loaded.completion());
+    task->resume();
+    EXPECT_EQ(loaded.body(), "ok");
+    task->cancel();
+    task->resume();
+    EXPECT_EQ(load(*session, server.url()).body(), "ok");
+    EXPECT_EQ(loaded.calls(), 1);
+    EXPECT_EQ(server.connectionCount(), 1U);
+}
+
+TEST(Cancelling, FromItsOwnCompletionChangesNothing) {
+    FaultServer server(always(answer(200, "ok")));
+    const auto session = makeSession();
+    const Loaded loaded;
+    std::shared_ptr<URLSessionDataTask> task;
+    task = session->dataTask(requestOf(server.url()),
+                             [&task, inner = loaded.completion()](auto data, auto response, auto error) mutable {
+                                 task->cancel();
+                                 inner(std::move(data), std::move(response), std::move(error));
+                             });
+    task->resume();
+    EXPECT_EQ(loaded.body(), "ok") << loaded.story();
+}
+
+TEST(Cancelling, ManyAtOnceLeavesTheSessionInOrder) {
+    FaultServer server(stall);
+    const auto session = makeSession();
+    std::vector<std::pair<Loaded, std::shared_ptr<URLSessionDataTask>>> tasks(500);
+    for (auto& [loaded, task] : tasks) {
+        task = session->dataTask(requestOf(server.url()), loaded.completion());
+        task->resume();
+    }
+    ASSERT_TRUE(server.waitForRequests(6));
+    for (auto& [loaded, task] : tasks) task->cancel();
+    for (auto& [loaded, task] : tasks) EXPECT_EQ(loaded.code(), URLErrorCode::cancelled) << loaded.story();
+    FaultServer other(always(answer(200, "ok")));
+    EXPECT_EQ(load(*session, other.url()).body(), "ok");
+}

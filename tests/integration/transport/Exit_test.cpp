@@ -1,0 +1,59 @@
+#include <VanticRestKit/platform/http/URLSession.h>
+
+#include <gtest/gtest.h>
+#include <support/Certificates.h>
+#include <support/FaultServer.h>
+#include <support/Loading.h>
+
+#include <cstdlib>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::test;
+
+namespace {
+
+class Exit : public testing::Test {
+protected:
+    // Each process begins anew, so that no thread is lost in a fork.
+    void SetUp() override { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
+};
+
+/// Ends the process while a hundred transfers over TLS are under way and others begin.
+[[noreturn]] void leaveInTheMiddle() {
+    const CertificateAuthority root;
+    const TemporaryFile bundle(root.pem());
+    const Identity identity = root.issue();
+    FaultServer& server = *new FaultServer(always(answer(200, std::string(100 * 1000, 'x'))), &identity);
+    URLSessionConfiguration configuration;
+    configuration.caBundlePath = bundle.path();
+    static const auto session = URLSession::make(configuration);
+    load(*session, server.url());
+    for (int i = 0; i < 100; ++i) startLoad(*session, requestOf(server.url()));
+    std::exit(0);
+}
+
+}  // namespace
+
+TEST_F(Exit, IsCleanWhileTransfersAreUnderWay) {
+    for (int i = 0; i < 5; ++i) EXPECT_EXIT(leaveInTheMiddle(), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(Exit, IsCleanFromACompletion) {
+    const auto leave = [] {
+        FaultServer& server = *new FaultServer(always(answer(200, "x")));
+        const auto session = URLSession::make(URLSessionConfiguration::default_());
+        session->dataTask(requestOf(server.url()), [](auto, auto, auto) { std::exit(0); })->resume();
+        Loaded().wait();
+        std::exit(1);
+    };
+    EXPECT_EXIT(leave(), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(Exit, IsCleanRightAfterTheFirstLoadBegan) {
+    const auto leave = [] {
+        static const auto session = URLSession::make(URLSessionConfiguration::default_());
+        session->dataTask(requestOf("http://127.0.0.1:1/"), {})->resume();
+        std::exit(0);
+    };
+    EXPECT_EXIT(leave(), testing::ExitedWithCode(0), "");
+}

@@ -1,0 +1,246 @@
+#include <VanticRestKit/platform/http/URLSession.h>
+
+#include <gtest/gtest.h>
+#include <support/Certificates.h>
+#include <support/Codings.h>
+#include <support/FaultServer.h>
+#include <support/Loading.h>
+#include <support/Nghttpx.h>
+#include <support/Relay.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::test;
+
+namespace {
+
+/// A session, a path that can die, a server for HTTP/2 and the server behind it.
+class HTTP2 : public testing::Test {
+protected:
+    void serve(FaultServer::Script script, int streamsPerConnection = 100) {
+        backend_ = std::make_unique<FaultServer>(std::move(script));
+        front_ = std::make_unique<Nghttpx>(backend_->port(), identity_, streamsPerConnection);
+        ASSERT_TRUE(front_->isRunning());
+        relay_ = std::make_unique<Relay>(front_->port());
+        URLSessionConfiguration configuration;
+        configuration.caBundlePath = bundle_.path();
+        session_ = URLSession::make(configuration);
+    }
+
+    std::string url(const std::string& path) const {
+        return "https://127.0.0.1:" + std::to_string(relay_->port()) + path;
+    }
+
+    URLRequest request(const std::string& path, double seconds = 30, const std::string& method = "GET") const {
+        URLRequest made = requestOf(url(path), method);
+        made.setTimeoutInterval(std::chrono::duration<double>(seconds));
+        return made;
+    }
+
+    CertificateAuthority root_;
+    TemporaryFile bundle_{root_.pem()};
+    Identity identity_ = root_.issue();
+    std::unique_ptr<FaultServer> backend_;
+    std::unique_ptr<Nghttpx> front_;
+    std::unique_ptr<Relay> relay_;
+    std::shared_ptr<URLSession> session_;
+};
+
+/// Answers at once, but "/hold" only after `releaseHeld`, and "/never" never.
+FaultServer::Script patient(std::unique_ptr<FaultServer>& server) {
+    return [&server](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            if (request->target == "/never") {
+                connection.stall();
+                return;
+            }
+            if (request->target == "/hold" && !server->hold()) return;
+            connection.send(answer(200, request->method + " " + request->target + " " + request->body));
+        }
+    };
+}
+
+}  // namespace
+
+TEST_F(HTTP2, IsSpokenWhereTheServerOffersIt) {
+    serve(patient(backend_));
+    const Loaded loaded = load(*session_, url("/x"));
+    EXPECT_EQ(loaded.body(), "GET /x ") << loaded.story();
+    ASSERT_EQ(backend_->requests().size(), 1U);
+    EXPECT_EQ(backend_->requests()[0].header("via"), "2 nghttpx");
+}
+
+TEST_F(HTTP2, SixtyFourColdRequestsTakeOneConnection) {
+    serve(patient(backend_));
+    std::vector<Loaded> loads;
+    for (int i = 0; i < 64; ++i) {
+        loads.push_back(startLoad(*session_, request("/" + std::to_string(i))));
+    }
+    for (int i = 0; i < 64; ++i) {
+        EXPECT_EQ(loads[static_cast<std::size_t>(i)].body(), "GET /" + std::to_string(i) + " ");
+    }
+    EXPECT_EQ(relay_->connectionCount(), 1U);
+}
+
+TEST_F(HTTP2, ManyRequestsAreUnderWayOnOneConnection) {
+    serve(patient(backend_));
+    ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
+    std::vector<Loaded> loads;
+    for (int i = 0; i < 40; ++i) loads.push_back(startLoad(*session_, request("/hold")));
+    EXPECT_TRUE(backend_->waitForRequests(41)) << "all of them at once";
+    backend_->releaseHeld();
+    for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "GET /hold ") << loaded.story();
+    EXPECT_EQ(relay_->connectionCount(), 1U);
+}
+
+TEST_F(HTTP2, AServerThatTakesFewAtOnceIsServedToTheEnd) {
+    // The interval is far shorter than the whole, so waiting for room must not count.
+    serve(
+        [](FaultConnection& connection) {
+            while (connection.readRequest()) {
+                connection.pace(std::chrono::milliseconds(150));
+                connection.send(answer(200, "in turn"));
+            }
+        },
+        2);
+    std::vector<Loaded> loads;
+    for (int i = 0; i < 90; ++i) loads.push_back(startLoad(*session_, request("/x", 0.7)));
+    for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "in turn") << loaded.story();
+}
+
+TEST_F(HTTP2, BodiesGoBothWays) {
+    const std::string text = sampleText(2 * 1000 * 1000);
+    serve([](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            connection.send(answer(200, gzipped(request->body), "Content-Encoding: gzip\r\n"));
+        }
+    });
+    URLRequest post = request("/echo", 30, "POST");
+    post.setHTTPBody(Data(text));
+    EXPECT_TRUE(load(*session_, post).body() == text);
+}
+
+TEST_F(HTTP2, ACancelledRequestLeavesTheConnectionToTheOthers) {
+    serve(patient(backend_));
+    ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
+    const Loaded cancelled;
+    const auto task = session_->dataTask(request("/never"), cancelled.completion());
+    task->resume();
+    const Loaded other = startLoad(*session_, request("/hold"));
+    ASSERT_TRUE(backend_->waitForRequests(3));
+    task->cancel();
+    EXPECT_EQ(cancelled.code(), URLErrorCode::cancelled);
+    // nghttpx lets go of its own connection when the stream is reset.
+    EXPECT_TRUE(backend_->waitForClosedByClient(1));
+    backend_->releaseHeld();
+    EXPECT_EQ(other.body(), "GET /hold ") << other.story();
+    EXPECT_EQ(relay_->connectionCount(), 1U);
+}
+
+TEST_F(HTTP2, ACancelledRequestThatWasAloneReachesTheServerToo) {
+    serve(patient(backend_));
+    ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
+    const Loaded cancelled;
+    const auto task = session_->dataTask(request("/never"), cancelled.completion());
+    task->resume();
+    ASSERT_TRUE(backend_->waitForRequests(2));
+    task->cancel();
+    EXPECT_EQ(cancelled.code(), URLErrorCode::cancelled);
+    EXPECT_TRUE(backend_->waitForClosedByClient(1));
+    EXPECT_EQ(load(*session_, request("/after", 5, "POST")).status(), 200);
+}
+
+TEST_F(HTTP2, ARequestThatTakesThePlaceOfACancelledOneUsesItsConnection) {
+    serve(patient(backend_));
+    ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
+    for (std::size_t i = 0; i < 5; ++i) {
+        const Loaded cancelled;
+        const auto task = session_->dataTask(request("/never"), cancelled.completion());
+        task->resume();
+        ASSERT_TRUE(backend_->waitForRequests(2 + 2 * i));
+        task->cancel();
+        EXPECT_EQ(load(*session_, url("/next")).status(), 200);
+        EXPECT_TRUE(backend_->waitForClosedByClient(1 + i)) << "the reset went along";
+    }
+    EXPECT_EQ(relay_->connectionCount(), 1U);
+}
+
+TEST_F(HTTP2, ATimeOutLeavesALiveConnectionToTheOthers) {
+    serve(patient(backend_));
+    ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
+    const Loaded patientOne = startLoad(*session_, request("/hold"));
+    ASSERT_TRUE(backend_->waitForRequests(2));
+    EXPECT_EQ(load(*session_, request("/never", 0.2)).code(), URLErrorCode::timedOut);
+    backend_->releaseHeld();
+    EXPECT_EQ(patientOne.body(), "GET /hold ") << "its time was not up: " << patientOne.story();
+}
+
+TEST_F(HTTP2, AStalledRequestDoesNotEndAConnectionOnWhichOthersMove) {
+    serve(patient(backend_));
+    ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
+    const Loaded stalled = startLoad(*session_, request("/never", 0.6));
+    while (stalled.calls() == 0) ASSERT_EQ(load(*session_, url("/alive")).status(), 200);
+    EXPECT_EQ(stalled.code(), URLErrorCode::timedOut);
+    EXPECT_EQ(load(*session_, url("/after")).status(), 200);
+    EXPECT_EQ(relay_->connectionCount(), 1U);
+}
+
+TEST_F(HTTP2, ADeadConnectionIsGivenUpWithTheRequestThatFoundItDead) {
+    serve(patient(backend_));
+    ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
+    relay_->freeze();
+    EXPECT_EQ(load(*session_, request("/lost", 0.3)).code(), URLErrorCode::timedOut);
+    EXPECT_TRUE(relay_->waitForClosedByClient(1)) << "its socket is shut down";
+    for (const char* method : {"POST", "GET"}) {
+        const Loaded loaded = load(*session_, request("/next", 5, method));
+        EXPECT_EQ(loaded.status(), 200) << loaded.story();
+    }
+    EXPECT_EQ(relay_->connectionCount(), 2U);
+}
+
+TEST_F(HTTP2, ADeadColdConnectionIsGivenUpToo) {
+    serve(patient(backend_));
+    EXPECT_EQ(load(*session_, request("/never", 0.4)).code(), URLErrorCode::timedOut);
+    EXPECT_TRUE(relay_->waitForClosedByClient(1));
+    EXPECT_EQ(load(*session_, request("/x", 5)).status(), 200);
+    EXPECT_EQ(relay_->connectionCount(), 2U);
+}
+
+TEST_F(HTTP2, NewRequestsAvoidAConnectionThatSeemsDeadWhileOthersWaitOnIt) {
+    serve(patient(backend_));
+    ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
+    relay_->freeze();
+    const Loaded waiting = startLoad(*session_, request("/waits", 3));
+    EXPECT_EQ(load(*session_, request("/lost", 0.3)).code(), URLErrorCode::timedOut);
+    for (int i = 0; i < 3; ++i) {
+        const Loaded loaded = load(*session_, request("/next", 2));
+        EXPECT_EQ(loaded.status(), 200) << loaded.story();
+    }
+    EXPECT_EQ(waiting.calls(), 0) << "it keeps its time";
+    EXPECT_EQ(waiting.code(), URLErrorCode::timedOut);
+    EXPECT_TRUE(relay_->waitForClosedByClient(1));
+}
+
+TEST_F(HTTP2, AServerThatGoesAwayLosesTheConnection) {
+    serve(patient(backend_));
+    ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
+    const Loaded post = startLoad(*session_, request("/never", 30, "POST"));
+    ASSERT_TRUE(backend_->waitForRequests(2));
+    front_->kill();
+    EXPECT_EQ(post.code(), URLErrorCode::networkConnectionLost) << post.story();
+}
+
+TEST_F(HTTP2, ABodyThatIsCutShortIsLost) {
+    serve([](FaultConnection& connection) {
+        if (!connection.readRequest()) return;
+        connection.send("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\nonly this");
+        connection.pace(std::chrono::milliseconds(100));
+    });
+    const Loaded loaded = load(*session_, url("/short"));
+    EXPECT_EQ(loaded.code(), URLErrorCode::networkConnectionLost) << loaded.story();
+    EXPECT_EQ(loaded.data(), std::nullopt);
+}

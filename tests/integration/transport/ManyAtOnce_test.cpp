@@ -1,0 +1,65 @@
+#include <VanticRestKit/platform/http/URLSession.h>
+
+#include <gtest/gtest.h>
+#include <support/Event.h>
+#include <support/FaultServer.h>
+#include <support/Loading.h>
+
+#include <atomic>
+#include <dirent.h>
+#include <fstream>
+#include <string>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::test;
+
+namespace {
+
+/// How many threads of this process bear a name of the transport.
+int threadsOfTheTransport() {
+    int count = 0;
+    DIR* const folder = opendir("/proc/self/task");
+    while (const dirent* const entry = readdir(folder)) {
+        std::string name;
+        std::ifstream("/proc/self/task/" + std::string(entry->d_name) + "/comm") >> name;
+        if (name.starts_with("vrk.http")) ++count;
+    }
+    closedir(folder);
+    return count;
+}
+
+}  // namespace
+
+TEST(ManyAtOnce, TenThousandRequestsAreInFlightOnTwoThreads) {
+    constexpr int count = 10000;
+    FaultServer* reached = nullptr;
+    FaultServer server([&reached](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            if (!reached->hold()) return;
+            connection.send(answer(200, request->target));
+        }
+    });
+    reached = &server;
+    const auto session = URLSession::make(URLSessionConfiguration::default_());
+    std::atomic<int> right = 0;
+    Event done;
+    for (int i = 0; i < count; ++i) {
+        std::string path = "/" + std::to_string(i);
+        URLRequest request = requestOf(server.url(path));
+        session
+            ->dataTask(std::move(request),
+                       [&right, done, path = std::move(path)](auto data, auto, auto) {
+                           if (data && data->view() == path) ++right;
+                           done.signal();
+                       })
+            ->resume();
+    }
+    ASSERT_TRUE(server.waitForRequests(6));
+    EXPECT_EQ(threadsOfTheTransport(), 1) << "the I/O thread; the delegate queue has had nothing to do yet";
+    EXPECT_EQ(done.count(), 0);
+    server.releaseHeld();
+    EXPECT_TRUE(done.wait(count));
+    EXPECT_EQ(right, count);
+    EXPECT_EQ(threadsOfTheTransport(), 2);
+    EXPECT_EQ(server.connectionCount(), 6U);
+}

@@ -1,0 +1,206 @@
+#include <VanticRestKit/platform/http/URLSession.h>
+
+#include <gtest/gtest.h>
+#include <support/Codings.h>
+#include <support/FaultServer.h>
+#include <support/Loading.h>
+
+#include <cstdlib>
+#include <string>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::test;
+
+namespace {
+
+std::shared_ptr<URLSession> makeSession() { return URLSession::make(URLSessionConfiguration::default_()); }
+
+/// What goes out for `request`.
+RawRequest sent(const std::function<void(URLRequest&)>& change, const std::string& target = "/") {
+    FaultServer server(always(answer(200, "")));
+    URLRequest request = requestOf(server.url(target));
+    change(request);
+    const Loaded loaded = load(*makeSession(), request);
+    EXPECT_TRUE(loaded.succeeded()) << loaded.story();
+    const auto requests = server.requests();
+    EXPECT_EQ(requests.size(), 1U);
+    return requests.empty() ? RawRequest() : requests.front();
+}
+
+}  // namespace
+
+TEST(Requests, AGetCarriesTheHeadersOfTheSessionAndWhatHTTPNeeds) {
+    const RawRequest request = sent([](URLRequest&) {});
+    EXPECT_EQ(request.method, "GET");
+    EXPECT_EQ(request.header("accept"), "*/*");
+    EXPECT_EQ(request.header("accept-encoding"), "gzip, deflate, br");
+    EXPECT_EQ(request.header("user-agent"), "VanticRestKit/1.0.0");
+    EXPECT_TRUE(request.has("host"));
+    EXPECT_EQ(request.headers.size(), 4U);
+}
+
+TEST(Requests, ABodyHasALengthAndATypeIfItHasNone) {
+    const RawRequest request = sent([](URLRequest& r) {
+        r.setHTTPMethod("POST");
+        r.setHTTPBody(Data("{}"));
+    });
+    EXPECT_EQ(request.method, "POST");
+    EXPECT_EQ(request.body, "{}");
+    EXPECT_EQ(request.header("content-length"), "2");
+    EXPECT_EQ(request.header("content-type"), "application/x-www-form-urlencoded");
+    EXPECT_EQ(request.headers.size(), 6U);
+}
+
+TEST(Requests, AHeaderOfTheRequestTakesThePlaceOfTheSessions) {
+    const RawRequest request = sent([](URLRequest& r) {
+        r.setHTTPMethod("PATCH");
+        r.setHTTPBody(Data("{}"));
+        r.addValue("application/json", "content-TYPE");
+        r.addValue("text/html", "accept");
+        r.addValue("identity", "Accept-encoding");
+        r.addValue("me", "USER-AGENT");
+    });
+    EXPECT_EQ(request.header("content-type"), "application/json");
+    EXPECT_EQ(request.header("accept"), "text/html");
+    EXPECT_EQ(request.header("accept-encoding"), "identity");
+    EXPECT_EQ(request.header("user-agent"), "me");
+    EXPECT_EQ(request.headers.size(), 6U);
+}
+
+TEST(Requests, ABodyDoesNotChangeTheMethod) {
+    for (const char* method : {"GET", "DELETE", "PUT", "OPTIONS"}) {
+        const RawRequest request = sent([method](URLRequest& r) {
+            r.setHTTPMethod(method);
+            r.setHTTPBody(Data("body"));
+        });
+        EXPECT_EQ(request.method, method);
+        EXPECT_EQ(request.body, "body") << method;
+    }
+}
+
+TEST(Requests, AMethodThatExpectsABodySaysThatItHasNone) {
+    for (const char* method : {"POST", "PUT", "PATCH"}) {
+        const RawRequest request = sent([method](URLRequest& r) { r.setHTTPMethod(method); });
+        EXPECT_EQ(request.method, method);
+        EXPECT_EQ(request.header("content-length"), "0") << method;
+        EXPECT_FALSE(request.has("content-type")) << method;
+    }
+    EXPECT_FALSE(sent([](URLRequest& r) { r.setHTTPMethod("DELETE"); }).has("content-length"));
+}
+
+TEST(Requests, ABodyOfNoBytesIsSent) {
+    const RawRequest request = sent([](URLRequest& r) {
+        r.setHTTPMethod("POST");
+        r.setHTTPBody(Data());
+    });
+    EXPECT_EQ(request.header("content-length"), "0");
+    EXPECT_TRUE(request.has("content-type"));
+}
+
+TEST(Requests, AMethodGoesOutAsItIsWritten) {
+    EXPECT_EQ(sent([](URLRequest& r) { r.setHTTPMethod("Purge-It"); }).method, "Purge-It");
+}
+
+TEST(Requests, AHeaderWithoutAValueIsSentWithoutOne) {
+    const RawRequest request = sent([](URLRequest& r) { r.addValue("", "X-Empty"); });
+    EXPECT_TRUE(request.has("x-empty"));
+    EXPECT_EQ(request.header("x-empty"), "");
+}
+
+TEST(Requests, TheSessionFramesTheMessageAndNobodyElse) {
+    const RawRequest request = sent([](URLRequest& r) {
+        r.setHTTPMethod("POST");
+        r.setHTTPBody(Data("four"));
+        r.addValue("1", "Content-Length");
+        r.addValue("chunked", "Transfer-Encoding");
+        r.addValue("close", "Connection");
+        r.addValue("100-continue", "Expect");
+    });
+    EXPECT_EQ(request.body, "four");
+    EXPECT_EQ(request.header("content-length"), "4");
+    EXPECT_FALSE(request.has("transfer-encoding"));
+    EXPECT_FALSE(request.has("connection"));
+    EXPECT_FALSE(request.has("expect"));
+}
+
+TEST(Requests, ALargeBodyDoesNotWaitForLeaveToBeSent) {
+    const std::string body = sampleText(3 * 1000 * 1000);
+    const RawRequest request = sent([&body](URLRequest& r) {
+        r.setHTTPMethod("POST");
+        r.setHTTPBody(Data(body));
+    });
+    EXPECT_FALSE(request.has("expect"));
+    EXPECT_TRUE(request.body == body);
+}
+
+TEST(Requests, ThePathGoesOutAsItWasBuilt) {
+    EXPECT_EQ(sent([](URLRequest&) {}, "/v2/../x//y/./z?q=a%20b&c").target, "/v2/../x//y/./z?q=a%20b&c");
+    EXPECT_EQ(sent([](URLRequest&) {}, "/caf%C3%A9%2Fx#part").target, "/caf%C3%A9%2Fx");
+}
+
+TEST(Requests, NoProxyOfTheEnvironmentCounts) {
+    const std::string nowhere = "http://127.0.0.1:" + std::to_string(unusedPort());
+    for (const char* name : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"}) {
+        setenv(name, nowhere.c_str(), 1);
+    }
+    sent([](URLRequest&) {});
+    for (const char* name : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"}) unsetenv(name);
+}
+
+TEST(Requests, NoCookieIsKept) {
+    FaultServer server(always(answer(200, "", "Set-Cookie: a=b\r\n")));
+    const auto session = makeSession();
+    load(*session, server.url());
+    load(*session, server.url());
+    ASSERT_EQ(server.requests().size(), 2U);
+    EXPECT_FALSE(server.requests()[1].has("cookie"));
+}
+
+TEST(Requests, ARequestThatCannotBeSentFailsOnTheDelegateQueueAndNotAtOnce) {
+    const auto session = makeSession();
+    URLRequest withoutURL = requestOf("http://127.0.0.1/");
+    withoutURL.setURL(std::nullopt);
+    URLRequest noMethod = requestOf("http://127.0.0.1/", "NO METHOD");
+    const std::pair<URLRequest, URLErrorCode> cases[] = {
+        {withoutURL, URLErrorCode::badURL},
+        {noMethod, URLErrorCode::badURL},
+        {requestOf("http:///path"), URLErrorCode::badURL},
+        {requestOf("http://127.0.0.1:99999/"), URLErrorCode::badURL},
+        {requestOf("relative"), URLErrorCode::unsupportedURL},
+        {requestOf("ftp://127.0.0.1/"), URLErrorCode::unsupportedURL},
+        {requestOf("file:///etc/passwd"), URLErrorCode::unsupportedURL},
+        {requestOf("lumeno://program/1"), URLErrorCode::unsupportedURL},
+    };
+    for (const auto& [request, code] : cases) {
+        Loaded loaded;
+        std::mutex mutex;
+        const auto thisThread = std::this_thread::get_id();
+        bool synchronous = false;
+        auto task = session->dataTask(request, [&, inner = loaded.completion()](auto d, auto r, auto e) mutable {
+            synchronous = std::this_thread::get_id() == thisThread;
+            inner(std::move(d), std::move(r), std::move(e));
+        });
+        task->resume();
+        EXPECT_EQ(loaded.code(), code) << loaded.story();
+        EXPECT_FALSE(synchronous);
+        EXPECT_EQ(loaded.data(), std::nullopt);
+    }
+}
+
+TEST(Requests, SixConnectionsServeAHost) {
+    FaultServer* reached = nullptr;
+    FaultServer server([&reached](FaultConnection& connection) {
+        while (connection.readRequest()) {
+            if (!reached->hold()) return;
+            connection.send(answer(200, "x"));
+        }
+    });
+    reached = &server;
+    const auto session = makeSession();
+    std::vector<Loaded> loads;
+    for (int i = 0; i < 20; ++i) loads.push_back(startLoad(*session, requestOf(server.url())));
+    ASSERT_TRUE(server.waitForRequests(6));
+    server.releaseHeld();
+    for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "x") << loaded.story();
+    EXPECT_EQ(server.connectionCount(), 6U);
+}

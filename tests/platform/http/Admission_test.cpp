@@ -1,0 +1,101 @@
+#include <VanticRestKit/platform/http/detail/Admission.h>
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using namespace VanticRestKit::detail;
+
+namespace {
+
+/// How many of the waiting may go now.
+int admitAll(Admission& admission) {
+    int count = 0;
+    while (admission.admitNext() != nullptr) ++count;
+    return count;
+}
+
+}  // namespace
+
+TEST(Admission, LetsAsManyGoAsThereAreConnections) {
+    Admission admission(6);
+    std::vector<Applicant> applicants(20);
+    for (Applicant& applicant : applicants) admission.enqueue(applicant, "http://host:80");
+    for (std::size_t i = 0; i < 6; ++i) EXPECT_EQ(admission.admitNext(), &applicants[i]);
+    EXPECT_EQ(admission.admitNext(), nullptr);
+    EXPECT_TRUE(applicants[6].isWaiting());
+    admission.leave(applicants[3]);
+    EXPECT_EQ(admission.admitNext(), &applicants[6]) << "first come, first served";
+    EXPECT_EQ(admission.admitNext(), nullptr);
+}
+
+TEST(Admission, EachOriginHasItsLine) {
+    Admission admission(1);
+    std::vector<Applicant> applicants(4);
+    admission.enqueue(applicants[0], "a");
+    admission.enqueue(applicants[1], "a");
+    admission.enqueue(applicants[2], "b");
+    admission.enqueue(applicants[3], "b");
+    EXPECT_EQ(admitAll(admission), 2);
+    EXPECT_TRUE(applicants[1].isWaiting());
+    EXPECT_TRUE(applicants[3].isWaiting());
+}
+
+TEST(Admission, AnOriginThatCarriesManyOnOneConnectionTakesAHundred) {
+    Admission admission(6);
+    std::vector<Applicant> applicants(150);
+    for (Applicant& applicant : applicants) admission.enqueue(applicant, "a");
+    EXPECT_EQ(admitAll(admission), 6);
+    EXPECT_EQ(admission.carriage(applicants[0]), Carriage::unknown);
+    admission.learn(applicants[0], Carriage::many);
+    EXPECT_EQ(admission.carriage(applicants[1]), Carriage::many);
+    EXPECT_EQ(admitAll(admission), 94);
+    admission.learn(applicants[0], Carriage::one);
+    admission.leave(applicants[5]);
+    EXPECT_EQ(admitAll(admission), 0) << "far above what is allowed now";
+}
+
+TEST(Admission, OneThatLeavesWhileItWaitsIsNeverCalled) {
+    Admission admission(1);
+    std::vector<Applicant> applicants(3);
+    for (Applicant& applicant : applicants) admission.enqueue(applicant, "a");
+    EXPECT_EQ(admission.admitNext(), &applicants[0]);
+    admission.leave(applicants[1]);
+    admission.leave(applicants[1]);
+    EXPECT_FALSE(applicants[1].isWaiting());
+    admission.leave(applicants[0]);
+    EXPECT_EQ(admission.admitNext(), &applicants[2]);
+}
+
+TEST(Admission, OneThatIsSetAsideMakesRoomForConnectionsOfTheOthers) {
+    Admission admission(6);
+    std::vector<Applicant> applicants(30);
+    for (Applicant& applicant : applicants) admission.enqueue(applicant, "a");
+    EXPECT_EQ(admitAll(admission), 6);
+    admission.learn(applicants[0], Carriage::many);
+    EXPECT_EQ(admitAll(admission), 24);
+    for (std::size_t i = 0; i < 28; ++i) admission.setAside(applicants[i], true);
+    EXPECT_TRUE(admission.hasSetAside(applicants[29]));
+    std::vector<Applicant> more(10);
+    for (Applicant& applicant : more) admission.enqueue(applicant, "a");
+    EXPECT_EQ(admitAll(admission), 3) << "five connections beside the one, two of them taken";
+    for (std::size_t i = 0; i < 28; ++i) admission.setAside(applicants[i], false);
+    EXPECT_FALSE(admission.hasSetAside(applicants[29]));
+    EXPECT_EQ(admitAll(admission), 7);
+}
+
+TEST(Admission, ForgetsOriginsThatAreIdle) {
+    Admission admission(1);
+    Applicant busy;
+    admission.enqueue(busy, "busy");
+    EXPECT_EQ(admitAll(admission), 1);
+    for (int i = 0; i < 2000; ++i) {
+        Applicant passing;
+        admission.enqueue(passing, "origin " + std::to_string(i));
+        EXPECT_EQ(admission.admitNext(), &passing);
+        admission.leave(passing);
+    }
+    Applicant second;
+    admission.enqueue(second, "busy");
+    EXPECT_EQ(admitAll(admission), 0) << "this one is not forgotten";
+}

@@ -1,0 +1,43 @@
+#include <VanticRestKit/platform/http/curl/detail/CurlErrors.h>
+
+#include <gtest/gtest.h>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::detail;
+
+TEST(CurlErrors, BecomeThePlatformsCodes) {
+    const auto code = [](CURLcode given) { return static_cast<int>(urlErrorCodeFor(given, "", 0)); };
+    EXPECT_EQ(code(CURLE_URL_MALFORMAT), -1000);
+    EXPECT_EQ(code(CURLE_OPERATION_TIMEDOUT), -1001);
+    EXPECT_EQ(code(CURLE_COULDNT_RESOLVE_HOST), -1003);
+    EXPECT_EQ(code(CURLE_COULDNT_CONNECT), -1004);
+    EXPECT_EQ(code(CURLE_GOT_NOTHING), -1005);
+    EXPECT_EQ(code(CURLE_RECV_ERROR), -1005);
+    EXPECT_EQ(code(CURLE_SEND_ERROR), -1005);
+    EXPECT_EQ(code(CURLE_PARTIAL_FILE), -1005);
+    EXPECT_EQ(code(CURLE_HTTP2_STREAM), -1005);
+    EXPECT_EQ(code(CURLE_HTTP2), -1011);
+    EXPECT_EQ(code(CURLE_BAD_CONTENT_ENCODING), -1016);
+    EXPECT_EQ(code(CURLE_WEIRD_SERVER_REPLY), -1017);
+    EXPECT_EQ(code(CURLE_SSL_CONNECT_ERROR), -1200);
+    EXPECT_EQ(code(CURLE_SSL_CACERT_BADFILE), -1200);
+    EXPECT_EQ(code(CURLE_PEER_FAILED_VERIFICATION), -1202);
+    EXPECT_EQ(code(CURLE_OUT_OF_MEMORY), -1);
+}
+
+TEST(CurlErrors, ACertificateThatIsNotYetValidHasACodeOfItsOwn) {
+    EXPECT_EQ(urlErrorCodeFor(CURLE_PEER_FAILED_VERIFICATION, "", 9),
+              URLErrorCode::serverCertificateNotYetValid);
+    EXPECT_EQ(urlErrorCodeFor(CURLE_PEER_FAILED_VERIFICATION, "", 10),
+              URLErrorCode::serverCertificateUntrusted);
+}
+
+TEST(CurlErrors, StandBehindThePlatformsWithCodeAndText) {
+    const Error error = underlyingError(CURLE_PEER_FAILED_VERIFICATION, "certificate has expired", 10);
+    EXPECT_EQ(error.domain(), "libcurl");
+    EXPECT_EQ(error.code(), 60);
+    EXPECT_EQ(error.localizedDescription(), "certificate has expired");
+    EXPECT_EQ(*error.userInfo().find("SSLVerifyResult")->second.integer(), 10);
+    EXPECT_EQ(underlyingError(CURLE_COULDNT_CONNECT, "", 0).localizedDescription(),
+              curl_easy_strerror(CURLE_COULDNT_CONNECT));
+}

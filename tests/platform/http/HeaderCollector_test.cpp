@@ -1,0 +1,74 @@
+#include <VanticRestKit/platform/http/detail/HeaderCollector.h>
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::detail;
+
+namespace {
+
+HeaderCollector collected(std::initializer_list<std::string_view> lines) {
+    HeaderCollector collector;
+    for (const std::string_view line : lines) collector.add(std::string(line) + "\r\n");
+    return collector;
+}
+
+}  // namespace
+
+TEST(HeaderCollector, IsCompleteBehindTheEmptyLine) {
+    EXPECT_FALSE(collected({}).isComplete());
+    EXPECT_FALSE(collected({"HTTP/1.1 200 OK", "A: b"}).isComplete());
+    const HeaderCollector whole = collected({"HTTP/1.1 200 OK", "A: b", ""});
+    EXPECT_TRUE(whole.isComplete());
+    EXPECT_EQ(whole.status(), 200);
+    EXPECT_EQ(whole.value("a"), "b");
+    EXPECT_FALSE(whole.isMultiplexed());
+}
+
+TEST(HeaderCollector, PassesOverInterimAnswers) {
+    const HeaderCollector whole =
+        collected({"HTTP/1.1 100 Continue", "A: early", "", "HTTP/1.1 103 Hints", "", "HTTP/2 404 ", "B: late", ""});
+    EXPECT_TRUE(whole.isComplete());
+    EXPECT_EQ(whole.status(), 404);
+    EXPECT_EQ(whole.value("a"), std::nullopt);
+    EXPECT_EQ(whole.value("b"), "late");
+    EXPECT_TRUE(whole.isMultiplexed());
+    EXPECT_FALSE(collected({"HTTP/1.1 100 Continue", ""}).isComplete());
+}
+
+TEST(HeaderCollector, PassesOverTrailers) {
+    EXPECT_EQ(collected({"HTTP/1.1 200 OK", "", "X: trailer"}).value("x"), std::nullopt);
+}
+
+TEST(HeaderCollector, JoinsFieldsOfOneNameAndUnfoldsLines) {
+    const HeaderCollector whole =
+        collected({"HTTP/1.1 200 OK", "Vary: a", "vary:b", "Long: one", "  two", "\tthree", "Empty:", ""});
+    EXPECT_EQ(whole.value("VARY"), "a, b");
+    EXPECT_EQ(whole.value("long"), "one two three");
+    EXPECT_EQ(whole.value("empty"), "");
+    EXPECT_EQ(whole.fields().size(), 3U);
+}
+
+TEST(HeaderCollector, ReadsTheLengthAndRefusesTwo) {
+    EXPECT_EQ(collected({"HTTP/1.1 200 OK", "Content-Length: 5", ""}).contentLength(), 5U);
+    EXPECT_EQ(collected({"HTTP/1.1 200 OK", "Content-Length: 5, 5", ""}).fault(), std::nullopt);
+    for (const std::string_view line : {"Content-Length: 6", "content-length: 5, 6", "Content-Length: +5",
+                                        "Content-Length: 5 5", "Content-Length: ,", "Content-Length: 0x5"}) {
+        const HeaderCollector broken = collected({"HTTP/1.1 200 OK", "Content-Length: 5", line, ""});
+        ASSERT_TRUE(broken.fault().has_value()) << line;
+        EXPECT_EQ(broken.fault()->code, URLErrorCode::cannotParseResponse);
+    }
+}
+
+TEST(HeaderCollector, TakesTheFirstLocation) {
+    EXPECT_EQ(collected({"HTTP/1.1 302 Found", "Location: /a", "location: /b", ""}).location(), "/a");
+}
+
+TEST(HeaderCollector, DoesNotGrowWithoutEnd) {
+    HeaderCollector collector;
+    collector.add("HTTP/1.1 200 OK\r\n");
+    for (int i = 0; i < 100 && !collector.fault(); ++i) collector.add("X: " + std::string(10000, 'x'));
+    EXPECT_TRUE(collector.fault().has_value());
+}

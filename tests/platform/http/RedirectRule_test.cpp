@@ -1,0 +1,64 @@
+#include <VanticRestKit/platform/http/detail/RedirectRule.h>
+
+#include <gtest/gtest.h>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::detail;
+
+namespace {
+
+URLRequest request(const char* method) {
+    URLRequest made(*URL::make("https://host/from"));
+    made.setHTTPMethod(method);
+    made.setHTTPBody(Data("body"));
+    made.addValue("secret", "AUTHORIZATION");
+    made.addValue("text/plain", "Content-type");
+    made.addValue("kept", "X");
+    made.setTimeoutInterval(std::chrono::seconds(7));
+    return made;
+}
+
+std::string methodBehind(int status, const char* method) {
+    return *redirected(request(method), status, *URL::make("https://host/to")).httpMethod();
+}
+
+}  // namespace
+
+TEST(RedirectRule, FiveStatusesRedirect) {
+    for (int status = 100; status < 600; ++status) {
+        const bool expected = status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
+        EXPECT_EQ(isRedirect(status), expected) << status;
+    }
+}
+
+TEST(RedirectRule, ChangesTheMethodAsTheStatusSays) {
+    for (const int status : {301, 302}) {
+        EXPECT_EQ(methodBehind(status, "POST"), "GET");
+        for (const char* kept : {"GET", "HEAD", "PUT", "PATCH", "DELETE", "post"}) {
+            EXPECT_EQ(methodBehind(status, kept), kept);
+        }
+    }
+    EXPECT_EQ(methodBehind(303, "HEAD"), "HEAD");
+    for (const char* method : {"GET", "POST", "PUT", "DELETE"}) EXPECT_EQ(methodBehind(303, method), "GET");
+    for (const int status : {307, 308}) EXPECT_EQ(methodBehind(status, "POST"), "POST");
+}
+
+TEST(RedirectRule, AMethodThatChangesLosesItsBodyAndNothingElse) {
+    const URLRequest next = redirected(request("POST"), 303, *URL::make("https://host/to"));
+    EXPECT_EQ(next.url()->absoluteString(), "https://host/to");
+    EXPECT_EQ(next.httpBody(), std::nullopt);
+    EXPECT_EQ(next.value("content-type"), std::nullopt);
+    EXPECT_EQ(next.value("authorization"), "secret");
+    EXPECT_EQ(next.value("x"), "kept");
+    EXPECT_EQ(next.timeoutInterval(), std::chrono::seconds(7));
+}
+
+TEST(RedirectRule, AnotherOriginGetsNoCredentials) {
+    for (const char* target : {"https://other/to", "http://host/to", "https://host:444/to"}) {
+        const URLRequest next = redirected(request("PUT"), 307, *URL::make(target));
+        EXPECT_EQ(next.value("authorization"), std::nullopt) << target;
+        EXPECT_EQ(next.value("x"), "kept") << target;
+        EXPECT_TRUE(next.httpBody().has_value()) << target;
+    }
+    EXPECT_EQ(redirected(request("PUT"), 307, *URL::make("HTTPS://HOST:443/to")).value("authorization"), "secret");
+}

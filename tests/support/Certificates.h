@@ -1,0 +1,69 @@
+#pragma once
+
+/// \file
+/// Certificates made at run time, good ones and bad ones.
+
+#include <openssl/evp.h>
+#include <openssl/x509.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+namespace VanticRestKit::test {
+
+struct CertificateDeleter {
+    void operator()(X509* certificate) const { X509_free(certificate); }
+    void operator()(EVP_PKEY* key) const { EVP_PKEY_free(key); }
+};
+
+/// A certificate and its private key.
+struct Identity {
+    std::unique_ptr<X509, CertificateDeleter> certificate;
+    std::unique_ptr<EVP_PKEY, CertificateDeleter> key;
+
+    std::string certificatePem() const;
+    std::string keyPem() const;
+};
+
+/// What a server's certificate says.
+struct CertificateWishes {
+    /// The name or address that it is for, as in "DNS:localhost" or "IP:127.0.0.1".
+    std::string subject = "IP:127.0.0.1";
+    /// From when and until when it is valid, seen from now.
+    std::chrono::hours from{-1};
+    std::chrono::hours until{24};
+};
+
+/// A root that signs certificates.
+class CertificateAuthority {
+public:
+    explicit CertificateAuthority(const std::string& name = "Test root");
+
+    /// A certificate that this root stands for.
+    Identity issue(const CertificateWishes& wishes = {}) const;
+
+    std::string pem() const { return root_.certificatePem(); }
+
+private:
+    Identity root_;
+};
+
+/// A certificate that nobody stands for but itself.
+Identity selfSigned(const CertificateWishes& wishes = {});
+
+/// A file in the temporary folder that is gone with this object.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const std::string& content = {});
+    ~TemporaryFile();
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    const std::string& path() const noexcept { return path_; }
+
+private:
+    std::string path_;
+};
+
+}  // namespace VanticRestKit::test

@@ -1,0 +1,40 @@
+#pragma once
+
+/// \file
+/// `Nghttpx`: a server for HTTP/2 over TLS, in front of another server.
+
+#include "Certificates.h"
+
+#include <cstdint>
+#include <sys/types.h>
+
+namespace VanticRestKit::test {
+
+/// Runs nghttpx on a port of 127.0.0.1, in front of the HTTP/1.1 server on the port `backend`. Ends it when this
+/// object goes. Requests that came over HTTP/2 have "2 nghttpx" in
+/// their Via.
+class Nghttpx {
+public:
+    Nghttpx(std::uint16_t backend, const Identity& identity, int streamsPerConnection = 100);
+    ~Nghttpx();
+    Nghttpx(const Nghttpx&) = delete;
+    Nghttpx& operator=(const Nghttpx&) = delete;
+
+    /// Whether it answers; a test cannot go on without.
+    bool isRunning() const noexcept { return process_ > 0; }
+    std::uint16_t port() const noexcept { return port_; }
+
+    /// Ends it at once, without a word to its clients.
+    void kill();
+
+private:
+    bool waitUntilItListens() const;
+
+    TemporaryFile certificate_;
+    TemporaryFile key_;
+    TemporaryFile log_;
+    std::uint16_t port_ = 0;
+    pid_t process_ = -1;
+};
+
+}  // namespace VanticRestKit::test

@@ -1,0 +1,77 @@
+#include "Sockets.h"
+
+#include <gtest/gtest.h>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace VanticRestKit::test {
+
+namespace {
+
+sockaddr_in loopback(std::uint16_t port) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(port);
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    return address;
+}
+
+}  // namespace
+
+Socket& Socket::operator=(Socket&& other) noexcept {
+    if (this != &other) {
+        close();
+        descriptor_ = std::exchange(other.descriptor_, -1);
+    }
+    return *this;
+}
+
+Socket::~Socket() { close(); }
+
+void Socket::close() {
+    if (descriptor_ >= 0) ::close(std::exchange(descriptor_, -1));
+}
+
+void Socket::reset() {
+    if (descriptor_ < 0) return;
+    const linger atOnce{.l_onoff = 1, .l_linger = 0};
+    setsockopt(descriptor_, SOL_SOCKET, SO_LINGER, &atOnce, sizeof(atOnce));
+    close();
+}
+
+std::pair<Socket, std::uint16_t> listenOnLoopback() {
+    Socket listener(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    sockaddr_in address = loopback(0);
+    socklen_t size = sizeof(address);
+    EXPECT_EQ(bind(listener.descriptor(), reinterpret_cast<const sockaddr*>(&address), size), 0);
+    EXPECT_EQ(listen(listener.descriptor(), 1024), 0);
+    EXPECT_EQ(getsockname(listener.descriptor(), reinterpret_cast<sockaddr*>(&address), &size), 0);
+    return {std::move(listener), ntohs(address.sin_port)};
+}
+
+Socket connectToLoopback(std::uint16_t port) {
+    Socket made(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    const sockaddr_in address = loopback(port);
+    if (connect(made.descriptor(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0) return {};
+    const int on = 1;
+    setsockopt(made.descriptor(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof(on));
+    return made;
+}
+
+std::uint16_t unusedPort() { return listenOnLoopback().second; }
+
+bool sendAll(int descriptor, const char* bytes, std::size_t size) {
+    while (size > 0) {
+        const ssize_t sent = send(descriptor, bytes, size, MSG_NOSIGNAL);
+        if (sent <= 0) return false;
+        bytes += sent;
+        size -= static_cast<std::size_t>(sent);
+    }
+    return true;
+}
+
+}  // namespace VanticRestKit::test

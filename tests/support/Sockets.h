@@ -1,0 +1,43 @@
+#pragma once
+
+/// \file
+/// Sockets on loopback.
+
+#include <cstdint>
+#include <utility>
+
+namespace VanticRestKit::test {
+
+/// Owns a socket.
+class Socket {
+public:
+    Socket() = default;
+    explicit Socket(int descriptor) : descriptor_(descriptor) {}
+    Socket(Socket&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+    Socket& operator=(Socket&& other) noexcept;
+    ~Socket();
+
+    int descriptor() const noexcept { return descriptor_; }
+    explicit operator bool() const noexcept { return descriptor_ >= 0; }
+
+    /// Closes it in good order, or with a reset.
+    void close();
+    void reset();
+
+private:
+    int descriptor_ = -1;
+};
+
+/// A socket that listens on a free port of 127.0.0.1, and the port.
+std::pair<Socket, std::uint16_t> listenOnLoopback();
+
+/// A socket connected to a port of 127.0.0.1; none where nobody listens.
+Socket connectToLoopback(std::uint16_t port);
+
+/// A port of 127.0.0.1 on which nobody listens.
+std::uint16_t unusedPort();
+
+/// Sends all of the bytes. Whether the other end took them.
+bool sendAll(int descriptor, const char* bytes, std::size_t size);
+
+}  // namespace VanticRestKit::test
