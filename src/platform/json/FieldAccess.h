@@ -9,6 +9,7 @@
 #include <optional>
 #include <string_view>
 #include <type_traits>
+#include <vector>
 
 namespace VanticRestKit::mapping {
 
@@ -58,6 +59,10 @@ template <class Field>
 using ValueIn = typename detail::OptionalParts<Field>::Value;
 template <class Field>
 inline constexpr bool isOptional = detail::OptionalParts<Field>::isOptional;
+template <class Field>
+inline constexpr bool isList = false;
+template <class T>
+inline constexpr bool isList<std::vector<T>> = true;
 
 /// The declared name of a field, without the underscore that keeps it apart from a keyword.
 template <auto Member>
@@ -93,10 +98,12 @@ inline constexpr FieldOps fieldOps = {
         if constexpr (isOptional<Field>) {
             return &static_cast<Field*>(field)->emplace();
         } else {
+            if constexpr (isList<Field>) static_cast<Field*>(field)->clear();
             return field;
         }
     },
     .reset = [](void* field) { *static_cast<Field*>(field) = Field{}; },
+    .copy = [](void* field, const void* from) { *static_cast<Field*>(field) = *static_cast<const Field*>(from); },
     .peek = [](const void* field) -> const void* {
         if constexpr (isOptional<Field>) {
             const Field& holder = *static_cast<const Field*>(field);

@@ -94,7 +94,7 @@ constexpr Rows<1> defaulted(std::string_view key) {
     return {detail::valueRow<Member, Reader>(Presence::defaulted, key)};
 }
 
-/// Whatever is wrong is swallowed, and the field keeps what a new entity has: empty, false, [] or 0.
+/// Whatever is wrong is swallowed, and the field keeps what a new entity has, such as empty, false, [] or 0.
 template <auto Member, auto Reader = nullptr>
 constexpr Rows<1> lenient(std::string_view key) {
     return {detail::valueRow<Member, Reader>(Presence::lenient, key)};
@@ -166,13 +166,13 @@ constexpr Rows<1> unread(std::string_view key) {
 template <class E, std::size_t... Ns>
 const TypePlan& object(const Rows<Ns>&... rows) {
     const auto all = detail::joined(rows...);
-    return makeObjectPlan(typeName<E>(), all);
+    return makeObjectPlan(typeName<E>(), all, new E{});
 }
 
 /// The table of a type that any JSON object decodes into.
 template <class E>
 const TypePlan& object() {
-    return makeObjectPlan(typeName<E>(), {});
+    return makeObjectPlan(typeName<E>(), {}, new E{});
 }
 
 /// Reader: a text that must be the raw text of a case.

@@ -12,7 +12,7 @@ namespace {
 
 std::atomic<std::size_t> nextMemory{0};
 
-FieldPlan fieldFor(const Row& row) {
+FieldPlan fieldFor(const Row& row, const std::byte* fresh) {
     FieldPlan field{};
     field.role = row.role;
     field.presence = row.presence;
@@ -23,6 +23,7 @@ FieldPlan fieldFor(const Row& row) {
     field.setDefault = row.setDefault;
     if (row.role == RowRole::value) {
         field.offset = row.offset();
+        field.fresh = fresh + field.offset;
         field.type = &row.type();
         field.kind = field.type->kind;
         field.isOptional = row.ops->isOptional;
@@ -41,7 +42,7 @@ FieldPlan fieldFor(const Row& row) {
 
 class Builder {
 public:
-    explicit Builder(ObjectPlan& entity) : entity_(entity) {}
+    Builder(ObjectPlan& entity, const void* fresh) : entity_(entity), fresh_(static_cast<const std::byte*>(fresh)) {}
 
     /// Fills `plan` with the rows of one object; rows of objects inside it go to plans of their own.
     void fill(ObjectPlan& plan, std::span<const Row> rows) {
@@ -49,7 +50,7 @@ public:
             const Row& row = rows[at];
             if (row.role != RowRole::object) noteForEntity(row);
             if (row.role == RowRole::computed) continue;
-            FieldPlan field = fieldFor(row);
+            FieldPlan field = fieldFor(row, fresh_);
             if (row.role == RowRole::object) {
                 auto* inner = new ObjectPlan();
                 inner->name = row.key;
@@ -84,6 +85,7 @@ private:
     }
 
     ObjectPlan& entity_;
+    const std::byte* fresh_;
 };
 
 template <class Visit>
@@ -96,10 +98,10 @@ void visitFields(const ObjectPlan& plan, Visit visit) {
 
 }  // namespace
 
-const TypePlan& makeObjectPlan(std::string_view name, std::span<const Row> rows) {
+const TypePlan& makeObjectPlan(std::string_view name, std::span<const Row> rows, const void* fresh) {
     auto* object = new ObjectPlan();
     object->name = name;
-    Builder(*object).fill(*object, rows);
+    Builder(*object, fresh).fill(*object, rows);
     std::sort(object->members.begin(), object->members.end(),
               [](const MemberPlan& a, const MemberPlan& b) { return a.offset < b.offset; });
     auto* plan = new TypePlan{.kind = ValueKind::object, .name = name};
@@ -109,11 +111,14 @@ const TypePlan& makeObjectPlan(std::string_view name, std::span<const Row> rows)
 
 std::size_t successorMemory() noexcept { return nextMemory.load(std::memory_order_relaxed); }
 
+void resetField(const FieldPlan& field, void* place) {
+    field.ops->copy(place, field.fresh);
+    if (field.setDefault != nullptr) field.setDefault(place);
+}
+
 void resetFields(const ObjectPlan& plan, void* entity) {
     visitFields(plan, [entity](const FieldPlan& field) {
-        void* const at = static_cast<std::byte*>(entity) + field.offset;
-        field.ops->reset(at);
-        if (field.setDefault != nullptr) field.setDefault(at);
+        resetField(field, static_cast<std::byte*>(entity) + field.offset);
     });
 }
 

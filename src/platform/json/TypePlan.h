@@ -75,8 +75,10 @@ struct FieldOps {
     bool isOptional;
     /// Makes the field hold a fresh value and returns where it lies.
     void* (*open)(void* field);
-    /// Puts the field back to what a new entity has.
+    /// Makes the field empty or, where it cannot be, what its type starts with.
     void (*reset)(void* field);
+    /// Makes the field equal to another one of its type.
+    void (*copy)(void* field, const void* from);
     /// The value, or null where the field is empty.
     const void* (*peek)(const void* field);
 };
@@ -153,6 +155,8 @@ struct FieldPlan {
     const FieldOps* ops;
     const TypePlan* type;
     const ObjectPlan* inner;
+    /// The field in a new entity.
+    const std::byte* fresh;
     void (*setDefault)(void* field);
     std::string_view key;
     std::string_view member;
@@ -186,11 +190,15 @@ struct ObjectPlan {
     bool hasDefaults = false;
 };
 
-/// Makes the plan of an entity from its rows. Called once per type, on first use; the plan is never destroyed.
-VRK_EXPORT const TypePlan& makeObjectPlan(std::string_view name, std::span<const Row> rows);
+/// Makes the plan of an entity from its rows. Called once per type, on first use; the plan is never destroyed, and
+/// neither is `fresh`, a new entity that it keeps.
+VRK_EXPORT const TypePlan& makeObjectPlan(std::string_view name, std::span<const Row> rows, const void* fresh);
 
 /// How much memory of key successors one decode needs for all plans made so far.
 std::size_t successorMemory() noexcept;
+
+/// Puts a field back to its default: that of its row, or else what a new entity has.
+void resetField(const FieldPlan& field, void* place);
 
 /// Puts the fields that an object's rows fill back to their defaults.
 void resetFields(const ObjectPlan& plan, void* entity);

@@ -133,8 +133,7 @@ bool DiagnosingEngine::valueRow(const FieldPlan& field, void* target, Place at) 
     void* const place = static_cast<std::byte*>(target) + field.offset;
     if (valueInto(field, place, at)) return true;
     if (field.presence != Presence::lenient) return false;
-    field.ops->reset(place);
-    if (field.setDefault != nullptr) field.setDefault(place);
+    resetField(field, place);
     swallow(heldBy(field, place));
     return true;
 }

@@ -379,9 +379,7 @@ void FastEngine::deliver(const FieldPlan* field, bool isStored, bool hasFailed) 
     } else if (field == nullptr) {
         around.list->removeLast(around.target);
     } else {
-        std::byte* const place = around.target + field->offset;
-        field->ops->reset(place);
-        if (field->setDefault != nullptr) field->setDefault(place);
+        resetField(*field, around.target + field->offset);
     }
 }
 

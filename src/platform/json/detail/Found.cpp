@@ -1,5 +1,7 @@
 #include <VanticRestKit/platform/json/detail/Found.h>
 
+#include <VanticRestKit/platform/json/ValueText.h>
+
 namespace VanticRestKit::json {
 
 std::string_view foundAt(const char* at) noexcept {
@@ -49,15 +51,7 @@ std::string heldBy(const FieldPlan& field, const void* place) {
     const void* const value = field.ops->peek(place);
     if (value == nullptr) return "empty";
     if (field.type->caseName != nullptr) return std::string(field.type->caseName(value));
-    switch (field.kind) {
-        case ValueKind::list: return "[]";
-        case ValueKind::boolean: return "false";
-        case ValueKind::integer:
-        case ValueKind::unsignedInteger:
-        case ValueKind::number:
-        case ValueKind::convertedNumber: return "0";
-        default: return "\"\"";
-    }
+    return valueText(*field.type, value, ValueLayout::compact);
 }
 
 }  // namespace VanticRestKit::json

@@ -21,7 +21,8 @@ bool isObject(ValueKind kind) noexcept;
 /// The type that a value of another JSON type misses: a text first of all, where a text is then converted.
 std::string_view expectedType(const TypePlan& type) noexcept;
 
-/// What a field holds after its default was restored: "empty", "false", "[]", the name of a case, ...
+/// What a field holds after its default was restored: "empty", "false", "[]", the name of a case, or the value as
+/// JSON text.
 std::string heldBy(const FieldPlan& field, const void* place);
 
 }  // namespace VanticRestKit::json

@@ -102,11 +102,13 @@ Fit ValueReader::convertedInto(const TypePlan& type, void* place, const FieldOps
     } else if (!numberInto(at_, readNumber, &number, false)) {
         return Fit::unfit;
     }
-    void* const value = optional != nullptr ? optional->open(place) : place;
+    // A field that holds a value of its own keeps it where the new one does not fit.
+    const void* const held = optional != nullptr ? optional->peek(place) : place;
+    void* const value = held != nullptr ? const_cast<void*>(held) : optional->open(place);
     const bool fits =
         type.kind == ValueKind::convertedText ? type.fromText(text, value) : type.fromNumber(number, value);
     if (fits) return Fit::fits;
-    if (optional != nullptr) optional->reset(place);
+    if (held == nullptr) optional->reset(place);
     at_ = before;
     return Fit::unfit;
 }
