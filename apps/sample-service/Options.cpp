@@ -20,7 +20,7 @@ constexpr const char* help =
     "  --end-with-parent   end when the process that started this one ends\n";
 
 [[noreturn]] void refuse(const char* why) {
-    std::fprintf(stderr, "sample-service: %s\n%s", why, help);
+    std::fprintf(stderr, "sample-service: %s; --help shows what there is\n", why);
     std::exit(2);
 }
 

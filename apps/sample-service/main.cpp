@@ -29,8 +29,8 @@ int main(int argc, char** argv) {
     sample::Faults faults;
     sample::RequestLog log;
     sample::Service service(sample::Router(sample::serviceRoutes()),
-                            sample::Router(sample::controlRoutes(faults, log, [] { kill(getpid(), SIGTERM); })),
-                            faults, log);
+                            sample::Router(sample::controlRoutes(faults, log)), faults, log,
+                            [] { kill(getpid(), SIGTERM); });
     if (!service.start(options.port, certificate ? &*certificate : nullptr)) {
         std::fprintf(stderr, "sample-service: cannot listen on 127.0.0.1:%d\n", options.port);
         return 1;

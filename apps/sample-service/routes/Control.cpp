@@ -21,7 +21,7 @@ Reply addFault(const Request& request, Faults& faults) {
 
 }  // namespace
 
-std::vector<Route> controlRoutes(Faults& faults, RequestLog& log, std::function<void()> stop) {
+std::vector<Route> controlRoutes(Faults& faults, RequestLog& log) {
     const auto faultList = [&faults](const Request&, const Captures&) {
         Reply reply;
         reply.body = faults.written();
@@ -39,7 +39,11 @@ std::vector<Route> controlRoutes(Faults& faults, RequestLog& log, std::function<
     };
     const auto clearFaults = [&faults](const Request&, const Captures&) { return faults.clear(), done(); };
     const auto clearLog = [&log](const Request&, const Captures&) { return log.clear(), done(); };
-    const auto end = [stop = std::move(stop)](const Request&, const Captures&) { return stop(), done(); };
+    const auto end = [](const Request&, const Captures&) {
+        Reply reply = done();
+        reply.last = true;
+        return reply;
+    };
     return {
         {"GET", "_control/faults", faultList},
         {"POST", "_control/faults",

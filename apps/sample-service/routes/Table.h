@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <vector>
 
 #include "server/Faults.h"
@@ -18,6 +17,6 @@ std::vector<Route> videoRoutes();
 std::vector<Route> serviceRoutes();
 
 /// What steers the service from outside: faults, the log of requests, its state, its end.
-std::vector<Route> controlRoutes(Faults& faults, RequestLog& log, std::function<void()> stop);
+std::vector<Route> controlRoutes(Faults& faults, RequestLog& log);
 
 }  // namespace sample

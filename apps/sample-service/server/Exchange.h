@@ -38,6 +38,7 @@ struct Reply {
     std::optional<std::string> text{};
     std::string contentType = "application/json";
     std::vector<std::pair<std::string, std::string>> headers{};
+    bool last = false;  // the service ends once this answer is out
 };
 
 /// The service's own form of a failure.

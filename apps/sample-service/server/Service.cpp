@@ -14,6 +14,8 @@ namespace {
 // What the HTTP library puts among the headers by itself.
 constexpr std::array<const char*, 4> notSent{"REMOTE_ADDR", "REMOTE_PORT", "LOCAL_ADDR", "LOCAL_PORT"};
 
+thread_local bool wroteLastAnswer = false;
+
 Request readRequest(const httplib::Request& raw, const httplib::ContentReader* body) {
     Request request;
     request.method = raw.method;
@@ -47,8 +49,9 @@ void prepare(const Reply& reply, httplib::Response& response) {
 
 }  // namespace
 
-Service::Service(Router routes, Router control, Faults& faults, RequestLog& log)
-    : routes_(std::move(routes)), control_(std::move(control)), faults_(faults), log_(log) {}
+Service::Service(Router routes, Router control, Faults& faults, RequestLog& log, std::function<void()> ended)
+    : routes_(std::move(routes)), control_(std::move(control)), faults_(faults), log_(log),
+      ended_(std::move(ended)) {}
 
 Service::~Service() { stop(); }
 
@@ -70,6 +73,11 @@ bool Service::start(int port, const Certificate* certificate) {
         listening = socket;
     });
 
+    // Called behind each answer, on the thread that has written it.
+    server_->set_logger([this](const httplib::Request&, const httplib::Response&) {
+        if (std::exchange(wroteLastAnswer, false)) ended_();
+    });
+
     const auto plain = [this](const httplib::Request& raw, httplib::Response& response) {
         handle(raw, response, nullptr);
     };
@@ -85,6 +93,8 @@ bool Service::start(int port, const Certificate* certificate) {
     ::listen(listening, 1024);
     connections_ = std::make_unique<Connections>(port_);
     listening_ = std::thread([this] { server_->listen_after_bind(); });
+    // A stop before this moment would be forgotten.
+    while (!server_->is_running()) std::this_thread::yield();
     return true;
 }
 
@@ -104,6 +114,7 @@ void Service::handle(const httplib::Request& raw, httplib::Response& response,
     }
     if (!request.segments.empty() && request.segments.front() == "_control") {
         const Reply reply = control_.answer(request);
+        wroteLastAnswer = reply.last;
         prepare(reply, response);
         response.set_content(textOf(reply), reply.contentType);
         return;

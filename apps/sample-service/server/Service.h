@@ -2,6 +2,7 @@
 
 #include <httplib.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <thread>
@@ -18,7 +19,8 @@ namespace sample {
 class Service {
 public:
     /// The routes under "_control/" are asked first; they are neither logged nor reached by faults.
-    Service(Router routes, Router control, Faults& faults, RequestLog& log);
+    /// `ended` is called, on any thread, when an answer was the last one.
+    Service(Router routes, Router control, Faults& faults, RequestLog& log, std::function<void()> ended);
     ~Service();
 
     /// Listens on 127.0.0.1 and returns; port 0 picks one. False if the port cannot be had.
@@ -37,6 +39,7 @@ private:
     Router control_;
     Faults& faults_;
     RequestLog& log_;
+    std::function<void()> ended_;
     std::unique_ptr<httplib::Server> server_;
     std::unique_ptr<Connections> connections_;
     std::thread listening_;

@@ -1,0 +1,66 @@
+#pragma once
+
+/// \file
+/// `SampleService`: the sample service as a process of its own, steered by a test.
+
+#include <nlohmann/json.hpp>
+
+#include <cstdint>
+#include <string>
+#include <sys/types.h>
+#include <vector>
+
+namespace VanticRestKit::test {
+
+/// Runs the sample service on a free port of 127.0.0.1. Ends it when this object goes.
+class SampleService {
+public:
+    enum class Transport { http, https };
+
+    explicit SampleService(Transport transport = Transport::http);
+    ~SampleService();
+    SampleService(const SampleService&) = delete;
+    SampleService& operator=(const SampleService&) = delete;
+
+    /// Whether it answers; a test cannot go on without.
+    bool isRunning() const noexcept { return process_ > 0; }
+
+    /// Such as "http://127.0.0.1:41234".
+    const std::string& baseURL() const noexcept { return baseURL_; }
+    std::uint16_t port() const noexcept { return port_; }
+
+    /// With https: the file with the certificate that a client has to trust.
+    const std::string& authorityFile() const noexcept { return authorityFile_; }
+
+    /// Asks for a fault of the next answers of a path, such as
+    /// {"path":"v2/time","fault":"status","status":500,"count":2}.
+    void addFault(const nlohmann::json& fault) const;
+
+    /// The requests received, in order of arrival.
+    nlohmann::json log() const;
+    void clearLog() const;
+
+    /// A request of the control routes; null where it was not answered with a 200.
+    nlohmann::json control(const std::string& method, const std::string& path,
+                           const std::string& body = {}) const;
+
+    /// Sends a signal and waits for the end: the exit code, or -1 where it ended in another way.
+    int end(int signal);
+
+    /// Waits for the end that somebody else has asked for, at most half a minute.
+    int waitForEnd();
+
+private:
+    std::string firstLine(int output) const;
+
+    std::string folder_;
+    std::string authorityFile_;
+    std::string baseURL_;
+    std::uint16_t port_ = 0;
+    pid_t process_ = -1;
+};
+
+/// Runs the sample service with arguments until it ends by itself: its exit code.
+int runSampleService(const std::vector<std::string>& arguments);
+
+}  // namespace VanticRestKit::test
