@@ -8,12 +8,15 @@ namespace VanticRestKit::mapping {
 std::size_t grownCapacity(std::size_t count, std::size_t elementSize, std::size_t bytesRead,
                           std::size_t bytesLeft) noexcept {
     const std::size_t doubled = std::max<std::size_t>(1, count * 2);
-    if (count == 0) return doubled;
-    const std::size_t bytesEach = std::max<std::size_t>(1, bytesRead / count);
-    const std::size_t estimated = count + 1 + bytesLeft / bytesEach;
+    if (count == 0 || bytesLeft == 0) return doubled;
+    // The bytes read so far begin with the opening bracket.
+    const std::size_t bytesEach = std::max<std::size_t>(1, (bytesRead - 1) / count);
+    const std::size_t more = bytesLeft / bytesEach + 1;
+    // A list that turns out short by one element moves them all, so a little more than is expected.
+    const std::size_t estimated = count + more + more / 16;
     // Small elements first and large ones behind must not make a list of a thousand times its size.
     const std::size_t most = count + 1 + 2 * bytesLeft / elementSize;
-    return std::max(doubled, std::min(estimated, most));
+    return estimated <= most ? std::max(estimated, count + count / 4) : std::max(doubled, most);
 }
 
 std::string listName(std::string_view element) { return "[" + std::string(element) + "]"; }
