@@ -1,0 +1,138 @@
+import json
+import unittest
+
+from program import TestCase, vantic
+
+
+class DecodeAValue(TestCase):
+    def test_is_printed_indented_with_every_field_in_declared_order(self):
+        outcome = vantic("decode", "Link", stdin='{"tags":["a"],"href":"h","id":"1"}')
+        self.assertEqual(outcome.code, 0)
+        self.assertEqual(
+            outcome.out,
+            '{\n  "id": "1",\n  "title": null,\n  "href": "h",\n  "tags": [\n    "a"\n  ]\n}\n',
+        )
+        self.assertEqual(outcome.err, "")
+
+    def test_names_fields_as_declared_and_not_as_in_the_document(self):
+        self.assertEqual(
+            list(vantic("decode", "Banner", stdin='{"large":"l","small":"s","link":"x"}').json.items()),
+            [("largeImageHref", "l"), ("smallImageHref", "s"), ("altText", None), ("linkHref", "x")],
+        )
+
+    def test_prints_an_empty_field_as_null_and_an_empty_list_as_a_list(self):
+        value = vantic("decode", "Image", stdin="{}").json
+        self.assertEqual(value.pop("tags"), [])
+        self.assertEqual(set(value.values()), {None})
+
+    def test_prints_an_enumeration_as_the_name_of_its_case(self):
+        self.assertEqual(
+            vantic("decode", "Status", stdin='{"title":"t","theme":"whatever"}').json, {"title": "t", "theme": "default"}
+        )
+
+    def test_prints_fields_that_are_derived_and_leaves_computed_members_out(self):
+        document = {
+            "houseNumber": "ZW1",
+            "_links": {"self": {"href": "video/1"}, "deeplink": {"href": "/show/slug/x"},
+                       "highlightVideo": {"playTitle": "Play"}},
+        }
+        value = vantic("decode", "Video", stdin=json.dumps(document)).json
+        self.assertEqual(len(value), 53)
+        self.assertEqual(value["playableVideo"]["playTitle"], "Play")
+        self.assertNotIn("derivedShowSlug", value)
+
+    def test_prints_whole_numbers_without_a_fraction(self):
+        image = vantic("decode", "Image", stdin='{"width":1e2,"height":3.0}').out
+        self.assertIn('"width": 100,', image)
+        self.assertIn('"height": 3,', image)
+
+    def test_prints_a_double_as_the_shortest_text_that_reads_back(self):
+        for document, text in [("1732.5", "1732.5"), ("17e2", "1700"), ("5.0", "5"), ("-0.1", "-0.1"),
+                               ("0.30000000000000004", "0.30000000000000004"), ("0.1000000000", "0.1"), ("0", "0")]:
+            with self.subTest(document):
+                self.assertEqual(vantic("decode", "Time", stdin=document).out, text + "\n")
+
+    def test_prints_a_date_in_utc(self):
+        document = '{"pubDate":"2020-07-02 03:04:05","_links":{}}'
+        for zone, text in [("UTC", "2020-07-02T03:04:05Z"), ("Australia/Sydney", "2020-07-01T17:04:05Z")]:
+            with self.subTest(zone):
+                self.assertEqual(vantic("decode", "Video", stdin=document, TZ=zone).json["pubDate"], text)
+
+    def test_prints_texts_of_any_script_and_escapes_what_json_escapes(self):
+        text = 'Café "日本" \\ \n \u0001 \U0001f3a5'
+        outcome = vantic("decode", "Link", stdin=json.dumps({"href": text}))
+        self.assertEqual(outcome.json["href"], text)
+        self.assertEqual(outcome.out.count("\n"), 6)
+
+    def test_reads_a_list_of_a_type_in_brackets(self):
+        self.assertEqual(vantic("decode", "[Time]", stdin="[1,2.5]").json, [1, 2.5])
+        self.assertEqual([link["href"] for link in vantic("decode", "[Link]", stdin='[{"href":"a"},{"href":"b"}]').json],
+                         ["a", "b"])
+
+    def test_reads_a_file_where_one_is_named(self):
+        name = self.file_of(b"12")
+        self.assertEqual(vantic("decode", "Time", name, stdin="not read").out, "12\n")
+
+    def test_reads_documents_larger_than_one_block(self):
+        count = 30_000
+        outcome = vantic("decode", "[Link]", stdin="[" + ",".join(['{"href":"a long enough text"}'] * count) + "]")
+        self.assertEqual(len(outcome.json), count)
+
+    def test_takes_white_space_around_the_document(self):
+        self.assertEqual(vantic("decode", "Time", stdin=" \n\t1\r\n ").out, "1\n")
+
+
+class DecodeAFailure(TestCase):
+    def error(self, name, document):
+        outcome = vantic("decode", name, stdin=document)
+        self.assert_failed(outcome)
+        answer = json.loads(outcome.err)
+        self.assertEqual(list(answer), ["error"])
+        self.assertEqual(list(answer["error"]), ["kind", "path", "message"])
+        self.assertTrue(answer["error"]["message"])
+        return answer["error"]["kind"], answer["error"]["path"]
+
+    def test_of_a_missing_key_has_the_path_down_to_it(self):
+        self.assertEqual(self.error("Link", "{}"), ("keyNotFound", ["href"]))
+
+    def test_of_a_null_is_value_not_found(self):
+        self.assertEqual(self.error("Link", '{"href":null}'), ("valueNotFound", ["href"]))
+
+    def test_of_another_json_type_is_a_type_mismatch(self):
+        self.assertEqual(self.error("Link", '{"href":1}'), ("typeMismatch", ["href"]))
+        self.assertEqual(self.error("Link", "[]"), ("typeMismatch", []))
+        self.assertEqual(self.error("Time", '"1"'), ("typeMismatch", []))
+
+    def test_of_a_value_that_does_not_fit_is_corrupted_data(self):
+        self.assertEqual(self.error("Link", '{"href":"\\ud800"}'), ("dataCorrupted", ["href"]))
+
+    def test_counts_places_in_lists_as_numbers(self):
+        self.assertEqual(self.error("[Link]", '[{"href":"a"},{"title":"b"}]'), ("keyNotFound", [1, "href"]))
+        self.assertEqual(self.error("[Link]", "[null]"), ("typeMismatch", [0]))
+
+    def test_of_the_structure_has_an_empty_path(self):
+        for document in ["", "{", '{"href":"x"} x', b"\xff", '{"href":tru}']:
+            with self.subTest(document):
+                self.assertEqual(self.error("Link", document), ("dataCorrupted", []))
+
+    def test_of_another_entity_has_the_path_of_the_entity(self):
+        self.assertEqual(self.error("Video", '{"_entity":"show","_links":{}}'), ("entityMismatch", []))
+        self.assertEqual(self.error("[Video]", '[{"_links":{}},{"_entity":"Show","_links":{}}]'),
+                         ("entityMismatch", [1]))
+
+    def test_of_another_entity_tells_what_was_found_as_it_came(self):
+        outcome = vantic("decode", "Video", stdin='{"_entity":"A \\"Sh\\u0000\\u00f6w\\"\\n"}')
+        self.assert_failed(outcome)
+        self.assertEqual(json.loads(outcome.err)["error"]["message"],
+                         'Video expects a "video" entity type, but found "A "Sh\0öw"\n"')
+
+    def test_of_a_file_that_cannot_be_read_is_one_line(self):
+        self.assert_failed(vantic("decode", "Time", "/nowhere/at/all"), "/nowhere/at/all")
+        self.assert_failed(vantic("decode", "Time", "/"), "/")
+
+    def test_of_a_very_deep_document_is_no_crash(self):
+        self.assertEqual(self.error("Link", "[" * 200_000), ("dataCorrupted", []))
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,143 @@
+import json
+import tempfile
+import time
+import unittest
+
+from program import SampleService, TestCase, vantic
+
+GENERIC = "The operation couldn’t be completed. (dev.vantic.VanticRestKit.networkService error {}.)\n"
+NOT_DECODED = "Unable to decode the server response\n"
+
+
+class Load(TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.service = SampleService().__enter__()
+        cls.addClassCleanup(cls.service.stop)
+
+    def setUp(self):
+        self.service.control("DELETE", "log")
+        self.service.control("DELETE", "faults")
+
+    def load(self, *words):
+        return vantic("load", *words, "--base-url", self.service.url)
+
+    def value(self, *words):
+        outcome = self.load(*words)
+        self.assertEqual((outcome.code, outcome.err), (0, ""))
+        return outcome.json
+
+    def failure(self, *words):
+        outcome = self.load(*words)
+        self.assert_failed(outcome)
+        return outcome.err
+
+    def test_prints_the_value_as_decode_prints_it(self):
+        video = self.load("Video", "--houseNumber", "HL0101")
+        self.assertEqual((video.code, video.err), (0, ""))
+        self.assertEqual(video.json["houseNumber"], "HL0101")
+        self.assertEqual(len(video.json), 53)
+        self.assertEqual(video.out, json.dumps(video.json, indent=2, ensure_ascii=False) + "\n")
+
+    def test_loads_each_operation(self):
+        self.assertLess(abs(self.value("Time") - time.time()), 60)
+        self.assertTrue([avatar["url"] for avatar in self.value("Avatars")])
+        self.assertEqual(self.value("Video", "--usingHref", "video/HL0102")["houseNumber"], "HL0102")
+        videos = self.value("Videos", "--houseNumbers", "HL0101", "--houseNumbers", "HL0102")["videos"]
+        self.assertEqual([video["houseNumber"] for video in videos], ["HL0101", "HL0102"])
+        self.assertEqual(self.value("Videos"), {"videos": []})
+
+    def test_loads_an_href_as_any_type_and_as_a_list_of_it(self):
+        words = ["Resource", "--withHref", "video/HL0101", "--as"]
+        self.assertEqual(self.value(*words, "Video"), self.value("Video", "--houseNumber", "HL0101"))
+        self.assertEqual(len(self.value(*words, "VideoAnalytics")), 30)
+        self.assertGreater(self.value("Resource", "--withHref", "time", "--as", "Time"), 0)
+        self.assertEqual(self.failure(*words, "[Video]"), NOT_DECODED)
+        self.assertEqual(self.failure(*words, "Link"), NOT_DECODED)
+
+    def test_sends_what_request_prints(self):
+        words = ["Video", "--houseNumber", "A b/c,", "--header", "X-One: 1", "--header", "X-Two: a,b"]
+        printed = vantic("request", *words, "--base-url", self.service.url).json
+        self.load(*words)
+        [sent] = self.service.control("GET", "log")
+        self.assertEqual((sent["method"], self.service.url + sent["target"]), (printed["method"], printed["url"]))
+        headers = {header["name"]: header["value"] for header in sent["headers"]}
+        self.assertEqual({name: headers[name] for name in printed["headers"]}, printed["headers"])
+        self.assertEqual(headers["Accept"], "*/*")
+
+    def test_of_what_is_not_there_fails_with_404_in_one_line(self):
+        self.assertEqual(self.failure("Video", "--houseNumber", "none"), GENERIC.format(404))
+
+    def test_of_a_broken_service_fails_with_500_in_one_line(self):
+        self.service.fault("v2/time", "status", status=500)
+        self.assertEqual(self.failure("Time"), GENERIC.format(500))
+
+    def test_of_a_body_that_is_no_json_fails_to_decode(self):
+        for words in [["Time"], ["Resource", "--withHref", "time", "--as", "Time"]]:
+            self.service.fault("v2/time", "malformed")
+            self.assertEqual(self.failure(*words), NOT_DECODED)
+
+    def test_of_another_entity_fails_to_decode(self):
+        self.service.fault("v2/video/HL0101", "malformed", text='{"_entity":"show","_links":{}}')
+        self.assertEqual(self.failure("Video", "--houseNumber", "HL0101"), NOT_DECODED)
+
+    def test_of_a_connection_that_breaks_fails_in_one_line(self):
+        self.service.fault("v2/time", "reset")
+        self.failure("Time")
+
+    def test_waits_no_longer_than_its_time_out_without_any_byte(self):
+        self.service.fault("v2/time", "stall")
+        began = time.monotonic()
+        outcome = self.load("Time", "--timeout", "0.2", "--verbose")
+        self.assertEqual(outcome.code, 1)
+        self.assertIn("-1001", outcome.err)
+        self.assertLess(time.monotonic() - began, 20)
+
+    def test_says_nothing_more_without_verbose(self):
+        self.service.fault("v2/time", "status", status=503)
+        self.assert_one_line(self.failure("Time"))
+
+    def test_shows_the_reports_of_the_failure_hook_where_verbose(self):
+        self.service.fault("v2/time", "status", status=503)
+        outcome = self.load("Time", "--verbose")
+        self.assertEqual((outcome.code, outcome.out), (1, ""))
+        report, error = outcome.err.splitlines(keepends=True)
+        self.assertIn("HttpCode: 503", report)
+        self.assertEqual(json.loads(report[report.index("{"):])["url"], self.service.url + "/v2/time")
+        self.assertEqual(error, GENERIC.format(503))
+
+    def test_shows_no_report_for_a_success_or_a_body_that_does_not_decode(self):
+        self.assertEqual(self.load("Time", "--verbose").err, "")
+        self.service.fault("v2/time", "malformed")
+        self.assertEqual(self.load("Time", "--verbose").err, NOT_DECODED)
+
+    def test_of_an_address_that_is_no_http_fails_in_one_line(self):
+        self.assert_failed(vantic("load", "Time", "--base-url", "ftp://127.0.0.1/"))
+        self.assert_failed(vantic("load", "Time", "--base-url", "no-scheme"))
+
+
+class LoadFromNobody(TestCase):
+    def test_fails_in_one_line_where_the_service_has_stopped(self):
+        with SampleService() as service:
+            pass
+        outcome = vantic("load", "Time", "--base-url", service.url, "--verbose")
+        self.assertEqual((outcome.code, outcome.out), (1, ""))
+        self.assertIn("-1004", outcome.err)
+        self.assert_failed(vantic("load", "Time", "--base-url", service.url))
+
+
+class LoadOverTLS(TestCase):
+    def test_trusts_the_certificates_of_the_file_given_and_no_others(self):
+        with tempfile.NamedTemporaryFile() as authority, SampleService("--tls", "--ca-out", authority.name) as service:
+            words = ["load", "Time", "--base-url", service.url]
+            trusted = vantic(*words, "--ca", authority.name)
+            self.assertEqual((trusted.code, trusted.err), (0, ""))
+            self.assertGreater(trusted.json, 0)
+
+            self.assert_failed(vantic(*words))
+            self.assertIn("-1202", vantic(*words, "--verbose").err)
+            self.assert_failed(vantic(*words, "--ca", "/nowhere/at/all"))
+
+
+if __name__ == "__main__":
+    unittest.main()

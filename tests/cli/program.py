@@ -1,0 +1,97 @@
+"""Runs the command line and the sample service for tests."""
+
+import json
+import os
+import subprocess
+import tempfile
+import unittest
+import urllib.request
+
+VANTIC = os.environ["VRK_VANTIC"]
+SECONDS = 60
+
+
+class Outcome:
+    def __init__(self, finished):
+        self.code = finished.returncode
+        self.bytes = finished.stdout
+        self.out = finished.stdout.decode("utf-8")
+        self.err = finished.stderr.decode("utf-8")
+
+    @property
+    def json(self):
+        return json.loads(self.out)
+
+
+def vantic(*words, stdin=b"", **environment):
+    """Runs the program to its end. Words and input may be text or bytes."""
+    return Outcome(subprocess.run(
+        [VANTIC, *words],
+        input=stdin.encode() if isinstance(stdin, str) else stdin,
+        capture_output=True,
+        timeout=SECONDS,
+        env={**os.environ, **environment},
+    ))
+
+
+class TestCase(unittest.TestCase):
+    maxDiff = None
+
+    def assert_usage_error(self, outcome, text=""):
+        """Ended with 2, printed nothing, and said what in one line."""
+        self.assertEqual((outcome.code, outcome.out), (2, ""))
+        self.assert_one_line(outcome.err)
+        self.assertIn(text, outcome.err)
+
+    def assert_failed(self, outcome, text=""):
+        """Ended with 1, printed nothing, and said what in one line."""
+        self.assertEqual((outcome.code, outcome.out), (1, ""))
+        self.assert_one_line(outcome.err)
+        self.assertIn(text, outcome.err)
+
+    def assert_one_line(self, text):
+        self.assertEqual(text.count("\n"), 1, text)
+        self.assertTrue(text.endswith("\n") and len(text) > 1, text)
+
+    def file_of(self, content):
+        """The name of a file with that content, which goes with the test."""
+        file = tempfile.NamedTemporaryFile()
+        self.addCleanup(file.close)
+        file.write(content)
+        file.flush()
+        return file.name
+
+
+class SampleService:
+    """The sample service on a free port, for a `with` block."""
+
+    def __init__(self, *options):
+        self.options = options
+
+    def __enter__(self):
+        self.process = subprocess.Popen(
+            [os.environ["VRK_SAMPLE_SERVICE"], "--port", "0", "--end-with-parent", *self.options],
+            stdout=subprocess.PIPE,
+        )
+        self.url = self.process.stdout.readline().decode().strip()
+        return self
+
+    def __exit__(self, *_):
+        self.stop()
+
+    def stop(self):
+        self.process.terminate()
+        self.process.wait(SECONDS)
+        self.process.stdout.close()
+
+    def control(self, method, path, body=None):
+        request = urllib.request.Request(
+            f"{self.url}/_control/{path}", method=method, data=None if body is None else json.dumps(body).encode()
+        )
+        opener = urllib.request.build_opener(urllib.request.ProxyHandler({}))
+        with opener.open(request, timeout=SECONDS) as answer:
+            return json.load(answer)
+
+    def fault(self, path, fault, **more):
+        """What happens to the next request of that path."""
+        self.control("POST", "faults", {"path": path, "fault": fault, **more})

@@ -1,0 +1,36 @@
+import unittest
+
+from program import TestCase, vantic
+
+
+class Types(TestCase):
+    def test_prints_the_name_of_each_decodable_type_on_a_line_and_no_lists(self):
+        outcome = vantic("types")
+        self.assertEqual(outcome.code, 0)
+        names = outcome.out.splitlines()
+        self.assertEqual(names, sorted(set(names)))
+        self.assertLessEqual(
+            {
+                "Banner", "ContextualPhrases", "DirectPlayableVideo", "Image", "Link", "Participants",
+                "PlaylistItem", "Status", "StreamInfo", "Streams", "Time", "Video", "VideoAnalytics", "VideoList",
+            },
+            set(names),
+        )
+        self.assertFalse([name for name in names if not name.isalnum()])
+
+    def test_leaves_out_enumerations_and_helpers_of_decoding(self):
+        names = vantic("types").out.splitlines()
+        for name in ["StatusTheme", "Theme", "LumenoSubtype", "FailableCodable", "Empty"]:
+            self.assertNotIn(name, names)
+            self.assert_usage_error(vantic("decode", name, stdin="{}"), name)
+
+    def test_every_name_and_every_list_of_it_can_be_decoded_and_explained(self):
+        for name in vantic("types").out.splitlines():
+            with self.subTest(name):
+                self.assertIn(vantic("decode", name, stdin="{}").code, (0, 1))
+                self.assertEqual(vantic("decode", f"[{name}]", stdin="[]").out, "[]\n")
+                self.assertEqual(vantic("explain", f"[{name}]", stdin="[]").json, {"faults": []})
+
+
+if __name__ == "__main__":
+    unittest.main()
