@@ -21,12 +21,15 @@ struct Fault {
     CodingPath path;
     /// The word of the row that settled what became of it.
     Presence presence;
-    /// The type that the table names, such as "String" or "[Link]".
+    /// The type that the table names, such as "String" or "[Link]"; "readable keys" of an object that has a key
+    /// which is no text; the name of the entity where the object claims to be another one; "JSON" of a document.
     std::string expected;
-    /// The JSON type that came: "string", "number", "boolean", "null", "object", "array", or "nothing".
+    /// The JSON type that came: "string", "number", "boolean", "null", "object", "array", or "nothing" where the
+    /// key is missing; the name that the object claims; "a broken document".
     std::string found;
-    /// What the field holds now: "empty", "false", "[]", the name of a case, "dropped" for an element that
-    /// is left out; or "failure" where the fault fails the document.
+    /// What the field holds now: "empty", "[]", the name of a case or the value as JSON text; "dropped" for an
+    /// element that is left out, "no check" for an "_entity" that is no text; or "failure" where the fault fails
+    /// the document.
     std::string became;
 };
 

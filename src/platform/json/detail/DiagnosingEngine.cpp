@@ -11,6 +11,13 @@ namespace VanticRestKit::json {
 
 using Kind = DecodingError::Kind;
 
+namespace {
+
+/// What an object must have to be opened.
+constexpr std::string_view readableKeys = "readable keys";
+
+}  // namespace
+
 DiagnosingEngine::DiagnosingEngine(const Data& document, Report report)
     : document_(document), index_(document_), report_(report) {}
 
@@ -65,7 +72,7 @@ bool DiagnosingEngine::open(const ObjectPlan& plan, Place at, Presence presence,
     for (bool more = index_.first(at, member); more; more = index_.next(member)) {
         const StringToken token = scanString(member.key, end);
         const std::optional<std::string_view> key = unescape(token, scratch);
-        if (!key) return fail(Kind::dataCorrupted, "an object", "a key that cannot be read", presence);
+        if (!key) return fail(Kind::dataCorrupted, readableKeys, "object", presence);
         const std::uint8_t place = plan.keys.find(*key);
         // The first of two equal keys counts.
         if (place != KeyTable::none && found[place].at == nullptr) found[place] = member.value;
@@ -221,9 +228,13 @@ Error DiagnosingEngine::error() const {
         case Kind::valueNotFound: text = "Expected " + failing_.expected + " but found null instead."; break;
         case Kind::typeMismatch: text = "Expected " + failing_.expected + " but found " + failing_.found + " instead."; break;
         case Kind::dataCorrupted:
-            text = failing_.path.empty() && !index_.isSound()
-                       ? "The document is not valid JSON."
-                       : "The " + failing_.found + " cannot be read as " + failing_.expected + ".";
+            if (!index_.isSound()) {
+                text = "The document is not valid JSON.";
+            } else if (failing_.expected == readableKeys) {
+                text = "The object has a key that cannot be read.";
+            } else {
+                text = "The " + failing_.found + " cannot be read as " + failing_.expected + ".";
+            }
             break;
     }
     return DecodingError(failing_.kind, failing_.path, std::move(text));
