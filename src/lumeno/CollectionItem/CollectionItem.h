@@ -19,17 +19,18 @@ namespace VanticRestKit {
 /// An element of a collection, whatever entity it is. It owns its entity, which never changes; copies share it.
 ///
 /// A member that an entity does not give has the interface's default: empty, `false` or an empty list. A host's
-/// own type joins by specialising `collectionItemTable` in one of its sources.
+/// own type joins by specialising `isCollectionItem` and `collectionItemTable`.
 class VRK_EXPORT CollectionItem {
 public:
     /// Holds a copy of `entity`.
     template <class Entity>
-        requires requires { collectionItemTable<Entity>(); }
+        requires isCollectionItem<Entity>
     CollectionItem(Entity entity)
         : table_(&collectionItemTable<Entity>()), entity_(std::make_shared<const Entity>(std::move(entity))) {}
 
     /// The entity, or null where this is one of another type. Lives as long as this item or a copy of it.
     template <class Entity>
+        requires isCollectionItem<Entity>
     const Entity* as() const noexcept {
         return table_ == &collectionItemTable<Entity>() ? static_cast<const Entity*>(entity_.get()) : nullptr;
     }

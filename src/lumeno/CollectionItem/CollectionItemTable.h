@@ -158,8 +158,12 @@ struct CollectionItemTable {
     bool (*equal)(const void* a, const void* b) = nullptr;
 };
 
-/// Specialised in the source of each entity that is a collection item. The address of its table is the identity
-/// of the type, also across library borders.
+/// Specialised as true in the header of each entity that is a collection item.
+template <class Entity>
+inline constexpr bool isCollectionItem = false;
+
+/// Specialised beside it, and defined in the entity's source. The address of the table is the identity of the
+/// type, also across library borders.
 template <class Entity>
 const CollectionItemTable& collectionItemTable();
 

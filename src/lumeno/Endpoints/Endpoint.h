@@ -4,8 +4,10 @@
 /// `Endpoint`: where a host gets the resources of the catalogue.
 
 #include <VanticRestKit/Core/Required.h>
+#include <VanticRestKit/platform/url/URLQueryItem.h>
 #include <VanticRestKit/Visibility.h>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,9 +18,27 @@ class Context;
 template <class T>
 class Resource;
 
+struct BrowseList;
+struct Category;
 struct Image;
+struct Message;
+struct MixedCollection;
+struct NavigationList;
+struct NavigationMainMenuList;
+struct NowNext;
+struct ProductAlert;
+struct RelatedShowList;
+struct Remap;
+struct SearchResults;
+struct Series;
+struct Show;
+struct ShowsIndex;
 struct Video;
 struct VideoList;
+
+enum class LivestreamRegion;
+enum class MessagesAppId;
+enum class NavigationType;
 
 /// The resources of the catalogue, one function for each route.
 ///
@@ -64,6 +84,143 @@ struct VRK_EXPORT Endpoint {
     /// Several videos by their house numbers.
     static std::optional<VanticRestKit::Resource<VanticRestKit::VideoList>> Videos(
         VideosArguments arguments, const VanticRestKit::Context& context);
+
+    struct ShowArguments {
+        Required<std::string> showSlugOrId;
+        Required<std::optional<std::uint64_t>> selectedSeries;
+        Required<std::optional<std::string>> selectedVideo;
+        Required<bool> embedSeries;
+        Required<std::optional<std::string>> channel;
+    };
+    /// One show by its slug, or by its id as a text. A selected video wins over a selected series.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Show(
+        ShowArguments arguments, const VanticRestKit::Context& context);
+
+    struct ShowHrefArguments {
+        Required<std::string> usingHref;
+    };
+    /// One show by a path that the service sent.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Show(
+        ShowHrefArguments arguments, const VanticRestKit::Context& context);
+
+    struct ShowsArguments {
+        Required<std::vector<std::string>> showSlugsOrIds;
+    };
+    /// Several shows by slug or id. One that does not decode fails the answer.
+    static std::optional<VanticRestKit::Resource<std::vector<VanticRestKit::Show>>> Shows(
+        ShowsArguments arguments, const VanticRestKit::Context& context);
+
+    struct ShowsListArguments {
+        Required<std::optional<std::string>> channel;
+        Required<bool> closedCaptionOnly;
+    };
+    /// The shows of the catalogue, or of one channel, in named groups.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::ShowsIndex>> ShowsList(
+        ShowsListArguments arguments, const VanticRestKit::Context& context);
+
+    struct SeriesArguments {
+        Required<std::string> usingHref;
+    };
+    /// One series by a path that the service sent.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::Series>> Series(
+        SeriesArguments arguments, const VanticRestKit::Context& context);
+
+    struct RelatedShowsArguments {
+        Required<std::string> showSlug;
+        Required<std::optional<std::string>> channel;
+    };
+    /// The shows that are like another.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::RelatedShowList>> RelatedShows(
+        RelatedShowsArguments arguments, const VanticRestKit::Context& context);
+
+    struct SearchArguments {
+        Required<std::string> keyword;
+        Required<std::optional<std::string>> channel;
+    };
+    /// The shows that a keyword finds.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::SearchResults>> Search(
+        SearchArguments arguments, const VanticRestKit::Context& context);
+
+    struct CollectionArguments {
+        Required<std::string> collectionId;
+        Required<bool> embedHighlightItem;
+    };
+    /// One collection by its id.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::MixedCollection>> Collection(
+        CollectionArguments arguments, const VanticRestKit::Context& context);
+
+    struct CategoryArguments {
+        Required<std::string> category;
+    };
+    /// The screen of a category.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::Category>> Category(
+        CategoryArguments arguments, const VanticRestKit::Context& context);
+
+    struct ChannelArguments {
+        Required<std::string> channel;
+    };
+    /// The screen of a channel.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::Category>> Channel(
+        ChannelArguments arguments, const VanticRestKit::Context& context);
+
+    /// The home screen.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::Category>> Home(
+        const VanticRestKit::Context& context);
+
+    struct NavigationArguments {
+        Required<NavigationType> type;
+    };
+    /// The flat list of channels or of categories.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::NavigationList>> Navigation(
+        NavigationArguments arguments, const VanticRestKit::Context& context);
+
+    struct NavigationMainMenuListArguments {
+        Required<std::string> channels;
+    };
+    /// The main menu. `channels` is sent as it stands.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::NavigationMainMenuList>> NavigationMainMenuList(
+        NavigationMainMenuListArguments arguments, const VanticRestKit::Context& context);
+
+    /// The browse index.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::BrowseList>> Browse(
+        const VanticRestKit::Context& context);
+
+    struct NowNextArguments {
+        Required<std::string> houseNumber;
+    };
+    /// What is on a channel now and what comes next.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::NowNext>> NowNext(
+        NowNextArguments arguments, const VanticRestKit::Context& context);
+
+    struct LivestreamsArguments {
+        Required<std::optional<LivestreamRegion>> region;
+    };
+    /// The livestreams of a region, or of the whole country.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::VideoList>> Livestreams(
+        LivestreamsArguments arguments, const VanticRestKit::Context& context);
+
+    struct MessagesArguments {
+        Required<MessagesAppId> appId;
+        Required<bool> loggedIn;
+    };
+    /// What the service has to tell this application.
+    static std::optional<VanticRestKit::Resource<std::vector<VanticRestKit::Message>>> Messages(
+        MessagesArguments arguments, const VanticRestKit::Context& context);
+
+    struct ProductAlertArguments {
+        Required<std::string> alertId;
+    };
+    /// One notice by the id that an entity gives.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::ProductAlert>> ProductAlert(
+        ProductAlertArguments arguments, const VanticRestKit::Context& context);
+
+    struct RemapArguments {
+        Required<std::string> path;
+        Required<std::vector<URLQueryItem>> queryItems;
+    };
+    /// A path in the terms of the API and of the application.
+    static std::optional<VanticRestKit::Resource<VanticRestKit::Remap>> Remap(
+        RemapArguments arguments, const VanticRestKit::Context& context);
 };
 
 }  // namespace VanticRestKit

@@ -127,6 +127,8 @@ struct VRK_EXPORT Video {
 template <>
 VRK_EXPORT const TypePlan& planOf<Video>();
 template <>
+inline constexpr bool isCollectionItem<Video> = true;
+template <>
 VRK_EXPORT const CollectionItemTable& collectionItemTable<Video>();
 
 }  // namespace VanticRestKit

@@ -5,6 +5,7 @@
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/json/DecodingError.h>
+#include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
 #include <VanticRestKit/platform/json/TypePlan.h>
 #include <VanticRestKit/Visibility.h>
@@ -49,7 +50,7 @@ VRK_EXPORT Diagnosis diagnose(const Data& document, const TypePlan& plan, void* 
 /// Decodes a T and tells of every fault.
 template <class T>
 Diagnosis diagnose(const Data& document) {
-    T value{};
+    T value = mapping::fresh<T>();
     return diagnose(document, planOf<T>(), &value);
 }
 

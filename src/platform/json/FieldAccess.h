@@ -3,6 +3,7 @@
 /// \file
 /// How a mapping table reaches the fields of an entity: names, offsets and what a field's type can do.
 
+#include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/TypePlan.h>
 
 #include <cstddef>
@@ -95,14 +96,18 @@ template <class Field>
 inline constexpr FieldOps fieldOps = {
     .isOptional = isOptional<Field>,
     .open = [](void* field) -> void* {
-        if constexpr (isOptional<Field>) {
-            return &static_cast<Field*>(field)->emplace();
-        } else {
+        if constexpr (!isOptional<Field>) {
             if constexpr (isList<Field>) static_cast<Field*>(field)->clear();
             return field;
+        } else if constexpr (std::is_default_constructible_v<ValueIn<Field>>) {
+            return &static_cast<Field*>(field)->emplace();
+        } else if constexpr (std::is_constructible_v<ValueIn<Field>, Fresh>) {
+            return &static_cast<Field*>(field)->emplace(fresh<ValueIn<Field>>());
+        } else {
+            return nullptr;  // the value is made by what the row reads, and moved in
         }
     },
-    .reset = [](void* field) { *static_cast<Field*>(field) = Field{}; },
+    .reset = [](void* field) { *static_cast<Field*>(field) = fresh<Field>(); },
     .copy = [](void* field, const void* from) { *static_cast<Field*>(field) = *static_cast<const Field*>(from); },
     .peek = [](const void* field) -> const void* {
         if constexpr (isOptional<Field>) {

@@ -5,6 +5,7 @@
 
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/json/FieldAccess.h>
+#include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/platform/json/TypePlan.h>
 
@@ -73,7 +74,21 @@ void* appendTo(void* list, std::size_t bytesRead, std::size_t bytesLeft) {
     if (items.size() == items.capacity()) {
         items.reserve(grownCapacity(items.size(), sizeof(T), bytesRead, bytesLeft));
     }
-    return &items.emplace_back();
+    if constexpr (std::is_default_constructible_v<T>) {
+        return &items.emplace_back();
+    } else {
+        return &items.emplace_back(fresh<T>());
+    }
+}
+
+template <class T>
+std::size_t countOf(const void* list) {
+    return static_cast<const std::vector<T>*>(list)->size();
+}
+
+template <class T>
+const void* elementAt(const void* list, std::size_t index) {
+    return &(*static_cast<const std::vector<T>*>(list))[index];
 }
 
 template <class T, bool Tolerant>
@@ -82,10 +97,8 @@ inline constexpr ListPlan listPlan = {
     .tolerant = Tolerant,
     .append = &appendTo<T>,
     .removeLast = [](void* list) { static_cast<std::vector<T>*>(list)->pop_back(); },
-    .count = [](const void* list) { return static_cast<const std::vector<T>*>(list)->size(); },
-    .at = [](const void* list, std::size_t index) -> const void* {
-        return &(*static_cast<const std::vector<T>*>(list))[index];
-    },
+    .count = &countOf<T>,
+    .at = &elementAt<T>,
 };
 
 template <class T, bool Tolerant>

@@ -22,6 +22,7 @@
 
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/json/FieldAccess.h>
+#include <VanticRestKit/platform/json/OneOf.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
 #include <VanticRestKit/platform/json/TypePlan.h>
 
@@ -138,6 +139,14 @@ constexpr Rows<1> derived() {
     return {row};
 }
 
+/// A stored field without a key that is set where the entity is made otherwise: for looking at values only.
+template <auto Member, auto Reader = nullptr>
+constexpr Rows<1> computed() {
+    Row row = detail::valueRow<Member, Reader>(Presence::lenient, {});
+    row.role = RowRole::computed;
+    return {row};
+}
+
 /// The key "_entity", where it is a text, must name the entity, whatever its case; else `E::DecodingError` is
 /// raised with the text as it came.
 template <class E>
@@ -166,13 +175,13 @@ constexpr Rows<1> unread(std::string_view key) {
 template <class E, std::size_t... Ns>
 const TypePlan& object(const Rows<Ns>&... rows) {
     const auto all = detail::joined(rows...);
-    return makeObjectPlan(typeName<E>(), all, new E{});
+    return makeObjectPlan(typeName<E>(), all, new E(fresh<E>()));
 }
 
 /// The table of a type that any JSON object decodes into.
 template <class E>
 const TypePlan& object() {
-    return makeObjectPlan(typeName<E>(), {}, new E{});
+    return makeObjectPlan(typeName<E>(), {}, new E(fresh<E>()));
 }
 
 /// Reader: a text that must be the raw text of a case.

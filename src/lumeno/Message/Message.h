@@ -1,0 +1,33 @@
+#pragma once
+
+/// \file
+/// `Message`: something that the service tells out of band.
+
+#include <VanticRestKit/lumeno/Link/Link.h>
+#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace VanticRestKit {
+
+/// Something that the service tells the application out of band. Any JSON object decodes into one.
+struct Message {
+    std::optional<std::uint64_t> messageId{};
+    std::optional<std::string> title{};
+    std::optional<std::uint64_t> count{};
+    std::optional<double> interval{};
+    std::optional<std::string> message{};
+    /// One that does not decode empties the list.
+    std::vector<Link> links{};
+
+    friend bool operator==(const Message&, const Message&) = default;
+};
+
+template <>
+VRK_EXPORT const TypePlan& planOf<Message>();
+
+}  // namespace VanticRestKit

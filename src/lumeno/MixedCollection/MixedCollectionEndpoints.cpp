@@ -1,0 +1,14 @@
+#include <VanticRestKit/Core/Resource.h>
+#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
+#include <VanticRestKit/lumeno/MixedCollection/CollectionURI.h>
+#include <VanticRestKit/lumeno/MixedCollection/MixedCollection.h>
+
+namespace VanticRestKit {
+
+std::optional<VanticRestKit::Resource<VanticRestKit::MixedCollection>> Endpoint::Collection(CollectionArguments arguments, const Context& context) {
+    const CollectionURI route({.with = std::move(arguments.collectionId),
+                               .embedHighlightItem = std::move(arguments.embedHighlightItem)});
+    return VanticRestKit::Resource<VanticRestKit::MixedCollection>::make({.with = route}, context);
+}
+
+}  // namespace VanticRestKit

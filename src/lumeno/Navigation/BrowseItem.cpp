@@ -1,0 +1,18 @@
+#include <VanticRestKit/lumeno/Navigation/BrowseItem.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<BrowseItem>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<BrowseItem>(
+        defaulted<&BrowseItem::id>("id"),
+        defaulted<&BrowseItem::title>("title"),
+        defaulted<&BrowseItem::items>("items"),
+        defaulted<&BrowseItem::accessibilityText>("accessibilityText"));
+    return plan;
+}
+
+}  // namespace VanticRestKit

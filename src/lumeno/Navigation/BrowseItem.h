@@ -1,0 +1,34 @@
+#pragma once
+
+/// \file
+/// `BrowseItem`: one titled group of the browse index.
+
+#include <VanticRestKit/lumeno/Navigation/NavigationItem.h>
+#include <VanticRestKit/platform/json/Fresh.h>
+#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <string>
+#include <vector>
+
+namespace VanticRestKit {
+
+/// One titled group of the browse index. Only decoding makes one. What is left out is without characters or
+/// elements; anything of a wrong type fails it.
+struct BrowseItem {
+    explicit BrowseItem(mapping::Fresh) {}
+
+    std::string id{};
+    std::string title{};
+    /// One that does not decode fails the group.
+    std::vector<NavigationItem> items{};
+    /// For a screen reader.
+    std::string accessibilityText{};
+
+    friend bool operator==(const BrowseItem&, const BrowseItem&) = default;
+};
+
+template <>
+VRK_EXPORT const TypePlan& planOf<BrowseItem>();
+
+}  // namespace VanticRestKit

@@ -1,0 +1,19 @@
+#include <VanticRestKit/lumeno/Navigation/BrowseList.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<BrowseList>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<BrowseList>(
+        requiredObject("_links",
+            requiredObject("self",
+                defaulted<&BrowseList::href>("href"))),
+        requiredObject("_embedded",
+            defaulted<&BrowseList::items>("items")));
+    return plan;
+}
+
+}  // namespace VanticRestKit

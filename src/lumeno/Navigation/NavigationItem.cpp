@@ -1,0 +1,24 @@
+#include <VanticRestKit/lumeno/Navigation/NavigationItem.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<NavigationItem>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<NavigationItem>(
+        lenient<&NavigationItem::id>("id"),
+        lenient<&NavigationItem::title>("title"),
+        lenient<&NavigationItem::accessibilityText>("accessibilityText"),
+        lenient<&NavigationItem::logoUrl>("logoUrl"),
+        lenient<&NavigationItem::logoUrlWide>("logoUrlWide"),
+        lenient<&NavigationItem::path>("path"),
+        lenient<&NavigationItem::images>("images"),
+        requiredObject("_links",
+            requiredObject("self",
+                required<&NavigationItem::selfHref>("href"))));
+    return plan;
+}
+
+}  // namespace VanticRestKit

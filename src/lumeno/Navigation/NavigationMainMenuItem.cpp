@@ -1,0 +1,21 @@
+#include <VanticRestKit/lumeno/Navigation/NavigationMainMenuItem.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<NavigationMainMenuItem>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<NavigationMainMenuItem>(
+        required<&NavigationMainMenuItem::id>("id"),
+        optional<&NavigationMainMenuItem::title>("title"),
+        optional<&NavigationMainMenuItem::accessibilityText>("accessibilityText"),
+        optional<&NavigationMainMenuItem::logoUrl>("logoUrl"),
+        optional<&NavigationMainMenuItem::path>("path"),
+        optional<&NavigationMainMenuItem::items>("items"),
+        optional<&NavigationMainMenuItem::images>("images"));
+    return plan;
+}
+
+}  // namespace VanticRestKit

@@ -1,0 +1,26 @@
+#include <VanticRestKit/lumeno/NowNext/NowNextContainer.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<NowNextContainer>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<NowNextContainer>(
+        required<&NowNextContainer::houseNumber>("houseNumber"),
+        required<&NowNextContainer::displayTitle>("displayTitle"),
+        lenient<&NowNextContainer::description>("description"),
+        required<&NowNextContainer::displaySubtitle>("displaySubtitle"),
+        required<&NowNextContainer::start>("start"),
+        required<&NowNextContainer::end>("end"),
+        required<&NowNextContainer::duration>("duration"),
+        required<&NowNextContainer::playable>("playable"),
+        required<&NowNextContainer::captions>("captions"),
+        lenient<&NowNextContainer::classification>("classification"),
+        required<&NowNextContainer::eventType>("eventType"),
+        required<&NowNextContainer::entity>("_entity"));
+    return plan;
+}
+
+}  // namespace VanticRestKit

@@ -1,0 +1,30 @@
+#pragma once
+
+/// \file
+/// `ProductAlert`: a notice about an entity.
+
+#include <VanticRestKit/lumeno/Link/Link.h>
+#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <optional>
+#include <string>
+
+namespace VanticRestKit {
+
+/// A notice about an entity. Id, title and message must be there; nothing else fails it.
+struct ProductAlert {
+    std::string id{};
+    std::string title{};
+    std::string message{};
+    /// A plain text, not a badge.
+    std::optional<std::string> status{};
+    std::optional<Link> link{};
+
+    friend bool operator==(const ProductAlert&, const ProductAlert&) = default;
+};
+
+template <>
+VRK_EXPORT const TypePlan& planOf<ProductAlert>();
+
+}  // namespace VanticRestKit

@@ -1,0 +1,28 @@
+#pragma once
+
+/// \file
+/// `ProductAlertURI`: the route to a notice.
+
+#include <VanticRestKit/Core/Required.h>
+
+#include <string>
+#include <utility>
+
+namespace VanticRestKit {
+
+/// Asks for a notice by the id that an entity gives; it goes into the path as it stands.
+struct ProductAlertURI {
+    struct Arguments {
+        Required<std::string> with;
+    };
+    /// `ProductAlertURI({.with = "12"})`
+    explicit ProductAlertURI(Arguments arguments) : alertId(std::move(arguments.with).value()) {}
+
+    std::string alertId;
+
+    std::string path() const { return "v2/alert/" + alertId; }
+
+    friend bool operator==(const ProductAlertURI&, const ProductAlertURI&) = default;
+};
+
+}  // namespace VanticRestKit

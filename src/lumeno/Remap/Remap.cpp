@@ -1,0 +1,20 @@
+#include <VanticRestKit/lumeno/Remap/Remap.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<Remap>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<Remap>(
+        defaulted<&Remap::status>("status"),
+        requiredObject("_links",
+            requiredObject("deeplink",
+                defaulted<&Remap::deeplinkHref>("href")),
+            requiredObject("api",
+                defaulted<&Remap::apiHref>("href"))));
+    return plan;
+}
+
+}  // namespace VanticRestKit

@@ -1,0 +1,13 @@
+#include <VanticRestKit/Core/Resource.h>
+#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
+#include <VanticRestKit/lumeno/Remap/Remap.h>
+#include <VanticRestKit/lumeno/Remap/RemapURI.h>
+
+namespace VanticRestKit {
+
+std::optional<VanticRestKit::Resource<VanticRestKit::Remap>> Endpoint::Remap(RemapArguments arguments, const Context& context) {
+    const RemapURI route({.path = std::move(arguments.path), .queryItems = std::move(arguments.queryItems)});
+    return VanticRestKit::Resource<VanticRestKit::Remap>::make({.with = route}, context);
+}
+
+}  // namespace VanticRestKit

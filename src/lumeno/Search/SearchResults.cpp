@@ -1,0 +1,18 @@
+#include <VanticRestKit/lumeno/Search/SearchResults.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<SearchResults>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<SearchResults>(
+        requiredObject("results",
+            lenient<&SearchResults::items>("items")),
+        requiredObject("_meta",
+            lenient<&SearchResults::keyword>("keyword")));
+    return plan;
+}
+
+}  // namespace VanticRestKit

@@ -1,0 +1,39 @@
+#pragma once
+
+/// \file
+/// `SearchURI`: the route of a search.
+
+#include <VanticRestKit/Core/Required.h>
+#include <VanticRestKit/platform/url/URLQueryItem.h>
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace VanticRestKit {
+
+/// Searches for a keyword, which is always sent; a channel is sent where there is one, also without characters.
+struct SearchURI {
+    struct Arguments {
+        Required<std::string> for_;
+        Required<std::optional<std::string>> channel;
+    };
+    /// `SearchURI({.for_ = "river", .channel = std::nullopt})`
+    explicit SearchURI(Arguments arguments)
+        : keyword(std::move(arguments.for_).value()), channel(std::move(arguments.channel).value()) {}
+
+    std::string keyword;
+    std::optional<std::string> channel;
+
+    std::string path() const { return "v2/search"; }
+    std::vector<URLQueryItem> queryItems() const {
+        std::vector<URLQueryItem> items{{"keyword", keyword}};
+        if (channel) items.push_back({"channel", channel});
+        return items;
+    }
+
+    friend bool operator==(const SearchURI&, const SearchURI&) = default;
+};
+
+}  // namespace VanticRestKit

@@ -1,0 +1,37 @@
+#include <VanticRestKit/Core/Resource.h>
+#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
+#include <VanticRestKit/lumeno/Link/lumenoHrefURI.h>
+#include <VanticRestKit/lumeno/Show/Show.h>
+#include <VanticRestKit/lumeno/Show/ShowsIndex.h>
+#include <VanticRestKit/lumeno/Show/ShowsIndexURI.h>
+#include <VanticRestKit/lumeno/Show/ShowsURI.h>
+#include <VanticRestKit/lumeno/Show/ShowURI.h>
+
+namespace VanticRestKit {
+
+std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Endpoint::Show(ShowArguments arguments, const Context& context) {
+    const ShowURI route({.showSlugOrId = std::move(arguments.showSlugOrId),
+                         .series = std::move(arguments.selectedSeries),
+                         .videoHouseNumber = std::move(arguments.selectedVideo),
+                         .embedSeries = std::move(arguments.embedSeries),
+                         .channel = std::move(arguments.channel)});
+    return VanticRestKit::Resource<VanticRestKit::Show>::make({.with = route}, context);
+}
+
+std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Endpoint::Show(ShowHrefArguments arguments, const Context& context) {
+    const lumenoHrefURI route({.withHref = std::move(arguments.usingHref)});
+    return VanticRestKit::Resource<VanticRestKit::Show>::make({.with = route}, context);
+}
+
+std::optional<VanticRestKit::Resource<std::vector<VanticRestKit::Show>>> Endpoint::Shows(ShowsArguments arguments, const Context& context) {
+    const ShowsURI route{.showSlugsOrIds = std::move(arguments.showSlugsOrIds).value()};
+    return VanticRestKit::Resource<std::vector<VanticRestKit::Show>>::make({.with = route}, context);
+}
+
+std::optional<VanticRestKit::Resource<VanticRestKit::ShowsIndex>> Endpoint::ShowsList(ShowsListArguments arguments, const Context& context) {
+    const ShowsIndexURI route{.closedCaptionOnly = arguments.closedCaptionOnly.value(),
+                              .channel = std::move(arguments.channel).value()};
+    return VanticRestKit::Resource<VanticRestKit::ShowsIndex>::make({.with = route}, context);
+}
+
+}  // namespace VanticRestKit

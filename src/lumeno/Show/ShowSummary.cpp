@@ -1,0 +1,46 @@
+#include <VanticRestKit/lumeno/Show/ShowSummary.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+#include <VanticRestKit/platform/text/CaseCompare.h>
+#include <VanticRestKit/platform/text/Format.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<ShowSummary>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<ShowSummary>(
+        computed<&ShowSummary::id>(),
+        computed<&ShowSummary::title>(),
+        computed<&ShowSummary::displayTitle>(),
+        computed<&ShowSummary::updated, deviceDate>(),
+        computed<&ShowSummary::href>(),
+        computed<&ShowSummary::thumbnail>(),
+        computed<&ShowSummary::portraitThumbnailHref>(),
+        computed<&ShowSummary::characterThumbnaiHref>(),
+        computed<&ShowSummary::derivedShowSlug>());
+    return plan;
+}
+
+Result<ShowSummary, lumenoSDKError> ShowSummary::make(const Arguments& arguments) {
+    const Show& show = arguments.fromShow;
+    if (!show.showId || !show.updated || !show.thumbnail || !show.selfHref) {
+        return Failure(
+            lumenoSDKError::initializationError("Missing itemID, href, updated or thumbnailHref"));
+    }
+    ShowSummary summary = mapping::fresh<ShowSummary>();
+    summary.id = zeroFractionFormat(*show.showId);
+    summary.title = show.title.value_or("_");
+    summary.displayTitle = show.displayTitle.value_or("_");
+    summary.updated = *show.updated;
+    summary.href = *show.selfHref;
+    summary.thumbnail = *show.thumbnail;
+    summary.portraitThumbnailHref = show.portraitThumbnail;
+    summary.characterThumbnaiHref = show.character1Thumbnail;
+    summary.derivedShowSlug = show.derivedShowSlug();
+    return summary;
+}
+
+bool operator==(const ShowSummary& a, const ShowSummary& b) { return sameIgnoringCase(a.href, b.href); }
+
+}  // namespace VanticRestKit

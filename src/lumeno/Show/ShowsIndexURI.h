@@ -1,0 +1,29 @@
+#pragma once
+
+/// \file
+/// `ShowsIndexURI`: the route to the shows index.
+
+#include <VanticRestKit/platform/url/URLQueryItem.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace VanticRestKit {
+
+/// Asks for the shows index, of one channel or of all, with closed captions or without regard to them. An empty
+/// channel, or one without characters, is not sent.
+struct ShowsIndexURI {
+    bool closedCaptionOnly{};
+    std::optional<std::string> channel{};
+
+    std::string path() const { return closedCaptionOnly ? "v2/shows/cc" : "v2/shows"; }
+    std::vector<URLQueryItem> queryItems() const {
+        if (!channel || channel->empty()) return {};
+        return {{"channel", channel}};
+    }
+
+    friend bool operator==(const ShowsIndexURI&, const ShowsIndexURI&) = default;
+};
+
+}  // namespace VanticRestKit
