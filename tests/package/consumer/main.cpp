@@ -1,0 +1,78 @@
+// A host as it stands outside the project: it has what was installed, and nothing else.
+
+#include <VanticRestKit/VanticRestKit.h>
+
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <future>
+#include <memory>
+#include <string>
+#include <vector>
+
+using namespace VanticRestKit;
+
+// A type of the host's own, described by the same words as the library's.
+struct Snack {
+    std::string name{};
+    std::uint64_t price{};
+};
+
+template <>
+const TypePlan& VanticRestKit::planOf<Snack>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<Snack>(
+        required<&Snack::name>("name"),
+        lenient<&Snack::price>("price"));
+    return plan;
+}
+
+namespace {
+
+// An address on which nobody listens: a load ends with the transport's error.
+class Nowhere : public virtual Context {
+public:
+    URL baseURL() const override { return *URL::make("http://127.0.0.1:1"); }
+};
+
+bool decodesAnEntity() {
+    const auto video = JSONDecoder().decode<Video>(Data(R"({"title":"A","_links":{"self":{"href":"/video/1"}}})"));
+    return video && video->title == "A" && video->selfHref == "/video/1";
+}
+
+bool tellsWhyADocumentDoesNotDecode() {
+    const auto video = JSONDecoder().decode<Video>(Data("{}"));
+    return !video && video.error().as<DecodingError>() != nullptr;
+}
+
+bool decodesATypeOfItsOwn() {
+    const auto snacks =
+        JSONDecoder().decode<std::vector<Snack>>(Data(R"([{"name":"rusk","price":3},{"name":"fig"}])"));
+    return snacks && snacks->size() == 2 && snacks->front().price == 3 && snacks->back().price == 0;
+}
+
+bool reportsAFailedLoad() {
+    const auto resource = Endpoint::Video({.houseNumber = "X1"}, Nowhere());
+    if (!resource) return false;
+    const auto code = std::make_shared<std::promise<std::int64_t>>();
+    auto outcome = code->get_future();
+    resource->load({.with = [code](Result<Video, LoaderError> result) {
+        const auto* error = result ? nullptr : result.error().underlyingError()->as<NetworkError>();
+        code->set_value(error != nullptr ? error->errorCode() : 0);
+    }});
+    return outcome.wait_for(std::chrono::seconds(30)) == std::future_status::ready && outcome.get() == -1004;
+}
+
+int check(const char* what, bool holds) {
+    std::printf("%s: %s\n", what, holds ? "yes" : "no");
+    return holds ? 0 : 1;
+}
+
+}  // namespace
+
+int main() {
+    return check("decodes an entity", decodesAnEntity()) +
+           check("tells why a document does not decode", tellsWhyADocumentDoesNotDecode()) +
+           check("decodes a type of its own", decodesATypeOfItsOwn()) +
+           check("reports a failed load", reportsAFailedLoad());
+}
