@@ -28,9 +28,11 @@
 #include <VanticRestKit/platform/http/URLSessionConfiguration.h>
 #include <VanticRestKit/platform/json/DecodingError.h>
 #include <VanticRestKit/platform/json/Diagnosis.h>
+#include <VanticRestKit/platform/json/EncodingError.h>
 #include <VanticRestKit/platform/json/FieldAccess.h>
 #include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/JSONDecoder.h>
+#include <VanticRestKit/platform/json/JSONEncoder.h>
 #include <VanticRestKit/platform/json/KeyTable.h>
 #include <VanticRestKit/platform/json/OneOf.h>
 #include <VanticRestKit/platform/json/PlanOf.h>

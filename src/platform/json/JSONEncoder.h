@@ -1,0 +1,83 @@
+#pragma once
+
+/// \file
+/// `JSONEncoder`: from a value to the bytes of a JSON document.
+
+#include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/json/EncodingError.h>
+#include <VanticRestKit/platform/result/Result.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <concepts>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace VanticRestKit {
+
+/// Writes the members of one JSON object, in the order of the calls. Keys are not compared: write each once.
+///
+/// The first value that JSON cannot hold fails the whole document; what is written behind it does not matter.
+class VRK_EXPORT JSONObjectWriter {
+public:
+    void write(std::string_view key, std::string_view text);
+    void write(std::string_view key, const std::string& text) { write(key, std::string_view(text)); }
+    void write(std::string_view key, const char* text) { write(key, std::string_view(text)); }
+    void write(std::string_view key, bool truth);
+    void write(std::string_view key, double number);
+    void write(std::string_view key, std::int64_t number);
+    void write(std::string_view key, std::uint64_t number);
+    void write(std::string_view key, const std::vector<std::string>& texts);
+
+    /// Writes the member only where there is a value.
+    template <class T>
+    void writeIfPresent(std::string_view key, const std::optional<T>& value) {
+        if (value) write(key, *value);
+    }
+
+    /// Writes a nested object, whose members `fill` writes.
+    template <std::invocable<JSONObjectWriter&> Fill>
+    void object(std::string_view key, Fill fill) {
+        beginMember(key);
+        JSONObjectWriter inner(text_, fault_);
+        fill(inner);
+        inner.end();
+    }
+
+private:
+    friend class JSONEncoder;
+
+    JSONObjectWriter(std::string& text, std::optional<EncodingError>& fault);
+    void beginMember(std::string_view key);
+    void end();
+    void quote(std::string_view key, std::string_view text);
+
+    std::string& text_;
+    std::optional<EncodingError>& fault_;
+    bool isFirst_ = true;
+};
+
+/// Encodes values as JSON documents, without blanks, with `/` as `\/`. It has no settings; any number of threads
+/// may use one.
+class VRK_EXPORT JSONEncoder {
+public:
+    /// Encodes a value that offers `void encode(JSONObjectWriter&) const`, as an object.
+    ///
+    /// Errors: an `EncodingError` where a number is not finite or a text is not UTF-8.
+    template <class T>
+        requires requires(const T& value, JSONObjectWriter& writer) { value.encode(writer); }
+    Result<Data, Error> encode(const T& value) const {
+        std::string text;
+        std::optional<EncodingError> fault;
+        JSONObjectWriter writer(text, fault);
+        value.encode(writer);
+        writer.end();
+        if (fault) return Failure(Error(*std::move(fault)));
+        return Data(std::move(text));
+    }
+};
+
+}  // namespace VanticRestKit

@@ -1,0 +1,70 @@
+#include <VanticRestKit/platform/json/JSONEncoder.h>
+
+#include <support/Vectors.h>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace VanticRestKit {
+namespace {
+
+/// One value under the key "k".
+template <class T>
+struct Keyed {
+    T value;
+    void encode(JSONObjectWriter& writer) const { writer.write("k", value); }
+};
+
+template <class T>
+std::string encoded(T value) {
+    const Result<Data, Error> data = JSONEncoder().encode(Keyed<T>{value});
+    return data ? std::string(data->view()) : data.error().as<EncodingError>()->debugDescription();
+}
+
+std::string answer(const nlohmann::json& question) {
+    const std::string kind = question["kind"];
+    const nlohmann::json& value = question["value"];
+    if (kind == "int") return encoded(value.get<std::int64_t>());
+    if (kind == "bool") return encoded(value.get<bool>());
+    if (kind == "double") return encoded(value.get<double>());
+    return encoded(value.get<std::string>());
+}
+
+struct Nested {
+    void encode(JSONObjectWriter& writer) const {
+        writer.write("first", std::uint64_t{1});
+        writer.writeIfPresent("absent", std::optional<std::string>());
+        writer.writeIfPresent("present", std::optional<std::string>("x"));
+        writer.object("inner", [](JSONObjectWriter& inner) {
+            inner.write("texts", std::vector<std::string>{"a", "b/c"});
+            inner.object("empty", [](JSONObjectWriter&) {});
+        });
+        writer.write("none", std::vector<std::string>{});
+    }
+};
+
+TEST(JSONEncoder, WritesEachValueAsThePlatformDoes) {
+    for (const nlohmann::json& line : test::vectors("json_encode.jsonl")) {
+        const std::string text = answer(line["in"]);
+        if (test::isFree(line)) continue;
+        EXPECT_EQ(text, line["out"].get<std::string>()) << line["in"];
+    }
+}
+
+TEST(JSONEncoder, KeepsTheOrderOfTheCallsAndLeavesOutWhatIsAbsent) {
+    const Result<Data, Error> data = JSONEncoder().encode(Nested());
+    ASSERT_TRUE(data);
+    EXPECT_EQ(data->view(),
+              R"({"first":1,"present":"x","inner":{"texts":["a","b\/c"],"empty":{}},"none":[]})");
+}
+
+TEST(JSONEncoder, RefusesANumberThatIsNotFinite) {
+    EXPECT_EQ(encoded(std::numeric_limits<double>::quiet_NaN()), "The number is not finite.");
+    EXPECT_EQ(encoded(-std::numeric_limits<double>::infinity()), "The number is not finite.");
+}
+
+TEST(JSONEncoder, RefusesATextThatIsNotUTF8) { EXPECT_EQ(encoded(std::string("a\xFF")), "The text is not UTF-8."); }
+
+}  // namespace
+}  // namespace VanticRestKit
