@@ -15,6 +15,17 @@
 
 namespace VanticRestKit {
 
+namespace detail {
+
+template <class I, class... Others>
+concept NoneOf = (!std::same_as<I, Others> && ...);
+
+/// An integer type that stands for a number: neither a truth value nor a character.
+template <class I>
+concept WholeNumber = std::integral<I> && NoneOf<I, bool, char, wchar_t, char8_t, char16_t, char32_t>;
+
+}  // namespace detail
+
 /// A value of free-form data: text, a whole number, a truth value, a floating-point number, an error, or
 /// something else that the library carries without looking into it.
 class AnyValue {
@@ -31,13 +42,12 @@ public:
     AnyValue(std::string_view text) : value_(std::string(text)) {}
     AnyValue(const char* text) : value_(std::string(text)) {}
     AnyValue(std::nullptr_t) = delete;
-    /// A template, so that no pointer turns into a truth value.
+    /// Templates, as this and those for numbers are, take no other type by conversion: a pointer would turn
+    /// into a truth value, a character into a number.
     template <std::same_as<bool> B>
     AnyValue(B truth) : value_(truth) {}
     /// A number too great for 64 bits with a sign is of the other kind, with its digits as the description.
-    template <std::integral I>
-        requires(!std::same_as<I, bool> && !std::same_as<I, char> && !std::same_as<I, wchar_t> &&
-                 !std::same_as<I, char8_t> && !std::same_as<I, char16_t> && !std::same_as<I, char32_t>)
+    template <detail::WholeNumber I>
     AnyValue(I number) {
         if (std::in_range<std::int64_t>(number)) {
             value_ = static_cast<std::int64_t>(number);
@@ -45,7 +55,8 @@ public:
             value_ = Other{std::to_string(number)};
         }
     }
-    AnyValue(double number) : value_(number) {}
+    template <std::floating_point F>
+    AnyValue(F number) : value_(static_cast<double>(number)) {}
     AnyValue(Error error) : value_(std::move(error)) {}
     AnyValue(Other other) : value_(std::move(other)) {}
 
