@@ -1,0 +1,73 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/Core/ResourceURI.h>
+#include <VanticRestKit/lumeno/Link/Link.h>
+#include <VanticRestKit/lumeno/Link/lumenoHrefURI.h>
+
+#include <platform/json/FieldRules.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::decoded;
+using test::failureOf;
+using test::Word;
+
+test::EntityRules links() {
+    return {.type = test::decodable<Link>,
+            .least = R"({"href":"h"})",
+            .fields = {{"id", "id", Word::lenient, test::text()},
+                       {"title", "title", Word::lenient, test::text()},
+                       {"href", "href", Word::required, test::text()},
+                       {"tags", "tags", Word::lenient, test::texts()}}};
+}
+
+TEST(Link, HasFourFields) { test::expectDeclaredFields(links()); }
+
+TEST(Link, FailsWithoutAHrefAndWithNothingElse) { test::expectFieldsInEveryState(links()); }
+
+TEST(Link, IsAnObject) { test::expectAnObjectOnly(test::decodable<Link>); }
+
+TEST(Link, HasNoTitleFromANumber) {
+    EXPECT_EQ(decoded<Link>(R"({"href":"h","title":1})"), Link{.href = "h"});
+}
+
+TEST(Link, HasAnEmptyListWithoutTags) {
+    EXPECT_EQ(decoded<Link>(R"({"href":"h","id":"i"})"), (Link{.id = "i", .href = "h"}));
+}
+
+TEST(Link, ReadsItsHrefBeforeAllElse) {
+    // Nothing else can fail a link, and so its href is all that is told of.
+    EXPECT_EQ(failureOf<Link>(R"({"id":1,"title":2,"tags":3,"href":4})"), R"(typeMismatch ["href"])");
+    EXPECT_EQ(failureOf<Link>(R"({"id":1,"title":2,"tags":3})"), R"(keyNotFound ["href"])");
+    EXPECT_EQ(failureOf<Link>(R"({"id":1,"href":null})"), R"(valueNotFound ["href"])");
+}
+
+TEST(Link, IsMadeOfItsFieldsInDeclaredOrder) {
+    const Link link{.id = "a", .title = "b", .href = "c", .tags = {"d"}};
+    EXPECT_EQ(valueText(link), R"({"id":"a","title":"b","href":"c","tags":["d"]})");
+    EXPECT_EQ(decoded<Link>(valueText(link)), link);
+}
+
+TEST(LumenoHrefURI, PutsTheVersionBeforeTheHref) {
+    const ResourceURI route = lumenoHrefURI({.withHref = "show/x"});
+    EXPECT_EQ(route.path(), "v2/show/x");
+    EXPECT_TRUE(route.queryItems().empty());
+    EXPECT_EQ(route.postData(), std::nullopt);
+    EXPECT_EQ(route.httpMethod(), std::nullopt);
+}
+
+TEST(LumenoHrefURI, TrimsNothing) {
+    EXPECT_EQ(lumenoHrefURI({.withHref = "/show/x"}).path(), "v2//show/x");
+    EXPECT_EQ(lumenoHrefURI({.withHref = ""}).path(), "v2/");
+    EXPECT_EQ(lumenoHrefURI({.withHref = " show/x?a=b "}).path(), "v2/ show/x?a=b ");
+}
+
+TEST(LumenoHrefURI, TakesTheHrefOfALink) {
+    const Link link{.id = "i", .title = "t", .href = "video/v"};
+    EXPECT_EQ(lumenoHrefURI({.withLink = link}).href, "video/v");
+    EXPECT_EQ(lumenoHrefURI({.withLink = link}), lumenoHrefURI({.withHref = "video/v"}));
+    EXPECT_EQ(lumenoHrefURI({.withLink = link}).path(), "v2/video/v");
+}
+
+}  // namespace
+}  // namespace VanticRestKit

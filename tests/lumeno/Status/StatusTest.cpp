@@ -1,0 +1,61 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/lumeno/Status/Status.h>
+#include <VanticRestKit/platform/error/Error.h>
+
+#include <platform/json/FieldRules.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::decoded;
+using test::failureOf;
+using test::Word;
+
+/// The raw text of a theme; any other text is the default theme.
+test::Shape theme() {
+    test::Shape shape = test::text();
+    shape.fits = {{"\"live\"", "\"live\""},       {"\"default\"", "\"default\""}, {"\"dark\"", "\"default\""},
+                  {"\"Live\"", "\"default\""},    {"\"\"", "\"default\""},        {"\"live \"", "\"default\""},
+                  {"\"l\\u0069ve\"", "\"live\""}};
+    return shape;
+}
+
+test::EntityRules statuses() {
+    return {.type = test::decodable<Status>,
+            .least = R"({"title":"t","theme":"default"})",
+            .fields = {{"title", "title", Word::required, test::text()}, {"theme", "theme", Word::required, theme()}}};
+}
+
+TEST(Status, HasTwoFields) { test::expectDeclaredFields(statuses()); }
+
+TEST(Status, TakesEachFieldFromItsKeyOrFails) { test::expectFieldsInEveryState(statuses()); }
+
+TEST(Status, IsAnObject) { test::expectAnObjectOnly(test::decodable<Status>); }
+
+TEST(Status, HasTheDefaultThemeFromATextThatNamesNone) {
+    EXPECT_EQ(decoded<Status>(R"({"title":"t","theme":"dark"})"), (Status{"t", StatusTheme::default_}));
+}
+
+TEST(Status, FailsWithTheTitleBeforeTheTheme) {
+    test::expectErrorsInOrder(statuses(), {{"title", "1"}, {"theme", "1"}});
+    EXPECT_EQ(failureOf<Status>("{}"), R"(keyNotFound ["title"])");
+}
+
+TEST(Status, IsMadeOfItsFieldsInDeclaredOrder) {
+    const Status status{.title = "New", .theme = StatusTheme::live};
+    EXPECT_EQ(valueText(status), R"({"title":"New","theme":"live"})");
+    EXPECT_EQ(decoded<Status>(valueText(status)), status);
+    EXPECT_EQ(Status{}.theme, StatusTheme::default_);
+}
+
+TEST(StatusDecodingError, NamesTheTextThatIsNoTheme) {
+    const Status::DecodingError error = Status::DecodingError::invalidTheme("Dark");
+    EXPECT_EQ(error.found(), "Dark");
+    EXPECT_EQ(error.localizedDescription(), "Invalid Status theme string value found: Dark");
+    EXPECT_EQ(Error(error).localizedDescription(), "Invalid Status theme string value found: Dark");
+    EXPECT_NE(Error(error).as<Status::DecodingError>(), nullptr);
+    EXPECT_EQ(error, Status::DecodingError::invalidTheme("other"));
+}
+
+}  // namespace
+}  // namespace VanticRestKit

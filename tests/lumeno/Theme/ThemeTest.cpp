@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/lumeno/Status/StatusTheme.h>
+#include <VanticRestKit/lumeno/Theme/ContextualPhrases.h>
+#include <VanticRestKit/lumeno/Theme/LumenoSubtype.h>
+#include <VanticRestKit/lumeno/Theme/Theme.h>
+
+#include <platform/json/FieldRules.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::Word;
+
+test::EntityRules phrases() {
+    return {.type = test::decodable<ContextualPhrases>,
+            .least = "{}",
+            .fields = {{"channel", "channel", Word::optional, test::optionalTexts()},
+                       {"genre", "genre", Word::optional, test::optionalTexts()},
+                       {"subGenre", "subGenre", Word::optional, test::optionalTexts()},
+                       {"theme", "theme", Word::optional, test::optionalTexts()},
+                       {"mood", "mood", Word::optional, test::optionalTexts()},
+                       {"audience", "audience", Word::optional, test::optionalTexts()},
+                       {"need", "need", Word::optional, test::optionalTexts()},
+                       {"other", "other", Word::optional, test::optionalTexts()}}};
+}
+
+TEST(ContextualPhrases, HasEightFields) { test::expectDeclaredFields(phrases()); }
+
+TEST(ContextualPhrases, TakesEachFieldFromItsKeyOrLeavesItEmptyOrFails) { test::expectFieldsInEveryState(phrases()); }
+
+TEST(ContextualPhrases, IsAnObject) { test::expectAnObjectOnly(test::decodable<ContextualPhrases>); }
+
+TEST(ContextualPhrases, FailsWithTheFirstFieldThatDoes) {
+    test::expectErrorsInOrder(phrases(), {{"channel", "1"},
+                                          {"genre", "\"x\""},
+                                          {"subGenre", "[1]"},
+                                          {"theme", "{}"},
+                                          {"mood", "[null]"},
+                                          {"audience", "true"},
+                                          {"need", "[[]]"},
+                                          {"other", "\"\""}});
+}
+
+TEST(ContextualPhrases, FailsWhereAFieldIsATextInsteadOfAList) {
+    EXPECT_EQ(test::failureOf<ContextualPhrases>(R"({"mood":"bright"})"), R"(typeMismatch ["mood"])");
+}
+
+TEST(ContextualPhrases, KeepsAGroupWithoutWordsApartFromNoGroup) {
+    const auto phrases = test::decoded<ContextualPhrases>(R"({"mood":[],"need":null})");
+    ASSERT_TRUE(phrases);
+    EXPECT_EQ(phrases->mood, std::vector<std::string>());
+    EXPECT_EQ(phrases->need, std::nullopt);
+    EXPECT_EQ(phrases->other, std::nullopt);
+}
+
+TEST(ContextualPhrases, IsMadeOfItsFieldsInDeclaredOrder) {
+    const ContextualPhrases phrases{.channel = {{"a"}},
+                                    .genre = {{"b"}},
+                                    .subGenre = {{"c"}},
+                                    .theme = {{"d"}},
+                                    .mood = {{"e"}},
+                                    .audience = {{"f"}},
+                                    .need = {{"g"}},
+                                    .other = {{"h"}}};
+    EXPECT_EQ(valueText(phrases), R"({"channel":["a"],"genre":["b"],"subGenre":["c"],"theme":["d"],"mood":["e"],)"
+                                  R"("audience":["f"],"need":["g"],"other":["h"]})");
+    EXPECT_EQ(phrases, test::decoded<ContextualPhrases>(valueText(phrases)));
+    EXPECT_NE(phrases, ContextualPhrases{});
+}
+
+/// Every case with its raw text, in case order, and nothing else.
+template <class E>
+void expectCases(const std::vector<std::pair<E, std::string>>& cases) {
+    ASSERT_EQ(std::size(RawTexts<E>::cases), cases.size());
+    for (std::size_t i = 0; i < cases.size(); ++i) {
+        const auto& [value, raw] = cases[i];
+        EXPECT_EQ(RawTexts<E>::cases[i].value, value);
+        EXPECT_EQ(rawValue(value), raw);
+        EXPECT_EQ(fromRawValue<E>(raw), value);
+        EXPECT_EQ(static_cast<std::size_t>(value), i);
+    }
+    for (const char* const unknown : {"", "Default", "LIGHT", "default ", "nonsense", "default_"}) {
+        EXPECT_EQ(fromRawValue<E>(unknown), std::nullopt) << unknown;
+    }
+}
+
+TEST(Theme, IsKnownByItsRawTextsAlone) { expectCases<Theme>({{Theme::default_, "default"}, {Theme::light, "light"}}); }
+
+TEST(StatusTheme, IsKnownByItsRawTextsAlone) {
+    expectCases<StatusTheme>({{StatusTheme::default_, "default"}, {StatusTheme::live, "live"}});
+}
+
+TEST(LumenoSubtype, IsKnownByItsRawTextsAlone) {
+    expectCases<LumenoSubtype>({{LumenoSubtype::livestream, "livestream"},
+                                {LumenoSubtype::episode, "episode"},
+                                {LumenoSubtype::series, "series"},
+                                {LumenoSubtype::feature, "feature"},
+                                {LumenoSubtype::trailer, "trailer"}});
+}
+
+TEST(Theme, ShowsTheNameOfItsCase) {
+    EXPECT_EQ(caseName(Theme::default_), "default");
+    EXPECT_EQ(caseName(StatusTheme::default_), "default");
+    EXPECT_EQ(caseName(StatusTheme::live), "live");
+    EXPECT_EQ(caseName(LumenoSubtype::feature), "feature");
+}
+
+}  // namespace
+}  // namespace VanticRestKit
