@@ -48,17 +48,23 @@ std::string shownByClocks(Date date) {
     return text;
 }
 
+/// The instant at which the clocks of UTC show `clockText`.
+std::optional<Date> readInUtc(std::string clockText) {
+    clockText[clockText.find(' ')] = 'T';
+    const std::optional<Date> date = VanticRestKit::ISO8601DateFormatter().date(clockText + "Z");
+    require(date.has_value(), "what is a date somewhere is one in UTC");
+    return date;
+}
+
 void readByDevice(std::string_view text) {
     const std::optional<Date> date = deviceDate(text);
     requireSensible(date);
     const VanticRestKit::DeviceZoneHold hold;
     require(deviceDate(text) == date, "a held zone is the same zone");
     if (!date) return;
-    require(deviceDate(shownByClocks(*date)) == date, "a date comes back from what the clocks show");
-    std::string universal(text);
-    universal[universal.find(' ')] = 'T';
-    require(VanticRestKit::ISO8601DateFormatter().date(universal + "Z").has_value(),
-            "what is a date here is one in UTC");
+    const std::string shown = shownByClocks(*date);
+    require(deviceDate(shown) == date, "a date comes back from what the clocks show");
+    require(readInUtc(std::string(text)) == readInUtc(shown), "at a date the clocks show its text");
 }
 
 void readWithOffset(const std::string& text) {
