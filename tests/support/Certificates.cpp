@@ -7,9 +7,9 @@
 #include <openssl/rand.h>
 #include <openssl/x509v3.h>
 
+#include <unistd.h>
 #include <cstdlib>
 #include <string_view>
-#include <unistd.h>
 
 namespace VanticRestKit::test {
 

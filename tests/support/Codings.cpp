@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <brotli/encode.h>
-#include <cstdint>
 #include <zlib.h>
+#include <cstdint>
 
 namespace VanticRestKit::test {
 
@@ -46,7 +46,9 @@ std::string brotlied(std::string_view text) {
 std::string sampleText(std::size_t size) {
     std::string text;
     for (std::uint32_t i = 1; text.size() < size; ++i) {
-        text.append("{\"id\":").append(std::to_string(i * 2654435761U)).append(",\"title\":\"One of them\"},");
+        text.append("{\"id\":")
+            .append(std::to_string(i * 2654435761U))
+            .append(",\"title\":\"One of them\"},");
     }
     text.resize(size);
     return text;

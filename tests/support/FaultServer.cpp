@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
 #include <algorithm>
 #include <cctype>
 #include <csignal>
 #include <cstdlib>
-#include <netinet/in.h>
-#include <netinet/tcp.h>
-#include <sys/socket.h>
 
 namespace VanticRestKit::test {
 

@@ -101,8 +101,8 @@ private:
     std::string unread_;
 };
 
-/// Accepts connections on a port of 127.0.0.1 and has each handled by a script in a thread of its own. When the
-/// script returns the connection is closed in good order. Its destructor ends every script.
+/// Accepts connections on a port of 127.0.0.1 and has each handled by a script in a thread of its own. When
+/// the script returns the connection is closed in good order. Its destructor ends every script.
 class FaultServer {
 public:
     using Script = std::function<void(FaultConnection&)>;

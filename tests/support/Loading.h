@@ -55,7 +55,9 @@ public:
 
     bool succeeded() const { return wait() && !state_->error; }
     /// The body; an empty text where there is none.
-    std::string body() const { return wait() && state_->data ? std::string(state_->data->view()) : std::string(); }
+    std::string body() const {
+        return wait() && state_->data ? std::string(state_->data->view()) : std::string();
+    }
     const std::optional<Data>& data() const {
         wait();
         return state_->data;

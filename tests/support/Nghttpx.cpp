@@ -4,16 +4,16 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <csignal>
 #include <fcntl.h>
-#include <fstream>
 #include <poll.h>
-#include <sstream>
-#include <string>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <chrono>
+#include <csignal>
+#include <fstream>
+#include <sstream>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -50,13 +50,13 @@ Nghttpx::Nghttpx(std::uint16_t backend, const Identity& identity, int streamsPer
     constexpr int mostTries = 5;
     for (int tries = 0; tries < mostTries && process_ < 0; ++tries) {
         port_ = unusedPort();
-        process_ = start({"nghttpx", "--conf=/dev/null", "--single-process", "--workers=1", "--no-ocsp",
-                          "--log-level=WARN", "--frontend=127.0.0.1," + std::to_string(port_),
-                          "--backend=127.0.0.1," + std::to_string(backend),
-                          "--backend-connections-per-host=200",
-                          "--frontend-http2-max-concurrent-streams=" + std::to_string(streamsPerConnection),
-                          key_.path(), certificate_.path()},
-                         log_.path());
+        process_ =
+            start({"nghttpx", "--conf=/dev/null", "--single-process", "--workers=1", "--no-ocsp",
+                   "--log-level=WARN", "--frontend=127.0.0.1," + std::to_string(port_),
+                   "--backend=127.0.0.1," + std::to_string(backend), "--backend-connections-per-host=200",
+                   "--frontend-http2-max-concurrent-streams=" + std::to_string(streamsPerConnection),
+                   key_.path(), certificate_.path()},
+                  log_.path());
         if (!waitUntilItListens()) kill();
     }
     EXPECT_TRUE(isRunning()) << "nghttpx did not start:\n" << contentOf(log_.path());

@@ -5,14 +5,13 @@
 
 #include "Certificates.h"
 
-#include <cstdint>
 #include <sys/types.h>
+#include <cstdint>
 
 namespace VanticRestKit::test {
 
-/// Runs nghttpx on a port of 127.0.0.1, in front of the HTTP/1.1 server on the port `backend`. Ends it when this
-/// object goes. Requests that came over HTTP/2 have "2 nghttpx" in
-/// their Via.
+/// Runs nghttpx on a port of 127.0.0.1, in front of the HTTP/1.1 server on the port `backend`. Ends it when
+/// this object goes. Requests that came over HTTP/2 have "2 nghttpx" in their Via.
 class Nghttpx {
 public:
     Nghttpx(std::uint16_t backend, const Identity& identity, int streamsPerConnection = 100);

@@ -1,9 +1,9 @@
 #include "Relay.h"
 
-#include <array>
-#include <chrono>
 #include <poll.h>
 #include <sys/socket.h>
+#include <array>
+#include <chrono>
 #include <tuple>
 
 namespace VanticRestKit::test {
@@ -34,7 +34,8 @@ void Relay::accept() {
         Socket server = connectToLoopback(target_);
         const std::lock_guard lock(mutex_);
         if (isStopping_) return;
-        // Sockets stay open until the relay goes, so that nobody shuts down a number that is another's by then.
+        // Sockets stay open until the relay goes, so that nobody shuts down a number that is another's by
+        // then.
         paths_.push_back(std::make_unique<Path>(Path{std::move(client), std::move(server)}));
         threads_.emplace_back([this, &path = *paths_.back()] { carry(path); });
     }
@@ -80,7 +81,8 @@ void Relay::freeze() {
 
 bool Relay::waitForClosedByClient(std::size_t count) const {
     std::unique_lock lock(mutex_);
-    return changed_.wait_for(lock, std::chrono::seconds(30), [this, count] { return closedByClient_ >= count; });
+    return changed_.wait_for(lock, std::chrono::seconds(30),
+                             [this, count] { return closedByClient_ >= count; });
 }
 
 }  // namespace VanticRestKit::test

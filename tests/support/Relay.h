@@ -15,8 +15,8 @@
 
 namespace VanticRestKit::test {
 
-/// Hands bytes on between each client and a port of 127.0.0.1. After `freeze()` the connections that are there
-/// stay open and carry nothing any more, as behind a router that lost its memory; new ones work.
+/// Hands bytes on between each client and a port of 127.0.0.1. After `freeze()` the connections that are
+/// there stay open and carry nothing any more, as behind a router that lost its memory; new ones work.
 class Relay {
 public:
     explicit Relay(std::uint16_t target);

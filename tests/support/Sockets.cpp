@@ -56,7 +56,8 @@ std::pair<Socket, std::uint16_t> listenOnLoopback() {
 Socket connectToLoopback(std::uint16_t port) {
     Socket made(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
     const sockaddr_in address = loopback(port);
-    if (connect(made.descriptor(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0) return {};
+    if (connect(made.descriptor(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0)
+        return {};
     const int on = 1;
     setsockopt(made.descriptor(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof(on));
     return made;

@@ -1,7 +1,7 @@
 #include <VanticRestKit/platform/http/detail/ContentDecoder.h>
 
-#include <array>
 #include <brotli/decode.h>
+#include <array>
 
 namespace VanticRestKit::detail {
 
@@ -21,15 +21,16 @@ public:
         while (true) {
             auto* out = reinterpret_cast<std::uint8_t*>(room.data());
             std::size_t outLeft = room.size();
-            const auto answer =
-                BrotliDecoderDecompressStream(state_, &left, &next, &outLeft, &out, nullptr);
+            const auto answer = BrotliDecoderDecompressStream(state_, &left, &next, &outLeft, &out, nullptr);
             plain.append(room.data(), room.size() - outLeft);
             if (answer == BROTLI_DECODER_RESULT_ERROR) return false;
             if (answer != BROTLI_DECODER_RESULT_NEEDS_MORE_OUTPUT) return true;
         }
     }
 
-    bool hasEnded() const override { return state_ != nullptr && BrotliDecoderIsFinished(state_) == BROTLI_TRUE; }
+    bool hasEnded() const override {
+        return state_ != nullptr && BrotliDecoderIsFinished(state_) == BROTLI_TRUE;
+    }
 
 private:
     BrotliDecoderState* state_;

@@ -14,7 +14,8 @@
 
 namespace VanticRestKit {
 
-/// The status and the headers of one HTTP answer. `URLSession` makes them; so may a transport of a host's own.
+/// The status and the headers of one HTTP answer. `URLSession` makes them; so may a transport of a host's
+/// own.
 class VRK_EXPORT HTTPURLResponse final : public URLResponse {
 public:
     using HeaderFields = std::map<std::string, std::string>;

@@ -70,9 +70,11 @@ void HeaderCollector::readLength(std::string_view value) {
         std::uint64_t length = 0;
         const auto [end, error] = std::from_chars(item.data(), item.data() + item.size(), length);
         if (item.empty() || error != std::errc() || end != item.data() + item.size()) {
-            fault_ = Fault{URLErrorCode::cannotParseResponse, "The Content-Length of the answer is no number."};
+            fault_ =
+                Fault{URLErrorCode::cannotParseResponse, "The Content-Length of the answer is no number."};
         } else if (contentLength_ && *contentLength_ != length) {
-            fault_ = Fault{URLErrorCode::cannotParseResponse, "The answer has two different Content-Lengths."};
+            fault_ =
+                Fault{URLErrorCode::cannotParseResponse, "The answer has two different Content-Lengths."};
         } else {
             contentLength_ = length;
         }

@@ -1,15 +1,16 @@
 #include <VanticRestKit/platform/http/detail/ContentDecoder.h>
 
+#include <zlib.h>
 #include <algorithm>
 #include <array>
 #include <limits>
-#include <zlib.h>
 
 namespace VanticRestKit::detail {
 
 namespace {
 
-// What inflateInit2 takes for each frame: 15 is the largest window, 16 more asks for gzip, less than 0 for none.
+// What inflateInit2 takes for each frame: 15 is the largest window, 16 more asks for gzip, less than 0 for
+// none.
 constexpr int gzipFrame = 15 + 16;
 constexpr int zlibFrame = 15;
 constexpr int noFrame = -15;

@@ -8,12 +8,13 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-constexpr std::array<std::string_view, 6> ofTheBody{"content-type",     "content-length",   "content-encoding",
-                                                    "content-language", "content-location", "content-md5"};
+constexpr std::array<std::string_view, 6> ofTheBody{"content-type",     "content-length",
+                                                    "content-encoding", "content-language",
+                                                    "content-location", "content-md5"};
 
 // What proves to a server who is asking, and the host name that was meant for it.
-constexpr std::array<std::string_view, 7> ofTheOrigin{"authorization", "proxy-authorization", "cookie", "cookie2",
-                                                      "x-api-key",     "x-auth-token",        "host"};
+constexpr std::array<std::string_view, 7> ofTheOrigin{
+    "authorization", "proxy-authorization", "cookie", "cookie2", "x-api-key", "x-auth-token", "host"};
 
 bool becomesGet(std::string_view method, std::int64_t status) {
     if (status == 303) return method != "HEAD";

@@ -44,7 +44,8 @@ enum class URLErrorCode : std::int64_t {
     cannotParseResponse = -1017,
     /// TLS could not be set up, for a reason other than the certificate.
     secureConnectionFailed = -1200,
-    /// The server's certificate is not to be trusted: expired, of another host, self-signed, of an unknown root.
+    /// The server's certificate is not to be trusted: expired, of another host, self-signed, of an unknown
+    /// root.
     serverCertificateUntrusted = -1202,
     /// The server's certificate is not valid yet.
     serverCertificateNotYetValid = -1204,

@@ -27,7 +27,8 @@ public:
     using Seconds = std::chrono::duration<double>;
 
     /// A GET of `url` without headers and without a body.
-    explicit URLRequest(URL url, URLRequestCachePolicy cachePolicy = URLRequestCachePolicy::useProtocolCachePolicy,
+    explicit URLRequest(URL url,
+                        URLRequestCachePolicy cachePolicy = URLRequestCachePolicy::useProtocolCachePolicy,
                         Seconds timeoutInterval = Seconds(60));
 
     /// Where the request goes. Empty makes the request fail with `URLErrorCode::badURL`.
@@ -42,8 +43,8 @@ public:
     /// Adds a header. Names compare without case; the value of a name that is there already is joined to it
     /// with a comma. A pair that cannot stand in a request (a name that is no token, a value with a line end
     /// or a zero byte) is left out. What frames the message is the session's own and does not go out from
-    /// here: Connection, Content-Length, Expect, Keep-Alive, Proxy-Connection, TE, Trailer, Transfer-Encoding,
-    /// Upgrade.
+    /// here: Connection, Content-Length, Expect, Keep-Alive, Proxy-Connection, TE, Trailer,
+    /// Transfer-Encoding, Upgrade.
     void addValue(std::string_view value, std::string_view forHTTPHeaderField);
     /// Sets a header in place of all values of that name; an empty optional removes it. Names compare without
     /// case; a pair that cannot stand in a request is left out.

@@ -42,7 +42,8 @@ public:
 private:
     friend class URLSession;
 
-    URLSessionDataTask(std::shared_ptr<detail::Transport> transport, std::shared_ptr<detail::Transfer> transfer);
+    URLSessionDataTask(std::shared_ptr<detail::Transport> transport,
+                       std::shared_ptr<detail::Transfer> transfer);
 
     std::shared_ptr<detail::Transport> transport_;
     std::shared_ptr<detail::Transfer> transfer_;
@@ -55,13 +56,14 @@ private:
 /// A request that cannot be sent reports that there too. Any thread may call, a completion included.
 ///
 /// Requests go to http and https only, over the proxy of nobody, with certificates and host names verified.
-/// Redirects are followed, at most twenty: 303 turns every method but HEAD into GET, 301 and 302 turn POST into
-/// GET, and credentials stay with the origin they were meant for. Nothing is sent twice, with one exception:
-/// a GET that went out on a connection which the server had given up already goes out on another one.
+/// Redirects are followed, at most twenty: 303 turns every method but HEAD into GET, 301 and 302 turn POST
+/// into GET, and credentials stay with the origin they were meant for. Nothing is sent twice, with one
+/// exception: a GET that went out on a connection which the server had given up already goes out on another
+/// one.
 class VRK_EXPORT URLSession {
 public:
-    /// Called once with body and response, or with an error. A body is present when there is no error, if only
-    /// with no bytes; a response may stand beside an error that came behind the headers.
+    /// Called once with body and response, or with an error. A body is present when there is no error, if
+    /// only with no bytes; a response may stand beside an error that came behind the headers.
     using Completion =
         UniqueFunction<void(std::optional<Data>, std::shared_ptr<const URLResponse>, std::optional<Error>)>;
     using Output = std::pair<Data, std::shared_ptr<const URLResponse>>;

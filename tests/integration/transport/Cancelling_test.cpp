@@ -92,11 +92,11 @@ TEST(Cancelling, FromItsOwnCompletionChangesNothing) {
     const auto session = makeSession();
     const Loaded loaded;
     std::shared_ptr<URLSessionDataTask> task;
-    task = session->dataTask(requestOf(server.url()),
-                             [&task, inner = loaded.completion()](auto data, auto response, auto error) mutable {
-                                 task->cancel();
-                                 inner(std::move(data), std::move(response), std::move(error));
-                             });
+    task = session->dataTask(requestOf(server.url()), [&task, inner = loaded.completion()](
+                                                          auto data, auto response, auto error) mutable {
+        task->cancel();
+        inner(std::move(data), std::move(response), std::move(error));
+    });
     task->resume();
     EXPECT_EQ(loaded.body(), "ok") << loaded.story();
 }

@@ -29,7 +29,8 @@ std::string coded(const std::string& coding, const std::string& body) {
 
 TEST(Faults, AConnectionThatIsClosedInsideTheHeadersIsLost) {
     const std::string head = "HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\nX-Long: value\r\n\r\n";
-    for (const std::size_t length : {std::size_t{5}, head.find("\r\n") + 2, head.find("X-Long"), head.size() - 2}) {
+    for (const std::size_t length :
+         {std::size_t{5}, head.find("\r\n") + 2, head.find("X-Long"), head.size() - 2}) {
         const Loaded loaded = afterSending(head.substr(0, length));
         EXPECT_EQ(loaded.code(), URLErrorCode::networkConnectionLost) << length << ": " << loaded.story();
         EXPECT_EQ(loaded.data(), std::nullopt);
@@ -46,8 +47,8 @@ TEST(Faults, AConnectionThatIsClosedWithoutAWordIsLost) {
 }
 
 TEST(Faults, TwoDifferentContentLengthsAreNoAnswer) {
-    for (const char* lines : {"Content-Length: 5\r\nContent-Length: 3\r\n", "Content-Length: 3\r\ncontent-length: 5\r\n",
-                              "Content-Length: 5, 3\r\n"}) {
+    for (const char* lines : {"Content-Length: 5\r\nContent-Length: 3\r\n",
+                              "Content-Length: 3\r\ncontent-length: 5\r\n", "Content-Length: 5, 3\r\n"}) {
         const Loaded loaded = afterSending("HTTP/1.1 200 OK\r\n" + std::string(lines) + "\r\nhello");
         EXPECT_EQ(loaded.code(), URLErrorCode::cannotParseResponse) << lines << loaded.story();
     }
@@ -73,7 +74,8 @@ TEST(Faults, ACodingWithoutItsEndCannotBeDecoded) {
                                       std::pair<std::string, std::string>{"deflate", deflated(text)},
                                       std::pair<std::string, std::string>{"br", brotlied(text)}}) {
         // Without its trailer, without its last byte, half of it, its first byte alone.
-        for (const std::size_t length : {whole.size() - 8, whole.size() - 1, whole.size() / 2, std::size_t{1}}) {
+        for (const std::size_t length :
+             {whole.size() - 8, whole.size() - 1, whole.size() / 2, std::size_t{1}}) {
             if (name != "gzip" && length == whole.size() - 8) continue;
             const Loaded loaded = afterSending(coded(name, whole.substr(0, length)));
             EXPECT_EQ(loaded.code(), URLErrorCode::cannotDecodeContentData)
@@ -93,7 +95,8 @@ TEST(Faults, ABrokenCodingCannotBeDecoded) {
             broken[i] = static_cast<char>(broken[i] ^ 0x5A);
         }
         EXPECT_EQ(afterSending(coded(name, broken)).code(), URLErrorCode::cannotDecodeContentData) << name;
-        EXPECT_EQ(afterSending(coded(name, "\xFFno coding at all")).code(), URLErrorCode::cannotDecodeContentData)
+        EXPECT_EQ(afterSending(coded(name, "\xFFno coding at all")).code(),
+                  URLErrorCode::cannotDecodeContentData)
             << name;
     }
     std::string checksum = gzipped(text);
@@ -124,10 +127,11 @@ TEST(Faults, ABrokenChunkIsABadAnswer) {
 }
 
 TEST(Faults, WhatIsNoHTTPCannotBeParsed) {
-    for (const std::string& bytes : {std::string("\x01\x02 garbage \xFF\xFE, long enough to be something\r\n\r\n"),
-                                    std::string("SSH-2.0-OpenSSH_9.2\r\n"), std::string("HTTP/1.1 abc OK\r\n\r\n"),
-                                    std::string("{\"json\": \"without a head\"}\r\n\r\n"),
-                                    std::string("HTTP/1.1 200 OK\r\nno colon in this line\r\n\r\n")}) {
+    for (const std::string& bytes :
+         {std::string("\x01\x02 garbage \xFF\xFE, long enough to be something\r\n\r\n"),
+          std::string("SSH-2.0-OpenSSH_9.2\r\n"), std::string("HTTP/1.1 abc OK\r\n\r\n"),
+          std::string("{\"json\": \"without a head\"}\r\n\r\n"),
+          std::string("HTTP/1.1 200 OK\r\nno colon in this line\r\n\r\n")}) {
         const Loaded loaded = afterSending(bytes);
         EXPECT_EQ(loaded.code(), URLErrorCode::cannotParseResponse) << bytes << loaded.story();
     }

@@ -35,7 +35,8 @@ protected:
         return "https://127.0.0.1:" + std::to_string(relay_->port()) + path;
     }
 
-    URLRequest request(const std::string& path, double seconds = 30, const std::string& method = "GET") const {
+    URLRequest request(const std::string& path, double seconds = 30,
+                       const std::string& method = "GET") const {
         URLRequest made = requestOf(url(path), method);
         made.setTimeoutInterval(std::chrono::duration<double>(seconds));
         return made;

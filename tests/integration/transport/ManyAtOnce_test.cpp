@@ -5,8 +5,8 @@
 #include <support/FaultServer.h>
 #include <support/Loading.h>
 
-#include <atomic>
 #include <dirent.h>
+#include <atomic>
 #include <fstream>
 #include <string>
 

@@ -169,7 +169,8 @@ TEST(Redirects, ALoopEnds) {
 }
 
 TEST(Redirects, OtherSchemesAreNotFollowed) {
-    for (const char* place : {"file:///etc/passwd", "ftp://127.0.0.1/x", "gopher://127.0.0.1/", "lumeno://a/b"}) {
+    for (const char* place :
+         {"file:///etc/passwd", "ftp://127.0.0.1/x", "gopher://127.0.0.1/", "lumeno://a/b"}) {
         FaultServer server(always(redirect(302, place)));
         EXPECT_EQ(load(*makeSession(), server.url()).code(), URLErrorCode::unsupportedURL) << place;
     }
@@ -197,9 +198,10 @@ TEST(Redirects, AStatusThatIsNoRedirectIsTheAnswerAlsoWithAPlace) {
 }
 
 TEST(Redirects, TheBodyOfARedirectDoesNotMatter) {
-    for (const std::string& tail : {std::string("Content-Length: 9\r\n\r\nshort"),
-                                   std::string("Content-Encoding: gzip\r\nContent-Length: 3\r\n\r\nbad"),
-                                   std::string("Content-Length: 3000000\r\n\r\n") + std::string(3000000, 'x')}) {
+    for (const std::string& tail :
+         {std::string("Content-Length: 9\r\n\r\nshort"),
+          std::string("Content-Encoding: gzip\r\nContent-Length: 3\r\n\r\nbad"),
+          std::string("Content-Length: 3000000\r\n\r\n") + std::string(3000000, 'x')}) {
         FaultServer server([&tail](FaultConnection& connection) {
             while (const auto request = connection.readRequest()) {
                 if (request->target == "/to") {

@@ -6,7 +6,9 @@
 #include <support/Loading.h>
 
 #include <cstdlib>
+#include <functional>
 #include <string>
+#include <thread>
 
 using namespace VanticRestKit;
 using namespace VanticRestKit::test;
@@ -173,13 +175,13 @@ TEST(Requests, ARequestThatCannotBeSentFailsOnTheDelegateQueueAndNotAtOnce) {
     };
     for (const auto& [request, code] : cases) {
         Loaded loaded;
-        std::mutex mutex;
         const auto thisThread = std::this_thread::get_id();
         bool synchronous = false;
-        auto task = session->dataTask(request, [&, inner = loaded.completion()](auto d, auto r, auto e) mutable {
-            synchronous = std::this_thread::get_id() == thisThread;
-            inner(std::move(d), std::move(r), std::move(e));
-        });
+        auto task =
+            session->dataTask(request, [&, inner = loaded.completion()](auto d, auto r, auto e) mutable {
+                synchronous = std::this_thread::get_id() == thisThread;
+                inner(std::move(d), std::move(r), std::move(e));
+            });
         task->resume();
         EXPECT_EQ(loaded.code(), code) << loaded.story();
         EXPECT_FALSE(synchronous);

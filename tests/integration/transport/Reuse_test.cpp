@@ -11,8 +11,8 @@ namespace {
 
 std::shared_ptr<URLSession> makeSession() { return URLSession::make(URLSessionConfiguration::default_()); }
 
-/// Serves one request on its first connection, reads the next one there and closes or resets the connection without
-/// a word: the client could not know before. Serves everything on later connections.
+/// Serves one request on its first connection, reads the next one there and closes or resets the connection
+/// without a word: the client could not know before. Serves everything on later connections.
 FaultServer::Script dyingOnReuse(bool reset) {
     return [reset](FaultConnection& connection) {
         for (int served = 0; connection.readRequest(); ++served) {
@@ -74,7 +74,8 @@ TEST(Reuse, AnotherMethodReachesAServerOnce) {
                 URLRequest request = requestOf(server.url("/2"), method);
                 if (withBody) request.setHTTPBody(Data("once"));
                 const Loaded second = load(*session, request);
-                EXPECT_EQ(second.code(), URLErrorCode::networkConnectionLost) << method << ": " << second.story();
+                EXPECT_EQ(second.code(), URLErrorCode::networkConnectionLost)
+                    << method << ": " << second.story();
                 // Had it gone out again, it would stand before this one.
                 EXPECT_EQ(load(*session, server.url("/3")).body(), "served");
                 const auto requests = server.requests();

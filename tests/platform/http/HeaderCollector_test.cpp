@@ -28,8 +28,8 @@ TEST(HeaderCollector, IsCompleteBehindTheEmptyLine) {
 }
 
 TEST(HeaderCollector, PassesOverInterimAnswers) {
-    const HeaderCollector whole =
-        collected({"HTTP/1.1 100 Continue", "A: early", "", "HTTP/1.1 103 Hints", "", "HTTP/2 404 ", "B: late", ""});
+    const HeaderCollector whole = collected(
+        {"HTTP/1.1 100 Continue", "A: early", "", "HTTP/1.1 103 Hints", "", "HTTP/2 404 ", "B: late", ""});
     EXPECT_TRUE(whole.isComplete());
     EXPECT_EQ(whole.status(), 404);
     EXPECT_EQ(whole.value("a"), std::nullopt);

@@ -26,7 +26,8 @@ std::string methodBehind(int status, const char* method) {
 
 TEST(RedirectRule, FiveStatusesRedirect) {
     for (int status = 100; status < 600; ++status) {
-        const bool expected = status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
+        const bool expected =
+            status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
         EXPECT_EQ(isRedirect(status), expected) << status;
     }
 }
@@ -60,5 +61,6 @@ TEST(RedirectRule, AnotherOriginGetsNoCredentials) {
         EXPECT_EQ(next.value("x"), "kept") << target;
         EXPECT_TRUE(next.httpBody().has_value()) << target;
     }
-    EXPECT_EQ(redirected(request("PUT"), 307, *URL::make("HTTPS://HOST:443/to")).value("authorization"), "secret");
+    EXPECT_EQ(redirected(request("PUT"), 307, *URL::make("HTTPS://HOST:443/to")).value("authorization"),
+              "secret");
 }

@@ -29,10 +29,11 @@ TEST(URLErrors, EveryCodeHasADescription) {
     for (const auto code :
          {URLErrorCode::unknown, URLErrorCode::cancelled, URLErrorCode::badURL, URLErrorCode::timedOut,
           URLErrorCode::unsupportedURL, URLErrorCode::cannotFindHost, URLErrorCode::cannotConnectToHost,
-          URLErrorCode::networkConnectionLost, URLErrorCode::httpTooManyRedirects, URLErrorCode::badServerResponse,
-          URLErrorCode::cannotDecodeRawData, URLErrorCode::cannotDecodeContentData,
-          URLErrorCode::cannotParseResponse, URLErrorCode::secureConnectionFailed,
-          URLErrorCode::serverCertificateUntrusted, URLErrorCode::serverCertificateNotYetValid}) {
+          URLErrorCode::networkConnectionLost, URLErrorCode::httpTooManyRedirects,
+          URLErrorCode::badServerResponse, URLErrorCode::cannotDecodeRawData,
+          URLErrorCode::cannotDecodeContentData, URLErrorCode::cannotParseResponse,
+          URLErrorCode::secureConnectionFailed, URLErrorCode::serverCertificateUntrusted,
+          URLErrorCode::serverCertificateNotYetValid}) {
         EXPECT_FALSE(urlErrorDescription(code).empty()) << static_cast<int>(code);
     }
 }

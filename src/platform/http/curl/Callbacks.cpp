@@ -34,7 +34,8 @@ std::size_t onBody(char* bytes, std::size_t size, std::size_t count, void* user)
         return attempt.forgotten > mostForgotten ? 0 : piece.size();
     }
     if (attempt.hasUnknownCoding) {
-        attempt.fault = Fault{URLErrorCode::cannotDecodeRawData, "The body has a coding that is not known here."};
+        attempt.fault =
+            Fault{URLErrorCode::cannotDecodeRawData, "The body has a coding that is not known here."};
         return 0;
     }
     attempt.fault = attempt.body.add(piece);

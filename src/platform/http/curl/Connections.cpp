@@ -1,19 +1,20 @@
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
 
-#include <array>
 #include <arpa/inet.h>
-#include <chrono>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
-#include <string_view>
 #include <sys/socket.h>
 #include <unistd.h>
+#include <array>
+#include <chrono>
+#include <string_view>
 
 namespace VanticRestKit::detail {
 
 namespace {
 
-std::string endsText(std::string_view remoteAddress, int remotePort, std::string_view localAddress, int localPort) {
+std::string endsText(std::string_view remoteAddress, int remotePort, std::string_view localAddress,
+                     int localPort) {
     std::string text;
     text.append(remoteAddress).append(1, ' ').append(std::to_string(remotePort)).append(1, ' ');
     text.append(localAddress).append(1, ' ').append(std::to_string(localPort));
@@ -74,7 +75,8 @@ int Connections::close(int socket) {
 
 std::shared_ptr<Connection> Connections::find(const ConnectionEnds& ends) {
     if (ends.remoteAddress == nullptr || ends.localAddress == nullptr) return nullptr;
-    const std::string wanted = endsText(ends.remoteAddress, ends.remotePort, ends.localAddress, ends.localPort);
+    const std::string wanted =
+        endsText(ends.remoteAddress, ends.remotePort, ends.localAddress, ends.localPort);
     if (const auto found = byEnds_.find(wanted); found != byEnds_.end()) return found->second;
     // A connection is looked at once, after it was made.
     for (const auto& [socket, connection] : bySocket_) {

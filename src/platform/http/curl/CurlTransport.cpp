@@ -11,8 +11,8 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-/// The handles' side of the transport. The I/O thread has the other side and does not keep this one alive: when
-/// this one goes the thread brings to its end what was started, and ends itself.
+/// The handles' side of the transport. The I/O thread has the other side and does not keep this one alive:
+/// when this one goes the thread brings to its end what was started, and ends itself.
 class CurlTransport final : public Transport {
 public:
     explicit CurlTransport(const URLSessionConfiguration& configuration)
@@ -34,13 +34,13 @@ private:
     void post(Inbox::Message message) {
         ExitGate::shared();
         if (!inbox_->post(std::move(message))) return;
-        const bool started = startThread("vrk.http.io", [configuration = configuration_, inbox = inbox_,
-                                                         delegateQueue = delegateQueue_] {
-            ExitGate& gate = ExitGate::shared();
-            gate.enter(inbox.get(), [inbox] { inbox->wake(); });
-            IoLoop(configuration, inbox, delegateQueue).run(gate);
-            gate.leave(inbox.get());
-        });
+        const bool started = startThread(
+            "vrk.http.io", [configuration = configuration_, inbox = inbox_, delegateQueue = delegateQueue_] {
+                ExitGate& gate = ExitGate::shared();
+                gate.enter(inbox.get(), [inbox] { inbox->wake(); });
+                IoLoop(configuration, inbox, delegateQueue).run(gate);
+                gate.leave(inbox.get());
+            });
         if (!started) failAll(inbox_->readerLeaves());
     }
 

@@ -43,7 +43,8 @@ void setSecurity(Options& options, const EasySettings& settings) {
 
 void setConnection(Options& options, const Exchange& exchange, bool onNewConnection) {
     const bool secure = isSecure(*exchange.request().url());
-    options.set(CURLOPT_HTTP_VERSION, static_cast<long>(secure ? CURL_HTTP_VERSION_2TLS : CURL_HTTP_VERSION_1_1));
+    options.set(CURLOPT_HTTP_VERSION,
+                static_cast<long>(secure ? CURL_HTTP_VERSION_2TLS : CURL_HTTP_VERSION_1_1));
     options.set(CURLOPT_PIPEWAIT, secure ? 1L : 0L);
     options.set(CURLOPT_FRESH_CONNECT, onNewConnection ? 1L : 0L);
     // Not our deadline, but what libcurl shares out among the addresses of a host.

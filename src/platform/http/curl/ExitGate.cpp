@@ -1,9 +1,9 @@
 #include <VanticRestKit/platform/http/curl/detail/ExitGate.h>
 
-#include <chrono>
-#include <cstdlib>
 #include <curl/curl.h>
 #include <unistd.h>
+#include <chrono>
+#include <cstdlib>
 #include <utility>
 
 namespace VanticRestKit::detail {

@@ -12,9 +12,9 @@ namespace VanticRestKit::detail {
 namespace {
 
 // What frames a message and steers its connection is settled here and nowhere else.
-constexpr std::array<std::string_view, 9> ofTheSession{
-    "connection", "content-length", "expect",  "keep-alive",       "proxy-connection",
-    "te",         "trailer",        "upgrade", "transfer-encoding"};
+constexpr std::array<std::string_view, 9> ofTheSession{"connection", "content-length",   "expect",
+                                                       "keep-alive", "proxy-connection", "te",
+                                                       "trailer",    "upgrade",          "transfer-encoding"};
 
 bool isOfTheSession(std::string_view name) {
     return std::any_of(ofTheSession.begin(), ofTheSession.end(),

@@ -70,8 +70,12 @@ bool IoLoop::readInbox() {
     const bool moreMayCome = inbox_->take(messages_);
     for (Inbox::Message& message : messages_) {
         switch (message.kind) {
-            case Inbox::Message::Kind::start: begin(std::move(message.transfer)); break;
-            case Inbox::Message::Kind::cancel: cancel(*message.transfer); break;
+            case Inbox::Message::Kind::start:
+                begin(std::move(message.transfer));
+                break;
+            case Inbox::Message::Kind::cancel:
+                cancel(*message.transfer);
+                break;
         }
     }
     messages_.clear();
@@ -99,7 +103,9 @@ void IoLoop::cancel(const Transfer& transfer) {
     fail(exchange, {URLErrorCode::cancelled});
 }
 
-void IoLoop::enqueue(Exchange& exchange) { admission_.enqueue(exchange, originOf(*exchange.request().url())); }
+void IoLoop::enqueue(Exchange& exchange) {
+    admission_.enqueue(exchange, originOf(*exchange.request().url()));
+}
 
 void IoLoop::admit() {
     while (Applicant* const applicant = admission_.admitNext()) attempt(static_cast<Exchange&>(*applicant));
@@ -142,7 +148,8 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
         const char* const text = attempt.errorText.data();
         fail(exchange, {urlErrorCodeFor(code, text, verified)}, underlyingError(code, text, verified));
     } else if (!attempt.head.isComplete()) {
-        fail(exchange, {URLErrorCode::networkConnectionLost, "The connection was closed inside the headers."});
+        fail(exchange,
+             {URLErrorCode::networkConnectionLost, "The connection was closed inside the headers."});
     } else if (const auto fault = attempt.body.finish()) {
         fail(exchange, *fault);
     } else {
@@ -173,8 +180,8 @@ void IoLoop::follow(Exchange& exchange) {
 void IoLoop::succeed(Exchange& exchange) {
     Attempt& attempt = *exchange.attempt;
     Outcome outcome;
-    outcome.response = std::make_shared<const HTTPURLResponse>(exchange.request().url(), attempt.head.status(),
-                                                               attempt.head.takeFields());
+    outcome.response = std::make_shared<const HTTPURLResponse>(
+        exchange.request().url(), attempt.head.status(), attempt.head.takeFields());
     outcome.data = attempt.body.take();
     end(exchange, std::move(outcome));
 }
@@ -184,8 +191,8 @@ void IoLoop::fail(Exchange& exchange, const Fault& fault, const std::optional<Er
     outcome.error = makeURLError(fault, exchange.request().url(), underlying);
     if (exchange.attempt && exchange.attempt->hasHead) {
         HeaderCollector& head = exchange.attempt->head;
-        outcome.response =
-            std::make_shared<const HTTPURLResponse>(exchange.request().url(), head.status(), head.takeFields());
+        outcome.response = std::make_shared<const HTTPURLResponse>(exchange.request().url(), head.status(),
+                                                                   head.takeFields());
     }
     end(exchange, std::move(outcome));
 }
@@ -206,8 +213,8 @@ void IoLoop::timeOutIdle() {
 bool IoLoop::movedUnseen(Exchange& exchange) {
     const Attempt& attempt = *exchange.attempt;
     const Carriage carriage = admission_.carriage(exchange);
-    if (carriage == Carriage::many && attempt.sendings == 0) {
-        // It waits inside libcurl for room on a connection that works: the wait is not its own idleness.
+    if (carriage == Carriage::many && attempt.waitsForConnection()) {
+        // It waits inside libcurl for room, while connections work: that is not its own idleness.
         const std::string origin = originOf(*exchange.request().url());
         for (const auto& [transfer, other] : exchanges_) {
             const bool goes = other->attempt && other->attempt->sendings > 0;

@@ -5,7 +5,8 @@
 
 namespace VanticRestKit::detail {
 
-SuspectConnections::SuspectConnections(const Connections& connections, Admission& admission, ForEachOn forEachOn)
+SuspectConnections::SuspectConnections(const Connections& connections, Admission& admission,
+                                       ForEachOn forEachOn)
     : connections_(connections), admission_(admission), forEachOn_(std::move(forEachOn)) {}
 
 void SuspectConnections::setAside(const Connection& connection, bool aside) {

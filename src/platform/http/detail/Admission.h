@@ -35,8 +35,8 @@ private:
 
 /// One line for each origin, first come, first served. Does not own the applicants; for one thread.
 ///
-/// An origin takes as many transfers as it may have connections, or, once it is known to carry several at once
-/// on one connection, as many as one connection takes.
+/// An origin takes as many transfers as it may have connections, or, once it is known to carry several at
+/// once on one connection, as many as one connection takes.
 class Admission {
 public:
     explicit Admission(std::size_t connectionsPerHost);

@@ -19,7 +19,8 @@ namespace VanticRestKit::detail {
 /// Gathers the pieces of one body, decoded, in one buffer that becomes the `Data` without another copy.
 class BodyCollector {
 public:
-    /// Says what will come, before the first piece: the length on the wire, if known, and the codings to undo.
+    /// Says what will come, before the first piece: the length on the wire, if known, and the codings to
+    /// undo.
     void expect(std::optional<std::uint64_t> length, Decoding decoding);
 
     /// Takes the next piece. What is wrong with it, if anything is.

@@ -21,7 +21,8 @@ public:
     ContentDecoder& operator=(const ContentDecoder&) = delete;
     virtual ~ContentDecoder();
 
-    /// Decodes `coded` behind `plain`. Returns whether it could. What follows the end of the coding is dropped.
+    /// Decodes `coded` behind `plain`. Returns whether it could. What follows the end of the coding is
+    /// dropped.
     virtual bool decode(std::string_view coded, std::string& plain) = 0;
 
     /// Whether the coding, checksum included, came to its end.

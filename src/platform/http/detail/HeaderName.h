@@ -9,7 +9,9 @@
 
 namespace VanticRestKit::detail {
 
-constexpr char asciiLower(char c) noexcept { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+constexpr char asciiLower(char c) noexcept {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 inline std::string asciiLowered(std::string_view text) {
     std::string lowered(text);

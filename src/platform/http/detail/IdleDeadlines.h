@@ -78,7 +78,8 @@ private:
     std::set<std::pair<TimePoint, Idler*>> noted_;
 };
 
-/// `seconds` as an interval that can be added to any time of the clock; `fallback` where it is not above zero.
+/// `seconds` as an interval that can be added to any time of the clock; `fallback` where it is not above
+/// zero.
 inline Clock::duration idleInterval(std::chrono::duration<double> seconds,
                                     std::chrono::duration<double> fallback) {
     using Seconds = std::chrono::duration<double>;

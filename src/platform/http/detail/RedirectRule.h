@@ -20,8 +20,8 @@ constexpr bool isRedirect(std::int64_t status) noexcept {
 
 /// The request that goes to `target` after `request` was answered with `status`.
 ///
-/// 303 turns every method but HEAD into GET, 301 and 302 turn POST into GET; such a GET has neither the body nor
-/// the headers that told of it. A target of another origin gets no credentials.
+/// 303 turns every method but HEAD into GET, 301 and 302 turn POST into GET; such a GET has neither the body
+/// nor the headers that told of it. A target of another origin gets no credentials.
 URLRequest redirected(const URLRequest& request, std::int64_t status, const URL& target);
 
 }  // namespace VanticRestKit::detail

@@ -11,8 +11,8 @@
 
 namespace VanticRestKit::detail {
 
-/// Carries transfers. Any thread may call; nothing here blocks, the destructor included: what was started goes
-/// on to its end without a transport.
+/// Carries transfers. Any thread may call; nothing here blocks, the destructor included: what was started
+/// goes on to its end without a transport.
 class Transport {
 public:
     Transport() = default;

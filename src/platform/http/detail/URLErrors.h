@@ -19,7 +19,8 @@ inline constexpr std::string_view NSDebugDescriptionKey = "NSDebugDescription";
 /// The sentence for people that goes with `code`.
 std::string_view urlErrorDescription(URLErrorCode code);
 
-/// What went wrong, before it is an error: the code, and one sentence about this case, empty if there is none.
+/// What went wrong, before it is an error: the code, and one sentence about this case, empty if there is
+/// none.
 struct Fault {
     URLErrorCode code = URLErrorCode::unknown;
     std::string reason{};

@@ -15,8 +15,8 @@ struct EasySettings {
     std::optional<std::string> caBundlePath{};
 };
 
-/// Prepares the fresh or reset handle of `attempt` for its request. `onNewConnection`: not on one that is open.
-/// Returns false where libcurl cannot be made to send it.
+/// Prepares the fresh or reset handle of `attempt` for its request. `onNewConnection`: not on one that is
+/// open. Returns false where libcurl cannot be made to send it.
 bool prepareEasy(Attempt& attempt, const EasySettings& settings, bool onNewConnection);
 
 /// The header lines of `request`: its own, and those of the session of which it has none.

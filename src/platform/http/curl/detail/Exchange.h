@@ -72,6 +72,8 @@ struct Attempt {
     void received();
     /// The headers are complete.
     void readHead();
+    /// Whether it is on no connection: not yet, or not any more, because the server refused it there.
+    bool waitsForConnection() const { return sendings == 0 || (connection && connection->socket < 0); }
 
     Exchange& exchange;
     AttemptSurroundings surroundings;

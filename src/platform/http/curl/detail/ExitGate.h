@@ -14,8 +14,9 @@
 namespace VanticRestKit::detail {
 
 /// At the end of the process the TLS library frees what its connections stand on, while I/O threads may still
-/// run. The gate is closed just before: every thread that passes it from then on stays there for good, and the
-/// end waits a moment for those on their way. They run nothing but the transport, so that the moment is short.
+/// run. The gate is closed just before: every thread that passes it from then on stays there for good, and
+/// the end waits a moment for those on their way. They run nothing but the transport, so that the moment is
+/// short.
 class ExitGate {
 public:
     /// Made on first use and never destroyed. Makes libcurl ready as well.

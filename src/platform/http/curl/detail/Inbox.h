@@ -35,6 +35,7 @@ public:
     void close() {
         const std::lock_guard lock(mutex_);
         isClosed_ = true;
+        isWoken_ = true;
         wakeReader();
     }
 
@@ -60,7 +61,8 @@ public:
         return !isClosed_;
     }
 
-    /// Says that the reader is about to wait in `multi`, unless there is something to read already: false then.
+    /// Says that the reader is about to wait in `multi`, unless there is something to read already: false
+    /// then.
     bool beginWait(CURLM* multi) {
         const std::lock_guard lock(mutex_);
         if (!messages_.empty() || isWoken_) return false;

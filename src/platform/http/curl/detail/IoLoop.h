@@ -26,11 +26,12 @@
 
 namespace VanticRestKit::detail {
 
-/// Everything that the I/O thread of one session owns: the multi handle, all easy handles, and the transfers from
-/// the inbox to their end. Lives in that thread alone and never runs a line of the host's.
+/// Everything that the I/O thread of one session owns: the multi handle, all easy handles, and the transfers
+/// from the inbox to their end. Lives in that thread alone and never runs a line of the host's.
 class IoLoop {
 public:
-    IoLoop(const URLSessionConfiguration& configuration, std::shared_ptr<Inbox> inbox, DispatchQueue delegateQueue);
+    IoLoop(const URLSessionConfiguration& configuration, std::shared_ptr<Inbox> inbox,
+           DispatchQueue delegateQueue);
     ~IoLoop();
     IoLoop(const IoLoop&) = delete;
     IoLoop& operator=(const IoLoop&) = delete;

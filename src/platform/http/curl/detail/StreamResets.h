@@ -12,10 +12,10 @@
 
 namespace VanticRestKit::detail {
 
-/// When a request leaves a connection that carries several, libcurl resets its stream, but the reset stays in its
-/// buffer until something else goes out. Another request there can be made to push it out. Where there is none,
-/// the connection gets a moment for the next request to take the reset along, and is shut down then: a server
-/// must not work for nobody.
+/// When a request leaves a connection that carries several, libcurl resets its stream, but the reset stays in
+/// its buffer until something else goes out. Another request there can be made to push it out. Where there is
+/// none, the connection gets a moment for the next request to take the reset along, and is shut down then: a
+/// server must not work for nobody.
 class StreamResets {
 public:
     explicit StreamResets(const Connections& connections) : connections_(connections) {}

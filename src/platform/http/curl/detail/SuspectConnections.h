@@ -16,9 +16,9 @@ namespace VanticRestKit::detail {
 /// Judges a connection that carries several requests when one of them ran out of time.
 ///
 /// libcurl would put the next request on it again, and the next, for as long as the system believes in it. So
-/// when nothing at all has moved on it in that time it is shut down. If other requests are on it that still have
-/// time, it becomes a suspect first: new requests go elsewhere, those on it keep their chance, and it is shut
-/// down when the last one has gone, unless something moves.
+/// when nothing at all has moved on it in that time it is shut down. If other requests are on it that still
+/// have time, it becomes a suspect first: new requests go elsewhere, those on it keep their chance, and it is
+/// shut down when the last one has gone, unless something moves.
 class SuspectConnections {
 public:
     /// Calls its argument for each exchange that is on a connection.
