@@ -115,7 +115,8 @@ TEST(SubscriptionLifetime, FreesASourceThatIsDestroyedByItsOwnSending) {
         subscription.reset();
     });
     // Through the source's own subscriber, which goes with the source.
-    transfer.lock()->subscriber->receive(1);
+    const Transfer* const sending = transfer.lock().get();
+    sending->subscriber->receive(1);
     EXPECT_EQ(values, 1);
     EXPECT_TRUE(transfer.expired());
 }
@@ -143,4 +144,15 @@ TEST(SubscriptionLifetime, OutlivesThePublisherItCameFrom) {
     publisher.reset();
     hand->subscribers[0].receive(1);
     EXPECT_EQ(notes->values, std::vector<int>{2});
+}
+
+TEST(SubscriptionLifetime, MayLoseItsHandleInsideTheCancellingOfItsSource) {
+    std::unique_ptr<Cancellable> subscription;
+    const auto held = std::make_shared<int>(1);
+    const auto publisher = AnyPublisher<int>::create(
+        [&](const Subscriber<int, Error>&) { return Cancellable([&] { subscription.reset(); }); });
+    subscription = std::make_unique<Cancellable>(publisher.sink([held](int) {}));
+    subscription->cancel();
+    EXPECT_EQ(subscription, nullptr);
+    EXPECT_EQ(held.use_count(), 1);
 }
