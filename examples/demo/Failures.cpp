@@ -1,0 +1,87 @@
+#include "Failures.h"
+
+#include "Loading.h"
+#include "Printing.h"
+
+#include <VanticRestKit/Core/NetworkError.h>
+#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
+#include <VanticRestKit/lumeno/Video/Video.h>
+
+#include <chrono>
+
+namespace demo {
+
+using namespace VanticRestKit;
+
+namespace {
+
+constexpr const char* houseNumber = "HL0101";
+constexpr const char* path = "v2/video/HL0101";
+
+/// The failure of a load; empty where the load succeeded.
+std::optional<LoaderError> failureOf(const std::string& asked, const HostContext& context) {
+    const auto resource = Endpoint::Video({.houseNumber = asked}, context);
+    if (!resource) return std::nullopt;
+    const auto outcome = loaded(*resource);
+    return outcome ? std::nullopt : std::optional(outcome.error());
+}
+
+const NetworkError* networkErrorOf(const LoaderError& error) {
+    return error.underlyingError() ? error.underlyingError()->as<NetworkError>() : nullptr;
+}
+
+void print(const char* what, const std::optional<LoaderError>& error, const HostContext& context) {
+    std::printf("  %s\n", what);
+    if (!error) {
+        std::printf("    no failure at all\n");
+        return;
+    }
+    printField("  to show", error->localizedDescription());
+    if (const auto* networkError = networkErrorOf(*error)) {
+        printField("  in detail", networkError->localizedDescription());
+        printField("  code", std::to_string(networkError->errorCode()) + (error->is404Error() ? ", not found" : ""));
+    } else if (error->underlyingError()) {
+        printField("  in detail", error->underlyingError()->localizedDescription());
+    }
+    printField("  reported", context.takeReport());
+}
+
+bool hasCode(const std::optional<LoaderError>& error, std::int64_t code) {
+    const auto* networkError = error ? networkErrorOf(*error) : nullptr;
+    return networkError != nullptr && networkError->errorCode() == code;
+}
+
+/// The service ends a moment after it has said so: asks until nobody answers.
+std::optional<LoaderError> failureOfStoppedService(const HostContext& context) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    auto error = failureOf(houseNumber, context);
+    while (!hasCode(error, -1004) && std::chrono::steady_clock::now() < deadline) {
+        error = failureOf(houseNumber, context);
+    }
+    return error;
+}
+
+}  // namespace
+
+bool showFailures(const HostContext& context, const ServiceControl& service) {
+    printHeading("When something is wrong");
+    const auto notFound = failureOf("NOSUCH", context);
+    print("a house number that nobody knows", notFound, context);
+
+    bool agreed = service.addFault(path, R"("fault":"status","status":500)");
+    const auto failing = failureOf(houseNumber, context);
+    print("a service that fails", failing, context);
+
+    agreed = service.addFault(path, R"("fault":"malformed")") && agreed;
+    const auto noJSON = failureOf(houseNumber, context);
+    print("an answer that is no JSON", noJSON, context);
+
+    agreed = service.stop() && agreed;
+    const auto gone = failureOfStoppedService(context);
+    print("a service that was stopped", gone, context);
+
+    return agreed && notFound && notFound->is404Error() && hasCode(failing, 500) && noJSON &&
+           noJSON->kind() == LoaderError::Kind::failedToDecode && hasCode(gone, -1004);
+}
+
+}  // namespace demo

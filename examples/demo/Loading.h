@@ -1,0 +1,22 @@
+#pragma once
+
+#include <VanticRestKit/Core/Resource.h>
+
+#include <future>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace demo {
+
+/// Loads a resource and waits for the outcome. A program without a user interface may wait; never do so on the
+/// session's delegate queue, where the outcome would come.
+template <class T>
+VanticRestKit::Result<T, VanticRestKit::LoaderError> loaded(const VanticRestKit::Resource<T>& resource) {
+    using Outcome = VanticRestKit::Result<T, VanticRestKit::LoaderError>;
+    const auto arrived = std::make_shared<std::promise<Outcome>>();
+    resource.load({.with = [arrived](Outcome outcome) { arrived->set_value(std::move(outcome)); }});
+    return arrived->get_future().get();
+}
+
+}  // namespace demo
