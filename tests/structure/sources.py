@@ -40,10 +40,3 @@ def code_only(text):
 
     return pattern.sub(blank, text)
 
-
-def folder(file):
-    """The folder of a file without detail/ and what hangs below a room, as ('platform', 'http')."""
-    parts = file.parts[:-1]
-    if parts[:1] in (("platform",), ("lumeno",)):
-        return parts[:2]
-    return parts[:1]
