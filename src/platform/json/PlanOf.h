@@ -4,6 +4,7 @@
 /// `planOf<T>()`: the plan by which a type is decoded. An entity specialises it with its mapping table.
 
 #include <VanticRestKit/platform/date/Date.h>
+#include <VanticRestKit/platform/error/AnyValue.h>
 #include <VanticRestKit/platform/json/FieldAccess.h>
 #include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/RawText.h>
@@ -140,6 +141,11 @@ struct BuiltIn<std::uint64_t> {
 template <>
 struct BuiltIn<double> {
     static const TypePlan& plan() { return plainPlan<ValueKind::number>(displayName<double>()); }
+};
+
+template <>
+struct BuiltIn<Dictionary> {
+    static const TypePlan& plan() { return plainPlan<ValueKind::dictionary>("[String: Any]"); }
 };
 
 template <RawEnumeration E>

@@ -1,6 +1,7 @@
 #include <VanticRestKit/platform/json/ValueText.h>
 
 #include <VanticRestKit/platform/date/Date.h>
+#include <VanticRestKit/platform/error/AnyValue.h>
 
 #include <charconv>
 #include <chrono>
@@ -45,6 +46,14 @@ std::string dateText(Date date) {
     return result + "Z\"";
 }
 
+std::string plainText(const AnyValue& value) {
+    if (const std::string* text = value.text()) return quotedText(*text);
+    if (const std::int64_t* number = value.integer()) return std::to_string(*number);
+    if (const bool* truth = value.boolean()) return *truth ? "true" : "false";
+    if (const double* number = value.number()) return numberText(*number);
+    return "null";
+}
+
 /// Writes values one inside the other. Values lie no deeper than documents do.
 class Writer {
 public:
@@ -74,7 +83,7 @@ public:
                 held != nullptr ? this->value(*plan.wrapped, held) : void(text_ += "null");
                 break;
             }
-            case ValueKind::dictionary:
+            case ValueKind::dictionary: dictionary(*static_cast<const Dictionary*>(value)); break;
             case ValueKind::anything: text_ += "{}"; break;
         }
     }
@@ -108,6 +117,15 @@ private:
         name(type.name);
         value(type, plan.held(chosen));
         close('}', true);
+    }
+
+    void dictionary(const Dictionary& values) {
+        open('{');
+        for (const auto& [key, held] : values) {
+            name(key);
+            text_ += plainText(held);
+        }
+        close('}', !values.empty());
     }
 
     void name(std::string_view name) {

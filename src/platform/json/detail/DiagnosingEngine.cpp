@@ -2,6 +2,7 @@
 
 #include <VanticRestKit/platform/date/DeviceDate.h>
 #include <VanticRestKit/platform/json/detail/Found.h>
+#include <VanticRestKit/platform/json/detail/FreeForm.h>
 #include <VanticRestKit/platform/json/detail/Scanner.h>
 #include <VanticRestKit/platform/text/LetterCase.h>
 
@@ -45,6 +46,12 @@ bool DiagnosingEngine::value(const TypePlan& type, void* target, Place at, bool 
     if (type.kind == ValueKind::object && *at.at == '{') return entity(*type.object, target, at, presence);
     if (type.kind == ValueKind::list && *at.at == '[') return list(*type.list, target, at);
     const char* const end = document_.data() + document_.size();
+    if (type.kind == ValueKind::dictionary && *at.at == '{') {
+        auto& values = *static_cast<Dictionary*>(target);
+        values.clear();
+        if (readDictionary(at.at, end, values)) return true;
+        return fail(Kind::dataCorrupted, "an object", "a key that cannot be read", presence);
+    }
     if (type.kind == ValueKind::attempted) {
         type.attempt({at.at, static_cast<std::size_t>(skipValue(at.at, end, 0) - at.at)}, target);
         return true;

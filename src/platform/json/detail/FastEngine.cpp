@@ -1,5 +1,6 @@
 #include <VanticRestKit/platform/json/detail/FastEngine.h>
 
+#include <VanticRestKit/platform/json/detail/FreeForm.h>
 #include <VanticRestKit/platform/json/detail/Scanner.h>
 #include <VanticRestKit/platform/json/detail/StoreText.h>
 #include <VanticRestKit/platform/text/LetterCase.h>
@@ -385,13 +386,26 @@ void FastEngine::deliver(const FieldPlan* field, bool isStored, bool hasFailed) 
 
 // A value that holds no others, or one whose inside nobody looks at.
 Fit FastEngine::held(const TypePlan& type, void* place, const FieldOps* optional) {
-    if (type.kind != ValueKind::anything && type.kind != ValueKind::attempted) return plain(type, place, optional);
+    const bool isSkipped = type.kind == ValueKind::anything || type.kind == ValueKind::attempted ||
+                           (type.kind == ValueKind::dictionary && *at_ == '{');
+    if (!isSkipped) return plain(type, place, optional);
     const char* const start = at_;
     if (!skip()) return Fit::broken;
+    if (type.kind == ValueKind::dictionary) return dictionary(start, optional != nullptr ? optional->open(place) : place);
     if (type.attempt != nullptr) {
         type.attempt({start, static_cast<std::size_t>(at_ - start)}, optional != nullptr ? optional->open(place) : place);
     }
     return Fit::fits;
+}
+
+// The free-form object that begins at `start` and was stepped over.
+Fit FastEngine::dictionary(const char* start, void* value) {
+    auto& values = *static_cast<Dictionary*>(value);
+    values.clear();
+    if (readDictionary(start, end_, values)) return Fit::fits;
+    values.clear();
+    at_ = start;
+    return Fit::unfit;
 }
 
 bool FastEngine::skip() {

@@ -65,6 +65,7 @@ private:
     void deliver(const FieldPlan* field, bool isStored, bool hasFailed);
 
     Fit held(const TypePlan& type, void* place, const FieldOps* optional);
+    Fit dictionary(const char* start, void* value);
     bool skip();
 
     Data document_;

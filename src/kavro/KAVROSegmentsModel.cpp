@@ -1,0 +1,17 @@
+#include <VanticRestKit/kavro/KAVROSegmentsModel.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<KAVROSegmentsModel>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<KAVROSegmentsModel>(
+        lenient<&KAVROSegmentsModel::activeAudiences, keepDecodable>("active_audiences"),
+        lenient<&KAVROSegmentsModel::activeBadges, keepDecodable>("active_badges"),
+        required<&KAVROSegmentsModel::userId>("user_id"));
+    return plan;
+}
+
+}  // namespace VanticRestKit

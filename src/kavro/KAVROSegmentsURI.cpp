@@ -1,0 +1,36 @@
+#include <VanticRestKit/kavro/KAVROSegmentsURI.h>
+
+#include <VanticRestKit/kavro/KAVROSegmentsContext.h>
+
+namespace VanticRestKit {
+
+namespace {
+
+struct KAVROSegmentsPostData {
+    std::string subprofileid;
+
+    void encode(JSONObjectWriter& writer) const { writer.write("sub_profile_id", subprofileid); }
+};
+
+}  // namespace
+
+std::optional<Data> KAVROSegmentsURI::postData() const {
+    Result<Data, Error> body = JSONEncoder().encode(KAVROSegmentsPostData{subprofileid});
+    if (!body) return std::nullopt;
+    return std::move(body).value();
+}
+
+void KAVROSegmentsURI::encode(JSONObjectWriter& writer) const {
+    writer.writeIfPresent("httpMethod", httpMethod);
+    writer.write("subprofileid", subprofileid);
+}
+
+KAVROSegmentsContext::~KAVROSegmentsContext() = default;
+
+std::map<std::string, std::string> KAVROSegmentsContext::HTTPHeaderFields() const {
+    return {{"content-type", "application/json"},
+            {"x-api-key", apiKey()},
+            {"Authorization", "Bearer " + accessToken()}};
+}
+
+}  // namespace VanticRestKit

@@ -1,0 +1,54 @@
+#include <VanticRestKit/platform/json/detail/FreeForm.h>
+
+#include <VanticRestKit/platform/json/detail/Scanner.h>
+
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace VanticRestKit::json {
+
+namespace {
+
+/// The value at `at`, in the order in which its kinds are tried; empty where it is of none of them.
+std::optional<AnyValue> plainValue(const char* at, const char* end, std::string& scratch) {
+    if (*at == '"') {
+        const std::optional<std::string_view> text = unescape(scanString(at, end), scratch);
+        return text ? std::optional<AnyValue>(*text) : std::nullopt;
+    }
+    if (startsNumber(*at)) {
+        const char* const behind = scanNumber(at);
+        if (const std::optional<std::int64_t> whole = readInteger(at, behind)) return *whole;
+        const std::optional<double> fraction = readNumber(at, behind);
+        return fraction ? std::optional<AnyValue>(*fraction) : std::nullopt;
+    }
+    if (*at == 't' || *at == 'f') return AnyValue(*at == 't');
+    return std::nullopt;
+}
+
+}  // namespace
+
+bool readDictionary(const char* at, const char* end, Dictionary& values) {
+    std::set<std::string, std::less<>> seen;
+    std::string scratch;
+    at = skipSpace(at + 1);
+    while (*at == '"') {
+        const StringToken token = scanString(at, end);
+        const std::optional<std::string_view> key = unescape(token, scratch);
+        if (!key) return false;
+        // The first of two equal keys counts, also where its value is left out.
+        const auto [name, isFirst] = seen.emplace(*key);
+        at = skipSpace(skipSpace(token.close + 1) + 1);
+        if (isFirst) {
+            std::optional<AnyValue> value = plainValue(at, end, scratch);
+            if (value) values.insert_or_assign(*name, *std::move(value));
+        }
+        at = skipSpace(skipValue(at, end, 0));
+        if (*at == ',') at = skipSpace(at + 1);
+    }
+    return true;
+}
+
+}  // namespace VanticRestKit::json

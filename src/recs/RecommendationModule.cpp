@@ -1,0 +1,18 @@
+#include <VanticRestKit/recs/RecommendationModule.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<RecommendationModule>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<RecommendationModule>(
+        required<&RecommendationModule::moduleid>("moduleid"),
+        required<&RecommendationModule::variantid>("variantid"),
+        required<&RecommendationModule::label>("label"),
+        required<&RecommendationModule::recommendations>("recommendations"));
+    return plan;
+}
+
+}  // namespace VanticRestKit

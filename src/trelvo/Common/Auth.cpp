@@ -1,0 +1,27 @@
+#include <VanticRestKit/trelvo/Common/Auth.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+namespace {
+
+bool secondsSince1970(double seconds, Date& date) {
+    date = Date(Date::duration(seconds));
+    return true;
+}
+
+}  // namespace
+
+template <>
+const TypePlan& planOf<Auth>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<Auth>(
+        required<&Auth::accessToken>("access_token"),
+        required<&Auth::refreshToken>("refresh_token"),
+        required<&Auth::tokenType>("token_type"),
+        required<&Auth::expiry, secondsSince1970>("expiry"));
+    return plan;
+}
+
+}  // namespace VanticRestKit

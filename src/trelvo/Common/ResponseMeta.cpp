@@ -1,0 +1,17 @@
+#include <VanticRestKit/trelvo/Common/ResponseMeta.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<ResponseMeta>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<ResponseMeta>(
+        optional<&ResponseMeta::count>("count"),
+        optional<&ResponseMeta::data>("data"),
+        optional<&ResponseMeta::statusCode>("status_code"));
+    return plan;
+}
+
+}  // namespace VanticRestKit

@@ -1,0 +1,27 @@
+#pragma once
+
+/// \file
+/// `ResponseMeta`: facts about an answer of the user data service.
+
+#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace VanticRestKit {
+
+/// Facts about an answer of the user data service. The library reads none of them.
+struct ResponseMeta {
+    std::optional<std::uint64_t> count{};
+    std::optional<std::string> data{};
+    std::optional<std::uint64_t> statusCode{};
+
+    friend bool operator==(const ResponseMeta&, const ResponseMeta&) = default;
+};
+
+template <>
+VRK_EXPORT const TypePlan& planOf<ResponseMeta>();
+
+}  // namespace VanticRestKit

@@ -1,0 +1,38 @@
+#pragma once
+
+/// \file
+/// `CreateDatasetURI`: the route that creates a dataset.
+
+#include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/error/AnyValue.h>
+#include <VanticRestKit/platform/url/URLQueryItem.h>
+#include <VanticRestKit/trelvo/Common/SourceSystem.h>
+#include <VanticRestKit/trelvo/Dataset/DatasetBody.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace VanticRestKit {
+
+/// Creates the dataset of a namespace. The dataset travels in the body as a form field.
+struct CreateDatasetURI {
+    std::string uid{};
+    SourceSystem source{};
+    std::string namespace_{};
+    Dictionary dataset{};
+    std::string httpMethod = "POST";
+
+    std::string path() const { return "v2/dataset/" + namespace_; }
+    std::vector<URLQueryItem> queryItems() const {
+        return {{"UID", uid},
+                {"source", std::string(rawValue(source))},
+                {"include", "private"}};
+    }
+    /// Empty where a number of the dataset is none, or a text is not UTF-8: no body goes out then.
+    std::optional<Data> postData() const { return datasetBody(dataset); }
+
+    friend bool operator==(const CreateDatasetURI&, const CreateDatasetURI&) = default;
+};
+
+}  // namespace VanticRestKit

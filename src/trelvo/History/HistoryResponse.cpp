@@ -1,0 +1,17 @@
+#include <VanticRestKit/trelvo/History/HistoryResponse.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<HistoryResponse>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<HistoryResponse>(
+        lenient<&HistoryResponse::meta>("meta"),
+        lenient<&HistoryResponse::auth>("auth"),
+        lenient<&HistoryResponse::data>("data"));
+    return plan;
+}
+
+}  // namespace VanticRestKit

@@ -1,0 +1,31 @@
+#pragma once
+
+/// \file
+/// `HistoryResponse`: the answer to a request about a viewing history.
+
+#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/trelvo/Common/Auth.h>
+#include <VanticRestKit/trelvo/Common/ResponseMeta.h>
+#include <VanticRestKit/trelvo/History/HistoryData.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <optional>
+#include <vector>
+
+namespace VanticRestKit {
+
+/// The answer to a request about a viewing history. Any JSON object decodes into one.
+struct HistoryResponse {
+    std::optional<ResponseMeta> meta{};
+    /// Empty also where one record does not decode; a list without records is something else.
+    std::optional<std::vector<HistoryData>> data{};
+    /// The tokens that count from now on, where the service has renewed them.
+    std::optional<Auth> auth{};
+
+    friend bool operator==(const HistoryResponse&, const HistoryResponse&) = default;
+};
+
+template <>
+VRK_EXPORT const TypePlan& planOf<HistoryResponse>();
+
+}  // namespace VanticRestKit

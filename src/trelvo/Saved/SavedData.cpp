@@ -1,0 +1,25 @@
+#include <VanticRestKit/trelvo/Saved/SavedData.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+#include <VanticRestKit/trelvo/Common/apiDate.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<SavedData>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<SavedData>(
+        lenient<&SavedData::source>("source"),
+        required<&SavedData::oid>("oid"),
+        required<&SavedData::slug>("slug"),
+        required<&SavedData::namespace_>("namespace"),
+        required<&SavedData::key>("key"),
+        required<&SavedData::order>("order"),
+        lenient<&SavedData::created, apiDate>("created"),
+        lenient<&SavedData::updated, apiDate>("updated"));
+    return plan;
+}
+
+static_assert(SavedEntityProtocol<SavedData>);
+
+}  // namespace VanticRestKit

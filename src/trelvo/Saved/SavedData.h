@@ -1,0 +1,50 @@
+#pragma once
+
+/// \file
+/// `SavedData`: one thing that a user has saved.
+
+#include <VanticRestKit/platform/date/Date.h>
+#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/trelvo/Common/SourceSystem.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <concepts>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace VanticRestKit {
+
+/// What a record of a saved thing offers.
+template <class T>
+concept SavedEntityProtocol = requires(const T& record) {
+    planOf<T>();
+    { record.source } -> std::convertible_to<std::optional<SourceSystem>>;
+    { record.oid } -> std::convertible_to<std::string>;
+    { record.slug } -> std::convertible_to<std::string>;
+    { record.namespace_ } -> std::convertible_to<std::string>;
+    { record.key } -> std::convertible_to<std::string>;
+    { record.order } -> std::convertible_to<std::int64_t>;
+    { record.created } -> std::convertible_to<std::optional<Date>>;
+    { record.updated } -> std::convertible_to<std::optional<Date>>;
+};
+
+/// One thing that a user has saved.
+struct SavedData {
+    /// Empty also for a system that is not known.
+    std::optional<SourceSystem> source{};
+    std::string oid{};
+    std::string slug{};
+    std::string namespace_{};
+    std::string key{};
+    std::int64_t order{};
+    std::optional<Date> created{};
+    std::optional<Date> updated{};
+
+    friend bool operator==(const SavedData&, const SavedData&) = default;
+};
+
+template <>
+VRK_EXPORT const TypePlan& planOf<SavedData>();
+
+}  // namespace VanticRestKit

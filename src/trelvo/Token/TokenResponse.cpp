@@ -1,0 +1,16 @@
+#include <VanticRestKit/trelvo/Token/TokenResponse.h>
+
+#include <VanticRestKit/platform/json/Table.h>
+
+namespace VanticRestKit {
+
+template <>
+const TypePlan& planOf<TokenResponse>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<TokenResponse>(
+        lenient<&TokenResponse::meta>("meta"),
+        lenient<&TokenResponse::auth>("auth"));
+    return plan;
+}
+
+}  // namespace VanticRestKit

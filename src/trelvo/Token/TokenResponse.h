@@ -1,0 +1,27 @@
+#pragma once
+
+/// \file
+/// `TokenResponse`: the answer to a token request.
+
+#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/trelvo/Common/Auth.h>
+#include <VanticRestKit/trelvo/Common/ResponseMeta.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <optional>
+
+namespace VanticRestKit {
+
+/// The answer to a token request. Any JSON object decodes into one.
+struct TokenResponse {
+    std::optional<ResponseMeta> meta{};
+    /// Empty also where one part of it does not decode.
+    std::optional<Auth> auth{};
+
+    friend bool operator==(const TokenResponse&, const TokenResponse&) = default;
+};
+
+template <>
+VRK_EXPORT const TypePlan& planOf<TokenResponse>();
+
+}  // namespace VanticRestKit

@@ -1,0 +1,76 @@
+#pragma once
+
+/// \file
+/// `TrelvoError`: why an operation on user data failed.
+
+#include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace VanticRestKit {
+
+/// Why an operation on user data failed. An immutable value; `==` compares the case alone.
+class VRK_EXPORT TrelvoError {
+public:
+    enum class Kind {
+        noAuthToken,
+        datasetNamespaceMismatch,
+        general,
+        unknown,
+        datasetDoesNotExist,
+        noUid,
+        accountReconsentRequired,
+        unableToRetrieveHistoryData,
+        unableToRetrieveSavedData,
+    };
+
+    /// There is no token, and the last attempt to get one failed with `authError`.
+    static TrelvoError noAuthToken(Error authError);
+    /// A dataset came that is of another namespace than was asked for.
+    static TrelvoError datasetNamespaceMismatch(std::optional<std::string> expected,
+                                                std::optional<std::string> actual);
+    /// The request failed with `error`, a `LoaderError`.
+    static TrelvoError general(Error error);
+    static TrelvoError unknown(std::optional<std::string> message);
+    static TrelvoError datasetDoesNotExist();
+    /// Nobody is signed in.
+    static TrelvoError noUid();
+    /// The service refused a token: the user may have to consent anew.
+    static TrelvoError accountReconsentRequired();
+    static TrelvoError unableToRetrieveHistoryData();
+    static TrelvoError unableToRetrieveSavedData();
+
+    Kind kind() const noexcept { return kind_; }
+    /// What `noAuthToken` and `general` hold; empty for the other cases.
+    const std::optional<Error>& underlyingError() const noexcept { return error_; }
+    /// What `unknown` says; may be empty. Empty for the other cases.
+    const std::optional<std::string>& message() const noexcept { return first_; }
+    /// The namespaces of `datasetNamespaceMismatch`; each may be empty. Empty for the other cases.
+    const std::optional<std::string>& expected() const noexcept { return first_; }
+    const std::optional<std::string>& actual() const noexcept { return second_; }
+
+    /// A sentence for people.
+    std::string errorDescription() const;
+    std::string localizedDescription() const { return errorDescription(); }
+
+    static const ErrorTag& errorTag();
+    static std::string errorDomain() { return "VanticRestKit.TrelvoError"; }
+    std::int64_t errorCode() const noexcept { return static_cast<std::int64_t>(kind_); }
+    std::string generalDescription() const { return errorDescription(); }
+
+    friend bool operator==(const TrelvoError& a, const TrelvoError& b) noexcept { return a.kind_ == b.kind_; }
+
+private:
+    explicit TrelvoError(Kind kind) : kind_(kind) {}
+
+    Kind kind_;
+    std::optional<Error> error_;
+    std::optional<std::string> first_;   // a message, or the namespace expected
+    std::optional<std::string> second_;  // the namespace that came
+};
+
+}  // namespace VanticRestKit
