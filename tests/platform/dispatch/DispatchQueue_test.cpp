@@ -6,6 +6,7 @@
 #include <support/Event.h>
 
 #include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <iterator>
 #include <memory>
@@ -193,10 +194,8 @@ TEST(DispatchQueue, LetsOthersRunWhileManyQueuesNeverComeToAnEnd) {
 }
 
 TEST(DispatchQueue, MakesTenThousandQueuesWithoutAThreadAndRunsThemOnOnePool) {
-    // The pool's own threads are there from here on.
-    const Event warm;
-    DispatchQueue("warm").async([warm] { warm.signal(); });
-    ASSERT_TRUE(warm.wait());
+    // Threads that stood in for waiting ones in other tests are to be gone.
+    ASSERT_TRUE(detail::PoolProbe::awaitThreads(detail::PoolProbe::limit(), std::chrono::seconds(30)));
 
     constexpr int count = 10'000;
     const Event ran;
@@ -205,7 +204,8 @@ TEST(DispatchQueue, MakesTenThousandQueuesWithoutAThreadAndRunsThemOnOnePool) {
         const detail::PoolPause pause;
         const auto before = threadsOfThisProcess();
         for (int i = 0; i < count; ++i) queues.emplace_back("dev.vantic.lumenoKitSDK.Loader");
-        EXPECT_EQ(threadsOfThisProcess(), before);
+        // Threads of other tests may end meanwhile.
+        EXPECT_LE(threadsOfThisProcess(), before);
         for (const auto& queue : queues) queue.async([ran] { ran.signal(); });
         EXPECT_LE(detail::PoolProbe::threads(), detail::PoolProbe::limit());
     }

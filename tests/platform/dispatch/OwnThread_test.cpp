@@ -5,10 +5,11 @@
 #include <support/Event.h>
 
 #include <filesystem>
-#include <iterator>
+#include <fstream>
 #include <memory>
 #include <optional>
 #include <set>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -31,9 +32,13 @@ void signalAtTheEndOfThisThread(const Event& ended) {
     atTheEnd.emplace(ended);
 }
 
-std::ptrdiff_t threadsOfThisProcess() {
-    const std::filesystem::directory_iterator threads("/proc/self/task");
-    return std::distance(begin(threads), end(threads));
+bool isThereAThreadNamed(const std::string& name) {
+    for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task")) {
+        std::string text;
+        std::getline(std::ifstream(thread.path() / "comm"), text);
+        if (text == name) return true;
+    }
+    return false;
 }
 
 }  // namespace
@@ -64,11 +69,18 @@ TEST(QueueWithOwnThread, RunsAllBlocksInOrderOnOneThreadThatIsNotThePools) {
     for (int i = 0; i < 1000; ++i) ASSERT_EQ(seen[static_cast<std::size_t>(i)], i);
 }
 
-TEST(QueueWithOwnThread, StartsItsThreadWithTheFirstBlock) {
-    const auto before = threadsOfThisProcess();
-    const auto queue = DispatchQueue::withOwnThread("test");
-    EXPECT_EQ(threadsOfThisProcess(), before);
-    EXPECT_EQ(queue.label(), "test");
+TEST(QueueWithOwnThread, StartsItsThreadWithTheFirstBlockAndNamesItByItsLabel) {
+    const auto queue = DispatchQueue::withOwnThread("starts-late");
+    EXPECT_EQ(queue.label(), "starts-late");
+    EXPECT_FALSE(isThereAThreadNamed("starts-late"));
+    const Event ran;
+    bool isThere = false;
+    queue.async([&] {
+        isThere = isThereAThreadNamed("starts-late");
+        ran.signal();
+    });
+    ASSERT_TRUE(ran.wait());
+    EXPECT_TRUE(isThere);
 }
 
 TEST(QueueWithOwnThread, EndsItsThreadWhenTheLastHandleIsGone) {
