@@ -7,7 +7,6 @@
 
 #include <Core/FakeContext.h>
 #include <Core/FakeSession.h>
-#include <dirent.h>
 
 namespace VanticRestKit {
 namespace {
@@ -381,24 +380,6 @@ TEST_F(ResourceTest, ThePublisherOfAnOptionalGivesAValueThatIsThere) {
         [&values](std::optional<double> value) { values.push_back(value); });
     context.session->reply(test::answer(200, "2"));
     EXPECT_EQ(values, std::vector<std::optional<double>>{2.0});
-}
-
-int threadsOfThisProcess() {
-    int count = 0;
-    DIR* const tasks = opendir("/proc/self/task");
-    if (tasks == nullptr) return -1;
-    while (const dirent* const entry = readdir(tasks)) count += entry->d_name[0] != '.' ? 1 : 0;
-    closedir(tasks);
-    return count;
-}
-
-TEST_F(ResourceTest, MakingAResourceStartsNoThread) {
-    const test::MinimalContext minimal;
-    const int before = threadsOfThisProcess();
-    for (int count = 0; count < 10; ++count) {
-        EXPECT_TRUE(Resource<double>::make({.with = PostURI{}}, minimal));
-    }
-    EXPECT_EQ(threadsOfThisProcess(), before);
 }
 
 }  // namespace

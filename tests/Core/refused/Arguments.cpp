@@ -1,7 +1,9 @@
 // Arguments with the fault that CASE names.
 #include <VanticRestKit/Core/HrefURI.h>
-#include <VanticRestKit/Core/Loader.h>
 #include <VanticRestKit/Core/Required.h>
+#if CASE == 4
+#include <VanticRestKit/Core/Loader.h>
+#endif
 
 #include <cstdint>
 
@@ -20,7 +22,7 @@ int main() {
     const HrefURI uri({.withHref = "x", .andQueryItems = {{"a", "1"}}});
     const Limit limit{.limit = 5u};
 #elif CASE == 1
-    const HrefURI uri({.andQueryItems = {{"a", "1"}}});
+    const HrefURI::Arguments uri{.andQueryItems = {{"a", "1"}}};
     const Limit limit{.limit = 5u};
 #elif CASE == 2
     const HrefURI::Arguments uri{.withHref = "x"};
