@@ -1,0 +1,168 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/lumeno/CollectionItem/CollectionItem.h>
+
+#include <platform/json/FieldRules.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::decoded;
+using test::Word;
+using Text = std::optional<std::string>;
+
+/// A host's own item. It has fields that the interface has too and that do not count.
+struct Podcast {
+    Text name{};
+    Text description{};
+    Text slug{};
+    bool captionsAvailable = true;
+    std::vector<Link> categoryLinks{{.href = "category"}};
+    std::vector<std::string> words{};
+    Text none() const { return {}; }
+    std::optional<std::uint64_t> number() const { return 7; }
+    std::optional<DirectPlayableVideo> video() const { return DirectPlayableVideo{.id = name}; }
+    Text slugOfTheShow() const { return CollectionItem::showSlug({.from = "a/b/" + name.value_or("")}); }
+    friend bool operator==(const Podcast&, const Podcast&) = default;
+};
+
+/// Of the same fields, and all the same another type.
+struct Radio : Podcast {
+    friend bool operator==(const Radio&, const Radio&) = default;
+};
+
+template <class T>
+consteval CollectionItemTable hostTable() {
+    using enum CollectionItemMember;
+    return collectionItem<T>(
+        own<selfHref, &T::none>(), own<deeplinkHref, &T::none>(), own<title, &T::name>(), own<displayTitle, &T::none>(),
+        own<thumbnail, &T::none>(), own<showTitle, &T::none>(), own<showId, &T::number>(), own<playableVideo, &T::video>(),
+        own<kickerTitle, &T::none>(), own<tags, &T::words>(), own<showHref, &T::none>(), own<channel, &T::none>(),
+        own<channelTitle, &T::none>(), own<derivedShowSlug, &T::slugOfTheShow>());
+}
+
+test::EntityRules directPlayableVideos() {
+    return {.type = test::decodable<DirectPlayableVideo>,
+            .least = "{}",
+            .fields = {{"id", "id", Word::lenient, test::text()},
+                       {"href", "href", Word::lenient, test::text()},
+                       {"playTitle", "playTitle", Word::lenient, test::text()}}};
+}
+
+Text slugFrom(Text text) { return CollectionItem::showSlug({.from = std::move(text)}); }
+
+}  // namespace
+
+template <>
+inline constexpr bool isCollectionItem<Podcast> = true;
+template <>
+const CollectionItemTable& collectionItemTable<Podcast>() {
+    static constexpr CollectionItemTable table = hostTable<Podcast>();
+    return table;
+}
+template <>
+inline constexpr bool isCollectionItem<Radio> = true;
+template <>
+const CollectionItemTable& collectionItemTable<Radio>() {
+    static constexpr CollectionItemTable table = hostTable<Radio>();
+    return table;
+}
+
+namespace {
+
+TEST(DirectPlayableVideo, HasThreeFields) { test::expectDeclaredFields(directPlayableVideos()); }
+
+TEST(DirectPlayableVideo, TakesEachFieldFromItsKeyOrLeavesItEmpty) {
+    test::expectFieldsInEveryState(directPlayableVideos());
+}
+
+TEST(DirectPlayableVideo, FailsOnlyWhereItIsNoObject) { test::expectAnObjectOnly(test::decodable<DirectPlayableVideo>); }
+
+TEST(DirectPlayableVideo, IsEmptyFromAnEmptyObject) {
+    EXPECT_EQ(decoded<DirectPlayableVideo>("{}"), DirectPlayableVideo{});
+    EXPECT_EQ(test::failureOf<DirectPlayableVideo>("[]"), "typeMismatch []");
+}
+
+TEST(DirectPlayableVideo, IsMadeOfItsFieldsInDeclaredOrder) {
+    const DirectPlayableVideo video{.id = "a", .href = "b", .playTitle = "c"};
+    EXPECT_EQ(valueText(video), R"({"id":"a","href":"b","playTitle":"c"})");
+    EXPECT_EQ(decoded<DirectPlayableVideo>(valueText(video)), video);
+}
+
+TEST(ShowSlug, IsTheThirdPartOfAPath) {
+    EXPECT_EQ(slugFrom("a/b/c"), "c");
+    EXPECT_EQ(slugFrom("show/xyz/x"), "x");
+    EXPECT_EQ(slugFrom("a/b/c/d/e"), "c");
+}
+
+TEST(ShowSlug, IsTheSecondWordOfAPathThatBeginsWithASlash) {
+    EXPECT_EQ(slugFrom("/show/xyz/x"), "xyz");
+    EXPECT_EQ(slugFrom("/show/xyz"), "xyz");
+}
+
+TEST(ShowSlug, IsEmptyOfNothingAndOfTooFewParts) {
+    EXPECT_EQ(slugFrom(std::nullopt), std::nullopt);
+    for (const char* const path : {"", "a", "a/b", "/", "/a", "a/"}) EXPECT_EQ(slugFrom(path), std::nullopt) << path;
+}
+
+TEST(ShowSlug, MayBeAPartWithoutCharacters) {
+    EXPECT_EQ(slugFrom("/show//x"), "");
+    EXPECT_EQ(slugFrom("a//b"), "b");
+    EXPECT_EQ(slugFrom("a/b/"), "");
+    EXPECT_EQ(slugFrom("//"), "");
+    EXPECT_EQ(slugFrom("///"), "");
+}
+
+TEST(CollectionItem, OfAHostGivesWhatItsListNamesAndTheDefaultsForTheRest) {
+    const CollectionItem item = Podcast{.name = "n", .description = "d", .slug = "s", .words = {"w"}};
+    EXPECT_EQ(item.title(), "n");
+    EXPECT_EQ(item.showId(), 7U);
+    EXPECT_EQ(item.playableVideo(), DirectPlayableVideo{.id = "n"});
+    EXPECT_EQ(item.tags(), std::vector<std::string>{"w"});
+    EXPECT_EQ(item.derivedShowSlug(), "n");
+    for (const Text& none : {item.selfHref(), item.deeplinkHref(), item.displayTitle(), item.thumbnail(), item.showTitle(),
+                             item.kickerTitle(), item.showHref(), item.channel(), item.channelTitle()}) {
+        EXPECT_EQ(none, std::nullopt);
+    }
+}
+
+TEST(CollectionItem, HasTheInterfacesDefaultWhereTheListNamesNoMemberWhateverFieldsThereAre) {
+    const CollectionItem item = Podcast{.name = "n", .description = "d", .slug = "s"};
+    EXPECT_EQ(item.description(), std::nullopt);
+    EXPECT_EQ(item.slug(), std::nullopt);
+    EXPECT_FALSE(item.captionsAvailable());
+    EXPECT_EQ(item.categoryLinks(), std::vector<Link>());
+    EXPECT_EQ(item.subtype(), std::nullopt);
+    EXPECT_EQ(item.status(), std::nullopt);
+    EXPECT_EQ(item.duration(), std::nullopt);
+    EXPECT_EQ(item.updated(), std::nullopt);
+    EXPECT_EQ(item.episodeCount(), std::nullopt);
+    for (const Text& none :
+         {item.classification(), item.displaySubtitle(), item.seriesTitle(), item.houseNumber(), item.displayDuration(),
+          item.displayDurationAccessible(), item.availability(), item.portraitThumbnail(), item.portraitTitledThumbnail(),
+          item.episodePortraitThumbnail(), item.character1Thumbnail(), item.character2Thumbnail(), item.broadcastInfo()}) {
+        EXPECT_EQ(none, std::nullopt);
+    }
+}
+
+TEST(CollectionItem, HandsOutTheEntityOfItsOwnTypeAlone) {
+    const CollectionItem podcast = Podcast{.name = "n"};
+    ASSERT_NE(podcast.as<Podcast>(), nullptr);
+    EXPECT_EQ(podcast.as<Podcast>()->name, "n");
+    EXPECT_EQ(podcast.as<Radio>(), nullptr);
+}
+
+TEST(CollectionItem, IsEqualToOneOfAnEqualEntityOfTheSameType) {
+    EXPECT_EQ(CollectionItem(Podcast{.name = "n"}), CollectionItem(Podcast{.name = "n"}));
+    EXPECT_NE(CollectionItem(Podcast{.name = "n"}), CollectionItem(Podcast{.name = "m"}));
+    EXPECT_NE(CollectionItem(Podcast{}), CollectionItem(Radio{}));
+}
+
+TEST(CollectionItem, SharesItsEntityWithItsCopies) {
+    const CollectionItem item = Podcast{.name = "n"};
+    const CollectionItem copy = item;
+    EXPECT_EQ(copy.as<Podcast>(), item.as<Podcast>());
+    EXPECT_EQ(copy, item);
+}
+
+}  // namespace
+}  // namespace VanticRestKit

@@ -1,0 +1,147 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/lumeno/Playlist/Streams.h>
+
+#include <platform/json/FieldRules.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::decoded;
+using test::failureOf;
+using test::shown;
+using test::Word;
+using Level = StreamInfo::StreamLevel;
+
+const std::string noAddress = R"({"protected":false,"sd":null,"sdLow":null,"hd720":null,"hd1080":null})";
+
+test::EntityRules streamInfos() {
+    return {.type = test::decodable<StreamInfo>,
+            .least = "{}",
+            .fields = {{"protected", "protected", Word::lenient, test::flag()},
+                       {"sd", "sd", Word::lenient, test::text()},
+                       {"sdLow", "sd-low", Word::lenient, test::text()},
+                       {"hd720", "720", Word::lenient, test::text()},
+                       {"hd1080", "1080", Word::lenient, test::text()}}};
+}
+
+test::Shape streamInfo() {
+    return test::objectOf({{R"({"sd":"$","protected":true})",
+                            R"({"protected":true,"sd":"$","sdLow":null,"hd720":null,"hd1080":null})"},
+                           {"{}", noAddress},
+                           {R"({"sd":1,"protected":1})", noAddress}});
+}
+
+test::EntityRules streams() {
+    return {.type = test::decodable<Streams>,
+            .least = R"({"hls":{}})",
+            .fields = {{"mpegdash", "mpegdash", Word::optional, streamInfo()},
+                       {"fairplay", "fairplay", Word::optional, streamInfo()},
+                       {"hls", "hls", Word::required, streamInfo()}}};
+}
+
+TEST(StreamInfo, HasFiveFields) { test::expectDeclaredFields(streamInfos()); }
+
+TEST(StreamInfo, TakesEachFieldFromItsKeyOrLeavesItEmpty) { test::expectFieldsInEveryState(streamInfos()); }
+
+TEST(StreamInfo, FailsOnlyWhereItIsNoObject) { test::expectAnObjectOnly(test::decodable<StreamInfo>); }
+
+TEST(StreamInfo, IsNotProtectedByATextOrANumber) {
+    EXPECT_EQ(decoded<StreamInfo>(R"({"protected":"true"})"), StreamInfo{});
+    EXPECT_EQ(decoded<StreamInfo>(R"({"protected":1})"), StreamInfo{});
+    EXPECT_EQ(decoded<StreamInfo>(R"({"protected":true})"), StreamInfo{.protected_ = true});
+}
+
+TEST(StreamInfo, IsMadeOfItsFieldsInDeclaredOrder) {
+    const StreamInfo info{.protected_ = true, .sd = "a", .sdLow = "b", .hd720 = "c", .hd1080 = "d"};
+    EXPECT_EQ(valueText(info), R"({"protected":true,"sd":"a","sdLow":"b","hd720":"c","hd1080":"d"})");
+    EXPECT_EQ(decoded<StreamInfo>(R"({"protected":true,"sd":"a","sd-low":"b","720":"c","1080":"d"})"), info);
+}
+
+TEST(StreamInfoAddress, OfALevelIsThatLevelsOwn) {
+    const StreamInfo info{.sd = "a", .sdLow = "b", .hd720 = "c", .hd1080 = "d"};
+    EXPECT_EQ(info.url({.for_ = Level::sd}), "a");
+    EXPECT_EQ(info.url({.for_ = Level::sdLow}), "b");
+    EXPECT_EQ(info.url({.for_ = Level::hd720}), "c");
+    EXPECT_EQ(info.url({.for_ = Level::hd1080}), "d");
+}
+
+TEST(StreamInfoAddress, OfALevelWithoutOneIsEmptyWhateverItsNeighboursHave) {
+    const StreamInfo info{.hd1080 = "d"};
+    EXPECT_EQ(info.url({.for_ = Level::hd720}), std::nullopt);
+    EXPECT_EQ(info.url({.for_ = Level::sd}), std::nullopt);
+    EXPECT_EQ(info.url({.for_ = Level::sdLow}), std::nullopt);
+}
+
+TEST(StreamInfoAddress, IsThatOfTheBestOrThePoorestLevelThatHasOne) {
+    const StreamInfo plain{.sd = "sd", .sdLow = "low"};
+    EXPECT_EQ(plain.url({.preferHighest = true}), "sd");
+    EXPECT_EQ(plain.url({.preferHighest = false}), "low");
+    const StreamInfo far{.sdLow = "low", .hd1080 = "1080"};
+    EXPECT_EQ(far.url({.preferHighest = true}), "1080");
+    EXPECT_EQ(far.url({.preferHighest = false}), "low");
+    const StreamInfo middle{.sd = "sd", .hd720 = "720"};
+    EXPECT_EQ(middle.url({.preferHighest = true}), "720");
+    EXPECT_EQ(middle.url({.preferHighest = false}), "sd");
+}
+
+TEST(StreamInfoAddress, IsEmptyWhereNoLevelHasOne) {
+    EXPECT_EQ(StreamInfo{}.url({.preferHighest = true}), std::nullopt);
+    EXPECT_EQ(StreamInfo{.protected_ = true}.url({.preferHighest = false}), std::nullopt);
+}
+
+TEST(StreamInfoAddress, CountsWithoutAnyCharacters) {
+    const StreamInfo info{.sd = "", .hd720 = "a"};
+    EXPECT_EQ(info.url({.preferHighest = false}), "");
+    EXPECT_EQ(info.url({.preferHighest = true}), "a");
+}
+
+TEST(StreamLevel, HasAnOrderOfQualityThatIsNotTheOrderOfItsCases) {
+    const std::vector<Level> fromHigh = {Level::hd1080, Level::hd720, Level::sd, Level::sdLow};
+    const std::vector<Level> fromLow = {Level::sdLow, Level::sd, Level::hd720, Level::hd1080};
+    EXPECT_EQ(StreamInfo::highToLow(), fromHigh);
+    EXPECT_EQ(StreamInfo::lowToHigh(), fromLow);
+    EXPECT_EQ(static_cast<int>(Level::sd), 0);
+    EXPECT_EQ(static_cast<int>(Level::sdLow), 1);
+    EXPECT_EQ(static_cast<int>(Level::hd720), 2);
+    EXPECT_EQ(static_cast<int>(Level::hd1080), 3);
+}
+
+TEST(StreamLevel, DecodesFromItsRawText) {
+    EXPECT_EQ(decoded<Level>("\"sd\""), Level::sd);
+    EXPECT_EQ(decoded<Level>("\"sd-low\""), Level::sdLow);
+    EXPECT_EQ(decoded<Level>("\"720\""), Level::hd720);
+    EXPECT_EQ(decoded<Level>("\"1080\""), Level::hd1080);
+    for (const char* const unknown : {"\"sdLow\"", "\"SD\"", "\"hd720\"", "\"\"", "\"1080 \""}) {
+        EXPECT_EQ(failureOf<Level>(unknown), "dataCorrupted []") << unknown;
+    }
+    EXPECT_EQ(failureOf<Level>("720"), "typeMismatch []");
+    EXPECT_EQ(failureOf<Level>("null"), "valueNotFound []");
+}
+
+TEST(Streams, HasThreeFields) { test::expectDeclaredFields(streams()); }
+
+TEST(Streams, FailsWithoutHLSOrWithAStreamThatIsNoObject) { test::expectFieldsInEveryState(streams()); }
+
+TEST(Streams, IsAnObject) { test::expectAnObjectOnly(test::decodable<Streams>); }
+
+TEST(Streams, MayHaveHLSWithoutAnAddress) {
+    EXPECT_EQ(shown<Streams>(R"({"hls":{}})"), R"({"mpegdash":null,"fairplay":null,"hls":)" + noAddress + "}");
+}
+
+TEST(Streams, HasNoMPEGDASHFromNullAndFailsWithAText) {
+    EXPECT_EQ(shown<Streams>(R"({"mpegdash":null,"hls":{}})"), R"({"mpegdash":null,"fairplay":null,"hls":)" + noAddress + "}");
+    EXPECT_EQ(failureOf<Streams>(R"({"mpegdash":"x","hls":{}})"), R"(typeMismatch ["mpegdash"])");
+}
+
+TEST(Streams, FailsWithTheFirstStreamThatDoes) {
+    test::expectErrorsInOrder(streams(), {{"mpegdash", "\"x\""}, {"fairplay", "[]"}, {"hls", "null"}});
+    EXPECT_EQ(failureOf<Streams>(R"({"fairplay":1})"), R"(typeMismatch ["fairplay"])");
+}
+
+TEST(Streams, IsMadeOfItsFieldsInDeclaredOrder) {
+    const Streams streams{.mpegdash = StreamInfo{.sd = "a"}, .fairplay = StreamInfo{.sd = "b"}, .hls = {.sd = "c"}};
+    EXPECT_EQ(decoded<Streams>(R"({"mpegdash":{"sd":"a"},"fairplay":{"sd":"b"},"hls":{"sd":"c"}})"), streams);
+}
+
+}  // namespace
+}  // namespace VanticRestKit
