@@ -104,9 +104,13 @@ const TypePlan& makeObjectPlan(std::string_view name, std::span<const Row> rows,
     Builder(*object, fresh).fill(*object, rows);
     std::sort(object->members.begin(), object->members.end(),
               [](const MemberPlan& a, const MemberPlan& b) { return a.offset < b.offset; });
-    auto* plan = new TypePlan{.kind = ValueKind::object, .name = name};
-    plan->object = object;
-    return *plan;
+    // The fresh value goes with the plan also where no field looks at it, as in a type that is only computed.
+    struct Kept {
+        TypePlan plan;
+        const void* fresh;
+    };
+    auto* kept = new Kept{{.kind = ValueKind::object, .name = name, .object = object}, fresh};
+    return kept->plan;
 }
 
 std::size_t successorMemory() noexcept { return nextMemory.load(std::memory_order_relaxed); }
