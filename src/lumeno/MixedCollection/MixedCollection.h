@@ -10,6 +10,7 @@
 #include <VanticRestKit/lumeno/MixedCollection/MixedCollectionType.h>
 #include <VanticRestKit/lumeno/MixedCollection/MixedItem.h>
 #include <VanticRestKit/platform/json/Fresh.h>
+#include <VanticRestKit/platform/json/JSONEncoder.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
 #include <VanticRestKit/Visibility.h>
 
@@ -76,6 +77,8 @@ struct VRK_EXPORT MixedCollection {
 
 /// Decodes from any JSON value without reading it, and encodes as an object without members.
 struct MixedCollection::Empty {
+    void encode(JSONObjectWriter&) const {}
+
     friend bool operator==(const Empty&, const Empty&) = default;
 };
 
