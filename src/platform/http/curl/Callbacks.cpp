@@ -1,5 +1,5 @@
 #include <VanticRestKit/platform/http/curl/detail/Callbacks.h>
-#include <VanticRestKit/platform/http/curl/detail/Options.h>
+#include <VanticRestKit/platform/http/curl/detail/Exchange.h>
 
 #include <string_view>
 
@@ -10,7 +10,7 @@ namespace {
 // A redirect's body is read so that its connection can be used again; a larger one is not worth it.
 constexpr std::uint64_t mostForgotten = 256 * 1024;
 
-Attempt& attemptOf(void* user) { return *static_cast<Attempt*>(user); }
+Attempt& attemptOf(void* user) { return *static_cast<EasyHandle*>(user)->attempt; }
 
 // Each of the following ends the request by taking less than it was given.
 std::size_t onHeaderLine(char* bytes, std::size_t size, std::size_t count, void* user) {
@@ -82,24 +82,20 @@ int onCloseSocket(void* user, curl_socket_t socket) { return static_cast<Connect
 
 }  // namespace
 
-bool installCallbacks(Attempt& attempt) {
-    Options options(attempt.easy);
-    options.set(CURLOPT_PRIVATE, &attempt.exchange);
-    options.set(CURLOPT_ERRORBUFFER, attempt.errorText.data());
+void setCallbacks(Options& options, EasyHandle& handle, Connections& connections) {
     options.set(CURLOPT_HEADERFUNCTION, &onHeaderLine);
-    options.set(CURLOPT_HEADERDATA, &attempt);
+    options.set(CURLOPT_HEADERDATA, &handle);
     options.set(CURLOPT_WRITEFUNCTION, &onBody);
-    options.set(CURLOPT_WRITEDATA, &attempt);
+    options.set(CURLOPT_WRITEDATA, &handle);
     options.set(CURLOPT_NOPROGRESS, 0L);
     options.set(CURLOPT_XFERINFOFUNCTION, &onProgress);
-    options.set(CURLOPT_XFERINFODATA, &attempt);
+    options.set(CURLOPT_XFERINFODATA, &handle);
     options.set(CURLOPT_PREREQFUNCTION, &onReadyToSend);
-    options.set(CURLOPT_PREREQDATA, &attempt);
+    options.set(CURLOPT_PREREQDATA, &handle);
     options.set(CURLOPT_OPENSOCKETFUNCTION, &onOpenSocket);
-    options.set(CURLOPT_OPENSOCKETDATA, &attempt);
+    options.set(CURLOPT_OPENSOCKETDATA, &handle);
     options.set(CURLOPT_CLOSESOCKETFUNCTION, &onCloseSocket);
-    options.set(CURLOPT_CLOSESOCKETDATA, &attempt.surroundings.connections);
-    return options.areTaken();
+    options.set(CURLOPT_CLOSESOCKETDATA, &connections);
 }
 
 }  // namespace VanticRestKit::detail

@@ -1,4 +1,5 @@
 #include <VanticRestKit/platform/http/curl/detail/CurlErrors.h>
+#include <VanticRestKit/platform/http/curl/detail/EasySetup.h>
 #include <VanticRestKit/platform/http/curl/detail/IoLoop.h>
 #include <VanticRestKit/platform/http/detail/Origin.h>
 #include <VanticRestKit/platform/http/detail/RedirectRule.h>
@@ -34,11 +35,11 @@ CURLM* makeMulti(std::size_t connectionsPerHost) {
 
 IoLoop::IoLoop(const URLSessionConfiguration& configuration, std::shared_ptr<Inbox> inbox,
                DispatchQueue delegateQueue)
-    : settings_{.caBundlePath = configuration.caBundlePath},
-      usualInterval_(configuration.timeoutIntervalForRequest),
+    : usualInterval_(configuration.timeoutIntervalForRequest),
       inbox_(std::move(inbox)),
       delegateQueue_(std::move(delegateQueue)),
       multi_(makeMulti(connectionsPerHost(configuration))),
+      pool_({.caBundlePath = configuration.caBundlePath, .connections = &connections_}),
       admission_(connectionsPerHost(configuration)),
       suspects_(connections_, admission_,
                 [this](const Connection& connection, const std::function<void(Exchange&)>& visit) {
@@ -114,10 +115,10 @@ void IoLoop::admit() {
 void IoLoop::attempt(Exchange& exchange) {
     exchange.attempt = std::make_unique<Attempt>(
         exchange, AttemptSurroundings{.now = now_, .connections = connections_, .admission = admission_});
-    exchange.attempt->easy = pool_.take();
+    exchange.attempt->handle = pool_.take();
     deadlines_.watch(exchange, now_);
-    if (!prepareEasy(*exchange.attempt, settings_, admission_.hasSetAside(exchange)) ||
-        curl_multi_add_handle(multi_, exchange.attempt->easy) != CURLM_OK) {
+    if (!prepareEasy(*exchange.attempt, admission_.hasSetAside(exchange)) ||
+        curl_multi_add_handle(multi_, exchange.attempt->handle->get()) != CURLM_OK) {
         release(exchange);
         fail(exchange, {URLErrorCode::badURL, "The request cannot be put in the form in which it is sent."});
     }
@@ -130,7 +131,7 @@ void IoLoop::collectFinished() {
         const CURLcode code = message->data.result;
         char* user = nullptr;
         curl_easy_getinfo(message->easy_handle, CURLINFO_PRIVATE, &user);
-        settle(*reinterpret_cast<Exchange*>(user), code);
+        settle(reinterpret_cast<EasyHandle*>(user)->attempt->exchange, code);
     }
 }
 
@@ -144,8 +145,8 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
         follow(exchange);
     } else if (code != CURLE_OK) {
         long verified = 0;
-        curl_easy_getinfo(attempt.easy, CURLINFO_SSL_VERIFYRESULT, &verified);
-        const char* const text = attempt.errorText.data();
+        curl_easy_getinfo(attempt.handle->get(), CURLINFO_SSL_VERIFYRESULT, &verified);
+        const char* const text = attempt.handle->errorText();
         fail(exchange, {urlErrorCodeFor(code, text, verified)}, underlyingError(code, text, verified));
     } else if (!attempt.head.isComplete()) {
         fail(exchange,
@@ -239,8 +240,8 @@ void IoLoop::release(Exchange& exchange) {
     admission_.leave(exchange);
     if (!exchange.attempt) return;
     const std::unique_ptr<Attempt> attempt = std::move(exchange.attempt);
-    curl_multi_remove_handle(multi_, attempt->easy);
-    pool_.give(attempt->easy);
+    curl_multi_remove_handle(multi_, attempt->handle->get());
+    pool_.give(std::move(attempt->handle));
     if (!attempt->connection) return;
     --attempt->connection->streams;
     suspects_.left(*attempt->connection);
@@ -268,6 +269,10 @@ void IoLoop::end(Exchange& exchange, Outcome outcome) {
 }
 
 void IoLoop::wait() {
+    if (exchanges_.empty() && !resets_.next()) {
+        inbox_->waitForMail();
+        return;
+    }
     constexpr std::chrono::milliseconds longest{60 * 60 * 1000};
     std::chrono::milliseconds limit = longest;
     for (const auto next : {deadlines_.next(), resets_.next()}) {

@@ -15,8 +15,8 @@ void StreamResets::left(const std::shared_ptr<Connection>& connection, Exchange*
     if (connection->socket < 0) return;
     if (other != nullptr) {
         // Touching the pause of a stream flushes its connection; the stream itself is as before.
-        curl_easy_pause(other->attempt->easy, CURLPAUSE_SEND);
-        curl_easy_pause(other->attempt->easy, CURLPAUSE_CONT);
+        curl_easy_pause(other->attempt->handle->get(), CURLPAUSE_SEND);
+        curl_easy_pause(other->attempt->handle->get(), CURLPAUSE_CONT);
     } else {
         quiet_.push_back({connection, connection->sendings, now + moment});
     }

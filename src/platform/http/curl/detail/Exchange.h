@@ -4,6 +4,7 @@
 /// `Exchange`: one transfer as the I/O thread sees it, and `Attempt`, one request of it in libcurl's hands.
 
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
+#include <VanticRestKit/platform/http/curl/detail/EasyHandle.h>
 #include <VanticRestKit/platform/http/detail/Admission.h>
 #include <VanticRestKit/platform/http/detail/BodyCollector.h>
 #include <VanticRestKit/platform/http/detail/HeaderCollector.h>
@@ -13,7 +14,6 @@
 
 #include <curl/curl.h>
 
-#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -77,9 +77,8 @@ struct Attempt {
 
     Exchange& exchange;
     AttemptSurroundings surroundings;
-    CURL* easy = nullptr;
+    std::unique_ptr<EasyHandle> handle;
     HeaderLines headerLines;
-    std::array<char, CURL_ERROR_SIZE> errorText{};
 
     HeaderCollector head;
     BodyCollector body;

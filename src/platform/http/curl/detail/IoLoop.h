@@ -5,8 +5,7 @@
 
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
-#include <VanticRestKit/platform/http/curl/detail/EasyPool.h>
-#include <VanticRestKit/platform/http/curl/detail/EasySetup.h>
+#include <VanticRestKit/platform/http/curl/detail/EasyHandle.h>
 #include <VanticRestKit/platform/http/curl/detail/Exchange.h>
 #include <VanticRestKit/platform/http/curl/detail/ExitGate.h>
 #include <VanticRestKit/platform/http/curl/detail/Inbox.h>
@@ -60,7 +59,6 @@ private:
     void end(Exchange& exchange, Outcome outcome);
     void wait();
 
-    const EasySettings settings_;
     const std::chrono::duration<double> usualInterval_;
     const std::shared_ptr<Inbox> inbox_;
     const DispatchQueue delegateQueue_;

@@ -1,0 +1,78 @@
+#include <VanticRestKit/platform/http/curl/detail/Callbacks.h>
+#include <VanticRestKit/platform/http/curl/detail/EasyHandle.h>
+#include <VanticRestKit/platform/http/curl/detail/Options.h>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+// Larger pieces, fewer calls; each request under way has one such buffer.
+constexpr long receiveBuffer = 64 * 1024;
+
+void setConduct(Options& options) {
+    options.set(CURLOPT_NOSIGNAL, 1L);
+    // A lookup that is still under way must not hold up the I/O thread when its request is cancelled.
+    options.set(CURLOPT_QUICK_EXIT, 1L);
+    options.set(CURLOPT_PROTOCOLS_STR, "http,https");
+    // A path goes out as it was built, dot segments included.
+    options.set(CURLOPT_PATH_AS_IS, 1L);
+    // An empty text, not null: null would have the environment's proxies count.
+    options.set(CURLOPT_PROXY, "");
+    options.set(CURLOPT_NETRC, static_cast<long>(CURL_NETRC_IGNORED));
+    // Redirects and content codings are ours: libcurl keeps a method where it must not, and takes a body for
+    // whole whose coding is not.
+    options.set(CURLOPT_FOLLOWLOCATION, 0L);
+    options.set(CURLOPT_HTTP_CONTENT_DECODING, 0L);
+    // A handle that still has the buffer of an earlier request keeps it.
+    options.trySet(CURLOPT_BUFFERSIZE, receiveBuffer);
+}
+
+void setSecurity(Options& options, const EasySettings& settings) {
+    options.set(CURLOPT_SSL_VERIFYPEER, 1L);
+    options.set(CURLOPT_SSL_VERIFYHOST, 2L);
+    options.set(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
+    if (!settings.caBundlePath) return;
+    options.set(CURLOPT_CAINFO, settings.caBundlePath->c_str());
+    // Else the system's folder of certificates would count beside the file.
+    options.set(CURLOPT_CAPATH, static_cast<const char*>(nullptr));
+}
+
+}  // namespace
+
+EasyHandle::EasyHandle(const EasySettings& settings) : settings_(settings), easy_(curl_easy_init()) {
+    if (easy_ != nullptr) configure();
+}
+
+EasyHandle::~EasyHandle() { curl_easy_cleanup(easy_); }
+
+void EasyHandle::configure() {
+    Options options(easy_);
+    setConduct(options);
+    setSecurity(options, settings_);
+    options.set(CURLOPT_PRIVATE, this);
+    options.set(CURLOPT_ERRORBUFFER, errorText_.data());
+    setCallbacks(options, *this, *settings_.connections);
+    isGood_ = options.areTaken();
+}
+
+void EasyHandle::renew() {
+    curl_easy_reset(easy_);
+    isUsedUp = false;
+    configure();
+}
+
+std::unique_ptr<EasyHandle> EasyPool::take() {
+    if (idle_.empty()) return std::make_unique<EasyHandle>(settings_);
+    std::unique_ptr<EasyHandle> handle = std::move(idle_.back());
+    idle_.pop_back();
+    return handle;
+}
+
+void EasyPool::give(std::unique_ptr<EasyHandle> handle) {
+    if (!handle->isGood() || idle_.size() == mostIdle) return;
+    handle->attempt = nullptr;
+    if (handle->isUsedUp) handle->renew();
+    idle_.push_back(std::move(handle));
+}
+
+}  // namespace VanticRestKit::detail

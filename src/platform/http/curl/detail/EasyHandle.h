@@ -1,0 +1,79 @@
+#pragma once
+
+/// \file
+/// `EasyHandle`: one of libcurl's easy handles with what stays set from request to request, and `EasyPool`.
+
+#include <VanticRestKit/platform/http/curl/detail/Connections.h>
+
+#include <curl/curl.h>
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace VanticRestKit::detail {
+
+struct Attempt;
+
+/// What all requests of a session have in common.
+struct EasySettings {
+    std::optional<std::string> caBundlePath{};
+    Connections* connections = nullptr;
+};
+
+/// An easy handle. Everything that is the same for all requests of a session is set once, when it is made; it
+/// is ready for a GET without a body then.
+class EasyHandle {
+public:
+    /// `settings` must outlive it.
+    explicit EasyHandle(const EasySettings& settings);
+    ~EasyHandle();
+    EasyHandle(const EasyHandle&) = delete;
+    EasyHandle& operator=(const EasyHandle&) = delete;
+
+    CURL* get() const noexcept { return easy_; }
+    /// Whether libcurl made the handle and took every setting.
+    bool isGood() const noexcept { return isGood_; }
+    /// What libcurl has to say about the error that ended the request.
+    const char* errorText() const noexcept { return errorText_.data(); }
+
+    /// The attempt that the callbacks of this handle work for; null between two.
+    Attempt* attempt = nullptr;
+    /// Whether a request has set more than an address and header lines, so that the next must not find it.
+    bool isUsedUp = false;
+
+    /// Sets everything back to how it was at first.
+    void renew();
+
+private:
+    void configure();
+
+    const EasySettings& settings_;
+    CURL* const easy_;
+    bool isGood_ = false;
+    std::array<char, CURL_ERROR_SIZE> errorText_{};
+};
+
+/// Keeps some handles, so that not every request makes one. For one thread.
+class EasyPool {
+public:
+    explicit EasyPool(EasySettings settings) : settings_(std::move(settings)) {}
+
+    /// A handle that is ready for a GET without a body.
+    std::unique_ptr<EasyHandle> take();
+
+    /// Takes back a handle that is in no multi handle.
+    void give(std::unique_ptr<EasyHandle> handle);
+
+private:
+    static constexpr std::size_t mostIdle = 64;
+
+    const EasySettings settings_;
+    std::vector<std::unique_ptr<EasyHandle>> idle_;
+};
+
+}  // namespace VanticRestKit::detail
