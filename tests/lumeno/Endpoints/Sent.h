@@ -1,0 +1,48 @@
+#pragma once
+
+/// \file
+/// What a resource of the catalogue sends, and what it makes of an answer.
+
+#include <gtest/gtest.h>
+#include <VanticRestKit/Core/Resource.h>
+
+#include <Core/FakeContext.h>
+#include <Core/FakeSession.h>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace VanticRestKit::test {
+
+/// Loads a resource that was made with `context`, answers with `body` and gives what came of it.
+template <class T>
+Result<T, LoaderError> answered(const FakeContext& context, const std::optional<Resource<T>>& resource, const char* body) {
+    Result<T, LoaderError> outcome = Failure(LoaderError::unknowError());
+    EXPECT_TRUE(resource);
+    if (!resource) return outcome;
+    resource->load({.with = [&outcome](Result<T, LoaderError> result) { outcome = std::move(result); }});
+    context.session->reply(answer(200, body));
+    return outcome;
+}
+
+/// "GET https://api.example.test/v2/time": the method and the address of the request that a resource sends. Fails
+/// the running test where it is not as all requests to the catalogue: the headers and the time-out are those of the
+/// context, and there is no body.
+template <class T>
+std::string sentFor(FakeContext& context, const std::optional<Resource<T>>& resource) {
+    (void)answered(context, resource, "{}");
+    if (context.session->requests().size() != 1) return "no request";
+    const URLRequest request = context.session->requests().front();
+    EXPECT_EQ(request.allHTTPHeaderFields(), context.headers);
+    EXPECT_EQ(request.timeoutInterval().count(), context.timeout);
+    EXPECT_EQ(request.httpBody(), std::nullopt);
+    return request.httpMethod().value_or("") + " " + request.url()->absoluteString();
+}
+
+/// Makes no request of anything.
+class NoRequestContext final : public MinimalContext {
+public:
+    std::optional<URLRequest> generateURLRequest(URLRequestArguments) const override { return {}; }
+};
+
+}  // namespace VanticRestKit::test
