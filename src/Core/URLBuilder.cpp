@@ -7,15 +7,14 @@ namespace VanticRestKit {
 
 namespace {
 
-std::optional<URL> joined(const URL& base, const std::string& path,
-                          const std::vector<URLQueryItem>& queries) {
+std::optional<URL> joined(const URL& base, const std::string& path, std::vector<URLQueryItem> queries) {
     const URL whole = path.empty() ? base : base.appendingPathComponent(path);
     std::optional<URLComponents> components = URLComponents::make(whole, false);
     if (!components) return std::nullopt;
     if (!queries.empty()) {
-        std::vector<URLQueryItem> items = components->queryItems().value_or(std::vector<URLQueryItem>());
-        items.insert(items.end(), queries.begin(), queries.end());
-        components->setQueryItems(std::move(items));
+        const std::vector<URLQueryItem> own = components->queryItems().value_or(std::vector<URLQueryItem>());
+        queries.insert(queries.begin(), own.begin(), own.end());
+        components->setQueryItems(std::move(queries));
     }
     return components->url();
 }
@@ -23,7 +22,8 @@ std::optional<URL> joined(const URL& base, const std::string& path,
 }  // namespace
 
 std::optional<URLRequest> URLBuilder::urlrequest(Arguments arguments) {
-    std::optional<URL> url = joined(arguments.usingBaseUrl, arguments.pathComponents, arguments.queries);
+    std::optional<URL> url =
+        joined(arguments.usingBaseUrl, arguments.pathComponents, std::move(arguments.queries).value());
     if (!url) return std::nullopt;
     URLRequest request(*std::move(url));
     request.setAttribution(URLRequestAttribution::user);
