@@ -3,6 +3,7 @@
 #include "Sockets.h"
 
 #include <gtest/gtest.h>
+#include <openssl/ssl.h>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -12,6 +13,7 @@
 #include <chrono>
 #include <csignal>
 #include <fstream>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -36,6 +38,16 @@ pid_t start(const std::vector<std::string>& command, const std::string& log) {
     _exit(127);
 }
 
+/// Whether a handshake succeeds. A port listens a good while before somebody answers there.
+bool speaksTls(const Socket& socket) {
+    if (!socket) return false;
+    const std::unique_ptr<SSL_CTX, void (*)(SSL_CTX*)> context(SSL_CTX_new(TLS_client_method()),
+                                                               &SSL_CTX_free);
+    const std::unique_ptr<SSL, void (*)(SSL*)> ssl(SSL_new(context.get()), &SSL_free);
+    SSL_set_fd(ssl.get(), socket.descriptor());
+    return SSL_connect(ssl.get()) == 1;
+}
+
 std::string contentOf(const std::string& path) {
     std::ostringstream text;
     text << std::ifstream(path).rdbuf();
@@ -57,7 +69,7 @@ Nghttpx::Nghttpx(std::uint16_t backend, const Identity& identity, int streamsPer
                    "--frontend-http2-max-concurrent-streams=" + std::to_string(streamsPerConnection),
                    key_.path(), certificate_.path()},
                   log_.path());
-        if (!waitUntilItListens()) kill();
+        if (!waitUntilItAnswers()) kill();
     }
     EXPECT_TRUE(isRunning()) << "nghttpx did not start:\n" << contentOf(log_.path());
 }
@@ -70,12 +82,12 @@ void Nghttpx::kill() {
     waitpid(std::exchange(process_, -1), nullptr, 0);
 }
 
-// There is no event to wait for: a port that listens is found by asking.
-bool Nghttpx::waitUntilItListens() const {
+// There is no event to wait for: a server that is ready is found by asking.
+bool Nghttpx::waitUntilItAnswers() const {
     using Clock = std::chrono::steady_clock;
     const auto deadline = Clock::now() + std::chrono::seconds(20);
     while (Clock::now() < deadline) {
-        if (connectToLoopback(port_)) return true;
+        if (speaksTls(connectToLoopback(port_))) return true;
         if (waitpid(process_, nullptr, WNOHANG) == process_) return false;
         poll(nullptr, 0, 5);
     }

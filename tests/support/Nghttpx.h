@@ -27,7 +27,7 @@ public:
     void kill();
 
 private:
-    bool waitUntilItListens() const;
+    bool waitUntilItAnswers() const;
 
     TemporaryFile certificate_;
     TemporaryFile key_;
