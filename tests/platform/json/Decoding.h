@@ -4,6 +4,7 @@
 /// Decodes with both engines, whatever the type, and tells where they differ.
 
 #include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
 #include <VanticRestKit/platform/json/TypePlan.h>
 
@@ -21,7 +22,7 @@ struct DecodableType {
 template <class T>
 inline constexpr DecodableType decodable = {
     .plan = &planOf<T>,
-    .make = [] { return std::shared_ptr<void>(new T{}, [](void* value) { delete static_cast<T*>(value); }); },
+    .make = [] { return std::shared_ptr<void>(new T(mapping::fresh<T>()), [](void* value) { delete static_cast<T*>(value); }); },
 };
 
 /// What decoding came to.

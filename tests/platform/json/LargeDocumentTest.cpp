@@ -5,20 +5,13 @@
 #include <VanticRestKit/platform/json/JSONDecoder.h>
 #include <VanticRestKit/platform/json/Table.h>
 
+#include <platform/json/Sanitized.h>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <sys/resource.h>
 #include <utility>
 #include <vector>
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define VRK_IS_SANITIZED 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define VRK_IS_SANITIZED 1
-#endif
-#endif
 
 namespace VanticRestKit {
 namespace {

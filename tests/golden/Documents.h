@@ -1,0 +1,54 @@
+#pragma once
+
+/// \file
+/// The golden documents: `Type.what.json`, each with `Type.what.expected` beside it.
+
+#include <golden/Entities.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace VanticRestKit::test {
+
+struct GoldenDocument {
+    std::string name;
+    NamedType type;
+    std::string json;
+    /// The value as indented text, or "failure: " and why there is none.
+    std::string expected;
+};
+
+inline std::string contentsOf(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_TRUE(file) << path;
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// All documents, by name.
+inline std::vector<GoldenDocument> goldenDocuments() {
+    std::vector<GoldenDocument> documents;
+    for (const auto& entry : std::filesystem::directory_iterator(VRK_GOLDEN)) {
+        if (entry.path().extension() != ".json") continue;
+        const std::string name = entry.path().stem().string();
+        const auto& types = rootEntities();
+        const auto type = std::find_if(types.begin(), types.end(), [&name](const NamedType& named) {
+            return name.substr(0, name.find('.')) == named.name;
+        });
+        if (type == types.end()) {
+            ADD_FAILURE() << name << " is named after no type";
+            continue;
+        }
+        std::filesystem::path expected = entry.path();
+        documents.push_back({name, *type, contentsOf(entry.path()), contentsOf(expected.replace_extension(".expected"))});
+    }
+    std::sort(documents.begin(), documents.end(), [](const auto& a, const auto& b) { return a.name < b.name; });
+    return documents;
+}
+
+}  // namespace VanticRestKit::test

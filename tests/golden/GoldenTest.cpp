@@ -1,0 +1,48 @@
+// Whole documents and what they decode into, compared to the letter.
+
+#include <golden/Documents.h>
+#include <platform/json/BothEngines.h>
+#include <platform/json/Mutations.h>
+#include <support/TemporaryZone.h>
+#include <VanticRestKit/platform/json/JSONDecoder.h>
+#include <VanticRestKit/platform/json/ValueText.h>
+
+#include <set>
+
+namespace VanticRestKit {
+namespace {
+
+/// The value as indented text, or its failure.
+std::string shownBy(const test::GoldenDocument& document) {
+    const test::Outcome outcome = test::outcomeOf(document.type.type, document.json);
+    if (!outcome.failure.empty()) return "failure: " + outcome.failure + "\n";
+    const TypePlan& plan = document.type.type.plan();
+    const std::shared_ptr<void> value = document.type.type.make();
+    EXPECT_TRUE(JSONDecoder().decode(Data(document.json), plan, value.get()));
+    return valueText(plan, value.get(), ValueLayout::indented) + "\n";
+}
+
+TEST(GoldenDocuments, DecodeIntoWhatIsExpected) {
+    const test::TemporaryZone utc("UTC0");
+    for (const test::GoldenDocument& document : test::goldenDocuments()) {
+        EXPECT_EQ(shownBy(document), document.expected) << document.name;
+    }
+}
+
+TEST(GoldenDocuments, DecodeFromLinesWithoutBlanksAlike) {
+    const test::TemporaryZone utc("UTC0");
+    for (test::GoldenDocument document : test::goldenDocuments()) {
+        if (document.expected.starts_with("failure: dataCorrupted []")) continue;
+        document.json = test::JSONTree::parse(document.json).text();
+        EXPECT_EQ(shownBy(document), document.expected) << document.name;
+    }
+}
+
+TEST(GoldenDocuments, AreThereForTheTypesThatHaveSome) {
+    std::set<std::string_view> types;
+    for (const test::GoldenDocument& document : test::goldenDocuments()) types.insert(document.type.name);
+    for (const std::string_view name : {"Video", "VideoList", "ImageList"}) EXPECT_TRUE(types.contains(name)) << name;
+}
+
+}  // namespace
+}  // namespace VanticRestKit
