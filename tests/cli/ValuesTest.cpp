@@ -49,6 +49,20 @@ TEST(Values, AQueryItemWithoutAnEqualsSignHasNoValue) {
     EXPECT_EQ(readQueryItem("item", ""), (URLQueryItem{.name = ""}));
 }
 
+TEST(Values, AnUnsignedNumberFillsSixtyFourBitsAndHasNoSign) {
+    EXPECT_EQ(readUnsigned("showId", "18446744073709551615"), UINT64_MAX);
+    for (const char* text : {"", "-1", "-0", "+1", "18446744073709551616"}) {
+        EXPECT_THROW(readUnsigned("showId", text), UsageError) << text;
+    }
+}
+
+TEST(Values, APieceOfContentMayHaveSlashesInItsId) {
+    const auto content = readContent("include", "coremedia://audioepisode/a/b//c");
+    EXPECT_EQ(content.source, VanticRestKit::RecsContentSource::coremedia);
+    EXPECT_EQ(content.contentType, VanticRestKit::RecsContentType::audioepisode);
+    EXPECT_EQ(content.contentId, "a/b//c");
+}
+
 TEST(Values, AnEnumerationIsNamedByItsRawText) {
     EXPECT_EQ(readCase<LumenoSubtype>("type", "trailer"), LumenoSubtype::trailer);
     EXPECT_THROW(readCase<LumenoSubtype>("type", "Trailer"), UsageError);

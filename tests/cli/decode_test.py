@@ -58,6 +58,31 @@ class DecodeAValue(TestCase):
             with self.subTest(zone):
                 self.assertEqual(vantic("decode", "Video", stdin=document, TZ=zone).json["pubDate"], text)
 
+    def test_prints_fractions_of_seconds_and_dates_beyond_the_calendar(self):
+        for expiry, text in [("1600000000", '"2020-09-13T12:26:40Z"'), ("1600000000.25", '"2020-09-13T12:26:40.25Z"'),
+                             ("0.123456", '"1970-01-01T00:00:00.123456Z"'), ("-62135596800", '"0001-01-01T00:00:00Z"'),
+                             ("-62135596801", "-62135596801"), ("253402300799", '"9999-12-31T23:59:59Z"'),
+                             ("253402300800", "253402300800"), ("1e300", "1e+300")]:
+            with self.subTest(expiry):
+                document = '{"access_token":"a","refresh_token":"r","token_type":"t","expiry":%s}' % expiry
+                self.assertIn(f'"expiry": {text},', vantic("decode", "Auth", stdin=document).out)
+
+    def test_names_the_type_of_each_element_of_a_mixed_list(self):
+        document = {
+            "title": "t", "_links": {"self": {"href": "h"}}, "_embedded": {"highlightItem": {"_entity": "show"}},
+            "items": [{"_entity": "video", "_links": {}}, {"_entity": "show"}, 7,
+                      {"_entity": "promo", "id": "1", "_links": {}}],
+        }
+        value = vantic("decode", "MixedCollection", stdin=json.dumps(document)).json
+        self.assertEqual([list(item) for item in value["mixedItems"]], [["Video"], ["Show"], ["Series"]])
+        self.assertEqual(list(value["highlightItem"]), ["Show"])
+        self.assertEqual(value["mixedItems"][2]["Series"]["seriesId"], "1")
+
+    def test_prints_a_free_form_dictionary_with_its_keys_sorted(self):
+        document = {"dataset": {"b": 1, "a": "x", "c": True}, "namespace": "n", "uid": "u"}
+        outcome = vantic("decode", "DatasetContainer", stdin=json.dumps(document))
+        self.assertEqual(list(outcome.json["dataset"].items()), [("a", "x"), ("b", 1), ("c", True)])
+
     def test_prints_texts_of_any_script_and_escapes_what_json_escapes(self):
         text = 'Café "日本" \\ \n \u0001 \U0001f3a5'
         outcome = vantic("decode", "Link", stdin=json.dumps({"href": text}))

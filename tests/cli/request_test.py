@@ -1,4 +1,6 @@
+import platform
 import unittest
+from urllib.parse import quote
 
 from program import TestCase, vantic
 
@@ -37,6 +39,73 @@ class Request(TestCase):
             with self.subTest(words):
                 self.assertEqual(url(*words, *BASE), "https://api.vantic.example/" + path)
 
+    def test_builds_the_url_of_shows_and_series(self):
+        show = ["Show", "--showSlugOrId", "x"]
+        for words, path in [
+            (show, "v2/show/x?embed=highlightVideo"),
+            ([*show, "--embedSeries"], "v2/show/x?embed=highlightVideo,selectedSeries,seriesList"),
+            ([*show, "--selectedSeries", "3"], "v2/show/x/series/3?embed=highlightVideo"),
+            ([*show, "--selectedVideo", "V", "--selectedSeries", "3"], "v2/show/x/video/V?embed=highlightVideo"),
+            ([*show, "--selectedVideo", ""], "v2/show/x/video/?embed=highlightVideo"),
+            ([*show, "--channel", "c"], "v2/show/x?channel=c&embed=highlightVideo"),
+            (["Show", "--usingHref", "show/x"], "v2/show/x"),
+            (["Shows", "--showSlugsOrIds", "a", "--showSlugsOrIds", "b"], "v2/shows/a,b"),
+            (["Shows"], "v2/shows/"),
+            (["Series", "--usingHref", "series/1"], "v2/series/1"),
+            (["ShowsList"], "v2/shows"),
+            (["ShowsList", "--closedCaptionOnly", "--channel", "c"], "v2/shows/cc?channel=c"),
+            (["RelatedShows", "--showSlug", "x"], "v2/related/show/x"),
+            (["RelatedShows", "--showSlug", "x", "--channel", "c"], "v2/related/show/x?channel=c"),
+            (["Search", "--keyword", "a b"], "v2/search?keyword=a%20b"),
+            (["Search", "--keyword", "", "--channel", ""], "v2/search?keyword=&channel="),
+        ]:
+            with self.subTest(words):
+                self.assertEqual(url(*words, *BASE), "https://api.vantic.example/" + path)
+
+    def test_builds_the_url_of_screens_and_menus(self):
+        for words, path in [
+            (["Home"], "v2/home"),
+            (["Browse"], "v2/browse"),
+            (["Collection", "--collectionId", "1"], "v2/collection/1"),
+            (["Collection", "--collectionId", "1", "--embedHighlightItem"], "v2/collection/1?embed=highlightItem"),
+            (["Category", "--category", "c"], "v2/category/c"),
+            (["Channel", "--channel", "c"], "v2/channel/c"),
+            (["Navigation", "--type", "channels"], "v2/navigation/channels"),
+            (["Navigation", "--type", "categories"], "v2/navigation/categories"),
+            (["NavigationMainMenuList", "--channels", "a,b"], "v2/navigation/mobile?include=personalize&channel=a,b"),
+        ]:
+            with self.subTest(words):
+                self.assertEqual(url(*words, *BASE), "https://api.vantic.example/" + path)
+
+    def test_builds_the_url_of_live_and_notices(self):
+        for words, path in [
+            (["NowNext", "--houseNumber", "N"], "v2/nownext/N"),
+            (["Livestreams"], "v2/livestreams"),
+            (["Livestreams", "--region", "nsw"], "v2/livestreams/nsw"),
+            (["ProductAlert", "--alertId", "7"], "v2/alert/7"),
+            (["Remap", "--path", "a/b"], "v2/remap/a/b"),
+            (["Remap", "--path", "/a/b"], "v2/remap/a/b"),
+            (["Remap", "--path", "a", "--queryItems", "x=1=2", "--queryItems", "y", "--queryItems", "z="],
+             "v2/remap/a?x=1%3D2&y&z="),
+        ]:
+            with self.subTest(words):
+                self.assertEqual(url(*words, *BASE), "https://api.vantic.example/" + path)
+
+    def test_describes_application_and_device_to_messages(self):
+        words = ["Messages", "--appId", "lumeno int", *BASE]
+        given = ["--appVersion", "1 2", "--systemVersion", "17.0", "--machine", "m"]
+        self.assertEqual(
+            url(*words, *given, "--loggedIn"),
+            "https://api.vantic.example/v2/messages?appId=lumeno%20int&appVersion=1%202&platform=ios"
+            "&platformVersion=17.0&device=m&authStatus=true",
+        )
+        self.assertEqual(
+            url(*words, "--appVersion", ""),
+            "https://api.vantic.example/v2/messages?appId=lumeno%20int&appVersion=&platform=ios"
+            f"&platformVersion={quote(platform.release())}&device={platform.machine()}&authStatus=false",
+        )
+        self.assertNotIn("appVersion", url(*words))
+
     def test_keeps_path_and_query_of_the_base_url(self):
         self.assertEqual(url("Time", "--base-url", "http://h:81/a/b/?c=d"), "http://h:81/a/b/v2/time?c=d")
 
@@ -47,6 +116,43 @@ class Request(TestCase):
     def test_does_not_need_what_only_loading_needs(self):
         outcome = vantic("request", "Time", *BASE, "--verbose", "--ca", "/nowhere")
         self.assertEqual((outcome.code, outcome.err), (0, ""))
+
+
+class Services(TestCase):
+    SEGMENTS = ["KAVROSegments", *BASE, "--withSubprofileID", 'a"/', "--apiKey", "k", "--accessToken", "t"]
+    MODULE = ["RecsModule", *BASE, "--withModuleId", "m", "--limit", "5", "--httpMethod", "PUT", "--apiKey", "k&"]
+
+    def test_segments_are_asked_for_with_a_body_and_three_headers(self):
+        request = vantic("request", *self.SEGMENTS).json
+        self.assertEqual((request["method"], request["url"]), ("POST", BASE[1] + "/api/v1/gigya/segments"))
+        self.assertEqual(request["body"], '{"sub_profile_id":"a\\"\\/"}')
+        self.assertEqual(request["headers"],
+                         {"content-type": "application/json", "x-api-key": "k", "Authorization": "Bearer t"})
+
+    def test_segments_take_the_hosts_headers_which_win(self):
+        headers = vantic("request", *self.SEGMENTS, "--header", "x-api-key: own", "--header", "X-More: 1").json["headers"]
+        self.assertEqual(headers, {"content-type": "application/json", "x-api-key": "own", "Authorization": "Bearer t",
+                                   "X-More": "1"})
+
+    def test_recommendations_are_asked_for_with_the_key_in_the_query(self):
+        request = vantic("request", *self.MODULE, "--header", "A: 1").json
+        self.assertEqual(request["method"], "PUT")
+        self.assertEqual(request["url"], BASE[1] + "/api/v2/recommendations/m?apikey=k%26")
+        self.assertEqual(request["headers"], {"A": "1"})
+        self.assertEqual(request["body"], '{"limit":5}')
+
+    def test_recommendations_name_users_and_contents_in_the_body(self):
+        request = vantic(
+            "request", *self.MODULE, "--userId", "", "--accountId", "a", "--subprofileId", "s",
+            "--exclude", "lumeno://program/1", "--exclude", "coremedia://audio/2/3", "--include", "lumeno://video/",
+            "--andModuleContext", "coremedia://recipe/x y",
+        ).json
+        self.assertEqual(
+            request["body"].replace("\\/", "/"),
+            '{"limit":5,"userid":"","accountid":"a","subprofileid":"s","context":"coremedia://recipe/x y",'
+            '"contentfilter":{"excludes":["lumeno://program/1","coremedia://audio/2/3"],'
+            '"includes":["lumeno://video/"]}}',
+        )
 
 
 class Options(TestCase):

@@ -44,6 +44,8 @@ class WrongUsage(TestCase):
             self.assert_usage_error(vantic(command, "Time"), "--base-url")
             self.assert_usage_error(vantic(command, "Resource", *BASE), "--withHref")
             self.assert_usage_error(vantic(command, "Video", *BASE), "--houseNumber or --usingHref")
+            self.assert_usage_error(vantic(command, "Show", *BASE, "--channel", "c"), "--showSlugOrId")
+            self.assert_usage_error(vantic(command, "Messages", *BASE, "--loggedIn"), "--appId")
         self.assert_usage_error(vantic("load", "Resource", "--withHref", "x", *BASE), "--as")
 
     def test_an_unknown_type_to_load(self):
@@ -63,6 +65,7 @@ class WrongUsage(TestCase):
 
     def test_options_that_exclude_each_other(self):
         self.assert_usage_error(vantic("request", "Video", *BASE, "--houseNumber", "a", "--usingHref", "b"), "Video")
+        self.assert_usage_error(vantic("request", "Show", *BASE, "--usingHref", "a", "--embedSeries"), "Show")
 
     def test_a_base_url_that_is_none(self):
         for text in ["", "http://[", "http://a b/", "http://h:x/"]:
@@ -74,6 +77,27 @@ class WrongUsage(TestCase):
             with self.subTest(text):
                 self.assert_usage_error(vantic("request", "Time", *BASE, "--timeout", text), "--timeout")
         self.assert_usage_error(vantic("request", "Time", *BASE, "--verbose=yes"), "--verbose")
+
+        for text in ["", "-1", "1.5", "x", "18446744073709551616"]:
+            with self.subTest(text):
+                self.assert_usage_error(
+                    vantic("request", "Show", *BASE, "--showSlugOrId", "x", "--selectedSeries", text), "--selectedSeries"
+                )
+
+    def test_names_that_no_enumeration_has(self):
+        for words in [["Navigation", "--type", "Channels"], ["Navigation", "--type", ""], ["Livestreams", "--region", "NSW"],
+                      ["Messages", "--appId", "kidslumeno"]]:
+            with self.subTest(words):
+                self.assert_usage_error(vantic("request", *words, *BASE), words[1])
+
+    def test_contents_that_are_none(self):
+        for text in ["", "lumeno", "lumeno:/program/1", "lumeno://program", "other://program/1", "lumeno://other/1"]:
+            with self.subTest(text):
+                self.assert_usage_error(
+                    vantic("request", "RecsModule", *BASE, "--withModuleId", "m", "--limit", "1", "--httpMethod", "POST",
+                           "--apiKey", "k", "--include", text),
+                    "--include",
+                )
 
     def test_headers_that_are_none(self):
         for text in ["", "Name", ": value"]:

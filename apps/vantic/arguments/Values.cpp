@@ -14,12 +14,21 @@ bool reads(const std::string& text, Number& number) {
     return fault == std::errc() && stop == end;
 }
 
-}  // namespace
-
-std::int64_t readInteger(std::string_view name, const std::string& text) {
-    std::int64_t number = 0;
+template <class Number>
+Number whole(std::string_view name, const std::string& text) {
+    Number number = 0;
     if (!reads(text, number)) throw UsageError{"--" + std::string(name) + " takes a whole number, not " + text};
     return number;
+}
+
+}  // namespace
+
+std::uint64_t readUnsigned(std::string_view name, const std::string& text) {
+    return whole<std::uint64_t>(name, text);
+}
+
+std::int64_t readInteger(std::string_view name, const std::string& text) {
+    return whole<std::int64_t>(name, text);
 }
 
 double readNumber(std::string_view name, const std::string& text) {
@@ -41,6 +50,18 @@ VanticRestKit::URLQueryItem readQueryItem(std::string_view, const std::string& t
     const std::size_t equals = text.find('=');
     if (equals == std::string::npos) return {.name = text};
     return {.name = text.substr(0, equals), .value = text.substr(equals + 1)};
+}
+
+VanticRestKit::RecsModuleContext readContent(std::string_view name, const std::string& text) {
+    const std::size_t colon = text.find("://");
+    const std::size_t type = colon + 3;
+    const std::size_t slash = colon == std::string::npos ? colon : text.find('/', type);
+    if (slash == std::string::npos) {
+        throw UsageError{"--" + std::string(name) + " takes source://type/id, not " + text};
+    }
+    return {.source = readCase<VanticRestKit::RecsContentSource>(name, text.substr(0, colon)),
+            .contentType = readCase<VanticRestKit::RecsContentType>(name, text.substr(type, slash - type)),
+            .contentId = text.substr(slash + 1)};
 }
 
 }  // namespace vantic

@@ -2,6 +2,7 @@
 
 #include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/platform/url/URLQueryItem.h>
+#include <VanticRestKit/recs/RecsModuleContext.h>
 
 #include <cstdint>
 #include <string>
@@ -13,6 +14,7 @@
 // wrong, and throws `UsageError` for a text that it cannot read.
 namespace vantic {
 
+std::uint64_t readUnsigned(std::string_view name, const std::string& text);
 std::int64_t readInteger(std::string_view name, const std::string& text);
 /// A number of seconds or the like: any finite decimal number.
 double readNumber(std::string_view name, const std::string& text);
@@ -20,6 +22,9 @@ double readNumber(std::string_view name, const std::string& text);
 bool readTruth(std::string_view name, const std::string& text);
 /// "name=value", split at the first "="; without one the item has no value.
 VanticRestKit::URLQueryItem readQueryItem(std::string_view name, const std::string& text);
+
+/// "source://type/id"; the id may hold slashes.
+VanticRestKit::RecsModuleContext readContent(std::string_view name, const std::string& text);
 
 /// The case of an enumeration by its raw text.
 template <class E>

@@ -33,7 +33,11 @@ struct Call {
 /// Reads "OPERATION --option value ...". Throws `UsageError` where that is none.
 Call readCall(Words words);
 
-// The operations of one subsystem each.
-std::vector<Operation> catalogueOperations();
+// The entries, file by file.
+std::vector<Operation> videoOperations();
+std::vector<Operation> showOperations();
+std::vector<Operation> screenOperations();
+std::vector<Operation> noticeOperations();
+std::vector<Operation> serviceOperations();
 
 }  // namespace vantic

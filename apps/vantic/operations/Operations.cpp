@@ -68,8 +68,9 @@ const Operation& chosen(Alternatives alternatives, const Arguments& given) {
 
 std::vector<Operation> registry() {
     std::vector<Operation> all;
-    for (const auto subsystem : {catalogueOperations}) {
-        for (Operation& operation : subsystem()) all.push_back(std::move(operation));
+    for (const auto entries :
+         {videoOperations, showOperations, screenOperations, noticeOperations, serviceOperations}) {
+        for (Operation& operation : entries()) all.push_back(std::move(operation));
     }
     return all;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
 
 #include <memory>
@@ -23,7 +24,10 @@ struct Type {
 template <class T>
 Type type(std::string name) {
     return {std::move(name), &VanticRestKit::planOf<T>,
-            [] { return Type::Value(new T(), [](void* value) { delete static_cast<T*>(value); }); }};
+            [] {
+                return Type::Value(new T(VanticRestKit::mapping::fresh<T>()),
+                                   [](void* value) { delete static_cast<T*>(value); });
+            }};
 }
 
 /// A type and the list of it.

@@ -9,7 +9,7 @@ namespace vantic {
 
 using VanticRestKit::Endpoint;
 
-std::vector<Operation> catalogueOperations() {
+std::vector<Operation> videoOperations() {
     using Given = const Arguments&;
     using In = const Host&;
     return {

@@ -1,0 +1,85 @@
+#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
+#include <VanticRestKit/lumeno/Message/Message.h>
+#include <VanticRestKit/lumeno/Message/MessagesAppId.h>
+#include <VanticRestKit/lumeno/NowNext/LivestreamRegion.h>
+#include <VanticRestKit/lumeno/NowNext/NowNext.h>
+#include <VanticRestKit/lumeno/ProductAlert/ProductAlert.h>
+#include <VanticRestKit/lumeno/Remap/Remap.h>
+#include <VanticRestKit/lumeno/Video/VideoList.h>
+#include <VanticRestKit/platform/host/HostInformation.h>
+
+#include "arguments/Values.h"
+#include "operations/Operation.h"
+
+namespace vantic {
+
+using namespace VanticRestKit;
+
+namespace {
+
+/// The host as the options describe it; what they leave out is as the library finds it.
+class DescribedHost final : public HostInformation {
+public:
+    explicit DescribedHost(const Arguments& given)
+        : appVersion_(given.optionalText("appVersion")),
+          systemVersion_(given.optionalText("systemVersion")),
+          machine_(given.optionalText("machine")) {}
+
+    std::optional<std::string> applicationVersion() const override {
+        return appVersion_ ? appVersion_ : HostInformation::applicationVersion();
+    }
+    std::string systemVersion() const override {
+        return systemVersion_ ? *systemVersion_ : HostInformation::systemVersion();
+    }
+    std::string machine() const override { return machine_ ? *machine_ : HostInformation::machine(); }
+
+private:
+    std::optional<std::string> appVersion_;
+    std::optional<std::string> systemVersion_;
+    std::optional<std::string> machine_;
+};
+
+std::optional<Loadable> callMessages(const Arguments& given, const Host& host) {
+    HostInformation::supply(std::make_shared<DescribedHost>(given));
+    return loadable(Endpoint::Messages({.appId = readCase<MessagesAppId>("appId", given.text("appId")),
+                                        .loggedIn = given.flag("loggedIn")},
+                                       host));
+}
+
+std::optional<Loadable> callRemap(const Arguments& given, const Host& host) {
+    std::vector<URLQueryItem> items;
+    for (const std::string& text : given.texts("queryItems")) items.push_back(readQueryItem("queryItems", text));
+    return loadable(Endpoint::Remap({.path = given.text("path"), .queryItems = std::move(items)}, host));
+}
+
+}  // namespace
+
+std::vector<Operation> noticeOperations() {
+    using Given = const Arguments&;
+    using In = const Host&;
+    return {
+        {"NowNext",
+         {required("houseNumber")},
+         [](Given given, In host) {
+             return loadable(Endpoint::NowNext({.houseNumber = given.text("houseNumber")}, host));
+         }},
+        {"Livestreams",
+         {optional("region")},
+         [](Given given, In host) {
+             return loadable(
+                 Endpoint::Livestreams({.region = given.optionally("region", readCase<LivestreamRegion>)}, host));
+         }},
+        {"Messages",
+         {required("appId"), flag("loggedIn"), optional("appVersion"), optional("systemVersion"),
+          optional("machine")},
+         callMessages},
+        {"ProductAlert",
+         {required("alertId")},
+         [](Given given, In host) {
+             return loadable(Endpoint::ProductAlert({.alertId = given.text("alertId")}, host));
+         }},
+        {"Remap", {required("path"), repeated("queryItems")}, callRemap},
+    };
+}
+
+}  // namespace vantic

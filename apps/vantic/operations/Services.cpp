@@ -1,0 +1,85 @@
+#include <VanticRestKit/Core/Resource.h>
+#include <VanticRestKit/kavro/KAVROSegmentsContext.h>
+#include <VanticRestKit/kavro/KAVROSegmentsModel.h>
+#include <VanticRestKit/kavro/KAVROSegmentsURI.h>
+#include <VanticRestKit/recs/RecommendationModule.h>
+#include <VanticRestKit/recs/RecsContext.h>
+#include <VanticRestKit/recs/RecsModuleURI.h>
+
+#include "arguments/Values.h"
+#include "operations/Operation.h"
+
+// The services beside the catalogue, whose routes and contexts a host makes itself.
+namespace vantic {
+
+using namespace VanticRestKit;
+
+namespace {
+
+class SegmentsHost final : public Host, public KAVROSegmentsContext {
+public:
+    SegmentsHost(const Host& host, const Arguments& given)
+        : Host(host), apiKey_(given.text("apiKey")), accessToken_(given.text("accessToken")) {}
+
+    std::string apiKey() const override { return apiKey_; }
+    std::string accessToken() const override { return accessToken_; }
+    /// The host's own, and those of the service beside them.
+    std::map<std::string, std::string> HTTPHeaderFields() const override {
+        std::map<std::string, std::string> headers = Host::HTTPHeaderFields();
+        headers.merge(KAVROSegmentsContext::HTTPHeaderFields());
+        return headers;
+    }
+
+private:
+    std::string apiKey_;
+    std::string accessToken_;
+};
+
+class RecsHost final : public Host, public RecsContext {
+public:
+    RecsHost(const Host& host, const Arguments& given) : Host(host), apiKey_(given.text("apiKey")) {}
+
+    std::string apiKey() const override { return apiKey_; }
+
+private:
+    std::string apiKey_;
+};
+
+std::optional<Loadable> callSegments(const Arguments& given, const Host& host) {
+    const KAVROSegmentsURI route({.withSubprofileID = given.text("withSubprofileID")});
+    return loadable(Resource<KAVROSegmentsModel>::make({.with = route}, SegmentsHost(host, given)));
+}
+
+std::vector<RecsModuleContext> contents(const Arguments& given, std::string_view name) {
+    std::vector<RecsModuleContext> contents;
+    for (const std::string& text : given.texts(name)) contents.push_back(readContent(name, text));
+    return contents;
+}
+
+std::optional<Loadable> callRecommendations(const Arguments& given, const Host& host) {
+    const RecsModuleURI route({.withModuleId = given.text("withModuleId"),
+                               .userId = given.optionalText("userId"),
+                               .accountId = given.optionalText("accountId"),
+                               .subprofileId = given.optionalText("subprofileId"),
+                               .limit = readInteger("limit", given.text("limit")),
+                               .httpMethod = given.text("httpMethod"),
+                               .exclude = contents(given, "exclude"),
+                               .include = contents(given, "include"),
+                               .andModuleContext = given.optionally("andModuleContext", readContent)});
+    return loadable(Resource<RecommendationModule>::make({.with = route}, RecsHost(host, given)));
+}
+
+}  // namespace
+
+std::vector<Operation> serviceOperations() {
+    return {
+        {"KAVROSegments", {required("withSubprofileID"), required("apiKey"), required("accessToken")}, callSegments},
+        {"RecsModule",
+         {required("withModuleId"), optional("userId"), optional("accountId"), optional("subprofileId"),
+          required("limit"), required("httpMethod"), repeated("exclude"), repeated("include"),
+          optional("andModuleContext"), required("apiKey")},
+         callRecommendations},
+    };
+}
+
+}  // namespace vantic
