@@ -4,7 +4,6 @@ set(CMAKE_FIND_PACKAGE_TARGETS_GLOBAL ON)
 
 find_package(Threads REQUIRED)
 find_package(CURL 7.88 REQUIRED)
-find_package(ZLIB REQUIRED)
 # What undoes the content codings of answers, beside brotlidec, which has no find module.
 find_package(ZLIB REQUIRED)
 
