@@ -50,7 +50,7 @@ bool DiagnosingEngine::value(const TypePlan& type, void* target, Place at, bool 
         auto& values = *static_cast<Dictionary*>(target);
         values.clear();
         if (readDictionary(at.at, end, values)) return true;
-        return fail(Kind::dataCorrupted, "an object", "a key that cannot be read", presence);
+        return fail(Kind::dataCorrupted, readableKeys, "object", presence);
     }
     if (type.kind == ValueKind::attempted) {
         type.attempt({at.at, static_cast<std::size_t>(skipValue(at.at, end, 0) - at.at)}, target);

@@ -217,6 +217,9 @@ bool FastEngine::unfit(Frame& top, const FieldPlan& field) {
         field.presence == Presence::lenient || (isNull && field.presence != Presence::required);
     if (!isSwallowed) {
         top.hasFailed = true;
+    } else if (field.kind == ValueKind::dictionary) {
+        // Of all unfit values only a dictionary may have been filled in part.
+        resetField(field, top.target + field.offset);
     } else if (field.setDefault != nullptr) {
         field.setDefault(top.target + field.offset);
     }
@@ -279,109 +282,6 @@ bool FastEngine::element(Frame& top) {
     }
     if (!top.list->tolerant) top.hasFailed = true;
     return skip();
-}
-
-// Opens the array or object ahead. Frames are filled where they lie: a copy of one that was just written waits for
-// the writes to arrive.
-FastEngine::Frame* FastEngine::push(const ObjectPlan* plan, void* target, const FieldPlan* field) {
-    if (depth_ == deepest) return nullptr;
-    if (depth_ == frames_.size()) frames_.resize(2 * depth_);
-    Frame& top = frames_[depth_++];
-    top = Frame{};
-    top.plan = plan;
-    top.target = static_cast<std::byte*>(target);
-    top.field = field;
-    top.start = at_++;
-    if (plan == nullptr) return &top;
-    // A plan made on first use during this decode has its memory behind all that was known when it began.
-    const std::size_t needed = plan->memory + plan->fields.size() + 1;
-    if (successors_.size() < needed) successors_.resize(needed, KeyTable::none);
-    if (plan->hasDefaults) setDefaults(*plan, target);
-    return &top;
-}
-
-bool FastEngine::open(const TypePlan& type, void* target, const FieldPlan* field) {
-    Frame* const top = push(type.object, target, field);
-    if (top != nullptr) top->list = type.list;
-    return top != nullptr;
-}
-
-bool FastEngine::openInner(const FieldPlan& field, void* target) {
-    Frame* const top = push(field.inner, target, &field);
-    if (top != nullptr) top->isInner = true;
-    return top != nullptr;
-}
-
-bool FastEngine::openCandidate(const ChoicePlan& choice, std::size_t candidate, const FieldPlan* field) {
-    const Candidate& type = choice.candidates[candidate];
-    void* const made = type.make();
-    Frame* const top = push(type.type().object, made, field);
-    if (top == nullptr) {
-        type.drop(made);
-        return false;
-    }
-    top->choice = &choice;
-    top->candidate = static_cast<std::uint8_t>(candidate);
-    return true;
-}
-
-bool FastEngine::endFrame() {
-    // What lies above the depth stays as it is until something opens.
-    const Frame& ended = frames_[--depth_];
-    if (ended.plan == nullptr) {
-        deliver(ended.field, true, ended.hasFailed);
-        return true;
-    }
-    const bool isComplete = (ended.seen & ended.plan->required) == ended.plan->required;
-    const bool hasFailed = ended.hasFailed || !isComplete;
-    if (ended.isInner) {
-        if (hasFailed && !ended.isIgnored) frames_[depth_ - 1].hasFailed = true;
-        return true;
-    }
-    if (!hasFailed) {
-        for (const auto derive : ended.plan->derivations) derive(ended.target);
-    }
-    if (ended.choice != nullptr) return endCandidate(ended, hasFailed);
-    deliver(ended.field, true, hasFailed);
-    return true;
-}
-
-// A candidate that decoded is kept; else the next one begins at the same place.
-bool FastEngine::endCandidate(const Frame& ended, bool hasFailed) {
-    const Candidate& type = ended.choice->candidates[ended.candidate];
-    if (!hasFailed) {
-        Frame& around = frames_[depth_ - 1];
-        type.keep(ended.target, around.target + (ended.field != nullptr ? ended.field->offset : 0));
-        return true;
-    }
-    type.drop(ended.target);
-    at_ = ended.start;
-    const std::size_t next = std::size_t{ended.candidate} + 1;
-    const ChoicePlan& choice = *ended.choice;
-    const FieldPlan* const field = ended.field;
-    if (next < choice.candidates.size()) return openCandidate(choice, next, field);
-    deliver(field, false, true);
-    return skip();
-}
-
-// Tells what lies around a value how it ended. `isStored`: a failed value lies in its place and must go.
-void FastEngine::deliver(const FieldPlan* field, bool isStored, bool hasFailed) {
-    if (depth_ == 0) {
-        rootDecoded_ = !hasFailed;
-        return;
-    }
-    if (!hasFailed) return;
-    Frame& around = frames_[depth_ - 1];
-    const bool isSwallowed = field != nullptr ? field->presence == Presence::lenient : around.list->tolerant;
-    if (!isSwallowed) {
-        around.hasFailed = true;
-    } else if (!isStored) {
-        return;
-    } else if (field == nullptr) {
-        around.list->removeLast(around.target);
-    } else {
-        resetField(*field, around.target + field->offset);
-    }
 }
 
 // A value that holds no others, or one whose inside nobody looks at.
