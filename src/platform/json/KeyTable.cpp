@@ -21,7 +21,7 @@ KeyTable::KeyTable(std::vector<std::string_view> keys) : keys_(std::move(keys)) 
     for (const std::string_view key : keys_) {
         std::string padded(key);
         padded.resize(padded.size() + 8);
-        signatures.push_back(signature(firstBytes({padded.data(), key.size()}), key));
+        signatures.push_back(signature({padded.data(), key.size()}));
     }
     const std::set<std::uint64_t> distinct(signatures.begin(), signatures.end());
     readsWhole_ = distinct.size() != signatures.size();

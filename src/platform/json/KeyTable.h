@@ -30,21 +30,22 @@ public:
 
     /// The only place where `key` can be, or `none`; the caller compares.
     std::uint8_t likely(std::string_view key) const noexcept {
-        return buckets_[bucket(readsWhole_ ? wholeSignature(key) : signature(firstBytes(key), key))];
+        return buckets_[bucket(readsWhole_ ? wholeSignature(key) : signature(key))];
     }
 
 private:
-    // The first and the last eight bytes and the length tell the keys of most objects apart.
-    static std::uint64_t signature(std::uint64_t first, std::string_view key) noexcept {
-        std::uint64_t last = 0;
-        if (key.size() >= 8) std::memcpy(&last, key.data() + key.size() - 8, 8);
-        return first ^ (last << 29 | last >> 35) ^ (key.size() * 0x9E3779B97F4A7C15U);
-    }
-
-    static std::uint64_t firstBytes(std::string_view key) noexcept {
+    // The first and the last eight bytes and the length tell the keys of most objects apart. Without a branch: the
+    // lengths of keys follow no rule by which one could be guessed.
+    static std::uint64_t signature(std::string_view key) noexcept {
+        const std::size_t ends = key.size() < 8 ? key.size() : 8;
+        const std::uint64_t mask = (std::uint64_t{1} << 4 * ends << 4 * ends) - 1;
         std::uint64_t first = 0;
+        std::uint64_t last = 0;
         std::memcpy(&first, key.data(), 8);
-        return key.size() >= 8 ? first : first & ((std::uint64_t{1} << (8 * key.size())) - 1);
+        std::memcpy(&last, key.data() + key.size() - ends, 8);
+        first &= mask;
+        last &= mask;
+        return first ^ (last << 29 | last >> 35) ^ (key.size() * 0x9E3779B97F4A7C15U);
     }
 
     // For keys that are alike at both ends and of one length.

@@ -7,8 +7,11 @@ namespace VanticRestKit::mapping {
 
 std::size_t grownCapacity(std::size_t count, std::size_t elementSize, std::size_t bytesRead,
                           std::size_t bytesLeft) noexcept {
-    const std::size_t doubled = std::max<std::size_t>(1, count * 2);
-    if (count == 0 || bytesLeft == 0) return doubled;
+    // Few lists of small elements hold one alone, and to begin anew costs more than the room for a second.
+    constexpr std::size_t small = 256;
+    if (count == 0) return elementSize <= small ? 2 : 1;
+    const std::size_t doubled = count * 2;
+    if (bytesLeft == 0) return doubled;
     // The bytes read so far begin with the opening bracket.
     const std::size_t bytesEach = std::max<std::size_t>(1, (bytesRead - 1) / count);
     const std::size_t more = bytesLeft / bytesEach + 1;

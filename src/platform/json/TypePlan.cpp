@@ -26,18 +26,49 @@ FieldPlan fieldFor(const Row& row, const std::byte* fresh) {
         field.fresh = fresh + field.offset;
         field.type = &row.type();
         field.kind = field.type->kind;
-        field.isOptional = row.ops->isOptional;
-    }
-    // A key that is spelled otherwise in a document cannot be compared in place.
-    const bool isPlain = std::all_of(row.key.begin(), row.key.end(),
-                                     [](char c) { return c >= ' ' && c < 0x7F && c != '"' && c != '\\'; });
-    if (isPlain && row.key.size() + 2 <= FieldPlan::quotedRoom) {
-        field.quotedSize = static_cast<std::uint8_t>(row.key.size() + 2);
-        field.quoted[0] = '"';
-        std::memcpy(field.quoted + 1, row.key.data(), row.key.size());
-        field.quoted[row.key.size() + 1] = '"';
     }
     return field;
+}
+
+ValueStep stepFor(const FieldPlan& field) {
+    if (field.role == RowRole::entityCheck) return ValueStep::entityCheck;
+    if (field.role == RowRole::object) return ValueStep::inner;
+    if (field.role != RowRole::value) return ValueStep::held;
+    const bool isOptional = field.ops->isOptional;
+    switch (field.kind) {
+        case ValueKind::object: return ValueStep::object;
+        case ValueKind::list: return ValueStep::list;
+        case ValueKind::choice: return ValueStep::choice;
+        case ValueKind::text: return isOptional ? ValueStep::optionalText : ValueStep::held;
+        case ValueKind::boolean: return isOptional ? ValueStep::held : ValueStep::boolean;
+        case ValueKind::unsignedInteger: return isOptional ? ValueStep::optionalUnsigned : ValueStep::held;
+        default: return ValueStep::held;
+    }
+}
+
+/// The slot of the keys that are nobody's: none is equal to its own.
+Slot slotOfNobody() {
+    Slot slot{};
+    slot.quotedBytes = std::uint64_t{3} << Slot::quotedRoom;
+    return slot;
+}
+
+Slot slotFor(const FieldPlan& field) {
+    Slot slot = slotOfNobody();
+    slot.step = stepFor(field);
+    slot.offset = field.offset;
+    slot.field = &field;
+    // A key that is spelled otherwise in a document cannot be compared in place.
+    const bool isPlain = std::all_of(field.key.begin(), field.key.end(),
+                                     [](char c) { return c >= ' ' && c < 0x7F && c != '"' && c != '\\'; });
+    const std::size_t size = field.key.size() + 3;
+    if (!isPlain || size > Slot::quotedRoom) return slot;
+    slot.quotedSize = static_cast<std::uint8_t>(size);
+    slot.quotedBytes = (std::uint64_t{1} << size) - 1;
+    slot.quoted[0] = '"';
+    std::memcpy(slot.quoted + 1, field.key.data(), field.key.size());
+    std::memcpy(slot.quoted + 1 + field.key.size(), "\":", 2);
+    return slot;
 }
 
 class Builder {
@@ -57,7 +88,6 @@ public:
                 fill(*inner, rows.subspan(at + 1, row.inner));
                 field.inner = inner;
             }
-            if (field.presence == Presence::required) plan.required |= std::uint64_t{1} << plan.fields.size();
             plan.fields.push_back(field);
         }
         finish(plan);
@@ -79,9 +109,17 @@ private:
     static void finish(ObjectPlan& plan) {
         if (plan.fields.size() > ObjectPlan::mostFields) std::abort();
         std::vector<std::string_view> keys;
-        for (const FieldPlan& field : plan.fields) keys.push_back(field.key);
+        plan.slots.push_back(slotOfNobody());
+        for (const FieldPlan& field : plan.fields) {
+            const std::uint64_t bit = std::uint64_t{1} << plan.slots.size();
+            if (field.presence == Presence::required) plan.required |= bit;
+            if (field.role == RowRole::unread) plan.unread |= bit;
+            plan.slots.push_back(slotFor(field));
+            keys.push_back(field.key);
+        }
         plan.keys = KeyTable(std::move(keys));
-        plan.memory = nextMemory.fetch_add(plan.fields.size() + 1, std::memory_order_relaxed);
+        plan.memory = nextMemory.fetch_add(plan.slots.size(), std::memory_order_relaxed);
+        plan.memoryEnd = plan.memory + plan.slots.size();
     }
 
     ObjectPlan& entity_;

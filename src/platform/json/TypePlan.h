@@ -140,17 +140,9 @@ struct Row {
 
 /// A row as the engines use it.
 struct FieldPlan {
-    /// The key between its quotes, followed by zeros, for comparing it in place.
-    static constexpr std::size_t quotedRoom = 32;
-
-    // What each key of a document needs comes first, within one cache line.
-    char quoted[quotedRoom];
-    /// How many bytes of `quoted` count; none where the key is too long for it or is not plain.
-    std::uint8_t quotedSize;
     RowRole role;
     Presence presence;
     ValueKind kind;
-    bool isOptional;
     std::size_t offset;
     const FieldOps* ops;
     const TypePlan* type;
@@ -160,6 +152,33 @@ struct FieldPlan {
     void (*setDefault)(void* field);
     std::string_view key;
     std::string_view member;
+};
+
+/// What the fast engine does with the value of a key.
+enum class ValueStep : std::uint8_t {
+    optionalText,
+    boolean,
+    optionalUnsigned,
+    held,  ///< Any other value that holds no others.
+    inner,
+    object,
+    list,
+    choice,
+    entityCheck,
+};
+
+/// What the fast engine needs for each key that a document holds, in one cache line.
+struct alignas(64) Slot {
+    static constexpr std::size_t quotedRoom = 32;
+
+    /// The key between its quotes, and the colon behind it; empty where it is too long for that or not plain.
+    char quoted[quotedRoom];
+    /// A bit for each byte of `quoted` that counts. Bits behind those, which nothing is equal to, where it is empty.
+    std::uint64_t quotedBytes;
+    std::uint8_t quotedSize;
+    ValueStep step;
+    std::size_t offset;
+    const FieldPlan* field;
 };
 
 /// A stored field, for looking at values in declared order.
@@ -172,15 +191,20 @@ struct MemberPlan {
 
 /// The rows of one JSON object: of an entity, or of an object inside it whose rows fill the same entity.
 struct ObjectPlan {
-    static constexpr std::size_t mostFields = 64;
+    static constexpr std::size_t mostFields = 63;
 
     std::string_view name;
     std::vector<FieldPlan> fields;
     KeyTable keys;
-    /// One bit for each field that must be there.
+    /// One for each field, behind one for the keys that are nobody's.
+    std::vector<Slot> slots;
+    /// One bit for each slot that must be filled.
     std::uint64_t required = 0;
+    /// One bit for each slot whose values nobody reads.
+    std::uint64_t unread = 1;
     /// Where the memory of a decode keeps which key followed which in this object.
     std::size_t memory = 0;
+    std::size_t memoryEnd = 0;
 
     // Of an entity only.
     std::string_view entityName;

@@ -4,11 +4,13 @@
 // swallowed. It says only whether the document became a value; the diagnosing engine says why not.
 
 #include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/json/detail/Scanner.h>
 #include <VanticRestKit/platform/json/detail/ValueReader.h>
 #include <VanticRestKit/platform/json/TypePlan.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace VanticRestKit::json {
@@ -24,32 +26,41 @@ public:
     bool decode(const TypePlan& plan, void* value);
 
 private:
-    /// An array or object that is open. No recursion: frames lie in a vector.
-    struct Frame {
-        const ObjectPlan* plan = nullptr;  // null for an array
-        const ListPlan* list = nullptr;
-        std::byte* target = nullptr;         // the entity, or the list
-        const FieldPlan* field = nullptr;    // of the object around it; null at the root and in an array
-        const ChoicePlan* choice = nullptr;  // where `target` is the try of one candidate
-        const char* start = nullptr;         // the opening bracket
-        std::uint64_t seen = 0;              // a bit for each field whose key has come
-        std::uint8_t candidate = 0;
-        std::uint8_t last = 0;   // 1 + the field whose key came last
-        bool isInner = false;    // an object that fills the entity around it
-        bool isFresh = true;     // nothing read behind the opening bracket yet
-        bool hasFailed = false;
-        bool isIgnored = false;  // an inner object that could not be opened, which is swallowed
+    static constexpr unsigned alwaysRight = 1024;
+
+    /// An array or object that is open. No recursion: frames lie in a row.
+    struct alignas(64) Frame {
+        const ObjectPlan* plan;  // null for an array
+        const ListPlan* list;
+        std::byte* target;         // the entity, or the list
+        const FieldPlan* field;    // of the object around it; null at the root and in an array
+        const ChoicePlan* choice;  // where `target` is the try of one candidate
+        const char* start;         // the opening bracket
+        std::uint64_t taken;       // a bit for each slot whose further values are nobody's
+        std::uint8_t candidate;
+        std::uint8_t last;  // the slot whose key came last
+        bool isInner;       // an object that fills the entity around it
+        bool isFresh;       // nothing read behind the opening bracket yet
+        bool hasFailed;
+        bool isIgnored;  // an inner object that could not be opened, which is swallowed
+    };
+
+    /// A key that was read: its slot, that of nobody where it has none, and where its colon must be.
+    struct Key {
+        const char* colon;
+        std::size_t place;
     };
 
     bool root(const TypePlan& plan, void* value);
     bool runFrames();
 
     bool objectStep(Frame& top);
-    bool key(Frame& top, const char*& at, const FieldPlan*& field);
-    bool plainText(const Frame& top, const FieldPlan& field, const char*& at);
-    bool scannedKey(Frame& top, const FieldPlan*& field);
+    Key scannedKey(Frame& top, const char* at);
+    Key unusualKey(Frame& top, const char* at);
+    void remember(Frame& top, std::size_t place);
     void keyCannotBeRead(Frame& top);
-    bool fieldValue(Frame& top, const FieldPlan& field);
+    bool value(Frame& top, const Slot& slot);
+    bool heldValue(Frame& top, const FieldPlan& field);
     bool unfit(Frame& top, const FieldPlan& field);
     bool checkEntity(Frame& top);
 
@@ -68,11 +79,54 @@ private:
     Fit dictionary(const char* start, void* value);
     bool skip();
 
+    void endInner(const Frame& ended);
+
     Data document_;
-    std::vector<Frame> frames_;  // the first `depth_` are open
+    std::unique_ptr<Frame[]> frames_;  // the first `depth_` are open
     std::size_t depth_ = 0;
+    /// For each object and each slot of it, the slot whose key came next the last time.
     std::vector<std::uint8_t> successors_;
+    /// How often that was right lately, of `alwaysRight`.
+    unsigned rightness_ = alwaysRight;
     bool rootDecoded_ = false;
 };
+
+// Opens the array or object ahead. Frames are filled where they lie: a copy of one that was just written
+// waits for the writes to arrive.
+inline FastEngine::Frame* FastEngine::push(const ObjectPlan* plan, void* target, const FieldPlan* field) {
+    if (depth_ == deepest) return nullptr;
+    Frame& top = frames_[depth_++];
+    top.plan = plan;
+    top.target = static_cast<std::byte*>(target);
+    top.field = field;
+    top.choice = nullptr;
+    top.start = at_++;
+    top.candidate = 0;
+    top.last = 0;
+    top.isInner = false;
+    top.isFresh = true;
+    top.hasFailed = false;
+    top.isIgnored = false;
+    if (plan == nullptr) return &top;
+    top.taken = plan->unread;
+    // A plan made on first use during this decode has its memory behind all that was known when it began.
+    if (successors_.size() < plan->memoryEnd) successors_.resize(plan->memoryEnd, 0);
+    if (plan->hasDefaults) setDefaults(*plan, target);
+    return &top;
+}
+
+inline bool FastEngine::open(const TypePlan& type, void* target, const FieldPlan* field) {
+    Frame* const top = push(type.object, target, field);
+    if (top == nullptr) return false;
+    top->list = type.list;
+    return true;
+}
+
+inline bool FastEngine::openInner(const FieldPlan& field, void* target) {
+    Frame* const top = push(field.inner, target, &field);
+    if (top == nullptr) return false;
+    top->isInner = true;
+    return true;
+}
 
 }  // namespace VanticRestKit::json

@@ -1,40 +1,8 @@
-// How arrays, objects and candidates open and end in the fast engine.
+// How candidates open, and how arrays, objects and candidates end in the fast engine.
 
 #include <VanticRestKit/platform/json/detail/FastEngine.h>
-#include <VanticRestKit/platform/json/detail/Scanner.h>
 
 namespace VanticRestKit::json {
-
-// Opens the array or object ahead. Frames are filled where they lie: a copy of one that was just written waits for
-// the writes to arrive.
-FastEngine::Frame* FastEngine::push(const ObjectPlan* plan, void* target, const FieldPlan* field) {
-    if (depth_ == deepest) return nullptr;
-    if (depth_ == frames_.size()) frames_.resize(2 * depth_);
-    Frame& top = frames_[depth_++];
-    top = Frame{};
-    top.plan = plan;
-    top.target = static_cast<std::byte*>(target);
-    top.field = field;
-    top.start = at_++;
-    if (plan == nullptr) return &top;
-    // A plan made on first use during this decode has its memory behind all that was known when it began.
-    const std::size_t needed = plan->memory + plan->fields.size() + 1;
-    if (successors_.size() < needed) successors_.resize(needed, KeyTable::none);
-    if (plan->hasDefaults) setDefaults(*plan, target);
-    return &top;
-}
-
-bool FastEngine::open(const TypePlan& type, void* target, const FieldPlan* field) {
-    Frame* const top = push(type.object, target, field);
-    if (top != nullptr) top->list = type.list;
-    return top != nullptr;
-}
-
-bool FastEngine::openInner(const FieldPlan& field, void* target) {
-    Frame* const top = push(field.inner, target, &field);
-    if (top != nullptr) top->isInner = true;
-    return top != nullptr;
-}
 
 bool FastEngine::openCandidate(const ChoicePlan& choice, std::size_t candidate, const FieldPlan* field) {
     const Candidate& type = choice.candidates[candidate];
@@ -56,12 +24,8 @@ bool FastEngine::endFrame() {
         deliver(ended.field, true, ended.hasFailed);
         return true;
     }
-    const bool isComplete = (ended.seen & ended.plan->required) == ended.plan->required;
+    const bool isComplete = (ended.taken & ended.plan->required) == ended.plan->required;
     const bool hasFailed = ended.hasFailed || !isComplete;
-    if (ended.isInner) {
-        if (hasFailed && !ended.isIgnored) frames_[depth_ - 1].hasFailed = true;
-        return true;
-    }
     if (!hasFailed) {
         for (const auto derive : ended.plan->derivations) derive(ended.target);
     }
