@@ -54,6 +54,36 @@ std::string plainText(const AnyValue& value) {
     return "null";
 }
 
+/// Appends a character that cannot stand in a JSON string as it is.
+void appendEscaped(std::string& quoted, char c) {
+    switch (c) {
+        case '"': quoted += "\\\""; return;
+        case '\\': quoted += "\\\\"; return;
+        case '\n': quoted += "\\n"; return;
+        case '\r': quoted += "\\r"; return;
+        case '\t': quoted += "\\t"; return;
+        default: break;
+    }
+    char escape[8];
+    std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(c));
+    quoted += escape;
+}
+
+/// Appends a text as a JSON string, what needs no escape at one go.
+void appendQuoted(std::string& quoted, std::string_view text) {
+    quoted += '"';
+    std::size_t plain = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char c = text[at];
+        if (c != '"' && c != '\\' && static_cast<unsigned char>(c) >= 0x20) continue;
+        quoted.append(text, plain, at - plain);
+        appendEscaped(quoted, c);
+        plain = at + 1;
+    }
+    quoted.append(text, plain);
+    quoted += '"';
+}
+
 /// Writes values one inside the other. Values lie no deeper than documents do.
 class Writer {
 public:
@@ -62,7 +92,7 @@ public:
     void value(const TypePlan& plan, const void* value) {
         switch (plan.kind) {
             case ValueKind::text:
-            case ValueKind::decimalOrText: text_ += quotedText(*static_cast<const std::string*>(value)); break;
+            case ValueKind::decimalOrText: appendQuoted(text_, *static_cast<const std::string*>(value)); break;
             case ValueKind::boolean: text_ += *static_cast<const bool*>(value) ? "true" : "false"; break;
             case ValueKind::integer: text_ += std::to_string(*static_cast<const std::int64_t*>(value)); break;
             case ValueKind::unsignedInteger:
@@ -130,7 +160,7 @@ private:
 
     void name(std::string_view name) {
         separate();
-        text_ += quotedText(name);
+        appendQuoted(text_, name);
         text_ += indented_ ? ": " : ":";
     }
 
@@ -174,25 +204,9 @@ std::string valueText(const TypePlan& plan, const void* value, ValueLayout layou
 }
 
 std::string quotedText(std::string_view text) {
-    std::string quoted = "\"";
-    for (const char c : text) {
-        switch (c) {
-            case '"': quoted += "\\\""; break;
-            case '\\': quoted += "\\\\"; break;
-            case '\n': quoted += "\\n"; break;
-            case '\r': quoted += "\\r"; break;
-            case '\t': quoted += "\\t"; break;
-            default:
-                if (static_cast<unsigned char>(c) < 0x20) {
-                    char escape[8];
-                    std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(c));
-                    quoted += escape;
-                } else {
-                    quoted += c;
-                }
-        }
-    }
-    return quoted + '"';
+    std::string quoted;
+    appendQuoted(quoted, text);
+    return quoted;
 }
 
 std::string numberText(double number) {

@@ -3,10 +3,20 @@
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
+#include <utility>
+#include <vector>
 
 namespace VanticRestKit::test {
 
 namespace {
+
+struct JSONTree {
+    enum class Kind { plain, array, object };
+    Kind kind = Kind::plain;
+    std::string plain{};
+    /// Keys with their quotes; of an array "".
+    std::vector<std::pair<std::string, JSONTree>> members{};
+};
 
 /// Of every type, fit and unfit in many ways.
 constexpr std::string_view samples[] = {
@@ -161,16 +171,21 @@ std::uint64_t Random::next() noexcept {
     return mixed ^ (mixed >> 31);
 }
 
-JSONTree JSONTree::parse(std::string_view json) { return Parser(json).value(); }
+struct ChangeableDocument::Tree {
+    JSONTree root;
+};
 
-std::string JSONTree::text() const {
+ChangeableDocument::ChangeableDocument(std::string_view json)
+    : tree_(std::make_shared<const Tree>(Tree{Parser(json).value()})) {}
+
+std::string ChangeableDocument::text() const {
     std::string text;
-    write(*this, text);
+    write(tree_->root, text);
     return text;
 }
 
-std::string mutated(const JSONTree& document, Random& random) {
-    JSONTree tree = document;
+std::string ChangeableDocument::changed(Random& random) const {
+    JSONTree tree = tree_->root;
     for (std::size_t changes = 1 + random.below(4); changes > 0; --changes) {
         std::vector<JSONTree*> all;
         std::vector<JSONTree*> full;
@@ -181,7 +196,8 @@ std::string mutated(const JSONTree& document, Random& random) {
             changeMembers(*full[random.below(full.size())], random);
         }
     }
-    std::string text = tree.text();
+    std::string text;
+    write(tree, text);
     if (random.below(16) == 0) changeBytes(text, random);
     return text;
 }

@@ -3,11 +3,11 @@
 /// \file
 /// Documents that are nearly right: a good one, changed here and there at random.
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 namespace VanticRestKit::test {
 
@@ -23,21 +23,22 @@ private:
     std::uint64_t state_;
 };
 
-/// A JSON document as a tree that can be taken apart and written again, keys and plain values as they were spelled.
-struct JSONTree {
-    enum class Kind { plain, array, object };
-    Kind kind = Kind::plain;
-    std::string plain{};
-    /// Keys with their quotes; of an array "".
-    std::vector<std::pair<std::string, JSONTree>> members{};
-
+/// A JSON document that is taken apart once and written again with changes, keys and plain values as they were spelled.
+class ChangeableDocument {
+public:
     /// Of a document without faults in its structure.
-    static JSONTree parse(std::string_view json);
-    std::string text() const;
-};
+    explicit ChangeableDocument(std::string_view json);
 
-/// The document with one to four changes: values replaced by ones of any type, members left out, doubled, moved or
-/// added, keys escaped or made unreadable, elements doubled or moved; now and then bytes changed blindly.
-std::string mutated(const JSONTree& document, Random& random);
+    /// The document without blanks between its parts.
+    std::string text() const;
+
+    /// The document with one to four changes: values replaced by ones of any type, members left out, doubled, moved or
+    /// added, keys escaped or made unreadable, elements doubled or moved; now and then bytes changed blindly.
+    std::string changed(Random& random) const;
+
+private:
+    struct Tree;
+    std::shared_ptr<const Tree> tree_;
+};
 
 }  // namespace VanticRestKit::test

@@ -1,0 +1,64 @@
+#include "ServiceContext.h"
+
+#include "support/SampleService.h"
+
+#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
+#include <VanticRestKit/lumeno/Image/Image.h>
+#include <VanticRestKit/lumeno/Video/VideoList.h>
+
+namespace VanticRestKit::test {
+
+namespace {
+
+std::vector<std::string> targetsOf(const SampleService& service) {
+    std::vector<std::string> targets;
+    for (const auto& request : service.log()) targets.push_back(request["target"]);
+    return targets;
+}
+
+/// The value of a header of a logged request; no text where it has none.
+std::string headerOf(const nlohmann::json& request, const std::string& name) {
+    for (const auto& header : request["headers"]) {
+        if (header["name"] == name) return header["value"];
+    }
+    return {};
+}
+
+TEST(SampleServiceRequests, GoToThePathsOfTheirRoutesAsTheyWereBuilt) {
+    const SampleService service;
+    const ServiceContext context(service.baseURL());
+    outcomeOf(Endpoint::Time(context));
+    outcomeOf(Endpoint::Avatars(context));
+    outcomeOf(Endpoint::Video({.houseNumber = "a b/../c"}, context));
+    outcomeOf(Endpoint::Video({.usingHref = "/video/HL0101"}, context));
+    outcomeOf(Endpoint::Videos({.houseNumbers = std::vector<std::string>{"a", "b"}}, context));
+    outcomeOf(Endpoint::Videos({.houseNumbers = std::vector<std::string>{}}, context));
+    EXPECT_EQ(targetsOf(service),
+              (std::vector<std::string>{"/v2/time", "/v3/image/avatar/", "/v2/video/a%20b/../c",
+                                        "/v2//video/HL0101", "/v2/videos/a,b", "/v2/videos/"}));
+}
+
+TEST(SampleServiceRequests, CarryTheQueryOfTheBaseURL) {
+    const SampleService service;
+    outcomeOf(Endpoint::Time(ServiceContext(service.baseURL() + "/?b=1&a&c=")));
+    EXPECT_EQ(targetsOf(service), std::vector<std::string>{"/v2/time?b=1&a&c="});
+}
+
+TEST(SampleServiceRequests, CarryTheHostsHeadersAndWhatTheSessionAdds) {
+    const SampleService service;
+    ServiceContext context(service.baseURL());
+    context.headers = {{"X-Host", "yes"}, {"User-Agent", "host/1"}};
+    outcomeOf(Endpoint::Time(context));
+    const auto request = service.log()[0];
+    EXPECT_EQ(request["method"], "GET");
+    EXPECT_EQ(headerOf(request, "X-Host"), "yes");
+    EXPECT_EQ(headerOf(request, "User-Agent"), "host/1");
+    EXPECT_EQ(headerOf(request, "Accept"), "*/*");
+    EXPECT_EQ(headerOf(request, "Content-Type"), "");
+    EXPECT_EQ(request["body"], "");
+}
+
+
+}  // namespace
+
+}  // namespace VanticRestKit::test
