@@ -1,0 +1,258 @@
+// What loads cost, as ratios to libcurl's multi interface in the same run; what a resource costs to make; and
+// what ten thousand loads in flight take. The servers are processes of their own: their work is not counted.
+//   load_bench [--quick]
+
+#include "../support/Measure.h"
+#include "RawLoads.h"
+#include "Server.h"
+
+#include <support/Certificates.h>
+#include <support/Nghttpx.h>
+#include <VanticRestKit/Core/Context.h>
+#include <VanticRestKit/Core/NetworkActivityCounter.h>
+#include <VanticRestKit/Core/NetworkServiceble.h>
+#include <VanticRestKit/Core/Resource.h>
+#include <VanticRestKit/platform/http/URLSession.h>
+
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <memory>
+#include <optional>
+#include <semaphore>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace VanticRestKit::bench {
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+/// About two kilobytes, as a small answer has.
+std::string sampleBody() {
+    std::string body = "[";
+    for (int i = 0; i < 30; ++i)
+        body += "\"https://pictures.example.test/zx1000a/" + std::to_string(100'000 + i) + ".jpg\",";
+    body.back() = ']';
+    return body;
+}
+
+/// Processor time of this process so far, in seconds.
+double processorTime() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_usec);
+    };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+double wallTime() {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+/// A number that the kernel tells of this process, such as "Threads" or "VmHWM".
+long told(const std::string& name) {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with(name + ":")) return std::atol(line.c_str() + name.size() + 1);
+    }
+    return -1;
+}
+
+std::string addressOf(const Server& server, const std::string& path) {
+    return "http://127.0.0.1:" + std::to_string(server.port()) + path;
+}
+
+URLRequest requestOf(const std::string& address) { return URLRequest(URL::make(address).value()); }
+
+/// Loads of resources, each made for one load, a number of them at a time. Never destroyed: what the last
+/// completion does may still be going on when the waiting is over.
+class Loads {
+public:
+    Loads(std::shared_ptr<URLSession> session, const std::string& address)
+        : session_(networkSession(std::move(session))), request_(requestOf(address)) {}
+
+    void begin(std::size_t count, std::size_t atOnce) {
+        toStart_ = static_cast<long>(count);
+        toEnd_ = static_cast<long>(count);
+        for (std::size_t i = 0; i < atOnce; ++i) startNext();
+    }
+    void wait() { allEnded_.acquire(); }
+
+    void run(std::size_t count, std::size_t atOnce) {
+        begin(count, atOnce);
+        wait();
+    }
+
+private:
+    void startNext() {
+        if (toStart_.fetch_sub(1) <= 0) return;
+        const Resource<Texts> resource({.withService = NetworkServiceble::make(
+                                            {.with = request_, .and_ = session_, .logError = LogError()}),
+                                        .andDecoder = JSONDecoder()});
+        resource.load({.with = [this](Result<Texts, LoaderError> texts) {
+            if (!texts) {
+                std::fprintf(stderr, "load: %s\n", texts.error().localizedDescription().c_str());
+                std::exit(1);
+            }
+            startNext();
+            if (toEnd_.fetch_sub(1) == 1) allEnded_.release();
+        }});
+    }
+
+    std::shared_ptr<NetworkSession> session_;
+    URLRequest request_;
+    std::atomic<long> toStart_ = 0;
+    std::atomic<long> toEnd_ = 0;
+    std::binary_semaphore allEnded_{0};
+};
+
+struct Cost {
+    double processor;
+    double wall;
+};
+
+template <class Run>
+Cost costOf(Run run) {
+    const double processor = processorTime();
+    const double wall = wallTime();
+    run();
+    return {processorTime() - processor, wallTime() - wall};
+}
+
+double medianOf(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+struct Way {
+    std::string name;
+    std::size_t atOnce;
+    const char* budget;
+    const char* goal;
+};
+
+/// Both sides in turn, each with connections of its own that are open from the start.
+void compare(const Way& way, RawLoads& raw, Loads& loads, std::size_t count, std::size_t rounds) {
+    raw.run(count / 10, way.atOnce);
+    loads.run(count / 10, way.atOnce);
+    std::vector<double> processor;
+    std::vector<double> wall;
+    for (std::size_t round = 0; round < rounds; ++round) {
+        const Cost theirs = costOf([&] { raw.run(count, way.atOnce); });
+        const Cost ours = costOf([&] { loads.run(count, way.atOnce); });
+        processor.push_back(ours.processor / theirs.processor);
+        wall.push_back(theirs.wall / ours.wall);
+    }
+    report("load, processor time over raw libcurl: " + way.name, figure(medianOf(processor)), way.budget,
+           way.goal);
+    report("load, loads in a second over raw libcurl: " + way.name, figure(medianOf(wall)), "", "");
+}
+
+class BenchContext : public Context {
+public:
+    URL baseURL() const override { return URL::make("https://api.vantic.example.test/v2").value(); }
+    std::map<std::string, std::string> HTTPHeaderFields() const override {
+        return {{"X-Api-Key", "1234567890abcdef"}, {"Accept-Language", "en"}};
+    }
+};
+
+struct SampleURI {
+    std::string path() const { return "videos"; }
+    std::vector<URLQueryItem> queryItems = {
+        {{"ids", "ZX1000A001S00,ZX1000A002S00"}, {"form", "full"}}};
+};
+
+void makingAResource(std::size_t count) {
+    const BenchContext context;
+    const long threads = told("Threads");
+    double least = 1;
+    for (int round = 0; round < 20; ++round) {
+        const double before = wallTime();
+        for (std::size_t i = 0; i < count; ++i) {
+            const auto resource = Resource<Texts>::make({.with = SampleURI{}}, context);
+            if (!resource) std::exit(1);
+            keep(resource);
+        }
+        least = std::min(least, (wallTime() - before) / static_cast<double>(count));
+    }
+    report("making a Resource of a route, in microseconds", figure(least * 1e6), "2", "");
+    report("threads that this started", std::to_string(told("Threads") - threads), "0", "");
+}
+
+/// All of `count` loads are begun before one is answered.
+void inFlight(Server& server, std::size_t count) {
+    const long memory = told("VmRSS");
+    const long threads = told("Threads");
+    // The sign of network activity is told of each request that begins.
+    static std::atomic<std::size_t> begun = 0;
+    static std::binary_semaphore allBegan{0};
+    NetworkActivityCounter::setIndicator([count](bool) {
+        if (++begun == count) allBegan.release();
+    });
+    Loads& loads = *new Loads(URLSession::make({}), addressOf(server, "/held"));
+    loads.begin(count, count);
+    allBegan.acquire();
+    const long threadsThen = told("Threads") - threads;
+    server.release();
+    loads.wait();
+    NetworkActivityCounter::setIndicator({});
+    report("loads in flight at once", std::to_string(count), "10000", "");
+    report("threads for them, those of the pool included", std::to_string(threadsThen), "told", "");
+    report("memory at the peak, in KB for each of them",
+           figure(static_cast<double>(told("VmHWM") - memory) / static_cast<double>(count), 1), "told", "");
+}
+
+}  // namespace
+
+}  // namespace VanticRestKit::bench
+
+int main(int count, char** arguments) {
+    using namespace VanticRestKit;
+    using namespace VanticRestKit::bench;
+    const bool isQuick = count > 1 && std::string_view(arguments[1]) == "--quick";
+    const std::size_t loads = isQuick ? 200 : 5000;
+    const std::size_t rounds = isQuick ? 1 : 7;
+
+    // Processes first: nothing may fork once there are threads.
+    Server server(sampleBody());
+    Server holding(sampleBody());
+    const test::CertificateAuthority root;
+    const test::TemporaryFile roots(root.pem());
+    const test::Nghttpx http2(server.port(), root.issue());
+    if (!http2.isRunning()) return 1;
+    curl_global_init(CURL_GLOBAL_DEFAULT);
+
+    makingAResource(isQuick ? 100 : 5000);
+    inFlight(holding, 10'000);
+
+    URLSessionConfiguration wide;
+    wide.caBundlePath = roots.path();
+    wide.httpMaximumConnectionsPerHost = 64;
+    URLSessionConfiguration narrow = wide;
+    narrow.httpMaximumConnectionsPerHost = 6;
+    const std::string http1Address = addressOf(server, "/sample");
+    const std::string http2Address = "https://127.0.0.1:" + std::to_string(http2.port()) + "/sample";
+    const auto compared = [&](const Way& way, const RawLoads::Settings& settings,
+                              const URLSessionConfiguration& configuration) {
+        RawLoads raw(settings);
+        compare(way, raw, *new Loads(URLSession::make(configuration), settings.url), loads, rounds);
+    };
+    const RawLoads::Settings overSix{.url = http1Address, .connections = 6};
+    const RawLoads::Settings overMany{.url = http1Address, .connections = 64};
+    const RawLoads::Settings overHTTP2{.url = http2Address, .caBundlePath = roots.path(), .connections = 6};
+    compared({"one at a time", 1, "1.3", "1.2"}, overSix, narrow);
+    compared({"HTTP/1.1, 64 at once over 6 connections", 64, "1.5", "1.35"}, overSix, narrow);
+    compared({"HTTP/1.1, 64 at once over 64 connections", 64, "1.5", "1.35"}, overMany, wide);
+    compared({"HTTP/2, 64 at once", 64, "1.35", "1.2"}, overHTTP2, narrow);
+}

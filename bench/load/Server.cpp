@@ -1,0 +1,158 @@
+#include "Server.h"
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/epoll.h>
+#include <sys/prctl.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <string_view>
+
+namespace VanticRestKit::bench {
+
+namespace {
+
+void must(bool worked, const char* what) {
+    if (worked) return;
+    std::perror(what);
+    std::_Exit(1);
+}
+
+/// Listens on a free port of the loopback interface.
+int listening(std::uint16_t& port) {
+    const int listener = socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    must(bind(listener, reinterpret_cast<const sockaddr*>(&address), size) == 0, "bind");
+    must(listen(listener, 1024) == 0, "listen");
+    must(getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size) == 0, "getsockname");
+    port = ntohs(address.sin_port);
+    return listener;
+}
+
+/// Serves for good. It answers in one write, and reads no bodies.
+class Loop {
+public:
+    Loop(int listener, int releasing, const std::string& body)
+        : listener_(listener), releasing_(releasing), poll_(epoll_create1(0)) {
+        answer_ = "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: " +
+                  std::to_string(body.size()) + "\r\n\r\n" + body;
+        watch(listener_);
+        watch(releasing_);
+    }
+
+    [[noreturn]] void run() {
+        std::array<epoll_event, 64> events{};
+        for (;;) {
+            const int count = epoll_wait(poll_, events.data(), static_cast<int>(events.size()), -1);
+            for (int i = 0; i < count; ++i) handle(events[static_cast<std::size_t>(i)].data.fd);
+        }
+    }
+
+private:
+    struct Connection {
+        std::string request;
+        std::size_t held = 0;
+    };
+
+    void watch(int file) {
+        epoll_event event{};
+        event.events = EPOLLIN;
+        event.data.fd = file;
+        must(epoll_ctl(poll_, EPOLL_CTL_ADD, file, &event) == 0, "epoll_ctl");
+    }
+
+    void handle(int file) {
+        if (file == listener_) {
+            const int connection = accept(listener_, nullptr, nullptr);
+            if (connection < 0) return;
+            const int yes = 1;
+            setsockopt(connection, IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
+            connections_[connection] = {};
+            watch(connection);
+        } else if (file == releasing_) {
+            holds_ = false;
+            epoll_ctl(poll_, EPOLL_CTL_DEL, releasing_, nullptr);
+            for (auto& [open, connection] : connections_) {
+                for (; connection.held > 0; --connection.held) answer(open);
+            }
+        } else {
+            read(file);
+        }
+    }
+
+    void read(int file) {
+        std::array<char, 16384> bytes;
+        const ssize_t size = recv(file, bytes.data(), bytes.size(), 0);
+        if (size <= 0) {
+            connections_.erase(file);
+            close(file);
+            return;
+        }
+        Connection& connection = connections_[file];
+        connection.request.append(bytes.data(), static_cast<std::size_t>(size));
+        for (std::size_t end; (end = connection.request.find("\r\n\r\n")) != std::string::npos;) {
+            const std::string_view head(connection.request.data(), end);
+            if (holds_ && head.substr(0, head.find("\r\n")).find(" /held") != std::string_view::npos) {
+                ++connection.held;
+            } else {
+                answer(file);
+            }
+            connection.request.erase(0, end + 4);
+        }
+    }
+
+    void answer(int file) {
+        std::string_view rest = answer_;
+        while (!rest.empty()) {
+            const ssize_t sent = send(file, rest.data(), rest.size(), MSG_NOSIGNAL);
+            if (sent <= 0) return;
+            rest.remove_prefix(static_cast<std::size_t>(sent));
+        }
+    }
+
+    int listener_;
+    int releasing_;
+    int poll_;
+    std::string answer_;
+    bool holds_ = true;
+    std::map<int, Connection> connections_;
+};
+
+}  // namespace
+
+Server::Server(const std::string& body) {
+    const int listener = listening(port_);
+    std::array<int, 2> releasing{};
+    must(pipe(releasing.data()) == 0, "pipe");
+    process_ = fork();
+    must(process_ >= 0, "fork");
+    if (process_ == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        close(releasing[1]);
+        Loop(listener, releasing[0], body).run();
+    }
+    close(listener);
+    close(releasing[0]);
+    releasing_ = releasing[1];
+}
+
+Server::~Server() {
+    kill(process_, SIGKILL);
+    waitpid(process_, nullptr, 0);
+    close(releasing_);
+}
+
+void Server::release() { must(write(releasing_, "x", 1) == 1, "write"); }
+
+}  // namespace VanticRestKit::bench
