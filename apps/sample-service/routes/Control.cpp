@@ -1,4 +1,5 @@
 #include "routes/Table.h"
+#include "server/Clock.h"
 
 namespace sample {
 
@@ -16,6 +17,15 @@ Reply addFault(const Request& request, Faults& faults) {
     Fault fault;
     if (const auto wrong = readFault(json, fault)) return failure(400, *wrong);
     faults.add(std::move(fault));
+    return done();
+}
+
+Reply setClock(const Request& request) {
+    const JSON json = JSON::parse(request.body, nullptr, false);
+    if (!json.is_object() || !json.contains("now") || !json["now"].is_number() || json["now"] < 0) {
+        return failure(400, "the body is no {\"now\": seconds since 1970}");
+    }
+    serviceClock().set(json["now"].get<double>());
     return done();
 }
 
@@ -49,6 +59,9 @@ std::vector<Route> controlRoutes(Faults& faults, RequestLog& log) {
         {"POST", "_control/faults",
          [&faults](const Request& request, const Captures&) { return addFault(request, faults); }},
         {"DELETE", "_control/faults", clearFaults},
+        {"PUT", "_control/clock", [](const Request& request, const Captures&) { return setClock(request); }},
+        {"DELETE", "_control/clock",
+         [](const Request&, const Captures&) { return serviceClock().set(std::nullopt), done(); }},
         {"GET", "_control/log", logList},
         {"DELETE", "_control/log", clearLog},
         {"GET", "_control/state", state},

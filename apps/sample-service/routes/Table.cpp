@@ -6,7 +6,17 @@ namespace sample {
 
 std::vector<Route> serviceRoutes() {
     std::vector<Route> table;
-    for (auto* kind : {timeRoutes, avatarRoutes, videoRoutes}) {
+    for (auto* kind : {
+             timeRoutes,
+             avatarRoutes,
+             pictureRoutes,
+             videoRoutes,
+             showRoutes,
+             screenRoutes,
+             navigationRoutes,
+             liveRoutes,
+             noticeRoutes,
+         }) {
         auto routes = kind();
         std::move(routes.begin(), routes.end(), std::back_inserter(table));
     }

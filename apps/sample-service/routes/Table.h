@@ -11,7 +11,13 @@ namespace sample {
 // One function for each kind of resource, each in a file of its own in this folder.
 std::vector<Route> timeRoutes();
 std::vector<Route> avatarRoutes();
+std::vector<Route> pictureRoutes();
 std::vector<Route> videoRoutes();
+std::vector<Route> showRoutes();
+std::vector<Route> screenRoutes();
+std::vector<Route> navigationRoutes();
+std::vector<Route> liveRoutes();
+std::vector<Route> noticeRoutes();
 
 /// The table of routes: all that the service answers.
 std::vector<Route> serviceRoutes();

@@ -1,4 +1,4 @@
-#include <chrono>
+#include "server/Clock.h"
 
 #include "routes/Table.h"
 
@@ -6,10 +6,8 @@ namespace sample {
 
 std::vector<Route> timeRoutes() {
     return {{"GET", "v2/time", [](const Request&, const Captures&) {
-                 const auto now = std::chrono::system_clock::now().time_since_epoch();
-                 const auto milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
                  Reply reply;
-                 reply.body = static_cast<double>(milliseconds) / 1000.0;
+                 reply.body = serviceClock().now();
                  return reply;
              }}};
 }
