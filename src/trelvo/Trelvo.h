@@ -46,6 +46,9 @@ public:
     /// The one instance, made on first use.
     static Trelvo& shared();
 
+    Trelvo(const Trelvo&) = delete;
+    Trelvo& operator=(const Trelvo&) = delete;
+
     /// The tokens in use; empty at first.
     std::optional<Auth> auth() const;
     /// What the last attempt to get tokens failed with; empty at first.

@@ -61,7 +61,10 @@ std::optional<DispatchGroup> TrelvoState::refreshAuth(const TrelvoContext& conte
 Result<Credentials, TrelvoError> TrelvoState::credentials(const char* operation, const TrelvoContext& context) {
     std::optional<std::string> uid = context.uid();
     if (!uid) return Failure(TrelvoError::noUid());
-    if (const std::optional<DispatchGroup> group = refreshAuth(context)) group->wait();
+    if (const std::optional<DispatchGroup> group = refreshAuth(context)) {
+        if (willWait_) willWait_(*group);
+        group->wait();
+    }
     const std::optional<Auth> saved = auth.load();
     if (saved) return Credentials{*std::move(uid), saved->accessToken};
     if (std::optional<TrelvoError> error = authError.load()) return Failure(*std::move(error));
@@ -71,8 +74,8 @@ Result<Credentials, TrelvoError> TrelvoState::credentials(const char* operation,
 
 }  // namespace detail
 
-Trelvo TrelvoProbe::make(std::function<double()> now) {
-    return Trelvo(std::make_shared<detail::TrelvoState>(std::move(now)));
+Trelvo TrelvoProbe::make(std::function<double()> now, WillWait willWait) {
+    return Trelvo(std::make_shared<detail::TrelvoState>(std::move(now), std::move(willWait)));
 }
 
 Trelvo::Trelvo(std::shared_ptr<detail::TrelvoState> state) : state_(std::move(state)) {}

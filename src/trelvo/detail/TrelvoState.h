@@ -21,8 +21,10 @@ namespace VanticRestKit {
 
 /// How tests make a client of their own, with a clock of theirs.
 struct TrelvoProbe {
-    /// `now` tells the seconds since 1970.
-    static Trelvo make(std::function<double()> now);
+    using WillWait = std::function<void(const DispatchGroup&)>;
+
+    /// `now` tells the seconds since 1970. `willWait` is handed each group that an operation is about to wait for.
+    static Trelvo make(std::function<double()> now, WillWait willWait = {});
     static detail::TrelvoState& state(Trelvo& trelvo) { return *trelvo.state_; }
 };
 
@@ -36,7 +38,8 @@ struct Credentials {
 
 class TrelvoState : public std::enable_shared_from_this<TrelvoState> {
 public:
-    explicit TrelvoState(std::function<double()> now) : now_(std::move(now)) {}
+    TrelvoState(std::function<double()> now, TrelvoProbe::WillWait willWait)
+        : now_(std::move(now)), willWait_(std::move(willWait)) {}
 
     Replaceable<std::optional<Auth>> auth;
     Replaceable<std::optional<TrelvoError>> authError;
@@ -55,6 +58,7 @@ private:
     static constexpr double minSafeTimeUntilAuthExpires_ = 5.0;
 
     std::function<double()> now_;
+    TrelvoProbe::WillWait willWait_;
 };
 
 /// Runs one operation: credentials first, then the request for an `Answer`, whose outcome `conclude` turns into the
