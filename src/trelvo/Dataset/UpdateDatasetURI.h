@@ -5,6 +5,7 @@
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/error/AnyValue.h>
+#include <VanticRestKit/platform/json/JSONEncoder.h>
 #include <VanticRestKit/platform/url/URLQueryItem.h>
 #include <VanticRestKit/trelvo/Common/SourceSystem.h>
 #include <VanticRestKit/trelvo/Dataset/DatasetBody.h>
@@ -25,12 +26,13 @@ struct UpdateDatasetURI {
 
     std::string path() const { return "v2/dataset/" + namespace_; }
     std::vector<URLQueryItem> queryItems() const {
-        return {{"UID", uid},
-                {"source", std::string(rawValue(source))},
-                {"include", "private"}};
+        return {{"UID", uid}, {"source", std::string(rawValue(source))}, {"include", "private"}};
     }
     /// Empty where a number of the dataset is none, or a text is not UTF-8: no body goes out then.
     std::optional<Data> postData() const { return datasetBody(dataset); }
+
+    /// The dataset alone, as one flat object: nothing else of this value is encoded.
+    void encode(JSONObjectWriter& writer) const { encodeDataset(dataset, writer); }
 
     friend bool operator==(const UpdateDatasetURI&, const UpdateDatasetURI&) = default;
 };
