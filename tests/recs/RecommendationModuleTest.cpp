@@ -1,0 +1,58 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/recs/RecommendationModule.h>
+
+#include <platform/json/FieldRules.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::decoded;
+using test::failureOf;
+using test::Word;
+
+test::EntityRules modules() {
+    return {.type = test::decodable<RecommendationModule>,
+            .least = R"({"moduleid":"m","variantid":"v","label":"l","recommendations":[]})",
+            .fields = {{"moduleid", "moduleid", Word::required, test::text()},
+                       {"variantid", "variantid", Word::required, test::text()},
+                       {"label", "label", Word::required, test::text()},
+                       {"recommendations", "recommendations", Word::required,
+                        test::listOf("[]",
+                                     {{R"([{"rid":"$","recipeid":"a"},{"recipeid":"b","rid":""}])",
+                                       R"([{"rid":"$","recipeid":"a"},{"rid":"","recipeid":"b"}])"},
+                                      {"[]", "[]"}},
+                                     {R"({"rid":"x","recipeid":7})", "typeMismatch", "/recipeid"})}}};
+}
+
+TEST(RecommendationModule, HasFourFieldsInDeclaredOrder) {
+    test::expectDeclaredFields(modules());
+    const RecommendationModule module{.moduleid = "m",
+                                      .variantid = "v",
+                                      .label = "For you",
+                                      .recommendations = {{.rid = "lumeno://program/5", .recipeid = "r"}}};
+    EXPECT_EQ(decoded<RecommendationModule>(
+                  R"({"recommendations":[{"rid":"lumeno://program/5","recipeid":"r"}],"label":"For you",)"
+                  R"("variantid":"v","moduleid":"m"})"),
+              module);
+}
+
+TEST(RecommendationModule, NeedsAllOfThem) { test::expectFieldsInEveryState(modules()); }
+
+TEST(RecommendationModule, ReadsItsKeysInDeclaredOrder) {
+    test::expectErrorsInOrder(
+        modules(), {{"moduleid", "7"}, {"variantid", "null"}, {"label", "[]"}, {"recommendations", "{}"}});
+}
+
+TEST(RecommendationModule, FailsWhereOneRecommendationLacksItsRid) {
+    const std::string head = R"({"moduleid":"m","variantid":"v","label":"l","recommendations":[)";
+    EXPECT_EQ(failureOf<RecommendationModule>(head + R"({"rid":"a","recipeid":"r"},{"recipeid":"r"}]})"),
+              R"(keyNotFound ["recommendations",1,"rid"])");
+    EXPECT_EQ(
+        failureOf<RecommendationModule>(head + R"({"rid":"a","recipeid":"r"},{"rid":"b","recipeid":"r"}]})"),
+        "");
+}
+
+TEST(RecommendationModule, IsAnObject) { test::expectAnObjectOnly(test::decodable<RecommendationModule>); }
+
+}  // namespace
+}  // namespace VanticRestKit

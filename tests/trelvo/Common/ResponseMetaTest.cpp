@@ -1,0 +1,35 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/trelvo/Common/ResponseMeta.h>
+
+#include <trelvo/Common/Shapes.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::decoded;
+using test::Word;
+
+test::EntityRules facts() {
+    test::Shape number = test::unsignedNumber();
+    return {.type = test::decodable<ResponseMeta>,
+            .least = "{}",
+            .fields = {{"count", "count", Word::optional, number},
+                       {"data", "data", Word::optional, test::text()},
+                       {"statusCode", "status_code", Word::optional, number}}};
+}
+
+TEST(ResponseMeta, HasThreeFieldsInDeclaredOrder) {
+    test::expectDeclaredFields(facts());
+    const ResponseMeta meta{.count = 2, .data = "d", .statusCode = 404};
+    EXPECT_EQ(decoded<ResponseMeta>(R"({"status_code":404,"data":"d","count":2,"statusCode":1})"), meta);
+}
+
+TEST(ResponseMeta, MayLackAnyOfThemAndFailsOfAnotherType) {
+    test::expectFieldsInEveryState(facts());
+    test::expectErrorsInOrder(facts(), {{"count", "\"1\""}, {"data", "1"}, {"status_code", "-1"}});
+}
+
+TEST(ResponseMeta, IsAnObject) { test::expectAnObjectOnly(test::decodable<ResponseMeta>); }
+
+}  // namespace
+}  // namespace VanticRestKit

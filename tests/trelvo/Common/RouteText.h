@@ -1,0 +1,26 @@
+#pragma once
+
+/// \file
+/// A route on one line.
+
+#include <VanticRestKit/Core/ResourceURI.h>
+
+#include <string>
+
+namespace VanticRestKit::test {
+
+/// "PATCH v2/x [UID=u, source=lumeno] body", with "-" for no method, "=" left out where an item has no value,
+/// and nothing at the end where there is no body.
+inline std::string routeText(const ResourceURI& route) {
+    std::string text = route.httpMethod().value_or("-") + " " + route.path() + " [";
+    for (const URLQueryItem& item : route.queryItems()) {
+        if (!text.ends_with('[')) text += ", ";
+        text += item.name;
+        if (item.value) text += "=" + *item.value;
+    }
+    text += "]";
+    if (route.postData()) text += " " + std::string(route.postData()->view());
+    return text;
+}
+
+}  // namespace VanticRestKit::test

@@ -1,0 +1,137 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/trelvo/History/HistoryData.h>
+
+#include <trelvo/Common/Shapes.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::decoded;
+using test::Word;
+
+test::EntityRules records() {
+    return {
+        .type = test::decodable<HistoryData>,
+        .least = R"({"uid":"u","oid":"o","slug":"s","namespace":"n","key":"k","progress":1,"done":false})",
+        .fields = {{"source", "source", Word::lenient, test::rawText("lumeno", "lumeno")},
+                   {"uid", "uid", Word::required, test::text()},
+                   {"oid", "oid", Word::required, test::text()},
+                   {"slug", "slug", Word::required, test::text()},
+                   {"namespace", "namespace", Word::required, test::text()},
+                   {"key", "key", Word::required, test::text()},
+                   {"progress", "progress", Word::required, test::wholeNumber()},
+                   {"done", "done", Word::required, test::flag()},
+                   {"lastAccessed", "lastAccessed", Word::lenient, test::apiDateText()}}};
+}
+
+/// The least record and what else it has.
+std::optional<HistoryData> recordWith(const std::string& member) {
+    return decoded<HistoryData>(
+        R"({"uid":"u","oid":"o","slug":"s","namespace":"n","key":"k","progress":1,"done":true,)" + member +
+        "}");
+}
+
+TEST(HistoryData, HasNineFieldsInDeclaredOrder) {
+    ASSERT_EQ(records().fields.size(), 9U);
+    test::expectDeclaredFields(records());
+    const HistoryData record{.source = SourceSystem::lumeno,
+                             .uid = "u",
+                             .oid = "o",
+                             .slug = "any slug",
+                             .namespace_ = "n",
+                             .key = "k",
+                             .progress = -5,
+                             .done = true,
+                             .lastAccessed = Date(Date::duration(1577934245))};
+    EXPECT_EQ(
+        decoded<HistoryData>(
+            R"({"lastAccessed":"2020-01-02T03:04:05+0000","done":true,"progress":-5,"key":"k","namespace":"n",)"
+            R"("slug":"any slug","oid":"o","uid":"u","source":"lumeno"})"),
+        record);
+}
+
+TEST(HistoryData, NeedsAllButItsSourceAndItsDate) { test::expectFieldsInEveryState(records()); }
+
+TEST(HistoryData, ReadsItsKeysInDeclaredOrder) {
+    test::expectErrorsInOrder(records(), {{"uid", "1"},
+                                          {"oid", "null"},
+                                          {"slug", "[]"},
+                                          {"namespace", "{}"},
+                                          {"key", "true"},
+                                          {"progress", "\"1\""},
+                                          {"done", "1"}});
+}
+
+TEST(HistoryData, IsAnObject) { test::expectAnObjectOnly(test::decodable<HistoryData>); }
+
+TEST(HistoryData, ReadsADateWithAFractionAndHasNoneInAnotherFormat) {
+    const auto accessed = [](const char* text) {
+        const auto record = recordWith(std::string(R"("lastAccessed":")") + text + "\"");
+        EXPECT_TRUE(record) << text;
+        return record ? record->lastAccessed : std::nullopt;
+    };
+    const Date date{Date::duration(1614834367)};
+    EXPECT_EQ(accessed("2021-03-04T05:06:07+0000"), date);
+    EXPECT_EQ(accessed("2021-03-04T05:06:07.123+0000"), date);
+    EXPECT_EQ(accessed("2021-03-04T15:06:07.5+1000"), date);
+    EXPECT_EQ(accessed("2021-03-04 05:06:07"), std::nullopt);
+    EXPECT_EQ(accessed("04/03/2021"), std::nullopt);
+}
+
+TEST(HistoryData, StandsWithoutASourceWhereItIsUnknown) {
+    const auto record = recordWith(R"("source":"elsewhere")");
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->source, std::nullopt);
+    EXPECT_EQ(record->key, "k");
+}
+
+TEST(HistoryData, MayHaveItsSourceChanged) {
+    auto record = recordWith(R"("source":"elsewhere")");
+    ASSERT_TRUE(record);
+    record->source = SourceSystem::lumeno;
+    EXPECT_EQ(record->source, SourceSystem::lumeno);
+    EXPECT_EQ(record, recordWith(R"("source":"lumeno")"));
+    record->source = std::nullopt;
+    EXPECT_EQ(record, recordWith(R"("source":null)"));
+}
+
+/// A host's own record that decodes.
+struct OwnRecord {
+    std::optional<SourceSystem> source{};
+    std::string namespace_{};
+    std::string key{};
+    std::int64_t progress{};
+    bool done{};
+    std::optional<Date> lastAccessed{};
+};
+
+struct RecordWithoutAKey {
+    std::optional<SourceSystem> source{};
+    std::string namespace_{};
+    std::int64_t progress{};
+    bool done{};
+    std::optional<Date> lastAccessed{};
+};
+
+template <HistoryEntityProtocol Record>
+std::string shownBy(const Record& record) {
+    return record.namespace_ + "/" + record.key + " " + std::to_string(record.progress) +
+           (record.done ? " done" : "") +
+           (record.source ? " of " + std::string(rawValue(*record.source)) : "") +
+           (record.lastAccessed ? " dated" : "");
+}
+
+TEST(HistoryEntityProtocol, OffersWhatCodeForAnyRecordNeeds) {
+    EXPECT_EQ(shownBy(*recordWith(R"("source":"lumeno","lastAccessed":"2021-03-04T05:06:07Z")")),
+              "n/k 1 done of lumeno dated");
+    EXPECT_EQ(shownBy(OwnRecord{.namespace_ = "a", .key = "b", .progress = 2}), "a/b 2");
+}
+
+TEST(HistoryEntityProtocol, IsNotMetWithoutOneOfItsProperties) {
+    static_assert(HistoryEntityProtocol<OwnRecord>);
+    static_assert(!HistoryEntityProtocol<RecordWithoutAKey>);
+    static_assert(!HistoryEntityProtocol<std::string>);
+}
+
+}  // namespace
+}  // namespace VanticRestKit

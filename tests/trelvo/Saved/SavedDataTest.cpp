@@ -1,0 +1,132 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/trelvo/Saved/SavedData.h>
+
+#include <trelvo/Common/Shapes.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::decoded;
+using test::Word;
+
+test::EntityRules records() {
+    return {.type = test::decodable<SavedData>,
+            .least = R"({"oid":"o","slug":"s","namespace":"n","key":"k","order":1})",
+            .fields = {{"source", "source", Word::lenient, test::rawText("lumeno", "lumeno")},
+                       {"oid", "oid", Word::required, test::text()},
+                       {"slug", "slug", Word::required, test::text()},
+                       {"namespace", "namespace", Word::required, test::text()},
+                       {"key", "key", Word::required, test::text()},
+                       {"order", "order", Word::required, test::wholeNumber()},
+                       {"created", "created", Word::lenient, test::apiDateText()},
+                       {"updated", "updated", Word::lenient, test::apiDateText()}}};
+}
+
+/// The least record and what else it has.
+std::optional<SavedData> recordWith(const std::string& member) {
+    return decoded<SavedData>(R"({"oid":"o","slug":"s","namespace":"n","key":"k","order":1,)" + member + "}");
+}
+
+TEST(SavedData, HasEightFieldsInDeclaredOrder) {
+    ASSERT_EQ(records().fields.size(), 8U);
+    test::expectDeclaredFields(records());
+    const SavedData record{.source = SourceSystem::lumeno,
+                           .oid = "o",
+                           .slug = "any slug",
+                           .namespace_ = "n",
+                           .key = "k",
+                           .order = -5,
+                           .created = Date(Date::duration(1577934245)),
+                           .updated = Date(Date::duration(1577934246))};
+    EXPECT_EQ(
+        decoded<SavedData>(
+            R"({"updated":"2020-01-02T03:04:06Z","created":"2020-01-02T03:04:05+0000","order":-5,"key":"k",)"
+            R"("namespace":"n","slug":"any slug","oid":"o","source":"lumeno"})"),
+        record);
+}
+
+TEST(SavedData, NeedsAllButItsSourceAndItsDates) { test::expectFieldsInEveryState(records()); }
+
+TEST(SavedData, ReadsItsKeysInDeclaredOrder) {
+    test::expectErrorsInOrder(
+        records(),
+        {{"oid", "null"}, {"slug", "[]"}, {"namespace", "{}"}, {"key", "true"}, {"order", "\"1\""}});
+}
+
+TEST(SavedData, IsAnObject) { test::expectAnObjectOnly(test::decodable<SavedData>); }
+
+TEST(SavedData, NeedsNoUid) {
+    EXPECT_EQ(recordWith(R"("uid":7)"), recordWith(R"("uid":"u")"));
+    EXPECT_TRUE(recordWith(R"("uid":null)"));
+}
+
+TEST(SavedData, ReadsADateWithAFractionAndHasNoneInAnotherFormat) {
+    const auto created = [](const char* text) {
+        const auto record = recordWith(std::string(R"("created":")") + text + "\"");
+        EXPECT_TRUE(record) << text;
+        return record ? record->created : std::nullopt;
+    };
+    const Date date{Date::duration(1614834367)};
+    EXPECT_EQ(created("2021-03-04T05:06:07+0000"), date);
+    EXPECT_EQ(created("2021-03-04T05:06:07.123+0000"), date);
+    EXPECT_EQ(created("2021-03-04 05:06:07"), std::nullopt);
+    EXPECT_EQ(created("04/03/2021"), std::nullopt);
+}
+
+TEST(SavedData, MayHaveItsSourceChanged) {
+    auto record = recordWith(R"("source":"elsewhere")");
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->source, std::nullopt);
+    record->source = SourceSystem::lumeno;
+    EXPECT_EQ(record, recordWith(R"("source":"lumeno")"));
+    record->source = std::nullopt;
+    EXPECT_EQ(record, recordWith(R"("source":null)"));
+}
+
+/// A host's own record that decodes.
+struct OwnRecord {
+    std::optional<SourceSystem> source{};
+    std::string oid{};
+    std::string slug{};
+    std::string namespace_{};
+    std::string key{};
+    std::int64_t order{};
+    std::optional<Date> created{};
+    std::optional<Date> updated{};
+    std::string note{};
+};
+
+struct RecordWithATextForItsOrder {
+    std::optional<SourceSystem> source{};
+    std::string oid{};
+    std::string slug{};
+    std::string namespace_{};
+    std::string key{};
+    std::string order{};
+    std::optional<Date> created{};
+    std::optional<Date> updated{};
+};
+
+template <SavedEntityProtocol Record>
+std::string shownBy(const Record& record) {
+    return record.oid + "/" + record.slug + "/" + record.namespace_ + "/" + record.key + " " +
+           std::to_string(record.order) +
+           (record.source ? " of " + std::string(rawValue(*record.source)) : "") +
+           (record.created ? " created" : "") + (record.updated ? " updated" : "");
+}
+
+TEST(SavedEntityProtocol, OffersWhatCodeForAnyRecordNeeds) {
+    EXPECT_EQ(shownBy(*recordWith(R"("source":"lumeno","created":"2021-03-04T05:06:07Z")")),
+              "o/s/n/k 1 of lumeno created");
+    EXPECT_EQ(shownBy(OwnRecord{.oid = "a", .slug = "b", .namespace_ = "c", .key = "d", .order = 2}),
+              "a/b/c/d 2");
+}
+
+TEST(SavedEntityProtocol, IsNotMetWithAPropertyOfAnotherType) {
+    static_assert(SavedEntityProtocol<OwnRecord>);
+    static_assert(!SavedEntityProtocol<RecordWithATextForItsOrder>);
+    static_assert(!SavedEntityProtocol<std::string>);
+}
+
+}  // namespace
+}  // namespace VanticRestKit
