@@ -29,8 +29,8 @@ std::optional<VanticRestKit::Resource<std::vector<VanticRestKit::Show>>> Endpoin
 }
 
 std::optional<VanticRestKit::Resource<VanticRestKit::ShowsIndex>> Endpoint::ShowsList(ShowsListArguments arguments, const Context& context) {
-    const ShowsIndexURI route{.closedCaptionOnly = arguments.closedCaptionOnly.value(),
-                              .channel = std::move(arguments.channel).value()};
+    const ShowsIndexURI route({.closedCaptionOnly = std::move(arguments.closedCaptionOnly),
+                               .channel = std::move(arguments.channel)});
     return VanticRestKit::Resource<VanticRestKit::ShowsIndex>::make({.with = route}, context);
 }
 

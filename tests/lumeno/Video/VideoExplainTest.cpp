@@ -4,29 +4,19 @@
 #include <VanticRestKit/lumeno/Video/VideoList.h>
 #include <VanticRestKit/platform/json/Diagnosis.h>
 
-#include <string>
+#include <platform/json/FaultText.h>
 
 namespace VanticRestKit {
 namespace {
 
-template <class T>
-std::string faults(const std::string& json) {
-    std::string text;
-    for (const Fault& fault : diagnose<T>(Data(json)).faults) {
-        for (const CodingKey& step : fault.path) {
-            text += "/" + (step.key() != nullptr ? *step.key() : std::to_string(*step.index()));
-        }
-        text += " " + std::string(nameOf(fault.presence)) + ": " + fault.expected + ", " + fault.found + ", " +
-                fault.became + "\n";
-    }
-    return text;
-}
+using test::faultText;
 
-TEST(ExplainingAVideo, KeepsQuietAboutTheLeastVideo) { EXPECT_EQ(faults<Video>(R"({"_links":{}})"), ""); }
+TEST(ExplainingAVideo, KeepsQuietAboutTheLeastVideo) { EXPECT_EQ(faultText<Video>(R"({"_links":{}})"), ""); }
 
 TEST(ExplainingAVideo, FollowsTheOrderOfDecodingAndNotOfTheDocument) {
-    EXPECT_EQ(faults<Video>(R"({"_embedded":1,"_links":{"variations":1,"self":1,"highlightVideo":1},"thumbnails":1,)"
-                            R"("tags":1,"id":1,"expireDate":1,"type":"nonsense","_entity":1})"),
+    EXPECT_EQ(faultText<Video>(
+                  R"({"_embedded":1,"_links":{"variations":1,"self":1,"highlightVideo":1},"thumbnails":1,)"
+                  R"("tags":1,"id":1,"expireDate":1,"type":"nonsense","_entity":1})"),
               "/_entity lenient: String, number, no check\n"
               "/type lenient: LumenoSubtype, string, empty\n"
               "/expireDate lenient: String, number, empty\n"
@@ -40,32 +30,35 @@ TEST(ExplainingAVideo, FollowsTheOrderOfDecodingAndNotOfTheDocument) {
 }
 
 TEST(ExplainingAVideo, LeadsIntoWhatIsNested) {
-    EXPECT_EQ(faults<Video>(R"({"status":{"title":"t"},"captions":"true","duration":"120","relatedLinks":[{"href":"a"},{}],)"
-                            R"("participants":[{"title":1}],"analytics":{"oztam":{"mediaDuration":"1"}},)"
-                            R"("_links":{"show":{"id":"7"},"series":{"id":7}},)"
-                            R"("_embedded":{"playlist":[{"type":"va","streams":{"hls":{"sd":1}}},{"type":"x"}]}})"),
-              "/duration lenient: UInt, string, empty\n"
-              "/status/theme lenient: StatusTheme, nothing, empty\n"
-              "/captions lenient: Bool, string, false\n"
-              "/relatedLinks/1/href lenient: String, nothing, []\n"
-              "/participants/0/title lenient: String, number, []\n"
-              "/analytics/oztam/mediaDuration lenient: UInt, string, empty\n"
-              "/_links/show/id lenient: UInt, string, empty\n"
-              "/_links/series/id lenient: String, number, empty\n"
-              "/_embedded/playlist/0/streams/hls/sd lenient: String, number, empty\n"
-              "/_embedded/playlist/1/type lenient: PlaylistItem::PlaylistType, string, empty\n");
+    EXPECT_EQ(
+        faultText<Video>(
+            R"({"status":{"title":"t"},"captions":"true","duration":"120","relatedLinks":[{"href":"a"},{}],)"
+            R"("participants":[{"title":1}],"analytics":{"oztam":{"mediaDuration":"1"}},)"
+            R"("_links":{"show":{"id":"7"},"series":{"id":7}},)"
+            R"("_embedded":{"playlist":[{"type":"va","streams":{"hls":{"sd":1}}},{"type":"x"}]}})"),
+        "/duration lenient: UInt, string, empty\n"
+        "/status/theme lenient: StatusTheme, nothing, empty\n"
+        "/captions lenient: Bool, string, false\n"
+        "/relatedLinks/1/href lenient: String, nothing, []\n"
+        "/participants/0/title lenient: String, number, []\n"
+        "/analytics/oztam/mediaDuration lenient: UInt, string, empty\n"
+        "/_links/show/id lenient: UInt, string, empty\n"
+        "/_links/series/id lenient: String, number, empty\n"
+        "/_embedded/playlist/0/streams/hls/sd lenient: String, number, empty\n"
+        "/_embedded/playlist/1/type lenient: PlaylistItem::PlaylistType, string, empty\n");
 }
 
 TEST(ExplainingAVideo, EndsWithWhatFailsIt) {
-    EXPECT_EQ(faults<Video>(R"({"title":1})"),
+    EXPECT_EQ(faultText<Video>(R"({"title":1})"),
               "/title lenient: String, number, empty\n"
               "/_links required: Object, nothing, failure\n");
-    EXPECT_EQ(faults<Video>(R"({"_links":[]})"), "/_links required: Object, array, failure\n");
-    EXPECT_EQ(faults<Video>("7"), " required: Video, number, failure\n");
+    EXPECT_EQ(faultText<Video>(R"({"_links":[]})"), "/_links required: Object, array, failure\n");
+    EXPECT_EQ(faultText<Video>("7"), " required: Video, number, failure\n");
 }
 
 TEST(ExplainingAVideo, NamesTheOtherEntityThatItClaimsToBe) {
-    const Diagnosis diagnosis = diagnose<std::vector<Video>>(Data(R"([{"_links":{}},{"_entity":"Show","title":1}])"));
+    const Diagnosis diagnosis =
+        diagnose<std::vector<Video>>(Data(R"([{"_links":{}},{"_entity":"Show","title":1}])"));
     ASSERT_EQ(diagnosis.faults.size(), 1U);
     EXPECT_EQ(diagnosis.path, (CodingPath{std::size_t{1}}));
     EXPECT_EQ(diagnosis.faults[0].path, diagnosis.path);
@@ -75,10 +68,11 @@ TEST(ExplainingAVideo, NamesTheOtherEntityThatItClaimsToBe) {
 }
 
 TEST(ExplainingAVideoList, TellsWhichVideoEmptiesIt) {
-    EXPECT_EQ(faults<VideoList>(R"({"items":[{"_links":{}},{"title":1}]})"),
+    EXPECT_EQ(faultText<VideoList>(R"({"items":[{"_links":{}},{"title":1}]})"),
               "/items/1/title lenient: String, number, empty\n"
               "/items/1/_links lenient: Object, nothing, []\n");
-    EXPECT_EQ(faults<VideoList>(R"({"items":[{"_entity":"show"}]})"), "/items/0 lenient: video, show, []\n");
+    EXPECT_EQ(faultText<VideoList>(R"({"items":[{"_entity":"show"}]})"),
+              "/items/0 lenient: video, show, []\n");
 }
 
 }  // namespace

@@ -125,7 +125,7 @@ bool DiagnosingEngine::entityCheck(const ObjectPlan& entity, Place at) {
     }
     if (equalsLowercased(name, entity.entityName)) return true;
     std::string text(name);
-    fail(Kind::dataCorrupted, entity.entityName, text, Presence::lenient);
+    fail(Kind::dataCorrupted, entity.entityName, text, Presence::required);
     failing_.path.pop_back();
     failing_.mismatch = entity.mismatch(std::move(text));
     return false;

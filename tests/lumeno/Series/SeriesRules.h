@@ -1,0 +1,74 @@
+#pragma once
+
+/// \file
+/// What the fields of a series are held to, and what holds a series or a video to it.
+
+#include <lumeno/Video/VideoRules.h>
+#include <platform/json/FieldRules.h>
+#include <VanticRestKit/lumeno/Series/Series.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace VanticRestKit::test {
+
+/// A pointer to a video that is read as it stands.
+inline Shape pointer() {
+    return objectOf({{R"({"id":"a","href":"b","playTitle":"$"})", R"({"id":"a","href":"b","playTitle":"$"})"},
+                     {R"({"id":1,"href":"$","playTitle":[]})", R"({"id":null,"href":"$","playTitle":null})"},
+                     {"{}", R"({"id":null,"href":null,"playTitle":null})"}});
+}
+
+inline std::string videoText(const char* id) {
+    return valueText(Video{.videoId = id, .playableVideo = DirectPlayableVideo{.id = id}});
+}
+
+inline Shape wholeVideo() {
+    return objectOf({{R"({"_entity":"VIDEO","id":"$","_links":{},"title":1})", videoText("$")},
+                     {R"({"_links":{}})", valueText(Video{.playableVideo = DirectPlayableVideo{}})}},
+                    {{"{}"}, {R"({"id":"v"})"}, {R"({"_links":[]})"}, {R"({"_entity":"show","_links":{}})"}});
+}
+
+inline Shape wholeVideos() {
+    return listOf("[]",
+                  {{R"([{"id":"$","_links":{}},{"_entity":"video","id":"b","_links":{}}])",
+                    "[" + videoText("$") + "," + videoText("b") + "]"},
+                   {"[]", "[]"}},
+                  {R"({"id":"c"})"});
+}
+
+inline EntityRules serieses() {
+    return {.type = decodable<Series>,
+            .least = R"({"id":"1","_links":{}})",
+            .fields = {{"seriesId", "id", Word::required, text()},
+                       lenientText("title", "title"),
+                       lenientText("kickerTitle", "kickerTitle"),
+                       lenientText("showTitle", "showTitle"),
+                       lenientText("displayTitle", "displayTitle"),
+                       lenientText("displaySubtitle", "displaySubtitle"),
+                       lenientText("description", "description"),
+                       lenientText("thumbnail", "thumbnail"),
+                       {"episodeCount", "episodeCount", Word::lenient, unsignedNumber()},
+                       {"participants", "participants", Word::lenient, participantList()},
+                       lenientText("selfHref", "_links.self.href"),
+                       lenientText("deeplinkHref", "_links.deeplink.href"),
+                       lenientText("showHref", "_links.show.href"),
+                       lenientText("channel", "channel"),
+                       lenientText("channelTitle", "channelTitle"),
+                       {"highlightVideo", "_embedded.highlightVideo", Word::lenient, wholeVideo()},
+                       {"episodes", "_embedded.videoEpisodes", Word::lenient, wholeVideos()},
+                       {"extras", "_embedded.videoExtras", Word::lenient, wholeVideos()},
+                       lenientText("extrasTitle", "extrasTitle"),
+                       lenientText("classification", "classification"),
+                       {"tags", "tags", Word::lenient, texts()},
+                       {"showId", "_links.show.id", Word::lenient, unsignedNumber()},
+                       {"playableVideo", "_links.highlightVideo", Word::lenient, pointer()}},
+            .containers = {{"_links", Word::required},
+                           {"_links.self", Word::lenient},
+                           {"_links.deeplink", Word::lenient},
+                           {"_links.show", Word::lenient},
+                           {"_embedded", Word::lenient}}};
+}
+
+}  // namespace VanticRestKit::test

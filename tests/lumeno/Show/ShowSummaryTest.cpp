@@ -1,0 +1,204 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/lumeno/Show/ShowSummary.h>
+#include <VanticRestKit/platform/json/ValueText.h>
+
+#include <support/TemporaryZone.h>
+#include <type_traits>
+
+namespace VanticRestKit {
+namespace {
+
+const Date january{std::chrono::duration<double>(1577934245)};
+
+/// The least that a summary can be made of.
+Show least() {
+    return {.showId = 9184, .thumbnail = "t.jpg", .updated = january, .selfHref = "/show/lantern-road"};
+}
+
+ShowSummary summaryOf(const Show& show) {
+    Result<ShowSummary, lumenoSDKError> summary = ShowSummary::make({.fromShow = show});
+    EXPECT_TRUE(summary);
+    return summary ? std::move(summary).value() : mapping::fresh<ShowSummary>();
+}
+
+ShowSummary summaryAt(const char* href) {
+    Show show = least();
+    show.selfHref = href;
+    return summaryOf(show);
+}
+
+std::string messageOf(const Show& show) {
+    const Result<ShowSummary, lumenoSDKError> summary = ShowSummary::make({.fromShow = show});
+    return summary ? "" : summary.error().message();
+}
+
+TEST(ShowSummary, IsMadeOfAShowAlone) {
+    static_assert(!std::is_aggregate_v<ShowSummary> && !std::is_default_constructible_v<ShowSummary>);
+    static_assert(!std::is_constructible_v<ShowSummary, Show>);
+}
+
+TEST(ShowSummary, TakesEachFieldFromTheShow) {
+    const ShowSummary summary = summaryOf({.showId = 9184,
+                                           .slug = "own-slug",
+                                           .title = "The Lantern Road",
+                                           .displayTitle = "Lantern Road, The",
+                                           .thumbnail = "t.jpg",
+                                           .portraitThumbnail = "p.jpg",
+                                           .portraitTitledThumbnail = "pt.jpg",
+                                           .character1Thumbnail = "c1.png",
+                                           .character2Thumbnail = "c2.png",
+                                           .updated = january,
+                                           .selfHref = "/show/lantern-road",
+                                           .deeplinkHref = "/show/deep"});
+    EXPECT_EQ(summary.title, "The Lantern Road");
+    EXPECT_EQ(summary.displayTitle, "Lantern Road, The");
+    EXPECT_EQ(summary.updated, january);
+    EXPECT_EQ(summary.href, "/show/lantern-road");
+    EXPECT_EQ(summary.thumbnail, "t.jpg");
+    EXPECT_EQ(summary.portraitThumbnailHref, "p.jpg");
+    EXPECT_EQ(summary.characterThumbnaiHref, "c1.png");
+    EXPECT_EQ(summary.derivedShowSlug, "own-slug");
+}
+
+TEST(ShowSummary, HasTheIdThatTheFormatMakesOfANumberItDoesNotRead) {
+    for (const std::uint64_t id :
+         {std::uint64_t{0}, std::uint64_t{1}, std::uint64_t{9184}, std::uint64_t{1} << 53U}) {
+        Show show = least();
+        show.showId = id;
+        EXPECT_EQ(summaryOf(show).id, "0") << id;
+    }
+}
+
+TEST(ShowSummary, HasAnUnderscoreForATitleThatIsNotThere) {
+    Show show = least();
+    EXPECT_EQ(summaryOf(show).title, "_");
+    EXPECT_EQ(summaryOf(show).displayTitle, "_");
+    show.displayTitle = "d";
+    EXPECT_EQ(summaryOf(show).title, "_");
+    EXPECT_EQ(summaryOf(show).displayTitle, "d");
+    show.title = "t";
+    show.displayTitle = std::nullopt;
+    EXPECT_EQ(summaryOf(show).title, "t");
+    EXPECT_EQ(summaryOf(show).displayTitle, "_");
+}
+
+TEST(ShowSummary, TakesTextsWithoutCharactersForValues) {
+    Show show = least();
+    show.title = "";
+    show.displayTitle = "";
+    show.thumbnail = "";
+    show.selfHref = "";
+    const ShowSummary summary = summaryOf(show);
+    EXPECT_EQ(summary.title, "");
+    EXPECT_EQ(summary.displayTitle, "");
+    EXPECT_EQ(summary.thumbnail, "");
+    EXPECT_EQ(summary.href, "");
+}
+
+TEST(ShowSummary, LeavesThePicturesEmptyThatTheShowHasNot) {
+    Show show = least();
+    show.character2Thumbnail = "c2.png";
+    show.portraitTitledThumbnail = "pt.jpg";
+    EXPECT_EQ(summaryOf(show).portraitThumbnailHref, std::nullopt);
+    EXPECT_EQ(summaryOf(show).characterThumbnaiHref, std::nullopt);
+}
+
+TEST(ShowSummary, KeepsTheSlugThatTheShowDerives) {
+    EXPECT_EQ(summaryAt("/show/lantern-road").derivedShowSlug, "lantern-road");
+    EXPECT_EQ(summaryAt("show/lantern-road").derivedShowSlug, std::nullopt);
+    Show show = least();
+    show.slug = "";
+    EXPECT_EQ(summaryOf(show).derivedShowSlug, "");
+}
+
+TEST(ShowSummary, FailsWithOneTextWhicheverOfFourIsMissing) {
+    const std::string message = "Missing itemID, href, updated or thumbnailHref";
+    EXPECT_EQ(messageOf(least()), "");
+    EXPECT_EQ(messageOf({}), message);
+    Show show = least();
+    show.showId = std::nullopt;
+    EXPECT_EQ(messageOf(show), message);
+    show = least();
+    show.updated = std::nullopt;
+    EXPECT_EQ(messageOf(show), message);
+    show = least();
+    show.thumbnail = std::nullopt;
+    EXPECT_EQ(messageOf(show), message);
+    show = least();
+    show.selfHref = std::nullopt;
+    EXPECT_EQ(messageOf(show), message);
+}
+
+TEST(ShowSummary, FailsWithTheErrorOfInitialization) {
+    const Result<ShowSummary, lumenoSDKError> summary = ShowSummary::make({.fromShow = Show{}});
+    ASSERT_FALSE(summary);
+    EXPECT_EQ(summary.error().kind(), lumenoSDKError::Kind::initializationError);
+    const Error general = summary.error();
+    EXPECT_EQ(general.localizedDescription(), "Missing itemID, href, updated or thumbnailHref");
+    ASSERT_NE(general.as<lumenoSDKError>(), nullptr);
+}
+
+TEST(ShowSummary, TakesNoOtherPictureForTheThumbnailAndNoOtherLinkForTheSelfLink) {
+    Show show = least();
+    show.thumbnail = std::nullopt;
+    show.portraitThumbnail = "p.jpg";
+    EXPECT_NE(messageOf(show), "");
+    show = least();
+    show.selfHref = std::nullopt;
+    show.deeplinkHref = "/show/x";
+    show.slug = "x";
+    EXPECT_NE(messageOf(show), "");
+}
+
+TEST(ShowSummary, IsEqualToOneWhoseHrefDiffersInCaseOnly) {
+    EXPECT_EQ(summaryAt("/show/x"), summaryAt("/show/x"));
+    EXPECT_EQ(summaryAt("/show/x"), summaryAt("/Show/X"));
+    EXPECT_EQ(summaryAt("/show/\xc3\xa9t\xc3\xa9"), summaryAt("/SHOW/\xc3\x89T\xc3\x89"));
+    EXPECT_NE(summaryAt("/show/x"), summaryAt("/show/y"));
+    EXPECT_NE(summaryAt("/show/x"), summaryAt("/show/x/"));
+    EXPECT_NE(summaryAt("/show/e"), summaryAt("/show/\xc3\xa9"));
+}
+
+TEST(ShowSummary, ComparesNothingButItsHref) {
+    Show other = least();
+    other.showId = 1;
+    other.title = "another";
+    other.displayTitle = "another";
+    other.updated = january + std::chrono::hours(1);
+    other.thumbnail = "another";
+    other.portraitThumbnail = "another";
+    other.character1Thumbnail = "another";
+    other.slug = "another";
+    EXPECT_EQ(summaryOf(least()), summaryOf(other));
+    other.selfHref = "/show/another";
+    EXPECT_NE(summaryOf(least()), summaryOf(other));
+}
+
+TEST(ShowSummary, HashesItsHrefWithItsCaseSoThatEqualOnesMayHashApart) {
+    const std::hash<ShowSummary> hash;
+    const ShowSummary lower = summaryAt("/show/x");
+    const ShowSummary upper = summaryAt("/show/X");
+    EXPECT_EQ(lower, upper);
+    EXPECT_NE(hash(lower), hash(upper));
+    EXPECT_EQ(hash(lower), hash(summaryAt("/show/x")));
+}
+
+TEST(ShowSummary, HashesNothingButItsHref) {
+    Show other = least();
+    other.showId = 1;
+    other.title = "another";
+    other.thumbnail = "another";
+    other.slug = "another";
+    EXPECT_EQ(std::hash<ShowSummary>()(summaryOf(least())), std::hash<ShowSummary>()(summaryOf(other)));
+}
+
+TEST(ShowSummary, ShowsNineFieldsInDeclaredOrder) {
+    EXPECT_EQ(
+        valueText(summaryOf(least())),
+        R"({"id":"0","title":"_","displayTitle":"_","updated":"2020-01-02T03:04:05Z","href":"/show/lantern-road",)"
+        R"("thumbnail":"t.jpg","portraitThumbnailHref":null,"characterThumbnaiHref":null,)"
+        R"("derivedShowSlug":"lantern-road"})");
+}
+
+}  // namespace
+}  // namespace VanticRestKit

@@ -1,0 +1,27 @@
+#pragma once
+
+/// \file
+/// What is told of a document, fault by fault, as a text to compare.
+
+#include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/json/Diagnosis.h>
+
+#include <string>
+
+namespace VanticRestKit::test {
+
+/// Each fault on a line of its own, in order: "/_links/show/id lenient: UInt, string, empty".
+template <class T>
+std::string faultText(const std::string& json) {
+    std::string text;
+    for (const Fault& fault : diagnose<T>(Data(json)).faults) {
+        for (const CodingKey& step : fault.path) {
+            text += "/" + (step.key() != nullptr ? *step.key() : std::to_string(*step.index()));
+        }
+        text += " " + std::string(nameOf(fault.presence)) + ": " + fault.expected + ", " + fault.found +
+                ", " + fault.became + "\n";
+    }
+    return text;
+}
+
+}  // namespace VanticRestKit::test
