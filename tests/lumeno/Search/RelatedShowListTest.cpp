@@ -1,0 +1,47 @@
+#include <gtest/gtest.h>
+#include <lumeno/Search/ShowLists.h>
+#include <VanticRestKit/lumeno/Search/RelatedShowList.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::decoded;
+
+test::EntityRules lists() {
+    return {.type = test::decodable<RelatedShowList>,
+            .least = "{}",
+            .fields = {{"items", "items", test::Word::lenient, test::showList()}}};
+}
+
+TEST(RelatedShowList, HasOneFieldThatMayFail) {
+    test::expectDeclaredFields(lists());
+    test::expectFieldsInEveryState(lists());
+}
+
+TEST(RelatedShowList, FailsOnlyWhereItIsNoObject) {
+    test::expectAnObjectOnly(test::decodable<RelatedShowList>);
+}
+
+TEST(RelatedShowList, MayBeAnEmptyObject) { EXPECT_EQ(decoded<RelatedShowList>("{}"), RelatedShowList{}); }
+
+TEST(RelatedShowList, HasNoShowsAtAllWhereOneIsOfAnotherEntityAndDoesNotFail) {
+    EXPECT_EQ(decoded<RelatedShowList>(R"({"items":[{"_entity":"video"}]})"), RelatedShowList{});
+    EXPECT_EQ(decoded<RelatedShowList>(R"({"items":[{},{},{"_entity":"video"}]})"), RelatedShowList{});
+}
+
+TEST(RelatedShowList, NeverReadsItsLinks) {
+    for (const char* const links : {"7", "null", "{}", "{\"\\ud800\":7}", "[{\"self\":{\"href\":\"x\"}}]"}) {
+        EXPECT_EQ(decoded<RelatedShowList>(R"({"_links":)" + std::string(links) + R"(,"items":[{}]})"),
+                  (RelatedShowList{.items = {test::emptyShow()}}))
+            << links;
+    }
+}
+
+TEST(RelatedShowList, IsMadeOfItsShows) {
+    const RelatedShowList list{.items = {Show{.title = "t"}}};
+    EXPECT_EQ(list.items.at(0).title, "t");
+    EXPECT_NE(list, RelatedShowList{});
+}
+
+}  // namespace
+}  // namespace VanticRestKit

@@ -1,0 +1,76 @@
+#include <gtest/gtest.h>
+#include <lumeno/Search/ShowLists.h>
+#include <VanticRestKit/lumeno/Search/SearchResults.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::decoded;
+using test::failureOf;
+using test::Word;
+
+test::EntityRules results() {
+    return {.type = test::decodable<SearchResults>,
+            .least = R"({"results":{},"_meta":{}})",
+            .fields = {{"keyword", "_meta.keyword", Word::lenient, test::text()},
+                       {"items", "results.items", Word::lenient, test::showList()}},
+            .containers = {{"results", Word::required}, {"_meta", Word::required}}};
+}
+
+TEST(SearchResults, HasTwoFieldsInDeclaredOrder) { test::expectDeclaredFields(results()); }
+
+TEST(SearchResults, MayGoWithoutItsFieldsButNotWithoutTheirObjects) {
+    test::expectFieldsInEveryState(results());
+    test::expectContainersInEveryState(results());
+    test::expectAnObjectOnly(test::decodable<SearchResults>);
+}
+
+TEST(SearchResults, NeedsNoMoreThanItsTwoObjects) {
+    EXPECT_EQ(decoded<SearchResults>(R"({"results":{},"_meta":{}})"), SearchResults{});
+    EXPECT_EQ(failureOf<SearchResults>("{}"), R"(keyNotFound ["results"])");
+}
+
+TEST(SearchResults, FailsWithoutTheFactsThoughItsKeywordMayBeEmpty) {
+    EXPECT_EQ(failureOf<SearchResults>(R"({"results":{"items":[]}})"), R"(keyNotFound ["_meta"])");
+    EXPECT_EQ(failureOf<SearchResults>(R"({"results":{"items":[]},"_meta":"x"})"),
+              R"(typeMismatch ["_meta"])");
+}
+
+TEST(SearchResults, FailsWithoutTheResults) {
+    EXPECT_EQ(failureOf<SearchResults>(R"({"_meta":{"keyword":"x"}})"), R"(keyNotFound ["results"])");
+    EXPECT_EQ(failureOf<SearchResults>(R"({"_meta":{"keyword":"x"},"results":[]})"),
+              R"(typeMismatch ["results"])");
+}
+
+TEST(SearchResults, OpensTheResultsBeforeTheFactsWhateverComesFirst) {
+    test::expectErrorsInOrder(results(), {{"results", "[]"}, {"_meta", "7"}});
+}
+
+TEST(SearchResults, HasNoItemsAtAllWhereOneFailsAndDoesNotFail) {
+    for (const char* const bad : {"7", "null", "[]", R"({"_entity":"video"})"}) {
+        EXPECT_EQ(decoded<SearchResults>(R"({"results":{"items":[{},)" + std::string(bad) +
+                                         R"(,{}]},"_meta":{"keyword":"x"}})"),
+                  SearchResults{.keyword = "x"})
+            << bad;
+    }
+}
+
+TEST(SearchResults, KeepsItsItemsBesideAKeywordThatIsNoText) {
+    EXPECT_EQ(decoded<SearchResults>(R"({"_meta":{"keyword":7},"results":{"items":[{}]}})"),
+              (SearchResults{.items = {test::emptyShow()}}));
+}
+
+TEST(SearchResults, TakesKeywordAndItemsFromNoOtherPlace) {
+    EXPECT_EQ(
+        decoded<SearchResults>(
+            R"({"keyword":"x","items":[{}],"results":{"keyword":"x"},"_meta":{"items":[{}]},"meta":{"keyword":"x"}})"),
+        SearchResults{});
+}
+
+TEST(SearchResults, IsMadeOfItsKeywordAndItems) {
+    const SearchResults made{.keyword = "x", .items = {test::emptyShow()}};
+    EXPECT_EQ(decoded<SearchResults>(R"({"_meta":{"keyword":"x"},"results":{"items":[{}]}})"), made);
+}
+
+}  // namespace
+}  // namespace VanticRestKit
