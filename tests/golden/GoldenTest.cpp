@@ -41,7 +41,11 @@ TEST(GoldenDocuments, DecodeFromLinesWithoutBlanksAlike) {
 TEST(GoldenDocuments, AreThereForTheTypesThatHaveSome) {
     std::set<std::string_view> types;
     for (const test::GoldenDocument& document : test::goldenDocuments()) types.insert(document.type.name);
-    for (const std::string_view name : {"Video", "VideoList", "ImageList"}) EXPECT_TRUE(types.contains(name)) << name;
+    for (const std::string_view name :
+         {"Video", "VideoList", "ImageList", "TokenResponse", "DatasetResponse", "HistoryResponse", "SavedResponse",
+          "KAVROSegmentsModel", "RecommendationModule"}) {
+        EXPECT_TRUE(types.contains(name)) << name;
+    }
 }
 
 }  // namespace
