@@ -1,8 +1,8 @@
 #pragma once
 
+#include <deque>
 #include <map>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace sample {
@@ -13,10 +13,9 @@ struct Show {
     std::string code;  // house numbers begin with it
     std::string slug;
     std::string title;
-    std::string type;  // of its videos: "episode", "feature", "trailer", "livestream"
-    std::string channel;
-    std::string channelTitle;
-    std::string category;
+    std::string type;      // of its videos: "episode", "feature", "trailer", "livestream"
+    std::string channel;   // the id of one
+    std::string category;  // the id of one
     std::string classification;
     std::string description;
     std::string participantsTitle;
@@ -25,14 +24,25 @@ struct Show {
     std::vector<std::vector<std::string>> series;  // the titles of the episodes, by series
 };
 
+struct Region;
+
 struct Video {
     const Show* show;
     unsigned id;
     std::string houseNumber;
     std::string title;
-    unsigned series;   // from 1; 0 where the show has none
-    unsigned episode;  // from 1; 0 where the show has none
-    const Video* next;  // the episode behind this one, or null
+    unsigned series;       // from 1; 0 where the show has none
+    unsigned episode;      // from 1; 0 where the show has none
+    const Video* next;     // the episode behind this one, or null
+    const Region* region;  // of a live channel's variant; null for all else
+};
+
+/// A series of a show, found in the catalogue by its id.
+struct Series {
+    const Show* show;
+    unsigned id;
+    unsigned number;  // from 1
+    std::vector<const Video*> episodes;
 };
 
 /// All made up, the same at every start.
@@ -43,20 +53,43 @@ public:
     Catalogue& operator=(const Catalogue&) = delete;
 
     const std::vector<Show>& shows() const { return shows_; }
-    const std::vector<Video>& videos() const { return videos_; }
+    const std::deque<Video>& videos() const { return videos_; }
 
-    /// Null where no video has this house number.
+    /// Each is null where there is none of this name.
     const Video* video(const std::string& houseNumber) const;
+    const Show* show(const std::string& slugOrId) const;
+    const Series* series(const std::string& id) const;
+
+    /// What stands in the index of shows: neither trailers nor live channels.
+    std::vector<const Show*> programmes() const;
+    std::vector<const Series*> seriesOf(const Show& show) const;
+    /// The videos of a show in order: its episodes, or its only one.
+    std::vector<const Video*> videosOf(const Show& show) const;
+    /// The trailers of a show.
+    std::vector<const Video*> extrasOf(const Show& show) const;
+    /// The live channels as they go out in a region; null: in the whole country.
+    std::vector<const Video*> livestreams(const Region* region) const;
 
 private:
+    void addEpisodes(const Show& show);
+    void addSingle(const Show& show);
+
     std::vector<Show> shows_;
-    std::vector<Video> videos_;
+    std::deque<Video> videos_;
+    std::deque<Series> series_;
     std::map<std::string, const Video*> byHouseNumber_;
 };
 
-/// The programmes, in Shows.cpp.
-std::vector<Show> madeUpShows();
-
 const Catalogue& catalogue();
+
+// The tables, each in a file of its own in tables/.
+std::vector<Show> drama();
+std::vector<Show> documentaries();
+std::vector<Show> lifestyle();
+std::vector<Show> children();
+std::vector<Show> comedy();
+std::vector<Show> news();
+std::vector<Show> films();
+std::vector<Show> liveChannels();
 
 }  // namespace sample

@@ -1,3 +1,4 @@
+#include "catalogue/Addresses.h"
 #include "catalogue/VideoJSON.h"
 
 namespace sample {
@@ -6,7 +7,7 @@ namespace {
 
 // Not every video comes in every quality, as on the real thing: a host has to choose among what is there.
 JSON streamJSON(const Video& video, const std::string& technology, const char* extension) {
-    const std::string base = "https://media.vantic.example/" + technology + "/" + video.houseNumber;
+    const std::string base = mediaAddress(technology + "/" + video.houseNumber);
     JSON stream;
     stream["sd"] = base + "-sd." + extension;
     stream["sd-low"] = base + "-sd-low." + extension;
@@ -27,7 +28,7 @@ JSON streamsJSON(const Video& video) {
 }
 
 JSON shortItem(const char* type, const std::string& name) {
-    const std::string address = "https://media.vantic.example/hls/" + name + "-sd.m3u8";
+    const std::string address = mediaAddress("hls/" + name + "-sd.m3u8");
     return {{"type", type}, {"streams", {{"hls", {{"sd", address}, {"protected", false}}}}}};
 }
 
@@ -52,7 +53,7 @@ JSON playlistJSON(const Video& video) {
     }
     JSON programme{{"type", mainType(video)}, {"streams", streamsJSON(video)}, {"title", video.title}};
     if (video.id % 9 != 0 && show.type != "livestream") {
-        programme["captions"] = {{"src-vtt", "https://media.vantic.example/captions/" + video.houseNumber + ".vtt"}};
+        programme["captions"] = {{"src-vtt", mediaAddress("captions/" + video.houseNumber + ".vtt")}};
     }
     playlist.push_back(std::move(programme));
     return playlist;

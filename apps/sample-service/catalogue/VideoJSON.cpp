@@ -2,28 +2,26 @@
 
 #include <cstdio>
 
+#include "catalogue/Addresses.h"
+#include "catalogue/Tables.h"
+
 namespace sample {
 
 namespace {
-
-const std::string images = "https://images.vantic.example/";
 
 // Videos differ from each other by their place, the same at every start.
 bool each(const Video& video, unsigned nth) { return video.id % nth == 0; }
 
 bool isEpisode(const Video& video) { return video.episode > 0; }
 bool isLive(const Video& video) { return video.show->type == "livestream"; }
-bool isPlayable(const Video& video) { return !each(video, 7); }
+bool isPlayable(const Video& video) { return isLive(video) || !each(video, 7); }
 
-std::string selfHref(const Video& video) { return "/video/" + video.houseNumber; }
-std::string showHref(const Video& video) { return "/show/" + video.show->slug; }
-std::string seriesId(const Video& video) {
-    return video.show->code + "-S" + std::to_string(video.series);
-}
+std::string titleOf(const Channel* channel) { return channel != nullptr ? channel->title : ""; }
 
 std::string date(unsigned year, const Video& video, const char* time) {
     char text[32];
-    std::snprintf(text, sizeof text, "%04u-%02u-%02u %s", year % 10000, 1 + video.id % 12, 1 + video.id % 28, time);
+    std::snprintf(text, sizeof text, "%04u-%02u-%02u %s", year % 10000, 1 + video.id % 12, 1 + video.id % 28,
+                  time);
     return text;
 }
 
@@ -58,14 +56,10 @@ void addTitles(const Video& video, JSON& json) {
 }
 
 void addImages(const Video& video, JSON& json) {
-    const std::string base = images + video.houseNumber + "/";
-    json["thumbnail"] = base + "landscape.jpg";
-    json["thumbnails"] = {{"portrait", base + "portrait.jpg"}, {"portraitTitled", base + "portrait-titled.jpg"}};
-    if (video.show->category == "children") {
-        json["thumbnails"]["character1"] = base + "bibi.png";
-        json["thumbnails"]["character2"] = base + "ferdinand.png";
-    }
-    if (isEpisode(video)) json["thumbnails"]["episodePortrait"] = base + "episode-portrait.jpg";
+    const std::string name = "video/" + video.houseNumber;
+    json["thumbnail"] = pictureOf(name, "landscape");
+    json["thumbnails"] = thumbnailsOf(name, video.show->category);
+    if (isEpisode(video)) json["thumbnails"]["episodePortrait"] = pictureOf(name, "episode-portrait");
 }
 
 void addTimes(const Video& video, JSON& json) {
@@ -86,7 +80,8 @@ void addPlayability(const Video& video, JSON& json) {
         json["playableMessage"] = "Not available in your region";
         json["unavailableMessage"] = "This programme can be watched again from next month.";
     }
-    json["availability"] = isLive(video) ? "Live now" : "Expires in " + std::to_string(3 + video.id % 25) + " days";
+    json["availability"] =
+        isLive(video) ? "Live now" : "Expires in " + std::to_string(3 + video.id % 25) + " days";
     if (isLive(video)) {
         json["status"] = {{"title", "LIVE"}, {"theme", "live"}};
     } else if (each(video, 4)) {
@@ -96,30 +91,29 @@ void addPlayability(const Video& video, JSON& json) {
 
 void addLinks(const Video& video, JSON& json) {
     JSON links;
-    links["self"] = {{"href", selfHref(video)}};
-    links["deeplink"] = {{"id", video.houseNumber}, {"href", showHref(video) + "/video/" + video.houseNumber}};
-    links["show"] = {{"id", video.show->id}, {"href", showHref(video)}};
+    links["self"] = linkTo(hrefOf(video));
+    links["deeplink"] = {{"id", video.houseNumber},
+                         {"href", hrefOf(*video.show) + "/video/" + video.houseNumber}};
+    links["show"] = {{"id", video.show->id}, {"href", hrefOf(*video.show)}};
     if (isEpisode(video)) {
-        links["series"] = {{"id", seriesId(video)},
-                           {"href", showHref(video) + "/series/" + std::to_string(video.series)}};
+        const auto id = std::to_string(video.show->id * 10 + video.series);
+        links["series"] = {{"id", id}, {"href", "/series/" + id}};
     }
     if (video.next != nullptr) {
-        links["nextEpisode"] = {{"href", selfHref(*video.next)},
+        links["nextEpisode"] = {{"href", hrefOf(*video.next)},
                                 {"title", video.next->title},
                                 {"seriesTitle", "Series " + std::to_string(video.next->series)}};
     }
-    links["categories"] = JSON::array({{{"id", video.show->category},
-                                        {"title", video.show->category},
-                                        {"href", "/category/" + video.show->category},
-                                        {"tags", {"genre"}}}});
+    links["categories"] = categoryLinksOf(*video.show);
     links["variations"] = JSON::array();
     if (each(video, 6)) {
-        links["variations"].push_back(
-            {{"title", "With audio description"}, {"href", selfHref(video) + "AD"}, {"tags", {"audio-description"}}});
+        links["variations"].push_back({{"title", "With audio description"},
+                                       {"href", hrefOf(video) + "AD"},
+                                       {"tags", {"audio-description"}}});
     }
     if (isPlayable(video)) {
         links["highlightVideo"] = {{"id", std::to_string(video.id)},
-                                   {"href", selfHref(video)},
+                                   {"href", hrefOf(video)},
                                    {"playTitle", isLive(video) ? "Watch live" : "Play"}};
     }
     json["_links"] = std::move(links);
@@ -134,6 +128,14 @@ unsigned durationOf(const Video& video) {
     return video.show->category == "children" ? 660 + video.id % 90 : 1'620 + video.id % 1'500;
 }
 
+JSON categoryLinksOf(const Show& show) {
+    const Category& category = *rowOf(categories(), show.category);
+    return JSON::array({{{"id", category.id},
+                         {"title", category.title},
+                         {"href", "/category/" + category.id},
+                         {"tags", {"genre"}}}});
+}
+
 JSON videoJSON(const Video& video) {
     const Show& show = *video.show;
     JSON json;
@@ -141,7 +143,7 @@ JSON videoJSON(const Video& video) {
     json["id"] = std::to_string(video.id);
     json["houseNumber"] = video.houseNumber;
     json["channel"] = show.channel;
-    json["channelTitle"] = show.channelTitle;
+    json["channelTitle"] = titleOf(rowOf(channels(), show.channel));
     addTitles(video, json);
     addImages(video, json);
     addTimes(video, json);
@@ -159,10 +161,17 @@ JSON videoJSON(const Video& video) {
     }
     json["participants"] = JSON::array({{{"title", show.participantsTitle}, {"list", show.participants}}});
     json["analytics"] = analyticsJSON(video);
-    json["shareUrl"] = "https://vantic.example" + showHref(video) + "/video/" + video.houseNumber;
+    json["shareUrl"] = "https://vantic.example" + hrefOf(*video.show) + "/video/" + video.houseNumber;
     json["tags"] = show.tags;
     addLinks(video, json);
     if (isPlayable(video)) json["_embedded"] = {{"playlist", playlistJSON(video)}};
+    return json;
+}
+
+JSON videoSummaryJSON(const Video& video) {
+    JSON json = videoJSON(video);
+    json.erase("analytics");
+    json.erase("_embedded");
     return json;
 }
 

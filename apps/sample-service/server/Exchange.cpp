@@ -28,12 +28,12 @@ std::string decoded(std::string_view text) {
     return result;
 }
 
-std::vector<std::string_view> split(std::string_view text, char separator) {
-    std::vector<std::string_view> parts;
+std::vector<std::string_view> parts(std::string_view text, char separator) {
+    std::vector<std::string_view> found;
     for (;;) {
         const auto end = text.find(separator);
-        parts.push_back(text.substr(0, end));
-        if (end == std::string_view::npos) return parts;
+        found.push_back(text.substr(0, end));
+        if (end == std::string_view::npos) return found;
         text.remove_prefix(end + 1);
     }
 }
@@ -49,6 +49,24 @@ std::string Request::path() const {
     return result;
 }
 
+std::string Request::queryValue(const std::string& name) const {
+    for (const QueryItem& item : query) {
+        if (item.name == name) return item.value.value_or("");
+    }
+    return {};
+}
+
+std::vector<std::string> Request::queryValues(const std::string& name) const {
+    const std::string value = queryValue(name);
+    return value.empty() ? std::vector<std::string>() : split(value, ',');
+}
+
+std::vector<std::string> split(const std::string& text, char separator) {
+    std::vector<std::string> result;
+    for (const auto part : parts(text, separator)) result.emplace_back(part);
+    return result;
+}
+
 void readTarget(const std::string& target, Request& request) {
     request.target = target;
     const std::string_view whole = target;
@@ -56,20 +74,26 @@ void readTarget(const std::string& target, Request& request) {
 
     // A trailing slash is part of a route, so the last segment may be empty; doubled slashes inside the path
     // come from hrefs with a leading slash and mean nothing.
-    const auto parts = split(whole.substr(0, mark), '/');
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        if (!parts[i].empty() || (i > 0 && i + 1 == parts.size())) {
-            request.segments.push_back(decoded(parts[i]));
+    const auto segments = parts(whole.substr(0, mark), '/');
+    for (std::size_t i = 0; i < segments.size(); ++i) {
+        if (!segments[i].empty() || (i > 0 && i + 1 == segments.size())) {
+            request.segments.push_back(decoded(segments[i]));
         }
     }
 
     if (mark == std::string_view::npos || mark + 1 == whole.size()) return;
-    for (const auto item : split(whole.substr(mark + 1), '&')) {
+    for (const auto item : parts(whole.substr(mark + 1), '&')) {
         const auto equals = item.find('=');
         QueryItem read{decoded(item.substr(0, equals)), std::nullopt};
         if (equals != std::string_view::npos) read.value = decoded(item.substr(equals + 1));
         request.query.push_back(std::move(read));
     }
+}
+
+Reply answered(JSON body) {
+    Reply reply;
+    reply.body = std::move(body);
+    return reply;
 }
 
 Reply failure(int status, const std::string& message) {

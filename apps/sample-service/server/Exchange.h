@@ -29,6 +29,12 @@ struct Request {
 
     /// The segments joined again, without a leading slash: "v2/video/HL0101".
     std::string path() const;
+
+    /// The value of the first query item of a name; no text where there is none.
+    std::string queryValue(const std::string& name) const;
+
+    /// The value taken apart at its commas; empty where there is none.
+    std::vector<std::string> queryValues(const std::string& name) const;
 };
 
 /// An answer. A text replaces the JSON where both are there, since a fault may send what is no JSON.
@@ -41,8 +47,13 @@ struct Reply {
     bool last = false;  // the service ends once this answer is out
 };
 
+/// A success with this body.
+Reply answered(JSON body);
+
 /// The service's own form of a failure.
 Reply failure(int status, const std::string& message);
+
+std::vector<std::string> split(const std::string& text, char separator);
 
 /// Takes a request's target apart.
 void readTarget(const std::string& target, Request& request);

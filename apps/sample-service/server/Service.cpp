@@ -5,6 +5,7 @@
 #include <array>
 #include <algorithm>
 
+#include "server/Origin.h"
 #include "server/WorkerPool.h"
 
 namespace sample {
@@ -56,7 +57,8 @@ Service::Service(Router routes, Router control, Faults& faults, RequestLog& log,
 Service::~Service() { stop(); }
 
 bool Service::start(int port, const Certificate* certificate) {
-    if (certificate != nullptr) {
+    secure_ = certificate != nullptr;
+    if (secure_) {
         server_ = std::make_unique<httplib::SSLServer>(certificate->certificate.get(), certificate->key.get());
     } else {
         server_ = std::make_unique<httplib::Server>();
@@ -137,6 +139,7 @@ void Service::answer(const Request& request, httplib::Response& response) {
     }
 
     Reply reply = routes_.answer(request);
+    if (reply.body) fillOrigin(*reply.body, originOf(request, secure_));
     if (fault) apply(*fault, reply);
     prepare(reply, response);
     if (cuts) {

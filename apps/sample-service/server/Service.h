@@ -44,6 +44,7 @@ private:
     std::unique_ptr<Connections> connections_;
     std::thread listening_;
     int port_ = 0;
+    bool secure_ = false;
 };
 
 }  // namespace sample

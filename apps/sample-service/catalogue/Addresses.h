@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "catalogue/Catalogue.h"
+#include "server/Exchange.h"
+
+namespace sample {
+
+// Hrefs are paths below "v2", with a leading slash.
+std::string hrefOf(const Show& show);
+std::string hrefOf(const Series& series);
+std::string hrefOf(const Video& video);
+
+/// A link as entities hold it: {"href": ...}.
+JSON linkTo(const std::string& href);
+
+/// Where the service draws a picture: pictureOf("show/harbour-lights", "portrait").
+/// The kinds of names are "show", "series", "video", "collection", "channel", "category" and "avatar".
+std::string pictureOf(const std::string& name, const std::string& shape);
+
+/// The picture's addresses of shows and videos by shape, without `thumbnail`.
+JSON thumbnailsOf(const std::string& name, const std::string& category);
+
+/// Where streams and captions would be, were there any.
+std::string mediaAddress(const std::string& path);
+
+}  // namespace sample

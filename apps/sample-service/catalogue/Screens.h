@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "catalogue/Catalogue.h"
+
+namespace sample {
+
+using Item = std::variant<const Show*, const Series*, const Video*>;
+
+/// A titled list of shows, series and videos side by side: a row of a screen, or a page of its own.
+struct Collection {
+    std::string id;
+    std::string title;
+    std::string type;  // "standard", "movie" or "featured"
+    std::string description;
+    std::vector<Item> items;
+};
+
+/// The home screen, a category or a channel.
+struct Screen {
+    std::string href;  // "/home", "/category/drama", "/channel/vantic-one"
+    std::string id;
+    std::string title;
+    std::string theme;
+    Collection featured;
+    std::vector<Collection> rows;
+};
+
+/// Null where there is none.
+const Screen* screenAt(const std::string& href);
+const Collection* collectionOf(const std::string& id);
+
+}  // namespace sample

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "catalogue/Catalogue.h"
+#include "server/Exchange.h"
+
+namespace sample {
+
+/// What a show brings along besides itself. Null and false: nothing.
+struct ShowExtras {
+    const Video* highlightVideo = nullptr;
+    const Series* selectedSeries = nullptr;
+    bool seriesList = false;
+};
+
+JSON showJSON(const Show& show, const ShowExtras& extras = {});
+
+/// A series, with its episodes and its show's trailers where asked for.
+JSON seriesJSON(const Series& series, bool withEpisodes);
+
+/// Whether the episodes of a show have captions.
+bool hasCaptions(const Show& show);
+
+}  // namespace sample
