@@ -15,4 +15,7 @@ struct Failed {
     std::string message;
 };
 
+/// What is said where the library can build no request.
+constexpr const char* noRequest = "no request can be made of this";
+
 }  // namespace vantic

@@ -18,7 +18,7 @@ struct Command {
 
 constexpr Command commands[] = {
     {"types", runTypes}, {"decode", runDecode}, {"explain", runExplain}, {"request", runRequest},
-    {"load", runLoad},   {"help", runHelp},     {"--help", runHelp},
+    {"load", runLoad},   {"user", runUser},     {"help", runHelp},       {"--help", runHelp},
 };
 
 void run(Words words) {

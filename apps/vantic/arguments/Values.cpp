@@ -1,5 +1,8 @@
 #include "arguments/Values.h"
 
+#include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/json/JSONDecoder.h>
+
 #include <charconv>
 #include <cmath>
 
@@ -17,7 +20,8 @@ bool reads(const std::string& text, Number& number) {
 template <class Number>
 Number whole(std::string_view name, const std::string& text) {
     Number number = 0;
-    if (!reads(text, number)) throw UsageError{"--" + std::string(name) + " takes a whole number, not " + text};
+    if (!reads(text, number))
+        throw UsageError{"--" + std::string(name) + " takes a whole number, not " + text};
     return number;
 }
 
@@ -50,6 +54,13 @@ VanticRestKit::URLQueryItem readQueryItem(std::string_view, const std::string& t
     const std::size_t equals = text.find('=');
     if (equals == std::string::npos) return {.name = text};
     return {.name = text.substr(0, equals), .value = text.substr(equals + 1)};
+}
+
+VanticRestKit::Dictionary readDataset(std::string_view name, const std::string& text) {
+    using VanticRestKit::Dictionary;
+    auto dataset = VanticRestKit::JSONDecoder().decode<Dictionary>(VanticRestKit::Data(text));
+    if (!dataset) throw UsageError{"--" + std::string(name) + " takes a JSON object, not " + text};
+    return std::move(dataset).value();
 }
 
 VanticRestKit::RecsModuleContext readContent(std::string_view name, const std::string& text) {

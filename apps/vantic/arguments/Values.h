@@ -1,5 +1,6 @@
 #pragma once
 
+#include <VanticRestKit/platform/error/AnyValue.h>
 #include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/platform/url/URLQueryItem.h>
 #include <VanticRestKit/recs/RecsModuleContext.h>
@@ -25,6 +26,9 @@ VanticRestKit::URLQueryItem readQueryItem(std::string_view name, const std::stri
 
 /// "source://type/id"; the id may hold slashes.
 VanticRestKit::RecsModuleContext readContent(std::string_view name, const std::string& text);
+
+/// A JSON object as free-form data: its texts, numbers and truth values.
+VanticRestKit::Dictionary readDataset(std::string_view name, const std::string& text);
 
 /// The case of an enumeration by its raw text.
 template <class E>

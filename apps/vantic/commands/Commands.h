@@ -10,6 +10,7 @@ void runDecode(Words words);
 void runExplain(Words words);
 void runRequest(Words words);
 void runLoad(Words words);
+void runUser(Words words);
 void runHelp(Words words);
 
 }  // namespace vantic

@@ -1,6 +1,7 @@
 #include "commands/Commands.h"
 #include "operations/Operation.h"
 #include "Output.h"
+#include "user/UserOperation.h"
 
 namespace vantic {
 
@@ -12,8 +13,10 @@ constexpr const char* usage =
     "vantic explain TYPE [FILE]            every fault of a document\n"
     "vantic request OPERATION OPTION...    the request that an operation would send\n"
     "vantic load OPERATION OPTION...       sends it and shows the value\n"
+    "vantic user OPERATION OPTION...       runs an operation for a user and shows the value\n"
     "\n"
-    "Without FILE a document is read from standard input. It ends with 0, with 1 where the request, the service\n"
+    "Without FILE a document is read from standard input. It ends with 0, with 1 where the request, the "
+    "service\n"
     "or the document failed, and with 2 for wrong usage.\n"
     "\n"
     "Options of every operation; --label=value works too, and a value that begins with -- needs it:\n"
@@ -25,6 +28,10 @@ constexpr const char* usage =
     "\n"
     "Operations:\n";
 
+constexpr const char* usageForUsers =
+    "\n"
+    "Operations for users, all with [--uid VALUE]; request takes them with --token VALUE:\n";
+
 std::string written(const Option& option) {
     const std::string name = "--" + std::string(option.name);
     if (option.takes == Option::Takes::nothing) return " [" + name + "]";
@@ -32,16 +39,21 @@ std::string written(const Option& option) {
     return option.isRequired ? " " + name + " VALUE" : " [" + name + " VALUE]";
 }
 
+template <class Operation>
+void printOperation(const Operation& operation) {
+    std::string line = "  " + std::string(operation.name);
+    for (const Option& option : operation.options) line += written(option);
+    print(line + "\n");
+}
+
 }  // namespace
 
 void runHelp(Words words) {
     Arguments::read(words, {});
     print(usage);
-    for (const Operation& operation : allOperations()) {
-        std::string line = "  " + std::string(operation.name);
-        for (const Option& option : operation.options) line += written(option);
-        print(line + "\n");
-    }
+    for (const Operation& operation : allOperations()) printOperation(operation);
+    print(usageForUsers);
+    for (const UserOperation& operation : allUserOperations()) printOperation(operation);
 }
 
 }  // namespace vantic

@@ -1,0 +1,33 @@
+#include <thread>
+
+#include "commands/Commands.h"
+#include "Failure.h"
+#include "operations/Sending.h"
+#include "Output.h"
+#include "user/UserHost.h"
+#include "user/UserOperation.h"
+
+namespace vantic {
+
+using VanticRestKit::Trelvo;
+
+void runUser(Words words) {
+    UserCall call = readUserCall(words);
+    CommonOptions common = CommonOptions::read(call.given);
+    Serve serve = serveOver(common);
+    const auto watch = std::make_shared<RequestWatch>();
+    const auto host = std::make_shared<UserHost>(std::move(common), call.given.optionalText("uid"),
+                                                 std::move(serve), watch);
+    // A thread of its own, which nobody waits for: where the token cannot be asked for it never ends.
+    std::thread([run = std::move(call.run), host, watch] {
+        run(Trelvo::shared(), *host, watch);
+        watch->operationReturned();
+    }).detach();
+
+    const std::optional<UserText> outcome = watch->outcomeAtTheEnd();
+    if (!outcome) throw Failed{noRequest};
+    if (!*outcome) throw Failed{outcome->error().localizedDescription()};
+    if (!(*outcome)->empty()) print(**outcome + "\n");
+}
+
+}  // namespace vantic

@@ -1,0 +1,38 @@
+#include "user/SubprofileValue.h"
+
+#include <VanticRestKit/platform/json/Table.h>
+#include <VanticRestKit/trelvo/Common/apiDate.h>
+
+template <>
+const VanticRestKit::TypePlan& VanticRestKit::planOf<vantic::SubprofileValue>() {
+    using namespace mapping;
+    using vantic::SubprofileValue;
+    static const TypePlan& plan = object<SubprofileValue>(
+        required<&SubprofileValue::uid>("uid"), lenient<&SubprofileValue::parentUid>("parentUid"),
+        lenient<&SubprofileValue::created, apiDate>("created"),
+        lenient<&SubprofileValue::updated, apiDate>("updated"),
+        lenient<&SubprofileValue::displayName>("displayName"), lenient<&SubprofileValue::avatar>("avatar"),
+        lenient<&SubprofileValue::avatarId>("avatarId"),
+        lenient<&SubprofileValue::avatarAccessibilityText>("avatarAccessibilityText"),
+        lenient<&SubprofileValue::isChild>("isChild"), lenient<&SubprofileValue::birthYear>("birthYear"),
+        lenient<&SubprofileValue::channelFilter>("channelFilter"));
+    return plan;
+}
+
+namespace vantic {
+
+SubprofileValue SubprofileValue::of(const VanticRestKit::Subprofile& subprofile) {
+    return {.uid = subprofile.uid(),
+            .parentUid = subprofile.parentUid(),
+            .created = subprofile.created(),
+            .updated = subprofile.updated(),
+            .displayName = subprofile.displayName(),
+            .avatar = subprofile.avatar(),
+            .avatarId = subprofile.avatarId(),
+            .avatarAccessibilityText = subprofile.avatarAccessibilityText(),
+            .isChild = subprofile.isChild(),
+            .birthYear = subprofile.birthYear(),
+            .channelFilter = subprofile.channelFilter()};
+}
+
+}  // namespace vantic

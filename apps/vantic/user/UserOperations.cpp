@@ -1,0 +1,185 @@
+#include <VanticRestKit/platform/json/ValueText.h>
+
+#include <algorithm>
+#include <type_traits>
+
+#include "arguments/Values.h"
+#include "operations/CommonOptions.h"
+#include "user/SubprofileValue.h"
+#include "user/UserOperation.h"
+
+namespace vantic {
+
+using namespace VanticRestKit;
+
+namespace {
+
+using Watch = std::shared_ptr<RequestWatch>;
+
+template <class T>
+std::string textOf(const T& value) {
+    return valueText(value, ValueLayout::indented);
+}
+
+std::string textOf(const Subprofile& subprofile) { return textOf(SubprofileValue::of(subprofile)); }
+
+std::string textOf(const std::vector<Subprofile>& subprofiles) {
+    std::vector<SubprofileValue> values;
+    for (const Subprofile& subprofile : subprofiles) values.push_back(SubprofileValue::of(subprofile));
+    return textOf(values);
+}
+
+/// A completion that tells the watch the text of what came.
+template <class T>
+Trelvo::Completion<T> telling(Watch watch) {
+    return [watch = std::move(watch)](Result<T, TrelvoError> outcome) {
+        if (!outcome) return watch->told(Failure(outcome.error()));
+        if constexpr (std::is_void_v<T>) {
+            watch->told(std::string());
+        } else {
+            watch->told(textOf(*outcome));
+        }
+    };
+}
+
+using Subprofiles = std::vector<Subprofile>;
+using History = std::vector<HistoryData>;
+using Saved = std::vector<SavedData>;
+
+UserRun getSubprofiles(const Arguments& given) {
+    return [isPrivate = given.flag("includePrivateData"), isFamily = given.flag("includeFamilyData")](
+               Trelvo& trelvo, const TrelvoContext& context, Watch watch) {
+        trelvo.getSubprofiles({.includePrivateData = isPrivate,
+                               .includeFamilyData = isFamily,
+                               .completionHandler = telling<Subprofiles>(std::move(watch))},
+                              context);
+    };
+}
+
+template <void (Trelvo::*Operation)(Trelvo::DatasetArguments, const TrelvoContext&)>
+UserRun withDataset(const Arguments& given) {
+    return [dataset = readDataset("dataset", given.text("dataset"))](
+               Trelvo& trelvo, const TrelvoContext& context, Watch watch) {
+        (trelvo.*Operation)({.dataset = dataset, .completionHandler = telling<Subprofile>(std::move(watch))},
+                            context);
+    };
+}
+
+template <void (Trelvo::*Operation)(Trelvo::DeletionArguments, const TrelvoContext&)>
+UserRun deletion(const Arguments&) {
+    return [](Trelvo& trelvo, const TrelvoContext& context, Watch watch) {
+        (trelvo.*Operation)({.completionHandler = telling<void>(std::move(watch))}, context);
+    };
+}
+
+UserRun viewingHistory(const Arguments& given) {
+    return [limit = readUnsigned("limit", given.text("limit"))](Trelvo& trelvo, const TrelvoContext& context,
+                                                                Watch watch) {
+        trelvo.viewingHistory({.limit = limit, .completionHandler = telling<History>(std::move(watch))},
+                              context);
+    };
+}
+
+UserRun listRecentVideos(const Arguments& given) {
+    return [limit = readUnsigned("limit", given.text("limit")), isDone = given.flag("markedAsDone")](
+               Trelvo& trelvo, const TrelvoContext& context, Watch watch) {
+        trelvo.listRecentVideos(
+            {.limit = limit, .markedAsDone = isDone, .completionHandler = telling<History>(std::move(watch))},
+            context);
+    };
+}
+
+std::int64_t showIdIn(const Arguments& given) { return readInteger("showId", given.text("showId")); }
+
+UserRun listVideosForShow(const Arguments& given) {
+    return [showId = showIdIn(given), isDone = given.optionally("markedAsDone", readTruth)](
+               Trelvo& trelvo, const TrelvoContext& context, Watch watch) {
+        trelvo.listVideosForShow({.showId = showId,
+                                  .markedAsDone = isDone,
+                                  .completionHandler = telling<History>(std::move(watch))},
+                                 context);
+    };
+}
+
+UserRun getVideoProgress(const Arguments& given) {
+    return [showId = showIdIn(given), houseNumber = given.text("houseNumber")](
+               Trelvo& trelvo, const TrelvoContext& context, Watch watch) {
+        trelvo.getVideoProgress({.showId = showId,
+                                 .houseNumber = houseNumber,
+                                 .completionHandler = telling<History>(std::move(watch))},
+                                context);
+    };
+}
+
+UserRun updateVideoProgress(const Arguments& given) {
+    return [showId = showIdIn(given), houseNumber = given.text("houseNumber"),
+            progress = readInteger("progress", given.text("progress")),
+            isDone = given.flag("isDone")](Trelvo& trelvo, const TrelvoContext& context, Watch watch) {
+        trelvo.updateVideoProgress({.showId = showId,
+                                    .houseNumber = houseNumber,
+                                    .progress = progress,
+                                    .isDone = isDone,
+                                    .completionHandler = telling<History>(std::move(watch))},
+                                   context);
+    };
+}
+
+UserRun listWatchlistShowIds(const Arguments&) {
+    return [](Trelvo& trelvo, const TrelvoContext& context, Watch watch) {
+        trelvo.listWatchlistShowIds({.completionHandler = telling<Saved>(std::move(watch))}, context);
+    };
+}
+
+UserRun addWatchlistShow(const Arguments& given) {
+    return [showId = showIdIn(given)](Trelvo& trelvo, const TrelvoContext& context, Watch watch) {
+        trelvo.addWatchlistShow({.showId = showId, .completionHandler = telling<Saved>(std::move(watch))},
+                                context);
+    };
+}
+
+UserRun deleteShow(const Arguments& given) {
+    return [showId = showIdIn(given)](Trelvo& trelvo, const TrelvoContext& context, Watch watch) {
+        trelvo.deleteShow({.showId = showId, .completionHandler = telling<void>(std::move(watch))}, context);
+    };
+}
+
+}  // namespace
+
+std::span<const UserOperation> allUserOperations() {
+    static const std::vector<UserOperation> operations = {
+        {"getSubprofiles", {flag("includePrivateData"), flag("includeFamilyData")}, getSubprofiles},
+        {"createSubprofile", {required("dataset")}, withDataset<&Trelvo::createSubprofile>},
+        {"updateSubprofile", {required("dataset")}, withDataset<&Trelvo::updateSubprofile>},
+        {"deleteSubprofile", {}, deletion<&Trelvo::deleteSubprofile>},
+        {"deleteHistory", {}, deletion<&Trelvo::deleteHistory>},
+        {"viewingHistory", {required("limit")}, viewingHistory},
+        {"listRecentVideos", {required("limit"), flag("markedAsDone")}, listRecentVideos},
+        {"listVideosForShow", {required("showId"), optional("markedAsDone")}, listVideosForShow},
+        {"getVideoProgress", {required("showId"), required("houseNumber")}, getVideoProgress},
+        {"updateVideoProgress",
+         {required("showId"), required("houseNumber"), required("progress"), flag("isDone")},
+         updateVideoProgress},
+        {"listWatchlistShowIds", {}, listWatchlistShowIds},
+        {"addWatchlistShow", {required("showId")}, addWatchlistShow},
+        {"deleteShow", {required("showId")}, deleteShow},
+    };
+    return operations;
+}
+
+UserCall readUserCall(Words words, std::span<const Option> more) {
+    if (words.empty()) throw UsageError{"no operation is named"};
+    const auto all = allUserOperations();
+    const auto found = std::find_if(all.begin(), all.end(), [&](const UserOperation& operation) {
+        return operation.name == words.front();
+    });
+    if (found == all.end()) throw UsageError{"there is no operation " + words.front()};
+    std::vector<Option> options{optional("uid")};
+    for (const auto some : {CommonOptions::options(), more, std::span<const Option>(found->options)}) {
+        options.insert(options.end(), some.begin(), some.end());
+    }
+    Arguments given = Arguments::read(words.subspan(1), options);
+    UserRun run = found->prepare(given);
+    return {std::move(given), std::move(run)};
+}
+
+}  // namespace vantic
