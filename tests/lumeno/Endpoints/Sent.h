@@ -16,18 +16,25 @@ namespace VanticRestKit::test {
 
 /// Loads a resource that was made with `context`, answers with `body` and gives what came of it.
 template <class T>
-Result<T, LoaderError> answered(const FakeContext& context, const std::optional<Resource<T>>& resource, const char* body) {
+Result<T, LoaderError> answered(const FakeContext& context, const std::optional<Resource<T>>& resource,
+                                const char* body, std::int64_t status = 200) {
     Result<T, LoaderError> outcome = Failure(LoaderError::unknowError());
     EXPECT_TRUE(resource);
     if (!resource) return outcome;
     resource->load({.with = [&outcome](Result<T, LoaderError> result) { outcome = std::move(result); }});
-    context.session->reply(answer(200, body));
+    context.session->reply(answer(status, body));
     return outcome;
 }
 
-/// "GET https://api.example.test/v2/time": the method and the address of the request that a resource sends. Fails
-/// the running test where it is not as all requests to the catalogue: the headers and the time-out are those of the
-/// context, and there is no body.
+template <class T>
+void expectADecodingFailure(const Result<T, LoaderError>& outcome, const char* body) {
+    ASSERT_FALSE(outcome) << body;
+    EXPECT_EQ(outcome.error().kind(), LoaderError::Kind::failedToDecode) << body;
+}
+
+/// "GET https://api.example.test/v2/time": the method and the address of the request that a resource sends.
+/// Fails the running test where it is not as all requests to the catalogue: the headers and the time-out are
+/// those of the context, and there is no body.
 template <class T>
 std::string sentFor(FakeContext& context, const std::optional<Resource<T>>& resource) {
     (void)answered(context, resource, "{}");
@@ -37,6 +44,15 @@ std::string sentFor(FakeContext& context, const std::optional<Resource<T>>& reso
     EXPECT_EQ(request.timeoutInterval().count(), context.timeout);
     EXPECT_EQ(request.httpBody(), std::nullopt);
     return request.httpMethod().value_or("") + " " + request.url()->absoluteString();
+}
+
+/// The request for what `make` makes with a context that has headers and a time-out of its own.
+template <class Make>
+std::string sent(Make make) {
+    FakeContext context;
+    context.headers = {{"X-Test", "1"}, {"Accept", "application/json"}};
+    context.timeout = 12.5;
+    return sentFor(context, make(context));
 }
 
 /// Makes no request of anything.

@@ -11,16 +11,7 @@ namespace {
 
 using test::answered;
 using test::FakeContext;
-using test::sentFor;
-
-/// The request for what `make` makes with a context that has headers and a time-out of its own.
-template <class Make>
-std::string sent(Make make) {
-    FakeContext context;
-    context.headers = {{"X-Test", "1"}, {"Accept", "application/json"}};
-    context.timeout = 12.5;
-    return sentFor(context, make(context));
-}
+using test::sent;
 
 TEST(EndpointAvatars, AsksForThePicturesOfProfiles) {
     EXPECT_EQ(sent([](const Context& context) { return Endpoint::Avatars(context); }),
