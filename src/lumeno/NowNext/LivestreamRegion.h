@@ -6,6 +6,7 @@
 #include <VanticRestKit/platform/json/RawText.h>
 
 #include <array>
+#include <compare>
 
 namespace VanticRestKit {
 
@@ -15,14 +16,10 @@ enum class LivestreamRegion { ACT, SA, NSW, VIC, WA, NT, QLD, TAS };
 template <>
 struct RawTexts<LivestreamRegion> {
     static constexpr RawCase<LivestreamRegion> cases[] = {
-        {LivestreamRegion::ACT, "ACT", "act"},
-        {LivestreamRegion::SA, "SA", "sa"},
-        {LivestreamRegion::NSW, "NSW", "nsw"},
-        {LivestreamRegion::VIC, "VIC", "vic"},
-        {LivestreamRegion::WA, "WA", "wa"},
-        {LivestreamRegion::NT, "NT", "nt"},
-        {LivestreamRegion::QLD, "QLD", "qld"},
-        {LivestreamRegion::TAS, "TAS", "tas"},
+        {LivestreamRegion::ACT, "ACT", "act"}, {LivestreamRegion::SA, "SA", "sa"},
+        {LivestreamRegion::NSW, "NSW", "nsw"}, {LivestreamRegion::VIC, "VIC", "vic"},
+        {LivestreamRegion::WA, "WA", "wa"},    {LivestreamRegion::NT, "NT", "nt"},
+        {LivestreamRegion::QLD, "QLD", "qld"}, {LivestreamRegion::TAS, "TAS", "tas"},
     };
 };
 
@@ -33,9 +30,14 @@ constexpr std::array<LivestreamRegion, 8> allLivestreamRegions() {
 }
 
 /// Whether the raw text of `a` comes before that of `b`. This stands in the place of the order of the cases.
-constexpr bool operator<(LivestreamRegion a, LivestreamRegion b) noexcept { return rawValue(a) < rawValue(b); }
+constexpr bool operator<(LivestreamRegion a, LivestreamRegion b) noexcept {
+    return rawValue(a) < rawValue(b);
+}
 constexpr bool operator>(LivestreamRegion a, LivestreamRegion b) noexcept { return b < a; }
 constexpr bool operator<=(LivestreamRegion a, LivestreamRegion b) noexcept { return !(b < a); }
 constexpr bool operator>=(LivestreamRegion a, LivestreamRegion b) noexcept { return !(a < b); }
+constexpr std::strong_ordering operator<=>(LivestreamRegion a, LivestreamRegion b) noexcept {
+    return rawValue(a) <=> rawValue(b);
+}
 
 }  // namespace VanticRestKit

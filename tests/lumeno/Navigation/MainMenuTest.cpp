@@ -1,0 +1,166 @@
+// The main menu: a tree in which nothing is swallowed.
+
+#include <gtest/gtest.h>
+#include <VanticRestKit/lumeno/Navigation/NavigationMainMenuList.h>
+
+#include <platform/json/FieldRules.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::decoded;
+using test::failureOf;
+using test::Word;
+using Item = NavigationMainMenuItem;
+using Image = NavigationMainMenuItemImage;
+
+test::EntityRules images() {
+    return {.type = test::decodable<Image>,
+            .least = R"({"id":"i","url":"u","accessibilityText":"t"})",
+            .fields = {{"id", "id", Word::required, test::text()},
+                       {"url", "url", Word::required, test::text()},
+                       {"accessibilityText", "accessibilityText", Word::required, test::text()}}};
+}
+
+std::string itemText(const char* id) { return valueText(Item{.id = id}); }
+
+test::Shape children(const char* empty) {
+    const Item nested{.id = "$", .items = {{Item{.id = "b", .items = std::vector<Item>()}}}};
+    return test::listOf(empty,
+                        {{R"([{"id":"$","items":[{"id":"b","items":[]}]},{"id":"c","items":null}])",
+                          "[" + valueText(nested) + "," + itemText("c") + "]"},
+                         {"[]", "[]"}},
+                        {R"({"title":"x"})", "keyNotFound", "/id"});
+}
+
+test::Shape pictures() {
+    return test::listOf("null",
+                        {{R"([{"id":"$","url":"u","accessibilityText":""}])",
+                          R"([{"id":"$","url":"u","accessibilityText":""}])"},
+                         {"[]", "[]"}},
+                        {R"({"id":"i","url":"u"})", "keyNotFound", "/accessibilityText"});
+}
+
+test::FieldRule optionalText(const char* name) { return {name, name, Word::optional, test::text()}; }
+
+test::EntityRules items() {
+    return {.type = test::decodable<Item>,
+            .least = R"({"id":"i"})",
+            .fields = {{"id", "id", Word::required, test::text()},
+                       optionalText("title"),
+                       optionalText("accessibilityText"),
+                       optionalText("logoUrl"),
+                       optionalText("path"),
+                       {"items", "items", Word::optional, children("null")},
+                       {"images", "images", Word::optional, pictures()}}};
+}
+
+test::EntityRules lists() {
+    return {.type = test::decodable<NavigationMainMenuList>,
+            .least = R"({"items":[]})",
+            .fields = {{"items", "items", Word::required, children("[]")}}};
+}
+
+TEST(NavigationMainMenuItemImage, HasThreeFieldsThatMustAllBeThere) {
+    test::expectDeclaredFields(images());
+    test::expectFieldsInEveryState(images());
+    test::expectAnObjectOnly(test::decodable<Image>);
+}
+
+TEST(NavigationMainMenuItemImage, FailsWithTheFirstFieldThatDoes) {
+    test::expectErrorsInOrder(images(), {{"id", "1"}, {"url", "null"}, {"accessibilityText", "[]"}});
+}
+
+TEST(NavigationMainMenuItemImage, IsMadeOfItsFieldsInDeclaredOrder) {
+    const Image image{.id = "a", .url = "b", .accessibilityText = "c"};
+    EXPECT_EQ(valueText(image), R"({"id":"a","url":"b","accessibilityText":"c"})");
+    EXPECT_EQ(decoded<Image>(valueText(image)), image);
+    EXPECT_NE(image, (Image{.id = "a", .url = "b", .accessibilityText = "d"}));
+}
+
+TEST(NavigationMainMenuItem, HasSevenFields) { test::expectDeclaredFields(items()); }
+
+TEST(NavigationMainMenuItem, TakesEachFieldFromItsKeyAndFailsForEachOfAWrongType) {
+    test::expectFieldsInEveryState(items());
+    test::expectAnObjectOnly(test::decodable<Item>);
+}
+
+TEST(NavigationMainMenuItem, FailsWithTheFirstFieldThatDoes) {
+    test::expectErrorsInOrder(items(), {{"id", "1"},
+                                        {"title", "[]"},
+                                        {"accessibilityText", "true"},
+                                        {"logoUrl", "{}"},
+                                        {"path", "2"},
+                                        {"items", "[{}]"},
+                                        {"images", "[7]"}});
+}
+
+TEST(NavigationMainMenuItem, IsMadeOfItsFieldsInDeclaredOrder) {
+    const Item item{.id = "a",
+                    .title = "b",
+                    .accessibilityText = "c",
+                    .logoUrl = "d",
+                    .path = "e",
+                    .items = {{Item{.id = "f"}}},
+                    .images = {{Image{.id = "g", .url = "h", .accessibilityText = "i"}}}};
+    EXPECT_EQ(valueText(item),
+              R"({"id":"a","title":"b","accessibilityText":"c","logoUrl":"d","path":"e","items":[)" +
+                  itemText("f") + R"(],"images":[{"id":"g","url":"h","accessibilityText":"i"}]})");
+    EXPECT_EQ(decoded<Item>(valueText(item)), item);
+    Item other = item;
+    other.items->front().id = "x";
+    EXPECT_NE(other, item);
+}
+
+TEST(NavigationMainMenuList, HasOneFieldThatMustBeThere) {
+    test::expectDeclaredFields(lists());
+    test::expectFieldsInEveryState(lists());
+    test::expectAnObjectOnly(test::decodable<NavigationMainMenuList>);
+}
+
+TEST(NavigationMainMenuList, MayBeWithoutItemsButNotWithoutTheirList) {
+    EXPECT_EQ(decoded<NavigationMainMenuList>(R"({"items":[]})"), NavigationMainMenuList{});
+    EXPECT_EQ(failureOf<NavigationMainMenuList>("{}"), R"(keyNotFound ["items"])");
+}
+
+TEST(NavigationMainMenuList, NeverReadsLinks) {
+    EXPECT_EQ(decoded<NavigationMainMenuList>(R"({"items":[],"_links":7})"), NavigationMainMenuList{});
+}
+
+TEST(NavigationMainMenuList, KeepsNoChildrenAndNoPicturesApartFromListsWithoutAny) {
+    EXPECT_EQ(
+        decoded<NavigationMainMenuList>(R"({"items":[{"id":"a"}]})"),
+        (NavigationMainMenuList{.items = {Item{.id = "a", .items = std::nullopt, .images = std::nullopt}}}));
+    EXPECT_EQ(decoded<NavigationMainMenuList>(R"({"items":[{"id":"a","items":[],"images":[]}]})"),
+              (NavigationMainMenuList{
+                  .items = {Item{.id = "a", .items = std::vector<Item>(), .images = std::vector<Image>()}}}));
+}
+
+TEST(NavigationMainMenuList, FailsForAChildWithoutAnId) {
+    EXPECT_EQ(failureOf<NavigationMainMenuList>(R"({"items":[{"id":"a","items":[{"title":"x"}]}]})"),
+              R"(keyNotFound ["items",0,"items",0,"id"])");
+}
+
+TEST(NavigationMainMenuList, FailsForATitleOfAWrongTypeThoughItMayBeLeftOut) {
+    EXPECT_EQ(failureOf<NavigationMainMenuList>(R"({"items":[{"id":"a","title":5}]})"),
+              R"(typeMismatch ["items",0,"title"])");
+    EXPECT_EQ(failureOf<NavigationMainMenuList>(R"({"items":[{"id":"a","title":null}]})"), "");
+}
+
+TEST(NavigationMainMenuList, FailsForAPictureThatIsNotDescribedHoweverDeepItLies) {
+    EXPECT_EQ(failureOf<NavigationMainMenuList>(R"({"items":[{"id":"a","images":[{"id":"i","url":"u"}]}]})"),
+              R"(keyNotFound ["items",0,"images",0,"accessibilityText"])");
+    EXPECT_EQ(
+        failureOf<NavigationMainMenuList>(
+            R"({"items":[{"id":"a"},{"id":"b","items":[{"id":"c","items":[{"id":"d","images":[{"id":"i","url":"u"}]}]}]}]})"),
+        R"(keyNotFound ["items",1,"items",0,"items",0,"images",0,"accessibilityText"])");
+}
+
+TEST(NavigationMainMenuList, IsMadeOfItsItems) {
+    const NavigationMainMenuList list{.items = {Item{.id = "a", .items = {{Item{.id = "b"}}}}}};
+    EXPECT_EQ(decoded<NavigationMainMenuList>(R"({"items":[{"id":"a","items":[{"id":"b"}]}]})"), list);
+    EXPECT_NE(list, NavigationMainMenuList{});
+}
+
+}  // namespace
+}  // namespace VanticRestKit

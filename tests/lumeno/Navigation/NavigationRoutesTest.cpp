@@ -1,0 +1,52 @@
+#include <lumeno/Routes.h>
+#include <VanticRestKit/lumeno/Navigation/BrowseURI.h>
+#include <VanticRestKit/lumeno/Navigation/NavigationMainMenuItemURI.h>
+#include <VanticRestKit/lumeno/Navigation/NavigationURI.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::expectAGet;
+using Items = std::vector<URLQueryItem>;
+
+TEST(NavigationType, HasTwoCasesInOrderAndNoneOfAnUnknownText) {
+    ASSERT_EQ(std::size(RawTexts<NavigationType>::cases), 2U);
+    EXPECT_EQ(RawTexts<NavigationType>::cases[0].value, NavigationType::channels);
+    EXPECT_EQ(RawTexts<NavigationType>::cases[1].value, NavigationType::categories);
+    EXPECT_EQ(fromRawValue<NavigationType>("channels"), NavigationType::channels);
+    EXPECT_EQ(fromRawValue<NavigationType>("categories"), NavigationType::categories);
+    for (const char* const unknown : {"", "channel", "Channels", "mobile"}) {
+        EXPECT_EQ(fromRawValue<NavigationType>(unknown), std::nullopt) << unknown;
+    }
+}
+
+TEST(NavigationURI, PutsTheRawTextOfTheTypeBehindThePath) {
+    expectAGet(NavigationURI{.navigationType = NavigationType::channels}, "v2/navigation/channels");
+    expectAGet(NavigationURI{.navigationType = NavigationType::categories}, "v2/navigation/categories");
+}
+
+TEST(NavigationMainMenuItemURI, AsksForAPersonalMenuOfTheChannelsInOneTextAsItStands) {
+    expectAGet(NavigationMainMenuItemURI({.channels = "a,b"}), "v2/navigation/mobile",
+               {{"include", "personalize"}, {"channel", "a,b"}});
+    expectAGet(NavigationMainMenuItemURI({.channels = " a&b=%20"}), "v2/navigation/mobile",
+               {{"include", "personalize"}, {"channel", " a&b=%20"}});
+}
+
+TEST(NavigationMainMenuItemURI, SendsChannelsWithoutCharactersToo) {
+    expectAGet(NavigationMainMenuItemURI({.channels = ""}), "v2/navigation/mobile",
+               {{"include", "personalize"}, {"channel", ""}});
+}
+
+TEST(NavigationMainMenuItemURI, HasAPathThatGoesOutAsItStandsWhereItIsSet) {
+    NavigationMainMenuItemURI route({.channels = "a"});
+    route.path = "navigation/television";
+    expectAGet(route, "navigation/television", {{"include", "personalize"}, {"channel", "a"}});
+    route.path = "";
+    expectAGet(route, "", {{"include", "personalize"}, {"channel", "a"}});
+    EXPECT_NE(route, NavigationMainMenuItemURI({.channels = "a"}));
+}
+
+TEST(BrowseURI, HasAPathAndNothingElse) { expectAGet(BrowseURI(), "v2/browse"); }
+
+}  // namespace
+}  // namespace VanticRestKit

@@ -1,0 +1,28 @@
+#include <lumeno/Routes.h>
+#include <VanticRestKit/lumeno/NowNext/LivestreamsURI.h>
+#include <VanticRestKit/lumeno/NowNext/NowNextURI.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::expectAGet;
+
+TEST(NowNextURI, PutsTheHouseNumberBehindThePathAsItStands) {
+    expectAGet(NowNextURI{.houseNumber = "N1"}, "v2/nownext/N1");
+    expectAGet(NowNextURI{.houseNumber = ""}, "v2/nownext/");
+    expectAGet(NowNextURI{.houseNumber = "a b/../c?d=%20"}, "v2/nownext/a b/../c?d=%20");
+}
+
+TEST(LivestreamsURI, HasNoSlashAtItsEndWhereThereIsNoRegion) {
+    expectAGet(LivestreamsURI{.region = std::nullopt}, "v2/livestreams");
+}
+
+TEST(LivestreamsURI, PutsTheRawTextOfARegionBehindThePath) {
+    for (const LivestreamRegion region : allLivestreamRegions()) {
+        expectAGet(LivestreamsURI{.region = region}, "v2/livestreams/" + std::string(rawValue(region)));
+    }
+    expectAGet(LivestreamsURI{.region = LivestreamRegion::NSW}, "v2/livestreams/nsw");
+}
+
+}  // namespace
+}  // namespace VanticRestKit
