@@ -2,6 +2,7 @@
 
 #include <getopt.h>
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
@@ -10,13 +11,14 @@ namespace sample {
 namespace {
 
 constexpr const char* help =
-    "sample-service [--port N] [--tls [--ca-out FILE]] [--end-with-parent]\n"
+    "sample-service [--port N] [--tls [--ca-out FILE]] [--token-seconds N] [--end-with-parent]\n"
     "Plays the service on loopback with a made-up catalogue. The first line that it prints is its base URL.\n"
     "It ends on SIGTERM, SIGINT or POST /_control/stop.\n"
     "  --port N            port to listen on; 0, the default, picks a free one\n"
     "  --tls               serve HTTPS with a certificate made at start\n"
     "  --ca-out FILE       where to write the certificate (PEM) that a client has to trust;\n"
     "                      left out, it is printed behind the base URL\n"
+    "  --token-seconds N   how long a user's token is good for; 3600 where it is left out\n"
     "  --end-with-parent   end when the process that started this one ends\n";
 
 [[noreturn]] void refuse(const char* why) {
@@ -31,12 +33,20 @@ int readPort(const char* text) {
     return static_cast<int>(port);
 }
 
+double readSeconds(const char* text) {
+    char* end = nullptr;
+    const double seconds = std::strtod(text, &end);
+    if (end == text || *end != '\0' || !std::isfinite(seconds)) refuse("--token-seconds takes a number");
+    return seconds;
+}
+
 }  // namespace
 
 Options readOptions(int argc, char** argv) {
     const option known[] = {{"port", required_argument, nullptr, 'p'},
                             {"tls", no_argument, nullptr, 't'},
                             {"ca-out", required_argument, nullptr, 'c'},
+                            {"token-seconds", required_argument, nullptr, 's'},
                             {"end-with-parent", no_argument, nullptr, 'e'},
                             {"help", no_argument, nullptr, 'h'},
                             {nullptr, 0, nullptr, 0}};
@@ -47,6 +57,7 @@ Options readOptions(int argc, char** argv) {
             case 'p': options.port = readPort(optarg); break;
             case 't': options.tls = true; break;
             case 'c': options.authorityFile = optarg; break;
+            case 's': options.tokenSeconds = readSeconds(optarg); break;
             case 'e': options.endWithParent = true; break;
             case 'h': std::fputs(help, stdout); std::exit(0);
             default: refuse("unknown option, or one without its value");

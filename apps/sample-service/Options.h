@@ -9,6 +9,7 @@ struct Options {
     bool tls = false;
     std::string authorityFile;  // empty: the authority's certificate goes to standard output
     bool endWithParent = false;
+    double tokenSeconds = 3600;
 };
 
 /// Reads the command line; ends the program with 2 where it is wrong, with 0 after showing the help.

@@ -5,12 +5,23 @@
 
 #include <cstdio>
 #include <fstream>
+#include <iterator>
 #include <optional>
 
 #include "Options.h"
 #include "routes/Table.h"
+#include "routes/UserTable.h"
 #include "server/Certificate.h"
 #include "server/Service.h"
+
+namespace {
+
+std::vector<sample::Route> joined(std::vector<sample::Route> some, std::vector<sample::Route> others) {
+    std::move(others.begin(), others.end(), std::back_inserter(some));
+    return some;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
     const sample::Options options = sample::readOptions(argc, argv);
@@ -28,9 +39,11 @@ int main(int argc, char** argv) {
 
     sample::Faults faults;
     sample::RequestLog log;
-    sample::Service service(sample::Router(sample::serviceRoutes()),
-                            sample::Router(sample::controlRoutes(faults, log)), faults, log,
-                            [] { kill(getpid(), SIGTERM); });
+    sample::Users users(options.tokenSeconds);
+    sample::Service service(
+        sample::Router(joined(sample::serviceRoutes(), sample::userRoutes(users))),
+        sample::Router(joined(sample::controlRoutes(faults, log), sample::userControlRoutes(users))), faults,
+        log, [] { kill(getpid(), SIGTERM); });
     if (!service.start(options.port, certificate ? &*certificate : nullptr)) {
         std::fprintf(stderr, "sample-service: cannot listen on 127.0.0.1:%d\n", options.port);
         return 1;

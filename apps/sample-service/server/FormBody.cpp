@@ -1,0 +1,21 @@
+#include "server/FormBody.h"
+
+#include "server/Exchange.h"
+
+namespace sample {
+
+// A form is written as a query is, but for its blanks.
+std::optional<std::string> formField(std::string_view body, std::string_view name) {
+    std::string query(body);
+    for (char& c : query) {
+        if (c == '+') c = ' ';
+    }
+    Request read;
+    readTarget("/?" + query, read);
+    for (const auto& item : read.query) {
+        if (item.name == name) return item.value;
+    }
+    return std::nullopt;
+}
+
+}  // namespace sample

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace sample {
+
+/// A field of a form-encoded body, decoded; empty where the body has none of that name.
+std::optional<std::string> formField(std::string_view body, std::string_view name);
+
+}  // namespace sample
