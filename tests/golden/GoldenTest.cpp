@@ -42,7 +42,8 @@ TEST(GoldenDocuments, AreThereForTheTypesThatHaveSome) {
     std::set<std::string_view> types;
     for (const test::GoldenDocument& document : test::goldenDocuments()) types.insert(document.type.name);
     for (const std::string_view name :
-         {"Video", "VideoList", "ImageList", "TokenResponse", "DatasetResponse", "HistoryResponse", "SavedResponse",
+         {"Video", "VideoList", "ImageList", "Show", "ShowList", "Series", "ShowsIndex", "RelatedShowList",
+          "SearchResults", "TokenResponse", "DatasetResponse", "HistoryResponse", "SavedResponse",
           "KAVROSegmentsModel", "RecommendationModule"}) {
         EXPECT_TRUE(types.contains(name)) << name;
     }
