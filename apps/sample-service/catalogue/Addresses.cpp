@@ -11,7 +11,9 @@ std::string hrefOf(const Video& video) { return "/video/" + video.houseNumber; }
 JSON linkTo(const std::string& href) { return JSON{{"href", href}}; }
 
 std::string pictureOf(const std::string& name, const std::string& shape) {
-    return std::string(ownOrigin) + "/pictures/" + name + "/" + shape + ".svg";
+    std::string address(ownOrigin);
+    for (const auto& part : {"/pictures/" + name, "/" + shape, std::string(".svg")}) address += part;
+    return address;
 }
 
 JSON thumbnailsOf(const std::string& name, const std::string& category) {

@@ -58,6 +58,13 @@ struct Notice {
     std::string authStatus;
 };
 
+struct Avatar {
+    std::string id;
+    std::string description;
+    std::string group;
+};
+
+const std::vector<Avatar>& avatars();
 const std::vector<Region>& regions();
 const std::vector<Channel>& channels();
 const std::vector<Category>& categories();

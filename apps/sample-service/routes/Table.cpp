@@ -16,6 +16,7 @@ std::vector<Route> serviceRoutes() {
              navigationRoutes,
              liveRoutes,
              noticeRoutes,
+             remapRoutes,
          }) {
         auto routes = kind();
         std::move(routes.begin(), routes.end(), std::back_inserter(table));

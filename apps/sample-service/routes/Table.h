@@ -18,6 +18,7 @@ std::vector<Route> screenRoutes();
 std::vector<Route> navigationRoutes();
 std::vector<Route> liveRoutes();
 std::vector<Route> noticeRoutes();
+std::vector<Route> remapRoutes();
 
 /// The table of routes: all that the service answers.
 std::vector<Route> serviceRoutes();

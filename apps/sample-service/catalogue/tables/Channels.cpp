@@ -4,9 +4,9 @@ namespace sample {
 
 const std::vector<Region>& regions() {
     static const auto& table = *new std::vector<Region>{
-        {"act", "Capital Territory", 0},  {"sa", "South Australia", 30},    {"nsw", "New South Wales", 0},
-        {"vic", "Victoria", 0},           {"wa", "Western Australia", 120}, {"nt", "Northern Territory", 30},
-        {"qld", "Queensland", 0},         {"tas", "Tasmania", 0},
+        {"act", "Capital Territory", 0}, {"sa", "South Australia", 30},    {"nsw", "New South Wales", 0},
+        {"vic", "Victoria", 0},          {"wa", "Western Australia", 120}, {"nt", "Northern Territory", 30},
+        {"qld", "Queensland", 0},        {"tas", "Tasmania", 0},
     };
     return table;
 }

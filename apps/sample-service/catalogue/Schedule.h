@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+
+#include "catalogue/Catalogue.h"
+#include "catalogue/Tables.h"
+
+namespace sample {
+
+/// A programme in the schedule of a channel. Times are seconds since 1970.
+struct Slot {
+    const Video* video;  // null: the channel is closed
+    long start;
+    long end;
+};
+
+/// What a channel shows at a time and behind it. Every day from six to six (UTC) is made in the same way from
+/// the channel's own episodes and films, beginning with another one each day; a channel that closes does so
+/// at eight in the evening.
+struct Showing {
+    Slot now;
+    Slot next;
+};
+
+/// `at` is not before 1970.
+Showing scheduleOf(const Channel& channel, long at);
+
+}  // namespace sample

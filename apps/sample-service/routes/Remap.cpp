@@ -1,0 +1,57 @@
+#include "catalogue/Addresses.h"
+#include "catalogue/Screens.h"
+#include "catalogue/Tables.h"
+#include "routes/Table.h"
+
+namespace sample {
+
+namespace {
+
+/// The kinds of pages of the web site, with the one that they have become since.
+struct Page {
+    const char* kind;
+    const char* today;
+};
+constexpr Page pages[] = {{"show", "show"},       {"programs", "show"},        {"series", "series"},
+                          {"video", "video"},     {"watch", "video"},          {"category", "category"},
+                          {"channel", "channel"}, {"collection", "collection"}};
+
+bool isThere(const std::string& kind, const std::string& name) {
+    if (kind == "show") return catalogue().show(name) != nullptr;
+    if (kind == "series") return catalogue().series(name) != nullptr;
+    if (kind == "video") return catalogue().video(name) != nullptr;
+    if (kind == "collection") return collectionOf(name) != nullptr;
+    return screenAt("/" + kind + "/" + name) != nullptr;
+}
+
+JSON remapJSON(const std::string& status, const std::string& href) {
+    JSON json{{"status", status}, {"_links", {{"api", JSON::object()}, {"deeplink", JSON::object()}}}};
+    if (href.empty()) return json;
+    json["_links"]["api"] = linkTo(href);
+    json["_links"]["deeplink"] = linkTo("vantic:/" + href);
+    return json;
+}
+
+// "?video=HL0102" behind the page of a show leads to that video of it.
+std::string hrefOf(const Page& page, const std::string& name, const Request& request) {
+    const std::string video = request.queryValue("video");
+    std::string href = std::string("/") + page.today + "/" + name;
+    if (std::string_view(page.today) == "show" && isThere("video", video)) href += "/video/" + video;
+    return href;
+}
+
+Reply remap(const Request& request, const Captures& path) {
+    if (path.size() == 1 && (path[0].empty() || path[0] == "home")) return answered(remapJSON("ok", "/home"));
+    for (const Page& page : pages) {
+        if (path.size() < 2 || path[0] != page.kind || !isThere(page.today, path[1])) continue;
+        const bool moved = std::string_view(page.kind) != page.today;
+        return answered(remapJSON(moved ? "moved" : "ok", hrefOf(page, path[1], request)));
+    }
+    return answered(remapJSON("unknown", ""));
+}
+
+}  // namespace
+
+std::vector<Route> remapRoutes() { return {{"GET", "v2/remap/{path...}", remap}}; }
+
+}  // namespace sample
