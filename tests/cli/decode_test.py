@@ -41,6 +41,15 @@ class DecodeAValue(TestCase):
         self.assertEqual(value["playableVideo"]["playTitle"], "Play")
         self.assertNotIn("derivedShowSlug", value)
 
+    def test_prints_the_summaries_of_a_group_which_no_key_brings(self):
+        show = {"id": 9184, "thumbnail": "t", "updated": "2020-01-02 03:04:05", "_links": {"self": {"href": "/show/x"}}}
+        group = vantic("decode", "ShowsGrouped", stdin=json.dumps({"name": "A", "items": [{}, show]}), TZ="UTC").json
+        self.assertEqual(list(group), ["groupingName", "shows", "showSummaries"])
+        self.assertEqual([len(show) for show in group["shows"]], [45, 45])
+        self.assertEqual(group["showSummaries"], [
+            {"id": "0", "title": "_", "displayTitle": "_", "updated": "2020-01-02T03:04:05Z", "href": "/show/x",
+             "thumbnail": "t", "portraitThumbnailHref": None, "characterThumbnaiHref": None, "derivedShowSlug": "x"}])
+
     def test_prints_whole_numbers_without_a_fraction(self):
         image = vantic("decode", "Image", stdin='{"width":1e2,"height":3.0}').out
         self.assertIn('"width": 100,', image)
@@ -144,6 +153,9 @@ class DecodeAFailure(TestCase):
         self.assertEqual(self.error("Video", '{"_entity":"show","_links":{}}'), ("entityMismatch", []))
         self.assertEqual(self.error("[Video]", '[{"_links":{}},{"_entity":"Show","_links":{}}]'),
                          ("entityMismatch", [1]))
+        self.assertEqual(self.error("Show", '{"_entity":"video"}'), ("entityMismatch", []))
+        self.assertEqual(self.error("ShowsIndex", '{"items":[{"name":"A","items":[{},{"_entity":"video"}]}]}'),
+                         ("entityMismatch", ["items", 0, "items", 1]))
 
     def test_of_another_entity_tells_what_was_found_as_it_came(self):
         outcome = vantic("decode", "Video", stdin='{"_entity":"A \\"Sh\\u0000\\u00f6w\\"\\n"}')

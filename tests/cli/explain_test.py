@@ -39,7 +39,7 @@ class Explain(TestCase):
 
     def test_tells_of_another_entity(self):
         [fault] = self.faults("Video", json.dumps({"_entity": 'sh"öw\n', "_links": {}}))
-        self.assertEqual((fault["became"], fault["found"]), ("failure", 'sh"öw\n'))
+        self.assertEqual((fault["presence"], fault["became"], fault["found"]), ("required", "failure", 'sh"öw\n'))
 
     def test_tells_of_a_broken_structure(self):
         for document in ["", "{", b"\xff"]:

@@ -48,19 +48,35 @@ class Request(TestCase):
             ([*show, "--selectedVideo", "V", "--selectedSeries", "3"], "v2/show/x/video/V?embed=highlightVideo"),
             ([*show, "--selectedVideo", ""], "v2/show/x/video/?embed=highlightVideo"),
             ([*show, "--channel", "c"], "v2/show/x?channel=c&embed=highlightVideo"),
+            ([*show, "--channel", ""], "v2/show/x?embed=highlightVideo"),
+            ([*show, "--channel", "c d", "--embedSeries", "--selectedSeries", "18446744073709551615"],
+             "v2/show/x/series/18446744073709551615?channel=c%20d&embed=highlightVideo,selectedSeries,seriesList"),
             (["Show", "--usingHref", "show/x"], "v2/show/x"),
+            (["Show", "--usingHref", "/show/x"], "v2//show/x"),
             (["Shows", "--showSlugsOrIds", "a", "--showSlugsOrIds", "b"], "v2/shows/a,b"),
             (["Shows"], "v2/shows/"),
             (["Series", "--usingHref", "series/1"], "v2/series/1"),
             (["ShowsList"], "v2/shows"),
             (["ShowsList", "--closedCaptionOnly", "--channel", "c"], "v2/shows/cc?channel=c"),
+            (["ShowsList", "--closedCaptionOnly", "--channel", ""], "v2/shows/cc"),
+            (["ShowsList", "--channel", "c"], "v2/shows?channel=c"),
             (["RelatedShows", "--showSlug", "x"], "v2/related/show/x"),
             (["RelatedShows", "--showSlug", "x", "--channel", "c"], "v2/related/show/x?channel=c"),
+            (["RelatedShows", "--showSlug", "x", "--channel", ""], "v2/related/show/x"),
             (["Search", "--keyword", "a b"], "v2/search?keyword=a%20b"),
             (["Search", "--keyword", "", "--channel", ""], "v2/search?keyword=&channel="),
+            (["Search", "--channel", "c", "--keyword", "a&b"], "v2/search?keyword=a%26b&channel=c"),
         ]:
             with self.subTest(words):
                 self.assertEqual(url(*words, *BASE), "https://api.vantic.example/" + path)
+
+    def test_asks_for_shows_and_series_with_get_and_without_a_body(self):
+        for words in [["Show", "--showSlugOrId", "x"], ["Show", "--usingHref", "x"], ["Shows"], ["Series", "--usingHref", "x"],
+                      ["ShowsList"], ["RelatedShows", "--showSlug", "x"], ["Search", "--keyword", "x"]]:
+            with self.subTest(words):
+                request = vantic("request", *words, *BASE, "--header", "A: 1", "--timeout", "5").json
+                self.assertEqual({**request, "url": ""},
+                                 {"method": "GET", "url": "", "headers": {"A": "1"}, "timeout": 5, "body": None})
 
     def test_builds_the_url_of_screens_and_menus(self):
         for words, path in [
