@@ -1,112 +1,35 @@
 #include "Documents.h"
 
-#include <algorithm>
-#include <random>
-#include <string_view>
-#include <vector>
+#include "DocumentParts.h"
 
 namespace VanticRestKit::bench {
 
 namespace {
 
-using Random = std::mt19937;
-
-std::string words(Random& random, std::size_t atLeast) {
-    static constexpr std::string_view lexicon[] = {"harbour", "lantern", "quiet", "river", "of", "the", "seven", "winter",
-                                                   "gardens", "under", "a", "copper", "sky", "stories", "from", "north"};
-    std::string text;
-    while (text.size() < atLeast) {
-        if (!text.empty()) text += ' ';
-        text += lexicon[random() % std::size(lexicon)];
+/// What a collection holds: mostly videos, some shows, now and then a series.
+std::string mixedItem(Random& random) {
+    switch (random() % 8) {
+        case 0:
+            return series(random, nullptr);
+        case 1:
+        case 2:
+        case 3:
+            return show(random, nullptr);
+        default:
+            return video(random, nullptr);
     }
-    return text;
 }
 
-/// An object under construction: members that can be put into another order.
-class Object {
-public:
-    Object& text(std::string_view key, const std::string& value) { return raw(key, '"' + value + '"'); }
-    Object& number(std::string_view key, unsigned long value) { return raw(key, std::to_string(value)); }
-    Object& truth(std::string_view key, bool value) { return raw(key, value ? "true" : "false"); }
-    Object& raw(std::string_view key, const std::string& value) {
-        members_.push_back('"' + std::string(key) + "\":" + value);
-        return *this;
-    }
-    std::string json(Random* shuffle) {
-        if (shuffle != nullptr) std::shuffle(members_.begin(), members_.end(), *shuffle);
-        std::string text = "{";
-        for (const std::string& member : members_) text += (text.size() > 1 ? "," : "") + member;
-        return text + "}";
-    }
-
-private:
-    std::vector<std::string> members_;
-};
-
-std::string stream(Random& random, Random* shuffle, std::string_view kind) {
-    const std::string base = "https://media.example.test/" + std::string(kind) + "/" + std::to_string(random());
+std::string collection(Random& random, std::size_t items) {
+    const std::string id = std::to_string(random() % 10000);
+    std::string list;
+    for (std::size_t i = 0; i < items; ++i) list += (i == 0 ? "" : ",") + mixedItem(random);
     return Object()
-        .text("sd", base + "/sd.m3u8").text("sd-low", base + "/sd-low.m3u8")
-        .text("720", base + "/720.m3u8").text("1080", base + "/1080.m3u8")
-        .truth("protected", random() % 2 == 0).json(shuffle);
-}
-
-std::string link(Random& random, Random* shuffle) {
-    return Object().text("id", std::to_string(random() % 1000)).text("title", words(random, 8))
-        .text("href", "category/" + words(random, 4)).json(shuffle);
-}
-
-std::string analytics(Random& random, Random* shuffle) {
-    const std::string oztam =
-        Object().text("publisherId", "example").text("mediaId", "ZX" + std::to_string(random()))
-            .text("classification", "PG").text("seriesName", words(random, 12)).text("episodeName", words(random, 10))
-            .number("mediaDuration", random() % 5000).text("mediaType", "vod").json(shuffle);
-    const std::string layer =
-        Object().text("d_id", std::to_string(random())).text("d_contentType", "video")
-            .text("d_program_name", words(random, 14)).text("d_language", "en").text("d_streamType", "vod")
-            .text("d_mediaDuration", std::to_string(random() % 5000)).text("d_captionsAvailable", "true").json(shuffle);
-    return Object().raw("oztam", oztam).raw("dataLayer", layer).json(shuffle);
-}
-
-std::string links(Random& random, Random* shuffle, const std::string& slug) {
-    const auto href = [&](const std::string& path) { return Object().text("href", path).json(shuffle); };
-    return Object()
-        .raw("self", href("video/" + slug)).raw("deeplink", href("/show/" + slug + "/video"))
-        .raw("show", Object().number("id", random() % 10000).text("href", "show/" + slug).json(shuffle))
-        .raw("series", Object().text("id", std::to_string(random() % 10000)).text("href", "series/" + slug).json(shuffle))
-        .raw("nextEpisode", Object().text("href", "video/next-" + slug).text("title", words(random, 12))
-                                .text("seriesTitle", "Series 2").json(shuffle))
-        .raw("categories", '[' + link(random, shuffle) + ',' + link(random, shuffle) + ']')
-        .raw("highlightVideo", Object().text("id", slug).text("href", "video/" + slug).text("playTitle", "Play").json(shuffle))
-        .json(shuffle);
-}
-
-std::string video(Random& random, Random* shuffle) {
-    const std::string slug = "zx" + std::to_string(random() % 100000) + "a";
-    const std::string picture = "https://pictures.example.test/" + slug + "/" + std::to_string(random());
-    const std::string streams = Object().raw("mpegdash", stream(random, shuffle, "dash"))
-                                    .raw("hls", stream(random, shuffle, "hls")).json(shuffle);
-    const std::string item = Object().text("type", "program").raw("streams", streams).text("title", words(random, 10))
-                                 .raw("captions", Object().text("src-vtt", picture + ".vtt").json(shuffle)).json(shuffle);
-    return Object()
-        .text("_entity", "video").text("id", std::to_string(random())).text("type", "episode")
-        .text("pubDate", "2026-03-0" + std::to_string(1 + random() % 9) + " 19:30:00")
-        .text("expireDate", "2027-04-1" + std::to_string(random() % 10) + " 23:59:59")
-        .text("channel", "vanticmain").text("channelTitle", "Vantic Main").text("title", words(random, 18))
-        .text("kickerTitle", "New").text("showTitle", words(random, 14)).text("seriesTitle", "Series 1")
-        .text("displayTitle", words(random, 20)).text("displaySubtitle", words(random, 24)).text("format", "Episode")
-        .number("duration", random() % 5000).text("displayDuration", "47m").text("displayDurationAccessible", "47 minutes")
-        .raw("status", Object().text("title", "NEW").text("theme", "live").json(shuffle)).text("classification", "PG")
-        .text("description", words(random, 160)).truth("captions", true).truth("captionsOnAkamai", false)
-        .text("availability", "Expires in 12 days").text("houseNumber", slug).truth("playable", true)
-        .raw("relatedLinks", '[' + link(random, shuffle) + ']')
-        .raw("participants", '[' + Object().text("title", "Director").text("list", words(random, 20)).json(shuffle) + ']')
-        .raw("analytics", analytics(random, shuffle)).number("nextVideoCuepoint", random() % 5000)
-        .number("doneCuePoint", random() % 5000).text("shareUrl", "https://vantic.example.test/show/" + slug)
-        .raw("tags", R"(["drama","new","series-start"])").text("thumbnail", picture + ".jpg")
-        .raw("thumbnails", Object().text("portrait", picture + "-p.jpg").text("portraitTitled", picture + "-pt.jpg").json(shuffle))
-        .raw("_links", links(random, shuffle, slug))
-        .raw("_embedded", Object().raw("playlist", '[' + item + ']').json(shuffle)).json(shuffle);
+        .text("id", id).text("type", "standard").text("title", words(random, 14)).text("description", words(random, 60))
+        .text("thumbnail", "https://pictures.example.test/collection/" + id + ".jpg")
+        .raw("collectionLink", link(random, nullptr)).raw("items", '[' + list + ']')
+        .raw("_links", Object().raw("self", href("v2/collection/" + id, nullptr)).json(nullptr))
+        .raw("_embedded", Object().raw("highlightItem", show(random, nullptr)).json(nullptr)).json(nullptr);
 }
 
 }  // namespace
@@ -120,6 +43,37 @@ std::string videoListDocument(std::size_t videos, bool shuffled) {
         document += video(random, shuffled ? &order : nullptr);
     }
     return document + "]}";
+}
+
+std::string homeDocument() {
+    constexpr std::size_t collections = 30;
+    constexpr std::size_t itemsOfEach = 14;
+    Random random(20262);
+    std::string list;
+    for (std::size_t i = 0; i < collections; ++i) list += (i == 0 ? "" : ",") + collection(random, itemsOfEach);
+    const std::string embedded =
+        Object().raw("featuredCollection", collection(random, 6)).raw("collections", '[' + list + ']').json(nullptr);
+    const std::string banner =
+        Object().text("large", "https://pictures.example.test/l.jpg").text("small", "https://pictures.example.test/s.jpg")
+            .text("altText", "A boat").text("link", "v2/show/boat").json(nullptr);
+    return Object()
+        .text("id", "home").text("title", "Home").text("featuredImage", "https://pictures.example.test/home.jpg")
+        .raw("banner", banner).text("theme", "light").raw("_embedded", embedded)
+        .raw("_links", Object().raw("self", href("v2/home", nullptr)).json(nullptr)).json(nullptr);
+}
+
+std::string showsIndexDocument(std::size_t shows) {
+    constexpr std::size_t groups = 27;
+    Random random(20263);
+    std::string list;
+    for (std::size_t group = 0; group < groups; ++group) {
+        std::string items;
+        for (std::size_t i = group; i < shows; i += groups) items += (items.empty() ? "" : ",") + show(random, nullptr);
+        list += (group == 0 ? "" : ",") +
+                Object().text("name", std::string(1, static_cast<char>('A' + group % 26))).raw("items", '[' + items + ']')
+                    .json(nullptr);
+    }
+    return Object().raw("items", '[' + list + ']').json(nullptr);
 }
 
 }  // namespace VanticRestKit::bench

@@ -1,5 +1,5 @@
 #include "Parsers.h"
-#include "PeerVideo.h"
+#include "PeerHome.h"
 
 #include <nlohmann/json.hpp>
 
@@ -7,7 +7,7 @@ namespace VanticRestKit::bench {
 
 namespace {
 
-class NlohmannValue {
+class NlohmannValue : public PeerValue {
 public:
     explicit NlohmannValue(const nlohmann::json& value) : value_(&value) {}
 
@@ -41,19 +41,23 @@ public:
         return true;
     }
 
+    std::string_view entity() {
+        const auto found = value_->find("_entity");
+        return found == value_->end() ? std::string_view() : found->get_ref<const std::string&>();
+    }
+
 private:
     const nlohmann::json* value_;
 };
 
+template <class T>
+T decoded(const Data& document) {
+    const auto parsed = nlohmann::json::parse(document.data(), document.data() + document.size(), nullptr, false);
+    return valueOf<T>(NlohmannValue(parsed));
+}
+
 }  // namespace
 
-Peer nlohmannPeer() {
-    const auto decode = [](const Data& document) {
-        const auto parsed =
-            nlohmann::json::parse(document.data(), document.data() + document.size(), nullptr, false);
-        return videoListOf(NlohmannValue(parsed));
-    };
-    return {"nlohmann-json", decode, 10};
-}
+Peer nlohmannPeer() { return {"nlohmann-json", 10, decoded<VideoList>, decoded<Category>, decoded<ShowsIndex>}; }
 
 }  // namespace VanticRestKit::bench

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <VanticRestKit/lumeno/Categories/Category.h>
+#include <VanticRestKit/lumeno/Show/ShowsIndex.h>
 #include <VanticRestKit/lumeno/Video/VideoList.h>
 #include <VanticRestKit/platform/data/Data.h>
 
@@ -9,12 +11,14 @@
 
 namespace VanticRestKit::bench {
 
-/// Another parser that decodes a list of videos into the library's own structs.
+/// Another parser that decodes documents into the library's own structs.
 struct Peer {
     std::string name;
-    std::function<VideoList(const Data& document)> decode;
     /// How many rounds pass between two runs, for what is too slow to be run in each.
     std::size_t every;
+    std::function<VideoList(const Data& document)> videos;
+    std::function<Category(const Data& document)> home;
+    std::function<ShowsIndex(const Data& document)> shows;
 };
 
 Peer simdjsonPeer();

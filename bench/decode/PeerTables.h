@@ -5,10 +5,12 @@
 //     bool text(std::string_view&)      bool number(std::uint64_t&)      bool truth(bool&)
 //     template <class F> bool members(F f)     // f(std::string_view key, S value)
 //     template <class F> bool elements(F f)    // f(S value)
+//     std::string_view entity()                // what an object says it is
 // A field that does not get a value stays as it is, which is all that documents without faults need.
 
 #include <VanticRestKit/platform/date/DeviceDate.h>
 #include <VanticRestKit/platform/json/FieldAccess.h>
+#include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/KeyTable.h>
 #include <VanticRestKit/platform/json/RawText.h>
 
@@ -21,6 +23,9 @@
 #include <vector>
 
 namespace VanticRestKit::bench {
+
+/// The base of each `S`, by which the functions below are found.
+struct PeerValue {};
 
 template <class E, class S>
 struct PeerRow {
@@ -97,7 +102,10 @@ void readInto(std::optional<Date>& field, S& value) {
 
 template <class T, class S>
 void readInto(std::vector<T>& list, S& value) {
-    value.elements([&](S element) { readInto(list.emplace_back(), element); });
+    value.elements([&](S element) {
+        list.push_back(mapping::fresh<T>());
+        readInto(list.back(), element);
+    });
 }
 
 template <class T, class S>

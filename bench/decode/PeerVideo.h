@@ -1,6 +1,6 @@
 #pragma once
 
-// The tables of a list of videos for other parsers.
+// The tables of videos for other parsers.
 
 #include "PeerTables.h"
 
@@ -223,23 +223,13 @@ struct PeerTableOf<VideoList, S> {
     }
 };
 
-/// What the tables leave to be done: each video points at itself.
-inline void pointAtThemselves(VideoList& list) {
-    for (Video& video : list.videos) {
-        if (!video.playableVideo) video.playableVideo.emplace();
-        video.playableVideo->id = video.videoId;
-        video.playableVideo->href = video.selfHref;
-    }
-}
-
-/// The list that a parsed document holds.
+/// A video points at itself.
 template <class S>
-VideoList videoListOf(S root) {
-    const DeviceZoneHold zone;
-    VideoList list;
-    readInto(list, root);
-    pointAtThemselves(list);
-    return list;
+void readInto(Video& video, S& value) {
+    PeerTableOf<Video, S>::get().fill(video, value);
+    if (!video.playableVideo) video.playableVideo.emplace();
+    video.playableVideo->id = video.videoId;
+    video.playableVideo->href = video.selfHref;
 }
 
 }  // namespace VanticRestKit::bench

@@ -1,5 +1,5 @@
 #include "Parsers.h"
-#include "PeerVideo.h"
+#include "PeerHome.h"
 
 #include <rapidjson/document.h>
 
@@ -7,7 +7,7 @@ namespace VanticRestKit::bench {
 
 namespace {
 
-class RapidJSONValue {
+class RapidJSONValue : public PeerValue {
 public:
     explicit RapidJSONValue(const rapidjson::Value& value) : value_(&value) {}
 
@@ -44,19 +44,25 @@ public:
         return true;
     }
 
+    std::string_view entity() {
+        const auto found = value_->FindMember("_entity");
+        if (found == value_->MemberEnd()) return {};
+        return {found->value.GetString(), found->value.GetStringLength()};
+    }
+
 private:
     const rapidjson::Value* value_;
 };
 
+template <class T>
+T decoded(const Data& document) {
+    rapidjson::Document parsed;
+    parsed.Parse(document.data(), document.size());
+    return valueOf<T>(RapidJSONValue(parsed));
+}
+
 }  // namespace
 
-Peer rapidjsonPeer() {
-    const auto decode = [](const Data& document) {
-        rapidjson::Document parsed;
-        parsed.Parse(document.data(), document.size());
-        return videoListOf(RapidJSONValue(parsed));
-    };
-    return {"RapidJSON", decode, 4};
-}
+Peer rapidjsonPeer() { return {"RapidJSON", 4, decoded<VideoList>, decoded<Category>, decoded<ShowsIndex>}; }
 
 }  // namespace VanticRestKit::bench

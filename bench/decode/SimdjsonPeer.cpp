@@ -1,9 +1,7 @@
 #include "Parsers.h"
-#include "PeerVideo.h"
+#include "PeerHome.h"
 
 #include <simdjson.h>
-
-#include <memory>
 
 namespace VanticRestKit::bench {
 
@@ -11,7 +9,7 @@ namespace {
 
 namespace ondemand = simdjson::ondemand;
 
-class SimdjsonValue {
+class SimdjsonValue : public PeerValue {
 public:
     explicit SimdjsonValue(ondemand::value value) : value_(value) {}
 
@@ -45,26 +43,35 @@ public:
         return true;
     }
 
+    /// The value can be read from its start afterwards.
+    std::string_view entity() {
+        ondemand::object object;
+        std::string_view name;
+        if (value_.get_object().get(object) != simdjson::SUCCESS) return {};
+        if (object.find_field("_entity").get_string().get(name) != simdjson::SUCCESS) name = {};
+        static_cast<void>(object.reset());
+        return name;
+    }
+
 private:
     ondemand::value value_;
 };
 
+template <class T>
+T decoded(const Data& document) {
+    // Used again, as its authors recommend.
+    static ondemand::parser parser;
+    static_assert(Data::padding >= simdjson::SIMDJSON_PADDING);
+    ondemand::document parsed;
+    ondemand::value root;
+    const simdjson::padded_string_view bytes(document.data(), document.size(), document.size() + Data::padding);
+    if (parser.iterate(bytes).get(parsed) != simdjson::SUCCESS) return T{};
+    if (parsed.get_value().get(root) != simdjson::SUCCESS) return T{};
+    return valueOf<T>(SimdjsonValue(root));
+}
+
 }  // namespace
 
-Peer simdjsonPeer() {
-    // The parser is used again, as its authors recommend.
-    auto parser = std::make_shared<ondemand::parser>();
-    const auto decode = [parser](const Data& document) {
-        static_assert(Data::padding >= simdjson::SIMDJSON_PADDING);
-        ondemand::document parsed;
-        ondemand::value root;
-        const simdjson::padded_string_view bytes(document.data(), document.size(),
-                                                 document.size() + Data::padding);
-        if (parser->iterate(bytes).get(parsed) != simdjson::SUCCESS) return VideoList{};
-        if (parsed.get_value().get(root) != simdjson::SUCCESS) return VideoList{};
-        return videoListOf(SimdjsonValue(root));
-    };
-    return {"simdjson, on demand", decode, 1};
-}
+Peer simdjsonPeer() { return {"simdjson, on demand", 1, decoded<VideoList>, decoded<Category>, decoded<ShowsIndex>}; }
 
 }  // namespace VanticRestKit::bench
