@@ -79,19 +79,25 @@ Reply oneSeries(const Request&, const Captures& captures) {
     return answered(seriesJSON(*series, true));
 }
 
+std::string_view withoutArticle(std::string_view title) {
+    for (const std::string_view article : {"The ", "A "}) {
+        if (title.starts_with(article)) return title.substr(article.size());
+    }
+    return title;
+}
+
 /// By the first letter of the title, without its article.
 Reply index(const Request& request, bool withCaptionsOnly) {
     std::map<char, std::vector<const Show*>> groups;
     for (const Show* show : catalogue().programmes()) {
         if (!isOnChannel(*show, request) || (withCaptionsOnly && !hasCaptions(*show))) continue;
-        std::string_view title = show->title;
-        for (const std::string_view article : {"The ", "A "}) {
-            if (title.starts_with(article)) title.remove_prefix(article.size());
-        }
-        groups[title.front()].push_back(show);
+        groups[withoutArticle(show->title).front()].push_back(show);
     }
     JSON items = JSON::array();
-    for (const auto& [letter, shows] : groups) {
+    for (auto& [letter, shows] : groups) {
+        std::sort(shows.begin(), shows.end(), [](const Show* a, const Show* b) {
+            return withoutArticle(a->title) < withoutArticle(b->title);
+        });
         items.push_back({{"name", std::string(1, letter)}, {"items", listOf(shows)}});
     }
     return answered({{"items", items}, {"_links", {{"alert", {{"id", alertShownAt("shows")}}}}}});

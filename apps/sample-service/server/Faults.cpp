@@ -3,17 +3,20 @@
 #include <algorithm>
 #include <array>
 
+#include "server/Oddities.h"
+
 namespace sample {
 
 namespace {
 
-constexpr std::array<std::pair<const char*, FaultKind>, 8> kindNames{{
+constexpr std::array<std::pair<const char*, FaultKind>, 9> kindNames{{
     {"delay", FaultKind::delay},
     {"stall", FaultKind::stall},
     {"reset", FaultKind::reset},
     {"malformed", FaultKind::malformed},
     {"status", FaultKind::status},
     {"unknownEnum", FaultKind::unknownEnum},
+    {"oddities", FaultKind::oddities},
     {"null", FaultKind::null},
     {"expiredToken", FaultKind::expiredToken},
 }};
@@ -138,6 +141,9 @@ void apply(const Fault& fault, Reply& reply) {
             } else {
                 replace(*reply.body, fault.at, unknownText);
             }
+            break;
+        case FaultKind::oddities:
+            if (reply.body) addOddities(*reply.body);
             break;
         case FaultKind::null:
             if (!reply.body) break;

@@ -18,6 +18,7 @@ enum class FaultKind {
     malformed,     // 200 with a body that is no JSON
     status,        // another status
     unknownEnum,   // texts of the answer that stand for an enumeration become ones that nobody knows
+    oddities,      // the collections of the answer hold entities that nobody knows and broken elements
     null,          // a value of the answer, or all of it, becomes null
     expiredToken,  // 401, as for a token whose time is over
 };
