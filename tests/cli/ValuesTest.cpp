@@ -63,6 +63,18 @@ TEST(Values, APieceOfContentMayHaveSlashesInItsId) {
     EXPECT_EQ(content.contentId, "a/b//c");
 }
 
+TEST(Values, ADatasetIsTheTextsNumbersAndTruthValuesOfAnObject) {
+    const auto dataset = readDataset("dataset", R"({"t":"x","i":7.0,"d":0.5,"b":false,"l":[1],"o":{},"n":null})");
+    EXPECT_EQ(dataset, (VanticRestKit::Dictionary{{"b", false}, {"d", 0.5}, {"i", 7}, {"t", "x"}}));
+    EXPECT_TRUE(readDataset("dataset", "{}").empty());
+}
+
+TEST(Values, ADatasetThatIsNoObjectIsRefused) {
+    for (const char* text : {"", "[]", "1", "null", "{", "{} {}"}) {
+        EXPECT_THROW(readDataset("dataset", text), UsageError) << text;
+    }
+}
+
 TEST(Values, AnEnumerationIsNamedByItsRawText) {
     EXPECT_EQ(readCase<LumenoSubtype>("type", "trailer"), LumenoSubtype::trailer);
     EXPECT_THROW(readCase<LumenoSubtype>("type", "Trailer"), UsageError);

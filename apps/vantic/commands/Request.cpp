@@ -76,7 +76,7 @@ void requestForUser(Words words) {
     Requests requests;
     const auto watch = std::make_shared<RequestWatch>();
     const UserHost host(CommonOptions::read(call.given), call.given.optionalText("uid"),
-                        collectingInto(requests), watch);
+                        collectingInto(requests));
     call.run(trelvo, host, watch);
     if (const auto outcome = watch->outcomeSoFar(); requests.empty() && outcome && !*outcome) {
         throw Failed{outcome->error().localizedDescription()};

@@ -6,6 +6,7 @@
 #include "Output.h"
 #include "user/UserHost.h"
 #include "user/UserOperation.h"
+#include "user/WatchedContext.h"
 
 namespace vantic {
 
@@ -16,11 +17,11 @@ void runUser(Words words) {
     CommonOptions common = CommonOptions::read(call.given);
     Serve serve = serveOver(common);
     const auto watch = std::make_shared<RequestWatch>();
-    const auto host = std::make_shared<UserHost>(std::move(common), call.given.optionalText("uid"),
-                                                 std::move(serve), watch);
+    const auto host =
+        std::make_shared<UserHost>(std::move(common), call.given.optionalText("uid"), std::move(serve));
     // A thread of its own, which nobody waits for: where the token cannot be asked for it never ends.
     std::thread([run = std::move(call.run), host, watch] {
-        run(Trelvo::shared(), *host, watch);
+        run(Trelvo::shared(), WatchedContext(*host, watch), watch);
         watch->operationReturned();
     }).detach();
 

@@ -2,10 +2,11 @@
 
 #include <VanticRestKit/trelvo/TrelvoContext.h>
 
-#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
 
 #include "operations/Host.h"
-#include "user/RequestWatch.h"
 
 namespace vantic {
 
@@ -13,17 +14,14 @@ namespace vantic {
 class UserHost final : public Host, public VanticRestKit::TrelvoContext {
 public:
     /// `uid`: empty where nobody is signed in.
-    UserHost(CommonOptions common, std::optional<std::string> uid, Serve serve,
-             std::shared_ptr<RequestWatch> watch);
+    UserHost(CommonOptions common, std::optional<std::string> uid, Serve serve)
+        : Host(std::move(common), std::move(serve)), uid_(std::move(uid)) {}
 
     std::optional<std::string> uid() const override { return uid_; }
     VanticRestKit::SourceSystem source() const override { return VanticRestKit::SourceSystem::lumeno; }
-    std::optional<VanticRestKit::URLRequest> generateURLRequest(URLRequestArguments arguments) const override;
-    std::shared_ptr<VanticRestKit::Serviceable> service(ServiceArguments arguments) const override;
 
 private:
     std::optional<std::string> uid_;
-    std::shared_ptr<RequestWatch> watch_;
 };
 
 }  // namespace vantic
