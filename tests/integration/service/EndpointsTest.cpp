@@ -4,10 +4,13 @@
 #include "support/Nghttpx.h"
 #include "support/SampleService.h"
 
+#include <VanticRestKit/lumeno/Categories/Category.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/lumeno/Image/Image.h>
 #include <VanticRestKit/lumeno/Link/HrefResource.h>
 #include <VanticRestKit/lumeno/Video/VideoList.h>
+
+#include <gmock/gmock.h>
 
 namespace VanticRestKit::test {
 
@@ -42,6 +45,12 @@ void loadsAllThereIs(const ServiceContext& context) {
     const auto list = valueOf(Endpoint::Videos({.houseNumbers = std::vector<std::string>{"HL0103", "HL0102"}}, context));
     ASSERT_TRUE(list);
     EXPECT_EQ(list->videos, (std::vector<Video>{*next, *video}));
+
+    const auto home = valueOf(Endpoint::Home(context));
+    ASSERT_TRUE(home);
+    EXPECT_EQ(home->collections.size(), 8U);
+    EXPECT_THAT(home->featuredImageHref.value_or(""), ::testing::StartsWith(context.baseURL().absoluteString()))
+        << "pictures are named by the address that was asked";
 }
 
 TEST(SampleServiceEndpoints, LoadOverPlainHTTP) {
