@@ -1,6 +1,6 @@
 // What loads cost, as ratios to libcurl's multi interface in the same run; what a resource costs to make; and
 // what ten thousand loads in flight take. The servers are processes of their own: their work is not counted.
-//   load_bench [--quick]
+//   load_bench [--quick] [--only TEXT]    TEXT: of the ways of loading those whose names have it in them
 
 #include "../support/Measure.h"
 #include "RawLoads.h"
@@ -13,6 +13,9 @@
 #include <VanticRestKit/Core/NetworkServiceble.h>
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/platform/http/URLSession.h>
+
+#include <sched.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
@@ -63,6 +66,15 @@ long told(const std::string& name) {
         if (line.starts_with(name + ":")) return std::atol(line.c_str() + name.size() + 1);
     }
     return -1;
+}
+
+/// Keeps this process, with the threads and processes that it starts, to one processor. The scheduler's choice of
+/// places, and the state in which it finds a processor, else moves either side's figures by a factor of four.
+void keepTo(std::size_t processor) {
+    cpu_set_t one;
+    CPU_ZERO(&one);
+    CPU_SET(processor % static_cast<std::size_t>(sysconf(_SC_NPROCESSORS_ONLN)), &one);
+    sched_setaffinity(0, sizeof one, &one);
 }
 
 std::string addressOf(const Server& server, const std::string& path) {
@@ -222,21 +234,31 @@ void inFlight(Server& server, std::size_t count) {
 int main(int count, char** arguments) {
     using namespace VanticRestKit;
     using namespace VanticRestKit::bench;
-    const bool isQuick = count > 1 && std::string_view(arguments[1]) == "--quick";
+    bool isQuick = false;
+    std::string_view only;
+    for (int i = 1; i < count; ++i) {
+        const std::string_view argument = arguments[i];
+        if (argument == "--quick") isQuick = true;
+        if (argument == "--only" && i + 1 < count) only = arguments[++i];
+    }
     const std::size_t loads = isQuick ? 200 : 500;
     const std::size_t rounds = isQuick ? 3 : 60;
 
     // Processes first: nothing may fork once there are threads.
+    keepTo(1);
     Server server(sampleBody());
     Server holding(sampleBody());
     const test::CertificateAuthority root;
     const test::TemporaryFile roots(root.pem());
     const test::Nghttpx http2(server.port(), root.issue());
     if (!http2.isRunning()) return 1;
+    keepTo(0);
     curl_global_init(CURL_GLOBAL_DEFAULT);
 
-    makingAResource(isQuick ? 100 : 5000);
-    inFlight(holding, 10'000);
+    if (only.empty()) {
+        makingAResource(isQuick ? 100 : 5000);
+        inFlight(holding, 10'000);
+    }
 
     URLSessionConfiguration wide;
     wide.caBundlePath = roots.path();
@@ -247,6 +269,7 @@ int main(int count, char** arguments) {
     const std::string http2Address = "https://127.0.0.1:" + std::to_string(http2.port()) + "/sample";
     const auto compared = [&](const Way& way, const RawLoads::Settings& settings,
                               const URLSessionConfiguration& configuration) {
+        if (way.name.find(only) == std::string::npos) return;
         RawLoads raw(settings);
         compare(way, raw, *new Loads(URLSession::make(configuration), settings.url), loads, rounds);
     };
