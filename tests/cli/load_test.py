@@ -9,7 +9,7 @@ GENERIC = "The operation couldn’t be completed. (dev.vantic.VanticRestKit.netw
 NOT_DECODED = "Unable to decode the server response\n"
 
 
-class Load(TestCase):
+class FromService(TestCase):
     @classmethod
     def setUpClass(cls):
         cls.service = SampleService().__enter__()
@@ -32,6 +32,8 @@ class Load(TestCase):
         self.assert_failed(outcome)
         return outcome.err
 
+
+class Load(FromService):
     def test_prints_the_value_as_decode_prints_it(self):
         video = self.load("Video", "--houseNumber", "HL0101")
         self.assertEqual((video.code, video.err), (0, ""))
@@ -39,7 +41,7 @@ class Load(TestCase):
         self.assertEqual(len(video.json), 53)
         self.assertEqual(video.out, json.dumps(video.json, indent=2, ensure_ascii=False) + "\n")
 
-    def test_loads_each_operation(self):
+    def test_loads_the_time_pictures_and_videos(self):
         self.assertLess(abs(self.value("Time") - time.time()), 60)
         self.assertTrue([avatar["url"] for avatar in self.value("Avatars")])
         self.assertEqual(self.value("Video", "--usingHref", "video/HL0102")["houseNumber"], "HL0102")
@@ -114,6 +116,88 @@ class Load(TestCase):
     def test_of_an_address_that_is_no_http_fails_in_one_line(self):
         self.assert_failed(vantic("load", "Time", "--base-url", "ftp://127.0.0.1/"))
         self.assert_failed(vantic("load", "Time", "--base-url", "no-scheme"))
+
+
+class LoadCatalogue(FromService):
+    """Each operation of the catalogue, as a host would look at the service."""
+
+    def titles(self, items):
+        return [next(iter(item.values()))["title"] for item in items]
+
+    def test_loads_the_screens(self):
+        home = self.value("Home")
+        self.assertEqual((home["title"], home["featuredCollection"]["type"]), ("Home", "featured"))
+        self.assertEqual([row["title"] for row in home["collections"]][:3], ["New this week", "Drama", "Films"])
+        self.assertEqual(self.value("Category", "--category", "drama")["title"], "Drama")
+        self.assertEqual(self.value("Channel", "--channel", "vantic-kids")["theme"], "light")
+        self.assertEqual(self.failure("Category", "--category", "none"), GENERIC.format(404))
+
+    def test_loads_a_collection_of_shows_videos_and_series(self):
+        collection = self.value("Collection", "--collectionId", "1005", "--embedHighlightItem")
+        self.assertEqual([list(item) for item in collection["mixedItems"]],
+                         [["Show"], ["Video"], ["Series"], ["Show"], ["Video"]])
+        self.assertEqual(collection["highlightItem"]["Show"]["title"], "Harbour Lights")
+        self.assertIsNone(self.value("Collection", "--collectionId", "1005")["highlightItem"])
+
+    def test_loads_a_show_with_what_is_selected(self):
+        show = self.value("Show", "--showSlugOrId", "harbour-lights", "--embedSeries", "--channel", "vantic-one")
+        self.assertEqual([series["seriesId"] for series in show["seriesList"]], ["111", "112"])
+        self.assertEqual(show["selectedSeries"]["seriesId"], "112")
+        first = self.value("Show", "--showSlugOrId", "11", "--selectedSeries", "111", "--embedSeries")
+        self.assertEqual(first["selectedSeries"]["episodes"][1]["title"], "Slack Water")
+        video = self.value("Show", "--showSlugOrId", "11", "--selectedVideo", "HL0102")
+        self.assertEqual((video["highlightVideo"]["houseNumber"], video["seriesList"]), ("HL0102", []))
+        self.assertEqual(self.value("Show", "--usingHref", "/show/night-ferry")["showId"], 15)
+
+    def test_loads_shows_series_and_the_index(self):
+        shows = self.value("Shows", "--showSlugsOrIds", "night-ferry", "--showSlugsOrIds", "11")
+        self.assertEqual([show["slug"] for show in shows], ["night-ferry", "harbour-lights"])
+        self.assertEqual(self.value("Shows"), [])
+        self.assertEqual(len(self.value("Series", "--usingHref", "/series/111")["episodes"]), 3)
+        index = self.value("ShowsList")
+        self.assertEqual(sum(len(group["shows"]) for group in index["groups"]), 48)
+        kids = self.value("ShowsList", "--channel", "vantic-kids", "--closedCaptionOnly")
+        self.assertEqual({show["channel"] for group in kids["groups"] for show in group["shows"]}, {"vantic-kids"})
+
+    def test_loads_related_shows_and_what_a_search_finds(self):
+        related = self.value("RelatedShows", "--showSlug", "harbour-lights", "--channel", "vantic-two")
+        self.assertEqual(related["items"][0]["title"], "Night Ferry")
+        found = self.value("Search", "--keyword", "ferry")
+        self.assertEqual((found["keyword"], [show["title"] for show in found["items"]]), ("ferry", ["Night Ferry"]))
+        self.assertEqual(self.value("Search", "--keyword", "zeppelin"), {"keyword": "zeppelin", "items": []})
+        self.assertEqual(self.value("Search", "--keyword", "ferry", "--channel", "vantic-kids")["items"], [])
+
+    def test_loads_the_navigation(self):
+        channels = self.value("Navigation", "--type", "channels")["items"]
+        self.assertEqual(channels[0]["title"], "Vantic One")
+        self.assertEqual(len(self.value("Navigation", "--type", "categories")["items"]), 7)
+        menu = self.value("NavigationMainMenuList", "--channels", "vantic-one,vantic-news")["items"]
+        self.assertEqual([item["id"] for item in menu[1]["items"]], ["vantic-one", "vantic-news"])
+        self.assertEqual(self.value("Browse")["items"][0]["items"], channels)
+
+    def test_loads_what_is_on(self):
+        self.service.control("PUT", "clock", {"now": 1790078400})
+        self.addCleanup(self.service.control, "DELETE", "clock")
+        schedule = self.value("NowNext", "--houseNumber", "ONE0001")
+        self.assertEqual(schedule["now"]["eventType"], "ONAIR")
+        self.assertEqual(schedule["next"]["start"], schedule["now"]["end"])
+        self.assertEqual(self.value("Livestreams")["videos"][0]["houseNumber"], "LIVE0001")
+        self.assertEqual(self.value("Livestreams", "--region", "wa")["videos"][0]["houseNumber"], "LIVE0001WA")
+
+    def test_loads_notices_and_remapped_paths(self):
+        messages = self.value("Messages", "--appId", "lumeno int", "--loggedIn")
+        self.assertEqual([message["messageId"] for message in messages], [501, 504, 505])
+        self.assertEqual(self.value("ProductAlert", "--alertId", "storm")["link"]["href"], "/video/LIVE0001")
+        remapped = self.value("Remap", "--path", "programs/harbour-lights", "--queryItems", "video=HL0102")
+        self.assertEqual(list(remapped.values()), ["moved", "/show/harbour-lights/video/HL0102",
+                                                   "vantic://show/harbour-lights/video/HL0102"])
+
+    def test_shows_what_survives_of_a_home_screen_with_unknown_entities_and_broken_elements(self):
+        self.service.fault("v2/home", "oddities")
+        water = self.value("Home")["collections"][4]
+        self.assertEqual([list(item) for item in water["mixedItems"]],
+                         [["Series"], ["Show"], ["Video"], ["Series"], ["Show"]])
+        self.assertEqual((self.titles(water["mixedItems"])[0], water["type"]), ("Win a boat", "standard"))
 
 
 class LoadFromNobody(TestCase):
