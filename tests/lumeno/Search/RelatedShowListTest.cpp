@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <lumeno/Search/ShowLists.h>
 #include <VanticRestKit/lumeno/Search/RelatedShowList.h>
+#include <VanticRestKit/platform/json/TypePlan.h>
 
 namespace VanticRestKit {
 namespace {
@@ -35,6 +36,14 @@ TEST(RelatedShowList, NeverReadsItsLinks) {
                   (RelatedShowList{.items = {test::emptyShow()}}))
             << links;
     }
+}
+
+TEST(RelatedShowList, KeepsItsLinksInItsTableAsTheOneKeyThatNobodyReads) {
+    std::vector<std::string_view> unread;
+    for (const FieldPlan& field : planOf<RelatedShowList>().object->fields) {
+        if (field.role == RowRole::unread) unread.push_back(field.key);
+    }
+    EXPECT_EQ(unread, std::vector<std::string_view>{"_links"});
 }
 
 TEST(RelatedShowList, IsMadeOfItsShows) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <VanticRestKit/lumeno/Series/Series.h>
+#include <VanticRestKit/platform/json/TypePlan.h>
 
 #include <platform/json/FieldRules.h>
 
@@ -141,6 +142,14 @@ TEST(Series, DoesNotCountItsEpisodesItself) {
 TEST(Series, IgnoresTheAddressToShareItBy) {
     EXPECT_EQ(series(R"("shareUrl":"https://watch.example/s")"), Series{.seriesId = "1"});
     EXPECT_EQ(series(R"("shareUrl":{"\ud800":7})"), Series{.seriesId = "1"});
+}
+
+TEST(Series, KeepsTheAddressToShareItByInItsTableAsTheOneKeyThatNobodyReads) {
+    std::vector<std::string_view> unread;
+    for (const FieldPlan& field : planOf<Series>().object->fields) {
+        if (field.role == RowRole::unread) unread.push_back(field.key);
+    }
+    EXPECT_EQ(unread, std::vector<std::string_view>{"shareUrl"});
 }
 
 TEST(Series, LosesAllTagsForOneThatIsNoText) {
