@@ -75,6 +75,7 @@ const void* heldIn(const void* value) {
 
 template <class Field, class Value, class... Entities>
 const TypePlan& planOfChoice() {
+    static_assert(sizeof...(Entities) <= 8, "a choice has at most eight candidates");
     static constexpr Candidate candidates[] = {candidate<Field, Entities>...};
     static constexpr ChoicePlan choice = {
         .candidates = candidates, .which = &whichOf<Value, Entities...>, .held = &heldIn<Value, Entities...>};

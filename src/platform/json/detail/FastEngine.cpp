@@ -66,7 +66,7 @@ bool FastEngine::listStep(Frame& top) {
 
 bool FastEngine::element(Frame& top) {
     const TypePlan& type = top.list->element();
-    if (type.kind == ValueKind::choice && *at_ == '{') return openCandidate(*type.choice, 0, nullptr);
+    if (type.kind == ValueKind::choice && *at_ == '{') return openChoice(*type.choice, nullptr);
 
     const bool opens = (type.kind == ValueKind::object && *at_ == '{') ||
                        (type.kind == ValueKind::list && *at_ == '[');

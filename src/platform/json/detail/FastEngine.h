@@ -38,6 +38,7 @@ private:
         const char* start;         // the opening bracket
         std::uint64_t taken;       // a bit for each slot whose further values are nobody's
         std::uint8_t candidate;
+        std::uint8_t possible;  // a bit for each candidate that it may be, this one and those to be tried
         std::uint8_t last;  // the slot whose key came last
         bool isInner;       // an object that fills the entity around it
         bool isFresh;       // nothing read behind the opening bracket yet
@@ -70,7 +71,8 @@ private:
     Frame* push(const ObjectPlan* plan, void* target, const FieldPlan* field);
     bool open(const TypePlan& type, void* target, const FieldPlan* field);
     bool openInner(const FieldPlan& field, void* target);
-    bool openCandidate(const ChoicePlan& choice, std::size_t candidate, const FieldPlan* field);
+    bool openChoice(const ChoicePlan& choice, const FieldPlan* field);
+    bool openCandidate(const ChoicePlan& choice, std::uint8_t possible, const FieldPlan* field);
     bool endFrame();
     bool endCandidate(const Frame& ended, bool hasFailed);
     void deliver(const FieldPlan* field, bool isStored, bool hasFailed);
@@ -102,6 +104,7 @@ inline FastEngine::Frame* FastEngine::push(const ObjectPlan* plan, void* target,
     top.choice = nullptr;
     top.start = at_++;
     top.candidate = 0;
+    top.possible = 0;
     top.last = 0;
     top.isInner = false;
     top.isFresh = true;

@@ -1,10 +1,32 @@
 // How candidates open, and how arrays, objects and candidates end in the fast engine.
 
+#include <VanticRestKit/platform/json/detail/EntityAhead.h>
 #include <VanticRestKit/platform/json/detail/FastEngine.h>
+#include <VanticRestKit/platform/text/LetterCase.h>
+
+#include <bit>
+#include <optional>
+#include <string_view>
 
 namespace VanticRestKit::json {
 
-bool FastEngine::openCandidate(const ChoicePlan& choice, std::size_t candidate, const FieldPlan* field) {
+// What the object calls itself rules candidates out before a value is read for them in vain, wherever in the
+// object it stands.
+bool FastEngine::openChoice(const ChoicePlan& choice, const FieldPlan* field) {
+    const std::optional<std::string_view> name = entityAhead(at_, end_, depth_, scratch_);
+    unsigned possible = 0;
+    for (std::size_t i = 0; i < choice.candidates.size(); ++i) {
+        const std::string_view checked = choice.candidates[i].type().object->entityName;
+        if (!name || checked.empty() || equalsLowercased(*name, checked)) possible |= 1U << i;
+    }
+    if (possible != 0) return openCandidate(choice, static_cast<std::uint8_t>(possible), field);
+    deliver(field, false, true);
+    return skip();
+}
+
+// Opens the first of the candidates that the object ahead may be.
+bool FastEngine::openCandidate(const ChoicePlan& choice, std::uint8_t possible, const FieldPlan* field) {
+    const auto candidate = static_cast<std::uint8_t>(std::countr_zero(possible));
     const Candidate& type = choice.candidates[candidate];
     void* const made = type.make();
     Frame* const top = push(type.type().object, made, field);
@@ -13,7 +35,8 @@ bool FastEngine::openCandidate(const ChoicePlan& choice, std::size_t candidate, 
         return false;
     }
     top->choice = &choice;
-    top->candidate = static_cast<std::uint8_t>(candidate);
+    top->candidate = candidate;
+    top->possible = possible;
     return true;
 }
 
@@ -44,10 +67,10 @@ bool FastEngine::endCandidate(const Frame& ended, bool hasFailed) {
     }
     type.drop(ended.target);
     at_ = ended.start;
-    const std::size_t next = std::size_t{ended.candidate} + 1;
+    const auto others = static_cast<std::uint8_t>(ended.possible & (ended.possible - 1U));
     const ChoicePlan& choice = *ended.choice;
     const FieldPlan* const field = ended.field;
-    if (next < choice.candidates.size()) return openCandidate(choice, next, field);
+    if (others != 0) return openCandidate(choice, others, field);
     deliver(field, false, true);
     return skip();
 }

@@ -245,7 +245,7 @@ void FastEngine::keyCannotBeRead(Frame& top) {
         case ValueStep::list:
             return *at_ == '[' ? open(*field.type, field.ops->open(place), &field) : unfit(top, field);
         case ValueStep::choice:
-            return *at_ == '{' ? openCandidate(*field.type->choice, 0, &field) : unfit(top, field);
+            return *at_ == '{' ? openChoice(*field.type->choice, &field) : unfit(top, field);
         case ValueStep::entityCheck:
             return checkEntity(top);
     }
