@@ -11,6 +11,7 @@
 #include <optional>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace VanticRestKit {
 
@@ -18,9 +19,10 @@ namespace VanticRestKit {
 class VRK_EXPORT MixedItem {
 public:
     MixedItem(CollectionItem item) : item_(std::move(item)) {}
-    /// Holds a copy of `value`.
+    /// Holds a copy of `value`. A whole list is no element: in braces it would become the only one of another list.
     template <class T>
-        requires(!std::is_same_v<T, MixedItem> && !std::is_same_v<T, CollectionItem> && std::is_copy_constructible_v<T>)
+        requires(!std::is_same_v<T, MixedItem> && !std::is_same_v<T, CollectionItem> &&
+                 !std::is_same_v<T, std::vector<MixedItem>> && std::is_copy_constructible_v<T>)
     MixedItem(T value) {
         if constexpr (isCollectionItem<T>) {
             item_.emplace(std::move(value));
