@@ -55,6 +55,34 @@ std::string sent(Make make) {
     return sentFor(context, make(context));
 }
 
+/// The same for what `make` makes with a context that has headers and a time-out of its own.
+template <class Make>
+std::string sentWithHeaders(Make make) {
+    FakeContext context;
+    context.headers = {{"X-Test", "1"}, {"Accept", "application/json"}};
+    context.timeout = 12.5;
+    return sentFor(context, make(context));
+}
+
+/// `body` fails to decode, and an answer of status 404 is an error of the service whatever its body.
+template <class Make>
+void expectErrors(Make make, const char* body) {
+    const FakeContext context;
+    const auto undecoded = answered(context, make(context), body);
+    ASSERT_FALSE(undecoded) << body;
+    EXPECT_EQ(undecoded.error().kind(), LoaderError::Kind::failedToDecode) << body;
+
+    const FakeContext other;
+    auto resource = make(other);
+    ASSERT_TRUE(resource);
+    std::optional<LoaderError> error;
+    resource->load({.with = [&error](auto result) {
+        if (!result) error = result.error();
+    }});
+    other.session->reply(answer(404, body));
+    EXPECT_EQ(error, LoaderError::serverError(std::nullopt));
+}
+
 /// Makes no request of anything.
 class NoRequestContext final : public MinimalContext {
 public:
