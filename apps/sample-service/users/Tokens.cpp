@@ -1,5 +1,6 @@
 #include "users/Tokens.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -70,9 +71,8 @@ JSON TokenSet::written() const {
 // The tokens say what they are, so that a log of requests reads well.
 const TokenSet& Tokens::issue(const std::string& uid, double seconds) {
     const std::string number = std::to_string(++issued_);
-    const double now = secondsNow();
-    return byUser_.emplace(uid, TokenSet{"access-" + number, "refresh-" + number, now, now + seconds})
-        ->second;
+    const TokenSet set{"access-" + number, "refresh-" + number, secondsNow() + seconds};
+    return byUser_.emplace(uid, set)->second;
 }
 
 const TokenSet* Tokens::byAccess(const std::string& uid, const std::string& token) const {

@@ -15,7 +15,7 @@ struct TokenSettings {
 
     /// How long a token is good for, in seconds. A token of no or a negative length has expired at once.
     double seconds = 3600;
-    /// Whether answers bring new tokens: never, when less than half of the time is left, or always.
+    /// Whether answers bring new tokens: never, late (when less than half of a new token's time is left), or always.
     Rotation rotation = Rotation::late;
     /// The users who get no tokens at all.
     std::set<std::string> refused;
@@ -29,8 +29,7 @@ JSON written(const TokenSettings& settings);
 struct TokenSet {
     std::string access;
     std::string refresh;
-    double issued;  // seconds since 1970
-    double expiry;
+    double expiry;  // seconds since 1970
 
     /// As answers carry it.
     JSON written() const;

@@ -82,7 +82,7 @@ bool Users::rotates(const TokenSet& tokens) const {
         case TokenSettings::Rotation::late:
             break;
     }
-    return tokens.expiry - secondsNow() < (tokens.expiry - tokens.issued) / 2;
+    return tokens.expiry - secondsNow() < settings_.seconds / 2;
 }
 
 void Users::look(const std::string& uid, const std::function<void(const User&)>& step) const {
