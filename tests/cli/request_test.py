@@ -107,6 +107,36 @@ class Request(TestCase):
             with self.subTest(words):
                 self.assertEqual(url(*words, *BASE), "https://api.vantic.example/" + path)
 
+    def test_names_each_region_by_its_raw_text(self):
+        for region in ["act", "sa", "nsw", "vic", "wa", "nt", "qld", "tas"]:
+            self.assertEqual(url("Livestreams", "--region", region, *BASE), f"{BASE[1]}/v2/livestreams/{region}")
+
+    def test_names_each_application_by_its_raw_text(self):
+        for app in ["lumeno", "kids", "lumeno int", "me"]:
+            self.assertIn(f"?appId={quote(app)}&", url("Messages", "--appId", app, *BASE))
+
+    def test_puts_the_query_of_a_route_behind_that_of_the_base_url(self):
+        base = ["--base-url", "http://h/a?key=1"]
+        for words, path in [
+            (["Remap", "--path", "", "--queryItems", "b=2", "--queryItems", "a=1"], "v2/remap/?key=1&b=2&a=1"),
+            (["Remap", "--path", "//x"], "v2/remap//x?key=1"),
+            (["NavigationMainMenuList", "--channels", ""], "v2/navigation/mobile?key=1&include=personalize&channel="),
+            (["Collection", "--collectionId", "a b", "--embedHighlightItem"],
+             "v2/collection/a%20b?key=1&embed=highlightItem"),
+        ]:
+            with self.subTest(words):
+                self.assertEqual(url(*words, *base), "http://h/a/" + path)
+
+    def test_sends_a_get_without_a_body_for_each_screen_and_notice(self):
+        for words in [["Home"], ["Browse"], ["Collection", "--collectionId", "1"], ["Category", "--category", "c"],
+                      ["Channel", "--channel", "c"], ["Navigation", "--type", "channels"],
+                      ["NavigationMainMenuList", "--channels", "a"], ["NowNext", "--houseNumber", "N"], ["Livestreams"],
+                      ["Messages", "--appId", "me"], ["ProductAlert", "--alertId", "7"], ["Remap", "--path", "x"]]:
+            with self.subTest(words):
+                request = vantic("request", *words, *BASE, "--header", "A: 1", "--timeout", "5").json
+                self.assertEqual((request["method"], request["body"]), ("GET", None))
+                self.assertEqual((request["headers"], request["timeout"]), ({"A": "1"}, 5))
+
     def test_describes_application_and_device_to_messages(self):
         words = ["Messages", "--appId", "lumeno int", *BASE]
         given = ["--appVersion", "1 2", "--systemVersion", "17.0", "--machine", "m"]
