@@ -1,10 +1,11 @@
 #pragma once
 
-#include <VanticRestKit/lumeno/Image/Image.h>
-#include <VanticRestKit/lumeno/Video/Video.h>
 #include <VanticRestKit/platform/date/Date.h>
 
+#include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace demo {
@@ -14,13 +15,16 @@ void printHeading(const std::string& text);
 /// A label and a text beside it; nothing where the text is empty.
 void printField(const char* label, const std::string& text);
 
-void printTime(double secondsSince1970);
-void printAvatars(const std::vector<VanticRestKit::Image>& avatars);
+/// A label and texts beside it, in as many lines as they need.
+void printList(const std::string& label, const std::vector<std::string>& texts);
 
-/// One line for each video.
-void printVideos(const std::vector<VanticRestKit::Video>& videos);
+/// Filled up with blanks by characters, not bytes, so that columns stay in line.
+std::string padded(std::string_view text, std::size_t width);
 
-/// All that a host shows of one video, and what it plays.
-void printVideo(const VanticRestKit::Video& video);
+/// In the zone of this computer; no text for no date.
+std::string textOf(const std::optional<VanticRestKit::Date>& date);
+
+/// A UTC time, in a pattern of strftime.
+std::string utcText(double secondsSince1970, const char* pattern);
 
 }  // namespace demo

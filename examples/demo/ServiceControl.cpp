@@ -31,11 +31,12 @@ bool ServiceControl::post(const std::string& path, const std::string& body) cons
     const auto done = std::make_shared<std::promise<bool>>();
     NetworkURLSession::sharedInstance()
         .urlSesion
-        ->dataTask(request,
-                   [done](std::optional<Data>, std::shared_ptr<const URLResponse> response, std::optional<Error>) {
-                       const auto* answer = response ? response->asHTTP() : nullptr;
-                       done->set_value(answer != nullptr && answer->statusCode() == 200);
-                   })
+        ->dataTask(
+            request,
+            [done](std::optional<Data>, std::shared_ptr<const URLResponse> response, std::optional<Error>) {
+                const auto* answer = response ? response->asHTTP() : nullptr;
+                done->set_value(answer != nullptr && answer->statusCode() == 200);
+            })
         ->resume();
     return done->get_future().get();
 }

@@ -12,8 +12,8 @@ class ServiceControl {
 public:
     explicit ServiceControl(VanticRestKit::URL baseURL);
 
-    /// Asks for a fault of the next answer of a path. `details` is what stands in the request's JSON behind the
-    /// path, such as `"fault":"status","status":500`. False where the service did not agree.
+    /// Asks for a fault of the next answer of a path. `details` is what stands in the request's JSON behind
+    /// the path, such as `"fault":"status","status":500`. False where the service did not agree.
     bool addFault(const std::string& path, const std::string& details) const;
 
     /// Asks the service to end.

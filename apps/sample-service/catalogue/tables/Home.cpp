@@ -5,7 +5,7 @@ namespace sample {
 const std::vector<HomeRow>& homeRows() {
     static const auto& table = *new std::vector<HomeRow>{
         {1000,
-         "Tonight on Vantic",
+         "Tonight",
          "featured",
          "Six to begin with.",
          {"show:harbour-lights", "show:brass-octopus", "video:NF0203", "show:small-planets", "series:162",

@@ -1,5 +1,4 @@
-#include "Failures.h"
-
+#include "Chapters.h"
 #include "Loading.h"
 #include "Printing.h"
 
@@ -39,7 +38,8 @@ void print(const char* what, const std::optional<LoaderError>& error, const Host
     printField("  to show", error->localizedDescription());
     if (const auto* networkError = networkErrorOf(*error)) {
         printField("  in detail", networkError->localizedDescription());
-        printField("  code", std::to_string(networkError->errorCode()) + (error->is404Error() ? ", not found" : ""));
+        printField("  code",
+                   std::to_string(networkError->errorCode()) + (error->is404Error() ? ", not found" : ""));
     } else if (error->underlyingError()) {
         printField("  in detail", error->underlyingError()->localizedDescription());
     }
@@ -63,7 +63,9 @@ std::optional<LoaderError> failureOfStoppedService(const HostContext& context) {
 
 }  // namespace
 
-bool showFailures(const HostContext& context, const ServiceControl& service) {
+bool showFailures(const Stage& stage) {
+    const HostContext& context = stage.context;
+    const ServiceControl& service = stage.service;
     printHeading("When something is wrong");
     const auto notFound = failureOf("NOSUCH", context);
     print("a house number that nobody knows", notFound, context);
