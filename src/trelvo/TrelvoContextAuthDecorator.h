@@ -24,6 +24,8 @@ public:
     TrelvoContextAuthDecorator(const TrelvoContext& decoratedContext, std::optional<std::string> bearerToken)
         : decoratedContext_(decoratedContext), bearerToken_(std::move(bearerToken)) {}
 
+    const TrelvoContext& decoratedContext() const noexcept { return decoratedContext_; }
+    /// Empty where no header is to be set. A text without characters is a token.
     const std::optional<std::string>& bearerToken() const noexcept { return bearerToken_; }
 
     std::optional<std::string> uid() const override;

@@ -11,8 +11,8 @@ TrelvoError TrelvoError::noAuthToken(Error authError) {
 TrelvoError TrelvoError::datasetNamespaceMismatch(std::optional<std::string> expected,
                                                   std::optional<std::string> actual) {
     TrelvoError made(Kind::datasetNamespaceMismatch);
-    made.first_ = std::move(expected);
-    made.second_ = std::move(actual);
+    made.expected_ = std::move(expected);
+    made.actual_ = std::move(actual);
     return made;
 }
 
@@ -24,7 +24,7 @@ TrelvoError TrelvoError::general(Error error) {
 
 TrelvoError TrelvoError::unknown(std::optional<std::string> message) {
     TrelvoError made(Kind::unknown);
-    made.first_ = std::move(message);
+    made.message_ = std::move(message);
     return made;
 }
 
@@ -46,10 +46,10 @@ std::string TrelvoError::errorDescription() const {
             return "No valid auth token was found.  The last call to the token endpoint produced this error: " +
                    error_->localizedDescription();
         case Kind::datasetNamespaceMismatch:
-            return "Dataset namespace mismatch. Expected: \"" + first_.value_or("nil") + "\". Actual: \"" +
-                   second_.value_or("nil") + "\"";
+            return "Dataset namespace mismatch. Expected: \"" + expected_.value_or("nil") + "\". Actual: \"" +
+                   actual_.value_or("nil") + "\"";
         case Kind::general: return error_->localizedDescription();
-        case Kind::unknown: return "Unknown error: " + first_.value_or("No more information available");
+        case Kind::unknown: return "Unknown error: " + message_.value_or("No more information available");
         case Kind::datasetDoesNotExist:
             return "The requested dataset doesn't exist, either because it was deleted, or hasn't yet been created.";
         case Kind::noUid: return "Got nil uid from TrelvoContext.";

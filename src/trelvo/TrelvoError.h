@@ -48,10 +48,10 @@ public:
     /// What `noAuthToken` and `general` hold; empty for the other cases.
     const std::optional<Error>& underlyingError() const noexcept { return error_; }
     /// What `unknown` says; may be empty. Empty for the other cases.
-    const std::optional<std::string>& message() const noexcept { return first_; }
+    const std::optional<std::string>& message() const noexcept { return message_; }
     /// The namespaces of `datasetNamespaceMismatch`; each may be empty. Empty for the other cases.
-    const std::optional<std::string>& expected() const noexcept { return first_; }
-    const std::optional<std::string>& actual() const noexcept { return second_; }
+    const std::optional<std::string>& expected() const noexcept { return expected_; }
+    const std::optional<std::string>& actual() const noexcept { return actual_; }
 
     /// A sentence for people.
     std::string errorDescription() const;
@@ -69,8 +69,9 @@ private:
 
     Kind kind_;
     std::optional<Error> error_;
-    std::optional<std::string> first_;   // a message, or the namespace expected
-    std::optional<std::string> second_;  // the namespace that came
+    std::optional<std::string> message_;
+    std::optional<std::string> expected_;
+    std::optional<std::string> actual_;
 };
 
 }  // namespace VanticRestKit

@@ -27,7 +27,7 @@ public:
                           .completion = std::move(arguments.completionHandler).value()};
         if (script_) {
             queue_.async([script = script_, transfer = std::move(transfer)]() mutable {
-                transfer.end((*script)(transfer.request));
+                end(transfer.completion, (*script)(transfer.request));
             });
             return;
         }
@@ -55,8 +55,9 @@ public:
         const Event ended;
         std::unique_lock lock(mutex_);
         if (!hasStarted(lock, index)) return ended;
-        queue.async([ended, transfer = std::move(transfers_[index]), reply = std::move(reply)]() mutable {
-            transfer.end(std::move(reply));
+        queue.async([ended, completion = std::move(transfers_[index].completion),
+                     reply = std::move(reply)]() mutable {
+            end(completion, std::move(reply));
             ended.signal();
         });
         return ended;
@@ -77,11 +78,11 @@ private:
     struct Transfer {
         URLRequest request;
         Completion completion;
-
-        void end(Reply reply) {
-            completion(std::move(reply.data), std::move(reply.response), std::move(reply.error));
-        }
     };
+
+    static void end(Completion& completion, Reply reply) {
+        completion(std::move(reply.data), std::move(reply.response), std::move(reply.error));
+    }
 
     bool hasStarted(std::unique_lock<std::mutex>& lock, std::size_t index) {
         const bool has = changed_.wait_for(lock, std::chrono::seconds(30),
