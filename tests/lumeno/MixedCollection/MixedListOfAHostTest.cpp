@@ -11,7 +11,6 @@ namespace {
 /// A host's own element, which is no collection item.
 struct Advertisement {
     std::string text{};
-    friend bool operator==(const Advertisement&, const Advertisement&) = default;
 };
 
 MixedCollection holding(std::vector<MixedItem> items) {
