@@ -20,6 +20,8 @@ bool showShowAndSeries(const Stage& stage);
 bool showSearch(const Stage& stage);
 bool showNowAndNext(const Stage& stage);
 bool showVideos(const Stage& stage);
+bool showUser(const Stage& stage);
+bool showRefusedTokens(const Stage& stage);
 bool showOddHomeScreen(const Stage& stage);
 bool showFailures(const Stage& stage);
 

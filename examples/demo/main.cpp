@@ -9,8 +9,9 @@
 namespace {
 
 constexpr bool (*chapters[])(const demo::Stage&) = {
-    demo::showTimeAndAvatars, demo::showHomeScreen, demo::showCollection, demo::showShowAndSeries,
-    demo::showSearch,         demo::showNowAndNext, demo::showVideos,     demo::showOddHomeScreen,
+    demo::showTimeAndAvatars, demo::showHomeScreen,    demo::showCollection, demo::showShowAndSeries,
+    demo::showSearch,         demo::showNowAndNext,    demo::showVideos,     demo::showUser,
+    demo::showRefusedTokens,  demo::showOddHomeScreen,
     demo::showFailures,  // the last one: it stops the service
 };
 
