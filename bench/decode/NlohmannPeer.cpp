@@ -52,12 +52,15 @@ private:
 
 template <class T>
 T decoded(const Data& document) {
-    const auto parsed = nlohmann::json::parse(document.data(), document.data() + document.size(), nullptr, false);
+    const auto parsed =
+        nlohmann::json::parse(document.data(), document.data() + document.size(), nullptr, false);
     return valueOf<T>(NlohmannValue(parsed));
 }
 
 }  // namespace
 
-Peer nlohmannPeer() { return {"nlohmann-json", 10, decoded<VideoList>, decoded<Category>, decoded<ShowsIndex>}; }
+Peer nlohmannPeer() {
+    return {"nlohmann-json", 10, decoded<VideoList>, decoded<Category>, decoded<ShowsIndex>};
+}
 
 }  // namespace VanticRestKit::bench

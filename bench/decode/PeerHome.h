@@ -55,12 +55,12 @@ struct PeerTableOf<MixedCollection, S> {
         return table;
     }
     static const Table& get() {
-        static const Table table(
-            {row<&E::collectionId, S>("id"), row<&E::type, S>("type"), row<&E::title, S>("title"),
-             row<&E::description, S>("description"), row<&E::thumbnail, S>("thumbnail"),
-             row<&E::banner, S>("banner"), row<&E::collectionLink, S>("collectionLink"),
-             row<&E::mixedItems, S>("items"), inside<E, S, links>("_links"),
-             inside<E, S, embedded>("_embedded")});
+        static const Table table({row<&E::collectionId, S>("id"), row<&E::type, S>("type"),
+                                  row<&E::title, S>("title"), row<&E::description, S>("description"),
+                                  row<&E::thumbnail, S>("thumbnail"), row<&E::banner, S>("banner"),
+                                  row<&E::collectionLink, S>("collectionLink"),
+                                  row<&E::mixedItems, S>("items"), inside<E, S, links>("_links"),
+                                  inside<E, S, embedded>("_embedded")});
         return table;
     }
 };
@@ -79,8 +79,8 @@ struct PeerTableOf<Category, S> {
         return table;
     }
     static const Table& embedded() {
-        static const Table table({row<&E::featuredCollection, S>("featuredCollection"),
-                                  row<&E::collections, S>("collections")});
+        static const Table table(
+            {row<&E::featuredCollection, S>("featuredCollection"), row<&E::collections, S>("collections")});
         return table;
     }
     static const Table& get() {

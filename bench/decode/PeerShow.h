@@ -23,10 +23,10 @@ template <class S>
 struct PeerTableOf<ContextualPhrases, S> {
     using P = ContextualPhrases;
     static const auto& get() {
-        static const PeerTable<P, S> table(
-            {row<&P::channel, S>("channel"), row<&P::genre, S>("genre"), row<&P::subGenre, S>("subGenre"),
-             row<&P::theme, S>("theme"), row<&P::mood, S>("mood"), row<&P::audience, S>("audience"),
-             row<&P::need, S>("need"), row<&P::other, S>("other")});
+        static const PeerTable<P, S> table({row<&P::channel, S>("channel"), row<&P::genre, S>("genre"),
+                                            row<&P::subGenre, S>("subGenre"), row<&P::theme, S>("theme"),
+                                            row<&P::mood, S>("mood"), row<&P::audience, S>("audience"),
+                                            row<&P::need, S>("need"), row<&P::other, S>("other")});
         return table;
     }
 };
@@ -99,21 +99,35 @@ struct PeerTableOf<Show, S> {
         return table;
     }
     static const Table& get() {
-        static const Table table(
-            {row<&E::subtype, S>("type"), row<&E::theme, S>("theme"), row<&E::updated, S>("updated"),
-             row<&E::showId, S>("id"), row<&E::slug, S>("slug"), row<&E::title, S>("title"),
-             row<&E::kickerTitle, S>("kickerTitle"), row<&E::displayTitle, S>("displayTitle"),
-             row<&E::description, S>("description"), row<&E::status, S>("status"),
-             row<&E::captionsAvailable, S>("captions"), row<&E::banner, S>("banner"),
-             row<&E::phrases, S>("phrases"), row<&E::thumbnail, S>("thumbnail"),
-             row<&E::episodeCount, S>("episodeCount"), row<&E::broadcastInfo, S>("broadcastInfo"),
-             row<&E::relatedLinks, S>("relatedLinks"), row<&E::participants, S>("participants"),
-             row<&E::shareUrl, S>("shareUrl"), row<&E::classification, S>("classification"),
-             row<&E::tags, S>("tags"), row<&E::unavailableMessage, S>("unavailableMessage"),
-             row<&E::duration, S>("duration"), row<&E::displayDuration, S>("displayDuration"),
-             row<&E::displayDurationAccessible, S>("displayDurationAccessible"),
-             row<&E::channel, S>("channel"), row<&E::channelTitle, S>("channelTitle"),
-             inside<E, S, thumbnails>("thumbnails"), inside<E, S, links>("_links")});
+        static const Table table({row<&E::subtype, S>("type"),
+                                  row<&E::theme, S>("theme"),
+                                  row<&E::updated, S>("updated"),
+                                  row<&E::showId, S>("id"),
+                                  row<&E::slug, S>("slug"),
+                                  row<&E::title, S>("title"),
+                                  row<&E::kickerTitle, S>("kickerTitle"),
+                                  row<&E::displayTitle, S>("displayTitle"),
+                                  row<&E::description, S>("description"),
+                                  row<&E::status, S>("status"),
+                                  row<&E::captionsAvailable, S>("captions"),
+                                  row<&E::banner, S>("banner"),
+                                  row<&E::phrases, S>("phrases"),
+                                  row<&E::thumbnail, S>("thumbnail"),
+                                  row<&E::episodeCount, S>("episodeCount"),
+                                  row<&E::broadcastInfo, S>("broadcastInfo"),
+                                  row<&E::relatedLinks, S>("relatedLinks"),
+                                  row<&E::participants, S>("participants"),
+                                  row<&E::shareUrl, S>("shareUrl"),
+                                  row<&E::classification, S>("classification"),
+                                  row<&E::tags, S>("tags"),
+                                  row<&E::unavailableMessage, S>("unavailableMessage"),
+                                  row<&E::duration, S>("duration"),
+                                  row<&E::displayDuration, S>("displayDuration"),
+                                  row<&E::displayDurationAccessible, S>("displayDurationAccessible"),
+                                  row<&E::channel, S>("channel"),
+                                  row<&E::channelTitle, S>("channelTitle"),
+                                  inside<E, S, thumbnails>("thumbnails"),
+                                  inside<E, S, links>("_links")});
         return table;
     }
 };

@@ -64,7 +64,8 @@ T decoded(const Data& document) {
     static_assert(Data::padding >= simdjson::SIMDJSON_PADDING);
     ondemand::document parsed;
     ondemand::value root;
-    const simdjson::padded_string_view bytes(document.data(), document.size(), document.size() + Data::padding);
+    const simdjson::padded_string_view bytes(document.data(), document.size(),
+                                             document.size() + Data::padding);
     if (parser.iterate(bytes).get(parsed) != simdjson::SUCCESS) return T{};
     if (parsed.get_value().get(root) != simdjson::SUCCESS) return T{};
     return valueOf<T>(SimdjsonValue(root));
@@ -72,6 +73,8 @@ T decoded(const Data& document) {
 
 }  // namespace
 
-Peer simdjsonPeer() { return {"simdjson, on demand", 1, decoded<VideoList>, decoded<Category>, decoded<ShowsIndex>}; }
+Peer simdjsonPeer() {
+    return {"simdjson, on demand", 1, decoded<VideoList>, decoded<Category>, decoded<ShowsIndex>};
+}
 
 }  // namespace VanticRestKit::bench

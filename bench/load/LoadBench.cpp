@@ -68,8 +68,9 @@ long told(const std::string& name) {
     return -1;
 }
 
-/// Keeps this process, with the threads and processes that it starts, to one processor. The scheduler's choice of
-/// places, and the state in which it finds a processor, else moves either side's figures by a factor of four.
+/// Keeps this process, with the threads and processes that it starts, to one processor. The scheduler's
+/// choice of places, and the state in which it finds a processor, else moves either side's figures by a
+/// factor of four.
 void keepTo(std::size_t processor) {
     cpu_set_t one;
     CPU_ZERO(&one);
@@ -165,8 +166,8 @@ void compare(const Way& way, RawLoads& raw, Loads& loads, std::size_t count, std
         ours = leastOf(ours, own);
     }
     const auto loadsCount = static_cast<double>(count);
-    report("load " + way.name + ", processor time to raw libcurl's", figure(ours.processor / theirs.processor),
-           way.budget, way.goal,
+    report("load " + way.name + ", processor time to raw libcurl's",
+           figure(ours.processor / theirs.processor), way.budget, way.goal,
            figure(ours.processor / loadsCount * 1e6, 1) + " us a load; median " + figure(processor.ratio()));
     report("load " + way.name + ", loads in a second", figure(loadsCount / ours.wall, 0), "", "",
            "raw libcurl " + figure(loadsCount / theirs.wall, 0));
@@ -182,8 +183,7 @@ public:
 
 struct SampleURI {
     std::string path() const { return "videos"; }
-    std::vector<URLQueryItem> queryItems = {
-        {{"ids", "ZX1000A001S00,ZX1000A002S00"}, {"form", "full"}}};
+    std::vector<URLQueryItem> queryItems = {{{"ids", "ZX1000A001S00,ZX1000A002S00"}, {"form", "full"}}};
 };
 
 void makingAResource(std::size_t count) {
@@ -200,7 +200,8 @@ void makingAResource(std::size_t count) {
         least = std::min(least, (wallTime() - before) / static_cast<double>(count));
     }
     report("making a Resource of a route, in microseconds", figure(least * 1e6), "2", "", "");
-    report("making a Resource, threads that this started", std::to_string(told("Threads") - threads), "0", "", "");
+    report("making a Resource, threads that this started", std::to_string(told("Threads") - threads), "0", "",
+           "");
 }
 
 /// All of `count` loads are begun before one is answered.
@@ -220,11 +221,11 @@ void inFlight(Server& server, std::size_t count) {
     server.release();
     loads.wait();
     NetworkActivityCounter::setIndicator({});
-    report(std::to_string(count) + " loads in flight, threads with those of the pool", std::to_string(threadsThen),
-           "", "", "");
+    report(std::to_string(count) + " loads in flight, threads with those of the pool",
+           std::to_string(threadsThen), "", "", "");
     const double peak = static_cast<double>(told("VmHWM") - memory);
-    report(std::to_string(count) + " loads in flight, memory at the peak in MB", figure(peak / 1024, 1), "", "",
-           figure(peak / static_cast<double>(count), 1) + " KB for each");
+    report(std::to_string(count) + " loads in flight, memory at the peak in MB", figure(peak / 1024, 1), "",
+           "", figure(peak / static_cast<double>(count), 1) + " KB for each");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <VanticRestKit/Core/NetworkActivityCounter.h>
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <utility>
 
@@ -14,6 +15,10 @@ NetworkActivityCounter::Indicator& installedIndicator() {
     return indicator;
 }
 
+// How many indicators are installed or on their way to be. Whoever posts one later posts it behind a change of the
+// counter that is made now: with none there is nobody to be told of that change.
+std::atomic<std::int64_t> indicators = 0;
+
 std::int64_t checkedSum(std::int64_t a, std::int64_t b) {
     std::int64_t sum = 0;
     if (__builtin_add_overflow(a, b, &sum)) std::abort();
@@ -26,6 +31,7 @@ std::int64_t NetworkActivityCounter::counter = 0;
 
 void NetworkActivityCounter::setCounter(std::int64_t value) {
     counter = value;
+    if (indicators.load() == 0) return;
     DispatchQueue::main().async([] {
         if (const Indicator& indicator = installedIndicator()) indicator(counter != 0);
     });
@@ -40,8 +46,12 @@ void NetworkActivityCounter::decrease() {
 }
 
 void NetworkActivityCounter::setIndicator(Indicator indicator) {
-    DispatchQueue::main().async(
-        [indicator = std::move(indicator)]() mutable { installedIndicator() = std::move(indicator); });
+    if (indicator) ++indicators;
+    DispatchQueue::main().async([indicator = std::move(indicator)]() mutable {
+        Indicator& installed = installedIndicator();
+        if (installed) --indicators;
+        installed = std::move(indicator);
+    });
 }
 
 }  // namespace VanticRestKit

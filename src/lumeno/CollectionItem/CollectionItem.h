@@ -28,6 +28,13 @@ public:
     CollectionItem(Entity entity)
         : table_(&collectionItemTable<Entity>()), entity_(std::make_shared<const Entity>(std::move(entity))) {}
 
+    /// Takes over `entity`, which is not null, where it lies.
+    template <class Entity>
+        requires isCollectionItem<Entity>
+    static CollectionItem owning(std::unique_ptr<Entity> entity) {
+        return CollectionItem(collectionItemTable<Entity>(), std::shared_ptr<const Entity>(std::move(entity)));
+    }
+
     /// The entity, or null where this is one of another type. Lives as long as this item or a copy of it.
     template <class Entity>
         requires isCollectionItem<Entity>
@@ -95,6 +102,9 @@ public:
     }
 
 private:
+    CollectionItem(const CollectionItemTable& table, std::shared_ptr<const void> entity)
+        : table_(&table), entity_(std::move(entity)) {}
+
     template <CollectionItemMember Member>
     typename detail::RuleOf<Member>::Type get() const {
         typename detail::RuleOf<Member>::Type value{};

@@ -31,6 +31,13 @@ public:
         }
     }
 
+    /// Takes over `entity`, which is not null, where it lies.
+    template <class Entity>
+        requires isCollectionItem<Entity>
+    static MixedItem owning(std::unique_ptr<Entity> entity) {
+        return CollectionItem::owning(std::move(entity));
+    }
+
     /// The value as a collection item; empty where its type is none.
     const std::optional<CollectionItem>& item() const noexcept { return item_; }
 

@@ -1,8 +1,11 @@
 #include <VanticRestKit/lumeno/Show/ShowSummary.h>
 
+#include <VanticRestKit/lumeno/Show/detail/SummaryOf.h>
 #include <VanticRestKit/platform/json/Table.h>
 #include <VanticRestKit/platform/text/CaseCompare.h>
 #include <VanticRestKit/platform/text/Format.h>
+
+#include <utility>
 
 namespace VanticRestKit {
 
@@ -22,12 +25,8 @@ const TypePlan& planOf<ShowSummary>() {
     return plan;
 }
 
-Result<ShowSummary, lumenoSDKError> ShowSummary::make(const Arguments& arguments) {
-    const Show& show = arguments.fromShow;
-    if (!show.showId || !show.updated || !show.thumbnail || !show.selfHref) {
-        return Failure(
-            lumenoSDKError::initializationError("Missing itemID, href, updated or thumbnailHref"));
-    }
+std::optional<ShowSummary> detail::summaryOf(const Show& show) {
+    if (!show.showId || !show.updated || !show.thumbnail || !show.selfHref) return std::nullopt;
     ShowSummary summary = mapping::fresh<ShowSummary>();
     summary.id = zeroFractionFormat(*show.showId);
     summary.title = show.title.value_or("_");
@@ -39,6 +38,15 @@ Result<ShowSummary, lumenoSDKError> ShowSummary::make(const Arguments& arguments
     summary.characterThumbnaiHref = show.character1Thumbnail;
     summary.derivedShowSlug = show.derivedShowSlug();
     return summary;
+}
+
+Result<ShowSummary, lumenoSDKError> ShowSummary::make(const Arguments& arguments) {
+    std::optional<ShowSummary> summary = detail::summaryOf(arguments.fromShow);
+    if (!summary) {
+        return Failure(
+            lumenoSDKError::initializationError("Missing itemID, href, updated or thumbnailHref"));
+    }
+    return *std::move(summary);
 }
 
 bool operator==(const ShowSummary& a, const ShowSummary& b) { return sameIgnoringCase(a.href, b.href); }

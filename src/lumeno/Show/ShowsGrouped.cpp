@@ -1,6 +1,10 @@
 #include <VanticRestKit/lumeno/Show/ShowsGrouped.h>
 
+#include <VanticRestKit/lumeno/Show/detail/SummaryOf.h>
 #include <VanticRestKit/platform/json/Table.h>
+
+#include <optional>
+#include <utility>
 
 namespace VanticRestKit {
 
@@ -8,9 +12,10 @@ namespace {
 
 void summarise(ShowsGrouped& group) {
     group.showSummaries.clear();
+    group.showSummaries.reserve(group.shows.size());
     for (const Show& show : group.shows) {
-        Result<ShowSummary, lumenoSDKError> summary = ShowSummary::make({.fromShow = show});
-        if (summary) group.showSummaries.push_back(std::move(summary).value());
+        std::optional<ShowSummary> summary = detail::summaryOf(show);
+        if (summary) group.showSummaries.push_back(*std::move(summary));
     }
 }
 

@@ -1,11 +1,22 @@
 #include <VanticRestKit/platform/http/detail/HeaderName.h>
 #include <VanticRestKit/platform/http/detail/Origin.h>
 
+#include <string_view>
+
 namespace VanticRestKit::detail {
 
 namespace {
 
 constexpr std::int64_t largestPort = 65535;
+
+// Scheme and authority as they are written. A text in another form is taken whole: it then begins like no
+// other.
+std::string_view beginningOf(const URL& url) {
+    const std::string_view text = url.absoluteString();
+    const auto authority = text.find("://");
+    if (authority == std::string_view::npos) return text;
+    return text.substr(0, text.find_first_of("/?#", authority + 3));
+}
 
 }  // namespace
 
@@ -19,6 +30,16 @@ std::string originOf(const URL& url) {
     origin += ':';
     origin += std::to_string(url.port().value_or(secure ? 443 : 80));
     return origin;
+}
+
+bool OriginMemo::knows(const URL& url) const { return !beginning_.empty() && beginningOf(url) == beginning_; }
+
+const std::string& OriginMemo::of(const URL& url) {
+    if (!knows(url)) {
+        beginning_ = beginningOf(url);
+        origin_ = originOf(url);
+    }
+    return origin_;
 }
 
 std::optional<Fault> whyUnusable(const URLRequest& request) {

@@ -33,19 +33,24 @@ inline constexpr EachOneOfReader<Entities...> eachOneOf{};
 
 namespace detail {
 
-template <class Entity>
-Entity takeOver(void* made) {
-    const std::unique_ptr<Entity> owner(static_cast<Entity*>(made));
-    return std::move(*owner);
+/// A value that holds what was made. One that can take over an entity where it lies does; entities are large.
+template <class Value, class Entity>
+Value takenOver(void* made) {
+    std::unique_ptr<Entity> owner(static_cast<Entity*>(made));
+    if constexpr (requires { Value::owning(std::move(owner)); }) {
+        return Value::owning(std::move(owner));
+    } else {
+        return Value(std::move(*owner));
+    }
 }
 
 template <class Field, class Entity>
 void keepIn(void* made, void* field) {
     auto& place = *static_cast<Field*>(field);
     if constexpr (isOptional<Field>) {
-        place.emplace(takeOver<Entity>(made));
+        place.emplace(takenOver<typename Field::value_type, Entity>(made));
     } else {
-        place.emplace_back(takeOver<Entity>(made));
+        place.push_back(takenOver<typename Field::value_type, Entity>(made));
     }
 }
 

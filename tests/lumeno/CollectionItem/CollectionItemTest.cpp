@@ -157,6 +157,15 @@ TEST(CollectionItem, IsEqualToOneOfAnEqualEntityOfTheSameType) {
     EXPECT_NE(CollectionItem(Podcast{}), CollectionItem(Radio{}));
 }
 
+TEST(CollectionItem, TakesOverAnEntityWhereItLies) {
+    auto podcast = std::make_unique<Podcast>(Podcast{.name = "n"});
+    const Podcast* const lies = podcast.get();
+    const CollectionItem item = CollectionItem::owning(std::move(podcast));
+    EXPECT_EQ(item.as<Podcast>(), lies);
+    EXPECT_EQ(item, CollectionItem(Podcast{.name = "n"}));
+    EXPECT_EQ(item.as<Radio>(), nullptr);
+}
+
 TEST(CollectionItem, SharesItsEntityWithItsCopies) {
     const CollectionItem item = Podcast{.name = "n"};
     const CollectionItem copy = item;

@@ -30,6 +30,23 @@ TEST(Origin, DoesNotHearCaseNorThePortThatIsUnderstood) {
     EXPECT_NE(origin("http://host/"), origin("http://host:8080/"));
 }
 
+TEST(OriginMemo, KnowsURLsOfTheOriginThatItWasAskedForLast) {
+    const auto url = [](const char* text) { return URL::make(text).value(); };
+    OriginMemo memo;
+    EXPECT_FALSE(memo.knows(url("http://host/a")));
+    EXPECT_EQ(memo.of(url("http://host/a?x")), "http://host:80");
+    for (const char* same : {"http://host", "http://host/b/c", "http://host?y=/", "http://host#f"}) {
+        EXPECT_TRUE(memo.knows(url(same))) << same;
+        EXPECT_EQ(memo.of(url(same)), origin(same));
+    }
+    for (const char* other : {"http://host2/a", "http://hos/a", "https://host/a", "http://host:81/a", "http://u@host/a",
+                              "http://HOST/a", "http:host"}) {
+        EXPECT_FALSE(memo.knows(url(other))) << other;
+    }
+    EXPECT_EQ(memo.of(url("https://host2:444/a")), "https://host2:444");
+    EXPECT_FALSE(memo.knows(url("http://host/a")));
+}
+
 TEST(Usability, OnlyHTTPWithAHostCanBeAsked) {
     EXPECT_EQ(whyNot("http://host"), std::nullopt);
     EXPECT_EQ(whyNot("HTTPS://host:65535/x"), std::nullopt);

@@ -6,6 +6,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 #include <array>
+#include <charconv>
 #include <chrono>
 #include <string_view>
 
@@ -16,8 +17,14 @@ namespace {
 std::string endsText(std::string_view remoteAddress, int remotePort, std::string_view localAddress,
                      int localPort) {
     std::string text;
-    text.append(remoteAddress).append(1, ' ').append(std::to_string(remotePort)).append(1, ' ');
-    text.append(localAddress).append(1, ' ').append(std::to_string(localPort));
+    text.reserve(2 * INET6_ADDRSTRLEN);
+    const auto add = [&text](std::string_view address, int port) {
+        std::array<char, 12> digits;
+        const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), port);
+        text.append(address).append(1, ' ').append(digits.data(), written.ptr).append(1, ' ');
+    };
+    add(remoteAddress, remotePort);
+    add(localAddress, localPort);
     return text;
 }
 

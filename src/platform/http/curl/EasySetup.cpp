@@ -60,7 +60,6 @@ bool prepareEasy(Attempt& attempt, bool onNewConnection) {
     if (!handle.isGood() || !request.url()) return false;
     handle.attempt = &attempt;
     handle.isUsedUp = !isPlainGet(request);
-    attempt.headerLines = headerLinesOf(request);
     Options options(handle.get());
     setConnection(options, attempt.exchange, onNewConnection);
     if (handle.isUsedUp) setMethodAndBody(options, request);

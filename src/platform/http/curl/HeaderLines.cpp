@@ -1,4 +1,4 @@
-#include <VanticRestKit/platform/http/curl/detail/EasySetup.h>
+#include <VanticRestKit/platform/http/curl/detail/HeaderLines.h>
 #include <VanticRestKit/platform/http/detail/ContentDecoder.h>
 #include <VanticRestKit/platform/http/detail/HeaderName.h>
 
@@ -21,6 +21,9 @@ bool isOfTheSession(std::string_view name) {
                        [name](std::string_view own) { return sameHeaderName(own, name); });
 }
 
+// A request to which libcurl adds nothing that has to be suppressed.
+bool isWithoutBody(const URLRequest& request) { return request.httpMethod() == "GET" && !request.httpBody(); }
+
 class Lines {
 public:
     void add(std::string_view name, std::string_view value) {
@@ -37,7 +40,7 @@ public:
     /// Keeps libcurl from adding a header of its own.
     void suppress(std::string_view name) { append(std::string(name) + ':'); }
 
-    HeaderLines take() { return std::move(lines_); }
+    HeaderLines take() { return {lines_.release(), curl_slist_free_all}; }
 
 private:
     void append(const std::string& line) {
@@ -47,28 +50,30 @@ private:
         lines_.reset(longer);
     }
 
-    HeaderLines lines_;
+    struct Deleter {
+        void operator()(curl_slist* lines) const { curl_slist_free_all(lines); }
+    };
+    std::unique_ptr<curl_slist, Deleter> lines_;
 };
 
 }  // namespace
 
 HeaderLines headerLinesOf(const URLRequest& request) {
     Lines lines;
-    bool hasAccept = false;
     bool hasCodings = false;
     bool hasAgent = false;
     bool hasContentType = false;
     for (const auto& [name, value] : request.allHTTPHeaderFields()) {
         if (isOfTheSession(name)) continue;
-        hasAccept = hasAccept || sameHeaderName(name, "accept");
         hasCodings = hasCodings || sameHeaderName(name, "accept-encoding");
         hasAgent = hasAgent || sameHeaderName(name, "user-agent");
         hasContentType = hasContentType || sameHeaderName(name, "content-type");
         lines.add(name, value);
     }
-    if (!hasAccept) lines.add("Accept", "*/*");
+    // "Accept: */*" is what libcurl sends by itself.
     if (!hasCodings) lines.add("Accept-Encoding", acceptedCodings);
     if (!hasAgent) lines.add("User-Agent", "VanticRestKit/" VRK_VERSION);
+    if (isWithoutBody(request)) return lines.take();
     if (!hasContentType) {
         if (request.httpBody()) {
             lines.add("Content-Type", "application/x-www-form-urlencoded");
@@ -78,6 +83,15 @@ HeaderLines headerLinesOf(const URLRequest& request) {
     }
     lines.suppress("Expect");
     return lines.take();
+}
+
+HeaderLines HeaderLinesMemo::of(const URLRequest& request) {
+    if (!isWithoutBody(request)) return headerLinesOf(request);
+    if (lines_ == nullptr || headers_ != request.allHTTPHeaderFields()) {
+        headers_ = request.allHTTPHeaderFields();
+        lines_ = headerLinesOf(request);
+    }
+    return lines_;
 }
 
 }  // namespace VanticRestKit::detail

@@ -89,7 +89,9 @@ void IoLoop::begin(std::shared_ptr<Transfer> transfer) {
     Exchange& exchange = *made;
     exchanges_.emplace(key, std::move(made));
     exchange.setInterval(idleInterval(exchange.request().timeoutInterval(), usualInterval_));
-    if (const auto fault = whyUnusable(exchange.request())) {
+    const URLRequest& request = exchange.request();
+    const bool isUsable = request.httpMethod() == "GET" && request.url() && origins_.knows(*request.url());
+    if (const auto fault = isUsable ? std::nullopt : whyUnusable(request)) {
         fail(exchange, *fault);
     } else {
         enqueue(exchange);
@@ -105,7 +107,7 @@ void IoLoop::cancel(const Transfer& transfer) {
 }
 
 void IoLoop::enqueue(Exchange& exchange) {
-    admission_.enqueue(exchange, originOf(*exchange.request().url()));
+    admission_.enqueue(exchange, origins_.of(*exchange.request().url()));
 }
 
 void IoLoop::admit() {
@@ -116,6 +118,7 @@ void IoLoop::attempt(Exchange& exchange) {
     exchange.attempt = std::make_unique<Attempt>(
         exchange, AttemptSurroundings{.now = now_, .connections = connections_, .admission = admission_});
     exchange.attempt->handle = pool_.take();
+    exchange.attempt->headerLines = headerLines_.of(exchange.request());
     deadlines_.watch(exchange, now_);
     if (!prepareEasy(*exchange.attempt, admission_.hasSetAside(exchange)) ||
         curl_multi_add_handle(multi_, exchange.attempt->handle->get()) != CURLM_OK) {

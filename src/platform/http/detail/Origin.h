@@ -21,4 +21,18 @@ bool isSecure(const URL& url);
 /// Why `request` cannot be sent; empty where it can.
 std::optional<Fault> whyUnusable(const URLRequest& request);
 
+/// Remembers the last origin that a request can be sent to: most of the URLs that follow have the same, and
+/// then nothing has to be read again. For one thread.
+class OriginMemo {
+public:
+    /// Whether `url` begins as the one remembered does, up to its path: requests can be sent there too.
+    bool knows(const URL& url) const;
+    /// `originOf(url)`, remembered. `url` is one that requests can be sent to.
+    const std::string& of(const URL& url);
+
+private:
+    std::string beginning_;
+    std::string origin_;
+};
+
 }  // namespace VanticRestKit::detail

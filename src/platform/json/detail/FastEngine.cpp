@@ -3,13 +3,15 @@
 #include <VanticRestKit/platform/json/detail/FreeForm.h>
 #include <VanticRestKit/platform/json/detail/Scanner.h>
 
+#include <algorithm>
+#include <string>
+
 namespace VanticRestKit::json {
 
 FastEngine::FastEngine(const Data& document)
     : ValueReader(documentStart(document.data(), document.data() + document.size()),
                   document.data() + document.size()),
       document_(document),
-      frames_(new Frame[deepest]),
       successors_(successorMemory(), 0) {}
 
 FastEngine::~FastEngine() {
@@ -18,6 +20,14 @@ FastEngine::~FastEngine() {
         const Frame& frame = frames_[i];
         if (frame.choice != nullptr) frame.choice->candidates[frame.candidate].drop(frame.target);
     }
+}
+
+// The frames move to where there is room for as many as a document may need.
+void FastEngine::makeRoom() {
+    manyFrames_.reset(new Frame[deepest]);
+    std::copy(usualFrames_, usualFrames_ + usualDepth, manyFrames_.get());
+    frames_ = manyFrames_.get();
+    room_ = deepest;
 }
 
 bool FastEngine::decode(const TypePlan& plan, void* value) {
@@ -64,8 +74,23 @@ bool FastEngine::listStep(Frame& top) {
     }
 }
 
+// Where the element ahead is to lie.
+void* FastEngine::appended(const Frame& top) {
+    // What is left of the document tells something about a list at its top, and nothing about the others.
+    const auto bytesLeft = depth_ <= 2 ? static_cast<std::size_t>(end_ - at_) : 0;
+    return top.list->append(top.target, static_cast<std::size_t>(at_ - top.start), bytesLeft);
+}
+
 bool FastEngine::element(Frame& top) {
     const TypePlan& type = top.list->element();
+    if (type.kind == ValueKind::text && *at_ == '"') {
+        const StringToken token = scanString(at_, end_);
+        if (token.isPlain) {
+            static_cast<std::string*>(appended(top))->assign(token.inside, token.close);
+            at_ = token.close + 1;
+            return true;
+        }
+    }
     if (type.kind == ValueKind::choice && *at_ == '{') return openChoice(*type.choice, nullptr);
 
     const bool opens = (type.kind == ValueKind::object && *at_ == '{') ||
@@ -73,10 +98,7 @@ bool FastEngine::element(Frame& top) {
     const bool isPlain = type.kind != ValueKind::object && type.kind != ValueKind::list &&
                          type.kind != ValueKind::choice;
     if (opens || isPlain) {
-        // What is left of the document tells something about a list at its top, and nothing about the others.
-        const auto bytesLeft = depth_ <= 2 ? static_cast<std::size_t>(end_ - at_) : 0;
-        void* const place =
-            top.list->append(top.target, static_cast<std::size_t>(at_ - top.start), bytesLeft);
+        void* const place = appended(top);
         if (opens) return open(type, place, nullptr);
         const Fit fit = held(type, place, nullptr);
         if (fit == Fit::fits) return true;

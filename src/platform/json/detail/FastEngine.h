@@ -67,6 +67,7 @@ private:
 
     bool listStep(Frame& top);
     bool element(Frame& top);
+    void* appended(const Frame& top);
 
     Frame* push(const ObjectPlan* plan, void* target, const FieldPlan* field);
     bool open(const TypePlan& type, void* target, const FieldPlan* field);
@@ -83,9 +84,18 @@ private:
 
     void endInner(const Frame& ended);
 
+    void makeRoom();
+
+    /// Deeper than documents of the service go.
+    static constexpr std::size_t usualDepth = 24;
+
     Data document_;
-    std::unique_ptr<Frame[]> frames_;  // the first `depth_` are open
+    Frame usualFrames_[usualDepth];
+    std::unique_ptr<Frame[]> manyFrames_;
+    /// The first `depth_` are open, and there is room for `room_`.
+    Frame* frames_ = usualFrames_;
     std::size_t depth_ = 0;
+    std::size_t room_ = usualDepth;
     /// For each object and each slot of it, the slot whose key came next the last time.
     std::vector<std::uint8_t> successors_;
     /// How often that was right lately, of `alwaysRight`.
@@ -96,7 +106,10 @@ private:
 // Opens the array or object ahead. Frames are filled where they lie: a copy of one that was just written
 // waits for the writes to arrive.
 inline FastEngine::Frame* FastEngine::push(const ObjectPlan* plan, void* target, const FieldPlan* field) {
-    if (depth_ == deepest) return nullptr;
+    if (depth_ == room_) {
+        if (room_ == deepest) return nullptr;
+        makeRoom();
+    }
     Frame& top = frames_[depth_++];
     top.plan = plan;
     top.target = static_cast<std::byte*>(target);

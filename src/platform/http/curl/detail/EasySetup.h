@@ -7,11 +7,8 @@
 
 namespace VanticRestKit::detail {
 
-/// Prepares the handle of `attempt`, which comes from the pool, for its request. `onNewConnection`: not on
-/// one that is open. Returns false where libcurl cannot be made to send it.
+/// Prepares the handle of `attempt`, which comes from the pool, for its request with its header lines.
+/// `onNewConnection`: not on one that is open. Returns false where libcurl cannot be made to send it.
 bool prepareEasy(Attempt& attempt, bool onNewConnection);
-
-/// The header lines of `request`: its own, and those of the session of which it has none.
-HeaderLines headerLinesOf(const URLRequest& request);
 
 }  // namespace VanticRestKit::detail

@@ -5,6 +5,7 @@
 
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
 #include <VanticRestKit/platform/http/curl/detail/EasyHandle.h>
+#include <VanticRestKit/platform/http/curl/detail/HeaderLines.h>
 #include <VanticRestKit/platform/http/detail/Admission.h>
 #include <VanticRestKit/platform/http/detail/BodyCollector.h>
 #include <VanticRestKit/platform/http/detail/HeaderCollector.h>
@@ -20,12 +21,6 @@
 #include <utility>
 
 namespace VanticRestKit::detail {
-
-/// Frees a list of header lines.
-struct HeaderLinesDeleter {
-    void operator()(curl_slist* lines) const { curl_slist_free_all(lines); }
-};
-using HeaderLines = std::unique_ptr<curl_slist, HeaderLinesDeleter>;
 
 struct Attempt;
 
@@ -78,6 +73,7 @@ struct Attempt {
     Exchange& exchange;
     AttemptSurroundings surroundings;
     std::unique_ptr<EasyHandle> handle;
+    /// What libcurl reads of the request's headers, as long as it has the request.
     HeaderLines headerLines;
 
     HeaderCollector head;

@@ -13,6 +13,7 @@
 #include <VanticRestKit/platform/http/curl/detail/SuspectConnections.h>
 #include <VanticRestKit/platform/http/detail/Admission.h>
 #include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
+#include <VanticRestKit/platform/http/detail/Origin.h>
 #include <VanticRestKit/platform/http/detail/SessionStorage.h>
 #include <VanticRestKit/platform/http/URLSessionConfiguration.h>
 
@@ -68,6 +69,8 @@ private:
     EasyPool pool_;
     Admission admission_;
     IdleDeadlines deadlines_;
+    HeaderLinesMemo headerLines_;
+    OriginMemo origins_;
     SuspectConnections suspects_;
     StreamResets resets_;
     [[maybe_unused]] SessionStorage storage_;
