@@ -1,39 +1,22 @@
-// Menus as deep as a document goes, and deeper: an error and never a crash, on a thread with little stack
-// too.
+// Menus as deep as a document goes, and deeper: an error and never a crash, where there is little stack too.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/lumeno/Navigation/NavigationMainMenuList.h>
 #include <VanticRestKit/platform/json/DecodingError.h>
 
 #include <platform/json/BothEngines.h>
-#include <pthread.h>
+#include <support/SmallStack.h>
 #include <algorithm>
-#include <functional>
 
 namespace VanticRestKit {
 namespace {
 
 using test::decodable;
+using test::onASmallStack;
 using test::Outcome;
 
-constexpr std::size_t stackSize = 256 * 1024;
 /// The list, its array, and then an item and an array for each level.
 constexpr std::size_t deepestMenu = 511 / 2;
-
-void* run(void* task) {
-    (*static_cast<std::function<void()>*>(task))();
-    return nullptr;
-}
-
-void onASmallStack(std::function<void()> task) {
-    pthread_attr_t attributes;
-    ASSERT_EQ(pthread_attr_init(&attributes), 0);
-    ASSERT_EQ(pthread_attr_setstacksize(&attributes, stackSize), 0);
-    pthread_t thread;
-    ASSERT_EQ(pthread_create(&thread, &attributes, &run, &task), 0);
-    ASSERT_EQ(pthread_join(thread, nullptr), 0);
-    pthread_attr_destroy(&attributes);
-}
 
 /// A menu of that many levels of items, `core` in the innermost item.
 std::string menu(std::size_t levels, const std::string& core = R"({"id":"a"})") {

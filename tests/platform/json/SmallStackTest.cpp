@@ -5,8 +5,7 @@
 
 #include <platform/json/Decoding.h>
 #include <platform/json/Nested.h>
-#include <functional>
-#include <pthread.h>
+#include <support/SmallStack.h>
 #include <string>
 
 namespace VanticRestKit {
@@ -25,27 +24,9 @@ using test::decodable;
 using test::Nest;
 using test::Outcome;
 
-constexpr std::size_t stackSize = 256 * 1024;
-
-void* run(void* task) {
-    (*static_cast<std::function<void()>*>(task))();
-    return nullptr;
-}
-
-/// Runs `task` on a thread with a stack of 256 KB and waits for it.
-void onASmallStack(std::function<void()> task) {
-    pthread_attr_t attributes;
-    ASSERT_EQ(pthread_attr_init(&attributes), 0);
-    ASSERT_EQ(pthread_attr_setstacksize(&attributes, stackSize), 0);
-    pthread_t thread;
-    ASSERT_EQ(pthread_create(&thread, &attributes, &run, &task), 0);
-    ASSERT_EQ(pthread_join(thread, nullptr), 0);
-    pthread_attr_destroy(&attributes);
-}
-
 Outcome outcomeOnASmallStack(const test::DecodableType& type, const std::string& document) {
     Outcome outcome;
-    onASmallStack([&] { outcome = test::decodeByBoth(type, Data(document)); });
+    test::onASmallStack([&] { outcome = test::decodeByBoth(type, Data(document)); });
     EXPECT_EQ(outcome.difference, "");
     return outcome;
 }

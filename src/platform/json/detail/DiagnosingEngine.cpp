@@ -45,6 +45,13 @@ bool DiagnosingEngine::root(const TypePlan& type, void* target, Place at) {
 bool DiagnosingEngine::value(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence) {
     if (type.kind == ValueKind::object && *at.at == '{') return entity(*type.object, target, at, presence);
     if (type.kind == ValueKind::list && *at.at == '[') return list(*type.list, target, at);
+    return heldValue(type, target, at, isNamed, presence);
+}
+
+// A value that leads no deeper. All that does not is kept apart: each level of a document costs the stack the frames
+// of the functions on the way, and those are the smaller for it.
+[[gnu::noinline]] bool DiagnosingEngine::heldValue(const TypePlan& type, void* target, Place at, bool isNamed,
+                                                   Presence presence) {
     const char* const end = document_.data() + document_.size();
     if (type.kind == ValueKind::dictionary && *at.at == '{') {
         auto& values = *static_cast<Dictionary*>(target);
@@ -71,7 +78,7 @@ bool DiagnosingEngine::entity(const ObjectPlan& plan, void* target, Place at, Pr
 }
 
 // Finds the value of each row, and sees to it that every key of the object can be read.
-bool DiagnosingEngine::open(const ObjectPlan& plan, Place at, Presence presence, std::vector<Place>& found) {
+[[gnu::noinline]] bool DiagnosingEngine::open(const ObjectPlan& plan, Place at, Presence presence, std::vector<Place>& found) {
     found.assign(plan.fields.size(), Place{});
     const char* const end = document_.data() + document_.size();
     std::string scratch;
@@ -92,13 +99,15 @@ bool DiagnosingEngine::rows(const ObjectPlan& plan, const ObjectPlan& entity, vo
     for (std::size_t i = 0; i < plan.fields.size(); ++i) {
         const FieldPlan& field = plan.fields[i];
         if (field.role == RowRole::unread) continue;
-        path_.emplace_back(std::string(field.key));
+        enter(field.key);
         const bool isGood = row(field, entity, target, found[i]);
         path_.pop_back();
         if (!isGood) return false;
     }
     return true;
 }
+
+[[gnu::noinline]] void DiagnosingEngine::enter(std::string_view key) { path_.emplace_back(std::string(key)); }
 
 bool DiagnosingEngine::row(const FieldPlan& field, const ObjectPlan& entity, void* target, Place at) {
     const bool isRequired = field.presence == Presence::required;
@@ -114,7 +123,7 @@ bool DiagnosingEngine::row(const FieldPlan& field, const ObjectPlan& entity, voi
     }
 }
 
-bool DiagnosingEngine::entityCheck(const ObjectPlan& entity, Place at) {
+[[gnu::noinline]] bool DiagnosingEngine::entityCheck(const ObjectPlan& entity, Place at) {
     ValueReader reader(at.at, document_.data() + document_.size());
     std::string_view name;
     bool mayReadOn = false;
@@ -147,17 +156,25 @@ bool DiagnosingEngine::valueRow(const FieldPlan& field, void* target, Place at) 
     void* const place = static_cast<std::byte*>(target) + field.offset;
     if (valueInto(field, place, at)) return true;
     if (field.presence != Presence::lenient) return false;
-    resetField(field, place);
-    swallow(heldBy(field, place));
+    swallowInto(field, place);
     return true;
 }
 
+[[gnu::noinline]] void DiagnosingEngine::swallowInto(const FieldPlan& field, void* place) {
+    resetField(field, place);
+    swallow(heldBy(field, place));
+}
+
 bool DiagnosingEngine::valueInto(const FieldPlan& field, void* place, Place at) {
-    if (field.kind != ValueKind::choice) return value(*field.type, field.ops->open(place), at, true, field.presence);
+    if (field.kind == ValueKind::choice) return choiceInto(*field.type->choice, place, at);
+    return value(*field.type, field.ops->open(place), at, true, field.presence);
+}
+
+[[gnu::noinline]] bool DiagnosingEngine::choiceInto(const ChoicePlan& plan, void* fieldOrList, Place at) {
     const Candidate* chosen = nullptr;
     void* made = nullptr;
-    if (!choice(*field.type->choice, at, chosen, made)) return false;
-    chosen->keep(made, place);
+    if (!choice(plan, at, chosen, made)) return false;
+    chosen->keep(made, fieldOrList);
     return true;
 }
 
@@ -177,13 +194,7 @@ bool DiagnosingEngine::list(const ListPlan& plan, void* target, Place at) {
 bool DiagnosingEngine::element(const ListPlan& plan, void* target, Place at, std::size_t bytesRead) {
     const std::size_t bytesLeft = document_.size() - static_cast<std::size_t>(at.at - document_.data());
     const TypePlan& type = plan.element();
-    if (type.kind == ValueKind::choice) {
-        const Candidate* chosen = nullptr;
-        void* made = nullptr;
-        if (!choice(*type.choice, at, chosen, made)) return false;
-        chosen->keep(made, target);
-        return true;
-    }
+    if (type.kind == ValueKind::choice) return choiceInto(*type.choice, target, at);
     if (value(type, plan.append(target, bytesRead, bytesLeft), at, false, Presence::required)) return true;
     plan.removeLast(target);
     return false;
@@ -207,12 +218,12 @@ bool DiagnosingEngine::choice(const ChoicePlan& plan, Place at, const Candidate*
     return fail(Kind::typeMismatch, names, foundAt(at.at), Presence::lenient);
 }
 
-bool DiagnosingEngine::fail(Kind kind, std::string_view expected, std::string_view found, Presence presence) {
+[[gnu::noinline]] bool DiagnosingEngine::fail(Kind kind, std::string_view expected, std::string_view found, Presence presence) {
     failing_ = {kind, path_, presence, std::string(expected), std::string(found), std::nullopt};
     return false;
 }
 
-bool DiagnosingEngine::failUnfit(const TypePlan& type, Place at, bool isNamed, Presence presence) {
+[[gnu::noinline]] bool DiagnosingEngine::failUnfit(const TypePlan& type, Place at, bool isNamed, Presence presence) {
     const std::string_view found = foundAt(at.at);
     Kind kind = found == jsonTypeOf(type.kind) ? Kind::dataCorrupted : Kind::typeMismatch;
     // A null that no key names and that should be an object is one more value of another type.
@@ -220,7 +231,9 @@ bool DiagnosingEngine::failUnfit(const TypePlan& type, Place at, bool isNamed, P
     return fail(kind, kind == Kind::typeMismatch ? expectedType(type) : type.name, found, presence);
 }
 
-void DiagnosingEngine::swallow(std::string became) { report(std::move(became), Presence::lenient); }
+[[gnu::noinline]] void DiagnosingEngine::swallow(std::string_view became) {
+    report(std::string(became), Presence::lenient);
+}
 
 void DiagnosingEngine::report(std::string became, Presence presence) {
     if (report_ == Report::error) return;

@@ -10,6 +10,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace VanticRestKit::json {
@@ -36,13 +37,16 @@ private:
 
     bool root(const TypePlan& type, void* target, Place at);
     bool value(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence);
+    bool heldValue(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence);
     bool entity(const ObjectPlan& plan, void* target, Place at, Presence presence);
     bool list(const ListPlan& plan, void* target, Place at);
     bool element(const ListPlan& plan, void* target, Place at, std::size_t bytesRead);
+    bool choiceInto(const ChoicePlan& plan, void* fieldOrList, Place at);
     bool choice(const ChoicePlan& plan, Place at, const Candidate*& chosen, void*& made);
 
     bool open(const ObjectPlan& plan, Place at, Presence presence, std::vector<Place>& found);
-    bool rows(const ObjectPlan& plan, const ObjectPlan& entity, void* target, const std::vector<Place>& found);
+    bool rows(const ObjectPlan& plan, const ObjectPlan& entity, void* target,
+              const std::vector<Place>& found);
     bool row(const FieldPlan& field, const ObjectPlan& entity, void* target, Place at);
     bool innerRow(const FieldPlan& field, const ObjectPlan& entity, void* target, Place at);
     bool valueRow(const FieldPlan& field, void* target, Place at);
@@ -51,7 +55,9 @@ private:
 
     bool fail(DecodingError::Kind kind, std::string_view expected, std::string_view found, Presence presence);
     bool failUnfit(const TypePlan& type, Place at, bool isNamed, Presence presence);
-    void swallow(std::string became);
+    void enter(std::string_view key);
+    void swallowInto(const FieldPlan& field, void* place);
+    void swallow(std::string_view became);
     void report(std::string became, Presence presence);
     Error error() const;
 

@@ -1,0 +1,36 @@
+#pragma once
+
+/// \file
+/// Runs a test where there is little stack, as on the threads of many hosts.
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <platform/json/Sanitized.h>
+#include <pthread.h>
+
+namespace VanticRestKit::test {
+
+#ifdef VRK_IS_SANITIZED
+// A sanitizer makes each frame several times as large.
+inline constexpr std::size_t smallStack = 4 * 256 * 1024;
+#else
+inline constexpr std::size_t smallStack = 256 * 1024;
+#endif
+
+/// Runs `task` on a thread with a stack of 256 KB and waits for it.
+inline void onASmallStack(std::function<void()> task) {
+    pthread_attr_t attributes;
+    ASSERT_EQ(pthread_attr_init(&attributes), 0);
+    ASSERT_EQ(pthread_attr_setstacksize(&attributes, smallStack), 0);
+    const auto run = [](void* function) -> void* {
+        (*static_cast<std::function<void()>*>(function))();
+        return nullptr;
+    };
+    pthread_t thread;
+    ASSERT_EQ(pthread_create(&thread, &attributes, run, &task), 0);
+    ASSERT_EQ(pthread_join(thread, nullptr), 0);
+    pthread_attr_destroy(&attributes);
+}
+
+}  // namespace VanticRestKit::test
