@@ -1,8 +1,8 @@
 #include "Measure.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
+#include <ctime>
 
 namespace VanticRestKit::bench {
 
@@ -15,12 +15,18 @@ double medianOf(std::vector<double> values) {
 }
 
 double timeOf(const std::function<void()>& run) {
-    const auto before = std::chrono::steady_clock::now();
+    const double before = processorTime();
     run();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - before).count();
+    return processorTime() - before;
 }
 
 }  // namespace
+
+double processorTime() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+}
 
 double Times::least() const { return *std::min_element(runs.begin(), runs.end()); }
 

@@ -15,7 +15,11 @@ struct Case {
     std::size_t every = 1;
 };
 
-/// What the runs of a case took, in seconds.
+/// Processor time of this process so far, its own and the kernel's for it, in seconds. What else the machine does
+/// counts for little in it.
+double processorTime();
+
+/// What the runs of a case took, in seconds of processor time.
 struct Times {
     std::vector<double> runs;
     /// What the first case took in the same rounds.
