@@ -41,7 +41,6 @@ void summarise(Radio& radio) { radio.summary = radio.name + "/" + radio.owner.va
 void putInBrackets(Radio& radio) { radio.label = "[" + radio.label.value_or("") + "]"; }
 
 struct Clock {
-    static constexpr const char* entityTypeName = "Clock";
     std::optional<Date> start{};
     std::string id{};
     Mood strict{};
