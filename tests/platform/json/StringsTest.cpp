@@ -104,9 +104,9 @@ TEST(AText, MayHoldAnEscapeAtEveryPlace) {
         {"\\u00e9", "\u00e9"}, {"\\u20AC", "\u20ac"}, {"\\ud800\\udf48", "\U00010348"},
     };
     for (const auto& [spelled, meant] : escapes) {
-        atEveryPlace(spelled, [&meant = meant](const std::string& left, const std::string& escape,
-                                               const std::string& right) {
-            expectText(left + escape + right, left + meant + right);
+        const std::string& text = meant;
+        atEveryPlace(spelled, [&text](const std::string& left, const std::string& escape, const std::string& right) {
+            expectText(left + escape + right, left + text + right);
         });
     }
 }
