@@ -73,7 +73,7 @@ Reply create(Users::All& all, const Asked& asked, const Request& request, const 
             .values = *std::move(values),
             .created = now,
             .updated = now};
-    return records("dataset", {shown(made, asked.uid, name, request)});
+    return records("dataset", JSON::array({shown(made, asked.uid, name, request)}));
 }
 
 Reply update(Users::All& all, const Asked& asked, const Request& request, const std::string& name) {
@@ -83,7 +83,7 @@ Reply update(Users::All& all, const Asked& asked, const Request& request, const 
     if (kept == nullptr) return missing(name);
     for (const auto& [key, value] : values->items()) kept->values[key] = value;
     kept->updated = serviceClock().now();
-    return records("dataset", {shown(*kept, asked.uid, name, request)});
+    return records("dataset", JSON::array({shown(*kept, asked.uid, name, request)}));
 }
 
 Reply remove(Users::All& all, const Asked& asked, const std::string& name) {

@@ -77,7 +77,7 @@ Reply update(Users::All& all, const Asked& asked, const Wanted& wanted, std::int
     progress.done = wanted.done.value_or(false);
     progress.lastAccessed = serviceClock().now();
     history.push_back(progress);
-    return records("history", {written(progress, asked.uid)});
+    return records("history", JSON::array({written(progress, asked.uid)}));
 }
 
 Reply remove(Users::All& all, const Asked& asked, const Wanted& wanted) {

@@ -34,7 +34,7 @@ Reply add(Users::All& all, const Asked& asked, const Wanted& wanted, Users& user
     auto& saved = all[asked.uid].saved;
     const auto found =
         std::find_if(saved.begin(), saved.end(), [&](const Saved& one) { return wanted.holds(one); });
-    if (found != saved.end()) return records("saved", {written(*found)});
+    if (found != saved.end()) return records("saved", JSON::array({written(*found)}));
     const std::int64_t order = saved.empty() ? 0 : saved.back().order + 1;
     saved.push_back({.oid = users.newId(),
                      .source = asked.source,
@@ -42,7 +42,7 @@ Reply add(Users::All& all, const Asked& asked, const Wanted& wanted, Users& user
                      .showId = *wanted.showId,
                      .order = order,
                      .created = serviceClock().now()});
-    return records("saved", {written(saved.back())});
+    return records("saved", JSON::array({written(saved.back())}));
 }
 
 Reply removeOne(Users::All& all, const Asked& asked, const Wanted& wanted, Users&) {
