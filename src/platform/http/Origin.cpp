@@ -9,12 +9,11 @@ namespace {
 
 constexpr std::int64_t largestPort = 65535;
 
-// Scheme and authority as they are written. A text in another form is taken whole: it then begins like no
-// other.
+// Scheme and authority as they are written; empty where there is not both.
 std::string_view beginningOf(const URL& url) {
     const std::string_view text = url.absoluteString();
     const auto authority = text.find("://");
-    if (authority == std::string_view::npos) return text;
+    if (authority == std::string_view::npos) return {};
     return text.substr(0, text.find_first_of("/?#", authority + 3));
 }
 
@@ -32,7 +31,13 @@ std::string originOf(const URL& url) {
     return origin;
 }
 
-bool OriginMemo::knows(const URL& url) const { return !beginning_.empty() && beginningOf(url) == beginning_; }
+bool OriginMemo::knows(const URL& url) const {
+    const std::string_view text = url.absoluteString();
+    if (beginning_.empty() || !text.starts_with(beginning_)) return false;
+    if (text.size() == beginning_.size()) return true;
+    const char next = text[beginning_.size()];
+    return next == '/' || next == '?' || next == '#';
+}
 
 const std::string& OriginMemo::of(const URL& url) {
     if (!knows(url)) {

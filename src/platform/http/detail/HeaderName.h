@@ -25,25 +25,31 @@ constexpr bool sameHeaderName(std::string_view a, std::string_view b) noexcept {
                       [](char x, char y) { return asciiLower(x) == asciiLower(y); });
 }
 
+// Written as loops: a search for one of several characters calls the C library for each character of the
+// text.
+
 /// Whether `text` is a token of HTTP: what a method or a header name must be.
 constexpr bool isToken(std::string_view text) noexcept {
-    constexpr std::string_view allowed =
-        "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789!#$%&'*+-.^_`|~";
-    return !text.empty() && text.find_first_not_of(allowed) == std::string_view::npos;
+    constexpr std::string_view signs = "!#$%&'*+-.^_`|~";
+    const auto isAllowed = [signs](char c) {
+        const char lower = asciiLower(c);
+        return (lower >= 'a' && lower <= 'z') || (c >= '0' && c <= '9') ||
+               signs.find(c) != std::string_view::npos;
+    };
+    return !text.empty() && std::all_of(text.begin(), text.end(), isAllowed);
 }
 
 /// Whether `text` may be the value of a header: it cannot end its line.
 constexpr bool isHeaderValue(std::string_view text) noexcept {
-    constexpr std::string_view forbidden("\r\n\0", 3);
-    return text.find_first_of(forbidden) == std::string_view::npos;
+    return std::none_of(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; });
 }
 
 /// `text` without blanks and tabs around it.
 constexpr std::string_view trimmed(std::string_view text) noexcept {
-    constexpr std::string_view blanks = " \t";
-    const auto first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    return text;
 }
 
 /// The entry of `fields` whose name is `name` without case, or its end.
