@@ -159,13 +159,19 @@ const std::vector<std::string> story{
     "GET /v2/saved/watchlist/show?UID=ann&raw=1&source=lumeno",
 };
 
-/// The lines of a log, those sent at once sorted. What comes behind a deletion may overtake it.
+/// The lines of a log. Those sent at once stand in the order of their letters, before what may have overtaken
+/// them.
 std::vector<std::string> linesOf(const nlohmann::json& log) {
+    constexpr std::size_t before = 20;
     std::vector<std::string> lines;
-    for (const auto& request : log) lines.push_back(line(request));
-    std::stable_partition(lines.begin() + 20, lines.end(),
-                          [](const std::string& one) { return one[0] == 'D'; });
-    std::sort(lines.begin() + 20, lines.begin() + 23);
+    std::vector<std::string> deletions;
+    std::vector<std::string> behind;
+    for (const auto& request : log) {
+        const bool isDeletion = lines.size() == before && request["method"] == "DELETE";
+        (lines.size() < before ? lines : isDeletion ? deletions : behind).push_back(line(request));
+    }
+    std::sort(deletions.begin(), deletions.end());
+    for (const auto* some : {&deletions, &behind}) lines.insert(lines.end(), some->begin(), some->end());
     return lines;
 }
 
