@@ -85,6 +85,7 @@ protected:
     ~Client() override {
         waits.end();
         EXPECT_TRUE(returned_.wait(calls_)) << "a caller waits for ever";
+        session->abandon();
     }
 
     detail::TrelvoState& state() { return TrelvoProbe::state(*trelvo); }

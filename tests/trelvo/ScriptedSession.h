@@ -32,6 +32,7 @@ public:
             return;
         }
         const std::lock_guard lock(mutex_);
+        if (isAbandoned_) return;
         transfers_.push_back(std::move(transfer));
         changed_.notify_all();
     }
@@ -66,6 +67,14 @@ public:
     /// Answers a transfer and waits until all that its completion does is done.
     void answer(std::size_t index, Reply reply) { EXPECT_TRUE(post(index, std::move(reply), queue_).wait()); }
 
+    /// Drops what is open, and whatever is still to start: what an open transfer holds may hold this session.
+    void abandon() {
+        std::vector<Transfer> open;
+        const std::lock_guard lock(mutex_);
+        open.swap(transfers_);
+        isAbandoned_ = true;
+    }
+
     /// How many transfers have started.
     std::size_t count() const {
         const std::lock_guard lock(mutex_);
@@ -96,6 +105,7 @@ private:
     mutable std::mutex mutex_;
     std::condition_variable changed_;
     std::vector<Transfer> transfers_;
+    bool isAbandoned_ = false;
 };
 
 }  // namespace VanticRestKit::test
