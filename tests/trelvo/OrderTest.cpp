@@ -100,6 +100,7 @@ TEST_F(TrelvoOrder, OfTwoCallersWhoWaitEachGoesOnWithWhatIsSavedWhenItWakesAndTh
     const Outcomes second;
     const Event firstReturned = startListing(first, context);
     (void)waits.awaited(0);
+    (void)session->request(0);
     const Event secondReturned = startListing(second, other);
     (void)waits.awaited(1);
     EXPECT_EQ(sent(1), tokenRequest + "none");
@@ -122,6 +123,7 @@ TEST_F(TrelvoOrder, ACallerWhoseOwnTokenRequestFailsGoesOnWithTheTokenOfAnother)
     const UserContext other = context;
     const Event firstReturned = startListing();
     (void)waits.awaited(0);
+    (void)session->request(0);
     const Event secondReturned = startListing(Outcomes(), other);
     (void)waits.awaited(1);
     session->answer(1, tokenReply("second", 2000));

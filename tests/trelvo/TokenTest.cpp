@@ -253,6 +253,7 @@ TEST_F(TrelvoToken, MayStillArriveAfterClearAuth) {
 TEST_F(TrelvoToken, BlocksNobodyElseWhileOneCallerWaitsForIt) {
     const Event returned = startListing();
     (void)waits.awaited(0);
+    (void)session->request(0);
     saveGoodTokens();
     list();
     EXPECT_NE(sent(1).find(" Bearer access-good"), std::string::npos);
