@@ -11,6 +11,11 @@ add_library(vrk_language INTERFACE)
 if(VRK_NO_EXCEPTIONS)
     target_compile_options(vrk_language INTERFACE -fno-exceptions -fno-rtti)
 endif()
+# Programs that derive from the library's classes may throw among themselves, but have RTTI only if the library has.
+add_library(vrk_host_language INTERFACE)
+if(VRK_NO_EXCEPTIONS)
+    target_compile_options(vrk_host_language INTERFACE -fno-rtti)
+endif()
 
 # vrk_room(NAME [DEPENDS room...] [LIBRARIES library...])
 # NAME is the folder below src/ with '/' written as '_', such as platform_url.
@@ -39,7 +44,7 @@ endfunction()
 
 # vrk_test(NAME SOURCES source... ROOMS room... [LIBRARIES library...] [TIMEOUT seconds] [PARTS n] [EXCEPTIONS])
 # One GoogleTest binary, run as one ctest entry, or as PARTS entries with a part of the tests each. EXCEPTIONS: the
-# test itself needs exceptions or RTTI.
+# test itself needs exceptions.
 function(vrk_test name)
     cmake_parse_arguments(TEST "EXCEPTIONS" "TIMEOUT;PARTS" "SOURCES;ROOMS;LIBRARIES" ${ARGN})
     if(NOT TEST_TIMEOUT)
@@ -54,7 +59,9 @@ function(vrk_test name)
         # Test code runs once: compiling it fast counts for more. What it tests keeps its optimisation.
         target_compile_options(${name} PRIVATE -O0)
     endif()
-    if(NOT TEST_EXCEPTIONS)
+    if(TEST_EXCEPTIONS)
+        target_link_libraries(${name} PRIVATE vrk_host_language)
+    else()
         target_link_libraries(${name} PRIVATE vrk_language)
     endif()
     target_link_libraries(${name} PRIVATE ${TEST_ROOMS} ${TEST_LIBRARIES} GTest::gtest_main GTest::gmock)
