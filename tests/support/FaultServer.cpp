@@ -36,9 +36,10 @@ RawRequest parseHead(const std::string& head) {
         const std::string field = head.substr(begin, at - begin);
         const auto colon = field.find(':');
         if (colon == std::string::npos) continue;
-        const auto value = field.find_first_not_of(' ', colon + 1);
-        request.headers[lowered(field.substr(0, colon))] =
-            value == std::string::npos ? std::string() : field.substr(value);
+        const auto begins = field.find_first_not_of(' ', colon + 1);
+        const std::string value = begins == std::string::npos ? std::string() : field.substr(begins);
+        const auto [held, isFirst] = request.headers.emplace(lowered(field.substr(0, colon)), value);
+        if (!isFirst) held->second += ", " + value;
     }
     return request;
 }

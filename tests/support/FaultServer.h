@@ -30,7 +30,7 @@ struct RawRequest {
     std::string method{};
     /// What stands between method and version.
     std::string target{};
-    /// Names in lower case.
+    /// Names in lower case; the values of one that came more than once are joined by ", ".
     std::map<std::string, std::string> headers{};
     std::string body{};
     /// Which connection it came on, counted from 0.
