@@ -26,10 +26,10 @@ void Pool::add(std::shared_ptr<Strand> strand) {
     {
         const std::lock_guard lock(mutex_);
         ready_.push_back(std::move(strand));
-        wake = idle_ > 0;
+        wake = coming_ < ready_.size() && callSleeper();
         start = wantsThread();
     }
-    if (wake) wake_.notify_one();
+    if (wake) bell_.ring();
     if (start) startThread();
 }
 
@@ -46,14 +46,15 @@ void Pool::beginWait() {
 void Pool::endWait() {
     const std::lock_guard lock(mutex_);
     --waiting_;
-    if (hasSurplus()) wake_.notify_one();
+    if (hasSurplus() && callSleeper()) bell_.ring();
 }
 
 void Pool::pause() { ++pauses_; }
 
 void Pool::resume() {
     const std::lock_guard lock(mutex_);
-    if (--pauses_ == 0) wake_.notify_all();
+    if (--pauses_ > 0) return;
+    while (callSleeper()) bell_.ring();
 }
 
 std::size_t Pool::threads() const {
@@ -68,6 +69,21 @@ bool Pool::wantsThread() {
     return true;
 }
 
+bool Pool::callSleeper() {
+    if (sleeping_ == 0) return false;
+    --sleeping_;
+    ++coming_;
+    return true;
+}
+
+void Pool::sleep(std::unique_lock<std::mutex>& lock) {
+    ++sleeping_;
+    lock.unlock();
+    bell_.sleep();
+    lock.lock();
+    --coming_;
+}
+
 void Pool::startThread() {
     if (detail::startThread("vrk-pool", [this] { work(); })) return;
     // The system gives no more threads. Those that are there go on, and the next post tries again.
@@ -80,7 +96,7 @@ void Pool::work() {
     inPool = true;
     std::unique_lock lock(mutex_);
     for (;;) {
-        wake_.wait(lock, [this] { return hasSurplus() || canWork(); });
+        while (!hasSurplus() && !canWork()) sleep(lock);
         --idle_;
         if (hasSurplus()) break;
         auto strand = std::move(ready_.front());
@@ -92,11 +108,11 @@ void Pool::work() {
         if (hasMore) ready_.push_back(std::move(strand));
         ++idle_;
         // This thread takes one of those that are ready; a second one is for somebody else.
-        if (idle_ > 1 && ready_.size() > 1) wake_.notify_one();
+        if (coming_ + 1 < ready_.size() && callSleeper()) bell_.ring();
     }
     --threads_;
     // The call that ended this thread may have been meant for one that works.
-    if (!ready_.empty()) wake_.notify_one();
+    if (!ready_.empty() && callSleeper()) bell_.ring();
     threadsChanged_.notify_all();
 }
 

@@ -1,9 +1,10 @@
+#include <VanticRestKit/platform/dispatch/detail/Bell.h>
 #include <VanticRestKit/platform/dispatch/detail/BlockList.h>
 #include <VanticRestKit/platform/dispatch/detail/Thread.h>
 #include <VanticRestKit/platform/dispatch/detail/ThreadQueue.h>
 
-#include <condition_variable>
 #include <mutex>
+#include <utility>
 
 namespace VanticRestKit::detail {
 
@@ -12,13 +13,10 @@ public:
     /// Returns whether the thread has to be started.
     bool push(Block block) {
         auto node = std::make_unique<BlockNode>(std::move(block));
-        bool start = false;
-        {
-            const std::lock_guard lock(mutex_);
-            blocks_.push(std::move(node));
-            start = !std::exchange(isStarted_, true);
-        }
-        wake_.notify_one();
+        std::unique_lock lock(mutex_);
+        blocks_.push(std::move(node));
+        const bool start = !std::exchange(isStarted_, true);
+        wake(lock);
         return start;
     }
 
@@ -29,26 +27,45 @@ public:
     }
 
     void close() {
-        const std::lock_guard lock(mutex_);
+        std::unique_lock lock(mutex_);
         isClosed_ = true;
-        wake_.notify_one();
+        wake(lock);
     }
 
     void run() {
         const CurrentQueue scope(this);
-        while (const auto node = next()) node->block();
+        BlockList mail;
+        while (take(mail)) {
+            while (const auto node = mail.pop()) node->block();
+        }
     }
 
 private:
-    std::unique_ptr<BlockNode> next() {
+    // A thread that is awake looks here before it sleeps.
+    void wake(std::unique_lock<std::mutex>& lock) {
+        const bool sleeps = std::exchange(sleeps_, false);
+        lock.unlock();
+        if (sleeps) bell_.ring();
+    }
+
+    /// Waits for blocks and takes all there are into `mail`, which is empty. False when no more follow.
+    bool take(BlockList& mail) {
         std::unique_lock lock(mutex_);
-        wake_.wait(lock, [this] { return isClosed_ || !blocks_.isEmpty(); });
-        return blocks_.pop();
+        while (blocks_.isEmpty()) {
+            if (isClosed_) return false;
+            sleeps_ = true;
+            lock.unlock();
+            bell_.sleep();
+            lock.lock();
+        }
+        mail.swap(blocks_);
+        return true;
     }
 
     std::mutex mutex_;
-    std::condition_variable wake_;
+    Bell bell_;
     BlockList blocks_;
+    bool sleeps_ = false;
     bool isStarted_ = false;
     bool isClosed_ = false;
 };

@@ -46,6 +46,14 @@ public:
         return node;
     }
 
+    void swap(BlockList& other) noexcept {
+        std::swap(first_, other.first_);
+        std::swap(end_, other.end_);
+        // The end of an empty list lies in the list itself.
+        if (isEmpty()) end_ = &first_;
+        if (other.isEmpty()) other.end_ = &other.first_;
+    }
+
 private:
     BlockNode* first_ = nullptr;
     BlockNode** end_ = &first_;

@@ -3,6 +3,8 @@
 /// \file
 /// `Pool`: the threads that all strands share.
 
+#include <VanticRestKit/platform/dispatch/detail/Bell.h>
+
 #include <atomic>
 #include <condition_variable>
 #include <cstddef>
@@ -51,18 +53,25 @@ private:
     /// Under the lock: whether there is work that needs one more thread, which is then counted already.
     bool wantsThread();
     void startThread();
+    /// Under the lock: whether a thread sleeps, which the caller then has to wake and which counts as coming.
+    bool callSleeper();
+    /// Gives the lock back while nobody calls.
+    void sleep(std::unique_lock<std::mutex>& lock);
     bool hasSurplus() const noexcept { return threads_ - waiting_ > limit_; }
     bool canWork() const noexcept { return !ready_.empty() && !isPaused(); }
 
     const std::size_t limit_;
     mutable std::mutex mutex_;
-    std::condition_variable wake_;
+    Bell bell_;
     std::condition_variable threadsChanged_;
     std::deque<std::shared_ptr<Strand>> ready_;
     std::atomic<int> pauses_{0};
     std::size_t threads_ = 0;
     /// Threads that look for work, those included that have not come that far yet.
     std::size_t idle_ = 0;
+    /// Those of them that sleep, and those that were woken and have not come that far yet.
+    std::size_t sleeping_ = 0;
+    std::size_t coming_ = 0;
     /// Threads that wait for a group.
     std::size_t waiting_ = 0;
 };

@@ -3,11 +3,11 @@
 /// \file
 /// `Inbox`: how other threads tell the I/O thread what to do.
 
+#include <VanticRestKit/platform/dispatch/detail/Bell.h>
 #include <VanticRestKit/platform/http/detail/Transfer.h>
 
 #include <curl/curl.h>
 
-#include <condition_variable>
 #include <memory>
 #include <mutex>
 #include <utility>
@@ -76,9 +76,12 @@ public:
     /// no socket to watch.
     void waitForMail() {
         std::unique_lock lock(mutex_);
-        waitsForMail_ = true;
-        arrived_.wait(lock, [this] { return !messages_.empty() || isWoken_; });
-        waitsForMail_ = false;
+        while (messages_.empty() && !isWoken_) {
+            waitsForMail_ = true;
+            lock.unlock();
+            bell_.sleep();
+            lock.lock();
+        }
     }
 
     /// The wait is over; nobody touches the multi handle after this.
@@ -91,14 +94,13 @@ private:
     // A reader that is awake looks here before it waits, so that only one that waits costs a system call.
     void wakeReader(std::unique_lock<std::mutex>& lock) {
         if (waitsIn_ != nullptr) curl_multi_wakeup(std::exchange(waitsIn_, nullptr));
-        const bool notify = std::exchange(waitsForMail_, false);
-        // First the lock: who is woken wants it.
+        const bool sleeps = std::exchange(waitsForMail_, false);
         lock.unlock();
-        if (notify) arrived_.notify_one();
+        if (sleeps) bell_.ring();
     }
 
     std::mutex mutex_;
-    std::condition_variable arrived_;
+    Bell bell_;
     std::vector<Message> messages_;
     CURLM* waitsIn_ = nullptr;
     bool waitsForMail_ = false;
