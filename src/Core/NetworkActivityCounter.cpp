@@ -1,4 +1,5 @@
 #include <VanticRestKit/Core/NetworkActivityCounter.h>
+#include <VanticRestKit/platform/dispatch/detail/MainQueue.h>
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 
 #include <atomic>
@@ -15,9 +16,19 @@ NetworkActivityCounter::Indicator& installedIndicator() {
     return indicator;
 }
 
-// How many indicators are installed or on their way to be. Whoever posts one later posts it behind a change of the
-// counter that is made now: with none there is nobody to be told of that change.
+// How many indicators are installed or on their way to be. With none there is nobody to be told of a change
+// that is posted now, since an indicator that comes later is told of later changes only.
 std::atomic<std::int64_t> indicators = 0;
+
+// Posts `change`, or `changeAndTell` where there is somebody to be told. One that nobody is told of can wait
+// for the next: each would cost a load the wake of a thread.
+void post(Block change, Block changeAndTell) {
+    if (indicators.load() == 0) {
+        detail::MainQueue::shared()->postUnhurried(std::move(change));
+    } else {
+        DispatchQueue::main().async(std::move(changeAndTell));
+    }
+}
 
 std::int64_t checkedSum(std::int64_t a, std::int64_t b) {
     std::int64_t sum = 0;
@@ -31,18 +42,17 @@ std::int64_t NetworkActivityCounter::counter = 0;
 
 void NetworkActivityCounter::setCounter(std::int64_t value) {
     counter = value;
-    if (indicators.load() == 0) return;
     DispatchQueue::main().async([] {
         if (const Indicator& indicator = installedIndicator()) indicator(counter != 0);
     });
 }
 
 void NetworkActivityCounter::increase() {
-    DispatchQueue::main().async([] { setCounter(checkedSum(counter, 1)); });
+    post([] { counter = checkedSum(counter, 1); }, [] { setCounter(checkedSum(counter, 1)); });
 }
 
 void NetworkActivityCounter::decrease() {
-    DispatchQueue::main().async([] { setCounter(checkedSum(counter, -1)); });
+    post([] { counter = checkedSum(counter, -1); }, [] { setCounter(checkedSum(counter, -1)); });
 }
 
 void NetworkActivityCounter::setIndicator(Indicator indicator) {

@@ -85,6 +85,23 @@ TEST_F(NetworkActivityCounterTest, ASignIsNotToldOfThePresentStateWhenItIsInstal
     test::settleMainQueue();
 }
 
+TEST_F(NetworkActivityCounterTest, ChangesMadeWhileThereIsNoSignCountAndNobodyIsToldOfThemLater) {
+    NetworkActivityCounter::setIndicator(nullptr);
+    test::settleMainQueue();
+    for (int i = 0; i < 100; ++i) NetworkActivityCounter::increase();
+    NetworkActivityCounter::decrease();
+    std::vector<bool> late;
+    NetworkActivityCounter::setIndicator([&late](bool visible) { late.push_back(visible); });
+    EXPECT_EQ(test::activityCounter(), 99);
+    test::settleMainQueue();
+    EXPECT_TRUE(late.empty());
+    NetworkActivityCounter::decrease();
+    test::settleMainQueue();
+    EXPECT_EQ(late, std::vector<bool>{true});
+    NetworkActivityCounter::setIndicator(nullptr);
+    test::settleMainQueue();
+}
+
 TEST_F(NetworkActivityCounterTest, TheCallingThreadOnlyPosts) {
     const test::Event release;
     const test::Event blocked;

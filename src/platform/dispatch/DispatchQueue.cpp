@@ -6,16 +6,6 @@
 
 namespace VanticRestKit {
 
-namespace {
-
-const std::shared_ptr<detail::MainQueue>& mainQueue() {
-    static const auto& queue =
-        *new std::shared_ptr<detail::MainQueue>(std::make_shared<detail::MainQueue>("main"));
-    return queue;
-}
-
-}  // namespace
-
 DispatchQueue::DispatchQueue(std::string label)
     : queue_(std::make_shared<detail::Strand>(std::move(label))) {}
 
@@ -26,12 +16,13 @@ DispatchQueue DispatchQueue::withOwnThread(std::string label) {
 }
 
 DispatchQueue& DispatchQueue::main() {
-    static DispatchQueue& queue = *new DispatchQueue(std::shared_ptr<detail::Queue>(mainQueue()));
+    static DispatchQueue& queue =
+        *new DispatchQueue(std::shared_ptr<detail::Queue>(detail::MainQueue::shared()));
     return queue;
 }
 
 bool DispatchQueue::setMain(UniqueFunction<void(Block)> executor) {
-    return mainQueue()->setExecutor(std::move(executor));
+    return detail::MainQueue::shared()->setExecutor(std::move(executor));
 }
 
 void DispatchQueue::async(Block block) const {

@@ -4,14 +4,15 @@
 
 namespace VanticRestKit::detail {
 
-void MainQueue::post(Block block) {
-    std::shared_ptr<Queue> queue;
-    {
-        const std::lock_guard lock(mutex_);
-        if (queue_ == nullptr) queue_ = std::make_shared<Strand>(label());
-        queue = queue_;
-    }
-    queue->post(std::move(block));
+const std::shared_ptr<MainQueue>& MainQueue::shared() {
+    static const auto& queue = *new std::shared_ptr<MainQueue>(std::make_shared<MainQueue>("main"));
+    return queue;
+}
+
+std::shared_ptr<Queue> MainQueue::decided() {
+    const std::lock_guard lock(mutex_);
+    if (queue_ == nullptr) queue_ = std::make_shared<Strand>(label());
+    return queue_;
 }
 
 bool MainQueue::setExecutor(UniqueFunction<void(Block)> executor) {

@@ -3,12 +3,14 @@
 
 namespace VanticRestKit::detail {
 
-void Strand::post(Block block) {
+void Strand::add(Block block, bool isUnhurried) {
     auto node = std::make_unique<BlockNode>(std::move(block));
     {
         const std::lock_guard lock(mutex_);
         blocks_.push(std::move(node));
         if (isScheduled_) return;
+        if (isUnhurried && ++unhurried_ < mostUnhurried) return;
+        unhurried_ = 0;
         isScheduled_ = true;
     }
     Pool::shared().add(shared_from_this());

@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <mutex>
+#include <utility>
 
 namespace VanticRestKit::detail {
 
@@ -15,7 +16,11 @@ class MainQueue final : public Queue {
 public:
     using Queue::Queue;
 
-    void post(Block block) override;
+    /// The one of this process.
+    static const std::shared_ptr<MainQueue>& shared();
+
+    void post(Block block) override { decided()->post(std::move(block)); }
+    void postUnhurried(Block block) override { decided()->postUnhurried(std::move(block)); }
 
     /// Returns whether `executor` was accepted.
     bool setExecutor(UniqueFunction<void(Block)> executor);
@@ -24,6 +29,8 @@ protected:
     const void* identity() const noexcept override;
 
 private:
+    std::shared_ptr<Queue> decided();
+
     mutable std::mutex mutex_;
     /// Null until decided, then the same for good.
     std::shared_ptr<Queue> queue_;

@@ -6,6 +6,7 @@
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 
 #include <string>
+#include <utility>
 
 namespace VanticRestKit::detail {
 
@@ -19,6 +20,10 @@ public:
 
     /// Posts a block that is not empty. The caller keeps the queue alive during the call.
     virtual void post(Block block) = 0;
+
+    /// Posts a block whose effect only later blocks of this queue can see: it has its place in the order, but
+    /// the queue may leave it waiting until such a block comes, or some more of its own kind.
+    virtual void postUnhurried(Block block) { post(std::move(block)); }
 
     const std::string& label() const noexcept { return label_; }
 
