@@ -63,8 +63,10 @@ void IoLoop::run(ExitGate& gate) {
         timeOutIdle();
         resets_.shutDownQuiet(now_);
         admit();
+        deliver();
         wait();
     }
+    deliver();
 }
 
 bool IoLoop::readInbox() {
@@ -266,8 +268,21 @@ void IoLoop::end(Exchange& exchange, Outcome outcome) {
     release(exchange);
     std::shared_ptr<Transfer> transfer = exchange.transfer();
     exchanges_.erase(transfer.get());
-    delegateQueue_.async([transfer = std::move(transfer), outcome = std::move(outcome)]() mutable {
-        transfer->complete(std::move(outcome));
+    ended_.push_back({std::move(transfer), std::move(outcome)});
+}
+
+// Once in a round: the delegate thread is woken once for all, and does not take the processor from this one
+// before the round is over.
+void IoLoop::deliver() {
+    if (ended_.empty()) return;
+    std::vector<Ended> ended = std::move(ended_);
+    ended_ = {};
+    ended_.reserve(ended.size());
+    delegateQueue_.async([ended = std::move(ended)]() mutable {
+        for (Ended& each : ended) {
+            Ended one = std::move(each);
+            one.transfer->complete(std::move(one.outcome));
+        }
     });
 }
 

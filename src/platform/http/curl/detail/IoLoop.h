@@ -40,6 +40,10 @@ public:
     void run(ExitGate& gate);
 
 private:
+    struct Ended {
+        std::shared_ptr<Transfer> transfer;
+        Outcome outcome;
+    };
     using Exchanges = std::unordered_map<const Transfer*, std::unique_ptr<Exchange>>;
 
     bool readInbox();
@@ -58,6 +62,7 @@ private:
     bool movedUnseen(Exchange& exchange);
     void release(Exchange& exchange);
     void end(Exchange& exchange, Outcome outcome);
+    void deliver();
     void wait();
 
     const std::chrono::duration<double> usualInterval_;
@@ -75,6 +80,7 @@ private:
     StreamResets resets_;
     [[maybe_unused]] SessionStorage storage_;
     Exchanges exchanges_;
+    std::vector<Ended> ended_;
     std::vector<Inbox::Message> messages_;
     TimePoint now_{};
 };
