@@ -54,6 +54,20 @@ TEST(IdleDeadlines, ComeInTheirOrder) {
     deadlines.forget(idlers[0]);
 }
 
+TEST(IdleDeadlines, StandInTheOrderOfTheirTimesHoweverTheyCome) {
+    IdleDeadlines deadlines;
+    std::array<Idler, 5> idlers{idlerOf(seconds(20)), idlerOf(seconds(50)), idlerOf(seconds(10)),
+                                idlerOf(seconds(40)), idlerOf(seconds(30))};
+    for (Idler& idler : idlers) deadlines.watch(idler, start);
+    deadlines.forget(idlers[3]);
+    deadlines.forget(idlers[3]);
+    for (const std::size_t next : {2U, 0U, 4U, 1U}) {
+        EXPECT_EQ(deadlines.next(), idlers[next].deadline());
+        EXPECT_EQ(deadlines.takeExpired(start + seconds(60)), &idlers[next]);
+    }
+    EXPECT_EQ(deadlines.next(), std::nullopt);
+}
+
 TEST(IdleDeadlines, OneThatMovedAfterAllIsWatchedOn) {
     IdleDeadlines deadlines;
     Idler idler = idlerOf(seconds(10));

@@ -42,11 +42,10 @@ std::size_t onBody(char* bytes, std::size_t size, std::size_t count, void* user)
     return attempt.fault ? 0 : piece.size();
 }
 
-int onProgress(void* user, curl_off_t, curl_off_t downloaded, curl_off_t, curl_off_t uploaded) {
+// Of what is received the others tell already.
+int onProgress(void* user, curl_off_t, curl_off_t, curl_off_t, curl_off_t uploaded) {
     Attempt& attempt = attemptOf(user);
-    if (downloaded != attempt.downloaded) attempt.received();
     if (uploaded != attempt.uploaded) attempt.moved();
-    attempt.downloaded = downloaded;
     attempt.uploaded = uploaded;
     return 0;
 }
@@ -87,7 +86,6 @@ void setCallbacks(Options& options, EasyHandle& handle, Connections& connections
     options.set(CURLOPT_HEADERDATA, &handle);
     options.set(CURLOPT_WRITEFUNCTION, &onBody);
     options.set(CURLOPT_WRITEDATA, &handle);
-    options.set(CURLOPT_NOPROGRESS, 0L);
     options.set(CURLOPT_XFERINFOFUNCTION, &onProgress);
     options.set(CURLOPT_XFERINFODATA, &handle);
     options.set(CURLOPT_PREREQFUNCTION, &onReadyToSend);

@@ -14,10 +14,9 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-std::string endsText(std::string_view remoteAddress, int remotePort, std::string_view localAddress,
-                     int localPort) {
-    std::string text;
-    text.reserve(2 * INET6_ADDRSTRLEN);
+void writeEnds(std::string& text, std::string_view remoteAddress, int remotePort,
+               std::string_view localAddress, int localPort) {
+    text.clear();
     const auto add = [&text](std::string_view address, int port) {
         std::array<char, 12> digits;
         const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), port);
@@ -25,7 +24,6 @@ std::string endsText(std::string_view remoteAddress, int remotePort, std::string
     };
     add(remoteAddress, remotePort);
     add(localAddress, localPort);
-    return text;
 }
 
 struct End {
@@ -60,7 +58,9 @@ std::string endsOf(int socket) {
     const auto remote = endOf(socket, &getpeername);
     const auto local = endOf(socket, &getsockname);
     if (!remote || !local) return {};
-    return endsText(remote->address.data(), remote->port, local->address.data(), local->port);
+    std::string text;
+    writeEnds(text, remote->address.data(), remote->port, local->address.data(), local->port);
+    return text;
 }
 
 }  // namespace
@@ -82,16 +82,15 @@ int Connections::close(int socket) {
 
 std::shared_ptr<Connection> Connections::find(const ConnectionEnds& ends) {
     if (ends.remoteAddress == nullptr || ends.localAddress == nullptr) return nullptr;
-    const std::string wanted =
-        endsText(ends.remoteAddress, ends.remotePort, ends.localAddress, ends.localPort);
-    if (const auto found = byEnds_.find(wanted); found != byEnds_.end()) return found->second;
+    writeEnds(wanted_, ends.remoteAddress, ends.remotePort, ends.localAddress, ends.localPort);
+    if (const auto found = byEnds_.find(wanted_); found != byEnds_.end()) return found->second;
     // A connection is looked at once, after it was made.
     for (const auto& [socket, connection] : bySocket_) {
         if (!connection->ends.empty()) continue;
         connection->ends = endsOf(socket);
         if (connection->ends.empty()) continue;
         byEnds_[connection->ends] = connection;
-        if (connection->ends == wanted) return connection;
+        if (connection->ends == wanted_) return connection;
     }
     return nullptr;
 }

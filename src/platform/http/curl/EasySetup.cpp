@@ -31,6 +31,8 @@ void setBody(Options& options, const Data& body) {
     // libcurl reads it in place; the exchange keeps it.
     options.set(CURLOPT_POSTFIELDS, body.data());
     options.set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
+    // A body on its way is told of; without one this would be a call for each look at the request.
+    options.set(CURLOPT_NOPROGRESS, 0L);
 }
 
 void setMethodAndBody(Options& options, const URLRequest& request) {

@@ -5,8 +5,6 @@
 
 #include <chrono>
 #include <optional>
-#include <set>
-#include <utility>
 
 namespace VanticRestKit::detail {
 
@@ -35,11 +33,21 @@ private:
     Clock::duration interval_{};
     TimePoint lastMoved_{};
     TimePoint noted_{};
+    // The neighbours in the watcher's list; null for one that is not watched.
+    Idler* before_ = nullptr;
+    Idler* behind_ = nullptr;
 };
 
 /// Keeps watch over idlers; does not own them.
+///
+/// They stand in a ring in the order of their deadlines. A new one is looked a place for from the end on,
+/// which it finds at once where all have the same interval.
 class IdleDeadlines {
 public:
+    IdleDeadlines() { ring_.before_ = ring_.behind_ = &ring_; }
+    IdleDeadlines(const IdleDeadlines&) = delete;
+    IdleDeadlines& operator=(const IdleDeadlines&) = delete;
+
     /// Starts the watch over `idler` at `now`.
     void watch(Idler& idler, TimePoint now) {
         idler.lastMoved_ = now;
@@ -47,13 +55,18 @@ public:
     }
 
     /// Ends the watch; does nothing to one that is not watched.
-    void forget(Idler& idler) { noted_.erase({idler.noted_, &idler}); }
+    void forget(Idler& idler) {
+        if (idler.behind_ == nullptr) return;
+        idler.before_->behind_ = idler.behind_;
+        idler.behind_->before_ = idler.before_;
+        idler.before_ = idler.behind_ = nullptr;
+    }
 
     /// An idler whose time is up at `now`, no longer watched; null if there is none.
     Idler* takeExpired(TimePoint now) {
-        while (!noted_.empty() && noted_.begin()->first <= now) {
-            Idler& idler = *noted_.begin()->second;
-            noted_.erase(noted_.begin());
+        while (!isEmpty() && ring_.behind_->noted_ <= now) {
+            Idler& idler = *ring_.behind_;
+            forget(idler);
             if (idler.deadline() <= now) return &idler;
             note(idler);
         }
@@ -65,17 +78,25 @@ public:
 
     /// When to look again; empty if nobody is watched.
     std::optional<TimePoint> next() const {
-        if (noted_.empty()) return std::nullopt;
-        return noted_.begin()->first;
+        if (isEmpty()) return std::nullopt;
+        return ring_.behind_->noted_;
     }
 
 private:
+    bool isEmpty() const { return ring_.behind_ == &ring_; }
+
     void note(Idler& idler) {
         idler.noted_ = idler.deadline();
-        noted_.emplace(idler.noted_, &idler);
+        Idler* last = ring_.before_;
+        while (last != &ring_ && last->noted_ > idler.noted_) last = last->before_;
+        idler.before_ = last;
+        idler.behind_ = last->behind_;
+        last->behind_->before_ = &idler;
+        last->behind_ = &idler;
     }
 
-    std::set<std::pair<TimePoint, Idler*>> noted_;
+    // Its ends are neighbours of this one, which is nobody's.
+    Idler ring_;
 };
 
 /// `seconds` as an interval that can be added to any time of the clock; `fallback` where it is not above

@@ -62,6 +62,8 @@ public:
 private:
     std::unordered_map<int, std::shared_ptr<Connection>> bySocket_;
     std::unordered_map<std::string, std::shared_ptr<Connection>> byEnds_;
+    // What is looked for; kept for its memory.
+    std::string wanted_;
 };
 
 }  // namespace VanticRestKit::detail

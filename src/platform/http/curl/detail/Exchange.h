@@ -98,7 +98,6 @@ struct Attempt {
     std::shared_ptr<Connection> connection;
     /// The socket opened last for this request.
     int openedSocket = -1;
-    curl_off_t downloaded = 0;
     curl_off_t uploaded = 0;
 };
 
