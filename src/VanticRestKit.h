@@ -15,6 +15,7 @@
 #include <VanticRestKit/platform/dispatch/DispatchWorkItem.h>
 #include <VanticRestKit/platform/dispatch/OperationQueue.h>
 #include <VanticRestKit/platform/dispatch/Replaceable.h>
+#include <VanticRestKit/platform/dispatch/SharedFunction.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/platform/error/AnyValue.h>
 #include <VanticRestKit/platform/error/Error.h>

@@ -3,10 +3,10 @@
 /// \file
 /// `NetworkActivityCounter`: drives the host's sign of network activity.
 
+#include <VanticRestKit/platform/dispatch/SharedFunction.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <cstdint>
-#include <functional>
 
 namespace VanticRestKit {
 
@@ -22,7 +22,7 @@ class VRK_EXPORT NetworkActivityCounter {
 public:
     /// Receives whether the sign is to be visible. Called on the main queue, once after each change of the
     /// counter, with what the counter says by then.
-    using Indicator = std::function<void(bool visible)>;
+    using Indicator = SharedFunction<void(bool visible)>;
 
     /// Adds one.
     static void increase();

@@ -5,28 +5,36 @@
 
 #include <concepts>
 #include <initializer_list>
-#include <string>
+#include <map>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace VanticRestKit {
 
 namespace detail {
 
-template <class T>
-concept ListLike = !std::same_as<T, std::string> && requires {
-    typename T::value_type;
-}
-&&std::constructible_from<T, std::initializer_list<typename T::value_type>>;
-
+/// What stands between the braces of a list or a dictionary. Named type by type, which a compiler settles
+/// much faster than the question what can be constructed from what.
 template <class T>
 struct ListElement {
     struct type {};
 };
-template <ListLike T>
-struct ListElement<T> {
-    using type = typename T::value_type;
+template <class T>
+struct ListElement<std::vector<T>> {
+    using type = T;
 };
+template <class Key, class T, class Compare>
+struct ListElement<std::map<Key, T, Compare>> {
+    using type = std::pair<const Key, T>;
+};
+
+template <class T>
+inline constexpr bool isListLike = false;
+template <class T>
+inline constexpr bool isListLike<std::vector<T>> = true;
+template <class Key, class T, class Compare>
+inline constexpr bool isListLike<std::map<Key, T, Compare>> = true;
 
 template <class U, class T>
 concept FillsByBraces = std::convertible_to<U, T> && requires(U&& value) {
@@ -38,7 +46,7 @@ concept FillsByBraces = std::convertible_to<U, T> && requires(U&& value) {
 /// A field of a label struct that the caller must give: leaving it out does not compile.
 ///
 /// It takes whatever converts to `T` without narrowing (so `5u`, not `5`, for an unsigned number), and for a
-/// list or a dictionary also its elements in braces. An empty list is written with its type:
+/// vector or a map also its elements in braces. An empty list is written with its type:
 /// `.queries = std::vector<URLQueryItem>{}`, because `{}` is what a field that was left out reads like.
 ///
 /// ```cpp
@@ -53,12 +61,12 @@ template <class T>
 class Required {
 public:
 #if defined(__clang__)
-    Required() requires detail::ListLike<T>
+    Required() requires detail::isListLike<T>
     = delete;
 #else
     // Never satisfied. GCC takes a deleted constructor for one that can be called when it compares overloads;
     // Clang overlooks one whose constraint is not met and reads `{}` as an empty list.
-    Required() requires(detail::ListLike<T> && !std::same_as<T, T>);
+    Required() requires(detail::isListLike<T> && !std::same_as<T, T>);
 #endif
 
     template <class U>
@@ -67,7 +75,7 @@ public:
         : value_{std::forward<U>(value)} {}
 
     constexpr Required(
-        std::initializer_list<typename detail::ListElement<T>::type> elements) requires detail::ListLike<T>
+        std::initializer_list<typename detail::ListElement<T>::type> elements) requires detail::isListLike<T>
         : value_(elements) {}
 
     constexpr T& value() & noexcept { return value_; }

@@ -13,7 +13,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -178,6 +177,16 @@ struct own {
 
 namespace detail {
 
+/// A member's source: a field, or a function without arguments.
+template <class E, class F>
+const F& readFrom(const E& entity, F E::*field) {
+    return entity.*field;
+}
+template <class E, class F>
+F readFrom(const E& entity, F (E::*function)() const) {
+    return (entity.*function)();
+}
+
 template <class>
 struct OwnerOf;
 template <class E, class F>
@@ -198,7 +207,7 @@ constexpr bool allNeededAreIn(const CollectionItemTable& table, std::index_seque
 template <CollectionItemMember Member, auto Source>
 void own<Member, Source>::get(const void* entity, void* value) {
     using Entity = typename detail::OwnerOf<decltype(Source)>::Entity;
-    *static_cast<Type*>(value) = std::invoke(Source, *static_cast<const Entity*>(entity));
+    *static_cast<Type*>(value) = detail::readFrom(*static_cast<const Entity*>(entity), Source);
 }
 
 /// Makes the table of an entity from its rows. A member without a default must be among them.

@@ -13,7 +13,6 @@
 #include <VanticRestKit/Visibility.h>
 
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <string>
 

@@ -4,13 +4,13 @@
 /// `AnyValue`: a value of free-form data.
 
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/Visibility.h>
 
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <variant>
 
 namespace VanticRestKit {
@@ -28,7 +28,7 @@ concept WholeNumber = std::integral<I> && NoneOf<I, bool, char, wchar_t, char8_t
 
 /// A value of free-form data: text, a whole number, a truth value, a floating-point number, an error, or
 /// something else that the library carries without looking into it.
-class AnyValue {
+class VRK_EXPORT AnyValue {
 public:
     /// A value of none of the other kinds. It does not travel to a service.
     struct Other {
@@ -37,48 +37,55 @@ public:
     };
 
     /// Of none of the other kinds, without a description.
-    AnyValue() = default;
-    AnyValue(std::string text) : value_(std::move(text)) {}
-    AnyValue(std::string_view text) : value_(std::string(text)) {}
-    AnyValue(const char* text) : value_(std::string(text)) {}
+    AnyValue();
+    AnyValue(std::string text);
+    AnyValue(std::string_view text);
+    AnyValue(const char* text);
     AnyValue(std::nullptr_t) = delete;
     /// Templates, as this and those for numbers are, take no other type by conversion: a pointer would turn
     /// into a truth value, a character into a number.
     template <std::same_as<bool> B>
-    AnyValue(B truth) : value_(truth) {}
+    AnyValue(B truth) : AnyValue(ofTruth(truth)) {}
     /// A number too great for 64 bits with a sign is of the other kind, with its digits as the description.
     template <detail::WholeNumber I>
-    AnyValue(I number) {
-        if (std::in_range<std::int64_t>(number)) {
-            value_ = static_cast<std::int64_t>(number);
-        } else {
-            value_ = Other{std::to_string(number)};
-        }
-    }
+    AnyValue(I number)
+        : AnyValue(std::signed_integral<I> ? ofInteger(static_cast<std::int64_t>(number))
+                                           : ofUnsigned(static_cast<std::uint64_t>(number))) {}
     template <std::floating_point F>
-    AnyValue(F number) : value_(static_cast<double>(number)) {}
-    AnyValue(Error error) : value_(std::move(error)) {}
-    AnyValue(Other other) : value_(std::move(other)) {}
+    AnyValue(F number) : AnyValue(ofNumber(static_cast<double>(number))) {}
+    AnyValue(Error error);
+    AnyValue(Other other);
+
+    AnyValue(const AnyValue& other);
+    AnyValue(AnyValue&& other) noexcept;
+    AnyValue& operator=(const AnyValue& other);
+    AnyValue& operator=(AnyValue&& other) noexcept;
+    ~AnyValue();
 
     /// The text, or null where this is no text.
-    const std::string* text() const noexcept { return std::get_if<std::string>(&value_); }
+    const std::string* text() const noexcept;
     /// The whole number, or null. A truth value is no number.
-    const std::int64_t* integer() const noexcept { return std::get_if<std::int64_t>(&value_); }
+    const std::int64_t* integer() const noexcept;
     /// The truth value, or null.
-    const bool* boolean() const noexcept { return std::get_if<bool>(&value_); }
+    const bool* boolean() const noexcept;
     /// The floating-point number, or null. A whole number is none.
-    const double* number() const noexcept { return std::get_if<double>(&value_); }
+    const double* number() const noexcept;
     /// The error, or null.
-    const Error* error() const noexcept { return std::get_if<Error>(&value_); }
+    const Error* error() const noexcept;
     /// What is of none of the other kinds, or null.
-    const Other* other() const noexcept { return std::get_if<Other>(&value_); }
+    const Other* other() const noexcept;
 
     /// Whether both are of one kind and equal. 1 and 1.0 are of two kinds; of errors, only handles of one
     /// error are equal.
-    friend bool operator==(const AnyValue&, const AnyValue&) = default;
+    friend VRK_EXPORT bool operator==(const AnyValue& a, const AnyValue& b);
 
 private:
-    std::variant<std::string, std::int64_t, bool, double, Error, Other> value_{Other{}};
+    static AnyValue ofTruth(bool truth);
+    static AnyValue ofInteger(std::int64_t number);
+    static AnyValue ofUnsigned(std::uint64_t number);
+    static AnyValue ofNumber(double number);
+
+    std::variant<std::string, std::int64_t, bool, double, Error, Other> value_;
 };
 
 template <class T>

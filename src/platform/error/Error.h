@@ -8,7 +8,6 @@
 
 #include <concepts>
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <memory>
 #include <string>

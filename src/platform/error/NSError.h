@@ -10,20 +10,17 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <utility>
 
 namespace VanticRestKit {
 
 /// An error told by its parts alone: domain, code and user information.
 class VRK_EXPORT NSError {
 public:
-    NSError(std::string domain, std::int64_t code, Dictionary userInfo = {})
-        : domain_(std::move(domain)), code_(code), userInfo_(std::move(userInfo)) {}
+    NSError(std::string domain, std::int64_t code);
+    NSError(std::string domain, std::int64_t code, Dictionary userInfo);
 
     /// The parts of any error, and its description: what the platform's bridge makes of it.
-    explicit NSError(const Error& error) : NSError(error.domain(), error.code(), error.userInfo()) {
-        description_ = error.localizedDescription();
-    }
+    explicit NSError(const Error& error);
 
     const std::string& domain() const noexcept { return domain_; }
     std::int64_t code() const noexcept { return code_; }
@@ -33,10 +30,10 @@ public:
     std::string localizedDescription() const;
 
     static const ErrorTag& errorTag();
-    std::string errorDomain() const { return domain_; }
+    std::string errorDomain() const;
     std::int64_t errorCode() const { return code_; }
-    Dictionary errorUserInfo() const { return userInfo_; }
-    std::string generalDescription() const { return localizedDescription(); }
+    Dictionary errorUserInfo() const;
+    std::string generalDescription() const;
 
 private:
     std::string domain_;

@@ -1,5 +1,7 @@
 #include <VanticRestKit/platform/json/DecodingError.h>
 
+#include <utility>
+
 namespace VanticRestKit {
 
 namespace {
@@ -12,6 +14,12 @@ bool isMissing(DecodingError::Kind kind) {
 }
 
 }  // namespace
+
+CodingKey::CodingKey(std::string key) : key_(std::move(key)) {}
+CodingKey::CodingKey(const char* key) : key_(key) {}
+
+DecodingError::DecodingError(Kind kind, CodingPath path, std::string debugDescription)
+    : kind_(kind), path_(std::move(path)), debugDescription_(std::move(debugDescription)) {}
 
 const ErrorTag& DecodingError::errorTag() {
     static const ErrorTag tag;

@@ -7,29 +7,30 @@
 #include <VanticRestKit/Visibility.h>
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
-#include <utility>
-#include <variant>
 #include <vector>
 
 namespace VanticRestKit {
 
 /// One step on the way from the root of a document to a value in it: a key of an object or a place in an array.
-class CodingKey {
+class VRK_EXPORT CodingKey {
 public:
-    CodingKey(std::string key) : step_(std::move(key)) {}
-    CodingKey(const char* key) : step_(std::string(key)) {}
-    CodingKey(std::size_t index) : step_(index) {}
+    CodingKey(std::string key);
+    CodingKey(const char* key);
+    CodingKey(std::size_t index) : index_(index) {}
 
     /// The key, or null where this step is a place in an array.
-    const std::string* key() const noexcept { return std::get_if<std::string>(&step_); }
+    const std::string* key() const noexcept { return key_ ? &*key_ : nullptr; }
     /// The place, counted from 0, or null where this step is a key.
-    const std::size_t* index() const noexcept { return std::get_if<std::size_t>(&step_); }
+    const std::size_t* index() const noexcept { return key_ ? nullptr : &index_; }
 
     friend bool operator==(const CodingKey&, const CodingKey&) = default;
 
 private:
-    std::variant<std::string, std::size_t> step_;
+    std::optional<std::string> key_;
+    std::size_t index_ = 0;
 };
 
 /// The way from the root of a document to a value in it; empty for the root itself.
@@ -45,8 +46,7 @@ public:
         dataCorrupted,  ///< The document is no JSON, or a value cannot be what it must be.
     };
 
-    DecodingError(Kind kind, CodingPath path, std::string debugDescription)
-        : kind_(kind), path_(std::move(path)), debugDescription_(std::move(debugDescription)) {}
+    DecodingError(Kind kind, CodingPath path, std::string debugDescription);
 
     Kind kind() const noexcept { return kind_; }
     /// Down to the key at fault, the missing key included; empty for a fault of the document's structure.

@@ -10,7 +10,6 @@
 #include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/platform/json/TypePlan.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>

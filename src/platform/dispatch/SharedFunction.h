@@ -1,0 +1,50 @@
+#pragma once
+
+/// \file
+/// `SharedFunction`, a callable whose copies are one.
+
+#include <VanticRestKit/platform/dispatch/UniqueFunction.h>
+
+#include <cstddef>
+#include <cstdlib>
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+namespace VanticRestKit {
+
+template <class Signature>
+class SharedFunction;
+
+/// A handle over one callable of any type. Copies share it: a copy costs a reference count, and what the
+/// callable keeps for itself it keeps for all of them. In place of `std::function`, whose header alone would
+/// be a tenth of what this library costs a host to compile.
+///
+/// Empty when made from nothing, from `nullptr`, or from an empty pointer or wrapper; calling an empty one
+/// ends the process. Several threads may call it at once where the callable stands that.
+template <class R, class... Args>
+class SharedFunction<R(Args...)> {
+public:
+    SharedFunction() noexcept = default;
+    SharedFunction(std::nullptr_t) noexcept {}
+
+    template <class F>
+    requires(!std::is_same_v<std::decay_t<F>, SharedFunction> &&
+             std::is_constructible_v<UniqueFunction<R(Args...)>, F>) SharedFunction(F&& function) {
+        UniqueFunction<R(Args...)> made(std::forward<F>(function));
+        if (made) function_ = std::make_shared<UniqueFunction<R(Args...)>>(std::move(made));
+    }
+
+    /// Whether there is something to call.
+    explicit operator bool() const noexcept { return function_ != nullptr; }
+
+    R operator()(Args... args) const {
+        if (function_ == nullptr) std::abort();
+        return (*function_)(std::forward<Args>(args)...);
+    }
+
+private:
+    std::shared_ptr<UniqueFunction<R(Args...)>> function_;
+};
+
+}  // namespace VanticRestKit
