@@ -17,8 +17,8 @@ template <class Signature>
 class SharedFunction;
 
 /// A handle over one callable of any type. Copies share it: a copy costs a reference count, and what the
-/// callable keeps for itself it keeps for all of them. In place of `std::function`, whose header alone would
-/// be a tenth of what this library costs a host to compile.
+/// callable keeps for itself it keeps for all of them. In place of `std::function`, whose header would
+/// add a twelfth to what all of this library costs a host to compile.
 ///
 /// Empty when made from nothing, from `nullptr`, or from an empty pointer or wrapper; calling an empty one
 /// ends the process. Several threads may call it at once where the callable stands that.
