@@ -20,16 +20,6 @@ NetworkActivityCounter::Indicator& installedIndicator() {
 // that is posted now, since an indicator that comes later is told of later changes only.
 std::atomic<std::int64_t> indicators = 0;
 
-// Posts `change`, or `changeAndTell` where there is somebody to be told. One that nobody is told of can wait
-// for the next: each would cost a load the wake of a thread.
-void post(Block change, Block changeAndTell) {
-    if (indicators.load() == 0) {
-        detail::MainQueue::shared()->postUnhurried(std::move(change));
-    } else {
-        DispatchQueue::main().async(std::move(changeAndTell));
-    }
-}
-
 std::int64_t checkedSum(std::int64_t a, std::int64_t b) {
     std::int64_t sum = 0;
     if (__builtin_add_overflow(a, b, &sum)) std::abort();
@@ -47,13 +37,18 @@ void NetworkActivityCounter::setCounter(std::int64_t value) {
     });
 }
 
-void NetworkActivityCounter::increase() {
-    post([] { counter = checkedSum(counter, 1); }, [] { setCounter(checkedSum(counter, 1)); });
+void NetworkActivityCounter::change(std::int64_t by) {
+    if (indicators.load() == 0) {
+        // A change that nobody is told of can wait for the next: each would cost a load the wake of a thread.
+        detail::MainQueue::shared()->postUnhurried([by] { counter = checkedSum(counter, by); });
+    } else {
+        DispatchQueue::main().async([by] { setCounter(checkedSum(counter, by)); });
+    }
 }
 
-void NetworkActivityCounter::decrease() {
-    post([] { counter = checkedSum(counter, -1); }, [] { setCounter(checkedSum(counter, -1)); });
-}
+void NetworkActivityCounter::increase() { change(1); }
+
+void NetworkActivityCounter::decrease() { change(-1); }
 
 void NetworkActivityCounter::setIndicator(Indicator indicator) {
     if (indicator) ++indicators;

@@ -38,6 +38,7 @@ private:
 
     NetworkActivityCounter() = default;
 
+    static void change(std::int64_t by);
     static void setCounter(std::int64_t value);
 
     static std::int64_t counter;

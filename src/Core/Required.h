@@ -14,11 +14,13 @@ namespace VanticRestKit {
 
 namespace detail {
 
+struct NoElement {};
+
 /// What stands between the braces of a list or a dictionary. Named type by type, which a compiler settles
 /// much faster than the question what can be constructed from what.
 template <class T>
 struct ListElement {
-    struct type {};
+    using type = NoElement;
 };
 template <class T>
 struct ListElement<std::vector<T>> {
@@ -30,11 +32,7 @@ struct ListElement<std::map<Key, T, Compare>> {
 };
 
 template <class T>
-inline constexpr bool isListLike = false;
-template <class T>
-inline constexpr bool isListLike<std::vector<T>> = true;
-template <class Key, class T, class Compare>
-inline constexpr bool isListLike<std::map<Key, T, Compare>> = true;
+inline constexpr bool isListLike = !std::is_same_v<typename ListElement<T>::type, NoElement>;
 
 template <class U, class T>
 concept FillsByBraces = std::convertible_to<U, T> && requires(U&& value) {

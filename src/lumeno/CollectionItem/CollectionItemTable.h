@@ -15,6 +15,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -177,16 +178,6 @@ struct own {
 
 namespace detail {
 
-/// A member's source: a field, or a function without arguments.
-template <class E, class F>
-const F& readFrom(const E& entity, F E::*field) {
-    return entity.*field;
-}
-template <class E, class F>
-F readFrom(const E& entity, F (E::*function)() const) {
-    return (entity.*function)();
-}
-
 template <class>
 struct OwnerOf;
 template <class E, class F>
@@ -206,8 +197,12 @@ constexpr bool allNeededAreIn(const CollectionItemTable& table, std::index_seque
 
 template <CollectionItemMember Member, auto Source>
 void own<Member, Source>::get(const void* entity, void* value) {
-    using Entity = typename detail::OwnerOf<decltype(Source)>::Entity;
-    *static_cast<Type*>(value) = detail::readFrom(*static_cast<const Entity*>(entity), Source);
+    const auto& owner = *static_cast<const typename detail::OwnerOf<decltype(Source)>::Entity*>(entity);
+    if constexpr (std::is_member_function_pointer_v<decltype(Source)>) {
+        *static_cast<Type*>(value) = (owner.*Source)();
+    } else {
+        *static_cast<Type*>(value) = owner.*Source;
+    }
 }
 
 /// Makes the table of an entity from its rows. A member without a default must be among them.

@@ -1,5 +1,7 @@
 #include <VanticRestKit/platform/error/Error.h>
 
+#include <utility>
+
 namespace VanticRestKit {
 
 namespace {
@@ -29,6 +31,21 @@ std::string Error::localizedDescription() const {
     if (box_->describesItself()) return box_->description();
     return described(userInfo(), domain(), code());
 }
+
+NSError::NSError(std::string domain, std::int64_t code) : NSError(std::move(domain), code, {}) {}
+
+NSError::NSError(std::string domain, std::int64_t code, Dictionary userInfo)
+    : domain_(std::move(domain)), code_(code), userInfo_(std::move(userInfo)) {}
+
+NSError::NSError(const Error& error) : NSError(error.domain(), error.code(), error.userInfo()) {
+    description_ = error.localizedDescription();
+}
+
+std::string NSError::errorDomain() const { return domain_; }
+
+Dictionary NSError::errorUserInfo() const { return userInfo_; }
+
+std::string NSError::generalDescription() const { return localizedDescription(); }
 
 std::string NSError::localizedDescription() const {
     return description_ ? *description_ : described(userInfo_, domain_, code_);

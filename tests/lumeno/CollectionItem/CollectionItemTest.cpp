@@ -19,7 +19,7 @@ struct Podcast {
     std::vector<Link> categoryLinks{{.href = "category"}};
     std::vector<std::string> words{};
     Text none() const { return {}; }
-    std::optional<std::uint64_t> number() const { return 7; }
+    std::optional<std::uint64_t> number() const noexcept { return 7; }
     std::optional<DirectPlayableVideo> video() const { return DirectPlayableVideo{.id = name}; }
     Text slugOfTheShow() const { return CollectionItem::showSlug({.from = "a/b/" + name.value_or("")}); }
     friend bool operator==(const Podcast&, const Podcast&) = default;

@@ -10,8 +10,8 @@
 namespace VanticRestKit::detail {
 
 /// Each `ring` ends one `sleep`, also one that only begins later. Who sleeps and who is to be woken is
-/// decided under a lock of the user's, which both sides have given back when they come here; so nobody rings
-/// for nothing, and nobody who was woken waits for a lock.
+/// decided under a lock of the user's, so that nobody rings for nothing. A sleeper gives it back before it
+/// comes here; who rings does well to do the same, because the one who is woken wants it.
 ///
 /// A condition variable would do too, but its waiters cannot tell that a lock is free which they got back,
 /// and so give each one up with a system call.

@@ -275,11 +275,9 @@ void IoLoop::end(Exchange& exchange, Outcome outcome) {
 // before the round is over.
 void IoLoop::deliver() {
     if (ended_.empty()) return;
-    std::vector<Ended> ended = std::move(ended_);
-    ended_ = {};
-    ended_.reserve(ended.size());
-    delegateQueue_.async([ended = std::move(ended)]() mutable {
+    delegateQueue_.async([ended = std::exchange(ended_, {})]() mutable {
         for (Ended& each : ended) {
+            // Gone before the next one's turn, as if each had come alone.
             Ended one = std::move(each);
             one.transfer->complete(std::move(one.outcome));
         }

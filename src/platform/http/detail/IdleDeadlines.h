@@ -48,7 +48,8 @@ public:
     IdleDeadlines(const IdleDeadlines&) = delete;
     IdleDeadlines& operator=(const IdleDeadlines&) = delete;
 
-    /// Starts the watch over `idler` at `now`.
+    /// Starts the watch over `idler`, which is not watched yet, at `now`. It stays where it is until the watch
+    /// ends.
     void watch(Idler& idler, TimePoint now) {
         idler.lastMoved_ = now;
         note(idler);
