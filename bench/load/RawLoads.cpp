@@ -14,12 +14,19 @@ std::size_t collect(char* bytes, std::size_t size, std::size_t count, void* body
     return size * count;
 }
 
+// What the library's session adds to a request, so that both sides send the same bytes: libcurl's work grows
+// with each of them.
+curl_slist* sameHeaders() {
+    curl_slist* const codings = curl_slist_append(nullptr, "Accept-Encoding: gzip, deflate, br");
+    return curl_slist_append(codings, "User-Agent: VanticRestKit/" VRK_VERSION);
+}
+
 }  // namespace
 
 RawLoads::RawLoads(Settings settings)
     : settings_(std::move(settings)),
       multi_(curl_multi_init()),
-      headers_(curl_slist_append(nullptr, "Accept-Encoding: gzip, deflate, br")) {
+      headers_(sameHeaders()) {
     curl_multi_setopt(multi_, CURLMOPT_MAX_HOST_CONNECTIONS, settings_.connections);
 }
 

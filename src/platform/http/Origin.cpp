@@ -9,7 +9,8 @@ namespace {
 
 constexpr std::int64_t largestPort = 65535;
 
-// Scheme and authority as they are written; empty where there is not both.
+}  // namespace
+
 std::string_view beginningOf(const URL& url) {
     const std::string_view text = url.absoluteString();
     const auto authority = text.find("://");
@@ -17,7 +18,13 @@ std::string_view beginningOf(const URL& url) {
     return text.substr(0, text.find_first_of("/?#", authority + 3));
 }
 
-}  // namespace
+bool beginsWith(const URL& url, std::string_view beginning) {
+    const std::string_view text = url.absoluteString();
+    if (beginning.empty() || !text.starts_with(beginning)) return false;
+    if (text.size() == beginning.size()) return true;
+    const char next = text[beginning.size()];
+    return next == '/' || next == '?' || next == '#';
+}
 
 bool isSecure(const URL& url) { return sameHeaderName(url.scheme().value_or(""), "https"); }
 
@@ -29,14 +36,6 @@ std::string originOf(const URL& url) {
     origin += ':';
     origin += std::to_string(url.port().value_or(secure ? 443 : 80));
     return origin;
-}
-
-bool OriginMemo::knows(const URL& url) const {
-    const std::string_view text = url.absoluteString();
-    if (beginning_.empty() || !text.starts_with(beginning_)) return false;
-    if (text.size() == beginning_.size()) return true;
-    const char next = text[beginning_.size()];
-    return next == '/' || next == '?' || next == '#';
 }
 
 const std::string& OriginMemo::of(const URL& url) {

@@ -168,6 +168,48 @@ TEST(Requests, ThePathGoesOutAsItWasBuilt) {
     EXPECT_EQ(sent([](URLRequest&) {}, "/caf%C3%A9%2Fx#part").target, "/caf%C3%A9%2Fx");
 }
 
+TEST(Requests, AnAddressWithoutAPathAsksForTheRoot) {
+    FaultServer server(always(answer(200, "")));
+    const std::string address = "http://127.0.0.1:" + std::to_string(server.port());
+    const auto session = makeSession();
+    for (const char* rest : {"", "?q=1", "#part", "?#"}) load(*session, address + rest);
+    const auto requests = server.requests();
+    ASSERT_EQ(requests.size(), 4U);
+    EXPECT_EQ(requests[0].target, "/");
+    EXPECT_EQ(requests[1].target, "/?q=1");
+    EXPECT_EQ(requests[2].target, "/");
+    EXPECT_EQ(requests[3].target, "/?");
+}
+
+TEST(Requests, ServersThatTakeTurnsAreEachAskedForTheirOwn) {
+    FaultServer one(always(answer(200, "one")));
+    FaultServer other(always(answer(200, "other")));
+    const auto session = makeSession();
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(load(*session, one.url("/one?" + std::to_string(i))).body(), "one");
+        EXPECT_EQ(load(*session, other.url("/other")).body(), "other");
+    }
+    EXPECT_EQ(one.requests()[2].target, "/one?2");
+    EXPECT_EQ(one.requests()[2].header("host"), "127.0.0.1:" + std::to_string(one.port()));
+    EXPECT_EQ(other.requests()[2].target, "/other");
+    EXPECT_EQ(other.requests()[2].header("host"), "127.0.0.1:" + std::to_string(other.port()));
+}
+
+TEST(Requests, APortThatBeginsAsAnotherIsAnother) {
+    FaultServer server(always(answer(200, "right")));
+    const auto session = makeSession();
+    EXPECT_EQ(load(*session, server.url()).body(), "right");
+    const std::string longer = "http://127.0.0.1:" + std::to_string(server.port()) + "0/";
+    EXPECT_FALSE(load(*session, longer).succeeded());
+    EXPECT_EQ(load(*session, server.url()).body(), "right");
+}
+
+TEST(Requests, AnAddressWhoseHostCannotBeOneFails) {
+    const auto session = makeSession();
+    EXPECT_EQ(load(*session, "http://a%20b/").code(), URLErrorCode::badURL);
+    EXPECT_EQ(load(*session, "http://a%20b/").code(), URLErrorCode::badURL);
+}
+
 TEST(Requests, NoProxyOfTheEnvironmentCounts) {
     const std::string nowhere = "http://127.0.0.1:" + std::to_string(unusedPort());
     for (const char* name : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"}) {

@@ -1,13 +1,12 @@
 #include <VanticRestKit/platform/http/curl/detail/Callbacks.h>
 #include <VanticRestKit/platform/http/curl/detail/EasyHandle.h>
 #include <VanticRestKit/platform/http/curl/detail/Options.h>
+#include <VanticRestKit/platform/http/detail/Origin.h>
 
 namespace VanticRestKit::detail {
 
 namespace {
 
-// Larger pieces, fewer calls; each request under way has one such buffer.
-constexpr long receiveBuffer = 64 * 1024;
 
 void setConduct(Options& options) {
     options.set(CURLOPT_NOSIGNAL, 1L);
@@ -16,15 +15,14 @@ void setConduct(Options& options) {
     options.set(CURLOPT_PROTOCOLS_STR, "http,https");
     // A path goes out as it was built, dot segments included.
     options.set(CURLOPT_PATH_AS_IS, 1L);
-    // An empty text, not null: null would have the environment's proxies count.
+    // Empty texts, not null: null would have the environment's proxies count.
     options.set(CURLOPT_PROXY, "");
+    options.set(CURLOPT_NOPROXY, "");
     options.set(CURLOPT_NETRC, static_cast<long>(CURL_NETRC_IGNORED));
     // Redirects and content codings are ours: libcurl keeps a method where it must not, and takes a body for
     // whole whose coding is not.
     options.set(CURLOPT_FOLLOWLOCATION, 0L);
     options.set(CURLOPT_HTTP_CONTENT_DECODING, 0L);
-    // A handle that still has the buffer of an earlier request keeps it.
-    options.trySet(CURLOPT_BUFFERSIZE, receiveBuffer);
 }
 
 void setSecurity(Options& options, const EasySettings& settings) {
@@ -55,8 +53,29 @@ void EasyHandle::configure() {
     isGood_ = options.areTaken();
 }
 
+bool EasyHandle::goTo(const URL& url) {
+    if (!beginsWith(url, beginning_) && !readBeginning(url)) return false;
+    Options options(easy_);
+    options.set(CURLOPT_REQUEST_TARGET, url.requestTarget().c_str());
+    return options.areTaken();
+}
+
+bool EasyHandle::readBeginning(const URL& url) {
+    beginning_ = beginningOf(url);
+    address_.reset(curl_url());
+    const std::string root = beginning_ + '/';
+    if (curl_url_set(address_.get(), CURLUPART_URL, root.c_str(), 0) != CURLUE_OK) {
+        beginning_.clear();
+        return false;
+    }
+    Options options(easy_);
+    options.set(CURLOPT_CURLU, address_.get());
+    return options.areTaken();
+}
+
 void EasyHandle::renew() {
     curl_easy_reset(easy_);
+    beginning_.clear();
     isUsedUp = false;
     configure();
 }

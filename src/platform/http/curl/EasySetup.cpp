@@ -66,8 +66,7 @@ bool prepareEasy(Attempt& attempt, bool onNewConnection) {
     setConnection(options, attempt.exchange, onNewConnection);
     if (handle.isUsedUp) setMethodAndBody(options, request);
     options.set(CURLOPT_HTTPHEADER, attempt.headerLines.get());
-    options.set(CURLOPT_URL, request.url()->absoluteString().c_str());
-    return options.areTaken();
+    return options.areTaken() && handle.goTo(*request.url());
 }
 
 }  // namespace VanticRestKit::detail

@@ -9,11 +9,18 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace VanticRestKit::detail {
 
 /// Scheme, host and port as one text, the same for all URLs of one origin: "https://host:443".
 std::string originOf(const URL& url);
+
+/// Scheme and authority of `url` as they are written; empty where there is not both.
+std::string_view beginningOf(const URL& url);
+
+/// Whether `beginning`, which is not empty, is scheme and authority of `url` as they are written.
+bool beginsWith(const URL& url, std::string_view beginning);
 
 /// Whether `url` is one of https.
 bool isSecure(const URL& url);
@@ -26,7 +33,7 @@ std::optional<Fault> whyUnusable(const URLRequest& request);
 class OriginMemo {
 public:
     /// Whether `url` begins as the one remembered does, up to its path: requests can be sent there too.
-    bool knows(const URL& url) const;
+    bool knows(const URL& url) const { return beginsWith(url, beginning_); }
     /// `originOf(url)`, remembered. `url` is one that requests can be sent to.
     const std::string& of(const URL& url);
 

@@ -4,6 +4,7 @@
 /// `EasyHandle`: one of libcurl's easy handles with what stays set from request to request, and `EasyPool`.
 
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
+#include <VanticRestKit/platform/url/URL.h>
 
 #include <curl/curl.h>
 
@@ -46,13 +47,25 @@ public:
     /// Whether a request has set more than an address and header lines, so that the next must not find it.
     bool isUsedUp = false;
 
+    /// Has the next request go to `url`. Returns false where libcurl cannot read its beginning.
+    bool goTo(const URL& url);
+
     /// Sets everything back to how it was at first.
     void renew();
 
 private:
+    struct AddressDeleter {
+        void operator()(CURLU* address) const { curl_url_cleanup(address); }
+    };
+
     void configure();
+    bool readBeginning(const URL& url);
 
     const EasySettings& settings_;
+    // Scheme and authority of the request before, as they are written and as libcurl reads them. Most requests
+    // have the same, and to read an address and write it anew would be a sixth of libcurl's work for one.
+    std::string beginning_;
+    std::unique_ptr<CURLU, AddressDeleter> address_;
     CURL* const easy_;
     bool isGood_ = false;
     std::array<char, CURL_ERROR_SIZE> errorText_{};
