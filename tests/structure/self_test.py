@@ -9,6 +9,7 @@ import unittest
 
 import headers
 import layers
+import reference
 import texts
 from library import OURS
 from sources import Sources, code_only
@@ -128,6 +129,21 @@ class Tree(unittest.TestCase):
         self.write("VanticRestKit.h", "#pragma once\n")
         self.write("VanticRestKit.h", umbrella_text(Sources(self.folder)))
         self.assert_breaks(texts.the_umbrella_header_is_complete, "Core/New.h", "#pragma once\n")
+
+    def test_a_reference_that_lacks_a_header_is_found(self):
+        src = self.folder / "told"
+        self.write("told/Core/A.h", "#pragma once\n\n/// \\file\n/// What A is,\n/// in two lines.\n")
+        before = reference.printed(src).stdout
+        self.assertIn("| [A.h](../src/Core/A.h) | What A is, in two lines. |", before)
+        self.assertEqual([], list(reference.faults(src, before)))
+        self.write("told/Core/detail/Inner.h", "#pragma once\n")
+        self.assertEqual([], list(reference.faults(src, before)))
+        self.write("told/Core/B.h", "#pragma once\n\n/// \\file\n/// What B is.\n")
+        self.assertNotEqual([], list(reference.faults(src, before)))
+
+    def test_a_public_header_that_does_not_tell_what_it_holds_is_found(self):
+        self.write("told/Core/A.h", "#pragma once\n")
+        self.assertIn("Core/A.h", "".join(reference.faults(self.folder / "told", "")))
 
     def test_a_header_that_needs_another_include_first_is_found(self):
         self.assert_breaks(headers.each_public_header_compiles_alone, "Core/X.h", "inline std::string text() { return {}; }\n")

@@ -5,6 +5,8 @@ import re
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 OURS = "VanticRestKit/"
+# From the lowest up; the services stand side by side.
+LAYERS = ["platform", "Core", "lumeno", "trelvo", "kavro", "recs"]
 
 
 class Sources:

@@ -2,6 +2,8 @@
 
 import pathlib
 
+from sources import LAYERS
+
 HEAD = """#pragma once
 
 /// \\file
@@ -11,11 +13,10 @@ HEAD = """#pragma once
 
 
 def umbrella_text(sources):
-    layers = ["", "platform", "Core", "lumeno", "trelvo", "kavro", "recs"]
     umbrella = pathlib.PurePath("VanticRestKit.h")
     headers = [header for header in sources.public_headers() if header != umbrella]
     groups = []
-    for layer in layers:
+    for layer in ["", *LAYERS]:
         group = [h for h in headers if (h.parts[0] if len(h.parts) > 1 else "") == layer]
         if group:
             # Without regard to case, as clang-format sorts.
