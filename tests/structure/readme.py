@@ -13,7 +13,7 @@ def faults(top):
     if not blocks:
         yield "README.md shows no host"
     for block in blocks:
-        if block not in source:
+        if block != source:
             yield "README.md shows another host than examples/first-load/main.cpp:\n" + block
     for command in re.findall(r"`\.?/?((?:scripts|examples|apps|bench|docs)/[\w./-]*)", readme):
         if not (top / command).exists():
