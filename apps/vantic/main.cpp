@@ -6,6 +6,7 @@
 #include "commands/Commands.h"
 #include "Failure.h"
 #include "Output.h"
+#include "StandardDescriptors.h"
 
 namespace vantic {
 
@@ -36,6 +37,7 @@ void run(Words words) {
 int main(int argc, char** argv) {
     const std::vector<std::string> words(argv + 1, argv + argc);
     try {
+        vantic::openMissingStandardDescriptors();
         vantic::run(words);
         vantic::flush();
         return 0;
