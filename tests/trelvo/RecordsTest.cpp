@@ -116,6 +116,18 @@ TEST_F(TrelvoRecords, OfTheHistoryAreNotMissingBecauseOfA404) {
     EXPECT_EQ(failed.error().kind(), TrelvoError::Kind::general);
 }
 
+TEST_F(TrelvoRecords, OfViewingHistoryFailInTheNameOfListRecentVideosWhereThereIsNeitherTokenNorError) {
+    trelvo->clearAuth();
+    const Event returned = onItsOwnThread([this] {
+        trelvo->viewingHistory({.limit = 7U, .completionHandler = completion<History>(outcomes.completed())},
+                               context);
+    });
+    session->answer(0, reply(200, "{}"));
+    ASSERT_TRUE(returned.wait());
+    EXPECT_EQ(outcomes.only().text(),
+              "Unknown error: In Trelvo.listRecentVideos(), no saved auth data and no authError found");
+}
+
 TEST_F(TrelvoRecords, OfRecentVideosAreAskedForWithDoneInAnyCase) {
     (void)history("{}");
     EXPECT_EQ(sent(0),
