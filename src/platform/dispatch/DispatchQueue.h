@@ -22,6 +22,8 @@ class Queue;
 /// Blocks run in the order of their posting, never two at once, on threads of a small pool that all queues
 /// share: a queue is light and has no thread of its own. What one block wrote the next one sees. A block may
 /// block, wait on a `DispatchGroup` without limit, post to its own queue, and drop the queue's last handle.
+/// While blocks wait for a group other threads work in their place; where they block otherwise the pool has
+/// more threads after some milliseconds, up to sixty.
 /// Blocks that were posted run also when no handle is left. A block and all that it holds are destroyed on
 /// the queue, right after it ran and before the next one starts. No destructor waits for anything.
 class VRK_EXPORT DispatchQueue {

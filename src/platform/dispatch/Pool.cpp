@@ -3,13 +3,18 @@
 #include <VanticRestKit/platform/dispatch/detail/Thread.h>
 
 #include <algorithm>
+#include <chrono>
 #include <thread>
+#include <utility>
 
 namespace VanticRestKit::detail {
 
 namespace {
 thread_local bool inPool = false;
-}
+
+/// How long no strand is taken before another thread is worth its cost.
+constexpr std::chrono::milliseconds patience{20};
+}  // namespace
 
 Pool::Pool() : limit_(std::clamp<std::size_t>(std::thread::hardware_concurrency(), 2, 4)) {}
 
@@ -23,14 +28,17 @@ bool Pool::isPoolThread() noexcept { return inPool; }
 void Pool::add(std::shared_ptr<Strand> strand) {
     bool wake = false;
     bool start = false;
+    bool watch = false;
     {
         const std::lock_guard lock(mutex_);
         ready_.push_back(std::move(strand));
         wake = coming_ < ready_.size() && callSleeper();
         start = wantsThread();
+        watch = wantsWatch();
     }
     if (wake) bell_.ring();
     if (start) startThread();
+    if (watch) callWatch();
 }
 
 void Pool::beginWait() {
@@ -63,7 +71,7 @@ std::size_t Pool::threads() const {
 }
 
 bool Pool::wantsThread() {
-    if (ready_.size() <= idle_ || threads_ - waiting_ >= limit_) return false;
+    if (ready_.size() <= idle_ || threads_ - waiting_ >= allowed()) return false;
     ++threads_;
     ++idle_;
     return true;
@@ -97,11 +105,15 @@ void Pool::work() {
     std::unique_lock lock(mutex_);
     for (;;) {
         while (!hasSurplus() && !canWork()) sleep(lock);
+        const bool ends = hasSurplus();
         --idle_;
-        if (hasSurplus()) break;
+        if (ends) break;
         auto strand = std::move(ready_.front());
         ready_.pop_front();
+        ++taken_;
+        const bool watch = wantsWatch();
         lock.unlock();
+        if (watch) callWatch();
         const bool hasMore = strand->run();
         if (!hasMore) strand.reset();
         lock.lock();
@@ -110,10 +122,53 @@ void Pool::work() {
         // This thread takes one of those that are ready; a second one is for somebody else.
         if (coming_ + 1 < ready_.size() && callSleeper()) bell_.ring();
     }
+    // Not one too many for the moment, but one that is not needed any more.
+    if (threads_ - waiting_ <= allowed()) --spares_;
     --threads_;
     // The call that ended this thread may have been meant for one that works.
     if (!ready_.empty() && callSleeper()) bell_.ring();
+    const bool watch = wantsWatch();
     threadsChanged_.notify_all();
+    lock.unlock();
+    if (watch) callWatch();
+}
+
+bool Pool::wantsWatch() { return isCrowded() && !std::exchange(isWatched_, true); }
+
+void Pool::callWatch() {
+    {
+        const std::lock_guard lock(mutex_);
+        if (std::exchange(hasWatch_, true)) {
+            watchBell_.ring();
+            return;
+        }
+    }
+    if (detail::startThread("vrk-pool-watch", [this] { watch(); })) return;
+    const std::lock_guard lock(mutex_);
+    hasWatch_ = false;
+    isWatched_ = false;
+}
+
+void Pool::watch() {
+    std::unique_lock lock(mutex_);
+    for (;;) {
+        const std::uint64_t before = taken_;
+        lock.unlock();
+        std::this_thread::sleep_for(patience);
+        lock.lock();
+        if (ready_.empty()) {
+            isWatched_ = false;
+            lock.unlock();
+            watchBell_.sleep();
+            lock.lock();
+        } else if (taken_ == before && isCrowded() && !isPaused() && spares_ < mostSpares) {
+            ++spares_;
+            const bool start = wantsThread();
+            lock.unlock();
+            if (start) startThread();
+            lock.lock();
+        }
+    }
 }
 
 }  // namespace VanticRestKit::detail

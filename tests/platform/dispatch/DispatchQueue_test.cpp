@@ -1,4 +1,5 @@
 #include <VanticRestKit/platform/dispatch/detail/Probes.h>
+#include <VanticRestKit/platform/dispatch/DispatchGroup.h>
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/dispatch/DispatchWorkItem.h>
 
@@ -210,7 +211,47 @@ TEST(DispatchQueue, MakesTenThousandQueuesWithoutAThreadAndRunsThemOnOnePool) {
         EXPECT_LE(detail::PoolProbe::threads(), detail::PoolProbe::limit());
     }
     EXPECT_TRUE(ran.wait(count));
-    EXPECT_LE(detail::PoolProbe::threads(), detail::PoolProbe::limit());
+    // On a machine that is busy with other things the pool may have taken its threads for blocked ones.
+    EXPECT_TRUE(detail::PoolProbe::awaitThreads(detail::PoolProbe::limit(), std::chrono::seconds(30)));
+}
+
+TEST(DispatchQueue, NeverStarvesAStartHoweverManyBlocksBlock) {
+    const auto blocking = static_cast<int>(3 * detail::PoolProbe::limit());
+    const Event go;
+    const Event ended;
+    for (int i = 0; i < blocking; ++i) {
+        DispatchQueue("blocks").async([=] {
+            EXPECT_TRUE(go.wait());
+            ended.signal();
+        });
+    }
+    // This one is behind all that block, and is what they wait for.
+    DispatchQueue("goes").async([go] { go.signal(); });
+    EXPECT_TRUE(ended.wait(blocking));
+    // The threads that stood in for the blocked ones end again.
+    EXPECT_TRUE(detail::PoolProbe::awaitThreads(detail::PoolProbe::limit(), std::chrono::seconds(30)));
+}
+
+TEST(DispatchQueue, NeverStarvesAStartWhereBlocksBlockAndOthersWaitForAGroup) {
+    const auto each = static_cast<int>(2 * detail::PoolProbe::limit());
+    const Event go;
+    const Event ended;
+    const DispatchGroup group;
+    group.enter();
+    for (int i = 0; i < each; ++i) {
+        DispatchQueue("waits").async([=] {
+            group.wait();
+            ended.signal();
+        });
+        DispatchQueue("blocks").async([=] {
+            EXPECT_TRUE(go.wait());
+            ended.signal();
+        });
+    }
+    DispatchQueue("leaves").async([group] { group.leave(); });
+    DispatchQueue("goes").async([go] { go.signal(); });
+    EXPECT_TRUE(ended.wait(2 * each));
+    EXPECT_TRUE(detail::PoolProbe::awaitThreads(detail::PoolProbe::limit(), std::chrono::seconds(30)));
 }
 
 TEST(DispatchQueue, HoldsAsManyBlocksAsArePosted) {

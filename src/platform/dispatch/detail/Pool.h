@@ -8,6 +8,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <mutex>
@@ -19,7 +20,9 @@ class Strand;
 /// A few threads, started when there is work for them. Made on first use and never destroyed.
 ///
 /// At most `limit()` threads work at a time. A thread that waits for a group does not count, so that another
-/// may work in its place; when it comes back the surplus one ends.
+/// may work in its place; when it comes back the surplus one ends. Of a thread that blocks in any other way
+/// nobody is told: a watch sees that strands are ready and none was taken for a while, and has one more
+/// thread work. Such a spare thread ends when there are more without work than `limit()`.
 class Pool {
 public:
     static Pool& shared();
@@ -39,7 +42,7 @@ public:
     void resume();
     bool isPaused() const noexcept { return pauses_.load() != 0; }
 
-    /// How many threads work at a time.
+    /// How many threads work at a time where none blocks.
     std::size_t limit() const noexcept { return limit_; }
     /// How many threads there are, those that wait included.
     std::size_t threads() const;
@@ -49,15 +52,30 @@ private:
 
     Pool();
 
+    /// Beyond that many spare threads blocked strands have to wait for each other.
+    static constexpr std::size_t mostSpares = 60;
+
     void work();
+    /// What the thread of the watch does.
+    void watch();
+    /// Under the lock: whether strands are ready for which no thread is left.
+    bool isCrowded() const noexcept { return ready_.size() > idle_ && threads_ - waiting_ >= allowed(); }
+    /// How many threads may work now.
+    std::size_t allowed() const noexcept { return limit_ + spares_; }
     /// Under the lock: whether there is work that needs one more thread, which is then counted already.
     bool wantsThread();
     void startThread();
+    /// Under the lock: whether the caller has to call the watch, which it does without the lock.
+    bool wantsWatch();
+    void callWatch();
     /// Under the lock: whether a thread sleeps, which the caller then has to wake and which counts as coming.
     bool callSleeper();
     /// Gives the lock back while nobody calls.
     void sleep(std::unique_lock<std::mutex>& lock);
-    bool hasSurplus() const noexcept { return threads_ - waiting_ > limit_; }
+    /// Under the lock, for a thread that looks for work: whether it is to end instead.
+    bool hasSurplus() const noexcept {
+        return threads_ - waiting_ > allowed() || (spares_ > 0 && idle_ > limit_);
+    }
     bool canWork() const noexcept { return !ready_.empty() && !isPaused(); }
 
     const std::size_t limit_;
@@ -74,6 +92,14 @@ private:
     std::size_t coming_ = 0;
     /// Threads that wait for a group.
     std::size_t waiting_ = 0;
+    /// How many threads more than the limit may work now.
+    std::size_t spares_ = 0;
+    /// How often a strand was taken.
+    std::uint64_t taken_ = 0;
+    /// Rung when `isWatched_` was set while the watch sleeps.
+    Bell watchBell_;
+    bool hasWatch_ = false;
+    bool isWatched_ = false;
 };
 
 /// Counts the calling thread as waiting for the time of its life, if it is one of the pool's.
