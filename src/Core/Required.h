@@ -6,6 +6,7 @@
 #include <concepts>
 #include <initializer_list>
 #include <map>
+#include <optional>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -34,17 +35,40 @@ struct ListElement<std::map<Key, T, Compare>> {
 template <class T>
 inline constexpr bool isListLike = !std::is_same_v<typename ListElement<T>::type, NoElement>;
 
+template <class T>
+inline constexpr bool isOptionalLike = false;
+template <class T>
+inline constexpr bool isOptionalLike<std::optional<T>> = true;
+
 template <class U, class T>
 concept FillsByBraces = std::convertible_to<U, T> && requires(U&& value) {
     T{std::forward<U>(value)};
+};
+
+// An optional converts what it is given by itself and would let an unfit number through. Whole numbers may
+// stand for numbers with a fraction, as `timeout = 5` does.
+template <class U, class T>
+concept FillsInside = std::same_as<U, T> || FillsByBraces<U, T> ||(std::floating_point<T>&& std::integral<U>);
+
+template <class U, class T>
+struct Fills : std::bool_constant<FillsByBraces<U, T>> {};
+template <class U, class T>
+requires(!isOptionalLike<std::remove_cvref_t<U>>) struct Fills<U, std::optional<T>>
+    : std::bool_constant<std::same_as<std::remove_cvref_t<U>, std::nullopt_t> || FillsInside<U, T> ||
+                         FillsInside<std::remove_cvref_t<U>, T>> {
+};
+template <class U, class T>
+requires(isOptionalLike<std::remove_cvref_t<U>>) struct Fills<U, std::optional<T>>
+    : std::bool_constant<FillsInside<typename std::remove_cvref_t<U>::value_type, T>> {
 };
 
 }  // namespace detail
 
 /// A field of a label struct that the caller must give: leaving it out does not compile.
 ///
-/// It takes whatever converts to `T` without narrowing (so `5u`, not `5`, for an unsigned number), and for a
-/// vector or a map also its elements in braces. An empty list is written with its type:
+/// It takes whatever converts to `T` without narrowing (so `5u`, not `5`, for an unsigned number, also for
+/// one that may be empty), and for a vector or a map also its elements in braces. An empty list is written
+/// with its type:
 /// `.queries = std::vector<URLQueryItem>{}`, because `{}` is what a field that was left out reads like.
 ///
 /// ```cpp
@@ -69,7 +93,7 @@ public:
 
     template <class U>
     requires(!std::same_as<std::remove_cvref_t<U>, Required> &&
-             detail::FillsByBraces<U, T>) constexpr Required(U&& value)
+             detail::Fills<U, T>::value) constexpr Required(U&& value)
         : value_{std::forward<U>(value)} {}
 
     constexpr Required(

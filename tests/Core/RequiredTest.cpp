@@ -41,6 +41,22 @@ static_assert(!std::is_convertible_v<double, Required<int>>, "narrowing is refus
 static_assert(!std::is_convertible_v<int, Required<std::uint64_t>>, "narrowing is refused");
 static_assert(!std::is_convertible_v<const char*, Required<std::vector<std::string>>>);
 
+using OptionalUnsigned = Required<std::optional<std::uint64_t>>;
+static_assert(!std::is_convertible_v<int, OptionalUnsigned>, "narrowing is refused inside an optional too");
+static_assert(!std::is_convertible_v<double, OptionalUnsigned>);
+static_assert(!std::is_convertible_v<std::optional<int>, OptionalUnsigned>);
+static_assert(!std::is_convertible_v<std::optional<double>, OptionalUnsigned>);
+static_assert(std::is_convertible_v<unsigned, OptionalUnsigned>);
+static_assert(std::is_convertible_v<std::uint64_t&, OptionalUnsigned>);
+static_assert(std::is_convertible_v<std::optional<std::uint64_t>&, OptionalUnsigned>);
+static_assert(std::is_convertible_v<std::optional<unsigned>, OptionalUnsigned>);
+static_assert(std::is_convertible_v<std::nullopt_t, OptionalUnsigned>);
+static_assert(std::is_convertible_v<const char*, Required<std::optional<std::string>>>);
+static_assert(std::is_convertible_v<const char (&)[2], Required<std::optional<std::string>>>);
+static_assert(!std::is_convertible_v<const char*, Required<std::optional<bool>>>);
+static_assert(std::is_convertible_v<int, Required<std::optional<double>>>);
+static_assert(std::is_convertible_v<std::optional<float>, Required<std::optional<double>>>);
+
 TEST(Required, OverloadsAreChosenByTheLabelsAlone) {
     EXPECT_EQ(chosen({.name = "a"}), "Named");
     EXPECT_EQ(chosen({.name = "a", .title = "b"}), "Named");
