@@ -25,8 +25,18 @@ TEST(ExplainingAVideo, FollowsTheOrderOfDecodingAndNotOfTheDocument) {
               "/thumbnails lenient: Object, number, empty\n"
               "/_links/self lenient: Object, number, empty\n"
               "/_links/variations lenient: [Link], number, []\n"
-              "/_links/highlightVideo lenient: DirectPlayableVideo, number, empty\n"
+              "/_links/highlightVideo lenient: DirectPlayableVideo, number, "
+              R"({"id":null,"href":null,"playTitle":null})"
+              "\n"
               "/_embedded lenient: Object, number, empty\n");
+}
+
+TEST(ExplainingAVideo, SaysOfADerivedFieldWhatItHoldsInTheEnd) {
+    EXPECT_EQ(faultText<Video>(R"({"id":"7","_links":{"highlightVideo":"x"},"houseNumber":5})"),
+              "/houseNumber lenient: String, number, empty\n"
+              "/_links/highlightVideo lenient: DirectPlayableVideo, string, "
+              R"({"id":"7","href":null,"playTitle":null})"
+              "\n");
 }
 
 TEST(ExplainingAVideo, LeadsIntoWhatIsNested) {
@@ -45,7 +55,7 @@ TEST(ExplainingAVideo, LeadsIntoWhatIsNested) {
         "/_links/show/id lenient: UInt, string, empty\n"
         "/_links/series/id lenient: String, number, empty\n"
         "/_embedded/playlist/0/streams/hls/sd lenient: String, number, empty\n"
-        "/_embedded/playlist/1/type lenient: PlaylistItem::PlaylistType, string, empty\n");
+        "/_embedded/playlist/1/type lenient: PlaylistItem.PlaylistType, string, empty\n");
 }
 
 TEST(ExplainingAVideo, EndsWithWhatFailsIt) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <VanticRestKit/trelvo/Dataset/DatasetContainer.h>
 
+#include <platform/json/FaultText.h>
 #include <trelvo/Dataset/DatasetRules.h>
 
 namespace VanticRestKit {
@@ -67,6 +68,13 @@ TEST(DatasetContainer, LeavesOutAListOrANullInItsDatasetAndKeepsTheOthers) {
 TEST(DatasetContainer, LeavesOutAValueOfItsDatasetThatCannotBeReadAndKeepsTheOthers) {
     EXPECT_EQ(datasetOf(R"({"text":"\ud800","number":01,"huge":1e400,"a":"x"})"),
               (Dictionary{{"a", AnyValue("x")}}));
+}
+
+TEST(DatasetContainer, IsExplainedWithWhatItsDatasetLost) {
+    EXPECT_EQ(test::faultText<DatasetContainer>(
+                  R"({"uid":"u","dataset":{"a":"\ud800","b":01,"c":null,"d":[1],"e":"good","a":1e999}})"),
+              "/dataset/a lenient: String, string, dropped\n"
+              "/dataset/b lenient: Int or Double, number, dropped\n");
 }
 
 TEST(DatasetContainer, TellsTextsNumbersAndTruthValuesApart) {

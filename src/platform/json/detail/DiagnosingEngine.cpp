@@ -54,10 +54,7 @@ bool DiagnosingEngine::value(const TypePlan& type, void* target, Place at, bool 
                                                    Presence presence) {
     const char* const end = document_.data() + document_.size();
     if (type.kind == ValueKind::dictionary && *at.at == '{') {
-        auto& values = *static_cast<Dictionary*>(target);
-        values.clear();
-        if (readDictionary(at.at, end, values)) return true;
-        return fail(Kind::dataCorrupted, readableKeys, "object", presence);
+        return dictionary(*static_cast<Dictionary*>(target), at, presence);
     }
     if (type.kind == ValueKind::attempted) {
         type.attempt({at.at, static_cast<std::size_t>(skipValue(at.at, end, 0) - at.at)}, target);
@@ -68,13 +65,39 @@ bool DiagnosingEngine::value(const TypePlan& type, void* target, Place at, bool 
     return failUnfit(type, at, isNamed, presence);
 }
 
+[[gnu::noinline]] bool DiagnosingEngine::dictionary(Dictionary& values, Place at, Presence presence) {
+    values.clear();
+    std::vector<BrokenMember> broken;
+    if (!readDictionary(at.at, document_.data() + document_.size(), values, &broken)) {
+        return fail(Kind::dataCorrupted, readableKeys, "object", presence);
+    }
+    for (const BrokenMember& member : broken) {
+        enter(member.key);
+        fail(Kind::dataCorrupted, *member.at == '"' ? "String" : "Int or Double", foundAt(member.at), Presence::lenient);
+        swallow("dropped");
+        path_.pop_back();
+    }
+    return true;
+}
+
 bool DiagnosingEngine::entity(const ObjectPlan& plan, void* target, Place at, Presence presence) {
     std::vector<Place> found;
+    const std::size_t resetsBefore = resets_.size();
     if (!open(plan, at, presence, found)) return false;
     if (plan.hasDefaults) setDefaults(plan, target);
-    if (!rows(plan, plan, target, found)) return false;
-    for (const auto derive : plan.derivations) derive(target);
-    return true;
+    const bool isGood = rows(plan, plan, target, found);
+    if (isGood) derive(plan, target, resetsBefore);
+    resets_.resize(resetsBefore);
+    return isGood;
+}
+
+// A field that is derived may hold something else now than what it was reset to.
+[[gnu::noinline]] void DiagnosingEngine::derive(const ObjectPlan& plan, void* target, std::size_t resetsBefore) {
+    if (plan.derivations.empty()) return;
+    for (const auto derivation : plan.derivations) derivation(target);
+    for (std::size_t i = resetsBefore; i < resets_.size(); ++i) {
+        faults_[resets_[i].fault].became = heldBy(*resets_[i].field, resets_[i].place);
+    }
 }
 
 // Finds the value of each row, and sees to it that every key of the object can be read.
@@ -163,6 +186,7 @@ bool DiagnosingEngine::valueRow(const FieldPlan& field, void* target, Place at) 
 [[gnu::noinline]] void DiagnosingEngine::swallowInto(const FieldPlan& field, void* place) {
     resetField(field, place);
     swallow(heldBy(field, place));
+    if (report_ == Report::everything) resets_.push_back({faults_.size() - 1, &field, place});
 }
 
 bool DiagnosingEngine::valueInto(const FieldPlan& field, void* place, Place at) {
@@ -220,6 +244,9 @@ bool DiagnosingEngine::choice(const ChoicePlan& plan, Place at, const Candidate*
 
 [[gnu::noinline]] bool DiagnosingEngine::fail(Kind kind, std::string_view expected, std::string_view found, Presence presence) {
     failing_ = {kind, path_, presence, std::string(expected), std::string(found), std::nullopt};
+    // A type inside another is "Outer.Inner" to whoever reads this, as in the texts of the errors.
+    std::string& name = failing_.expected;
+    for (auto at = name.find("::"); at != std::string::npos; at = name.find("::", at)) name.replace(at, 2, ".");
     return false;
 }
 

@@ -35,10 +35,19 @@ private:
         std::optional<Error> mismatch;  // of an entity of another kind
     };
 
+    /// A field that was put back to its default, and the fault that told of it.
+    struct Reset {
+        std::size_t fault;
+        const FieldPlan* field;
+        const void* place;
+    };
+
     bool root(const TypePlan& type, void* target, Place at);
     bool value(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence);
     bool heldValue(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence);
+    bool dictionary(Dictionary& values, Place at, Presence presence);
     bool entity(const ObjectPlan& plan, void* target, Place at, Presence presence);
+    void derive(const ObjectPlan& plan, void* target, std::size_t resetsBefore);
     bool list(const ListPlan& plan, void* target, Place at);
     bool element(const ListPlan& plan, void* target, Place at, std::size_t bytesRead);
     bool choiceInto(const ChoicePlan& plan, void* fieldOrList, Place at);
@@ -67,6 +76,7 @@ private:
     CodingPath path_;
     Failing failing_;  // the latest; only what was not swallowed counts
     std::vector<Fault> faults_;
+    std::vector<Reset> resets_;  // of the entities that are open
 };
 
 }  // namespace VanticRestKit::json

@@ -30,7 +30,7 @@ std::optional<AnyValue> plainValue(const char* at, const char* end, std::string&
 
 }  // namespace
 
-bool readDictionary(const char* at, const char* end, Dictionary& values) {
+bool readDictionary(const char* at, const char* end, Dictionary& values, std::vector<BrokenMember>* broken) {
     std::set<std::string, std::less<>> seen;
     std::string scratch;
     at = skipSpace(at + 1);
@@ -43,7 +43,11 @@ bool readDictionary(const char* at, const char* end, Dictionary& values) {
         at = skipSpace(skipSpace(token.close + 1) + 1);
         if (isFirst) {
             std::optional<AnyValue> value = plainValue(at, end, scratch);
-            if (value) values.insert_or_assign(*name, *std::move(value));
+            if (value) {
+                values.insert_or_assign(*name, *std::move(value));
+            } else if (broken != nullptr && (*at == '"' || startsNumber(*at))) {
+                broken->push_back({*name, at});
+            }
         }
         at = skipSpace(skipValue(at, end, 0));
         if (*at == ',') at = skipSpace(at + 1);
