@@ -32,6 +32,12 @@ void appendEscaped(std::string& text, char c) {
     text += digits[byte & 0xF];
 }
 
+std::string quoted(std::string_view text) {
+    std::string quoted = "\"";
+    for (const char c : text) appendEscaped(quoted, c);
+    return quoted += '"';
+}
+
 }  // namespace
 
 const ErrorTag& EncodingError::errorTag() {
@@ -59,9 +65,7 @@ void JSONObjectWriter::beginMember(std::string_view key) {
 
 void JSONObjectWriter::quote(std::string_view key, std::string_view text) {
     if (!fault_ && !json::isUTF8(text)) fault_ = EncodingError(std::string(key), "The text is not UTF-8.");
-    text_ += '"';
-    for (const char c : text) appendEscaped(text_, c);
-    text_ += '"';
+    text_ += quoted(text);
 }
 
 void JSONObjectWriter::write(std::string_view key, std::string_view text) {
@@ -101,5 +105,7 @@ void JSONObjectWriter::write(std::string_view key, const std::vector<std::string
     }
     text_ += ']';
 }
+
+Data JSONEncoder::document(std::string_view text) { return Data(quoted(text)); }
 
 }  // namespace VanticRestKit

@@ -6,6 +6,7 @@
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/json/EncodingError.h>
+#include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/platform/result/Result.h>
 #include <VanticRestKit/Visibility.h>
 
@@ -31,6 +32,11 @@ public:
     void write(std::string_view key, std::int64_t number);
     void write(std::string_view key, std::uint64_t number);
     void write(std::string_view key, const std::vector<std::string>& texts);
+    /// Writes the raw text of a case.
+    template <RawEnumeration E>
+    void write(std::string_view key, E value) {
+        write(key, rawValue(value));
+    }
 
     /// Writes the member only where there is a value.
     template <class T>
@@ -78,6 +84,16 @@ public:
         if (fault) return Failure(Error(*std::move(fault)));
         return Data(std::move(text));
     }
+
+    /// Encodes a case of an enumeration as its raw text. Never fails.
+    template <RawEnumeration E>
+    Result<Data, Error> encode(E value) const {
+        return document(rawValue(value));
+    }
+
+private:
+    /// A document that is one text.
+    static Data document(std::string_view text);
 };
 
 }  // namespace VanticRestKit

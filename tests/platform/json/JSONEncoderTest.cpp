@@ -9,6 +9,17 @@
 namespace VanticRestKit {
 namespace {
 
+enum class Way { upwards };
+
+}  // namespace
+
+template <>
+struct RawTexts<Way> {
+    static constexpr RawCase<Way> cases[] = {{Way::upwards, "upwards", "up/wards"}};
+};
+
+namespace {
+
 /// One value under the key "k".
 template <class T>
 struct Keyed {
@@ -57,6 +68,11 @@ TEST(JSONEncoder, KeepsTheOrderOfTheCallsAndLeavesOutWhatIsAbsent) {
     ASSERT_TRUE(data);
     EXPECT_EQ(data->view(),
               R"({"first":1,"present":"x","inner":{"texts":["a","b\/c"],"empty":{}},"none":[]})");
+}
+
+TEST(JSONEncoder, WritesAnEnumerationAsItsRawText) {
+    EXPECT_EQ(encoded(Way::upwards), R"({"k":"up\/wards"})");
+    EXPECT_EQ(JSONEncoder().encode(Way::upwards)->view(), R"("up\/wards")");
 }
 
 TEST(JSONEncoder, RefusesANumberThatIsNotFinite) {

@@ -5,6 +5,7 @@
 #include <VanticRestKit/trelvo/Common/TrelvoSlug.h>
 
 #include <platform/json/BothEngines.h>
+#include <VanticRestKit/platform/json/JSONEncoder.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
 #include <iterator>
 
@@ -31,6 +32,14 @@ TEST(SourceSystem, DecodesFromItsRawText) {
     EXPECT_EQ(decoded<std::vector<SourceSystem>>(R"(["lumeno"])"), std::vector{SourceSystem::lumeno});
     EXPECT_EQ(failureOf<std::vector<SourceSystem>>(R"(["other"])"), "dataCorrupted [0]");
     EXPECT_EQ(failureOf<std::vector<SourceSystem>>("[0]"), "typeMismatch [0]");
+}
+
+TEST(SourceSystem, IsEncodedAsItsRawText) {
+    EXPECT_EQ(JSONEncoder().encode(SourceSystem::lumeno)->view(), R"("lumeno")");
+}
+
+TEST(TrelvoSlug, IsEncodedAsItsRawText) {
+    EXPECT_EQ(JSONEncoder().encode(TrelvoSlug::watchlist)->view(), R"("watchlist")");
 }
 
 TEST(TrelvoSlug, HasOneCaseWhoseDescriptionIsItsRawText) {
