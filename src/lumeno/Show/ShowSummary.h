@@ -50,7 +50,11 @@ struct VRK_EXPORT ShowSummary {
     friend VRK_EXPORT bool operator==(const ShowSummary& a, const ShowSummary& b);
 };
 
-/// For looking at summaries; they are not decoded.
+/// Nobody makes a summary but from a show.
+template <>
+inline constexpr bool mapping::isOnlyShown<ShowSummary> = true;
+
+/// For looking at summaries.
 template <>
 VRK_EXPORT const TypePlan& planOf<ShowSummary>();
 

@@ -3,7 +3,9 @@
 /// \file
 /// How decoding makes the value that it fills.
 
+#include <optional>
 #include <type_traits>
+#include <vector>
 
 namespace VanticRestKit::mapping {
 
@@ -25,5 +27,13 @@ constexpr T fresh() {
         return T{};
     }
 }
+
+/// Whether a type is made from other values alone: it has a plan to be looked at by, and is never decoded.
+template <class T>
+inline constexpr bool isOnlyShown = false;
+template <class T>
+inline constexpr bool isOnlyShown<std::optional<T>> = isOnlyShown<T>;
+template <class T>
+inline constexpr bool isOnlyShown<std::vector<T>> = isOnlyShown<T>;
 
 }  // namespace VanticRestKit::mapping

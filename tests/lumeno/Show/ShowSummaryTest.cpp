@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <VanticRestKit/lumeno/Show/ShowSummary.h>
+#include <VanticRestKit/platform/json/JSONDecoder.h>
 #include <VanticRestKit/platform/json/ValueText.h>
 
 #include <support/TemporaryZone.h>
@@ -14,6 +15,15 @@ const Date january{std::chrono::duration<double>(1577934245)};
 Show least() {
     return {.showId = 9184, .thumbnail = "t.jpg", .updated = january, .selfHref = "/show/lantern-road"};
 }
+
+template <class T>
+concept CanBeDecoded = requires(const Data& document) {
+    JSONDecoder().decode<T>(document);
+};
+static_assert(CanBeDecoded<Show>);
+static_assert(!CanBeDecoded<ShowSummary> && !CanBeDecoded<std::vector<ShowSummary>> &&
+                  !CanBeDecoded<std::optional<ShowSummary>>,
+              "a summary is made of a show, never decoded");
 
 ShowSummary summaryOf(const Show& show) {
     Result<ShowSummary, lumenoSDKError> summary = ShowSummary::make({.fromShow = show});
