@@ -86,7 +86,8 @@ bool FastEngine::element(Frame& top) {
     if (type.kind == ValueKind::text && *at_ == '"') {
         const StringToken token = scanString(at_, end_);
         if (token.isPlain) {
-            static_cast<std::string*>(appended(top))->assign(token.inside, token.close);
+            // Made at its size and moved: an assignment would first reckon with what the text held before.
+            *static_cast<std::string*>(appended(top)) = std::string(token.inside, token.close);
             at_ = token.close + 1;
             return true;
         }
