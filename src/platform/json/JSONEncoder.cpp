@@ -33,9 +33,10 @@ void appendEscaped(std::string& text, char c) {
 }
 
 std::string quoted(std::string_view text) {
-    std::string quoted = "\"";
-    for (const char c : text) appendEscaped(quoted, c);
-    return quoted += '"';
+    std::string written = "\"";
+    for (const char c : text) appendEscaped(written, c);
+    written += '"';
+    return written;
 }
 
 }  // namespace

@@ -65,7 +65,8 @@ private:
     /// Under the lock: whether there is work that needs one more thread, which is then counted already.
     bool wantsThread();
     void startThread();
-    /// Under the lock: whether the caller has to call the watch, which it does without the lock.
+    /// Under the lock: whether the watch is needed and sleeps. It counts as awake then, and the caller has to call
+    /// it without the lock.
     bool wantsWatch();
     void callWatch();
     /// Under the lock: whether a thread sleeps, which the caller then has to wake and which counts as coming.
