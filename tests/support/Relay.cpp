@@ -3,12 +3,11 @@
 #include <poll.h>
 #include <sys/socket.h>
 #include <array>
-#include <chrono>
 #include <tuple>
 
 namespace VanticRestKit::test {
 
-Relay::Relay(std::uint16_t target) : target_(target) {
+Relay::Relay(std::uint16_t target, std::chrono::milliseconds distance) : target_(target), distance_(distance) {
     std::tie(listener_, port_) = listenOnLoopback();
     acceptor_ = std::thread([this] { accept(); });
 }
@@ -66,6 +65,7 @@ bool Relay::carryOnce(Path& path, int from, int to) {
         isFrozen = path.isFrozen;
     }
     if (count <= 0) return false;
+    if (from == path.server.descriptor()) std::this_thread::sleep_for(distance_);
     return isFrozen || sendAll(to, bytes.data(), static_cast<std::size_t>(count));
 }
 

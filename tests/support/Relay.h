@@ -5,6 +5,7 @@
 
 #include "Sockets.h"
 
+#include <chrono>
 #include <condition_variable>
 #include <cstddef>
 #include <cstdint>
@@ -19,7 +20,8 @@ namespace VanticRestKit::test {
 /// there stay open and carry nothing any more, as behind a router that lost its memory; new ones work.
 class Relay {
 public:
-    explicit Relay(std::uint16_t target);
+    /// What the server sends takes `distance` longer to arrive.
+    explicit Relay(std::uint16_t target, std::chrono::milliseconds distance = {});
     ~Relay();
     Relay(const Relay&) = delete;
     Relay& operator=(const Relay&) = delete;
@@ -43,6 +45,7 @@ private:
     bool carryOnce(Path& path, int from, int to);
 
     const std::uint16_t target_;
+    const std::chrono::milliseconds distance_;
     Socket listener_;
     std::uint16_t port_ = 0;
     mutable std::mutex mutex_;

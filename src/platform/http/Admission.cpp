@@ -18,6 +18,7 @@ struct Applicant::Line {
     std::size_t admitted = 0;
     std::size_t aside = 0;
     Carriage carriage = Carriage::unknown;
+    bool isNarrow = false;
     bool isToBeLookedAt = false;
 };
 
@@ -27,7 +28,7 @@ Admission::Admission(std::size_t connectionsPerHost)
 Admission::~Admission() = default;
 
 std::size_t Admission::capacity(const Line& line) const {
-    if (line.carriage == Carriage::many && line.aside == 0) {
+    if (line.carriage == Carriage::many && line.aside == 0 && !line.isNarrow) {
         return std::max(streamsPerConnection, connectionsPerHost_);
     }
     // The connection of those set aside is one of the host's.
@@ -100,6 +101,10 @@ void Admission::learn(Applicant& applicant, Carriage carriage) {
     if (applicant.line_ == nullptr) return;
     applicant.line_->carriage = carriage;
     lookAt(*applicant.line_);
+}
+
+void Admission::narrow(Applicant& applicant) {
+    if (applicant.line_ != nullptr) applicant.line_->isNarrow = true;
 }
 
 Carriage Admission::carriage(const Applicant& applicant) const {

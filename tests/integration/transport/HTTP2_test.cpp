@@ -21,11 +21,12 @@ namespace {
 /// A session, a path that can die, a server for HTTP/2 and the server behind it.
 class HTTP2 : public testing::Test {
 protected:
-    void serve(FaultServer::Script script, int streamsPerConnection = 100) {
+    void serve(FaultServer::Script script, int streamsPerConnection = 100,
+               std::chrono::milliseconds distance = {}) {
         backend_ = std::make_unique<FaultServer>(std::move(script));
         front_ = std::make_unique<Nghttpx>(backend_->port(), identity_, streamsPerConnection);
         ASSERT_TRUE(front_->isRunning());
-        relay_ = std::make_unique<Relay>(front_->port());
+        relay_ = std::make_unique<Relay>(front_->port(), distance);
         URLSessionConfiguration configuration;
         configuration.caBundlePath = bundle_.path();
         session_ = URLSession::make(configuration);
@@ -110,6 +111,26 @@ TEST_F(HTTP2, AServerThatTakesFewAtOnceIsServedToTheEnd) {
         2);
     std::vector<Loaded> loads;
     for (int i = 0; i < 90; ++i) loads.push_back(startLoad(*session_, request("/x", 0.7)));
+    for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "in turn") << loaded.story();
+}
+
+TEST_F(HTTP2, AFarServerThatTakesFewAtOnceIsServedToTheEnd) {
+    // How many it takes it says when all have gone out on a new connection already. So it refuses most of them, on one
+    // connection after the other, and libcurl would give them up in the end.
+    serve(
+        [](FaultConnection& connection) {
+            while (connection.readRequest()) {
+                connection.pace(std::chrono::milliseconds(60));
+                connection.send(answer(200, "in turn"));
+            }
+        },
+        2, std::chrono::milliseconds(20));
+    URLSessionConfiguration configuration;
+    configuration.caBundlePath = bundle_.path();
+    configuration.httpMaximumConnectionsPerHost = 2;
+    session_ = URLSession::make(configuration);
+    std::vector<Loaded> loads;
+    for (int i = 0; i < 60; ++i) loads.push_back(startLoad(*session_, request("/x")));
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "in turn") << loaded.story();
 }
 

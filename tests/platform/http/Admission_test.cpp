@@ -55,6 +55,22 @@ TEST(Admission, AnOriginThatCarriesManyOnOneConnectionTakesAHundred) {
     EXPECT_EQ(admitAll(admission), 0) << "far above what is allowed now";
 }
 
+TEST(Admission, AnOriginThatRefusesWhatGoesToItAtOnceTakesNoMoreThanConnectionsFromThenOn) {
+    Admission admission(6);
+    std::vector<Applicant> applicants(150);
+    for (Applicant& applicant : applicants) admission.enqueue(applicant, "a");
+    EXPECT_EQ(admitAll(admission), 6);
+    admission.learn(applicants[0], Carriage::many);
+    EXPECT_EQ(admitAll(admission), 94);
+    admission.narrow(applicants[0]);
+    for (std::size_t i = 0; i < 94; ++i) admission.leave(applicants[i]);
+    EXPECT_EQ(admitAll(admission), 0) << "six are under way still";
+    admission.learn(applicants[99], Carriage::many);
+    EXPECT_EQ(admitAll(admission), 0) << "that it answers one does not make it take more";
+    for (std::size_t i = 94; i < 100; ++i) admission.leave(applicants[i]);
+    EXPECT_EQ(admitAll(admission), 6);
+}
+
 TEST(Admission, OneThatLeavesWhileItWaitsIsNeverCalled) {
     Admission admission(1);
     std::vector<Applicant> applicants(3);

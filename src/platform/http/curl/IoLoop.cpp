@@ -148,6 +148,8 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
     } else if (attempt.isRedirect) {
         // Where to go was said in the headers; how the body ended does not matter.
         follow(exchange);
+    } else if (code != CURLE_OK && attempt.wasRefusedToTheLast() && !exchange.wasGivenUp) {
+        goAgain(exchange);
     } else if (code != CURLE_OK) {
         long verified = 0;
         curl_easy_getinfo(attempt.handle->get(), CURLINFO_SSL_VERIFYRESULT, &verified);
@@ -161,6 +163,15 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
     } else {
         succeed(exchange);
     }
+}
+
+// A connection that is new takes requests before the server has said how many it takes, and refuses the others. With
+// a hundred at once and a server that takes few, that can go on until libcurl gives some of them up.
+void IoLoop::goAgain(Exchange& exchange) {
+    exchange.wasGivenUp = true;
+    admission_.narrow(exchange);
+    release(exchange);
+    enqueue(exchange);
 }
 
 void IoLoop::follow(Exchange& exchange) {

@@ -36,7 +36,7 @@ private:
 /// One line for each origin, first come, first served. Does not own the applicants; for one thread.
 ///
 /// An origin takes as many transfers as it may have connections, or, once it is known to carry several at
-/// once on one connection, as many as one connection takes.
+/// once on one connection, as many as one connection commonly takes.
 class Admission {
 public:
     explicit Admission(std::size_t connectionsPerHost);
@@ -55,6 +55,9 @@ public:
 
     /// Says what the origin of an admitted `applicant` turned out to speak.
     void learn(Applicant& applicant, Carriage carriage);
+    /// Says that the origin of an admitted `applicant` refuses what goes to it at once, and so takes no more than
+    /// it may have connections from now on.
+    void narrow(Applicant& applicant);
     /// What is known of the origin of `applicant`.
     Carriage carriage(const Applicant& applicant) const;
 

@@ -42,6 +42,8 @@ public:
 
     /// The request in libcurl's hands; null while none is.
     std::unique_ptr<Attempt> attempt;
+    /// Whether libcurl gave it up once, because connection after connection refused it.
+    bool wasGivenUp = false;
 
 private:
     std::shared_ptr<Transfer> transfer_;
@@ -59,6 +61,9 @@ struct AttemptSurroundings {
 
 /// One request in libcurl's hands, and what has come back so far.
 struct Attempt {
+    /// How often libcurl sends a request again that connections refuse.
+    static constexpr int mostResendings = 5;
+
     Attempt(Exchange& held, AttemptSurroundings reached) : exchange(held), surroundings(reached) {}
 
     /// Something of this request moved.
@@ -88,11 +93,14 @@ struct Attempt {
 
     /// Whether libcurl has brought the request to its end.
     bool isWhole = false;
+    /// Whether it was sent as often as libcurl sends one, and not a word came back.
+    bool wasRefusedToTheLast() const { return sendings > mostResendings && head.status() == 0; }
 
     /// What we found wrong, in place of what libcurl says.
     std::optional<Fault> fault;
 
-    /// How often libcurl was about to send the request; more than once where a pooled connection was dead.
+    /// How often libcurl was about to send the request; more than once where a pooled connection was dead, or a new
+    /// one took fewer requests at once than went out on it.
     int sendings = 0;
     /// The connection it went out on.
     std::shared_ptr<Connection> connection;

@@ -55,6 +55,7 @@ private:
     void collectFinished();
     void settle(Exchange& exchange, CURLcode code);
     void visitOn(const Connection& connection, const std::function<void(Exchange&)>& visit);
+    void goAgain(Exchange& exchange);
     void follow(Exchange& exchange);
     void succeed(Exchange& exchange);
     void fail(Exchange& exchange, const Fault& fault, const std::optional<Error>& underlying = std::nullopt);
