@@ -134,6 +134,19 @@ TEST_F(HTTP2, AFarServerThatTakesFewAtOnceIsServedToTheEnd) {
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "in turn") << loaded.story();
 }
 
+TEST_F(HTTP2, LargeHeadersOfSeveralAnswersAtOnceAreReadWhole) {
+    std::string fields;
+    for (int i = 0; i < 100; ++i) fields += "x-" + std::to_string(i) + ": " + std::string(400, 'v') + "\r\n";
+    serve([&fields](FaultConnection& connection) {
+        while (connection.readRequest()) connection.send(answer(200, "whole", fields));
+    });
+    for (const char* const method : {"GET", "POST", "GET"}) {
+        std::vector<Loaded> loads;
+        for (int i = 0; i < 12; ++i) loads.push_back(startLoad(*session_, request("/x", 30, method)));
+        for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "whole") << loaded.story();
+    }
+}
+
 TEST_F(HTTP2, BodiesGoBothWays) {
     const std::string text = sampleText(2 * 1000 * 1000);
     serve([](FaultConnection& connection) {

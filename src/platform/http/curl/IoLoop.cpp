@@ -119,7 +119,7 @@ void IoLoop::admit() {
 void IoLoop::attempt(Exchange& exchange) {
     exchange.attempt = std::make_unique<Attempt>(
         exchange, AttemptSurroundings{.now = now_, .connections = connections_, .admission = admission_});
-    exchange.attempt->handle = pool_.take();
+    exchange.attempt->handle = pool_.take(isSecure(*exchange.request().url()));
     exchange.attempt->headerLines = headerLines_.of(exchange.request());
     deadlines_.watch(exchange, now_);
     if (!prepareEasy(*exchange.attempt, admission_.hasSetAside(exchange)) ||

@@ -26,17 +26,17 @@ struct EasySettings {
     Connections* connections = nullptr;
 };
 
-/// An easy handle. Everything that is the same for all requests of a session is set once, when it is made; it
-/// is ready for a GET without a body then.
+/// An easy handle, for requests over TLS or for those without. Everything that is the same for all of them in a
+/// session is set once, when it is made; it is ready for a GET without a body then.
 class EasyHandle {
 public:
-    /// `settings` must outlive it.
-    explicit EasyHandle(const EasySettings& settings);
+    EasyHandle(const EasySettings& settings, bool isSecure);
     ~EasyHandle();
     EasyHandle(const EasyHandle&) = delete;
     EasyHandle& operator=(const EasyHandle&) = delete;
 
     CURL* get() const noexcept { return easy_; }
+    bool isSecure() const noexcept { return isSecure_; }
     /// Whether libcurl made the handle and took every setting.
     bool isGood() const noexcept { return isGood_; }
     /// What libcurl has to say about the error that ended the request.
@@ -50,18 +50,14 @@ public:
     /// Has the next request go to `url`. Returns false where libcurl cannot read its beginning.
     bool goTo(const URL& url);
 
-    /// Sets everything back to how it was at first.
-    void renew();
-
 private:
     struct AddressDeleter {
         void operator()(CURLU* address) const { curl_url_cleanup(address); }
     };
 
-    void configure();
     bool readBeginning(const URL& url);
 
-    const EasySettings& settings_;
+    const bool isSecure_;
     // Scheme and authority of the request before, as they are written and as libcurl reads them. Most requests
     // have the same, and to read an address and write it anew would be a sixth of libcurl's work for one.
     std::string beginning_;
@@ -71,13 +67,14 @@ private:
     std::array<char, CURL_ERROR_SIZE> errorText_{};
 };
 
-/// Keeps some handles, so that not every request makes one. For one thread.
+/// Keeps some handles, so that not every request makes one, but not those that a request has used up: libcurl would
+/// set them back in part only. For one thread.
 class EasyPool {
 public:
     explicit EasyPool(EasySettings settings) : settings_(std::move(settings)) {}
 
-    /// A handle that is ready for a GET without a body.
-    std::unique_ptr<EasyHandle> take();
+    /// A handle that is ready for a GET without a body, over TLS or without.
+    std::unique_ptr<EasyHandle> take(bool isSecure);
 
     /// Takes back a handle that is in no multi handle.
     void give(std::unique_ptr<EasyHandle> handle);
@@ -85,8 +82,11 @@ public:
 private:
     static constexpr std::size_t mostIdle = 64;
 
+    using Handles = std::vector<std::unique_ptr<EasyHandle>>;
+
     const EasySettings settings_;
-    std::vector<std::unique_ptr<EasyHandle>> idle_;
+    Handles secure_;
+    Handles plain_;
 };
 
 }  // namespace VanticRestKit::detail
