@@ -83,15 +83,19 @@ TEST_F(NetworkServicebleTest, AnAbsentBodyIsDataNotFoundAndReported) {
 }
 
 TEST_F(NetworkServicebleTest, AStatusOf400OrAboveIsAnHTTPErrorWithItsBody) {
-    const Result<Data, Error> outcome = outcomeOf(test::answer(404, "{\"why\":1}"));
-    ASSERT_FALSE(outcome);
-    const NetworkError& error = networkError(outcome.error());
-    EXPECT_EQ(error.kind(), NetworkError::Kind::httpError);
-    EXPECT_EQ(error.errorCode(), 404);
-    EXPECT_EQ(error.data(), Data("{\"why\":1}"));
-    EXPECT_EQ(error.request(), timeRequest());
-    ASSERT_EQ(reported.size(), 1U);
-    EXPECT_EQ(networkError(reported[0]).data(), Data("{\"why\":1}"));
+    for (const std::int64_t status : {400, 404, 500, 599}) {
+        outcomes.clear();
+        reported.clear();
+        const Result<Data, Error> outcome = outcomeOf(test::answer(status, "{\"why\":1}"));
+        ASSERT_FALSE(outcome) << status;
+        const NetworkError& error = networkError(outcome.error());
+        EXPECT_EQ(error.kind(), NetworkError::Kind::httpError) << status;
+        EXPECT_EQ(error.errorCode(), status);
+        EXPECT_EQ(error.data(), Data("{\"why\":1}"));
+        EXPECT_EQ(error.request(), timeRequest());
+        ASSERT_EQ(reported.size(), 1U) << status;
+        EXPECT_EQ(networkError(reported[0]).data(), Data("{\"why\":1}"));
+    }
 }
 
 TEST_F(NetworkServicebleTest, TheReportIsABoxOfItsOwn) {
@@ -99,6 +103,7 @@ TEST_F(NetworkServicebleTest, TheReportIsABoxOfItsOwn) {
     ASSERT_FALSE(outcome);
     ASSERT_EQ(reported.size(), 1U);
     EXPECT_FALSE(reported[0] == outcome.error());
+    EXPECT_EQ(networkError(outcome.error()).kind(), NetworkError::Kind::httpError);
     EXPECT_EQ(networkError(outcome.error()).data(), std::nullopt);
 }
 
