@@ -27,9 +27,8 @@ protected:
         front_ = std::make_unique<Nghttpx>(backend_->port(), identity_, streamsPerConnection);
         ASSERT_TRUE(front_->isRunning());
         relay_ = std::make_unique<Relay>(front_->port(), distance);
-        URLSessionConfiguration configuration;
-        configuration.caBundlePath = bundle_.path();
-        session_ = URLSession::make(configuration);
+        configuration_.caBundlePath = bundle_.path();
+        session_ = URLSession::make(configuration_);
     }
 
     std::string url(const std::string& path) const {
@@ -49,6 +48,8 @@ protected:
     std::unique_ptr<FaultServer> backend_;
     std::unique_ptr<Nghttpx> front_;
     std::unique_ptr<Relay> relay_;
+    /// What a test wants otherwise it sets before `serve`.
+    URLSessionConfiguration configuration_;
     std::shared_ptr<URLSession> session_;
 };
 
@@ -62,6 +63,16 @@ FaultServer::Script patient(std::unique_ptr<FaultServer>& server) {
             }
             if (request->target == "/hold" && !server->hold()) return;
             connection.send(answer(200, request->method + " " + request->target + " " + request->body));
+        }
+    };
+}
+
+/// Takes its time for each answer.
+FaultServer::Script inTurn(std::chrono::milliseconds time) {
+    return [time](FaultConnection& connection) {
+        while (connection.readRequest()) {
+            connection.pace(time);
+            connection.send(answer(200, "in turn"));
         }
     };
 }
@@ -101,14 +112,7 @@ TEST_F(HTTP2, ManyRequestsAreUnderWayOnOneConnection) {
 
 TEST_F(HTTP2, AServerThatTakesFewAtOnceIsServedToTheEnd) {
     // The interval is far shorter than the whole, so waiting for room must not count.
-    serve(
-        [](FaultConnection& connection) {
-            while (connection.readRequest()) {
-                connection.pace(std::chrono::milliseconds(150));
-                connection.send(answer(200, "in turn"));
-            }
-        },
-        2);
+    serve(inTurn(std::chrono::milliseconds(150)), 2);
     std::vector<Loaded> loads;
     for (int i = 0; i < 90; ++i) loads.push_back(startLoad(*session_, request("/x", 0.7)));
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "in turn") << loaded.story();
@@ -117,18 +121,8 @@ TEST_F(HTTP2, AServerThatTakesFewAtOnceIsServedToTheEnd) {
 TEST_F(HTTP2, AFarServerThatTakesFewAtOnceIsServedToTheEnd) {
     // How many it takes it says when all have gone out on a new connection already. So it refuses most of them, on one
     // connection after the other, and libcurl would give them up in the end.
-    serve(
-        [](FaultConnection& connection) {
-            while (connection.readRequest()) {
-                connection.pace(std::chrono::milliseconds(60));
-                connection.send(answer(200, "in turn"));
-            }
-        },
-        2, std::chrono::milliseconds(20));
-    URLSessionConfiguration configuration;
-    configuration.caBundlePath = bundle_.path();
-    configuration.httpMaximumConnectionsPerHost = 2;
-    session_ = URLSession::make(configuration);
+    configuration_.httpMaximumConnectionsPerHost = 2;
+    serve(inTurn(std::chrono::milliseconds(60)), 2, std::chrono::milliseconds(20));
     std::vector<Loaded> loads;
     for (int i = 0; i < 60; ++i) loads.push_back(startLoad(*session_, request("/x")));
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "in turn") << loaded.story();
@@ -137,7 +131,7 @@ TEST_F(HTTP2, AFarServerThatTakesFewAtOnceIsServedToTheEnd) {
 TEST_F(HTTP2, LargeHeadersOfSeveralAnswersAtOnceAreReadWhole) {
     std::string fields;
     for (int i = 0; i < 100; ++i) fields += "x-" + std::to_string(i) + ": " + std::string(400, 'v') + "\r\n";
-    serve([&fields](FaultConnection& connection) {
+    serve([fields](FaultConnection& connection) {
         while (connection.readRequest()) connection.send(answer(200, "whole", fields));
     });
     for (const char* const method : {"GET", "POST", "GET"}) {

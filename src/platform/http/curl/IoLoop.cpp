@@ -166,7 +166,8 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
 }
 
 // A connection that is new takes requests before the server has said how many it takes, and refuses the others. With
-// a hundred at once and a server that takes few, that can go on until libcurl gives some of them up.
+// a hundred at once and a server that takes few, that can go on until libcurl gives some of them up. Only a GET comes
+// here: what is no GET is stopped before it is sent a second time.
 void IoLoop::goAgain(Exchange& exchange) {
     exchange.wasGivenUp = true;
     admission_.narrow(exchange);
