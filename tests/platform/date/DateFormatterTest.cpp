@@ -34,6 +34,12 @@ TEST(FormattedDateWithoutMilliseconds, GivesTheSameDateWithAndWithoutAFraction) 
     EXPECT_EQ(readByApi("2021-03-04T05:06:07+0000"), test::seconds(1614834367));
 }
 
+TEST(FormattedDateWithoutMilliseconds, TakesNoughtsForAFractionToo) {
+    for (const char* fraction : {".0", ".000", ".100", ".010", ".001000"}) {
+        EXPECT_EQ(readByApi(std::string("2021-03-04T05:06:07") + fraction + "Z"), test::seconds(1614834367)) << fraction;
+    }
+}
+
 TEST(FormattedDateWithoutMilliseconds, GivesNothingForAStringThatIsNoDate) {
     EXPECT_EQ(readByApi("soon"), std::nullopt);
     EXPECT_EQ(readByApi(""), std::nullopt);

@@ -33,6 +33,16 @@ TEST(DeviceDate, SeesAZoneOfAVeryLongName) {
     EXPECT_EQ(deviceDate("2020-07-02 03:04:05"), test::seconds(1593623045));
 }
 
+TEST(DeviceDate, SeesAZoneWhateverTheLengthOfItsName) {
+    for (std::size_t slashes = 1; slashes < 140; ++slashes) {
+        const test::TemporaryZone utc("UTC");
+        EXPECT_EQ(deviceDate("2020-01-02 03:04:05"), test::seconds(1577934245));
+        const test::TemporaryZone sydney("Australia" + std::string(slashes, '/') + "Sydney");
+        EXPECT_EQ(deviceDate("2020-01-02 03:04:05"), test::seconds(1577894645)) << slashes;
+        EXPECT_EQ(deviceDate("2020-01-02 03:04:06"), test::seconds(1577894646)) << slashes;
+    }
+}
+
 TEST(DeviceDate, TakesTheSystemsZoneWhereTheEnvironmentNamesNone) {
     const test::TemporaryZone zone(std::nullopt);
     std::tm fields{};

@@ -100,11 +100,48 @@ TEST(Admission, OneThatIsSetAsideMakesRoomForConnectionsOfTheOthers) {
     EXPECT_EQ(admitAll(admission), 7);
 }
 
+TEST(Admission, OneSetAsideAndBackIsCountedAsBefore) {
+    Admission admission(3);
+    std::vector<Applicant> applicants(6);
+    for (Applicant& applicant : applicants) admission.enqueue(applicant, "a");
+    admission.setAside(applicants[0], true);
+    EXPECT_FALSE(admission.hasSetAside(applicants[0])) << "it waits";
+    EXPECT_EQ(admitAll(admission), 3);
+    admission.setAside(applicants[0], false);
+    admission.setAside(applicants[0], true);
+    EXPECT_TRUE(admission.hasSetAside(applicants[1]));
+    EXPECT_EQ(admitAll(admission), 0) << "two connections beside the one";
+    admission.setAside(applicants[0], false);
+    EXPECT_FALSE(admission.hasSetAside(applicants[1]));
+    admission.leave(applicants[0]);
+    EXPECT_EQ(admitAll(admission), 1);
+    EXPECT_FALSE(admission.hasSetAside(applicants[0])) << "it has left";
+}
+
+TEST(Admission, OneThatHasLeftTellsNothingOfItsOrigin) {
+    Admission admission(1);
+    std::vector<Applicant> applicants(2);
+    for (Applicant& applicant : applicants) admission.enqueue(applicant, "a");
+    EXPECT_EQ(admitAll(admission), 1);
+    admission.leave(applicants[0]);
+    admission.learn(applicants[0], Carriage::many);
+    admission.narrow(applicants[0]);
+    admission.setAside(applicants[0], true);
+    EXPECT_EQ(admission.carriage(applicants[0]), Carriage::unknown);
+    EXPECT_EQ(admission.carriage(applicants[1]), Carriage::unknown);
+    EXPECT_EQ(admitAll(admission), 1);
+}
+
 TEST(Admission, ForgetsOriginsThatAreIdle) {
     Admission admission(1);
     Applicant busy;
     admission.enqueue(busy, "busy");
     EXPECT_EQ(admitAll(admission), 1);
+    Applicant aside;
+    admission.enqueue(aside, "aside");
+    EXPECT_EQ(admitAll(admission), 1);
+    admission.learn(aside, Carriage::many);
+    admission.setAside(aside, true);
     for (int i = 0; i < 2000; ++i) {
         Applicant passing;
         admission.enqueue(passing, "origin " + std::to_string(i));
@@ -114,4 +151,7 @@ TEST(Admission, ForgetsOriginsThatAreIdle) {
     Applicant second;
     admission.enqueue(second, "busy");
     EXPECT_EQ(admitAll(admission), 0) << "this one is not forgotten";
+    Applicant third;
+    admission.enqueue(third, "aside");
+    EXPECT_EQ(admission.carriage(third), Carriage::many) << "nor is this one";
 }

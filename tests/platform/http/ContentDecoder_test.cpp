@@ -21,6 +21,13 @@ constexpr Coding codings[] = {{"gzip", &gzipped, &makeGzipDecoder},
                               {"raw deflate", &rawDeflated, &makeDeflateDecoder},
                               {"br", &brotlied, &makeBrotliDecoder}};
 
+/// A raw deflate of one block that is not compressed: each byte of it gives one of the text.
+std::string stored(const std::string& text) {
+    const std::size_t size = text.size();
+    const auto byte = [](std::size_t value) { return static_cast<char>(static_cast<unsigned char>(value & 0xFF)); };
+    return std::string{byte(1), byte(size), byte(size >> 8), byte(~size), byte(~size >> 8)} + text;
+}
+
 }  // namespace
 
 TEST(ContentDecoder, UndoesACodingInPiecesOfAnySize) {
@@ -37,6 +44,50 @@ TEST(ContentDecoder, UndoesACodingInPiecesOfAnySize) {
             EXPECT_TRUE(decoder->hasEnded()) << coding.name;
         }
     }
+}
+
+TEST(ContentDecoder, UndoesABodyThatFillsItsRoomToTheLastByte) {
+    for (const std::size_t size : {32U * 1024U, 64U * 1024U}) {
+        const std::string text = sampleText(size);
+        for (const Coding& coding : codings) {
+            const auto decoder = coding.make();
+            std::string plain;
+            EXPECT_TRUE(decoder->decode(coding.code(text), plain)) << coding.name;
+            EXPECT_TRUE(plain == text) << coding.name;
+            EXPECT_TRUE(decoder->hasEnded()) << coding.name;
+        }
+    }
+}
+
+TEST(ContentDecoder, TakesMoreWhenAPieceHasFilledItsRoom) {
+    const std::string text = sampleText(40'000);
+    const std::string coded = stored(text);
+    const std::size_t head = coded.size() - text.size();
+    for (const std::size_t plainOfTheFirst : {32U * 1024U - 1U, 32U * 1024U, 32U * 1024U + 1U}) {
+        const std::string_view all = coded;
+        const auto decoder = makeDeflateDecoder();
+        std::string plain;
+        EXPECT_TRUE(decoder->decode(all.substr(0, head + plainOfTheFirst), plain));
+        EXPECT_EQ(plain.size(), plainOfTheFirst);
+        EXPECT_TRUE(decoder->decode(all.substr(head + plainOfTheFirst), plain));
+        EXPECT_TRUE(plain == text);
+        EXPECT_TRUE(decoder->hasEnded());
+    }
+}
+
+TEST(ContentDecoder, TellsARawDeflateByBothOfItsFirstBytes) {
+    int looksFramed = 0;
+    for (std::size_t size = 1; size < 400; ++size) {
+        const std::string text = sampleText(size);
+        const std::string coded = rawDeflated(text);
+        const auto byte = [&coded](std::size_t i) { return static_cast<unsigned char>(coded[i]); };
+        if ((byte(0) * 256 + byte(1)) % 31 == 0) ++looksFramed;
+        const auto decoder = makeDeflateDecoder();
+        std::string plain;
+        EXPECT_TRUE(decoder->decode(coded, plain)) << size;
+        EXPECT_EQ(plain, text);
+    }
+    EXPECT_GT(looksFramed, 0) << "by the second test alone";
 }
 
 TEST(ContentDecoder, HasNotEndedBeforeTheLastByte) {
@@ -71,6 +122,13 @@ TEST(ContentDecoder, RefusesWhatIsNoCoding) {
     }
 }
 
+TEST(ContentDecoder, RefusesAtOnceWhatCannotBeginItsCoding) {
+    for (const Coding& coding : codings) {
+        std::string plain;
+        EXPECT_FALSE(coding.make()->decode(std::string(100, '\xFF'), plain)) << coding.name;
+    }
+}
+
 TEST(ContentDecoder, DropsWhatFollowsTheEnd) {
     for (const Coding& coding : codings) {
         const auto decoder = coding.make();
@@ -98,10 +156,13 @@ TEST(ContentDecoder, UndoesGzipFilesThatFollowEachOther) {
 TEST(Decoding, IsReadFromTheNamesOfTheCodings) {
     EXPECT_EQ(decodingFor("").decoders.size(), 0U);
     EXPECT_EQ(decodingFor("identity").decoders.size(), 0U);
+    EXPECT_TRUE(decodingFor("identity").isKnown);
+    EXPECT_EQ(decodingFor("x-gzip, Identity").decoders.size(), 1U);
     EXPECT_EQ(decodingFor(" GZip ").decoders.size(), 1U);
     EXPECT_EQ(decodingFor("gzip,br, deflate").decoders.size(), 3U);
     EXPECT_TRUE(decodingFor("gzip,").isKnown);
     EXPECT_FALSE(decodingFor("zstd").isKnown);
     EXPECT_FALSE(decodingFor("gzip, zstd").isKnown);
+    EXPECT_TRUE(decodingFor("gzip, zstd").decoders.empty());
     EXPECT_FALSE(decodingFor("gzip,gzip,gzip,gzip,gzip").isKnown) << "nobody means that";
 }

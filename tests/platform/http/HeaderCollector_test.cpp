@@ -38,6 +38,31 @@ TEST(HeaderCollector, PassesOverInterimAnswers) {
     EXPECT_FALSE(collected({"HTTP/1.1 100 Continue", ""}).isComplete());
 }
 
+TEST(HeaderCollector, KeepsNothingOfAnInterimAnswer) {
+    const HeaderCollector whole = collected({"HTTP/2 103 Early", "Location: /early", "Content-Length: 7", "",
+                                             "HTTP/1.1 OK", " goes on", "B: late", ""});
+    EXPECT_EQ(whole.location(), std::nullopt);
+    EXPECT_EQ(whole.contentLength(), std::nullopt);
+    EXPECT_EQ(whole.status(), 0) << "this one tells none";
+    EXPECT_FALSE(whole.isMultiplexed());
+    EXPECT_EQ(whole.fields().size(), 1U);
+}
+
+TEST(HeaderCollector, TakesTheSwitchOfProtocolsForAnAnswer) {
+    EXPECT_TRUE(collected({"HTTP/1.1 101 Switching", ""}).isComplete());
+    EXPECT_FALSE(collected({"HTTP/1.1 102 Processing", ""}).isComplete());
+}
+
+TEST(HeaderCollector, PassesOverWhatIsNoHeader) {
+    const HeaderCollector whole =
+        collected({"Before: the status", "HTTP/3 200", " goes on from nothing", "no colon", "A: b", ""});
+    EXPECT_TRUE(whole.isComplete());
+    EXPECT_TRUE(whole.isMultiplexed());
+    EXPECT_EQ(whole.fields().size(), 1U);
+    EXPECT_EQ(whole.value("a"), "b");
+    EXPECT_EQ(whole.fault(), std::nullopt);
+}
+
 TEST(HeaderCollector, PassesOverTrailers) {
     EXPECT_EQ(collected({"HTTP/1.1 200 OK", "", "X: trailer"}).value("x"), std::nullopt);
 }

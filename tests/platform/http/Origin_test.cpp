@@ -59,6 +59,13 @@ TEST(Usability, OnlyHTTPWithAHostCanBeAsked) {
     EXPECT_EQ(whyNot("http://host:65536/"), URLErrorCode::badURL);
 }
 
+TEST(Usability, ARequestWithoutURLCannotBeAsked) {
+    URLRequest request(*URL::make("http://host"));
+    request.setURL(std::nullopt);
+    ASSERT_TRUE(whyUnusable(request).has_value());
+    EXPECT_EQ(whyUnusable(request)->code, URLErrorCode::badURL);
+}
+
 TEST(Usability, AMethodMustBeAToken) {
     EXPECT_EQ(whyNot("http://host", "PURGE"), std::nullopt);
     EXPECT_EQ(whyNot("http://host", ""), URLErrorCode::badURL);

@@ -54,6 +54,26 @@ TEST(RedirectRule, AMethodThatChangesLosesItsBodyAndNothingElse) {
     EXPECT_EQ(next.timeoutInterval(), std::chrono::seconds(7));
 }
 
+TEST(RedirectRule, WhatTellsOfTheBodyGoesWithIt) {
+    for (const char* name : {"Content-Type", "Content-Length", "Content-Encoding", "Content-Language",
+                             "Content-Location", "Content-MD5"}) {
+        URLRequest from = request("POST");
+        from.setValue("of the body", name);
+        EXPECT_EQ(redirected(from, 302, *URL::make("https://host/to")).value(name), std::nullopt) << name;
+        EXPECT_EQ(redirected(from, 307, *URL::make("https://host/to")).value(name), "of the body") << name;
+    }
+}
+
+TEST(RedirectRule, WhatTellsWhoIsAskingStaysWithTheOrigin) {
+    for (const char* name : {"Authorization", "Proxy-Authorization", "Cookie", "Cookie2", "X-Api-Key", "X-Auth-Token",
+                             "Host"}) {
+        URLRequest from = request("GET");
+        from.setValue("mine", name);
+        EXPECT_EQ(redirected(from, 302, *URL::make("https://other/to")).value(name), std::nullopt) << name;
+        EXPECT_EQ(redirected(from, 302, *URL::make("https://host/to")).value(name), "mine") << name;
+    }
+}
+
 TEST(RedirectRule, AnotherOriginGetsNoCredentials) {
     for (const char* target : {"https://other/to", "http://host/to", "https://host:444/to"}) {
         const URLRequest next = redirected(request("PUT"), 307, *URL::make(target));

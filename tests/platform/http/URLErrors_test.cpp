@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <string_view>
+
 using namespace VanticRestKit;
 using namespace VanticRestKit::detail;
 
@@ -25,15 +28,26 @@ TEST(URLErrors, CarryTheirCauseAndTheirReason) {
     EXPECT_EQ(*info.find(NSDebugDescriptionKey)->second.text(), "because");
 }
 
-TEST(URLErrors, EveryCodeHasADescription) {
-    for (const auto code :
-         {URLErrorCode::unknown, URLErrorCode::cancelled, URLErrorCode::badURL, URLErrorCode::timedOut,
-          URLErrorCode::unsupportedURL, URLErrorCode::cannotFindHost, URLErrorCode::cannotConnectToHost,
-          URLErrorCode::networkConnectionLost, URLErrorCode::httpTooManyRedirects,
-          URLErrorCode::badServerResponse, URLErrorCode::cannotDecodeRawData,
-          URLErrorCode::cannotDecodeContentData, URLErrorCode::cannotParseResponse,
-          URLErrorCode::secureConnectionFailed, URLErrorCode::serverCertificateUntrusted,
-          URLErrorCode::serverCertificateNotYetValid}) {
-        EXPECT_FALSE(urlErrorDescription(code).empty()) << static_cast<int>(code);
+TEST(URLErrors, EveryCodeHasTheDescriptionOfThePlatform) {
+    const std::map<URLErrorCode, std::string_view> descriptions = {
+        {URLErrorCode::unknown, "unknown error"},
+        {URLErrorCode::cancelled, "cancelled"},
+        {URLErrorCode::badURL, "bad URL"},
+        {URLErrorCode::timedOut, "The request timed out."},
+        {URLErrorCode::unsupportedURL, "unsupported URL"},
+        {URLErrorCode::cannotFindHost, "A server with the specified hostname could not be found."},
+        {URLErrorCode::cannotConnectToHost, "Could not connect to the server."},
+        {URLErrorCode::networkConnectionLost, "The network connection was lost."},
+        {URLErrorCode::httpTooManyRedirects, "too many HTTP redirects"},
+        {URLErrorCode::badServerResponse, "There was a bad response from the server."},
+        {URLErrorCode::cannotDecodeRawData, "cannot decode raw data"},
+        {URLErrorCode::cannotDecodeContentData, "cannot decode content data"},
+        {URLErrorCode::cannotParseResponse, "cannot parse response"},
+        {URLErrorCode::secureConnectionFailed,
+         "An SSL error has occurred and a secure connection to the server cannot be made."},
+        {URLErrorCode::serverCertificateUntrusted, "The certificate for this server is invalid."},
+        {URLErrorCode::serverCertificateNotYetValid, "The certificate for this server is not yet valid."}};
+    for (const auto& [code, description] : descriptions) {
+        EXPECT_EQ(urlErrorDescription(code), description) << static_cast<int>(code);
     }
 }

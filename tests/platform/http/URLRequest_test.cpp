@@ -56,6 +56,17 @@ TEST(URLRequest, AHeaderKeepsTheSpellingThatCameFirst) {
     EXPECT_EQ(made.value("X-NAME"), "1,2");
 }
 
+TEST(URLRequest, AHeaderIsSetReplacedAndTakenOutByItsNameInAnyCase) {
+    URLRequest made = request();
+    made.setValue("1", "X-Name");
+    EXPECT_EQ(made.value("x-name"), "1");
+    made.setValue("2", "X-NAME");
+    EXPECT_EQ(made.allHTTPHeaderFields(), (std::map<std::string, std::string>{{"X-Name", "2"}}));
+    made.setValue(std::nullopt, "x-NAME");
+    made.setValue(std::nullopt, "x-other");
+    EXPECT_TRUE(made.allHTTPHeaderFields().empty());
+}
+
 TEST(URLRequest, AHeaderThatWouldBreakTheMessageIsLeftOut) {
     using namespace std::string_view_literals;
     URLRequest made = request();
