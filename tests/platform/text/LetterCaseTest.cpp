@@ -20,6 +20,11 @@ TEST(Lowercased, LowersLettersOfOtherScripts) {
     EXPECT_EQ(lowercased("\u00C9\u0416\u03A3\U00010400"), "\u00E9\u0436\u03C3\U00010428");
 }
 
+TEST(Lowercased, LowersTheLastLetterOfAnAlphabetToo) {
+    EXPECT_EQ(lowercased("Z\u00DE\u017D\u03EE\u042F\u0556\u24CF\uFF3A\U00010427"),
+              "z\u00FE\u017E\u03EF\u044F\u0586\u24E9\uFF5A\U0001044F");
+}
+
 TEST(Lowercased, TakesNoRegardToTheEndOfAWord) { EXPECT_EQ(lowercased("\u039F\u03A3"), "\u03BF\u03C3"); }
 
 TEST(Lowercased, LowersOnlyTheCapitalsWhereCapitalsAndSmallLettersAlternate) {

@@ -25,6 +25,16 @@ TEST(Utf8, RefusesOverlongFormsSurrogatesAndWhatLiesBeyondUnicode) {
     }
 }
 
+TEST(Utf8, RefusesWhatBeginsWithAByteThatBeginsNothing) {
+    for (int first = 0x80; first < 0x100; ++first) {
+        if (first >= 0xC0 && first < 0xF8) continue;
+        for (const char* others : {"\x80\x80\x80", "\x90\x80\x80", "\xBF\xBF\xBF"}) {
+            const std::string text = static_cast<char>(static_cast<unsigned char>(first)) + std::string(others);
+            EXPECT_EQ(firstCharacter(text).length, 0u) << first;
+        }
+    }
+}
+
 TEST(Utf8, RefusesACharacterThatIsCutOff) {
     const std::string text = "\U0001F600";
     for (std::size_t length = 0; length < text.size(); ++length) {

@@ -35,6 +35,17 @@ TEST(URLPercentCoding, EveryByteSurvivesEncodingAndDecoding) {
     }
 }
 
+TEST(URLPercentCoding, EscapesAreReadWithDigitsOfEitherCase) {
+    constexpr std::string_view upper = "0123456789ABCDEF";
+    constexpr std::string_view lower = "0123456789abcdef";
+    for (std::size_t byte = 0; byte < 256; ++byte) {
+        const std::string text(1, static_cast<char>(static_cast<unsigned char>(byte)));
+        for (const std::string_view digits : {upper, lower}) {
+            EXPECT_EQ(decodedBytes(std::string{'%', digits[byte / 16], digits[byte % 16]}), text) << byte;
+        }
+    }
+}
+
 TEST(URLPercentCoding, APercentSignThatBeginsNoEscapeIsDecodedAsItself) {
     EXPECT_EQ(decodedBytes("%"), "%");
     EXPECT_EQ(decodedBytes("a%4"), "a%4");

@@ -170,6 +170,7 @@ TEST(URL, LettersBeyondASCIIInAHostAreEncoded) {
 TEST(URL, APathIsDecodedWithoutTheSlashAtItsEnd) {
     EXPECT_EQ(urlOf("http://h/a%20b/").path(), "/a b");
     EXPECT_EQ(urlOf("http://h/a//").path(), "/a/");
+    EXPECT_EQ(urlOf("a/").path(), "a");
     EXPECT_EQ(urlOf("http://h/").path(), "/");
     EXPECT_EQ(urlOf("http://h").path(), "");
     EXPECT_EQ(urlOf("http://h/a%20b/").percentEncodedPath(), "/a%20b/");
@@ -209,6 +210,11 @@ TEST(URL, AnAppendedComponentIsEncodedAlsoWhereItLooksEncoded) {
 TEST(URL, AnAppendedComponentLeavesTheQueryAndTheFragment) {
     EXPECT_EQ(appended("http://h/b?x=1#f", "a"), "http://h/b/a?x=1#f");
     EXPECT_EQ(appended("http://h?", "a"), "http://h/a?");
+}
+
+TEST(URL, AColonInAnAppendedComponentIsEscapedWhereItWouldEndAScheme) {
+    EXPECT_EQ(appended("#y", "a:b/c:d"), "a%3Ab/c:d#y");
+    EXPECT_EQ(appended("x:", "a:b/c:d"), "x:a:b/c:d");
 }
 
 TEST(URL, AnEmptyComponentChangesNothing) { EXPECT_EQ(appended("http://h/b?x", ""), "http://h/b?x"); }
