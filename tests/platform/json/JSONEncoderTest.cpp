@@ -75,6 +75,16 @@ TEST(JSONEncoder, WritesAnEnumerationAsItsRawText) {
     EXPECT_EQ(JSONEncoder().encode(Way::upwards)->view(), R"("up\/wards")");
 }
 
+TEST(JSONEncoder, EscapesEveryControlCharacter) {
+    constexpr std::string_view digits = "0123456789abcdef";
+    for (unsigned char byte = 0; byte < 0x20; ++byte) {
+        if (std::string_view("\b\f\n\r\t").find(static_cast<char>(byte)) != std::string_view::npos) continue;
+        const std::string escape = std::string("\\u00") + digits[byte >> 4] + digits[byte & 15];
+        EXPECT_EQ(encoded(std::string(1, static_cast<char>(byte))), R"({"k":")" + escape + R"("})");
+    }
+    EXPECT_EQ(encoded(std::string("\b\f\n\r\t\x7F")), "{\"k\":\"\\b\\f\\n\\r\\t\x7F\"}");
+}
+
 TEST(JSONEncoder, RefusesANumberThatIsNotFinite) {
     EXPECT_EQ(encoded(std::numeric_limits<double>::quiet_NaN()), "The number is not finite.");
     EXPECT_EQ(encoded(-std::numeric_limits<double>::infinity()), "The number is not finite.");

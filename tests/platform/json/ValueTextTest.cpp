@@ -1,0 +1,131 @@
+#include <VanticRestKit/platform/json/ValueText.h>
+
+#include <gtest/gtest.h>
+#include <VanticRestKit/platform/date/Date.h>
+#include <VanticRestKit/platform/error/AnyValue.h>
+#include <VanticRestKit/platform/json/Table.h>
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+struct Note {
+    std::optional<VanticRestKit::Date> at{};
+    std::vector<std::string> texts{};
+    VanticRestKit::Dictionary more{};
+};
+
+struct Notebook {
+    std::vector<Note> notes{};
+};
+
+}  // namespace
+
+template <>
+const VanticRestKit::TypePlan& VanticRestKit::planOf<Note>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<Note>(
+        lenient<&Note::at, deviceDate>("at"),
+        lenient<&Note::texts>("texts"),
+        lenient<&Note::more>("more"));
+    return plan;
+}
+
+template <>
+const VanticRestKit::TypePlan& VanticRestKit::planOf<Notebook>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<Notebook>(
+        lenient<&Notebook::notes>("notes"));
+    return plan;
+}
+
+namespace VanticRestKit {
+namespace {
+
+std::string dateText(double seconds) {
+    const std::string text = valueText(Note{.at = Date(std::chrono::duration<double>(seconds))});
+    constexpr std::string_view before = R"({"at":)";
+    constexpr std::string_view behind = R"(,"texts":[],"more":{}})";
+    EXPECT_TRUE(text.starts_with(before) && text.ends_with(behind)) << text;
+    return text.substr(before.size(), text.size() - before.size() - behind.size());
+}
+
+TEST(ValueText, WritesADateInUniversalTime) {
+    EXPECT_EQ(dateText(0), R"("1970-01-01T00:00:00Z")");
+    EXPECT_EQ(dateText(1577934245), R"("2020-01-02T03:04:05Z")");
+    EXPECT_EQ(dateText(-1), R"("1969-12-31T23:59:59Z")");
+}
+
+TEST(ValueText, GivesADateTheDigitsOfItsFractionAndNoMoreThanSix) {
+    EXPECT_EQ(dateText(1577934245.25), R"("2020-01-02T03:04:05.25Z")");
+    EXPECT_EQ(dateText(1577934245.01), R"("2020-01-02T03:04:05.01Z")");
+    EXPECT_EQ(dateText(-0.5), R"("1969-12-31T23:59:59.5Z")");
+    EXPECT_EQ(dateText(0.123456789), R"("1970-01-01T00:00:00.123457Z")");
+}
+
+TEST(ValueText, CarriesAFractionThatRoundsToAWholeSecond) {
+    EXPECT_EQ(dateText(59.9999999), R"("1970-01-01T00:01:00Z")");
+    EXPECT_EQ(dateText(0.0000001), R"("1970-01-01T00:00:00Z")");
+}
+
+TEST(ValueText, WritesADateOutsideTheYearsOfFourDigitsAsItsSeconds) {
+    EXPECT_EQ(dateText(-62135596800), R"("0001-01-01T00:00:00Z")");
+    EXPECT_EQ(dateText(-62135596801), "-62135596801");
+    EXPECT_EQ(dateText(253402300799), R"("9999-12-31T23:59:59Z")");
+    EXPECT_EQ(dateText(253402300800), "253402300800");
+    EXPECT_EQ(dateText(1e300), numberText(1e300));
+}
+
+TEST(ValueText, EscapesWhatCannotStandInAText) {
+    using namespace std::string_view_literals;
+    EXPECT_EQ(quotedText("a\"b\\c\nd\re\tf/g"), R"("a\"b\\c\nd\re\tf/g")");
+    EXPECT_EQ(quotedText("\0\x01\x1F\x7F\xC3\xA9"sv), "\"\\u0000\\u0001\\u001f\x7F\xC3\xA9\"");
+    EXPECT_EQ(quotedText(""), R"("")");
+    EXPECT_EQ(quotedText("\"\""), R"("\"\"")");
+}
+
+TEST(ValueText, WritesANumberAsItsShortestTextAndAWholeOneWithoutAFraction) {
+    EXPECT_EQ(numberText(0.1), "0.1");
+    EXPECT_EQ(numberText(-2), "-2");
+    EXPECT_EQ(numberText(1e16), "10000000000000000");
+    EXPECT_EQ(numberText(-99999999999999984.0), "-99999999999999984");
+    EXPECT_EQ(numberText(1e17), "1e+17");
+    EXPECT_EQ(numberText(1.5e-9), "1.5e-09");
+}
+
+TEST(ValueText, WritesAFreeFormDictionaryWithItsKeysSorted) {
+    const Note note{.more = {{"c", true}, {"a", std::int64_t{-3}}, {"b", "x\"y"}, {"d", 2.5}, {"e", false}}};
+    EXPECT_EQ(valueText(note), R"({"at":null,"texts":[],"more":{"a":-3,"b":"x\"y","c":true,"d":2.5,"e":false}})");
+}
+
+TEST(ValueText, IndentsByTwoBlanksALevelAndLeavesWhatIsEmptyOnItsLine) {
+    const Notebook book{.notes = {Note{.texts = {"a", "b"}}, Note{.more = {{"k", "v"}}}}};
+    EXPECT_EQ(valueText(book, ValueLayout::indented), R"({
+  "notes": [
+    {
+      "at": null,
+      "texts": [
+        "a",
+        "b"
+      ],
+      "more": {}
+    },
+    {
+      "at": null,
+      "texts": [],
+      "more": {
+        "k": "v"
+      }
+    }
+  ]
+})");
+    EXPECT_EQ(valueText(Notebook{}, ValueLayout::indented), "{\n  \"notes\": []\n}");
+}
+
+}  // namespace
+}  // namespace VanticRestKit
