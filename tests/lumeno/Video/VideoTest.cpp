@@ -3,7 +3,7 @@
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/json/DecodingError.h>
 
-#include <platform/json/BothEngines.h>
+#include <platform/json/FieldRules.h>
 #include <support/TemporaryZone.h>
 
 namespace VanticRestKit {
@@ -24,6 +24,11 @@ std::string messageOf(const std::string& json) {
     std::optional<Error> error;
     EXPECT_FALSE(decoded<Video>(json, &error));
     return error ? error->localizedDescription() : "";
+}
+
+TEST(Video, KeepsTheIdOfItsDeeplinkInItsTableAsTheOneKeyThatNobodyReads) {
+    EXPECT_EQ(test::unreadKeys(planOf<Video>()), std::vector<std::string>{"_links.deeplink.id"});
+    EXPECT_EQ(video("", R"({"deeplink":{"id":"x"}})"), video("", R"({"deeplink":{}})"));
 }
 
 TEST(Video, NeedsNoMoreThanLinks) {

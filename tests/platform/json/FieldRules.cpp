@@ -12,6 +12,14 @@ namespace {
 
 using nlohmann::ordered_json;
 
+void addUnreadKeys(const ObjectPlan& plan, const std::string& before, std::vector<std::string>& paths) {
+    for (const FieldPlan& field : plan.fields) {
+        const std::string path = before + std::string(field.key);
+        if (field.role == RowRole::unread) paths.push_back(path);
+        if (field.role == RowRole::object) addUnreadKeys(*field.inner, path + ".", paths);
+    }
+}
+
 std::string replaced(std::string text, const std::string& what, const std::string& with) {
     for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + with.size())) {
         text.replace(at, what.size(), with);
@@ -331,6 +339,12 @@ void expectErrorsInOrder(const EntityRules& rules, const std::vector<std::pair<s
             }
         }
     }
+}
+
+std::vector<std::string> unreadKeys(const TypePlan& plan) {
+    std::vector<std::string> paths;
+    addUnreadKeys(*plan.object, "", paths);
+    return paths;
 }
 
 std::string fullDocument(const EntityRules& rules) { return full(rules).document.text(); }

@@ -5,6 +5,7 @@
 /// the library's, so that a wrong row there shows.
 
 #include <platform/json/BothEngines.h>
+#include <VanticRestKit/platform/json/TypePlan.h>
 #include <VanticRestKit/platform/json/ValueText.h>
 
 #include <string>
@@ -83,6 +84,9 @@ void expectFieldsInEveryState(const EntityRules& rules);
 
 /// Each container absent, null, of every type that is no object, and with a key that cannot be read.
 void expectContainersInEveryState(const EntityRules& rules);
+
+/// The keys in an entity's table that nobody reads, as paths from the entity down.
+std::vector<std::string> unreadKeys(const TypePlan& plan);
 
 /// Only a JSON object decodes.
 void expectAnObjectOnly(const DecodableType& type);
