@@ -159,10 +159,13 @@ void FaultConnection::pace(std::chrono::milliseconds time) {
     server_.changed_.wait_for(lock, time, [this] { return server_.isStopping_; });
 }
 
-FaultServer::FaultServer(Script script, const Identity* identity)
-    : script_(std::move(script)), isSecure_(identity != nullptr), tls_(nullptr, &SSL_CTX_free) {
+FaultServer::FaultServer(Script script, const Identity* identity, Loopback loopback)
+    : script_(std::move(script)),
+      isSecure_(identity != nullptr),
+      loopback_(loopback),
+      tls_(nullptr, &SSL_CTX_free) {
     if (identity != nullptr) tls_.reset(makeTls(*identity));
-    std::tie(listener_, port_) = listenOnLoopback();
+    std::tie(listener_, port_) = listenOnLoopback(loopback);
     acceptor_ = std::thread([this] { accept(); });
 }
 
@@ -229,7 +232,8 @@ bool FaultServer::isStopping() const {
 }
 
 std::string FaultServer::url(const std::string& path) const {
-    return (isSecure_ ? "https://127.0.0.1:" : "http://127.0.0.1:") + std::to_string(port_) + path;
+    const std::string host = loopback_ == Loopback::v6 ? "[::1]" : "127.0.0.1";
+    return (isSecure_ ? "https://" : "http://") + host + ":" + std::to_string(port_) + path;
 }
 
 std::vector<RawRequest> FaultServer::requests() const {

@@ -101,14 +101,14 @@ private:
     std::string unread_;
 };
 
-/// Accepts connections on a port of 127.0.0.1 and has each handled by a script in a thread of its own. When
+/// Accepts connections on a port of loopback and has each handled by a script in a thread of its own. When
 /// the script returns the connection is closed in good order. Its destructor ends every script.
 class FaultServer {
 public:
     using Script = std::function<void(FaultConnection&)>;
 
     /// With an identity the server speaks TLS (and HTTP/1.1 only).
-    explicit FaultServer(Script script, const Identity* identity = nullptr);
+    explicit FaultServer(Script script, const Identity* identity = nullptr, Loopback loopback = Loopback::v4);
     ~FaultServer();
     FaultServer(const FaultServer&) = delete;
     FaultServer& operator=(const FaultServer&) = delete;
@@ -143,6 +143,7 @@ private:
 
     const Script script_;
     const bool isSecure_;
+    const Loopback loopback_;
     std::unique_ptr<SSL_CTX, void (*)(SSL_CTX*)> tls_;
     Socket listener_;
     std::uint16_t port_ = 0;

@@ -12,11 +12,18 @@ namespace VanticRestKit::test {
 
 namespace {
 
-sockaddr_in loopback(std::uint16_t port) {
+sockaddr_in loopbackV4(std::uint16_t port) {
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_port = htons(port);
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    return address;
+}
+
+sockaddr_in6 loopbackV6() {
+    sockaddr_in6 address{};
+    address.sin6_family = AF_INET6;
+    address.sin6_addr = in6addr_loopback;
     return address;
 }
 
@@ -43,19 +50,28 @@ void Socket::reset() {
     close();
 }
 
-std::pair<Socket, std::uint16_t> listenOnLoopback() {
-    Socket listener(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    sockaddr_in address = loopback(0);
-    socklen_t size = sizeof(address);
-    EXPECT_EQ(bind(listener.descriptor(), reinterpret_cast<const sockaddr*>(&address), size), 0);
+std::pair<Socket, std::uint16_t> listenOnLoopback(Loopback loopback) {
+    const bool isV6 = loopback == Loopback::v6;
+    Socket listener(socket(isV6 ? AF_INET6 : AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    sockaddr_in6 v6 = loopbackV6();
+    sockaddr_in v4 = loopbackV4(0);
+    sockaddr* const address = isV6 ? reinterpret_cast<sockaddr*>(&v6) : reinterpret_cast<sockaddr*>(&v4);
+    socklen_t size = isV6 ? sizeof(v6) : sizeof(v4);
+    EXPECT_EQ(bind(listener.descriptor(), address, size), 0);
     EXPECT_EQ(listen(listener.descriptor(), 1024), 0);
-    EXPECT_EQ(getsockname(listener.descriptor(), reinterpret_cast<sockaddr*>(&address), &size), 0);
-    return {std::move(listener), ntohs(address.sin_port)};
+    EXPECT_EQ(getsockname(listener.descriptor(), address, &size), 0);
+    return {std::move(listener), ntohs(isV6 ? v6.sin6_port : v4.sin_port)};
+}
+
+bool hasIPv6() {
+    const Socket probe(socket(AF_INET6, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    const sockaddr_in6 address = loopbackV6();
+    return probe && bind(probe.descriptor(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
 }
 
 Socket connectToLoopback(std::uint16_t port) {
     Socket made(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    const sockaddr_in address = loopback(port);
+    const sockaddr_in address = loopbackV4(port);
     if (connect(made.descriptor(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0)
         return {};
     const int on = 1;

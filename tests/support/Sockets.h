@@ -28,8 +28,14 @@ private:
     int descriptor_ = -1;
 };
 
-/// A socket that listens on a free port of 127.0.0.1, and the port.
-std::pair<Socket, std::uint16_t> listenOnLoopback();
+/// 127.0.0.1 or ::1.
+enum class Loopback { v4, v6 };
+
+/// A socket that listens on a free port of loopback, and the port.
+std::pair<Socket, std::uint16_t> listenOnLoopback(Loopback loopback = Loopback::v4);
+
+/// Whether this machine has a loopback of IPv6.
+bool hasIPv6();
 
 /// A socket connected to a port of 127.0.0.1; none where nobody listens.
 Socket connectToLoopback(std::uint16_t port);
