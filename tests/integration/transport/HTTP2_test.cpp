@@ -208,6 +208,25 @@ TEST_F(HTTP2, ATimeOutLeavesALiveConnectionToTheOthers) {
     EXPECT_EQ(patientOne.body(), "GET /hold ") << "its time was not up: " << patientOne.story();
 }
 
+TEST_F(HTTP2, ABodyThatTricklesLivesBesideOneThatStalls) {
+    serve([](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            connection.send("HTTP/1.1 200 OK\r\nContent-Length: 20\r\n\r\n");
+            if (request->target == "/stalls") {
+                connection.stall();
+                return;
+            }
+            connection.trickle("twenty bytes, slowly", std::chrono::milliseconds(60));
+        }
+    });
+    EXPECT_EQ(load(*session_, request("/first")).body(), "twenty bytes, slowly");
+    const Loaded slow = startLoad(*session_, request("/slow", 0.5));
+    const Loaded stalled = startLoad(*session_, request("/stalls", 0.5));
+    EXPECT_EQ(slow.body(), "twenty bytes, slowly") << slow.story();
+    EXPECT_EQ(stalled.code(), URLErrorCode::timedOut) << stalled.story();
+    EXPECT_EQ(relay_->connectionCount(), 1U);
+}
+
 TEST_F(HTTP2, AStalledRequestDoesNotEndAConnectionOnWhichOthersMove) {
     serve(patient(backend_));
     ASSERT_EQ(load(*session_, url("/warm")).status(), 200);

@@ -44,18 +44,22 @@ TEST_F(IPv6, ARedirectMayNameTheAddress) {
     EXPECT_EQ(load(*session_, server.url()).body(), "there");
 }
 
-TEST_F(IPv6, HeadersThatTrickleLive) {
+TEST_F(IPv6, HeadersThatTrickleLiveAlsoOnAConnectionThatIsUsedAgain) {
     FaultServer server(
         [](FaultConnection& connection) {
+            if (!connection.readRequest()) return;
+            connection.send(answer(200, "first"));
             if (!connection.readRequest()) return;
             connection.trickle("HTTP/1.1 200 OK\r\nX: y\r\nContent-Length: 2\r\n\r\n", std::chrono::milliseconds(50));
             connection.send("ok");
         },
         nullptr, Loopback::v6);
+    EXPECT_EQ(load(*session_, server.url()).body(), "first");
     URLRequest request = requestOf(server.url());
     request.setTimeoutInterval(std::chrono::duration<double>(0.5));
     const Loaded loaded = load(*session_, request);
     EXPECT_EQ(loaded.body(), "ok") << loaded.story();
+    EXPECT_EQ(server.connectionCount(), 1U);
 }
 
 TEST_F(IPv6, ACertificateIsHeldToTheAddress) {

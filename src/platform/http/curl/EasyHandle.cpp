@@ -16,8 +16,6 @@ void setConduct(Options& options) {
     // A lookup that is still under way must not hold up the I/O thread when its request is cancelled.
     options.set(CURLOPT_QUICK_EXIT, 1L);
     options.set(CURLOPT_PROTOCOLS_STR, "http,https");
-    // A path goes out as it was built, dot segments included.
-    options.set(CURLOPT_PATH_AS_IS, 1L);
     // Empty texts, not null: null would have the environment's proxies count.
     options.set(CURLOPT_PROXY, "");
     options.set(CURLOPT_NOPROXY, "");
@@ -58,6 +56,7 @@ EasyHandle::~EasyHandle() { curl_easy_cleanup(easy_); }
 bool EasyHandle::goTo(const URL& url) {
     if (!beginsWith(url, beginning_) && !readBeginning(url)) return false;
     Options options(easy_);
+    // The target as it stands: a path goes out as it was built, dot segments included.
     options.set(CURLOPT_REQUEST_TARGET, url.requestTarget().c_str());
     return options.areTaken();
 }
