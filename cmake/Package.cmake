@@ -5,11 +5,11 @@ include(CMakePackageConfigHelpers)
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/VanticRestKit)
 
-file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/src/*.h)
+file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${VRK_INCLUDE_ROOT}/VanticRestKit ${VRK_INCLUDE_ROOT}/VanticRestKit/*.h)
 list(FILTER headers EXCLUDE REGEX "(^|/)detail/")
 foreach(header IN LISTS headers)
     get_filename_component(folder ${header} DIRECTORY)
-    install(FILES ${PROJECT_SOURCE_DIR}/src/${header}
+    install(FILES ${VRK_INCLUDE_ROOT}/VanticRestKit/${header}
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/VanticRestKit/${folder} COMPONENT development)
 endforeach()
 

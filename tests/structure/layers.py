@@ -48,55 +48,59 @@ def layers_point_down(sources):
             yield f"{file} includes {included}, which is of another service"
 
 
-def lumeno_rooms_keep_their_order(sources):
-    """A room of lumeno includes only rooms above it in lumeno/CMakeLists.txt; Endpoints names entities only."""
-    listed = re.findall(r"add_subdirectory\((\w+)\)", sources.text("lumeno/CMakeLists.txt"))
-    order = {room: place for place, room in enumerate(["Endpoints"] + [room for room in listed if room != "Endpoints"])}
-    for file, included in arrows(sources):
-        if file.parts[0] != "lumeno" or included.parts[0] != "lumeno":
-            continue
-        above, below = file.parts[1], included.parts[1]
-        for room in (above, below):
-            if room not in order:
-                yield f"{file}: {room} is not in the list of rooms"
-        if order.get(below, 0) > order.get(above, 0):
-            yield f"{file} includes {included}: {below} comes behind {above} in the list of rooms"
+def modules(sources):
+    """The modules in the order of CMakeLists.txt, each with the modules that it names as DEPENDS."""
+    found = {}
+    for folder, arguments in re.findall(r"vrk_module\(([\w/]+)([^)]*)\)", sources.text("CMakeLists.txt")):
+        depends = re.search(r"DEPENDS((?:\s+[\w/]+)*?)\s*(?:LIBRARIES|SUBFOLDERS|$)", arguments)
+        found[folder] = depends.group(1).split() if depends else []
+    return found
 
 
-def rooms_include_only_what_they_depend_on(sources):
-    """What a room includes is in its DEPENDS, or in theirs."""
-    depends = {}
-    for listing in sources.src.rglob("CMakeLists.txt"):
-        for name, arguments in re.findall(r"vrk_room\((\w+)([^)]*)\)", listing.read_text(encoding="utf-8")):
-            rooms = re.search(r"DEPENDS\s+((?:\w+\s*)*?)(?:LIBRARIES|$)", arguments.strip() + "\n", re.DOTALL)
-            depends[name] = set(rooms.group(1).split()) if rooms else set()
+def module_of(file, listed):
+    """The innermost folder that is a module; folders within it belong to it."""
+    folders = ["/".join(file.parts[:depth]) for depth in range(len(file.parts) - 1, 0, -1)]
+    return next((folder for folder in folders if folder in listed), None)
 
-    def reached(room, seen):
-        for below in depends.get(room, ()):
+
+def names_entities_only(file):
+    """Endpoints is not a module: each of its functions is defined in the module of its result."""
+    return file.parts[:2] == ("lumeno", "Endpoints")
+
+
+def every_file_is_in_a_module(sources):
+    """Every source lies in a folder that CMakeLists.txt lists as a module."""
+    listed = modules(sources)
+    for file in sources.files:
+        if len(file.parts) > 1 and not module_of(file, listed) and not names_entities_only(file):
+            yield f"{file}: in no module"
+
+
+def modules_depend_on_modules_listed_before_them(sources):
+    """A module depends only on modules above it in CMakeLists.txt; Endpoints depends on none."""
+    seen = set()
+    for folder, depends in modules(sources).items():
+        for below in depends:
             if below not in seen:
-                seen.add(below)
-                reached(below, seen)
-        return seen
-
-    for room, direct in depends.items():
-        if room in reached(room, set()):
-            yield f"{room} depends on itself"
-        for below in direct - set(depends):
-            yield f"{room} depends on {below}, which is no room"
-    def room_of(file):
-        """The innermost folder that is a room; the others belong to the room around them."""
-        names = ["_".join(file.parts[:depth]) for depth in range(len(file.parts) - 1, 0, -1)]
-        return next((name for name in names if name in depends), names[0] if names else "")
-
+                yield f"{folder} depends on {below}, which is not listed before it"
+        seen.add(folder)
     for file, included in arrows(sources):
-        # Endpoints is no room: each of its functions stands in the room of what it gives.
-        if file.parts[:2] == ("lumeno", "Endpoints") or included.parts[:2] == ("lumeno", "Endpoints"):
+        if names_entities_only(file) and included.parts[0] == "lumeno" and not names_entities_only(included):
+            yield f"{file} includes {included}"
+
+
+def modules_include_only_what_they_depend_on(sources):
+    """What a module includes is in its DEPENDS, or in theirs."""
+    listed = modules(sources)
+    reached = {}
+    for folder, depends in listed.items():
+        reached[folder] = set(depends).union(*(reached.get(below, set()) for below in depends))
+    for file, included in arrows(sources):
+        if names_entities_only(file) or names_entities_only(included):
             continue
-        room, other = room_of(file), room_of(included)
-        if room == other:
-            continue
-        if other not in reached(room, set()):
-            yield f"{file} includes {included}, but {room} does not depend on {other}"
+        module, other = module_of(file, listed), module_of(included, listed)
+        if module != other and other not in reached.get(module, set()):
+            yield f"{file} includes {included}, but {module} does not depend on {other}"
 
 
 def libcurl_stays_in_its_folder(sources):
@@ -127,8 +131,9 @@ def includes_name_the_library(sources):
 
 RULES = [
     layers_point_down,
-    lumeno_rooms_keep_their_order,
-    rooms_include_only_what_they_depend_on,
+    every_file_is_in_a_module,
+    modules_depend_on_modules_listed_before_them,
+    modules_include_only_what_they_depend_on,
     libcurl_stays_in_its_folder,
     utf8proc_stays_in_one_file,
     includes_name_the_library,

@@ -25,7 +25,7 @@ def faults(src, reference):
 
 def main():
     top = pathlib.Path(sys.argv[1])
-    found = list(faults(top / "src", (top / "docs/reference.md").read_text(encoding="utf-8")))
+    found = list(faults(top / "src/VanticRestKit", (top / "docs/reference.md").read_text(encoding="utf-8")))
     print("\n".join(found) or "no fault")
     return 1 if found else 0
 

@@ -16,20 +16,27 @@ from sources import Sources, code_only
 
 COMPILER = sys.argv.pop(1)
 
+MODULES = """
+vrk_module(platform/url)
+vrk_module(platform/http
+    SUBFOLDERS curl
+    DEPENDS platform/url
+    LIBRARIES CURL::libcurl)
+vrk_module(Core DEPENDS platform/http)
+vrk_module(lumeno/Link DEPENDS Core)
+vrk_module(lumeno/Video DEPENDS lumeno/Link)
+vrk_module(kavro DEPENDS Core)
+"""
+
 SOUND = {
+    "CMakeLists.txt": MODULES,
     "Visibility.h": "#pragma once\n",
-    "platform/url/CMakeLists.txt": "vrk_room(platform_url)\n",
     "platform/url/URL.h": "#pragma once\n#include <VanticRestKit/Visibility.h>\n#include <string>\n",
-    "platform/http/CMakeLists.txt": "vrk_room(platform_http\n    DEPENDS platform_url\n    LIBRARIES CURL::libcurl)\n",
     "platform/http/curl/Easy.cpp": "#include <curl/curl.h>\n#include <VanticRestKit/platform/url/URL.h>\n",
     "platform/http/detail/Inner.h": "#pragma once\n",
-    "Core/CMakeLists.txt": "vrk_room(Core DEPENDS platform_http)\n",
     "Core/Context.h": "#pragma once\n#include <VanticRestKit/platform/url/URL.h>\n",
-    "lumeno/CMakeLists.txt": "add_subdirectory(Link)\nadd_subdirectory(Video)\n",
     "lumeno/Endpoints/Endpoint.h": "#pragma once\n",
-    "lumeno/Link/CMakeLists.txt": "vrk_room(lumeno_Link DEPENDS Core)\n",
     "lumeno/Link/Link.h": "#pragma once\n#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>\n",
-    "lumeno/Video/CMakeLists.txt": "vrk_room(lumeno_Video DEPENDS lumeno_Link)\n",
     "lumeno/Video/Video.h": "#pragma once\n#include <VanticRestKit/lumeno/Link/Link.h>\n",
     "kavro/Segments.h": "#pragma once\n",
 }
@@ -70,30 +77,28 @@ class Tree(unittest.TestCase):
     def test_no_service_may_include_another(self):
         self.assert_breaks(layers.layers_point_down, "lumeno/Link/L.cpp", "#include <VanticRestKit/kavro/Segments.h>\n")
 
-    def test_a_room_may_not_include_one_behind_it(self):
-        self.assert_breaks(
-            layers.lumeno_rooms_keep_their_order, "lumeno/Link/L.cpp", "#include <VanticRestKit/lumeno/Video/Video.h>\n"
-        )
+    def test_a_file_may_not_lie_outside_the_modules(self):
+        self.assert_breaks(layers.every_file_is_in_a_module, "lumeno/Other/O.h", "#pragma once\n")
 
     def test_endpoints_may_not_include_an_entity(self):
         self.assert_breaks(
-            layers.lumeno_rooms_keep_their_order,
+            layers.modules_depend_on_modules_listed_before_them,
             "lumeno/Endpoints/Endpoint.h",
             "#include <VanticRestKit/lumeno/Link/Link.h>\n",
         )
 
-    def test_a_room_may_not_include_what_it_does_not_depend_on(self):
+    def test_a_module_may_not_include_what_it_does_not_depend_on(self):
         self.assert_breaks(
-            layers.rooms_include_only_what_they_depend_on,
+            layers.modules_include_only_what_they_depend_on,
             "platform/url/URL.cpp",
             "#include <VanticRestKit/platform/http/Session.h>\n",
         )
 
-    def test_rooms_may_not_depend_on_each_other_in_a_ring(self):
+    def test_a_module_may_not_depend_on_one_listed_after_it(self):
         self.assert_breaks(
-            layers.rooms_include_only_what_they_depend_on,
-            "platform/url/CMakeLists.txt",
-            "vrk_room(platform_url DEPENDS platform_http)\n",
+            layers.modules_depend_on_modules_listed_before_them,
+            "CMakeLists.txt",
+            MODULES.replace("vrk_module(platform/url)", "vrk_module(platform/url DEPENDS platform/http)"),
         )
 
     def test_libcurl_may_not_be_included_elsewhere(self):
@@ -134,7 +139,7 @@ class Tree(unittest.TestCase):
         src = self.folder / "told"
         self.write("told/Core/A.h", "#pragma once\n\n/// \\file\n/// What A is,\n/// in two lines.\n")
         before = reference.printed(src).stdout
-        self.assertIn("| [A.h](../src/Core/A.h) | What A is, in two lines. |", before)
+        self.assertIn("| [A.h](../src/VanticRestKit/Core/A.h) | What A is, in two lines. |", before)
         self.assertEqual([], list(reference.faults(src, before)))
         self.write("told/Core/detail/Inner.h", "#pragma once\n")
         self.assertEqual([], list(reference.faults(src, before)))
