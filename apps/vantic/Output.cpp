@@ -35,7 +35,8 @@ void print(std::string_view text) { std::fwrite(text.data(), 1, text.size(), std
 
 void report(std::string_view text) {
     std::string line(text);
-    std::replace_if(line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
     line += '\n';
     std::fwrite(line.data(), 1, line.size(), stderr);
 }

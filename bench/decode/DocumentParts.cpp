@@ -3,11 +3,14 @@
 #include <algorithm>
 #include <iterator>
 
+// clang-format off: a document, laid out as it is written
+
 namespace VanticRestKit::bench {
 
 std::string words(Random& random, std::size_t atLeast) {
-    static constexpr std::string_view lexicon[] = {"harbour", "lantern", "quiet", "river", "of", "the", "seven", "winter",
-                                                   "gardens", "under", "a", "copper", "sky", "stories", "from", "north"};
+    static constexpr std::string_view lexicon[] = {"harbour", "lantern", "quiet",   "river", "of", "the",
+                                                   "seven",   "winter",  "gardens", "under", "a",  "copper",
+                                                   "sky",     "stories", "from",    "north"};
     std::string text;
     while (text.size() < atLeast) {
         if (!text.empty()) text += ' ';
@@ -23,11 +26,16 @@ std::string Object::json(Random* shuffle) {
     return text + "}";
 }
 
-std::string href(const std::string& path, Random* shuffle) { return Object().text("href", path).json(shuffle); }
+std::string href(const std::string& path, Random* shuffle) {
+    return Object().text("href", path).json(shuffle);
+}
 
 std::string link(Random& random, Random* shuffle) {
-    return Object().text("id", std::to_string(random() % 1000)).text("title", words(random, 8))
-        .text("href", "category/" + words(random, 4)).json(shuffle);
+    return Object()
+        .text("id", std::to_string(random() % 1000))
+        .text("title", words(random, 8))
+        .text("href", "category/" + words(random, 4))
+        .json(shuffle);
 }
 
 std::string status(Random* shuffle) {

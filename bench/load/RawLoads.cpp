@@ -24,9 +24,7 @@ curl_slist* sameHeaders() {
 }  // namespace
 
 RawLoads::RawLoads(Settings settings)
-    : settings_(std::move(settings)),
-      multi_(curl_multi_init()),
-      headers_(sameHeaders()) {
+    : settings_(std::move(settings)), multi_(curl_multi_init()), headers_(sameHeaders()) {
     curl_multi_setopt(multi_, CURLMOPT_MAX_HOST_CONNECTIONS, settings_.connections);
 }
 

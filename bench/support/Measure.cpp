@@ -58,7 +58,8 @@ std::vector<Times> interleaved(std::size_t rounds, const std::vector<Case>& case
 
 void report(const std::string& what, const std::string& figure, const std::string& budget,
             const std::string& goal, const std::string& remark) {
-    std::printf("%s\t%s\t%s\t%s\t%s\n", what.c_str(), figure.c_str(), budget.c_str(), goal.c_str(), remark.c_str());
+    std::printf("%s\t%s\t%s\t%s\t%s\n", what.c_str(), figure.c_str(), budget.c_str(), goal.c_str(),
+                remark.c_str());
     std::fflush(stdout);
 }
 

@@ -43,8 +43,8 @@ void keep(const T& value) {
 
 /// One line of the table: a ratio or another figure, what it may be at most, and a remark. Fields are parted by
 /// tabs; `bench/run` lays them out and compares.
-void report(const std::string& what, const std::string& figure, const std::string& budget, const std::string& goal,
-            const std::string& remark);
+void report(const std::string& what, const std::string& figure, const std::string& budget,
+            const std::string& goal, const std::string& remark);
 
 /// A figure with as many decimals as are worth reading.
 std::string figure(double value, int decimals = 2);

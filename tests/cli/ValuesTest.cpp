@@ -35,7 +35,8 @@ TEST(Values, WhatIsNoWholeNumberIsRefused) {
 TEST(Values, ATruthValueIsTrueOrFalse) {
     EXPECT_TRUE(readTruth("loud", "true"));
     EXPECT_FALSE(readTruth("loud", "false"));
-    for (const char* text : {"", "TRUE", "1", "no"}) EXPECT_THROW(readTruth("loud", text), UsageError) << text;
+    for (const char* text : {"", "TRUE", "1", "no"})
+        EXPECT_THROW(readTruth("loud", text), UsageError) << text;
 }
 
 TEST(Values, AQueryItemIsSplitAtItsFirstEqualsSign) {
@@ -64,7 +65,8 @@ TEST(Values, APieceOfContentMayHaveSlashesInItsId) {
 }
 
 TEST(Values, ADatasetIsTheTextsNumbersAndTruthValuesOfAnObject) {
-    const auto dataset = readDataset("dataset", R"({"t":"x","i":7.0,"d":0.5,"b":false,"l":[1],"o":{},"n":null})");
+    const auto dataset =
+        readDataset("dataset", R"({"t":"x","i":7.0,"d":0.5,"b":false,"l":[1],"o":{},"n":null})");
     EXPECT_EQ(dataset, (VanticRestKit::Dictionary{{"b", false}, {"d", 0.5}, {"i", 7}, {"t", "x"}}));
     EXPECT_TRUE(readDataset("dataset", "{}").empty());
 }

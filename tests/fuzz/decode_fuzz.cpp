@@ -16,8 +16,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view document(reinterpret_cast<const char*>(data) + 1, size - 1);
     const test::Outcome outcome = test::decodeByBoth(type.type, Data(document));
     if (!outcome.difference.empty()) {
-        std::fprintf(stderr, "the engines differ on a %.*s: %s\n", static_cast<int>(type.name.size()), type.name.data(),
-                     outcome.difference.c_str());
+        std::fprintf(stderr, "the engines differ on a %.*s: %s\n", static_cast<int>(type.name.size()),
+                     type.name.data(), outcome.difference.c_str());
         std::abort();
     }
     return 0;

@@ -19,7 +19,9 @@ constexpr std::size_t placesPerDocument = 600;
 #endif
 
 /// How far to go in a document from place to place: one byte, unless it is long.
-std::size_t stepIn(const test::GoldenDocument& document) { return 1 + document.json.size() / placesPerDocument; }
+std::size_t stepIn(const test::GoldenDocument& document) {
+    return 1 + document.json.size() / placesPerDocument;
+}
 
 TEST(BothEngines, AgreeThatADocumentThatIsCutOffIsBroken) {
     for (const test::GoldenDocument& document : test::soundGoldenDocuments()) {

@@ -45,9 +45,11 @@ inline std::vector<GoldenDocument> goldenDocuments() {
             continue;
         }
         std::filesystem::path expected = entry.path();
-        documents.push_back({name, *type, contentsOf(entry.path()), contentsOf(expected.replace_extension(".expected"))});
+        documents.push_back(
+            {name, *type, contentsOf(entry.path()), contentsOf(expected.replace_extension(".expected"))});
     }
-    std::sort(documents.begin(), documents.end(), [](const auto& a, const auto& b) { return a.name < b.name; });
+    std::sort(documents.begin(), documents.end(),
+              [](const auto& a, const auto& b) { return a.name < b.name; });
     return documents;
 }
 

@@ -1,5 +1,6 @@
 #include <golden/Entities.h>
 
+#include <VanticRestKit/kavro/KAVROSegmentsModel.h>
 #include <VanticRestKit/lumeno/Categories/Category.h>
 #include <VanticRestKit/lumeno/Image/Image.h>
 #include <VanticRestKit/lumeno/Message/Message.h>
@@ -16,7 +17,6 @@
 #include <VanticRestKit/lumeno/Show/Show.h>
 #include <VanticRestKit/lumeno/Show/ShowsIndex.h>
 #include <VanticRestKit/lumeno/Video/VideoList.h>
-#include <VanticRestKit/kavro/KAVROSegmentsModel.h>
 #include <VanticRestKit/recs/RecommendationModule.h>
 #include <VanticRestKit/trelvo/Dataset/DatasetResponse.h>
 #include <VanticRestKit/trelvo/History/HistoryResponse.h>

@@ -7,6 +7,7 @@ import sys
 import tempfile
 import unittest
 
+import formatting
 import headers
 import layers
 import reference
@@ -160,6 +161,13 @@ class Tree(unittest.TestCase):
     def test_a_macro_of_another_name_is_found(self):
         rule = headers.public_headers_bring_only_the_standard_library
         self.assert_breaks(rule, "Core/X.h", "#define EXPORTED 1\n")
+
+    def test_a_badly_formatted_file_is_found(self):
+        self.write("top/.clang-format", "BasedOnStyle: Google\n")
+        self.write("top/src/X.h", "int x;\n")
+        self.assertEqual([], formatting.badly_formatted(self.folder / "top", "clang-format-14"))
+        self.write("top/src/X.h", "int  x ;\n")
+        self.assertNotEqual([], formatting.badly_formatted(self.folder / "top", "clang-format-14"))
 
     def test_what_is_ours_among_symbols(self):
         for name in ("_ZN13VanticRestKit3URL4makeE", "_ZNK13VanticRestKit3URL4pathEv", "_ZTVN13VanticRestKit7ContextE"):

@@ -7,7 +7,8 @@
 
 namespace VanticRestKit::test {
 
-Relay::Relay(std::uint16_t target, std::chrono::milliseconds distance) : target_(target), distance_(distance) {
+Relay::Relay(std::uint16_t target, std::chrono::milliseconds distance)
+    : target_(target), distance_(distance) {
     std::tie(listener_, port_) = listenOnLoopback();
     acceptor_ = std::thread([this] { accept(); });
 }

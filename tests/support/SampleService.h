@@ -5,9 +5,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include <sys/types.h>
 #include <cstdint>
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
 namespace VanticRestKit::test {

@@ -5,9 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <platform/json/Sanitized.h>
 #include <pthread.h>
+#include <functional>
 
 namespace VanticRestKit::test {
 

@@ -66,7 +66,8 @@ std::pair<Socket, std::uint16_t> listenOnLoopback(Loopback loopback) {
 bool hasIPv6() {
     const Socket probe(socket(AF_INET6, SOCK_STREAM | SOCK_CLOEXEC, 0));
     const sockaddr_in6 address = loopbackV6();
-    return probe && bind(probe.descriptor(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
+    return probe &&
+           bind(probe.descriptor(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
 }
 
 Socket connectToLoopback(std::uint16_t port) {

@@ -61,9 +61,8 @@ std::vector<std::string> candidates(const Wanted& wanted, const std::set<std::in
         return (watched.count(show->id) > 0 ? 2 : 0) + (show->category == category ? 0 : 1);
     };
     // Shows lie in one list, so that the order of their addresses is the catalogue's.
-    std::sort(shows.begin(), shows.end(), [&](const Show* a, const Show* b) {
-        return rank(a) != rank(b) ? rank(a) < rank(b) : a < b;
-    });
+    std::sort(shows.begin(), shows.end(),
+              [&](const Show* a, const Show* b) { return rank(a) != rank(b) ? rank(a) < rank(b) : a < b; });
     std::vector<std::string> uris;
     for (const Show* show : shows) uris.push_back(uriOf(*show));
     uris.insert(uris.begin() + std::min<std::ptrdiff_t>(3, std::ssize(uris)),

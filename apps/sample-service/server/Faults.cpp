@@ -21,7 +21,8 @@ constexpr std::array<std::pair<const char*, FaultKind>, 9> kindNames{{
     {"expiredToken", FaultKind::expiredToken},
 }};
 
-constexpr const char* notJSON = "<!doctype html><title>Back soon</title><p>The service is being looked after.</p>";
+constexpr const char* notJSON =
+    "<!doctype html><title>Back soon</title><p>The service is being looked after.</p>";
 constexpr const char* unknownText = "holographic";
 
 // Where no place is named, every text under these keys stands for an enumeration.
@@ -30,8 +31,8 @@ constexpr std::array<const char*, 2> enumerationKeys{"type", "theme"};
 void makeUnknown(JSON& value) {
     if (value.is_object()) {
         for (auto& [key, member] : value.items()) {
-            const bool known = std::find(enumerationKeys.begin(), enumerationKeys.end(), key) !=
-                               enumerationKeys.end();
+            const bool known =
+                std::find(enumerationKeys.begin(), enumerationKeys.end(), key) != enumerationKeys.end();
             if (known && member.is_string()) {
                 member = unknownText;
             } else {
@@ -131,9 +132,7 @@ void apply(const Fault& fault, Reply& reply) {
             reply = failure(fault.status, "As asked for");
             reply.text = fault.text;
             break;
-        case FaultKind::expiredToken:
-            reply = failure(401, "The token has expired");
-            break;
+        case FaultKind::expiredToken: reply = failure(401, "The token has expired"); break;
         case FaultKind::unknownEnum:
             if (!reply.body) break;
             if (fault.at.empty()) {
@@ -155,8 +154,7 @@ void apply(const Fault& fault, Reply& reply) {
             break;
         case FaultKind::delay:
         case FaultKind::stall:
-        case FaultKind::reset:
-            break;
+        case FaultKind::reset: break;
     }
 }
 

@@ -13,8 +13,8 @@ std::optional<Captures> match(const std::vector<std::string>& pattern, const std
     Captures captures;
     for (std::size_t i = 0; i < pattern.size(); ++i) {
         if (takesTheRest(pattern[i])) {
-            captures.insert(captures.end(), path.begin() + static_cast<std::ptrdiff_t>(std::min(i, path.size())),
-                            path.end());
+            captures.insert(captures.end(),
+                            path.begin() + static_cast<std::ptrdiff_t>(std::min(i, path.size())), path.end());
             return captures;
         }
         if (i >= path.size()) return std::nullopt;

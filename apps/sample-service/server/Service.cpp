@@ -2,8 +2,8 @@
 
 #include <sys/socket.h>
 
-#include <array>
 #include <algorithm>
+#include <array>
 
 #include "server/Origin.h"
 #include "server/WorkerPool.h"
@@ -51,7 +51,10 @@ void prepare(const Reply& reply, httplib::Response& response) {
 }  // namespace
 
 Service::Service(Router routes, Router control, Faults& faults, RequestLog& log, std::function<void()> ended)
-    : routes_(std::move(routes)), control_(std::move(control)), faults_(faults), log_(log),
+    : routes_(std::move(routes)),
+      control_(std::move(control)),
+      faults_(faults),
+      log_(log),
       ended_(std::move(ended)) {}
 
 Service::~Service() { stop(); }
@@ -59,7 +62,8 @@ Service::~Service() { stop(); }
 bool Service::start(int port, const Certificate* certificate) {
     secure_ = certificate != nullptr;
     if (secure_) {
-        server_ = std::make_unique<httplib::SSLServer>(certificate->certificate.get(), certificate->key.get());
+        server_ =
+            std::make_unique<httplib::SSLServer>(certificate->certificate.get(), certificate->key.get());
     } else {
         server_ = std::make_unique<httplib::Server>();
     }

@@ -75,12 +75,9 @@ Reply Users::answer(const Request& request, const Step& step) {
 
 bool Users::rotates(const TokenSet& tokens) const {
     switch (settings_.rotation) {
-        case TokenSettings::Rotation::never:
-            return false;
-        case TokenSettings::Rotation::always:
-            return true;
-        case TokenSettings::Rotation::late:
-            break;
+        case TokenSettings::Rotation::never: return false;
+        case TokenSettings::Rotation::always: return true;
+        case TokenSettings::Rotation::late: break;
     }
     return tokens.expiry - secondsNow() < settings_.seconds / 2;
 }

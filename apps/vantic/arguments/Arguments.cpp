@@ -12,8 +12,8 @@ namespace {
 bool isOption(std::string_view word) { return word.size() > 1 && word[0] == '-'; }
 
 const Option& find(std::span<const Option> options, const std::string& name) {
-    const auto found =
-        std::find_if(options.begin(), options.end(), [&](const Option& option) { return option.name == name; });
+    const auto found = std::find_if(options.begin(), options.end(),
+                                    [&](const Option& option) { return option.name == name; });
     if (found == options.end()) throw UsageError{"unknown option --" + name};
     return *found;
 }
@@ -25,7 +25,8 @@ Arguments Arguments::read(Words words, std::span<const Option> options, std::siz
     for (std::size_t i = 0; i < words.size(); ++i) {
         const std::string& word = words[i];
         if (!isOption(word)) {
-            if (arguments.positionals_.size() == mostPositionals) throw UsageError{"unexpected argument " + word};
+            if (arguments.positionals_.size() == mostPositionals)
+                throw UsageError{"unexpected argument " + word};
             arguments.positionals_.push_back(word);
             continue;
         }

@@ -9,7 +9,8 @@ namespace {
 
 std::pair<std::string, std::string> readHeader(const std::string& text) {
     const std::size_t colon = text.find(':');
-    if (colon == 0 || colon == std::string::npos) throw UsageError{"--header takes 'Name: value', not " + text};
+    if (colon == 0 || colon == std::string::npos)
+        throw UsageError{"--header takes 'Name: value', not " + text};
     const std::size_t value = text.find_first_not_of(" \t", colon + 1);
     return {text.substr(0, colon), value == std::string::npos ? "" : text.substr(value)};
 }

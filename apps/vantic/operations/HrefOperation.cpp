@@ -20,9 +20,9 @@ struct Document {
 template <>
 const VanticRestKit::TypePlan& VanticRestKit::planOf<vantic::Document>() {
     static const TypePlan plan{
-        .kind = ValueKind::attempted,
-        .name = "Document",
-        .attempt = [](std::string_view json, void* value) { static_cast<vantic::Document*>(value)->json = Data(json); }};
+        .kind = ValueKind::attempted, .name = "Document", .attempt = [](std::string_view json, void* value) {
+            static_cast<vantic::Document*>(value)->json = Data(json);
+        }};
     return plan;
 }
 

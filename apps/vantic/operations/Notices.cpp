@@ -41,14 +41,15 @@ private:
 
 std::optional<Loadable> callMessages(const Arguments& given, const Host& host) {
     HostInformation::supply(std::make_shared<DescribedHost>(given));
-    return loadable(Endpoint::Messages({.appId = readCase<MessagesAppId>("appId", given.text("appId")),
-                                        .loggedIn = given.flag("loggedIn")},
-                                       host));
+    return loadable(Endpoint::Messages(
+        {.appId = readCase<MessagesAppId>("appId", given.text("appId")), .loggedIn = given.flag("loggedIn")},
+        host));
 }
 
 std::optional<Loadable> callRemap(const Arguments& given, const Host& host) {
     std::vector<URLQueryItem> items;
-    for (const std::string& text : given.texts("queryItems")) items.push_back(readQueryItem("queryItems", text));
+    for (const std::string& text : given.texts("queryItems"))
+        items.push_back(readQueryItem("queryItems", text));
     return loadable(Endpoint::Remap({.path = given.text("path"), .queryItems = std::move(items)}, host));
 }
 
@@ -66,8 +67,8 @@ std::vector<Operation> noticeOperations() {
         {"Livestreams",
          {optional("region")},
          [](Given given, In host) {
-             return loadable(
-                 Endpoint::Livestreams({.region = given.optionally("region", readCase<LivestreamRegion>)}, host));
+             return loadable(Endpoint::Livestreams(
+                 {.region = given.optionally("region", readCase<LivestreamRegion>)}, host));
          }},
         {"Messages",
          {required("appId"), flag("loggedIn"), optional("appVersion"), optional("systemVersion"),

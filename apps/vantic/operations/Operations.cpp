@@ -18,7 +18,8 @@ Alternatives named(const std::string& name) {
 }
 
 bool isAmong(std::span<const Option> options, std::string_view name) {
-    return std::any_of(options.begin(), options.end(), [&](const Option& option) { return option.name == name; });
+    return std::any_of(options.begin(), options.end(),
+                       [&](const Option& option) { return option.name == name; });
 }
 
 std::vector<Option> allOptions(Alternatives alternatives) {

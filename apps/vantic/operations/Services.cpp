@@ -73,7 +73,9 @@ std::optional<Loadable> callRecommendations(const Arguments& given, const Host& 
 
 std::vector<Operation> serviceOperations() {
     return {
-        {"KAVROSegments", {required("withSubprofileID"), required("apiKey"), required("accessToken")}, callSegments},
+        {"KAVROSegments",
+         {required("withSubprofileID"), required("apiKey"), required("accessToken")},
+         callSegments},
         {"RecsModule",
          {required("withModuleId"), optional("userId"), optional("accountId"), optional("subprofileId"),
           required("limit"), required("httpMethod"), repeated("exclude"), repeated("include"),

@@ -17,15 +17,16 @@ std::vector<Operation> showOperations() {
     using In = const Host&;
     return {
         {"Show",
-         {required("showSlugOrId"), optional("selectedSeries"), optional("selectedVideo"), flag("embedSeries"),
-          optional("channel")},
+         {required("showSlugOrId"), optional("selectedSeries"), optional("selectedVideo"),
+          flag("embedSeries"), optional("channel")},
          [](Given given, In host) {
-             return loadable(Endpoint::Show({.showSlugOrId = given.text("showSlugOrId"),
-                                             .selectedSeries = given.optionally("selectedSeries", readUnsigned),
-                                             .selectedVideo = given.optionalText("selectedVideo"),
-                                             .embedSeries = given.flag("embedSeries"),
-                                             .channel = given.optionalText("channel")},
-                                            host));
+             return loadable(
+                 Endpoint::Show({.showSlugOrId = given.text("showSlugOrId"),
+                                 .selectedSeries = given.optionally("selectedSeries", readUnsigned),
+                                 .selectedVideo = given.optionalText("selectedVideo"),
+                                 .embedSeries = given.flag("embedSeries"),
+                                 .channel = given.optionalText("channel")},
+                                host));
          }},
         {"Show",
          {required("usingHref")},

@@ -20,7 +20,8 @@ struct DecodeFailure {
 };
 
 /// Decodes a document and gives the value as JSON.
-VanticRestKit::Result<std::string, DecodeFailure> decode(const Type& type, const VanticRestKit::Data& document,
+VanticRestKit::Result<std::string, DecodeFailure> decode(const Type& type,
+                                                         const VanticRestKit::Data& document,
                                                          VanticRestKit::ValueLayout layout);
 
 /// {"error":{"kind":K,"path":[...],"message":"..."}}

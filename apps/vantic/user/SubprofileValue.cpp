@@ -7,6 +7,7 @@ template <>
 const VanticRestKit::TypePlan& VanticRestKit::planOf<vantic::SubprofileValue>() {
     using namespace mapping;
     using vantic::SubprofileValue;
+    // clang-format off
     static const TypePlan& plan = object<SubprofileValue>(
         required<&SubprofileValue::uid>("uid"), lenient<&SubprofileValue::parentUid>("parentUid"),
         lenient<&SubprofileValue::created, apiDate>("created"),
@@ -16,6 +17,7 @@ const VanticRestKit::TypePlan& VanticRestKit::planOf<vantic::SubprofileValue>() 
         lenient<&SubprofileValue::avatarAccessibilityText>("avatarAccessibilityText"),
         lenient<&SubprofileValue::isChild>("isChild"), lenient<&SubprofileValue::birthYear>("birthYear"),
         lenient<&SubprofileValue::channelFilter>("channelFilter"));
+    // clang-format on
     return plan;
 }
 

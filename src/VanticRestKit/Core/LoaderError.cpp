@@ -21,14 +21,10 @@ std::string LoaderError::localizedDescription() const {
     switch (kind_) {
         case Kind::serverError:
             return underlyingError_ ? underlyingError_->localizedDescription() : "Unknown server error";
-        case Kind::failedToDecode:
-            return "Unable to decode the server response";
-        case Kind::unknowError:
-            return "Unknown error";
-        case Kind::unknownResponse:
-            return "Unknown response";
-        case Kind::loaderStateError:
-            break;
+        case Kind::failedToDecode: return "Unable to decode the server response";
+        case Kind::unknowError: return "Unknown error";
+        case Kind::unknownResponse: return "Unknown response";
+        case Kind::loaderStateError: break;
     }
     return "Loaded in incorrect state";
 }

@@ -74,15 +74,11 @@ std::optional<std::string> NetworkError::requestQuery() const {
 
 std::string NetworkError::localizedDescription() const {
     switch (kind_) {
-        case Kind::httpError:
-            return "Got response " + std::to_string(errorCode());
-        case Kind::dataNotFoundInResponse:
-            return "Data returned is nil and no error returned";
-        case Kind::requestFailed:
-            return underlyingError_->localizedDescription();
+        case Kind::httpError: return "Got response " + std::to_string(errorCode());
+        case Kind::dataNotFoundInResponse: return "Data returned is nil and no error returned";
+        case Kind::requestFailed: return underlyingError_->localizedDescription();
         case Kind::internalSDKError:
-        case Kind::notAHTTPResponse:
-            break;
+        case Kind::notAHTTPResponse: break;
     }
     return message_;
 }
@@ -104,16 +100,11 @@ std::string NetworkError::errorDomain() { return "dev.vantic.VanticRestKit.netwo
 
 std::int64_t NetworkError::errorCode() const {
     switch (kind_) {
-        case Kind::internalSDKError:
-            return 1;
-        case Kind::httpError:
-            return response()->statusCode();
-        case Kind::notAHTTPResponse:
-            return 3;
-        case Kind::dataNotFoundInResponse:
-            return 4;
-        case Kind::requestFailed:
-            break;
+        case Kind::internalSDKError: return 1;
+        case Kind::httpError: return response()->statusCode();
+        case Kind::notAHTTPResponse: return 3;
+        case Kind::dataNotFoundInResponse: return 4;
+        case Kind::requestFailed: break;
     }
     return underlyingNSError(*underlyingError_).code();
 }

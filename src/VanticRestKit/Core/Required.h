@@ -48,7 +48,7 @@ concept FillsByBraces = std::convertible_to<U, T> && requires(U&& value) {
 // An optional converts what it is given by itself and would let an unfit number through. Whole numbers may
 // stand for numbers with a fraction, as `timeout = 5` does.
 template <class U, class T>
-concept FillsInside = std::same_as<U, T> || FillsByBraces<U, T> || (std::floating_point<T> && std::integral<U>);
+concept FillsInside = std::same_as<U, T> || FillsByBraces<U, T> ||(std::floating_point<T>&& std::integral<U>);
 
 template <class U, class T>
 struct Fills : std::bool_constant<FillsByBraces<U, T>> {};

@@ -13,7 +13,8 @@ enum class KAVROActiveAudiences { lumenoGenreFavourite180DVanticKids };
 template <>
 struct RawTexts<KAVROActiveAudiences> {
     static constexpr RawCase<KAVROActiveAudiences> cases[] = {
-        {KAVROActiveAudiences::lumenoGenreFavourite180DVanticKids, "lumenoGenreFavourite180DVanticKids", "vantic_main_127"},
+        {KAVROActiveAudiences::lumenoGenreFavourite180DVanticKids, "lumenoGenreFavourite180DVanticKids",
+         "vantic_main_127"},
     };
 };
 

@@ -20,7 +20,8 @@ struct VRK_EXPORT KAVROSegmentsURI {
         Required<std::string> withSubprofileID;
     };
     /// `KAVROSegmentsURI({.withSubprofileID = "12"})`
-    explicit KAVROSegmentsURI(Arguments arguments) : subprofileid(std::move(arguments.withSubprofileID).value()) {}
+    explicit KAVROSegmentsURI(Arguments arguments)
+        : subprofileid(std::move(arguments.withSubprofileID).value()) {}
 
     std::optional<std::string> httpMethod = "POST";
     std::string subprofileid;

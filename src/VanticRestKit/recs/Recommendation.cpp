@@ -8,9 +8,11 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<Recommendation>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Recommendation>(
         required<&Recommendation::rid>("rid"),
         required<&Recommendation::recipeid>("recipeid"));
+    // clang-format on
     return plan;
 }
 

@@ -8,7 +8,17 @@
 namespace VanticRestKit {
 
 /// What a piece of content is.
-enum class RecsContentType { audio, audioepisode, audiosegment, program, recipe, video, videoepisode, videosegment, article };
+enum class RecsContentType {
+    audio,
+    audioepisode,
+    audiosegment,
+    program,
+    recipe,
+    video,
+    videoepisode,
+    videosegment,
+    article
+};
 
 template <>
 struct RawTexts<RecsContentType> {

@@ -37,7 +37,8 @@ void getDataset(TrelvoState& state, GetDataset wanted, const TrelvoContext& cont
                                  .includeFamilyData = wanted.includeFamilyData};
         },
         [weak = state.weak_from_this()](Answer& answer) -> Result<Value, TrelvoError> {
-            if (weak.expired()) return Failure(TrelvoError::unknown("Trelvo deallocated when request returned"));
+            if (weak.expired())
+                return Failure(TrelvoError::unknown("Trelvo deallocated when request returned"));
             if (!answer && answer.error().is404Error()) return Failure(TrelvoError::datasetDoesNotExist());
             if (!answer) return generalFailure(answer.error());
             storeAuth(weak, answer->auth);
@@ -45,33 +46,39 @@ void getDataset(TrelvoState& state, GetDataset wanted, const TrelvoContext& cont
         });
 }
 
-void createDataset(TrelvoState& state, std::string namespace_, Dictionary dataset, const TrelvoContext& context,
-                   Trelvo::Completion<DatasetContainer> completion) {
+void createDataset(TrelvoState& state, std::string namespace_, Dictionary dataset,
+                   const TrelvoContext& context, Trelvo::Completion<DatasetContainer> completion) {
     runOperation<DatasetResponse, DatasetContainer>(
         state, "createDataset", context, std::move(completion),
         [&](const std::string& uid, SourceSystem source) {
-            return CreateDatasetURI{
-                .uid = uid, .source = source, .namespace_ = std::move(namespace_), .dataset = std::move(dataset)};
+            return CreateDatasetURI{.uid = uid,
+                                    .source = source,
+                                    .namespace_ = std::move(namespace_),
+                                    .dataset = std::move(dataset)};
         },
         [weak = state.weak_from_this()](Answer& answer) {
-            return onlyDataset(weak, answer,
-                               "In Trelvo.createDataset(), POST call to dataset endpoint was successful but response "
-                               "contained no datasets, where we would expect to receive the dataset just created.");
+            return onlyDataset(
+                weak, answer,
+                "In Trelvo.createDataset(), POST call to dataset endpoint was successful but response "
+                "contained no datasets, where we would expect to receive the dataset just created.");
         });
 }
 
-void updateDataset(TrelvoState& state, std::string namespace_, Dictionary dataset, const TrelvoContext& context,
-                   Trelvo::Completion<DatasetContainer> completion) {
+void updateDataset(TrelvoState& state, std::string namespace_, Dictionary dataset,
+                   const TrelvoContext& context, Trelvo::Completion<DatasetContainer> completion) {
     runOperation<DatasetResponse, DatasetContainer>(
         state, "updateDataset", context, std::move(completion),
         [&](const std::string& uid, SourceSystem source) {
-            return UpdateDatasetURI{
-                .uid = uid, .source = source, .namespace_ = std::move(namespace_), .dataset = std::move(dataset)};
+            return UpdateDatasetURI{.uid = uid,
+                                    .source = source,
+                                    .namespace_ = std::move(namespace_),
+                                    .dataset = std::move(dataset)};
         },
         [weak = state.weak_from_this()](Answer& answer) {
-            return onlyDataset(weak, answer,
-                               "In Trelvo.updateDataset(), PATCH call to dataset endpoint was successful but response "
-                               "contained no datasets, where we would expect to receive the dataset just updated.");
+            return onlyDataset(
+                weak, answer,
+                "In Trelvo.updateDataset(), PATCH call to dataset endpoint was successful but response "
+                "contained no datasets, where we would expect to receive the dataset just updated.");
         });
 }
 

@@ -33,9 +33,12 @@ void readHistory(detail::TrelvoState& state, const char* operation, const Trelvo
 void Trelvo::deleteHistory(DeletionArguments arguments, const TrelvoContext& context) {
     detail::runOperation<HistoryResponse, void>(
         *state_, "deleteHistory", context, std::move(arguments.completionHandler).value(),
-        [](const std::string& uid, SourceSystem source) { return DeleteHistoryURI{.uid = uid, .source = source}; },
+        [](const std::string& uid, SourceSystem source) {
+            return DeleteHistoryURI{.uid = uid, .source = source};
+        },
         [weak = state_->weak_from_this()](const Answer& answer) -> Result<void, TrelvoError> {
-            if (weak.expired()) return Failure(TrelvoError::unknown("Trelvo deallocated when request returned"));
+            if (weak.expired())
+                return Failure(TrelvoError::unknown("Trelvo deallocated when request returned"));
             if (!answer && answer.error().is404Error()) return {};
             if (!answer) return detail::generalFailure(answer.error());
             detail::storeAuth(weak, answer->auth);

@@ -17,7 +17,8 @@ Trelvo::Completion<DatasetContainer> asSubprofile(Trelvo::Completion<Subprofile>
             return;
         }
         const std::optional<std::string> actual = result->namespace_;
-        std::optional<Subprofile> subprofile = Subprofile::make({.datasetContainer = std::move(result).value()});
+        std::optional<Subprofile> subprofile =
+            Subprofile::make({.datasetContainer = std::move(result).value()});
         if (subprofile) {
             completion(*std::move(subprofile));
         } else {

@@ -27,7 +27,8 @@ std::shared_ptr<Serviceable> TrelvoContextAuthDecorator::service(ServiceArgument
     return decoratedContext_.service(std::move(arguments));
 }
 
-std::optional<URLRequest> TrelvoContextAuthDecorator::generateURLRequest(URLRequestArguments arguments) const {
+std::optional<URLRequest> TrelvoContextAuthDecorator::generateURLRequest(
+    URLRequestArguments arguments) const {
     return decoratedContext_.generateURLRequest(std::move(arguments));
 }
 

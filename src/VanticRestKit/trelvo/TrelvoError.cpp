@@ -43,7 +43,8 @@ TrelvoError TrelvoError::unableToRetrieveSavedData() { return TrelvoError(Kind::
 std::string TrelvoError::errorDescription() const {
     switch (kind_) {
         case Kind::noAuthToken:
-            return "No valid auth token was found.  The last call to the token endpoint produced this error: " +
+            return "No valid auth token was found.  The last call to the token endpoint produced this "
+                   "error: " +
                    error_->localizedDescription();
         case Kind::datasetNamespaceMismatch:
             return "Dataset namespace mismatch. Expected: \"" + expected_.value_or("nil") + "\". Actual: \"" +
@@ -51,10 +52,12 @@ std::string TrelvoError::errorDescription() const {
         case Kind::general: return error_->localizedDescription();
         case Kind::unknown: return "Unknown error: " + message_.value_or("No more information available");
         case Kind::datasetDoesNotExist:
-            return "The requested dataset doesn't exist, either because it was deleted, or hasn't yet been created.";
+            return "The requested dataset doesn't exist, either because it was deleted, or hasn't yet been "
+                   "created.";
         case Kind::noUid: return "Got nil uid from TrelvoContext.";
         case Kind::accountReconsentRequired:
-            return "Token request denied because account is unauthorized, likely because reconsent is required.";
+            return "Token request denied because account is unauthorized, likely because reconsent is "
+                   "required.";
         case Kind::unableToRetrieveHistoryData: return "Unable to retrieve history data";
         case Kind::unableToRetrieveSavedData: return "Unable to retrieve saved data";
     }

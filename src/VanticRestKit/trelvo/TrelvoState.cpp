@@ -58,7 +58,8 @@ std::optional<DispatchGroup> TrelvoState::refreshAuth(const TrelvoContext& conte
     return group;
 }
 
-Result<Credentials, TrelvoError> TrelvoState::credentials(const char* operation, const TrelvoContext& context) {
+Result<Credentials, TrelvoError> TrelvoState::credentials(const char* operation,
+                                                          const TrelvoContext& context) {
     std::optional<std::string> uid = context.uid();
     if (!uid) return Failure(TrelvoError::noUid());
     if (const std::optional<DispatchGroup> group = refreshAuth(context)) {

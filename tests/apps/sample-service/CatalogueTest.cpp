@@ -6,7 +6,7 @@ namespace VanticRestKit::test {
 
 namespace {
 
-const std::vector<std::string> houseNumbers{"HL0101", "QO0101", "CC0101", "SP0101", "NF0101",
+const std::vector<std::string> houseNumbers{"HL0101", "QO0101", "CC0101", "SP0101",  "NF0101",
                                             "KW0101", "SR0001", "PL0001", "SRT0001", "LIVE0001"};
 
 /// Every video of the catalogue: the first of each programme, and those behind it.
@@ -73,7 +73,8 @@ TEST(SampleCatalogue, FortyVideosShowEveryKeyTypeAndQuality) {
         for (const auto& item : video["_embedded"]["playlist"]) {
             items.insert(item["type"]);
             for (const auto& [technology, stream] : item["streams"].items()) {
-                for (const auto& [quality, address] : stream.items()) qualities.insert(technology + " " + quality);
+                for (const auto& [quality, address] : stream.items())
+                    qualities.insert(technology + " " + quality);
             }
         }
     }

@@ -1,9 +1,9 @@
 #include "Client.h"
 
-#include <csignal>
-#include <future>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <csignal>
+#include <future>
 
 namespace VanticRestKit::test {
 
@@ -32,7 +32,8 @@ TEST(SampleProcess, EndsWhileAConnectionIsKeptAliveAndAnAnswerIsHeldBack) {
     idle.set_keep_alive(true);
     ASSERT_TRUE(idle.Get("/v2/time"));
     service.addFault({{"path", "v2/time"}, {"fault", "stall"}});
-    auto held = std::async(std::launch::async, [&] { return static_cast<bool>(clientOf(service).Get("/v2/time")); });
+    auto held =
+        std::async(std::launch::async, [&] { return static_cast<bool>(clientOf(service).Get("/v2/time")); });
     while (service.control("GET", "/_control/state")["requests"] < 2) std::this_thread::yield();
     EXPECT_EQ(service.end(SIGTERM), 0);
     EXPECT_FALSE(held.get());

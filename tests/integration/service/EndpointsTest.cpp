@@ -42,14 +42,16 @@ void loadsAllThereIs(const ServiceContext& context) {
     EXPECT_EQ(next->title, video->nextEpisodeTitle);
     EXPECT_EQ(valueOf(Endpoint::Resource<Video>({.withHref = next->selfHref.value_or("")}, context)), next);
 
-    const auto list = valueOf(Endpoint::Videos({.houseNumbers = std::vector<std::string>{"HL0103", "HL0102"}}, context));
+    const auto list =
+        valueOf(Endpoint::Videos({.houseNumbers = std::vector<std::string>{"HL0103", "HL0102"}}, context));
     ASSERT_TRUE(list);
     EXPECT_EQ(list->videos, (std::vector<Video>{*next, *video}));
 
     const auto home = valueOf(Endpoint::Home(context));
     ASSERT_TRUE(home);
     EXPECT_EQ(home->collections.size(), 8U);
-    EXPECT_THAT(home->featuredImageHref.value_or(""), ::testing::StartsWith(context.baseURL().absoluteString()))
+    EXPECT_THAT(home->featuredImageHref.value_or(""),
+                ::testing::StartsWith(context.baseURL().absoluteString()))
         << "pictures are named by the address that was asked";
 }
 

@@ -34,9 +34,8 @@ public:
     std::map<std::string, std::string> HTTPHeaderFields() const override { return headers; }
     double requestTimeout() const override { return timeout; }
     std::shared_ptr<Serviceable> service(ServiceArguments arguments) const override {
-        return NetworkServiceble::make({.with = std::move(arguments.withURLRequest).value(),
-                                        .and_ = session_,
-                                        .logError = logError()});
+        return NetworkServiceble::make(
+            {.with = std::move(arguments.withURLRequest).value(), .and_ = session_, .logError = logError()});
     }
 
     std::map<std::string, std::string> headers{};
@@ -54,7 +53,8 @@ std::optional<Result<T, LoaderError>> outcomeOf(const std::optional<Resource<T>>
     if (!resource) return std::nullopt;
     const auto arrived = std::make_shared<std::promise<Result<T, LoaderError>>>();
     auto outcome = arrived->get_future();
-    resource->load({.with = [arrived](Result<T, LoaderError> result) { arrived->set_value(std::move(result)); }});
+    resource->load(
+        {.with = [arrived](Result<T, LoaderError> result) { arrived->set_value(std::move(result)); }});
     if (outcome.wait_for(std::chrono::minutes(1)) == std::future_status::ready) return outcome.get();
     ADD_FAILURE() << "no outcome within a minute";
     return std::nullopt;

@@ -43,7 +43,8 @@ TEST_F(IPv6, AnAnswerBearsItsAddressInBracketsAndItsHostWithout) {
 
 TEST_F(IPv6, ARedirectMayNameTheAddress) {
     FaultServer target(always(answer(200, "there")), nullptr, Loopback::v6);
-    FaultServer server(always(answer(302, "", "Location: " + target.url("/x") + "\r\n")), nullptr, Loopback::v6);
+    FaultServer server(always(answer(302, "", "Location: " + target.url("/x") + "\r\n")), nullptr,
+                       Loopback::v6);
     EXPECT_EQ(load(*session_, server.url()).body(), "there");
 }
 
@@ -53,7 +54,8 @@ TEST_F(IPv6, HeadersThatTrickleLiveAlsoOnAConnectionThatIsUsedAgain) {
             if (!connection.readRequest()) return;
             connection.send(answer(200, "first"));
             if (!connection.readRequest()) return;
-            connection.trickle("HTTP/1.1 200 OK\r\nX: y\r\nContent-Length: 2\r\n\r\n", std::chrono::milliseconds(50));
+            connection.trickle("HTTP/1.1 200 OK\r\nX: y\r\nContent-Length: 2\r\n\r\n",
+                               std::chrono::milliseconds(50));
             connection.send("ok");
         },
         nullptr, Loopback::v6);

@@ -145,12 +145,13 @@ TEST(Requests, TheSessionFramesTheMessageAndNobodyElse) {
         r.addValue("chunked", "Transfer-Encoding");
         r.addValue("close", "Connection");
         r.addValue("100-continue", "Expect");
-        for (const char* name : {"Keep-Alive", "Proxy-Connection", "TE", "Trailer", "Upgrade"}) r.addValue("x", name);
+        for (const char* name : {"Keep-Alive", "Proxy-Connection", "TE", "Trailer", "Upgrade"})
+            r.addValue("x", name);
     });
     EXPECT_EQ(request.body, "four");
     EXPECT_EQ(request.header("content-length"), "4");
-    for (const char* name : {"transfer-encoding", "connection", "expect", "keep-alive", "proxy-connection", "te",
-                             "trailer", "upgrade"}) {
+    for (const char* name : {"transfer-encoding", "connection", "expect", "keep-alive", "proxy-connection",
+                             "te", "trailer", "upgrade"}) {
         EXPECT_FALSE(request.has(name)) << name;
     }
 }

@@ -33,11 +33,12 @@ struct Radio : Podcast {
 template <class T>
 consteval CollectionItemTable hostTable() {
     using enum CollectionItemMember;
-    return collectionItem<T>(
-        own<selfHref, &T::none>(), own<deeplinkHref, &T::none>(), own<title, &T::name>(), own<displayTitle, &T::none>(),
-        own<thumbnail, &T::none>(), own<showTitle, &T::none>(), own<showId, &T::number>(), own<playableVideo, &T::video>(),
-        own<kickerTitle, &T::none>(), own<tags, &T::words>(), own<showHref, &T::none>(), own<channel, &T::none>(),
-        own<channelTitle, &T::none>(), own<derivedShowSlug, &T::slugOfTheShow>());
+    return collectionItem<T>(own<selfHref, &T::none>(), own<deeplinkHref, &T::none>(), own<title, &T::name>(),
+                             own<displayTitle, &T::none>(), own<thumbnail, &T::none>(),
+                             own<showTitle, &T::none>(), own<showId, &T::number>(),
+                             own<playableVideo, &T::video>(), own<kickerTitle, &T::none>(),
+                             own<tags, &T::words>(), own<showHref, &T::none>(), own<channel, &T::none>(),
+                             own<channelTitle, &T::none>(), own<derivedShowSlug, &T::slugOfTheShow>());
 }
 
 test::EntityRules directPlayableVideos() {
@@ -75,7 +76,9 @@ TEST(DirectPlayableVideo, TakesEachFieldFromItsKeyOrLeavesItEmpty) {
     test::expectFieldsInEveryState(directPlayableVideos());
 }
 
-TEST(DirectPlayableVideo, FailsOnlyWhereItIsNoObject) { test::expectAnObjectOnly(test::decodable<DirectPlayableVideo>); }
+TEST(DirectPlayableVideo, FailsOnlyWhereItIsNoObject) {
+    test::expectAnObjectOnly(test::decodable<DirectPlayableVideo>);
+}
 
 TEST(DirectPlayableVideo, IsEmptyFromAnEmptyObject) {
     EXPECT_EQ(decoded<DirectPlayableVideo>("{}"), DirectPlayableVideo{});
@@ -101,7 +104,8 @@ TEST(ShowSlug, IsTheSecondWordOfAPathThatBeginsWithASlash) {
 
 TEST(ShowSlug, IsEmptyOfNothingAndOfTooFewParts) {
     EXPECT_EQ(slugFrom(std::nullopt), std::nullopt);
-    for (const char* const path : {"", "a", "a/b", "/", "/a", "a/"}) EXPECT_EQ(slugFrom(path), std::nullopt) << path;
+    for (const char* const path : {"", "a", "a/b", "/", "/a", "a/"})
+        EXPECT_EQ(slugFrom(path), std::nullopt) << path;
 }
 
 TEST(ShowSlug, MayBeAPartWithoutCharacters) {
@@ -119,8 +123,9 @@ TEST(CollectionItem, OfAHostGivesWhatItsListNamesAndTheDefaultsForTheRest) {
     EXPECT_EQ(item.playableVideo(), DirectPlayableVideo{.id = "n"});
     EXPECT_EQ(item.tags(), std::vector<std::string>{"w"});
     EXPECT_EQ(item.derivedShowSlug(), "n");
-    for (const Text& none : {item.selfHref(), item.deeplinkHref(), item.displayTitle(), item.thumbnail(), item.showTitle(),
-                             item.kickerTitle(), item.showHref(), item.channel(), item.channelTitle()}) {
+    for (const Text& none :
+         {item.selfHref(), item.deeplinkHref(), item.displayTitle(), item.thumbnail(), item.showTitle(),
+          item.kickerTitle(), item.showHref(), item.channel(), item.channelTitle()}) {
         EXPECT_EQ(none, std::nullopt);
     }
 }
@@ -137,9 +142,10 @@ TEST(CollectionItem, HasTheInterfacesDefaultWhereTheListNamesNoMemberWhateverFie
     EXPECT_EQ(item.updated(), std::nullopt);
     EXPECT_EQ(item.episodeCount(), std::nullopt);
     for (const Text& none :
-         {item.classification(), item.displaySubtitle(), item.seriesTitle(), item.houseNumber(), item.displayDuration(),
-          item.displayDurationAccessible(), item.availability(), item.portraitThumbnail(), item.portraitTitledThumbnail(),
-          item.episodePortraitThumbnail(), item.character1Thumbnail(), item.character2Thumbnail(), item.broadcastInfo()}) {
+         {item.classification(), item.displaySubtitle(), item.seriesTitle(), item.houseNumber(),
+          item.displayDuration(), item.displayDurationAccessible(), item.availability(),
+          item.portraitThumbnail(), item.portraitTitledThumbnail(), item.episodePortraitThumbnail(),
+          item.character1Thumbnail(), item.character2Thumbnail(), item.broadcastInfo()}) {
         EXPECT_EQ(none, std::nullopt);
     }
 }

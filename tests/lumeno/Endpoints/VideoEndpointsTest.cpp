@@ -20,7 +20,8 @@ TEST(EndpointAvatars, AsksForThePicturesOfProfiles) {
 
 TEST(EndpointAvatars, IsAnsweredWithAList) {
     const FakeContext context;
-    const auto images = answered(context, Endpoint::Avatars(context), R"([{"id":1},{"id":"b","tags":["t"]}])");
+    const auto images =
+        answered(context, Endpoint::Avatars(context), R"([{"id":1},{"id":"b","tags":["t"]}])");
     ASSERT_TRUE(images);
     EXPECT_EQ(*images, (std::vector<Image>{{.id = "1"}, {.id = "b", .tags = {"t"}}}));
 }
@@ -37,29 +38,34 @@ TEST(EndpointAvatars, FailsToDecodeWithAnythingThatIsNoListOfObjects) {
 TEST(EndpointVideo, AsksByHouseNumberOrByHref) {
     EXPECT_EQ(sent([](const Context& context) { return Endpoint::Video({.houseNumber = "ZW1"}, context); }),
               "GET https://api.example.test/v2/video/ZW1");
-    EXPECT_EQ(sent([](const Context& context) { return Endpoint::Video({.usingHref = "video/ZW1"}, context); }),
-              "GET https://api.example.test/v2/video/ZW1");
-    EXPECT_EQ(sent([](const Context& context) { return Endpoint::Video({.usingHref = "any/thing"}, context); }),
-              "GET https://api.example.test/v2/any/thing");
+    EXPECT_EQ(
+        sent([](const Context& context) { return Endpoint::Video({.usingHref = "video/ZW1"}, context); }),
+        "GET https://api.example.test/v2/video/ZW1");
+    EXPECT_EQ(
+        sent([](const Context& context) { return Endpoint::Video({.usingHref = "any/thing"}, context); }),
+        "GET https://api.example.test/v2/any/thing");
 }
 
 TEST(EndpointVideo, IsAnsweredWithAVideo) {
     const FakeContext context;
-    const auto video = answered(context, Endpoint::Video({.houseNumber = "ZW1"}, context), R"({"id":"v","_links":{}})");
+    const auto video =
+        answered(context, Endpoint::Video({.houseNumber = "ZW1"}, context), R"({"id":"v","_links":{}})");
     ASSERT_TRUE(video);
     EXPECT_EQ(video->videoId, "v");
 }
 
 TEST(EndpointVideo, FailsToDecodeAsAnotherEntity) {
     const FakeContext context;
-    const auto video =
-        answered(context, Endpoint::Video({.usingHref = "show/s"}, context), R"({"_entity":"show","_links":{}})");
+    const auto video = answered(context, Endpoint::Video({.usingHref = "show/s"}, context),
+                                R"({"_entity":"show","_links":{}})");
     ASSERT_FALSE(video);
     EXPECT_EQ(video.error().kind(), LoaderError::Kind::failedToDecode);
 }
 
 TEST(EndpointVideos, AsksForAllHouseNumbersAtOnce) {
-    EXPECT_EQ(sent([](const Context& context) { return Endpoint::Videos({.houseNumbers = {"a", "b"}}, context); }),
+    EXPECT_EQ(sent([](const Context& context) {
+                  return Endpoint::Videos({.houseNumbers = {"a", "b"}}, context);
+              }),
               "GET https://api.example.test/v2/videos/a,b");
 }
 
@@ -78,7 +84,9 @@ TEST(EndpointVideos, IsAnsweredWithAListOfVideos) {
 }
 
 TEST(EndpointResource, AsksForThePathThatTheServiceSent) {
-    EXPECT_EQ(sent([](const Context& context) { return Endpoint::Resource<Video>({.withHref = "show/x"}, context); }),
+    EXPECT_EQ(sent([](const Context& context) {
+                  return Endpoint::Resource<Video>({.withHref = "show/x"}, context);
+              }),
               "GET https://api.example.test/v2/show/x");
 }
 

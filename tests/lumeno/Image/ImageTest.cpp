@@ -21,8 +21,8 @@ test::Shape textOrNumber() {
                                          {"-0", "\"0\""},
                                          {"4.2e1", "\"42\""},
                                          {"18446744073709551615", "\"18446744073709551615\""}});
-    shape.unfit = {{"-1"}, {"1.5"}, {"18446744073709551616"}, {"1e400"}, {"01"}, {"true"}, {"false"},
-                   {"{}"}, {"[]"},  {"[42]"},                 {"\"\\ud800\""}};
+    shape.unfit = {{"-1"}, {"1.5"},  {"18446744073709551616"}, {"1e400"}, {"01"}, {"true"}, {"false"}, {"{}"},
+                   {"[]"}, {"[42]"}, {"\"\\ud800\""}};
     return shape;
 }
 
@@ -67,7 +67,8 @@ TEST(Image, HasANumberForItsIdAsDecimalText) {
 }
 
 TEST(Image, HasNoIdFromAnythingButAnUnsignedNumberOrAText) {
-    for (const char* const json : {R"({"id":true})", R"({"id":-1})", R"({"id":1.5})", R"({"id":null})", "{}"}) {
+    for (const char* const json :
+         {R"({"id":true})", R"({"id":-1})", R"({"id":1.5})", R"({"id":null})", "{}"}) {
         EXPECT_EQ(decoded<Image>(json), Image{}) << json;
     }
 }
@@ -86,8 +87,9 @@ TEST(Image, IsMadeOfItsFieldsInDeclaredOrder) {
                       .width = 1,
                       .height = 2,
                       .altText = "g"};
-    EXPECT_EQ(valueText(image), R"({"id":"a","url":"b","accessibilityText":"c","type":"d","tags":["e"],"aspectRatio":"f",)"
-                                R"("width":1,"height":2,"altText":"g"})");
+    EXPECT_EQ(valueText(image),
+              R"({"id":"a","url":"b","accessibilityText":"c","type":"d","tags":["e"],"aspectRatio":"f",)"
+              R"("width":1,"height":2,"altText":"g"})");
     EXPECT_EQ(decoded<Image>(valueText(image)), image);
 }
 
@@ -95,7 +97,8 @@ TEST(Image, FailsTheListThatHoldsSomethingElse) {
     EXPECT_EQ(test::failureOf<std::vector<Image>>("[{},null]"), "typeMismatch [1]");
     EXPECT_EQ(test::failureOf<std::vector<Image>>("{}"), "typeMismatch []");
     EXPECT_EQ(decoded<std::vector<Image>>("[]"), std::vector<Image>());
-    EXPECT_EQ(decoded<std::vector<Image>>(R"([{"id":1},{"id":"a"}])"), (std::vector<Image>{{.id = "1"}, {.id = "a"}}));
+    EXPECT_EQ(decoded<std::vector<Image>>(R"([{"id":1},{"id":"a"}])"),
+              (std::vector<Image>{{.id = "1"}, {.id = "a"}}));
 }
 
 TEST(Banner, HasFourFields) { test::expectDeclaredFields(banners()); }
@@ -105,13 +108,15 @@ TEST(Banner, TakesEachFieldFromItsKeyOrFails) { test::expectFieldsInEveryState(b
 TEST(Banner, IsAnObject) { test::expectAnObjectOnly(test::decodable<Banner>); }
 
 TEST(Banner, FailsWithTheFirstFieldThatDoes) {
-    test::expectErrorsInOrder(banners(), {{"large", "1"}, {"small", "null"}, {"altText", "[]"}, {"link", "{}"}});
+    test::expectErrorsInOrder(banners(),
+                              {{"large", "1"}, {"small", "null"}, {"altText", "[]"}, {"link", "{}"}});
     EXPECT_EQ(test::failureOf<Banner>("{}"), R"(keyNotFound ["large"])");
 }
 
 TEST(Banner, IsMadeOfItsFieldsInDeclaredOrder) {
     const Banner banner{.largeImageHref = "a", .smallImageHref = "b", .altText = "c", .linkHref = "d"};
-    EXPECT_EQ(valueText(banner), R"({"largeImageHref":"a","smallImageHref":"b","altText":"c","linkHref":"d"})");
+    EXPECT_EQ(valueText(banner),
+              R"({"largeImageHref":"a","smallImageHref":"b","altText":"c","linkHref":"d"})");
     EXPECT_EQ(decoded<Banner>(R"({"large":"a","small":"b","altText":"c","link":"d"})"), banner);
 }
 

@@ -91,18 +91,22 @@ const TypePlan& planOf<LikeAVideo>() {
 template <>
 const TypePlan& planOf<LikeASeries>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<LikeASeries>(
         required<&LikeASeries::id>("id"), lenient<&LikeASeries::date, countedDate>("date"),
         lenient<&LikeASeries::parts>("parts"), requiredObject("_links"));
+    // clang-format on
     return plan;
 }
 
 template <>
 const TypePlan& planOf<CountingCollection>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<CountingCollection>(
         lenient<&CountingCollection::items, eachOneOf<LikeAShow, LikeAVideo, LikeASeries>>("items"),
         lenient<&CountingCollection::highlight, oneOf<LikeAShow, LikeAVideo>>("highlight"));
+    // clang-format on
     return plan;
 }
 

@@ -29,27 +29,30 @@ test::Shape type() {
 }
 
 test::EntityRules playlistItems() {
-    return {.type = test::decodable<PlaylistItem>,
-            .least = R"({"type":"trailer","streams":{"hls":{}}})",
-            .fields = {{"type", "type", Word::required, type()},
-                       {"streams", "streams", Word::required,
-                        test::objectOf({{R"({"hls":{"sd":"$"}})",
-                                         R"({"mpegdash":null,"fairplay":null,"hls":{"protected":false,"sd":"$",)"
-                                         R"("sdLow":null,"hd720":null,"hd1080":null}})"},
-                                        {R"({"mpegdash":null,"hls":{}})", noStreams}},
-                                       {{"{}", "keyNotFound", "/hls"},
-                                        {R"({"hls":null})", "valueNotFound", "/hls"},
-                                        {R"({"hls":[]})", "typeMismatch", "/hls"},
-                                        {R"({"hls":{},"fairplay":"x"})", "typeMismatch", "/fairplay"}})},
-                       {"title", "title", Word::lenient, test::text()},
-                       {"captionsSrcVtt", "captions.src-vtt", Word::lenient, test::text()},
-                       {"warning", "warning", Word::lenient, test::text()}},
-            .containers = {{"captions", Word::lenient}}};
+    return {
+        .type = test::decodable<PlaylistItem>,
+        .least = R"({"type":"trailer","streams":{"hls":{}}})",
+        .fields = {{"type", "type", Word::required, type()},
+                   {"streams", "streams", Word::required,
+                    test::objectOf({{R"({"hls":{"sd":"$"}})",
+                                     R"({"mpegdash":null,"fairplay":null,"hls":{"protected":false,"sd":"$",)"
+                                     R"("sdLow":null,"hd720":null,"hd1080":null}})"},
+                                    {R"({"mpegdash":null,"hls":{}})", noStreams}},
+                                   {{"{}", "keyNotFound", "/hls"},
+                                    {R"({"hls":null})", "valueNotFound", "/hls"},
+                                    {R"({"hls":[]})", "typeMismatch", "/hls"},
+                                    {R"({"hls":{},"fairplay":"x"})", "typeMismatch", "/fairplay"}})},
+                   {"title", "title", Word::lenient, test::text()},
+                   {"captionsSrcVtt", "captions.src-vtt", Word::lenient, test::text()},
+                   {"warning", "warning", Word::lenient, test::text()}},
+        .containers = {{"captions", Word::lenient}}};
 }
 
 TEST(PlaylistItem, HasFiveFields) { test::expectDeclaredFields(playlistItems()); }
 
-TEST(PlaylistItem, FailsWithoutTypeOrStreamsAndWithNothingElse) { test::expectFieldsInEveryState(playlistItems()); }
+TEST(PlaylistItem, FailsWithoutTypeOrStreamsAndWithNothingElse) {
+    test::expectFieldsInEveryState(playlistItems());
+}
 
 TEST(PlaylistItem, HasNoCaptionsWhereTheyAreNoObject) { test::expectContainersInEveryState(playlistItems()); }
 
@@ -57,25 +60,29 @@ TEST(PlaylistItem, IsAnObject) { test::expectAnObjectOnly(test::decodable<Playli
 
 TEST(PlaylistItem, NeedsNoMoreThanATypeAndAnEmptyHLS) {
     EXPECT_EQ(shown<PlaylistItem>(R"({"type":"program","streams":{"hls":{}}})"),
-              R"({"type":"program","streams":)" + noStreams + R"(,"title":null,"captionsSrcVtt":null,"warning":null})");
+              R"({"type":"program","streams":)" + noStreams +
+                  R"(,"title":null,"captionsSrcVtt":null,"warning":null})");
 }
 
 TEST(PlaylistItem, IsViewerAdviceByItsRawTextAndNotByItsName) {
     const auto item = decoded<PlaylistItem>(R"({"type":"va","streams":{"hls":{}}})");
     ASSERT_TRUE(item);
     EXPECT_EQ(item->type, Type::viewerAdvice);
-    EXPECT_EQ(failureOf<PlaylistItem>(R"({"type":"viewerAdvice","streams":{"hls":{}}})"), R"(dataCorrupted ["type"])");
-    EXPECT_EQ(failureOf<PlaylistItem>(R"({"type":"Program","streams":{"hls":{}}})"), R"(dataCorrupted ["type"])");
+    EXPECT_EQ(failureOf<PlaylistItem>(R"({"type":"viewerAdvice","streams":{"hls":{}}})"),
+              R"(dataCorrupted ["type"])");
+    EXPECT_EQ(failureOf<PlaylistItem>(R"({"type":"Program","streams":{"hls":{}}})"),
+              R"(dataCorrupted ["type"])");
 }
 
 TEST(PlaylistItem, FailsWithoutHLS) {
-    EXPECT_EQ(failureOf<PlaylistItem>(R"({"type":"program","streams":{}})"), R"(keyNotFound ["streams","hls"])");
+    EXPECT_EQ(failureOf<PlaylistItem>(R"({"type":"program","streams":{}})"),
+              R"(keyNotFound ["streams","hls"])");
 }
 
 TEST(PlaylistItem, DecodesWithCaptionsThatAreUnfit) {
     for (const char* const captions : {"\"x\"", "{\"src-vtt\":1}", "null", "[]", "{}"}) {
-        const auto item =
-            decoded<PlaylistItem>(R"({"type":"program","streams":{"hls":{}},"captions":)" + std::string(captions) + "}");
+        const auto item = decoded<PlaylistItem>(R"({"type":"program","streams":{"hls":{}},"captions":)" +
+                                                std::string(captions) + "}");
         ASSERT_TRUE(item) << captions;
         EXPECT_EQ(item->captionsSrcVtt, std::nullopt);
     }
@@ -83,7 +90,8 @@ TEST(PlaylistItem, DecodesWithCaptionsThatAreUnfit) {
 
 TEST(PlaylistItem, FailsWithTheTypeBeforeTheStreams) {
     test::expectErrorsInOrder(playlistItems(), {{"type", "1"}, {"streams", "1"}});
-    EXPECT_EQ(failureOf<PlaylistItem>(R"({"streams":{"mpegdash":1},"type":"x"})"), R"(dataCorrupted ["type"])");
+    EXPECT_EQ(failureOf<PlaylistItem>(R"({"streams":{"mpegdash":1},"type":"x"})"),
+              R"(dataCorrupted ["type"])");
     EXPECT_EQ(failureOf<PlaylistItem>("{}"), R"(keyNotFound ["type"])");
     // And with a stream before the absence of HLS.
     EXPECT_EQ(failureOf<PlaylistItem>(R"({"type":"va","streams":{"fairplay":[]}})"),
@@ -91,7 +99,8 @@ TEST(PlaylistItem, FailsWithTheTypeBeforeTheStreams) {
 }
 
 TEST(PlaylistItem, FailsTheListThatHoldsItWithItsPath) {
-    EXPECT_EQ(failureOf<std::vector<PlaylistItem>>(R"([{"type":"va","streams":{"hls":{}}},{"type":"va","streams":{"hls":1}}])"),
+    EXPECT_EQ(failureOf<std::vector<PlaylistItem>>(
+                  R"([{"type":"va","streams":{"hls":{}}},{"type":"va","streams":{"hls":1}}])"),
               R"(typeMismatch [1,"streams","hls"])");
 }
 
@@ -107,7 +116,8 @@ TEST(PlaylistItem, IsMadeOfItsFieldsInDeclaredOrder) {
 }
 
 TEST(PlaylistType, HasItsCasesInOrder) {
-    const Type cases[] = {Type::program, Type::rating, Type::viewerAdvice, Type::preroll, Type::livestream, Type::trailer};
+    const Type cases[] = {Type::program, Type::rating,     Type::viewerAdvice,
+                          Type::preroll, Type::livestream, Type::trailer};
     const char* const raws[] = {"program", "rating", "va", "preroll", "livestream", "trailer"};
     ASSERT_EQ(std::size(RawTexts<Type>::cases), std::size(cases));
     for (std::size_t i = 0; i < std::size(cases); ++i) {

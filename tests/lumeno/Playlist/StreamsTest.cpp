@@ -125,11 +125,13 @@ TEST(Streams, FailsWithoutHLSOrWithAStreamThatIsNoObject) { test::expectFieldsIn
 TEST(Streams, IsAnObject) { test::expectAnObjectOnly(test::decodable<Streams>); }
 
 TEST(Streams, MayHaveHLSWithoutAnAddress) {
-    EXPECT_EQ(shown<Streams>(R"({"hls":{}})"), R"({"mpegdash":null,"fairplay":null,"hls":)" + noAddress + "}");
+    EXPECT_EQ(shown<Streams>(R"({"hls":{}})"),
+              R"({"mpegdash":null,"fairplay":null,"hls":)" + noAddress + "}");
 }
 
 TEST(Streams, HasNoMPEGDASHFromNullAndFailsWithAText) {
-    EXPECT_EQ(shown<Streams>(R"({"mpegdash":null,"hls":{}})"), R"({"mpegdash":null,"fairplay":null,"hls":)" + noAddress + "}");
+    EXPECT_EQ(shown<Streams>(R"({"mpegdash":null,"hls":{}})"),
+              R"({"mpegdash":null,"fairplay":null,"hls":)" + noAddress + "}");
     EXPECT_EQ(failureOf<Streams>(R"({"mpegdash":"x","hls":{}})"), R"(typeMismatch ["mpegdash"])");
 }
 
@@ -139,7 +141,8 @@ TEST(Streams, FailsWithTheFirstStreamThatDoes) {
 }
 
 TEST(Streams, IsMadeOfItsFieldsInDeclaredOrder) {
-    const Streams streams{.mpegdash = StreamInfo{.sd = "a"}, .fairplay = StreamInfo{.sd = "b"}, .hls = {.sd = "c"}};
+    const Streams streams{
+        .mpegdash = StreamInfo{.sd = "a"}, .fairplay = StreamInfo{.sd = "b"}, .hls = {.sd = "c"}};
     EXPECT_EQ(decoded<Streams>(R"({"mpegdash":{"sd":"a"},"fairplay":{"sd":"b"},"hls":{"sd":"c"}})"), streams);
 }
 

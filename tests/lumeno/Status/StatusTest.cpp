@@ -14,8 +14,8 @@ using test::Word;
 /// The raw text of a theme; any other text is the default theme.
 test::Shape theme() {
     test::Shape shape = test::text();
-    shape.fits = {{"\"live\"", "\"live\""},       {"\"default\"", "\"default\""}, {"\"dark\"", "\"default\""},
-                  {"\"Live\"", "\"default\""},    {"\"\"", "\"default\""},        {"\"live \"", "\"default\""},
+    shape.fits = {{"\"live\"", "\"live\""},      {"\"default\"", "\"default\""}, {"\"dark\"", "\"default\""},
+                  {"\"Live\"", "\"default\""},   {"\"\"", "\"default\""},        {"\"live \"", "\"default\""},
                   {"\"l\\u0069ve\"", "\"live\""}};
     return shape;
 }
@@ -23,7 +23,8 @@ test::Shape theme() {
 test::EntityRules statuses() {
     return {.type = test::decodable<Status>,
             .least = R"({"title":"t","theme":"default"})",
-            .fields = {{"title", "title", Word::required, test::text()}, {"theme", "theme", Word::required, theme()}}};
+            .fields = {{"title", "title", Word::required, test::text()},
+                       {"theme", "theme", Word::required, theme()}}};
 }
 
 TEST(Status, HasTwoFields) { test::expectDeclaredFields(statuses()); }

@@ -26,7 +26,9 @@ test::EntityRules phrases() {
 
 TEST(ContextualPhrases, HasEightFields) { test::expectDeclaredFields(phrases()); }
 
-TEST(ContextualPhrases, TakesEachFieldFromItsKeyOrLeavesItEmptyOrFails) { test::expectFieldsInEveryState(phrases()); }
+TEST(ContextualPhrases, TakesEachFieldFromItsKeyOrLeavesItEmptyOrFails) {
+    test::expectFieldsInEveryState(phrases());
+}
 
 TEST(ContextualPhrases, IsAnObject) { test::expectAnObjectOnly(test::decodable<ContextualPhrases>); }
 
@@ -62,8 +64,9 @@ TEST(ContextualPhrases, IsMadeOfItsFieldsInDeclaredOrder) {
                                     .audience = {{"f"}},
                                     .need = {{"g"}},
                                     .other = {{"h"}}};
-    EXPECT_EQ(valueText(phrases), R"({"channel":["a"],"genre":["b"],"subGenre":["c"],"theme":["d"],"mood":["e"],)"
-                                  R"("audience":["f"],"need":["g"],"other":["h"]})");
+    EXPECT_EQ(valueText(phrases),
+              R"({"channel":["a"],"genre":["b"],"subGenre":["c"],"theme":["d"],"mood":["e"],)"
+              R"("audience":["f"],"need":["g"],"other":["h"]})");
     EXPECT_EQ(phrases, test::decoded<ContextualPhrases>(valueText(phrases)));
     EXPECT_NE(phrases, ContextualPhrases{});
 }
@@ -84,7 +87,9 @@ void expectCases(const std::vector<std::pair<E, std::string>>& cases) {
     }
 }
 
-TEST(Theme, IsKnownByItsRawTextsAlone) { expectCases<Theme>({{Theme::default_, "default"}, {Theme::light, "light"}}); }
+TEST(Theme, IsKnownByItsRawTextsAlone) {
+    expectCases<Theme>({{Theme::default_, "default"}, {Theme::light, "light"}});
+}
 
 TEST(StatusTheme, IsKnownByItsRawTextsAlone) {
     expectCases<StatusTheme>({{StatusTheme::default_, "default"}, {StatusTheme::live, "live"}});

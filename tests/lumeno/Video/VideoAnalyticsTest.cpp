@@ -67,7 +67,8 @@ TEST(VideoAnalytics, IsEmptyFromAnEmptyObjectAndFromUnfitOnes) {
 TEST(VideoAnalytics, HasOneDurationThatIsANumberAndOneThatIsAText) {
     EXPECT_EQ(decoded<Analytics>(R"({"oztam":{"mediaDuration":120},"dataLayer":{"d_mediaDuration":"120"}})"),
               (Analytics{.oztamMediaDuration = 120U, .dataLayerMediaDuration = "120"}));
-    EXPECT_EQ(decoded<Analytics>(R"({"oztam":{"mediaDuration":"120"},"dataLayer":{"d_mediaDuration":120}})"), Analytics{});
+    EXPECT_EQ(decoded<Analytics>(R"({"oztam":{"mediaDuration":"120"},"dataLayer":{"d_mediaDuration":120}})"),
+              Analytics{});
 }
 
 TEST(VideoAnalytics, HasNoDurationFromANegativeNumberOrAFraction) {
@@ -83,11 +84,13 @@ TEST(VideoAnalytics, HasATextForWhatReadsLikeAFlag) {
 
 TEST(VideoAnalytics, HasOneTextForItsCategories) {
     EXPECT_EQ(decoded<Analytics>(R"({"dataLayer":{"d_categories":["a","b"]}})"), Analytics{});
-    EXPECT_EQ(decoded<Analytics>(R"({"dataLayer":{"d_categories":"a,b"}})"), Analytics{.dataLayerCategories = "a,b"});
+    EXPECT_EQ(decoded<Analytics>(R"({"dataLayer":{"d_categories":"a,b"}})"),
+              Analytics{.dataLayerCategories = "a,b"});
 }
 
 TEST(VideoAnalytics, KeepsTheNeighboursOfABadKey) {
-    EXPECT_EQ(decoded<Analytics>(R"({"oztam":{"publisherId":1,"mediaId":"m"}})"), Analytics{.oztamMediaId = "m"});
+    EXPECT_EQ(decoded<Analytics>(R"({"oztam":{"publisherId":1,"mediaId":"m"}})"),
+              Analytics{.oztamMediaId = "m"});
 }
 
 TEST(VideoAnalytics, OfAVideoIsEmptyOrPresentWithoutAnything) {

@@ -54,8 +54,9 @@ TEST(VideoAsACollectionItem, GivesTheMembersThatItHasFieldsFor) {
 }
 
 TEST(VideoAsACollectionItem, KeepsTheDefaultsOfTheOtherMembers) {
-    const auto video = test::decoded<Video>(R"({"description":"d","slug":"s","episodeCount":3,"broadcastInfo":"b",)"
-                                            R"("updated":"2020-01-02 03:04:05","_links":{}})");
+    const auto video =
+        test::decoded<Video>(R"({"description":"d","slug":"s","episodeCount":3,"broadcastInfo":"b",)"
+                             R"("updated":"2020-01-02 03:04:05","_links":{}})");
     ASSERT_TRUE(video);
     const CollectionItem item = *video;
     EXPECT_EQ(video->videoDescription, "d");

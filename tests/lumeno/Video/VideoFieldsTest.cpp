@@ -97,7 +97,8 @@ TEST(VideoFields, MakeAVideoInDeclaredOrder) {
         .categoryLinks = links("_links.categories"),
         .variationLinks = links("_links.variations"),
         .tags = {"a", "tags"},
-        .playableVideo = DirectPlayableVideo{.id = "id", .href = "_links.self.href", .playTitle = "_links.highlightVideo"},
+        .playableVideo =
+            DirectPlayableVideo{.id = "id", .href = "_links.self.href", .playTitle = "_links.highlightVideo"},
         .playlist = {{{.type = PlaylistItem::PlaylistType::viewerAdvice, .streams = streams},
                       {.type = PlaylistItem::PlaylistType::program, .streams = streams, .title = "t"}}},
     };

@@ -22,7 +22,8 @@ TEST(VideoList, HasOneField) {
 }
 
 TEST(VideoList, HasTheVideosUnderItems) {
-    const auto list = decoded<VideoList>(R"({"items":[{"id":"a","_links":{}},{"id":"b","_links":{},"_entity":"Video"}]})");
+    const auto list =
+        decoded<VideoList>(R"({"items":[{"id":"a","_links":{}},{"id":"b","_links":{},"_entity":"Video"}]})");
     ASSERT_TRUE(list);
     ASSERT_EQ(list->videos.size(), 2U);
     EXPECT_EQ(list->videos[0].videoId, "a");
@@ -41,8 +42,8 @@ TEST(VideoList, HasNoVideoAtAllWhereOneFails) {
 }
 
 TEST(VideoList, HasNoVideosWithoutAList) {
-    for (const char* const json : {"{}", R"({"items":null})", R"({"items":{}})", R"({"items":"x"})", R"({"items":1})",
-                                   R"({"items":[]})", R"({"items":true})"}) {
+    for (const char* const json : {"{}", R"({"items":null})", R"({"items":{}})", R"({"items":"x"})",
+                                   R"({"items":1})", R"({"items":[]})", R"({"items":true})"}) {
         EXPECT_EQ(countOf(json), 0U) << json;
     }
 }
@@ -58,8 +59,8 @@ TEST(VideoList, IsMadeOfItsVideos) {
 TEST(VideosByThemselves, FailWithThePathOfTheOneThatFails) {
     EXPECT_EQ(failureOf<std::vector<Video>>(R"([{"_links":{}},{}])"), R"(keyNotFound [1,"_links"])");
     EXPECT_EQ(failureOf<std::vector<Video>>("[null]"), "typeMismatch [0]");
-    const test::Outcome outcome =
-        test::outcomeOf(test::decodable<std::vector<Video>>, R"([{"_links":{}},{"_entity":"Show","_links":{}}])");
+    const test::Outcome outcome = test::outcomeOf(test::decodable<std::vector<Video>>,
+                                                  R"([{"_links":{}},{"_entity":"Show","_links":{}}])");
     EXPECT_EQ(outcome.failure, R"(Video expects a "video" entity type, but found "Show")");
     EXPECT_EQ(outcome.path, "[1]");
 }

@@ -13,7 +13,9 @@ void expectAPathAlone(const ResourceURI& route, const std::string& path) {
     EXPECT_EQ(route.httpMethod(), std::nullopt);
 }
 
-TEST(VideoURI, PutsTheHouseNumberBehindThePath) { expectAPathAlone(VideoURI{.houseNumber = "ZW1"}, "v2/video/ZW1"); }
+TEST(VideoURI, PutsTheHouseNumberBehindThePath) {
+    expectAPathAlone(VideoURI{.houseNumber = "ZW1"}, "v2/video/ZW1");
+}
 
 TEST(VideoURI, NeitherEscapesNorJudgesTheHouseNumber) {
     expectAPathAlone(VideoURI{.houseNumber = ""}, "v2/video/");

@@ -11,15 +11,18 @@
 
 namespace VanticRestKit::test {
 
-inline FieldRule lenientText(const char* name, const char* path) { return {name, path, Word::lenient, text()}; }
+inline FieldRule lenientText(const char* name, const char* path) {
+    return {name, path, Word::lenient, text()};
+}
 
 /// A list of links that is `[]` where one of them fails.
 inline Shape linkList() {
-    return listOf("[]",
-                  {{R"([{"href":"$","id":"i","title":"t","tags":["a"]},{"href":"","title":1,"tags":"a"}])",
-                    R"([{"id":"i","title":"t","href":"$","tags":["a"]},{"id":null,"title":null,"href":"","tags":[]}])"},
-                   {"[]", "[]"}},
-                  {"{\"id\":\"i\"}"});
+    return listOf(
+        "[]",
+        {{R"([{"href":"$","id":"i","title":"t","tags":["a"]},{"href":"","title":1,"tags":"a"}])",
+          R"([{"id":"i","title":"t","href":"$","tags":["a"]},{"id":null,"title":null,"href":"","tags":[]}])"},
+         {"[]", "[]"}},
+        {"{\"id\":\"i\"}"});
 }
 
 inline Shape participantList() {
@@ -33,36 +36,41 @@ inline Shape participantList() {
 inline Shape statusObject() {
     return objectOf({{R"({"title":"$","theme":"live"})", R"({"title":"$","theme":"live"})"},
                      {R"({"theme":"odd","title":"$"})", R"({"title":"$","theme":"default"})"}},
-                    {{"{}"}, {R"({"title":"t"})"}, {R"({"theme":"live"})"}, {R"({"title":1,"theme":"live"})"},
+                    {{"{}"},
+                     {R"({"title":"t"})"},
+                     {R"({"theme":"live"})"},
+                     {R"({"title":1,"theme":"live"})"},
                      {R"({"title":"t","theme":null})"}});
 }
 
-inline std::string emptyAnalytics() {
-    return valueText(VideoAnalytics{});
-}
+inline std::string emptyAnalytics() { return valueText(VideoAnalytics{}); }
 
 inline Shape analyticsObject() {
-    return objectOf({{"{}", emptyAnalytics()}, {R"({"oztam":"x","dataLayer":{"d_id":1}})", emptyAnalytics()}});
+    return objectOf(
+        {{"{}", emptyAnalytics()}, {R"({"oztam":"x","dataLayer":{"d_id":1}})", emptyAnalytics()}});
 }
 
 /// A playlist that is empty, and no list without entries, where one entry fails.
 inline Shape playlist() {
-    const std::string streams = R"({"mpegdash":null,"fairplay":null,"hls":{"protected":false,"sd":"$","sdLow":null,)"
-                                R"("hd720":null,"hd1080":null}})";
-    return listOf("null",
-                  {{R"([{"type":"va","streams":{"hls":{"sd":"$"}}},{"type":"program","streams":{"hls":{"sd":"$"}},"title":"t"}])",
-                    R"([{"type":"viewerAdvice","streams":)" + streams +
-                        R"(,"title":null,"captionsSrcVtt":null,"warning":null},{"type":"program","streams":)" + streams +
-                        R"(,"title":"t","captionsSrcVtt":null,"warning":null}])"},
-                   {"[]", "[]"}},
-                  {R"({"type":"feature","streams":{"hls":{}}})"});
+    const std::string streams =
+        R"({"mpegdash":null,"fairplay":null,"hls":{"protected":false,"sd":"$","sdLow":null,)"
+        R"("hd720":null,"hd1080":null}})";
+    return listOf(
+        "null",
+        {{R"([{"type":"va","streams":{"hls":{"sd":"$"}}},{"type":"program","streams":{"hls":{"sd":"$"}},"title":"t"}])",
+          R"([{"type":"viewerAdvice","streams":)" + streams +
+              R"(,"title":null,"captionsSrcVtt":null,"warning":null},{"type":"program","streams":)" +
+              streams + R"(,"title":"t","captionsSrcVtt":null,"warning":null}])"},
+         {"[]", "[]"}},
+        {R"({"type":"feature","streams":{"hls":{}}})"});
 }
 
 /// What is read under "highlightVideo" and pointed at the video itself, by the mirrors below.
 inline Shape playableVideo() {
-    Shape shape = objectOf({{R"({"id":"a","href":"b","playTitle":"$"})", R"({"id":null,"href":null,"playTitle":"$"})"},
-                            {"{}", R"({"id":null,"href":null,"playTitle":null})"},
-                            {R"({"playTitle":1})", R"({"id":null,"href":null,"playTitle":null})"}});
+    Shape shape =
+        objectOf({{R"({"id":"a","href":"b","playTitle":"$"})", R"({"id":null,"href":null,"playTitle":"$"})"},
+                  {"{}", R"({"id":null,"href":null,"playTitle":null})"},
+                  {R"({"playTitle":1})", R"({"id":null,"href":null,"playTitle":null})"}});
     shape.empty = R"({"id":null,"href":null,"playTitle":null})";
     return shape;
 }

@@ -14,7 +14,8 @@ using test::failureOf;
 
 /// A video of these members and of links.
 Video video(const std::string& members, const std::string& links = "{}") {
-    const auto video = decoded<Video>("{" + members + (members.empty() ? "" : ",") + "\"_links\":" + links + "}");
+    const auto video =
+        decoded<Video>("{" + members + (members.empty() ? "" : ",") + "\"_links\":" + links + "}");
     EXPECT_TRUE(video) << members;
     return video.value_or(Video{});
 }
@@ -49,19 +50,24 @@ TEST(Video, FailsWithoutLinks) {
 }
 
 TEST(Video, IsAnObject) {
-    for (const char* const json : {"[]", "null", "1", "\"x\"", "true"}) EXPECT_EQ(failureOf<Video>(json), "typeMismatch []");
+    for (const char* const json : {"[]", "null", "1", "\"x\"", "true"})
+        EXPECT_EQ(failureOf<Video>(json), "typeMismatch []");
 }
 
 TEST(Video, IsKnownByItsEntityWhateverTheCase) {
     for (const char* const entity : {"video", "VIDEO", "Video", "vIdEo", "v\\u0069deo"}) {
-        EXPECT_EQ(video(R"("_entity":")" + std::string(entity) + "\"").playableVideo, DirectPlayableVideo{}) << entity;
+        EXPECT_EQ(video(R"("_entity":")" + std::string(entity) + "\"").playableVideo, DirectPlayableVideo{})
+            << entity;
     }
 }
 
 TEST(Video, FailsAsAnotherEntityWithItsNameAsItCame) {
-    EXPECT_EQ(messageOf(R"({"_entity":"show","_links":{}})"), R"(Video expects a "video" entity type, but found "show")");
-    EXPECT_EQ(messageOf(R"({"_entity":"Show","_links":{}})"), R"(Video expects a "video" entity type, but found "Show")");
-    EXPECT_EQ(messageOf(R"({"_entity":"","_links":{}})"), R"(Video expects a "video" entity type, but found "")");
+    EXPECT_EQ(messageOf(R"({"_entity":"show","_links":{}})"),
+              R"(Video expects a "video" entity type, but found "show")");
+    EXPECT_EQ(messageOf(R"({"_entity":"Show","_links":{}})"),
+              R"(Video expects a "video" entity type, but found "Show")");
+    EXPECT_EQ(messageOf(R"({"_entity":"","_links":{}})"),
+              R"(Video expects a "video" entity type, but found "")");
     EXPECT_EQ(messageOf(R"({"_entity":"vid\u00e9o","_links":{}})"),
               "Video expects a \"video\" entity type, but found \"vid\u00e9o\"");
     for (const char* const entity : {"videos", " video", "video ", "vide", "video\\u0000", "v\\u0131deo"}) {
@@ -82,13 +88,15 @@ TEST(Video, FailsAsAnotherEntityWithItsOwnError) {
 
 TEST(Video, TakesAnEntityThatIsNoTextForNone) {
     for (const char* const entity : {"5", "null", "true", "{}", "[]", "[\"show\"]", "\"\\ud800\""}) {
-        EXPECT_EQ(failureOf<Video>(R"({"_entity":)" + std::string(entity) + R"(,"_links":{}})"), "") << entity;
+        EXPECT_EQ(failureOf<Video>(R"({"_entity":)" + std::string(entity) + R"(,"_links":{}})"), "")
+            << entity;
     }
 }
 
 TEST(Video, ChecksItsEntityBeforeItsLinksWhateverComesFirst) {
     const std::string mismatch = R"(Video expects a "video" entity type, but found "show")";
-    for (const char* const links : {"", "\"_links\":null,", "\"_links\":[],", "\"_links\":{\"\\ud800\":1},"}) {
+    for (const char* const links :
+         {"", "\"_links\":null,", "\"_links\":[],", "\"_links\":{\"\\ud800\":1},"}) {
         EXPECT_EQ(failureOf<Video>("{" + std::string(links) + "\"_entity\":\"show\"}"), mismatch) << links;
     }
     // And is opened before either.
@@ -150,15 +158,16 @@ TEST(Video, HasAShowIdThatIsANumberAndASeriesIdThatIsAText) {
 }
 
 TEST(Video, ReadsEachCuePointInItsOwnSpellingOnly) {
-    EXPECT_EQ(video(R"("nextVideoCuePoint":10,"doneCuepoint":10)"), Video{.playableVideo = DirectPlayableVideo{}});
+    EXPECT_EQ(video(R"("nextVideoCuePoint":10,"doneCuepoint":10)"),
+              Video{.playableVideo = DirectPlayableVideo{}});
     const Video right = video(R"("nextVideoCuepoint":10,"doneCuePoint":20)");
     EXPECT_EQ(right.nextVideoCuePoint, 10U);
     EXPECT_EQ(right.doneCuePoint, 20U);
 }
 
 TEST(Video, PointsAtItselfWithTheTitleOfItsHighlight) {
-    const Video highlighted =
-        video(R"("id":"v")", R"({"self":{"href":"s"},"highlightVideo":{"id":"a","href":"b","playTitle":"c"}})");
+    const Video highlighted = video(
+        R"("id":"v")", R"({"self":{"href":"s"},"highlightVideo":{"id":"a","href":"b","playTitle":"c"}})");
     EXPECT_EQ(highlighted.playableVideo, (DirectPlayableVideo{.id = "v", .href = "s", .playTitle = "c"}));
     // Whichever comes first.
     const auto turned = decoded<Video>(
@@ -169,7 +178,8 @@ TEST(Video, PointsAtItselfWithTheTitleOfItsHighlight) {
 
 TEST(Video, PointsAtItselfWithoutAHighlightToo) {
     EXPECT_EQ(video(R"("id":"v")").playableVideo, DirectPlayableVideo{.id = "v"});
-    for (const char* const highlight : {"null", "1", "\"x\"", "[]", "{}", "{\"\\ud800\":1,\"playTitle\":\"c\"}"}) {
+    for (const char* const highlight :
+         {"null", "1", "\"x\"", "[]", "{}", "{\"\\ud800\":1,\"playTitle\":\"c\"}"}) {
         EXPECT_EQ(video(R"("id":"v")", R"({"highlightVideo":)" + std::string(highlight) + "}").playableVideo,
                   DirectPlayableVideo{.id = "v"})
             << highlight;
@@ -186,8 +196,10 @@ TEST(Video, KeepsAPlaylistWithoutEntriesApartFromNone) {
 
 TEST(Video, LosesItsWholePlaylistForOneEntry) {
     const std::string good = R"({"type":"program","streams":{"hls":{}}})";
-    EXPECT_EQ(video(R"("title":"t","_embedded":{"playlist":[)" + good + "," + good + "]}").playlist->size(), 2U);
-    const Video without = video(R"("title":"t","_embedded":{"playlist":[)" + good + R"(,{"type":"program","streams":{}}]})");
+    EXPECT_EQ(video(R"("title":"t","_embedded":{"playlist":[)" + good + "," + good + "]}").playlist->size(),
+              2U);
+    const Video without =
+        video(R"("title":"t","_embedded":{"playlist":[)" + good + R"(,{"type":"program","streams":{}}]})");
     EXPECT_EQ(without.playlist, std::nullopt);
     EXPECT_EQ(without.title, "t");
 }

@@ -21,9 +21,11 @@ struct Snack {
 template <>
 const TypePlan& VanticRestKit::planOf<Snack>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Snack>(
         required<&Snack::name>("name"),
         lenient<&Snack::price>("price"));
+    // clang-format on
     return plan;
 }
 
@@ -36,7 +38,8 @@ public:
 };
 
 bool decodesAnEntity() {
-    const auto video = JSONDecoder().decode<Video>(Data(R"({"title":"A","_links":{"self":{"href":"/video/1"}}})"));
+    const auto video =
+        JSONDecoder().decode<Video>(Data(R"({"title":"A","_links":{"self":{"href":"/video/1"}}})"));
     return video && video->title == "A" && video->selfHref == "/video/1";
 }
 

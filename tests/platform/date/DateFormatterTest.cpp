@@ -36,7 +36,8 @@ TEST(FormattedDateWithoutMilliseconds, GivesTheSameDateWithAndWithoutAFraction) 
 
 TEST(FormattedDateWithoutMilliseconds, TakesNoughtsForAFractionToo) {
     for (const char* fraction : {".0", ".000", ".100", ".010", ".001000"}) {
-        EXPECT_EQ(readByApi(std::string("2021-03-04T05:06:07") + fraction + "Z"), test::seconds(1614834367)) << fraction;
+        EXPECT_EQ(readByApi(std::string("2021-03-04T05:06:07") + fraction + "Z"), test::seconds(1614834367))
+            << fraction;
     }
 }
 

@@ -24,7 +24,9 @@ constexpr Coding codings[] = {{"gzip", &gzipped, &makeGzipDecoder},
 /// A raw deflate of one block that is not compressed: each byte of it gives one of the text.
 std::string stored(const std::string& text) {
     const std::size_t size = text.size();
-    const auto byte = [](std::size_t value) { return static_cast<char>(static_cast<unsigned char>(value & 0xFF)); };
+    const auto byte = [](std::size_t value) {
+        return static_cast<char>(static_cast<unsigned char>(value & 0xFF));
+    };
     return std::string{byte(1), byte(size), byte(size >> 8), byte(~size), byte(~size >> 8)} + text;
 }
 

@@ -39,8 +39,8 @@ TEST(OriginMemo, KnowsURLsOfTheOriginThatItWasAskedForLast) {
         EXPECT_TRUE(memo.knows(url(same))) << same;
         EXPECT_EQ(memo.of(url(same)), origin(same));
     }
-    for (const char* other : {"http://host2/a", "http://hos/a", "https://host/a", "http://host:81/a", "http://u@host/a",
-                              "http://HOST/a", "http:host"}) {
+    for (const char* other : {"http://host2/a", "http://hos/a", "https://host/a", "http://host:81/a",
+                              "http://u@host/a", "http://HOST/a", "http:host"}) {
         EXPECT_FALSE(memo.knows(url(other))) << other;
     }
     EXPECT_EQ(memo.of(url("https://host2:444/a")), "https://host2:444");

@@ -65,8 +65,8 @@ TEST(RedirectRule, WhatTellsOfTheBodyGoesWithIt) {
 }
 
 TEST(RedirectRule, WhatTellsWhoIsAskingStaysWithTheOrigin) {
-    for (const char* name : {"Authorization", "Proxy-Authorization", "Cookie", "Cookie2", "X-Api-Key", "X-Auth-Token",
-                             "Host"}) {
+    for (const char* name :
+         {"Authorization", "Proxy-Authorization", "Cookie", "Cookie2", "X-Api-Key", "X-Auth-Token", "Host"}) {
         URLRequest from = request("GET");
         from.setValue("mine", name);
         EXPECT_EQ(redirected(from, 302, *URL::make("https://other/to")).value(name), std::nullopt) << name;

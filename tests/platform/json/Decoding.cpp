@@ -43,7 +43,8 @@ Outcome decodeByBoth(const DecodableType& type, const Data& document) {
             outcome.difference = "a failure that is no fault";
         }
         const std::shared_ptr<void> again = type.make();
-        const Diagnosis error = DiagnosingEngine(document, DiagnosingEngine::Report::error).run(plan, again.get());
+        const Diagnosis error =
+            DiagnosingEngine(document, DiagnosingEngine::Report::error).run(plan, again.get());
         if (!error.error || failureText(*error.error) != outcome.failure) {
             outcome.difference = "the failure depends on what is reported";
         }
@@ -51,7 +52,8 @@ Outcome decodeByBoth(const DecodableType& type, const Data& document) {
         outcome.value = valueText(plan, slow.get(), ValueLayout::compact);
     }
     if (fastDecoded == everything.error.has_value()) {
-        outcome.difference = fastDecoded ? "only the fast engine decodes it" : "only the diagnosing engine decodes it";
+        outcome.difference =
+            fastDecoded ? "only the fast engine decodes it" : "only the diagnosing engine decodes it";
     } else if (fastDecoded) {
         const std::string value = valueText(plan, fast.get(), ValueLayout::compact);
         if (value != outcome.value) outcome.difference = value + " is not " + outcome.value;

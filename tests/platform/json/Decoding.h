@@ -22,7 +22,11 @@ struct DecodableType {
 template <class T>
 inline constexpr DecodableType decodable = {
     .plan = &planOf<T>,
-    .make = [] { return std::shared_ptr<void>(new T(mapping::fresh<T>()), [](void* value) { delete static_cast<T*>(value); }); },
+    .make =
+        [] {
+            return std::shared_ptr<void>(new T(mapping::fresh<T>()),
+                                         [](void* value) { delete static_cast<T*>(value); });
+        },
 };
 
 /// What decoding came to.

@@ -23,11 +23,13 @@ struct Settings {
 template <>
 const TypePlan& planOf<Settings>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Settings>(
         required<&Settings::needed>("needed"),
         lenient<&Settings::some>("some"),
         lenient<&Settings::perhaps>("perhaps"),
         optional<&Settings::ifThere>("ifThere"));
+    // clang-format on
     return plan;
 }
 
@@ -40,13 +42,15 @@ std::string settings(const std::string& members) { return shown<Settings>("{" + 
 
 std::string value(const std::string& needed, const std::string& some = R"({"from":"the start"})",
                   const std::string& perhaps = "null") {
-    return R"({"needed":)" + needed + R"(,"some":)" + some + R"(,"perhaps":)" + perhaps + R"(,"ifThere":null})";
+    return R"({"needed":)" + needed + R"(,"some":)" + some + R"(,"perhaps":)" + perhaps +
+           R"(,"ifThere":null})";
 }
 
 TEST(ADictionary, HoldsTextsNumbersAndTruthValues) {
     EXPECT_EQ(settings(R"("needed":{"c":"x","b":-7,"a":true,"d":1.5,"e":1e2,"f":""})"),
               value(R"({"a":true,"b":-7,"c":"x","d":1.5,"e":100,"f":""})"));
-    EXPECT_EQ(settings(R"("needed":{},"some":{"x":1},"perhaps":{"y":2})"), value("{}", R"({"x":1})", R"({"y":2})"));
+    EXPECT_EQ(settings(R"("needed":{},"some":{"x":1},"perhaps":{"y":2})"),
+              value("{}", R"({"x":1})", R"({"y":2})"));
 }
 
 TEST(ADictionary, LeavesOutWhatItCannotHold) {
@@ -71,7 +75,8 @@ TEST(ADictionary, CannotBeOpenedWithAKeyThatCannotBeRead) {
 
 TEST(ADictionary, IsAnObject) {
     for (const char* const other : {"1", "\"x\"", "true", "[]", "[{}]"}) {
-        EXPECT_EQ(failureOf<Settings>(R"({"needed":)" + std::string(other) + "}"), R"(typeMismatch ["needed"])");
+        EXPECT_EQ(failureOf<Settings>(R"({"needed":)" + std::string(other) + "}"),
+                  R"(typeMismatch ["needed"])");
         EXPECT_EQ(settings(R"("needed":{},"some":)" + std::string(other)), value("{}"));
         EXPECT_EQ(settings(R"("needed":{},"perhaps":)" + std::string(other)), value("{}"));
     }
@@ -82,7 +87,8 @@ TEST(ADictionary, IsAnObject) {
 
 TEST(ADictionary, IsBrokenWithItsDocument) {
     for (const char* const broken : {"{\"a\":tru}", "{\"a\"}", "{\"a\":1,,}", "{\"a\":[1}}", "{\"a\":\"x}"}) {
-        EXPECT_EQ(failureOf<Settings>(R"({"needed":)" + std::string(broken) + "}"), "dataCorrupted []") << broken;
+        EXPECT_EQ(failureOf<Settings>(R"({"needed":)" + std::string(broken) + "}"), "dataCorrupted []")
+            << broken;
     }
     EXPECT_EQ(settings(R"("needed":{"a":1,})"), value(R"({"a":1})"));
 }

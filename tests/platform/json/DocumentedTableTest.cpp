@@ -18,11 +18,13 @@ struct Song {
 template <>
 const VanticRestKit::TypePlan& VanticRestKit::planOf<Song>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Song>(
         required<&Song::title>("title"),
         optional<&Song::seconds>("seconds"),
         requiredObject("_embedded",
             lenient<&Song::tags>("tags")));
+    // clang-format on
     return plan;
 }
 
@@ -59,8 +61,10 @@ TEST(ATableOfAHost, FailsWithThePathOfARequiredKey) {
 TEST(ATableOfAHost, FailsWithAnOptionalKeyOfAnotherTypeAlone) {
     EXPECT_EQ(shown<Song>(R"({"title":"a","seconds":null,"_embedded":{}})"),
               R"({"title":"a","seconds":null,"tags":[]})");
-    EXPECT_EQ(failureOf<Song>(R"({"title":"a","seconds":"1","_embedded":{}})"), R"(typeMismatch ["seconds"])");
-    EXPECT_EQ(failureOf<Song>(R"({"title":"a","seconds":-1,"_embedded":{}})"), R"(dataCorrupted ["seconds"])");
+    EXPECT_EQ(failureOf<Song>(R"({"title":"a","seconds":"1","_embedded":{}})"),
+              R"(typeMismatch ["seconds"])");
+    EXPECT_EQ(failureOf<Song>(R"({"title":"a","seconds":-1,"_embedded":{}})"),
+              R"(dataCorrupted ["seconds"])");
 }
 
 TEST(ATableOfAHost, SwallowsWhateverIsWrongWithALenientKey) {
@@ -73,7 +77,8 @@ TEST(ATableOfAHost, SwallowsWhateverIsWrongWithALenientKey) {
 
 TEST(ATableOfAHost, LetsTheErrorOfTheFirstRowWinWhateverTheDocumentBeginsWith) {
     EXPECT_EQ(failureOf<Song>(R"({"_embedded":1,"seconds":true,"title":2})"), R"(typeMismatch ["title"])");
-    EXPECT_EQ(failureOf<Song>(R"({"_embedded":1,"seconds":true,"title":"a"})"), R"(typeMismatch ["seconds"])");
+    EXPECT_EQ(failureOf<Song>(R"({"_embedded":1,"seconds":true,"title":"a"})"),
+              R"(typeMismatch ["seconds"])");
     EXPECT_EQ(failureOf<Song>(R"({"_embedded":1,"seconds":2,"title":"a"})"), R"(typeMismatch ["_embedded"])");
 }
 
@@ -81,7 +86,8 @@ TEST(ATableOfAHost, MakesListsOfTheTypeDecodeToo) {
     EXPECT_EQ(shown<std::vector<Song>>("[]"), "[]");
     EXPECT_EQ(shown<std::vector<Song>>(R"([{"title":"a","_embedded":{}},{"title":"b","_embedded":{}}])"),
               R"([{"title":"a","seconds":null,"tags":[]},{"title":"b","seconds":null,"tags":[]}])");
-    EXPECT_EQ(failureOf<std::vector<Song>>(R"([{"title":"a","_embedded":{}},{}])"), R"(keyNotFound [1,"title"])");
+    EXPECT_EQ(failureOf<std::vector<Song>>(R"([{"title":"a","_embedded":{}},{}])"),
+              R"(keyNotFound [1,"title"])");
     EXPECT_EQ(failureOf<std::vector<Song>>("[null]"), "typeMismatch [0]");
     EXPECT_EQ(failureOf<std::vector<Song>>("[[]]"), "typeMismatch [0]");
 }

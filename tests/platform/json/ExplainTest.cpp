@@ -47,15 +47,18 @@ struct RawTexts<Format> {
 template <>
 const TypePlan& planOf<Track>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Track>(
         required<&Track::name>("name"),
         lenient<&Track::seconds>("seconds"));
+    // clang-format on
     return plan;
 }
 
 template <>
 const TypePlan& planOf<Record>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Record>(
         required<&Record::title>("title"),
         lenientOr<&Record::format, Format::tape, fromRaw<Format>>("format"),
@@ -76,6 +79,7 @@ const TypePlan& planOf<Record>() {
         lenient<&Record::published, deviceDate>("published"),
         optional<&Record::note>("note"),
         defaulted<&Record::code, decimalOrText>("code"));
+    // clang-format on
     return plan;
 }
 
@@ -93,51 +97,57 @@ std::string pathText(const CodingPath& path) {
 std::string faultsOf(const Diagnosis& diagnosis) {
     std::string text;
     for (const Fault& fault : diagnosis.faults) {
-        text += pathText(fault.path) + " " + nameOf(fault.presence) + ": " + fault.expected + ", " + fault.found + ", " +
-                fault.became + "\n";
+        text += pathText(fault.path) + " " + nameOf(fault.presence) + ": " + fault.expected + ", " +
+                fault.found + ", " + fault.became + "\n";
     }
     return text;
 }
 
 std::string faults(const std::string& members) {
-    return faultsOf(diagnose<Record>(Data("{\"title\":\"t\"" + (members.empty() ? "" : "," + members) + "}")));
+    return faultsOf(
+        diagnose<Record>(Data("{\"title\":\"t\"" + (members.empty() ? "" : "," + members) + "}")));
 }
 
 std::string faultsOfDocument(std::string_view json) { return faultsOf(diagnose<Record>(Data(json))); }
 
 TEST(Explaining, KeepsQuietAboutWhatIsAsItShouldBe) {
-    EXPECT_EQ(faults(R"("format":"v","second":"t","year":1999,"isOnSale":true,"isKnown":false,"stock":3,"tags":["a"],)"
-                     R"("shop":{"seller":"s","place":{"town":"x"}},"single":{"name":"n"},"tracks":[{"name":"n"}],)"
-                     R"("extras":[],"hidden":[],"published":"2020-01-02 03:04:05","note":"n","code":7)"),
-              "");
+    EXPECT_EQ(
+        faults(
+            R"("format":"v","second":"t","year":1999,"isOnSale":true,"isKnown":false,"stock":3,"tags":["a"],)"
+            R"("shop":{"seller":"s","place":{"town":"x"}},"single":{"name":"n"},"tracks":[{"name":"n"}],)"
+            R"("extras":[],"hidden":[],"published":"2020-01-02 03:04:05","note":"n","code":7)"),
+        "");
 }
 
 TEST(Explaining, TakesAbsentKeysNullsAndUnknownKeysForNoFaults) {
     EXPECT_EQ(faults(""), "");
-    EXPECT_EQ(faults(R"("format":null,"second":null,"year":null,"isOnSale":null,"isKnown":null,"stock":null,"tags":null,)"
-                     R"("shop":null,"single":null,"tracks":null,"extras":null,"hidden":null,"published":null,)"
-                     R"("note":null,"code":null)"),
-              "");
+    EXPECT_EQ(
+        faults(
+            R"("format":null,"second":null,"year":null,"isOnSale":null,"isKnown":null,"stock":null,"tags":null,)"
+            R"("shop":null,"single":null,"tracks":null,"extras":null,"hidden":null,"published":null,)"
+            R"("note":null,"code":null)"),
+        "");
     EXPECT_EQ(faults(R"("shop":{"seller":null,"place":null},"unknown":1,"Year":"x")"), "");
     // The second of two equal keys is as good as unknown.
     EXPECT_EQ(faults(R"("year":1,"year":"x")"), "");
 }
 
 TEST(Explaining, SaysWhatBecameOfEachKindOfField) {
-    EXPECT_EQ(faults(R"("format":"x","second":1,"year":"1","isOnSale":1,"isKnown":"yes","stock":1.5,"tags":"a",)"
-                     R"("single":[],"tracks":{},"extras":1,"hidden":"h","published":true)"),
-              "/format lenient: Format, string, tape\n"
-              "/second lenient: String, number, empty\n"
-              "/year lenient: UInt, string, empty\n"
-              "/isOnSale lenient: Bool, number, false\n"
-              "/isKnown lenient: Bool, string, true\n"
-              "/stock lenient: Int, number, -1\n"
-              "/tags lenient: [String], string, []\n"
-              "/single lenient: Track, array, empty\n"
-              "/tracks lenient: [Track], object, []\n"
-              "/extras lenient: [Track], number, []\n"
-              "/hidden lenient: [Track], string, empty\n"
-              "/published lenient: String, boolean, empty\n");
+    EXPECT_EQ(
+        faults(R"("format":"x","second":1,"year":"1","isOnSale":1,"isKnown":"yes","stock":1.5,"tags":"a",)"
+               R"("single":[],"tracks":{},"extras":1,"hidden":"h","published":true)"),
+        "/format lenient: Format, string, tape\n"
+        "/second lenient: String, number, empty\n"
+        "/year lenient: UInt, string, empty\n"
+        "/isOnSale lenient: Bool, number, false\n"
+        "/isKnown lenient: Bool, string, true\n"
+        "/stock lenient: Int, number, -1\n"
+        "/tags lenient: [String], string, []\n"
+        "/single lenient: Track, array, empty\n"
+        "/tracks lenient: [Track], object, []\n"
+        "/extras lenient: [Track], number, []\n"
+        "/hidden lenient: [Track], string, empty\n"
+        "/published lenient: String, boolean, empty\n");
 }
 
 TEST(Explaining, TellsOfTextsAndNumbersThatAreOfTheRightTypeAndUnfit) {
@@ -149,17 +159,20 @@ TEST(Explaining, TellsOfTextsAndNumbersThatAreOfTheRightTypeAndUnfit) {
 }
 
 TEST(Explaining, LeadsDownToTheValueAtFault) {
-    EXPECT_EQ(faults(R"("tags":["a",null,1],"single":{"name":1},"tracks":[{"name":"a"},{"seconds":1}],"hidden":[7])"),
-              "/tags/1 lenient: String, null, []\n"
-              "/single/name lenient: String, number, empty\n"
-              "/tracks/1/name lenient: String, nothing, []\n"
-              "/hidden/0 lenient: Track, number, empty\n");
+    EXPECT_EQ(
+        faults(
+            R"("tags":["a",null,1],"single":{"name":1},"tracks":[{"name":"a"},{"seconds":1}],"hidden":[7])"),
+        "/tags/1 lenient: String, null, []\n"
+        "/single/name lenient: String, number, empty\n"
+        "/tracks/1/name lenient: String, nothing, []\n"
+        "/hidden/0 lenient: Track, number, empty\n");
 }
 
 TEST(Explaining, TellsOfFaultsWithinWhatIsKept) {
-    EXPECT_EQ(faults(R"("single":{"name":"n","seconds":"1"},"tracks":[{"name":"a","seconds":-1},{"name":"b"}])"),
-              "/single/seconds lenient: UInt, string, empty\n"
-              "/tracks/0/seconds lenient: UInt, number, empty\n");
+    EXPECT_EQ(
+        faults(R"("single":{"name":"n","seconds":"1"},"tracks":[{"name":"a","seconds":-1},{"name":"b"}])"),
+        "/single/seconds lenient: UInt, string, empty\n"
+        "/tracks/0/seconds lenient: UInt, number, empty\n");
 }
 
 TEST(Explaining, CallsAnElementThatIsLeftOutDropped) {
@@ -174,7 +187,8 @@ TEST(Explaining, TellsOfObjectsThatCannotBeOpened) {
     EXPECT_EQ(faults(R"("shop":[1])"), "/shop lenient: Object, array, empty\n");
     EXPECT_EQ(faults(R"("shop":{"seller":"s","place":"x"})"), "/shop/place lenient: Object, string, empty\n");
     EXPECT_EQ(faults(R"("shop":{"seller":"s","\ud800":1})"), "/shop lenient: readable keys, object, empty\n");
-    EXPECT_EQ(faults(R"("single":{"name":"s","\ud800":1})"), "/single lenient: readable keys, object, empty\n");
+    EXPECT_EQ(faults(R"("single":{"name":"s","\ud800":1})"),
+              "/single lenient: readable keys, object, empty\n");
 }
 
 TEST(Explaining, KeepsTheOrderOfDecoding) {
@@ -198,7 +212,8 @@ TEST(Explaining, EndsWithTheFaultThatFailsTheDocument) {
 }
 
 TEST(Explaining, TellsOfADocumentThatIsBroken) {
-    for (const char* const json : {"", "{", "{\"title\":\"t\",,}", "{\"title\":\"t\",\"year\":tru}", "{\"title\":\"t\"}}"}) {
+    for (const char* const json :
+         {"", "{", "{\"title\":\"t\",,}", "{\"title\":\"t\",\"year\":tru}", "{\"title\":\"t\"}}"}) {
         const Diagnosis diagnosis = diagnose<Record>(Data(json));
         EXPECT_EQ(faultsOf(diagnosis), " required: JSON, a broken document, failure\n") << json;
         ASSERT_TRUE(diagnosis.error);

@@ -44,7 +44,8 @@ std::string pathText(const std::string& path, const std::string& rest) {
     for (std::size_t at = 1; at <= rest.size();) {
         const std::size_t end = std::min(rest.find('/', at), rest.size());
         const std::string step = rest.substr(at, end - at);
-        text += "," + (std::isdigit(static_cast<unsigned char>(step.front())) != 0 ? step : "\"" + step + "\"");
+        text +=
+            "," + (std::isdigit(static_cast<unsigned char>(step.front())) != 0 ? step : "\"" + step + "\"");
         at = end + 1;
     }
     return text + "]";
@@ -132,7 +133,8 @@ void expectValue(const EntityRules& rules, const Document& document, const order
                  const std::string& what) {
     const std::string json = document.text();
     const ordered_json actual = valueOf(rules, json);
-    EXPECT_EQ(actual, value) << what << " in " << json << "\n  differs: " << ordered_json::diff(value, actual).dump();
+    EXPECT_EQ(actual, value) << what << " in " << json
+                             << "\n  differs: " << ordered_json::diff(value, actual).dump();
 }
 
 void expectFailure(const EntityRules& rules, const Document& document, const std::string& failure) {
@@ -142,7 +144,8 @@ void expectFailure(const EntityRules& rules, const Document& document, const std
 
 /// A value that does not fit, or is not there (`json` is ""): swallowed by a lenient field and by an optional one
 /// where it is missing; a failure of every other.
-void expectMisfit(const EntityRules& rules, const Variant& variant, const FieldRule& field, const Unfit& unfit) {
+void expectMisfit(const EntityRules& rules, const Variant& variant, const FieldRule& field,
+                  const Unfit& unfit) {
     Variant changed = variant;
     if (unfit.json.empty()) {
         changed.document.remove(field.path);
@@ -158,7 +161,8 @@ void expectMisfit(const EntityRules& rules, const Variant& variant, const FieldR
     }
 }
 
-const std::vector<std::string> noObjects = {"7", "-1.5", "\"x\"", "\"\"", "true", "false", "[]", "[{}]", "[1]"};
+const std::vector<std::string> noObjects = {"7",     "-1.5", "\"x\"", "\"\"", "true",
+                                            "false", "[]",   "[{}]",  "[1]"};
 
 std::vector<Unfit> mismatches(const std::vector<std::string>& values) {
     std::vector<Unfit> unfit;
@@ -176,30 +180,38 @@ std::vector<Unfit> joined(std::vector<Unfit> a, const std::vector<Unfit>& b) {
 const Shape& text() {
     static const Shape& shape = *new Shape{
         .empty = "null",
-        .fits = {{"\"$\"", "\"$\""}, {"\"\"", "\"\""}, {"\"\\u00e9 \\\"\"", "\"\\u00e9 \\\"\""}, {"\"null\"", "\"null\""}},
+        .fits = {{"\"$\"", "\"$\""},
+                 {"\"\"", "\"\""},
+                 {"\"\\u00e9 \\\"\"", "\"\\u00e9 \\\"\""},
+                 {"\"null\"", "\"null\""}},
         .unfit = joined(mismatches({"7", "-1.5", "true", "false", "{}", "{\"a\":\"x\"}", "[]", "[\"x\"]"}),
-                        {{"\"\\ud800\"", "dataCorrupted"}, {"\"\xff\"", "dataCorrupted"}, {"\"a\nb\"", "dataCorrupted"}})};
+                        {{"\"\\ud800\"", "dataCorrupted"},
+                         {"\"\xff\"", "dataCorrupted"},
+                         {"\"a\nb\"", "dataCorrupted"}})};
     return shape;
 }
 
 const Shape& unsignedNumber() {
-    static const Shape& shape = *new Shape{
-        .empty = "null",
-        .fits = {{"120", "120"}, {"0", "0"}, {"1.2e2", "120"}, {"18446744073709551615", "18446744073709551615"}},
-        .unfit = joined(mismatches({"\"120\"", "\"\"", "true", "false", "{}", "[]", "[120]"}),
-                        {{"-1", "dataCorrupted"},
-                         {"1.5", "dataCorrupted"},
-                         {"1e20", "dataCorrupted"},
-                         {"01", "dataCorrupted"},
-                         {"18446744073709551616", "dataCorrupted"}})};
+    static const Shape& shape =
+        *new Shape{.empty = "null",
+                   .fits = {{"120", "120"},
+                            {"0", "0"},
+                            {"1.2e2", "120"},
+                            {"18446744073709551615", "18446744073709551615"}},
+                   .unfit = joined(mismatches({"\"120\"", "\"\"", "true", "false", "{}", "[]", "[120]"}),
+                                   {{"-1", "dataCorrupted"},
+                                    {"1.5", "dataCorrupted"},
+                                    {"1e20", "dataCorrupted"},
+                                    {"01", "dataCorrupted"},
+                                    {"18446744073709551616", "dataCorrupted"}})};
     return shape;
 }
 
 const Shape& flag() {
-    static const Shape& shape = *new Shape{
-        .empty = "false",
-        .fits = {{"true", "true"}, {"false", "false"}},
-        .unfit = mismatches({"\"true\"", "\"\"", "1", "0", "{}", "[]", "[true]"})};
+    static const Shape& shape =
+        *new Shape{.empty = "false",
+                   .fits = {{"true", "true"}, {"false", "false"}},
+                   .unfit = mismatches({"\"true\"", "\"\"", "1", "0", "{}", "[]", "[true]"})};
     return shape;
 }
 
@@ -217,14 +229,14 @@ const Shape& deviceDateText() {
 }
 
 const Shape& texts() {
-    static const Shape& shape = *new Shape{
-        .empty = "[]",
-        .fits = {{R"(["a","$"])", R"(["a","$"])"}, {"[]", "[]"}, {"[\"\"]", "[\"\"]"}},
-        .unfit = joined(mismatches({"7", "\"a,b\"", "true", "{}", "{\"0\":\"a\"}"}),
-                        {{R"(["a",1])", "typeMismatch", "/1"},
-                         {R"([["a"]])", "typeMismatch", "/0"},
-                         {R"(["a",null])", "valueNotFound", "/1"},
-                         {R"(["a","b","\ud800"])", "dataCorrupted", "/2"}})};
+    static const Shape& shape =
+        *new Shape{.empty = "[]",
+                   .fits = {{R"(["a","$"])", R"(["a","$"])"}, {"[]", "[]"}, {"[\"\"]", "[\"\"]"}},
+                   .unfit = joined(mismatches({"7", "\"a,b\"", "true", "{}", "{\"0\":\"a\"}"}),
+                                   {{R"(["a",1])", "typeMismatch", "/1"},
+                                    {R"([["a"]])", "typeMismatch", "/0"},
+                                    {R"(["a",null])", "valueNotFound", "/1"},
+                                    {R"(["a","b","\ud800"])", "dataCorrupted", "/2"}})};
     return shape;
 }
 
@@ -248,7 +260,8 @@ Shape objectOf(std::vector<std::pair<std::string, std::string>> fits, std::vecto
     return {.empty = "null", .fits = std::move(fits), .unfit = joined(mismatches(noObjects), unfit)};
 }
 
-Shape listOf(const std::string& empty, std::vector<std::pair<std::string, std::string>> fits, const Unfit& bad) {
+Shape listOf(const std::string& empty, std::vector<std::pair<std::string, std::string>> fits,
+             const Unfit& bad) {
     const std::string list = fits.front().first;
     const std::string good = list.substr(0, list.size() - 1);
     const std::string behind = "/" + std::to_string(ordered_json::parse(list).size());
@@ -322,7 +335,8 @@ void expectAnObjectOnly(const DecodableType& type) {
     EXPECT_EQ(outcomeOf(type, "{\"\\ud800\":1}").failure, "dataCorrupted []");
 }
 
-void expectErrorsInOrder(const EntityRules& rules, const std::vector<std::pair<std::string, std::string>>& faults) {
+void expectErrorsInOrder(const EntityRules& rules,
+                         const std::vector<std::pair<std::string, std::string>>& faults) {
     for (std::size_t first = 0; first < faults.size(); ++first) {
         for (std::size_t second = first + 1; second < faults.size(); ++second) {
             Document alone(rules.least);

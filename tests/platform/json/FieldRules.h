@@ -44,7 +44,8 @@ Shape rawText(const std::string& raw, const std::string& name);
 /// An object; `unfit` are objects that do not decode, beside whatever is no object.
 Shape objectOf(std::vector<std::pair<std::string, std::string>> fits, std::vector<Unfit> unfit = {});
 /// A list of objects; `bad` is an element that does not decode.
-Shape listOf(const std::string& empty, std::vector<std::pair<std::string, std::string>> fits, const Unfit& bad);
+Shape listOf(const std::string& empty, std::vector<std::pair<std::string, std::string>> fits,
+             const Unfit& bad);
 
 enum class Word { required, optional, lenient };
 
@@ -93,7 +94,8 @@ void expectAnObjectOnly(const DecodableType& type);
 
 /// Of two values at fault, the one that is earlier in `faults` (path and JSON) decides the error, whichever comes
 /// first in the document.
-void expectErrorsInOrder(const EntityRules& rules, const std::vector<std::pair<std::string, std::string>>& faults);
+void expectErrorsInOrder(const EntityRules& rules,
+                         const std::vector<std::pair<std::string, std::string>>& faults);
 
 /// A document with the least and every field at its first fit.
 std::string fullDocument(const EntityRules& rules);

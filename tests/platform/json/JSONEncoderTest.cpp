@@ -90,7 +90,9 @@ TEST(JSONEncoder, RefusesANumberThatIsNotFinite) {
     EXPECT_EQ(encoded(-std::numeric_limits<double>::infinity()), "The number is not finite.");
 }
 
-TEST(JSONEncoder, RefusesATextThatIsNotUTF8) { EXPECT_EQ(encoded(std::string("a\xFF")), "The text is not UTF-8."); }
+TEST(JSONEncoder, RefusesATextThatIsNotUTF8) {
+    EXPECT_EQ(encoded(std::string("a\xFF")), "The text is not UTF-8.");
+}
 
 }  // namespace
 }  // namespace VanticRestKit

@@ -3,8 +3,8 @@
 #include <platform/json/BothEngines.h>
 #include <VanticRestKit/platform/json/DecodingError.h>
 
-#include <VanticRestKit/platform/json/Table.h>
 #include <support/Vectors.h>
+#include <VanticRestKit/platform/json/Table.h>
 
 #include <functional>
 #include <map>
@@ -42,17 +42,16 @@ struct RawTexts<Letter> {
     static constexpr RawCase<Letter> cases[] = {{Letter::a, "a", "a"}};
 };
 
-#define HELD(T)                                                                            \
-    template <>                                                                            \
-    const TypePlan& planOf<Held<T>>() {                                                    \
-        static const TypePlan& plan = mapping::object<Held<T>>(mapping::required<&Held<T>::v>("v")); \
-        return plan;                                                                       \
-    }                                                                                      \
-    template <>                                                                            \
-    const TypePlan& planOf<MayHold<T>>() {                                                 \
-        static const TypePlan& plan =                                                      \
-            mapping::object<MayHold<T>>(mapping::optional<&MayHold<T>::v>("v"));           \
-        return plan;                                                                       \
+#define HELD(T)                                                                                            \
+    template <>                                                                                            \
+    const TypePlan& planOf<Held<T>>() {                                                                    \
+        static const TypePlan& plan = mapping::object<Held<T>>(mapping::required<&Held<T>::v>("v"));       \
+        return plan;                                                                                       \
+    }                                                                                                      \
+    template <>                                                                                            \
+    const TypePlan& planOf<MayHold<T>>() {                                                                 \
+        static const TypePlan& plan = mapping::object<MayHold<T>>(mapping::optional<&MayHold<T>::v>("v")); \
+        return plan;                                                                                       \
     }
 HELD(std::string)
 HELD(bool)
@@ -80,8 +79,10 @@ const TypePlan& planOf<OpenedObject>() {
 }
 template <>
 const TypePlan& planOf<OpenedArray>() {
+    // clang-format off
     static const TypePlan& plan = mapping::object<OpenedArray>(
         mapping::required<&OpenedArray::v, mapping::keepDecodable>("v"));
+    // clang-format on
     return plan;
 }
 
@@ -163,9 +164,8 @@ const std::map<std::string, std::pair<Ask, Ask>> questions = {
 };
 
 const std::map<std::string, Ask> topQuestions = {
-    {"String", top<std::string>}, {"Int", top<std::int64_t>},
-    {"UInt", top<std::uint64_t>}, {"Double", top<double>},
-    {"Bool", top<bool>},          {"[String]", top<std::vector<std::string>>},
+    {"String", top<std::string>}, {"Int", top<std::int64_t>}, {"UInt", top<std::uint64_t>},
+    {"Double", top<double>},      {"Bool", top<bool>},        {"[String]", top<std::vector<std::string>>},
     {"Object", opened<Opened>},   {"Any", opened<Anything>},
 };
 

@@ -58,6 +58,7 @@ const std::string key64(64, 'd');
 template <>
 const TypePlan& planOf<Person>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Person>(
         required<&Person::id>("id"),
         lenient<&Person::name>("name"),
@@ -71,21 +72,25 @@ const TypePlan& planOf<Person>() {
             lenient<&Person::town>("town")),
         requiredObject("work",
             lenient<&Person::job>("job")));
+    // clang-format on
     return plan;
 }
 
 template <>
 const TypePlan& planOf<People>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<People>(
         required<&People::people>("people"),
         lenient<&People::friends, keepDecodable>("friends"));
+    // clang-format on
     return plan;
 }
 
 template <>
 const TypePlan& planOf<Lengths>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Lengths>(
         lenient<&Lengths::empty>(""),
         lenient<&Lengths::of29>(key29),
@@ -95,16 +100,19 @@ const TypePlan& planOf<Lengths>() {
         lenient<&Lengths::quoted>("a\"b"),
         lenient<&Lengths::slashed>("a\\b"),
         lenient<&Lengths::high>("\u00e9t\u00e9"));
+    // clang-format on
     return plan;
 }
 
 template <>
 const TypePlan& planOf<Alike>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Alike>(
         lenient<&Alike::first>("displayDurationFirstAccessible"),
         lenient<&Alike::second>("displayDurationOtherAccessible"),
         lenient<&Alike::third>("displayDurationThirdAccessible"));
+    // clang-format on
     return plan;
 }
 
@@ -115,14 +123,15 @@ using test::shown;
 
 /// A person without an address, who works.
 std::string person(const std::string& id, const std::string& rest = "") {
-    return R"({"id":")" + id + R"(","name":null,"street":null,"room":null,"floor":null,"bells":[],"town":null,)" +
+    return R"({"id":")" + id +
+           R"(","name":null,"street":null,"room":null,"floor":null,"bells":[],"town":null,)" +
            (rest.empty() ? R"("job":null)" : rest) + "}";
 }
 
 /// Spellings of keys that are no text.
 const char* const unreadable[] = {
-    R"("\ud800")", R"("\udc00\ud800")", R"("\x")", R"("a\u12g4")", "\"\x01\"", "\"\t\"", "\"\xff\"", "\"\xc3\"",
-    "\"\xed\xa0\x80\"",
+    R"("\ud800")", R"("\udc00\ud800")", R"("\x")",  R"("a\u12g4")",     "\"\x01\"",
+    "\"\t\"",      "\"\xff\"",          "\"\xc3\"", "\"\xed\xa0\x80\"",
 };
 
 TEST(AKey, CountsTheFirstTimeOnly) {
@@ -132,8 +141,10 @@ TEST(AKey, CountsTheFirstTimeOnly) {
     EXPECT_EQ(failureOf<Person>(R"({"id":null,"id":"b","work":{}})"), R"(valueNotFound ["id"])");
     EXPECT_EQ(shown<Person>(R"({"id":"a","name":1,"name":"n","work":{}})"), person("a"));
     EXPECT_EQ(shown<Person>(R"({"id":"a","name":null,"name":"n","work":{}})"), person("a"));
-    EXPECT_EQ(shown<Person>(R"({"id":"a","work":{"job":"j"},"work":{"job":"k"}})"), person("a", R"("job":"j")"));
-    EXPECT_EQ(shown<Person>(R"({"id":"a","work":{"job":"j","job":"k"},"work":1})"), person("a", R"("job":"j")"));
+    EXPECT_EQ(shown<Person>(R"({"id":"a","work":{"job":"j"},"work":{"job":"k"}})"),
+              person("a", R"("job":"j")"));
+    EXPECT_EQ(shown<Person>(R"({"id":"a","work":{"job":"j","job":"k"},"work":1})"),
+              person("a", R"("job":"j")"));
     EXPECT_EQ(failureOf<Person>(R"({"id":"a","work":1,"work":{}})"), R"(typeMismatch ["work"])");
     EXPECT_EQ(shown<Person>(R"({"id":"a","address":1,"address":{"street":"s"},"work":{}})"), person("a"));
     EXPECT_EQ(shown<Person>(R"({"secret":1,"id":"a","secret":{},"work":{}})"), person("a"));
@@ -146,26 +157,33 @@ TEST(AKey, CountsTheFirstTimeOnlyHoweverItIsSpelled) {
 }
 
 TEST(AKey, MatchesWithEscapes) {
-    EXPECT_EQ(shown<Person>(R"({"\u0069\u0064":"a","\u0077ork":{"j\u006fb":"j"}})"), person("a", R"("job":"j")"));
-    EXPECT_EQ(shown<Lengths>(R"({"a\"b":"q","a\\b":"s","\u00e9t\u00E9":"h"})"),
-              R"({"empty":null,"of29":null,"of30":null,"of31":null,"of64":null,"quoted":"q","slashed":"s","high":"h"})");
-    EXPECT_EQ(shown<Lengths>("{\"a\\u0022b\":\"q\",\"a\\u005cb\":\"s\",\"\u00e9t\u00e9\":\"h\"}"),
-              R"({"empty":null,"of29":null,"of30":null,"of31":null,"of64":null,"quoted":"q","slashed":"s","high":"h"})");
+    EXPECT_EQ(shown<Person>(R"({"\u0069\u0064":"a","\u0077ork":{"j\u006fb":"j"}})"),
+              person("a", R"("job":"j")"));
+    EXPECT_EQ(
+        shown<Lengths>(R"({"a\"b":"q","a\\b":"s","\u00e9t\u00E9":"h"})"),
+        R"({"empty":null,"of29":null,"of30":null,"of31":null,"of64":null,"quoted":"q","slashed":"s","high":"h"})");
+    EXPECT_EQ(
+        shown<Lengths>("{\"a\\u0022b\":\"q\",\"a\\u005cb\":\"s\",\"\u00e9t\u00e9\":\"h\"}"),
+        R"({"empty":null,"of29":null,"of30":null,"of31":null,"of64":null,"quoted":"q","slashed":"s","high":"h"})");
 }
 
 TEST(AKey, MatchesInFullOnly) {
     for (const char* key : {"i", "idd", "Id", "ID", "id ", " id", "id\\u0000", "id\\n"}) {
-        EXPECT_EQ(failureOf<Person>(std::string("{\"work\":{},\"") + key + "\":\"a\"}"), R"(keyNotFound ["id"])") << key;
+        EXPECT_EQ(failureOf<Person>(std::string("{\"work\":{},\"") + key + "\":\"a\"}"),
+                  R"(keyNotFound ["id"])")
+            << key;
     }
 }
 
 TEST(AKey, MayBeOfAnyLength) {
-    EXPECT_EQ(shown<Lengths>("{\"\":\"0\",\"" + key29 + "\":\"29\",\"" + key30 + "\":\"30\",\"" + key31 + "\":\"31\",\"" +
-                             key64 + "\":\"64\"}"),
-              R"({"empty":"0","of29":"29","of30":"30","of31":"31","of64":"64","quoted":null,"slashed":null,"high":null})");
-    EXPECT_EQ(shown<Lengths>("{\"" + key29.substr(1) + "\":\"28\",\"" + key30 + "b\":\"31\",\"" + key64.substr(1) +
-                             "\":\"63\"}"),
-              R"({"empty":null,"of29":null,"of30":null,"of31":null,"of64":null,"quoted":null,"slashed":null,"high":null})");
+    EXPECT_EQ(
+        shown<Lengths>("{\"\":\"0\",\"" + key29 + "\":\"29\",\"" + key30 + "\":\"30\",\"" + key31 +
+                       "\":\"31\",\"" + key64 + "\":\"64\"}"),
+        R"({"empty":"0","of29":"29","of30":"30","of31":"31","of64":"64","quoted":null,"slashed":null,"high":null})");
+    EXPECT_EQ(
+        shown<Lengths>("{\"" + key29.substr(1) + "\":\"28\",\"" + key30 + "b\":\"31\",\"" + key64.substr(1) +
+                       "\":\"63\"}"),
+        R"({"empty":null,"of29":null,"of30":null,"of31":null,"of64":null,"quoted":null,"slashed":null,"high":null})");
 }
 
 TEST(AKey, WithAQuoteOrABackslashMatchesOnlyWhereThatIsEscaped) {
@@ -205,7 +223,8 @@ TEST(AKeyThatCannotBeRead, TakesBackWhatALenientObjectHasFilled) {
         const std::string bad = key + ":1";
         for (const std::string& inside :
              {bad, "\"street\":\"s\",\"town\":\"t\"," + bad, "\"street\":\"s\"," + bad + ",\"town\":\"t\"",
-              bad + ",\"street\":\"s\"," + flat, flat + ",\"town\":\"t\"," + bad, bad + "," + bad + "," + flat}) {
+              bad + ",\"street\":\"s\"," + flat, flat + ",\"town\":\"t\"," + bad,
+              bad + "," + bad + "," + flat}) {
             EXPECT_EQ(shown<Person>("{\"id\":\"a\",\"address\":{" + inside + "},\"work\":{\"job\":\"j\"}}"),
                       person("a", R"("job":"j")"))
                 << inside;
@@ -215,9 +234,10 @@ TEST(AKeyThatCannotBeRead, TakesBackWhatALenientObjectHasFilled) {
 
 TEST(AKeyThatCannotBeRead, TakesBackTheInnermostObjectAlone) {
     for (const std::string key : unreadable) {
-        EXPECT_EQ(shown<Person>(R"({"id":"a","address":{"street":"s","flat":{"room":"r","bells":["b"],)" + key +
-                                R"(:{}},"town":"t"},"work":{}})"),
-                  R"({"id":"a","name":null,"street":"s","room":null,"floor":null,"bells":[],"town":"t","job":null})")
+        EXPECT_EQ(
+            shown<Person>(R"({"id":"a","address":{"street":"s","flat":{"room":"r","bells":["b"],)" + key +
+                          R"(:{}},"town":"t"},"work":{}})"),
+            R"({"id":"a","name":null,"street":"s","room":null,"floor":null,"bells":[],"town":"t","job":null})")
             << key;
     }
 }
@@ -238,7 +258,8 @@ TEST(AKeyThatCannotBeRead, FailsAnElementOfAListAndWithItTheListUnlessTheListDro
     const std::string good = R"({"id":"a","work":{}})";
     for (const std::string key : unreadable) {
         const std::string bad = "{\"id\":\"b\",\"work\":{}," + key + ":1}";
-        EXPECT_EQ(failureOf<People>("{\"people\":[" + good + "," + bad + "]}"), R"(dataCorrupted ["people",1])");
+        EXPECT_EQ(failureOf<People>("{\"people\":[" + good + "," + bad + "]}"),
+                  R"(dataCorrupted ["people",1])");
         EXPECT_EQ(shown<People>("{\"people\":[],\"friends\":[" + good + "," + bad + "," + good + "]}"),
                   "{\"people\":[],\"friends\":[" + person("a") + "," + person("a") + "]}");
     }
@@ -263,12 +284,13 @@ TEST(KeysInAList, MayComeInAnotherOrderInEachElement) {
 }
 
 TEST(KeysInAList, MayBeLeftOutOrComeTwiceInSomeElements) {
-    EXPECT_EQ(shown<std::vector<Person>>(
-                  R"([{"id":"a","name":"n","work":{}},{"id":"b","work":{}},{"name":"m","id":"c","work":{}},)"
-                  R"({"id":"d","id":"e","name":"o","work":{}},{"id":"f","name":1,"work":{"job":"j"},"name":"p"}])"),
-              "[" + person("a").replace(17, 4, "\"n\"") + "," + person("b") + "," +
-                  person("c").replace(17, 4, "\"m\"") + "," + person("d").replace(17, 4, "\"o\"") + "," +
-                  person("f", R"("job":"j")") + "]");
+    EXPECT_EQ(
+        shown<std::vector<Person>>(
+            R"([{"id":"a","name":"n","work":{}},{"id":"b","work":{}},{"name":"m","id":"c","work":{}},)"
+            R"({"id":"d","id":"e","name":"o","work":{}},{"id":"f","name":1,"work":{"job":"j"},"name":"p"}])"),
+        "[" + person("a").replace(17, 4, "\"n\"") + "," + person("b") + "," +
+            person("c").replace(17, 4, "\"m\"") + "," + person("d").replace(17, 4, "\"o\"") + "," +
+            person("f", R"("job":"j")") + "]");
 }
 
 }  // namespace

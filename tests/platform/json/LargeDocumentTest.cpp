@@ -6,10 +6,10 @@
 #include <VanticRestKit/platform/json/Table.h>
 
 #include <platform/json/Sanitized.h>
+#include <sys/resource.h>
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <sys/resource.h>
 #include <utility>
 #include <vector>
 
@@ -26,9 +26,11 @@ struct Page {
 template <>
 const TypePlan& planOf<Page>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Page>(
         required<&Page::number>("number"),
         lenient<&Page::text>("text"));
+    // clang-format on
     return plan;
 }
 
@@ -51,7 +53,8 @@ Data book(const std::string& last) {
     text = "[";
     const std::string words(1000, 'w');
     for (std::uint64_t number = 0; text.size() < documentSize; ++number) {
-        text += "{\"number\":" + std::to_string(number) + ",\"other\":[[],{\"a\":null}],\"text\":\"" + words + "\"},";
+        text += "{\"number\":" + std::to_string(number) + ",\"other\":[[],{\"a\":null}],\"text\":\"" + words +
+                "\"},";
     }
     return Data(std::move(text += last + "]"));
 }

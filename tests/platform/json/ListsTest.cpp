@@ -70,6 +70,7 @@ struct Drawing {
 template <>
 const TypePlan& planOf<Wide>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Wide>(
         lenient<&Wide::a>("a"),
         lenient<&Wide::b>("b"),
@@ -77,36 +78,43 @@ const TypePlan& planOf<Wide>() {
         lenient<&Wide::d>("d"),
         lenient<&Wide::e>("e"),
         lenient<&Wide::f>("f"));
+    // clang-format on
     return plan;
 }
 
 template <>
 const TypePlan& planOf<Circle>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Circle>(
         required<&Circle::radius>("radius"),
         lenient<&Circle::tags>("tags"));
+    // clang-format on
     return plan;
 }
 
 template <>
 const TypePlan& planOf<Square>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Square>(
         required<&Square::side>("side"),
         optional<&Square::colour>("colour"));
+    // clang-format on
     return plan;
 }
 
 template <>
 const TypePlan& planOf<Drawing>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Drawing>(
         lenient<&Drawing::shapes, eachOneOf<Circle, Square>>("shapes"),
         lenient<&Drawing::best, oneOf<Circle, Square>>("best"),
         lenient<&Drawing::circles, keepDecodable>("circles"),
         required<&Drawing::needed, keepDecodable>("needed"),
         lenient<&Drawing::words>("words"));
+    // clang-format on
     return plan;
 }
 
@@ -125,22 +133,26 @@ std::size_t roomFor(const std::string& json) {
 
 std::string drawing(const std::string& members) { return shown<Drawing>("{\"needed\":[]," + members + "}"); }
 
-std::string drawn(const std::string& shapes, const std::string& best = "null", const std::string& circles = "[]") {
-    return "{\"shapes\":" + shapes + ",\"best\":" + best + ",\"circles\":" + circles + ",\"needed\":[],\"words\":null}";
+std::string drawn(const std::string& shapes, const std::string& best = "null",
+                  const std::string& circles = "[]") {
+    return "{\"shapes\":" + shapes + ",\"best\":" + best + ",\"circles\":" + circles +
+           ",\"needed\":[],\"words\":null}";
 }
 
 TEST(AList, TakesNoMoreRoomThanItsDocumentAfterSmallElementsAndALargeOne) {
     const std::string large = "{\"a\":\"" + std::string(1'000'000, 'x') + "\"}";
     for (const char* const small : {"{},", "{},{},", "{},{},{},{},{},{},{},{},{},"}) {
-        EXPECT_LE(roomFor<Wide>("[" + std::string(small) + large + "]") * sizeof(Wide), 2 * large.size() + 4 * sizeof(Wide))
+        EXPECT_LE(roomFor<Wide>("[" + std::string(small) + large + "]") * sizeof(Wide),
+                  2 * large.size() + 4 * sizeof(Wide))
             << small;
     }
 }
 
 TEST(AList, HasRoomForAllElementsAtOnceWhereTheyAreAlike) {
     std::string json = "[";
-    for (int i = 0; i < 1000; ++i) json += R"({"a":"some text of no great length, as titles are","b":"another one of the same kind",)"
-                                         R"("c":"and one of them is a little longer than all the others are"},)";
+    for (int i = 0; i < 1000; ++i)
+        json += R"({"a":"some text of no great length, as titles are","b":"another one of the same kind",)"
+                R"("c":"and one of them is a little longer than all the others are"},)";
     json.back() = ']';
     const std::size_t room = roomFor<Wide>(json);
     EXPECT_GE(room, 1000U);
@@ -173,9 +185,10 @@ TEST(AList, OfListsFailsWithThePathOfTheElement) {
 }
 
 TEST(AListThatKeepsWhatDecodes, DropsTheOtherElementsAndKeepsTheOrder) {
-    EXPECT_EQ(drawing(R"("circles":[{"radius":1},{},{"radius":2,"tags":["t"]},null,7,"c",[],{"radius":-1},{"radius":3}])"),
-              drawn("[]", "null",
-                    R"([{"radius":1,"tags":[]},{"radius":2,"tags":["t"]},{"radius":3,"tags":[]}])"));
+    EXPECT_EQ(
+        drawing(
+            R"("circles":[{"radius":1},{},{"radius":2,"tags":["t"]},null,7,"c",[],{"radius":-1},{"radius":3}])"),
+        drawn("[]", "null", R"([{"radius":1,"tags":[]},{"radius":2,"tags":["t"]},{"radius":3,"tags":[]}])"));
     EXPECT_EQ(drawing(R"("circles":[])"), drawn("[]"));
     EXPECT_EQ(drawing(R"("circles":[null,{}])"), drawn("[]"));
 }
@@ -196,29 +209,39 @@ const std::string circle = R"({"Circle":{"radius":1,"tags":["t"]}})";
 const std::string square = R"({"Square":{"side":2,"colour":"c"}})";
 
 TEST(AMixedList, TriesTheTypesInTurnForEachElement) {
-    EXPECT_EQ(drawing(R"("shapes":[{"side":2,"colour":"c"},{"radius":1,"tags":["t"]},{"side":2,"colour":"c"}])"),
-              drawn("[" + square + "," + circle + "," + square + "]"));
+    EXPECT_EQ(
+        drawing(R"("shapes":[{"side":2,"colour":"c"},{"radius":1,"tags":["t"]},{"side":2,"colour":"c"}])"),
+        drawn("[" + square + "," + circle + "," + square + "]"));
     // What fits both is of the first.
-    EXPECT_EQ(drawing(R"("shapes":[{"side":2,"colour":"c","radius":1,"tags":["t"]}])"), drawn("[" + circle + "]"));
+    EXPECT_EQ(drawing(R"("shapes":[{"side":2,"colour":"c","radius":1,"tags":["t"]}])"),
+              drawn("[" + circle + "]"));
     // Nothing of a first try is left in the second.
-    EXPECT_EQ(drawing(R"("shapes":[{"tags":["t"],"radius":-1,"side":2,"colour":"c"}])"), drawn("[" + square + "]"));
+    EXPECT_EQ(drawing(R"("shapes":[{"tags":["t"],"radius":-1,"side":2,"colour":"c"}])"),
+              drawn("[" + square + "]"));
 }
 
 TEST(AMixedList, LeavesOutWhatIsNoneOfTheTypes) {
-    EXPECT_EQ(drawing(R"("shapes":[{},null,1,"s",[],{"radius":"1"},{"side":2,"colour":1},{"radius":1,"tags":["t"]}])"),
-              drawn("[" + circle + "]"));
+    EXPECT_EQ(
+        drawing(
+            R"("shapes":[{},null,1,"s",[],{"radius":"1"},{"side":2,"colour":1},{"radius":1,"tags":["t"]}])"),
+        drawn("[" + circle + "]"));
     EXPECT_EQ(drawing(R"("shapes":{"radius":1})"), drawn("[]"));
 }
 
 TEST(AMixedList, IsBrokenWithItsDocumentInWhicheverTryThatIs) {
-    for (const char* const element : {"{\"radius\":1", "{\"side\":2,}x", "{\"side\":tru}", "{\"a\":1,\"side\"}", "{"}) {
-        EXPECT_EQ(failureOf<Drawing>(R"({"needed":[],"shapes":[)" + std::string(element) + "]}"), "dataCorrupted []");
-        EXPECT_EQ(failureOf<Drawing>(R"({"needed":[],"best":)" + std::string(element) + "}"), "dataCorrupted []");
+    for (const char* const element :
+         {"{\"radius\":1", "{\"side\":2,}x", "{\"side\":tru}", "{\"a\":1,\"side\"}", "{"}) {
+        EXPECT_EQ(failureOf<Drawing>(R"({"needed":[],"shapes":[)" + std::string(element) + "]}"),
+                  "dataCorrupted []");
+        EXPECT_EQ(failureOf<Drawing>(R"({"needed":[],"best":)" + std::string(element) + "}"),
+                  "dataCorrupted []");
     }
     // Too deep, whichever type is tried.
     const std::string deep = std::string(510, '[') + std::string(510, ']');
-    EXPECT_EQ(failureOf<Drawing>(R"({"needed":[],"shapes":[{"x":)" + deep.substr(1, 1018) + ",\"side\":2}]}"), "");
-    EXPECT_EQ(failureOf<Drawing>(R"({"needed":[],"shapes":[{"x":)" + deep + ",\"side\":2}]}"), "dataCorrupted []");
+    EXPECT_EQ(failureOf<Drawing>(R"({"needed":[],"shapes":[{"x":)" + deep.substr(1, 1018) + ",\"side\":2}]}"),
+              "");
+    EXPECT_EQ(failureOf<Drawing>(R"({"needed":[],"shapes":[{"x":)" + deep + ",\"side\":2}]}"),
+              "dataCorrupted []");
 }
 
 TEST(AMixedList, TakesAnElementWhoseKeyCannotBeReadForNoneOfTheTypes) {

@@ -19,6 +19,7 @@ struct JSONTree {
 };
 
 /// Of every type, fit and unfit in many ways.
+// clang-format off
 constexpr std::string_view samples[] = {
     "null", "true", "false", "0", "1", "-1", "1.5", "-0", "1e2", "18446744073709551615", "18446744073709551616",
     "9223372036854775808", "1e400", "01", "1.", "-", "\"\"", "\"x\"", "\"1\"", "\"true\"", "\"episode\"", "\"video\"",
@@ -29,6 +30,7 @@ constexpr std::string_view samples[] = {
     "[{\"_links\":{}},{}]", "{\"a\":{\"b\":[{}]}}", "{\"\\ud800\":1}", "{\"id\":\"i\",\"\\x\":1,\"href\":\"h\"}", "[1,]",
     "{\"a\":1,}", "\"/show/some-slug/x\"", "\"content://video/ZW1\"",
 };
+// clang-format on
 
 class Parser {
 public:
@@ -52,7 +54,8 @@ private:
     char peek() const { return at_ < json_.size() ? json_[at_] : '\0'; }
 
     void skipBlanks() {
-        while (at_ < json_.size() && std::string_view(" \t\r\n").find(json_[at_]) != std::string_view::npos) ++at_;
+        while (at_ < json_.size() && std::string_view(" \t\r\n").find(json_[at_]) != std::string_view::npos)
+            ++at_;
     }
 
     void members(JSONTree& tree) {
@@ -114,18 +117,23 @@ std::string escaped(const std::string& key, Random& random) {
     const std::size_t place = 1 + random.below(key.size() - 2);
     if (random.below(6) == 0) return key.substr(0, place) + "\\ud800" + key.substr(place);
     char escape[8];
-    std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(static_cast<unsigned char>(key[place])));
+    std::snprintf(escape, sizeof escape, "\\u%04x",
+                  static_cast<unsigned>(static_cast<unsigned char>(key[place])));
     return key.substr(0, place) + escape + key.substr(place + 1);
 }
 
-JSONTree sample(Random& random) { return JSONTree{.plain = std::string(samples[random.below(std::size(samples))])}; }
+JSONTree sample(Random& random) {
+    return JSONTree{.plain = std::string(samples[random.below(std::size(samples))])};
+}
 
 /// Changes an array or object that holds something.
 void changeMembers(JSONTree& tree, Random& random) {
     auto& members = tree.members;
     const std::size_t place = random.below(members.size());
     const auto at = members.begin() + static_cast<std::ptrdiff_t>(place);
-    const auto anywhere = [&] { return members.begin() + static_cast<std::ptrdiff_t>(random.below(members.size() + 1)); };
+    const auto anywhere = [&] {
+        return members.begin() + static_cast<std::ptrdiff_t>(random.below(members.size() + 1));
+    };
     switch (random.below(7)) {
         case 0: members.erase(at); break;
         case 1: {
@@ -135,7 +143,8 @@ void changeMembers(JSONTree& tree, Random& random) {
         }
         case 2: members.insert(anywhere(), {at->first, sample(random)}); break;
         case 3: {
-            for (std::size_t i = members.size(); i > 1; --i) std::swap(members[i - 1], members[random.below(i)]);
+            for (std::size_t i = members.size(); i > 1; --i)
+                std::swap(members[i - 1], members[random.below(i)]);
             break;
         }
         case 4: at->first = escaped(at->first, random); break;

@@ -86,8 +86,9 @@ TEST(ANumber, IsNoWholeOneWithAFraction) {
 }
 
 TEST(ANumber, ThatIsMisspelledIsNoNumberButNoFaultOfTheDocument) {
-    for (const char* token : {"00", "01", "-01", "00.5", "1.", "-", "--1", "-.5", "1.e5", "1e", "1e+", "1e-", "1E", "1e1.5",
-                              "1..5", "1.5.5", "1-2", "1+2", "1e5e5", "-e5", "1ee5", "0-", "0+"}) {
+    for (const char* token :
+         {"00", "01",    "-01",  "00.5",  "1.",  "-",   "--1",   "-.5", "1.e5", "1e", "1e+", "1e-",
+          "1E", "1e1.5", "1..5", "1.5.5", "1-2", "1+2", "1e5e5", "-e5", "1ee5", "0-", "0+"}) {
         EXPECT_EQ(shown<std::uint64_t>(token), "dataCorrupted []") << token;
         EXPECT_EQ(shown<std::int64_t>(token), "dataCorrupted []") << token;
         EXPECT_EQ(shown<double>(token), "dataCorrupted []") << token;
@@ -97,14 +98,17 @@ TEST(ANumber, ThatIsMisspelledIsNoNumberButNoFaultOfTheDocument) {
 }
 
 TEST(ANumber, EndsWhereItsLettersEnd) {
-    for (const char* token : {"0x10", "1_000", "1 000", "1,5", "1f", "Infinity", "NaN", "-Infinity", "+1", ".5", "1\"\"",
-                              "1{}", "1true"}) {
+    for (const char* token : {"0x10", "1_000", "1 000", "1,5", "1f", "Infinity", "NaN", "-Infinity", "+1",
+                              ".5", "1\"\"", "1{}", "1true"}) {
         EXPECT_EQ(shown<double>(token), "dataCorrupted []") << token;
         // A document that is broken is no document, whatever it is to be.
         EXPECT_EQ(shown<std::string>(token), "dataCorrupted []") << token;
     }
     EXPECT_EQ(shown<double>(std::string_view("1\0", 2)), "dataCorrupted []");
-    EXPECT_EQ(shown<double>(std::string_view("1\0" "2", 3)), "dataCorrupted []");
+    EXPECT_EQ(shown<double>(std::string_view("1\0"
+                                             "2",
+                                             3)),
+              "dataCorrupted []");
     EXPECT_EQ(shown<double>("1 "), "1");
 }
 

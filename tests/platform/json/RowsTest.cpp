@@ -58,6 +58,7 @@ struct RawTexts<Mood> {
 template <>
 const TypePlan& planOf<Radio>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Radio>(
         lenient<&Radio::isOn>("isOn"),
         lenient<&Radio::volume>("volume"),
@@ -76,17 +77,20 @@ const TypePlan& planOf<Radio>() {
             lenient<&Radio::wave>("wave")),
         derived<&Radio::summary, summarise>(),
         derived<&Radio::label, putInBrackets>("label"));
+    // clang-format on
     return plan;
 }
 
 template <>
 const TypePlan& planOf<Clock>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Clock>(
         lenient<&Clock::start, deviceDate>("start"),
         required<&Clock::id, decimalOrText>("id"),
         required<&Clock::strict, fromRawOr<Mood::odd>>("strict"),
         optional<&Clock::perhaps>("perhaps"));
+    // clang-format on
     return plan;
 }
 
@@ -102,19 +106,21 @@ const std::string fresh =
 
 TEST(ALenientRow, LeavesWhatANewEntityHasWhereTheKeyIsAbsentOrNull) {
     EXPECT_EQ(shown<Radio>("{}"), fresh);
-    for (const char* key : {"isOn", "volume", "pitch", "name", "bands", "owner", "memory", "mood", "isLoud", "place",
-                            "isNew", "more", "label"}) {
+    for (const char* key : {"isOn", "volume", "pitch", "name", "bands", "owner", "memory", "mood", "isLoud",
+                            "place", "isNew", "more", "label"}) {
         EXPECT_EQ(shown<Radio>("{\"" + std::string(key) + "\":null}"), fresh) << key;
     }
     EXPECT_EQ(shown<Radio>(R"({"more":{"note":null,"inner":null,"wave":null}})"), fresh);
 }
 
 TEST(ALenientRow, LeavesWhatANewEntityHasWhereTheValueIsUnfit) {
-    const char* const values[] = {"1.25", "-7", "\"?\"", "\"\\x\"", "true", "[]", "[1]", "[\"a\",null]", "{}", "{\"a\":1}"};
-    const std::set<std::string> fits = {"isOn:true", "pitch:1.25", "pitch:-7", "name:\"?\"", "bands:[]", "owner:\"?\"",
-                                        "isLoud:true", "place:-7", "more:{}", "more:{\"a\":1}", "label:\"?\""};
-    for (const char* key : {"isOn", "volume", "pitch", "name", "bands", "owner", "memory", "mood", "isLoud", "place", "more",
-                            "label"}) {
+    const char* const values[] = {"1.25", "-7",  "\"?\"",        "\"\\x\"", "true",
+                                  "[]",   "[1]", "[\"a\",null]", "{}",      "{\"a\":1}"};
+    const std::set<std::string> fits = {"isOn:true", "pitch:1.25",     "pitch:-7",    "name:\"?\"",
+                                        "bands:[]",  "owner:\"?\"",    "isLoud:true", "place:-7",
+                                        "more:{}",   "more:{\"a\":1}", "label:\"?\""};
+    for (const char* key : {"isOn", "volume", "pitch", "name", "bands", "owner", "memory", "mood", "isLoud",
+                            "place", "more", "label"}) {
         for (const std::string value : values) {
             if (fits.contains(std::string(key) + ":" + value)) continue;
             EXPECT_EQ(shown<Radio>("{\"" + std::string(key) + "\":" + value + "}"), fresh) << key << value;
@@ -128,9 +134,10 @@ TEST(ALenientRow, LeavesWhatANewEntityHasWhereItsObjectIsTakenBack) {
 }
 
 TEST(ALenientRow, TakesTheValueThatFits) {
-    EXPECT_EQ(shown<Radio>(R"({"isOn":false,"volume":0,"pitch":-2,"name":"","bands":[],"owner":"o","memory":"calm",)"
-                           R"("mood":"","isLoud":false,"place":7,"isNew":false,)"
-                           R"("more":{"note":"n","inner":"calm","wave":7},"label":"l"})"),
+    EXPECT_EQ(shown<Radio>(
+                  R"({"isOn":false,"volume":0,"pitch":-2,"name":"","bands":[],"owner":"o","memory":"calm",)"
+                  R"("mood":"","isLoud":false,"place":7,"isNew":false,)"
+                  R"("more":{"note":"n","inner":"calm","wave":7},"label":"l"})"),
               R"({"isOn":false,"volume":0,"pitch":-2,"name":"","bands":[],"owner":"o","memory":"calm",)"
               R"("mood":"odd","isLoud":false,"place":7,"isNew":false,"note":"n","inner":"calm","wave":7,)"
               R"("summary":"/o","label":"[l]"})");
@@ -139,7 +146,8 @@ TEST(ALenientRow, TakesTheValueThatFits) {
 TEST(ADefaultedRow, FailsWithAValueOfAnotherTypeAlone) {
     EXPECT_EQ(shown<Radio>(R"({"isNew":null})"), fresh);
     for (const char* value : {"1", "\"true\"", "[]", "{}"}) {
-        EXPECT_EQ(failureOf<Radio>("{\"isNew\":" + std::string(value) + "}"), R"(typeMismatch ["isNew"])") << value;
+        EXPECT_EQ(failureOf<Radio>("{\"isNew\":" + std::string(value) + "}"), R"(typeMismatch ["isNew"])")
+            << value;
     }
 }
 
@@ -149,9 +157,11 @@ TEST(AStrictRowInALenientObject, FailsTheEntityOnceTheObjectIsOpen) {
 }
 
 TEST(ADerivedRow, RunsAfterAllRowsForEveryValue) {
-    EXPECT_EQ(shown<std::vector<Radio>>(R"([{"label":"a","name":"n"},{"label":1,"owner":"o"},{"name":"m"}])").find("[["),
+    EXPECT_EQ(shown<std::vector<Radio>>(R"([{"label":"a","name":"n"},{"label":1,"owner":"o"},{"name":"m"}])")
+                  .find("[["),
               std::string::npos);
-    const std::string two = shown<std::vector<Radio>>(R"([{"label":"a","name":"n"},{"label":1,"owner":"o"}])");
+    const std::string two =
+        shown<std::vector<Radio>>(R"([{"label":"a","name":"n"},{"label":1,"owner":"o"}])");
     EXPECT_NE(two.find(R"("summary":"n/nobody","label":"[a]")"), std::string::npos) << two;
     EXPECT_NE(two.find(R"("summary":"untitled/o","label":"[]")"), std::string::npos) << two;
 }
@@ -202,10 +212,12 @@ TEST(AReader, OfADateReadsItInTheZoneOfTheDevice) {
     const std::string document = R"({"id":"i","strict":"calm","start":"2020-01-02 03:04:05"})";
     {
         const test::TemporaryZone utc("UTC0");
-        EXPECT_EQ(shown<Clock>(document), R"({"start":"2020-01-02T03:04:05Z","id":"i","strict":"calm","perhaps":null})");
+        EXPECT_EQ(shown<Clock>(document),
+                  R"({"start":"2020-01-02T03:04:05Z","id":"i","strict":"calm","perhaps":null})");
     }
     const test::TemporaryZone east("EST-10");
-    EXPECT_EQ(shown<Clock>(document), R"({"start":"2020-01-01T17:04:05Z","id":"i","strict":"calm","perhaps":null})");
+    EXPECT_EQ(shown<Clock>(document),
+              R"({"start":"2020-01-01T17:04:05Z","id":"i","strict":"calm","perhaps":null})");
     EXPECT_EQ(shown<Clock>(R"({"id":"i","strict":"calm","start":"2020-01-02T03:04:05Z"})"),
               R"({"start":null,"id":"i","strict":"calm","perhaps":null})");
 }

@@ -14,8 +14,8 @@ namespace {
 std::string convertible(const TypePlan& type) {
     alignas(std::max_align_t) std::byte value[256] = {};
     for (const char* const text :
-         {"2020-01-02 03:04:05", "2020-01-02T03:04:05Z", "2020-01-02T03:04:05.250+0000", "episode", "live", "light",
-          "program", "standard", "ONAIR", "lumeno", "watchlist", "audio"}) {
+         {"2020-01-02 03:04:05", "2020-01-02T03:04:05Z", "2020-01-02T03:04:05.250+0000", "episode", "live",
+          "light", "program", "standard", "ONAIR", "lumeno", "watchlist", "audio"}) {
         if (type.fromText(text, value)) return quotedText(text);
     }
     return "\"?\"";

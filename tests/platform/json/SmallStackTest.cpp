@@ -13,8 +13,10 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<test::Nest>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<test::Nest>(
         required<&test::Nest::inside>("inside"));
+    // clang-format on
     return plan;
 }
 

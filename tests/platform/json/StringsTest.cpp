@@ -25,10 +25,12 @@ struct Texts {
 template <>
 const TypePlan& planOf<Texts>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Texts>(
         lenient<&Texts::before>("before"),
         required<&Texts::text>("text"),
         lenient<&Texts::behind>("behind"));
+    // clang-format on
     return plan;
 }
 
@@ -40,7 +42,8 @@ using test::failureOf;
 std::vector<std::size_t> sizesAroundBlocks() {
     std::vector<std::size_t> sizes;
     for (const std::size_t middle : {0U, 8U, 16U, 32U, 48U, 64U, 96U, 128U}) {
-        for (std::size_t size = middle < 2 ? 0 : middle - 2; size <= middle + 2; ++size) sizes.push_back(size);
+        for (std::size_t size = middle < 2 ? 0 : middle - 2; size <= middle + 2; ++size)
+            sizes.push_back(size);
     }
     return sizes;
 }
@@ -91,23 +94,24 @@ TEST(AText, IsReadWholeAtEveryLength) {
 TEST(AText, IsReadWholeWhereverItBegins) {
     for (std::size_t blanks = 0; blanks < 40; ++blanks) {
         for (const std::size_t size : {0U, 14U, 15U, 16U, 31U, 32U, 33U}) {
-            EXPECT_EQ(decoded<std::string>(std::string(blanks, ' ') + '"' + letters(size) + '"'), letters(size));
+            EXPECT_EQ(decoded<std::string>(std::string(blanks, ' ') + '"' + letters(size) + '"'),
+                      letters(size));
         }
     }
 }
 
 TEST(AText, MayHoldAnEscapeAtEveryPlace) {
     const std::vector<std::pair<std::string, std::string>> escapes = {
-        {"\\\"", "\""},       {"\\\\", "\\"},      {"\\/", "/"},
-        {"\\b", "\b"},        {"\\f", "\f"},       {"\\n", "\n"},
-        {"\\r", "\r"},        {"\\t", "\t"},       {"\\u0041", "A"},
-        {"\\u00e9", "\u00e9"}, {"\\u20AC", "\u20ac"}, {"\\ud800\\udf48", "\U00010348"},
+        {"\\\"", "\""},   {"\\\\", "\\"},        {"\\/", "/"},          {"\\b", "\b"},
+        {"\\f", "\f"},    {"\\n", "\n"},         {"\\r", "\r"},         {"\\t", "\t"},
+        {"\\u0041", "A"}, {"\\u00e9", "\u00e9"}, {"\\u20AC", "\u20ac"}, {"\\ud800\\udf48", "\U00010348"},
     };
     for (const auto& [spelled, meant] : escapes) {
         const std::string& text = meant;
-        atEveryPlace(spelled, [&text](const std::string& left, const std::string& escape, const std::string& right) {
-            expectText(left + escape + right, left + text + right);
-        });
+        atEveryPlace(spelled,
+                     [&text](const std::string& left, const std::string& escape, const std::string& right) {
+                         expectText(left + escape + right, left + text + right);
+                     });
     }
 }
 
@@ -126,8 +130,23 @@ TEST(AText, MayHoldLettersBeyondASCIIAtEveryPlace) {
 
 TEST(AText, MayNotHoldAFaultAtAnyPlace) {
     const std::vector<std::string> faults = {
-        "\\x", "\\u12g4", "\\ud800", "\\udc00", "\\ud800\\u0041", "\x01", "\x1f", "\n", std::string(1, '\0'),
-        "\xff", "\x80", "\xc0\x80", "\xc3", "\xe2\x82", "\xed\xa0\x80", "\xf0\x8f\x80\x80", "\xf4\x90\x80\x80",
+        "\\x",
+        "\\u12g4",
+        "\\ud800",
+        "\\udc00",
+        "\\ud800\\u0041",
+        "\x01",
+        "\x1f",
+        "\n",
+        std::string(1, '\0'),
+        "\xff",
+        "\x80",
+        "\xc0\x80",
+        "\xc3",
+        "\xe2\x82",
+        "\xed\xa0\x80",
+        "\xf0\x8f\x80\x80",
+        "\xf4\x90\x80\x80",
         "\xf5\x80\x80\x80",
     };
     for (const std::string& fault : faults) {

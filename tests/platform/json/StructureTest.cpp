@@ -29,6 +29,7 @@ struct Album {
 template <>
 const TypePlan& planOf<Album>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Album>(
         required<&Album::title>("title"),
         optional<&Album::price>("price"),
@@ -38,6 +39,7 @@ const TypePlan& planOf<Album>() {
         lenientObject("links",
             lenient<&Album::link>("self")),
         lenient<&Album::bonus, keepDecodable>("bonus"));
+    // clang-format on
     return plan;
 }
 
@@ -60,8 +62,10 @@ TEST(TheStructureOfADocument, LetsOneCommaThroughBeforeAClosingBracket) {
     EXPECT_EQ(shown<Texts>(R"(["a",])"), R"(["a"])");
     EXPECT_EQ(shown<Texts>("[\"a\" , \n]"), R"(["a"])");
     EXPECT_EQ(failureOf<Album>(R"({"title":"t",})"), "");
-    EXPECT_EQ(failureOf<Album>(R"({"title":"t","tags":["a",],"links":{"self":"s",},"x":[1,],"y":{"z":1,},})"), "");
-    for (const char* const json : {"[,]", "[\"a\",,]", "[,\"a\"]", "[\"a\",,\"b\"]", "[\"a\",],", "[\"a\"],"}) {
+    EXPECT_EQ(failureOf<Album>(R"({"title":"t","tags":["a",],"links":{"self":"s",},"x":[1,],"y":{"z":1,},})"),
+              "");
+    for (const char* const json :
+         {"[,]", "[\"a\",,]", "[,\"a\"]", "[\"a\",,\"b\"]", "[\"a\",],", "[\"a\"],"}) {
         EXPECT_EQ(failureOf<Texts>(json), broken) << json;
     }
     for (const char* const rest : {"{,}", "{\"a\":1,,}", "{,\"a\":1}", "[,]", "[1,,]", "[,1]"}) {
@@ -115,26 +119,49 @@ TEST(TheStructureOfADocument, HasNothingBehindItsValue) {
 }
 
 TEST(TheStructureOfADocument, SpellsItsWordsInFull) {
-    for (const char* const word : {"t", "tru", "truE", "True", "TRUE", "truex", "true1", "fals", "falsee", "nul", "nulll",
-                                   "NULL", "undefined", "nan", "yes"}) {
+    for (const char* const word : {"t", "tru", "truE", "True", "TRUE", "truex", "true1", "fals", "falsee",
+                                   "nul", "nulll", "NULL", "undefined", "nan", "yes"}) {
         EXPECT_EQ(failureOf<bool>(word), broken) << word;
         EXPECT_EQ(failureOf<std::optional<bool>>(word), broken) << word;
         for (const char* const key : {"isNew", "title", "x", "links", "bonus"}) {
-            EXPECT_EQ(failureOf<Album>("{\"title\":\"t\",\"" + std::string(key) + "\":" + word + "}"), broken) << word;
+            EXPECT_EQ(failureOf<Album>("{\"title\":\"t\",\"" + std::string(key) + "\":" + word + "}"), broken)
+                << word;
         }
     }
 }
 
 TEST(TheStructureOfADocument, IsJudgedWhereNobodyReadsToo) {
-    for (const char* const value : {"[1 2]", "[1:2]", "{\"a\"}", "{\"a\":}", "{\"a\" 1}", "{a:1}", "{'a':1}", "{\"a\":1]",
-                                    "[1}", "[", "{", "\"", "{\"a\":1 \"b\":2}", "{1:2}", "{\"a\":1,2}", "[tru]", "[+1]",
-                                    "{null:1}", "{[]:1}", "]", "}", ":", ""}) {
+    for (const char* const value : {"[1 2]",
+                                    "[1:2]",
+                                    "{\"a\"}",
+                                    "{\"a\":}",
+                                    "{\"a\" 1}",
+                                    "{a:1}",
+                                    "{'a':1}",
+                                    "{\"a\":1]",
+                                    "[1}",
+                                    "[",
+                                    "{",
+                                    "\"",
+                                    "{\"a\":1 \"b\":2}",
+                                    "{1:2}",
+                                    "{\"a\":1,2}",
+                                    "[tru]",
+                                    "[+1]",
+                                    "{null:1}",
+                                    "{[]:1}",
+                                    "]",
+                                    "}",
+                                    ":",
+                                    ""}) {
         EXPECT_EQ(failureOf<Album>(R"({"title":"t","x":)" + std::string(value) + "}"), broken) << value;
         EXPECT_EQ(failureOf<Album>(R"({"title":"t","title":)" + std::string(value) + "}"), broken) << value;
         EXPECT_EQ(failureOf<Album>(R"({"title":"t","isNew":)" + std::string(value) + "}"), broken) << value;
         // Broken is broken, also where a row has failed before.
         EXPECT_EQ(failureOf<Album>(R"({"title":1,"x":)" + std::string(value) + "}"), broken) << value;
-        EXPECT_EQ(failureOf<Texts>("[1," + std::string(value) + "]"), *value == '\0' ? "typeMismatch [0]" : broken) << value;
+        EXPECT_EQ(failureOf<Texts>("[1," + std::string(value) + "]"),
+                  *value == '\0' ? "typeMismatch [0]" : broken)
+            << value;
     }
 }
 
@@ -154,7 +181,9 @@ std::string repeated(const std::string& text, std::size_t times) {
 }
 
 TEST(TheStructureOfADocument, MayBeFiveHundredAndTwelveLevelsDeepAndNoMore) {
-    const auto arrays = [](std::size_t levels) { return std::string(levels, '[') + std::string(levels, ']'); };
+    const auto arrays = [](std::size_t levels) {
+        return std::string(levels, '[') + std::string(levels, ']');
+    };
     const auto objects = [](std::size_t levels) {
         return repeated("{\"a\":", levels - 1) + "{}" + std::string(levels - 1, '}');
     };
@@ -177,7 +206,8 @@ TEST(TheStructureOfADocument, MayBeFiveHundredAndTwelveLevelsDeepAndNoMore) {
     };
     EXPECT_EQ(shown<Nest>(nests(256, "")), nests(256, ""));
     EXPECT_EQ(failureOf<Nest>(nests(256, "{\"inside\":[]}")), broken);
-    EXPECT_EQ(failureOf<std::vector<Nest>>("[" + nests(255, "{\"inside\":7}") + "]").substr(0, 15), "typeMismatch [0");
+    EXPECT_EQ(failureOf<std::vector<Nest>>("[" + nests(255, "{\"inside\":7}") + "]").substr(0, 15),
+              "typeMismatch [0");
     EXPECT_EQ(failureOf<std::vector<Nest>>("[" + nests(255, "{\"inside\":[]}") + "]"), broken);
 }
 

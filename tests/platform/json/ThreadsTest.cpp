@@ -38,35 +38,43 @@ struct Bush {
 template <>
 const TypePlan& planOf<Leaf>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Leaf>(
         required<&Leaf::name>("name"),
         lenient<&Leaf::size>("size"));
+    // clang-format on
     return plan;
 }
 template <>
 const TypePlan& planOf<Branch>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Branch>(
         lenient<&Branch::leaves>("leaves"),
         lenient<&Branch::branches>("branches"));
+    // clang-format on
     return plan;
 }
 template <>
 const TypePlan& planOf<Tree>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Tree>(
         lenient<&Tree::crown>("crown"),
         lenient<&Tree::branches, keepDecodable>("branches"),
         lenientObject("at",
             lenient<&Tree::place>("place")));
+    // clang-format on
     return plan;
 }
 template <>
 const TypePlan& planOf<Bush>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Bush>(
         lenient<&Bush::leaves>("leaves"),
         required<&Bush::root>("root"));
+    // clang-format on
     return plan;
 }
 
@@ -89,17 +97,19 @@ void together(Task task) {
 }
 
 TEST(ThreadsThatDecodeTogether, MakeThePlansOfATypeOnce) {
-    const Data document(R"({"crown":{"name":"c","size":3},"at":{"place":"p"},"branches":[{"leaves":[{"name":"a"}]},1,)"
-                        R"({"branches":[{"leaves":[{"name":"b","size":1}]}]}]})");
+    const Data document(
+        R"({"crown":{"name":"c","size":3},"at":{"place":"p"},"branches":[{"leaves":[{"name":"a"}]},1,)"
+        R"({"branches":[{"leaves":[{"name":"b","size":1}]}]}]})");
     std::vector<std::string> values(threadCount);
     together([&](int i) {
         const test::Outcome outcome = test::decodeByBoth(test::decodable<Tree>, document);
         values[static_cast<std::size_t>(i)] = outcome.difference + outcome.failure + outcome.value;
     });
     for (const std::string& value : values) {
-        EXPECT_EQ(value,
-                  R"({"crown":{"name":"c","size":3},"branches":[{"leaves":[{"name":"a","size":null}],"branches":[]},)"
-                  R"({"leaves":[],"branches":[{"leaves":[{"name":"b","size":1}],"branches":[]}]}],"place":"p"})");
+        EXPECT_EQ(
+            value,
+            R"({"crown":{"name":"c","size":3},"branches":[{"leaves":[{"name":"a","size":null}],"branches":[]},)"
+            R"({"leaves":[],"branches":[{"leaves":[{"name":"b","size":1}],"branches":[]}]}],"place":"p"})");
     }
 }
 
@@ -113,8 +123,9 @@ TEST(ThreadsThatDecodeTogether, DoNotDisturbEachOther) {
                             (i % 2 == 0 ? "\"name\":\"" + name + "\"" : "\"name\":1") + "}}");
         for (int round = 0; round < 500; ++round) {
             const Result<Bush, Error> bush = decoder.decode<Bush>(document);
-            const bool isRight = i % 2 == 0 ? bush.has_value() && bush->leaves.at(0).name == name && bush->root.name == name
-                                            : !bush.has_value();
+            const bool isRight =
+                i % 2 == 0 ? bush.has_value() && bush->leaves.at(0).name == name && bush->root.name == name
+                           : !bush.has_value();
             failures[static_cast<std::size_t>(i)] += isRight ? 0 : 1;
         }
     });

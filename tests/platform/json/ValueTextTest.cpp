@@ -29,18 +29,22 @@ struct Notebook {
 template <>
 const VanticRestKit::TypePlan& VanticRestKit::planOf<Note>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Note>(
         lenient<&Note::at, deviceDate>("at"),
         lenient<&Note::texts>("texts"),
         lenient<&Note::more>("more"));
+    // clang-format on
     return plan;
 }
 
 template <>
 const VanticRestKit::TypePlan& VanticRestKit::planOf<Notebook>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Notebook>(
         lenient<&Notebook::notes>("notes"));
+    // clang-format on
     return plan;
 }
 
@@ -100,7 +104,8 @@ TEST(ValueText, WritesANumberAsItsShortestTextAndAWholeOneWithoutAFraction) {
 
 TEST(ValueText, WritesAFreeFormDictionaryWithItsKeysSorted) {
     const Note note{.more = {{"c", true}, {"a", std::int64_t{-3}}, {"b", "x\"y"}, {"d", 2.5}, {"e", false}}};
-    EXPECT_EQ(valueText(note), R"({"at":null,"texts":[],"more":{"a":-3,"b":"x\"y","c":true,"d":2.5,"e":false}})");
+    EXPECT_EQ(valueText(note),
+              R"({"at":null,"texts":[],"more":{"a":-3,"b":"x\"y","c":true,"d":2.5,"e":false}})");
 }
 
 TEST(ValueText, IndentsByTwoBlanksALevelAndLeavesWhatIsEmptyOnItsLine) {

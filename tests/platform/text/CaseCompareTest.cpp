@@ -9,7 +9,8 @@ namespace {
 
 TEST(SameIgnoringCase, ComparesAsThePlatformDoes) {
     for (const nlohmann::json& line : test::vectors("case_compare.jsonl")) {
-        const bool same = sameIgnoringCase(line["in"]["a"].get<std::string>(), line["in"]["b"].get<std::string>());
+        const bool same =
+            sameIgnoringCase(line["in"]["a"].get<std::string>(), line["in"]["b"].get<std::string>());
         if (test::isFree(line)) continue;
         EXPECT_EQ(same, line["out"].get<bool>()) << line["in"];
     }

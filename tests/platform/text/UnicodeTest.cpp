@@ -29,7 +29,8 @@ TEST(Utf8, RefusesWhatBeginsWithAByteThatBeginsNothing) {
     for (int first = 0x80; first < 0x100; ++first) {
         if (first >= 0xC0 && first < 0xF8) continue;
         for (const char* others : {"\x80\x80\x80", "\x90\x80\x80", "\xBF\xBF\xBF"}) {
-            const std::string text = static_cast<char>(static_cast<unsigned char>(first)) + std::string(others);
+            const std::string text =
+                static_cast<char>(static_cast<unsigned char>(first)) + std::string(others);
             EXPECT_EQ(firstCharacter(text).length, 0u) << first;
         }
     }

@@ -1,5 +1,7 @@
 #include "catalogue/Tables.h"
 
+// clang-format off: a table, a line or two for each row
+
 namespace sample {
 
 const std::vector<Avatar>& avatars() {

@@ -7,6 +7,7 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<Category>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Category>(
         lenient<&Category::id>("id"),
         required<&Category::title>("title"),
@@ -22,6 +23,7 @@ const TypePlan& planOf<Category>() {
                 required<&Category::selfHref>("href")),
             lenientObject("alert",
                 lenient<&Category::alertId>("id"))));
+    // clang-format on
     return plan;
 }
 

@@ -7,12 +7,14 @@
 
 namespace VanticRestKit {
 
-std::optional<VanticRestKit::Resource<VanticRestKit::Category>> Endpoint::Category(CategoryArguments arguments, const Context& context) {
+std::optional<VanticRestKit::Resource<VanticRestKit::Category>> Endpoint::Category(
+    CategoryArguments arguments, const Context& context) {
     const CategoryURI route({.for_ = std::move(arguments.category)});
     return VanticRestKit::Resource<VanticRestKit::Category>::make({.with = route}, context);
 }
 
-std::optional<VanticRestKit::Resource<VanticRestKit::Category>> Endpoint::Channel(ChannelArguments arguments, const Context& context) {
+std::optional<VanticRestKit::Resource<VanticRestKit::Category>> Endpoint::Channel(ChannelArguments arguments,
+                                                                                  const Context& context) {
     const ChannelURI route({.for_ = std::move(arguments.channel)});
     return VanticRestKit::Resource<VanticRestKit::Category>::make({.with = route}, context);
 }

@@ -24,20 +24,21 @@ class VRK_EXPORT CollectionItem {
 public:
     /// Holds a copy of `entity`.
     template <class Entity>
-        requires isCollectionItem<Entity>
-    CollectionItem(Entity entity)
-        : table_(&collectionItemTable<Entity>()), entity_(std::make_shared<const Entity>(std::move(entity))) {}
+    requires isCollectionItem<Entity> CollectionItem(Entity entity)
+        : table_(&collectionItemTable<Entity>()),
+          entity_(std::make_shared<const Entity>(std::move(entity))) {}
 
     /// Takes over `entity`, which is not null, where it lies.
     template <class Entity>
-        requires isCollectionItem<Entity>
+    requires isCollectionItem<Entity>
     static CollectionItem owning(std::unique_ptr<Entity> entity) {
-        return CollectionItem(collectionItemTable<Entity>(), std::shared_ptr<const Entity>(std::move(entity)));
+        return CollectionItem(collectionItemTable<Entity>(),
+                              std::shared_ptr<const Entity>(std::move(entity)));
     }
 
     /// The entity, or null where this is one of another type. Lives as long as this item or a copy of it.
     template <class Entity>
-        requires isCollectionItem<Entity>
+    requires isCollectionItem<Entity>
     const Entity* as() const noexcept {
         return table_ == &collectionItemTable<Entity>() ? static_cast<const Entity*>(entity_.get()) : nullptr;
     }
@@ -55,7 +56,9 @@ public:
     Text showTitle() const { return get<CollectionItemMember::showTitle>(); }
     Number showId() const { return get<CollectionItemMember::showId>(); }
     /// What a play button is to play.
-    std::optional<DirectPlayableVideo> playableVideo() const { return get<CollectionItemMember::playableVideo>(); }
+    std::optional<DirectPlayableVideo> playableVideo() const {
+        return get<CollectionItemMember::playableVideo>();
+    }
     std::optional<LumenoSubtype> subtype() const { return get<CollectionItemMember::subtype>(); }
     /// The badge to show on the item.
     std::optional<Status> status() const { return get<CollectionItemMember::status>(); }

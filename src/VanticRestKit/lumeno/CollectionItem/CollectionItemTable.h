@@ -190,7 +190,8 @@ inline void aMemberWithoutDefaultIsMissing() {}
 
 template <std::size_t... Is>
 constexpr bool allNeededAreIn(const CollectionItemTable& table, std::index_sequence<Is...>) {
-    return ((!RuleOf<static_cast<CollectionItemMember>(Is)>::isNeeded || table.getters[Is] != nullptr) && ...);
+    return ((!RuleOf<static_cast<CollectionItemMember>(Is)>::isNeeded || table.getters[Is] != nullptr) &&
+            ...);
 }
 
 }  // namespace detail

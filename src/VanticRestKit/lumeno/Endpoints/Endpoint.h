@@ -178,8 +178,8 @@ struct VRK_EXPORT Endpoint {
         Required<std::string> channels;
     };
     /// The main menu. `channels` is sent as it stands.
-    static std::optional<VanticRestKit::Resource<VanticRestKit::NavigationMainMenuList>> NavigationMainMenuList(
-        NavigationMainMenuListArguments arguments, const VanticRestKit::Context& context);
+    static std::optional<VanticRestKit::Resource<VanticRestKit::NavigationMainMenuList>>
+    NavigationMainMenuList(NavigationMainMenuListArguments arguments, const VanticRestKit::Context& context);
 
     /// The browse index.
     static std::optional<VanticRestKit::Resource<VanticRestKit::BrowseList>> Browse(

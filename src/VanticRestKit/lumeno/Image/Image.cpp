@@ -7,6 +7,7 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<Image>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Image>(
         lenient<&Image::id, decimalOrText>("id"),
         lenient<&Image::url>("url"),
@@ -17,6 +18,7 @@ const TypePlan& planOf<Image>() {
         lenient<&Image::width>("width"),
         lenient<&Image::height>("height"),
         lenient<&Image::altText>("altText"));
+    // clang-format on
     return plan;
 }
 

@@ -7,6 +7,7 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<Message>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Message>(
         lenient<&Message::messageId>("id"),
         lenient<&Message::title>("title"),
@@ -14,6 +15,7 @@ const TypePlan& planOf<Message>() {
         lenient<&Message::interval>("interval"),
         lenient<&Message::message>("message"),
         lenient<&Message::links>("links"));
+    // clang-format on
     return plan;
 }
 

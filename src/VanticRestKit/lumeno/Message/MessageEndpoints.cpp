@@ -5,7 +5,8 @@
 
 namespace VanticRestKit {
 
-std::optional<VanticRestKit::Resource<std::vector<VanticRestKit::Message>>> Endpoint::Messages(MessagesArguments arguments, const Context& context) {
+std::optional<VanticRestKit::Resource<std::vector<VanticRestKit::Message>>> Endpoint::Messages(
+    MessagesArguments arguments, const Context& context) {
     const MessagesURI route{.appId = arguments.appId.value(), .loggedIn = arguments.loggedIn.value()};
     return VanticRestKit::Resource<std::vector<VanticRestKit::Message>>::make({.with = route}, context);
 }

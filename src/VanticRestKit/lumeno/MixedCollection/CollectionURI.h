@@ -20,7 +20,8 @@ struct CollectionURI {
     };
     /// `CollectionURI({.with = "12", .embedHighlightItem = true})`
     explicit CollectionURI(Arguments arguments)
-        : collectionId(std::move(arguments.with).value()), embedHighlightItem(arguments.embedHighlightItem.value()) {}
+        : collectionId(std::move(arguments.with).value()),
+          embedHighlightItem(arguments.embedHighlightItem.value()) {}
 
     std::string collectionId;
     bool embedHighlightItem;

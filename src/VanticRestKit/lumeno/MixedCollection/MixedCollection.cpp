@@ -8,6 +8,7 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<MixedCollection>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<MixedCollection>(
         lenient<&MixedCollection::collectionId, decimalOrText>("id"),
         lenient<&MixedCollection::type, fromRaw<MixedCollectionType>>("type"),
@@ -24,6 +25,7 @@ const TypePlan& planOf<MixedCollection>() {
                 lenient<&MixedCollection::alertId>("id"))),
         lenientObject("_embedded",
             lenient<&MixedCollection::highlightItem, oneOf<Show, Video>>("highlightItem")));
+    // clang-format on
     return plan;
 }
 

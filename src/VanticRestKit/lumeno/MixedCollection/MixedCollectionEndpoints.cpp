@@ -5,7 +5,8 @@
 
 namespace VanticRestKit {
 
-std::optional<VanticRestKit::Resource<VanticRestKit::MixedCollection>> Endpoint::Collection(CollectionArguments arguments, const Context& context) {
+std::optional<VanticRestKit::Resource<VanticRestKit::MixedCollection>> Endpoint::Collection(
+    CollectionArguments arguments, const Context& context) {
     const CollectionURI route({.with = std::move(arguments.collectionId),
                                .embedHighlightItem = std::move(arguments.embedHighlightItem)});
     return VanticRestKit::Resource<VanticRestKit::MixedCollection>::make({.with = route}, context);

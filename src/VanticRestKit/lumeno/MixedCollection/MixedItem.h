@@ -21,9 +21,9 @@ public:
     MixedItem(CollectionItem item) : item_(std::move(item)) {}
     /// Holds a copy of `value`. A whole list is no element: in braces it would become the only one of another list.
     template <class T>
-        requires(!std::is_same_v<T, MixedItem> && !std::is_same_v<T, CollectionItem> &&
-                 !std::is_same_v<T, std::vector<MixedItem>> && std::is_copy_constructible_v<T>)
-    MixedItem(T value) {
+    requires(!std::is_same_v<T, MixedItem> && !std::is_same_v<T, CollectionItem> &&
+             !std::is_same_v<T, std::vector<MixedItem>> && std::is_copy_constructible_v<T>)
+        MixedItem(T value) {
         if constexpr (isCollectionItem<T>) {
             item_.emplace(std::move(value));
         } else {
@@ -33,7 +33,7 @@ public:
 
     /// Takes over `entity`, which is not null, where it lies.
     template <class Entity>
-        requires isCollectionItem<Entity>
+    requires isCollectionItem<Entity>
     static MixedItem owning(std::unique_ptr<Entity> entity) {
         return CollectionItem::owning(std::move(entity));
     }

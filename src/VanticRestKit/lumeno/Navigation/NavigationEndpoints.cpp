@@ -9,12 +9,14 @@
 
 namespace VanticRestKit {
 
-std::optional<VanticRestKit::Resource<VanticRestKit::NavigationList>> Endpoint::Navigation(NavigationArguments arguments, const Context& context) {
+std::optional<VanticRestKit::Resource<VanticRestKit::NavigationList>> Endpoint::Navigation(
+    NavigationArguments arguments, const Context& context) {
     const NavigationURI route{.navigationType = arguments.type.value()};
     return VanticRestKit::Resource<VanticRestKit::NavigationList>::make({.with = route}, context);
 }
 
-std::optional<VanticRestKit::Resource<VanticRestKit::NavigationMainMenuList>> Endpoint::NavigationMainMenuList(NavigationMainMenuListArguments arguments, const Context& context) {
+std::optional<VanticRestKit::Resource<VanticRestKit::NavigationMainMenuList>>
+Endpoint::NavigationMainMenuList(NavigationMainMenuListArguments arguments, const Context& context) {
     const NavigationMainMenuItemURI route({.channels = std::move(arguments.channels)});
     return VanticRestKit::Resource<VanticRestKit::NavigationMainMenuList>::make({.with = route}, context);
 }

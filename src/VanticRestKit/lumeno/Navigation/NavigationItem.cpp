@@ -7,6 +7,7 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<NavigationItem>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<NavigationItem>(
         lenient<&NavigationItem::id>("id"),
         lenient<&NavigationItem::title>("title"),
@@ -18,6 +19,7 @@ const TypePlan& planOf<NavigationItem>() {
         requiredObject("_links",
             requiredObject("self",
                 required<&NavigationItem::selfHref>("href"))));
+    // clang-format on
     return plan;
 }
 

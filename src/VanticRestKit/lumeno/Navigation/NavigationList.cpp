@@ -7,11 +7,13 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<NavigationList>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<NavigationList>(
         lenient<&NavigationList::items>("items"),
         requiredObject("_links",
             requiredObject("self",
                 required<&NavigationList::selfHref>("href"))));
+    // clang-format on
     return plan;
 }
 

@@ -7,6 +7,7 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<NavigationMainMenuItem>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<NavigationMainMenuItem>(
         required<&NavigationMainMenuItem::id>("id"),
         optional<&NavigationMainMenuItem::title>("title"),
@@ -15,6 +16,7 @@ const TypePlan& planOf<NavigationMainMenuItem>() {
         optional<&NavigationMainMenuItem::path>("path"),
         optional<&NavigationMainMenuItem::items>("items"),
         optional<&NavigationMainMenuItem::images>("images"));
+    // clang-format on
     return plan;
 }
 

@@ -7,10 +7,12 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<NavigationMainMenuItemImage>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<NavigationMainMenuItemImage>(
         required<&NavigationMainMenuItemImage::id>("id"),
         required<&NavigationMainMenuItemImage::url>("url"),
         required<&NavigationMainMenuItemImage::accessibilityText>("accessibilityText"));
+    // clang-format on
     return plan;
 }
 

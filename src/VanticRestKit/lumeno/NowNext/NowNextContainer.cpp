@@ -7,6 +7,7 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<NowNextContainer>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<NowNextContainer>(
         required<&NowNextContainer::houseNumber>("houseNumber"),
         required<&NowNextContainer::displayTitle>("displayTitle"),
@@ -20,6 +21,7 @@ const TypePlan& planOf<NowNextContainer>() {
         lenient<&NowNextContainer::classification>("classification"),
         required<&NowNextContainer::eventType>("eventType"),
         required<&NowNextContainer::entity>("_entity"));
+    // clang-format on
     return plan;
 }
 

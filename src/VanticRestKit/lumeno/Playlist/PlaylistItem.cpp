@@ -7,6 +7,7 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<PlaylistItem>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<PlaylistItem>(
         required<&PlaylistItem::type>("type"),
         required<&PlaylistItem::streams>("streams"),
@@ -14,6 +15,7 @@ const TypePlan& planOf<PlaylistItem>() {
         lenientObject("captions",
             lenient<&PlaylistItem::captionsSrcVtt>("src-vtt")),
         lenient<&PlaylistItem::warning>("warning"));
+    // clang-format on
     return plan;
 }
 

@@ -7,12 +7,14 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<StreamInfo>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<StreamInfo>(
         lenient<&StreamInfo::sd>("sd"),
         lenient<&StreamInfo::sdLow>("sd-low"),
         lenient<&StreamInfo::hd720>("720"),
         lenient<&StreamInfo::hd1080>("1080"),
         lenient<&StreamInfo::protected_>("protected"));
+    // clang-format on
     return plan;
 }
 

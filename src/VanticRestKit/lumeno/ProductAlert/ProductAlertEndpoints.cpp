@@ -5,7 +5,8 @@
 
 namespace VanticRestKit {
 
-std::optional<VanticRestKit::Resource<VanticRestKit::ProductAlert>> Endpoint::ProductAlert(ProductAlertArguments arguments, const Context& context) {
+std::optional<VanticRestKit::Resource<VanticRestKit::ProductAlert>> Endpoint::ProductAlert(
+    ProductAlertArguments arguments, const Context& context) {
     const ProductAlertURI route({.with = std::move(arguments.alertId)});
     return VanticRestKit::Resource<VanticRestKit::ProductAlert>::make({.with = route}, context);
 }

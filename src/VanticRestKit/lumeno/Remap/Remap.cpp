@@ -7,6 +7,7 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<Remap>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Remap>(
         defaulted<&Remap::status>("status"),
         requiredObject("_links",
@@ -14,6 +15,7 @@ const TypePlan& planOf<Remap>() {
                 defaulted<&Remap::deeplinkHref>("href")),
             requiredObject("api",
                 defaulted<&Remap::apiHref>("href"))));
+    // clang-format on
     return plan;
 }
 

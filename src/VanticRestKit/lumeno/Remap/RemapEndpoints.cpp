@@ -5,7 +5,8 @@
 
 namespace VanticRestKit {
 
-std::optional<VanticRestKit::Resource<VanticRestKit::Remap>> Endpoint::Remap(RemapArguments arguments, const Context& context) {
+std::optional<VanticRestKit::Resource<VanticRestKit::Remap>> Endpoint::Remap(RemapArguments arguments,
+                                                                             const Context& context) {
     const RemapURI route({.path = std::move(arguments.path), .queryItems = std::move(arguments.queryItems)});
     return VanticRestKit::Resource<VanticRestKit::Remap>::make({.with = route}, context);
 }

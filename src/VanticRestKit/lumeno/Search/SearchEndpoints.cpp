@@ -7,13 +7,15 @@
 
 namespace VanticRestKit {
 
-std::optional<VanticRestKit::Resource<VanticRestKit::RelatedShowList>> Endpoint::RelatedShows(RelatedShowsArguments arguments, const Context& context) {
+std::optional<VanticRestKit::Resource<VanticRestKit::RelatedShowList>> Endpoint::RelatedShows(
+    RelatedShowsArguments arguments, const Context& context) {
     const RelatedShowsURI route{.showSlug = std::move(arguments.showSlug).value(),
                                 .channel = std::move(arguments.channel).value()};
     return VanticRestKit::Resource<VanticRestKit::RelatedShowList>::make({.with = route}, context);
 }
 
-std::optional<VanticRestKit::Resource<VanticRestKit::SearchResults>> Endpoint::Search(SearchArguments arguments, const Context& context) {
+std::optional<VanticRestKit::Resource<VanticRestKit::SearchResults>> Endpoint::Search(
+    SearchArguments arguments, const Context& context) {
     const SearchURI route({.for_ = std::move(arguments.keyword), .channel = std::move(arguments.channel)});
     return VanticRestKit::Resource<VanticRestKit::SearchResults>::make({.with = route}, context);
 }

@@ -7,6 +7,7 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<Series>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Series>(
         required<&Series::seriesId>("id"),
         lenient<&Series::title>("title"),
@@ -37,12 +38,14 @@ const TypePlan& planOf<Series>() {
             lenient<&Series::episodes>("videoEpisodes"),
             lenient<&Series::extras>("videoExtras"),
             lenient<&Series::highlightVideo>("highlightVideo")));
+    // clang-format on
     return plan;
 }
 
 template <>
 const CollectionItemTable& collectionItemTable<Series>() {
     using enum CollectionItemMember;
+    // clang-format off
     static constexpr CollectionItemTable table = collectionItem<Series>(
         own<selfHref, &Series::selfHref>(),
         own<deeplinkHref, &Series::deeplinkHref>(),
@@ -62,6 +65,7 @@ const CollectionItemTable& collectionItemTable<Series>() {
         own<channel, &Series::channel>(),
         own<channelTitle, &Series::channelTitle>(),
         own<derivedShowSlug, &Series::derivedShowSlug>());
+    // clang-format on
     return table;
 }
 

@@ -5,7 +5,8 @@
 
 namespace VanticRestKit {
 
-std::optional<VanticRestKit::Resource<VanticRestKit::Series>> Endpoint::Series(SeriesArguments arguments, const Context& context) {
+std::optional<VanticRestKit::Resource<VanticRestKit::Series>> Endpoint::Series(SeriesArguments arguments,
+                                                                               const Context& context) {
     const lumenoHrefURI route({.withHref = std::move(arguments.usingHref)});
     return VanticRestKit::Resource<VanticRestKit::Series>::make({.with = route}, context);
 }

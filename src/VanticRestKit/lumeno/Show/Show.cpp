@@ -7,6 +7,7 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<Show>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Show>(
         entity<Show>("show"),
         lenient<&Show::subtype, fromRaw<LumenoSubtype>>("type"),
@@ -64,12 +65,14 @@ const TypePlan& planOf<Show>() {
             lenientObject("blockout",
                 lenient<&Show::blockedTitle>("title"),
                 lenient<&Show::blockedMessage>("message"))));
+    // clang-format on
     return plan;
 }
 
 template <>
 const CollectionItemTable& collectionItemTable<Show>() {
     using enum CollectionItemMember;
+    // clang-format off
     static constexpr CollectionItemTable table = collectionItem<Show>(
         own<selfHref, &Show::selfHref>(),
         own<deeplinkHref, &Show::deeplinkHref>(),
@@ -102,6 +105,7 @@ const CollectionItemTable& collectionItemTable<Show>() {
         own<channel, &Show::channel>(),
         own<channelTitle, &Show::channelTitle>(),
         own<derivedShowSlug, &Show::derivedShowSlug>());
+    // clang-format on
     return table;
 }
 

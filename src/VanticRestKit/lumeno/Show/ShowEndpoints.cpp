@@ -9,7 +9,8 @@
 
 namespace VanticRestKit {
 
-std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Endpoint::Show(ShowArguments arguments, const Context& context) {
+std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Endpoint::Show(ShowArguments arguments,
+                                                                           const Context& context) {
     const ShowURI route({.showSlugOrId = std::move(arguments.showSlugOrId),
                          .series = std::move(arguments.selectedSeries),
                          .videoHouseNumber = std::move(arguments.selectedVideo),
@@ -18,17 +19,20 @@ std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Endpoint::Show(ShowA
     return VanticRestKit::Resource<VanticRestKit::Show>::make({.with = route}, context);
 }
 
-std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Endpoint::Show(ShowHrefArguments arguments, const Context& context) {
+std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Endpoint::Show(ShowHrefArguments arguments,
+                                                                           const Context& context) {
     const lumenoHrefURI route({.withHref = std::move(arguments.usingHref)});
     return VanticRestKit::Resource<VanticRestKit::Show>::make({.with = route}, context);
 }
 
-std::optional<VanticRestKit::Resource<std::vector<VanticRestKit::Show>>> Endpoint::Shows(ShowsArguments arguments, const Context& context) {
+std::optional<VanticRestKit::Resource<std::vector<VanticRestKit::Show>>> Endpoint::Shows(
+    ShowsArguments arguments, const Context& context) {
     const ShowsURI route{.showSlugsOrIds = std::move(arguments.showSlugsOrIds).value()};
     return VanticRestKit::Resource<std::vector<VanticRestKit::Show>>::make({.with = route}, context);
 }
 
-std::optional<VanticRestKit::Resource<VanticRestKit::ShowsIndex>> Endpoint::ShowsList(ShowsListArguments arguments, const Context& context) {
+std::optional<VanticRestKit::Resource<VanticRestKit::ShowsIndex>> Endpoint::ShowsList(
+    ShowsListArguments arguments, const Context& context) {
     const ShowsIndexURI route({.closedCaptionOnly = std::move(arguments.closedCaptionOnly),
                                .channel = std::move(arguments.channel)});
     return VanticRestKit::Resource<VanticRestKit::ShowsIndex>::make({.with = route}, context);

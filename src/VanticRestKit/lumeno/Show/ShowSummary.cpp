@@ -12,6 +12,7 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<ShowSummary>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<ShowSummary>(
         computed<&ShowSummary::id>(),
         computed<&ShowSummary::title>(),
@@ -22,6 +23,7 @@ const TypePlan& planOf<ShowSummary>() {
         computed<&ShowSummary::portraitThumbnailHref>(),
         computed<&ShowSummary::characterThumbnaiHref>(),
         computed<&ShowSummary::derivedShowSlug>());
+    // clang-format on
     return plan;
 }
 
@@ -43,8 +45,7 @@ std::optional<ShowSummary> detail::summaryOf(const Show& show) {
 Result<ShowSummary, lumenoSDKError> ShowSummary::make(const Arguments& arguments) {
     std::optional<ShowSummary> summary = detail::summaryOf(arguments.fromShow);
     if (!summary) {
-        return Failure(
-            lumenoSDKError::initializationError("Missing itemID, href, updated or thumbnailHref"));
+        return Failure(lumenoSDKError::initializationError("Missing itemID, href, updated or thumbnailHref"));
     }
     return *std::move(summary);
 }

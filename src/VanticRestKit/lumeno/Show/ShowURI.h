@@ -49,7 +49,8 @@ struct ShowURI {
     std::vector<URLQueryItem> queryItems() const {
         std::vector<URLQueryItem> items;
         if (channel && !channel->empty()) items.push_back({"channel", channel});
-        items.push_back({"embed", embedSeries ? "highlightVideo,selectedSeries,seriesList" : "highlightVideo"});
+        items.push_back(
+            {"embed", embedSeries ? "highlightVideo,selectedSeries,seriesList" : "highlightVideo"});
         return items;
     }
 

@@ -24,10 +24,12 @@ void summarise(ShowsGrouped& group) {
 template <>
 const TypePlan& planOf<ShowsGrouped>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<ShowsGrouped>(
         required<&ShowsGrouped::groupingName>("name"),
         required<&ShowsGrouped::shows>("items"),
         derived<&ShowsGrouped::showSummaries, summarise>());
+    // clang-format on
     return plan;
 }
 

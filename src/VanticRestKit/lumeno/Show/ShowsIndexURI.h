@@ -22,7 +22,8 @@ struct ShowsIndexURI {
     };
     /// `ShowsIndexURI({.closedCaptionOnly = true, .channel = std::nullopt})`
     explicit ShowsIndexURI(Arguments arguments)
-        : channel(std::move(arguments.channel).value()), closedCaptionOnly(arguments.closedCaptionOnly.value()) {}
+        : channel(std::move(arguments.channel).value()),
+          closedCaptionOnly(arguments.closedCaptionOnly.value()) {}
 
     std::optional<std::string> channel;
     bool closedCaptionOnly;

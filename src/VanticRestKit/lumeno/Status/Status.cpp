@@ -7,9 +7,11 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<Status>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Status>(
         required<&Status::title>("title"),
         required<&Status::theme, fromRawOr<StatusTheme::default_>>("theme"));
+    // clang-format on
     return plan;
 }
 

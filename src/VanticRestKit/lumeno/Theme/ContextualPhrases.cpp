@@ -8,6 +8,7 @@ template <>
 const TypePlan& planOf<ContextualPhrases>() {
     using namespace mapping;
     using Phrases = ContextualPhrases;
+    // clang-format off
     static const TypePlan& plan = object<Phrases>(
         optional<&Phrases::channel>("channel"),
         optional<&Phrases::genre>("genre"),
@@ -17,6 +18,7 @@ const TypePlan& planOf<ContextualPhrases>() {
         optional<&Phrases::audience>("audience"),
         optional<&Phrases::need>("need"),
         optional<&Phrases::other>("other"));
+    // clang-format on
     return plan;
 }
 

@@ -18,6 +18,7 @@ void pointAtItself(Video& video) {
 template <>
 const TypePlan& planOf<Video>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<Video>(
         entity<Video>("video"),
         lenient<&Video::subtype, fromRaw<LumenoSubtype>>("type"),
@@ -82,12 +83,14 @@ const TypePlan& planOf<Video>() {
             derived<&Video::playableVideo, pointAtItself>("highlightVideo")),
         lenientObject("_embedded",
             lenient<&Video::playlist>("playlist")));
+    // clang-format on
     return plan;
 }
 
 template <>
 const CollectionItemTable& collectionItemTable<Video>() {
     using enum CollectionItemMember;
+    // clang-format off
     static constexpr CollectionItemTable table = collectionItem<Video>(
         own<selfHref, &Video::selfHref>(),
         own<deeplinkHref, &Video::deeplinkHref>(),
@@ -120,6 +123,7 @@ const CollectionItemTable& collectionItemTable<Video>() {
         own<channel, &Video::channel>(),
         own<channelTitle, &Video::channelTitle>(),
         own<derivedShowSlug, &Video::derivedShowSlug>());
+    // clang-format on
     return table;
 }
 

@@ -8,6 +8,7 @@ template <>
 const TypePlan& planOf<VideoAnalytics>() {
     using namespace mapping;
     using A = VideoAnalytics;
+    // clang-format off
     static const TypePlan& plan = object<A>(
         lenientObject("oztam",
             lenient<&A::oztamPublisherId>("publisherId"),
@@ -41,6 +42,7 @@ const TypePlan& planOf<VideoAnalytics>() {
             lenient<&A::dataLayerStreamType>("d_streamType"),
             lenient<&A::dataLayerVideoType>("d_videoType"),
             lenient<&A::dataLayerTitleTitle>("d_title_title")));
+    // clang-format on
     return plan;
 }
 

@@ -7,8 +7,10 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<VideoList>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<VideoList>(
         lenient<&VideoList::videos>("items"));
+    // clang-format on
     return plan;
 }
 

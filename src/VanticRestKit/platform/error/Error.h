@@ -92,12 +92,14 @@ private:
 
     template <class T>
     struct Box final : AnyBox {
-        static_assert(!requires(T& held) { held.errorUserInfo(); } ||
-                          requires(const T& held) { held.errorUserInfo(); },
-                      "errorUserInfo() must be const");
-        static_assert(!requires(T& held) { held.generalDescription(); } ||
-                          requires(const T& held) { held.generalDescription(); },
-                      "generalDescription() must be const");
+        static_assert(
+            !requires(T & held) { held.errorUserInfo(); } ||
+                requires(const T& held) { held.errorUserInfo(); },
+            "errorUserInfo() must be const");
+        static_assert(
+            !requires(T & held) { held.generalDescription(); } ||
+                requires(const T& held) { held.generalDescription(); },
+            "generalDescription() must be const");
 
         explicit Box(T held) : error(std::move(held)) {}
         const ErrorTag& tag() const override { return T::errorTag(); }

@@ -36,6 +36,8 @@ std::shared_ptr<const HostInformation> HostInformation::current() {
     return host ? host : std::make_shared<const HostInformation>();
 }
 
-void HostInformation::supply(std::shared_ptr<const HostInformation> host) { supplied().store(std::move(host)); }
+void HostInformation::supply(std::shared_ptr<const HostInformation> host) {
+    supplied().store(std::move(host));
+}
 
 }  // namespace VanticRestKit

@@ -80,17 +80,10 @@ void Admission::leave(Applicant& applicant) {
     if (applicant.line_ == nullptr) return;
     Line& line = *applicant.line_;
     switch (applicant.state_) {
-        case Applicant::State::outside:
-            break;
-        case Applicant::State::waiting:
-            line.waiting.erase(applicant.place_);
-            break;
-        case Applicant::State::admitted:
-            --line.admitted;
-            break;
-        case Applicant::State::setAside:
-            --line.aside;
-            break;
+        case Applicant::State::outside: break;
+        case Applicant::State::waiting: line.waiting.erase(applicant.place_); break;
+        case Applicant::State::admitted: --line.admitted; break;
+        case Applicant::State::setAside: --line.aside; break;
     }
     applicant.state_ = Applicant::State::outside;
     applicant.line_ = nullptr;

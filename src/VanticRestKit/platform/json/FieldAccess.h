@@ -108,7 +108,8 @@ inline constexpr FieldOps fieldOps = {
         }
     },
     .reset = [](void* field) { *static_cast<Field*>(field) = fresh<Field>(); },
-    .copy = [](void* field, const void* from) { *static_cast<Field*>(field) = *static_cast<const Field*>(from); },
+    .copy = [](void* field,
+               const void* from) { *static_cast<Field*>(field) = *static_cast<const Field*>(from); },
     .peek = [](const void* field) -> const void* {
         if constexpr (isOptional<Field>) {
             const Field& holder = *static_cast<const Field*>(field);

@@ -26,7 +26,8 @@ public:
     /// `DecodingError` where it is of another kind. The whole document is validated. Arrays and objects may lie
     /// 512 deep; a document of any depth is safe on a small stack.
     template <class T>
-    requires(!mapping::isOnlyShown<T>) Result<T, Error> decode(const Data& document) const {
+    requires(!mapping::isOnlyShown<T>) Result<T, Error> decode(const Data& document)
+    const {
         T value = mapping::fresh<T>();
         if (decode(document, planOf<T>(), &value)) return value;
         T second = mapping::fresh<T>();

@@ -81,7 +81,8 @@ void JSONObjectWriter::write(std::string_view key, bool truth) {
 
 void JSONObjectWriter::write(std::string_view key, double number) {
     beginMember(key);
-    if (!fault_ && !std::isfinite(number)) fault_ = EncodingError(std::string(key), "The number is not finite.");
+    if (!fault_ && !std::isfinite(number))
+        fault_ = EncodingError(std::string(key), "The number is not finite.");
     text_ += numberText(number);
 }
 

@@ -74,7 +74,7 @@ public:
     ///
     /// Errors: an `EncodingError` where a number is not finite or a text is not UTF-8.
     template <class T>
-        requires requires(const T& value, JSONObjectWriter& writer) { value.encode(writer); }
+    requires requires(const T& value, JSONObjectWriter& writer) { value.encode(writer); }
     Result<Data, Error> encode(const T& value) const {
         std::string text;
         std::optional<EncodingError> fault;

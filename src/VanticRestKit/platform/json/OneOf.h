@@ -123,7 +123,7 @@ struct ChoiceOf<EachOneOfReader<Entities...>> {
 }  // namespace detail
 
 template <class T, auto Reader>
-    requires requires { detail::ChoiceOf<std::remove_cv_t<decltype(Reader)>>(); }
+requires requires { detail::ChoiceOf<std::remove_cv_t<decltype(Reader)>>(); }
 struct ReaderOf<T, Reader> {
     static const TypePlan& plan() {
         return detail::ChoiceOf<std::remove_cv_t<decltype(Reader)>>::template plan<T>();

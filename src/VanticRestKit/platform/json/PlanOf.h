@@ -105,9 +105,7 @@ template <class T, bool Tolerant>
 const TypePlan& planOfList() {
     // The element is named, not planned, here: a type may hold a list of itself.
     static const std::string& name = *new std::string(listName(displayName<T>()));
-    static const TypePlan plan{.kind = ValueKind::list,
-                               .name = name,
-                               .list = &listPlan<T, Tolerant>};
+    static const TypePlan plan{.kind = ValueKind::list, .name = name, .list = &listPlan<T, Tolerant>};
     return plan;
 }
 
@@ -135,7 +133,9 @@ struct BuiltIn<std::int64_t> {
 };
 template <>
 struct BuiltIn<std::uint64_t> {
-    static const TypePlan& plan() { return plainPlan<ValueKind::unsignedInteger>(displayName<std::uint64_t>()); }
+    static const TypePlan& plan() {
+        return plainPlan<ValueKind::unsignedInteger>(displayName<std::uint64_t>());
+    }
 };
 template <>
 struct BuiltIn<double> {
@@ -150,15 +150,15 @@ struct BuiltIn<Dictionary> {
 template <RawEnumeration E>
 struct BuiltIn<E> {
     static const TypePlan& plan() {
-        static const TypePlan plan{
-            .kind = ValueKind::convertedText,
-            .name = typeName<E>(),
-            .fromText = [](std::string_view text, void* value) {
-                const std::optional<E> found = fromRawValue<E>(text);
-                if (found) *static_cast<E*>(value) = *found;
-                return found.has_value();
-            },
-            .caseName = &caseNameAt<E>};
+        static const TypePlan plan{.kind = ValueKind::convertedText,
+                                   .name = typeName<E>(),
+                                   .fromText =
+                                       [](std::string_view text, void* value) {
+                                           const std::optional<E> found = fromRawValue<E>(text);
+                                           if (found) *static_cast<E*>(value) = *found;
+                                           return found.has_value();
+                                       },
+                                   .caseName = &caseNameAt<E>};
         return plan;
     }
 };
@@ -171,12 +171,11 @@ struct BuiltIn<std::vector<T>> {
 template <class T>
 struct BuiltIn<std::optional<T>> {
     static const TypePlan& plan() {
-        static const TypePlan plan{
-            .kind = ValueKind::nullable,
-            .name = planOf<T>().name,
-            .wrapped = &planOf<T>(),
-            .wrap = fieldOps<std::optional<T>>.open,
-            .peek = fieldOps<std::optional<T>>.peek};
+        static const TypePlan plan{.kind = ValueKind::nullable,
+                                   .name = planOf<T>().name,
+                                   .wrapped = &planOf<T>(),
+                                   .wrap = fieldOps<std::optional<T>>.open,
+                                   .peek = fieldOps<std::optional<T>>.peek};
         return plan;
     }
 };

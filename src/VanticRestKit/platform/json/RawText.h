@@ -26,7 +26,7 @@ struct RawTexts;
 /// An enumeration with raw texts.
 template <class E>
 concept RawEnumeration = requires {
-    { std::span<const RawCase<E>>(RawTexts<E>::cases) };
+    {std::span<const RawCase<E>>(RawTexts<E>::cases)};
 };
 
 /// The case whose raw text is `raw`, compared exactly; empty where there is none.

@@ -73,7 +73,8 @@ Slot slotFor(const FieldPlan& field) {
 
 class Builder {
 public:
-    Builder(ObjectPlan& entity, const void* fresh) : entity_(entity), fresh_(static_cast<const std::byte*>(fresh)) {}
+    Builder(ObjectPlan& entity, const void* fresh)
+        : entity_(entity), fresh_(static_cast<const std::byte*>(fresh)) {}
 
     /// Fills `plan` with the rows of one object; rows of objects inside it go to plans of their own.
     void fill(ObjectPlan& plan, std::span<const Row> rows) {

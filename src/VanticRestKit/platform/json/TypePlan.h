@@ -216,7 +216,8 @@ struct ObjectPlan {
 
 /// Makes the plan of an entity from its rows. Called once per type, on first use; the plan is never destroyed, and
 /// neither is `fresh`, a new entity that it keeps.
-VRK_EXPORT const TypePlan& makeObjectPlan(std::string_view name, std::span<const Row> rows, const void* fresh);
+VRK_EXPORT const TypePlan& makeObjectPlan(std::string_view name, std::span<const Row> rows,
+                                          const void* fresh);
 
 /// How much memory of key successors one decode needs for all plans made so far.
 std::size_t successorMemory() noexcept;

@@ -92,7 +92,9 @@ public:
     void value(const TypePlan& plan, const void* value) {
         switch (plan.kind) {
             case ValueKind::text:
-            case ValueKind::decimalOrText: appendQuoted(text_, *static_cast<const std::string*>(value)); break;
+            case ValueKind::decimalOrText:
+                appendQuoted(text_, *static_cast<const std::string*>(value));
+                break;
             case ValueKind::boolean: text_ += *static_cast<const bool*>(value) ? "true" : "false"; break;
             case ValueKind::integer: text_ += std::to_string(*static_cast<const std::int64_t*>(value)); break;
             case ValueKind::unsignedInteger:
@@ -213,8 +215,9 @@ std::string numberText(double number) {
     char text[512];
     // A whole number is written out, as long as every digit of it is known.
     const bool isWhole = number == std::trunc(number) && std::abs(number) < 1e17;
-    const auto [end, fault] = isWhole ? std::to_chars(text, text + sizeof text, number, std::chars_format::fixed, 0)
-                                      : std::to_chars(text, text + sizeof text, number);
+    const auto [end, fault] =
+        isWhole ? std::to_chars(text, text + sizeof text, number, std::chars_format::fixed, 0)
+                : std::to_chars(text, text + sizeof text, number);
     return std::string(text, end);
 }
 

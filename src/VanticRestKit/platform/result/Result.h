@@ -38,7 +38,7 @@ public:
 
     constexpr Result(T value) : storage_(std::in_place_index<0>, std::move(value)) {}
     template <class G>
-        requires std::is_constructible_v<E, G>
+    requires std::is_constructible_v<E, G>
     constexpr Result(Failure<G> failure) : storage_(std::in_place_index<1>, std::move(failure).error()) {}
 
     constexpr bool has_value() const noexcept { return storage_.index() == 0; }
@@ -68,8 +68,8 @@ public:
     }
 
     /// Whether both hold equal values, or both equal errors.
-    friend constexpr bool operator==(const Result&, const Result&)
-        requires std::equality_comparable<T> && std::equality_comparable<E>
+    friend constexpr bool operator==(
+        const Result&, const Result&) requires std::equality_comparable<T> && std::equality_comparable<E>
     = default;
 
 private:
@@ -92,7 +92,7 @@ public:
 
     constexpr Result() = default;
     template <class G>
-        requires std::is_constructible_v<E, G>
+    requires std::is_constructible_v<E, G>
     constexpr Result(Failure<G> failure) : storage_(std::in_place_index<1>, std::move(failure).error()) {}
 
     constexpr bool has_value() const noexcept { return storage_.index() == 0; }
@@ -108,8 +108,7 @@ public:
     constexpr E&& error() && noexcept { return std::move(*held(storage_)); }
 
     /// Whether both are successes, or both hold equal errors.
-    friend constexpr bool operator==(const Result&, const Result&)
-        requires std::equality_comparable<E>
+    friend constexpr bool operator==(const Result&, const Result&) requires std::equality_comparable<E>
     = default;
 
 private:

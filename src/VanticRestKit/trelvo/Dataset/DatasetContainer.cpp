@@ -18,6 +18,7 @@ bool isoDate(std::string_view text, Date& value) {
 template <>
 const TypePlan& planOf<DatasetContainer>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<DatasetContainer>(
         required<&DatasetContainer::uid>("uid"),
         lenient<&DatasetContainer::parentUid>("parent_uid"),
@@ -27,6 +28,7 @@ const TypePlan& planOf<DatasetContainer>() {
         required<&DatasetContainer::dataset>("dataset"),
         lenient<&DatasetContainer::created, isoDate>("created"),
         lenient<&DatasetContainer::updated, isoDate>("updated"));
+    // clang-format on
     return plan;
 }
 

@@ -20,8 +20,7 @@ struct DeleteDatasetURI {
 
     std::string path() const { return "v2/dataset/" + namespace_; }
     std::vector<URLQueryItem> queryItems() const {
-        return {{"UID", uid},
-                {"source", std::string(rawValue(source))}};
+        return {{"UID", uid}, {"source", std::string(rawValue(source))}};
     }
 
     friend bool operator==(const DeleteDatasetURI&, const DeleteDatasetURI&) = default;

@@ -35,7 +35,9 @@ std::optional<Subprofile> Subprofile::make(Arguments arguments) {
     return Subprofile(std::move(arguments.datasetContainer).value());
 }
 
-std::optional<std::string> Subprofile::displayName() const { return textIn(container_.dataset, "displayName"); }
+std::optional<std::string> Subprofile::displayName() const {
+    return textIn(container_.dataset, "displayName");
+}
 
 std::optional<std::string> Subprofile::avatar() const { return textIn(container_.dataset, "avatar"); }
 
@@ -50,7 +52,9 @@ bool Subprofile::isChild() const {
     return value != nullptr && value->boolean() != nullptr && *value->boolean();
 }
 
-std::optional<std::int64_t> Subprofile::birthYear() const { return integerIn(container_.dataset, "birthYear"); }
+std::optional<std::int64_t> Subprofile::birthYear() const {
+    return integerIn(container_.dataset, "birthYear");
+}
 
 std::optional<std::string> Subprofile::channelFilter() const {
     return textIn(container_.dataset, "channelFilter");

@@ -8,6 +8,7 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<HistoryData>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<HistoryData>(
         lenient<&HistoryData::source>("source"),
         required<&HistoryData::uid>("uid"),
@@ -18,6 +19,7 @@ const TypePlan& planOf<HistoryData>() {
         required<&HistoryData::progress>("progress"),
         required<&HistoryData::done>("done"),
         lenient<&HistoryData::lastAccessed, apiDate>("lastAccessed"));
+    // clang-format on
     return plan;
 }
 

@@ -23,8 +23,10 @@ struct UpdateVideoProgressURI {
     bool isDone{};
     std::string httpMethod = "PATCH";
 
-    std::string path() const { return "v2/history/show/" + std::to_string(showId) + "/video/" + houseNumber + "/progress/" +
-               std::to_string(progress); }
+    std::string path() const {
+        return "v2/history/show/" + std::to_string(showId) + "/video/" + houseNumber + "/progress/" +
+               std::to_string(progress);
+    }
     std::vector<URLQueryItem> queryItems() const {
         return {{"UID", uid},
                 {"source", std::string(rawValue(source))},

@@ -37,11 +37,11 @@ struct AddShowURI {
     std::int64_t id;
     std::string httpMethod = "POST";
 
-    std::string path() const { return slug ? "v2/saved/" + std::string(rawValue(*slug)) + "/show/" + std::to_string(id) : "v2/saved"; }
+    std::string path() const {
+        return slug ? "v2/saved/" + std::string(rawValue(*slug)) + "/show/" + std::to_string(id) : "v2/saved";
+    }
     std::vector<URLQueryItem> queryItems() const {
-        return {{"UID", uid},
-                {"raw", "1"},
-                {"source", std::string(rawValue(source))}};
+        return {{"UID", uid}, {"raw", "1"}, {"source", std::string(rawValue(source))}};
     }
 
     friend bool operator==(const AddShowURI&, const AddShowURI&) = default;

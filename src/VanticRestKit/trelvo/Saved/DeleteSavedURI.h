@@ -22,8 +22,7 @@ struct DeleteSavedURI {
 
     std::string path() const { return slug ? "v2/saved/" + std::string(rawValue(*slug)) : "v2/saved"; }
     std::vector<URLQueryItem> queryItems() const {
-        return {{"UID", uid},
-                {"source", std::string(rawValue(source))}};
+        return {{"UID", uid}, {"source", std::string(rawValue(source))}};
     }
 
     friend bool operator==(const DeleteSavedURI&, const DeleteSavedURI&) = default;

@@ -37,10 +37,11 @@ struct DeleteShowURI {
     std::int64_t id;
     std::string httpMethod = "DELETE";
 
-    std::string path() const { return "v2/saved/" + std::string(rawValue(slug)) + "/show/" + std::to_string(id); }
+    std::string path() const {
+        return "v2/saved/" + std::string(rawValue(slug)) + "/show/" + std::to_string(id);
+    }
     std::vector<URLQueryItem> queryItems() const {
-        return {{"UID", uid},
-                {"source", std::string(rawValue(source))}};
+        return {{"UID", uid}, {"source", std::string(rawValue(source))}};
     }
 
     friend bool operator==(const DeleteShowURI&, const DeleteShowURI&) = default;

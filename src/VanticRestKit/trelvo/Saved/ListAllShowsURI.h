@@ -19,11 +19,11 @@ struct ListAllShowsURI {
     SourceSystem source{};
     std::optional<TrelvoSlug> slug{};
 
-    std::string path() const { return slug ? "v2/saved/" + std::string(rawValue(*slug)) + "/show" : "v2/saved"; }
+    std::string path() const {
+        return slug ? "v2/saved/" + std::string(rawValue(*slug)) + "/show" : "v2/saved";
+    }
     std::vector<URLQueryItem> queryItems() const {
-        return {{"UID", uid},
-                {"raw", "1"},
-                {"source", std::string(rawValue(source))}};
+        return {{"UID", uid}, {"raw", "1"}, {"source", std::string(rawValue(source))}};
     }
 
     friend bool operator==(const ListAllShowsURI&, const ListAllShowsURI&) = default;

@@ -8,6 +8,7 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<SavedData>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<SavedData>(
         lenient<&SavedData::source>("source"),
         required<&SavedData::oid>("oid"),
@@ -17,6 +18,7 @@ const TypePlan& planOf<SavedData>() {
         required<&SavedData::order>("order"),
         lenient<&SavedData::created, apiDate>("created"),
         lenient<&SavedData::updated, apiDate>("updated"));
+    // clang-format on
     return plan;
 }
 

@@ -7,9 +7,11 @@ namespace VanticRestKit {
 template <>
 const TypePlan& planOf<TokenResponse>() {
     using namespace mapping;
+    // clang-format off
     static const TypePlan& plan = object<TokenResponse>(
         lenient<&TokenResponse::meta>("meta"),
         lenient<&TokenResponse::auth>("auth"));
+    // clang-format on
     return plan;
 }
 

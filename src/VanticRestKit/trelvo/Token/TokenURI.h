@@ -18,8 +18,7 @@ struct TokenURI {
 
     std::string path() const { return "v2/token"; }
     std::vector<URLQueryItem> queryItems() const {
-        return {{"UID", uid},
-                {"source", std::string(rawValue(source))}};
+        return {{"UID", uid}, {"source", std::string(rawValue(source))}};
     }
 
     friend bool operator==(const TokenURI&, const TokenURI&) = default;

@@ -18,10 +18,10 @@ struct GetDataset {
 
 void getDataset(TrelvoState& state, GetDataset wanted, const TrelvoContext& context,
                 Trelvo::Completion<std::vector<DatasetContainer>> completion);
-void createDataset(TrelvoState& state, std::string namespace_, Dictionary dataset, const TrelvoContext& context,
-                   Trelvo::Completion<DatasetContainer> completion);
-void updateDataset(TrelvoState& state, std::string namespace_, Dictionary dataset, const TrelvoContext& context,
-                   Trelvo::Completion<DatasetContainer> completion);
+void createDataset(TrelvoState& state, std::string namespace_, Dictionary dataset,
+                   const TrelvoContext& context, Trelvo::Completion<DatasetContainer> completion);
+void updateDataset(TrelvoState& state, std::string namespace_, Dictionary dataset,
+                   const TrelvoContext& context, Trelvo::Completion<DatasetContainer> completion);
 void deleteDataset(TrelvoState& state, std::string namespace_, const TrelvoContext& context,
                    Trelvo::Completion<void> completion);
 void deleteWatchlist(TrelvoState& state, const TrelvoContext& context, Trelvo::Completion<void> completion);

@@ -75,8 +75,9 @@ void runOperation(TrelvoState& state, const char* operation, const TrelvoContext
     const auto resource =
         Resource<Answer>::make({.with = makeRoute(credentials->uid, decorator.source())}, decorator);
     if (!resource) return;
-    resource->load({.with = [completion = std::move(completion), conclude = std::move(conclude)](
-                                Result<Answer, LoaderError> answer) mutable { completion(conclude(answer)); }});
+    resource->load(
+        {.with = [completion = std::move(completion), conclude = std::move(conclude)](
+                     Result<Answer, LoaderError> answer) mutable { completion(conclude(answer)); }});
 }
 
 /// What a failed request is for most operations.

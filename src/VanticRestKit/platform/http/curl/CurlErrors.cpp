@@ -17,22 +17,15 @@ bool tellsOfChunks(std::string_view text) { return text.find("hunked") != std::s
 
 URLErrorCode urlErrorCodeFor(CURLcode code, std::string_view text, long verifyResult) {
     switch (code) {
-        case CURLE_URL_MALFORMAT:
-            return URLErrorCode::badURL;
-        case CURLE_COULDNT_RESOLVE_HOST:
-            return URLErrorCode::cannotFindHost;
-        case CURLE_COULDNT_CONNECT:
-            return URLErrorCode::cannotConnectToHost;
-        case CURLE_OPERATION_TIMEDOUT:
-            return URLErrorCode::timedOut;
+        case CURLE_URL_MALFORMAT: return URLErrorCode::badURL;
+        case CURLE_COULDNT_RESOLVE_HOST: return URLErrorCode::cannotFindHost;
+        case CURLE_COULDNT_CONNECT: return URLErrorCode::cannotConnectToHost;
+        case CURLE_OPERATION_TIMEDOUT: return URLErrorCode::timedOut;
         // The scheme was looked at before, so this is an answer without a status line.
         case CURLE_UNSUPPORTED_PROTOCOL:
-        case CURLE_WEIRD_SERVER_REPLY:
-            return URLErrorCode::cannotParseResponse;
-        case CURLE_HTTP2:
-            return URLErrorCode::badServerResponse;
-        case CURLE_BAD_CONTENT_ENCODING:
-            return URLErrorCode::cannotDecodeContentData;
+        case CURLE_WEIRD_SERVER_REPLY: return URLErrorCode::cannotParseResponse;
+        case CURLE_HTTP2: return URLErrorCode::badServerResponse;
+        case CURLE_BAD_CONTENT_ENCODING: return URLErrorCode::cannotDecodeContentData;
         // A broken chunk and a broken connection are one to libcurl, but for the text.
         case CURLE_RECV_ERROR:
             return tellsOfChunks(text) ? URLErrorCode::badServerResponse
@@ -41,8 +34,7 @@ URLErrorCode urlErrorCodeFor(CURLcode code, std::string_view text, long verifyRe
         case CURLE_HTTP2_STREAM:
         case CURLE_PARTIAL_FILE:
         case CURLE_SEND_ERROR:
-        case CURLE_SEND_FAIL_REWIND:
-            return URLErrorCode::networkConnectionLost;
+        case CURLE_SEND_FAIL_REWIND: return URLErrorCode::networkConnectionLost;
         case CURLE_PEER_FAILED_VERIFICATION:
             return verifyResult == certificateNotYetValid ? URLErrorCode::serverCertificateNotYetValid
                                                           : URLErrorCode::serverCertificateUntrusted;
@@ -58,10 +50,8 @@ URLErrorCode urlErrorCodeFor(CURLcode code, std::string_view text, long verifyRe
         case CURLE_SSL_ISSUER_ERROR:
         case CURLE_SSL_PINNEDPUBKEYNOTMATCH:
         case CURLE_SSL_SHUTDOWN_FAILED:
-        case CURLE_USE_SSL_FAILED:
-            return URLErrorCode::secureConnectionFailed;
-        default:
-            return URLErrorCode::unknown;
+        case CURLE_USE_SSL_FAILED: return URLErrorCode::secureConnectionFailed;
+        default: return URLErrorCode::unknown;
     }
 }
 

@@ -73,12 +73,8 @@ bool IoLoop::readInbox() {
     const bool moreMayCome = inbox_->take(messages_);
     for (Inbox::Message& message : messages_) {
         switch (message.kind) {
-            case Inbox::Message::Kind::start:
-                begin(std::move(message.transfer));
-                break;
-            case Inbox::Message::Kind::cancel:
-                cancel(*message.transfer);
-                break;
+            case Inbox::Message::Kind::start: begin(std::move(message.transfer)); break;
+            case Inbox::Message::Kind::cancel: cancel(*message.transfer); break;
         }
     }
     messages_.clear();

@@ -24,8 +24,9 @@ DiagnosingEngine::DiagnosingEngine(const Data& document, Report report)
 
 Diagnosis DiagnosingEngine::run(const TypePlan& plan, void* value) {
     const DeviceZoneHold zone;
-    const bool decoded = index_.isSound() ? root(plan, value, index_.root())
-                                          : fail(Kind::dataCorrupted, "JSON", "a broken document", Presence::required);
+    const bool decoded = index_.isSound()
+                             ? root(plan, value, index_.root())
+                             : fail(Kind::dataCorrupted, "JSON", "a broken document", Presence::required);
     Diagnosis diagnosis;
     if (!decoded) {
         report("failure", failing_.presence);
@@ -73,7 +74,8 @@ bool DiagnosingEngine::value(const TypePlan& type, void* target, Place at, bool 
     }
     for (const BrokenMember& member : broken) {
         enter(member.key);
-        fail(Kind::dataCorrupted, *member.at == '"' ? "String" : "Int or Double", foundAt(member.at), Presence::lenient);
+        fail(Kind::dataCorrupted, *member.at == '"' ? "String" : "Int or Double", foundAt(member.at),
+             Presence::lenient);
         swallow("dropped");
         path_.pop_back();
     }
@@ -92,7 +94,8 @@ bool DiagnosingEngine::entity(const ObjectPlan& plan, void* target, Place at, Pr
 }
 
 // A field that is derived may hold something else now than what it was reset to.
-[[gnu::noinline]] void DiagnosingEngine::derive(const ObjectPlan& plan, void* target, std::size_t resetsBefore) {
+[[gnu::noinline]] void DiagnosingEngine::derive(const ObjectPlan& plan, void* target,
+                                                std::size_t resetsBefore) {
     if (plan.derivations.empty()) return;
     for (const auto derivation : plan.derivations) derivation(target);
     for (std::size_t i = resetsBefore; i < resets_.size(); ++i) {
@@ -101,7 +104,8 @@ bool DiagnosingEngine::entity(const ObjectPlan& plan, void* target, Place at, Pr
 }
 
 // Finds the value of each row, and sees to it that every key of the object can be read.
-[[gnu::noinline]] bool DiagnosingEngine::open(const ObjectPlan& plan, Place at, Presence presence, std::vector<Place>& found) {
+[[gnu::noinline]] bool DiagnosingEngine::open(const ObjectPlan& plan, Place at, Presence presence,
+                                              std::vector<Place>& found) {
     found.assign(plan.fields.size(), Place{});
     const char* const end = document_.data() + document_.size();
     std::string scratch;
@@ -136,7 +140,8 @@ bool DiagnosingEngine::row(const FieldPlan& field, const ObjectPlan& entity, voi
     const bool isRequired = field.presence == Presence::required;
     if (at.at == nullptr) {
         if (!isRequired) return true;
-        return fail(Kind::keyNotFound, field.type != nullptr ? field.type->name : "Object", "nothing", field.presence);
+        return fail(Kind::keyNotFound, field.type != nullptr ? field.type->name : "Object", "nothing",
+                    field.presence);
     }
     if (*at.at == 'n' && !isRequired) return true;
     switch (field.role) {
@@ -207,7 +212,8 @@ bool DiagnosingEngine::list(const ListPlan& plan, void* target, Place at) {
     Place element{};
     for (bool more = index_.first(at, element); more; more = index_.next(element), ++place) {
         path_.emplace_back(place);
-        const bool isGood = this->element(plan, target, element, static_cast<std::size_t>(element.at - at.at));
+        const bool isGood =
+            this->element(plan, target, element, static_cast<std::size_t>(element.at - at.at));
         if (!isGood && plan.tolerant) swallow("dropped");
         path_.pop_back();
         if (!isGood && !plan.tolerant) return false;
@@ -242,15 +248,18 @@ bool DiagnosingEngine::choice(const ChoicePlan& plan, Place at, const Candidate*
     return fail(Kind::typeMismatch, names, foundAt(at.at), Presence::lenient);
 }
 
-[[gnu::noinline]] bool DiagnosingEngine::fail(Kind kind, std::string_view expected, std::string_view found, Presence presence) {
+[[gnu::noinline]] bool DiagnosingEngine::fail(Kind kind, std::string_view expected, std::string_view found,
+                                              Presence presence) {
     failing_ = {kind, path_, presence, std::string(expected), std::string(found), std::nullopt};
     // A type inside another is "Outer.Inner" to whoever reads this, as in the texts of the errors.
     std::string& name = failing_.expected;
-    for (auto at = name.find("::"); at != std::string::npos; at = name.find("::", at)) name.replace(at, 2, ".");
+    for (auto at = name.find("::"); at != std::string::npos; at = name.find("::", at))
+        name.replace(at, 2, ".");
     return false;
 }
 
-[[gnu::noinline]] bool DiagnosingEngine::failUnfit(const TypePlan& type, Place at, bool isNamed, Presence presence) {
+[[gnu::noinline]] bool DiagnosingEngine::failUnfit(const TypePlan& type, Place at, bool isNamed,
+                                                   Presence presence) {
     const std::string_view found = foundAt(at.at);
     Kind kind = found == jsonTypeOf(type.kind) ? Kind::dataCorrupted : Kind::typeMismatch;
     // A null that no key names and that should be an object is one more value of another type.
@@ -271,9 +280,13 @@ Error DiagnosingEngine::error() const {
     if (failing_.mismatch) return *failing_.mismatch;
     std::string text;
     switch (failing_.kind) {
-        case Kind::keyNotFound: text = "No value is there for the key \"" + *failing_.path.back().key() + "\"."; break;
+        case Kind::keyNotFound:
+            text = "No value is there for the key \"" + *failing_.path.back().key() + "\".";
+            break;
         case Kind::valueNotFound: text = "Expected " + failing_.expected + " but found null instead."; break;
-        case Kind::typeMismatch: text = "Expected " + failing_.expected + " but found " + failing_.found + " instead."; break;
+        case Kind::typeMismatch:
+            text = "Expected " + failing_.expected + " but found " + failing_.found + " instead.";
+            break;
         case Kind::dataCorrupted:
             if (!index_.isSound()) {
                 text = "The document is not valid JSON.";

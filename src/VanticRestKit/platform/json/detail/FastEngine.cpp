@@ -94,10 +94,10 @@ bool FastEngine::element(Frame& top) {
     }
     if (type.kind == ValueKind::choice && *at_ == '{') return openChoice(*type.choice, nullptr);
 
-    const bool opens = (type.kind == ValueKind::object && *at_ == '{') ||
-                       (type.kind == ValueKind::list && *at_ == '[');
-    const bool isPlain = type.kind != ValueKind::object && type.kind != ValueKind::list &&
-                         type.kind != ValueKind::choice;
+    const bool opens =
+        (type.kind == ValueKind::object && *at_ == '{') || (type.kind == ValueKind::list && *at_ == '[');
+    const bool isPlain =
+        type.kind != ValueKind::object && type.kind != ValueKind::list && type.kind != ValueKind::choice;
     if (opens || isPlain) {
         void* const place = appended(top);
         if (opens) return open(type, place, nullptr);
@@ -117,9 +117,11 @@ Fit FastEngine::held(const TypePlan& type, void* place, const FieldOps* optional
     if (!isSkipped) return plain(type, place, optional);
     const char* const start = at_;
     if (!skip()) return Fit::broken;
-    if (type.kind == ValueKind::dictionary) return dictionary(start, optional != nullptr ? optional->open(place) : place);
+    if (type.kind == ValueKind::dictionary)
+        return dictionary(start, optional != nullptr ? optional->open(place) : place);
     if (type.attempt != nullptr) {
-        type.attempt({start, static_cast<std::size_t>(at_ - start)}, optional != nullptr ? optional->open(place) : place);
+        type.attempt({start, static_cast<std::size_t>(at_ - start)},
+                     optional != nullptr ? optional->open(place) : place);
     }
     return Fit::fits;
 }

@@ -39,9 +39,9 @@ private:
         std::uint64_t taken;       // a bit for each slot whose further values are nobody's
         std::uint8_t candidate;
         std::uint8_t possible;  // a bit for each candidate that it may be, this one and those to be tried
-        std::uint8_t last;  // the slot whose key came last
-        bool isInner;       // an object that fills the entity around it
-        bool isFresh;       // nothing read behind the opening bracket yet
+        std::uint8_t last;      // the slot whose key came last
+        bool isInner;           // an object that fills the entity around it
+        bool isFresh;           // nothing read behind the opening bracket yet
         bool hasFailed;
         bool isIgnored;  // an inner object that could not be opened, which is swallowed
     };

@@ -236,18 +236,15 @@ void FastEngine::keyCannotBeRead(Frame& top) {
             return true;
         }
         case ValueStep::optionalText:
-        case ValueStep::held:
-            return heldValue(top, field);
-        case ValueStep::inner:
-            return *at_ == '{' ? openInner(field, top.target) : unfit(top, field);
+        case ValueStep::held: return heldValue(top, field);
+        case ValueStep::inner: return *at_ == '{' ? openInner(field, top.target) : unfit(top, field);
         case ValueStep::object:
             return *at_ == '{' ? open(*field.type, field.ops->open(place), &field) : unfit(top, field);
         case ValueStep::list:
             return *at_ == '[' ? open(*field.type, field.ops->open(place), &field) : unfit(top, field);
         case ValueStep::choice:
             return *at_ == '{' ? openChoice(*field.type->choice, &field) : unfit(top, field);
-        case ValueStep::entityCheck:
-            return checkEntity(top);
+        case ValueStep::entityCheck: return checkEntity(top);
     }
     return false;
 }

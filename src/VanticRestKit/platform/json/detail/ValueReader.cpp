@@ -20,8 +20,8 @@ void store(void* place, bool isOptional, T value) {
 
 /// Reads the number token at `at` with `read`; moves behind it where it fits.
 template <class Number>
-bool numberInto(const char*& at, std::optional<Number> (*read)(const char*, const char*) noexcept, void* place,
-                bool isOptional) {
+bool numberInto(const char*& at, std::optional<Number> (*read)(const char*, const char*) noexcept,
+                void* place, bool isOptional) {
     if (!startsNumber(*at)) return false;
     const char* const behind = scanNumber(at);
     const std::optional<Number> value = read(at, behind);
