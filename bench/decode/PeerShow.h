@@ -5,7 +5,7 @@
 #include "PeerVideo.h"
 
 #include <VanticRestKit/lumeno/Show/ShowsIndex.h>
-#include <VanticRestKit/platform/text/Format.h>
+#include <VanticRestKit/platform/text/detail/Format.h>
 
 namespace VanticRestKit::bench {
 
@@ -156,7 +156,7 @@ void readInto(ShowsGrouped& group, S& value) {
     group.showSummaries.reserve(group.shows.size());
     for (const Show& show : group.shows) {
         ShowSummary& summary = group.showSummaries.emplace_back(mapping::fresh<ShowSummary>());
-        summary.id = zeroFractionFormat(show.showId.value());
+        summary.id = detail::zeroFractionFormat(show.showId.value());
         summary.title = show.title.value();
         summary.displayTitle = show.displayTitle.value();
         summary.updated = show.updated.value();

@@ -3,7 +3,7 @@
 #include "HostContext.h"
 
 #include <VanticRestKit/recs/RecsContext.h>
-#include <VanticRestKit/trelvo/TrelvoContext.h>
+#include <VanticRestKit/trelvo/Common/TrelvoContext.h>
 
 #include <optional>
 #include <string>

@@ -1,4 +1,4 @@
-#include <VanticRestKit/trelvo/detail/TrelvoState.h>
+#include <VanticRestKit/trelvo/detail/TrelvoProbe.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include <VanticRestKit/lumeno/Theme/LumenoSubtype.h>
+#include <VanticRestKit/lumeno/Theme/Theme.h>
 
 #include <gtest/gtest.h>
 

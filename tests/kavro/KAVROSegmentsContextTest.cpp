@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/Resource.h>
+#include <VanticRestKit/kavro/KAVRORoutes.h>
 #include <VanticRestKit/kavro/KAVROSegmentsContext.h>
 #include <VanticRestKit/kavro/KAVROSegmentsModel.h>
-#include <VanticRestKit/kavro/KAVROSegmentsURI.h>
 
 #include <Core/FakeContext.h>
 

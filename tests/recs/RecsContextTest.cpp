@@ -4,7 +4,7 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/recs/RecommendationModule.h>
 #include <VanticRestKit/recs/RecsContext.h>
-#include <VanticRestKit/recs/RecsModuleURI.h>
+#include <VanticRestKit/recs/RecsRoutes.h>
 
 #include <Core/FakeContext.h>
 

@@ -4,7 +4,7 @@
 /// A client of the user data service with a clock and a transport in the hands of the test.
 
 #include <VanticRestKit/platform/dispatch/detail/Probes.h>
-#include <VanticRestKit/trelvo/detail/TrelvoState.h>
+#include <VanticRestKit/trelvo/detail/TrelvoProbe.h>
 
 #include <trelvo/Outcomes.h>
 #include <trelvo/UserContext.h>

@@ -1,7 +1,8 @@
 #include "Operations.h"
 
-#include <VanticRestKit/trelvo/detail/DatasetOperations.h>
-#include <VanticRestKit/trelvo/detail/TrelvoState.h>
+#include <VanticRestKit/trelvo/Dataset/detail/DatasetOperations.h>
+#include <VanticRestKit/trelvo/detail/TrelvoProbe.h>
+#include <VanticRestKit/trelvo/Saved/detail/SavedOperations.h>
 
 namespace VanticRestKit::test {
 

@@ -3,7 +3,7 @@
 /// \file
 /// Every operation on user data: what it sends and what it makes of answers.
 
-#include <VanticRestKit/trelvo/TrelvoContext.h>
+#include <VanticRestKit/trelvo/Common/TrelvoContext.h>
 
 #include <trelvo/Outcomes.h>
 #include <functional>

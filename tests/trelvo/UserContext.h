@@ -4,7 +4,7 @@
 /// A host's context of the user data service, with what it was asked.
 
 #include <VanticRestKit/Core/NetworkServiceble.h>
-#include <VanticRestKit/trelvo/TrelvoContext.h>
+#include <VanticRestKit/trelvo/Common/TrelvoContext.h>
 
 #include <trelvo/ScriptedSession.h>
 

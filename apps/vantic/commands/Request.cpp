@@ -1,6 +1,6 @@
 #include <VanticRestKit/platform/http/URLRequest.h>
 #include <VanticRestKit/platform/json/ValueText.h>
-#include <VanticRestKit/trelvo/detail/TrelvoState.h>
+#include <VanticRestKit/trelvo/detail/TrelvoProbe.h>
 
 #include <algorithm>
 #include <chrono>

@@ -1,6 +1,6 @@
 #include "operations/HrefOperation.h"
 
-#include <VanticRestKit/lumeno/Link/HrefResource.h>
+#include <VanticRestKit/lumeno/Link/LinkEndpoints.h>
 
 #include "Failure.h"
 #include "types/Decoding.h"

@@ -4,7 +4,7 @@
 #include <VanticRestKit/lumeno/Navigation/BrowseList.h>
 #include <VanticRestKit/lumeno/Navigation/NavigationList.h>
 #include <VanticRestKit/lumeno/Navigation/NavigationMainMenuList.h>
-#include <VanticRestKit/lumeno/Navigation/NavigationType.h>
+#include <VanticRestKit/lumeno/Navigation/NavigationRoutes.h>
 
 #include "arguments/Values.h"
 #include "operations/Operation.h"

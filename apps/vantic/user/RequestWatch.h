@@ -2,7 +2,7 @@
 
 #include <VanticRestKit/Core/Serviceable.h>
 #include <VanticRestKit/platform/result/Result.h>
-#include <VanticRestKit/trelvo/TrelvoError.h>
+#include <VanticRestKit/trelvo/Common/TrelvoError.h>
 
 #include <condition_variable>
 #include <memory>

@@ -1,7 +1,22 @@
 #include "user/SubprofileValue.h"
 
+#include <VanticRestKit/platform/date/DateFormatter.h>
 #include <VanticRestKit/platform/json/Table.h>
-#include <VanticRestKit/trelvo/Common/apiDate.h>
+
+#include <optional>
+#include <string_view>
+
+namespace {
+
+/// The dates as the service writes them.
+bool apiDate(std::string_view text, VanticRestKit::Date& value) {
+    const std::optional<VanticRestKit::Date> date =
+        VanticRestKit::apiDateFormatter().formattedDateWithoutMilliseconds(text);
+    if (date) value = *date;
+    return date.has_value();
+}
+
+}  // namespace
 
 template <>
 const VanticRestKit::TypePlan& VanticRestKit::planOf<vantic::SubprofileValue>() {

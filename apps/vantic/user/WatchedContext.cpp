@@ -1,6 +1,6 @@
 #include "user/WatchedContext.h"
 
-#include <VanticRestKit/trelvo/Token/TokenURI.h>
+#include <VanticRestKit/trelvo/Token/TokenRoutes.h>
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <VanticRestKit/trelvo/TrelvoContext.h>
+#include <VanticRestKit/trelvo/Common/TrelvoContext.h>
 
 #include <map>
 #include <memory>

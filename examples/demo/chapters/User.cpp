@@ -9,7 +9,7 @@
 #include <VanticRestKit/lumeno/Show/Show.h>
 #include <VanticRestKit/lumeno/Video/VideoList.h>
 #include <VanticRestKit/recs/RecommendationModule.h>
-#include <VanticRestKit/recs/RecsModuleURI.h>
+#include <VanticRestKit/recs/RecsRoutes.h>
 
 #include <cstdio>
 

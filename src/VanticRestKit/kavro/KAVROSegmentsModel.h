@@ -3,15 +3,35 @@
 /// \file
 /// `KAVROSegmentsModel`: the audiences and badges of a subprofile.
 
-#include <VanticRestKit/kavro/KAVROActiveAudiences.h>
-#include <VanticRestKit/kavro/KAVROActiveBadges.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <string>
 #include <vector>
 
 namespace VanticRestKit {
+
+/// An audience that a subprofile may belong to.
+enum class KAVROActiveAudiences { lumenoGenreFavourite180DVanticKids };
+
+template <>
+struct RawTexts<KAVROActiveAudiences> {
+    static constexpr RawCase<KAVROActiveAudiences> cases[] = {
+        {KAVROActiveAudiences::lumenoGenreFavourite180DVanticKids, "lumenoGenreFavourite180DVanticKids",
+         "vantic_main_127"},
+    };
+};
+
+/// A badge that a subprofile may bear.
+enum class KAVROActiveBadges { iOSUser };
+
+template <>
+struct RawTexts<KAVROActiveBadges> {
+    static constexpr RawCase<KAVROActiveBadges> cases[] = {
+        {KAVROActiveBadges::iOSUser, "iOSUser", "7832"},
+    };
+};
 
 /// The audiences and badges of a subprofile. Ones that are not known are left out; only the user id can fail it.
 struct KAVROSegmentsModel {

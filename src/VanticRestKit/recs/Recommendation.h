@@ -4,8 +4,7 @@
 /// `Recommendation`: one recommended piece of content.
 
 #include <VanticRestKit/platform/json/PlanOf.h>
-#include <VanticRestKit/recs/RecsContentSource.h>
-#include <VanticRestKit/recs/RecsContentType.h>
+#include <VanticRestKit/recs/RecsModuleContext.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <optional>

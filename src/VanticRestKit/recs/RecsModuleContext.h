@@ -1,15 +1,53 @@
 #pragma once
 
 /// \file
-/// `RecsModuleContext`: names one piece of content.
+/// `RecsModuleContext`: names one piece of content, by its `RecsContentSource` and `RecsContentType`.
 
-#include <VanticRestKit/recs/RecsContentSource.h>
-#include <VanticRestKit/recs/RecsContentType.h>
+#include <VanticRestKit/platform/json/RawText.h>
 
 #include <string>
 #include <utility>
 
 namespace VanticRestKit {
+
+/// Which catalogue a piece of content is of.
+enum class RecsContentSource { lumeno, coremedia };
+
+template <>
+struct RawTexts<RecsContentSource> {
+    static constexpr RawCase<RecsContentSource> cases[] = {
+        {RecsContentSource::lumeno, "lumeno", "lumeno"},
+        {RecsContentSource::coremedia, "coremedia", "coremedia"},
+    };
+};
+
+/// What a piece of content is.
+enum class RecsContentType {
+    audio,
+    audioepisode,
+    audiosegment,
+    program,
+    recipe,
+    video,
+    videoepisode,
+    videosegment,
+    article
+};
+
+template <>
+struct RawTexts<RecsContentType> {
+    static constexpr RawCase<RecsContentType> cases[] = {
+        {RecsContentType::audio, "audio", "audio"},
+        {RecsContentType::audioepisode, "audioepisode", "audioepisode"},
+        {RecsContentType::audiosegment, "audiosegment", "audiosegment"},
+        {RecsContentType::program, "program", "program"},
+        {RecsContentType::recipe, "recipe", "recipe"},
+        {RecsContentType::video, "video", "video"},
+        {RecsContentType::videoepisode, "videoepisode", "videoepisode"},
+        {RecsContentType::videosegment, "videosegment", "videosegment"},
+        {RecsContentType::article, "article", "article"},
+    };
+};
 
 /// Names one piece of content, also of outside the video catalogue.
 struct RecsModuleContext {

@@ -8,11 +8,11 @@
 #include <VanticRestKit/platform/error/AnyValue.h>
 #include <VanticRestKit/platform/result/Result.h>
 #include <VanticRestKit/trelvo/Common/Auth.h>
+#include <VanticRestKit/trelvo/Common/TrelvoContext.h>
+#include <VanticRestKit/trelvo/Common/TrelvoError.h>
 #include <VanticRestKit/trelvo/Dataset/Subprofile.h>
 #include <VanticRestKit/trelvo/History/HistoryData.h>
 #include <VanticRestKit/trelvo/Saved/SavedData.h>
-#include <VanticRestKit/trelvo/TrelvoContext.h>
-#include <VanticRestKit/trelvo/TrelvoError.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <cstdint>

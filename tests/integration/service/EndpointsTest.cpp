@@ -7,7 +7,7 @@
 #include <VanticRestKit/lumeno/Categories/Category.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/lumeno/Image/Image.h>
-#include <VanticRestKit/lumeno/Link/HrefResource.h>
+#include <VanticRestKit/lumeno/Link/LinkEndpoints.h>
 #include <VanticRestKit/lumeno/Video/VideoList.h>
 
 #include <gmock/gmock.h>

@@ -4,7 +4,7 @@
 
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/lumeno/Message/Message.h>
-#include <VanticRestKit/lumeno/Message/MessagesAppId.h>
+#include <VanticRestKit/lumeno/Message/MessageRoutes.h>
 #include <VanticRestKit/lumeno/NowNext/LivestreamRegion.h>
 #include <VanticRestKit/lumeno/NowNext/NowNext.h>
 #include <VanticRestKit/lumeno/ProductAlert/ProductAlert.h>

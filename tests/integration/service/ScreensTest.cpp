@@ -7,7 +7,7 @@
 #include <VanticRestKit/lumeno/Navigation/BrowseList.h>
 #include <VanticRestKit/lumeno/Navigation/NavigationList.h>
 #include <VanticRestKit/lumeno/Navigation/NavigationMainMenuList.h>
-#include <VanticRestKit/lumeno/Navigation/NavigationType.h>
+#include <VanticRestKit/lumeno/Navigation/NavigationRoutes.h>
 #include <VanticRestKit/lumeno/Series/Series.h>
 #include <VanticRestKit/lumeno/Show/Show.h>
 #include <VanticRestKit/lumeno/Video/Video.h>

@@ -7,7 +7,7 @@
 
 #include "support/SampleService.h"
 
-#include <VanticRestKit/trelvo/detail/TrelvoState.h>
+#include <VanticRestKit/trelvo/detail/TrelvoProbe.h>
 
 #include <chrono>
 #include <future>

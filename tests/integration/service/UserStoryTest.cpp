@@ -3,12 +3,12 @@
 #include "support/Certificates.h"
 #include "support/Nghttpx.h"
 
+#include <VanticRestKit/kavro/KAVRORoutes.h>
 #include <VanticRestKit/kavro/KAVROSegmentsContext.h>
 #include <VanticRestKit/kavro/KAVROSegmentsModel.h>
-#include <VanticRestKit/kavro/KAVROSegmentsURI.h>
 #include <VanticRestKit/recs/RecommendationModule.h>
 #include <VanticRestKit/recs/RecsContext.h>
-#include <VanticRestKit/recs/RecsModuleURI.h>
+#include <VanticRestKit/recs/RecsRoutes.h>
 
 #include <algorithm>
 

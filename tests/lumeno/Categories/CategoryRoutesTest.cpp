@@ -1,7 +1,5 @@
 #include <lumeno/Routes.h>
-#include <VanticRestKit/lumeno/Categories/CategoryURI.h>
-#include <VanticRestKit/lumeno/Categories/ChannelURI.h>
-#include <VanticRestKit/lumeno/Categories/HomeURI.h>
+#include <VanticRestKit/lumeno/Categories/CategoryRoutes.h>
 
 namespace VanticRestKit {
 namespace {

@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/ResourceURI.h>
-#include <VanticRestKit/lumeno/Image/AvatarURI.h>
-#include <VanticRestKit/lumeno/Image/Banner.h>
 #include <VanticRestKit/lumeno/Image/Image.h>
+#include <VanticRestKit/lumeno/Image/ImageRoutes.h>
 
 #include <platform/json/FieldRules.h>
 

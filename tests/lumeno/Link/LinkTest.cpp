@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/ResourceURI.h>
 #include <VanticRestKit/lumeno/Link/Link.h>
-#include <VanticRestKit/lumeno/Link/lumenoHrefURI.h>
+#include <VanticRestKit/lumeno/Link/LinkRoutes.h>
 
 #include <platform/json/FieldRules.h>
 

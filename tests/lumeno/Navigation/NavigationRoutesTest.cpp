@@ -1,7 +1,5 @@
 #include <lumeno/Routes.h>
-#include <VanticRestKit/lumeno/Navigation/BrowseURI.h>
-#include <VanticRestKit/lumeno/Navigation/NavigationMainMenuItemURI.h>
-#include <VanticRestKit/lumeno/Navigation/NavigationURI.h>
+#include <VanticRestKit/lumeno/Navigation/NavigationRoutes.h>
 
 namespace VanticRestKit {
 namespace {

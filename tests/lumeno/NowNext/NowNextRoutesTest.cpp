@@ -1,6 +1,5 @@
 #include <lumeno/Routes.h>
-#include <VanticRestKit/lumeno/NowNext/LivestreamsURI.h>
-#include <VanticRestKit/lumeno/NowNext/NowNextURI.h>
+#include <VanticRestKit/lumeno/NowNext/NowNextRoutes.h>
 
 namespace VanticRestKit {
 namespace {

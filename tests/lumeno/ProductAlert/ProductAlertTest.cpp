@@ -1,7 +1,7 @@
 #include <lumeno/Routes.h>
 #include <platform/json/FieldRules.h>
 #include <VanticRestKit/lumeno/ProductAlert/ProductAlert.h>
-#include <VanticRestKit/lumeno/ProductAlert/ProductAlertURI.h>
+#include <VanticRestKit/lumeno/ProductAlert/ProductAlertRoutes.h>
 
 namespace VanticRestKit {
 namespace {

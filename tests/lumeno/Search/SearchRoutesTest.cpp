@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/ResourceURI.h>
-#include <VanticRestKit/lumeno/Search/RelatedShowsURI.h>
-#include <VanticRestKit/lumeno/Search/SearchURI.h>
+#include <VanticRestKit/lumeno/Search/SearchRoutes.h>
 
 #include <type_traits>
 

@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/ResourceURI.h>
-#include <VanticRestKit/lumeno/Show/ShowsIndexURI.h>
-#include <VanticRestKit/lumeno/Show/ShowsURI.h>
-#include <VanticRestKit/lumeno/Show/ShowURI.h>
+#include <VanticRestKit/lumeno/Show/ShowRoutes.h>
 
 #include <type_traits>
 

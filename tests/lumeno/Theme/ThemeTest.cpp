@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
-#include <VanticRestKit/lumeno/Status/StatusTheme.h>
-#include <VanticRestKit/lumeno/Theme/ContextualPhrases.h>
-#include <VanticRestKit/lumeno/Theme/LumenoSubtype.h>
+#include <VanticRestKit/lumeno/Status/Status.h>
 #include <VanticRestKit/lumeno/Theme/Theme.h>
 
 #include <platform/json/FieldRules.h>

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/ResourceURI.h>
-#include <VanticRestKit/lumeno/Video/VideosURI.h>
-#include <VanticRestKit/lumeno/Video/VideoURI.h>
+#include <VanticRestKit/lumeno/Video/VideoRoutes.h>
 
 namespace VanticRestKit {
 namespace {

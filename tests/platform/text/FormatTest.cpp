@@ -1,5 +1,5 @@
 #include <gtest/gtest.h>
-#include <VanticRestKit/platform/text/Format.h>
+#include <VanticRestKit/platform/text/detail/Format.h>
 
 #include <string>
 
@@ -11,7 +11,7 @@ namespace {
 TEST(ZeroFractionFormat, AnswersEveryVector) {
     for (const auto& line : test::vectors("format.jsonl")) {
         const auto number = std::stoull(line.at("in").at("value").get<std::string>());
-        EXPECT_EQ(zeroFractionFormat(number), line.at("out").get<std::string>()) << line;
+        EXPECT_EQ(detail::zeroFractionFormat(number), line.at("out").get<std::string>()) << line;
     }
 }
 

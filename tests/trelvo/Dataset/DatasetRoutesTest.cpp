@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
-#include <VanticRestKit/trelvo/Dataset/CreateDatasetURI.h>
-#include <VanticRestKit/trelvo/Dataset/DeleteDatasetURI.h>
-#include <VanticRestKit/trelvo/Dataset/GetDatasetURI.h>
-#include <VanticRestKit/trelvo/Dataset/UpdateDatasetURI.h>
+#include <VanticRestKit/trelvo/Dataset/DatasetRoutes.h>
 
 #include <trelvo/Common/RouteText.h>
 #include <VanticRestKit/platform/json/JSONEncoder.h>

@@ -1,12 +1,7 @@
 // What goes out for the viewing history: the order of the items differs from route to route.
 
 #include <gtest/gtest.h>
-#include <VanticRestKit/trelvo/History/DeleteHistoryURI.h>
-#include <VanticRestKit/trelvo/History/RecentVideoHistoryURI.h>
-#include <VanticRestKit/trelvo/History/UpdateVideoProgressURI.h>
-#include <VanticRestKit/trelvo/History/VideoHistoryForShowURI.h>
-#include <VanticRestKit/trelvo/History/VideoHistoryURI.h>
-#include <VanticRestKit/trelvo/History/VideoProgressURI.h>
+#include <VanticRestKit/trelvo/History/HistoryRoutes.h>
 
 #include <trelvo/Common/RouteText.h>
 #include <limits>

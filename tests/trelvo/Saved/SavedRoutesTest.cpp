@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
-#include <VanticRestKit/trelvo/Saved/AddShowURI.h>
-#include <VanticRestKit/trelvo/Saved/DeleteSavedURI.h>
-#include <VanticRestKit/trelvo/Saved/DeleteShowURI.h>
-#include <VanticRestKit/trelvo/Saved/ListAllShowsURI.h>
+#include <VanticRestKit/trelvo/Saved/SavedRoutes.h>
 
 #include <trelvo/Common/RouteText.h>
 #include <limits>

@@ -3,7 +3,7 @@
 /// \file
 /// `Category`: a category, a channel or the home screen.
 
-#include <VanticRestKit/lumeno/Image/Banner.h>
+#include <VanticRestKit/lumeno/Image/Image.h>
 #include <VanticRestKit/lumeno/MixedCollection/MixedCollection.h>
 #include <VanticRestKit/lumeno/Theme/Theme.h>
 #include <VanticRestKit/platform/json/Fresh.h>

@@ -1,8 +1,6 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Categories/Category.h>
-#include <VanticRestKit/lumeno/Categories/CategoryURI.h>
-#include <VanticRestKit/lumeno/Categories/ChannelURI.h>
-#include <VanticRestKit/lumeno/Categories/HomeURI.h>
+#include <VanticRestKit/lumeno/Categories/CategoryRoutes.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 
 namespace VanticRestKit {

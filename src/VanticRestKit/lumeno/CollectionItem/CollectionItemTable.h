@@ -6,7 +6,7 @@
 #include <VanticRestKit/lumeno/CollectionItem/DirectPlayableVideo.h>
 #include <VanticRestKit/lumeno/Link/Link.h>
 #include <VanticRestKit/lumeno/Status/Status.h>
-#include <VanticRestKit/lumeno/Theme/LumenoSubtype.h>
+#include <VanticRestKit/lumeno/Theme/Theme.h>
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/Visibility.h>
 

@@ -11,10 +11,16 @@
 
 namespace VanticRestKit {
 
+namespace detail {
+
+/// What the error of an entity calls it: `type` ("Video") and `entity` ("video"); and the tag of that error, which
+/// `tag()` returns. Specialised in the header of each such entity.
+template <class Entity>
+struct EntityNames;
+
+}  // namespace detail
+
 /// The error of an `Entity` whose object claims to be another entity; known as `Entity::DecodingError`.
-///
-/// `Entity` names itself by `entityTypeName` ("Video") and `entityName` ("video") and offers `mismatchTag()`,
-/// defined in its source.
 template <class Entity>
 class EntityMismatch {
 public:
@@ -25,20 +31,20 @@ public:
     const std::string& found() const noexcept { return found_; }
 
     std::string localizedDescription() const {
-        return std::string(Entity::entityTypeName) + " expects a \"" + Entity::entityName +
-               "\" entity type, but found \"" + found_ + "\"";
+        return std::string(Names::type) + " expects a \"" + Names::entity + "\" entity type, but found \"" +
+               found_ + "\"";
     }
 
-    static const ErrorTag& errorTag() { return Entity::mismatchTag(); }
-    std::string errorDomain() const {
-        return "VanticRestKit." + std::string(Entity::entityTypeName) + ".DecodingError";
-    }
+    static const ErrorTag& errorTag() { return Names::tag(); }
+    std::string errorDomain() const { return "VanticRestKit." + std::string(Names::type) + ".DecodingError"; }
     std::int64_t errorCode() const { return 0; }
     std::string generalDescription() const { return localizedDescription(); }
 
     friend bool operator==(const EntityMismatch&, const EntityMismatch&) noexcept { return true; }
 
 private:
+    using Names = detail::EntityNames<Entity>;
+
     explicit EntityMismatch(std::string found) : found_(std::move(found)) {}
 
     std::string found_;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Image`: a picture of the service.
+/// `Image` and `Banner`: the pictures of the service.
 
 #include <VanticRestKit/platform/json/PlanOf.h>
 #include <VanticRestKit/Visibility.h>
@@ -34,5 +34,19 @@ struct Image {
 
 template <>
 VRK_EXPORT const TypePlan& planOf<Image>();
+
+/// A picture across a screen, in two sizes, that leads somewhere. Each `...Href` must be there.
+struct Banner {
+    std::string largeImageHref{};
+    std::string smallImageHref{};
+    std::optional<std::string> altText{};
+    /// Where a tap on the banner leads.
+    std::string linkHref{};
+
+    friend bool operator==(const Banner&, const Banner&) = default;
+};
+
+template <>
+VRK_EXPORT const TypePlan& planOf<Banner>();
 
 }  // namespace VanticRestKit

@@ -1,7 +1,7 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
-#include <VanticRestKit/lumeno/Image/AvatarURI.h>
 #include <VanticRestKit/lumeno/Image/Image.h>
+#include <VanticRestKit/lumeno/Image/ImageRoutes.h>
 
 namespace VanticRestKit {
 

@@ -1,7 +1,7 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/lumeno/Message/Message.h>
-#include <VanticRestKit/lumeno/Message/MessagesURI.h>
+#include <VanticRestKit/lumeno/Message/MessageRoutes.h>
 
 namespace VanticRestKit {
 

@@ -5,13 +5,13 @@
 
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/lumeno/CollectionItem/CollectionItem.h>
-#include <VanticRestKit/lumeno/Image/Banner.h>
+#include <VanticRestKit/lumeno/Image/Image.h>
 #include <VanticRestKit/lumeno/Link/Link.h>
-#include <VanticRestKit/lumeno/MixedCollection/MixedCollectionType.h>
 #include <VanticRestKit/lumeno/MixedCollection/MixedItem.h>
 #include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/JSONEncoder.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <optional>
@@ -19,6 +19,18 @@
 #include <vector>
 
 namespace VanticRestKit {
+
+/// How a collection is to be laid out.
+enum class MixedCollectionType { standard, movie, featured };
+
+template <>
+struct RawTexts<MixedCollectionType> {
+    static constexpr RawCase<MixedCollectionType> cases[] = {
+        {MixedCollectionType::standard, "standard", "standard"},
+        {MixedCollectionType::movie, "movie", "movie"},
+        {MixedCollectionType::featured, "featured", "featured"},
+    };
+};
 
 /// A titled list of shows, videos and series side by side.
 ///

@@ -1,7 +1,7 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
-#include <VanticRestKit/lumeno/MixedCollection/CollectionURI.h>
 #include <VanticRestKit/lumeno/MixedCollection/MixedCollection.h>
+#include <VanticRestKit/lumeno/MixedCollection/MixedCollectionRoutes.h>
 
 namespace VanticRestKit {
 

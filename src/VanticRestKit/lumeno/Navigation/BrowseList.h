@@ -1,9 +1,9 @@
 #pragma once
 
 /// \file
-/// `BrowseList`: the browse index.
+/// `BrowseList`: the browse index, with its groups.
 
-#include <VanticRestKit/lumeno/Navigation/BrowseItem.h>
+#include <VanticRestKit/lumeno/Navigation/NavigationList.h>
 #include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
 #include <VanticRestKit/Visibility.h>
@@ -12,6 +12,24 @@
 #include <vector>
 
 namespace VanticRestKit {
+
+/// One titled group of the browse index. Only decoding makes one. What is left out is without characters or
+/// elements; anything of a wrong type fails it.
+struct BrowseItem {
+    explicit BrowseItem(mapping::Fresh) {}
+
+    std::string id{};
+    std::string title{};
+    /// One that does not decode fails the group.
+    std::vector<NavigationItem> items{};
+    /// For a screen reader.
+    std::string accessibilityText{};
+
+    friend bool operator==(const BrowseItem&, const BrowseItem&) = default;
+};
+
+template <>
+VRK_EXPORT const TypePlan& planOf<BrowseItem>();
 
 /// The browse index: groups of entries. Only decoding makes one. One group that does not decode fails it.
 struct BrowseList {

@@ -1,11 +1,9 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/lumeno/Navigation/BrowseList.h>
-#include <VanticRestKit/lumeno/Navigation/BrowseURI.h>
 #include <VanticRestKit/lumeno/Navigation/NavigationList.h>
-#include <VanticRestKit/lumeno/Navigation/NavigationMainMenuItemURI.h>
 #include <VanticRestKit/lumeno/Navigation/NavigationMainMenuList.h>
-#include <VanticRestKit/lumeno/Navigation/NavigationURI.h>
+#include <VanticRestKit/lumeno/Navigation/NavigationRoutes.h>
 
 namespace VanticRestKit {
 

@@ -1,16 +1,37 @@
 #pragma once
 
 /// \file
-/// `NavigationList`: a flat list of channels or categories.
+/// `NavigationList`: a flat list of channels or categories, with its entries.
 
-#include <VanticRestKit/lumeno/Navigation/NavigationItem.h>
+#include <VanticRestKit/lumeno/Image/Image.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
 #include <VanticRestKit/Visibility.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace VanticRestKit {
+
+/// One entry of a flat list of channels or categories. It must have a link to itself; nothing else fails it.
+struct NavigationItem {
+    std::optional<std::string> id{};
+    std::optional<std::string> title{};
+    /// For a screen reader.
+    std::optional<std::string> accessibilityText{};
+    std::optional<std::string> logoUrl{};
+    std::optional<std::string> logoUrlWide{};
+    std::optional<std::string> path{};
+    /// The path of what the entry leads to, below the API's version prefix.
+    std::string selfHref{};
+    /// One that does not decode empties the list.
+    std::vector<Image> images{};
+
+    friend bool operator==(const NavigationItem&, const NavigationItem&) = default;
+};
+
+template <>
+VRK_EXPORT const TypePlan& planOf<NavigationItem>();
 
 /// A flat list of channels or categories. It must have a link to itself.
 struct NavigationList {

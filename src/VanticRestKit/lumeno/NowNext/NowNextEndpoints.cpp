@@ -1,8 +1,7 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
-#include <VanticRestKit/lumeno/NowNext/LivestreamsURI.h>
 #include <VanticRestKit/lumeno/NowNext/NowNext.h>
-#include <VanticRestKit/lumeno/NowNext/NowNextURI.h>
+#include <VanticRestKit/lumeno/NowNext/NowNextRoutes.h>
 #include <VanticRestKit/lumeno/Video/VideoList.h>
 
 namespace VanticRestKit {

@@ -1,7 +1,7 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/lumeno/ProductAlert/ProductAlert.h>
-#include <VanticRestKit/lumeno/ProductAlert/ProductAlertURI.h>
+#include <VanticRestKit/lumeno/ProductAlert/ProductAlertRoutes.h>
 
 namespace VanticRestKit {
 

@@ -1,7 +1,7 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/lumeno/Remap/Remap.h>
-#include <VanticRestKit/lumeno/Remap/RemapURI.h>
+#include <VanticRestKit/lumeno/Remap/RemapRoutes.h>
 
 namespace VanticRestKit {
 

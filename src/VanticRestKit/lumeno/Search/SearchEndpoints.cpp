@@ -1,9 +1,8 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/lumeno/Search/RelatedShowList.h>
-#include <VanticRestKit/lumeno/Search/RelatedShowsURI.h>
 #include <VanticRestKit/lumeno/Search/SearchResults.h>
-#include <VanticRestKit/lumeno/Search/SearchURI.h>
+#include <VanticRestKit/lumeno/Search/SearchRoutes.h>
 
 namespace VanticRestKit {
 

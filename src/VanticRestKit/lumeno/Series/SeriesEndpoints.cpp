@@ -1,6 +1,6 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
-#include <VanticRestKit/lumeno/Link/lumenoHrefURI.h>
+#include <VanticRestKit/lumeno/Link/LinkRoutes.h>
 #include <VanticRestKit/lumeno/Series/Series.h>
 
 namespace VanticRestKit {

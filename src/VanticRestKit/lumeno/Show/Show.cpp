@@ -117,7 +117,7 @@ std::optional<std::string> Show::derivedShowSlug() const {
     return slug ? slug : CollectionItem::showSlug({.from = selfHref});
 }
 
-const ErrorTag& Show::mismatchTag() {
+const ErrorTag& detail::EntityNames<Show>::tag() {
     static const ErrorTag tag;
     return tag;
 }

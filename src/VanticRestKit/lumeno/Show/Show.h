@@ -5,12 +5,10 @@
 
 #include <VanticRestKit/lumeno/CollectionItem/CollectionItem.h>
 #include <VanticRestKit/lumeno/Entity/EntityMismatch.h>
-#include <VanticRestKit/lumeno/Image/Banner.h>
+#include <VanticRestKit/lumeno/Image/Image.h>
 #include <VanticRestKit/lumeno/Link/Link.h>
 #include <VanticRestKit/lumeno/Series/Series.h>
 #include <VanticRestKit/lumeno/Status/Status.h>
-#include <VanticRestKit/lumeno/Theme/ContextualPhrases.h>
-#include <VanticRestKit/lumeno/Theme/LumenoSubtype.h>
 #include <VanticRestKit/lumeno/Theme/Theme.h>
 #include <VanticRestKit/lumeno/Video/Participants.h>
 #include <VanticRestKit/lumeno/Video/Video.h>
@@ -107,11 +105,14 @@ struct VRK_EXPORT Show {
     /// `slug`, also one without characters; without it the slug found in `selfHref`, where that has enough parts.
     std::optional<std::string> derivedShowSlug() const;
 
-    static constexpr const char* entityTypeName = "Show";
-    static constexpr const char* entityName = "show";
-    static const ErrorTag& mismatchTag();
-
     friend bool operator==(const Show&, const Show&) = default;
+};
+
+template <>
+struct VRK_EXPORT detail::EntityNames<Show> {
+    static constexpr const char* type = "Show";
+    static constexpr const char* entity = "show";
+    static const ErrorTag& tag();
 };
 
 template <>

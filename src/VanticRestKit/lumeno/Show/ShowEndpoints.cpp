@@ -1,11 +1,9 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
-#include <VanticRestKit/lumeno/Link/lumenoHrefURI.h>
+#include <VanticRestKit/lumeno/Link/LinkRoutes.h>
 #include <VanticRestKit/lumeno/Show/Show.h>
+#include <VanticRestKit/lumeno/Show/ShowRoutes.h>
 #include <VanticRestKit/lumeno/Show/ShowsIndex.h>
-#include <VanticRestKit/lumeno/Show/ShowsIndexURI.h>
-#include <VanticRestKit/lumeno/Show/ShowsURI.h>
-#include <VanticRestKit/lumeno/Show/ShowURI.h>
 
 namespace VanticRestKit {
 

@@ -1,9 +1,8 @@
 #include <VanticRestKit/lumeno/Show/ShowSummary.h>
 
-#include <VanticRestKit/lumeno/Show/detail/SummaryOf.h>
 #include <VanticRestKit/platform/json/Table.h>
 #include <VanticRestKit/platform/text/CaseCompare.h>
-#include <VanticRestKit/platform/text/Format.h>
+#include <VanticRestKit/platform/text/detail/Format.h>
 
 #include <utility>
 
@@ -30,7 +29,7 @@ const TypePlan& planOf<ShowSummary>() {
 std::optional<ShowSummary> detail::summaryOf(const Show& show) {
     if (!show.showId || !show.updated || !show.thumbnail || !show.selfHref) return std::nullopt;
     ShowSummary summary = mapping::fresh<ShowSummary>();
-    summary.id = zeroFractionFormat(*show.showId);
+    summary.id = detail::zeroFractionFormat(*show.showId);
     summary.title = show.title.value_or("_");
     summary.displayTitle = show.displayTitle.value_or("_");
     summary.updated = *show.updated;

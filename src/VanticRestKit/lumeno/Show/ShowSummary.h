@@ -54,6 +54,13 @@ struct VRK_EXPORT ShowSummary {
 template <>
 inline constexpr bool mapping::isOnlyShown<ShowSummary> = true;
 
+namespace detail {
+
+/// The summary of `show`, made without a copy of it; empty where the show cannot give one.
+std::optional<ShowSummary> summaryOf(const Show& show);
+
+}  // namespace detail
+
 /// For looking at summaries.
 template <>
 VRK_EXPORT const TypePlan& planOf<ShowSummary>();

@@ -1,11 +1,11 @@
 #pragma once
 
 /// \file
-/// `Status`: a badge shown on an entity.
+/// `StatusTheme`: how a badge is to be coloured.
 
-#include <VanticRestKit/lumeno/Status/StatusTheme.h>
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <cstdint>
@@ -13,6 +13,17 @@
 #include <utility>
 
 namespace VanticRestKit {
+
+/// How a badge is to be coloured.
+enum class StatusTheme { default_, live };
+
+template <>
+struct RawTexts<StatusTheme> {
+    static constexpr RawCase<StatusTheme> cases[] = {
+        {StatusTheme::default_, "default", "default"},
+        {StatusTheme::live, "live", "live"},
+    };
+};
 
 /// A badge shown on an entity. Title and theme must be there as texts; a theme that is not known is the default
 /// one.

@@ -131,7 +131,7 @@ std::optional<std::string> Video::derivedShowSlug() const {
     return CollectionItem::showSlug({.from = deeplinkHref});
 }
 
-const ErrorTag& Video::mismatchTag() {
+const ErrorTag& detail::EntityNames<Video>::tag() {
     static const ErrorTag tag;
     return tag;
 }

@@ -8,7 +8,7 @@
 #include <VanticRestKit/lumeno/Link/Link.h>
 #include <VanticRestKit/lumeno/Playlist/PlaylistItem.h>
 #include <VanticRestKit/lumeno/Status/Status.h>
-#include <VanticRestKit/lumeno/Theme/LumenoSubtype.h>
+#include <VanticRestKit/lumeno/Theme/Theme.h>
 #include <VanticRestKit/lumeno/Video/Participants.h>
 #include <VanticRestKit/lumeno/Video/VideoAnalytics.h>
 #include <VanticRestKit/platform/date/Date.h>
@@ -117,11 +117,14 @@ struct VRK_EXPORT Video {
     /// The slug of the show, found in `deeplinkHref`; empty where that has too few parts.
     std::optional<std::string> derivedShowSlug() const;
 
-    static constexpr const char* entityTypeName = "Video";
-    static constexpr const char* entityName = "video";
-    static const ErrorTag& mismatchTag();
-
     friend bool operator==(const Video&, const Video&) = default;
+};
+
+template <>
+struct VRK_EXPORT detail::EntityNames<Video> {
+    static constexpr const char* type = "Video";
+    static constexpr const char* entity = "video";
+    static const ErrorTag& tag();
 };
 
 template <>

@@ -1,21 +1,10 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
-#include <VanticRestKit/lumeno/Link/lumenoHrefURI.h>
+#include <VanticRestKit/lumeno/Link/LinkRoutes.h>
 #include <VanticRestKit/lumeno/Video/VideoList.h>
-#include <VanticRestKit/lumeno/Video/VideosURI.h>
-#include <VanticRestKit/lumeno/Video/VideoURI.h>
+#include <VanticRestKit/lumeno/Video/VideoRoutes.h>
 
 namespace VanticRestKit {
-
-std::string VideosURI::path() const {
-    std::string path = "v2/videos/";
-    const char* separator = "";
-    for (const std::string& houseNumber : houseNumbers) {
-        path += separator + houseNumber;
-        separator = ",";
-    }
-    return path;
-}
 
 std::optional<VanticRestKit::Resource<VanticRestKit::Video>> Endpoint::Video(VideoArguments arguments,
                                                                              const Context& context) {

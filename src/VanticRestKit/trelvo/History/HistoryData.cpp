@@ -1,12 +1,13 @@
 #include <VanticRestKit/trelvo/History/HistoryData.h>
 
 #include <VanticRestKit/platform/json/Table.h>
-#include <VanticRestKit/trelvo/Common/apiDate.h>
+#include <VanticRestKit/trelvo/Common/detail/ApiDate.h>
 
 namespace VanticRestKit {
 
 template <>
 const TypePlan& planOf<HistoryData>() {
+    using detail::apiDate;
     using namespace mapping;
     // clang-format off
     static const TypePlan& plan = object<HistoryData>(

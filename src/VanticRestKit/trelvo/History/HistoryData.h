@@ -5,7 +5,7 @@
 
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
-#include <VanticRestKit/trelvo/Common/SourceSystem.h>
+#include <VanticRestKit/trelvo/Common/RouteValues.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <concepts>

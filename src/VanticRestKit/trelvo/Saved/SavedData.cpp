@@ -1,12 +1,13 @@
 #include <VanticRestKit/trelvo/Saved/SavedData.h>
 
 #include <VanticRestKit/platform/json/Table.h>
-#include <VanticRestKit/trelvo/Common/apiDate.h>
+#include <VanticRestKit/trelvo/Common/detail/ApiDate.h>
 
 namespace VanticRestKit {
 
 template <>
 const TypePlan& planOf<SavedData>() {
+    using detail::apiDate;
     using namespace mapping;
     // clang-format off
     static const TypePlan& plan = object<SavedData>(

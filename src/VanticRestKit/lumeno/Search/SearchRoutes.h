@@ -1,0 +1,53 @@
+#pragma once
+
+/// \file
+/// The routes that find shows: `SearchURI` and `RelatedShowsURI`.
+
+#include <VanticRestKit/Core/Required.h>
+#include <VanticRestKit/platform/url/URLQueryItem.h>
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace VanticRestKit {
+
+/// Searches for a keyword, which is always sent; a channel is sent where there is one, also without characters.
+struct SearchURI {
+    struct Arguments {
+        Required<std::string> for_;
+        Required<std::optional<std::string>> channel;
+    };
+    /// `SearchURI({.for_ = "river", .channel = std::nullopt})`
+    explicit SearchURI(Arguments arguments)
+        : keyword(std::move(arguments.for_).value()), channel(std::move(arguments.channel).value()) {}
+
+    std::string keyword;
+    std::optional<std::string> channel;
+
+    std::string path() const { return "v2/search"; }
+    std::vector<URLQueryItem> queryItems() const {
+        std::vector<URLQueryItem> items{{"keyword", keyword}};
+        if (channel) items.push_back({"channel", channel});
+        return items;
+    }
+
+    friend bool operator==(const SearchURI&, const SearchURI&) = default;
+};
+
+/// Asks for the shows that are like another. An empty channel, or one without characters, is not sent.
+struct RelatedShowsURI {
+    std::string showSlug{};
+    std::optional<std::string> channel{};
+
+    std::string path() const { return "v2/related/show/" + showSlug; }
+    std::vector<URLQueryItem> queryItems() const {
+        if (!channel || channel->empty()) return {};
+        return {{"channel", channel}};
+    }
+
+    friend bool operator==(const RelatedShowsURI&, const RelatedShowsURI&) = default;
+};
+
+}  // namespace VanticRestKit

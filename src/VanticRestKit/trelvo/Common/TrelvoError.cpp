@@ -1,0 +1,72 @@
+#include <VanticRestKit/trelvo/Common/TrelvoError.h>
+
+namespace VanticRestKit {
+
+TrelvoError TrelvoError::noAuthToken(Error authError) {
+    TrelvoError made(Kind::noAuthToken);
+    made.error_ = std::move(authError);
+    return made;
+}
+
+TrelvoError TrelvoError::datasetNamespaceMismatch(std::optional<std::string> expected,
+                                                  std::optional<std::string> actual) {
+    TrelvoError made(Kind::datasetNamespaceMismatch);
+    made.expected_ = std::move(expected);
+    made.actual_ = std::move(actual);
+    return made;
+}
+
+TrelvoError TrelvoError::general(Error error) {
+    TrelvoError made(Kind::general);
+    made.error_ = std::move(error);
+    return made;
+}
+
+TrelvoError TrelvoError::unknown(std::optional<std::string> message) {
+    TrelvoError made(Kind::unknown);
+    made.message_ = std::move(message);
+    return made;
+}
+
+TrelvoError TrelvoError::datasetDoesNotExist() { return TrelvoError(Kind::datasetDoesNotExist); }
+
+TrelvoError TrelvoError::noUid() { return TrelvoError(Kind::noUid); }
+
+TrelvoError TrelvoError::accountReconsentRequired() { return TrelvoError(Kind::accountReconsentRequired); }
+
+TrelvoError TrelvoError::unableToRetrieveHistoryData() {
+    return TrelvoError(Kind::unableToRetrieveHistoryData);
+}
+
+TrelvoError TrelvoError::unableToRetrieveSavedData() { return TrelvoError(Kind::unableToRetrieveSavedData); }
+
+std::string TrelvoError::errorDescription() const {
+    switch (kind_) {
+        case Kind::noAuthToken:
+            return "No valid auth token was found.  The last call to the token endpoint produced this "
+                   "error: " +
+                   error_->localizedDescription();
+        case Kind::datasetNamespaceMismatch:
+            return "Dataset namespace mismatch. Expected: \"" + expected_.value_or("nil") + "\". Actual: \"" +
+                   actual_.value_or("nil") + "\"";
+        case Kind::general: return error_->localizedDescription();
+        case Kind::unknown: return "Unknown error: " + message_.value_or("No more information available");
+        case Kind::datasetDoesNotExist:
+            return "The requested dataset doesn't exist, either because it was deleted, or hasn't yet been "
+                   "created.";
+        case Kind::noUid: return "Got nil uid from TrelvoContext.";
+        case Kind::accountReconsentRequired:
+            return "Token request denied because account is unauthorized, likely because reconsent is "
+                   "required.";
+        case Kind::unableToRetrieveHistoryData: return "Unable to retrieve history data";
+        case Kind::unableToRetrieveSavedData: return "Unable to retrieve saved data";
+    }
+    return {};
+}
+
+const ErrorTag& TrelvoError::errorTag() {
+    static const ErrorTag tag;
+    return tag;
+}
+
+}  // namespace VanticRestKit

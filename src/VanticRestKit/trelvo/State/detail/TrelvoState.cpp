@@ -1,0 +1,72 @@
+#include <VanticRestKit/trelvo/State/detail/TrelvoState.h>
+
+#include <VanticRestKit/Core/NetworkError.h>
+#include <VanticRestKit/trelvo/Token/TokenResponse.h>
+#include <VanticRestKit/trelvo/Token/TokenRoutes.h>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+bool isUnauthorized(const LoaderError& error) {
+    if (error.kind() != LoaderError::Kind::serverError || !error.underlyingError()) return false;
+    const NetworkError* const cause = error.underlyingError()->as<NetworkError>();
+    return cause != nullptr && cause->kind() == NetworkError::Kind::httpError && cause->errorCode() == 401;
+}
+
+void keepTokens(TrelvoState& self, const Result<TokenResponse, LoaderError>& answer) {
+    if (!answer) {
+        self.authError.store(isUnauthorized(answer.error()) ? TrelvoError::accountReconsentRequired()
+                                                            : TrelvoError::noAuthToken(answer.error()));
+    } else if (answer->auth) {
+        self.auth.store(answer->auth);
+        self.authError.store(std::nullopt);
+    }
+}
+
+}  // namespace
+
+std::optional<double> TrelvoState::timeUntilAuthExpires() const {
+    const std::optional<Auth> saved = auth.load();
+    if (!saved) return std::nullopt;
+    return saved->expiry.time_since_epoch().count() - now_();
+}
+
+std::optional<DispatchGroup> TrelvoState::refreshAuth(const TrelvoContext& context) {
+    const std::optional<std::string> uid = context.uid();
+    if (!uid) return std::nullopt;
+    const std::optional<double> left = timeUntilAuthExpires();
+    if (left && *left > minSafeTimeUntilAuthExpires_) return std::nullopt;
+
+    DispatchGroup group;
+    group.enter();
+    const std::optional<Auth> saved = auth.load();
+    const TrelvoContextAuthDecorator decorator(
+        context, saved ? std::optional<std::string>(saved->refreshToken) : std::nullopt);
+    const TokenURI route{.uid = *uid, .source = decorator.source()};
+    const auto resource = Resource<TokenResponse>::make({.with = route}, decorator);
+    if (resource) {
+        resource->load({.with = [group, weak = weak_from_this()](Result<TokenResponse, LoaderError> answer) {
+            if (const std::shared_ptr<TrelvoState> self = weak.lock()) keepTokens(*self, answer);
+            group.leave();
+        }});
+    }
+    return group;
+}
+
+Result<Credentials, TrelvoError> TrelvoState::credentials(const char* operation,
+                                                          const TrelvoContext& context) {
+    std::optional<std::string> uid = context.uid();
+    if (!uid) return Failure(TrelvoError::noUid());
+    if (const std::optional<DispatchGroup> group = refreshAuth(context)) {
+        if (willWait_) willWait_(*group);
+        group->wait();
+    }
+    const std::optional<Auth> saved = auth.load();
+    if (saved) return Credentials{*std::move(uid), saved->accessToken};
+    if (std::optional<TrelvoError> error = authError.load()) return Failure(*std::move(error));
+    return Failure(TrelvoError::unknown("In Trelvo." + std::string(operation) +
+                                        "(), no saved auth data and no authError found"));
+}
+
+}  // namespace VanticRestKit::detail

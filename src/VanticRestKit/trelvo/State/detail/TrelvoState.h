@@ -1,0 +1,90 @@
+#pragma once
+
+// What a client of the user data service holds, and the way to a token that all its operations share.
+
+#include <VanticRestKit/Core/Resource.h>
+#include <VanticRestKit/platform/dispatch/DispatchGroup.h>
+#include <VanticRestKit/platform/dispatch/Replaceable.h>
+#include <VanticRestKit/platform/dispatch/UniqueFunction.h>
+#include <VanticRestKit/trelvo/Common/Auth.h>
+#include <VanticRestKit/trelvo/Common/TrelvoContextAuthDecorator.h>
+#include <VanticRestKit/trelvo/Common/TrelvoError.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace VanticRestKit::detail {
+
+/// The user and token of one operation.
+struct Credentials {
+    std::string uid;
+    std::string accessToken;
+};
+
+/// How an operation reports its outcome.
+template <class T>
+using TrelvoCompletion = UniqueFunction<void(Result<T, TrelvoError>)>;
+
+class TrelvoState : public std::enable_shared_from_this<TrelvoState> {
+public:
+    using WillWait = std::function<void(const DispatchGroup&)>;
+
+    /// `now` returns the seconds since 1970. `willWait` is called with each group that an operation is about to wait
+    /// for.
+    explicit TrelvoState(std::function<double()> now, WillWait willWait = {})
+        : now_(std::move(now)), willWait_(std::move(willWait)) {}
+
+    Replaceable<std::optional<Auth>> auth;
+    Replaceable<std::optional<TrelvoError>> authError;
+
+    /// Gets a usable token, blocking the calling thread. `operation` is named where there is neither token nor error.
+    Result<Credentials, TrelvoError> credentials(const char* operation, const TrelvoContext& context);
+
+    /// Starts a request for new tokens. Empty where the token is usable or nobody is signed in; else the group is left
+    /// when the answer has been stored. A request that cannot be built leaves it entered.
+    std::optional<DispatchGroup> refreshAuth(const TrelvoContext& context);
+
+    /// In seconds, negative once the token has expired; empty without a token.
+    std::optional<double> timeUntilAuthExpires() const;
+
+private:
+    static constexpr double minSafeTimeUntilAuthExpires_ = 5.0;
+
+    std::function<double()> now_;
+    WillWait willWait_;
+};
+
+/// Runs one operation: credentials first, then the request for an `Answer`, whose outcome `conclude` turns into the
+/// operation's. Where the request cannot be built the completion is dropped.
+template <class Answer, class Value, class MakeRoute, class Conclude>
+void runOperation(TrelvoState& state, const char* operation, const TrelvoContext& context,
+                  TrelvoCompletion<Value> completion, MakeRoute makeRoute, Conclude conclude) {
+    Result<Credentials, TrelvoError> credentials = state.credentials(operation, context);
+    if (!credentials) {
+        completion(Failure(credentials.error()));
+        return;
+    }
+    const TrelvoContextAuthDecorator decorator(context, credentials->accessToken);
+    const auto resource =
+        Resource<Answer>::make({.with = makeRoute(credentials->uid, decorator.source())}, decorator);
+    if (!resource) return;
+    resource->load(
+        {.with = [completion = std::move(completion), conclude = std::move(conclude)](
+                     Result<Answer, LoaderError> answer) mutable { completion(conclude(answer)); }});
+}
+
+/// What a failed request is for most operations.
+inline Failure<TrelvoError> generalFailure(const LoaderError& error) {
+    return Failure(TrelvoError::general(error));
+}
+
+/// Keeps the tokens of an answer, where it has some and the client is still there.
+inline void storeAuth(const std::weak_ptr<TrelvoState>& state, const std::optional<Auth>& auth) {
+    if (!auth) return;
+    if (const std::shared_ptr<TrelvoState> self = state.lock()) self->auth.store(auth);
+}
+
+}  // namespace VanticRestKit::detail

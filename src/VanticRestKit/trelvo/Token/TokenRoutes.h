@@ -1,0 +1,27 @@
+#pragma once
+
+/// \file
+/// `TokenURI`: the route to the tokens of a user.
+
+#include <VanticRestKit/platform/url/URLQueryItem.h>
+#include <VanticRestKit/trelvo/Common/RouteValues.h>
+
+#include <string>
+#include <vector>
+
+namespace VanticRestKit {
+
+/// Asks for the tokens of a user.
+struct TokenURI {
+    std::string uid{};
+    SourceSystem source{};
+
+    std::string path() const { return "v2/token"; }
+    std::vector<URLQueryItem> queryItems() const {
+        return {{"UID", uid}, {"source", std::string(rawValue(source))}};
+    }
+
+    friend bool operator==(const TokenURI&, const TokenURI&) = default;
+};
+
+}  // namespace VanticRestKit

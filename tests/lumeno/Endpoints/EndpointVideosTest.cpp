@@ -1,0 +1,115 @@
+// What is asked for pictures, videos and any href, and what becomes of the answers.
+
+#include <VanticRestKit/lumeno/Image/Image.h>
+#include <VanticRestKit/lumeno/Link/LinkEndpoints.h>
+#include <VanticRestKit/lumeno/Video/VideoList.h>
+
+#include <lumeno/Endpoints/Sent.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::answered;
+using test::FakeContext;
+using test::sent;
+
+TEST(EndpointAvatars, AsksForThePicturesOfProfiles) {
+    EXPECT_EQ(sent([](const Context& context) { return Endpoint::Avatars(context); }),
+              "GET https://api.example.test/v3/image/avatar/");
+}
+
+TEST(EndpointAvatars, IsAnsweredWithAList) {
+    const FakeContext context;
+    const auto images =
+        answered(context, Endpoint::Avatars(context), R"([{"id":1},{"id":"b","tags":["t"]}])");
+    ASSERT_TRUE(images);
+    EXPECT_EQ(*images, (std::vector<Image>{{.id = "1"}, {.id = "b", .tags = {"t"}}}));
+}
+
+TEST(EndpointAvatars, FailsToDecodeWithAnythingThatIsNoListOfObjects) {
+    for (const char* const body : {"{}", "null", "[null]", "", "[{}"}) {
+        const FakeContext context;
+        const auto images = answered(context, Endpoint::Avatars(context), body);
+        ASSERT_FALSE(images) << body;
+        EXPECT_EQ(images.error().kind(), LoaderError::Kind::failedToDecode) << body;
+    }
+}
+
+TEST(EndpointVideo, AsksByHouseNumberOrByHref) {
+    EXPECT_EQ(sent([](const Context& context) { return Endpoint::Video({.houseNumber = "ZW1"}, context); }),
+              "GET https://api.example.test/v2/video/ZW1");
+    EXPECT_EQ(
+        sent([](const Context& context) { return Endpoint::Video({.usingHref = "video/ZW1"}, context); }),
+        "GET https://api.example.test/v2/video/ZW1");
+    EXPECT_EQ(
+        sent([](const Context& context) { return Endpoint::Video({.usingHref = "any/thing"}, context); }),
+        "GET https://api.example.test/v2/any/thing");
+}
+
+TEST(EndpointVideo, IsAnsweredWithAVideo) {
+    const FakeContext context;
+    const auto video =
+        answered(context, Endpoint::Video({.houseNumber = "ZW1"}, context), R"({"id":"v","_links":{}})");
+    ASSERT_TRUE(video);
+    EXPECT_EQ(video->videoId, "v");
+}
+
+TEST(EndpointVideo, FailsToDecodeAsAnotherEntity) {
+    const FakeContext context;
+    const auto video = answered(context, Endpoint::Video({.usingHref = "show/s"}, context),
+                                R"({"_entity":"show","_links":{}})");
+    ASSERT_FALSE(video);
+    EXPECT_EQ(video.error().kind(), LoaderError::Kind::failedToDecode);
+}
+
+TEST(EndpointVideos, AsksForAllHouseNumbersAtOnce) {
+    EXPECT_EQ(sent([](const Context& context) {
+                  return Endpoint::Videos({.houseNumbers = {"a", "b"}}, context);
+              }),
+              "GET https://api.example.test/v2/videos/a,b");
+}
+
+TEST(EndpointVideos, RefusesNoListForItsLength) {
+    const FakeContext context;
+    EXPECT_TRUE(Endpoint::Videos({.houseNumbers = std::vector<std::string>{}}, context));
+}
+
+TEST(EndpointVideos, IsAnsweredWithAListOfVideos) {
+    const FakeContext context;
+    const auto list = answered(context, Endpoint::Videos({.houseNumbers = {"a", "b"}}, context),
+                               R"({"items":[{"id":"a","_links":{}},{"id":"b","_links":{}}]})");
+    ASSERT_TRUE(list);
+    ASSERT_EQ(list->videos.size(), 2U);
+    EXPECT_EQ(list->videos[1].videoId, "b");
+}
+
+TEST(EndpointResource, AsksForThePathThatTheServiceSent) {
+    EXPECT_EQ(sent([](const Context& context) {
+                  return Endpoint::Resource<Video>({.withHref = "show/x"}, context);
+              }),
+              "GET https://api.example.test/v2/show/x");
+}
+
+TEST(EndpointResource, DecodesIntoWhateverIsAskedFor) {
+    const FakeContext context;
+    const auto links = answered(context, Endpoint::Resource<std::vector<Link>>({.withHref = "x"}, context),
+                                R"([{"href":"a"},{"href":"b","title":"t"}])");
+    ASSERT_TRUE(links);
+    EXPECT_EQ(*links, (std::vector<Link>{{.href = "a"}, {.title = "t", .href = "b"}}));
+    const FakeContext other;
+    const auto number = answered(other, Endpoint::Resource<double>({.withHref = "x"}, other), "1.5");
+    ASSERT_TRUE(number);
+    EXPECT_EQ(*number, 1.5);
+}
+
+TEST(EndpointsOfVideos, AreNothingWhereTheContextMakesNoRequest) {
+    const test::NoRequestContext context;
+    EXPECT_FALSE(Endpoint::Avatars(context));
+    EXPECT_FALSE(Endpoint::Video({.houseNumber = "a"}, context));
+    EXPECT_FALSE(Endpoint::Video({.usingHref = "a"}, context));
+    EXPECT_FALSE(Endpoint::Videos({.houseNumbers = {"a"}}, context));
+    EXPECT_FALSE(Endpoint::Resource<Video>({.withHref = "a"}, context));
+}
+
+}  // namespace
+}  // namespace VanticRestKit

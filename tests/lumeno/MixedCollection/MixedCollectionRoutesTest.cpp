@@ -1,0 +1,32 @@
+#include <lumeno/Routes.h>
+#include <VanticRestKit/lumeno/MixedCollection/MixedCollectionRoutes.h>
+
+namespace VanticRestKit {
+namespace {
+
+using test::expectAGet;
+
+TEST(CollectionURI, AsksForTheHighlightItemWhereItIsWanted) {
+    expectAGet(CollectionURI({.with = "xyz", .embedHighlightItem = true}), "v2/collection/xyz",
+               {{"embed", "highlightItem"}});
+}
+
+TEST(CollectionURI, HasNoQueryItemsWhereTheHighlightItemIsNotWanted) {
+    expectAGet(CollectionURI({.with = "xyz", .embedHighlightItem = false}), "v2/collection/xyz");
+}
+
+TEST(CollectionURI, PutsTheIdBehindThePathAsItStands) {
+    expectAGet(CollectionURI({.with = "a b/../c?d=%20", .embedHighlightItem = false}),
+               "v2/collection/a b/../c?d=%20");
+    expectAGet(CollectionURI({.with = "", .embedHighlightItem = false}), "v2/collection/");
+}
+
+TEST(CollectionURI, HoldsItsArguments) {
+    const CollectionURI route({.with = "xyz", .embedHighlightItem = true});
+    EXPECT_EQ(route.collectionId, "xyz");
+    EXPECT_TRUE(route.embedHighlightItem);
+    EXPECT_NE(route, CollectionURI({.with = "xyz", .embedHighlightItem = false}));
+}
+
+}  // namespace
+}  // namespace VanticRestKit

@@ -1,0 +1,111 @@
+#include <VanticRestKit/trelvo/Common/TrelvoContextAuthDecorator.h>
+
+#include <trelvo/UserContext.h>
+
+namespace VanticRestKit::test {
+namespace {
+
+using Headers = std::map<std::string, std::string>;
+
+constexpr const char* form = "application/x-www-form-urlencoded";
+
+TEST(TrelvoContextAuthDecorator, AddsTokenAndContentTypeToTheHeadersOfItsContext) {
+    UserContext host;
+    host.headers = {{"X-Host", "1"}};
+    EXPECT_EQ(TrelvoContextAuthDecorator(host, "t").HTTPHeaderFields(),
+              (Headers{{"X-Host", "1"}, {"Authorization", "Bearer t"}, {"Content-Type", form}}));
+}
+
+TEST(TrelvoContextAuthDecorator, OverwritesTheHostsHeadersOfThoseNames) {
+    UserContext host;
+    host.headers = {{"Authorization", "Basic x"}, {"Content-Type", "application/json"}};
+    EXPECT_EQ(TrelvoContextAuthDecorator(host, "t").HTTPHeaderFields(),
+              (Headers{{"Authorization", "Bearer t"}, {"Content-Type", form}}));
+}
+
+TEST(TrelvoContextAuthDecorator, ComparesTheNamesOfHeadersExactly) {
+    UserContext host;
+    host.headers = {{"authorization", "Basic x"}};
+    EXPECT_EQ(TrelvoContextAuthDecorator(host, "t").HTTPHeaderFields(),
+              (Headers{{"authorization", "Basic x"}, {"Authorization", "Bearer t"}, {"Content-Type", form}}));
+}
+
+TEST(TrelvoContextAuthDecorator, ChangesNoHeaderWithoutAToken) {
+    UserContext host;
+    host.headers = {{"Authorization", "Basic x"}, {"Content-Type", "application/json"}};
+    EXPECT_EQ(TrelvoContextAuthDecorator(host, std::nullopt).HTTPHeaderFields(), host.headers);
+    host.headers = {};
+    EXPECT_EQ(TrelvoContextAuthDecorator(host, std::nullopt).HTTPHeaderFields(), Headers{});
+}
+
+TEST(TrelvoContextAuthDecorator, TakesATextWithoutCharactersForAToken) {
+    EXPECT_EQ(TrelvoContextAuthDecorator(UserContext(), "").HTTPHeaderFields().at("Authorization"),
+              "Bearer ");
+}
+
+TEST(TrelvoContextAuthDecorator, IsItsContextInAllElseButTheLog) {
+    UserContext host;
+    host.user = "somebody";
+    host.timeout = 3;
+    host.base = "https://other.example.test/x";
+    host.log = [](const Error&) {};
+    const TrelvoContextAuthDecorator decorator(host, "t");
+    EXPECT_EQ(decorator.bearerToken(), "t");
+    EXPECT_EQ(&decorator.decoratedContext(), &host);
+    EXPECT_EQ(decorator.uid(), "somebody");
+    EXPECT_EQ(decorator.source(), SourceSystem::lumeno);
+    EXPECT_EQ(decorator.baseURL(), host.baseURL());
+    EXPECT_EQ(decorator.requestTimeout(), 3.0);
+    EXPECT_TRUE(host.logError());
+    EXPECT_FALSE(decorator.logError()) << "the log stays with nobody";
+    host.user = std::nullopt;
+    EXPECT_EQ(decorator.uid(), std::nullopt);
+}
+
+TEST(TrelvoContextAuthDecorator, HandsOnWhatItIsAskedToBuildUnchanged) {
+    class Recording final : public UserContext {
+    public:
+        std::optional<URLRequest> generateURLRequest(URLRequestArguments arguments) const override {
+            EXPECT_EQ(arguments.usingPath.value(), "p");
+            EXPECT_EQ(arguments.queryItems.value(), (std::vector<URLQueryItem>{{"a", "1"}}));
+            EXPECT_EQ(arguments.additionalHTTPHeaders.value(), (Headers{{"H", "v"}}));
+            EXPECT_EQ(arguments.httpMethod.value(), "PATCH");
+            EXPECT_EQ(arguments.timeout.value(), 9.0);
+            EXPECT_EQ(arguments.andPostData.value(), Data("body"));
+            ++calls;
+            return UserContext::generateURLRequest(std::move(arguments));
+        }
+        mutable int calls = 0;
+    };
+    const Recording host;
+    const auto request = TrelvoContextAuthDecorator(host, "t").generateURLRequest(
+        {.usingPath = "p",
+         .queryItems = {{"a", "1"}},
+         .additionalHTTPHeaders = Headers{{"H", "v"}},
+         .httpMethod = "PATCH",
+         .timeout = 9.0,
+         .andPostData = Data("body")});
+    EXPECT_EQ(host.calls, 1);
+    ASSERT_TRUE(request);
+    EXPECT_EQ(request->allHTTPHeaderFields(), (Headers{{"H", "v"}}))
+        << "its own headers are not asked for here";
+}
+
+TEST(TrelvoContextAuthDecorator, TakesItsServiceFromItsContext) {
+    class Recording final : public UserContext {
+    public:
+        std::shared_ptr<Serviceable> service(ServiceArguments arguments) const override {
+            EXPECT_EQ(arguments.withURLRequest.value().url()->absoluteString(), "https://x.test/");
+            return made;
+        }
+        std::shared_ptr<Serviceable> made =
+            NetworkServiceble::make({.with = *URL::make("https://y.test/"), .logError = LogError()});
+    };
+    const Recording host;
+    EXPECT_EQ(TrelvoContextAuthDecorator(host, "t").service(
+                  {.withURLRequest = URLRequest(*URL::make("https://x.test/"))}),
+              host.made);
+}
+
+}  // namespace
+}  // namespace VanticRestKit::test

@@ -1,0 +1,56 @@
+// What a 404 is to the operations that take it differently.
+
+#include <VanticRestKit/trelvo/Dataset/detail/DatasetOperations.h>
+
+#include <trelvo/Client.h>
+
+namespace VanticRestKit::test {
+namespace {
+
+using Kind = TrelvoError::Kind;
+using Containers = std::vector<DatasetContainer>;
+
+class TrelvoNotFound : public Client {
+protected:
+    TrelvoNotFound() { saveGoodTokens(); }
+    /// Answers the only request so far with a 404 and gives what became of its operation.
+    Outcome notFound() {
+        session->answer(0, reply(404, "{}"));
+        return outcomes.only();
+    }
+};
+
+TEST_F(TrelvoNotFound, OnGetDatasetIsDatasetDoesNotExist) {
+    detail::getDataset(state(), {.namespace_ = "ns", .includePrivateData = false, .includeFamilyData = false},
+                       context, completion<Containers>(outcomes.completed()));
+    EXPECT_TRUE(notFound().is(Kind::datasetDoesNotExist));
+}
+
+TEST_F(TrelvoNotFound, OnUpdateDatasetIsGeneral) {
+    detail::updateDataset(state(), "ns", {}, context, completion<DatasetContainer>(outcomes.completed()));
+    const Outcome outcome = notFound();
+    EXPECT_TRUE(outcome.is(Kind::general)) << outcome;
+    EXPECT_EQ(outcome.code(), 404);
+}
+
+TEST_F(TrelvoNotFound, OnDeleteDatasetIsGeneral) {
+    detail::deleteDataset(state(), "ns", context, completion<void>(outcomes.completed()));
+    const Outcome outcome = notFound();
+    EXPECT_TRUE(outcome.is(Kind::general)) << outcome;
+    EXPECT_EQ(outcome.code(), 404);
+}
+
+TEST_F(TrelvoNotFound, OnDeleteHistoryIsASuccess) {
+    trelvo->deleteHistory({.completionHandler = completion<void>(outcomes.completed())}, context);
+    EXPECT_EQ(notFound().text(), "success");
+}
+
+TEST_F(TrelvoNotFound, OnDeleteShowIsGeneral) {
+    trelvo->deleteShow({.showId = 42, .completionHandler = completion<void>(outcomes.completed())}, context);
+    const Outcome outcome = notFound();
+    EXPECT_TRUE(outcome.is(Kind::general)) << outcome;
+    EXPECT_EQ(outcome.code(), 404);
+}
+
+}  // namespace
+}  // namespace VanticRestKit::test
