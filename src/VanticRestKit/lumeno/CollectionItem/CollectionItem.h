@@ -109,8 +109,8 @@ private:
         : table_(&table), entity_(std::move(entity)) {}
 
     template <CollectionItemMember Member>
-    typename detail::RuleOf<Member>::Type get() const {
-        typename detail::RuleOf<Member>::Type value{};
+    detail::TypeOf<Member> get() const {
+        detail::TypeOf<Member> value{};
         const auto getter = table_->getters[static_cast<std::size_t>(Member)];
         if (getter != nullptr) getter(entity_.get(), &value);
         return value;

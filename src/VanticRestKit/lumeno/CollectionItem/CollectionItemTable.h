@@ -64,89 +64,55 @@ inline constexpr std::size_t collectionItemMembers = 36;
 
 namespace detail {
 
-using Text = std::optional<std::string>;
-using Number = std::optional<std::uint64_t>;
-
-/// The type of a member, and whether an entity must give it.
-template <class T, bool Needed>
-struct MemberRule {
-    using Type = T;
-    static constexpr bool isNeeded = Needed;
-};
+/// The type of a member, as a `std::type_identity`.
 template <CollectionItemMember M>
-struct RuleOf;
-template <>
-struct RuleOf<CollectionItemMember::selfHref> : MemberRule<Text, true> {};
-template <>
-struct RuleOf<CollectionItemMember::deeplinkHref> : MemberRule<Text, true> {};
-template <>
-struct RuleOf<CollectionItemMember::title> : MemberRule<Text, true> {};
-template <>
-struct RuleOf<CollectionItemMember::displayTitle> : MemberRule<Text, true> {};
-template <>
-struct RuleOf<CollectionItemMember::thumbnail> : MemberRule<Text, true> {};
-template <>
-struct RuleOf<CollectionItemMember::showTitle> : MemberRule<Text, true> {};
-template <>
-struct RuleOf<CollectionItemMember::showId> : MemberRule<Number, true> {};
-template <>
-struct RuleOf<CollectionItemMember::playableVideo> : MemberRule<std::optional<DirectPlayableVideo>, true> {};
-template <>
-struct RuleOf<CollectionItemMember::subtype> : MemberRule<std::optional<LumenoSubtype>, false> {};
-template <>
-struct RuleOf<CollectionItemMember::status> : MemberRule<std::optional<Status>, false> {};
-template <>
-struct RuleOf<CollectionItemMember::captionsAvailable> : MemberRule<bool, false> {};
-template <>
-struct RuleOf<CollectionItemMember::classification> : MemberRule<Text, false> {};
-template <>
-struct RuleOf<CollectionItemMember::kickerTitle> : MemberRule<Text, true> {};
-template <>
-struct RuleOf<CollectionItemMember::displaySubtitle> : MemberRule<Text, false> {};
-template <>
-struct RuleOf<CollectionItemMember::seriesTitle> : MemberRule<Text, false> {};
-template <>
-struct RuleOf<CollectionItemMember::houseNumber> : MemberRule<Text, false> {};
-template <>
-struct RuleOf<CollectionItemMember::duration> : MemberRule<Number, false> {};
-template <>
-struct RuleOf<CollectionItemMember::displayDuration> : MemberRule<Text, false> {};
-template <>
-struct RuleOf<CollectionItemMember::displayDurationAccessible> : MemberRule<Text, false> {};
-template <>
-struct RuleOf<CollectionItemMember::availability> : MemberRule<Text, false> {};
-template <>
-struct RuleOf<CollectionItemMember::portraitThumbnail> : MemberRule<Text, false> {};
-template <>
-struct RuleOf<CollectionItemMember::portraitTitledThumbnail> : MemberRule<Text, false> {};
-template <>
-struct RuleOf<CollectionItemMember::episodePortraitThumbnail> : MemberRule<Text, false> {};
-template <>
-struct RuleOf<CollectionItemMember::character1Thumbnail> : MemberRule<Text, false> {};
-template <>
-struct RuleOf<CollectionItemMember::character2Thumbnail> : MemberRule<Text, false> {};
-template <>
-struct RuleOf<CollectionItemMember::updated> : MemberRule<std::optional<Date>, false> {};
-template <>
-struct RuleOf<CollectionItemMember::description> : MemberRule<Text, false> {};
-template <>
-struct RuleOf<CollectionItemMember::episodeCount> : MemberRule<Number, false> {};
-template <>
-struct RuleOf<CollectionItemMember::slug> : MemberRule<Text, false> {};
-template <>
-struct RuleOf<CollectionItemMember::broadcastInfo> : MemberRule<Text, false> {};
-template <>
-struct RuleOf<CollectionItemMember::categoryLinks> : MemberRule<std::vector<Link>, false> {};
-template <>
-struct RuleOf<CollectionItemMember::tags> : MemberRule<std::vector<std::string>, true> {};
-template <>
-struct RuleOf<CollectionItemMember::showHref> : MemberRule<Text, true> {};
-template <>
-struct RuleOf<CollectionItemMember::channel> : MemberRule<Text, true> {};
-template <>
-struct RuleOf<CollectionItemMember::channelTitle> : MemberRule<Text, true> {};
-template <>
-struct RuleOf<CollectionItemMember::derivedShowSlug> : MemberRule<Text, true> {};
+consteval auto typeOf() {
+    using enum CollectionItemMember;
+    if constexpr (M == showId || M == duration || M == episodeCount) {
+        return std::type_identity<std::optional<std::uint64_t>>();
+    } else if constexpr (M == playableVideo) {
+        return std::type_identity<std::optional<DirectPlayableVideo>>();
+    } else if constexpr (M == subtype) {
+        return std::type_identity<std::optional<LumenoSubtype>>();
+    } else if constexpr (M == status) {
+        return std::type_identity<std::optional<Status>>();
+    } else if constexpr (M == captionsAvailable) {
+        return std::type_identity<bool>();
+    } else if constexpr (M == updated) {
+        return std::type_identity<std::optional<Date>>();
+    } else if constexpr (M == categoryLinks) {
+        return std::type_identity<std::vector<Link>>();
+    } else if constexpr (M == tags) {
+        return std::type_identity<std::vector<std::string>>();
+    } else {
+        return std::type_identity<std::optional<std::string>>();
+    }
+}
+
+template <CollectionItemMember M>
+using TypeOf = typename decltype(typeOf<M>())::type;
+
+/// Whether an entity must give a member, which then has no default.
+constexpr bool isNeeded(CollectionItemMember member) {
+    using enum CollectionItemMember;
+    switch (member) {
+        case selfHref:
+        case deeplinkHref:
+        case title:
+        case displayTitle:
+        case thumbnail:
+        case showTitle:
+        case showId:
+        case playableVideo:
+        case kickerTitle:
+        case tags:
+        case showHref:
+        case channel:
+        case channelTitle:
+        case derivedShowSlug: return true;
+        default: return false;
+    }
+}
 
 }  // namespace detail
 
@@ -171,7 +137,7 @@ const CollectionItemTable& collectionItemTable();
 template <CollectionItemMember Member, auto Source>
 struct own {
     static constexpr CollectionItemMember member = Member;
-    using Type = typename detail::RuleOf<Member>::Type;
+    using Type = detail::TypeOf<Member>;
 
     static void get(const void* entity, void* value);
 };
@@ -190,8 +156,7 @@ inline void aMemberWithoutDefaultIsMissing() {}
 
 template <std::size_t... Is>
 constexpr bool allNeededAreIn(const CollectionItemTable& table, std::index_sequence<Is...>) {
-    return ((!RuleOf<static_cast<CollectionItemMember>(Is)>::isNeeded || table.getters[Is] != nullptr) &&
-            ...);
+    return ((!isNeeded(static_cast<CollectionItemMember>(Is)) || table.getters[Is] != nullptr) && ...);
 }
 
 }  // namespace detail
