@@ -10,6 +10,7 @@ import unittest
 import formatting
 import headers
 import layers
+import names
 import reference
 import texts
 from library import OURS
@@ -56,6 +57,8 @@ class Tree(unittest.TestCase):
         path.write_text(text, encoding="utf-8")
 
     def faults(self, rule):
+        if rule in names.RULES:
+            return list(rule(Sources(self.folder), self.folder / "tests"))
         if rule in headers.RULES:
             return headers.judge(self.folder, COMPILER, rule)[1]
         return list(rule(Sources(self.folder)))
@@ -111,6 +114,21 @@ class Tree(unittest.TestCase):
 
     def test_includes_by_relative_name_are_refused(self):
         self.assert_breaks(layers.includes_name_the_library, "Core/X.cpp", '#include "Context.h"\n')
+
+    def test_a_source_without_a_header_of_its_name_is_refused(self):
+        self.write("lumeno/Link/Link.cpp", "")
+        self.write("lumeno/Link/LinkEndpoints.cpp", "")
+        self.assert_breaks(names.sources_lie_beside_their_headers, "lumeno/Link/Other.cpp", "")
+
+    def test_a_test_named_after_no_source_of_its_folder_is_refused(self):
+        self.write("tests/lumeno/Link/LinkFieldsTest.cpp", "")
+        self.write("tests/lumeno/Link/Rules.cpp", "")
+        self.assert_breaks(names.tests_are_named_after_what_they_test, "tests/lumeno/Link/VideoTest.cpp", "")
+
+    def test_tests_in_a_file_not_called_test_are_refused(self):
+        self.assert_breaks(
+            names.tests_are_named_after_what_they_test, "tests/lumeno/Link/Link.cpp", "\nTEST(Link, IsRead) {}\n"
+        )
 
     def test_heavy_standard_headers_are_refused_in_public_headers(self):
         self.assert_breaks(texts.public_headers_include_no_heavy_header, "Core/X.h", "#include <thread>\n")
