@@ -1,4 +1,6 @@
+#include <VanticRestKit/platform/http/detail/BrotliDecoder.h>
 #include <VanticRestKit/platform/http/detail/ContentDecoder.h>
+#include <VanticRestKit/platform/http/detail/Inflater.h>
 
 #include <gtest/gtest.h>
 #include <support/Codings.h>

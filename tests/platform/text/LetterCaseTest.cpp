@@ -1,5 +1,5 @@
 #include <gtest/gtest.h>
-#include <VanticRestKit/platform/text/detail/Utf8.h>
+#include <VanticRestKit/platform/text/detail/UTF8.h>
 #include <VanticRestKit/platform/text/LetterCase.h>
 
 #include <string>
@@ -51,7 +51,7 @@ TEST(EqualsLowercased, AgreesWithLowercasedOnEveryCharacter) {
     for (char32_t code = 0; code <= 0x10FFFF; ++code) {
         if (code >= 0xD800 && code <= 0xDFFF) continue;
         std::string text;
-        detail::appendUtf8(text, code);
+        detail::appendUTF8(text, code);
         const std::string lowered = lowercased(text);
         const bool ascii = lowered.size() == 1 && static_cast<unsigned char>(lowered[0]) < 0x80;
         ASSERT_EQ(equalsLowercased(text, lowered), ascii) << "U+" << std::hex << static_cast<unsigned>(code);

@@ -1,47 +1,11 @@
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/text/detail/Unicode.h>
-#include <VanticRestKit/platform/text/detail/Utf8.h>
+#include <VanticRestKit/platform/text/detail/UTF8.h>
 
 #include <string>
 
 namespace VanticRestKit::detail {
 namespace {
-
-TEST(Utf8, EveryCharacterComesBackFromItsBytes) {
-    for (char32_t code = 0; code <= 0x10FFFF; ++code) {
-        if (code >= 0xD800 && code <= 0xDFFF) continue;
-        std::string text;
-        appendUtf8(text, code);
-        const Utf8Character read = firstCharacter(text);
-        ASSERT_EQ(read.code, code);
-        ASSERT_EQ(read.length, text.size());
-    }
-}
-
-TEST(Utf8, RefusesOverlongFormsSurrogatesAndWhatLiesBeyondUnicode) {
-    for (const char* text : {"\xC0\x80", "\xE0\x80\x80", "\xF0\x80\x80\x80", "\xED\xA0\x80", "\xED\xBF\xBF",
-                             "\xF4\x90\x80\x80", "\xF8\x88\x80\x80\x80", "\x80", "\xFF"}) {
-        EXPECT_EQ(firstCharacter(text).length, 0u);
-    }
-}
-
-TEST(Utf8, RefusesWhatBeginsWithAByteThatBeginsNothing) {
-    for (int first = 0x80; first < 0x100; ++first) {
-        if (first >= 0xC0 && first < 0xF8) continue;
-        for (const char* others : {"\x80\x80\x80", "\x90\x80\x80", "\xBF\xBF\xBF"}) {
-            const std::string text =
-                static_cast<char>(static_cast<unsigned char>(first)) + std::string(others);
-            EXPECT_EQ(firstCharacter(text).length, 0u) << first;
-        }
-    }
-}
-
-TEST(Utf8, RefusesACharacterThatIsCutOff) {
-    const std::string text = "\U0001F600";
-    for (std::size_t length = 0; length < text.size(); ++length) {
-        EXPECT_EQ(firstCharacter(std::string_view(text).substr(0, length)).length, 0u);
-    }
-}
 
 TEST(Unicode, KnowsTheDigitsOfOtherScripts) {
     EXPECT_EQ(decimalDigit(U'0'), 0);

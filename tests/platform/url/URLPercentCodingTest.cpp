@@ -1,6 +1,5 @@
 #include <VanticRestKit/platform/url/detail/PathRules.h>
 #include <VanticRestKit/platform/url/detail/PercentCoding.h>
-#include <VanticRestKit/platform/url/detail/UTF8.h>
 
 #include <gtest/gtest.h>
 
@@ -59,27 +58,6 @@ TEST(URLPercentCoding, EscapesThatAreKeptStayAsTheyAreWritten) {
 TEST(URLPercentCoding, TextThatDecodesToNoTextStaysEncoded) {
     EXPECT_EQ(decodedText("%41%C3"), "%41%C3");
     EXPECT_EQ(decodedText("%41%C3%A9"), "A\xC3\xA9");
-}
-
-TEST(URLUTF8, TextOfEveryLengthIsUTF8) {
-    EXPECT_TRUE(isUTF8(""));
-    EXPECT_TRUE(isUTF8("a\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF"));
-    EXPECT_TRUE(isUTF8("\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"));
-}
-
-TEST(URLUTF8, WhatIsCutShortOverlongASurrogateOrTooLargeIsNot) {
-    for (const char* bytes : {"\x80", "\xC3",
-                              "\xC3"
-                              "a",
-                              "\xC0\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xE2\x82",
-                              "\xE2\x82"
-                              "a",
-                              "\xED\xA0\x80", "\xF0\x8F\xBF\xBF", "\xF0\x90\x80",
-                              "\xF0\x90\x80"
-                              "a",
-                              "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFF"}) {
-        EXPECT_FALSE(isUTF8(bytes)) << testing::PrintToString(std::string(bytes));
-    }
 }
 
 TEST(URLPathRules, DotSegmentsAreApplied) {

@@ -2,7 +2,7 @@
 #include <VanticRestKit/platform/date/detail/DateReader.h>
 #include <VanticRestKit/platform/date/DeviceDate.h>
 #include <VanticRestKit/platform/text/detail/Unicode.h>
-#include <VanticRestKit/platform/text/detail/Utf8.h>
+#include <VanticRestKit/platform/text/detail/UTF8.h>
 
 namespace VanticRestKit {
 
@@ -12,7 +12,7 @@ namespace {
 std::size_t lengthOfDigits(std::string_view text) {
     std::size_t length = 0;
     while (true) {
-        const detail::Utf8Character next = detail::firstCharacter(text.substr(length));
+        const detail::UTF8Character next = detail::firstCharacter(text.substr(length));
         if (next.length == 0 || detail::decimalDigit(next.code) < 0) return length;
         length += next.length;
     }

@@ -1,24 +1,10 @@
-#include <VanticRestKit/platform/http/detail/HeaderName.h>
-#include <VanticRestKit/platform/http/HTTPURLResponse.h>
 #include <VanticRestKit/platform/http/URLResponse.h>
-
-#include <utility>
 
 namespace VanticRestKit {
 
+// The destructor is defined here so that the class has its table of virtual functions in one place.
 URLResponse::~URLResponse() = default;
 
 const HTTPURLResponse* URLResponse::asHTTP() const noexcept { return nullptr; }
-
-HTTPURLResponse::HTTPURLResponse(std::optional<URL> url, std::int64_t statusCode, HeaderFields headerFields)
-    : URLResponse(std::move(url)), statusCode_(statusCode), headerFields_(std::move(headerFields)) {}
-
-HTTPURLResponse::~HTTPURLResponse() = default;
-
-std::optional<std::string> HTTPURLResponse::value(std::string_view name) const {
-    const auto found = detail::findHeader(headerFields_, name);
-    if (found == headerFields_.end()) return std::nullopt;
-    return found->second;
-}
 
 }  // namespace VanticRestKit

@@ -1,14 +1,14 @@
+#include <VanticRestKit/platform/http/URLSession.h>
+
+#include <VanticRestKit/platform/http/curl/detail/CurlTransport.h>
 #include <VanticRestKit/platform/http/detail/Transfer.h>
 #include <VanticRestKit/platform/http/detail/Transport.h>
 #include <VanticRestKit/platform/http/detail/URLErrors.h>
-#include <VanticRestKit/platform/http/URLSession.h>
 #include <VanticRestKit/platform/result/Result.h>
 
 #include <utility>
 
 namespace VanticRestKit {
-
-detail::Transport::~Transport() = default;
 
 URLSessionDataTask::URLSessionDataTask(std::shared_ptr<detail::Transport> transport,
                                        std::shared_ptr<detail::Transfer> transfer)
@@ -25,7 +25,7 @@ void URLSessionDataTask::cancel() {
         transport_->cancel(transfer_);
     } else if (transfer_->cancelUnstarted()) {
         transport_->delegateQueue().async([transfer = transfer_] {
-            const detail::Fault fault{URLErrorCode::cancelled};
+            const detail::TransportFault fault{URLErrorCode::cancelled};
             transfer->complete({.error = detail::makeURLError(fault, transfer->request().url())});
         });
     }
@@ -36,7 +36,7 @@ std::shared_ptr<URLSession> URLSession::make(URLSessionConfiguration configurati
 }
 
 URLSession::URLSession(URLSessionConfiguration configuration)
-    : configuration_(std::move(configuration)), transport_(detail::makeTransport(configuration_)) {}
+    : configuration_(std::move(configuration)), transport_(detail::makeCurlTransport(configuration_)) {}
 
 URLSession::~URLSession() = default;
 

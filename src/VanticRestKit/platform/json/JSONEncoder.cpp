@@ -1,7 +1,8 @@
 #include <VanticRestKit/platform/json/JSONEncoder.h>
 
-#include <VanticRestKit/platform/json/detail/Scanner.h>
 #include <VanticRestKit/platform/json/ValueText.h>
+#include <VanticRestKit/platform/text/detail/Hex.h>
+#include <VanticRestKit/platform/text/detail/UTF8.h>
 
 #include <cmath>
 
@@ -10,7 +11,6 @@ namespace VanticRestKit {
 namespace {
 
 void appendEscaped(std::string& text, char c) {
-    static constexpr char digits[] = "0123456789abcdef";
     switch (c) {
         case '"': text += "\\\""; return;
         case '\\': text += "\\\\"; return;
@@ -22,14 +22,12 @@ void appendEscaped(std::string& text, char c) {
         case '\t': text += "\\t"; return;
         default: break;
     }
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte >= 0x20) {
+    if (static_cast<unsigned char>(c) >= 0x20) {
         text += c;
         return;
     }
     text += "\\u00";
-    text += digits[byte >> 4];
-    text += digits[byte & 0xF];
+    detail::appendHex(text, c, detail::lowerHexDigits);
 }
 
 std::string quoted(std::string_view text) {
@@ -65,7 +63,7 @@ void JSONObjectWriter::beginMember(std::string_view key) {
 }
 
 void JSONObjectWriter::quote(std::string_view key, std::string_view text) {
-    if (!fault_ && !json::isUTF8(text)) fault_ = EncodingError(std::string(key), "The text is not UTF-8.");
+    if (!fault_ && !detail::isUTF8(text)) fault_ = EncodingError(std::string(key), "The text is not UTF-8.");
     text_ += quoted(text);
 }
 

@@ -1,5 +1,5 @@
 #include <VanticRestKit/platform/text/detail/Unicode.h>
-#include <VanticRestKit/platform/text/detail/Utf8.h>
+#include <VanticRestKit/platform/text/detail/UTF8.h>
 #include <VanticRestKit/platform/text/LetterCase.h>
 
 namespace VanticRestKit {
@@ -19,7 +19,7 @@ std::string lowercased(std::string_view text) {
     std::string lowered;
     lowered.reserve(text.size());
     while (!text.empty()) {
-        const detail::Utf8Character character = detail::firstCharacter(text);
+        const detail::UTF8Character character = detail::firstCharacter(text);
         if (character.length == 0) {
             lowered += text.front();
             text.remove_prefix(1);
@@ -28,7 +28,7 @@ std::string lowercased(std::string_view text) {
         if (character.code == dottedCapitalI) {
             lowered += dottedSmallI;
         } else {
-            detail::appendUtf8(lowered, detail::lowerCase(character.code));
+            detail::appendUTF8(lowered, detail::lowerCase(character.code));
         }
         text.remove_prefix(character.length);
     }

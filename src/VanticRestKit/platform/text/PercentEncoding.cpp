@@ -1,5 +1,6 @@
+#include <VanticRestKit/platform/text/detail/Hex.h>
 #include <VanticRestKit/platform/text/detail/Unicode.h>
-#include <VanticRestKit/platform/text/detail/Utf8.h>
+#include <VanticRestKit/platform/text/detail/UTF8.h>
 #include <VanticRestKit/platform/text/PercentEncoding.h>
 
 #include <algorithm>
@@ -13,12 +14,9 @@ bool isKept(char32_t code) {
 }
 
 void appendEncoded(std::string& encoded, std::string_view bytes) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    for (const char next : bytes) {
-        const auto byte = static_cast<unsigned char>(next);
+    for (const char byte : bytes) {
         encoded += '%';
-        encoded += digits[byte >> 4];
-        encoded += digits[byte & 0x0Fu];
+        detail::appendHex(encoded, byte, detail::upperHexDigits);
     }
 }
 
@@ -28,7 +26,7 @@ std::string paramsEncoded(std::string_view text) {
     std::string encoded;
     encoded.reserve(text.size());
     while (!text.empty()) {
-        const detail::Utf8Character character = detail::firstCharacter(text);
+        const detail::UTF8Character character = detail::firstCharacter(text);
         const std::string_view bytes = text.substr(0, std::max<std::size_t>(character.length, 1));
         if (character.length != 0 && isKept(character.code)) {
             encoded += bytes;

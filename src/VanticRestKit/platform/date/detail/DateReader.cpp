@@ -1,6 +1,6 @@
 #include <VanticRestKit/platform/date/detail/DateReader.h>
 #include <VanticRestKit/platform/text/detail/Unicode.h>
-#include <VanticRestKit/platform/text/detail/Utf8.h>
+#include <VanticRestKit/platform/text/detail/UTF8.h>
 
 #include <chrono>
 
@@ -90,7 +90,7 @@ int DateReader::takeDigit() noexcept {
         return next - '0';
     }
     if (static_cast<unsigned char>(next) < 0x80) return -1;
-    const Utf8Character character = firstCharacter(rest_);
+    const UTF8Character character = firstCharacter(rest_);
     const int digit = character.length == 0 ? -1 : decimalDigit(character.code);
     if (digit >= 0) rest_.remove_prefix(character.length);
     return digit;

@@ -21,14 +21,14 @@ void BodyCollector::expect(std::optional<std::uint64_t> length, Decoding decodin
     body_.reserve(static_cast<std::size_t>(std::min(plain, mostReserved)) + Data::padding);
 }
 
-std::optional<Fault> BodyCollector::add(std::string_view piece) {
+std::optional<TransportFault> BodyCollector::add(std::string_view piece) {
     received_ += piece.size();
     std::string between;
     for (std::size_t i = 0; i < decoders_.size(); ++i) {
         const bool isLast = i + 1 == decoders_.size();
         std::string plain;
         if (!decoders_[i]->decode(piece, isLast ? body_ : plain)) {
-            return Fault{URLErrorCode::cannotDecodeContentData, "The coding of the body is broken."};
+            return TransportFault{URLErrorCode::cannotDecodeContentData, "The coding of the body is broken."};
         }
         between = std::move(plain);
         piece = between;
@@ -37,11 +37,11 @@ std::optional<Fault> BodyCollector::add(std::string_view piece) {
     return std::nullopt;
 }
 
-std::optional<Fault> BodyCollector::finish() const {
+std::optional<TransportFault> BodyCollector::finish() const {
     const bool ended = std::all_of(decoders_.begin(), decoders_.end(),
                                    [](const auto& decoder) { return decoder->hasEnded(); });
     if (received_ == 0 || ended) return std::nullopt;
-    return Fault{URLErrorCode::cannotDecodeContentData, "The body ends before its coding does."};
+    return TransportFault{URLErrorCode::cannotDecodeContentData, "The body ends before its coding does."};
 }
 
 Data BodyCollector::take() { return Data(std::move(body_)); }

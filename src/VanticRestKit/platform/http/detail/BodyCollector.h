@@ -24,10 +24,10 @@ public:
     void expect(std::optional<std::uint64_t> length, Decoding decoding);
 
     /// Takes the next piece. What is wrong with it, if anything is.
-    std::optional<Fault> add(std::string_view piece);
+    std::optional<TransportFault> add(std::string_view piece);
 
     /// Whether the body ended where its coding does. A body without any byte is no coded one.
-    std::optional<Fault> finish() const;
+    std::optional<TransportFault> finish() const;
 
     /// The body; once.
     Data take();

@@ -1,4 +1,4 @@
-#include <VanticRestKit/platform/http/detail/ContentDecoder.h>
+#include <VanticRestKit/platform/http/detail/BrotliDecoder.h>
 
 #include <brotli/decode.h>
 #include <array>

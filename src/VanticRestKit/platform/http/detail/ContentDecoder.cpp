@@ -1,5 +1,8 @@
 #include <VanticRestKit/platform/http/detail/ContentDecoder.h>
+
+#include <VanticRestKit/platform/http/detail/BrotliDecoder.h>
 #include <VanticRestKit/platform/http/detail/HeaderName.h>
+#include <VanticRestKit/platform/http/detail/Inflater.h>
 
 #include <utility>
 

@@ -29,15 +29,6 @@ public:
     virtual bool hasEnded() const = 0;
 };
 
-/// Undoes gzip, also where several gzip files follow each other.
-std::unique_ptr<ContentDecoder> makeGzipDecoder();
-
-/// Undoes deflate, with the zlib header that it should have or without, as some servers send it.
-std::unique_ptr<ContentDecoder> makeDeflateDecoder();
-
-/// Undoes br.
-std::unique_ptr<ContentDecoder> makeBrotliDecoder();
-
 /// What a Content-Encoding asks for.
 struct Decoding {
     /// In the order in which they are to be applied to the body. Empty: the body is plain.

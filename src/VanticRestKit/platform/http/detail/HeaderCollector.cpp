@@ -17,7 +17,7 @@ void HeaderCollector::add(std::string_view line) {
     while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.remove_suffix(1);
     size_ += line.size();
     if (size_ > largestHead && !fault_) {
-        fault_ = Fault{URLErrorCode::cannotParseResponse, "The headers of the answer have no end."};
+        fault_ = TransportFault{URLErrorCode::cannotParseResponse, "The headers of the answer have no end."};
     }
     if (place_ == Place::before) {
         if (line.starts_with("HTTP/")) begin(line);
@@ -70,11 +70,11 @@ void HeaderCollector::readLength(std::string_view value) {
         std::uint64_t length = 0;
         const auto [end, error] = std::from_chars(item.data(), item.data() + item.size(), length);
         if (item.empty() || error != std::errc() || end != item.data() + item.size()) {
-            fault_ =
-                Fault{URLErrorCode::cannotParseResponse, "The Content-Length of the answer is no number."};
+            fault_ = TransportFault{URLErrorCode::cannotParseResponse,
+                                    "The Content-Length of the answer is no number."};
         } else if (contentLength_ && *contentLength_ != length) {
-            fault_ =
-                Fault{URLErrorCode::cannotParseResponse, "The answer has two different Content-Lengths."};
+            fault_ = TransportFault{URLErrorCode::cannotParseResponse,
+                                    "The answer has two different Content-Lengths."};
         } else {
             contentLength_ = length;
         }

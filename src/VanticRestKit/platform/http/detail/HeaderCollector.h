@@ -26,7 +26,7 @@ public:
     bool isComplete() const noexcept { return place_ == Place::behind; }
 
     /// What is wrong with the lines so far; empty if nothing is.
-    const std::optional<Fault>& fault() const noexcept { return fault_; }
+    const std::optional<TransportFault>& fault() const noexcept { return fault_; }
 
     std::int64_t status() const noexcept { return status_; }
     /// Whether the answer came over a protocol that carries several answers at once on one connection.
@@ -55,7 +55,7 @@ private:
     std::string* last_ = nullptr;
     std::optional<std::string> location_;
     std::optional<std::uint64_t> contentLength_;
-    std::optional<Fault> fault_;
+    std::optional<TransportFault> fault_;
     std::size_t size_ = 0;
 };
 

@@ -1,4 +1,4 @@
-#include <VanticRestKit/platform/http/detail/ContentDecoder.h>
+#include <VanticRestKit/platform/http/detail/Inflater.h>
 
 #include <zlib.h>
 #include <algorithm>

@@ -46,18 +46,18 @@ const std::string& OriginMemo::of(const URL& url) {
     return origin_;
 }
 
-std::optional<Fault> whyUnusable(const URLRequest& request) {
-    if (!request.url()) return Fault{URLErrorCode::badURL, "The request has no URL."};
+std::optional<TransportFault> whyUnusable(const URLRequest& request) {
+    if (!request.url()) return TransportFault{URLErrorCode::badURL, "The request has no URL."};
     const URL& url = *request.url();
     if (!isSecure(url) && !sameHeaderName(url.scheme().value_or(""), "http")) {
-        return Fault{URLErrorCode::unsupportedURL, "The URL's scheme is neither http nor https."};
+        return TransportFault{URLErrorCode::unsupportedURL, "The URL's scheme is neither http nor https."};
     }
-    if (!url.host()) return Fault{URLErrorCode::badURL, "The URL has no host."};
+    if (!url.host()) return TransportFault{URLErrorCode::badURL, "The URL has no host."};
     if (const auto port = url.port(); port && (*port < 1 || *port > largestPort)) {
-        return Fault{URLErrorCode::badURL, "The URL's port is none."};
+        return TransportFault{URLErrorCode::badURL, "The URL's port is none."};
     }
     if (!isToken(request.httpMethod().value_or("GET"))) {
-        return Fault{URLErrorCode::badURL, "The request's method is no token."};
+        return TransportFault{URLErrorCode::badURL, "The request's method is no token."};
     }
     return std::nullopt;
 }

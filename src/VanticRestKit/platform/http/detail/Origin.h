@@ -26,7 +26,7 @@ bool beginsWith(const URL& url, std::string_view beginning);
 bool isSecure(const URL& url);
 
 /// Why `request` cannot be sent; empty where it can.
-std::optional<Fault> whyUnusable(const URLRequest& request);
+std::optional<TransportFault> whyUnusable(const URLRequest& request);
 
 /// Remembers the last origin that a request can be sent to: most of the URLs that follow have the same, and
 /// then nothing has to be read again. For one thread.

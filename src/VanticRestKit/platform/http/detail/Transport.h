@@ -5,7 +5,6 @@
 
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/http/detail/Transfer.h>
-#include <VanticRestKit/platform/http/URLSessionConfiguration.h>
 
 #include <memory>
 
@@ -18,7 +17,7 @@ public:
     Transport() = default;
     Transport(const Transport&) = delete;
     Transport& operator=(const Transport&) = delete;
-    virtual ~Transport();
+    virtual ~Transport() = default;
 
     /// Runs `transfer` and completes it on the delegate queue.
     virtual void start(std::shared_ptr<Transfer> transfer) = 0;
@@ -29,8 +28,5 @@ public:
     /// Where transfers are completed.
     virtual const DispatchQueue& delegateQueue() const = 0;
 };
-
-/// The transport over libcurl.
-std::shared_ptr<Transport> makeTransport(const URLSessionConfiguration& configuration);
 
 }  // namespace VanticRestKit::detail

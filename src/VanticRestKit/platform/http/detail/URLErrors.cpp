@@ -28,7 +28,7 @@ std::string_view urlErrorDescription(URLErrorCode code) {
     return "unknown error";
 }
 
-Error makeURLError(const Fault& fault, const std::optional<URL>& url,
+Error makeURLError(const TransportFault& fault, const std::optional<URL>& url,
                    const std::optional<Error>& underlying) {
     Dictionary userInfo;
     userInfo.emplace(NSLocalizedDescriptionKey, urlErrorDescription(fault.code));

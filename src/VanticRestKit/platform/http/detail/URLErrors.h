@@ -21,13 +21,13 @@ std::string_view urlErrorDescription(URLErrorCode code);
 
 /// What went wrong, before it is an error: the code, and one sentence about this case, empty if there is
 /// none.
-struct Fault {
+struct TransportFault {
     URLErrorCode code = URLErrorCode::unknown;
     std::string reason{};
 };
 
 /// The error of `fault` at `url`, caused by `underlying` if that is there.
-Error makeURLError(const Fault& fault, const std::optional<URL>& url,
+Error makeURLError(const TransportFault& fault, const std::optional<URL>& url,
                    const std::optional<Error>& underlying = std::nullopt);
 
 }  // namespace VanticRestKit::detail

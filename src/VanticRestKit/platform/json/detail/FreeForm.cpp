@@ -1,5 +1,6 @@
 #include <VanticRestKit/platform/json/detail/FreeForm.h>
 
+#include <VanticRestKit/platform/json/detail/Number.h>
 #include <VanticRestKit/platform/json/detail/Scanner.h>
 
 #include <optional>

@@ -1,4 +1,4 @@
-#include <VanticRestKit/platform/json/detail/Scanner.h>
+#include <VanticRestKit/platform/json/detail/Number.h>
 
 #include <charconv>
 #include <limits>

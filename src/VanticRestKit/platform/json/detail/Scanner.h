@@ -143,9 +143,6 @@ inline StringToken scanString(const char* quote, const char* end) noexcept {
 /// surrogate, a raw control character, invalid UTF-8. The view is of the document or of `scratch`.
 std::optional<std::string_view> unescape(const StringToken& token, std::string& scratch);
 
-/// Whether the bytes are UTF-8.
-bool isUTF8(std::string_view bytes) noexcept;
-
 /// Behind the number token that begins at `at`; it is judged only where it is read.
 inline const char* scanNumber(const char* at) noexcept {
     while ((*at >= '0' && *at <= '9') || *at == '-' || *at == '+' || *at == '.' || *at == 'e' || *at == 'E')
@@ -161,10 +158,5 @@ const char* scanLiteral(const char* at, const char* end) noexcept;
 /// Behind the value that begins at `at`, its structure validated whatever it holds; null where it is broken
 /// or where arrays and objects would lie deeper than the limit. `depth` is how deep `at` lies already.
 const char* skipValue(const char* at, const char* end, std::size_t depth) noexcept;
-
-/// The number that a token spells. Empty where the token is no number of that kind.
-std::optional<std::uint64_t> readUnsigned(const char* from, const char* to) noexcept;
-std::optional<std::int64_t> readInteger(const char* from, const char* to) noexcept;
-std::optional<double> readNumber(const char* from, const char* to) noexcept;
 
 }  // namespace VanticRestKit::json

@@ -1,5 +1,6 @@
 #include <VanticRestKit/platform/json/detail/ValueReader.h>
 
+#include <VanticRestKit/platform/json/detail/Number.h>
 #include <VanticRestKit/platform/json/detail/Scanner.h>
 #include <VanticRestKit/platform/json/detail/StoreText.h>
 

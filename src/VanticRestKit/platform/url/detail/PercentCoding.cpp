@@ -1,5 +1,7 @@
 #include <VanticRestKit/platform/url/detail/PercentCoding.h>
-#include <VanticRestKit/platform/url/detail/UTF8.h>
+
+#include <VanticRestKit/platform/text/detail/Hex.h>
+#include <VanticRestKit/platform/text/detail/UTF8.h>
 
 #include <algorithm>
 #include <array>
@@ -33,14 +35,6 @@ constexpr std::array<std::uint8_t, 256> holders = [] {
     return table;
 }();
 
-/// The value of a hexadecimal digit; -1 for another byte.
-int valueOf(char digit) noexcept {
-    if (digit >= '0' && digit <= '9') return digit - '0';
-    if (digit >= 'A' && digit <= 'F') return digit - 'A' + 10;
-    if (digit >= 'a' && digit <= 'f') return digit - 'a' + 10;
-    return -1;
-}
-
 }  // namespace
 
 bool mayHold(URLCharacters part, char byte) noexcept {
@@ -48,8 +42,8 @@ bool mayHold(URLCharacters part, char byte) noexcept {
 }
 
 bool isEscape(std::string_view text, std::size_t at) noexcept {
-    return text.size() - at >= 3 && text[at] == '%' && valueOf(text[at + 1]) >= 0 &&
-           valueOf(text[at + 2]) >= 0;
+    return text.size() - at >= 3 && text[at] == '%' && hexValue(text[at + 1]) >= 0 &&
+           hexValue(text[at + 2]) >= 0;
 }
 
 bool isEncoded(std::string_view text, URLCharacters part) noexcept {
@@ -60,16 +54,13 @@ bool isEncoded(std::string_view text, URLCharacters part) noexcept {
 }
 
 void appendEncoded(std::string& out, std::string_view text, URLCharacters part) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
     for (const char c : text) {
         if (mayHold(part, c)) {
             out += c;
             continue;
         }
-        const auto byte = static_cast<unsigned char>(c);
         out += '%';
-        out += digits[byte >> 4];
-        out += digits[byte & 15];
+        appendHex(out, c, upperHexDigits);
     }
 }
 
@@ -79,7 +70,7 @@ std::string decodedBytes(std::string_view text, std::string_view kept) {
     std::size_t at = 0;
     while (at < text.size()) {
         if (isEscape(text, at)) {
-            const char byte = static_cast<char>(valueOf(text[at + 1]) * 16 + valueOf(text[at + 2]));
+            const char byte = static_cast<char>(hexValue(text[at + 1]) * 16 + hexValue(text[at + 2]));
             if (kept.find(byte) == std::string_view::npos) {
                 out += byte;
                 at += 3;

@@ -34,8 +34,8 @@ std::size_t onBody(char* bytes, std::size_t size, std::size_t count, void* user)
         return attempt.forgotten > mostForgotten ? 0 : piece.size();
     }
     if (attempt.hasUnknownCoding) {
-        attempt.fault =
-            Fault{URLErrorCode::cannotDecodeRawData, "The body has a coding that is not known here."};
+        attempt.fault = TransportFault{URLErrorCode::cannotDecodeRawData,
+                                       "The body has a coding that is not known here."};
         return 0;
     }
     attempt.fault = attempt.body.add(piece);
@@ -53,8 +53,8 @@ int onProgress(void* user, curl_off_t, curl_off_t, curl_off_t, curl_off_t upload
 int onReadyToSend(void* user, char* remoteAddress, char* localAddress, int remotePort, int localPort) {
     Attempt& attempt = attemptOf(user);
     if (attempt.sendings > 0 && attempt.exchange.request().httpMethod() != "GET") {
-        attempt.fault = Fault{URLErrorCode::networkConnectionLost,
-                              "The connection was dead already, and only a GET may be sent again."};
+        attempt.fault = TransportFault{URLErrorCode::networkConnectionLost,
+                                       "The connection was dead already, and only a GET may be sent again."};
         return CURL_PREREQFUNC_ABORT;
     }
     ++attempt.sendings;

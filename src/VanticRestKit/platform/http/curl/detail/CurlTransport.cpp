@@ -1,8 +1,9 @@
+#include <VanticRestKit/platform/http/curl/detail/CurlTransport.h>
+
 #include <VanticRestKit/platform/dispatch/detail/Thread.h>
 #include <VanticRestKit/platform/http/curl/detail/ExitGate.h>
 #include <VanticRestKit/platform/http/curl/detail/Inbox.h>
 #include <VanticRestKit/platform/http/curl/detail/IoLoop.h>
-#include <VanticRestKit/platform/http/detail/Transport.h>
 #include <VanticRestKit/platform/http/detail/URLErrors.h>
 
 #include <utility>
@@ -48,7 +49,8 @@ private:
         for (Inbox::Message& message : messages) {
             if (message.kind != Inbox::Message::Kind::start) continue;
             delegateQueue_.async([transfer = std::move(message.transfer)] {
-                const Fault fault{URLErrorCode::unknown, "The system has no thread for the transport."};
+                const TransportFault fault{URLErrorCode::unknown,
+                                           "The system has no thread for the transport."};
                 transfer->complete({.error = makeURLError(fault, transfer->request().url())});
             });
         }
@@ -61,7 +63,7 @@ private:
 
 }  // namespace
 
-std::shared_ptr<Transport> makeTransport(const URLSessionConfiguration& configuration) {
+std::shared_ptr<Transport> makeCurlTransport(const URLSessionConfiguration& configuration) {
     return std::make_shared<CurlTransport>(configuration);
 }
 

@@ -97,7 +97,7 @@ struct Attempt {
     bool wasRefusedToTheLast() const { return sendings > mostResendings && head.status() == 0; }
 
     /// What we found wrong, in place of what libcurl says.
-    std::optional<Fault> fault;
+    std::optional<TransportFault> fault;
 
     /// How often libcurl was about to send the request; more than once where a pooled connection was dead, or a new
     /// one took fewer requests at once than went out on it.

@@ -200,7 +200,7 @@ void IoLoop::succeed(Exchange& exchange) {
     end(exchange, std::move(outcome));
 }
 
-void IoLoop::fail(Exchange& exchange, const Fault& fault, const std::optional<Error>& underlying) {
+void IoLoop::fail(Exchange& exchange, const TransportFault& fault, const std::optional<Error>& underlying) {
     Outcome outcome;
     outcome.error = makeURLError(fault, exchange.request().url(), underlying);
     if (exchange.attempt && exchange.attempt->hasHead) {

@@ -14,7 +14,6 @@
 #include <VanticRestKit/platform/http/detail/Admission.h>
 #include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
 #include <VanticRestKit/platform/http/detail/Origin.h>
-#include <VanticRestKit/platform/http/detail/SessionStorage.h>
 #include <VanticRestKit/platform/http/URLSessionConfiguration.h>
 
 #include <curl/curl.h>
@@ -58,7 +57,8 @@ private:
     void goAgain(Exchange& exchange);
     void follow(Exchange& exchange);
     void succeed(Exchange& exchange);
-    void fail(Exchange& exchange, const Fault& fault, const std::optional<Error>& underlying = std::nullopt);
+    void fail(Exchange& exchange, const TransportFault& fault,
+              const std::optional<Error>& underlying = std::nullopt);
     void timeOutIdle();
     bool movedUnseen(Exchange& exchange);
     void release(Exchange& exchange);
@@ -79,7 +79,6 @@ private:
     OriginMemo origins_;
     SuspectConnections suspects_;
     StreamResets resets_;
-    [[maybe_unused]] SessionStorage storage_;
     Exchanges exchanges_;
     std::vector<Ended> ended_;
     std::vector<Inbox::Message> messages_;

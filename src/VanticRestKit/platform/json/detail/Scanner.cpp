@@ -1,45 +1,25 @@
 #include <VanticRestKit/platform/json/detail/Scanner.h>
 
+#include <VanticRestKit/platform/json/detail/Skipper.h>
+#include <VanticRestKit/platform/text/detail/Hex.h>
+#include <VanticRestKit/platform/text/detail/UTF8.h>
+
+#include <cstring>
+
 namespace VanticRestKit::json {
 
 namespace {
-
-int hexDigit(char c) {
-    if (c >= '0' && c <= '9') return c - '0';
-    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-    return -1;
-}
 
 /// The four hexadecimal digits at `at`, or nothing.
 std::optional<std::uint32_t> hexUnit(const char* at, const char* end) {
     if (end - at < 4) return std::nullopt;
     std::uint32_t unit = 0;
     for (int i = 0; i < 4; ++i) {
-        const int digit = hexDigit(at[i]);
+        const int digit = detail::hexValue(at[i]);
         if (digit < 0) return std::nullopt;
         unit = unit << 4 | static_cast<std::uint32_t>(digit);
     }
     return unit;
-}
-
-void appendUTF8(std::string& text, std::uint32_t point) {
-    const auto put = [&text](std::uint32_t byte) { text.push_back(static_cast<char>(byte)); };
-    if (point < 0x80) {
-        put(point);
-    } else if (point < 0x800) {
-        put(0xC0 | point >> 6);
-        put(0x80 | (point & 0x3F));
-    } else if (point < 0x10000) {
-        put(0xE0 | point >> 12);
-        put(0x80 | (point >> 6 & 0x3F));
-        put(0x80 | (point & 0x3F));
-    } else {
-        put(0xF0 | point >> 18);
-        put(0x80 | (point >> 12 & 0x3F));
-        put(0x80 | (point >> 6 & 0x3F));
-        put(0x80 | (point & 0x3F));
-    }
 }
 
 bool isHighSurrogate(std::uint32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
@@ -51,13 +31,13 @@ const char* appendUnicodeEscape(const char* at, const char* end, std::string& te
     if (!first || isLowSurrogate(*first)) return nullptr;
     at += 4;
     if (!isHighSurrogate(*first)) {
-        appendUTF8(text, *first);
+        detail::appendUTF8(text, *first);
         return at;
     }
     if (end - at < 6 || at[0] != '\\' || at[1] != 'u') return nullptr;
     const std::optional<std::uint32_t> second = hexUnit(at + 2, end);
     if (!second || !isLowSurrogate(*second)) return nullptr;
-    appendUTF8(text, 0x10000 + ((*first - 0xD800) << 10) + (*second - 0xDC00));
+    detail::appendUTF8(text, 0x10000 + ((*first - 0xD800) << 10) + (*second - 0xDC00));
     return at + 6;
 }
 
@@ -76,39 +56,11 @@ char plainEscape(char letter) {
     }
 }
 
-std::size_t sequenceLength(unsigned char lead) {
-    if (lead < 0x80) return 1;
-    if (lead >= 0xC2 && lead <= 0xDF) return 2;
-    if (lead >= 0xE0 && lead <= 0xEF) return 3;
-    if (lead >= 0xF0 && lead <= 0xF4) return 4;
-    return 0;
-}
-
-/// The second byte is where overlong forms, surrogates and points beyond Unicode show.
-bool secondByteFits(unsigned char lead, unsigned char second) {
-    switch (lead) {
-        case 0xE0: return second >= 0xA0;
-        case 0xED: return second <= 0x9F;
-        case 0xF0: return second >= 0x90;
-        case 0xF4: return second <= 0x8F;
-        default: return true;
-    }
-}
-
 }  // namespace
 
-bool isUTF8(std::string_view bytes) noexcept {
-    const auto byte = [bytes](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
-    for (std::size_t at = 0; at < bytes.size();) {
-        const std::size_t length = sequenceLength(byte(at));
-        if (length == 0 || at + length > bytes.size()) return false;
-        for (std::size_t i = 1; i < length; ++i) {
-            if ((byte(at + i) & 0xC0) != 0x80) return false;
-        }
-        if (length > 1 && !secondByteFits(byte(at), byte(at + 1))) return false;
-        at += length;
-    }
-    return true;
+const char* documentStart(const char* begin, const char* end) noexcept {
+    if (end - begin >= 3 && std::memcmp(begin, "\xEF\xBB\xBF", 3) == 0) begin += 3;
+    return skipSpace(begin);
 }
 
 StringToken scanUnusualString(const char* inside, const char* at, const char* end) noexcept {
@@ -125,7 +77,7 @@ StringToken scanUnusualString(const char* inside, const char* at, const char* en
 
 std::optional<std::string_view> unescape(const StringToken& token, std::string& scratch) {
     const std::string_view raw(token.inside, static_cast<std::size_t>(token.close - token.inside));
-    if (!isUTF8(raw)) return std::nullopt;
+    if (!detail::isUTF8(raw)) return std::nullopt;
     bool hasEscapes = false;
     for (const char c : raw) {
         if (static_cast<unsigned char>(c) < 0x20) return std::nullopt;
@@ -148,6 +100,27 @@ std::optional<std::string_view> unescape(const StringToken& token, std::string& 
         }
     }
     return scratch;
+}
+
+const char* scanLiteral(const char* at, const char* end) noexcept {
+    using namespace std::string_view_literals;
+    for (const std::string_view literal : {"true"sv, "false"sv, "null"sv}) {
+        if (*at != literal.front()) continue;
+        const auto left = static_cast<std::size_t>(end - at);
+        if (left < literal.size() || std::memcmp(at, literal.data(), literal.size()) != 0) return nullptr;
+        return at + literal.size();
+    }
+    return nullptr;
+}
+
+const char* skipValue(const char* at, const char* end, std::size_t depth) noexcept {
+    if (*at == '"') {
+        const StringToken token = scanString(at, end);
+        return token.close == nullptr ? nullptr : token.close + 1;
+    }
+    if (startsNumber(*at)) return scanNumber(at);
+    if (*at != '{' && *at != '[') return scanLiteral(at, end);
+    return Skipper<Unobserved>(at, end, depth, {}).run();
 }
 
 }  // namespace VanticRestKit::json

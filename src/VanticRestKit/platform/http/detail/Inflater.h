@@ -1,0 +1,18 @@
+#pragma once
+
+/// \file
+/// Decodes the content codings `gzip` and `deflate`.
+
+#include <VanticRestKit/platform/http/detail/ContentDecoder.h>
+
+#include <memory>
+
+namespace VanticRestKit::detail {
+
+/// A decoder of one `gzip` body, which may be several gzip files one after the other.
+std::unique_ptr<ContentDecoder> makeGzipDecoder();
+
+/// A decoder of one `deflate` body, with the zlib header that it should have or without, as some servers send it.
+std::unique_ptr<ContentDecoder> makeDeflateDecoder();
+
+}  // namespace VanticRestKit::detail
