@@ -42,7 +42,7 @@ public:
     void fill(E& entity, S& object) const {
         object.members([&](std::string_view key, S value) {
             const std::uint8_t place = keys_.find(key);
-            if (place != KeyTable::none) rows_[place].read(entity, value);
+            if (place != mapping::KeyTable::none) rows_[place].read(entity, value);
         });
     }
 
@@ -54,7 +54,7 @@ private:
     }
 
     std::vector<PeerRow<E, S>> rows_;
-    KeyTable keys_;
+    mapping::KeyTable keys_;
 };
 
 /// `get()` gives the table of an entity; specialised in `PeerVideo.h`.

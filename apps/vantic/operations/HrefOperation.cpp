@@ -19,10 +19,11 @@ struct Document {
 
 template <>
 const VanticRestKit::TypePlan& VanticRestKit::planOf<vantic::Document>() {
-    static const TypePlan plan{
-        .kind = ValueKind::attempted, .name = "Document", .attempt = [](std::string_view json, void* value) {
-            static_cast<vantic::Document*>(value)->json = Data(json);
-        }};
+    static const TypePlan plan{.kind = mapping::ValueKind::attempted,
+                               .name = "Document",
+                               .attempt = [](std::string_view json, void* value) {
+                                   static_cast<vantic::Document*>(value)->json = Data(json);
+                               }};
     return plan;
 }
 

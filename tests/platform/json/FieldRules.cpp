@@ -10,6 +10,8 @@ namespace VanticRestKit::test {
 
 namespace {
 
+using namespace mapping;
+
 using nlohmann::ordered_json;
 
 void addUnreadKeys(const ObjectPlan& plan, const std::string& before, std::vector<std::string>& paths) {

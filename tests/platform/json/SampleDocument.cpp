@@ -10,6 +10,8 @@ namespace VanticRestKit::test {
 
 namespace {
 
+using namespace mapping;
+
 /// A text that the type is made from: the raw text of some case, or a date in some form.
 std::string convertible(const TypePlan& type) {
     alignas(std::max_align_t) std::byte value[256] = {};

@@ -39,15 +39,6 @@ std::string quoted(std::string_view text) {
 
 }  // namespace
 
-const ErrorTag& EncodingError::errorTag() {
-    static const ErrorTag tag;
-    return tag;
-}
-
-std::string EncodingError::localizedDescription() const {
-    return "The data couldn\u2019t be written because it isn\u2019t in the correct format.";
-}
-
 JSONObjectWriter::JSONObjectWriter(std::string& text, std::optional<EncodingError>& fault)
     : text_(text), fault_(fault) {
     text_ += '{';

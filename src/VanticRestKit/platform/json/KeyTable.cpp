@@ -7,7 +7,7 @@
 #include <string>
 #include <utility>
 
-namespace VanticRestKit {
+namespace VanticRestKit::mapping {
 
 KeyTable::KeyTable(std::vector<std::string_view> keys) : keys_(std::move(keys)) {
     const std::size_t buckets = std::bit_ceil(std::max<std::size_t>(2, keys_.size() * 4));
@@ -41,4 +41,4 @@ KeyTable::KeyTable(std::vector<std::string_view> keys) : keys_(std::move(keys)) 
     }
 }
 
-}  // namespace VanticRestKit
+}  // namespace VanticRestKit::mapping

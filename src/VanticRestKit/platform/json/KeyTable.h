@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace VanticRestKit {
+namespace VanticRestKit::mapping {
 
 /// A perfect hash over the keys of one object: the seed is searched for when the table is made, so that no
 /// two keys share a bucket.
@@ -66,4 +66,4 @@ private:
     std::vector<std::string_view> keys_;
 };
 
-}  // namespace VanticRestKit
+}  // namespace VanticRestKit::mapping

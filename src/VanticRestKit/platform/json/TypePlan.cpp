@@ -6,7 +6,7 @@
 #include <cstring>
 #include <utility>
 
-namespace VanticRestKit {
+namespace VanticRestKit::mapping {
 
 namespace {
 
@@ -171,4 +171,4 @@ void setDefaults(const ObjectPlan& plan, void* entity) {
     });
 }
 
-}  // namespace VanticRestKit
+}  // namespace VanticRestKit::mapping

@@ -16,7 +16,7 @@
 #include <string_view>
 #include <vector>
 
-namespace VanticRestKit {
+namespace VanticRestKit::mapping {
 
 struct ObjectPlan;
 struct ListPlan;
@@ -230,5 +230,13 @@ void resetFields(const ObjectPlan& plan, void* entity);
 
 /// Gives the fields with a default of their own that default.
 void setDefaults(const ObjectPlan& plan, void* entity);
+
+}  // namespace VanticRestKit::mapping
+
+namespace VanticRestKit {
+
+// What hosts name: the plan that their tables become, and the word of a row that a `Fault` gives.
+using mapping::Presence;
+using mapping::TypePlan;
 
 }  // namespace VanticRestKit

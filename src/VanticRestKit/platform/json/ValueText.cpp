@@ -12,6 +12,8 @@ namespace VanticRestKit {
 
 namespace {
 
+using namespace mapping;  // the plans
+
 /// "2020-01-02T03:04:05.25Z", or the seconds since 1970 where the year has not four digits.
 std::string dateText(Date date) {
     const double seconds = date.time_since_epoch().count();

@@ -15,6 +15,8 @@
 
 namespace VanticRestKit::json {
 
+using namespace mapping;  // the plans
+
 class DiagnosingEngine {
 public:
     enum class Report { error, everything };

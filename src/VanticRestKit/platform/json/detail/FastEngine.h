@@ -15,6 +15,8 @@
 
 namespace VanticRestKit::json {
 
+using namespace mapping;  // the plans
+
 class FastEngine : private ValueReader {
 public:
     explicit FastEngine(const Data& document);

@@ -9,6 +9,8 @@
 
 namespace VanticRestKit::json {
 
+using namespace mapping;  // the plans
+
 /// "string", "number", "boolean", "null", "object" or "array": the JSON type of the value at `at`.
 std::string_view foundAt(const char* at) noexcept;
 

@@ -8,6 +8,8 @@
 
 namespace VanticRestKit::json {
 
+using namespace mapping;  // the plans
+
 /// What reading a value came to. An unfit value is still ahead; a broken document ends everything.
 enum class Fit : std::uint8_t { fits, unfit, broken };
 
