@@ -1,7 +1,7 @@
 #include "Output.h"
 
 #include <VanticRestKit/platform/json/ValueText.h>
-#include <VanticRestKit/platform/text/detail/Utf8.h>
+#include <VanticRestKit/platform/text/detail/UTF8.h>
 
 #include <algorithm>
 #include <cstdio>

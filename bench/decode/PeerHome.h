@@ -95,7 +95,7 @@ struct PeerTableOf<Category, S> {
 /// What a parsed document holds.
 template <class T, class S>
 T valueOf(S root) {
-    const DeviceZoneHold zone;
+    const detail::DeviceZoneHold zone;
     T value{};
     readInto(value, root);
     return value;

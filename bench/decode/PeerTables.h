@@ -8,7 +8,7 @@
 //     std::string_view entity()                // what an object says it is
 // A field that does not get a value stays as it is, which is all that documents without faults need.
 
-#include <VanticRestKit/platform/date/DeviceDate.h>
+#include <VanticRestKit/platform/date/detail/DeviceDate.h>
 #include <VanticRestKit/platform/json/FieldAccess.h>
 #include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/KeyTable.h>
@@ -97,7 +97,7 @@ void readInto(std::optional<std::uint64_t>& field, S& value) {
 template <class S>
 void readInto(std::optional<Date>& field, S& value) {
     std::string_view text;
-    if (value.text(text)) field = deviceDate(text);
+    if (value.text(text)) field = detail::deviceDate(text);
 }
 
 template <class T, class S>

@@ -8,8 +8,6 @@
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/date/DateFormatter.h>
-#include <VanticRestKit/platform/date/DeviceDate.h>
-#include <VanticRestKit/platform/date/ISO8601DateFormatter.h>
 #include <VanticRestKit/platform/dispatch/DispatchGroup.h>
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/dispatch/DispatchWorkItem.h>
@@ -44,25 +42,19 @@
 #include <VanticRestKit/platform/publisher/AnyPublisher.h>
 #include <VanticRestKit/platform/publisher/Cancellable.h>
 #include <VanticRestKit/platform/publisher/Gate.h>
-#include <VanticRestKit/platform/publisher/Never.h>
 #include <VanticRestKit/platform/publisher/PublisherSteps.h>
 #include <VanticRestKit/platform/publisher/Subscriber.h>
 #include <VanticRestKit/platform/result/Result.h>
-#include <VanticRestKit/platform/text/CaseCompare.h>
-#include <VanticRestKit/platform/text/LetterCase.h>
-#include <VanticRestKit/platform/text/PercentEncoding.h>
 #include <VanticRestKit/platform/url/URL.h>
 #include <VanticRestKit/platform/url/URLComponents.h>
 #include <VanticRestKit/platform/url/URLQueryItem.h>
 
 #include <VanticRestKit/Core/Context.h>
-#include <VanticRestKit/Core/ErrorBridge.h>
 #include <VanticRestKit/Core/FailableCodable.h>
 #include <VanticRestKit/Core/HrefURI.h>
 #include <VanticRestKit/Core/Loader.h>
 #include <VanticRestKit/Core/LoaderCore.h>
 #include <VanticRestKit/Core/LoaderError.h>
-#include <VanticRestKit/Core/LogError.h>
 #include <VanticRestKit/Core/lumenoSDKError.h>
 #include <VanticRestKit/Core/NetworkActivityCounter.h>
 #include <VanticRestKit/Core/NetworkError.h>

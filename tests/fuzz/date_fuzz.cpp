@@ -2,8 +2,7 @@
 // The first byte of an input picks the device's zone, the rest is the text.
 
 #include <VanticRestKit/platform/date/DateFormatter.h>
-#include <VanticRestKit/platform/date/DeviceDate.h>
-#include <VanticRestKit/platform/date/ISO8601DateFormatter.h>
+#include <VanticRestKit/platform/date/detail/DeviceDate.h>
 
 #include <cmath>
 #include <cstdint>
@@ -19,7 +18,7 @@ namespace {
 
 using VanticRestKit::apiDateFormatter;
 using VanticRestKit::Date;
-using VanticRestKit::deviceDate;
+using VanticRestKit::detail::deviceDate;
 
 void require(bool holds, const char* rule) {
     if (holds) return;
@@ -59,7 +58,7 @@ std::optional<Date> readInUtc(std::string clockText) {
 void readByDevice(std::string_view text) {
     const std::optional<Date> date = deviceDate(text);
     requireSensible(date);
-    const VanticRestKit::DeviceZoneHold hold;
+    const VanticRestKit::detail::DeviceZoneHold hold;
     require(deviceDate(text) == date, "a held zone is the same zone");
     if (!date) return;
     const std::string shown = shownByClocks(*date);

@@ -12,6 +12,7 @@ import headers
 import layers
 import names
 import reference
+import shape
 import texts
 from library import OURS
 from sources import Sources, code_only
@@ -115,20 +116,10 @@ class Tree(unittest.TestCase):
     def test_includes_by_relative_name_are_refused(self):
         self.assert_breaks(layers.includes_name_the_library, "Core/X.cpp", '#include "Context.h"\n')
 
-    def test_a_source_without_a_header_of_its_name_is_refused(self):
-        self.write("lumeno/Link/Link.cpp", "")
-        self.write("lumeno/Link/LinkEndpoints.cpp", "")
-        self.assert_breaks(names.sources_lie_beside_their_headers, "lumeno/Link/Other.cpp", "")
-
     def test_a_test_named_after_no_source_of_its_folder_is_refused(self):
         self.write("tests/lumeno/Link/LinkFieldsTest.cpp", "")
         self.write("tests/lumeno/Link/Rules.cpp", "")
         self.assert_breaks(names.tests_are_named_after_what_they_test, "tests/lumeno/Link/VideoTest.cpp", "")
-
-    def test_tests_in_a_file_not_called_test_are_refused(self):
-        self.assert_breaks(
-            names.tests_are_named_after_what_they_test, "tests/lumeno/Link/Link.cpp", "\nTEST(Link, IsRead) {}\n"
-        )
 
     def test_heavy_standard_headers_are_refused_in_public_headers(self):
         self.assert_breaks(texts.public_headers_include_no_heavy_header, "Core/X.h", "#include <thread>\n")
@@ -186,6 +177,64 @@ class Tree(unittest.TestCase):
         self.assertEqual([], formatting.badly_formatted(self.folder / "top", "clang-format-14"))
         self.write("top/src/X.h", "int  x ;\n")
         self.assertNotEqual([], formatting.badly_formatted(self.folder / "top", "clang-format-14"))
+
+    def test_a_source_without_a_header_is_found(self):
+        self.write("Core/ContextFrames.cpp", "")
+        self.write("lumeno/Link/LinkEndpoints.cpp", "")
+        self.write("lumeno/Video/AllEndpoints.cpp", "")
+        self.write("platform/http/curl/Easy.h", "#pragma once\n")
+        self.assert_breaks(shape.sources_lie_beside_their_headers, "Core/Contextual.cpp", "")
+
+    def test_a_header_in_another_folder_is_not_beside_its_source(self):
+        self.write("platform/http/curl/Easy.h", "#pragma once\n")
+        self.assert_breaks(shape.sources_lie_beside_their_headers, "platform/http/detail/Easy.cpp", "")
+
+    def test_a_member_of_a_class_of_another_header_is_found(self):
+        self.write("Core/Context.h", "#pragma once\nclass VRK_EXPORT Context {\n    struct Part { Part(); };\n};\nclass Other;\n")
+        self.write(
+            "Core/Context.cpp",
+            "namespace other::inner {\nstruct Mine { ~Mine(); };\nMine::~Mine() {}\n}\n"
+            "int Context::size() { return Other::size(); }\nContext::Part::Part() {}\nbool inner::isOdd(int n) { return n % 2; }\n",
+        )
+        self.write("lumeno/Link/LinkEndpoints.cpp", "std::optional<Resource<Link>>\nEndpoint::Link(Arguments) {}\n")
+        self.assert_breaks(shape.members_are_defined_beside_their_class, "Core/ContextMore.cpp", "Other::~Other() = default;\n")
+
+    def test_an_endpoint_is_defined_in_a_source_of_endpoints(self):
+        self.assert_breaks(shape.members_are_defined_beside_their_class, "lumeno/Link/Link.cpp", "Link Endpoint::Link(int) {}\n")
+
+    def test_a_fragment_is_found(self):
+        for file in Sources(self.folder).files:
+            self.write(str(file), "\n" * 15)
+        self.write("lumeno/Link/LinkEndpoints.cpp", "\n")
+        self.write("Visibility.h", "\n")
+        self.assert_breaks(shape.no_file_is_a_fragment, "Core/Context.h", "\n" * 14)
+
+    def test_a_reason_that_is_needed_no_more_is_found(self):
+        for file in Sources(self.folder).files:
+            self.write(str(file), "\n" * 15)
+        self.write("Visibility.h", "\n")
+        self.assert_breaks(shape.no_file_is_a_fragment, "Visibility.h", "\n" * 15)
+
+    def test_a_test_that_is_not_named_as_one_is_found(self):
+        sound = {
+            "ATest.cpp": "TEST(A, IsFound) {}\n",
+            "Support.cpp": "// TEST(\n",
+            "a_test.py": "unittest.main()\n",
+            "program.py": "import unittest\n",
+        }
+        broken = {
+            "A.cpp": "TEST_F(A, IsFound) {}\n",
+            "BTest.cpp": "int b;\n",
+            "b.py": "if x:\n    unittest.main()\n",
+            "c_test.py": "pass\n",
+        }
+        for file, text in sound.items():
+            self.write("tests/" + file, text)
+        for file, text in broken.items():
+            self.assertEqual([], list(shape.tests_are_named_as_tests(self.folder / "tests")))
+            self.write("tests/" + file, text)
+            self.assertNotEqual([], list(shape.tests_are_named_as_tests(self.folder / "tests")))
+            (self.folder / "tests" / file).unlink()
 
     def test_what_is_ours_among_symbols(self):
         for name in ("_ZN13VanticRestKit3URL4makeE", "_ZNK13VanticRestKit3URL4pathEv", "_ZTVN13VanticRestKit7ContextE"):

@@ -3,7 +3,7 @@
 /// \file
 /// `Context`: the host's configuration of a service.
 
-#include <VanticRestKit/Core/LogError.h>
+#include <VanticRestKit/Core/NetworkError.h>
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/http/URLRequest.h>

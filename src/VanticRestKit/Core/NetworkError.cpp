@@ -1,5 +1,5 @@
-#include <VanticRestKit/Core/ErrorBridge.h>
 #include <VanticRestKit/Core/NetworkError.h>
+
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
 
 #include <utility>
@@ -126,6 +126,15 @@ Dictionary NetworkError::errorUserInfo() const {
     keep("http_method", request_ ? request_->httpMethod() : std::nullopt);
     if (kind_ == Kind::requestFailed) userInfo.merge(underlyingErrorUserinfo(*underlyingError_));
     return userInfo;
+}
+
+NSError underlyingNSError(const Error& error) { return NSError(error); }
+
+Dictionary underlyingErrorUserinfo(const Error& error) { return error.userInfo(); }
+
+NSError makeNSError(const NSErrorArguments& arguments) {
+    const NetworkError& error = arguments.networkServiceError;
+    return {NetworkError::errorDomain(), error.errorCode(), error.errorUserInfo()};
 }
 
 }  // namespace VanticRestKit

@@ -1,9 +1,11 @@
 #pragma once
 
 /// \file
-/// `NetworkError`: why a request gave no body.
+/// `NetworkError`: why a request gave no body; the host's hook for it, and errors seen as an `NSError`.
 
+#include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/dispatch/SharedFunction.h>
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
 #include <VanticRestKit/platform/http/URLResponse.h>
@@ -94,5 +96,24 @@ private:
     std::string message_;
     std::optional<Error> underlyingError_;
 };
+
+/// Receives the `NetworkError` of a failed request, on the queue that found the failure: the delegate queue
+/// of the session. It must be callable from several threads at once, since requests of one context may run on
+/// several sessions. An empty function receives nothing.
+using LogError = SharedFunction<void(const Error&)>;
+
+/// `error` by its parts: domain, code and user information.
+VRK_EXPORT NSError underlyingNSError(const Error& error);
+
+/// The user information of `underlyingNSError(error)`.
+VRK_EXPORT Dictionary underlyingErrorUserinfo(const Error& error);
+
+struct NSErrorArguments {
+    Required<NetworkError> networkServiceError;
+};
+
+/// The `NSError` with domain, code and user information of a `NetworkError`:
+/// `makeNSError({.networkServiceError = error})`.
+VRK_EXPORT NSError makeNSError(const NSErrorArguments& arguments);
 
 }  // namespace VanticRestKit

@@ -3,7 +3,6 @@
 /// \file
 /// `NetworkServiceble`: runs one request over a session.
 
-#include <VanticRestKit/Core/LogError.h>
 #include <VanticRestKit/Core/NetworkError.h>
 #include <VanticRestKit/Core/NetworkSession.h>
 #include <VanticRestKit/Core/Required.h>

@@ -23,7 +23,7 @@ public:
         Required<Completion> with;
     };
 
-    virtual ~Serviceable();
+    virtual ~Serviceable() = default;
 
     /// Runs the request once and calls the completion once with its outcome, on a queue of the implementer's
     /// choice. A `Loader` calls this on its own queue and decodes on the queue of the completion.

@@ -1,5 +1,5 @@
 #include <gtest/gtest.h>
-#include <VanticRestKit/platform/date/DeviceDate.h>
+#include <VanticRestKit/platform/date/detail/DeviceDate.h>
 
 #include <cstdint>
 #include <random>
@@ -9,7 +9,7 @@
 
 #include "DateVectors.h"
 
-namespace VanticRestKit {
+namespace VanticRestKit::detail {
 namespace {
 
 TEST(DeviceDate, AnswersEveryVector) { test::expectDatesOf("date_device.jsonl", deviceDate); }
@@ -155,4 +155,4 @@ TEST(DeviceDate, AnswersTheSameOnManyThreadsAtOnce) {
 }
 
 }  // namespace
-}  // namespace VanticRestKit
+}  // namespace VanticRestKit::detail

@@ -1,5 +1,5 @@
 #include <gtest/gtest.h>
-#include <VanticRestKit/platform/date/DeviceDate.h>
+#include <VanticRestKit/platform/date/detail/DeviceDate.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -10,7 +10,7 @@
 
 #include "DateVectors.h"
 
-namespace VanticRestKit {
+namespace VanticRestKit::detail {
 namespace {
 
 std::string clockText(const std::tm& fields) {
@@ -143,4 +143,4 @@ TEST(DeviceDate, FindsASummerTimeOfFourDaysWhereverItLies) {
 }
 
 }  // namespace
-}  // namespace VanticRestKit
+}  // namespace VanticRestKit::detail

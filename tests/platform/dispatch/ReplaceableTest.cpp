@@ -14,9 +14,9 @@
 using namespace VanticRestKit;
 
 TEST(Replaceable, StartsWithItsFirstValueAndGivesTheOneStoredLast) {
-    Replaceable<std::optional<std::string>> empty;
+    detail::Replaceable<std::optional<std::string>> empty;
     EXPECT_FALSE(empty.load());
-    Replaceable<std::string> text("a");
+    detail::Replaceable<std::string> text("a");
     EXPECT_EQ(text.load(), "a");
     text.store("b");
     EXPECT_EQ(text.load(), "b");
@@ -27,7 +27,7 @@ TEST(Replaceable, GivesWholeValuesOnlyWhenSeveralThreadsStoreAndLoad) {
         std::string first;
         std::string second;
     };
-    Replaceable<Pair> pair;
+    detail::Replaceable<Pair> pair;
     std::atomic<bool> torn{false};
     std::vector<std::thread> threads;
     for (int writer = 0; writer < 2; ++writer) {
@@ -53,7 +53,7 @@ TEST(Replaceable, DestroysTheOldValueWhereItsDestructorMayComeBack) {
         std::function<void()> atTheEnd;
         ~Guard() { atTheEnd(); }
     };
-    Replaceable<std::shared_ptr<Guard>> value;
+    detail::Replaceable<std::shared_ptr<Guard>> value;
     bool sawNewValue = false;
     value.store(std::make_shared<Guard>([&] { sawNewValue = value.load() == nullptr; }));
     value.store(nullptr);

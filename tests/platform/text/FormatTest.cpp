@@ -5,7 +5,7 @@
 
 #include "support/Vectors.h"
 
-namespace VanticRestKit {
+namespace VanticRestKit::detail {
 namespace {
 
 TEST(ZeroFractionFormat, AnswersEveryVector) {
@@ -16,4 +16,4 @@ TEST(ZeroFractionFormat, AnswersEveryVector) {
 }
 
 }  // namespace
-}  // namespace VanticRestKit
+}  // namespace VanticRestKit::detail

@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
+#include <VanticRestKit/platform/text/detail/LetterCase.h>
 #include <VanticRestKit/platform/text/detail/UTF8.h>
-#include <VanticRestKit/platform/text/LetterCase.h>
 
 #include <string>
 
 #include "support/Vectors.h"
 
-namespace VanticRestKit {
+namespace VanticRestKit::detail {
 namespace {
 
 TEST(Lowercased, AnswersEveryVector) {
@@ -31,7 +31,7 @@ TEST(Lowercased, LowersOnlyTheCapitalsWhereCapitalsAndSmallLettersAlternate) {
     EXPECT_EQ(lowercased("\u0100\u0101\u0102\u0103"), "\u0101\u0101\u0103\u0103");
 }
 
-TEST(Lowercased, LeavesBytesThatAreNotUtf8AsTheyAre) {
+TEST(Lowercased, LeavesBytesThatAreNotUTF8AsTheyAre) {
     EXPECT_EQ(lowercased("A\xFF"
                          "B\xC3"),
               "a\xFF"
@@ -51,7 +51,7 @@ TEST(EqualsLowercased, AgreesWithLowercasedOnEveryCharacter) {
     for (char32_t code = 0; code <= 0x10FFFF; ++code) {
         if (code >= 0xD800 && code <= 0xDFFF) continue;
         std::string text;
-        detail::appendUTF8(text, code);
+        appendUTF8(text, code);
         const std::string lowered = lowercased(text);
         const bool ascii = lowered.size() == 1 && static_cast<unsigned char>(lowered[0]) < 0x80;
         ASSERT_EQ(equalsLowercased(text, lowered), ascii) << "U+" << std::hex << static_cast<unsigned>(code);
@@ -83,5 +83,20 @@ TEST(EqualsLowercased, FindsNothingEqualToAWordThatIsNotInLowerCase) {
     EXPECT_FALSE(equalsLowercased("\u00E9", "\u00E9"));
 }
 
+TEST(SameIgnoringCase, ComparesAsThePlatformDoes) {
+    for (const nlohmann::json& line : test::vectors("case_compare.jsonl")) {
+        const bool same =
+            sameIgnoringCase(line["in"]["a"].get<std::string>(), line["in"]["b"].get<std::string>());
+        if (test::isFree(line)) continue;
+        EXPECT_EQ(same, line["out"].get<bool>()) << line["in"];
+    }
+}
+
+TEST(SameIgnoringCase, TakesBytesThatAreNotUTF8AsTheyAre) {
+    EXPECT_TRUE(sameIgnoringCase("\xFF", "\xFF"));
+    EXPECT_FALSE(sameIgnoringCase("\xFF", "\xFE"));
+    EXPECT_FALSE(sameIgnoringCase("a\xFF", "A\xFF"));
+}
+
 }  // namespace
-}  // namespace VanticRestKit
+}  // namespace VanticRestKit::detail

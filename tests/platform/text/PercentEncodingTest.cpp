@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
-#include <VanticRestKit/platform/text/PercentEncoding.h>
+#include <VanticRestKit/platform/text/detail/PercentEncoding.h>
 
 #include <string>
 
 #include "support/Vectors.h"
 
-namespace VanticRestKit {
+namespace VanticRestKit::detail {
 namespace {
 
 TEST(PercentEncoding, AnswersEveryVector) {
@@ -42,7 +42,7 @@ TEST(PercentEncoding, EncodesEachByteOfASignBeyondAscii) {
     EXPECT_EQ(paramsEncoded("\U0001F600"), "%F0%9F%98%80");
 }
 
-TEST(PercentEncoding, EncodesBytesThatAreNotUtf8OneByOne) {
+TEST(PercentEncoding, EncodesBytesThatAreNotUTF8OneByOne) {
     EXPECT_EQ(paramsEncoded("a\xFF\xC3"), "a%FF%C3");
     EXPECT_EQ(paramsEncoded("\xC3(a"), "%C3%28a");
     EXPECT_EQ(paramsEncoded("\xED\xA0\x80"), "%ED%A0%80");
@@ -52,4 +52,4 @@ TEST(PercentEncoding, EncodesBytesThatAreNotUtf8OneByOne) {
 TEST(PercentEncoding, AnEmptyTextStaysEmpty) { EXPECT_EQ(paramsEncoded(""), ""); }
 
 }  // namespace
-}  // namespace VanticRestKit
+}  // namespace VanticRestKit::detail

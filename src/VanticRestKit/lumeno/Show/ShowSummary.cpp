@@ -1,8 +1,8 @@
 #include <VanticRestKit/lumeno/Show/ShowSummary.h>
 
 #include <VanticRestKit/platform/json/Table.h>
-#include <VanticRestKit/platform/text/CaseCompare.h>
 #include <VanticRestKit/platform/text/detail/Format.h>
+#include <VanticRestKit/platform/text/detail/LetterCase.h>
 
 #include <utility>
 
@@ -49,6 +49,8 @@ Result<ShowSummary, lumenoSDKError> ShowSummary::make(const Arguments& arguments
     return *std::move(summary);
 }
 
-bool operator==(const ShowSummary& a, const ShowSummary& b) { return sameIgnoringCase(a.href, b.href); }
+bool operator==(const ShowSummary& a, const ShowSummary& b) {
+    return detail::sameIgnoringCase(a.href, b.href);
+}
 
 }  // namespace VanticRestKit

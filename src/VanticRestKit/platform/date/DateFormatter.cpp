@@ -1,6 +1,6 @@
 #include <VanticRestKit/platform/date/DateFormatter.h>
 #include <VanticRestKit/platform/date/detail/DateReader.h>
-#include <VanticRestKit/platform/date/DeviceDate.h>
+#include <VanticRestKit/platform/date/detail/DeviceDate.h>
 #include <VanticRestKit/platform/text/detail/Unicode.h>
 #include <VanticRestKit/platform/text/detail/UTF8.h>
 
@@ -46,11 +46,15 @@ std::optional<TimeZone> TimeZone::withAbbreviation(std::string_view abbreviation
 std::optional<Date> DateFormatter::date(std::string_view text) const {
     if (dateFormat == apiPattern) return detail::dateWithOffset(text);
     if (dateFormat != devicePattern) return std::nullopt;
-    return timeZone ? dateInZone(text, *timeZone) : deviceDate(text);
+    return timeZone ? dateInZone(text, *timeZone) : detail::deviceDate(text);
 }
 
 std::optional<Date> DateFormatter::formattedDateWithoutMilliseconds(std::string_view rawDate) const {
     return date(withoutDottedDigits(rawDate));
+}
+
+std::optional<Date> ISO8601DateFormatter::date(std::string_view text) const {
+    return detail::dateWithOffset(text);
 }
 
 const DateFormatter& apiDateFormatter() {

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `DateFormatter`: reads instants from texts of a fixed pattern.
+/// `DateFormatter` and `ISO8601DateFormatter`: read instants from texts of a fixed pattern.
 
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/Visibility.h>
@@ -52,6 +52,14 @@ public:
     /// As `date`, after every dot with digits behind it has been taken out of `rawDate`, wherever it stands.
     /// A fraction of a second is lost in this way, not rounded.
     std::optional<Date> formattedDateWithoutMilliseconds(std::string_view rawDate) const;
+};
+
+/// Reads dates such as "2021-03-04T05:06:07Z" and "2021-03-04T05:06:07+10:00". Any thread.
+class VRK_EXPORT ISO8601DateFormatter {
+public:
+    /// The instant that `text` names, or nothing. "T" and an offset must be there, a fraction of a second
+    /// must not; the offset is "Z", "+hh:mm" or "+hhmm". Else as `DateFormatter::date`.
+    std::optional<Date> date(std::string_view text) const;
 };
 
 /// The formatter of the user data service: the API pattern, UTC, "en_US_POSIX". Made on first use; any

@@ -1,43 +1,8 @@
-#include <VanticRestKit/platform/dispatch/detail/GroupState.h>
-#include <VanticRestKit/platform/dispatch/detail/Pool.h>
 #include <VanticRestKit/platform/dispatch/DispatchGroup.h>
 
-#include <cstdlib>
+#include <VanticRestKit/platform/dispatch/detail/GroupState.h>
 
 namespace VanticRestKit {
-
-namespace detail {
-
-void GroupState::enter() {
-    const std::lock_guard lock(mutex_);
-    ++underWay_;
-}
-
-void GroupState::leave() {
-    const std::lock_guard lock(mutex_);
-    if (underWay_ == 0) std::abort();
-    if (--underWay_ > 0) return;
-    ++ends_;
-    ended_.notify_all();
-}
-
-void GroupState::wait() {
-    std::unique_lock lock(mutex_);
-    if (underWay_ == 0) return;
-    const std::uint64_t before = ends_;
-    // A thread may have to be started for this one's place: not with the lock held, which leaves need.
-    lock.unlock();
-    const PoolWait replaced;
-    lock.lock();
-    ++waiters_;
-    waitersChanged_.notify_all();
-    ended_.wait(lock, [this, before] { return ends_ != before; });
-    --waiters_;
-    // Given back before `replaced` goes, which takes the pool's lock.
-    lock.unlock();
-}
-
-}  // namespace detail
 
 DispatchGroup::DispatchGroup() : state_(std::make_shared<detail::GroupState>()) {}
 

@@ -1,10 +1,35 @@
-#include <VanticRestKit/platform/dispatch/detail/Disposal.h>
 #include <VanticRestKit/platform/dispatch/DispatchWorkItem.h>
+
+#include <VanticRestKit/platform/dispatch/detail/BlockList.h>
+
+#include <memory>
+#include <utility>
 
 namespace VanticRestKit {
 
+namespace {
+
+/// Destroys `block` on the calling thread. If this is called from within itself, because the block held the last
+/// reference to another one, that other one waits until the first is gone: a chain of any length takes no more
+/// stack than two links.
+void dispose(Block block) {
+    thread_local detail::BlockList* waiting = nullptr;
+    if (waiting != nullptr) {
+        waiting->push(std::make_unique<detail::BlockNode>(std::move(block)));
+        return;
+    }
+    detail::BlockList list;
+    waiting = &list;
+    block = nullptr;
+    while (list.pop() != nullptr) {
+    }
+    waiting = nullptr;
+}
+
+}  // namespace
+
 DispatchWorkItem::~DispatchWorkItem() {
-    if (block_) detail::dispose(std::move(block_));
+    if (block_) dispose(std::move(block_));
 }
 
 void DispatchWorkItem::perform() {

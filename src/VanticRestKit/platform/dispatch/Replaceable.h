@@ -6,7 +6,7 @@
 #include <mutex>
 #include <utility>
 
-namespace VanticRestKit {
+namespace VanticRestKit::detail {
 
 /// Holds one value. A store replaces all of it, a load copies all of it, and the last store wins.
 ///
@@ -39,4 +39,4 @@ private:
     T value_{};
 };
 
-}  // namespace VanticRestKit
+}  // namespace VanticRestKit::detail

@@ -52,6 +52,11 @@ inline constexpr std::string_view NSURLErrorFailingURLStringErrorKey = "NSErrorF
 /// "The operation couldn’t be completed. (DOMAIN error CODE.)", the sentence for an error without a text.
 VRK_EXPORT std::string composedErrorDescription(std::string_view domain, std::int64_t code);
 
+namespace detail {
+/// The description that `userInfo` holds; else the composed sentence.
+std::string describedError(const Dictionary& userInfo, std::string_view domain, std::int64_t code);
+}  // namespace detail
+
 /// A copyable handle over any concrete error. Copies share one immutable error, and any number of threads may
 /// read it. A handle that was moved from can be assigned to and destroyed, nothing else.
 class VRK_EXPORT Error {

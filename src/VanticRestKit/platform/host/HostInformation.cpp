@@ -10,8 +10,8 @@ namespace VanticRestKit {
 
 namespace {
 
-Replaceable<std::shared_ptr<const HostInformation>>& supplied() {
-    static auto& host = *new Replaceable<std::shared_ptr<const HostInformation>>(nullptr);
+detail::Replaceable<std::shared_ptr<const HostInformation>>& supplied() {
+    static auto& host = *new detail::Replaceable<std::shared_ptr<const HostInformation>>(nullptr);
     return host;
 }
 

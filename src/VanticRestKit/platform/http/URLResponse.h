@@ -17,7 +17,7 @@ class HTTPURLResponse;
 class VRK_EXPORT URLResponse {
 public:
     explicit URLResponse(std::optional<URL> url) : url_(std::move(url)) {}
-    virtual ~URLResponse();
+    virtual ~URLResponse() = default;
 
     URLResponse(const URLResponse&) = delete;
     URLResponse& operator=(const URLResponse&) = delete;
@@ -26,7 +26,7 @@ public:
     const std::optional<URL>& url() const noexcept { return url_; }
 
     /// This answer as one of HTTP, or null where it is none. Lives as long as this object.
-    virtual const HTTPURLResponse* asHTTP() const noexcept;
+    virtual const HTTPURLResponse* asHTTP() const noexcept { return nullptr; }
 
 private:
     std::optional<URL> url_;

@@ -1,13 +1,13 @@
 #include <VanticRestKit/platform/json/JSONDecoder.h>
 
-#include <VanticRestKit/platform/date/DeviceDate.h>
+#include <VanticRestKit/platform/date/detail/DeviceDate.h>
 #include <VanticRestKit/platform/json/detail/DiagnosingEngine.h>
 #include <VanticRestKit/platform/json/detail/FastEngine.h>
 
 namespace VanticRestKit {
 
 bool JSONDecoder::decode(const Data& document, const TypePlan& plan, void* value) const {
-    const DeviceZoneHold zone;
+    const detail::DeviceZoneHold zone;
     return json::FastEngine(document).decode(plan, value);
 }
 

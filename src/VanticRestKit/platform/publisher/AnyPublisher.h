@@ -4,10 +4,14 @@
 /// `AnyPublisher`: a stream of values that starts anew for each subscription.
 
 #include <VanticRestKit/platform/error/Error.h>
-#include <VanticRestKit/platform/publisher/Never.h>
 #include <VanticRestKit/platform/publisher/PublisherSteps.h>
 
 namespace VanticRestKit {
+
+/// The error type of what never fails. No value of it can be made.
+struct Never {
+    Never() = delete;
+};
 
 /// A recipe for a stream: values in order, then one completion, normal or with an error of type E.
 ///

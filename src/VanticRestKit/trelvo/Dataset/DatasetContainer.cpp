@@ -1,6 +1,6 @@
 #include <VanticRestKit/trelvo/Dataset/DatasetContainer.h>
 
-#include <VanticRestKit/platform/date/ISO8601DateFormatter.h>
+#include <VanticRestKit/platform/date/DateFormatter.h>
 #include <VanticRestKit/platform/json/Table.h>
 
 namespace VanticRestKit {

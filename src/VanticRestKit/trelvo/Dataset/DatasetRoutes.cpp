@@ -1,6 +1,6 @@
 #include <VanticRestKit/trelvo/Dataset/DatasetRoutes.h>
 
-#include <VanticRestKit/platform/text/PercentEncoding.h>
+#include <VanticRestKit/platform/text/detail/PercentEncoding.h>
 
 namespace VanticRestKit {
 
@@ -33,7 +33,7 @@ struct FlatDataset {
 std::optional<Data> datasetBody(const Dictionary& dataset) {
     const Result<Data, Error> json = JSONEncoder().encode(FlatDataset{dataset});
     if (!json) return std::nullopt;
-    return Data("dataset=" + paramsEncoded(json->view()));
+    return Data("dataset=" + detail::paramsEncoded(json->view()));
 }
 
 }  // namespace

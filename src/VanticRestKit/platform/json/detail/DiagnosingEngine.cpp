@@ -1,10 +1,10 @@
 #include <VanticRestKit/platform/json/detail/DiagnosingEngine.h>
 
-#include <VanticRestKit/platform/date/DeviceDate.h>
+#include <VanticRestKit/platform/date/detail/DeviceDate.h>
 #include <VanticRestKit/platform/json/detail/Found.h>
 #include <VanticRestKit/platform/json/detail/FreeForm.h>
 #include <VanticRestKit/platform/json/detail/Scanner.h>
-#include <VanticRestKit/platform/text/LetterCase.h>
+#include <VanticRestKit/platform/text/detail/LetterCase.h>
 
 #include <utility>
 
@@ -23,7 +23,7 @@ DiagnosingEngine::DiagnosingEngine(const Data& document, Report report)
     : document_(document), index_(document_), report_(report) {}
 
 Diagnosis DiagnosingEngine::run(const TypePlan& plan, void* value) {
-    const DeviceZoneHold zone;
+    const VanticRestKit::detail::DeviceZoneHold zone;
     const bool decoded = index_.isSound()
                              ? root(plan, value, index_.root())
                              : fail(Kind::dataCorrupted, "JSON", "a broken document", Presence::required);
@@ -160,7 +160,7 @@ bool DiagnosingEngine::row(const FieldPlan& field, const ObjectPlan& entity, voi
         swallow("no check");
         return true;
     }
-    if (equalsLowercased(name, entity.entityName)) return true;
+    if (VanticRestKit::detail::equalsLowercased(name, entity.entityName)) return true;
     std::string text(name);
     fail(Kind::dataCorrupted, entity.entityName, text, Presence::required);
     failing_.path.pop_back();

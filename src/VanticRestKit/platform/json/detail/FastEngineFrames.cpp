@@ -2,7 +2,7 @@
 
 #include <VanticRestKit/platform/json/detail/EntityAhead.h>
 #include <VanticRestKit/platform/json/detail/FastEngine.h>
-#include <VanticRestKit/platform/text/LetterCase.h>
+#include <VanticRestKit/platform/text/detail/LetterCase.h>
 
 #include <bit>
 #include <optional>
@@ -17,7 +17,8 @@ bool FastEngine::openChoice(const ChoicePlan& choice, const FieldPlan* field) {
     unsigned possible = 0;
     for (std::size_t i = 0; i < choice.candidates.size(); ++i) {
         const std::string_view checked = choice.candidates[i].type().object->entityName;
-        if (!name || checked.empty() || equalsLowercased(*name, checked)) possible |= 1U << i;
+        if (!name || checked.empty() || VanticRestKit::detail::equalsLowercased(*name, checked))
+            possible |= 1U << i;
     }
     if (possible != 0) return openCandidate(choice, static_cast<std::uint8_t>(possible), field);
     deliver(field, false, true);

@@ -4,7 +4,7 @@
 
 #include <VanticRestKit/platform/json/detail/Scanner.h>
 #include <VanticRestKit/platform/json/detail/StoreText.h>
-#include <VanticRestKit/platform/text/LetterCase.h>
+#include <VanticRestKit/platform/text/detail/LetterCase.h>
 
 #include <cstring>
 #include <optional>
@@ -276,7 +276,7 @@ bool FastEngine::checkEntity(Frame& top) {
     const Fit fit = readText(name, mayReadOn);
     if (fit == Fit::broken) return false;
     if (fit == Fit::unfit) return skip();
-    if (!equalsLowercased(name, top.plan->entityName)) top.hasFailed = true;
+    if (!VanticRestKit::detail::equalsLowercased(name, top.plan->entityName)) top.hasFailed = true;
     return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
-// Formatted text.
+/// \file
+/// Formatted text.
 
 #include <cstdint>
 #include <string>

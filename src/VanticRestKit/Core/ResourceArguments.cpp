@@ -1,6 +1,7 @@
+#include <VanticRestKit/Core/ResourceArguments.h>
+
 #include <VanticRestKit/Core/Context.h>
 #include <VanticRestKit/Core/NetworkServiceble.h>
-#include <VanticRestKit/Core/ResourceArguments.h>
 
 #include <utility>
 

@@ -1,8 +1,14 @@
+#include <VanticRestKit/platform/text/detail/LetterCase.h>
+
 #include <VanticRestKit/platform/text/detail/Unicode.h>
 #include <VanticRestKit/platform/text/detail/UTF8.h>
-#include <VanticRestKit/platform/text/LetterCase.h>
 
-namespace VanticRestKit {
+#include <utf8proc.h>
+
+#include <cstdlib>
+#include <optional>
+
+namespace VanticRestKit::detail {
 
 namespace {
 
@@ -13,13 +19,29 @@ constexpr std::string_view dottedSmallI = "i\u0307";
 /// The one character beyond ASCII whose lower case is ASCII: the Kelvin sign, which becomes a k.
 constexpr std::string_view kelvinSign = "\u212A";
 
+/// The text with case folded and every character in its decomposed form; empty if it is not UTF-8.
+///
+/// The only use of utf8proc: full case folding, decomposition and canonical order need several large tables and
+/// an algorithm over them. All else that the library knows of Unicode is in `UnicodeTables.inc`.
+std::optional<std::string> folded(std::string_view text) {
+    utf8proc_uint8_t* mapped = nullptr;
+    const auto options =
+        static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_DECOMPOSE | UTF8PROC_CASEFOLD);
+    const utf8proc_ssize_t size = utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                                               static_cast<utf8proc_ssize_t>(text.size()), &mapped, options);
+    if (size < 0) return std::nullopt;
+    std::string result(reinterpret_cast<const char*>(mapped), static_cast<std::size_t>(size));
+    std::free(mapped);
+    return result;
+}
+
 }  // namespace
 
 std::string lowercased(std::string_view text) {
     std::string lowered;
     lowered.reserve(text.size());
     while (!text.empty()) {
-        const detail::UTF8Character character = detail::firstCharacter(text);
+        const UTF8Character character = firstCharacter(text);
         if (character.length == 0) {
             lowered += text.front();
             text.remove_prefix(1);
@@ -28,7 +50,7 @@ std::string lowercased(std::string_view text) {
         if (character.code == dottedCapitalI) {
             lowered += dottedSmallI;
         } else {
-            detail::appendUTF8(lowered, detail::lowerCase(character.code));
+            appendUTF8(lowered, lowerCase(character.code));
         }
         text.remove_prefix(character.length);
     }
@@ -50,4 +72,11 @@ bool equalsLowercased(std::string_view text, std::string_view lowered) noexcept 
     return text.empty();
 }
 
-}  // namespace VanticRestKit
+bool sameIgnoringCase(std::string_view a, std::string_view b) {
+    if (a == b) return true;
+    const std::optional<std::string> first = folded(a);
+    const std::optional<std::string> second = folded(b);
+    return first && second && *first == *second;
+}
+
+}  // namespace VanticRestKit::detail

@@ -3,18 +3,16 @@
 /// \file
 /// The percent-encoding of form bodies.
 
-#include <VanticRestKit/Visibility.h>
-
 #include <string>
 #include <string_view>
 
-namespace VanticRestKit {
+namespace VanticRestKit::detail {
 
 /// `text`, UTF-8, with every character percent-encoded that is neither alphanumeric nor one of "-._~".
 ///
 /// Alphanumeric are letters, marks and numbers of every script, so "é" and "日" stay as they are, and what is
 /// returned may go beyond ASCII. A character that is encoded has each byte of its UTF-8 form written as
 /// "%XX", in capitals. Bytes that are not UTF-8 are encoded one by one.
-VRK_EXPORT std::string paramsEncoded(std::string_view text);
+std::string paramsEncoded(std::string_view text);
 
-}  // namespace VanticRestKit
+}  // namespace VanticRestKit::detail

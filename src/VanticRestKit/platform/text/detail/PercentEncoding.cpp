@@ -1,22 +1,23 @@
+#include <VanticRestKit/platform/text/detail/PercentEncoding.h>
+
 #include <VanticRestKit/platform/text/detail/Hex.h>
 #include <VanticRestKit/platform/text/detail/Unicode.h>
 #include <VanticRestKit/platform/text/detail/UTF8.h>
-#include <VanticRestKit/platform/text/PercentEncoding.h>
 
 #include <algorithm>
 
-namespace VanticRestKit {
+namespace VanticRestKit::detail {
 
 namespace {
 
 bool isKept(char32_t code) {
-    return detail::isAlphanumeric(code) || code == '-' || code == '.' || code == '_' || code == '~';
+    return isAlphanumeric(code) || code == '-' || code == '.' || code == '_' || code == '~';
 }
 
 void appendEncoded(std::string& encoded, std::string_view bytes) {
     for (const char byte : bytes) {
         encoded += '%';
-        detail::appendHex(encoded, byte, detail::upperHexDigits);
+        appendHex(encoded, byte, upperHexDigits);
     }
 }
 
@@ -26,7 +27,7 @@ std::string paramsEncoded(std::string_view text) {
     std::string encoded;
     encoded.reserve(text.size());
     while (!text.empty()) {
-        const detail::UTF8Character character = detail::firstCharacter(text);
+        const UTF8Character character = firstCharacter(text);
         const std::string_view bytes = text.substr(0, std::max<std::size_t>(character.length, 1));
         if (character.length != 0 && isKept(character.code)) {
             encoded += bytes;
@@ -38,4 +39,4 @@ std::string paramsEncoded(std::string_view text) {
     return encoded;
 }
 
-}  // namespace VanticRestKit
+}  // namespace VanticRestKit::detail

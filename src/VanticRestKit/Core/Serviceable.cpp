@@ -1,7 +1,0 @@
-#include <VanticRestKit/Core/Serviceable.h>
-
-namespace VanticRestKit {
-
-Serviceable::~Serviceable() = default;
-
-}  // namespace VanticRestKit
