@@ -16,7 +16,17 @@
 #include <string_view>
 #include <vector>
 
-namespace VanticRestKit::mapping {
+namespace VanticRestKit {
+
+/// What the table says of a value that is absent, null or unfit.
+enum class Presence : std::uint8_t {
+    required,   ///< Each of them fails the entity.
+    optional,   ///< Absent or null leaves the field empty; an unfit value fails the entity.
+    lenient,    ///< None of them fails anything; the field keeps its default.
+    defaulted,  ///< Absent or null leaves the default; an unfit value fails the entity.
+};
+
+namespace mapping {
 
 struct ObjectPlan;
 struct ListPlan;
@@ -60,14 +70,6 @@ struct TypePlan {
     void* (*wrap)(void* value) = nullptr;
     /// Of `nullable` and `attempted`: what it holds, or null.
     const void* (*peek)(const void* value) = nullptr;
-};
-
-/// What the table says of a value that is absent, null or unfit.
-enum class Presence : std::uint8_t {
-    required,   ///< Each of them fails the entity.
-    optional,   ///< Absent or null leaves the field empty; an unfit value fails the entity.
-    lenient,    ///< None of them fails anything; the field keeps its default.
-    defaulted,  ///< Absent or null leaves the default; an unfit value fails the entity.
 };
 
 /// How a field of a given C++ type is reached. `void*` arguments point to the field.
@@ -231,12 +233,9 @@ void resetFields(const ObjectPlan& plan, void* entity);
 /// Gives the fields with a default of their own that default.
 void setDefaults(const ObjectPlan& plan, void* entity);
 
-}  // namespace VanticRestKit::mapping
+}  // namespace mapping
 
-namespace VanticRestKit {
-
-// What hosts name: the plan that their tables become, and the word of a row that a `Fault` gives.
-using mapping::Presence;
+// Tables and tools name the plan that a table becomes; what is in it is the decoder's.
 using mapping::TypePlan;
 
 }  // namespace VanticRestKit
