@@ -5,6 +5,11 @@
 
 #include <VanticRestKit/Visibility.h>
 
+#include <VanticRestKit/platform/async/AsyncCall.h>
+#include <VanticRestKit/platform/async/LoadAwaitable.h>
+#include <VanticRestKit/platform/async/LoadFuture.h>
+#include <VanticRestKit/platform/async/LoadOptions.h>
+#include <VanticRestKit/platform/async/Operation.h>
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/date/DateFormatter.h>
@@ -49,9 +54,11 @@
 #include <VanticRestKit/platform/url/URLComponents.h>
 #include <VanticRestKit/platform/url/URLQueryItem.h>
 
+#include <VanticRestKit/Core/BodyReader.h>
 #include <VanticRestKit/Core/Context.h>
 #include <VanticRestKit/Core/FailableCodable.h>
 #include <VanticRestKit/Core/HrefURI.h>
+#include <VanticRestKit/Core/LoadAll.h>
 #include <VanticRestKit/Core/Loader.h>
 #include <VanticRestKit/Core/LoaderCore.h>
 #include <VanticRestKit/Core/LoaderError.h>
@@ -64,6 +71,7 @@
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/Core/ResourceArguments.h>
+#include <VanticRestKit/Core/ResourceLoad.h>
 #include <VanticRestKit/Core/ResourceURI.h>
 #include <VanticRestKit/Core/Serviceable.h>
 #include <VanticRestKit/Core/URLBuilder.h>

@@ -4,6 +4,9 @@ import pathlib
 
 from sources import LAYERS
 
+# Headers that a host includes by name if it wants them.
+BY_NAME = {"platform/async/StdFuture.h", "platform/async/Task.h"}
+
 HEAD = """#pragma once
 
 /// \\file
@@ -14,7 +17,7 @@ HEAD = """#pragma once
 
 def umbrella_text(sources):
     umbrella = pathlib.PurePath("VanticRestKit.h")
-    headers = [header for header in sources.public_headers() if header != umbrella]
+    headers = [header for header in sources.public_headers() if header != umbrella and str(header) not in BY_NAME]
     groups = []
     for layer in ["", *LAYERS]:
         group = [h for h in headers if (h.parts[0] if len(h.parts) > 1 else "") == layer]

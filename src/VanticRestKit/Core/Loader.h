@@ -3,6 +3,7 @@
 /// \file
 /// `Loader`: guarantees that one resource has at most one load under way.
 
+#include <VanticRestKit/Core/BodyReader.h>
 #include <VanticRestKit/Core/LoaderCore.h>
 #include <VanticRestKit/Core/LoaderError.h>
 #include <VanticRestKit/Core/Required.h>
@@ -89,16 +90,20 @@ public:
     /// A publisher of the value. Each subscription runs the request anew, whether the loader is busy or not;
     /// failures arrive as they are, not as a `LoaderError`.
     AnyPublisher<T> load(PublisherArguments arguments) const {
-        return service()->fetch().template decode<T>(std::move(arguments.decoder).value());
+        return service()->fetch().template decode<T>(
+            detail::BodyReader{std::move(arguments.decoder).value()});
     }
 
     /// The same with an empty value for a JSON null and for every failure; it never fails.
     AnyPublisher<std::optional<T>, Never> loadOptional(PublisherArguments arguments) const {
         return service()
             ->fetch()
-            .template decode<std::optional<T>>(std::move(arguments.decoder).value())
+            .template decode<std::optional<T>>(detail::BodyReader{std::move(arguments.decoder).value()})
             .replaceError(std::nullopt);
     }
+
+    /// What runs the request.
+    const std::shared_ptr<Serviceable>& service() const noexcept { return LoaderCore::service(); }
 
 private:
     explicit Loader(std::shared_ptr<Serviceable> service) : LoaderCore(std::move(service)) {}

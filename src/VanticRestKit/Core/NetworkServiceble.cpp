@@ -1,6 +1,7 @@
 #include <VanticRestKit/Core/NetworkActivityCounter.h>
 #include <VanticRestKit/Core/NetworkServiceble.h>
 #include <VanticRestKit/Core/NetworkURLSession.h>
+#include <VanticRestKit/platform/http/detail/URLErrors.h>
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
 
 #include <utility>
@@ -13,6 +14,25 @@ const std::shared_ptr<NetworkSession>& sharedSession() {
     static const auto& session =
         *new std::shared_ptr<NetworkSession>(networkSession(NetworkURLSession::sharedInstance().urlSesion));
     return session;
+}
+
+/// Raises the activity counter, and lowers it when it goes.
+class CountedActivity {
+public:
+    CountedActivity() { NetworkActivityCounter::increase(); }
+    CountedActivity(CountedActivity&& other) noexcept : isCounted_(std::exchange(other.isCounted_, false)) {}
+    CountedActivity& operator=(CountedActivity&&) = delete;
+    ~CountedActivity() {
+        if (isCounted_) NetworkActivityCounter::decrease();
+    }
+
+private:
+    bool isCounted_ = true;
+};
+
+bool isCancelled(const Error& error) {
+    return error.domain() == NSURLErrorDomain &&
+           error.code() == static_cast<std::int64_t>(URLErrorCode::cancelled);
 }
 
 }  // namespace
@@ -62,6 +82,25 @@ AnyPublisher<Data> NetworkServiceble::fetch() {
             return error;
         })
         .eraseToAnyPublisher();
+}
+
+Cancellable NetworkServiceble::start(FetchArguments arguments) {
+    auto answered = [self = shared_from_this(), activity = CountedActivity(),
+                     completion = std::move(arguments.with).value()](
+                        std::optional<Data> data, std::shared_ptr<const URLResponse> response,
+                        std::optional<Error> error) mutable {
+        // Only who started the request cancels it, and delivers that by itself.
+        if (error && isCancelled(*error)) return;
+        completion(self->validate(std::move(data), std::move(response), std::move(error)));
+    };
+    return session_->start({.fromURLRequest = urlRequest_, .completionHandler = std::move(answered)});
+}
+
+Error NetworkServiceble::endedEarly(URLErrorCode code) const {
+    const auto failure =
+        NetworkError::requestFailed(urlRequest_, nullptr, detail::makeURLError({code}, urlRequest_.url()));
+    if (logError_ && code != URLErrorCode::cancelled) logError_(failure);
+    return failure;
 }
 
 Result<Data, Error> NetworkServiceble::validate(std::optional<Data> data,

@@ -58,6 +58,16 @@ public:
     /// where an answer is judged a failure, and not at all where nobody waits for the outcome.
     AnyPublisher<Data> fetch() override;
 
+    /// Runs the request once, cancellable. Judgement and errors are those of `fetch`; `logError` is not told of a
+    /// cancelled request.
+    [[nodiscard]] Cancellable start(FetchArguments arguments) override;
+
+    /// That of the session.
+    DispatchQueue deliveryQueue() const override { return session_->deliveryQueue(); }
+
+    /// `requestFailed` with the transport's error of `code`. `logError` is told of it, unless the request was cancelled.
+    Error endedEarly(URLErrorCode code) const override;
+
 private:
     NetworkServiceble(URLRequest request, std::shared_ptr<NetworkSession> session, LogError logError);
 

@@ -1,3 +1,4 @@
+#include <VanticRestKit/Core/detail/DeliveryQueue.h>
 #include <VanticRestKit/Core/NetworkSession.h>
 #include <VanticRestKit/platform/http/URLSession.h>
 
@@ -6,6 +7,17 @@
 namespace VanticRestKit {
 
 NetworkSession::~NetworkSession() = default;
+
+Cancellable NetworkSession::start(LoadDataArguments arguments) {
+    auto handler = std::make_shared<Completion>(std::move(arguments.completionHandler).value());
+    return loadDataPublisher({.fromURLRequest = std::move(arguments.fromURLRequest).value()})
+        .sink([handler](Answer answer) { (*handler)(std::move(answer.first), std::move(answer.second), {}); },
+              [handler](Result<void, Error> end) {
+                  if (!end) (*handler)({}, nullptr, std::move(end).error());
+              });
+}
+
+DispatchQueue NetworkSession::deliveryQueue() const { return detail::sharedDeliveryQueue(); }
 
 namespace {
 
@@ -21,6 +33,15 @@ public:
     AnyPublisher<Answer> loadDataPublisher(LoadDataPublisherArguments arguments) override {
         return session_->dataTaskPublisher(std::move(arguments.fromURLRequest)).eraseToAnyPublisher();
     }
+
+    Cancellable start(LoadDataArguments arguments) override {
+        auto task =
+            session_->dataTask(std::move(arguments.fromURLRequest), std::move(arguments.completionHandler));
+        task->resume();
+        return Cancellable([task = std::move(task)] { task->cancel(); });
+    }
+
+    DispatchQueue deliveryQueue() const override { return session_->delegateQueue(); }
 
 private:
     std::shared_ptr<URLSession> session_;

@@ -5,11 +5,13 @@
 
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
 #include <VanticRestKit/platform/http/URLResponse.h>
 #include <VanticRestKit/platform/publisher/AnyPublisher.h>
+#include <VanticRestKit/platform/publisher/Cancellable.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <memory>
@@ -45,6 +47,17 @@ public:
     /// A publisher whose every subscription starts a transfer; cancelling the subscription ends it.
     virtual AnyPublisher<Answer> loadDataPublisher(LoadDataPublisherArguments arguments) = 0;
 
+    /// Starts the transfer at once, like `loadData`, and gives a handle whose `cancel()` or end ends the transfer. The
+    /// handler of a transfer that was ended so is called with the error of a cancelled request, or not at all.
+    ///
+    /// A session that does not override this subscribes to its own `loadDataPublisher`, so that the head of an answer
+    /// that failed is lost.
+    [[nodiscard]] virtual Cancellable start(LoadDataArguments arguments);
+
+    /// The queue on which handlers are called. A session that does not override this names one that all such sessions
+    /// share; loads that are cancelled or miss their deadline are delivered there.
+    virtual DispatchQueue deliveryQueue() const;
+
 protected:
     NetworkSession() = default;
     NetworkSession(const NetworkSession&) = default;
@@ -52,7 +65,7 @@ protected:
 };
 
 /// The platform's session as a `NetworkSession`. `session` must not be null. Data tasks that it starts are
-/// resumed at once and kept by nobody, so they cannot be cancelled through it.
+/// resumed at once and not kept: only those of `start` and of publishers can be cancelled.
 VRK_EXPORT std::shared_ptr<NetworkSession> networkSession(std::shared_ptr<URLSession> session);
 
 }  // namespace VanticRestKit

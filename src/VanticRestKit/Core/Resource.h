@@ -7,10 +7,15 @@
 #include <VanticRestKit/Core/LoaderError.h>
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/Core/ResourceArguments.h>
+#include <VanticRestKit/Core/ResourceLoad.h>
+#include <VanticRestKit/platform/async/LoadAwaitable.h>
+#include <VanticRestKit/platform/async/LoadFuture.h>
+#include <VanticRestKit/platform/async/LoadOptions.h>
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/json/JSONDecoder.h>
 #include <VanticRestKit/platform/publisher/AnyPublisher.h>
 
+#include <concepts>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -81,10 +86,11 @@ public:
     ///
     /// The resource lives on until the load has ended, also when the caller drops it.
     void load(LoadArguments arguments) const {
-        loader_->load(
-            {.withDecoder =
-                 [resource = *this](const Data& body) { return resource.decoder_.template decode<T>(body); }},
-            std::move(arguments.with));
+        loader_->load({.withDecoder =
+                           [resource = *this](const Data& body) {
+                               return detail::BodyReader{resource.decoder_}.template decode<T>(body);
+                           }},
+                      std::move(arguments.with));
     }
 
     /// A publisher of the value. Each subscription sends the request anew, busy or not; cancel it by dropping
@@ -103,6 +109,58 @@ public:
     /// Cancels a `load` that has not started its request yet; the resource is then finished: it stays busy
     /// for good and never calls a completion again. Any other load goes on undisturbed.
     void cancel() const { loader_->cancel(); }
+
+    /// What every load below ends with, once: the value or why there is none. A load that is cancelled ends with a
+    /// `serverError` that holds the transport's `URLErrorCode::cancelled`, one that misses its deadline with
+    /// `URLErrorCode::timedOut`.
+    using Outcome = Result<T, LoaderError>;
+
+    /// Starts a load of its own, busy or not, and calls `completion` once with its outcome, on the queue of the options
+    /// or on the delegate queue of the session.
+    ///
+    /// `cancel()` on the handle ends the load and reaches the socket; the completion is told so. Dropping the handle
+    /// ends it too, and the completion is not called any more. `detach()` lets the load go on by itself.
+    ///
+    /// ```cpp
+    /// Cancellable load = show->start({.on = DispatchQueue::main(), .deadline = 5s}, [](auto result) { ... });
+    /// ```
+    [[nodiscard]] Cancellable start(LoadOptions options, Completion completion) const {
+        const auto call = prepare(std::move(options), std::move(completion));
+        Cancellable handle(call);
+        call->begin();
+        return handle;
+    }
+
+    /// A load of its own for a coroutine: `Result<Show, LoaderError> show = co_await resource->value();`
+    /// It starts when it is awaited; the coroutine goes on where `start` would call the completion. A coroutine that is
+    /// destroyed while it waits cancels the load.
+    ///
+    /// GCC 12 has a fault: braced arguments that own something, such as a string, are destroyed twice if they stand in
+    /// the same expression as `co_await`. With it, name the resource in a statement of its own before it is awaited.
+    LoadAwaitable<Resource> value(AwaitOptions options = {}) const { return {*this, options.copied()}; }
+    /// The same with options that are kept somewhere.
+    template <std::same_as<LoadOptions> Options>
+    LoadAwaitable<Resource> value(Options options) const {
+        return {*this, std::move(options)};
+    }
+
+    /// Starts a load of its own, whose outcome can be waited for. Only the stop token and the deadline of the options
+    /// end it; `options.on` is ignored.
+    LoadFuture<Outcome> future(LoadOptions options = {}) const { return {*this, std::move(options)}; }
+
+    /// Loads and blocks the calling thread until the outcome is there: for tools and tests. On the delegate queue of
+    /// the session it fails at once, since it would never end there. `options.on` is ignored.
+    Outcome wait(LoadOptions options = {}) const { return future(std::move(options)).get(); }
+
+    /// For the forms above: a load that was prepared and not begun.
+    std::shared_ptr<detail::PendingCall> prepare(LoadOptions options, Completion completion) const {
+        return std::make_shared<detail::ResourceLoad<T>>(loader_->service(), detail::BodyReader{decoder_},
+                                                         std::move(options), std::move(completion));
+    }
+    /// Whether the calling code occupies the queue on which the loads of this resource deliver.
+    bool needsCurrentQueue() const { return loader_->service()->deliveryQueue().isCurrent(); }
+    /// The outcome of a load that failed with `error` before it began.
+    Outcome failed(Error error) const { return Failure(LoaderError::serverError(std::move(error))); }
 
 private:
     Resource(std::shared_ptr<Serviceable> service, JSONDecoder decoder)

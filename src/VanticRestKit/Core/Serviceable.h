@@ -5,9 +5,12 @@
 
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/http/URLErrorCode.h>
 #include <VanticRestKit/platform/publisher/AnyPublisher.h>
+#include <VanticRestKit/platform/publisher/Cancellable.h>
 #include <VanticRestKit/platform/result/Result.h>
 #include <VanticRestKit/Visibility.h>
 
@@ -23,7 +26,7 @@ public:
         Required<Completion> with;
     };
 
-    virtual ~Serviceable() = default;
+    virtual ~Serviceable();
 
     /// Runs the request once and calls the completion once with its outcome, on a queue of the implementer's
     /// choice. A `Loader` calls this on its own queue and decodes on the queue of the completion.
@@ -31,6 +34,20 @@ public:
 
     /// A publisher of the one body, or of the error in its place. Each subscription runs the request anew.
     virtual AnyPublisher<Data> fetch() = 0;
+
+    /// Runs the request once and gives a handle whose `cancel()` or end ends it. The completion is called as that of
+    /// `fetch`, but may not be called at all once the request was ended. The loads that can be cancelled start here.
+    ///
+    /// A service that does not override this subscribes to its own publisher.
+    [[nodiscard]] virtual Cancellable start(FetchArguments arguments);
+
+    /// The queue on which completions of `start` are called. A service that does not override this names one that all
+    /// such services share; loads that are cancelled or miss their deadline are delivered there.
+    virtual DispatchQueue deliveryQueue() const;
+
+    /// The error of a request that was ended with `code`: `URLErrorCode::cancelled` by its caller, or
+    /// `URLErrorCode::timedOut` by the deadline of a load. Called once for each, on the queue where the load delivers.
+    virtual Error endedEarly(URLErrorCode code) const;
 
 protected:
     Serviceable() = default;

@@ -1,8 +1,12 @@
+#include <VanticRestKit/platform/dispatch/detail/HostQueue.h>
 #include <VanticRestKit/platform/dispatch/detail/MainQueue.h>
 #include <VanticRestKit/platform/dispatch/detail/Strand.h>
 #include <VanticRestKit/platform/dispatch/detail/ThreadQueue.h>
+#include <VanticRestKit/platform/dispatch/detail/Timer.h>
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/dispatch/DispatchWorkItem.h>
+
+#include <utility>
 
 namespace VanticRestKit {
 
@@ -25,6 +29,10 @@ bool DispatchQueue::setMain(UniqueFunction<void(Block)> executor) {
     return detail::MainQueue::shared()->setExecutor(std::move(executor));
 }
 
+DispatchQueue DispatchQueue::over(std::string label, UniqueFunction<void(Block)> executor) {
+    return DispatchQueue(std::make_shared<detail::HostQueue>(std::move(label), std::move(executor)));
+}
+
 void DispatchQueue::async(Block block) const {
     if (!block) return;
     // The block may run at once and destroy the object that holds this handle.
@@ -35,6 +43,22 @@ void DispatchQueue::async(Block block) const {
 void DispatchQueue::async(std::shared_ptr<DispatchWorkItem> item) const {
     if (item == nullptr) return;
     async(Block([held = std::move(item)] { held->perform(); }));
+}
+
+void DispatchQueue::asyncAfter(std::chrono::duration<double> delay, Block block) const {
+    if (!block) return;
+    if (delay.count() <= 0) {
+        async(std::move(block));
+        return;
+    }
+    detail::Timer::shared().add(
+        delay, [queue = *this, held = std::move(block)]() mutable { queue.async(std::move(held)); });
+}
+
+void DispatchQueue::asyncAfter(std::chrono::duration<double> delay,
+                               std::shared_ptr<DispatchWorkItem> item) const {
+    if (item == nullptr) return;
+    asyncAfter(delay, Block([held = std::move(item)] { held->perform(); }));
 }
 
 const std::string& DispatchQueue::label() const noexcept { return queue_->label(); }

@@ -6,6 +6,7 @@
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/Visibility.h>
 
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -49,6 +50,17 @@ public:
     /// Returns whether it was accepted: only once, only before the first block was posted, and not if empty.
     static bool setMain(UniqueFunction<void(Block)> executor);
 
+    /// A serial queue whose blocks the host runs, for an application with an event loop of its own or several of them.
+    ///
+    /// `executor` must not be empty. It is called once for each block posted, on the thread that posts, by several
+    /// threads at once too, and is to run what it is handed, once; the rules of `setMain` apply. It lives as long as
+    /// the queue.
+    ///
+    /// ```cpp
+    /// DispatchQueue ui = DispatchQueue::over("ui", [&loop](Block block) { loop.post(std::move(block)); });
+    /// ```
+    static DispatchQueue over(std::string label, UniqueFunction<void(Block)> executor);
+
     // Copies only: a handle that was moved from would be no queue.
     DispatchQueue(const DispatchQueue&) = default;
     DispatchQueue& operator=(const DispatchQueue&) = default;
@@ -58,6 +70,13 @@ public:
 
     /// Posts `item`: the queue calls its `perform()`. Null is not posted.
     void async(std::shared_ptr<DispatchWorkItem> item) const;
+
+    /// Posts `block` once `delay` has passed, measured by a clock that no change of the date moves. A delay of zero or
+    /// less posts at once. An empty block is not posted.
+    void asyncAfter(std::chrono::duration<double> delay, Block block) const;
+
+    /// Posts `item` once `delay` has passed. Cancelling the item before it starts drops its block at once.
+    void asyncAfter(std::chrono::duration<double> delay, std::shared_ptr<DispatchWorkItem> item) const;
 
     /// The name given at construction.
     const std::string& label() const noexcept;

@@ -40,6 +40,8 @@ URLSession::URLSession(URLSessionConfiguration configuration)
 
 URLSession::~URLSession() = default;
 
+const DispatchQueue& URLSession::delegateQueue() const noexcept { return transport_->delegateQueue(); }
+
 std::shared_ptr<URLSessionDataTask> URLSession::dataTask(URLRequest request, Completion completionHandler) {
     auto transfer = std::make_shared<detail::Transfer>(std::move(request), std::move(completionHandler));
     return std::shared_ptr<URLSessionDataTask>(new URLSessionDataTask(transport_, std::move(transfer)));

@@ -4,6 +4,7 @@
 /// `URLSession`: runs requests over HTTP.
 
 #include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
@@ -74,6 +75,9 @@ public:
     URLSession& operator=(const URLSession&) = delete;
 
     const URLSessionConfiguration& configuration() const noexcept { return configuration_; }
+
+    /// The queue on which completions and publishers deliver.
+    const DispatchQueue& delegateQueue() const noexcept;
 
     /// A task for `request`. Its completion is called once, and let go on the delegate queue; a task that is
     /// neither resumed nor cancelled never calls it.

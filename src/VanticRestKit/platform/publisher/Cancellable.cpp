@@ -42,7 +42,10 @@ Cancellable& Cancellable::operator=(Cancellable&& other) noexcept {
     return *this;
 }
 
-Cancellable::~Cancellable() { cancel(); }
+Cancellable::~Cancellable() {
+    // Dropping may look at this object.
+    if (const auto target = std::exchange(target_, nullptr)) target->drop();
+}
 
 void Cancellable::cancel() const {
     // Cancelling may destroy this very object.

@@ -13,8 +13,6 @@ namespace VanticRestKit {
 
 namespace detail {
 
-class Gate;
-
 /// What a `Cancellable` cancels.
 class VRK_EXPORT CancelTarget {
 public:
@@ -25,11 +23,17 @@ public:
 
     /// Called on any thread, any number of times; the first call counts.
     virtual void cancel() = 0;
+
+    /// The handle goes without `cancel()`. Called on any thread, once.
+    virtual void drop() { cancel(); }
 };
 
 }  // namespace detail
 
 /// Owns something that is under way; destroying it cancels that.
+///
+/// For a load, `cancel()` and destruction differ: after `cancel()` its completion is called with the error of a
+/// cancelled load; after destruction it is not called. A subscription delivers nothing after either.
 ///
 /// `cancel()` may be called on any thread, by several at once too. As with every object, nobody may use it
 /// any more while it is moved or destroyed.
@@ -53,12 +57,10 @@ public:
     /// Cancels now. Later calls do nothing.
     void cancel() const;
 
+    /// Lets what is under way go on without this handle, which then cancels nothing.
+    void detach() noexcept { target_.reset(); }
+
 private:
-    friend class detail::Gate;
-
-    /// Lets go without cancelling.
-    void disarm() noexcept { target_.reset(); }
-
     std::shared_ptr<detail::CancelTarget> target_;
 };
 

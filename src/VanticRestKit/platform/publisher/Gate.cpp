@@ -45,7 +45,7 @@ void Gate::letGoOfSource() {
         const std::lock_guard lock(upstreamMutex_);
         upstream = std::move(upstream_);
     }
-    if (sourceEnded_.load(std::memory_order_acquire)) upstream.disarm();
+    if (sourceEnded_.load(std::memory_order_acquire)) upstream.detach();
 }
 
 }  // namespace VanticRestKit::detail

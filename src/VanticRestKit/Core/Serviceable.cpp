@@ -1,0 +1,24 @@
+#include <VanticRestKit/Core/detail/DeliveryQueue.h>
+#include <VanticRestKit/Core/Serviceable.h>
+#include <VanticRestKit/platform/http/detail/URLErrors.h>
+
+#include <memory>
+#include <utility>
+
+namespace VanticRestKit {
+
+Serviceable::~Serviceable() = default;
+
+Cancellable Serviceable::start(FetchArguments arguments) {
+    auto completion = std::make_shared<Completion>(std::move(arguments.with).value());
+    return fetch().sink([completion](Data body) { (*completion)(std::move(body)); },
+                        [completion](Result<void, Error> end) {
+                            if (!end) (*completion)(Failure(std::move(end).error()));
+                        });
+}
+
+DispatchQueue Serviceable::deliveryQueue() const { return detail::sharedDeliveryQueue(); }
+
+Error Serviceable::endedEarly(URLErrorCode code) const { return detail::makeURLError({code}, std::nullopt); }
+
+}  // namespace VanticRestKit

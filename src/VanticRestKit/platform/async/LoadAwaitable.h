@@ -1,0 +1,60 @@
+#pragma once
+
+/// \file
+/// `LoadAwaitable`: a load that a coroutine waits for.
+
+#include <VanticRestKit/platform/async/AsyncCall.h>
+#include <VanticRestKit/platform/async/LoadOptions.h>
+#include <VanticRestKit/platform/publisher/Cancellable.h>
+
+#include <coroutine>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace VanticRestKit {
+
+/// What `co_await` takes from `value()`: the load starts when the coroutine suspends, and the coroutine goes on with
+/// the outcome on the queue of the options, or where the service delivers if they name none.
+///
+/// It may be awaited in a coroutine of any type, once. A coroutine that is destroyed while it waits cancels the load
+/// and is never resumed; destroy it on the queue on which it would go on, or when it cannot be going on at that moment,
+/// as with every object that another thread may be about to use. It allocates nothing of its own.
+template <class Starter>
+class [[nodiscard]] LoadAwaitable {
+public:
+    using Outcome = typename Starter::Outcome;
+
+    LoadAwaitable(Starter starter, LoadOptions options)
+        : starter_(std::move(starter)), options_(std::move(options)) {}
+    /// Before it is awaited only.
+    LoadAwaitable(LoadAwaitable&&) noexcept = default;
+    LoadAwaitable& operator=(LoadAwaitable&&) = delete;
+
+    bool await_ready() const noexcept { return false; }
+
+    void await_suspend(std::coroutine_handle<> waiting) {
+        const std::shared_ptr<detail::PendingCall> call =
+            starter_.prepare(std::move(options_), [this, waiting](Outcome outcome) {
+                outcome_.emplace(std::move(outcome));
+                waiting.resume();
+            });
+        handle_ = Cancellable(call);
+        // The coroutine may go on, and this object end, before the call returns.
+        call->begin();
+    }
+
+    Outcome await_resume() {
+        if (!outcome_) std::abort();
+        return *std::move(outcome_);
+    }
+
+private:
+    Starter starter_;
+    LoadOptions options_;
+    std::optional<Outcome> outcome_{};
+    Cancellable handle_{};
+};
+
+}  // namespace VanticRestKit

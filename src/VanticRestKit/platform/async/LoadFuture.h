@@ -1,0 +1,137 @@
+#pragma once
+
+/// \file
+/// `LoadFuture`: the outcome of a load that a thread can wait for.
+
+#include <VanticRestKit/platform/async/AsyncCall.h>
+#include <VanticRestKit/platform/async/LoadOptions.h>
+#include <VanticRestKit/platform/dispatch/UniqueFunction.h>
+#include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/publisher/Cancellable.h>
+#include <VanticRestKit/Visibility.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdlib>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <utility>
+
+namespace VanticRestKit {
+
+namespace detail {
+
+/// The part of a future that knows no type.
+class VRK_EXPORT FutureState {
+public:
+    FutureState();
+    FutureState(const FutureState&) = delete;
+    FutureState& operator=(const FutureState&) = delete;
+    virtual ~FutureState();
+
+    bool isReady() const;
+    void wait() const;
+    bool waitFor(std::chrono::duration<double> time) const;
+    /// Calls `then` when the outcome is there, on the thread that stores it, or at once on this thread.
+    void whenReady(Block then);
+
+protected:
+    /// The outcome is stored.
+    void ready();
+
+private:
+    mutable std::mutex mutex_;
+    mutable std::condition_variable changed_;
+    bool isReady_ = false;
+    Block then_;
+};
+
+template <class Outcome>
+class FutureOutcome final : public FutureState {
+public:
+    void set(Outcome outcome) {
+        outcome_.emplace(std::move(outcome));
+        ready();
+    }
+    Outcome take() { return *std::move(outcome_); }
+
+private:
+    std::optional<Outcome> outcome_;
+};
+
+/// What a wait ends with on the queue that it would keep from ending it.
+VRK_EXPORT Error waitWouldNeverEnd();
+
+}  // namespace detail
+
+/// The outcome of a load that was started. Movable; dropping it does not cancel the load, which only the stop token
+/// and the deadline of its options end.
+///
+/// A wait on the queue that has to deliver the outcome would never end. `get()` fails there at once with an error of
+/// the domain "VanticRestKit.Wait", whose description says so, and `waitFor()` gives false. What a `std::future` made
+/// from this one cannot tell: it waits for ever there.
+template <class Outcome>
+class [[nodiscard]] LoadFuture {
+public:
+    template <class Starter>
+    LoadFuture(Starter starter, LoadOptions options)
+        : LoadFuture(std::make_shared<Starter>(std::move(starter))) {
+        options.on = std::nullopt;
+        const auto& held = *static_cast<const Starter*>(starter_.get());
+        const auto call = held.prepare(std::move(options),
+                                       [state = state_](Outcome outcome) { state->set(std::move(outcome)); });
+        Cancellable(call).detach();
+        call->begin();
+    }
+
+    LoadFuture(LoadFuture&&) noexcept = default;
+    LoadFuture& operator=(LoadFuture&&) noexcept = default;
+
+    /// Whether the outcome is there.
+    bool isReady() const { return state_->isReady(); }
+
+    /// Waits for the outcome for at most `time`. Whether it is there.
+    bool waitFor(std::chrono::duration<double> time) const {
+        if (wouldNeverEnd()) return false;
+        return state_->waitFor(time);
+    }
+
+    /// Waits for the outcome and gives it. Call it once.
+    Outcome get() {
+        if (wouldNeverEnd()) return hooks_.failed(starter_.get(), detail::waitWouldNeverEnd());
+        state_->wait();
+        return state_->take();
+    }
+
+    /// Calls `completion` with the outcome, once: where the service delivers, or at once if it is there. In place of
+    /// `get()`.
+    void then(UniqueFunction<void(Outcome)> completion) && {
+        state_->whenReady(
+            [state = state_, completion = std::move(completion)]() mutable { completion(state->take()); });
+    }
+
+private:
+    /// How it is found out that a wait would not end, and what its outcome is.
+    struct Hooks {
+        bool (*needsCurrentQueue)(const void* starter);
+        Outcome (*failed)(const void* starter, Error error);
+    };
+
+    template <class Starter>
+    explicit LoadFuture(std::shared_ptr<Starter> starter)
+        : starter_(starter),
+          hooks_{[](const void* held) { return static_cast<const Starter*>(held)->needsCurrentQueue(); },
+                 [](const void* held, Error error) {
+                     return static_cast<const Starter*>(held)->failed(std::move(error));
+                 }} {}
+
+    bool wouldNeverEnd() const { return !state_->isReady() && hooks_.needsCurrentQueue(starter_.get()); }
+
+    std::shared_ptr<const void> starter_;
+    Hooks hooks_;
+    std::shared_ptr<detail::FutureOutcome<Outcome>> state_ =
+        std::make_shared<detail::FutureOutcome<Outcome>>();
+};
+
+}  // namespace VanticRestKit

@@ -1,0 +1,25 @@
+#pragma once
+
+/// \file
+/// `toStdFuture`: a `LoadFuture` as a `std::future`. The one header that includes `<future>`; the umbrella header leaves
+/// it out.
+
+#include <VanticRestKit/platform/async/LoadFuture.h>
+
+#include <future>
+#include <memory>
+#include <utility>
+
+namespace VanticRestKit {
+
+/// The same outcome as a `std::future`, for code that waits for several kinds of work in one way. Its `get()` cannot
+/// tell that it was called on the queue that has to deliver the outcome: it waits for ever there.
+template <class Outcome>
+std::future<Outcome> toStdFuture(LoadFuture<Outcome> future) {
+    auto promise = std::make_shared<std::promise<Outcome>>();
+    std::future<Outcome> made = promise->get_future();
+    std::move(future).then([promise](Outcome outcome) { promise->set_value(std::move(outcome)); });
+    return made;
+}
+
+}  // namespace VanticRestKit

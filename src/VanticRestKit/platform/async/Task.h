@@ -1,0 +1,337 @@
+#pragma once
+
+/// \file
+/// `Task`, `whenAll`, `whenAny` and `blockOn`: a small coroutine library for programs that have none. Everything else of
+/// this library works without it; the umbrella header leaves it out.
+
+#include <VanticRestKit/platform/async/LoadFuture.h>
+
+#include <atomic>
+#include <coroutine>
+#include <cstddef>
+#include <exception>
+#include <memory>
+#include <optional>
+#include <stop_token>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace VanticRestKit {
+
+template <class T = void>
+class Task;
+
+namespace detail {
+
+/// What a task without a value gives where a value is needed.
+template <class T>
+using TaskValue = std::conditional_t<std::is_void_v<T>, std::monostate, T>;
+
+/// The part of a task's promise that knows no type: who waits for it, and what it threw.
+class TaskPromiseBase {
+public:
+    std::suspend_always initial_suspend() const noexcept { return {}; }
+
+    auto final_suspend() const noexcept {
+        struct GoOnWithWaiting {
+            std::coroutine_handle<> waiting;
+            bool await_ready() const noexcept { return false; }
+            std::coroutine_handle<> await_suspend(std::coroutine_handle<>) const noexcept { return waiting; }
+            void await_resume() const noexcept {}
+        };
+        return GoOnWithWaiting{waiting_};
+    }
+
+    void unhandled_exception() noexcept { thrown_ = std::current_exception(); }
+
+    void setWaiting(std::coroutine_handle<> waiting) noexcept { waiting_ = waiting; }
+
+protected:
+    void rethrow() const {
+        if (thrown_) std::rethrow_exception(thrown_);
+    }
+
+private:
+    std::coroutine_handle<> waiting_ = std::noop_coroutine();
+    std::exception_ptr thrown_{};
+};
+
+template <class T>
+class TaskPromise final : public TaskPromiseBase {
+public:
+    Task<T> get_return_object() noexcept;
+    template <class U>
+    requires std::is_convertible_v<U, T>
+    void return_value(U&& value) { value_.emplace(std::forward<U>(value)); }
+
+    T take() {
+        rethrow();
+        return *std::move(value_);
+    }
+
+private:
+    std::optional<T> value_;
+};
+
+template <>
+class TaskPromise<void> final : public TaskPromiseBase {
+public:
+    Task<void> get_return_object() noexcept;
+    void return_void() const noexcept {}
+    void take() const { rethrow(); }
+};
+
+}  // namespace detail
+
+/// A coroutine that starts when it is awaited and gives a `T`. Move-only; await it once.
+///
+/// It runs on the thread that awaits it until it waits for something, then where that goes on. An exception that leaves
+/// it is rethrown where it is awaited. Destroying a task destroys its coroutine, which cancels the load that it waits
+/// for; what `LoadAwaitable` says of destroying a coroutine applies.
+///
+/// ```cpp
+/// Task<std::size_t> seriesOf(Resource<Show> resource) {
+///     const auto show = co_await resource.value();
+///     co_return show ? show->series.size() : 0;
+/// }
+/// ```
+template <class T>
+class [[nodiscard]] Task {
+public:
+    using promise_type = detail::TaskPromise<T>;
+
+    Task(Task&& other) noexcept : coroutine_(std::exchange(other.coroutine_, nullptr)) {}
+    Task& operator=(Task&& other) noexcept {
+        Task outgoing(std::move(*this));
+        coroutine_ = std::exchange(other.coroutine_, nullptr);
+        return *this;
+    }
+    ~Task() {
+        if (coroutine_) coroutine_.destroy();
+    }
+
+    bool await_ready() const noexcept { return false; }
+    std::coroutine_handle<> await_suspend(std::coroutine_handle<> waiting) noexcept {
+        coroutine_.promise().setWaiting(waiting);
+        return coroutine_;
+    }
+    T await_resume() { return coroutine_.promise().take(); }
+
+private:
+    friend promise_type;
+
+    explicit Task(std::coroutine_handle<promise_type> coroutine) noexcept : coroutine_(coroutine) {}
+
+    std::coroutine_handle<promise_type> coroutine_;
+};
+
+namespace detail {
+
+template <class T>
+Task<T> TaskPromise<T>::get_return_object() noexcept {
+    return Task<T>(std::coroutine_handle<TaskPromise>::from_promise(*this));
+}
+
+inline Task<void> TaskPromise<void>::get_return_object() noexcept {
+    return Task<void>(std::coroutine_handle<TaskPromise>::from_promise(*this));
+}
+
+/// Counts the tasks of a `whenAll` and resumes who waits for all of them.
+class TaskLatch {
+public:
+    explicit TaskLatch(std::size_t count) noexcept : left_(count + 1) {}
+
+    /// False if all tasks have ended by now, so that there is nothing to wait for.
+    bool wait(std::coroutine_handle<> waiting) noexcept {
+        waiting_ = waiting;
+        return left_.fetch_sub(1, std::memory_order_acq_rel) != 1;
+    }
+    /// Who goes on when one more task has ended.
+    std::coroutine_handle<> arrive() noexcept {
+        return left_.fetch_sub(1, std::memory_order_acq_rel) == 1 ? waiting_ : std::noop_coroutine();
+    }
+
+private:
+    std::atomic<std::size_t> left_;
+    std::coroutine_handle<> waiting_ = std::noop_coroutine();
+};
+
+/// Called when a runner has come to its end and may be destroyed. Gives who goes on.
+struct Arrival {
+    std::coroutine_handle<> (*arrive)(void* context) noexcept = nullptr;
+    void* context = nullptr;
+};
+
+/// Runs one task to its end and tells who started it.
+class TaskRunner {
+public:
+    class promise_type {
+    public:
+        TaskRunner get_return_object() noexcept {
+            return TaskRunner(std::coroutine_handle<promise_type>::from_promise(*this));
+        }
+        std::suspend_always initial_suspend() const noexcept { return {}; }
+        auto final_suspend() const noexcept {
+            struct Arrive {
+                Arrival arrival;
+                bool await_ready() const noexcept { return false; }
+                std::coroutine_handle<> await_suspend(std::coroutine_handle<>) const noexcept {
+                    return arrival.arrive(arrival.context);
+                }
+                void await_resume() const noexcept {}
+            };
+            return Arrive{arrival};
+        }
+        void return_void() const noexcept {}
+        // What a task throws stays in the task.
+        void unhandled_exception() const noexcept { std::terminate(); }
+
+        Arrival arrival{};
+    };
+
+    TaskRunner(TaskRunner&& other) noexcept : coroutine_(std::exchange(other.coroutine_, nullptr)) {}
+    TaskRunner& operator=(TaskRunner&&) = delete;
+    ~TaskRunner() {
+        if (coroutine_) coroutine_.destroy();
+    }
+
+    void start(Arrival arrival) const {
+        coroutine_.promise().arrival = arrival;
+        coroutine_.resume();
+    }
+
+private:
+    explicit TaskRunner(std::coroutine_handle<promise_type> coroutine) noexcept : coroutine_(coroutine) {}
+
+    std::coroutine_handle<promise_type> coroutine_;
+};
+
+/// Starts runners and waits until all have arrived.
+class StartAll {
+public:
+    explicit StartAll(std::vector<TaskRunner>& runners) noexcept
+        : runners_(runners), latch_(runners.size()) {}
+
+    bool await_ready() const noexcept { return false; }
+    bool await_suspend(std::coroutine_handle<> waiting) {
+        for (const TaskRunner& runner : runners_) runner.start({&arrived, &latch_});
+        return latch_.wait(waiting);
+    }
+    void await_resume() const noexcept {}
+
+private:
+    static std::coroutine_handle<> arrived(void* latch) noexcept {
+        return static_cast<TaskLatch*>(latch)->arrive();
+    }
+
+    std::vector<TaskRunner>& runners_;
+    TaskLatch latch_;
+};
+
+/// Ends when the task has ended, without taking its value.
+template <class T>
+struct TaskEnd {
+    Task<T>& task;
+    bool await_ready() const noexcept { return false; }
+    std::coroutine_handle<> await_suspend(std::coroutine_handle<> waiting) const noexcept {
+        return task.await_suspend(waiting);
+    }
+    void await_resume() const noexcept {}
+};
+
+template <class T>
+TaskRunner runToEnd(Task<T>& task) {
+    co_await TaskEnd<T>{task};
+}
+
+/// Runs a task to its end and remembers who was first.
+template <class T>
+TaskRunner raceToEnd(Task<T>& task, std::size_t index, std::atomic<std::size_t>& first, std::size_t none,
+                     std::stop_source& stop) {
+    co_await TaskEnd<T>{task};
+    std::size_t expected = none;
+    if (first.compare_exchange_strong(expected, index)) stop.request_stop();
+}
+
+template <class T>
+TaskValue<T> takeValue(Task<T>& task) {
+    if constexpr (std::is_void_v<T>) {
+        task.await_resume();
+        return {};
+    } else {
+        return task.await_resume();
+    }
+}
+
+/// What `blockOn` waits for.
+class BlockingWait final : public FutureState {
+public:
+    static std::coroutine_handle<> arrived(void* wait) noexcept {
+        static_cast<BlockingWait*>(wait)->ready();
+        return std::noop_coroutine();
+    }
+};
+
+}  // namespace detail
+
+/// Runs all tasks at once and gives their values in their order. An exception of one is rethrown when all have ended.
+template <class T>
+Task<std::vector<detail::TaskValue<T>>> whenAll(std::vector<Task<T>> tasks) {
+    std::vector<detail::TaskRunner> runners;
+    runners.reserve(tasks.size());
+    for (Task<T>& task : tasks) runners.push_back(detail::runToEnd(task));
+    co_await detail::StartAll(runners);
+    std::vector<detail::TaskValue<T>> values;
+    values.reserve(tasks.size());
+    for (Task<T>& task : tasks) values.push_back(detail::takeValue(task));
+    co_return values;
+}
+
+/// The same for tasks of different types. A task without a value gives a `std::monostate`.
+template <class... T>
+Task<std::tuple<detail::TaskValue<T>...>> whenAll(Task<T>... tasks) {
+    std::vector<detail::TaskRunner> runners;
+    runners.reserve(sizeof...(T));
+    (runners.push_back(detail::runToEnd(tasks)), ...);
+    co_await detail::StartAll(runners);
+    co_return std::tuple<detail::TaskValue<T>...>{detail::takeValue(tasks)...};
+}
+
+/// The task that ended first, by its place, with its value.
+template <class T>
+struct FirstEnded {
+    std::size_t index = 0;
+    detail::TaskValue<T> value{};
+};
+
+/// Runs all tasks at once and gives the value of the one that ends first. It then requests stop of `stop`, whose token
+/// the tasks hand to their loads, and goes on when all of them have ended. `tasks` must not be empty.
+template <class T>
+Task<FirstEnded<T>> whenAny(std::vector<Task<T>> tasks, std::stop_source stop) {
+    const std::size_t none = tasks.size();
+    std::atomic<std::size_t> first{none};
+    std::vector<detail::TaskRunner> runners;
+    runners.reserve(tasks.size());
+    for (std::size_t i = 0; i < tasks.size(); ++i) {
+        runners.push_back(detail::raceToEnd(tasks[i], i, first, none, stop));
+    }
+    co_await detail::StartAll(runners);
+    const std::size_t index = first.load();
+    co_return FirstEnded<T>{index, detail::takeValue(tasks.at(index))};
+}
+
+/// Runs `task` and blocks the calling thread until it has ended: for `main` and for tests. Never call it on a queue on
+/// which the task has to go on: it would wait for ever.
+template <class T>
+T blockOn(Task<T> task) {
+    detail::BlockingWait wait;
+    const detail::TaskRunner runner = detail::runToEnd(task);
+    runner.start({&detail::BlockingWait::arrived, &wait});
+    wait.wait();
+    return task.await_resume();
+}
+
+}  // namespace VanticRestKit

@@ -1,0 +1,58 @@
+#include <VanticRestKit/platform/dispatch/detail/Thread.h>
+#include <VanticRestKit/platform/dispatch/detail/Timer.h>
+
+#include <algorithm>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+// Far beyond any host's life, and far from what a time point can hold.
+constexpr std::chrono::duration<double> maxDelay = std::chrono::years(100);
+
+}  // namespace
+
+Timer& Timer::shared() {
+    static Timer& timer = *new Timer;
+    return timer;
+}
+
+Timer::Id Timer::add(std::chrono::duration<double> delay, Block function) {
+    const auto due = Clock::now() + std::chrono::ceil<Clock::duration>(std::min(delay, maxDelay));
+    const std::lock_guard lock(mutex_);
+    const Id id{.due = due, .number = ++lastNumber_};
+    const auto place = functions_.emplace(id, std::move(function)).first;
+    // If the system gives no thread now, the next call asks again.
+    if (!hasThread_) hasThread_ = startThread("VRK timer", [this] { run(); });
+    if (place == functions_.begin()) changed_.notify_one();
+    return id;
+}
+
+void Timer::remove(const Id& id) {
+    // Destroyed after the lock was given back: it may hold anything.
+    decltype(functions_)::node_type removed;
+    const std::lock_guard lock(mutex_);
+    removed = functions_.extract(id);
+}
+
+void Timer::run() {
+    std::unique_lock lock(mutex_);
+    while (true) {
+        if (functions_.empty()) {
+            changed_.wait(lock);
+            continue;
+        }
+        const auto due = functions_.begin()->first.due;
+        if (Clock::now() < due) {
+            changed_.wait_until(lock, due);
+            continue;
+        }
+        auto node = functions_.extract(functions_.begin());
+        lock.unlock();
+        node.mapped()();
+        node = {};
+        lock.lock();
+    }
+}
+
+}  // namespace VanticRestKit::detail
