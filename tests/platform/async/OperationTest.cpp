@@ -1,0 +1,253 @@
+#include <gtest/gtest.h>
+
+#include <platform/async/HandOperation.h>
+
+#include <chrono>
+#include <thread>
+
+namespace VanticRestKit {
+namespace {
+
+using namespace std::chrono_literals;
+using test::codeOf;
+using test::Number;
+
+constexpr std::int64_t cancelledCode = -999;
+constexpr std::int64_t timedOutCode = -1001;
+
+/// One operation, and what was delivered of it.
+class AnOperation : public ::testing::Test {
+protected:
+    UniqueFunction<void(Number)> keep() {
+        return [this, delivered = delivered](Number outcome) {
+            outcomes.push_back(std::move(outcome));
+            delivered.signal();
+        };
+    }
+
+    const std::shared_ptr<test::HandSource> source = std::make_shared<test::HandSource>();
+    const Operation<Number> operation{source};
+    const test::Event delivered;
+    std::vector<Number> outcomes;
+};
+
+TEST_F(AnOperation, DeliversTheOutcomeOfItsWorkWhereThatComes) {
+    const Cancellable handle = operation.start({}, keep());
+    source->answer(7);
+    ASSERT_EQ(outcomes.size(), 1U);
+    EXPECT_EQ(*outcomes.front(), 7);
+    handle.cancel();
+    EXPECT_EQ(source->cancelled.count(), 0) << "work that has ended is not cancelled";
+    EXPECT_EQ(outcomes.size(), 1U);
+}
+
+TEST_F(AnOperation, DeliversOnTheQueueOfItsOptions) {
+    const DispatchQueue queue("chosen");
+    bool isOnQueue = false;
+    const Cancellable handle = operation.start({.on = queue}, [&, delivered = delivered](Number) {
+        isOnQueue = queue.isCurrent();
+        delivered.signal();
+    });
+    source->answer(1);
+    ASSERT_TRUE(delivered.wait());
+    EXPECT_TRUE(isOnQueue);
+}
+
+TEST_F(AnOperation, ThatIsCancelledDeliversThatOnceOnItsUsualQueueAndEndsItsWork) {
+    bool isOnQueue = false;
+    const Cancellable handle = operation.start({}, [&, delivered = delivered](Number outcome) {
+        isOnQueue = source->queue.isCurrent();
+        outcomes.push_back(std::move(outcome));
+        delivered.signal();
+    });
+    handle.cancel();
+    handle.cancel();
+    ASSERT_TRUE(delivered.wait());
+    EXPECT_EQ(codeOf(outcomes.front()), cancelledCode);
+    EXPECT_TRUE(isOnQueue);
+    EXPECT_EQ(source->cancelled.count(), 1);
+    source->answer(7);
+    EXPECT_EQ(delivered.count(), 1);
+}
+
+TEST_F(AnOperation, WhoseHandleIsDroppedDeliversNothingAndDropsItsCompletion) {
+    const auto held = std::make_shared<int>(0);
+    {
+        const Cancellable handle = operation.start({}, [held](Number) { FAIL() << "it was dropped"; });
+        EXPECT_EQ(held.use_count(), 2);
+    }
+    EXPECT_EQ(held.use_count(), 1);
+    EXPECT_EQ(source->cancelled.count(), 1);
+    source->answer(7);
+}
+
+TEST_F(AnOperation, DroppedOnItsQueueDeliversNotEvenAnOutcomeThatIsOnItsWay) {
+    const DispatchQueue queue("chosen");
+    const test::Event passed;
+    queue.async([&, passed] {
+        Cancellable handle = operation.start({.on = queue}, [](Number) { FAIL() << "it was dropped"; });
+        source->answer(7);
+        handle = Cancellable();
+        queue.async([passed] { passed.signal(); });
+    });
+    EXPECT_TRUE(passed.wait());
+}
+
+TEST_F(AnOperation, WhoseHandleIsDetachedGoesOn) {
+    operation.start({}, keep()).detach();
+    source->answer(7);
+    EXPECT_EQ(outcomes.size(), 1U);
+    EXPECT_EQ(source->cancelled.count(), 0);
+}
+
+TEST_F(AnOperation, MissesItsDeadline) {
+    const Cancellable handle = operation.start({.deadline = 5ms}, keep());
+    ASSERT_TRUE(delivered.wait());
+    EXPECT_EQ(codeOf(outcomes.front()), timedOutCode);
+    EXPECT_EQ(source->cancelled.count(), 1);
+}
+
+TEST_F(AnOperation, WithoutTimeOrWithADeadlineThatIsNoNumberStartsNothing) {
+    for (const double seconds : {0.0, -1.0, std::numeric_limits<double>::quiet_NaN()}) {
+        operation.start({.deadline = std::chrono::duration<double>(seconds)}, keep()).detach();
+    }
+    ASSERT_TRUE(delivered.wait(3));
+    for (const Number& outcome : outcomes) EXPECT_EQ(codeOf(outcome), timedOutCode);
+    EXPECT_EQ(source->started.count(), 0);
+}
+
+TEST_F(AnOperation, IsCancelledByItsStopToken) {
+    std::stop_source stop;
+    const Cancellable handle = operation.start({.stop = stop.get_token()}, keep());
+    ASSERT_TRUE(source->started.wait());
+    stop.request_stop();
+    ASSERT_TRUE(delivered.wait());
+    EXPECT_EQ(codeOf(outcomes.front()), cancelledCode);
+    EXPECT_EQ(source->cancelled.count(), 1);
+}
+
+TEST_F(AnOperation, WhoseStopWasRequestedBeforeStartsNothing) {
+    std::stop_source stop;
+    stop.request_stop();
+    const Cancellable handle = operation.start({.stop = stop.get_token()}, keep());
+    ASSERT_TRUE(delivered.wait());
+    EXPECT_EQ(codeOf(outcomes.front()), cancelledCode);
+    EXPECT_EQ(source->started.count(), 0);
+}
+
+TEST_F(AnOperation, EndsOnceHoweverItsEndsRace) {
+    constexpr std::size_t rounds = 300;
+    for (std::size_t round = 0; round < rounds; ++round) {
+        std::stop_source stop;
+        Cancellable handle = operation.start({.deadline = 1ms, .stop = stop.get_token()}, keep());
+        ASSERT_TRUE(source->started.wait(static_cast<int>(round) + 1));
+        std::thread answering([&] { source->answer(1, round); });
+        std::thread stopping([&] { stop.request_stop(); });
+        handle.cancel();
+        answering.join();
+        stopping.join();
+        ASSERT_TRUE(delivered.wait(static_cast<int>(round) + 1));
+    }
+    const test::Event passed;
+    source->queue.async([passed] { passed.signal(); });
+    ASSERT_TRUE(passed.wait());
+    EXPECT_EQ(delivered.count(), static_cast<int>(rounds));
+}
+
+TEST_F(AnOperation, MayBeDroppedWhileItIsDelivered) {
+    for (std::size_t round = 0; round < 300; ++round) {
+        auto handle = std::make_unique<Cancellable>(operation.start({}, [](Number) {}));
+        std::thread answering([&] { source->answer(1, round); });
+        handle.reset();
+        answering.join();
+    }
+}
+
+TEST_F(AnOperation, GivesAFutureThatCanBeWaitedFor) {
+    auto future = operation.future();
+    EXPECT_FALSE(future.isReady());
+    EXPECT_FALSE(future.waitFor(1ms));
+    source->answer(7);
+    EXPECT_TRUE(future.isReady());
+    EXPECT_TRUE(future.waitFor(std::chrono::duration<double>::max()));
+    EXPECT_EQ(*future.get(), 7);
+}
+
+TEST_F(AnOperation, WhoseFutureIsDroppedGoesOn) {
+    { auto future = operation.future(); }
+    EXPECT_EQ(source->cancelled.count(), 0);
+    source->answer(7);
+}
+
+TEST_F(AnOperation, WhoseFutureIsStoppedEndsAsCancelled) {
+    std::stop_source stop;
+    auto future = operation.future({.stop = stop.get_token()});
+    stop.request_stop();
+    EXPECT_EQ(codeOf(future.get()), cancelledCode);
+}
+
+TEST_F(AnOperation, HandsTheOutcomeOfAFutureToACompletionBeforeAndAfterItIsThere) {
+    operation.future().then(keep());
+    source->answer(1, 0);
+    auto future = operation.future();
+    source->answer(2, 1);
+    std::move(future).then(keep());
+    ASSERT_EQ(outcomes.size(), 2U);
+    EXPECT_EQ(*outcomes[0], 1);
+    EXPECT_EQ(*outcomes[1], 2);
+}
+
+TEST_F(AnOperation, IsWaitedFor) {
+    std::thread answering([&] { source->answer(7); });
+    EXPECT_EQ(*operation.wait(), 7);
+    answering.join();
+    EXPECT_EQ(codeOf(operation.wait({.deadline = 1ms})), timedOutCode);
+}
+
+TEST_F(AnOperation, FailsAtOnceWhenTheQueueThatDeliversItWaitsForIt) {
+    source->queue.async([&, delivered = delivered] {
+        auto future = operation.future();
+        EXPECT_FALSE(future.waitFor(1h));
+        outcomes.push_back(future.get());
+        outcomes.push_back(operation.wait());
+        delivered.signal();
+    });
+    ASSERT_TRUE(delivered.wait());
+    for (const Number& outcome : outcomes) {
+        ASSERT_FALSE(outcome);
+        EXPECT_EQ(outcome.error().domain(), "VanticRestKit.Wait");
+        EXPECT_EQ(outcome.error().localizedDescription(),
+                  "This wait was begun on the queue that has to deliver its outcome, and would never end.");
+    }
+}
+
+TEST_F(AnOperation, GivesWhatIsThereAlreadyOnAnyQueue) {
+    auto future = std::make_shared<LoadFuture<Number>>(operation.future());
+    source->answer(7);
+    source->queue.async([&, future, delivered = delivered] {
+        outcomes.push_back(future->get());
+        delivered.signal();
+    });
+    ASSERT_TRUE(delivered.wait());
+    EXPECT_EQ(*outcomes.front(), 7);
+}
+
+TEST_F(AnOperation, IsPublishedAnewForEachSubscription) {
+    std::vector<int> values;
+    int ends = 0;
+    const auto subscribe = [&] {
+        return operation.publisher().sink([&](int value) { values.push_back(value); },
+                                          [&](const Result<void, Error>& end) { ends += end ? 1 : 100; });
+    };
+    const Cancellable first = subscribe();
+    const Cancellable second = subscribe();
+    source->answer(1, 0);
+    source->answer(Failure(Error(NSError("d", 5))), 1);
+    EXPECT_EQ(values, std::vector<int>{1});
+    EXPECT_EQ(ends, 101);
+    { const Cancellable dropped = subscribe(); }
+    EXPECT_EQ(source->cancelled.count(), 1);
+}
+
+}  // namespace
+}  // namespace VanticRestKit

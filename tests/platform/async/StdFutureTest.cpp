@@ -1,0 +1,20 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/platform/async/StdFuture.h>
+
+#include <platform/async/HandOperation.h>
+
+#include <chrono>
+
+namespace VanticRestKit {
+namespace {
+
+TEST(AStdFuture, HasTheOutcomeOfTheFutureThatItWasMadeFrom) {
+    const auto source = std::make_shared<test::HandSource>();
+    std::future<test::Number> future = toStdFuture(Operation<test::Number>(source).future());
+    EXPECT_EQ(future.wait_for(std::chrono::seconds(0)), std::future_status::timeout);
+    source->answer(7);
+    EXPECT_EQ(*future.get(), 7);
+}
+
+}  // namespace
+}  // namespace VanticRestKit
