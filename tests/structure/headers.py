@@ -14,6 +14,7 @@ import sys
 import tempfile
 
 from sources import Sources
+from texts import FOR_FUTURES
 
 WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Wshadow", "-Wconversion", "-Wnon-virtual-dtor", "-Werror"]
 STANDARD = """algorithm any array atomic barrier bit bitset cctype cerrno cfloat charconv chrono climits cmath compare
@@ -78,7 +79,8 @@ def public_headers_bring_only_the_standard_library(sources, compiler, folder):
 
 
 def everything(sources):
-    return "".join(f"#include <VanticRestKit/{header}>\n" for header in sources.public_headers())
+    headers = [header for header in sources.public_headers() if str(header) != FOR_FUTURES]
+    return "".join(f"#include <VanticRestKit/{header}>\n" for header in headers)
 
 
 def map_files(text, marker):

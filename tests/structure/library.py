@@ -7,7 +7,7 @@ import subprocess
 import sys
 import tempfile
 
-STRIPPED_AT_MOST = 1_200_000  # bytes
+STRIPPED_AT_MOST = 1_600_000  # bytes
 
 # A name in namespace VanticRestKit, or what the compiler makes for a class of it: tables, type information,
 # thunks, guards and the statics of its inline functions.
@@ -30,7 +30,7 @@ def only_our_namespace_is_exported(library):
 
 
 def the_stripped_library_is_small(library):
-    """Stripped, the shared library has at most 1.2 MB."""
+    """Stripped, the shared library has at most 1.6 MB."""
     with tempfile.TemporaryDirectory() as folder:
         stripped = os.path.join(folder, "library.so")
         subprocess.run(["strip", "-o", stripped, library], check=True)

@@ -1,5 +1,5 @@
-#include <VanticRestKit/Core/detail/DeliveryQueue.h>
 #include <VanticRestKit/Core/NetworkSession.h>
+#include <VanticRestKit/platform/async/AsyncCall.h>
 #include <VanticRestKit/platform/http/URLSession.h>
 
 #include <utility>
@@ -17,7 +17,7 @@ Cancellable NetworkSession::start(LoadDataArguments arguments) {
               });
 }
 
-DispatchQueue NetworkSession::deliveryQueue() const { return detail::sharedDeliveryQueue(); }
+DispatchQueue NetworkSession::deliveryQueue() const { return detail::AsyncCall::sharedQueue(); }
 
 namespace {
 

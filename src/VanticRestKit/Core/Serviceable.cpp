@@ -1,5 +1,5 @@
-#include <VanticRestKit/Core/detail/DeliveryQueue.h>
 #include <VanticRestKit/Core/Serviceable.h>
+#include <VanticRestKit/platform/async/AsyncCall.h>
 #include <VanticRestKit/platform/http/detail/URLErrors.h>
 
 #include <memory>
@@ -17,7 +17,7 @@ Cancellable Serviceable::start(FetchArguments arguments) {
                         });
 }
 
-DispatchQueue Serviceable::deliveryQueue() const { return detail::sharedDeliveryQueue(); }
+DispatchQueue Serviceable::deliveryQueue() const { return detail::AsyncCall::sharedQueue(); }
 
 Error Serviceable::endedEarly(URLErrorCode code) const { return detail::makeURLError({code}, std::nullopt); }
 

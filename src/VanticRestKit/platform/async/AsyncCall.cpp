@@ -15,6 +15,11 @@ AsyncCall::AsyncCall(LoadOptions options, DispatchQueue usualQueue)
 
 AsyncCall::~AsyncCall() = default;
 
+DispatchQueue AsyncCall::sharedQueue() {
+    static const auto& queue = *new DispatchQueue("VanticRestKit outcomes");
+    return queue;
+}
+
 void AsyncCall::begin() {
     if (stop_.stop_requested()) {
         endEarly(URLErrorCode::cancelled);

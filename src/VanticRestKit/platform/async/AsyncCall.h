@@ -46,6 +46,9 @@ public:
     /// Ends the work; the outcome is that it was cancelled.
     void cancel() final;
 
+    /// The queue of work that names none of its own. Made on first use; it lives as long as the process.
+    static DispatchQueue sharedQueue();
+
     /// Ends the work without an outcome. Does not wait for a delivery that is under way on another thread.
     void drop() final;
 
