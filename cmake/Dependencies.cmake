@@ -2,8 +2,11 @@
 
 find_package(Threads REQUIRED)
 find_package(CURL 7.88 REQUIRED)
-# Content codings of answers; brotlidec and utf8proc have no find module and are linked by name.
+# Content codings of responses.
 find_package(ZLIB REQUIRED)
+list(PREPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR}/find)
+find_package(VrkBrotli REQUIRED)
+find_package(VrkUtf8proc REQUIRED)
 
 if(VRK_APPS OR VRK_TESTS)
     find_package(nlohmann_json REQUIRED)

@@ -1,6 +1,10 @@
-# What `cmake --install` puts under a prefix: the public headers, both libraries, and what find_package and
-# pkg-config need to find them.
+# What `cmake --install` puts under a prefix, by component:
+#   runtime        the shared library
+#   development    the public headers, both libraries, and what find_package and pkg-config need to find them
+#   tools          the command line and the sample service
+#   documentation  README.md and docs/
 
+include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/VanticRestKit)
@@ -17,21 +21,41 @@ endforeach()
 foreach(kind shared static)
     install(TARGETS VanticRestKit_${kind} EXPORT VanticRestKit_${kind}
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
-        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
+        INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
     install(EXPORT VanticRestKit_${kind} NAMESPACE VanticRestKit:: FILE VanticRestKit-${kind}.cmake
         DESTINATION ${package_folder} COMPONENT development)
 endforeach()
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/VanticRestKitConfig.cmake.in
-    ${PROJECT_BINARY_DIR}/package/VanticRestKitConfig.cmake INSTALL_DESTINATION ${package_folder})
+    ${PROJECT_BINARY_DIR}/package/VanticRestKitConfig.cmake INSTALL_DESTINATION ${package_folder}
+    NO_SET_AND_CHECK_MACRO)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/package/VanticRestKitConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/package/VanticRestKitConfig.cmake
               ${PROJECT_BINARY_DIR}/package/VanticRestKitConfigVersion.cmake
+              ${CMAKE_CURRENT_LIST_DIR}/find/FindVrkBrotli.cmake
+              ${CMAKE_CURRENT_LIST_DIR}/find/FindVrkUtf8proc.cmake
     DESTINATION ${package_folder} COMPONENT development)
 
 # The prefix is found from where the file lies, so that an installed tree can be moved.
+if(IS_ABSOLUTE ${CMAKE_INSTALL_LIBDIR})
+    message(FATAL_ERROR "CMAKE_INSTALL_LIBDIR has to be relative to the prefix, not ${CMAKE_INSTALL_LIBDIR}")
+endif()
 file(RELATIVE_PATH up_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" up_to_prefix ${up_to_prefix})
-configure_file(${CMAKE_CURRENT_LIST_DIR}/VanticRestKit.pc.in ${PROJECT_BINARY_DIR}/package/VanticRestKit.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/package/VanticRestKit.pc
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+set(pc_cflags "")
+if(VRK_NO_EXCEPTIONS)
+    set(pc_cflags " -fno-rtti")
+endif()
+foreach(file VanticRestKit.pc VanticRestKit-static.pc)
+    configure_file(${CMAKE_CURRENT_LIST_DIR}/${file}.in ${PROJECT_BINARY_DIR}/package/${file} @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/package/${file}
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+endforeach()
+
+if(VRK_APPS)
+    install(TARGETS vantic sample-service RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
+endif()
+install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation
+    FILES_MATCHING PATTERN "*.md")

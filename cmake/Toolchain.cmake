@@ -1,7 +1,8 @@
 # How the targets of this project are compiled. All of it is set for this folder and those below it; a project that
 # takes this tree in keeps its own build type, language mode and output folders.
 
-if(NOT DEFINED CMAKE_CXX_STANDARD)
+# C++20 at least; a host's later standard is kept. 98 is the one that is older than its number.
+if(NOT CMAKE_CXX_STANDARD OR CMAKE_CXX_STANDARD LESS 20 OR CMAKE_CXX_STANDARD EQUAL 98)
     set(CMAKE_CXX_STANDARD 20)
 endif()
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -18,6 +19,11 @@ if(PROJECT_IS_TOP_LEVEL)
     set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
     set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
     add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor)
+    # Editors look for it at the top. The first build folder is linked; remove the link to choose another one.
+    if(NOT EXISTS ${PROJECT_SOURCE_DIR}/compile_commands.json)
+        file(CREATE_LINK ${PROJECT_BINARY_DIR}/compile_commands.json ${PROJECT_SOURCE_DIR}/compile_commands.json
+            RESULT ignored SYMBOLIC)
+    endif()
 endif()
 if(VRK_WARNINGS_AS_ERRORS)
     add_compile_options(-Werror)
