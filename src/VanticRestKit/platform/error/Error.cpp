@@ -28,4 +28,8 @@ std::string Error::localizedDescription() const {
     return detail::describedError(userInfo(), domain(), code());
 }
 
+const void* Error::valueTagged(const ErrorTag& tag) const noexcept {
+    return &box_->tag() == &tag ? box_->value() : nullptr;
+}
+
 }  // namespace VanticRestKit

@@ -77,13 +77,16 @@ public:
     /// The concrete error, or null where this handle holds one of another type. Lives as long as this handle.
     template <ErrorType T>
     const T* as() const noexcept {
-        return &box_->tag() == &T::errorTag() ? static_cast<const T*>(box_->value()) : nullptr;
+        return static_cast<const T*>(valueTagged(T::errorTag()));
     }
 
     /// Whether both handles share one error.
     friend bool operator==(const Error& a, const Error& b) noexcept { return a.box_ == b.box_; }
 
 private:
+    // Out of line: inlined into a host's completion, GCC 12 takes the handle for uninitialised and warns.
+    const void* valueTagged(const ErrorTag& tag) const noexcept;
+
     struct AnyBox {
         virtual ~AnyBox() = default;
         virtual const ErrorTag& tag() const = 0;
