@@ -1,0 +1,208 @@
+#!/usr/bin/env python3
+"""What is installed, and every way for a host outside to build with the library.
+
+package_test.py --build BUILD --tree TOP --compilers CXX[,CXX...] [--full] [TEST...]
+
+BUILD is a release build. Without --full: one way of compiling for each case, and the embedded library is configured
+but hardly built. With it: each compiler, C++20 and C++23, with exceptions and RTTI and without.
+"""
+
+import argparse
+import pathlib
+import re
+import shutil
+import sys
+import tempfile
+import unittest
+
+import consumers
+from consumers import HERE, Failed, Mode, build, configure, run
+
+ARGUMENTS = argparse.ArgumentParser()
+ARGUMENTS.add_argument("--build", type=pathlib.Path, required=True)
+ARGUMENTS.add_argument("--tree", type=pathlib.Path, required=True)
+ARGUMENTS.add_argument("--compilers", type=lambda text: text.split(","), required=True)
+ARGUMENTS.add_argument("--full", action="store_true")
+ARGUMENTS.add_argument("tests", nargs="*")
+GIVEN = ARGUMENTS.parse_args()
+
+CMAKE_FILES = """FindVrkBrotli.cmake FindVrkUtf8proc.cmake VanticRestKit-shared-release.cmake VanticRestKit-shared.cmake
+VanticRestKit-static-release.cmake VanticRestKit-static.cmake VanticRestKitConfig.cmake
+VanticRestKitConfigVersion.cmake""".split()
+
+
+class Folder(unittest.TestCase):
+    """Each test has a folder of its own."""
+
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.folder)
+
+    def modes(self, quick):
+        """Each mode to try, with a folder for it."""
+        for mode in consumers.matrix(GIVEN.compilers) if GIVEN.full else [quick]:
+            print(f"  {mode}", file=sys.stderr)
+            yield mode, pathlib.Path(tempfile.mkdtemp(dir=self.folder))
+
+    def assert_works(self, program):
+        self.assertEqual(4, run(program).count(": yes\n"))
+
+
+class Installed(Folder):
+    """The tree is moved after it was installed: it must not know its first place."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.work = pathlib.Path(tempfile.mkdtemp())
+        cls.addClassCleanup(shutil.rmtree, cls.work)
+        run("cmake", "--install", GIVEN.build, "--prefix", cls.work / "first")
+        cls.prefix = (cls.work / "first").rename(cls.work / "moved")
+
+    def pkg_config(self, *arguments, prefix=None):
+        path = (prefix or self.prefix) / "lib/pkgconfig"
+        shared = run("pkg-config", "--variable", "pc_path", "pkg-config").strip()
+        return run("pkg-config", *arguments, env={"PKG_CONFIG_LIBDIR": f"{path}:{shared}", "PATH": "/usr/bin:/bin"}).split()
+
+    def test_exactly_the_public_files_are_installed(self):
+        src = GIVEN.tree / "src"
+        expected = {f"include/{file.relative_to(src)}" for file in src.rglob("*.h") if "detail" not in file.parts}
+        expected |= {f"lib/cmake/VanticRestKit/{file}" for file in CMAKE_FILES}
+        expected |= {"lib/libVanticRestKit.a", "lib/libVanticRestKit.so", "lib/libVanticRestKit.so.VERSION"}
+        expected |= {"lib/pkgconfig/VanticRestKit.pc", "lib/pkgconfig/VanticRestKit-static.pc"}
+        expected |= {"bin/vantic", "bin/sample-service", "share/doc/VanticRestKit/README.md"}
+        docs = GIVEN.tree / "docs"
+        expected |= {f"share/doc/VanticRestKit/docs/{file.relative_to(docs)}" for file in docs.rglob("*.md")}
+        files = {str(f.relative_to(self.prefix)) for f in self.prefix.rglob("*") if f.is_file() or f.is_symlink()}
+        self.assertEqual(expected, {re.sub(r"\.so\.[0-9.]+$", ".so.VERSION", file) for file in files})
+
+    def test_no_file_names_a_folder_of_this_machine(self):
+        for folder in ("lib/cmake", "lib/pkgconfig"):
+            for file in filter(pathlib.Path.is_file, (self.prefix / folder).rglob("*")):
+                text = file.read_text(encoding="utf-8")
+                for path in (self.work, GIVEN.tree, GIVEN.build):
+                    self.assertNotIn(str(path), text, file.name)
+
+    def test_the_installed_tools_run(self):
+        self.assertIn("Video\n", run(self.prefix / "bin/vantic", "types"))
+        self.assertIn("sample-service", run(self.prefix / "bin/sample-service", "--help"))
+
+    def test_find_package_serves_hosts_of_both_libraries(self):
+        for mode, folder in self.modes(Mode(GIVEN.compilers[0])):
+            # Without this CMake passes -isystem, and compilers keep silent about such headers.
+            configure(HERE / "consumer", folder, mode, f"-DCMAKE_PREFIX_PATH={self.prefix}",
+                      "-DCMAKE_NO_SYSTEM_FROM_IMPORTED=ON")  # fmt: skip
+            build(folder)
+            self.assert_works(folder / "with_VanticRestKit")
+            self.assert_works(folder / "with_VanticRestKit_static")
+            self.assertTrue(consumers.needs_the_shared_library(folder / "with_VanticRestKit"))
+            self.assertFalse(consumers.needs_the_shared_library(folder / "with_VanticRestKit_static"))
+
+    def reasons(self, *definitions):
+        printed = configure(HERE / "reasons", self.folder / "reasons", Mode(GIVEN.compilers[0]),
+                            f"-DCMAKE_PREFIX_PATH={self.prefix}", *definitions)  # fmt: skip
+        return dict(line[3:].split(" -> ") for line in printed.splitlines() if " -> " in line)
+
+    def test_find_package_accepts_and_refuses_with_a_reason(self):
+        found = self.reasons()
+        for accepted in ("1.0", "1.0...<2", "1...<2;COMPONENTS;shared", "COMPONENTS;static",
+                         "1.0;COMPONENTS;shared;OPTIONAL_COMPONENTS;python"):  # fmt: skip
+            self.assertTrue(found[accepted].startswith("found 1."), (accepted, found[accepted]))
+        for refused in ("2", "2...<3", "0.5...<1"):
+            self.assertTrue(found[refused].startswith("not found"), (refused, found[refused]))
+        self.assertEqual(
+            "not found: VanticRestKit has no component python; its components are shared and static.",
+            found["1.0;COMPONENTS;python"],
+        )
+
+    def test_find_package_names_what_the_static_library_lacks(self):
+        for library in ("CURL", "ZLIB", "VrkBrotli", "VrkUtf8proc"):
+            with self.subTest(library):
+                found = self.reasons(f"-DCMAKE_DISABLE_FIND_PACKAGE_{library}=ON")
+                self.assertIn(f"because dependency {library} could not be found", found["COMPONENTS;static"])
+                self.assertTrue(found["COMPONENTS;shared;OPTIONAL_COMPONENTS;static"].startswith("found"))
+                self.assertTrue(found["1.0"].startswith("found"))
+            shutil.rmtree(self.folder / "reasons")
+
+    def test_pkg_config_serves_hosts_of_both_libraries(self):
+        run("pkg-config", "--validate", self.prefix / "lib/pkgconfig/VanticRestKit.pc")
+        include = [f"-I{self.prefix}/lib/pkgconfig/../../include"]
+        for package in ("VanticRestKit", "VanticRestKit-static"):
+            self.assertEqual(include, self.pkg_config("--cflags", package))
+        # -lVanticRestKit takes the archive if no shared library lies beside it.
+        only_static = self.folder / "only-static"
+        shutil.copytree(self.prefix, only_static, symlinks=True)
+        for file in only_static.glob("lib/*.so*"):
+            file.unlink()
+        links = {
+            "shared": [*self.pkg_config("--libs", "VanticRestKit"), f"-Wl,-rpath,{self.prefix}/lib"],
+            "static": self.pkg_config("--static", "--libs", "VanticRestKit", prefix=only_static),
+            "static by name": self.pkg_config("--libs", "VanticRestKit-static"),
+        }
+        for mode, folder in self.modes(Mode(GIVEN.compilers[0], 23, plain=True)):
+            run(*mode.command(), *include, "-c", HERE / "consumer/main.cpp", "-o", folder / "main.o")
+            for name, link in links.items():
+                run(mode.compiler, folder / "main.o", *link, "-o", folder / name)
+                self.assert_works(folder / name)
+                self.assertEqual(name == "shared", consumers.needs_the_shared_library(folder / name), name)
+
+    def test_a_warning_in_a_header_would_be_seen(self):
+        include = self.folder / "include"
+        shutil.copytree(self.prefix / "include", include)
+        source = self.folder / "main.cpp"
+        source.write_text("#include <VanticRestKit/platform/url/URL.h>\n", encoding="utf-8")
+        header = include / "VanticRestKit/platform/url/URL.h"
+        for mode, _ in self.modes(Mode(GIVEN.compilers[0])):
+            command = [*mode.command(), f"-I{include}", "-fsyntax-only", source]
+            sound = header.read_text(encoding="utf-8")
+            run(*command)
+            header.write_text(sound + "inline int narrowed(long value) { return value; }\n", encoding="utf-8")
+            self.assertRaisesRegex(Failed, "-Werror", run, *command)
+            header.write_text(sound, encoding="utf-8")
+
+
+class Embedded(Folder):
+    """The host takes the tree in. Its CMakeLists.txt fails if it sees more than the library."""
+
+    def embed(self, folder, how, mode, *definitions, flags=()):
+        printed = configure(HERE / "embedding", folder, mode, f"-DHOW={how}", f"-DTREE={GIVEN.tree}", *definitions,
+                            flags=flags)  # fmt: skip
+        self.assertIn("none leaks", printed)
+
+    def test_nothing_leaks_into_a_host(self):
+        for how in ("add_subdirectory", "FetchContent"):
+            for standard in (17, 20, 23):
+                with self.subTest(f"{how} C++{standard}"):
+                    self.embed(self.folder / f"{how}{standard}", how, Mode(GIVEN.compilers[0], standard))
+        # One source of the library, and one of the host, which asked for less than C++20.
+        build(self.folder / "add_subdirectory17", "vrk_module_platform_url", "CMakeFiles/host.dir/main.cpp.o")
+
+    def test_a_leak_would_be_seen(self):
+        with self.assertRaisesRegex(Failed, "leaks into its host"):
+            self.embed(self.folder / "host", "add_subdirectory", Mode(GIVEN.compilers[0]), "-DVRK_TESTS=ON")
+
+    @unittest.skipUnless(GIVEN.full, "builds the whole library several times; with --full")
+    def test_hosts_build_and_run(self):
+        for number, mode in enumerate(consumers.pairs(GIVEN.compilers)):
+            how = ("add_subdirectory", "FetchContent")[number % 2]
+            shared = number >= 2
+            with self.subTest(f"{how} {mode} {'shared' if shared else 'static'}"):
+                folder = self.folder / str(number)
+                self.embed(folder, how, mode, f"-DBUILD_SHARED_LIBS={'ON' if shared else 'OFF'}",
+                           f"-DVRK_NO_EXCEPTIONS={'ON' if mode.plain else 'OFF'}",
+                           flags=consumers.PLAIN if mode.plain else ())  # fmt: skip
+                build(folder, "host")
+                self.assert_works(folder / "host")
+                self.assertEqual(shared, consumers.needs_the_shared_library(folder / "host"))
+                shutil.rmtree(folder)
+
+    @unittest.skipUnless(GIVEN.full, "builds the whole library; with --full")
+    def test_a_host_of_a_library_without_type_information_loses_it_too(self):
+        """Else a class derived from one of the library's would not link."""
+        folder = self.folder / "host"
+        self.embed(folder, "add_subdirectory", Mode(GIVEN.compilers[0]), "-DVRK_NO_EXCEPTIONS=ON")
+        build(folder, "host")
+        self.assert_works(folder / "host")
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0], *GIVEN.tests], verbosity=2)
