@@ -62,7 +62,7 @@ class DebianPackages(unittest.TestCase):
         content = self.content(files.values())
         present = {path for path in content if os.path.lexists(path)}
         self.addCleanup(self.remove)
-        run(*APT, "install", "--no-install-recommends", "--no-download", *files.values(),
+        run(*APT, "install", "--no-install-recommends", *files.values(),
             env={**os.environ, "DEBIAN_FRONTEND": "noninteractive"})  # fmt: skip
         for path in content:
             self.assertTrue(os.path.lexists(path), path)
@@ -70,6 +70,7 @@ class DebianPackages(unittest.TestCase):
         self.assertIn("Video\n", run("/usr/bin/vantic", "types"))
         self.assertIn("sample-service", run("/usr/bin/sample-service", "--help"))
         configure(HERE / "consumer", self.folder / "host", Mode(GIVEN.compiler), flags=["-O0"])
+        self.assertIn("VanticRestKit_DIR:PATH=/usr/lib/", (self.folder / "host/CMakeCache.txt").read_text("utf-8"))
         build_target(self.folder / "host")
         for kind in ("VanticRestKit", "VanticRestKit_static"):
             self.assertEqual(4, run(self.folder / "host" / f"with_{kind}").count(": yes\n"))
