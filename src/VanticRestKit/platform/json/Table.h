@@ -53,14 +53,19 @@ constexpr Row valueRow(Presence presence, std::string_view key) {
     return row;
 }
 
+template <std::size_t N>
+constexpr Row* copied(const Rows<N>& rows, Row* to) {
+    for (const Row& row : rows) *to++ = row;
+    return to;
+}
+
+// Without a lambda: GCC and Clang lay out its captures differently, yet a host built by one and the static library
+// built by the other would share its code.
 template <std::size_t... Ns>
 constexpr auto joined(const Rows<Ns>&... rows) {
     Rows<(Ns + ... + 0)> all{};
-    [[maybe_unused]] std::size_t at = 0;
-    [[maybe_unused]] const auto take = [&](const auto& some) {
-        for (const Row& row : some) all[at++] = row;
-    };
-    (take(rows), ...);
+    [[maybe_unused]] Row* end = all.data();
+    ((end = copied(rows, end)), ...);
     return all;
 }
 
