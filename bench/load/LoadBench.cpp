@@ -20,8 +20,10 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <coroutine>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <fstream>
 #include <map>
 #include <memory>
@@ -76,12 +78,26 @@ std::string addressOf(const Server& server, const std::string& path) {
 
 URLRequest requestOf(const std::string& address) { return URLRequest(URL::make(address).value()); }
 
+/// How a load is started.
+enum class Form { plain, awaited };
+
+/// A coroutine that runs by itself and goes when it has ended.
+struct Detached {
+    struct promise_type {
+        Detached get_return_object() const noexcept { return {}; }
+        std::suspend_never initial_suspend() const noexcept { return {}; }
+        std::suspend_never final_suspend() const noexcept { return {}; }
+        void return_void() const noexcept {}
+        void unhandled_exception() const noexcept { std::terminate(); }
+    };
+};
+
 /// Loads of resources, each made for one load, a number of them at a time. Never destroyed: what the last
 /// completion does may still be going on when the waiting is over.
 class Loads {
 public:
-    Loads(std::shared_ptr<URLSession> session, const std::string& address)
-        : session_(networkSession(std::move(session))), request_(requestOf(address)) {}
+    Loads(std::shared_ptr<URLSession> session, const std::string& address, Form form = Form::plain)
+        : session_(networkSession(std::move(session))), request_(requestOf(address)), form_(form) {}
 
     void begin(std::size_t count, std::size_t atOnce) {
         toStart_ = static_cast<long>(count);
@@ -101,18 +117,30 @@ private:
         const Resource<Texts> resource({.withService = NetworkServiceble::make(
                                             {.with = request_, .and_ = session_, .logError = LogError()}),
                                         .andDecoder = JSONDecoder()});
-        resource.load({.with = [this](Result<Texts, LoaderError> texts) {
-            if (!texts) {
-                std::fprintf(stderr, "load: %s\n", texts.error().localizedDescription().c_str());
-                std::exit(1);
-            }
-            startNext();
-            if (toEnd_.fetch_sub(1) == 1) allEnded_.release();
-        }});
+        if (form_ == Form::awaited) {
+            await(resource);
+        } else {
+            resource.load({.with = [this](Result<Texts, LoaderError> texts) { ended(texts); }});
+        }
+    }
+
+    Detached await(Resource<Texts> resource) {
+        const Result<Texts, LoaderError> texts = co_await resource.value();
+        ended(texts);
+    }
+
+    void ended(const Result<Texts, LoaderError>& texts) {
+        if (!texts) {
+            std::fprintf(stderr, "load: %s\n", texts.error().localizedDescription().c_str());
+            std::exit(1);
+        }
+        startNext();
+        if (toEnd_.fetch_sub(1) == 1) allEnded_.release();
     }
 
     std::shared_ptr<NetworkSession> session_;
     URLRequest request_;
+    Form form_;
     std::atomic<long> toStart_ = 0;
     std::atomic<long> toEnd_ = 0;
     std::binary_semaphore allEnded_{0};
@@ -165,6 +193,25 @@ void compare(const Way& way, RawLoads& raw, Loads& loads, std::size_t count, std
            "raw libcurl " + figure(loadsCount / theirs.wall, 0));
 }
 
+/// The same loads in two forms, in turn.
+void compareForms(const std::string& address, std::size_t count, std::size_t rounds) {
+    Loads& plain = *new Loads(URLSession::make({}), address);
+    Loads& awaited = *new Loads(URLSession::make({}), address, Form::awaited);
+    plain.run(count, 1);
+    awaited.run(count, 1);
+    Times processor;
+    double least = 1e9;
+    double leastPlain = 1e9;
+    for (std::size_t round = 0; round < rounds; ++round) {
+        processor.baseline.push_back(costOf([&] { plain.run(count, 1); }).processor);
+        processor.runs.push_back(costOf([&] { awaited.run(count, 1); }).processor);
+        leastPlain = std::min(leastPlain, processor.baseline.back());
+        least = std::min(least, processor.runs.back());
+    }
+    report("awaited load, processor time to a plain load's", figure(least / leastPlain), "", "1.02",
+           "median " + figure(processor.ratio()));
+}
+
 class BenchContext : public Context {
 public:
     URL baseURL() const override { return URL::make("https://api.vantic.example.test/v2").value(); }
@@ -197,27 +244,30 @@ void makingAResource(std::size_t count) {
 }
 
 /// All of `count` loads are begun before one is answered.
-void inFlight(Server& server, std::size_t count) {
+void inFlight(Server& server, std::size_t count, Form form) {
+    const std::string name = std::to_string(count) + (form == Form::awaited ? " awaited loads" : " loads");
     const long memory = told("VmRSS");
     const long threads = told("Threads");
     // The sign of network activity is told of each request that begins.
-    static std::atomic<std::size_t> begun = 0;
-    static std::binary_semaphore allBegan{0};
-    NetworkActivityCounter::setIndicator([count](bool) {
-        if (++begun == count) allBegan.release();
+    struct Begun {
+        std::atomic<std::size_t> number = 0;
+        std::binary_semaphore all{0};
+    };
+    Begun& begun = *new Begun;
+    NetworkActivityCounter::setIndicator([&begun, count](bool) {
+        if (++begun.number == count) begun.all.release();
     });
-    Loads& loads = *new Loads(URLSession::make({}), addressOf(server, "/held"));
+    Loads& loads = *new Loads(URLSession::make({}), addressOf(server, "/held"), form);
     loads.begin(count, count);
-    allBegan.acquire();
+    begun.all.acquire();
     const long threadsThen = told("Threads") - threads;
     server.release();
     loads.wait();
     NetworkActivityCounter::setIndicator({});
-    report(std::to_string(count) + " loads in flight, threads with those of the pool",
-           std::to_string(threadsThen), "", "", "");
+    report(name + " in flight, threads with those of the pool", std::to_string(threadsThen), "", "", "");
     const double peak = static_cast<double>(told("VmHWM") - memory);
-    report(std::to_string(count) + " loads in flight, memory at the peak in MB", figure(peak / 1024, 1), "",
-           "", figure(peak / static_cast<double>(count), 1) + " KB for each");
+    report(name + " in flight, memory at the peak in MB", figure(peak / 1024, 1), "", "",
+           figure(peak / static_cast<double>(count), 1) + " KB for each");
 }
 
 }  // namespace
@@ -241,6 +291,7 @@ int main(int count, char** arguments) {
     keepTo(1);
     Server server(sampleBody());
     Server holding(sampleBody());
+    Server holdingAwaited(sampleBody());
     const test::CertificateAuthority root;
     const test::TemporaryFile roots(root.pem());
     const test::Nghttpx http2(server.port(), root.issue());
@@ -250,7 +301,8 @@ int main(int count, char** arguments) {
 
     if (only.empty()) {
         makingAResource(isQuick ? 100 : 5000);
-        inFlight(holding, 10'000);
+        inFlight(holding, 10'000, Form::plain);
+        inFlight(holdingAwaited, 10'000, Form::awaited);
     }
 
     URLSessionConfiguration wide;
@@ -260,6 +312,7 @@ int main(int count, char** arguments) {
     narrow.httpMaximumConnectionsPerHost = 6;
     const std::string http1Address = addressOf(server, "/sample");
     const std::string http2Address = "https://127.0.0.1:" + std::to_string(http2.port()) + "/sample";
+    if (only.empty()) compareForms(http1Address, loads, rounds);
     const auto compared = [&](const Way& way, const RawLoads::Settings& settings,
                               const URLSessionConfiguration& configuration) {
         if (way.name.find(only) == std::string::npos) return;
@@ -269,8 +322,8 @@ int main(int count, char** arguments) {
     const RawLoads::Settings overSix{.url = http1Address, .connections = 6};
     const RawLoads::Settings overMany{.url = http1Address, .connections = 64};
     const RawLoads::Settings overHTTP2{.url = http2Address, .caBundlePath = roots.path(), .connections = 6};
-    compared({"one at a time", 1, "1.3", "1.2"}, overSix, narrow);
-    compared({"over HTTP/1.1, 64 at once over 6 connections", 64, "1.5", "1.35"}, overSix, narrow);
-    compared({"over HTTP/1.1, 64 at once over 64 connections", 64, "1.5", "1.35"}, overMany, wide);
-    compared({"over HTTP/2, 64 at once", 64, "1.35", "1.2"}, overHTTP2, narrow);
+    compared({"one at a time", 1, "1.6", "1.2"}, overSix, narrow);
+    compared({"over HTTP/1.1, 64 at once over 6 connections", 64, "1.5", "1.2"}, overSix, narrow);
+    compared({"over HTTP/1.1, 64 at once over 64 connections", 64, "1.5", "1.2"}, overMany, wide);
+    compared({"over HTTP/2, 64 at once", 64, "1.4", "1.2"}, overHTTP2, narrow);
 }
