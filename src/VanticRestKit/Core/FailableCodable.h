@@ -31,11 +31,11 @@ namespace mapping::detail {
 template <class T>
 struct BuiltIn<FailableCodable<T>> {
     static const TypePlan& plan() {
-        static const TypePlan plan{.kind = ValueKind::attempted,
-                                   .name = planOf<T>().name,
-                                   .attempt = &attempt,
-                                   .wrapped = &planOf<T>(),
-                                   .peek = &peek};
+        static const TypePlan& plan = *new TypePlan{.kind = ValueKind::attempted,
+                                                    .name = planOf<T>().name,
+                                                    .attempt = &attempt,
+                                                    .wrapped = &planOf<T>(),
+                                                    .peek = &peek};
         return plan;
     }
 

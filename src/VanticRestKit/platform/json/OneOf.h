@@ -84,7 +84,8 @@ const TypePlan& planOfChoice() {
     static constexpr Candidate candidates[] = {candidate<Field, Entities>...};
     static constexpr ChoicePlan choice = {
         .candidates = candidates, .which = &whichOf<Value, Entities...>, .held = &heldIn<Value, Entities...>};
-    static const TypePlan plan{.kind = ValueKind::choice, .name = typeName<Value>(), .choice = &choice};
+    static const TypePlan& plan =
+        *new TypePlan{.kind = ValueKind::choice, .name = typeName<Value>(), .choice = &choice};
     return plan;
 }
 
@@ -99,7 +100,7 @@ const TypePlan& planOfChoices() {
         .count = &countOf<Value>,
         .at = &elementAt<Value>,
     };
-    static const TypePlan plan{.kind = ValueKind::list, .name = "[Any]", .list = &list};
+    static const TypePlan& plan = *new TypePlan{.kind = ValueKind::list, .name = "[Any]", .list = &list};
     return plan;
 }
 

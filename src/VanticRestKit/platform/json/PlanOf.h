@@ -105,9 +105,13 @@ template <class T, bool Tolerant>
 const TypePlan& planOfList() {
     // The element is named, not planned, here: a type may hold a list of itself.
     static const std::string& name = *new std::string(listName(displayName<T>()));
-    static const TypePlan plan{.kind = ValueKind::list, .name = name, .list = &listPlan<T, Tolerant>};
+    static const TypePlan& plan =
+        *new TypePlan{.kind = ValueKind::list, .name = name, .list = &listPlan<T, Tolerant>};
     return plan;
 }
+
+// Plans made in headers lie on the heap. GCC initialises the constant members of a static object at compile time,
+// Clang all of them at run time; linked together, GCC's code would run on Clang's storage, without those members.
 
 /// The plans that need no table.
 template <class T>
@@ -115,7 +119,7 @@ struct BuiltIn;
 
 template <ValueKind Kind>
 const TypePlan& plainPlan(std::string_view name) {
-    static const TypePlan plan{.kind = Kind, .name = name};
+    static const TypePlan& plan = *new TypePlan{.kind = Kind, .name = name};
     return plan;
 }
 
@@ -150,15 +154,16 @@ struct BuiltIn<Dictionary> {
 template <RawEnumeration E>
 struct BuiltIn<E> {
     static const TypePlan& plan() {
-        static const TypePlan plan{.kind = ValueKind::convertedText,
-                                   .name = typeName<E>(),
-                                   .fromText =
-                                       [](std::string_view text, void* value) {
-                                           const std::optional<E> found = fromRawValue<E>(text);
-                                           if (found) *static_cast<E*>(value) = *found;
-                                           return found.has_value();
-                                       },
-                                   .caseName = &caseNameAt<E>};
+        static const TypePlan& plan = *new TypePlan{.kind = ValueKind::convertedText,
+                                                    .name = typeName<E>(),
+                                                    .fromText =
+                                                        [](std::string_view text, void* value) {
+                                                            const std::optional<E> found =
+                                                                fromRawValue<E>(text);
+                                                            if (found) *static_cast<E*>(value) = *found;
+                                                            return found.has_value();
+                                                        },
+                                                    .caseName = &caseNameAt<E>};
         return plan;
     }
 };
@@ -171,11 +176,11 @@ struct BuiltIn<std::vector<T>> {
 template <class T>
 struct BuiltIn<std::optional<T>> {
     static const TypePlan& plan() {
-        static const TypePlan plan{.kind = ValueKind::nullable,
-                                   .name = planOf<T>().name,
-                                   .wrapped = &planOf<T>(),
-                                   .wrap = fieldOps<std::optional<T>>.open,
-                                   .peek = fieldOps<std::optional<T>>.peek};
+        static const TypePlan& plan = *new TypePlan{.kind = ValueKind::nullable,
+                                                    .name = planOf<T>().name,
+                                                    .wrapped = &planOf<T>(),
+                                                    .wrap = fieldOps<std::optional<T>>.open,
+                                                    .peek = fieldOps<std::optional<T>>.peek};
         return plan;
     }
 };
@@ -195,17 +200,17 @@ struct ReaderOf {
         } else if constexpr (std::is_same_v<R, KeepDecodable>) {
             return detail::planOfList<typename T::value_type, true>();
         } else if constexpr (std::is_invocable_r_v<bool, R, std::string_view, T&>) {
-            static const TypePlan plan{
-                .kind = ValueKind::convertedText,
-                .name = detail::displayName<T>(),
-                .fromText = [](std::string_view text,
-                               void* value) { return Reader(text, *static_cast<T*>(value)); },
-                .caseName = detail::caseNameOf<T>()};
+            static const TypePlan& plan =
+                *new TypePlan{.kind = ValueKind::convertedText,
+                              .name = detail::displayName<T>(),
+                              .fromText = [](std::string_view text,
+                                             void* value) { return Reader(text, *static_cast<T*>(value)); },
+                              .caseName = detail::caseNameOf<T>()};
             return plan;
         } else {
             static_assert(std::is_invocable_r_v<bool, R, double, T&>,
                           "a reader takes a text or a number, and the value to set");
-            static const TypePlan plan{
+            static const TypePlan& plan = *new TypePlan{
                 .kind = ValueKind::convertedNumber,
                 .name = detail::displayName<T>(),
                 .fromNumber = [](double number,
