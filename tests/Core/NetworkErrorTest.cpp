@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <VanticRestKit/Core/ErrorBridge.h>
+#include <VanticRestKit/Core/LoaderError.h>
 #include <VanticRestKit/Core/NetworkError.h>
 #include <VanticRestKit/Core/NetworkServiceble.h>
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
@@ -36,6 +38,23 @@ TEST(NetworkError, HttpErrorTellsItsStatus) {
     EXPECT_EQ(error.request(), timeRequest());
     ASSERT_NE(error.response(), nullptr);
     EXPECT_EQ(error.response()->statusCode(), 404);
+}
+
+TEST(NetworkError, HttpErrorWithoutAResponseHasTheCodeZero) {
+    const NetworkError error = NetworkError::httpError(timeRequest(), nullptr, std::nullopt);
+    EXPECT_EQ(error.errorCode(), 0);
+    EXPECT_EQ(error.response(), nullptr);
+    EXPECT_EQ(error.localizedDescription(), "Got response 0");
+    EXPECT_EQ(error.errorMessage(), "HttpCode: 0");
+    EXPECT_EQ(text(error.errorUserInfo(), "status_code"), "0");
+    EXPECT_FALSE(LoaderError::serverError(error).is404Error());
+}
+
+TEST(NetworkError, ResponsesThatAreNullLeaveTheOtherCasesAsTheyAre) {
+    const NetworkError noData = NetworkError::dataNotFoundInResponse(timeRequest(), nullptr, "why");
+    EXPECT_EQ(noData.errorCode(), 4);
+    EXPECT_EQ(noData.response(), nullptr);
+    EXPECT_EQ(NetworkError::notAHTTPResponse(timeRequest(), nullptr, "why").errorCode(), 3);
 }
 
 TEST(NetworkError, InternalSDKErrorHasCodeOneAndNoRequest) {

@@ -101,7 +101,10 @@ std::string NetworkError::errorDomain() { return "dev.vantic.VanticRestKit.netwo
 std::int64_t NetworkError::errorCode() const {
     switch (kind_) {
         case Kind::internalSDKError: return 1;
-        case Kind::httpError: return response()->statusCode();
+        case Kind::httpError: {
+            const std::shared_ptr<const HTTPURLResponse> answer = response();
+            return answer ? answer->statusCode() : 0;
+        }
         case Kind::notAHTTPResponse: return 3;
         case Kind::dataNotFoundInResponse: return 4;
         case Kind::requestFailed: break;

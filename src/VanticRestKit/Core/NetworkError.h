@@ -29,7 +29,8 @@ public:
 
     /// The library lost what it needed; `message` says what.
     static NetworkError internalSDKError(std::string message);
-    /// The server answered with a status of 400 or above. `data` is the body of that answer, unread.
+    /// The server answered with a status of 400 or above. `data` is the body of that answer, unread. With a null
+    /// `response`, which the library never passes, `errorCode()` is 0.
     static NetworkError httpError(URLRequest request, std::shared_ptr<const HTTPURLResponse> response,
                                   std::optional<Data> data);
     /// The answer is not one of HTTP; `response` may be null.
@@ -73,7 +74,7 @@ public:
     static const ErrorTag& errorTag();
     /// "dev.vantic.VanticRestKit.networkService"
     static std::string errorDomain();
-    /// The HTTP status, or the code of the underlying error, or 1, 3 or 4 for the other cases.
+    /// The HTTP status (0 without a response), or the code of the underlying error, or 1, 3 or 4 for the other cases.
     std::int64_t errorCode() const;
     /// "error_code", "domain", "url", "status_code", "url_host", "url_path", "url_query" and "http_method",
     /// all text and none of it empty, each where it is known; for `requestFailed` also what the underlying
