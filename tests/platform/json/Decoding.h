@@ -21,7 +21,7 @@ struct DecodableType {
 
 template <class T>
 inline constexpr DecodableType decodable = {
-    .plan = &planOf<T>,
+    .plan = []() -> const TypePlan& { return planOf<T>(); },
     .make =
         [] {
             return std::shared_ptr<void>(new T(mapping::fresh<T>()),

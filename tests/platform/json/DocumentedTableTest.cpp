@@ -28,8 +28,17 @@ const VanticRestKit::TypePlan& VanticRestKit::planOf<Song>() {
     return plan;
 }
 
+struct Poem {
+    std::string title{};
+};
+
 namespace VanticRestKit {
 namespace {
+
+static_assert(Decodable<Song>);
+static_assert(!Decodable<Poem>, "a type without a mapping table");
+static_assert(Decodable<double> && Decodable<std::vector<Song>> && Decodable<std::optional<Song>>);
+static_assert(!Decodable<int> && !Decodable<const char*>);
 
 using test::failureOf;
 using test::shown;

@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <VanticRestKit/platform/json/JSONDecoder.h>
+#include <VanticRestKit/platform/json/Table.h>
 #include <VanticRestKit/trelvo/History/HistoryData.h>
 
 #include <trelvo/Common/Shapes.h>
@@ -105,6 +107,17 @@ struct OwnRecord {
     std::optional<Date> lastAccessed{};
 };
 
+/// A record of the same shape without a mapping table.
+struct RecordWithoutATable {
+    std::optional<SourceSystem> source{};
+    std::string namespace_{};
+    std::string key{};
+    std::int64_t progress{};
+    bool done{};
+    std::optional<Date> lastAccessed{};
+};
+
+/// A record with a mapping table, but without one of the properties.
 struct RecordWithoutAKey {
     std::optional<SourceSystem> source{};
     std::string namespace_{};
@@ -112,6 +125,31 @@ struct RecordWithoutAKey {
     bool done{};
     std::optional<Date> lastAccessed{};
 };
+
+}  // namespace
+
+template <>
+const TypePlan& planOf<OwnRecord>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<OwnRecord>(
+        lenient<&OwnRecord::source>("source"), required<&OwnRecord::namespace_>("namespace"),
+        required<&OwnRecord::key>("key"), required<&OwnRecord::progress>("progress"),
+        required<&OwnRecord::done>("done"), lenient<&OwnRecord::lastAccessed, deviceDate>("lastAccessed"));
+    return plan;
+}
+
+template <>
+const TypePlan& planOf<RecordWithoutAKey>() {
+    using namespace mapping;
+    using Record = RecordWithoutAKey;
+    static const TypePlan& plan =
+        object<Record>(lenient<&Record::source>("source"), required<&Record::namespace_>("namespace"),
+                       required<&Record::progress>("progress"), required<&Record::done>("done"),
+                       lenient<&Record::lastAccessed, deviceDate>("lastAccessed"));
+    return plan;
+}
+
+namespace {
 
 template <HistoryEntityProtocol Record>
 std::string shownBy(const Record& record) {
@@ -125,12 +163,20 @@ TEST(HistoryEntityProtocol, OffersWhatCodeForAnyRecordNeeds) {
     EXPECT_EQ(shownBy(*recordWith(R"("source":"lumeno","lastAccessed":"2021-03-04T05:06:07Z")")),
               "n/k 1 done of lumeno dated");
     EXPECT_EQ(shownBy(OwnRecord{.namespace_ = "a", .key = "b", .progress = 2}), "a/b 2");
+    const auto decoded =
+        JSONDecoder().decode<OwnRecord>(Data(R"({"namespace":"a","key":"b","progress":2,"done":true})"));
+    ASSERT_TRUE(decoded);
+    EXPECT_EQ(shownBy(*decoded), "a/b 2 done");
 }
 
 TEST(HistoryEntityProtocol, IsNotMetWithoutOneOfItsProperties) {
     static_assert(HistoryEntityProtocol<OwnRecord>);
     static_assert(!HistoryEntityProtocol<RecordWithoutAKey>);
     static_assert(!HistoryEntityProtocol<std::string>);
+}
+
+TEST(HistoryEntityProtocol, IsNotMetWithoutAMappingTable) {
+    static_assert(!HistoryEntityProtocol<RecordWithoutATable>);
 }
 
 }  // namespace

@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <VanticRestKit/platform/json/JSONDecoder.h>
+#include <VanticRestKit/platform/json/Table.h>
 #include <VanticRestKit/trelvo/Saved/SavedData.h>
 
 #include <trelvo/Common/Shapes.h>
@@ -96,6 +98,7 @@ struct OwnRecord {
     std::string note{};
 };
 
+/// A record with a mapping table, but with a property of another type.
 struct RecordWithATextForItsOrder {
     std::optional<SourceSystem> source{};
     std::string oid{};
@@ -106,6 +109,46 @@ struct RecordWithATextForItsOrder {
     std::optional<Date> created{};
     std::optional<Date> updated{};
 };
+
+/// A record of the same shape without a mapping table.
+struct RecordWithoutATable {
+    std::optional<SourceSystem> source{};
+    std::string oid{};
+    std::string slug{};
+    std::string namespace_{};
+    std::string key{};
+    std::int64_t order{};
+    std::optional<Date> created{};
+    std::optional<Date> updated{};
+};
+
+}  // namespace
+
+template <>
+const TypePlan& planOf<OwnRecord>() {
+    using namespace mapping;
+    using Record = OwnRecord;
+    static const TypePlan& plan = object<Record>(
+        lenient<&Record::source>("source"), required<&Record::oid>("oid"), required<&Record::slug>("slug"),
+        required<&Record::namespace_>("namespace"), required<&Record::key>("key"),
+        required<&Record::order>("order"), lenient<&Record::created, deviceDate>("created"),
+        lenient<&Record::updated, deviceDate>("updated"), lenient<&Record::note>("note"));
+    return plan;
+}
+
+template <>
+const TypePlan& planOf<RecordWithATextForItsOrder>() {
+    using namespace mapping;
+    using Record = RecordWithATextForItsOrder;
+    static const TypePlan& plan = object<Record>(
+        lenient<&Record::source>("source"), required<&Record::oid>("oid"), required<&Record::slug>("slug"),
+        required<&Record::namespace_>("namespace"), required<&Record::key>("key"),
+        required<&Record::order>("order"), lenient<&Record::created, deviceDate>("created"),
+        lenient<&Record::updated, deviceDate>("updated"));
+    return plan;
+}
+
+namespace {
 
 template <SavedEntityProtocol Record>
 std::string shownBy(const Record& record) {
@@ -120,12 +163,20 @@ TEST(SavedEntityProtocol, OffersWhatCodeForAnyRecordNeeds) {
               "o/s/n/k 1 of lumeno created");
     EXPECT_EQ(shownBy(OwnRecord{.oid = "a", .slug = "b", .namespace_ = "c", .key = "d", .order = 2}),
               "a/b/c/d 2");
+    const auto decoded = JSONDecoder().decode<OwnRecord>(
+        Data(R"({"oid":"a","slug":"b","namespace":"c","key":"d","order":2})"));
+    ASSERT_TRUE(decoded);
+    EXPECT_EQ(shownBy(*decoded), "a/b/c/d 2");
 }
 
 TEST(SavedEntityProtocol, IsNotMetWithAPropertyOfAnotherType) {
     static_assert(SavedEntityProtocol<OwnRecord>);
     static_assert(!SavedEntityProtocol<RecordWithATextForItsOrder>);
     static_assert(!SavedEntityProtocol<std::string>);
+}
+
+TEST(SavedEntityProtocol, IsNotMetWithoutAMappingTable) {
+    static_assert(!SavedEntityProtocol<RecordWithoutATable>);
 }
 
 }  // namespace

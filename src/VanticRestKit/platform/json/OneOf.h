@@ -56,7 +56,7 @@ void keepIn(void* made, void* field) {
 
 template <class Field, class Entity>
 inline constexpr Candidate candidate = {
-    .type = &planOf<Entity>,
+    .type = &planLater<Entity>,
     .make = []() -> void* { return new Entity(fresh<Entity>()); },
     .drop = [](void* made) { delete static_cast<Entity*>(made); },
     .keep = &keepIn<Field, Entity>,

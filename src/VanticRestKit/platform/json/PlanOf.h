@@ -21,8 +21,28 @@
 
 namespace VanticRestKit {
 
+namespace mapping::detail {
+
+/// The plans that need no table.
 template <class T>
-const TypePlan& planOf();
+struct BuiltIn;
+
+}  // namespace mapping::detail
+
+/// The plan of a type. Entities specialise it with their mapping table. Of a type without a table it is deleted.
+template <class T>
+const TypePlan& planOf() = delete;
+
+/// Texts, numbers, truth values, enumerations with raw texts, lists and (at the root) optionals need no table.
+template <class T>
+requires requires { mapping::detail::BuiltIn<T>::plan(); }
+const TypePlan& planOf() { return mapping::detail::BuiltIn<T>::plan(); }
+
+/// A type that can be decoded: one with a mapping table, declared before, or one that needs none.
+template <class T>
+concept Decodable = requires {
+    planOf<T>();
+};
 
 namespace mapping {
 
@@ -91,9 +111,15 @@ const void* elementAt(const void* list, std::size_t index) {
     return &(*static_cast<const std::vector<T>*>(list))[index];
 }
 
+/// `planOf`, as a function with an address: GCC finds that of an overloaded template ambiguous.
+template <class T>
+const TypePlan& planLater() {
+    return planOf<T>();
+}
+
 template <class T, bool Tolerant>
 inline constexpr ListPlan listPlan = {
-    .element = &planOf<T>,
+    .element = &planLater<T>,
     .tolerant = Tolerant,
     .append = &appendTo<T>,
     .removeLast = [](void* list) { static_cast<std::vector<T>*>(list)->pop_back(); },
@@ -112,11 +138,6 @@ const TypePlan& planOfList() {
 
 // Plans made in headers lie on the heap. GCC initialises the constant members of a static object at compile time,
 // Clang all of them at run time; linked together, GCC's code would run on Clang's storage, without those members.
-
-/// The plans that need no table.
-template <class T>
-struct BuiltIn;
-
 template <ValueKind Kind>
 const TypePlan& plainPlan(std::string_view name) {
     static const TypePlan& plan = *new TypePlan{.kind = Kind, .name = name};
@@ -222,12 +243,5 @@ struct ReaderOf {
 };
 
 }  // namespace mapping
-
-/// The plan of a type. Entities specialise it; texts, numbers, truth values, enumerations with raw texts, lists
-/// and (at the root) optionals have theirs.
-template <class T>
-const TypePlan& planOf() {
-    return mapping::detail::BuiltIn<T>::plan();
-}
 
 }  // namespace VanticRestKit

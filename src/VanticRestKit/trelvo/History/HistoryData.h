@@ -15,10 +15,9 @@
 
 namespace VanticRestKit {
 
-/// What a record of a viewing history offers.
+/// What a record of a viewing history offers: it decodes, so its mapping table is declared before this is asked.
 template <class T>
-concept HistoryEntityProtocol = requires(const T& record) {
-    planOf<T>();
+concept HistoryEntityProtocol = Decodable<T> && requires(const T& record) {
     { record.source } -> std::convertible_to<std::optional<SourceSystem>>;
     { record.namespace_ } -> std::convertible_to<std::string>;
     { record.key } -> std::convertible_to<std::string>;

@@ -15,10 +15,9 @@
 
 namespace VanticRestKit {
 
-/// What a record of a saved thing offers.
+/// What a record of a saved thing offers: it decodes, so its mapping table is declared before this is asked.
 template <class T>
-concept SavedEntityProtocol = requires(const T& record) {
-    planOf<T>();
+concept SavedEntityProtocol = Decodable<T> && requires(const T& record) {
     { record.source } -> std::convertible_to<std::optional<SourceSystem>>;
     { record.oid } -> std::convertible_to<std::string>;
     { record.slug } -> std::convertible_to<std::string>;
