@@ -13,7 +13,28 @@ namespace {
 
 int twice(int number) { return 2 * number; }
 
+/// A callable with an implicit constructor from the wrapper that is to hold it.
+struct Repeated {
+    Repeated(SharedFunction<void()> function) : repeated(std::move(function)) {}
+    void operator()() const {
+        repeated();
+        repeated();
+    }
+    SharedFunction<void()> repeated;
+};
+
 }  // namespace
+
+TEST(SharedFunction, HoldsACallableThatConvertsFromIt) {
+    int calls = 0;
+    const Repeated repeated = SharedFunction<void()>([&calls] { ++calls; });
+    const SharedFunction<void()> copied = repeated;
+    const SharedFunction<void()> moved = Repeated(copied);
+    copied();
+    EXPECT_EQ(calls, 2);
+    moved();
+    EXPECT_EQ(calls, 6);
+}
 
 static_assert(!std::is_constructible_v<SharedFunction<void()>, int>, "what cannot be called is refused");
 static_assert(!std::is_constructible_v<SharedFunction<void()>, int (*)(int)>, "and so are other arguments");

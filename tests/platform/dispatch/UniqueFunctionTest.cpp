@@ -24,7 +24,47 @@ struct Tracked {
     int* alive;
 };
 
+/// Binds a handler as the executors of asio do: a callable with an implicit constructor from what it binds.
+template <class Handler>
+struct Binder {
+    Binder(Handler& bound) : handler(std::move(bound)) {}
+    Binder(const Handler& bound) requires std::is_copy_constructible_v<Handler> : handler(bound) {}
+    Binder(Handler&& bound) : handler(std::move(bound)) {}
+    void operator()() { handler(); }
+    Handler handler;
+};
+
+/// A callable with an implicit constructor from a block, which can be copied.
+struct Repeated {
+    Repeated(Block block) : shared(std::make_shared<Block>(std::move(block))) {}
+    void operator()() const {
+        (*shared)();
+        (*shared)();
+    }
+    std::shared_ptr<Block> shared;
+};
+
+/// What asio asks of a handler.
+static_assert(std::is_move_constructible_v<Block> && std::is_convertible_v<Block, Block>);
+static_assert(std::is_constructible_v<Block, Binder<Block>> && !std::is_copy_constructible_v<Block>);
+
+static_assert(!std::is_constructible_v<Block, Binder<Block>&>, "what cannot be copied is not copied");
+static_assert(std::is_constructible_v<Block, Repeated&> && std::is_constructible_v<Block, const Repeated&>);
+static_assert(!std::is_constructible_v<Block, int> && !std::is_constructible_v<Block, int (*)(int)>);
+
 }  // namespace
+
+TEST(UniqueFunction, HoldsACallableThatConvertsFromIt) {
+    int calls = 0;
+    Block block = [&calls] { ++calls; };
+    Block bound = Binder<Block>(std::move(block));
+    bound();
+    EXPECT_EQ(calls, 1);
+    const Repeated repeated = Block([&calls] { ++calls; });
+    Block copied = repeated;
+    copied();
+    EXPECT_EQ(calls, 3);
+}
 
 TEST(UniqueFunction, HoldsACallableThatCannotBeCopied) {
     auto number = std::make_unique<int>(7);

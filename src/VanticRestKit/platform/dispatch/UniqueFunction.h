@@ -31,6 +31,16 @@ concept CallableAs = requires(F& function, Args&&... args) {
     };
 };
 
+/// Stands for an argument of type F. A callable may itself convert from a wrapper, and whether it can be made from F
+/// would depend on whether the wrapper can, which is what is being asked; a wrapper is never made from this.
+template <class F>
+struct ArgumentOf {
+    operator F&&() const noexcept;
+};
+
+template <class Target, class F>
+concept KeepsArgument = std::is_constructible_v<Target, ArgumentOf<F>>;
+
 }  // namespace detail
 
 /// Owns one callable of any type, also one that cannot be copied. Small callables are kept in place.
@@ -46,7 +56,7 @@ public:
 
     template <class F, class Target = std::decay_t<F>>
     requires(!std::is_same_v<Target, UniqueFunction> && detail::CallableAs<Target, R, Args...> &&
-             std::is_constructible_v<Target, F>) UniqueFunction(F&& function) {
+             detail::KeepsArgument<Target, F>) UniqueFunction(F&& function) {
         if constexpr (std::is_pointer_v<std::remove_cvref_t<F>> || detail::isFunctionWrapper<Target>) {
             if (!function) return;
         }
