@@ -23,7 +23,8 @@ struct Type {
 
 template <class T>
 Type type(std::string name) {
-    return {std::move(name), &VanticRestKit::planOf<T>, [] {
+    return {std::move(name), []() -> const VanticRestKit::TypePlan& { return VanticRestKit::planOf<T>(); },
+            [] {
                 return Type::Value(new T(VanticRestKit::mapping::fresh<T>()),
                                    [](void* value) { delete static_cast<T*>(value); });
             }};

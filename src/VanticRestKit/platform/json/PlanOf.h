@@ -40,7 +40,7 @@ const TypePlan& planOf() { return mapping::detail::BuiltIn<T>::plan(); }
 
 /// A type that can be decoded: one with a mapping table, declared before, or one that needs none.
 template <class T>
-concept Decodable = requires {
+concept Decodable = !mapping::isOnlyShown<T> && requires {
     planOf<T>();
 };
 
