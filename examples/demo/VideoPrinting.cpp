@@ -14,7 +14,7 @@ namespace {
 
 void printStream(const char* technology, const StreamInfo& stream) {
     std::string levels;
-    for (const auto level : StreamInfo::highToLow()) {
+    for (const auto level : StreamInfo::StreamLevel::highToLow()) {
         if (!stream.url({.for_ = level})) continue;
         if (!levels.empty()) levels += ' ';
         levels += rawValue(level);

@@ -13,16 +13,15 @@
 namespace VanticRestKit {
 namespace {
 
-using enum LivestreamRegion;
+const auto [ACT, SA, NSW, VIC, WA, NT, QLD, TAS] =
+    std::tuple(LivestreamRegion::ACT, LivestreamRegion::SA, LivestreamRegion::NSW, LivestreamRegion::VIC,
+               LivestreamRegion::WA, LivestreamRegion::NT, LivestreamRegion::QLD, LivestreamRegion::TAS);
 using Regions = std::vector<LivestreamRegion>;
 
 const std::vector<std::pair<LivestreamRegion, std::string>> cases = {
     {ACT, "act"}, {SA, "sa"}, {NSW, "nsw"}, {VIC, "vic"}, {WA, "wa"}, {NT, "nt"}, {QLD, "qld"}, {TAS, "tas"}};
 
-Regions all() {
-    const auto regions = allLivestreamRegions();
-    return {regions.begin(), regions.end()};
-}
+Regions all() { return {LivestreamRegion::allCases.begin(), LivestreamRegion::allCases.end()}; }
 
 TEST(LivestreamRegion, ListsAllCasesInTheirOrder) {
     EXPECT_EQ(all(), (Regions{ACT, SA, NSW, VIC, WA, NT, QLD, TAS}));
@@ -63,6 +62,22 @@ TEST(LivestreamRegion, IsSortedByRawText) {
     EXPECT_EQ(regions, (Regions{ACT, NSW, NT, QLD, SA, TAS, VIC, WA}));
     const std::set<LivestreamRegion> kept = {WA, SA, NSW};
     EXPECT_EQ(Regions(kept.begin(), kept.end()), (Regions{NSW, SA, WA}));
+}
+
+TEST(LivestreamRegion, ServesInASwitch) {
+    for (const auto& [region, raw] : cases) {
+        switch (region) {
+            case LivestreamRegion::ACT: EXPECT_EQ(raw, "act"); break;
+            case LivestreamRegion::SA: EXPECT_EQ(raw, "sa"); break;
+            case LivestreamRegion::NSW: EXPECT_EQ(raw, "nsw"); break;
+            case LivestreamRegion::VIC: EXPECT_EQ(raw, "vic"); break;
+            case LivestreamRegion::WA: EXPECT_EQ(raw, "wa"); break;
+            case LivestreamRegion::NT: EXPECT_EQ(raw, "nt"); break;
+            case LivestreamRegion::QLD: EXPECT_EQ(raw, "qld"); break;
+            case LivestreamRegion::TAS: EXPECT_EQ(raw, "tas"); break;
+        }
+    }
+    EXPECT_EQ(LivestreamRegion(), ACT);
 }
 
 TEST(LivestreamRegion, HasAHashByWhichSetsTellTheRegionsApart) {

@@ -17,7 +17,7 @@ TEST(LivestreamsURI, HasNoSlashAtItsEndWhereThereIsNoRegion) {
 }
 
 TEST(LivestreamsURI, PutsTheRawTextOfARegionBehindThePath) {
-    for (const LivestreamRegion region : allLivestreamRegions()) {
+    for (const LivestreamRegion region : LivestreamRegion::allCases) {
         expectAGet(LivestreamsURI{.region = region}, "v2/livestreams/" + std::string(rawValue(region)));
     }
     expectAGet(LivestreamsURI{.region = LivestreamRegion::NSW}, "v2/livestreams/nsw");

@@ -3,6 +3,8 @@
 
 #include <platform/json/FieldRules.h>
 
+#include <unordered_set>
+
 namespace VanticRestKit {
 namespace {
 
@@ -98,12 +100,30 @@ TEST(StreamInfoAddress, CountsWithoutAnyCharacters) {
 TEST(StreamLevel, HasAnOrderOfQualityThatIsNotTheOrderOfItsCases) {
     const std::vector<Level> fromHigh = {Level::hd1080, Level::hd720, Level::sd, Level::sdLow};
     const std::vector<Level> fromLow = {Level::sdLow, Level::sd, Level::hd720, Level::hd1080};
-    EXPECT_EQ(StreamInfo::highToLow(), fromHigh);
-    EXPECT_EQ(StreamInfo::lowToHigh(), fromLow);
-    EXPECT_EQ(static_cast<int>(Level::sd), 0);
-    EXPECT_EQ(static_cast<int>(Level::sdLow), 1);
-    EXPECT_EQ(static_cast<int>(Level::hd720), 2);
-    EXPECT_EQ(static_cast<int>(Level::hd1080), 3);
+    EXPECT_EQ(StreamInfo::StreamLevel::highToLow(), fromHigh);
+    EXPECT_EQ(StreamInfo::StreamLevel::lowToHigh(), fromLow);
+    std::vector<Level> inCaseOrder;
+    for (const auto& row : RawTexts<Level>::cases) inCaseOrder.push_back(row.value);
+    EXPECT_EQ(inCaseOrder, (std::vector<Level>{Level::sd, Level::sdLow, Level::hd720, Level::hd1080}));
+}
+
+TEST(StreamLevel, ServesInASwitchAndAsAKey) {
+    const auto nameOf = [](Level level) {
+        switch (level) {
+            case Level::sd: return "sd";
+            case Level::sdLow: return "sdLow";
+            case Level::hd720: return "hd720";
+            case Level::hd1080: return "hd1080";
+        }
+        return "";
+    };
+    std::unordered_set<Level> levels;
+    for (const auto& row : RawTexts<Level>::cases) {
+        EXPECT_EQ(nameOf(row.value), row.name);
+        EXPECT_TRUE(levels.insert(row.value).second);
+    }
+    EXPECT_EQ(levels.count(Level::hd720), 1U);
+    EXPECT_EQ(Level(), Level::sd);
 }
 
 TEST(StreamLevel, DecodesFromItsRawText) {

@@ -36,7 +36,6 @@ struct ShowsIndex;
 struct Video;
 struct VideoList;
 
-enum class LivestreamRegion;
 enum class MessagesAppId;
 enum class NavigationType;
 
@@ -192,10 +191,8 @@ struct VRK_EXPORT Endpoint {
     static std::optional<VanticRestKit::Resource<VanticRestKit::NowNext>> NowNext(
         NowNextArguments arguments, const VanticRestKit::Context& context);
 
-    struct LivestreamsArguments {
-        Required<std::optional<LivestreamRegion>> region;
-    };
-    /// The livestreams of a region, or of the whole country.
+    struct LivestreamsArguments;
+    /// The livestreams of a `.region`, or of the whole country. Include `lumeno/NowNext/LivestreamRegion.h`.
     static std::optional<VanticRestKit::Resource<VanticRestKit::VideoList>> Livestreams(
         LivestreamsArguments arguments, const VanticRestKit::Context& context);
 

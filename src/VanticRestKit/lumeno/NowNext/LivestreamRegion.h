@@ -3,15 +3,63 @@
 /// \file
 /// `LivestreamRegion`: a region with livestreams of its own.
 
+#include <VanticRestKit/Core/Required.h>
+#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/platform/json/RawText.h>
 
 #include <array>
 #include <compare>
+#include <cstddef>
+#include <optional>
+#include <string_view>
 
 namespace VanticRestKit {
 
-/// A region with livestreams of its own. Regions compare by their raw texts, not by the order of the cases.
-enum class LivestreamRegion { ACT, SA, NSW, VIC, WA, NT, QLD, TAS };
+/// A region with livestreams of its own. An enumeration, but a class, so that it can list its cases. Regions compare by
+/// their raw strings, not by the order of the cases.
+class LivestreamRegion {
+public:
+    /// What a `switch` sees; `LivestreamRegion::NSW` serves as its label.
+    enum class Case { ACT, SA, NSW, VIC, WA, NT, QLD, TAS };
+
+    static const LivestreamRegion ACT;
+    static const LivestreamRegion SA;
+    static const LivestreamRegion NSW;
+    static const LivestreamRegion VIC;
+    static const LivestreamRegion WA;
+    static const LivestreamRegion NT;
+    static const LivestreamRegion QLD;
+    static const LivestreamRegion TAS;
+
+    /// All regions, in the order of the cases.
+    static const std::array<LivestreamRegion, 8> allCases;
+
+    /// `ACT`.
+    constexpr LivestreamRegion() noexcept = default;
+    constexpr operator Case() const noexcept { return case_; }
+
+    friend constexpr bool operator==(LivestreamRegion a, LivestreamRegion b) noexcept {
+        return a.case_ == b.case_;
+    }
+    friend constexpr std::strong_ordering operator<=>(LivestreamRegion a, LivestreamRegion b) noexcept;
+
+private:
+    constexpr explicit LivestreamRegion(Case value) noexcept : case_(value) {}
+
+    Case case_{};
+};
+
+inline constexpr LivestreamRegion LivestreamRegion::ACT{Case::ACT};
+inline constexpr LivestreamRegion LivestreamRegion::SA{Case::SA};
+inline constexpr LivestreamRegion LivestreamRegion::NSW{Case::NSW};
+inline constexpr LivestreamRegion LivestreamRegion::VIC{Case::VIC};
+inline constexpr LivestreamRegion LivestreamRegion::WA{Case::WA};
+inline constexpr LivestreamRegion LivestreamRegion::NT{Case::NT};
+inline constexpr LivestreamRegion LivestreamRegion::QLD{Case::QLD};
+inline constexpr LivestreamRegion LivestreamRegion::TAS{Case::TAS};
+
+inline constexpr std::array<LivestreamRegion, 8> LivestreamRegion::allCases{ACT, SA, NSW, VIC,
+                                                                            WA,  NT, QLD, TAS};
 
 template <>
 struct RawTexts<LivestreamRegion> {
@@ -23,21 +71,21 @@ struct RawTexts<LivestreamRegion> {
     };
 };
 
-/// All regions, in the order of the cases.
-constexpr std::array<LivestreamRegion, 8> allLivestreamRegions() {
-    using enum LivestreamRegion;
-    return {ACT, SA, NSW, VIC, WA, NT, QLD, TAS};
-}
-
-/// Whether the raw text of `a` comes before that of `b`. This stands in the place of the order of the cases.
-constexpr bool operator<(LivestreamRegion a, LivestreamRegion b) noexcept {
-    return rawValue(a) < rawValue(b);
-}
-constexpr bool operator>(LivestreamRegion a, LivestreamRegion b) noexcept { return b < a; }
-constexpr bool operator<=(LivestreamRegion a, LivestreamRegion b) noexcept { return !(b < a); }
-constexpr bool operator>=(LivestreamRegion a, LivestreamRegion b) noexcept { return !(a < b); }
+/// By the raw strings.
 constexpr std::strong_ordering operator<=>(LivestreamRegion a, LivestreamRegion b) noexcept {
     return rawValue(a) <=> rawValue(b);
 }
 
+struct Endpoint::LivestreamsArguments {
+    /// Empty for the whole country.
+    Required<std::optional<LivestreamRegion>> region;
+};
+
 }  // namespace VanticRestKit
+
+template <>
+struct std::hash<VanticRestKit::LivestreamRegion> {
+    std::size_t operator()(VanticRestKit::LivestreamRegion region) const noexcept {
+        return static_cast<std::size_t>(static_cast<VanticRestKit::LivestreamRegion::Case>(region));
+    }
+};

@@ -18,11 +18,11 @@ const TypePlan& planOf<StreamInfo>() {
     return plan;
 }
 
-std::vector<StreamInfo::StreamLevel> StreamInfo::highToLow() {
-    return {StreamLevel::hd1080, StreamLevel::hd720, StreamLevel::sd, StreamLevel::sdLow};
+std::vector<StreamInfo::StreamLevel> StreamInfo::StreamLevel::highToLow() {
+    return {hd1080, hd720, sd, sdLow};
 }
 
-std::vector<StreamInfo::StreamLevel> StreamInfo::lowToHigh() {
+std::vector<StreamInfo::StreamLevel> StreamInfo::StreamLevel::lowToHigh() {
     const std::vector<StreamLevel> levels = highToLow();
     return {levels.rbegin(), levels.rend()};
 }
@@ -38,7 +38,8 @@ std::optional<std::string> StreamInfo::url(LevelArgument argument) const {
 }
 
 std::optional<std::string> StreamInfo::url(PreferenceArgument argument) const {
-    for (const StreamLevel level : argument.preferHighest.value() ? highToLow() : lowToHigh()) {
+    for (const StreamLevel level :
+         argument.preferHighest.value() ? StreamLevel::highToLow() : StreamLevel::lowToHigh()) {
         std::optional<std::string> address = url({.for_ = level});
         if (address) return address;
     }

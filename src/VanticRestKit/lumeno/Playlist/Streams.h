@@ -8,16 +8,44 @@
 #include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/Visibility.h>
 
+#include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace VanticRestKit {
 
 /// The addresses of one stream, by quality. Any JSON object decodes into one.
 struct VRK_EXPORT StreamInfo {
-    /// The levels of quality. The order of the cases is not the order of quality; see `highToLow`.
-    enum class StreamLevel { sd, sdLow, hd720, hd1080 };
+    /// A level of quality. An enumeration, but a class, so that it can list its cases. The order of the cases is not the
+    /// order of quality; see `highToLow`.
+    class VRK_EXPORT StreamLevel {
+    public:
+        /// What a `switch` sees; `StreamLevel::sd` serves as its label.
+        enum class Case { sd, sdLow, hd720, hd1080 };
+
+        static const StreamLevel sd;
+        static const StreamLevel sdLow;
+        static const StreamLevel hd720;
+        static const StreamLevel hd1080;
+
+        /// All levels, the best first.
+        static std::vector<StreamLevel> highToLow();
+        /// All levels, the best last.
+        static std::vector<StreamLevel> lowToHigh();
+
+        /// `sd`.
+        constexpr StreamLevel() noexcept : case_(Case::sd) {}
+        constexpr operator Case() const noexcept { return case_; }
+
+        friend constexpr bool operator==(StreamLevel a, StreamLevel b) noexcept { return a.case_ == b.case_; }
+
+    private:
+        constexpr explicit StreamLevel(Case value) noexcept : case_(value) {}
+
+        Case case_;
+    };
 
     struct LevelArgument {
         Required<StreamLevel> for_;
@@ -33,11 +61,6 @@ struct VRK_EXPORT StreamInfo {
     std::optional<std::string> hd720{};
     std::optional<std::string> hd1080{};
 
-    /// All levels, the best first.
-    static std::vector<StreamLevel> highToLow();
-    /// All levels, the best last.
-    static std::vector<StreamLevel> lowToHigh();
-
     /// The address of one level, `info.url({.for_ = level})`; empty where there is none. No other level stands in.
     std::optional<std::string> url(LevelArgument argument) const;
 
@@ -47,6 +70,11 @@ struct VRK_EXPORT StreamInfo {
 
     friend bool operator==(const StreamInfo&, const StreamInfo&) = default;
 };
+
+inline constexpr StreamInfo::StreamLevel StreamInfo::StreamLevel::sd{Case::sd};
+inline constexpr StreamInfo::StreamLevel StreamInfo::StreamLevel::sdLow{Case::sdLow};
+inline constexpr StreamInfo::StreamLevel StreamInfo::StreamLevel::hd720{Case::hd720};
+inline constexpr StreamInfo::StreamLevel StreamInfo::StreamLevel::hd1080{Case::hd1080};
 
 template <>
 struct RawTexts<StreamInfo::StreamLevel> {
@@ -74,3 +102,10 @@ template <>
 VRK_EXPORT const TypePlan& planOf<Streams>();
 
 }  // namespace VanticRestKit
+
+template <>
+struct std::hash<VanticRestKit::StreamInfo::StreamLevel> {
+    std::size_t operator()(VanticRestKit::StreamInfo::StreamLevel level) const noexcept {
+        return static_cast<std::size_t>(static_cast<VanticRestKit::StreamInfo::StreamLevel::Case>(level));
+    }
+};
