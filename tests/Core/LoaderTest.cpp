@@ -7,8 +7,20 @@
 #include <Core/FakeSession.h>
 
 namespace VanticRestKit {
+
+namespace detail {
+
+/// A loader, seen from outside.
+struct LoaderProbe {
+    static const DispatchQueue& queue(const LoaderCore& loader) { return loader.dispatchque_; }
+    static LoaderState state(const LoaderCore& loader) { return loader.state_.load(); }
+};
+
+}  // namespace detail
+
 namespace {
 
+using detail::LoaderProbe;
 using Outcome = Result<double, LoaderError>;
 
 /// A loader of a number over a fake session. Filled on the session's queue; `reply` waits for it.
@@ -40,6 +52,52 @@ protected:
     bool decodedOnSession = false;
     bool completedOnSession = false;
 };
+
+TEST_F(LoaderTest, EachHasASerialQueueOfItsOwnWithOneLabel) {
+    const auto one = makeLoader();
+    const auto other = makeLoader();
+    EXPECT_EQ(LoaderProbe::queue(*one).label(), "dev.vantic.lumenoKitSDK.Loader");
+    EXPECT_EQ(LoaderProbe::queue(*other).label(), "dev.vantic.lumenoKitSDK.Loader");
+    EXPECT_FALSE(LoaderProbe::queue(*one) == LoaderProbe::queue(*other));
+}
+
+/// Answers at once, and tells which queue its request was started on.
+class StartingService final : public Serviceable {
+public:
+    void fetch(FetchArguments arguments) override {
+        startedOnQueue = queue->isCurrent();
+        arguments.with.value()(Data("1"));
+        done.signal();
+    }
+    AnyPublisher<Data> fetch() override { return AnyPublisher<Data>::fail(NSError("unused", 0)); }
+
+    const DispatchQueue* queue = nullptr;
+    bool startedOnQueue = false;
+    const test::Event done;
+};
+
+TEST_F(LoaderTest, TheRequestStartsOnTheQueueOfTheLoader) {
+    const auto service = std::make_shared<StartingService>();
+    const auto loader = Loader<double>::make({.with = service});
+    service->queue = &LoaderProbe::queue(*loader);
+    load(*loader);
+    ASSERT_TRUE(service->done.wait());
+    EXPECT_TRUE(service->startedOnQueue);
+}
+
+TEST_F(LoaderTest, IsLoadingWithItsWorkItemOrIdle) {
+    static_assert(std::is_same_v<Loader<double>::State, LoaderState>);
+    using State = Loader<double>::State;
+    const auto loader = makeLoader();
+    EXPECT_EQ(LoaderProbe::state(*loader).kind(), State::Kind::idle);
+    EXPECT_EQ(LoaderProbe::state(*loader).item(), nullptr);
+    load(*loader);
+    EXPECT_EQ(LoaderProbe::state(*loader).kind(), State::Kind::loading);
+    EXPECT_NE(LoaderProbe::state(*loader).item(), nullptr);
+    session->reply(test::answer(200, "1"));
+    EXPECT_EQ(LoaderProbe::state(*loader).kind(), State::Kind::idle);
+    EXPECT_EQ(LoaderProbe::state(*loader).item(), nullptr);
+}
 
 TEST_F(LoaderTest, DecodingAndCompletionRunWhereTheSessionCallsBack) {
     const auto loader = makeLoader();

@@ -59,6 +59,7 @@ template <class T>
 class Loader final : public detail::LoaderCore {
 public:
     using LoaderError = VanticRestKit::LoaderError;
+    using State = LoaderState;
     /// Turns a body into a value.
     using Decoding = typename detail::LoadOf<T>::Decoding;
     using Completion = typename detail::LoadOf<T>::Completion;

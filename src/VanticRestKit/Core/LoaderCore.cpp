@@ -15,7 +15,8 @@ LoaderCore::~LoaderCore() = default;
 
 void LoaderCore::cancel() {
     // The item drops what the load held, which may be all that kept this loader: nothing is touched after it.
-    if (const std::shared_ptr<DispatchWorkItem> item = item_.load()) item->cancel();
+    const LoaderState state = state_.load();
+    if (state.kind() == LoaderState::Kind::loading) state.item()->cancel();
 }
 
 void LoaderCore::start(std::unique_ptr<Load> load) {
@@ -23,20 +24,21 @@ void LoaderCore::start(std::unique_ptr<Load> load) {
         std::make_shared<DispatchWorkItem>([weak = weak_from_this(), load = std::move(load)]() mutable {
             if (const std::shared_ptr<LoaderCore> loader = weak.lock()) loader->fetch(std::move(load));
         });
-    item_.store(item);
+    state_.store(LoaderState::loading(item));
     dispatchque_.async(std::move(item));
 }
 
 void LoaderCore::fetch(std::unique_ptr<Load> load) {
     service_->fetch({.with = [weak = weak_from_this(), load = std::move(load)](Result<Data, Error> fetched) {
         if (!fetched) {
-            if (const std::shared_ptr<LoaderCore> loader = weak.lock()) loader->item_.store(nullptr);
+            if (const std::shared_ptr<LoaderCore> loader = weak.lock())
+                loader->state_.store(LoaderState::idle());
             load->fail(std::move(fetched).error());
             return;
         }
         load->decode(*fetched);
         if (const std::shared_ptr<LoaderCore> loader = weak.lock()) {
-            loader->item_.store(nullptr);
+            loader->state_.store(LoaderState::idle());
             load->deliver();
         }
     }});

@@ -10,11 +10,36 @@
 #include <VanticRestKit/Visibility.h>
 
 #include <memory>
+#include <utility>
 
 namespace VanticRestKit {
 
 class DispatchWorkItem;
 class Serviceable;
+
+/// What a `Loader` does. Also known as `Loader<T>::State`. An immutable value.
+class LoaderState {
+public:
+    enum class Kind { loading, idle };
+
+    /// A load is under way; `item`, which is not null, starts its request.
+    static LoaderState loading(std::shared_ptr<DispatchWorkItem> item) noexcept {
+        return LoaderState(Kind::loading, std::move(item));
+    }
+    /// No load is under way.
+    static LoaderState idle() noexcept { return LoaderState(Kind::idle, nullptr); }
+
+    Kind kind() const noexcept { return kind_; }
+    /// The item of `loading`; null for `idle`.
+    const std::shared_ptr<DispatchWorkItem>& item() const noexcept { return item_; }
+
+private:
+    LoaderState(Kind kind, std::shared_ptr<DispatchWorkItem> item) noexcept
+        : kind_(kind), item_(std::move(item)) {}
+
+    Kind kind_;
+    std::shared_ptr<DispatchWorkItem> item_;
+};
 
 namespace detail {
 
@@ -43,7 +68,7 @@ public:
     LoaderCore& operator=(const LoaderCore&) = delete;
 
     /// Whether a load is under way. Any thread.
-    bool isBusy() const { return item_.load() != nullptr; }
+    bool isBusy() const { return state_.load().kind() == LoaderState::Kind::loading; }
 
     /// Cancels a load that has not started its request yet, for good: its completion is never called, the
     /// loader stays busy, and all later loads are dropped. Does nothing to one that has, nor to an idle
@@ -60,11 +85,13 @@ protected:
     const std::shared_ptr<Serviceable>& service() const noexcept { return service_; }
 
 private:
+    friend struct LoaderProbe;  // of the tests
+
     void fetch(std::unique_ptr<Load> load);
 
     DispatchQueue dispatchque_;
-    // Null while idle. Written on the thread that loads and on the one that delivers.
-    Replaceable<std::shared_ptr<DispatchWorkItem>> item_;
+    // Written on the thread that loads and on the one that delivers.
+    Replaceable<LoaderState> state_{LoaderState::idle()};
     std::shared_ptr<Serviceable> service_;
 };
 

@@ -15,7 +15,7 @@ namespace VanticRestKit::detail {
 template <class T>
 class Replaceable {
 public:
-    Replaceable() = default;
+    Replaceable() : value_() {}
     explicit Replaceable(T value) : value_(std::move(value)) {}
     Replaceable(const Replaceable&) = delete;
     Replaceable& operator=(const Replaceable&) = delete;
@@ -36,7 +36,7 @@ public:
 
 private:
     mutable std::mutex mutex_;
-    T value_{};
+    T value_;
 };
 
 }  // namespace VanticRestKit::detail
