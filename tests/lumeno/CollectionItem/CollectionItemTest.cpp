@@ -21,7 +21,9 @@ struct Podcast {
     Text none() const { return {}; }
     std::optional<std::uint64_t> number() const noexcept { return 7; }
     std::optional<DirectPlayableVideo> video() const { return DirectPlayableVideo{.id = name}; }
-    Text slugOfTheShow() const { return CollectionItem::showSlug({.from = "a/b/" + name.value_or("")}); }
+    Text slugOfTheShow() const {
+        return CollectionItem::defaultShowSlug({.from = "a/b/" + name.value_or("")});
+    }
     friend bool operator==(const Podcast&, const Podcast&) = default;
 };
 
@@ -30,15 +32,26 @@ struct Radio : Podcast {
     friend bool operator==(const Radio&, const Radio&) = default;
 };
 
-template <class T>
-consteval CollectionItemTable hostTable() {
+/// Cannot be compared, and finds slugs in a way of its own.
+struct Mixtape {
+    Text name{};
+    std::vector<std::string> words{};
+    Text none() const { return {}; }
+    std::optional<std::uint64_t> number() const { return {}; }
+    std::optional<DirectPlayableVideo> video() const { return {}; }
+    Text slugOfTheShow() const { return {}; }
+    Text slugIn(const Text& path) const { return path ? Text(*name + " in " + *path) : Text(); }
+};
+
+template <class T, class... More>
+consteval CollectionItemTable hostTable(More... more) {
     using enum CollectionItemMember;
-    return collectionItem<T>(own<selfHref, &T::none>(), own<deeplinkHref, &T::none>(), own<title, &T::name>(),
-                             own<displayTitle, &T::none>(), own<thumbnail, &T::none>(),
-                             own<showTitle, &T::none>(), own<showId, &T::number>(),
-                             own<playableVideo, &T::video>(), own<kickerTitle, &T::none>(),
-                             own<tags, &T::words>(), own<showHref, &T::none>(), own<channel, &T::none>(),
-                             own<channelTitle, &T::none>(), own<derivedShowSlug, &T::slugOfTheShow>());
+    return collectionItem<T>(
+        own<selfHref, &T::none>(), own<deeplinkHref, &T::none>(), own<title, &T::name>(),
+        own<displayTitle, &T::none>(), own<thumbnail, &T::none>(), own<showTitle, &T::none>(),
+        own<showId, &T::number>(), own<playableVideo, &T::video>(), own<kickerTitle, &T::none>(),
+        own<tags, &T::words>(), own<showHref, &T::none>(), own<channel, &T::none>(),
+        own<channelTitle, &T::none>(), own<derivedShowSlug, &T::slugOfTheShow>(), more...);
 }
 
 test::EntityRules directPlayableVideos() {
@@ -48,8 +61,6 @@ test::EntityRules directPlayableVideos() {
                        {"href", "href", Word::lenient, test::text()},
                        {"playTitle", "playTitle", Word::lenient, test::text()}}};
 }
-
-Text slugFrom(Text text) { return CollectionItem::showSlug({.from = std::move(text)}); }
 
 }  // namespace
 
@@ -67,8 +78,19 @@ const CollectionItemTable& collectionItemTable<Radio>() {
     static constexpr CollectionItemTable table = hostTable<Radio>();
     return table;
 }
+template <>
+inline constexpr bool isCollectionItem<Mixtape> = true;
+template <>
+const CollectionItemTable& collectionItemTable<Mixtape>() {
+    static constexpr CollectionItemTable table =
+        hostTable<Mixtape>(own<CollectionItemMember::showSlug, &Mixtape::slugIn>());
+    return table;
+}
 
 namespace {
+
+/// What an item gives that keeps the default.
+Text slugFrom(const Text& text) { return CollectionItem(Podcast{}).showSlug({.from = text}); }
 
 TEST(DirectPlayableVideo, HasThreeFields) { test::expectDeclaredFields(directPlayableVideos()); }
 
@@ -161,6 +183,21 @@ TEST(CollectionItem, IsEqualToOneOfAnEqualEntityOfTheSameType) {
     EXPECT_EQ(CollectionItem(Podcast{.name = "n"}), CollectionItem(Podcast{.name = "n"}));
     EXPECT_NE(CollectionItem(Podcast{.name = "n"}), CollectionItem(Podcast{.name = "m"}));
     EXPECT_NE(CollectionItem(Podcast{}), CollectionItem(Radio{}));
+}
+
+TEST(CollectionItem, OfATypeThatCannotBeComparedIsEqualToItsCopiesAlone) {
+    static_assert(!std::equality_comparable<Mixtape>);
+    const CollectionItem item = Mixtape{.name = "n"};
+    const CollectionItem copy = item;
+    EXPECT_EQ(item, copy);
+    EXPECT_NE(item, CollectionItem(Mixtape{.name = "n"}));
+}
+
+TEST(ShowSlug, IsWhatTheItemGivesIfItsListNamesIt) {
+    const CollectionItem item = Mixtape{.name = "n"};
+    EXPECT_EQ(item.showSlug({.from = "/show/xyz"}), "n in /show/xyz");
+    EXPECT_EQ(item.showSlug({.from = std::nullopt}), std::nullopt);
+    EXPECT_EQ(CollectionItem::defaultShowSlug({.from = "/show/xyz"}), "xyz");
 }
 
 TEST(CollectionItem, TakesOverAnEntityWhereItLies) {

@@ -2,7 +2,15 @@
 
 namespace VanticRestKit {
 
-CollectionItem::Text CollectionItem::showSlug(const SlugArgument& argument) {
+CollectionItem::Text CollectionItem::showSlug(SlugArgument argument) const {
+    const auto getter = table_->getters[static_cast<std::size_t>(CollectionItemMember::showSlug)];
+    if (getter == nullptr) return defaultShowSlug(argument);
+    Text& text = argument.from.value();
+    getter(entity_.get(), &text);
+    return std::move(text);
+}
+
+CollectionItem::Text CollectionItem::defaultShowSlug(const SlugArgument& argument) {
     const Text& text = argument.from.value();
     if (!text) return std::nullopt;
     const std::string& path = *text;

@@ -95,11 +95,13 @@ public:
     struct SlugArgument {
         Required<Text> from;
     };
-    /// The slug of a show in one of its paths, `showSlug({.from = item.deeplinkHref()})`: the third part between
-    /// slashes, the one before a leading slash included. Empty where there are fewer.
-    static Text showSlug(const SlugArgument& argument);
+    /// The slug of a show in one of its paths, `item.showSlug({.from = item.deeplinkHref()})`: what the entity's list
+    /// gives for `showSlug`, else `defaultShowSlug`.
+    Text showSlug(SlugArgument argument) const;
+    /// The third part of the path between slashes, the one before a leading slash included. Empty if there are fewer.
+    static Text defaultShowSlug(const SlugArgument& argument);
 
-    /// Whether both hold equal entities of one type.
+    /// Whether both hold equal entities of one type; if the type has no `operator==`, whether they share one entity.
     friend bool operator==(const CollectionItem& a, const CollectionItem& b) {
         return a.table_ == b.table_ && a.table_->equal(a.entity_.get(), b.entity_.get());
     }

@@ -11,6 +11,7 @@
 #include <VanticRestKit/Visibility.h>
 
 #include <array>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -59,8 +60,10 @@ enum class CollectionItemMember : std::uint8_t {
     channel,
     channelTitle,
     derivedShowSlug,
+    /// An operation: what gives it is called with a path, an optional string.
+    showSlug,
 };
-inline constexpr std::size_t collectionItemMembers = 36;
+inline constexpr std::size_t collectionItemMembers = 37;
 
 namespace detail {
 
@@ -119,6 +122,7 @@ constexpr bool isNeeded(CollectionItemMember member) {
 /// How an entity gives its members: one function for each, or null for a member that keeps the default of the
 /// interface. Made by `collectionItem`.
 struct CollectionItemTable {
+    /// `value` receives the member. For `showSlug` it also holds the path beforehand.
     using Getter = void (*)(const void* entity, void* value);
     std::array<Getter, collectionItemMembers> getters{};
     bool (*equal)(const void* a, const void* b) = nullptr;
@@ -164,20 +168,28 @@ constexpr bool allNeededAreIn(const CollectionItemTable& table, std::index_seque
 template <CollectionItemMember Member, auto Source>
 void own<Member, Source>::get(const void* entity, void* value) {
     const auto& owner = *static_cast<const typename detail::OwnerOf<decltype(Source)>::Entity*>(entity);
-    if constexpr (std::is_member_function_pointer_v<decltype(Source)>) {
+    if constexpr (Member == CollectionItemMember::showSlug) {
+        auto& text = *static_cast<Type*>(value);
+        text = (owner.*Source)(std::as_const(text));
+    } else if constexpr (std::is_member_function_pointer_v<decltype(Source)>) {
         *static_cast<Type*>(value) = (owner.*Source)();
     } else {
         *static_cast<Type*>(value) = owner.*Source;
     }
 }
 
-/// Makes the table of an entity from its rows. A member without a default must be among them.
+/// Makes the table of an entity from its rows. A member without a default must be among them. The entity needs no
+/// `operator==`: without one, items are equal if they share one entity.
 template <class Entity, class... Owns>
 consteval CollectionItemTable collectionItem(Owns...) {
     CollectionItemTable table;
     ((table.getters[static_cast<std::size_t>(Owns::member)] = &Owns::get), ...);
     table.equal = [](const void* a, const void* b) {
-        return *static_cast<const Entity*>(a) == *static_cast<const Entity*>(b);
+        if constexpr (std::equality_comparable<Entity>) {
+            return *static_cast<const Entity*>(a) == *static_cast<const Entity*>(b);
+        } else {
+            return a == b;
+        }
     };
     if (!detail::allNeededAreIn(table, std::make_index_sequence<collectionItemMembers>())) {
         detail::aMemberWithoutDefaultIsMissing();

@@ -70,7 +70,7 @@ const CollectionItemTable& collectionItemTable<Series>() {
 }
 
 std::optional<std::string> Series::derivedShowSlug() const {
-    return CollectionItem::showSlug({.from = deeplinkHref});
+    return CollectionItem::defaultShowSlug({.from = deeplinkHref});
 }
 
 }  // namespace VanticRestKit

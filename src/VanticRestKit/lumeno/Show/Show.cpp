@@ -114,7 +114,7 @@ std::optional<std::string> Show::showTitle() const { return title; }
 std::optional<std::string> Show::showHref() const { return selfHref; }
 
 std::optional<std::string> Show::derivedShowSlug() const {
-    return slug ? slug : CollectionItem::showSlug({.from = selfHref});
+    return slug ? slug : CollectionItem::defaultShowSlug({.from = selfHref});
 }
 
 const ErrorTag& detail::EntityNames<Show>::tag() {

@@ -128,7 +128,7 @@ const CollectionItemTable& collectionItemTable<Video>() {
 }
 
 std::optional<std::string> Video::derivedShowSlug() const {
-    return CollectionItem::showSlug({.from = deeplinkHref});
+    return CollectionItem::defaultShowSlug({.from = deeplinkHref});
 }
 
 const ErrorTag& detail::EntityNames<Video>::tag() {
