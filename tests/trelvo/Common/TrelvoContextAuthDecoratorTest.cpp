@@ -1,3 +1,4 @@
+#include <VanticRestKit/kavro/KAVROSegmentsContext.h>
 #include <VanticRestKit/trelvo/Common/TrelvoContextAuthDecorator.h>
 
 #include <trelvo/UserContext.h>
@@ -28,6 +29,33 @@ TEST(TrelvoContextAuthDecorator, ComparesTheNamesOfHeadersExactly) {
     host.headers = {{"authorization", "Basic x"}};
     EXPECT_EQ(TrelvoContextAuthDecorator(host, "t").HTTPHeaderFields(),
               (Headers{{"authorization", "Basic x"}, {"Authorization", "Bearer t"}, {"Content-Type", form}}));
+}
+
+/// One host object for two services.
+class HostOfBoth final : public UserContext, public virtual KAVROSegmentsContext {
+public:
+    Headers HTTPHeaderFields() const override { return KAVROSegmentsContext::HTTPHeaderFields(); }
+    std::string apiKey() const override { return "k"; }
+    std::string accessToken() const override { return "segments"; }
+};
+
+TEST(TrelvoContextAuthDecorator, SendsTwoContentTypesJoinedForAHostOfBothServices) {
+    const HostOfBoth host;
+    const TrelvoContextAuthDecorator decorator(host, "t");
+    EXPECT_EQ(decorator.HTTPHeaderFields(), (Headers{{"Authorization", "Bearer t"},
+                                                     {"Content-Type", form},
+                                                     {"content-type", "application/json"},
+                                                     {"x-api-key", "k"}}));
+    const std::optional<URLRequest> request =
+        decorator.generateURLRequest({.usingPath = "v2/saved",
+                                      .queryItems = std::vector<URLQueryItem>{},
+                                      .additionalHTTPHeaders = decorator.HTTPHeaderFields(),
+                                      .httpMethod = std::nullopt,
+                                      .timeout = std::nullopt,
+                                      .andPostData = std::nullopt});
+    ASSERT_TRUE(request);
+    EXPECT_EQ(request->value("Content-Type"), std::string(form) + ",application/json");
+    EXPECT_EQ(request->value("Authorization"), "Bearer t");
 }
 
 TEST(TrelvoContextAuthDecorator, ChangesNoHeaderWithoutAToken) {

@@ -13,6 +13,11 @@
 namespace VanticRestKit {
 
 /// A context that also knows who is signed in. The host implements it, inheriting virtually.
+///
+/// A request with a token sets `Content-Type` to "application/x-www-form-urlencoded" and `Authorization` to the token,
+/// in place of headers of exactly these names. If one host object is also a `KAVROSegmentsContext`, whose default header
+/// is `content-type`, the request has both headers, and they are sent as one with the two content types joined by a
+/// comma. A host that wants a single type gives the two services contexts of their own.
 class VRK_EXPORT TrelvoContext : public virtual Context {
 public:
     ~TrelvoContext() override;
