@@ -130,6 +130,7 @@
 #include <VanticRestKit/trelvo/Common/TrelvoContext.h>
 #include <VanticRestKit/trelvo/Common/TrelvoContextAuthDecorator.h>
 #include <VanticRestKit/trelvo/Common/TrelvoError.h>
+#include <VanticRestKit/trelvo/Common/TrelvoNumber.h>
 #include <VanticRestKit/trelvo/Dataset/DatasetContainer.h>
 #include <VanticRestKit/trelvo/Dataset/DatasetResponse.h>
 #include <VanticRestKit/trelvo/Dataset/DatasetRoutes.h>

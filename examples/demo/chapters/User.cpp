@@ -64,8 +64,7 @@ bool saveShow(const UserContext& context) {
     if (!show || !show->showId) return false;
     const auto saved = valueOf(ran<std::vector<SavedData>>([&](auto completion) {
         Trelvo::shared().addWatchlistShow(
-            {.showId = static_cast<std::int64_t>(*show->showId), .completionHandler = std::move(completion)},
-            context);
+            {.showId = *show->showId, .completionHandler = std::move(completion)}, context);
     }));
     if (saved) printField("saved", show->title.value_or("Untitled"));
     return saved && saved->size() == 1;
@@ -76,7 +75,7 @@ bool watchHalf(const UserContext& context) {
     if (!video || !video->duration || !video->showId) return false;
     const auto half = static_cast<std::int64_t>(*video->duration / 2);
     const auto kept = valueOf(ran<std::vector<HistoryData>>([&](auto completion) {
-        Trelvo::shared().updateVideoProgress({.showId = static_cast<std::int64_t>(*video->showId),
+        Trelvo::shared().updateVideoProgress({.showId = *video->showId,
                                               .houseNumber = video->houseNumber.value_or(""),
                                               .progress = half,
                                               .isDone = false,

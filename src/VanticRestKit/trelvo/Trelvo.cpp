@@ -15,6 +15,19 @@ double secondsSince1970() {
     return std::chrono::duration<double>(now).count();
 }
 
+/// The number; if it is beyond the signed range, completes with `unknown` and returns an empty value.
+template <class T>
+std::optional<std::int64_t> inSignedRange(TrelvoNumber number, const char* operation, const char* argument,
+                                          Required<Trelvo::Completion<T>>& completion) {
+    const std::optional<std::int64_t> value = number.value();
+    if (!value) {
+        completion.value()(
+            Failure(TrelvoError::unknown("In Trelvo." + std::string(operation) + "(), " + argument +
+                                         " is beyond the range of a signed number")));
+    }
+    return value;
+}
+
 }  // namespace
 
 Trelvo::Trelvo(std::shared_ptr<detail::TrelvoState> state) : state_(std::move(state)) {}
@@ -73,23 +86,33 @@ void Trelvo::listRecentVideos(RecentVideosArguments arguments, const TrelvoConte
 }
 
 void Trelvo::listVideosForShow(VideosForShowArguments arguments, const TrelvoContext& context) {
-    detail::listVideosForShow(
-        *state_, {.showId = arguments.showId.value(), .markedAsDone = arguments.markedAsDone.value()},
-        context, std::move(arguments.completionHandler).value());
+    const auto showId =
+        inSignedRange(arguments.showId, "listVideosForShow", "showId", arguments.completionHandler);
+    if (!showId) return;
+    detail::listVideosForShow(*state_, {.showId = *showId, .markedAsDone = arguments.markedAsDone.value()},
+                              context, std::move(arguments.completionHandler).value());
 }
 
 void Trelvo::getVideoProgress(VideoProgressArguments arguments, const TrelvoContext& context) {
-    detail::getVideoProgress(
-        *state_,
-        {.showId = arguments.showId.value(), .houseNumber = std::move(arguments.houseNumber).value()},
-        context, std::move(arguments.completionHandler).value());
+    const auto showId =
+        inSignedRange(arguments.showId, "getVideoProgress", "showId", arguments.completionHandler);
+    if (!showId) return;
+    detail::getVideoProgress(*state_,
+                             {.showId = *showId, .houseNumber = std::move(arguments.houseNumber).value()},
+                             context, std::move(arguments.completionHandler).value());
 }
 
 void Trelvo::updateVideoProgress(UpdateVideoProgressArguments arguments, const TrelvoContext& context) {
+    const auto showId =
+        inSignedRange(arguments.showId, "updateVideoProgress", "showId", arguments.completionHandler);
+    if (!showId) return;
+    const auto progress =
+        inSignedRange(arguments.progress, "updateVideoProgress", "progress", arguments.completionHandler);
+    if (!progress) return;
     detail::updateVideoProgress(
         *state_,
-        {.of = {.showId = arguments.showId.value(), .houseNumber = std::move(arguments.houseNumber).value()},
-         .progress = arguments.progress.value(),
+        {.of = {.showId = *showId, .houseNumber = std::move(arguments.houseNumber).value()},
+         .progress = *progress,
          .isDone = arguments.isDone.value()},
         context, std::move(arguments.completionHandler).value());
 }
@@ -99,13 +122,16 @@ void Trelvo::listWatchlistShowIds(WatchlistArguments arguments, const TrelvoCont
 }
 
 void Trelvo::addWatchlistShow(AddShowArguments arguments, const TrelvoContext& context) {
-    detail::addWatchlistShow(*state_, arguments.showId.value(), context,
-                             std::move(arguments.completionHandler).value());
+    const auto showId =
+        inSignedRange(arguments.showId, "addWatchlistShow", "showId", arguments.completionHandler);
+    if (!showId) return;
+    detail::addWatchlistShow(*state_, *showId, context, std::move(arguments.completionHandler).value());
 }
 
 void Trelvo::deleteShow(DeleteShowArguments arguments, const TrelvoContext& context) {
-    detail::deleteShow(*state_, arguments.showId.value(), context,
-                       std::move(arguments.completionHandler).value());
+    const auto showId = inSignedRange(arguments.showId, "deleteShow", "showId", arguments.completionHandler);
+    if (!showId) return;
+    detail::deleteShow(*state_, *showId, context, std::move(arguments.completionHandler).value());
 }
 
 }  // namespace VanticRestKit

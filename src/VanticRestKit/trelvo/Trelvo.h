@@ -10,6 +10,7 @@
 #include <VanticRestKit/trelvo/Common/Auth.h>
 #include <VanticRestKit/trelvo/Common/TrelvoContext.h>
 #include <VanticRestKit/trelvo/Common/TrelvoError.h>
+#include <VanticRestKit/trelvo/Common/TrelvoNumber.h>
 #include <VanticRestKit/trelvo/Dataset/Subprofile.h>
 #include <VanticRestKit/trelvo/History/HistoryData.h>
 #include <VanticRestKit/trelvo/Saved/SavedData.h>
@@ -36,6 +37,9 @@ class TrelvoState;
 /// A completion is called at most once: on the caller's thread before the operation returns where no token is to be
 /// had, else on the delegate queue of the session. Where the context builds no request for the data it is never
 /// called, and where it builds none for the token the caller waits without end.
+///
+/// A number beyond the signed range, which only an unsigned argument can hold, completes the operation with `unknown`
+/// on the caller's thread, before anything is sent.
 ///
 /// Any number of threads may call operations at once. Each gets tokens for itself; the last answer stays.
 class VRK_EXPORT Trelvo {
@@ -95,24 +99,24 @@ public:
     void listRecentVideos(RecentVideosArguments arguments, const TrelvoContext& context);
 
     struct VideosForShowArguments {
-        Required<std::int64_t> showId;
+        Required<TrelvoNumber> showId;
         Required<std::optional<bool>> markedAsDone;
         Required<HistoryCompletion> completionHandler;
     };
     void listVideosForShow(VideosForShowArguments arguments, const TrelvoContext& context);
 
     struct VideoProgressArguments {
-        Required<std::int64_t> showId;
+        Required<TrelvoNumber> showId;
         Required<std::string> houseNumber;
         Required<HistoryCompletion> completionHandler;
     };
     void getVideoProgress(VideoProgressArguments arguments, const TrelvoContext& context);
 
     struct UpdateVideoProgressArguments {
-        Required<std::int64_t> showId;
+        Required<TrelvoNumber> showId;
         Required<std::string> houseNumber;
         /// In seconds.
-        Required<std::int64_t> progress;
+        Required<TrelvoNumber> progress;
         Required<bool> isDone;
         Required<HistoryCompletion> completionHandler;
     };
@@ -124,13 +128,13 @@ public:
     void listWatchlistShowIds(WatchlistArguments arguments, const TrelvoContext& context);
 
     struct AddShowArguments {
-        Required<std::int64_t> showId;
+        Required<TrelvoNumber> showId;
         Required<Completion<std::vector<SavedData>>> completionHandler;
     };
     void addWatchlistShow(AddShowArguments arguments, const TrelvoContext& context);
 
     struct DeleteShowArguments {
-        Required<std::int64_t> showId;
+        Required<TrelvoNumber> showId;
         Required<Completion<void>> completionHandler;
     };
     void deleteShow(DeleteShowArguments arguments, const TrelvoContext& context);
