@@ -3,6 +3,10 @@
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 
 #include <Core/ActivityCounter.h>
+#include <csignal>
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
 #include <vector>
 
 namespace VanticRestKit {
@@ -116,6 +120,39 @@ TEST_F(NetworkActivityCounterTest, TheCallingThreadOnlyPosts) {
     release.signal();
     test::settleMainQueue();
     EXPECT_EQ(told.size(), 2U);
+}
+
+// Each runs in a process of its own, in which no other test has touched the counter.
+
+TEST(NetworkActivityCounterDeathTest, StartsAtZero) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(std::_Exit(test::activityCounter() == 0 ? 0 : 1), testing::ExitedWithCode(0), "");
+}
+
+TEST(NetworkActivityCounterDeathTest, EndsTheProcessWhenItOverflows) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto after = [](std::int64_t start, void (*change)()) {
+        detail::NetworkActivity::placeCounter(start);
+        change();
+        std::_Exit(test::activityCounter() == start ? 1 : 0);
+    };
+    constexpr std::int64_t max = std::numeric_limits<std::int64_t>::max();
+    constexpr std::int64_t min = std::numeric_limits<std::int64_t>::min();
+    EXPECT_EXIT(after(max - 1, NetworkActivityCounter::increase), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(after(max, NetworkActivityCounter::increase), testing::KilledBySignal(SIGABRT), "");
+    EXPECT_EXIT(after(min, NetworkActivityCounter::decrease), testing::KilledBySignal(SIGABRT), "");
+}
+
+TEST(NetworkActivityCounterDeathTest, EndsTheProcessWhenItOverflowsWithAnIndicatorInstalled) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            NetworkActivityCounter::setIndicator([](bool) {});
+            detail::NetworkActivity::placeCounter(std::numeric_limits<std::int64_t>::max());
+            NetworkActivityCounter::increase();
+            std::_Exit(test::activityCounter() == 0 ? 1 : 0);
+        },
+        testing::KilledBySignal(SIGABRT), "");
 }
 
 }  // namespace

@@ -17,6 +17,30 @@ TEST(NetworkURLSession, TheSharedSessionUsesTheProtocolsCachePolicyAnd30Seconds)
     EXPECT_EQ(shared.urlSesion->configuration().timeoutIntervalForRequest.count(), 30.0);
 }
 
+void expectEqual(const URLSessionConfiguration& a, const URLSessionConfiguration& b) {
+    EXPECT_EQ(a.requestCachePolicy, b.requestCachePolicy);
+    EXPECT_EQ(a.timeoutIntervalForRequest, b.timeoutIntervalForRequest);
+    EXPECT_EQ(a.caBundlePath, b.caBundlePath);
+    EXPECT_EQ(a.httpMaximumConnectionsPerHost, b.httpMaximumConnectionsPerHost);
+}
+
+TEST(NetworkURLSession, TheSharedSessionIsMadeWithTheWholeConfiguration) {
+    const NetworkURLSession& shared = NetworkURLSession::sharedInstance();
+    expectEqual(shared.urlSesion->configuration(), shared.sessionURLConfig);
+    URLSessionConfiguration expected = URLSessionConfiguration::default_();
+    expected.timeoutIntervalForRequest = URLRequest::Seconds(30.0);
+    expectEqual(shared.sessionURLConfig, expected);
+}
+
+TEST(URLSession, KeepsEverySettingThatItIsMadeWith) {
+    const URLSessionConfiguration configuration{
+        .requestCachePolicy = URLRequestCachePolicy::reloadIgnoringLocalCacheData,
+        .timeoutIntervalForRequest = URLRequest::Seconds(7.5),
+        .caBundlePath = "/nowhere/roots.pem",
+        .httpMaximumConnectionsPerHost = 2};
+    expectEqual(URLSession::make(configuration)->configuration(), configuration);
+}
+
 TEST(NetworkURLSession, TheQueueIsNamedAndKeepsItsDefaults) {
     OperationQueue expected;
     expected.name = "dev.vantic.NetworkSesionQueue";

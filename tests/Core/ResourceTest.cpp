@@ -5,6 +5,7 @@
 #include <VanticRestKit/platform/dispatch/detail/Probes.h>
 #include <VanticRestKit/platform/json/DecodingError.h>
 
+#include <Core/ActivityCounter.h>
 #include <Core/FakeContext.h>
 #include <Core/FakeSession.h>
 
@@ -122,6 +123,80 @@ TEST_F(ResourceTest, TheArgumentsOfTheRequestAreThoseOfRouteAndContext) {
     EXPECT_TRUE(Resource<double>::make({.with = PostURI{}}, recording));
     EXPECT_EQ(recording.calls, 1);
     EXPECT_EQ(recording.services, 1);
+}
+
+/// Notes what is read of it, in order.
+class NotingContext final : public virtual Context {
+public:
+    URL baseURL() const override { return note("baseURL", test::url("https://api.example.test")); }
+    std::map<std::string, std::string> HTTPHeaderFields() const override {
+        return note("HTTPHeaderFields", std::map<std::string, std::string>{});
+    }
+    double requestTimeout() const override { return note("requestTimeout", 30.0); }
+    LogError logError() const override { return note("logError", LogError()); }
+    std::shared_ptr<Serviceable> service(ServiceArguments arguments) const override {
+        read.emplace_back("service");
+        return Context::service(std::move(arguments));
+    }
+    std::optional<URLRequest> generateURLRequest(URLRequestArguments arguments) const override {
+        read.emplace_back("generateURLRequest");
+        return Context::generateURLRequest(std::move(arguments));
+    }
+    mutable std::vector<std::string> read;
+
+private:
+    template <class T>
+    T note(const char* name, T value) const {
+        read.emplace_back(name);
+        return value;
+    }
+};
+
+TEST_F(ResourceTest, TheContextIsReadInAFixedOrder) {
+    const NotingContext noting;
+    EXPECT_TRUE(Resource<double>::make({.with = PostURI{}}, noting));
+    EXPECT_EQ(noting.read,
+              (std::vector<std::string>{"HTTPHeaderFields", "requestTimeout", "generateURLRequest", "baseURL",
+                                        "HTTPHeaderFields", "service", "logError"}));
+}
+
+TEST_F(ResourceTest, TheTimeoutIsReadLastOfAllWhereNoneIsGiven) {
+    const NotingContext noting;
+    EXPECT_TRUE(noting.generateURLRequest({.usingPath = "x",
+                                           .queryItems = std::vector<URLQueryItem>{},
+                                           .additionalHTTPHeaders = std::map<std::string, std::string>{},
+                                           .httpMethod = std::nullopt,
+                                           .timeout = std::nullopt,
+                                           .andPostData = std::nullopt}));
+    EXPECT_EQ(noting.read, (std::vector<std::string>{"generateURLRequest", "baseURL", "HTTPHeaderFields",
+                                                     "requestTimeout"}));
+}
+
+TEST_F(ResourceTest, TheDecoderMayBeGivenAndIsHandedOut) {
+    const JSONDecoder decoder;
+    const auto resource = Resource<double>::make({.with = PostURI{}, .andDecoder = decoder}, context);
+    ASSERT_TRUE(resource);
+    static_assert(std::is_same_v<decltype(resource->decoder()), const JSONDecoder&>);
+    EXPECT_EQ(&resource->decoder(), &resource->decoder());
+    EXPECT_EQ(*resource->decoder().decode<double>(Data("2")), 2.0);
+    load(*resource);
+    context.session->reply(test::answer(200, "1.5"));
+    ASSERT_EQ(outcomes.size(), 1U);
+    EXPECT_EQ(*outcomes[0], 1.5);
+    EXPECT_EQ(makeResource().decoder().decode<double>(Data("3")).value(), 3.0)
+        << "the default is a decoder too";
+}
+
+TEST_F(ResourceTest, AskingForAPublisherRaisesTheActivityCounter) {
+    test::zeroActivityCounter();
+    const Resource<double> resource = makeResource();
+    EXPECT_EQ(test::activityCounter(), 0);
+    const auto publisher = resource.resourceLoader();
+    EXPECT_EQ(test::activityCounter(), 1);
+    const auto optionalPublisher = resource.optionalResourceLoader();
+    EXPECT_EQ(test::activityCounter(), 2);
+    EXPECT_TRUE(context.session->requests().empty());
+    test::zeroActivityCounter();
 }
 
 TEST_F(ResourceTest, AnHrefIsARouteOfItsOwn) {
