@@ -182,6 +182,23 @@ TEST_F(TrelvoSubprofiles, AreDeletedWithHistoryAndWatchlistAllAtOnce) {
     EXPECT_EQ(outcomes.count(), 1U);
 }
 
+TEST_F(TrelvoSubprofiles, AreDeletedAfterTheHistoryAndThenTheWatchlistHaveStarted) {
+    class Noting final : public UserContext {
+    public:
+        std::optional<URLRequest> generateURLRequest(URLRequestArguments arguments) const override {
+            paths.push_back(arguments.usingPath.value());
+            return UserContext::generateURLRequest(std::move(arguments));
+        }
+        mutable std::vector<std::string> paths;
+    };
+    Noting noting;
+    noting.session = session;
+    saveGoodTokens();
+    trelvo->deleteSubprofile({.completionHandler = completion<void>(outcomes.completed())}, noting);
+    EXPECT_EQ(noting.paths,
+              (std::vector<std::string>{"v2/history", "v2/saved/watchlist", "v2/dataset/profile"}));
+}
+
 TEST_F(TrelvoSubprofiles, AreDeletedThoughHistoryAndWatchlistAreNot) {
     deleteSubprofile();
     answerTo(history, reply(500, ""));

@@ -126,6 +126,49 @@ TEST_F(TrelvoToken, RefusedWithA401MeansThatConsentIsNeededAnew) {
     EXPECT_FALSE(trelvo->auth());
 }
 
+TEST_F(TrelvoToken, FailingWithTheCode401OfAnotherErrorMeansThatThereIsNone) {
+    const Outcome outcome = outcomeOfToken({.error = Error(NSError(NetworkError::errorDomain(), 401))});
+    EXPECT_TRUE(outcome.is(Kind::noAuthToken)) << "only a status of 401 asks for consent anew";
+    EXPECT_EQ(outcome.code(), 401);
+}
+
+/// Fails each fetch with an error that is not the library's, with the domain and the code of one that is.
+class ForeignService final : public Serviceable {
+public:
+    void fetch(FetchArguments arguments) override { arguments.with.value()(Failure(error())); }
+    AnyPublisher<Data> fetch() override { return AnyPublisher<Data>::fail(error()); }
+
+private:
+    static Error error() { return NSError(NetworkError::errorDomain(), 401); }
+};
+
+TEST_F(TrelvoToken, FailingWithTheCode401OfAServiceOfTheHostMeansThatThereIsNone) {
+    class ForeignContext final : public UserContext {
+    public:
+        std::shared_ptr<Serviceable> service(ServiceArguments) const override {
+            return std::make_shared<ForeignService>();
+        }
+    };
+    const ForeignContext foreign;
+    trelvo->listWatchlistShowIds({.completionHandler = completion<Saved>(outcomes.completed())}, foreign);
+    EXPECT_TRUE(outcomes.only().is(Kind::noAuthToken));
+    EXPECT_EQ(outcomes.only().loaderError().underlyingError()->code(), 401);
+}
+
+TEST_F(TrelvoToken, MayBeWaitedForOnTheMainQueue) {
+    const Event returned;
+    DispatchQueue::main().async([this, returned] {
+        list();
+        returned.signal();
+    });
+    (void)waits.awaited(0);
+    EXPECT_EQ(returned.count(), 0);
+    session->answer(0, tokenReply("new", 2000));
+    ASSERT_TRUE(returned.wait()) << "the main queue waits for the token and takes no part in its coming";
+    session->answer(1, reply(200, R"({"data":[]})"));
+    EXPECT_EQ(outcomes.only().text(), "success");
+}
+
 TEST_F(TrelvoToken, FailingInAnyOtherWayMeansThatThereIsNone) {
     const Reply failures[] = {reply(400, ""), reply(403, ""), reply(404, ""), reply(500, ""),
                               transportFailure(NetworkError::internalSDKError("lost"))};
