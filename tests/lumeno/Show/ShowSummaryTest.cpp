@@ -5,6 +5,7 @@
 
 #include <support/TemporaryZone.h>
 #include <type_traits>
+#include <unordered_set>
 
 namespace VanticRestKit {
 namespace {
@@ -24,6 +25,7 @@ static_assert(CanBeDecoded<Show>);
 static_assert(!CanBeDecoded<ShowSummary> && !CanBeDecoded<std::vector<ShowSummary>> &&
                   !CanBeDecoded<std::optional<ShowSummary>>,
               "a summary is made of a show, never decoded");
+static_assert(Decodable<Show> && !Decodable<ShowSummary> && !Decodable<std::vector<ShowSummary>>);
 
 ShowSummary summaryOf(const Show& show) {
     Result<ShowSummary, lumenoSDKError> summary = ShowSummary::make({.fromShow = show});
@@ -191,6 +193,26 @@ TEST(ShowSummary, HashesItsHrefWithItsCaseSoThatEqualOnesMayHashApart) {
     EXPECT_EQ(lower, upper);
     EXPECT_NE(hash(lower), hash(upper));
     EXPECT_EQ(hash(lower), hash(summaryAt("/show/x")));
+}
+
+template <class T>
+concept CanBeOrdered = requires(const T& a, const T& b) {
+    a < b;
+}
+|| requires(const T& a, const T& b) { a <=> b; };
+static_assert(CanBeOrdered<std::string> && !CanBeOrdered<ShowSummary>, "summaries have no order");
+
+TEST(ShowSummary, MayBeInASetTwiceThoughEqual) {
+    // As many buckets as it takes to part the two: equal values of one bucket would be one.
+    std::unordered_set<ShowSummary> summaries(1009);
+    const ShowSummary lower = summaryAt("/show/x");
+    const ShowSummary upper = summaryAt("/show/X");
+    summaries.insert(lower);
+    summaries.insert(upper);
+    EXPECT_EQ(lower, upper);
+    EXPECT_EQ(summaries.size(), 2U);
+    summaries.insert(summaryAt("/show/x"));
+    EXPECT_EQ(summaries.size(), 2U);
 }
 
 TEST(ShowSummary, HashesNothingButItsHref) {
