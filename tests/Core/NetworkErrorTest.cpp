@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <VanticRestKit/Core/ErrorBridge.h>
 #include <VanticRestKit/Core/LoaderError.h>
 #include <VanticRestKit/Core/NetworkError.h>
 #include <VanticRestKit/Core/NetworkServiceble.h>
