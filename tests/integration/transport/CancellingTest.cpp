@@ -1,8 +1,15 @@
+#include <VanticRestKit/platform/http/detail/Transfer.h>
+#include <VanticRestKit/platform/http/detail/Transport.h>
 #include <VanticRestKit/platform/http/URLSession.h>
 
 #include <gtest/gtest.h>
 #include <support/FaultServer.h>
 #include <support/Loading.h>
+
+#include <array>
+#include <barrier>
+#include <list>
+#include <thread>
 
 using namespace VanticRestKit;
 using namespace VanticRestKit::test;
@@ -114,4 +121,45 @@ TEST(Cancelling, ManyAtOnceLeavesTheSessionInOrder) {
     for (auto& [loaded, task] : tasks) EXPECT_EQ(loaded.code(), URLErrorCode::cancelled) << loaded.story();
     FaultServer other(always(answer(200, "ok")));
     EXPECT_EQ(load(*session, other.url()).body(), "ok");
+}
+
+TEST(Cancelling, IsNotLostWhenItOvertakesTheStart) {
+    FaultServer server(stall);
+    const auto transport = detail::makeTransport(URLSessionConfiguration::default_());
+    const Loaded loaded;
+    const auto transfer = std::make_shared<detail::Transfer>(requestOf(server.url()), loaded.completion());
+    ASSERT_TRUE(transfer->start());
+    transport->cancel(transfer);
+    transport->start(transfer);
+    EXPECT_EQ(loaded.code(), URLErrorCode::cancelled) << loaded.story();
+}
+
+TEST(Cancelling, IsNotLostWhenOtherThreadsResumeAtTheSameTime) {
+    constexpr int pairs = 4;
+    constexpr std::size_t rounds = 5000;
+    FaultServer server(stall);
+    const auto session = makeSession();
+    using Tasks = std::vector<std::pair<Loaded, std::shared_ptr<URLSessionDataTask>>>;
+    std::array<Tasks, pairs> tasks;
+    std::list<std::barrier<>> barriers;
+    std::vector<std::thread> threads;
+    for (Tasks& own : tasks) {
+        own.resize(rounds);
+        for (auto& [loaded, task] : own) {
+            task = session->dataTask(requestOf(server.url()), loaded.completion());
+        }
+        std::barrier<>& together = barriers.emplace_back(2);
+        for (const auto call : {&URLSessionDataTask::resume, &URLSessionDataTask::cancel}) {
+            threads.emplace_back([&own, &together, call] {
+                for (auto& [loaded, task] : own) {
+                    together.arrive_and_wait();
+                    ((*task).*call)();
+                }
+            });
+        }
+    }
+    for (std::thread& thread : threads) thread.join();
+    for (Tasks& own : tasks) {
+        for (auto& [loaded, task] : own) ASSERT_EQ(loaded.code(), URLErrorCode::cancelled) << loaded.story();
+    }
 }

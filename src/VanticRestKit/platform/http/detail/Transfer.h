@@ -34,6 +34,11 @@ public:
 
     bool isStarted() const noexcept { return state_.load() == State::started; }
 
+    /// Marks a started transfer as cancelled. The mark is set before the transport is told, so that a cancel that
+    /// overtakes the start on its way to the transport is not lost.
+    void markCancelled() noexcept { isCancelled_.store(true); }
+    bool isCancelled() const noexcept { return isCancelled_.load(); }
+
     /// Calls the completion and destroys it. On the delegate queue only, and once.
     void complete(Outcome outcome) {
         URLSession::Completion completion = std::move(completion_);
@@ -47,6 +52,7 @@ private:
     const URLRequest request_;
     URLSession::Completion completion_;
     std::atomic<State> state_ = State::fresh;
+    std::atomic<bool> isCancelled_ = false;
 };
 
 }  // namespace VanticRestKit::detail

@@ -26,6 +26,7 @@ public:
     }
 
     void cancel(std::shared_ptr<Transfer> transfer) override {
+        transfer->markCancelled();
         post({Inbox::Message::Kind::cancel, std::move(transfer)});
     }
 

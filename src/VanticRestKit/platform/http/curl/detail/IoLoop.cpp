@@ -87,6 +87,10 @@ void IoLoop::begin(std::shared_ptr<Transfer> transfer) {
     Exchange& exchange = *made;
     exchanges_.emplace(key, std::move(made));
     exchange.setInterval(idleInterval(exchange.request().timeoutInterval(), usualInterval_));
+    if (exchange.transfer()->isCancelled()) {
+        fail(exchange, {URLErrorCode::cancelled});
+        return;
+    }
     const URLRequest& request = exchange.request();
     const bool isUsable = request.httpMethod() == "GET" && request.url() && origins_.knows(*request.url());
     if (const auto fault = isUsable ? std::nullopt : whyUnusable(request)) {
