@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cstddef>
+#include <string>
 #include <vector>
 
 using namespace VanticRestKit::detail;
@@ -39,6 +42,53 @@ TEST(Admission, EachOriginHasItsLine) {
     EXPECT_EQ(admitAll(admission), 2);
     EXPECT_TRUE(applicants[1].isWaiting());
     EXPECT_TRUE(applicants[3].isWaiting());
+}
+
+TEST(Admission, LetsNoMoreGoOverAllOriginsThanItsLimit) {
+    Admission admission(6, 10);
+    std::vector<Applicant> applicants(40);
+    for (std::size_t i = 0; i < applicants.size(); ++i) {
+        admission.enqueue(applicants[i], "origin " + std::to_string(i));
+    }
+    EXPECT_EQ(admitAll(admission), 10);
+    admission.leave(applicants[0]);
+    EXPECT_EQ(admission.admitNext(), &applicants[10]);
+    EXPECT_EQ(admission.admitNext(), nullptr);
+    admission.learn(applicants[1], Carriage::many);
+    admission.setAside(applicants[1], true);
+    EXPECT_EQ(admission.admitNext(), nullptr) << "one set aside is still under way";
+    admission.leave(applicants[1]);
+    EXPECT_EQ(admitAll(admission), 1);
+}
+
+TEST(Admission, OriginsTakeTurns) {
+    Admission admission(6, 4);
+    std::vector<Applicant> crowd(20);
+    for (Applicant& applicant : crowd) admission.enqueue(applicant, "crowded");
+    Applicant single;
+    admission.enqueue(single, "single");
+    EXPECT_EQ(admission.admitNext(), &crowd[0]);
+    EXPECT_EQ(admission.admitNext(), &single);
+    EXPECT_EQ(admitAll(admission), 2);
+    Applicant late;
+    admission.enqueue(late, "late");
+    admission.leave(crowd[0]);
+    admission.leave(crowd[1]);
+    const Applicant* const next = admission.admitNext();
+    EXPECT_TRUE(next == &late || admission.admitNext() == &late) << "a crowd does not go first again";
+}
+
+TEST(Admission, EnqueuingForManyOriginsTakesTimeInProportionToTheirNumber) {
+    const auto secondsFor = [](std::size_t count) {
+        Admission admission(6);
+        std::vector<Applicant> applicants(count);
+        const auto start = std::chrono::steady_clock::now();
+        for (std::size_t i = 0; i < count; ++i) admission.enqueue(applicants[i], std::to_string(i));
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    };
+    secondsFor(4000);
+    const double few = secondsFor(4000);
+    EXPECT_LT(secondsFor(64000), 16 * few * 4 + 0.1) << "16 times as many, " << few << " s for the few";
 }
 
 TEST(Admission, AnOriginThatCarriesManyOnOneConnectionTakesAHundred) {

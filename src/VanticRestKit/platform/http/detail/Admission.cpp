@@ -22,8 +22,10 @@ struct Applicant::Line {
     bool isToBeLookedAt = false;
 };
 
-Admission::Admission(std::size_t connectionsPerHost)
-    : connectionsPerHost_(std::max<std::size_t>(connectionsPerHost, 1)) {}
+Admission::Admission(std::size_t connectionsPerHost, std::size_t maxAdmitted)
+    : connectionsPerHost_(std::max<std::size_t>(connectionsPerHost, 1)),
+      maxAdmitted_(std::max<std::size_t>(maxAdmitted, 1)),
+      pruneAt_(mostLines) {}
 
 Admission::~Admission() = default;
 
@@ -43,11 +45,13 @@ void Admission::lookAt(Line& line) {
 }
 
 void Admission::prune() {
-    if (lines_.size() < mostLines) return;
+    if (lines_.size() < pruneAt_) return;
     std::erase_if(lines_, [](const auto& entry) {
         const Line& line = *entry.second;
         return line.waiting.empty() && line.admitted == 0 && line.aside == 0 && !line.isToBeLookedAt;
     });
+    // While most lines are in use, looking through all of them for each new origin would be quadratic.
+    pruneAt_ = std::max(mostLines, 2 * lines_.size());
 }
 
 void Admission::enqueue(Applicant& applicant, const std::string& origin) {
@@ -61,17 +65,19 @@ void Admission::enqueue(Applicant& applicant, const std::string& origin) {
 }
 
 Applicant* Admission::admitNext() {
-    while (!toLookAt_.empty()) {
+    while (!toLookAt_.empty() && admitted_ < maxAdmitted_) {
         Line& line = *toLookAt_.front();
-        if (!line.waiting.empty() && line.admitted < capacity(line)) {
-            Applicant& applicant = *line.waiting.front();
-            line.waiting.pop_front();
-            applicant.state_ = Applicant::State::admitted;
-            ++line.admitted;
-            return &applicant;
-        }
-        line.isToBeLookedAt = false;
         toLookAt_.pop_front();
+        line.isToBeLookedAt = false;
+        if (line.waiting.empty() || line.admitted >= capacity(line)) continue;
+        Applicant& applicant = *line.waiting.front();
+        line.waiting.pop_front();
+        applicant.state_ = Applicant::State::admitted;
+        ++line.admitted;
+        ++admitted_;
+        // The other origins have their turn before the next one of this.
+        lookAt(line);
+        return &applicant;
     }
     return nullptr;
 }
@@ -82,8 +88,14 @@ void Admission::leave(Applicant& applicant) {
     switch (applicant.state_) {
         case Applicant::State::outside: break;
         case Applicant::State::waiting: line.waiting.erase(applicant.place_); break;
-        case Applicant::State::admitted: --line.admitted; break;
-        case Applicant::State::setAside: --line.aside; break;
+        case Applicant::State::admitted:
+            --line.admitted;
+            --admitted_;
+            break;
+        case Applicant::State::setAside:
+            --line.aside;
+            --admitted_;
+            break;
     }
     applicant.state_ = Applicant::State::outside;
     applicant.line_ = nullptr;

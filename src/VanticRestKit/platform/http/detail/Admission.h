@@ -36,10 +36,15 @@ private:
 /// One line for each origin, first come, first served. Does not own the applicants; for one thread.
 ///
 /// An origin takes as many transfers as it may have connections, or, once it is known to carry several at
-/// once on one connection, as many as one connection commonly takes.
+/// once on one connection, as many as one connection commonly takes. All origins together take no more than
+/// `maxAdmitted`: what libcurl does in a round costs time in proportion to the transfers that it holds. Origins
+/// take turns, so that one with a long line does not keep the others waiting.
 class Admission {
 public:
-    explicit Admission(std::size_t connectionsPerHost);
+    /// Enough for forty origins with six connections each, and few enough for a round to stay cheap.
+    static constexpr std::size_t defaultMaxAdmitted = 256;
+
+    explicit Admission(std::size_t connectionsPerHost, std::size_t maxAdmitted = defaultMaxAdmitted);
     ~Admission();
     Admission(const Admission&) = delete;
     Admission& operator=(const Admission&) = delete;
@@ -75,6 +80,10 @@ private:
     void prune();
 
     const std::size_t connectionsPerHost_;
+    const std::size_t maxAdmitted_;
+    // How many were let go and have not left, those set aside included.
+    std::size_t admitted_ = 0;
+    std::size_t pruneAt_;
     std::unordered_map<std::string, std::unique_ptr<Line>> lines_;
     // The lines in which somebody may be able to go.
     std::deque<Line*> toLookAt_;
