@@ -63,6 +63,9 @@ public:
     /// Says that the origin of an admitted `applicant` refuses what goes to it at once, and so takes no more than
     /// it may have connections from now on.
     void narrow(Applicant& applicant);
+    /// How many origins are in use, or were lately.
+    std::size_t originCount() const noexcept { return lines_.size(); }
+
     /// What is known of the origin of `applicant`.
     Carriage carriage(const Applicant& applicant) const;
 
