@@ -63,6 +63,20 @@ std::pair<Socket, std::uint16_t> listenOnLoopback(Loopback loopback) {
     return {std::move(listener), ntohs(isV6 ? v6.sin6_port : v4.sin_port)};
 }
 
+DeadAddress::DeadAddress(const std::string& address, std::uint16_t port)
+    : listener_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_in name = loopbackV4(port);
+    EXPECT_EQ(inet_pton(AF_INET, address.c_str(), &name.sin_addr), 1);
+    const auto* const generic = reinterpret_cast<const sockaddr*>(&name);
+    EXPECT_EQ(bind(listener_.descriptor(), generic, sizeof(name)), 0);
+    EXPECT_EQ(listen(listener_.descriptor(), 0), 0);
+    // One connection is completed and waits to be accepted; the system drops what comes after it.
+    for (int i = 0; i < 4; ++i) {
+        Socket& each = waiting_.emplace_back(socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+        static_cast<void>(connect(each.descriptor(), generic, sizeof(name)));
+    }
+}
+
 bool hasIPv6() {
     const Socket probe(socket(AF_INET6, SOCK_STREAM | SOCK_CLOEXEC, 0));
     const sockaddr_in6 address = loopbackV6();

@@ -3,8 +3,11 @@
 /// \file
 /// Sockets on loopback.
 
+#include <cstddef>
 #include <cstdint>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace VanticRestKit::test {
 
@@ -33,6 +36,16 @@ enum class Loopback { v4, v6 };
 
 /// A socket that listens on a free port of loopback, and the port.
 std::pair<Socket, std::uint16_t> listenOnLoopback(Loopback loopback = Loopback::v4);
+
+/// An address of loopback and a port that answer no attempt to connect: their queue is full and is not emptied.
+class DeadAddress {
+public:
+    DeadAddress(const std::string& address, std::uint16_t port);
+
+private:
+    Socket listener_;
+    std::vector<Socket> waiting_;
+};
 
 /// Whether this machine has a loopback of IPv6.
 bool hasIPv6();

@@ -1,3 +1,4 @@
+#include <VanticRestKit/platform/http/curl/detail/CurlTransport.h>
 #include <VanticRestKit/platform/http/detail/Transfer.h>
 #include <VanticRestKit/platform/http/detail/Transport.h>
 #include <VanticRestKit/platform/http/URLSession.h>
@@ -125,7 +126,7 @@ TEST(Cancelling, ManyAtOnceLeavesTheSessionInOrder) {
 
 TEST(Cancelling, IsNotLostWhenItOvertakesTheStart) {
     FaultServer server(stall);
-    const auto transport = detail::makeTransport(URLSessionConfiguration::default_());
+    const auto transport = detail::makeCurlTransport(URLSessionConfiguration::default_());
     const Loaded loaded;
     const auto transfer = std::make_shared<detail::Transfer>(requestOf(server.url()), loaded.completion());
     ASSERT_TRUE(transfer->start());

@@ -73,6 +73,13 @@ curl_socket_t onOpenSocket(void* user, curlsocktype, curl_sockaddr* address) {
     Attempt& attempt = attemptOf(user);
     attempt.openedSocket =
         attempt.surroundings.connections.open(address->family, address->socktype, address->protocol);
+    if (auto connection = attempt.surroundings.connections.find(attempt.openedSocket)) {
+        if (!attempt.exchange.isPatient) {
+            connection->giveUpAt = attempt.surroundings.now + attempt.exchange.connectPatience();
+        }
+        attempt.opened.push_back(connection);
+        attempt.surroundings.pendingConnects.add(std::move(connection));
+    }
     return attempt.openedSocket;
 }
 

@@ -26,6 +26,10 @@ struct Connection {
     TimePoint lastMoved{};
     /// Whether a request on it ran out of time while nothing at all moved on it.
     bool isSuspect = false;
+    /// When to stop waiting for the address to answer.
+    TimePoint giveUpAt = TimePoint::max();
+    /// Whether that time came.
+    bool wasGivenUp = false;
 };
 
 /// Both ends of a connection, as libcurl tells them before it sends a request.

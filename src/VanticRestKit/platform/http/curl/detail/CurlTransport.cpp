@@ -16,8 +16,10 @@ namespace {
 /// when this one goes the thread brings to its end what was started, and ends itself.
 class CurlTransport final : public Transport {
 public:
-    explicit CurlTransport(const URLSessionConfiguration& configuration)
-        : configuration_(configuration), delegateQueue_(DispatchQueue::withOwnThread("vrk.http.deleg")) {}
+    CurlTransport(const URLSessionConfiguration& configuration, TransportSeams seams)
+        : configuration_(configuration),
+          seams_(std::move(seams)),
+          delegateQueue_(DispatchQueue::withOwnThread("vrk.http.deleg")) {}
 
     ~CurlTransport() override { inbox_->close(); }
 
@@ -36,13 +38,13 @@ private:
     void post(Inbox::Message message) {
         ExitGate::shared();
         if (!inbox_->post(std::move(message))) return;
-        const bool started = startThread(
-            "vrk.http.io", [configuration = configuration_, inbox = inbox_, delegateQueue = delegateQueue_] {
-                ExitGate& gate = ExitGate::shared();
-                gate.enter(inbox.get(), [inbox] { inbox->wake(); });
-                IoLoop(configuration, inbox, delegateQueue).run(gate);
-                gate.leave(inbox.get());
-            });
+        const bool started = startThread("vrk.http.io", [configuration = configuration_, seams = seams_,
+                                                         inbox = inbox_, delegateQueue = delegateQueue_] {
+            ExitGate& gate = ExitGate::shared();
+            gate.enter(inbox.get(), [inbox] { inbox->wake(); });
+            IoLoop(configuration, seams, inbox, delegateQueue).run(gate);
+            gate.leave(inbox.get());
+        });
         if (!started) failAll(inbox_->readerLeaves());
     }
 
@@ -58,14 +60,16 @@ private:
     }
 
     const URLSessionConfiguration configuration_;
+    const TransportSeams seams_;
     const DispatchQueue delegateQueue_;
     const std::shared_ptr<Inbox> inbox_ = std::make_shared<Inbox>();
 };
 
 }  // namespace
 
-std::shared_ptr<Transport> makeCurlTransport(const URLSessionConfiguration& configuration) {
-    return std::make_shared<CurlTransport>(configuration);
+std::shared_ptr<Transport> makeCurlTransport(const URLSessionConfiguration& configuration,
+                                             TransportSeams seams) {
+    return std::make_shared<CurlTransport>(configuration, std::move(seams));
 }
 
 }  // namespace VanticRestKit::detail

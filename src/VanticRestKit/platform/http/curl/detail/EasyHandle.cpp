@@ -44,6 +44,13 @@ EasyHandle::EasyHandle(const EasySettings& settings, bool isSecure)
     Options options(easy_);
     setConduct(options);
     setSecurity(options, settings);
+    for (const std::string& address : settings.addresses) {
+        curl_slist* const longer = curl_slist_append(addresses_.get(), address.c_str());
+        if (longer == nullptr) return;
+        static_cast<void>(addresses_.release());
+        addresses_.reset(longer);
+    }
+    if (addresses_) options.set(CURLOPT_RESOLVE, addresses_.get());
     if (isSecure) options.set(CURLOPT_BUFFERSIZE, largestSecureHead);
     options.set(CURLOPT_PRIVATE, this);
     options.set(CURLOPT_ERRORBUFFER, errorText_.data());

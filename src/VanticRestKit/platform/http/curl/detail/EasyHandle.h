@@ -24,6 +24,8 @@ struct Attempt;
 struct EasySettings {
     std::optional<std::string> caBundlePath{};
     Connections* connections = nullptr;
+    /// Addresses of hosts that are not to be looked up, in libcurl's form.
+    std::vector<std::string> addresses{};
 };
 
 /// An easy handle, for requests over TLS or for those without. Everything that is the same for all of them in a
@@ -57,7 +59,12 @@ private:
 
     bool readBeginning(const URL& url);
 
+    struct ListDeleter {
+        void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+    };
+
     const bool isSecure_;
+    std::unique_ptr<curl_slist, ListDeleter> addresses_;
     // Scheme and authority of the request before, as they are written and as libcurl reads them. Most requests
     // have the same, and to read an address and write it anew would be a sixth of libcurl's work for one.
     std::string beginning_;

@@ -1,6 +1,9 @@
 #include <VanticRestKit/platform/http/curl/detail/Exchange.h>
 #include <VanticRestKit/platform/http/detail/RedirectRule.h>
 
+#include <algorithm>
+#include <chrono>
+
 namespace VanticRestKit::detail {
 
 Exchange::Exchange(std::shared_ptr<Transfer> transfer) : transfer_(std::move(transfer)) {}
@@ -10,6 +13,16 @@ Exchange::~Exchange() = default;
 bool Exchange::redirect(URLRequest next) {
     redirected_ = std::make_unique<URLRequest>(std::move(next));
     return ++redirects_ <= mostRedirects;
+}
+
+// As long as the first repetition of a lost packet takes to be sent: a new attempt costs no more.
+Clock::duration Exchange::connectPatience() const {
+    constexpr Clock::duration most = std::chrono::seconds(1);
+    return isPatient ? Clock::duration::max() : std::min(most, interval() / 4);
+}
+
+bool Attempt::gaveUpAnAddress() const {
+    return std::any_of(opened.begin(), opened.end(), [](const auto& each) { return each->wasGivenUp; });
 }
 
 void Attempt::moved() { exchange.moved(surroundings.now); }

@@ -6,6 +6,7 @@
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
 #include <VanticRestKit/platform/http/curl/detail/EasyHandle.h>
 #include <VanticRestKit/platform/http/curl/detail/HeaderLines.h>
+#include <VanticRestKit/platform/http/curl/detail/PendingConnects.h>
 #include <VanticRestKit/platform/http/detail/Admission.h>
 #include <VanticRestKit/platform/http/detail/BodyCollector.h>
 #include <VanticRestKit/platform/http/detail/HeaderCollector.h>
@@ -19,6 +20,7 @@
 #include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace VanticRestKit::detail {
 
@@ -44,6 +46,11 @@ public:
     std::unique_ptr<Attempt> attempt;
     /// Whether libcurl gave it up once, because connection after connection refused it.
     bool wasGivenUp = false;
+    /// Whether every address gets all the time that it wants, because an attempt to connect in less has failed.
+    bool isPatient = false;
+
+    /// How long one address of the host may take to answer.
+    Clock::duration connectPatience() const;
 
 private:
     std::shared_ptr<Transfer> transfer_;
@@ -56,6 +63,7 @@ struct AttemptSurroundings {
     /// The time of this round of the I/O thread.
     const TimePoint& now;
     Connections& connections;
+    PendingConnects& pendingConnects;
     Admission& admission;
 };
 
@@ -106,6 +114,10 @@ struct Attempt {
     std::shared_ptr<Connection> connection;
     /// The socket opened last for this request.
     int openedSocket = -1;
+    /// The connections opened for it, also those to addresses that failed.
+    std::vector<std::shared_ptr<Connection>> opened;
+    /// Whether an address was given up before its time could tell.
+    bool gaveUpAnAddress() const;
     curl_off_t uploaded = 0;
 };
 

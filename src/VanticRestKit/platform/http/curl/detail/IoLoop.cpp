@@ -33,13 +33,15 @@ CURLM* makeMulti(std::size_t connectionsPerHost) {
 
 }  // namespace
 
-IoLoop::IoLoop(const URLSessionConfiguration& configuration, std::shared_ptr<Inbox> inbox,
-               DispatchQueue delegateQueue)
+IoLoop::IoLoop(const URLSessionConfiguration& configuration, const TransportSeams& seams,
+               std::shared_ptr<Inbox> inbox, DispatchQueue delegateQueue)
     : usualInterval_(configuration.timeoutIntervalForRequest),
       inbox_(std::move(inbox)),
       delegateQueue_(std::move(delegateQueue)),
       multi_(makeMulti(connectionsPerHost(configuration))),
-      pool_({.caBundlePath = configuration.caBundlePath, .connections = &connections_}),
+      pool_({.caBundlePath = configuration.caBundlePath,
+             .connections = &connections_,
+             .addresses = seams.addresses}),
       admission_(connectionsPerHost(configuration)),
       suspects_(connections_, admission_,
                 [this](const Connection& connection, const std::function<void(Exchange&)>& visit) {
@@ -117,11 +119,19 @@ void IoLoop::admit() {
 }
 
 void IoLoop::attempt(Exchange& exchange) {
-    exchange.attempt = std::make_unique<Attempt>(
-        exchange, AttemptSurroundings{.now = now_, .connections = connections_, .admission = admission_});
+    exchange.isPatient = false;
+    deadlines_.watch(exchange, now_);
+    send(exchange);
+}
+
+void IoLoop::send(Exchange& exchange) {
+    exchange.attempt =
+        std::make_unique<Attempt>(exchange, AttemptSurroundings{.now = now_,
+                                                                .connections = connections_,
+                                                                .pendingConnects = pendingConnects_,
+                                                                .admission = admission_});
     exchange.attempt->handle = pool_.take(isSecure(*exchange.request().url()));
     exchange.attempt->headerLines = headerLines_.of(exchange.request());
-    deadlines_.watch(exchange, now_);
     if (!prepareEasy(*exchange.attempt, admission_.hasSetAside(exchange)) ||
         curl_multi_add_handle(multi_, exchange.attempt->handle->get()) != CURLM_OK) {
         release(exchange);
@@ -150,6 +160,8 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
         follow(exchange);
     } else if (code != CURLE_OK && attempt.wasRefusedToTheLast() && !exchange.wasGivenUp) {
         goAgain(exchange);
+    } else if (code == CURLE_COULDNT_CONNECT && attempt.gaveUpAnAddress()) {
+        connectPatiently(exchange);
     } else if (code != CURLE_OK) {
         long verified = 0;
         curl_easy_getinfo(attempt.handle->get(), CURLINFO_SSL_VERIFYRESULT, &verified);
@@ -173,6 +185,14 @@ void IoLoop::goAgain(Exchange& exchange) {
     admission_.narrow(exchange);
     release(exchange);
     enqueue(exchange);
+}
+
+// No address answered in the time that each of several may take. Nothing was sent, and what is left of the request's
+// own time can be spent on waiting.
+void IoLoop::connectPatiently(Exchange& exchange) {
+    exchange.isPatient = true;
+    takeBack(exchange);
+    send(exchange);
 }
 
 void IoLoop::follow(Exchange& exchange) {
@@ -255,7 +275,10 @@ bool IoLoop::movedUnseen(Exchange& exchange) {
 void IoLoop::release(Exchange& exchange) {
     deadlines_.forget(exchange);
     admission_.leave(exchange);
-    if (!exchange.attempt) return;
+    if (exchange.attempt) takeBack(exchange);
+}
+
+void IoLoop::takeBack(Exchange& exchange) {
     const std::unique_ptr<Attempt> attempt = std::move(exchange.attempt);
     curl_multi_remove_handle(multi_, attempt->handle->get());
     pool_.give(std::move(attempt->handle));
@@ -296,20 +319,28 @@ void IoLoop::deliver() {
     });
 }
 
+std::chrono::milliseconds IoLoop::longestWait() const {
+    std::chrono::milliseconds limit{60 * 60 * 1000};
+    for (const auto next : {deadlines_.next(), resets_.next(), pendingConnects_.next()}) {
+        if (!next) continue;
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(*next - Clock::now());
+        limit = std::clamp(left, std::chrono::milliseconds(0), limit);
+    }
+    return limit;
+}
+
 void IoLoop::wait() {
     if (exchanges_.empty() && !resets_.next()) {
         inbox_->waitForMail();
         return;
     }
-    constexpr std::chrono::milliseconds longest{60 * 60 * 1000};
-    std::chrono::milliseconds limit = longest;
-    for (const auto next : {deadlines_.next(), resets_.next()}) {
-        if (!next) continue;
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(*next - Clock::now());
-        limit = std::clamp(left, std::chrono::milliseconds(0), limit);
-    }
+    // What has changed is libcurl's to see first.
+    if (pendingConnects_.update(now_)) return;
+    watched_.clear();
+    pendingConnects_.addTo(watched_);
     if (!inbox_->beginWait(multi_)) return;
-    curl_multi_poll(multi_, nullptr, 0, static_cast<int>(limit.count()), nullptr);
+    curl_multi_poll(multi_, watched_.data(), static_cast<unsigned>(watched_.size()),
+                    static_cast<int>(longestWait().count()), nullptr);
     inbox_->endWait();
 }
 

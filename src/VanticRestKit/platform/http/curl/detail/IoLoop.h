@@ -5,10 +5,12 @@
 
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
+#include <VanticRestKit/platform/http/curl/detail/CurlTransport.h>
 #include <VanticRestKit/platform/http/curl/detail/EasyHandle.h>
 #include <VanticRestKit/platform/http/curl/detail/Exchange.h>
 #include <VanticRestKit/platform/http/curl/detail/ExitGate.h>
 #include <VanticRestKit/platform/http/curl/detail/Inbox.h>
+#include <VanticRestKit/platform/http/curl/detail/PendingConnects.h>
 #include <VanticRestKit/platform/http/curl/detail/StreamResets.h>
 #include <VanticRestKit/platform/http/curl/detail/SuspectConnections.h>
 #include <VanticRestKit/platform/http/detail/Admission.h>
@@ -29,8 +31,8 @@ namespace VanticRestKit::detail {
 /// from the inbox to their end. Lives in that thread alone and never runs a line of the host's.
 class IoLoop {
 public:
-    IoLoop(const URLSessionConfiguration& configuration, std::shared_ptr<Inbox> inbox,
-           DispatchQueue delegateQueue);
+    IoLoop(const URLSessionConfiguration& configuration, const TransportSeams& seams,
+           std::shared_ptr<Inbox> inbox, DispatchQueue delegateQueue);
     ~IoLoop();
     IoLoop(const IoLoop&) = delete;
     IoLoop& operator=(const IoLoop&) = delete;
@@ -51,10 +53,12 @@ private:
     void enqueue(Exchange& exchange);
     void admit();
     void attempt(Exchange& exchange);
+    void send(Exchange& exchange);
     void collectFinished();
     void settle(Exchange& exchange, CURLcode code);
     void visitOn(const Connection& connection, const std::function<void(Exchange&)>& visit);
     void goAgain(Exchange& exchange);
+    void connectPatiently(Exchange& exchange);
     void follow(Exchange& exchange);
     void succeed(Exchange& exchange);
     void fail(Exchange& exchange, const TransportFault& fault,
@@ -62,16 +66,19 @@ private:
     void timeOutIdle();
     bool movedUnseen(Exchange& exchange);
     void release(Exchange& exchange);
+    void takeBack(Exchange& exchange);
     void end(Exchange& exchange, Outcome outcome);
     void deliver();
     void wait();
+    std::chrono::milliseconds longestWait() const;
 
     const std::chrono::duration<double> usualInterval_;
     const std::shared_ptr<Inbox> inbox_;
     const DispatchQueue delegateQueue_;
     // Above the multi handle, which closes its sockets through it.
     Connections connections_;
-    CURLM* const multi_;
+    PendingConnects pendingConnects_;
+    CURLM* multi_;
     EasyPool pool_;
     Admission admission_;
     IdleDeadlines deadlines_;
@@ -82,6 +89,7 @@ private:
     Exchanges exchanges_;
     std::vector<Ended> ended_;
     std::vector<Inbox::Message> messages_;
+    std::vector<curl_waitfd> watched_;
     TimePoint now_{};
 };
 
