@@ -5,6 +5,10 @@
 #include <support/FaultServer.h>
 #include <support/Loading.h>
 
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <atomic>
 #include <functional>
 #include <set>
@@ -176,4 +180,26 @@ TEST(Queues, OneSessionServesManyThreads) {
     for (std::thread& thread : threads) thread.join();
     EXPECT_EQ(good, 200);
     EXPECT_LE(server.connectionCount(), 6U);
+}
+
+TEST(Queues, AProcessStartedInACompletionCanBeEndedWithASignal) {
+    FaultServer server(always(answer(200, "ok")));
+    const auto session = makeSession();
+    const Event done;
+    int status = 0;
+    session
+        ->dataTask(requestOf(server.url()),
+                   [&status, done](auto, auto, auto) {
+                       char name[] = "sleep", time[] = "5";
+                       char* const arguments[] = {name, time, nullptr};
+                       pid_t child = -1;
+                       if (posix_spawnp(&child, name, nullptr, nullptr, arguments, environ) == 0) {
+                           kill(child, SIGTERM);
+                           waitpid(child, &status, 0);
+                       }
+                       done.signal();
+                   })
+        ->resume();
+    ASSERT_TRUE(done.wait());
+    EXPECT_TRUE(WIFSIGNALED(status)) << "it slept to its end";
 }

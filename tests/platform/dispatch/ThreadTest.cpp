@@ -1,4 +1,5 @@
 #include <VanticRestKit/platform/dispatch/detail/Thread.h>
+#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 
 #include <gtest/gtest.h>
 #include <support/Event.h>
@@ -37,4 +38,86 @@ TEST(Thread, BearsTheEndOfItsName) {
     }));
     ASSERT_TRUE(done.wait());
     EXPECT_EQ(name, ".delegate-queue");
+}
+
+namespace {
+
+bool isBlocked(int signal) {
+    sigset_t blocked;
+    pthread_sigmask(SIG_SETMASK, nullptr, &blocked);
+    return sigismember(&blocked, signal) == 1;
+}
+
+/// For the time of its life, the calling thread blocks `SIGUSR2` and no other signal of the host's.
+class BlocksOne {
+public:
+    BlocksOne() {
+        sigset_t one;
+        sigemptyset(&one);
+        sigaddset(&one, SIGUSR2);
+        pthread_sigmask(SIG_SETMASK, &one, &before_);
+    }
+    BlocksOne(const BlocksOne&) = delete;
+    BlocksOne& operator=(const BlocksOne&) = delete;
+    ~BlocksOne() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+
+private:
+    sigset_t before_{};
+};
+
+}  // namespace
+
+TEST(Thread, HasTheMaskOfItsStarterAroundWhatIsTheHosts) {
+    const BlocksOne blocks;
+    const Event done;
+    bool before = false, inside = true, kept = false, after = false;
+    ASSERT_TRUE(detail::startThread("test", [&, done] {
+        before = isBlocked(SIGTERM);
+        {
+            const detail::HostSignals signals;
+            inside = isBlocked(SIGTERM);
+            kept = isBlocked(SIGUSR2);
+        }
+        after = isBlocked(SIGTERM);
+        done.signal();
+    }));
+    ASSERT_TRUE(done.wait());
+    EXPECT_TRUE(before);
+    EXPECT_FALSE(inside);
+    EXPECT_TRUE(kept);
+    EXPECT_TRUE(after);
+}
+
+TEST(Thread, HandsTheMaskOnToTheThreadsThatItStarts) {
+    const Event done;
+    bool inside = true;
+    ASSERT_TRUE(detail::startThread("outer", [&, done] {
+        EXPECT_TRUE(detail::startThread("inner", [&inside, done] {
+            const detail::HostSignals signals;
+            inside = isBlocked(SIGTERM);
+            done.signal();
+        }));
+    }));
+    ASSERT_TRUE(done.wait());
+    EXPECT_FALSE(inside);
+}
+
+TEST(Thread, ChangesNothingOnAThreadOfTheHosts) {
+    const BlocksOne blocks;
+    { const detail::HostSignals signals; }
+    EXPECT_FALSE(isBlocked(SIGTERM));
+    EXPECT_TRUE(isBlocked(SIGUSR2));
+}
+
+TEST(Thread, BlocksOfEveryQueueRunWithTheHostsMask) {
+    for (const DispatchQueue& queue : {DispatchQueue("pool"), DispatchQueue::withOwnThread("own")}) {
+        const Event done;
+        bool inside = true;
+        queue.async([&inside, done] {
+            inside = isBlocked(SIGTERM);
+            done.signal();
+        });
+        ASSERT_TRUE(done.wait());
+        EXPECT_FALSE(inside) << queue.label();
+    }
 }

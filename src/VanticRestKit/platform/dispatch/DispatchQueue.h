@@ -27,6 +27,10 @@ class Queue;
 /// more threads after some milliseconds, up to sixty.
 /// Blocks that were posted run also when no handle is left. A block and all that it holds are destroyed on
 /// the queue, right after it ran and before the next one starts. No destructor waits for anything.
+///
+/// Threads of the library block all signals but those of faults. While a block runs, its thread has the signal mask of
+/// the thread that first needed it, as a thread of the caller's own would, so that a process started by a block can be
+/// ended by a signal.
 class VRK_EXPORT DispatchQueue {
 public:
     /// Makes a new queue. `label` is for people; several queues may bear the same.

@@ -56,6 +56,10 @@ private:
 /// own, never the caller's thread. A completion that takes long holds up other completions, but no transfer.
 /// A request that cannot be sent reports that there too. Any thread may call, a completion included.
 ///
+/// The session's threads block all signals but those of faults, so that none of a host's handlers runs there. While
+/// completions run, their thread has the signal mask of the thread that started the session's first load: a process
+/// started in a completion inherits that one.
+///
 /// Requests go to http and https only, over the proxy of nobody, with certificates and host names verified.
 /// Redirects are followed, at most twenty: 303 turns every method but HEAD into GET, 301 and 302 turn POST
 /// into GET, and credentials stay with the origin they were meant for. Nothing is sent twice, with one

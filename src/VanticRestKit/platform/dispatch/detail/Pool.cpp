@@ -92,6 +92,13 @@ void Pool::sleep(std::unique_lock<std::mutex>& lock) {
     --coming_;
 }
 
+bool Pool::run(std::shared_ptr<Strand>& strand) {
+    const HostSignals signals;
+    const bool hasMore = strand->run();
+    if (!hasMore) strand.reset();
+    return hasMore;
+}
+
 void Pool::startThread() {
     if (detail::startThread("vrk-pool", [this] { work(); })) return;
     // The system gives no more threads. Those that are there go on, and the next post tries again.
@@ -114,8 +121,7 @@ void Pool::work() {
         const bool watch = wantsWatch();
         lock.unlock();
         if (watch) callWatch();
-        const bool hasMore = strand->run();
-        if (!hasMore) strand.reset();
+        const bool hasMore = run(strand);
         lock.lock();
         if (hasMore) ready_.push_back(std::move(strand));
         ++idle_;

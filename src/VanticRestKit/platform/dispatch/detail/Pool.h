@@ -56,6 +56,8 @@ private:
     static constexpr std::size_t mostSpares = 60;
 
     void work();
+    /// Runs some of the blocks of `strand`, and lets go of it if it has no more. Returns whether it has.
+    static bool run(std::shared_ptr<Strand>& strand);
     /// What the thread of the watch does.
     void watch();
     /// Under the lock: whether strands are ready for which no thread is left.

@@ -12,10 +12,15 @@ namespace {
 struct Start {
     std::string name;
     Block body;
+    sigset_t hostSignals;
 };
+
+/// On a thread of the library, the mask of the host's thread for which it was started; null on the host's own.
+thread_local const sigset_t* hostSignals = nullptr;
 
 void* run(void* argument) {
     const std::unique_ptr<Start> start(static_cast<Start*>(argument));
+    hostSignals = &start->hostSignals;
     pthread_setname_np(pthread_self(), start->name.c_str());
     start->body();
     return nullptr;
@@ -38,7 +43,7 @@ std::string shortName(std::string_view name) {
 }  // namespace
 
 bool startThread(std::string_view name, Block body) {
-    auto start = std::make_unique<Start>(Start{shortName(name), std::move(body)});
+    auto start = std::make_unique<Start>(Start{shortName(name), std::move(body), {}});
     pthread_attr_t attributes;
     if (pthread_attr_init(&attributes) != 0) return false;
     pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
@@ -47,6 +52,7 @@ bool startThread(std::string_view name, Block body) {
     const sigset_t blocked = signalsToBlock();
     sigset_t before;
     pthread_sigmask(SIG_SETMASK, &blocked, &before);
+    start->hostSignals = hostSignals != nullptr ? *hostSignals : before;
     pthread_t thread;
     const bool started = pthread_create(&thread, &attributes, &run, start.get()) == 0;
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
@@ -54,6 +60,16 @@ bool startThread(std::string_view name, Block body) {
     pthread_attr_destroy(&attributes);
     if (started) static_cast<void>(start.release());
     return started;
+}
+
+HostSignals::HostSignals() noexcept {
+    if (hostSignals != nullptr) pthread_sigmask(SIG_SETMASK, hostSignals, nullptr);
+}
+
+HostSignals::~HostSignals() {
+    if (hostSignals == nullptr) return;
+    const sigset_t blocked = signalsToBlock();
+    pthread_sigmask(SIG_SETMASK, &blocked, nullptr);
 }
 
 }  // namespace VanticRestKit::detail

@@ -36,6 +36,7 @@ public:
         const CurrentQueue scope(this);
         BlockList mail;
         while (take(mail)) {
+            const HostSignals signals;
             while (const auto node = mail.pop()) node->block();
         }
     }
