@@ -1,5 +1,6 @@
 #include <VanticRestKit/platform/dispatch/detail/Thread.h>
 
+#include <dlfcn.h>
 #include <pthread.h>
 #include <signal.h>
 #include <memory>
@@ -35,6 +36,18 @@ sigset_t signalsToBlock() {
     return signals;
 }
 
+/// Keeps the file that this code is part of in memory until the process ends: a plugin of a host that is closed while
+/// one of its threads runs would take the thread's code away.
+void stayLoaded() {
+    static const bool isDone = [] {
+        Dl_info own{};
+        if (dladdr(reinterpret_cast<const void*>(&stayLoaded), &own) == 0 || own.dli_fname == nullptr) return false;
+        // A handle that is never closed. Null for a program, which stays anyway.
+        return dlopen(own.dli_fname, RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE) != nullptr;
+    }();
+    static_cast<void>(isDone);
+}
+
 std::string shortName(std::string_view name) {
     constexpr std::size_t longest = 15;
     return std::string(name.substr(name.size() > longest ? name.size() - longest : 0));
@@ -44,6 +57,7 @@ std::string shortName(std::string_view name) {
 
 bool startThread(std::string_view name, Block body) {
     auto start = std::make_unique<Start>(Start{shortName(name), std::move(body), {}});
+    stayLoaded();
     pthread_attr_t attributes;
     if (pthread_attr_init(&attributes) != 0) return false;
     pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
