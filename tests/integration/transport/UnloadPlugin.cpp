@@ -5,7 +5,8 @@
 using namespace VanticRestKit;
 
 /// Starts a load of `url` in a session of the plugin's own, and calls `onEnd` with `context` at its end.
-extern "C" __attribute__((visibility("default"))) void startLoadInPlugin(const char* url, void (*onEnd)(void*),
+extern "C" __attribute__((visibility("default"))) void startLoadInPlugin(const char* url,
+                                                                         void (*onEnd)(void*),
                                                                          void* context) {
     const auto session = URLSession::make(URLSessionConfiguration::default_());
     session->dataTask(URLRequest(*URL::make(url)), [onEnd, context](auto, auto, auto) { onEnd(context); })

@@ -14,11 +14,12 @@ TEST(Unloading, APluginWithTheLibraryInsideMayBeClosedWhileItLoads) {
     reached = &server;
     void* const plugin = dlopen(VRK_UNLOAD_PLUGIN, RTLD_NOW | RTLD_LOCAL);
     ASSERT_NE(plugin, nullptr) << dlerror();
-    const auto start = reinterpret_cast<void (*)(const char*, void (*)(void*), void*)>(
-        dlsym(plugin, "startLoadInPlugin"));
+    const auto start =
+        reinterpret_cast<void (*)(const char*, void (*)(void*), void*)>(dlsym(plugin, "startLoadInPlugin"));
     ASSERT_NE(start, nullptr) << dlerror();
     Event ended;
-    start(server.url().c_str(), [](void* event) { static_cast<Event*>(event)->signal(); }, &ended);
+    start(
+        server.url().c_str(), [](void* event) { static_cast<Event*>(event)->signal(); }, &ended);
     ASSERT_TRUE(server.waitForRequests(1));
     EXPECT_EQ(dlclose(plugin), 0);
     server.releaseHeld();

@@ -41,7 +41,8 @@ sigset_t signalsToBlock() {
 void stayLoaded() {
     static const bool isDone = [] {
         Dl_info own{};
-        if (dladdr(reinterpret_cast<const void*>(&stayLoaded), &own) == 0 || own.dli_fname == nullptr) return false;
+        if (dladdr(reinterpret_cast<const void*>(&stayLoaded), &own) == 0 || own.dli_fname == nullptr)
+            return false;
         // A handle that is never closed. Null for a program, which stays anyway.
         return dlopen(own.dli_fname, RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE) != nullptr;
     }();

@@ -4,9 +4,8 @@
 /// `Inbox`: how other threads tell the I/O thread what to do.
 
 #include <VanticRestKit/platform/dispatch/detail/Bell.h>
+#include <VanticRestKit/platform/http/curl/detail/WakeDescriptor.h>
 #include <VanticRestKit/platform/http/detail/Transfer.h>
-
-#include <curl/curl.h>
 
 #include <memory>
 #include <mutex>
@@ -63,13 +62,32 @@ public:
         return !isClosed_;
     }
 
-    /// Says that the reader is about to wait in `multi`, unless there is something to read already: false
-    /// then.
-    bool beginWait(CURLM* multi) {
+    enum class Wait {
+        /// There is something to read already.
+        notNow,
+        /// The wait has to watch `wakeDescriptor()`.
+        watching,
+        /// The system has no descriptor for that now: a wait is not ended by messages, and has to be short.
+        blind,
+    };
+
+    /// Says that the reader is about to wait for sockets. It must not wait if the answer is `notNow`, and must call
+    /// `endWait()` after it otherwise.
+    Wait beginWait() {
         const std::lock_guard lock(mutex_);
-        if (!messages_.empty() || isWoken_) return false;
-        waitsIn_ = multi;
-        return true;
+        if (!messages_.empty() || isWoken_) return Wait::notNow;
+        if (!wakeDescriptor_.make()) return Wait::blind;
+        isWatched_ = true;
+        return Wait::watching;
+    }
+
+    /// For the reader only.
+    int wakeDescriptor() const noexcept { return wakeDescriptor_.descriptor(); }
+
+    void endWait() {
+        const std::lock_guard lock(mutex_);
+        isWatched_ = false;
+        if (std::exchange(isRung_, false)) wakeDescriptor_.silence();
     }
 
     /// Waits until there is something to read: cheaper than a wait in a multi handle, for a reader that has
@@ -84,16 +102,13 @@ public:
         }
     }
 
-    /// The wait is over; nobody touches the multi handle after this.
-    void endWait() {
-        const std::lock_guard lock(mutex_);
-        waitsIn_ = nullptr;
-    }
-
 private:
     // A reader that is awake looks here before it waits, so that only one that waits costs a system call.
     void wakeReader(std::unique_lock<std::mutex>& lock) {
-        if (waitsIn_ != nullptr) curl_multi_wakeup(std::exchange(waitsIn_, nullptr));
+        if (std::exchange(isWatched_, false)) {
+            isRung_ = true;
+            wakeDescriptor_.ring();
+        }
         const bool sleeps = std::exchange(waitsForMail_, false);
         lock.unlock();
         if (sleeps) bell_.ring();
@@ -102,7 +117,10 @@ private:
     std::mutex mutex_;
     Bell bell_;
     std::vector<Message> messages_;
-    CURLM* waitsIn_ = nullptr;
+    WakeDescriptor wakeDescriptor_;
+    /// Whether the reader watches the descriptor, and whether it was rung since.
+    bool isWatched_ = false;
+    bool isRung_ = false;
     bool waitsForMail_ = false;
     bool hasReader_ = false;
     bool isClosed_ = false;

@@ -17,6 +17,9 @@ namespace {
 // Idle connections that libcurl keeps open for the next request, over all hosts.
 constexpr long mostIdleConnections = 64;
 
+// How often to look for messages while the system has no descriptor through which they could end a wait.
+constexpr std::chrono::milliseconds blindInterval{20};
+
 std::size_t connectionsPerHost(const URLSessionConfiguration& configuration) {
     constexpr std::int64_t most = 1000;
     return static_cast<std::size_t>(
@@ -25,6 +28,7 @@ std::size_t connectionsPerHost(const URLSessionConfiguration& configuration) {
 
 CURLM* makeMulti(std::size_t connectionsPerHost) {
     CURLM* const multi = curl_multi_init();
+    if (multi == nullptr) return nullptr;
     curl_multi_setopt(multi, CURLMOPT_PIPELINING, CURLPIPE_MULTIPLEX);
     curl_multi_setopt(multi, CURLMOPT_MAX_HOST_CONNECTIONS, static_cast<long>(connectionsPerHost));
     curl_multi_setopt(multi, CURLMOPT_MAXCONNECTS, mostIdleConnections);
@@ -338,9 +342,16 @@ void IoLoop::wait() {
     if (pendingConnects_.update(now_)) return;
     watched_.clear();
     pendingConnects_.addTo(watched_);
-    if (!inbox_->beginWait(multi_)) return;
+    std::chrono::milliseconds limit = longestWait();
+    switch (inbox_->beginWait()) {
+        case Inbox::Wait::notNow: return;
+        case Inbox::Wait::watching:
+            watched_.push_back({.fd = inbox_->wakeDescriptor(), .events = CURL_WAIT_POLLIN, .revents = 0});
+            break;
+        case Inbox::Wait::blind: limit = std::min(limit, blindInterval); break;
+    }
     curl_multi_poll(multi_, watched_.data(), static_cast<unsigned>(watched_.size()),
-                    static_cast<int>(longestWait().count()), nullptr);
+                    static_cast<int>(limit.count()), nullptr);
     inbox_->endWait();
 }
 

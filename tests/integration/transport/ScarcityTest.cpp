@@ -1,0 +1,71 @@
+#include <VanticRestKit/platform/http/URLSession.h>
+
+#include <gtest/gtest.h>
+#include <support/Event.h>
+#include <support/FaultServer.h>
+#include <support/Loading.h>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+#include <chrono>
+#include <string>
+#include <vector>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::test;
+
+namespace {
+
+/// Leaves the process no free descriptor for the time of its life.
+class NoDescriptors {
+public:
+    NoDescriptors() {
+        getrlimit(RLIMIT_NOFILE, &before_);
+        rlimit few = before_;
+        few.rlim_cur = 256;
+        setrlimit(RLIMIT_NOFILE, &few);
+        for (int taken = dup(0); taken >= 0; taken = dup(0)) taken_.push_back(taken);
+    }
+    NoDescriptors(const NoDescriptors&) = delete;
+    NoDescriptors& operator=(const NoDescriptors&) = delete;
+    ~NoDescriptors() {
+        for (const int each : taken_) close(each);
+        setrlimit(RLIMIT_NOFILE, &before_);
+    }
+
+private:
+    rlimit before_{};
+    std::vector<int> taken_;
+};
+
+}  // namespace
+
+TEST(Scarcity, ASessionThatStartedWithoutFreeDescriptorsRecovers) {
+    const auto session = URLSession::make(URLSessionConfiguration::default_());
+    {
+        const std::string refused = "http://127.0.0.1:" + std::to_string(unusedPort()) + "/";
+        const NoDescriptors none;
+        EXPECT_FALSE(load(*session, refused).succeeded());
+    }
+    FaultServer server([](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            if (request->target == "/stall") {
+                connection.stall();
+                return;
+            }
+            connection.send(answer(200, "ok"));
+        }
+    });
+    // While this one waits for its answer, the I/O thread is in a wait that the next one has to end.
+    const Loaded stalled;
+    const auto task = session->dataTask(requestOf(server.url("/stall")), stalled.completion());
+    task->resume();
+    ASSERT_TRUE(server.waitForRequests(1));
+    const auto start = std::chrono::steady_clock::now();
+    // One or another may be helped by a timer of the transport.
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(load(*session, server.url()).body(), "ok");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
+    task->cancel();
+    EXPECT_EQ(stalled.code(), URLErrorCode::cancelled);
+}
