@@ -1,9 +1,11 @@
+#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/http/URLSession.h>
 
 #include <gtest/gtest.h>
 #include <support/Event.h>
 #include <support/FaultServer.h>
 #include <support/Loading.h>
+#include <support/NoThreads.h>
 
 #include <fcntl.h>
 #include <sys/resource.h>
@@ -68,4 +70,29 @@ TEST(Scarcity, ASessionThatStartedWithoutFreeDescriptorsRecovers) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
     task->cancel();
     EXPECT_EQ(stalled.code(), URLErrorCode::cancelled);
+}
+
+TEST(Scarcity, LoadsEndWithAnErrorIfThereAreNoThreadsForThem) {
+    FaultServer server(always(answer(200, "ok")));
+    const auto session = URLSession::make(URLSessionConfiguration::default_());
+    std::vector<Loaded> loads;
+    {
+        const NoThreads none;
+        for (int i = 0; i < 5; ++i) loads.push_back(startLoad(*session, requestOf(server.url())));
+        for (const Loaded& each : loads) EXPECT_EQ(each.code(), URLErrorCode::unknown) << each.story();
+    }
+    EXPECT_EQ(load(*session, server.url()).body(), "ok") << "the session has recovered";
+}
+
+TEST(Scarcity, BlocksRunOnThePostingThreadIfThereIsNoOther) {
+    const NoThreads none;
+    for (const DispatchQueue& queue : {DispatchQueue("pool"), DispatchQueue::withOwnThread("own")}) {
+        const Event ran;
+        queue.async([ran, queue] {
+            queue.async([ran] { ran.signal(); });
+            EXPECT_EQ(ran.count(), 0) << "one block at a time";
+            EXPECT_TRUE(queue.isCurrent());
+        });
+        EXPECT_EQ(ran.count(), 1) << queue.label();
+    }
 }
