@@ -28,6 +28,10 @@ class Queue;
 /// Blocks that were posted run also when no handle is left. A block and all that it holds are destroyed on
 /// the queue, right after it ran and before the next one starts. No destructor waits for anything.
 ///
+/// A child made by `fork` may use its copies of queues; blocks that the parent had posted run in the parent only.
+///
+/// If the system gives the process no thread for a block, it runs on the thread that posts it, inside `async`.
+///
 /// Threads of the library block all signals but those of faults. While a block runs, its thread has the signal mask of
 /// the thread that first needed it, as a thread of the caller's own would, so that a process started by a block can be
 /// ended by a signal.

@@ -56,6 +56,13 @@ private:
 /// own, never the caller's thread. A completion that takes long holds up other completions, but no transfer.
 /// A request that cannot be sent reports that there too. Any thread may call, a completion included.
 ///
+/// If the system gives no thread for the session, a load fails with `URLErrorCode::unknown`; its completion then runs
+/// on the calling thread, inside `resume()`, if there is none for the delegate queue either.
+///
+/// A session belongs to the process that made it. In a child made by `fork` its loads fail at once with
+/// `URLErrorCode::unknown`; what the parent had started goes on in the parent only. A child makes a session of its
+/// own.
+///
 /// The session's threads block all signals but those of faults, so that none of a host's handlers runs there. While
 /// completions run, their thread has the signal mask of the thread that started the session's first load: a process
 /// started in a completion inherits that one.

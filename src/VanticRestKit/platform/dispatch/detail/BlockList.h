@@ -46,6 +46,12 @@ public:
         return node;
     }
 
+    /// Forgets all blocks and never destroys them: in a child process they are copies of what the parent runs.
+    void abandon() noexcept {
+        first_ = nullptr;
+        end_ = &first_;
+    }
+
     void swap(BlockList& other) noexcept {
         std::swap(first_, other.first_);
         std::swap(end_, other.end_);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <new>
 #include <thread>
 #include <utility>
 
@@ -20,6 +21,8 @@ Pool::Pool() : limit_(std::clamp<std::size_t>(std::thread::hardware_concurrency(
 
 Pool& Pool::shared() {
     static Pool& pool = *new Pool;
+    // A child of fork has none of the threads, and begins with an empty pool in the place of the old one.
+    pool.mark_.renewInChild([] { new (&pool) Pool; });
     return pool;
 }
 
@@ -102,9 +105,25 @@ bool Pool::run(std::shared_ptr<Strand>& strand) {
 void Pool::startThread() {
     if (detail::startThread("vrk-pool", [this] { work(); })) return;
     // The system gives no more threads. Those that are there go on, and the next post tries again.
-    const std::lock_guard lock(mutex_);
-    --threads_;
-    --idle_;
+    {
+        const std::lock_guard lock(mutex_);
+        --threads_;
+        --idle_;
+    }
+    runHere();
+}
+
+void Pool::runHere() {
+    std::unique_lock lock(mutex_);
+    while (threads_ == waiting_ && canWork()) {
+        auto strand = std::move(ready_.front());
+        ready_.pop_front();
+        ++taken_;
+        lock.unlock();
+        const bool hasMore = run(strand);
+        lock.lock();
+        if (hasMore) ready_.push_back(std::move(strand));
+    }
 }
 
 void Pool::work() {

@@ -4,6 +4,7 @@
 /// `Pool`: the threads that all strands share.
 
 #include <VanticRestKit/platform/dispatch/detail/Bell.h>
+#include <VanticRestKit/platform/dispatch/detail/Fork.h>
 
 #include <atomic>
 #include <condition_variable>
@@ -67,6 +68,8 @@ private:
     /// Under the lock: whether there is work that needs one more thread, which is then counted already.
     bool wantsThread();
     void startThread();
+    /// Runs what is ready on the calling thread, as long as no thread of the pool is there to do it.
+    void runHere();
     /// Under the lock: whether the watch is needed and sleeps. It counts as awake then, and the caller has to call
     /// it without the lock.
     bool wantsWatch();
@@ -81,6 +84,7 @@ private:
     }
     bool canWork() const noexcept { return !ready_.empty() && !isPaused(); }
 
+    ForkMark mark_;
     const std::size_t limit_;
     mutable std::mutex mutex_;
     Bell bell_;

@@ -1,10 +1,19 @@
 #include <VanticRestKit/platform/dispatch/detail/Pool.h>
 #include <VanticRestKit/platform/dispatch/detail/Strand.h>
 
+#include <new>
+
 namespace VanticRestKit::detail {
 
 void Strand::add(Block block, bool isUnhurried) {
     auto node = std::make_unique<BlockNode>(std::move(block));
+    // In a child of fork, the pool that knew of this strand is gone, and a thread of it may hold the lock.
+    mark_.renewInChild([this] {
+        new (&mutex_) std::mutex;
+        blocks_.abandon();
+        isScheduled_ = false;
+        unhurried_ = 0;
+    });
     {
         const std::lock_guard lock(mutex_);
         blocks_.push(std::move(node));

@@ -4,6 +4,7 @@
 /// `Strand`: a serial queue on the shared pool.
 
 #include <VanticRestKit/platform/dispatch/detail/BlockList.h>
+#include <VanticRestKit/platform/dispatch/detail/Fork.h>
 #include <VanticRestKit/platform/dispatch/detail/Queue.h>
 
 #include <memory>
@@ -32,6 +33,7 @@ private:
     /// After so many blocks the other strands have their turn.
     static constexpr int blocksPerTurn = 32;
 
+    ForkMark mark_;
     std::mutex mutex_;
     BlockList blocks_;
     /// Whether the pool knows of this strand.

@@ -1,9 +1,11 @@
 #include <VanticRestKit/platform/dispatch/detail/Bell.h>
 #include <VanticRestKit/platform/dispatch/detail/BlockList.h>
+#include <VanticRestKit/platform/dispatch/detail/Fork.h>
 #include <VanticRestKit/platform/dispatch/detail/Thread.h>
 #include <VanticRestKit/platform/dispatch/detail/ThreadQueue.h>
 
 #include <mutex>
+#include <new>
 #include <utility>
 
 namespace VanticRestKit::detail {
@@ -12,6 +14,7 @@ class ThreadQueue::ThreadSide {
 public:
     /// Returns whether the thread has to be started.
     bool push(Block block) {
+        mark_.renewInChild([this] { renew(); });
         auto node = std::make_unique<BlockNode>(std::move(block));
         std::unique_lock lock(mutex_);
         blocks_.push(std::move(node));
@@ -20,13 +23,23 @@ public:
         return start;
     }
 
-    /// The system gave no thread; the next post tries again.
-    void notStarted() {
-        const std::lock_guard lock(mutex_);
-        isStarted_ = false;
+    /// The system gave no thread: runs what there is on the calling one. The next post tries again.
+    void runHere() {
+        const CurrentQueue scope(this);
+        for (;;) {
+            BlockList mail;
+            {
+                const std::lock_guard lock(mutex_);
+                isStarted_ = !blocks_.isEmpty();
+                if (!isStarted_) return;
+                mail.swap(blocks_);
+            }
+            while (const auto node = mail.pop()) node->block();
+        }
     }
 
     void close() {
+        if (!mark_.isCurrent()) return;
         std::unique_lock lock(mutex_);
         isClosed_ = true;
         wake(lock);
@@ -42,6 +55,14 @@ public:
     }
 
 private:
+    // The thread is not in this process, and the lock may be held by it.
+    void renew() {
+        new (&mutex_) std::mutex;
+        new (&bell_) Bell;
+        blocks_.abandon();
+        sleeps_ = isStarted_ = false;
+    }
+
     // A thread that is awake looks here before it sleeps.
     void wake(std::unique_lock<std::mutex>& lock) {
         const bool sleeps = std::exchange(sleeps_, false);
@@ -63,6 +84,7 @@ private:
         return true;
     }
 
+    ForkMark mark_;
     std::mutex mutex_;
     Bell bell_;
     BlockList blocks_;
@@ -78,7 +100,7 @@ ThreadQueue::~ThreadQueue() { side_->close(); }
 
 void ThreadQueue::post(Block block) {
     if (!side_->push(std::move(block))) return;
-    if (!startThread(label(), [side = side_] { side->run(); })) side_->notStarted();
+    if (!startThread(label(), [side = side_] { side->run(); })) side_->runHere();
 }
 
 }  // namespace VanticRestKit::detail

@@ -1,5 +1,6 @@
 #include <VanticRestKit/platform/http/curl/detail/CurlTransport.h>
 
+#include <VanticRestKit/platform/dispatch/detail/Fork.h>
 #include <VanticRestKit/platform/dispatch/detail/Thread.h>
 #include <VanticRestKit/platform/http/curl/detail/ExitGate.h>
 #include <VanticRestKit/platform/http/curl/detail/Inbox.h>
@@ -21,14 +22,22 @@ public:
           seams_(std::move(seams)),
           delegateQueue_(DispatchQueue::withOwnThread("vrk.http.deleg")) {}
 
-    ~CurlTransport() override { inbox_->close(); }
+    ~CurlTransport() override {
+        if (mark_.isCurrent()) inbox_->close();
+    }
 
     void start(std::shared_ptr<Transfer> transfer) override {
+        if (!mark_.isCurrent()) {
+            fail(std::move(transfer), "The session was made before fork; this process needs one of its own.");
+            return;
+        }
         post({Inbox::Message::Kind::start, std::move(transfer)});
     }
 
     void cancel(std::shared_ptr<Transfer> transfer) override {
         transfer->markCancelled();
+        // What the parent started is the parent's to end.
+        if (!mark_.isCurrent()) return;
         post({Inbox::Message::Kind::cancel, std::move(transfer)});
     }
 
@@ -38,6 +47,8 @@ private:
     void post(Inbox::Message message) {
         ExitGate::shared();
         if (!inbox_->post(std::move(message))) return;
+        // Its thread is started first, so that the I/O thread need not run completions for want of one.
+        delegateQueue_.async([] {});
         const bool started = startThread("vrk.http.io", [configuration = configuration_, seams = seams_,
                                                          inbox = inbox_, delegateQueue = delegateQueue_] {
             ExitGate& gate = ExitGate::shared();
@@ -51,14 +62,18 @@ private:
     void failAll(std::vector<Inbox::Message> messages) {
         for (Inbox::Message& message : messages) {
             if (message.kind != Inbox::Message::Kind::start) continue;
-            delegateQueue_.async([transfer = std::move(message.transfer)] {
-                const TransportFault fault{URLErrorCode::unknown,
-                                           "The system has no thread for the transport."};
-                transfer->complete({.error = makeURLError(fault, transfer->request().url())});
-            });
+            fail(std::move(message.transfer), "The system has no thread for the transport.");
         }
     }
 
+    void fail(std::shared_ptr<Transfer> transfer, const char* reason) {
+        delegateQueue_.async([transfer = std::move(transfer), reason] {
+            const TransportFault fault{URLErrorCode::unknown, reason};
+            transfer->complete({.error = makeURLError(fault, transfer->request().url())});
+        });
+    }
+
+    const ForkMark mark_{};
     const URLSessionConfiguration configuration_;
     const TransportSeams seams_;
     const DispatchQueue delegateQueue_;

@@ -1,22 +1,12 @@
 #include <VanticRestKit/platform/http/curl/detail/ExitGate.h>
 
 #include <curl/curl.h>
-#include <unistd.h>
 #include <chrono>
 #include <cstdlib>
+#include <new>
 #include <utility>
 
 namespace VanticRestKit::detail {
-
-namespace {
-
-// Which process the gate belongs to: a child made by fork has none of its threads.
-pid_t owner() {
-    static const pid_t process = getpid();
-    return process;
-}
-
-}  // namespace
 
 ExitGate& ExitGate::shared() {
     static ExitGate& gate = *new ExitGate;
@@ -24,14 +14,23 @@ ExitGate& ExitGate::shared() {
 }
 
 ExitGate::ExitGate() {
-    owner();
     // What libcurl and its TLS library register for the end of the process must be registered first, because
     // the last one registered runs first.
     curl_global_init(CURL_GLOBAL_DEFAULT);
     std::atexit(&ExitGate::close);
 }
 
+// In place: the parent's threads are not here, and one of them may hold the lock. Its map is never destroyed.
+void ExitGate::renew() {
+    new (&mutex_) std::mutex;
+    new (&stayed_) std::condition_variable;
+    new (&never_) std::condition_variable;
+    new (&inside_) std::map<const void*, Block>;
+    staying_ = 0;
+}
+
 void ExitGate::enter(const void* who, Block wake) {
+    mark_.renewInChild([this] { renew(); });
     {
         const std::lock_guard lock(mutex_);
         if (!isClosed_.load(std::memory_order_relaxed)) {
@@ -63,8 +62,9 @@ void ExitGate::stay() {
 
 void ExitGate::close() {
     constexpr std::chrono::seconds longestWait{2};
-    if (owner() != getpid()) return;
     ExitGate& gate = shared();
+    // A child made by fork has none of the threads.
+    if (!gate.mark_.isCurrent()) return;
     std::unique_lock lock(gate.mutex_);
     gate.isClosed_.store(true, std::memory_order_release);
     for (auto& [who, wake] : gate.inside_) wake();

@@ -3,6 +3,7 @@
 /// \file
 /// `ExitGate`: stops the I/O threads before the process takes libcurl and its TLS library away.
 
+#include <VanticRestKit/platform/dispatch/detail/Fork.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 
 #include <atomic>
@@ -35,7 +36,9 @@ private:
     ExitGate();
     static void close();
     [[noreturn]] void stay();
+    void renew();
 
+    ForkMark mark_;
     std::atomic<bool> isClosed_ = false;
     std::mutex mutex_;
     std::condition_variable stayed_;
