@@ -130,6 +130,48 @@ TEST(TheStructureOfADocument, SpellsItsWordsInFull) {
     }
 }
 
+/// Documents that hold a string wherever one may stand: read or not, as a value, an element or a key.
+Texts documentsWith(const std::string& string) {
+    return {"{\"title\":" + string + "}",
+            "{\"title\":\"t\",\"links\":{\"self\":" + string + "}}",
+            "{\"title\":\"t\",\"tags\":[" + string + "]}",
+            "{\"title\":\"t\",\"price\":" + string + ",\"isNew\":true}",
+            "{\"title\":\"t\",\"x\":" + string + "}",
+            "{\"x\":" + string + ",\"title\":\"t\"}",
+            "{\"title\":\"t\",\"x\":[{\"y\":" + string + "}]}",
+            "{\"title\":\"t\"," + string + ":1}",
+            "{\"title\":\"t\",\"links\":{" + string + ":1}}",
+            "{\"title\":\"t\",\"x\":{" + string + ":1}}",
+            "{\"title\":\"t\",\"bonus\":[{\"title\":" + string + "}]}"};
+}
+
+TEST(TheStructureOfADocument, BreaksAtAQuoteInAUnicodeEscape) {
+    for (const std::size_t letters : {0U, 7U, 13U, 26U, 27U, 28U, 31U, 60U}) {
+        for (std::size_t digits = 0; digits < 4; ++digits) {
+            std::string escape = "\\uabcd";
+            escape[2 + digits] = '"';
+            // The string would end in any way of reading on: by the quote in the escape, and by the last one.
+            for (const char* const rest : {"", "\"", "ab\"", ",\"ab\"", ":\"\\ud83d\\ude00\""}) {
+                const std::string string = '"' + std::string(letters, 'a') + escape + rest;
+                EXPECT_EQ(failureOf<Texts>('[' + string + ']'), broken) << string;
+                for (const std::string& json : documentsWith(string)) {
+                    EXPECT_EQ(failureOf<Album>(json), broken) << json;
+                }
+            }
+        }
+    }
+    EXPECT_EQ(failureOf<Album>(R"({"a":"\ud83d\ude:"\ud83d\ude00","title":"t"})"), broken);
+}
+
+TEST(TheStructureOfADocument, TakesFourBytesOfAnyOtherKindAfterAUnicodeEscapeUnread) {
+    for (const char* const bytes :
+         {"zzzz", "\\\\\\\\", "12\\u", "    ", "\n\n\n\n", "{}[]", "\xff\xff\xff\xff"}) {
+        const std::string string = "\"\\u" + std::string(bytes) + '"';
+        EXPECT_EQ(failureOf<Album>("{\"title\":\"t\",\"x\":" + string + "}"), "") << string;
+        EXPECT_EQ(failureOf<Album>("{\"title\":" + string + "}"), "dataCorrupted [\"title\"]") << string;
+    }
+}
+
 TEST(TheStructureOfADocument, IsJudgedWhereNobodyReadsToo) {
     for (const char* const value : {"[1 2]",
                                     "[1:2]",

@@ -67,9 +67,12 @@ StringToken scanUnusualString(const char* inside, const char* at, const char* en
     while (at < end && *at != '"') {
         if (*at != '\\') {
             ++at;
+        } else if (at[1] != 'u') {
+            at += 2;  // a backslash hides the next byte
         } else {
-            // A backslash hides the byte behind it, and `\u` the four behind that, whatever they are.
-            at += at[1] == 'u' ? 6 : 2;
+            // `\u` takes the next four bytes, whatever they are, but a quote among them is a structural fault.
+            if (std::memchr(at + 2, '"', 4) != nullptr) return {inside, nullptr, false};
+            at += 6;
         }
     }
     return {inside, at < end ? at : nullptr, false};

@@ -33,8 +33,9 @@ const char* documentStart(const char* begin, const char* end) noexcept;
 /// A string token: its inside, and whether it holds something that must be looked at before it is a text.
 struct StringToken {
     const char* inside;  ///< The first byte behind the opening quote.
-    const char* close;   ///< The closing quote; null where there is none before the end of the document.
-    bool isPlain;        ///< Only printable ASCII and no escapes: the inside is the text.
+    const char*
+        close;  ///< The closing quote; null if the string is broken: it has none, or a quote in a `\u` escape.
+    bool isPlain;  ///< Only printable ASCII and no escapes: the inside is the text.
 };
 
 namespace scan {
