@@ -155,7 +155,7 @@ void readInto(ShowsGrouped& group, S& value) {
     PeerTableOf<ShowsGrouped, S>::get().fill(group, value);
     group.showSummaries.reserve(group.shows.size());
     for (const Show& show : group.shows) {
-        ShowSummary& summary = group.showSummaries.emplace_back(mapping::fresh<ShowSummary>());
+        ShowSummary& summary = group.showSummaries.emplace_back(mapping::detail::fresh<ShowSummary>());
         summary.id = detail::zeroFractionFormat(show.showId.value());
         summary.title = show.title.value();
         summary.displayTitle = show.displayTitle.value();

@@ -103,7 +103,7 @@ void readInto(std::optional<Date>& field, S& value) {
 template <class T, class S>
 void readInto(std::vector<T>& list, S& value) {
     value.elements([&](S element) {
-        list.push_back(mapping::fresh<T>());
+        list.push_back(mapping::detail::fresh<T>());
         readInto(list.back(), element);
     });
 }

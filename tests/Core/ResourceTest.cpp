@@ -4,6 +4,7 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/platform/dispatch/detail/Probes.h>
 #include <VanticRestKit/platform/json/DecodingError.h>
+#include <VanticRestKit/platform/json/Table.h>
 
 #include <Core/ActivityCounter.h>
 #include <Core/FakeContext.h>
@@ -20,6 +21,22 @@ struct PostURI {
     std::optional<Data> postData = Data("{}");
     std::string httpMethod = "POST";
 };
+
+/// Only decoding makes one.
+struct Answer {
+    explicit Answer(mapping::Fresh) {}
+    std::string text{};
+};
+
+}  // namespace
+
+template <>
+const TypePlan& planOf<Answer>() {
+    static const TypePlan& plan = mapping::object<Answer>(mapping::defaulted<&Answer::text>("text"));
+    return plan;
+}
+
+namespace {
 
 /// Resources over a fake session. Filled on the session's queue; `reply` waits for it.
 class ResourceTest : public ::testing::Test {
@@ -447,6 +464,16 @@ TEST_F(ResourceTest, ThePublisherOfAnOptionalGivesOneAbsentValueForEveryFailure)
         EXPECT_EQ(values, std::vector<std::optional<double>>{std::nullopt});
         EXPECT_EQ(ends, 1);
     }
+}
+
+TEST_F(ResourceTest, ThePublisherOfAnOptionalGivesAnAbsentValueForNullAlsoOfATypeThatOnlyDecodingMakes) {
+    const auto resource = Resource<Answer>::make({.with = PostURI{}}, context);
+    ASSERT_TRUE(resource);
+    std::vector<bool> values;
+    const Cancellable subscription = resource->optionalResourceLoader().sink(
+        [&values](const std::optional<Answer>& value) { values.push_back(value.has_value()); });
+    context.session->reply(test::answer(200, "null"));
+    EXPECT_EQ(values, std::vector<bool>{false});
 }
 
 TEST_F(ResourceTest, ThePublisherOfAnOptionalGivesAValueThatIsThere) {

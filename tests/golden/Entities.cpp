@@ -25,33 +25,42 @@
 
 namespace VanticRestKit::test {
 
+namespace {
+
+template <class T>
+NamedType named(std::string_view name) {
+    return {name, decodable<T>, decodable<std::optional<T>>, decodable<std::vector<std::optional<T>>>};
+}
+
+}  // namespace
+
 const std::vector<NamedType>& rootEntities() {
     static const auto& types = *new std::vector<NamedType>{
-        {"Video", decodable<Video>},
-        {"VideoList", decodable<VideoList>},
-        {"ImageList", decodable<std::vector<Image>>},
-        {"Time", decodable<double>},
-        {"Show", decodable<Show>},
-        {"ShowList", decodable<std::vector<Show>>},
-        {"Series", decodable<Series>},
-        {"ShowsIndex", decodable<ShowsIndex>},
-        {"RelatedShowList", decodable<RelatedShowList>},
-        {"SearchResults", decodable<SearchResults>},
-        {"MixedCollection", decodable<MixedCollection>},
-        {"Category", decodable<Category>},
-        {"NavigationList", decodable<NavigationList>},
-        {"NavigationMainMenuList", decodable<NavigationMainMenuList>},
-        {"BrowseList", decodable<BrowseList>},
-        {"NowNext", decodable<NowNext>},
-        {"MessageList", decodable<std::vector<Message>>},
-        {"ProductAlert", decodable<ProductAlert>},
-        {"Remap", decodable<Remap>},
-        {"TokenResponse", decodable<TokenResponse>},
-        {"DatasetResponse", decodable<DatasetResponse>},
-        {"HistoryResponse", decodable<HistoryResponse>},
-        {"SavedResponse", decodable<SavedResponse>},
-        {"KAVROSegmentsModel", decodable<KAVROSegmentsModel>},
-        {"RecommendationModule", decodable<RecommendationModule>},
+        named<Video>("Video"),
+        named<VideoList>("VideoList"),
+        named<std::vector<Image>>("ImageList"),
+        named<double>("Time"),
+        named<Show>("Show"),
+        named<std::vector<Show>>("ShowList"),
+        named<Series>("Series"),
+        named<ShowsIndex>("ShowsIndex"),
+        named<RelatedShowList>("RelatedShowList"),
+        named<SearchResults>("SearchResults"),
+        named<MixedCollection>("MixedCollection"),
+        named<Category>("Category"),
+        named<NavigationList>("NavigationList"),
+        named<NavigationMainMenuList>("NavigationMainMenuList"),
+        named<BrowseList>("BrowseList"),
+        named<NowNext>("NowNext"),
+        named<std::vector<Message>>("MessageList"),
+        named<ProductAlert>("ProductAlert"),
+        named<Remap>("Remap"),
+        named<TokenResponse>("TokenResponse"),
+        named<DatasetResponse>("DatasetResponse"),
+        named<HistoryResponse>("HistoryResponse"),
+        named<SavedResponse>("SavedResponse"),
+        named<KAVROSegmentsModel>("KAVROSegmentsModel"),
+        named<RecommendationModule>("RecommendationModule"),
     };
     return types;
 }

@@ -13,6 +13,9 @@ struct NamedType {
     /// As golden documents are named after it: a list of images is an "ImageList".
     std::string_view name;
     DecodableType type;
+    /// The same type as a `std::optional`, and the list of that.
+    DecodableType optional;
+    DecodableType optionals;
 };
 
 /// All of them. New ones go to the end: inputs of the fuzzer name a type by its place.

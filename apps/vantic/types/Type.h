@@ -25,7 +25,7 @@ template <class T>
 Type type(std::string name) {
     return {std::move(name), []() -> const VanticRestKit::TypePlan& { return VanticRestKit::planOf<T>(); },
             [] {
-                return Type::Value(new T(VanticRestKit::mapping::fresh<T>()),
+                return Type::Value(new T(VanticRestKit::mapping::detail::fresh<T>()),
                                    [](void* value) { delete static_cast<T*>(value); });
             }};
 }

@@ -30,7 +30,7 @@ static_assert(Decodable<Show> && !Decodable<ShowSummary> && !Decodable<std::vect
 ShowSummary summaryOf(const Show& show) {
     Result<ShowSummary, lumenoSDKError> summary = ShowSummary::make({.fromShow = show});
     EXPECT_TRUE(summary);
-    return summary ? std::move(summary).value() : mapping::fresh<ShowSummary>();
+    return summary ? std::move(summary).value() : mapping::detail::fresh<ShowSummary>();
 }
 
 ShowSummary summaryAt(const char* href) {

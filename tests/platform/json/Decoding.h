@@ -24,7 +24,7 @@ inline constexpr DecodableType decodable = {
     .plan = []() -> const TypePlan& { return planOf<T>(); },
     .make =
         [] {
-            return std::shared_ptr<void>(new T(mapping::fresh<T>()),
+            return std::shared_ptr<void>(new T(mapping::detail::fresh<T>()),
                                          [](void* value) { delete static_cast<T*>(value); });
         },
 };

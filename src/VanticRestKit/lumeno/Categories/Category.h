@@ -33,7 +33,7 @@ struct Category {
     /// What `Endpoint::ProductAlert` fetches the alert of the screen by.
     std::optional<std::string> alertId{};
     /// Not one of `collections`.
-    MixedCollection featuredCollection = mapping::fresh<MixedCollection>();
+    MixedCollection featuredCollection = mapping::detail::fresh<MixedCollection>();
     std::vector<MixedCollection> collections{};
 
     friend bool operator==(const Category&, const Category&) = default;

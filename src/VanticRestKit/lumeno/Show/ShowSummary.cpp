@@ -28,7 +28,7 @@ const TypePlan& planOf<ShowSummary>() {
 
 std::optional<ShowSummary> detail::summaryOf(const Show& show) {
     if (!show.showId || !show.updated || !show.thumbnail || !show.selfHref) return std::nullopt;
-    ShowSummary summary = mapping::fresh<ShowSummary>();
+    ShowSummary summary = mapping::detail::fresh<ShowSummary>();
     summary.id = detail::zeroFractionFormat(*show.showId);
     summary.title = show.title.value_or("_");
     summary.displayTitle = show.displayTitle.value_or("_");

@@ -50,7 +50,7 @@ VRK_EXPORT Diagnosis diagnose(const Data& document, const TypePlan& plan, void* 
 /// Decodes a T and tells of every fault.
 template <class T>
 Diagnosis diagnose(const Data& document) {
-    T value = mapping::fresh<T>();
+    T value = mapping::detail::fresh<T>();
     return diagnose(document, planOf<T>(), &value);
 }
 

@@ -101,13 +101,13 @@ inline constexpr FieldOps fieldOps = {
             return field;
         } else if constexpr (std::is_default_constructible_v<ValueIn<Field>>) {
             return &static_cast<Field*>(field)->emplace();
-        } else if constexpr (std::is_constructible_v<ValueIn<Field>, Fresh>) {
-            return &static_cast<Field*>(field)->emplace(fresh<ValueIn<Field>>());
+        } else if constexpr (isMadeByDecoding<ValueIn<Field>>) {
+            return &static_cast<Field*>(field)->emplace(detail::fresh<ValueIn<Field>>());
         } else {
             return nullptr;  // the value is made by what the row reads, and moved in
         }
     },
-    .reset = [](void* field) { *static_cast<Field*>(field) = fresh<Field>(); },
+    .reset = [](void* field) { *static_cast<Field*>(field) = detail::fresh<Field>(); },
     .copy = [](void* field,
                const void* from) { *static_cast<Field*>(field) = *static_cast<const Field*>(from); },
     .peek = [](const void* field) -> const void* {

@@ -9,24 +9,43 @@
 
 namespace VanticRestKit::mapping {
 
-/// What only decoding has. A type that comes from decoding alone takes one in its one constructor, so that nobody
-/// else can make an empty value of it.
+class Fresh;
+
+namespace detail {
+
+/// A value with the defaults of its type. For the library alone: decoding starts from one.
+template <class T>
+constexpr T fresh();
+
+}  // namespace detail
+
+/// The key to the constructor of a type that only decoding makes: no one else has one, so no one else can make an
+/// empty value of that type.
 class Fresh {
     constexpr Fresh() = default;
 
     template <class T>
-    friend constexpr T fresh();
+    friend constexpr T detail::fresh();
 };
 
-/// A value with the defaults of its type.
+/// Whether only decoding makes values of the type. A type that has defaults starts with those, also if it could be
+/// made from a `Fresh` through a type that it holds, as a `std::optional` could.
+template <class T>
+inline constexpr bool isMadeByDecoding =
+    std::is_constructible_v<T, Fresh> && !std::is_default_constructible_v<T>;
+
+namespace detail {
+
 template <class T>
 constexpr T fresh() {
-    if constexpr (std::is_constructible_v<T, Fresh>) {
+    if constexpr (isMadeByDecoding<T>) {
         return T(Fresh());
     } else {
         return T{};
     }
 }
+
+}  // namespace detail
 
 /// Whether a type is made from other values alone: it has a plan to be looked at by, and is never decoded.
 template <class T>

@@ -28,9 +28,9 @@ public:
     template <class T>
     requires(!mapping::isOnlyShown<T>) Result<T, Error> decode(const Data& document)
     const {
-        T value = mapping::fresh<T>();
+        T value = mapping::detail::fresh<T>();
         if (decode(document, planOf<T>(), &value)) return value;
-        T second = mapping::fresh<T>();
+        T second = mapping::detail::fresh<T>();
         std::optional<Error> error = whyNot(document, planOf<T>(), &second);
         if (error) return Failure(*std::move(error));
         return second;

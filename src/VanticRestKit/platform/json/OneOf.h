@@ -57,7 +57,7 @@ void keepIn(void* made, void* field) {
 template <class Field, class Entity>
 inline constexpr Candidate candidate = {
     .type = &planLater<Entity>,
-    .make = []() -> void* { return new Entity(fresh<Entity>()); },
+    .make = []() -> void* { return new Entity(detail::fresh<Entity>()); },
     .drop = [](void* made) { delete static_cast<Entity*>(made); },
     .keep = &keepIn<Field, Entity>,
 };

@@ -97,7 +97,7 @@ void* appendTo(void* list, std::size_t bytesRead, std::size_t bytesLeft) {
     if constexpr (std::is_default_constructible_v<T>) {
         return &items.emplace_back();
     } else {
-        return &items.emplace_back(fresh<T>());
+        return &items.emplace_back(detail::fresh<T>());
     }
 }
 

@@ -180,13 +180,13 @@ constexpr Rows<1> unread(std::string_view key) {
 template <class E, std::size_t... Ns>
 const TypePlan& object(const Rows<Ns>&... rows) {
     const auto all = detail::joined(rows...);
-    return makeObjectPlan(typeName<E>(), all, new E(fresh<E>()));
+    return makeObjectPlan(typeName<E>(), all, new E(detail::fresh<E>()));
 }
 
 /// The table of a type that any JSON object decodes into.
 template <class E>
 const TypePlan& object() {
-    return makeObjectPlan(typeName<E>(), {}, new E(fresh<E>()));
+    return makeObjectPlan(typeName<E>(), {}, new E(detail::fresh<E>()));
 }
 
 /// Reader: a text that must be the raw text of a case.
