@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/FailableCodable.h>
 #include <VanticRestKit/platform/json/DecodingError.h>
+#include <VanticRestKit/platform/json/JSONDecoder.h>
 #include <VanticRestKit/platform/json/Table.h>
 
 #include <cstdint>

@@ -19,9 +19,9 @@ struct Document {
 
 template <>
 const VanticRestKit::TypePlan& VanticRestKit::planOf<vantic::Document>() {
-    static const TypePlan plan{.kind = mapping::ValueKind::attempted,
+    static const TypePlan plan{.kind = mapping::ValueKind::verbatim,
                                .name = "Document",
-                               .attempt = [](std::string_view json, void* value) {
+                               .fromJSON = [](std::string_view json, void* value) {
                                    static_cast<vantic::Document*>(value)->json = Data(json);
                                }};
     return plan;

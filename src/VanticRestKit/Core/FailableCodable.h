@@ -3,21 +3,19 @@
 /// \file
 /// `FailableCodable`: a value, or nothing where it did not decode.
 
-#include <VanticRestKit/platform/data/Data.h>
-#include <VanticRestKit/platform/error/Error.h>
-#include <VanticRestKit/platform/json/JSONDecoder.h>
+#include <VanticRestKit/platform/json/FieldAccess.h>
+#include <VanticRestKit/platform/json/PlanOf.h>
 #include <VanticRestKit/platform/json/TypePlan.h>
-#include <VanticRestKit/platform/result/Result.h>
 
 #include <optional>
-#include <string_view>
-#include <utility>
 
 namespace VanticRestKit {
 
 /// Decodes any JSON value: into a T where that succeeds, into nothing where it does not. What was wrong is
 /// lost. `std::vector<FailableCodable<T>>` reads a list of which some elements may be malformed or unknown;
 /// each element keeps its place. For decoding only.
+///
+/// A type may hold itself through a list of `FailableCodable`. A document is read once, however deep its attempts lie.
 template <class T>
 struct FailableCodable {
     /// Empty where the value did not decode.
@@ -33,18 +31,19 @@ struct BuiltIn<FailableCodable<T>> {
     static const TypePlan& plan() {
         static const TypePlan& plan = *new TypePlan{.kind = ValueKind::attempted,
                                                     .name = planOf<T>().name,
-                                                    .attempt = &attempt,
                                                     .wrapped = &planOf<T>(),
+                                                    .wrap = &wrap,
+                                                    .forget = &forget,
                                                     .peek = &peek};
         return plan;
     }
 
 private:
-    static void attempt(std::string_view json, void* value) {
-        Result<T, Error> decoded = JSONDecoder().decode<T>(Data(json));
-        auto& failable = *static_cast<FailableCodable<T>*>(value);
-        if (decoded) failable.wrappedValue = std::move(decoded).value();
+    static void* wrap(void* value) {
+        return fieldOps<std::optional<T>>.open(&static_cast<FailableCodable<T>*>(value)->wrappedValue);
     }
+
+    static void forget(void* value) { static_cast<FailableCodable<T>*>(value)->wrappedValue.reset(); }
 
     static const void* peek(const void* value) {
         const auto& failable = *static_cast<const FailableCodable<T>*>(value);

@@ -25,15 +25,16 @@ std::string failureText(const Error& error) {
 
 }  // namespace
 
-Outcome decodeByBoth(const DecodableType& type, const Data& document) {
+Outcome decodeByBoth(const DecodableType& type, const Data& document, std::uint64_t memoryBudget) {
     const TypePlan& plan = type.plan();
     const std::shared_ptr<void> fast = type.make();
-    const bool fastDecoded = json::FastEngine(document).decode(plan, fast.get());
+    json::FastEngine fastEngine(document, memoryBudget);
+    const bool fastDecoded = fastEngine.decode(plan, fast.get());
 
     const std::shared_ptr<void> slow = type.make();
     using json::DiagnosingEngine;
-    const Diagnosis everything =
-        DiagnosingEngine(document, DiagnosingEngine::Report::everything).run(plan, slow.get());
+    DiagnosingEngine slowEngine(document, DiagnosingEngine::Report::everything, memoryBudget);
+    const Diagnosis everything = slowEngine.run(plan, slow.get());
 
     Outcome outcome;
     outcome.path = pathText(everything.path);
@@ -44,7 +45,7 @@ Outcome decodeByBoth(const DecodableType& type, const Data& document) {
         }
         const std::shared_ptr<void> again = type.make();
         const Diagnosis error =
-            DiagnosingEngine(document, DiagnosingEngine::Report::error).run(plan, again.get());
+            DiagnosingEngine(document, DiagnosingEngine::Report::error, memoryBudget).run(plan, again.get());
         if (!error.error || failureText(*error.error) != outcome.failure) {
             outcome.difference = "the failure depends on what is reported";
         }
@@ -57,6 +58,11 @@ Outcome decodeByBoth(const DecodableType& type, const Data& document) {
     } else if (fastDecoded) {
         const std::string value = valueText(plan, fast.get(), ValueLayout::compact);
         if (value != outcome.value) outcome.difference = value + " is not " + outcome.value;
+        outcome.memory = fastEngine.memoryUsed();
+        if (outcome.memory != slowEngine.memoryUsed()) {
+            outcome.difference = "the fast engine counts " + std::to_string(outcome.memory) +
+                                 " bytes, the diagnosing engine " + std::to_string(slowEngine.memoryUsed());
+        }
     }
     return outcome;
 }

@@ -5,9 +5,11 @@
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/json/Fresh.h>
+#include <VanticRestKit/platform/json/JSONDecoder.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
 #include <VanticRestKit/platform/json/TypePlan.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -39,9 +41,12 @@ struct Outcome {
     std::string path;
     /// How the engines differ; "" where they do not.
     std::string difference;
+    /// What the value takes of the memory budget.
+    std::uint64_t memory = 0;
 };
 
 /// Decodes a document with both engines.
-Outcome decodeByBoth(const DecodableType& type, const Data& document);
+Outcome decodeByBoth(const DecodableType& type, const Data& document,
+                     std::uint64_t memoryBudget = JSONDecoder::defaultMemoryBudget);
 
 }  // namespace VanticRestKit::test

@@ -48,10 +48,10 @@ struct Alike {
     std::optional<std::string> third{};
 };
 
-const std::string key29(29, 'a');
-const std::string key30(30, 'b');
-const std::string key31(31, 'c');
-const std::string key64(64, 'd');
+constexpr std::string_view key29 = "aaaaaaaaaaaaaaaaaaaaaaaaaaaaa";
+constexpr std::string_view key30 = "bbbbbbbbbbbbbbbbbbbbbbbbbbbbbb";
+constexpr std::string_view key31 = "ccccccccccccccccccccccccccccccc";
+constexpr std::string_view key64 = "dddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddddd";
 
 }  // namespace
 
@@ -177,12 +177,13 @@ TEST(AKey, MatchesInFullOnly) {
 
 TEST(AKey, MayBeOfAnyLength) {
     EXPECT_EQ(
-        shown<Lengths>("{\"\":\"0\",\"" + key29 + "\":\"29\",\"" + key30 + "\":\"30\",\"" + key31 +
-                       "\":\"31\",\"" + key64 + "\":\"64\"}"),
+        shown<Lengths>("{\"\":\"0\",\"" + std::string(key29) + "\":\"29\",\"" + std::string(key30) +
+                       "\":\"30\",\"" + std::string(key31) + "\":\"31\",\"" + std::string(key64) +
+                       "\":\"64\"}"),
         R"({"empty":"0","of29":"29","of30":"30","of31":"31","of64":"64","quoted":null,"slashed":null,"high":null})");
     EXPECT_EQ(
-        shown<Lengths>("{\"" + key29.substr(1) + "\":\"28\",\"" + key30 + "b\":\"31\",\"" + key64.substr(1) +
-                       "\":\"63\"}"),
+        shown<Lengths>("{\"" + std::string(key29.substr(1)) + "\":\"28\",\"" + std::string(key30) +
+                       "b\":\"31\",\"" + std::string(key64.substr(1)) + "\":\"63\"}"),
         R"({"empty":null,"of29":null,"of30":null,"of31":null,"of64":null,"quoted":null,"slashed":null,"high":null})");
 }
 

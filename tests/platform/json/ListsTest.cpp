@@ -127,7 +127,8 @@ using test::shown;
 template <class T>
 std::size_t roomFor(const std::string& json) {
     std::vector<T> list;
-    EXPECT_TRUE(json::FastEngine(Data(json)).decode(planOf<std::vector<T>>(), &list));
+    EXPECT_TRUE(json::FastEngine(Data(json), JSONDecoder::defaultMemoryBudget)
+                    .decode(planOf<std::vector<T>>(), &list));
     return list.capacity();
 }
 
@@ -166,7 +167,8 @@ TEST(AList, TakesHardlyMoreRoomThanItsElementsWhateverLiesBehindIt) {
         list.back() = ']';
         const std::string json = "[" + list + "," + std::string(100'000, ' ') + "[]]";
         std::vector<std::vector<std::vector<std::string>>> lists;
-        ASSERT_TRUE(json::FastEngine(Data(json)).decode(planOf<decltype(lists)>(), &lists));
+        ASSERT_TRUE(json::FastEngine(Data(json), JSONDecoder::defaultMemoryBudget)
+                        .decode(planOf<decltype(lists)>(), &lists));
         ASSERT_EQ(lists.at(0).size(), count);
         for (const auto& inner : lists.at(0)) EXPECT_LE(inner.capacity(), 2U);
     }

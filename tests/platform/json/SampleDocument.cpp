@@ -42,6 +42,7 @@ public:
             case ValueKind::choice: return of(type.choice->candidates.front().type());
             case ValueKind::dictionary: return R"({"a":1,"b":"x","c":true,"d":1.5,"e":null})";
             case ValueKind::anything: return R"({"a":[1]})";
+            case ValueKind::verbatim: return "{}";
             case ValueKind::attempted:
             case ValueKind::nullable: return of(*type.wrapped);
         }

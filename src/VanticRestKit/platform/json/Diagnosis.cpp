@@ -1,11 +1,14 @@
 #include <VanticRestKit/platform/json/Diagnosis.h>
 
 #include <VanticRestKit/platform/json/detail/DiagnosingEngine.h>
+#include <VanticRestKit/platform/json/JSONDecoder.h>
 
 namespace VanticRestKit {
 
 Diagnosis diagnose(const Data& document, const TypePlan& plan, void* value) {
-    return json::DiagnosingEngine(document, json::DiagnosingEngine::Report::everything).run(plan, value);
+    using json::DiagnosingEngine;
+    return DiagnosingEngine(document, DiagnosingEngine::Report::everything, JSONDecoder::defaultMemoryBudget)
+        .run(plan, value);
 }
 
 const char* nameOf(Presence presence) noexcept {

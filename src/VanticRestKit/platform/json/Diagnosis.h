@@ -44,7 +44,7 @@ struct Diagnosis {
     CodingPath path;
 };
 
-/// Decodes into `value`, a fresh value of the plan's type, slowly and in decode order.
+/// Decodes into `value`, a fresh value of the plan's type, slowly and in decode order, with the default memory budget.
 VRK_EXPORT Diagnosis diagnose(const Data& document, const TypePlan& plan, void* value);
 
 /// Decodes a T and tells of every fault.

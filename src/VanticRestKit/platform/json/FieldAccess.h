@@ -82,10 +82,10 @@ constexpr std::string_view typeName() {
     return name.starts_with(library) ? name.substr(library.size()) : name;
 }
 
-/// Where a field lies in its entity.
-template <auto Member>
+/// Where a field lies in its entity. `E` is the entity: GCC takes functions that differ only in a member of an unnamed
+/// namespace for one and the same in all sources, and such types of one name need not have the same fields.
+template <class E, auto Member>
 std::size_t offsetOf() {
-    using E = EntityOf<Member>;
     // A field's offset is the same in every entity, so raw storage for one will do to measure it.
     alignas(E) static std::byte storage[sizeof(E)];
     const auto* const entity = reinterpret_cast<const E*>(storage);
@@ -108,8 +108,15 @@ inline constexpr FieldOps fieldOps = {
         }
     },
     .reset = [](void* field) { *static_cast<Field*>(field) = detail::fresh<Field>(); },
-    .copy = [](void* field,
-               const void* from) { *static_cast<Field*>(field) = *static_cast<const Field*>(from); },
+    .copy =
+        [](void* field, const void* from) {
+            if constexpr (isList<Field>) {
+                // An assignment would keep the memory of the elements.
+                Field(*static_cast<const Field*>(from)).swap(*static_cast<Field*>(field));
+            } else {
+                *static_cast<Field*>(field) = *static_cast<const Field*>(from);
+            }
+        },
     .peek = [](const void* field) -> const void* {
         if constexpr (isOptional<Field>) {
             const Field& holder = *static_cast<const Field*>(field);

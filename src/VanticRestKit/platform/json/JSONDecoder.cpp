@@ -8,11 +8,12 @@ namespace VanticRestKit {
 
 bool JSONDecoder::decode(const Data& document, const TypePlan& plan, void* value) const {
     const detail::DeviceZoneHold zone;
-    return json::FastEngine(document).decode(plan, value);
+    return json::FastEngine(document, memoryBudget_).decode(plan, value);
 }
 
-std::optional<Error> JSONDecoder::whyNot(const Data& document, const TypePlan& plan, void* value) {
-    return json::DiagnosingEngine(document, json::DiagnosingEngine::Report::error).run(plan, value).error;
+std::optional<Error> JSONDecoder::whyNot(const Data& document, const TypePlan& plan, void* value) const {
+    using json::DiagnosingEngine;
+    return DiagnosingEngine(document, DiagnosingEngine::Report::error, memoryBudget_).run(plan, value).error;
 }
 
 }  // namespace VanticRestKit

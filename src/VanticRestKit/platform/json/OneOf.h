@@ -57,6 +57,8 @@ void keepIn(void* made, void* field) {
 template <class Field, class Entity>
 inline constexpr Candidate candidate = {
     .type = &planLater<Entity>,
+    // A list of choices that is full doubles.
+    .size = sizeof(Entity) + (isOptional<Field> ? 0 : 2 * sizeof(typename Field::value_type)),
     .make = []() -> void* { return new Entity(detail::fresh<Entity>()); },
     .drop = [](void* made) { delete static_cast<Entity*>(made); },
     .keep = &keepIn<Field, Entity>,

@@ -89,15 +89,27 @@ constexpr auto caseNameOf() -> std::string_view (*)(const void*) {
 }
 
 template <class T>
-void* appendTo(void* list, std::size_t bytesRead, std::size_t bytesLeft) {
+void* appendTo(void* list, std::size_t bytesRead, std::size_t bytesLeft, MemoryBudget& memory) {
     auto& items = *static_cast<std::vector<T>*>(list);
     if (items.size() == items.capacity()) {
-        items.reserve(grownCapacity(items.size(), sizeof(T), bytesRead, bytesLeft));
+        const std::size_t capacity = grownCapacity(items.size(), sizeof(T), bytesRead, bytesLeft);
+        if (!memory.take(std::uint64_t{capacity - items.capacity()} * sizeof(T))) return nullptr;
+        items.reserve(capacity);
     }
     if constexpr (std::is_default_constructible_v<T>) {
         return &items.emplace_back();
     } else {
         return &items.emplace_back(detail::fresh<T>());
+    }
+}
+
+/// The name of an element of a list: an optional one is a "Link?".
+template <class T>
+std::string elementName() {
+    if constexpr (isOptional<T>) {
+        return elementName<ValueIn<T>>() + '?';
+    } else {
+        return std::string(displayName<T>());
     }
 }
 
@@ -130,7 +142,7 @@ inline constexpr ListPlan listPlan = {
 template <class T, bool Tolerant>
 const TypePlan& planOfList() {
     // The element is named, not planned, here: a type may hold a list of itself.
-    static const std::string& name = *new std::string(listName(displayName<T>()));
+    static const std::string& name = *new std::string(listName(elementName<T>()));
     static const TypePlan& plan =
         *new TypePlan{.kind = ValueKind::list, .name = name, .list = &listPlan<T, Tolerant>};
     return plan;

@@ -42,15 +42,28 @@ namespace detail {
 template <auto Member, auto Reader>
 constexpr Row valueRow(Presence presence, std::string_view key) {
     using Field = MemberType<Member>;
+    static_assert(!isOptional<ValueIn<Field>>,
+                  "a field has one std::optional: null and absent are both empty");
     Row row;
     row.role = RowRole::value;
     row.presence = presence;
     row.key = key;
     row.member = memberName<Member>();
-    row.offset = &offsetOf<Member>;
+    row.offset = &offsetOf<EntityOf<Member>, Member>;
     row.ops = &fieldOps<Field>;
     row.type = ReaderOf<ValueIn<Field>, Reader>::plan;
     return row;
+}
+
+// The entity is a template argument of both for the same reason as in `offsetOf`.
+template <class E, class Field, auto Default>
+void setTo(void* field) {
+    *static_cast<Field*>(field) = Default;
+}
+
+template <class E, auto Derive>
+void deriveIn(void* entity) {
+    Derive(*static_cast<E*>(entity));
 }
 
 template <std::size_t N>
@@ -67,6 +80,24 @@ constexpr auto joined(const Rows<Ns>&... rows) {
     [[maybe_unused]] Row* end = all.data();
     ((end = copied(rows, end)), ...);
     return all;
+}
+
+// Not constexpr: a table whose rows call one of these is refused, and the compiler names it.
+void twoRowsOfOneObjectHaveTheSameKey();
+void anObjectHasMoreRowsThanATableCanHold();
+
+/// Sees to it that the rows of each object are few enough and have keys that differ.
+consteval void checkRows(const Row* rows, std::size_t count) {
+    std::size_t keys = 0;
+    for (std::size_t at = 0; at < count; at += 1 + rows[at].inner) {
+        if (rows[at].role == RowRole::computed) continue;
+        if (rows[at].role == RowRole::object) checkRows(rows + at + 1, rows[at].inner);
+        if (++keys > ObjectPlan::mostFields) anObjectHasMoreRowsThanATableCanHold();
+        for (std::size_t other = 0; other < at; other += 1 + rows[other].inner) {
+            const bool hasKey = rows[other].role != RowRole::computed;
+            if (hasKey && rows[other].key == rows[at].key) twoRowsOfOneObjectHaveTheSameKey();
+        }
+    }
 }
 
 template <std::size_t... Ns>
@@ -110,7 +141,7 @@ constexpr Rows<1> lenient(std::string_view key) {
 template <auto Member, auto Default, auto Reader = nullptr>
 constexpr Rows<1> lenientOr(std::string_view key) {
     Row row = detail::valueRow<Member, Reader>(Presence::lenient, key);
-    row.setDefault = [](void* field) { *static_cast<MemberType<Member>*>(field) = Default; };
+    row.setDefault = &detail::setTo<EntityOf<Member>, MemberType<Member>, Default>;
     return {row};
 }
 
@@ -131,7 +162,7 @@ constexpr auto lenientObject(std::string_view key, const Rows<Ns>&... rows) {
 template <auto Member, auto Derive>
 constexpr Rows<1> derived(std::string_view key) {
     Row row = detail::valueRow<Member, nullptr>(Presence::lenient, key);
-    row.derive = [](void* entity) { Derive(*static_cast<EntityOf<Member>*>(entity)); };
+    row.derive = &detail::deriveIn<EntityOf<Member>, Derive>;
     return {row};
 }
 
@@ -140,7 +171,7 @@ template <auto Member, auto Derive>
 constexpr Rows<1> derived() {
     Row row = detail::valueRow<Member, nullptr>(Presence::lenient, {});
     row.role = RowRole::computed;
-    row.derive = [](void* entity) { Derive(*static_cast<EntityOf<Member>*>(entity)); };
+    row.derive = &detail::deriveIn<EntityOf<Member>, Derive>;
     return {row};
 }
 
@@ -176,11 +207,25 @@ constexpr Rows<1> unread(std::string_view key) {
     return {row};
 }
 
-/// The table of an entity: its rows in decode order.
+/// The rows of an entity, checked by the compiler; `planOf` makes its plan of them.
+template <class E, std::size_t N>
+class Table {
+public:
+    consteval explicit Table(const Rows<N>& rows) : rows_(rows) { detail::checkRows(rows_.data(), N); }
+
+    /// Makes the plan anew each time: for the static reference of `planOf` only.
+    operator const TypePlan&() const {
+        return makeObjectPlan(typeName<E>(), rows_, new E(detail::fresh<E>()));
+    }
+
+private:
+    Rows<N> rows_;
+};
+
+/// The table of an entity: its rows in decode order. Two rows of one object with the same key do not compile.
 template <class E, std::size_t... Ns>
-const TypePlan& object(const Rows<Ns>&... rows) {
-    const auto all = detail::joined(rows...);
-    return makeObjectPlan(typeName<E>(), all, new E(detail::fresh<E>()));
+consteval auto object(const Rows<Ns>&... rows) {
+    return Table<E, (Ns + ... + 0)>(detail::joined(rows...));
 }
 
 /// The table of a type that any JSON object decodes into.

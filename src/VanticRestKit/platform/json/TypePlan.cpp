@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <utility>
@@ -39,6 +40,9 @@ ValueStep stepFor(const FieldPlan& field) {
         case ValueKind::object: return ValueStep::object;
         case ValueKind::list: return ValueStep::list;
         case ValueKind::choice: return ValueStep::choice;
+        case ValueKind::anything:
+        case ValueKind::verbatim:
+        case ValueKind::attempted: return ValueStep::any;
         case ValueKind::text: return isOptional ? ValueStep::optionalText : ValueStep::held;
         case ValueKind::boolean: return isOptional ? ValueStep::held : ValueStep::boolean;
         case ValueKind::unsignedInteger: return isOptional ? ValueStep::optionalUnsigned : ValueStep::held;
@@ -69,6 +73,13 @@ Slot slotFor(const FieldPlan& field) {
     std::memcpy(slot.quoted + 1, field.key.data(), field.key.size());
     std::memcpy(slot.quoted + 1 + field.key.size(), "\":", 2);
     return slot;
+}
+
+/// For tables that were not checked by the compiler.
+[[noreturn]] void refuseTable(std::string_view type, const char* fault, std::string_view key) {
+    std::fprintf(stderr, "VanticRestKit: the mapping table of %.*s %s: \"%.*s\"\n",
+                 static_cast<int>(type.size()), type.data(), fault, static_cast<int>(key.size()), key.data());
+    std::abort();
 }
 
 class Builder {
@@ -107,8 +118,10 @@ private:
         entity_.hasDefaults = entity_.hasDefaults || row.setDefault != nullptr;
     }
 
-    static void finish(ObjectPlan& plan) {
-        if (plan.fields.size() > ObjectPlan::mostFields) std::abort();
+    void finish(ObjectPlan& plan) const {
+        if (plan.fields.size() > ObjectPlan::mostFields) {
+            refuseTable(entity_.name, "has more than 63 rows in one object", plan.fields.back().key);
+        }
         std::vector<std::string_view> keys;
         plan.slots.push_back(slotOfNobody());
         for (const FieldPlan& field : plan.fields) {
@@ -116,6 +129,9 @@ private:
             if (field.presence == Presence::required) plan.required |= bit;
             if (field.role == RowRole::unread) plan.unread |= bit;
             plan.slots.push_back(slotFor(field));
+            if (std::find(keys.begin(), keys.end(), field.key) != keys.end()) {
+                refuseTable(entity_.name, "has two rows with the same key", field.key);
+            }
             keys.push_back(field.key);
         }
         plan.keys = KeyTable(std::move(keys));

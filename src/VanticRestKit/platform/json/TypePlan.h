@@ -7,6 +7,7 @@
 
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/json/KeyTable.h>
+#include <VanticRestKit/platform/json/MemoryBudget.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <cstddef>
@@ -47,8 +48,9 @@ enum class ValueKind : std::uint8_t {
     choice,      ///< One of several types, tried in turn.
     dictionary,  ///< A free-form object of plain values.
     anything,    ///< Any value at all; nothing of it is kept.
-    attempted,   ///< Any value at all; a function keeps what it can make of it.
-    nullable,    ///< At the root only: null is an empty value.
+    verbatim,    ///< Any value at all; a function is given its bytes.
+    attempted,   ///< Any value at all; an absent value if it does not decode.
+    nullable,  ///< Null is an absent value. At the root and in lists: a field's rows say what null is to it.
 };
 
 /// How a JSON value becomes a C++ value of one type. `void*` arguments point to a value of that type.
@@ -62,12 +64,14 @@ struct TypePlan {
     const ObjectPlan* object = nullptr;
     const ListPlan* list = nullptr;
     const ChoicePlan* choice = nullptr;
-    /// Of `attempted`: is given the bytes of the value, whose structure is sound.
-    void (*attempt)(std::string_view json, void* value) = nullptr;
+    /// Of `verbatim`: is given the bytes of the value, whose structure is sound.
+    void (*fromJSON)(std::string_view json, void* value) = nullptr;
     /// Of `nullable` and `attempted`: what lies under it.
     const TypePlan* wrapped = nullptr;
-    /// Of `nullable`: makes room for what lies under it.
+    /// Of `nullable` and `attempted`: puts a fresh value under it and returns where that lies.
     void* (*wrap)(void* value) = nullptr;
+    /// Of `attempted`: makes it hold nothing.
+    void (*forget)(void* value) = nullptr;
     /// Of `nullable` and `attempted`: what it holds, or null.
     const void* (*peek)(const void* value) = nullptr;
 };
@@ -90,9 +94,10 @@ struct ListPlan {
     const TypePlan& (*element)();
     /// Whether an element that fails is dropped instead of failing the list.
     bool tolerant;
-    /// Appends a fresh element and returns where it lies. The byte counts are those of the array so far and of
-    /// what may be left of it, from which the room to reserve is estimated; 0 where nothing is known.
-    void* (*append)(void* list, std::size_t bytesRead, std::size_t bytesLeft);
+    /// Appends a fresh element and returns where it lies, or null if the budget does not allow the list to grow.
+    /// The byte counts are those of the array so far and of what may be left of it, from which the room to reserve
+    /// is estimated; 0 where nothing is known.
+    void* (*append)(void* list, std::size_t bytesRead, std::size_t bytesLeft, MemoryBudget& memory);
     void (*removeLast)(void* list);
     std::size_t (*count)(const void* list);
     const void* (*at)(const void* list, std::size_t index);
@@ -101,6 +106,8 @@ struct ListPlan {
 /// One of the types that a choice tries.
 struct Candidate {
     const TypePlan& (*type)();
+    /// What a value of it takes of the budget.
+    std::size_t size;
     void* (*make)();
     void (*drop)(void* made);
     /// Moves the finished value into the field, or behind the last element of the list, and frees it.
@@ -166,6 +173,7 @@ enum class ValueStep : std::uint8_t {
     object,
     list,
     choice,
+    any,  ///< A value of any JSON type.
     entityCheck,
 };
 

@@ -118,7 +118,8 @@ public:
                 break;
             }
             case ValueKind::dictionary: dictionary(*static_cast<const Dictionary*>(value)); break;
-            case ValueKind::anything: text_ += "{}"; break;
+            case ValueKind::anything:
+            case ValueKind::verbatim: text_ += "{}"; break;
         }
     }
 

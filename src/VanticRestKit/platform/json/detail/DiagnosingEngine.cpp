@@ -16,19 +16,18 @@ namespace {
 
 /// What an object must have to be opened.
 constexpr std::string_view readableKeys = "readable keys";
+/// What a document's value must be.
+constexpr std::string_view withinBudget = "a value within the memory budget";
 
 }  // namespace
 
-DiagnosingEngine::DiagnosingEngine(const Data& document, Report report)
-    : document_(document), index_(document_), report_(report) {}
+DiagnosingEngine::DiagnosingEngine(const Data& document, Report report, std::uint64_t memoryLimit)
+    : document_(document), index_(document_), report_(report), memory_(memoryLimit) {}
 
 Diagnosis DiagnosingEngine::run(const TypePlan& plan, void* value) {
     const VanticRestKit::detail::DeviceZoneHold zone;
-    const bool decoded = index_.isSound()
-                             ? root(plan, value, index_.root())
-                             : fail(Kind::dataCorrupted, "JSON", "a broken document", Presence::required);
     Diagnosis diagnosis;
-    if (!decoded) {
+    if (!root(plan, value)) {
         report("failure", failing_.presence);
         diagnosis.error = error();
         diagnosis.path = std::move(failing_.path);
@@ -37,16 +36,32 @@ Diagnosis DiagnosingEngine::run(const TypePlan& plan, void* value) {
     return diagnosis;
 }
 
-bool DiagnosingEngine::root(const TypePlan& type, void* target, Place at) {
-    if (type.kind != ValueKind::nullable) return value(type, target, at, false, Presence::required);
-    return *at.at == 'n' || root(*type.wrapped, type.wrap(target), at);
+bool DiagnosingEngine::root(const TypePlan& type, void* target) {
+    if (!index_.isSound()) return fail(Kind::dataCorrupted, "JSON", "a broken document", Presence::required);
+    const bool decoded = value(type, target, index_.root(), false, Presence::required);
+    if (!memory_.wasRefused() && !(decoded && memory_.isExceeded())) return decoded;
+    path_.clear();
+    return fail(Kind::dataCorrupted, withinBudget, "a larger one", Presence::required);
 }
 
 // A value whose place is open. `isNamed`: it lies under a key, and not at the root or in an array.
 bool DiagnosingEngine::value(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence) {
     if (type.kind == ValueKind::object && *at.at == '{') return entity(*type.object, target, at, presence);
     if (type.kind == ValueKind::list && *at.at == '[') return list(*type.list, target, at);
+    if (type.wrapped != nullptr) return wrapped(type, target, at, isNamed, presence);
     return heldValue(type, target, at, isNamed, presence);
+}
+
+bool DiagnosingEngine::wrapped(const TypePlan& type, void* target, Place at, bool isNamed,
+                               Presence presence) {
+    if (type.kind == ValueKind::nullable && *at.at == 'n') return true;
+    const std::uint64_t memoryBefore = memory_.used();
+    if (value(*type.wrapped, type.wrap(target), at, isNamed, presence)) return true;
+    if (type.kind != ValueKind::attempted || memory_.wasRefused()) return false;
+    type.forget(target);
+    memory_.giveBack(memoryBefore);
+    swallow("empty");
+    return true;
 }
 
 // A value that leads no deeper. All that does not is kept apart: each level of a document costs the stack the frames
@@ -57,11 +72,11 @@ bool DiagnosingEngine::value(const TypePlan& type, void* target, Place at, bool 
     if (type.kind == ValueKind::dictionary && *at.at == '{') {
         return dictionary(*static_cast<Dictionary*>(target), at, presence);
     }
-    if (type.kind == ValueKind::attempted) {
-        type.attempt({at.at, static_cast<std::size_t>(skipValue(at.at, end, 0) - at.at)}, target);
+    if (type.kind == ValueKind::verbatim) {
+        type.fromJSON({at.at, static_cast<std::size_t>(skipValue(at.at, end, 0) - at.at)}, target);
         return true;
     }
-    ValueReader reader(at.at, end);
+    ValueReader reader(at.at, end, memory_);
     if (reader.plain(type, target, nullptr) == Fit::fits) return true;
     return failUnfit(type, at, isNamed, presence);
 }
@@ -69,7 +84,7 @@ bool DiagnosingEngine::value(const TypePlan& type, void* target, Place at, bool 
 [[gnu::noinline]] bool DiagnosingEngine::dictionary(Dictionary& values, Place at, Presence presence) {
     values.clear();
     std::vector<BrokenMember> broken;
-    if (!readDictionary(at.at, document_.data() + document_.size(), values, &broken)) {
+    if (!readDictionary(at.at, document_.data() + document_.size(), values, memory_, &broken)) {
         return fail(Kind::dataCorrupted, readableKeys, "object", presence);
     }
     for (const BrokenMember& member : broken) {
@@ -152,7 +167,7 @@ bool DiagnosingEngine::row(const FieldPlan& field, const ObjectPlan& entity, voi
 }
 
 [[gnu::noinline]] bool DiagnosingEngine::entityCheck(const ObjectPlan& entity, Place at) {
-    ValueReader reader(at.at, document_.data() + document_.size());
+    ValueReader reader(at.at, document_.data() + document_.size(), memory_);
     std::string_view name;
     bool mayReadOn = false;
     if (reader.readText(name, mayReadOn) != Fit::fits) {
@@ -182,9 +197,11 @@ bool DiagnosingEngine::innerRow(const FieldPlan& field, const ObjectPlan& entity
 
 bool DiagnosingEngine::valueRow(const FieldPlan& field, void* target, Place at) {
     void* const place = static_cast<std::byte*>(target) + field.offset;
+    const std::uint64_t memoryBefore = memory_.used();
     if (valueInto(field, place, at)) return true;
-    if (field.presence != Presence::lenient) return false;
+    if (field.presence != Presence::lenient || memory_.wasRefused()) return false;
     swallowInto(field, place);
+    memory_.giveBack(memoryBefore);
     return true;
 }
 
@@ -214,20 +231,36 @@ bool DiagnosingEngine::list(const ListPlan& plan, void* target, Place at) {
         path_.emplace_back(place);
         const bool isGood =
             this->element(plan, target, element, static_cast<std::size_t>(element.at - at.at));
-        if (!isGood && plan.tolerant) swallow("dropped");
+        const bool isDropped = !isGood && plan.tolerant && !memory_.wasRefused();
+        if (isDropped) swallow("dropped");
         path_.pop_back();
-        if (!isGood && !plan.tolerant) return false;
+        if (!isGood && !isDropped) return false;
     }
     return true;
 }
 
 bool DiagnosingEngine::element(const ListPlan& plan, void* target, Place at, std::size_t bytesRead) {
-    const std::size_t bytesLeft = document_.size() - static_cast<std::size_t>(at.at - document_.data());
     const TypePlan& type = plan.element();
     if (type.kind == ValueKind::choice) return choiceInto(*type.choice, target, at);
-    if (value(type, plan.append(target, bytesRead, bytesLeft), at, false, Presence::required)) return true;
+    // A list does not grow for what cannot be opened.
+    const bool opens =
+        type.kind == ValueKind::object ? *at.at == '{' : type.kind != ValueKind::list || *at.at == '[';
+    if (!opens) return failUnfit(type, at, false, Presence::required);
+    void* const place = appended(plan, target, at, bytesRead);
+    if (place == nullptr) return false;
+    const std::uint64_t memoryBefore = memory_.used();
+    if (value(type, place, at, false, Presence::required)) return true;
     plan.removeLast(target);
+    memory_.giveBack(memoryBefore);
     return false;
+}
+
+// Estimates what is left of the list as the fast engine does, so that both use the same memory.
+[[gnu::noinline]] void* DiagnosingEngine::appended(const ListPlan& plan, void* list, Place at,
+                                                   std::size_t bytesRead) {
+    const std::size_t bytesLeft =
+        path_.size() <= 2 ? document_.size() - static_cast<std::size_t>(at.at - document_.data()) : 0;
+    return plan.append(list, bytesRead, bytesLeft, memory_);
 }
 
 bool DiagnosingEngine::choice(const ChoicePlan& plan, Place at, const Candidate*& chosen, void*& made) {
@@ -235,12 +268,16 @@ bool DiagnosingEngine::choice(const ChoicePlan& plan, Place at, const Candidate*
     std::string names;
     for (const Candidate& candidate : plan.candidates) {
         const TypePlan& type = candidate.type();
+        const std::uint64_t memoryBefore = memory_.used();
+        if (!memory_.take(candidate.size)) return false;
         made = candidate.make();
         if (value(type, made, at, true, Presence::lenient)) {
             chosen = &candidate;
             return true;
         }
         candidate.drop(made);
+        if (memory_.wasRefused()) return false;
+        memory_.giveBack(memoryBefore);
         faults_.resize(faultsBefore);
         names += names.empty() ? "" : " or ";
         names += type.name;
@@ -290,6 +327,9 @@ Error DiagnosingEngine::error() const {
         case Kind::dataCorrupted:
             if (!index_.isSound()) {
                 text = "The document is not valid JSON.";
+            } else if (failing_.expected == withinBudget) {
+                text = "The value takes more than the decoder's memory budget of " +
+                       std::to_string(memory_.limit()) + " bytes.";
             } else if (failing_.expected == readableKeys) {
                 text = "The object has a key that cannot be read.";
             } else {

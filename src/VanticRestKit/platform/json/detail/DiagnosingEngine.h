@@ -8,6 +8,7 @@
 #include <VanticRestKit/platform/json/detail/ValueReader.h>
 #include <VanticRestKit/platform/json/Diagnosis.h>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,10 +22,14 @@ class DiagnosingEngine {
 public:
     enum class Report { error, everything };
 
-    DiagnosingEngine(const Data& document, Report report);
+    /// `memoryLimit` is the budget of what it makes, in bytes.
+    DiagnosingEngine(const Data& document, Report report, std::uint64_t memoryLimit);
 
     /// Decodes into `value`, which is fresh.
     Diagnosis run(const TypePlan& plan, void* value);
+
+    /// What the value holds, as the budget counts it.
+    std::uint64_t memoryUsed() const noexcept { return memory_.used(); }
 
 private:
     /// Why a value did not decode.
@@ -44,14 +49,16 @@ private:
         const void* place;
     };
 
-    bool root(const TypePlan& type, void* target, Place at);
+    bool root(const TypePlan& type, void* target);
     bool value(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence);
+    bool wrapped(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence);
     bool heldValue(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence);
     bool dictionary(Dictionary& values, Place at, Presence presence);
     bool entity(const ObjectPlan& plan, void* target, Place at, Presence presence);
     void derive(const ObjectPlan& plan, void* target, std::size_t resetsBefore);
     bool list(const ListPlan& plan, void* target, Place at);
     bool element(const ListPlan& plan, void* target, Place at, std::size_t bytesRead);
+    void* appended(const ListPlan& plan, void* list, Place at, std::size_t bytesRead);
     bool choiceInto(const ChoicePlan& plan, void* fieldOrList, Place at);
     bool choice(const ChoicePlan& plan, Place at, const Candidate*& chosen, void*& made);
 
@@ -75,6 +82,7 @@ private:
     Data document_;
     DocumentIndex index_;
     Report report_;
+    MemoryBudget memory_;
     CodingPath path_;
     Failing failing_;  // the latest; only what was not swallowed counts
     std::vector<Fault> faults_;

@@ -2,16 +2,18 @@
 
 #include <VanticRestKit/platform/json/detail/FreeForm.h>
 #include <VanticRestKit/platform/json/detail/Scanner.h>
+#include <VanticRestKit/platform/json/detail/StoreText.h>
 
 #include <algorithm>
 #include <string>
 
 namespace VanticRestKit::json {
 
-FastEngine::FastEngine(const Data& document)
+FastEngine::FastEngine(const Data& document, std::uint64_t memoryLimit)
     : ValueReader(documentStart(document.data(), document.data() + document.size()),
-                  document.data() + document.size()),
+                  document.data() + document.size(), memory_),
       document_(document),
+      memory_(memoryLimit),
       successors_(successorMemory(), 0) {}
 
 FastEngine::~FastEngine() {
@@ -31,18 +33,14 @@ void FastEngine::makeRoom() {
 }
 
 bool FastEngine::decode(const TypePlan& plan, void* value) {
-    return root(plan, value) && runFrames() && rootDecoded_ && skipSpace(at_) == end_;
+    return root(plan, value) && runFrames() && rootDecoded_ && skipSpace(at_) == end_ &&
+           !memory_.isExceeded();
 }
 
 bool FastEngine::root(const TypePlan& plan, void* value) {
     switch (plan.kind) {
-        case ValueKind::nullable: {
-            const char* const behind = *at_ == 'n' ? scanLiteral(at_, end_) : nullptr;
-            if (behind == nullptr) return root(*plan.wrapped, plan.wrap(value));
-            at_ = behind;
-            rootDecoded_ = true;
-            return true;
-        }
+        case ValueKind::nullable:
+        case ValueKind::attempted: return wrapped(plan, value, nullptr);
         case ValueKind::object: return *at_ == '{' && open(plan, value, nullptr);
         case ValueKind::list: return *at_ == '[' && open(plan, value, nullptr);
         default: rootDecoded_ = held(plan, value, nullptr) == Fit::fits; return rootDecoded_;
@@ -66,7 +64,7 @@ bool FastEngine::listStep(Frame& top) {
             return endFrame();
         }
         if (top.hasFailed) {
-            if (depth == 1 || !skip()) return false;
+            if ((depth == 1 && !top.isAttempt) || !skip()) return false;
         } else {
             if (!element(top)) return false;
             if (depth_ != depth) return true;
@@ -74,11 +72,11 @@ bool FastEngine::listStep(Frame& top) {
     }
 }
 
-// Where the element ahead is to lie.
+// Where the element ahead is to lie, or null if the budget does not allow it.
 void* FastEngine::appended(const Frame& top) {
     // What is left of the document tells something about a list at its top, and nothing about the others.
     const auto bytesLeft = depth_ <= 2 ? static_cast<std::size_t>(end_ - at_) : 0;
-    return top.list->append(top.target, static_cast<std::size_t>(at_ - top.start), bytesLeft);
+    return top.list->append(top.target, static_cast<std::size_t>(at_ - top.start), bytesLeft, memory_);
 }
 
 bool FastEngine::element(Frame& top) {
@@ -87,10 +85,18 @@ bool FastEngine::element(Frame& top) {
         const StringToken token = scanString(at_, end_);
         if (token.isPlain) {
             // Made at its size and moved: an assignment would first reckon with what the text held before.
-            *static_cast<std::string*>(appended(top)) = std::string(token.inside, token.close);
+            void* const place = appended(top);
+            if (place == nullptr) return false;
+            const auto size = static_cast<std::size_t>(token.close - token.inside);
+            if (size > shortText) memory_.note(size);
+            *static_cast<std::string*>(place) = std::string(token.inside, size);
             at_ = token.close + 1;
             return true;
         }
+    }
+    if (type.wrapped != nullptr) {
+        void* const place = appended(top);
+        return place != nullptr && wrapped(type, place, nullptr);
     }
     if (type.kind == ValueKind::choice && *at_ == '{') return openChoice(*type.choice, nullptr);
 
@@ -100,6 +106,7 @@ bool FastEngine::element(Frame& top) {
         type.kind != ValueKind::object && type.kind != ValueKind::list && type.kind != ValueKind::choice;
     if (opens || isPlain) {
         void* const place = appended(top);
+        if (place == nullptr) return false;
         if (opens) return open(type, place, nullptr);
         const Fit fit = held(type, place, nullptr);
         if (fit == Fit::fits) return true;
@@ -110,19 +117,45 @@ bool FastEngine::element(Frame& top) {
     return skip();
 }
 
+// A value under wrappers. What fails under an attempt leaves an absent value, and only the innermost attempt can be
+// left so.
+bool FastEngine::wrapped(const TypePlan& type, void* place, const FieldPlan* field) {
+    const TypePlan* inner = &type;
+    Attempt attempt{};
+    for (; inner->wrapped != nullptr; inner = inner->wrapped) {
+        if (inner->kind == ValueKind::nullable && *at_ == 'n') {
+            deliver(field, true, false);
+            return skip();
+        }
+        if (inner->kind == ValueKind::attempted) attempt = {inner, place};
+        place = inner->wrap(place);
+    }
+    if ((inner->kind == ValueKind::object && *at_ == '{') ||
+        (inner->kind == ValueKind::list && *at_ == '[')) {
+        if (!open(*inner, place, field)) return false;
+        if (attempt.type != nullptr) {
+            attempts_.push_back(attempt);
+            frames_[depth_ - 1].isAttempt = true;
+        }
+        return true;
+    }
+    const Fit fit = held(*inner, place, nullptr);
+    if (fit == Fit::broken) return false;
+    if (fit == Fit::unfit && attempt.type != nullptr) attempt.type->forget(attempt.place);
+    deliver(field, true, fit == Fit::unfit && attempt.type == nullptr);
+    return fit == Fit::fits || skip();
+}
+
 // A value that holds no others, or one whose inside nobody looks at.
 Fit FastEngine::held(const TypePlan& type, void* place, const FieldOps* optional) {
-    const bool isSkipped = type.kind == ValueKind::anything || type.kind == ValueKind::attempted ||
+    const bool isSkipped = type.kind == ValueKind::anything || type.kind == ValueKind::verbatim ||
                            (type.kind == ValueKind::dictionary && *at_ == '{');
     if (!isSkipped) return plain(type, place, optional);
     const char* const start = at_;
     if (!skip()) return Fit::broken;
-    if (type.kind == ValueKind::dictionary)
-        return dictionary(start, optional != nullptr ? optional->open(place) : place);
-    if (type.attempt != nullptr) {
-        type.attempt({start, static_cast<std::size_t>(at_ - start)},
-                     optional != nullptr ? optional->open(place) : place);
-    }
+    void* const value = optional != nullptr ? optional->open(place) : place;
+    if (type.kind == ValueKind::dictionary) return dictionary(start, value);
+    if (type.fromJSON != nullptr) type.fromJSON({start, static_cast<std::size_t>(at_ - start)}, value);
     return Fit::fits;
 }
 
@@ -130,8 +163,11 @@ Fit FastEngine::held(const TypePlan& type, void* place, const FieldOps* optional
 Fit FastEngine::dictionary(const char* start, void* value) {
     auto& values = *static_cast<Dictionary*>(value);
     values.clear();
-    if (readDictionary(start, end_, values)) return Fit::fits;
+    const std::uint64_t memoryBefore = memory_.used();
+    if (readDictionary(start, end_, values, memory_)) return Fit::fits;
+    if (memory_.wasRefused()) return Fit::broken;
     values.clear();
+    memory_.giveBack(memoryBefore);
     at_ = start;
     return Fit::unfit;
 }

@@ -19,7 +19,8 @@ using namespace mapping;  // the plans
 
 class FastEngine : private ValueReader {
 public:
-    explicit FastEngine(const Data& document);
+    /// `memoryLimit` is the budget of what it makes, in bytes.
+    FastEngine(const Data& document, std::uint64_t memoryLimit);
     ~FastEngine();
     FastEngine(const FastEngine&) = delete;
     FastEngine& operator=(const FastEngine&) = delete;
@@ -27,18 +28,24 @@ public:
     /// Decodes the document into `value`, which is fresh. Where this gives false, `value` may hold anything.
     bool decode(const TypePlan& plan, void* value);
 
+    /// What the value holds, as the budget counts it.
+    std::uint64_t memoryUsed() const noexcept { return memory_.used(); }
+
 private:
     static constexpr unsigned alwaysRight = 1024;
 
     /// An array or object that is open. No recursion: frames lie in a row.
     struct alignas(64) Frame {
-        const ObjectPlan* plan;  // null for an array
-        const ListPlan* list;
+        const ObjectPlan* plan;    // null for an array
         std::byte* target;         // the entity, or the list
         const FieldPlan* field;    // of the object around it; null at the root and in an array
         const ChoicePlan* choice;  // where `target` is the try of one candidate
         const char* start;         // the opening bracket
-        std::uint64_t taken;       // a bit for each slot whose further values are nobody's
+        union {
+            std::uint64_t taken;   // of an object: a bit for each slot whose further values are nobody's
+            const ListPlan* list;  // of an array
+        };
+        std::uint64_t memoryBefore;  // what was used when it opened
         std::uint8_t candidate;
         std::uint8_t possible;  // a bit for each candidate that it may be, this one and those to be tried
         std::uint8_t last;      // the slot whose key came last
@@ -46,6 +53,13 @@ private:
         bool isFresh;           // nothing read behind the opening bracket yet
         bool hasFailed;
         bool isIgnored;  // an inner object that could not be opened, which is swallowed
+        bool isAttempt;  // what fails in it leaves an absent value, the last of `attempts_`
+    };
+
+    /// A wrapper that is empty if what lies under it fails.
+    struct Attempt {
+        const TypePlan* type;
+        void* place;
     };
 
     /// A key that was read: its slot, that of nobody where it has none, and where its colon must be.
@@ -63,6 +77,7 @@ private:
     void remember(Frame& top, std::size_t place);
     void keyCannotBeRead(Frame& top);
     bool value(Frame& top, const Slot& slot);
+    bool anyValue(Frame& top, const FieldPlan& field);
     bool heldValue(Frame& top, const FieldPlan& field);
     bool unfit(Frame& top, const FieldPlan& field);
     bool checkEntity(Frame& top);
@@ -74,10 +89,12 @@ private:
     Frame* push(const ObjectPlan* plan, void* target, const FieldPlan* field);
     bool open(const TypePlan& type, void* target, const FieldPlan* field);
     bool openInner(const FieldPlan& field, void* target);
+    bool wrapped(const TypePlan& type, void* place, const FieldPlan* field);
     bool openChoice(const ChoicePlan& choice, const FieldPlan* field);
     bool openCandidate(const ChoicePlan& choice, std::uint8_t possible, const FieldPlan* field);
     bool endFrame();
     bool endCandidate(const Frame& ended, bool hasFailed);
+    void endAttempt(bool hasFailed);
     void deliver(const FieldPlan* field, bool isStored, bool hasFailed);
 
     Fit held(const TypePlan& type, void* place, const FieldOps* optional);
@@ -92,6 +109,8 @@ private:
     static constexpr std::size_t usualDepth = 24;
 
     Data document_;
+    MemoryBudget memory_;
+    std::vector<Attempt> attempts_;
     Frame usualFrames_[usualDepth];
     std::unique_ptr<Frame[]> manyFrames_;
     /// The first `depth_` are open, and there is room for `room_`.
@@ -125,6 +144,8 @@ inline FastEngine::Frame* FastEngine::push(const ObjectPlan* plan, void* target,
     top.isFresh = true;
     top.hasFailed = false;
     top.isIgnored = false;
+    top.isAttempt = false;
+    top.memoryBefore = memory_.used();
     if (plan == nullptr) return &top;
     top.taken = plan->unread;
     // A plan made on first use during this decode has its memory behind all that was known when it began.
@@ -136,7 +157,7 @@ inline FastEngine::Frame* FastEngine::push(const ObjectPlan* plan, void* target,
 inline bool FastEngine::open(const TypePlan& type, void* target, const FieldPlan* field) {
     Frame* const top = push(type.object, target, field);
     if (top == nullptr) return false;
-    top->list = type.list;
+    if (type.object == nullptr) top->list = type.list;
     return true;
 }
 

@@ -29,12 +29,15 @@ bool FastEngine::openChoice(const ChoicePlan& choice, const FieldPlan* field) {
 bool FastEngine::openCandidate(const ChoicePlan& choice, std::uint8_t possible, const FieldPlan* field) {
     const auto candidate = static_cast<std::uint8_t>(std::countr_zero(possible));
     const Candidate& type = choice.candidates[candidate];
+    const std::uint64_t memoryBefore = memory_.used();
+    if (!memory_.take(type.size)) return false;
     void* const made = type.make();
     Frame* const top = push(type.type().object, made, field);
     if (top == nullptr) {
         type.drop(made);
         return false;
     }
+    top->memoryBefore = memoryBefore;
     top->choice = &choice;
     top->candidate = candidate;
     top->possible = possible;
@@ -44,18 +47,26 @@ bool FastEngine::openCandidate(const ChoicePlan& choice, std::uint8_t possible, 
 bool FastEngine::endFrame() {
     // What lies above the depth stays as it is until something opens.
     const Frame& ended = frames_[--depth_];
-    if (ended.plan == nullptr) {
-        deliver(ended.field, true, ended.hasFailed);
-        return true;
+    bool hasFailed = ended.hasFailed;
+    if (ended.plan != nullptr) {
+        hasFailed = hasFailed || (ended.taken & ended.plan->required) != ended.plan->required;
+        if (!hasFailed) {
+            for (const auto derive : ended.plan->derivations) derive(ended.target);
+        }
     }
-    const bool isComplete = (ended.taken & ended.plan->required) == ended.plan->required;
-    const bool hasFailed = ended.hasFailed || !isComplete;
-    if (!hasFailed) {
-        for (const auto derive : ended.plan->derivations) derive(ended.target);
-    }
+    // Nothing more is made until what has failed is dropped, whatever it is a part of.
+    if (hasFailed) memory_.giveBack(ended.memoryBefore);
     if (ended.choice != nullptr) return endCandidate(ended, hasFailed);
-    deliver(ended.field, true, hasFailed);
+    if (ended.isAttempt) endAttempt(hasFailed);
+    deliver(ended.field, true, hasFailed && !ended.isAttempt);
     return true;
+}
+
+// What failed under an attempt goes, and the attempt itself is a value.
+void FastEngine::endAttempt(bool hasFailed) {
+    const Attempt attempt = attempts_.back();
+    attempts_.pop_back();
+    if (hasFailed) attempt.type->forget(attempt.place);
 }
 
 // A candidate that decoded is kept; else the next one begins at the same place.

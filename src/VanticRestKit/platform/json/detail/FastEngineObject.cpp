@@ -50,7 +50,8 @@ inline bool anotherMember(const char*& at) noexcept {
 /// By far the most fields are texts, and by far the most texts need no second look. Reads one of those, whose
 /// quote is at `at`, and moves behind it. A text that ends within half a block is also one that a string
 /// holds without allocating.
-inline bool plainText(std::optional<std::string>& field, const char*& at, const char* end) {
+inline bool plainText(std::optional<std::string>& field, const char*& at, const char* end,
+                      MemoryBudget& memory) {
     static_assert(shortText + 1 == scan::halfBlock);
     const char* const inside = at + 1;
     const std::uint32_t stops = scan::stopsOfHalf(inside);
@@ -63,7 +64,9 @@ inline bool plainText(std::optional<std::string>& field, const char*& at, const 
     }
     const StringToken token = scanString(inside, inside + scan::halfBlock, end);
     if (!token.isPlain) return false;
-    storeLongText(field, inside, static_cast<std::size_t>(token.close - inside));
+    const auto size = static_cast<std::size_t>(token.close - inside);
+    memory.note(size);
+    storeLongText(field, inside, size);
     at = token.close + 1;
     return true;
 }
@@ -137,7 +140,8 @@ bool FastEngine::runFrames() {
         taken |= std::uint64_t{1} << place;
         // The quote is asked for first: it is there long before it is known whose key this is.
         if (*at == '"' && !isTaken && slot.step == ValueStep::optionalText &&
-            plainText(*reinterpret_cast<std::optional<std::string>*>(top.target + slot.offset), at, end_)) {
+            plainText(*reinterpret_cast<std::optional<std::string>*>(top.target + slot.offset), at, end_,
+                      memory_)) {
             continue;
         }
         at_ = at;
@@ -149,7 +153,7 @@ bool FastEngine::runFrames() {
         if (top.hasFailed || top.isIgnored) {
             taken = everySlot;
             // A root that has failed is the diagnosing engine's, and a failed candidate is given up at once.
-            if (top.hasFailed && depth == 1) return false;
+            if (top.hasFailed && depth == 1 && !top.isAttempt) return false;
             if (top.hasFailed && top.choice != nullptr) return endFrame();
         }
         at = at_;
@@ -217,6 +221,7 @@ void FastEngine::keyCannotBeRead(Frame& top) {
     if (top.isIgnored) return;
     if (top.isInner && top.field->presence == Presence::lenient) {
         resetFields(*top.plan, top.target);
+        memory_.giveBack(top.memoryBefore);
         top.isIgnored = true;
     } else {
         top.hasFailed = true;
@@ -244,9 +249,17 @@ void FastEngine::keyCannotBeRead(Frame& top) {
             return *at_ == '[' ? open(*field.type, field.ops->open(place), &field) : unfit(top, field);
         case ValueStep::choice:
             return *at_ == '{' ? openChoice(*field.type->choice, &field) : unfit(top, field);
+        case ValueStep::any: return anyValue(top, field);
         case ValueStep::entityCheck: return checkEntity(top);
     }
     return false;
+}
+
+// Only to a required row is null a value like any other.
+bool FastEngine::anyValue(Frame& top, const FieldPlan& field) {
+    if (*at_ == 'n' && field.presence != Presence::required) return unfit(top, field);
+    if (field.type->wrapped == nullptr) return heldValue(top, field);
+    return wrapped(*field.type, field.ops->open(top.target + field.offset), &field);
 }
 
 bool FastEngine::heldValue(Frame& top, const FieldPlan& field) {

@@ -31,6 +31,7 @@ std::string_view jsonTypeOf(ValueKind kind) noexcept {
         case ValueKind::dictionary: return "object";
         case ValueKind::list: return "array";
         case ValueKind::anything:
+        case ValueKind::verbatim:
         case ValueKind::attempted:
         case ValueKind::nullable: break;
     }

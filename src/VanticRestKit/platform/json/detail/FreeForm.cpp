@@ -29,9 +29,13 @@ std::optional<AnyValue> plainValue(const char* at, const char* end, std::string&
     return std::nullopt;
 }
 
+/// What a tree of the standard library adds to each element.
+constexpr std::size_t nodeOverhead = 32;
+
 }  // namespace
 
-bool readDictionary(const char* at, const char* end, Dictionary& values, std::vector<BrokenMember>* broken) {
+bool readDictionary(const char* at, const char* end, Dictionary& values, MemoryBudget& memory,
+                    std::vector<BrokenMember>* broken) {
     std::set<std::string, std::less<>> seen;
     std::string scratch;
     at = skipSpace(at + 1);
@@ -43,8 +47,13 @@ bool readDictionary(const char* at, const char* end, Dictionary& values, std::ve
         const auto [name, isFirst] = seen.emplace(*key);
         at = skipSpace(skipSpace(token.close + 1) + 1);
         if (isFirst) {
+            const std::uint64_t nodeSize = nodeOverhead + sizeof(std::string) + name->size();
+            if (!memory.take(nodeSize)) return false;
             std::optional<AnyValue> value = plainValue(at, end, scratch);
             if (value) {
+                const std::string* const text = value->text();
+                if (!memory.take(nodeSize + sizeof(AnyValue) + (text != nullptr ? text->size() : 0)))
+                    return false;
                 values.insert_or_assign(*name, *std::move(value));
             } else if (broken != nullptr && (*at == '"' || startsNumber(*at))) {
                 broken->push_back({*name, at});

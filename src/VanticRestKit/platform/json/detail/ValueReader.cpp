@@ -80,6 +80,7 @@ Fit ValueReader::textInto(void* place, bool isOptional) {
     bool mayReadOn = false;
     const Fit fit = readText(text, mayReadOn);
     if (fit != Fit::fits) return fit;
+    if (text.size() > shortText) memory_->note(text.size());
     storeText(place, isOptional, text, mayReadOn);
     return fit;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <VanticRestKit/platform/json/MemoryBudget.h>
 #include <VanticRestKit/platform/json/TypePlan.h>
 
 #include <cstdint>
@@ -16,7 +17,9 @@ enum class Fit : std::uint8_t { fits, unfit, broken };
 /// Reads values that hold no others, for both engines.
 class ValueReader {
 public:
-    ValueReader(const char* at, const char* end) : at_(at), end_(end) {}
+    /// Strings that it stores are counted in `memory`.
+    ValueReader(const char* at, const char* end, MemoryBudget& memory)
+        : at_(at), end_(end), memory_(&memory) {}
 
     /// Reads the value ahead into its place. `optional` tells how to open a place that is a std::optional; null
     /// for any other. A place that does not get a value keeps the one it has, or none.
@@ -33,6 +36,7 @@ protected:
 
     const char* at_;
     const char* end_;
+    MemoryBudget* memory_;
     std::string scratch_;
 };
 

@@ -1,0 +1,38 @@
+// Faults of a table whose rows were made at run time, where the compiler cannot refuse them.
+
+#include <gtest/gtest.h>
+#include <VanticRestKit/platform/json/Table.h>
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace VanticRestKit {
+namespace {
+
+struct Song {
+    std::string title{};
+    std::string artist{};
+};
+
+TEST(ATableMadeAtRunTime, EndsTheProgramWithItsTypeAndTheKeyThatIsThereTwice) {
+    const Song fresh;
+    const auto rows = mapping::detail::joined(mapping::defaulted<&Song::title>("name"),
+                                              mapping::defaulted<&Song::artist>("name"));
+    EXPECT_DEATH(mapping::makeObjectPlan("Song", rows, &fresh), "mapping table of Song .*same key.*\"name\"");
+    const auto inner = mapping::requiredObject("credits", mapping::defaulted<&Song::title>("name"),
+                                               mapping::defaulted<&Song::artist>("name"));
+    EXPECT_DEATH(mapping::makeObjectPlan("Song", inner, &fresh), "mapping table of Song .*same key.*\"name\"");
+}
+
+TEST(ATableMadeAtRunTime, EndsTheProgramWithItsTypeIfItHasTooManyRows) {
+    const Song fresh;
+    std::vector<std::string> keys;
+    for (std::size_t i = 0; i <= mapping::ObjectPlan::mostFields; ++i) keys.push_back(std::to_string(i));
+    std::vector<mapping::Row> rows;
+    for (const std::string& key : keys) rows.push_back(mapping::defaulted<&Song::title>(key)[0]);
+    EXPECT_DEATH(mapping::makeObjectPlan("Song", rows, &fresh), "mapping table of Song .*63 rows.*\"63\"");
+}
+
+}  // namespace
+}  // namespace VanticRestKit
