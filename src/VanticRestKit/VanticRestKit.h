@@ -38,6 +38,7 @@
 #include <VanticRestKit/platform/json/JSONDecoder.h>
 #include <VanticRestKit/platform/json/JSONEncoder.h>
 #include <VanticRestKit/platform/json/KeyTable.h>
+#include <VanticRestKit/platform/json/MemoryBudget.h>
 #include <VanticRestKit/platform/json/OneOf.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
 #include <VanticRestKit/platform/json/RawText.h>

@@ -43,6 +43,11 @@ TEST_P(RandomDocuments, HaveOneOutcomeInBothEngines) {
         const test::Outcome outcome = test::decodeByBoth(type.type, Data(json));
         ASSERT_EQ(outcome.difference, "") << json;
         if (outcome.failure.empty()) ++decoded;
+        // The decode of a value that is one byte beyond the budget fails as a whole, whatever in it could be dropped.
+        if (i % 10 != 0 || outcome.memory == 0) continue;
+        const test::Outcome beyond = test::decodeByBoth(type.type, Data(json), outcome.memory - 1);
+        ASSERT_EQ(beyond.difference, "") << json;
+        ASSERT_EQ(beyond.failure, "dataCorrupted []") << json;
     }
     // The changes are such that much of both is seen.
     EXPECT_GE(decoded, documentsPerType / 50);
