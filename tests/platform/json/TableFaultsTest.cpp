@@ -22,7 +22,8 @@ TEST(ATableMadeAtRunTime, EndsTheProgramWithItsTypeAndTheKeyThatIsThereTwice) {
     EXPECT_DEATH(mapping::makeObjectPlan("Song", rows, &fresh), "mapping table of Song .*same key.*\"name\"");
     const auto inner = mapping::requiredObject("credits", mapping::defaulted<&Song::title>("name"),
                                                mapping::defaulted<&Song::artist>("name"));
-    EXPECT_DEATH(mapping::makeObjectPlan("Song", inner, &fresh), "mapping table of Song .*same key.*\"name\"");
+    EXPECT_DEATH(mapping::makeObjectPlan("Song", inner, &fresh),
+                 "mapping table of Song .*same key.*\"name\"");
 }
 
 TEST(ATableMadeAtRunTime, EndsTheProgramWithItsTypeIfItHasTooManyRows) {
