@@ -21,13 +21,14 @@ void URLSessionDataTask::resume() {
 }
 
 void URLSessionDataTask::cancel() {
-    if (transfer_->isStarted()) {
-        transport_->cancel(transfer_);
-    } else if (transfer_->cancelUnstarted()) {
+    // In this order: between a look at the state and the attempt to cancel, another thread may start the transfer.
+    if (transfer_->cancelUnstarted()) {
         transport_->delegateQueue().async([transfer = transfer_] {
             const detail::TransportFault fault{URLErrorCode::cancelled};
             transfer->complete({.error = detail::makeURLError(fault, transfer->request().url())});
         });
+    } else if (transfer_->isStarted()) {
+        transport_->cancel(transfer_);
     }
 }
 
