@@ -2,6 +2,8 @@
 
 find_package(Threads REQUIRED)
 find_package(CURL 7.88 REQUIRED)
+# The TLS library of that libcurl.
+find_package(OpenSSL 3 REQUIRED)
 # Content codings of responses.
 find_package(ZLIB REQUIRED)
 list(PREPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR}/find)
@@ -10,7 +12,6 @@ find_package(VrkUtf8proc REQUIRED)
 
 if(VRK_APPS OR VRK_TESTS)
     find_package(nlohmann_json REQUIRED)
-    find_package(OpenSSL REQUIRED)
 endif()
 if(VRK_APPS)
     find_package(PkgConfig REQUIRED)

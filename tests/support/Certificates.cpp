@@ -79,14 +79,16 @@ CertificateAuthority::CertificateAuthority(const std::string& name) : root_(draf
 }
 
 Identity CertificateAuthority::issue(const CertificateWishes& wishes) const {
-    Identity identity = draft("Test server", wishes);
-    addExtension(identity.certificate.get(), NID_subject_alt_name, wishes.subject);
+    Identity identity = draft(wishes.commonName, wishes);
+    if (!wishes.subject.empty()) {
+        addExtension(identity.certificate.get(), NID_subject_alt_name, wishes.subject);
+    }
     sign(identity, root_);
     return identity;
 }
 
 Identity selfSigned(const CertificateWishes& wishes) {
-    Identity identity = draft("Test server", wishes);
+    Identity identity = draft(wishes.commonName, wishes);
     addExtension(identity.certificate.get(), NID_subject_alt_name, wishes.subject);
     sign(identity, identity);
     return identity;

@@ -28,11 +28,14 @@ struct Identity {
 
 /// What a server's certificate says.
 struct CertificateWishes {
-    /// The name or address that it is for, as in "DNS:localhost" or "IP:127.0.0.1".
+    /// The name or address that it is for, as in "DNS:localhost" or "IP:127.0.0.1". Empty: the certificate has
+    /// no subject alternative names.
     std::string subject = "IP:127.0.0.1";
     /// From when and until when it is valid, seen from now.
     std::chrono::hours from{-1};
     std::chrono::hours until{24};
+    /// The common name of its subject.
+    std::string commonName = "Test server";
 };
 
 /// A root that signs certificates.

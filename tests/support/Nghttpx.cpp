@@ -67,7 +67,8 @@ Nghttpx::Nghttpx(std::uint16_t backend, const Identity& identity, int streamsPer
                    "--log-level=WARN", "--frontend=127.0.0.1," + std::to_string(port_),
                    "--backend=127.0.0.1," + std::to_string(backend), "--backend-connections-per-host=200",
                    "--frontend-http2-max-concurrent-streams=" + std::to_string(streamsPerConnection),
-                   key_.path(), certificate_.path()},
+                   // More than a client takes.
+                   "--max-response-header-fields=5000", key_.path(), certificate_.path()},
                   log_.path());
         if (!waitUntilItAnswers()) kill();
     }

@@ -292,3 +292,19 @@ TEST_F(HTTP2, ABodyThatIsCutShortIsLost) {
     EXPECT_EQ(loaded.code(), URLErrorCode::networkConnectionLost) << loaded.story();
     EXPECT_EQ(loaded.data(), std::nullopt);
 }
+
+TEST_F(HTTP2, AHeadOfTooManyLinesFailsAndLeavesTheConnectionToOthers) {
+    serve([](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            std::string lines;
+            for (int i = 0; request->target == "/many" && i < 1500; ++i) {
+                lines += "h" + std::to_string(i) + ": 1\r\n";
+            }
+            connection.send(answer(200, "here", lines));
+        }
+    });
+    const Loaded loaded = load(*session_, url("/many"));
+    EXPECT_EQ(loaded.code(), URLErrorCode::dataLengthExceedsMaximum) << loaded.story();
+    EXPECT_EQ(load(*session_, url("/next")).body(), "here");
+    EXPECT_EQ(relay_->connectionCount(), 1U);
+}

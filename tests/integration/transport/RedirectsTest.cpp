@@ -215,3 +215,53 @@ TEST(Redirects, TheBodyOfARedirectDoesNotMatter) {
         EXPECT_EQ(load(*makeSession(), server.url("/from")).body(), "here");
     }
 }
+
+TEST(Redirects, ARedirectWhoseBodyStallsIsFollowed) {
+    for (const char* length :
+         {"Content-Length: 10\r\n\r\n", "Transfer-Encoding: chunked\r\n\r\n5\r\nhello"}) {
+        FaultServer server([length](FaultConnection& connection) {
+            while (const auto request = connection.readRequest()) {
+                if (request->target == "/to") {
+                    connection.send(answer(200, "here"));
+                } else {
+                    connection.send("HTTP/1.1 302 Found\r\nLocation: /to\r\n" + std::string(length));
+                    connection.stall();
+                }
+            }
+        });
+        URLRequest request = requestOf(server.url("/from"));
+        request.setTimeoutInterval(std::chrono::seconds(10));
+        const Loaded loaded = load(*makeSession(), request);
+        EXPECT_EQ(loaded.body(), "here") << loaded.story();
+    }
+}
+
+TEST(Redirects, ARedirectWhoseBodyTricklesIsFollowedWithoutWaitingForItsEnd) {
+    FaultServer server([](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            if (request->target == "/to") {
+                connection.send(answer(200, "here"));
+            } else {
+                connection.send("HTTP/1.1 302 Found\r\nLocation: /to\r\nContent-Length: 100000\r\n\r\n");
+                connection.trickle(std::string(100000, 'x'), std::chrono::milliseconds(20));
+            }
+        }
+    });
+    EXPECT_EQ(load(*makeSession(), server.url("/from")).body(), "here");
+}
+
+TEST(Redirects, ARedirectKeepsTheTimeOutOfTheRequest) {
+    FaultServer server([](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            if (request->target == "/to") {
+                // Longer than the wait for the body of a redirect.
+                connection.pace(std::chrono::milliseconds(600));
+                connection.send(answer(200, "here"));
+            } else {
+                connection.send(redirect(302, "/to"));
+            }
+        }
+    });
+    const Loaded loaded = load(*makeSession(), server.url("/from"));
+    EXPECT_EQ(loaded.body(), "here") << loaded.story();
+}

@@ -279,3 +279,34 @@ TEST(Requests, SixConnectionsServeAHost) {
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "x") << loaded.story();
     EXPECT_EQ(server.connectionCount(), 6U);
 }
+
+TEST(Requests, AMalformedHeaderFailsTheRequestWithItsNameAndNotItsValue) {
+    FaultServer server(always(answer(200, "")));
+    const auto session = makeSession();
+    // Once for an origin that is known already, which takes a shorter way.
+    ASSERT_TRUE(load(*session, server.url()).succeeded());
+    for (const auto& [name, value] :
+         {std::pair("Authorization", "Bearer secret\n"), std::pair("X Y\r\nZ", "secret")}) {
+        URLRequest request = requestOf(server.url());
+        request.addValue(value, name);
+        const Loaded loaded = load(*session, request);
+        EXPECT_EQ(loaded.code(), URLErrorCode::badURL) << loaded.story();
+        const std::string shown = std::string(name).starts_with("X") ? "X Y??Z" : name;
+        EXPECT_EQ(loaded.error()->localizedDescription(),
+                  "The name or the value of the header \"" + shown + "\" cannot be sent.");
+        EXPECT_EQ(loaded.story().find("secret"), std::string::npos);
+    }
+    EXPECT_EQ(server.requests().size(), 1U);
+}
+
+TEST(Requests, AMethodThatNoSessionSendsFailsTheRequest) {
+    FaultServer server(always(answer(200, "")));
+    const auto session = makeSession();
+    for (const std::string method : {"CONNECT", "TRACE", "PRI", "trace", "GET /", "", "G\r\nET"}) {
+        const Loaded loaded = load(*session, requestOf(server.url(), method));
+        EXPECT_EQ(loaded.code(), URLErrorCode::badURL) << method << ": " << loaded.story();
+    }
+    EXPECT_EQ(load(*session, requestOf(server.url(), "trace")).error()->localizedDescription(),
+              "The method TRACE is not supported.");
+    EXPECT_EQ(server.requests().size(), 0U);
+}

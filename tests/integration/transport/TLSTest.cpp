@@ -37,6 +37,7 @@ Loaded loadFrom(const Identity& identity, URLSession& session) {
 }
 
 long verifyResult(const Loaded& loaded) {
+    if (!loaded.error()) return -1;
     const auto info = loaded.error()->userInfo();
     const auto underlying = info.find("NSUnderlyingError");
     if (underlying == info.end()) return -1;
@@ -70,6 +71,15 @@ TEST(TLS, ACertificateOfAnotherHostIsRefused) {
     for (const char* subject : {"DNS:other.invalid", "IP:127.0.0.2", "DNS:127.0.0.1"}) {
         const Loaded loaded = loadFrom(trust().root.issue({.subject = subject}), *trustingSession());
         EXPECT_EQ(loaded.code(), URLErrorCode::serverCertificateUntrusted) << subject << loaded.story();
+    }
+}
+
+TEST(TLS, ACertificateWithoutAlternativeNamesIsRefusedThoughItsCommonNameIsTheHost) {
+    for (const char* names : {"", "email:someone@example.invalid"}) {
+        const Identity identity = trust().root.issue({.subject = names, .commonName = "127.0.0.1"});
+        const Loaded loaded = loadFrom(identity, *trustingSession());
+        EXPECT_EQ(loaded.code(), URLErrorCode::serverCertificateUntrusted) << names << loaded.story();
+        EXPECT_EQ(verifyResult(loaded), 62) << "the host name does not match";
     }
 }
 

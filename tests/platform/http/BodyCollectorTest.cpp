@@ -33,6 +33,18 @@ TEST(BodyCollector, DoesNotTakeTheMemoryThatALengthClaims) {
     }
 }
 
+TEST(BodyCollector, KeepsABodyThatIsLargerThanItsLengthClaims) {
+    const std::string text = sampleText(100 * 1000);
+    BodyCollector body;
+    body.expect(1, {});
+    for (std::size_t at = 0; at < text.size(); at += 777) {
+        ASSERT_FALSE(body.add(std::string_view(text).substr(at, 777)).has_value());
+    }
+    const Data data = body.take();
+    EXPECT_TRUE(data.view() == text);
+    EXPECT_EQ(std::string_view(data.data() + data.size(), Data::padding), std::string(Data::padding, '\0'));
+}
+
 TEST(BodyCollector, UndoesSeveralCodingsTheLastOneFirst) {
     const std::string text = sampleText(200 * 1000);
     const std::string coded = brotlied(gzipped(text));

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 using namespace VanticRestKit;
 using namespace VanticRestKit::detail;
 
@@ -30,6 +32,27 @@ TEST(CurlErrors, ACertificateThatIsNotYetValidHasACodeOfItsOwn) {
               URLErrorCode::serverCertificateNotYetValid);
     EXPECT_EQ(urlErrorCodeFor(CURLE_PEER_FAILED_VERIFICATION, "", 10),
               URLErrorCode::serverCertificateUntrusted);
+}
+
+TEST(CurlErrors, NameALimitOfLibcurlThatTheHeadersExceed) {
+    const auto code = [](const CurlFailure& failure) { return faultFor(failure).code; };
+    EXPECT_EQ(code({.code = CURLE_RECV_ERROR, .text = "Too large response headers: 2 > 1"}),
+              URLErrorCode::dataLengthExceedsMaximum);
+    EXPECT_EQ(code({.code = CURLE_OUT_OF_MEMORY, .isInsideHead = true}),
+              URLErrorCode::dataLengthExceedsMaximum);
+    EXPECT_EQ(code({.code = CURLE_OUT_OF_MEMORY}), URLErrorCode::unknown);
+    EXPECT_EQ(code({.code = CURLE_RECV_ERROR, .isInsideHead = true}), URLErrorCode::networkConnectionLost);
+}
+
+TEST(CurlErrors, NameTheLackOfASocketAndNotTheHost) {
+    for (const int error : {EMFILE, ENFILE, ENOBUFS, ENOMEM}) {
+        const TransportFault fault = faultFor({.code = CURLE_COULDNT_CONNECT, .socketError = error});
+        EXPECT_EQ(fault.code, URLErrorCode::unknown) << error;
+        EXPECT_NE(fault.description, "") << error;
+    }
+    EXPECT_EQ(faultFor({.code = CURLE_COULDNT_CONNECT, .socketError = EAFNOSUPPORT}).code,
+              URLErrorCode::cannotConnectToHost);
+    EXPECT_EQ(faultFor({.code = CURLE_COULDNT_RESOLVE_HOST}).code, URLErrorCode::cannotFindHost);
 }
 
 TEST(CurlErrors, StandBehindThePlatformsWithCodeAndText) {

@@ -91,9 +91,42 @@ TEST(HeaderCollector, TakesTheFirstLocation) {
     EXPECT_EQ(collected({"HTTP/1.1 302 Found", "Location: /a", "location: /b", ""}).location(), "/a");
 }
 
-TEST(HeaderCollector, DoesNotGrowWithoutEnd) {
+TEST(HeaderCollector, TakesAsManyLinesAsItsLimitAndNoMore) {
     HeaderCollector collector;
     collector.add("HTTP/1.1 200 OK\r\n");
-    for (int i = 0; i < 100 && !collector.fault(); ++i) collector.add("X: " + std::string(10000, 'x'));
-    EXPECT_TRUE(collector.fault().has_value());
+    for (std::size_t i = 1; i < headerLimits.lines; ++i) collector.add("h" + std::to_string(i) + ":\r\n");
+    ASSERT_EQ(collector.fault(), std::nullopt);
+    EXPECT_EQ(collector.fields().size(), headerLimits.lines - 1);
+    collector.add("\r\n");
+    ASSERT_TRUE(collector.fault().has_value());
+    EXPECT_EQ(collector.fault()->code, URLErrorCode::dataLengthExceedsMaximum);
+}
+
+TEST(HeaderCollector, TakesALineAsLongAsItsLimitAndNoLonger) {
+    for (const std::size_t more : {0, 1}) {
+        const std::string line = "X:" + std::string(headerLimits.line - 4 + more, 'x') + "\r\n";
+        HeaderCollector collector;
+        collector.add("HTTP/1.1 200 OK\r\n");
+        collector.add(line);
+        EXPECT_EQ(collector.fault().has_value(), more == 1);
+    }
+}
+
+TEST(HeaderCollector, CountsInterimAnswersAndTrailersAgainstItsLimits) {
+    const std::string line = "X: " + std::string(1000, 'x') + "\r\n";
+    for (const bool isTrailer : {false, true}) {
+        HeaderCollector collector;
+        std::size_t size = 0;
+        for (const std::string& each : {std::string("HTTP/1.1 200 OK\r\n"), std::string("\r\n")}) {
+            if (isTrailer) collector.add(each);
+        }
+        for (; !collector.fault() && size < 2 * headerLimits.size; size += line.size()) {
+            if (!isTrailer) collector.add("HTTP/1.1 103 Early Hints\r\n");
+            collector.add(line);
+            if (!isTrailer) collector.add("\r\n");
+        }
+        ASSERT_TRUE(collector.fault().has_value()) << isTrailer;
+        EXPECT_EQ(collector.fault()->code, URLErrorCode::dataLengthExceedsMaximum);
+        EXPECT_LE(size, headerLimits.size + line.size());
+    }
 }

@@ -43,6 +43,7 @@ TEST(URLErrors, EveryCodeHasTheDescriptionOfThePlatform) {
         {URLErrorCode::cannotDecodeRawData, "cannot decode raw data"},
         {URLErrorCode::cannotDecodeContentData, "cannot decode content data"},
         {URLErrorCode::cannotParseResponse, "cannot parse response"},
+        {URLErrorCode::dataLengthExceedsMaximum, "resource exceeds maximum size"},
         {URLErrorCode::secureConnectionFailed,
          "An SSL error has occurred and a secure connection to the server cannot be made."},
         {URLErrorCode::serverCertificateUntrusted, "The certificate for this server is invalid."},

@@ -67,6 +67,23 @@ TEST(URLRequest, AHeaderIsSetReplacedAndTakenOutByItsNameInAnyCase) {
     EXPECT_TRUE(made.allHTTPHeaderFields().empty());
 }
 
+TEST(URLRequest, RemembersTheNameOfAMalformedHeaderUntilItIsSetAnew) {
+    URLRequest made = request();
+    EXPECT_EQ(made.malformedHeaderField(), std::nullopt);
+    made.addValue("good", "Accept");
+    made.addValue("a secret\r\n", "Authorization");
+    made.setValue("value", "a b");
+    EXPECT_EQ(made.malformedHeaderField(), "Authorization");
+    EXPECT_NE(made, request());
+    made.setValue("good", "authorization");
+    EXPECT_EQ(made.malformedHeaderField(), "a b");
+    made.setValue(std::nullopt, "A B");
+    EXPECT_EQ(made.malformedHeaderField(), std::nullopt);
+    made.setValue("bad\n", "X");
+    EXPECT_EQ(made.malformedHeaderField(), "X");
+    EXPECT_EQ(made.allHTTPHeaderFields().size(), 2U);
+}
+
 TEST(URLRequest, AHeaderThatWouldBreakTheMessageIsLeftOut) {
     using namespace std::string_view_literals;
     URLRequest made = request();

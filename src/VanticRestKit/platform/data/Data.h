@@ -11,6 +11,10 @@
 
 namespace VanticRestKit {
 
+namespace detail {
+class ByteBuffer;
+}  // namespace detail
+
 /// An immutable run of bytes. Copies share one buffer, so a copy costs a reference count.
 ///
 /// Behind the last byte lie `padding` zero bytes that belong to the buffer, so that a reader may load whole
@@ -29,7 +33,8 @@ public:
     /// Takes over `bytes`; allocates only where its capacity has no room for the padding.
     explicit Data(std::string&& bytes) : size_(bytes.size()) {
         bytes.append(padding, '\0');
-        buffer_ = std::make_shared<const std::string>(std::move(bytes));
+        const auto held = std::make_shared<const std::string>(std::move(bytes));
+        bytes_ = std::shared_ptr<const char>(held, held->data());
     }
 
     /// Copies a text up to its NUL.
@@ -38,16 +43,16 @@ public:
     Data(const Data&) = default;
     Data& operator=(const Data&) = default;
     /// What was moved from has no bytes.
-    Data(Data&& other) noexcept : buffer_(std::move(other.buffer_)), size_(std::exchange(other.size_, 0)) {}
+    Data(Data&& other) noexcept : bytes_(std::move(other.bytes_)), size_(std::exchange(other.size_, 0)) {}
     Data& operator=(Data&& other) noexcept {
-        buffer_ = std::move(other.buffer_);
+        bytes_ = std::move(other.bytes_);
         size_ = std::exchange(other.size_, 0);
         return *this;
     }
     ~Data() = default;
 
     /// The first byte. It stays where it is as long as this `Data` or a copy of it lives.
-    const char* data() const noexcept { return buffer_ ? buffer_->data() : noBytes; }
+    const char* data() const noexcept { return bytes_ ? bytes_.get() : noBytes; }
     std::size_t size() const noexcept { return size_; }
     bool empty() const noexcept { return size_ == 0; }
 
@@ -57,6 +62,12 @@ public:
     friend bool operator==(const Data& a, const Data& b) noexcept { return a.view() == b.view(); }
 
 private:
+    friend class detail::ByteBuffer;
+
+    /// Takes part in owning `bytes`, which the padding follows.
+    Data(std::shared_ptr<const char> bytes, std::size_t size) noexcept
+        : bytes_(std::move(bytes)), size_(size) {}
+
     static std::string withRoom(std::string_view bytes) {
         std::string copy;
         copy.reserve(bytes.size() + padding);
@@ -67,7 +78,7 @@ private:
     static constexpr char noBytes[padding] = {};
 
     /// Null where there are no bytes.
-    std::shared_ptr<const std::string> buffer_{};
+    std::shared_ptr<const char> bytes_{};
     std::size_t size_{};
 };
 

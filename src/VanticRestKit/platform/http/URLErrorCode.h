@@ -20,7 +20,8 @@ enum class URLErrorCode : std::int64_t {
     unknown = -1,
     /// The task was cancelled.
     cancelled = -999,
-    /// The request has no URL, one without a host, or a method that is none.
+    /// The request cannot be sent as it is: it has no URL or one without a host, a method that is no token or
+    /// that a session does not send, or a header whose name or value is malformed.
     badURL = -1000,
     /// Nothing moved for as long as the request's `timeoutInterval`.
     timedOut = -1001,
@@ -42,6 +43,8 @@ enum class URLErrorCode : std::int64_t {
     cannotDecodeContentData = -1016,
     /// The answer is no HTTP, or says two things at once.
     cannotParseResponse = -1017,
+    /// The answer is larger than a limit of the session, or than the memory that is left.
+    dataLengthExceedsMaximum = -1103,
     /// TLS could not be set up, for a reason other than the certificate.
     secureConnectionFailed = -1200,
     /// The server's certificate is not to be trusted: expired, of another host, self-signed, of an unknown

@@ -5,6 +5,14 @@
 
 namespace VanticRestKit {
 
+namespace {
+
+bool isHeader(std::string_view name, std::string_view value) {
+    return detail::isToken(name) && detail::isHeaderValue(value);
+}
+
+}  // namespace
+
 URLRequest::URLRequest(URL url, URLRequestCachePolicy cachePolicy, Seconds timeoutInterval)
     : url_(std::move(url)), timeoutInterval_(timeoutInterval), cachePolicy_(cachePolicy) {}
 
@@ -13,7 +21,10 @@ void URLRequest::setHTTPMethod(std::optional<std::string> method) {
 }
 
 void URLRequest::addValue(std::string_view value, std::string_view name) {
-    if (!detail::isToken(name) || !detail::isHeaderValue(value)) return;
+    if (!isHeader(name, value)) {
+        malformedHeaders_.emplace_back(name);
+        return;
+    }
     const auto found = detail::findHeader(headers_, name);
     if (found == headers_.end()) {
         headers_.emplace(name, value);
@@ -24,7 +35,12 @@ void URLRequest::addValue(std::string_view value, std::string_view name) {
 }
 
 void URLRequest::setValue(std::optional<std::string_view> value, std::string_view name) {
-    if (value && (!detail::isToken(name) || !detail::isHeaderValue(*value))) return;
+    std::erase_if(malformedHeaders_,
+                  [name](const auto& other) { return detail::sameHeaderName(other, name); });
+    if (value && !isHeader(name, *value)) {
+        malformedHeaders_.emplace_back(name);
+        return;
+    }
     const auto found = detail::findHeader(headers_, name);
     if (found != headers_.end()) {
         if (value) {
@@ -35,6 +51,11 @@ void URLRequest::setValue(std::optional<std::string_view> value, std::string_vie
     } else if (value) {
         headers_.emplace(name, *value);
     }
+}
+
+std::optional<std::string> URLRequest::malformedHeaderField() const {
+    if (malformedHeaders_.empty()) return std::nullopt;
+    return malformedHeaders_.front();
 }
 
 std::optional<std::string> URLRequest::value(std::string_view name) const {

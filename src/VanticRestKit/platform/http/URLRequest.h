@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace VanticRestKit {
 
@@ -37,20 +38,26 @@ public:
 
     /// The method, with its case. Never empty: "GET" where nothing else was set.
     std::optional<std::string> httpMethod() const { return httpMethod_; }
-    /// Sets the method; an empty optional gives "GET". A body does not change the method.
+    /// Sets the method; an empty optional gives "GET". A body does not change the method. A session fails a
+    /// request whose method is no token, or is CONNECT, TRACE or PRI, with `URLErrorCode::badURL`.
     void setHTTPMethod(std::optional<std::string> method);
 
     /// Adds a header. Names compare without case; the value of a name that is there already is joined to it
     /// with a comma. A pair that cannot stand in a request (a name that is no token, a value with a line end
-    /// or a zero byte) is left out. What frames the message is the session's own and does not go out from
+    /// or a zero byte) is left out, and a session fails the request with `URLErrorCode::badURL`; see
+    /// `malformedHeaderField()`. What frames the message is the session's own and does not go out from
     /// here: Connection, Content-Length, Expect, Keep-Alive, Proxy-Connection, TE, Trailer,
     /// Transfer-Encoding, Upgrade.
     void addValue(std::string_view value, std::string_view forHTTPHeaderField);
     /// Sets a header in place of all values of that name; an empty optional removes it. Names compare without
-    /// case; a pair that cannot stand in a request is left out.
+    /// case; for a pair that cannot stand in a request see `addValue`. A header that is set anew, or removed, is
+    /// no longer malformed.
     void setValue(std::optional<std::string_view> value, std::string_view forHTTPHeaderField);
     /// The value of a header, its name compared without case. Empty where there is none.
     std::optional<std::string> value(std::string_view forHTTPHeaderField) const;
+    /// The name of the first header that was given with a malformed name or value and not set anew since, as it
+    /// was given; empty if there is none. Its value is not kept.
+    std::optional<std::string> malformedHeaderField() const;
     /// All headers of the request, without those that the session adds. Each name in the spelling that came
     /// first; no two names are the same without case.
     const std::map<std::string, std::string>& allHTTPHeaderFields() const noexcept { return headers_; }
@@ -79,6 +86,8 @@ private:
     std::optional<URL> url_;
     std::string httpMethod_ = "GET";
     std::map<std::string, std::string> headers_;
+    // Names alone: a value may be a secret, and what cannot be sent should not be printed either.
+    std::vector<std::string> malformedHeaders_;
     std::optional<Data> httpBody_;
     Seconds timeoutInterval_;
     URLRequestCachePolicy cachePolicy_;

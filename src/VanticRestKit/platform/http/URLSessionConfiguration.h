@@ -25,6 +25,12 @@ struct URLSessionConfiguration {
     /// `URLErrorCode::secureConnectionFailed`.
     std::optional<std::string> caBundlePath{};
 
+    /// The file to which the secrets of TLS connections are appended, so that a recording of the traffic can be read
+    /// while something is debugged. Whoever reads it can read the traffic. It is created, for the user alone, with the
+    /// first https request; if it cannot be opened, every https request fails with
+    /// `URLErrorCode::secureConnectionFailed`. Empty: nothing is logged.
+    std::optional<std::string> tlsKeyLogPath{};
+
     /// How many connections one host takes; at least 1.
     std::int64_t httpMaximumConnectionsPerHost = 6;
 

@@ -4,13 +4,13 @@
 /// `BodyCollector`: gathers the body of an answer.
 
 #include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/data/detail/ByteBuffer.h>
 #include <VanticRestKit/platform/http/detail/ContentDecoder.h>
 #include <VanticRestKit/platform/http/detail/URLErrors.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -35,7 +35,7 @@ public:
 private:
     std::vector<std::unique_ptr<ContentDecoder>> decoders_;
     std::uint64_t received_ = 0;
-    std::string body_;
+    ByteBuffer body_;
 };
 
 }  // namespace VanticRestKit::detail

@@ -7,12 +7,20 @@ namespace VanticRestKit::detail {
 
 namespace {
 
+// The errors of allocation are a range.
+bool lacksMemory(BrotliDecoderErrorCode error) {
+    return error <= BROTLI_DECODER_ERROR_ALLOC_CONTEXT_MODES &&
+           error >= BROTLI_DECODER_ERROR_ALLOC_BLOCK_TYPE_TREES;
+}
+
 class BrotliDecoder final : public ContentDecoder {
 public:
-    BrotliDecoder() : state_(BrotliDecoderCreateInstance(nullptr, nullptr, nullptr)) {}
+    BrotliDecoder() : state_(BrotliDecoderCreateInstance(nullptr, nullptr, nullptr)) {
+        isOutOfMemory_ = state_ == nullptr;
+    }
     ~BrotliDecoder() override { BrotliDecoderDestroyInstance(state_); }
 
-    bool decode(std::string_view coded, std::string& plain) override {
+    bool decode(std::string_view coded, ByteBuffer& plain) override {
         if (state_ == nullptr) return false;
         if (hasEnded()) return true;
         const auto* next = reinterpret_cast<const std::uint8_t*>(coded.data());
@@ -22,8 +30,11 @@ public:
             auto* out = reinterpret_cast<std::uint8_t*>(room.data());
             std::size_t outLeft = room.size();
             const auto answer = BrotliDecoderDecompressStream(state_, &left, &next, &outLeft, &out, nullptr);
-            plain.append(room.data(), room.size() - outLeft);
-            if (answer == BROTLI_DECODER_RESULT_ERROR) return false;
+            if (!plain.append({room.data(), room.size() - outLeft})) return false;
+            if (answer == BROTLI_DECODER_RESULT_ERROR) {
+                isOutOfMemory_ = lacksMemory(BrotliDecoderGetErrorCode(state_));
+                return false;
+            }
             if (answer != BROTLI_DECODER_RESULT_NEEDS_MORE_OUTPUT) return true;
         }
     }

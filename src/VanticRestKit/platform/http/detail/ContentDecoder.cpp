@@ -10,9 +10,6 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// Nobody codes a body more often with good intentions.
-constexpr std::size_t mostCodings = 4;
-
 std::unique_ptr<ContentDecoder> decoderNamed(std::string_view name) {
     if (sameHeaderName(name, "gzip") || sameHeaderName(name, "x-gzip")) return makeGzipDecoder();
     if (sameHeaderName(name, "deflate")) return makeDeflateDecoder();
@@ -32,7 +29,7 @@ Decoding decodingFor(std::string_view contentEncoding) {
         contentEncoding = comma == std::string_view::npos ? "" : contentEncoding.substr(comma + 1);
         if (name.empty() || sameHeaderName(name, "identity")) continue;
         auto decoder = decoderNamed(name);
-        if (!decoder || decoding.decoders.size() == mostCodings) {
+        if (!decoder || decoding.decoders.size() == maxCodings) {
             decoding.decoders.clear();
             decoding.isKnown = false;
             return decoding;

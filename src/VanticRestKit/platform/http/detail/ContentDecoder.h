@@ -3,8 +3,10 @@
 /// \file
 /// `ContentDecoder`: undoes one content coding of a body.
 
+#include <VanticRestKit/platform/data/detail/ByteBuffer.h>
+
+#include <cstddef>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -21,13 +23,22 @@ public:
     ContentDecoder& operator=(const ContentDecoder&) = delete;
     virtual ~ContentDecoder();
 
-    /// Decodes `coded` behind `plain`. Returns whether it could. What follows the end of the coding is
-    /// dropped.
-    virtual bool decode(std::string_view coded, std::string& plain) = 0;
+    /// Appends what `coded` decodes to to `plain`. Returns whether it could. What follows the end of the coding
+    /// is dropped.
+    virtual bool decode(std::string_view coded, ByteBuffer& plain) = 0;
+
+    /// Whether `decode` could not because there was no memory for its own state.
+    bool isOutOfMemory() const noexcept { return isOutOfMemory_; }
 
     /// Whether the coding, checksum included, came to its end.
     virtual bool hasEnded() const = 0;
+
+protected:
+    bool isOutOfMemory_ = false;
 };
+
+/// How many codings one body may have; no server has a good reason for so many.
+inline constexpr std::size_t maxCodings = 4;
 
 /// What a Content-Encoding asks for.
 struct Decoding {

@@ -5,20 +5,10 @@
 
 namespace VanticRestKit::detail {
 
-namespace {
-
-// Far above what servers send; below it a hostile one fills no memory.
-constexpr std::size_t largestHead = 512 * 1024;
-
-}  // namespace
-
 void HeaderCollector::add(std::string_view line) {
-    if (place_ == Place::behind) return;
+    count(line);
+    if (fault_ || place_ == Place::behind) return;
     while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.remove_suffix(1);
-    size_ += line.size();
-    if (size_ > largestHead && !fault_) {
-        fault_ = TransportFault{URLErrorCode::cannotParseResponse, "The headers of the answer have no end."};
-    }
     if (place_ == Place::before) {
         if (line.starts_with("HTTP/")) begin(line);
     } else if (line.empty()) {
@@ -28,8 +18,24 @@ void HeaderCollector::add(std::string_view line) {
     }
 }
 
+void HeaderCollector::count(std::string_view line) {
+    if (fault_) return;
+    size_ += line.size();
+    ++lines_;
+    if (line.size() > headerLimits.line) {
+        fault_ = TransportFault{URLErrorCode::dataLengthExceedsMaximum, std::string(longHeaderLine)};
+    } else if (size_ > headerLimits.size) {
+        fault_ = TransportFault{URLErrorCode::dataLengthExceedsMaximum, std::string(largeHeaders)};
+    } else if (lines_ > headerLimits.lines) {
+        fault_ = TransportFault{
+            URLErrorCode::dataLengthExceedsMaximum,
+            "The answer has more than " + std::to_string(headerLimits.lines) + " header lines."};
+    }
+}
+
 void HeaderCollector::begin(std::string_view line) {
     place_ = Place::inside;
+    byName_.clear();
     fields_.clear();
     last_ = nullptr;
     location_.reset();
@@ -54,12 +60,13 @@ void HeaderCollector::addField(std::string_view line) {
     const std::string_view value = trimmed(line.substr(colon + 1));
     if (sameHeaderName(name, "content-length")) readLength(value);
     if (sameHeaderName(name, "location") && !location_) location_ = value;
-    const auto found = findHeader(fields_, name);
-    if (found == fields_.end()) {
-        last_ = &fields_.emplace(name, value).first->second;
-    } else {
-        last_ = &found->second.append(", ").append(value);
+    if (const auto found = byName_.find(name); found != byName_.end()) {
+        last_ = &found->second->second.append(", ").append(value);
+        return;
     }
+    Field& field = *fields_.emplace(name, value).first;
+    byName_.emplace(field.first, &field);
+    last_ = &field.second;
 }
 
 void HeaderCollector::readLength(std::string_view value) {
@@ -91,9 +98,9 @@ void HeaderCollector::finish() {
 }
 
 std::optional<std::string> HeaderCollector::value(std::string_view name) const {
-    const auto found = findHeader(fields_, name);
-    if (found == fields_.end()) return std::nullopt;
-    return found->second;
+    const auto found = byName_.find(name);
+    if (found == byName_.end()) return std::nullopt;
+    return found->second->second;
 }
 
 }  // namespace VanticRestKit::detail

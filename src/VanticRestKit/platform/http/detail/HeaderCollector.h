@@ -3,11 +3,13 @@
 /// \file
 /// `HeaderCollector`: makes status and header fields of the lines of an answer.
 
+#include <VanticRestKit/platform/http/detail/HeaderName.h>
 #include <VanticRestKit/platform/http/detail/URLErrors.h>
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,8 +17,25 @@
 
 namespace VanticRestKit::detail {
 
+/// How much of header lines one answer may have. Far above what servers send; without a limit a hostile one
+/// fills the memory.
+struct HeaderLimits {
+    /// The bytes of one line.
+    std::size_t line = 64 * 1024;
+    /// The bytes of all lines, and their number: interim answers, headers and trailers together.
+    std::size_t size = 256 * 1024;
+    std::size_t lines = 1000;
+};
+
+/// The limits of every session.
+inline constexpr HeaderLimits headerLimits{};
+
+/// What the error says if a line, or all of them, are larger than `headerLimits`.
+inline constexpr std::string_view longHeaderLine = "A header line of the answer is longer than 64 KB.";
+inline constexpr std::string_view largeHeaders = "The headers of the answer are larger than 256 KB.";
+
 /// Takes an answer's header lines one by one. Interim answers (1xx) are passed over, and so are the trailers
-/// behind a body.
+/// after a body; but they count against the limits.
 class HeaderCollector {
 public:
     /// Takes one line, with or without its line end.
@@ -32,7 +51,10 @@ public:
     /// Whether the answer came over a protocol that carries several answers at once on one connection.
     bool isMultiplexed() const noexcept { return multiplexed_; }
     const HTTPURLResponse::HeaderFields& fields() const noexcept { return fields_; }
-    HTTPURLResponse::HeaderFields takeFields() noexcept { return std::move(fields_); }
+    HTTPURLResponse::HeaderFields takeFields() noexcept {
+        byName_.clear();
+        return std::move(fields_);
+    }
     /// The value of a field, its name compared without case.
     std::optional<std::string> value(std::string_view name) const;
     /// The first Location.
@@ -43,6 +65,9 @@ public:
 private:
     enum class Place { before, inside, behind };
 
+    using Field = HTTPURLResponse::HeaderFields::value_type;
+
+    void count(std::string_view line);
     void begin(std::string_view statusLine);
     void addField(std::string_view line);
     void readLength(std::string_view value);
@@ -52,11 +77,14 @@ private:
     std::int64_t status_ = 0;
     bool multiplexed_ = false;
     HTTPURLResponse::HeaderFields fields_;
+    // The fields by name without case, so that a head is not searched from its start for each line.
+    std::map<std::string_view, Field*, HeaderNameLess> byName_;
     std::string* last_ = nullptr;
     std::optional<std::string> location_;
     std::optional<std::uint64_t> contentLength_;
     std::optional<TransportFault> fault_;
     std::size_t size_ = 0;
+    std::size_t lines_ = 0;
 };
 
 }  // namespace VanticRestKit::detail

@@ -25,6 +25,14 @@ constexpr bool sameHeaderName(std::string_view a, std::string_view b) noexcept {
                       [](char x, char y) { return asciiLower(x) == asciiLower(y); });
 }
 
+/// Orders names without case.
+struct HeaderNameLess {
+    constexpr bool operator()(std::string_view a, std::string_view b) const noexcept {
+        return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
+                                            [](char x, char y) { return asciiLower(x) < asciiLower(y); });
+    }
+};
+
 // Written as loops: a search for one of several characters calls the C library for each character of the
 // text.
 

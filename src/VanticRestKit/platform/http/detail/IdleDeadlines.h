@@ -77,6 +77,14 @@ public:
     /// Watches on over an idler that `takeExpired` gave and that has moved all the same.
     void resume(Idler& idler) { note(idler); }
 
+    /// Gives a watched `idler` no more than `interval` from its last movement on.
+    void shorten(Idler& idler, Clock::duration interval) {
+        if (interval >= idler.interval() || idler.behind_ == nullptr) return;
+        idler.setInterval(interval);
+        forget(idler);
+        note(idler);
+    }
+
     /// When to look again; empty if nobody is watched.
     std::optional<TimePoint> next() const {
         if (isEmpty()) return std::nullopt;

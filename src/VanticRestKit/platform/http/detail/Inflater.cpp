@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <string>
 
 namespace VanticRestKit::detail {
 
@@ -27,7 +28,7 @@ public:
         if (isReady_) inflateEnd(&stream_);
     }
 
-    bool decode(std::string_view coded, std::string& plain) override {
+    bool decode(std::string_view coded, ByteBuffer& plain) override {
         if (!isReady_) {
             // The first two bytes tell the frame of a deflate; they may come one by one.
             head_ += coded;
@@ -48,11 +49,13 @@ private:
             const auto byte = [this](std::size_t i) { return static_cast<unsigned char>(head_[i]); };
             frame = beginsZlibFrame(byte(0), byte(1)) ? zlibFrame : noFrame;
         }
-        isReady_ = inflateInit2(&stream_, frame) == Z_OK;
+        const int answer = inflateInit2(&stream_, frame);
+        isReady_ = answer == Z_OK;
+        isOutOfMemory_ = answer == Z_MEM_ERROR;
         return isReady_;
     }
 
-    bool inflateAll(std::string_view coded, std::string& plain) {
+    bool inflateAll(std::string_view coded, ByteBuffer& plain) {
         while (!coded.empty()) {
             constexpr std::size_t most = std::numeric_limits<uInt>::max();
             const std::string_view piece = coded.substr(0, most);
@@ -62,7 +65,7 @@ private:
         return true;
     }
 
-    bool inflatePiece(std::string_view coded, std::string& plain) {
+    bool inflatePiece(std::string_view coded, ByteBuffer& plain) {
         // zlib does not write to its input; its interface only fails to say so.
         stream_.next_in = const_cast<Bytef*>(reinterpret_cast<const Bytef*>(coded.data()));
         stream_.avail_in = static_cast<uInt>(coded.size());
@@ -72,7 +75,8 @@ private:
             stream_.next_out = reinterpret_cast<Bytef*>(room.data());
             stream_.avail_out = static_cast<uInt>(room.size());
             const int answer = inflate(&stream_, Z_NO_FLUSH);
-            plain.append(room.data(), room.size() - stream_.avail_out);
+            if (!plain.append({room.data(), room.size() - stream_.avail_out})) return false;
+            isOutOfMemory_ = answer == Z_MEM_ERROR;
             hasEnded_ = answer == Z_STREAM_END;
             if (answer == Z_BUF_ERROR) return true;
             if (answer != Z_OK && !hasEnded_) return false;

@@ -1,13 +1,40 @@
 #include <VanticRestKit/platform/http/detail/HeaderName.h>
 #include <VanticRestKit/platform/http/detail/Origin.h>
 
+#include <array>
 #include <string_view>
+#include <utility>
 
 namespace VanticRestKit::detail {
 
 namespace {
 
 constexpr std::int64_t largestPort = 65535;
+
+// CONNECT asks for a tunnel and PRI for HTTP/2 in place of an answer; TRACE has the server repeat the credentials.
+constexpr std::array<std::string_view, 3> refusedMethods{"CONNECT", "TRACE", "PRI"};
+
+std::optional<TransportFault> methodFault(std::string_view method) {
+    const auto bad = [](std::string text) {
+        return TransportFault{.code = URLErrorCode::badURL, .description = std::move(text)};
+    };
+    if (!isToken(method)) return bad("The method of the request is malformed.");
+    // Servers differ in whether the case of a method matters.
+    for (const std::string_view refused : refusedMethods) {
+        if (sameHeaderName(method, refused)) {
+            return bad("The method " + std::string(refused) + " is not supported.");
+        }
+    }
+    return std::nullopt;
+}
+
+/// `name` in a form in which it can be part of a message: short, and without control characters.
+std::string printable(std::string_view name) {
+    constexpr std::size_t maxSize = 64;
+    std::string text;
+    for (const char c : name.substr(0, maxSize)) text += c < ' ' || c > '~' ? '?' : c;
+    return name.size() > maxSize ? text + "..." : text;
+}
 
 }  // namespace
 
@@ -56,8 +83,11 @@ std::optional<TransportFault> whyUnusable(const URLRequest& request) {
     if (const auto port = url.port(); port && (*port < 1 || *port > largestPort)) {
         return TransportFault{URLErrorCode::badURL, "The URL's port is none."};
     }
-    if (!isToken(request.httpMethod().value_or("GET"))) {
-        return TransportFault{URLErrorCode::badURL, "The request's method is no token."};
+    if (auto fault = methodFault(request.httpMethod().value_or("GET"))) return fault;
+    if (const auto name = request.malformedHeaderField()) {
+        return TransportFault{.code = URLErrorCode::badURL,
+                              .description = "The name or the value of the header \"" + printable(*name) +
+                                             "\" cannot be sent."};
     }
     return std::nullopt;
 }

@@ -19,6 +19,7 @@ std::string_view urlErrorDescription(URLErrorCode code) {
         case URLErrorCode::cannotDecodeRawData: return "cannot decode raw data";
         case URLErrorCode::cannotDecodeContentData: return "cannot decode content data";
         case URLErrorCode::cannotParseResponse: return "cannot parse response";
+        case URLErrorCode::dataLengthExceedsMaximum: return "resource exceeds maximum size";
         case URLErrorCode::secureConnectionFailed:
             return "An SSL error has occurred and a secure connection to the server cannot be made.";
         case URLErrorCode::serverCertificateUntrusted: return "The certificate for this server is invalid.";
@@ -31,7 +32,8 @@ std::string_view urlErrorDescription(URLErrorCode code) {
 Error makeURLError(const TransportFault& fault, const std::optional<URL>& url,
                    const std::optional<Error>& underlying) {
     Dictionary userInfo;
-    userInfo.emplace(NSLocalizedDescriptionKey, urlErrorDescription(fault.code));
+    userInfo.emplace(NSLocalizedDescriptionKey,
+                     fault.description.empty() ? urlErrorDescription(fault.code) : fault.description);
     if (url) userInfo.emplace(NSURLErrorFailingURLStringErrorKey, url->absoluteString());
     if (underlying) userInfo.emplace(NSUnderlyingErrorKey, *underlying);
     if (!fault.reason.empty()) userInfo.emplace(NSDebugDescriptionKey, fault.reason);

@@ -24,6 +24,9 @@ std::string_view urlErrorDescription(URLErrorCode code);
 struct TransportFault {
     URLErrorCode code = URLErrorCode::unknown;
     std::string reason{};
+    /// What the error says in place of the sentence that goes with its code, if that one would mislead; else
+    /// empty.
+    std::string description{};
 };
 
 /// The error of `fault` at `url`, caused by `underlying` if that is there.

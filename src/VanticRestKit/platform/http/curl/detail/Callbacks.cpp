@@ -1,14 +1,12 @@
 #include <VanticRestKit/platform/http/curl/detail/Callbacks.h>
 #include <VanticRestKit/platform/http/curl/detail/Exchange.h>
 
+#include <cerrno>
 #include <string_view>
 
 namespace VanticRestKit::detail {
 
 namespace {
-
-// A redirect's body is read so that its connection can be used again; a larger one is not worth it.
-constexpr std::uint64_t mostForgotten = 256 * 1024;
 
 Attempt& attemptOf(void* user) { return *static_cast<EasyHandle*>(user)->attempt; }
 
@@ -29,10 +27,7 @@ std::size_t onBody(char* bytes, std::size_t size, std::size_t count, void* user)
     Attempt& attempt = attemptOf(user);
     attempt.received();
     const std::string_view piece(bytes, size * count);
-    if (attempt.isRedirect) {
-        attempt.forgotten += piece.size();
-        return attempt.forgotten > mostForgotten ? 0 : piece.size();
-    }
+    if (attempt.isRedirect) return attempt.drain(piece.size()) ? piece.size() : 0;
     if (attempt.hasUnknownCoding) {
         attempt.fault = TransportFault{URLErrorCode::cannotDecodeRawData,
                                        "The body has a coding that is not known here."};
@@ -66,6 +61,9 @@ int onReadyToSend(void* user, char* remoteAddress, char* localAddress, int remot
         ++attempt.connection->streams;
         ++attempt.connection->sendings;
     }
+    // A request that libcurl moves away from a suspect connection counts again; one that it puts there does not.
+    attempt.surroundings.admission.setAside(attempt.exchange,
+                                            attempt.connection && attempt.connection->isSuspect);
     return CURL_PREREQFUNC_OK;
 }
 
@@ -73,6 +71,7 @@ curl_socket_t onOpenSocket(void* user, curlsocktype, curl_sockaddr* address) {
     Attempt& attempt = attemptOf(user);
     attempt.openedSocket =
         attempt.surroundings.connections.open(address->family, address->socktype, address->protocol);
+    if (attempt.openedSocket < 0) attempt.socketError = errno;
     if (auto connection = attempt.surroundings.connections.find(attempt.openedSocket)) {
         if (!attempt.exchange.isPatient) {
             connection->giveUpAt = attempt.surroundings.now + attempt.exchange.connectPatience();

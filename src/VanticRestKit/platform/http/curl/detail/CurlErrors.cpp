@@ -1,6 +1,11 @@
 #include <VanticRestKit/platform/http/curl/detail/CurlErrors.h>
+#include <VanticRestKit/platform/http/detail/HeaderCollector.h>
 
+#include <sys/socket.h>
+#include <unistd.h>
+#include <cerrno>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -13,7 +18,50 @@ constexpr long certificateNotYetValid = 9;
 
 bool tellsOfChunks(std::string_view text) { return text.find("hunked") != std::string_view::npos; }
 
+bool tellsOfLargeHeaders(std::string_view text) {
+    return text.find("Too large response headers") != std::string_view::npos;
+}
+
+// Why no socket can be opened now, as an `errno`; 0 if one can.
+int probeForSocket() {
+    const int probe = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (probe < 0) return errno;
+    ::close(probe);
+    return 0;
+}
+
+// The fault of a process or a system that has run out of sockets: it says nothing about the host, and to try again at
+// once makes it worse.
+std::optional<TransportFault> exhaustionFault(int socketError) {
+    switch (socketError) {
+        case EMFILE:
+            return TransportFault{.description = "The process has no free file descriptor for a connection."};
+        case ENFILE:
+            return TransportFault{.description = "The system has no free file descriptor for a connection."};
+        case ENOBUFS:
+        case ENOMEM: return TransportFault{.description = "The system has no memory for a connection."};
+        default: return std::nullopt;
+    }
+}
+
 }  // namespace
+
+TransportFault faultFor(const CurlFailure& failure) {
+    // What is larger than our own limits is found before; this is larger than those of libcurl.
+    if (failure.isInsideHead && failure.code == CURLE_OUT_OF_MEMORY) {
+        return {URLErrorCode::dataLengthExceedsMaximum, std::string(longHeaderLine)};
+    }
+    if (tellsOfLargeHeaders(failure.text)) {
+        return {URLErrorCode::dataLengthExceedsMaximum, std::string(largeHeaders)};
+    }
+    if (failure.code == CURLE_COULDNT_CONNECT || failure.code == CURLE_COULDNT_RESOLVE_HOST) {
+        // A lookup opens its sockets and files in the C library, which does not pass on why it could not.
+        const bool isLookup = failure.code == CURLE_COULDNT_RESOLVE_HOST;
+        const int reason = isLookup ? probeForSocket() : failure.socketError;
+        if (auto fault = exhaustionFault(reason)) return *std::move(fault);
+    }
+    return {urlErrorCodeFor(failure.code, failure.text, failure.verifyResult)};
+}
 
 URLErrorCode urlErrorCodeFor(CURLcode code, std::string_view text, long verifyResult) {
     switch (code) {

@@ -12,6 +12,22 @@
 
 namespace VanticRestKit::detail {
 
+/// How libcurl ended a request, and what of it is known besides.
+struct CurlFailure {
+    CURLcode code;
+    /// libcurl's own message; may be empty.
+    std::string_view text{};
+    /// The TLS library's result of verifying the certificate; 0 if there is none.
+    long verifyResult = 0;
+    /// Whether the request was sent and the head of its answer is not complete.
+    bool isInsideHead = false;
+    /// Why a socket could not be opened, as an `errno`; 0 if none failed.
+    int socketError = 0;
+};
+
+/// The fault that `failure` is to the platform.
+TransportFault faultFor(const CurlFailure& failure);
+
 /// The platform's code for libcurl's `code`, which came with `text` and the TLS library's `verifyResult`.
 URLErrorCode urlErrorCodeFor(CURLcode code, std::string_view text, long verifyResult);
 

@@ -44,6 +44,10 @@ EasyHandle::EasyHandle(const EasySettings& settings, bool isSecure)
     Options options(easy_);
     setConduct(options);
     setSecurity(options, settings);
+    if (isSecure) {
+        options.set(CURLOPT_BUFFERSIZE, largestSecureHead);
+        setTlsContext(options, *settings.keyLog);
+    }
     for (const std::string& address : settings.addresses) {
         curl_slist* const longer = curl_slist_append(addresses_.get(), address.c_str());
         if (longer == nullptr) return;
@@ -51,7 +55,6 @@ EasyHandle::EasyHandle(const EasySettings& settings, bool isSecure)
         addresses_.reset(longer);
     }
     if (addresses_) options.set(CURLOPT_RESOLVE, addresses_.get());
-    if (isSecure) options.set(CURLOPT_BUFFERSIZE, largestSecureHead);
     options.set(CURLOPT_PRIVATE, this);
     options.set(CURLOPT_ERRORBUFFER, errorText_.data());
     setCallbacks(options, *this, *settings.connections);

@@ -4,6 +4,7 @@
 /// `EasyHandle`: one of libcurl's easy handles with what stays set from request to request, and `EasyPool`.
 
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
+#include <VanticRestKit/platform/http/curl/detail/TlsContext.h>
 #include <VanticRestKit/platform/url/URL.h>
 
 #include <curl/curl.h>
@@ -24,6 +25,7 @@ struct Attempt;
 struct EasySettings {
     std::optional<std::string> caBundlePath{};
     Connections* connections = nullptr;
+    TlsKeyLog* keyLog = nullptr;
     /// Addresses of hosts that are not to be looked up, in libcurl's form.
     std::vector<std::string> addresses{};
 };

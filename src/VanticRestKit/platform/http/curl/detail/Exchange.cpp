@@ -6,6 +6,15 @@
 
 namespace VanticRestKit::detail {
 
+namespace {
+
+// The body of a redirect is read so that its connection can be used again. A body that is larger, or takes longer, costs
+// more than a new connection.
+constexpr std::uint64_t maxDrained = 256 * 1024;
+constexpr std::chrono::milliseconds maxDrainTime{200};
+
+}  // namespace
+
 Exchange::Exchange(std::shared_ptr<Transfer> transfer) : transfer_(std::move(transfer)) {}
 
 Exchange::~Exchange() = default;
@@ -28,15 +37,23 @@ bool Attempt::gaveUpAnAddress() const {
 void Attempt::moved() { exchange.moved(surroundings.now); }
 
 void Attempt::received() {
-    moved();
+    if (!isRedirect) moved();
     if (connection) connection->lastMoved = surroundings.now;
+}
+
+bool Attempt::drain(std::size_t size) {
+    drained_ += size;
+    return std::max(drained_, head.contentLength().value_or(0)) <= maxDrained;
 }
 
 void Attempt::readHead() {
     hasHead = true;
     surroundings.admission.learn(exchange, head.isMultiplexed() ? Carriage::many : Carriage::one);
     isRedirect = VanticRestKit::detail::isRedirect(head.status()) && head.location().has_value();
-    if (isRedirect) return;
+    if (isRedirect) {
+        surroundings.deadlines.shorten(exchange, maxDrainTime);
+        return;
+    }
     Decoding decoding = decodingFor(head.value("content-encoding").value_or(""));
     // Whoever names codings of their own can undo them.
     hasUnknownCoding = !decoding.isKnown && !exchange.request().value("accept-encoding");

@@ -65,6 +65,7 @@ struct AttemptSurroundings {
     Connections& connections;
     PendingConnects& pendingConnects;
     Admission& admission;
+    IdleDeadlines& deadlines;
 };
 
 /// One request in libcurl's hands, and what has come back so far.
@@ -76,10 +77,12 @@ struct Attempt {
 
     /// Something of this request moved.
     void moved();
-    /// Something of its answer came.
+    /// Something of its answer came. What follows the head of a redirect does not count as movement.
     void received();
-    /// The headers are complete.
+    /// The headers are complete. Those of a redirect leave its body only a short time.
     void readHead();
+    /// Takes `size` bytes of the body of a redirect. Returns whether the rest is worth reading.
+    bool drain(std::size_t size);
     /// Whether it is on no connection: not yet, or not any more, because the server refused it there.
     bool waitsForConnection() const { return sendings == 0 || (connection && connection->socket < 0); }
 
@@ -97,7 +100,6 @@ struct Attempt {
     bool isRedirect = false;
     /// Whether the body has a coding that is not known and was not asked for.
     bool hasUnknownCoding = false;
-    std::uint64_t forgotten = 0;
 
     /// Whether libcurl has brought the request to its end.
     bool isWhole = false;
@@ -114,11 +116,16 @@ struct Attempt {
     std::shared_ptr<Connection> connection;
     /// The socket opened last for this request.
     int openedSocket = -1;
+    /// Why a socket could not be opened, as an `errno`; 0 if none failed.
+    int socketError = 0;
     /// The connections opened for it, also those to addresses that failed.
     std::vector<std::shared_ptr<Connection>> opened;
     /// Whether an address was given up before its time could tell.
     bool gaveUpAnAddress() const;
     curl_off_t uploaded = 0;
+
+private:
+    std::uint64_t drained_ = 0;
 };
 
 }  // namespace VanticRestKit::detail

@@ -1,6 +1,6 @@
 #include <VanticRestKit/platform/http/curl/detail/ExitGate.h>
+#include <VanticRestKit/platform/http/curl/detail/GlobalInit.h>
 
-#include <curl/curl.h>
 #include <chrono>
 #include <cstdlib>
 #include <new>
@@ -16,7 +16,7 @@ ExitGate& ExitGate::shared() {
 ExitGate::ExitGate() {
     // What libcurl and its TLS library register for the end of the process must be registered first, because
     // the last one registered runs first.
-    curl_global_init(CURL_GLOBAL_DEFAULT);
+    initialiseLibcurl();
     std::atexit(&ExitGate::close);
 }
 

@@ -1,6 +1,7 @@
 #include <VanticRestKit/platform/http/curl/detail/CurlErrors.h>
 #include <VanticRestKit/platform/http/curl/detail/EasySetup.h>
 #include <VanticRestKit/platform/http/curl/detail/IoLoop.h>
+#include <VanticRestKit/platform/http/curl/detail/WakePair.h>
 #include <VanticRestKit/platform/http/detail/Origin.h>
 #include <VanticRestKit/platform/http/detail/RedirectRule.h>
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
@@ -29,6 +30,7 @@ std::size_t connectionsPerHost(const URLSessionConfiguration& configuration) {
 CURLM* makeMulti(std::size_t connectionsPerHost) {
     CURLM* const multi = curl_multi_init();
     if (multi == nullptr) return nullptr;
+    closeWakePairInChildren(multi);
     curl_multi_setopt(multi, CURLMOPT_PIPELINING, CURLPIPE_MULTIPLEX);
     curl_multi_setopt(multi, CURLMOPT_MAX_HOST_CONNECTIONS, static_cast<long>(connectionsPerHost));
     curl_multi_setopt(multi, CURLMOPT_MAXCONNECTS, mostIdleConnections);
@@ -42,9 +44,11 @@ IoLoop::IoLoop(const URLSessionConfiguration& configuration, const TransportSeam
     : usualInterval_(configuration.timeoutIntervalForRequest),
       inbox_(std::move(inbox)),
       delegateQueue_(std::move(delegateQueue)),
+      keyLog_(configuration.tlsKeyLogPath),
       multi_(makeMulti(connectionsPerHost(configuration))),
       pool_({.caBundlePath = configuration.caBundlePath,
              .connections = &connections_,
+             .keyLog = &keyLog_,
              .addresses = seams.addresses}),
       admission_(connectionsPerHost(configuration)),
       suspects_(connections_, admission_,
@@ -64,7 +68,7 @@ void IoLoop::run(ExitGate& gate) {
         admit();
         int running = 0;
         curl_multi_perform(multi_, &running);
-        suspects_.clearMoved();
+        suspects_.review();
         collectFinished();
         timeOutIdle();
         resets_.shutDownQuiet(now_);
@@ -98,7 +102,8 @@ void IoLoop::begin(std::shared_ptr<Transfer> transfer) {
         return;
     }
     const URLRequest& request = exchange.request();
-    const bool isUsable = request.httpMethod() == "GET" && request.url() && origins_.knows(*request.url());
+    const bool isUsable = request.httpMethod() == "GET" && request.url() && origins_.knows(*request.url()) &&
+                          !request.malformedHeaderField();
     if (const auto fault = isUsable ? std::nullopt : whyUnusable(request)) {
         fail(exchange, *fault);
     } else {
@@ -133,7 +138,8 @@ void IoLoop::send(Exchange& exchange) {
         std::make_unique<Attempt>(exchange, AttemptSurroundings{.now = now_,
                                                                 .connections = connections_,
                                                                 .pendingConnects = pendingConnects_,
-                                                                .admission = admission_});
+                                                                .admission = admission_,
+                                                                .deadlines = deadlines_});
     exchange.attempt->handle = pool_.take(isSecure(*exchange.request().url()));
     exchange.attempt->headerLines = headerLines_.of(exchange.request());
     if (!prepareEasy(*exchange.attempt, admission_.hasSetAside(exchange)) ||
@@ -170,7 +176,12 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
         long verified = 0;
         curl_easy_getinfo(attempt.handle->get(), CURLINFO_SSL_VERIFYRESULT, &verified);
         const char* const text = attempt.handle->errorText();
-        fail(exchange, {urlErrorCodeFor(code, text, verified)}, underlyingError(code, text, verified));
+        const CurlFailure failure{.code = code,
+                                  .text = text,
+                                  .verifyResult = verified,
+                                  .isInsideHead = attempt.sendings > 0 && !attempt.head.isComplete(),
+                                  .socketError = attempt.socketError};
+        fail(exchange, faultFor(failure), underlyingError(code, text, verified));
     } else if (!attempt.head.isComplete()) {
         fail(exchange,
              {URLErrorCode::networkConnectionLost, "The connection was closed inside the headers."});
@@ -215,6 +226,7 @@ void IoLoop::follow(Exchange& exchange) {
         fail(exchange, *fault);
     } else {
         release(exchange);
+        exchange.setInterval(idleInterval(exchange.request().timeoutInterval(), usualInterval_));
         enqueue(exchange);
     }
 }
@@ -242,7 +254,10 @@ void IoLoop::fail(Exchange& exchange, const TransportFault& fault, const std::op
 void IoLoop::timeOutIdle() {
     while (Idler* const idler = deadlines_.takeExpired(now_)) {
         Exchange& exchange = static_cast<Exchange&>(*idler);
-        if (movedUnseen(exchange)) {
+        if (exchange.attempt->isRedirect) {
+            // The time for its body is up.
+            follow(exchange);
+        } else if (movedUnseen(exchange)) {
             deadlines_.resume(exchange);
         } else {
             suspects_.judge(exchange, now_);

@@ -77,6 +77,7 @@ private:
     const DispatchQueue delegateQueue_;
     // Above the multi handle, which closes its sockets through it.
     Connections connections_;
+    TlsKeyLog keyLog_;
     PendingConnects pendingConnects_;
     CURLM* multi_;
     EasyPool pool_;

@@ -32,9 +32,14 @@ void SuspectConnections::left(const Connection& connection) {
     std::erase_if(suspects_, [&](const Suspect& suspect) { return suspect.connection.get() == &connection; });
 }
 
-void SuspectConnections::clearMoved() {
+void SuspectConnections::review() {
     std::erase_if(suspects_, [this](const Suspect& suspect) {
         Connection& connection = *suspect.connection;
+        if (connection.socket < 0) return true;
+        if (connection.streams == 0) {
+            connections_.shutDown(connection);
+            return true;
+        }
         if (connection.lastMoved <= suspect.since) return false;
         connection.isSuspect = false;
         setAside(connection, false);

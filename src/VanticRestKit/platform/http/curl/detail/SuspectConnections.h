@@ -32,8 +32,9 @@ public:
     /// `exchange` has just left `connection`.
     void left(const Connection& connection);
 
-    /// Clears the suspects on which something has moved.
-    void clearMoved();
+    /// Clears the suspects on which something has moved, and shuts down those that libcurl has moved the last
+    /// request away from without a word.
+    void review();
 
 private:
     struct Suspect {

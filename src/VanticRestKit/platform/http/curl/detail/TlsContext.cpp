@@ -1,0 +1,86 @@
+#include <VanticRestKit/platform/http/curl/detail/TlsContext.h>
+
+#include <openssl/ssl.h>
+#include <openssl/x509v3.h>
+
+#include <fcntl.h>
+#include <unistd.h>
+#include <memory>
+#include <utility>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+bool namesHost(const X509* certificate) {
+    struct Deleter {
+        void operator()(GENERAL_NAMES* names) const { GENERAL_NAMES_free(names); }
+    };
+    const std::unique_ptr<GENERAL_NAMES, Deleter> names(
+        static_cast<GENERAL_NAMES*>(X509_get_ext_d2i(certificate, NID_subject_alt_name, nullptr, nullptr)));
+    for (int i = 0; names && i < sk_GENERAL_NAME_num(names.get()); ++i) {
+        const int type = sk_GENERAL_NAME_value(names.get(), i)->type;
+        if (type == GEN_DNS || type == GEN_IPADD) return true;
+    }
+    return false;
+}
+
+// Called for each certificate of the chain, the server's own last. libcurl compares the host with the alternative names
+// later; but if there are none, it is content with the common name, which says nothing about hosts.
+int onVerify(int isGood, X509_STORE_CTX* chain) {
+    if (isGood == 0 || X509_STORE_CTX_get_error_depth(chain) > 0) return isGood;
+    if (namesHost(X509_STORE_CTX_get_current_cert(chain))) return 1;
+    X509_STORE_CTX_set_error(chain, X509_V_ERR_HOSTNAME_MISMATCH);
+    return 0;
+}
+
+// The slot of a context in which its key log is found.
+int keyLogSlot() {
+    static const int slot = SSL_CTX_get_ex_new_index(0, nullptr, nullptr, nullptr, nullptr);
+    return slot;
+}
+
+void onSecret(const SSL* connection, const char* line) {
+    void* const found = SSL_CTX_get_ex_data(SSL_get_SSL_CTX(connection), keyLogSlot());
+    if (found != nullptr) static_cast<const TlsKeyLog*>(found)->add(line);
+}
+
+CURLcode onContext(CURL*, void* made, void* user) {
+    SSL_CTX* const context = static_cast<SSL_CTX*>(made);
+    TlsKeyLog& keyLog = *static_cast<TlsKeyLog*>(user);
+    SSL_CTX_set_verify(context, SSL_VERIFY_PEER, &onVerify);
+    // Without one it is set to none: libcurl logs to a file that a variable of the environment names.
+    SSL_CTX_set_keylog_callback(context, keyLog.isWanted() ? &onSecret : nullptr);
+    if (!keyLog.isWanted()) return CURLE_OK;
+    const bool isReady = keyLog.open() && SSL_CTX_set_ex_data(context, keyLogSlot(), &keyLog) == 1;
+    return isReady ? CURLE_OK : CURLE_SSL_CONNECT_ERROR;
+}
+
+}  // namespace
+
+TlsKeyLog::TlsKeyLog(std::optional<std::string> path) : path_(std::move(path)) {}
+
+TlsKeyLog::~TlsKeyLog() {
+    if (file_ >= 0) ::close(file_);
+}
+
+bool TlsKeyLog::open() {
+    constexpr mode_t onlyTheUser = 0600;
+    if (file_ < 0 && path_) {
+        file_ = ::open(path_->c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, onlyTheUser);
+    }
+    return file_ >= 0;
+}
+
+void TlsKeyLog::add(std::string_view line) const {
+    // In one piece, so that several sessions can share a file.
+    const std::string whole = std::string(line) + '\n';
+    [[maybe_unused]] const auto written = ::write(file_, whole.data(), whole.size());
+}
+
+void setTlsContext(Options& options, TlsKeyLog& keyLog) {
+    options.set(CURLOPT_SSL_CTX_FUNCTION, &onContext);
+    options.set(CURLOPT_SSL_CTX_DATA, &keyLog);
+}
+
+}  // namespace VanticRestKit::detail

@@ -1,0 +1,38 @@
+#pragma once
+
+/// \file
+/// What a session asks of TLS that libcurl has no option for, and `TlsKeyLog`.
+
+#include <VanticRestKit/platform/http/curl/detail/Options.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace VanticRestKit::detail {
+
+/// The file in which the secrets of a session's TLS connections are logged. For one thread.
+class TlsKeyLog {
+public:
+    explicit TlsKeyLog(std::optional<std::string> path);
+    ~TlsKeyLog();
+    TlsKeyLog(const TlsKeyLog&) = delete;
+    TlsKeyLog& operator=(const TlsKeyLog&) = delete;
+
+    /// Whether secrets are to be logged.
+    bool isWanted() const noexcept { return path_.has_value(); }
+    /// Opens the file, which only the user may read if it is created here. Returns whether it is open.
+    bool open();
+    /// Appends a line.
+    void add(std::string_view line) const;
+
+private:
+    const std::optional<std::string> path_;
+    int file_ = -1;
+};
+
+/// Has each TLS context that libcurl makes refuse certificates without a name of a host among their subject alternative
+/// names, and log its secrets to `keyLog` and nowhere else. `keyLog` must outlive the connections.
+void setTlsContext(Options& options, TlsKeyLog& keyLog);
+
+}  // namespace VanticRestKit::detail

@@ -1,0 +1,81 @@
+#include <VanticRestKit/platform/http/URLSession.h>
+
+#include <gtest/gtest.h>
+#include <platform/json/Sanitized.h>
+#include <support/Codings.h>
+#include <support/FaultServer.h>
+#include <support/Loading.h>
+
+#include <sys/resource.h>
+#include <unistd.h>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::test;
+
+namespace {
+
+constexpr std::size_t megabyte = 1024 * 1024;
+
+class Memory : public testing::Test {
+protected:
+    // Each process begins anew, so that no thread is lost in a fork.
+    void SetUp() override {
+#ifdef VRK_IS_SANITIZED
+        GTEST_SKIP() << "a sanitizer needs the address space that this test takes away";
+#endif
+        GTEST_FLAG_SET(death_test_style, "threadsafe");
+    }
+};
+
+/// Leaves the process no more than `size` bytes besides what it has now.
+void limitMemory(std::size_t size) {
+    std::size_t pages = 0;
+    std::FILE* const file = std::fopen("/proc/self/statm", "re");
+    if (file == nullptr || std::fscanf(file, "%zu", &pages) != 1) std::abort();
+    std::fclose(file);
+    rlimit limit{};
+    getrlimit(RLIMIT_AS, &limit);
+    limit.rlim_cur = pages * static_cast<std::size_t>(sysconf(_SC_PAGESIZE)) + size;
+    setrlimit(RLIMIT_AS, &limit);
+}
+
+/// Ends the process with 0 if a body of `coding` without end, made of `piece` over and over, fails as it should, and
+/// the session loads on afterwards.
+[[noreturn]] void loadWithLittleMemory(const std::string& coding, const std::string& piece) {
+    const std::string head = "HTTP/1.1 200 OK\r\n" + coding + "\r\n";
+    FaultServer server([&](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            if (request->target != "/endless") {
+                connection.send(answer(200, "small"));
+                continue;
+            }
+            connection.send(head);
+            while (connection.send(piece)) {
+            }
+        }
+    });
+    const auto session = URLSession::make(URLSessionConfiguration::default_());
+    load(*session, server.url());
+    limitMemory(200 * megabyte);
+    const Loaded loaded = load(*session, server.url("/endless"));
+    if (loaded.code() != URLErrorCode::dataLengthExceedsMaximum) {
+        std::fprintf(stderr, "%s\n", loaded.story().c_str());
+        std::_Exit(1);
+    }
+    std::_Exit(load(*session, server.url()).body() == "small" ? 0 : 2);
+}
+
+}  // namespace
+
+TEST_F(Memory, ABodyThatCannotBeHeldEndsItsLoadAndNotTheProcess) {
+    EXPECT_EXIT(loadWithLittleMemory("", std::string(megabyte, 'x')), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(Memory, ACodedBodyThatCannotBeHeldEndsItsLoadAndNotTheProcess) {
+    // Files of gzip that follow each other, a megabyte each.
+    EXPECT_EXIT(loadWithLittleMemory("Content-Encoding: gzip\r\n", gzipped(std::string(megabyte, 'x'))),
+                testing::ExitedWithCode(0), "");
+}

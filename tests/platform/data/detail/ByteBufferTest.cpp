@@ -1,0 +1,56 @@
+#include <VanticRestKit/platform/data/detail/ByteBuffer.h>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::detail;
+
+TEST(ByteBuffer, GathersPiecesOfAnySize) {
+    for (const std::size_t piece : {1, 63, 1000}) {
+        ByteBuffer buffer;
+        std::string expected;
+        for (std::size_t i = 0; i < 100; ++i) {
+            const std::string bytes(piece, static_cast<char>('a' + i % 26));
+            ASSERT_TRUE(buffer.append(bytes));
+            expected += bytes;
+        }
+        EXPECT_EQ(buffer.size(), expected.size());
+        EXPECT_TRUE(buffer.view() == expected);
+        EXPECT_TRUE(buffer.take().view() == expected);
+    }
+}
+
+TEST(ByteBuffer, GivesADataThatOutlivesItWithZeroBytesAfterItsEnd) {
+    Data data;
+    {
+        ByteBuffer buffer;
+        buffer.reserve(3);
+        ASSERT_TRUE(buffer.append("abc"));
+        data = buffer.take();
+    }
+    const Data copy = data;
+    EXPECT_EQ(copy.view(), "abc");
+    EXPECT_EQ(copy.data(), data.data());
+    EXPECT_EQ(std::string(copy.data() + 3, Data::padding), std::string(Data::padding, '\0'));
+}
+
+TEST(ByteBuffer, GivesNoBytesIfNothingWasGathered) {
+    ByteBuffer buffer;
+    EXPECT_EQ(buffer.view(), "");
+    EXPECT_TRUE(buffer.append(""));
+    EXPECT_TRUE(buffer.take().empty());
+}
+
+TEST(ByteBuffer, RefusesWhatNoMemoryCanHoldAndTakesNothingMore) {
+    ByteBuffer buffer;
+    ASSERT_TRUE(buffer.append("abc"));
+    // Nothing is read of it.
+    const std::string_view huge("abc", std::numeric_limits<std::size_t>::max() / 2);
+    EXPECT_FALSE(buffer.append(huge));
+    EXPECT_TRUE(buffer.hasFailed());
+    EXPECT_FALSE(buffer.append("d"));
+    EXPECT_EQ(buffer.size(), 0U);
+}

@@ -1,0 +1,99 @@
+#include <VanticRestKit/platform/http/curl/detail/SuspectConnections.h>
+
+#include <gtest/gtest.h>
+#include <support/Sockets.h>
+
+#include <arpa/inet.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <chrono>
+#include <memory>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::detail;
+using namespace VanticRestKit::test;
+using std::chrono::seconds;
+
+namespace {
+
+/// An open connection with two requests on it, the first of which runs out of time.
+class Suspects : public testing::Test {
+protected:
+    Suspects() {
+        auto [listener, port] = listenOnLoopback();
+        const int socket = connections_.open(AF_INET, SOCK_STREAM, 0);
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_port = htons(port);
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        EXPECT_EQ(connect(socket, reinterpret_cast<sockaddr*>(&address), sizeof(address)), 0);
+        peer_ = Socket(accept(listener.descriptor(), nullptr, nullptr));
+        connection_ = connections_.find(socket);
+        connection_->streams = 2;
+        connection_->lastMoved = now_ - seconds(60);
+        exchange_.attempt =
+            std::make_unique<Attempt>(exchange_, AttemptSurroundings{.now = now_,
+                                                                     .connections = connections_,
+                                                                     .pendingConnects = pendingConnects_,
+                                                                     .admission = admission_,
+                                                                     .deadlines = deadlines_});
+        exchange_.attempt->connection = connection_;
+        exchange_.setInterval(seconds(30));
+        suspects_.judge(exchange_, now_);
+    }
+    ~Suspects() override {
+        if (connection_->socket >= 0) connections_.close(connection_->socket);
+    }
+
+    /// Whether the other end has read that this one is shut down.
+    bool isShutDown() const {
+        pollfd end{.fd = peer_.descriptor(), .events = POLLIN, .revents = 0};
+        return poll(&end, 1, 0) == 1;
+    }
+
+    TimePoint now_ = Clock::now();
+    Connections connections_;
+    PendingConnects pendingConnects_;
+    Admission admission_{6};
+    IdleDeadlines deadlines_;
+    Socket peer_;
+    std::shared_ptr<Connection> connection_;
+    Exchange exchange_{
+        std::make_shared<Transfer>(URLRequest(*URL::make("http://127.0.0.1/")), URLSession::Completion())};
+    SuspectConnections suspects_{connections_, admission_, [](const auto&, const auto&) {}};
+};
+
+}  // namespace
+
+TEST_F(Suspects, StayOpenWhileARequestIsOnThem) {
+    suspects_.review();
+    EXPECT_TRUE(connection_->isSuspect);
+    EXPECT_FALSE(isShutDown());
+}
+
+TEST_F(Suspects, AreShutDownWhenTheLastRequestHasLeft) {
+    connection_->streams = 0;
+    suspects_.left(*connection_);
+    EXPECT_TRUE(isShutDown());
+}
+
+TEST_F(Suspects, AreShutDownWhenTheLastRequestWasMovedToAnotherConnection) {
+    connection_->streams = 0;
+    suspects_.review();
+    EXPECT_TRUE(isShutDown());
+}
+
+TEST_F(Suspects, AreForgottenWhenTheyAreClosed) {
+    exchange_.attempt->connection.reset();
+    const auto count = connection_.use_count();
+    connections_.close(connection_->socket);
+    suspects_.review();
+    EXPECT_EQ(connection_.use_count(), count - 2) << "neither the open sockets nor the suspects hold it";
+}
+
+TEST_F(Suspects, AreClearedWhenSomethingMoves) {
+    connection_->lastMoved = now_ + seconds(1);
+    suspects_.review();
+    EXPECT_FALSE(connection_->isSuspect);
+    EXPECT_FALSE(isShutDown());
+}
