@@ -34,10 +34,11 @@ std::vector<Operation> datasetOperations() {
          .needsClient = true,
          .run =
              [](Trelvo& trelvo, const TrelvoContext& context, Completed done) {
-                 detail::getDataset(
+                 detail::runOperation(
                      stateOf(trelvo),
-                     {.namespace_ = "ns", .includePrivateData = false, .includeFamilyData = false}, context,
-                     completion<Containers>(std::move(done)));
+                     detail::getDataset(
+                         {.namespace_ = "ns", .includePrivateData = false, .includeFamilyData = false}),
+                     context, completion<Containers>(std::move(done)));
              }},
         {.name = "createDataset",
          .saysThatItIs = "createDataset",
@@ -48,8 +49,8 @@ std::vector<Operation> datasetOperations() {
          .emptyAnswer = Kind::unknown,
          .run =
              [](Trelvo& trelvo, const TrelvoContext& context, Completed done) {
-                 detail::createDataset(stateOf(trelvo), "ns", named(), context,
-                                       completion<DatasetContainer>(std::move(done)));
+                 detail::runOperation(stateOf(trelvo), detail::createDataset("ns", named()), context,
+                                      completion<DatasetContainer>(std::move(done)));
              }},
         {.name = "updateDataset",
          .saysThatItIs = "updateDataset",
@@ -60,8 +61,8 @@ std::vector<Operation> datasetOperations() {
          .emptyAnswer = Kind::unknown,
          .run =
              [](Trelvo& trelvo, const TrelvoContext& context, Completed done) {
-                 detail::updateDataset(stateOf(trelvo), "ns", named(), context,
-                                       completion<DatasetContainer>(std::move(done)));
+                 detail::runOperation(stateOf(trelvo), detail::updateDataset("ns", named()), context,
+                                      completion<DatasetContainer>(std::move(done)));
              }},
         {.name = "deleteDataset",
          .saysThatItIs = "deleteDataset",
@@ -69,7 +70,8 @@ std::vector<Operation> datasetOperations() {
          .target = "/v2/dataset/ns" + user,
          .run =
              [](Trelvo& trelvo, const TrelvoContext& context, Completed done) {
-                 detail::deleteDataset(stateOf(trelvo), "ns", context, completion<void>(std::move(done)));
+                 detail::runOperation(stateOf(trelvo), detail::deleteDataset("ns"), context,
+                                      completion<void>(std::move(done)));
              }},
     };
 }
@@ -248,7 +250,8 @@ std::vector<Operation> watchlistOperations() {
          .target = "/v2/saved/watchlist" + user,
          .run =
              [](Trelvo& trelvo, const TrelvoContext& context, Completed done) {
-                 detail::deleteWatchlist(stateOf(trelvo), context, completion<void>(std::move(done)));
+                 detail::runOperation(stateOf(trelvo), detail::deleteWatchlist(), context,
+                                      completion<void>(std::move(done)));
              }},
     };
 }

@@ -21,20 +21,24 @@ protected:
 };
 
 TEST_F(TrelvoNotFound, OnGetDatasetIsDatasetDoesNotExist) {
-    detail::getDataset(state(), {.namespace_ = "ns", .includePrivateData = false, .includeFamilyData = false},
-                       context, completion<Containers>(outcomes.completed()));
+    detail::runOperation(
+        state(),
+        detail::getDataset({.namespace_ = "ns", .includePrivateData = false, .includeFamilyData = false}),
+        context, completion<Containers>(outcomes.completed()));
     EXPECT_TRUE(notFound().is(Kind::datasetDoesNotExist));
 }
 
 TEST_F(TrelvoNotFound, OnUpdateDatasetIsGeneral) {
-    detail::updateDataset(state(), "ns", {}, context, completion<DatasetContainer>(outcomes.completed()));
+    detail::runOperation(state(), detail::updateDataset("ns", {}), context,
+                         completion<DatasetContainer>(outcomes.completed()));
     const Outcome outcome = notFound();
     EXPECT_TRUE(outcome.is(Kind::general)) << outcome;
     EXPECT_EQ(outcome.code(), 404);
 }
 
 TEST_F(TrelvoNotFound, OnDeleteDatasetIsGeneral) {
-    detail::deleteDataset(state(), "ns", context, completion<void>(outcomes.completed()));
+    detail::runOperation(state(), detail::deleteDataset("ns"), context,
+                         completion<void>(outcomes.completed()));
     const Outcome outcome = notFound();
     EXPECT_TRUE(outcome.is(Kind::general)) << outcome;
     EXPECT_EQ(outcome.code(), 404);

@@ -1,6 +1,5 @@
 #include <VanticRestKit/trelvo/Dataset/detail/DatasetOperations.h>
 
-#include <VanticRestKit/trelvo/Dataset/DatasetResponse.h>
 #include <VanticRestKit/trelvo/Dataset/DatasetRoutes.h>
 
 namespace VanticRestKit::detail {
@@ -8,88 +7,74 @@ namespace VanticRestKit::detail {
 namespace {
 
 using Answer = Result<DatasetResponse, LoaderError>;
+using Containers = std::vector<DatasetContainer>;
 
-/// The one dataset that an answer must hold; `missing` is told where it holds none.
-Result<DatasetContainer, TrelvoError> onlyDataset(const std::weak_ptr<TrelvoState>& state, Answer& answer,
-                                                  const char* missing) {
+Result<Containers, TrelvoError> allDatasets(Answer& answer, TokenKeeper* keeper) {
+    if (keeper == nullptr) return clientHasGone();
+    if (!answer && answer.error().is404Error()) return Failure(TrelvoError::datasetDoesNotExist());
     if (!answer) return generalFailure(answer.error());
-    storeAuth(state, answer->auth);
-    if (answer->data.empty()) return Failure(TrelvoError::unknown(missing));
-    return std::move(answer->data.front());
+    keepAuth(keeper, answer->auth);
+    return std::move(answer->data);
+}
+
+/// The one dataset that an answer must hold; `missing` is the message if it holds none.
+auto onlyDataset(const char* missing) {
+    return [missing](Answer& answer, TokenKeeper* keeper) -> Result<DatasetContainer, TrelvoError> {
+        if (!answer) return generalFailure(answer.error());
+        keepAuth(keeper, answer->auth);
+        if (answer->data.empty()) return Failure(TrelvoError::unknown(missing));
+        return std::move(answer->data.front());
+    };
 }
 
 }  // namespace
 
-void getDataset(TrelvoState& state, GetDataset wanted, const TrelvoContext& context,
-                TrelvoCompletion<std::vector<DatasetContainer>> completion) {
-    using Value = std::vector<DatasetContainer>;
-    runOperation<DatasetResponse, Value>(
-        state, "getDataset", context, std::move(completion),
-        [&](const std::string& uid, SourceSystem source) {
-            return GetDatasetURI{.uid = uid,
-                                 .source = source,
-                                 .namespace_ = wanted.namespace_,
-                                 .includePrivateData = wanted.includePrivateData,
-                                 .includeFamilyData = wanted.includeFamilyData};
-        },
-        [weak = state.weak_from_this()](Answer& answer) -> Result<Value, TrelvoError> {
-            if (weak.expired())
-                return Failure(TrelvoError::unknown("Trelvo deallocated when request returned"));
-            if (!answer && answer.error().is404Error()) return Failure(TrelvoError::datasetDoesNotExist());
-            if (!answer) return generalFailure(answer.error());
-            storeAuth(weak, answer->auth);
-            return std::move(answer->data);
-        });
+DatasetOperation<Containers> getDataset(GetDataset wanted) {
+    return {.name = "getDataset",
+            .route =
+                [wanted = std::move(wanted)](const std::string& uid, SourceSystem source) {
+                    return GetDatasetURI{.uid = uid,
+                                         .source = source,
+                                         .namespace_ = wanted.namespace_,
+                                         .includePrivateData = wanted.includePrivateData,
+                                         .includeFamilyData = wanted.includeFamilyData};
+                },
+            .conclude = allDatasets};
 }
 
-void createDataset(TrelvoState& state, std::string namespace_, Dictionary dataset,
-                   const TrelvoContext& context, TrelvoCompletion<DatasetContainer> completion) {
-    runOperation<DatasetResponse, DatasetContainer>(
-        state, "createDataset", context, std::move(completion),
-        [&](const std::string& uid, SourceSystem source) {
-            return CreateDatasetURI{.uid = uid,
-                                    .source = source,
-                                    .namespace_ = std::move(namespace_),
-                                    .dataset = std::move(dataset)};
-        },
-        [weak = state.weak_from_this()](Answer& answer) {
-            return onlyDataset(
-                weak, answer,
+DatasetOperation<DatasetContainer> createDataset(std::string namespace_, Dictionary dataset) {
+    return {.name = "createDataset",
+            .route =
+                [namespace_ = std::move(namespace_), dataset = std::move(dataset)](const std::string& uid,
+                                                                                   SourceSystem source) {
+                    return CreateDatasetURI{
+                        .uid = uid, .source = source, .namespace_ = namespace_, .dataset = dataset};
+                },
+            .conclude = onlyDataset(
                 "In Trelvo.createDataset(), POST call to dataset endpoint was successful but response "
-                "contained no datasets, where we would expect to receive the dataset just created.");
-        });
+                "contained no datasets, where we would expect to receive the dataset just created.")};
 }
 
-void updateDataset(TrelvoState& state, std::string namespace_, Dictionary dataset,
-                   const TrelvoContext& context, TrelvoCompletion<DatasetContainer> completion) {
-    runOperation<DatasetResponse, DatasetContainer>(
-        state, "updateDataset", context, std::move(completion),
-        [&](const std::string& uid, SourceSystem source) {
-            return UpdateDatasetURI{.uid = uid,
-                                    .source = source,
-                                    .namespace_ = std::move(namespace_),
-                                    .dataset = std::move(dataset)};
-        },
-        [weak = state.weak_from_this()](Answer& answer) {
-            return onlyDataset(
-                weak, answer,
+DatasetOperation<DatasetContainer> updateDataset(std::string namespace_, Dictionary dataset) {
+    return {.name = "updateDataset",
+            .route =
+                [namespace_ = std::move(namespace_), dataset = std::move(dataset)](const std::string& uid,
+                                                                                   SourceSystem source) {
+                    return UpdateDatasetURI{
+                        .uid = uid, .source = source, .namespace_ = namespace_, .dataset = dataset};
+                },
+            .conclude = onlyDataset(
                 "In Trelvo.updateDataset(), PATCH call to dataset endpoint was successful but response "
-                "contained no datasets, where we would expect to receive the dataset just updated.");
-        });
+                "contained no datasets, where we would expect to receive the dataset just updated.")};
 }
 
-void deleteDataset(TrelvoState& state, std::string namespace_, const TrelvoContext& context,
-                   TrelvoCompletion<void> completion) {
-    runOperation<DatasetResponse, void>(
-        state, "deleteDataset", context, std::move(completion),
-        [&](const std::string& uid, SourceSystem source) {
-            return DeleteDatasetURI{.uid = uid, .source = source, .namespace_ = std::move(namespace_)};
-        },
-        [weak = state.weak_from_this()](const Answer& answer) -> Result<void, TrelvoError> {
-            if (!answer) return generalFailure(answer.error());
-            storeAuth(weak, answer->auth);
-            return {};
-        });
+DatasetOperation<void> deleteDataset(std::string namespace_) {
+    return {.name = "deleteDataset",
+            .route =
+                [namespace_ = std::move(namespace_)](const std::string& uid, SourceSystem source) {
+                    return DeleteDatasetURI{.uid = uid, .source = source, .namespace_ = namespace_};
+                },
+            .conclude = concludeWithoutValue<DatasetResponse>};
 }
 
 }  // namespace VanticRestKit::detail

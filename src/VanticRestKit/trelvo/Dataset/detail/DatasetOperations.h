@@ -3,12 +3,16 @@
 // The operations on datasets, which hosts reach only as profiles.
 
 #include <VanticRestKit/trelvo/Dataset/DatasetContainer.h>
-#include <VanticRestKit/trelvo/State/detail/TrelvoState.h>
+#include <VanticRestKit/trelvo/Dataset/DatasetResponse.h>
+#include <VanticRestKit/trelvo/State/detail/UserOperation.h>
 
 #include <string>
 #include <vector>
 
 namespace VanticRestKit::detail {
+
+template <class Value>
+using DatasetOperation = UserOperation<DatasetResponse, Value>;
 
 struct GetDataset {
     std::string namespace_;
@@ -16,13 +20,9 @@ struct GetDataset {
     bool includeFamilyData;
 };
 
-void getDataset(TrelvoState& state, GetDataset wanted, const TrelvoContext& context,
-                TrelvoCompletion<std::vector<DatasetContainer>> completion);
-void createDataset(TrelvoState& state, std::string namespace_, Dictionary dataset,
-                   const TrelvoContext& context, TrelvoCompletion<DatasetContainer> completion);
-void updateDataset(TrelvoState& state, std::string namespace_, Dictionary dataset,
-                   const TrelvoContext& context, TrelvoCompletion<DatasetContainer> completion);
-void deleteDataset(TrelvoState& state, std::string namespace_, const TrelvoContext& context,
-                   TrelvoCompletion<void> completion);
+DatasetOperation<std::vector<DatasetContainer>> getDataset(GetDataset wanted);
+DatasetOperation<DatasetContainer> createDataset(std::string namespace_, Dictionary dataset);
+DatasetOperation<DatasetContainer> updateDataset(std::string namespace_, Dictionary dataset);
+DatasetOperation<void> deleteDataset(std::string namespace_);
 
 }  // namespace VanticRestKit::detail

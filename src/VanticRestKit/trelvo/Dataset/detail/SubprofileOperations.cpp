@@ -1,66 +1,59 @@
 #include <VanticRestKit/trelvo/Dataset/detail/SubprofileOperations.h>
 
-#include <VanticRestKit/trelvo/Dataset/detail/DatasetOperations.h>
-
 namespace VanticRestKit::detail {
 
 namespace {
 
 constexpr const char* profile = "profile";
 
-/// Turns a dataset that a profile was made from into that profile.
-TrelvoCompletion<DatasetContainer> asSubprofile(TrelvoCompletion<Subprofile> completion) {
-    return [completion = std::move(completion)](Result<DatasetContainer, TrelvoError> result) mutable {
-        if (!result) {
-            completion(Failure(result.error()));
-            return;
-        }
-        const std::optional<std::string> actual = result->namespace_;
-        std::optional<Subprofile> subprofile =
-            Subprofile::make({.datasetContainer = std::move(result).value()});
-        if (subprofile) {
-            completion(*std::move(subprofile));
-        } else {
-            completion(Failure(TrelvoError::datasetNamespaceMismatch(profile, actual)));
-        }
-    };
+Result<Subprofile, TrelvoError> asSubprofile(DatasetContainer container) {
+    const std::optional<std::string> actual = container.namespace_;
+    std::optional<Subprofile> subprofile = Subprofile::make({.datasetContainer = std::move(container)});
+    if (!subprofile) return Failure(TrelvoError::datasetNamespaceMismatch(profile, actual));
+    return *std::move(subprofile);
+}
+
+Result<std::vector<Subprofile>, TrelvoError> asSubprofiles(std::vector<DatasetContainer> containers) {
+    std::vector<Subprofile> subprofiles;
+    for (DatasetContainer& container : containers) {
+        auto subprofile = Subprofile::make({.datasetContainer = std::move(container)});
+        if (subprofile) subprofiles.push_back(*std::move(subprofile));
+    }
+    return subprofiles;
+}
+
+/// The same operation, whose value is `convert`ed.
+template <class Value, class Convert, class Converted = std::invoke_result_t<Convert, Value>>
+DatasetOperation<typename Converted::value_type> converted(DatasetOperation<Value> operation,
+                                                           Convert convert) {
+    using Answer = Result<DatasetResponse, LoaderError>;
+    return {.name = operation.name,
+            .route = std::move(operation.route),
+            .conclude = [conclude = std::move(operation.conclude), convert](
+                            Answer& answer, TokenKeeper* keeper) -> Converted {
+                Result<Value, TrelvoError> outcome = conclude(answer, keeper);
+                if (!outcome) return Failure(outcome.error());
+                return convert(std::move(outcome).value());
+            }};
 }
 
 }  // namespace
 
-void getSubprofiles(TrelvoState& state, GetSubprofiles wanted, const TrelvoContext& context,
-                    TrelvoCompletion<std::vector<Subprofile>> completion) {
-    const GetDataset datasets{.namespace_ = profile,
-                              .includePrivateData = wanted.includePrivateData,
-                              .includeFamilyData = wanted.includeFamilyData};
-    getDataset(state, datasets, context,
-               [completion = std::move(completion)](
-                   Result<std::vector<DatasetContainer>, TrelvoError> result) mutable {
-                   if (!result) {
-                       completion(Failure(result.error()));
-                       return;
-                   }
-                   std::vector<Subprofile> subprofiles;
-                   for (DatasetContainer& container : *result) {
-                       auto subprofile = Subprofile::make({.datasetContainer = std::move(container)});
-                       if (subprofile) subprofiles.push_back(*std::move(subprofile));
-                   }
-                   completion(std::move(subprofiles));
-               });
+DatasetOperation<std::vector<Subprofile>> getSubprofiles(GetSubprofiles wanted) {
+    return converted(getDataset({.namespace_ = profile,
+                                 .includePrivateData = wanted.includePrivateData,
+                                 .includeFamilyData = wanted.includeFamilyData}),
+                     asSubprofiles);
 }
 
-void createSubprofile(TrelvoState& state, Dictionary dataset, const TrelvoContext& context,
-                      TrelvoCompletion<Subprofile> completion) {
-    createDataset(state, profile, std::move(dataset), context, asSubprofile(std::move(completion)));
+DatasetOperation<Subprofile> createSubprofile(Dictionary dataset) {
+    return converted(createDataset(profile, std::move(dataset)), asSubprofile);
 }
 
-void updateSubprofile(TrelvoState& state, Dictionary dataset, const TrelvoContext& context,
-                      TrelvoCompletion<Subprofile> completion) {
-    updateDataset(state, profile, std::move(dataset), context, asSubprofile(std::move(completion)));
+DatasetOperation<Subprofile> updateSubprofile(Dictionary dataset) {
+    return converted(updateDataset(profile, std::move(dataset)), asSubprofile);
 }
 
-void deleteSubprofile(TrelvoState& state, const TrelvoContext& context, TrelvoCompletion<void> completion) {
-    deleteDataset(state, profile, context, std::move(completion));
-}
+DatasetOperation<void> deleteSubprofile() { return deleteDataset(profile); }
 
 }  // namespace VanticRestKit::detail

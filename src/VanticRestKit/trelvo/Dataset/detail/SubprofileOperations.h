@@ -2,8 +2,8 @@
 
 // The operations on profiles, which are the datasets of one namespace.
 
+#include <VanticRestKit/trelvo/Dataset/detail/DatasetOperations.h>
 #include <VanticRestKit/trelvo/Dataset/Subprofile.h>
-#include <VanticRestKit/trelvo/State/detail/TrelvoState.h>
 
 #include <vector>
 
@@ -14,13 +14,10 @@ struct GetSubprofiles {
     bool includeFamilyData;
 };
 
-void getSubprofiles(TrelvoState& state, GetSubprofiles wanted, const TrelvoContext& context,
-                    TrelvoCompletion<std::vector<Subprofile>> completion);
-void createSubprofile(TrelvoState& state, Dictionary dataset, const TrelvoContext& context,
-                      TrelvoCompletion<Subprofile> completion);
-void updateSubprofile(TrelvoState& state, Dictionary dataset, const TrelvoContext& context,
-                      TrelvoCompletion<Subprofile> completion);
+DatasetOperation<std::vector<Subprofile>> getSubprofiles(GetSubprofiles wanted);
+DatasetOperation<Subprofile> createSubprofile(Dictionary dataset);
+DatasetOperation<Subprofile> updateSubprofile(Dictionary dataset);
 /// Deletes the dataset alone, not what else the service keeps of the user.
-void deleteSubprofile(TrelvoState& state, const TrelvoContext& context, TrelvoCompletion<void> completion);
+DatasetOperation<void> deleteSubprofile();
 
 }  // namespace VanticRestKit::detail

@@ -1,6 +1,5 @@
 #include <VanticRestKit/trelvo/History/detail/HistoryOperations.h>
 
-#include <VanticRestKit/trelvo/History/HistoryResponse.h>
 #include <VanticRestKit/trelvo/History/HistoryRoutes.h>
 
 namespace VanticRestKit::detail {
@@ -11,93 +10,94 @@ using Answer = Result<HistoryResponse, LoaderError>;
 using Records = std::vector<HistoryData>;
 
 /// The records of an answer. Its tokens are not kept.
-Result<Records, TrelvoError> records(Answer& answer) {
+Result<Records, TrelvoError> records(Answer& answer, TokenKeeper*) {
     if (!answer) return generalFailure(answer.error());
     if (!answer->data) return Failure(TrelvoError::unableToRetrieveHistoryData());
     return *std::move(answer->data);
 }
 
-template <class MakeRoute>
-void readHistory(TrelvoState& state, const char* operation, const TrelvoContext& context,
-                 HistoryCompletion completion, MakeRoute makeRoute) {
-    runOperation<HistoryResponse, Records>(state, operation, context, std::move(completion),
-                                           std::move(makeRoute), records);
+Result<void, TrelvoError> deletion(Answer& answer, TokenKeeper* keeper) {
+    if (keeper == nullptr) return clientHasGone();
+    if (!answer && answer.error().is404Error()) return {};
+    return concludeWithoutValue(answer, keeper);
 }
 
 }  // namespace
 
-void deleteHistory(TrelvoState& state, const TrelvoContext& context, TrelvoCompletion<void> completion) {
-    runOperation<HistoryResponse, void>(
-        state, "deleteHistory", context, std::move(completion),
-        [](const std::string& uid, SourceSystem source) {
-            return DeleteHistoryURI{.uid = uid, .source = source};
-        },
-        [weak = state.weak_from_this()](const Answer& answer) -> Result<void, TrelvoError> {
-            if (weak.expired())
-                return Failure(TrelvoError::unknown("Trelvo deallocated when request returned"));
-            if (!answer && answer.error().is404Error()) return {};
-            if (!answer) return generalFailure(answer.error());
-            storeAuth(weak, answer->auth);
-            return {};
-        });
+HistoryDeletion deleteHistory() {
+    return {.name = "deleteHistory",
+            .route = [](const std::string& uid,
+                        SourceSystem source) { return DeleteHistoryURI{.uid = uid, .source = source}; },
+            .conclude = deletion};
 }
 
-void viewingHistory(TrelvoState& state, std::uint64_t limit, const TrelvoContext& context,
-                    HistoryCompletion completion) {
+HistoryReading viewingHistory(std::uint64_t limit) {
     // The error for neither token nor error names listRecentVideos, not this operation.
-    readHistory(state, "listRecentVideos", context, std::move(completion),
-                [&](const std::string& uid, SourceSystem source) {
+    return {.name = "listRecentVideos",
+            .route =
+                [limit](const std::string& uid, SourceSystem source) {
                     return VideoHistoryURI(
                         {.uid = uid, .source = source, .slug = TrelvoSlug::watchlist, .limit = limit});
-                });
+                },
+            .conclude = records};
 }
 
-void listRecentVideos(TrelvoState& state, RecentVideos wanted, const TrelvoContext& context,
-                      HistoryCompletion completion) {
-    readHistory(state, "listRecentVideos", context, std::move(completion),
-                [&](const std::string& uid, SourceSystem source) {
+HistoryReading listRecentVideos(RecentVideos wanted) {
+    return {.name = "listRecentVideos",
+            .route =
+                [wanted](const std::string& uid, SourceSystem source) {
                     return RecentVideoHistoryURI{.markedAsDone = wanted.markedAsDone,
                                                  .uid = uid,
                                                  .source = source,
                                                  .limit = wanted.limit,
                                                  .slug = TrelvoSlug::watchlist};
-                });
+                },
+            .conclude = records};
 }
 
-void listVideosForShow(TrelvoState& state, VideosForShow wanted, const TrelvoContext& context,
-                       HistoryCompletion completion) {
-    readHistory(state, "listVideosForShow", context, std::move(completion),
-                [&](const std::string& uid, SourceSystem source) {
+HistoryReading listVideosForShow(VideosForShow wanted) {
+    auto error = signedRangeError(wanted.showId, "listVideosForShow", "showId");
+    return {.name = "listVideosForShow",
+            .route =
+                [wanted](const std::string& uid, SourceSystem source) {
                     return VideoHistoryForShowURI{.markedAsDone = wanted.markedAsDone,
                                                   .uid = uid,
                                                   .source = source,
                                                   .slug = TrelvoSlug::watchlist,
-                                                  .showId = wanted.showId};
-                });
+                                                  .showId = wanted.showId.value().value_or(0)};
+                },
+            .conclude = records,
+            .argumentError = std::move(error)};
 }
 
-void getVideoProgress(TrelvoState& state, ProgressOfVideo wanted, const TrelvoContext& context,
-                      HistoryCompletion completion) {
-    readHistory(state, "getVideoProgress", context, std::move(completion),
-                [&](const std::string& uid, SourceSystem source) {
+HistoryReading getVideoProgress(ProgressOfVideo wanted) {
+    return {.name = "getVideoProgress",
+            .route =
+                [wanted = std::move(wanted)](const std::string& uid, SourceSystem source) {
                     return VideoProgressURI{.uid = uid,
                                             .source = source,
-                                            .showId = wanted.showId,
-                                            .houseNumber = std::move(wanted.houseNumber)};
-                });
+                                            .showId = wanted.showId.value().value_or(0),
+                                            .houseNumber = wanted.houseNumber};
+                },
+            .conclude = records,
+            .argumentError = std::move(error)};
 }
 
-void updateVideoProgress(TrelvoState& state, NewProgress changes, const TrelvoContext& context,
-                         HistoryCompletion completion) {
-    readHistory(state, "updateVideoProgress", context, std::move(completion),
-                [&](const std::string& uid, SourceSystem source) {
+HistoryReading updateVideoProgress(NewProgress changes) {
+    auto error = signedRangeError(changes.of.showId, "updateVideoProgress", "showId");
+    if (!error) error = signedRangeError(changes.progress, "updateVideoProgress", "progress");
+    return {.name = "updateVideoProgress",
+            .route =
+                [changes = std::move(changes)](const std::string& uid, SourceSystem source) {
                     return UpdateVideoProgressURI{.uid = uid,
                                                   .source = source,
-                                                  .showId = changes.of.showId,
-                                                  .houseNumber = std::move(changes.of.houseNumber),
-                                                  .progress = changes.progress,
+                                                  .showId = changes.of.showId.value().value_or(0),
+                                                  .houseNumber = changes.of.houseNumber,
+                                                  .progress = changes.progress.value().value_or(0),
                                                   .isDone = changes.isDone};
-                });
+                },
+            .conclude = records,
+            .argumentError = std::move(error)};
 }
 
 }  // namespace VanticRestKit::detail

@@ -2,8 +2,10 @@
 
 // The operations on the viewing history.
 
+#include <VanticRestKit/trelvo/Common/TrelvoNumber.h>
 #include <VanticRestKit/trelvo/History/HistoryData.h>
-#include <VanticRestKit/trelvo/State/detail/TrelvoState.h>
+#include <VanticRestKit/trelvo/History/HistoryResponse.h>
+#include <VanticRestKit/trelvo/State/detail/UserOperation.h>
 
 #include <cstdint>
 #include <optional>
@@ -12,36 +14,32 @@
 
 namespace VanticRestKit::detail {
 
-using HistoryCompletion = TrelvoCompletion<std::vector<HistoryData>>;
+using HistoryDeletion = UserOperation<HistoryResponse, void>;
+using HistoryReading = UserOperation<HistoryResponse, std::vector<HistoryData>>;
 
 struct RecentVideos {
     std::uint64_t limit;
     bool markedAsDone;
 };
 struct VideosForShow {
-    std::int64_t showId;
+    TrelvoNumber showId;
     std::optional<bool> markedAsDone;
 };
 struct ProgressOfVideo {
-    std::int64_t showId;
+    TrelvoNumber showId;
     std::string houseNumber;
 };
 struct NewProgress {
     ProgressOfVideo of;
-    std::int64_t progress;
+    TrelvoNumber progress;
     bool isDone;
 };
 
-void deleteHistory(TrelvoState& state, const TrelvoContext& context, TrelvoCompletion<void> completion);
-void viewingHistory(TrelvoState& state, std::uint64_t limit, const TrelvoContext& context,
-                    HistoryCompletion completion);
-void listRecentVideos(TrelvoState& state, RecentVideos wanted, const TrelvoContext& context,
-                      HistoryCompletion completion);
-void listVideosForShow(TrelvoState& state, VideosForShow wanted, const TrelvoContext& context,
-                       HistoryCompletion completion);
-void getVideoProgress(TrelvoState& state, ProgressOfVideo wanted, const TrelvoContext& context,
-                      HistoryCompletion completion);
-void updateVideoProgress(TrelvoState& state, NewProgress changes, const TrelvoContext& context,
-                         HistoryCompletion completion);
+HistoryDeletion deleteHistory();
+HistoryReading viewingHistory(std::uint64_t limit);
+HistoryReading listRecentVideos(RecentVideos wanted);
+HistoryReading listVideosForShow(VideosForShow wanted);
+HistoryReading getVideoProgress(ProgressOfVideo wanted);
+HistoryReading updateVideoProgress(NewProgress changes);
 
 }  // namespace VanticRestKit::detail

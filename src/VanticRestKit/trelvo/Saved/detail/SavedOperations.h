@@ -2,21 +2,21 @@
 
 // The operations on the watchlist.
 
+#include <VanticRestKit/trelvo/Common/TrelvoNumber.h>
 #include <VanticRestKit/trelvo/Saved/SavedData.h>
-#include <VanticRestKit/trelvo/State/detail/TrelvoState.h>
+#include <VanticRestKit/trelvo/Saved/SavedResponse.h>
+#include <VanticRestKit/trelvo/State/detail/UserOperation.h>
 
-#include <cstdint>
 #include <vector>
 
 namespace VanticRestKit::detail {
 
-using SavedCompletion = TrelvoCompletion<std::vector<SavedData>>;
+template <class Value>
+using SavedOperation = UserOperation<SavedResponse, Value>;
 
-void listWatchlistShowIds(TrelvoState& state, const TrelvoContext& context, SavedCompletion completion);
-void addWatchlistShow(TrelvoState& state, std::int64_t showId, const TrelvoContext& context,
-                      SavedCompletion completion);
-void deleteShow(TrelvoState& state, std::int64_t showId, const TrelvoContext& context,
-                TrelvoCompletion<void> completion);
-void deleteWatchlist(TrelvoState& state, const TrelvoContext& context, TrelvoCompletion<void> completion);
+SavedOperation<std::vector<SavedData>> listWatchlistShowIds();
+SavedOperation<std::vector<SavedData>> addWatchlistShow(TrelvoNumber showId);
+SavedOperation<void> deleteShow(TrelvoNumber showId);
+SavedOperation<void> deleteWatchlist();
 
 }  // namespace VanticRestKit::detail

@@ -1,6 +1,6 @@
 #include <VanticRestKit/trelvo/State/detail/TrelvoState.h>
 
-#include <VanticRestKit/Core/NetworkError.h>
+#include <VanticRestKit/trelvo/State/detail/TokenRules.h>
 #include <VanticRestKit/trelvo/Token/TokenResponse.h>
 #include <VanticRestKit/trelvo/Token/TokenRoutes.h>
 
@@ -8,16 +8,9 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-bool isUnauthorized(const LoaderError& error) {
-    if (error.kind() != LoaderError::Kind::serverError || !error.underlyingError()) return false;
-    const NetworkError* const cause = error.underlyingError()->as<NetworkError>();
-    return cause != nullptr && cause->kind() == NetworkError::Kind::httpError && cause->errorCode() == 401;
-}
-
 void keepTokens(TrelvoState& self, const Result<TokenResponse, LoaderError>& answer) {
     if (!answer) {
-        self.authError.store(isUnauthorized(answer.error()) ? TrelvoError::accountReconsentRequired()
-                                                            : TrelvoError::noAuthToken(answer.error()));
+        self.authError.store(tokenRequestError(answer.error()));
     } else if (answer->auth) {
         self.auth.store(answer->auth);
         self.authError.store(std::nullopt);
@@ -29,14 +22,14 @@ void keepTokens(TrelvoState& self, const Result<TokenResponse, LoaderError>& ans
 std::optional<double> TrelvoState::timeUntilAuthExpires() const {
     const std::optional<Auth> saved = auth.load();
     if (!saved) return std::nullopt;
-    return saved->expiry.time_since_epoch().count() - now_();
+    return secondsUntilExpiry(*saved, now_());
 }
 
 std::optional<DispatchGroup> TrelvoState::refreshAuth(const TrelvoContext& context) {
     const std::optional<std::string> uid = context.uid();
     if (!uid) return std::nullopt;
     const std::optional<double> left = timeUntilAuthExpires();
-    if (left && *left > minSafeTimeUntilAuthExpires_) return std::nullopt;
+    if (left && lastsLongEnough(*left)) return std::nullopt;
 
     DispatchGroup group;
     group.enter();
@@ -64,9 +57,7 @@ Result<Credentials, TrelvoError> TrelvoState::credentials(const char* operation,
     }
     const std::optional<Auth> saved = auth.load();
     if (saved) return Credentials{*std::move(uid), saved->accessToken};
-    if (std::optional<TrelvoError> error = authError.load()) return Failure(*std::move(error));
-    return Failure(TrelvoError::unknown("In Trelvo." + std::string(operation) +
-                                        "(), no saved auth data and no authError found"));
+    return Failure(noTokenError(operation, authError.load()));
 }
 
 }  // namespace VanticRestKit::detail

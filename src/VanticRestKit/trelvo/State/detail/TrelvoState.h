@@ -9,6 +9,7 @@
 #include <VanticRestKit/trelvo/Common/Auth.h>
 #include <VanticRestKit/trelvo/Common/TrelvoContextAuthDecorator.h>
 #include <VanticRestKit/trelvo/Common/TrelvoError.h>
+#include <VanticRestKit/trelvo/State/detail/UserOperation.h>
 
 #include <functional>
 #include <memory>
@@ -28,7 +29,7 @@ struct Credentials {
 template <class T>
 using TrelvoCompletion = UniqueFunction<void(Result<T, TrelvoError>)>;
 
-class TrelvoState : public std::enable_shared_from_this<TrelvoState> {
+class TrelvoState final : public TokenKeeper, public std::enable_shared_from_this<TrelvoState> {
 public:
     using WillWait = std::function<void(const DispatchGroup&)>;
 
@@ -50,41 +51,36 @@ public:
     /// In seconds, negative once the token has expired; empty without a token.
     std::optional<double> timeUntilAuthExpires() const;
 
-private:
-    static constexpr double minSafeTimeUntilAuthExpires_ = 5.0;
+    void keep(const Auth& brought) override { auth.store(brought); }
 
+private:
     std::function<double()> now_;
     WillWait willWait_;
 };
 
-/// Runs one operation: credentials first, then the request for an `Answer`, whose outcome `conclude` turns into the
-/// operation's. Where the request cannot be built the completion is dropped.
-template <class Answer, class Value, class MakeRoute, class Conclude>
-void runOperation(TrelvoState& state, const char* operation, const TrelvoContext& context,
-                  TrelvoCompletion<Value> completion, MakeRoute makeRoute, Conclude conclude) {
-    Result<Credentials, TrelvoError> credentials = state.credentials(operation, context);
+/// Runs one operation: credentials first, then the request, whose answer it concludes. If the request cannot be built
+/// the completion is dropped.
+template <class Answer, class Value>
+void runOperation(TrelvoState& state, const UserOperation<Answer, Value>& operation,
+                  const TrelvoContext& context, TrelvoCompletion<Value> completion) {
+    if (operation.argumentError) {
+        completion(Failure(*operation.argumentError));
+        return;
+    }
+    Result<Credentials, TrelvoError> credentials = state.credentials(operation.name, context);
     if (!credentials) {
         completion(Failure(credentials.error()));
         return;
     }
     const TrelvoContextAuthDecorator decorator(context, credentials->accessToken);
     const auto resource =
-        Resource<Answer>::make({.with = makeRoute(credentials->uid, decorator.source())}, decorator);
+        Resource<Answer>::make({.with = operation.route(credentials->uid, decorator.source())}, decorator);
     if (!resource) return;
-    resource->load(
-        {.with = [completion = std::move(completion), conclude = std::move(conclude)](
-                     Result<Answer, LoaderError> answer) mutable { completion(conclude(answer)); }});
-}
-
-/// What a failed request is for most operations.
-inline Failure<TrelvoError> generalFailure(const LoaderError& error) {
-    return Failure(TrelvoError::general(error));
-}
-
-/// Keeps the tokens of an answer, where it has some and the client is still there.
-inline void storeAuth(const std::weak_ptr<TrelvoState>& state, const std::optional<Auth>& auth) {
-    if (!auth) return;
-    if (const std::shared_ptr<TrelvoState> self = state.lock()) self->auth.store(auth);
+    resource->load({.with = [completion = std::move(completion), conclude = operation.conclude,
+                             weak = state.weak_from_this()](Result<Answer, LoaderError> answer) mutable {
+        auto outcome = conclude(answer, weak.lock().get());
+        completion(std::move(outcome));
+    }});
 }
 
 }  // namespace VanticRestKit::detail
