@@ -77,6 +77,14 @@ inline Reply tokenReply(const std::string& name, double expiry) {
 
 inline Reply reply(std::int64_t status, const std::string& body) { return answer(status, Data(body)); }
 
+/// "GET /v2/token?UID=u1 Bearer x": method, address below the host, and `Authorization` of a request.
+inline std::string textOf(const URLRequest& request) {
+    const std::string address = request.url()->absoluteString();
+    return request.httpMethod().value_or("") + " " +
+           address.substr(std::string("https://user.example.test").size()) + " " +
+           request.value("Authorization").value_or("none");
+}
+
 /// The clock stands at 1000 until a test moves it.
 class Client : public ::testing::Test {
 protected:
@@ -112,14 +120,7 @@ protected:
         return returned;
     }
 
-    /// "GET /v2/token?UID=u1 Bearer x": method, address below the host, and `Authorization` of a request.
-    std::string sent(std::size_t index) {
-        const URLRequest request = session->request(index);
-        const std::string address = request.url()->absoluteString();
-        return request.httpMethod().value_or("") + " " +
-               address.substr(std::string("https://user.example.test").size()) + " " +
-               request.value("Authorization").value_or("none");
-    }
+    std::string sent(std::size_t index) { return textOf(session->request(index)); }
 
     std::atomic<double> now{1000.0};
     Waits waits;

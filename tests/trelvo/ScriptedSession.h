@@ -23,19 +23,19 @@ public:
     explicit ScriptedSession(Script script) : script_(std::make_shared<const Script>(std::move(script))) {}
 
     void loadData(LoadDataArguments arguments) override {
-        Transfer transfer{.request = std::move(arguments.fromURLRequest).value(),
-                          .completion = std::move(arguments.completionHandler).value()};
-        if (script_) {
-            queue_.async([script = script_, transfer = std::move(transfer)]() mutable {
-                end(transfer.completion, (*script)(transfer.request));
-            });
-            return;
-        }
-        const std::lock_guard lock(mutex_);
-        if (isAbandoned_) return;
-        transfers_.push_back(std::move(transfer));
-        changed_.notify_all();
+        run({.request = std::move(arguments.fromURLRequest).value(),
+             .completion = std::move(arguments.completionHandler).value()});
     }
+
+    Cancellable start(LoadDataArguments arguments) override {
+        const Event cancelled;
+        run({.request = std::move(arguments.fromURLRequest).value(),
+             .completion = std::move(arguments.completionHandler).value(),
+             .cancelled = cancelled});
+        return Cancellable([cancelled] { cancelled.signal(); });
+    }
+
+    DispatchQueue deliveryQueue() const override { return queue_; }
 
     AnyPublisher<Answer> loadDataPublisher(LoadDataPublisherArguments) override {
         ADD_FAILURE() << "operations on user data use no publisher";
@@ -75,6 +75,21 @@ public:
         isAbandoned_ = true;
     }
 
+    /// Waits until the transfer was cancelled. Whether it was.
+    bool awaitCancel(std::size_t index) {
+        std::unique_lock lock(mutex_);
+        if (!hasStarted(lock, index)) return false;
+        const Event cancelled = transfers_[index].cancelled;
+        lock.unlock();
+        return cancelled.wait();
+    }
+
+    /// Whether the transfer was cancelled by now.
+    bool isCancelled(std::size_t index) {
+        std::unique_lock lock(mutex_);
+        return hasStarted(lock, index) && transfers_[index].cancelled.count() > 0;
+    }
+
     /// How many transfers have started.
     std::size_t count() const {
         const std::lock_guard lock(mutex_);
@@ -87,7 +102,22 @@ private:
     struct Transfer {
         URLRequest request;
         Completion completion;
+        /// Happens if the transfer was started by `start` and is cancelled.
+        Event cancelled{};
     };
+
+    void run(Transfer transfer) {
+        if (script_) {
+            queue_.async([script = script_, transfer = std::move(transfer)]() mutable {
+                end(transfer.completion, (*script)(transfer.request));
+            });
+            return;
+        }
+        const std::lock_guard lock(mutex_);
+        if (isAbandoned_) return;
+        transfers_.push_back(std::move(transfer));
+        changed_.notify_all();
+    }
 
     static void end(Completion& completion, Reply reply) {
         completion(std::move(reply.data), std::move(reply.response), std::move(reply.error));
