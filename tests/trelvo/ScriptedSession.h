@@ -67,6 +67,17 @@ public:
     /// Answers a transfer and waits until all that its completion does is done.
     void answer(std::size_t index, Reply reply) { EXPECT_TRUE(post(index, std::move(reply), queue_).wait()); }
 
+    /// Answers a transfer on a thread of its own once it has started.
+    Event postWhenStarted(std::size_t index, Reply reply) {
+        const Event ended;
+        DispatchQueue::withOwnThread("answer").async(
+            [this, index, ended, reply = std::move(reply)]() mutable {
+                answer(index, std::move(reply));
+                ended.signal();
+            });
+        return ended;
+    }
+
     /// Drops what is open, and whatever is still to start: what an open transfer holds may hold this session.
     void abandon() {
         std::vector<Transfer> open;
