@@ -21,7 +21,7 @@ TEST_F(UserClientEnds, NeverDeliverInsideTheCall) {
         // A completion inside the call would wait for this lock for ever.
         const std::lock_guard lock(held);
         handles.push_back(client->listWatchlistShowIds().start({}, [&](const Result<Saved, TrelvoError>&) {
-            const std::lock_guard inCompletion(held);
+            { const std::lock_guard inCompletion(held); }
             delivered.signal();
         }));
     }
