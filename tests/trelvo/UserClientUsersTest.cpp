@@ -194,6 +194,16 @@ TEST_F(UserClientUsers, WhoSubscribedAreToldOfEachSetOfTokens) {
                                      UserAuth{.uid = "u1", .auth = tokens("rotated", 3000)}, std::nullopt}));
 }
 
+TEST_F(UserClientUsers, WhoReplaceOthersAreReportedOnce) {
+    using Auths = std::vector<std::optional<UserAuth>>;
+    const UserAuth ann{.uid = "u1", .auth = tokens("ann", 2000)};
+    const UserAuth bob{.uid = "u2", .auth = tokens("bob", 2000)};
+    const Sent<std::optional<UserAuth>> auths;
+    const Cancellable subscription = client->authChanges().sink(auths.received());
+    for (const auto& auth : Auths{ann, bob, std::nullopt}) client->setAuth(auth);
+    EXPECT_EQ(auths.first(4), (Auths{std::nullopt, ann, bob, std::nullopt}));
+}
+
 TEST_F(UserClientUsers, AreNotReportedAfterTheSubscriptionWasDropped) {
     const Sent<SignInState> dropped;
     const Sent<SignInState> kept;

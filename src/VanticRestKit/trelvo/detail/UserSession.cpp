@@ -29,7 +29,7 @@ void UserSession::enter(std::shared_ptr<UserCall> call) {
 void UserSession::entered(const std::shared_ptr<UserCall>& call) {
     if (call->hasLeft()) return;
     const UserRequests& requests = call->requests();
-    adoptUser(requests.uid);
+    if (requests.uid != uid_) changeUser(requests.uid, std::nullopt);
     if (!requests.uid) {
         call->fail(TrelvoError::noUid());
     } else if (!requests.data) {
@@ -163,12 +163,10 @@ void UserSession::replaceAuth(std::optional<Auth> auth) {
 
 // Users.
 
-void UserSession::adoptUser(const std::optional<std::string>& uid) {
-    if (uid == uid_) return;
+void UserSession::changeUser(const std::optional<std::string>& uid, std::optional<Auth> auth) {
     uid_ = uid;
     authError_.reset();
     refresh_.reset();
-    replaceAuth(std::nullopt);
     waitingCount_ = 0;
     const std::map<std::uint64_t, Entry> ended = std::move(entries_);
     entries_.clear();
@@ -176,16 +174,22 @@ void UserSession::adoptUser(const std::optional<std::string>& uid) {
         entry.call->stop();
         entry.call->cancel();
     }
+    replaceAuth(std::move(auth));
 }
 
 void UserSession::setAuth(std::optional<UserAuth> auth) {
     published_.store(auth);
     queue_.async([self = shared_from_this(), auth = std::move(auth)] {
-        if (auth) self->adoptUser(auth->uid);
+        std::optional<Auth> tokens;
+        if (auth) tokens = auth->auth;
+        if (auth && auth->uid != self->uid_) {
+            self->changeUser(auth->uid, std::move(tokens));
+            return;
+        }
         self->authError_.reset();
         // It would replace the tokens that were handed in.
         self->refresh_.reset();
-        self->replaceAuth(auth ? std::optional<Auth>(auth->auth) : std::nullopt);
+        self->replaceAuth(std::move(tokens));
         self->forEachWaiting([&](Entry& entry) {
             self->endWait(entry);
             self->advance(entry);
@@ -195,7 +199,7 @@ void UserSession::setAuth(std::optional<UserAuth> auth) {
 
 void UserSession::signOut() {
     published_.store(std::nullopt);
-    queue_.async([self = shared_from_this()] { self->adoptUser(std::nullopt); });
+    queue_.async([self = shared_from_this()] { self->changeUser(std::nullopt, std::nullopt); });
 }
 
 void UserSession::publish() {

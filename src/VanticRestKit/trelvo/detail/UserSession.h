@@ -86,7 +86,8 @@ private:
     bool startRefresh(const UserRequests& requests);
     void refreshed(const Result<TokenResponse, LoaderError>& answer);
 
-    void adoptUser(const std::optional<std::string>& uid);
+    /// Ends what is under way and goes on with the tokens of `uid`.
+    void changeUser(const std::optional<std::string>& uid, std::optional<Auth> auth);
     void replaceAuth(std::optional<Auth> auth);
     void publish();
     template <class T>
