@@ -145,6 +145,8 @@
 #include <VanticRestKit/trelvo/Token/TokenResponse.h>
 #include <VanticRestKit/trelvo/Token/TokenRoutes.h>
 #include <VanticRestKit/trelvo/Trelvo.h>
+#include <VanticRestKit/trelvo/UserAuth.h>
+#include <VanticRestKit/trelvo/UserClient.h>
 
 #include <VanticRestKit/kavro/KAVRORoutes.h>
 #include <VanticRestKit/kavro/KAVROSegmentsContext.h>
