@@ -4,6 +4,7 @@
 
 #include <trelvo/UserClientFixture.h>
 #include <chrono>
+#include <limits>
 #include <stop_token>
 
 namespace VanticRestKit::test {
@@ -131,11 +132,13 @@ TEST_F(UserClientEnds, AreCancelledByAStopTokenWhileTheyWait) {
 }
 
 TEST_F(UserClientEnds, MissTheirDeadlineAlsoWhileTheyWaitForAToken) {
+    const Outcomes unhurried = listSeparately();
+    EXPECT_EQ(sent(0), tokenRequest + "none");
     list({.deadline = 5ms});
     const Outcome outcome = only();
     EXPECT_TRUE(outcome.is(Kind::general));
     EXPECT_EQ(transportCode(outcome), -1001);
-    EXPECT_TRUE(session->awaitCancel(0));
+    EXPECT_EQ(unhurried.count(), 0U);
 }
 
 TEST_F(UserClientEnds, TellTheFailureHookOfAMissedDeadlineWithoutAToken) {
@@ -166,6 +169,14 @@ TEST_F(UserClientEnds, AreUnknownIfTheContextBuildsNoRequestForAToken) {
     EXPECT_EQ(
         only().text(),
         "Unknown error: In UserClient.listWatchlistShowIds(), the context built no request for a token");
+    EXPECT_EQ(sentCount(), 0U);
+}
+
+TEST_F(UserClientEnds, AreUnknownForANumberBeyondTheSignedRange) {
+    handles.push_back(client->deleteShow({.showId = std::numeric_limits<std::uint64_t>::max()})
+                          .start({}, completion<void>(outcomes.completed())));
+    EXPECT_EQ(only().text(),
+              "Unknown error: In Trelvo.deleteShow(), showId is beyond the range of a signed number");
     EXPECT_EQ(sentCount(), 0U);
 }
 

@@ -45,8 +45,7 @@ const std::map<std::string, Start>& starts() {
          }},
         {"listVideosForShow",
          [](const UserClient& client, Completed done) {
-             return started(client.listVideosForShow({.showId = 42, .markedAsDone = true}),
-                            std::move(done));
+             return started(client.listVideosForShow({.showId = 42, .markedAsDone = true}), std::move(done));
          }},
         {"getVideoProgress",
          [](const UserClient& client, Completed done) {

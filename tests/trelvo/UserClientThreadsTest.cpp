@@ -54,6 +54,10 @@ private:
 class SharedContext final : public UserContext {
 public:
     std::optional<std::string> uid() const override { return isOther ? "u2" : "u1"; }
+    /// Without counting, which is for one thread.
+    std::optional<URLRequest> generateURLRequest(URLRequestArguments arguments) const override {
+        return TrelvoContext::generateURLRequest(std::move(arguments));
+    }
 
     std::atomic<bool> isOther{false};
 };

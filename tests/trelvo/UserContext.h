@@ -7,7 +7,6 @@
 #include <VanticRestKit/trelvo/Common/TrelvoContext.h>
 
 #include <trelvo/ScriptedSession.h>
-#include <atomic>
 
 namespace VanticRestKit::test {
 
@@ -40,8 +39,8 @@ public:
     bool buildsTokenRequest = true;
     bool buildsDataRequest = true;
     /// How many requests it was asked to build. All are asked for before an operation returns.
-    mutable std::atomic<int> tokenRequests = 0;
-    mutable std::atomic<int> dataRequests = 0;
+    mutable int tokenRequests = 0;
+    mutable int dataRequests = 0;
 };
 
 }  // namespace VanticRestKit::test

@@ -9,6 +9,7 @@
 #include <VanticRestKit/platform/publisher/AnyPublisher.h>
 #include <VanticRestKit/trelvo/Common/TrelvoContext.h>
 #include <VanticRestKit/trelvo/Common/TrelvoError.h>
+#include <VanticRestKit/trelvo/Common/TrelvoNumber.h>
 #include <VanticRestKit/trelvo/Dataset/Subprofile.h>
 #include <VanticRestKit/trelvo/History/HistoryData.h>
 #include <VanticRestKit/trelvo/Saved/SavedData.h>
@@ -45,7 +46,7 @@ struct UserOperation;
 /// one serial queue of the client. `future().get()` and `wait()` fail at once on that queue and on the one where the
 /// service of the context delivers. A cancelled start ends with `general`, holding a `LoaderError` with the
 /// transport's `URLErrorCode::cancelled`; one that misses its deadline, which covers the wait for tokens, with
-/// `URLErrorCode::timedOut`. If the context builds no request the outcome is `unknown`.
+/// `URLErrorCode::timedOut`. If the context builds no request, or a number is beyond the signed range, the outcome is `unknown`.
 ///
 /// **The context** is read when an operation is started, on the thread of the start: user, source and requests. Requests
 /// are built before the token is known: their `Authorization` has a marker in its place, which the client replaces in
@@ -118,22 +119,22 @@ public:
     Call<History> listRecentVideos(RecentVideosArguments arguments) const;
 
     struct VideosForShowArguments {
-        Required<std::int64_t> showId;
+        Required<TrelvoNumber> showId;
         Required<std::optional<bool>> markedAsDone;
     };
     Call<History> listVideosForShow(VideosForShowArguments arguments) const;
 
     struct VideoProgressArguments {
-        Required<std::int64_t> showId;
+        Required<TrelvoNumber> showId;
         Required<std::string> houseNumber;
     };
     Call<History> getVideoProgress(VideoProgressArguments arguments) const;
 
     struct UpdateVideoProgressArguments {
-        Required<std::int64_t> showId;
+        Required<TrelvoNumber> showId;
         Required<std::string> houseNumber;
         /// In seconds.
-        Required<std::int64_t> progress;
+        Required<TrelvoNumber> progress;
         Required<bool> isDone;
     };
     Call<History> updateVideoProgress(UpdateVideoProgressArguments arguments) const;
@@ -141,7 +142,7 @@ public:
     Call<std::vector<SavedData>> listWatchlistShowIds() const;
 
     struct ShowArguments {
-        Required<std::int64_t> showId;
+        Required<TrelvoNumber> showId;
     };
     Call<std::vector<SavedData>> addWatchlistShow(ShowArguments arguments) const;
     Call<void> deleteShow(ShowArguments arguments) const;

@@ -27,6 +27,8 @@ public:
     /// The order of the starts.
     std::uint64_t number() const noexcept { return number_; }
     virtual const char* name() const = 0;
+    /// What it ends with if its arguments cannot be sent.
+    virtual const std::optional<TrelvoError>& argumentError() const = 0;
     /// Whether it ended before its turn, so that nothing is to be done for it. Any thread.
     bool hasLeft() const noexcept { return hasLeft_.load(); }
 
@@ -75,6 +77,7 @@ public:
 
 private:
     const char* name() const override { return operation_->name; }
+    const std::optional<TrelvoError>& argumentError() const override { return operation_->argumentError; }
 
     void send(std::shared_ptr<Serviceable> service) override {
         const Resource<A> resource({.withService = std::move(service), .andDecoder = JSONDecoder()});

@@ -30,7 +30,9 @@ void UserSession::entered(const std::shared_ptr<UserCall>& call) {
     if (call->hasLeft()) return;
     const UserRequests& requests = call->requests();
     if (requests.uid != uid_) changeUser(requests.uid, std::nullopt);
-    if (!requests.uid) {
+    if (call->argumentError()) {
+        call->fail(*call->argumentError());
+    } else if (!requests.uid) {
         call->fail(TrelvoError::noUid());
     } else if (!requests.data) {
         call->fail(noRequest(*call, "the data"));

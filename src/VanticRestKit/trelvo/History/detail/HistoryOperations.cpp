@@ -71,6 +71,7 @@ HistoryReading listVideosForShow(VideosForShow wanted) {
 }
 
 HistoryReading getVideoProgress(ProgressOfVideo wanted) {
+    auto error = signedRangeError(wanted.showId, "getVideoProgress", "showId");
     return {.name = "getVideoProgress",
             .route =
                 [wanted = std::move(wanted)](const std::string& uid, SourceSystem source) {
