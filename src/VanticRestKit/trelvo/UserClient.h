@@ -33,8 +33,9 @@ struct UserOperation;
 
 /// The client of the user data service for new hosts: profiles, history, progress and watchlist of the signed-in user.
 ///
-/// No call blocks, and all may be made on any thread, from completions too. Each operation can be started any number
-/// of times, in any form: `start` with a completion, `co_await value()`, `future`, `wait` or `publisher`.
+/// Nothing blocks but `wait()` and `get()`, and all calls may be made on any thread, from completions too. Each
+/// operation can be started any number of times, in any form: `start` with a completion, `co_await value()`, `future`,
+/// `wait` or `publisher`.
 ///
 /// ```cpp
 /// auto client = UserClient::make(context);
@@ -46,11 +47,13 @@ struct UserOperation;
 /// one serial queue of the client. `future().get()` and `wait()` fail at once on that queue and on the one where the
 /// service of the context delivers. A cancelled start ends with `general`, holding a `LoaderError` with the
 /// transport's `URLErrorCode::cancelled`; one that misses its deadline, which covers the wait for tokens, with
-/// `URLErrorCode::timedOut`. If the context builds no request, or a number is beyond the signed range, the outcome is `unknown`.
+/// `URLErrorCode::timedOut`. If the context builds no request, or a number is beyond the signed range, the outcome is
+/// `unknown`.
 ///
-/// **The context** is read when an operation is started, on the thread of the start: user, source and requests. Requests
-/// are built before the token is known: their `Authorization` has a marker in its place, which the client replaces in
-/// the finished headers. `service` and `logError` are called on queues of the client and must allow any thread.
+/// **The context** is read when an operation is started, on the thread of the start: user, source and requests; and by
+/// `get()` and `wait()`, on theirs. Requests are built before the token is known: their `Authorization` has a marker in
+/// its place, which the client replaces in the finished headers. `service` and `logError` are called on queues of the
+/// client and must allow any thread.
 ///
 /// **Tokens** are held in memory alone. Operations that find none, or one that ends within five seconds, wait for one
 /// request for new ones, however many they are; it is cancelled when none of them waits any more. An operation whose

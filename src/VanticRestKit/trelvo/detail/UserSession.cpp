@@ -68,7 +68,7 @@ void UserSession::send(Entry& entry) {
 
 bool UserSession::sendsAgain(const UserCall& call, const LoaderError& error) {
     const auto found = entries_.find(call.number());
-    if (found == entries_.end() || !isUnauthorized(error)) return false;
+    if (found == entries_.end() || call.hasLeft() || !isUnauthorized(error)) return false;
     Entry& entry = found->second;
     if (!entry.wasGood || entry.hasRepeated) return false;
     entry.hasRepeated = true;
@@ -145,6 +145,8 @@ void UserSession::endWait(Entry& entry) {
 void UserSession::resumeAfterRefresh(Entry& entry, bool isRefreshed) {
     endWait(entry);
     const std::shared_ptr<UserCall> call = entry.call;
+    // What removes its entry is on its way.
+    if (call->hasLeft()) return;
     if (entry.refusal && !isRefreshed) {
         const LoaderError refusal = *entry.refusal;
         call->failAsAnswered(refusal);
