@@ -53,6 +53,7 @@
 #include <VanticRestKit/platform/result/Result.h>
 #include <VanticRestKit/platform/url/URL.h>
 #include <VanticRestKit/platform/url/URLComponents.h>
+#include <VanticRestKit/platform/url/URLLiteral.h>
 #include <VanticRestKit/platform/url/URLQueryItem.h>
 
 #include <VanticRestKit/Core/BodyReader.h>
@@ -69,6 +70,7 @@
 #include <VanticRestKit/Core/NetworkServiceble.h>
 #include <VanticRestKit/Core/NetworkSession.h>
 #include <VanticRestKit/Core/NetworkURLSession.h>
+#include <VanticRestKit/Core/Omittable.h>
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/Core/ResourceArguments.h>

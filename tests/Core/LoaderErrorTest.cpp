@@ -55,6 +55,37 @@ TEST(LoaderError, Is404ForAnHTTPErrorWith404Only) {
     EXPECT_FALSE(LoaderError::serverError(requestFailedWith404).is404Error());
 }
 
+TEST(LoaderError, FindsTheNetworkErrorHoweverDeepItIs) {
+    const LoaderError failure = httpFailure(404);
+    ASSERT_NE(failure.networkError(), nullptr);
+    EXPECT_EQ(failure.networkError()->errorCode(), 404);
+    EXPECT_EQ(failure.networkError(), failure.underlyingError()->as<NetworkError>());
+    const LoaderError outer = LoaderError::serverError(LoaderError::serverError(failure));
+    ASSERT_NE(outer.networkError(), nullptr);
+    EXPECT_EQ(outer.networkError()->errorCode(), 404);
+}
+
+TEST(LoaderError, HasNoNetworkErrorIfItHoldsNone) {
+    EXPECT_EQ(LoaderError::serverError(std::nullopt).networkError(), nullptr);
+    EXPECT_EQ(LoaderError::serverError(NSError("D", 404)).networkError(), nullptr);
+    EXPECT_EQ(LoaderError::failedToDecode(NSError("D", 1)).networkError(), nullptr);
+    EXPECT_EQ(LoaderError::unknowError().networkError(), nullptr);
+}
+
+TEST(LoaderError, FindsWhatTheTransportReported) {
+    const URLRequest request(test::url("https://api.example.test"));
+    const LoaderError failure = LoaderError::serverError(
+        NetworkError::requestFailed(request, nullptr, NSError("NSURLErrorDomain", -1001)));
+    ASSERT_NE(failure.transportError(), nullptr);
+    EXPECT_EQ(failure.transportError()->code(), -1001);
+    EXPECT_EQ(httpFailure(404).transportError(), nullptr);
+    EXPECT_EQ(LoaderError::serverError(NSError("D", 404)).transportError(), nullptr);
+    const LoaderError ofAnotherKind =
+        LoaderError::serverError(NetworkError::requestFailed(request, nullptr, LoaderError::unknowError()));
+    EXPECT_NE(ofAnotherKind.networkError(), nullptr);
+    EXPECT_EQ(ofAnotherKind.transportError(), nullptr);
+}
+
 TEST(LoaderError, TheGeneralDescriptionIsItsOwnText) {
     const Error general = LoaderError::failedToDecode(NSError("D", 1));
     EXPECT_EQ(general.localizedDescription(), "Unable to decode the server response");

@@ -38,12 +38,12 @@ static_assert(!LeftOut<Named> && !LeftOut<NamedWithItems>);
 
 static_assert(std::is_convertible_v<int, Required<std::int64_t>>);
 static_assert(!std::is_convertible_v<double, Required<int>>, "narrowing is refused");
-static_assert(!std::is_convertible_v<int, Required<std::uint64_t>>, "narrowing is refused");
 static_assert(!std::is_convertible_v<const char*, Required<std::vector<std::string>>>);
 
 using OptionalUnsigned = Required<std::optional<std::uint64_t>>;
-static_assert(!std::is_convertible_v<int, OptionalUnsigned>, "narrowing is refused inside an optional too");
-static_assert(!std::is_convertible_v<double, OptionalUnsigned>);
+static_assert(!std::is_convertible_v<double, OptionalUnsigned>,
+              "narrowing is refused inside an optional too");
+static_assert(!std::is_convertible_v<char, OptionalUnsigned>);
 static_assert(!std::is_convertible_v<std::optional<int>, OptionalUnsigned>);
 static_assert(!std::is_convertible_v<std::optional<double>, OptionalUnsigned>);
 static_assert(std::is_convertible_v<unsigned, OptionalUnsigned>);
@@ -93,6 +93,43 @@ TEST(Required, ACallableThatCannotBeCopiedMovesThrough) {
     Completing given{.with = [held = std::make_unique<int>(7)] { return *held; }};
     UniqueFunction<int()> taken = std::move(given.with);
     EXPECT_EQ(taken(), 7);
+}
+
+struct Page {
+    Required<std::uint64_t> limit;
+    Required<std::optional<std::uint64_t>> selected;
+};
+
+TEST(Required, AnUnsignedNumberTakesASignedConstant) {
+    const Page page{.limit = 10, .selected = 111};
+    EXPECT_EQ(page.limit.value(), 10U);
+    EXPECT_EQ(page.selected.value(), 111U);
+}
+
+TEST(Required, AnUnsignedNumberTakesAnUnsignedVariable) {
+    const std::uint64_t count = 10;
+    const std::optional<std::uint64_t> none;
+    const Page page{.limit = count, .selected = none};
+    EXPECT_EQ(page.limit.value(), 10U);
+    EXPECT_EQ(page.selected.value(), std::nullopt);
+}
+
+TEST(Required, ComparesAsItsValueDoes) {
+    const Named named{.name = "x"};
+    EXPECT_TRUE(named.name == "x");
+    EXPECT_TRUE("x" == named.name);
+    EXPECT_TRUE(named.name == std::string("x"));
+    EXPECT_TRUE(named.name != "y");
+    EXPECT_TRUE(named.name == Named{.name = "x"}.name);
+}
+
+TEST(Required, ComparesTwoEmptyOptionalsAsEqual) {
+    const std::optional<std::uint64_t> none;
+    const Page page{.limit = 10, .selected = none};
+    EXPECT_TRUE(page.selected == none);
+    EXPECT_TRUE(page.selected == std::nullopt);
+    EXPECT_FALSE(page.selected == 5U);
+    EXPECT_TRUE((Page{.limit = 10, .selected = 5}.selected == 5U));
 }
 
 }  // namespace

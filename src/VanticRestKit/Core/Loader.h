@@ -91,15 +91,14 @@ public:
     /// A publisher of the value. Each subscription runs the request anew, whether the loader is busy or not;
     /// failures arrive as they are, not as a `LoaderError`.
     AnyPublisher<T> load(PublisherArguments arguments) const {
-        return service()->fetch().template decode<T>(
-            detail::BodyReader{std::move(arguments.decoder).value()});
+        return service()->fetch().template decode<T>(reader(std::move(arguments)));
     }
 
     /// The same with an empty value for a JSON null and for every failure; it never fails.
     AnyPublisher<std::optional<T>, Never> loadOptional(PublisherArguments arguments) const {
         return service()
             ->fetch()
-            .template decode<std::optional<T>>(detail::BodyReader{std::move(arguments.decoder).value()})
+            .template decode<std::optional<T>>(reader(std::move(arguments)))
             .replaceError(std::nullopt);
     }
 
@@ -107,7 +106,16 @@ public:
     const std::shared_ptr<Serviceable>& service() const noexcept { return LoaderCore::service(); }
 
 private:
+    /// What a publisher decodes with. It keeps the service alive, which the publisher of a host's own may need.
+    struct Reader : detail::BodyReader {
+        std::shared_ptr<Serviceable> service;
+    };
+
     explicit Loader(std::shared_ptr<Serviceable> service) : LoaderCore(std::move(service)) {}
+
+    Reader reader(PublisherArguments arguments) const {
+        return {{std::move(arguments.decoder).value()}, service()};
+    }
 };
 
 }  // namespace VanticRestKit

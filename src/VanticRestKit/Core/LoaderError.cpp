@@ -1,5 +1,6 @@
 #include <VanticRestKit/Core/LoaderError.h>
 #include <VanticRestKit/Core/NetworkError.h>
+#include <VanticRestKit/platform/error/NSError.h>
 
 namespace VanticRestKit {
 
@@ -33,6 +34,21 @@ bool LoaderError::is404Error() const {
     if (kind_ != Kind::serverError || !underlyingError_) return false;
     const NetworkError* const error = underlyingError_->as<NetworkError>();
     return error != nullptr && error->kind() == NetworkError::Kind::httpError && error->errorCode() == 404;
+}
+
+const NetworkError* LoaderError::networkError() const noexcept {
+    const LoaderError* error = this;
+    while (error != nullptr && error->underlyingError_) {
+        const Error& held = *error->underlyingError_;
+        if (const auto* found = held.as<NetworkError>()) return found;
+        error = held.as<LoaderError>();
+    }
+    return nullptr;
+}
+
+const NSError* LoaderError::transportError() const noexcept {
+    const NetworkError* const error = networkError();
+    return error != nullptr ? error->transportError() : nullptr;
 }
 
 const ErrorTag& LoaderError::errorTag() {

@@ -13,6 +13,9 @@
 
 namespace VanticRestKit {
 
+class NetworkError;
+class NSError;
+
 /// How a load failed. Also known as `Loader<T>::LoaderError`. A load produces the first two cases only.
 /// An immutable value; `==` compares the case alone.
 class VRK_EXPORT LoaderError {
@@ -37,6 +40,14 @@ public:
 
     /// Whether the server answered 404: `serverError` holding a `NetworkError` that is `httpError` with 404.
     bool is404Error() const;
+
+    /// The `NetworkError` that this error holds, directly or inside other errors of the library; null if there is none.
+    /// It lives as long as this error. `if (const auto* error = failure.networkError()) log(error->errorMessage());`
+    const NetworkError* networkError() const noexcept;
+
+    /// What the transport reported: the `NSError` inside a `NetworkError` that is `requestFailed`, such as one with the
+    /// domain "NSURLErrorDomain" and the code -1001. Null if there is none. It lives as long as this error.
+    const NSError* transportError() const noexcept;
 
     static const ErrorTag& errorTag();
     static std::string errorDomain();

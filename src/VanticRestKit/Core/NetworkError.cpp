@@ -57,6 +57,10 @@ std::shared_ptr<const HTTPURLResponse> NetworkError::response() const {
 
 std::optional<URL> NetworkError::url() const { return request_ ? request_->url() : std::nullopt; }
 
+const NSError* NetworkError::transportError() const noexcept {
+    return underlyingError_ ? underlyingError_->as<NSError>() : nullptr;
+}
+
 std::optional<std::string> NetworkError::requestHost() const {
     const std::optional<URL> address = url();
     return address ? address->host() : std::nullopt;

@@ -60,6 +60,10 @@ public:
     /// What `requestFailed` holds; empty for the others.
     const std::optional<Error>& underlyingError() const noexcept { return underlyingError_; }
 
+    /// The `NSError` that `requestFailed` holds; null for the others, and if a transport of the host's own put another
+    /// error there. It lives as long as this error.
+    const NSError* transportError() const noexcept;
+
     /// The host, path and query of the request's URL as `URL` tells them; empty where there is no request or
     /// URL.
     std::optional<std::string> requestHost() const;

@@ -8,6 +8,24 @@ namespace VanticRestKit {
 
 NetworkSession::~NetworkSession() = default;
 
+AnyPublisher<NetworkSession::Answer> NetworkSession::loadDataPublisher(LoadDataPublisherArguments arguments) {
+    return AnyPublisher<Answer>::create([this, request = std::move(arguments.fromURLRequest).value()](
+                                            const Subscriber<Answer, Error>& subscriber) {
+        const auto answered = [subscriber](std::optional<Data> data,
+                                           std::shared_ptr<const URLResponse> response,
+                                           std::optional<Error> error) {
+            if (error) {
+                subscriber.complete(Failure(*std::move(error)));
+                return;
+            }
+            subscriber.receive(Answer(data ? *std::move(data) : Data(), std::move(response)));
+            subscriber.complete();
+        };
+        loadData({.fromURLRequest = request, .completionHandler = answered});
+        return Cancellable();
+    });
+}
+
 Cancellable NetworkSession::start(LoadDataArguments arguments) {
     auto handler = std::make_shared<Completion>(std::move(arguments.completionHandler).value());
     return loadDataPublisher({.fromURLRequest = std::move(arguments.fromURLRequest).value()})

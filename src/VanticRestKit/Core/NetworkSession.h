@@ -22,7 +22,9 @@ namespace VanticRestKit {
 
 class URLSession;
 
-/// Carries requests to their server. A host may put a transport of its own behind it.
+/// Carries requests to their server. A host may supply a transport of its own: one that overrides `loadData` alone
+/// serves every form of a load. It overrides `start` too if its transfers can be cancelled, and `loadDataPublisher`
+/// if publishers are used and shall cancel them.
 class VRK_EXPORT NetworkSession {
 public:
     /// Receives the body, the head of the answer and the error of a transfer, each where there is one.
@@ -44,8 +46,13 @@ public:
     /// Starts the transfer at once. The handler is called once, on the session's own serial queue.
     virtual void loadData(LoadDataArguments arguments) = 0;
 
-    /// A publisher whose every subscription starts a transfer; cancelling the subscription ends it.
-    virtual AnyPublisher<Answer> loadDataPublisher(LoadDataPublisherArguments arguments) = 0;
+    /// A publisher whose every subscription starts a transfer; cancelling the subscription ends it. The session must
+    /// live until the last subscription has started.
+    ///
+    /// A session that does not override this subscribes by `loadData`: cancelling the subscription then stops the
+    /// delivery and not the transfer, and the same holds for the default of `start`. An answer without body and without
+    /// error has an empty body.
+    virtual AnyPublisher<Answer> loadDataPublisher(LoadDataPublisherArguments arguments);
 
     /// Starts the transfer at once, like `loadData`, and gives a handle whose `cancel()` or end ends the transfer. The
     /// handler of a transfer that was ended so is called with the error of a cancelled request, or not at all.

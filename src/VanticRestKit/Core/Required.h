@@ -27,9 +27,13 @@ template <class T>
 struct ListElement<std::vector<T>> {
     using type = T;
 };
-template <class Key, class T, class Compare>
-struct ListElement<std::map<Key, T, Compare>> {
-    using type = std::pair<const Key, T>;
+template <class T>
+concept MapLike = requires {
+    typename T::mapped_type;
+};
+template <MapLike T>
+struct ListElement<T> {
+    using type = typename T::value_type;
 };
 
 template <class T>
@@ -62,13 +66,41 @@ requires(isOptionalLike<std::remove_cvref_t<U>>) struct Fills<U, std::optional<T
     : std::bool_constant<FillsInside<typename std::remove_cvref_t<U>::value_type, T>> {
 };
 
+template <class T>
+inline constexpr bool isUnsignedLike = std::unsigned_integral<T> && !std::same_as<T, bool>;
+template <class T>
+inline constexpr bool isUnsignedLike<std::optional<T>> = isUnsignedLike<T>;
+
+/// A signed number in the place of an unsigned one, which is told only where its value is known.
+template <class U, class T>
+concept SignedFor =
+    isUnsignedLike<T> && std::signed_integral<U> && !std::same_as<U, char> && !std::same_as<U, wchar_t>;
+
+/// Never defined: what the compiler names where a literal does not fit.
+void literalIsNegativeOrTooGreatForThisArgument();
+
+template <class T>
+struct UnsignedOf {
+    using type = T;
+};
+template <class T>
+struct UnsignedOf<std::optional<T>> {
+    using type = T;
+};
+
+template <class T, class U>
+consteval typename UnsignedOf<T>::type exactly(U literal) {
+    if (!std::in_range<typename UnsignedOf<T>::type>(literal)) literalIsNegativeOrTooGreatForThisArgument();
+    return static_cast<typename UnsignedOf<T>::type>(literal);
+}
+
 }  // namespace detail
 
 /// A field of a label struct that the caller must give: leaving it out does not compile.
 ///
-/// It takes whatever converts to `T` without narrowing (so `5u`, not `5`, for an unsigned number, also for
-/// one that may be empty), and for a vector or a map also its elements in braces. An empty list is written
-/// with its type:
+/// It takes whatever converts to `T` without narrowing, and for a vector or a map also its elements in braces.
+/// For an unsigned number, also one that may be empty, it takes a signed constant: `.limit = 10` compiles,
+/// `.limit = -1` and `.limit = n` with a variable `int n` do not. An empty list is written with its type:
 /// `.queries = std::vector<URLQueryItem>{}`, because `{}` is what a field that was left out reads like.
 ///
 /// ```cpp
@@ -92,9 +124,13 @@ public:
 #endif
 
     template <class U>
-    requires(!std::same_as<std::remove_cvref_t<U>, Required> &&
-             detail::Fills<U, T>::value) constexpr Required(U&& value)
+    requires(!std::same_as<std::remove_cvref_t<U>, Required> && detail::Fills<U, T>::value &&
+             !detail::SignedFor<std::remove_cvref_t<U>, T>) constexpr Required(U&& value)
         : value_{std::forward<U>(value)} {}
+
+    /// A signed constant for an unsigned number. A negative one does not compile.
+    template <detail::SignedFor<T> U>
+    consteval Required(U literal) : value_{detail::exactly<T>(literal)} {}
 
     constexpr Required(
         std::initializer_list<typename detail::ListElement<T>::type> elements) requires detail::isListLike<T>
@@ -110,5 +146,21 @@ public:
 private:
     T value_;
 };
+
+/// Whether the value of `argument` equals `other`, which may be whatever a `T` can be compared with.
+template <class T, class U>
+requires requires(const T& value, const U& other) {
+    { value == other } -> std::convertible_to<bool>;
+}
+constexpr bool operator==(const Required<T>& argument, const U& other) { return argument.value() == other; }
+template <class T>
+requires std::equality_comparable<T>
+constexpr bool operator==(const Required<T>& a, const Required<T>& b) { return a.value() == b.value(); }
+// An optional compares itself with whatever its element compares with, and would see two empty ones as different.
+template <class T>
+requires std::equality_comparable<T>
+constexpr bool operator==(const Required<std::optional<T>>& argument, const std::optional<T>& other) {
+    return argument.value() == other;
+}
 
 }  // namespace VanticRestKit

@@ -9,6 +9,21 @@ namespace VanticRestKit {
 
 Serviceable::~Serviceable() = default;
 
+AnyPublisher<Data> Serviceable::fetch() {
+    return AnyPublisher<Data>::create([this](const Subscriber<Data, Error>& subscriber) {
+        const auto ended = [subscriber](Result<Data, Error> body) {
+            if (!body) {
+                subscriber.complete(Failure(std::move(body).error()));
+                return;
+            }
+            subscriber.receive(std::move(*body));
+            subscriber.complete();
+        };
+        fetch({.with = ended});
+        return Cancellable();
+    });
+}
+
 Cancellable Serviceable::start(FetchArguments arguments) {
     auto completion = std::make_shared<Completion>(std::move(arguments.with).value());
     return fetch().sink([completion](Data body) { (*completion)(std::move(body)); },

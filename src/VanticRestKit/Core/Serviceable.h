@@ -16,7 +16,9 @@
 
 namespace VanticRestKit {
 
-/// Runs one request that is already prepared, any number of times. A host may put its own behind a `Loader`.
+/// Runs one request that is already prepared, any number of times. A host may supply its own: one that overrides
+/// `fetch(FetchArguments)` alone serves every form of a load. It overrides `start` too if its requests can be cancelled,
+/// and `fetch()` if publishers are used and shall cancel them.
 class VRK_EXPORT Serviceable {
 public:
     /// Receives the body of the answer, or why there is none.
@@ -32,8 +34,13 @@ public:
     /// choice. A `Loader` calls this on its own queue and decodes on the queue of the completion.
     virtual void fetch(FetchArguments arguments) = 0;
 
-    /// A publisher of the one body, or of the error in its place. Each subscription runs the request anew.
-    virtual AnyPublisher<Data> fetch() = 0;
+    /// A publisher of the one body, or of the error in its place. Each subscription runs the request anew. The service
+    /// must live until the last subscription has started; a `Loader` keeps it alive that long.
+    ///
+    /// A service that does not override this subscribes by `fetch(FetchArguments)`: cancelling the subscription then
+    /// stops the delivery and not the request, and the same holds for the default of `start`. Such a service writes
+    /// `using Serviceable::fetch;` if this is to be called on its own type, since its override hides it there.
+    virtual AnyPublisher<Data> fetch();
 
     /// Runs the request once and gives a handle whose `cancel()` or end ends it. The completion is called as that of
     /// `fetch`, but may not be called at all once the request was ended. The loads that can be cancelled start here.

@@ -90,5 +90,30 @@ TEST(Dictionary, FindsAKeyWithoutBuildingAString) {
     EXPECT_EQ(values.find("none"), values.end());
 }
 
+TEST(Dictionary, ReadsAValueByItsKeyAndKind) {
+    const Dictionary values{
+        {"text", "x"}, {"integer", 7}, {"truth", true}, {"number", 1.5}, {"error", Error(NSError("D", 1))}};
+    EXPECT_EQ(values.text("text"), "x");
+    EXPECT_EQ(values.integer("integer"), 7);
+    EXPECT_EQ(values.boolean("truth"), true);
+    EXPECT_EQ(values.number("number"), 1.5);
+    ASSERT_TRUE(values.error("error"));
+    EXPECT_EQ(values.error("error")->domain(), "D");
+}
+
+TEST(Dictionary, HasNoValueForAnAbsentKeyOrAnotherKind) {
+    const Dictionary values{{"integer", 7}, {"text", "7"}};
+    EXPECT_EQ(values.text("absent"), std::nullopt);
+    EXPECT_EQ(values.text("integer"), std::nullopt);
+    EXPECT_EQ(values.integer("text"), std::nullopt);
+    EXPECT_EQ(values.boolean("integer"), std::nullopt);
+    EXPECT_EQ(values.number("integer"), std::nullopt);
+    EXPECT_FALSE(values.error("text"));
+}
+
+TEST(Dictionary, OutlivesTheErrorItWasReadFrom) {
+    EXPECT_EQ(Error(NSError("D", 1, {{"url_host", "a.example"}})).userInfo().text("url_host"), "a.example");
+}
+
 }  // namespace
 }  // namespace VanticRestKit

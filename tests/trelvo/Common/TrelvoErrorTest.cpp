@@ -103,5 +103,26 @@ TEST(TrelvoError, EqualsThoseOfItsCase) {
     EXPECT_TRUE(TrelvoError::unknown("a") == TrelvoError::unknown("b"));
 }
 
+TEST(TrelvoError, FindsTheNetworkErrorHoweverDeepItIs) {
+    const NetworkError timedOut = NetworkError::requestFailed(URLRequest(URL("https://user.example.test")),
+                                                              nullptr, NSError("NSURLErrorDomain", -1001));
+    const TrelvoError loading = TrelvoError::general(LoaderError::serverError(timedOut));
+    for (const TrelvoError& failure :
+         {loading, TrelvoError::noAuthToken(loading), TrelvoError::general(timedOut)}) {
+        ASSERT_NE(failure.networkError(), nullptr);
+        EXPECT_EQ(failure.networkError()->kind(), NetworkError::Kind::requestFailed);
+        ASSERT_NE(failure.transportError(), nullptr);
+        EXPECT_EQ(failure.transportError()->code(), -1001);
+    }
+}
+
+TEST(TrelvoError, HasNoNetworkErrorIfItHoldsNone) {
+    const TrelvoError undecoded = TrelvoError::general(LoaderError::failedToDecode(NSError("D", 1)));
+    for (const TrelvoError& failure : {TrelvoError::noUid(), TrelvoError::unknown("x"), undecoded}) {
+        EXPECT_EQ(failure.networkError(), nullptr);
+        EXPECT_EQ(failure.transportError(), nullptr);
+    }
+}
+
 }  // namespace
 }  // namespace VanticRestKit

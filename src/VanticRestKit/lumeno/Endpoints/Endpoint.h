@@ -3,6 +3,7 @@
 /// \file
 /// `Endpoint`: where a host gets the resources of the catalogue.
 
+#include <VanticRestKit/Core/Omittable.h>
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/platform/url/URLQueryItem.h>
 #include <VanticRestKit/Visibility.h>
@@ -44,6 +45,11 @@ enum class NavigationType;
 /// A function builds the request from its arguments and the context and does no I/O; `load` on the resource
 /// does. It returns nothing exactly where the context can make no URL of the route, with no reason given. Any
 /// thread. The context is read during the call only.
+///
+/// A function with several arguments has a short form beside it, in which those may be left out that most hosts do not
+/// ask for: `Endpoint::Show({.showSlugOrId = "x"}, context)`. The labels alone select the form: a call that gives all of
+/// them is the full one. The short forms are templates only so that the full form is preferred then; never write their
+/// template argument.
 ///
 /// This header only names the entities: include the header of the entity and `Core/Resource.h` to use one.
 struct VRK_EXPORT Endpoint {
@@ -95,6 +101,18 @@ struct VRK_EXPORT Endpoint {
     static std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Show(
         ShowArguments arguments, const VanticRestKit::Context& context);
 
+    struct ShowShortArguments {
+        Required<std::string> showSlugOrId;
+        Omittable<std::uint64_t> selectedSeries{};
+        std::optional<std::string> selectedVideo{};
+        bool embedSeries = false;
+        std::optional<std::string> channel{};
+    };
+    /// The short form: nothing is selected, the series are not embedded, and no channel is sent, unless given.
+    template <class = void>
+    static std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Show(
+        ShowShortArguments arguments, const VanticRestKit::Context& context);
+
     struct ShowHrefArguments {
         Required<std::string> usingHref;
     };
@@ -117,6 +135,15 @@ struct VRK_EXPORT Endpoint {
     static std::optional<VanticRestKit::Resource<VanticRestKit::ShowsIndex>> ShowsList(
         ShowsListArguments arguments, const VanticRestKit::Context& context);
 
+    struct ShowsListShortArguments {
+        std::optional<std::string> channel{};
+        bool closedCaptionOnly = false;
+    };
+    /// The short form: all channels, with closed captions or without, unless given. `ShowsList({}, context)` asks for all.
+    template <class = void>
+    static std::optional<VanticRestKit::Resource<VanticRestKit::ShowsIndex>> ShowsList(
+        ShowsListShortArguments arguments, const VanticRestKit::Context& context);
+
     struct SeriesArguments {
         Required<std::string> usingHref;
     };
@@ -132,6 +159,14 @@ struct VRK_EXPORT Endpoint {
     static std::optional<VanticRestKit::Resource<VanticRestKit::RelatedShowList>> RelatedShows(
         RelatedShowsArguments arguments, const VanticRestKit::Context& context);
 
+    struct RelatedShowsShortArguments {
+        Required<std::string> showSlug;
+    };
+    /// The short form: no channel is sent.
+    template <class = void>
+    static std::optional<VanticRestKit::Resource<VanticRestKit::RelatedShowList>> RelatedShows(
+        RelatedShowsShortArguments arguments, const VanticRestKit::Context& context);
+
     struct SearchArguments {
         Required<std::string> keyword;
         Required<std::optional<std::string>> channel;
@@ -140,6 +175,14 @@ struct VRK_EXPORT Endpoint {
     static std::optional<VanticRestKit::Resource<VanticRestKit::SearchResults>> Search(
         SearchArguments arguments, const VanticRestKit::Context& context);
 
+    struct SearchShortArguments {
+        Required<std::string> keyword;
+    };
+    /// The short form: no channel is sent.
+    template <class = void>
+    static std::optional<VanticRestKit::Resource<VanticRestKit::SearchResults>> Search(
+        SearchShortArguments arguments, const VanticRestKit::Context& context);
+
     struct CollectionArguments {
         Required<std::string> collectionId;
         Required<bool> embedHighlightItem;
@@ -147,6 +190,14 @@ struct VRK_EXPORT Endpoint {
     /// One collection by its id.
     static std::optional<VanticRestKit::Resource<VanticRestKit::MixedCollection>> Collection(
         CollectionArguments arguments, const VanticRestKit::Context& context);
+
+    struct CollectionShortArguments {
+        Required<std::string> collectionId;
+    };
+    /// The short form: the highlight item is not embedded.
+    template <class = void>
+    static std::optional<VanticRestKit::Resource<VanticRestKit::MixedCollection>> Collection(
+        CollectionShortArguments arguments, const VanticRestKit::Context& context);
 
     struct CategoryArguments {
         Required<std::string> category;
@@ -218,6 +269,14 @@ struct VRK_EXPORT Endpoint {
     /// A path in the terms of the API and of the application.
     static std::optional<VanticRestKit::Resource<VanticRestKit::Remap>> Remap(
         RemapArguments arguments, const VanticRestKit::Context& context);
+
+    struct RemapShortArguments {
+        Required<std::string> path;
+    };
+    /// The short form: a path without query items.
+    template <class = void>
+    static std::optional<VanticRestKit::Resource<VanticRestKit::Remap>> Remap(
+        RemapShortArguments arguments, const VanticRestKit::Context& context);
 };
 
 }  // namespace VanticRestKit

@@ -12,4 +12,14 @@ std::optional<VanticRestKit::Resource<VanticRestKit::MixedCollection>> Endpoint:
     return VanticRestKit::Resource<VanticRestKit::MixedCollection>::make({.with = route}, context);
 }
 
+template <class>
+std::optional<VanticRestKit::Resource<VanticRestKit::MixedCollection>> Endpoint::Collection(
+    CollectionShortArguments arguments, const Context& context) {
+    return Collection(
+        CollectionArguments{.collectionId = std::move(arguments.collectionId), .embedHighlightItem = false},
+        context);
+}
+template std::optional<VanticRestKit::Resource<VanticRestKit::MixedCollection>> Endpoint::Collection<void>(
+    CollectionShortArguments, const Context&);
+
 }  // namespace VanticRestKit

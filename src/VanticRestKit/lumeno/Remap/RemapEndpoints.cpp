@@ -11,4 +11,13 @@ std::optional<VanticRestKit::Resource<VanticRestKit::Remap>> Endpoint::Remap(Rem
     return VanticRestKit::Resource<VanticRestKit::Remap>::make({.with = route}, context);
 }
 
+template <class>
+std::optional<VanticRestKit::Resource<VanticRestKit::Remap>> Endpoint::Remap(RemapShortArguments arguments,
+                                                                             const Context& context) {
+    return Remap(RemapArguments{.path = std::move(arguments.path), .queryItems = std::vector<URLQueryItem>{}},
+                 context);
+}
+template std::optional<VanticRestKit::Resource<VanticRestKit::Remap>> Endpoint::Remap<void>(
+    RemapShortArguments, const Context&);
+
 }  // namespace VanticRestKit

@@ -19,4 +19,21 @@ std::optional<VanticRestKit::Resource<VanticRestKit::SearchResults>> Endpoint::S
     return VanticRestKit::Resource<VanticRestKit::SearchResults>::make({.with = route}, context);
 }
 
+template <class>
+std::optional<VanticRestKit::Resource<VanticRestKit::RelatedShowList>> Endpoint::RelatedShows(
+    RelatedShowsShortArguments arguments, const Context& context) {
+    return RelatedShows(
+        RelatedShowsArguments{.showSlug = std::move(arguments.showSlug), .channel = std::nullopt}, context);
+}
+template std::optional<VanticRestKit::Resource<VanticRestKit::RelatedShowList>> Endpoint::RelatedShows<void>(
+    RelatedShowsShortArguments, const Context&);
+
+template <class>
+std::optional<VanticRestKit::Resource<VanticRestKit::SearchResults>> Endpoint::Search(
+    SearchShortArguments arguments, const Context& context) {
+    return Search(SearchArguments{.keyword = std::move(arguments.keyword), .channel = std::nullopt}, context);
+}
+template std::optional<VanticRestKit::Resource<VanticRestKit::SearchResults>> Endpoint::Search<void>(
+    SearchShortArguments, const Context&);
+
 }  // namespace VanticRestKit

@@ -36,4 +36,27 @@ std::optional<VanticRestKit::Resource<VanticRestKit::ShowsIndex>> Endpoint::Show
     return VanticRestKit::Resource<VanticRestKit::ShowsIndex>::make({.with = route}, context);
 }
 
+template <class>
+std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Endpoint::Show(ShowShortArguments arguments,
+                                                                           const Context& context) {
+    return Show(ShowArguments{.showSlugOrId = std::move(arguments.showSlugOrId),
+                              .selectedSeries = arguments.selectedSeries.value(),
+                              .selectedVideo = std::move(arguments.selectedVideo),
+                              .embedSeries = arguments.embedSeries,
+                              .channel = std::move(arguments.channel)},
+                context);
+}
+template std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Endpoint::Show<void>(ShowShortArguments,
+                                                                                          const Context&);
+
+template <class>
+std::optional<VanticRestKit::Resource<VanticRestKit::ShowsIndex>> Endpoint::ShowsList(
+    ShowsListShortArguments arguments, const Context& context) {
+    return ShowsList(ShowsListArguments{.channel = std::move(arguments.channel),
+                                        .closedCaptionOnly = arguments.closedCaptionOnly},
+                     context);
+}
+template std::optional<VanticRestKit::Resource<VanticRestKit::ShowsIndex>> Endpoint::ShowsList<void>(
+    ShowsListShortArguments, const Context&);
+
 }  // namespace VanticRestKit

@@ -25,6 +25,8 @@ class Queue;
 /// block, wait on a `DispatchGroup` without limit, post to its own queue, and drop the queue's last handle.
 /// While blocks wait for a group other threads work in their place; where they block otherwise the pool has
 /// more threads after some milliseconds, up to sixty.
+/// A block must not throw: an exception that leaves one ends the process by `std::terminate`, after a line on the
+/// standard error output that names the queue.
 /// Blocks that were posted run also when no handle is left. A block and all that it holds are destroyed on
 /// the queue, right after it ran and before the next one starts. No destructor waits for anything.
 ///

@@ -49,4 +49,37 @@ const AnyValue::Other* AnyValue::other() const noexcept { return std::get_if<Oth
 
 bool operator==(const AnyValue& a, const AnyValue& b) { return a.value_ == b.value_; }
 
+namespace {
+
+template <class T>
+std::optional<T> read(const Dictionary& values, std::string_view key,
+                      const T* (AnyValue::*kind)() const noexcept) {
+    const auto found = values.find(key);
+    if (found == values.end()) return std::nullopt;
+    const T* const value = (found->second.*kind)();
+    return value != nullptr ? std::optional<T>(*value) : std::nullopt;
+}
+
+}  // namespace
+
+std::optional<std::string> Dictionary::text(std::string_view key) const {
+    return read(*this, key, &AnyValue::text);
+}
+
+std::optional<std::int64_t> Dictionary::integer(std::string_view key) const {
+    return read(*this, key, &AnyValue::integer);
+}
+
+std::optional<bool> Dictionary::boolean(std::string_view key) const {
+    return read(*this, key, &AnyValue::boolean);
+}
+
+std::optional<double> Dictionary::number(std::string_view key) const {
+    return read(*this, key, &AnyValue::number);
+}
+
+std::optional<Error> Dictionary::error(std::string_view key) const {
+    return read(*this, key, &AnyValue::error);
+}
+
 }  // namespace VanticRestKit

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `AnyValue`: a value of free-form data.
+/// `AnyValue`: a value of free-form data, and `Dictionary`: such values by their keys.
 
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/Visibility.h>
@@ -9,6 +9,9 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -88,6 +91,19 @@ private:
     std::variant<std::string, std::int64_t, bool, double, Error, Other> value_;
 };
 
+/// A free-form dictionary: user information of an error, a stored dataset. It is a map, and reads single values by
+/// their key: `error.userInfo().text("url_host").value_or("no host")`.
+struct VRK_EXPORT Dictionary : std::map<std::string, AnyValue, std::less<>> {
+    using map::map;
+
+    /// The value of `key` if there is one of that kind, as `AnyValue` tells the kinds; empty otherwise.
+    std::optional<std::string> text(std::string_view key) const;
+    std::optional<std::int64_t> integer(std::string_view key) const;
+    std::optional<bool> boolean(std::string_view key) const;
+    std::optional<double> number(std::string_view key) const;
+    std::optional<Error> error(std::string_view key) const;
+};
+
 template <class T>
 Dictionary Error::Box<T>::userInfo() const {
     if constexpr (requires { error.errorUserInfo(); }) {
@@ -98,3 +114,5 @@ Dictionary Error::Box<T>::userInfo() const {
 }
 
 }  // namespace VanticRestKit
+
+#include <VanticRestKit/platform/error/NSError.h>

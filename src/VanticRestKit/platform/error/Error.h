@@ -8,7 +8,6 @@
 
 #include <concepts>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -18,8 +17,7 @@ namespace VanticRestKit {
 
 class AnyValue;
 
-/// A free-form dictionary: user information of an error, a stored dataset.
-using Dictionary = std::map<std::string, AnyValue, std::less<>>;
+struct Dictionary;
 
 /// Identifies a concrete error type. Each error type has one object of this type, defined in one source file,
 /// so that its address is the same on both sides of a library border.
@@ -135,4 +133,3 @@ private:
 
 // Behind `Error`, because each of the two needs it whole, and it needs them only once it is used.
 #include <VanticRestKit/platform/error/AnyValue.h>
-#include <VanticRestKit/platform/error/NSError.h>

@@ -54,6 +54,7 @@ private:
 ///
 /// Completions and publishers deliver on the session's delegate queue: one serial queue with a thread of its
 /// own, never the caller's thread. A completion that takes long holds up other completions, but no transfer.
+/// A completion must not throw: that ends the process, as for every block of a `DispatchQueue`.
 /// A request that cannot be sent reports that there too. Any thread may call, a completion included.
 ///
 /// If the system gives no thread for the session, a load fails with `URLErrorCode::unknown`; its completion then runs

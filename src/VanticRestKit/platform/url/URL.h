@@ -3,6 +3,7 @@
 /// \file
 /// `URL`: the address of a resource.
 
+#include <VanticRestKit/platform/url/URLLiteral.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <cstdint>
@@ -24,6 +25,11 @@ struct URLText;
 /// number of threads may read one `URL`. A `URL` that was moved from still holds its address.
 class VRK_EXPORT URL {
 public:
+    /// The address that is written in the source: `URL("https://service.example/api")`. It is checked where it is
+    /// compiled, so there is nothing to test or dereference; see `URLLiteral` for what is accepted. An address that is
+    /// known only at run time goes through `make`.
+    explicit URL(URLLiteral literal) : URL(*make(literal.text())) {}
+
     /// Reads `text` (UTF-8). A user, password, path, query or fragment with a character that may not stand
     /// there, or with a "%" that begins no escape, is percent-encoded as a whole, its "%" included.
     ///

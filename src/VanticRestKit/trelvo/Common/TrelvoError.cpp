@@ -1,3 +1,5 @@
+#include <VanticRestKit/Core/LoaderError.h>
+#include <VanticRestKit/Core/NetworkError.h>
 #include <VanticRestKit/trelvo/Common/TrelvoError.h>
 
 namespace VanticRestKit {
@@ -62,6 +64,22 @@ std::string TrelvoError::errorDescription() const {
         case Kind::unableToRetrieveSavedData: return "Unable to retrieve saved data";
     }
     return {};
+}
+
+const NetworkError* TrelvoError::networkError() const noexcept {
+    const TrelvoError* error = this;
+    while (error != nullptr && error->error_) {
+        const Error& held = *error->error_;
+        if (const auto* found = held.as<NetworkError>()) return found;
+        if (const auto* loading = held.as<LoaderError>()) return loading->networkError();
+        error = held.as<TrelvoError>();
+    }
+    return nullptr;
+}
+
+const NSError* TrelvoError::transportError() const noexcept {
+    const NetworkError* const error = networkError();
+    return error != nullptr ? error->transportError() : nullptr;
 }
 
 const ErrorTag& TrelvoError::errorTag() {

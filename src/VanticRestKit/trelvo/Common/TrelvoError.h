@@ -13,6 +13,9 @@
 
 namespace VanticRestKit {
 
+class NetworkError;
+class NSError;
+
 /// Why an operation on user data failed. An immutable value; `==` compares the case alone.
 class VRK_EXPORT TrelvoError {
 public:
@@ -52,6 +55,12 @@ public:
     /// The namespaces of `datasetNamespaceMismatch`; each may be empty. Empty for the other cases.
     const std::optional<std::string>& expected() const noexcept { return expected_; }
     const std::optional<std::string>& actual() const noexcept { return actual_; }
+
+    /// The `NetworkError` inside, however deep: in the `LoaderError` that `general` holds, or in the error for which
+    /// there is no token. Null if there is none. It lives as long as this error.
+    const NetworkError* networkError() const noexcept;
+    /// What the transport reported, as `LoaderError::transportError()`. Null if there is nothing.
+    const NSError* transportError() const noexcept;
 
     /// A sentence for people.
     std::string errorDescription() const;

@@ -1,3 +1,4 @@
+#include <VanticRestKit/platform/dispatch/detail/BlockCall.h>
 #include <VanticRestKit/platform/dispatch/detail/HostQueue.h>
 
 namespace VanticRestKit::detail {
@@ -36,7 +37,7 @@ void HostQueue::take() {
         if (std::exchange(isRunning_, true)) return;
     }
     const CurrentQueue scope(this);
-    while (const auto node = popForTurn()) node->block();
+    while (const auto node = popForTurn()) callBlock(node->block, label());
 }
 
 std::unique_ptr<BlockNode> HostQueue::popForTurn() {

@@ -1,3 +1,4 @@
+#include <VanticRestKit/platform/dispatch/detail/BlockCall.h>
 #include <VanticRestKit/platform/dispatch/detail/Pool.h>
 #include <VanticRestKit/platform/dispatch/detail/Strand.h>
 
@@ -39,7 +40,7 @@ bool Strand::run() {
                 return false;
             }
         }
-        node->block();
+        callBlock(node->block, label());
     }
     return true;
 }

@@ -1,4 +1,5 @@
 #include <VanticRestKit/platform/dispatch/detail/Bell.h>
+#include <VanticRestKit/platform/dispatch/detail/BlockCall.h>
 #include <VanticRestKit/platform/dispatch/detail/BlockList.h>
 #include <VanticRestKit/platform/dispatch/detail/Fork.h>
 #include <VanticRestKit/platform/dispatch/detail/Thread.h>
@@ -6,12 +7,15 @@
 
 #include <mutex>
 #include <new>
+#include <string>
 #include <utility>
 
 namespace VanticRestKit::detail {
 
 class ThreadQueue::ThreadSide {
 public:
+    explicit ThreadSide(std::string label) noexcept : label_(std::move(label)) {}
+
     /// Returns whether the thread has to be started.
     bool push(Block block) {
         mark_.renewInChild([this] { renew(); });
@@ -50,7 +54,7 @@ public:
         BlockList mail;
         while (take(mail)) {
             const HostSignals signals;
-            while (const auto node = mail.pop()) node->block();
+            while (const auto node = mail.pop()) callBlock(node->block, label_);
         }
     }
 
@@ -84,6 +88,8 @@ private:
         return true;
     }
 
+    // The thread may outlive the queue.
+    const std::string label_;
     ForkMark mark_;
     std::mutex mutex_;
     Bell bell_;
@@ -94,7 +100,7 @@ private:
 };
 
 ThreadQueue::ThreadQueue(std::string label)
-    : Queue(std::move(label)), side_(std::make_shared<ThreadSide>()) {}
+    : Queue(label), side_(std::make_shared<ThreadSide>(std::move(label))) {}
 
 ThreadQueue::~ThreadQueue() { side_->close(); }
 
