@@ -1,10 +1,27 @@
 // Numbers in every spelling, as each of the three kinds.
 
 #include <gtest/gtest.h>
+#include <VanticRestKit/platform/json/Table.h>
 
 #include <platform/json/BothEngines.h>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
+
+struct Track {
+    int number{};
+    std::optional<short> disc{};
+    std::vector<int> plays{};
+};
+
+template <>
+const VanticRestKit::TypePlan& VanticRestKit::planOf<Track>() {
+    using namespace mapping;
+    static const TypePlan& plan = object<Track>(
+        required<&Track::number>("number"), optional<&Track::disc>("disc"), lenient<&Track::plays>("plays"));
+    return plan;
+}
 
 namespace VanticRestKit {
 namespace {
@@ -129,6 +146,31 @@ TEST(ANumber, IsNeverMadeOfATextOrATruthValue) {
         EXPECT_EQ(shown<double>(token), "typeMismatch []") << token;
     }
     EXPECT_EQ(shown<double>("null"), "valueNotFound []");
+}
+
+TEST(ANumber, FitsANarrowIntegerInItsRangeOnly) {
+    EXPECT_EQ(shown<std::int32_t>("2147483647"), "2147483647");
+    EXPECT_EQ(shown<std::int32_t>("-2147483648"), "-2147483648");
+    EXPECT_EQ(shown<std::int32_t>("1e2"), "100");
+    EXPECT_EQ(shown<std::uint32_t>("4294967295"), "4294967295");
+    EXPECT_EQ(shown<std::int16_t>("-32768"), "-32768");
+    EXPECT_EQ(shown<std::uint8_t>("255"), "255");
+    EXPECT_EQ(shown<long long>("9223372036854775807"), "9223372036854775807");
+    for (const char* token : {"2147483648", "-2147483649", "1.5", "2147483647.0000000001", "1e400"}) {
+        EXPECT_EQ(shown<std::int32_t>(token), expected("-")) << token;
+    }
+    EXPECT_EQ(shown<std::uint32_t>("-1"), expected("-"));
+    EXPECT_EQ(shown<std::uint8_t>("256"), expected("-"));
+    EXPECT_EQ(shown<std::int32_t>("\"1\""), "typeMismatch []");
+}
+
+TEST(ANumber, FillsFieldsOfNarrowIntegers) {
+    EXPECT_EQ(shown<Track>(R"({"number":7,"disc":2,"plays":[1,2]})"),
+              R"({"number":7,"disc":2,"plays":[1,2]})");
+    EXPECT_EQ(shown<Track>(R"({"number":7,"disc":null,"plays":[1,2147483648]})"),
+              R"({"number":7,"disc":null,"plays":[]})");
+    EXPECT_EQ(shown<Track>(R"({"number":2147483648})"), R"(dataCorrupted ["number"])");
+    EXPECT_EQ(shown<Track>(R"({"number":7,"disc":32768})"), R"(dataCorrupted ["disc"])");
 }
 
 }  // namespace

@@ -31,7 +31,8 @@ public:
         switch (type.kind) {
             case ValueKind::text: return quotedText(type.name);
             case ValueKind::boolean: return "true";
-            case ValueKind::integer: return "-7";
+            case ValueKind::narrowInteger:
+        case ValueKind::integer: return "-7";
             case ValueKind::unsignedInteger:
             case ValueKind::decimalOrText: return "42";
             case ValueKind::number: return "1.5";

@@ -17,6 +17,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace VanticRestKit {
@@ -33,7 +34,7 @@ struct BuiltIn;
 template <class T>
 const TypePlan& planOf() = delete;
 
-/// Texts, numbers, truth values, enumerations with raw texts, lists and (at the root) optionals need no table.
+/// Texts, numbers (a narrow integer takes what fits), truth values, enumerations with raw texts, lists and (at the root) optionals need no table.
 template <class T>
 requires requires { mapping::detail::BuiltIn<T>::plan(); }
 const TypePlan& planOf() { return mapping::detail::BuiltIn<T>::plan(); }
@@ -61,6 +62,21 @@ VRK_EXPORT std::string listName(std::string_view element);
 
 namespace detail {
 
+/// A whole number of a type that rows read by converting from 64 bits: `int`, `short`, `std::uint8_t`, `long long`.
+template <class T>
+concept NarrowInteger =
+    VanticRestKit::detail::WholeNumber<T> && !std::is_same_v<T, std::int64_t> &&
+    !std::is_same_v<T, std::uint64_t> && (std::is_signed_v<T> || sizeof(T) < sizeof(std::uint64_t));
+
+template <class T>
+constexpr std::string_view narrowIntegerName() {
+    constexpr bool isSigned = std::is_signed_v<T>;
+    if constexpr (sizeof(T) == 1) return isSigned ? "Int8" : "UInt8";
+    if constexpr (sizeof(T) == 2) return isSigned ? "Int16" : "UInt16";
+    if constexpr (sizeof(T) == 4) return isSigned ? "Int32" : "UInt32";
+    return "Int";
+}
+
 /// The name that people know a type by.
 template <class T>
 constexpr std::string_view displayName() {
@@ -68,6 +84,7 @@ constexpr std::string_view displayName() {
     if constexpr (std::is_same_v<T, bool>) return "Bool";
     if constexpr (std::is_same_v<T, std::int64_t>) return "Int";
     if constexpr (std::is_same_v<T, std::uint64_t>) return "UInt";
+    if constexpr (NarrowInteger<T>) return narrowIntegerName<T>();
     if constexpr (std::is_same_v<T, double>) return "Double";
     if constexpr (std::is_same_v<T, Date>) return "Date";
     return typeName<T>();
@@ -179,6 +196,24 @@ struct BuiltIn<double> {
     static const TypePlan& plan() { return plainPlan<ValueKind::number>(displayName<double>()); }
 };
 
+template <NarrowInteger T>
+struct BuiltIn<T> {
+    static const TypePlan& plan() {
+        static const TypePlan& plan = *new TypePlan{
+            .kind = ValueKind::narrowInteger,
+            .name = displayName<T>(),
+            .fromInteger =
+                [](std::int64_t number, void* value) {
+                    if (!std::in_range<T>(number)) return false;
+                    *static_cast<T*>(value) = static_cast<T>(number);
+                    return true;
+                },
+            .toInteger =
+                [](const void* value) { return static_cast<std::int64_t>(*static_cast<const T*>(value)); }};
+        return plan;
+    }
+};
+
 template <>
 struct BuiltIn<Dictionary> {
     static const TypePlan& plan() { return plainPlan<ValueKind::dictionary>("[String: Any]"); }
@@ -226,6 +261,15 @@ struct ReaderOf {
     static const TypePlan& plan() {
         using R = std::remove_cv_t<decltype(Reader)>;
         if constexpr (std::is_same_v<R, std::nullptr_t>) {
+            static_assert(
+                !std::is_same_v<T, Date>,
+                "a date needs a reader in its row: lenient<&Song::released, deviceDate>(\"released\")");
+            static_assert(!std::is_arithmetic_v<T> || Decodable<T>,
+                          "a number is std::int64_t, std::uint64_t, a narrower integer or double");
+            static_assert(
+                std::is_same_v<T, Date> || std::is_arithmetic_v<T> || Decodable<T> ||
+                    VanticRestKit::mapping::isOnlyShown<T>,
+                "a type without a mapping table: specialise planOf for it, declared before this row");
             return planOf<T>();
         } else if constexpr (std::is_same_v<R, DecimalOrText>) {
             static_assert(std::is_same_v<T, std::string>);

@@ -41,6 +41,7 @@ enum class ValueKind : std::uint8_t {
     unsignedInteger,
     number,
     decimalOrText,    ///< An unsigned whole number as its decimal text, or a text.
+    narrowInteger,    ///< A whole number that a function stores where it fits into a narrower type.
     convertedText,    ///< A text that a function turns into the value.
     convertedNumber,  ///< A number that a function turns into the value.
     object,
@@ -59,6 +60,9 @@ struct TypePlan {
     std::string_view name;
     bool (*fromText)(std::string_view text, void* value) = nullptr;
     bool (*fromNumber)(double number, void* value) = nullptr;
+    /// Of `narrowInteger`: stores the number if it fits; and the number that is stored.
+    bool (*fromInteger)(std::int64_t number, void* value) = nullptr;
+    std::int64_t (*toInteger)(const void* value) = nullptr;
     /// Of an enumeration: the name of the case that the value holds.
     std::string_view (*caseName)(const void* value) = nullptr;
     const ObjectPlan* object = nullptr;

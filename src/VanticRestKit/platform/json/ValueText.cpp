@@ -99,6 +99,7 @@ public:
                 break;
             case ValueKind::boolean: text_ += *static_cast<const bool*>(value) ? "true" : "false"; break;
             case ValueKind::integer: text_ += std::to_string(*static_cast<const std::int64_t*>(value)); break;
+            case ValueKind::narrowInteger: text_ += std::to_string(plan.toInteger(value)); break;
             case ValueKind::unsignedInteger:
                 text_ += std::to_string(*static_cast<const std::uint64_t*>(value));
                 break;

@@ -38,7 +38,7 @@ public:
                 if (!isStarted_) return;
                 mail.swap(blocks_);
             }
-            while (const auto node = mail.pop()) node->block();
+            while (const auto node = mail.pop()) callBlock(node->block, label_);
         }
     }
 

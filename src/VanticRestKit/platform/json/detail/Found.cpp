@@ -24,6 +24,7 @@ std::string_view jsonTypeOf(ValueKind kind) noexcept {
         case ValueKind::boolean: return "boolean";
         case ValueKind::integer:
         case ValueKind::unsignedInteger:
+        case ValueKind::narrowInteger:
         case ValueKind::number:
         case ValueKind::convertedNumber: return "number";
         case ValueKind::object:

@@ -52,6 +52,7 @@ Fit ValueReader::plain(const TypePlan& type, void* place, const FieldOps* option
             return Fit::fits;
         }
         case ValueKind::decimalOrText: return decimalOrTextInto(place, isOptional);
+        case ValueKind::narrowInteger:
         case ValueKind::convertedText:
         case ValueKind::convertedNumber: return convertedInto(type, place, optional);
         case ValueKind::anything: return Fit::fits;
@@ -97,18 +98,22 @@ Fit ValueReader::convertedInto(const TypePlan& type, void* place, const FieldOps
     const char* const before = at_;
     std::string_view text;
     double number = 0;
+    std::int64_t integer = 0;
     if (type.kind == ValueKind::convertedText) {
         bool mayReadOn = false;
         const Fit fit = readText(text, mayReadOn);
         if (fit != Fit::fits) return fit;
+    } else if (type.kind == ValueKind::narrowInteger) {
+        if (!numberInto(at_, readInteger, &integer, false)) return Fit::unfit;
     } else if (!numberInto(at_, readNumber, &number, false)) {
         return Fit::unfit;
     }
     // A field that holds a value of its own keeps it where the new one does not fit.
     const void* const held = optional != nullptr ? optional->peek(place) : place;
     void* const value = held != nullptr ? const_cast<void*>(held) : optional->open(place);
-    const bool fits =
-        type.kind == ValueKind::convertedText ? type.fromText(text, value) : type.fromNumber(number, value);
+    const bool fits = type.kind == ValueKind::convertedText   ? type.fromText(text, value)
+                      : type.kind == ValueKind::narrowInteger ? type.fromInteger(integer, value)
+                                                              : type.fromNumber(number, value);
     if (fits) return Fit::fits;
     if (held == nullptr) optional->reset(place);
     at_ = before;
