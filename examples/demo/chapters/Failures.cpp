@@ -25,10 +25,6 @@ std::optional<LoaderError> failureOf(const std::string& asked, const HostContext
     return outcome ? std::nullopt : std::optional(outcome.error());
 }
 
-const NetworkError* networkErrorOf(const LoaderError& error) {
-    return error.underlyingError() ? error.underlyingError()->as<NetworkError>() : nullptr;
-}
-
 void print(const char* what, const std::optional<LoaderError>& error, const HostContext& context) {
     std::printf("  %s\n", what);
     if (!error) {
@@ -36,7 +32,7 @@ void print(const char* what, const std::optional<LoaderError>& error, const Host
         return;
     }
     printField("  to show", error->localizedDescription());
-    if (const auto* networkError = networkErrorOf(*error)) {
+    if (const auto* networkError = error->networkError()) {
         printField("  in detail", networkError->localizedDescription());
         printField("  code",
                    std::to_string(networkError->errorCode()) + (error->is404Error() ? ", not found" : ""));
@@ -47,7 +43,7 @@ void print(const char* what, const std::optional<LoaderError>& error, const Host
 }
 
 bool hasCode(const std::optional<LoaderError>& error, std::int64_t code) {
-    const auto* networkError = error ? networkErrorOf(*error) : nullptr;
+    const auto* networkError = error ? error->networkError() : nullptr;
     return networkError != nullptr && networkError->errorCode() == code;
 }
 

@@ -31,8 +31,7 @@ void printSlot(const char* when, const std::optional<NowNextContainer>& slot) {
 
 bool showNowAndNext(const Stage& stage) {
     printHeading("The live channels of a region, with what they show now and next (UTC)");
-    const auto list =
-        fetched(Endpoint::Livestreams({.region = std::optional(LivestreamRegion::TAS)}, stage.context));
+    const auto list = fetched(Endpoint::Livestreams({.region = LivestreamRegion::TAS}, stage.context));
     if (!list) return false;
     bool good = !list->videos.empty();
     for (const auto& live : list->videos) {

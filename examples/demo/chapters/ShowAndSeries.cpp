@@ -17,12 +17,7 @@ using namespace VanticRestKit;
 namespace {
 
 std::optional<Show> fetchedShow(const Context& context) {
-    return fetched(Endpoint::Show({.showSlugOrId = "harbour-lights",
-                                   .selectedSeries = std::optional<std::uint64_t>(),
-                                   .selectedVideo = std::optional<std::string>(),
-                                   .embedSeries = true,
-                                   .channel = std::optional<std::string>()},
-                                  context));
+    return fetched(Endpoint::Show({.showSlugOrId = "harbour-lights", .embedSeries = true}, context));
 }
 
 void printShow(const Show& show) {
@@ -44,8 +39,7 @@ void printShow(const Show& show) {
 }
 
 bool showRelated(const Context& context) {
-    const auto related = fetched(Endpoint::RelatedShows(
-        {.showSlug = "harbour-lights", .channel = std::optional<std::string>()}, context));
+    const auto related = fetched(Endpoint::RelatedShows({.showSlug = "harbour-lights"}, context));
     if (!related) return false;
     std::vector<std::string> titles;
     for (const auto& show : related->items) titles.push_back(show.title.value_or("Untitled"));

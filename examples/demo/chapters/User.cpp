@@ -51,12 +51,7 @@ bool makeProfile(const UserContext& context) {
 }
 
 std::optional<Show> showOf(const std::string& slugOrId, const Context& context) {
-    return fetched(Endpoint::Show({.showSlugOrId = slugOrId,
-                                   .selectedSeries = std::optional<std::uint64_t>(),
-                                   .selectedVideo = std::optional<std::string>(),
-                                   .embedSeries = false,
-                                   .channel = std::optional<std::string>()},
-                                  context));
+    return fetched(Endpoint::Show({.showSlugOrId = slugOrId}, context));
 }
 
 bool saveShow(const UserContext& context) {
@@ -89,8 +84,7 @@ bool watchHalf(const UserContext& context) {
 bool resume(const UserContext& context) {
     const auto recent = valueOf(ran<std::vector<HistoryData>>([&](auto completion) {
         Trelvo::shared().listRecentVideos(
-            {.limit = std::uint64_t{5}, .markedAsDone = false, .completionHandler = std::move(completion)},
-            context);
+            {.limit = 5, .markedAsDone = false, .completionHandler = std::move(completion)}, context);
     }));
     if (!recent) return false;
     std::vector<std::string> houseNumbers;
