@@ -28,6 +28,8 @@ namespace VanticRestKit {
 /// The request is built once, when the resource is made: its URL, headers and tokens are those of that time.
 /// Copies share one `Loader`, and so are busy together. Drive a resource from one thread at a time.
 ///
+/// A completion must not throw: that ends the process, as for every block of a `DispatchQueue`.
+///
 /// ```cpp
 /// std::optional<Resource<double>> time = Endpoint::Time(context);
 /// if (time) time->load({.with = [](Result<double, LoaderError> result) { ... }});

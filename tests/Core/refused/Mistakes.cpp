@@ -2,6 +2,7 @@
 #include <VanticRestKit/Core/Context.h>
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
+#include <VanticRestKit/lumeno/NowNext/LivestreamRegion.h>
 #include <VanticRestKit/platform/json/Table.h>
 #if CASE != 7
 #include <VanticRestKit/lumeno/Search/SearchResults.h>

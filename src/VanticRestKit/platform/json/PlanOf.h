@@ -34,7 +34,8 @@ struct BuiltIn;
 template <class T>
 const TypePlan& planOf() = delete;
 
-/// Texts, numbers (a narrow integer takes what fits), truth values, enumerations with raw texts, lists and (at the root) optionals need no table.
+/// Texts, numbers, truth values, enumerations with raw texts, lists and (at the root) optionals need no table. A narrow
+/// integer, such as an `int`, takes the numbers that fit.
 template <class T>
 requires requires { mapping::detail::BuiltIn<T>::plan(); }
 const TypePlan& planOf() { return mapping::detail::BuiltIn<T>::plan(); }
