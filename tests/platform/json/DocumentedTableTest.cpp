@@ -38,7 +38,7 @@ namespace {
 static_assert(Decodable<Song>);
 static_assert(!Decodable<Poem>, "a type without a mapping table");
 static_assert(Decodable<double> && Decodable<std::vector<Song>> && Decodable<std::optional<Song>>);
-static_assert(!Decodable<int> && !Decodable<const char*>);
+static_assert(Decodable<int> && !Decodable<float> && !Decodable<const char*>);
 
 using test::failureOf;
 using test::shown;

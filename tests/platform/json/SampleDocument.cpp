@@ -32,7 +32,7 @@ public:
             case ValueKind::text: return quotedText(type.name);
             case ValueKind::boolean: return "true";
             case ValueKind::narrowInteger:
-        case ValueKind::integer: return "-7";
+            case ValueKind::integer: return "-7";
             case ValueKind::unsignedInteger:
             case ValueKind::decimalOrText: return "42";
             case ValueKind::number: return "1.5";

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Each row of docs/mistakes.md is refused by the compiler, and GCC 12 says what the row quotes.
 
-usage: mistakes_test.py DOCUMENT SOURCE INCLUDE_ROOT COMPILER
+usage: mistakes.py DOCUMENT SOURCE INCLUDE_ROOT COMPILER
 """
 import re
 import subprocess
