@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -76,19 +75,6 @@ TEST(Admission, OriginsTakeTurns) {
     admission.leave(crowd[1]);
     const Applicant* const next = admission.admitNext();
     EXPECT_TRUE(next == &late || admission.admitNext() == &late) << "a crowd does not go first again";
-}
-
-TEST(Admission, EnqueuingForManyOriginsTakesTimeInProportionToTheirNumber) {
-    const auto secondsFor = [](std::size_t count) {
-        Admission admission(6);
-        std::vector<Applicant> applicants(count);
-        const auto start = std::chrono::steady_clock::now();
-        for (std::size_t i = 0; i < count; ++i) admission.enqueue(applicants[i], std::to_string(i));
-        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    };
-    secondsFor(4000);
-    const double few = secondsFor(4000);
-    EXPECT_LT(secondsFor(64000), 16 * few * 4 + 0.1) << "16 times as many, " << few << " s for the few";
 }
 
 TEST(Admission, AnOriginThatCarriesManyOnOneConnectionTakesAHundred) {
