@@ -34,6 +34,11 @@ protected:
     UserClientFixture() { context->session = session; }
     ~UserClientFixture() override {
         handles.clear();
+        // Ends what has no handle, such as the companions of a deletion.
+        if (client) {
+            client->signOut();
+            drain();
+        }
         session->abandon();
     }
 
