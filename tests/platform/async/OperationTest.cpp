@@ -25,6 +25,19 @@ protected:
         };
     }
 
+    /// Counts the outcome, whichever thread delivers it.
+    UniqueFunction<void(Number)> keepOnce() const {
+        return [delivered = delivered](const Number&) { delivered.signal(); };
+    }
+
+    /// Whether no more than `count` outcomes were delivered when the usual queue has done all that was posted to it.
+    void expectDelivered(int count) const {
+        const test::Event passed;
+        source->queue.async([passed] { passed.signal(); });
+        ASSERT_TRUE(passed.wait());
+        EXPECT_EQ(delivered.count(), count);
+    }
+
     const std::shared_ptr<test::HandSource> source = std::make_shared<test::HandSource>();
     const Operation<Number> operation{source};
     const test::Event delivered;
@@ -135,12 +148,11 @@ TEST_F(AnOperation, WhoseStopWasRequestedBeforeStartsNothing) {
     EXPECT_EQ(source->started.count(), 0);
 }
 
-TEST_F(AnOperation, EndsOnceHoweverItsEndsRace) {
+TEST_F(AnOperation, EndsOnceHoweverItsAnswerACancelAndAStopRace) {
     constexpr std::size_t rounds = 300;
     for (std::size_t round = 0; round < rounds; ++round) {
         std::stop_source stop;
-        Cancellable handle = operation.start({.deadline = 1ms, .stop = stop.get_token()}, keep());
-        ASSERT_TRUE(source->started.wait(static_cast<int>(round) + 1));
+        const Cancellable handle = operation.start({.stop = stop.get_token()}, keepOnce());
         std::thread answering([&] { source->answer(1, round); });
         std::thread stopping([&] { stop.request_stop(); });
         handle.cancel();
@@ -148,10 +160,19 @@ TEST_F(AnOperation, EndsOnceHoweverItsEndsRace) {
         stopping.join();
         ASSERT_TRUE(delivered.wait(static_cast<int>(round) + 1));
     }
-    const test::Event passed;
-    source->queue.async([passed] { passed.signal(); });
-    ASSERT_TRUE(passed.wait());
-    EXPECT_EQ(delivered.count(), static_cast<int>(rounds));
+    expectDelivered(static_cast<int>(rounds));
+}
+
+TEST_F(AnOperation, EndsOnceWhenACancelRacesItsDeadline) {
+    constexpr int rounds = 300;
+    for (int round = 0; round < rounds; ++round) {
+        const Cancellable handle =
+            operation.start({.deadline = std::chrono::microseconds(10 * round)}, keepOnce());
+        std::thread cancelling([&] { handle.cancel(); });
+        cancelling.join();
+        ASSERT_TRUE(delivered.wait(round + 1));
+    }
+    expectDelivered(rounds);
 }
 
 TEST_F(AnOperation, MayBeDroppedWhileItIsDelivered) {
