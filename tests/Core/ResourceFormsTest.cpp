@@ -44,9 +44,9 @@ protected:
     }
 
     UniqueFunction<void(Outcome)> keep() {
-        return [this, delivered = delivered](Outcome outcome) {
+        return [this, event = delivered](Outcome outcome) {
             outcomes.push_back(std::move(outcome));
-            delivered.signal();
+            event.signal();
         };
     }
 
@@ -254,10 +254,10 @@ TEST_F(LoadAll, ThatIsCancelledKeepsWhatHasEndedAndSendsNoMore) {
     bool isOnQueue = false;
     const Cancellable handle =
         loadAll(resources(4), {.limit = 2})
-            .start({.on = queue}, [&, delivered = delivered](std::vector<Outcome> results) {
+            .start({.on = queue}, [&, event = delivered](std::vector<Outcome> results) {
                 all = std::move(results);
                 isOnQueue = queue.isCurrent();
-                delivered.signal();
+                event.signal();
             });
     reply("1.5");
     ASSERT_TRUE(context.session->started.wait(3));

@@ -19,15 +19,15 @@ constexpr std::int64_t timedOutCode = -1001;
 class AnOperation : public ::testing::Test {
 protected:
     UniqueFunction<void(Number)> keep() {
-        return [this, delivered = delivered](Number outcome) {
+        return [this, event = delivered](Number outcome) {
             outcomes.push_back(std::move(outcome));
-            delivered.signal();
+            event.signal();
         };
     }
 
     /// Counts the outcome, whichever thread delivers it.
     UniqueFunction<void(Number)> keepOnce() const {
-        return [delivered = delivered](const Number&) { delivered.signal(); };
+        return [event = delivered](const Number&) { event.signal(); };
     }
 
     /// Whether no more than `count` outcomes were delivered when the usual queue has done all that was posted to it.
@@ -57,9 +57,9 @@ TEST_F(AnOperation, DeliversTheOutcomeOfItsWorkWhereThatComes) {
 TEST_F(AnOperation, DeliversOnTheQueueOfItsOptions) {
     const DispatchQueue queue("chosen");
     bool isOnQueue = false;
-    const Cancellable handle = operation.start({.on = queue}, [&, delivered = delivered](Number) {
+    const Cancellable handle = operation.start({.on = queue}, [&, event = delivered](Number) {
         isOnQueue = queue.isCurrent();
-        delivered.signal();
+        event.signal();
     });
     source->answer(1);
     ASSERT_TRUE(delivered.wait());
@@ -68,10 +68,10 @@ TEST_F(AnOperation, DeliversOnTheQueueOfItsOptions) {
 
 TEST_F(AnOperation, ThatIsCancelledDeliversThatOnceOnItsUsualQueueAndEndsItsWork) {
     bool isOnQueue = false;
-    const Cancellable handle = operation.start({}, [&, delivered = delivered](Number outcome) {
+    const Cancellable handle = operation.start({}, [&, event = delivered](Number outcome) {
         isOnQueue = source->queue.isCurrent();
         outcomes.push_back(std::move(outcome));
-        delivered.signal();
+        event.signal();
     });
     handle.cancel();
     handle.cancel();
@@ -226,12 +226,12 @@ TEST_F(AnOperation, IsWaitedFor) {
 }
 
 TEST_F(AnOperation, FailsAtOnceWhenTheQueueThatDeliversItWaitsForIt) {
-    source->queue.async([&, delivered = delivered] {
+    source->queue.async([&, event = delivered] {
         auto future = operation.future();
         EXPECT_FALSE(future.waitFor(1h));
         outcomes.push_back(future.get());
         outcomes.push_back(operation.wait());
-        delivered.signal();
+        event.signal();
     });
     ASSERT_TRUE(delivered.wait());
     for (const Number& outcome : outcomes) {
@@ -245,9 +245,9 @@ TEST_F(AnOperation, FailsAtOnceWhenTheQueueThatDeliversItWaitsForIt) {
 TEST_F(AnOperation, GivesWhatIsThereAlreadyOnAnyQueue) {
     auto future = std::make_shared<LoadFuture<Number>>(operation.future());
     source->answer(7);
-    source->queue.async([&, future, delivered = delivered] {
+    source->queue.async([&, future, event = delivered] {
         outcomes.push_back(future->get());
-        delivered.signal();
+        event.signal();
     });
     ASSERT_TRUE(delivered.wait());
     EXPECT_EQ(*outcomes.front(), 7);
