@@ -65,4 +65,34 @@ const std::vector<NamedType>& rootEntities() {
     return types;
 }
 
+const std::vector<NamedType>& nestedEntities() {
+    static const auto& types = *new std::vector<NamedType>{
+        named<Link>("Link"),
+        named<Image>("Image"),
+        named<Banner>("Banner"),
+        named<Status>("Status"),
+        named<ContextualPhrases>("ContextualPhrases"),
+        named<Participants>("Participants"),
+        named<PlaylistItem>("PlaylistItem"),
+        named<Streams>("Streams"),
+        named<StreamInfo>("StreamInfo"),
+        named<VideoAnalytics>("VideoAnalytics"),
+        named<DirectPlayableVideo>("DirectPlayableVideo"),
+        named<ShowsGrouped>("ShowsGrouped"),
+        named<NavigationItem>("NavigationItem"),
+        named<NavigationMainMenuItem>("NavigationMainMenuItem"),
+        named<NavigationMainMenuItemImage>("NavigationMainMenuItemImage"),
+        named<BrowseItem>("BrowseItem"),
+        named<NowNextContainer>("NowNextContainer"),
+        named<Message>("Message"),
+        named<Auth>("Auth"),
+        named<ResponseMeta>("ResponseMeta"),
+        named<DatasetContainer>("DatasetContainer"),
+        named<HistoryData>("HistoryData"),
+        named<SavedData>("SavedData"),
+        named<Recommendation>("Recommendation"),
+    };
+    return types;
+}
+
 }  // namespace VanticRestKit::test

@@ -21,4 +21,7 @@ struct NamedType {
 /// All of them. New ones go to the end: inputs of the fuzzer name a type by its place.
 const std::vector<NamedType>& rootEntities();
 
+/// The entities that occur only within those.
+const std::vector<NamedType>& nestedEntities();
+
 }  // namespace VanticRestKit::test
