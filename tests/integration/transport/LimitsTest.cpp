@@ -75,7 +75,7 @@ TEST(Limits, AHeadOfTooManyLinesFails) {
 
 TEST(Limits, AHeaderLineThatIsTooLongFails) {
     // The second is longer than what libcurl itself takes.
-    for (const std::size_t length : {80'000, 300'000}) {
+    for (const std::size_t length : {std::size_t{80'000}, std::size_t{300'000}}) {
         FaultServer server(always(answer(200, "", "X: " + std::string(length, 'x') + "\r\n")));
         const Loaded loaded = load(*makeSession(), server.url());
         ASSERT_TRUE(loaded.error().has_value()) << length;

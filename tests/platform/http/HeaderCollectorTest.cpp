@@ -103,7 +103,7 @@ TEST(HeaderCollector, TakesAsManyLinesAsItsLimitAndNoMore) {
 }
 
 TEST(HeaderCollector, TakesALineAsLongAsItsLimitAndNoLonger) {
-    for (const std::size_t more : {0, 1}) {
+    for (const std::size_t more : {std::size_t{0}, std::size_t{1}}) {
         const std::string line = "X:" + std::string(headerLimits.line - 4 + more, 'x') + "\r\n";
         HeaderCollector collector;
         collector.add("HTTP/1.1 200 OK\r\n");

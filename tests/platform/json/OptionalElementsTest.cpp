@@ -22,7 +22,6 @@ struct Curve {
     std::vector<std::optional<Point>> points{};
     std::optional<std::vector<std::optional<std::string>>> labels{};
     std::vector<std::optional<Point>> marks{};
-    friend bool operator==(const Curve&, const Curve&) = default;
 };
 
 }  // namespace

@@ -139,7 +139,7 @@ const TypePlan& planOf<OwnRecord>() {
 }
 
 template <>
-const TypePlan& planOf<RecordWithoutAKey>() {
+[[maybe_unused]] const TypePlan& planOf<RecordWithoutAKey>() {
     using namespace mapping;
     using Record = RecordWithoutAKey;
     static const TypePlan& plan =

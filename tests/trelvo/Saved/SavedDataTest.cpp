@@ -137,7 +137,7 @@ const TypePlan& planOf<OwnRecord>() {
 }
 
 template <>
-const TypePlan& planOf<RecordWithATextForItsOrder>() {
+[[maybe_unused]] const TypePlan& planOf<RecordWithATextForItsOrder>() {
     using namespace mapping;
     using Record = RecordWithATextForItsOrder;
     static const TypePlan& plan = object<Record>(

@@ -9,7 +9,7 @@ using namespace VanticRestKit;
 using namespace VanticRestKit::detail;
 
 TEST(ByteBuffer, GathersPiecesOfAnySize) {
-    for (const std::size_t piece : {1, 63, 1000}) {
+    for (const std::size_t piece : {std::size_t{1}, std::size_t{63}, std::size_t{1000}}) {
         ByteBuffer buffer;
         std::string expected;
         for (std::size_t i = 0; i < 100; ++i) {
