@@ -7,6 +7,10 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 
+// With Clang and the standard library of GCC, asio has to be told that there are coroutines.
+#define ASIO_HAS_CO_AWAIT 1
+#define ASIO_HAS_STD_COROUTINE 1
+
 #include <asio/awaitable.hpp>
 #include <asio/co_spawn.hpp>
 #include <asio/detached.hpp>

@@ -40,7 +40,9 @@ struct BuiltIn<FailableCodable<T>> {
 
 private:
     static void* wrap(void* value) {
-        return fieldOps<std::optional<T>>.open(&static_cast<FailableCodable<T>*>(value)->wrappedValue);
+        // Clang takes a type that holds attempts to decode itself for one without a default value, because it was
+        // asked while the type was incomplete. So the value is made here, without a question.
+        return &static_cast<FailableCodable<T>*>(value)->wrappedValue.emplace(fresh<T>());
     }
 
     static void forget(void* value) { static_cast<FailableCodable<T>*>(value)->wrappedValue.reset(); }
