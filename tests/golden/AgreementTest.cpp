@@ -1,7 +1,7 @@
 // Both engines come to the same, whatever the document: golden ones cut off and damaged.
 
 #include <golden/Documents.h>
-#include <platform/json/Sanitized.h>
+#include <support/Sanitized.h>
 #include <support/TemporaryZone.h>
 
 #include <string>

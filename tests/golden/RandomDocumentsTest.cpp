@@ -3,7 +3,7 @@
 #include <golden/Documents.h>
 #include <platform/json/Mutations.h>
 #include <platform/json/SampleDocument.h>
-#include <platform/json/Sanitized.h>
+#include <support/Sanitized.h>
 #include <support/TemporaryZone.h>
 
 #include <string>

@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include <platform/json/Sanitized.h>
 #include <pthread.h>
+#include <support/Sanitized.h>
 #include <functional>
 
 namespace VanticRestKit::test {

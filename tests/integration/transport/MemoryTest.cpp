@@ -1,10 +1,10 @@
 #include <VanticRestKit/platform/http/URLSession.h>
 
 #include <gtest/gtest.h>
-#include <platform/json/Sanitized.h>
 #include <support/Codings.h>
 #include <support/FaultServer.h>
 #include <support/Loading.h>
+#include <support/Sanitized.h>
 
 #include <sys/resource.h>
 #include <unistd.h>

@@ -74,6 +74,12 @@ public:
         call->answer(std::move(number));
     }
 
+    /// Lets go of what was started: a call and its source hold each other.
+    void forget() const {
+        const std::lock_guard lock(mutex_);
+        calls_.clear();
+    }
+
     const DispatchQueue queue = DispatchQueue::withOwnThread("hand");
     const Event started;
     const Event cancelled;

@@ -18,6 +18,8 @@ constexpr std::int64_t timedOutCode = -1001;
 /// One operation, and what was delivered of it.
 class AnOperation : public ::testing::Test {
 protected:
+    void TearDown() override { source->forget(); }
+
     UniqueFunction<void(Number)> keep() {
         return [this, event = delivered](Number outcome) {
             outcomes.push_back(std::move(outcome));

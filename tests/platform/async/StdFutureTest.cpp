@@ -14,6 +14,7 @@ TEST(AStdFuture, HasTheOutcomeOfTheFutureThatItWasMadeFrom) {
     EXPECT_EQ(future.wait_for(std::chrono::seconds(0)), std::future_status::timeout);
     source->answer(7);
     EXPECT_EQ(*future.get(), 7);
+    source->forget();
 }
 
 }  // namespace

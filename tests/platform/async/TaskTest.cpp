@@ -16,6 +16,8 @@ using test::Number;
 
 class ATask : public ::testing::Test {
 protected:
+    void TearDown() override { source->forget(); }
+
     Task<int> numberOf() const {
         const Number number = co_await operation.value();
         co_return number ? *number : static_cast<int>(codeOf(number));

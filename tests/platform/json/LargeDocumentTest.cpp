@@ -5,7 +5,7 @@
 #include <VanticRestKit/platform/json/JSONDecoder.h>
 #include <VanticRestKit/platform/json/Table.h>
 
-#include <platform/json/Sanitized.h>
+#include <support/Sanitized.h>
 #include <sys/resource.h>
 #include <cstdint>
 #include <optional>
