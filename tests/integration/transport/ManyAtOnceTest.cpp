@@ -43,7 +43,6 @@ void loadRefusedAddresses(int count) {
 
 }  // namespace
 
-// Quadratic work for each would take longer than the event waits.
 TEST(ManyAtOnce, LoadsToManyDistinctOriginsAllEnd) { loadRefusedAddresses(16000); }
 
 TEST(ManyAtOnce, TenThousandRequestsAreInFlightOnTwoThreads) {
