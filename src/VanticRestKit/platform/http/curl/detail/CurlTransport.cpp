@@ -5,6 +5,7 @@
 #include <VanticRestKit/platform/http/curl/detail/ExitGate.h>
 #include <VanticRestKit/platform/http/curl/detail/Inbox.h>
 #include <VanticRestKit/platform/http/curl/detail/IoLoop.h>
+#include <VanticRestKit/platform/http/curl/detail/TlsContext.h>
 #include <VanticRestKit/platform/http/detail/URLErrors.h>
 
 #include <utility>
@@ -54,6 +55,7 @@ private:
             ExitGate& gate = ExitGate::shared();
             gate.enter(inbox.get(), [inbox] { inbox->wake(); });
             IoLoop(configuration, seams, inbox, delegateQueue).run(gate);
+            releaseTlsOfThread();
             gate.leave(inbox.get());
         });
         if (!started) failAll(inbox_->readerLeaves());

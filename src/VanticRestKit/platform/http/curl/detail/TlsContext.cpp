@@ -1,5 +1,6 @@
 #include <VanticRestKit/platform/http/curl/detail/TlsContext.h>
 
+#include <openssl/crypto.h>
 #include <openssl/ssl.h>
 #include <openssl/x509v3.h>
 
@@ -82,5 +83,7 @@ void setTlsContext(Options& options, TlsKeyLog& keyLog) {
     options.set(CURLOPT_SSL_CTX_FUNCTION, &onContext);
     options.set(CURLOPT_SSL_CTX_DATA, &keyLog);
 }
+
+void releaseTlsOfThread() { OPENSSL_thread_stop(); }
 
 }  // namespace VanticRestKit::detail

@@ -35,4 +35,8 @@ private:
 /// names, and log its secrets to `keyLog` and nowhere else. `keyLog` must outlive the connections.
 void setTlsContext(Options& options, TlsKeyLog& keyLog);
 
+/// Frees what the TLS library keeps for the calling thread, which is about to leave the `ExitGate`. The library would
+/// do so by itself when the thread has ended, which may be while the process takes the library down.
+void releaseTlsOfThread();
+
 }  // namespace VanticRestKit::detail
