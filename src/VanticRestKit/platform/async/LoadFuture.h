@@ -108,7 +108,7 @@ public:
     /// `get()`.
     void then(UniqueFunction<void(Outcome)> completion) && {
         state_->whenReady(
-            [state = state_, completion = std::move(completion)]() mutable { completion(state->take()); });
+            [state = state_, receive = std::move(completion)]() mutable { receive(state->take()); });
     }
 
 private:
