@@ -1,10 +1,7 @@
-#include <VanticRestKit/platform/http/curl/detail/CurlErrors.h>
 #include <VanticRestKit/platform/http/curl/detail/EasySetup.h>
 #include <VanticRestKit/platform/http/curl/detail/IoLoop.h>
 #include <VanticRestKit/platform/http/curl/detail/WakePair.h>
 #include <VanticRestKit/platform/http/detail/Origin.h>
-#include <VanticRestKit/platform/http/detail/RedirectRule.h>
-#include <VanticRestKit/platform/http/HTTPURLResponse.h>
 
 #include <algorithm>
 #include <chrono>
@@ -158,97 +155,6 @@ void IoLoop::collectFinished() {
         curl_easy_getinfo(message->easy_handle, CURLINFO_PRIVATE, &user);
         settle(reinterpret_cast<EasyHandle*>(user)->attempt->exchange, code);
     }
-}
-
-void IoLoop::settle(Exchange& exchange, CURLcode code) {
-    Attempt& attempt = *exchange.attempt;
-    attempt.isWhole = code == CURLE_OK;
-    if (attempt.fault) {
-        fail(exchange, *attempt.fault);
-    } else if (attempt.isRedirect) {
-        // Where to go was said in the headers; how the body ended does not matter.
-        follow(exchange);
-    } else if (code != CURLE_OK && attempt.wasRefusedToTheLast() && !exchange.wasGivenUp) {
-        goAgain(exchange);
-    } else if (code == CURLE_COULDNT_CONNECT && attempt.gaveUpAnAddress()) {
-        connectPatiently(exchange);
-    } else if (code != CURLE_OK) {
-        long verified = 0;
-        curl_easy_getinfo(attempt.handle->get(), CURLINFO_SSL_VERIFYRESULT, &verified);
-        const char* const text = attempt.handle->errorText();
-        const CurlFailure failure{.code = code,
-                                  .text = text,
-                                  .verifyResult = verified,
-                                  .isInsideHead = attempt.sendings > 0 && !attempt.head.isComplete(),
-                                  .socketError = attempt.socketError};
-        fail(exchange, faultFor(failure), underlyingError(code, text, verified));
-    } else if (!attempt.head.isComplete()) {
-        fail(exchange,
-             {URLErrorCode::networkConnectionLost, "The connection was closed inside the headers."});
-    } else if (const auto fault = attempt.body.finish()) {
-        fail(exchange, *fault);
-    } else {
-        succeed(exchange);
-    }
-}
-
-// A connection that is new takes requests before the server has said how many it takes, and refuses the others. With
-// a hundred at once and a server that takes few, that can go on until libcurl gives some of them up. Only a GET comes
-// here: what is no GET is stopped before it is sent a second time.
-void IoLoop::goAgain(Exchange& exchange) {
-    exchange.wasGivenUp = true;
-    admission_.narrow(exchange);
-    release(exchange);
-    enqueue(exchange);
-}
-
-// No address answered in the time that each of several may take. Nothing was sent, and what is left of the request's
-// own time can be spent on waiting.
-void IoLoop::connectPatiently(Exchange& exchange) {
-    exchange.isPatient = true;
-    takeBack(exchange);
-    send(exchange);
-}
-
-void IoLoop::follow(Exchange& exchange) {
-    const HeaderCollector& head = exchange.attempt->head;
-    const auto target = URL::make(*head.location(), *exchange.request().url());
-    if (!target) {
-        fail(exchange, {URLErrorCode::badServerResponse, "The answer redirects to what is no URL."});
-        return;
-    }
-    URLRequest next = redirected(exchange.request(), head.status(), *target);
-    const auto fault = whyUnusable(next);
-    const bool allowed = exchange.redirect(std::move(next));
-    if (!allowed) {
-        fail(exchange, {URLErrorCode::httpTooManyRedirects});
-    } else if (fault) {
-        fail(exchange, *fault);
-    } else {
-        release(exchange);
-        exchange.setInterval(idleInterval(exchange.request().timeoutInterval(), usualInterval_));
-        enqueue(exchange);
-    }
-}
-
-void IoLoop::succeed(Exchange& exchange) {
-    Attempt& attempt = *exchange.attempt;
-    Outcome outcome;
-    outcome.response = std::make_shared<const HTTPURLResponse>(
-        exchange.request().url(), attempt.head.status(), attempt.head.takeFields());
-    outcome.data = attempt.body.take();
-    end(exchange, std::move(outcome));
-}
-
-void IoLoop::fail(Exchange& exchange, const TransportFault& fault, const std::optional<Error>& underlying) {
-    Outcome outcome;
-    outcome.error = makeURLError(fault, exchange.request().url(), underlying);
-    if (exchange.attempt && exchange.attempt->hasHead) {
-        HeaderCollector& head = exchange.attempt->head;
-        outcome.response = std::make_shared<const HTTPURLResponse>(exchange.request().url(), head.status(),
-                                                                   head.takeFields());
-    }
-    end(exchange, std::move(outcome));
 }
 
 void IoLoop::timeOutIdle() {
