@@ -1,11 +1,14 @@
 #include "FaultServer.h"
 
 #include <gtest/gtest.h>
+#include <poll.h>
 
 #include <netinet/in.h>
 #include <netinet/tcp.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <csignal>
 #include <cstdlib>
@@ -126,6 +129,20 @@ bool FaultConnection::readSlowly(std::size_t size, std::size_t piece, std::chron
         pace(pause);
     }
     return true;
+}
+
+void FaultConnection::relayTo(std::uint16_t port) {
+    const Socket other = connectToLoopback(port);
+    std::array<pollfd, 2> ends{pollfd{socket_.descriptor(), POLLIN, 0},
+                               pollfd{other.descriptor(), POLLIN, 0}};
+    std::array<char, 16 * 1024> bytes;
+    while (other && poll(ends.data(), ends.size(), -1) > 0) {
+        for (std::size_t i = 0; i < ends.size(); ++i) {
+            if (ends[i].revents == 0) continue;
+            const ssize_t count = recv(ends[i].fd, bytes.data(), bytes.size(), 0);
+            if (count <= 0 || !sendAll(ends[1 - i].fd, bytes.data(), static_cast<std::size_t>(count))) return;
+        }
+    }
 }
 
 bool FaultConnection::stall() {

@@ -77,6 +77,9 @@ public:
     /// Closes the connection with a reset.
     void reset();
 
+    /// Hands bytes on between the client and a port of loopback until one of the two closes.
+    void relayTo(std::uint16_t port);
+
     /// Waits for `time`, less if the server stops.
     void pace(std::chrono::milliseconds time);
 
@@ -114,6 +117,8 @@ public:
     FaultServer& operator=(const FaultServer&) = delete;
 
     std::uint16_t port() const noexcept { return port_; }
+    /// How it speaks TLS, to be changed before the first connection; null if it does not.
+    SSL_CTX* tls() const noexcept { return tls_.get(); }
     /// The URL of `path`, which begins with a slash.
     std::string url(const std::string& path = "/") const;
 

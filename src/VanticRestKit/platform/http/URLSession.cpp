@@ -1,6 +1,7 @@
 #include <VanticRestKit/platform/http/URLSession.h>
 
 #include <VanticRestKit/platform/http/curl/detail/CurlTransport.h>
+#include <VanticRestKit/platform/http/detail/SessionHeaders.h>
 #include <VanticRestKit/platform/http/detail/Transfer.h>
 #include <VanticRestKit/platform/http/detail/Transport.h>
 #include <VanticRestKit/platform/http/detail/URLErrors.h>
@@ -44,14 +45,16 @@ URLSession::~URLSession() = default;
 const DispatchQueue& URLSession::delegateQueue() const noexcept { return transport_->delegateQueue(); }
 
 std::shared_ptr<URLSessionDataTask> URLSession::dataTask(URLRequest request, Completion completionHandler) {
-    auto transfer = std::make_shared<detail::Transfer>(std::move(request), std::move(completionHandler));
+    auto transfer = std::make_shared<detail::Transfer>(
+        detail::withSessionHeaders(std::move(request), configuration_), std::move(completionHandler));
     return std::shared_ptr<URLSessionDataTask>(new URLSessionDataTask(transport_, std::move(transfer)));
 }
 
 AnyPublisher<URLSession::Output, Error> URLSession::dataTaskPublisher(URLRequest request) {
     using Publisher = AnyPublisher<Output, Error>;
     return Publisher::create([transport = transport_,
-                              request = std::move(request)](Subscriber<Output, Error> subscriber) {
+                              request = detail::withSessionHeaders(std::move(request), configuration_)](
+                                 Subscriber<Output, Error> subscriber) {
         auto completion = [subscriber = std::move(subscriber)](std::optional<Data> data,
                                                                std::shared_ptr<const URLResponse> response,
                                                                std::optional<Error> error) {

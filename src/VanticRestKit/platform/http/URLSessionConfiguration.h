@@ -4,11 +4,14 @@
 /// `URLSessionConfiguration`: the settings of a `URLSession`.
 
 #include <VanticRestKit/platform/http/URLRequest.h>
+#include <VanticRestKit/platform/http/URLSessionConnectionSettings.h>
 
 #include <chrono>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace VanticRestKit {
 
@@ -33,6 +36,40 @@ struct URLSessionConfiguration {
 
     /// How many connections one host takes; at least 1.
     std::int64_t httpMaximumConnectionsPerHost = 6;
+
+    /// Headers of every request that has none of the same name. They count as the request's own: one that cannot stand
+    /// in a request fails it with `URLErrorCode::badURL`.
+    std::map<std::string, std::string> httpAdditionalHeaders{};
+
+    /// The `User-Agent` of requests that have none. Empty: "VanticRestKit/" and the library's version.
+    std::optional<std::string> userAgent{};
+
+    /// Where requests go through. Empty: directly to their servers.
+    std::optional<URLSessionProxy> proxy{};
+
+    /// TLS 1.2 is the oldest that is spoken at all. A server that has none as new fails a request with
+    /// `URLErrorCode::secureConnectionFailed`.
+    TLSProtocolVersion tlsMinimumSupportedProtocolVersion = TLSProtocolVersion::TLSv12;
+
+    /// Certificates (PEM) of roots to be trusted beside the system's or those of `caBundlePath`. If there is none in
+    /// the text, every https request fails with `URLErrorCode::secureConnectionFailed`.
+    std::optional<std::string> additionalCACertificates{};
+
+    /// The certificate for servers that ask for one. None by default; one that cannot be used fails every https request
+    /// with `URLErrorCode::secureConnectionFailed`.
+    std::optional<URLSessionClientCertificate> clientCertificate{};
+
+    /// Addresses of hosts that are not to be looked up: for tests, and for networks without names.
+    std::vector<URLSessionResolverOverride> resolverOverrides{};
+
+    /// How long the addresses of a host are kept, in seconds. 0: each connection looks its host up.
+    std::chrono::seconds dnsCacheTime{60};
+
+    /// HTTP/2 over TLS by default.
+    HTTPVersionPreference httpVersionPreference = HTTPVersionPreference::http2OverTLS;
+
+    /// How long a connection may be idle and still be used for another request. At least a second.
+    std::chrono::seconds idleConnectionLifetime{118};
 
     /// The platform's default settings.
     static URLSessionConfiguration default_() { return {}; }

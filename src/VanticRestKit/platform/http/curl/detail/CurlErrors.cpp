@@ -18,6 +18,9 @@ constexpr long certificateNotYetValid = 9;
 
 bool tellsOfChunks(std::string_view text) { return text.find("hunked") != std::string_view::npos; }
 
+// The proxy refuses to connect to the server.
+bool tellsOfTunnel(std::string_view text) { return text.starts_with("CONNECT tunnel failed"); }
+
 bool tellsOfLargeHeaders(std::string_view text) {
     return text.find("Too large response headers") != std::string_view::npos;
 }
@@ -66,7 +69,9 @@ TransportFault faultFor(const CurlFailure& failure) {
 URLErrorCode urlErrorCodeFor(CURLcode code, std::string_view text, long verifyResult) {
     switch (code) {
         case CURLE_URL_MALFORMAT: return URLErrorCode::badURL;
+        case CURLE_COULDNT_RESOLVE_PROXY:
         case CURLE_COULDNT_RESOLVE_HOST: return URLErrorCode::cannotFindHost;
+        case CURLE_PROXY:
         case CURLE_COULDNT_CONNECT: return URLErrorCode::cannotConnectToHost;
         case CURLE_OPERATION_TIMEDOUT: return URLErrorCode::timedOut;
         // The scheme was looked at before, so this is an answer without a status line.
@@ -76,6 +81,7 @@ URLErrorCode urlErrorCodeFor(CURLcode code, std::string_view text, long verifyRe
         case CURLE_BAD_CONTENT_ENCODING: return URLErrorCode::cannotDecodeContentData;
         // A broken chunk and a broken connection are one to libcurl, but for the text.
         case CURLE_RECV_ERROR:
+            if (tellsOfTunnel(text)) return URLErrorCode::cannotConnectToHost;
             return tellsOfChunks(text) ? URLErrorCode::badServerResponse
                                        : URLErrorCode::networkConnectionLost;
         case CURLE_GOT_NOTHING:

@@ -1,7 +1,9 @@
 #include <VanticRestKit/platform/http/curl/detail/Callbacks.h>
 #include <VanticRestKit/platform/http/curl/detail/EasyHandle.h>
 #include <VanticRestKit/platform/http/curl/detail/Options.h>
+#include <VanticRestKit/platform/http/curl/detail/SessionOptions.h>
 #include <VanticRestKit/platform/http/detail/Origin.h>
+#include <VanticRestKit/platform/http/detail/ProxyRule.h>
 
 namespace VanticRestKit::detail {
 
@@ -16,7 +18,8 @@ void setConduct(Options& options) {
     // A lookup that is still under way must not hold up the I/O thread when its request is cancelled.
     options.set(CURLOPT_QUICK_EXIT, 1L);
     options.set(CURLOPT_PROTOCOLS_STR, "http,https");
-    // Empty texts, not null: null would have the environment's proxies count.
+    // Empty texts, not null: null would have the environment's proxies count. Whether a request goes through the proxy
+    // of the session is decided here, not by libcurl's list.
     options.set(CURLOPT_PROXY, "");
     options.set(CURLOPT_NOPROXY, "");
     options.set(CURLOPT_NETRC, static_cast<long>(CURL_NETRC_IGNORED));
@@ -26,28 +29,19 @@ void setConduct(Options& options) {
     options.set(CURLOPT_HTTP_CONTENT_DECODING, 0L);
 }
 
-void setSecurity(Options& options, const EasySettings& settings) {
-    options.set(CURLOPT_SSL_VERIFYPEER, 1L);
-    options.set(CURLOPT_SSL_VERIFYHOST, 2L);
-    options.set(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
-    if (!settings.caBundlePath) return;
-    options.set(CURLOPT_CAINFO, settings.caBundlePath->c_str());
-    // Else the system's folder of certificates would count beside the file.
-    options.set(CURLOPT_CAPATH, static_cast<const char*>(nullptr));
-}
-
 }  // namespace
 
 EasyHandle::EasyHandle(const EasySettings& settings, bool isSecure)
-    : isSecure_(isSecure), easy_(curl_easy_init()) {
+    : isSecure_(isSecure),
+      proxy_(settings.configuration->proxy ? &*settings.configuration->proxy : nullptr),
+      easy_(curl_easy_init()) {
     if (easy_ == nullptr) return;
     Options options(easy_);
     setConduct(options);
-    setSecurity(options, settings);
-    if (isSecure) {
-        options.set(CURLOPT_BUFFERSIZE, largestSecureHead);
-        setTlsContext(options, *settings.keyLog);
-    }
+    setSessionOptions(options, *settings.configuration);
+    setTlsContext(options, *settings.tls);
+    options.set(CURLOPT_SHARE, settings.shared);
+    if (isSecure) options.set(CURLOPT_BUFFERSIZE, largestSecureHead);
     for (const std::string& address : settings.addresses) {
         curl_slist* const longer = curl_slist_append(addresses_.get(), address.c_str());
         if (longer == nullptr) return;
@@ -67,7 +61,8 @@ bool EasyHandle::goTo(const URL& url) {
     if (!beginsWith(url, beginning_) && !readBeginning(url)) return false;
     Options options(easy_);
     // The target as it stands: a path goes out as it was built, dot segments included.
-    options.set(CURLOPT_REQUEST_TARGET, url.requestTarget().c_str());
+    const bool isWhole = goesThroughProxy_ && !isSecure_;
+    options.set(CURLOPT_REQUEST_TARGET, (isWhole ? absoluteTarget(url) : url.requestTarget()).c_str());
     return options.areTaken();
 }
 
@@ -81,6 +76,10 @@ bool EasyHandle::readBeginning(const URL& url) {
     }
     Options options(easy_);
     options.set(CURLOPT_CURLU, address_.get());
+    if (proxy_ != nullptr) {
+        goesThroughProxy_ = goesThrough(*proxy_, url);
+        setProxy(options, *proxy_, goesThroughProxy_);
+    }
     return options.areTaken();
 }
 

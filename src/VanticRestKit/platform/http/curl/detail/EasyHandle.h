@@ -5,6 +5,7 @@
 
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
 #include <VanticRestKit/platform/http/curl/detail/TlsContext.h>
+#include <VanticRestKit/platform/http/URLSessionConfiguration.h>
 #include <VanticRestKit/platform/url/URL.h>
 
 #include <curl/curl.h>
@@ -12,7 +13,6 @@
 #include <array>
 #include <cstddef>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,9 +23,12 @@ struct Attempt;
 
 /// What all requests of a session have in common.
 struct EasySettings {
-    std::optional<std::string> caBundlePath{};
+    /// Outlives the handles.
+    const URLSessionConfiguration* configuration = nullptr;
     Connections* connections = nullptr;
-    TlsKeyLog* keyLog = nullptr;
+    TlsSettings* tls = nullptr;
+    /// What the handles share: the TLS sessions that new connections resume. Outlives them.
+    CURLSH* shared = nullptr;
     /// Addresses of hosts that are not to be looked up, in libcurl's form.
     std::vector<std::string> addresses{};
 };
@@ -66,6 +69,10 @@ private:
     };
 
     const bool isSecure_;
+    // The session's; null if it has none.
+    const URLSessionProxy* const proxy_;
+    // Whether requests of `beginning_` go through it.
+    bool goesThroughProxy_ = false;
     std::unique_ptr<curl_slist, ListDeleter> addresses_;
     // Scheme and authority of the request before, as they are written and as libcurl reads them. Most requests
     // have the same, and to read an address and write it anew would be a sixth of libcurl's work for one.

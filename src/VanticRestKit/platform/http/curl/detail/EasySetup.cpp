@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 
 namespace VanticRestKit::detail {
 
@@ -12,17 +14,20 @@ namespace {
 
 // libcurl looks through all of the addresses that it keeps for each new one. With many hosts that would cost more
 // than it saves.
-long addressCacheSeconds(const Admission& admission) {
+long addressCacheSeconds(const Admission& admission, std::chrono::seconds usual) {
     constexpr std::size_t maxOriginsWithCache = 512;
-    constexpr long usual = 60;
-    return admission.originCount() > maxOriginsWithCache ? 0 : usual;
+    if (admission.originCount() > maxOriginsWithCache) return 0;
+    return static_cast<long>(
+        std::clamp<std::int64_t>(usual.count(), 0, std::numeric_limits<std::int32_t>::max()));
 }
 
-void setConnection(Options& options, const Exchange& exchange, bool onNewConnection) {
-    const bool secure = isSecure(*exchange.request().url());
+void setConnection(Options& options, const Exchange& exchange, HTTPVersionPreference preference,
+                   bool onNewConnection) {
+    const bool mayMultiplex =
+        isSecure(*exchange.request().url()) && preference == HTTPVersionPreference::http2OverTLS;
     options.set(CURLOPT_HTTP_VERSION,
-                static_cast<long>(secure ? CURL_HTTP_VERSION_2TLS : CURL_HTTP_VERSION_1_1));
-    options.set(CURLOPT_PIPEWAIT, secure ? 1L : 0L);
+                static_cast<long>(mayMultiplex ? CURL_HTTP_VERSION_2TLS : CURL_HTTP_VERSION_1_1));
+    options.set(CURLOPT_PIPEWAIT, mayMultiplex ? 1L : 0L);
     options.set(CURLOPT_FRESH_CONNECT, onNewConnection ? 1L : 0L);
     // Not our deadline, but what libcurl shares out among the addresses of a host.
     constexpr std::chrono::hours most{24};
@@ -65,15 +70,16 @@ void setMethodAndBody(Options& options, const URLRequest& request) {
 
 }  // namespace
 
-bool prepareEasy(Attempt& attempt, bool onNewConnection) {
+bool prepareEasy(Attempt& attempt, const URLSessionConfiguration& configuration, bool onNewConnection) {
     const URLRequest& request = attempt.exchange.request();
     EasyHandle& handle = *attempt.handle;
     if (!handle.isGood() || !request.url()) return false;
     handle.attempt = &attempt;
     handle.isUsedUp = !isPlainGet(request);
     Options options(handle.get());
-    setConnection(options, attempt.exchange, onNewConnection);
-    options.set(CURLOPT_DNS_CACHE_TIMEOUT, addressCacheSeconds(attempt.surroundings.admission));
+    setConnection(options, attempt.exchange, configuration.httpVersionPreference, onNewConnection);
+    options.set(CURLOPT_DNS_CACHE_TIMEOUT,
+                addressCacheSeconds(attempt.surroundings.admission, configuration.dnsCacheTime));
     if (handle.isUsedUp) setMethodAndBody(options, request);
     options.set(CURLOPT_HTTPHEADER, attempt.headerLines.get());
     return options.areTaken() && handle.goTo(*request.url());

@@ -1,7 +1,9 @@
 #include <VanticRestKit/platform/http/curl/detail/EasySetup.h>
 #include <VanticRestKit/platform/http/curl/detail/IoLoop.h>
+#include <VanticRestKit/platform/http/curl/detail/SessionOptions.h>
 #include <VanticRestKit/platform/http/curl/detail/WakePair.h>
 #include <VanticRestKit/platform/http/detail/Origin.h>
+#include <VanticRestKit/platform/http/detail/ProxyRule.h>
 
 #include <algorithm>
 #include <chrono>
@@ -24,6 +26,13 @@ std::size_t connectionsPerHost(const URLSessionConfiguration& configuration) {
         std::clamp<std::int64_t>(configuration.httpMaximumConnectionsPerHost, 1, most));
 }
 
+std::vector<std::string> addressesOf(const URLSessionConfiguration& configuration,
+                                     const TransportSeams& seams) {
+    std::vector<std::string> addresses = resolvedAddresses(configuration);
+    addresses.insert(addresses.end(), seams.addresses.begin(), seams.addresses.end());
+    return addresses;
+}
+
 CURLM* makeMulti(std::size_t connectionsPerHost) {
     CURLM* const multi = curl_multi_init();
     if (multi == nullptr) return nullptr;
@@ -34,19 +43,30 @@ CURLM* makeMulti(std::size_t connectionsPerHost) {
     return multi;
 }
 
+// Without locks: one thread uses it.
+CURLSH* makeShared() {
+    CURLSH* const shared = curl_share_init();
+    curl_share_setopt(shared, CURLSHOPT_SHARE, CURL_LOCK_DATA_SSL_SESSION);
+    return shared;
+}
+
 }  // namespace
 
 IoLoop::IoLoop(const URLSessionConfiguration& configuration, const TransportSeams& seams,
                std::shared_ptr<Inbox> inbox, DispatchQueue delegateQueue)
-    : usualInterval_(configuration.timeoutIntervalForRequest),
+    : configuration_(configuration),
+      unusable_(configuration.proxy ? whyUnusable(*configuration.proxy) : std::nullopt),
+      usualInterval_(configuration.timeoutIntervalForRequest),
       inbox_(std::move(inbox)),
       delegateQueue_(std::move(delegateQueue)),
-      keyLog_(configuration.tlsKeyLogPath),
+      tls_(configuration),
       multi_(makeMulti(connectionsPerHost(configuration))),
-      pool_({.caBundlePath = configuration.caBundlePath,
+      shared_(makeShared()),
+      pool_({.configuration = &configuration,
              .connections = &connections_,
-             .keyLog = &keyLog_,
-             .addresses = seams.addresses}),
+             .tls = &tls_,
+             .shared = shared_.get(),
+             .addresses = addressesOf(configuration, seams)}),
       admission_(connectionsPerHost(configuration)),
       suspects_(connections_, admission_,
                 [this](const Connection& connection, const std::function<void(Exchange&)>& visit) {
@@ -101,7 +121,10 @@ void IoLoop::begin(std::shared_ptr<Transfer> transfer) {
     const URLRequest& request = exchange.request();
     const bool isUsable = request.httpMethod() == "GET" && request.url() && origins_.knows(*request.url()) &&
                           !request.malformedHeaderField();
-    if (const auto fault = isUsable ? std::nullopt : whyUnusable(request)) {
+    const auto fault = isUsable ? std::nullopt : whyUnusable(request);
+    if (unusable_) {
+        fail(exchange, *unusable_);
+    } else if (fault) {
         fail(exchange, *fault);
     } else {
         enqueue(exchange);
@@ -117,7 +140,11 @@ void IoLoop::cancel(const Transfer& transfer) {
 }
 
 void IoLoop::enqueue(Exchange& exchange) {
-    admission_.enqueue(exchange, origins_.of(*exchange.request().url()));
+    const URL& url = *exchange.request().url();
+    const auto& proxy = configuration_.proxy;
+    // Requests of plain HTTP share the connections to the proxy, wherever they go.
+    const bool sharesProxy = proxy && !isSecure(url) && goesThrough(*proxy, url);
+    admission_.enqueue(exchange, sharesProxy ? proxy->url : origins_.of(url));
 }
 
 void IoLoop::admit() {
@@ -139,7 +166,7 @@ void IoLoop::send(Exchange& exchange) {
                                                                 .deadlines = deadlines_});
     exchange.attempt->handle = pool_.take(isSecure(*exchange.request().url()));
     exchange.attempt->headerLines = headerLines_.of(exchange.request());
-    if (!prepareEasy(*exchange.attempt, admission_.hasSetAside(exchange)) ||
+    if (!prepareEasy(*exchange.attempt, configuration_, admission_.hasSetAside(exchange)) ||
         curl_multi_add_handle(multi_, exchange.attempt->handle->get()) != CURLM_OK) {
         release(exchange);
         fail(exchange, {URLErrorCode::badURL, "The request cannot be put in the form in which it is sent."});

@@ -22,6 +22,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -41,6 +42,9 @@ public:
     void run(ExitGate& gate);
 
 private:
+    struct SharedDeleter {
+        void operator()(CURLSH* shared) const { curl_share_cleanup(shared); }
+    };
     struct Ended {
         std::shared_ptr<Transfer> transfer;
         Outcome outcome;
@@ -72,14 +76,20 @@ private:
     void wait();
     std::chrono::milliseconds longestWait() const;
 
+    // Outlives the loop.
+    const URLSessionConfiguration& configuration_;
+    // Why nothing can be sent with it.
+    const std::optional<TransportFault> unusable_;
     const std::chrono::duration<double> usualInterval_;
     const std::shared_ptr<Inbox> inbox_;
     const DispatchQueue delegateQueue_;
     // Above the multi handle, which closes its sockets through it.
     Connections connections_;
-    TlsKeyLog keyLog_;
+    TlsSettings tls_;
     PendingConnects pendingConnects_;
     CURLM* multi_;
+    // Above the handles that use it.
+    std::unique_ptr<CURLSH, SharedDeleter> shared_;
     EasyPool pool_;
     Admission admission_;
     IdleDeadlines deadlines_;

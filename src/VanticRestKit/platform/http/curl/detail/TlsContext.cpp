@@ -1,6 +1,8 @@
 #include <VanticRestKit/platform/http/curl/detail/TlsContext.h>
 
 #include <openssl/crypto.h>
+#include <openssl/err.h>
+#include <openssl/pem.h>
 #include <openssl/ssl.h>
 #include <openssl/x509v3.h>
 
@@ -48,8 +50,14 @@ void onSecret(const SSL* connection, const char* line) {
 
 CURLcode onContext(CURL*, void* made, void* user) {
     SSL_CTX* const context = static_cast<SSL_CTX*>(made);
-    TlsKeyLog& keyLog = *static_cast<TlsKeyLog*>(user);
+    TlsSettings& settings = *static_cast<TlsSettings*>(user);
+    TlsKeyLog& keyLog = settings.keyLog;
     SSL_CTX_set_verify(context, SSL_VERIFY_PEER, &onVerify);
+    if (settings.lacksAuthorities) return CURLE_SSL_CACERT_BADFILE;
+    for (const auto& authority : settings.authorities) {
+        if (X509_STORE_add_cert(SSL_CTX_get_cert_store(context), authority.get()) != 1)
+            return CURLE_OUT_OF_MEMORY;
+    }
     // Without one it is set to none: libcurl logs to a file that a variable of the environment names.
     SSL_CTX_set_keylog_callback(context, keyLog.isWanted() ? &onSecret : nullptr);
     if (!keyLog.isWanted()) return CURLE_OK;
@@ -57,7 +65,26 @@ CURLcode onContext(CURL*, void* made, void* user) {
     return isReady ? CURLE_OK : CURLE_SSL_CONNECT_ERROR;
 }
 
+TlsSettings::Certificates readCertificates(std::string_view text) {
+    struct Deleter {
+        void operator()(BIO* bio) const { BIO_free(bio); }
+    };
+    const std::unique_ptr<BIO, Deleter> source(BIO_new_mem_buf(text.data(), static_cast<int>(text.size())));
+    TlsSettings::Certificates read;
+    while (X509* const certificate = PEM_read_bio_X509(source.get(), nullptr, nullptr, nullptr)) {
+        read.emplace_back(certificate);
+    }
+    // The end of the text counts as an error there.
+    ERR_clear_error();
+    return read;
+}
+
 }  // namespace
+
+TlsSettings::TlsSettings(const URLSessionConfiguration& configuration)
+    : keyLog(configuration.tlsKeyLogPath),
+      authorities(readCertificates(configuration.additionalCACertificates.value_or(""))),
+      lacksAuthorities(configuration.additionalCACertificates.has_value() && authorities.empty()) {}
 
 TlsKeyLog::TlsKeyLog(std::optional<std::string> path) : path_(std::move(path)) {}
 
@@ -79,9 +106,9 @@ void TlsKeyLog::add(std::string_view line) const {
     [[maybe_unused]] const auto written = ::write(file_, whole.data(), whole.size());
 }
 
-void setTlsContext(Options& options, TlsKeyLog& keyLog) {
+void setTlsContext(Options& options, TlsSettings& settings) {
     options.set(CURLOPT_SSL_CTX_FUNCTION, &onContext);
-    options.set(CURLOPT_SSL_CTX_DATA, &keyLog);
+    options.set(CURLOPT_SSL_CTX_DATA, &settings);
 }
 
 void releaseTlsOfThread() { OPENSSL_thread_stop(); }

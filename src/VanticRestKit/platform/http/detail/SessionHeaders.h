@@ -1,0 +1,14 @@
+#pragma once
+
+/// \file
+/// The headers that a session's configuration adds to requests.
+
+#include <VanticRestKit/platform/http/URLRequest.h>
+#include <VanticRestKit/platform/http/URLSessionConfiguration.h>
+
+namespace VanticRestKit::detail {
+
+/// `request` with the headers of `configuration` that it has not itself.
+URLRequest withSessionHeaders(URLRequest request, const URLSessionConfiguration& configuration);
+
+}  // namespace VanticRestKit::detail
