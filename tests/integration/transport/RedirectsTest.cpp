@@ -4,7 +4,12 @@
 #include <support/FaultServer.h>
 #include <support/Loading.h>
 
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <optional>
 #include <string>
+#include <utility>
 
 using namespace VanticRestKit;
 using namespace VanticRestKit::test;
@@ -41,6 +46,12 @@ RawRequest followed(int status, const std::string& method) {
     EXPECT_EQ(requests.size(), 2U);
     EXPECT_EQ(loaded.response()->url()->absoluteString(), server.url("/to?x=1"));
     return requests.size() < 2 ? RawRequest() : requests[1];
+}
+
+std::shared_ptr<URLSession> sessionWith(URLSessionRedirectPolicy policy) {
+    URLSessionConfiguration configuration;
+    configuration.redirectPolicy = std::move(policy);
+    return URLSession::make(configuration);
 }
 
 }  // namespace
@@ -110,12 +121,13 @@ TEST(Redirects, CredentialsDoNotReachAnotherOrigin) {
     for (const char* name : {"Authorization", "Cookie", "Proxy-Authorization", "X-API-Key"}) {
         request.addValue("secret", name);
     }
-    request.addValue("kept", "X-Other");
+    request.addValue("secret", "X-Other");
+    request.addValue("en", "Accept-Language");
     EXPECT_EQ(load(*makeSession(), request).body(), "elsewhere");
     const auto requests = other.requests();
     ASSERT_EQ(requests.size(), 1U);
     for (const auto& [name, value] : requests[0].headers) EXPECT_NE(value, "secret") << name;
-    EXPECT_EQ(requests[0].header("x-other"), "kept");
+    EXPECT_EQ(requests[0].header("accept-language"), "en");
 }
 
 TEST(Redirects, CredentialsThatWereDroppedDoNotComeBack) {
@@ -264,4 +276,80 @@ TEST(Redirects, ARedirectKeepsTheTimeOutOfTheRequest) {
     });
     const Loaded loaded = load(*makeSession(), server.url("/from"));
     EXPECT_EQ(loaded.body(), "here") << loaded.story();
+}
+
+TEST(Redirects, OneThatIsNotFollowedIsTheAnswerWithItsBody) {
+    FaultServer other(always(answer(200, "elsewhere")));
+    FaultServer server(redirecting(302, "/to"));
+    FaultServer leaving(redirecting(302, other.url("/to")));
+    const auto never = sessionWith({.follow = URLSessionRedirectPolicy::Follow::never});
+    const Loaded loaded = load(*never, server.url("/from"));
+    EXPECT_EQ(loaded.status(), 302) << loaded.story();
+    EXPECT_EQ(loaded.body(), "moved");
+    EXPECT_EQ(loaded.header("Location"), "/to");
+    EXPECT_EQ(loaded.response()->url()->absoluteString(), server.url("/from"));
+
+    const auto within = sessionWith({.follow = URLSessionRedirectPolicy::Follow::sameOriginOnly});
+    EXPECT_EQ(load(*within, server.url("/from")).body(), "here");
+    EXPECT_EQ(load(*within, leaving.url("/from")).body(), "moved");
+    EXPECT_TRUE(other.requests().empty());
+}
+
+TEST(Redirects, TheHostIsAskedOnTheDelegateQueueAndMayChangeTheRequest) {
+    FaultServer server(redirecting(302, "/to"));
+    std::shared_ptr<URLSession> session;
+    std::atomic<int> asked = 0;
+    std::atomic<bool> wasOnDelegateQueue = false;
+    session = sessionWith(
+        {.willRedirect = [&](const std::shared_ptr<const HTTPURLResponse>& response, URLRequest next) {
+            ++asked;
+            wasOnDelegateQueue = session->delegateQueue().isCurrent();
+            EXPECT_EQ(response->statusCode(), 302);
+            EXPECT_EQ(next.url()->absoluteString(), server.url("/to"));
+            next.setValue("host", "X-Changed");
+            return std::optional(next);
+        }});
+    const Loaded loaded = load(*session, server.url("/from"));
+    EXPECT_EQ(loaded.body(), "here") << loaded.story();
+    EXPECT_EQ(asked, 1);
+    EXPECT_TRUE(wasOnDelegateQueue);
+    EXPECT_EQ(server.requests()[1].header("x-changed"), "host");
+}
+
+TEST(Redirects, OneThatTheHostDeclinesIsTheAnswer) {
+    FaultServer server(redirecting(307, "/to"));
+    const auto session =
+        sessionWith({.willRedirect = [](auto, URLRequest) { return std::optional<URLRequest>(); }});
+    const Loaded loaded = load(*session, server.url("/from"));
+    EXPECT_EQ(loaded.status(), 307) << loaded.story();
+    EXPECT_EQ(loaded.body(), "moved");
+    EXPECT_EQ(server.requests().size(), 1U);
+}
+
+TEST(Redirects, ARequestOfTheHostThatCannotBeSentFails) {
+    FaultServer server(redirecting(302, "/to"));
+    const auto session = sessionWith({.willRedirect = [](auto, URLRequest next) {
+        next.setURL(URL::make("ftp://host/"));
+        return std::optional(next);
+    }});
+    EXPECT_EQ(load(*session, server.url("/from")).code(), URLErrorCode::unsupportedURL);
+}
+
+TEST(Redirects, ALoadCanBeCancelledWhileTheHostIsAsked) {
+    FaultServer server(redirecting(302, "/to"));
+    std::shared_ptr<URLSessionDataTask> task;
+    std::mutex ready;
+    const auto session = sessionWith({.willRedirect = [&](auto, URLRequest next) {
+        const std::lock_guard lock(ready);
+        task->cancel();
+        return std::optional(next);
+    }});
+    Loaded loaded;
+    {
+        const std::lock_guard lock(ready);
+        task = session->dataTask(requestOf(server.url("/from")), loaded.completion());
+        task->resume();
+    }
+    EXPECT_EQ(loaded.code(), URLErrorCode::cancelled);
+    EXPECT_EQ(loaded.calls(), 1);
 }

@@ -140,10 +140,22 @@ TEST(TLS, ARedirectFromASecureOriginToAnInsecureOneLosesTheCredentials) {
     FaultServer secure(always(answer(302, "", "Location: " + plain.url("/to") + "\r\n")), &identity);
     URLRequest request = requestOf(secure.url());
     request.addValue("secret", "Authorization");
-    const auto session = trustingSession();
-    EXPECT_EQ(load(*session, request).body(), "plain");
+    URLSessionConfiguration configuration;
+    configuration.caBundlePath = trust().file.path();
+    configuration.redirectPolicy.allowsInsecureTarget = true;
+    EXPECT_EQ(load(*URLSession::make(configuration), request).body(), "plain");
     EXPECT_TRUE(secure.requests()[0].has("authorization"));
     EXPECT_FALSE(plain.requests()[0].has("authorization"));
+}
+
+TEST(TLS, ARedirectFromASecureOriginToAnInsecureOneIsRefused) {
+    FaultServer plain(always(answer(200, "plain")));
+    const Identity identity = trust().root.issue();
+    FaultServer secure(always(answer(302, "", "Location: " + plain.url("/to") + "\r\n")), &identity);
+    const Loaded loaded = load(*trustingSession(), secure.url());
+    EXPECT_EQ(loaded.code(), URLErrorCode::appTransportSecurityRequiresSecureConnection) << loaded.story();
+    EXPECT_EQ(loaded.status(), 302);
+    EXPECT_TRUE(plain.requests().empty());
 }
 
 TEST(TLS, ABodyThatIsCutShortIsLost) {

@@ -78,9 +78,42 @@ TEST(RedirectRule, AnotherOriginGetsNoCredentials) {
     for (const char* target : {"https://other/to", "http://host/to", "https://host:444/to"}) {
         const URLRequest next = redirected(request("PUT"), 307, *URL::make(target));
         EXPECT_EQ(next.value("authorization"), std::nullopt) << target;
-        EXPECT_EQ(next.value("x"), "kept") << target;
+        EXPECT_EQ(next.value("x"), std::nullopt) << target;
+        EXPECT_EQ(next.value("content-type"), "text/plain") << target;
         EXPECT_TRUE(next.httpBody().has_value()) << target;
     }
     EXPECT_EQ(redirected(request("PUT"), 307, *URL::make("HTTPS://HOST:443/to")).value("authorization"),
               "secret");
+}
+
+TEST(RedirectRule, WhatSaysNothingOfWhoIsAskingCrossesUnlessItIsHeldBack) {
+    URLRequest from = request("GET");
+    for (const char* name : {"Accept", "Accept-Language", "Range", "If-None-Match", "User-Agent"}) {
+        from.setValue("v", name);
+    }
+    const URLRequest next =
+        redirected(from, 302, *URL::make("https://other/to"), {"user-agent", "CONTENT-TYPE"});
+    for (const char* name : {"Accept", "Accept-Language", "Range", "If-None-Match"}) {
+        EXPECT_EQ(next.value(name), "v") << name;
+    }
+    EXPECT_EQ(next.value("User-Agent"), std::nullopt);
+    EXPECT_EQ(next.value("Content-Type"), std::nullopt);
+    const URLRequest within = redirected(from, 302, *URL::make("https://host/to"), {"user-agent"});
+    EXPECT_EQ(within.value("User-Agent"), "v") << "the origin is the same";
+}
+
+TEST(RedirectRule, ThePolicySaysWhichRedirectsAreFollowed) {
+    using Follow = URLSessionRedirectPolicy::Follow;
+    const auto actionOf = [](Follow follow, bool allowsInsecure, const char* target) {
+        const URLSessionRedirectPolicy policy{.follow = follow, .allowsInsecureTarget = allowsInsecure};
+        return redirectAction(policy, *URL::make("https://host/from"), *URL::make(target));
+    };
+    EXPECT_EQ(actionOf(Follow::always, false, "https://host/to"), RedirectAction::follow);
+    EXPECT_EQ(actionOf(Follow::always, false, "https://other/to"), RedirectAction::follow);
+    EXPECT_EQ(actionOf(Follow::always, false, "http://host/to"), RedirectAction::refuse);
+    EXPECT_EQ(actionOf(Follow::always, true, "http://host/to"), RedirectAction::follow);
+    EXPECT_EQ(actionOf(Follow::sameOriginOnly, true, "https://host:443/to"), RedirectAction::follow);
+    EXPECT_EQ(actionOf(Follow::sameOriginOnly, true, "https://other/to"), RedirectAction::deliver);
+    EXPECT_EQ(actionOf(Follow::sameOriginOnly, true, "http://host/to"), RedirectAction::deliver);
+    EXPECT_EQ(actionOf(Follow::never, true, "https://host/to"), RedirectAction::deliver);
 }

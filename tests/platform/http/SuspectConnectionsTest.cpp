@@ -35,6 +35,7 @@ protected:
             std::make_unique<Attempt>(exchange_, AttemptSurroundings{.now = now_,
                                                                      .connections = connections_,
                                                                      .pendingConnects = pendingConnects_,
+                                                                     .redirectPolicy = redirectPolicy_,
                                                                      .admission = admission_,
                                                                      .deadlines = deadlines_});
         exchange_.attempt->connection = connection_;
@@ -54,6 +55,7 @@ protected:
     TimePoint now_ = Clock::now();
     Connections connections_;
     PendingConnects pendingConnects_;
+    URLSessionRedirectPolicy redirectPolicy_;
     Admission admission_{6};
     IdleDeadlines deadlines_;
     Socket peer_;

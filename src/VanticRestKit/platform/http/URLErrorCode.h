@@ -37,6 +37,8 @@ enum class URLErrorCode : std::int64_t {
     httpTooManyRedirects = -1007,
     /// The server broke the rules of the protocol.
     badServerResponse = -1011,
+    /// The answer redirects from https to http, which the session's redirect policy does not allow.
+    appTransportSecurityRequiresSecureConnection = -1022,
     /// The body is coded in a way that is not known here.
     cannotDecodeRawData = -1015,
     /// The body's coding (gzip, deflate, br) is broken or ends too early.

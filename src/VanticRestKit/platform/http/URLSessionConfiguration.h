@@ -5,6 +5,7 @@
 
 #include <VanticRestKit/platform/http/URLRequest.h>
 #include <VanticRestKit/platform/http/URLSessionConnectionSettings.h>
+#include <VanticRestKit/platform/http/URLSessionRedirectPolicy.h>
 
 #include <chrono>
 #include <cstdint>
@@ -70,6 +71,9 @@ struct URLSessionConfiguration {
 
     /// How long a connection may be idle and still be used for another request. At least a second.
     std::chrono::seconds idleConnectionLifetime{118};
+
+    /// Which redirects are followed. By default all of them but those from https to http.
+    URLSessionRedirectPolicy redirectPolicy{};
 
     /// The platform's default settings.
     static URLSessionConfiguration default_() { return {}; }

@@ -19,6 +19,8 @@ std::string_view urlErrorDescription(URLErrorCode code) {
         case URLErrorCode::cannotDecodeRawData: return "cannot decode raw data";
         case URLErrorCode::cannotDecodeContentData: return "cannot decode content data";
         case URLErrorCode::cannotParseResponse: return "cannot parse response";
+        case URLErrorCode::appTransportSecurityRequiresSecureConnection:
+            return "A secure connection is required.";
         case URLErrorCode::dataLengthExceedsMaximum: return "resource exceeds maximum size";
         case URLErrorCode::secureConnectionFailed:
             return "An SSL error has occurred and a secure connection to the server cannot be made.";

@@ -46,10 +46,21 @@ bool Attempt::drain(std::size_t size) {
     return std::max(drained_, head.contentLength().value_or(0)) <= maxDrained;
 }
 
+// A target that cannot be read counts as one that would be followed, and fails the request later.
+void Attempt::readRedirect() {
+    if (!VanticRestKit::detail::isRedirect(head.status()) || !head.location()) return;
+    const URL& source = *exchange.request().url();
+    const auto target = URL::make(*head.location(), source);
+    const RedirectAction action =
+        target ? redirectAction(surroundings.redirectPolicy, source, *target) : RedirectAction::follow;
+    isRedirectToAskAbout = action == RedirectAction::follow && surroundings.redirectPolicy.willRedirect;
+    isRedirect = action != RedirectAction::deliver && !isRedirectToAskAbout;
+}
+
 void Attempt::readHead() {
     hasHead = true;
     surroundings.admission.learn(exchange, head.isMultiplexed() ? Carriage::many : Carriage::one);
-    isRedirect = VanticRestKit::detail::isRedirect(head.status()) && head.location().has_value();
+    readRedirect();
     if (isRedirect) {
         surroundings.deadlines.shorten(exchange, maxDrainTime);
         return;

@@ -13,6 +13,7 @@
 #include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
 #include <VanticRestKit/platform/http/detail/Transfer.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
+#include <VanticRestKit/platform/http/URLSessionRedirectPolicy.h>
 
 #include <curl/curl.h>
 
@@ -42,6 +43,8 @@ public:
     /// Goes on with another request. Returns whether that is still allowed.
     bool redirect(URLRequest next);
 
+    /// The redirect that the host is asked about; null while it is not.
+    std::unique_ptr<Outcome> redirectAnswer;
     /// The request in libcurl's hands; null while none is.
     std::unique_ptr<Attempt> attempt;
     /// Whether libcurl gave it up once, because connection after connection refused it.
@@ -64,6 +67,7 @@ struct AttemptSurroundings {
     const TimePoint& now;
     Connections& connections;
     PendingConnects& pendingConnects;
+    const URLSessionRedirectPolicy& redirectPolicy;
     Admission& admission;
     IdleDeadlines& deadlines;
 };
@@ -98,6 +102,8 @@ struct Attempt {
     bool hasHead = false;
     /// Whether the body is to be read and forgotten, because the answer is a redirect.
     bool isRedirect = false;
+    /// Whether the answer is a redirect that the host is to be asked about when its body is there.
+    bool isRedirectToAskAbout = false;
     /// Whether the body has a coding that is not known and was not asked for.
     bool hasUnknownCoding = false;
 
@@ -125,6 +131,8 @@ struct Attempt {
     curl_off_t uploaded = 0;
 
 private:
+    void readRedirect();
+
     std::uint64_t drained_ = 0;
 };
 

@@ -9,6 +9,7 @@
 
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -18,9 +19,11 @@ namespace VanticRestKit::detail {
 class Inbox {
 public:
     struct Message {
-        enum class Kind { start, cancel };
+        enum class Kind { start, cancel, redirect };
         Kind kind;
         std::shared_ptr<Transfer> transfer;
+        /// What the host has made of a redirect; empty if it is not to be followed.
+        std::optional<URLRequest> next{};
     };
 
     /// Adds a message. Returns whether there is no thread yet that reads it; it is the caller's to start one.

@@ -102,6 +102,7 @@ bool IoLoop::readInbox() {
         switch (message.kind) {
             case Inbox::Message::Kind::start: begin(std::move(message.transfer)); break;
             case Inbox::Message::Kind::cancel: cancel(*message.transfer); break;
+            case Inbox::Message::Kind::redirect: decided(*message.transfer, std::move(message.next)); break;
         }
     }
     messages_.clear();
@@ -158,12 +159,13 @@ void IoLoop::attempt(Exchange& exchange) {
 }
 
 void IoLoop::send(Exchange& exchange) {
-    exchange.attempt =
-        std::make_unique<Attempt>(exchange, AttemptSurroundings{.now = now_,
-                                                                .connections = connections_,
-                                                                .pendingConnects = pendingConnects_,
-                                                                .admission = admission_,
-                                                                .deadlines = deadlines_});
+    exchange.attempt = std::make_unique<Attempt>(
+        exchange, AttemptSurroundings{.now = now_,
+                                      .connections = connections_,
+                                      .pendingConnects = pendingConnects_,
+                                      .redirectPolicy = configuration_.redirectPolicy,
+                                      .admission = admission_,
+                                      .deadlines = deadlines_});
     exchange.attempt->handle = pool_.take(isSecure(*exchange.request().url()));
     exchange.attempt->headerLines = headerLines_.of(exchange.request());
     if (!prepareEasy(*exchange.attempt, configuration_, admission_.hasSetAside(exchange)) ||

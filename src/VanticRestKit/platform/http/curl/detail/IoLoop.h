@@ -64,6 +64,10 @@ private:
     void goAgain(Exchange& exchange);
     void connectPatiently(Exchange& exchange);
     void follow(Exchange& exchange);
+    void goTo(Exchange& exchange, URLRequest next);
+    void ask(Exchange& exchange);
+    void decided(const Transfer& transfer, std::optional<URLRequest> next);
+    static Outcome answerOf(Exchange& exchange);
     void succeed(Exchange& exchange);
     void fail(Exchange& exchange, const TransportFault& fault,
               const std::optional<Error>& underlying = std::nullopt);

@@ -39,6 +39,8 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
              {URLErrorCode::networkConnectionLost, "The connection was closed inside the headers."});
     } else if (const auto fault = attempt.body.finish()) {
         fail(exchange, *fault);
+    } else if (attempt.isRedirectToAskAbout) {
+        ask(exchange);
     } else {
         succeed(exchange);
     }
@@ -64,12 +66,20 @@ void IoLoop::connectPatiently(Exchange& exchange) {
 
 void IoLoop::follow(Exchange& exchange) {
     const HeaderCollector& head = exchange.attempt->head;
-    const auto target = URL::make(*head.location(), *exchange.request().url());
+    const URL& source = *exchange.request().url();
+    const auto target = URL::make(*head.location(), source);
     if (!target) {
         fail(exchange, {URLErrorCode::badServerResponse, "The answer redirects to what is no URL."});
-        return;
+    } else if (redirectAction(configuration_.redirectPolicy, source, *target) == RedirectAction::refuse) {
+        fail(exchange, {URLErrorCode::appTransportSecurityRequiresSecureConnection,
+                        "The answer redirects from https to http."});
+    } else {
+        goTo(exchange, redirected(exchange.request(), head.status(), *target,
+                                  configuration_.redirectPolicy.headersHeldBack));
     }
-    URLRequest next = redirected(exchange.request(), head.status(), *target);
+}
+
+void IoLoop::goTo(Exchange& exchange, URLRequest next) {
     const auto fault = whyUnusable(next);
     const bool allowed = exchange.redirect(std::move(next));
     if (!allowed) {
@@ -83,14 +93,50 @@ void IoLoop::follow(Exchange& exchange) {
     }
 }
 
-void IoLoop::succeed(Exchange& exchange) {
+// The host is asked on its own queue; nothing of this thread waits for it.
+void IoLoop::ask(Exchange& exchange) {
+    const HeaderCollector& head = exchange.attempt->head;
+    const auto target = URL::make(*head.location(), *exchange.request().url());
+    if (!target) {
+        follow(exchange);
+        return;
+    }
+    const URLSessionRedirectPolicy& policy = configuration_.redirectPolicy;
+    URLRequest next = redirected(exchange.request(), head.status(), *target, policy.headersHeldBack);
+    exchange.redirectAnswer = std::make_unique<Outcome>(answerOf(exchange));
+    release(exchange);
+    delegateQueue_.async([willRedirect = policy.willRedirect, inbox = inbox_, transfer = exchange.transfer(),
+                          response = exchange.redirectAnswer->response, next = std::move(next)]() mutable {
+        const std::shared_ptr<const HTTPURLResponse> answer(response, response->asHTTP());
+        inbox->post({.kind = Inbox::Message::Kind::redirect,
+                     .transfer = std::move(transfer),
+                     .next = willRedirect(answer, std::move(next))});
+    });
+}
+
+void IoLoop::decided(const Transfer& transfer, std::optional<URLRequest> next) {
+    const auto found = exchanges_.find(&transfer);
+    // Cancelled meanwhile.
+    if (found == exchanges_.end()) return;
+    Exchange& exchange = *found->second;
+    const std::unique_ptr<Outcome> answer = std::move(exchange.redirectAnswer);
+    if (next) {
+        goTo(exchange, *std::move(next));
+    } else {
+        end(exchange, std::move(*answer));
+    }
+}
+
+Outcome IoLoop::answerOf(Exchange& exchange) {
     Attempt& attempt = *exchange.attempt;
     Outcome outcome;
     outcome.response = std::make_shared<const HTTPURLResponse>(
         exchange.request().url(), attempt.head.status(), attempt.head.takeFields());
     outcome.data = attempt.body.take();
-    end(exchange, std::move(outcome));
+    return outcome;
 }
+
+void IoLoop::succeed(Exchange& exchange) { end(exchange, answerOf(exchange)); }
 
 void IoLoop::fail(Exchange& exchange, const TransportFault& fault, const std::optional<Error>& underlying) {
     Outcome outcome;
