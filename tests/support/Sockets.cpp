@@ -50,7 +50,7 @@ void Socket::reset() {
     close();
 }
 
-std::pair<Socket, std::uint16_t> listenOnLoopback(Loopback loopback) {
+std::pair<Socket, std::uint16_t> bindOnLoopback(Loopback loopback) {
     const bool isV6 = loopback == Loopback::v6;
     Socket listener(socket(isV6 ? AF_INET6 : AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
     sockaddr_in6 v6 = loopbackV6();
@@ -58,9 +58,14 @@ std::pair<Socket, std::uint16_t> listenOnLoopback(Loopback loopback) {
     sockaddr* const address = isV6 ? reinterpret_cast<sockaddr*>(&v6) : reinterpret_cast<sockaddr*>(&v4);
     socklen_t size = isV6 ? sizeof(v6) : sizeof(v4);
     EXPECT_EQ(bind(listener.descriptor(), address, size), 0);
-    EXPECT_EQ(listen(listener.descriptor(), 1024), 0);
     EXPECT_EQ(getsockname(listener.descriptor(), address, &size), 0);
     return {std::move(listener), ntohs(isV6 ? v6.sin6_port : v4.sin_port)};
+}
+
+std::pair<Socket, std::uint16_t> listenOnLoopback(Loopback loopback) {
+    auto bound = bindOnLoopback(loopback);
+    EXPECT_EQ(listen(bound.first.descriptor(), 1024), 0);
+    return bound;
 }
 
 DeadAddress::DeadAddress(const std::string& address, std::uint16_t port)

@@ -34,6 +34,9 @@ private:
 /// 127.0.0.1 or ::1.
 enum class Loopback { v4, v6 };
 
+/// A socket with a free port of loopback, which refuses connections until it listens, and the port.
+std::pair<Socket, std::uint16_t> bindOnLoopback(Loopback loopback = Loopback::v4);
+
 /// A socket that listens on a free port of loopback, and the port.
 std::pair<Socket, std::uint16_t> listenOnLoopback(Loopback loopback = Loopback::v4);
 

@@ -89,8 +89,12 @@ Cancellable NetworkServiceble::start(FetchArguments arguments) {
                      completion = std::move(arguments.with).value()](
                         std::optional<Data> data, std::shared_ptr<const URLResponse> response,
                         std::optional<Error> error) mutable {
-        // Only who started the request cancels it, and delivers that by itself.
-        if (error && isCancelled(*error)) return;
+        if (error && isCancelled(*error)) {
+            // By who started the request and waits for this no more, or with all others of the session.
+            completion(Failure(
+                NetworkError::requestFailed(self->urlRequest_, std::move(response), *std::move(error))));
+            return;
+        }
         completion(self->validate(std::move(data), std::move(response), std::move(error)));
     };
     return session_->start({.fromURLRequest = urlRequest_, .completionHandler = std::move(answered)});

@@ -33,6 +33,20 @@ void URLSessionDataTask::cancel() {
     }
 }
 
+std::int64_t URLSessionDataTask::countOfBytesReceived() const noexcept {
+    return transfer_->progress.received;
+}
+
+std::int64_t URLSessionDataTask::countOfBytesExpectedToReceive() const noexcept {
+    return transfer_->progress.expectedToReceive;
+}
+
+std::int64_t URLSessionDataTask::countOfBytesSent() const noexcept { return transfer_->progress.sent; }
+
+std::int64_t URLSessionDataTask::countOfBytesExpectedToSend() const noexcept {
+    return transfer_->progress.expectedToSend;
+}
+
 std::shared_ptr<URLSession> URLSession::make(URLSessionConfiguration configuration) {
     return std::shared_ptr<URLSession>(new URLSession(std::move(configuration)));
 }
@@ -72,5 +86,17 @@ AnyPublisher<URLSession::Output, Error> URLSession::dataTaskPublisher(URLRequest
         return Cancellable([task] { task->cancel(); });
     });
 }
+
+void URLSession::preconnect(const URL& url) {
+    URLRequest request(url, URLRequestCachePolicy::reloadIgnoringLocalCacheData);
+    request.setHTTPMethod("HEAD");
+    dataTask(std::move(request), nullptr)->resume();
+}
+
+void URLSession::finishTasksAndInvalidate() { transport_->invalidate(false); }
+
+void URLSession::invalidateAndCancel() { transport_->invalidate(true); }
+
+void URLSession::closeIdleConnections() { transport_->closeIdleConnections(); }
 
 }  // namespace VanticRestKit

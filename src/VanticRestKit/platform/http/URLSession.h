@@ -13,6 +13,7 @@
 #include <VanticRestKit/platform/publisher/AnyPublisher.h>
 #include <VanticRestKit/Visibility.h>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -39,6 +40,14 @@ public:
     /// Ends the task: its connection is closed, or its stream reset, and the completion gets
     /// `URLErrorCode::cancelled` on the delegate queue. Does nothing to a task that has ended.
     void cancel();
+
+    /// The bytes of the body that have come, as they come over the wire, and how many there will be: -1 if that is not
+    /// known (yet). After a redirect they count the body of the last answer.
+    std::int64_t countOfBytesReceived() const noexcept;
+    std::int64_t countOfBytesExpectedToReceive() const noexcept;
+    /// The bytes of the request's body that went out, and how many there are.
+    std::int64_t countOfBytesSent() const noexcept;
+    std::int64_t countOfBytesExpectedToSend() const noexcept;
 
 private:
     friend class URLSession;
@@ -68,11 +77,11 @@ private:
 /// completions run, their thread has the signal mask of the thread that started the session's first load: a process
 /// started in a completion inherits that one.
 ///
-/// Requests go to http and https only, over the proxy of nobody, with certificates and host names verified.
-/// Redirects are followed, at most twenty: 303 turns every method but HEAD into GET, 301 and 302 turn POST
-/// into GET, and credentials stay with the origin they were meant for. Nothing is sent twice, with one
-/// exception: a GET that went out on a connection which the server had given up already goes out on another
-/// one.
+/// Requests go to http and https only, through no proxy but that of the configuration, with certificates and host names
+/// verified. Redirects are followed as the configuration says, at most twenty: 303 turns every method but HEAD into GET,
+/// 301 and 302 turn POST into GET, and what tells who is asking stays with the origin it was meant for. Nothing is sent
+/// twice, with one exception: a GET that went out on a connection which the server had given up already goes out on
+/// another one.
 class VRK_EXPORT URLSession {
 public:
     /// Called once with body and response, or with an error. A body is present when there is no error, if
@@ -98,6 +107,21 @@ public:
     /// A publisher of the one answer to `request`. Each subscription sends the request anew; cancelling it
     /// ends the transfer. The publisher keeps the session's connections, not the `URLSession`.
     AnyPublisher<Output, Error> dataTaskPublisher(URLRequest request);
+
+    /// Opens a connection to the host of `url`, TLS included, so that the next request to it need not wait for one. It
+    /// sends a HEAD of `url`, since a connection of HTTP/1.1 on which nothing was asked is not kept: name a cheap one.
+    /// Its outcome is not told; the next request will meet a failure itself.
+    void preconnect(const URL& url);
+
+    /// Starts no task any more: those resumed from now on fail with `URLErrorCode::unknown`. Those under way go on to
+    /// their end. Returns at once.
+    void finishTasksAndInvalidate();
+    /// The same, and ends those under way as `cancel()` does.
+    void invalidateAndCancel();
+
+    /// Closes the connections that are idle, which is wise when the network has changed: they may lead nowhere now.
+    /// What is under way is left alone. Returns at once.
+    void closeIdleConnections();
 
 private:
     explicit URLSession(URLSessionConfiguration configuration);

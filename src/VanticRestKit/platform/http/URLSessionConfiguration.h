@@ -72,6 +72,12 @@ struct URLSessionConfiguration {
     /// How long a connection may be idle and still be used for another request. At least a second.
     std::chrono::seconds idleConnectionLifetime{118};
 
+    /// Whether a request whose host cannot be reached (no address, no connection) waits and tries again in place of
+    /// failing at once: after 0.1 s, then at growing intervals of up to 6.4 s, without sending anything twice.
+    bool waitsForConnectivity = false;
+    /// How long such a request waits, from its first attempt on, before it fails as it would have at once.
+    std::chrono::duration<double> connectivityTimeout{60};
+
     /// Which redirects are followed. By default all of them but those from https to http.
     URLSessionRedirectPolicy redirectPolicy{};
 

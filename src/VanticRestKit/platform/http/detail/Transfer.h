@@ -8,6 +8,7 @@
 #include <VanticRestKit/platform/http/URLSession.h>
 
 #include <atomic>
+#include <cstdint>
 #include <utility>
 
 namespace VanticRestKit::detail {
@@ -16,7 +17,10 @@ namespace VanticRestKit::detail {
 class Transfer {
 public:
     Transfer(URLRequest request, URLSession::Completion completion)
-        : request_(std::move(request)), completion_(std::move(completion)) {}
+        : request_(std::move(request)), completion_(std::move(completion)) {
+        if (request_.httpBody())
+            progress.expectedToSend = static_cast<std::int64_t>(request_.httpBody()->size());
+    }
 
     const URLRequest& request() const noexcept { return request_; }
 
@@ -33,6 +37,15 @@ public:
     }
 
     bool isStarted() const noexcept { return state_.load() == State::started; }
+
+    /// How far it is. Written by the I/O thread, read by any.
+    struct Progress {
+        std::atomic<std::int64_t> received = 0;
+        std::atomic<std::int64_t> expectedToReceive = -1;
+        std::atomic<std::int64_t> sent = 0;
+        std::atomic<std::int64_t> expectedToSend = 0;
+    };
+    Progress progress;
 
     /// Marks a started transfer as cancelled. The mark is set before the transport is told, so that a cancel that
     /// overtakes the start on its way to the transport is not lost.

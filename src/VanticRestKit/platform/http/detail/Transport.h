@@ -25,6 +25,12 @@ public:
     /// Ends a started `transfer` as cancelled, unless it has ended by itself.
     virtual void cancel(std::shared_ptr<Transfer> transfer) = 0;
 
+    /// Takes no more transfers: those started from now on fail. Those under way go on, or are cancelled.
+    virtual void invalidate(bool cancelsTransfers) = 0;
+
+    /// Closes the connections that carry no transfer now.
+    virtual void closeIdleConnections() = 0;
+
     /// Where transfers are completed.
     virtual const DispatchQueue& delegateQueue() const = 0;
 };

@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <string_view>
+#include <utility>
 
 namespace VanticRestKit::detail {
 
@@ -33,6 +34,7 @@ std::size_t onBody(char* bytes, std::size_t size, std::size_t count, void* user)
                                        "The body has a coding that is not known here."};
         return 0;
     }
+    attempt.exchange.transfer()->progress.received += static_cast<std::int64_t>(piece.size());
     attempt.fault = attempt.body.add(piece);
     return attempt.fault ? 0 : piece.size();
 }
@@ -42,11 +44,15 @@ int onProgress(void* user, curl_off_t, curl_off_t, curl_off_t, curl_off_t upload
     Attempt& attempt = attemptOf(user);
     if (uploaded != attempt.uploaded) attempt.moved();
     attempt.uploaded = uploaded;
+    attempt.exchange.transfer()->progress.sent = uploaded;
     return 0;
 }
 
 int onReadyToSend(void* user, char* remoteAddress, char* localAddress, int remotePort, int localPort) {
     Attempt& attempt = attemptOf(user);
+    auto connection =
+        attempt.surroundings.connections.find({remoteAddress, localAddress, remotePort, localPort});
+    if (connection) connection->isReady = true;
     if (attempt.sendings > 0 && attempt.exchange.request().httpMethod() != "GET") {
         attempt.fault = TransportFault{URLErrorCode::networkConnectionLost,
                                        "The connection was dead already, and only a GET may be sent again."};
@@ -55,8 +61,7 @@ int onReadyToSend(void* user, char* remoteAddress, char* localAddress, int remot
     ++attempt.sendings;
     attempt.moved();
     if (attempt.connection) --attempt.connection->streams;
-    attempt.connection =
-        attempt.surroundings.connections.find({remoteAddress, localAddress, remotePort, localPort});
+    attempt.connection = std::move(connection);
     if (attempt.connection) {
         ++attempt.connection->streams;
         ++attempt.connection->sendings;

@@ -104,6 +104,13 @@ void Connections::shutDown(const Connection& connection) const {
     if (connection.socket >= 0) ::shutdown(connection.socket, SHUT_RDWR);
 }
 
+void Connections::shutDownIdle() const {
+    for (const auto& [socket, connection] : bySocket_) {
+        // One that was never used may be another's attempt to connect.
+        if (connection->streams == 0 && connection->isReady) shutDown(*connection);
+    }
+}
+
 std::optional<TimePoint> Connections::lastReceived(const Connection& connection, TimePoint now) const {
 #if defined(TCP_INFO)
     tcp_info info{};

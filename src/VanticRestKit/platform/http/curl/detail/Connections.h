@@ -20,6 +20,8 @@ struct Connection {
     std::string ends{};
     /// How many requests are on it now.
     std::size_t streams = 0;
+    /// Whether a request could be sent on it at least once.
+    bool isReady = false;
     /// How many requests were ever sent on it.
     std::size_t sendings = 0;
     /// When a piece of any answer came on it.
@@ -59,6 +61,9 @@ public:
 
     /// Makes a connection useless at once: whoever is on it, and whoever is to use it, finds it at its end.
     void shutDown(const Connection& connection) const;
+
+    /// Makes useless those that no request is on. Whoever is still connecting is left alone.
+    void shutDownIdle() const;
 
     /// When the peer's last bytes arrived on `connection`; empty where the system does not tell.
     std::optional<TimePoint> lastReceived(const Connection& connection, TimePoint now) const;

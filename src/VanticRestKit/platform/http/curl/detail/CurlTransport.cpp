@@ -8,6 +8,7 @@
 #include <VanticRestKit/platform/http/curl/detail/TlsContext.h>
 #include <VanticRestKit/platform/http/detail/URLErrors.h>
 
+#include <atomic>
 #include <utility>
 
 namespace VanticRestKit::detail {
@@ -32,6 +33,10 @@ public:
             fail(std::move(transfer), "The session was made before fork; this process needs one of its own.");
             return;
         }
+        if (isInvalid_) {
+            fail(std::move(transfer), "The session was invalidated.");
+            return;
+        }
         post({Inbox::Message::Kind::start, std::move(transfer)});
     }
 
@@ -40,6 +45,15 @@ public:
         // What the parent started is the parent's to end.
         if (!mark_.isCurrent()) return;
         post({Inbox::Message::Kind::cancel, std::move(transfer)});
+    }
+
+    void invalidate(bool cancelsTransfers) override {
+        isInvalid_ = true;
+        if (cancelsTransfers && mark_.isCurrent()) post({Inbox::Message::Kind::cancelAll, nullptr});
+    }
+
+    void closeIdleConnections() override {
+        if (mark_.isCurrent()) post({Inbox::Message::Kind::closeIdle, nullptr});
     }
 
     const DispatchQueue& delegateQueue() const override { return delegateQueue_; }
@@ -76,6 +90,7 @@ private:
     }
 
     const ForkMark mark_{};
+    std::atomic<bool> isInvalid_ = false;
     const URLSessionConfiguration configuration_;
     const TransportSeams seams_;
     const DispatchQueue delegateQueue_;

@@ -49,6 +49,9 @@ public:
     std::unique_ptr<Attempt> attempt;
     /// Whether libcurl gave it up once, because connection after connection refused it.
     bool wasGivenUp = false;
+    /// How often its host could not be reached, and until when it may try again.
+    int unreached = 0;
+    std::optional<TimePoint> triesUntil;
     /// Whether every address gets all the time that it wants, because an attempt to connect in less has failed.
     bool isPatient = false;
 

@@ -19,7 +19,7 @@ namespace VanticRestKit::detail {
 class Inbox {
 public:
     struct Message {
-        enum class Kind { start, cancel, redirect };
+        enum class Kind { start, cancel, redirect, cancelAll, closeIdle };
         Kind kind;
         std::shared_ptr<Transfer> transfer;
         /// What the host has made of a redirect; empty if it is not to be followed.

@@ -88,6 +88,7 @@ void IoLoop::run(ExitGate& gate) {
         suspects_.review();
         collectFinished();
         timeOutIdle();
+        tryAgain();
         resets_.shutDownQuiet(now_);
         admit();
         deliver();
@@ -102,6 +103,8 @@ bool IoLoop::readInbox() {
         switch (message.kind) {
             case Inbox::Message::Kind::start: begin(std::move(message.transfer)); break;
             case Inbox::Message::Kind::cancel: cancel(*message.transfer); break;
+            case Inbox::Message::Kind::cancelAll: cancelAll(); break;
+            case Inbox::Message::Kind::closeIdle: connections_.shutDownIdle(); break;
             case Inbox::Message::Kind::redirect: decided(*message.transfer, std::move(message.next)); break;
         }
     }
@@ -138,6 +141,10 @@ void IoLoop::cancel(const Transfer& transfer) {
     Exchange& exchange = *found->second;
     release(exchange);
     fail(exchange, {URLErrorCode::cancelled});
+}
+
+void IoLoop::cancelAll() {
+    while (!exchanges_.empty()) cancel(*exchanges_.begin()->first);
 }
 
 void IoLoop::enqueue(Exchange& exchange) {
@@ -275,7 +282,7 @@ void IoLoop::deliver() {
 
 std::chrono::milliseconds IoLoop::longestWait() const {
     std::chrono::milliseconds limit{60 * 60 * 1000};
-    for (const auto next : {deadlines_.next(), resets_.next(), pendingConnects_.next()}) {
+    for (const auto next : {deadlines_.next(), resets_.next(), pendingConnects_.next(), unreached_.next()}) {
         if (!next) continue;
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(*next - Clock::now());
         limit = std::clamp(left, std::chrono::milliseconds(0), limit);

@@ -5,6 +5,7 @@
 
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
+#include <VanticRestKit/platform/http/curl/detail/ConnectivityWait.h>
 #include <VanticRestKit/platform/http/curl/detail/CurlTransport.h>
 #include <VanticRestKit/platform/http/curl/detail/EasyHandle.h>
 #include <VanticRestKit/platform/http/curl/detail/Exchange.h>
@@ -54,6 +55,7 @@ private:
     bool readInbox();
     void begin(std::shared_ptr<Transfer> transfer);
     void cancel(const Transfer& transfer);
+    void cancelAll();
     void enqueue(Exchange& exchange);
     void admit();
     void attempt(Exchange& exchange);
@@ -63,6 +65,9 @@ private:
     void visitOn(const Connection& connection, const std::function<void(Exchange&)>& visit);
     void goAgain(Exchange& exchange);
     void connectPatiently(Exchange& exchange);
+    bool mayWaitForConnectivity(Exchange& exchange, CURLcode code);
+    void waitForConnectivity(Exchange& exchange);
+    void tryAgain();
     void follow(Exchange& exchange);
     void goTo(Exchange& exchange, URLRequest next);
     void ask(Exchange& exchange);
@@ -99,6 +104,7 @@ private:
     IdleDeadlines deadlines_;
     HeaderLinesMemo headerLines_;
     OriginMemo origins_;
+    ConnectivityWait unreached_;
     SuspectConnections suspects_;
     StreamResets resets_;
     Exchanges exchanges_;

@@ -6,6 +6,8 @@
 #include <VanticRestKit/platform/http/detail/RedirectRule.h>
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
 
+#include <algorithm>
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -24,6 +26,8 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
         goAgain(exchange);
     } else if (code == CURLE_COULDNT_CONNECT && attempt.gaveUpAnAddress()) {
         connectPatiently(exchange);
+    } else if (mayWaitForConnectivity(exchange, code)) {
+        waitForConnectivity(exchange);
     } else if (code != CURLE_OK) {
         long verified = 0;
         curl_easy_getinfo(attempt.handle->get(), CURLINFO_SSL_VERIFYRESULT, &verified);
@@ -62,6 +66,31 @@ void IoLoop::connectPatiently(Exchange& exchange) {
     exchange.isPatient = true;
     takeBack(exchange);
     send(exchange);
+}
+
+bool IoLoop::mayWaitForConnectivity(Exchange& exchange, CURLcode code) {
+    const bool isUnreached = code == CURLE_COULDNT_CONNECT || code == CURLE_COULDNT_RESOLVE_HOST ||
+                             code == CURLE_COULDNT_RESOLVE_PROXY;
+    if (!isUnreached || !configuration_.waitsForConnectivity) return false;
+    constexpr std::chrono::hours longest{24 * 7};
+    const auto limit = std::min<std::chrono::duration<double>>(configuration_.connectivityTimeout, longest);
+    if (!exchange.triesUntil) {
+        exchange.triesUntil = now_ + std::chrono::duration_cast<Clock::duration>(limit);
+    }
+    return now_ < *exchange.triesUntil;
+}
+
+void IoLoop::waitForConnectivity(Exchange& exchange) {
+    release(exchange);
+    const auto pause = ConnectivityWait::pauseBefore(++exchange.unreached);
+    unreached_.add(exchange.transfer(), std::min(now_ + pause, *exchange.triesUntil));
+}
+
+void IoLoop::tryAgain() {
+    while (const std::shared_ptr<Transfer> transfer = unreached_.takeDue(now_)) {
+        const auto found = exchanges_.find(transfer.get());
+        if (found != exchanges_.end()) enqueue(*found->second);
+    }
 }
 
 void IoLoop::follow(Exchange& exchange) {
