@@ -264,23 +264,39 @@ bool DiagnosingEngine::element(const ListPlan& plan, void* target, Place at, std
 }
 
 bool DiagnosingEngine::choice(const ChoicePlan& plan, Place at, const Candidate*& chosen, void*& made) {
-    const std::size_t faultsBefore = faults_.size();
-    std::string names;
-    for (const Candidate& candidate : plan.candidates) {
-        const TypePlan& type = candidate.type();
-        const std::uint64_t memoryBefore = memory_.used();
-        if (!memory_.take(candidate.size)) return false;
-        made = candidate.make();
-        if (value(type, made, at, true, Presence::lenient)) {
-            chosen = &candidate;
+    for (std::size_t i = 0; i < plan.candidates.size(); ++i) {
+        if ((failedCandidates_.failedAt(at.at, plan) >> i & 1) != 0) continue;
+        if (candidate(plan, i, at, made)) {
+            chosen = &plan.candidates[i];
             return true;
         }
-        candidate.drop(made);
         if (memory_.wasRefused()) return false;
-        memory_.giveBack(memoryBefore);
-        faults_.resize(faultsBefore);
+    }
+    return failChoice(plan, at);
+}
+
+// Tries one candidate. What has failed leaves nothing.
+bool DiagnosingEngine::candidate(const ChoicePlan& plan, std::size_t place, Place at, void*& made) {
+    const Candidate& type = plan.candidates[place];
+    const std::size_t faultsBefore = faults_.size();
+    const std::uint64_t memoryBefore = memory_.used();
+    if (!memory_.take(type.size)) return false;
+    made = type.make();
+    failedCandidates_.begin();
+    const bool isGood = value(type.type(), made, at, true, Presence::lenient);
+    failedCandidates_.end(at.at, plan, place, !isGood);
+    if (isGood) return true;
+    type.drop(made);
+    memory_.giveBack(memoryBefore);
+    faults_.resize(faultsBefore);
+    return false;
+}
+
+[[gnu::noinline]] bool DiagnosingEngine::failChoice(const ChoicePlan& plan, Place at) {
+    std::string names;
+    for (const Candidate& candidate : plan.candidates) {
         names += names.empty() ? "" : " or ";
-        names += type.name;
+        names += candidate.type().name;
     }
     return fail(Kind::typeMismatch, names, foundAt(at.at), Presence::lenient);
 }

@@ -5,6 +5,7 @@
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/json/detail/DocumentIndex.h>
+#include <VanticRestKit/platform/json/detail/FailedCandidates.h>
 #include <VanticRestKit/platform/json/detail/ValueReader.h>
 #include <VanticRestKit/platform/json/Diagnosis.h>
 
@@ -61,6 +62,8 @@ private:
     void* appended(const ListPlan& plan, void* list, Place at, std::size_t bytesRead);
     bool choiceInto(const ChoicePlan& plan, void* fieldOrList, Place at);
     bool choice(const ChoicePlan& plan, Place at, const Candidate*& chosen, void*& made);
+    bool failChoice(const ChoicePlan& plan, Place at);
+    bool candidate(const ChoicePlan& plan, std::size_t place, Place at, void*& made);
 
     bool open(const ObjectPlan& plan, Place at, Presence presence, std::vector<Place>& found);
     bool rows(const ObjectPlan& plan, const ObjectPlan& entity, void* target,
@@ -83,6 +86,7 @@ private:
     DocumentIndex index_;
     Report report_;
     MemoryBudget memory_;
+    FailedCandidates failedCandidates_;
     CodingPath path_;
     Failing failing_;  // the latest; only what was not swallowed counts
     std::vector<Fault> faults_;

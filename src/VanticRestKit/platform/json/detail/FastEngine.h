@@ -4,6 +4,7 @@
 // swallowed. It says only whether the document became a value; the diagnosing engine says why not.
 
 #include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/json/detail/FailedCandidates.h>
 #include <VanticRestKit/platform/json/detail/Scanner.h>
 #include <VanticRestKit/platform/json/detail/ValueReader.h>
 #include <VanticRestKit/platform/json/TypePlan.h>
@@ -90,6 +91,7 @@ private:
     bool open(const TypePlan& type, void* target, const FieldPlan* field);
     bool openInner(const FieldPlan& field, void* target);
     bool wrapped(const TypePlan& type, void* place, const FieldPlan* field);
+    unsigned ruledOut(const ChoicePlan& choice);
     bool openChoice(const ChoicePlan& choice, const FieldPlan* field);
     bool openCandidate(const ChoicePlan& choice, std::uint8_t possible, const FieldPlan* field);
     bool endFrame();
@@ -111,6 +113,7 @@ private:
     Data document_;
     MemoryBudget memory_;
     std::vector<Attempt> attempts_;
+    FailedCandidates failedCandidates_;
     Frame usualFrames_[usualDepth];
     std::unique_ptr<Frame[]> manyFrames_;
     /// The first `depth_` are open, and there is room for `room_`.

@@ -12,14 +12,29 @@ namespace VanticRestKit::json {
 
 // What the object calls itself rules candidates out before a value is read for them in vain, wherever in the
 // object it stands.
-bool FastEngine::openChoice(const ChoicePlan& choice, const FieldPlan* field) {
+unsigned FastEngine::ruledOut(const ChoicePlan& choice) {
+    // To look for the name costs a walk over all that the object holds, and each level around it does the same.
+    constexpr std::size_t maxLevels = 4;
+    unsigned named = 0;
+    for (std::size_t i = 0; i < choice.candidates.size(); ++i) {
+        if (!choice.candidates[i].type().object->entityName.empty()) named |= 1U << i;
+    }
+    if (named == 0 || failedCandidates_.depth() >= maxLevels) return 0;
     const std::optional<std::string_view> name = entityAhead(at_, end_, depth_, scratch_);
-    unsigned possible = 0;
+    if (!name) return 0;
+    unsigned others = 0;
     for (std::size_t i = 0; i < choice.candidates.size(); ++i) {
         const std::string_view checked = choice.candidates[i].type().object->entityName;
-        if (!name || checked.empty() || VanticRestKit::detail::equalsLowercased(*name, checked))
-            possible |= 1U << i;
+        if (!VanticRestKit::detail::equalsLowercased(*name, checked)) others |= 1U << i;
     }
+    return others & named;
+}
+
+// Opens the first candidate that the object ahead may be.
+bool FastEngine::openChoice(const ChoicePlan& choice, const FieldPlan* field) {
+    unsigned possible = (1U << choice.candidates.size()) - 1U;
+    possible &= ~failedCandidates_.failedAt(at_, choice);
+    if (possible != 0) possible &= ~ruledOut(choice);
     if (possible != 0) return openCandidate(choice, static_cast<std::uint8_t>(possible), field);
     deliver(field, false, true);
     return skip();
@@ -41,6 +56,7 @@ bool FastEngine::openCandidate(const ChoicePlan& choice, std::uint8_t possible, 
     top->choice = &choice;
     top->candidate = candidate;
     top->possible = possible;
+    failedCandidates_.begin();
     return true;
 }
 
@@ -72,6 +88,7 @@ void FastEngine::endAttempt(bool hasFailed) {
 // A candidate that decoded is kept; else the next one begins at the same place.
 bool FastEngine::endCandidate(const Frame& ended, bool hasFailed) {
     const Candidate& type = ended.choice->candidates[ended.candidate];
+    failedCandidates_.end(ended.start, *ended.choice, ended.candidate, hasFailed);
     if (!hasFailed) {
         Frame& around = frames_[depth_ - 1];
         type.keep(ended.target, around.target + (ended.field != nullptr ? ended.field->offset : 0));
