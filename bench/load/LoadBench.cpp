@@ -3,6 +3,7 @@
 //   load_bench [--quick] [--only TEXT]    TEXT: of the ways of loading those whose names have it in them
 
 #include "../support/Measure.h"
+#include "DistinctOrigins.h"
 #include "RawLoads.h"
 #include "Server.h"
 
@@ -303,6 +304,7 @@ int main(int count, char** arguments) {
         makingAResource(isQuick ? 100 : 5000);
         inFlight(holding, 10'000, Form::plain);
         inFlight(holdingAwaited, 10'000, Form::awaited);
+        distinctOrigins(500, 8000, isQuick ? 2 : 10);
     }
 
     URLSessionConfiguration wide;
