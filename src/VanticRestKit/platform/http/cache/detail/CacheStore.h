@@ -15,12 +15,12 @@ namespace VanticRestKit::detail {
 /// One stored answer as a store sees it: bytes that only the cache reads, and by what they are found.
 struct CacheRecord {
     /// What the answer is found by: the URL and whose answer it is.
-    std::string key;
+    std::string key{};
     /// Which of the answers of one key this is; a record replaces the one of the same key and variant.
-    std::string variant;
+    std::string variant{};
     /// Status, headers and times in the cache's own form.
-    Data head;
-    Data body;
+    Data head{};
+    Data body{};
 };
 
 /// Keeps records up to a capacity in bytes and gives up those used least recently. Every call returns at once; the
@@ -45,6 +45,8 @@ public:
     virtual void removeAll(std::string prefix) = 0;
     /// How many bytes the records take, as they are counted against the capacity.
     virtual std::uint64_t currentUsage() const = 0;
+    /// How many writes were dropped because too many bytes waited to be written. What they were to replace is removed.
+    virtual std::uint64_t droppedWrites() const { return 0; }
     /// Blocks until all calls before this one are done: for tests and before the end of the process.
     virtual void flush() = 0;
 };

@@ -1,0 +1,150 @@
+#include <VanticRestKit/platform/http/cache/detail/DiskCacheStore.h>
+
+#include <VanticRestKit/platform/dispatch/DispatchGroup.h>
+#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
+#include <VanticRestKit/platform/http/cache/detail/DiskCacheErrors.h>
+#ifdef VRK_HAS_DISK_CACHE
+#include <VanticRestKit/platform/dispatch/detail/Fork.h>
+#include <VanticRestKit/platform/http/cache/disk/detail/StoreCalls.h>
+#include <VanticRestKit/platform/http/cache/disk/detail/StoreWorker.h>
+#endif
+
+#include <utility>
+#include <vector>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+#ifdef VRK_HAS_DISK_CACHE
+
+/// The side of the callers. Its thread has the other side, and keeps it until all calls are done.
+class DiskCacheStore final : public CacheStore {
+public:
+    DiskCacheStore(std::string folder, std::uint64_t capacity, DiskCacheReport report,
+                   const DiskCacheLimits& limits)
+        : side_(std::make_shared<Side>(std::move(folder), capacity, std::move(report), limits)) {
+        queue_.async([side = side_] { side->worker.warmUp(); });
+    }
+
+    ~DiskCacheStore() override {
+        if (mark_.isCurrent()) {
+            queue_.async([side = std::move(side_)] { side->worker.close(); });
+        } else {
+            // The parent's thread may have left it in any state, and closing is the parent's to do.
+            static_cast<void>(new std::shared_ptr<Side>(std::move(side_)));
+        }
+    }
+
+    void read(std::string key, Found found) override {
+        if (!mark_.isCurrent()) {
+            queue_.async([found = std::move(found)]() mutable { found({}); });
+            return;
+        }
+        post({.kind = Kind::read, .record = {.key = std::move(key)}, .found = std::move(found)});
+    }
+
+    void write(CacheRecord record) override { post({.kind = Kind::write, .record = std::move(record)}); }
+
+    void writeHead(std::string key, std::string variant, Data head) override {
+        post({.kind = Kind::writeHead,
+              .record = {std::move(key), std::move(variant), std::move(head), Data()}});
+    }
+
+    void remove(std::string key) override { post({.kind = Kind::remove, .record = {.key = std::move(key)}}); }
+
+    void removeAll(std::string prefix) override {
+        post({.kind = Kind::removeAll, .record = {.key = std::move(prefix)}});
+    }
+
+    std::uint64_t currentUsage() const override { return mark_.isCurrent() ? side_->worker.usage() : 0; }
+
+    std::uint64_t droppedWrites() const override { return mark_.isCurrent() ? side_->calls.dropped() : 0; }
+
+    void flush() override {
+        // There it would wait for itself.
+        if (!mark_.isCurrent() || queue_.isCurrent()) return;
+        const DispatchGroup group;
+        group.enter();
+        post({.kind = Kind::flush, .done = [group] { group.leave(); }});
+        group.wait();
+    }
+
+private:
+    using Kind = StoreCall::Kind;
+
+    struct Side {
+        Side(std::string folder, std::uint64_t capacity, DiskCacheReport report,
+             const DiskCacheLimits& limits)
+            : calls(limits.maxPendingBytes), worker(std::move(folder), capacity, std::move(report), limits) {}
+
+        void drain() {
+            for (std::vector<StoreCall> taken = calls.take(); !taken.empty(); taken = calls.take()) {
+                worker.perform(taken);
+            }
+        }
+
+        StoreCalls calls;
+        StoreWorker worker;
+    };
+
+    void post(StoreCall call) {
+        if (!mark_.isCurrent()) return;
+        if (side_->calls.push(std::move(call))) queue_.async([side = side_] { side->drain(); });
+    }
+
+    const ForkMark mark_{};
+    const DispatchQueue queue_ = DispatchQueue::withOwnThread("vrk.http.cache");
+    std::shared_ptr<Side> side_;
+};
+
+#else
+
+/// Stores nothing.
+class DiskCacheStore final : public CacheStore {
+public:
+    DiskCacheStore(const std::string& folder, std::uint64_t, DiskCacheReport report, const DiskCacheLimits&) {
+        if (!report) return;
+        queue_.async([report = std::move(report), folder]() mutable {
+            report(makeDiskCacheError(DiskCacheErrorCode::unsupported, folder, "built without SQLite"));
+        });
+    }
+
+    void read(std::string, Found found) override {
+        queue_.async([found = std::move(found)]() mutable { found({}); });
+    }
+    void write(CacheRecord) override {}
+    void writeHead(std::string, std::string, Data) override {}
+    void remove(std::string) override {}
+    void removeAll(std::string) override {}
+    std::uint64_t currentUsage() const override { return 0; }
+    void flush() override {
+        if (queue_.isCurrent()) return;
+        const DispatchGroup group;
+        group.enter();
+        queue_.async([group] { group.leave(); });
+        group.wait();
+    }
+
+private:
+    const DispatchQueue queue_ = DispatchQueue::withOwnThread("vrk.http.cache");
+};
+
+#endif
+
+}  // namespace
+
+bool hasDiskCacheStore() noexcept {
+#ifdef VRK_HAS_DISK_CACHE
+    return true;
+#else
+    return false;
+#endif
+}
+
+std::shared_ptr<CacheStore> openDiskCacheStore(std::string folder, std::uint64_t capacity,
+                                               DiskCacheReport report, const DiskCacheLimits& limits) {
+    return std::make_shared<DiskCacheStore>(std::move(folder), capacity, std::move(report), limits);
+}
+
+}  // namespace VanticRestKit::detail
