@@ -1,0 +1,307 @@
+#include <platform/http/cache/disk/DiskStore.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <sched.h>
+#include <sys/mount.h>
+#include <unistd.h>
+#include <fstream>
+#include <iterator>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::test;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class DiskCacheFaults : public DiskStore {
+protected:
+    /// A file that holds twenty records, and is closed.
+    void prepare() {
+        open();
+        for (int i = 0; i < 20; ++i) store_->write(recordOf(std::to_string(i), "v", 1, 20'000));
+        close();
+        ASSERT_THAT(reports_.codes(), IsEmpty());
+    }
+
+    static std::string read(const std::string& path) {
+        std::ifstream in(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+    static void put(const std::string& path, const std::string& bytes) {
+        fs::create_directories(fs::path(path).parent_path());
+        std::ofstream(path, std::ios::binary) << bytes;
+    }
+
+    /// Runs SQL on the file, as another program would.
+    void execute(const char* statements) const {
+        sqlite3* database = nullptr;
+        ASSERT_EQ(sqlite3_open(file().c_str(), &database), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(database, statements, nullptr, nullptr, nullptr), SQLITE_OK)
+            << sqlite3_errmsg(database);
+        sqlite3_close(database);
+    }
+
+    /// How many of the twenty records are found; fails if one is not whole.
+    int countWhole() {
+        int count = 0;
+        for (int i = 0; i < 20; ++i) {
+            for (const auto& record : recordsOf(*store_, std::to_string(i))) {
+                EXPECT_NE(versionOf(record), 0U) << i;
+                ++count;
+            }
+        }
+        return count;
+    }
+
+    void expectItWorks() {
+        write("after", "body");
+        EXPECT_EQ(bodyIn(*store_, "after"), "body");
+    }
+};
+
+}  // namespace
+
+TEST_F(DiskCacheFaults, AFileThatIsNoDatabaseIsSetAside) {
+    put(file(), std::string(5000, 'x'));
+    open();
+    EXPECT_EQ(bodyIn(*store_, "a"), "none");
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::foreignFile));
+    EXPECT_EQ(read(file() + ".foreign"), std::string(5000, 'x'));
+    expectItWorks();
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::foreignFile));
+}
+
+TEST_F(DiskCacheFaults, ADatabaseOfAnotherProgramIsSetAsideAndNeverReplaced) {
+    for (const char* name : {".foreign", ".foreign-2"}) {
+        put(file(), "");
+        execute("CREATE TABLE theirs(a); INSERT INTO theirs VALUES(1)");
+        const std::string theirs = read(file());
+        open();
+        expectItWorks();
+        close();
+        EXPECT_EQ(read(file() + name), theirs) << name;
+        fs::remove(file());
+    }
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::foreignFile, Code::foreignFile));
+}
+
+TEST_F(DiskCacheFaults, AFileOfANewerVersionIsSetAside) {
+    prepare();
+    execute("PRAGMA user_version=2");
+    open();
+    EXPECT_EQ(countWhole(), 0);
+    expectItWorks();
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::newerFile));
+    EXPECT_TRUE(fs::exists(file() + ".newer"));
+}
+
+TEST_F(DiskCacheFaults, AFolderInPlaceOfTheFileIsSetAside) {
+    fs::create_directories(file());
+    open();
+    expectItWorks();
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::foreignFile));
+    EXPECT_TRUE(fs::is_directory(file() + ".foreign"));
+}
+
+TEST_F(DiskCacheFaults, AFileWithoutItsTablesIsSetAside) {
+    prepare();
+    execute("DROP TABLE body");
+    open();
+    expectItWorks();
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::damagedFile));
+    EXPECT_TRUE(fs::exists(file() + ".damaged"));
+}
+
+TEST_F(DiskCacheFaults, AnEmptyFileIsUsed) {
+    put(file(), "");
+    open();
+    expectItWorks();
+    EXPECT_THAT(reports_.codes(), IsEmpty());
+    EXPECT_EQ(modeOf(file()), 0600U);
+}
+
+TEST_F(DiskCacheFaults, WhateverIsOverwrittenNoRecordIsHandedOutThatIsNotWhole) {
+    prepare();
+    const std::string sound = read(file());
+    ASSERT_GT(sound.size(), 400'000U);
+    const std::string noise(3000, '\x5a');
+    int found = 0;
+    int setAside = 0;
+    for (std::size_t at = 0; at + noise.size() < sound.size(); at += 7919) {
+        std::string damaged = sound;
+        damaged.replace(at, noise.size(), noise);
+        fs::remove_all(folder());
+        put(file(), damaged);
+        open();
+        found += countWhole();
+        expectItWorks();
+        close();
+        setAside += fs::exists(file() + ".damaged") || fs::exists(file() + ".foreign") ? 1 : 0;
+    }
+    EXPECT_GT(found, 100) << "most records are not touched by most damages";
+    EXPECT_GT(setAside, 0);
+    EXPECT_FALSE(reports_.codes().empty());
+}
+
+TEST_F(DiskCacheFaults, AFileCutShortIsNoTrouble) {
+    prepare();
+    const std::string sound = read(file());
+    for (std::size_t size = 1; size < sound.size(); size += sound.size() / 23) {
+        fs::remove_all(folder());
+        put(file(), sound.substr(0, size));
+        open();
+        countWhole();
+        expectItWorks();
+        close();
+    }
+    EXPECT_FALSE(reports_.codes().empty());
+}
+
+TEST_F(DiskCacheFaults, ABodyWithOneWrongBitIsRemovedAndReported) {
+    prepare();
+    std::string bytes = read(file());
+    const std::string body = bodyOf("7", "v", 1, 20'000);
+    const std::size_t at = bytes.find(body.substr(300, 100));
+    ASSERT_NE(at, std::string::npos);
+    bytes[at] = static_cast<char>(bytes[at] ^ 4);
+    put(file(), bytes);
+    open();
+    EXPECT_EQ(countWhole(), 19);
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::damagedRecord));
+    EXPECT_EQ(countWhole(), 19);
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::damagedRecord)) << "it is gone";
+}
+
+TEST_F(DiskCacheFaults, ARecordWithTheBodyOfAnotherOneIsRemoved) {
+    prepare();
+    execute("UPDATE body SET bytes = (SELECT bytes FROM body WHERE id = 3) WHERE id = 5");
+    execute("UPDATE record SET bodySum = (SELECT bodySum FROM record WHERE id = 3) WHERE id = 5");
+    open();
+    EXPECT_EQ(countWhole(), 19);
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::damagedRecord));
+}
+
+TEST_F(DiskCacheFaults, GoesOnWhenTheFolderIsRemoved) {
+    open();
+    write("a", "body");
+    store_->flush();
+    fs::remove_all(temporary_.at("a"));
+    EXPECT_EQ(bodyIn(*store_, "a"), "none");
+    EXPECT_FALSE(fs::exists(folder())) << "reading makes nothing";
+    expectItWorks();
+    EXPECT_TRUE(fs::exists(file()));
+    EXPECT_THAT(reports_.codes(), IsEmpty());
+}
+
+TEST_F(DiskCacheFaults, AFolderThatCannotBeMadeIsReportedOnceAndCountsAsEmpty) {
+    put(temporary_.at("a"), "a file");
+    open();
+    for (int i = 0; i < 3; ++i) {
+        write("a", "body");
+        EXPECT_EQ(bodyIn(*store_, "a"), "none");
+    }
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::folderUnavailable));
+    fs::remove(temporary_.at("a"));
+    expectItWorks();
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::folderUnavailable));
+}
+
+TEST_F(DiskCacheFaults, WhatCouldNotBeChangedBecauseTheFileCouldNotBeOpenedIsForgotten) {
+    prepare();
+    fs::rename(folder(), temporary_.at("hidden"));
+    put(folder(), "a file");
+    open();
+    store_->write(recordOf("3", "v", 2, 100));
+    store_->flush();
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::folderUnavailable));
+    fs::remove(folder());
+    fs::rename(temporary_.at("hidden"), folder());
+    EXPECT_EQ(countWhole(), 0);
+    expectItWorks();
+}
+
+TEST_F(DiskCacheFaults, AFullDiskIsReportedOnceAndWhatIsStoredStays) {
+    detail::DiskCacheLimits limits;
+    limits.maxPages = 120;
+    open(capacity, limits);
+    for (int i = 0; i < 20; ++i) {
+        store_->write(recordOf(std::to_string(i), "v", 1, 40'000));
+        store_->flush();
+    }
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::diskFull));
+    const int stored = countWhole();
+    EXPECT_GE(stored, 9);
+    EXPECT_LE(stored, 12);
+    store_->remove("0");
+    store_->remove("1");
+    EXPECT_EQ(countWhole(), stored - 2);
+    store_->write(recordOf("0", "v", 2, 40'000));
+    EXPECT_EQ(countWhole(), stored - 1) << "there is space again";
+    for (int i = 0; i < 5; ++i) {
+        store_->write(recordOf("more " + std::to_string(i), "v", 1, 40'000));
+        store_->flush();
+    }
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::diskFull, Code::diskFull)) << "it was over in between";
+}
+
+TEST_F(DiskCacheFaults, WhatAFullDiskKeptFromBeingReplacedIsNotFoundAgain) {
+    detail::DiskCacheLimits limits;
+    limits.maxPages = 120;
+    open(capacity, limits);
+    for (int i = 0; i < 8; ++i) store_->write(recordOf(std::to_string(i), "v", 1, 40'000));
+    store_->write(recordOf("3", "v", 2, 400'000));
+    store_->writeHead("3", "v", Data(headOf("3", "v", 2, 1)));
+    EXPECT_THAT(recordsOf(*store_, "3"), IsEmpty());
+    EXPECT_EQ(countWhole(), 7);
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::diskFull));
+}
+
+TEST_F(DiskCacheFaults, WorksOnAFileSystemThatIsFull) {
+    fs::create_directories(folder());
+    // Only this process sees it.
+    if (unshare(CLONE_NEWNS) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+        mount("none", folder().c_str(), "tmpfs", 0, "size=600k") != 0) {
+        GTEST_SKIP() << "no right to mount";
+    }
+    open();
+    for (unsigned version = 1; version <= 3; ++version) {
+        for (int i = 0; i < 20; ++i) {
+            store_->write(recordOf(std::to_string(i), "v", version, 40'000));
+            store_->flush();
+        }
+        countWhole();
+    }
+    ASSERT_FALSE(reports_.codes().empty());
+    EXPECT_EQ(reports_.codes()[0], Code::diskFull);
+    store_->removeAll("");
+    EXPECT_EQ(countWhole(), 0) << "removing works on a full disk";
+    expectItWorks();
+    EXPECT_EQ(mount("none", folder().c_str(), "tmpfs", MS_REMOUNT, "size=20m"), 0);
+    for (int i = 0; i < 20; ++i) store_->write(recordOf(std::to_string(i), "v", 9, 40'000));
+    EXPECT_EQ(countWhole(), 20);
+    close();
+    EXPECT_EQ(umount(folder().c_str()), 0);
+}
+
+TEST_F(DiskCacheFaults, ALockThatIsHeldForTooLongIsReported) {
+    prepare();
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(file().c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    detail::DiskCacheLimits limits;
+    limits.busyTimeout = std::chrono::milliseconds(20);
+    open(capacity, limits);
+    write("new", "body");
+    EXPECT_EQ(bodyIn(*store_, "new"), "none");
+    EXPECT_EQ(countWhole(), 20) << "reading goes on";
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::busy));
+    sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
+    sqlite3_close(other);
+    expectItWorks();
+}

@@ -1,0 +1,28 @@
+#include <platform/http/cache/disk/DiskStore.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::test;
+using testing::ElementsAre;
+
+// Built with and without SQLite.
+TEST_F(DiskStore, IsThereIfTheBuildFoundSQLite) {
+    EXPECT_EQ(detail::hasDiskCacheStore(), VRK_EXPECTS_DISK_CACHE != 0);
+}
+
+TEST_F(DiskStore, WithoutSQLiteReportsSoOnceAndStaysEmpty) {
+    if (detail::hasDiskCacheStore()) GTEST_SKIP() << "this build has it";
+    open();
+    write("a", "body");
+    store_->writeHead("a", "", Data("head"));
+    EXPECT_EQ(bodyIn(*store_, "a"), "none");
+    store_->remove("a");
+    store_->removeAll("");
+    store_->flush();
+    EXPECT_EQ(store_->currentUsage(), 0U);
+    EXPECT_EQ(store_->droppedWrites(), 0U);
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::unsupported));
+    EXPECT_FALSE(std::filesystem::exists(folder()));
+}
