@@ -29,8 +29,12 @@ set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${PROJECT_DESCRIPTION} - headers, arch
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 # The libraries are those that hosts of the archive link.
+set(sqlite)
+if(VRK_HAS_DISK_CACHE)
+    set(sqlite libsqlite3-dev)
+endif()
 string(JOIN ", " CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtime} (= ${PROJECT_VERSION})"
-    "libcurl4-openssl-dev | libcurl-dev" libssl-dev zlib1g-dev libbrotli-dev libutf8proc-dev)
+    "libcurl4-openssl-dev | libcurl-dev" libssl-dev zlib1g-dev libbrotli-dev libutf8proc-dev ${sqlite})
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME vanticrestkit-tools)
 set(CPACK_DEBIAN_TOOLS_DESCRIPTION "${PROJECT_DESCRIPTION} - command line and sample service")

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The Debian packages install, work and leave nothing over when they are removed.
 
-debian_test.py --build BUILD --compiler CXX
+debian_test.py --build BUILD --compiler CXX --disk-cache ON|OFF
 
 Changes the system for some seconds. Ends with 77, for skipped, if it is not run as root on Debian, or if one of the
 packages is installed already.
@@ -23,6 +23,7 @@ from consumers import build as build_target
 ARGUMENTS = argparse.ArgumentParser()
 ARGUMENTS.add_argument("--build", type=pathlib.Path, required=True)
 ARGUMENTS.add_argument("--compiler", required=True)
+ARGUMENTS.add_argument("--disk-cache", choices=["ON", "OFF"], required=True)
 GIVEN = ARGUMENTS.parse_args()
 
 PACKAGES = ["libvanticrestkit1", "libvanticrestkit-dev", "vanticrestkit-tools"]
@@ -57,6 +58,9 @@ class DebianPackages(unittest.TestCase):
         files = {run("dpkg-deb", "-f", file, "Package").strip(): file for file in self.folder.glob("*.deb")}
         self.assertEqual(sorted(PACKAGES), sorted(files))
         self.assertIn("libcurl4", run("dpkg-deb", "-f", files["libvanticrestkit1"], "Depends"))
+        for package, library in (("libvanticrestkit1", "libsqlite3-0"), ("libvanticrestkit-dev", "libsqlite3-dev")):
+            depends = run("dpkg-deb", "-f", files[package], "Depends")
+            self.assertEqual(GIVEN.disk_cache == "ON", library in depends, depends)
         self.assertIn("libvanticrestkit1 (= ", run("dpkg-deb", "-f", files["libvanticrestkit-dev"], "Depends"))
 
         content = self.content(files.values())

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """What is installed, and every way for a host outside to build with the library.
 
-package_test.py --build BUILD --tree TOP --compilers CXX[,CXX...] [--full] [TEST...]
+package_test.py --build BUILD --tree TOP --compilers CXX[,CXX...] --disk-cache ON|OFF [--full] [TEST...]
 
 BUILD is a release build. Without --full: one way of compiling for each case, and the embedded library is configured
 but hardly built. With it: each compiler, C++20 and C++23, with exceptions and RTTI and without.
@@ -22,6 +22,7 @@ ARGUMENTS = argparse.ArgumentParser()
 ARGUMENTS.add_argument("--build", type=pathlib.Path, required=True)
 ARGUMENTS.add_argument("--tree", type=pathlib.Path, required=True)
 ARGUMENTS.add_argument("--compilers", type=lambda text: text.split(","), required=True)
+ARGUMENTS.add_argument("--disk-cache", choices=["ON", "OFF"], required=True)
 ARGUMENTS.add_argument("--full", action="store_true")
 ARGUMENTS.add_argument("tests", nargs="*")
 GIVEN = ARGUMENTS.parse_args()
@@ -115,7 +116,7 @@ class Installed(Folder):
         )
 
     def test_find_package_names_what_the_static_library_lacks(self):
-        for library in ("CURL", "ZLIB", "VrkBrotli", "VrkUtf8proc"):
+        for library in ("CURL", "ZLIB", "VrkBrotli", "VrkUtf8proc", *(["SQLite3"] if GIVEN.disk_cache == "ON" else [])):
             with self.subTest(library):
                 found = self.reasons(f"-DCMAKE_DISABLE_FIND_PACKAGE_{library}=ON")
                 self.assertIn(f"because dependency {library} could not be found", found["COMPONENTS;static"])
@@ -144,6 +145,13 @@ class Installed(Folder):
                 run(mode.compiler, folder / "main.o", *link, "-o", folder / name)
                 self.assert_works(folder / name)
                 self.assertEqual(name == "shared", consumers.needs_the_shared_library(folder / name), name)
+
+    def test_sqlite_is_known_only_if_it_was_built_with(self):
+        needed = run("readelf", "-d", self.prefix / "lib/libVanticRestKit.so")
+        self.assertEqual(GIVEN.disk_cache == "ON", "libsqlite3" in needed)
+        for package in ("VanticRestKit", "VanticRestKit-static"):
+            links = self.pkg_config("--static", "--libs", package)
+            self.assertEqual(GIVEN.disk_cache == "ON", "-lsqlite3" in links, links)
 
     def test_a_warning_in_a_header_would_be_seen(self):
         include = self.folder / "include"
@@ -197,6 +205,27 @@ class Embedded(Folder):
                 self.assert_works(folder / "host")
                 self.assertEqual(shared, consumers.needs_the_shared_library(folder / "host"))
                 shutil.rmtree(folder)
+
+
+class WithoutDiskCache(Folder):
+    @unittest.skipUnless(GIVEN.full, "builds the whole library; with --full")
+    def test_the_library_is_built_installed_and_linked_without_sqlite(self):
+        folder, prefix = self.folder / "build", self.folder / "prefix"
+        mode = Mode(GIVEN.compilers[0])
+        configure(GIVEN.tree, folder, mode, "-DVRK_DISK_CACHE=OFF", "-DVRK_APPS=OFF", "-DVRK_TESTS=OFF",
+                  "-DCMAKE_DISABLE_FIND_PACKAGE_SQLite3=ON", flags=())  # fmt: skip
+        build(folder)
+        run("cmake", "--install", folder, "--prefix", prefix)
+        self.assertNotIn("sqlite", run("readelf", "-d", prefix / "lib/libVanticRestKit.so"))
+        for file in filter(pathlib.Path.is_file, (prefix / "lib").rglob("*")):
+            if file.suffix in (".cmake", ".pc") and file.name != "VanticRestKitConfig.cmake":
+                self.assertNotIn("sqlite", file.read_text(encoding="utf-8").lower(), file.name)
+        host = self.folder / "host"
+        configure(HERE / "consumer", host, mode, f"-DCMAKE_PREFIX_PATH={prefix}",
+                  "-DCMAKE_DISABLE_FIND_PACKAGE_SQLite3=ON")  # fmt: skip
+        build(host)
+        for kind in ("VanticRestKit", "VanticRestKit_static"):
+            self.assert_works(host / f"with_{kind}")
 
 
 if __name__ == "__main__":

@@ -27,6 +27,8 @@ protected:
 
 }  // namespace
 
+TEST_F(DiskCacheStore, IsPartOfThisBuild) { EXPECT_TRUE(detail::hasDiskCacheStore()); }
+
 TEST_F(DiskCacheStore, MakesNothingBeforeTheFirstWrite) {
     EXPECT_EQ(bodyIn(*store_, "a"), "none");
     store_->writeHead("a", "", Data("head"));
