@@ -22,6 +22,7 @@
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/platform/error/AnyValue.h>
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/error/ErrorCategory.h>
 #include <VanticRestKit/platform/error/NSError.h>
 #include <VanticRestKit/platform/host/HostInformation.h>
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
@@ -60,6 +61,7 @@
 
 #include <VanticRestKit/Core/BodyReader.h>
 #include <VanticRestKit/Core/Context.h>
+#include <VanticRestKit/Core/ErrorAdvice.h>
 #include <VanticRestKit/Core/FailableCodable.h>
 #include <VanticRestKit/Core/HrefURI.h>
 #include <VanticRestKit/Core/LoadAll.h>

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/error/ErrorCategory.h>
 
 #include <cstdint>
 #include <limits>
@@ -21,6 +22,10 @@ struct HostError {
     }
     std::string errorDomain() const { return "Host.HostError"; }
     std::int64_t errorCode() const { return place; }
+};
+
+struct ErrorWithCategory : HostError {
+    ErrorCategory errorCategory() const { return ErrorCategory::forbidden; }
 };
 
 /// A host's error of the same shape, yet another type.
@@ -139,6 +144,20 @@ TEST(Error, CarriesAnErrorInsideAnother) {
     ASSERT_NE(found, nullptr);
     EXPECT_EQ(*found, cause);
     EXPECT_EQ(found->as<HostError>()->place, 9);
+}
+
+TEST(Error, ShowsTheErrorThatAnNSErrorHoldsAsItsCause) {
+    const Error cause = HostError{9};
+    const Error error = NSError("D", 1, {{std::string(NSUnderlyingErrorKey), cause}});
+    EXPECT_EQ(error.underlyingError(), cause);
+    EXPECT_FALSE(Error(NSError("D", 1, {{std::string(NSUnderlyingErrorKey), "text"}})).underlyingError());
+    EXPECT_FALSE(cause.underlyingError());
+}
+
+TEST(Error, HasNoCategoryOfItsOwnUnlessItsTypeNamesOne) {
+    EXPECT_FALSE(Error(HostError{9}).errorCategory());
+    EXPECT_EQ(Error(ErrorWithCategory{}).errorCategory(), ErrorCategory::forbidden);
+    EXPECT_STREQ(nameOf(ErrorCategory::forbidden), "forbidden");
 }
 
 TEST(Error, IsMadeOnlyOfTypesThatOfferWhatAnErrorNeeds) {

@@ -4,6 +4,7 @@
 /// `EntityMismatch`: the error of an object that claims to be another entity.
 
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/error/ErrorCategory.h>
 
 #include <cstdint>
 #include <string>
@@ -39,6 +40,7 @@ public:
     std::string errorDomain() const { return "VanticRestKit." + std::string(Names::type) + ".DecodingError"; }
     std::int64_t errorCode() const { return 0; }
     std::string generalDescription() const { return localizedDescription(); }
+    static ErrorCategory errorCategory() noexcept { return ErrorCategory::badAnswer; }
 
     friend bool operator==(const EntityMismatch&, const EntityMismatch&) noexcept { return true; }
 

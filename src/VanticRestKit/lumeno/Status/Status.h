@@ -4,6 +4,7 @@
 /// `StatusTheme`: how a badge is to be coloured.
 
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/error/ErrorCategory.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
 #include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/Visibility.h>
@@ -50,6 +51,7 @@ public:
     std::string errorDomain() const { return "VanticRestKit.Status.DecodingError"; }
     std::int64_t errorCode() const { return 0; }
     std::string generalDescription() const { return localizedDescription(); }
+    static ErrorCategory errorCategory() noexcept { return ErrorCategory::badAnswer; }
 
     friend bool operator==(const DecodingError&, const DecodingError&) noexcept { return true; }
 

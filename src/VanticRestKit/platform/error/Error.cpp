@@ -28,6 +28,10 @@ std::string Error::localizedDescription() const {
     return detail::describedError(userInfo(), domain(), code());
 }
 
+std::optional<Error> Error::underlyingError() const { return box_->underlying(); }
+
+std::optional<ErrorCategory> Error::errorCategory() const { return box_->category(); }
+
 const void* Error::valueTagged(const ErrorTag& tag) const noexcept {
     return &box_->tag() == &tag ? box_->value() : nullptr;
 }

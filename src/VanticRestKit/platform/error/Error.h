@@ -9,6 +9,7 @@
 #include <concepts>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -18,6 +19,8 @@ namespace VanticRestKit {
 class AnyValue;
 
 struct Dictionary;
+
+enum class ErrorCategory : std::uint8_t;
 
 /// Identifies a concrete error type. Each error type has one object of this type, defined in one source file,
 /// so that its address is the same on both sides of a library border.
@@ -31,6 +34,9 @@ struct ErrorTag {};
 /// It may also offer `Dictionary errorUserInfo() const`, and `std::string generalDescription() const` where
 /// its own text is to be shown by the general interface. Without the latter the description is the user
 /// information's `NSLocalizedDescription`, else a sentence composed of domain and code.
+///
+/// For `adviceOn` it may offer `std::optional<ErrorCategory> errorCategory() const`, empty if the error that it holds
+/// decides, and `std::optional<Error> underlyingError() const`, which gives that error.
 ///
 /// Any thread may ask an error that is inside an `Error`, and several at once: the members must stand that.
 template <class T>
@@ -72,6 +78,11 @@ public:
     /// A sentence for people.
     std::string localizedDescription() const;
 
+    /// The error that this one holds as its cause; empty if it holds none, or none that it shows.
+    std::optional<Error> underlyingError() const;
+    /// What the error itself says of its category; empty for most. `categoryOf` gives one for every error.
+    std::optional<ErrorCategory> errorCategory() const;
+
     /// The concrete error, or null where this handle holds one of another type. Lives as long as this handle.
     template <ErrorType T>
     const T* as() const noexcept {
@@ -94,6 +105,8 @@ private:
         virtual Dictionary userInfo() const = 0;
         virtual bool describesItself() const = 0;
         virtual std::string description() const = 0;
+        virtual std::optional<Error> underlying() const = 0;
+        virtual std::optional<ErrorCategory> category() const = 0;
     };
 
     template <class T>
@@ -123,11 +136,28 @@ private:
                 return {};
             }
         }
+        std::optional<Error> underlying() const override;
+        std::optional<ErrorCategory> category() const override {
+            if constexpr (requires { error.errorCategory(); }) {
+                return error.errorCategory();
+            } else {
+                return std::nullopt;
+            }
+        }
         T error;
     };
 
     std::shared_ptr<const AnyBox> box_;
 };
+
+template <class T>
+std::optional<Error> Error::Box<T>::underlying() const {
+    if constexpr (requires { error.underlyingError(); }) {
+        return error.underlyingError();
+    } else {
+        return std::nullopt;
+    }
+}
 
 }  // namespace VanticRestKit
 

@@ -23,6 +23,8 @@ std::string NSError::localizedDescription() const {
     return description_ ? *description_ : detail::describedError(userInfo_, domain_, code_);
 }
 
+std::optional<Error> NSError::underlyingError() const { return userInfo_.error(NSUnderlyingErrorKey); }
+
 const ErrorTag& NSError::errorTag() {
     static const ErrorTag tag;
     return tag;

@@ -28,6 +28,8 @@ public:
     /// That of the error which it was made from; else the user information's where there is one, else the
     /// composed sentence.
     std::string localizedDescription() const;
+    /// The error in the user information under `NSUnderlyingErrorKey`; empty if there is none.
+    std::optional<Error> underlyingError() const;
 
     static const ErrorTag& errorTag();
     std::string errorDomain() const;

@@ -66,6 +66,21 @@ std::string TrelvoError::errorDescription() const {
     return {};
 }
 
+std::optional<ErrorCategory> TrelvoError::errorCategory() const noexcept {
+    switch (kind_) {
+        case Kind::noAuthToken:
+        case Kind::general: return std::nullopt;
+        case Kind::datasetDoesNotExist: return ErrorCategory::notFound;
+        case Kind::noUid:
+        case Kind::accountReconsentRequired: return ErrorCategory::unauthorized;
+        case Kind::datasetNamespaceMismatch:
+        case Kind::unableToRetrieveHistoryData:
+        case Kind::unableToRetrieveSavedData: return ErrorCategory::badAnswer;
+        case Kind::unknown: break;
+    }
+    return ErrorCategory::unknown;
+}
+
 const NetworkError* TrelvoError::networkError() const noexcept {
     const TrelvoError* error = this;
     while (error != nullptr && error->error_) {

@@ -4,6 +4,7 @@
 /// `TrelvoError`: why an operation on user data failed.
 
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/error/ErrorCategory.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <cstdint>
@@ -70,6 +71,8 @@ public:
     static std::string errorDomain() { return "VanticRestKit.TrelvoError"; }
     std::int64_t errorCode() const noexcept { return static_cast<std::int64_t>(kind_); }
     std::string generalDescription() const { return errorDescription(); }
+    /// Empty for `noAuthToken` and `general`, where the error held decides.
+    std::optional<ErrorCategory> errorCategory() const noexcept;
 
     friend bool operator==(const TrelvoError& a, const TrelvoError& b) noexcept { return a.kind_ == b.kind_; }
 

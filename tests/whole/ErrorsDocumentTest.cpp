@@ -1,0 +1,199 @@
+// docs/errors.md says of every error what adviceOn says.
+
+#include <gtest/gtest.h>
+#include <VanticRestKit/Core/ErrorAdvice.h>
+#include <VanticRestKit/Core/LoaderError.h>
+#include <VanticRestKit/Core/lumenoSDKError.h>
+#include <VanticRestKit/Core/NetworkError.h>
+#include <VanticRestKit/Core/URLError.h>
+#include <VanticRestKit/lumeno/Show/Show.h>
+#include <VanticRestKit/lumeno/Status/Status.h>
+#include <VanticRestKit/platform/http/HTTPURLResponse.h>
+#include <VanticRestKit/platform/http/URLErrorCode.h>
+#include <VanticRestKit/platform/json/DecodingError.h>
+#include <VanticRestKit/platform/json/EncodingError.h>
+#include <VanticRestKit/trelvo/Common/TrelvoError.h>
+
+#include <whole/ErrorsDocument.h>
+
+#include <algorithm>
+#include <cctype>
+#include <map>
+#include <memory>
+#include <set>
+
+namespace VanticRestKit {
+namespace {
+
+using test::Row;
+
+const URLRequest& request() {
+    static const URLRequest& made = *new URLRequest(*URL::make("https://api.example.test/v2/time"));
+    return made;
+}
+
+Error transportError(std::int64_t code) { return NSError(std::string(NSURLErrorDomain), code); }
+
+Error statusError(std::int64_t status) {
+    const auto response = std::make_shared<const HTTPURLResponse>(request().url(), status);
+    return NetworkError::httpError(request(), response, std::nullopt);
+}
+
+/// A switch without a default: the compiler names a case that is added and has no name here.
+const char* nameOfCode(URLErrorCode code) {
+    switch (code) {
+        case URLErrorCode::unknown: return "unknown";
+        case URLErrorCode::cancelled: return "cancelled";
+        case URLErrorCode::badURL: return "badURL";
+        case URLErrorCode::timedOut: return "timedOut";
+        case URLErrorCode::unsupportedURL: return "unsupportedURL";
+        case URLErrorCode::cannotFindHost: return "cannotFindHost";
+        case URLErrorCode::cannotConnectToHost: return "cannotConnectToHost";
+        case URLErrorCode::networkConnectionLost: return "networkConnectionLost";
+        case URLErrorCode::httpTooManyRedirects: return "httpTooManyRedirects";
+        case URLErrorCode::badServerResponse: return "badServerResponse";
+        case URLErrorCode::cannotDecodeRawData: return "cannotDecodeRawData";
+        case URLErrorCode::cannotDecodeContentData: return "cannotDecodeContentData";
+        case URLErrorCode::cannotParseResponse: return "cannotParseResponse";
+        case URLErrorCode::dataLengthExceedsMaximum: return "dataLengthExceedsMaximum";
+        case URLErrorCode::secureConnectionFailed: return "secureConnectionFailed";
+        case URLErrorCode::serverCertificateUntrusted: return "serverCertificateUntrusted";
+        case URLErrorCode::serverCertificateNotYetValid: return "serverCertificateNotYetValid";
+    }
+    return nullptr;
+}
+
+/// An error of each name in the third table, `held` inside those that hold one.
+std::map<std::string, Error> errorsAround(const Error& held) {
+    using Decoding = DecodingError::Kind;
+    std::map<std::string, Error> errors{
+        {"NetworkError::internalSDKError", NetworkError::internalSDKError("lost")},
+        {"NetworkError::notAHTTPResponse", NetworkError::notAHTTPResponse(request(), nullptr, "")},
+        {"NetworkError::dataNotFoundInResponse",
+         NetworkError::dataNotFoundInResponse(
+             request(), std::make_shared<const HTTPURLResponse>(request().url(), 200), "")},
+        {"NetworkError::requestFailed", NetworkError::requestFailed(request(), nullptr, held)},
+        {"LoaderError::serverError", LoaderError::serverError(held)},
+        {"LoaderError::failedToDecode", LoaderError::failedToDecode(held)},
+        {"LoaderError::unknowError", LoaderError::unknowError()},
+        {"LoaderError::unknownResponse", LoaderError::unknownResponse()},
+        {"LoaderError::loaderStateError", LoaderError::loaderStateError()},
+        {"TrelvoError::noAuthToken", TrelvoError::noAuthToken(held)},
+        {"TrelvoError::general", TrelvoError::general(held)},
+        {"TrelvoError::datasetNamespaceMismatch", TrelvoError::datasetNamespaceMismatch("a", "b")},
+        {"TrelvoError::unknown", TrelvoError::unknown("no data")},
+        {"TrelvoError::datasetDoesNotExist", TrelvoError::datasetDoesNotExist()},
+        {"TrelvoError::noUid", TrelvoError::noUid()},
+        {"TrelvoError::accountReconsentRequired", TrelvoError::accountReconsentRequired()},
+        {"TrelvoError::unableToRetrieveHistoryData", TrelvoError::unableToRetrieveHistoryData()},
+        {"TrelvoError::unableToRetrieveSavedData", TrelvoError::unableToRetrieveSavedData()},
+        {"Video::DecodingError::entityMismatch", Video::DecodingError::entityMismatch("show")},
+        {"Show::DecodingError::entityMismatch", Show::DecodingError::entityMismatch("video")},
+        {"Status::DecodingError::invalidTheme", Status::DecodingError::invalidTheme("loud")},
+        {"EncodingError", EncodingError("key", "not finite")},
+        {"URLError::buildUrlRequestError", URLError::buildUrlRequestError()},
+        {"lumenoSDKError::initializationError", lumenoSDKError::initializationError("missing")},
+        {"NSError of another domain",
+         NSError("Host", 7, {{std::string(NSUnderlyingErrorKey), AnyValue(held)}})},
+    };
+    for (const auto kind :
+         {Decoding::keyNotFound, Decoding::valueNotFound, Decoding::typeMismatch, Decoding::dataCorrupted}) {
+        errors.emplace(std::string("DecodingError::") + nameOf(kind), DecodingError(kind, {}, ""));
+    }
+    return errors;
+}
+
+/// Asks about `error` alone and inside others.
+void expectAdvice(const Error& error, const std::string& category, bool mayTryAgain) {
+    const Error forms[] = {
+        error,
+        LoaderError::serverError(error),
+        NetworkError::requestFailed(request(), nullptr, error),
+        TrelvoError::general(LoaderError::serverError(error)),
+        TrelvoError::noAuthToken(
+            LoaderError::serverError(NetworkError::requestFailed(request(), nullptr, error))),
+    };
+    for (const Error& form : forms) {
+        const ErrorAdvice advice = adviceOn(form);
+        EXPECT_EQ(nameOf(advice.category), category) << form.domain() << ' ' << form.code();
+        EXPECT_EQ(advice.mayTryAgain, mayTryAgain) << form.domain() << ' ' << form.code();
+        EXPECT_EQ(categoryOf(form), advice.category);
+    }
+}
+
+class ErrorTable : public testing::TestWithParam<Row> {};
+
+TEST_P(ErrorTable, ARowIsWhatAdviceOnSays) {
+    const Error failures[] = {statusError(403), transportError(-1001)};
+    for (const Error& held : failures) {
+        const auto errors = errorsAround(held);
+        const auto found = errors.find(GetParam().key);
+        ASSERT_NE(found, errors.end()) << "no error of this name";
+        if (GetParam().category == "held") {
+            expectAdvice(found->second, nameOf(categoryOf(held)), adviceOn(held).mayTryAgain);
+        } else {
+            expectAdvice(found->second, GetParam().category, GetParam().mayTryAgain);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, ErrorTable, testing::ValuesIn(test::rowsOf("Error")), [](const auto& row) {
+    std::string name;
+    for (const char c : row.param.key) {
+        if (std::isalnum(static_cast<unsigned char>(c)) != 0) name += c;
+    }
+    return name;
+});
+
+TEST(ErrorsDocument, EveryErrorHasARow) {
+    std::set<std::string> keys;
+    for (const Row& row : test::rowsOf("Error")) keys.insert(row.key);
+    for (const auto& [name, error] : errorsAround(transportError(-1)))
+        EXPECT_TRUE(keys.contains(name)) << name;
+    EXPECT_EQ(keys.size(), errorsAround(transportError(-1)).size());
+}
+
+TEST(ErrorsDocument, EveryCodeOfTheTransportHasTheCategoryOfItsRow) {
+    const auto rows = test::rowsOf("Code");
+    ASSERT_GE(rows.size(), 15u);
+    for (std::int64_t code = -1300; code <= 1; ++code) {
+        SCOPED_TRACE(code);
+        const auto row =
+            std::ranges::find_if(rows, [&](const Row& each) { return test::includes(each, code); });
+        ASSERT_NE(row, rows.end());
+        expectAdvice(transportError(code), row->category, row->mayTryAgain);
+        const char* const name = nameOfCode(static_cast<URLErrorCode>(code));
+        if (name != nullptr) {
+            EXPECT_EQ(row->name, name);
+        }
+    }
+}
+
+TEST(ErrorsDocument, EveryStatusHasTheCategoryOfItsRow) {
+    const auto rows = test::rowsOf("Status");
+    ASSERT_GE(rows.size(), 10u);
+    for (std::int64_t status = 400; status <= 999; ++status) {
+        SCOPED_TRACE(status);
+        const auto row =
+            std::ranges::find_if(rows, [&](const Row& each) { return test::includes(each, status); });
+        ASSERT_NE(row, rows.end());
+        expectAdvice(statusError(status), row->category, row->mayTryAgain);
+    }
+}
+
+TEST(ErrorsDocument, EveryCategoryHasTheSentenceOfItsRow) {
+    const auto rows = test::tableOf("Category");
+    std::size_t count = 0;
+    // The last of them is unknown, as is every number after it.
+    for (auto category = ErrorCategory::offline;; category = ErrorCategory(std::uint8_t(category) + 1)) {
+        ASSERT_LT(count, rows.size());
+        EXPECT_EQ(rows[count][0], nameOf(category));
+        EXPECT_EQ(rows[count][1], sentenceOf(category));
+        ++count;
+        if (category == ErrorCategory::unknown) break;
+    }
+    EXPECT_EQ(count, rows.size());
+}
+
+}  // namespace
+}  // namespace VanticRestKit
