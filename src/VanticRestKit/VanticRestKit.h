@@ -80,6 +80,8 @@
 #include <VanticRestKit/Core/ResourceArguments.h>
 #include <VanticRestKit/Core/ResourceLoad.h>
 #include <VanticRestKit/Core/ResourceURI.h>
+#include <VanticRestKit/Core/RetryBudget.h>
+#include <VanticRestKit/Core/Retrying.h>
 #include <VanticRestKit/Core/Serviceable.h>
 #include <VanticRestKit/Core/URLBuilder.h>
 #include <VanticRestKit/Core/URLError.h>
