@@ -19,6 +19,7 @@
 #include <VanticRestKit/platform/dispatch/OperationQueue.h>
 #include <VanticRestKit/platform/dispatch/Replaceable.h>
 #include <VanticRestKit/platform/dispatch/SharedFunction.h>
+#include <VanticRestKit/platform/dispatch/TimerSource.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/platform/error/AnyValue.h>
 #include <VanticRestKit/platform/error/Error.h>

@@ -20,6 +20,8 @@ def layer(file):
         return 1
     if top in SERVICES:
         return 2
+    if top == "Testing":
+        return 3
     return None
 
 

@@ -5,8 +5,8 @@ import re
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 OURS = "VanticRestKit/"
-# From the lowest up; the services stand side by side.
-LAYERS = ["platform", "Core", "lumeno", "trelvo", "kavro", "recs"]
+# From the lowest up; the services stand side by side. The testing kit is an archive of its own, above them.
+LAYERS = ["platform", "Core", "lumeno", "trelvo", "kavro", "recs", "Testing"]
 
 
 class Sources:

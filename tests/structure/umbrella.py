@@ -20,6 +20,8 @@ def umbrella_text(sources):
     headers = [header for header in sources.public_headers() if header != umbrella and str(header) not in BY_NAME]
     groups = []
     for layer in ["", *LAYERS]:
+        if layer == "Testing":
+            continue
         group = [h for h in headers if (h.parts[0] if len(h.parts) > 1 else "") == layer]
         if group:
             # Without regard to case, as clang-format sorts.

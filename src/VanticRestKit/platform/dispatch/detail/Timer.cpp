@@ -18,6 +18,10 @@ Timer& Timer::shared() {
 }
 
 Timer::Id Timer::add(std::chrono::duration<double> delay, Block function) {
+    if (const std::shared_ptr<TimerSource> source = source_.load()) {
+        source->after(delay, std::move(function));
+        return {};
+    }
     const auto due = Clock::now() + std::chrono::ceil<Clock::duration>(std::min(delay, maxDelay));
     const std::lock_guard lock(mutex_);
     const Id id{.due = due, .number = ++lastNumber_};

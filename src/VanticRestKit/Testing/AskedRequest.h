@@ -1,0 +1,34 @@
+#pragma once
+
+/// \file
+/// `AskedRequest`: a request that a scripted service has received.
+
+#include <VanticRestKit/platform/http/URLRequest.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace VanticRestKit::Testing {
+
+/// One request as the library built it.
+struct AskedRequest {
+    URLRequest request;
+    /// Whether it was cancelled before its answer was delivered.
+    bool wasCancelled = false;
+
+    std::string method() const;
+    /// Such as "/v2/video/ZW1", as it is sent.
+    std::string path() const;
+    /// What follows the "?", as it is sent; empty if there is none.
+    std::string query() const;
+    /// The value of a header, its name compared without case.
+    std::optional<std::string> header(std::string_view name) const { return request.value(name); }
+    /// The body; an empty string if there is none.
+    std::string body() const;
+
+    /// "GET /v2/video/ZW1?embed=series"
+    std::string line() const;
+};
+
+}  // namespace VanticRestKit::Testing

@@ -1,0 +1,89 @@
+#pragma once
+
+/// \file
+/// `Script`: the rules, the requests and the open transfers of a `ScriptedService`.
+
+#include <VanticRestKit/Core/NetworkSession.h>
+#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
+#include <VanticRestKit/Testing/Answer.h>
+#include <VanticRestKit/Testing/AskedRequest.h>
+#include <VanticRestKit/Testing/RequestPattern.h>
+
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace VanticRestKit::Testing::detail {
+
+/// The transport of a `ScriptedService`. Any thread.
+class Script final : public NetworkSession, public std::enable_shared_from_this<Script> {
+public:
+    /// How many requests a rule expects.
+    struct Expected {
+        std::size_t min = 0;
+        std::optional<std::size_t> max{};
+    };
+
+    explicit Script(DispatchQueue queue) : queue_(std::move(queue)) {}
+
+    void loadData(LoadDataArguments arguments) override;
+    AnyPublisher<Answer> loadDataPublisher(LoadDataPublisherArguments arguments) override;
+    Cancellable start(LoadDataArguments arguments) override;
+    DispatchQueue deliveryQueue() const override { return queue_; }
+
+    /// Adds a rule and gives its index.
+    std::size_t addRule(RequestPattern pattern, Expected expected);
+    void addAnswer(std::size_t rule, Testing::Answer answer);
+    void setExpected(std::size_t rule, Expected expected);
+    void addNext(Testing::Answer answer);
+    void holdAll();
+
+    std::vector<AskedRequest> asked() const;
+    std::size_t openRequests() const;
+    /// Answers the oldest held request that fits, with `answer` if there is one.
+    bool answerNow(const RequestPattern* pattern, std::optional<Testing::Answer> answer);
+    std::string problems() const;
+    /// Drops the open transfers, and those that are started later.
+    void close();
+
+private:
+    struct Rule {
+        RequestPattern pattern;
+        Expected expected;
+        std::vector<Testing::Answer> answers{};
+        std::size_t count = 0;
+    };
+    /// A request whose handler was not called yet.
+    struct Transfer {
+        std::size_t request;
+        Testing::Answer answer;
+        Completion handler;
+        bool isHeld;
+    };
+
+    std::size_t begin(URLRequest request, Completion handler);
+    std::optional<Testing::Answer> scripted(std::size_t request);
+    void send(std::size_t request, Testing::Answer::Seconds delay);
+    void deliver(std::size_t request);
+    void cancel(std::size_t request);
+    std::string nearestRule(const AskedRequest& asked) const;
+    std::string missed(const Rule& rule) const;
+    std::string nearestRequest(const Rule& rule) const;
+
+    const DispatchQueue queue_;
+    mutable std::mutex mutex_;
+    std::vector<Rule> rules_;
+    std::deque<Testing::Answer> next_;
+    std::vector<AskedRequest> asked_;
+    std::vector<std::size_t> unexpected_;
+    std::deque<Transfer> open_;
+    bool holdsAll_ = false;
+    bool isClosed_ = false;
+};
+
+}  // namespace VanticRestKit::Testing::detail
