@@ -1,7 +1,7 @@
+#include <VanticRestKit/Testing/detail/TextDistance.h>
 #include <VanticRestKit/Testing/RequestPattern.h>
 
 #include <algorithm>
-#include <numeric>
 #include <string_view>
 
 namespace VanticRestKit::Testing {
@@ -22,20 +22,6 @@ std::vector<std::string> parts(std::string_view text, char separator) {
 std::string quoted(std::string_view text) {
     std::string result = "\"";
     return result.append(text).append("\"");
-}
-
-/// The number of letters to insert, remove or replace.
-std::size_t editDistance(std::string_view a, std::string_view b) {
-    std::vector<std::size_t> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        std::size_t diagonal = std::exchange(row[0], i + 1);
-        for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t replaced = diagonal + (a[i] == b[j] ? 0 : 1);
-            diagonal = std::exchange(row[j + 1], std::min({row[j + 1] + 1, row[j] + 1, replaced}));
-        }
-    }
-    return row.back();
 }
 
 bool takesTheRest(const std::vector<std::string>& segments, std::size_t at) {
@@ -108,7 +94,7 @@ std::size_t RequestPattern::distance(const AskedRequest& asked) const {
     if (fits(asked)) return 0;
     const auto space = text_.find(' ');
     const std::string path = text_.substr(space == std::string::npos ? 0 : space + 1);
-    std::size_t distance = 1 + editDistance(path.substr(0, path.find('?')), asked.path());
+    std::size_t distance = 1 + detail::textDistance(path.substr(0, path.find('?')), asked.path());
     if (!method_.empty() && method_ != asked.method()) distance += 3;
     return distance;
 }

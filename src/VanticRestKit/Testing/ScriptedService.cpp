@@ -10,6 +10,11 @@ ScriptRule& ScriptRule::answer(Answer answer) {
     return *this;
 }
 
+ScriptRule& ScriptRule::answerBy(std::function<Answer(const AskedRequest&)> function) {
+    script_->addAnswer(index_, std::move(function));
+    return *this;
+}
+
 ScriptRule& ScriptRule::times(std::size_t count) {
     script_->setExpected(index_, {.min = count, .max = count});
     return *this;

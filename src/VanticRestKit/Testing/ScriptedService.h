@@ -10,6 +10,7 @@
 #include <VanticRestKit/Testing/RequestPattern.h>
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -26,6 +27,9 @@ class ScriptRule {
 public:
     /// Adds an answer. The first request gets the first one, and so on; the last one is repeated.
     ScriptRule& answer(Answer answer);
+    /// The same with a function that makes the answer of a request, such as `SampleAnswers`. It is called on the thread of
+    /// the request, by several at once if the requests are.
+    ScriptRule& answerBy(std::function<Answer(const AskedRequest&)> function);
 
     /// Expects exactly `count` requests: fewer are a problem, and further ones pass this rule by. Without a call of
     /// this or of `atLeastOnce` any number is right, none included.

@@ -1,5 +1,6 @@
 #include "catalogue/Catalogue.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <iterator>
 
@@ -13,6 +14,13 @@ std::string houseNumberOf(const Show& show, unsigned series, unsigned episode) {
     char text[16];
     std::snprintf(text, sizeof text, "%02u%02u", series % 100, episode % 100);
     return show.code + text;
+}
+
+/// Of shows with more than nine episodes in a series the short form would not be unique.
+unsigned idOf(const Show& show, unsigned series, unsigned episode) {
+    const bool isLong = std::any_of(show.series.begin(), show.series.end(),
+                                    [](const auto& episodes) { return episodes.size() > 9; });
+    return isLong ? (show.id * 100 + series) * 1000 + episode : show.id * 100 + series * 10 + episode;
 }
 
 std::string upperCase(std::string text) {
@@ -43,7 +51,8 @@ std::vector<const Wanted*> picked(const All& all, Fits fits) {
 }  // namespace
 
 Catalogue::Catalogue(std::vector<Show> shows) : shows_(std::move(shows)) {
-    for (const Show& show : shows_) {
+    for (Show& show : shows_) {
+        show.catalogue = this;
         if (show.series.empty()) {
             addSingle(show);
         } else {
@@ -59,9 +68,8 @@ void Catalogue::addEpisodes(const Show& show) {
         series_.push_back({&show, show.id * 10 + number, number, {}});
         const auto& titles = show.series[number - 1];
         for (unsigned episode = 1; episode <= titles.size(); ++episode) {
-            videos_.push_back({&show, show.id * 100 + number * 10 + episode,
-                               houseNumberOf(show, number, episode), titles[episode - 1], number, episode,
-                               nullptr, nullptr});
+            videos_.push_back({&show, idOf(show, number, episode), houseNumberOf(show, number, episode),
+                               titles[episode - 1], number, episode, nullptr, nullptr});
             series_.back().episodes.push_back(&videos_.back());
             if (before != nullptr) before->next = &videos_.back();
             before = &videos_.back();

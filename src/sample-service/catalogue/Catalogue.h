@@ -7,6 +7,8 @@
 
 namespace sample {
 
+class Catalogue;
+
 /// A programme. One without series holds a single video: a film, a trailer or a live channel.
 struct Show {
     unsigned id;
@@ -22,6 +24,7 @@ struct Show {
     std::string participants;
     std::vector<std::string> tags;
     std::vector<std::vector<std::string>> series;  // the titles of the episodes, by series
+    const Catalogue* catalogue = nullptr;          // which it is of; set by that one
 };
 
 struct Region;
@@ -45,7 +48,7 @@ struct Series {
     std::vector<const Video*> episodes;
 };
 
-/// All made up, the same at every start.
+/// Shows with their series and videos.
 class Catalogue {
 public:
     explicit Catalogue(std::vector<Show> shows);
@@ -80,6 +83,7 @@ private:
     std::map<std::string, const Video*> byHouseNumber_;
 };
 
+/// That of the service: all made up, the same at every start.
 const Catalogue& catalogue();
 
 // The tables, each in a file of its own in tables/.

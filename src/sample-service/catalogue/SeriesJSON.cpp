@@ -22,7 +22,7 @@ JSON episodesOf(const Series& series) {
     JSON embedded{{"videoEpisodes", JSON::array()}, {"videoExtras", JSON::array()}};
     for (const Video* episode : series.episodes)
         embedded["videoEpisodes"].push_back(videoSummaryJSON(*episode));
-    for (const Video* extra : catalogue().extrasOf(*series.show)) {
+    for (const Video* extra : series.show->catalogue->extrasOf(*series.show)) {
         embedded["videoExtras"].push_back(videoSummaryJSON(*extra));
     }
     embedded["highlightVideo"] = videoSummaryJSON(*series.episodes.front());
@@ -52,7 +52,7 @@ JSON seriesJSON(const Series& series, bool withEpisodes) {
     json["tags"] = show.tags;
     json["channel"] = show.channel;
     json["channelTitle"] = rowOf(channels(), show.channel)->title;
-    if (!catalogue().extrasOf(show).empty()) json["extrasTitle"] = "Trailers";
+    if (!show.catalogue->extrasOf(show).empty()) json["extrasTitle"] = "Trailers";
     json["_links"] = linksOf(series);
     if (withEpisodes) json["_embedded"] = episodesOf(series);
     return json;

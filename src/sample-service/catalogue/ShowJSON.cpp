@@ -42,7 +42,7 @@ void addTexts(const Show& show, JSON& json) {
     json["theme"] = rowOf(channels(), show.channel)->theme;
     json["phrases"] = {{"channel", {show.channel}}, {"genre", {show.category}}, {"theme", show.tags}};
     if (!show.series.empty()) {
-        json["episodeCount"] = catalogue().videosOf(show).size();
+        json["episodeCount"] = show.catalogue->videosOf(show).size();
         json["broadcastInfo"] = each(show, 2) ? "Thursdays at 8.30" : "Sundays at 7.00";
     }
 }
@@ -73,7 +73,7 @@ void addLinks(const Show& show, JSON& json) {
         links["alert"] = {{"id", alert}, {"href", "/alert/" + alert}};
     }
     if (!isBlocked(show)) {
-        const Video& first = *catalogue().videosOf(show).front();
+        const Video& first = *show.catalogue->videosOf(show).front();
         links["highlightVideo"] = {{"id", std::to_string(first.id)},
                                    {"href", hrefOf(first)},
                                    {"playTitle", first.episode > 0 ? "Play the first episode" : "Play"}};
@@ -88,11 +88,11 @@ void addExtras(const Show& show, const ShowExtras& extras, JSON& json) {
         embedded["selectedSeries"] = seriesJSON(*extras.selectedSeries, true);
     if (extras.seriesList) {
         embedded["seriesList"] = JSON::array();
-        for (const Series* series : catalogue().seriesOf(show)) {
+        for (const Series* series : show.catalogue->seriesOf(show)) {
             embedded["seriesList"].push_back(seriesJSON(*series, false));
         }
         embedded["videoExtras"] = JSON::array();
-        for (const Video* extra : catalogue().extrasOf(show)) {
+        for (const Video* extra : show.catalogue->extrasOf(show)) {
             embedded["videoExtras"].push_back(videoSummaryJSON(*extra));
         }
     }
@@ -119,7 +119,7 @@ JSON showJSON(const Show& show, const ShowExtras& extras) {
     json["classification"] = show.classification;
     json["tags"] = show.tags;
     if (show.series.empty()) {
-        const JSON video = videoJSON(*catalogue().videosOf(show).front());
+        const JSON video = videoJSON(*show.catalogue->videosOf(show).front());
         for (const char* key : {"duration", "displayDuration", "displayDurationAccessible"}) {
             if (video.contains(key)) json[key] = video[key];
         }

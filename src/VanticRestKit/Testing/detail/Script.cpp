@@ -18,6 +18,17 @@ Error transportError(const URLRequest& request, std::shared_ptr<NetworkSession> 
     return *failure.as<NetworkError>()->underlyingError();
 }
 
+Testing::Answer answerOf(const Script::Reply& reply, const AskedRequest& asked) {
+    if (const auto* answer = std::get_if<Testing::Answer>(&reply)) return *answer;
+    return std::get<1>(reply)(asked);
+}
+
+Testing::Answer notScripted(const AskedRequest& asked) {
+    const std::string reason = "Nothing is scripted for " + asked.line();
+    return Testing::Answer::error(
+        NSError(Testing::Answer::errorDomain, 2, {{std::string(NSLocalizedDescriptionKey), reason}}));
+}
+
 std::string timesText(std::size_t count) { return count == 1 ? "once" : std::to_string(count) + " times"; }
 
 std::string expectedText(const Script::Expected& expected) {
@@ -33,9 +44,9 @@ std::size_t Script::addRule(RequestPattern pattern, Expected expected) {
     return rules_.size() - 1;
 }
 
-void Script::addAnswer(std::size_t rule, Testing::Answer answer) {
+void Script::addAnswer(std::size_t rule, Reply reply) {
     const std::lock_guard lock(mutex_);
-    rules_[rule].answers.push_back(std::move(answer));
+    rules_[rule].replies.push_back(std::move(reply));
 }
 
 void Script::setExpected(std::size_t rule, Expected expected) {
@@ -97,30 +108,30 @@ std::size_t Script::begin(URLRequest request, Completion handler) {
     std::unique_lock lock(mutex_);
     const std::size_t number = asked_.size();
     asked_.push_back({.request = std::move(request)});
+    const AskedRequest asked = asked_.back();
+    const std::optional<Reply> reply = scripted(asked);
+    if (!reply) unexpected_.push_back(number);
+    // A function of the test may ask this script.
+    lock.unlock();
+    Testing::Answer answer = reply ? answerOf(*reply, asked) : notScripted(asked);
+    lock.lock();
     if (isClosed_) return number;
-    std::optional<Testing::Answer> answer = scripted(number);
-    if (!answer) {
-        unexpected_.push_back(number);
-        const std::string reason = "Nothing is scripted for " + asked_[number].line();
-        answer = Testing::Answer::error(
-            NSError(Testing::Answer::errorDomain, 2, {{std::string(NSLocalizedDescriptionKey), reason}}));
-    }
-    const bool isHeld = holdsAll_ || answer->isHeld();
-    const Testing::Answer::Seconds delay = answer->delay();
-    open_.push_back({number, *std::move(answer), std::move(handler), isHeld});
+    const bool isHeld = holdsAll_ || answer.isHeld();
+    const Testing::Answer::Seconds delay = answer.delay();
+    open_.push_back({number, std::move(answer), std::move(handler), isHeld});
     lock.unlock();
     if (!isHeld) send(number, delay);
     return number;
 }
 
 // The lock is held.
-std::optional<Testing::Answer> Script::scripted(std::size_t request) {
+std::optional<Script::Reply> Script::scripted(const AskedRequest& asked) {
     for (Rule& rule : rules_) {
-        if (!rule.pattern.fits(asked_[request])) continue;
+        if (!rule.pattern.fits(asked)) continue;
         if (rule.expected.max && rule.count >= *rule.expected.max) continue;
-        const std::size_t place = std::min(rule.count, rule.answers.size() - 1);
-        ++rule.count;
-        return rule.answers.empty() ? Testing::Answer("{}") : rule.answers[place];
+        const std::size_t turn = rule.count++;
+        if (rule.replies.empty()) return Testing::Answer("{}");
+        return rule.replies[std::min(turn, rule.replies.size() - 1)];
     }
     if (next_.empty()) return std::nullopt;
     Testing::Answer answer = std::move(next_.front());

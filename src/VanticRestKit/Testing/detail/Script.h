@@ -11,11 +11,13 @@
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace VanticRestKit::Testing::detail {
@@ -23,6 +25,9 @@ namespace VanticRestKit::Testing::detail {
 /// The transport of a `ScriptedService`. Any thread.
 class Script final : public NetworkSession, public std::enable_shared_from_this<Script> {
 public:
+    /// An answer, or what makes it.
+    using Reply = std::variant<Testing::Answer, std::function<Testing::Answer(const AskedRequest&)>>;
+
     /// How many requests a rule expects.
     struct Expected {
         std::size_t min = 0;
@@ -38,7 +43,7 @@ public:
 
     /// Adds a rule and gives its index.
     std::size_t addRule(RequestPattern pattern, Expected expected);
-    void addAnswer(std::size_t rule, Testing::Answer answer);
+    void addAnswer(std::size_t rule, Reply reply);
     void setExpected(std::size_t rule, Expected expected);
     void addNext(Testing::Answer answer);
     void holdAll();
@@ -55,7 +60,7 @@ private:
     struct Rule {
         RequestPattern pattern;
         Expected expected;
-        std::vector<Testing::Answer> answers{};
+        std::vector<Reply> replies{};
         std::size_t count = 0;
     };
     /// A request whose handler was not called yet.
@@ -67,7 +72,7 @@ private:
     };
 
     std::size_t begin(URLRequest request, Completion handler);
-    std::optional<Testing::Answer> scripted(std::size_t request);
+    std::optional<Reply> scripted(const AskedRequest& asked);
     void send(std::size_t request, Testing::Answer::Seconds delay);
     void deliver(std::size_t request);
     void cancel(std::size_t request);

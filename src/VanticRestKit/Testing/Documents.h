@@ -1,0 +1,76 @@
+#pragma once
+
+/// \file
+/// Builders of all other entities: screens, lists, notices, and the records of a user.
+
+#include <VanticRestKit/kavro/KAVROSegmentsModel.h>
+#include <VanticRestKit/lumeno/Categories/Category.h>
+#include <VanticRestKit/lumeno/Image/Image.h>
+#include <VanticRestKit/lumeno/Message/Message.h>
+#include <VanticRestKit/lumeno/MixedCollection/MixedCollection.h>
+#include <VanticRestKit/lumeno/Navigation/BrowseList.h>
+#include <VanticRestKit/lumeno/Navigation/NavigationList.h>
+#include <VanticRestKit/lumeno/Navigation/NavigationMainMenuList.h>
+#include <VanticRestKit/lumeno/NowNext/NowNext.h>
+#include <VanticRestKit/lumeno/ProductAlert/ProductAlert.h>
+#include <VanticRestKit/lumeno/Remap/Remap.h>
+#include <VanticRestKit/lumeno/Search/RelatedShowList.h>
+#include <VanticRestKit/lumeno/Search/SearchResults.h>
+#include <VanticRestKit/lumeno/Show/Show.h>
+#include <VanticRestKit/lumeno/Show/ShowsIndex.h>
+#include <VanticRestKit/lumeno/Video/VideoList.h>
+#include <VanticRestKit/recs/RecommendationModule.h>
+#include <VanticRestKit/Testing/Builder.h>
+#include <VanticRestKit/trelvo/Dataset/DatasetResponse.h>
+#include <VanticRestKit/trelvo/History/HistoryResponse.h>
+#include <VanticRestKit/trelvo/Saved/SavedResponse.h>
+#include <VanticRestKit/trelvo/Token/TokenResponse.h>
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace VanticRestKit::Testing {
+
+// Each gives the document that the sample service sends for the arguments. If the invented catalogue has nothing of that
+// name, the process ends with a message. What stands within one is got by `part`.
+
+/// Seconds since 1970.
+DocumentOf<double> aTime(double seconds = 1'767'225'600);
+DocumentOf<std::vector<Image>> avatars();
+
+DocumentOf<Category> aHomeScreen();
+DocumentOf<Category> aCategory(const std::string& id = "drama");
+DocumentOf<Category> aChannel(const std::string& id = "vantic-one");
+/// One of the rows of the home screen; the first one that is not featured if there is no number.
+DocumentOf<MixedCollection> aCollection(const std::string& id = {});
+
+DocumentOf<ShowsIndex> aShowsIndex();
+DocumentOf<std::vector<Show>> aShowList(const std::vector<std::string>& slugs = {"harbour-lights",
+                                                                                 "night-ferry"});
+DocumentOf<VideoList> aVideoList(const std::vector<std::string>& houseNumbers = {"HL0101", "HL0102"});
+DocumentOf<VideoList> livestreams();
+DocumentOf<NowNext> nowAndNext();
+DocumentOf<SearchResults> searchResultsFor(const std::string& keyword = "sea");
+DocumentOf<RelatedShowList> showsRelatedTo(const std::string& slug = "harbour-lights");
+
+DocumentOf<NavigationList> aNavigationList(const std::string& type = "channels");
+DocumentOf<NavigationMainMenuList> aMainMenu();
+DocumentOf<BrowseList> aBrowseList();
+DocumentOf<std::vector<Message>> messages();
+DocumentOf<ProductAlert> aProductAlert();
+DocumentOf<Remap> aRemap(const std::string& path = "show/harbour-lights");
+
+/// Tokens that are good for so long from now on; not above zero: that have expired.
+DocumentOf<TokenResponse> aTokenResponse(std::chrono::seconds goodFor = std::chrono::hours(1));
+/// The profile "Ann" of "test-user".
+DocumentOf<DatasetResponse> aDatasetResponse();
+/// "test-user" has watched two videos of Harbour Lights, the first one to its end.
+DocumentOf<HistoryResponse> aHistoryResponse();
+/// "test-user" has saved one show, Harbour Lights.
+DocumentOf<SavedResponse> aSavedResponse();
+DocumentOf<KAVROSegmentsModel> audienceSegments();
+DocumentOf<RecommendationModule> recommendations(std::uint32_t limit = 6);
+
+}  // namespace VanticRestKit::Testing

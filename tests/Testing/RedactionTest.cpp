@@ -1,0 +1,41 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/Testing/Redaction.h>
+
+namespace VanticRestKit::Testing {
+namespace {
+
+TEST(RedactionTest, HidesTheHeadersThatCarrySecrets) {
+    const Redaction redaction;
+    for (const char* name : {"Authorization", "cookie", "Set-Cookie", "X-API-Key", "X-Access-Token"}) {
+        EXPECT_EQ(redaction.header(name, "secret value"), "REDACTED") << name;
+    }
+    EXPECT_EQ(redaction.header("Accept", "application/json"), "application/json");
+}
+
+TEST(RedactionTest, HidesQueryItemsAndFormFields) {
+    const Redaction redaction;
+    EXPECT_EQ(redaction.query("UID=1&access_token=abc&apikey=k&sessionId=s&flag&token"),
+              "UID=1&access_token=REDACTED&apikey=REDACTED&sessionId=REDACTED&flag&token");
+    EXPECT_EQ(redaction.query(""), "");
+    EXPECT_EQ(redaction.body("a=1&password=x", "application/x-www-form-urlencoded"), "a=1&password=REDACTED");
+    EXPECT_EQ(redaction.body("a=1&password=x", "text/plain"), "a=1&password=x");
+}
+
+TEST(RedactionTest, HidesTokensAtAnyDepthOfABodyAndKeepsThemGood) {
+    EXPECT_EQ(
+        Redaction().body(R"({"data":[1],"auth":{"access_token":"a","refresh_token":"b","expiry":1.5}})", ""),
+        R"({"data":[1],"auth":{"access_token":"REDACTED","refresh_token":"REDACTED","expiry":4102444800.0}})");
+}
+
+TEST(RedactionTest, ABodyWithoutSecretsKeepsItsBytes) {
+    constexpr const char* body = R"({ "big": 123456789012345678901234567890, "one": 1.0 })";
+    EXPECT_EQ(Redaction().body(body, "application/json"), body);
+}
+
+TEST(RedactionTest, HidesFurtherNamesOfTheHost) {
+    const Redaction redaction({"UID"});
+    EXPECT_EQ(redaction.query("uid=1&uids=2"), "uid=REDACTED&uids=2");
+}
+
+}  // namespace
+}  // namespace VanticRestKit::Testing
