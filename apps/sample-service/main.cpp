@@ -5,23 +5,9 @@
 
 #include <cstdio>
 #include <fstream>
-#include <iterator>
-#include <optional>
 
 #include "Options.h"
-#include "routes/Table.h"
-#include "routes/UserTable.h"
-#include "server/Certificate.h"
-#include "server/Service.h"
-
-namespace {
-
-std::vector<sample::Route> joined(std::vector<sample::Route> some, std::vector<sample::Route> others) {
-    std::move(others.begin(), others.end(), std::back_inserter(some));
-    return some;
-}
-
-}  // namespace
+#include "server/Instance.h"
 
 int main(int argc, char** argv) {
     const sample::Options options = sample::readOptions(argc, argv);
@@ -34,17 +20,9 @@ int main(int argc, char** argv) {
     pthread_sigmask(SIG_BLOCK, &ends, nullptr);
     if (options.endWithParent) prctl(PR_SET_PDEATHSIG, SIGTERM);
 
-    std::optional<sample::Certificate> certificate;
-    if (options.tls) certificate = sample::makeCertificate();
-
-    sample::Faults faults;
-    sample::RequestLog log;
-    sample::Users users(options.tokenSeconds);
-    sample::Service service(
-        sample::Router(joined(sample::serviceRoutes(), sample::userRoutes(users))),
-        sample::Router(joined(sample::controlRoutes(faults, log), sample::userControlRoutes(users))), faults,
-        log, [] { kill(getpid(), SIGTERM); });
-    if (!service.start(options.port, certificate ? &*certificate : nullptr)) {
+    sample::Instance service({.port = options.port, .tls = options.tls, .tokenSeconds = options.tokenSeconds},
+                             [] { kill(getpid(), SIGTERM); });
+    if (!service.start()) {
         std::fprintf(stderr, "sample-service: cannot listen on 127.0.0.1:%d\n", options.port);
         return 1;
     }
@@ -52,14 +30,14 @@ int main(int argc, char** argv) {
     // Written before the base URL: whoever has read that line finds the file complete.
     if (!options.authorityFile.empty()) {
         std::ofstream file(options.authorityFile, std::ios::binary);
-        file << certificate->authority;
+        file << service.authority();
         if (!file.flush()) {
             std::fprintf(stderr, "sample-service: cannot write %s\n", options.authorityFile.c_str());
             return 1;
         }
     }
-    std::printf("%s://127.0.0.1:%d\n", options.tls ? "https" : "http", service.port());
-    if (options.tls && options.authorityFile.empty()) std::printf("%s", certificate->authority.c_str());
+    std::printf("%s\n", service.baseURL().c_str());
+    if (options.tls && options.authorityFile.empty()) std::printf("%s", service.authority().c_str());
     std::fflush(stdout);
 
     int received = 0;

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "server/Certificate.h"
+#include "server/Faults.h"
+#include "server/RequestLog.h"
+#include "server/Service.h"
+#include "users/Users.h"
+
+namespace sample {
+
+struct Settings {
+    int port = 0;  // 0: any free one
+    bool tls = false;
+    double tokenSeconds = 3600;
+};
+
+/// A whole service: routes, users, faults, log and server.
+class Instance {
+public:
+    /// `ended` is called, on any thread, when a client has asked for the end and was answered.
+    Instance(const Settings& settings, std::function<void()> ended);
+
+    /// Listens on 127.0.0.1 and returns. False if the port cannot be had.
+    bool start();
+    void stop() { service_.stop(); }
+
+    int port() const { return service_.port(); }
+    /// "http://127.0.0.1:41417"
+    std::string baseURL() const;
+    /// With TLS: what a client has to trust, as PEM. Else empty.
+    std::string authority() const { return certificate_ ? certificate_->authority : std::string(); }
+
+    Faults& faults() { return faults_; }
+    RequestLog& log() { return log_; }
+    Users& users() { return users_; }
+
+private:
+    Settings settings_;
+    std::optional<Certificate> certificate_;
+    Faults faults_;
+    RequestLog log_;
+    Users users_;
+    Service service_;
+};
+
+}  // namespace sample

@@ -1,0 +1,77 @@
+#include <gtest/gtest.h>
+#include <VanticRestKit/Core/Resource.h>
+#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
+#include <VanticRestKit/Testing/SampleService/SampleService.h>
+#include <VanticRestKit/Testing/Scripted.h>
+
+namespace VanticRestKit::Testing {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A host whose requests go over the network.
+class NetworkContext : public TestContext {
+public:
+    explicit NetworkContext(const SampleService& service) { base = service.baseURL(); }
+};
+
+std::int64_t statusOf(const Result<double, LoaderError>& outcome) {
+    if (outcome) return 200;
+    const auto* error = outcome.error().underlyingError()->as<NetworkError>();
+    return error != nullptr && error->response() ? error->response()->statusCode() : 0;
+}
+
+TEST(SampleServiceTest, AnswersOnAFreePort) {
+    const SampleService service;
+    ASSERT_TRUE(service.isRunning());
+    EXPECT_NE(service.port(), 0);
+    EXPECT_EQ(service.authority(), "");
+    const NetworkContext context(service);
+    const auto time = Endpoint::Time(context);
+    EXPECT_TRUE(time->wait({.deadline = 30s}));
+    EXPECT_EQ(service.log(), std::vector<std::string>{"GET /v2/time"});
+    EXPECT_NE(service.logDocument().find("\"User-Agent\""), std::string::npos);
+}
+
+TEST(SampleServiceTest, FaultsAreScripted) {
+    SampleService service;
+    const NetworkContext context(service);
+    EXPECT_TRUE(
+        service.add({.kind = SampleFault::Kind::status, .path = "v2/time", .count = 2, .status = 503}));
+    EXPECT_FALSE(service.add({.kind = SampleFault::Kind::null, .at = {"no pointer"}}));
+    const auto time = Endpoint::Time(context);
+    EXPECT_EQ(statusOf(time->wait({.deadline = 30s})), 503);
+    service.clearFaults();
+    EXPECT_EQ(statusOf(time->wait({.deadline = 30s})), 200);
+    service.clearLog();
+    EXPECT_TRUE(service.log().empty());
+}
+
+TEST(SampleServiceTest, TwoServicesAreApart) {
+    SampleService one;
+    SampleService other;
+    EXPECT_NE(one.port(), other.port());
+    const NetworkContext context(one);
+    EXPECT_TRUE(one.add({.kind = SampleFault::Kind::status}));
+    EXPECT_EQ(statusOf(Endpoint::Time(NetworkContext(other))->wait({.deadline = 30s})), 200);
+    EXPECT_TRUE(one.log().empty());
+    EXPECT_EQ(other.log().size(), 1U);
+}
+
+TEST(SampleServiceTest, StopsWhenTold) {
+    SampleService service;
+    const NetworkContext context(service);
+    service.stop();
+    EXPECT_FALSE(service.isRunning());
+    EXPECT_EQ(statusOf(Endpoint::Time(context)->wait({.deadline = 30s})), 0);
+}
+
+TEST(SampleServiceTest, OverTLSItHasACertificateToTrust) {
+    const SampleService service({.tls = true});
+    ASSERT_TRUE(service.isRunning());
+    EXPECT_TRUE(service.baseURL().absoluteString().starts_with("https://127.0.0.1:"));
+    EXPECT_TRUE(service.authority().starts_with("-----BEGIN CERTIFICATE-----"));
+}
+
+}  // namespace
+}  // namespace VanticRestKit::Testing
