@@ -34,7 +34,7 @@ if(VRK_HAS_DISK_CACHE)
     set(sqlite libsqlite3-dev)
 endif()
 string(JOIN ", " CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtime} (= ${PROJECT_VERSION})"
-    "libcurl4-openssl-dev | libcurl-dev" libssl-dev zlib1g-dev libbrotli-dev libutf8proc-dev ${sqlite})
+    "libcurl4-openssl-dev | libcurl-dev" libssl-dev zlib1g-dev libbrotli-dev libutf8proc-dev libpsl-dev ${sqlite})
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME vanticrestkit-tools)
 set(CPACK_DEBIAN_TOOLS_DESCRIPTION "${PROJECT_DESCRIPTION} - command line and sample service")

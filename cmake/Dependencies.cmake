@@ -9,6 +9,8 @@ find_package(ZLIB REQUIRED)
 list(PREPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR}/find)
 find_package(VrkBrotli REQUIRED)
 find_package(VrkUtf8proc REQUIRED)
+# The public suffix list, for the domains of cookies.
+find_package(VrkPsl REQUIRED)
 
 # The disk part of the HTTP cache.
 set(VRK_HAS_DISK_CACHE OFF)

@@ -38,6 +38,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/package/VanticRestKitConf
 install(FILES ${PROJECT_BINARY_DIR}/package/VanticRestKitConfig.cmake
               ${PROJECT_BINARY_DIR}/package/VanticRestKitConfigVersion.cmake
               ${CMAKE_CURRENT_LIST_DIR}/find/FindVrkBrotli.cmake
+              ${CMAKE_CURRENT_LIST_DIR}/find/FindVrkPsl.cmake
               ${CMAKE_CURRENT_LIST_DIR}/find/FindVrkUtf8proc.cmake
     DESTINATION ${package_folder} COMPONENT development)
 

@@ -113,11 +113,20 @@ def libcurl_stays_in_its_folder(sources):
                 yield f"{file} includes <{name}>"
 
 
-def utf8proc_stays_in_one_file(sources):
-    """At most one file knows utf8proc."""
-    files = [file for file in sources.files if any(name == "utf8proc.h" for _, name in sources.includes(file))]
+def included_at_most_once(sources, header):
+    files = [file for file in sources.files if any(name == header for _, name in sources.includes(file))]
     if len(files) > 1:
         yield "included by " + ", ".join(map(str, files))
+
+
+def utf8proc_stays_in_one_file(sources):
+    """At most one file knows utf8proc."""
+    yield from included_at_most_once(sources, "utf8proc.h")
+
+
+def libpsl_stays_in_one_file(sources):
+    """At most one file knows libpsl."""
+    yield from included_at_most_once(sources, "libpsl.h")
 
 
 def includes_name_the_library(sources):
@@ -138,6 +147,7 @@ RULES = [
     modules_include_only_what_they_depend_on,
     libcurl_stays_in_its_folder,
     utf8proc_stays_in_one_file,
+    libpsl_stays_in_one_file,
     includes_name_the_library,
 ]
 

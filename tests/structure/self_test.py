@@ -113,6 +113,10 @@ class Tree(unittest.TestCase):
         self.write("Core/A.cpp", "#include <utf8proc.h>\n")
         self.assert_breaks(layers.utf8proc_stays_in_one_file, "Core/B.cpp", "#include <utf8proc.h>\n")
 
+    def test_libpsl_may_not_be_included_twice(self):
+        self.write("Core/A.cpp", "#include <libpsl.h>\n")
+        self.assert_breaks(layers.libpsl_stays_in_one_file, "Core/B.cpp", "#include <libpsl.h>\n")
+
     def test_includes_by_relative_name_are_refused(self):
         self.assert_breaks(layers.includes_name_the_library, "Core/X.cpp", '#include "Context.h"\n')
 
