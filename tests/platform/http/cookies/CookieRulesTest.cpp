@@ -1,0 +1,133 @@
+#include <VanticRestKit/platform/http/cookies/detail/CookieRules.h>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <string_view>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::detail;
+
+namespace {
+
+const Date now{std::chrono::seconds(1'000'000)};
+
+/// The cookie that an answer from `url` sets with `text`.
+std::optional<HTTPCookie> accepted(std::string_view text,
+                                   std::string_view url = "https://www.example.org/a/b") {
+    const auto said = readSetCookie(text);
+    return said ? acceptedCookie(*said, cookieTargetOf(*URL::make(url)), now) : std::nullopt;
+}
+
+}  // namespace
+
+TEST(CookieRules, WithoutADomainTheCookieIsForTheHostAlone) {
+    const auto cookie = accepted("a=b");
+    ASSERT_TRUE(cookie);
+    EXPECT_EQ(*cookie, (HTTPCookie{.name = "a", .value = "b", .domain = "www.example.org", .path = "/a"}));
+}
+
+TEST(CookieRules, WithADomainTheCookieIsForItsSubdomainsToo) {
+    const auto cookie = accepted("a=b; domain=Example.ORG; path=/; httponly; secure; samesite=strict");
+    ASSERT_TRUE(cookie);
+    EXPECT_EQ(*cookie, (HTTPCookie{.name = "a",
+                                   .value = "b",
+                                   .domain = "example.org",
+                                   .includesSubdomains = true,
+                                   .isSecure = true,
+                                   .isHTTPOnly = true,
+                                   .sameSite = HTTPCookieSameSite::strict}));
+}
+
+TEST(CookieRules, ADomainThatIsNotTheSendersIsRefused) {
+    for (const char* const domain :
+         {"example.com", "ww.example.org", "a.www.example.org", "xample.org", "."}) {
+        const auto cookie = accepted(std::string("a=b; domain=") + domain + "x");
+        EXPECT_FALSE(cookie) << domain;
+    }
+}
+
+TEST(CookieRules, APublicSuffixIsRefusedUnlessItIsTheSender) {
+    EXPECT_FALSE(accepted("a=b; domain=org"));
+    EXPECT_FALSE(accepted("a=b; domain=co.uk", "https://example.co.uk/"));
+    const auto own = accepted("a=b; domain=co.uk", "https://co.uk/");
+    ASSERT_TRUE(own);
+    EXPECT_FALSE(own->includesSubdomains);
+    EXPECT_TRUE(accepted("a=b; domain=localhost", "http://localhost/"));
+}
+
+TEST(CookieRules, AnAddressHasNoSubdomains) {
+    const auto own = accepted("a=b; domain=127.0.0.1", "http://127.0.0.1/");
+    ASSERT_TRUE(own);
+    EXPECT_FALSE(own->includesSubdomains);
+    EXPECT_FALSE(accepted("a=b; domain=0.0.1", "http://127.0.0.1/"));
+}
+
+TEST(CookieRules, ADomainBeyondASCIIIsTheSameInBothForms) {
+    EXPECT_TRUE(accepted("a=b; domain=bücher.example", "http://www.xn--bcher-kva.example/"));
+    EXPECT_TRUE(accepted("a=b; domain=xn--bcher-kva.example", "http://www.bücher.example/"));
+}
+
+TEST(CookieRules, MaxAgeTakesPrecedenceOverExpires) {
+    const auto both = accepted("a=b; max-age=60; expires=Fri, 07 Aug 2037 08:04:19 GMT");
+    ASSERT_TRUE(both && both->expiresDate);
+    EXPECT_EQ(*both->expiresDate, now + std::chrono::seconds(60));
+    const auto ended = accepted("a=b; max-age=0; expires=Fri, 07 Aug 2037 08:04:19 GMT");
+    ASSERT_TRUE(ended && ended->expiresDate);
+    EXPECT_LT(*ended->expiresDate, now);
+    EXPECT_TRUE(accepted("a=b; max-age=99999999999999999999")->expiresDate > now);
+}
+
+TEST(CookieRules, SecureIsRefusedOverHttp) {
+    EXPECT_TRUE(accepted("a=b; secure"));
+    EXPECT_FALSE(accepted("a=b; secure", "http://www.example.org/"));
+}
+
+TEST(CookieRules, ThePrefixSecureNeedsSecure) {
+    EXPECT_TRUE(accepted("__Secure-a=b; secure; domain=example.org"));
+    EXPECT_FALSE(accepted("__Secure-a=b"));
+    EXPECT_FALSE(accepted("__sEcUrE-a=b"));
+}
+
+TEST(CookieRules, ThePrefixHostNeedsSecureAndTheRootAndNoDomain) {
+    EXPECT_TRUE(accepted("__Host-a=b; secure; path=/"));
+    EXPECT_FALSE(accepted("__Host-a=b; path=/"));
+    EXPECT_FALSE(accepted("__Host-a=b; secure"));
+    EXPECT_FALSE(accepted("__Host-a=b; secure", "https://www.example.org/"));
+    EXPECT_FALSE(accepted("__Host-a=b; secure; path=/a"));
+    EXPECT_FALSE(accepted("__host-a=b; secure; path=/; domain=www.example.org"));
+}
+
+TEST(CookieRules, ACookieOfTheHostsOwnGetsItsDomainInTheFormOfAStore) {
+    const auto cookie = canonicalCookie({.name = "a", .value = "b", .domain = ".BÜCHER.Example"});
+    ASSERT_TRUE(cookie);
+    EXPECT_EQ(cookie->domain, "xn--bcher-kva.example");
+    EXPECT_TRUE(cookie->includesSubdomains);
+}
+
+TEST(CookieRules, ACookieThatCannotBeSentIsRefused) {
+    const HTTPCookie good{.name = "a", .value = "b", .domain = "example.org"};
+    ASSERT_TRUE(canonicalCookie(good));
+    const auto refuses = [&good](auto change) {
+        HTTPCookie cookie = good;
+        change(cookie);
+        return !canonicalCookie(std::move(cookie));
+    };
+    for (const char* const name : {"", "a=b", "a;b", "a\nb", " a"}) {
+        EXPECT_TRUE(refuses([name](HTTPCookie& cookie) { cookie.name = name; })) << name;
+    }
+    for (const char* const value : {"a;b", "a\rb", "a "}) {
+        EXPECT_TRUE(refuses([value](HTTPCookie& cookie) { cookie.value = value; })) << value;
+    }
+    for (const char* const path : {"", "a", "/a;b"}) {
+        EXPECT_TRUE(refuses([path](HTTPCookie& cookie) { cookie.path = path; })) << path;
+    }
+    for (const char* const domain : {"", ".", ".org", ".127.0.0.1", "a/b", "a\nb"}) {
+        EXPECT_TRUE(refuses([domain](HTTPCookie& cookie) { cookie.domain = domain; })) << domain;
+    }
+    EXPECT_TRUE(refuses([](HTTPCookie& cookie) { cookie.value = std::string(maxCookieSize, 'x'); }));
+    EXPECT_TRUE(refuses([](HTTPCookie& cookie) { cookie.path = "/" + std::string(maxAttributeSize, 'x'); }));
+    EXPECT_TRUE(refuses([](HTTPCookie& cookie) { cookie.domain = std::string(maxAttributeSize + 1, 'x'); }));
+}

@@ -1,0 +1,23 @@
+#include <VanticRestKit/platform/http/cookies/HTTPCookie.h>
+
+#include <gtest/gtest.h>
+
+using namespace VanticRestKit;
+
+TEST(HTTPCookie, WithoutADateEndsWithTheProcess) {
+    HTTPCookie cookie{.name = "a", .value = "b", .domain = "example.org"};
+    EXPECT_TRUE(cookie.isSessionOnly());
+    cookie.expiresDate = Date();
+    EXPECT_FALSE(cookie.isSessionOnly());
+}
+
+TEST(HTTPCookie, IsEqualIfAllOfItIs) {
+    const HTTPCookie cookie{.name = "a", .value = "b", .domain = "example.org"};
+    EXPECT_EQ(cookie, HTTPCookie(cookie));
+    HTTPCookie other = cookie;
+    other.isHTTPOnly = true;
+    EXPECT_NE(cookie, other);
+    other = cookie;
+    other.sameSite = HTTPCookieSameSite::none;
+    EXPECT_NE(cookie, other);
+}
