@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Reads the golden vectors: files of one JSON object a line below tests/data/platform.
+/// Reads the golden vectors: files of one JSON object a line below tests/data.
 
 #include <gtest/gtest.h>
 
@@ -12,9 +12,9 @@
 
 namespace VanticRestKit::test {
 
-/// All lines of `file`, in order. A file that is missing, empty or not JSON fails the running test.
-inline std::vector<nlohmann::json> vectors(const std::string& file) {
-    std::ifstream input(VRK_TEST_DATA "/platform/" + file);
+/// All lines of `file` below tests/data, in order. A file that is missing, empty or not JSON fails the running test.
+inline std::vector<nlohmann::json> jsonLines(const std::string& file) {
+    std::ifstream input(VRK_TEST_DATA "/" + file);
     std::vector<nlohmann::json> lines;
     for (std::string text; std::getline(input, text);) {
         if (text.empty()) continue;
@@ -28,6 +28,9 @@ inline std::vector<nlohmann::json> vectors(const std::string& file) {
     if (lines.empty()) ADD_FAILURE() << "no vectors in " << file;
     return lines;
 }
+
+/// All lines of `file` below tests/data/platform.
+inline std::vector<nlohmann::json> vectors(const std::string& file) { return jsonLines("platform/" + file); }
 
 /// Whether any sensible answer will do for this line. Such a line is run all the same: it must not crash.
 inline bool isFree(const nlohmann::json& line) { return line.value("free", false); }

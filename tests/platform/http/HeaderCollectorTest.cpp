@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
 
 using namespace VanticRestKit;
 using namespace VanticRestKit::detail;
@@ -129,4 +132,13 @@ TEST(HeaderCollector, CountsInterimAnswersAndTrailersAgainstItsLimits) {
         EXPECT_EQ(collector.fault()->code, URLErrorCode::dataLengthExceedsMaximum);
         EXPECT_LE(size, headerLimits.size + line.size());
     }
+}
+
+TEST(HeaderCollector, KeepsTheSetCookieLinesApart) {
+    const HeaderCollector whole =
+        collected({"HTTP/1.1 103 Hints", "Set-Cookie: early=1", "", "HTTP/1.1 200 OK", "Set-Cookie: a=1, b=2",
+                   "X: y", "set-cookie: c=3;", "\tPath=/", " Secure", "Y: z", " folded", ""});
+    EXPECT_EQ(whole.setCookies(), (std::vector<std::string>{"a=1, b=2", "c=3; Path=/ Secure"}));
+    EXPECT_EQ(whole.value("set-cookie"), "a=1, b=2, c=3; Path=/ Secure");
+    EXPECT_TRUE(collected({"HTTP/1.1 200 OK", ""}).setCookies().empty());
 }

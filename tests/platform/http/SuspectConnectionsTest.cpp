@@ -37,7 +37,8 @@ protected:
                                                                      .pendingConnects = pendingConnects_,
                                                                      .redirectPolicy = redirectPolicy_,
                                                                      .admission = admission_,
-                                                                     .deadlines = deadlines_});
+                                                                     .deadlines = deadlines_,
+                                                                     .cookies = cookies_});
         exchange_.attempt->connection = connection_;
         exchange_.setInterval(seconds(30));
         suspects_.judge(exchange_, now_);
@@ -58,6 +59,7 @@ protected:
     URLSessionRedirectPolicy redirectPolicy_;
     Admission admission_{6};
     IdleDeadlines deadlines_;
+    SessionCookies cookies_{URLSessionConfiguration::default_()};
     Socket peer_;
     std::shared_ptr<Connection> connection_;
     Exchange exchange_{

@@ -137,3 +137,12 @@ TEST(URLRequest, CopiesAreEqualAndIndependent) {
     EXPECT_NE(first, second);
     EXPECT_EQ(first.value("X"), "1");
 }
+
+TEST(URLRequest, HandlesCookiesUnlessItIsToldNotTo) {
+    const URLRequest handles(URL("http://example.org/"));
+    EXPECT_TRUE(handles.httpShouldHandleCookies());
+    URLRequest other = handles;
+    other.setHTTPShouldHandleCookies(false);
+    EXPECT_FALSE(other.httpShouldHandleCookies());
+    EXPECT_NE(handles, other);
+}

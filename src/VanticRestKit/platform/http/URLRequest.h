@@ -79,6 +79,11 @@ public:
     URLRequestAttribution attribution() const noexcept { return attribution_; }
     void setAttribution(URLRequestAttribution attribution) noexcept { attribution_ = attribution; }
 
+    /// Whether the session's cookies are added to the request, and those of its answer stored; true at first. A Cookie
+    /// header of the request's own goes out in place of the session's.
+    bool httpShouldHandleCookies() const noexcept { return httpShouldHandleCookies_; }
+    void setHTTPShouldHandleCookies(bool should) noexcept { httpShouldHandleCookies_ = should; }
+
     /// Whether all of the above are equal; header names compare with their case here.
     friend bool operator==(const URLRequest&, const URLRequest&) = default;
 
@@ -92,6 +97,7 @@ private:
     Seconds timeoutInterval_;
     URLRequestCachePolicy cachePolicy_;
     URLRequestAttribution attribution_ = URLRequestAttribution::developer;
+    bool httpShouldHandleCookies_ = true;
 };
 
 }  // namespace VanticRestKit

@@ -48,6 +48,7 @@ std::int64_t URLSessionDataTask::countOfBytesExpectedToSend() const noexcept {
 }
 
 std::shared_ptr<URLSession> URLSession::make(URLSessionConfiguration configuration) {
+    if (!configuration.httpCookieStorage) configuration.httpCookieStorage = HTTPCookieStorage::make();
     return std::shared_ptr<URLSession>(new URLSession(std::move(configuration)));
 }
 

@@ -3,6 +3,7 @@
 /// \file
 /// `URLSessionConfiguration`: the settings of a `URLSession`.
 
+#include <VanticRestKit/platform/http/cookies/HTTPCookieStorage.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
 #include <VanticRestKit/platform/http/URLSessionConnectionSettings.h>
 #include <VanticRestKit/platform/http/URLSessionRedirectPolicy.h>
@@ -10,6 +11,7 @@
 #include <chrono>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -80,6 +82,18 @@ struct URLSessionConfiguration {
 
     /// Which redirects are followed. By default all of them but those from https to http.
     URLSessionRedirectPolicy redirectPolicy{};
+
+    /// The cookies that the session's answers set and its requests get. Several sessions may have one. Empty: a session
+    /// makes one of its own, in memory, which its `configuration()` has; so no session sees another one's cookies by
+    /// default.
+    std::shared_ptr<HTTPCookieStorage> httpCookieStorage{};
+
+    /// Whether requests get cookies of the storage. If not, cookies of answers are stored all the same.
+    bool httpShouldSetCookies = true;
+
+    /// Which cookies of this session's answers are stored; the policy of the storage must accept them too. `never` with
+    /// `httpShouldSetCookies` false is a session without cookies.
+    HTTPCookieAcceptPolicy httpCookieAcceptPolicy = HTTPCookieAcceptPolicy::always;
 
     /// The platform's default settings.
     static URLSessionConfiguration default_() { return {}; }

@@ -39,6 +39,8 @@ void HeaderCollector::begin(std::string_view line) {
     fields_.clear();
     last_ = nullptr;
     location_.reset();
+    setCookies_.clear();
+    isInSetCookie_ = false;
     contentLength_.reset();
     multiplexed_ = line.starts_with("HTTP/2") || line.starts_with("HTTP/3");
     status_ = 0;
@@ -52,6 +54,7 @@ void HeaderCollector::addField(std::string_view line) {
     if (line.front() == ' ' || line.front() == '\t') {
         // A value that goes on in the next line, as old servers still write it.
         if (last_ != nullptr) last_->append(1, ' ').append(trimmed(line));
+        if (isInSetCookie_) setCookies_.back().append(1, ' ').append(trimmed(line));
         return;
     }
     const auto colon = line.find(':');
@@ -60,6 +63,8 @@ void HeaderCollector::addField(std::string_view line) {
     const std::string_view value = trimmed(line.substr(colon + 1));
     if (sameHeaderName(name, "content-length")) readLength(value);
     if (sameHeaderName(name, "location") && !location_) location_ = value;
+    isInSetCookie_ = sameHeaderName(name, "set-cookie");
+    if (isInSetCookie_) setCookies_.emplace_back(value);
     if (const auto found = byName_.find(name); found != byName_.end()) {
         last_ = &found->second->second.append(", ").append(value);
         return;

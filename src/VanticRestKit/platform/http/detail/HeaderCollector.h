@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace VanticRestKit::detail {
 
@@ -59,6 +60,8 @@ public:
     std::optional<std::string> value(std::string_view name) const;
     /// The first Location.
     const std::optional<std::string>& location() const noexcept { return location_; }
+    /// The values of the Set-Cookie lines, which cannot be told apart once they are joined.
+    const std::vector<std::string>& setCookies() const noexcept { return setCookies_; }
     /// How long the body will be, as the server says.
     std::optional<std::uint64_t> contentLength() const noexcept { return contentLength_; }
 
@@ -81,6 +84,8 @@ private:
     std::map<std::string_view, Field*, HeaderNameLess> byName_;
     std::string* last_ = nullptr;
     std::optional<std::string> location_;
+    std::vector<std::string> setCookies_;
+    bool isInSetCookie_ = false;
     std::optional<std::uint64_t> contentLength_;
     std::optional<TransportFault> fault_;
     std::size_t size_ = 0;

@@ -60,6 +60,7 @@ void Attempt::readRedirect() {
 void Attempt::readHead() {
     hasHead = true;
     surroundings.admission.learn(exchange, head.isMultiplexed() ? Carriage::many : Carriage::one);
+    surroundings.cookies.receive(head.setCookies(), exchange.request(), exchange.transfer()->request());
     readRedirect();
     if (isRedirect) {
         surroundings.deadlines.shorten(exchange, maxDrainTime);

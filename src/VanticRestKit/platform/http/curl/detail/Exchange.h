@@ -3,6 +3,7 @@
 /// \file
 /// `Exchange`: one transfer as the I/O thread sees it, and `Attempt`, one request of it in libcurl's hands.
 
+#include <VanticRestKit/platform/http/cookies/detail/SessionCookies.h>
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
 #include <VanticRestKit/platform/http/curl/detail/EasyHandle.h>
 #include <VanticRestKit/platform/http/curl/detail/HeaderLines.h>
@@ -73,6 +74,7 @@ struct AttemptSurroundings {
     const URLSessionRedirectPolicy& redirectPolicy;
     Admission& admission;
     IdleDeadlines& deadlines;
+    const SessionCookies& cookies;
 };
 
 /// One request in libcurl's hands, and what has come back so far.

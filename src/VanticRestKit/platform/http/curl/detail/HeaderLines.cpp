@@ -58,7 +58,7 @@ private:
 
 }  // namespace
 
-HeaderLines headerLinesOf(const URLRequest& request) {
+HeaderLines headerLinesOf(const URLRequest& request, const std::string& cookies) {
     Lines lines;
     bool hasCodings = false;
     bool hasAgent = false;
@@ -70,6 +70,7 @@ HeaderLines headerLinesOf(const URLRequest& request) {
         hasContentType = hasContentType || sameHeaderName(name, "content-type");
         lines.add(name, value);
     }
+    if (!cookies.empty()) lines.add("Cookie", cookies);
     // "Accept: */*" is what libcurl sends by itself.
     if (!hasCodings) lines.add("Accept-Encoding", acceptedCodings);
     if (!hasAgent) lines.add("User-Agent", "VanticRestKit/" VRK_VERSION);
@@ -85,11 +86,12 @@ HeaderLines headerLinesOf(const URLRequest& request) {
     return lines.take();
 }
 
-HeaderLines HeaderLinesMemo::of(const URLRequest& request) {
-    if (!isWithoutBody(request)) return headerLinesOf(request);
-    if (lines_ == nullptr || headers_ != request.allHTTPHeaderFields()) {
+HeaderLines HeaderLinesMemo::of(const URLRequest& request, const std::string& cookies) {
+    if (!isWithoutBody(request)) return headerLinesOf(request, cookies);
+    if (lines_ == nullptr || cookies_ != cookies || headers_ != request.allHTTPHeaderFields()) {
         headers_ = request.allHTTPHeaderFields();
-        lines_ = headerLinesOf(request);
+        cookies_ = cookies;
+        lines_ = headerLinesOf(request, cookies);
     }
     return lines_;
 }

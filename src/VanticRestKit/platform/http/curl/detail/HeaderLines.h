@@ -17,16 +17,17 @@ namespace VanticRestKit::detail {
 using HeaderLines = std::shared_ptr<curl_slist>;
 
 /// The header lines of `request`: its own, and those of the session of which it has none and which libcurl
-/// does not send by itself.
-HeaderLines headerLinesOf(const URLRequest& request);
+/// does not send by itself. `cookies` is the value of a Cookie header, which is left out if it is empty.
+HeaderLines headerLinesOf(const URLRequest& request, const std::string& cookies = {});
 
 /// Remembers the lines of the last request: most of those that follow have the same. For one thread.
 class HeaderLinesMemo {
 public:
-    HeaderLines of(const URLRequest& request);
+    HeaderLines of(const URLRequest& request, const std::string& cookies);
 
 private:
     std::map<std::string, std::string> headers_;
+    std::string cookies_;
     HeaderLines lines_;
 };
 

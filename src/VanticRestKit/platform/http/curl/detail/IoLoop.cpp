@@ -68,6 +68,7 @@ IoLoop::IoLoop(const URLSessionConfiguration& configuration, const TransportSeam
              .shared = shared_.get(),
              .addresses = addressesOf(configuration, seams)}),
       admission_(connectionsPerHost(configuration)),
+      cookies_(configuration),
       suspects_(connections_, admission_,
                 [this](const Connection& connection, const std::function<void(Exchange&)>& visit) {
                     visitOn(connection, visit);
@@ -172,9 +173,11 @@ void IoLoop::send(Exchange& exchange) {
                                       .pendingConnects = pendingConnects_,
                                       .redirectPolicy = configuration_.redirectPolicy,
                                       .admission = admission_,
-                                      .deadlines = deadlines_});
+                                      .deadlines = deadlines_,
+                                      .cookies = cookies_});
     exchange.attempt->handle = pool_.take(isSecure(*exchange.request().url()));
-    exchange.attempt->headerLines = headerLines_.of(exchange.request());
+    exchange.attempt->headerLines =
+        headerLines_.of(exchange.request(), cookies_.headerFor(exchange.request()));
     if (!prepareEasy(*exchange.attempt, configuration_, admission_.hasSetAside(exchange)) ||
         curl_multi_add_handle(multi_, exchange.attempt->handle->get()) != CURLM_OK) {
         release(exchange);

@@ -4,6 +4,7 @@
 /// `IoLoop`: the I/O thread of a session.
 
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
+#include <VanticRestKit/platform/http/cookies/detail/SessionCookies.h>
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
 #include <VanticRestKit/platform/http/curl/detail/ConnectivityWait.h>
 #include <VanticRestKit/platform/http/curl/detail/CurlTransport.h>
@@ -102,6 +103,7 @@ private:
     EasyPool pool_;
     Admission admission_;
     IdleDeadlines deadlines_;
+    const SessionCookies cookies_;
     HeaderLinesMemo headerLines_;
     OriginMemo origins_;
     ConnectivityWait unreached_;
