@@ -27,7 +27,7 @@ ARGUMENTS.add_argument("--full", action="store_true")
 ARGUMENTS.add_argument("tests", nargs="*")
 GIVEN = ARGUMENTS.parse_args()
 
-CMAKE_FILES = """FindVrkBrotli.cmake FindVrkUtf8proc.cmake VanticRestKit-shared-release.cmake VanticRestKit-shared.cmake
+CMAKE_FILES = """FindVrkBrotli.cmake FindVrkPsl.cmake FindVrkUtf8proc.cmake VanticRestKit-shared-release.cmake VanticRestKit-shared.cmake
 VanticRestKit-static-release.cmake VanticRestKit-static.cmake VanticRestKitConfig.cmake
 VanticRestKitConfigVersion.cmake""".split()
 
@@ -116,7 +116,8 @@ class Installed(Folder):
         )
 
     def test_find_package_names_what_the_static_library_lacks(self):
-        for library in ("CURL", "ZLIB", "VrkBrotli", "VrkUtf8proc", *(["SQLite3"] if GIVEN.disk_cache == "ON" else [])):
+        optional = ["SQLite3"] if GIVEN.disk_cache == "ON" else []
+        for library in ("CURL", "ZLIB", "VrkBrotli", "VrkUtf8proc", "VrkPsl", *optional):
             with self.subTest(library):
                 found = self.reasons(f"-DCMAKE_DISABLE_FIND_PACKAGE_{library}=ON")
                 self.assertIn(f"because dependency {library} could not be found", found["COMPONENTS;static"])

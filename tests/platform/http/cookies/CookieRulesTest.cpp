@@ -121,13 +121,29 @@ TEST(CookieRules, ACookieThatCannotBeSentIsRefused) {
     for (const char* const value : {"a;b", "a\rb", "a "}) {
         EXPECT_TRUE(refuses([value](HTTPCookie& cookie) { cookie.value = value; })) << value;
     }
-    for (const char* const path : {"", "a", "/a;b"}) {
+    for (const char* const path : {"", "a", "/a\nb", "/a "}) {
         EXPECT_TRUE(refuses([path](HTTPCookie& cookie) { cookie.path = path; })) << path;
     }
     for (const char* const domain : {"", ".", ".org", ".127.0.0.1", "a/b", "a\nb"}) {
         EXPECT_TRUE(refuses([domain](HTTPCookie& cookie) { cookie.domain = domain; })) << domain;
     }
     EXPECT_TRUE(refuses([](HTTPCookie& cookie) { cookie.value = std::string(maxCookieSize, 'x'); }));
-    EXPECT_TRUE(refuses([](HTTPCookie& cookie) { cookie.path = "/" + std::string(maxAttributeSize, 'x'); }));
     EXPECT_TRUE(refuses([](HTTPCookie& cookie) { cookie.domain = std::string(maxAttributeSize + 1, 'x'); }));
+}
+
+TEST(CookieRules, ALeadingDotOfASenderIsNoDomainOfItsOwn) {
+    EXPECT_FALSE(accepted("a=b", "http://.example.org/"));
+    EXPECT_FALSE(accepted("a=b; domain=..example.org", "http://a..example.org/"));
+}
+
+TEST(CookieRules, AnAcceptedCookieIsInTheFormOfAStore) {
+    const std::string longPath = "/" + std::string(2000, 'x') + ";y/";
+    for (const std::string url : {"http://example.org/a;b/c", "http://[::1]/", "http://example.org./"}) {
+        const auto cookie = accepted("a=\tb\tc; path=/x y?#", url);
+        ASSERT_TRUE(cookie) << url;
+        EXPECT_EQ(canonicalCookie(*cookie), cookie) << url;
+    }
+    const auto cookie = accepted("a=b", "http://example.org" + longPath);
+    ASSERT_TRUE(cookie);
+    EXPECT_EQ(canonicalCookie(*cookie), cookie);
 }

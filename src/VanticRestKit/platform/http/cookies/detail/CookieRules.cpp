@@ -34,7 +34,7 @@ bool setDomain(HTTPCookie& cookie, const SetCookie& said, const CookieTarget& se
     cookie.domain = sender.host;
     if (said.domain.empty()) return true;
     std::string domain = canonicalHost(said.domain);
-    if (!domainMatches(sender.host, domain)) return false;
+    if (domain.starts_with('.') || !domainMatches(sender.host, domain)) return false;
     // What is registered below a suffix belongs to someone else; a host that is itself a suffix has its own cookies.
     if (isIPAddress(sender.host) || isPublicSuffix(domain)) return domain == sender.host;
     cookie.domain = std::move(domain);
@@ -46,7 +46,9 @@ bool setDomain(HTTPCookie& cookie, const SetCookie& said, const CookieTarget& se
 
 std::optional<HTTPCookie> acceptedCookie(const SetCookie& said, const CookieTarget& sender, Date now) {
     HTTPCookie cookie;
-    if (sender.host.empty() || !setDomain(cookie, said, sender)) return std::nullopt;
+    // A leading dot has a meaning of its own in a cookie's domain, and no host has one.
+    if (sender.host.empty() || sender.host.starts_with('.') || !setDomain(cookie, said, sender))
+        return std::nullopt;
     // Someone on the way could have set it.
     if (said.isSecure && !sender.isSecure) return std::nullopt;
     cookie.name = said.name;
@@ -68,10 +70,7 @@ std::optional<HTTPCookie> canonicalCookie(HTTPCookie cookie) {
     if (cookie.name.empty() || isMalformed(cookie.name, "=;") || isMalformed(cookie.value, ";"))
         return std::nullopt;
     if (cookie.name.size() + cookie.value.size() > maxCookieSize) return std::nullopt;
-    if (!cookie.path.starts_with('/') || isMalformed(cookie.path, ";") ||
-        cookie.path.size() > maxAttributeSize) {
-        return std::nullopt;
-    }
+    if (!cookie.path.starts_with('/') || isMalformed(cookie.path, "")) return std::nullopt;
     std::string_view domain = cookie.domain;
     if (domain.starts_with('.')) {
         domain.remove_prefix(1);
