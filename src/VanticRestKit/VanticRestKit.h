@@ -29,6 +29,7 @@
 #include <VanticRestKit/platform/http/cookies/HTTPCookie.h>
 #include <VanticRestKit/platform/http/cookies/HTTPCookieStorage.h>
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
+#include <VanticRestKit/platform/http/RequestMetrics.h>
 #include <VanticRestKit/platform/http/URLErrorCode.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
 #include <VanticRestKit/platform/http/URLResponse.h>

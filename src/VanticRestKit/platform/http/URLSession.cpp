@@ -59,17 +59,20 @@ URLSession::~URLSession() = default;
 
 const DispatchQueue& URLSession::delegateQueue() const noexcept { return transport_->delegateQueue(); }
 
-std::shared_ptr<URLSessionDataTask> URLSession::dataTask(URLRequest request, Completion completionHandler) {
-    auto transfer = std::make_shared<detail::Transfer>(
-        detail::withSessionHeaders(std::move(request), configuration_), std::move(completionHandler));
+std::shared_ptr<URLSessionDataTask> URLSession::dataTask(URLRequest request, Completion completionHandler,
+                                                         MetricsReceiver metrics) {
+    auto transfer =
+        std::make_shared<detail::Transfer>(detail::withSessionHeaders(std::move(request), configuration_),
+                                           std::move(completionHandler), std::move(metrics));
     return std::shared_ptr<URLSessionDataTask>(new URLSessionDataTask(transport_, std::move(transfer)));
 }
 
-AnyPublisher<URLSession::Output, Error> URLSession::dataTaskPublisher(URLRequest request) {
+AnyPublisher<URLSession::Output, Error> URLSession::dataTaskPublisher(URLRequest request,
+                                                                      MetricsReceiver metrics) {
     using Publisher = AnyPublisher<Output, Error>;
     return Publisher::create([transport = transport_,
-                              request = detail::withSessionHeaders(std::move(request), configuration_)](
-                                 Subscriber<Output, Error> subscriber) {
+                              request = detail::withSessionHeaders(std::move(request), configuration_),
+                              metrics = std::move(metrics)](Subscriber<Output, Error> subscriber) {
         auto completion = [subscriber = std::move(subscriber)](std::optional<Data> data,
                                                                std::shared_ptr<const URLResponse> response,
                                                                std::optional<Error> error) {
@@ -80,7 +83,7 @@ AnyPublisher<URLSession::Output, Error> URLSession::dataTaskPublisher(URLRequest
                 subscriber.complete();
             }
         };
-        auto transfer = std::make_shared<detail::Transfer>(request, std::move(completion));
+        auto transfer = std::make_shared<detail::Transfer>(request, std::move(completion), metrics);
         const std::shared_ptr<URLSessionDataTask> task(
             new URLSessionDataTask(transport, std::move(transfer)));
         task->resume();

@@ -7,6 +7,7 @@
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/http/RequestMetrics.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
 #include <VanticRestKit/platform/http/URLResponse.h>
 #include <VanticRestKit/platform/http/URLSessionConfiguration.h>
@@ -101,12 +102,14 @@ public:
     const DispatchQueue& delegateQueue() const noexcept;
 
     /// A task for `request`. Its completion is called once, and let go on the delegate queue; a task that is
-    /// neither resumed nor cancelled never calls it.
-    std::shared_ptr<URLSessionDataTask> dataTask(URLRequest request, Completion completionHandler);
+    /// neither resumed nor cancelled never calls it. `metrics`, unless it is empty, gets the records of the requests.
+    std::shared_ptr<URLSessionDataTask> dataTask(URLRequest request, Completion completionHandler,
+                                                 MetricsReceiver metrics = {});
 
     /// A publisher of the one answer to `request`. Each subscription sends the request anew; cancelling it
-    /// ends the transfer. The publisher keeps the session's connections, not the `URLSession`.
-    AnyPublisher<Output, Error> dataTaskPublisher(URLRequest request);
+    /// ends the transfer. The publisher keeps the session's connections, not the `URLSession`. `metrics`, unless it is
+    /// empty, gets the records of the requests of all subscriptions.
+    AnyPublisher<Output, Error> dataTaskPublisher(URLRequest request, MetricsReceiver metrics = {});
 
     /// Opens a connection to the host of `url`, TLS included, so that the next request to it need not wait for one. It
     /// sends a HEAD of `url`, since a connection of HTTP/1.1 on which nothing was asked is not kept: name a cheap one.

@@ -5,10 +5,12 @@
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/http/RequestMetrics.h>
 #include <VanticRestKit/platform/http/URLResponse.h>
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace VanticRestKit::detail {
 
@@ -17,6 +19,10 @@ struct Outcome {
     std::optional<Data> data{};
     std::shared_ptr<const URLResponse> response{};
     std::optional<Error> error{};
+    /// Where the answer came from; the last record says so too.
+    AnswerSource source = AnswerSource::network;
+    /// The records of the requests that were sent for a transfer that is observed.
+    std::vector<RequestMetrics> metrics{};
 };
 
 }  // namespace VanticRestKit::detail

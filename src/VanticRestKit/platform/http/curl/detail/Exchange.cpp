@@ -15,7 +15,9 @@ constexpr std::chrono::milliseconds maxDrainTime{200};
 
 }  // namespace
 
-Exchange::Exchange(std::shared_ptr<Transfer> transfer) : transfer_(std::move(transfer)) {}
+Exchange::Exchange(std::shared_ptr<Transfer> transfer) : transfer_(std::move(transfer)) {
+    if (transfer_->isObserved()) metrics = std::make_unique<ExchangeMetrics>(transfer_->startedAt());
+}
 
 Exchange::~Exchange() = default;
 

@@ -6,6 +6,7 @@
 #include <VanticRestKit/platform/http/cookies/detail/SessionCookies.h>
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
 #include <VanticRestKit/platform/http/curl/detail/EasyHandle.h>
+#include <VanticRestKit/platform/http/curl/detail/ExchangeMetrics.h>
 #include <VanticRestKit/platform/http/curl/detail/HeaderLines.h>
 #include <VanticRestKit/platform/http/curl/detail/PendingConnects.h>
 #include <VanticRestKit/platform/http/detail/Admission.h>
@@ -48,6 +49,8 @@ public:
     std::unique_ptr<Outcome> redirectAnswer;
     /// The request in libcurl's hands; null while none is.
     std::unique_ptr<Attempt> attempt;
+    /// The records of its requests; null if it is not observed.
+    std::unique_ptr<ExchangeMetrics> metrics;
     /// Whether libcurl gave it up once, because connection after connection refused it.
     bool wasGivenUp = false;
     /// How often its host could not be reached, and until when it may try again.

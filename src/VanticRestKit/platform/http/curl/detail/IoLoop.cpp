@@ -167,6 +167,7 @@ void IoLoop::attempt(Exchange& exchange) {
 }
 
 void IoLoop::send(Exchange& exchange) {
+    if (exchange.metrics) exchange.metrics->sent();
     exchange.attempt = std::make_unique<Attempt>(
         exchange, AttemptSurroundings{.now = now_,
                                       .connections = connections_,
@@ -243,6 +244,7 @@ void IoLoop::release(Exchange& exchange) {
 }
 
 void IoLoop::takeBack(Exchange& exchange) {
+    if (exchange.metrics) exchange.metrics->read(*exchange.attempt);
     const std::unique_ptr<Attempt> attempt = std::move(exchange.attempt);
     curl_multi_remove_handle(multi_, attempt->handle->get());
     pool_.give(std::move(attempt->handle));
@@ -265,6 +267,7 @@ void IoLoop::visitOn(const Connection& connection, const std::function<void(Exch
 
 void IoLoop::end(Exchange& exchange, Outcome outcome) {
     release(exchange);
+    if (exchange.metrics) exchange.metrics->ended(exchange.request(), outcome);
     std::shared_ptr<Transfer> transfer = exchange.transfer();
     exchanges_.erase(transfer.get());
     ended_.push_back({std::move(transfer), std::move(outcome)});

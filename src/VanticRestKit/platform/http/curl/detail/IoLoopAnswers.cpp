@@ -109,6 +109,10 @@ void IoLoop::follow(Exchange& exchange) {
 }
 
 void IoLoop::goTo(Exchange& exchange, URLRequest next) {
+    if (exchange.metrics) {
+        if (exchange.attempt) exchange.metrics->read(*exchange.attempt);
+        exchange.metrics->redirected(exchange.request());
+    }
     const auto fault = whyUnusable(next);
     const bool allowed = exchange.redirect(std::move(next));
     if (!allowed) {

@@ -1,0 +1,18 @@
+#include <VanticRestKit/platform/http/detail/Transfer.h>
+
+#include <VanticRestKit/platform/http/detail/RecordOf.h>
+
+namespace VanticRestKit::detail {
+
+void Transfer::report(Outcome& outcome) {
+    const MetricsReceiver receiver = std::move(metrics_);
+    if (outcome.metrics.empty()) {
+        // No request was sent: the transfer failed before that, or a cache had its answer.
+        RequestMetrics& only = outcome.metrics.emplace_back(recordOf(request_, outcome));
+        if (isStarted()) only.total = sinceStart(startedAt_);
+    }
+    outcome.metrics.back().source = outcome.source;
+    for (const RequestMetrics& each : outcome.metrics) receiver(each);
+}
+
+}  // namespace VanticRestKit::detail
