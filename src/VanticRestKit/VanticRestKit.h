@@ -78,7 +78,9 @@
 #include <VanticRestKit/Core/NetworkServiceble.h>
 #include <VanticRestKit/Core/NetworkSession.h>
 #include <VanticRestKit/Core/NetworkURLSession.h>
+#include <VanticRestKit/Core/ObservableContext.h>
 #include <VanticRestKit/Core/Omittable.h>
+#include <VanticRestKit/Core/RequestObserver.h>
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/Core/ResourceArguments.h>

@@ -5,11 +5,15 @@
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/json/Diagnosis.h>
 #include <VanticRestKit/platform/json/JSONDecoder.h>
+#include <VanticRestKit/platform/json/PlanOf.h>
 #include <VanticRestKit/platform/result/Result.h>
+#include <VanticRestKit/Visibility.h>
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -24,9 +28,17 @@ struct RawText {
 
 namespace detail {
 
+class LoadObservation;
+
+/// Tells the observer that `body` was decoded, or with which error it was not. `explain` lists what was swallowed.
+VRK_EXPORT void noteDecoding(const LoadObservation& observation, const Data& body, const Error* error,
+                             std::string_view typeName, Diagnosis (*explain)(const Data&));
+
 /// Reads a body into a value: `Data` and `RawText` take it as it came, all else is decoded.
 struct BodyReader {
     JSONDecoder decoder{};
+    /// Who is told of it; null if no one is.
+    const LoadObservation* observation = nullptr;
 
     template <class T>
     Result<T, Error> decode(const Data& body) const {
@@ -35,7 +47,12 @@ struct BodyReader {
         } else if constexpr (std::is_same_v<T, RawText> || std::is_same_v<T, std::optional<RawText>>) {
             return T(RawText{std::string(body.view())});
         } else {
-            return decoder.template decode<T>(body);
+            Result<T, Error> decoded = decoder.template decode<T>(body);
+            if (observation != nullptr) {
+                noteDecoding(*observation, body, decoded ? nullptr : &decoded.error(), planOf<T>().name,
+                             [](const Data& document) { return diagnose<T>(document); });
+            }
+            return decoded;
         }
     }
 };

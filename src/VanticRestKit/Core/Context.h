@@ -19,6 +19,7 @@
 
 namespace VanticRestKit {
 
+class ObservableContext;
 class Serviceable;
 
 /// Says where a service lives and how requests to it are made. The host implements it; `baseURL` is all that
@@ -66,6 +67,10 @@ public:
     /// By default the headers are `additionalHTTPHeaders` and this context's `HTTPHeaderFields`; for a name
     /// in both the former counts.
     virtual std::optional<URLRequest> generateURLRequest(URLRequestArguments arguments) const;
+
+    /// This context as one whose requests are observed; null if they are not. Not overridden by hosts: they inherit
+    /// `ObservableContext`. A context that decorates another one returns what that one does.
+    virtual const ObservableContext* asObservable() const noexcept { return nullptr; }
 
 protected:
     Context() = default;

@@ -114,7 +114,7 @@ private:
     explicit Loader(std::shared_ptr<Serviceable> service) : LoaderCore(std::move(service)) {}
 
     Reader reader(PublisherArguments arguments) const {
-        return {{std::move(arguments.decoder).value()}, service()};
+        return {{std::move(arguments.decoder).value(), service()->observation()}, service()};
     }
 };
 

@@ -66,13 +66,17 @@ void NetworkServiceble::fetch(FetchArguments arguments) {
         }
         NetworkActivityCounter::decrease();
     };
-    session_->loadData({.fromURLRequest = urlRequest_, .completionHandler = std::move(answered)});
+    session_->loadData({.fromURLRequest = urlRequest_,
+                        .completionHandler = std::move(answered),
+                        .metrics = std::move(arguments.metrics)});
 }
 
-AnyPublisher<Data> NetworkServiceble::fetch() {
+AnyPublisher<Data> NetworkServiceble::fetch() { return publisher({}); }
+
+AnyPublisher<Data> NetworkServiceble::publisher(MetricsReceiver metrics) {
     NetworkActivityCounter::increase();
     // An answer that is judged a failure passes both steps, and so lowers the counter twice.
-    return session_->loadDataPublisher({.fromURLRequest = urlRequest_})
+    return session_->loadDataPublisher({.fromURLRequest = urlRequest_, .metrics = std::move(metrics)})
         .tryMap([self = shared_from_this()](NetworkSession::Answer answer) {
             NetworkActivityCounter::decrease();
             return self->validate(std::move(answer.first), std::move(answer.second), std::nullopt);
@@ -97,7 +101,9 @@ Cancellable NetworkServiceble::start(FetchArguments arguments) {
         }
         completion(self->validate(std::move(data), std::move(response), std::move(error)));
     };
-    return session_->start({.fromURLRequest = urlRequest_, .completionHandler = std::move(answered)});
+    return session_->start({.fromURLRequest = urlRequest_,
+                            .completionHandler = std::move(answered),
+                            .metrics = std::move(arguments.metrics)});
 }
 
 Error NetworkServiceble::endedEarly(URLErrorCode code) const {

@@ -58,6 +58,9 @@ public:
     /// where an answer is judged a failure, and not at all where nobody waits for the outcome.
     AnyPublisher<Data> fetch() override;
 
+    /// The same, with the records that the session makes.
+    AnyPublisher<Data> publisher(MetricsReceiver metrics) override;
+
     /// Runs the request once, cancellable. Judgement and errors are those of `fetch`; `logError` is not told of a
     /// cancelled request.
     [[nodiscard]] Cancellable start(FetchArguments arguments) override;

@@ -9,26 +9,28 @@ namespace VanticRestKit {
 NetworkSession::~NetworkSession() = default;
 
 AnyPublisher<NetworkSession::Answer> NetworkSession::loadDataPublisher(LoadDataPublisherArguments arguments) {
-    return AnyPublisher<Answer>::create([this, request = std::move(arguments.fromURLRequest).value()](
-                                            const Subscriber<Answer, Error>& subscriber) {
-        const auto answered = [subscriber](std::optional<Data> data,
-                                           std::shared_ptr<const URLResponse> response,
-                                           std::optional<Error> error) {
-            if (error) {
-                subscriber.complete(Failure(*std::move(error)));
-                return;
-            }
-            subscriber.receive(Answer(data ? *std::move(data) : Data(), std::move(response)));
-            subscriber.complete();
-        };
-        loadData({.fromURLRequest = request, .completionHandler = answered});
-        return Cancellable();
-    });
+    return AnyPublisher<Answer>::create(
+        [this, request = std::move(arguments.fromURLRequest).value(),
+         metrics = std::move(arguments.metrics)](const Subscriber<Answer, Error>& subscriber) {
+            const auto answered = [subscriber](std::optional<Data> data,
+                                               std::shared_ptr<const URLResponse> response,
+                                               std::optional<Error> error) {
+                if (error) {
+                    subscriber.complete(Failure(*std::move(error)));
+                    return;
+                }
+                subscriber.receive(Answer(data ? *std::move(data) : Data(), std::move(response)));
+                subscriber.complete();
+            };
+            loadData({.fromURLRequest = request, .completionHandler = answered, .metrics = metrics});
+            return Cancellable();
+        });
 }
 
 Cancellable NetworkSession::start(LoadDataArguments arguments) {
     auto handler = std::make_shared<Completion>(std::move(arguments.completionHandler).value());
-    return loadDataPublisher({.fromURLRequest = std::move(arguments.fromURLRequest).value()})
+    return loadDataPublisher({.fromURLRequest = std::move(arguments.fromURLRequest).value(),
+                              .metrics = std::move(arguments.metrics)})
         .sink([handler](Answer answer) { (*handler)(std::move(answer.first), std::move(answer.second), {}); },
               [handler](Result<void, Error> end) {
                   if (!end) (*handler)({}, nullptr, std::move(end).error());
@@ -44,17 +46,20 @@ public:
     explicit PlatformSession(std::shared_ptr<URLSession> session) : session_(std::move(session)) {}
 
     void loadData(LoadDataArguments arguments) override {
-        session_->dataTask(std::move(arguments.fromURLRequest), std::move(arguments.completionHandler))
+        session_
+            ->dataTask(std::move(arguments.fromURLRequest), std::move(arguments.completionHandler),
+                       std::move(arguments.metrics))
             ->resume();
     }
 
     AnyPublisher<Answer> loadDataPublisher(LoadDataPublisherArguments arguments) override {
-        return session_->dataTaskPublisher(std::move(arguments.fromURLRequest)).eraseToAnyPublisher();
+        return session_->dataTaskPublisher(std::move(arguments.fromURLRequest), std::move(arguments.metrics))
+            .eraseToAnyPublisher();
     }
 
     Cancellable start(LoadDataArguments arguments) override {
-        auto task =
-            session_->dataTask(std::move(arguments.fromURLRequest), std::move(arguments.completionHandler));
+        auto task = session_->dataTask(std::move(arguments.fromURLRequest),
+                                       std::move(arguments.completionHandler), std::move(arguments.metrics));
         task->resume();
         return Cancellable([task = std::move(task)] { task->cancel(); });
     }

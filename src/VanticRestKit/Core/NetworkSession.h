@@ -8,6 +8,7 @@
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/http/RequestMetrics.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
 #include <VanticRestKit/platform/http/URLResponse.h>
 #include <VanticRestKit/platform/publisher/AnyPublisher.h>
@@ -36,9 +37,14 @@ public:
     struct LoadDataArguments {
         Required<URLRequest> fromURLRequest;
         Required<Completion> completionHandler;
+        /// Gets a record of each request, before the handler, on its queue. A session that makes none may ignore it.
+        /// Empty: no records are wanted.
+        MetricsReceiver metrics{};
     };
     struct LoadDataPublisherArguments {
         Required<URLRequest> fromURLRequest;
+        /// The same, for the requests of all subscriptions.
+        MetricsReceiver metrics{};
     };
 
     virtual ~NetworkSession();

@@ -88,11 +88,10 @@ public:
     ///
     /// The resource lives on until the load has ended, also when the caller drops it.
     void load(LoadArguments arguments) const {
-        loader_->load({.withDecoder =
-                           [resource = *this](const Data& body) {
-                               return detail::BodyReader{resource.decoder_}.template decode<T>(body);
-                           }},
-                      std::move(arguments.with));
+        loader_->load(
+            {.withDecoder =
+                 [resource = *this](const Data& body) { return resource.reader().template decode<T>(body); }},
+            std::move(arguments.with));
     }
 
     /// A publisher of the value. Each subscription sends the request anew, busy or not; cancel it by dropping
@@ -156,8 +155,8 @@ public:
 
     /// For the forms above: a load that was prepared and not begun.
     std::shared_ptr<detail::PendingCall> prepare(LoadOptions options, Completion completion) const {
-        return std::make_shared<detail::ResourceLoad<T>>(loader_->service(), detail::BodyReader{decoder_},
-                                                         std::move(options), std::move(completion));
+        return std::make_shared<detail::ResourceLoad<T>>(loader_->service(), reader(), std::move(options),
+                                                         std::move(completion));
     }
     /// Whether the calling code occupies the queue on which the loads of this resource deliver.
     bool needsCurrentQueue() const { return loader_->service()->deliveryQueue().isCurrent(); }
@@ -167,6 +166,8 @@ public:
 private:
     Resource(std::shared_ptr<Serviceable> service, JSONDecoder decoder)
         : loader_(Loader<T>::make({.with = std::move(service)})), decoder_(std::move(decoder)) {}
+
+    detail::BodyReader reader() const { return {decoder_, loader_->service()->observation()}; }
 
     static std::optional<Resource> made(std::shared_ptr<Serviceable> service, JSONDecoder decoder) {
         if (!service) return std::nullopt;

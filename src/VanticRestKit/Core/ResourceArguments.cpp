@@ -1,7 +1,9 @@
 #include <VanticRestKit/Core/ResourceArguments.h>
 
 #include <VanticRestKit/Core/Context.h>
+#include <VanticRestKit/Core/detail/ObservedService.h>
 #include <VanticRestKit/Core/NetworkServiceble.h>
+#include <VanticRestKit/Core/ObservableContext.h>
 
 #include <utility>
 
@@ -19,7 +21,17 @@ std::optional<URLRequest> requestFor(const ResourceURI& route, const Context& co
 std::shared_ptr<Serviceable> serviceFor(const ResourceURI& route, const Context& context) {
     std::optional<URLRequest> request = requestFor(route, context);
     if (!request) return nullptr;
-    return context.service({.withURLRequest = *std::move(request)});
+    return serviceFor(*std::move(request), context);
+}
+
+std::shared_ptr<Serviceable> serviceFor(URLRequest request, const Context& context, std::int64_t attempt) {
+    const ObservableContext* const observable = context.asObservable();
+    std::shared_ptr<RequestObserver> observer = observable == nullptr ? nullptr : observable->observer();
+    if (!observer) return context.service({.withURLRequest = std::move(request)});
+    auto observation = std::make_shared<const LoadObservation>(std::move(observer), request, attempt);
+    std::shared_ptr<Serviceable> service = context.service({.withURLRequest = std::move(request)});
+    if (!service) return nullptr;
+    return std::make_shared<ObservedService>(std::move(service), std::move(observation));
 }
 
 std::shared_ptr<Serviceable> serviceFor(URLRequest request) {

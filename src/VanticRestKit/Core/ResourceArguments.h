@@ -11,6 +11,7 @@
 #include <VanticRestKit/platform/url/URL.h>
 #include <VanticRestKit/Visibility.h>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 
@@ -59,6 +60,10 @@ namespace detail {
 /// What the context makes of the route. Empty or null where it makes no request.
 VRK_EXPORT std::optional<URLRequest> requestFor(const ResourceURI& route, const Context& context);
 VRK_EXPORT std::shared_ptr<Serviceable> serviceFor(const ResourceURI& route, const Context& context);
+
+/// What runs `request` for the context, observed if the context is. `attempt` is the number of its first attempt.
+VRK_EXPORT std::shared_ptr<Serviceable> serviceFor(URLRequest request, const Context& context,
+                                                   std::int64_t attempt = 1);
 
 /// A `NetworkServiceble` on the shared session that reports to nobody.
 VRK_EXPORT std::shared_ptr<Serviceable> serviceFor(URLRequest request);

@@ -24,12 +24,15 @@ AnyPublisher<Data> Serviceable::fetch() {
     });
 }
 
+AnyPublisher<Data> Serviceable::publisher(MetricsReceiver) { return fetch(); }
+
 Cancellable Serviceable::start(FetchArguments arguments) {
     auto completion = std::make_shared<Completion>(std::move(arguments.with).value());
-    return fetch().sink([completion](Data body) { (*completion)(std::move(body)); },
-                        [completion](Result<void, Error> end) {
-                            if (!end) (*completion)(Failure(std::move(end).error()));
-                        });
+    return publisher(std::move(arguments.metrics))
+        .sink([completion](Data body) { (*completion)(std::move(body)); },
+              [completion](Result<void, Error> end) {
+                  if (!end) (*completion)(Failure(std::move(end).error()));
+              });
 }
 
 DispatchQueue Serviceable::deliveryQueue() const { return detail::AsyncCall::sharedQueue(); }

@@ -8,6 +8,7 @@
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/http/RequestMetrics.h>
 #include <VanticRestKit/platform/http/URLErrorCode.h>
 #include <VanticRestKit/platform/publisher/AnyPublisher.h>
 #include <VanticRestKit/platform/publisher/Cancellable.h>
@@ -15,6 +16,10 @@
 #include <VanticRestKit/Visibility.h>
 
 namespace VanticRestKit {
+
+namespace detail {
+class LoadObservation;
+}  // namespace detail
 
 /// Runs one request that is already prepared, any number of times. A host may supply its own: one that overrides
 /// `fetch(FetchArguments)` alone serves every form of a load. It overrides `start` too if its requests can be cancelled,
@@ -26,6 +31,9 @@ public:
 
     struct FetchArguments {
         Required<Completion> with;
+        /// Gets a record of each request, before the completion, on its queue. A service that makes none may ignore it;
+        /// one that decorates another hands it on, as `ofAttempt` if it tries again. Empty: no records are wanted.
+        MetricsReceiver metrics{};
     };
 
     virtual ~Serviceable();
@@ -42,6 +50,10 @@ public:
     /// `using Serviceable::fetch;` if this is to be called on its own type, since its override hides it there.
     virtual AnyPublisher<Data> fetch();
 
+    /// What `fetch()` gives, with records of the requests of all its subscriptions for `metrics`, which may be empty. A
+    /// service that does not override this gives its `fetch()` and makes no records.
+    virtual AnyPublisher<Data> publisher(MetricsReceiver metrics);
+
     /// Runs the request once and gives a handle whose `cancel()` or end ends it. The completion is called as that of
     /// `fetch`, but may not be called at all once the request was ended. The loads that can be cancelled start here.
     ///
@@ -55,6 +67,9 @@ public:
     /// The error of a request that was ended with `code`: `URLErrorCode::cancelled` by its caller, or
     /// `URLErrorCode::timedOut` by the deadline of a load. Called once for each, on the queue where the load delivers.
     virtual Error endedEarly(URLErrorCode code) const;
+
+    /// Who is told of what its bodies are decoded to; null if no one is. Of the library's own services.
+    virtual const detail::LoadObservation* observation() const noexcept { return nullptr; }
 
 protected:
     Serviceable() = default;

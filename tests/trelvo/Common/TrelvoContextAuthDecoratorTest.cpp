@@ -1,6 +1,7 @@
 #include <VanticRestKit/kavro/KAVROSegmentsContext.h>
 #include <VanticRestKit/trelvo/Common/TrelvoContextAuthDecorator.h>
 
+#include <Core/RecordingObserver.h>
 #include <trelvo/UserContext.h>
 
 namespace VanticRestKit::test {
@@ -69,6 +70,15 @@ TEST(TrelvoContextAuthDecorator, ChangesNoHeaderWithoutAToken) {
 TEST(TrelvoContextAuthDecorator, TakesATextWithoutCharactersForAToken) {
     EXPECT_EQ(TrelvoContextAuthDecorator(UserContext(), "").HTTPHeaderFields().at("Authorization"),
               "Bearer ");
+}
+
+TEST(TrelvoContextAuthDecorator, IsObservedIfItsContextIs) {
+    const UserContext plain;
+    EXPECT_EQ(TrelvoContextAuthDecorator(plain, "t").asObservable(), nullptr);
+    const Observed<UserContext> observed;
+    EXPECT_EQ(TrelvoContextAuthDecorator(observed, "t").asObservable(), &observed);
+    EXPECT_EQ(TrelvoContextAuthDecorator(TrelvoContextAuthDecorator(observed, "a"), "b").asObservable(),
+              &observed);
 }
 
 TEST(TrelvoContextAuthDecorator, IsItsContextInAllElseButTheLog) {

@@ -35,6 +35,9 @@ public:
     double requestTimeout() const override;
     std::shared_ptr<Serviceable> service(ServiceArguments arguments) const override;
     std::optional<URLRequest> generateURLRequest(URLRequestArguments arguments) const override;
+    const ObservableContext* asObservable() const noexcept override {
+        return decoratedContext_.asObservable();
+    }
 
 private:
     const TrelvoContext& decoratedContext_;

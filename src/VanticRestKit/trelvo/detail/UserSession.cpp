@@ -62,8 +62,8 @@ void UserSession::send(Entry& entry) {
     entry.accessToken = auth_->accessToken;
     entry.wasGood = isTokenGood();
     entry.refusal.reset();
-    entry.call->send(
-        context_->service({.withURLRequest = withToken(*entry.call->requests().data, entry.accessToken)}));
+    entry.call->send(serviceFor(withToken(*entry.call->requests().data, entry.accessToken), *context_,
+                                entry.hasRepeated ? 2 : 1));
 }
 
 bool UserSession::sendsAgain(const UserCall& call, const LoaderError& error) {
@@ -105,8 +105,7 @@ bool UserSession::startRefresh(const UserRequests& requests) {
     if (!built) return false;
     URLRequest request = auth_ ? withToken(*built, auth_->refreshToken) : *built;
     const Resource<TokenResponse> resource(
-        {.withService = context_->service({.withURLRequest = std::move(request)}),
-         .andDecoder = JSONDecoder()});
+        {.withService = serviceFor(std::move(request), *context_), .andDecoder = JSONDecoder()});
     refresh_ = resource.start({.on = queue_},
                               [weak = weak_from_this()](const Result<TokenResponse, LoaderError>& answer) {
                                   if (const std::shared_ptr<UserSession> self = weak.lock())

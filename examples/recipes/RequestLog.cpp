@@ -1,0 +1,54 @@
+// A request log: one line for each request, for each answer that cannot be decoded, and for what was swallowed.
+//   recipe_request_log BASE-URL
+
+#include "Host.h"
+
+#include <VanticRestKit/Core/ObservableContext.h>
+#include <VanticRestKit/Core/RequestObserver.h>
+#include <VanticRestKit/Core/Resource.h>
+#include <VanticRestKit/lumeno/Categories/Category.h>
+#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
+
+#include <cstdio>
+#include <memory>
+
+using namespace VanticRestKit;
+
+class RequestLog final : public RequestObserver {
+public:
+    RequestLog() : RequestObserver({.explainedShare = 0.01}) {}
+
+private:
+    void requestEnded(const RequestMetrics& request) override {
+        std::printf(
+            "%s %s %lld %lld us, %lld bytes, %s\n", request.method.c_str(), request.url.c_str(),
+            static_cast<long long>(request.error ? request.error->code() : request.status.value_or(0)),
+            static_cast<long long>(request.total.count()), static_cast<long long>(request.bodyBytesReceived),
+            nameOf(request.source));
+    }
+    void decodingFailed(const DecodingFailure& failure) override {
+        std::printf("%s is no %s: %s\n", failure.url.c_str(), failure.typeName.c_str(),
+                    failure.error.localizedDescription().c_str());
+    }
+    void documentExplained(const ExplainedDocument& document) override {
+        std::printf("%s: %zu faults swallowed\n", document.url.c_str(), document.faults.size());
+    }
+};
+
+class LoggingHost final : public recipes::Host, public ObservableContext {
+public:
+    explicit LoggingHost(const recipes::Host& host) : Host(host) {}
+    std::shared_ptr<RequestObserver> observer() const override { return log_; }
+
+private:
+    std::shared_ptr<RequestLog> log_ = std::make_shared<RequestLog>();
+};
+
+int main(int argc, char** argv) {
+    const auto host = recipes::Host::of(argc, argv);
+    if (!host) return 2;
+    const LoggingHost logging(*host);
+    const bool hasTime = Endpoint::Time(logging)->wait().has_value();
+    const bool hasHome = Endpoint::Home(logging)->wait().has_value();
+    return hasTime && hasHome ? 0 : 1;
+}

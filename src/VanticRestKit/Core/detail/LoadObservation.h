@@ -1,0 +1,41 @@
+#pragma once
+
+/// \file
+/// `LoadObservation`: who is told of the loads of one request, and how much.
+
+#include <VanticRestKit/Core/RequestObserver.h>
+#include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/http/RequestMetrics.h>
+#include <VanticRestKit/platform/http/URLRequest.h>
+#include <VanticRestKit/platform/json/Diagnosis.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace VanticRestKit::detail {
+
+/// The observer of one request, with what it is told redacted as it asks. Immutable; any thread may call.
+class LoadObservation {
+public:
+    /// `observer` must not be null. `firstAttempt` is the number of the first attempt that is made of the request.
+    LoadObservation(std::shared_ptr<RequestObserver> observer, URLRequest request, std::int64_t firstAttempt);
+
+    const URLRequest& request() const noexcept { return request_; }
+
+    void requestEnded(RequestMetrics record) const;
+    /// `error` is null if the body was decoded. `explain` lists what was swallowed.
+    void decoded(const Data& body, const Error* error, std::string_view typeName,
+                 Diagnosis (*explain)(const Data&)) const;
+
+private:
+    std::string shown(const std::string& address) const;
+    void failed(const Data& body, const Error& error, std::string_view typeName) const;
+
+    const std::shared_ptr<RequestObserver> observer_;
+    const URLRequest request_;
+    const std::int64_t firstAttempt_;
+};
+
+}  // namespace VanticRestKit::detail

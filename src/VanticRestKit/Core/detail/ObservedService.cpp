@@ -1,0 +1,107 @@
+#include <VanticRestKit/Core/detail/ObservedService.h>
+
+#include <VanticRestKit/Core/NetworkError.h>
+#include <VanticRestKit/platform/http/detail/RecordOf.h>
+#include <VanticRestKit/platform/http/HTTPURLResponse.h>
+
+#include <atomic>
+#include <chrono>
+#include <utility>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+/// Passes records on, and makes one of an answer if none was passed.
+class Records {
+public:
+    Records(std::shared_ptr<const LoadObservation> observation, MetricsReceiver alsoTo)
+        : observation_(std::move(observation)), alsoTo_(std::move(alsoTo)) {}
+
+    void pass(const RequestMetrics& record) {
+        hasPassed_.store(true);
+        tell(record);
+    }
+
+    void answered(const Result<Data, Error>& body, std::chrono::steady_clock::time_point begun) const {
+        if (hasPassed_.load()) return;
+        Outcome outcome;
+        if (body) outcome.data = *body;
+        RequestMetrics record = recordOf(observation_->request(), outcome);
+        if (!body) describe(body.error(), record);
+        record.total = sinceStart(begun);
+        tell(record);
+    }
+
+private:
+    static void describe(const Error& error, RequestMetrics& record) {
+        const auto* const failure = error.as<NetworkError>();
+        if (failure == nullptr) {
+            record.error = error;
+            return;
+        }
+        if (failure->response()) record.status = failure->response()->statusCode();
+        if (failure->underlyingError()) record.error = *failure->underlyingError();
+        if (!record.status && !record.error) record.error = error;
+    }
+
+    void tell(const RequestMetrics& record) const {
+        if (alsoTo_) alsoTo_(record);
+        observation_->requestEnded(record);
+    }
+
+    const std::shared_ptr<const LoadObservation> observation_;
+    const MetricsReceiver alsoTo_;
+    std::atomic<bool> hasPassed_{false};
+};
+
+MetricsReceiver receiverOf(const std::shared_ptr<Records>& records) {
+    return [records](const RequestMetrics& record) { records->pass(record); };
+}
+
+}  // namespace
+
+ObservedService::ObservedService(std::shared_ptr<Serviceable> inner,
+                                 std::shared_ptr<const LoadObservation> observation)
+    : inner_(std::move(inner)), observation_(std::move(observation)) {}
+
+ObservedService::~ObservedService() = default;
+
+Serviceable::FetchArguments ObservedService::observed(FetchArguments arguments) const {
+    auto records = std::make_shared<Records>(observation_, std::move(arguments.metrics));
+    MetricsReceiver receiver = receiverOf(records);
+    auto answered = [records = std::move(records), begun = std::chrono::steady_clock::now(),
+                     completion = std::move(arguments.with).value()](Result<Data, Error> body) mutable {
+        records->answered(body, begun);
+        completion(std::move(body));
+    };
+    return {.with = std::move(answered), .metrics = std::move(receiver)};
+}
+
+void ObservedService::fetch(FetchArguments arguments) { inner_->fetch(observed(std::move(arguments))); }
+
+Cancellable ObservedService::start(FetchArguments arguments) {
+    return inner_->start(observed(std::move(arguments)));
+}
+
+AnyPublisher<Data> ObservedService::fetch() { return publisher({}); }
+
+AnyPublisher<Data> ObservedService::publisher(MetricsReceiver metrics) {
+    const auto records = std::make_shared<Records>(observation_, std::move(metrics));
+    return AnyPublisher<Data>::create([records, bodies = inner_->publisher(receiverOf(records))](
+                                          const Subscriber<Data, Error>& subscriber) {
+        const auto begun = std::chrono::steady_clock::now();
+        return bodies
+            .map([records, begun](Data body) {
+                records->answered(body, begun);
+                return body;
+            })
+            .mapError([records, begun](Error error) {
+                records->answered(Failure(error), begun);
+                return error;
+            })
+            .subscribe(subscriber);
+    });
+}
+
+}  // namespace VanticRestKit::detail

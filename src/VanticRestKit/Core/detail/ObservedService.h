@@ -1,0 +1,36 @@
+#pragma once
+
+/// \file
+/// `ObservedService`: a service whose requests are observed.
+
+#include <VanticRestKit/Core/detail/LoadObservation.h>
+#include <VanticRestKit/Core/Serviceable.h>
+
+#include <memory>
+
+namespace VanticRestKit::detail {
+
+/// Runs the requests of another service and tells the observer of each. A service that makes no records gets some from
+/// what its answers say.
+class ObservedService final : public Serviceable {
+public:
+    /// Neither may be null.
+    ObservedService(std::shared_ptr<Serviceable> inner, std::shared_ptr<const LoadObservation> observation);
+    ~ObservedService() override;
+
+    void fetch(FetchArguments arguments) override;
+    AnyPublisher<Data> fetch() override;
+    AnyPublisher<Data> publisher(MetricsReceiver metrics) override;
+    [[nodiscard]] Cancellable start(FetchArguments arguments) override;
+    DispatchQueue deliveryQueue() const override { return inner_->deliveryQueue(); }
+    Error endedEarly(URLErrorCode code) const override { return inner_->endedEarly(code); }
+    const LoadObservation* observation() const noexcept override { return observation_.get(); }
+
+private:
+    FetchArguments observed(FetchArguments arguments) const;
+
+    const std::shared_ptr<Serviceable> inner_;
+    const std::shared_ptr<const LoadObservation> observation_;
+};
+
+}  // namespace VanticRestKit::detail

@@ -1,0 +1,70 @@
+#pragma once
+
+/// \file
+/// An observer that keeps what it is told.
+
+#include <VanticRestKit/Core/ObservableContext.h>
+#include <VanticRestKit/Core/RequestObserver.h>
+
+#include <support/Event.h>
+
+#include <memory>
+#include <mutex>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace VanticRestKit::test {
+
+class RecordingObserver final : public RequestObserver {
+public:
+    explicit RecordingObserver(ObserverOptions options = {}) : RequestObserver(std::move(options)) {}
+
+    void requestEnded(const RequestMetrics& metrics) override { keep(requests_, metrics, requestsChanged); }
+    void decodingFailed(const DecodingFailure& failure) override {
+        keep(failures_, failure, failuresChanged);
+    }
+    void documentExplained(const ExplainedDocument& document) override {
+        keep(documents_, document, documentsChanged);
+    }
+
+    std::vector<RequestMetrics> requests() const { return copy(requests_); }
+    std::vector<DecodingFailure> failures() const { return copy(failures_); }
+    std::vector<ExplainedDocument> documents() const { return copy(documents_); }
+
+    const Event requestsChanged;
+    const Event failuresChanged;
+    const Event documentsChanged;
+
+private:
+    template <class T>
+    void keep(std::vector<T>& all, const T& one, const Event& changed) {
+        {
+            const std::lock_guard lock(mutex_);
+            all.push_back(one);
+        }
+        changed.signal();
+    }
+    template <class T>
+    std::vector<T> copy(const std::vector<T>& all) const {
+        const std::lock_guard lock(mutex_);
+        return all;
+    }
+
+    mutable std::mutex mutex_;
+    std::vector<RequestMetrics> requests_;
+    std::vector<DecodingFailure> failures_;
+    std::vector<ExplainedDocument> documents_;
+};
+
+/// `Base`, a context of the tests, with an observer.
+template <class Base>
+class Observed final : public Base, public ObservableContext {
+public:
+    using Base::Base;
+    std::shared_ptr<RequestObserver> observer() const override { return recorder; }
+
+    std::shared_ptr<RecordingObserver> recorder = std::make_shared<RecordingObserver>();
+};
+
+}  // namespace VanticRestKit::test
