@@ -12,6 +12,8 @@
 #include <VanticRestKit/Core/Context.h>
 #include <VanticRestKit/Core/NetworkActivityCounter.h>
 #include <VanticRestKit/Core/NetworkServiceble.h>
+#include <VanticRestKit/Core/ObservableContext.h>
+#include <VanticRestKit/Core/RequestObserver.h>
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/platform/http/URLSession.h>
 
@@ -93,12 +95,48 @@ struct Detached {
     };
 };
 
+class SessionContext : public virtual Context {
+public:
+    explicit SessionContext(std::shared_ptr<URLSession> session)
+        : session_(networkSession(std::move(session))) {}
+    URL baseURL() const override { return URL::make("http://127.0.0.1").value(); }
+    std::shared_ptr<Serviceable> service(ServiceArguments arguments) const override {
+        return NetworkServiceble::make(
+            {.with = std::move(arguments.withURLRequest), .and_ = session_, .logError = LogError()});
+    }
+
+private:
+    std::shared_ptr<NetworkSession> session_;
+};
+
+class CountingObserver final : public RequestObserver {
+    void requestEnded(const RequestMetrics& request) override { bytes_ += request.bodyBytesReceived; }
+
+    std::atomic<std::int64_t> bytes_ = 0;
+};
+
+class ObservedContext final : public SessionContext, public ObservableContext {
+public:
+    using SessionContext::SessionContext;
+    std::shared_ptr<RequestObserver> observer() const override { return observer_; }
+
+private:
+    std::shared_ptr<RequestObserver> observer_ = std::make_shared<CountingObserver>();
+};
+
 /// Loads of resources, each made for one load, a number of them at a time. Never destroyed: what the last
 /// completion does may still be going on when the waiting is over.
 class Loads {
 public:
-    Loads(std::shared_ptr<URLSession> session, const std::string& address, Form form = Form::plain)
-        : session_(networkSession(std::move(session))), request_(requestOf(address)), form_(form) {}
+    Loads(const std::shared_ptr<URLSession>& session, const std::string& address, Form form = Form::plain)
+        : Loads(std::make_shared<SessionContext>(session), address, false, form) {}
+    /// `asksForObserver`: whether the library makes the service for the context, or the context alone does.
+    Loads(std::shared_ptr<Context> context, const std::string& address, bool asksForObserver,
+          Form form = Form::plain)
+        : context_(std::move(context)),
+          asksForObserver_(asksForObserver),
+          request_(requestOf(address)),
+          form_(form) {}
 
     void begin(std::size_t count, std::size_t atOnce) {
         toStart_ = static_cast<long>(count);
@@ -115,8 +153,9 @@ public:
 private:
     void startNext() {
         if (toStart_.fetch_sub(1) <= 0) return;
-        const Resource<Texts> resource({.withService = NetworkServiceble::make(
-                                            {.with = request_, .and_ = session_, .logError = LogError()}),
+        const Resource<Texts> resource({.withService = asksForObserver_
+                                                           ? detail::serviceFor(request_, *context_)
+                                                           : context_->service({.withURLRequest = request_}),
                                         .andDecoder = JSONDecoder()});
         if (form_ == Form::awaited) {
             await(resource);
@@ -139,7 +178,8 @@ private:
         if (toEnd_.fetch_sub(1) == 1) allEnded_.release();
     }
 
-    std::shared_ptr<NetworkSession> session_;
+    std::shared_ptr<Context> context_;
+    bool asksForObserver_;
     URLRequest request_;
     Form form_;
     std::atomic<long> toStart_ = 0;
@@ -211,6 +251,24 @@ void compareForms(const std::string& address, std::size_t count, std::size_t rou
     }
     report("awaited load, processor time to a plain load's", figure(least / leastPlain), "", "1.02",
            "median " + figure(processor.ratio()));
+}
+
+/// Loads of a service that a context made, of one that the library had made for it, and of one that is observed.
+void compareObservers(const std::string& address, std::size_t count, std::size_t rounds) {
+    const auto plain = std::make_shared<SessionContext>(URLSession::make({}));
+    const auto observed = std::make_shared<ObservedContext>(URLSession::make({}));
+    Loads& service = *new Loads(plain, address, false);
+    Loads& absent = *new Loads(plain, address, true);
+    Loads& present = *new Loads(observed, address, true);
+    const auto times = interleaved(rounds, {{"service", [&] { service.run(count, 1); }},
+                                            {"absent", [&] { absent.run(count, 1); }},
+                                            {"present", [&] { present.run(count, 1); }}});
+    const auto row = [&](const std::string& name, const Times& own, const char* budget) {
+        report(name + ", processor time to one of a service alone", figure(own.ratio(), 3), budget, "",
+               "of the least times " + figure(own.least() / times[0].least(), 3));
+    };
+    row("load of a context without an observer", times[1], "1.01");
+    row("load of a context with an observer", times[2], "");
 }
 
 class BenchContext : public Context {
@@ -315,6 +373,9 @@ int main(int count, char** arguments) {
     const std::string http1Address = addressOf(server, "/sample");
     const std::string http2Address = "https://127.0.0.1:" + std::to_string(http2.port()) + "/sample";
     if (only.empty()) compareForms(http1Address, loads, rounds);
+    if (std::string_view("observer").find(only) != std::string_view::npos) {
+        compareObservers(http1Address, loads, rounds);
+    }
     const auto compared = [&](const Way& way, const RawLoads::Settings& settings,
                               const URLSessionConfiguration& configuration) {
         if (way.name.find(only) == std::string::npos) return;

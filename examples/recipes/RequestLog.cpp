@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
     const auto host = recipes::Host::of(argc, argv);
     if (!host) return 2;
     const LoggingHost logging(*host);
-    const bool hasTime = Endpoint::Time(logging)->wait().has_value();
-    const bool hasHome = Endpoint::Home(logging)->wait().has_value();
-    return hasTime && hasHome ? 0 : 1;
+    const Result<double, LoaderError> time = Endpoint::Time(logging)->wait();
+    const Result<Category, LoaderError> home = Endpoint::Home(logging)->wait();
+    return time && home ? 0 : 1;
 }
