@@ -26,6 +26,7 @@
 #include <VanticRestKit/platform/error/ErrorCategory.h>
 #include <VanticRestKit/platform/error/NSError.h>
 #include <VanticRestKit/platform/host/HostInformation.h>
+#include <VanticRestKit/platform/http/cache/DiskCacheErrorCode.h>
 #include <VanticRestKit/platform/http/cookies/HTTPCookie.h>
 #include <VanticRestKit/platform/http/cookies/HTTPCookieStorage.h>
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
