@@ -1,5 +1,6 @@
-// What loads cost, as ratios to libcurl's multi interface in the same run; what a resource costs to make; and
-// what ten thousand loads in flight take. The servers are processes of their own: their work is not counted.
+// What loads cost, as ratios to libcurl's multi interface in the same run; what a resource costs to make; what ten
+// thousand loads in flight take; and whether loads to many origins cost more each. The servers are processes of
+// their own: their work is not counted.
 //   load_bench [--quick] [--only TEXT]    TEXT: of the ways of loading those whose names have it in them
 
 #include "../support/Measure.h"
