@@ -206,6 +206,7 @@ TEST(AnAttempt, HoldsWhatDecodesWhateverItsRow) {
 TEST(AnAttempt, TellsWhatItSwallowed) {
     EXPECT_EQ(test::faultText<Kinds>(R"({"optional":1,"list":["e",2]})"),
               "/optional lenient: String, number, empty\n/list/1 lenient: String, number, empty\n");
+    EXPECT_EQ(test::faultText<Kinds>(R"({"optional":null,"lenient":null,"defaulted":null,"list":null})"), "");
 }
 
 }  // namespace

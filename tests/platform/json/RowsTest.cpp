@@ -47,6 +47,25 @@ struct Clock {
     std::optional<Mood> perhaps{};
 };
 
+/// Fields whose reader sets them also if it refuses the text.
+struct Moody {
+    Mood plain{};
+    Mood withDefault{};
+    std::optional<Mood> filled = Mood::odd;
+    std::optional<Mood> empty{};
+};
+
+bool setAndJudge(std::string_view text, Mood& mood) {
+    mood = Mood::loud;
+    return text == "good";
+}
+
+struct Station {
+    std::string name{};
+    std::string city{};
+    std::optional<std::string> district{};
+};
+
 }  // namespace
 
 template <>
@@ -90,6 +109,32 @@ const TypePlan& planOf<Clock>() {
         required<&Clock::id, decimalOrText>("id"),
         required<&Clock::strict, fromRawOr<Mood::odd>>("strict"),
         optional<&Clock::perhaps>("perhaps"));
+    // clang-format on
+    return plan;
+}
+
+template <>
+const TypePlan& planOf<Moody>() {
+    using namespace mapping;
+    // clang-format off
+    static const TypePlan& plan = object<Moody>(
+        lenient<&Moody::plain, setAndJudge>("plain"),
+        lenientOr<&Moody::withDefault, Mood::odd, setAndJudge>("withDefault"),
+        lenient<&Moody::filled, setAndJudge>("filled"),
+        lenient<&Moody::empty, setAndJudge>("empty"));
+    // clang-format on
+    return plan;
+}
+
+template <>
+const TypePlan& planOf<Station>() {
+    using namespace mapping;
+    // clang-format off
+    static const TypePlan& plan = object<Station>(
+        required<&Station::name>("name"),
+        lenientObject("place",
+            required<&Station::city>("city"),
+            optional<&Station::district>("district")));
     // clang-format on
     return plan;
 }
@@ -220,6 +265,22 @@ TEST(AReader, OfADateReadsItInTheZoneOfTheDevice) {
               R"({"start":"2020-01-01T17:04:05Z","id":"i","strict":"calm","perhaps":null})");
     EXPECT_EQ(shown<Clock>(R"({"id":"i","strict":"calm","start":"2020-01-02T03:04:05Z"})"),
               R"({"start":null,"id":"i","strict":"calm","perhaps":null})");
+}
+
+TEST(ALenientRow, LeavesItsDefaultIfTheReaderSetsTheFieldAndRefusesTheText) {
+    EXPECT_EQ(shown<Moody>(R"({"plain":"good","withDefault":"good","filled":"good","empty":"good"})"),
+              R"({"plain":"loud","withDefault":"loud","filled":"loud","empty":"loud"})");
+    EXPECT_EQ(shown<Moody>(R"({"plain":"bad","withDefault":"bad","filled":"bad","empty":"bad"})"),
+              shown<Moody>("{}"));
+}
+
+TEST(ALenientObject, IsLeftOutIfItCannotBeOpenedWhateverFailedInsideItBefore) {
+    const std::string unnamed = R"({"name":"n","city":"","district":null})";
+    EXPECT_EQ(failureOf<Station>(R"({"name":"n","place":{"city":1}})"), R"(typeMismatch ["place","city"])");
+    for (const char* const inside : {R"("city":1,"\ud800":2)", R"("\ud800":2,"city":1)", R"("\ud800":2)",
+                                     R"("city":"c","district":1,"\ud800":2)"}) {
+        EXPECT_EQ(shown<Station>(std::string(R"({"name":"n","place":{)") + inside + "}}"), unnamed) << inside;
+    }
 }
 
 }  // namespace

@@ -87,6 +87,13 @@ inline bool plainUnsigned(std::uint64_t& number, const char*& at) noexcept {
     return true;
 }
 
+/// Whether a value of this kind that does not fit may have changed its field: a dictionary is filled member by member,
+/// and the function of a host that reads a value may set the field before it refuses the value.
+inline bool mayBeSet(ValueKind kind) noexcept {
+    return kind == ValueKind::dictionary || kind == ValueKind::convertedText ||
+           kind == ValueKind::convertedNumber;
+}
+
 inline bool plainBoolean(bool& truth, const char*& at) noexcept {
     if (std::memcmp(at, "true", 4) == 0) {
         truth = true;
@@ -274,11 +281,8 @@ bool FastEngine::unfit(Frame& top, const FieldPlan& field) {
         field.presence == Presence::lenient || (isNull && field.presence != Presence::required);
     if (!isSwallowed) {
         top.hasFailed = true;
-    } else if (field.kind == ValueKind::dictionary) {
-        // Of all unfit values only a dictionary may have been filled in part.
+    } else if (!isNull && mayBeSet(field.kind)) {
         resetField(field, top.target + field.offset);
-    } else if (field.setDefault != nullptr) {
-        field.setDefault(top.target + field.offset);
     }
     return skip();
 }
