@@ -302,6 +302,24 @@ TEST(PoolPause, HoldsBackWhatIsPostedWhileABlockOfTheQueueStillRuns) {
     EXPECT_FALSE(ranEarly);
 }
 
+TEST(PoolPause, EndsWithTheLastOfSeveral) {
+    const DispatchQueue queue("test");
+    const Event ran;
+    {
+        const detail::PoolPause outer;
+        { const detail::PoolPause inner; }
+        queue.async([ran] { ran.signal(); });
+        // A queue with a thread of its own goes on, and gives the pool time to do wrong.
+        const Event passed;
+        const auto own = DispatchQueue::withOwnThread("own");
+        for (int i = 0; i < 1000; ++i) own.async([passed] { passed.signal(); });
+        ASSERT_TRUE(passed.wait(1000));
+        EXPECT_TRUE(detail::Pool::shared().isPaused());
+        EXPECT_EQ(ran.count(), 0);
+    }
+    EXPECT_TRUE(ran.wait());
+}
+
 TEST(DispatchQueue, StandsManyQueuesThatPostToEachOther) {
     constexpr std::size_t count = 200;
     constexpr int hops = 200;

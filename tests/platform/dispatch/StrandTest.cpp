@@ -1,9 +1,13 @@
+#include <VanticRestKit/platform/dispatch/detail/Probes.h>
 #include <VanticRestKit/platform/dispatch/detail/Strand.h>
 
 #include <gtest/gtest.h>
 #include <support/Event.h>
 
+#include <algorithm>
+#include <atomic>
 #include <memory>
+#include <thread>
 #include <vector>
 
 using namespace VanticRestKit;
@@ -36,4 +40,61 @@ TEST(UnhurriedBlock, IsDroppedWithAQueueThatNothingFollowedOn) {
     strand->postUnhurried([held] {});
     strand.reset();
     EXPECT_EQ(held.use_count(), 1);
+}
+
+TEST(UnhurriedBlock, WaitsAgainAfterItsKindHasHadATurn) {
+    auto strand = std::make_shared<detail::Strand>("test");
+    const Event done;
+    for (int i = 0; i < 31; ++i) strand->postUnhurried([] {});
+    strand->post([] {});
+    strand->post([done] { done.signal(); });
+    ASSERT_TRUE(done.wait());
+    // Once the turn is over, only this test holds the strand.
+    while (strand.use_count() > 1) std::this_thread::yield();
+    const detail::PoolPause pause;
+    strand->postUnhurried([] {});
+    EXPECT_EQ(strand.use_count(), 1) << "the pool holds it";
+}
+
+namespace {
+
+/// How many of a hundred blocks of one strand have run when the only block of another one runs, which stood behind it in
+/// the line of a pool with one free thread.
+int blocksBeforeTheOtherStrand() {
+    std::vector<std::shared_ptr<detail::Strand>> blockers;
+    const Event started, goOn, done;
+    for (std::size_t i = 1; i < detail::PoolProbe::limit(); ++i) {
+        blockers.push_back(std::make_shared<detail::Strand>("blocker"));
+        blockers.back()->post([=] {
+            started.signal();
+            EXPECT_TRUE(goOn.wait());
+        });
+    }
+    EXPECT_TRUE(started.wait(static_cast<int>(blockers.size())));
+    constexpr int count = 100;
+    std::atomic<int> runs = 0;
+    std::atomic<int> seen = 0;
+    const auto busy = std::make_shared<detail::Strand>("busy");
+    const auto other = std::make_shared<detail::Strand>("other");
+    {
+        const detail::PoolPause pause;
+        for (int i = 0; i < count; ++i) busy->post([&runs] { ++runs; });
+        other->post([&seen, &runs, done] {
+            seen = runs.load();
+            done.signal();
+        });
+        busy->post([done] { done.signal(); });
+    }
+    EXPECT_TRUE(done.wait(2));
+    goOn.signal();
+    return seen;
+}
+
+}  // namespace
+
+TEST(Strand, LetsTheOthersHaveTheirTurnAfterSomeBlocks) {
+    // More than one try: if the machine is busy, the pool has more than one free thread at times.
+    int least = 100;
+    for (int i = 0; i < 20 && least > 32; ++i) least = std::min(least, blocksBeforeTheOtherStrand());
+    EXPECT_LE(least, 32);
 }
