@@ -39,6 +39,15 @@ struct Record {
     std::string code = "-";
 };
 
+/// A list of things with defaults of their own, in something with a field that is derived.
+struct Book {
+    std::string title = "a title that is too long to be held without an allocation";
+};
+struct Shelf {
+    std::vector<Book> books{};
+    std::optional<std::string> label{};
+};
+
 template <>
 struct RawTexts<Format> {
     static constexpr RawCase<Format> cases[] = {{Format::vinyl, "vinyl", "v"}, {Format::tape, "tape", "t"}};
@@ -80,6 +89,22 @@ const TypePlan& planOf<Record>() {
         optional<&Record::note>("note"),
         defaulted<&Record::code, decimalOrText>("code"));
     // clang-format on
+    return plan;
+}
+
+template <>
+const TypePlan& planOf<Book>() {
+    static const TypePlan& plan = mapping::object<Book>(mapping::lenient<&Book::title>("title"));
+    return plan;
+}
+
+void labelByCount(Shelf& shelf) { shelf.label = std::to_string(shelf.books.size()); }
+
+template <>
+const TypePlan& planOf<Shelf>() {
+    using namespace mapping;
+    static const TypePlan& plan =
+        object<Shelf>(lenient<&Shelf::books>("books"), derived<&Shelf::label, labelByCount>("label"));
     return plan;
 }
 
@@ -238,6 +263,19 @@ TEST(ADecodingError, SaysForDevelopersWhatWasExpectedAndFound) {
     EXPECT_EQ(description(R"({"title":"\x"})"), "The string cannot be read as String.");
     EXPECT_EQ(description("{\"title\":"), "The document is not valid JSON.");
     EXPECT_EQ(description(R"({"title":"t","\x":1})"), "The object has a key that cannot be read.");
+}
+
+TEST(Explaining, LooksAtTheFieldsOfAnElementNoMoreOnceTheListMayHaveMovedIt) {
+    constexpr std::size_t count = 40;
+    std::string books;
+    std::string expected;
+    for (std::size_t i = 0; i < count; ++i) {
+        books += i == 0 ? R"({"title":1})" : R"(,{"title":1})";
+        expected +=
+            "/books/" + std::to_string(i) + "/title lenient: String, number, \"" + Book().title + "\"\n";
+    }
+    EXPECT_EQ(faultsOf(diagnose<Shelf>(Data(R"({"label":2,"books":[)" + books + "]}"))),
+              expected + "/label lenient: String, number, \"40\"\n");
 }
 
 TEST(ADecodingError, HasThePlatformsSentenceCodeAndDomain) {

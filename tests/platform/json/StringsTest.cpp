@@ -135,6 +135,8 @@ TEST(AText, MayNotHoldAFaultAtAnyPlace) {
         "\\ud800",
         "\\udc00",
         "\\ud800\\u0041",
+        "\\ud800\\bdc00",
+        "\\ud800xudc00",
         "\x01",
         "\x1f",
         "\n",
