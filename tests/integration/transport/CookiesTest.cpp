@@ -206,3 +206,25 @@ TEST(Cookies, ThatAreSecureAreSetAndSentOverHttpsOnly) {
     load(*session, plain.url());
     EXPECT_FALSE(plain.requests().back().has("cookie"));
 }
+
+TEST(Cookies, AreNotTakenFromAProxyThatOpensATunnel) {
+    const CertificateAuthority root;
+    const TemporaryFile bundle(root.pem());
+    const Identity identity = root.issue();
+    FaultServer server(always(answer(404, "secure", "Set-Cookie: server=1\r\n")), &identity);
+    FaultServer proxy([&server](FaultConnection& connection) {
+        if (!connection.readRequest()) return;
+        if (connection.send("HTTP/1.1 200 Connection established\r\nSet-Cookie: proxy=1\r\n\r\n")) {
+            connection.relayTo(server.port());
+        }
+    });
+    URLSessionConfiguration configuration;
+    configuration.caBundlePath = bundle.path();
+    configuration.proxy = URLSessionProxy{.url = proxy.url("")};
+    const auto session = sessionWith(configuration);
+    const Loaded loaded = load(*session, server.url());
+    EXPECT_EQ(loaded.status(), 404) << loaded.story();
+    const auto cookies = session->configuration().httpCookieStorage->cookies();
+    ASSERT_EQ(cookies.size(), 1U);
+    EXPECT_EQ(cookies[0].name, "server");
+}

@@ -57,6 +57,8 @@ void setSessionOptions(Options& options, const URLSessionConfiguration& configur
 
 void setProxy(Options& options, const URLSessionProxy& proxy, bool goesThrough) {
     options.set(CURLOPT_PROXY, goesThrough ? proxy.url.c_str() : "");
+    // What the proxy says about a tunnel is not the answer of the server.
+    options.set(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     if (!goesThrough || !proxy.user) return;
     options.set(CURLOPT_PROXYUSERNAME, proxy.user->c_str());
     options.set(CURLOPT_PROXYPASSWORD, proxy.password.value_or("").c_str());
