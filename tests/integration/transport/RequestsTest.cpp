@@ -222,15 +222,6 @@ TEST(Requests, NoProxyOfTheEnvironmentCounts) {
     for (const char* name : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"}) unsetenv(name);
 }
 
-TEST(Requests, NoCookieIsKept) {
-    FaultServer server(always(answer(200, "", "Set-Cookie: a=b\r\n")));
-    const auto session = makeSession();
-    load(*session, server.url());
-    load(*session, server.url());
-    ASSERT_EQ(server.requests().size(), 2U);
-    EXPECT_FALSE(server.requests()[1].has("cookie"));
-}
-
 TEST(Requests, ARequestThatCannotBeSentFailsOnTheDelegateQueueAndNotAtOnce) {
     const auto session = makeSession();
     URLRequest withoutURL = requestOf("http://127.0.0.1/");
