@@ -288,7 +288,9 @@ int CacheDatabase::evictBatch(std::uint64_t excess, bool& isEmpty) {
 int CacheDatabase::shrink() {
     constexpr std::int64_t always = 256;
     constexpr std::int64_t atOnce = 1024;
-    for (;;) {
+    // Calls wait meanwhile. What is left is given back after the next changes.
+    constexpr int steps = 8;
+    for (int step = 0; step < steps; ++step) {
         std::int64_t used = 0;
         std::int64_t free = 0;
         if (const int result = pages(used, free); result != SQLITE_OK) return result;
@@ -302,6 +304,7 @@ int CacheDatabase::shrink() {
         // Another process may use what this one gives back.
         if (freeAfter >= free) return SQLITE_OK;
     }
+    return SQLITE_OK;
 }
 
 void CacheDatabase::checkpoint() noexcept { connection_.execute("PRAGMA wal_checkpoint(RESTART)"); }

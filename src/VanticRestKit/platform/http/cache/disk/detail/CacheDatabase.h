@@ -62,7 +62,7 @@ public:
 
     /// Removes records, those used least recently first, until they take no more than `capacity`.
     int evictTo(std::uint64_t capacity);
-    /// Gives free pages back to the file system if there are many.
+    /// Gives free pages back to the file system if there are many, some megabytes at a time.
     int shrink();
     /// Has the log written into the file, so that its space can be used again.
     void checkpoint() noexcept;

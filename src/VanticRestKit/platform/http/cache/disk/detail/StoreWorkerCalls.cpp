@@ -74,6 +74,11 @@ void StoreWorker::write(std::span<StoreCall> calls) {
             return;
         }
         if (handleDamage(result) || folder_.identity() != identity_) continue;
+        if ((result & 0xff) == SQLITE_FULL && calls.size() > 1) {
+            // Some may need no space, or find enough of it.
+            for (StoreCall& call : calls) write({&call, 1});
+            return;
+        }
         reportFault(result);
         break;
     }
