@@ -1,20 +1,32 @@
 #!/usr/bin/env python3
-"""The README shows the smallest host as it is compiled and run, and names commands that exist.   readme.py TOP"""
+"""README and guides quote code that is compiled and run, and name commands that exist.   readme.py TOP
+
+The README shows the smallest host whole. Every other block of C++ is a part of an example, indented less at most.
+"""
 
 import pathlib
 import re
 import sys
+import textwrap
+
+CPP = re.compile(r"```cpp\n(.*?\n)```", re.DOTALL)
+
+
+def is_quoted_from(block, source):
+    """Whether the lines of the block stand in the source, one after another, with one indentation more or none."""
+    return any("\n" + textwrap.indent(block, " " * depth) in "\n" + source for depth in (0, 4, 8))
 
 
 def faults(top):
     readme = (top / "README.md").read_text(encoding="utf-8")
-    source = (top / "examples/first-load/main.cpp").read_text(encoding="utf-8")
-    blocks = re.findall(r"```cpp\n(.*?)```", readme, re.DOTALL)
-    if not blocks:
-        yield "README.md shows no host"
-    for block in blocks:
-        if block != source:
-            yield "README.md shows another host than examples/first-load/main.cpp:\n" + block
+    smallest = (top / "examples/first-load/main.cpp").read_text(encoding="utf-8")
+    sources = [path.read_text(encoding="utf-8") for path in sorted((top / "examples").rglob("*.cpp"))]
+    if smallest not in CPP.findall(readme):
+        yield "README.md does not show examples/first-load/main.cpp"
+    for guide in [top / "README.md", *sorted((top / "docs").glob("*.md"))]:
+        for block in CPP.findall(guide.read_text(encoding="utf-8")):
+            if not any(is_quoted_from(block, source) for source in sources):
+                yield f"{guide.relative_to(top)} shows what stands in no example:\n" + block
     for command in re.findall(r"`\.?/?((?:scripts|examples|apps|bench|docs)/[\w./-]*)", readme):
         if not (top / command).exists():
             yield f"README.md names {command}, which does not exist"

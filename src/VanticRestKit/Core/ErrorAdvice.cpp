@@ -63,7 +63,7 @@ std::string_view sentenceOf(ErrorCategory category) noexcept {
         case ErrorCategory::wrongUse: return "The app made a mistake. Updating it may help.";
         case ErrorCategory::unknown: break;
     }
-    return "Something went wrong. Please try again.";
+    return "Something went wrong.";
 }
 
 }  // namespace VanticRestKit
