@@ -6,13 +6,15 @@
 #include <VanticRestKit/Core/ObservableContext.h>
 #include <VanticRestKit/Core/RequestObserver.h>
 #include <VanticRestKit/Core/Resource.h>
-#include <VanticRestKit/lumeno/Categories/Category.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
+#include <VanticRestKit/lumeno/Image/Image.h>
 
+#include <chrono>
 #include <cstdio>
 #include <memory>
 
 using namespace VanticRestKit;
+using namespace std::chrono_literals;
 
 class RequestLog final : public RequestObserver {
 public:
@@ -48,7 +50,7 @@ int main(int argc, char** argv) {
     const auto host = recipes::Host::of(argc, argv);
     if (!host) return 2;
     const LoggingHost logging(*host);
-    const Result<double, LoaderError> time = Endpoint::Time(logging)->wait();
-    const Result<Category, LoaderError> home = Endpoint::Home(logging)->wait();
-    return time && home ? 0 : 1;
+    const auto time = Endpoint::Time(logging)->wait({.deadline = 5s});
+    const auto avatars = Endpoint::Avatars(logging)->wait({.deadline = 5s});
+    return time && avatars ? 0 : 1;
 }

@@ -47,6 +47,9 @@ TEST(Redaction, LeavesDomainAndCodeOfAnError) {
     EXPECT_EQ(shown.localizedDescription(), "The request timed out.");
     EXPECT_EQ(shown.userInfo().size(), 1U);
 
+    // A code that only a transport of a host's own has.
+    EXPECT_EQ(withoutDetails(NSError(std::string(NSURLErrorDomain), -1009)).code(), -1009);
+
     const Error other = withoutDetails(NSError("D", 7, {{"NSLocalizedDescription", "s3cret"}}));
     EXPECT_EQ(other.domain(), "D");
     EXPECT_EQ(other.code(), 7);

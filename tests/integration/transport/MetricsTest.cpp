@@ -31,15 +31,14 @@ struct Recorded {
     std::shared_ptr<std::size_t> recordsAtEnd = std::make_shared<std::size_t>(0);
 
     std::shared_ptr<URLSessionDataTask> task(URLSession& session, URLRequest request) const {
-        auto completion = [records = records, atEnd = recordsAtEnd, inner = loaded.completion()](
+        auto completion = [all = records, atEnd = recordsAtEnd, inner = loaded.completion()](
                               std::optional<Data> data, std::shared_ptr<const URLResponse> response,
                               std::optional<Error> error) mutable {
-            *atEnd = records->size();
+            *atEnd = all->size();
             inner(std::move(data), std::move(response), std::move(error));
         };
-        return session.dataTask(
-            std::move(request), std::move(completion),
-            [records = records](const RequestMetrics& each) { records->push_back(each); });
+        return session.dataTask(std::move(request), std::move(completion),
+                                [all = records](const RequestMetrics& each) { all->push_back(each); });
     }
     /// The one record of a load that must have ended.
     const RequestMetrics& only() const {

@@ -49,7 +49,8 @@ std::string redactedAddress(std::string_view url) {
 
 Error withoutDetails(const Error& error) {
     if (error.domain() != NSURLErrorDomain) return NSError(error.domain(), error.code());
-    return makeURLError({static_cast<URLErrorCode>(error.code())}, std::nullopt);
+    const std::string_view sentence = urlErrorDescription(static_cast<URLErrorCode>(error.code()));
+    return NSError(error.domain(), error.code(), {{std::string(NSLocalizedDescriptionKey), sentence}});
 }
 
 }  // namespace VanticRestKit::detail
