@@ -25,7 +25,7 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libvanticrestkit-dev)
-set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${PROJECT_DESCRIPTION} - headers, archive and documentation")
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${PROJECT_DESCRIPTION} - headers, archives, testing kit and documentation")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 # The libraries are those that hosts of the archive link.
@@ -35,6 +35,8 @@ if(VRK_HAS_DISK_CACHE)
 endif()
 string(JOIN ", " CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtime} (= ${PROJECT_VERSION})"
     "libcurl4-openssl-dev | libcurl-dev" libssl-dev zlib1g-dev libbrotli-dev libutf8proc-dev libpsl-dev ${sqlite})
+# For the sample service of the testing kit.
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS libcpp-httplib-dev)
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME vanticrestkit-tools)
 set(CPACK_DEBIAN_TOOLS_DESCRIPTION "${PROJECT_DESCRIPTION} - command line and sample service")

@@ -1,6 +1,7 @@
 # What `cmake --install` puts under a prefix, by component:
 #   runtime        the shared library
-#   development    the public headers, both libraries, and what find_package and pkg-config need to find them
+#   development    the public headers, both libraries, the testing kit, and what find_package and pkg-config need to find
+#                  them
 #   tools          the command line and the sample service
 #   documentation  README.md and docs/
 
@@ -11,6 +12,9 @@ set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/VanticRestKit)
 
 file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${VRK_INCLUDE_ROOT}/VanticRestKit ${VRK_INCLUDE_ROOT}/VanticRestKit/*.h)
 list(FILTER headers EXCLUDE REGEX "(^|/)detail/")
+if(NOT VRK_TESTING)
+    list(FILTER headers EXCLUDE REGEX "^Testing/")
+endif()
 foreach(header IN LISTS headers)
     get_filename_component(folder ${header} DIRECTORY)
     install(FILES ${VRK_INCLUDE_ROOT}/VanticRestKit/${header}
@@ -30,6 +34,12 @@ set(disk_cache_package "")
 if(VRK_HAS_DISK_CACHE)
     set(disk_cache_package " SQLite3")
 endif()
+# The file that is found makes their targets.
+foreach(target VanticRestKit_testing VanticRestKit_sample_service)
+    if(TARGET ${target})
+        install(TARGETS ${target} ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+    endif()
+endforeach()
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/VanticRestKitConfig.cmake.in
     ${PROJECT_BINARY_DIR}/package/VanticRestKitConfig.cmake INSTALL_DESTINATION ${package_folder}
     NO_SET_AND_CHECK_MACRO)

@@ -66,9 +66,11 @@ class Installed(Folder):
 
     def test_exactly_the_public_files_are_installed(self):
         src = GIVEN.tree / "src"
-        expected = {f"include/{file.relative_to(src)}" for file in src.rglob("*.h") if "detail" not in file.parts}
+        headers = (src / "VanticRestKit").rglob("*.h")
+        expected = {f"include/{file.relative_to(src)}" for file in headers if "detail" not in file.parts}
         expected |= {f"lib/cmake/VanticRestKit/{file}" for file in CMAKE_FILES}
         expected |= {"lib/libVanticRestKit.a", "lib/libVanticRestKit.so", "lib/libVanticRestKit.so.VERSION"}
+        expected |= {"lib/libVanticRestKitTesting.a", "lib/libVanticRestKitSampleService.a"}
         expected |= {"lib/pkgconfig/VanticRestKit.pc", "lib/pkgconfig/VanticRestKit-static.pc"}
         expected |= {"bin/vantic", "bin/sample-service", "share/doc/VanticRestKit/README.md"}
         docs = GIVEN.tree / "docs"
@@ -98,9 +100,29 @@ class Installed(Folder):
             self.assertTrue(consumers.needs_the_shared_library(folder / "with_VanticRestKit"))
             self.assertFalse(consumers.needs_the_shared_library(folder / "with_VanticRestKit_static"))
 
-    def reasons(self, *definitions):
+    def test_the_testing_kit_serves_tests_of_hosts_of_both_libraries(self):
+        for mode, folder in self.modes(Mode(GIVEN.compilers[0], plain=True)):
+            configure(HERE / "testing", folder, mode, f"-DCMAKE_PREFIX_PATH={self.prefix}",
+                      "-DCMAKE_NO_SYSTEM_FROM_IMPORTED=ON")  # fmt: skip
+            build(folder)
+            for kind in ("", "_static"):
+                self.assert_works(folder / f"tests_with_VanticRestKit{kind}")
+
+    def test_find_package_says_why_there_is_no_testing_kit(self):
+        without = self.folder / "without"
+        shutil.copytree(self.prefix, without, symlinks=True)
+        (without / "lib/libVanticRestKitTesting.a").unlink()
+        found = self.reasons(prefix=without)
+        self.assertEqual("not found: VanticRestKit was installed without its testing kit.", found["COMPONENTS;Testing"])
+        self.assertTrue(found["COMPONENTS;shared;OPTIONAL_COMPONENTS;Testing"].startswith("found"))
+        shutil.rmtree(self.folder / "reasons")
+        found = self.reasons("-DCMAKE_DISABLE_FIND_PACKAGE_OpenSSL=ON")
+        self.assertIn("needs cpp-httplib and OpenSSL 3", found["COMPONENTS;SampleService"])
+        self.assertTrue(found["COMPONENTS;Testing"].startswith("found"))
+
+    def reasons(self, *definitions, prefix=None):
         printed = configure(HERE / "reasons", self.folder / "reasons", Mode(GIVEN.compilers[0]),
-                            f"-DCMAKE_PREFIX_PATH={self.prefix}", *definitions)  # fmt: skip
+                            f"-DCMAKE_PREFIX_PATH={prefix or self.prefix}", *definitions)  # fmt: skip
         return dict(line[3:].split(" -> ") for line in printed.splitlines() if " -> " in line)
 
     def test_find_package_accepts_and_refuses_with_a_reason(self):
@@ -111,7 +133,7 @@ class Installed(Folder):
         for refused in ("2", "2...<3", "0.5...<1"):
             self.assertTrue(found[refused].startswith("not found"), (refused, found[refused]))
         self.assertEqual(
-            "not found: VanticRestKit has no component python; its components are shared and static.",
+            "not found: VanticRestKit has no component python; its components are shared, static, Testing and SampleService.",
             found["1.0;COMPONENTS;python"],
         )
 
@@ -184,6 +206,15 @@ class Embedded(Folder):
                     self.embed(self.folder / f"{how}{standard}", how, Mode(GIVEN.compilers[0], standard))
         # One source of the library, and one of the host, which asked for less than C++20.
         build(self.folder / "add_subdirectory17", "vrk_module_platform_url", "CMakeFiles/host.dir/main.cpp.o")
+
+    def test_the_testing_kit_is_embedded_if_it_is_asked_for(self):
+        folder = self.folder / "kit"
+        with self.assertRaisesRegex(Failed, "package nlohmann_json is looked for") as failure:
+            self.embed(folder, "add_subdirectory", Mode(GIVEN.compilers[0]), "-DVRK_TESTING=ON")
+        leaks = re.findall(r"^ +((?:variable|directory|target|test|package|imported) .*)$", str(failure.exception), re.M)
+        # What CMake keeps of the packages that the kit needs: nlohmann-json, and cpp-httplib by pkg-config.
+        own = re.compile(r"variable (__pkg_config|httplib_|pkgcfg_|PKG_CONFIG_|PkgConfig_|nlohmann_json_)")
+        self.assertEqual(["package nlohmann_json is looked for"], [leak for leak in leaks if not own.match(leak)])
 
     def test_a_leak_would_be_seen(self):
         with self.assertRaisesRegex(Failed, "leaks into its host"):
