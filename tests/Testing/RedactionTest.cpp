@@ -23,8 +23,10 @@ TEST(RedactionTest, HidesQueryItemsAndFormFields) {
 
 TEST(RedactionTest, HidesTokensAtAnyDepthOfABodyAndKeepsThemGood) {
     EXPECT_EQ(
-        Redaction().body(R"({"data":[1],"auth":{"access_token":"a","refresh_token":"b","expiry":1.5}})", ""),
-        R"({"data":[1],"auth":{"access_token":"REDACTED","refresh_token":"REDACTED","expiry":4102444800.0}})");
+        Redaction().body(
+            R"({"data":[1],"auth":{"access_token":"a","refresh_token":"b","token_type":"Bearer","expiry":1.5}})",
+            ""),
+        R"({"data":[1],"auth":{"access_token":"REDACTED","refresh_token":"REDACTED","token_type":"Bearer","expiry":4102444800.0}})");
 }
 
 TEST(RedactionTest, ABodyWithoutSecretsKeepsItsBytes) {

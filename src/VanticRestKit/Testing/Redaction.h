@@ -13,7 +13,7 @@ namespace VanticRestKit::Testing {
 
 /// Which values are secrets: those of the headers Authorization, Proxy-Authorization, Cookie and Set-Cookie, and those
 /// under a name that contains "token", "secret", "password", "api-key", "apikey", "api_key", "signature" or "session",
-/// in any case: of headers, query items, form fields, and strings at any depth of a JSON body. More names can be added.
+/// in any case, `token_type` excepted: of headers, query items, form fields, and strings at any depth of a JSON body. More names can be added.
 ///
 /// Each is replaced by `redacted`, so that two requests that differ in their secrets alone become equal. In a JSON object
 /// that holds a token, the number `expiry` becomes the year 2100: the token is still good when it is replayed.
