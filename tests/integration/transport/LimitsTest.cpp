@@ -70,7 +70,7 @@ TEST(Limits, AHeadOfTooManyLinesFails) {
     const Loaded loaded = load(*makeSession(), server.url());
     ASSERT_TRUE(loaded.error().has_value());
     EXPECT_EQ(loaded.error()->code(), tooLarge) << loaded.story();
-    EXPECT_EQ(reason(loaded), "The answer has more than 1000 header lines.");
+    EXPECT_EQ(reason(loaded), "The answer has more than 1000 header lines (maxHeadLines).");
 }
 
 TEST(Limits, AHeaderLineThatIsTooLongFails) {
@@ -80,7 +80,8 @@ TEST(Limits, AHeaderLineThatIsTooLongFails) {
         const Loaded loaded = load(*makeSession(), server.url());
         ASSERT_TRUE(loaded.error().has_value()) << length;
         EXPECT_EQ(loaded.error()->code(), tooLarge) << length << ": " << loaded.story();
-        EXPECT_EQ(reason(loaded), "A header line of the answer is longer than 64 KB.") << length;
+        EXPECT_EQ(reason(loaded), "A header line of the answer is longer than 64 KB (maxHeaderLineBytes).")
+            << length;
     }
 }
 
@@ -88,13 +89,14 @@ TEST(Limits, AHeadThatIsTooLargeFails) {
     const Loaded loaded = loadOfEndless("HTTP/1.1 200 OK\r\n", "X: " + std::string(8000, 'x') + "\r\n");
     ASSERT_TRUE(loaded.error().has_value());
     EXPECT_EQ(loaded.error()->code(), tooLarge) << loaded.story();
-    EXPECT_EQ(reason(loaded), "The headers of the answer are larger than 256 KB.");
+    EXPECT_EQ(reason(loaded), "The headers of the answer are larger than 256 KB (maxHeadBytes).");
 }
 
 TEST(Limits, InterimAnswersWithoutEndFail) {
     const Loaded loaded = loadOfEndless("", "HTTP/1.1 103 Early Hints\r\nX: 1\r\n\r\n");
     ASSERT_TRUE(loaded.error().has_value());
     EXPECT_EQ(loaded.error()->code(), tooLarge) << loaded.story();
+    EXPECT_EQ(reason(loaded), "The answer has more than 32 interim answers (maxInterimAnswers).");
 }
 
 TEST(Limits, TrailersWithoutEndFail) {
@@ -103,7 +105,7 @@ TEST(Limits, TrailersWithoutEndFail) {
                       "X: " + std::string(1000, 'x') + "\r\n");
     ASSERT_TRUE(loaded.error().has_value());
     EXPECT_EQ(loaded.error()->code(), tooLarge) << loaded.story();
-    EXPECT_EQ(reason(loaded), "The headers of the answer are larger than 256 KB.");
+    EXPECT_EQ(reason(loaded), "The headers of the answer are larger than 256 KB (maxHeadBytes).");
 }
 
 TEST(Limits, AConnectionWithoutAFreeDescriptorFailsWithTheCause) {

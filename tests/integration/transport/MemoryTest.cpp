@@ -57,7 +57,9 @@ void limitMemory(std::size_t size) {
             }
         }
     });
-    const auto session = URLSession::make(URLSessionConfiguration::default_());
+    auto configuration = URLSessionConfiguration::default_();
+    configuration.limits.maxDecodingRatio = URLSessionLimits::unlimited;
+    const auto session = URLSession::make(configuration);
     load(*session, server.url());
     limitMemory(200 * megabyte);
     const Loaded loaded = load(*session, server.url("/endless"));

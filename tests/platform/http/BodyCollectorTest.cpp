@@ -4,16 +4,37 @@
 #include <support/Codings.h>
 
 #include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
 
 using namespace VanticRestKit;
 using namespace VanticRestKit::detail;
 using namespace VanticRestKit::test;
 
+namespace {
+
+constexpr std::size_t megabyte = 1024 * 1024;
+
+/// Adds a piece and decodes all of it.
+std::optional<TransportFault> addAll(BodyCollector& body, std::string_view piece) {
+    std::size_t budget = std::numeric_limits<std::size_t>::max();
+    return body.add(piece, budget);
+}
+
+std::string reasonOf(const std::optional<TransportFault>& fault) {
+    if (!fault) return "no fault";
+    EXPECT_EQ(fault->code, URLErrorCode::dataLengthExceedsMaximum);
+    return fault->reason;
+}
+
+}  // namespace
+
 TEST(BodyCollector, GathersPieces) {
     BodyCollector body;
     body.expect(6, {});
-    EXPECT_FALSE(body.add("one").has_value());
-    EXPECT_FALSE(body.add("two").has_value());
+    EXPECT_FALSE(addAll(body, "one").has_value());
+    EXPECT_FALSE(addAll(body, "two").has_value());
     EXPECT_FALSE(body.finish().has_value());
     EXPECT_EQ(body.take().view(), "onetwo");
 }
@@ -38,7 +59,7 @@ TEST(BodyCollector, KeepsABodyThatIsLargerThanItsLengthClaims) {
     BodyCollector body;
     body.expect(1, {});
     for (std::size_t at = 0; at < text.size(); at += 777) {
-        ASSERT_FALSE(body.add(std::string_view(text).substr(at, 777)).has_value());
+        ASSERT_FALSE(addAll(body, std::string_view(text).substr(at, 777)).has_value());
     }
     const Data data = body.take();
     EXPECT_TRUE(data.view() == text);
@@ -51,7 +72,7 @@ TEST(BodyCollector, UndoesSeveralCodingsTheLastOneFirst) {
     BodyCollector body;
     body.expect(coded.size(), decodingFor("gzip, br"));
     for (std::size_t at = 0; at < coded.size(); at += 1000) {
-        ASSERT_FALSE(body.add(std::string_view(coded).substr(at, 1000)).has_value());
+        ASSERT_FALSE(addAll(body, std::string_view(coded).substr(at, 1000)).has_value());
     }
     EXPECT_FALSE(body.finish().has_value());
     EXPECT_TRUE(body.take().view() == text);
@@ -60,10 +81,77 @@ TEST(BodyCollector, UndoesSeveralCodingsTheLastOneFirst) {
 TEST(BodyCollector, SaysWhenACodingIsBrokenOrHasNoEnd) {
     BodyCollector broken;
     broken.expect(std::nullopt, decodingFor("gzip"));
-    ASSERT_TRUE(broken.add("no gzip at all").has_value());
+    ASSERT_TRUE(addAll(broken, "no gzip at all").has_value());
     BodyCollector cut;
     cut.expect(std::nullopt, decodingFor("gzip"));
-    ASSERT_FALSE(cut.add(std::string_view(gzipped("text")).substr(0, 12)).has_value());
+    ASSERT_FALSE(addAll(cut, std::string_view(gzipped("text")).substr(0, 12)).has_value());
     ASSERT_TRUE(cut.finish().has_value());
     EXPECT_EQ(cut.finish()->code, URLErrorCode::cannotDecodeContentData);
+}
+
+TEST(BodyCollector, TakesAPlainBodyAsLargeAsItsLimitAndNoLarger) {
+    const URLSessionLimits limits{.maxBodyBytes = 10};
+    BodyCollector body(limits);
+    EXPECT_EQ(addAll(body, "ten bytes."), std::nullopt);
+    EXPECT_EQ(reasonOf(addAll(body, "+")), "The body of the answer is larger than 10 bytes (maxBodyBytes).");
+}
+
+TEST(BodyCollector, RefusesAnAnnouncedLengthAboveTheLimitOfTheWire) {
+    const URLSessionLimits limits{.maxBodyBytesOnWire = 2048};
+    BodyCollector body(limits);
+    body.expect(2049, {});
+    EXPECT_EQ(reasonOf(addAll(body, "x")),
+              "The body of the answer is larger than 2 KB (maxBodyBytesOnWire).");
+}
+
+TEST(BodyCollector, RefusesACodedBodyThatExceedsALimitAfterItsCodingIsUndone) {
+    const URLSessionLimits limits{.maxBodyBytes = 2 * megabyte,
+                                  .maxDecodingRatio = URLSessionLimits::unlimited};
+    for (const std::size_t size : {2 * megabyte, 2 * megabyte + 1}) {
+        BodyCollector body(limits);
+        body.expect(std::nullopt, decodingFor("br"));
+        const auto fault = addAll(body, brotlied(std::string(size, 'x')));
+        EXPECT_EQ(fault.has_value(), size > 2 * megabyte) << size;
+        if (fault) {
+            EXPECT_EQ(reasonOf(fault), "The body of the answer is larger than 2 MB (maxBodyBytes).");
+        }
+    }
+}
+
+TEST(BodyCollector, LimitsTheSizeBetweenTwoCodings) {
+    const URLSessionLimits limits{.maxBodyBytes = megabyte};
+    // The inner coding drops what follows its end.
+    const std::string coded = gzipped(gzipped("short") + std::string(2 * megabyte, 'x'));
+    BodyCollector body(limits);
+    body.expect(std::nullopt, decodingFor("gzip, gzip"));
+    EXPECT_EQ(reasonOf(addAll(body, coded)), "The body of the answer is larger than 1 MB (maxBodyBytes).");
+}
+
+TEST(BodyCollector, RefusesARatioAboveTheLimitOnlyAfterTheFirstMegabyte) {
+    BodyCollector small;
+    small.expect(std::nullopt, decodingFor("br"));
+    EXPECT_EQ(addAll(small, brotlied(std::string(megabyte, 'x'))), std::nullopt);
+    BodyCollector large;
+    large.expect(std::nullopt, decodingFor("br"));
+    EXPECT_EQ(reasonOf(addAll(large, brotlied(std::string(3 * megabyte, 'x')))),
+              "The body of the answer decodes to more than 200 times its size (maxDecodingRatio).");
+    EXPECT_LT(large.take().size(), 2 * megabyte);
+}
+
+TEST(BodyCollector, DecodesNoMoreThanItsBudgetAtATime) {
+    const std::string text = std::string(megabyte / 2, 'x') + sampleText(10'000);
+    const std::string coded = gzipped(brotlied(text)) + "what follows the end is dropped";
+    BodyCollector body;
+    body.expect(std::nullopt, decodingFor("br, gzip"));
+    std::size_t budget = 1000;
+    ASSERT_EQ(body.add(coded, budget), std::nullopt);
+    int slices = 1;
+    for (; body.hasMore(); ++slices) {
+        EXPECT_EQ(budget, 0U);
+        budget = 1000;
+        ASSERT_EQ(body.decode(budget), std::nullopt);
+    }
+    EXPECT_GT(slices, 500);
+    EXPECT_EQ(body.finish(), std::nullopt);
+    EXPECT_TRUE(body.take().view() == text);
 }

@@ -97,9 +97,10 @@ TEST(HeaderCollector, TakesTheFirstLocation) {
 TEST(HeaderCollector, TakesAsManyLinesAsItsLimitAndNoMore) {
     HeaderCollector collector;
     collector.add("HTTP/1.1 200 OK\r\n");
-    for (std::size_t i = 1; i < headerLimits.lines; ++i) collector.add("h" + std::to_string(i) + ":\r\n");
+    for (std::size_t i = 1; i < defaultLimits.maxHeadLines; ++i)
+        collector.add("h" + std::to_string(i) + ":\r\n");
     ASSERT_EQ(collector.fault(), std::nullopt);
-    EXPECT_EQ(collector.fields().size(), headerLimits.lines - 1);
+    EXPECT_EQ(collector.fields().size(), defaultLimits.maxHeadLines - 1);
     collector.add("\r\n");
     ASSERT_TRUE(collector.fault().has_value());
     EXPECT_EQ(collector.fault()->code, URLErrorCode::dataLengthExceedsMaximum);
@@ -107,7 +108,8 @@ TEST(HeaderCollector, TakesAsManyLinesAsItsLimitAndNoMore) {
 
 TEST(HeaderCollector, TakesALineAsLongAsItsLimitAndNoLonger) {
     for (const std::size_t more : {std::size_t{0}, std::size_t{1}}) {
-        const std::string line = "X:" + std::string(headerLimits.line - 4 + more, 'x') + "\r\n";
+        const std::string line =
+            "X:" + std::string(defaultLimits.maxHeaderLineBytes - 4 + more, 'x') + "\r\n";
         HeaderCollector collector;
         collector.add("HTTP/1.1 200 OK\r\n");
         collector.add(line);
@@ -123,14 +125,14 @@ TEST(HeaderCollector, CountsInterimAnswersAndTrailersAgainstItsLimits) {
         for (const std::string& each : {std::string("HTTP/1.1 200 OK\r\n"), std::string("\r\n")}) {
             if (isTrailer) collector.add(each);
         }
-        for (; !collector.fault() && size < 2 * headerLimits.size; size += line.size()) {
+        for (; !collector.fault() && size < 2 * defaultLimits.maxHeadBytes; size += line.size()) {
             if (!isTrailer) collector.add("HTTP/1.1 103 Early Hints\r\n");
             collector.add(line);
             if (!isTrailer) collector.add("\r\n");
         }
         ASSERT_TRUE(collector.fault().has_value()) << isTrailer;
         EXPECT_EQ(collector.fault()->code, URLErrorCode::dataLengthExceedsMaximum);
-        EXPECT_LE(size, headerLimits.size + line.size());
+        EXPECT_LE(size, defaultLimits.maxHeadBytes + line.size());
     }
 }
 
@@ -141,4 +143,18 @@ TEST(HeaderCollector, KeepsTheSetCookieLinesApart) {
     EXPECT_EQ(whole.setCookies(), (std::vector<std::string>{"a=1, b=2", "c=3; Path=/ Secure"}));
     EXPECT_EQ(whole.value("set-cookie"), "a=1, b=2, c=3; Path=/ Secure");
     EXPECT_TRUE(collected({"HTTP/1.1 200 OK", ""}).setCookies().empty());
+}
+
+TEST(HeaderCollector, TakesAsManyInterimAnswersAsItsLimitAndNoMore) {
+    const URLSessionLimits limits{.maxInterimAnswers = 2};
+    HeaderCollector collector(limits);
+    for (int i = 0; i < 2; ++i) {
+        collector.add("HTTP/1.1 103 Early Hints\r\n");
+        collector.add("\r\n");
+    }
+    EXPECT_EQ(collector.fault(), std::nullopt);
+    collector.add("HTTP/1.1 100 Continue\r\n");
+    collector.add("\r\n");
+    ASSERT_TRUE(collector.fault().has_value());
+    EXPECT_EQ(collector.fault()->reason, "The answer has more than 2 interim answers (maxInterimAnswers).");
 }

@@ -33,7 +33,7 @@ enum class URLErrorCode : std::int64_t {
     cannotConnectToHost = -1004,
     /// The connection was lost before the answer was whole.
     networkConnectionLost = -1005,
-    /// More than twenty redirects.
+    /// More redirects than the session's `URLSessionLimits::maxRedirects`.
     httpTooManyRedirects = -1007,
     /// The server broke the rules of the protocol.
     badServerResponse = -1011,

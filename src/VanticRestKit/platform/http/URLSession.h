@@ -79,7 +79,7 @@ private:
 /// started in a completion inherits that one.
 ///
 /// Requests go to http and https only, through no proxy but that of the configuration, with certificates and host names
-/// verified. Redirects are followed as the configuration says, at most twenty: 303 turns every method but HEAD into GET,
+/// verified. Redirects are followed as the configuration says, at most twenty by default: 303 turns every method but HEAD into GET,
 /// 301 and 302 turn POST into GET, and what tells who is asking stays with the origin it was meant for. Each request gets
 /// the cookies of the configuration's storage, and those of its answers are stored there. Nothing is sent twice, with one
 /// exception: a GET that went out on a connection which the server had given up already goes out on another one.

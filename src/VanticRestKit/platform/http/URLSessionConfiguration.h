@@ -7,6 +7,7 @@
 #include <VanticRestKit/platform/http/URLRequest.h>
 #include <VanticRestKit/platform/http/URLSessionConnectionSettings.h>
 #include <VanticRestKit/platform/http/URLSessionRedirectPolicy.h>
+#include <VanticRestKit/platform/http/URLSessionLimits.h>
 
 #include <chrono>
 #include <cstdint>
@@ -94,6 +95,9 @@ struct URLSessionConfiguration {
     /// Which cookies of this session's answers are stored; the policy of the storage must accept them too. `never` with
     /// `httpShouldSetCookies` false is a session without cookies.
     HTTPCookieAcceptPolicy httpCookieAcceptPolicy = HTTPCookieAcceptPolicy::always;
+
+    /// How much a server can make the session take.
+    URLSessionLimits limits{};
 
     /// The platform's default settings.
     static URLSessionConfiguration default_() { return {}; }

@@ -37,6 +37,27 @@ TEST(ByteBuffer, GivesADataThatOutlivesItWithZeroBytesAfterItsEnd) {
     EXPECT_EQ(std::string(copy.data() + 3, Data::padding), std::string(Data::padding, '\0'));
 }
 
+TEST(ByteBuffer, TakesWhatIsWrittenToItsSpareMemory) {
+    ByteBuffer buffer;
+    ASSERT_TRUE(buffer.append("ab"));
+    const auto spare = buffer.spare(100, 200);
+    ASSERT_GE(spare.size(), 100U);
+    ASSERT_LE(spare.size(), 200U);
+    spare[0] = 'c';
+    buffer.extend(1);
+    EXPECT_EQ(buffer.view(), "abc");
+    const Data data = buffer.take();
+    EXPECT_EQ(data.view(), "abc");
+    EXPECT_EQ(std::string(data.data() + 3, Data::padding), std::string(Data::padding, '\0'));
+}
+
+TEST(ByteBuffer, HasNoSpareMemoryAfterItHasFailed) {
+    ByteBuffer buffer;
+    EXPECT_TRUE(buffer.spare(std::numeric_limits<std::size_t>::max() / 2, 10).empty());
+    EXPECT_TRUE(buffer.hasFailed());
+    EXPECT_TRUE(buffer.spare(1, 1).empty());
+}
+
 TEST(ByteBuffer, GivesNoBytesIfNothingWasGathered) {
     ByteBuffer buffer;
     EXPECT_EQ(buffer.view(), "");

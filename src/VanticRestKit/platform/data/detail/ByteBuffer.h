@@ -11,6 +11,7 @@
 #include <cstring>
 #include <limits>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -49,9 +50,25 @@ public:
         return true;
     }
 
+    /// Memory after the last byte, to be written to; at least `minimum` bytes, at most `maximum`. What is written counts
+    /// after `extend`. Empty if there is no memory.
+    [[nodiscard]] std::span<char> spare(std::size_t minimum, std::size_t maximum) {
+        if (hasFailed_) return {};
+        const std::size_t size = size_ + minimum;
+        if (size > capacity_ && !grow(std::max(size, capacity_ + capacity_ / 2))) {
+            fail();
+            return {};
+        }
+        return {storage_->bytes + size_, std::min(capacity_ - size_, maximum)};
+    }
+
+    /// Takes the first `written` bytes of what `spare` gave last.
+    void extend(std::size_t written) noexcept { size_ += written; }
+
     /// The bytes gathered, without a copy. Nothing is gathered after this.
     Data take() noexcept {
         if (size_ == 0) return Data();
+        shrink();
         std::memset(storage_->bytes + size_, 0, Data::padding);
         const char* const bytes = storage_->bytes;
         return Data(std::shared_ptr<const char>(std::move(storage_), bytes), std::exchange(size_, 0));
@@ -75,6 +92,16 @@ private:
         storage_->bytes = static_cast<char*>(bytes);
         capacity_ = capacity;
         return true;
+    }
+
+    // What is kept for long must not hold much more memory than it needs. To make it smaller does not move it.
+    void shrink() noexcept {
+        constexpr std::size_t small = 1024;
+        if (capacity_ <= 2 * size_ + small) return;
+        if (void* const bytes = std::realloc(storage_->bytes, size_ + Data::padding)) {
+            storage_->bytes = static_cast<char*>(bytes);
+            capacity_ = size_;
+        }
     }
 
     // At once, so that the error finds memory.

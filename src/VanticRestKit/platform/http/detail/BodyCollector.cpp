@@ -1,7 +1,7 @@
 #include <VanticRestKit/platform/http/detail/BodyCollector.h>
 
 #include <algorithm>
-#include <array>
+#include <new>
 #include <utility>
 
 namespace VanticRestKit::detail {
@@ -12,6 +12,11 @@ namespace {
 constexpr std::uint64_t mostReserved = 16 * 1024 * 1024;
 // How much larger JSON is than its compressed form, roughly.
 constexpr std::uint64_t usualRatio = 4;
+// What a coding writes in one step. The first is as much as a step is worth; the second, what stays in the cache.
+constexpr std::size_t minStep = 4 * 1024;
+constexpr std::size_t maxStep = 32 * 1024;
+// What a body may decode to, whatever the ratio: a small one that repeats itself is no attack.
+constexpr std::uint64_t freeOfRatio = 1024 * 1024;
 
 TransportFault noMemory() {
     return {URLErrorCode::dataLengthExceedsMaximum, "There is no memory for the body."};
@@ -20,31 +25,94 @@ TransportFault noMemory() {
 }  // namespace
 
 void BodyCollector::expect(std::optional<std::uint64_t> length, Decoding decoding) {
-    decoders_ = std::move(decoding.decoders);
+    stages_.clear();
+    for (auto& decoder : decoding.decoders) stages_.push_back({.decoder = std::move(decoder)});
     if (!length) return;
-    const std::uint64_t plain = decoders_.empty() ? *length : std::min(*length, mostReserved) * usualRatio;
-    body_.reserve(static_cast<std::size_t>(std::min(plain, mostReserved)));
+    length_ = *length;
+    const std::uint64_t plain = stages_.empty() ? length_ : std::min(length_, mostReserved) * usualRatio;
+    body_.reserve(static_cast<std::size_t>(std::min({plain, mostReserved, limits_.maxBodyBytes})));
 }
 
-std::optional<TransportFault> BodyCollector::add(std::string_view piece) {
+std::optional<TransportFault> BodyCollector::add(std::string_view piece, std::size_t& budget) {
     received_ += piece.size();
-    // What each coding but the last gives.
-    std::array<ByteBuffer, maxCodings> between;
-    for (std::size_t i = 0; i < decoders_.size(); ++i) {
-        ByteBuffer& plain = i + 1 == decoders_.size() ? body_ : between[i];
-        if (!decoders_[i]->decode(piece, plain)) {
-            if (plain.hasFailed() || decoders_[i]->isOutOfMemory()) return noMemory();
-            return TransportFault{URLErrorCode::cannotDecodeContentData, "The coding of the body is broken."};
-        }
-        piece = between[i].view();
+    if (auto fault = faultOfWire()) return fault;
+    if (stages_.empty()) {
+        if (auto fault = faultOfSize(received_)) return fault;
+        return body_.append(piece) ? std::nullopt : std::optional(noMemory());
     }
-    if (decoders_.empty() && !body_.append(piece)) return noMemory();
+    Stage& first = stages_.front();
+    first.input = piece;
+    if (auto fault = decode(budget)) return fault;
+    rest_.assign(first.input);
+    first.input = rest_;
     return std::nullopt;
 }
 
+bool BodyCollector::hasMore() const noexcept {
+    return std::any_of(stages_.begin(), stages_.end(), [](const Stage& stage) { return stage.canGoOn(); });
+}
+
+std::optional<TransportFault> BodyCollector::decode(std::size_t& budget) {
+    // The last stage that can go on comes first, so that none has more than one output that waits.
+    while (budget > 0) {
+        const auto next = std::find_if(stages_.rbegin(), stages_.rend(),
+                                       [](const Stage& stage) { return stage.canGoOn(); });
+        if (next == stages_.rend()) return std::nullopt;
+        const auto stage = static_cast<std::size_t>(stages_.rend() - next) - 1;
+        if (auto fault = advance(stage, budget)) return fault;
+    }
+    return std::nullopt;
+}
+
+std::optional<TransportFault> BodyCollector::advance(std::size_t index, std::size_t& budget) {
+    Stage& stage = stages_[index];
+    const std::span<char> output = outputOf(index);
+    if (output.empty()) return noMemory();
+    const std::size_t size = std::min(output.size(), budget);
+    const auto written = stage.decoder->decode(stage.input, output.data(), size);
+    if (!written) {
+        if (stage.decoder->isOutOfMemory()) return noMemory();
+        return TransportFault{URLErrorCode::cannotDecodeContentData, "The coding of the body is broken."};
+    }
+    stage.isFull = *written == size;
+    stage.written += *written;
+    budget -= *written;
+    if (index + 1 == stages_.size()) {
+        body_.extend(*written);
+    } else {
+        stages_[index + 1].input = {output.data(), *written};
+    }
+    return faultOfSize(stage.written);
+}
+
+std::span<char> BodyCollector::outputOf(std::size_t index) {
+    if (index + 1 == stages_.size()) return body_.spare(minStep, maxStep);
+    auto& output = stages_[index].output;
+    if (!output) output.reset(new (std::nothrow) char[maxStep]);
+    return {output.get(), output ? maxStep : 0};
+}
+
+std::optional<TransportFault> BodyCollector::faultOfWire() const {
+    if (std::max(received_, length_) <= limits_.maxBodyBytesOnWire) return std::nullopt;
+    return limitFault("The body of the answer is larger than " + sizeText(limits_.maxBodyBytesOnWire),
+                      "maxBodyBytesOnWire");
+}
+
+std::optional<TransportFault> BodyCollector::faultOfSize(std::uint64_t size) const {
+    if (size > limits_.maxBodyBytes) {
+        return limitFault("The body of the answer is larger than " + sizeText(limits_.maxBodyBytes),
+                          "maxBodyBytes");
+    }
+    const std::uint64_t ratio = std::max<std::uint64_t>(limits_.maxDecodingRatio, 1);
+    if (size <= freeOfRatio || (size - freeOfRatio) / ratio <= received_) return std::nullopt;
+    return limitFault(
+        "The body of the answer decodes to more than " + std::to_string(ratio) + " times its size",
+        "maxDecodingRatio");
+}
+
 std::optional<TransportFault> BodyCollector::finish() const {
-    const bool ended = std::all_of(decoders_.begin(), decoders_.end(),
-                                   [](const auto& decoder) { return decoder->hasEnded(); });
+    const bool ended = std::all_of(stages_.begin(), stages_.end(),
+                                   [](const Stage& stage) { return stage.decoder->hasEnded(); });
     if (received_ == 0 || ended) return std::nullopt;
     return TransportFault{URLErrorCode::cannotDecodeContentData, "The body ends before its coding does."};
 }

@@ -1,7 +1,7 @@
 #include <VanticRestKit/platform/http/detail/BrotliDecoder.h>
 
 #include <brotli/decode.h>
-#include <array>
+#include <cstdint>
 
 namespace VanticRestKit::detail {
 
@@ -20,23 +20,21 @@ public:
     }
     ~BrotliDecoder() override { BrotliDecoderDestroyInstance(state_); }
 
-    bool decode(std::string_view coded, ByteBuffer& plain) override {
-        if (state_ == nullptr) return false;
-        if (hasEnded()) return true;
+    std::optional<std::size_t> decode(std::string_view& coded, char* plain, std::size_t size) override {
+        if (state_ == nullptr) return std::nullopt;
         const auto* next = reinterpret_cast<const std::uint8_t*>(coded.data());
         std::size_t left = coded.size();
-        std::array<char, 32 * 1024> room;
-        while (true) {
-            auto* out = reinterpret_cast<std::uint8_t*>(room.data());
-            std::size_t outLeft = room.size();
+        auto* out = reinterpret_cast<std::uint8_t*>(plain);
+        std::size_t outLeft = size;
+        if (!hasEnded()) {
             const auto answer = BrotliDecoderDecompressStream(state_, &left, &next, &outLeft, &out, nullptr);
-            if (!plain.append({room.data(), room.size() - outLeft})) return false;
             if (answer == BROTLI_DECODER_RESULT_ERROR) {
                 isOutOfMemory_ = lacksMemory(BrotliDecoderGetErrorCode(state_));
-                return false;
+                return std::nullopt;
             }
-            if (answer != BROTLI_DECODER_RESULT_NEEDS_MORE_OUTPUT) return true;
         }
+        coded.remove_prefix(hasEnded() ? coded.size() : coded.size() - left);
+        return size - outLeft;
     }
 
     bool hasEnded() const override {

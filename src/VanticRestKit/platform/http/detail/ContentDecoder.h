@@ -3,10 +3,9 @@
 /// \file
 /// `ContentDecoder`: undoes one content coding of a body.
 
-#include <VanticRestKit/platform/data/detail/ByteBuffer.h>
-
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -15,7 +14,8 @@ namespace VanticRestKit::detail {
 /// The codings that a session asks for, as the value of Accept-Encoding.
 inline constexpr std::string_view acceptedCodings = "gzip, deflate, br";
 
-/// Undoes one coding, piece by piece. Unlike the transport's own decoding it knows whether the end came.
+/// Undoes one coding, piece by piece. Unlike the transport's own decoding it knows whether the end came, and it writes
+/// no more at a time than it is asked for, however much its input expands to.
 class ContentDecoder {
 public:
     ContentDecoder() = default;
@@ -23,9 +23,11 @@ public:
     ContentDecoder& operator=(const ContentDecoder&) = delete;
     virtual ~ContentDecoder();
 
-    /// Appends what `coded` decodes to to `plain`. Returns whether it could. What follows the end of the coding
-    /// is dropped.
-    virtual bool decode(std::string_view coded, ByteBuffer& plain) = 0;
+    /// Decodes the beginning of `coded` into the `size` bytes at `plain`, takes off `coded` what it has used, and returns
+    /// how many bytes it has written. Fewer than `size`: it has used all of `coded`, and there is no more to write for
+    /// it. `size`: there may be more, also if `coded` is empty now. Empty: the coding is broken, or there was no memory.
+    /// What follows the end of the coding is dropped.
+    virtual std::optional<std::size_t> decode(std::string_view& coded, char* plain, std::size_t size) = 0;
 
     /// Whether `decode` could not because there was no memory for its own state.
     bool isOutOfMemory() const noexcept { return isOutOfMemory_; }

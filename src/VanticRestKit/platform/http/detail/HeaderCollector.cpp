@@ -22,14 +22,14 @@ void HeaderCollector::count(std::string_view line) {
     if (fault_) return;
     size_ += line.size();
     ++lines_;
-    if (line.size() > headerLimits.line) {
-        fault_ = TransportFault{URLErrorCode::dataLengthExceedsMaximum, std::string(longHeaderLine)};
-    } else if (size_ > headerLimits.size) {
-        fault_ = TransportFault{URLErrorCode::dataLengthExceedsMaximum, std::string(largeHeaders)};
-    } else if (lines_ > headerLimits.lines) {
-        fault_ = TransportFault{
-            URLErrorCode::dataLengthExceedsMaximum,
-            "The answer has more than " + std::to_string(headerLimits.lines) + " header lines."};
+    if (line.size() > limits_.maxHeaderLineBytes) {
+        fault_ = longHeaderLineFault(limits_);
+    } else if (size_ > limits_.maxHeadBytes) {
+        fault_ = largeHeadFault(limits_);
+    } else if (lines_ > limits_.maxHeadLines) {
+        fault_ =
+            limitFault("The answer has more than " + std::to_string(limits_.maxHeadLines) + " header lines",
+                       "maxHeadLines");
     }
 }
 
@@ -99,6 +99,11 @@ void HeaderCollector::finish() {
     constexpr std::int64_t switchingProtocols = 101;
     const bool interim = status_ >= 100 && status_ < 200 && status_ != switchingProtocols;
     place_ = interim ? Place::before : Place::behind;
+    if (interim && ++interimAnswers_ > limits_.maxInterimAnswers) {
+        fault_ = limitFault(
+            "The answer has more than " + std::to_string(limits_.maxInterimAnswers) + " interim answers",
+            "maxInterimAnswers");
+    }
     last_ = nullptr;
 }
 

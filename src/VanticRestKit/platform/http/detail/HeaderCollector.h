@@ -4,6 +4,7 @@
 /// `HeaderCollector`: makes status and header fields of the lines of an answer.
 
 #include <VanticRestKit/platform/http/detail/HeaderName.h>
+#include <VanticRestKit/platform/http/detail/LimitFaults.h>
 #include <VanticRestKit/platform/http/detail/URLErrors.h>
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
 
@@ -18,27 +19,13 @@
 
 namespace VanticRestKit::detail {
 
-/// How much of header lines one answer may have. Far above what servers send; without a limit a hostile one
-/// fills the memory.
-struct HeaderLimits {
-    /// The bytes of one line.
-    std::size_t line = 64 * 1024;
-    /// The bytes of all lines, and their number: interim answers, headers and trailers together.
-    std::size_t size = 256 * 1024;
-    std::size_t lines = 1000;
-};
-
-/// The limits of every session.
-inline constexpr HeaderLimits headerLimits{};
-
-/// What the error says if a line, or all of them, are larger than `headerLimits`.
-inline constexpr std::string_view longHeaderLine = "A header line of the answer is longer than 64 KB.";
-inline constexpr std::string_view largeHeaders = "The headers of the answer are larger than 256 KB.";
-
 /// Takes an answer's header lines one by one. Interim answers (1xx) are passed over, and so are the trailers
 /// after a body; but they count against the limits.
 class HeaderCollector {
 public:
+    /// `limits` must outlive the collector.
+    explicit HeaderCollector(const URLSessionLimits& limits = defaultLimits) : limits_(limits) {}
+
     /// Takes one line, with or without its line end.
     void add(std::string_view line);
 
@@ -76,6 +63,7 @@ private:
     void readLength(std::string_view value);
     void finish();
 
+    const URLSessionLimits& limits_;
     Place place_ = Place::before;
     std::int64_t status_ = 0;
     bool multiplexed_ = false;
@@ -88,8 +76,9 @@ private:
     bool isInSetCookie_ = false;
     std::optional<std::uint64_t> contentLength_;
     std::optional<TransportFault> fault_;
-    std::size_t size_ = 0;
-    std::size_t lines_ = 0;
+    std::uint64_t size_ = 0;
+    std::uint64_t lines_ = 0;
+    std::uint64_t interimAnswers_ = 0;
 };
 
 }  // namespace VanticRestKit::detail

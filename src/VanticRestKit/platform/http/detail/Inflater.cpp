@@ -2,7 +2,7 @@
 
 #include <zlib.h>
 #include <algorithm>
-#include <array>
+#include <cstddef>
 #include <limits>
 #include <string>
 
@@ -16,6 +16,8 @@ constexpr int gzipFrame = 15 + 16;
 constexpr int zlibFrame = 15;
 constexpr int noFrame = -15;
 
+constexpr std::size_t mostAtOnce = std::numeric_limits<uInt>::max();
+
 bool beginsZlibFrame(unsigned first, unsigned second) {
     constexpr unsigned deflateMethod = 8;
     return (first & 0x0FU) == deflateMethod && (first * 256 + second) % 31 == 0;
@@ -28,25 +30,35 @@ public:
         if (isReady_) inflateEnd(&stream_);
     }
 
-    bool decode(std::string_view coded, ByteBuffer& plain) override {
+    std::optional<std::size_t> decode(std::string_view& coded, char* plain, std::size_t size) override {
+        stream_.next_out = reinterpret_cast<Bytef*>(plain);
+        stream_.avail_out = static_cast<uInt>(std::min(size, mostAtOnce));
+        const uInt room = stream_.avail_out;
         if (!isReady_) {
             // The first two bytes tell the frame of a deflate; they may come one by one.
-            head_ += coded;
-            if (!isGzip_ && head_.size() < 2) return true;
-            if (!begin()) return false;
-            const std::string head = std::move(head_);
-            return inflateAll(head, plain);
+            if (!isGzip_ && head_.size() + coded.size() < 2) {
+                head_ += coded;
+                coded = {};
+                return 0;
+            }
+            if (!begin(coded)) return std::nullopt;
+            // A single byte decodes to nothing yet.
+            std::string_view head = head_;
+            if (!head.empty() && !inflateAll(head)) return std::nullopt;
         }
-        return inflateAll(coded, plain);
+        if (!inflateAll(coded)) return std::nullopt;
+        return room - stream_.avail_out;
     }
 
     bool hasEnded() const override { return hasEnded_; }
 
 private:
-    bool begin() {
+    bool begin(std::string_view coded) {
         int frame = gzipFrame;
         if (!isGzip_) {
-            const auto byte = [this](std::size_t i) { return static_cast<unsigned char>(head_[i]); };
+            const auto byte = [this, coded](std::size_t i) {
+                return static_cast<unsigned char>(i < head_.size() ? head_[i] : coded[i - head_.size()]);
+            };
             frame = beginsZlibFrame(byte(0), byte(1)) ? zlibFrame : noFrame;
         }
         const int answer = inflateInit2(&stream_, frame);
@@ -55,32 +67,25 @@ private:
         return isReady_;
     }
 
-    bool inflateAll(std::string_view coded, ByteBuffer& plain) {
-        while (!coded.empty()) {
-            constexpr std::size_t most = std::numeric_limits<uInt>::max();
-            const std::string_view piece = coded.substr(0, most);
-            if (!inflatePiece(piece, plain)) return false;
-            coded.remove_prefix(piece.size());
-        }
-        return true;
-    }
-
-    bool inflatePiece(std::string_view coded, ByteBuffer& plain) {
-        // zlib does not write to its input; its interface only fails to say so.
-        stream_.next_in = const_cast<Bytef*>(reinterpret_cast<const Bytef*>(coded.data()));
-        stream_.avail_in = static_cast<uInt>(coded.size());
-        std::array<char, 32 * 1024> room;
+    // Inflates until `coded` is used up or the output is full. Returns whether the coding is good so far.
+    bool inflateAll(std::string_view& coded) {
         while (true) {
-            if (hasEnded_ && !beginNext()) return true;
-            stream_.next_out = reinterpret_cast<Bytef*>(room.data());
-            stream_.avail_out = static_cast<uInt>(room.size());
+            // zlib does not write to its input; its interface only fails to say so.
+            stream_.next_in = const_cast<Bytef*>(reinterpret_cast<const Bytef*>(coded.data()));
+            stream_.avail_in = static_cast<uInt>(std::min(coded.size(), mostAtOnce));
+            if (hasEnded_ && !beginNext()) {
+                coded = {};
+                return true;
+            }
+            const uInt offered = stream_.avail_in;
             const int answer = inflate(&stream_, Z_NO_FLUSH);
-            if (!plain.append({room.data(), room.size() - stream_.avail_out})) return false;
+            coded.remove_prefix(offered - stream_.avail_in);
             isOutOfMemory_ = answer == Z_MEM_ERROR;
             hasEnded_ = answer == Z_STREAM_END;
+            // It can do nothing without more input, or without more space for its output.
             if (answer == Z_BUF_ERROR) return true;
             if (answer != Z_OK && !hasEnded_) return false;
-            if (stream_.avail_in == 0 && stream_.avail_out != 0) return true;
+            if (stream_.avail_out == 0 || coded.empty()) return true;
         }
     }
 

@@ -13,9 +13,6 @@
 
 namespace VanticRestKit::detail {
 
-/// How many redirects one request follows.
-inline constexpr int mostRedirects = 20;
-
 /// Whether an answer of `status` that names another place is to be followed there.
 constexpr bool isRedirect(std::int64_t status) noexcept {
     return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;

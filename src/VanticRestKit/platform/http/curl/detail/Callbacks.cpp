@@ -2,6 +2,8 @@
 #include <VanticRestKit/platform/http/curl/detail/Exchange.h>
 
 #include <cerrno>
+#include <cstddef>
+#include <limits>
 #include <string_view>
 #include <utility>
 
@@ -35,7 +37,8 @@ std::size_t onBody(char* bytes, std::size_t size, std::size_t count, void* user)
         return 0;
     }
     attempt.exchange.transfer()->progress.received += static_cast<std::int64_t>(piece.size());
-    attempt.fault = attempt.body.add(piece);
+    std::size_t budget = std::numeric_limits<std::size_t>::max();
+    attempt.fault = attempt.body.add(piece, budget);
     return attempt.fault ? 0 : piece.size();
 }
 

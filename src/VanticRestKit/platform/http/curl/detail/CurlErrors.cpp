@@ -1,5 +1,5 @@
 #include <VanticRestKit/platform/http/curl/detail/CurlErrors.h>
-#include <VanticRestKit/platform/http/detail/HeaderCollector.h>
+#include <VanticRestKit/platform/http/detail/LimitFaults.h>
 
 #include <sys/socket.h>
 #include <unistd.h>
@@ -52,11 +52,9 @@ std::optional<TransportFault> exhaustionFault(int socketError) {
 TransportFault faultFor(const CurlFailure& failure) {
     // What is larger than our own limits is found before; this is larger than those of libcurl.
     if (failure.isInsideHead && failure.code == CURLE_OUT_OF_MEMORY) {
-        return {URLErrorCode::dataLengthExceedsMaximum, std::string(longHeaderLine)};
+        return longHeaderLineFault(failure.limits);
     }
-    if (tellsOfLargeHeaders(failure.text)) {
-        return {URLErrorCode::dataLengthExceedsMaximum, std::string(largeHeaders)};
-    }
+    if (tellsOfLargeHeaders(failure.text)) return largeHeadFault(failure.limits);
     if (failure.code == CURLE_COULDNT_CONNECT || failure.code == CURLE_COULDNT_RESOLVE_HOST) {
         // A lookup opens its sockets and files in the C library, which does not pass on why it could not.
         const bool isLookup = failure.code == CURLE_COULDNT_RESOLVE_HOST;

@@ -4,7 +4,9 @@
 /// What libcurl's errors are to the platform.
 
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/http/detail/LimitFaults.h>
 #include <VanticRestKit/platform/http/detail/URLErrors.h>
+#include <VanticRestKit/platform/http/URLSessionLimits.h>
 
 #include <curl/curl.h>
 
@@ -23,6 +25,8 @@ struct CurlFailure {
     bool isInsideHead = false;
     /// Why a socket could not be opened, as an `errno`; 0 if none failed.
     int socketError = 0;
+    /// The limits that a fault of a head names.
+    const URLSessionLimits& limits = defaultLimits;
 };
 
 /// The fault that `failure` is to the platform.

@@ -21,9 +21,9 @@ Exchange::Exchange(std::shared_ptr<Transfer> transfer) : transfer_(std::move(tra
 
 Exchange::~Exchange() = default;
 
-bool Exchange::redirect(URLRequest next) {
+std::uint64_t Exchange::redirect(URLRequest next) {
     redirected_ = std::make_unique<URLRequest>(std::move(next));
-    return ++redirects_ <= mostRedirects;
+    return ++redirects_;
 }
 
 // As long as the first repetition of a lost packet takes to be sent: a new attempt costs no more.

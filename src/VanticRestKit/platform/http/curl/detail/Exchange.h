@@ -15,6 +15,7 @@
 #include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
 #include <VanticRestKit/platform/http/detail/Transfer.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
+#include <VanticRestKit/platform/http/URLSessionLimits.h>
 #include <VanticRestKit/platform/http/URLSessionRedirectPolicy.h>
 
 #include <curl/curl.h>
@@ -42,8 +43,8 @@ public:
     /// What is to be sent now: the transfer's request, or what a redirect made of it.
     const URLRequest& request() const noexcept { return redirected_ ? *redirected_ : transfer_->request(); }
 
-    /// Goes on with another request. Returns whether that is still allowed.
-    bool redirect(URLRequest next);
+    /// Goes on with another request. Returns how often it has done that.
+    std::uint64_t redirect(URLRequest next);
 
     /// The redirect that the host is asked about; null while it is not.
     std::unique_ptr<Outcome> redirectAnswer;
@@ -65,7 +66,7 @@ public:
 private:
     std::shared_ptr<Transfer> transfer_;
     std::unique_ptr<URLRequest> redirected_;
-    int redirects_ = 0;
+    std::uint64_t redirects_ = 0;
 };
 
 /// What the callbacks of an attempt reach of the I/O thread.
@@ -78,6 +79,7 @@ struct AttemptSurroundings {
     Admission& admission;
     IdleDeadlines& deadlines;
     const SessionCookies& cookies;
+    const URLSessionLimits& limits = defaultLimits;
 };
 
 /// One request in libcurl's hands, and what has come back so far.
@@ -85,7 +87,8 @@ struct Attempt {
     /// How often libcurl sends a request again that connections refuse.
     static constexpr int mostResendings = 5;
 
-    Attempt(Exchange& held, AttemptSurroundings reached) : exchange(held), surroundings(reached) {}
+    Attempt(Exchange& held, AttemptSurroundings reached)
+        : exchange(held), surroundings(reached), head(reached.limits), body(reached.limits) {}
 
     /// Something of this request moved.
     void moved();

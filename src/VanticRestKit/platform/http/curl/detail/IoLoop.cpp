@@ -14,9 +14,6 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// Idle connections that libcurl keeps open for the next request, over all hosts.
-constexpr long mostIdleConnections = 64;
-
 // How often to look for messages while the system has no descriptor through which they could end a wait.
 constexpr std::chrono::milliseconds blindInterval{20};
 
@@ -33,13 +30,16 @@ std::vector<std::string> addressesOf(const URLSessionConfiguration& configuratio
     return addresses;
 }
 
-CURLM* makeMulti(std::size_t connectionsPerHost) {
+CURLM* makeMulti(std::size_t connectionsPerHost, const URLSessionLimits& limits) {
     CURLM* const multi = curl_multi_init();
     if (multi == nullptr) return nullptr;
     closeWakePairInChildren(multi);
     curl_multi_setopt(multi, CURLMOPT_PIPELINING, CURLPIPE_MULTIPLEX);
     curl_multi_setopt(multi, CURLMOPT_MAX_HOST_CONNECTIONS, static_cast<long>(connectionsPerHost));
-    curl_multi_setopt(multi, CURLMOPT_MAXCONNECTS, mostIdleConnections);
+    // To libcurl, none is its own default.
+    constexpr std::uint64_t most = std::numeric_limits<int>::max();
+    const auto idle = std::clamp<std::uint64_t>(limits.maxIdleConnections, 1, most);
+    curl_multi_setopt(multi, CURLMOPT_MAXCONNECTS, static_cast<long>(idle));
     return multi;
 }
 
@@ -60,7 +60,7 @@ IoLoop::IoLoop(const URLSessionConfiguration& configuration, const TransportSeam
       inbox_(std::move(inbox)),
       delegateQueue_(std::move(delegateQueue)),
       tls_(configuration),
-      multi_(makeMulti(connectionsPerHost(configuration))),
+      multi_(makeMulti(connectionsPerHost(configuration), configuration_.limits)),
       shared_(makeShared()),
       pool_({.configuration = &configuration,
              .connections = &connections_,
@@ -175,7 +175,8 @@ void IoLoop::send(Exchange& exchange) {
                                       .redirectPolicy = configuration_.redirectPolicy,
                                       .admission = admission_,
                                       .deadlines = deadlines_,
-                                      .cookies = cookies_});
+                                      .cookies = cookies_,
+                                      .limits = configuration_.limits});
     exchange.attempt->handle = pool_.take(isSecure(*exchange.request().url()));
     exchange.attempt->headerLines =
         headerLines_.of(exchange.request(), cookies_.headerFor(exchange.request()));

@@ -10,6 +10,7 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <string>
 #include <utility>
 
 namespace VanticRestKit::detail {
@@ -36,7 +37,8 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
                                   .text = text,
                                   .verifyResult = verified,
                                   .isInsideHead = attempt.sendings > 0 && !attempt.head.isComplete(),
-                                  .socketError = attempt.socketError};
+                                  .socketError = attempt.socketError,
+                                  .limits = configuration_.limits};
         fail(exchange, faultFor(failure), underlyingError(code, text, verified));
     } else if (!attempt.head.isComplete()) {
         fail(exchange,
@@ -114,9 +116,10 @@ void IoLoop::goTo(Exchange& exchange, URLRequest next) {
         exchange.metrics->redirected(exchange.request());
     }
     const auto fault = whyUnusable(next);
-    const bool allowed = exchange.redirect(std::move(next));
-    if (!allowed) {
-        fail(exchange, {URLErrorCode::httpTooManyRedirects});
+    if (exchange.redirect(std::move(next)) > configuration_.limits.maxRedirects) {
+        const std::string most = std::to_string(configuration_.limits.maxRedirects);
+        fail(exchange, {URLErrorCode::httpTooManyRedirects,
+                        "The load was redirected more than " + most + " times (maxRedirects)."});
     } else if (fault) {
         fail(exchange, *fault);
     } else {

@@ -1,0 +1,54 @@
+#pragma once
+
+/// \file
+/// `URLSessionLimits`: how much a server can make a session take.
+
+#include <cstdint>
+#include <limits>
+
+namespace VanticRestKit {
+
+/// The limits that a session puts on what servers send. Sizes are in bytes; a KB is 1,024 of them, an MB 1,024 KB.
+///
+/// A load that exceeds a limit ends at once, with its connection, and fails with an error of the domain
+/// `NSURLErrorDomain`. Unless a field says otherwise the code is `URLErrorCode::dataLengthExceedsMaximum`; the
+/// description for developers (`NSDebugDescription` in the user information) names the field. `docs/limits.md` lists
+/// all limits.
+struct URLSessionLimits {
+    /// For fields that count: no limit.
+    static constexpr std::uint64_t unlimited = std::numeric_limits<std::uint64_t>::max();
+
+    /// The size of a body as it is sent, before its content coding is undone. A `Content-Length` above it ends the
+    /// load with the first piece of the body.
+    std::uint64_t maxBodyBytesOnWire = 256 * 1024 * 1024;
+
+    /// The size of a body after its content coding is undone; for a body with several codings, also the size between
+    /// two of them.
+    std::uint64_t maxBodyBytes = 256 * 1024 * 1024;
+
+    /// How many bytes each byte of a coded body may decode to, on average, once more than an MB has been decoded. That
+    /// first MB does not count.
+    std::uint64_t maxDecodingRatio = 200;
+
+    /// The length of a header line, its line end included. More than 100 KB has no effect: no longer line can be read.
+    std::uint64_t maxHeaderLineBytes = 64 * 1024;
+
+    /// The size of all header lines of an answer: those of interim answers, of the final one, and its trailers. More
+    /// than 300 KB has no effect: no larger head can be read.
+    std::uint64_t maxHeadBytes = 256 * 1024;
+
+    /// The number of those lines.
+    std::uint64_t maxHeadLines = 1000;
+
+    /// The number of interim answers (1xx) before the final one.
+    std::uint64_t maxInterimAnswers = 32;
+
+    /// How many redirects a load follows. The next one fails it with `URLErrorCode::httpTooManyRedirects`.
+    std::uint64_t maxRedirects = 20;
+
+    /// How many idle connections stay open for later loads, over all hosts; at least 1. Beyond it the one that has been
+    /// idle longest is closed. No load fails.
+    std::uint64_t maxIdleConnections = 64;
+};
+
+}  // namespace VanticRestKit
