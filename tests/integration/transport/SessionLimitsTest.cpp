@@ -5,6 +5,7 @@
 #include <support/FaultServer.h>
 #include <support/Loading.h>
 
+#include <chrono>
 #include <string>
 
 using namespace VanticRestKit;
@@ -103,7 +104,13 @@ TEST(SessionLimits, TheNumberOfRedirectsCanBeSet) {
 
 TEST(SessionLimits, NoMoreConnectionsStayOpenThanTheLimitAllows) {
     FaultServer first(always(answer(200, "first")));
-    FaultServer second(always(answer(200, "second")));
+    // Its connection is the younger one by any clock.
+    FaultServer second([](FaultConnection& connection) {
+        while (connection.readRequest()) {
+            connection.pace(std::chrono::milliseconds(20));
+            connection.send(answer(200, "second"));
+        }
+    });
     const auto session = sessionWith({.maxIdleConnections = 1});
     ASSERT_TRUE(load(*session, first.url()).succeeded());
     ASSERT_TRUE(load(*session, second.url()).succeeded());

@@ -38,7 +38,8 @@ protected:
                                                                      .redirectPolicy = redirectPolicy_,
                                                                      .admission = admission_,
                                                                      .deadlines = deadlines_,
-                                                                     .cookies = cookies_});
+                                                                     .cookies = cookies_,
+                                                                     .pacer = pacer_});
         exchange_.attempt->connection = connection_;
         exchange_.setInterval(seconds(30));
         suspects_.judge(exchange_, now_);
@@ -60,6 +61,7 @@ protected:
     Admission admission_{6};
     IdleDeadlines deadlines_;
     SessionCookies cookies_{URLSessionConfiguration::default_()};
+    BodyPacer pacer_;
     Socket peer_;
     std::shared_ptr<Connection> connection_;
     Exchange exchange_{

@@ -34,6 +34,9 @@ public:
     /// undo.
     void expect(std::optional<std::uint64_t> length, Decoding decoding);
 
+    /// Whether the body has a coding, so that a piece may take long.
+    bool isCoded() const noexcept { return !stages_.empty(); }
+
     /// Takes the next piece, and decodes as much of it as `budget` allows. Not while `hasMore()`. What is wrong with the
     /// body, if anything is.
     std::optional<TransportFault> add(std::string_view piece, std::size_t& budget);

@@ -3,7 +3,6 @@
 
 #include <cerrno>
 #include <cstddef>
-#include <limits>
 #include <string_view>
 #include <utility>
 
@@ -13,7 +12,7 @@ namespace {
 
 Attempt& attemptOf(void* user) { return *static_cast<EasyHandle*>(user)->attempt; }
 
-// Each of the following ends the request by taking less than it was given.
+// Each of the following ends the request by taking less than it was given; the second can also pause it.
 std::size_t onHeaderLine(char* bytes, std::size_t size, std::size_t count, void* user) {
     Attempt& attempt = attemptOf(user);
     attempt.received();
@@ -36,10 +35,12 @@ std::size_t onBody(char* bytes, std::size_t size, std::size_t count, void* user)
                                        "The body has a coding that is not known here."};
         return 0;
     }
-    attempt.exchange.transfer()->progress.received += static_cast<std::int64_t>(piece.size());
-    std::size_t budget = std::numeric_limits<std::size_t>::max();
-    attempt.fault = attempt.body.add(piece, budget);
-    return attempt.fault ? 0 : piece.size();
+    const std::size_t taken = attempt.surroundings.pacer.take(attempt, piece);
+    // A piece that is paused comes again.
+    if (taken == piece.size()) {
+        attempt.exchange.transfer()->progress.received += static_cast<std::int64_t>(taken);
+    }
+    return taken;
 }
 
 // Of what is received the others tell already.

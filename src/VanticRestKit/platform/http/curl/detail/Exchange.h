@@ -4,6 +4,7 @@
 /// `Exchange`: one transfer as the I/O thread sees it, and `Attempt`, one request of it in libcurl's hands.
 
 #include <VanticRestKit/platform/http/cookies/detail/SessionCookies.h>
+#include <VanticRestKit/platform/http/curl/detail/BodyPacer.h>
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
 #include <VanticRestKit/platform/http/curl/detail/EasyHandle.h>
 #include <VanticRestKit/platform/http/curl/detail/ExchangeMetrics.h>
@@ -79,6 +80,7 @@ struct AttemptSurroundings {
     Admission& admission;
     IdleDeadlines& deadlines;
     const SessionCookies& cookies;
+    BodyPacer& pacer;
     const URLSessionLimits& limits = defaultLimits;
 };
 
@@ -117,6 +119,13 @@ struct Attempt {
     bool isRedirectToAskAbout = false;
     /// Whether the body has a coding that is not known and was not asked for.
     bool hasUnknownCoding = false;
+
+    /// Whether the pacer has it in its queue, because there is something of its body to decode.
+    bool isHeld = false;
+    /// Whether libcurl keeps a piece of its body until it is told to go on.
+    bool isPaused = false;
+    /// How libcurl ended the request, if the rest of its body was still to be decoded then.
+    std::optional<CURLcode> result;
 
     /// Whether libcurl has brought the request to its end.
     bool isWhole = false;

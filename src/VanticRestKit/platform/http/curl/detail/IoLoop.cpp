@@ -84,6 +84,7 @@ void IoLoop::run(ExitGate& gate) {
         const bool moreMayCome = readInbox();
         if (!moreMayCome && exchanges_.empty()) break;
         admit();
+        decodeHeld();
         int running = 0;
         curl_multi_perform(multi_, &running);
         suspects_.review();
@@ -176,6 +177,7 @@ void IoLoop::send(Exchange& exchange) {
                                       .admission = admission_,
                                       .deadlines = deadlines_,
                                       .cookies = cookies_,
+                                      .pacer = pacer_,
                                       .limits = configuration_.limits});
     exchange.attempt->handle = pool_.take(isSecure(*exchange.request().url()));
     exchange.attempt->headerLines =
@@ -216,6 +218,8 @@ void IoLoop::timeOutIdle() {
 // Whether something counts as movement that no callback tells of.
 bool IoLoop::movedUnseen(Exchange& exchange) {
     const Attempt& attempt = *exchange.attempt;
+    // It waits for this thread, and not for its server.
+    if (attempt.isHeld) exchange.moved(now_);
     const Carriage carriage = admission_.carriage(exchange);
     if (carriage == Carriage::many && attempt.waitsForConnection()) {
         // It waits inside libcurl for room, while connections work: that is not its own idleness.
@@ -247,7 +251,10 @@ void IoLoop::release(Exchange& exchange) {
 void IoLoop::takeBack(Exchange& exchange) {
     if (exchange.metrics) exchange.metrics->read(*exchange.attempt);
     const std::unique_ptr<Attempt> attempt = std::move(exchange.attempt);
+    pacer_.forget(*attempt);
     curl_multi_remove_handle(multi_, attempt->handle->get());
+    // Whatever libcurl keeps of its body goes with it.
+    attempt->handle->isUsedUp |= attempt->isPaused;
     pool_.give(std::move(attempt->handle));
     if (!attempt->connection) return;
     --attempt->connection->streams;
@@ -302,6 +309,7 @@ void IoLoop::wait() {
         inbox_->waitForMail();
         return;
     }
+    if (pacer_.isWaiting()) return;
     // What has changed is libcurl's to see first.
     if (pendingConnects_.update(now_)) return;
     watched_.clear();

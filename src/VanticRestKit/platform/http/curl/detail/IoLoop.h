@@ -5,6 +5,7 @@
 
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/http/cookies/detail/SessionCookies.h>
+#include <VanticRestKit/platform/http/curl/detail/BodyPacer.h>
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
 #include <VanticRestKit/platform/http/curl/detail/ConnectivityWait.h>
 #include <VanticRestKit/platform/http/curl/detail/CurlTransport.h>
@@ -61,6 +62,8 @@ private:
     void admit();
     void attempt(Exchange& exchange);
     void send(Exchange& exchange);
+    void decodeHeld();
+    void resume(Attempt& attempt);
     void collectFinished();
     void settle(Exchange& exchange, CURLcode code);
     void visitOn(const Connection& connection, const std::function<void(Exchange&)>& visit);
@@ -104,6 +107,7 @@ private:
     Admission admission_;
     IdleDeadlines deadlines_;
     const SessionCookies cookies_;
+    BodyPacer pacer_;
     HeaderLinesMemo headerLines_;
     OriginMemo origins_;
     ConnectivityWait unreached_;

@@ -15,9 +15,38 @@
 
 namespace VanticRestKit::detail {
 
+void IoLoop::decodeHeld() {
+    pacer_.beginRound();
+    while (Attempt* const attempt = pacer_.next()) {
+        attempt->moved();
+        pacer_.decode(*attempt);
+        if (attempt->fault) {
+            fail(attempt->exchange, *attempt->fault);
+        } else if (attempt->body.hasMore()) {
+            pacer_.hold(*attempt);
+        } else if (attempt->result) {
+            settle(attempt->exchange, *attempt->result);
+        } else if (attempt->isPaused) {
+            resume(*attempt);
+        }
+    }
+}
+
+// libcurl passes on at once what it has kept.
+void IoLoop::resume(Attempt& attempt) {
+    attempt.isPaused = false;
+    const CURLcode code = curl_easy_pause(attempt.handle->get(), CURLPAUSE_CONT);
+    if (code != CURLE_OK) settle(attempt.exchange, code);
+}
+
 void IoLoop::settle(Exchange& exchange, CURLcode code) {
     Attempt& attempt = *exchange.attempt;
     attempt.isWhole = code == CURLE_OK;
+    if (attempt.isWhole && attempt.body.hasMore() && !attempt.fault) {
+        // The rest of the body waits for its turn.
+        attempt.result = code;
+        return;
+    }
     if (attempt.fault) {
         fail(exchange, *attempt.fault);
     } else if (attempt.isRedirect) {

@@ -1,0 +1,50 @@
+#include <VanticRestKit/platform/http/curl/detail/BodyPacer.h>
+#include <VanticRestKit/platform/http/curl/detail/Exchange.h>
+
+#include <curl/curl.h>
+
+#include <algorithm>
+
+namespace VanticRestKit::detail {
+
+std::size_t BodyPacer::take(Attempt& attempt, std::string_view piece) {
+    attempt.isPaused = attempt.body.isCoded() && (budget_ == 0 || attempt.body.hasMore());
+    if (attempt.isPaused) {
+        hold(attempt);
+        return CURL_WRITEFUNC_PAUSE;
+    }
+    attempt.fault = attempt.body.add(piece, budget_);
+    // libcurl may have called to pass on what it kept, and goes on with a transfer that fails then.
+    if (attempt.fault || attempt.body.hasMore()) hold(attempt);
+    return attempt.fault ? 0 : piece.size();
+}
+
+Attempt* BodyPacer::next() {
+    if (held_.empty() || budget_ == 0) return nullptr;
+    Attempt* const attempt = held_.front();
+    held_.pop_front();
+    attempt->isHeld = false;
+    return attempt;
+}
+
+void BodyPacer::decode(Attempt& attempt) {
+    if (attempt.fault) return;
+    const std::size_t turn = std::min(budget_, bytesPerTurn);
+    std::size_t left = turn;
+    attempt.fault = attempt.body.decode(left);
+    budget_ -= turn - left;
+}
+
+void BodyPacer::hold(Attempt& attempt) {
+    if (attempt.isHeld) return;
+    attempt.isHeld = true;
+    held_.push_back(&attempt);
+}
+
+void BodyPacer::forget(Attempt& attempt) {
+    if (!attempt.isHeld) return;
+    attempt.isHeld = false;
+    std::erase(held_, &attempt);
+}
+
+}  // namespace VanticRestKit::detail
