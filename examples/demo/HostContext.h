@@ -18,6 +18,8 @@ public:
     std::map<std::string, std::string> HTTPHeaderFields() const override { return {{"X-Host", "demo"}}; }
     double requestTimeout() const override { return 5.0; }
     VanticRestKit::LogError logError() const override;
+    /// Over a session of the host's own, whose loads take five minutes at most.
+    std::shared_ptr<VanticRestKit::Serviceable> service(ServiceArguments arguments) const override;
 
     /// The line of the last report, which is forgotten then; no text where there was none.
     std::string takeReport() const;

@@ -3,8 +3,13 @@
 // What every recipe has: a context for the address that its command line names.
 
 #include <VanticRestKit/Core/Context.h>
+#include <VanticRestKit/Core/NetworkServiceble.h>
+#include <VanticRestKit/Core/NetworkSession.h>
+#include <VanticRestKit/platform/http/URLSession.h>
 #include <VanticRestKit/trelvo/Common/TrelvoContext.h>
 
+#include <chrono>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -16,6 +21,12 @@ public:
     explicit Host(VanticRestKit::URL baseURL) : baseURL_(std::move(baseURL)) {}
     VanticRestKit::URL baseURL() const override { return baseURL_; }
 
+    /// Over a session whose loads take five minutes at most; without that a server that drips could take for ever.
+    std::shared_ptr<VanticRestKit::Serviceable> service(ServiceArguments arguments) const override {
+        return VanticRestKit::NetworkServiceble::make(
+            {.with = std::move(arguments.withURLRequest), .and_ = session(), .logError = logError()});
+    }
+
     /// The host of `program BASE-URL`; empty if the command line is another.
     static std::optional<Host> of(int argc, char** argv) {
         const auto baseURL = argc == 2 ? VanticRestKit::URL::make(argv[1]) : std::nullopt;
@@ -24,6 +35,15 @@ public:
     }
 
 private:
+    static std::shared_ptr<VanticRestKit::NetworkSession> session() {
+        static const auto shared = [] {
+            auto configuration = VanticRestKit::URLSessionConfiguration::default_();
+            configuration.timeoutIntervalForResource = std::chrono::minutes(5);
+            return VanticRestKit::networkSession(VanticRestKit::URLSession::make(configuration));
+        }();
+        return shared;
+    }
+
     VanticRestKit::URL baseURL_;
 };
 

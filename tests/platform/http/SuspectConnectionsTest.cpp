@@ -39,6 +39,7 @@ protected:
                                                                      .admission = admission_,
                                                                      .deadlines = deadlines_,
                                                                      .cookies = cookies_,
+                                                                     .loadDeadlines = loadDeadlines_,
                                                                      .pacer = pacer_});
         exchange_.attempt->connection = connection_;
         exchange_.setInterval(seconds(30));
@@ -61,6 +62,7 @@ protected:
     Admission admission_{6};
     IdleDeadlines deadlines_;
     SessionCookies cookies_{URLSessionConfiguration::default_()};
+    LoadDeadlines loadDeadlines_{URLSessionConfiguration::default_()};
     BodyPacer pacer_;
     Socket peer_;
     std::shared_ptr<Connection> connection_;

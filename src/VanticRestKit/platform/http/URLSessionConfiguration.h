@@ -27,6 +27,12 @@ struct URLSessionConfiguration {
     /// How long nothing may move, for requests whose own `timeoutInterval` is not above zero.
     std::chrono::duration<double> timeoutIntervalForRequest{60};
 
+    /// How long a load may take as a whole, from `resume()` to its end, the time in the session's queue and redirects
+    /// included; then it fails with `URLErrorCode::timedOut`. Seven days unless it is above zero. A host should set what
+    /// its users would wait for, such as five minutes: a server that sends a byte now and then runs into no other
+    /// time-out, and keeps one of the connections of its origin.
+    std::chrono::duration<double> timeoutIntervalForResource{7 * 24 * 60 * 60};
+
     /// The file with the certificates (PEM) of the roots to be trusted, in place of the system's. Empty: the
     /// system's. A file that cannot be read fails every https request with
     /// `URLErrorCode::secureConnectionFailed`.

@@ -3,6 +3,7 @@
 /// \file
 /// `URLSessionLimits`: how much a server can make a session take.
 
+#include <chrono>
 #include <cstdint>
 #include <limits>
 
@@ -29,6 +30,14 @@ struct URLSessionLimits {
     /// How many bytes each byte of a coded body may decode to, on average, once more than an MB has been decoded. That
     /// first MB does not count.
     std::uint64_t maxDecodingRatio = 200;
+
+    /// How many bytes of a body have to come per second, on average over each `bodySpeedInterval`, as they are sent. A
+    /// body that comes more slowly fails its load with `URLErrorCode::timedOut`. 0: a body may be as slow as the idle
+    /// time-out lets it.
+    std::uint64_t minBodyBytesPerSecond = 0;
+
+    /// See `minBodyBytesPerSecond`; a value that is not above zero stands for the default.
+    std::chrono::duration<double> bodySpeedInterval{30};
 
     /// The length of a header line, its line end included. More than 100 KB has no effect: no longer line can be read.
     std::uint64_t maxHeaderLineBytes = 64 * 1024;

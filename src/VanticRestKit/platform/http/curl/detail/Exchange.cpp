@@ -71,6 +71,7 @@ void Attempt::readHead() {
     Transfer::Progress& progress = exchange.transfer()->progress;
     progress.received = 0;
     progress.expectedToReceive = head.contentLength() ? static_cast<std::int64_t>(*head.contentLength()) : -1;
+    surroundings.loadDeadlines.startBody(*this, surroundings.now);
     Decoding decoding = decodingFor(head.value("content-encoding").value_or(""));
     // Whoever names codings of their own can undo them.
     hasUnknownCoding = !decoding.isKnown && !exchange.request().value("accept-encoding");

@@ -9,6 +9,7 @@
 #include <VanticRestKit/platform/http/curl/detail/EasyHandle.h>
 #include <VanticRestKit/platform/http/curl/detail/ExchangeMetrics.h>
 #include <VanticRestKit/platform/http/curl/detail/HeaderLines.h>
+#include <VanticRestKit/platform/http/curl/detail/LoadDeadlines.h>
 #include <VanticRestKit/platform/http/curl/detail/PendingConnects.h>
 #include <VanticRestKit/platform/http/detail/Admission.h>
 #include <VanticRestKit/platform/http/detail/BodyCollector.h>
@@ -47,6 +48,9 @@ public:
     /// Goes on with another request. Returns how often it has done that.
     std::uint64_t redirect(URLRequest next);
 
+    LoadTimer wholeTimer{*this};
+    LoadTimer bodyTimer{*this};
+
     /// The redirect that the host is asked about; null while it is not.
     std::unique_ptr<Outcome> redirectAnswer;
     /// The request in libcurl's hands; null while none is.
@@ -80,6 +84,7 @@ struct AttemptSurroundings {
     Admission& admission;
     IdleDeadlines& deadlines;
     const SessionCookies& cookies;
+    LoadDeadlines& loadDeadlines;
     BodyPacer& pacer;
     const URLSessionLimits& limits = defaultLimits;
 };

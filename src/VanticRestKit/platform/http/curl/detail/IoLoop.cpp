@@ -69,6 +69,7 @@ IoLoop::IoLoop(const URLSessionConfiguration& configuration, const TransportSeam
              .addresses = addressesOf(configuration, seams)}),
       admission_(connectionsPerHost(configuration)),
       cookies_(configuration),
+      loadDeadlines_(configuration),
       suspects_(connections_, admission_,
                 [this](const Connection& connection, const std::function<void(Exchange&)>& visit) {
                     visitOn(connection, visit);
@@ -89,7 +90,7 @@ void IoLoop::run(ExitGate& gate) {
         curl_multi_perform(multi_, &running);
         suspects_.review();
         collectFinished();
-        timeOutIdle();
+        timeOut();
         tryAgain();
         resets_.shutDownQuiet(now_);
         admit();
@@ -119,6 +120,7 @@ void IoLoop::begin(std::shared_ptr<Transfer> transfer) {
     auto made = std::make_unique<Exchange>(std::move(transfer));
     Exchange& exchange = *made;
     exchanges_.emplace(key, std::move(made));
+    loadDeadlines_.start(exchange, now_);
     exchange.setInterval(idleInterval(exchange.request().timeoutInterval(), usualInterval_));
     if (exchange.transfer()->isCancelled()) {
         fail(exchange, {URLErrorCode::cancelled});
@@ -177,6 +179,7 @@ void IoLoop::send(Exchange& exchange) {
                                       .admission = admission_,
                                       .deadlines = deadlines_,
                                       .cookies = cookies_,
+                                      .loadDeadlines = loadDeadlines_,
                                       .pacer = pacer_,
                                       .limits = configuration_.limits});
     exchange.attempt->handle = pool_.take(isSecure(*exchange.request().url()));
@@ -198,6 +201,11 @@ void IoLoop::collectFinished() {
         curl_easy_getinfo(message->easy_handle, CURLINFO_PRIVATE, &user);
         settle(reinterpret_cast<EasyHandle*>(user)->attempt->exchange, code);
     }
+}
+
+void IoLoop::timeOut() {
+    timeOutIdle();
+    while (const auto overdue = loadDeadlines_.takeOverdue(now_)) fail(overdue->exchange, overdue->fault);
 }
 
 void IoLoop::timeOutIdle() {
@@ -252,6 +260,7 @@ void IoLoop::takeBack(Exchange& exchange) {
     if (exchange.metrics) exchange.metrics->read(*exchange.attempt);
     const std::unique_ptr<Attempt> attempt = std::move(exchange.attempt);
     pacer_.forget(*attempt);
+    loadDeadlines_.endBody(exchange);
     curl_multi_remove_handle(multi_, attempt->handle->get());
     // Whatever libcurl keeps of its body goes with it.
     attempt->handle->isUsedUp |= attempt->isPaused;
@@ -276,6 +285,7 @@ void IoLoop::visitOn(const Connection& connection, const std::function<void(Exch
 void IoLoop::end(Exchange& exchange, Outcome outcome) {
     release(exchange);
     if (exchange.metrics) exchange.metrics->ended(exchange.request(), outcome);
+    loadDeadlines_.end(exchange);
     std::shared_ptr<Transfer> transfer = exchange.transfer();
     exchanges_.erase(transfer.get());
     ended_.push_back({std::move(transfer), std::move(outcome)});
@@ -296,7 +306,8 @@ void IoLoop::deliver() {
 
 std::chrono::milliseconds IoLoop::longestWait() const {
     std::chrono::milliseconds limit{60 * 60 * 1000};
-    for (const auto next : {deadlines_.next(), resets_.next(), pendingConnects_.next(), unreached_.next()}) {
+    for (const auto next :
+         {deadlines_.next(), loadDeadlines_.next(), resets_.next(), pendingConnects_.next(), unreached_.next()}) {
         if (!next) continue;
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(*next - Clock::now());
         limit = std::clamp(left, std::chrono::milliseconds(0), limit);

@@ -13,6 +13,7 @@
 #include <VanticRestKit/platform/http/curl/detail/Exchange.h>
 #include <VanticRestKit/platform/http/curl/detail/ExitGate.h>
 #include <VanticRestKit/platform/http/curl/detail/Inbox.h>
+#include <VanticRestKit/platform/http/curl/detail/LoadDeadlines.h>
 #include <VanticRestKit/platform/http/curl/detail/PendingConnects.h>
 #include <VanticRestKit/platform/http/curl/detail/StreamResets.h>
 #include <VanticRestKit/platform/http/curl/detail/SuspectConnections.h>
@@ -80,6 +81,7 @@ private:
     void succeed(Exchange& exchange);
     void fail(Exchange& exchange, const TransportFault& fault,
               const std::optional<Error>& underlying = std::nullopt);
+    void timeOut();
     void timeOutIdle();
     bool movedUnseen(Exchange& exchange);
     void release(Exchange& exchange);
@@ -107,6 +109,7 @@ private:
     Admission admission_;
     IdleDeadlines deadlines_;
     const SessionCookies cookies_;
+    LoadDeadlines loadDeadlines_;
     BodyPacer pacer_;
     HeaderLinesMemo headerLines_;
     OriginMemo origins_;
