@@ -191,3 +191,34 @@ TEST(Admission, ForgetsOriginsThatAreIdle) {
     admission.enqueue(third, "aside");
     EXPECT_EQ(admission.carriage(third), Carriage::many) << "nor is this one";
 }
+
+TEST(Admission, OriginsWhoseNamesAreNotLookedUpYetWaitWhileTooManyAre) {
+    Admission admission(6, 100, 2);
+    std::vector<Applicant> applicants(4);
+    for (int i = 0; i < 3; ++i)
+        admission.enqueue(applicants[i], "http://host" + std::to_string(i) + ".test:80");
+    EXPECT_EQ(admission.admitNext(), &applicants[0]);
+    EXPECT_EQ(admission.admitNext(), &applicants[1]);
+    EXPECT_EQ(admission.admitNext(), nullptr);
+    admission.enqueue(applicants[3], "http://127.0.0.1:80");
+    EXPECT_EQ(admission.admitNext(), &applicants[3]) << "an address is not looked up";
+    admission.endLookup(applicants[0]);
+    EXPECT_EQ(admission.admitNext(), &applicants[2]);
+    for (Applicant& applicant : applicants) admission.leave(applicant);
+}
+
+TEST(Admission, AnOriginThatWaitsForALookupIsLeftByThoseWhoGiveUp) {
+    Admission admission(6, 100, 1);
+    std::vector<Applicant> applicants(3);
+    for (int i = 0; i < 3; ++i)
+        admission.enqueue(applicants[i], "http://host" + std::to_string(i) + ".test:80");
+    EXPECT_EQ(admission.admitNext(), &applicants[0]);
+    EXPECT_EQ(admission.admitNext(), nullptr);
+    admission.leave(applicants[1]);
+    admission.leave(applicants[0]);
+    EXPECT_EQ(admission.admitNext(), &applicants[2]);
+    admission.learnAddress(applicants[2], TimePoint::max());
+    admission.enqueue(applicants[1], "http://host1.test:80");
+    EXPECT_EQ(admission.admitNext(), &applicants[1]);
+    for (Applicant& applicant : applicants) admission.leave(applicant);
+}

@@ -55,6 +55,11 @@ struct URLSessionLimits {
     /// How many redirects a load follows. The next one fails it with `URLErrorCode::httpTooManyRedirects`.
     std::uint64_t maxRedirects = 20;
 
+    /// How many names of hosts are looked up at once; at least 1. Each takes a thread and three descriptors. Loads of
+    /// further names wait in the queue. A look-up whose load was cancelled or timed out runs to its own end and no longer
+    /// counts.
+    std::uint64_t maxNameLookups = 16;
+
     /// How many idle connections stay open for later loads, over all hosts; at least 1. Beyond it the one that has been
     /// idle longest is closed. No load fails.
     std::uint64_t maxIdleConnections = 64;

@@ -1,6 +1,7 @@
 #include <VanticRestKit/platform/http/detail/Admission.h>
 
 #include <algorithm>
+#include <string_view>
 
 namespace VanticRestKit::detail {
 
@@ -14,18 +15,22 @@ constexpr std::size_t mostLines = 256;
 }  // namespace
 
 struct Applicant::Line {
+    explicit Line(std::string_view origin) : name(origin) {}
+
     std::list<Applicant*> waiting;
     std::size_t admitted = 0;
     std::size_t aside = 0;
     Carriage carriage = Carriage::unknown;
     bool isNarrow = false;
     bool isToBeLookedAt = false;
+    NameLookups::Name name;
 };
 
-Admission::Admission(std::size_t connectionsPerHost, std::size_t maxAdmitted)
+Admission::Admission(std::size_t connectionsPerHost, std::size_t maxAdmitted, std::size_t maxLookups)
     : connectionsPerHost_(std::max<std::size_t>(connectionsPerHost, 1)),
       maxAdmitted_(std::max<std::size_t>(maxAdmitted, 1)),
-      pruneAt_(mostLines) {}
+      pruneAt_(mostLines),
+      lookups_(maxLookups) {}
 
 Admission::~Admission() = default;
 
@@ -57,34 +62,58 @@ void Admission::prune() {
 void Admission::enqueue(Applicant& applicant, const std::string& origin) {
     prune();
     auto& line = lines_[origin];
-    if (!line) line = std::make_unique<Line>();
+    if (!line) line = std::make_unique<Line>(origin);
     applicant.line_ = line.get();
     applicant.state_ = Applicant::State::waiting;
     applicant.place_ = line->waiting.insert(line->waiting.end(), &applicant);
     lookAt(*line);
 }
 
-Applicant* Admission::admitNext() {
-    while (!toLookAt_.empty() && admitted_ < maxAdmitted_) {
-        Line& line = *toLookAt_.front();
-        toLookAt_.pop_front();
-        line.isToBeLookedAt = false;
-        if (line.waiting.empty() || line.admitted >= capacity(line)) continue;
-        Applicant& applicant = *line.waiting.front();
-        line.waiting.pop_front();
+Admission::Line* Admission::nextLine() {
+    auto& lines = unresolved_.empty() || lookups_.areAllTaken() ? toLookAt_ : unresolved_;
+    if (lines.empty()) return nullptr;
+    Line* const line = lines.front();
+    lines.pop_front();
+    return line;
+}
+
+Applicant* Admission::admitNext(TimePoint now) {
+    while (admitted_ < maxAdmitted_) {
+        Line* const line = nextLine();
+        if (line == nullptr) return nullptr;
+        if (!line->waiting.empty() && line->admitted < capacity(*line) &&
+            !lookups_.mayBegin(line->name, now)) {
+            unresolved_.push_back(line);
+            continue;
+        }
+        line->isToBeLookedAt = false;
+        if (line->waiting.empty() || line->admitted >= capacity(*line)) continue;
+        Applicant& applicant = *line->waiting.front();
+        line->waiting.pop_front();
         applicant.state_ = Applicant::State::admitted;
-        ++line.admitted;
+        lookups_.begin(line->name, applicant.lookup_, now);
+        ++line->admitted;
         ++admitted_;
         // The other origins have their turn before the next one of this.
-        lookAt(line);
+        lookAt(*line);
         return &applicant;
     }
     return nullptr;
 }
 
+void Admission::endLookup(Applicant& applicant) {
+    if (applicant.line_ != nullptr) lookups_.end(applicant.line_->name, applicant.lookup_);
+}
+
+void Admission::learnAddress(Applicant& applicant, TimePoint until) {
+    endLookup(applicant);
+    if (applicant.line_ != nullptr) lookups_.learn(applicant.line_->name, until);
+}
+
 void Admission::leave(Applicant& applicant) {
     if (applicant.line_ == nullptr) return;
     Line& line = *applicant.line_;
+    endLookup(applicant);
     switch (applicant.state_) {
         case Applicant::State::outside: break;
         case Applicant::State::waiting: line.waiting.erase(applicant.place_); break;

@@ -3,8 +3,12 @@
 /// \file
 /// `Admission`: which transfers may go now, and which wait for a connection of their origin.
 
+#include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
+#include <VanticRestKit/platform/http/detail/NameLookups.h>
+
 #include <cstddef>
 #include <deque>
+#include <limits>
 #include <list>
 #include <memory>
 #include <string>
@@ -31,6 +35,7 @@ private:
     State state_ = State::outside;
     Line* line_ = nullptr;
     std::list<Applicant*>::iterator place_{};
+    NameLookups::Ticket lookup_;
 };
 
 /// One line for each origin, first come, first served. Does not own the applicants; for one thread.
@@ -38,13 +43,15 @@ private:
 /// An origin takes as many transfers as it may have connections, or, once it is known to carry several at
 /// once on one connection, as many as one connection commonly takes. All origins together take no more than
 /// `maxAdmitted`: what libcurl does in a round costs time in proportion to the transfers that it holds. Origins
-/// take turns, so that one with a long line does not keep the others waiting.
+/// take turns, so that one with a long line does not keep the others waiting. An origin whose name has to be looked up
+/// waits as well while `maxLookups` names are.
 class Admission {
 public:
     /// Enough for forty origins with six connections each, and few enough for a round to stay cheap.
     static constexpr std::size_t defaultMaxAdmitted = 256;
 
-    explicit Admission(std::size_t connectionsPerHost, std::size_t maxAdmitted = defaultMaxAdmitted);
+    explicit Admission(std::size_t connectionsPerHost, std::size_t maxAdmitted = defaultMaxAdmitted,
+                       std::size_t maxLookups = std::numeric_limits<std::size_t>::max());
     ~Admission();
     Admission(const Admission&) = delete;
     Admission& operator=(const Admission&) = delete;
@@ -52,8 +59,13 @@ public:
     /// Puts `applicant` at the end of the line of `origin`.
     void enqueue(Applicant& applicant, const std::string& origin);
 
-    /// The next one that may go; null if nobody may. It takes room until `leave`.
-    Applicant* admitNext();
+    /// The next one that may go at `now`; null if nobody may. It takes room until `leave`.
+    Applicant* admitNext(TimePoint now = {});
+
+    /// Says that an admitted `applicant` has its connection and looks up no name any more.
+    void endLookup(Applicant& applicant);
+    /// Says that the address of its origin was found, and will be known until then.
+    void learnAddress(Applicant& applicant, TimePoint until);
 
     /// Takes `applicant` out, waiting or admitted; does nothing to one that is neither.
     void leave(Applicant& applicant);
@@ -80,6 +92,7 @@ private:
 
     std::size_t capacity(const Line& line) const;
     void lookAt(Line& line);
+    Line* nextLine();
     void prune();
 
     const std::size_t connectionsPerHost_;
@@ -90,6 +103,9 @@ private:
     std::unordered_map<std::string, std::unique_ptr<Line>> lines_;
     // The lines in which somebody may be able to go.
     std::deque<Line*> toLookAt_;
+    // Those in which the next one has to wait until fewer names are looked up.
+    std::deque<Line*> unresolved_;
+    NameLookups lookups_;
 };
 
 }  // namespace VanticRestKit::detail

@@ -64,6 +64,7 @@ int onReadyToSend(void* user, char* remoteAddress, char* localAddress, int remot
     }
     ++attempt.sendings;
     attempt.moved();
+    attempt.surroundings.admission.endLookup(attempt.exchange);
     if (attempt.connection) --attempt.connection->streams;
     attempt.connection = std::move(connection);
     if (attempt.connection) {
@@ -78,6 +79,8 @@ int onReadyToSend(void* user, char* remoteAddress, char* localAddress, int remot
 
 curl_socket_t onOpenSocket(void* user, curlsocktype, curl_sockaddr* address) {
     Attempt& attempt = attemptOf(user);
+    attempt.surroundings.admission.learnAddress(attempt.exchange,
+                                                attempt.surroundings.now + attempt.addressCacheTime);
     attempt.openedSocket =
         attempt.surroundings.connections.open(address->family, address->socktype, address->protocol);
     if (attempt.openedSocket < 0) attempt.socketError = errno;

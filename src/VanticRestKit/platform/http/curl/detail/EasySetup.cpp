@@ -14,11 +14,11 @@ namespace {
 
 // libcurl looks through all of the addresses that it keeps for each new one. With many hosts that would cost more
 // than it saves.
-long addressCacheSeconds(const Admission& admission, std::chrono::seconds usual) {
+std::chrono::seconds addressCacheTime(const Admission& admission, std::chrono::seconds usual) {
     constexpr std::size_t maxOriginsWithCache = 512;
-    if (admission.originCount() > maxOriginsWithCache) return 0;
-    return static_cast<long>(
-        std::clamp<std::int64_t>(usual.count(), 0, std::numeric_limits<std::int32_t>::max()));
+    if (admission.originCount() > maxOriginsWithCache) return {};
+    return std::clamp(usual, std::chrono::seconds(0),
+                      std::chrono::seconds(std::numeric_limits<std::int32_t>::max()));
 }
 
 void setConnection(Options& options, const Exchange& exchange, HTTPVersionPreference preference,
@@ -78,8 +78,8 @@ bool prepareEasy(Attempt& attempt, const URLSessionConfiguration& configuration,
     handle.isUsedUp = !isPlainGet(request);
     Options options(handle.get());
     setConnection(options, attempt.exchange, configuration.httpVersionPreference, onNewConnection);
-    options.set(CURLOPT_DNS_CACHE_TIMEOUT,
-                addressCacheSeconds(attempt.surroundings.admission, configuration.dnsCacheTime));
+    attempt.addressCacheTime = addressCacheTime(attempt.surroundings.admission, configuration.dnsCacheTime);
+    options.set(CURLOPT_DNS_CACHE_TIMEOUT, static_cast<long>(attempt.addressCacheTime.count()));
     if (handle.isUsedUp) setMethodAndBody(options, request);
     options.set(CURLOPT_HTTPHEADER, attempt.headerLines.get());
     return options.areTaken() && handle.goTo(*request.url());

@@ -22,6 +22,7 @@
 
 #include <curl/curl.h>
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -124,6 +125,9 @@ struct Attempt {
     bool isRedirectToAskAbout = false;
     /// Whether the body has a coding that is not known and was not asked for.
     bool hasUnknownCoding = false;
+
+    /// How long libcurl keeps the address that it finds for this request.
+    std::chrono::seconds addressCacheTime{};
 
     /// Whether the pacer has it in its queue, because there is something of its body to decode.
     bool isHeld = false;

@@ -67,7 +67,8 @@ IoLoop::IoLoop(const URLSessionConfiguration& configuration, const TransportSeam
              .tls = &tls_,
              .shared = shared_.get(),
              .addresses = addressesOf(configuration, seams)}),
-      admission_(connectionsPerHost(configuration)),
+      admission_(connectionsPerHost(configuration), Admission::defaultMaxAdmitted,
+                 static_cast<std::size_t>(configuration.limits.maxNameLookups)),
       cookies_(configuration),
       loadDeadlines_(configuration),
       suspects_(connections_, admission_,
@@ -160,7 +161,8 @@ void IoLoop::enqueue(Exchange& exchange) {
 }
 
 void IoLoop::admit() {
-    while (Applicant* const applicant = admission_.admitNext()) attempt(static_cast<Exchange&>(*applicant));
+    while (Applicant* const applicant = admission_.admitNext(now_))
+        attempt(static_cast<Exchange&>(*applicant));
 }
 
 void IoLoop::attempt(Exchange& exchange) {
