@@ -4,6 +4,8 @@
 #include <support/FaultServer.h>
 #include <support/Loading.h>
 
+#include <chrono>
+
 using namespace VanticRestKit;
 using namespace VanticRestKit::test;
 
@@ -51,6 +53,21 @@ TEST(Reuse, SixIdleConnectionsAreKept) {
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "ok");
     for (int i = 0; i < 10; ++i) load(*session, server.url("/one"));
     EXPECT_EQ(server.connectionCount(), 6U);
+}
+
+TEST(Reuse, AConnectionStaysOpenBetweenTwoLoads) {
+    FaultServer server(always(answer(200, "ok")));
+    FaultServer stalling([](FaultConnection& connection) {
+        if (connection.readRequest()) connection.stall();
+    });
+    const auto session = makeSession();
+    EXPECT_EQ(load(*session, server.url()).body(), "ok");
+    // Longer than a connection is kept that a cancelled request has left.
+    URLRequest between = requestOf(stalling.url());
+    between.setTimeoutInterval(std::chrono::milliseconds(600));
+    EXPECT_EQ(load(*session, between).code(), URLErrorCode::timedOut);
+    EXPECT_EQ(load(*session, server.url()).body(), "ok");
+    EXPECT_EQ(server.connectionCount(), 1U);
 }
 
 TEST(Reuse, AGetOnAConnectionThatTurnsOutDeadGoesOutOnAnother) {
