@@ -290,6 +290,26 @@ TEST_F(Retrying, QueueAndEarlyEndsAreThoseOfTheService) {
     EXPECT_EQ(retried->endedEarly(URLErrorCode::timedOut).code(), -1001);
 }
 
+TEST_F(Retrying, TheRecordOfEachAttemptHasItsNumberInEachForm) {
+    std::vector<std::int64_t> attempts;
+    const MetricsReceiver metrics = [&attempts](const RequestMetrics& record) {
+        attempts.push_back(record.attempt);
+    };
+    script({503, 503, 200, 503, 200, 503, 200});
+    const auto retried = decorated();
+    retried->fetch({.with = seen(), .metrics = metrics});
+    passAll();
+    EXPECT_EQ(attempts, (std::vector<std::int64_t>{1, 2, 3}));
+    attempts.clear();
+    const Cancellable load = retried->start({.with = seen(), .metrics = metrics});
+    passAll();
+    EXPECT_EQ(attempts, (std::vector<std::int64_t>{1, 2}));
+    attempts.clear();
+    const Cancellable subscription = retried->publisher(metrics).sink([](const Data&) {});
+    passAll();
+    EXPECT_EQ(attempts, (std::vector<std::int64_t>{1, 2}));
+}
+
 TEST_F(Retrying, ACompletionIsDroppedOnceItWasCalledOrCancelled) {
     const auto held = std::make_shared<int>(0);
     script({503});

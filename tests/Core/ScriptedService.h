@@ -37,11 +37,14 @@ public:
 
     void fetch(FetchArguments arguments) override {
         forms.push_back("fetch");
+        report(arguments.metrics);
         run(std::move(arguments.with).value());
     }
-    AnyPublisher<Data> fetch() override {
-        return AnyPublisher<Data>::create([this](const Subscriber<Data, Error>& subscriber) {
+    AnyPublisher<Data> fetch() override { return publisher({}); }
+    AnyPublisher<Data> publisher(MetricsReceiver metrics) override {
+        return AnyPublisher<Data>::create([this, metrics](const Subscriber<Data, Error>& subscriber) {
             forms.push_back("publisher");
+            report(metrics);
             run([subscriber](Outcome outcome) {
                 if (!outcome) return subscriber.complete(Failure(std::move(outcome).error()));
                 subscriber.receive(std::move(*outcome));
@@ -52,6 +55,7 @@ public:
     }
     Cancellable start(FetchArguments arguments) override {
         forms.push_back("start");
+        report(arguments.metrics);
         run(std::move(arguments.with).value());
         return Cancellable([this] { ++cancels; });
     }
@@ -74,6 +78,9 @@ public:
     const DispatchQueue queue{"scripted"};
 
 private:
+    static void report(const MetricsReceiver& metrics) {
+        if (metrics) metrics(RequestMetrics());
+    }
     void run(Completion completion) {
         if (script.empty()) {
             open.push_back(std::move(completion));

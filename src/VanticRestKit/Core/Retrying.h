@@ -64,7 +64,7 @@ struct RetryingArguments {
 /// `adviceOn` calls worth another try. It returns `service` itself if the method or the policy allow no second try.
 ///
 /// All forms of a load work as without it. A failure that is not repeated is delivered as it came: that of the last
-/// attempt. `logError` is told of each attempt that failed. A cancel ends the load at once, in a pause too; a deadline
+/// attempt. `logError` is told of each attempt that failed, and an observer has a record of each, with its number. A cancel ends the load at once, in a pause too; a deadline
 /// counts for the load as a whole. A pause is at least as long as the `Retry-After` of the answer. Decoding comes
 /// afterwards: a body that does not decode is not asked for again.
 ///

@@ -42,6 +42,9 @@ protected:
     bool succeeded() { return end(); }
     void failed(Error error);
 
+    /// The number of the attempt that is being sent, counted from 1.
+    int attemptNumber() const noexcept { return attempts_; }
+
 private:
     enum class State { running, ended, stopped };
 

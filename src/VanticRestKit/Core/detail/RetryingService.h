@@ -21,7 +21,8 @@ public:
 
     /// As that of a `NetworkServiceble` it does not keep this object: once that has gone, no attempt follows.
     void fetch(FetchArguments arguments) override;
-    AnyPublisher<Data> fetch() override;
+    AnyPublisher<Data> fetch() override { return publisher({}); }
+    AnyPublisher<Data> publisher(MetricsReceiver metrics) override;
     [[nodiscard]] Cancellable start(FetchArguments arguments) override;
 
     DispatchQueue deliveryQueue() const override { return service_->deliveryQueue(); }
