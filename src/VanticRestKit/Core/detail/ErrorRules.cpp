@@ -35,6 +35,7 @@ constexpr CodeRule at(LoaderError::Kind kind, ErrorRule rule) {
 
 // In each list the first that fits counts.
 
+constexpr std::int64_t resourceUnavailable = -1008;     // only a stored answer was wanted, and there is none
 constexpr std::int64_t notConnectedToInternet = -1009;  // of transports other than this library's
 constexpr CodeRule ofTransport[] = {
     at(URLErrorCode::cancelled, once(cancelled)),
@@ -45,11 +46,13 @@ constexpr CodeRule ofTransport[] = {
     at(URLErrorCode::cannotConnectToHost, again(offline)),
     at(URLErrorCode::networkConnectionLost, again(offline)),
     at(URLErrorCode::httpTooManyRedirects, once(badAnswer)),
+    at(resourceUnavailable, once(offline)),
     at(notConnectedToInternet, again(offline)),
     at(URLErrorCode::badServerResponse, once(badAnswer)),
     at(URLErrorCode::cannotDecodeRawData, once(badAnswer)),
     at(URLErrorCode::cannotDecodeContentData, once(badAnswer)),
     at(URLErrorCode::cannotParseResponse, once(badAnswer)),
+    at(URLErrorCode::appTransportSecurityRequiresSecureConnection, once(insecure)),
     at(URLErrorCode::dataLengthExceedsMaximum, once(badAnswer)),
     {-1206, -1200, once(insecure)},
 };
