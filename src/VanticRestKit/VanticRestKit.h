@@ -37,8 +37,8 @@
 #include <VanticRestKit/platform/http/URLSession.h>
 #include <VanticRestKit/platform/http/URLSessionConfiguration.h>
 #include <VanticRestKit/platform/http/URLSessionConnectionSettings.h>
-#include <VanticRestKit/platform/http/URLSessionRedirectPolicy.h>
 #include <VanticRestKit/platform/http/URLSessionLimits.h>
+#include <VanticRestKit/platform/http/URLSessionRedirectPolicy.h>
 #include <VanticRestKit/platform/json/DecodingError.h>
 #include <VanticRestKit/platform/json/Diagnosis.h>
 #include <VanticRestKit/platform/json/EncodingError.h>

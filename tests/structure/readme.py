@@ -33,7 +33,8 @@ def faults(top):
 
 
 def main():
-    found = list(faults(pathlib.Path(sys.argv[1])))
+    top = pathlib.Path(sys.argv[1])
+    found = list(faults(top))
     print("\n".join(found) or "no fault")
     return 1 if found else 0
 
