@@ -4,6 +4,8 @@
 #include <VanticRestKit/Core/LoadAll.h>
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/platform/async/Task.h>
+#include <VanticRestKit/Testing/ManualClock.h>
+#include <VanticRestKit/Testing/ManualExecutor.h>
 
 #include <Core/ActivityCounter.h>
 #include <Core/FakeContext.h>
@@ -100,7 +102,9 @@ TEST_F(ResourceForms, EndWithTheTransportsErrorOfACancelWhichTheFailureHookDoesN
 }
 
 TEST_F(ResourceForms, TellTheFailureHookOfAMissedDeadline) {
-    const Cancellable handle = resource().start({.deadline = 5ms}, keep());
+    Testing::ManualClock clock;
+    const Cancellable handle = resource().start({.deadline = 5s}, keep());
+    clock.advance(5s);
     ASSERT_TRUE(delivered.wait());
     EXPECT_EQ(transportCode(outcomes[0].error()), -1001);
     ASSERT_EQ(reported.size(), 1U);
@@ -111,16 +115,13 @@ TEST_F(ResourceForms, TellTheFailureHookOfAMissedDeadline) {
 }
 
 TEST_F(ResourceForms, AreNotBoundByTheirDeadlineOnceTheBodyIsThere) {
-    const DispatchQueue queue("slow");
-    const test::Event release;
-    queue.async([release] { EXPECT_TRUE(release.wait()); });
-    const Cancellable handle = resource().start({.on = queue, .deadline = 50ms}, keep());
+    Testing::ManualClock clock;
+    Testing::ManualExecutor executor;
+    const Cancellable handle = resource().start({.on = executor.queue(), .deadline = 5s}, keep());
     context.session->reply(test::answer(200, "1.5"));
-    const test::Event deadlineHasPassed;
-    DispatchQueue("other").asyncAfter(80ms, [deadlineHasPassed] { deadlineHasPassed.signal(); });
-    ASSERT_TRUE(deadlineHasPassed.wait());
-    release.signal();
-    ASSERT_TRUE(delivered.wait());
+    clock.advance(1min);
+    executor.runAll();
+    ASSERT_EQ(outcomes.size(), 1U);
     EXPECT_TRUE(outcomes[0]);
 }
 

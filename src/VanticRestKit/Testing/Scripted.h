@@ -20,7 +20,7 @@ std::shared_ptr<Serviceable> serviceOver(std::shared_ptr<NetworkSession> session
                                          Context::ServiceArguments arguments, LogError logError);
 
 /// A `HostContext` whose requests go to a scripted service. All else is the host's: address, headers, time-out and the
-/// hook for errors.
+/// hook for errors. The class must not be `final`; one that is returns `serviceOver` from its own `service` in tests.
 ///
 /// ```cpp
 /// Scripted<HostContext> context(service, "argument of HostContext");

@@ -15,8 +15,8 @@ namespace VanticRestKit {
 namespace {
 
 using test::answered;
+using test::CatalogueContext;
 using test::expectErrors;
-using test::FakeContext;
 using test::sentWithHeaders;
 using Items = std::vector<URLQueryItem>;
 
@@ -30,7 +30,7 @@ TEST(EndpointNowNext, IsAnsweredWithASchedule) {
     const auto make = [](const Context& context) {
         return Endpoint::NowNext({.houseNumber = "N1"}, context);
     };
-    const FakeContext context;
+    const CatalogueContext context;
     const auto schedule = answered(
         context, make(context),
         R"({"next":{"houseNumber":"h","displayTitle":"t","displaySubtitle":"s","start":1,"end":2,"duration":3,)"
@@ -57,7 +57,7 @@ TEST(EndpointLivestreams, IsAnsweredWithAListOfVideos) {
     const auto make = [](const Context& context) {
         return Endpoint::Livestreams({.region = LivestreamRegion::ACT}, context);
     };
-    const FakeContext context;
+    const CatalogueContext context;
     const auto list = answered(context, make(context), R"({"items":[{"id":"a","_links":{}}]})");
     ASSERT_TRUE(list);
     ASSERT_EQ(list->videos.size(), 1U);
@@ -92,7 +92,7 @@ TEST(EndpointMessages, IsAnsweredWithAList) {
     const auto make = [](const Context& context) {
         return Endpoint::Messages({.appId = MessagesAppId::lumeno, .loggedIn = true}, context);
     };
-    const FakeContext context;
+    const CatalogueContext context;
     const auto messages = answered(context, make(context), R"([{},{"id":7,"title":"t"}])");
     ASSERT_TRUE(messages);
     EXPECT_EQ(*messages, (std::vector<Message>{{}, {.messageId = 7, .title = "t"}}));
@@ -110,7 +110,7 @@ TEST(EndpointProductAlert, IsAnsweredWithAnAlert) {
     const auto make = [](const Context& context) {
         return Endpoint::ProductAlert({.alertId = "7"}, context);
     };
-    const FakeContext context;
+    const CatalogueContext context;
     const auto alert = answered(context, make(context), R"({"id":"7","title":"t","message":"m"})");
     ASSERT_TRUE(alert);
     EXPECT_EQ(*alert, (ProductAlert{.id = "7", .title = "t", .message = "m"}));
@@ -119,8 +119,8 @@ TEST(EndpointProductAlert, IsAnsweredWithAnAlert) {
 
 TEST(EndpointRemap, AsksWithItsQueryItemsInOrderBehindTheQueryOfTheBaseURL) {
     for (const char* const path : {"/video/x", "video/x"}) {
-        FakeContext context;
-        context.base = test::url("https://api.example.test/base?key=1");
+        CatalogueContext context;
+        context.base = URL("https://api.example.test/base?key=1");
         const Items items = {{"b", "2"}, {"a", "1&"}, {"none", std::nullopt}};
         EXPECT_EQ(test::sentFor(context, Endpoint::Remap({.path = path, .queryItems = items}, context)),
                   "GET https://api.example.test/base/v2/remap/video/x?key=1&b=2&a=1%26&none");
@@ -135,7 +135,7 @@ TEST(EndpointRemap, IsAnsweredWithPaths) {
     const auto make = [](const Context& context) {
         return Endpoint::Remap({.path = "x", .queryItems = Items()}, context);
     };
-    const FakeContext context;
+    const CatalogueContext context;
     const auto remap = answered(context, make(context),
                                 R"({"status":"ok","_links":{"api":{"href":"a"},"deeplink":{"href":"d"}}})");
     ASSERT_TRUE(remap);

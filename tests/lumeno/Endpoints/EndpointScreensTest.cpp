@@ -15,8 +15,8 @@ namespace VanticRestKit {
 namespace {
 
 using test::answered;
+using test::CatalogueContext;
 using test::expectErrors;
-using test::FakeContext;
 using test::sentWithHeaders;
 
 TEST(EndpointCollection, AsksForTheCollectionWithItsHighlightItemWhereItIsWanted) {
@@ -31,7 +31,7 @@ TEST(EndpointCollection, AsksForTheCollectionWithItsHighlightItemWhereItIsWanted
 }
 
 TEST(EndpointCollection, IsAnsweredWithACollection) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto collection = answered(
         context, Endpoint::Collection({.collectionId = "1", .embedHighlightItem = true}, context),
         R"({"id":1,"title":"t","items":[{"_entity":"show"},7],"_embedded":{"highlightItem":{"title":"h"}}})");
@@ -74,7 +74,7 @@ const char* const screen =
 
 template <class Make>
 void expectAScreen(Make make) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto category = answered(context, make(context), screen);
     ASSERT_TRUE(category);
     EXPECT_EQ(category->title, "t");
@@ -111,7 +111,7 @@ TEST(EndpointNavigation, IsAnsweredWithAList) {
     const auto make = [](const Context& context) {
         return Endpoint::Navigation({.type = NavigationType::channels}, context);
     };
-    const FakeContext context;
+    const CatalogueContext context;
     const auto list =
         answered(context, make(context),
                  R"({"items":[{"_links":{"self":{"href":"a"}}}],"_links":{"self":{"href":"h"}}})");
@@ -131,7 +131,7 @@ TEST(EndpointNavigationMainMenuList, IsAnsweredWithAMenu) {
     const auto make = [](const Context& context) {
         return Endpoint::NavigationMainMenuList({.channels = "a"}, context);
     };
-    const FakeContext context;
+    const CatalogueContext context;
     const auto menu = answered(context, make(context), R"({"items":[{"id":"a","items":[{"id":"b"}]}]})");
     ASSERT_TRUE(menu);
     EXPECT_EQ(*menu, (NavigationMainMenuList{.items = {{.id = "a", .items = {{{.id = "b"}}}}}}));
@@ -145,7 +145,7 @@ TEST(EndpointBrowse, AsksForTheIndex) {
 
 TEST(EndpointBrowse, IsAnsweredWithAnIndex) {
     const auto make = [](const Context& context) { return Endpoint::Browse(context); };
-    const FakeContext context;
+    const CatalogueContext context;
     const auto index =
         answered(context, make(context), R"({"_links":{"self":{}},"_embedded":{"items":[{"title":"a"}]}})");
     ASSERT_TRUE(index);

@@ -10,8 +10,8 @@ namespace VanticRestKit {
 namespace {
 
 using test::answered;
+using test::CatalogueContext;
 using test::expectADecodingFailure;
-using test::FakeContext;
 using test::sent;
 
 std::string sentForRelated(std::optional<std::string> channel) {
@@ -33,14 +33,14 @@ TEST(EndpointRelatedShows, AsksByTheSlugAndTheChannelThatHasCharacters) {
 }
 
 TEST(EndpointRelatedShows, IsAnsweredWithTheShowsOrWithNoneWhereOneFails) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto list =
         answered(context, Endpoint::RelatedShows({.showSlug = "x", .channel = std::nullopt}, context),
                  R"({"items":[{"slug":"a"},{"slug":"b"}]})");
     ASSERT_TRUE(list);
     ASSERT_EQ(list->items.size(), 2U);
     EXPECT_EQ(list->items[1].slug, "b");
-    const FakeContext other;
+    const CatalogueContext other;
     const auto none =
         answered(other, Endpoint::RelatedShows({.showSlug = "x", .channel = std::nullopt}, other),
                  R"({"items":[{"slug":"a"},{"_entity":"video"}]})");
@@ -50,7 +50,7 @@ TEST(EndpointRelatedShows, IsAnsweredWithTheShowsOrWithNoneWhereOneFails) {
 
 TEST(EndpointRelatedShows, FailsToDecodeWhatIsNoObject) {
     for (const char* const body : {"[]", "null", ""}) {
-        const FakeContext context;
+        const CatalogueContext context;
         expectADecodingFailure(
             answered(context, Endpoint::RelatedShows({.showSlug = "x", .channel = std::nullopt}, context),
                      body),
@@ -68,7 +68,7 @@ TEST(EndpointSearch, SendsKeywordAndChannelAlsoWithoutCharacters) {
 }
 
 TEST(EndpointSearch, IsAnsweredWithWhatWasFound) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto results =
         answered(context, Endpoint::Search({.keyword = "river", .channel = std::nullopt}, context),
                  R"({"_meta":{"keyword":"River"},"results":{"items":[{"slug":"a"}]}})");
@@ -81,7 +81,7 @@ TEST(EndpointSearch, IsAnsweredWithWhatWasFound) {
 TEST(EndpointSearch, FailsToDecodeWithoutResultsOrFacts) {
     for (const char* const body :
          {"{}", R"({"results":{"items":[]}})", R"({"_meta":{"keyword":"x"}})", "[]"}) {
-        const FakeContext context;
+        const CatalogueContext context;
         expectADecodingFailure(
             answered(context, Endpoint::Search({.keyword = "x", .channel = std::nullopt}, context), body),
             body);

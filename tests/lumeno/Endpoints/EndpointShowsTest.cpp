@@ -9,8 +9,8 @@ namespace VanticRestKit {
 namespace {
 
 using test::answered;
+using test::CatalogueContext;
 using test::expectADecodingFailure;
-using test::FakeContext;
 using test::sent;
 
 /// The request for a show.
@@ -60,7 +60,7 @@ TEST(EndpointShow, AsksByHrefWithoutQueryItems) {
 }
 
 TEST(EndpointShow, IsAnsweredWithAShow) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto show = answered(
         context, Endpoint::Show({.usingHref = "show/x"}, context),
         R"({"_entity":"Show","id":7,"title":1,"_embedded":{"seriesList":[{"id":"s","_links":{}}]}})");
@@ -69,7 +69,7 @@ TEST(EndpointShow, IsAnsweredWithAShow) {
 }
 
 TEST(EndpointShow, FailsToDecodeAsAnotherEntityAndTellsWhichOne) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto show =
         answered(context, Endpoint::Show({.usingHref = "video/x"}, context), R"({"_entity":"Video"})");
     ASSERT_FALSE(show);
@@ -81,7 +81,7 @@ TEST(EndpointShow, FailsToDecodeAsAnotherEntityAndTellsWhichOne) {
 }
 
 TEST(EndpointShow, FailsWithTheErrorOfTheNetwork) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto show = answered(context, Endpoint::Show({.usingHref = "show/x"}, context), "{}", 404);
     ASSERT_FALSE(show);
     EXPECT_EQ(show.error().kind(), LoaderError::Kind::serverError);
@@ -100,7 +100,7 @@ TEST(EndpointShows, AsksForAllSlugsAndIdsAtOnce) {
 }
 
 TEST(EndpointShows, IsAnsweredWithABareList) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto shows =
         answered(context, Endpoint::Shows({.showSlugsOrIds = {"a", "b"}}, context), R"([{"slug":"a"},{}])");
     ASSERT_TRUE(shows);
@@ -110,7 +110,7 @@ TEST(EndpointShows, IsAnsweredWithABareList) {
 
 TEST(EndpointShows, FailsToDecodeWhereOneShowDoes) {
     for (const char* const body : {R"([{},{"_entity":"video"}])", "[{},7]", "[null]", R"({"items":[]})"}) {
-        const FakeContext context;
+        const CatalogueContext context;
         expectADecodingFailure(answered(context, Endpoint::Shows({.showSlugsOrIds = {"a"}}, context), body),
                                body);
     }
@@ -130,7 +130,7 @@ TEST(EndpointShowsList, AsksForTheIndexOfAllOrOfAChannelWithCaptionsOrNot) {
 }
 
 TEST(EndpointShowsList, IsAnsweredWithGroups) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto index =
         answered(context, Endpoint::ShowsList({.channel = std::nullopt, .closedCaptionOnly = false}, context),
                  R"({"items":[{"name":"A","items":[{}]}],"_links":{"alert":{"id":"7"}}})");
@@ -142,7 +142,7 @@ TEST(EndpointShowsList, IsAnsweredWithGroups) {
 
 TEST(EndpointShowsList, FailsToDecodeWhereOneShowDoes) {
     for (const char* const body : {R"({"items":[{"name":"A","items":[{"_entity":"video"}]}]})", "{}", "[]"}) {
-        const FakeContext context;
+        const CatalogueContext context;
         expectADecodingFailure(
             answered(context,
                      Endpoint::ShowsList({.channel = std::nullopt, .closedCaptionOnly = false}, context),
@@ -159,7 +159,7 @@ TEST(EndpointSeries, AsksByHref) {
 }
 
 TEST(EndpointSeries, IsAnsweredWithASeriesWhateverEntityItClaimsToBe) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto series = answered(context, Endpoint::Series({.usingHref = "x"}, context),
                                  R"({"_entity":"video","id":"1","_links":{}})");
     ASSERT_TRUE(series);
@@ -169,7 +169,7 @@ TEST(EndpointSeries, IsAnsweredWithASeriesWhateverEntityItClaimsToBe) {
 TEST(EndpointSeries, FailsToDecodeWithoutIdOrLinks) {
     for (const char* const body :
          {R"({"id":"1"})", R"({"_links":{}})", R"({"id":1,"_links":{}})", "[]", ""}) {
-        const FakeContext context;
+        const CatalogueContext context;
         expectADecodingFailure(answered(context, Endpoint::Series({.usingHref = "x"}, context), body), body);
     }
 }

@@ -10,7 +10,7 @@ namespace VanticRestKit {
 namespace {
 
 using test::answered;
-using test::FakeContext;
+using test::CatalogueContext;
 using test::sent;
 
 TEST(EndpointAvatars, AsksForThePicturesOfProfiles) {
@@ -19,7 +19,7 @@ TEST(EndpointAvatars, AsksForThePicturesOfProfiles) {
 }
 
 TEST(EndpointAvatars, IsAnsweredWithAList) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto images =
         answered(context, Endpoint::Avatars(context), R"([{"id":1},{"id":"b","tags":["t"]}])");
     ASSERT_TRUE(images);
@@ -28,7 +28,7 @@ TEST(EndpointAvatars, IsAnsweredWithAList) {
 
 TEST(EndpointAvatars, FailsToDecodeWithAnythingThatIsNoListOfObjects) {
     for (const char* const body : {"{}", "null", "[null]", "", "[{}"}) {
-        const FakeContext context;
+        const CatalogueContext context;
         const auto images = answered(context, Endpoint::Avatars(context), body);
         ASSERT_FALSE(images) << body;
         EXPECT_EQ(images.error().kind(), LoaderError::Kind::failedToDecode) << body;
@@ -47,7 +47,7 @@ TEST(EndpointVideo, AsksByHouseNumberOrByHref) {
 }
 
 TEST(EndpointVideo, IsAnsweredWithAVideo) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto video =
         answered(context, Endpoint::Video({.houseNumber = "ZW1"}, context), R"({"id":"v","_links":{}})");
     ASSERT_TRUE(video);
@@ -55,7 +55,7 @@ TEST(EndpointVideo, IsAnsweredWithAVideo) {
 }
 
 TEST(EndpointVideo, FailsToDecodeAsAnotherEntity) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto video = answered(context, Endpoint::Video({.usingHref = "show/s"}, context),
                                 R"({"_entity":"show","_links":{}})");
     ASSERT_FALSE(video);
@@ -70,12 +70,12 @@ TEST(EndpointVideos, AsksForAllHouseNumbersAtOnce) {
 }
 
 TEST(EndpointVideos, RefusesNoListForItsLength) {
-    const FakeContext context;
+    const CatalogueContext context;
     EXPECT_TRUE(Endpoint::Videos({.houseNumbers = std::vector<std::string>{}}, context));
 }
 
 TEST(EndpointVideos, IsAnsweredWithAListOfVideos) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto list = answered(context, Endpoint::Videos({.houseNumbers = {"a", "b"}}, context),
                                R"({"items":[{"id":"a","_links":{}},{"id":"b","_links":{}}]})");
     ASSERT_TRUE(list);
@@ -91,12 +91,12 @@ TEST(EndpointResource, AsksForThePathThatTheServiceSent) {
 }
 
 TEST(EndpointResource, DecodesIntoWhateverIsAskedFor) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto links = answered(context, Endpoint::Resource<std::vector<Link>>({.withHref = "x"}, context),
                                 R"([{"href":"a"},{"href":"b","title":"t"}])");
     ASSERT_TRUE(links);
     EXPECT_EQ(*links, (std::vector<Link>{{.href = "a"}, {.title = "t", .href = "b"}}));
-    const FakeContext other;
+    const CatalogueContext other;
     const auto number = answered(other, Endpoint::Resource<double>({.withHref = "x"}, other), "1.5");
     ASSERT_TRUE(number);
     EXPECT_EQ(*number, 1.5);

@@ -5,25 +5,58 @@
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/Resource.h>
+#include <VanticRestKit/Testing/Scripted.h>
 
-#include <Core/FakeContext.h>
-#include <Core/FakeSession.h>
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace VanticRestKit::test {
 
+/// States what a host must state, and nothing else.
+class MinimalContext : public virtual Context {
+public:
+    URL baseURL() const override { return URL("https://api.example.test"); }
+};
+
+/// Has an address, headers and a time-out that a test may set.
+class PlainContext : public MinimalContext {
+public:
+    URL baseURL() const override { return base; }
+    std::map<std::string, std::string> HTTPHeaderFields() const override { return headers; }
+    double requestTimeout() const override { return timeout; }
+
+    URL base{"https://api.example.test"};
+    std::map<std::string, std::string> headers{};
+    double timeout = 30.0;
+};
+
+/// What answers the requests of a context, on the thread of the test.
+struct Script {
+    mutable Testing::ManualExecutor executor;
+    const Testing::ScriptedService script{executor};
+};
+
+/// A context whose requests a script answers.
+class CatalogueContext : public Script, public Testing::Scripted<PlainContext> {
+public:
+    CatalogueContext() : Testing::Scripted<PlainContext>(script) {}
+};
+
 /// Loads a resource that was made with `context`, answers with `body` and gives what came of it.
 template <class T>
-Result<T, LoaderError> answered(const FakeContext& context, const std::optional<Resource<T>>& resource,
+Result<T, LoaderError> answered(const CatalogueContext& context, const std::optional<Resource<T>>& resource,
                                 const char* body, std::int64_t status = 200) {
-    Result<T, LoaderError> outcome = Failure(LoaderError::unknowError());
+    std::optional<Result<T, LoaderError>> outcome;
     EXPECT_TRUE(resource);
-    if (!resource) return outcome;
+    if (!resource) return Failure(LoaderError::unknowError());
+    context.script.answerNext(Testing::Answer(body).withStatus(status));
     resource->load({.with = [&outcome](Result<T, LoaderError> result) { outcome = std::move(result); }});
-    context.session->reply(answer(status, body));
-    return outcome;
+    EXPECT_TRUE(context.executor.runUntil([&outcome] { return outcome.has_value(); })) << "no answer";
+    if (!outcome) return Failure(LoaderError::unknowError());
+    return *std::move(outcome);
 }
 
 template <class T>
@@ -36,10 +69,11 @@ void expectADecodingFailure(const Result<T, LoaderError>& outcome, const char* b
 /// Fails the running test where it is not as all requests to the catalogue: the headers and the time-out are
 /// those of the context, and there is no body.
 template <class T>
-std::string sentFor(FakeContext& context, const std::optional<Resource<T>>& resource) {
+std::string sentFor(const CatalogueContext& context, const std::optional<Resource<T>>& resource) {
     (void)answered(context, resource, "{}");
-    if (context.session->requests().size() != 1) return "no request";
-    const URLRequest request = context.session->requests().front();
+    const std::vector<Testing::AskedRequest> asked = context.script.asked();
+    if (asked.size() != 1) return "no request";
+    const URLRequest& request = asked.front().request;
     EXPECT_EQ(request.allHTTPHeaderFields(), context.headers);
     EXPECT_EQ(request.timeoutInterval().count(), context.timeout);
     EXPECT_EQ(request.httpBody(), std::nullopt);
@@ -49,7 +83,7 @@ std::string sentFor(FakeContext& context, const std::optional<Resource<T>>& reso
 /// The request for what `make` makes with a context that has headers and a time-out of its own.
 template <class Make>
 std::string sent(Make make) {
-    FakeContext context;
+    CatalogueContext context;
     context.headers = {{"X-Test", "1"}, {"Accept", "application/json"}};
     context.timeout = 12.5;
     return sentFor(context, make(context));
@@ -58,7 +92,7 @@ std::string sent(Make make) {
 /// The same for what `make` makes with a context that has headers and a time-out of its own.
 template <class Make>
 std::string sentWithHeaders(Make make) {
-    FakeContext context;
+    CatalogueContext context;
     context.headers = {{"X-Test", "1"}, {"Accept", "application/json"}};
     context.timeout = 12.5;
     return sentFor(context, make(context));
@@ -67,20 +101,15 @@ std::string sentWithHeaders(Make make) {
 /// `body` fails to decode, and an answer of status 404 is an error of the service whatever its body.
 template <class Make>
 void expectErrors(Make make, const char* body) {
-    const FakeContext context;
+    const CatalogueContext context;
     const auto undecoded = answered(context, make(context), body);
     ASSERT_FALSE(undecoded) << body;
     EXPECT_EQ(undecoded.error().kind(), LoaderError::Kind::failedToDecode) << body;
 
-    const FakeContext other;
-    auto resource = make(other);
-    ASSERT_TRUE(resource);
-    std::optional<LoaderError> error;
-    resource->load({.with = [&error](auto result) {
-        if (!result) error = result.error();
-    }});
-    other.session->reply(answer(404, body));
-    EXPECT_EQ(error, LoaderError::serverError(std::nullopt));
+    const CatalogueContext other;
+    const auto refused = answered(other, make(other), body, 404);
+    ASSERT_FALSE(refused) << body;
+    EXPECT_EQ(refused.error(), LoaderError::serverError(std::nullopt));
 }
 
 /// Makes no request of anything.

@@ -2,26 +2,25 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/lumeno/Time/TimeRoutes.h>
+#include <VanticRestKit/Testing/Scripted.h>
 
-#include <Core/FakeContext.h>
-#include <Core/FakeSession.h>
+#include <chrono>
 
 namespace VanticRestKit {
 namespace {
 
 static_assert(std::is_default_constructible_v<Endpoint>);
 
-/// What `Endpoint::Time` makes of `body`. The reply ends when the completion has returned.
+/// What `Endpoint::Time` makes of `body`.
 Result<double, LoaderError> timeOf(const char* body) {
-    const test::FakeContext context;
+    Testing::ScriptedService service;
+    service.expect("GET /v2/time").answer(body);
+    const Testing::Scripted<Testing::TestContext> context(service);
     const std::optional<Resource<double>> resource = Endpoint::Time(context);
-    Result<double, LoaderError> outcome = Failure(LoaderError::unknowError());
     EXPECT_TRUE(resource);
-    if (!resource) return outcome;
-    resource->load({.with = [&outcome](Result<double, LoaderError> result) { outcome = std::move(result); }});
-    context.session->reply(test::answer(200, body));
-    EXPECT_EQ(context.session->requests().at(0).url()->absoluteString(), "https://api.example.test/v2/time");
-    EXPECT_EQ(context.session->requests().at(0).httpMethod(), "GET");
+    if (!resource) return Failure(LoaderError::unknowError());
+    Result<double, LoaderError> outcome = resource->wait({.deadline = std::chrono::seconds(30)});
+    EXPECT_EQ(service.problems(), "");
     return outcome;
 }
 
@@ -46,7 +45,7 @@ TEST(EndpointTime, AnObjectFailsToDecode) {
 }
 
 TEST(EndpointTime, IsNothingWhereTheContextMakesNoRequest) {
-    class NoRequest final : public test::MinimalContext {
+    class NoRequest final : public Testing::TestContext {
     public:
         std::optional<URLRequest> generateURLRequest(URLRequestArguments) const override { return {}; }
     };
