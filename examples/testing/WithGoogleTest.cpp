@@ -18,7 +18,8 @@ protected:
 };
 
 TEST_F(ShowPageTest, ShowsTheTitleAndTheNumberOfEpisodes) {
-    service.expect("GET /v2/show/night-ferry").answer(aShow().titled("Night Ferry").withSeries(2).episodes(6));
+    service.expect("GET /v2/show/night-ferry")
+        .answer(aShow().titled("Night Ferry").withSeries(2).episodes(6));
     page.open("night-ferry");
     executor.runAll();
     EXPECT_EQ(page.text, "Night Ferry, 12 episodes");

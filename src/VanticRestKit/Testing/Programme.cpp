@@ -1,10 +1,10 @@
 #include <VanticRestKit/Testing/Programme.h>
 
-#include "catalogue/Catalogue.h"
-#include "catalogue/ShowJSON.h"
-#include "catalogue/Tables.h"
-#include "catalogue/VideoJSON.h"
-#include "server/Origin.h"
+#include <catalogue/Catalogue.h>
+#include <catalogue/ShowJSON.h>
+#include <catalogue/Tables.h>
+#include <catalogue/VideoJSON.h>
+#include <server/Origin.h>
 
 #include <algorithm>
 #include <cctype>

@@ -1,10 +1,10 @@
 #include <VanticRestKit/Testing/SampleAnswers.h>
 
-#include "routes/Table.h"
-#include "routes/UserTable.h"
-#include "server/Origin.h"
-#include "server/Router.h"
-#include "users/Users.h"
+#include <routes/Table.h>
+#include <routes/UserTable.h>
+#include <server/Origin.h>
+#include <server/Router.h>
+#include <users/Users.h>
 
 #include <iterator>
 #include <utility>

@@ -1,6 +1,6 @@
 #include <VanticRestKit/Testing/SampleService/SampleService.h>
 
-#include "server/Instance.h"
+#include <server/Instance.h>
 
 #include <utility>
 
