@@ -38,6 +38,15 @@ protected:
         std::ofstream(path, std::ios::binary) << bytes;
     }
 
+    /// Changes one bit at the place in the file that holds `bytes`.
+    void flipBitOf(const std::string& bytes) const {
+        std::string content = read(file());
+        const std::size_t at = content.find(bytes);
+        ASSERT_NE(at, std::string::npos);
+        content[at] = static_cast<char>(content[at] ^ 4);
+        put(file(), content);
+    }
+
     /// Runs SQL on the file, as another program would.
     void execute(const char* statements) const {
         sqlite3* database = nullptr;
@@ -165,17 +174,22 @@ TEST_F(DiskCacheFaults, AFileCutShortIsNoTrouble) {
 
 TEST_F(DiskCacheFaults, ABodyWithOneWrongBitIsRemovedAndReported) {
     prepare();
-    std::string bytes = read(file());
-    const std::string body = bodyOf("7", "v", 1, 20'000);
-    const std::size_t at = bytes.find(body.substr(300, 100));
-    ASSERT_NE(at, std::string::npos);
-    bytes[at] = static_cast<char>(bytes[at] ^ 4);
-    put(file(), bytes);
+    flipBitOf(bodyOf("7", "v", 1, 20'000).substr(300, 100));
     open();
     EXPECT_EQ(countWhole(), 19);
     EXPECT_THAT(reports_.codes(), ElementsAre(Code::damagedRecord));
     EXPECT_EQ(countWhole(), 19);
     EXPECT_THAT(reports_.codes(), ElementsAre(Code::damagedRecord)) << "it is gone";
+}
+
+TEST_F(DiskCacheFaults, AHeadWithOneWrongBitIsRemovedAndReported) {
+    open();
+    store_->write({"a", "v", Data("Content-Type: text/plain"), Data("body")});
+    close();
+    flipBitOf("text/plain");
+    open();
+    EXPECT_THAT(recordsOf(*store_, "a"), IsEmpty());
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::damagedRecord));
 }
 
 TEST_F(DiskCacheFaults, ARecordWithTheBodyOfAnotherOneIsRemoved) {
