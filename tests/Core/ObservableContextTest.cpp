@@ -136,6 +136,20 @@ TEST(ObservableContext, EachSubscriptionOfAPublisherIsObserved) {
     EXPECT_TRUE(context.recorder->failures().empty());
 }
 
+TEST(ObservableContext, ASubscriberThatCancelsWhileItReceivesGetsNothingMore) {
+    const Context_ context;
+    const auto held = std::make_shared<int>(0);
+    Cancellable subscription;
+    int completions = 0;
+    subscription = resourceOf<double>(context).resourceLoader().sink(
+        [&subscription, held](double) { subscription = Cancellable(); },
+        [&completions, held](const Result<void, Error>&) { ++completions; });
+    context.session->reply(answer(200, "5"));
+    EXPECT_EQ(completions, 0);
+    EXPECT_EQ(context.recorder->requests().size(), 1U);
+    EXPECT_EQ(held.use_count(), 1) << "what received is gone";
+}
+
 TEST(ObservableContext, AServiceOfTheHostsOwnIsObservedInEveryForm) {
     const Observed<OwnServiceContext> context;
     const auto resource = resourceOf<double>(context);

@@ -1,7 +1,7 @@
 #include <VanticRestKit/Core/detail/ObservedService.h>
 
 #include <VanticRestKit/Core/NetworkError.h>
-#include <VanticRestKit/platform/http/detail/RecordOf.h>
+#include <VanticRestKit/platform/http/detail/Records.h>
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
 
 #include <atomic>
@@ -27,14 +27,15 @@ public:
         if (hasPassed_.load()) return;
         Outcome outcome;
         if (body) outcome.data = *body;
-        RequestMetrics record = recordOf(observation_->request(), outcome);
-        if (!body) describe(body.error(), record);
+        RequestMetrics record;
+        describe(record, observation_->request(), outcome);
+        if (!body) addFailure(body.error(), record);
         record.total = sinceStart(begun);
         tell(record);
     }
 
 private:
-    static void describe(const Error& error, RequestMetrics& record) {
+    static void addFailure(const Error& error, RequestMetrics& record) {
         const auto* const failure = error.as<NetworkError>();
         if (failure == nullptr) {
             record.error = error;
@@ -91,16 +92,15 @@ AnyPublisher<Data> ObservedService::publisher(MetricsReceiver metrics) {
     return AnyPublisher<Data>::create([records, bodies = inner_->publisher(receiverOf(records))](
                                           const Subscriber<Data, Error>& subscriber) {
         const auto begun = std::chrono::steady_clock::now();
-        return bodies
-            .map([records, begun](Data body) {
+        return bodies.sink(
+            [records, begun, subscriber](Data body) {
                 records->answered(body, begun);
-                return body;
-            })
-            .mapError([records, begun](Error error) {
-                records->answered(Failure(error), begun);
-                return error;
-            })
-            .subscribe(subscriber);
+                subscriber.receive(std::move(body));
+            },
+            [records, begun, subscriber](Result<void, Error> end) {
+                if (!end) records->answered(Failure(end.error()), begun);
+                subscriber.complete(std::move(end));
+            });
     });
 }
 

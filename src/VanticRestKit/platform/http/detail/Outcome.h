@@ -8,9 +8,9 @@
 #include <VanticRestKit/platform/http/RequestMetrics.h>
 #include <VanticRestKit/platform/http/URLResponse.h>
 
+#include <list>
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace VanticRestKit::detail {
 
@@ -22,7 +22,7 @@ struct Outcome {
     /// Where the answer came from; the last record says so too.
     AnswerSource source = AnswerSource::network;
     /// The records of the requests that were sent for a transfer that is observed.
-    std::vector<RequestMetrics> metrics{};
+    std::list<RequestMetrics> metrics{};
 };
 
 }  // namespace VanticRestKit::detail

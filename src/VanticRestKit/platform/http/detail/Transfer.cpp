@@ -1,6 +1,6 @@
 #include <VanticRestKit/platform/http/detail/Transfer.h>
 
-#include <VanticRestKit/platform/http/detail/RecordOf.h>
+#include <VanticRestKit/platform/http/detail/Records.h>
 
 namespace VanticRestKit::detail {
 
@@ -8,7 +8,8 @@ void Transfer::report(Outcome& outcome) {
     const MetricsReceiver receiver = std::move(metrics_);
     if (outcome.metrics.empty()) {
         // No request was sent: the transfer failed before that, or a cache had its answer.
-        RequestMetrics& only = outcome.metrics.emplace_back(recordOf(request_, outcome));
+        RequestMetrics& only = outcome.metrics.emplace_back();
+        describe(only, request_, outcome);
         if (isStarted()) only.total = sinceStart(startedAt_);
     }
     outcome.metrics.back().source = outcome.source;

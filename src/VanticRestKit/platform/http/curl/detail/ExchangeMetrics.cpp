@@ -1,7 +1,7 @@
 #include <VanticRestKit/platform/http/curl/detail/ExchangeMetrics.h>
 
 #include <VanticRestKit/platform/http/curl/detail/Exchange.h>
-#include <VanticRestKit/platform/http/detail/RecordOf.h>
+#include <VanticRestKit/platform/http/detail/Records.h>
 
 #include <curl/curl.h>
 
@@ -50,53 +50,53 @@ void ExchangeMetrics::sent() {
 }
 
 void ExchangeMetrics::read(const Attempt& attempt) {
+    if (!isSent_) return;
     CURL* const easy = attempt.handle->get();
+    RequestMetrics& record = records_.back();
     const Duration lookup(numberOf(easy, CURLINFO_NAMELOOKUP_TIME_T));
     const Duration connect(numberOf(easy, CURLINFO_CONNECT_TIME_T));
     const Duration tls(numberOf(easy, CURLINFO_APPCONNECT_TIME_T));
     const Duration ready(numberOf(easy, CURLINFO_PRETRANSFER_TIME_T));
-    figures_ = {};
-    figures_.isNewConnection = !attempt.opened.empty();
-    figures_.queued = queued_;
-    if (figures_.isNewConnection) {
-        figures_.lookup = between(Duration::zero(), lookup);
-        figures_.connect = between(lookup, connect);
-        figures_.tls = between(connect, tls);
+    record.isNewConnection = !attempt.opened.empty();
+    record.queued = queued_;
+    if (record.isNewConnection) {
+        record.lookup = between(Duration::zero(), lookup);
+        record.connect = between(lookup, connect);
+        record.tls = between(connect, tls);
     } else {
         // All that libcurl did until then was to wait for the connection.
-        figures_.queued += ready;
+        record.queued += ready;
     }
-    figures_.firstByte = between(ready, Duration(numberOf(easy, CURLINFO_STARTTRANSFER_TIME_T)));
-    figures_.bodyBytesSent = numberOf(easy, CURLINFO_SIZE_UPLOAD_T);
-    figures_.headBytesReceived = smallNumberOf(easy, CURLINFO_HEADER_SIZE);
-    figures_.bodyBytesReceived = numberOf(easy, CURLINFO_SIZE_DOWNLOAD_T);
+    record.firstByte = between(ready, Duration(numberOf(easy, CURLINFO_STARTTRANSFER_TIME_T)));
+    record.bodyBytesSent = numberOf(easy, CURLINFO_SIZE_UPLOAD_T);
+    record.headBytesReceived = smallNumberOf(easy, CURLINFO_HEADER_SIZE);
+    record.bodyBytesReceived = numberOf(easy, CURLINFO_SIZE_DOWNLOAD_T);
     if (!attempt.hasHead) return;
-    figures_.status = attempt.head.status();
-    figures_.protocol = protocolOf(smallNumberOf(easy, CURLINFO_HTTP_VERSION));
+    record.status = attempt.head.status();
+    record.protocol = protocolOf(smallNumberOf(easy, CURLINFO_HTTP_VERSION));
 }
 
 void ExchangeMetrics::redirected(const URLRequest& request) {
-    Outcome outcome;
-    ended(request, outcome);
-    ended_ = std::move(outcome.metrics);
+    end(request, {});
+    const std::int64_t redirects = records_.back().redirects + 1;
+    records_.emplace_back().redirects = redirects;
     begun_ = Clock::now();
     isSent_ = false;
-    queued_ = {};
-    ++redirects_;
 }
 
 void ExchangeMetrics::ended(const URLRequest& request, Outcome& outcome) {
-    RequestMetrics known = recordOf(request, outcome);
-    RequestMetrics& record = figures_;
-    if (!isSent_) record = {.queued = sinceStart(begun_)};
-    record.method = std::move(known.method);
-    record.url = std::move(known.url);
-    record.error = std::move(known.error);
-    record.bodyBytesDecoded = known.bodyBytesDecoded;
-    record.redirects = redirects_;
+    end(request, outcome);
+    outcome.metrics = std::move(records_);
+}
+
+void ExchangeMetrics::end(const URLRequest& request, const Outcome& outcome) {
+    RequestMetrics& record = records_.back();
+    describe(record, request, outcome);
     record.total = sinceStart(begun_);
-    ended_.push_back(std::exchange(figures_, {}));
-    outcome.metrics = std::move(ended_);
+    if (isSent_) return;
+    record.queued = record.total;
+    // The answer that comes with the error is the redirect before it.
+    if (outcome.error) record.status.reset();
 }
 
 }  // namespace VanticRestKit::detail

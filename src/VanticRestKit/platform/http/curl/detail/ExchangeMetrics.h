@@ -8,7 +8,7 @@
 #include <VanticRestKit/platform/http/URLRequest.h>
 
 #include <chrono>
-#include <vector>
+#include <list>
 
 namespace VanticRestKit::detail {
 
@@ -18,11 +18,11 @@ struct Attempt;
 class ExchangeMetrics {
 public:
     /// `begun` is when the first request was asked for.
-    explicit ExchangeMetrics(std::chrono::steady_clock::time_point begun) : begun_(begun) {}
+    explicit ExchangeMetrics(std::chrono::steady_clock::time_point begun) : begun_(begun), records_(1) {}
 
     /// The request goes to libcurl. What is sent again in its place changes nothing.
     void sent();
-    /// libcurl is about to lose the request: takes its figures.
+    /// libcurl is about to lose the request: takes its figures, unless the request was redirected.
     void read(const Attempt& attempt);
     /// `request`, whose figures were read last, has ended in a redirect; another one follows.
     void redirected(const URLRequest& request);
@@ -32,13 +32,13 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
+    void end(const URLRequest& request, const Outcome& outcome);
+
     Clock::time_point begun_;
-    RequestMetrics::Duration queued_{};
     bool isSent_ = false;
-    std::int64_t redirects_ = 0;
-    // The figures of the request that is under way.
-    RequestMetrics figures_;
-    std::vector<RequestMetrics> ended_;
+    RequestMetrics::Duration queued_{};
+    // The last one is that of the request that is under way.
+    std::list<RequestMetrics> records_;
 };
 
 }  // namespace VanticRestKit::detail

@@ -1,16 +1,16 @@
-#include <VanticRestKit/platform/http/detail/RecordOf.h>
+#include <VanticRestKit/platform/http/detail/Records.h>
 
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
 
 namespace VanticRestKit::detail {
 
-RequestMetrics recordOf(const URLRequest& request, const Outcome& outcome) {
-    RequestMetrics record{.method = request.httpMethod().value_or("GET"), .error = outcome.error};
+void describe(RequestMetrics& record, const URLRequest& request, const Outcome& outcome) {
+    record.method = request.httpMethod().value_or("GET");
     if (request.url()) record.url = request.url()->absoluteString();
+    record.error = outcome.error;
     const HTTPURLResponse* const head = outcome.response ? outcome.response->asHTTP() : nullptr;
     if (head != nullptr) record.status = head->statusCode();
     if (outcome.data) record.bodyBytesDecoded = static_cast<std::int64_t>(outcome.data->size());
-    return record;
 }
 
 RequestMetrics::Duration sinceStart(std::chrono::steady_clock::time_point start) {

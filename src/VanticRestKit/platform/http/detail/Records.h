@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Makes the record of a request from what is known of every request.
+/// Fills in the record of a request with what is known of every request.
 
 #include <VanticRestKit/platform/http/detail/Outcome.h>
 #include <VanticRestKit/platform/http/RequestMetrics.h>
@@ -11,8 +11,8 @@
 
 namespace VanticRestKit::detail {
 
-/// A record of `request` that ended with `outcome`: without times, and without what was sent and received.
-RequestMetrics recordOf(const URLRequest& request, const Outcome& outcome);
+/// Says in `record` what `request` was and how it ended; leaves times, and what was sent and received, as they are.
+void describe(RequestMetrics& record, const URLRequest& request, const Outcome& outcome);
 
 /// How long ago `start` was.
 RequestMetrics::Duration sinceStart(std::chrono::steady_clock::time_point start);
