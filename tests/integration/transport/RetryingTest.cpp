@@ -4,6 +4,8 @@
 #include <VanticRestKit/Core/ErrorAdvice.h>
 #include <VanticRestKit/Core/NetworkServiceble.h>
 #include <VanticRestKit/Core/NetworkSession.h>
+#include <VanticRestKit/Core/ObservableContext.h>
+#include <VanticRestKit/Core/RequestObserver.h>
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/Core/Retrying.h>
 #include <VanticRestKit/platform/http/URLSession.h>
@@ -17,6 +19,7 @@
 #include <chrono>
 #include <memory>
 #include <string>
+#include <vector>
 
 using namespace VanticRestKit;
 using namespace VanticRestKit::test;
@@ -49,6 +52,22 @@ public:
 
 private:
     URL base_;
+};
+
+/// Keeps the numbers of the attempts. Read once the load has ended.
+class AttemptObserver final : public RequestObserver {
+public:
+    void requestEnded(const RequestMetrics& metrics) override { attempts.push_back(metrics.attempt); }
+
+    std::vector<std::int64_t> attempts;
+};
+
+class ObservedRetryingContext final : public RetryingContext, public ObservableContext {
+public:
+    using RetryingContext::RetryingContext;
+    std::shared_ptr<RequestObserver> observer() const override { return attempts; }
+
+    const std::shared_ptr<AttemptObserver> attempts = std::make_shared<AttemptObserver>();
 };
 
 /// Fails the first `count` requests of a server with a 503.
@@ -98,6 +117,13 @@ TEST_F(RetryingOverSockets, APublisherAndABlockingLoadSucceedAfterAFailure) {
     ASSERT_TRUE(ended.wait());
     EXPECT_EQ(seen, 12.5);
     EXPECT_EQ(server.requests().size(), 4u);
+}
+
+TEST_F(RetryingOverSockets, AnObserverIsToldOfEachAttemptByItsNumber) {
+    failuresToCome = 2;
+    const ObservedRetryingContext observed(server.url(""));
+    EXPECT_TRUE(Resource<double>::make({.with = Time()}, observed)->wait());
+    EXPECT_EQ(observed.attempts->attempts, (std::vector<std::int64_t>{1, 2, 3}));
 }
 
 TEST_F(RetryingOverSockets, AServiceThatStaysDownFailsWithItsAnswer) {

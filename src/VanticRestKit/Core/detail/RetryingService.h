@@ -27,6 +27,7 @@ public:
 
     DispatchQueue deliveryQueue() const override { return service_->deliveryQueue(); }
     Error endedEarly(URLErrorCode code) const override { return service_->endedEarly(code); }
+    const LoadObservation* observation() const noexcept override { return service_->observation(); }
 
 private:
     const std::shared_ptr<Serviceable> service_;
