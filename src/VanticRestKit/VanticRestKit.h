@@ -27,8 +27,10 @@
 #include <VanticRestKit/platform/error/NSError.h>
 #include <VanticRestKit/platform/host/HostInformation.h>
 #include <VanticRestKit/platform/http/cache/DiskCacheErrorCode.h>
+#include <VanticRestKit/platform/http/cache/URLCache.h>
 #include <VanticRestKit/platform/http/cookies/HTTPCookie.h>
 #include <VanticRestKit/platform/http/cookies/HTTPCookieStorage.h>
+#include <VanticRestKit/platform/http/HTTPCacheStatus.h>
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
 #include <VanticRestKit/platform/http/RequestMetrics.h>
 #include <VanticRestKit/platform/http/URLErrorCode.h>

@@ -3,6 +3,7 @@
 /// \file
 /// `HTTPURLResponse`: status and headers of an HTTP answer.
 
+#include <VanticRestKit/platform/http/HTTPCacheStatus.h>
 #include <VanticRestKit/platform/http/URLResponse.h>
 #include <VanticRestKit/Visibility.h>
 
@@ -20,7 +21,8 @@ class VRK_EXPORT HTTPURLResponse final : public URLResponse {
 public:
     using HeaderFields = std::map<std::string, std::string>;
 
-    HTTPURLResponse(std::optional<URL> url, std::int64_t statusCode, HeaderFields headerFields = {});
+    HTTPURLResponse(std::optional<URL> url, std::int64_t statusCode, HeaderFields headerFields = {},
+                    HTTPCacheStatus cacheStatus = {});
     ~HTTPURLResponse() override;
 
     /// The status, such as 200.
@@ -33,11 +35,20 @@ public:
     /// are joined with ", ".
     const HeaderFields& allHeaderFields() const noexcept { return headerFields_; }
 
+    /// Where the answer came from: the server, or the session's cache. Of a transport without a cache: the server.
+    HTTPCacheStatus::Source source() const noexcept { return cacheStatus_.source; }
+    /// What the session's cache did for the answer.
+    const HTTPCacheStatus& cacheStatus() const noexcept { return cacheStatus_; }
+    /// The value that the field Cache-Status (RFC 9211) has with the session's cache in it: what the server and the
+    /// caches on the way said, and last what this cache says. Empty if none of them said anything.
+    std::optional<std::string> cacheStatusValue() const;
+
     const HTTPURLResponse* asHTTP() const noexcept override { return this; }
 
 private:
     std::int64_t statusCode_;
     HeaderFields headerFields_;
+    HTTPCacheStatus cacheStatus_;
 };
 
 }  // namespace VanticRestKit

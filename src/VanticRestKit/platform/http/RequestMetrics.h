@@ -5,6 +5,7 @@
 
 #include <VanticRestKit/platform/dispatch/SharedFunction.h>
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/http/HTTPCacheStatus.h>
 
 #include <chrono>
 #include <cstdint>
@@ -12,14 +13,6 @@
 #include <string>
 
 namespace VanticRestKit {
-
-/// Where an answer came from.
-enum class AnswerSource {
-    network,      ///< The server sent it.
-    cache,        ///< The cache had it; nothing was sent.
-    revalidated,  ///< The cache had it, and the server said that it still holds.
-    stale,        ///< The cache had it and it was out of date; nothing was sent, or what was sent failed.
-};
 
 /// What one request did. Each request that is sent has a record of its own: the ones that a redirect leads to, and each
 /// attempt of a service that tries again. What libcurl sends anew by itself, because a connection turned out to be dead
@@ -80,17 +73,6 @@ inline MetricsReceiver ofAttempt(MetricsReceiver receiver, std::int64_t attempt)
         metrics.attempt = attempt;
         receiver(metrics);
     };
-}
-
-/// "network", "cache", "revalidated" or "stale".
-inline const char* nameOf(AnswerSource source) noexcept {
-    switch (source) {
-        case AnswerSource::network: return "network";
-        case AnswerSource::cache: return "cache";
-        case AnswerSource::revalidated: return "revalidated";
-        case AnswerSource::stale: return "stale";
-    }
-    return "network";
 }
 
 }  // namespace VanticRestKit

@@ -35,6 +35,8 @@ enum class URLErrorCode : std::int64_t {
     networkConnectionLost = -1005,
     /// More redirects than the session's `URLSessionLimits::maxRedirects`.
     httpTooManyRedirects = -1007,
+    /// The request's policy allows only stored answers, and there is none.
+    resourceUnavailable = -1008,
     /// The server broke the rules of the protocol.
     badServerResponse = -1011,
     /// The answer redirects from https to http, which the session's redirect policy does not allow.

@@ -16,8 +16,29 @@
 
 namespace VanticRestKit {
 
-/// How a request uses the cache of the protocol. There is no cache yet, so every value loads from the server.
-enum class URLRequestCachePolicy { useProtocolCachePolicy = 0, reloadIgnoringLocalCacheData = 1 };
+/// How a request uses the session's cache.
+///
+/// Every policy but `useProtocolCachePolicy` takes precedence over the request's own Cache-Control where the two
+/// disagree about the use of what is stored; the field is sent as it is all the same. A Cache-Control with `no-store`
+/// always keeps the request away from the cache: it neither looks there nor leaves anything there.
+enum class URLRequestCachePolicy {
+    /// What the session's configuration says, which by default is: as HTTP says (RFC 9111). The request's own
+    /// Cache-Control is obeyed.
+    useProtocolCachePolicy = 0,
+    /// The server is asked. Its answer is stored.
+    reloadIgnoringLocalCacheData = 1,
+    /// A stored answer of any age will do; without one the server is asked.
+    returnCacheDataElseLoad = 2,
+    /// A stored answer of any age will do; without one the request fails with `URLErrorCode::resourceUnavailable`.
+    returnCacheDataDontLoad = 3,
+    /// The server is asked, and caches on the way are told not to answer: the request has "Cache-Control: no-cache" and
+    /// "Pragma: no-cache", unless it has a Cache-Control of its own. Its answer is stored.
+    reloadIgnoringLocalAndRemoteCacheData = 4,
+    /// The server is asked whether what is stored has changed, also if that is fresh, and the request has
+    /// "Cache-Control: max-age=0", unless it has a Cache-Control of its own. A stored answer that is fresh and marked as
+    /// immutable is used without asking.
+    reloadRevalidatingCacheData = 5,
+};
 
 /// On whose behalf a request is made.
 enum class URLRequestAttribution { developer = 0, user = 1 };

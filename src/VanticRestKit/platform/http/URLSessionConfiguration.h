@@ -3,11 +3,12 @@
 /// \file
 /// `URLSessionConfiguration`: the settings of a `URLSession`.
 
+#include <VanticRestKit/platform/http/cache/URLCache.h>
 #include <VanticRestKit/platform/http/cookies/HTTPCookieStorage.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
 #include <VanticRestKit/platform/http/URLSessionConnectionSettings.h>
-#include <VanticRestKit/platform/http/URLSessionRedirectPolicy.h>
 #include <VanticRestKit/platform/http/URLSessionLimits.h>
+#include <VanticRestKit/platform/http/URLSessionRedirectPolicy.h>
 
 #include <chrono>
 #include <cstdint>
@@ -21,8 +22,12 @@ namespace VanticRestKit {
 
 /// Settings that a session reads once, when it is made. No environment variable and no file changes them.
 struct URLSessionConfiguration {
-    /// The cache policy of requests that have none of their own.
+    /// The cache policy of requests that have none of their own, which is those with `useProtocolCachePolicy`.
     URLRequestCachePolicy requestCachePolicy = URLRequestCachePolicy::useProtocolCachePolicy;
+
+    /// Where answers are kept. The session keeps it alive. Null: nothing is kept, and requests that take only what is
+    /// kept fail with `URLErrorCode::resourceUnavailable`.
+    std::shared_ptr<URLCache> urlCache = URLCache::shared();
 
     /// How long nothing may move, for requests whose own `timeoutInterval` is not above zero.
     std::chrono::duration<double> timeoutIntervalForRequest{60};

@@ -65,6 +65,15 @@ public:
     /// Takes the first `written` bytes of what `spare` gave last.
     void extend(std::size_t written) noexcept { size_ += written; }
 
+    /// Gives back the memory beyond the bytes gathered, if it is more than an eighth of theirs.
+    void fit() noexcept {
+        if (!storage_ || size_ == 0 || capacity_ - size_ <= size_ / 8) return;
+        void* const bytes = std::realloc(storage_->bytes, size_ + Data::padding);
+        if (bytes == nullptr) return;
+        storage_->bytes = static_cast<char*>(bytes);
+        capacity_ = size_;
+    }
+
     /// The bytes gathered, without a copy. Nothing is gathered after this.
     Data take() noexcept {
         if (size_ == 0) return Data();

@@ -53,6 +53,9 @@ public:
     /// How many bytes came, as they were sent.
     std::uint64_t received() const noexcept { return received_; }
 
+    /// Gives back memory that was got for more than came. For a body that is kept for long.
+    void fit() { body_.fit(); }
+
     /// The body; once.
     Data take();
 

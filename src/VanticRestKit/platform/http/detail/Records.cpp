@@ -9,7 +9,10 @@ void describe(RequestMetrics& record, const URLRequest& request, const Outcome& 
     if (request.url()) record.url = request.url()->absoluteString();
     record.error = outcome.error;
     const HTTPURLResponse* const head = outcome.response ? outcome.response->asHTTP() : nullptr;
-    if (head != nullptr) record.status = head->statusCode();
+    if (head != nullptr) {
+        record.status = head->statusCode();
+        record.source = head->source();
+    }
     if (outcome.data) record.bodyBytesDecoded = static_cast<std::int64_t>(outcome.data->size());
 }
 

@@ -21,7 +21,11 @@ Exchange::Exchange(std::shared_ptr<Transfer> transfer) : transfer_(std::move(tra
 
 Exchange::~Exchange() = default;
 
+const URLRequest& Exchange::outgoing() const noexcept { return cacheHop ? cacheHop->outgoing() : request(); }
+
 std::uint64_t Exchange::redirect(URLRequest next) {
+    // It refers to the request.
+    cacheHop.reset();
     redirected_ = std::make_unique<URLRequest>(std::move(next));
     return ++redirects_;
 }
@@ -61,6 +65,7 @@ void Attempt::readRedirect() {
 
 void Attempt::readHead() {
     hasHead = true;
+    if (exchange.cacheHop) exchange.cacheHop->noteHead();
     surroundings.admission.learn(exchange, head.isMultiplexed() ? Carriage::many : Carriage::one);
     surroundings.cookies.receive(head.setCookies(), exchange.request(), exchange.transfer()->request());
     readRedirect();

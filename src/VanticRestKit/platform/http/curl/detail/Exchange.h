@@ -3,6 +3,7 @@
 /// \file
 /// `Exchange`: one transfer as the I/O thread sees it, and `Attempt`, one request of it in libcurl's hands.
 
+#include <VanticRestKit/platform/http/cache/detail/CacheHop.h>
 #include <VanticRestKit/platform/http/cookies/detail/SessionCookies.h>
 #include <VanticRestKit/platform/http/curl/detail/BodyPacer.h>
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
@@ -54,6 +55,11 @@ public:
 
     /// The redirect that the host is asked about; null while it is not.
     std::unique_ptr<Outcome> redirectAnswer;
+    /// What the request has to do with the cache; null if nothing.
+    std::unique_ptr<CacheHop> cacheHop;
+    /// What goes out for the request: itself, or what the cache made of it.
+    const URLRequest& outgoing() const noexcept;
+
     /// The request in libcurl's hands; null while none is.
     std::unique_ptr<Attempt> attempt;
     /// The records of its requests; null if it is not observed.

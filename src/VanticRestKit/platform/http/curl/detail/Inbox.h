@@ -15,15 +15,20 @@
 
 namespace VanticRestKit::detail {
 
+class StoredResponse;
+
 /// A guarded list of messages, and the means to wake the thread that reads them out of its wait.
 class Inbox {
 public:
     struct Message {
-        enum class Kind { start, cancel, redirect, cancelAll, closeIdle };
+        /// `resume`: what a transfer waited for, apart from sockets, has come; see `found`.
+        enum class Kind { start, cancel, redirect, cancelAll, closeIdle, resume };
         Kind kind;
         std::shared_ptr<Transfer> transfer;
         /// What the host has made of a redirect; empty if it is not to be followed.
         std::optional<URLRequest> next{};
+        /// What a cache's store has for the transfer.
+        std::vector<std::shared_ptr<const StoredResponse>> found{};
     };
 
     /// Adds a message. Returns whether there is no thread yet that reads it; it is the caller's to start one.

@@ -1,3 +1,4 @@
+#include <VanticRestKit/platform/http/cache/detail/CacheAccess.h>
 #include <VanticRestKit/platform/http/curl/detail/EasySetup.h>
 #include <VanticRestKit/platform/http/curl/detail/IoLoop.h>
 #include <VanticRestKit/platform/http/curl/detail/SessionOptions.h>
@@ -57,6 +58,8 @@ IoLoop::IoLoop(const URLSessionConfiguration& configuration, const TransportSeam
     : configuration_(configuration),
       unusable_(configuration.proxy ? whyUnusable(*configuration.proxy) : std::nullopt),
       usualInterval_(configuration.timeoutIntervalForRequest),
+      usualPolicy_(configuration.requestCachePolicy),
+      cache_(CacheAccess::core(configuration.urlCache)),
       inbox_(std::move(inbox)),
       delegateQueue_(std::move(delegateQueue)),
       tls_(configuration),
@@ -110,6 +113,7 @@ bool IoLoop::readInbox() {
             case Inbox::Message::Kind::cancelAll: cancelAll(); break;
             case Inbox::Message::Kind::closeIdle: connections_.shutDownIdle(); break;
             case Inbox::Message::Kind::redirect: decided(*message.transfer, std::move(message.next)); break;
+            case Inbox::Message::Kind::resume: resume(std::move(message)); break;
         }
     }
     messages_.clear();
@@ -136,7 +140,7 @@ void IoLoop::begin(std::shared_ptr<Transfer> transfer) {
     } else if (fault) {
         fail(exchange, *fault);
     } else {
-        enqueue(exchange);
+        beginHop(exchange);
     }
 }
 
@@ -185,8 +189,9 @@ void IoLoop::send(Exchange& exchange) {
                                       .pacer = pacer_,
                                       .limits = configuration_.limits});
     exchange.attempt->handle = pool_.take(isSecure(*exchange.request().url()));
-    exchange.attempt->headerLines =
-        headerLines_.of(exchange.request(), cookies_.headerFor(exchange.request()));
+    const std::string cookies = cookies_.headerFor(exchange.request());
+    if (exchange.cacheHop) exchange.cacheHop->noteSent(cookies);
+    exchange.attempt->headerLines = headerLines_.of(exchange.outgoing(), cookies);
     if (!prepareEasy(*exchange.attempt, configuration_, admission_.hasSetAside(exchange)) ||
         curl_multi_add_handle(multi_, exchange.attempt->handle->get()) != CURLM_OK) {
         release(exchange);
@@ -215,7 +220,7 @@ void IoLoop::timeOutIdle() {
         Exchange& exchange = static_cast<Exchange&>(*idler);
         if (exchange.attempt->isRedirect) {
             // The time for its body is up.
-            follow(exchange);
+            followAnswer(exchange);
         } else if (movedUnseen(exchange)) {
             deadlines_.resume(exchange);
         } else {
@@ -308,8 +313,8 @@ void IoLoop::deliver() {
 
 std::chrono::milliseconds IoLoop::longestWait() const {
     std::chrono::milliseconds limit{60 * 60 * 1000};
-    for (const auto next :
-         {deadlines_.next(), loadDeadlines_.next(), resets_.next(), pendingConnects_.next(), unreached_.next()}) {
+    for (const auto next : {deadlines_.next(), loadDeadlines_.next(), resets_.next(), pendingConnects_.next(),
+                            unreached_.next()}) {
         if (!next) continue;
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(*next - Clock::now());
         limit = std::clamp(left, std::chrono::milliseconds(0), limit);

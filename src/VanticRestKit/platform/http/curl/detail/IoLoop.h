@@ -59,6 +59,12 @@ private:
     void begin(std::shared_ptr<Transfer> transfer);
     void cancel(const Transfer& transfer);
     void cancelAll();
+    void beginHop(Exchange& exchange);
+    void askCache(Exchange& exchange);
+    void resume(Inbox::Message message);
+    void answer(Exchange& exchange, HopAnswer found);
+    static Outcome outcomeOf(const Exchange& exchange, HopAnswer answer);
+    void revalidate(Exchange& exchange);
     void enqueue(Exchange& exchange);
     void admit();
     void attempt(Exchange& exchange);
@@ -73,11 +79,12 @@ private:
     bool mayWaitForConnectivity(Exchange& exchange, CURLcode code);
     void waitForConnectivity(Exchange& exchange);
     void tryAgain();
-    void follow(Exchange& exchange);
+    void followAnswer(Exchange& exchange);
+    void follow(Exchange& exchange, std::int64_t status, const std::string& location);
     void goTo(Exchange& exchange, URLRequest next);
-    void ask(Exchange& exchange);
+    void ask(Exchange& exchange, HopAnswer redirect, const std::string& location);
     void decided(const Transfer& transfer, std::optional<URLRequest> next);
-    static Outcome answerOf(Exchange& exchange);
+    static HopAnswer answerOf(Exchange& exchange);
     void succeed(Exchange& exchange);
     void fail(Exchange& exchange, const TransportFault& fault,
               const std::optional<Error>& underlying = std::nullopt);
@@ -96,6 +103,9 @@ private:
     // Why nothing can be sent with it.
     const std::optional<TransportFault> unusable_;
     const std::chrono::duration<double> usualInterval_;
+    const URLRequestCachePolicy usualPolicy_;
+    const std::shared_ptr<CacheCore> cache_;
+    CacheKeys cacheKeys_;
     const std::shared_ptr<Inbox> inbox_;
     const DispatchQueue delegateQueue_;
     // Above the multi handle, which closes its sockets through it.

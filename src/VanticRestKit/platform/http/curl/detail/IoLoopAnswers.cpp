@@ -2,12 +2,14 @@
 
 #include <VanticRestKit/platform/http/curl/detail/CurlErrors.h>
 #include <VanticRestKit/platform/http/curl/detail/IoLoop.h>
+#include <VanticRestKit/platform/http/detail/HeaderName.h>
 #include <VanticRestKit/platform/http/detail/Origin.h>
 #include <VanticRestKit/platform/http/detail/RedirectRule.h>
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
 
 #include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -51,7 +53,7 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
         fail(exchange, *attempt.fault);
     } else if (attempt.isRedirect) {
         // Where to go was said in the headers; how the body ended does not matter.
-        follow(exchange);
+        followAnswer(exchange);
     } else if (code != CURLE_OK && attempt.wasRefusedToTheLast() && !exchange.wasGivenUp) {
         goAgain(exchange);
     } else if (code == CURLE_COULDNT_CONNECT && attempt.gaveUpAnAddress()) {
@@ -74,8 +76,6 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
              {URLErrorCode::networkConnectionLost, "The connection was closed inside the headers."});
     } else if (const auto fault = attempt.body.finish()) {
         fail(exchange, *fault);
-    } else if (attempt.isRedirectToAskAbout) {
-        ask(exchange);
     } else {
         succeed(exchange);
     }
@@ -124,18 +124,29 @@ void IoLoop::tryAgain() {
     }
 }
 
-void IoLoop::follow(Exchange& exchange) {
-    const HeaderCollector& head = exchange.attempt->head;
+void IoLoop::followAnswer(Exchange& exchange) {
+    HeaderCollector& head = exchange.attempt->head;
+    const std::string location = *head.location();
+    if (exchange.cacheHop) {
+        HeaderFields fields = head.fields();
+        // Of several the first one counts.
+        findHeader(fields, "location")->second = location;
+        exchange.cacheHop->finish(head.status(), std::move(fields), std::nullopt);
+    }
+    follow(exchange, head.status(), location);
+}
+
+void IoLoop::follow(Exchange& exchange, std::int64_t status, const std::string& location) {
     const URL& source = *exchange.request().url();
-    const auto target = URL::make(*head.location(), source);
+    const auto target = URL::make(location, source);
     if (!target) {
         fail(exchange, {URLErrorCode::badServerResponse, "The answer redirects to what is no URL."});
     } else if (redirectAction(configuration_.redirectPolicy, source, *target) == RedirectAction::refuse) {
         fail(exchange, {URLErrorCode::appTransportSecurityRequiresSecureConnection,
                         "The answer redirects from https to http."});
     } else {
-        goTo(exchange, redirected(exchange.request(), head.status(), *target,
-                                  configuration_.redirectPolicy.headersHeldBack));
+        goTo(exchange,
+             redirected(exchange.request(), status, *target, configuration_.redirectPolicy.headersHeldBack));
     }
 }
 
@@ -154,21 +165,16 @@ void IoLoop::goTo(Exchange& exchange, URLRequest next) {
     } else {
         release(exchange);
         exchange.setInterval(idleInterval(exchange.request().timeoutInterval(), usualInterval_));
-        enqueue(exchange);
+        beginHop(exchange);
     }
 }
 
 // The host is asked on its own queue; nothing of this thread waits for it.
-void IoLoop::ask(Exchange& exchange) {
-    const HeaderCollector& head = exchange.attempt->head;
-    const auto target = URL::make(*head.location(), *exchange.request().url());
-    if (!target) {
-        follow(exchange);
-        return;
-    }
+void IoLoop::ask(Exchange& exchange, HopAnswer redirect, const std::string& location) {
+    const auto target = URL::make(location, *exchange.request().url());
     const URLSessionRedirectPolicy& policy = configuration_.redirectPolicy;
-    URLRequest next = redirected(exchange.request(), head.status(), *target, policy.headersHeldBack);
-    exchange.redirectAnswer = std::make_unique<Outcome>(answerOf(exchange));
+    URLRequest next = redirected(exchange.request(), redirect.answer.status, *target, policy.headersHeldBack);
+    exchange.redirectAnswer = std::make_unique<Outcome>(outcomeOf(exchange, std::move(redirect)));
     release(exchange);
     delegateQueue_.async([willRedirect = policy.willRedirect, inbox = inbox_, transfer = exchange.transfer(),
                           response = exchange.redirectAnswer->response, next = std::move(next)]() mutable {
@@ -192,18 +198,26 @@ void IoLoop::decided(const Transfer& transfer, std::optional<URLRequest> next) {
     }
 }
 
-Outcome IoLoop::answerOf(Exchange& exchange) {
+HopAnswer IoLoop::answerOf(Exchange& exchange) {
     Attempt& attempt = *exchange.attempt;
-    Outcome outcome;
-    outcome.response = std::make_shared<const HTTPURLResponse>(
-        exchange.request().url(), attempt.head.status(), attempt.head.takeFields());
-    outcome.data = attempt.body.take();
-    return outcome;
+    const std::int64_t status = attempt.head.status();
+    if (!exchange.cacheHop) {
+        return {
+            .answer = {.status = status, .fields = attempt.head.takeFields(), .body = attempt.body.take()}};
+    }
+    if (exchange.cacheHop->mayKeep(attempt.head.fields())) attempt.body.fit();
+    return exchange.cacheHop->finish(status, attempt.head.takeFields(), attempt.body.take());
 }
 
-void IoLoop::succeed(Exchange& exchange) { end(exchange, answerOf(exchange)); }
+void IoLoop::succeed(Exchange& exchange) { answer(exchange, answerOf(exchange)); }
 
 void IoLoop::fail(Exchange& exchange, const TransportFault& fault, const std::optional<Error>& underlying) {
+    if (exchange.cacheHop) {
+        if (auto stored = exchange.cacheHop->rescue(fault.code)) {
+            answer(exchange, *std::move(stored));
+            return;
+        }
+    }
     Outcome outcome;
     outcome.error = makeURLError(fault, exchange.request().url(), underlying);
     if (exchange.attempt && exchange.attempt->hasHead) {

@@ -1,0 +1,71 @@
+#include <VanticRestKit/platform/http/cache/detail/CacheKey.h>
+
+#include <openssl/evp.h>
+
+#include <array>
+#include <atomic>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+/// Half of the SHA-256 of `text` in hexadecimal: nobody finds two texts with the same one.
+std::string digestOf(std::string_view text) {
+    if (text.empty()) return "-";
+    std::array<unsigned char, EVP_MAX_MD_SIZE> digest{};
+    unsigned size = 0;
+    if (EVP_Digest(text.data(), text.size(), digest.data(), &size, EVP_sha256(), nullptr) != 1) {
+        // Equal to no other one, so that what is kept under it is never found.
+        static std::atomic<unsigned> failures = 0;
+        return '!' + std::to_string(++failures);
+    }
+    constexpr std::string_view digits = "0123456789abcdef";
+    std::string hex;
+    for (std::size_t i = 0; i < size / 2; ++i) {
+        hex += digits[digest[i] >> 4U];
+        hex += digits[digest[i] & 15U];
+    }
+    return hex;
+}
+
+/// User and password of a URL, with the "@", as they are written. They are sent as an Authorization.
+std::string_view userInfoOf(const URL& url) {
+    const std::string_view beginning = beginningOf(url);
+    const auto at = beginning.rfind('@');
+    if (at == std::string_view::npos) return {};
+    const auto authority = beginning.find("://") + 3;
+    return beginning.substr(authority, at + 1 - authority);
+}
+
+/// The URL part of the key of `url`, whose origin is `origin`.
+std::string cacheUrlOf(const URL& url, std::string_view origin) {
+    const std::string_view text = url.absoluteString();
+    std::string_view rest = text.substr(beginningOf(url).size());
+    rest = rest.substr(0, rest.find('#'));
+    std::string key;
+    key.reserve(origin.size() + rest.size() + 1);
+    key = origin;
+    if (!rest.starts_with('/')) key += '/';
+    key += rest;
+    return key;
+}
+
+}  // namespace
+
+CachePartition::CachePartition(std::string_view authorization, std::string_view cookie)
+    : text_(digestOf(authorization) + '.' + digestOf(cookie)) {}
+
+std::string CachePartition::prefixOf(std::string_view authorization) { return digestOf(authorization) + '.'; }
+
+CacheKey CacheKeys::of(const CacheRequest& request, const URL& url) {
+    const std::string_view userInfo = userInfoOf(url);
+    const std::string_view authorization = request.authorization.empty() ? userInfo : request.authorization;
+    if (authorization_ != authorization || cookie_ != request.cookie) {
+        authorization_ = authorization;
+        cookie_ = request.cookie;
+        partition_ = CachePartition(authorization_, cookie_);
+    }
+    return {.partition = partition_, .url = cacheUrlOf(url, origins_.of(url))};
+}
+
+}  // namespace VanticRestKit::detail

@@ -1,0 +1,79 @@
+#include <VanticRestKit/platform/http/cache/detail/CacheRules.h>
+
+#include <VanticRestKit/platform/http/detail/HeaderName.h>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+// What this cache knows the meaning of, beyond the statuses that may be kept by themselves.
+bool isUnderstood(std::int64_t status) {
+    return isHeuristicallyCacheable(status) || status == 302 || status == 303 || status == 307;
+}
+
+/// Whether `duration` is over `passed`; the largest duration is never over.
+bool isWithin(milliseconds passed, std::optional<std::chrono::seconds> duration) {
+    return duration && (*duration >= maxDeltaSeconds || passed <= milliseconds(*duration));
+}
+
+}  // namespace
+
+bool mayStore(const CacheRequest& request, const StoredResponse& response) {
+    const CacheControl& control = response.control();
+    const std::int64_t status = response.status();
+    // Parts of an answer, and news about one, are no answers.
+    if (!request.isStorable() || status < 200 || status == 206 || status == 304) return false;
+    if (!request.range.empty() && status != 200) return false;
+    if (control.mustUnderstand) {
+        if (!isUnderstood(status)) return false;
+    } else if (control.noStore) {
+        return false;
+    }
+    return control.isPublic || control.isPrivate || control.maxAge.has_value() ||
+           !response.field("expires").empty() || isHeuristicallyCacheable(status);
+}
+
+bool isWorthStoring(const StoredResponse& response) {
+    return response.lifetime() > milliseconds(0) || response.hasValidator();
+}
+
+Reuse reuseOf(const StoredResponse& stored, const CacheRequest& request, CacheTime now) {
+    const CacheControl& wanted = request.control;
+    const CacheControl& control = stored.control();
+    if (control.noCache || wanted.noCache) return Reuse::validate;
+    const milliseconds age = stored.age(now);
+    // Zero asks for the server's opinion, also in the very second of the answer.
+    if (wanted.maxAge && (age > *wanted.maxAge || wanted.maxAge->count() == 0)) return Reuse::validate;
+    const milliseconds left = stored.lifetime() - age;
+    if (wanted.minFresh && left < *wanted.minFresh) return Reuse::validate;
+    if (left > milliseconds(0)) return Reuse::fresh;
+    if (control.mustRevalidate) return Reuse::validate;
+    if (isWithin(-left, wanted.maxStale)) return Reuse::stale;
+    if (isWithin(-left, control.staleWhileRevalidate)) return Reuse::staleWhileRevalidate;
+    return Reuse::validate;
+}
+
+bool isFresh(const StoredResponse& stored, CacheTime now) {
+    return !stored.control().noCache && stored.age(now) < stored.lifetime();
+}
+
+bool isUsableOffline(const StoredResponse& stored, const CacheRequest& request, CacheTime now) {
+    const CacheControl& control = stored.control();
+    if (control.mustRevalidate || control.noCache || request.control.noCache) return false;
+    // A request that limits the age has decided already.
+    if (request.control.maxAge || request.control.minFresh) return isUsableOnError(stored, request, now);
+    const bool isDeclared = control.maxAge || !stored.field("expires").empty();
+    const milliseconds staleness = stored.age(now) - stored.lifetime();
+    return (isDeclared && staleness <= stored.lifetime()) || isUsableOnError(stored, request, now);
+}
+
+bool isUsableOnError(const StoredResponse& stored, const CacheRequest& request, CacheTime now) {
+    const CacheControl& control = stored.control();
+    if (control.mustRevalidate || control.noCache) return false;
+    const milliseconds staleness = stored.age(now) - stored.lifetime();
+    return isWithin(staleness, control.staleIfError) || isWithin(staleness, request.control.staleIfError);
+}
+
+}  // namespace VanticRestKit::detail
