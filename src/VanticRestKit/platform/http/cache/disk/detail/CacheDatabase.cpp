@@ -29,15 +29,17 @@ constexpr const char* settings =
     "PRAGMA wal_autocheckpoint=512; PRAGMA journal_size_limit=2097152;";
 
 // Bodies are in a table of their own, so that neither the order of use nor a new head rewrites them.
+// Another process may make them at the same time, if the lock of the folder could not be had.
 constexpr const char* schema =
     "BEGIN IMMEDIATE;"
-    "CREATE TABLE record(id INTEGER PRIMARY KEY, key BLOB NOT NULL, variant BLOB NOT NULL, head BLOB NOT "
-    "NULL,"
+    "CREATE TABLE IF NOT EXISTS record(id INTEGER PRIMARY KEY, key BLOB NOT NULL, variant BLOB NOT NULL,"
+    " head BLOB NOT NULL,"
     " headSum INTEGER NOT NULL, bodySum INTEGER NOT NULL, size INTEGER NOT NULL, used INTEGER NOT NULL,"
     " UNIQUE(key, variant));"
-    "CREATE INDEX byUse ON record(used);"
-    "CREATE TABLE body(id INTEGER PRIMARY KEY, bytes BLOB NOT NULL);"
-    "CREATE TRIGGER removeBody AFTER DELETE ON record BEGIN DELETE FROM body WHERE id = old.id; END;"
+    "CREATE INDEX IF NOT EXISTS byUse ON record(used);"
+    "CREATE TABLE IF NOT EXISTS body(id INTEGER PRIMARY KEY, bytes BLOB NOT NULL);"
+    "CREATE TRIGGER IF NOT EXISTS removeBody AFTER DELETE ON record BEGIN DELETE FROM body"
+    " WHERE id = old.id; END;"
     "PRAGMA application_id=1448233795; PRAGMA user_version=1;"
     "COMMIT;";
 static_assert(applicationId == 1448233795 && schemaVersion == 1);
