@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -307,4 +308,37 @@ TEST_F(HTTP2, AHeadOfTooManyLinesFailsAndLeavesTheConnectionToOthers) {
     EXPECT_EQ(loaded.code(), URLErrorCode::dataLengthExceedsMaximum) << loaded.story();
     EXPECT_EQ(load(*session_, url("/next")).body(), "here");
     EXPECT_EQ(relay_->connectionCount(), 1U);
+}
+
+TEST_F(HTTP2, AnswersThatAreNotDeliveredStopTheReadingAndLaterAllArrive) {
+    constexpr std::size_t size = 512 * 1024;
+    configuration_.limits.maxUndeliveredBytes = 4 * size;
+    serve(always(answer(200, std::string(size, 'x'))));
+    std::mutex blockade;
+    std::unique_lock lock(blockade);
+    session_->delegateQueue().async([&blockade] { const std::lock_guard wait(blockade); });
+    std::vector<Loaded> loads;
+    // A load that is paused, or whose connection is, uses no idle time.
+    for (int i = 0; i < 60; ++i) loads.push_back(startLoad(*session_, request("/", 1)));
+    // It takes longer than their idle time.
+    FaultServer stalling([](FaultConnection& connection) {
+        if (connection.readRequest()) connection.stall();
+    });
+    const auto other = URLSession::make(URLSessionConfiguration::default_());
+    URLRequest timer = requestOf(stalling.url());
+    timer.setTimeoutInterval(std::chrono::milliseconds(1500));
+    EXPECT_EQ(load(*other, timer).code(), URLErrorCode::timedOut);
+    EXPECT_EQ(loads.front().calls(), 0);
+    lock.unlock();
+    for (const Loaded& loaded : loads) ASSERT_EQ(loaded.body().size(), size) << loaded.story();
+    EXPECT_EQ(load(*session_, request("/")).status(), 200);
+}
+
+TEST_F(HTTP2, CodedBodiesThatExpandTogetherAllArriveWhole) {
+    const std::string text = std::string(2 * 1024 * 1024, 'x') + sampleText(200'000);
+    configuration_.limits.maxDecodingRatio = URLSessionLimits::unlimited;
+    serve(always(answer(200, gzipped(text), "Content-Encoding: gzip\r\n")));
+    std::vector<Loaded> loads;
+    for (int i = 0; i < 30; ++i) loads.push_back(startLoad(*session_, request("/")));
+    for (const Loaded& loaded : loads) ASSERT_TRUE(loaded.body() == text) << loaded.story();
 }

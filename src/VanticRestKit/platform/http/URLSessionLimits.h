@@ -55,6 +55,11 @@ struct URLSessionLimits {
     /// How many redirects a load follows. The next one fails it with `URLErrorCode::httpTooManyRedirects`.
     std::uint64_t maxRedirects = 20;
 
+    /// How many bytes of answers may wait for their completions because other completions take long. Beyond it the session
+    /// reads no more bodies and sends no further request, until half of this has been delivered; a load has its whole
+    /// idle time after such a pause. Answers that are on their way when the pause begins come on top.
+    std::uint64_t maxUndeliveredBytes = 32 * 1024 * 1024;
+
     /// How many names of hosts are looked up at once; at least 1. Each takes a thread and three descriptors. Loads of
     /// further names wait in the queue. A look-up whose load was cancelled or timed out runs to its own end and no longer
     /// counts.

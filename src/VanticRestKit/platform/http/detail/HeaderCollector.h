@@ -35,6 +35,8 @@ public:
     /// What is wrong with the lines so far; empty if nothing is.
     const std::optional<TransportFault>& fault() const noexcept { return fault_; }
 
+    /// The size of all lines so far.
+    std::uint64_t size() const noexcept { return size_; }
     std::int64_t status() const noexcept { return status_; }
     /// Whether the answer came over a protocol that carries several answers at once on one connection.
     bool isMultiplexed() const noexcept { return multiplexed_; }

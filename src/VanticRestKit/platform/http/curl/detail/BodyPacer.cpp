@@ -8,7 +8,8 @@
 namespace VanticRestKit::detail {
 
 std::size_t BodyPacer::take(Attempt& attempt, std::string_view piece) {
-    attempt.isPaused = attempt.body.isCoded() && (budget_ == 0 || attempt.body.hasMore());
+    const bool isTurnOver = attempt.body.isCoded() && (budget_ == 0 || attempt.body.hasMore());
+    attempt.isPaused = isStopped_ || isTurnOver;
     if (attempt.isPaused) {
         hold(attempt);
         return CURL_WRITEFUNC_PAUSE;

@@ -25,7 +25,11 @@ public:
     BodyPacer(const BodyPacer&) = delete;
     BodyPacer& operator=(const BodyPacer&) = delete;
 
-    void beginRound() noexcept { budget_ = bytesPerRound; }
+    /// Begins a round. `isStopped`: bodies are neither read nor decoded in it.
+    void beginRound(bool isStopped) noexcept {
+        isStopped_ = isStopped;
+        budget_ = isStopped ? 0 : bytesPerRound;
+    }
 
     /// Takes a piece of the body of `attempt`, as libcurl's callback for bodies. Returns what that has to return.
     std::size_t take(Attempt& attempt, std::string_view piece);
@@ -42,11 +46,12 @@ public:
     /// Takes `attempt` out of the queue, if it is there.
     void forget(Attempt& attempt);
 
-    /// Whether something waits, so that the thread must not.
-    bool isWaiting() const noexcept { return !held_.empty(); }
+    /// Whether something waits for the next round, so that the thread must not.
+    bool isWaiting() const noexcept { return !held_.empty() && !isStopped_; }
 
 private:
     std::size_t budget_ = 0;
+    bool isStopped_ = false;
     std::deque<Attempt*> held_;
 };
 

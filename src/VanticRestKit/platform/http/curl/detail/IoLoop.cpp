@@ -62,6 +62,7 @@ IoLoop::IoLoop(const URLSessionConfiguration& configuration, const TransportSeam
       cache_(CacheAccess::core(configuration.urlCache)),
       inbox_(std::move(inbox)),
       delegateQueue_(std::move(delegateQueue)),
+      undelivered_(std::make_shared<Undelivered>(configuration.limits.maxUndeliveredBytes, inbox_)),
       tls_(configuration),
       multi_(makeMulti(connectionsPerHost(configuration), configuration_.limits)),
       shared_(makeShared()),
@@ -88,6 +89,7 @@ void IoLoop::run(ExitGate& gate) {
         now_ = Clock::now();
         const bool moreMayCome = readInbox();
         if (!moreMayCome && exchanges_.empty()) break;
+        pacer_.beginRound(undelivered_->update());
         admit();
         decodeHeld();
         int running = 0;
@@ -165,8 +167,10 @@ void IoLoop::enqueue(Exchange& exchange) {
 }
 
 void IoLoop::admit() {
-    while (Applicant* const applicant = admission_.admitNext(now_))
+    if (undelivered_->isFull()) return;
+    while (Applicant* const applicant = admission_.admitNext(now_)) {
         attempt(static_cast<Exchange&>(*applicant));
+    }
 }
 
 void IoLoop::attempt(Exchange& exchange) {
@@ -234,7 +238,7 @@ void IoLoop::timeOutIdle() {
 bool IoLoop::movedUnseen(Exchange& exchange) {
     const Attempt& attempt = *exchange.attempt;
     // It waits for this thread, and not for its server.
-    if (attempt.isHeld) exchange.moved(now_);
+    if (attempt.isHeld || isBehindHeld(attempt)) exchange.moved(now_);
     const Carriage carriage = admission_.carriage(exchange);
     if (carriage == Carriage::many && attempt.waitsForConnection()) {
         // It waits inside libcurl for room, while connections work: that is not its own idleness.
@@ -255,6 +259,14 @@ bool IoLoop::movedUnseen(Exchange& exchange) {
         if (last) exchange.moved(*last);
     }
     return exchange.deadline() > now_;
+}
+
+// libcurl reads nothing from a connection while it is to pass on nothing of a stream there.
+bool IoLoop::isBehindHeld(const Attempt& attempt) {
+    if (!undelivered_->isFull() || !attempt.connection) return false;
+    bool isBehind = false;
+    visitOn(*attempt.connection, [&isBehind](Exchange& other) { isBehind |= other.attempt->isHeld; });
+    return isBehind;
 }
 
 void IoLoop::release(Exchange& exchange) {
@@ -290,22 +302,26 @@ void IoLoop::visitOn(const Connection& connection, const std::function<void(Exch
 }
 
 void IoLoop::end(Exchange& exchange, Outcome outcome) {
+    const std::uint64_t bytes =
+        (outcome.data ? outcome.data->size() : 0) + (exchange.attempt ? exchange.attempt->head.size() : 0);
     release(exchange);
     if (exchange.metrics) exchange.metrics->ended(exchange.request(), outcome);
     loadDeadlines_.end(exchange);
     std::shared_ptr<Transfer> transfer = exchange.transfer();
     exchanges_.erase(transfer.get());
-    ended_.push_back({std::move(transfer), std::move(outcome)});
+    ended_.push_back({std::move(transfer), std::move(outcome), bytes});
 }
 
 // Once in a round: the delegate thread is woken once for all, and does not take the processor from this one
 // before the round is over.
 void IoLoop::deliver() {
     if (ended_.empty()) return;
-    delegateQueue_.async([ended = std::exchange(ended_, {})]() mutable {
+    for (const Ended& each : ended_) undelivered_->add(each.bytes);
+    delegateQueue_.async([ended = std::exchange(ended_, {}), undelivered = undelivered_]() mutable {
         for (Ended& each : ended) {
             // Gone before the next one's turn, as if each had come alone.
             Ended one = std::move(each);
+            undelivered->remove(one.bytes);
             one.transfer->complete(std::move(one.outcome));
         }
     });

@@ -17,6 +17,7 @@
 #include <VanticRestKit/platform/http/curl/detail/PendingConnects.h>
 #include <VanticRestKit/platform/http/curl/detail/StreamResets.h>
 #include <VanticRestKit/platform/http/curl/detail/SuspectConnections.h>
+#include <VanticRestKit/platform/http/curl/detail/Undelivered.h>
 #include <VanticRestKit/platform/http/detail/Admission.h>
 #include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
 #include <VanticRestKit/platform/http/detail/Origin.h>
@@ -52,6 +53,8 @@ private:
     struct Ended {
         std::shared_ptr<Transfer> transfer;
         Outcome outcome;
+        /// What it counts for while it is undelivered.
+        std::uint64_t bytes;
     };
     using Exchanges = std::unordered_map<const Transfer*, std::unique_ptr<Exchange>>;
 
@@ -71,6 +74,7 @@ private:
     void send(Exchange& exchange);
     void decodeHeld();
     void resume(Attempt& attempt);
+    bool isBehindHeld(const Attempt& attempt);
     void collectFinished();
     void settle(Exchange& exchange, CURLcode code);
     void visitOn(const Connection& connection, const std::function<void(Exchange&)>& visit);
@@ -108,6 +112,7 @@ private:
     CacheKeys cacheKeys_;
     const std::shared_ptr<Inbox> inbox_;
     const DispatchQueue delegateQueue_;
+    const std::shared_ptr<Undelivered> undelivered_;
     // Above the multi handle, which closes its sockets through it.
     Connections connections_;
     TlsSettings tls_;

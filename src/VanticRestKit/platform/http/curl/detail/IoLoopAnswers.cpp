@@ -18,7 +18,6 @@
 namespace VanticRestKit::detail {
 
 void IoLoop::decodeHeld() {
-    pacer_.beginRound();
     while (Attempt* const attempt = pacer_.next()) {
         attempt->moved();
         pacer_.decode(*attempt);

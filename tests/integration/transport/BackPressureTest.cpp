@@ -1,0 +1,123 @@
+#include <VanticRestKit/platform/http/URLSession.h>
+
+#include <gtest/gtest.h>
+#include <support/Event.h>
+#include <support/FaultServer.h>
+#include <support/Loading.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::test;
+using Seconds = std::chrono::duration<double>;
+
+namespace {
+
+constexpr std::size_t megabyte = 1024 * 1024;
+
+URLRequest impatient(const std::string& url, double seconds) {
+    URLRequest request = requestOf(url);
+    request.setTimeoutInterval(Seconds(seconds));
+    return request;
+}
+
+/// Keeps the delegate queue of a session from delivering anything.
+class Blockade {
+public:
+    explicit Blockade(URLSession& session) {
+        session.delegateQueue().async([state = state_] {
+            std::unique_lock lock(state->mutex);
+            state->isInside.signal();
+            state->changed.wait_for(lock, std::chrono::minutes(1), [&] { return state->isOver; });
+        });
+        EXPECT_TRUE(state_->isInside.wait());
+    }
+    void lift() {
+        const std::lock_guard lock(state_->mutex);
+        state_->isOver = true;
+        state_->changed.notify_all();
+    }
+    ~Blockade() { lift(); }
+
+private:
+    struct State {
+        std::mutex mutex;
+        std::condition_variable changed;
+        Event isInside;
+        bool isOver = false;
+    };
+    std::shared_ptr<State> state_ = std::make_shared<State>();
+};
+
+/// Answers with a megabyte; /stall never.
+FaultServer::Script generous() {
+    return [](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            if (request->target == "/stall") {
+                connection.stall();
+                return;
+            }
+            connection.send(answer(200, std::string(megabyte, 'x')));
+        }
+    };
+}
+
+std::shared_ptr<URLSession> sessionWith(std::uint64_t maxUndelivered) {
+    URLSessionConfiguration configuration;
+    configuration.limits.maxUndeliveredBytes = maxUndelivered;
+    return URLSession::make(configuration);
+}
+
+}  // namespace
+
+TEST(BackPressure, AnswersThatAreNotDeliveredStopTheReading) {
+    FaultServer server(generous());
+    FaultServer stalling(generous());
+    const auto session = sessionWith(8 * megabyte);
+    Blockade blockade(*session);
+    // It is under way before the reading stops, and runs out of time while it has stopped.
+    const Loaded stalled = startLoad(*session, impatient(stalling.url("/stall"), 1));
+    ASSERT_TRUE(stalling.waitForRequests(1));
+    std::vector<Loaded> loads;
+    // The idle time is shorter than the blockade: a load that is paused uses none.
+    for (int i = 0; i < 200; ++i) loads.push_back(startLoad(*session, impatient(server.url(), 0.5)));
+    EXPECT_TRUE(stalling.waitForClosedByClient(1)) << "the time-out was held up";
+    // Eight that fill the limit, and what six connections have under way in a round or two.
+    EXPECT_LE(server.requests().size(), 30U);
+    blockade.lift();
+    EXPECT_EQ(stalled.code(), URLErrorCode::timedOut) << stalled.story();
+    for (const Loaded& loaded : loads) ASSERT_EQ(loaded.body().size(), megabyte) << loaded.story();
+}
+
+TEST(BackPressure, ALoadThatIsPausedCanBeCancelled) {
+    FaultServer server(generous());
+    const auto session = sessionWith(megabyte);
+    Blockade blockade(*session);
+    std::vector<Loaded> loads(30);
+    std::vector<std::shared_ptr<URLSessionDataTask>> tasks;
+    for (const Loaded& loaded : loads) {
+        tasks.push_back(session->dataTask(requestOf(server.url()), loaded.completion()));
+        tasks.back()->resume();
+    }
+    ASSERT_TRUE(server.waitForRequests(3));
+    for (const auto& task : tasks) task->cancel();
+    blockade.lift();
+    for (const Loaded& loaded : loads) {
+        ASSERT_TRUE(loaded.wait());
+        EXPECT_EQ(loaded.calls(), 1);
+    }
+    EXPECT_EQ(load(*session, server.url()).body().size(), megabyte);
+}
+
+TEST(BackPressure, AnAnswerLargerThanTheLimitIsDelivered) {
+    FaultServer server(always(answer(200, std::string(3 * megabyte, 'x'))));
+    const auto session = sessionWith(1000);
+    std::vector<Loaded> loads;
+    for (int i = 0; i < 20; ++i) loads.push_back(startLoad(*session, requestOf(server.url())));
+    for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body().size(), 3 * megabyte) << loaded.story();
+}
