@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <string>
+#include <vector>
 
 using namespace VanticRestKit;
 using namespace VanticRestKit::test;
@@ -117,4 +118,25 @@ TEST(SessionLimits, NoMoreConnectionsStayOpenThanTheLimitAllows) {
     ASSERT_TRUE(load(*session, second.url()).succeeded());
     EXPECT_EQ(second.connectionCount(), 1U) << "the last connection is the one that stays";
     EXPECT_TRUE(first.waitForEnded(1)) << "the first connection is still open";
+}
+
+TEST(SessionLimits, ALoadMoreThanTheQueueOfItsOriginHoldsFailsAtOnce) {
+    FaultServer server([&server](FaultConnection& connection) {
+        while (connection.readRequest()) {
+            if (!server.hold()) return;
+            connection.send(answer(200, "at last"));
+        }
+    });
+    FaultServer other(always(answer(200, "other")));
+    const auto session = sessionWith({.maxQueuedLoadsPerOrigin = 3});
+    std::vector<Loaded> loads;
+    // Six have a connection, three wait.
+    for (int i = 0; i < 9; ++i) loads.push_back(startLoad(*session, requestOf(server.url())));
+    EXPECT_EQ(
+        failureOf(load(*session, server.url())),
+        "NSURLErrorDomain -1105 3 loads wait for a connection to this origin (maxQueuedLoadsPerOrigin).");
+    EXPECT_EQ(load(*session, other.url()).body(), "other");
+    server.releaseHeld();
+    for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "at last") << loaded.story();
+    EXPECT_EQ(load(*session, server.url()).body(), "at last");
 }

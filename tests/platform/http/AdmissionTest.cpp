@@ -207,6 +207,18 @@ TEST(Admission, OriginsWhoseNamesAreNotLookedUpYetWaitWhileTooManyAre) {
     for (Applicant& applicant : applicants) admission.leave(applicant);
 }
 
+TEST(Admission, TellsHowManyWaitForAnOrigin) {
+    Admission admission(1);
+    std::vector<Applicant> applicants(3);
+    EXPECT_EQ(admission.waitingFor("http://a"), 0U);
+    for (Applicant& applicant : applicants) admission.enqueue(applicant, "http://a");
+    EXPECT_EQ(admission.waitingFor("http://a"), 3U);
+    EXPECT_EQ(admitAll(admission), 1);
+    EXPECT_EQ(admission.waitingFor("http://a"), 2U);
+    EXPECT_EQ(admission.waitingFor("http://b"), 0U);
+    for (Applicant& applicant : applicants) admission.leave(applicant);
+}
+
 TEST(Admission, AnOriginThatWaitsForALookupIsLeftByThoseWhoGiveUp) {
     Admission admission(6, 100, 1);
     std::vector<Applicant> applicants(3);

@@ -54,6 +54,7 @@ constexpr CodeRule ofTransport[] = {
     at(URLErrorCode::cannotParseResponse, once(badAnswer)),
     at(URLErrorCode::appTransportSecurityRequiresSecureConnection, once(insecure)),
     at(URLErrorCode::dataLengthExceedsMaximum, once(badAnswer)),
+    at(URLErrorCode::queuedLoadsExceedMaximum, again(tooManyRequests)),
     {-1206, -1200, once(insecure)},
 };
 

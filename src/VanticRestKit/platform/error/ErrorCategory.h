@@ -19,7 +19,7 @@ enum class ErrorCategory : std::uint8_t {
     unauthorized,  ///< Nobody is signed in, or the service does not accept who is.
     forbidden,     ///< The service knows who asks and refuses.
     notFound,      ///< What was asked for is not there, or not any more.
-    tooManyRequests,  ///< The service asks for fewer requests.
+    tooManyRequests,  ///< The service asks for fewer requests, or a limit of the session does.
     serverFailed,     ///< The service could not do what it was asked.
     badAnswer,        ///< An answer came that cannot be used: it is not what the library reads.
     wrongUse,         ///< The request itself was wrong: a mistake of the application or of the library.

@@ -49,6 +49,9 @@ enum class URLErrorCode : std::int64_t {
     cannotParseResponse = -1017,
     /// The answer is larger than a limit of the session, or than the memory that is left.
     dataLengthExceedsMaximum = -1103,
+    /// As many loads as the session allows wait for the origin already; nothing was sent. See
+    /// `URLSessionLimits::maxQueuedLoadsPerOrigin`. This code is not the platform's.
+    queuedLoadsExceedMaximum = -1105,
     /// TLS could not be set up, for a reason other than the certificate.
     secureConnectionFailed = -1200,
     /// The server's certificate is not to be trusted: expired, of another host, self-signed, of an unknown

@@ -60,6 +60,10 @@ struct URLSessionLimits {
     /// idle time after such a pause. Answers that are on their way when the pause begins come on top.
     std::uint64_t maxUndeliveredBytes = 32 * 1024 * 1024;
 
+    /// How many loads of one origin may wait for a connection; at least 1. One more fails at once with
+    /// `URLErrorCode::queuedLoadsExceedMaximum`. Redirects do not count.
+    std::uint64_t maxQueuedLoadsPerOrigin = unlimited;
+
     /// How many names of hosts are looked up at once; at least 1. Each takes a thread and three descriptors. Loads of
     /// further names wait in the queue. A look-up whose load was cancelled or timed out runs to its own end and no longer
     /// counts.

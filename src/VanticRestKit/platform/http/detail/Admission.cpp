@@ -69,6 +69,11 @@ void Admission::enqueue(Applicant& applicant, const std::string& origin) {
     lookAt(*line);
 }
 
+std::size_t Admission::waitingFor(const std::string& origin) const {
+    const auto found = lines_.find(origin);
+    return found == lines_.end() ? 0 : found->second->waiting.size();
+}
+
 Admission::Line* Admission::nextLine() {
     auto& lines = unresolved_.empty() || lookups_.areAllTaken() ? toLookAt_ : unresolved_;
     if (lines.empty()) return nullptr;

@@ -59,6 +59,9 @@ public:
     /// Puts `applicant` at the end of the line of `origin`.
     void enqueue(Applicant& applicant, const std::string& origin);
 
+    /// How many wait for `origin`.
+    std::size_t waitingFor(const std::string& origin) const;
+
     /// The next one that may go at `now`; null if nobody may. It takes room until `leave`.
     Applicant* admitNext(TimePoint now = {});
 

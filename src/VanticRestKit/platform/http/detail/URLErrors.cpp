@@ -16,6 +16,7 @@ std::string_view urlErrorDescription(URLErrorCode code) {
         case URLErrorCode::networkConnectionLost: return "The network connection was lost.";
         case URLErrorCode::httpTooManyRedirects: return "too many HTTP redirects";
         case URLErrorCode::resourceUnavailable: return "resource unavailable";
+        case URLErrorCode::queuedLoadsExceedMaximum: return "too many requests are waiting";
         case URLErrorCode::badServerResponse: return "There was a bad response from the server.";
         case URLErrorCode::cannotDecodeRawData: return "cannot decode raw data";
         case URLErrorCode::cannotDecodeContentData: return "cannot decode content data";

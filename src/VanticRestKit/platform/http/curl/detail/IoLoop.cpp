@@ -141,6 +141,10 @@ void IoLoop::begin(std::shared_ptr<Transfer> transfer) {
         fail(exchange, *unusable_);
     } else if (fault) {
         fail(exchange, *fault);
+    } else if (isQueueFull(exchange)) {
+        const std::string most = std::to_string(configuration_.limits.maxQueuedLoadsPerOrigin);
+        fail(exchange, {URLErrorCode::queuedLoadsExceedMaximum,
+                        most + " loads wait for a connection to this origin (maxQueuedLoadsPerOrigin)."});
     } else {
         beginHop(exchange);
     }
@@ -158,12 +162,22 @@ void IoLoop::cancelAll() {
     while (!exchanges_.empty()) cancel(*exchanges_.begin()->first);
 }
 
-void IoLoop::enqueue(Exchange& exchange) {
+const std::string& IoLoop::lineOf(const Exchange& exchange) {
     const URL& url = *exchange.request().url();
     const auto& proxy = configuration_.proxy;
     // Requests of plain HTTP share the connections to the proxy, wherever they go.
     const bool sharesProxy = proxy && !isSecure(url) && goesThrough(*proxy, url);
-    admission_.enqueue(exchange, sharesProxy ? proxy->url : origins_.of(url));
+    return sharesProxy ? proxy->url : origins_.of(url);
+}
+
+void IoLoop::enqueue(Exchange& exchange) { admission_.enqueue(exchange, lineOf(exchange)); }
+
+bool IoLoop::isQueueFull(const Exchange& exchange) {
+    const std::uint64_t most = std::max<std::uint64_t>(configuration_.limits.maxQueuedLoadsPerOrigin, 1);
+    if (most == URLSessionLimits::unlimited || admission_.waitingFor(lineOf(exchange)) < most) return false;
+    // Those that came in the same round may have a free connection.
+    admit();
+    return admission_.waitingFor(lineOf(exchange)) >= most;
 }
 
 void IoLoop::admit() {

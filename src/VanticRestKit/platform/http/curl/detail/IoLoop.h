@@ -68,6 +68,8 @@ private:
     void answer(Exchange& exchange, HopAnswer found);
     static Outcome outcomeOf(const Exchange& exchange, HopAnswer answer);
     void revalidate(Exchange& exchange);
+    const std::string& lineOf(const Exchange& exchange);
+    bool isQueueFull(const Exchange& exchange);
     void enqueue(Exchange& exchange);
     void admit();
     void attempt(Exchange& exchange);
