@@ -25,6 +25,9 @@ constexpr const char* usage =
     "  --timeout SECONDS         how long a request may stand still; 30 where it is left out\n"
     "  --ca FILE                 the certificates to be trusted\n"
     "  --verbose                 what the failure hook is told, on standard error\n"
+    "  --cache FOLDER            answers are kept there, for this run and later ones\n"
+    "  --revalidate              the service is asked whether what is kept has changed\n"
+    "  --trace                   status, source, times, bytes and headers of each answer, on standard error\n"
     "\n"
     "Operations:\n";
 

@@ -19,7 +19,8 @@ std::pair<std::string, std::string> readHeader(const std::string& text) {
 
 std::span<const Option> CommonOptions::options() {
     static constexpr Option options[] = {required("base-url"), repeated("header"), optional("timeout"),
-                                         optional("ca"), flag("verbose")};
+                                         optional("ca"),       flag("verbose"),    optional("cache"),
+                                         flag("revalidate"),   flag("trace")};
     return options;
 }
 
@@ -31,7 +32,10 @@ CommonOptions CommonOptions::read(const Arguments& arguments) {
                          .headers = {},
                          .timeout = arguments.optionally("timeout", readNumber),
                          .authorityFile = arguments.optionalText("ca"),
-                         .isVerbose = arguments.flag("verbose")};
+                         .isVerbose = arguments.flag("verbose"),
+                         .cacheFolder = arguments.optionalText("cache"),
+                         .revalidates = arguments.flag("revalidate"),
+                         .isTraced = arguments.flag("trace")};
     for (const std::string& text : arguments.texts("header")) {
         auto [name, value] = readHeader(text);
         common.headers.insert_or_assign(std::move(name), std::move(value));

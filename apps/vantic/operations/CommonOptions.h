@@ -21,6 +21,12 @@ struct CommonOptions {
     /// The file with the certificates to be trusted.
     std::optional<std::string> authorityFile;
     bool isVerbose;
+    /// The folder in which answers are kept from one run to the next.
+    std::optional<std::string> cacheFolder;
+    /// Whether the server is asked about what is kept, also if that is fresh.
+    bool revalidates;
+    /// Whether each request's answer is reported on standard error.
+    bool isTraced;
 
     static std::span<const Option> options();
     static CommonOptions read(const Arguments& arguments);

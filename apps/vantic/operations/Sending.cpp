@@ -7,6 +7,7 @@
 #include <VanticRestKit/platform/http/URLSession.h>
 #include <VanticRestKit/platform/json/ValueText.h>
 
+#include "operations/TracedSession.h"
 #include "Output.h"
 
 namespace vantic {
@@ -37,14 +38,42 @@ void reportFailure(const Error& error) {
     report(line + (*separator == ',' ? "}" : ""));
 }
 
+constexpr std::uint64_t diskCapacity = 64 * 1024 * 1024;
+
+std::shared_ptr<URLCache> cacheIn(const std::string& folder) {
+    return URLCache::makeOnDisk(
+        {.folder = folder, .diskCapacity = diskCapacity, .report = [](const Error& error) {
+             report("cache: " + error.localizedDescription());
+         }});
+}
+
+/// Has what was loaded on disk when the last copy of what sends is gone.
+struct FlushAtEnd {
+    explicit FlushAtEnd(std::shared_ptr<URLCache> held) : cache(std::move(held)) {}
+    FlushAtEnd(const FlushAtEnd&) = delete;
+    FlushAtEnd& operator=(const FlushAtEnd&) = delete;
+    ~FlushAtEnd() {
+        if (cache) cache->flush();
+    }
+
+    std::shared_ptr<URLCache> cache;
+};
+
 }  // namespace
 
 Serve serveOver(const CommonOptions& common) {
     URLSessionConfiguration configuration = URLSessionConfiguration::default_();
     configuration.caBundlePath = common.authorityFile;
+    std::shared_ptr<URLCache> cache;
+    if (common.cacheFolder) configuration.urlCache = cache = cacheIn(*common.cacheFolder);
+    if (common.revalidates) {
+        configuration.requestCachePolicy = URLRequestCachePolicy::reloadRevalidatingCacheData;
+    }
     const LogError logError = common.isVerbose ? LogError(reportFailure) : LogError();
-    return [session = networkSession(URLSession::make(std::move(configuration))),
-            logError](URLRequest request) {
+    std::shared_ptr<NetworkSession> session = networkSession(URLSession::make(std::move(configuration)));
+    if (common.isTraced) session = tracedSession(std::move(session));
+    return [session = std::move(session), logError,
+            flush = std::make_shared<FlushAtEnd>(std::move(cache))](URLRequest request) {
         return NetworkServiceble::make({.with = std::move(request), .and_ = session, .logError = logError});
     };
 }

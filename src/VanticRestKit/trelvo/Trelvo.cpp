@@ -3,6 +3,7 @@
 #include <VanticRestKit/trelvo/Dataset/detail/SubprofileOperations.h>
 #include <VanticRestKit/trelvo/History/detail/HistoryOperations.h>
 #include <VanticRestKit/trelvo/Saved/detail/SavedOperations.h>
+#include <VanticRestKit/trelvo/State/detail/StoredAnswers.h>
 #include <VanticRestKit/trelvo/State/detail/TokenRules.h>
 #include <VanticRestKit/trelvo/State/detail/TrelvoState.h>
 
@@ -22,7 +23,9 @@ std::optional<Auth> Trelvo::auth() const { return state_->auth.load(); }
 std::optional<TrelvoError> Trelvo::authError() const { return state_->authError.load(); }
 
 void Trelvo::clearAuth() {
+    const std::optional<Auth> former = state_->auth.load();
     state_->auth.store(std::nullopt);
+    detail::removeStoredAnswers(former, std::nullopt);
     state_->authError.store(std::nullopt);
 }
 

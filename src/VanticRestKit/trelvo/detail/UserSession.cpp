@@ -2,6 +2,7 @@
 
 #include <VanticRestKit/platform/http/detail/URLErrors.h>
 #include <VanticRestKit/trelvo/detail/UserCall.h>
+#include <VanticRestKit/trelvo/State/detail/StoredAnswers.h>
 #include <VanticRestKit/trelvo/State/detail/TokenRules.h>
 
 #include <utility>
@@ -159,7 +160,9 @@ void UserSession::resumeAfterRefresh(Entry& entry, bool isRefreshed) {
 void UserSession::keep(const Auth& auth) { replaceAuth(auth); }
 
 void UserSession::replaceAuth(std::optional<Auth> auth) {
-    auth_ = std::move(auth);
+    const std::optional<Auth> former = std::exchange(auth_, std::move(auth));
+    // Of a user who is gone, or of tokens that nothing is asked with any more.
+    removeStoredAnswers(former, auth_);
     isTokenRejected_ = false;
     publish();
 }

@@ -4,6 +4,7 @@
 #include <VanticRestKit/platform/http/cache/detail/CacheAccess.h>
 #include <VanticRestKit/platform/http/cache/detail/CacheCore.h>
 #include <VanticRestKit/platform/http/cache/detail/CacheRequest.h>
+#include <VanticRestKit/platform/http/cache/detail/DiskCacheStore.h>
 #include <VanticRestKit/platform/http/detail/Origin.h>
 
 #include <utility>
@@ -33,6 +34,13 @@ std::shared_ptr<URLCache> URLCache::make(std::size_t memoryCapacity) {
     return detail::CacheAccess::make(memoryCapacity, nullptr);
 }
 
+std::shared_ptr<URLCache> URLCache::makeOnDisk(DiskArguments arguments) {
+    return detail::CacheAccess::make(
+        arguments.memoryCapacity,
+        detail::openDiskCacheStore(std::move(arguments.folder), arguments.diskCapacity,
+                                   std::move(arguments.report)));
+}
+
 const std::shared_ptr<URLCache>& URLCache::shared() {
     static Shared& shared = *new Shared;
     // The parent's is left as it is: its locks may be held by threads that are not here.
@@ -45,6 +53,14 @@ std::size_t URLCache::memoryCapacity() const { return core_->capacity(); }
 void URLCache::setMemoryCapacity(std::size_t bytes) { core_->setCapacity(bytes); }
 
 std::size_t URLCache::currentMemoryUsage() const { return core_->usage(); }
+
+std::uint64_t URLCache::currentDiskUsage() const {
+    return core_->hasStore() ? core_->store()->currentUsage() : 0;
+}
+
+void URLCache::flush() {
+    if (core_->hasStore()) core_->store()->flush();
+}
 
 std::uint64_t URLCache::hits() const { return core_->hits(); }
 

@@ -4,6 +4,8 @@
 /// `URLCache`: keeps answers of HTTP for sessions.
 
 #include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/dispatch/UniqueFunction.h>
+#include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
 #include <VanticRestKit/Visibility.h>
@@ -12,6 +14,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace VanticRestKit {
@@ -39,6 +42,20 @@ public:
     /// A cache in memory, for `memoryCapacity` bytes.
     static std::shared_ptr<URLCache> make(std::size_t memoryCapacity = defaultMemoryCapacity);
 
+    struct DiskArguments {
+        /// Made with the first answer that is written, and the folders above it, for the user alone.
+        std::string folder{};
+        /// The bytes that the file in it may take.
+        std::uint64_t diskCapacity = 0;
+        std::size_t memoryCapacity = defaultMemoryCapacity;
+        /// Gets the faults of the disk, of the domain `DiskCacheErrorDomain`, on a thread of the cache's. May be empty.
+        UniqueFunction<void(const Error&)> report{};
+    };
+    /// A cache that keeps answers in a file as well, for later processes, and for others at the same time. If the
+    /// library was built without SQLite, `report` gets `DiskCacheErrorCode::unsupported` and it keeps them in memory
+    /// only. No disk keeps a session's thread waiting.
+    static std::shared_ptr<URLCache> makeOnDisk(DiskArguments arguments);
+
     /// The cache that sessions use if their configuration names no other: in memory, of the default capacity. It is
     /// made on first use and lives as long as the process. A child made by `fork` has one of its own.
     static const std::shared_ptr<URLCache>& shared();
@@ -53,6 +70,11 @@ public:
     void setMemoryCapacity(std::size_t bytes);
     /// How many bytes the answers in memory take, with their header fields and what the cache itself needs for them.
     std::size_t currentMemoryUsage() const;
+
+    /// How many bytes the answers on disk take; 0 without a disk.
+    std::uint64_t currentDiskUsage() const;
+    /// Blocks until everything is on disk that was stored until now: for the end of a process.
+    void flush();
 
     /// How many requests were answered by a stored answer, those included that the server had said are unchanged.
     std::uint64_t hits() const;

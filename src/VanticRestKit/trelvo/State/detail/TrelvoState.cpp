@@ -1,5 +1,6 @@
 #include <VanticRestKit/trelvo/State/detail/TrelvoState.h>
 
+#include <VanticRestKit/trelvo/State/detail/StoredAnswers.h>
 #include <VanticRestKit/trelvo/State/detail/TokenRules.h>
 #include <VanticRestKit/trelvo/Token/TokenResponse.h>
 #include <VanticRestKit/trelvo/Token/TokenRoutes.h>
@@ -12,12 +13,18 @@ void keepTokens(TrelvoState& self, const Result<TokenResponse, LoaderError>& ans
     if (!answer) {
         self.authError.store(tokenRequestError(answer.error()));
     } else if (answer->auth) {
-        self.auth.store(answer->auth);
+        self.keep(*answer->auth);
         self.authError.store(std::nullopt);
     }
 }
 
 }  // namespace
+
+void TrelvoState::keep(const Auth& brought) {
+    const std::optional<Auth> former = auth.load();
+    auth.store(brought);
+    removeStoredAnswers(former, brought);
+}
 
 std::optional<double> TrelvoState::timeUntilAuthExpires() const {
     const std::optional<Auth> saved = auth.load();

@@ -51,7 +51,8 @@ public:
     /// In seconds, negative once the token has expired; empty without a token.
     std::optional<double> timeUntilAuthExpires() const;
 
-    void keep(const Auth& brought) override { auth.store(brought); }
+    /// Also removes what caches hold for the tokens that these replace: nothing can use it any more.
+    void keep(const Auth& brought) override;
 
 private:
     std::function<double()> now_;

@@ -1,0 +1,287 @@
+// The cache of a session over real sockets, with a clock that the tests move.
+
+#include "CaseServer.h"
+
+#include <support/FaultServer.h>
+#include <support/Loading.h>
+#include <VanticRestKit/platform/http/cache/detail/CacheAccess.h>
+#include <VanticRestKit/platform/http/cache/detail/CacheCore.h>
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace VanticRestKit::test {
+
+namespace {
+
+using Policy = URLRequestCachePolicy;
+using Source = HTTPCacheStatus::Source;
+
+constexpr const char* fresh = "Cache-Control: max-age=60\r\nETag: \"a\"\r\n";
+
+/// Keeps records in memory, and answers reads on a thread of its own.
+class FakeStore final : public detail::CacheStore {
+public:
+    void read(std::string key, Found found) override {
+        std::vector<detail::CacheRecord> records;
+        {
+            const std::lock_guard lock(mutex_);
+            for (const auto& [name, record] : records_) {
+                if (name.first == key) records.push_back(record);
+            }
+        }
+        queue_.async([records = std::move(records), found = std::move(found)]() mutable {
+            found(std::move(records));
+        });
+    }
+    void write(detail::CacheRecord record) override {
+        const std::lock_guard lock(mutex_);
+        records_[{record.key, record.variant}] = record;
+    }
+    void writeHead(std::string key, std::string variant, Data head) override {
+        const std::lock_guard lock(mutex_);
+        const auto found = records_.find({key, variant});
+        if (found != records_.end()) found->second.head = std::move(head);
+    }
+    void remove(std::string key) override {
+        const std::lock_guard lock(mutex_);
+        std::erase_if(records_, [&](const auto& each) { return each.first.first == key; });
+    }
+    void removeAll(std::string prefix) override {
+        const std::lock_guard lock(mutex_);
+        std::erase_if(records_, [&](const auto& each) { return each.first.first.starts_with(prefix); });
+    }
+    std::uint64_t currentUsage() const override { return 0; }
+    void flush() override {}
+
+private:
+    DispatchQueue queue_{"fake store"};
+    std::mutex mutex_;
+    std::map<std::pair<std::string, std::string>, detail::CacheRecord> records_;
+};
+
+class SessionCache : public testing::Test {
+protected:
+    std::shared_ptr<URLCache> makeCache(std::shared_ptr<detail::CacheStore> store = nullptr) {
+        return detail::CacheAccess::make(
+            URLCache::defaultMemoryCapacity, std::move(store),
+            [this]() -> detail::CacheTime { return {.wall = clock.now(), .steady = clock.now()}; });
+    }
+
+    std::shared_ptr<URLSession> makeSession(std::shared_ptr<URLCache> with) {
+        URLSessionConfiguration configuration;
+        configuration.urlCache = std::move(with);
+        return URLSession::make(configuration);
+    }
+
+    static Source sourceOf(const Loaded& loaded) { return loaded.response()->asHTTP()->source(); }
+    static std::string statusOf(const Loaded& loaded) {
+        return loaded.response()->asHTTP()->cacheStatusValue().value_or("");
+    }
+
+    static URLRequest requestWith(const FaultServer& server, Policy policy) {
+        URLRequest request = requestOf(server.url());
+        request.setCachePolicy(policy);
+        return request;
+    }
+
+    MovedClock clock;
+    std::shared_ptr<URLCache> cache = makeCache();
+    std::shared_ptr<URLSession> session = makeSession(cache);
+};
+
+TEST_F(SessionCache, AnswersTheSecondLoadAndSaysSo) {
+    FaultServer server(always(answer(200, "body", fresh)));
+    const Loaded first = load(*session, server.url());
+    EXPECT_EQ(sourceOf(first), Source::network);
+    EXPECT_EQ(statusOf(first), "VanticRestKit; fwd=uri-miss; fwd-status=200; stored");
+    clock.move(std::chrono::seconds(5));
+    const Loaded second = load(*session, server.url());
+    EXPECT_EQ(second.body(), "body");
+    EXPECT_EQ(second.header("Age"), "5");
+    EXPECT_EQ(sourceOf(second), Source::cache);
+    EXPECT_EQ(statusOf(second), "VanticRestKit; hit; ttl=55");
+    EXPECT_EQ(server.requests().size(), 1U);
+    EXPECT_EQ(cache->hits(), 1U);
+    EXPECT_EQ(cache->misses(), 1U);
+}
+
+TEST_F(SessionCache, DeliversOnTheDelegateQueueAndNotInsideTheCall) {
+    FaultServer server(always(answer(200, "body", fresh)));
+    load(*session, server.url());
+    std::atomic<bool> isInside = true;
+    std::atomic<bool> wasInside = false;
+    std::atomic<bool> wasOnQueue = false;
+    Loaded loaded;
+    session
+        ->dataTask(requestOf(server.url()),
+                   [&, completion = loaded.completion()](auto data, auto response, auto error) mutable {
+                       wasInside = isInside.load() && !session->delegateQueue().isCurrent();
+                       wasOnQueue = session->delegateQueue().isCurrent();
+                       completion(std::move(data), std::move(response), std::move(error));
+                   })
+        ->resume();
+    isInside = false;
+    EXPECT_TRUE(loaded.succeeded());
+    EXPECT_FALSE(wasInside);
+    EXPECT_TRUE(wasOnQueue);
+}
+
+TEST_F(SessionCache, AsksWhetherAStaleAnswerHasChanged) {
+    FaultServer server([](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            connection.send(request->header("if-none-match") == "\"a\""
+                                ? "HTTP/1.1 304 Not Modified\r\nETag: \"a\"\r\nX-New: 1\r\n\r\n"
+                                : answer(200, "body", fresh));
+        }
+    });
+    load(*session, server.url());
+    clock.move(std::chrono::seconds(61));
+    const Loaded second = load(*session, server.url());
+    EXPECT_EQ(second.status(), 200);
+    EXPECT_EQ(second.body(), "body");
+    EXPECT_EQ(second.header("X-New"), "1");
+    EXPECT_EQ(sourceOf(second), Source::revalidated);
+    EXPECT_EQ(statusOf(second), "VanticRestKit; fwd=stale; fwd-status=304; stored");
+    EXPECT_EQ(sourceOf(load(*session, server.url())), Source::cache);
+}
+
+TEST_F(SessionCache, SendsTheSameBytesAsWithoutACacheIfNothingIsStored) {
+    FaultServer server(always(answer(200, "body")));
+    load(*session, server.url());
+    load(*session, server.url());
+    load(*makeSession(nullptr), server.url());
+    const auto requests = server.requests();
+    ASSERT_EQ(requests.size(), 3U);
+    EXPECT_EQ(requests[0].headers, requests[1].headers);
+    EXPECT_EQ(requests[0].headers, requests[2].headers);
+}
+
+TEST_F(SessionCache, KeepsTheAnswersOfUsersApart) {
+    FaultServer server([](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            connection.send(answer(200, request->header("authorization") + request->header("cookie"), fresh));
+        }
+    });
+    const auto as = [&](const char* name, const char* value) {
+        URLRequest request = requestOf(server.url());
+        request.setValue(value, name);
+        return load(*session, request).body();
+    };
+    EXPECT_EQ(as("Authorization", "Bearer 1"), "Bearer 1");
+    EXPECT_EQ(as("Authorization", "Bearer 2"), "Bearer 2");
+    EXPECT_EQ(as("Cookie", "user=3"), "user=3");
+    EXPECT_EQ(load(*session, server.url()).body(), "");
+    EXPECT_EQ(as("Authorization", "Bearer 1"), "Bearer 1");
+    EXPECT_EQ(server.requests().size(), 4U);
+    cache->removeCachedResponses("Bearer 1");
+    EXPECT_EQ(as("Authorization", "Bearer 2"), "Bearer 2");
+    EXPECT_EQ(server.requests().size(), 4U);
+    EXPECT_EQ(as("Authorization", "Bearer 1"), "Bearer 1");
+    EXPECT_EQ(server.requests().size(), 5U);
+}
+
+TEST_F(SessionCache, DoesNotStoreWhatWasAskedForBeforeARemoval) {
+    FaultServer server([&server](FaultConnection& connection) {
+        while (connection.readRequest()) {
+            if (!server.hold()) return;
+            connection.send(answer(200, "body", fresh));
+        }
+    });
+    const Loaded first = startLoad(*session, requestOf(server.url()));
+    ASSERT_TRUE(server.waitForRequests(1));
+    cache->removeAllCachedResponses();
+    server.releaseHeld();
+    EXPECT_TRUE(first.succeeded());
+    EXPECT_EQ(cache->currentMemoryUsage(), 0U);
+}
+
+TEST_F(SessionCache, ObeysThePolicies) {
+    FaultServer server(always(answer(200, "body", "Cache-Control: max-age=1\r\n")));
+    EXPECT_EQ(load(*session, requestWith(server, Policy::returnCacheDataDontLoad)).code(),
+              URLErrorCode::resourceUnavailable);
+    EXPECT_EQ(server.requests().size(), 0U);
+    EXPECT_EQ(sourceOf(load(*session, requestWith(server, Policy::returnCacheDataElseLoad))),
+              Source::network);
+    clock.move(std::chrono::hours(1));
+    EXPECT_EQ(sourceOf(load(*session, requestWith(server, Policy::returnCacheDataElseLoad))), Source::stale);
+    EXPECT_EQ(sourceOf(load(*session, requestWith(server, Policy::returnCacheDataDontLoad))), Source::stale);
+    EXPECT_EQ(server.requests().size(), 1U);
+    load(*session, requestWith(server, Policy::reloadIgnoringLocalCacheData));
+    EXPECT_FALSE(server.requests().back().has("cache-control"));
+    load(*session, requestWith(server, Policy::reloadIgnoringLocalAndRemoteCacheData));
+    EXPECT_EQ(server.requests().back().header("cache-control"), "no-cache");
+    EXPECT_EQ(server.requests().back().header("pragma"), "no-cache");
+    load(*session, requestWith(server, Policy::reloadRevalidatingCacheData));
+    EXPECT_EQ(server.requests().back().header("cache-control"), "max-age=0");
+    EXPECT_EQ(server.requests().size(), 4U);
+    EXPECT_EQ(sourceOf(load(*session, server.url())), Source::cache);
+}
+
+TEST_F(SessionCache, WithoutACacheRefusesWhatTakesOnlyStoredAnswers) {
+    FaultServer server(always(answer(200, "body", fresh)));
+    const auto bare = makeSession(nullptr);
+    load(*bare, server.url());
+    EXPECT_EQ(load(*bare, requestWith(server, Policy::returnCacheDataDontLoad)).code(),
+              URLErrorCode::resourceUnavailable);
+    EXPECT_EQ(statusOf(load(*bare, server.url())), "");
+    EXPECT_EQ(server.requests().size(), 2U);
+}
+
+TEST_F(SessionCache, TakesTheSessionsPolicyForRequestsWithoutOne) {
+    FaultServer server(always(answer(200, "body", "Cache-Control: max-age=1\r\n")));
+    load(*session, server.url());
+    clock.move(std::chrono::hours(1));
+    URLSessionConfiguration configuration;
+    configuration.urlCache = cache;
+    configuration.requestCachePolicy = Policy::returnCacheDataElseLoad;
+    EXPECT_EQ(sourceOf(load(*URLSession::make(configuration), server.url())), Source::stale);
+}
+
+TEST_F(SessionCache, KeepsEachHopOfARedirectOnItsOwn) {
+    FaultServer server([](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            connection.send(request->target == "/"
+                                ? answer(301, "", "Location: /there\r\nCache-Control: max-age=60\r\n")
+                                : answer(200, "there", "Cache-Control: max-age=1\r\n"));
+        }
+    });
+    EXPECT_EQ(load(*session, server.url()).body(), "there");
+    clock.move(std::chrono::seconds(5));
+    EXPECT_EQ(load(*session, server.url()).body(), "there");
+    const auto requests = server.requests();
+    ASSERT_EQ(requests.size(), 3U);
+    EXPECT_EQ(requests[2].target, "/there");
+}
+
+TEST_F(SessionCache, ReadsAStoreWithoutHoldingUpOtherLoads) {
+    FaultServer server(always(answer(200, "body", fresh)));
+    const auto store = std::make_shared<FakeStore>();
+    load(*makeSession(makeCache(store)), server.url());
+    // Another process with the same store.
+    const auto later = makeSession(makeCache(store));
+    const Loaded loaded = load(*later, server.url());
+    EXPECT_EQ(sourceOf(loaded), Source::cache);
+    EXPECT_EQ(loaded.body(), "body");
+    EXPECT_EQ(server.requests().size(), 1U);
+}
+
+TEST_F(SessionCache, KeepsAnswersForTheCookieOfTheSession) {
+    FaultServer server([](FaultConnection& connection) {
+        int count = 0;
+        while (connection.readRequest()) {
+            const std::string user = "Set-Cookie: user=" + std::to_string(++count) + "\r\n";
+            connection.send(answer(200, "body " + std::to_string(count), std::string(fresh) + user));
+        }
+    });
+    EXPECT_EQ(load(*session, requestWith(server, Policy::reloadIgnoringLocalCacheData)).body(), "body 1");
+    EXPECT_EQ(load(*session, requestWith(server, Policy::reloadIgnoringLocalCacheData)).body(), "body 2");
+    // That was for user 1, and the session's user is 2 now: what an anonymous request got will do, what user 1 got not.
+    EXPECT_EQ(load(*session, server.url()).body(), "body 1");
+    EXPECT_EQ(server.requests()[1].header("cookie"), "user=1");
+}
+
+}  // namespace
+
+}  // namespace VanticRestKit::test

@@ -1,0 +1,51 @@
+#include <VanticRestKit/platform/http/cache/detail/Vary.h>
+
+#include <gtest/gtest.h>
+
+namespace VanticRestKit::detail {
+
+namespace {
+
+URLRequest requestWith(std::initializer_list<std::pair<const char*, const char*>> fields) {
+    URLRequest request(*URL::make("http://host.test/"));
+    for (const auto& [name, value] : fields) request.setValue(value, name);
+    return request;
+}
+
+bool fits(const char* vary, const URLRequest& stored, const URLRequest& asked) {
+    const auto variant = variantOf(vary, stored);
+    return variant && fitsVariant(*variant, asked);
+}
+
+TEST(Vary, FitsARequestWithTheSameValues) {
+    const URLRequest request = requestWith({{"Foo", "1"}, {"Bar", "a"}});
+    EXPECT_TRUE(fits("Foo, bar", request, requestWith({{"foo", "1"}, {"BAR", "a"}, {"Baz", "7"}})));
+    EXPECT_FALSE(fits("Foo, Bar", request, requestWith({{"Foo", "2"}, {"Bar", "a"}})));
+    EXPECT_FALSE(fits("Foo, Bar", request, requestWith({{"Foo", "1"}})));
+    EXPECT_TRUE(fits("Foo", requestWith({}), requestWith({})));
+    EXPECT_FALSE(fits("Foo", requestWith({}), requestWith({{"Foo", ""}})));
+}
+
+TEST(Vary, WithAStarFitsNothing) {
+    for (const char* vary : {"*", ", *", "*, Foo", "Foo,*"}) EXPECT_FALSE(variantOf(vary, requestWith({})));
+}
+
+TEST(Vary, IgnoresBlanksBesideCommas) {
+    EXPECT_TRUE(fits("Foo", requestWith({{"Foo", "1, 2"}}), requestWith({{"Foo", "1,2"}})));
+    EXPECT_FALSE(fits("Foo", requestWith({{"Foo", "1, 2"}}), requestWith({{"Foo", "2, 1"}})));
+    EXPECT_FALSE(fits("Foo", requestWith({{"Foo", "a"}}), requestWith({{"Foo", "A"}})));
+}
+
+TEST(Vary, IgnoresTheCaseOfLanguagesButNotTheirOrder) {
+    const URLRequest request = requestWith({{"Accept-Language", "en-GB; q=1, de"}});
+    EXPECT_TRUE(fits("Accept-Language", request, requestWith({{"Accept-Language", "EN-gb;q=1,de"}})));
+    EXPECT_FALSE(fits("Accept-Language", request, requestWith({{"Accept-Language", "de, en-GB;q=1"}})));
+}
+
+TEST(Vary, LeavesCredentialsToTheKey) {
+    EXPECT_EQ(variantOf("Cookie, Authorization", requestWith({{"Cookie", "secret"}})), "");
+}
+
+}  // namespace
+
+}  // namespace VanticRestKit::detail
