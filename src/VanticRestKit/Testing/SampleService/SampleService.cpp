@@ -2,6 +2,7 @@
 
 #include <server/Instance.h>
 
+#include <atomic>
 #include <utility>
 
 namespace VanticRestKit::Testing {
@@ -42,7 +43,7 @@ struct SampleService::State {
           isRunning(instance.start()) {}
 
     sample::Instance instance;
-    bool isRunning;
+    std::atomic<bool> isRunning;
 };
 
 SampleService::SampleService() : SampleService(Options{}) {}
@@ -54,7 +55,7 @@ SampleService::~SampleService() { stop(); }
 bool SampleService::isRunning() const { return state_->isRunning; }
 
 void SampleService::stop() {
-    if (std::exchange(state_->isRunning, false)) state_->instance.stop();
+    if (state_->isRunning.exchange(false)) state_->instance.stop();
 }
 
 URL SampleService::baseURL() const {
