@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """README and guides quote code that is compiled and run, and name commands that exist.   readme.py TOP
 
-The README shows the smallest host whole. Every other block of C++ is a part of an example, indented less at most.
+The README shows the smallest host whole. Every other block of C++ is a part of an example, indented less at most. Each
+recipe is named in the README and is short.
 """
 
 import pathlib
@@ -9,6 +10,7 @@ import re
 import sys
 import textwrap
 
+LONGEST_RECIPE = 80
 CPP = re.compile(r"```cpp\n(.*?\n)```", re.DOTALL)
 
 
@@ -27,6 +29,12 @@ def faults(top):
         for block in CPP.findall(guide.read_text(encoding="utf-8")):
             if not any(is_quoted_from(block, source) for source in sources):
                 yield f"{guide.relative_to(top)} shows what stands in no example:\n" + block
+    for recipe in sorted((top / "examples/recipes").glob("*.cpp")):
+        if f"`{recipe.name}`" not in readme:
+            yield f"README.md does not name the recipe {recipe.name}"
+        lines = recipe.read_text(encoding="utf-8").count("\n")
+        if lines >= LONGEST_RECIPE:
+            yield f"{recipe.name}: {lines} lines"
     for command in re.findall(r"`\.?/?((?:scripts|examples|apps|bench|docs)/[\w./-]*)", readme):
         if not (top / command).exists():
             yield f"README.md names {command}, which does not exist"
