@@ -35,7 +35,6 @@ constexpr CodeRule at(LoaderError::Kind kind, ErrorRule rule) {
 
 // In each list the first that fits counts.
 
-constexpr std::int64_t resourceUnavailable = -1008;     // only a stored answer was wanted, and there is none
 constexpr std::int64_t notConnectedToInternet = -1009;  // of transports other than this library's
 constexpr CodeRule ofTransport[] = {
     at(URLErrorCode::cancelled, once(cancelled)),
@@ -46,7 +45,7 @@ constexpr CodeRule ofTransport[] = {
     at(URLErrorCode::cannotConnectToHost, again(offline)),
     at(URLErrorCode::networkConnectionLost, again(offline)),
     at(URLErrorCode::httpTooManyRedirects, once(badAnswer)),
-    at(resourceUnavailable, once(offline)),
+    at(URLErrorCode::resourceUnavailable, once(offline)),
     at(notConnectedToInternet, again(offline)),
     at(URLErrorCode::badServerResponse, once(badAnswer)),
     at(URLErrorCode::cannotDecodeRawData, once(badAnswer)),
