@@ -58,14 +58,6 @@ TEST(Connecting, GoesOnToTheNextAddressIfTheFirstDoesNotAnswer) {
     EXPECT_LT(session.seconds(), 10);
 }
 
-TEST(Connecting, GoesOnWithinTheTimeOfAShortRequest) {
-    FaultServer server(always(answer(200, "ok")));
-    const DeadAddress dead("127.0.0.2", server.port());
-    SessionOfAddresses session("127.0.0.2,127.0.0.1", server.port());
-    const Loaded loaded = session.load("GET", std::chrono::milliseconds(950));
-    EXPECT_EQ(loaded.body(), "ok") << loaded.story();
-}
-
 TEST(Connecting, RefusedAddressesBeforeALiveOneCostNoTime) {
     FaultServer server(always(answer(200, "ok")));
     SessionOfAddresses session("127.0.0.2,127.0.0.3,127.0.0.4,127.0.0.1", server.port());

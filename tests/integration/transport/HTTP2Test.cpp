@@ -184,6 +184,29 @@ TEST_F(HTTP2, ACancelledRequestThatWasAloneReachesTheServerToo) {
     EXPECT_EQ(load(*session_, request("/after", 5, "POST")).status(), 200);
 }
 
+TEST_F(HTTP2, AConnectionWithARequestThatTookThePlaceOfACancelledOneIsKept) {
+    serve(patient(backend_));
+    ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
+    const Loaded cancelled;
+    const auto task = session_->dataTask(request("/never"), cancelled.completion());
+    task->resume();
+    ASSERT_TRUE(backend_->waitForRequests(2));
+    task->cancel();
+    EXPECT_EQ(cancelled.code(), URLErrorCode::cancelled);
+    const Loaded other = startLoad(*session_, request("/hold"));
+    ASSERT_TRUE(backend_->waitForRequests(3));
+    // Longer than a connection without a request is kept.
+    FaultServer stalling([](FaultConnection& connection) {
+        if (connection.readRequest()) connection.stall();
+    });
+    URLRequest between = requestOf(stalling.url());
+    between.setTimeoutInterval(std::chrono::milliseconds(600));
+    EXPECT_EQ(load(*session_, between).code(), URLErrorCode::timedOut);
+    backend_->releaseHeld();
+    EXPECT_EQ(other.body(), "GET /hold ") << other.story();
+    EXPECT_EQ(relay_->connectionCount(), 1U);
+}
+
 TEST_F(HTTP2, ARequestThatTakesThePlaceOfACancelledOneUsesItsConnection) {
     serve(patient(backend_));
     ASSERT_EQ(load(*session_, url("/warm")).status(), 200);

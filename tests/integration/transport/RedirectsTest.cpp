@@ -5,6 +5,7 @@
 #include <support/Loading.h>
 
 #include <atomic>
+#include <chrono>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -243,8 +244,11 @@ TEST(Redirects, ARedirectWhoseBodyStallsIsFollowed) {
         });
         URLRequest request = requestOf(server.url("/from"));
         request.setTimeoutInterval(std::chrono::seconds(10));
+        const auto start = std::chrono::steady_clock::now();
         const Loaded loaded = load(*makeSession(), request);
         EXPECT_EQ(loaded.body(), "here") << loaded.story();
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(8))
+            << "it waited for the body";
     }
 }
 
@@ -259,7 +263,9 @@ TEST(Redirects, ARedirectWhoseBodyTricklesIsFollowedWithoutWaitingForItsEnd) {
             }
         }
     });
+    const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(load(*makeSession(), server.url("/from")).body(), "here");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20)) << "it waited for the body";
 }
 
 TEST(Redirects, ARedirectKeepsTheTimeOutOfTheRequest) {

@@ -1,0 +1,65 @@
+#include <VanticRestKit/platform/http/curl/detail/Connections.h>
+
+#include <gtest/gtest.h>
+#include <support/Sockets.h>
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <cstdint>
+#include <memory>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::detail;
+using namespace VanticRestKit::test;
+
+namespace {
+
+/// A socket that is connected to a peer of its own.
+class OpenConnection : public testing::Test {
+protected:
+    OpenConnection() {
+        auto [listener, port] = listenOnLoopback();
+        remotePort_ = port;
+        socket_ = connections_.open(AF_INET, SOCK_STREAM, 0);
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_port = htons(port);
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        EXPECT_EQ(connect(socket_, reinterpret_cast<sockaddr*>(&address), sizeof(address)), 0);
+        peer_ = Socket(accept(listener.descriptor(), nullptr, nullptr));
+        socklen_t size = sizeof(address);
+        EXPECT_EQ(getsockname(socket_, reinterpret_cast<sockaddr*>(&address), &size), 0);
+        localPort_ = ntohs(address.sin_port);
+    }
+
+    std::shared_ptr<Connection> found() {
+        return connections_.find({"127.0.0.1", "127.0.0.1", remotePort_, localPort_});
+    }
+
+    Connections connections_;
+    Socket peer_;
+    int socket_ = -1;
+    std::uint16_t remotePort_ = 0;
+    std::uint16_t localPort_ = 0;
+};
+
+}  // namespace
+
+TEST_F(OpenConnection, IsFoundByItsSocketAndByItsEnds) {
+    ASSERT_NE(found(), nullptr);
+    EXPECT_EQ(found(), connections_.find(socket_));
+    EXPECT_EQ(connections_.find({"127.0.0.1", "127.0.0.1", localPort_, remotePort_}), nullptr);
+    EXPECT_EQ(connections_.find({nullptr, "127.0.0.1", remotePort_, localPort_}), nullptr);
+}
+
+TEST_F(OpenConnection, IsNotInheritedByChildProcesses) { EXPECT_NE(fcntl(socket_, F_GETFD) & FD_CLOEXEC, 0); }
+
+TEST_F(OpenConnection, IsFoundNoMoreOnceItIsClosed) {
+    const std::shared_ptr<Connection> connection = found();
+    ASSERT_NE(connection, nullptr);
+    connections_.close(socket_);
+    EXPECT_EQ(connection->socket, -1);
+    EXPECT_EQ(found(), nullptr) << "another connection may have the same ends later";
+    EXPECT_EQ(connections_.find(socket_), nullptr);
+}
