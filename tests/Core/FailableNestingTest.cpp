@@ -42,6 +42,10 @@ struct Kinds {
     FailableCodable<FailableCodable<std::string>> twice{};
 };
 
+struct Needed {
+    FailableCodable<std::string> value{};
+};
+
 }  // namespace
 
 template <>
@@ -68,6 +72,12 @@ const TypePlan& planOf<Kinds>() {
         lenient<&Kinds::ofOptional>("ofOptional"),
         lenient<&Kinds::twice>("twice"));
     // clang-format on
+    return plan;
+}
+
+template <>
+const TypePlan& planOf<Needed>() {
+    static const TypePlan& plan = mapping::object<Needed>(mapping::required<&Needed::value>("value"));
     return plan;
 }
 
@@ -186,6 +196,12 @@ TEST(AnAttempt, IsEmptyForNullUnderEachRowThatAllowsNull) {
     EXPECT_FALSE(rows->optional);
     EXPECT_FALSE(rows->lenient);
     EXPECT_FALSE(rows->list);
+}
+
+TEST(AnAttempt, IsEmptyForNullUnderARequiredRow) {
+    EXPECT_EQ(shown<Needed>(R"({"value":null})"), R"({"value":null})");
+    EXPECT_EQ(shown<Needed>(R"({"value":"a"})"), R"({"value":"a"})");
+    EXPECT_EQ(failureOf<Needed>("{}"), R"(keyNotFound ["value"])");
 }
 
 TEST(AnAttempt, HoldsWhatDecodesWhateverItsRow) {
