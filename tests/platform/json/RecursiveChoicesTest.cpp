@@ -8,17 +8,33 @@
 #include <platform/json/BothEngines.h>
 #include <support/SmallStack.h>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <utility>
-#include <variant>
 #include <vector>
 
 namespace VanticRestKit {
 namespace {
 
-class Part;
+struct Named;
+struct Numbered;
+
+class Part {
+public:
+    Part(Named named);
+    Part(Numbered numbered);
+
+    template <class T>
+    const T* as() const {
+        return std::get<std::shared_ptr<const T>>(held_).get();
+    }
+
+private:
+    std::tuple<std::shared_ptr<const Named>, std::shared_ptr<const Numbered>> held_;
+};
 
 /// How many values the candidates made.
 std::size_t made = 0;
@@ -35,26 +51,31 @@ struct Numbered {
     std::int64_t label{};
 };
 
-class Part {
-public:
-    Part(Named named) : held_(std::make_shared<const std::variant<Named, Numbered>>(std::move(named))) {}
-    Part(Numbered numbered)
-        : held_(std::make_shared<const std::variant<Named, Numbered>>(std::move(numbered))) {}
-
-    template <class T>
-    const T* as() const {
-        return std::get_if<T>(held_.get());
-    }
-
-private:
-    std::shared_ptr<const std::variant<Named, Numbered>> held_;
-};
+Part::Part(Named named) : held_(std::make_shared<const Named>(std::move(named)), nullptr) {}
+Part::Part(Numbered numbered) : held_(nullptr, std::make_shared<const Numbered>(std::move(numbered))) {}
 
 struct Whole {
     std::vector<Part> parts{};
 };
 
-class Work;
+template <int Kind>
+struct Entity;
+using Book = Entity<0>;
+using Film = Entity<1>;
+
+class Work {
+public:
+    Work(Book book);
+    Work(Film film);
+
+    template <class T>
+    const T* as() const {
+        return std::get<std::shared_ptr<const T>>(held_).get();
+    }
+
+private:
+    std::tuple<std::shared_ptr<const Book>, std::shared_ptr<const Film>> held_;
+};
 
 /// Two kinds that tell themselves apart by name.
 template <int Kind>
@@ -66,22 +87,9 @@ struct Entity {
     };
     std::vector<Work> works{};
 };
-using Book = Entity<0>;
-using Film = Entity<1>;
 
-class Work {
-public:
-    Work(Book book) : held_(std::make_shared<const std::variant<Book, Film>>(std::move(book))) {}
-    Work(Film film) : held_(std::make_shared<const std::variant<Book, Film>>(std::move(film))) {}
-
-    template <class T>
-    const T* as() const {
-        return std::get_if<T>(held_.get());
-    }
-
-private:
-    std::shared_ptr<const std::variant<Book, Film>> held_;
-};
+Work::Work(Book book) : held_(std::make_shared<const Book>(std::move(book)), nullptr) {}
+Work::Work(Film film) : held_(nullptr, std::make_shared<const Film>(std::move(film))) {}
 
 }  // namespace
 
