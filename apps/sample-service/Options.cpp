@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -68,4 +68,4 @@ Options readOptions(int argc, char** argv) {
     return options;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 struct Options {
     int port = 0;  // 0: any free one
@@ -15,4 +15,4 @@ struct Options {
 /// Reads the command line; ends the program with 2 where it is wrong, with 0 after showing the help.
 Options readOptions(int argc, char** argv);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -9,6 +9,8 @@
 #include "Options.h"
 #include "server/Instance.h"
 
+using namespace VanticRestKit;
+
 int main(int argc, char** argv) {
     const sample::Options options = sample::readOptions(argc, argv);
 

@@ -2,7 +2,7 @@
 
 #include "server/Origin.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 std::string hrefOf(const Show& show) { return "/show/" + show.slug; }
 std::string hrefOf(const Series& series) { return "/series/" + std::to_string(series.id); }
@@ -28,4 +28,4 @@ JSON thumbnailsOf(const std::string& name, const std::string& category) {
 
 std::string mediaAddress(const std::string& path) { return "https://media.vantic.example/" + path; }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -5,7 +5,7 @@
 #include "catalogue/Catalogue.h"
 #include "server/Exchange.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 // Hrefs are paths below "v2", with a leading slash.
 std::string hrefOf(const Show& show);
@@ -25,4 +25,4 @@ JSON thumbnailsOf(const std::string& name, const std::string& category);
 /// Where streams and captions would be, were there any.
 std::string mediaAddress(const std::string& path);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

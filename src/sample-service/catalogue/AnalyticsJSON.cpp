@@ -1,6 +1,6 @@
 #include "catalogue/VideoJSON.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -54,4 +54,4 @@ JSON analyticsJSON(const Video& video) {
     return {{"oztam", oztamJSON(video)}, {"dataLayer", dataLayerJSON(video)}};
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -6,7 +6,7 @@
 
 #include "catalogue/Tables.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -138,4 +138,4 @@ const Catalogue& catalogue() {
     return made;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 class Catalogue;
 
@@ -96,4 +96,4 @@ std::vector<Show> news();
 std::vector<Show> films();
 std::vector<Show> liveChannels();
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

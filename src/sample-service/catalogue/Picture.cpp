@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <vector>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -118,4 +118,4 @@ std::string drawnPicture(const std::string& title, const std::string& name) {
     return {};
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -1,7 +1,7 @@
 #include "catalogue/Addresses.h"
 #include "catalogue/VideoJSON.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -59,4 +59,4 @@ JSON playlistJSON(const Video& video) {
     return playlist;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

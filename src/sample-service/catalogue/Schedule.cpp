@@ -2,7 +2,7 @@
 
 #include "catalogue/VideoJSON.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -49,4 +49,4 @@ Showing scheduleOf(const Channel& channel, long at) {
     return {now, slotAt(channel, now.end)};
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -5,7 +5,7 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/Tables.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// A programme in the schedule of a channel. Times are seconds since 1970.
 struct Slot {
@@ -25,4 +25,4 @@ struct Showing {
 /// `at` is not before 1970.
 Showing scheduleOf(const Channel& channel, long at);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -7,7 +7,7 @@
 #include "catalogue/Tables.h"
 #include "catalogue/VideoJSON.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -79,4 +79,4 @@ JSON screenJSON(const Screen& screen) {
     return json;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 
 #include "catalogue/Tables.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -101,4 +101,4 @@ const Collection* collectionOf(const std::string& id) {
     return nullptr;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -6,7 +6,7 @@
 
 #include "catalogue/Catalogue.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 using Item = std::variant<const Show*, const Series*, const Video*>;
 
@@ -33,4 +33,4 @@ struct Screen {
 const Screen* screenAt(const std::string& href);
 const Collection* collectionOf(const std::string& id);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -64,4 +64,4 @@ std::vector<const Show*> showsRelatedTo(const Show& show) {
     return shows;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

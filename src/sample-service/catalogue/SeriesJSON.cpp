@@ -3,7 +3,7 @@
 #include "catalogue/Tables.h"
 #include "catalogue/VideoJSON.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -58,4 +58,4 @@ JSON seriesJSON(const Series& series, bool withEpisodes) {
     return json;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

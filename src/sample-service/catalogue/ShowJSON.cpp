@@ -6,7 +6,7 @@
 
 #include <cstdio>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -134,4 +134,4 @@ JSON showJSON(const Show& show, const ShowExtras& extras) {
     return json;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -3,7 +3,7 @@
 #include "catalogue/Catalogue.h"
 #include "server/Exchange.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// What a show brings along besides itself. Null and false: nothing.
 struct ShowExtras {
@@ -20,4 +20,4 @@ JSON seriesJSON(const Series& series, bool withEpisodes);
 /// Whether the episodes of a show have captions.
 bool hasCaptions(const Show& show);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 // What is not a show: small tables, each in a file of its own in tables/. They live as long as the program.
 
@@ -85,4 +85,4 @@ const Row* rowOf(const std::vector<Row>& table, const std::string& id) {
 /// The id of the alert that a show or a screen bears; no text where it bears none.
 std::string alertShownAt(const std::string& place);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

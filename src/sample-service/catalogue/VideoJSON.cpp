@@ -5,7 +5,7 @@
 #include "catalogue/Addresses.h"
 #include "catalogue/Tables.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -175,4 +175,4 @@ JSON videoSummaryJSON(const Video& video) {
     return json;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -3,7 +3,7 @@
 #include "catalogue/Catalogue.h"
 #include "server/Exchange.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// A video in the service's hypertext form, with its playlist embedded.
 JSON videoJSON(const Video& video);
@@ -23,4 +23,4 @@ JSON categoryLinksOf(const Show& show);
 /// The length of a video in seconds; 0 for a live one.
 unsigned durationOf(const Video& video);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

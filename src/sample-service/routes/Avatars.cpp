@@ -2,7 +2,7 @@
 #include "catalogue/Tables.h"
 #include "routes/Table.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -35,4 +35,4 @@ std::vector<Route> avatarRoutes() {
              }}};
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -1,7 +1,7 @@
 #include "routes/Table.h"
 #include "server/Clock.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -69,4 +69,4 @@ std::vector<Route> controlRoutes(Faults& faults, RequestLog& log) {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -4,7 +4,7 @@
 #include "server/Clock.h"
 #include "server/FormBody.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -124,4 +124,4 @@ std::vector<Route> datasetRoutes(Users& users) {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

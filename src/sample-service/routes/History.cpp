@@ -4,7 +4,7 @@
 #include "routes/UserTable.h"
 #include "server/Clock.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -138,4 +138,4 @@ std::vector<Route> historyRoutes(Users& users) {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

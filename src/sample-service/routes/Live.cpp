@@ -4,7 +4,7 @@
 #include "routes/Table.h"
 #include "server/Clock.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -66,4 +66,4 @@ std::vector<Route> liveRoutes() {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

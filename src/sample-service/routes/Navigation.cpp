@@ -4,7 +4,7 @@
 #include "catalogue/Tables.h"
 #include "routes/Table.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -101,4 +101,4 @@ std::vector<Route> navigationRoutes() {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

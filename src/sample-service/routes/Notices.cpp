@@ -1,7 +1,7 @@
 #include "catalogue/Tables.h"
 #include "routes/Table.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -49,4 +49,4 @@ std::vector<Route> noticeRoutes() {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -3,7 +3,7 @@
 #include "catalogue/Tables.h"
 #include "routes/Table.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -51,4 +51,4 @@ Reply picture(const Request&, const Captures& captures) {
 
 std::vector<Route> pictureRoutes() { return {{"GET", "pictures/{kind}/{name}/{file}", picture}}; }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

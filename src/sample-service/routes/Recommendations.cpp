@@ -4,7 +4,7 @@
 #include "catalogue/Catalogue.h"
 #include "routes/UserTable.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -107,4 +107,4 @@ std::vector<Route> recommendationRoutes(const Users& users) {
     return routes;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -3,7 +3,7 @@
 #include "catalogue/Tables.h"
 #include "routes/Table.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -54,4 +54,4 @@ Reply remap(const Request& request, const Captures& path) {
 
 std::vector<Route> remapRoutes() { return {{"GET", "v2/remap/{path...}", remap}}; }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -4,7 +4,7 @@
 #include "routes/UserTable.h"
 #include "server/Clock.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -93,4 +93,4 @@ std::vector<Route> savedRoutes(Users& users) {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 #include "catalogue/ScreenJSON.h"
 #include "routes/Table.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -31,4 +31,4 @@ std::vector<Route> screenRoutes() {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

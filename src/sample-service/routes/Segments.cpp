@@ -1,7 +1,7 @@
 #include "catalogue/Catalogue.h"
 #include "routes/UserTable.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -47,4 +47,4 @@ std::vector<Route> segmentRoutes(const Users& users) {
              [&users](const Request& request, const Captures&) { return segments(request, users); }}};
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -6,7 +6,7 @@
 #include "catalogue/Tables.h"
 #include "routes/Table.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -136,4 +136,4 @@ std::vector<Route> showRoutes() {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 std::vector<Route> serviceRoutes() {
     std::vector<Route> table;
@@ -24,4 +24,4 @@ std::vector<Route> serviceRoutes() {
     return table;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

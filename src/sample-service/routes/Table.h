@@ -6,7 +6,7 @@
 #include "server/RequestLog.h"
 #include "server/Router.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 // One function for each kind of resource, each in a file of its own in this folder.
 std::vector<Route> timeRoutes();
@@ -26,4 +26,4 @@ std::vector<Route> serviceRoutes();
 /// What steers the service from outside: faults, the log of requests, its state, its end.
 std::vector<Route> controlRoutes(Faults& faults, RequestLog& log);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 
 #include "routes/Table.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 std::vector<Route> timeRoutes() {
     return {{"GET", "v2/time", [](const Request&, const Captures&) {
@@ -12,4 +12,4 @@ std::vector<Route> timeRoutes() {
              }}};
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -1,10 +1,10 @@
 #include "routes/UserTable.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 std::vector<Route> tokenRoutes(Users& users) {
     return {{"GET", "v2/token",
              [&users](const Request& request, const Captures&) { return users.giveTokens(request); }}};
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -1,6 +1,6 @@
 #include "routes/UserTable.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -36,4 +36,4 @@ std::vector<Route> userControlRoutes(Users& users) {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

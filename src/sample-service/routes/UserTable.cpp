@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -23,4 +23,4 @@ std::vector<Route> userRoutes(Users& users) {
     return table;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -5,7 +5,7 @@
 #include "server/Router.h"
 #include "users/Users.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 // What is kept for users, and what is made from it. One function for each kind of resource, each in a file of
 // its own in this folder.
@@ -22,4 +22,4 @@ std::vector<Route> userRoutes(Users& users);
 /// What shows and steers users and tokens from outside.
 std::vector<Route> userControlRoutes(Users& users);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -4,7 +4,7 @@
 #include "catalogue/VideoJSON.h"
 #include "routes/Table.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -42,4 +42,4 @@ std::vector<Route> videoRoutes() {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

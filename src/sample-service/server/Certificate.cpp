@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -78,4 +78,4 @@ Certificate makeCertificate() {
     return {std::move(certificate), std::move(key), pem(authority.get())};
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 struct Release {
     void operator()(X509* certificate) const { X509_free(certificate); }
@@ -23,4 +23,4 @@ struct Certificate {
 /// Makes a new one, valid from an hour ago for a week. Ends the program if OpenSSL cannot.
 Certificate makeCertificate();
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 double Clock::now() const {
     if (const double set = set_.load(); set >= 0) return set;
@@ -17,4 +17,4 @@ Clock& serviceClock() {
     return made;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -3,7 +3,7 @@
 #include <atomic>
 #include <optional>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// What time it is for the service: the computer's time, or one that a test has set. Any thread.
 class Clock {
@@ -21,4 +21,4 @@ private:
 /// The clock of all routes.
 Clock& serviceClock();
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -88,4 +88,4 @@ void Connections::stop() const {
     }
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

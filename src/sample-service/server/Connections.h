@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// Reaches below the HTTP server to the sockets of one listening port, for what a well-behaved server never does.
 class Connections {
@@ -33,4 +33,4 @@ private:
     int stopping_;  // an eventfd, readable for good once stop() was called
 };
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -103,4 +103,4 @@ Reply failure(int status, const std::string& message) {
     return reply;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// Keys stay in the order in which a route writes them, so that an answer reads well.
 using JSON = nlohmann::ordered_json;
@@ -58,4 +58,4 @@ std::vector<std::string> split(const std::string& text, char separator);
 /// Takes a request's target apart.
 void readTarget(const std::string& target, Request& request);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -5,7 +5,7 @@
 
 #include "server/Oddities.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -158,4 +158,4 @@ void apply(const Fault& fault, Reply& reply) {
     }
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

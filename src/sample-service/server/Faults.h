@@ -9,7 +9,7 @@
 
 #include "server/Exchange.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 enum class FaultKind {
     delay,         // the answer comes `seconds` later
@@ -58,4 +58,4 @@ private:
 /// Changes an answer by a fault that is only about its contents; leaves it alone for the others.
 void apply(const Fault& fault, Reply& reply);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

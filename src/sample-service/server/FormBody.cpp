@@ -2,7 +2,7 @@
 
 #include "server/Exchange.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 // A form is written as a query is, but for its blanks.
 std::optional<std::string> formField(std::string_view body, std::string_view name) {
@@ -18,4 +18,4 @@ std::optional<std::string> formField(std::string_view body, std::string_view nam
     return std::nullopt;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

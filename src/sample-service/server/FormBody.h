@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// A field of a form-encoded body, decoded; empty where the body has none of that name.
 std::optional<std::string> formField(std::string_view body, std::string_view name);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

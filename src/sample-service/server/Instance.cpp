@@ -6,7 +6,7 @@
 #include "routes/Table.h"
 #include "routes/UserTable.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -32,4 +32,4 @@ std::string Instance::baseURL() const {
     return (settings_.tls ? "https://127.0.0.1:" : "http://127.0.0.1:") + std::to_string(port());
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -10,7 +10,7 @@
 #include "server/Service.h"
 #include "users/Users.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 struct Settings {
     int port = 0;  // 0: any free one
@@ -47,4 +47,4 @@ private:
     Service service_;
 };
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

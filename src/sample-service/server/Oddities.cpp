@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -60,4 +60,4 @@ void addOddities(JSON& value) {
     }
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

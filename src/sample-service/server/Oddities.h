@@ -2,7 +2,7 @@
 
 #include "server/Exchange.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// Makes an answer one of a service that is newer than its clients, and not well. Every collection in it gets
 /// - in front, an entity that nobody knows and that looks like a series;
@@ -14,4 +14,4 @@ namespace sample {
 /// - an unknown type, and an unknown entity as the item to highlight where it has one.
 void addOddities(JSON& value);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 
 #include <strings.h>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -30,4 +30,4 @@ void fillOrigin(JSON& value, const std::string& origin) {
     }
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -5,7 +5,7 @@
 
 #include "server/Exchange.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// What stands in an answer for the address of this service. A route does not know under which address a
 /// client reaches it, which may be that of a proxy.
@@ -17,4 +17,4 @@ std::string originOf(const Request& request, bool secure);
 /// Puts the address wherever a text of the answer begins with `ownOrigin`.
 void fillOrigin(JSON& value, const std::string& origin);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

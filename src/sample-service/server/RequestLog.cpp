@@ -1,6 +1,6 @@
 #include "server/RequestLog.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -46,4 +46,4 @@ std::size_t RequestLog::total() const {
     return total_;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

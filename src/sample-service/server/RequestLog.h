@@ -5,7 +5,7 @@
 
 #include "server/Exchange.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// The requests received so far, the newest 20,000 of them. Any thread.
 class RequestLog {
@@ -25,4 +25,4 @@ private:
     std::size_t total_ = 0;
 };
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

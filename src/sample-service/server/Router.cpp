@@ -2,7 +2,7 @@
 
 #include <optional>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -51,4 +51,4 @@ Reply Router::answer(const Request& request) const {
     return known ? failure(405, "Method not allowed") : failure(404, "No such resource");
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -6,7 +6,7 @@
 
 #include "server/Exchange.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// The texts that stood in the places of a pattern's "{name}" segments, in their order.
 using Captures = std::vector<std::string>;
@@ -35,4 +35,4 @@ private:
     std::vector<Entry> entries_;
 };
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

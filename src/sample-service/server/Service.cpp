@@ -10,7 +10,7 @@
 #include "server/Origin.h"
 #include "server/WorkerPool.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -191,4 +191,4 @@ void Service::cutShort(const Request& request, const Fault& fault, std::string t
         });
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -13,7 +13,7 @@
 #include "server/RequestLog.h"
 #include "server/Router.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// The HTTP server: brings requests to the table of routes, and faults between the two.
 class Service {
@@ -47,4 +47,4 @@ private:
     bool secure_ = false;
 };
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

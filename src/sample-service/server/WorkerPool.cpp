@@ -1,6 +1,6 @@
 #include "server/WorkerPool.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 constexpr std::size_t mostThreads = 4096;
@@ -39,4 +39,4 @@ void WorkerPool::work() {
     }
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

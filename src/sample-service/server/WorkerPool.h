@@ -9,7 +9,7 @@
 #include <thread>
 #include <vector>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// Gives each connection a thread. A connection that is kept alive, or held back by a fault, occupies its thread,
 /// so a pool of a fixed size would let a few of them silence the service.
@@ -29,4 +29,4 @@ private:
     bool ending_ = false;
 };
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

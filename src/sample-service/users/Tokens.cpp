@@ -4,7 +4,7 @@
 #include <chrono>
 #include <utility>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -103,4 +103,4 @@ double secondsNow() {
     return std::chrono::duration<double>(now).count();
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -7,7 +7,7 @@
 
 #include "server/Exchange.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// How tokens are given out; set from outside.
 struct TokenSettings {
@@ -58,4 +58,4 @@ private:
 /// Seconds since 1970.
 double secondsNow();
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

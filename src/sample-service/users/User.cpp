@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <ctime>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -80,4 +80,4 @@ JSON written(const User& user) {
     return json;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

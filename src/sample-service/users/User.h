@@ -7,7 +7,7 @@
 
 #include "server/Exchange.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// A free-form dataset of a user.
 struct Dataset {
@@ -57,4 +57,4 @@ JSON written(const Saved& saved);
 /// All of a user, for looking at the service from outside.
 JSON written(const User& user);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -4,7 +4,7 @@
 #include <cctype>
 #include <string_view>
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 namespace {
 
@@ -123,4 +123,4 @@ Reply records(const std::string& what, JSON data) {
     return reply;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -11,7 +11,7 @@
 #include "users/Tokens.h"
 #include "users/User.h"
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 /// What a request about a user says of itself.
 struct Asked {
@@ -74,4 +74,4 @@ private:
 /// An answer with records, as those of a user come: what they are in `meta`, themselves in `data`.
 Reply records(const std::string& what, JSON data);
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

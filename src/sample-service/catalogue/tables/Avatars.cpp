@@ -2,7 +2,7 @@
 
 // clang-format off: a table, a line or two for each row
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 const std::vector<Avatar>& avatars() {
     static const auto& table = *new std::vector<Avatar>{
@@ -19,4 +19,4 @@ const std::vector<Avatar>& avatars() {
     return table;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 
 // clang-format off: a table, a line or two for each row
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 const std::vector<Region>& regions() {
     static const auto& table = *new std::vector<Region>{
@@ -37,4 +37,4 @@ const std::vector<Category>& categories() {
     return table;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

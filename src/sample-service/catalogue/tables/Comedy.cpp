@@ -2,7 +2,7 @@
 
 // clang-format off: a table, a line or two for each row
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 std::vector<Show> comedy() {
     return {
@@ -87,4 +87,4 @@ std::vector<Show> comedy() {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 
 // clang-format off: a table, a line or two for each row
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 std::vector<Show> documentaries() {
     return {
@@ -101,4 +101,4 @@ std::vector<Show> documentaries() {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 
 // clang-format off: a table, a line or two for each row
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 std::vector<Show> drama() {
     return {
@@ -114,4 +114,4 @@ std::vector<Show> drama() {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 
 // clang-format off: a table, a line or two for each row
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 std::vector<Show> films() {
     return {
@@ -153,4 +153,4 @@ std::vector<Show> films() {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 
 // clang-format off: a table, a line or two for each row
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 const std::vector<HomeRow>& homeRows() {
     static const auto& table = *new std::vector<HomeRow>{
@@ -60,4 +60,4 @@ const std::vector<HomeRow>& homeRows() {
     return table;
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

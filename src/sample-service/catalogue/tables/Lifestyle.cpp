@@ -2,7 +2,7 @@
 
 // clang-format off: a table, a line or two for each row
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 std::vector<Show> lifestyle() {
     return {
@@ -100,4 +100,4 @@ std::vector<Show> lifestyle() {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 
 // clang-format off: a table, a line or two for each row
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 std::vector<Show> liveChannels() {
     return {
@@ -74,4 +74,4 @@ std::vector<Show> liveChannels() {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

@@ -2,7 +2,7 @@
 
 // clang-format off: a table, a line or two for each row
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 std::vector<Show> news() {
     return {
@@ -75,4 +75,4 @@ std::vector<Show> news() {
     };
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample

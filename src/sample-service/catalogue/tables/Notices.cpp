@@ -2,7 +2,7 @@
 
 // clang-format off: a table, a line or two for each row
 
-namespace sample {
+namespace VanticRestKit::sample {
 
 const std::vector<Alert>& alerts() {
     static const auto& table = *new std::vector<Alert>{
@@ -37,4 +37,4 @@ std::string alertShownAt(const std::string& place) {
     return {};
 }
 
-}  // namespace sample
+}  // namespace VanticRestKit::sample
