@@ -39,6 +39,7 @@ TEST(URLErrors, EveryCodeHasTheDescriptionOfThePlatform) {
         {URLErrorCode::cannotConnectToHost, "Could not connect to the server."},
         {URLErrorCode::networkConnectionLost, "The network connection was lost."},
         {URLErrorCode::httpTooManyRedirects, "too many HTTP redirects"},
+        {URLErrorCode::resourceUnavailable, "resource unavailable"},
         {URLErrorCode::queuedLoadsExceedMaximum, "too many requests are waiting"},
         {URLErrorCode::badServerResponse, "There was a bad response from the server."},
         {URLErrorCode::cannotDecodeRawData, "cannot decode raw data"},

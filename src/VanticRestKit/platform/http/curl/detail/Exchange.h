@@ -64,6 +64,8 @@ public:
     std::unique_ptr<Attempt> attempt;
     /// The records of its requests; null if it is not observed.
     std::unique_ptr<ExchangeMetrics> metrics;
+    /// Whether it was ever in the queue of an origin.
+    bool wasQueued = false;
     /// Whether libcurl gave it up once, because connection after connection refused it.
     bool wasGivenUp = false;
     /// How often its host could not be reached, and until when it may try again.

@@ -141,10 +141,6 @@ void IoLoop::begin(std::shared_ptr<Transfer> transfer) {
         fail(exchange, *unusable_);
     } else if (fault) {
         fail(exchange, *fault);
-    } else if (isQueueFull(exchange)) {
-        const std::string most = std::to_string(configuration_.limits.maxQueuedLoadsPerOrigin);
-        fail(exchange, {URLErrorCode::queuedLoadsExceedMaximum,
-                        most + " loads wait for a connection to this origin (maxQueuedLoadsPerOrigin)."});
     } else {
         beginHop(exchange);
     }
@@ -170,7 +166,16 @@ const std::string& IoLoop::lineOf(const Exchange& exchange) {
     return sharesProxy ? proxy->url : origins_.of(url);
 }
 
-void IoLoop::enqueue(Exchange& exchange) { admission_.enqueue(exchange, lineOf(exchange)); }
+void IoLoop::enqueue(Exchange& exchange) {
+    // A load that was let in before, and is redirected or sent again, is not turned away.
+    if (!std::exchange(exchange.wasQueued, true) && isQueueFull(exchange)) {
+        const std::string most = std::to_string(configuration_.limits.maxQueuedLoadsPerOrigin);
+        fail(exchange, {URLErrorCode::queuedLoadsExceedMaximum,
+                        most + " loads wait for a connection to this origin (maxQueuedLoadsPerOrigin)."});
+        return;
+    }
+    admission_.enqueue(exchange, lineOf(exchange));
+}
 
 bool IoLoop::isQueueFull(const Exchange& exchange) {
     const std::uint64_t most = std::max<std::uint64_t>(configuration_.limits.maxQueuedLoadsPerOrigin, 1);

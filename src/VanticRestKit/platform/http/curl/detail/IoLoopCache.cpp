@@ -103,6 +103,7 @@ void IoLoop::revalidate(Exchange& exchange) {
                                                      cookies_.headerFor(background.request()),
                                                      URLRequestCachePolicy::useProtocolCachePolicy);
     background.cacheHop->revalidate(*exchange.cacheHop);
+    loadDeadlines_.start(background, now_);
     enqueue(background);
 }
 
