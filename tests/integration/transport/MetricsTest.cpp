@@ -1,3 +1,4 @@
+#include <VanticRestKit/platform/http/cache/URLCache.h>
 #include <VanticRestKit/platform/http/RequestMetrics.h>
 #include <VanticRestKit/platform/http/URLSession.h>
 
@@ -292,6 +293,44 @@ TEST(Metrics, TellTheTimeForTLSAndTheProtocol) {
     const Recorded second = recorded(*session, requestOf(url));
     EXPECT_FALSE(second.only().tls);
     EXPECT_EQ(second.only().protocol, "h2");
+}
+
+TEST(Metrics, TellAnswersOfTheCacheFromThoseOfTheServer) {
+    FaultServer server([](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            if (request->has("if-none-match")) {
+                connection.send("HTTP/1.1 304 Not Modified\r\nETag: \"1\"\r\n\r\n");
+            } else if (request->target == "/from") {
+                connection.send(answer(301, "", "Location: /to\r\nCache-Control: max-age=600\r\n"));
+            } else {
+                const bool isFresh = request->target == "/to";
+                connection.send(answer(200, "here",
+                                       isFresh ? "Cache-Control: max-age=600\r\n"
+                                               : "Cache-Control: no-cache\r\nETag: \"1\"\r\n"));
+            }
+        }
+    });
+    URLSessionConfiguration configuration;
+    configuration.urlCache = URLCache::make();
+    const auto session = URLSession::make(configuration);
+
+    EXPECT_EQ(recorded(*session, requestOf(server.url("/asked"))).only().source, AnswerSource::network);
+    const Recorded again = recorded(*session, requestOf(server.url("/asked")));
+    EXPECT_EQ(again.only().source, AnswerSource::revalidated);
+    EXPECT_EQ(again.only().bodyBytesReceived, 0);
+    EXPECT_EQ(again.only().bodyBytesDecoded, 4);
+    EXPECT_TRUE(again.only().firstByte);
+
+    EXPECT_EQ(recorded(*session, requestOf(server.url("/from"))).records->size(), 2U);
+    const Recorded kept = recorded(*session, requestOf(server.url("/from")));
+    ASSERT_EQ(kept.records->size(), 2U);
+    EXPECT_EQ(kept.records->front().source, AnswerSource::cache);
+    EXPECT_EQ(kept.records->front().status, 301);
+    EXPECT_EQ(kept.records->back().source, AnswerSource::cache);
+    EXPECT_EQ(kept.records->back().status, 200);
+    EXPECT_EQ(kept.records->back().queued, Duration::zero());
+    EXPECT_FALSE(kept.records->back().firstByte);
+    EXPECT_EQ(server.requests().size(), 4U);
 }
 
 TEST(Metrics, ARecordOfAnAttemptHasItsNumber) {

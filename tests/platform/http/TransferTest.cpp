@@ -30,8 +30,9 @@ TEST(Transfer, AnAnswerForWhichNothingWasSentHasARecordWithItsSource) {
         });
     ASSERT_TRUE(transfer.start());
     transfer.complete({.data = Data("answer"),
-                       .response = std::make_shared<const HTTPURLResponse>(address(), 200),
-                       .source = AnswerSource::cache});
+                       .response = std::make_shared<const HTTPURLResponse>(
+                           address(), 200, HTTPURLResponse::HeaderFields(),
+                           HTTPCacheStatus{.source = AnswerSource::cache})});
     ASSERT_EQ(records.size(), 1U);
     EXPECT_EQ(completions, 1);
     EXPECT_EQ(records[0].source, AnswerSource::cache);
@@ -39,17 +40,6 @@ TEST(Transfer, AnAnswerForWhichNothingWasSentHasARecordWithItsSource) {
     EXPECT_EQ(records[0].status, 200);
     EXPECT_EQ(records[0].bodyBytesDecoded, 6);
     EXPECT_EQ(records[0].bodyBytesReceived, 0);
-}
-
-TEST(Transfer, TheSourceOfAnAnswerIsThatOfItsLastRequest) {
-    std::vector<AnswerSource> sources;
-    Transfer transfer(
-        URLRequest(address()), [](const auto&, const auto&, const auto&) {},
-        [&](const RequestMetrics& record) { sources.push_back(record.source); });
-    Outcome outcome{.source = AnswerSource::revalidated};
-    outcome.metrics.resize(2);
-    transfer.complete(std::move(outcome));
-    EXPECT_EQ(sources, (std::vector{AnswerSource::network, AnswerSource::revalidated}));
 }
 
 TEST(Transfer, ItsReceiversGoWithItsCompletion) {

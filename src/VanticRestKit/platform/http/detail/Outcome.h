@@ -19,8 +19,6 @@ struct Outcome {
     std::optional<Data> data{};
     std::shared_ptr<const URLResponse> response{};
     std::optional<Error> error{};
-    /// Where the answer came from; the last record says so too.
-    AnswerSource source = AnswerSource::network;
     /// The records of the requests that were sent for a transfer that is observed.
     std::list<RequestMetrics> metrics{};
 };

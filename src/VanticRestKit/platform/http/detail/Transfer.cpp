@@ -12,7 +12,6 @@ void Transfer::report(Outcome& outcome) {
         describe(only, request_, outcome);
         if (isStarted()) only.total = sinceStart(startedAt_);
     }
-    outcome.metrics.back().source = outcome.source;
     for (const RequestMetrics& each : outcome.metrics) receiver(each);
 }
 

@@ -76,6 +76,11 @@ void ExchangeMetrics::read(const Attempt& attempt) {
     record.protocol = protocolOf(smallNumberOf(easy, CURLINFO_HTTP_VERSION));
 }
 
+void ExchangeMetrics::answeredWithRedirect(std::int64_t status) {
+    records_.back().status = status;
+    if (!isSent_) records_.back().source = AnswerSource::cache;
+}
+
 void ExchangeMetrics::redirected(const URLRequest& request) {
     end(request, {});
     const std::int64_t redirects = records_.back().redirects + 1;
@@ -93,10 +98,10 @@ void ExchangeMetrics::end(const URLRequest& request, const Outcome& outcome) {
     RequestMetrics& record = records_.back();
     describe(record, request, outcome);
     record.total = sinceStart(begun_);
-    if (isSent_) return;
+    if (isSent_ || !outcome.error) return;
     record.queued = record.total;
     // The answer that comes with the error is the redirect before it.
-    if (outcome.error) record.status.reset();
+    record.status.reset();
 }
 
 }  // namespace VanticRestKit::detail

@@ -8,6 +8,7 @@
 #include <VanticRestKit/platform/http/URLRequest.h>
 
 #include <chrono>
+#include <cstdint>
 #include <list>
 
 namespace VanticRestKit::detail {
@@ -24,6 +25,8 @@ public:
     void sent();
     /// libcurl is about to lose the request: takes its figures, unless the request was redirected.
     void read(const Attempt& attempt);
+    /// The answer to the request leads to another one. It came from the cache if the request was not sent.
+    void answeredWithRedirect(std::int64_t status);
     /// `request`, whose figures were read last, has ended in a redirect; another one follows.
     void redirected(const URLRequest& request);
     /// The last request has ended. Moves all records to the outcome.

@@ -144,6 +144,7 @@ void IoLoop::follow(Exchange& exchange, std::int64_t status, const std::string& 
         fail(exchange, {URLErrorCode::appTransportSecurityRequiresSecureConnection,
                         "The answer redirects from https to http."});
     } else {
+        if (exchange.metrics) exchange.metrics->answeredWithRedirect(status);
         goTo(exchange,
              redirected(exchange.request(), status, *target, configuration_.redirectPolicy.headersHeldBack));
     }
