@@ -1,0 +1,43 @@
+import os
+import tempfile
+import unittest
+
+from program import SampleService, TestCase, vantic
+
+
+class Cache(TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.service = SampleService().__enter__()
+        cls.addClassCleanup(cls.service.stop)
+
+    def setUp(self):
+        self.service.control("DELETE", "log")
+
+    def load(self, *words):
+        outcome = vantic("load", "Home", "--base-url", self.service.url, *words)
+        self.assertEqual(outcome.code, 0, outcome.err)
+        return outcome
+
+    def test_answers_later_runs_and_asks_again_with_revalidate(self):
+        with tempfile.TemporaryDirectory() as folder:
+            place = os.path.join(folder, "cache")
+            first = self.load("--cache", place, "--trace")
+            second = self.load("--cache", place, "--trace")
+            third = self.load("--cache", place, "--trace", "--revalidate")
+        self.assertIn(": 200 from network, ", first.err)
+        self.assertIn("VanticRestKit; fwd=uri-miss; fwd-status=200; stored", first.err)
+        self.assertIn(": 200 from cache, ", second.err)
+        self.assertIn(": 200 from revalidated, ", third.err)
+        self.assertIn("VanticRestKit; fwd=request; fwd-status=304; stored", third.err)
+        self.assertEqual(first.out, second.out)
+        self.assertEqual(first.out, third.out)
+
+    def test_traces_headers_without_a_cache_folder(self):
+        traced = self.load("--trace")
+        self.assertIn("\ntrace: Content-Type: application/json\n", traced.err)
+        self.assertEqual(self.load().err, "")
+
+
+if __name__ == "__main__":
+    unittest.main()
