@@ -42,8 +42,9 @@ function(vrk_module folder)
         if(VRK_FUZZ)
             target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
         endif()
-        if(NOT folder MATCHES "^platform/")
-            # Above the platform there are tables and copies, once a request, and no loops: size matters more.
+        if(NOT folder MATCHES "^platform/" OR folder STREQUAL "platform/http")
+            # There are tables and copies, once a request, and no loops over bodies that are not in a library: size
+            # matters more.
             target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-Os>)
         endif()
         if(NOT PROJECT_IS_TOP_LEVEL)

@@ -22,11 +22,11 @@ struct CommonOptions {
     std::optional<std::string> authorityFile;
     bool isVerbose;
     /// The folder in which answers are kept from one run to the next.
-    std::optional<std::string> cacheFolder;
+    std::optional<std::string> cacheFolder{};
     /// Whether the server is asked about what is kept, also if that is fresh.
-    bool revalidates;
+    bool revalidates = false;
     /// Whether each request's answer is reported on standard error.
-    bool isTraced;
+    bool isTraced = false;
 
     static std::span<const Option> options();
     static CommonOptions read(const Arguments& arguments);

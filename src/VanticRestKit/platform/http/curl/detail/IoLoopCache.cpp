@@ -85,7 +85,6 @@ void IoLoop::answer(Exchange& exchange, HopAnswer found) {
 
 Outcome IoLoop::outcomeOf(const Exchange& exchange, HopAnswer found) {
     Outcome outcome;
-    outcome.source = found.status.source;
     outcome.response = std::make_shared<const HTTPURLResponse>(exchange.request().url(), found.answer.status,
                                                                std::move(found.answer.fields), found.status);
     outcome.data = std::move(found.answer.body);
