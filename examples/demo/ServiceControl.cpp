@@ -2,6 +2,7 @@
 
 #include <VanticRestKit/Core/NetworkURLSession.h>
 #include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/http/cache/URLCache.h>
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
 #include <VanticRestKit/platform/http/URLSession.h>
 
@@ -17,6 +18,8 @@ using namespace VanticRestKit;
 ServiceControl::ServiceControl(URL baseURL) : baseURL_(std::move(baseURL)) {}
 
 bool ServiceControl::addFault(const std::string& path, const std::string& details) const {
+    // Else the answer before, which the service lets a client keep for a while, would hide the fault.
+    URLCache::shared()->removeAllCachedResponses();
     return post("_control/faults", R"({"path":")" + path + R"(",)" + details + "}");
 }
 

@@ -13,7 +13,7 @@ CacheRequest::CacheRequest(const URLRequest& request) {
     std::string_view cacheControl;
     std::string_view pragma;
     for (const auto& [name, value] : request.allHTTPHeaderFields()) {
-        const auto is = [&name = name](std::string_view known) { return sameHeaderName(name, known); };
+        const auto is = [&field = name](std::string_view known) { return sameHeaderName(field, known); };
         // By the first letter, since most fields of a request are none of these.
         switch (name.empty() ? ' ' : asciiLower(name.front())) {
             case 'a':
