@@ -1,10 +1,12 @@
 // What loads cost, as ratios to libcurl's multi interface in the same run; what a resource costs to make; what ten
-// thousand loads in flight take; and whether loads to many origins cost more each. The servers are processes of
+// thousand loads in flight take; what the cache costs and saves; and whether loads to many origins cost more each. The servers are processes of
 // their own: their work is not counted.
 //   load_bench [--quick] [--only TEXT]    TEXT: of the ways of loading those whose names have it in them
 
 #include "../support/Measure.h"
+#include "CacheCosts.h"
 #include "DistinctOrigins.h"
+#include "Loads.h"
 #include "RawLoads.h"
 #include "Server.h"
 
@@ -24,10 +26,8 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
-#include <coroutine>
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
 #include <fstream>
 #include <map>
 #include <memory>
@@ -41,8 +41,6 @@
 namespace VanticRestKit::bench {
 
 namespace {
-
-using Texts = std::vector<std::string>;
 
 /// About two kilobytes, as a small answer has.
 std::string sampleBody() {
@@ -80,36 +78,6 @@ std::string addressOf(const Server& server, const std::string& path) {
     return "http://127.0.0.1:" + std::to_string(server.port()) + path;
 }
 
-URLRequest requestOf(const std::string& address) { return URLRequest(URL::make(address).value()); }
-
-/// How a load is started.
-enum class Form { plain, awaited };
-
-/// A coroutine that runs by itself and goes when it has ended.
-struct Detached {
-    struct promise_type {
-        Detached get_return_object() const noexcept { return {}; }
-        std::suspend_never initial_suspend() const noexcept { return {}; }
-        std::suspend_never final_suspend() const noexcept { return {}; }
-        void return_void() const noexcept {}
-        void unhandled_exception() const noexcept { std::terminate(); }
-    };
-};
-
-class SessionContext : public virtual Context {
-public:
-    explicit SessionContext(std::shared_ptr<URLSession> session)
-        : session_(networkSession(std::move(session))) {}
-    URL baseURL() const override { return URL::make("http://127.0.0.1").value(); }
-    std::shared_ptr<Serviceable> service(ServiceArguments arguments) const override {
-        return NetworkServiceble::make(
-            {.with = std::move(arguments.withURLRequest), .and_ = session_, .logError = LogError()});
-    }
-
-private:
-    std::shared_ptr<NetworkSession> session_;
-};
-
 class CountingObserver final : public RequestObserver {
     void requestEnded(const RequestMetrics& request) override { bytes_ += request.bodyBytesReceived; }
 
@@ -123,69 +91,6 @@ public:
 
 private:
     std::shared_ptr<RequestObserver> observer_ = std::make_shared<CountingObserver>();
-};
-
-/// Loads of resources, each made for one load, a number of them at a time. Never destroyed: what the last
-/// completion does may still be going on when the waiting is over.
-class Loads {
-public:
-    Loads(const std::shared_ptr<URLSession>& session, const std::string& address, Form form = Form::plain)
-        : Loads(std::make_shared<SessionContext>(session), address, false, form) {}
-    /// `asksForObserver`: whether the library makes the service for the context, or the context alone does.
-    Loads(std::shared_ptr<Context> context, const std::string& address, bool asksForObserver,
-          Form form = Form::plain)
-        : context_(std::move(context)),
-          asksForObserver_(asksForObserver),
-          request_(requestOf(address)),
-          form_(form) {}
-
-    void begin(std::size_t count, std::size_t atOnce) {
-        toStart_ = static_cast<long>(count);
-        toEnd_ = static_cast<long>(count);
-        for (std::size_t i = 0; i < atOnce; ++i) startNext();
-    }
-    void wait() { allEnded_.acquire(); }
-
-    void run(std::size_t count, std::size_t atOnce) {
-        begin(count, atOnce);
-        wait();
-    }
-
-private:
-    void startNext() {
-        if (toStart_.fetch_sub(1) <= 0) return;
-        const Resource<Texts> resource({.withService = asksForObserver_
-                                                           ? detail::serviceFor(request_, *context_)
-                                                           : context_->service({.withURLRequest = request_}),
-                                        .andDecoder = JSONDecoder()});
-        if (form_ == Form::awaited) {
-            await(resource);
-        } else {
-            resource.load({.with = [this](Result<Texts, LoaderError> texts) { ended(texts); }});
-        }
-    }
-
-    Detached await(Resource<Texts> resource) {
-        const Result<Texts, LoaderError> texts = co_await resource.value();
-        ended(texts);
-    }
-
-    void ended(const Result<Texts, LoaderError>& texts) {
-        if (!texts) {
-            std::fprintf(stderr, "load: %s\n", texts.error().localizedDescription().c_str());
-            std::exit(1);
-        }
-        startNext();
-        if (toEnd_.fetch_sub(1) == 1) allEnded_.release();
-    }
-
-    std::shared_ptr<Context> context_;
-    bool asksForObserver_;
-    URLRequest request_;
-    Form form_;
-    std::atomic<long> toStart_ = 0;
-    std::atomic<long> toEnd_ = 0;
-    std::binary_semaphore allEnded_{0};
 };
 
 struct Cost {
@@ -376,6 +281,10 @@ int main(int count, char** arguments) {
     if (only.empty()) compareForms(http1Address, loads, rounds);
     if (std::string_view("observer").find(only) != std::string_view::npos) {
         compareObservers(http1Address, loads, rounds);
+    }
+    if (std::string_view("cache").find(only) != std::string_view::npos) {
+        cacheCosts(addressOf(server, ""), loads, rounds);
+        lookUps(isQuick ? 10'000 : 100'000, isQuick ? 3 : 20);
     }
     const auto compared = [&](const Way& way, const RawLoads::Settings& settings,
                               const URLSessionConfiguration& configuration) {

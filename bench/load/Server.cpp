@@ -45,8 +45,11 @@ class Loop {
 public:
     Loop(int listener, int releasing, const std::string& body)
         : listener_(listener), releasing_(releasing), poll_(epoll_create1(0)) {
-        answer_ = "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: " +
-                  std::to_string(body.size()) + "\r\n\r\n" + body;
+        const std::string status = "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\n";
+        const std::string rest = "Content-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body;
+        answer_ = status + rest;
+        fresh_ = status + "Cache-Control: max-age=3600\r\n" + rest;
+        checked_ = status + "Cache-Control: no-cache\r\nETag: \"1\"\r\n" + rest;
         watch(listener_);
         watch(releasing_);
     }
@@ -84,7 +87,7 @@ private:
             holds_ = false;
             epoll_ctl(poll_, EPOLL_CTL_DEL, releasing_, nullptr);
             for (auto& [open, connection] : connections_) {
-                for (; connection.held > 0; --connection.held) answer(open);
+                for (; connection.held > 0; --connection.held) send(open, answer_);
             }
         } else {
             read(file);
@@ -106,16 +109,23 @@ private:
             if (holds_ && head.substr(0, head.find("\r\n")).find(" /held") != std::string_view::npos) {
                 ++connection.held;
             } else {
-                answer(file);
+                send(file, answerTo(head));
             }
             connection.request.erase(0, end + 4);
         }
     }
 
-    void answer(int file) {
-        std::string_view rest = answer_;
+    std::string_view answerTo(std::string_view head) const {
+        const std::string_view line = head.substr(0, head.find("\r\n"));
+        if (line.find(" /fresh") != std::string_view::npos) return fresh_;
+        if (line.find(" /checked") == std::string_view::npos) return answer_;
+        const bool isKnown = head.find("If-None-Match: \"1\"") != std::string_view::npos;
+        return isKnown ? "HTTP/1.1 304 Not Modified\r\nETag: \"1\"\r\n\r\n" : std::string_view(checked_);
+    }
+
+    static void send(int file, std::string_view rest) {
         while (!rest.empty()) {
-            const ssize_t sent = send(file, rest.data(), rest.size(), MSG_NOSIGNAL);
+            const ssize_t sent = ::send(file, rest.data(), rest.size(), MSG_NOSIGNAL);
             if (sent <= 0) return;
             rest.remove_prefix(static_cast<std::size_t>(sent));
         }
@@ -125,6 +135,9 @@ private:
     int releasing_;
     int poll_;
     std::string answer_;
+    // Those that a cache may use for an hour, and those that it has to ask about.
+    std::string fresh_;
+    std::string checked_;
     bool holds_ = true;
     std::map<int, Connection> connections_;
 };

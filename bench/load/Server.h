@@ -9,7 +9,7 @@ namespace VanticRestKit::bench {
 
 /// A small HTTP/1.1 server in a process of its own, so that its work is not counted. It answers every request
 /// with the same body and keeps its connections; a request whose path begins with "/held" waits until
-/// `release`.
+/// `release`. An answer to "/fresh" may be kept for an hour, and one to "/checked" has to be asked about.
 class Server {
 public:
     /// Call before the first thread is started.

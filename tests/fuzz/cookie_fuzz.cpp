@@ -67,8 +67,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                     "https://home.example.org/a;b/",
                                     "http://127.0.0.1/",
                                     "http://[::1]/x",
-                                    "https://www.b\xC3\xBC"
-                                    "cher.example/",
+                                    "https://www.d\xC3\xBCrer.example/",
                                     "http://localhost/",
                                     "http://a.co.uk/"};
     if (size == 0) return 0;

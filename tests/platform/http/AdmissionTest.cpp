@@ -195,7 +195,7 @@ TEST(Admission, ForgetsOriginsThatAreIdle) {
 TEST(Admission, OriginsWhoseNamesAreNotLookedUpYetWaitWhileTooManyAre) {
     Admission admission(6, 100, 2);
     std::vector<Applicant> applicants(4);
-    for (int i = 0; i < 3; ++i)
+    for (std::size_t i = 0; i < 3; ++i)
         admission.enqueue(applicants[i], "http://host" + std::to_string(i) + ".test:80");
     EXPECT_EQ(admission.admitNext(), &applicants[0]);
     EXPECT_EQ(admission.admitNext(), &applicants[1]);
@@ -222,7 +222,7 @@ TEST(Admission, TellsHowManyWaitForAnOrigin) {
 TEST(Admission, AnOriginThatWaitsForALookupIsLeftByThoseWhoGiveUp) {
     Admission admission(6, 100, 1);
     std::vector<Applicant> applicants(3);
-    for (int i = 0; i < 3; ++i)
+    for (std::size_t i = 0; i < 3; ++i)
         admission.enqueue(applicants[i], "http://host" + std::to_string(i) + ".test:80");
     EXPECT_EQ(admission.admitNext(), &applicants[0]);
     EXPECT_EQ(admission.admitNext(), nullptr);
