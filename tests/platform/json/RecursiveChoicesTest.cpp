@@ -145,11 +145,19 @@ std::string nest(std::size_t levels, const std::string& label, const std::string
     return text;
 }
 
+// How the compiler writes the namespace of the types above.
+#ifdef __clang__
+constexpr const char* unnamed = "(anonymous namespace)::";
+#else
+constexpr const char* unnamed = "{anonymous}::";
+#endif
+
 /// The same as what a value of so many levels is shown as.
 std::string shownNest(std::size_t levels, const std::string& kind, const std::string& label,
                       const std::string& core = "") {
     std::string text;
-    for (std::size_t i = 0; i < levels; ++i) text += R"({"{anonymous}::)" + kind + R"(":{"parts":[)";
+    for (std::size_t i = 0; i < levels; ++i)
+        text += R"({")" + std::string(unnamed) + kind + R"(":{"parts":[)";
     text += core;
     for (std::size_t i = 0; i < levels; ++i) text += R"(],"label":)" + label + "}}";
     return text;
