@@ -27,17 +27,17 @@ std::optional<std::size_t> numberOf(std::string_view text) {
 std::optional<Part> partOf(std::string_view range, std::size_t size) {
     constexpr std::string_view unit = "bytes=";
     if (!sameHeaderName(range.substr(0, unit.size()), unit)) return std::nullopt;
-    const std::string_view spec = trimmed(range.substr(unit.size()));
-    const auto dash = spec.find('-');
+    const std::string_view positions = trimmed(range.substr(unit.size()));
+    const auto dash = positions.find('-');
     if (dash == std::string_view::npos) return std::nullopt;
-    const std::string_view lastText = spec.substr(dash + 1);
+    const std::string_view lastText = positions.substr(dash + 1);
     const auto last = numberOf(lastText);
     if (dash == 0) {
         if (!last || *last == 0 || size == 0) return std::nullopt;
         const std::size_t length = std::min(*last, size);
         return Part{size - length, length};
     }
-    const auto first = numberOf(spec.substr(0, dash));
+    const auto first = numberOf(positions.substr(0, dash));
     if (!first || *first >= size || (!last && !lastText.empty())) return std::nullopt;
     if (last && *last < *first) return std::nullopt;
     return Part{*first, std::min(last.value_or(size - 1), size - 1) - *first + 1};
