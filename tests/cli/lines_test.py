@@ -81,7 +81,7 @@ class DecodeLines(TestCase):
         self.assertEqual(outcome.bytes.count(b"\n"), 100_000)
         self.assertTrue(outcome.bytes.endswith(b"}}\n"))
         # It takes two; the rest is for a machine that has other things to do, and for sanitizers.
-        self.assertLess(seconds, 30)
+        self.assertLess(seconds, 120)
 
 
 if __name__ == "__main__":

@@ -81,11 +81,11 @@ TEST(BackPressure, AnswersThatAreNotDeliveredStopTheReading) {
     const auto session = sessionWith(8 * megabyte);
     Blockade blockade(*session);
     // It is under way before the reading stops, and runs out of time while it has stopped.
-    const Loaded stalled = startLoad(*session, impatient(stalling.url("/stall"), 1));
+    const Loaded stalled = startLoad(*session, impatient(stalling.url("/stall"), 5));
     ASSERT_TRUE(stalling.waitForRequests(1));
     std::vector<Loaded> loads;
     // The idle time is shorter than the blockade: a load that is paused uses none.
-    for (int i = 0; i < 200; ++i) loads.push_back(startLoad(*session, impatient(server.url(), 0.5)));
+    for (int i = 0; i < 200; ++i) loads.push_back(startLoad(*session, impatient(server.url(), 4)));
     EXPECT_TRUE(stalling.waitForClosedByClient(1)) << "the time-out was held up";
     // Eight that fill the limit, and what six connections have under way in a round or two.
     EXPECT_LE(server.requests().size(), 30U);

@@ -115,7 +115,7 @@ TEST_F(HTTP2, AServerThatTakesFewAtOnceIsServedToTheEnd) {
     // The interval is far shorter than the whole, so waiting for room must not count.
     serve(inTurn(std::chrono::milliseconds(150)), 2);
     std::vector<Loaded> loads;
-    for (int i = 0; i < 90; ++i) loads.push_back(startLoad(*session_, request("/x", 0.7)));
+    for (int i = 0; i < 90; ++i) loads.push_back(startLoad(*session_, request("/x", 3)));
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "in turn") << loaded.story();
 }
 
@@ -240,12 +240,12 @@ TEST_F(HTTP2, ABodyThatTricklesLivesBesideOneThatStalls) {
                 connection.stall();
                 return;
             }
-            connection.trickle("twenty bytes, slowly", std::chrono::milliseconds(60));
+            connection.trickle("twenty bytes, slowly", std::chrono::milliseconds(110));
         }
     });
     EXPECT_EQ(load(*session_, request("/first")).body(), "twenty bytes, slowly");
-    const Loaded slow = startLoad(*session_, request("/slow", 0.5));
-    const Loaded stalled = startLoad(*session_, request("/stalls", 0.5));
+    const Loaded slow = startLoad(*session_, request("/slow", 2));
+    const Loaded stalled = startLoad(*session_, request("/stalls", 2));
     EXPECT_EQ(slow.body(), "twenty bytes, slowly") << slow.story();
     EXPECT_EQ(stalled.code(), URLErrorCode::timedOut) << stalled.story();
     EXPECT_EQ(relay_->connectionCount(), 1U);
@@ -342,14 +342,14 @@ TEST_F(HTTP2, AnswersThatAreNotDeliveredStopTheReadingAndLaterAllArrive) {
     session_->delegateQueue().async([&blockade] { const std::lock_guard wait(blockade); });
     std::vector<Loaded> loads;
     // A load that is paused, or whose connection is, uses no idle time.
-    for (int i = 0; i < 60; ++i) loads.push_back(startLoad(*session_, request("/", 1)));
+    for (int i = 0; i < 60; ++i) loads.push_back(startLoad(*session_, request("/", 4)));
     // It takes longer than their idle time.
     FaultServer stalling([](FaultConnection& connection) {
         if (connection.readRequest()) connection.stall();
     });
     const auto other = URLSession::make(URLSessionConfiguration::default_());
     URLRequest timer = requestOf(stalling.url());
-    timer.setTimeoutInterval(std::chrono::milliseconds(1500));
+    timer.setTimeoutInterval(std::chrono::milliseconds(4500));
     EXPECT_EQ(load(*other, timer).code(), URLErrorCode::timedOut);
     EXPECT_EQ(loads.front().calls(), 0);
     lock.unlock();

@@ -108,7 +108,7 @@ TEST(Metrics, CountTheTimeInWhichTheServerThinks) {
     FaultServer server([&thought](FaultConnection& connection) {
         if (!connection.readRequest()) return;
         const auto begun = Clock::now();
-        connection.pace(50ms);
+        connection.pace(500ms);
         thought = std::chrono::duration_cast<Duration>(Clock::now() - begun).count();
         connection.send(answer(200, "ok"));
     });
@@ -119,7 +119,7 @@ TEST(Metrics, CountTheTimeInWhichTheServerThinks) {
     // libcurl takes the time once in a round, so its clock may be a few milliseconds behind.
     EXPECT_GE(*record.firstByte, Duration(thought.load() / 2));
     EXPECT_GE(record.total, record.queued + *record.connect + *record.firstByte);
-    EXPECT_LT(*record.connect, 50ms) << "the server's time is no time of connecting";
+    EXPECT_LT(*record.connect, 500ms) << "the server's time is no time of connecting";
 }
 
 TEST(Metrics, CountTheTimeInTheQueue) {
@@ -127,7 +127,7 @@ TEST(Metrics, CountTheTimeInTheQueue) {
     FaultServer server([&answered](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             if (request->target == "/first") {
-                connection.pace(50ms);
+                connection.pace(500ms);
                 answered = Clock::now().time_since_epoch().count();
             }
             connection.send(answer(200, "ok"));
@@ -142,7 +142,7 @@ TEST(Metrics, CountTheTimeInTheQueue) {
     const Clock::time_point freed{Clock::duration(answered.load())};
     EXPECT_GE(second.only().queued, std::chrono::floor<Duration>(freed - started));
     EXPECT_GE(second.only().total, second.only().queued);
-    EXPECT_LT(first.only().queued, 50ms);
+    EXPECT_LT(first.only().queued, 500ms);
 }
 
 TEST(Metrics, CountTheBytesOnTheWireAndTheDecodedOnes) {

@@ -52,7 +52,7 @@ TEST(TimeOuts, AServerThatStallsIsGivenUpAfterTheInterval) {
         const auto [loaded, seconds] = timed(impatient(server.url(), 0.2));
         EXPECT_EQ(loaded.code(), URLErrorCode::timedOut) << start << ": " << loaded.story();
         EXPECT_GE(seconds, 0.19) << start;
-        EXPECT_LT(seconds, 2) << start;
+        EXPECT_LT(seconds, 15) << start;
         // Its socket is gone as well.
         EXPECT_TRUE(server.waitForClosedByClient(1));
     }
@@ -62,11 +62,11 @@ TEST(TimeOuts, ABodyThatTricklesLives) {
     FaultServer server([](FaultConnection& connection) {
         if (!connection.readRequest()) return;
         connection.send("HTTP/1.1 200 OK\r\nContent-Length: 20\r\n\r\n");
-        connection.trickle("twenty bytes, slowly", milliseconds(60));
+        connection.trickle("twenty bytes, slowly", milliseconds(120));
     });
-    const auto [loaded, seconds] = timed(impatient(server.url(), 0.5));
+    const auto [loaded, seconds] = timed(impatient(server.url(), 2));
     EXPECT_EQ(loaded.body(), "twenty bytes, slowly") << loaded.story();
-    EXPECT_GT(seconds, 1.0);
+    EXPECT_GT(seconds, 2);
 }
 
 TEST(TimeOuts, HeadersThatTrickleLive) {
@@ -75,9 +75,9 @@ TEST(TimeOuts, HeadersThatTrickleLive) {
         connection.trickle("HTTP/1.1 200 OK\r\nX: y\r\nContent-Length: 2\r\n\r\n", milliseconds(50));
         connection.send("ok");
     });
-    const auto [loaded, seconds] = timed(impatient(server.url(), 0.5));
+    const auto [loaded, seconds] = timed(impatient(server.url(), 2));
     EXPECT_EQ(loaded.body(), "ok") << loaded.story();
-    EXPECT_GT(seconds, 1.0);
+    EXPECT_GT(seconds, 2);
 }
 
 TEST(TimeOuts, ACodedBodyThatTricklesLivesThoughNothingCanBeDecodedYet) {
@@ -87,11 +87,11 @@ TEST(TimeOuts, ACodedBodyThatTricklesLivesThoughNothingCanBeDecodedYet) {
         if (!connection.readRequest()) return;
         connection.send("HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: " +
                         std::to_string(coded.size()) + "\r\n\r\n");
-        connection.trickle(coded, milliseconds(30));
+        connection.trickle(coded, milliseconds(60));
     });
-    const auto [loaded, seconds] = timed(impatient(server.url(), 0.4));
+    const auto [loaded, seconds] = timed(impatient(server.url(), 2));
     EXPECT_EQ(loaded.body(), "short enough for one block") << loaded.story();
-    EXPECT_GT(seconds, 0.8);
+    EXPECT_GT(seconds, 2);
 }
 
 TEST(TimeOuts, AnUploadThatMovesLivesAndOneThatStallsDies) {
@@ -104,17 +104,17 @@ TEST(TimeOuts, AnUploadThatMovesLivesAndOneThatStallsDies) {
                 connection.ignore();
                 return;
             }
-            connection.readSlowly(std::stoull(head->header("content-length")), 1024 * 1024, milliseconds(40));
+            connection.readSlowly(std::stoull(head->header("content-length")), 1024 * 1024, milliseconds(90));
             connection.send(answer(200, "thanks"));
         });
-        URLRequest request = impatient(server.url(), 0.5, "POST");
+        URLRequest request = impatient(server.url(), 2, "POST");
         request.setHTTPBody(Data(body));
         const auto [loaded, seconds] = timed(request);
         if (stalls) {
             EXPECT_EQ(loaded.code(), URLErrorCode::timedOut) << loaded.story();
         } else {
             EXPECT_EQ(loaded.body(), "thanks") << loaded.story();
-            EXPECT_GT(seconds, 0.6);
+            EXPECT_GT(seconds, 2);
         }
     }
 }
@@ -123,7 +123,7 @@ TEST(TimeOuts, WaitingForAConnectionDoesNotCount) {
     // One connection serves four requests, each in most of the interval.
     FaultServer server([](FaultConnection& connection) {
         while (connection.readRequest()) {
-            connection.pace(milliseconds(200));
+            connection.pace(milliseconds(800));
             connection.send(answer(200, "in turn"));
         }
     });
@@ -131,7 +131,7 @@ TEST(TimeOuts, WaitingForAConnectionDoesNotCount) {
     configuration.httpMaximumConnectionsPerHost = 1;
     const auto session = URLSession::make(configuration);
     std::vector<Loaded> loads;
-    for (int i = 0; i < 4; ++i) loads.push_back(startLoad(*session, impatient(server.url(), 0.5)));
+    for (int i = 0; i < 4; ++i) loads.push_back(startLoad(*session, impatient(server.url(), 2.5)));
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "in turn") << loaded.story();
     EXPECT_EQ(server.connectionCount(), 1U);
 }
