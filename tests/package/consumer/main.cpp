@@ -1,5 +1,7 @@
 // A host as it stands outside the project: it has what was installed, and nothing else.
 
+#include <VanticRestKit/platform/async/StdFuture.h>
+#include <VanticRestKit/platform/async/Task.h>
 #include <VanticRestKit/VanticRestKit.h>
 
 #include <chrono>
@@ -66,6 +68,13 @@ bool reportsAFailedLoad() {
     return outcome.wait_for(std::chrono::seconds(30)) == std::future_status::ready && outcome.get() == -1004;
 }
 
+bool waitsForAStdFuture() {
+    const auto resource = Endpoint::Video({.houseNumber = "X1"}, Nowhere());
+    if (!resource) return false;
+    const Result<Video, LoaderError> outcome = toStdFuture(resource->future()).get();
+    return !outcome && outcome.error().underlyingError();
+}
+
 int check(const char* what, bool holds) {
     std::printf("%s: %s\n", what, holds ? "yes" : "no");
     return holds ? 0 : 1;
@@ -77,5 +86,6 @@ int main() {
     return check("decodes an entity", decodesAnEntity()) +
            check("tells why a document does not decode", tellsWhyADocumentDoesNotDecode()) +
            check("decodes a type of its own", decodesATypeOfItsOwn()) +
-           check("reports a failed load", reportsAFailedLoad());
+           check("reports a failed load", reportsAFailedLoad()) +
+           check("waits for a std::future", waitsForAStdFuture());
 }

@@ -50,7 +50,7 @@ private:
 template <class Outcome>
 class FutureOutcome final : public FutureState {
 public:
-    void set(Outcome outcome) {
+    void set(Outcome&& outcome) {
         outcome_.emplace(std::move(outcome));
         ready();
     }
@@ -79,8 +79,8 @@ public:
         : LoadFuture(std::make_shared<Starter>(std::move(starter))) {
         options.on = std::nullopt;
         const auto& held = *static_cast<const Starter*>(starter_.get());
-        const auto call = held.prepare(std::move(options),
-                                       [state = state_](Outcome outcome) { state->set(std::move(outcome)); });
+        const auto call = held.prepare(
+            std::move(options), [state = state_](Outcome&& outcome) { state->set(std::move(outcome)); });
         Cancellable(call).detach();
         call->begin();
     }

@@ -187,11 +187,12 @@ public:
         }
         void return_void() const noexcept {}
         // What a task throws stays in the task.
-        void unhandled_exception() const noexcept { std::terminate(); }
+        [[noreturn]] void unhandled_exception() const noexcept { std::terminate(); }
 
         Arrival arrival{};
     };
 
+    explicit TaskRunner(std::coroutine_handle<promise_type> coroutine) noexcept : coroutine_(coroutine) {}
     TaskRunner(TaskRunner&& other) noexcept : coroutine_(std::exchange(other.coroutine_, nullptr)) {}
     TaskRunner& operator=(TaskRunner&&) = delete;
     ~TaskRunner() {
@@ -204,8 +205,6 @@ public:
     }
 
 private:
-    explicit TaskRunner(std::coroutine_handle<promise_type> coroutine) noexcept : coroutine_(coroutine) {}
-
     std::coroutine_handle<promise_type> coroutine_;
 };
 
