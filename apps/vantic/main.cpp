@@ -3,8 +3,10 @@
 #include <string_view>
 #include <vector>
 
+#include "arguments/Suggestions.h"
 #include "commands/Commands.h"
 #include "Failure.h"
+#include "help/HelpText.h"
 #include "Output.h"
 #include "StandardDescriptors.h"
 
@@ -12,22 +14,31 @@ namespace vantic {
 
 namespace {
 
-struct Command {
-    std::string_view name;
-    void (*run)(Words words);
-};
-
-constexpr Command commands[] = {
-    {"types", runTypes}, {"decode", runDecode}, {"explain", runExplain}, {"request", runRequest},
-    {"load", runLoad},   {"user", runUser},     {"help", runHelp},       {"--help", runHelp},
-};
+void runCommand(Words words) {
+    const std::string& name = words.front();
+    if (isHelp(name)) return runHelp(words.subspan(1));
+    if (name == "--version") {
+        Arguments::read(words.subspan(1), {});
+        return print("vantic " VRK_VERSION "\n");
+    }
+    // Called by the shells alone, so no list names it.
+    if (name == "complete") return runComplete(words.subspan(1));
+    const Command* const command = commandNamed(name);
+    if (command == nullptr) {
+        std::vector<std::string_view> names;
+        for (const Command& each : allCommands()) names.push_back(each.name);
+        throw UsageError{"there is no command " + name + suggestion(name, names)};
+    }
+    command->run(words.subspan(1));
+}
 
 void run(Words words) {
-    if (words.empty()) throw UsageError{"no command is named; vantic --help tells them"};
-    for (const Command& command : commands) {
-        if (command.name == words.front()) return command.run(words.subspan(1));
+    if (words.empty()) throw UsageError{"no command is named; vantic --help lists them"};
+    try {
+        runCommand(words);
+    } catch (const HelpRequested&) {
+        print(helpForCall(words));
     }
-    throw UsageError{"there is no command " + words.front()};
 }
 
 }  // namespace
@@ -46,6 +57,8 @@ int main(int argc, char** argv) {
         return 2;
     } catch (const vantic::Failed& error) {
         vantic::report(error.message);
+        return 1;
+    } catch (const vantic::FailedAndReported&) {
         return 1;
     }
 }

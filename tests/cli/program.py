@@ -9,6 +9,8 @@ import urllib.request
 
 VANTIC = os.environ["VRK_VANTIC"]
 SECONDS = 60
+# A developer may have set this one.
+ENVIRONMENT = {name: value for name, value in os.environ.items() if name != "VANTIC_BASE_URL"}
 
 
 class Outcome:
@@ -30,7 +32,7 @@ def vantic(*words, stdin=b"", **environment):
         input=stdin.encode() if isinstance(stdin, str) else stdin,
         capture_output=True,
         timeout=SECONDS,
-        env={**os.environ, **environment},
+        env={**ENVIRONMENT, **environment},
     ))
 
 

@@ -30,6 +30,10 @@ GIVEN = ARGUMENTS.parse_args()
 CMAKE_FILES = """FindVrkBrotli.cmake FindVrkPsl.cmake FindVrkUtf8proc.cmake VanticRestKit-shared-release.cmake VanticRestKit-shared.cmake
 VanticRestKit-static-release.cmake VanticRestKit-static.cmake VanticRestKitConfig.cmake
 VanticRestKitConfigVersion.cmake""".split()
+MANUAL_PAGES = """vantic vantic-types vantic-decode vantic-explain vantic-request vantic-load vantic-user vantic-help
+vantic-manual""".split()
+COMPLETIONS = {"share/bash-completion/completions/vantic", "share/zsh/site-functions/_vantic",
+               "share/fish/vendor_completions.d/vantic.fish"}  # fmt: skip
 
 
 class Folder(unittest.TestCase):
@@ -75,6 +79,7 @@ class Installed(Folder):
         expected |= {"lib/libVanticRestKitTesting.a", "lib/libVanticRestKitSampleService.a"}
         expected |= {"lib/pkgconfig/VanticRestKit.pc", "lib/pkgconfig/VanticRestKit-static.pc"}
         expected |= {"bin/vantic", "bin/sample-service", "share/doc/VanticRestKit/README.md"}
+        expected |= {f"share/man/man1/{page}.1" for page in MANUAL_PAGES} | COMPLETIONS
         docs = GIVEN.tree / "docs"
         expected |= {f"share/doc/VanticRestKit/docs/{file.relative_to(docs)}" for file in docs.rglob("*.md")}
         files = {str(f.relative_to(self.prefix)) for f in self.prefix.rglob("*") if f.is_file() or f.is_symlink()}

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "arguments/Suggestions.h"
 #include "arguments/Values.h"
 #include "Failure.h"
 
@@ -14,22 +15,29 @@ bool isOption(std::string_view word) { return word.size() > 1 && word[0] == '-';
 const Option& find(std::span<const Option> options, const std::string& name) {
     const auto found = std::find_if(options.begin(), options.end(),
                                     [&](const Option& option) { return option.name == name; });
-    if (found == options.end()) throw UsageError{"unknown option --" + name};
+    if (found == options.end()) {
+        std::vector<std::string_view> names;
+        for (const Option& option : options) names.push_back(option.name);
+        throw UsageError{"unknown option --" + name + suggestion(name, names, "--")};
+    }
     return *found;
 }
 
 }  // namespace
 
-Arguments Arguments::read(Words words, std::span<const Option> options, std::size_t mostPositionals) {
+bool isHelp(std::string_view word) { return word == "-h" || word == "--help"; }
+
+Arguments Arguments::read(Words words, std::span<const Option> options, std::size_t maxPositionals) {
     Arguments arguments;
     for (std::size_t i = 0; i < words.size(); ++i) {
         const std::string& word = words[i];
         if (!isOption(word)) {
-            if (arguments.positionals_.size() == mostPositionals)
+            if (arguments.positionals_.size() == maxPositionals)
                 throw UsageError{"unexpected argument " + word};
             arguments.positionals_.push_back(word);
             continue;
         }
+        if (isHelp(word)) throw HelpRequested{};
         if (!word.starts_with("--")) throw UsageError{"unknown option " + word};
         const std::size_t equals = word.find('=');
         const std::string name = word.substr(2, equals == std::string::npos ? equals : equals - 2);

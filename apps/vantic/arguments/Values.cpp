@@ -6,6 +6,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "arguments/Suggestions.h"
+
 namespace vantic {
 
 namespace {
@@ -48,6 +50,13 @@ bool readTruth(std::string_view name, const std::string& text) {
         throw UsageError{"--" + std::string(name) + " takes true or false, not " + text};
     }
     return text == "true";
+}
+
+std::vector<std::string_view> truthTexts() { return {"true", "false"}; }
+
+void refuse(std::string_view name, const std::string& text, const std::vector<std::string_view>& allowed) {
+    throw UsageError{"--" + std::string(name) + " takes " + alternatives(allowed) + ", not " + text +
+                     suggestion(text, allowed)};
 }
 
 VanticRestKit::URLQueryItem readQueryItem(std::string_view, const std::string& text) {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "Failure.h"
 
@@ -30,11 +31,26 @@ VanticRestKit::RecsModuleContext readContent(std::string_view name, const std::s
 /// A JSON object as free-form data: its texts, numbers and truth values.
 VanticRestKit::Dictionary readDataset(std::string_view name, const std::string& text);
 
+/// Throws `UsageError` for a text that is none of those allowed.
+[[noreturn]] void refuse(std::string_view name, const std::string& text,
+                         const std::vector<std::string_view>& allowed);
+
+/// The raw texts of an enumeration, in case order.
+template <class E>
+std::vector<std::string_view> rawTexts() {
+    std::vector<std::string_view> texts;
+    for (const auto& row : VanticRestKit::RawTexts<E>::cases) texts.push_back(row.raw);
+    return texts;
+}
+
+/// "true" and "false".
+std::vector<std::string_view> truthTexts();
+
 /// The case of an enumeration by its raw text.
 template <class E>
 E readCase(std::string_view name, const std::string& text) {
     const std::optional<E> found = VanticRestKit::fromRawValue<E>(text);
-    if (!found) throw UsageError{"--" + std::string(name) + " has no case " + text};
+    if (!found) refuse(name, text, rawTexts<E>());
     return *found;
 }
 

@@ -1,10 +1,37 @@
 #pragma once
 
+#include <span>
+#include <string>
+#include <string_view>
+
 #include "arguments/Arguments.h"
 
-// The commands. Each is given the words behind its name and throws `UsageError` or `Failed`.
 namespace vantic {
 
+/// A command, for running it and for everything that describes it: help, completion and manual pages.
+struct Command {
+    /// What follows the name of a command beside its options.
+    enum class Takes { nothing, document, operation, userOperation, anyOperation, topic };
+
+    std::string_view name;
+    /// What follows the name, such as "TYPE [FILE]".
+    std::string_view synopsis;
+    /// One line of help.
+    std::string_view summary;
+    Takes takes;
+    /// Its own options, without those of an operation.
+    std::span<const Option> options;
+    /// Is given the words after the name. Throws `UsageError`, `Failed`, `FailedAndReported` or `HelpRequested`.
+    void (*run)(Words words);
+};
+
+/// All commands, in the order of the help text.
+std::span<const Command> allCommands();
+
+/// The command of that name; null if there is none.
+const Command* commandNamed(std::string_view name);
+
+// What the commands do, and their options. Each is defined in the source of its name.
 void runTypes(Words words);
 void runDecode(Words words);
 void runExplain(Words words);
@@ -12,5 +39,10 @@ void runRequest(Words words);
 void runLoad(Words words);
 void runUser(Words words);
 void runHelp(Words words);
+void runManual(Words words);
+void runComplete(Words words);
+std::span<const Option> decodeOptions();
+std::span<const Option> loadOptions();
+std::span<const Option> userCommandOptions();
 
 }  // namespace vantic

@@ -2,6 +2,7 @@
 
 #include "commands/Commands.h"
 #include "commands/TypeAndInput.h"
+#include "documents/BrokenPlace.h"
 #include "documents/Documents.h"
 #include "Output.h"
 #include "types/Decoding.h"
@@ -19,11 +20,13 @@ std::string faultText(const VanticRestKit::Fault& fault) {
 }  // namespace
 
 void runExplain(Words words) {
-    const TypeAndInput what(Arguments::read(words, {}, TypeAndInput::mostWords));
+    const TypeAndInput what(Arguments::read(words, {}, TypeAndInput::maxWords));
     Input input(what.file);
     const Type::Value value = what.type.make();
-    const auto diagnosis =
-        VanticRestKit::diagnose(VanticRestKit::Data(input.readAll()), what.type.plan(), value.get());
+    const VanticRestKit::Data document(input.readAll());
+    if (const auto place = breakIn(document.view()))
+        report("vantic: the document is broken at " + textOf(*place));
+    const auto diagnosis = VanticRestKit::diagnose(document, what.type.plan(), value.get());
     std::string text = "{\"faults\":[";
     const char* separator = "";
     for (const VanticRestKit::Fault& fault : diagnosis.faults) {

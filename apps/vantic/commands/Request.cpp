@@ -18,7 +18,7 @@ using namespace VanticRestKit;
 
 namespace {
 
-/// Stands in for what would run a request: nobody is told of an outcome.
+/// Stands in for what would run a request: there is no outcome.
 class Unsent final : public Serviceable {
 public:
     void fetch(FetchArguments) override {}
@@ -69,8 +69,7 @@ Auth lasting(const std::string& token) {
 }
 
 void requestForUser(Words words) {
-    static constexpr Option token[] = {required("token")};
-    const UserCall call = readUserCall(words, token);
+    const UserCall call = readUserCall(words, tokenOption());
     Trelvo trelvo = TrelvoProbe::make([] { return 0.0; });
     TrelvoProbe::state(trelvo).auth.store(lasting(call.given.text("token")));
     Requests requests;

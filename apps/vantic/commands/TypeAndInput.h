@@ -11,16 +11,16 @@ namespace vantic {
 
 /// "TYPE [FILE]", as the commands about documents take it.
 struct TypeAndInput {
-    static constexpr std::size_t mostWords = 2;
+    static constexpr std::size_t maxWords = 2;
 
     explicit TypeAndInput(const Arguments& given)
-        : type(given.positionals().empty() ? throw UsageError{"no type is named"}
+        : type(given.positionals().empty() ? throw UsageError{"no type is named; vantic types lists them"}
                                            : typeNamed(given.positionals()[0])) {
         if (given.positionals().size() > 1) file = given.positionals()[1];
     }
 
     const Type& type;
-    /// Standard input where it is left out.
+    /// Standard input if it is left out.
     std::optional<std::string> file;
 };
 

@@ -12,14 +12,19 @@ namespace vantic {
 
 using VanticRestKit::Trelvo;
 
+std::span<const Option> userCommandOptions() {
+    static constexpr Option options[] = {flag("quiet", "prints no value, only errors")};
+    return options;
+}
+
 void runUser(Words words) {
-    UserCall call = readUserCall(words);
+    UserCall call = readUserCall(words, userCommandOptions());
     CommonOptions common = CommonOptions::read(call.given);
     Serve serve = serveOver(common);
     const auto watch = std::make_shared<RequestWatch>();
     const auto host =
         std::make_shared<UserHost>(std::move(common), call.given.optionalText("uid"), std::move(serve));
-    // A thread of its own, which nobody waits for: where the token cannot be asked for it never ends.
+    // A thread of its own that is not waited for: if the token cannot be asked for, it never ends.
     std::thread([run = std::move(call.run), host, watch] {
         run(Trelvo::shared(), WatchedContext(*host, watch), watch);
         watch->operationReturned();
@@ -28,7 +33,7 @@ void runUser(Words words) {
     const std::optional<UserText> outcome = watch->outcomeAtTheEnd();
     if (!outcome) throw Failed{noRequest};
     if (!*outcome) throw Failed{outcome->error().localizedDescription()};
-    if (!(*outcome)->empty()) print(**outcome + "\n");
+    if (!(*outcome)->empty() && !call.given.flag("quiet")) print(**outcome + "\n");
 }
 
 }  // namespace vantic

@@ -19,11 +19,13 @@ constexpr std::size_t blockSize = std::size_t{1} << 18;
     throw Failed{"cannot read " + name + ": " + std::strerror(errno)};
 }
 
+bool isStandardInput(const std::optional<std::string>& file) { return !file || *file == "-"; }
+
 }  // namespace
 
 Input::Input(const std::optional<std::string>& file)
-    : file_(file ? ::open(file->c_str(), O_RDONLY | O_CLOEXEC) : STDIN_FILENO),
-      name_(file.value_or("standard input")) {
+    : file_(isStandardInput(file) ? STDIN_FILENO : ::open(file->c_str(), O_RDONLY | O_CLOEXEC)),
+      name_(isStandardInput(file) ? "standard input" : *file) {
     if (file_ < 0) fail(name_);
 }
 

@@ -7,10 +7,10 @@
 
 namespace vantic {
 
-/// A file, or standard input, as bytes. All functions throw `Failed` where it cannot be read.
+/// A file, or standard input, as bytes. All functions throw `Failed` if it cannot be read.
 class Input {
 public:
-    /// Standard input where no file is named.
+    /// Standard input if no file is named, or "-".
     explicit Input(const std::optional<std::string>& file);
     ~Input();
     Input(const Input&) = delete;

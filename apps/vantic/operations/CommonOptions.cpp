@@ -1,5 +1,7 @@
 #include "operations/CommonOptions.h"
 
+#include <cstdlib>
+
 #include "arguments/Values.h"
 #include "Failure.h"
 
@@ -15,20 +17,39 @@ std::pair<std::string, std::string> readHeader(const std::string& text) {
     return {text.substr(0, colon), value == std::string::npos ? "" : text.substr(value)};
 }
 
+constexpr std::string_view baseURLOption = "base-url";
+constexpr const char* baseURLVariable = "VANTIC_BASE_URL";
+
+VanticRestKit::URL readBaseURL(const Arguments& arguments) {
+    const char* const variable = std::getenv(baseURLVariable);
+    const bool isFromVariable = !arguments.has(baseURLOption) && variable != nullptr && *variable != '\0';
+    const std::string address = isFromVariable ? variable : arguments.text(baseURLOption);
+    const std::optional<VanticRestKit::URL> url = VanticRestKit::URL::make(address);
+    if (!url) {
+        const std::string source = isFromVariable ? baseURLVariable : "--" + std::string(baseURLOption);
+        throw UsageError{source + " is no URL: " + address};
+    }
+    return *url;
+}
+
 }  // namespace
 
 std::span<const Option> CommonOptions::options() {
-    static constexpr Option options[] = {required("base-url"), repeated("header"), optional("timeout"),
-                                         optional("ca"),       flag("verbose"),    optional("cache"),
-                                         flag("revalidate"),   flag("trace")};
+    static constexpr Option options[] = {
+        required(baseURLOption, "URL",
+                 "where the service is; left out, the environment variable VANTIC_BASE_URL"),
+        repeated("header", "'NAME: VALUE'", "a header of the host's own"),
+        optional("timeout", "SECONDS", "how long nothing may move; 30 if left out"),
+        path(optional("ca", "FILE", "the certificates to be trusted")),
+        flag("verbose", "what the failure hook receives goes to standard error"),
+        path(optional("cache", "FOLDER", "keeps answers there, for this run and later ones")),
+        flag("revalidate", "asks the service whether what is kept has changed"),
+        flag("trace", "status, source, times, bytes and headers of each answer, on standard error")};
     return options;
 }
 
 CommonOptions CommonOptions::read(const Arguments& arguments) {
-    const std::string address = arguments.text("base-url");
-    std::optional<VanticRestKit::URL> baseURL = VanticRestKit::URL::make(address);
-    if (!baseURL) throw UsageError{"--base-url is no URL: " + address};
-    CommonOptions common{.baseURL = *std::move(baseURL),
+    CommonOptions common{.baseURL = readBaseURL(arguments),
                          .headers = {},
                          .timeout = arguments.optionally("timeout", readNumber),
                          .authorityFile = arguments.optionalText("ca"),

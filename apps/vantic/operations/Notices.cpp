@@ -60,26 +60,37 @@ std::vector<Operation> noticeOperations() {
     using In = const Host&;
     return {
         {"NowNext",
-         {required("houseNumber")},
+         "what a live channel shows now and next",
+         {required("houseNumber", "NUMBER", "the house number of the video")},
          [](Given given, In host) {
              return loadable(Endpoint::NowNext({.houseNumber = given.text("houseNumber")}, host));
          }},
         {"Livestreams",
-         {optional("region")},
+         "the live channels",
+         {oneOf(optional("region", "REGION", "the region of the viewer"), rawTexts<LivestreamRegion>)},
          [](Given given, In host) {
              return loadable(Endpoint::Livestreams(
                  {.region = given.optionally("region", readCase<LivestreamRegion>)}, host));
          }},
         {"Messages",
-         {required("appId"), flag("loggedIn"), optional("appVersion"), optional("systemVersion"),
-          optional("machine")},
+         "messages for the users of an application",
+         {oneOf(required("appId", "APP", "the application"), rawTexts<MessagesAppId>),
+          flag("loggedIn", "a user is signed in"),
+          optional("appVersion", "VERSION", "the version of the application"),
+          optional("systemVersion", "VERSION", "the version of the operating system"),
+          optional("machine", "NAME", "the name of the device")},
          callMessages},
         {"ProductAlert",
-         {required("alertId")},
+         "an alert",
+         {required("alertId", "ID", "the id of the alert")},
          [](Given given, In host) {
              return loadable(Endpoint::ProductAlert({.alertId = given.text("alertId")}, host));
          }},
-        {"Remap", {required("path"), repeated("queryItems")}, callRemap},
+        {"Remap",
+         "where a path of the web site leads",
+         {required("path", "PATH", "the path to look up"),
+          repeated("queryItems", "NAME=VALUE", "one of its query items")},
+         callRemap},
     };
 }
 

@@ -15,9 +15,11 @@ namespace vantic {
 /// One way of calling an operation of the library. An operation with alternatives has an entry for each.
 struct Operation {
     std::string_view name;
+    /// One line of help: what it loads.
+    std::string_view summary;
     /// Its own options, without the common ones.
     std::vector<Option> options;
-    /// Calls the library. Empty where it can make no request.
+    /// Calls the library. Empty if it can make no request.
     std::optional<Loadable> (*call)(const Arguments& given, const Host& host);
 };
 
@@ -30,8 +32,9 @@ struct Call {
     Arguments given;
 };
 
-/// Reads "OPERATION --option value ...". Throws `UsageError` where that is none.
-Call readCall(Words words);
+/// Reads "OPERATION --option value ...", with `more` options beside the usual ones. Throws `UsageError` if that is wrong
+/// and `HelpRequested` if it asks for help.
+Call readCall(Words words, std::span<const Option> more = {});
 
 // The entries, file by file.
 std::vector<Operation> videoOperations();

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "arguments/Suggestions.h"
 #include "Failure.h"
 #include "operations/Operation.h"
 
@@ -13,7 +14,11 @@ Alternatives named(const std::string& name) {
     const auto all = allOperations();
     const auto isNamed = [&](const Operation& operation) { return operation.name == name; };
     const auto first = std::find_if(all.begin(), all.end(), isNamed);
-    if (first == all.end()) throw UsageError{"there is no operation " + name};
+    if (first == all.end()) {
+        std::vector<std::string_view> names;
+        for (const Operation& operation : all) names.push_back(operation.name);
+        throw UsageError{"there is no operation " + name + suggestion(name, names)};
+    }
     return {first, std::find_if_not(first, all.end(), isNamed)};
 }
 
@@ -22,21 +27,22 @@ bool isAmong(std::span<const Option> options, std::string_view name) {
                        [&](const Option& option) { return option.name == name; });
 }
 
-std::vector<Option> allOptions(Alternatives alternatives) {
-    const auto common = CommonOptions::options();
-    std::vector<Option> options(common.begin(), common.end());
+/// The options of the alternatives, and then those that every operation takes.
+std::vector<Option> allOptions(Alternatives alternatives, std::span<const Option> common) {
+    std::vector<Option> options;
     for (const Operation& operation : alternatives) {
         for (const Option& option : operation.options) {
             if (!isAmong(options, option.name)) options.push_back(option);
         }
     }
+    options.insert(options.end(), common.begin(), common.end());
     return options;
 }
 
-bool takes(const Operation& operation, const Arguments& given) {
+bool takes(const Operation& operation, const Arguments& given, std::span<const Option> common) {
     const auto names = given.names();
     return std::all_of(names.begin(), names.end(), [&](std::string_view name) {
-        return isAmong(CommonOptions::options(), name) || isAmong(operation.options, name);
+        return isAmong(common, name) || isAmong(operation.options, name);
     });
 }
 
@@ -54,10 +60,10 @@ std::string joined(const std::vector<std::string>& parts, const std::string& sep
     return text;
 }
 
-const Operation& chosen(Alternatives alternatives, const Arguments& given) {
+const Operation& chosen(Alternatives alternatives, const Arguments& given, std::span<const Option> common) {
     std::vector<std::string> gaps;
     for (const Operation& operation : alternatives) {
-        if (!takes(operation, given)) continue;
+        if (!takes(operation, given, common)) continue;
         const auto names = missing(operation, given);
         if (names.empty()) return operation;
         gaps.push_back(joined(names, " and "));
@@ -83,12 +89,16 @@ std::span<const Operation> allOperations() {
     return operations;
 }
 
-Call readCall(Words words) {
-    if (words.empty()) throw UsageError{"no operation is named"};
+Call readCall(Words words, std::span<const Option> more) {
+    if (words.empty()) throw UsageError{"no operation is named; vantic help lists them"};
+    if (isHelp(words.front())) throw HelpRequested{};
     const Alternatives alternatives = named(words.front());
-    const std::vector<Option> options = allOptions(alternatives);
+    const auto ofAll = CommonOptions::options();
+    std::vector<Option> common(ofAll.begin(), ofAll.end());
+    common.insert(common.end(), more.begin(), more.end());
+    const std::vector<Option> options = allOptions(alternatives, common);
     Arguments given = Arguments::read(words.subspan(1), options);
-    const Operation& operation = chosen(alternatives, given);
+    const Operation& operation = chosen(alternatives, given, common);
     return {operation, std::move(given)};
 }
 

@@ -18,33 +18,42 @@ std::vector<Operation> screenOperations() {
     using Given = const Arguments&;
     using In = const Host&;
     return {
-        {"Home", {}, [](Given, In host) { return loadable(Endpoint::Home(host)); }},
-        {"Browse", {}, [](Given, In host) { return loadable(Endpoint::Browse(host)); }},
+        {"Home", "the home screen", {}, [](Given, In host) { return loadable(Endpoint::Home(host)); }},
+        {"Browse",
+         "the channels and categories to browse",
+         {},
+         [](Given, In host) { return loadable(Endpoint::Browse(host)); }},
         {"Collection",
-         {required("collectionId"), flag("embedHighlightItem")},
+         "a collection of mixed items",
+         {required("collectionId", "ID", "the id of the collection"),
+          flag("embedHighlightItem", "embeds the item to highlight")},
          [](Given given, In host) {
              return loadable(Endpoint::Collection({.collectionId = given.text("collectionId"),
                                                    .embedHighlightItem = given.flag("embedHighlightItem")},
                                                   host));
          }},
         {"Category",
-         {required("category")},
+         "the screen of a category",
+         {required("category", "CATEGORY", "the slug of the category")},
          [](Given given, In host) {
              return loadable(Endpoint::Category({.category = given.text("category")}, host));
          }},
         {"Channel",
-         {required("channel")},
+         "the screen of a channel",
+         {required("channel", "CHANNEL", "the slug of a channel")},
          [](Given given, In host) {
              return loadable(Endpoint::Channel({.channel = given.text("channel")}, host));
          }},
         {"Navigation",
-         {required("type")},
+         "the list of channels or of categories",
+         {oneOf(required("type", "TYPE", "what to list"), rawTexts<NavigationType>)},
          [](Given given, In host) {
              return loadable(
                  Endpoint::Navigation({.type = readCase<NavigationType>("type", given.text("type"))}, host));
          }},
         {"NavigationMainMenuList",
-         {required("channels")},
+         "the main menu",
+         {required("channels", "CHANNELS", "the slugs of channels, separated by commas")},
          [](Given given, In host) {
              return loadable(Endpoint::NavigationMainMenuList({.channels = given.text("channels")}, host));
          }},

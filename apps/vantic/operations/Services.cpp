@@ -74,12 +74,23 @@ std::optional<Loadable> callRecommendations(const Arguments& given, const Host& 
 std::vector<Operation> serviceOperations() {
     return {
         {"KAVROSegments",
-         {required("withSubprofileID"), required("apiKey"), required("accessToken")},
+         "the audience segments of a profile",
+         {required("withSubprofileID", "ID", "the id of the profile"),
+          required("apiKey", "KEY", "the key of the application"),
+          required("accessToken", "TOKEN", "the access token of the user")},
          callSegments},
         {"RecsModule",
-         {required("withModuleId"), optional("userId"), optional("accountId"), optional("subprofileId"),
-          required("limit"), required("httpMethod"), repeated("exclude"), repeated("include"),
-          optional("andModuleContext"), required("apiKey")},
+         "a module of recommendations",
+         {required("withModuleId", "ID", "the id of the module"),
+          optional("userId", "ID", "the id of the user"),
+          optional("accountId", "ID", "the id of the account"),
+          optional("subprofileId", "ID", "the id of the profile"),
+          required("limit", "N", "how many recommendations at most"),
+          required("httpMethod", "METHOD", "the method of the request"),
+          repeated("exclude", "CONTENT", "source://type/id of a content to leave out"),
+          repeated("include", "CONTENT", "source://type/id of a content to choose from"),
+          optional("andModuleContext", "CONTENT", "source://type/id of the content that is shown"),
+          required("apiKey", "KEY", "the key of the application")},
          callRecommendations},
     };
 }

@@ -17,8 +17,12 @@ std::vector<Operation> showOperations() {
     using In = const Host&;
     return {
         {"Show",
-         {required("showSlugOrId"), optional("selectedSeries"), optional("selectedVideo"),
-          flag("embedSeries"), optional("channel")},
+         "a show by its slug or id",
+         {required("showSlugOrId", "SLUG", "the slug or the id of the show"),
+          optional("selectedSeries", "N", "the series to select"),
+          optional("selectedVideo", "NUMBER", "the house number of the video to select"),
+          flag("embedSeries", "embeds the selected series and the list of series"),
+          optional("channel", "CHANNEL", "the slug of a channel")},
          [](Given given, In host) {
              return loadable(
                  Endpoint::Show({.showSlugOrId = given.text("showSlugOrId"),
@@ -29,35 +33,44 @@ std::vector<Operation> showOperations() {
                                 host));
          }},
         {"Show",
-         {required("usingHref")},
+         "a show by its href",
+         {required("usingHref", "HREF", "its href, as another document gives it")},
          [](Given given, In host) {
              return loadable(Endpoint::Show({.usingHref = given.text("usingHref")}, host));
          }},
         {"Shows",
-         {repeated("showSlugsOrIds")},
+         "several shows by their slugs or ids",
+         {repeated("showSlugsOrIds", "SLUG", "the slug or the id of one of the shows")},
          [](Given given, In host) {
              return loadable(Endpoint::Shows({.showSlugsOrIds = given.texts("showSlugsOrIds")}, host));
          }},
         {"Series",
-         {required("usingHref")},
+         "a series with its episodes, by its href",
+         {required("usingHref", "HREF", "its href, as another document gives it")},
          [](Given given, In host) {
              return loadable(Endpoint::Series({.usingHref = given.text("usingHref")}, host));
          }},
         {"ShowsList",
-         {optional("channel"), flag("closedCaptionOnly")},
+         "the index of all shows",
+         {optional("channel", "CHANNEL", "the slug of a channel"),
+          flag("closedCaptionOnly", "only shows with closed captions")},
          [](Given given, In host) {
              return loadable(Endpoint::ShowsList({.channel = given.optionalText("channel"),
                                                   .closedCaptionOnly = given.flag("closedCaptionOnly")},
                                                  host));
          }},
         {"RelatedShows",
-         {required("showSlug"), optional("channel")},
+         "shows that are similar to a show",
+         {required("showSlug", "SLUG", "the slug of the show"),
+          optional("channel", "CHANNEL", "the slug of a channel")},
          [](Given given, In host) {
              return loadable(Endpoint::RelatedShows(
                  {.showSlug = given.text("showSlug"), .channel = given.optionalText("channel")}, host));
          }},
         {"Search",
-         {required("keyword"), optional("channel")},
+         "what matches a keyword",
+         {required("keyword", "TEXT", "what to search for"),
+          optional("channel", "CHANNEL", "the slug of a channel")},
          [](Given given, In host) {
              return loadable(Endpoint::Search(
                  {.keyword = given.text("keyword"), .channel = given.optionalText("channel")}, host));

@@ -4,6 +4,7 @@
 
 #include "operations/HrefOperation.h"
 #include "operations/Operation.h"
+#include "types/Type.h"
 
 namespace vantic {
 
@@ -13,21 +14,34 @@ std::vector<Operation> videoOperations() {
     using Given = const Arguments&;
     using In = const Host&;
     return {
-        {"Time", {}, [](Given, In host) { return loadable(Endpoint::Time(host)); }},
-        {"Resource", {required("withHref"), optional("as")}, callResource},
-        {"Avatars", {}, [](Given, In host) { return loadable(Endpoint::Avatars(host)); }},
+        {"Time",
+         "the time of the service",
+         {},
+         [](Given, In host) { return loadable(Endpoint::Time(host)); }},
+        {"Resource",
+         "a document of any type, by its href",
+         {required("withHref", "HREF", "the href of the document"),
+          oneOf(optional("as", "TYPE", "the type to decode the answer as"), typeNames)},
+         callResource},
+        {"Avatars",
+         "the pictures that users may choose as avatars",
+         {},
+         [](Given, In host) { return loadable(Endpoint::Avatars(host)); }},
         {"Video",
-         {required("houseNumber")},
+         "a video by its house number",
+         {required("houseNumber", "NUMBER", "the house number of the video")},
          [](Given given, In host) {
              return loadable(Endpoint::Video({.houseNumber = given.text("houseNumber")}, host));
          }},
         {"Video",
-         {required("usingHref")},
+         "a video by its href",
+         {required("usingHref", "HREF", "its href, as another document gives it")},
          [](Given given, In host) {
              return loadable(Endpoint::Video({.usingHref = given.text("usingHref")}, host));
          }},
         {"Videos",
-         {repeated("houseNumbers")},
+         "several videos by their house numbers",
+         {repeated("houseNumbers", "NUMBER", "the house number of one of the videos")},
          [](Given given, In host) {
              return loadable(Endpoint::Videos({.houseNumbers = given.texts("houseNumbers")}, host));
          }},

@@ -19,14 +19,14 @@ Result<std::string, DecodeFailure> decode(const Type& type, const Data& document
     return Failure(DecodeFailure{*std::move(diagnosis.error), std::move(diagnosis.path)});
 }
 
-std::string errorText(const DecodeFailure& failure) {
-    // What is no decoding error is an entity's own.
+std::string errorText(const DecodeFailure& failure, const std::string& addition) {
+    // Any other error is an entity's own.
     const auto* const decodingError = failure.error.as<DecodingError>();
     const std::string kind = decodingError != nullptr ? nameOf(decodingError->kind()) : "entityMismatch";
     const std::string message =
         decodingError != nullptr ? decodingError->debugDescription() : failure.error.localizedDescription();
     return "{\"error\":{\"kind\":\"" + kind + "\",\"path\":" + pathText(failure.path) +
-           ",\"message\":" + jsonText(message) + "}}";
+           ",\"message\":" + jsonText(message + addition) + "}}";
 }
 
 std::string pathText(const CodingPath& path) {

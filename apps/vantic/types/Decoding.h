@@ -24,8 +24,8 @@ VanticRestKit::Result<std::string, DecodeFailure> decode(const Type& type,
                                                          const VanticRestKit::Data& document,
                                                          VanticRestKit::ValueLayout layout);
 
-/// {"error":{"kind":K,"path":[...],"message":"..."}}
-std::string errorText(const DecodeFailure& failure);
+/// {"error":{"kind":K,"path":[...],"message":"..."}}, the message with `addition` after it.
+std::string errorText(const DecodeFailure& failure, const std::string& addition = {});
 
 /// ["items",0,"href"]
 std::string pathText(const VanticRestKit::CodingPath& path);

@@ -6,6 +6,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vantic {
@@ -45,7 +46,10 @@ TypeEntry entry(std::string name = std::string(VanticRestKit::planOf<T>().name))
 /// All types with a name, in alphabetical order.
 std::span<const TypeEntry> allTypes();
 
-/// The type of that name, or the list of it for a name in brackets. Throws `UsageError` where there is none.
+/// The names of all types, in alphabetical order. They live as long as the program.
+std::vector<std::string_view> typeNames();
+
+/// The type of that name, or the list of it for a name in brackets. Throws `UsageError` if there is none.
 const Type& typeNamed(const std::string& name);
 
 }  // namespace vantic

@@ -38,6 +38,7 @@
 
 #include <algorithm>
 
+#include "arguments/Suggestions.h"
 #include "Failure.h"
 #include "types/Type.h"
 
@@ -108,12 +109,22 @@ std::span<const TypeEntry> allTypes() {
     return types;
 }
 
+std::vector<std::string_view> typeNames() {
+    std::vector<std::string_view> names;
+    for (const TypeEntry& entry : allTypes()) names.push_back(entry.one.name);
+    return names;
+}
+
 const Type& typeNamed(const std::string& name) {
     for (const TypeEntry& entry : allTypes()) {
         if (entry.one.name == name) return entry.one;
         if (entry.list.name == name) return entry.list;
     }
-    throw UsageError{"there is no type " + name};
+    // A list is suggested for a list.
+    const bool isList = name.size() > 2 && name.front() == '[' && name.back() == ']';
+    const std::string one = isList ? name.substr(1, name.size() - 2) : name;
+    throw UsageError{"there is no type " + name + suggestion(one, typeNames()) +
+                     " (vantic types lists all of them)"};
 }
 
 }  // namespace vantic

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <type_traits>
 
+#include "arguments/Suggestions.h"
 #include "arguments/Values.h"
+#include "Failure.h"
 #include "operations/CommonOptions.h"
 #include "user/SubprofileValue.h"
 #include "user/UserOperation.h"
@@ -147,34 +149,89 @@ UserRun deleteShow(const Arguments& given) {
 
 std::span<const UserOperation> allUserOperations() {
     static const std::vector<UserOperation> operations = {
-        {"getSubprofiles", {flag("includePrivateData"), flag("includeFamilyData")}, getSubprofiles},
-        {"createSubprofile", {required("dataset")}, withDataset<&Trelvo::createSubprofile>},
-        {"updateSubprofile", {required("dataset")}, withDataset<&Trelvo::updateSubprofile>},
-        {"deleteSubprofile", {}, deletion<&Trelvo::deleteSubprofile>},
-        {"deleteHistory", {}, deletion<&Trelvo::deleteHistory>},
-        {"viewingHistory", {required("limit")}, viewingHistory},
-        {"listRecentVideos", {required("limit"), flag("markedAsDone")}, listRecentVideos},
-        {"listVideosForShow", {required("showId"), optional("markedAsDone")}, listVideosForShow},
-        {"getVideoProgress", {required("showId"), required("houseNumber")}, getVideoProgress},
+        {"getSubprofiles",
+         "the profiles of the account",
+         {flag("includePrivateData", "includes private data"),
+          flag("includeFamilyData", "includes the data of the family")},
+         getSubprofiles},
+        {"createSubprofile",
+         "makes a profile",
+         {required("dataset", "JSON", "the data of the profile, a JSON object")},
+         withDataset<&Trelvo::createSubprofile>},
+        {"updateSubprofile",
+         "changes a profile",
+         {required("dataset", "JSON", "the data of the profile, a JSON object")},
+         withDataset<&Trelvo::updateSubprofile>},
+        {"deleteSubprofile",
+         "deletes the profile with its history and watchlist",
+         {},
+         deletion<&Trelvo::deleteSubprofile>},
+        {"deleteHistory", "deletes the viewing history", {}, deletion<&Trelvo::deleteHistory>},
+        {"viewingHistory",
+         "the videos that were watched last",
+         {required("limit", "N", "how many records at most")},
+         viewingHistory},
+        {"listRecentVideos",
+         "videos that were watched last, done or not",
+         {required("limit", "N", "how many records at most"),
+          flag("markedAsDone", "asks for videos that are marked as done")},
+         listRecentVideos},
+        {"listVideosForShow",
+         "the watched videos of a show",
+         {required("showId", "N", "the id of the show"),
+          oneOf(optional("markedAsDone", "true|false",
+                         "asks for videos that are marked as done, or for others"),
+                truthTexts)},
+         listVideosForShow},
+        {"getVideoProgress",
+         "how far a video was watched",
+         {required("showId", "N", "the id of the show"),
+          required("houseNumber", "NUMBER", "the house number of the video")},
+         getVideoProgress},
         {"updateVideoProgress",
-         {required("showId"), required("houseNumber"), required("progress"), flag("isDone")},
+         "records how far a video was watched",
+         {required("showId", "N", "the id of the show"),
+          required("houseNumber", "NUMBER", "the house number of the video"),
+          required("progress", "N", "how far it was watched"), flag("isDone", "marks it as done")},
          updateVideoProgress},
-        {"listWatchlistShowIds", {}, listWatchlistShowIds},
-        {"addWatchlistShow", {required("showId")}, addWatchlistShow},
-        {"deleteShow", {required("showId")}, deleteShow},
+        {"listWatchlistShowIds", "the shows on the watchlist", {}, listWatchlistShowIds},
+        {"addWatchlistShow",
+         "puts a show on the watchlist",
+         {required("showId", "N", "the id of the show")},
+         addWatchlistShow},
+        {"deleteShow",
+         "takes a show off the watchlist",
+         {required("showId", "N", "the id of the show")},
+         deleteShow},
     };
     return operations;
 }
 
+std::span<const Option> userOptions() {
+    static constexpr Option options[] = {
+        optional("uid", "UID", "the id of the user; left out, no user is signed in")};
+    return options;
+}
+
+std::span<const Option> tokenOption() {
+    static constexpr Option options[] = {required("token", "TOKEN", "the access token to send")};
+    return options;
+}
+
 UserCall readUserCall(Words words, std::span<const Option> more) {
-    if (words.empty()) throw UsageError{"no operation is named"};
+    if (words.empty()) throw UsageError{"no operation is named; vantic help lists them"};
+    if (isHelp(words.front())) throw HelpRequested{};
     const auto all = allUserOperations();
     const auto found = std::find_if(all.begin(), all.end(), [&](const UserOperation& operation) {
         return operation.name == words.front();
     });
-    if (found == all.end()) throw UsageError{"there is no operation " + words.front()};
-    std::vector<Option> options{optional("uid")};
-    for (const auto some : {CommonOptions::options(), more, std::span<const Option>(found->options)}) {
+    if (found == all.end()) {
+        std::vector<std::string_view> names;
+        for (const UserOperation& operation : all) names.push_back(operation.name);
+        throw UsageError{"there is no operation " + words.front() + suggestion(words.front(), names)};
+    }
+    std::vector<Option> options(found->options);
+    for (const auto some : {userOptions(), CommonOptions::options(), more}) {
         options.insert(options.end(), some.begin(), some.end());
     }
     Arguments given = Arguments::read(words.subspan(1), options);

@@ -34,6 +34,9 @@ public:
         return sound ? at_ : nullptr;
     }
 
+    /// How far the walk came: past the value, or at the token with which its structure breaks.
+    const char* at() const noexcept { return at_; }
+
 private:
     enum class Next { key, value, separator };
 
@@ -46,8 +49,10 @@ private:
             at_ = token.close + 1;
             return true;
         }
-        at_ = startsNumber(*at_) ? scanNumber(at_) : scanLiteral(at_, end_);
-        return at_ != nullptr;
+        const char* const behind = startsNumber(*at_) ? scanNumber(at_) : scanLiteral(at_, end_);
+        if (behind == nullptr) return false;
+        at_ = behind;
+        return true;
     }
 
     bool open(bool isObject) {

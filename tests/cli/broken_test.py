@@ -1,0 +1,46 @@
+import json
+import unittest
+
+from program import TestCase, vantic
+
+# A document, and the line and column where it breaks.
+BROKEN = [
+    ("", 1, 1),
+    ("{", 1, 2),
+    ('{"href":"x"} x', 1, 14),
+    ('{\n  "href": tru\n}', 2, 11),
+    ('{"href":"x"', 1, 12),
+    ('{"href":\r\n\t"x\n}', 2, 2),
+    ('{"title":"ä€😀", 7}', 1, 17),
+    ("[1 2]", 1, 4),
+    ("[" * 600, 1, 513),
+    ('\n\n{"href" "x"}', 3, 9),
+]
+
+
+class BrokenDocuments(TestCase):
+    def test_decode_names_line_and_column_in_its_message(self):
+        for document, line, column in BROKEN:
+            with self.subTest(document[:20]):
+                outcome = vantic("decode", "Link", stdin=document)
+                self.assert_failed(outcome)
+                self.assertTrue(json.loads(outcome.err)["error"]["message"].endswith(
+                    f"It breaks at line {line}, column {column}."), outcome.err)
+
+    def test_explain_names_them_on_standard_error(self):
+        for document, line, column in BROKEN:
+            with self.subTest(document[:20]):
+                outcome = vantic("explain", "Link", stdin=document)
+                self.assertEqual(outcome.code, 0)
+                self.assertEqual(outcome.err, f"vantic: the document is broken at line {line}, column {column}\n")
+                self.assertEqual(outcome.json["faults"][0]["found"], "a broken document")
+
+    def test_a_sound_document_that_does_not_decode_has_no_such_place(self):
+        for document in ["{}", "[]", '{"href":1}', '{"href":"\\ud800"}', '{"href":[1,],}']:
+            with self.subTest(document):
+                self.assertNotIn("breaks at", vantic("decode", "Link", stdin=document).err)
+                self.assertEqual(vantic("explain", "Link", stdin=document).err, "")
+
+
+if __name__ == "__main__":
+    unittest.main()
