@@ -11,7 +11,8 @@ namespace VanticRestKit::sample {
 namespace {
 
 constexpr const char* help =
-    "sample-service [--port N] [--tls [--ca-out FILE]] [--token-seconds N] [--end-with-parent]\n"
+    "sample-service [--port N] [--tls [--ca-out FILE]] [--token-seconds N] [--own-streams] [--scenarios]\n"
+    "               [--end-with-parent]\n"
     "Plays the service on loopback with a made-up catalogue. The first line that it prints is its base URL.\n"
     "It ends on SIGTERM, SIGINT or POST /_control/stop.\n"
     "  --port N            port to listen on; 0, the default, picks a free one\n"
@@ -19,6 +20,8 @@ constexpr const char* help =
     "  --ca-out FILE       where to write the certificate (PEM) that a client has to trust;\n"
     "                      left out, it is printed behind the base URL\n"
     "  --token-seconds N   how long a user's token is good for; 3600 where it is left out\n"
+    "  --own-streams       name this service as the host of all streams and captions\n"
+    "  --scenarios         answer under /control: one fault for all answers, and how each request ended\n"
     "  --end-with-parent   end when the process that started this one ends\n";
 
 [[noreturn]] void refuse(const char* why) {
@@ -47,6 +50,8 @@ Options readOptions(int argc, char** argv) {
                             {"tls", no_argument, nullptr, 't'},
                             {"ca-out", required_argument, nullptr, 'c'},
                             {"token-seconds", required_argument, nullptr, 's'},
+                            {"own-streams", no_argument, nullptr, 'o'},
+                            {"scenarios", no_argument, nullptr, 'f'},
                             {"end-with-parent", no_argument, nullptr, 'e'},
                             {"help", no_argument, nullptr, 'h'},
                             {nullptr, 0, nullptr, 0}};
@@ -58,6 +63,8 @@ Options readOptions(int argc, char** argv) {
             case 't': options.tls = true; break;
             case 'c': options.authorityFile = optarg; break;
             case 's': options.tokenSeconds = readSeconds(optarg); break;
+            case 'o': options.ownStreams = true; break;
+            case 'f': options.scenarios = true; break;
             case 'e': options.endWithParent = true; break;
             case 'h': std::fputs(help, stdout); std::exit(0);
             default: refuse("unknown option, or one without its value");

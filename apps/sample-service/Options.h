@@ -10,6 +10,8 @@ struct Options {
     std::string authorityFile;  // empty: the authority's certificate goes to standard output
     bool endWithParent = false;
     double tokenSeconds = 3600;
+    bool ownStreams = false;
+    bool scenarios = false;
 };
 
 /// Reads the command line; ends the program with 2 where it is wrong, with 0 after showing the help.

@@ -22,7 +22,11 @@ int main(int argc, char** argv) {
     pthread_sigmask(SIG_BLOCK, &ends, nullptr);
     if (options.endWithParent) prctl(PR_SET_PDEATHSIG, SIGTERM);
 
-    sample::Instance service({.port = options.port, .tls = options.tls, .tokenSeconds = options.tokenSeconds},
+    sample::Instance service({.port = options.port,
+                              .tls = options.tls,
+                              .tokenSeconds = options.tokenSeconds,
+                              .ownStreams = options.ownStreams,
+                              .scenarios = options.scenarios},
                              [] { kill(getpid(), SIGTERM); });
     if (!service.start()) {
         std::fprintf(stderr, "sample-service: cannot listen on 127.0.0.1:%d\n", options.port);

@@ -48,13 +48,20 @@ int exitCode(pid_t process) {
 }  // namespace
 
 SampleService::SampleService(Transport transport) {
-    std::vector<std::string> arguments{"--port", "0", "--end-with-parent"};
+    std::vector<std::string> arguments;
     if (transport == Transport::https) {
         char folder[] = "/tmp/sample-service-XXXXXX";
         folder_ = mkdtemp(folder);
         authorityFile_ = folder_ + "/authority.pem";
-        arguments.insert(arguments.end(), {"--tls", "--ca-out", authorityFile_});
+        arguments = {"--tls", "--ca-out", authorityFile_};
     }
+    run(std::move(arguments));
+}
+
+SampleService::SampleService(std::vector<std::string> options) { run(std::move(options)); }
+
+void SampleService::run(std::vector<std::string> arguments) {
+    arguments.insert(arguments.end(), {"--port", "0", "--end-with-parent"});
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0) return;
     process_ = start(arguments, ends[1]);

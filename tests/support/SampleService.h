@@ -18,6 +18,8 @@ public:
     enum class Transport { http, https };
 
     explicit SampleService(Transport transport = Transport::http);
+    /// With options of the program.
+    explicit SampleService(std::vector<std::string> options);
     ~SampleService();
     SampleService(const SampleService&) = delete;
     SampleService& operator=(const SampleService&) = delete;
@@ -51,6 +53,7 @@ public:
     int waitForEnd();
 
 private:
+    void run(std::vector<std::string> arguments);
     std::string firstLine(int output) const;
 
     std::string folder_;

@@ -9,7 +9,7 @@ namespace VanticRestKit::sample {
 
 namespace {
 
-constexpr std::array<std::pair<const char*, FaultKind>, 9> kindNames{{
+constexpr std::array<std::pair<const char*, FaultKind>, 11> kindNames{{
     {"delay", FaultKind::delay},
     {"stall", FaultKind::stall},
     {"reset", FaultKind::reset},
@@ -17,6 +17,8 @@ constexpr std::array<std::pair<const char*, FaultKind>, 9> kindNames{{
     {"status", FaultKind::status},
     {"unknownEnum", FaultKind::unknownEnum},
     {"oddities", FaultKind::oddities},
+    {"unknownEntities", FaultKind::unknownEntities},
+    {"brokenElements", FaultKind::brokenElements},
     {"null", FaultKind::null},
     {"expiredToken", FaultKind::expiredToken},
 }};
@@ -143,6 +145,12 @@ void apply(const Fault& fault, Reply& reply) {
             break;
         case FaultKind::oddities:
             if (reply.body) addOddities(*reply.body);
+            break;
+        case FaultKind::unknownEntities:
+            if (reply.body) addUnknownEntities(*reply.body);
+            break;
+        case FaultKind::brokenElements:
+            if (reply.body) addBrokenElements(*reply.body);
             break;
         case FaultKind::null:
             if (!reply.body) break;

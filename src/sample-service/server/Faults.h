@@ -12,15 +12,17 @@
 namespace VanticRestKit::sample {
 
 enum class FaultKind {
-    delay,         // the answer comes `seconds` later
-    stall,         // the answer stops before its first byte, or behind `after` bytes of its body, for good
-    reset,         // the connection is reset there
-    malformed,     // 200 with a body that is no JSON
-    status,        // another status
-    unknownEnum,   // texts of the answer that stand for an enumeration become ones that nobody knows
-    oddities,      // the collections of the answer hold entities that nobody knows and broken elements
-    null,          // a value of the answer, or all of it, becomes null
-    expiredToken,  // 401, as for a token whose time is over
+    delay,            // the answer comes `seconds` later
+    stall,            // the answer stops before its first byte, or behind `after` bytes of its body, for good
+    reset,            // the connection is reset there
+    malformed,        // 200 with a body that is no JSON
+    status,           // another status
+    unknownEnum,      // texts of the answer that stand for an enumeration become ones that nobody knows
+    oddities,         // the collections of the answer hold entities that nobody knows and broken elements
+    unknownEntities,  // only the entities that no client knows
+    brokenElements,   // only the broken elements
+    null,             // a value of the answer, or all of it, becomes null
+    expiredToken,     // 401, as for a token whose time is over
 };
 
 /// What is to happen to the next answers of a path.

@@ -1,18 +1,24 @@
 #include "server/Instance.h"
 
-#include <iterator>
+#include <initializer_list>
 #include <utility>
 
 #include "routes/Table.h"
 #include "routes/UserTable.h"
+#include "streams/Streams.h"
 
 namespace VanticRestKit::sample {
 
 namespace {
 
-std::vector<Route> joined(std::vector<Route> some, std::vector<Route> others) {
-    std::move(others.begin(), others.end(), std::back_inserter(some));
-    return some;
+Router routerOf(std::initializer_list<std::vector<Route>> tables) {
+    std::vector<Route> all;
+    for (const auto& table : tables) all.insert(all.end(), table.begin(), table.end());
+    return Router(std::move(all));
+}
+
+std::vector<Route> scenarioRoutesOf(const Settings& settings, Scenario& scenario) {
+    return settings.scenarios ? scenarioRoutes(scenario) : std::vector<Route>();
 }
 
 }  // namespace
@@ -20,8 +26,10 @@ std::vector<Route> joined(std::vector<Route> some, std::vector<Route> others) {
 Instance::Instance(const Settings& settings, std::function<void()> ended)
     : settings_(settings),
       users_(settings.tokenSeconds),
-      service_(Router(joined(serviceRoutes(), userRoutes(users_))),
-               Router(joined(controlRoutes(faults_, log_), userControlRoutes(users_))), faults_, log_,
+      service_(routerOf({serviceRoutes(), userRoutes(users_), streamRoutes()}),
+               routerOf({controlRoutes(faults_, log_), userControlRoutes(users_),
+                         scenarioRoutesOf(settings, scenario_)}),
+               {faults_, log_, settings.scenarios ? &scenario_ : nullptr, settings.ownStreams},
                std::move(ended)) {
     if (settings.tls) certificate_ = makeCertificate();
 }

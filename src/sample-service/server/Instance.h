@@ -7,6 +7,7 @@
 #include "server/Certificate.h"
 #include "server/Faults.h"
 #include "server/RequestLog.h"
+#include "server/Scenario.h"
 #include "server/Service.h"
 #include "users/Users.h"
 
@@ -16,6 +17,8 @@ struct Settings {
     int port = 0;  // 0: any free one
     bool tls = false;
     double tokenSeconds = 3600;
+    bool ownStreams = false;  // answers name this service as the host of streams and captions
+    bool scenarios = false;   // the routes under "control/" are there, see Scenario.h
 };
 
 /// A whole service: routes, users, faults, log and server.
@@ -44,6 +47,7 @@ private:
     Faults faults_;
     RequestLog log_;
     Users users_;
+    Scenario scenario_;
     Service service_;
 };
 

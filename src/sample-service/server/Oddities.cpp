@@ -25,8 +25,21 @@ void spoilShow(JSON& show) {
     show["theme"] = "midnight";
 }
 
-void spoil(JSON& collection) {
-    auto& items = collection["items"];
+struct Choice {
+    bool unknown = false;
+    bool broken = false;
+};
+
+/// What comes after the first element of a collection.
+std::vector<JSON> elementsOf(Choice choice) {
+    std::vector<JSON> elements;
+    if (choice.unknown) elements.push_back(unknownEntity());
+    if (choice.broken)
+        elements.insert(elements.end(), {JSON(nullptr), JSON(17), JSON("more"), JSON::array()});
+    return elements;
+}
+
+void breakEntities(JSON& items) {
     const auto is = [](const char* entity) {
         return [entity](const JSON& item) { return item.is_object() && item.value("_entity", "") == entity; };
     };
@@ -37,27 +50,38 @@ void spoil(JSON& collection) {
         items[i - 1].erase("_links");
         break;
     }
-    JSON changed = JSON::array({unknownSeriesLike()});
+}
+
+void spoil(JSON& collection, Choice choice) {
+    auto& items = collection["items"];
+    if (choice.broken) breakEntities(items);
+    JSON changed = JSON::array();
+    if (choice.unknown) changed.push_back(unknownSeriesLike());
     for (std::size_t i = 0; i < items.size(); ++i) {
         changed.push_back(items[i]);
         if (i > 0) continue;
-        for (const JSON& odd : {unknownEntity(), JSON(nullptr), JSON(17), JSON("more"), JSON::array()}) {
-            changed.push_back(odd);
-        }
+        for (const JSON& odd : elementsOf(choice)) changed.push_back(odd);
     }
     items = std::move(changed);
+    if (!choice.unknown) return;
     collection["type"] = "carousel";
     if (collection.contains("_embedded")) collection["_embedded"]["highlightItem"] = unknownEntity();
 }
 
-}  // namespace
-
-void addOddities(JSON& value) {
+void spoilCollections(JSON& value, Choice choice) {
     if (isCollection(value)) {
-        spoil(value);
+        spoil(value, choice);
     } else if (value.is_structured()) {
-        for (auto& member : value) addOddities(member);
+        for (auto& member : value) spoilCollections(member, choice);
     }
 }
+
+}  // namespace
+
+void addOddities(JSON& value) { spoilCollections(value, {.unknown = true, .broken = true}); }
+
+void addUnknownEntities(JSON& value) { spoilCollections(value, {.unknown = true}); }
+
+void addBrokenElements(JSON& value) { spoilCollections(value, {.broken = true}); }
 
 }  // namespace VanticRestKit::sample

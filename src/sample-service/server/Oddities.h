@@ -14,4 +14,10 @@ namespace VanticRestKit::sample {
 /// - an unknown type, and an unknown entity as the item to highlight where it has one.
 void addOddities(JSON& value);
 
+/// Only what is unknown of these: entities, and the collections' types.
+void addUnknownEntities(JSON& value);
+
+/// Only what is broken of these: elements that are no entities, the show and the video.
+void addBrokenElements(JSON& value);
+
 }  // namespace VanticRestKit::sample

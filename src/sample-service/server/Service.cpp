@@ -9,6 +9,7 @@
 
 #include "server/Origin.h"
 #include "server/WorkerPool.h"
+#include "streams/Streams.h"
 
 namespace VanticRestKit::sample {
 
@@ -64,17 +65,17 @@ void addCacheFields(const Request& request, Reply& reply) {
 }
 
 void prepare(const Reply& reply, httplib::Response& response) {
-    response.status = reply.status;
+    // The HTTP library makes 206 of a success if a range was asked for, unless a status is set.
+    if (reply.status != 200) response.status = reply.status;
     for (const auto& [name, value] : reply.headers) response.set_header(name, value);
 }
 
 }  // namespace
 
-Service::Service(Router routes, Router control, Faults& faults, RequestLog& log, std::function<void()> ended)
+Service::Service(Router routes, Router control, Steering steering, std::function<void()> ended)
     : routes_(std::move(routes)),
       control_(std::move(control)),
-      faults_(faults),
-      log_(log),
+      steering_(steering),
       ended_(std::move(ended)) {}
 
 Service::~Service() { stop(); }
@@ -138,32 +139,49 @@ void Service::handle(const httplib::Request& raw, httplib::Response& response,
         // The library leaves the body of such a request unread, in front of the next request.
         response.set_header("Connection", "close");
     }
-    if (!request.segments.empty() && request.segments.front() == "_control") {
+    if (isControl(request)) {
         const Reply reply = control_.answer(request);
         wroteLastAnswer = reply.last;
         prepare(reply, response);
         response.set_content(textOf(reply), reply.contentType);
         return;
     }
-    log_.add(request);
+    steering_.log.add(request);
     answer(request, response);
 }
 
+bool Service::isControl(const Request& request) const {
+    if (request.segments.empty()) return false;
+    const std::string& first = request.segments.front();
+    return first == "_control" || (first == "control" && steering_.scenario != nullptr);
+}
+
 void Service::answer(const Request& request, httplib::Response& response) {
-    const auto fault = faults_.take(request);
+    const auto start = std::chrono::steady_clock::now();
+    const Outcome outcome = reply(request, response);
+    if (steering_.scenario == nullptr) return;
+    const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
+    steering_.scenario->add(
+        {request.method, request.target, outcome.status, time.count(), outcome.clientLeft});
+}
+
+Service::Outcome Service::reply(const Request& request, httplib::Response& response) {
+    auto fault = steering_.faults.take(request);
+    if (!fault && steering_.scenario != nullptr) fault = steering_.scenario->faultOf(request);
     const bool cuts = fault && (fault->kind == FaultKind::stall || fault->kind == FaultKind::reset);
     if (cuts && !fault->after) {
         if (fault->kind == FaultKind::stall) connections_->waitForEnd(request.peerPort);
         connections_->reset(request.peerPort);
-        return;
+        return {.clientLeft = fault->kind == FaultKind::stall};
     }
     if (fault && fault->kind == FaultKind::delay && !connections_->wait(request.peerPort, fault->seconds)) {
         connections_->reset(request.peerPort);
-        return;
+        return {.clientLeft = true};
     }
 
     Reply reply = routes_.answer(request);
     if (reply.body) fillOrigin(*reply.body, originOf(request, secure_));
+    if (reply.body && steering_.ownStreams) serveStreamsFrom(originOf(request, secure_), *reply.body);
     if (fault) apply(*fault, reply);
     if (!fault) addCacheFields(request, reply);
     prepare(reply, response);
@@ -173,6 +191,7 @@ void Service::answer(const Request& request, httplib::Response& response) {
         // 304 has no body, nor what describes one.
         if (reply.status != 304) response.set_content(textOf(reply), reply.contentType);
     }
+    return {.status = reply.status};
 }
 
 // Announces the whole body, sends the first bytes of it and then does what the fault says.

@@ -12,15 +12,25 @@
 #include "server/Faults.h"
 #include "server/RequestLog.h"
 #include "server/Router.h"
+#include "server/Scenario.h"
 
 namespace VanticRestKit::sample {
+
+/// What changes and records the answers of a service.
+struct Steering {
+    Faults& faults;
+    RequestLog& log;
+    Scenario* scenario = nullptr;  // null: there are no scenarios
+    bool ownStreams = false;       // answers name this service as the host of streams
+};
 
 /// The HTTP server: brings requests to the table of routes, and faults between the two.
 class Service {
 public:
-    /// The routes under "_control/" are asked first; they are neither logged nor reached by faults.
+    /// The routes under "_control/", and "control/" if there are scenarios, are asked first; they are neither logged nor
+    /// reached by faults.
     /// `ended` is called, on any thread, when an answer was the last one.
-    Service(Router routes, Router control, Faults& faults, RequestLog& log, std::function<void()> ended);
+    Service(Router routes, Router control, Steering steering, std::function<void()> ended);
     ~Service();
 
     /// Listens on 127.0.0.1 and returns; port 0 picks one. False if the port cannot be had.
@@ -32,13 +42,20 @@ public:
 
 private:
     void handle(const httplib::Request& raw, httplib::Response& response, const httplib::ContentReader* body);
+    bool isControl(const Request& request) const;
+    /// How a request ended, for the records of scenarios.
+    struct Outcome {
+        int status = 0;  // 0: without an answer
+        bool clientLeft = false;
+    };
+
     void answer(const Request& request, httplib::Response& response);
+    Outcome reply(const Request& request, httplib::Response& response);
     void cutShort(const Request& request, const Fault& fault, std::string text, httplib::Response& response);
 
     Router routes_;
     Router control_;
-    Faults& faults_;
-    RequestLog& log_;
+    Steering steering_;
     std::function<void()> ended_;
     std::unique_ptr<httplib::Server> server_;
     std::unique_ptr<Connections> connections_;

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <chrono>
+#include <deque>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "server/Faults.h"
+#include "server/Router.h"
+
+namespace VanticRestKit::sample {
+
+/// How a request ended.
+struct AnswerRecord {
+    std::string method;
+    std::string target;
+    int status = 0;           // 0: the connection was closed without an answer
+    double milliseconds = 0;  // from its arrival to its answer
+    bool clientLeft = false;  // before there was an answer
+};
+
+/// One fault for every answer until another one is chosen, and a record of how each request ended: what a program
+/// needs that shows people what a fault does. `Faults` is for tests, which ask for a fault of a path and of some answers.
+/// Any thread.
+class Scenario {
+public:
+    /// Chooses a fault by its name; false if there is none of this name, and nothing changes. `none` ends it.
+    bool choose(const std::string& name, std::chrono::duration<double> delay);
+    std::string name() const;
+
+    /// What is to happen to a request's answer, if anything.
+    std::optional<Fault> faultOf(const Request& request) const;
+
+    void add(AnswerRecord record);
+    void clearRecords();
+    /// The newest 20,000 in the order in which they ended, a JSON object a line.
+    std::string writtenRecords() const;
+
+private:
+    mutable std::mutex mutex_;
+    std::string name_ = "none";
+    std::chrono::duration<double> delay_{};
+    std::deque<AnswerRecord> records_;
+};
+
+/// The names that `Scenario::choose` takes.
+std::vector<std::string> scenarioNames();
+
+/// The routes under "control/" that choose a scenario and give its records.
+std::vector<Route> scenarioRoutes(Scenario& scenario);
+
+}  // namespace VanticRestKit::sample
