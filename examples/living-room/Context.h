@@ -1,0 +1,82 @@
+#pragma once
+
+// The contexts of this host: where the service is, how it is asked, and who is told of it.
+
+#include <VanticRestKit/Core/Context.h>
+#include <VanticRestKit/Core/NetworkSession.h>
+#include <VanticRestKit/Core/ObservableContext.h>
+#include <VanticRestKit/platform/async/LoadOptions.h>
+#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
+#include <VanticRestKit/platform/http/URLSession.h>
+#include <VanticRestKit/recs/RecsContext.h>
+#include <VanticRestKit/trelvo/Common/TrelvoContext.h>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <stop_token>
+#include <string>
+
+namespace living_room {
+
+/// What all browsers share: the address of the service, one session with its cache, and the queue of the host's loop,
+/// on which every load goes on. Immutable.
+class Service {
+public:
+    Service(VanticRestKit::URL baseURL, VanticRestKit::DispatchQueue loop);
+    ~Service();
+    Service(const Service&) = delete;
+    Service& operator=(const Service&) = delete;
+
+    const VanticRestKit::URL& baseURL() const noexcept { return baseURL_; }
+    const std::shared_ptr<VanticRestKit::NetworkSession>& network() const noexcept { return network_; }
+    VanticRestKit::URLCache& cache() const noexcept { return *session_->configuration().urlCache; }
+
+    /// How everything is loaded: on the loop, within a time that a viewer would wait, as long as the browser is there.
+    VanticRestKit::LoadOptions options(std::stop_token gone) const;
+
+    /// The path at this service of an address that it sent; empty if the address is of another server.
+    std::optional<std::string> pathOf(const std::optional<std::string>& address) const;
+
+private:
+    VanticRestKit::URL baseURL_;
+    VanticRestKit::DispatchQueue loop_;
+    std::shared_ptr<VanticRestKit::URLSession> session_;
+    std::shared_ptr<VanticRestKit::NetworkSession> network_;
+};
+
+/// Asks the service for one browser, whose observer is told of each request.
+class CatalogueContext : public virtual VanticRestKit::Context, public VanticRestKit::ObservableContext {
+public:
+    CatalogueContext(const Service& service, std::shared_ptr<VanticRestKit::RequestObserver> observer);
+
+    VanticRestKit::URL baseURL() const override { return baseURL_; }
+    std::shared_ptr<VanticRestKit::Serviceable> service(ServiceArguments arguments) const override;
+    std::shared_ptr<VanticRestKit::RequestObserver> observer() const override { return observer_; }
+
+private:
+    VanticRestKit::URL baseURL_;
+    std::shared_ptr<VanticRestKit::NetworkSession> network_;
+    std::shared_ptr<VanticRestKit::RequestObserver> observer_;
+};
+
+/// The same with the user who is signed in at that browser. The user is set and read on the host's loop only.
+class SignedInContext final : public CatalogueContext, public VanticRestKit::TrelvoContext {
+public:
+    using CatalogueContext::CatalogueContext;
+    std::optional<std::string> uid() const override { return uid_; }
+    VanticRestKit::SourceSystem source() const override { return VanticRestKit::SourceSystem::lumeno; }
+    void setUID(std::optional<std::string> uid) { uid_ = std::move(uid); }
+
+private:
+    std::optional<std::string> uid_{};
+};
+
+/// The same for recommendations, whose every request carries a key.
+class RecommendationsContext final : public CatalogueContext, public VanticRestKit::RecsContext {
+public:
+    using CatalogueContext::CatalogueContext;
+    std::string apiKey() const override { return "living-room"; }
+};
+
+}  // namespace living_room

@@ -1,0 +1,70 @@
+#pragma once
+
+// The browsers that this host serves, and who is signed in at each.
+
+#include "Context.h"
+#include "RequestLog.h"
+
+#include <VanticRestKit/trelvo/UserClient.h>
+
+#include <list>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace living_room {
+
+/// What the host keeps of one browser. Used on the host's loop only; the request log by any thread.
+class User {
+public:
+    /// `session` is the value of the browser's cookie.
+    User(const Service& service, std::string session);
+
+    const std::string& session() const noexcept { return session_; }
+    const VanticRestKit::Context& catalogue() const noexcept { return *context_; }
+    const VanticRestKit::RecsContext& recommendations() const noexcept { return recommendations_; }
+    const VanticRestKit::UserClient& client() const noexcept { return *client_; }
+    RequestLog& log() const noexcept { return *log_; }
+
+    /// Empty if no one is signed in.
+    const std::optional<std::string>& account() const noexcept { return account_; }
+    /// The profile in use, which has data of its own: the account itself, or one of its family.
+    std::optional<std::string> profile() const { return context_->uid(); }
+
+    void signIn(std::string account);
+    void signOut();
+    void useProfile(std::string uid) { context_->setUID(std::move(uid)); }
+
+private:
+    std::string session_;
+    std::optional<std::string> account_{};
+    std::shared_ptr<RequestLog> log_ = std::make_shared<RequestLog>();
+    std::shared_ptr<SignedInContext> context_;
+    RecommendationsContext recommendations_;
+    std::shared_ptr<VanticRestKit::UserClient> client_;
+};
+
+/// All browsers, by their cookies. The one that was idle longest is forgotten if there are too many.
+class Users {
+public:
+    static constexpr std::size_t maxUsers = 200;
+
+    explicit Users(const Service& service) : service_(service) {}
+
+    /// The user with that cookie; a new one, with a new cookie, if there is none.
+    std::shared_ptr<User> user(const std::string& session);
+
+private:
+    using Recent = std::list<std::shared_ptr<User>>;
+
+    const Service& service_;
+    /// The last one used first.
+    Recent recent_{};
+    std::map<std::string, Recent::iterator, std::less<>> bySession_{};
+};
+
+/// Whether a text can be the name of an account: letters, digits and a few signs, not too many.
+bool isAccountName(const std::string& text);
+
+}  // namespace living_room
