@@ -17,8 +17,8 @@ async function loadPart(part, quietly = false) {
     let state = 'failed', text = '';
     try {
         const answer = await fetch(part.dataset.src, {signal: load.signal});
-        state = answer.headers.get('X-State') ?? 'failed';
-        text = await answer.text();
+        const told = answer.headers.get('X-State');
+        if (told) [state, text] = [told, await answer.text()];
     } catch {
         if (load.signal.aborted) return;
     }
