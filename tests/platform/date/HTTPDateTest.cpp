@@ -25,6 +25,22 @@ TEST(HTTPDate, EachOfTheThreeFormsIsRead) {
     EXPECT_EQ(secondsOf("Wed Nov 16 08:49:37 1994"), in1994 + 10 * 86400);
 }
 
+TEST(HTTPDate, TheCaseOfLettersDoesNotMatter) {
+    EXPECT_EQ(secondsOf("sun, 06 NOV 1994 08:49:37 gmt"), in1994);
+    EXPECT_EQ(secondsOf("SUNDAY, 06-nov-94 08:49:37 Gmt"), in1994);
+    EXPECT_EQ(secondsOf("SUN nov  6 08:49:37 1994"), in1994);
+}
+
+TEST(HTTPDate, WhatIsWrittenIsReadAsTheSame) {
+    constexpr std::chrono::seconds today{1'780'272'000};
+    for (const std::int64_t date : {std::int64_t{0}, in1994, std::int64_t{1'780'272'000}, std::int64_t{-1},
+                                    std::int64_t{253'402'300'799}, std::int64_t{-60'000'000'000}}) {
+        EXPECT_EQ(parseHTTPDate(formatHTTPDate(std::chrono::seconds(date)), today),
+                  std::chrono::seconds(date));
+    }
+    EXPECT_EQ(formatHTTPDate(std::chrono::seconds(in1994)), "Sun, 06 Nov 1994 08:49:37 GMT");
+}
+
 TEST(HTTPDate, ADateBefore1970IsRead) { EXPECT_EQ(secondsOf("Wed, 31 Dec 1969 23:59:59 GMT"), -1); }
 
 TEST(HTTPDate, ALeapSecondIsTheFirstSecondOfTheNextMinute) {
@@ -57,7 +73,15 @@ TEST(HTTPDate, AnotherTextIsNoDate) {
                              "Sun, 6 Nov 1994 08:49:37 GMT",
                              "Sun, 31 Nov 1994 08:49:37 GMT",
                              "Sun, 00 Nov 1994 08:49:37 GMT",
-                             "Sun, 06 nov 1994 08:49:37 GMT",
+                             "-1",
+                             "Sun, 06 Nov 1994 08:49:37 AEST",
+                             "Sun, 06-Nov-1994 08:49:37 GMT",
+                             "Sun, 06 Nov 1994 8:49:37 GMT",
+                             "Sun, 31 Feb 1994 08:49:37 GMT",
+                             "Sun 06 Nov 1994 08:49:37 GMT",
+                             "Sun, 06  Nov 1994 08:49:37 GMT",
+                             "Sun, 06 Nov 1994 08:49:37 GMT, x",
+                             "Sunmon, 06-Nov-94 08:49:37 GMT",
                              "Day, 06 Nov 1994 08:49:37 GMT",
                              "Sun, 06 Nov 1994 24:00:00 GMT",
                              "Sun, 06 Nov 1994 08:60:00 GMT",

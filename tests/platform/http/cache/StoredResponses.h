@@ -3,7 +3,7 @@
 /// \file
 /// Stored answers for the tests of the cache.
 
-#include <VanticRestKit/platform/http/cache/detail/HTTPDate.h>
+#include <VanticRestKit/platform/date/detail/HTTPDate.h>
 #include <VanticRestKit/platform/http/cache/detail/StoredResponse.h>
 
 #include <memory>

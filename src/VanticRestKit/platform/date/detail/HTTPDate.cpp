@@ -4,21 +4,22 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdint>
-#include <span>
 
 namespace VanticRestKit::detail {
 
 namespace {
 
+using std::chrono::seconds;
+
+constexpr std::array<std::string_view, 7> weekdays{"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                                   "Thursday", "Friday", "Saturday"};
 constexpr std::array<std::string_view, 12> months{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                                   "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-constexpr std::array<std::string_view, 7> days{"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"};
-constexpr std::array<std::string_view, 7> longDays{"Monday", "Tuesday",  "Wednesday", "Thursday",
-                                                   "Friday", "Saturday", "Sunday"};
 
-/// Takes a text apart from its front. Once a piece is not there, `isGood()` is false for good.
+constexpr char lower(char c) noexcept { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+/// Takes a text apart from its front. Once a piece is missing, `isGood()` stays false.
 class Reader {
 public:
     explicit Reader(std::string_view text) noexcept : rest_(text) {}
@@ -26,36 +27,49 @@ public:
     bool isGood() const noexcept { return isGood_; }
     bool isAtEnd() const noexcept { return isGood_ && rest_.empty(); }
 
-    /// Takes `piece`; says whether it was there.
+    /// Takes `piece` if it is next, with letters of either case.
     bool take(std::string_view piece) noexcept {
-        if (!rest_.starts_with(piece)) return false;
+        if (!isNext(piece)) return false;
         rest_.remove_prefix(piece.size());
         return true;
     }
     void need(std::string_view piece) noexcept { isGood_ = take(piece) && isGood_; }
+    void fail() noexcept { isGood_ = false; }
 
-    /// The place among `names`, counted from 1, of the one that stands here.
-    unsigned oneOf(std::span<const std::string_view> names) noexcept {
-        const auto found = std::ranges::find_if(names, [this](std::string_view name) { return take(name); });
-        isGood_ = isGood_ && found != names.end();
-        return static_cast<unsigned>(found - names.begin()) + 1;
+    /// The position of the name that comes next, of which `letters` are written; all of them for 0.
+    template <std::size_t count>
+    unsigned oneOf(const std::array<std::string_view, count>& names, std::size_t letters = 0) noexcept {
+        for (unsigned i = 0; i < count; ++i) {
+            if (take(letters == 0 ? names[i] : names[i].substr(0, letters))) return i;
+        }
+        isGood_ = false;
+        return 0;
     }
 
-    int number(int digits) noexcept {
-        int value = 0;
-        for (int i = 0; i < digits; ++i) {
-            const char next = rest_.empty() ? ' ' : rest_.front();
-            if (next < '0' || next > '9') {
-                isGood_ = false;
-                return 0;
-            }
-            value = value * 10 + (next - '0');
-            rest_.remove_prefix(1);
+    int number(std::size_t digits) noexcept {
+        if (rest_.size() < digits) {
+            isGood_ = false;
+            return 0;
         }
+        int value = 0;
+        for (std::size_t i = 0; i < digits; ++i) {
+            const char c = rest_[i];
+            isGood_ = isGood_ && c >= '0' && c <= '9';
+            value = value * 10 + (c - '0');
+        }
+        rest_.remove_prefix(digits);
         return value;
     }
 
 private:
+    bool isNext(std::string_view piece) const noexcept {
+        if (rest_.size() < piece.size()) return false;
+        for (std::size_t i = 0; i < piece.size(); ++i) {
+            if (lower(rest_[i]) != lower(piece[i])) return false;
+        }
+        return true;
+    }
+
     std::string_view rest_;
     bool isGood_ = true;
 };
@@ -66,32 +80,30 @@ struct Day {
     int day = 0;
 };
 
-std::chrono::seconds timeOf(Reader& reader) noexcept {
+seconds timeOf(Reader& reader) noexcept {
     const int hour = reader.number(2);
     reader.need(":");
     const int minute = reader.number(2);
     reader.need(":");
     const int second = reader.number(2);
     // 60 is a leap second.
-    if (hour > 23 || minute > 59 || second > 60) reader.need("a time of day");
-    return std::chrono::hours(hour) + std::chrono::minutes(minute) + std::chrono::seconds(second);
+    if (hour > 23 || minute > 59 || second > 60) reader.fail();
+    return std::chrono::hours(hour) + std::chrono::minutes(minute) + seconds(second);
 }
 
-std::optional<Date> dateOf(const Reader& reader, const Day& day, std::chrono::seconds time) noexcept {
-    const std::chrono::year_month_day date(std::chrono::year(day.year), std::chrono::month(day.month),
+std::optional<seconds> dateOf(const Reader& reader, const Day& day, seconds time) noexcept {
+    if (!reader.isAtEnd()) return std::nullopt;
+    const std::chrono::year_month_day date(std::chrono::year(day.year), std::chrono::month(day.month + 1),
                                            std::chrono::day(static_cast<unsigned>(day.day)));
-    if (!reader.isAtEnd() || !date.ok()) return std::nullopt;
-    const std::int64_t midnight =
-        std::chrono::sys_days(date).time_since_epoch().count() * std::int64_t{86400};
-    return dateOfSeconds(midnight + time.count());
+    if (!date.ok()) return std::nullopt;
+    return std::chrono::sys_days(date).time_since_epoch() + time;
 }
 
-/// The year of two digits that lies at most fifty years after `now`, and less than fifty before.
-int fullYear(int lastDigits, Date now) noexcept {
+/// The year of two digits that is at most fifty years after `now`, and less than fifty before.
+int fullYear(int lastDigits, seconds now) noexcept {
     // Beyond these years a date has no four digits.
-    const double seconds = std::clamp(now.time_since_epoch().count(), -6e10, 2.5e11);
-    const auto today = std::chrono::floor<std::chrono::days>(
-        std::chrono::sys_seconds(std::chrono::seconds(static_cast<std::int64_t>(seconds))));
+    const seconds known = std::clamp(now, seconds(-60'000'000'000), seconds(250'000'000'000));
+    const auto today = std::chrono::floor<std::chrono::days>(std::chrono::sys_seconds(known));
     const int thisYear = static_cast<int>(std::chrono::year_month_day(today).year());
     int year = thisYear - thisYear % 100 + lastDigits;
     if (year > thisYear + 50) year -= 100;
@@ -100,7 +112,7 @@ int fullYear(int lastDigits, Date now) noexcept {
 }
 
 /// "06 Nov 1994 08:49:37 GMT", after the day of the week.
-std::optional<Date> usualDate(Reader reader) noexcept {
+std::optional<seconds> usualDate(Reader reader) noexcept {
     Day day;
     day.day = reader.number(2);
     reader.need(" ");
@@ -108,13 +120,13 @@ std::optional<Date> usualDate(Reader reader) noexcept {
     reader.need(" ");
     day.year = reader.number(4);
     reader.need(" ");
-    const std::chrono::seconds time = timeOf(reader);
+    const seconds time = timeOf(reader);
     reader.need(" GMT");
     return dateOf(reader, day, time);
 }
 
 /// "06-Nov-94 08:49:37 GMT", after the day of the week.
-std::optional<Date> dateWithDashes(Reader reader, Date now) noexcept {
+std::optional<seconds> dateWithDashes(Reader reader, seconds now) noexcept {
     Day day;
     day.day = reader.number(2);
     reader.need("-");
@@ -122,36 +134,71 @@ std::optional<Date> dateWithDashes(Reader reader, Date now) noexcept {
     reader.need("-");
     day.year = fullYear(reader.number(2), now);
     reader.need(" ");
-    const std::chrono::seconds time = timeOf(reader);
+    const seconds time = timeOf(reader);
     reader.need(" GMT");
     return dateOf(reader, day, time);
 }
 
 /// "Nov  6 08:49:37 1994", after the day of the week.
-std::optional<Date> dateOfC(Reader reader) noexcept {
+std::optional<seconds> dateOfC(Reader reader) noexcept {
     Day day;
     day.month = reader.oneOf(months);
     reader.need(" ");
     day.day = reader.take(" ") ? reader.number(1) : reader.number(2);
     reader.need(" ");
-    const std::chrono::seconds time = timeOf(reader);
+    const seconds time = timeOf(reader);
     reader.need(" ");
     day.year = reader.number(4);
     return dateOf(reader, day, time);
 }
 
+void addDigits(std::string& to, unsigned number, unsigned first) {
+    for (unsigned place = first; place > 0; place /= 10) to += static_cast<char>('0' + number / place % 10);
+}
+
 }  // namespace
 
-std::optional<Date> httpDate(std::string_view text, Date now) noexcept {
-    Reader withLongDay(text);
-    withLongDay.oneOf(longDays);
-    withLongDay.need(", ");
-    if (withLongDay.isGood()) return dateWithDashes(withLongDay, now);
+std::optional<seconds> parseHTTPDate(std::string_view text, seconds now) noexcept {
+    constexpr std::size_t shortName = 3;
     Reader reader(text);
-    reader.oneOf(days);
-    if (reader.take(", ")) return reader.isGood() ? usualDate(reader) : std::nullopt;
-    reader.need(" ");
-    return reader.isGood() ? dateOfC(reader) : std::nullopt;
+    const unsigned weekday = reader.oneOf(weekdays, shortName);
+    if (!reader.isGood()) return std::nullopt;
+    if (reader.take(", ")) return usualDate(reader);
+    if (reader.take(" ")) return dateOfC(reader);
+    reader.need(weekdays[weekday].substr(shortName));
+    reader.need(", ");
+    return reader.isGood() ? dateWithDashes(reader, now) : std::nullopt;
+}
+
+std::optional<Date> httpDate(std::string_view text, Date now) noexcept {
+    const double today = std::clamp(now.time_since_epoch().count(), -6e10, 2.5e11);
+    const auto found = parseHTTPDate(text, seconds(static_cast<std::int64_t>(today)));
+    if (!found) return std::nullopt;
+    return dateOfSeconds(found->count());
+}
+
+// The C library's formatting costs more than all that is read of an answer.
+std::string formatHTTPDate(seconds date) {
+    const auto days = std::chrono::floor<std::chrono::days>(date);
+    const std::chrono::sys_days day(days);
+    const std::chrono::year_month_day ymd(day);
+    const std::chrono::hh_mm_ss time(date - days);
+    std::string text(weekdays[std::chrono::weekday(day).c_encoding()].substr(0, 3));
+    text.reserve(std::string_view("Sun, 06 Nov 1994 08:49:37 GMT").size());
+    text += ", ";
+    addDigits(text, static_cast<unsigned>(ymd.day()), 10);
+    text += ' ';
+    text += months[static_cast<unsigned>(ymd.month()) - 1];
+    text += ' ';
+    addDigits(text, static_cast<unsigned>(static_cast<int>(ymd.year())), 1000);
+    text += ' ';
+    addDigits(text, static_cast<unsigned>(time.hours().count()), 10);
+    text += ':';
+    addDigits(text, static_cast<unsigned>(time.minutes().count()), 10);
+    text += ':';
+    addDigits(text, static_cast<unsigned>(time.seconds().count()), 10);
+    text += " GMT";
+    return text;
 }
 
 }  // namespace VanticRestKit::detail

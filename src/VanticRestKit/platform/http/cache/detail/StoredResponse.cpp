@@ -1,6 +1,6 @@
 #include <VanticRestKit/platform/http/cache/detail/StoredResponse.h>
 
-#include <VanticRestKit/platform/http/cache/detail/HTTPDate.h>
+#include <VanticRestKit/platform/date/detail/HTTPDate.h>
 #include <VanticRestKit/platform/http/detail/HeaderName.h>
 
 #include <algorithm>
