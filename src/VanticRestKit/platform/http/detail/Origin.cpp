@@ -1,7 +1,9 @@
 #include <VanticRestKit/platform/http/detail/HeaderName.h>
 #include <VanticRestKit/platform/http/detail/Origin.h>
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string_view>
 #include <utility>
 
@@ -42,7 +44,9 @@ std::string_view beginningOf(const URL& url) {
     const std::string_view text = url.absoluteString();
     const auto authority = text.find("://");
     if (authority == std::string_view::npos) return {};
-    return text.substr(0, text.find_first_of("/?#", authority + 3));
+    const auto path = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(authority) + 3, text.end(),
+                                   [](char c) { return c == '/' || c == '?' || c == '#'; });
+    return text.substr(0, static_cast<std::size_t>(path - text.begin()));
 }
 
 bool beginsWith(const URL& url, std::string_view beginning) {

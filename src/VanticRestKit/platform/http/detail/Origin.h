@@ -36,6 +36,8 @@ public:
     bool knows(const URL& url) const { return beginsWith(url, beginning_); }
     /// `originOf(url)`, remembered. `url` is one that requests can be sent to.
     const std::string& of(const URL& url);
+    /// `beginningOf` the URL that `of` was called with last, or of another one that is written the same up to its path.
+    std::string_view beginning() const noexcept { return beginning_; }
 
 private:
     std::string beginning_;

@@ -28,19 +28,16 @@ std::string digestOf(std::string_view text) {
     return hex;
 }
 
-/// User and password of a URL, with the "@", as they are written. They are sent as an Authorization.
-std::string_view userInfoOf(const URL& url) {
-    const std::string_view beginning = beginningOf(url);
+/// User and password of a URL that begins so, with the "@", as they are written. They are sent as an Authorization.
+std::string_view userInfoOf(std::string_view beginning) {
     const auto at = beginning.rfind('@');
     if (at == std::string_view::npos) return {};
     const auto authority = beginning.find("://") + 3;
     return beginning.substr(authority, at + 1 - authority);
 }
 
-/// The URL part of the key of `url`, whose origin is `origin`.
-std::string cacheUrlOf(const URL& url, std::string_view origin) {
-    const std::string_view text = url.absoluteString();
-    std::string_view rest = text.substr(beginningOf(url).size());
+/// The URL part of the key of a URL whose origin is `origin`, and after it comes `rest`.
+std::string cacheUrlOf(std::string_view origin, std::string_view rest) {
     rest = rest.substr(0, rest.find('#'));
     std::string key;
     key.reserve(origin.size() + rest.size() + 1);
@@ -58,14 +55,17 @@ CachePartition::CachePartition(std::string_view authorization, std::string_view 
 std::string CachePartition::prefixOf(std::string_view authorization) { return digestOf(authorization) + '.'; }
 
 CacheKey CacheKeys::of(const CacheRequest& request, const URL& url) {
-    const std::string_view userInfo = userInfoOf(url);
+    const std::string& origin = origins_.of(url);
+    const std::string_view beginning = origins_.beginning();
+    const std::string_view userInfo = userInfoOf(beginning);
     const std::string_view authorization = request.authorization.empty() ? userInfo : request.authorization;
     if (authorization_ != authorization || cookie_ != request.cookie) {
         authorization_ = authorization;
         cookie_ = request.cookie;
         partition_ = CachePartition(authorization_, cookie_);
     }
-    return {.partition = partition_, .url = cacheUrlOf(url, origins_.of(url))};
+    return {.partition = partition_,
+            .url = cacheUrlOf(origin, std::string_view(url.absoluteString()).substr(beginning.size()))};
 }
 
 }  // namespace VanticRestKit::detail

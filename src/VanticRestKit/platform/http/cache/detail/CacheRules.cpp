@@ -31,8 +31,8 @@ bool mayStore(const CacheRequest& request, const StoredResponse& response) {
     } else if (control.noStore) {
         return false;
     }
-    return control.isPublic || control.isPrivate || control.maxAge.has_value() ||
-           !response.field("expires").empty() || isHeuristicallyCacheable(status);
+    return control.isPublic || control.isPrivate || response.declaresLifetime() ||
+           isHeuristicallyCacheable(status);
 }
 
 bool isWorthStoring(const StoredResponse& response) {
@@ -64,9 +64,9 @@ bool isUsableOffline(const StoredResponse& stored, const CacheRequest& request, 
     if (control.mustRevalidate || control.noCache || request.control.noCache) return false;
     // A request that limits the age has decided already.
     if (request.control.maxAge || request.control.minFresh) return isUsableOnError(stored, request, now);
-    const bool isDeclared = control.maxAge || !stored.field("expires").empty();
     const milliseconds staleness = stored.age(now) - stored.lifetime();
-    return (isDeclared && staleness <= stored.lifetime()) || isUsableOnError(stored, request, now);
+    return (stored.declaresLifetime() && staleness <= stored.lifetime()) ||
+           isUsableOnError(stored, request, now);
 }
 
 bool isUsableOnError(const StoredResponse& stored, const CacheRequest& request, CacheTime now) {

@@ -47,9 +47,12 @@ void removeField(HeaderFields& fields, std::string_view name) {
     std::erase_if(fields, [name](const auto& field) { return sameHeaderName(field.first, name); });
 }
 
-void replaceField(HeaderFields& fields, std::string_view name, std::string value) {
-    removeField(fields, name);
-    fields.emplace(name, std::move(value));
+void replaceField(HeaderFields& fields, const char* name, std::string value) {
+    if (const auto present = findHeader(fields, name); present != fields.end()) {
+        present->second = std::move(value);
+    } else {
+        fields.emplace(name, std::move(value));
+    }
 }
 
 std::string_view opaquePart(std::string_view tag) {

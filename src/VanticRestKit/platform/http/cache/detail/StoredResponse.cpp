@@ -14,15 +14,20 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 
-constexpr std::array<std::string_view, 9> ofOneConnection{"connection",
-                                                          "keep-alive",
-                                                          "proxy-authenticate",
-                                                          "proxy-authentication-info",
-                                                          "proxy-authorization",
-                                                          "proxy-connection",
-                                                          "te",
-                                                          "transfer-encoding",
-                                                          "upgrade"};
+/// Whether the field concerns one connection only. Read by the first letter, since most names begin with another one.
+bool isOfOneConnection(std::string_view name) {
+    const auto is = [name](std::string_view known) { return sameHeaderName(name, known); };
+    switch (name.empty() ? ' ' : asciiLower(name.front())) {
+        case 'c': return is("connection");
+        case 'k': return is("keep-alive");
+        case 'p':
+            return is("proxy-authenticate") || is("proxy-authentication-info") || is("proxy-authorization") ||
+                   is("proxy-connection");
+        case 't': return is("te") || is("transfer-encoding");
+        case 'u': return is("upgrade");
+        default: return false;
+    }
+}
 
 // They describe the body that came with the stored answer, which an update does not bring.
 constexpr std::array<std::string_view, 3> ofTheBody{"content-length", "content-encoding", "content-range"};
@@ -39,23 +44,33 @@ bool isOneOf(const std::array<std::string_view, count>& names, std::string_view 
 
 seconds wholeSeconds(CacheTime time) { return std::chrono::floor<seconds>(time.wall); }
 
+/// The field of that name; most often it is spelled the same.
+HeaderFields::iterator fieldNamed(HeaderFields& fields, const std::string& name) {
+    const auto exact = fields.find(name);
+    return exact != fields.end() ? exact : findHeader(fields, name);
+}
+
+/// The fields that `fields` itself says are for one connection.
+std::vector<std::string_view> namedByConnection(const HeaderFields& fields) {
+    const auto found = findHeader(fields, "connection");
+    return found == fields.end() ? std::vector<std::string_view>() : listMembers(found->second);
+}
+
+bool isAmong(const std::vector<std::string_view>& names, std::string_view name) {
+    return std::any_of(names.begin(), names.end(),
+                       [name](std::string_view each) { return sameHeaderName(each, name); });
+}
+
 void removeFieldsOfOneConnection(HeaderFields& fields) {
+    const bool hasAny = std::any_of(fields.begin(), fields.end(),
+                                    [](const auto& field) { return isOfOneConnection(field.first); });
+    if (!hasAny) return;
     std::string listed;
     if (const auto found = findHeader(fields, "connection"); found != fields.end()) listed = found->second;
     const std::vector<std::string_view> named = listMembers(listed);
-    std::erase_if(fields, [&](const auto& field) {
-        return isOneOf(ofOneConnection, field.first) ||
-               std::any_of(named.begin(), named.end(),
-                           [&](std::string_view name) { return sameHeaderName(name, field.first); });
+    std::erase_if(fields, [&named](const auto& field) {
+        return isOfOneConnection(field.first) || isAmong(named, field.first);
     });
-}
-
-void setField(HeaderFields& fields, std::string_view name, std::string_view value) {
-    if (const auto found = findHeader(fields, name); found != fields.end()) {
-        found->second = value;
-    } else {
-        fields.emplace(name, value);
-    }
 }
 
 std::size_t textCost(const std::string& text) {
@@ -67,12 +82,50 @@ std::size_t textCost(const std::string& text) {
 
 StoredResponse::StoredResponse(ResponseParts parts) : parts_(std::move(parts)) {
     removeFieldsOfOneConnection(parts_.fields);
-    if (field("date").empty()) {
-        setField(parts_.fields, "Date", formatHTTPDate(wholeSeconds(parts_.received)));
+    known_ = knownFieldsOf(parts_.fields);
+    const seconds received = wholeSeconds(parts_.received);
+    if (known_.date.empty()) {
+        const auto present = findHeader(parts_.fields, "date");
+        auto& date = present != parts_.fields.end() ? present->second : parts_.fields["Date"];
+        known_.date = date = formatHTTPDate(received);
+        made_ = received;
+    } else {
+        made_ = parseHTTPDate(known_.date, received).value_or(received);
     }
-    control_ = CacheControl::parse(field("cache-control"));
+    if (!known_.lastModified.empty()) modified_ = parseHTTPDate(known_.lastModified, received);
+    control_ = CacheControl::parse(known_.cacheControl);
     lifetime_ = computeLifetime();
     initialAge_ = computeInitialAge();
+}
+
+StoredResponse::KnownFields StoredResponse::knownFieldsOf(const HeaderFields& fields) {
+    KnownFields known;
+    for (const auto& [name, value] : fields) {
+        const auto is = [&field = name](std::string_view other) { return sameHeaderName(field, other); };
+        switch (name.empty() ? ' ' : asciiLower(name.front())) {
+            case 'a':
+                if (is("age")) known.age = value;
+                break;
+            case 'c':
+                if (is("cache-control")) known.cacheControl = value;
+                break;
+            case 'd':
+                if (is("date")) known.date = value;
+                break;
+            case 'e':
+                if (is("etag")) known.etag = value;
+                if (is("expires")) {
+                    known.expires = value;
+                    known.hasExpires = true;
+                }
+                break;
+            case 'l':
+                if (is("last-modified")) known.lastModified = value;
+                break;
+            default: break;
+        }
+    }
+    return known;
 }
 
 std::string_view StoredResponse::field(std::string_view name) const {
@@ -80,36 +133,25 @@ std::string_view StoredResponse::field(std::string_view name) const {
     return found == parts_.fields.end() ? std::string_view() : std::string_view(found->second);
 }
 
-std::optional<seconds> StoredResponse::date(std::string_view name) const {
-    return parseHTTPDate(field(name), wholeSeconds(parts_.received));
-}
-
-std::string_view StoredResponse::lastModified() const {
-    return date("last-modified") ? field("last-modified") : std::string_view();
-}
-
 milliseconds StoredResponse::computeLifetime() const {
     if (control_.maxAge) return *control_.maxAge;
-    const seconds made = date("date").value_or(wholeSeconds(parts_.received));
-    if (findHeader(parts_.fields, "expires") != parts_.fields.end()) {
+    if (known_.hasExpires) {
         // "0", and whatever else is no date, is a time that has passed.
-        const auto expires = date("expires");
-        return expires ? *expires - made : seconds(0);
+        const auto expires = parseHTTPDate(known_.expires, wholeSeconds(parts_.received));
+        return expires ? *expires - made_ : seconds(0);
     }
     if (!isHeuristicallyCacheable(parts_.status) && !control_.isPublic) return milliseconds(0);
-    const auto modified = date("last-modified");
-    if (!modified) return milliseconds(0);
-    return std::clamp<milliseconds>(milliseconds(made - *modified) / 10, milliseconds(0), longestEstimate);
+    if (!modified_) return milliseconds(0);
+    return std::clamp<milliseconds>(milliseconds(made_ - *modified_) / 10, milliseconds(0), longestEstimate);
 }
 
 milliseconds StoredResponse::computeInitialAge() const {
-    const milliseconds made = date("date").value_or(wholeSeconds(parts_.received));
     // A Date has no fractions of a second; one of this second is not older than it.
     const milliseconds apparent =
-        std::max(milliseconds(wholeSeconds(parts_.received)) - made, milliseconds(0));
+        std::max<milliseconds>(wholeSeconds(parts_.received) - made_, milliseconds(0));
     // Of a list the first member counts.
-    const std::string_view age = field("age");
-    const auto told = parseDeltaSeconds(trimmed(age.substr(0, age.find(',')))).value_or(seconds(0));
+    const std::string_view age = known_.age.substr(0, known_.age.find(','));
+    const auto told = parseDeltaSeconds(trimmed(age)).value_or(seconds(0));
     const milliseconds delay = std::max(parts_.received.steady - parts_.requested.steady, milliseconds(0));
     return std::max<milliseconds>(apparent, told + delay);
 }
@@ -147,10 +189,14 @@ StoredPointer updated(const StoredResponse& stored, const HeaderFields& fresh, C
     std::erase_if(parts.fields, [](const auto& field) {
         return sameHeaderName(field.first, "age") || sameHeaderName(field.first, "date");
     });
-    HeaderFields updates = fresh;
-    removeFieldsOfOneConnection(updates);
-    for (const auto& [name, value] : updates) {
-        if (!isOneOf(ofTheBody, name)) setField(parts.fields, name, value);
+    const std::vector<std::string_view> named = namedByConnection(fresh);
+    for (const auto& [name, value] : fresh) {
+        if (isOfOneConnection(name) || isOneOf(ofTheBody, name) || isAmong(named, name)) continue;
+        if (const auto present = fieldNamed(parts.fields, name); present != parts.fields.end()) {
+            present->second = value;
+        } else {
+            parts.fields.emplace(name, value);
+        }
     }
     return std::make_shared<const StoredResponse>(std::move(parts));
 }

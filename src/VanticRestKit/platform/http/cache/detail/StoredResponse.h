@@ -40,6 +40,8 @@ class StoredResponse {
 public:
     /// `parts` without the fields that are for one connection only, and with a Date.
     explicit StoredResponse(ResponseParts parts);
+    StoredResponse(const StoredResponse&) = delete;
+    StoredResponse& operator=(const StoredResponse&) = delete;
 
     std::int64_t status() const noexcept { return parts_.status; }
     const HeaderFields& fields() const noexcept { return parts_.fields; }
@@ -52,9 +54,13 @@ public:
     std::string_view field(std::string_view name) const;
 
     /// The ETag, and the Last-Modified if it is a date; empty if there is none.
-    std::string_view etag() const { return field("etag"); }
-    std::string_view lastModified() const;
-    bool hasValidator() const { return !etag().empty() || !lastModified().empty(); }
+    std::string_view etag() const noexcept { return known_.etag; }
+    std::string_view lastModified() const noexcept {
+        return modified_ ? known_.lastModified : std::string_view();
+    }
+    bool hasValidator() const noexcept { return !etag().empty() || !lastModified().empty(); }
+    /// Whether the answer has an Expires or a max-age.
+    bool declaresLifetime() const noexcept { return control_.maxAge || !known_.expires.empty(); }
 
     /// How long it may be used without asking the server, from the moment in which it was made. Zero or less: not at
     /// all.
@@ -66,12 +72,27 @@ public:
     std::size_t cost() const;
 
 private:
+    /// The values of the fields that a cache reads, found in one pass. Empty for those that are not there.
+    struct KnownFields {
+        std::string_view age{};
+        std::string_view cacheControl{};
+        std::string_view date{};
+        std::string_view etag{};
+        std::string_view expires{};
+        std::string_view lastModified{};
+        bool hasExpires = false;
+    };
+
+    static KnownFields knownFieldsOf(const HeaderFields& fields);
     std::chrono::milliseconds computeLifetime() const;
     std::chrono::milliseconds computeInitialAge() const;
-    std::optional<std::chrono::seconds> date(std::string_view name) const;
 
     ResponseParts parts_;
+    KnownFields known_;
     CacheControl control_;
+    /// What Date and Last-Modified say; the time of receipt for a Date that is none.
+    std::chrono::seconds made_{};
+    std::optional<std::chrono::seconds> modified_;
     std::chrono::milliseconds lifetime_{};
     std::chrono::milliseconds initialAge_{};
 };
