@@ -53,7 +53,8 @@ public:
     };
     /// A cache that keeps answers in a file as well, for later processes, and for others at the same time. If the
     /// library was built without SQLite, `report` gets `DiskCacheErrorCode::unsupported` and it keeps them in memory
-    /// only. No disk keeps a session's thread waiting.
+    /// only. No disk keeps a session's thread waiting, and a
+    /// load that the disk keeps waiting for a second goes to the server.
     static std::shared_ptr<URLCache> makeOnDisk(DiskArguments arguments);
 
     /// The cache that sessions use if their configuration names no other: in memory, of the default capacity. It is

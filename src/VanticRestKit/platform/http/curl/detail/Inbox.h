@@ -7,6 +7,7 @@
 #include <VanticRestKit/platform/http/curl/detail/WakeDescriptor.h>
 #include <VanticRestKit/platform/http/detail/Transfer.h>
 
+#include <cstdint>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -21,13 +22,14 @@ class StoredResponse;
 class Inbox {
 public:
     struct Message {
-        /// `resume`: what a transfer waited for, apart from sockets, has come; see `found`.
+        /// `resume`: a cache's store has answered; see `found`.
         enum class Kind { start, cancel, redirect, cancelAll, closeIdle, resume };
         Kind kind;
-        std::shared_ptr<Transfer> transfer;
+        std::shared_ptr<Transfer> transfer{};
         /// What the host has made of a redirect; empty if it is not to be followed.
         std::optional<URLRequest> next{};
-        /// What a cache's store has for the transfer.
+        /// What a cache's store has for a transfer, and the number of the read; see `StoreReads`.
+        std::uint64_t read = 0;
         std::vector<std::shared_ptr<const StoredResponse>> found{};
     };
 

@@ -236,6 +236,7 @@ void IoLoop::collectFinished() {
 void IoLoop::timeOut() {
     timeOutIdle();
     while (const auto overdue = loadDeadlines_.takeOverdue(now_)) fail(overdue->exchange, overdue->fault);
+    while (const auto overdue = storeReads_.takeOverdue(now_)) resume(*overdue, {});
 }
 
 void IoLoop::timeOutIdle() {
@@ -349,7 +350,7 @@ void IoLoop::deliver() {
 std::chrono::milliseconds IoLoop::longestWait() const {
     std::chrono::milliseconds limit{60 * 60 * 1000};
     for (const auto next : {deadlines_.next(), loadDeadlines_.next(), resets_.next(), pendingConnects_.next(),
-                            unreached_.next()}) {
+                            unreached_.next(), storeReads_.next()}) {
         if (!next) continue;
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(*next - Clock::now());
         limit = std::clamp(left, std::chrono::milliseconds(0), limit);

@@ -15,6 +15,7 @@
 #include <VanticRestKit/platform/http/curl/detail/Inbox.h>
 #include <VanticRestKit/platform/http/curl/detail/LoadDeadlines.h>
 #include <VanticRestKit/platform/http/curl/detail/PendingConnects.h>
+#include <VanticRestKit/platform/http/curl/detail/StoreReads.h>
 #include <VanticRestKit/platform/http/curl/detail/StreamResets.h>
 #include <VanticRestKit/platform/http/curl/detail/SuspectConnections.h>
 #include <VanticRestKit/platform/http/curl/detail/Undelivered.h>
@@ -64,7 +65,9 @@ private:
     void cancelAll();
     void beginHop(Exchange& exchange);
     void askCache(Exchange& exchange);
+    void readStore(Exchange& exchange);
     void resume(Inbox::Message message);
+    void resume(const Transfer& transfer, std::vector<StoredPointer> found);
     void answer(Exchange& exchange, HopAnswer found);
     static Outcome outcomeOf(const Exchange& exchange, HopAnswer answer);
     void revalidate(Exchange& exchange);
@@ -112,6 +115,7 @@ private:
     const URLRequestCachePolicy usualPolicy_;
     const std::shared_ptr<CacheCore> cache_;
     CacheKeys cacheKeys_;
+    StoreReads storeReads_;
     const std::shared_ptr<Inbox> inbox_;
     const DispatchQueue delegateQueue_;
     const std::shared_ptr<Undelivered> undelivered_;

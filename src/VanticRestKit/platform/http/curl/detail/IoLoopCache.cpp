@@ -26,14 +26,7 @@ void IoLoop::askCache(Exchange& exchange) {
     switch (exchange.cacheHop->ask()) {
         case CacheHop::Step::load: enqueue(exchange); break;
         case CacheHop::Step::refuse: fail(exchange, {URLErrorCode::resourceUnavailable}); break;
-        case CacheHop::Step::read:
-            exchange.cacheHop->read(
-                [inbox = inbox_, transfer = exchange.transfer()](std::vector<StoredPointer> found) mutable {
-                    inbox->post({.kind = Inbox::Message::Kind::resume,
-                                 .transfer = std::move(transfer),
-                                 .found = std::move(found)});
-                });
-            break;
+        case CacheHop::Step::read: readStore(exchange); break;
         case CacheHop::Step::answer:
             if (exchange.cacheHop->wantsRevalidation()) revalidate(exchange);
             answer(exchange, exchange.cacheHop->takeAnswer());
@@ -41,12 +34,28 @@ void IoLoop::askCache(Exchange& exchange) {
     }
 }
 
+void IoLoop::readStore(Exchange& exchange) {
+    if (storeReads_.isStuck()) {
+        exchange.cacheHop->found({});
+        askCache(exchange);
+        return;
+    }
+    const std::uint64_t number = storeReads_.begin(exchange.transfer(), now_);
+    exchange.cacheHop->read([inbox = inbox_, number](std::vector<StoredPointer> found) {
+        inbox->post({.kind = Inbox::Message::Kind::resume, .read = number, .found = std::move(found)});
+    });
+}
+
 void IoLoop::resume(Inbox::Message message) {
-    const auto found = exchanges_.find(message.transfer.get());
+    if (const auto transfer = storeReads_.end(message.read)) resume(*transfer, std::move(message.found));
+}
+
+void IoLoop::resume(const Transfer& transfer, std::vector<StoredPointer> found) {
+    const auto exchange = exchanges_.find(&transfer);
     // It may have been cancelled.
-    if (found == exchanges_.end() || !found->second->cacheHop) return;
-    found->second->cacheHop->found(std::move(message.found));
-    askCache(*found->second);
+    if (exchange == exchanges_.end()) return;
+    exchange->second->cacheHop->found(std::move(found));
+    askCache(*exchange->second);
 }
 
 // A redirect from the cache is treated like one from the server.
