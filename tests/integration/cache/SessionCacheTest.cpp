@@ -1,95 +1,14 @@
 // The cache of a session over real sockets, with a clock that the tests move.
 
-#include "CaseServer.h"
+#include "SessionCache.h"
 
-#include <support/FaultServer.h>
-#include <support/Loading.h>
-#include <VanticRestKit/platform/http/cache/detail/CacheAccess.h>
-#include <VanticRestKit/platform/http/cache/detail/CacheCore.h>
+#include <VanticRestKit/platform/http/cache/URLCache.h>
 
-#include <gtest/gtest.h>
-
-#include <map>
+#include <atomic>
 
 namespace VanticRestKit::test {
 
 namespace {
-
-using Policy = URLRequestCachePolicy;
-using Source = HTTPCacheStatus::Source;
-
-constexpr const char* fresh = "Cache-Control: max-age=60\r\nETag: \"a\"\r\n";
-
-/// Keeps records in memory, and answers reads on a thread of its own.
-class FakeStore final : public detail::CacheStore {
-public:
-    void read(std::string key, Found found) override {
-        std::vector<detail::CacheRecord> records;
-        {
-            const std::lock_guard lock(mutex_);
-            for (const auto& [name, record] : records_) {
-                if (name.first == key) records.push_back(record);
-            }
-        }
-        queue_.async([records = std::move(records), found = std::move(found)]() mutable {
-            found(std::move(records));
-        });
-    }
-    void write(detail::CacheRecord record) override {
-        const std::lock_guard lock(mutex_);
-        records_[{record.key, record.variant}] = record;
-    }
-    void writeHead(std::string key, std::string variant, Data head) override {
-        const std::lock_guard lock(mutex_);
-        const auto found = records_.find({key, variant});
-        if (found != records_.end()) found->second.head = std::move(head);
-    }
-    void remove(std::string key) override {
-        const std::lock_guard lock(mutex_);
-        std::erase_if(records_, [&](const auto& each) { return each.first.first == key; });
-    }
-    void removeAll(std::string prefix) override {
-        const std::lock_guard lock(mutex_);
-        std::erase_if(records_, [&](const auto& each) { return each.first.first.starts_with(prefix); });
-    }
-    std::uint64_t currentUsage() const override { return 0; }
-    void flush() override {}
-
-private:
-    DispatchQueue queue_{"fake store"};
-    std::mutex mutex_;
-    std::map<std::pair<std::string, std::string>, detail::CacheRecord> records_;
-};
-
-class SessionCache : public testing::Test {
-protected:
-    std::shared_ptr<URLCache> makeCache(std::shared_ptr<detail::CacheStore> store = nullptr) {
-        return detail::CacheAccess::make(
-            URLCache::defaultMemoryCapacity, std::move(store),
-            [this]() -> detail::CacheTime { return {.wall = clock.now(), .steady = clock.now()}; });
-    }
-
-    std::shared_ptr<URLSession> makeSession(std::shared_ptr<URLCache> with) {
-        URLSessionConfiguration configuration;
-        configuration.urlCache = std::move(with);
-        return URLSession::make(configuration);
-    }
-
-    static Source sourceOf(const Loaded& loaded) { return loaded.response()->asHTTP()->source(); }
-    static std::string statusOf(const Loaded& loaded) {
-        return loaded.response()->asHTTP()->cacheStatusValue().value_or("");
-    }
-
-    static URLRequest requestWith(const FaultServer& server, Policy policy) {
-        URLRequest request = requestOf(server.url());
-        request.setCachePolicy(policy);
-        return request;
-    }
-
-    MovedClock clock;
-    std::shared_ptr<URLCache> cache = makeCache();
-    std::shared_ptr<URLSession> session = makeSession(cache);
-};
 
 TEST_F(SessionCache, AnswersTheSecondLoadAndSaysSo) {
     FaultServer server(always(answer(200, "body", fresh)));
@@ -255,31 +174,37 @@ TEST_F(SessionCache, KeepsEachHopOfARedirectOnItsOwn) {
     EXPECT_EQ(requests[2].target, "/there");
 }
 
-TEST_F(SessionCache, ReadsAStoreWithoutHoldingUpOtherLoads) {
-    FaultServer server(always(answer(200, "body", fresh)));
-    const auto store = std::make_shared<FakeStore>();
-    load(*makeSession(makeCache(store)), server.url());
-    // Another process with the same store.
-    const auto later = makeSession(makeCache(store));
-    const Loaded loaded = load(*later, server.url());
-    EXPECT_EQ(sourceOf(loaded), Source::cache);
-    EXPECT_EQ(loaded.body(), "body");
-    EXPECT_EQ(server.requests().size(), 1U);
-}
-
 TEST_F(SessionCache, KeepsAnswersForTheCookieOfTheSession) {
     FaultServer server([](FaultConnection& connection) {
-        int count = 0;
-        while (connection.readRequest()) {
-            const std::string user = "Set-Cookie: user=" + std::to_string(++count) + "\r\n";
-            connection.send(answer(200, "body " + std::to_string(count), std::string(fresh) + user));
+        while (const auto request = connection.readRequest()) {
+            const char* const cookie = request->target == "/sign-in" ? "Set-Cookie: user=1\r\n" : "";
+            connection.send(answer(200, "for " + request->header("cookie"), std::string(fresh) + cookie));
         }
     });
-    EXPECT_EQ(load(*session, requestWith(server, Policy::reloadIgnoringLocalCacheData)).body(), "body 1");
-    EXPECT_EQ(load(*session, requestWith(server, Policy::reloadIgnoringLocalCacheData)).body(), "body 2");
-    // That was for user 1, and the session's user is 2 now: what an anonymous request got will do, what user 1 got not.
-    EXPECT_EQ(load(*session, server.url()).body(), "body 1");
-    EXPECT_EQ(server.requests()[1].header("cookie"), "user=1");
+    URLRequest withoutCookies = requestOf(server.url("/page"));
+    withoutCookies.setHTTPShouldHandleCookies(false);
+    EXPECT_EQ(load(*session, server.url("/page")).body(), "for ");
+    load(*session, server.url("/sign-in"));
+    // What was answered to a request without a cookie is not for one with a cookie,
+    EXPECT_EQ(load(*session, server.url("/page")).body(), "for user=1");
+    EXPECT_EQ(server.requests().size(), 3U);
+    // and each has its own answer from then on.
+    EXPECT_EQ(load(*session, withoutCookies).body(), "for ");
+    EXPECT_EQ(load(*session, server.url("/page")).body(), "for user=1");
+    EXPECT_EQ(server.requests().size(), 3U);
+}
+
+TEST_F(SessionCache, UsesNoAnswerToACookieForARequestWithoutOne) {
+    FaultServer server([](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            connection.send(answer(200, "for " + request->header("cookie"), fresh));
+        }
+    });
+    URLRequest signedIn = requestOf(server.url());
+    signedIn.setValue("user=1", "Cookie");
+    EXPECT_EQ(load(*session, signedIn).body(), "for user=1");
+    EXPECT_EQ(load(*session, server.url()).body(), "for ");
+    EXPECT_EQ(server.requests().size(), 2U);
 }
 
 }  // namespace

@@ -270,7 +270,7 @@ TEST_F(DiskCacheFaults, WhatAFullDiskKeptFromBeingReplacedIsNotFoundAgain) {
     open(capacity, limits);
     for (int i = 0; i < 8; ++i) store_->write(recordOf(std::to_string(i), "v", 1, 40'000));
     store_->write(recordOf("3", "v", 2, 400'000));
-    store_->writeHead("3", "v", Data(headOf("3", "v", 2, 1)));
+    store_->writeHead({"3", "v", Data(headOf("3", "v", 2, 1)), Data(bodyOf("3", "v", 2, 400'000))});
     EXPECT_THAT(recordsOf(*store_, "3"), IsEmpty());
     EXPECT_EQ(countWhole(), 7);
     EXPECT_THAT(reports_.codes(), ElementsAre(Code::diskFull));

@@ -11,7 +11,7 @@ TEST_F(DiskStore, WithoutSQLiteReportsSoOnceAndStaysEmpty) {
     EXPECT_FALSE(detail::hasDiskCacheStore());
     open();
     write("a", "body");
-    store_->writeHead("a", "", Data("head"));
+    store_->writeHead({"a", "", Data("head"), Data("body")});
     EXPECT_EQ(bodyIn(*store_, "a"), "none");
     store_->remove("a");
     store_->removeAll("");

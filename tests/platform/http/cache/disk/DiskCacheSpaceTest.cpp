@@ -27,7 +27,7 @@ TEST_F(DiskCacheSpace, RemovesWhatWasUsedLeastRecently) {
     open(1'000'000);
     for (int i = 0; i < 8; ++i) write(std::to_string(i), std::string(100'000, 'x'));
     EXPECT_TRUE(has(0));
-    store_->writeHead("1", "", Data("renewed"));
+    store_->writeHead({"1", "", Data("renewed"), Data(std::string(100'000, 'x'))});
     for (int i = 8; i < 13; ++i) write(std::to_string(i), std::string(100'000, 'x'));
     EXPECT_TRUE(has(0)) << "was read";
     EXPECT_TRUE(has(1)) << "its head was written";

@@ -31,7 +31,7 @@ TEST_F(DiskCacheStore, IsPartOfThisBuild) { EXPECT_TRUE(detail::hasDiskCacheStor
 
 TEST_F(DiskCacheStore, MakesNothingBeforeTheFirstWrite) {
     EXPECT_EQ(bodyIn(*store_, "a"), "none");
-    store_->writeHead("a", "", Data("head"));
+    store_->writeHead({"a", "", Data("head"), Data("body")});
     store_->remove("a");
     store_->removeAll("");
     store_->flush();
@@ -110,9 +110,10 @@ TEST_F(DiskCacheStore, KeepsAllVariantsOfAKeyAndReplacesOneOfThem) {
 TEST_F(DiskCacheStore, ReplacesTheHeadAndLeavesTheBody) {
     write("a", std::string(100'000, 'x'), "v");
     write("b", "other", "v");
-    store_->writeHead("a", "v", Data("a longer head than the one before"));
-    store_->writeHead("a", "w", Data("of a variant that is not there"));
-    store_->writeHead("c", "v", Data("of a key that is not there"));
+    const Data body(std::string(100'000, 'x'));
+    store_->writeHead({"a", "v", Data("a longer head than the one before"), body});
+    store_->writeHead({"a", "w", Data("of a variant that is not there"), body});
+    store_->writeHead({"c", "v", Data("of a key that is not there"), body});
     reopen();
     const auto records = recordsOf(*store_, "a");
     ASSERT_EQ(records.size(), 1U);
@@ -200,6 +201,21 @@ TEST_F(DiskCacheStore, TwoStoresOfOneProcessShareAFolder) {
         other->flush();
         EXPECT_EQ(bodyIn(*store_, key), "of the other");
     }
+}
+
+TEST_F(DiskCacheStore, GivesNoHeadToABodyThatAnotherStoreHasWritten) {
+    const auto other = detail::openDiskCacheStore(folder(), capacity, reports_.collect());
+    store_->write({"a", "", Data("head 1"), Data("body 1")});
+    store_->flush();
+    other->write({"a", "", Data("head 2"), Data("body 2")});
+    other->flush();
+    store_->writeHead({"a", "", Data("head 1, renewed"), Data("body 1")});
+    const auto records = recordsOf(*store_, "a");
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_EQ(records[0].head, Data("head 2"));
+    EXPECT_EQ(records[0].body, Data("body 2"));
+    other->writeHead({"a", "", Data("head 2, renewed"), Data("body 2")});
+    EXPECT_EQ(recordsOf(*other, "a").at(0).head, Data("head 2, renewed"));
 }
 
 TEST_F(DiskCacheStore, WritesWhatWasHandedOverAlsoAfterItsLastHandleIsGone) {

@@ -26,7 +26,10 @@ public:
     void write(unsigned round) {
         for (unsigned i = 0; i < 6; ++i) writeSome(round * 10 + i);
         // Of all versions that this process has written, the head belongs to the last one.
-        if (next(3) == 0) store_.writeHead(lastKey_, "v", Data(headOf(lastKey_, "v", lastVersion_, round)));
+        if (next(3) == 0) {
+            store_.writeHead({lastKey_, "v", Data(headOf(lastKey_, "v", lastVersion_, round)),
+                              Data(bodyOf(lastKey_, "v", lastVersion_, lastSize_))});
+        }
         if (next(20) == 0) store_.remove(key());
         if (next(50) == 0) store_.removeAll("record 1");
         store_.write(recordOf("mark", "v", round, 10));
@@ -39,6 +42,7 @@ private:
         const std::size_t size = next(40) == 0 ? 300'000 : next(20'000);
         lastKey_ = key();
         lastVersion_ = version;
+        lastSize_ = size;
         store_.write(recordOf(lastKey_, "v", version, size));
     }
     std::string key() { return "record " + std::to_string(next(keys)); }
@@ -51,6 +55,7 @@ private:
     unsigned state_;
     std::string lastKey_{};
     unsigned lastVersion_ = 0;
+    std::size_t lastSize_ = 0;
 };
 
 }  // namespace

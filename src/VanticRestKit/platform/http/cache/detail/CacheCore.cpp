@@ -47,7 +47,7 @@ std::vector<StoredPointer> CacheCore::take(const CacheKey& key, const std::vecto
         });
     });
     for (const StoredPointer& response : responses) memory_.put(key, response, nullptr, removed);
-    count_ = memory_.count();
+    noteChange();
     return responses;
 }
 
@@ -61,7 +61,7 @@ bool CacheCore::put(const CacheKey& key, const StoredPointer& response, const UR
     const std::lock_guard lock(mutex_);
     if (wasRemovedSince(key, begun)) return false;
     const bool isKept = memory_.put(key, response, &request, removed);
-    count_ = memory_.count();
+    noteChange();
     if (store_) store_->write(recordOf(key.text(), *response));
     return isKept || store_;
 }
@@ -74,8 +74,8 @@ bool CacheCore::update(const CacheKey& key, const StoredPointer& stored, StoredP
     if (wasRemovedSince(key, begun)) return false;
     // Another answer may have come in between.
     if (!memory_.replace(key, stored, replacement, removed)) return false;
-    count_ = memory_.count();
-    if (store_) store_->writeHead(key.text(), replacement->variant(), recordHead(*replacement));
+    noteChange();
+    if (store_) store_->writeHead(recordOf(key.text(), *replacement));
     return true;
 }
 
@@ -84,7 +84,7 @@ void CacheCore::drop(const CacheKey& key, const StoredPointer& stored) {
     MemoryStore::Removed removed;
     const std::lock_guard lock(mutex_);
     memory_.remove(key, stored, removed);
-    count_ = memory_.count();
+    noteChange();
     // The store cannot remove one of several.
     if (store_) store_->remove(key.text());
 }
@@ -95,7 +95,7 @@ void CacheCore::remove(const CacheKey& key) {
     const std::lock_guard lock(mutex_);
     memory_.remove(key, removed);
     noteRemoval(key.text(), true);
-    count_ = memory_.count();
+    noteChange();
     if (store_) store_->remove(key.text());
 }
 
@@ -110,8 +110,13 @@ void CacheCore::removeAll(std::string_view prefix) {
     const std::lock_guard lock(mutex_);
     memory_.removeAll(prefix, removed);
     noteRemoval(std::string(prefix), false);
-    count_ = memory_.count();
+    noteChange();
     if (store_) store_->removeAll(std::string(prefix));
+}
+
+void CacheCore::noteChange() {
+    count_ = memory_.count();
+    ++changes_;
 }
 
 void CacheCore::noteRemoval(std::string prefix, bool isWholeKey) {
@@ -134,7 +139,7 @@ void CacheCore::setCapacity(std::size_t capacity) {
     MemoryStore::Removed removed;
     const std::lock_guard lock(mutex_);
     memory_.setCapacity(capacity, removed);
-    count_ = memory_.count();
+    noteChange();
 }
 
 std::size_t CacheCore::capacity() const {

@@ -37,6 +37,9 @@ public:
     /// fit the request.
     StoredPointer find(const CacheKey& key, const URLRequest& request, bool* hasOthers = nullptr);
 
+    /// Grows with each change of what is in memory, so that a look-up need not be repeated while it stays the same.
+    std::uint64_t changes() const noexcept { return changes_.load(std::memory_order_relaxed); }
+
     using Found = UniqueFunction<void(std::vector<StoredPointer>)>;
     /// Brings what the store has of `key` to memory and gives it to `found`, on the store's thread: also what is too
     /// large for memory, but not what memory has a newer one of.
@@ -84,6 +87,7 @@ private:
         bool isWholeKey;
     };
 
+    void noteChange();
     void noteRemoval(std::string prefix, bool isWholeKey);
     bool wasRemovedSince(const CacheKey& key, std::uint64_t begun) const;
     std::vector<StoredPointer> take(const CacheKey& key, const std::vector<CacheRecord>& records,
@@ -96,6 +100,7 @@ private:
     std::atomic<std::uint64_t> hits_ = 0;
     std::atomic<std::uint64_t> misses_ = 0;
     std::atomic<std::uint64_t> removalCount_ = 0;
+    std::atomic<std::uint64_t> changes_ = 0;
 
     mutable std::mutex mutex_;
     MemoryStore memory_;

@@ -76,8 +76,8 @@ CacheHop::Step CacheHop::ask() {
 
 CacheHop::Step CacheHop::lookUp() {
     bool hasOthers = false;
+    lookedAt_ = core_->changes();
     if (!core_->isEmpty()) stored_ = core_->find(key(), request_, &hasOthers);
-    if (!stored_ && !core_->isEmpty() && !cookie_.empty()) stored_ = findWithoutCookie();
     if (!stored_ && core_->hasStore() && !hasRead_) return Step::read;
     if (!stored_) {
         // What was too large for memory.
@@ -93,18 +93,11 @@ CacheHop::Step CacheHop::lookUp() {
     return use();
 }
 
-// What the server gave to a request without a cookie, such as the one whose answer set the cookie, is nobody's in
-// particular, unless the server says that it depends on the cookie.
-StoredPointer CacheHop::findWithoutCookie() {
-    CacheRequest anonymous = wanted_;
-    anonymous.cookie = {};
-    StoredPointer found = core_->find(keys_.of(anonymous, *request_.url()), request_);
-    const auto names = found ? listMembers(found->field("vary")) : std::vector<std::string_view>();
-    const bool dependsOnCookie = std::any_of(
-        names.begin(), names.end(), [](std::string_view name) { return sameHeaderName(name, "cookie"); });
-    if (dependsOnCookie) return nullptr;
-    isAnonymous_ = found != nullptr;
-    return found;
+// Another load may have stored an answer since this one looked.
+void CacheHop::lookAgain() {
+    if (!stored_ && !core_->isEmpty() && core_->changes() != lookedAt_) {
+        stored_ = core_->find(key(), request_);
+    }
 }
 
 CacheHop::Step CacheHop::use() {
@@ -203,7 +196,7 @@ void CacheHop::noteSent(const std::string& cookie) {
         cookie_ = cookie;
         wanted_.cookie = cookie_.empty() ? CacheRequest(request_).cookie : std::string_view(cookie_);
         key_.reset();
-        isAnonymous_ = false;
+        lookedAt_.reset();
         if (stored_) forgetStored();
     }
     if (core_) requested_ = core_->now();
@@ -255,9 +248,7 @@ HopAnswer CacheHop::finish(std::int64_t status, HeaderFields fields, std::option
 HopAnswer CacheHop::confirmed(const HeaderFields& fields) {
     if (!revalidated_) core_->countHit();
     StoredPointer fresh = updated(*stored_, fields, requested_, received_);
-    // What the server said to a request with a cookie is kept for that cookie.
-    status_.isStored = isAnonymous_ ? core_->put(key(), fresh, request_, begun_)
-                                    : core_->update(key(), stored_, fresh, begun_);
+    status_.isStored = core_->update(key(), stored_, fresh, begun_);
     status_.source = Source::revalidated;
     return {.answer = confirmedAnswerOf(*fresh, wanted_),
             .status = status_,
@@ -266,7 +257,7 @@ HopAnswer CacheHop::confirmed(const HeaderFields& fields) {
 
 void CacheHop::keep(std::int64_t status, const HeaderFields& fields, const std::optional<Data>& body) {
     if (!wanted_.isStorable()) return;
-    if (!stored_ && !core_->isEmpty()) stored_ = core_->find(key(), request_);
+    lookAgain();
     if (!mayKeep(fields)) return;
     const auto variant = variantOf(fieldOf(fields, "vary"), request_);
     if (variant) {
@@ -288,7 +279,7 @@ void CacheHop::keep(std::int64_t status, const HeaderFields& fields, const std::
 }
 
 void CacheHop::freshen(std::int64_t status, const HeaderFields& fields) {
-    if (!stored_ && !core_->isEmpty()) stored_ = core_->find(key(), request_);
+    lookAgain();
     if (!stored_) return;
     if (status == 304) {
         // The client's own question. Its answer is about what is stored only if it names the same validator.
@@ -317,6 +308,7 @@ void CacheHop::invalidate(std::int64_t status, const HeaderFields& fields) {
 
 bool CacheHop::forgetStored() {
     stored_.reset();
+    lookedAt_.reset();
     outgoing_.reset();
     asksIfChanged_ = false;
     status_.source = Source::network;

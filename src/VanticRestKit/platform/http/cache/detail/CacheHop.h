@@ -87,7 +87,7 @@ public:
 private:
     const CacheKey& key();
     Step lookUp();
-    StoredPointer findWithoutCookie();
+    void lookAgain();
     Step use();
     Step load(HTTPCacheStatus::Forwarding reason);
     Step answerStored(HTTPCacheStatus::Source source);
@@ -118,12 +118,12 @@ private:
     CacheTime requested_{};
     CacheTime received_{};
     std::uint64_t begun_ = 0;
+    /// What `changes` of the cache was when it was asked last; empty if it was not, or for another key.
+    std::optional<std::uint64_t> lookedAt_;
     bool hasRead_ = false;
     /// Whether the outgoing request has conditions of this cache.
     bool asksIfChanged_ = false;
     bool wantsRevalidation_ = false;
-    /// Whether what is stored answered a request without a cookie.
-    bool isAnonymous_ = false;
     /// What this one asks about in the background, if it does.
     StoredPointer revalidated_;
 };

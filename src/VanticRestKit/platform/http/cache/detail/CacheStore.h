@@ -38,8 +38,9 @@ public:
     /// store cannot be read.
     virtual void read(std::string key, Found found) = 0;
     virtual void write(CacheRecord record) = 0;
-    /// Replaces the head of a record and leaves its body; does nothing if there is none of that key and variant.
-    virtual void writeHead(std::string key, std::string variant, Data head) = 0;
+    /// Replaces the head of a record and leaves its body. Does nothing if there is none of that key and variant, or if
+    /// it has another body: another process may have written one since.
+    virtual void writeHead(CacheRecord record) = 0;
     virtual void remove(std::string key) = 0;
     /// Removes all records whose key begins with `prefix`; all records for an empty one.
     virtual void removeAll(std::string prefix) = 0;

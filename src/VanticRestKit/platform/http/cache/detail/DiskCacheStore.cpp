@@ -46,9 +46,8 @@ public:
 
     void write(CacheRecord record) override { post({.kind = Kind::write, .record = std::move(record)}); }
 
-    void writeHead(std::string key, std::string variant, Data head) override {
-        post({.kind = Kind::writeHead,
-              .record = {std::move(key), std::move(variant), std::move(head), Data()}});
+    void writeHead(CacheRecord record) override {
+        post({.kind = Kind::writeHead, .record = std::move(record)});
     }
 
     void remove(std::string key) override { post({.kind = Kind::remove, .record = {.key = std::move(key)}}); }
@@ -114,7 +113,7 @@ public:
         queue_.async([found = std::move(found)]() mutable { found({}); });
     }
     void write(CacheRecord) override {}
-    void writeHead(std::string, std::string, Data) override {}
+    void writeHead(CacheRecord) override {}
     void remove(std::string) override {}
     void removeAll(std::string) override {}
     std::uint64_t currentUsage() const override { return 0; }

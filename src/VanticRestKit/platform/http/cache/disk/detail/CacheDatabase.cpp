@@ -132,7 +132,7 @@ int CacheDatabase::prepareAll() {
         Text{insertBody_, "INSERT OR REPLACE INTO body(id, bytes) VALUES(?1, ?2)"},
         Text{updateHead_,
              "UPDATE record SET size = size - length(head) + length(?3), head = ?3, headSum = ?4,"
-             " used = (SELECT max(used) + 1 FROM record) WHERE key = ?1 AND variant = ?2"},
+             " used = (SELECT max(used) + 1 FROM record) WHERE key = ?1 AND variant = ?2 AND bodySum = ?5"},
         Text{touch_, "UPDATE record SET used = (SELECT max(used) + 1 FROM record) WHERE id = ?1"},
         Text{removeKey_, "DELETE FROM record WHERE key = ?1"},
         Text{removeRecord_, "DELETE FROM record WHERE key = ?1 AND variant = ?2"},
@@ -233,7 +233,8 @@ int CacheDatabase::write(const CacheRecord& record, std::uint64_t capacity) {
 int CacheDatabase::writeHead(const CacheRecord& record) {
     const std::string_view head = record.head.view();
     updateHead_.bind(1, record.key).bind(2, record.variant).bind(3, head);
-    return updateHead_.bind(4, checksum(record.key, record.variant, head)).run();
+    updateHead_.bind(4, checksum(record.key, record.variant, head));
+    return updateHead_.bind(5, checksum(record.key, record.variant, record.body.view())).run();
 }
 
 int CacheDatabase::remove(std::string_view key) { return removeKey_.bind(1, key).run(); }

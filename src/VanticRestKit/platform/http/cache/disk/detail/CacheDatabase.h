@@ -52,6 +52,7 @@ public:
     /// Makes space by removing what was used least recently. A record larger than the capacity is not stored, but
     /// removes the one that it would replace.
     int write(const CacheRecord& record, std::uint64_t capacity);
+    /// Does nothing if the record has another body.
     int writeHead(const CacheRecord& record);
     int remove(std::string_view key);
     int remove(std::string_view key, std::string_view variant);

@@ -20,8 +20,8 @@ struct StoreCall {
         read,
         write,
         writeHead,
-        /// What becomes of a write that is dropped: the record that it was to replace must not stay, or a later
-        /// `writeHead` would give it the head of another body.
+        /// What becomes of a write that is dropped: the record that it was to replace must not stay, since it is
+        /// outdated.
         removeRecord,
         remove,
         /// `record.key` is the prefix.
