@@ -1,0 +1,106 @@
+// The keys of a remote control: arrows, Enter, Escape and Backspace, and nothing else.
+
+import assert from 'node:assert/strict';
+import { after, afterEach, before, beforeEach, test } from 'node:test';
+import { Television } from './support/Television.js';
+
+let television, viewer;
+
+before(async () => { television = await Television.start(); });
+after(() => television?.end());
+beforeEach(async () => { viewer = await television.viewer(); });
+afterEach(async () => {
+    const { problems } = viewer;
+    await viewer.close();
+    assert.deepEqual(problems, []);
+});
+
+const press = (key) => viewer.page.keyboard.press(key);
+
+/** What has the focus, and whether one sees that. */
+const focus = () => viewer.page.evaluate(() => {
+    const element = document.activeElement;
+    const style = getComputedStyle(element);
+    const box = element.getBoundingClientRect();
+    return {
+        tag: element.tagName,
+        href: element.getAttribute('href'),
+        kind: element.dataset.kind ?? null,
+        row: element.closest('section.row')?.dataset.row ?? null,
+        isVideo: element.id === 'player',
+        outlined: style.outlineStyle !== 'none' && parseFloat(style.outlineWidth) > 0,
+        left: box.left,
+        top: box.top + scrollY,
+    };
+});
+
+/** Presses a key until the focus is as wanted; a screen is at most so large. */
+async function pressUntil(key, wanted, most = 60) {
+    for (let presses = 0; presses < most; ++presses) {
+        const now = await focus();
+        if (wanted(now)) return now;
+        await press(key);
+        await viewer.settle();
+    }
+    throw new Error(`${most} times ${key} did not get there: ${JSON.stringify(await focus())}`);
+}
+
+test('from Home to a video that plays, and back to the tile from which it was opened', async () => {
+    await viewer.goTo('/');
+    await press('ArrowDown');
+    await pressUntil('ArrowDown', (now) => now.row === 'New this week');
+    const tile = await pressUntil('ArrowRight', (now) => now.kind === 'Video');
+    assert.ok(tile.outlined, 'the focus is not to be seen');
+    await press('Enter');
+    await viewer.waitForScreen('video');
+    await viewer.waitFor('video#player');
+    await press('ArrowDown');
+    await pressUntil('ArrowDown', () => viewer.page.evaluate(
+        () => document.activeElement.matches('[data-action="play"], #player')), 10);
+    await press('Enter');
+    await viewer.until(() => document.querySelector('#player').currentTime > 0.5);
+    await press('Escape');
+    await viewer.waitForScreen('home');
+    await viewer.until((href) => document.activeElement.getAttribute('href') === href, tile.href);
+    assert.equal((await focus()).row, tile.row);
+});
+
+test('the arrows move the focus in two dimensions', async () => {
+    await viewer.goTo('/');
+    await press('ArrowDown');
+    const start = await pressUntil('ArrowDown', (now) => now.row === 'New this week');
+    await press('ArrowRight');
+    const right = await focus();
+    assert.equal(right.row, start.row);
+    assert.ok(right.left > start.left);
+    await press('ArrowLeft');
+    assert.equal((await focus()).href, start.href);
+    await press('ArrowDown');
+    await viewer.settle();
+    const below = await focus();
+    assert.ok(below.top > start.top && below.row !== start.row, JSON.stringify(below));
+});
+
+test('Backspace goes back as Escape does, but not while one types', async () => {
+    await viewer.goTo('/');
+    await viewer.page.click('nav a[href="/search"]');
+    await viewer.waitForScreen('search');
+    await viewer.page.focus('#word');
+    await viewer.page.keyboard.type('seaa');
+    await press('Backspace');
+    assert.equal(await viewer.screen(), 'search');
+    assert.equal(await viewer.page.$eval('#word', (word) => word.value), 'sea');
+    await press('Escape');
+    await viewer.waitForScreen('home');
+});
+
+test('the panel that breaks things opens and closes by keys', async () => {
+    await viewer.goTo('/');
+    await viewer.page.focus('[data-action="break-it"]');
+    await press('Enter');
+    await viewer.waitFor('aside[data-panel="faults"]');
+    await viewer.page.focus('[data-fault="none"]');
+    await press('Escape');
+    await viewer.page.waitForSelector('aside[data-panel="faults"]', { hidden: true });
+    assert.equal(await viewer.screen(), 'home');
+});

@@ -1,0 +1,82 @@
+// The player: the time moves, the quality can be chosen, and the position is kept.
+
+import assert from 'node:assert/strict';
+import { after, afterEach, before, beforeEach, test } from 'node:test';
+import { Television } from './support/Television.js';
+
+const video = '/video?link=%2Fvideo%2FHL0102';
+
+let television, viewer;
+
+before(async () => { television = await Television.start(); });
+after(() => television?.end());
+beforeEach(async () => { viewer = await television.viewer(); });
+afterEach(async () => {
+    const { problems } = viewer;
+    await viewer.close();
+    assert.deepEqual(problems, []);
+});
+
+async function play() {
+    await viewer.waitFor('video#player');
+    await viewer.press('[data-action="play"]');
+    await viewer.until(() => document.querySelector('#player').currentTime > 0.5);
+}
+
+const player = () => viewer.page.$eval('#player', ({ currentTime, duration, videoWidth, paused }) =>
+    ({ currentTime, duration, videoWidth, paused }));
+
+test('the time moves, and the stream lasts as long as the video', async () => {
+    await viewer.goTo(video);
+    await play();
+    const { currentTime } = await player();
+    await viewer.until((before) => document.querySelector('#player').currentTime > before + 1, currentTime);
+    const { duration, paused } = await player();
+    assert.equal(paused, false);
+    assert.ok(duration > 2_700 && duration < 2_800, `${duration} s`);
+});
+
+test('the streams come through the host, none from the service', async () => {
+    const addresses = [];
+    viewer.page.on('request', (request) => addresses.push(request.url()));
+    await viewer.goTo(video);
+    await play();
+    assert.ok(addresses.some((address) => address.startsWith(`${television.host.address}/stream/`)), addresses.join('\n'));
+    const own = addresses.filter((address) => !address.startsWith('blob:') && !address.startsWith('data:'));
+    assert.deepEqual(own.filter((address) => !address.startsWith(television.host.address)), []);
+});
+
+test('a lower quality goes on at the same place with a smaller picture', async () => {
+    await viewer.goTo(video);
+    await play();
+    assert.equal((await player()).videoWidth, 960);
+    const { currentTime } = await player();
+    await viewer.press('[data-quality="sd-low"]');
+    await viewer.until((before) => {
+        const now = document.querySelector('#player');
+        return now.videoWidth === 480 && now.currentTime > before;
+    }, currentTime);
+});
+
+test('a position is kept as progress, from which the video resumes', async () => {
+    await viewer.goTo('/me');
+    await viewer.press('[data-action="sign-in"]');
+    await viewer.waitFor('[data-action="sign-out"]');
+    await viewer.goTo(video);
+    await play();
+    await viewer.page.$eval('#player', (element) => { element.currentTime = 600; });
+    await viewer.until(() => {
+        const now = document.querySelector('#player');
+        return now.currentTime > 601 && !now.seeking;
+    });
+    const kept = viewer.page.waitForResponse((answer) => answer.url().endsWith('/progress'));
+    await viewer.page.$eval('#player', (element) => element.pause());
+    await kept;
+    await viewer.goTo(video);
+    await viewer.waitFor('video#player');
+    await viewer.until(() => document.querySelector('#player').currentTime >= 600);
+    await viewer.goTo('/');
+    await viewer.loadAll();
+    const tile = await viewer.page.$('section.row[data-row="Continue watching"] a.tile[href*="HL0102"] [data-progress]');
+    assert.ok(tile, 'the video is not in Continue watching');
+});

@@ -1,0 +1,148 @@
+// Browsers that look at the host, and what every test asks of a screen.
+
+import puppeteer from 'puppeteer-core';
+import { Service, startHost } from './Programs.js';
+
+/** How long a test waits for what has to happen, in milliseconds. Long, since machines that run tests are busy. */
+export const deadline = 60_000;
+
+const chromium = process.env.VRK_CHROMIUM ?? '/usr/bin/chromium';
+
+/** A user's browser: cookies of its own, one page, and a list of what went wrong in it. */
+class Viewer {
+    static async open(browser, host, { width = 1920, height = 1080 } = {}) {
+        const viewer = new Viewer();
+        viewer.host = host;
+        viewer.context = await browser.createBrowserContext();
+        viewer.page = await viewer.context.newPage();
+        viewer.page.setDefaultTimeout(deadline);
+        await viewer.page.setViewport({ width, height });
+        viewer.problems = [];
+        viewer.#watch();
+        return viewer;
+    }
+
+    #watch() {
+        this.page.on('console', (message) => {
+            if (message.type() === 'error') this.problems.push(`console: ${message.text()}`);
+        });
+        this.page.on('pageerror', (error) => this.problems.push(`error: ${error.message}`));
+        this.page.on('requestfailed', (request) => {
+            // Ended by the browser itself, as when the page is left or a search is given up.
+            const reason = request.failure()?.errorText;
+            if (reason !== 'net::ERR_ABORTED') this.problems.push(`${reason}: ${request.url()}`);
+        });
+        this.page.on('response', (response) => {
+            if (response.status() >= 400) this.problems.push(`${response.status()}: ${response.url()}`);
+        });
+    }
+
+    /** Opens a path of the host and waits until what is in view has loaded. */
+    async goTo(path) {
+        await this.page.goto(this.host.address + path, { waitUntil: 'domcontentloaded' });
+        await this.settle();
+    }
+
+    /** Waits until no block in view is loading and its pictures are there. */
+    async settle() {
+        await this.page.waitForFunction(() => {
+            const inView = (element) => {
+                const box = element.getBoundingClientRect();
+                return box.width > 0 && box.height > 0 && box.top < innerHeight && box.bottom > 0 &&
+                    box.left < innerWidth && box.right > 0;
+            };
+            const loading = [...document.querySelectorAll('[data-state="loading"]')].some(inView);
+            const pictures = [...document.images].filter(inView);
+            return document.body?.dataset.screen && !loading && pictures.every((picture) => picture.complete);
+        }, { polling: 100 });
+    }
+
+    async screen() {
+        return this.page.$eval('body', (body) => body.dataset.screen);
+    }
+
+    async waitForScreen(name) {
+        await this.page.waitForSelector(`body[data-screen="${name}"]`);
+        await this.settle();
+    }
+
+    waitFor(selector) {
+        return this.page.waitForSelector(selector, { visible: true });
+    }
+
+    /** Presses what a selector finds first. */
+    async press(selector) {
+        await (await this.waitFor(selector)).click();
+    }
+
+    count(selector) {
+        return this.page.$$eval(selector, (found) => found.length);
+    }
+
+    texts(selector) {
+        return this.page.$$eval(selector, (found) => found.map((one) => one.textContent.trim()));
+    }
+
+    text(selector) {
+        return this.page.$eval(selector, (one) => one.textContent.trim());
+    }
+
+    /** Waits for a condition about the page; arguments are passed to it. */
+    until(condition, ...values) {
+        return this.page.waitForFunction(condition, { polling: 100 }, ...values);
+    }
+
+    /** Scrolls until every block of the screen has loaded. */
+    async loadAll() {
+        const blocks = await this.page.$$('[data-state]');
+        for (const block of blocks) {
+            await block.evaluate((one) => one.scrollIntoView({ block: 'center', behavior: 'instant' }));
+            await this.until((one) => !one.isConnected || one.dataset.state !== 'loading', block);
+        }
+        await this.settle();
+    }
+
+    /** Chooses a fault in the panel, which stays open. */
+    async breakIt(fault) {
+        if ((await this.page.$('aside[data-panel="faults"]:not([hidden])')) === null) {
+            await this.press('[data-action="break-it"]');
+        }
+        await this.press(`aside[data-panel="faults"] [data-fault="${fault}"]`);
+        await this.waitFor(`[data-fault="${fault}"][aria-pressed="true"]`);
+    }
+
+    close() {
+        return this.context.close();
+    }
+}
+
+/** Service, host and browser of a test file. */
+export class Television {
+    static async start() {
+        const television = new Television();
+        television.service = await Service.start();
+        television.host = await startHost(television.service);
+        television.browser = await launch();
+        return television;
+    }
+
+    /** Another user. The window is as large as `size`: {width, height}. */
+    viewer(size, { browser = this.browser, host = this.host } = {}) {
+        return Viewer.open(browser, host, size);
+    }
+
+    async end() {
+        await this.browser?.close();
+        await this.host?.end();
+        await this.service?.end();
+    }
+}
+
+export const launch = () =>
+    puppeteer.launch({
+        executablePath: chromium,
+        headless: true,
+        protocolTimeout: 3 * deadline,
+        // The sandbox is not to be had as root, which tests may run as; the pages are our own.
+        args: ['--no-sandbox', '--autoplay-policy=no-user-gesture-required', '--mute-audio', '--disable-gpu'],
+    });

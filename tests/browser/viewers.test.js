@@ -1,0 +1,94 @@
+// Many at once: two users with lists of their own, a search that is given up, and fifty pages in parallel.
+
+import assert from 'node:assert/strict';
+import { after, before, beforeEach, test } from 'node:test';
+import { deadline, launch, Television } from './support/Television.js';
+
+let television;
+
+before(async () => { television = await Television.start(); });
+after(() => television?.end());
+beforeEach(() => television.service.choose('none'));
+
+test('two browsers have two users, each with a list of its own', async () => {
+    const second = await launch();
+    const viewers = [await television.viewer(), await television.viewer(undefined, { browser: second })];
+    try {
+        for (const viewer of viewers) {
+            await viewer.goTo('/me');
+            await viewer.press('[data-action="sign-in"]');
+            await viewer.waitFor('[data-action="sign-out"]');
+        }
+        const shows = ['harbour-lights', 'night-ferry'];
+        await Promise.all(viewers.map(async (viewer, i) => {
+            await viewer.goTo(`/show?link=%2Fshow%2F${shows[i]}`);
+            await viewer.press('[data-action="save"]');
+            await viewer.waitFor('[data-action="save"][aria-pressed="true"]');
+        }));
+        for (const [i, viewer] of viewers.entries()) {
+            await viewer.goTo('/me');
+            await viewer.loadAll();
+            const saved = await viewer.page.$$eval('a.tile[href^="/show"]', (tiles) => tiles.map((tile) => tile.href));
+            assert.ok(saved.some((href) => href.includes(shows[i])), saved.join(' '));
+            assert.ok(!saved.some((href) => href.includes(shows[1 - i])), saved.join(' '));
+            assert.deepEqual(viewer.problems, []);
+        }
+    } finally {
+        await second.close();
+    }
+});
+
+test('a search for fewer letters is given up when more are typed', async () => {
+    const viewer = await television.viewer();
+    await viewer.goTo('/search');
+    await television.service.choose('slow', 600);
+    await television.service.clearLog();
+    const asked = (word) => viewer.page.waitForRequest((request) => request.url().endsWith(`/search/results?q=${word}`));
+    const first = asked('se');
+    await viewer.page.type('#word', 'se');
+    await first;
+    const second = asked('sea');
+    await viewer.page.type('#word', 'a');
+    await second;
+    const end = Date.now() + deadline;
+    let givenUp;
+    while (!givenUp && Date.now() < end) {
+        const log = await television.service.log();
+        givenUp = log.find((record) => record.target.includes('keyword=se&') || record.target.endsWith('keyword=se'));
+    }
+    assert.ok(givenUp, 'the service has not seen that the search was given up');
+    assert.equal(givenUp.clientLeft, true);
+    await television.service.choose('none');
+    await viewer.page.type('#word', ' ');
+    await viewer.waitFor('#results[data-state="ready"] a.tile');
+    assert.deepEqual(viewer.problems, []);
+    await viewer.close();
+});
+
+test('a page that is left gives up its loads', async () => {
+    const viewer = await television.viewer();
+    await viewer.goTo('/search');
+    await television.service.choose('slow', 600);
+    await television.service.clearLog();
+    const asked = viewer.page.waitForRequest((request) => request.url().includes('/search/results?q=harbour'));
+    await viewer.page.type('#word', 'harbour');
+    await asked;
+    await viewer.close();
+    const end = Date.now() + deadline;
+    let left = [];
+    while (left.length === 0 && Date.now() < end) {
+        left = (await television.service.log()).filter((record) => record.target.includes('keyword=harbour'));
+    }
+    assert.equal(left[0]?.clientLeft, true);
+});
+
+test('fifty pages load in parallel without a failure', async () => {
+    const paths = ['/', '/show?link=%2Fshow%2Fharbour-lights', '/video?link=%2Fvideo%2FHL0102', '/search?q=sea', '/live'];
+    const viewers = await Promise.all(Array.from({ length: 50 }, () => television.viewer({ width: 800, height: 600 })));
+    await Promise.all(viewers.map((viewer, i) => viewer.goTo(paths[i % paths.length])));
+    for (const [i, viewer] of viewers.entries()) {
+        const failed = await viewer.count('[data-state="failed"]');
+        assert.deepEqual([failed, ...viewer.problems], [0], paths[i % paths.length]);
+    }
+    await Promise.all(viewers.map((viewer) => viewer.close()));
+});
