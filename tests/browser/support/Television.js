@@ -48,8 +48,8 @@ class Viewer {
         await this.page.waitForFunction(() => {
             const inView = (element) => {
                 const box = element.getBoundingClientRect();
-                return box.width > 0 && box.height > 0 && box.top < innerHeight && box.bottom > 0 &&
-                    box.left < innerWidth && box.right > 0;
+                return element.getClientRects().length > 0 && box.top < innerHeight && box.bottom >= 0 &&
+                    box.left < innerWidth && box.right >= 0;
             };
             const loading = [...document.querySelectorAll('[data-state="loading"]')].some(inView);
             const pictures = [...document.images].filter(inView);

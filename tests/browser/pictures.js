@@ -1,0 +1,63 @@
+// Takes the pictures of the guides: node pictures.js FOLDER
+
+import path from 'node:path';
+import { Television } from './support/Television.js';
+
+const folder = process.argv[2];
+const television = await Television.start();
+const viewer = await television.viewer({ width: 1920, height: 1080 });
+await viewer.page.emulateMediaFeatures([
+    { name: 'prefers-color-scheme', value: 'dark' },
+    { name: 'prefers-reduced-motion', value: 'reduce' },
+]);
+
+const take = (name) => viewer.page.screenshot({ path: path.join(folder, `${name}.png`) });
+
+/** Leaves a video where it is to be resumed. */
+async function watch(video, seconds) {
+    await viewer.goTo(`/video?link=%2Fvideo%2F${video}`);
+    await viewer.waitFor('video#player');
+    await viewer.press('[data-action="play"]');
+    await viewer.page.$eval('#player', (player, at) => { player.currentTime = at; }, seconds);
+    await viewer.until((at) => {
+        const player = document.querySelector('#player');
+        return player.currentTime > at && !player.seeking;
+    }, seconds);
+    const kept = viewer.page.waitForResponse((answer) => answer.url().endsWith('/progress'));
+    await viewer.page.$eval('#player', (player) => player.pause());
+    await kept;
+}
+
+try {
+    await viewer.goTo('/me');
+    await viewer.press('[data-action="sign-in"]');
+    await viewer.waitFor('[data-action="sign-out"]');
+    for (const [video, seconds] of [['QO0102', 900], ['CC0103', 2100], ['NF0202', 400], ['HL0101', 1500]]) {
+        await watch(video, seconds);
+    }
+
+    await viewer.goTo('/');
+    await viewer.loadAll();
+    await viewer.page.evaluate(() => scrollTo({ top: 0, behavior: 'instant' }));
+    await viewer.page.focus('.hero [data-action="play"]');
+    await take('home');
+
+    await viewer.goTo('/show?link=%2Fshow%2Fharbour-lights');
+    await viewer.loadAll();
+    await viewer.page.evaluate(() => scrollTo({ top: 0, behavior: 'instant' }));
+    await take('show');
+
+    await viewer.goTo('/video?link=%2Fvideo%2FHL0102');
+    await viewer.press('[data-action="play"]');
+    await viewer.until(() => document.querySelector('#player').currentTime > 5);
+    await take('video');
+
+    await viewer.goTo('/');
+    await viewer.breakIt('broken-elements');
+    await viewer.until(() => document.querySelectorAll('[data-list="swallowed"] > *').length > 0);
+    await viewer.settle();
+    await take('break-it');
+} finally {
+    await viewer.close();
+    await television.end();
+}
