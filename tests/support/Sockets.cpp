@@ -51,9 +51,14 @@ void Socket::reset() {
 }
 
 std::pair<Socket, std::uint16_t> bindOnLoopback(Loopback loopback) {
-    const bool isV6 = loopback == Loopback::v6;
+    const bool isV6 = loopback != Loopback::v4;
     Socket listener(socket(isV6 ? AF_INET6 : AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
     sockaddr_in6 v6 = loopbackV6();
+    if (loopback == Loopback::everyAddress) {
+        v6.sin6_addr = in6addr_any;
+        const int off = 0;
+        setsockopt(listener.descriptor(), IPPROTO_IPV6, IPV6_V6ONLY, &off, sizeof(off));
+    }
     sockaddr_in v4 = loopbackV4(0);
     sockaddr* const address = isV6 ? reinterpret_cast<sockaddr*>(&v6) : reinterpret_cast<sockaddr*>(&v4);
     socklen_t size = isV6 ? sizeof(v6) : sizeof(v4);

@@ -31,8 +31,8 @@ private:
     int descriptor_ = -1;
 };
 
-/// 127.0.0.1 or ::1.
-enum class Loopback { v4, v6 };
+/// 127.0.0.1, ::1, or every address of both kinds, which is for a network of a test's own.
+enum class Loopback { v4, v6, everyAddress };
 
 /// A socket with a free port of loopback, which refuses connections until it listens, and the port.
 std::pair<Socket, std::uint16_t> bindOnLoopback(Loopback loopback = Loopback::v4);

@@ -115,6 +115,18 @@ void Admission::learnAddress(Applicant& applicant, TimePoint until) {
     if (applicant.line_ != nullptr) lookups_.learn(applicant.line_->name, until);
 }
 
+bool Admission::knowsAddress(const Applicant& applicant, TimePoint now) const {
+    return applicant.line_ != nullptr && NameLookups::knows(applicant.line_->name, now);
+}
+
+void Admission::forgetAddress(const Applicant& applicant) {
+    if (applicant.line_ != nullptr) NameLookups::forget(applicant.line_->name);
+}
+
+void Admission::forgetAddresses() {
+    for (const auto& [origin, line] : lines_) NameLookups::forget(line->name);
+}
+
 void Admission::leave(Applicant& applicant) {
     if (applicant.line_ == nullptr) return;
     Line& line = *applicant.line_;

@@ -70,6 +70,12 @@ public:
     /// Says that the address of its origin was found, and will be known until then.
     void learnAddress(Applicant& applicant, TimePoint until);
 
+    /// Whether that is so for an `applicant` that was let in.
+    bool knowsAddress(const Applicant& applicant, TimePoint now) const;
+    /// Says that the address of the origin of `applicant`, or of all origins, may be another one now.
+    void forgetAddress(const Applicant& applicant);
+    void forgetAddresses();
+
     /// Takes `applicant` out, waiting or admitted; does nothing to one that is neither.
     void leave(Applicant& applicant);
 

@@ -50,6 +50,11 @@ public:
         return !areAllTaken() || !isNeeded(name, now);
     }
 
+    /// Whether the address of `name` is known, because it was found or is the name itself.
+    static bool knows(const Name& name, TimePoint now) noexcept { return !isNeeded(name, now); }
+    /// The address of `name` may be another one now.
+    static void forget(Name& name) noexcept { name.knownUntil_ = {}; }
+
     /// A load of `name` goes, and may have it looked up.
     void begin(Name& name, Ticket& ticket, TimePoint now) noexcept;
 

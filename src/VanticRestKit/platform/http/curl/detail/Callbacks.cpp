@@ -57,6 +57,7 @@ int onReadyToSend(void* user, char* remoteAddress, char* localAddress, int remot
     auto connection =
         attempt.surroundings.connections.find({remoteAddress, localAddress, remotePort, localPort});
     if (connection) connection->isReady = true;
+    if (localAddress != nullptr) attempt.surroundings.ownAddresses.note(localAddress);
     if (attempt.sendings > 0 && attempt.exchange.request().httpMethod() != "GET") {
         attempt.fault = TransportFault{URLErrorCode::networkConnectionLost,
                                        "The connection was dead already, and only a GET may be sent again."};

@@ -111,6 +111,13 @@ void Connections::shutDownIdle() const {
     }
 }
 
+void Connections::shutDownFrom(const std::string& address) const {
+    for (const auto& [socket, connection] : bySocket_) {
+        const auto local = endOf(socket, &getsockname);
+        if (local && address == local->address.data()) shutDown(*connection);
+    }
+}
+
 std::optional<TimePoint> Connections::lastReceived(const Connection& connection, TimePoint now) const {
 #if defined(TCP_INFO)
     tcp_info info{};

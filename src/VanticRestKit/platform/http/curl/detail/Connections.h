@@ -65,6 +65,9 @@ public:
     /// Makes useless those that no request is on. Whoever is still connecting is left alone.
     void shutDownIdle() const;
 
+    /// Makes useless those that began at `address` of this machine.
+    void shutDownFrom(const std::string& address) const;
+
     /// When the peer's last bytes arrived on `connection`; empty where the system does not tell.
     std::optional<TimePoint> lastReceived(const Connection& connection, TimePoint now) const;
 

@@ -3,6 +3,8 @@
 
 #include <sys/socket.h>
 #include <unistd.h>
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdint>
 #include <optional>
@@ -23,6 +25,14 @@ bool tellsOfTunnel(std::string_view text) { return text.starts_with("CONNECT tun
 
 bool tellsOfLargeHeaders(std::string_view text) {
     return text.find("Too large response headers") != std::string_view::npos;
+}
+
+// The connection broke while TLS was set up; nothing is known against the server.
+bool tellsOfLostConnection(std::string_view text) {
+    constexpr std::array<std::string_view, 5> texts{"SSL_ERROR_SYSCALL", "Recv failure", "Send failure",
+                                                    "Connection reset", "unexpected eof"};
+    return std::any_of(texts.begin(), texts.end(),
+                       [text](std::string_view each) { return text.find(each) != std::string_view::npos; });
 }
 
 // Why no socket can be opened now, as an `errno`; 0 if one can.
@@ -61,6 +71,8 @@ TransportFault faultFor(const CurlFailure& failure) {
         const int reason = isLookup ? probeForSocket() : failure.socketError;
         if (auto fault = exhaustionFault(reason)) return *std::move(fault);
     }
+    // libcurl has a text for whatever breaks the rules of HTTP/2. Without one, the connection has ended in order.
+    if (failure.code == CURLE_HTTP2 && failure.text.empty()) return {URLErrorCode::networkConnectionLost};
     return {urlErrorCodeFor(failure.code, failure.text, failure.verifyResult)};
 }
 
@@ -87,13 +99,15 @@ URLErrorCode urlErrorCodeFor(CURLcode code, std::string_view text, long verifyRe
         case CURLE_PARTIAL_FILE:
         case CURLE_SEND_ERROR:
         case CURLE_SEND_FAIL_REWIND: return URLErrorCode::networkConnectionLost;
+        case CURLE_SSL_CONNECT_ERROR:
+            return tellsOfLostConnection(text) ? URLErrorCode::networkConnectionLost
+                                               : URLErrorCode::secureConnectionFailed;
         case CURLE_PEER_FAILED_VERIFICATION:
             return verifyResult == certificateNotYetValid ? URLErrorCode::serverCertificateNotYetValid
                                                           : URLErrorCode::serverCertificateUntrusted;
         case CURLE_SSL_CACERT_BADFILE:
         case CURLE_SSL_CERTPROBLEM:
         case CURLE_SSL_CIPHER:
-        case CURLE_SSL_CONNECT_ERROR:
         case CURLE_SSL_CRL_BADFILE:
         case CURLE_SSL_ENGINE_INITFAILED:
         case CURLE_SSL_ENGINE_NOTFOUND:

@@ -5,6 +5,9 @@
 #include <VanticRestKit/platform/http/detail/Origin.h>
 #include <VanticRestKit/platform/http/detail/ProxyRule.h>
 
+#include <algorithm>
+#include <utility>
+
 namespace VanticRestKit::detail {
 
 namespace {
@@ -33,6 +36,7 @@ void setConduct(Options& options) {
 
 EasyHandle::EasyHandle(const EasySettings& settings, bool isSecure)
     : isSecure_(isSecure),
+      fixedAddresses_(&settings.addresses),
       proxy_(settings.configuration->proxy ? &*settings.configuration->proxy : nullptr),
       easy_(curl_easy_init()) {
     if (easy_ == nullptr) return;
@@ -42,17 +46,34 @@ EasyHandle::EasyHandle(const EasySettings& settings, bool isSecure)
     setTlsContext(options, *settings.tls);
     options.set(CURLOPT_SHARE, settings.shared);
     if (isSecure) options.set(CURLOPT_BUFFERSIZE, largestSecureHead);
-    for (const std::string& address : settings.addresses) {
-        curl_slist* const longer = curl_slist_append(addresses_.get(), address.c_str());
-        if (longer == nullptr) return;
-        static_cast<void>(addresses_.release());
-        addresses_.reset(longer);
-    }
-    if (addresses_) options.set(CURLOPT_RESOLVE, addresses_.get());
+    if (!setAddresses({})) return;
     options.set(CURLOPT_PRIVATE, this);
     options.set(CURLOPT_ERRORBUFFER, errorText_.data());
     setCallbacks(options, *this, *settings.connections);
     isGood_ = options.areTaken();
+}
+
+// libcurl reads the list with the next request, and keeps what stands there for all handles.
+bool EasyHandle::setAddresses(const std::string& first) {
+    std::unique_ptr<curl_slist, ListDeleter> made;
+    const auto append = [&made](const std::string& address) {
+        curl_slist* const longer = curl_slist_append(made.get(), address.c_str());
+        if (longer == nullptr) return false;
+        static_cast<void>(made.release());
+        made.reset(longer);
+        return true;
+    };
+    if (!first.empty() && !append(first)) return false;
+    if (!std::all_of(fixedAddresses_->begin(), fixedAddresses_->end(), append)) return false;
+    if (made) curl_easy_setopt(easy_, CURLOPT_RESOLVE, made.get());
+    addresses_ = std::move(made);
+    return true;
+}
+
+void EasyHandle::forgetAddressOf(const URL& url) {
+    const std::string origin = originOf(url);
+    const auto begin = origin.find("://");
+    if (begin != std::string::npos) setAddresses("-" + origin.substr(begin + 3));
 }
 
 EasyHandle::~EasyHandle() { curl_easy_cleanup(easy_); }

@@ -56,6 +56,8 @@ public:
 
     /// Has the next request go to `url`. Returns false where libcurl cannot read its beginning.
     bool goTo(const URL& url);
+    /// Has libcurl look up the host of `url` for the next request, also if it still keeps an address of it.
+    void forgetAddressOf(const URL& url);
 
 private:
     struct AddressDeleter {
@@ -63,12 +65,15 @@ private:
     };
 
     bool readBeginning(const URL& url);
+    bool setAddresses(const std::string& first);
 
     struct ListDeleter {
         void operator()(curl_slist* list) const { curl_slist_free_all(list); }
     };
 
     const bool isSecure_;
+    // The session's.
+    const std::vector<std::string>* const fixedAddresses_;
     // The session's; null if it has none.
     const URLSessionProxy* const proxy_;
     // Whether requests of `beginning_` go through it.

@@ -80,6 +80,9 @@ bool prepareEasy(Attempt& attempt, const URLSessionConfiguration& configuration,
     setConnection(options, attempt.exchange, configuration.httpVersionPreference, onNewConnection);
     attempt.addressCacheTime = addressCacheTime(attempt.surroundings.admission, configuration.dnsCacheTime);
     options.set(CURLOPT_DNS_CACHE_TIMEOUT, static_cast<long>(attempt.addressCacheTime.count()));
+    if (!attempt.surroundings.admission.knowsAddress(attempt.exchange, attempt.surroundings.now)) {
+        handle.forgetAddressOf(*request.url());
+    }
     if (handle.isUsedUp) setMethodAndBody(options, request);
     options.set(CURLOPT_HTTPHEADER, attempt.headerLines.get());
     return options.areTaken() && handle.goTo(*request.url());

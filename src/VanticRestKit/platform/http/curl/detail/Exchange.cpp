@@ -30,6 +30,12 @@ std::uint64_t Exchange::redirect(URLRequest next) {
     return ++redirects_;
 }
 
+// What else is wrong with HTTP/2 has a text.
+bool Exchange::wasLeftOut(CURLcode code) const {
+    return code == CURLE_HTTP2 && *attempt->handle->errorText() == 0 && attempt->head.status() == 0 &&
+           request().httpMethod() == "GET";
+}
+
 // As long as the first repetition of a lost packet takes to be sent: a new attempt costs no more.
 Clock::duration Exchange::connectPatience() const {
     constexpr Clock::duration most = std::chrono::seconds(1);

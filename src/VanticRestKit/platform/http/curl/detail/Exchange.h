@@ -11,6 +11,7 @@
 #include <VanticRestKit/platform/http/curl/detail/ExchangeMetrics.h>
 #include <VanticRestKit/platform/http/curl/detail/HeaderLines.h>
 #include <VanticRestKit/platform/http/curl/detail/LoadDeadlines.h>
+#include <VanticRestKit/platform/http/curl/detail/OwnAddresses.h>
 #include <VanticRestKit/platform/http/curl/detail/PendingConnects.h>
 #include <VanticRestKit/platform/http/detail/Admission.h>
 #include <VanticRestKit/platform/http/detail/BodyCollector.h>
@@ -68,6 +69,11 @@ public:
     bool wasQueued = false;
     /// Whether libcurl gave it up once, because connection after connection refused it.
     bool wasGivenUp = false;
+    /// Whether the server closed a connection of HTTP/2 in order without a word to this request, which libcurl ended with
+    /// `code`. A GET goes out again then, as it does on a connection that turns out dead.
+    bool wasLeftOut(CURLcode code) const;
+    /// How often it went out again for that.
+    int leftOut = 0;
     /// How often its host could not be reached, and until when it may try again.
     int unreached = 0;
     std::optional<TimePoint> triesUntil;
@@ -89,6 +95,7 @@ struct AttemptSurroundings {
     const TimePoint& now;
     Connections& connections;
     PendingConnects& pendingConnects;
+    OwnAddresses& ownAddresses;
     const URLSessionRedirectPolicy& redirectPolicy;
     Admission& admission;
     IdleDeadlines& deadlines;

@@ -188,6 +188,7 @@ bool IoLoop::isQueueFull(const Exchange& exchange) {
 void IoLoop::admit() {
     if (undelivered_->isFull()) return;
     while (Applicant* const applicant = admission_.admitNext(now_)) {
+        leaveLostAddresses();
         attempt(static_cast<Exchange&>(*applicant));
     }
 }
@@ -204,6 +205,7 @@ void IoLoop::send(Exchange& exchange) {
         exchange, AttemptSurroundings{.now = now_,
                                       .connections = connections_,
                                       .pendingConnects = pendingConnects_,
+                                      .ownAddresses = ownAddresses_,
                                       .redirectPolicy = configuration_.redirectPolicy,
                                       .admission = admission_,
                                       .deadlines = deadlines_,
@@ -291,6 +293,7 @@ bool IoLoop::isBehindHeld(const Attempt& attempt) {
 
 void IoLoop::release(Exchange& exchange) {
     deadlines_.forget(exchange);
+    forgetDeadAddress(exchange);
     admission_.leave(exchange);
     if (exchange.attempt) takeBack(exchange);
 }
@@ -301,8 +304,9 @@ void IoLoop::takeBack(Exchange& exchange) {
     pacer_.forget(*attempt);
     loadDeadlines_.endBody(exchange);
     curl_multi_remove_handle(multi_, attempt->handle->get());
-    // Whatever libcurl keeps of its body goes with it.
-    attempt->handle->isUsedUp |= attempt->isPaused;
+    // Whatever libcurl keeps of its body goes with it, and so does its count of repeated sendings, which it goes on with
+    // for the next request.
+    attempt->handle->isUsedUp |= attempt->isPaused || attempt->sendings > 1;
     pool_.give(std::move(attempt->handle));
     if (!attempt->connection) return;
     --attempt->connection->streams;

@@ -14,6 +14,7 @@
 #include <VanticRestKit/platform/http/curl/detail/ExitGate.h>
 #include <VanticRestKit/platform/http/curl/detail/Inbox.h>
 #include <VanticRestKit/platform/http/curl/detail/LoadDeadlines.h>
+#include <VanticRestKit/platform/http/curl/detail/OwnAddresses.h>
 #include <VanticRestKit/platform/http/curl/detail/PendingConnects.h>
 #include <VanticRestKit/platform/http/curl/detail/StoreReads.h>
 #include <VanticRestKit/platform/http/curl/detail/StreamResets.h>
@@ -100,6 +101,8 @@ private:
     void timeOut();
     void timeOutIdle();
     bool movedUnseen(Exchange& exchange);
+    void leaveLostAddresses();
+    void forgetDeadAddress(const Exchange& exchange);
     void release(Exchange& exchange);
     void takeBack(Exchange& exchange);
     void end(Exchange& exchange, Outcome outcome);
@@ -123,6 +126,7 @@ private:
     Connections connections_;
     TlsSettings tls_;
     PendingConnects pendingConnects_;
+    OwnAddresses ownAddresses_;
     CURLM* multi_;
     // Above the handles that use it.
     std::unique_ptr<CURLSH, SharedDeleter> shared_;

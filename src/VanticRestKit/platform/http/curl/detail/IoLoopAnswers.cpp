@@ -53,6 +53,9 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
     } else if (attempt.isRedirect) {
         // Where to go was said in the headers; how the body ended does not matter.
         followAnswer(exchange);
+    } else if (exchange.wasLeftOut(code) && exchange.leftOut++ < Attempt::mostResendings) {
+        release(exchange);
+        enqueue(exchange);
     } else if (code != CURLE_OK && attempt.wasRefusedToTheLast() && !exchange.wasGivenUp) {
         goAgain(exchange);
     } else if (code == CURLE_COULDNT_CONNECT && attempt.gaveUpAnAddress()) {

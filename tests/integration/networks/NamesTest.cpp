@@ -1,0 +1,79 @@
+// Names that cannot be looked up for a while, in a network of its own.
+
+#include "Network.h"
+
+#include <gtest/gtest.h>
+#include <support/NameServer.h>
+#include <support/PlainOrigin.h>
+#include <support/PrivateNetwork.h>
+#include <support/Reactor.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::test;
+using namespace std::chrono_literals;
+
+namespace {
+
+class Names : public testing::Test {
+protected:
+    void SetUp() override {
+        if (const std::string reason = PrivateNetwork::enter(); !reason.empty()) GTEST_SKIP() << reason;
+        names_ = std::make_unique<NameServer>(reactor_);
+        ASSERT_TRUE(names_->isRunning());
+        names_->set("host.test", {"127.0.0.1"});
+        origin_ = std::make_unique<PlainOrigin>(reactor_, 0, 51);
+        thread_.start();
+    }
+
+    Loaded loadByName(std::uint64_t id, std::chrono::duration<double> interval = 30s) {
+        return load(*session_, requestFor("http://host.test", origin_->port(), id, interval));
+    }
+
+    Reactor reactor_;
+    std::unique_ptr<NameServer> names_;
+    std::unique_ptr<PlainOrigin> origin_;
+    ReactorThread thread_{reactor_};
+    std::shared_ptr<URLSession> session_ = URLSession::make(URLSessionConfiguration::default_());
+};
+
+}  // namespace
+
+TEST_F(Names, AreLookedUpAgainByTheNextLoadAfterTheirServerFailed) {
+    for (const NameFault fault : {NameFault::fails, NameFault::denies, NameFault::silent}) {
+        names_->setFault(fault);
+        EXPECT_EQ(outcomeOf(loadByName(1)), "offline");
+        names_->setFault(NameFault::none);
+        EXPECT_TRUE(isAnswered(loadByName(2), 2));
+        session_ = URLSession::make(URLSessionConfiguration::default_());
+    }
+}
+
+TEST_F(Names, ThatAreNotAnsweredAreATimeOutIfTheRequestHasLessTime) {
+    names_->setFault(NameFault::silent);
+    EXPECT_EQ(outcomeOf(loadByName(1, 300ms)), "timedOut");
+    names_->setFault(NameFault::none);
+    EXPECT_TRUE(isAnswered(loadByName(2), 2));
+}
+
+TEST_F(Names, ThatWereFoundAreNotAskedForAgainWhileTheirServerFails) {
+    EXPECT_TRUE(isAnswered(loadByName(1), 1));
+    names_->setFault(NameFault::fails);
+    session_->closeIdleConnections();
+    EXPECT_TRUE(isAnswered(loadByName(2), 2));
+}
+
+TEST_F(Names, ThatHaveAnotherAddressAreFoundThereByTheLoadAfterTheOneThatFailed) {
+    EXPECT_TRUE(isAnswered(loadByName(1), 1));
+    // The server is at 127.0.0.1 alone; now its name says otherwise for a moment.
+    names_->set("moved.test", {"127.0.0.77"});
+    const auto loadMoved = [this](std::uint64_t id) {
+        return load(*session_, requestFor("http://moved.test", origin_->port(), id));
+    };
+    EXPECT_EQ(outcomeOf(loadMoved(2)), "offline");
+    names_->set("moved.test", {"127.0.0.1"});
+    EXPECT_TRUE(isAnswered(loadMoved(3), 3)) << "an address at which no one answers is not to be kept";
+}

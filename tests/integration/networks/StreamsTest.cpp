@@ -1,0 +1,159 @@
+// Loads of HTTP/2 from a server, and over a link, that break streams and connections.
+
+#include "Network.h"
+
+#include <gtest/gtest.h>
+#include <support/FaultRelay.h>
+#include <support/Http2Origin.h>
+#include <support/Reactor.h>
+
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::test;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::size_t size = 3000;
+
+/// A server of HTTP/2 behind a relay.
+class Streams : public testing::Test {
+protected:
+    void serve(const Http2Conduct& conduct, const LinkConditions& conditions = {}) {
+        origin_ = std::make_unique<Http2Origin>(reactor_, conduct, identity_, nullptr, 21);
+        relay_ = std::make_unique<FaultRelay>(reactor_, origin_->port(), conditions, 22);
+        thread_.start();
+        URLSessionConfiguration configuration;
+        configuration.caBundlePath = bundle_.path();
+        session_ = URLSession::make(configuration);
+    }
+
+    URLRequest request(std::uint64_t id, std::chrono::duration<double> interval = 30s) const {
+        return requestFor("https://127.0.0.1", relay_->port(), id, interval, size);
+    }
+
+    std::vector<Loaded> startMany(std::uint64_t count, std::chrono::duration<double> interval = 30s) const {
+        std::vector<Loaded> loads;
+        for (std::uint64_t i = 0; i < count; ++i) loads.push_back(startLoad(*session_, request(i, interval)));
+        return loads;
+    }
+
+    /// How many succeeded, each with its own answer. The others ended with one of `categories`.
+    static std::size_t successes(const std::vector<Loaded>& loads,
+                                 const std::vector<std::string>& categories) {
+        std::size_t succeeded = 0;
+        for (std::uint64_t i = 0; i < loads.size(); ++i) {
+            if (loads[i].succeeded()) {
+                ++succeeded;
+                EXPECT_TRUE(isAnswered(loads[i], i, size));
+            } else {
+                EXPECT_TRUE(std::count(categories.begin(), categories.end(), outcomeOf(loads[i])) > 0)
+                    << outcomeOf(loads[i]) << ": " << loads[i].story();
+            }
+            EXPECT_EQ(loads[i].calls(), 1);
+        }
+        return succeeded;
+    }
+
+    CertificateAuthority root_;
+    TemporaryFile bundle_{root_.pem()};
+    Identity identity_ = root_.issue();
+    Reactor reactor_;
+    std::unique_ptr<Http2Origin> origin_;
+    std::unique_ptr<FaultRelay> relay_;
+    ReactorThread thread_{reactor_};
+    std::shared_ptr<URLSession> session_;
+};
+
+}  // namespace
+
+TEST_F(Streams, AnswersThatComeInAnotherOrderReachTheirOwnLoads) {
+    serve({.longestWait = 60ms});
+    ASSERT_TRUE(isAnswered(load(*session_, request(0)), 0, size));
+    std::mutex mutex;
+    std::vector<std::uint64_t> order;
+    std::vector<Loaded> loads(60);
+    for (std::uint64_t i = 0; i < loads.size(); ++i) {
+        session_
+            ->dataTask(request(i),
+                       [&mutex, &order, i, pass = loads[i].completion()](auto data, auto response,
+                                                                         auto error) mutable {
+                           {
+                               const std::lock_guard lock(mutex);
+                               order.push_back(i);
+                           }
+                           pass(std::move(data), std::move(response), std::move(error));
+                       })
+            ->resume();
+    }
+    EXPECT_EQ(successes(loads, {}), loads.size());
+    EXPECT_FALSE(std::is_sorted(order.begin(), order.end()));
+    EXPECT_EQ(relay_->connectionCount(), 1U);
+}
+
+TEST_F(Streams, AServerThatGoesAwayAnswersWhatItTookAndTheOthersGoToANewConnection) {
+    serve({.longestWait = 20ms, .goAways = 0.05});
+    const std::size_t succeeded = successes(startMany(200), {"offline"});
+    EXPECT_GT(succeeded, 100U);
+    EXPECT_GT(origin_->faultCount(), 0U);
+    // In the end there is a connection that works.
+    EXPECT_GT(relay_->connectionCount(), 1U);
+}
+
+TEST_F(Streams, AGetThatAServerLeftOutWhenItWentAwayIsSentAgain) {
+    serve({.goAwaysWithoutLast = 0.3});
+    for (std::uint64_t i = 0; i < 40; ++i) EXPECT_TRUE(isAnswered(load(*session_, request(i)), i, size));
+    EXPECT_GT(origin_->faultCount(), 0U);
+}
+
+TEST_F(Streams, AStreamThatIsResetFailsAloneAndLeavesTheConnectionToTheOthers) {
+    serve({.longestWait = 20ms, .resets = 0.2});
+    const std::size_t succeeded = successes(startMany(200), {"offline"});
+    EXPECT_EQ(succeeded, 200 - origin_->faultCount());
+    EXPECT_GT(origin_->faultCount(), 0U);
+    EXPECT_EQ(relay_->connectionCount(), 1U);
+}
+
+TEST_F(Streams, AStreamThatIsRefusedIsSentAgain) {
+    serve({.refusals = 0.2});
+    for (std::uint64_t i = 0; i < 40; ++i) EXPECT_TRUE(isAnswered(load(*session_, request(i)), i, size));
+    EXPECT_GT(origin_->faultCount(), 0U);
+}
+
+TEST_F(Streams, LoadsOverALinkThatStallsRunOutOfTimeAndLaterOnesArrive) {
+    serve({}, {.fault = LinkFault::stall, .share = 0.5, .lastByte = 20 * size});
+    std::size_t succeeded = 0;
+    for (int round = 0; round < 8; ++round) {
+        succeeded += successes(startMany(20, 400ms), {"timedOut", "offline"});
+    }
+    EXPECT_GT(succeeded, 0U);
+}
+
+TEST_F(Streams, LoadsOverALinkThatResetsAreALostConnectionAndLaterOnesArrive) {
+    serve({}, {.fault = LinkFault::reset, .share = 0.7, .lastByte = 20 * size});
+    std::size_t succeeded = 0;
+    for (int round = 0; round < 8; ++round) succeeded += successes(startMany(20), {"offline"});
+    EXPECT_GT(succeeded, 0U);
+    EXPECT_GT(relay_->faultCount(), 0U);
+}
+
+TEST_F(Streams, AHandshakeThatIsCutOffIsALostConnection) {
+    for (const LinkFault fault : {LinkFault::truncate, LinkFault::reset, LinkFault::refuse}) {
+        Reactor reactor;
+        Http2Origin origin(reactor, {}, identity_, nullptr, 1);
+        // Inside the first answer of the handshake.
+        FaultRelay relay(reactor, origin.port(), {.fault = fault, .share = 1, .lastByte = 30}, 2);
+        ReactorThread thread(reactor);
+        thread.start();
+        const auto session = URLSession::make(URLSessionConfiguration::default_());
+        const Loaded loaded = load(*session, requestFor("https://127.0.0.1", relay.port(), 1));
+        EXPECT_EQ(outcomeOf(loaded), "offline") << loaded.story();
+        EXPECT_TRUE(loaded.error() && adviceOn(*loaded.error()).mayTryAgain);
+    }
+}
