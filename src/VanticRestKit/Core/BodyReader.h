@@ -21,6 +21,7 @@ namespace VanticRestKit {
 
 /// A body as it came, byte for byte: what `Resource<RawText>` loads. A `Resource<std::string>` reads a JSON string.
 struct RawText {
+    /// The text.
     std::string text{};
 
     friend bool operator==(const RawText&, const RawText&) = default;

@@ -30,16 +30,24 @@ class Serviceable;
 /// thread of that call. All members are called through this interface, so a replaced one counts everywhere.
 class VRK_EXPORT Context {
 public:
+    /// The argument of `service`.
     struct ServiceArguments {
+        /// The request to send.
         Required<URLRequest> withURLRequest;
     };
+    /// The arguments of `generateURLRequest`.
     struct URLRequestArguments {
+        /// The path below the base URL.
         Required<std::string> usingPath;
+        /// The query items, in order.
         Required<std::vector<URLQueryItem>> queryItems;
+        /// Headers that win over the context's own.
         Required<std::map<std::string, std::string>> additionalHTTPHeaders;
+        /// The method; empty for GET.
         Required<std::optional<std::string>> httpMethod;
         /// In seconds. Empty means the context's own `requestTimeout`.
         Required<std::optional<double>> timeout;
+        /// The body; empty for none.
         Required<std::optional<Data>> andPostData;
     };
 

@@ -18,6 +18,7 @@ namespace VanticRestKit {
 
 /// What to do about an error.
 struct ErrorAdvice {
+    /// What kind of failure it is.
     ErrorCategory category = ErrorCategory::unknown;
 
     /// Whether the same request may succeed later, without a change by the application or its user.
@@ -34,7 +35,9 @@ struct ErrorAdvice {
 /// The sentences that an application shows in place of the English ones. A category that is not there keeps its own.
 using ErrorSentences = std::map<ErrorCategory, std::string>;
 
+/// What `adviceOn` takes beside the error.
 struct AdviceOptions {
+    /// Sentences that replace the English ones.
     ErrorSentences sentences{};
     /// The instant from which a `Retry-After` with a date counts. Empty: the clock of the system.
     std::optional<Date> now{};

@@ -14,8 +14,11 @@ namespace VanticRestKit {
 
 /// A route whose path is `href` as it stands, with the given query items, no body and GET.
 struct HrefURI {
+    /// The arguments, by label.
     struct Arguments {
+        /// The href, with its version prefix if it has one.
         Required<std::string> withHref;
+        /// The query items, in order.
         Required<std::vector<URLQueryItem>> andQueryItems;
     };
 

@@ -58,23 +58,32 @@ private:
 template <class T>
 class Loader final : public detail::LoaderCore {
 public:
+    /// The error of a load.
     using LoaderError = VanticRestKit::LoaderError;
+    /// Whether a load is under way.
     using State = LoaderState;
     /// Turns a body into a value.
     using Decoding = typename detail::LoadOf<T>::Decoding;
+    /// Receives the value, or why there is none.
     using Completion = typename detail::LoadOf<T>::Completion;
 
+    /// The argument of `make`.
     struct MakeArguments {
         /// Must not be null.
         Required<std::shared_ptr<Serviceable>> with;
     };
+    /// The arguments of `load`.
     struct LoadArguments {
+        /// Makes the value of the body.
         Required<Decoding> withDecoder;
     };
+    /// The argument of `publisher`.
     struct PublisherArguments {
+        /// Decodes the body.
         Required<JSONDecoder> decoder;
     };
 
+    /// A loader that is idle. Any thread.
     static std::shared_ptr<Loader> make(MakeArguments arguments) {
         return std::shared_ptr<Loader>(new Loader(std::move(arguments.with)));
     }

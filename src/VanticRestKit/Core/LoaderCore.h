@@ -20,6 +20,7 @@ class Serviceable;
 /// What a `Loader` does. Also known as `Loader<T>::State`. An immutable value.
 class LoaderState {
 public:
+    /// Whether a load is under way.
     enum class Kind { loading, idle };
 
     /// A load is under way; `item`, which is not null, starts its request.
@@ -29,6 +30,7 @@ public:
     /// No load is under way.
     static LoaderState idle() noexcept { return LoaderState(Kind::idle, nullptr); }
 
+    /// Whether a load is under way.
     Kind kind() const noexcept { return kind_; }
     /// The item of `loading`; null for `idle`.
     const std::shared_ptr<DispatchWorkItem>& item() const noexcept { return item_; }

@@ -20,16 +20,21 @@ class NSError;
 /// An immutable value; `==` compares the case alone.
 class VRK_EXPORT LoaderError {
 public:
+    /// The cases, in the order of their codes.
     enum class Kind { serverError, failedToDecode, unknowError, unknownResponse, loaderStateError };
 
     /// The request failed with `error`: a `NetworkError` where a `NetworkServiceble` ran it.
     static LoaderError serverError(std::optional<Error> error);
     /// The body is not what was asked for; `error` is the decoder's.
     static LoaderError failedToDecode(std::optional<Error> error);
+    /// "Unknown error". The library itself does not give it.
     static LoaderError unknowError();
+    /// "Unknown response". The library itself does not give it.
     static LoaderError unknownResponse();
+    /// "Loaded in incorrect state". The library itself does not give it.
     static LoaderError loaderStateError();
 
+    /// What kind of error it is.
     Kind kind() const noexcept { return kind_; }
     /// What `serverError` and `failedToDecode` hold; empty where there is none.
     const std::optional<Error>& underlyingError() const noexcept { return underlyingError_; }
@@ -49,11 +54,16 @@ public:
     /// domain "NSURLErrorDomain" and the code -1001. Null if there is none. It lives as long as this error.
     const NSError* transportError() const noexcept;
 
+    /// What identifies errors of this type; see `Error`.
     static const ErrorTag& errorTag();
+    /// The domain of the error.
     static std::string errorDomain();
+    /// The code of the error within its domain.
     std::int64_t errorCode() const noexcept { return static_cast<std::int64_t>(kind_); }
+    /// The description that `Error` gives.
     std::string generalDescription() const { return localizedDescription(); }
 
+    /// Whether both are of one kind.
     friend bool operator==(const LoaderError& a, const LoaderError& b) noexcept { return a.kind_ == b.kind_; }
 
 private:

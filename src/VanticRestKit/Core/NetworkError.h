@@ -25,6 +25,7 @@ namespace VanticRestKit {
 /// `error.as<NetworkError>()`. An immutable value; `==` compares the case alone.
 class VRK_EXPORT NetworkError {
 public:
+    /// The cases.
     enum class Kind { internalSDKError, httpError, notAHTTPResponse, dataNotFoundInResponse, requestFailed };
 
     /// The library lost what it needed; `message` says what.
@@ -44,6 +45,7 @@ public:
     static NetworkError requestFailed(URLRequest request, std::shared_ptr<const URLResponse> response,
                                       Error error);
 
+    /// What kind of error it is.
     Kind kind() const noexcept { return kind_; }
 
     /// The request; `internalSDKError` has none.
@@ -67,7 +69,9 @@ public:
     /// The host, path and query of the request's URL as `URL` tells them; empty where there is no request or
     /// URL.
     std::optional<std::string> requestHost() const;
+    /// The path of the request; empty if there is none.
     std::optional<std::string> requestPath() const;
+    /// The query of the request; empty if there is none.
     std::optional<std::string> requestQuery() const;
 
     /// What happened, in words for people.
@@ -75,6 +79,7 @@ public:
     /// One line for a log: "HttpCode: 404" or "Error: -1001, /v2/time : (" and the description.
     std::string errorMessage() const;
 
+    /// What identifies errors of this type; see `Error`.
     static const ErrorTag& errorTag();
     /// "dev.vantic.VanticRestKit.networkService"
     static std::string errorDomain();
@@ -85,6 +90,7 @@ public:
     /// error brings under other keys.
     Dictionary errorUserInfo() const;
 
+    /// Whether both are of one kind.
     friend bool operator==(const NetworkError& a, const NetworkError& b) noexcept {
         return a.kind_ == b.kind_;
     }
@@ -113,7 +119,9 @@ VRK_EXPORT NSError underlyingNSError(const Error& error);
 /// The user information of `underlyingNSError(error)`.
 VRK_EXPORT Dictionary underlyingErrorUserinfo(const Error& error);
 
+/// The argument of the conversion.
 struct NSErrorArguments {
+    /// The error to convert.
     Required<NetworkError> networkServiceError;
 };
 

@@ -23,18 +23,25 @@ namespace VanticRestKit {
 class VRK_EXPORT NetworkServiceble final : public Serviceable,
                                            public std::enable_shared_from_this<NetworkServiceble> {
 public:
+    /// The error of a request.
     using NetworkError = VanticRestKit::NetworkError;
 
+    /// The arguments of `make` for a request.
     struct RequestArguments {
+        /// The request to send.
         Required<URLRequest> with;
         /// Null means the shared session, `NetworkURLSession::sharedInstance().urlSesion`.
         std::shared_ptr<NetworkSession> and_{};
         /// An empty function means that nobody is told.
         Required<LogError> logError;
     };
+    /// The arguments of `make` for an address.
     struct URLArguments {
+        /// The address to load by a GET.
         Required<URL> with;
+        /// The session to send it on; empty for the shared one.
         std::shared_ptr<NetworkSession> and_{};
+        /// Receives failures; may be empty.
         Required<LogError> logError;
     };
 
@@ -43,8 +50,11 @@ public:
     /// The same for a plain request of a URL: GET, no headers, 60 seconds.
     static std::shared_ptr<NetworkServiceble> make(URLArguments arguments);
 
+    /// The request that is sent.
     const URLRequest& urlRequest() const noexcept { return urlRequest_; }
+    /// The session that it is sent on.
     const std::shared_ptr<NetworkSession>& session() const noexcept { return session_; }
+    /// What receives failures; may be empty.
     const LogError& logError() const noexcept { return logError_; }
 
     /// Runs the request once. Judgement, `logError` and completion run where the session calls back. A fetch

@@ -34,14 +34,19 @@ public:
     /// Body and head of an answer.
     using Answer = std::pair<Data, std::shared_ptr<const URLResponse>>;
 
+    /// The arguments of `loadData`.
     struct LoadDataArguments {
+        /// The request to send.
         Required<URLRequest> fromURLRequest;
+        /// Receives what came, once.
         Required<Completion> completionHandler;
         /// Gets a record of each request, before the handler, on its queue. A session that makes none may ignore it.
         /// Empty: no records are wanted.
         MetricsReceiver metrics{};
     };
+    /// The arguments of `loadDataPublisher`.
     struct LoadDataPublisherArguments {
+        /// The request to send.
         Required<URLRequest> fromURLRequest;
         /// The same, for the requests of all subscriptions.
         MetricsReceiver metrics{};

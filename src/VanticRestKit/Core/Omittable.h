@@ -19,6 +19,7 @@ class Omittable {
 public:
     constexpr Omittable() noexcept = default;
 
+    /// A value, or what an optional of it is made of.
     template <class U>
     requires(!std::same_as<std::remove_cvref_t<U>, Omittable> && detail::Fills<U, std::optional<T>>::value &&
              !detail::SignedFor<std::remove_cvref_t<U>, T>) constexpr Omittable(U&& value)
@@ -28,6 +29,7 @@ public:
     template <detail::SignedFor<T> U>
     consteval Omittable(U literal) : value_{detail::exactly<T>(literal)} {}
 
+    /// The value, or empty.
     constexpr const std::optional<T>& value() const noexcept { return value_; }
 
 private:

@@ -45,6 +45,7 @@ struct ObserverOptions {
 
 /// A body that could not be decoded.
 struct DecodingFailure {
+    /// The address of the request, redacted as the options say.
     std::string url{};
     /// The type that was asked for, such as "Video" or "[Show]".
     std::string typeName{};
@@ -59,7 +60,9 @@ struct DecodingFailure {
 
 /// A document that was decoded, and what its mapping tables swallowed on the way.
 struct ExplainedDocument {
+    /// The address of the request, redacted as the options say.
     std::string url{};
+    /// The name of the type that the body was to become.
     std::string typeName{};
     /// In bytes.
     std::uint64_t bodySize = 0;
@@ -94,11 +97,13 @@ public:
     /// A document was chosen by `explainedShare` and explained. Called on a background queue, some time after the load.
     virtual void documentExplained(const ExplainedDocument& document);
 
+    /// What the observer was made with.
     const ObserverOptions& options() const noexcept { return options_; }
     /// What explains documents, for the library; null unless the options ask for a share.
     const std::shared_ptr<detail::ToleranceSampler>& sampler() const noexcept { return sampler_; }
 
 protected:
+    /// The options count for the life of the observer.
     explicit RequestObserver(ObserverOptions options = {});
 
 private:

@@ -123,6 +123,7 @@ public:
     Required() requires(detail::isListLike<T> && !std::same_as<T, T>);
 #endif
 
+    /// A value that converts without narrowing.
     template <class U>
     requires(!std::same_as<std::remove_cvref_t<U>, Required> && detail::Fills<U, T>::value &&
              !detail::SignedFor<std::remove_cvref_t<U>, T>) constexpr Required(U&& value)
@@ -132,15 +133,21 @@ public:
     template <detail::SignedFor<T> U>
     consteval Required(U literal) : value_{detail::exactly<T>(literal)} {}
 
+    /// The elements of a list or map.
     constexpr Required(
         std::initializer_list<typename detail::ListElement<T>::type> elements) requires detail::isListLike<T>
         : value_(elements) {}
 
+    /// The value.
     constexpr T& value() & noexcept { return value_; }
+    /// The value.
     constexpr const T& value() const& noexcept { return value_; }
+    /// The value, to be moved from.
     constexpr T&& value() && noexcept { return std::move(value_); }
 
+    /// The value.
     constexpr operator const T&() const& noexcept { return value_; }
+    /// The value, to be moved from.
     constexpr operator T&&() && noexcept { return std::move(value_); }
 
 private:
@@ -153,10 +160,12 @@ requires requires(const T& value, const U& other) {
     { value == other } -> std::convertible_to<bool>;
 }
 constexpr bool operator==(const Required<T>& argument, const U& other) { return argument.value() == other; }
+/// Whether both hold equal values.
 template <class T>
 requires std::equality_comparable<T>
 constexpr bool operator==(const Required<T>& a, const Required<T>& b) { return a.value() == b.value(); }
 // An optional compares itself with whatever its element compares with, and would see two empty ones as different.
+/// Whether both hold equal values or are both empty.
 template <class T>
 requires std::equality_comparable<T>
 constexpr bool operator==(const Required<std::optional<T>>& argument, const std::optional<T>& other) {

@@ -37,9 +37,12 @@ namespace VanticRestKit {
 template <class T>
 class Resource {
 public:
+    /// Receives the value, or why there is none.
     using Completion = typename Loader<T>::Completion;
 
+    /// The argument of `load`.
     struct LoadArguments {
+        /// Called once, on the queue on which the service delivers.
         Required<Completion> with;
     };
 

@@ -22,34 +22,53 @@ class Serviceable;
 
 namespace ResourceArguments {
 
+/// A route, with the default service of the context.
 struct Route {
+    /// The route.
     Required<ResourceURI> with;
+    /// Decodes the body of the answer.
     JSONDecoder andDecoder{};
 };
+/// A route and a service.
 struct RouteAndService {
+    /// The route.
     Required<ResourceURI> with;
     /// Accepted and ignored.
     Required<std::shared_ptr<Serviceable>> service;
+    /// Decodes the body of the answer.
     Required<JSONDecoder> andDecoder;
 };
+/// A service that holds its request.
 struct Service {
     /// Must not be null.
     Required<std::shared_ptr<Serviceable>> withService;
+    /// Decodes the body of the answer.
     Required<JSONDecoder> andDecoder;
 };
+/// A request.
 struct Request {
+    /// The request to send.
     Required<URLRequest> withURLRequest;
+    /// Decodes the body of the answer.
     Required<JSONDecoder> andDecoder;
 };
+/// An address.
 struct Address {
+    /// The address to load by a GET.
     Required<URL> withURL;
+    /// Decodes the body of the answer.
     Required<JSONDecoder> andDecoder;
 };
+/// An href of an answer.
 struct Href {
+    /// The href with its query items.
     Required<HrefURI> withHrefURI;
 };
+/// An href of an answer and a decoder.
 struct HrefAndDecoder {
+    /// The href with its query items.
     Required<HrefURI> withHrefURI;
+    /// Decodes the body of the answer.
     Required<JSONDecoder> andDecoder;
 };
 

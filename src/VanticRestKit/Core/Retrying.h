@@ -49,14 +49,17 @@ struct RetryPolicy {
     /// Null: as many as `attempts` allows.
     std::shared_ptr<RetryBudget> budget = std::make_shared<RetryBudget>();
 
+    /// Clock, random numbers and pauses; replaced in tests.
     RetryEnvironment environment{};
 };
 
+/// The arguments of `retrying`.
 struct RetryingArguments {
     /// What runs the request; not null.
     Required<std::shared_ptr<Serviceable>> service;
     /// The request that it runs.
     Required<URLRequest> request;
+    /// How often and when is tried again.
     Required<RetryPolicy> policy;
 };
 

@@ -29,7 +29,9 @@ public:
     /// Receives the body of the answer, or why there is none.
     using Completion = UniqueFunction<void(Result<Data, Error>)>;
 
+    /// The arguments of `fetch` and `start`.
     struct FetchArguments {
+        /// Called once with the outcome.
         Required<Completion> with;
         /// Gets a record of each request, before the completion, on its queue. A service that makes none may ignore it;
         /// one that decorates another hands it on, as `ofAttempt` if it tries again. Empty: no records are wanted.

@@ -19,14 +19,19 @@ namespace VanticRestKit {
 
 /// Puts a request together from its parts.
 struct VRK_EXPORT URLBuilder {
+    /// The arguments, by label.
     struct Arguments {
+        /// What the path is appended to. Its query comes first.
         Required<URL> usingBaseUrl;
         /// One text, whose slashes separate segments. An empty one leaves the base URL as it is.
         Required<std::string> pathComponents;
+        /// The query items, in order.
         Required<std::vector<URLQueryItem>> queries;
+        /// The headers.
         Required<std::map<std::string, std::string>> HTTPHeaders;
         /// Empty means GET, also where there is a body.
         Required<std::optional<std::string>> httpMethod;
+        /// The body; empty for none.
         Required<std::optional<Data>> andPostData;
         /// In seconds.
         double timeOut = 30.0;

@@ -32,10 +32,12 @@ concept HasDocument = requires(const T& value) {
 /// ```
 class Answer {
 public:
+    /// A time in seconds.
     using Seconds = std::chrono::duration<double>;
 
     /// 200 with this JSON. The text is sent as it is, so it need not be JSON.
     Answer(std::string json);
+    /// 200 with this body.
     Answer(const char* json) : Answer(std::string(json)) {}
     /// 200 with the document of a builder.
     template <HasDocument T>
@@ -51,8 +53,10 @@ public:
     static Answer error(Error error);
     /// What a device without a network sees: the host is not found.
     static Answer offline() { return error(URLErrorCode::cannotFindHost); }
+    /// No answer: the request timed out.
     static Answer timedOut() { return error(URLErrorCode::timedOut); }
 
+    /// The same with another status.
     Answer withStatus(std::int64_t status) const;
     /// Replaces a header of the same spelling. A JSON answer has "Content-Type" from the start.
     Answer withHeader(std::string name, std::string value) const;
@@ -63,11 +67,15 @@ public:
 
     /// Empty for an error.
     const std::optional<Data>& body() const noexcept { return body_; }
+    /// The status.
     std::int64_t status() const noexcept { return status_; }
+    /// The header fields.
     const HTTPURLResponse::HeaderFields& headers() const noexcept { return headers_; }
     /// What fails the request: the code of the transport, or an error; nothing if the request is answered.
     const std::variant<std::monostate, URLErrorCode, Error>& failure() const noexcept { return failure_; }
+    /// How long the answer is delayed.
     Seconds delay() const noexcept { return delay_; }
+    /// Whether the answer waits for the test to release it.
     bool isHeld() const noexcept { return isHeld_; }
 
     /// The domain of the errors that this kit makes itself.

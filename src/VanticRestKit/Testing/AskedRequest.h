@@ -13,10 +13,12 @@ namespace VanticRestKit::Testing {
 
 /// One request as the library built it.
 struct AskedRequest {
+    /// The request as the library built it.
     URLRequest request;
     /// Whether it was cancelled before its answer was delivered.
     bool wasCancelled = false;
 
+    /// Its method.
     std::string method() const;
     /// Such as "/v2/video/ZW1", as it is sent.
     std::string path() const;

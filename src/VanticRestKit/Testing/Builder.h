@@ -44,6 +44,7 @@ std::string partOf(const std::string& document, const std::string& place);
 template <class Self, class T>
 class Builder {
 public:
+    /// The type that the document decodes into.
     using Value = T;
 
     /// Sets a key of the document, `with("kickerTitle", "New")`, or a place in it, `with("/_links/self/href", nullptr)`.
@@ -82,6 +83,7 @@ private:
 template <class T>
 class DocumentOf : public Builder<DocumentOf<T>, T> {
 public:
+    /// A builder that begins with this document.
     explicit DocumentOf(std::string json) : original_(std::move(json)) {}
 
     /// A part of this document as one of its own: `aHistoryResponse().part<HistoryData>("/data/0")`.

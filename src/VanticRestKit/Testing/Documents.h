@@ -38,28 +38,45 @@ namespace VanticRestKit::Testing {
 
 /// Seconds since 1970.
 DocumentOf<double> aTime(double seconds = 1'767'225'600);
+/// The avatars.
 DocumentOf<std::vector<Image>> avatars();
 
+/// The home screen.
 DocumentOf<Category> aHomeScreen();
+/// The screen of a category.
 DocumentOf<Category> aCategory(const std::string& id = "drama");
+/// The screen of a channel.
 DocumentOf<Category> aChannel(const std::string& id = "vantic-one");
 /// One of the rows of the home screen; the first one that is not featured if there is no number.
 DocumentOf<MixedCollection> aCollection(const std::string& id = {});
 
+/// The index of all shows.
 DocumentOf<ShowsIndex> aShowsIndex();
+/// Several shows.
 DocumentOf<std::vector<Show>> aShowList(const std::vector<std::string>& slugs = {"harbour-lights",
                                                                                  "night-ferry"});
+/// Several videos.
 DocumentOf<VideoList> aVideoList(const std::vector<std::string>& houseNumbers = {"HL0101", "HL0102"});
+/// The live channels.
 DocumentOf<VideoList> livestreams();
+/// What a live channel shows now and next.
 DocumentOf<NowNext> nowAndNext();
+/// What a search finds.
 DocumentOf<SearchResults> searchResultsFor(const std::string& keyword = "sea");
+/// Shows that are similar to a show.
 DocumentOf<RelatedShowList> showsRelatedTo(const std::string& slug = "harbour-lights");
 
+/// A navigation list: "channels" or "categories".
 DocumentOf<NavigationList> aNavigationList(const std::string& type = "channels");
+/// The main menu.
 DocumentOf<NavigationMainMenuList> aMainMenu();
+/// The browse screen.
 DocumentOf<BrowseList> aBrowseList();
+/// The messages.
 DocumentOf<std::vector<Message>> messages();
+/// An alert.
 DocumentOf<ProductAlert> aProductAlert();
+/// Where a path leads.
 DocumentOf<Remap> aRemap(const std::string& path = "show/harbour-lights");
 
 /// Tokens that are good for so long from now on; not above zero: that have expired.
@@ -70,7 +87,9 @@ DocumentOf<DatasetResponse> aDatasetResponse();
 DocumentOf<HistoryResponse> aHistoryResponse();
 /// "test-user" has saved one show, Harbour Lights.
 DocumentOf<SavedResponse> aSavedResponse();
+/// The audience segments of a profile.
 DocumentOf<KAVROSegmentsModel> audienceSegments();
+/// A module of recommendations.
 DocumentOf<RecommendationModule> recommendations(std::uint32_t limit = 6);
 
 }  // namespace VanticRestKit::Testing

@@ -24,6 +24,7 @@ namespace VanticRestKit::Testing {
 /// ```
 class ManualClock {
 public:
+    /// A time in seconds.
     using Seconds = std::chrono::duration<double>;
 
     /// Shows `start` and drives the library from now on.

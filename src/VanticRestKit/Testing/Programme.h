@@ -16,19 +16,24 @@ struct Programme {
     std::uint32_t id = 11;
     /// House numbers begin with it: the first episode of "HL" is "HL0101".
     std::string code = "HL";
+    /// The title.
     std::string title = "Harbour Lights";
     /// Empty: made from the title, "harbour-lights".
     std::string slug{};
+    /// What it is about.
     std::string description = "A harbour master, her three brothers and a lighthouse that is not for sale.";
     /// "vantic-one", "vantic-two", "vantic-plus", "vantic-kids" or "vantic-news".
     std::string channel = "vantic-one";
     /// "drama", "documentary", "comedy", "film", "lifestyle", "children" or "news".
     std::string category = "drama";
+    /// For which ages it is.
     std::string classification = "M";
+    /// The tags.
     std::vector<std::string> tags{"drama", "sea", "family"};
     /// The number of episodes of each series. Empty: a film, one video without series.
     std::vector<std::uint32_t> episodes{6};
 
+    /// The slug, or one made of the title.
     std::string effectiveSlug() const;
 };
 

@@ -19,6 +19,7 @@ namespace VanticRestKit::Testing {
 /// that holds a token, the number `expiry` becomes the year 2100: the token is still good when it is replayed.
 class Redaction {
 public:
+    /// Stands in place of what is left out.
     static constexpr const char* redacted = "REDACTED";
 
     Redaction() = default;

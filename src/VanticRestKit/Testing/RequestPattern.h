@@ -22,7 +22,9 @@ namespace VanticRestKit::Testing {
 ///   matter.
 class RequestPattern {
 public:
+    /// A pattern as described above.
     RequestPattern(std::string text);
+    /// A pattern as described above.
     RequestPattern(const char* text) : RequestPattern(std::string(text)) {}
 
     /// The same, for requests with a header of this value only.
@@ -30,6 +32,7 @@ public:
     /// The same, for requests whose body contains `text` only.
     RequestPattern withBody(std::string text) const;
 
+    /// Whether a request fits the pattern.
     bool fits(const AskedRequest& asked) const { return !mismatch(asked); }
 
     /// The first reason why a request does not fit; empty if it fits.

@@ -33,10 +33,12 @@ public:
     template <class... Arguments>
     explicit Scripted(const ScriptedService& service, Arguments&&... arguments)
         : Scripted(service.session(), std::forward<Arguments>(arguments)...) {}
+    /// A context whose requests go to `session`; the other arguments are those of the constructor of the context.
     template <class... Arguments>
     explicit Scripted(std::shared_ptr<NetworkSession> session, Arguments&&... arguments)
         : HostContext(std::forward<Arguments>(arguments)...), session_(std::move(session)) {}
 
+    /// Sends the request to the session of the script.
     std::shared_ptr<Serviceable> service(Context::ServiceArguments arguments) const override {
         return serviceOver(session_, std::move(arguments), this->logError());
     }
@@ -55,7 +57,9 @@ public:
     std::optional<std::string> uid() const override { return user; }
     SourceSystem source() const override { return SourceSystem::lumeno; }
 
+    /// What paths are relative to.
     URL base{"https://service.test"};
+    /// The id of the user; empty if no user is signed in.
     std::optional<std::string> user{"test-user"};
 };
 

@@ -34,9 +34,11 @@ public:
     /// Expects exactly `count` requests: fewer are a problem, and further ones pass this rule by. Without a call of
     /// this or of `atLeastOnce` any number is right, none included.
     ScriptRule& times(std::size_t count);
+    /// `times(1)`.
     ScriptRule& once() { return times(1); }
     /// Expects that nothing of this pattern is asked.
     ScriptRule& never() { return times(0); }
+    /// Expects one request or more.
     ScriptRule& atLeastOnce();
 
 private:
@@ -72,6 +74,7 @@ public:
     ScriptedService();
     /// Delivers when the executor runs: for tests on one thread.
     explicit ScriptedService(const ManualExecutor& executor);
+    /// Delivers on `queue`.
     explicit ScriptedService(DispatchQueue queue);
 
     /// A rule for the requests of a pattern, such as "GET /v2/time". A rule without an answer answers 200 with "{}".

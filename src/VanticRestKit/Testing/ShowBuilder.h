@@ -29,30 +29,39 @@ public:
     Self& withCode(std::string code) {
         return changed([&](Programme& it) { it.code = std::move(code); });
     }
+    /// Sets the slug.
     Self& withSlug(std::string slug) {
         return changed([&](Programme& it) { it.slug = std::move(slug); });
     }
+    /// Sets what it is about.
     Self& describedAs(std::string text) {
         return changed([&](Programme& it) { it.description = std::move(text); });
     }
+    /// Sets the channel.
     Self& onChannel(std::string id) {
         return changed([&](Programme& it) { it.channel = std::move(id); });
     }
+    /// Sets the category.
     Self& inCategory(std::string id) {
         return changed([&](Programme& it) { it.category = std::move(id); });
     }
+    /// Sets for which ages it is.
     Self& classified(std::string text) {
         return changed([&](Programme& it) { it.classification = std::move(text); });
     }
+    /// Sets the tags.
     Self& tagged(std::vector<std::string> tags) {
         return changed([&](Programme& it) { it.tags = std::move(tags); });
     }
 
+    /// What the document is made of.
     const Programme& programme() const noexcept { return programme_; }
 
 protected:
+    /// Begins with a programme.
     explicit ProgrammeBuilder(Programme programme) : programme_(std::move(programme)) {}
 
+    /// Changes the programme and makes the document anew.
     template <class Change>
     Self& changed(Change change) {
         change(programme_);
@@ -66,12 +75,16 @@ private:
 /// A video: the first episode of a series, unless it is told otherwise.
 class VideoBuilder : public ProgrammeBuilder<VideoBuilder, Video> {
 public:
+    /// An episode of a programme.
     explicit VideoBuilder(Programme programme = {}, std::uint32_t series = 1, std::uint32_t episode = 1);
 
     /// The title of the video; that of its show is `ofShow`.
     VideoBuilder& titled(std::string title) { return with("title", std::move(title)); }
+    /// Sets the title of the show.
     VideoBuilder& ofShow(std::string title);
+    /// Sets the house number.
     VideoBuilder& withHouseNumber(const std::string& houseNumber);
+    /// Sets the duration.
     VideoBuilder& lasting(std::chrono::seconds duration);
     /// Not to be played, with the sentence that says why.
     VideoBuilder& notPlayable(std::string message = "Not available in your region");
@@ -87,10 +100,14 @@ private:
 /// A series with its episodes.
 class SeriesBuilder : public ProgrammeBuilder<SeriesBuilder, Series> {
 public:
+    /// A series of a programme.
     explicit SeriesBuilder(Programme programme = {}, std::uint32_t number = 1);
 
+    /// Sets the title.
     SeriesBuilder& titled(std::string title) { return with("title", std::move(title)); }
+    /// Sets the title of the show.
     SeriesBuilder& ofShow(std::string title);
+    /// Sets the number of episodes.
     SeriesBuilder& episodes(std::uint32_t count);
     /// The builder of one of its episodes, from 1.
     VideoBuilder episode(std::uint32_t number) const { return VideoBuilder(programme(), number_, number); }
@@ -106,6 +123,7 @@ private:
 /// six episodes.
 class ShowBuilder : public ProgrammeBuilder<ShowBuilder, Show> {
 public:
+    /// A show.
     explicit ShowBuilder(Programme programme = {});
 
     /// Also gives it the slug that follows from the title, unless `withSlug` sets one.
@@ -119,6 +137,7 @@ public:
 
     /// The builders of its parts, which count from 1.
     SeriesBuilder series(std::uint32_t number) const { return SeriesBuilder(programme(), number); }
+    /// One of its episodes, counted from 1.
     VideoBuilder episode(std::uint32_t seriesNumber, std::uint32_t number) const {
         return VideoBuilder(programme(), seriesNumber, number);
     }
@@ -128,8 +147,11 @@ private:
     std::string original() const { return detail::showDocument(programme()); }
 };
 
+/// A show, to be changed by its members.
 inline ShowBuilder aShow() { return ShowBuilder(); }
+/// A series, to be changed by its members.
 inline SeriesBuilder aSeries() { return SeriesBuilder(); }
+/// A video, to be changed by its members.
 inline VideoBuilder aVideo() { return VideoBuilder(); }
 
 }  // namespace VanticRestKit::Testing

@@ -22,7 +22,9 @@ class VRK_EXPORT KAVROSegmentsContext : public virtual Context {
 public:
     ~KAVROSegmentsContext() override;
 
+    /// The key of the application. Not stored by the library.
     virtual std::string apiKey() const = 0;
+    /// The user's token. Not stored by the library.
     virtual std::string accessToken() const = 0;
 
     /// By default `content-type`, `x-api-key` and `Authorization`.

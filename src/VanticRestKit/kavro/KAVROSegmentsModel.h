@@ -15,8 +15,10 @@ namespace VanticRestKit {
 /// An audience that a subprofile may belong to.
 enum class KAVROActiveAudiences { lumenoGenreFavourite180DVanticKids };
 
+/// The raw texts of `KAVROActiveAudiences`.
 template <>
 struct RawTexts<KAVROActiveAudiences> {
+    /// The cases with their names and raw texts, in case order.
     static constexpr RawCase<KAVROActiveAudiences> cases[] = {
         {KAVROActiveAudiences::lumenoGenreFavourite180DVanticKids, "lumenoGenreFavourite180DVanticKids",
          "vantic_main_127"},
@@ -26,8 +28,10 @@ struct RawTexts<KAVROActiveAudiences> {
 /// A badge that a subprofile may bear.
 enum class KAVROActiveBadges { iOSUser };
 
+/// The raw texts of `KAVROActiveBadges`.
 template <>
 struct RawTexts<KAVROActiveBadges> {
+    /// The cases with their names and raw texts, in case order.
     static constexpr RawCase<KAVROActiveBadges> cases[] = {
         {KAVROActiveBadges::iOSUser, "iOSUser", "7832"},
     };
@@ -35,8 +39,11 @@ struct RawTexts<KAVROActiveBadges> {
 
 /// The audiences and badges of a subprofile. Ones that are not known are left out; only the user id can fail it.
 struct KAVROSegmentsModel {
+    /// Key `active_audiences`; an empty list if absent; values that are not known are left out.
     std::vector<KAVROActiveAudiences> activeAudiences{};
+    /// Key `active_badges`; an empty list if absent; values that are not known are left out.
     std::vector<KAVROActiveBadges> activeBadges{};
+    /// The id of the user. Key `user_id`; must be there and be a string.
     std::string userId{};
 
     friend bool operator==(const KAVROSegmentsModel&, const KAVROSegmentsModel&) = default;

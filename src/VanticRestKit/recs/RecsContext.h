@@ -16,6 +16,7 @@ class VRK_EXPORT RecsContext : public virtual Context {
 public:
     ~RecsContext() override;
 
+    /// The key of the application. Not stored by the library.
     virtual std::string apiKey() const = 0;
 
     /// The request for a path below `baseURL`, with the item `apikey` behind all others. Only the headers that it

@@ -44,6 +44,7 @@ class TrelvoState;
 /// Any number of threads may call operations at once. Each gets tokens for itself; the last answer stays.
 class VRK_EXPORT Trelvo {
 public:
+    /// Receives the outcome of an operation.
     template <class T>
     using Completion = UniqueFunction<void(Result<T, TrelvoError>)>;
 
@@ -60,22 +61,35 @@ public:
     /// Forgets tokens and error: for signing out. A request under way may still bring new tokens.
     void clearAuth();
 
+    /// The arguments of `getSubprofiles`.
     struct GetSubprofilesArguments {
+        /// Whether private data is asked for too.
         Required<bool> includePrivateData;
+        /// Whether data of the family is asked for too.
         Required<bool> includeFamilyData;
+        /// Receives the outcome, once at most.
         Required<Completion<std::vector<Subprofile>>> completionHandler;
     };
     /// The profiles of the user. `datasetDoesNotExist` where the service answers 404.
     void getSubprofiles(GetSubprofilesArguments arguments, const TrelvoContext& context);
 
+    /// The arguments of `createSubprofile` and `updateSubprofile`.
     struct DatasetArguments {
+        /// The keys of the profile with their values. Nested objects and lists are not sent.
         Required<Dictionary> dataset;
+        /// Receives the outcome, once at most.
         Required<Completion<Subprofile>> completionHandler;
     };
+    /// Stores `dataset` as a new profile and gives the profile as the service holds it. `datasetNamespaceMismatch` if
+    /// the answer is another dataset, `unknown` if it has none.
     void createSubprofile(DatasetArguments arguments, const TrelvoContext& context);
+    /// Replaces values of the user's profile by `dataset` and gives the profile as the service holds it. Errors as
+    /// `createSubprofile`.
     void updateSubprofile(DatasetArguments arguments, const TrelvoContext& context);
 
+    /// The argument of `deleteSubprofile` and `deleteHistory`.
     struct DeletionArguments {
+        /// Receives the outcome, once at most.
         Required<Completion<void>> completionHandler;
     };
     /// Deletes history, watchlist and profile, one started after the other; tells how the profile fared.
@@ -84,59 +98,98 @@ public:
     /// Deletes the viewing history. One that is not there counts as deleted.
     void deleteHistory(DeletionArguments arguments, const TrelvoContext& context);
 
+    /// Receives records of the viewing history.
     using HistoryCompletion = Completion<std::vector<HistoryData>>;
+    /// The arguments of `viewingHistory`.
     struct ViewingHistoryArguments {
+        /// How many records are asked for.
         Required<std::uint64_t> limit;
+        /// Receives the outcome, once at most.
         Required<HistoryCompletion> completionHandler;
     };
+    /// The records of the videos that the user has watched, in the order of the service.
+    /// `unableToRetrieveHistoryData` if the answer has no such list.
     void viewingHistory(ViewingHistoryArguments arguments, const TrelvoContext& context);
 
+    /// The arguments of `listRecentVideos`.
     struct RecentVideosArguments {
+        /// How many records are asked for.
         Required<std::uint64_t> limit;
+        /// Whether videos marked as done are asked for, or the others.
         Required<bool> markedAsDone;
+        /// Receives the outcome, once at most.
         Required<HistoryCompletion> completionHandler;
     };
+    /// Recent records, of videos that are marked as done or of the others. Errors as `viewingHistory`.
     void listRecentVideos(RecentVideosArguments arguments, const TrelvoContext& context);
 
+    /// The arguments of `listVideosForShow`.
     struct VideosForShowArguments {
+        /// The id of the show.
         Required<TrelvoNumber> showId;
+        /// Whether videos marked as done are asked for, or the others; empty for both.
         Required<std::optional<bool>> markedAsDone;
+        /// Receives the outcome, once at most.
         Required<HistoryCompletion> completionHandler;
     };
+    /// The records of one show. Errors as `viewingHistory`.
     void listVideosForShow(VideosForShowArguments arguments, const TrelvoContext& context);
 
+    /// The arguments of `getVideoProgress`.
     struct VideoProgressArguments {
+        /// The id of the show.
         Required<TrelvoNumber> showId;
+        /// The house number of the video.
         Required<std::string> houseNumber;
+        /// Receives the outcome, once at most.
         Required<HistoryCompletion> completionHandler;
     };
+    /// The records of one video. Errors as `viewingHistory`.
     void getVideoProgress(VideoProgressArguments arguments, const TrelvoContext& context);
 
+    /// The arguments of `updateVideoProgress`.
     struct UpdateVideoProgressArguments {
+        /// The id of the show.
         Required<TrelvoNumber> showId;
+        /// The house number of the video.
         Required<std::string> houseNumber;
         /// In seconds.
         Required<TrelvoNumber> progress;
+        /// Whether the video counts as watched.
         Required<bool> isDone;
+        /// Receives the outcome, once at most.
         Required<HistoryCompletion> completionHandler;
     };
+    /// Records how far one video has been watched and gives its records. Errors as `viewingHistory`.
     void updateVideoProgress(UpdateVideoProgressArguments arguments, const TrelvoContext& context);
 
+    /// The argument of `listWatchlistShowIds`.
     struct WatchlistArguments {
+        /// Receives the outcome, once at most.
         Required<Completion<std::vector<SavedData>>> completionHandler;
     };
+    /// What is on the user's watchlist, in the order of the service. `unableToRetrieveSavedData` if the answer has no
+    /// such list.
     void listWatchlistShowIds(WatchlistArguments arguments, const TrelvoContext& context);
 
+    /// The arguments of `addWatchlistShow`.
     struct AddShowArguments {
+        /// The id of the show.
         Required<TrelvoNumber> showId;
+        /// Receives the outcome, once at most.
         Required<Completion<std::vector<SavedData>>> completionHandler;
     };
+    /// Puts a show on the watchlist and gives the records of the answer. Errors as `listWatchlistShowIds`.
     void addWatchlistShow(AddShowArguments arguments, const TrelvoContext& context);
 
+    /// The arguments of `deleteShow`.
     struct DeleteShowArguments {
+        /// The id of the show.
         Required<TrelvoNumber> showId;
+        /// Receives the outcome, once at most.
         Required<Completion<void>> completionHandler;
     };
+    /// Takes a show off the watchlist. A 404 is an error.
     void deleteShow(DeleteShowArguments arguments, const TrelvoContext& context);
 
 private:

@@ -14,6 +14,7 @@ namespace VanticRestKit {
 struct UserAuth {
     /// The user that the tokens belong to, as the context names it.
     std::string uid{};
+    /// The tokens.
     Auth auth{};
 
     friend bool operator==(const UserAuth&, const UserAuth&) = default;

@@ -90,17 +90,26 @@ public:
     /// The same for the tokens held, for a host that saves them.
     AnyPublisher<std::optional<UserAuth>, Never> authChanges() const;
 
+    /// The arguments of `getSubprofiles`.
     struct GetSubprofilesArguments {
+        /// Whether private data is asked for too.
         Required<bool> includePrivateData;
+        /// Whether data of the family is asked for too.
         Required<bool> includeFamilyData;
     };
     /// The profiles of the user. `datasetDoesNotExist` if the service answers 404.
     Call<std::vector<Subprofile>> getSubprofiles(GetSubprofilesArguments arguments) const;
 
+    /// The arguments of `createSubprofile` and `updateSubprofile`.
     struct DatasetArguments {
+        /// The keys of the profile with their values. Nested objects and lists are not sent.
         Required<Dictionary> dataset;
     };
+    /// Stores `dataset` as a new profile and gives the profile as the service holds it. `datasetNamespaceMismatch` if
+    /// the answer is another dataset, `unknown` if it has none.
     Call<Subprofile> createSubprofile(DatasetArguments arguments) const;
+    /// Replaces values of the user's profile by `dataset` and gives the profile as the service holds it. Errors as
+    /// `createSubprofile`.
     Call<Subprofile> updateSubprofile(DatasetArguments arguments) const;
     /// Deletes history, watchlist and profile, without waiting in between. The outcome is that of the profile; a cancel
     /// ends all three.
@@ -109,45 +118,73 @@ public:
     /// Deletes the viewing history. One that is not there counts as deleted.
     Call<void> deleteHistory() const;
 
+    /// Records of the viewing history.
     using History = std::vector<HistoryData>;
+    /// The arguments of `viewingHistory`.
     struct ViewingHistoryArguments {
+        /// How many records are asked for.
         Required<std::uint64_t> limit;
     };
+    /// The records of the videos that the user has watched, in the order of the service.
+    /// `unableToRetrieveHistoryData` if the answer has no such list.
     Call<History> viewingHistory(ViewingHistoryArguments arguments) const;
 
+    /// The arguments of `listRecentVideos`.
     struct RecentVideosArguments {
+        /// How many records are asked for.
         Required<std::uint64_t> limit;
+        /// Whether videos marked as done are asked for, or the others.
         Required<bool> markedAsDone;
     };
+    /// Recent records, of videos that are marked as done or of the others. Errors as `viewingHistory`.
     Call<History> listRecentVideos(RecentVideosArguments arguments) const;
 
+    /// The arguments of `listVideosForShow`.
     struct VideosForShowArguments {
+        /// The id of the show.
         Required<TrelvoNumber> showId;
+        /// Whether videos marked as done are asked for, or the others; empty for both.
         Required<std::optional<bool>> markedAsDone;
     };
+    /// The records of one show. Errors as `viewingHistory`.
     Call<History> listVideosForShow(VideosForShowArguments arguments) const;
 
+    /// The arguments of `getVideoProgress`.
     struct VideoProgressArguments {
+        /// The id of the show.
         Required<TrelvoNumber> showId;
+        /// The house number of the video.
         Required<std::string> houseNumber;
     };
+    /// The records of one video. Errors as `viewingHistory`.
     Call<History> getVideoProgress(VideoProgressArguments arguments) const;
 
+    /// The arguments of `updateVideoProgress`.
     struct UpdateVideoProgressArguments {
+        /// The id of the show.
         Required<TrelvoNumber> showId;
+        /// The house number of the video.
         Required<std::string> houseNumber;
         /// In seconds.
         Required<TrelvoNumber> progress;
+        /// Whether the video counts as watched.
         Required<bool> isDone;
     };
+    /// Records how far one video has been watched and gives its records. Errors as `viewingHistory`.
     Call<History> updateVideoProgress(UpdateVideoProgressArguments arguments) const;
 
+    /// What is on the user's watchlist, in the order of the service. `unableToRetrieveSavedData` if the answer has no
+    /// such list.
     Call<std::vector<SavedData>> listWatchlistShowIds() const;
 
+    /// The argument of `addWatchlistShow` and `deleteShow`.
     struct ShowArguments {
+        /// The id of the show.
         Required<TrelvoNumber> showId;
     };
+    /// Puts a show on the watchlist and gives the records of the answer. Errors as `listWatchlistShowIds`.
     Call<std::vector<SavedData>> addWatchlistShow(ShowArguments arguments) const;
+    /// Takes a show off the watchlist. A 404 is an error.
     Call<void> deleteShow(ShowArguments arguments) const;
 
 private:

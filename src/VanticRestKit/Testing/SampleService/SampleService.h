@@ -17,6 +17,7 @@ namespace VanticRestKit::Testing {
 
 /// What is to happen to the next answers of a path.
 struct SampleFault {
+    /// What goes wrong.
     enum class Kind {
         /// The answer comes later, after `seconds`.
         delay,
@@ -38,6 +39,7 @@ struct SampleFault {
         expiredToken,
     };
 
+    /// What goes wrong.
     Kind kind = Kind::status;
     /// Such as "v2/time"; "*" is every path.
     std::string path = "*";
@@ -45,9 +47,13 @@ struct SampleFault {
     std::string method{};
     /// For how many answers.
     int count = 1;
+    /// For `delay`: how long.
     std::chrono::duration<double> seconds{1};
+    /// For `status`: which one.
     int status = 500;
+    /// For `stall` and `reset`: after how many bytes of the body.
     std::optional<std::size_t> after{};
+    /// For `malformed` and `status`: the body.
     std::optional<std::string> text{};
     /// JSON pointers.
     std::vector<std::string> at{};
@@ -66,6 +72,7 @@ struct SampleFault {
 /// ```
 class SampleService {
 public:
+    /// How the service is started.
     struct Options {
         /// 0: any free one.
         std::uint16_t port = 0;
@@ -77,6 +84,7 @@ public:
 
     /// Starts with a free port, over HTTP.
     SampleService();
+    /// Starts as the options say.
     explicit SampleService(const Options& options);
     /// Stops.
     ~SampleService();
@@ -90,18 +98,21 @@ public:
 
     /// Such as "http://127.0.0.1:41417". Of a service that could not start: a port where nothing answers.
     URL baseURL() const;
+    /// The port that it listens on.
     std::uint16_t port() const;
     /// With TLS: the certificate as PEM, for the CA bundle of a session. Else empty.
     std::string authority() const;
 
     /// Adds a fault after those that wait. Whether it is one: `at` takes only JSON pointers.
     bool add(const SampleFault& fault);
+    /// Drops the faults that have not happened yet.
     void clearFaults();
 
     /// The requests received, in order of arrival: "GET /v2/show/harbour-lights?embed=seriesList".
     std::vector<std::string> log() const;
     /// The same as a JSON document, with query, headers and body of each.
     std::string logDocument() const;
+    /// Empties the log of requests.
     void clearLog();
 
     /// Ends the time of all access tokens.

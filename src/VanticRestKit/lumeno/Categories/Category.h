@@ -23,10 +23,15 @@ namespace VanticRestKit {
 struct Category {
     /// A text; a number is not taken.
     std::optional<std::string> id{};
+    /// The title. Key `title`; must be there and be a string.
     std::string title{};
+    /// Key `featuredImage`; empty if absent or not a string.
     std::optional<std::string> featuredImageHref{};
+    /// Key `logoUrl`; empty if absent or not a string.
     std::optional<std::string> logoHref{};
+    /// The banner. Key `banner`; empty if absent or if it does not decode.
     std::optional<Banner> banner{};
+    /// How the screen is coloured. Key `theme`; the default theme if absent or not known.
     Theme theme{};
     /// The path of the screen, below the API's version prefix. Every decoded category has one.
     std::optional<std::string> selfHref{};
@@ -34,6 +39,8 @@ struct Category {
     std::optional<std::string> alertId{};
     /// Not one of `collections`.
     MixedCollection featuredCollection = mapping::detail::fresh<MixedCollection>();
+    /// The rows of the screen, in order. Key `_embedded.collections`; must be there; one element that does not decode
+    /// fails the document.
     std::vector<MixedCollection> collections{};
 
     friend bool operator==(const Category&, const Category&) = default;

@@ -63,6 +63,7 @@ enum class CollectionItemMember : std::uint8_t {
     /// An operation: what gives it is called with a path, an optional string.
     showSlug,
 };
+/// How many members there are.
 inline constexpr std::size_t collectionItemMembers = 37;
 
 namespace detail {
@@ -124,7 +125,9 @@ constexpr bool isNeeded(CollectionItemMember member) {
 struct CollectionItemTable {
     /// `value` receives the member. For `showSlug` it also holds the path beforehand.
     using Getter = void (*)(const void* entity, void* value);
+    /// One for each member, in the order of `CollectionItemMember`.
     std::array<Getter, collectionItemMembers> getters{};
+    /// Whether two entities of the type are equal.
     bool (*equal)(const void* a, const void* b) = nullptr;
 };
 
@@ -140,9 +143,12 @@ const CollectionItemTable& collectionItemTable();
 /// A row of the list: the entity gives this member itself, by a field or by a const function.
 template <CollectionItemMember Member, auto Source>
 struct own {
+    /// Which member it is.
     static constexpr CollectionItemMember member = Member;
+    /// The type of the member.
     using Type = detail::TypeOf<Member>;
 
+    /// Stores the member of `entity` in `value`.
     static void get(const void* entity, void* value);
 };
 

@@ -13,6 +13,7 @@ namespace VanticRestKit {
 
 /// A compact pointer to a video that can be played at once. Any JSON object decodes into one.
 struct DirectPlayableVideo {
+    /// Key `id`; empty if absent or not a string.
     std::optional<std::string> id{};
     /// A path below the API's version prefix.
     std::optional<std::string> href{};

@@ -56,7 +56,9 @@ struct VRK_EXPORT Endpoint {
     /// The time of the service: its answer is a bare number.
     static std::optional<VanticRestKit::Resource<double>> Time(const VanticRestKit::Context& context);
 
+    /// The arguments of `Resource`.
     struct ResourceArguments {
+        /// The href of the resource, as another answer gave it.
         Required<std::string> withHref;
     };
     /// A path that the service sent, such as a link's `href`, loaded as any type that decodes:
@@ -69,43 +71,61 @@ struct VRK_EXPORT Endpoint {
     static std::optional<VanticRestKit::Resource<std::vector<VanticRestKit::Image>>> Avatars(
         const VanticRestKit::Context& context);
 
+    /// The arguments of `Video`.
     struct VideoArguments {
+        /// The house number of the video.
         Required<std::string> houseNumber;
     };
     /// One video by its house number: `Endpoint::Video({.houseNumber = "ZW1"}, context)`.
     static std::optional<VanticRestKit::Resource<VanticRestKit::Video>> Video(
         VideoArguments arguments, const VanticRestKit::Context& context);
 
+    /// The argument of `Video` for an href.
     struct VideoHrefArguments {
+        /// The href of the resource, as another answer gave it.
         Required<std::string> usingHref;
     };
     /// One video by a path that the service sent: `Endpoint::Video({.usingHref = "video/ZW1"}, context)`.
     static std::optional<VanticRestKit::Resource<VanticRestKit::Video>> Video(
         VideoHrefArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `Videos`.
     struct VideosArguments {
+        /// The house numbers of the videos, in the order wanted.
         Required<std::vector<std::string>> houseNumbers;
     };
     /// Several videos by their house numbers.
     static std::optional<VanticRestKit::Resource<VanticRestKit::VideoList>> Videos(
         VideosArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `Show`.
     struct ShowArguments {
+        /// The show's slug, or its id as text.
         Required<std::string> showSlugOrId;
+        /// The id of the series to select; empty for none.
         Required<std::optional<std::uint64_t>> selectedSeries;
+        /// The house number of the video to select; empty for none.
         Required<std::optional<std::string>> selectedVideo;
+        /// Whether the answer embeds the selected series and the list of series.
         Required<bool> embedSeries;
+        /// The channel to filter by; empty for all.
         Required<std::optional<std::string>> channel;
     };
     /// One show by its slug, or by its id as a text. A selected video wins over a selected series.
     static std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Show(
         ShowArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `Show`, of which only the show must be given.
     struct ShowShortArguments {
+        /// The show's slug, or its id as text.
         Required<std::string> showSlugOrId;
+        /// The id of the series to select; empty for none.
         Omittable<std::uint64_t> selectedSeries{};
+        /// The house number of the video to select; empty for none.
         std::optional<std::string> selectedVideo{};
+        /// Whether the answer embeds the selected series and the list of series.
         bool embedSeries = false;
+        /// The channel to filter by; empty for all.
         std::optional<std::string> channel{};
     };
     /// The short form: nothing is selected, the series are not embedded, and no channel is sent, unless given.
@@ -113,30 +133,40 @@ struct VRK_EXPORT Endpoint {
     static std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Show(
         ShowShortArguments arguments, const VanticRestKit::Context& context);
 
+    /// The argument of `Show` for an href.
     struct ShowHrefArguments {
+        /// The href of the resource, as another answer gave it.
         Required<std::string> usingHref;
     };
     /// One show by a path that the service sent.
     static std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Show(
         ShowHrefArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `Shows`.
     struct ShowsArguments {
+        /// The slugs or ids of the shows, in the order wanted.
         Required<std::vector<std::string>> showSlugsOrIds;
     };
     /// Several shows by slug or id. One that does not decode fails the answer.
     static std::optional<VanticRestKit::Resource<std::vector<VanticRestKit::Show>>> Shows(
         ShowsArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `ShowsList`.
     struct ShowsListArguments {
+        /// The channel to filter by; empty for all.
         Required<std::optional<std::string>> channel;
+        /// Whether only shows with closed captions are listed.
         Required<bool> closedCaptionOnly;
     };
     /// The shows of the catalogue, or of one channel, in named groups.
     static std::optional<VanticRestKit::Resource<VanticRestKit::ShowsIndex>> ShowsList(
         ShowsListArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `ShowsList`, which may be left out.
     struct ShowsListShortArguments {
+        /// The channel to filter by; empty for all.
         std::optional<std::string> channel{};
+        /// Whether only shows with closed captions are listed.
         bool closedCaptionOnly = false;
     };
     /// The short form: all channels, with closed captions or without, unless given. `ShowsList({}, context)` asks for all.
@@ -144,22 +174,29 @@ struct VRK_EXPORT Endpoint {
     static std::optional<VanticRestKit::Resource<VanticRestKit::ShowsIndex>> ShowsList(
         ShowsListShortArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `Series`.
     struct SeriesArguments {
+        /// The href of the resource, as another answer gave it.
         Required<std::string> usingHref;
     };
     /// One series by a path that the service sent.
     static std::optional<VanticRestKit::Resource<VanticRestKit::Series>> Series(
         SeriesArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `RelatedShows`.
     struct RelatedShowsArguments {
+        /// The slug of the show.
         Required<std::string> showSlug;
+        /// The channel to filter by; empty for all.
         Required<std::optional<std::string>> channel;
     };
     /// The shows that are like another.
     static std::optional<VanticRestKit::Resource<VanticRestKit::RelatedShowList>> RelatedShows(
         RelatedShowsArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `RelatedShows` without a channel.
     struct RelatedShowsShortArguments {
+        /// The slug of the show.
         Required<std::string> showSlug;
     };
     /// The short form: no channel is sent.
@@ -167,15 +204,20 @@ struct VRK_EXPORT Endpoint {
     static std::optional<VanticRestKit::Resource<VanticRestKit::RelatedShowList>> RelatedShows(
         RelatedShowsShortArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `Search`.
     struct SearchArguments {
+        /// What to search for.
         Required<std::string> keyword;
+        /// The channel to filter by; empty for all.
         Required<std::optional<std::string>> channel;
     };
     /// The shows that a keyword finds.
     static std::optional<VanticRestKit::Resource<VanticRestKit::SearchResults>> Search(
         SearchArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `Search` without a channel.
     struct SearchShortArguments {
+        /// What to search for.
         Required<std::string> keyword;
     };
     /// The short form: no channel is sent.
@@ -183,15 +225,20 @@ struct VRK_EXPORT Endpoint {
     static std::optional<VanticRestKit::Resource<VanticRestKit::SearchResults>> Search(
         SearchShortArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `Collection`.
     struct CollectionArguments {
+        /// The id of the collection.
         Required<std::string> collectionId;
+        /// Whether the answer embeds the item to highlight.
         Required<bool> embedHighlightItem;
     };
     /// One collection by its id.
     static std::optional<VanticRestKit::Resource<VanticRestKit::MixedCollection>> Collection(
         CollectionArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `Collection` without the item to highlight.
     struct CollectionShortArguments {
+        /// The id of the collection.
         Required<std::string> collectionId;
     };
     /// The short form: the highlight item is not embedded.
@@ -199,14 +246,18 @@ struct VRK_EXPORT Endpoint {
     static std::optional<VanticRestKit::Resource<VanticRestKit::MixedCollection>> Collection(
         CollectionShortArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `Category`.
     struct CategoryArguments {
+        /// The category, as it stands in paths.
         Required<std::string> category;
     };
     /// The screen of a category.
     static std::optional<VanticRestKit::Resource<VanticRestKit::Category>> Category(
         CategoryArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `Channel`.
     struct ChannelArguments {
+        /// The channel, as it stands in paths.
         Required<std::string> channel;
     };
     /// The screen of a channel.
@@ -217,14 +268,18 @@ struct VRK_EXPORT Endpoint {
     static std::optional<VanticRestKit::Resource<VanticRestKit::Category>> Home(
         const VanticRestKit::Context& context);
 
+    /// The arguments of `Navigation`.
     struct NavigationArguments {
+        /// What the list holds.
         Required<NavigationType> type;
     };
     /// The flat list of channels or of categories.
     static std::optional<VanticRestKit::Resource<VanticRestKit::NavigationList>> Navigation(
         NavigationArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `NavigationMainMenuList`.
     struct NavigationMainMenuListArguments {
+        /// The channels, separated by commas.
         Required<std::string> channels;
     };
     /// The main menu. `channels` is sent as it stands.
@@ -235,7 +290,9 @@ struct VRK_EXPORT Endpoint {
     static std::optional<VanticRestKit::Resource<VanticRestKit::BrowseList>> Browse(
         const VanticRestKit::Context& context);
 
+    /// The arguments of `NowNext`.
     struct NowNextArguments {
+        /// The house number of the video.
         Required<std::string> houseNumber;
     };
     /// What is on a channel now and what comes next.
@@ -247,30 +304,40 @@ struct VRK_EXPORT Endpoint {
     static std::optional<VanticRestKit::Resource<VanticRestKit::VideoList>> Livestreams(
         LivestreamsArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `Messages`.
     struct MessagesArguments {
+        /// The application that asks.
         Required<MessagesAppId> appId;
+        /// Whether a user is signed in.
         Required<bool> loggedIn;
     };
     /// What the service has to tell this application.
     static std::optional<VanticRestKit::Resource<std::vector<VanticRestKit::Message>>> Messages(
         MessagesArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `ProductAlert`.
     struct ProductAlertArguments {
+        /// The id of the alert.
         Required<std::string> alertId;
     };
     /// One notice by the id that an entity gives.
     static std::optional<VanticRestKit::Resource<VanticRestKit::ProductAlert>> ProductAlert(
         ProductAlertArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `Remap`.
     struct RemapArguments {
+        /// The path to look up.
         Required<std::string> path;
+        /// The query items of the path, in order.
         Required<std::vector<URLQueryItem>> queryItems;
     };
     /// A path in the terms of the API and of the application.
     static std::optional<VanticRestKit::Resource<VanticRestKit::Remap>> Remap(
         RemapArguments arguments, const VanticRestKit::Context& context);
 
+    /// The arguments of `Remap` without query items.
     struct RemapShortArguments {
+        /// The path to look up.
         Required<std::string> path;
     };
     /// The short form: a path without query items.

@@ -31,17 +31,24 @@ public:
     /// The text of "_entity" as it came.
     const std::string& found() const noexcept { return found_; }
 
+    /// What went wrong, in a sentence.
     std::string localizedDescription() const {
         return std::string(Names::type) + " expects a \"" + Names::entity + "\" entity type, but found \"" +
                found_ + "\"";
     }
 
+    /// What identifies errors of this type; see `Error`.
     static const ErrorTag& errorTag() { return Names::tag(); }
+    /// The domain of the error.
     std::string errorDomain() const { return "VanticRestKit." + std::string(Names::type) + ".DecodingError"; }
+    /// The code of the error within its domain.
     std::int64_t errorCode() const { return 0; }
+    /// The description that `Error` gives.
     std::string generalDescription() const { return localizedDescription(); }
+    /// What `adviceOn` takes the error for.
     static ErrorCategory errorCategory() noexcept { return ErrorCategory::badAnswer; }
 
+    /// Whether both are errors of this type.
     friend bool operator==(const EntityMismatch&, const EntityMismatch&) noexcept { return true; }
 
 private:

@@ -9,6 +9,7 @@ namespace VanticRestKit {
 
 /// Asks for the pictures that a profile can take.
 struct AvatarURI {
+    /// The path below the base URL.
     std::string path() const { return "v3/image/avatar/"; }
 
     friend bool operator==(const AvatarURI&, const AvatarURI&) = default;

@@ -15,7 +15,9 @@ namespace VanticRestKit {
 /// A named way to another resource of the service. Without a `href` it does not decode; of all else nothing can
 /// fail it.
 struct Link {
+    /// Key `id`; empty if absent or not a string.
     std::optional<std::string> id{};
+    /// The title. Key `title`; empty if absent or not a string.
     std::optional<std::string> title{};
     /// A path below the API's version prefix: `Endpoint::Resource` loads it.
     std::string href{};

@@ -12,6 +12,7 @@
 
 namespace VanticRestKit {
 
+/// Defined here and not in the library, since `T` may be any type of the host.
 template <class T>
 std::optional<Resource<T>> Endpoint::Resource(ResourceArguments arguments, const Context& using_) {
     const lumenoHrefURI route({.withHref = std::move(arguments.withHref)});

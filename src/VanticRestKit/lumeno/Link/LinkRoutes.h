@@ -16,10 +16,14 @@ namespace VanticRestKit {
 /// Asks for a path that came from the catalogue service, such as a link's `href`. It restores the version prefix
 /// that such paths leave out and changes nothing else: a leading slash stays, and makes two.
 struct lumenoHrefURI {
+    /// An href as a string.
     struct HrefArguments {
+        /// The href of the resource, as another answer gave it.
         Required<std::string> withHref;
     };
+    /// The href of a link.
     struct LinkArguments {
+        /// The link to follow.
         Required<Link> withLink;
     };
 
@@ -31,7 +35,9 @@ struct lumenoHrefURI {
     /// As the service sent it.
     std::string href;
 
+    /// The path below the base URL.
     std::string path() const { return "v2/" + href; }
+    /// None.
     std::vector<URLQueryItem> queryItems() const { return {}; }
 
     friend bool operator==(const lumenoHrefURI&, const lumenoHrefURI&) = default;

@@ -16,10 +16,15 @@ namespace VanticRestKit {
 
 /// Something that the service tells the application out of band. Any JSON object decodes into one.
 struct Message {
+    /// Key `id`; empty if absent or not a whole number that is not negative.
     std::optional<std::uint64_t> messageId{};
+    /// The title. Key `title`; empty if absent or not a string.
     std::optional<std::string> title{};
+    /// Key `count`; empty if absent or not a whole number that is not negative.
     std::optional<std::uint64_t> count{};
+    /// Key `interval`; empty if absent or not a number.
     std::optional<double> interval{};
+    /// The text of the message. Key `message`; empty if absent or not a string.
     std::optional<std::string> message{};
     /// One that does not decode empties the list.
     std::vector<Link> links{};

@@ -15,8 +15,10 @@ namespace VanticRestKit {
 /// Which application asks for messages.
 enum class MessagesAppId { lumeno, kidslumeno, lumenoInternational, vanticme };
 
+/// The raw texts of `MessagesAppId`.
 template <>
 struct RawTexts<MessagesAppId> {
+    /// The cases with their names and raw texts, in case order.
     static constexpr RawCase<MessagesAppId> cases[] = {
         {MessagesAppId::lumeno, "lumeno", "lumeno"},
         {MessagesAppId::kidslumeno, "kidslumeno", "kids"},
@@ -28,10 +30,14 @@ struct RawTexts<MessagesAppId> {
 /// Asks for what the service has to tell this application on this device. What it says of them comes from
 /// `HostInformation` and is computed anew at each read.
 struct VRK_EXPORT MessagesURI {
+    /// The application that asks.
     MessagesAppId appId{};
+    /// Whether a user is signed in.
     bool loggedIn{};
 
+    /// The path below the base URL.
     std::string path() const { return "v2/messages"; }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const;
 
     friend bool operator==(const MessagesURI&, const MessagesURI&) = default;

@@ -18,6 +18,7 @@ namespace VanticRestKit {
 /// A value of any type in a mixed list. One that is a collection item shows as such; any other is only carried.
 class VRK_EXPORT MixedItem {
 public:
+    /// An element that is a collection item.
     MixedItem(CollectionItem item) : item_(std::move(item)) {}
     /// Holds a copy of `value`. A whole list is no element: in braces it would become the only one of another list.
     template <class T>

@@ -15,12 +15,17 @@ namespace VanticRestKit {
 
 /// One entry of a flat list of channels or categories. It must have a link to itself; nothing else fails it.
 struct NavigationItem {
+    /// Key `id`; empty if absent or not a string.
     std::optional<std::string> id{};
+    /// The title. Key `title`; empty if absent or not a string.
     std::optional<std::string> title{};
     /// For a screen reader.
     std::optional<std::string> accessibilityText{};
+    /// Key `logoUrl`; empty if absent or not a string.
     std::optional<std::string> logoUrl{};
+    /// Key `logoUrlWide`; empty if absent or not a string.
     std::optional<std::string> logoUrlWide{};
+    /// Key `path`; empty if absent or not a string.
     std::optional<std::string> path{};
     /// The path of what the entry leads to, below the API's version prefix.
     std::string selfHref{};

@@ -16,8 +16,10 @@ namespace VanticRestKit {
 /// What a flat list is of.
 enum class NavigationType { channels, categories };
 
+/// The raw texts of `NavigationType`.
 template <>
 struct RawTexts<NavigationType> {
+    /// The cases with their names and raw texts, in case order.
     static constexpr RawCase<NavigationType> cases[] = {
         {NavigationType::channels, "channels", "channels"},
         {NavigationType::categories, "categories", "categories"},
@@ -26,9 +28,12 @@ struct RawTexts<NavigationType> {
 
 /// Asks for the flat list of channels or of categories.
 struct NavigationURI {
+    /// What the list holds.
     NavigationType navigationType{};
 
+    /// The path below the base URL.
     std::string path() const { return "v2/navigation/" + std::string(rawValue(navigationType)); }
+    /// None.
     std::vector<URLQueryItem> queryItems() const { return {}; }
 
     friend bool operator==(const NavigationURI&, const NavigationURI&) = default;
@@ -36,14 +41,18 @@ struct NavigationURI {
 
 /// Asks for the main menu, with or for the given channels, one text that is sent as it stands.
 struct NavigationMainMenuItemURI {
+    /// The arguments, by label.
     struct Arguments {
+        /// The channels, separated by commas.
         Required<std::string> channels;
     };
+    /// Made of its arguments.
     explicit NavigationMainMenuItemURI(Arguments arguments)
         : queryItems{{"include", "personalize"}, {"channel", std::move(arguments.channels).value()}} {}
 
     /// May be set; it goes out as it stands.
     std::string path = "v2/navigation/mobile";
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems;
 
     friend bool operator==(const NavigationMainMenuItemURI&, const NavigationMainMenuItemURI&) = default;
@@ -51,6 +60,7 @@ struct NavigationMainMenuItemURI {
 
 /// Asks for the browse index.
 struct BrowseURI {
+    /// The path below the base URL.
     std::string path() const { return "v2/browse"; }
 
     friend bool operator==(const BrowseURI&, const BrowseURI&) = default;

@@ -22,13 +22,21 @@ public:
     /// What a `switch` sees; `LivestreamRegion::NSW` serves as its label.
     enum class Case { ACT, SA, NSW, VIC, WA, NT, QLD, TAS };
 
+    /// Raw text "act".
     static const LivestreamRegion ACT;
+    /// Raw text "sa".
     static const LivestreamRegion SA;
+    /// Raw text "nsw".
     static const LivestreamRegion NSW;
+    /// Raw text "vic".
     static const LivestreamRegion VIC;
+    /// Raw text "wa".
     static const LivestreamRegion WA;
+    /// Raw text "nt".
     static const LivestreamRegion NT;
+    /// Raw text "qld".
     static const LivestreamRegion QLD;
+    /// Raw text "tas".
     static const LivestreamRegion TAS;
 
     /// All regions, in the order of the cases.
@@ -38,6 +46,7 @@ public:
     constexpr LivestreamRegion() noexcept = default;
     constexpr operator Case() const noexcept { return case_; }
 
+    /// Whether both are equal.
     friend constexpr bool operator==(LivestreamRegion a, LivestreamRegion b) noexcept {
         return a.case_ == b.case_;
     }
@@ -61,8 +70,10 @@ inline constexpr LivestreamRegion LivestreamRegion::TAS{Case::TAS};
 inline constexpr std::array<LivestreamRegion, 8> LivestreamRegion::allCases{ACT, SA, NSW, VIC,
                                                                             WA,  NT, QLD, TAS};
 
+/// The raw texts of `LivestreamRegion`.
 template <>
 struct RawTexts<LivestreamRegion> {
+    /// The cases with their names and raw texts, in case order.
     static constexpr RawCase<LivestreamRegion> cases[] = {
         {LivestreamRegion::ACT, "ACT", "act"}, {LivestreamRegion::SA, "SA", "sa"},
         {LivestreamRegion::NSW, "NSW", "nsw"}, {LivestreamRegion::VIC, "VIC", "vic"},
@@ -76,6 +87,7 @@ constexpr std::strong_ordering operator<=>(LivestreamRegion a, LivestreamRegion 
     return rawValue(a) <=> rawValue(b);
 }
 
+/// The arguments of `Livestreams`.
 struct Endpoint::LivestreamsArguments {
     /// Empty for the whole country.
     Required<std::optional<LivestreamRegion>> region;
@@ -83,8 +95,10 @@ struct Endpoint::LivestreamsArguments {
 
 }  // namespace VanticRestKit
 
+/// The hash of a value.
 template <>
 struct std::hash<VanticRestKit::LivestreamRegion> {
+    /// The hash.
     std::size_t operator()(VanticRestKit::LivestreamRegion region) const noexcept {
         return static_cast<std::size_t>(static_cast<VanticRestKit::LivestreamRegion::Case>(region));
     }

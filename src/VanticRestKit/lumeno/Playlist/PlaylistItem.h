@@ -16,10 +16,14 @@ namespace VanticRestKit {
 /// One entry of what is played for a video. An entry of a kind that is not known does not decode, and with it
 /// the whole playlist that holds it.
 struct PlaylistItem {
+    /// What an entry of a playlist is.
     enum class PlaylistType { program, rating, viewerAdvice, preroll, livestream, trailer };
 
+    /// Key `type`; must be there.
     PlaylistType type{};
+    /// Where it is played from. Key `streams`; must be there.
     Streams streams{};
+    /// The title. Key `title`; empty if absent or not a string.
     std::optional<std::string> title{};
     /// Where the captions lie, as a WebVTT file.
     std::optional<std::string> captionsSrcVtt{};
@@ -29,8 +33,10 @@ struct PlaylistItem {
     friend bool operator==(const PlaylistItem&, const PlaylistItem&) = default;
 };
 
+/// The raw texts of `PlaylistItem::PlaylistType`.
 template <>
 struct RawTexts<PlaylistItem::PlaylistType> {
+    /// The cases with their names and raw texts, in case order.
     static constexpr RawCase<PlaylistItem::PlaylistType> cases[] = {
         {PlaylistItem::PlaylistType::program, "program", "program"},
         {PlaylistItem::PlaylistType::rating, "rating", "rating"},

@@ -25,9 +25,13 @@ struct VRK_EXPORT StreamInfo {
         /// What a `switch` sees; `StreamLevel::sd` serves as its label.
         enum class Case { sd, sdLow, hd720, hd1080 };
 
+        /// Raw text "sd".
         static const StreamLevel sd;
+        /// Raw text "sd".
         static const StreamLevel sdLow;
+        /// Raw text "720".
         static const StreamLevel hd720;
+        /// Raw text "1080".
         static const StreamLevel hd1080;
 
         /// All levels, the best first.
@@ -37,8 +41,10 @@ struct VRK_EXPORT StreamInfo {
 
         /// `sd`.
         constexpr StreamLevel() noexcept : case_(Case::sd) {}
+        /// For a `switch`.
         constexpr operator Case() const noexcept { return case_; }
 
+        /// Whether both are equal.
         friend constexpr bool operator==(StreamLevel a, StreamLevel b) noexcept { return a.case_ == b.case_; }
 
     private:
@@ -47,18 +53,26 @@ struct VRK_EXPORT StreamInfo {
         Case case_;
     };
 
+    /// The argument of `url`: one level.
     struct LevelArgument {
+        /// The level whose address is wanted.
         Required<StreamLevel> for_;
     };
+    /// The argument of `url`: the best level or the poorest.
     struct PreferenceArgument {
+        /// Whether the best level is wanted, else the poorest.
         Required<bool> preferHighest;
     };
 
     /// Whether the stream is protected against copying.
     bool protected_{};
+    /// The address at this level. Key `sd`; empty if absent or not a string.
     std::optional<std::string> sd{};
+    /// The address at this level. Key `sd-low`; empty if absent or not a string.
     std::optional<std::string> sdLow{};
+    /// The address at this level. Key `720`; empty if absent or not a string.
     std::optional<std::string> hd720{};
+    /// The address at this level. Key `1080`; empty if absent or not a string.
     std::optional<std::string> hd1080{};
 
     /// The address of one level, `info.url({.for_ = level})`; empty where there is none. No other level stands in.
@@ -76,8 +90,10 @@ inline constexpr StreamInfo::StreamLevel StreamInfo::StreamLevel::sdLow{Case::sd
 inline constexpr StreamInfo::StreamLevel StreamInfo::StreamLevel::hd720{Case::hd720};
 inline constexpr StreamInfo::StreamLevel StreamInfo::StreamLevel::hd1080{Case::hd1080};
 
+/// The raw texts of `StreamInfo::StreamLevel`.
 template <>
 struct RawTexts<StreamInfo::StreamLevel> {
+    /// The cases with their names and raw texts, in case order.
     static constexpr RawCase<StreamInfo::StreamLevel> cases[] = {
         {StreamInfo::StreamLevel::sd, "sd", "sd"},
         {StreamInfo::StreamLevel::sdLow, "sdLow", "sd-low"},
@@ -91,8 +107,11 @@ VRK_EXPORT const TypePlan& planOf<StreamInfo>();
 
 /// One stream for each technology of delivery. HLS must be there; the others may be left out.
 struct Streams {
+    /// MPEG-DASH. Key `mpegdash`; empty if absent or null; another type fails the decoding.
     std::optional<StreamInfo> mpegdash{};
+    /// FairPlay. Key `fairplay`; empty if absent or null; another type fails the decoding.
     std::optional<StreamInfo> fairplay{};
+    /// HTTP Live Streaming. Key `hls`; must be there.
     StreamInfo hls{};
 
     friend bool operator==(const Streams&, const Streams&) = default;
@@ -103,8 +122,10 @@ VRK_EXPORT const TypePlan& planOf<Streams>();
 
 }  // namespace VanticRestKit
 
+/// The hash of a value.
 template <>
 struct std::hash<VanticRestKit::StreamInfo::StreamLevel> {
+    /// The hash.
     std::size_t operator()(VanticRestKit::StreamInfo::StreamLevel level) const noexcept {
         return static_cast<std::size_t>(static_cast<VanticRestKit::StreamInfo::StreamLevel::Case>(level));
     }

@@ -14,11 +14,15 @@ namespace VanticRestKit {
 
 /// A notice about an entity. Id, title and message must be there; nothing else fails it.
 struct ProductAlert {
+    /// Key `id`; must be there and be a string.
     std::string id{};
+    /// The title. Key `title`; must be there and be a string.
     std::string title{};
+    /// The text of the message. Key `message`; must be there and be a string.
     std::string message{};
     /// A plain text, not a badge.
     std::optional<std::string> status{};
+    /// Where it leads. Key `link`; empty if absent or if it does not decode.
     std::optional<Link> link{};
 
     friend bool operator==(const ProductAlert&, const ProductAlert&) = default;

@@ -14,8 +14,10 @@ namespace VanticRestKit {
 /// A path in the terms of the API and of the application. Only decoding makes one. The objects of both links must be
 /// there; what is left out inside them is without characters.
 struct Remap {
+    /// For decoders alone.
     explicit Remap(mapping::Fresh) {}
 
+    /// Key `status`; an empty string if absent; another type fails the decoding.
     std::string status{};
     /// Below the API's version prefix.
     std::string apiHref{};

@@ -15,18 +15,25 @@ namespace VanticRestKit {
 
 /// Searches for a keyword, which is always sent; a channel is sent where there is one, also without characters.
 struct SearchURI {
+    /// The arguments, by label.
     struct Arguments {
+        /// What to search for.
         Required<std::string> for_;
+        /// The channel to filter by; empty for all.
         Required<std::optional<std::string>> channel;
     };
     /// `SearchURI({.for_ = "river", .channel = std::nullopt})`
     explicit SearchURI(Arguments arguments)
         : keyword(std::move(arguments.for_).value()), channel(std::move(arguments.channel).value()) {}
 
+    /// What to search for.
     std::string keyword;
+    /// The channel to filter by; empty for all.
     std::optional<std::string> channel;
 
+    /// The path below the base URL.
     std::string path() const { return "v2/search"; }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         std::vector<URLQueryItem> items{{"keyword", keyword}};
         if (channel) items.push_back({"channel", channel});
@@ -38,10 +45,14 @@ struct SearchURI {
 
 /// Asks for the shows that are like another. An empty channel, or one without characters, is not sent.
 struct RelatedShowsURI {
+    /// The slug of the show.
     std::string showSlug{};
+    /// The channel to filter by; empty for all.
     std::optional<std::string> channel{};
 
+    /// The path below the base URL.
     std::string path() const { return "v2/related/show/" + showSlug; }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         if (!channel || channel->empty()) return {};
         return {{"channel", channel}};

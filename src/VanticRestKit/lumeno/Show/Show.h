@@ -28,31 +28,48 @@ namespace VanticRestKit {
 /// Only two things fail its decoding: that it is no JSON object, or that it claims to be another entity. Whatever
 /// else is missing or unfit is empty, false or an empty list.
 struct VRK_EXPORT Show {
+    /// The object claims to be another entity.
     using DecodingError = EntityMismatch<Show>;
 
     /// A number, unlike a series' id.
     std::optional<std::uint64_t> showId{};
+    /// Key `slug`; empty if absent or not a string.
     std::optional<std::string> slug{};
     /// Empty also for a kind that is not known.
     std::optional<LumenoSubtype> subtype{};
+    /// The title. Key `title`; empty if absent or not a string.
     std::optional<std::string> title{};
+    /// Key `kickerTitle`; empty if absent or not a string.
     std::optional<std::string> kickerTitle{};
+    /// The title to show. Key `displayTitle`; empty if absent or not a string.
     std::optional<std::string> displayTitle{};
+    /// What it is about. Key `description`; empty if absent or not a string.
     std::optional<std::string> description{};
     /// The badge to show on the show.
     std::optional<Status> status{};
+    /// Whether there are captions. Key `captions`; false if absent or not a boolean.
     bool captionsAvailable{};
+    /// The banner. Key `banner`; empty if absent or if it does not decode.
     std::optional<Banner> banner{};
     /// A decoded show always has one: the default where the service sends none that is known.
     std::optional<Theme> theme{};
+    /// Words that describe the show. Key `phrases`; empty if absent or if it does not decode.
     std::optional<ContextualPhrases> phrases{};
+    /// The address of a picture. Key `thumbnail`; empty if absent or not a string.
     std::optional<std::string> thumbnail{};
+    /// The address of a picture. Key `thumbnails.portrait`; empty if absent or not a string.
     std::optional<std::string> portraitThumbnail{};
+    /// The address of a picture. Key `thumbnails.portraitTitled`; empty if absent or not a string.
     std::optional<std::string> portraitTitledThumbnail{};
+    /// The address of a picture. Key `thumbnails.character1`; empty if absent or not a string.
     std::optional<std::string> character1Thumbnail{};
+    /// The address of a picture. Key `thumbnails.character2`; empty if absent or not a string.
     std::optional<std::string> character2Thumbnail{};
+    /// The number of episodes. Key `episodeCount`; empty if absent or not a whole number that is not negative.
     std::optional<std::uint64_t> episodeCount{};
+    /// Key `broadcastInfo`; empty if absent or not a string.
     std::optional<std::string> broadcastInfo{};
+    /// The title of the social links. Key `socialLinks.title`; empty if absent or not a string.
     std::optional<std::string> socialLinksTitle{};
     /// One that does not decode empties the list.
     std::vector<Link> socialLinks{};
@@ -60,6 +77,7 @@ struct VRK_EXPORT Show {
     std::vector<Link> relatedLinks{};
     /// One that does not decode empties the list.
     std::vector<Participants> participants{};
+    /// The address to share. Key `shareUrl`; empty if absent or not a string.
     std::optional<std::string> shareUrl{};
     /// When the show last changed. Sent without a zone and read in the device's.
     std::optional<Date> updated{};
@@ -67,7 +85,9 @@ struct VRK_EXPORT Show {
     std::optional<std::string> classification{};
     /// One that is no text empties the list.
     std::vector<std::string> tags{};
+    /// Key `buy.appleITMS`; empty if absent or not a string.
     std::optional<std::string> buyAppleItmsUrl{};
+    /// What to show if it is not available. Key `unavailableMessage`; empty if absent or not a string.
     std::optional<std::string> unavailableMessage{};
     /// In seconds.
     std::optional<std::uint64_t> duration{};
@@ -91,9 +111,13 @@ struct VRK_EXPORT Show {
     std::vector<Series> seriesList{};
     /// One that does not decode empties the list.
     std::vector<Video> videoExtras{};
+    /// Key `data.blockout.title`; empty if absent or not a string.
     std::optional<std::string> blockedTitle{};
+    /// Key `data.blockout.message`; empty if absent or not a string.
     std::optional<std::string> blockedMessage{};
+    /// The channel. Key `channel`; empty if absent or not a string.
     std::optional<std::string> channel{};
+    /// The title of the channel. Key `channelTitle`; empty if absent or not a string.
     std::optional<std::string> channelTitle{};
     /// What a play button is to play.
     std::optional<DirectPlayableVideo> playableVideo{};
@@ -115,8 +139,10 @@ struct VRK_EXPORT detail::EntityNames<Show> {
     static const ErrorTag& tag();
 };
 
+/// It is a collection item.
 template <>
 inline constexpr bool isCollectionItem<Show> = true;
+/// What it gives as a collection item.
 template <>
 VRK_EXPORT const CollectionItemTable& collectionItemTable<Show>();
 

@@ -17,13 +17,20 @@ namespace VanticRestKit {
 
 /// Asks for one show, with its highlight video and, if wanted, its series embedded. A video wins over a series.
 struct ShowURI {
+    /// The arguments, by label.
     struct Arguments {
+        /// The show's slug, or its id as text.
         Required<std::string> showSlugOrId;
+        /// The id of the series to select.
         Required<std::optional<std::uint64_t>> series;
+        /// The house number of the video to select.
         Required<std::optional<std::string>> videoHouseNumber;
+        /// Whether the answer embeds the selected series and the list of series.
         Required<bool> embedSeries;
+        /// The channel to filter by; empty for all.
         Required<std::optional<std::string>> channel;
     };
+    /// Made of its arguments.
     explicit ShowURI(Arguments arguments)
         : showSlugOrId(std::move(arguments.showSlugOrId).value()),
           series(arguments.series.value()),
@@ -39,14 +46,17 @@ struct ShowURI {
     std::optional<std::string> videoHouseNumber;
     /// Sent where it has characters.
     std::optional<std::string> channel;
+    /// Whether the answer embeds the selected series and the list of series.
     bool embedSeries;
 
+    /// The path below the base URL.
     std::string path() const {
         const std::string show = "v2/show/" + showSlugOrId;
         if (videoHouseNumber) return show + "/video/" + *videoHouseNumber;
         if (series) return show + "/series/" + std::to_string(*series);
         return show;
     }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         std::vector<URLQueryItem> items;
         if (channel && !channel->empty()) items.push_back({"channel", channel});
@@ -61,8 +71,10 @@ struct ShowURI {
 /// Asks for several shows by slug or id, which go into the path as they stand, joined by commas. An empty list is
 /// asked for too.
 struct VRK_EXPORT ShowsURI {
+    /// The slugs or ids of the shows, in the order wanted.
     std::vector<std::string> showSlugsOrIds{};
 
+    /// The path below the base URL.
     std::string path() const;
 
     friend bool operator==(const ShowsURI&, const ShowsURI&) = default;
@@ -71,8 +83,11 @@ struct VRK_EXPORT ShowsURI {
 /// Asks for the shows index, of one channel or of all, with closed captions or without regard to them. An empty
 /// channel, or one without characters, is not sent.
 struct ShowsIndexURI {
+    /// The arguments, by label.
     struct Arguments {
+        /// Whether only shows with closed captions are listed.
         Required<bool> closedCaptionOnly;
+        /// The channel to filter by; empty for all.
         Required<std::optional<std::string>> channel;
     };
     /// `ShowsIndexURI({.closedCaptionOnly = true, .channel = std::nullopt})`
@@ -80,10 +95,14 @@ struct ShowsIndexURI {
         : channel(std::move(arguments.channel).value()),
           closedCaptionOnly(arguments.closedCaptionOnly.value()) {}
 
+    /// The channel to filter by; empty for all.
     std::optional<std::string> channel;
+    /// Whether only shows with closed captions are listed.
     bool closedCaptionOnly;
 
+    /// The path below the base URL.
     std::string path() const { return closedCaptionOnly ? "v2/shows/cc" : "v2/shows"; }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         if (!channel || channel->empty()) return {};
         return {{"channel", channel}};

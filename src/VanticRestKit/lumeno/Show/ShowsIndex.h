@@ -16,6 +16,7 @@ namespace VanticRestKit {
 
 /// One named group of the shows index.
 struct ShowsGrouped {
+    /// The name of the group. Key `name`; must be there and be a string.
     std::string groupingName{};
     /// In the service's order.
     std::vector<Show> shows{};

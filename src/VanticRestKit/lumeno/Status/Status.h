@@ -18,8 +18,10 @@ namespace VanticRestKit {
 /// How a badge is to be coloured.
 enum class StatusTheme { default_, live };
 
+/// The raw texts of `StatusTheme`.
 template <>
 struct RawTexts<StatusTheme> {
+    /// The cases with their names and raw texts, in case order.
     static constexpr RawCase<StatusTheme> cases[] = {
         {StatusTheme::default_, "default", "default"},
         {StatusTheme::live, "live", "live"},
@@ -31,7 +33,9 @@ struct RawTexts<StatusTheme> {
 struct Status {
     class DecodingError;
 
+    /// The title. Key `title`; must be there and be a string.
     std::string title{};
+    /// How the screen is coloured. Key `theme`; must be there.
     StatusTheme theme{};
 
     friend bool operator==(const Status&, const Status&) = default;
@@ -45,14 +49,21 @@ public:
 
     /// The text that names no theme.
     const std::string& found() const noexcept { return found_; }
+    /// What went wrong, in a sentence.
     std::string localizedDescription() const { return "Invalid Status theme string value found: " + found_; }
 
+    /// What identifies errors of this type; see `Error`.
     static const ErrorTag& errorTag();
+    /// The domain of the error.
     std::string errorDomain() const { return "VanticRestKit.Status.DecodingError"; }
+    /// The code of the error within its domain.
     std::int64_t errorCode() const { return 0; }
+    /// The description that `Error` gives.
     std::string generalDescription() const { return localizedDescription(); }
+    /// What `adviceOn` takes the error for.
     static ErrorCategory errorCategory() noexcept { return ErrorCategory::badAnswer; }
 
+    /// Whether both are errors of this type.
     friend bool operator==(const DecodingError&, const DecodingError&) noexcept { return true; }
 
 private:

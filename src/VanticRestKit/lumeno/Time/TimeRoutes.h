@@ -9,6 +9,7 @@ namespace VanticRestKit {
 
 /// Asks for the time of the service.
 struct TimeURI {
+    /// The path below the base URL.
     std::string path() const { return "v2/time"; }
 
     friend bool operator==(const TimeURI&, const TimeURI&) = default;

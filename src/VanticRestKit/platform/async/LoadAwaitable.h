@@ -24,16 +24,20 @@ namespace VanticRestKit {
 template <class Starter>
 class [[nodiscard]] LoadAwaitable {
 public:
+    /// What `co_await` gives.
     using Outcome = typename Starter::Outcome;
 
+    /// Nothing is started before `co_await`.
     LoadAwaitable(Starter starter, LoadOptions options)
         : starter_(std::move(starter)), options_(std::move(options)) {}
     /// Before it is awaited only.
     LoadAwaitable(LoadAwaitable&&) noexcept = default;
     LoadAwaitable& operator=(LoadAwaitable&&) = delete;
 
+    /// For `co_await`.
     bool await_ready() const noexcept { return false; }
 
+    /// For `co_await`.
     void await_suspend(std::coroutine_handle<> waiting) {
         const std::shared_ptr<detail::PendingCall> call =
             starter_.prepare(std::move(options_), [this, waiting](Outcome outcome) {
@@ -45,6 +49,7 @@ public:
         call->begin();
     }
 
+    /// For `co_await`.
     Outcome await_resume() {
         if (!outcome_) std::abort();
         return *std::move(outcome_);

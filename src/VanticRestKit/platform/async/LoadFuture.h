@@ -74,6 +74,7 @@ VRK_EXPORT Error waitWouldNeverEnd();
 template <class Outcome>
 class [[nodiscard]] LoadFuture {
 public:
+    /// Starts the load at once.
     template <class Starter>
     LoadFuture(Starter starter, LoadOptions options)
         : LoadFuture(std::make_shared<Starter>(std::move(starter))) {
@@ -86,6 +87,7 @@ public:
     }
 
     LoadFuture(LoadFuture&&) noexcept = default;
+    /// Takes over the load of the other one.
     LoadFuture& operator=(LoadFuture&&) noexcept = default;
 
     /// Whether the outcome is there.

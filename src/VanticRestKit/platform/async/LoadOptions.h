@@ -51,8 +51,11 @@ private:
 /// GCC 12 destroys the fields of braced arguments inside a `co_await` expression twice. These fields have nothing to
 /// destroy, so `co_await resource->value({.deadline = 5s})` is safe there.
 struct AwaitOptions {
+    /// The queue to deliver on; left out, the delivery queue of the service.
     detail::Borrowed<DispatchQueue> on{};
+    /// How long the whole load may take, in seconds; empty for no limit.
     std::optional<std::chrono::duration<double>> deadline{};
+    /// A token that cancels the load.
     detail::Borrowed<std::stop_token> stop{};
 
     /// The same options, with values of their own.

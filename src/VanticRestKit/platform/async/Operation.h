@@ -56,6 +56,7 @@ class Operation {
 public:
     /// A `Result`, or a list of results.
     using Outcome = O;
+    /// Receives the outcome.
     using Completion = UniqueFunction<void(Outcome)>;
 
     /// Made by what offers it.
@@ -116,7 +117,9 @@ public:
     std::shared_ptr<detail::PendingCall> prepare(LoadOptions options, Completion completion) const {
         return source_->prepare(std::move(options), std::move(completion));
     }
+    /// For the forms above: whether the queue of the caller has to be known.
     bool needsCurrentQueue() const { return source_->needsCurrentQueue(); }
+    /// For the forms above: the outcome for `error`.
     Outcome failed(Error error) const { return source_->failed(std::move(error)); }
 
 private:

@@ -101,9 +101,12 @@ public:
 template <class T>
 class [[nodiscard]] Task {
 public:
+    /// For the compiler.
     using promise_type = detail::TaskPromise<T>;
 
+    /// Takes over the coroutine of `other`, which is then empty.
     Task(Task&& other) noexcept : coroutine_(std::exchange(other.coroutine_, nullptr)) {}
+    /// Destroys the coroutine held and takes over that of `other`.
     Task& operator=(Task&& other) noexcept {
         Task outgoing(std::move(*this));
         coroutine_ = std::exchange(other.coroutine_, nullptr);
@@ -113,11 +116,14 @@ public:
         if (coroutine_) coroutine_.destroy();
     }
 
+    /// For `co_await`.
     bool await_ready() const noexcept { return false; }
+    /// For `co_await`.
     std::coroutine_handle<> await_suspend(std::coroutine_handle<> waiting) noexcept {
         coroutine_.promise().setWaiting(waiting);
         return coroutine_;
     }
+    /// For `co_await`: the value of the task.
     T await_resume() { return coroutine_.promise().take(); }
 
 private:
@@ -302,7 +308,9 @@ Task<std::tuple<detail::TaskValue<T>...>> whenAll(Task<T>... tasks) {
 /// The task that ended first, by its place, with its value.
 template <class T>
 struct FirstEnded {
+    /// The place of the task among those given.
     std::size_t index = 0;
+    /// What the task gave.
     detail::TaskValue<T> value{};
 };
 

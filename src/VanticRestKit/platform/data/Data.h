@@ -41,9 +41,11 @@ public:
     explicit Data(const char* text) : Data(std::string_view(text)) {}
 
     Data(const Data&) = default;
+    /// Shares the bytes of `other`.
     Data& operator=(const Data&) = default;
     /// What was moved from has no bytes.
     Data(Data&& other) noexcept : bytes_(std::move(other.bytes_)), size_(std::exchange(other.size_, 0)) {}
+    /// Takes over the bytes of `other`, which is then empty.
     Data& operator=(Data&& other) noexcept {
         bytes_ = std::move(other.bytes_);
         size_ = std::exchange(other.size_, 0);
@@ -53,12 +55,15 @@ public:
 
     /// The first byte. It stays where it is as long as this `Data` or a copy of it lives.
     const char* data() const noexcept { return bytes_ ? bytes_.get() : noBytes; }
+    /// The number of bytes.
     std::size_t size() const noexcept { return size_; }
+    /// Whether there are no bytes.
     bool empty() const noexcept { return size_ == 0; }
 
     /// The bytes as text. The view lives as long as this `Data` or a copy of it.
     std::string_view view() const noexcept { return {data(), size_}; }
 
+    /// Whether both have the same bytes.
     friend bool operator==(const Data& a, const Data& b) noexcept { return a.view() == b.view(); }
 
 private:

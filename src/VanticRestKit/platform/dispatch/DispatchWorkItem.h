@@ -18,6 +18,7 @@ namespace VanticRestKit {
 /// be called on any thread.
 class VRK_EXPORT DispatchWorkItem {
 public:
+    /// Nothing runs before the item is given to a queue.
     explicit DispatchWorkItem(Block block) noexcept : block_(std::move(block)) {}
     ~DispatchWorkItem();
     DispatchWorkItem(const DispatchWorkItem&) = delete;

@@ -26,8 +26,10 @@ template <class R, class... Args>
 class SharedFunction<R(Args...)> {
 public:
     SharedFunction() noexcept = default;
+    /// Holds nothing.
     SharedFunction(std::nullptr_t) noexcept {}
 
+    /// Holds a callable.
     template <class F>
     requires(!std::is_same_v<std::decay_t<F>, SharedFunction> &&
              std::is_constructible_v<UniqueFunction<R(Args...)>, F>) SharedFunction(F&& function) {
@@ -38,6 +40,7 @@ public:
     /// Whether there is something to call.
     explicit operator bool() const noexcept { return function_ != nullptr; }
 
+    /// Calls what is held. Must not be empty.
     R operator()(Args... args) const {
         if (function_ == nullptr) std::abort();
         return (*function_)(std::forward<Args>(args)...);

@@ -52,8 +52,10 @@ template <class R, class... Args>
 class UniqueFunction<R(Args...)> {
 public:
     UniqueFunction() noexcept = default;
+    /// Holds nothing.
     UniqueFunction(std::nullptr_t) noexcept {}
 
+    /// Holds a callable.
     template <class F, class Target = std::decay_t<F>>
     requires(!std::is_same_v<Target, UniqueFunction> && detail::CallableAs<Target, R, Args...> &&
              detail::KeepsArgument<Target, F>) UniqueFunction(F&& function) {
@@ -69,7 +71,9 @@ public:
         }
     }
 
+    /// Takes over what `other` holds, which is then empty.
     UniqueFunction(UniqueFunction&& other) noexcept { take(other); }
+    /// Takes over what `other` holds, which is then empty.
     UniqueFunction& operator=(UniqueFunction&& other) noexcept {
         // The old callable goes last, when this already holds the new one: its destructor may look at this.
         UniqueFunction incoming(std::move(other));
@@ -84,6 +88,7 @@ public:
     /// Whether there is something to call.
     explicit operator bool() const noexcept { return operations_ != nullptr; }
 
+    /// Calls what is held. Must not be empty.
     R operator()(Args... args) {
         if (operations_ == nullptr) std::abort();
         return operations_->call(storage_, std::forward<Args>(args)...);

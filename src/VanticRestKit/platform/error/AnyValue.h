@@ -35,14 +35,18 @@ class VRK_EXPORT AnyValue {
 public:
     /// A value of none of the other kinds. It does not travel to a service.
     struct Other {
+        /// What is known of it, for logs.
         std::string description;
         friend bool operator==(const Other&, const Other&) = default;
     };
 
     /// Of none of the other kinds, without a description.
     AnyValue();
+    /// A string.
     AnyValue(std::string text);
+    /// A string.
     AnyValue(std::string_view text);
+    /// A string.
     AnyValue(const char* text);
     AnyValue(std::nullptr_t) = delete;
     /// Templates, as this and those for numbers are, take no other type by conversion: a pointer would turn
@@ -54,14 +58,21 @@ public:
     AnyValue(I number)
         : AnyValue(std::signed_integral<I> ? ofInteger(static_cast<std::int64_t>(number))
                                            : ofUnsigned(static_cast<std::uint64_t>(number))) {}
+    /// A floating-point number.
     template <std::floating_point F>
     AnyValue(F number) : AnyValue(ofNumber(static_cast<double>(number))) {}
+    /// An error.
     AnyValue(Error error);
+    /// Something else.
     AnyValue(Other other);
 
+    /// A copy.
     AnyValue(const AnyValue& other);
+    /// Takes over the value of `other`.
     AnyValue(AnyValue&& other) noexcept;
+    /// A copy.
     AnyValue& operator=(const AnyValue& other);
+    /// Takes over the value of `other`.
     AnyValue& operator=(AnyValue&& other) noexcept;
     ~AnyValue();
 
@@ -98,9 +109,13 @@ struct VRK_EXPORT Dictionary : std::map<std::string, AnyValue, std::less<>> {
 
     /// The value of `key` if there is one of that kind, as `AnyValue` tells the kinds; empty otherwise.
     std::optional<std::string> text(std::string_view key) const;
+    /// As `text`, for a whole number.
     std::optional<std::int64_t> integer(std::string_view key) const;
+    /// As `text`, for a truth value.
     std::optional<bool> boolean(std::string_view key) const;
+    /// As `text`, for a floating-point number.
     std::optional<double> number(std::string_view key) const;
+    /// As `text`, for an error.
     std::optional<Error> error(std::string_view key) const;
 };
 

@@ -16,14 +16,19 @@ namespace VanticRestKit {
 /// An error told by its parts alone: domain, code and user information.
 class VRK_EXPORT NSError {
 public:
+    /// Without user information.
     NSError(std::string domain, std::int64_t code);
+    /// With user information, such as a description and an underlying error.
     NSError(std::string domain, std::int64_t code, Dictionary userInfo);
 
     /// The parts of any error, and its description: what the platform's bridge makes of it.
     explicit NSError(const Error& error);
 
+    /// What the code belongs to.
     const std::string& domain() const noexcept { return domain_; }
+    /// The code within the domain.
     std::int64_t code() const noexcept { return code_; }
+    /// What else is known of the error.
     const Dictionary& userInfo() const noexcept { return userInfo_; }
     /// That of the error which it was made from; else the user information's where there is one, else the
     /// composed sentence.
@@ -31,10 +36,15 @@ public:
     /// The error in the user information under `NSUnderlyingErrorKey`; empty if there is none.
     std::optional<Error> underlyingError() const;
 
+    /// What identifies errors of this type; see `Error`.
     static const ErrorTag& errorTag();
+    /// `domain`.
     std::string errorDomain() const;
+    /// `code`.
     std::int64_t errorCode() const { return code_; }
+    /// `userInfo`, as `Error` gives it.
     Dictionary errorUserInfo() const;
+    /// The description that `Error` gives.
     std::string generalDescription() const;
 
 private:

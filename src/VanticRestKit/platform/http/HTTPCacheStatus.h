@@ -33,6 +33,7 @@ inline const char* nameOf(AnswerSource source) noexcept {
 
 /// How an answer came about, as far as the session's own cache is concerned.
 struct VRK_EXPORT HTTPCacheStatus {
+    /// Where an answer came from.
     using Source = AnswerSource;
     /// Why the server was asked; the values of `fwd` of RFC 9211 that a client's own cache can have.
     enum class Forwarding {
@@ -54,7 +55,9 @@ struct VRK_EXPORT HTTPCacheStatus {
         partial,
     };
 
+    /// Where the answer came from.
     Source source = Source::network;
+    /// Why the server was asked.
     Forwarding forwarding = Forwarding::bypass;
     /// Whether a cache was there to ask.
     bool hasCache = false;

@@ -19,8 +19,10 @@ namespace VanticRestKit {
 /// own.
 class VRK_EXPORT HTTPURLResponse final : public URLResponse {
 public:
+    /// Header fields by name.
     using HeaderFields = std::map<std::string, std::string>;
 
+    /// For services and tests of the host; the session makes its own.
     HTTPURLResponse(std::optional<URL> url, std::int64_t statusCode, HeaderFields headerFields = {},
                     HTTPCacheStatus cacheStatus = {});
     ~HTTPURLResponse() override;

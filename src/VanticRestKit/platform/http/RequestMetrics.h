@@ -20,8 +20,10 @@ namespace VanticRestKit {
 ///
 /// A request that was never sent has a record too; it says why in `error`.
 struct RequestMetrics {
+    /// How long something took.
     using Duration = std::chrono::microseconds;
 
+    /// The method of the request.
     std::string method{};
     /// Empty if the request had none.
     std::string url{};
@@ -30,6 +32,7 @@ struct RequestMetrics {
     /// Why there is no answer, from the transport; a status of 400 and above is none.
     std::optional<Error> error{};
 
+    /// Where the answer came from.
     AnswerSource source = AnswerSource::network;
     /// 1 for the first attempt.
     std::int64_t attempt = 1;
@@ -46,7 +49,9 @@ struct RequestMetrics {
     /// How long it took to look up the host, to connect, and to set up TLS. Each is empty if that was not done or not
     /// finished. Where several addresses had to be tried they are those of the last attempt.
     std::optional<Duration> lookup{};
+    /// How long connecting took; as `lookup`.
     std::optional<Duration> connect{};
+    /// How long setting up TLS took; as `lookup`.
     std::optional<Duration> tls{};
     /// From the moment in which it could be sent to the first byte of the answer; empty if none came.
     std::optional<Duration> firstByte{};

@@ -46,6 +46,7 @@ enum class URLRequestAttribution { developer = 0, user = 1 };
 /// One HTTP request: a value, copied freely and cheaply.
 class VRK_EXPORT URLRequest {
 public:
+    /// A time in seconds.
     using Seconds = std::chrono::duration<double>;
 
     /// A GET of `url` without headers and without a body.
@@ -55,6 +56,7 @@ public:
 
     /// Where the request goes. Empty makes the request fail with `URLErrorCode::badURL`.
     const std::optional<URL>& url() const noexcept { return url_; }
+    /// Replaces the address.
     void setURL(std::optional<URL> url) { url_ = std::move(url); }
 
     /// The method, with its case. Never empty: "GET" where nothing else was set.
@@ -85,24 +87,30 @@ public:
 
     /// The body. Empty: none is sent. A body of no bytes is present and is sent as such.
     const std::optional<Data>& httpBody() const noexcept { return httpBody_; }
+    /// Replaces the body; empty for none.
     void setHTTPBody(std::optional<Data> body) { httpBody_ = std::move(body); }
 
     /// How long nothing at all may move, in seconds, before the request fails with `URLErrorCode::timedOut`:
     /// each piece of header, body or upload starts it anew, and waiting for a free connection does not count.
     /// Where it is not above zero the session's own interval counts.
     Seconds timeoutInterval() const noexcept { return timeoutInterval_; }
+    /// Replaces the time for which nothing may move.
     void setTimeoutInterval(Seconds interval) noexcept { timeoutInterval_ = interval; }
 
+    /// How the cache is used.
     URLRequestCachePolicy cachePolicy() const noexcept { return cachePolicy_; }
+    /// Replaces how the cache is used.
     void setCachePolicy(URLRequestCachePolicy policy) noexcept { cachePolicy_ = policy; }
 
     /// On whose behalf the request is made; it is not sent.
     URLRequestAttribution attribution() const noexcept { return attribution_; }
+    /// Replaces who the request is made for.
     void setAttribution(URLRequestAttribution attribution) noexcept { attribution_ = attribution; }
 
     /// Whether the session's cookies are added to the request, and those of its answer stored; true at first. A Cookie
     /// header of the request's own goes out in place of the session's.
     bool httpShouldHandleCookies() const noexcept { return httpShouldHandleCookies_; }
+    /// Replaces whether cookies are sent and kept.
     void setHTTPShouldHandleCookies(bool should) noexcept { httpShouldHandleCookies_ = should; }
 
     /// Whether all of the above are equal; header names compare with their case here.

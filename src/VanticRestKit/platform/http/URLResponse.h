@@ -16,6 +16,7 @@ class HTTPURLResponse;
 /// An answer without its body. Immutable, and always held by a `std::shared_ptr<const URLResponse>`.
 class VRK_EXPORT URLResponse {
 public:
+    /// An answer from that address.
     explicit URLResponse(std::optional<URL> url) : url_(std::move(url)) {}
     virtual ~URLResponse() = default;
 

@@ -45,9 +45,11 @@ public:
     /// The bytes of the body that have come, as they come over the wire, and how many there will be: -1 if that is not
     /// known (yet). After a redirect they count the body of the last answer.
     std::int64_t countOfBytesReceived() const noexcept;
+    /// How many bytes there will be; -1 if that is not known.
     std::int64_t countOfBytesExpectedToReceive() const noexcept;
     /// The bytes of the request's body that went out, and how many there are.
     std::int64_t countOfBytesSent() const noexcept;
+    /// How many bytes the body of the request has.
     std::int64_t countOfBytesExpectedToSend() const noexcept;
 
 private:
@@ -89,13 +91,16 @@ public:
     /// only with no bytes; a response may stand beside an error that came behind the headers.
     using Completion =
         UniqueFunction<void(std::optional<Data>, std::shared_ptr<const URLResponse>, std::optional<Error>)>;
+    /// A body with its response.
     using Output = std::pair<Data, std::shared_ptr<const URLResponse>>;
 
+    /// A session of its own, with its own connections and threads. Any thread.
     static std::shared_ptr<URLSession> make(URLSessionConfiguration configuration);
     ~URLSession();
     URLSession(const URLSession&) = delete;
     URLSession& operator=(const URLSession&) = delete;
 
+    /// What the session was made with.
     const URLSessionConfiguration& configuration() const noexcept { return configuration_; }
 
     /// The queue on which completions and publishers deliver.

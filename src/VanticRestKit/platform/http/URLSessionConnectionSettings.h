@@ -18,6 +18,7 @@ struct URLSessionProxy {
     std::string url;
     /// Sent to the proxy alone, as Basic credentials.
     std::optional<std::string> user{};
+    /// The password; empty for none.
     std::optional<std::string> password{};
     /// Hosts to which requests go directly: "example.org" is that host and every one below it, "192.0.2.1" that
     /// address, "*" every host. Compared without case.
@@ -28,6 +29,7 @@ struct URLSessionProxy {
 struct URLSessionClientCertificate {
     /// The certificate, followed by those between it and the root.
     std::string certificate;
+    /// The private key of the certificate.
     std::string privateKey;
     /// What the private key is encrypted with; empty if it is not.
     std::optional<std::string> passphrase{};
@@ -35,7 +37,9 @@ struct URLSessionClientCertificate {
 
 /// The addresses of one host and port, used in place of looking the name up.
 struct URLSessionResolverOverride {
+    /// The name that is not looked up.
     std::string host;
+    /// Connections to other ports look the name up.
     std::uint16_t port = 0;
     /// Tried in this order, each an IPv4 or IPv6 address without brackets. At least one.
     std::vector<std::string> addresses;

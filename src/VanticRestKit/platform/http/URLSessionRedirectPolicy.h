@@ -22,7 +22,9 @@ class HTTPURLResponse;
 /// `Cache-Control`, `Pragma`, `Range`, the conditions (`If-...`) and `User-Agent`. `Authorization` and whatever a context
 /// or the session's `httpAdditionalHeaders` added stay with their origin.
 struct URLSessionRedirectPolicy {
+    /// Which redirects are followed.
     enum class Follow { always, sameOriginOnly, never };
+    /// Which redirects are followed.
     Follow follow = Follow::always;
 
     /// Whether https may lead to http. If not, such a redirect fails the request with

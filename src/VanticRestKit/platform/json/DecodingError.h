@@ -17,8 +17,11 @@ namespace VanticRestKit {
 /// One step on the way from the root of a document to a value in it: a key of an object or a place in an array.
 class VRK_EXPORT CodingKey {
 public:
+    /// A key of an object.
     CodingKey(std::string key);
+    /// A key of an object.
     CodingKey(const char* key);
+    /// A place in an array, counted from 0.
     CodingKey(std::size_t index) : index_(index) {}
 
     /// The key, or null where this step is a place in an array.
@@ -39,6 +42,7 @@ using CodingPath = std::vector<CodingKey>;
 /// The platform's decoding error. Its general description is the platform's sentence for its kind.
 class VRK_EXPORT DecodingError {
 public:
+    /// What is wrong with the document.
     enum class Kind {
         keyNotFound,    ///< A key that must be there is not.
         valueNotFound,  ///< There is a null where a value must be.
@@ -46,8 +50,10 @@ public:
         dataCorrupted,  ///< The document is no JSON, or a value cannot be what it must be.
     };
 
+    /// For decoders; a host may make one in a test.
     DecodingError(Kind kind, CodingPath path, std::string debugDescription);
 
+    /// What kind of error it is.
     Kind kind() const noexcept { return kind_; }
     /// Down to the key at fault, the missing key included; empty for a fault of the document's structure.
     const CodingPath& codingPath() const noexcept { return path_; }
@@ -56,9 +62,13 @@ public:
     /// The platform's sentence for people.
     std::string localizedDescription() const;
 
+    /// What identifies errors of this type; see `Error`.
     static const ErrorTag& errorTag();
+    /// The domain of the error.
     std::string errorDomain() const { return "NSCocoaErrorDomain"; }
+    /// The code of the error within its domain.
     std::int64_t errorCode() const;
+    /// The description that `Error` gives.
     std::string generalDescription() const { return localizedDescription(); }
 
     /// Whether both are of one kind.

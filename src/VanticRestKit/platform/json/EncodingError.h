@@ -15,6 +15,7 @@ namespace VanticRestKit {
 /// A value that JSON cannot hold: a number that is not finite, a text that is not UTF-8.
 class VRK_EXPORT EncodingError {
 public:
+    /// Names the key at which encoding failed.
     EncodingError(std::string key, std::string debugDescription)
         : key_(std::move(key)), debugDescription_(std::move(debugDescription)) {}
 
@@ -25,11 +26,16 @@ public:
     /// The platform's sentence for people.
     std::string localizedDescription() const;
 
+    /// What identifies errors of this type; see `Error`.
     static const ErrorTag& errorTag();
+    /// The domain of the error.
     std::string errorDomain() const { return "NSCocoaErrorDomain"; }
+    /// The code of the error within its domain.
     std::int64_t errorCode() const { return 4866; }
+    /// The description that `Error` gives.
     std::string generalDescription() const { return localizedDescription(); }
 
+    /// Whether both are errors of this type.
     friend bool operator==(const EncodingError&, const EncodingError&) noexcept { return true; }
 
 private:

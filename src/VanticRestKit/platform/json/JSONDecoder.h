@@ -24,6 +24,7 @@ public:
     /// made to fill memory does not: an empty element is three bytes of JSON and, as a `Show`, thousands in memory.
     static constexpr std::uint64_t defaultMemoryBudget = std::uint64_t{1} << 30;
 
+    /// How a decoder decodes.
     struct Settings {
         /// How much memory a decoded value may hold, in bytes: what its lists reserve, its strings of more than 15
         /// bytes, and what it holds by pointer. A document beyond it fails as a whole. Growing a list takes up to as

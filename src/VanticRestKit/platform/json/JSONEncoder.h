@@ -24,13 +24,21 @@ namespace VanticRestKit {
 /// The first value that JSON cannot hold fails the whole document; what is written behind it does not matter.
 class VRK_EXPORT JSONObjectWriter {
 public:
+    /// Writes a string.
     void write(std::string_view key, std::string_view text);
+    /// Writes a string.
     void write(std::string_view key, const std::string& text) { write(key, std::string_view(text)); }
+    /// Writes a string.
     void write(std::string_view key, const char* text) { write(key, std::string_view(text)); }
+    /// Writes a truth value.
     void write(std::string_view key, bool truth);
+    /// Writes a number; fails the encoding if it is not finite.
     void write(std::string_view key, double number);
+    /// Writes a whole number.
     void write(std::string_view key, std::int64_t number);
+    /// Writes a whole number.
     void write(std::string_view key, std::uint64_t number);
+    /// Writes a string.
     void write(std::string_view key, const std::vector<std::string>& texts);
     /// Writes the raw text of a case.
     template <RawEnumeration E>

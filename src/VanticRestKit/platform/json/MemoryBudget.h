@@ -11,6 +11,7 @@ namespace VanticRestKit {
 /// the values that it holds by pointer. An empty element costs its service two bytes and a host thousands.
 class MemoryBudget {
 public:
+    /// A budget of so many bytes.
     explicit MemoryBudget(std::uint64_t limit) noexcept : limit_(limit) {}
 
     /// Counts memory that is about to be allocated. False if that is more than is left; the decode must then end.
@@ -26,7 +27,9 @@ public:
     /// Counts what was allocated since `used()` was `before` as freed.
     void giveBack(std::uint64_t before) noexcept { used_ = before; }
 
+    /// How many bytes are used.
     std::uint64_t used() const noexcept { return used_; }
+    /// How many bytes there are.
     std::uint64_t limit() const noexcept { return limit_; }
     /// Whether `take` has ever said no.
     bool wasRefused() const noexcept { return wasRefused_; }

@@ -13,8 +13,11 @@ namespace VanticRestKit {
 /// One case of an enumeration: the case, its name and the text that stands for it in JSON and in paths.
 template <class E>
 struct RawCase {
+    /// The case.
     E value;
+    /// Its name in C++, without a trailing underscore.
     std::string_view name;
+    /// What stands for it in JSON and in paths.
     std::string_view raw;
 };
 

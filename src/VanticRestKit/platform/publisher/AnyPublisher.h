@@ -30,7 +30,9 @@ struct Never {
 template <class T, class E = Error>
 class AnyPublisher {
 public:
+    /// What it publishes.
     using Output = T;
+    /// What it may fail with.
     using Failed = E;
 
     // Copies only: one that was moved from would be no publisher.

@@ -36,6 +36,7 @@ public:
 template <class T, class E>
 class Subscriber {
 public:
+    /// For publishers alone.
     Subscriber(std::shared_ptr<detail::Receiver<T, E>> receiver, std::shared_ptr<detail::Gate> gate) noexcept
         : receiver_(std::move(receiver)), gate_(std::move(gate)) {}
 

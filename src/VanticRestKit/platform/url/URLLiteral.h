@@ -76,10 +76,12 @@ void literalIsNotAnHTTPAddress();
 /// characters to be encoded) goes through `URL::make`.
 class URLLiteral {
 public:
+    /// Does not compile for a text that is no URL.
     consteval URLLiteral(const char* text) : text_(text) {
         if (!detail::isURLLiteral(text_)) detail::literalIsNotAnHTTPAddress();
     }
 
+    /// The text of the URL.
     constexpr std::string_view text() const noexcept { return text_; }
 
 private:

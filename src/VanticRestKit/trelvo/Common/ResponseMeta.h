@@ -14,8 +14,11 @@ namespace VanticRestKit {
 
 /// Facts about an answer of the user data service. The library reads none of them.
 struct ResponseMeta {
+    /// Key `count`; empty if absent or null; another type fails the decoding.
     std::optional<std::uint64_t> count{};
+    /// Key `data`; empty if absent or null; another type fails the decoding.
     std::optional<std::string> data{};
+    /// Key `status_code`; empty if absent or null; another type fails the decoding.
     std::optional<std::uint64_t> statusCode{};
 
     friend bool operator==(const ResponseMeta&, const ResponseMeta&) = default;

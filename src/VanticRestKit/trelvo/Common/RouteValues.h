@@ -12,8 +12,10 @@ namespace VanticRestKit {
 /// Which system asks for user data.
 enum class SourceSystem { lumeno };
 
+/// The raw texts of `SourceSystem`.
 template <>
 struct RawTexts<SourceSystem> {
+    /// The cases with their names and raw texts, in case order.
     static constexpr RawCase<SourceSystem> cases[] = {
         {SourceSystem::lumeno, "lumeno", "lumeno"},
     };
@@ -22,8 +24,10 @@ struct RawTexts<SourceSystem> {
 /// Which list of a user is meant. Its description is its raw text.
 enum class TrelvoSlug { watchlist };
 
+/// The raw texts of `TrelvoSlug`.
 template <>
 struct RawTexts<TrelvoSlug> {
+    /// The cases with their names and raw texts, in case order.
     static constexpr RawCase<TrelvoSlug> cases[] = {
         {TrelvoSlug::watchlist, "watchlist", "watchlist"},
     };

@@ -21,9 +21,11 @@ namespace VanticRestKit {
 /// decorated context makes reports to that context's own.
 class VRK_EXPORT TrelvoContextAuthDecorator final : public virtual TrelvoContext {
 public:
+    /// Decorates a context, which must live as long. Without a token the headers are those of the context.
     TrelvoContextAuthDecorator(const TrelvoContext& decoratedContext, std::optional<std::string> bearerToken)
         : decoratedContext_(decoratedContext), bearerToken_(std::move(bearerToken)) {}
 
+    /// The context that is decorated.
     const TrelvoContext& decoratedContext() const noexcept { return decoratedContext_; }
     /// Empty where no header is to be set. A text without characters is a token.
     const std::optional<std::string>& bearerToken() const noexcept { return bearerToken_; }

@@ -17,6 +17,7 @@ namespace VanticRestKit {
 /// fraction does not convert.
 class TrelvoNumber {
 public:
+    /// A number within the signed range of 64 bits.
     template <std::integral T>
     requires(!std::same_as<T, bool> &&
              sizeof(T) <= sizeof(std::int64_t)) constexpr TrelvoNumber(T number) noexcept

@@ -15,11 +15,15 @@ namespace VanticRestKit {
 
 /// A free-form dataset of a user and what it belongs to.
 struct DatasetContainer {
+    /// The id of the user. Key `uid`; must be there and be a string.
     std::string uid{};
+    /// Key `parent_uid`; empty if absent or not a string.
     std::optional<std::string> parentUid{};
+    /// Key `oid`; empty if absent or not a string.
     std::optional<std::string> oid{};
     /// A plain text here.
     std::optional<std::string> source{};
+    /// Key `namespace`; empty if absent or not a string.
     std::optional<std::string> namespace_{};
     /// The texts, numbers and truth values of the dataset; anything else in it is left out.
     Dictionary dataset{};

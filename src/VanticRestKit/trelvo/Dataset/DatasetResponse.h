@@ -16,6 +16,8 @@ namespace VanticRestKit {
 
 /// The answer to a request about datasets. Any JSON object decodes into one.
 struct DatasetResponse {
+    /// What the service says about its answer. No operation reads it. Key `meta`; empty if absent or if it does not
+    /// decode.
     std::optional<ResponseMeta> meta{};
     /// One that does not decode empties the list.
     std::vector<DatasetContainer> data{};

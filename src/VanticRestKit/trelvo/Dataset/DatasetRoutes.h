@@ -18,13 +18,20 @@ namespace VanticRestKit {
 
 /// Asks for the datasets of a namespace, with private data and that of the family where wanted.
 struct GetDatasetURI {
+    /// The id of the user.
     std::string uid{};
+    /// The calling source.
     SourceSystem source{};
+    /// The namespace of the dataset.
     std::string namespace_{};
+    /// Whether private data is asked for too.
     bool includePrivateData{};
+    /// Whether data of the family is asked for too.
     bool includeFamilyData{};
 
+    /// The path below the base URL.
     std::string path() const { return "v2/dataset/" + namespace_; }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         std::vector<URLQueryItem> items{{"UID", uid}, {"source", std::string(rawValue(source))}};
         if (includePrivateData || includeFamilyData) {
@@ -40,13 +47,20 @@ struct GetDatasetURI {
 
 /// Creates the dataset of a namespace. The dataset travels in the body as a form field.
 struct VRK_EXPORT CreateDatasetURI {
+    /// The id of the user.
     std::string uid{};
+    /// The calling source.
     SourceSystem source{};
+    /// The namespace of the dataset.
     std::string namespace_{};
+    /// What is stored. Nested objects and lists are left out.
     Dictionary dataset{};
+    /// The method of the request.
     std::string httpMethod = "POST";
 
+    /// The path below the base URL.
     std::string path() const { return "v2/dataset/" + namespace_; }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         return {{"UID", uid}, {"source", std::string(rawValue(source))}, {"include", "private"}};
     }
@@ -61,13 +75,20 @@ struct VRK_EXPORT CreateDatasetURI {
 
 /// Changes the dataset of a namespace. The dataset travels in the body as a form field.
 struct VRK_EXPORT UpdateDatasetURI {
+    /// The id of the user.
     std::string uid{};
+    /// The calling source.
     SourceSystem source{};
+    /// The namespace of the dataset.
     std::string namespace_{};
+    /// What is stored. Nested objects and lists are left out.
     Dictionary dataset{};
+    /// The method of the request.
     std::string httpMethod = "PATCH";
 
+    /// The path below the base URL.
     std::string path() const { return "v2/dataset/" + namespace_; }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         return {{"UID", uid}, {"source", std::string(rawValue(source))}, {"include", "private"}};
     }
@@ -82,12 +103,18 @@ struct VRK_EXPORT UpdateDatasetURI {
 
 /// Deletes the dataset of a namespace.
 struct DeleteDatasetURI {
+    /// The id of the user.
     std::string uid{};
+    /// The calling source.
     SourceSystem source{};
+    /// The namespace of the dataset.
     std::string namespace_{};
+    /// The method of the request.
     std::string httpMethod = "DELETE";
 
+    /// The path below the base URL.
     std::string path() const { return "v2/dataset/" + namespace_; }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         return {{"UID", uid}, {"source", std::string(rawValue(source))}};
     }

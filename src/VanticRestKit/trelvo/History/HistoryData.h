@@ -30,14 +30,21 @@ concept HistoryEntityProtocol = Decodable<T> && requires(const T& record) {
 struct HistoryData {
     /// Empty also for a system that is not known.
     std::optional<SourceSystem> source{};
+    /// The id of the user. Key `uid`; must be there and be a string.
     std::string uid{};
+    /// Key `oid`; must be there and be a string.
     std::string oid{};
+    /// Key `slug`; must be there and be a string.
     std::string slug{};
+    /// Key `namespace`; must be there and be a string.
     std::string namespace_{};
+    /// Key `key`; must be there and be a string.
     std::string key{};
     /// In seconds.
     std::int64_t progress{};
+    /// Whether the video counts as watched. Key `done`; must be there and be a boolean.
     bool done{};
+    /// Key `lastAccessed`; empty if absent or not a date.
     std::optional<Date> lastAccessed{};
 
     friend bool operator==(const HistoryData&, const HistoryData&) = default;

@@ -16,6 +16,8 @@ namespace VanticRestKit {
 
 /// The answer to a request about a viewing history. Any JSON object decodes into one.
 struct HistoryResponse {
+    /// What the service says about its answer. No operation reads it. Key `meta`; empty if absent or if it does not
+    /// decode.
     std::optional<ResponseMeta> meta{};
     /// Empty also where one record does not decode; a list without records is something else.
     std::optional<std::vector<HistoryData>> data{};

@@ -17,13 +17,18 @@ namespace VanticRestKit {
 
 /// Asks for the videos that a user has watched.
 struct VideoHistoryURI {
+    /// The arguments, by label.
     struct Arguments {
+        /// The id of the user.
         Required<std::string> uid;
+        /// The calling source.
         Required<SourceSystem> source;
+        /// The slug of the list.
         Required<TrelvoSlug> slug;
         /// How many at most.
         Required<std::uint64_t> limit;
     };
+    /// Made of its arguments.
     explicit VideoHistoryURI(Arguments arguments)
         : queryItems{{"UID", std::move(arguments.uid).value()},
                      {"slug", std::string(rawValue(arguments.slug.value()))},
@@ -31,7 +36,9 @@ struct VideoHistoryURI {
                      {"raw", "1"},
                      {"limit", std::to_string(arguments.limit.value())}} {}
 
+    /// The path below the base URL.
     std::string path = "v2/history/video";
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems;
 
     friend bool operator==(const VideoHistoryURI&, const VideoHistoryURI&) = default;
@@ -39,13 +46,20 @@ struct VideoHistoryURI {
 
 /// Asks for the videos watched last: those done, or, where `markedAsDone` is false or empty, those not done.
 struct RecentVideoHistoryURI {
+    /// Whether videos marked as done are asked for; false if empty.
     std::optional<bool> markedAsDone{};
+    /// The id of the user.
     std::string uid{};
+    /// The calling source.
     SourceSystem source{};
+    /// How many records are asked for.
     std::uint64_t limit{};
+    /// The slug of the list.
     TrelvoSlug slug{};
 
+    /// The path below the base URL.
     std::string path() const { return "v2/history/video/recent"; }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         return {{"UID", uid},
                 {"slug", std::string(rawValue(slug))},
@@ -60,13 +74,20 @@ struct RecentVideoHistoryURI {
 
 /// Asks for the videos of a show that a user has watched; only done ones, or only others, where `markedAsDone` says.
 struct VideoHistoryForShowURI {
+    /// Whether videos marked as done are asked for; empty for all.
     std::optional<bool> markedAsDone{};
+    /// The id of the user.
     std::string uid{};
+    /// The calling source.
     SourceSystem source{};
+    /// The slug of the list.
     TrelvoSlug slug{};
+    /// The id of the show.
     std::int64_t showId{};
 
+    /// The path below the base URL.
     std::string path() const { return "v2/history/show/" + std::to_string(showId); }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         std::vector<URLQueryItem> items{{"UID", uid},
                                         {"slug", std::string(rawValue(slug))},
@@ -81,12 +102,18 @@ struct VideoHistoryForShowURI {
 
 /// Asks how far a video of a show was watched.
 struct VideoProgressURI {
+    /// The id of the user.
     std::string uid{};
+    /// The calling source.
     SourceSystem source{};
+    /// The id of the show.
     std::int64_t showId{};
+    /// The house number of the video.
     std::string houseNumber{};
 
+    /// The path below the base URL.
     std::string path() const { return "v2/history/show/" + std::to_string(showId) + "/video/" + houseNumber; }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         return {{"UID", uid},
                 {"source", std::string(rawValue(source))},
@@ -99,18 +126,27 @@ struct VideoProgressURI {
 
 /// Says how far a video of a show was watched. All of it travels in path and query.
 struct UpdateVideoProgressURI {
+    /// The id of the user.
     std::string uid{};
+    /// The calling source.
     SourceSystem source{};
+    /// The id of the show.
     std::int64_t showId{};
+    /// The house number of the video.
     std::string houseNumber{};
+    /// How far the video has been watched, in seconds.
     std::int64_t progress{};
+    /// Whether the video counts as watched.
     bool isDone{};
+    /// The method of the request.
     std::string httpMethod = "PATCH";
 
+    /// The path below the base URL.
     std::string path() const {
         return "v2/history/show/" + std::to_string(showId) + "/video/" + houseNumber + "/progress/" +
                std::to_string(progress);
     }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         return {{"UID", uid},
                 {"source", std::string(rawValue(source))},
@@ -124,11 +160,16 @@ struct UpdateVideoProgressURI {
 
 /// Deletes the viewing history of a user.
 struct DeleteHistoryURI {
+    /// The id of the user.
     std::string uid{};
+    /// The calling source.
     SourceSystem source{};
+    /// The method of the request.
     std::string httpMethod = "DELETE";
 
+    /// The path below the base URL.
     std::string path() const { return "v2/history"; }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         return {{"UID", uid},
                 {"source", std::string(rawValue(source))},

@@ -32,12 +32,19 @@ concept SavedEntityProtocol = Decodable<T> && requires(const T& record) {
 struct SavedData {
     /// Empty also for a system that is not known.
     std::optional<SourceSystem> source{};
+    /// Key `oid`; must be there and be a string.
     std::string oid{};
+    /// Key `slug`; must be there and be a string.
     std::string slug{};
+    /// Key `namespace`; must be there and be a string.
     std::string namespace_{};
+    /// Key `key`; must be there and be a string.
     std::string key{};
+    /// Key `order`; must be there and be a whole number.
     std::int64_t order{};
+    /// When it was created. Key `created`; empty if absent or not a date.
     std::optional<Date> created{};
+    /// When it last changed. Key `updated`; empty if absent or not a date.
     std::optional<Date> updated{};
 
     friend bool operator==(const SavedData&, const SavedData&) = default;

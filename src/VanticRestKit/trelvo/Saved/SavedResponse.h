@@ -16,6 +16,8 @@ namespace VanticRestKit {
 
 /// The answer to a request about saved things. Any JSON object decodes into one.
 struct SavedResponse {
+    /// What the service says about its answer. No operation reads it. Key `meta`; empty if absent or if it does not
+    /// decode.
     std::optional<ResponseMeta> meta{};
     /// Empty also where one record does not decode; a list without records is something else.
     std::optional<std::vector<SavedData>> data{};

@@ -17,13 +17,18 @@ namespace VanticRestKit {
 
 /// Asks for the shows that a user has saved.
 struct ListAllShowsURI {
+    /// The id of the user.
     std::string uid{};
+    /// The calling source.
     SourceSystem source{};
+    /// The list; empty for all lists.
     std::optional<TrelvoSlug> slug{};
 
+    /// The path below the base URL.
     std::string path() const {
         return slug ? "v2/saved/" + std::string(rawValue(*slug)) + "/show" : "v2/saved";
     }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         return {{"UID", uid}, {"raw", "1"}, {"source", std::string(rawValue(source))}};
     }
@@ -33,28 +38,40 @@ struct ListAllShowsURI {
 
 /// Saves a show.
 struct AddShowURI {
+    /// The arguments, by label.
     struct Arguments {
+        /// The id of the user.
         Required<std::string> uid;
+        /// The calling source.
         Required<SourceSystem> source;
+        /// The list; empty for all lists.
         Required<std::optional<TrelvoSlug>> slug;
+        /// The id of the show.
         Required<std::int64_t> showId;
     };
+    /// Made of its arguments.
     explicit AddShowURI(Arguments arguments)
         : uid(std::move(arguments.uid).value()),
           source(arguments.source.value()),
           slug(arguments.slug.value()),
           id(arguments.showId.value()) {}
 
+    /// The id of the user.
     std::string uid;
+    /// The calling source.
     SourceSystem source;
+    /// The list; empty for all lists.
     std::optional<TrelvoSlug> slug;
     /// The id of the show.
     std::int64_t id;
+    /// The method of the request.
     std::string httpMethod = "POST";
 
+    /// The path below the base URL.
     std::string path() const {
         return slug ? "v2/saved/" + std::string(rawValue(*slug)) + "/show/" + std::to_string(id) : "v2/saved";
     }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         return {{"UID", uid}, {"raw", "1"}, {"source", std::string(rawValue(source))}};
     }
@@ -64,28 +81,40 @@ struct AddShowURI {
 
 /// Takes a saved show off the list.
 struct DeleteShowURI {
+    /// The arguments, by label.
     struct Arguments {
+        /// The id of the user.
         Required<std::string> uid;
+        /// The calling source.
         Required<SourceSystem> source;
+        /// The slug of the list.
         Required<TrelvoSlug> slug;
+        /// The id of the show.
         Required<std::int64_t> showId;
     };
+    /// Made of its arguments.
     explicit DeleteShowURI(Arguments arguments)
         : uid(std::move(arguments.uid).value()),
           source(arguments.source.value()),
           slug(arguments.slug.value()),
           id(arguments.showId.value()) {}
 
+    /// The id of the user.
     std::string uid;
+    /// The calling source.
     SourceSystem source;
+    /// The slug of the list.
     TrelvoSlug slug;
     /// The id of the show.
     std::int64_t id;
+    /// The method of the request.
     std::string httpMethod = "DELETE";
 
+    /// The path below the base URL.
     std::string path() const {
         return "v2/saved/" + std::string(rawValue(slug)) + "/show/" + std::to_string(id);
     }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         return {{"UID", uid}, {"source", std::string(rawValue(source))}};
     }
@@ -95,12 +124,18 @@ struct DeleteShowURI {
 
 /// Deletes all that a user has saved.
 struct DeleteSavedURI {
+    /// The id of the user.
     std::string uid{};
+    /// The calling source.
     SourceSystem source{};
+    /// The list; empty for all lists.
     std::optional<TrelvoSlug> slug{};
+    /// The method of the request.
     std::string httpMethod = "DELETE";
 
+    /// The path below the base URL.
     std::string path() const { return slug ? "v2/saved/" + std::string(rawValue(*slug)) : "v2/saved"; }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         return {{"UID", uid}, {"source", std::string(rawValue(source))}};
     }

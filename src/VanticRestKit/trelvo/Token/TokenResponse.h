@@ -14,6 +14,8 @@ namespace VanticRestKit {
 
 /// The answer to a token request. Any JSON object decodes into one.
 struct TokenResponse {
+    /// What the service says about its answer. No operation reads it. Key `meta`; empty if absent or if it does not
+    /// decode.
     std::optional<ResponseMeta> meta{};
     /// Empty also where one part of it does not decode.
     std::optional<Auth> auth{};

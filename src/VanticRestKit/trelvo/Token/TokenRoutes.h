@@ -13,10 +13,14 @@ namespace VanticRestKit {
 
 /// Asks for the tokens of a user.
 struct TokenURI {
+    /// The id of the user.
     std::string uid{};
+    /// The calling source.
     SourceSystem source{};
 
+    /// The path below the base URL.
     std::string path() const { return "v2/token"; }
+    /// The query items, in order.
     std::vector<URLQueryItem> queryItems() const {
         return {{"UID", uid}, {"source", std::string(rawValue(source))}};
     }

@@ -26,7 +26,9 @@ struct CacheAccess;
 
 /// An answer that a cache holds.
 struct CachedURLResponse {
+    /// Its head.
     std::shared_ptr<const HTTPURLResponse> response{};
+    /// Its body.
     Data data{};
 };
 
@@ -37,16 +39,19 @@ struct CachedURLResponse {
 /// cache of the parent is empty and stays so.
 class VRK_EXPORT URLCache {
 public:
+    /// In bytes: 16 MB.
     static constexpr std::size_t defaultMemoryCapacity = 16 * 1024 * 1024;
 
     /// A cache in memory, for `memoryCapacity` bytes.
     static std::shared_ptr<URLCache> make(std::size_t memoryCapacity = defaultMemoryCapacity);
 
+    /// The arguments of `makeOnDisk`.
     struct DiskArguments {
         /// Made with the first answer that is written, and the folders above it, for the user alone.
         std::string folder{};
         /// The bytes that the file in it may take.
         std::uint64_t diskCapacity = 0;
+        /// The bytes that answers may take in memory.
         std::size_t memoryCapacity = defaultMemoryCapacity;
         /// Gets the faults of the disk, of the domain `DiskCacheErrorDomain`, on a thread of the cache's. May be empty.
         UniqueFunction<void(const Error&)> report{};
@@ -89,6 +94,7 @@ public:
     void removeCachedResponse(const URLRequest& forRequest);
     /// Removes the answers to all requests that bore this value of Authorization.
     void removeCachedResponses(std::string_view forAuthorization);
+    /// Removes everything. Any thread.
     void removeAllCachedResponses();
 
 private:

@@ -83,6 +83,7 @@ public:
     /// Which cookies are accepted from now on, whatever session they come from; `always` at first. Those that are
     /// stored already are still sent.
     HTTPCookieAcceptPolicy cookieAcceptPolicy() const;
+    /// Replaces which cookies are kept. Any thread.
     void setCookieAcceptPolicy(HTTPCookieAcceptPolicy policy);
 
     /// Blocks until all changes before this call are in the file, or a problem was reported. Call it before the process
