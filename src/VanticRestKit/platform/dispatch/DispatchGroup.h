@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `DispatchGroup`: waits until everything that entered it has left.
+/// `DispatchGroup`: waits until every `enter()` has been matched by a `leave()`.
 
 #include <VanticRestKit/Visibility.h>
 
@@ -14,28 +14,28 @@ class GroupState;
 struct GroupProbe;
 }  // namespace detail
 
-/// Counts what is under way. Copies of the handle are one group; any thread may use it.
+/// Counts operations in progress. Copies of the handle share one group; any thread may use it.
 ///
-/// What a thread wrote before its `leave()` is seen by those whose `wait()` it ends. They may destroy their
-/// handle at once, also the very object on which another thread is still inside `leave()`.
+/// What a thread wrote before its `leave()` is visible after the `wait()` that it ends. The waiting thread may destroy
+/// its handle at once, even the object on which another thread is still inside `leave()`.
 class VRK_EXPORT DispatchGroup {
 public:
     DispatchGroup();
 
-    // Copies only: a handle that was moved from would be no group.
+    // Copies only: a moved-from handle would have no group.
     DispatchGroup(const DispatchGroup&) = default;
     DispatchGroup& operator=(const DispatchGroup&) = default;
 
-    /// One more is under way.
+    /// Counts one more operation.
     void enter() const;
 
-    /// One has ended. More leaves than enters end the process.
+    /// Counts one operation as finished. Aborts the process if there was no matching `enter()`.
     void leave() const;
 
-    /// Blocks the calling thread until nothing is under way, without limit; returns at once where nothing is.
+    /// Blocks the calling thread, without a time limit, until the count is zero; returns at once if it already is.
     ///
-    /// Allowed on any queue: a pool thread that waits is replaced for the time of the wait, so that the other
-    /// queues go on. A queue whose own block is to do the leaving waits for ever.
+    /// Allowed on any queue: a waiting pool thread is replaced for the duration of the wait, so that other queues
+    /// make progress. A block that waits for a `leave()` posted to its own queue waits forever.
     void wait() const;
 
 private:

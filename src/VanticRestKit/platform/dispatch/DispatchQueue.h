@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `DispatchQueue`: runs blocks one at a time in the order of their posting.
+/// `DispatchQueue`: runs blocks one at a time, in the order in which they were posted.
 
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/Visibility.h>
@@ -18,83 +18,81 @@ namespace detail {
 class Queue;
 }
 
-/// A serial queue. Copies of the handle are one queue; any thread may use it.
+/// A serial queue. Copies of the handle refer to one queue; any thread may use it.
 ///
-/// Blocks run in the order of their posting, never two at once, on threads of a small pool that all queues
-/// share: a queue is light and has no thread of its own. What one block wrote the next one sees. A block may
-/// block, wait on a `DispatchGroup` without limit, post to its own queue, and drop the queue's last handle.
-/// While blocks wait for a group other threads work in their place; where they block otherwise the pool has
-/// more threads after some milliseconds, up to sixty.
-/// A block must not throw: an exception that leaves one ends the process by `std::terminate`, after a line on the
-/// standard error output that names the queue.
-/// Blocks that were posted run also when no handle is left. A block and all that it holds are destroyed on
-/// the queue, right after it ran and before the next one starts. No destructor waits for anything.
+/// Blocks run in posting order, never two at once, on a small pool of threads that all queues share: a queue is cheap
+/// and has no thread of its own. What one block wrote is visible to the next. A block may block, wait on a
+/// `DispatchGroup` for any time, post to its own queue, and drop the queue's last handle. While a block waits for a
+/// group, another thread takes its place; if blocks block in any other way, the pool adds threads after some
+/// milliseconds, up to sixty.
+/// A block must not throw: an exception that leaves one ends the process by `std::terminate`, after a line on
+/// standard error that names the queue.
+/// Posted blocks run even if no handle is left. A block and everything that it captures are destroyed on the queue,
+/// right after it has run and before the next one starts. No destructor waits.
 ///
 /// A child made by `fork` may use its copies of queues; blocks that the parent had posted run in the parent only.
 ///
-/// If the system gives the process no thread for a block, it runs on the thread that posts it, inside `async`.
+/// If the system has no thread for a block, the block runs on the posting thread, inside `async`.
 ///
-/// Threads of the library block all signals but those of faults. While a block runs, its thread has the signal mask of
-/// the thread that first needed it, as a thread of the caller's own would, so that a process started by a block can be
+/// The library's threads block all signals except those for faults. While a block runs, its thread has the signal mask
+/// of the thread that first needed it, as a thread of the caller would, so that a process started by a block can be
 /// ended by a signal.
 class VRK_EXPORT DispatchQueue {
 public:
-    /// Makes a new queue. `label` is for people; several queues may bear the same.
+    /// Makes a new queue. `label` is for debugging and need not be unique.
     explicit DispatchQueue(std::string label);
 
-    /// A queue whose blocks all run on one thread that runs nothing else. The thread starts with the first
-    /// block and ends by itself when the last handle is gone and all posted blocks have run.
+    /// A queue with one thread of its own. The thread starts with the first block and ends when the last handle is
+    /// gone and all posted blocks have run.
     static DispatchQueue withOwnThread(std::string label);
 
-    /// The main queue of the process: a serial queue like any other until the host gives its own executor.
+    /// The main queue of the process: an ordinary serial queue unless the host sets an executor.
     static DispatchQueue& main();
 
-    /// Has the main queue's blocks run by the host, on its user interface's loop as a rule.
+    /// Has the host run the main queue's blocks, usually on its event loop.
     ///
-    /// `executor` is called once for each block posted to the main queue, on the thread that posts, and is to
-    /// run what it is handed, once. One that runs things at once, or on several threads, or in another order
-    /// still gives a serial queue: what it is handed runs the oldest block waiting, after the one now
-    /// running. A handed block that is destroyed unrun discards the oldest block waiting. `executor` may be
-    /// called by several threads at once and lives as long as the process.
+    /// `executor` is called once for each block posted to the main queue, on the posting thread, and must run the
+    /// block that it is given once. The queue stays serial even if the executor runs blocks immediately, on several
+    /// threads or out of order: each one that it runs takes the oldest waiting block, after the one now running. If
+    /// it destroys one without running it, the oldest waiting block is discarded. `executor` may be called by several
+    /// threads at once and lives as long as the process.
     ///
-    /// Returns whether it was accepted: only once, only before the first block was posted, and not if empty.
+    /// Returns whether it was accepted: only once, only before the first block is posted, and not if empty.
     static bool setMain(UniqueFunction<void(Block)> executor);
 
-    /// A serial queue whose blocks the host runs, for an application with an event loop of its own or several of them.
+    /// A serial queue whose blocks the host runs, for an application with one or more event loops of its own.
     ///
-    /// `executor` must not be empty. It is called once for each block posted, on the thread that posts, by several
-    /// threads at once too, and is to run what it is handed, once; the rules of `setMain` apply. It lives as long as
-    /// the queue.
+    /// `executor` must not be empty. It is called as `setMain` describes and lives as long as the queue.
     ///
     /// ```cpp
     /// DispatchQueue ui = DispatchQueue::over("ui", [&loop](Block block) { loop.post(std::move(block)); });
     /// ```
     static DispatchQueue over(std::string label, UniqueFunction<void(Block)> executor);
 
-    // Copies only: a handle that was moved from would be no queue.
+    // Copies only: a moved-from handle would have no queue.
     DispatchQueue(const DispatchQueue&) = default;
     DispatchQueue& operator=(const DispatchQueue&) = default;
 
-    /// Posts `block` and returns at once. An empty block is not posted.
+    /// Posts `block` and returns immediately. An empty block is ignored.
     void async(Block block) const;
 
-    /// Posts `item`: the queue calls its `perform()`. Null is not posted.
+    /// Posts `item`: the queue calls its `perform()`. Null is ignored.
     void async(std::shared_ptr<DispatchWorkItem> item) const;
 
-    /// Posts `block` once `delay` has passed, measured by a clock that no change of the date moves. A delay of zero or
-    /// less posts at once. An empty block is not posted.
+    /// Posts `block` after `delay`, measured by the steady clock. A delay of zero or less posts immediately. An empty
+    /// block is ignored.
     void asyncAfter(std::chrono::duration<double> delay, Block block) const;
 
-    /// Posts `item` once `delay` has passed. Cancelling the item before it starts drops its block at once.
+    /// Posts `item` after `delay`. Cancelling the item before it starts destroys its block at once.
     void asyncAfter(std::chrono::duration<double> delay, std::shared_ptr<DispatchWorkItem> item) const;
 
-    /// The name given at construction.
+    /// The label given at construction.
     const std::string& label() const noexcept;
 
     /// Whether the calling code runs in a block of this queue.
     bool isCurrent() const noexcept;
 
-    /// Whether both handles are one queue.
+    /// Whether both handles refer to one queue.
     friend bool operator==(const DispatchQueue& a, const DispatchQueue& b) noexcept {
         return a.queue_ == b.queue_;
     }

@@ -9,9 +9,8 @@ namespace VanticRestKit {
 
 namespace {
 
-/// Destroys `block` on the calling thread. If this is called from within itself, because the block held the last
-/// reference to another one, that other one waits until the first is gone: a chain of any length takes no more
-/// stack than two links.
+/// Destroys `block` on the calling thread. If this recurses, because the block held the last reference to another
+/// item, the inner block is destroyed after the outer one: a chain of any length needs the stack of two calls.
 void dispose(Block block) {
     thread_local detail::BlockList* waiting = nullptr;
     if (waiting != nullptr) {

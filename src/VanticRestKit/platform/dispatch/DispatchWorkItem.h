@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `DispatchWorkItem`: a block that can be cancelled as long as it has not started.
+/// `DispatchWorkItem`: a block that can be cancelled until it starts.
 
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/Visibility.h>
@@ -10,12 +10,11 @@
 
 namespace VanticRestKit {
 
-/// One piece of work that runs at most once. Held by `std::shared_ptr`, by the queue and by whoever may
-/// cancel.
+/// A block that runs at most once. Shared by the queue and by callers that may cancel it.
 ///
-/// Cancelled before it starts, it never runs; cancelled later, it goes on undisturbed. The block and all that
-/// it holds are dropped when it has run or was cancelled, whatever still refers to the item. All members may
-/// be called on any thread.
+/// If cancelled before it starts, it never runs; cancelling it later has no effect. The block and everything that it
+/// captures are destroyed when it has run or was cancelled, even if the item is still referenced. All members may be
+/// called on any thread.
 class VRK_EXPORT DispatchWorkItem {
 public:
     /// Nothing runs before the item is given to a queue.
@@ -24,14 +23,13 @@ public:
     DispatchWorkItem(const DispatchWorkItem&) = delete;
     DispatchWorkItem& operator=(const DispatchWorkItem&) = delete;
 
-    /// Runs the block on the calling thread. Does nothing where it has started before or was cancelled.
+    /// Runs the block on the calling thread. Does nothing if it has already started or was cancelled.
     void perform();
 
-    /// Keeps the block from starting and drops it on the calling thread; does nothing to one that has
-    /// started.
+    /// Prevents the block from starting and destroys it on the calling thread; no effect if it has started.
     void cancel();
 
-    /// Whether `cancel()` was called, be it before the start or after.
+    /// Whether `cancel()` was called, before the start or after it.
     bool isCancelled() const noexcept { return cancelled_.load(std::memory_order_acquire); }
 
 private:

@@ -8,16 +8,16 @@
 
 namespace VanticRestKit {
 
-/// A queue's name and settings, nothing more: it has no thread and takes no work.
+/// Only the name and settings of a queue: it has no thread and accepts no work.
 struct OperationQueue {
-    /// Leaves the number of operations at a time to the system.
+    /// Leaves the number of concurrent operations to the system.
     static constexpr std::int64_t defaultMaxConcurrentOperationCount = -1;
 
-    /// For people; empty means unnamed.
+    /// For debugging; empty means unnamed.
     std::string name{};
-    /// How many operations may run at a time.
+    /// How many operations may run at once.
     std::int64_t maxConcurrentOperationCount = defaultMaxConcurrentOperationCount;
-    /// Whether the queue holds back its operations.
+    /// Whether the queue starts no further operations.
     bool isSuspended = false;
 
     friend bool operator==(const OperationQueue&, const OperationQueue&) = default;

@@ -10,8 +10,8 @@ namespace VanticRestKit::detail {
 
 /// Holds one value. A store replaces all of it, a load copies all of it, and the last store wins.
 ///
-/// Nothing is merged: code that works on the value takes one `load()` and goes on with that copy. What a
-/// thread wrote before a store is seen by those who load the stored value.
+/// Nothing is merged: code that needs a consistent value calls `load()` once and works on that copy. What a thread
+/// wrote before a store is visible to threads that load the stored value.
 template <class T>
 class Replaceable {
 public:
@@ -20,15 +20,15 @@ public:
     Replaceable(const Replaceable&) = delete;
     Replaceable& operator=(const Replaceable&) = delete;
 
-    /// Puts `value` in the place of what is held. The old value is destroyed here, outside of the lock, since
-    /// its destructor may run code that comes back to this object.
+    /// Replaces the value. The old one is destroyed here, after the lock is released, since its destructor may run
+    /// code that uses this object.
     void store(T value) {
         const std::lock_guard lock(mutex_);
         using std::swap;
         swap(value_, value);
     }
 
-    /// A copy of what is held now.
+    /// A copy of the current value.
     T load() const {
         const std::lock_guard lock(mutex_);
         return value_;

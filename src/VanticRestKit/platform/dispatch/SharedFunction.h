@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `SharedFunction`, a callable whose copies are one.
+/// `SharedFunction`: a callable whose copies share one target.
 
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 
@@ -16,12 +16,12 @@ namespace VanticRestKit {
 template <class Signature>
 class SharedFunction;
 
-/// A handle over one callable of any type. Copies share it: a copy costs a reference count, and what the
-/// callable keeps for itself it keeps for all of them. In place of `std::function`, whose header would
-/// add a twelfth to what all of this library costs a host to compile.
+/// Refers to one callable of any type. A copy costs a reference count, and all copies share the callable's state. Used
+/// instead of `std::function`, whose header alone would add a twelfth to the time in which a host compiles this
+/// library.
 ///
-/// Empty when made from nothing, from `nullptr`, or from an empty pointer or wrapper; calling an empty one
-/// ends the process. Several threads may call it at once where the callable stands that.
+/// Empty when made from nothing, from `nullptr`, or from an empty pointer or wrapper; calling an empty one aborts the
+/// process. Several threads may call it at once if the callable allows that.
 template <class R, class... Args>
 class SharedFunction<R(Args...)> {
 public:

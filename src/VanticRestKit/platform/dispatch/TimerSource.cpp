@@ -5,7 +5,7 @@
 
 namespace VanticRestKit {
 
-// Here, so that the table of virtual functions is in the library alone.
+// Defined here so that the vtable is emitted only in the library.
 TimerSource::~TimerSource() = default;
 
 void TimerSource::use(std::shared_ptr<TimerSource> source) {

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `UniqueFunction`, a callable that is moved and never copied, and `Block`, the one without arguments.
+/// `UniqueFunction`, a move-only callable, and `Block`, one without arguments.
 
 #include <cstddef>
 #include <cstdlib>
@@ -17,7 +17,7 @@ class UniqueFunction;
 
 namespace detail {
 
-/// Callables that may themselves be empty: other wrappers, `std::function` among them.
+/// Callables that may be empty: other wrappers such as `std::function`.
 template <class F>
 inline constexpr bool isFunctionWrapper = false;
 template <template <class> class Wrapper, class R, class... Args>
@@ -43,11 +43,11 @@ concept KeepsArgument = std::is_constructible_v<Target, ArgumentOf<F>>;
 
 }  // namespace detail
 
-/// Owns one callable of any type, also one that cannot be copied. Small callables are kept in place.
+/// Owns one callable of any type, including move-only ones. Small callables are stored in place.
 ///
-/// Empty when made from nothing, from `nullptr`, or from an empty pointer or wrapper; calling an empty one
-/// ends the process. It may be moved to another thread, but must not be used by two at once, nor be assigned
-/// to or destroyed during its own call.
+/// Empty when made from nothing, from `nullptr`, or from an empty pointer or wrapper; calling an empty one aborts the
+/// process. It may be moved to another thread, but must not be used by two threads at once, nor assigned to or
+/// destroyed during its own call.
 template <class R, class... Args>
 class UniqueFunction<R(Args...)> {
 public:
@@ -75,7 +75,7 @@ public:
     UniqueFunction(UniqueFunction&& other) noexcept { take(other); }
     /// Takes over what `other` holds, which is then empty.
     UniqueFunction& operator=(UniqueFunction&& other) noexcept {
-        // The old callable goes last, when this already holds the new one: its destructor may look at this.
+        // The old callable is destroyed last, once this holds the new one: its destructor may use this object.
         UniqueFunction incoming(std::move(other));
         UniqueFunction outgoing(std::move(*this));
         take(incoming);
@@ -101,11 +101,11 @@ private:
         void (*destroy)(void* storage) noexcept;
     };
 
-    static constexpr std::size_t roomInPlace = 4 * sizeof(void*);
+    static constexpr std::size_t inPlaceSize = 4 * sizeof(void*);
 
     template <class F>
     static constexpr bool fitsInPlace =
-        sizeof(F) <= roomInPlace && alignof(F) <= alignof(void*) && std::is_nothrow_move_constructible_v<F>;
+        sizeof(F) <= inPlaceSize && alignof(F) <= alignof(void*) && std::is_nothrow_move_constructible_v<F>;
 
     template <class F>
     static R callTarget(F& function, Args&&... args) {
@@ -144,11 +144,11 @@ private:
         operations_ = std::exchange(other.operations_, nullptr);
     }
 
-    alignas(void*) std::byte storage_[roomInPlace];
+    alignas(void*) std::byte storage_[inPlaceSize];
     const Operations* operations_ = nullptr;
 };
 
-/// A piece of work: what a queue runs.
+/// A piece of work for a queue.
 using Block = UniqueFunction<void()>;
 
 }  // namespace VanticRestKit

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Bell`: how a thread sleeps until another has something for it.
+/// `Bell`: lets a thread sleep until another wakes it.
 
 #include <semaphore.h>
 
@@ -9,12 +9,10 @@
 
 namespace VanticRestKit::detail {
 
-/// Each `ring` ends one `sleep`, also one that only begins later. Who sleeps and who is to be woken is
-/// decided under a lock of the user's, so that nobody rings for nothing. A sleeper gives it back before it
-/// comes here; who rings does well to do the same, because the one who is woken wants it.
+/// A counting semaphore: each `ring` ends one `sleep`, even one that begins later. Callers decide under their own lock
+/// whether a thread sleeps or has to be woken, and release that lock before they sleep or ring.
 ///
-/// A condition variable would do too, but its waiters cannot tell that a lock is free which they got back,
-/// and so give each one up with a system call.
+/// A condition variable would reacquire the lock in contended mode, and each unlock would then cost a system call.
 class Bell {
 public:
     Bell() noexcept { sem_init(&rings_, 0, 0); }

@@ -7,14 +7,14 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-/// Reports a block that is left by an exception.
-class LeftBlockReport {
+/// Reports a block that throws.
+class ThrowingBlockReport {
 public:
-    explicit LeftBlockReport(const std::string& label) noexcept : label_(label) {}
-    LeftBlockReport(const LeftBlockReport&) = delete;
-    LeftBlockReport& operator=(const LeftBlockReport&) = delete;
-    ~LeftBlockReport() {
-        // The end of a thread by force unwinds it too, with no exception under way.
+    explicit ThrowingBlockReport(const std::string& label) noexcept : label_(label) {}
+    ThrowingBlockReport(const ThrowingBlockReport&) = delete;
+    ThrowingBlockReport& operator=(const ThrowingBlockReport&) = delete;
+    ~ThrowingBlockReport() {
+        // pthread_cancel and pthread_exit unwind too, without an exception.
         if (hasReturned || std::uncaught_exceptions() == 0) return;
         std::fprintf(
             stderr,
@@ -28,9 +28,9 @@ private:
     const std::string& label_;
 };
 
-// A frame of its own: the runtime unwinds this one, with its report, before it ends the process in the caller's.
+// A separate frame: it is unwound, with its report, before the noexcept caller ends the process.
 [[gnu::noinline]] void callReported(Block& block, const std::string& label) {
-    LeftBlockReport report(label);
+    ThrowingBlockReport report(label);
     block();
     report.hasReturned = true;
 }

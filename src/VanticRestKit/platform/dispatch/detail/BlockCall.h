@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `callBlock`: how every queue calls a block.
+/// `callBlock`: calls a block of a queue.
 
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 
@@ -10,8 +10,8 @@
 namespace VanticRestKit::detail {
 
 /// Calls `block` for the queue with this label. An exception that leaves the block ends the process, after a line on
-/// the standard error output that names the queue: nothing above the block could handle it, and the message of the
-/// runtime alone would not say whose callback it was.
+/// standard error that names the queue: no caller could handle it, and the runtime's own message would not say which
+/// callback threw.
 void callBlock(Block& block, const std::string& label) noexcept;
 
 }  // namespace VanticRestKit::detail

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `BlockList`: blocks in the order in which they came.
+/// `BlockList`: a first-in first-out list of blocks.
 
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 
@@ -10,7 +10,7 @@
 
 namespace VanticRestKit::detail {
 
-/// One block in a list. Made before the list's lock is taken and destroyed after it was given back.
+/// One block of a list. Allocated before the list's lock is taken and destroyed after it is released.
 struct BlockNode {
     explicit BlockNode(Block held) noexcept : block(std::move(held)) {}
 
@@ -18,7 +18,7 @@ struct BlockNode {
     BlockNode* next = nullptr;
 };
 
-/// A first-in first-out list. Not locked. Its destructor takes the blocks one after another, however many.
+/// Not thread-safe. The destructor destroys the blocks in order, without recursion.
 class BlockList {
 public:
     BlockList() = default;
@@ -36,7 +36,7 @@ public:
         end_ = &(*end_)->next;
     }
 
-    /// The oldest, or null where there is none.
+    /// Removes the oldest block; null if there is none.
     std::unique_ptr<BlockNode> pop() noexcept {
         std::unique_ptr<BlockNode> node(first_);
         if (node != nullptr) {
@@ -46,7 +46,7 @@ public:
         return node;
     }
 
-    /// Forgets all blocks and never destroys them: in a child process they are copies of what the parent runs.
+    /// Drops all blocks without destroying them: in a child process they are copies of blocks that the parent runs.
     void abandon() noexcept {
         first_ = nullptr;
         end_ = &first_;
@@ -55,7 +55,7 @@ public:
     void swap(BlockList& other) noexcept {
         std::swap(first_, other.first_);
         std::swap(end_, other.end_);
-        // The end of an empty list lies in the list itself.
+        // The end pointer of an empty list points into the list itself.
         if (isEmpty()) end_ = &first_;
         if (other.isEmpty()) other.end_ = &other.first_;
     }

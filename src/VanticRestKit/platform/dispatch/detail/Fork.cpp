@@ -19,7 +19,7 @@ std::uint64_t forkCount() noexcept {
         forkMutex();
         return pthread_atfork(nullptr, nullptr, [] {
             forks.fetch_add(1);
-            // A thread that does not exist here may hold it.
+            // A thread that does not exist in the child may hold it.
             new (&forkMutex()) std::mutex;
         });
     }();

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ForkMark`: finds out that the process is a child that `fork` has made since.
+/// `ForkMark`: detects that the process is a forked child.
 
 #include <atomic>
 #include <cstdint>
@@ -9,20 +9,20 @@
 
 namespace VanticRestKit::detail {
 
-/// How many calls of `fork` lie between this process and the one that first asked.
+/// The number of `fork` calls between this process and the one that first called this function.
 std::uint64_t forkCount() noexcept;
 
-/// Under it, objects of the parent are made usable in the child.
+/// Held while a child renews objects that it inherited from its parent.
 std::mutex& forkMutex() noexcept;
 
-/// Notes in which process an object was made. A child has a copy of it, but none of the threads that worked for it, and
-/// another thread may have held its locks at that moment for good.
+/// Records in which process an object was made. A forked child has a copy of the object but none of its threads, and a
+/// lock that another thread held at that moment stays locked.
 class ForkMark {
 public:
-    /// Whether this is the process in which the mark was made, or last renewed.
+    /// Whether the mark was made or last renewed in this process.
     bool isCurrent() const noexcept { return count_.load(std::memory_order_acquire) == forkCount(); }
 
-    /// In a child, has the first call run `renew`, which makes the object as good as new; later ones do nothing.
+    /// In a child, the first call runs `renew`, which resets the object; later calls do nothing.
     template <class Renew>
     void renewInChild(Renew renew) {
         if (isCurrent()) return;

@@ -23,7 +23,7 @@ void GroupState::wait() {
     std::unique_lock lock(mutex_);
     if (underWay_ == 0) return;
     const std::uint64_t before = ends_;
-    // A thread may have to be started for this one's place: not with the lock held, which leaves need.
+    // May start a thread in place of this one: not with the lock held, which `leave` needs.
     lock.unlock();
     const PoolWait replaced;
     lock.lock();
@@ -31,7 +31,7 @@ void GroupState::wait() {
     waitersChanged_.notify_all();
     ended_.wait(lock, [this, before] { return ends_ != before; });
     --waiters_;
-    // Given back before `replaced` goes, which takes the pool's lock.
+    // Released before `replaced` is destroyed, which takes the pool's lock.
     lock.unlock();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `GroupState`: what stands behind a `DispatchGroup`.
+/// `GroupState`: the shared state of a `DispatchGroup`.
 
 #include <condition_variable>
 #include <cstddef>
@@ -10,7 +10,7 @@
 
 namespace VanticRestKit::detail {
 
-/// The count of a group and those who wait for it.
+/// The count of a group and its waiters.
 class GroupState {
 public:
     void enter();
@@ -24,7 +24,7 @@ private:
     std::condition_variable ended_;
     std::condition_variable waitersChanged_;
     std::size_t underWay_ = 0;
-    /// How often the count came down to zero: a waiter goes on also when others enter before it wakes.
+    /// How often the count has reached zero: a waiter returns even if the group is entered again before it wakes.
     std::uint64_t ends_ = 0;
     std::size_t waiters_ = 0;
 };

@@ -3,7 +3,7 @@
 
 namespace VanticRestKit::detail {
 
-/// What the host is handed. It counts once, run or not.
+/// The block given to the host's executor. It counts once, whether it is run or destroyed.
 class HostQueue::Turn {
 public:
     explicit Turn(std::shared_ptr<HostQueue> queue) noexcept : queue_(std::move(queue)) {}

@@ -12,8 +12,8 @@
 
 namespace VanticRestKit::detail {
 
-/// Hands the host one turn for each block posted. A turn runs the oldest block waiting, so that the order
-/// holds whatever the host does with the turns; one that comes while another runs is made up for by that one.
+/// Gives the host's executor one turn for each block posted. A turn runs the oldest waiting block, so blocks run in
+/// order whatever order the turns run in; if a turn is called during another, the running one runs both blocks.
 class HostQueue final : public Queue, public std::enable_shared_from_this<HostQueue> {
 public:
     HostQueue(std::string label, UniqueFunction<void(Block)> executor) noexcept
@@ -31,7 +31,7 @@ private:
     UniqueFunction<void(Block)> executor_;
     std::mutex mutex_;
     BlockList blocks_;
-    /// Turns that were taken and whose blocks have not run yet.
+    /// Turns that were called and whose blocks have not run yet.
     std::size_t turns_ = 0;
     bool isRunning_ = false;
 };

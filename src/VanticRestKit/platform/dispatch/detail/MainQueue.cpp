@@ -9,7 +9,7 @@ const std::shared_ptr<MainQueue>& MainQueue::shared() {
     return queue;
 }
 
-std::shared_ptr<Queue> MainQueue::decided() {
+std::shared_ptr<Queue> MainQueue::resolved() {
     const std::lock_guard lock(mutex_);
     if (queue_ == nullptr) queue_ = std::make_shared<Strand>(label());
     return queue_;
@@ -25,7 +25,7 @@ bool MainQueue::setExecutor(UniqueFunction<void(Block)> executor) {
 
 const void* MainQueue::identity() const noexcept {
     const std::lock_guard lock(mutex_);
-    // Both kinds run their blocks under their own address.
+    // Either kind identifies itself by its own address while it runs blocks.
     return queue_ != nullptr ? static_cast<const void*>(queue_.get()) : this;
 }
 

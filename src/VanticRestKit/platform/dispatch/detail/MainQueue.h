@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `MainQueue`: a queue that decides at its first block who runs it.
+/// `MainQueue`: the process's main queue.
 
 #include <VanticRestKit/platform/dispatch/detail/Queue.h>
 
@@ -11,16 +11,16 @@
 
 namespace VanticRestKit::detail {
 
-/// A strand on the pool, unless the host has given its executor before the first block came.
+/// A strand on the pool, unless the host sets an executor before the first block is posted.
 class MainQueue final : public Queue {
 public:
     using Queue::Queue;
 
-    /// The one of this process.
+    /// The main queue of this process.
     static const std::shared_ptr<MainQueue>& shared();
 
-    void post(Block block) override { decided()->post(std::move(block)); }
-    void postUnhurried(Block block) override { decided()->postUnhurried(std::move(block)); }
+    void post(Block block) override { resolved()->post(std::move(block)); }
+    void postUnhurried(Block block) override { resolved()->postUnhurried(std::move(block)); }
 
     /// Returns whether `executor` was accepted.
     bool setExecutor(UniqueFunction<void(Block)> executor);
@@ -29,10 +29,10 @@ protected:
     const void* identity() const noexcept override;
 
 private:
-    std::shared_ptr<Queue> decided();
+    std::shared_ptr<Queue> resolved();
 
     mutable std::mutex mutex_;
-    /// Null until decided, then the same for good.
+    /// Null until the first block or an executor decides which kind it is; never changes after that.
     std::shared_ptr<Queue> queue_;
 };
 

@@ -13,7 +13,7 @@ namespace VanticRestKit::detail {
 namespace {
 thread_local bool inPool = false;
 
-/// How long no strand is taken before another thread is worth its cost.
+/// How long ready strands may wait before a spare thread is started.
 constexpr std::chrono::milliseconds patience{20};
 }  // namespace
 
@@ -21,7 +21,7 @@ Pool::Pool() : limit_(std::clamp<std::size_t>(std::thread::hardware_concurrency(
 
 Pool& Pool::shared() {
     static Pool& pool = *new Pool;
-    // A child of fork has none of the threads, and begins with an empty pool in the place of the old one.
+    // A forked child has none of the threads, so it starts with an empty pool in the same place.
     pool.mark_.renewInChild([] { new (&pool) Pool; });
     return pool;
 }
@@ -35,13 +35,13 @@ void Pool::add(std::shared_ptr<Strand> strand) {
     {
         const std::lock_guard lock(mutex_);
         ready_.push_back(std::move(strand));
-        wake = coming_ < ready_.size() && callSleeper();
+        wake = waking_ < ready_.size() && claimSleeper();
         start = wantsThread();
-        watch = wantsWatch();
+        watch = claimWatch();
     }
     if (wake) bell_.ring();
     if (start) startThread();
-    if (watch) callWatch();
+    if (watch) wakeWatch();
 }
 
 void Pool::beginWait() {
@@ -57,7 +57,7 @@ void Pool::beginWait() {
 void Pool::endWait() {
     const std::lock_guard lock(mutex_);
     --waiting_;
-    if (hasSurplus() && callSleeper()) bell_.ring();
+    if (hasSurplus() && claimSleeper()) bell_.ring();
 }
 
 void Pool::pause() { ++pauses_; }
@@ -65,7 +65,7 @@ void Pool::pause() { ++pauses_; }
 void Pool::resume() {
     const std::lock_guard lock(mutex_);
     if (--pauses_ > 0) return;
-    while (callSleeper()) bell_.ring();
+    while (claimSleeper()) bell_.ring();
 }
 
 std::size_t Pool::threads() const {
@@ -80,10 +80,10 @@ bool Pool::wantsThread() {
     return true;
 }
 
-bool Pool::callSleeper() {
+bool Pool::claimSleeper() {
     if (sleeping_ == 0) return false;
     --sleeping_;
-    ++coming_;
+    ++waking_;
     return true;
 }
 
@@ -92,7 +92,7 @@ void Pool::sleep(std::unique_lock<std::mutex>& lock) {
     lock.unlock();
     bell_.sleep();
     lock.lock();
-    --coming_;
+    --waking_;
 }
 
 bool Pool::run(std::shared_ptr<Strand>& strand) {
@@ -104,7 +104,7 @@ bool Pool::run(std::shared_ptr<Strand>& strand) {
 
 void Pool::startThread() {
     if (detail::startThread("vrk-pool", [this] { work(); })) return;
-    // The system gives no more threads. Those that are there go on, and the next post tries again.
+    // The system has no more threads. Existing ones continue, and the next post tries again.
     {
         const std::lock_guard lock(mutex_);
         --threads_;
@@ -137,30 +137,30 @@ void Pool::work() {
         auto strand = std::move(ready_.front());
         ready_.pop_front();
         ++taken_;
-        const bool watch = wantsWatch();
+        const bool watch = claimWatch();
         lock.unlock();
-        if (watch) callWatch();
+        if (watch) wakeWatch();
         const bool hasMore = run(strand);
         lock.lock();
         if (hasMore) ready_.push_back(std::move(strand));
         ++idle_;
-        // This thread takes one of those that are ready; a second one is for somebody else.
-        if (coming_ + 1 < ready_.size() && callSleeper()) bell_.ring();
+        // This thread takes one ready strand; wake another thread if there are more.
+        if (waking_ + 1 < ready_.size() && claimSleeper()) bell_.ring();
     }
-    // Not one too many for the moment, but one that is not needed any more.
+    // This was an unneeded spare, not just a surplus after a wait.
     if (threads_ - waiting_ <= allowed()) --spares_;
     --threads_;
-    // The call that ended this thread may have been meant for one that works.
-    if (!ready_.empty() && callSleeper()) bell_.ring();
-    const bool watch = wantsWatch();
+    // The wake-up that this thread consumed may have been meant for one that would work.
+    if (!ready_.empty() && claimSleeper()) bell_.ring();
+    const bool watch = claimWatch();
     threadsChanged_.notify_all();
     lock.unlock();
-    if (watch) callWatch();
+    if (watch) wakeWatch();
 }
 
-bool Pool::wantsWatch() { return isCrowded() && !std::exchange(isWatched_, true); }
+bool Pool::claimWatch() { return isCrowded() && !std::exchange(isWatched_, true); }
 
-void Pool::callWatch() {
+void Pool::wakeWatch() {
     {
         const std::lock_guard lock(mutex_);
         if (std::exchange(hasWatch_, true)) {
@@ -186,7 +186,7 @@ void Pool::watch() {
             lock.unlock();
             watchBell_.sleep();
             lock.lock();
-        } else if (taken_ == before && isCrowded() && !isPaused() && spares_ < mostSpares) {
+        } else if (taken_ == before && isCrowded() && !isPaused() && spares_ < maxSpares) {
             ++spares_;
             const bool start = wantsThread();
             lock.unlock();

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Pool`: the threads that all strands share.
+/// `Pool`: the threads shared by all strands.
 
 #include <VanticRestKit/platform/dispatch/detail/Bell.h>
 #include <VanticRestKit/platform/dispatch/detail/Fork.h>
@@ -18,34 +18,34 @@ namespace VanticRestKit::detail {
 
 class Strand;
 
-/// A few threads, started when there is work for them. Made on first use and never destroyed.
+/// A few threads, started on demand. Made on first use and never destroyed.
 ///
-/// At most `limit()` threads work at a time. A thread that waits for a group does not count, so that another
-/// may work in its place; when it comes back the surplus one ends. Of a thread that blocks in any other way
-/// nobody is told: a watch sees that strands are ready and none was taken for a while, and has one more
-/// thread work. Such a spare thread ends when there are more without work than `limit()`.
+/// At most `limit()` threads work at once. A thread that waits for a group does not count, so another may take its
+/// place; when it returns, the surplus thread ends. The pool is not told when a thread blocks in any other way:
+/// instead a watch thread adds a spare thread whenever strands are ready and none has been taken for a while. A spare
+/// thread ends when more than `limit()` threads are idle.
 class Pool {
 public:
     static Pool& shared();
 
-    /// Puts `strand` at the end of the line.
+    /// Appends `strand` to the ready list.
     void add(std::shared_ptr<Strand> strand);
 
-    /// Whether the calling thread is one of the pool's.
+    /// Whether the calling thread belongs to the pool.
     static bool isPoolThread() noexcept;
 
-    /// The calling pool thread is about to block; it works again after `endWait()`.
+    /// Tells the pool that the calling pool thread blocks until `endWait()`.
     void beginWait();
     void endWait();
 
-    /// Holds back every block that has not started, until as many `resume()` have followed.
+    /// No further block starts until `resume()` has been called as often.
     void pause();
     void resume();
     bool isPaused() const noexcept { return pauses_.load() != 0; }
 
-    /// How many threads work at a time where none blocks.
+    /// How many threads work at once if none blocks.
     std::size_t limit() const noexcept { return limit_; }
-    /// How many threads there are, those that wait included.
+    /// The number of threads, including waiting ones.
     std::size_t threads() const;
 
 private:
@@ -53,32 +53,32 @@ private:
 
     Pool();
 
-    /// Beyond that many spare threads blocked strands have to wait for each other.
-    static constexpr std::size_t mostSpares = 60;
+    /// The most spare threads that are added for blocked strands.
+    static constexpr std::size_t maxSpares = 60;
 
     void work();
-    /// Runs some of the blocks of `strand`, and lets go of it if it has no more. Returns whether it has.
+    /// Runs some blocks of `strand`, and releases it if it has no more. Returns whether it has more.
     static bool run(std::shared_ptr<Strand>& strand);
-    /// What the thread of the watch does.
+    /// Body of the watch thread.
     void watch();
-    /// Under the lock: whether strands are ready for which no thread is left.
+    /// Under the lock: whether more strands are ready than threads are free.
     bool isCrowded() const noexcept { return ready_.size() > idle_ && threads_ - waiting_ >= allowed(); }
     /// How many threads may work now.
     std::size_t allowed() const noexcept { return limit_ + spares_; }
-    /// Under the lock: whether there is work that needs one more thread, which is then counted already.
+    /// Under the lock: whether a thread must be started, which is then already counted.
     bool wantsThread();
     void startThread();
-    /// Runs what is ready on the calling thread, as long as no thread of the pool is there to do it.
+    /// Runs ready strands on the calling thread while the pool has no thread that can.
     void runHere();
-    /// Under the lock: whether the watch is needed and sleeps. It counts as awake then, and the caller has to call
-    /// it without the lock.
-    bool wantsWatch();
-    void callWatch();
-    /// Under the lock: whether a thread sleeps, which the caller then has to wake and which counts as coming.
-    bool callSleeper();
-    /// Gives the lock back while nobody calls.
+    /// Under the lock: whether the watch is needed and asleep. If so it counts as awake, and the caller must call
+    /// `wakeWatch()` after releasing the lock.
+    bool claimWatch();
+    void wakeWatch();
+    /// Under the lock: whether a thread sleeps. If so it counts as waking, and the caller must ring the bell.
+    bool claimSleeper();
+    /// Sleeps until woken, with the lock released.
     void sleep(std::unique_lock<std::mutex>& lock);
-    /// Under the lock, for a thread that looks for work: whether it is to end instead.
+    /// Under the lock, for a thread that looks for work: whether it should end instead.
     bool hasSurplus() const noexcept {
         return threads_ - waiting_ > allowed() || (spares_ > 0 && idle_ > limit_);
     }
@@ -92,24 +92,24 @@ private:
     std::deque<std::shared_ptr<Strand>> ready_;
     std::atomic<int> pauses_{0};
     std::size_t threads_ = 0;
-    /// Threads that look for work, those included that have not come that far yet.
+    /// Threads that look for work, including ones that are only starting.
     std::size_t idle_ = 0;
-    /// Those of them that sleep, and those that were woken and have not come that far yet.
+    /// Idle threads that sleep, and those that have been woken but do not run yet.
     std::size_t sleeping_ = 0;
-    std::size_t coming_ = 0;
+    std::size_t waking_ = 0;
     /// Threads that wait for a group.
     std::size_t waiting_ = 0;
-    /// How many threads more than the limit may work now.
+    /// How many threads beyond the limit may work now.
     std::size_t spares_ = 0;
-    /// How often a strand was taken.
+    /// How many strands have been taken in total.
     std::uint64_t taken_ = 0;
-    /// Rung when `isWatched_` was set while the watch sleeps.
+    /// Rung when `isWatched_` is set while the watch sleeps.
     Bell watchBell_;
     bool hasWatch_ = false;
     bool isWatched_ = false;
 };
 
-/// Counts the calling thread as waiting for the time of its life, if it is one of the pool's.
+/// While it exists, the calling thread counts as waiting, if it belongs to the pool.
 class PoolWait {
 public:
     PoolWait() : isCounted_(Pool::isPoolThread()) {

@@ -8,7 +8,7 @@ namespace VanticRestKit::detail {
 
 void Strand::add(Block block, bool isUnhurried) {
     auto node = std::make_unique<BlockNode>(std::move(block));
-    // In a child of fork, the pool that knew of this strand is gone, and a thread of it may hold the lock.
+    // In a forked child the pool that had scheduled this strand is gone, and one of its threads may hold the lock.
     mark_.renewInChild([this] {
         new (&mutex_) std::mutex;
         blocks_.abandon();
@@ -19,7 +19,7 @@ void Strand::add(Block block, bool isUnhurried) {
         const std::lock_guard lock(mutex_);
         blocks_.push(std::move(node));
         if (isScheduled_) return;
-        if (isUnhurried && ++unhurried_ < mostUnhurried) return;
+        if (isUnhurried && ++unhurried_ < maxUnhurried) return;
         unhurried_ = 0;
         isScheduled_ = true;
     }
@@ -32,7 +32,7 @@ bool Strand::run() {
         std::unique_ptr<BlockNode> node;
         {
             const std::lock_guard lock(mutex_);
-            // Looked at under the lock, so that nothing posted after the pause began can slip in.
+            // Checked under the lock, so that no block posted after the pause began can run.
             if (Pool::shared().isPaused()) return true;
             node = blocks_.pop();
             if (node == nullptr) {

@@ -12,9 +12,8 @@
 
 namespace VanticRestKit::detail {
 
-/// A queue without a thread. While it has blocks it stands in the pool's line or is being run, which also
-/// keeps it alive: nothing that was posted is lost with the last handle, but for unhurried blocks that
-/// nothing followed.
+/// A queue without a thread of its own. While it has blocks, it is on the pool's ready list or is being run, which also
+/// keeps it alive: blocks are not lost with the last handle, except for unhurried ones that no other block followed.
 class Strand final : public Queue, public std::enable_shared_from_this<Strand> {
 public:
     using Queue::Queue;
@@ -22,23 +21,23 @@ public:
     void post(Block block) override { add(std::move(block), false); }
     void postUnhurried(Block block) override { add(std::move(block), true); }
 
-    /// Runs some of the blocks. Returns whether the strand has to stand in line again. For the pool only.
+    /// Runs some blocks. Returns whether the strand must be scheduled again. For the pool only.
     bool run();
 
 private:
     void add(Block block, bool isUnhurried);
 
-    /// So many unhurried blocks are worth a turn of their own.
-    static constexpr int mostUnhurried = 32;
-    /// After so many blocks the other strands have their turn.
+    /// This many unhurried blocks are scheduled without waiting for another block.
+    static constexpr int maxUnhurried = 32;
+    /// After this many blocks other strands get their turn.
     static constexpr int blocksPerTurn = 32;
 
     ForkMark mark_;
     std::mutex mutex_;
     BlockList blocks_;
-    /// Whether the pool knows of this strand.
+    /// Whether the strand is on the pool's ready list or is being run.
     bool isScheduled_ = false;
-    /// How many blocks came since the pool last knew of this strand, all of them unhurried.
+    /// The number of unhurried blocks posted since the strand was last scheduled.
     int unhurried_ = 0;
 };
 

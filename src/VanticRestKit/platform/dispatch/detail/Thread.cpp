@@ -16,7 +16,7 @@ struct Start {
     sigset_t hostSignals;
 };
 
-/// On a thread of the library, the mask of the host's thread for which it was started; null on the host's own.
+/// On a library thread, the signal mask of the host thread for which it was started; null on host threads.
 thread_local const sigset_t* hostSignals = nullptr;
 
 void* run(void* argument) {
@@ -36,22 +36,22 @@ sigset_t signalsToBlock() {
     return signals;
 }
 
-/// Keeps the file that this code is part of in memory until the process ends: a plugin of a host that is closed while
-/// one of its threads runs would take the thread's code away.
+/// Keeps the binary that contains this code loaded until the process ends: if a host closed a plugin while one of its
+/// threads ran, the thread's code would be unmapped.
 void stayLoaded() {
     static const bool isDone = [] {
         Dl_info own{};
         if (dladdr(reinterpret_cast<const void*>(&stayLoaded), &own) == 0 || own.dli_fname == nullptr)
             return false;
-        // A handle that is never closed. Null for a program, which stays anyway.
+        // A handle that is never closed. Null for an executable, which stays loaded anyway.
         return dlopen(own.dli_fname, RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE) != nullptr;
     }();
     static_cast<void>(isDone);
 }
 
 std::string shortName(std::string_view name) {
-    constexpr std::size_t longest = 15;
-    return std::string(name.substr(name.size() > longest ? name.size() - longest : 0));
+    constexpr std::size_t maxLength = 15;
+    return std::string(name.substr(name.size() > maxLength ? name.size() - maxLength : 0));
 }
 
 }  // namespace
@@ -63,7 +63,7 @@ bool startThread(std::string_view name, Block body) {
     if (pthread_attr_init(&attributes) != 0) return false;
     pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
 
-    // A new thread has the signal mask of the one that makes it.
+    // A new thread inherits the signal mask of its creator.
     const sigset_t blocked = signalsToBlock();
     sigset_t before;
     pthread_sigmask(SIG_SETMASK, &blocked, &before);

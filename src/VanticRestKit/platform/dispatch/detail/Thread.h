@@ -9,16 +9,15 @@
 
 namespace VanticRestKit::detail {
 
-/// Runs `body` on a new thread that is never joined. The host's signals are not handled there: all that are not
-/// faults of the thread itself are blocked, except while a `HostSignals` lives. Debuggers show the last 15 bytes of
-/// `name`.
+/// Runs `body` on a new detached thread. It handles no signals of the host: all except faults of the thread itself are
+/// blocked, unless a `HostSignals` exists. Debuggers show the last 15 bytes of `name`.
 ///
-/// Returns false where the system gives no thread; `body` is destroyed then.
+/// Returns false if the system has no thread; `body` is then destroyed.
 bool startThread(std::string_view name, Block body);
 
-/// For the time of its life, the calling thread of the library has the signal mask that the host would expect: that
-/// of the host's thread for which it was started. Lives around everything of the host's that a library thread runs,
-/// because a process started there inherits the mask. Does nothing on a thread of the host's.
+/// While it exists, the calling library thread has the signal mask that the host expects: that of the host thread for
+/// which it was started. Used around all host code that a library thread runs, because a process started there inherits
+/// the mask. Does nothing on the host's own threads.
 class HostSignals {
 public:
     HostSignals() noexcept;

@@ -27,7 +27,7 @@ public:
         return start;
     }
 
-    /// The system gave no thread: runs what there is on the calling one. The next post tries again.
+    /// Called if the system has no thread: runs the blocks on the calling thread. The next post tries again.
     void runHere() {
         const CurrentQueue scope(this);
         for (;;) {
@@ -59,7 +59,7 @@ public:
     }
 
 private:
-    // The thread is not in this process, and the lock may be held by it.
+    // The thread does not exist in this process, and may have held the lock.
     void renew() {
         new (&mutex_) std::mutex;
         new (&bell_) Bell;
@@ -67,14 +67,14 @@ private:
         sleeps_ = isStarted_ = false;
     }
 
-    // A thread that is awake looks here before it sleeps.
+    // A thread that is awake checks for blocks before it sleeps.
     void wake(std::unique_lock<std::mutex>& lock) {
         const bool sleeps = std::exchange(sleeps_, false);
         lock.unlock();
         if (sleeps) bell_.ring();
     }
 
-    /// Waits for blocks and takes all there are into `mail`, which is empty. False when no more follow.
+    /// Waits for blocks and moves all of them to `mail`, which is empty. False if no more can follow.
     bool take(BlockList& mail) {
         std::unique_lock lock(mutex_);
         while (blocks_.isEmpty()) {

@@ -9,8 +9,8 @@
 
 namespace VanticRestKit::detail {
 
-/// The handles' side of the queue. The thread has the other side and does not keep this one alive: when this
-/// one goes the thread runs what is left and ends.
+/// The part that handles refer to. The thread owns the other part and does not keep this one alive: when this one is
+/// destroyed, the thread runs the remaining blocks and ends.
 class ThreadQueue final : public Queue {
 public:
     explicit ThreadQueue(std::string label);

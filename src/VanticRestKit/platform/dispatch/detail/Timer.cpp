@@ -7,7 +7,7 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// Far beyond any host's life, and far from what a time point can hold.
+// Longer than any process runs, and far below what a time point can hold.
 constexpr std::chrono::duration<double> maxDelay = std::chrono::years(100);
 
 }  // namespace
@@ -26,14 +26,14 @@ Timer::Id Timer::add(std::chrono::duration<double> delay, Block function) {
     const std::lock_guard lock(mutex_);
     const Id id{.due = due, .number = ++lastNumber_};
     const auto place = functions_.emplace(id, std::move(function)).first;
-    // If the system gives no thread now, the next call asks again.
+    // If the system has no thread now, the next call tries again.
     if (!hasThread_) hasThread_ = startThread("VRK timer", [this] { run(); });
     if (place == functions_.begin()) changed_.notify_one();
     return id;
 }
 
 void Timer::remove(const Id& id) {
-    // Destroyed after the lock was given back: it may hold anything.
+    // Destroyed after the lock is released: its captures may run any code.
     decltype(functions_)::node_type removed;
     const std::lock_guard lock(mutex_);
     removed = functions_.extract(id);

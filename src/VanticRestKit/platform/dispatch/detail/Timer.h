@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Timer`: calls functions when their time has come.
+/// `Timer`: calls functions after a delay.
 
 #include <VanticRestKit/platform/dispatch/Replaceable.h>
 #include <VanticRestKit/platform/dispatch/TimerSource.h>
@@ -17,13 +17,13 @@
 
 namespace VanticRestKit::detail {
 
-/// One thread that sleeps until the next function is due, for the whole process. It starts with the first function,
-/// and the timer is never destroyed. Any thread may call.
+/// One thread for the whole process that sleeps until the next function is due. It starts with the first function; the
+/// timer is never destroyed. Thread-safe.
 class Timer {
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// Names one function that was added. The default value names none.
+    /// Identifies a function that was added; the default value identifies none.
     struct Id {
         Clock::time_point due{};
         std::uint64_t number = 0;
@@ -33,15 +33,15 @@ public:
 
     static Timer& shared();
 
-    /// Calls `function` on the timer's thread once `delay` has passed; it must not block. A delay beyond a hundred
-    /// years never passes. If there is a source, that one calls it, and the id names nothing: a function that it was
-    /// handed is not removed.
+    /// Calls `function`, which must not block, on the timer's thread after `delay`. A delay beyond a hundred years
+    /// never ends. If a source is set, it calls the function instead, and the id identifies nothing: a function given
+    /// to a source cannot be removed.
     Id add(std::chrono::duration<double> delay, Block function);
 
-    /// Drops a function that was not called yet, on the calling thread. Does nothing to one that was.
+    /// Destroys a function that has not been called yet, on the calling thread. No effect on one that has.
     void remove(const Id& id);
 
-    /// Hands all that is added from now on to `source`; null: keeps it here.
+    /// Gives all functions that are added from now on to `source`; null restores the timer itself.
     void setSource(std::shared_ptr<TimerSource> source) { source_.store(std::move(source)); }
 
 private:
