@@ -7,9 +7,8 @@
 
 namespace VanticRestKit {
 
-/// An instant, as the count of seconds since 1970-01-01 00:00:00 UTC, leap seconds left out. The count may
-/// have a fraction and may be any double at all, since a server may send any: do no integer arithmetic on it
-/// before its range is known.
+/// An instant: seconds since 1970-01-01 00:00:00 UTC, without leap seconds. The count may have a fraction and may be
+/// any double, since a server may send any: check its range before using integer arithmetic.
 using Date = std::chrono::sys_time<std::chrono::duration<double>>;
 
 }  // namespace VanticRestKit

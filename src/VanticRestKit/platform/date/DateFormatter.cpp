@@ -8,7 +8,7 @@ namespace VanticRestKit {
 
 namespace {
 
-/// How many bytes the digits at the front of `text` take.
+/// The length in bytes of the digits at the start of `text`.
 std::size_t lengthOfDigits(std::string_view text) {
     std::size_t length = 0;
     while (true) {

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `DateFormatter` and `ISO8601DateFormatter`: read instants from texts of a fixed pattern.
+/// `DateFormatter` and `ISO8601DateFormatter`: parse instants from strings of a fixed pattern.
 
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/Visibility.h>
@@ -12,53 +12,50 @@
 
 namespace VanticRestKit {
 
-/// A time zone of a fixed distance from UTC.
+/// A time zone with a fixed offset from UTC.
 struct TimeZone {
-    /// How many seconds the clocks of the zone are ahead of UTC.
+    /// The zone's offset from UTC in seconds; positive means ahead.
     int secondsFromGMT{};
 
-    /// The zone with an abbreviation, known for "UTC" and "GMT"; for another, nothing.
+    /// The zone with this abbreviation. Only "UTC" and "GMT" are known; empty for any other.
     VRK_EXPORT static std::optional<TimeZone> withAbbreviation(std::string_view abbreviation);
 
     friend bool operator==(const TimeZone&, const TimeZone&) = default;
 };
 
-/// Reads dates of the two patterns that the services use. A formatter of another pattern reads nothing.
+/// Parses dates of the two patterns that the services use. With any other pattern, nothing is parsed.
 ///
-/// A value like any other: any number of threads may read with one formatter as long as none changes it.
+/// A plain value: any number of threads may parse with one formatter as long as none modifies it.
 class VRK_EXPORT DateFormatter {
 public:
-    /// "2021-03-04T05:06:07+0000". The offset is "Z", "+hhmm" or "+hh:mm" and cannot be left out.
+    /// "2021-03-04T05:06:07+0000". The offset is "Z", "+hhmm" or "+hh:mm" and is required.
     static constexpr std::string_view apiPattern = "yyyy-MM-dd'T'HH:mm:ssZ";
-    /// "2021-03-04 05:06:07", in the zone of the formatter.
+    /// "2021-03-04 05:06:07", in the formatter's time zone.
     static constexpr std::string_view devicePattern = "yyyy-MM-dd HH:mm:ss";
 
-    /// One of the two patterns, exactly. At first it is empty, and nothing can be read.
+    /// One of the two patterns, exactly. Empty by default, in which case nothing can be parsed.
     std::string dateFormat{};
-    /// The zone of a text that tells none itself. Empty means the zone of the device at the time of reading.
+    /// The zone of a date that has no offset. Empty means the device's time zone at the time of parsing.
     std::optional<TimeZone> timeZone{};
-    /// The identifier of a locale, such as "en_US_POSIX". Neither pattern has words, so no locale changes
-    /// what is read.
+    /// A locale identifier such as "en_US_POSIX". It has no effect, since neither pattern contains words.
     std::optional<std::string> locale{};
 
-    /// The instant that `text`, UTF-8, names, or nothing where it does not have the form of the pattern.
-    ///
-    /// The year has four digits and is not 0000; every other field has one or two, of any script. The date is
-    /// one of the Gregorian calendar, carried back before its time as well. There is no hour 24, no second
-    /// 60 and no 30 February, and nothing may stand before or behind. A local time that the clocks of the
-    /// zone skip is no date; one that they show twice is the later instant.
+    /// The instant that `text`, in UTF-8, denotes; empty if it does not match the pattern. The year has four digits and
+    /// is not 0000; every other field has one or two digits, of any script. Dates are in the proleptic Gregorian
+    /// calendar. Hour 24, second 60, days that do not exist and any leading or trailing characters are refused. A local
+    /// time that the zone skips is no date; one that occurs twice is the later instant.
     std::optional<Date> date(std::string_view text) const;
 
-    /// As `date`, after every dot with digits behind it has been taken out of `rawDate`, wherever it stands.
-    /// A fraction of a second is lost in this way, not rounded.
+    /// As `date`, after every dot that is followed by digits has been removed from `rawDate`, with its digits, wherever
+    /// it occurs. A fraction of a second is dropped, not rounded.
     std::optional<Date> formattedDateWithoutMilliseconds(std::string_view rawDate) const;
 };
 
-/// Reads dates such as "2021-03-04T05:06:07Z" and "2021-03-04T05:06:07+10:00". Any thread.
+/// Parses dates such as "2021-03-04T05:06:07Z" and "2021-03-04T05:06:07+10:00". Any thread.
 class VRK_EXPORT ISO8601DateFormatter {
 public:
-    /// The instant that `text` names, or nothing. "T" and an offset must be there, a fraction of a second
-    /// must not; the offset is "Z", "+hh:mm" or "+hhmm". Else as `DateFormatter::date`.
+    /// The instant that `text` denotes, or empty. "T" and an offset are required and a fraction of a second is refused;
+    /// the offset is "Z", "+hh:mm" or "+hhmm". Otherwise as `DateFormatter::date`.
     std::optional<Date> date(std::string_view text) const;
 };
 

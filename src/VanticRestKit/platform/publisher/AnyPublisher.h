@@ -1,29 +1,26 @@
 #pragma once
 
 /// \file
-/// `AnyPublisher`: a stream of values that starts anew for each subscription.
+/// `AnyPublisher`: a stream of values that starts again for each subscription.
 
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/publisher/PublisherSteps.h>
 
 namespace VanticRestKit {
 
-/// The error type of what never fails. No value of it can be made.
+/// The error type of a publisher that never fails. It has no values.
 struct Never {
     Never() = delete;
 };
 
-/// A recipe for a stream: values in order, then one completion, normal or with an error of type E.
-///
-/// Nothing happens until somebody subscribes, and every subscription does its own work. The subscription's
-/// handle keeps it going: dropping it cancels, and cancellation reaches the source. After `cancel()` nothing
-/// more is delivered if it was called on the delivering thread, and at most what was just being delivered if
-/// it was called on another. A receiving function is destroyed when the stream has ended or was cancelled.
-///
-/// Everything runs on the thread on which the source sends, unless `receiveOn` moves it. A publisher is a
-/// value; copies share the recipe, and any number of threads may subscribe. The functions handed to its
-/// operators are shared by all subscriptions and are called by several threads at once if the sources send
-/// so.
+/// Describes a stream: values in order, then one completion, either normal or with an error of type E. Nothing happens
+/// until a subscriber subscribes, and each subscription does its own work. The subscription lasts as long as its
+/// handle: dropping the handle cancels it, and cancellation reaches the source. After `cancel()` on the delivering
+/// thread nothing more is delivered; after `cancel()` on another thread, at most the delivery then in progress
+/// finishes. The subscriber's functions are destroyed when the stream ends or is cancelled. Everything runs on the
+/// thread on which the source sends, unless `receiveOn` changes that. A publisher is a value; copies share its
+/// description, and any number of threads may subscribe. The functions passed to its operators are shared by all
+/// subscriptions and may be called by several threads at once if the sources send so.
 ///
 ///     const auto numbers = AnyPublisher<int, Error>::just(20).map([](int n) { return n + 1; });
 ///     Cancellable subscription = numbers.sink([](int n) { ... }, [](Result<void, Error> end) { ... });
@@ -35,12 +32,12 @@ public:
     /// What it may fail with.
     using Failed = E;
 
-    // Copies only: one that was moved from would be no publisher.
+    // Copies only: a moved-from publisher would have no source.
     AnyPublisher(const AnyPublisher&) = default;
     AnyPublisher& operator=(const AnyPublisher&) = default;
 
     /// A publisher that calls `start(Subscriber<T, E>)` for each subscription, on the subscribing thread.
-    /// `start` returns what cancels the work; that is called no more once the source has completed by itself.
+    /// `start` returns the handle that cancels the work; it is not cancelled once the source has completed by itself.
     template <class Start>
     static AnyPublisher create(Start start) {
         return AnyPublisher(std::make_shared<const detail::CreatedSource<T, E, Start>>(std::move(start)));
@@ -63,7 +60,7 @@ public:
         });
     }
 
-    /// Subscribes. Either function may be empty. A source that sends at once does so before this returns.
+    /// Subscribes. Either function may be empty. A source that sends immediately does so before this returns.
     [[nodiscard]] Cancellable sink(UniqueFunction<void(T)> onValue,
                                    UniqueFunction<void(Result<void, E>)> onCompletion = {}) const {
         const auto end = std::make_shared<detail::Sink<T, E>>(std::move(onValue), std::move(onCompletion));
@@ -71,13 +68,13 @@ public:
         return Cancellable(end);
     }
 
-    /// Sends everything on to a subscriber that is there already: how a source made by `create` goes on as
-    /// one other publisher, whose end is then its own.
+    /// Forwards everything to an existing subscriber: lets a source made by `create` continue as another publisher,
+    /// whose completion then becomes its own.
     [[nodiscard]] Cancellable subscribe(Subscriber<T, E> subscriber) const {
         return source_->subscribe(subscriber.forStep());
     }
 
-    /// Each value through `function`: T to U.
+    /// Applies `function`, T to U, to each value.
     template <class Function, class U = std::invoke_result_t<const Function&, T>>
     AnyPublisher<U, E> map(Function function) const {
         auto succeed = [inner = std::move(function)](T value) {
@@ -86,8 +83,8 @@ public:
         return through<U, E>(detail::TryMapStep<T, E, U, E, decltype(succeed)>{std::move(succeed)});
     }
 
-    /// Each value through `function`: T to `Result<U, F>`. A failure cancels the source and ends the stream
-    /// with that error. Errors from above pass as F, which must be E or be made from it.
+    /// Applies `function`, T to `Result<U, F>`, to each value. A failure cancels the source and ends the stream with
+    /// that error. Upstream errors pass as F, which must be E or constructible from it.
     template <class Function, class Mapped = std::invoke_result_t<const Function&, T>>
     AnyPublisher<typename Mapped::value_type, typename Mapped::error_type> tryMap(Function function) const {
         using U = typename Mapped::value_type;
@@ -95,14 +92,13 @@ public:
         return through<U, F>(detail::TryMapStep<T, E, U, F, Function>{std::move(function)});
     }
 
-    /// The error through `function`: E to F. It sees errors of the source and of the steps above, and nothing
-    /// else.
+    /// Applies `function`, E to F, to an error of the source or of an earlier operator.
     template <class Function, class F = std::invoke_result_t<const Function&, E>>
     AnyPublisher<T, F> mapError(Function function) const {
         return through<T, F>(detail::MapErrorStep<T, E, F, Function>{std::move(function)});
     }
 
-    /// Each value, bytes, through `decoder.decode<U>(bytes)`, which returns `Result<U, Error>`.
+    /// Decodes each value, which holds bytes, by `decoder.decode<U>(bytes)`, which returns `Result<U, Error>`.
     template <class U, class Decoder>
     AnyPublisher<U, Error> decode(Decoder decoder) const {
         return tryMap([inner = std::move(decoder)](const T& bytes) -> Result<U, Error> {
@@ -110,17 +106,17 @@ public:
         });
     }
 
-    /// `replacement` and the normal end in the place of an error.
+    /// Replaces an error by `replacement` and normal completion.
     AnyPublisher<T, Never> replaceError(T replacement) const {
         return through<T, Never>(detail::ReplaceErrorStep<T, E, Never>{std::move(replacement)});
     }
 
-    /// Delivers on `queue`, values and completion in their order.
+    /// Delivers values and completion on `queue`, in order.
     AnyPublisher receiveOn(DispatchQueue queue) const {
         return AnyPublisher(std::make_shared<const detail::QueuedSource<T, E>>(source_, std::move(queue)));
     }
 
-    /// This publisher: every publisher is type-erased already.
+    /// Returns this publisher: every publisher is already type-erased.
     AnyPublisher eraseToAnyPublisher() const { return *this; }
 
 private:

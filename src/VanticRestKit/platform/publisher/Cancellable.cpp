@@ -10,7 +10,7 @@ CancelTarget::~CancelTarget() = default;
 
 namespace {
 
-/// A function that is called at the first cancelling.
+/// A function that is called by the first `cancel()`.
 class FunctionTarget final : public CancelTarget {
 public:
     explicit FunctionTarget(Block function) noexcept : function_(std::move(function)) {}
@@ -35,7 +35,7 @@ Cancellable::Cancellable(Block onCancel) {
 }
 
 Cancellable& Cancellable::operator=(Cancellable&& other) noexcept {
-    // What was held goes last, when this already holds the new target: cancelling may look at this.
+    // The old target is cancelled last, once this holds the new one: cancelling may use this object.
     Cancellable incoming(std::move(other));
     Cancellable outgoing(std::move(*this));
     target_ = std::move(incoming.target_);
@@ -43,7 +43,7 @@ Cancellable& Cancellable::operator=(Cancellable&& other) noexcept {
 }
 
 Cancellable::~Cancellable() {
-    // Dropping may look at this object.
+    // Dropping may use this object.
     if (const auto target = std::exchange(target_, nullptr)) target->drop();
 }
 

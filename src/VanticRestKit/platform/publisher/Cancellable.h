@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Cancellable`: the handle that keeps a subscription going.
+/// `Cancellable`: the handle of an operation or subscription.
 
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/Visibility.h>
@@ -13,7 +13,7 @@ namespace VanticRestKit {
 
 namespace detail {
 
-/// What a `Cancellable` cancels.
+/// The object that a `Cancellable` cancels.
 class VRK_EXPORT CancelTarget {
 public:
     CancelTarget() = default;
@@ -21,28 +21,26 @@ public:
     CancelTarget& operator=(const CancelTarget&) = delete;
     virtual ~CancelTarget();
 
-    /// Called on any thread, any number of times; the first call counts.
+    /// Called on any thread, any number of times; only the first call has an effect.
     virtual void cancel() = 0;
 
-    /// The handle goes without `cancel()`. Called on any thread, once.
+    /// The handle was destroyed without `cancel()`. Called once, on any thread.
     virtual void drop() { cancel(); }
 };
 
 }  // namespace detail
 
-/// Owns something that is under way; destroying it cancels that.
+/// Owns an operation in progress; destroying the handle cancels it.
 ///
 /// For a load, `cancel()` and destruction differ: after `cancel()` its completion is called with the error of a
-/// cancelled load; after destruction it is not called. A subscription delivers nothing after either.
-///
-/// `cancel()` may be called on any thread, by several at once too. As with every object, nobody may use it
-/// any more while it is moved or destroyed.
+/// cancelled load; after destruction it is not called. A subscription delivers nothing after either. `cancel()` may be
+/// called on any thread, and by several threads at once, but not while the handle is being moved or destroyed.
 class VRK_EXPORT Cancellable {
 public:
     /// Cancels nothing.
     Cancellable() noexcept = default;
 
-    /// Runs `onCancel` at the first `cancel()`, on its thread, and destroys it.
+    /// The first `cancel()` runs `onCancel` on its thread and destroys it.
     explicit Cancellable(Block onCancel);
 
     /// Cancels `target`. Null cancels nothing.
@@ -50,14 +48,14 @@ public:
         : target_(std::move(target)) {}
 
     Cancellable(Cancellable&& other) noexcept = default;
-    /// Cancels what this held before.
+    /// Cancels the operation that this handle owned before.
     Cancellable& operator=(Cancellable&& other) noexcept;
     ~Cancellable();
 
-    /// Cancels now. Later calls do nothing.
+    /// Cancels the operation. Further calls do nothing.
     void cancel() const;
 
-    /// Lets what is under way go on without this handle, which then cancels nothing.
+    /// Releases the operation, which continues; the handle then owns nothing.
     void detach() noexcept { target_.reset(); }
 
 private:

@@ -6,15 +6,14 @@ Gate::~Gate() = default;
 
 void Gate::attach(Cancellable upstream) {
     const std::lock_guard lock(upstreamMutex_);
-    // Where it is closed by now, nobody comes any more to take the handle: it goes with the argument, when
-    // the lock has been given back.
+    // If the gate has been closed, the handle is destroyed with the argument, after the lock is released.
     if (!isClosed()) upstream_ = std::move(upstream);
 }
 
 void Gate::cancel() {
     const std::uint32_t before = state_.fetch_or(closed, std::memory_order_acq_rel);
     if ((before & closed) != 0) return;
-    letGoOfSource();
+    releaseSource();
     if (before == 0) release();
 }
 
@@ -31,7 +30,7 @@ bool Gate::enterLast() {
     do {
         if ((state & closed) != 0) return false;
     } while (!state_.compare_exchange_weak(state, (state + 1) | closed, std::memory_order_acq_rel));
-    letGoOfSource();
+    releaseSource();
     return true;
 }
 
@@ -39,7 +38,7 @@ void Gate::leave() {
     if (state_.fetch_sub(1, std::memory_order_acq_rel) == (closed | 1)) release();
 }
 
-void Gate::letGoOfSource() {
+void Gate::releaseSource() {
     Cancellable upstream;
     {
         const std::lock_guard lock(upstreamMutex_);

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What publishers are made of: sources, steps and ends. Hosts use them through `AnyPublisher`.
+/// The parts of publishers: sources, operators and sinks. Hosts use them through `AnyPublisher`.
 
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/publisher/Subscriber.h>
@@ -12,7 +12,7 @@
 
 namespace VanticRestKit::detail {
 
-/// Starts subscriptions. Any number of them, from any threads.
+/// Starts any number of subscriptions, on any thread.
 template <class T, class E>
 class Source {
 public:
@@ -37,7 +37,7 @@ private:
     Start start_;
 };
 
-/// Sends what comes from T and E on as U and F. `Step` has `receive(T, const Subscriber<U, F>&) const` and
+/// Converts a stream of T and E to one of U and F. `Step` has `receive(T, const Subscriber<U, F>&) const` and
 /// `complete(Result<void, E>, const Subscriber<U, F>&) const`, and is shared by all subscriptions.
 template <class T, class E, class U, class F, class Step>
 class SteppedSource final : public Source<U, F> {
@@ -67,7 +67,7 @@ private:
     std::shared_ptr<const Step> step_;
 };
 
-/// The same completion with another error type. `Never` turns into anything, since it does not occur.
+/// The same completion with another error type. `Never` converts to any type, since it never occurs.
 template <class F, class E>
 Result<void, F> withErrorAs(const Result<void, E>& result) {
     if (result) return {};
@@ -75,12 +75,12 @@ Result<void, F> withErrorAs(const Result<void, E>& result) {
         return Failure(F(result.error()));
     } else {
         static_assert(!std::is_default_constructible_v<E> && std::is_empty_v<E>,
-                      "the error types do not fit");
+                      "the error type cannot be converted");
         std::abort();
     }
 }
 
-/// Values through a function that may fail; a failure ends the stream and cancels what is above.
+/// Applies a function that may fail to values; a failure ends the stream and cancels the upstream.
 template <class T, class E, class U, class F, class Function>
 struct TryMapStep {
     Function function;
@@ -97,7 +97,7 @@ struct TryMapStep {
     }
 };
 
-/// Errors through a function.
+/// Applies a function to errors.
 template <class T, class E, class F, class Function>
 struct MapErrorStep {
     Function function;
@@ -111,7 +111,7 @@ struct MapErrorStep {
     }
 };
 
-/// A value and the normal end in the place of an error.
+/// Replaces an error by a value and normal completion.
 template <class T, class E, class F>
 struct ReplaceErrorStep {
     T replacement;
@@ -122,7 +122,7 @@ struct ReplaceErrorStep {
     }
 };
 
-/// The end of a subscription: the receiver's two functions.
+/// The receiving end of a subscription: the subscriber's two functions.
 template <class T, class E>
 class Sink final : public Receiver<T, E>, public Gate {
 public:
@@ -150,7 +150,7 @@ private:
     UniqueFunction<void(Result<void, E>)> onCompletion_;
 };
 
-/// The end of the part of a subscription above a change of queue: posts all that arrives.
+/// The end of the part of a subscription before a change of queue: posts everything that it receives.
 template <class T, class E>
 class QueueHop final : public Receiver<T, E>, public Gate {
 public:
@@ -168,7 +168,7 @@ public:
     }
 
 private:
-    // The ring with the gate below ends there: it lets go of this one when it closes.
+    // The downstream gate breaks the reference cycle: it releases this one when it closes.
     void release() override {}
 
     DispatchQueue queue_;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Subscriber`: to whom a publisher's source sends its values.
+/// `Subscriber`: receives the values of a publisher's source.
 
 #include <VanticRestKit/platform/publisher/Gate.h>
 #include <VanticRestKit/platform/result/Result.h>
@@ -13,7 +13,7 @@ namespace VanticRestKit {
 
 namespace detail {
 
-/// What a subscriber sends to: the next step of a publisher.
+/// The next step of a publisher.
 template <class T, class E>
 class Receiver {
 public:
@@ -28,11 +28,9 @@ public:
 
 }  // namespace detail
 
-/// The receiving end of one subscription. Copies are the same end.
-///
-/// A source sends any number of values one after another, from any threads but never from two at once, then
-/// one completion. What it sends after the completion or after the subscription was cancelled goes nowhere.
-/// Dropping all copies without a completion is allowed; nothing more is delivered then.
+/// The receiving end of one subscription. Copies refer to the same one. A source sends any number of values, from any
+/// thread but never from two at once, then one completion. Anything sent after the completion or after the subscription
+/// was cancelled is ignored. All copies may be dropped without a completion; then nothing more is delivered.
 template <class T, class E>
 class Subscriber {
 public:
@@ -40,10 +38,9 @@ public:
     Subscriber(std::shared_ptr<detail::Receiver<T, E>> receiver, std::shared_ptr<detail::Gate> gate) noexcept
         : receiver_(std::move(receiver)), gate_(std::move(gate)) {}
 
-    /// Sends `value`; the functions of the subscriber run inside this call, unless they were moved to a
-    /// queue.
+    /// Sends `value`; the subscriber's functions run inside this call, unless `receiveOn` moves them to a queue.
     void receive(T value) const {
-        // The call may cancel the source that owns this very object.
+        // The call may cancel the source that owns this object.
         const auto receiver = receiver_;
         if (!isEnded()) receiver->receive(std::move(value));
     }
@@ -56,19 +53,19 @@ public:
         receiver->complete(std::move(result));
     }
 
-    /// Whether nothing that is sent is delivered any more: cancelled, or ended by a step on the way.
+    /// Whether the subscription was cancelled or ended by an operator: nothing more is delivered.
     bool isEnded() const noexcept { return gate_->isClosed(); }
 
-    /// The same end of the same subscription, reached through `step`.
+    /// A subscriber for the same subscription that sends through `step`.
     template <class T0, class E0>
     Subscriber<T0, E0> through(std::shared_ptr<detail::Receiver<T0, E0>> step) const {
         return Subscriber<T0, E0>(std::move(step), gate_);
     }
 
-    /// The same end, in the hands of the source: when that completes by itself it is not cancelled any more.
+    /// A copy for the source: once that completes by itself, it is no longer cancelled.
     Subscriber forSource() const { return as(true); }
 
-    /// The same end, in the hands of a step, whose failure is to cancel the source.
+    /// A copy for an operator, whose failure cancels the source.
     Subscriber forStep() const { return as(false); }
 
 private:

@@ -14,8 +14,7 @@ using detail::URLCharacters;
 using detail::URLPart;
 using detail::URLText;
 
-/// An escaped slash would become a separator of segments, an escaped NUL the end of the text for a C
-/// function.
+/// Escapes that stay encoded: a decoded slash would separate segments, and a decoded NUL would end a C string.
 constexpr std::string_view keptInPath("/\0", 2);
 
 std::optional<std::string> decoded(const URLText& url, const URLPart& part) {

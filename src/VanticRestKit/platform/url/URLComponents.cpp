@@ -10,7 +10,7 @@ using detail::LeadingColon;
 using detail::SharedURLText;
 using detail::URLCharacters;
 
-/// A text that begins with ":" reads differently as a `URL` and as components.
+/// A string that begins with ":" is parsed differently as a `URL` and as components.
 bool readsDifferently(std::string_view text) { return text.empty() || text.front() == ':'; }
 
 URLQueryItem itemFrom(std::string_view text) {

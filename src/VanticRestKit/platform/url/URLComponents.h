@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `URLComponents`: the parts of a URL, with a query that can be changed.
+/// `URLComponents`: the parts of a URL, with a modifiable query.
 
 #include <VanticRestKit/platform/url/URL.h>
 #include <VanticRestKit/platform/url/URLQueryItem.h>
@@ -16,40 +16,39 @@
 
 namespace VanticRestKit {
 
-/// The parts of a URL. A value: copies change apart from each other. All getters decode.
-///
-/// Text whose escapes give bytes that are not UTF-8 is handed out as it is written, percent-encoded; query
-/// items alone hand out such bytes, so that a query which is read and set again stays what it was.
+/// The parts of a URL. A value: copies are independent. All getters decode. A part whose decoded bytes are not UTF-8 is
+/// returned percent-encoded, as written. Only query items return such bytes decoded, so that a query that is read and
+/// set again does not change.
 class VRK_EXPORT URLComponents {
 public:
-    /// Reads `text` (UTF-8) by the rules of `URL::make`, with two differences: an empty text is fine (no part
-    /// is there), and a text that begins with ":" is a path.
+    /// Parses `text`, in UTF-8, by the rules of `URL::make`, with two differences: an empty string is accepted and has
+    /// no parts, and a string that begins with ":" is a path.
     static std::optional<URLComponents> make(std::string_view text);
 
-    /// The parts of `url`. A `URL` holds its whole address, so `resolvingAgainstBaseURL` changes nothing.
+    /// The parts of `url`. `resolvingAgainstBaseURL` has no effect, since a `URL` always holds its whole address.
     static std::optional<URLComponents> make(const URL& url, bool resolvingAgainstBaseURL);
 
-    /// What stands before the first ":", with its case. Empty in a relative reference.
+    /// The part before the first ":", in its original case. Empty in a relative reference.
     std::optional<std::string> scheme() const;
-    /// The host with its case, an IPv6 address in its brackets. Empty where there is no "//"; an empty text
-    /// where nothing stands behind it.
+    /// The host in its original case; an IPv6 address with its brackets. Empty if there is no "//"; an empty string if
+    /// nothing follows it.
     std::optional<std::string> host() const;
-    /// The path. An empty text where there is none.
+    /// The path; an empty string if there is none.
     std::string path() const;
-    /// The query. Empty where there is no "?".
+    /// The query. Empty if there is no "?".
     std::optional<std::string> query() const;
 
-    /// The query split at "&" and the first "=" of each item. Empty where there is no query; an empty list
-    /// where the query is an empty text.
+    /// The query split at "&" and at the first "=" of each item. Empty if there is no query; an empty list if the query
+    /// is an empty string.
     std::optional<std::vector<URLQueryItem>> queryItems() const;
-    /// Replaces the query. An empty list leaves a query that is an empty text; no list leaves none.
+    /// Replaces the query. An empty list gives a query that is an empty string; an empty optional removes the query.
     void setQueryItems(const std::optional<std::vector<URLQueryItem>>& items);
 
-    /// The URL of these parts. Empty where no part is there, and where a path that begins with "://" is no
+    /// The URL of these parts. Empty if there are no parts, or if a path that begins with "://" is not followed by a
     /// host.
     std::optional<URL> url() const;
 
-    /// Whether both are written the same.
+    /// Whether both have the same string.
     friend bool operator==(const URLComponents& a, const URLComponents& b) noexcept { return a.equals(b); }
 
     URLComponents(const URLComponents&) = default;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `URLLiteral`: the text of an address, checked by the compiler.
+/// `URLLiteral`: an address that is checked by the compiler.
 
 #include <algorithm>
 #include <string_view>
@@ -17,12 +17,12 @@ constexpr bool isHexDigit(char c) noexcept {
 }
 constexpr bool isAlphanumeric(char c) noexcept { return isLetter(c) || isDecimalDigit(c); }
 
-/// Whether a path, query or fragment may hold this character as it is.
+/// Whether this character is allowed unencoded in a path, query or fragment.
 constexpr bool isURLCharacter(char c) noexcept {
     return isAlphanumeric(c) || std::string_view("-._~!$&'()*+,;=:@/").find(c) != std::string_view::npos;
 }
 
-/// Whether `text` holds only characters that may stand there, and whole escapes.
+/// Whether `text` consists of allowed characters and complete escapes.
 constexpr bool isEncoded(std::string_view text, bool mayHoldQuestionMarks) noexcept {
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '%') {
@@ -46,7 +46,7 @@ constexpr bool isHostAndPort(std::string_view text) noexcept {
     return !port.empty() && port.size() <= 5 && std::all_of(port.begin(), port.end(), isDecimalDigit);
 }
 
-/// Whether `text` is an address as `URLLiteral` accepts it.
+/// Whether `URLLiteral` accepts `text`.
 constexpr bool isURLLiteral(std::string_view text) noexcept {
     for (const std::string_view scheme : {std::string_view("https://"), std::string_view("http://")}) {
         if (!text.starts_with(scheme)) continue;
@@ -64,16 +64,15 @@ constexpr bool isURLLiteral(std::string_view text) noexcept {
     return false;
 }
 
-/// Never defined: what the compiler names where a literal is no address.
+/// Never defined: its name appears in the compiler error for an invalid literal.
 void literalIsNotAnHTTPAddress();
 
 }  // namespace detail
 
-/// A constant address, which `URL` takes in its constructor. A text that is no such address does not compile.
-///
-/// Accepted are "http://" and "https://" with a host of ASCII letters, digits, "-" and ".", an optional port, and a
-/// path, query and fragment that are percent-encoded already. Everything else (a user, an IPv6 address, another scheme,
-/// characters to be encoded) goes through `URL::make`.
+/// A constant address for the constructor of `URL`. An invalid one does not compile. Accepted are "http://" and
+/// "https://" with a host of ASCII letters, digits, "-" and ".", an optional port, and an already percent-encoded path,
+/// query and fragment. For anything else (a user, an IPv6 address, another scheme, characters to be encoded) use
+/// `URL::make`.
 class URLLiteral {
 public:
     /// Does not compile for a text that is no URL.

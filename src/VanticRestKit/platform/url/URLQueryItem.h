@@ -1,19 +1,18 @@
 #pragma once
 
 /// \file
-/// `URLQueryItem`: one name with its value in the query of a URL.
+/// `URLQueryItem`: a name and a value in the query of a URL.
 
 #include <optional>
 #include <string>
 
 namespace VanticRestKit {
 
-/// One item of a query, not percent-encoded on either side.
+/// One item of a query; name and value are not percent-encoded.
 struct URLQueryItem {
-    /// What stands before the "=". May be an empty text.
+    /// The part before the "="; may be an empty string.
     std::string name{};
-    /// What stands behind the "=". Empty means an item without "="; an empty text is one with "=" and nothing
-    /// behind it.
+    /// The part after the "=". Empty if the item has no "="; an empty string if nothing follows the "=".
     std::optional<std::string> value{};
 
     friend bool operator==(const URLQueryItem&, const URLQueryItem&) = default;

@@ -8,7 +8,7 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-/// What the clocks and the calendar show, not yet known to exist.
+/// A date and time of day, not yet validated.
 struct Fields {
     int year{};
     int month{};
@@ -18,7 +18,7 @@ struct Fields {
     int second{};
 };
 
-/// The seconds from 1970-01-01 00:00:00, or nothing where there is no such date or time of day.
+/// Seconds since 1970-01-01 00:00:00, or empty if there is no such date or time of day.
 std::optional<std::int64_t> secondsOf(const Fields& fields) noexcept {
     const std::chrono::year_month_day date(std::chrono::year(fields.year),
                                            std::chrono::month(static_cast<unsigned>(fields.month)),
@@ -31,21 +31,21 @@ std::optional<std::int64_t> secondsOf(const Fields& fields) noexcept {
 
 constexpr std::size_t plainLength = std::string_view("yyyy-MM-dd HH:mm:ss").size();
 
-/// Reads the spelling that nearly every date has: ASCII, and all fields at their full width. It is worth a
-/// way of its own because a list of videos holds hundreds of dates.
+/// Fast path for the form of nearly every date: ASCII, all fields at full width. A list of videos has hundreds of
+/// dates.
 bool readPlain(std::string_view text, char separator, Fields& fields) noexcept {
     if (text.size() < plainLength) return false;
-    unsigned strange = 0;
+    unsigned nonDigits = 0;
     const auto digit = [&](std::size_t place) {
         const unsigned value = static_cast<unsigned char>(text[place]) - unsigned{'0'};
-        strange |= value > 9 ? 1u : 0u;
+        nonDigits |= value > 9 ? 1u : 0u;
         return static_cast<int>(value);
     };
     const auto pair = [&](std::size_t place) { return digit(place) * 10 + digit(place + 1); };
     const bool signs =
         text[4] == '-' && text[7] == '-' && text[10] == separator && text[13] == ':' && text[16] == ':';
     fields = {pair(0) * 100 + pair(2), pair(5), pair(8), pair(11), pair(14), pair(17)};
-    return signs && strange == 0;
+    return signs && nonDigits == 0;
 }
 
 }  // namespace
@@ -64,15 +64,15 @@ std::optional<std::int64_t> DateReader::clockSeconds(char separator) noexcept {
 
 std::optional<std::int64_t> DateReader::offset() noexcept {
     if (take('Z')) return 0;
-    const bool behind = take('-');
-    if (!behind && !take('+')) return std::nullopt;
+    const bool isNegative = take('-');
+    if (!isNegative && !take('+')) return std::nullopt;
     int hours = 0;
     int minutes = 0;
     if (!number(2, 2, hours) || hours > 23) return std::nullopt;
     take(':');
     if (!number(2, 2, minutes) || minutes > 59) return std::nullopt;
     const std::int64_t seconds = hours * 3600 + minutes * 60;
-    return behind ? -seconds : seconds;
+    return isNegative ? -seconds : seconds;
 }
 
 bool DateReader::take(char sign) noexcept {
@@ -81,7 +81,7 @@ bool DateReader::take(char sign) noexcept {
     return true;
 }
 
-/// The value of the digit that stands next, of any script, or -1.
+/// The value of the next character if it is a digit, of any script; else -1.
 int DateReader::takeDigit() noexcept {
     if (rest_.empty()) return -1;
     const char next = rest_.front();
@@ -96,12 +96,12 @@ int DateReader::takeDigit() noexcept {
     return digit;
 }
 
-/// Takes as many digits as stand there, up to `mostDigits`; false where they are fewer than `fewestDigits`.
-bool DateReader::number(int fewestDigits, int mostDigits, int& value) noexcept {
+/// Takes up to `maxDigits` digits; false if there are fewer than `minDigits`.
+bool DateReader::number(int minDigits, int maxDigits, int& value) noexcept {
     value = 0;
-    for (int count = 0; count < mostDigits; ++count) {
+    for (int count = 0; count < maxDigits; ++count) {
         const int digit = takeDigit();
-        if (digit < 0) return count >= fewestDigits;
+        if (digit < 0) return count >= minDigits;
         value = value * 10 + digit;
     }
     return true;

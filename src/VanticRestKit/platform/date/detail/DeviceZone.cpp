@@ -15,15 +15,15 @@ namespace {
 
 constexpr std::int64_t hour = 3600;
 
-/// Farther from UTC than the clocks of any zone can be.
-constexpr std::int64_t farthestOffset = 26 * hour;
+/// More than the offset from UTC of any zone.
+constexpr std::int64_t maxOffset = 26 * hour;
 
-/// Shorter than the time that any zone has kept between two transitions; the least so far was four days.
+/// Less than the time between two transitions of any zone; the shortest so far was four days.
 constexpr std::int64_t probeStep = 72 * hour;
 
 constexpr std::int32_t never = std::numeric_limits<std::int32_t>::max();
 
-/// How many seconds the device's clocks are ahead of UTC at an instant.
+/// The device's offset from UTC, in seconds, at an instant.
 std::int32_t offsetAt(std::int64_t instant) noexcept {
     const auto time = static_cast<std::time_t>(instant);
     std::tm fields{};
@@ -31,7 +31,7 @@ std::int32_t offsetAt(std::int64_t instant) noexcept {
     return static_cast<std::int32_t>(fields.tm_gmtoff);
 }
 
-/// The first instant behind `from`, and not behind `to`, that has another offset than `from`.
+/// The first instant after `from`, at most `to`, with a different offset from that at `from`.
 std::int64_t transitionBetween(std::int64_t from, std::int64_t to) noexcept {
     const std::int32_t before = offsetAt(from);
     while (to - from > 1) {
@@ -41,25 +41,25 @@ std::int64_t transitionBetween(std::int64_t from, std::int64_t to) noexcept {
     return to;
 }
 
-/// The last instant at which the clocks show `clockSeconds`, asked of the C library alone. It can lie under
-/// two offsets only: that from before and that from behind a transition nearby.
+/// The last instant at which the local time is `clockSeconds`, by the C library alone. Only two offsets are possible:
+/// those before and after a nearby transition.
 std::optional<std::int64_t> searchedInstant(std::int64_t clockSeconds) noexcept {
-    for (const std::int64_t away : {farthestOffset, -farthestOffset}) {
+    for (const std::int64_t away : {maxOffset, -maxOffset}) {
         const std::int64_t instant = clockSeconds - offsetAt(clockSeconds + away);
         if (instant + offsetAt(instant) == clockSeconds) return instant;
     }
     return std::nullopt;
 }
 
-/// Has the C library read the zone anew. It takes a lock of its own for that, which ThreadSanitizer does not see; and
-/// so does this.
-void readZoneAnew() noexcept {
+/// Makes the C library read the zone again. It does so under a lock of its own that ThreadSanitizer does not see, hence
+/// a second lock here.
+void reloadZone() noexcept {
     static std::mutex& mutex = *new std::mutex;
     const std::lock_guard lock(mutex);
     tzset();
 }
 
-/// A clock that ticks a few hundred times a second and costs next to nothing to read.
+/// A clock with a resolution of a few milliseconds that is cheap to read.
 std::int64_t coarseTick() noexcept {
 #if defined(CLOCK_MONOTONIC_COARSE)
     constexpr clockid_t clock = CLOCK_MONOTONIC_COARSE;
@@ -79,17 +79,17 @@ DeviceZone& DeviceZone::ofThisThread() noexcept {
 }
 
 void DeviceZone::hold() noexcept {
-    if (holds_ == 0) lookForChange();
+    if (holds_ == 0) checkForChange();
     ++holds_;
 }
 
 void DeviceZone::release() noexcept { --holds_; }
 
 std::optional<std::int64_t> DeviceZone::instant(std::int64_t clockSeconds) noexcept {
-    if (holds_ == 0) lookForChange();
+    if (holds_ == 0) checkForChange();
     const auto number = static_cast<std::int32_t>(clockSeconds >> stretchBits);
     Stretch& stretch = stretches_[static_cast<std::uint32_t>(number) % stretchCount];
-    if (!stretch.known || stretch.number != number) stretch = learned(number);
+    if (!stretch.known || stretch.number != number) stretch = learn(number);
     const auto within = static_cast<std::int32_t>(clockSeconds & ((std::int64_t{1} << stretchBits) - 1));
     if (within < stretch.before) return clockSeconds - stretch.offsetBefore;
     if (within >= stretch.after) return clockSeconds - stretch.offsetAfter;
@@ -97,10 +97,10 @@ std::optional<std::int64_t> DeviceZone::instant(std::int64_t clockSeconds) noexc
     return std::nullopt;
 }
 
-DeviceZone::Stretch DeviceZone::learned(std::int32_t number) noexcept {
+DeviceZone::Stretch DeviceZone::learn(std::int32_t number) noexcept {
     const std::int64_t begin = static_cast<std::int64_t>(number) << stretchBits;
-    const std::int64_t end = begin + (std::int64_t{1} << stretchBits) + farthestOffset;
-    std::int64_t at = begin - farthestOffset;
+    const std::int64_t end = begin + (std::int64_t{1} << stretchBits) + maxOffset;
+    std::int64_t at = begin - maxOffset;
     std::int32_t offset = offsetAt(at);
     Stretch stretch{.number = number, .before = never, .after = never, .offsetBefore = offset, .known = true};
     for (; at < end; at += probeStep) {
@@ -114,7 +114,7 @@ DeviceZone::Stretch DeviceZone::learned(std::int32_t number) noexcept {
             stretch.several = true;
             return stretch;
         }
-        // Where the clocks go back, the hour that they show twice belongs to the later offset.
+        // If clocks go back, the repeated hour belongs to the later offset.
         const auto atTransition = static_cast<std::int32_t>(transition - begin);
         stretch.before = atTransition + std::min(offset, nextOffset);
         stretch.after = atTransition + nextOffset;
@@ -124,12 +124,12 @@ DeviceZone::Stretch DeviceZone::learned(std::int32_t number) noexcept {
     return stretch;
 }
 
-void DeviceZone::lookForChange() noexcept {
+void DeviceZone::checkForChange() noexcept {
     const char* const zoneText = std::getenv("TZ");
     const bool changed = !isRemembered(zoneText) || (zoneText == nullptr && systemZoneChanged());
     if (!changed) return;
     remember(zoneText);
-    readZoneAnew();
+    reloadZone();
     stretches_ = {};
 }
 
@@ -138,7 +138,7 @@ bool DeviceZone::isRemembered(const char* zoneText) const noexcept {
     return source_ == Source::variable && std::strcmp(zoneText, zoneText_.data()) == 0;
 }
 
-/// A text that is too long to be remembered counts as changed each time, which costs time and no more.
+/// A value that is too long to be stored counts as changed each time, which only costs time.
 void DeviceZone::remember(const char* zoneText) noexcept {
     source_ = Source::unknown;
     if (zoneText == nullptr) {

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The device's zone as the C library knows it, with a memory.
+/// `DeviceZone`: a cache of the C library's local time zone.
 
 #include <array>
 #include <cstddef>
@@ -10,26 +10,24 @@
 
 namespace VanticRestKit::detail {
 
-/// Turns what the clocks of the device's zone show into instants.
-///
-/// The C library answers under a lock, and for years to come it takes a microsecond. So each thread remembers
-/// what it was told, in stretches of about 48 days, each with the one transition that may fall into it. An
-/// object belongs to one thread.
+/// Converts local times of the device's zone to instants. The C library converts under a lock, and takes a microsecond
+/// for years in the future. So each thread caches offsets for stretches of about 48 days, each with the one transition
+/// that it may contain. An object belongs to one thread.
 class DeviceZone {
 public:
     static DeviceZone& ofThisThread() noexcept;
 
-    /// Between these two the zone is taken to stay as it is.
+    /// Between these two calls the zone is assumed not to change.
     void hold() noexcept;
     void release() noexcept;
 
-    /// The instant, in seconds since 1970 UTC, at which the clocks show `clockSeconds`; the later one where
-    /// they show it twice, nothing where they skip it. Years 1 to 9999.
+    /// The instant, in seconds since 1970 UTC, of the local time `clockSeconds`: the later one if it occurs twice,
+    /// empty if it is skipped. Years 1 to 9999.
     std::optional<std::int64_t> instant(std::int64_t clockSeconds) noexcept;
 
 private:
-    /// A stretch of clock time, counted from its beginning: below `before` one offset holds, from `after` on
-    /// the other. What lies between is skipped, unless the stretch has several transitions.
+    /// A stretch of local time. Counted from its beginning, one offset applies below `before` and the other from
+    /// `after` on. Times in between are skipped, unless the stretch has several transitions.
     struct Stretch {
         std::int32_t number{};
         std::int32_t before{};
@@ -40,7 +38,7 @@ private:
         bool several{};
     };
 
-    /// What tells one version of the system's zone file from another.
+    /// Identifies a version of the system's zone file.
     struct FileMark {
         std::uint64_t device{};
         std::uint64_t node{};
@@ -49,12 +47,12 @@ private:
         friend bool operator==(const FileMark&, const FileMark&) = default;
     };
 
-    void lookForChange() noexcept;
+    void checkForChange() noexcept;
     bool isRemembered(const char* zoneText) const noexcept;
     void remember(const char* zoneText) noexcept;
     bool systemZoneChanged() noexcept;
     static FileMark systemZoneMark() noexcept;
-    static Stretch learned(std::int32_t number) noexcept;
+    static Stretch learn(std::int32_t number) noexcept;
 
     static constexpr int stretchBits = 22;
     static constexpr std::size_t stretchCount = 256;

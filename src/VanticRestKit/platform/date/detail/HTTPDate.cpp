@@ -101,7 +101,7 @@ std::optional<seconds> dateOf(const Reader& reader, const Day& day, seconds time
 
 /// The year of two digits that is at most fifty years after `now`, and less than fifty before.
 int fullYear(int lastDigits, seconds now) noexcept {
-    // Beyond these years a date has no four digits.
+    // Outside this range a year does not have four digits.
     const seconds known = std::clamp(now, seconds(-60'000'000'000), seconds(250'000'000'000));
     const auto today = std::chrono::floor<std::chrono::days>(std::chrono::sys_seconds(known));
     const int thisYear = static_cast<int>(std::chrono::year_month_day(today).year());

@@ -1,17 +1,17 @@
 #pragma once
 
 /// \file
-/// Formatted text.
+/// printf-style formatting.
 
 #include <cstdint>
 #include <string>
 
 namespace VanticRestKit::detail {
 
-/// The text that the format "%.0f" makes of `number` when the number is handed over as the integer that it is.
+/// The result of formatting the integer `number` with "%.0f", without converting it to a double.
 ///
-/// The format reads a floating-point argument, and there is none, so this is "0" whatever `number` is. Texts made
-/// this way identify nothing.
+/// The format reads a floating-point argument that was not passed, so the result is "0" for every `number` and
+/// identifies nothing.
 inline std::string zeroFractionFormat([[maybe_unused]] std::uint64_t number) { return "0"; }
 
 }  // namespace VanticRestKit::detail

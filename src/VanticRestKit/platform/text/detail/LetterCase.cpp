@@ -12,17 +12,17 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-/// The one character whose lower case is two: a capital I with a dot, which becomes an i and a dot above.
+/// The only character whose lower case is two characters: capital I with dot above becomes i and a combining dot.
 constexpr char32_t dottedCapitalI = 0x130;
 constexpr std::string_view dottedSmallI = "i\u0307";
 
-/// The one character beyond ASCII whose lower case is ASCII: the Kelvin sign, which becomes a k.
+/// The only non-ASCII character whose lower case is ASCII: the Kelvin sign becomes k.
 constexpr std::string_view kelvinSign = "\u212A";
 
-/// The text with case folded and every character in its decomposed form; empty if it is not UTF-8.
+/// `text` case-folded and canonically decomposed; empty if it is not UTF-8.
 ///
 /// The only use of utf8proc: full case folding, decomposition and canonical order need several large tables and
-/// an algorithm over them. All else that the library knows of Unicode is in `UnicodeTables.inc`.
+/// an algorithm over them. All other Unicode data of the library is in `UnicodeTables.inc`.
 std::optional<std::string> folded(std::string_view text) {
     utf8proc_uint8_t* mapped = nullptr;
     const auto options =

@@ -1,18 +1,18 @@
 #pragma once
 
 /// \file
-/// The percent-encoding of form bodies.
+/// Percent-encoding of form bodies.
 
 #include <string>
 #include <string_view>
 
 namespace VanticRestKit::detail {
 
-/// `text`, UTF-8, with every character percent-encoded that is neither alphanumeric nor one of "-._~".
+/// `text`, in UTF-8, with all characters percent-encoded except alphanumeric ones and "-._~".
 ///
-/// Alphanumeric are letters, marks and numbers of every script, so "é" and "日" stay as they are, and what is
-/// returned may go beyond ASCII. A character that is encoded has each byte of its UTF-8 form written as
-/// "%XX", in capitals. Bytes that are not UTF-8 are encoded one by one.
+/// Letters, marks and numbers of every script are alphanumeric, so "é" and "日" are not encoded and the result may
+/// contain non-ASCII characters. Each UTF-8 byte of an encoded character becomes "%XX" with capital letters. Bytes that
+/// are not UTF-8 are encoded one by one.
 std::string paramsEncoded(std::string_view text);
 
 }  // namespace VanticRestKit::detail

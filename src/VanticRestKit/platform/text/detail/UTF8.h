@@ -1,9 +1,9 @@
 #pragma once
 
 /// \file
-/// The check, the reading and the writing of UTF-8.
+/// Validates, reads and writes UTF-8.
 ///
-/// Well-formed is what RFC 3629 allows: no overlong form, no surrogate, nothing above U+10FFFF, nothing cut off.
+/// Well-formed as in RFC 3629: no overlong form, no surrogate, nothing above U+10FFFF, nothing truncated.
 
 #include <cstddef>
 #include <string>
@@ -11,7 +11,7 @@
 
 namespace VanticRestKit::detail {
 
-/// A character and how many bytes it took. A length of 0 means that `text` does not begin with a well-formed one.
+/// A character and its length in bytes. A length of 0 means that there is no well-formed character.
 struct UTF8Character {
     char32_t code{};
     std::size_t length{};
@@ -36,13 +36,13 @@ inline std::size_t characterLength(const char* at, std::size_t size) noexcept {
     return length;
 }
 
-/// Whether `bytes` are well-formed throughout.
+/// Whether all of `bytes` is well-formed.
 bool isUTF8(std::string_view bytes) noexcept;
 
-/// The character at the beginning of `text`.
+/// The first character of `text`.
 UTF8Character firstCharacter(std::string_view text) noexcept;
 
-/// Appends `code`, which is at most U+10FFFF and no surrogate, to `text`.
+/// Appends `code` to `text`. It must be at most U+10FFFF and no surrogate.
 inline void appendUTF8(std::string& text, char32_t code) {
     const auto put = [&text](char32_t byte) { text.push_back(static_cast<char>(byte)); };
     if (code < 0x80) {

@@ -22,7 +22,7 @@ struct LowerRun {
 
 #include <VanticRestKit/platform/text/detail/UnicodeTables.inc>
 
-/// The entry of a sorted table that begins at `code` or next before it, or null where there is none.
+/// The last entry of a sorted table that begins at or before `code`, or null if there is none.
 template <class Entry, std::size_t Count, class First>
 const Entry* entryAtOrBefore(const Entry (&table)[Count], char32_t code, First first) {
     const Entry* const behind =

@@ -1,18 +1,17 @@
 #pragma once
 
 /// \file
-/// What the library knows of characters beyond ASCII.
+/// Properties of non-ASCII characters.
 
 namespace VanticRestKit::detail {
 
-/// Whether `code` is a letter, a mark or a number of any script.
+/// Whether `code` is a letter, mark or number of any script.
 bool isAlphanumeric(char32_t code) noexcept;
 
-/// The value of a decimal digit of any script, or -1 for another character.
+/// The value of a decimal digit of any script; -1 for any other character.
 int decimalDigit(char32_t code) noexcept;
 
-/// The lower case of `code` where that is one character, else `code` itself. The only character with a longer
-/// one is U+0130.
+/// The lower case of `code` if it is a single character, else `code` itself. Only U+0130 has a longer one.
 char32_t lowerCase(char32_t code) noexcept;
 
 }  // namespace VanticRestKit::detail

@@ -22,7 +22,7 @@ std::string unmistakablePath(const URLText& url, std::string path) {
 std::string withoutDotSegments(std::string_view path) {
     std::string out;
     while (!path.empty()) {
-        // A segment goes with the slash before it; only the first one may have none.
+        // A segment is removed with the slash before it; only the first one may have none.
         const std::string_view segment = path.substr(0, path.find('/', 1));
         path.remove_prefix(segment.size());
         const bool rooted = segment.front() == '/';

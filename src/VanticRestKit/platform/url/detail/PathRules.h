@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What the path of a URL may look like beside the other parts, and its dot segments.
+/// Unambiguous paths, and dot segments.
 
 #include <VanticRestKit/platform/url/detail/URLText.h>
 
@@ -10,9 +10,8 @@
 
 namespace VanticRestKit::detail {
 
-/// `path` written so that nobody reads a host or a scheme into it, given what `url` holds before its path.
-/// The outcome means the same: without a host "//x" becomes "/.//x"; without a host and a scheme "a:b"
-/// becomes "a%3Ab".
+/// An equivalent of `path` that cannot be mistaken for a host or scheme, given the parts of `url` before its path:
+/// without a host "//x" becomes "/.//x"; without a host and a scheme "a:b" becomes "a%3Ab".
 std::string unmistakablePath(const URLText& url, std::string path);
 
 /// `path` with its "." and ".." segments applied.

@@ -17,7 +17,7 @@ constexpr std::uint8_t everywhere = bit(URLCharacters::user) | bit(URLCharacters
                                     bit(URLCharacters::host) | bit(URLCharacters::path) |
                                     bit(URLCharacters::query) | bit(URLCharacters::queryItem);
 
-/// For each byte the parts that may hold it (RFC 3986, appendix A).
+/// For each byte, the parts in which it is allowed (RFC 3986, appendix A).
 constexpr std::array<std::uint8_t, 256> holders = [] {
     std::array<std::uint8_t, 256> table{};
     const auto give = [&table](std::string_view characters, std::uint8_t parts) {
@@ -27,7 +27,7 @@ constexpr std::array<std::uint8_t, 256> holders = [] {
         }
     };
     give("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~!$'()*+,;", everywhere);
-    // They part the items of a query, so they stand in every part but inside an item.
+    // They separate query items, so they are allowed in every part except inside an item.
     give("&=", static_cast<std::uint8_t>(everywhere & ~bit(URLCharacters::queryItem)));
     give(":", bit(URLCharacters::password));
     give(":@/", bit(URLCharacters::path) | bit(URLCharacters::query) | bit(URLCharacters::queryItem));

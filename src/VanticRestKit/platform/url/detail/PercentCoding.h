@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Which characters each part of a URL may hold, and the percent-encoding of the others.
+/// Which characters are allowed in each part of a URL, and percent-encoding of the others.
 
 #include <cstdint>
 #include <string>
@@ -9,7 +9,7 @@
 
 namespace VanticRestKit::detail {
 
-/// A part of a URL, as far as its set of characters goes.
+/// A kind of URL part, distinguished by the characters that are allowed in it.
 enum class URLCharacters : std::uint8_t {
     user = 1,
     password = 2,
@@ -21,23 +21,22 @@ enum class URLCharacters : std::uint8_t {
     queryItem = 32,
 };
 
-/// Whether `byte` may stand in such a part as it is. False for "%", which only an escape may hold.
+/// Whether `byte` is allowed unencoded in the part. False for "%", which is only allowed in an escape.
 bool mayHold(URLCharacters part, char byte) noexcept;
 
-/// Whether `text` holds nothing but characters of the part and whole escapes such as "%2F".
+/// Whether `text` consists of characters allowed in the part and complete escapes such as "%2F".
 bool isEncoded(std::string_view text, URLCharacters part) noexcept;
 
-/// Appends `text` to `out`, each byte that the part may not hold as an escape, "%" too.
+/// Appends `text` to `out`, with each byte that is not allowed in the part, including "%", as an escape.
 void appendEncoded(std::string& out, std::string_view text, URLCharacters part);
 
 /// Whether an escape such as "%2F" begins at `text[at]`.
 bool isEscape(std::string_view text, std::size_t at) noexcept;
 
-/// `text` with its escapes turned into bytes; a "%" that begins none stays. `kept` names bytes whose escapes
-/// stay.
+/// `text` with its escapes decoded; a "%" that begins no escape stays. Escapes of the bytes in `kept` stay too.
 std::string decodedBytes(std::string_view text, std::string_view kept = {});
 
-/// The same, but `text` as it is where the bytes are not UTF-8.
+/// The same, but returns `text` unchanged if the decoded bytes are not UTF-8.
 std::string decodedText(std::string_view text, std::string_view kept = {});
 
 }  // namespace VanticRestKit::detail

@@ -9,7 +9,7 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-/// A text cut into its parts, nothing checked or encoded yet.
+/// A string split into parts, not yet validated or encoded.
 struct Pieces {
     std::optional<std::string_view> scheme;
     std::optional<std::string_view> authority;
@@ -18,7 +18,7 @@ struct Pieces {
     std::optional<std::string_view> fragment;
 };
 
-/// An authority cut into its parts.
+/// An authority split into parts.
 struct Authority {
     std::optional<std::string_view> user;
     std::optional<std::string_view> password;
@@ -37,16 +37,15 @@ bool isScheme(std::string_view text) noexcept {
     return isLetter(text.front()) && std::all_of(text.begin(), text.end(), fits);
 }
 
-/// Takes what stands before the first of `ends` away from the front of `text`.
+/// Removes and returns the start of `text` up to the first of `ends`.
 std::string_view take(std::string_view& text, std::string_view ends) {
     const std::string_view taken = text.substr(0, text.find_first_of(ends));
     text.remove_prefix(taken.size());
     return taken;
 }
 
-/// A scheme is what stands before a ":" that is the first delimiter of the text. A ":" behind something that
-/// is no scheme makes the text unreadable: a path may hold one in its first segment only behind another
-/// delimiter.
+/// A scheme is the part before a ":" that is the first delimiter. If that part is no valid scheme, the string cannot be
+/// parsed: a ":" in the first segment of a path is allowed only after another delimiter.
 std::optional<Pieces> cut(std::string_view text, LeadingColon leadingColon) {
     Pieces pieces;
     const std::size_t delimiter = text.find_first_of(":/?#[]@");
@@ -82,7 +81,7 @@ Authority cutAuthority(std::string_view text) {
         authority.user = take(userinfo, ":");
         if (!userinfo.empty()) authority.password = userinfo.substr(1);
     }
-    // The colons of an IPv6 address stand inside brackets; without the closing one the host is refused later.
+    // The colons of an IPv6 address are inside brackets; a missing closing bracket is refused later.
     const std::size_t bracket = text.starts_with('[') ? text.find(']') : 0;
     const std::size_t colon = text.find(':', bracket);
     authority.host = text.substr(0, colon);
@@ -90,7 +89,7 @@ Authority cutAuthority(std::string_view text) {
     return authority;
 }
 
-/// An address in brackets: IPv6, with a zone behind "%25" or without, or a future form that begins with "v".
+/// An address in brackets: IPv6, optionally with a zone after "%25", or a future form that begins with "v".
 bool isAddressInBrackets(std::string_view host) {
     if (host.size() < 3 || host.back() != ']') return false;
     const std::string_view inside = host.substr(1, host.size() - 2);
@@ -117,7 +116,7 @@ bool isHost(std::string_view host) {
     return true;
 }
 
-/// A host's escapes stand; only what lies beyond ASCII is encoded.
+/// Escapes in a host are kept; only non-ASCII characters are encoded.
 std::string encodedHost(std::string_view host) {
     std::string out;
     for (const char& c : host) {
@@ -131,13 +130,13 @@ std::string encodedHost(std::string_view host) {
     return out;
 }
 
-/// Appends `content` and notes where it lies.
+/// Appends `content` and records its position.
 void append(URLText& url, URLPart& part, std::string_view content) {
     part = {.begin = url.text.size(), .length = content.size(), .present = true};
     url.text += content;
 }
 
-/// The same for a part that may need encoding. It is encoded as a whole or not at all.
+/// The same for a part that may need encoding; it is encoded as a whole or not at all.
 void appendEncoding(URLText& url, URLPart& part, std::string_view content, URLCharacters characters) {
     if (isEncoded(content, characters)) return append(url, part, content);
     std::string encoded;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `URLText`: the text of a URL with the places of its parts. `URL` and `URLComponents` share it.
+/// `URLText`: a parsed URL, shared by `URL` and `URLComponents`.
 
 #include <cstddef>
 #include <memory>
@@ -11,7 +11,7 @@
 
 namespace VanticRestKit::detail {
 
-/// Where a part lies in the text. A part may be present and without a character, such as the query of "x?".
+/// The position of a part. A part may be present but empty, such as the query of "x?".
 struct URLPart {
     std::size_t begin = 0;
     std::size_t length = 0;
@@ -20,10 +20,10 @@ struct URLPart {
 
 /// `[scheme ":"] ["//" [user [":" password] "@"] host [":" port]] path ["?" query] ["#" fragment]`
 ///
-/// The text is percent-encoded throughout. The path is always present; there is a "//" where the host is.
+/// All parts are percent-encoded. The path is always present; "//" is present if the host is.
 struct URLText {
     std::string text;
-    /// Where "//" or the path begins: behind the ":" of a scheme, which may be empty.
+    /// Where "//" or the path begins: after the ":" of a scheme, if there is one.
     std::size_t schemeEnd = 0;
     URLPart scheme;
     URLPart user;
@@ -34,11 +34,11 @@ struct URLText {
     URLPart query;
     URLPart fragment;
 
-    /// The text of a part, encoded. Empty where the part is not there.
+    /// A part, encoded. An empty string if it is not present.
     std::string_view view(const URLPart& part) const noexcept {
         return std::string_view(text).substr(part.begin, part.length);
     }
-    /// The same, but nothing where the part is not there.
+    /// The same, but an empty optional if the part is not present.
     std::optional<std::string_view> find(const URLPart& part) const noexcept {
         if (!part.present) return std::nullopt;
         return view(part);
@@ -47,20 +47,19 @@ struct URLText {
 
 using SharedURLText = std::shared_ptr<const URLText>;
 
-/// What a ":" at the very beginning of a text is.
+/// The meaning of a ":" at the start of the string.
 enum class LeadingColon { endsAnEmptyScheme, belongsToThePath };
 
-/// Reads `text` and percent-encodes the parts that need it. Null where it cannot be a URL.
+/// Parses `text` and percent-encodes the parts that need it. Null if it cannot be a URL.
 SharedURLText readURLText(std::string_view text, LeadingColon leadingColon);
 
-/// `url` with another path. `path` is percent-encoded; where it would be taken for something else (a host, a
-/// scheme) it is written in another way that means the same.
+/// `url` with another, percent-encoded path. If it would be mistaken for a host or scheme, an equivalent path is used.
 SharedURLText replacingPath(const URLText& url, std::string_view path);
 
-/// `url` with another query, percent-encoded, or with none.
+/// `url` with another percent-encoded query, or without one.
 SharedURLText replacingQuery(const URLText& url, std::optional<std::string_view> query);
 
-/// `reference`, read with `LeadingColon::belongsToThePath`, as it was met at `base` (RFC 3986, section 5.2).
+/// `reference`, parsed with `LeadingColon::belongsToThePath`, resolved against `base` (RFC 3986, section 5.2).
 SharedURLText resolved(const URLText& reference, const URLText& base);
 
 }  // namespace VanticRestKit::detail

@@ -7,7 +7,7 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-/// Appends a part with the character before it, where the part is there, and notes where it lies.
+/// If the part is present, appends it after its delimiter and records its position.
 void append(URLText& url, URLPart& part, char before, std::optional<std::string_view> content) {
     part = {};
     if (!content) return;
@@ -16,7 +16,7 @@ void append(URLText& url, URLPart& part, char before, std::optional<std::string_
     url.text += *content;
 }
 
-/// Everything of `url` before its path, and the places of the parts there. The rest is to be written anew.
+/// Copies all of `url` before its path, with the positions of the parts there; the rest has to be appended.
 std::shared_ptr<URLText> headOf(const URLText& url, std::size_t room) {
     const auto head = std::make_shared<URLText>();
     head->text.reserve(url.text.size() + room);
@@ -38,7 +38,7 @@ void appendTail(URLText& url, std::string_view path, std::optional<std::string_v
     append(url, url.fragment, '#', fragment);
 }
 
-/// The path of a relative reference put behind the folder of the path that it was met at.
+/// The path of a relative reference merged with the base path.
 std::string merged(const URLText& reference, const URLText& base) {
     const std::string_view path = reference.view(reference.path);
     if (path.starts_with('/')) return std::string(path);
