@@ -25,7 +25,7 @@ void AsyncCall::begin() {
         endEarly(URLErrorCode::cancelled);
         return;
     }
-    // Written so that a deadline that is no number counts as passed.
+    // In this form a NaN deadline counts as passed.
     if (deadline_ && !(deadline_->count() > 0)) {
         endEarly(URLErrorCode::timedOut);
         return;
@@ -95,7 +95,7 @@ void AsyncCall::keep(Cancellable work) {
         }
         if (hasWorkEnded_) work.detach();
     }
-    // What is still under way is cancelled here, where `work` goes.
+    // Work in progress is cancelled here, by the destructor of `work`.
 }
 
 void AsyncCall::letGoOfWork(bool hasEnded) {

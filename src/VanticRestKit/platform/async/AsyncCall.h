@@ -1,8 +1,7 @@
 #pragma once
 
 /// \file
-/// `AsyncCall`: the life of one load from its start to its one outcome. Hosts use `Resource`, `Operation` and the
-/// user client.
+/// `AsyncCall`: runs one load from start to outcome. Hosts use `Resource`, `Operation` and the user client.
 
 #include <VanticRestKit/platform/async/LoadOptions.h>
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
@@ -21,52 +20,50 @@
 
 namespace VanticRestKit::detail {
 
-/// Work that was prepared and that a handle cancels once it has begun.
+/// Prepared work; once started, a handle cancels it.
 class VRK_EXPORT PendingCall : public CancelTarget {
 public:
     ~PendingCall() override;
 
-    /// Starts the work. Called once. The caller touches nothing of its own afterwards: the outcome may be delivered on
+    /// Starts the work. Called once. The caller must not use its own state afterwards: the outcome may be delivered on
     /// another thread before this returns.
     virtual void begin() = 0;
 };
 
-/// One piece of work that has one outcome: that of the work, or that it was cancelled, or that its deadline passed.
-/// Whichever comes first is delivered, once, on the queue of the options; nothing is delivered once the handle was
-/// dropped. Any thread may call.
+/// Work with exactly one outcome: its result, a cancellation or a missed deadline. The first of them is delivered,
+/// once, on the queue of the options; nothing is delivered after the handle was dropped. Any thread may call.
 ///
-/// The work keeps this object, and this object keeps the work's handle until there is an outcome.
+/// The work keeps this object alive, and this object owns the work's handle until there is an outcome.
 class VRK_EXPORT AsyncCall : public PendingCall, public std::enable_shared_from_this<AsyncCall> {
 public:
     ~AsyncCall() override;
 
-    /// Starts the work, unless stop was requested before or the deadline is not above zero.
+    /// Starts the work, unless stop was already requested or the deadline is zero or less.
     void begin() final;
 
-    /// Ends the work; the outcome is that it was cancelled.
+    /// Cancels the work, which is then its outcome.
     void cancel() final;
 
-    /// The queue of work that names none of its own. Made on first use; it lives as long as the process.
+    /// The queue of work that has none of its own. Made on first use and never destroyed.
     static DispatchQueue sharedQueue();
 
-    /// Ends the work without an outcome. Does not wait for a delivery that is under way on another thread.
+    /// Cancels the work without an outcome. Does not wait for a delivery in progress on another thread.
     void drop() final;
 
 protected:
-    /// `usualQueue` delivers if `options` name no queue and the outcome does not come from the work.
+    /// `usualQueue` is used if `options` name no queue and the outcome does not come from the work.
     AsyncCall(LoadOptions options, DispatchQueue usualQueue);
 
-    /// Starts the work and gives what cancels it.
+    /// Starts the work and returns the handle that cancels it.
     virtual Cancellable startWork() = 0;
-    /// Delivers the outcome: that of the work, or `early` if the work was ended before it had one. Called once at
-    /// most.
+    /// Delivers the outcome: the result of the work, or `early` if it was ended before. Called at most once.
     virtual void deliver(std::optional<URLErrorCode> early) = 0;
-    /// Drops the completion and what it holds. Called once, after `deliver` or in its place.
+    /// Destroys the completion. Called once, after `deliver` or instead of it.
     virtual void release() = 0;
 
-    /// The work has an outcome. True for the one caller that may keep it, who calls `settled()` when it is kept.
+    /// Called when the work has a result. True for the one caller that may store it, which then calls `settled()`.
     bool settle();
-    /// Delivers the outcome that `settle()` allowed to be kept: at once, unless the options name a queue.
+    /// Delivers the stored result: immediately, unless the options name a queue.
     void settled();
 
 private:
@@ -83,7 +80,7 @@ private:
     const DispatchQueue usualQueue_;
     const std::optional<std::chrono::duration<double>> deadline_;
     const std::stop_token stop_;
-    // Goes with this object and not before: another thread may be about to call it.
+    // Destroyed only with this object: another thread may be about to call it.
     std::optional<std::stop_callback<Block>> stopCallback_;
     std::atomic<std::uint8_t> state_{open};
 

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `LoadAwaitable`: a load that a coroutine waits for.
+/// `LoadAwaitable`: awaits a load in a coroutine.
 
 #include <VanticRestKit/platform/async/AsyncCall.h>
 #include <VanticRestKit/platform/async/LoadOptions.h>
@@ -15,12 +15,10 @@
 
 namespace VanticRestKit {
 
-/// What `co_await` takes from `value()`: the load starts when the coroutine suspends, and the coroutine goes on with
-/// the outcome on the queue of the options, or where the service delivers if they name none.
-///
-/// It may be awaited in a coroutine of any type, once. A coroutine that is destroyed while it waits cancels the load
-/// and is never resumed; destroy it on the queue on which it would go on, or when it cannot be going on at that moment,
-/// as with every object that another thread may be about to use. It allocates nothing of its own.
+/// The awaitable that `value()` returns. The load starts when the coroutine suspends; the coroutine resumes with the
+/// outcome on the queue of the options, or where the service delivers if they name none. It may be awaited once, in a
+/// coroutine of any type. Destroying a waiting coroutine cancels the load, and it is never resumed; destroy it on the
+/// queue on which it would resume, or when it cannot be resuming at that moment. Allocates nothing of its own.
 template <class Starter>
 class [[nodiscard]] LoadAwaitable {
 public:
@@ -30,7 +28,7 @@ public:
     /// Nothing is started before `co_await`.
     LoadAwaitable(Starter starter, LoadOptions options)
         : starter_(std::move(starter)), options_(std::move(options)) {}
-    /// Before it is awaited only.
+    /// Only before it is awaited.
     LoadAwaitable(LoadAwaitable&&) noexcept = default;
     LoadAwaitable& operator=(LoadAwaitable&&) = delete;
 
@@ -45,7 +43,7 @@ public:
                 waiting.resume();
             });
         handle_ = Cancellable(call);
-        // The coroutine may go on, and this object end, before the call returns.
+        // The coroutine may resume and destroy this object before the call returns.
         call->begin();
     }
 

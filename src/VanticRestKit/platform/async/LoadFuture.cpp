@@ -15,7 +15,7 @@ bool FutureState::isReady() const {
 }
 
 void FutureState::wait() const {
-    // Another thread of the pool works in the place of one that waits.
+    // Lets the pool replace this thread while it waits.
     const PoolWait counted;
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return isReady_; });
@@ -24,7 +24,7 @@ void FutureState::wait() const {
 bool FutureState::waitFor(std::chrono::duration<double> time) const {
     const PoolWait counted;
     std::unique_lock lock(mutex_);
-    // Longer than anyone waits, and short enough to be added to the time of now.
+    // Practically unlimited, but small enough to be added to the current time.
     constexpr std::chrono::duration<double> maxWait = std::chrono::years(100);
     return changed_.wait_for(lock, time < maxWait ? time : maxWait, [this] { return isReady_; });
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `LoadFuture`: the outcome of a load that a thread can wait for.
+/// `LoadFuture`: waits for the outcome of a load.
 
 #include <VanticRestKit/platform/async/AsyncCall.h>
 #include <VanticRestKit/platform/async/LoadOptions.h>
@@ -22,7 +22,7 @@ namespace VanticRestKit {
 
 namespace detail {
 
-/// The part of a future that knows no type.
+/// The type-independent part of a future.
 class VRK_EXPORT FutureState {
 public:
     FutureState();
@@ -33,11 +33,11 @@ public:
     bool isReady() const;
     void wait() const;
     bool waitFor(std::chrono::duration<double> time) const;
-    /// Calls `then` when the outcome is there, on the thread that stores it, or at once on this thread.
+    /// Calls `then` when the outcome is stored, on the storing thread; immediately if it already is.
     void whenReady(Block then);
 
 protected:
-    /// The outcome is stored.
+    /// Marks the outcome as stored.
     void ready();
 
 private:
@@ -60,17 +60,15 @@ private:
     std::optional<Outcome> outcome_;
 };
 
-/// What a wait ends with on the queue that it would keep from ending it.
+/// The error of a wait on the queue that would have to deliver the outcome.
 VRK_EXPORT Error waitWouldNeverEnd();
 
 }  // namespace detail
 
-/// The outcome of a load that was started. Movable; dropping it does not cancel the load, which only the stop token
-/// and the deadline of its options end.
-///
-/// A wait on the queue that has to deliver the outcome would never end. `get()` fails there at once with an error of
-/// the domain "VanticRestKit.Wait", whose description says so, and `waitFor()` gives false. What a `std::future` made
-/// from this one cannot tell: it waits for ever there.
+/// The outcome of a started load. Movable. Dropping it does not cancel the load; only the stop token and the deadline
+/// of its options do. A wait on the queue that has to deliver the outcome would never end. There `get()` fails at once
+/// with an error of the domain "VanticRestKit.Wait" that says so, and `waitFor()` returns false. A `std::future` made
+/// from this one cannot detect that and waits forever.
 template <class Outcome>
 class [[nodiscard]] LoadFuture {
 public:
@@ -90,31 +88,31 @@ public:
     /// Takes over the load of the other one.
     LoadFuture& operator=(LoadFuture&&) noexcept = default;
 
-    /// Whether the outcome is there.
+    /// Whether the outcome is available.
     bool isReady() const { return state_->isReady(); }
 
-    /// Waits for the outcome for at most `time`. Whether it is there.
+    /// Waits for the outcome for at most `time`. Returns whether it is available.
     bool waitFor(std::chrono::duration<double> time) const {
         if (wouldNeverEnd()) return false;
         return state_->waitFor(time);
     }
 
-    /// Waits for the outcome and gives it. Call it once.
+    /// Waits for the outcome and returns it. Call it once.
     Outcome get() {
         if (wouldNeverEnd()) return hooks_.failed(starter_.get(), detail::waitWouldNeverEnd());
         state_->wait();
         return state_->take();
     }
 
-    /// Calls `completion` with the outcome, once: where the service delivers, or at once if it is there. In place of
-    /// `get()`.
+    /// Calls `completion` once with the outcome: where the service delivers, or immediately if it is available. Use
+    /// instead of `get()`.
     void then(UniqueFunction<void(Outcome)> completion) && {
         state_->whenReady(
             [state = state_, receive = std::move(completion)]() mutable { receive(state->take()); });
     }
 
 private:
-    /// How it is found out that a wait would not end, and what its outcome is.
+    /// Detects a wait that would not end, and gives its error.
     struct Hooks {
         bool (*needsCurrentQueue)(const void* starter);
         Outcome (*failed)(const void* starter, Error error);

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `LoadOptions`: where a load delivers, how long it may take, and what cancels it.
+/// `LoadOptions`: the queue, the deadline and the stop token of a load.
 
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 
@@ -11,10 +11,10 @@
 
 namespace VanticRestKit {
 
-/// The options of one load. All of them may be left out.
+/// The options of one load. All are optional.
 struct LoadOptions {
-    /// The queue on which the completion is called, or the coroutine goes on. Empty: where the service delivers, which
-    /// is the delegate queue of the session. Futures and `wait()` ignore it.
+    /// The queue on which the completion is called or the coroutine resumes. Empty: where the service delivers, which
+    /// is the session's delegate queue. Ignored by futures and `wait()`.
     std::optional<DispatchQueue> on{};
 
     /// How long the load may take as a whole: waiting for a connection, redirects and the body, up to the moment when
@@ -22,14 +22,14 @@ struct LoadOptions {
     /// the request counts. Zero or less ends the load before anything is sent.
     std::optional<std::chrono::duration<double>> deadline{};
 
-    /// Cancels the load when stop is requested; it then ends with `URLErrorCode::cancelled`. A token whose stop was
-    /// requested before ends the load before anything is sent.
+    /// Cancels the load when stop is requested; it then ends with `URLErrorCode::cancelled`. If stop was already
+    /// requested, the load ends before anything is sent.
     std::stop_token stop{};
 };
 
 namespace detail {
 
-/// Refers to a `T`, or to none, for the length of one call.
+/// Refers to a `T`, or to none, for the duration of one call.
 template <class T>
 class Borrowed {
 public:
@@ -45,11 +45,10 @@ private:
 
 }  // namespace detail
 
-/// `LoadOptions` as they are written inside a `co_await` expression: the same fields, which refer to their values until
-/// the call returns. Write them in braces, in place; keep `LoadOptions` where options are to be stored.
-///
-/// GCC 12 destroys the fields of braced arguments inside a `co_await` expression twice. These fields have nothing to
-/// destroy, so `co_await resource->value({.deadline = 5s})` is safe there.
+/// `LoadOptions` for a `co_await` expression: the same fields, which refer to their values until the call returns.
+/// Write them in braces in the call; use `LoadOptions` to store options. GCC 12 destroys the fields of braced arguments
+/// in a `co_await` expression twice. These fields are trivially destructible, so `co_await resource->value({.deadline =
+/// 5s})` is safe there.
 struct AwaitOptions {
     /// The queue to deliver on; left out, the delivery queue of the service.
     detail::Borrowed<DispatchQueue> on{};
@@ -58,7 +57,7 @@ struct AwaitOptions {
     /// A token that cancels the load.
     detail::Borrowed<std::stop_token> stop{};
 
-    /// The same options, with values of their own.
+    /// The same options with their own copies of the values.
     LoadOptions copied() const {
         LoadOptions options{.deadline = deadline};
         if (on.get() != nullptr) options.on.emplace(*on.get());

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Operation`: something that can be started, awaited or waited for.
+/// `Operation`: asynchronous work in four forms.
 
 #include <VanticRestKit/platform/async/AsyncCall.h>
 #include <VanticRestKit/platform/async/LoadAwaitable.h>
@@ -22,7 +22,7 @@ namespace VanticRestKit {
 
 namespace detail {
 
-/// What an operation does, whoever offers it. Immutable; used by any threads.
+/// The implementation of an operation. Immutable; any thread may use it.
 template <class Outcome>
 class OperationSource {
 public:
@@ -31,26 +31,25 @@ public:
     OperationSource& operator=(const OperationSource&) = delete;
     virtual ~OperationSource() = default;
 
-    /// Makes the work of one start.
+    /// Makes the work for one start.
     virtual std::shared_ptr<PendingCall> prepare(LoadOptions options,
                                                  UniqueFunction<void(Outcome)> completion) const = 0;
-    /// Whether the calling code occupies a queue that the outcome has to pass.
+    /// Whether the calling code runs on a queue through which the outcome must pass.
     virtual bool needsCurrentQueue() const = 0;
-    /// The outcome of a start that failed with `error` before it began.
+    /// The outcome of a start that failed with `error`.
     virtual Outcome failed(Error error) const = 0;
 };
 
-/// What a publisher sends for a value: nothing has a type of its own.
+/// The value type of the publisher: `std::monostate` stands for no value.
 template <class T>
 using Published = std::conditional_t<std::is_void_v<T>, std::monostate, T>;
 
 }  // namespace detail
 
-/// Something that is done each time it is started. Nothing happens before that. Copies are the same operation; any
-/// number of threads may start it, any number of times, each time for itself.
-///
-/// Each start has one outcome, delivered once, on the queue of its options: that of the work, or, after a cancel or a
-/// missed deadline, a failure that holds a transport error with `URLErrorCode::cancelled` or `URLErrorCode::timedOut`.
+/// Work that runs each time it is started, and not before. Copies are the same operation. Any number of threads may
+/// start it, any number of times; the starts are independent. Each start delivers exactly one outcome, on the queue of
+/// its options: the result of the work or, after a cancellation or a missed deadline, a failure with a transport error
+/// of `URLErrorCode::cancelled` or `URLErrorCode::timedOut`.
 template <class O>
 class Operation {
 public:
@@ -59,12 +58,12 @@ public:
     /// Receives the outcome.
     using Completion = UniqueFunction<void(Outcome)>;
 
-    /// Made by what offers it.
+    /// Used by the library.
     explicit Operation(std::shared_ptr<const detail::OperationSource<Outcome>> source) noexcept
         : source_(std::move(source)) {}
 
-    /// Starts it and calls `completion` once with the outcome. Calling `cancel()` on the handle ends it, and the
-    /// completion is told so; dropping the handle ends it, and the completion is not called.
+    /// Starts it and calls `completion` once with the outcome. `cancel()` on the handle ends it, and the completion is
+    /// called with that error; dropping the handle ends it without calling the completion.
     [[nodiscard]] Cancellable start(LoadOptions options, Completion completion) const {
         const auto call = prepare(std::move(options), std::move(completion));
         Cancellable handle(call);
@@ -72,26 +71,25 @@ public:
         return handle;
     }
 
-    /// `Outcome outcome = co_await operation.value();`
-    ///
-    /// GCC 12 has a fault: braced arguments that own something, such as a string, are destroyed twice if they stand in
-    /// the same expression as `co_await`. With it, name the operation in a statement of its own before it is awaited.
+    /// `Outcome outcome = co_await operation.value();` GCC 12 has a bug: braced arguments with a destructor, such as a
+    /// string, are destroyed twice in a `co_await` expression. With that compiler, make the operation in a separate
+    /// statement before awaiting it.
     LoadAwaitable<Operation> value(AwaitOptions options = {}) const { return {*this, options.copied()}; }
-    /// The same with options that are kept somewhere.
+    /// The same with stored options.
     template <std::same_as<LoadOptions> Options>
     LoadAwaitable<Operation> value(Options options) const {
         return {*this, std::move(options)};
     }
 
-    /// Starts it; the outcome can be waited for. `options.on` is ignored.
+    /// Starts it and returns a future. `options.on` is ignored.
     LoadFuture<Outcome> future(LoadOptions options = {}) const { return {*this, std::move(options)}; }
 
-    /// Starts it and blocks the calling thread until the outcome is there: for tools and tests. `options.on` is
+    /// Starts it and blocks the calling thread until the outcome is available: for tools and tests. `options.on` is
     /// ignored.
     Outcome wait(LoadOptions options = {}) const { return future(std::move(options)).get(); }
 
-    /// A publisher of the value, or of the error in its place. Each subscription starts it anew. An operation without
-    /// a value sends a `std::monostate`.
+    /// A publisher of the value or the error. Each subscription starts the operation again. An operation without a
+    /// value sends a `std::monostate`.
     auto publisher() const requires requires { typename Outcome::value_type; }
     {
         using Value = detail::Published<typename Outcome::value_type>;
@@ -113,7 +111,7 @@ public:
             });
     }
 
-    /// For the forms above.
+    /// Used by the forms above.
     std::shared_ptr<detail::PendingCall> prepare(LoadOptions options, Completion completion) const {
         return source_->prepare(std::move(options), std::move(completion));
     }

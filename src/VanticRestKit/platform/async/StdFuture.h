@@ -1,8 +1,8 @@
 #pragma once
 
 /// \file
-/// `toStdFuture`: a `LoadFuture` as a `std::future`. The one header that includes `<future>`; the umbrella header leaves
-/// it out.
+/// `toStdFuture`: a `LoadFuture` as a `std::future`. The one header that includes `<future>`; the umbrella header
+/// leaves it out.
 
 #include <VanticRestKit/platform/async/LoadFuture.h>
 
@@ -13,7 +13,7 @@
 namespace VanticRestKit {
 
 /// The same outcome as a `std::future`, for code that waits for several kinds of work in one way. Its `get()` cannot
-/// tell that it was called on the queue that has to deliver the outcome: it waits for ever there.
+/// detect a call on the queue that has to deliver the outcome: there it waits forever.
 template <class Outcome>
 std::future<Outcome> toStdFuture(LoadFuture<Outcome> future) {
     auto promise = std::make_shared<std::promise<Outcome>>();

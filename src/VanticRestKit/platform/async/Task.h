@@ -1,8 +1,8 @@
 #pragma once
 
 /// \file
-/// `Task`, `whenAll`, `whenAny` and `blockOn`: a small coroutine library for programs that have none. Everything else of
-/// this library works without it; the umbrella header leaves it out.
+/// `Task`, `whenAll`, `whenAny` and `blockOn`: a small coroutine library for programs that have none. Nothing else in
+/// this library needs it; the umbrella header does not include it.
 
 #include <VanticRestKit/platform/async/LoadFuture.h>
 
@@ -26,11 +26,11 @@ class Task;
 
 namespace detail {
 
-/// What a task without a value gives where a value is needed.
+/// The value of a task without a value.
 template <class T>
 using TaskValue = std::conditional_t<std::is_void_v<T>, std::monostate, T>;
 
-/// The part of a task's promise that knows no type: who waits for it, and what it threw.
+/// The type-independent part of a task's promise: its continuation and its exception.
 class TaskPromiseBase {
 public:
     std::suspend_always initial_suspend() const noexcept { return {}; }
@@ -86,11 +86,10 @@ public:
 
 }  // namespace detail
 
-/// A coroutine that starts when it is awaited and gives a `T`. Move-only; await it once.
-///
-/// It runs on the thread that awaits it until it waits for something, then where that goes on. An exception that leaves
-/// it is rethrown where it is awaited. Destroying a task destroys its coroutine, which cancels the load that it waits
-/// for; what `LoadAwaitable` says of destroying a coroutine applies.
+/// A coroutine that starts when it is awaited and gives a `T`. Move-only; await it once. It runs on the awaiting thread
+/// until it suspends, then wherever it is resumed. An exception that leaves it is rethrown where it is awaited.
+/// Destroying a task destroys its coroutine, which cancels the load that it awaits; see `LoadAwaitable` on destroying a
+/// coroutine.
 ///
 /// ```cpp
 /// Task<std::size_t> seriesOf(Resource<Show> resource) {
@@ -145,17 +144,17 @@ inline Task<void> TaskPromise<void>::get_return_object() noexcept {
     return Task<void>(std::coroutine_handle<TaskPromise>::from_promise(*this));
 }
 
-/// Counts the tasks of a `whenAll` and resumes who waits for all of them.
+/// Counts the tasks of a `whenAll` and resumes its awaiter.
 class TaskLatch {
 public:
     explicit TaskLatch(std::size_t count) noexcept : left_(count + 1) {}
 
-    /// False if all tasks have ended by now, so that there is nothing to wait for.
+    /// False if all tasks have already ended, so that there is nothing to wait for.
     bool wait(std::coroutine_handle<> waiting) noexcept {
         waiting_ = waiting;
         return left_.fetch_sub(1, std::memory_order_acq_rel) != 1;
     }
-    /// Who goes on when one more task has ended.
+    /// The coroutine to resume when one more task has ended.
     std::coroutine_handle<> arrive() noexcept {
         return left_.fetch_sub(1, std::memory_order_acq_rel) == 1 ? waiting_ : std::noop_coroutine();
     }
@@ -165,13 +164,13 @@ private:
     std::coroutine_handle<> waiting_ = std::noop_coroutine();
 };
 
-/// Called when a runner has come to its end and may be destroyed. Gives who goes on.
+/// Called when a runner has finished and may be destroyed. Returns the coroutine to resume.
 struct Arrival {
     std::coroutine_handle<> (*arrive)(void* context) noexcept = nullptr;
     void* context = nullptr;
 };
 
-/// Runs one task to its end and tells who started it.
+/// Runs one task to its end and notifies its starter.
 class TaskRunner {
 public:
     class promise_type {
@@ -192,7 +191,7 @@ public:
             return Arrive{arrival};
         }
         void return_void() const noexcept {}
-        // What a task throws stays in the task.
+        // An exception stays in the task.
         [[noreturn]] void unhandled_exception() const noexcept { std::terminate(); }
 
         Arrival arrival{};
@@ -214,7 +213,7 @@ private:
     std::coroutine_handle<promise_type> coroutine_;
 };
 
-/// Starts runners and waits until all have arrived.
+/// Starts runners and waits until all have finished.
 class StartAll {
 public:
     explicit StartAll(std::vector<TaskRunner>& runners) noexcept
@@ -236,7 +235,7 @@ private:
     TaskLatch latch_;
 };
 
-/// Ends when the task has ended, without taking its value.
+/// Completes when the task has ended, without taking its value.
 template <class T>
 struct TaskEnd {
     Task<T>& task;
@@ -252,7 +251,7 @@ TaskRunner runToEnd(Task<T>& task) {
     co_await TaskEnd<T>{task};
 }
 
-/// Runs a task to its end and remembers who was first.
+/// Runs a task to its end and records which one was first.
 template <class T>
 TaskRunner raceToEnd(Task<T>& task, std::size_t index, std::atomic<std::size_t>& first, std::size_t none,
                      std::stop_source& stop) {
@@ -271,7 +270,7 @@ TaskValue<T> takeValue(Task<T>& task) {
     }
 }
 
-/// What `blockOn` waits for.
+/// The event that `blockOn` waits for.
 class BlockingWait final : public FutureState {
 public:
     static std::coroutine_handle<> arrived(void* wait) noexcept {
@@ -282,7 +281,7 @@ public:
 
 }  // namespace detail
 
-/// Runs all tasks at once and gives their values in their order. An exception of one is rethrown when all have ended.
+/// Runs all tasks concurrently and returns their values in order. An exception is rethrown when all have ended.
 template <class T>
 Task<std::vector<detail::TaskValue<T>>> whenAll(std::vector<Task<T>> tasks) {
     std::vector<detail::TaskRunner> runners;
@@ -295,7 +294,7 @@ Task<std::vector<detail::TaskValue<T>>> whenAll(std::vector<Task<T>> tasks) {
     co_return values;
 }
 
-/// The same for tasks of different types. A task without a value gives a `std::monostate`.
+/// The same for tasks of different types. A task without a value returns a `std::monostate`.
 template <class... T>
 Task<std::tuple<detail::TaskValue<T>...>> whenAll(Task<T>... tasks) {
     std::vector<detail::TaskRunner> runners;
@@ -305,7 +304,7 @@ Task<std::tuple<detail::TaskValue<T>...>> whenAll(Task<T>... tasks) {
     co_return std::tuple<detail::TaskValue<T>...>{detail::takeValue(tasks)...};
 }
 
-/// The task that ended first, by its place, with its value.
+/// The index and the value of the task that ended first.
 template <class T>
 struct FirstEnded {
     /// The place of the task among those given.
@@ -314,8 +313,8 @@ struct FirstEnded {
     detail::TaskValue<T> value{};
 };
 
-/// Runs all tasks at once and gives the value of the one that ends first. It then requests stop of `stop`, whose token
-/// the tasks hand to their loads, and goes on when all of them have ended. `tasks` must not be empty.
+/// Runs all tasks concurrently and returns the value of the one that ends first. It then requests stop on `stop`, whose
+/// token the tasks pass to their loads, and completes when all have ended. `tasks` must not be empty.
 template <class T>
 Task<FirstEnded<T>> whenAny(std::vector<Task<T>> tasks, std::stop_source stop) {
     const std::size_t none = tasks.size();
@@ -331,7 +330,7 @@ Task<FirstEnded<T>> whenAny(std::vector<Task<T>> tasks, std::stop_source stop) {
 }
 
 /// Runs `task` and blocks the calling thread until it has ended: for `main` and for tests. Never call it on a queue on
-/// which the task has to go on: it would wait for ever.
+/// which the task has to resume: it would wait forever.
 template <class T>
 T blockOn(Task<T> task) {
     detail::BlockingWait wait;

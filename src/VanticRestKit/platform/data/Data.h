@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Data`: bytes that are shared and never change.
+/// `Data`: shared, immutable bytes.
 
 #include <cstddef>
 #include <memory>
@@ -15,35 +15,34 @@ namespace detail {
 class ByteBuffer;
 }  // namespace detail
 
-/// An immutable run of bytes. Copies share one buffer, so a copy costs a reference count.
-///
-/// Behind the last byte lie `padding` zero bytes that belong to the buffer, so that a reader may load whole
-/// words at the end without looking at the length first. Any number of threads may read one `Data`.
+/// Immutable bytes. Copies share one buffer, so a copy costs a reference count. The last byte is followed by `padding`
+/// zero bytes that belong to the buffer, so that a parser may load whole words at the end without checking the length
+/// first. Any number of threads may read one `Data`.
 class Data {
 public:
-    /// How many readable zero bytes follow the last byte.
+    /// The number of readable zero bytes after the last byte.
     static constexpr std::size_t padding = 64;
 
-    /// No bytes. A `Data` without bytes is still a value: an empty body is not an absent one.
+    /// No bytes. An empty `Data` is still a value: an empty body is not an absent one.
     Data() noexcept = default;
 
     /// Copies `bytes`.
     explicit Data(std::string_view bytes) : Data(withRoom(bytes)) {}
 
-    /// Takes over `bytes`; allocates only where its capacity has no room for the padding.
+    /// Takes ownership of `bytes`; allocates only if its capacity cannot hold the padding.
     explicit Data(std::string&& bytes) : size_(bytes.size()) {
         bytes.append(padding, '\0');
         const auto held = std::make_shared<const std::string>(std::move(bytes));
         bytes_ = std::shared_ptr<const char>(held, held->data());
     }
 
-    /// Copies a text up to its NUL.
+    /// Copies a string up to its terminating NUL.
     explicit Data(const char* text) : Data(std::string_view(text)) {}
 
     Data(const Data&) = default;
     /// Shares the bytes of `other`.
     Data& operator=(const Data&) = default;
-    /// What was moved from has no bytes.
+    /// A moved-from `Data` is empty.
     Data(Data&& other) noexcept : bytes_(std::move(other.bytes_)), size_(std::exchange(other.size_, 0)) {}
     /// Takes over the bytes of `other`, which is then empty.
     Data& operator=(Data&& other) noexcept {
@@ -53,14 +52,14 @@ public:
     }
     ~Data() = default;
 
-    /// The first byte. It stays where it is as long as this `Data` or a copy of it lives.
+    /// The first byte. Valid as long as this `Data` or a copy of it exists.
     const char* data() const noexcept { return bytes_ ? bytes_.get() : noBytes; }
     /// The number of bytes.
     std::size_t size() const noexcept { return size_; }
     /// Whether there are no bytes.
     bool empty() const noexcept { return size_ == 0; }
 
-    /// The bytes as text. The view lives as long as this `Data` or a copy of it.
+    /// The bytes as a string view, valid as long as this `Data` or a copy of it exists.
     std::string_view view() const noexcept { return {data(), size_}; }
 
     /// Whether both have the same bytes.
@@ -69,7 +68,7 @@ public:
 private:
     friend class detail::ByteBuffer;
 
-    /// Takes part in owning `bytes`, which the padding follows.
+    /// Shares ownership of `bytes`, which are followed by the padding.
     Data(std::shared_ptr<const char> bytes, std::size_t size) noexcept
         : bytes_(std::move(bytes)), size_(size) {}
 
@@ -82,7 +81,7 @@ private:
 
     static constexpr char noBytes[padding] = {};
 
-    /// Null where there are no bytes.
+    /// Null if there are no bytes.
     std::shared_ptr<const char> bytes_{};
     std::size_t size_{};
 };

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `AnyValue`: a value of free-form data, and `Dictionary`: such values by their keys.
+/// `AnyValue`, a value of free-form data, and `Dictionary`, which maps keys to such values.
 
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/Visibility.h>
@@ -23,24 +23,24 @@ namespace detail {
 template <class I, class... Others>
 concept NoneOf = (!std::same_as<I, Others> && ...);
 
-/// An integer type that stands for a number: neither a truth value nor a character.
+/// An integer type that represents a number: neither Boolean nor a character type.
 template <class I>
 concept WholeNumber = std::integral<I> && NoneOf<I, bool, char, wchar_t, char8_t, char16_t, char32_t>;
 
 }  // namespace detail
 
-/// A value of free-form data: text, a whole number, a truth value, a floating-point number, an error, or
-/// something else that the library carries without looking into it.
+/// A value of free-form data: a string, an integer, a Boolean, a floating-point number, an error, or anything else,
+/// which the library passes on without inspecting it.
 class VRK_EXPORT AnyValue {
 public:
-    /// A value of none of the other kinds. It does not travel to a service.
+    /// A value of no other kind. It is not sent to a service.
     struct Other {
         /// What is known of it, for logs.
         std::string description;
         friend bool operator==(const Other&, const Other&) = default;
     };
 
-    /// Of none of the other kinds, without a description.
+    /// A value of no other kind, without a description.
     AnyValue();
     /// A string.
     AnyValue(std::string text);
@@ -49,11 +49,12 @@ public:
     /// A string.
     AnyValue(const char* text);
     AnyValue(std::nullptr_t) = delete;
-    /// Templates, as this and those for numbers are, take no other type by conversion: a pointer would turn
-    /// into a truth value, a character into a number.
+    /// A template, like the constructors for numbers, so that nothing converts implicitly: a pointer would become a
+    /// Boolean and a character a number.
     template <std::same_as<bool> B>
     AnyValue(B truth) : AnyValue(ofTruth(truth)) {}
-    /// A number too great for 64 bits with a sign is of the other kind, with its digits as the description.
+    /// A number beyond the range of a signed 64-bit integer is a value of no other kind, with its digits as
+    /// description.
     template <detail::WholeNumber I>
     AnyValue(I number)
         : AnyValue(std::signed_integral<I> ? ofInteger(static_cast<std::int64_t>(number))
@@ -76,21 +77,21 @@ public:
     AnyValue& operator=(AnyValue&& other) noexcept;
     ~AnyValue();
 
-    /// The text, or null where this is no text.
+    /// The string, or null if this is no string.
     const std::string* text() const noexcept;
-    /// The whole number, or null. A truth value is no number.
+    /// The integer, or null. A Boolean is no integer.
     const std::int64_t* integer() const noexcept;
-    /// The truth value, or null.
+    /// The Boolean, or null.
     const bool* boolean() const noexcept;
-    /// The floating-point number, or null. A whole number is none.
+    /// The floating-point number, or null. An integer is not one.
     const double* number() const noexcept;
     /// The error, or null.
     const Error* error() const noexcept;
-    /// What is of none of the other kinds, or null.
+    /// The value of no other kind, or null.
     const Other* other() const noexcept;
 
-    /// Whether both are of one kind and equal. 1 and 1.0 are of two kinds; of errors, only handles of one
-    /// error are equal.
+    /// Whether both are of the same kind and equal. 1 and 1.0 are of different kinds; errors are equal if both handles
+    /// share one error.
     friend VRK_EXPORT bool operator==(const AnyValue& a, const AnyValue& b);
 
 private:
@@ -102,12 +103,12 @@ private:
     std::variant<std::string, std::int64_t, bool, double, Error, Other> value_;
 };
 
-/// A free-form dictionary: user information of an error, a stored dataset. It is a map, and reads single values by
-/// their key: `error.userInfo().text("url_host").value_or("no host")`.
+/// A free-form dictionary, such as the user information of an error or a stored dataset. A map that also reads typed
+/// values by key: `error.userInfo().text("url_host").value_or("no host")`.
 struct VRK_EXPORT Dictionary : std::map<std::string, AnyValue, std::less<>> {
     using map::map;
 
-    /// The value of `key` if there is one of that kind, as `AnyValue` tells the kinds; empty otherwise.
+    /// The value of `key` if there is one of that kind; otherwise empty.
     std::optional<std::string> text(std::string_view key) const;
     /// As `text`, for a whole number.
     std::optional<std::int64_t> integer(std::string_view key) const;

@@ -1,8 +1,7 @@
 #pragma once
 
 /// \file
-/// `Error`: one handle over every error of the library and of the host. Brings `AnyValue` and `NSError`
-/// along.
+/// `Error`: a handle for any error of the library or the host. Also provides `AnyValue` and `NSError`.
 
 #include <VanticRestKit/Visibility.h>
 
@@ -22,23 +21,21 @@ struct Dictionary;
 
 enum class ErrorCategory : std::uint8_t;
 
-/// Identifies a concrete error type. Each error type has one object of this type, defined in one source file,
-/// so that its address is the same on both sides of a library border.
+/// Identifies a concrete error type. Each error type has one tag, defined in a source file, so that its address is the
+/// same in every shared library.
 struct ErrorTag {};
 
-/// What a type offers to travel inside an `Error`.
+/// The requirements on a type that an `Error` can hold.
 ///
 /// - `static const ErrorTag& errorTag()`: its identity, defined in a source file and exported.
 /// - `std::string errorDomain() const` and `std::int64_t errorCode() const`.
+/// Optional: `Dictionary errorUserInfo() const`, and `std::string generalDescription() const` if the type has its own
+/// description for the general interface. Without it, the description is `NSLocalizedDescription` of the user
+/// information, or else a sentence composed of domain and code. Optional, for `adviceOn`: `std::optional<ErrorCategory>
+/// errorCategory() const`, empty if the underlying error decides, and `std::optional<Error> underlyingError() const`,
+/// which returns that error.
 ///
-/// It may also offer `Dictionary errorUserInfo() const`, and `std::string generalDescription() const` where
-/// its own text is to be shown by the general interface. Without the latter the description is the user
-/// information's `NSLocalizedDescription`, else a sentence composed of domain and code.
-///
-/// For `adviceOn` it may offer `std::optional<ErrorCategory> errorCategory() const`, empty if the error that it holds
-/// decides, and `std::optional<Error> underlyingError() const`, which gives that error.
-///
-/// Any thread may ask an error that is inside an `Error`, and several at once: the members must stand that.
+/// All these members must be safe to call from several threads at once.
 template <class T>
 concept ErrorType = requires(const T& value) {
     { T::errorTag() } -> std::same_as<const ErrorTag&>;
@@ -46,44 +43,44 @@ concept ErrorType = requires(const T& value) {
     { value.errorCode() } -> std::convertible_to<std::int64_t>;
 };
 
-/// The key under which user information holds a description that stands as it is.
+/// User information key of a description that is used unchanged.
 inline constexpr std::string_view NSLocalizedDescriptionKey = "NSLocalizedDescription";
-/// The key under which user information holds the error that caused this one.
+/// User information key of the error that caused this one.
 inline constexpr std::string_view NSUnderlyingErrorKey = "NSUnderlyingError";
-/// The key under which user information holds the text of the URL that failed.
+/// User information key of the failing URL, as a string.
 inline constexpr std::string_view NSURLErrorFailingURLStringErrorKey = "NSErrorFailingURLStringKey";
 
-/// "The operation couldn’t be completed. (DOMAIN error CODE.)", the sentence for an error without a text.
+/// "The operation couldn’t be completed. (DOMAIN error CODE.)", the sentence for an error without a description.
 VRK_EXPORT std::string composedErrorDescription(std::string_view domain, std::int64_t code);
 
 namespace detail {
-/// The description that `userInfo` holds; else the composed sentence.
+/// The description in `userInfo`, or else the composed sentence.
 std::string describedError(const Dictionary& userInfo, std::string_view domain, std::int64_t code);
 }  // namespace detail
 
-/// A copyable handle over any concrete error. Copies share one immutable error, and any number of threads may
-/// read it. A handle that was moved from can be assigned to and destroyed, nothing else.
+/// A copyable handle for any concrete error. Copies share one immutable error, and any number of threads may read it. A
+/// moved-from handle may only be assigned to or destroyed.
 class VRK_EXPORT Error {
 public:
     /// Holds `value`.
     template <ErrorType T>
     Error(T value) : box_(std::make_shared<const Box<T>>(std::move(value))) {}
 
-    /// The family of the error, such as "NSURLErrorDomain".
+    /// The domain of the error, such as "NSURLErrorDomain".
     std::string domain() const { return box_->domain(); }
-    /// The number of the error within its domain.
+    /// The error code within the domain.
     std::int64_t code() const { return box_->code(); }
-    /// Further values that the error carries; empty for most.
+    /// Additional values of the error; empty for most.
     Dictionary userInfo() const;
-    /// A sentence for people.
+    /// A human-readable sentence.
     std::string localizedDescription() const;
 
-    /// The error that this one holds as its cause; empty if it holds none, or none that it shows.
+    /// The underlying error; empty if there is none or if the error type does not provide it.
     std::optional<Error> underlyingError() const;
-    /// What the error itself says of its category; empty for most. `categoryOf` gives one for every error.
+    /// The category that the error itself provides; empty for most. `categoryOf` gives one for every error.
     std::optional<ErrorCategory> errorCategory() const;
 
-    /// The concrete error, or null where this handle holds one of another type. Lives as long as this handle.
+    /// The concrete error, or null if this handle holds another type. Valid as long as this handle.
     template <ErrorType T>
     const T* as() const noexcept {
         return static_cast<const T*>(valueTagged(T::errorTag()));
@@ -93,7 +90,7 @@ public:
     friend bool operator==(const Error& a, const Error& b) noexcept { return a.box_ == b.box_; }
 
 private:
-    // Out of line: inlined into a host's completion, GCC 12 takes the handle for uninitialised and warns.
+    // Out of line: if it is inlined into a host's completion, GCC 12 warns falsely of an uninitialised handle.
     const void* valueTagged(const ErrorTag& tag) const noexcept;
 
     struct AnyBox {
@@ -161,5 +158,5 @@ std::optional<Error> Error::Box<T>::underlying() const {
 
 }  // namespace VanticRestKit
 
-// Behind `Error`, because each of the two needs it whole, and it needs them only once it is used.
+// After `Error`, because both need the complete type, while `Error` only needs them where its members are used.
 #include <VanticRestKit/platform/error/AnyValue.h>

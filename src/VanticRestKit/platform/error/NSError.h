@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `NSError`: an error told by its parts alone.
+/// `NSError`: an error that consists of domain, code and user information.
 
 #include <VanticRestKit/platform/error/AnyValue.h>
 #include <VanticRestKit/platform/error/Error.h>
@@ -13,7 +13,7 @@
 
 namespace VanticRestKit {
 
-/// An error told by its parts alone: domain, code and user information.
+/// An error that consists of domain, code and user information.
 class VRK_EXPORT NSError {
 public:
     /// Without user information.
@@ -21,7 +21,7 @@ public:
     /// With user information, such as a description and an underlying error.
     NSError(std::string domain, std::int64_t code, Dictionary userInfo);
 
-    /// The parts of any error, and its description: what the platform's bridge makes of it.
+    /// The parts and the description of any error.
     explicit NSError(const Error& error);
 
     /// What the code belongs to.
@@ -30,7 +30,7 @@ public:
     std::int64_t code() const noexcept { return code_; }
     /// What else is known of the error.
     const Dictionary& userInfo() const noexcept { return userInfo_; }
-    /// That of the error which it was made from; else the user information's where there is one, else the
+    /// The description of the error that this one was made from; else the one in the user information; else the
     /// composed sentence.
     std::string localizedDescription() const;
     /// The error in the user information under `NSUnderlyingErrorKey`; empty if there is none.

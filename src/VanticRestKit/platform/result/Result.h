@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Result`: a value or the error that stands in its place.
+/// `Result`: a value or an error.
 
 #include <concepts>
 #include <cstddef>
@@ -28,11 +28,9 @@ private:
     E error_;
 };
 
-/// A value of type T, or an error of type E. `T` may be `void`.
-///
-/// The member names are those of `std::expected`, but nothing here throws: reading the side that is not there
-/// ends the process, as dereferencing an empty `std::optional` may. Test with `has_value()` first. One that
-/// was moved from still tells which side it held.
+/// A value of type T, or an error of type E. `T` may be `void`. The member names are those of `std::expected`, but
+/// nothing throws: accessing the value of a failure, or the error of a success, aborts the process. Check `has_value()`
+/// first. A moved-from `Result` keeps its `has_value()`.
 template <class T, class E>
 class [[nodiscard]] Result {
 public:
@@ -77,7 +75,7 @@ public:
     /// The error, to be moved from. Ends the process if there is none.
     constexpr E&& error() && noexcept { return std::move(*held<1>(storage_)); }
 
-    /// The value, or `fallback` where there is none.
+    /// The value, or `fallback` if there is none.
     template <class U>
     constexpr T value_or(U&& fallback) const& {
         return has_value() ? value() : static_cast<T>(std::forward<U>(fallback));
@@ -88,7 +86,7 @@ public:
         return has_value() ? std::move(*this).value() : static_cast<T>(std::forward<U>(fallback));
     }
 
-    /// Whether both hold equal values, or both equal errors.
+    /// Whether both hold equal values or both hold equal errors.
     friend constexpr bool operator==(
         const Result&, const Result&) requires std::equality_comparable<T> && std::equality_comparable<E>
     = default;
@@ -124,7 +122,7 @@ public:
     /// Whether this is a success.
     constexpr explicit operator bool() const noexcept { return has_value(); }
 
-    /// Nothing, but ends the process where there is an error, as the other form does.
+    /// Does nothing, but aborts the process if there is an error, as the other form does.
     constexpr void value() const noexcept {
         if (!has_value()) std::abort();
     }
@@ -136,7 +134,7 @@ public:
     /// The error, to be moved from. Ends the process if there is none.
     constexpr E&& error() && noexcept { return std::move(*held(storage_)); }
 
-    /// Whether both are successes, or both hold equal errors.
+    /// Whether both are successes or both hold equal errors.
     friend constexpr bool operator==(const Result&, const Result&) requires std::equality_comparable<E>
     = default;
 
