@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `RawText`, a body as text, and how the body of an answer becomes a value.
+/// `RawText`, a body as a string, and the decoding of bodies.
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/error/Error.h>
@@ -19,7 +19,7 @@
 
 namespace VanticRestKit {
 
-/// A body as it came, byte for byte: what `Resource<RawText>` loads. A `Resource<std::string>` reads a JSON string.
+/// An unmodified body, the value type of `Resource<RawText>`. A `Resource<std::string>` decodes a JSON string instead.
 struct RawText {
     /// The text.
     std::string text{};
@@ -31,14 +31,14 @@ namespace detail {
 
 class LoadObservation;
 
-/// Tells the observer that `body` was decoded, or with which error it was not. `explain` lists what was swallowed.
+/// Tells the observer that `body` was decoded, or with which error it was not. `explain` lists tolerated faults.
 VRK_EXPORT void noteDecoding(const LoadObservation& observation, const Data& body, const Error* error,
                              std::string_view typeName, Diagnosis (*explain)(const Data&));
 
-/// Reads a body into a value: `Data` and `RawText` take it as it came, all else is decoded.
+/// Converts a body to a value: `Data` and `RawText` take it unmodified, all other types are decoded.
 struct BodyReader {
     JSONDecoder decoder{};
-    /// Who is told of it; null if no one is.
+    /// The observer; may be null.
     const LoadObservation* observation = nullptr;
 
     template <class T>

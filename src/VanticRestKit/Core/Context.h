@@ -22,12 +22,10 @@ namespace VanticRestKit {
 class ObservableContext;
 class Serviceable;
 
-/// Says where a service lives and how requests to it are made. The host implements it; `baseURL` is all that
-/// it must supply. Inherit it virtually (`class MyContext : public virtual Context`), so that one object can
-/// be the context of several services.
-///
-/// The library reads a context only during the call that receives it and keeps no reference to it, on the
-/// thread of that call. All members are called through this interface, so a replaced one counts everywhere.
+/// Says where a service is and how requests to it are made. The host implements it; only `baseURL` is required. Inherit
+/// it virtually (`class MyContext : public virtual Context`), so that one object can be the context of several
+/// services. The library reads a context only during the call that receives it, on the thread of that call, and keeps
+/// no reference to it. All members are called through this interface, so an override takes effect everywhere.
 class VRK_EXPORT Context {
 public:
     /// The argument of `service`.
@@ -53,31 +51,29 @@ public:
 
     virtual ~Context();
 
-    /// The address that all paths are relative to. Its query, if it has one, comes first in every request.
+    /// The address that all paths are relative to. Its query items, if any, come first in every request.
     virtual URL baseURL() const = 0;
 
-    /// Headers of every request. None by default. Names compare exactly here; the request joins those that
-    /// differ in case only.
+    /// Headers of every request. None by default. Names are compared exactly here; the request merges names that differ
+    /// only in case.
     virtual std::map<std::string, std::string> HTTPHeaderFields() const;
 
-    /// How long a request may stand still, in seconds. 30 by default.
+    /// The idle time-out of a request, in seconds. 30 by default.
     virtual double requestTimeout() const;
 
-    /// Receives the failures of requests. Nobody by default.
+    /// Called with failures of requests. Empty by default.
     virtual LogError logError() const;
 
-    /// What runs `withURLRequest`; never null. By default a new `NetworkServiceble` on the shared session
-    /// with this context's `logError`.
+    /// Makes the service that runs `withURLRequest`; never null. By default a new `NetworkServiceble` on the shared
+    /// session with this context's `logError`.
     virtual std::shared_ptr<Serviceable> service(ServiceArguments arguments) const;
 
-    /// The request for a path below `baseURL`. Empty where the parts make no URL.
-    ///
-    /// By default the headers are `additionalHTTPHeaders` and this context's `HTTPHeaderFields`; for a name
-    /// in both the former counts.
+    /// The request for a path below `baseURL`. Empty if the parts do not form a URL. By default the headers are
+    /// `additionalHTTPHeaders` and this context's `HTTPHeaderFields`; the former win for a name in both.
     virtual std::optional<URLRequest> generateURLRequest(URLRequestArguments arguments) const;
 
-    /// This context as one whose requests are observed; null if they are not. Not overridden by hosts: they inherit
-    /// `ObservableContext`. A context that decorates another one returns what that one does.
+    /// This context as an `ObservableContext`; null if its requests are not observed. Hosts do not override this but
+    /// inherit `ObservableContext`. A context that decorates another one returns what that one returns.
     virtual const ObservableContext* asObservable() const noexcept { return nullptr; }
 
 protected:

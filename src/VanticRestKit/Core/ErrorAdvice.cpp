@@ -11,7 +11,7 @@ namespace {
 
 struct Judged {
     detail::ErrorRule rule{};
-    /// The error that decided.
+    /// The error that the advice is based on.
     Error error;
 };
 

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `FailableCodable`: a value, or nothing where it did not decode.
+/// `FailableCodable`: a value, or empty if it could not be decoded.
 
 #include <VanticRestKit/platform/json/FieldAccess.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
@@ -11,14 +11,15 @@
 
 namespace VanticRestKit {
 
-/// Decodes any JSON value: into a T where that succeeds, into nothing where it does not. What was wrong is
-/// lost. `std::vector<FailableCodable<T>>` reads a list of which some elements may be malformed or unknown;
-/// each element keeps its place. For decoding only.
+/// Decodes any JSON value: to a T if that succeeds, otherwise to an empty value. The decoding error is discarded.
+/// `std::vector<FailableCodable<T>>` reads a list in which some elements may be malformed or unknown; each element
+/// keeps its position. For decoding only.
 ///
-/// A type may hold itself through a list of `FailableCodable`. A document is read once, however deep its attempts lie.
+/// A type may contain itself through a list of `FailableCodable`. A document is read only once, however deeply such
+/// lists are nested.
 template <class T>
 struct FailableCodable {
-    /// Empty where the value did not decode.
+    /// Empty if the value could not be decoded.
     std::optional<T> wrappedValue{};
 
     friend bool operator==(const FailableCodable&, const FailableCodable&) = default;
@@ -40,8 +41,8 @@ struct BuiltIn<FailableCodable<T>> {
 
 private:
     static void* wrap(void* value) {
-        // Clang takes a type that holds attempts to decode itself for one without a default value, because it was
-        // asked while the type was incomplete. So the value is made here, without a question.
+        // For a type that contains itself this way, Clang decides that it has no default constructor, because it was
+        // asked while the type was incomplete. So the value is made here without that check.
         return &static_cast<FailableCodable<T>*>(value)->wrappedValue.emplace(fresh<T>());
     }
 

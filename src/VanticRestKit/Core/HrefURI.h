@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `HrefURI`: a route for a path that the caller holds whole.
+/// `HrefURI`: a route for a complete path.
 
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/platform/url/URLQueryItem.h>
@@ -12,7 +12,7 @@
 
 namespace VanticRestKit {
 
-/// A route whose path is `href` as it stands, with the given query items, no body and GET.
+/// A GET route whose path is `href`, unchanged, with the given query items and no body.
 struct HrefURI {
     /// The arguments, by label.
     struct Arguments {
@@ -27,9 +27,9 @@ struct HrefURI {
         : queryItems(std::move(arguments.andQueryItems).value()),
           href(std::move(arguments.withHref).value()) {}
 
-    /// Appended behind the query of the base URL.
+    /// Appended to the query of the base URL.
     std::vector<URLQueryItem> queryItems;
-    /// Relative to the base URL of the context. An empty text asks for the base URL itself.
+    /// Relative to the base URL of the context. An empty string requests the base URL itself.
     std::string href;
 
     /// `href`, unchanged.

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `loadAll`: several loads at once, with a limit of how many are in flight.
+/// `loadAll`: several loads with a limit on how many run at once.
 
 #include <VanticRestKit/Core/LoaderError.h>
 #include <VanticRestKit/Core/Resource.h>
@@ -19,15 +19,15 @@
 
 namespace VanticRestKit {
 
-/// The options of `loadAll` itself; those of `LoadOptions` are given where it is started.
+/// The options of `loadAll` itself; `LoadOptions` are passed when it is started.
 struct LoadAllOptions {
-    /// How many loads are in flight at once; at least one.
+    /// How many loads run at once; at least one.
     std::size_t limit = 6;
 };
 
 namespace detail {
 
-/// One start of `loadAll`. Its bookkeeping runs on a serial queue of its own.
+/// One start of `loadAll`. Its bookkeeping runs on its own serial queue.
 template <class T>
 class LoadAllCall final : public PendingCall, public std::enable_shared_from_this<LoadAllCall<T>> {
 public:
@@ -64,7 +64,7 @@ public:
     }
 
 private:
-    // All from here on: on the queue.
+    // Everything below runs on the queue.
 
     void startMore() {
         if (isDropped_.load()) return;
@@ -170,10 +170,10 @@ private:
 
 }  // namespace detail
 
-/// Loads all of `resources`, at most `options.limit` at once. The outcome lists theirs in the order of `resources`; the
-/// failure of one leaves the others alone. Cancelling it, its stop token and its deadline end those that have not ended
-/// by then, each with an error of its own; no new request is sent after that. Delivered on the queue of the options, or
-/// on one of its own if they name none.
+/// Loads all of `resources`, at most `options.limit` at once. The outcome lists their outcomes in the order of
+/// `resources`; a failure of one does not affect the others. Cancelling, the stop token and the deadline end all
+/// unfinished loads, each with its own error; no further request is sent. Delivered on the queue of the options, or on
+/// its own queue if they name none.
 ///
 /// ```cpp
 /// auto results = co_await loadAll(std::move(shows), {.limit = 4}).value({.deadline = 10s});

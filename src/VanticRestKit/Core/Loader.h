@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Loader`: guarantees that one resource has at most one load under way.
+/// `Loader`: runs at most one load at a time.
 
 #include <VanticRestKit/Core/BodyReader.h>
 #include <VanticRestKit/Core/LoaderCore.h>
@@ -23,7 +23,7 @@ namespace VanticRestKit {
 
 namespace detail {
 
-/// The part of a load that knows the type.
+/// The type-dependent part of a load.
 template <class T>
 class LoadOf final : public Load {
 public:
@@ -51,10 +51,9 @@ private:
 
 }  // namespace detail
 
-/// Loads a `T` by way of a `Serviceable`, one load at a time, as often as wanted.
-///
-/// Drive a loader from one thread at a time. A load does not keep the loader: if it goes before the answer,
-/// the completion is not called, except with a failure of the request.
+/// Loads a `T` through a `Serviceable`, one load at a time, any number of times. Use a loader from one thread at a
+/// time. A load does not keep the loader alive: if the loader is destroyed before the answer arrives, the completion is
+/// not called, except with a failure of the request.
 template <class T>
 class Loader final : public detail::LoaderCore {
 public:
@@ -62,7 +61,7 @@ public:
     using LoaderError = VanticRestKit::LoaderError;
     /// Whether a load is under way.
     using State = LoaderState;
-    /// Turns a body into a value.
+    /// Converts a body to a value.
     using Decoding = typename detail::LoadOf<T>::Decoding;
     /// Receives the value, or why there is none.
     using Completion = typename detail::LoadOf<T>::Completion;
@@ -88,22 +87,21 @@ public:
         return std::shared_ptr<Loader>(new Loader(std::move(arguments.with)));
     }
 
-    /// Starts a load. Does nothing while one is under way: the completion of this call is then never called.
-    ///
-    /// Else it is called once at most, where the service delivers, after the loader has become idle, so that
-    /// it may start the next load. Decoding runs there too.
+    /// Starts a load. Does nothing while one is in progress: the completion is then never called. Otherwise it is
+    /// called at most once, where the service delivers and after the loader has become idle, so that it may start the
+    /// next load. Decoding runs there too.
     void load(LoadArguments arguments, Completion completion) {
         if (isBusy()) return;
         start(std::make_unique<detail::LoadOf<T>>(std::move(arguments.withDecoder), std::move(completion)));
     }
 
-    /// A publisher of the value. Each subscription runs the request anew, whether the loader is busy or not;
-    /// failures arrive as they are, not as a `LoaderError`.
+    /// A publisher of the value. Each subscription sends a new request, whether the loader is busy or not; failures are
+    /// not wrapped in a `LoaderError`.
     AnyPublisher<T> load(PublisherArguments arguments) const {
         return service()->fetch().template decode<T>(reader(std::move(arguments)));
     }
 
-    /// The same with an empty value for a JSON null and for every failure; it never fails.
+    /// The same, but with an empty value for a JSON null and for any failure; it never fails.
     AnyPublisher<std::optional<T>, Never> loadOptional(PublisherArguments arguments) const {
         return service()
             ->fetch()
@@ -111,11 +109,12 @@ public:
             .replaceError(std::nullopt);
     }
 
-    /// What runs the request.
+    /// The service that runs the request.
     const std::shared_ptr<Serviceable>& service() const noexcept { return LoaderCore::service(); }
 
 private:
-    /// What a publisher decodes with. It keeps the service alive, which the publisher of a host's own may need.
+    /// The decoding step of a publisher. It keeps the service alive, which a publisher of a host's own service may
+    /// need.
     struct Reader : detail::BodyReader {
         std::shared_ptr<Serviceable> service;
     };

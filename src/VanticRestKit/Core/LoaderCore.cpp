@@ -14,7 +14,7 @@ LoaderCore::LoaderCore(std::shared_ptr<Serviceable> service)
 LoaderCore::~LoaderCore() = default;
 
 void LoaderCore::cancel() {
-    // The item drops what the load held, which may be all that kept this loader: nothing is touched after it.
+    // The item releases what the load held, which may be the last reference to this loader: do not use it afterwards.
     const LoaderState state = state_.load();
     if (state.kind() == LoaderState::Kind::loading) state.item()->cancel();
 }

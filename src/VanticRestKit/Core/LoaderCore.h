@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What a `Loader` does whatever its type. Hosts use `Loader`.
+/// The type-independent part of `Loader`. Hosts use `Loader`.
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
@@ -17,22 +17,22 @@ namespace VanticRestKit {
 class DispatchWorkItem;
 class Serviceable;
 
-/// What a `Loader` does. Also known as `Loader<T>::State`. An immutable value.
+/// The state of a `Loader`; also `Loader<T>::State`. An immutable value.
 class LoaderState {
 public:
     /// Whether a load is under way.
     enum class Kind { loading, idle };
 
-    /// A load is under way; `item`, which is not null, starts its request.
+    /// A load is in progress; `item`, which is not null, starts its request.
     static LoaderState loading(std::shared_ptr<DispatchWorkItem> item) noexcept {
         return LoaderState(Kind::loading, std::move(item));
     }
-    /// No load is under way.
+    /// No load is in progress.
     static LoaderState idle() noexcept { return LoaderState(Kind::idle, nullptr); }
 
     /// Whether a load is under way.
     Kind kind() const noexcept { return kind_; }
-    /// The item of `loading`; null for `idle`.
+    /// The item of `loading`; null if idle.
     const std::shared_ptr<DispatchWorkItem>& item() const noexcept { return item_; }
 
 private:
@@ -45,18 +45,18 @@ private:
 
 namespace detail {
 
-/// One load under way. Used by one thread at a time.
+/// One load in progress. Used by one thread at a time.
 class VRK_EXPORT Load {
 public:
     virtual ~Load();
     Load(const Load&) = delete;
     Load& operator=(const Load&) = delete;
 
-    /// Decodes the body and keeps the outcome.
+    /// Decodes the body and stores the outcome.
     virtual void decode(const Data& body) = 0;
-    /// Hands the outcome of `decode` to the completion.
+    /// Calls the completion with the outcome of `decode`.
     virtual void deliver() = 0;
-    /// Hands the completion a failure of the request.
+    /// Calls the completion with a failure of the request.
     virtual void fail(Error error) = 0;
 
 protected:
@@ -69,11 +69,11 @@ public:
     LoaderCore(const LoaderCore&) = delete;
     LoaderCore& operator=(const LoaderCore&) = delete;
 
-    /// Whether a load is under way. Any thread.
+    /// Whether a load is in progress. Any thread.
     bool isBusy() const { return state_.load().kind() == LoaderState::Kind::loading; }
 
-    /// Cancels a load that has not started its request yet, for good: its completion is never called, the
-    /// loader stays busy, and all later loads are dropped. Does nothing to one that has, nor to an idle
+    /// Cancels a load that has not yet started its request. Its completion is never called, the loader stays busy
+    /// forever, and all later loads are ignored. No effect on a load that has started its request, or on an idle
     /// loader.
     void cancel();
 

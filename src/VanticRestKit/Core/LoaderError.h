@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `LoaderError`: how a load failed.
+/// `LoaderError`: why a load failed.
 
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/Visibility.h>
@@ -16,16 +16,16 @@ namespace VanticRestKit {
 class NetworkError;
 class NSError;
 
-/// How a load failed. Also known as `Loader<T>::LoaderError`. A load produces the first two cases only.
-/// An immutable value; `==` compares the case alone.
+/// Why a load failed; also `Loader<T>::LoaderError`. A load produces only the first two cases. An immutable value; `==`
+/// compares only the case.
 class VRK_EXPORT LoaderError {
 public:
     /// The cases, in the order of their codes.
     enum class Kind { serverError, failedToDecode, unknowError, unknownResponse, loaderStateError };
 
-    /// The request failed with `error`: a `NetworkError` where a `NetworkServiceble` ran it.
+    /// The request failed with `error`: a `NetworkError` if a `NetworkServiceble` ran it.
     static LoaderError serverError(std::optional<Error> error);
-    /// The body is not what was asked for; `error` is the decoder's.
+    /// The body could not be decoded; `error` is the decoder's error.
     static LoaderError failedToDecode(std::optional<Error> error);
     /// "Unknown error". The library itself does not give it.
     static LoaderError unknowError();
@@ -36,22 +36,22 @@ public:
 
     /// What kind of error it is.
     Kind kind() const noexcept { return kind_; }
-    /// What `serverError` and `failedToDecode` hold; empty where there is none.
+    /// The error that `serverError` or `failedToDecode` holds; empty for other cases.
     const std::optional<Error>& underlyingError() const noexcept { return underlyingError_; }
 
-    /// A sentence for people. For `serverError` it is what the general interface says of the error held,
-    /// which for a `NetworkError` is not the error's own text.
+    /// A human-readable sentence. For `serverError` it is the description by the general interface of the underlying
+    /// error, which for a `NetworkError` differs from the error's own description.
     std::string localizedDescription() const;
 
-    /// Whether the server answered 404: `serverError` holding a `NetworkError` that is `httpError` with 404.
+    /// Whether the server answered 404: a `serverError` that holds a `NetworkError` of the case `httpError` with 404.
     bool is404Error() const;
 
     /// The `NetworkError` that this error holds, directly or inside other errors of the library; null if there is none.
-    /// It lives as long as this error. `if (const auto* error = failure.networkError()) log(error->errorMessage());`
+    /// Valid as long as this error. `if (const auto* error = failure.networkError()) log(error->errorMessage());`
     const NetworkError* networkError() const noexcept;
 
-    /// What the transport reported: the `NSError` inside a `NetworkError` that is `requestFailed`, such as one with the
-    /// domain "NSURLErrorDomain" and the code -1001. Null if there is none. It lives as long as this error.
+    /// The error of the transport: the `NSError` in a `NetworkError` of the case `requestFailed`, such as domain
+    /// "NSURLErrorDomain" with code -1001. Null if there is none. Valid as long as this error.
     const NSError* transportError() const noexcept;
 
     /// What identifies errors of this type; see `Error`.

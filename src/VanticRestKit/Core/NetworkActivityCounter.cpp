@@ -10,14 +10,14 @@ namespace VanticRestKit {
 
 namespace {
 
-// Touched on the main queue only, as the counter is.
+// Used on the main queue only, like the counter.
 NetworkActivityCounter::Indicator& installedIndicator() {
     static NetworkActivityCounter::Indicator& indicator = *new NetworkActivityCounter::Indicator;
     return indicator;
 }
 
-// How many indicators are installed or on their way to be. With none there is nobody to be told of a change
-// that is posted now, since an indicator that comes later is told of later changes only.
+// The number of indicators that are installed or about to be. Without any, a change posted now is not reported, since
+// an indicator that is installed later is only told of later changes.
 std::atomic<std::int64_t> indicators = 0;
 
 std::int64_t checkedSum(std::int64_t a, std::int64_t b) {
@@ -39,7 +39,7 @@ void NetworkActivityCounter::setCounter(std::int64_t value) {
 
 void NetworkActivityCounter::change(std::int64_t by) {
     if (indicators.load() == 0) {
-        // A change that nobody is told of can wait for the next: each would cost a load the wake of a thread.
+        // A change that is not reported may be delayed: each would cost a load the wake-up of a thread.
         detail::MainQueue::shared()->postUnhurried([by] { counter = checkedSum(counter, by); });
     } else {
         DispatchQueue::main().async([by] { setCounter(checkedSum(counter, by)); });

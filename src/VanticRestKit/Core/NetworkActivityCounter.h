@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `NetworkActivityCounter`: drives the host's sign of network activity.
+/// `NetworkActivityCounter`: drives the host's network activity indicator.
 
 #include <VanticRestKit/platform/dispatch/SharedFunction.h>
 #include <VanticRestKit/Visibility.h>
@@ -14,23 +14,22 @@ namespace detail {
 struct NetworkActivity;
 }
 
-/// Counts the requests under way, for a host that shows a sign of network activity.
-///
-/// The counter lives on the main queue alone: all functions here may be called from any thread and only post
-/// a block there. It can fall below zero (see `NetworkServiceble`), which shows the sign as well.
+/// Counts the requests in progress, for a host that shows an activity indicator. The counter is only used on the main
+/// queue: all functions may be called on any thread and only post a block there. It can fall below zero (see
+/// `NetworkServiceble`), which also shows the indicator.
 class VRK_EXPORT NetworkActivityCounter {
 public:
-    /// Receives whether the sign is to be visible. Called on the main queue, once after each change of the
-    /// counter, with what the counter says by then.
+    /// Receives whether the indicator should be visible. Called on the main queue after each change of the counter,
+    /// with the state at that time.
     using Indicator = SharedFunction<void(bool visible)>;
 
-    /// Adds one.
+    /// Increments the counter.
     static void increase();
-    /// Takes one away.
+    /// Decrements the counter.
     static void decrease();
 
-    /// Installs the host's sign in place of the one before; an empty function installs none. It is told of
-    /// changes from now on, not of the present state.
+    /// Replaces the host's indicator; an empty function removes it. It is told of later changes, not of the current
+    /// state.
     static void setIndicator(Indicator indicator);
 
 private:

@@ -90,7 +90,7 @@ std::string NetworkError::localizedDescription() const {
 std::string NetworkError::errorMessage() const {
     const std::string code = std::to_string(errorCode());
     if (kind_ == Kind::httpError) return "HttpCode: " + code;
-    // The parenthesis is never closed: those who read these lines know them so.
+    // The parenthesis is deliberately not closed: existing readers of these lines expect this form.
     const std::optional<std::string> path = requestPath();
     return "Error: " + code + (path ? ", " + *path : "") + " : (" + localizedDescription();
 }

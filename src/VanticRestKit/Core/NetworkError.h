@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `NetworkError`: why a request gave no body; the host's hook for it, and errors seen as an `NSError`.
+/// `NetworkError`: why a request failed; the host's hook for it, and conversion to `NSError`.
 
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/platform/data/Data.h>
@@ -18,23 +18,21 @@
 
 namespace VanticRestKit {
 
-/// Why a request gave no body. Also known as `NetworkServiceble::NetworkError`.
-///
-/// Its own `localizedDescription` says what happened. The general interface of `Error` shows another
-/// sentence, composed of domain and code, unless the user information brings one: to read the former ask
-/// `error.as<NetworkError>()`. An immutable value; `==` compares the case alone.
+/// Why a request failed; also `NetworkServiceble::NetworkError`. Its own `localizedDescription` says what happened. The
+/// general interface of `Error` has another sentence, composed of domain and code, unless the user information contains
+/// one: use `error.as<NetworkError>()` for the former. An immutable value; `==` compares only the case.
 class VRK_EXPORT NetworkError {
 public:
     /// The cases.
     enum class Kind { internalSDKError, httpError, notAHTTPResponse, dataNotFoundInResponse, requestFailed };
 
-    /// The library lost what it needed; `message` says what.
+    /// An internal failure of the library, described by `message`.
     static NetworkError internalSDKError(std::string message);
-    /// The server answered with a status of 400 or above. `data` is the body of that answer, unread. With a null
-    /// `response`, which the library never passes, `errorCode()` is 0.
+    /// The server answered with a status of 400 or above. `data` is the body of that answer. With a null `response`,
+    /// which the library never passes, `errorCode()` is 0.
     static NetworkError httpError(URLRequest request, std::shared_ptr<const HTTPURLResponse> response,
                                   std::optional<Data> data);
-    /// The answer is not one of HTTP; `response` may be null.
+    /// The answer is not an HTTP answer; `response` may be null.
     static NetworkError notAHTTPResponse(URLRequest request, std::shared_ptr<const URLResponse> response,
                                          std::string message);
     /// An answer without a body, and no error.
@@ -50,31 +48,31 @@ public:
 
     /// The request; `internalSDKError` has none.
     const std::optional<URLRequest>& request() const noexcept { return request_; }
-    /// The answer of `httpError` and `dataNotFoundInResponse`; null for the others, also where they hold one.
+    /// The response of `httpError` and `dataNotFoundInResponse`; null for other cases, even if they hold one.
     std::shared_ptr<const HTTPURLResponse> response() const;
 
-    /// The answer that the case holds, whichever case it is; may be null.
+    /// The response that this case holds, whichever case it is; may be null.
     const std::shared_ptr<const URLResponse>& heldResponse() const noexcept { return response_; }
-    /// The body that came with `httpError`; empty for the others.
+    /// The body of `httpError`; empty for other cases.
     const std::optional<Data>& data() const noexcept { return data_; }
-    /// The text that `internalSDKError`, `notAHTTPResponse` and `dataNotFoundInResponse` hold, else no text.
+    /// The message of `internalSDKError`, `notAHTTPResponse` and `dataNotFoundInResponse`; an empty string for other
+    /// cases.
     const std::string& message() const noexcept { return message_; }
-    /// What `requestFailed` holds; empty for the others.
+    /// The error of `requestFailed`; empty for other cases.
     const std::optional<Error>& underlyingError() const noexcept { return underlyingError_; }
 
-    /// The `NSError` that `requestFailed` holds; null for the others, and if a transport of the host's own put another
-    /// error there. It lives as long as this error.
+    /// The `NSError` that `requestFailed` holds; null for other cases, and if the host's own transport reported another
+    /// type of error. Valid as long as this error.
     const NSError* transportError() const noexcept;
 
-    /// The host, path and query of the request's URL as `URL` tells them; empty where there is no request or
-    /// URL.
+    /// The host, path and query of the request's URL, as given by `URL`; empty if there is no request or URL.
     std::optional<std::string> requestHost() const;
     /// The path of the request; empty if there is none.
     std::optional<std::string> requestPath() const;
     /// The query of the request; empty if there is none.
     std::optional<std::string> requestQuery() const;
 
-    /// What happened, in words for people.
+    /// A human-readable description of what happened.
     std::string localizedDescription() const;
     /// One line for a log: "HttpCode: 404" or "Error: -1001, /v2/time : (" and the description.
     std::string errorMessage() const;
@@ -85,9 +83,9 @@ public:
     static std::string errorDomain();
     /// The HTTP status (0 without a response), or the code of the underlying error, or 1, 3 or 4 for the other cases.
     std::int64_t errorCode() const;
-    /// "error_code", "domain", "url", "status_code", "url_host", "url_path", "url_query" and "http_method",
-    /// all text and none of it empty, each where it is known; for `requestFailed` also what the underlying
-    /// error brings under other keys.
+    /// "error_code", "domain", "url", "status_code", "url_host", "url_path", "url_query" and "http_method", all
+    /// non-empty strings, each present only if known; for `requestFailed` also the user information of the underlying
+    /// error under other keys.
     Dictionary errorUserInfo() const;
 
     /// Whether both are of one kind.
@@ -108,12 +106,11 @@ private:
     std::optional<Error> underlyingError_;
 };
 
-/// Receives the `NetworkError` of a failed request, on the queue that found the failure: the delegate queue
-/// of the session. It must be callable from several threads at once, since requests of one context may run on
-/// several sessions. An empty function receives nothing.
+/// Receives the `NetworkError` of a failed request, on the session's delegate queue. It must be safe to call from
+/// several threads at once, since requests of one context may run on several sessions. May be empty.
 using LogError = SharedFunction<void(const Error&)>;
 
-/// `error` by its parts: domain, code and user information.
+/// `error` as domain, code and user information.
 VRK_EXPORT NSError underlyingNSError(const Error& error);
 
 /// The user information of `underlyingNSError(error)`.

@@ -16,7 +16,7 @@ const std::shared_ptr<NetworkSession>& sharedSession() {
     return session;
 }
 
-/// Raises the activity counter, and lowers it when it goes.
+/// Increments the activity counter, and decrements it when destroyed.
 class CountedActivity {
 public:
     CountedActivity() { NetworkActivityCounter::increase(); }
@@ -75,7 +75,7 @@ AnyPublisher<Data> NetworkServiceble::fetch() { return publisher({}); }
 
 AnyPublisher<Data> NetworkServiceble::publisher(MetricsReceiver metrics) {
     NetworkActivityCounter::increase();
-    // An answer that is judged a failure passes both steps, and so lowers the counter twice.
+    // An answer that counts as a failure passes both steps, and so decrements the counter twice.
     return session_->loadDataPublisher({.fromURLRequest = urlRequest_, .metrics = std::move(metrics)})
         .tryMap([self = shared_from_this()](NetworkSession::Answer answer) {
             NetworkActivityCounter::decrease();

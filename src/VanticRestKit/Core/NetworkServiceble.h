@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `NetworkServiceble`: runs one request over a session.
+/// `NetworkServiceble`: runs a request on a session.
 
 #include <VanticRestKit/Core/NetworkError.h>
 #include <VanticRestKit/Core/NetworkSession.h>
@@ -15,11 +15,9 @@
 
 namespace VanticRestKit {
 
-/// Runs one request over a session, any number of times, and judges the answers.
-///
-/// A status below 400 with a body is a success, an empty body included; all else is a `NetworkError`, of
-/// which `logError` is told unless it is `notAHTTPResponse` or `internalSDKError`. Nothing is retried.
-/// Immutable, so any thread may use it.
+/// Runs one request on a session, any number of times, and checks the answers. A status below 400 with a body, even an
+/// empty one, is a success. Anything else is a `NetworkError`, which is also passed to `logError` unless it is
+/// `notAHTTPResponse` or `internalSDKError`. Nothing is retried. Immutable, so any thread may use it.
 class VRK_EXPORT NetworkServiceble final : public Serviceable,
                                            public std::enable_shared_from_this<NetworkServiceble> {
 public:
@@ -32,7 +30,7 @@ public:
         Required<URLRequest> with;
         /// Null means the shared session, `NetworkURLSession::sharedInstance().urlSesion`.
         std::shared_ptr<NetworkSession> and_{};
-        /// An empty function means that nobody is told.
+        /// May be empty.
         Required<LogError> logError;
     };
     /// The arguments of `make` for an address.
@@ -47,7 +45,7 @@ public:
 
     /// `NetworkServiceble::make({.with = request, .logError = context.logError()})`
     static std::shared_ptr<NetworkServiceble> make(RequestArguments arguments);
-    /// The same for a plain request of a URL: GET, no headers, 60 seconds.
+    /// The same for a plain request: GET, no headers, 60 seconds.
     static std::shared_ptr<NetworkServiceble> make(URLArguments arguments);
 
     /// The request that is sent.
@@ -57,28 +55,27 @@ public:
     /// What receives failures; may be empty.
     const LogError& logError() const noexcept { return logError_; }
 
-    /// Runs the request once. Judgement, `logError` and completion run where the session calls back. A fetch
-    /// does not keep this object: if it has gone by then, the completion receives `internalSDKError`.
+    /// Runs the request once. The check, `logError` and the completion run where the session calls back. A fetch does
+    /// not keep this object alive: if it is destroyed before the answer, the completion receives `internalSDKError`.
     void fetch(FetchArguments arguments) override;
 
-    /// A publisher of the body, which keeps this object. Each subscription is a transfer of its own.
-    ///
-    /// A failure of the transport arrives as the transport's own error, and `logError` is not told of it. The
-    /// activity counter rises once when this is called, falls at each answer and at each error, so twice
-    /// where an answer is judged a failure, and not at all where nobody waits for the outcome.
+    /// A publisher of the body, which keeps this object alive. Each subscription starts its own transfer. A transport
+    /// failure is delivered as the transport's own error and is not passed to `logError`. The activity counter is
+    /// incremented once by this call and decremented at each answer and at each error: twice if an answer counts as a
+    /// failure, and never if the subscription was cancelled.
     AnyPublisher<Data> fetch() override;
 
     /// The same, with the records that the session makes.
     AnyPublisher<Data> publisher(MetricsReceiver metrics) override;
 
-    /// Runs the request once, cancellable. Judgement and errors are those of `fetch`; `logError` is not told of a
-    /// cancelled request.
+    /// Runs the request once and can be cancelled. Checks and errors are those of `fetch`; a cancelled request is not
+    /// passed to `logError`.
     [[nodiscard]] Cancellable start(FetchArguments arguments) override;
 
-    /// That of the session.
+    /// The session's delegate queue.
     DispatchQueue deliveryQueue() const override { return session_->deliveryQueue(); }
 
-    /// `requestFailed` with the transport's error of `code`. `logError` is told of it, unless the request was cancelled.
+    /// `requestFailed` with the transport's error of `code`. Passed to `logError`, unless the request was cancelled.
     Error endedEarly(URLErrorCode code) const override;
 
 private:

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `NetworkSession`: the interface over the transport.
+/// `NetworkSession`: the interface to the transport.
 
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/platform/data/Data.h>
@@ -23,15 +23,14 @@ namespace VanticRestKit {
 
 class URLSession;
 
-/// Carries requests to their server. A host may supply a transport of its own: one that overrides `loadData` alone
-/// serves every form of a load. It overrides `start` too if its transfers can be cancelled, and `loadDataPublisher`
-/// if publishers are used and shall cancel them.
+/// Sends requests. A host may supply its own transport. Overriding `loadData` is enough for every form of a load;
+/// override `start` too if transfers can be cancelled, and `loadDataPublisher` if publishers should cancel them.
 class VRK_EXPORT NetworkSession {
 public:
-    /// Receives the body, the head of the answer and the error of a transfer, each where there is one.
+    /// Receives the body, the response and the error of a transfer, each if there is one.
     using Completion =
         UniqueFunction<void(std::optional<Data>, std::shared_ptr<const URLResponse>, std::optional<Error>)>;
-    /// Body and head of an answer.
+    /// Body and response of an answer.
     using Answer = std::pair<Data, std::shared_ptr<const URLResponse>>;
 
     /// The arguments of `loadData`.
@@ -40,8 +39,8 @@ public:
         Required<URLRequest> fromURLRequest;
         /// Receives what came, once.
         Required<Completion> completionHandler;
-        /// Gets a record of each request, before the handler, on its queue. A session that makes none may ignore it.
-        /// Empty: no records are wanted.
+        /// Receives a record of each request, before the handler and on the same queue. A session that makes no records
+        /// may ignore it. Empty: no records are wanted.
         MetricsReceiver metrics{};
     };
     /// The arguments of `loadDataPublisher`.
@@ -54,26 +53,22 @@ public:
 
     virtual ~NetworkSession();
 
-    /// Starts the transfer at once. The handler is called once, on the session's own serial queue.
+    /// Starts the transfer immediately. The handler is called once, on the session's own serial queue.
     virtual void loadData(LoadDataArguments arguments) = 0;
 
-    /// A publisher whose every subscription starts a transfer; cancelling the subscription ends it. The session must
-    /// live until the last subscription has started.
-    ///
-    /// A session that does not override this subscribes by `loadData`: cancelling the subscription then stops the
-    /// delivery and not the transfer, and the same holds for the default of `start`. An answer without body and without
-    /// error has an empty body.
+    /// A publisher that starts a transfer for each subscription; cancelling the subscription cancels the transfer. The
+    /// session must exist until the last subscription has started. The default uses `loadData`: cancelling the
+    /// subscription then only suppresses the delivery, and so does the default of `start`. An answer without a body and
+    /// without an error gives an empty body.
     virtual AnyPublisher<Answer> loadDataPublisher(LoadDataPublisherArguments arguments);
 
-    /// Starts the transfer at once, like `loadData`, and gives a handle whose `cancel()` or end ends the transfer. The
-    /// handler of a transfer that was ended so is called with the error of a cancelled request, or not at all.
-    ///
-    /// A session that does not override this subscribes to its own `loadDataPublisher`, so that the head of an answer
-    /// that failed is lost.
+    /// Starts the transfer immediately, like `loadData`. Cancelling or destroying the returned handle cancels the
+    /// transfer, whose handler is then called with the error of a cancelled request, or not at all. The default
+    /// subscribes to `loadDataPublisher`, so the response of a failed answer is lost.
     [[nodiscard]] virtual Cancellable start(LoadDataArguments arguments);
 
-    /// The queue on which handlers are called. A session that does not override this names one that all such sessions
-    /// share; loads that are cancelled or miss their deadline are delivered there.
+    /// The queue on which handlers are called. The default is a queue shared by all sessions that do not override this;
+    /// cancelled loads and missed deadlines are delivered there.
     virtual DispatchQueue deliveryQueue() const;
 
 protected:
@@ -82,8 +77,8 @@ protected:
     NetworkSession& operator=(const NetworkSession&) = default;
 };
 
-/// The platform's session as a `NetworkSession`. `session` must not be null. Data tasks that it starts are
-/// resumed at once and not kept: only those of `start` and of publishers can be cancelled.
+/// Adapts a `URLSession`, which must not be null. Its data tasks are resumed immediately and not kept: only those of
+/// `start` and of publishers can be cancelled.
 VRK_EXPORT std::shared_ptr<NetworkSession> networkSession(std::shared_ptr<URLSession> session);
 
 }  // namespace VanticRestKit

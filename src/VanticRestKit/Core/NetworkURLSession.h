@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `NetworkURLSession`: the session that all requests share by default.
+/// `NetworkURLSession`: the default shared session.
 
 #include <VanticRestKit/platform/dispatch/OperationQueue.h>
 #include <VanticRestKit/platform/http/URLSessionConfiguration.h>
@@ -13,17 +13,17 @@ namespace VanticRestKit {
 
 class URLSession;
 
-/// A session with the configuration that it was made from.
+/// A session and its configuration.
 struct VRK_EXPORT NetworkURLSession {
-    /// The session that requests use where they are given no other.
+    /// The session of all requests that specify no other.
     std::shared_ptr<URLSession> urlSesion{};
-    /// The default configuration with the protocol's cache policy and 30 seconds for a request.
+    /// The default configuration, with the protocol cache policy and an idle time-out of 30 seconds.
     URLSessionConfiguration sessionURLConfig{};
-    /// Named "dev.vantic.NetworkSesionQueue". It stays idle: the session is not given it, so completions
-    /// arrive on the session's private serial queue.
+    /// Named "dev.vantic.NetworkSesionQueue". It is unused: completions are delivered on the session's own serial
+    /// queue.
     OperationQueue sessionQueue{};
 
-    /// The one shared instance, made on first use; it lives as long as the process. Any thread.
+    /// The shared instance, made on first use and never destroyed. Any thread.
     static const NetworkURLSession& sharedInstance();
 };
 

@@ -2,7 +2,7 @@
 
 namespace VanticRestKit {
 
-// Out of line, so that the library has the one copy of the class's table of virtual functions.
+// Out of line, so that the vtable is emitted only in the library.
 ObservableContext::~ObservableContext() = default;
 
 }  // namespace VanticRestKit

@@ -12,17 +12,16 @@ namespace VanticRestKit {
 
 class RequestObserver;
 
-/// A context that also says who is told of its requests. A host's context inherits it beside the contexts of the
-/// services: `class MyContext : public TrelvoContext, public ObservableContext`.
-///
-/// It counts for every form of a load, for publishers, and for all operations of `Trelvo` and `UserClient`, token
-/// requests included, whatever `service` the context makes. Not observed are resources that are made of a request, an
-/// address or a service, without a context.
+/// A context that also provides an observer of its requests. A host's context inherits it in addition to the contexts
+/// of the services: `class MyContext : public TrelvoContext, public ObservableContext`. It applies to all forms of a
+/// load, to publishers, and to all operations of `Trelvo` and `UserClient`, including token requests, whatever
+/// `service` the context makes. Resources made from a request, URL or service, without a context, are not observed.
 class VRK_EXPORT ObservableContext : public virtual Context {
 public:
     ~ObservableContext() override;
 
-    /// Who is told. Null if no one is, for this request. Called once for each request, on the thread that makes it.
+    /// The observer of a request; null if it is not observed. Called once for each request, on the thread that makes
+    /// it.
     virtual std::shared_ptr<RequestObserver> observer() const = 0;
 
     const ObservableContext* asObservable() const noexcept override { return this; }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Omittable`: a labelled argument that is empty where the caller leaves it out.
+/// `Omittable`: an optional labelled argument.
 
 #include <VanticRestKit/Core/Required.h>
 
@@ -12,8 +12,9 @@
 
 namespace VanticRestKit {
 
-/// A field of a label struct that the caller may leave out: empty then. It takes what a `Required<std::optional<T>>`
-/// takes, so that `.selectedSeries = 111` compiles and `.selectedSeries = -1` does not; a `std::optional` takes both.
+/// A field of a label struct that the caller may omit, in which case it is empty. It accepts what a
+/// `Required<std::optional<T>>` accepts, so that `.selectedSeries = 111` compiles and `.selectedSeries = -1` does not;
+/// a `std::optional` would accept both.
 template <class T>
 class Omittable {
 public:

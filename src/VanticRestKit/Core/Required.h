@@ -17,8 +17,8 @@ namespace detail {
 
 struct NoElement {};
 
-/// What stands between the braces of a list or a dictionary. Named type by type, which a compiler settles
-/// much faster than the question what can be constructed from what.
+/// The braced elements of a list or dictionary. Listed type by type, which compiles much faster than checking
+/// constructibility.
 template <class T>
 struct ListElement {
     using type = NoElement;
@@ -49,8 +49,8 @@ concept FillsByBraces = std::convertible_to<U, T> && requires(U&& value) {
     T{std::forward<U>(value)};
 };
 
-// An optional converts what it is given by itself and would let an unfit number through. Whole numbers may
-// stand for numbers with a fraction, as `timeout = 5` does.
+// A `std::optional` converts its argument itself and would accept a number that does not fit. Integers are accepted for
+// floating-point numbers, as in `timeout = 5`.
 template <class U, class T>
 concept FillsInside = std::same_as<U, T> || FillsByBraces<U, T> ||(std::floating_point<T>&& std::integral<U>);
 
@@ -71,12 +71,12 @@ inline constexpr bool isUnsignedLike = std::unsigned_integral<T> && !std::same_a
 template <class T>
 inline constexpr bool isUnsignedLike<std::optional<T>> = isUnsignedLike<T>;
 
-/// A signed number in the place of an unsigned one, which is told only where its value is known.
+/// A signed number for an unsigned one: checked at compile time, when its value is known.
 template <class U, class T>
 concept SignedFor =
     isUnsignedLike<T> && std::signed_integral<U> && !std::same_as<U, char> && !std::same_as<U, wchar_t>;
 
-/// Never defined: what the compiler names where a literal does not fit.
+/// Never defined: its name appears in the compiler error for a literal that does not fit.
 void literalIsNegativeOrTooGreatForThisArgument();
 
 template <class T>
@@ -96,12 +96,11 @@ consteval typename UnsignedOf<T>::type exactly(U literal) {
 
 }  // namespace detail
 
-/// A field of a label struct that the caller must give: leaving it out does not compile.
-///
-/// It takes whatever converts to `T` without narrowing, and for a vector or a map also its elements in braces.
-/// For an unsigned number, also one that may be empty, it takes a signed constant: `.limit = 10` compiles,
-/// `.limit = -1` and `.limit = n` with a variable `int n` do not. An empty list is written with its type:
-/// `.queries = std::vector<URLQueryItem>{}`, because `{}` is what a field that was left out reads like.
+/// A field of a label struct that the caller must set: omitting it does not compile. It accepts anything that converts
+/// to `T` without narrowing, and for a vector or map also its elements in braces. For an unsigned number, optional or
+/// not, it accepts a signed constant: `.limit = 10` compiles, `.limit = -1` and `.limit = n` with a variable `int n` do
+/// not. Write an empty list with its type, `.queries = std::vector<URLQueryItem>{}`, because `{}` looks like an omitted
+/// field.
 ///
 /// ```cpp
 /// struct GreetArguments {
@@ -154,7 +153,7 @@ private:
     T value_;
 };
 
-/// Whether the value of `argument` equals `other`, which may be whatever a `T` can be compared with.
+/// Whether the value of `argument` equals `other`, which may be of any type that is comparable with `T`.
 template <class T, class U>
 requires requires(const T& value, const U& other) {
     { value == other } -> std::convertible_to<bool>;
@@ -164,7 +163,7 @@ constexpr bool operator==(const Required<T>& argument, const U& other) { return 
 template <class T>
 requires std::equality_comparable<T>
 constexpr bool operator==(const Required<T>& a, const Required<T>& b) { return a.value() == b.value(); }
-// An optional compares itself with whatever its element compares with, and would see two empty ones as different.
+// `std::optional` compares itself with anything that its element is comparable with, so two empty ones would differ.
 /// Whether both hold equal values or are both empty.
 template <class T>
 requires std::equality_comparable<T>

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Resource`: a prepared request and how its answer is read.
+/// `Resource`: a prepared request and the type of its answer.
 
 #include <VanticRestKit/Core/Loader.h>
 #include <VanticRestKit/Core/LoaderError.h>
@@ -22,11 +22,9 @@
 
 namespace VanticRestKit {
 
-/// One prepared request and the knowledge of how to read its answer into a `T`, any type that `JSONDecoder`
-/// decodes. It is light: make one per use.
-///
-/// The request is built once, when the resource is made: its URL, headers and tokens are those of that time.
-/// Copies share one `Loader`, and so are busy together. Drive a resource from one thread at a time.
+/// A prepared request whose answer is decoded to a `T`, any type that `JSONDecoder` decodes. It is cheap: make one per
+/// use. The request is built once, when the resource is made: its URL, headers and tokens are those of that time.
+/// Copies share one `Loader` and therefore one busy state. Use a resource from one thread at a time.
 ///
 /// A completion must not throw: that ends the process, as for every block of a `DispatchQueue`.
 ///
@@ -49,22 +47,22 @@ public:
     /// A resource that runs `withService`.
     explicit Resource(ResourceArguments::Service arguments)
         : Resource(std::move(arguments.withService).value(), std::move(arguments.andDecoder)) {}
-    /// A resource of a request, on the shared session. Nobody is told of failures beside the completion.
+    /// A resource of a request, on the shared session. Failures are reported only to the completion.
     explicit Resource(ResourceArguments::Request arguments)
         : Resource(detail::serviceFor(std::move(arguments.withURLRequest).value()),
                    std::move(arguments.andDecoder)) {}
-    /// The same for a plain request of a URL: GET, no headers, 60 seconds.
+    /// The same for a plain request: GET, no headers, 60 seconds.
     explicit Resource(ResourceArguments::Address arguments)
         : Resource(detail::serviceFor(std::move(arguments.withURL).value()),
                    std::move(arguments.andDecoder)) {}
 
-    /// A resource of a route, run by what `context.service` gives. Empty where the context can make no URL of
-    /// the route. The context is read during this call only.
+    /// A resource of a route, run by the service that `context.service` returns. Empty if the context cannot form a URL
+    /// for the route. The context is only read during this call.
     static std::optional<Resource> make(ResourceArguments::Route arguments, const Context& context) {
         return made(detail::serviceFor(arguments.with.value(), context), std::move(arguments.andDecoder));
     }
-    /// The same request on the shared session, reported to nobody: `service` is ignored, and so is the
-    /// context's own.
+    /// The same request on the shared session, with failures reported only to the completion: `service` is ignored, and
+    /// so is the context's own.
     static std::optional<Resource> make(ResourceArguments::RouteAndService arguments,
                                         const Context& context) {
         std::optional<URLRequest> request = detail::requestFor(arguments.with.value(), context);
@@ -72,13 +70,13 @@ public:
         return Resource(ResourceArguments::Request{.withURLRequest = *std::move(request),
                                                    .andDecoder = std::move(arguments.andDecoder)});
     }
-    /// A resource of a path that is held whole, with a decoder given.
+    /// A resource of a complete path, with the given decoder.
     static std::optional<Resource> make(ResourceArguments::HrefAndDecoder arguments, const Context& context) {
         return make({.with = std::move(arguments.withHrefURI).value(),
                      .andDecoder = std::move(arguments.andDecoder).value()},
                     context);
     }
-    /// A resource of a path that is held whole, with a new decoder.
+    /// A resource of a complete path, with a new decoder.
     static std::optional<Resource> make(ResourceArguments::Href arguments, const Context& andUsing) {
         return make({.with = std::move(arguments.withHrefURI).value()}, andUsing);
     }
@@ -86,10 +84,10 @@ public:
     /// The decoder of the answer.
     const JSONDecoder& decoder() const noexcept { return decoder_; }
 
-    /// Starts a load. Does nothing while this resource or a copy of it is busy: the completion is then never
-    /// called. Else it is called once, on the delegate queue of the session, where it may load again.
+    /// Starts a load. Does nothing while this resource or a copy of it is busy: the completion is then never called.
+    /// Otherwise it is called once, on the session's delegate queue, and may start the next load.
     ///
-    /// The resource lives on until the load has ended, also when the caller drops it.
+    /// The load keeps the resource alive until it has ended.
     void load(LoadArguments arguments) const {
         loader_->load(
             {.withDecoder =
@@ -97,33 +95,31 @@ public:
             std::move(arguments.with));
     }
 
-    /// A publisher of the value. Each subscription sends the request anew, busy or not; cancel it by dropping
-    /// the subscription. Failures arrive as they are: a `NetworkError`, the transport's or the decoder's
-    /// error.
+    /// A publisher of the value. Each subscription sends a new request, busy or not; drop the subscription to cancel
+    /// it. Failures are not wrapped: a `NetworkError`, a transport error or a decoder error.
     AnyPublisher<T> resourceLoader() const { return loader_->load({.decoder = decoder_}); }
 
-    /// The same with an empty value for a JSON null and for every failure; it never fails.
+    /// The same, but with an empty value for a JSON null and for any failure; it never fails.
     AnyPublisher<std::optional<T>, Never> optionalResourceLoader() const {
         return loader_->loadOptional({.decoder = decoder_});
     }
 
-    /// Whether a `load` is under way; publishers do not count.
+    /// Whether a `load` is in progress; publishers do not count.
     bool isBusy() const { return loader_->isBusy(); }
 
-    /// Cancels a `load` that has not started its request yet; the resource is then finished: it stays busy
-    /// for good and never calls a completion again. Any other load goes on undisturbed.
+    /// Cancels a `load` that has not yet started its request. The resource is then unusable: it stays busy and never
+    /// calls a completion again. Any other load continues.
     void cancel() const { loader_->cancel(); }
 
-    /// What every load below ends with, once: the value or why there is none. A load that is cancelled ends with a
+    /// The outcome of every load below, delivered once: the value or an error. A cancelled load ends with a
     /// `serverError` that holds the transport's `URLErrorCode::cancelled`, one that misses its deadline with
     /// `URLErrorCode::timedOut`.
     using Outcome = Result<T, LoaderError>;
 
-    /// Starts a load of its own, busy or not, and calls `completion` once with its outcome, on the queue of the options
-    /// or on the delegate queue of the session.
-    ///
-    /// `cancel()` on the handle ends the load and reaches the socket; the completion is told so. Dropping the handle
-    /// ends it too, and the completion is not called any more. `detach()` lets the load go on by itself.
+    /// Starts an independent load, busy or not, and calls `completion` once with its outcome, on the queue of the
+    /// options or on the session's delegate queue. `cancel()` on the handle ends the load and its transfer, and the
+    /// completion is called with that error. Dropping the handle ends it too, but the completion is not called.
+    /// `detach()` lets the load continue without the handle.
     ///
     /// ```cpp
     /// Cancellable load = show->start({.on = DispatchQueue::main(), .deadline = 5s}, [](auto result) { ... });
@@ -135,35 +131,34 @@ public:
         return handle;
     }
 
-    /// A load of its own for a coroutine: `Result<Show, LoaderError> show = co_await resource->value();`
-    /// It starts when it is awaited; the coroutine goes on where `start` would call the completion. A coroutine that is
-    /// destroyed while it waits cancels the load.
-    ///
-    /// GCC 12 has a fault: braced arguments that own something, such as a string, are destroyed twice if they stand in
-    /// the same expression as `co_await`. With it, name the resource in a statement of its own before it is awaited.
+    /// An independent load for a coroutine: `Result<Show, LoaderError> show = co_await resource->value();` It starts
+    /// when it is awaited; the coroutine resumes where `start` would call the completion. Destroying the waiting
+    /// coroutine cancels the load. GCC 12 has a bug: braced arguments with a destructor, such as a string, are
+    /// destroyed twice in a `co_await` expression. With that compiler, make the resource in a separate statement before
+    /// awaiting it.
     LoadAwaitable<Resource> value(AwaitOptions options = {}) const { return {*this, options.copied()}; }
-    /// The same with options that are kept somewhere.
+    /// The same with stored options.
     template <std::same_as<LoadOptions> Options>
     LoadAwaitable<Resource> value(Options options) const {
         return {*this, std::move(options)};
     }
 
-    /// Starts a load of its own, whose outcome can be waited for. Only the stop token and the deadline of the options
-    /// end it; `options.on` is ignored.
+    /// Starts an independent load and returns a future. Only the stop token and the deadline of the options end it;
+    /// `options.on` is ignored.
     LoadFuture<Outcome> future(LoadOptions options = {}) const { return {*this, std::move(options)}; }
 
-    /// Loads and blocks the calling thread until the outcome is there: for tools and tests. On the delegate queue of
-    /// the session it fails at once, since it would never end there. `options.on` is ignored.
+    /// Loads and blocks the calling thread until the outcome is available: for tools and tests. On the session's
+    /// delegate queue it fails immediately, since it would never end. `options.on` is ignored.
     Outcome wait(LoadOptions options = {}) const { return future(std::move(options)).get(); }
 
-    /// For the forms above: a load that was prepared and not begun.
+    /// Used by the forms above: a prepared load that has not been started.
     std::shared_ptr<detail::PendingCall> prepare(LoadOptions options, Completion completion) const {
         return std::make_shared<detail::ResourceLoad<T>>(loader_->service(), reader(), std::move(options),
                                                          std::move(completion));
     }
-    /// Whether the calling code occupies the queue on which the loads of this resource deliver.
+    /// Whether the calling code runs on the queue on which this resource delivers.
     bool needsCurrentQueue() const { return loader_->service()->deliveryQueue().isCurrent(); }
-    /// The outcome of a load that failed with `error` before it began.
+    /// The outcome of a load that failed with `error` before it started.
     Outcome failed(Error error) const { return Failure(LoaderError::serverError(std::move(error))); }
 
 private:

@@ -76,15 +76,15 @@ struct HrefAndDecoder {
 
 namespace detail {
 
-/// What the context makes of the route. Empty or null where it makes no request.
+/// The request and service for a route. Empty or null if the context makes no request.
 VRK_EXPORT std::optional<URLRequest> requestFor(const ResourceURI& route, const Context& context);
 VRK_EXPORT std::shared_ptr<Serviceable> serviceFor(const ResourceURI& route, const Context& context);
 
-/// What runs `request` for the context, observed if the context is. `attempt` is the number of its first attempt.
+/// The service that runs `request`, observed if the context is. `attempt` is the number of its first attempt.
 VRK_EXPORT std::shared_ptr<Serviceable> serviceFor(URLRequest request, const Context& context,
                                                    std::int64_t attempt = 1);
 
-/// A `NetworkServiceble` on the shared session that reports to nobody.
+/// A `NetworkServiceble` on the shared session without `logError`.
 VRK_EXPORT std::shared_ptr<Serviceable> serviceFor(URLRequest request);
 VRK_EXPORT std::shared_ptr<Serviceable> serviceFor(URL url);
 

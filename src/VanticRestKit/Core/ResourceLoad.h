@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The loads of a `Resource` that can be cancelled. Hosts use `Resource`.
+/// Cancellable loads of a `Resource`. Hosts use `Resource`.
 
 #include <VanticRestKit/Core/BodyReader.h>
 #include <VanticRestKit/Core/LoaderError.h>
@@ -18,7 +18,7 @@
 
 namespace VanticRestKit::detail {
 
-/// One load: fetches the body, decodes it where it arrives, and hands the outcome over.
+/// One load: fetches the body, decodes it where it arrives, and delivers the outcome.
 template <class T>
 class ResourceLoad final : public AsyncCall {
 public:

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ResourceURI`: what a route asks the service for.
+/// `ResourceURI`: a type-erased route.
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/url/URLQueryItem.h>
@@ -17,9 +17,9 @@ namespace VanticRestKit {
 
 namespace detail {
 
-// How one requirement of a route is met. `called` and `stored`: as a const member function without arguments,
-// or as a field, of a type that converts. `absent`: the route has no member of that name in any form. A type
-// that inherits the name a second time tells: naming it is then ambiguous even where the first is private.
+// How a route provides one requirement. `called` and `stored`: as a const member function without arguments, or as a
+// field, of a convertible type. `absent`: it has no member of that name. This is detected by a type that also inherits
+// the name from elsewhere: the name is then ambiguous even if the route's member is private.
 #define VRK_ROUTE_MEMBER(STRUCT, NAME, TYPE)                      \
     struct STRUCT {                                               \
         using Type = TYPE;                                        \
@@ -60,33 +60,30 @@ VRK_ROUTE_MEMBER(RouteHttpMethod, httpMethod, std::optional<std::string>)
 template <class R, class Member>
 concept OffersMember = Member::template called<R> || Member::template stored<R>;
 
-/// Whether a final class lacks a member or hides it cannot be told, so that it must offer all.
+/// For a final class, an absent member cannot be told from a private one, so it must provide all of them.
 template <class R, class Member>
 concept LacksMember = !std::is_final_v<R> && Member::template absent<R>;
 
 template <class R, class Member>
 concept OffersOrLacksMember = OffersMember<R, Member> || LacksMember<R, Member>;
 
-/// Has a path in whatever form, and so asks to be told what is wrong with it.
+/// Has a path in any form; used for a better error message.
 template <class R>
 concept MeantAsRoute = std::is_class_v<R> && !LacksMember<R, RoutePath>;
 
 }  // namespace detail
 
-/// A type that `ResourceURI` can be made from: a class with `path` and, where it differs from the default,
-/// `queryItems`, `postData` and `httpMethod`, each a public field or a public const member function without
-/// arguments. One that is there in a form that cannot be used (private, not const, with arguments, of a type
-/// that does not convert) is refused, never taken for absent.
+/// A type that `ResourceURI` can be made from: a class with `path` and optionally `queryItems`, `postData` and
+/// `httpMethod`, each a public field or a public const member function without arguments. A member in an unusable form
+/// (private, not const, with arguments, of a type that does not convert) is refused, never ignored.
 template <class R>
 concept RouteType = std::is_class_v<R> && detail::OffersMember<R, detail::RoutePath> &&
     detail::OffersOrLacksMember<R, detail::RouteQueryItems> &&
     detail::OffersOrLacksMember<R, detail::RoutePostData> &&
     detail::OffersOrLacksMember<R, detail::RouteHttpMethod>;
 
-/// What a route asks for, whatever the route's type: path, query items, body and method.
-///
-/// Reads the route's members once, when it is made, and holds no reference to it. A value; any number of
-/// threads may read one.
+/// The path, query items, body and method of a route of any type. Reads the route's members once, when it is made, and
+/// keeps no reference to it. A value; any number of threads may read it.
 ///
 /// ```cpp
 /// struct GreetingURI {
@@ -97,7 +94,7 @@ concept RouteType = std::is_class_v<R> && detail::OffersMember<R, detail::RouteP
 /// ```
 class ResourceURI {
 public:
-    /// From any `RouteType`. A type with a path that is no `RouteType` does not compile.
+    /// From any `RouteType`. A type that has a path but is no `RouteType` does not compile.
     template <detail::MeantAsRoute R>
     ResourceURI(const R& route)
         : path_(detail::RoutePath::read(route)),
@@ -113,14 +110,14 @@ public:
                       "the route has an httpMethod that cannot be used, or is final without any");
     }
 
-    /// Relative to the context's base URL, without a slash at its front; not percent-encoded. An empty text
-    /// asks for the base URL itself.
+    /// Relative to the context's base URL, without a leading slash; not percent-encoded. An empty string requests the
+    /// base URL itself.
     const std::string& path() const& noexcept { return path_; }
-    /// Appended behind the query of the base URL, in this order. An empty list by default.
+    /// Appended to the query of the base URL, in this order. An empty list by default.
     const std::vector<URLQueryItem>& queryItems() const& noexcept { return queryItems_; }
     /// The body of the request. Empty by default: no body.
     const std::optional<Data>& postData() const& noexcept { return postData_; }
-    /// The method of the request. Empty by default, which means GET, also where there is a body.
+    /// The method of the request. Empty by default, which means GET, even with a body.
     const std::optional<std::string>& httpMethod() const& noexcept { return httpMethod_; }
 
 private:

@@ -6,10 +6,10 @@ namespace VanticRestKit {
 
 namespace {
 
-// Written so that what is no number gives zero.
+// In this form NaN gives zero.
 double notBelowZero(double number) noexcept { return number > 0 ? number : 0; }
 
-// Ten deposits of a tenth are a little less than one.
+// Ten additions of 0.1 give slightly less than one.
 constexpr double almostOne = 1 - 1e-9;
 
 }  // namespace

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `RetryBudget`: how many requests may be sent again.
+/// `RetryBudget`: limits how many requests are retried.
 
 #include <VanticRestKit/Visibility.h>
 
@@ -9,25 +9,25 @@
 
 namespace VanticRestKit {
 
-/// Keeps repeated requests in proportion to first ones, so that a service in trouble does not get several times its
-/// usual load. Shared by all services that are to be counted together. Any thread may call.
+/// Limits retries to a fraction of first attempts, so that a failing service does not receive a multiple of its usual
+/// load. Shared by all services that are counted together. Thread-safe.
 class VRK_EXPORT RetryBudget {
 public:
-    /// How many requests may be repeated for each first one; 0.1 allows one in ten.
+    /// How many retries each first attempt allows; 0.1 allows one in ten.
     static constexpr double usualShare = 0.1;
-    /// How many may be repeated at once, after quiet times and at the start.
+    /// How many retries are available at the start, and at most saved up.
     static constexpr double usualReserve = 10;
 
-    /// Numbers below zero, and those that are none, count as zero.
+    /// Negative numbers and NaN count as zero.
     explicit RetryBudget(double share = usualShare, double reserve = usualReserve) noexcept;
 
-    /// A request was sent for the first time.
+    /// Records a first attempt.
     void deposit() noexcept;
 
-    /// Whether one more request may be repeated; if so, it is counted.
+    /// Whether one more retry is allowed; if so, it is counted.
     [[nodiscard]] bool withdraw() noexcept;
 
-    /// How many requests may be repeated now.
+    /// How many retries are available now.
     double balance() const noexcept;
 
 private:

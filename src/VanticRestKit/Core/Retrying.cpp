@@ -19,7 +19,7 @@ bool isRepeatable(const URLRequest& request, const RetryPolicy& policy) {
     return policy.repeatsPutAndDelete && (method == "PUT" || method == "DELETE");
 }
 
-/// Spreads pauses; nothing depends on its being hard to guess.
+/// Randomises pauses; need not be unpredictable.
 double randomShare() {
     static std::atomic<std::uint64_t> counter{
         static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count())};
@@ -30,10 +30,10 @@ double randomShare() {
     return static_cast<double>(bits >> 11U) * 0x1p-53;
 }
 
-/// Runs `block` on a queue of its own: a service of a host's may block while it starts a request.
+/// Runs `block` on a separate queue: a host's own service may block while it starts a request.
 Cancellable runAfter(std::chrono::duration<double> pause, Block block) {
     const auto item = std::make_shared<DispatchWorkItem>(std::move(block));
-    // Written so that what is no number is no pause.
+    // In this form NaN means no pause.
     DispatchQueue("VanticRestKit retry").asyncAfter(pause.count() > 0 ? pause : pause.zero(), item);
     return Cancellable([item] { item->cancel(); });
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `retrying`: a service that sends a failed request again. Off unless a host asks for it.
+/// `retrying`: a service that retries failed requests. Only used if a host asks for it.
 
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/Core/RetryBudget.h>
@@ -19,34 +19,34 @@ namespace VanticRestKit {
 
 class Serviceable;
 
-/// Clock, timer and dice of the retries, for tests that bring their own. An empty function stands for the real one. All
+/// Clock, timer and random numbers of the retries, replaceable by tests. An empty function stands for the real one. All
 /// may be called on any thread, several at once.
 struct RetryEnvironment {
-    /// The instant from which a `Retry-After` with a date counts.
+    /// The current time, used for a `Retry-After` with a date.
     SharedFunction<Date()> now{};
-    /// A number from 0 up to 1, without 1 itself.
+    /// A random number in [0, 1).
     SharedFunction<double()> random{};
-    /// Calls the block once, after a pause in seconds; the handle that it returns prevents that and drops the block.
+    /// Calls the block once after a delay in seconds; the returned handle cancels that and destroys the block.
     SharedFunction<Cancellable(std::chrono::duration<double>, Block)> after{};
 };
 
-/// When and how often a request is sent again. Copies share the budget: a host makes one policy and hands out copies.
+/// When and how often a request is retried. Copies share the budget: make one policy and copy it.
 struct RetryPolicy {
-    /// How often a request is sent at most, the first time included. Below 2: never again.
+    /// The maximum number of attempts, including the first. Below 2: no retries.
     int attempts = 3;
 
-    /// About how long the first pause is; each later one is twice as long. A pause takes a random length between half
-    /// of that and the whole, so that clients that failed together do not come back together.
+    /// The nominal length of the first pause; each later one is twice as long. The actual length is random, between
+    /// half of that and all of it, so that clients that failed at the same time do not retry at the same time.
     std::chrono::duration<double> firstPause{0.5};
 
-    /// No pause is longer. If the service asks for a longer one by `Retry-After`, the request is not sent again.
+    /// The maximum pause. If the service asks for a longer one by `Retry-After`, the request is not retried.
     std::chrono::duration<double> maxPause{30};
 
-    /// GET and HEAD are repeated, which change nothing. With this, PUT and DELETE are too, which may reach the service
-    /// twice. All others never are.
+    /// GET and HEAD are retried, since they change nothing. If this is set, PUT and DELETE are too, which may reach the
+    /// service twice. Other methods are never retried.
     bool repeatsPutAndDelete = false;
 
-    /// Null: as many as `attempts` allows.
+    /// Null: limited by `attempts` only.
     std::shared_ptr<RetryBudget> budget = std::make_shared<RetryBudget>();
 
     /// Clock, random numbers and pauses; replaced in tests.
@@ -55,7 +55,7 @@ struct RetryPolicy {
 
 /// The arguments of `retrying`.
 struct RetryingArguments {
-    /// What runs the request; not null.
+    /// The service that runs the request; not null.
     Required<std::shared_ptr<Serviceable>> service;
     /// The request that it runs.
     Required<URLRequest> request;
@@ -63,13 +63,14 @@ struct RetryingArguments {
     Required<RetryPolicy> policy;
 };
 
-/// A service that runs the request of `service`, and runs it again after a pause if it failed in a way that
-/// `adviceOn` calls worth another try. It returns `service` itself if the method or the policy allow no second try.
+/// A service that runs the request of `service`, and retries it after a pause if `adviceOn` says that trying again may
+/// help. Returns `service` itself if the method or the policy allows no retry.
 ///
-/// All forms of a load work as without it. A failure that is not repeated is delivered as it came: that of the last
-/// attempt. `logError` is told of each attempt that failed, and an observer has a record of each, with its number. A cancel ends the load at once, in a pause too; a deadline
-/// counts for the load as a whole. A pause is at least as long as the `Retry-After` of the answer. Decoding comes
-/// afterwards: a body that does not decode is not asked for again.
+/// All forms of a load work as without it. A failure that is not retried is delivered unchanged: that of the last
+/// attempt. `logError` is called for each failed attempt, and an observer receives a record of each, with its number.
+/// A cancellation ends the load immediately, even during a pause; the deadline of a load includes all attempts.
+/// A pause is at least as long as the `Retry-After` of the answer. Decoding comes afterwards: a body that cannot be
+/// decoded is not requested again.
 ///
 ///     std::shared_ptr<Serviceable> service(ServiceArguments arguments) const override {
 ///         const URLRequest request = arguments.withURLRequest;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Serviceable`: something that can run one request.
+/// `Serviceable`: runs a prepared request.
 
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/platform/data/Data.h>
@@ -21,56 +21,55 @@ namespace detail {
 class LoadObservation;
 }  // namespace detail
 
-/// Runs one request that is already prepared, any number of times. A host may supply its own: one that overrides
-/// `fetch(FetchArguments)` alone serves every form of a load. It overrides `start` too if its requests can be cancelled,
-/// and `fetch()` if publishers are used and shall cancel them.
+/// Runs one prepared request, any number of times. A host may supply its own. Overriding `fetch(FetchArguments)` is
+/// enough for every form of a load; override `start` too if requests can be cancelled, and `fetch()` if publishers
+/// should cancel them.
 class VRK_EXPORT Serviceable {
 public:
-    /// Receives the body of the answer, or why there is none.
+    /// Receives the body of the answer or an error.
     using Completion = UniqueFunction<void(Result<Data, Error>)>;
 
     /// The arguments of `fetch` and `start`.
     struct FetchArguments {
         /// Called once with the outcome.
         Required<Completion> with;
-        /// Gets a record of each request, before the completion, on its queue. A service that makes none may ignore it;
-        /// one that decorates another hands it on, as `ofAttempt` if it tries again. Empty: no records are wanted.
+        /// Receives a record of each request, before the completion and on the same queue. A service that makes no
+        /// records may ignore it; one that decorates another passes it on, with `ofAttempt` if it retries. Empty: no
+        /// records are wanted.
         MetricsReceiver metrics{};
     };
 
     virtual ~Serviceable();
 
-    /// Runs the request once and calls the completion once with its outcome, on a queue of the implementer's
-    /// choice. A `Loader` calls this on its own queue and decodes on the queue of the completion.
+    /// Runs the request once and calls the completion once with its outcome, on any queue. A `Loader` calls this on its
+    /// own queue and decodes on the queue of the completion.
     virtual void fetch(FetchArguments arguments) = 0;
 
-    /// A publisher of the one body, or of the error in its place. Each subscription runs the request anew. The service
-    /// must live until the last subscription has started; a `Loader` keeps it alive that long.
-    ///
-    /// A service that does not override this subscribes by `fetch(FetchArguments)`: cancelling the subscription then
-    /// stops the delivery and not the request, and the same holds for the default of `start`. Such a service writes
-    /// `using Serviceable::fetch;` if this is to be called on its own type, since its override hides it there.
+    /// A publisher of the body or the error. Each subscription runs the request again. The service must exist until the
+    /// last subscription has started; a `Loader` keeps it alive that long. The default uses `fetch(FetchArguments)`:
+    /// cancelling the subscription then only suppresses the delivery, and so does the default of `start`. A service
+    /// that overrides only that one hides this overload; `using Serviceable::fetch;` makes it visible again.
     virtual AnyPublisher<Data> fetch();
 
-    /// What `fetch()` gives, with records of the requests of all its subscriptions for `metrics`, which may be empty. A
-    /// service that does not override this gives its `fetch()` and makes no records.
+    /// As `fetch()`, with records of the requests of all subscriptions passed to `metrics`, which may be empty. The
+    /// default returns `fetch()` and makes no records.
     virtual AnyPublisher<Data> publisher(MetricsReceiver metrics);
 
-    /// Runs the request once and gives a handle whose `cancel()` or end ends it. The completion is called as that of
-    /// `fetch`, but may not be called at all once the request was ended. The loads that can be cancelled start here.
+    /// Runs the request once. Cancelling or destroying the returned handle cancels it. The completion is called like
+    /// that of `fetch`, but may not be called after a cancellation. Used by all cancellable loads.
     ///
-    /// A service that does not override this subscribes to its own publisher.
+    /// The default subscribes to the publisher.
     [[nodiscard]] virtual Cancellable start(FetchArguments arguments);
 
-    /// The queue on which completions of `start` are called. A service that does not override this names one that all
-    /// such services share; loads that are cancelled or miss their deadline are delivered there.
+    /// The queue on which completions of `start` are called. The default is a queue shared by all services that do not
+    /// override this; cancelled loads and missed deadlines are delivered there.
     virtual DispatchQueue deliveryQueue() const;
 
     /// The error of a request that was ended with `code`: `URLErrorCode::cancelled` by its caller, or
     /// `URLErrorCode::timedOut` by the deadline of a load. Called once for each, on the queue where the load delivers.
     virtual Error endedEarly(URLErrorCode code) const;
 
-    /// Who is told of what its bodies are decoded to; null if no one is. Of the library's own services.
+    /// The observer of its decoding, for the library's own services; may be null.
     virtual const detail::LoadObservation* observation() const noexcept { return nullptr; }
 
 protected:

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `URLBuilder`: puts a request together.
+/// `URLBuilder`: builds a request.
 
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/platform/data/Data.h>
@@ -17,19 +17,19 @@
 
 namespace VanticRestKit {
 
-/// Puts a request together from its parts.
+/// Builds a request from its parts.
 struct VRK_EXPORT URLBuilder {
     /// The arguments, by label.
     struct Arguments {
         /// What the path is appended to. Its query comes first.
         Required<URL> usingBaseUrl;
-        /// One text, whose slashes separate segments. An empty one leaves the base URL as it is.
+        /// One string whose slashes separate segments. If empty, the base URL is used unchanged.
         Required<std::string> pathComponents;
         /// The query items, in order.
         Required<std::vector<URLQueryItem>> queries;
         /// The headers.
         Required<std::map<std::string, std::string>> HTTPHeaders;
-        /// Empty means GET, also where there is a body.
+        /// Empty means GET, even with a body.
         Required<std::optional<std::string>> httpMethod;
         /// The body; empty for none.
         Required<std::optional<Data>> andPostData;
@@ -37,8 +37,8 @@ struct VRK_EXPORT URLBuilder {
         double timeOut = 30.0;
     };
 
-    /// The request, attributed to the user, with the default cache policy and no header beyond those given.
-    /// Empty where base, path and queries make no URL. Any thread.
+    /// The request, attributed to the user, with the default cache policy and only the given headers. Empty if base,
+    /// path and queries do not form a URL. Any thread.
     static std::optional<URLRequest> urlrequest(Arguments arguments);
 };
 

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `URLError`: declared for hosts; the library raises it nowhere.
+/// `URLError`: for hosts; the library never raises it.
 
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/Visibility.h>
@@ -12,7 +12,7 @@
 
 namespace VanticRestKit {
 
-/// A request that cannot be built. The library itself reports that by an absent result, never by this error.
+/// A request that cannot be built. The library itself reports that by an empty result, never by this error.
 class VRK_EXPORT URLError {
 public:
     /// The cases, in the order of their codes.

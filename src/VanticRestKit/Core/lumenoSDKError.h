@@ -12,7 +12,7 @@
 
 namespace VanticRestKit {
 
-/// A value could not be built from another value; not an error of decoding. `==` compares the case.
+/// A value could not be built from another value; not a decoding error. `==` compares the case.
 class VRK_EXPORT lumenoSDKError {
 public:
     /// The cases, in the order of their codes.
@@ -25,7 +25,7 @@ public:
     Kind kind() const noexcept { return kind_; }
     /// What was missing.
     const std::string& message() const noexcept { return message_; }
-    /// What was missing, as the text for people.
+    /// What was missing, as a human-readable string.
     const std::string& localizedDescription() const noexcept { return message_; }
 
     /// What identifies errors of this type; see `Error`.

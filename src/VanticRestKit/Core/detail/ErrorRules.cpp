@@ -33,9 +33,9 @@ constexpr CodeRule at(LoaderError::Kind kind, ErrorRule rule) {
     return at(static_cast<std::int64_t>(kind), rule);
 }
 
-// In each list the first that fits counts.
+// In each list the first match applies.
 
-constexpr std::int64_t notConnectedToInternet = -1009;  // of transports other than this library's
+constexpr std::int64_t notConnectedToInternet = -1009;  // only from transports other than this library's
 constexpr CodeRule ofTransport[] = {
     at(URLErrorCode::cancelled, once(cancelled)),
     at(URLErrorCode::badURL, once(wrongUse)),
@@ -69,9 +69,9 @@ constexpr CodeRule ofStatus[] = {
     {400, 499, once(wrongUse)},
     at(501, once(serverFailed)),
     at(505, once(serverFailed)),
-    at(511, again(offline)),  // a network that wants its user to sign in first
+    at(511, again(offline)),  // a network that requires a sign-in first
     {500, 599, again(serverFailed)},
-    // What holds no status, and what holds one that does not exist.
+    // No status, or one that does not exist.
     at(1, once(wrongUse)),
     {0, 399, once(badAnswer)},
     {600, std::numeric_limits<std::int64_t>::max(), once(badAnswer)},
@@ -83,7 +83,7 @@ constexpr CodeRule ofLoader[] = {
     at(LoaderError::Kind::loaderStateError, once(wrongUse)),
 };
 
-// 4864 and 4865 are the codes of decoding, 4866 that of encoding.
+// 4864 and 4865 are decoding codes, 4866 is the encoding code.
 constexpr CodeRule ofCoding[] = {{4864, 4865, once(badAnswer)}, at(4866, once(wrongUse))};
 
 constexpr CodeRule ofMistake[] = {at(0, once(wrongUse))};
@@ -99,7 +99,7 @@ std::span<const CodeRule> rulesOf(const std::string& domain) {
     return {};
 }
 
-/// What a category says when the error names nothing else.
+/// The defaults of a category.
 bool mayTryAgainAfter(ErrorCategory category) {
     return category == offline || category == timedOut || category == tooManyRequests ||
            category == serverFailed;
@@ -118,12 +118,12 @@ std::optional<ErrorRule> errorRuleOf(const Error& error) {
         return ErrorRule{.category = *own, .mayTryAgain = mayTryAgainAfter(*own)};
     }
     if (const auto* network = error.as<NetworkError>()) {
-        // Its code is that of the error held, whose domain it does not have.
+        // Its code is that of the underlying error, but its domain is not.
         if (network->kind() == NetworkError::Kind::requestFailed) return std::nullopt;
     }
     const std::string domain = error.domain();
     const std::int64_t code = error.code();
-    // A `NetworkError` that was made an `NSError` has the code of the transport.
+    // A `NetworkError` converted to an `NSError` has the code of the transport.
     if (domain == NetworkError::errorDomain() && code < 0) return ruleAmong(ofTransport, code);
     return ruleAmong(rulesOf(domain), code);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Which error has which category, as far as domain and code say so.
+/// Maps domains and codes to categories.
 
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/error/ErrorCategory.h>
@@ -10,13 +10,13 @@
 
 namespace VanticRestKit::detail {
 
-/// What is known of an error.
+/// What is known about an error.
 struct ErrorRule {
     ErrorCategory category = ErrorCategory::unknown;
     bool mayTryAgain = false;
 };
 
-/// What is known of `error` itself, without a look at the error that it may hold; empty if nothing is.
+/// What is known about `error` itself, regardless of an underlying error; empty if nothing is.
 std::optional<ErrorRule> errorRuleOf(const Error& error);
 
 }  // namespace VanticRestKit::detail

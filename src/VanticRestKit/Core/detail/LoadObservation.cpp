@@ -46,7 +46,7 @@ void LoadObservation::decoded(const Data& body, const Error* error, std::string_
 
 void LoadObservation::failed(const Data& body, const Error& error, std::string_view typeName) const {
     const bool isWhole = observer_->options().includesBodies;
-    // The decoder's own errors name places and types in the document, and quote none of its values.
+    // The decoder's own errors contain locations and types of the document, but none of its values.
     const bool isSafe = error.as<DecodingError>() != nullptr;
     DecodingFailure failure{.typeName = std::string(typeName),
                             .error = isWhole || isSafe ? error : withoutDetails(error),

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `LoadObservation`: who is told of the loads of one request, and how much.
+/// `LoadObservation`: reports the loads of one request to an observer.
 
 #include <VanticRestKit/Core/RequestObserver.h>
 #include <VanticRestKit/platform/data/Data.h>
@@ -16,16 +16,16 @@
 
 namespace VanticRestKit::detail {
 
-/// The observer of one request, with what it is told redacted as it asks. Immutable; any thread may call.
+/// Passes redacted records of one request to its observer. Immutable; any thread may call.
 class LoadObservation {
 public:
-    /// `observer` must not be null. `firstAttempt` is the number of the first attempt that is made of the request.
+    /// `observer` must not be null. `firstAttempt` is the number of the first attempt of the request.
     LoadObservation(std::shared_ptr<RequestObserver> observer, URLRequest request, std::int64_t firstAttempt);
 
     const URLRequest& request() const noexcept { return request_; }
 
     void requestEnded(RequestMetrics record) const;
-    /// `error` is null if the body was decoded. `explain` lists what was swallowed.
+    /// `error` is null if the body was decoded. `explain` lists tolerated faults.
     void decoded(const Data& body, const Error* error, std::string_view typeName,
                  Diagnosis (*explain)(const Data&)) const;
 

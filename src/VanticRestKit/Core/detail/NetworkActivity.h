@@ -9,14 +9,14 @@
 
 namespace VanticRestKit::detail {
 
-/// Lets tests read the counter, on the main queue as everybody does.
+/// Lets tests read the counter, on the main queue.
 struct NetworkActivity {
     static void readCounter(UniqueFunction<void(std::int64_t)> reader) {
         DispatchQueue::main().async(
             [reader = std::move(reader)]() mutable { reader(NetworkActivityCounter::counter); });
     }
 
-    /// Moves the counter to where tests cannot count, without telling the indicator.
+    /// Sets the counter to a value that a test could not reach by counting, without telling the indicator.
     static void placeCounter(std::int64_t value) {
         DispatchQueue::main().async([value] { NetworkActivityCounter::counter = value; });
     }

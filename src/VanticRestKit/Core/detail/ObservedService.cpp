@@ -12,7 +12,7 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-/// Passes records on, and makes one of an answer if none was passed.
+/// Forwards records, and makes one from an answer if none was received.
 class Records {
 public:
     Records(std::shared_ptr<const LoadObservation> observation, MetricsReceiver alsoTo)

@@ -10,8 +10,8 @@
 
 namespace VanticRestKit::detail {
 
-/// Runs the requests of another service and tells the observer of each. A service that makes no records gets some from
-/// what its answers say.
+/// Runs the requests of another service and reports each to the observer. If that service makes no records, they are
+/// made from its answers.
 class ObservedService final : public Serviceable {
 public:
     /// Neither may be null.

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Takes out of addresses and errors what may be a secret.
+/// Removes possible secrets from URLs and errors.
 
 #include <VanticRestKit/platform/error/Error.h>
 
@@ -14,7 +14,7 @@ namespace VanticRestKit::detail {
 /// name, and of its fragment.
 std::string redactedAddress(std::string_view url);
 
-/// The domain and the code of `error`; with the sentence that goes with the code if it is one of the transport's.
+/// The domain and code of `error`; for a transport error, also the sentence for its code.
 Error withoutDetails(const Error& error);
 
 }  // namespace VanticRestKit::detail

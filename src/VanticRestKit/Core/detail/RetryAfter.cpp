@@ -11,7 +11,7 @@ std::optional<std::chrono::duration<double>> waitOf(std::string_view text, Date 
     const bool isNumber =
         !text.empty() && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
     if (isNumber) {
-        // As a number with a fraction, because there is no limit to the digits.
+        // As a floating-point number, because the number of digits is not limited.
         double seconds = 0;
         for (const char digit : text) seconds = seconds * 10 + (digit - '0');
         return Seconds(seconds);

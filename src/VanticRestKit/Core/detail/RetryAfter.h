@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Reads the header `Retry-After`.
+/// Parses the header `Retry-After`.
 
 #include <VanticRestKit/platform/date/Date.h>
 
@@ -11,8 +11,8 @@
 
 namespace VanticRestKit::detail {
 
-/// How long `text`, the value of a `Retry-After`, asks to wait, counted from `now`: a number of seconds, or a date.
-/// Zero if the date has passed; nothing if it is neither.
+/// The delay that `text`, the value of a `Retry-After`, asks for at time `now`: a number of seconds, or until a date.
+/// Zero if the date has passed; empty if it is neither.
 std::optional<std::chrono::duration<double>> waitOf(std::string_view text, Date now) noexcept;
 
 }  // namespace VanticRestKit::detail

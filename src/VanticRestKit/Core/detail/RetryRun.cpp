@@ -41,7 +41,7 @@ void RetryRun::failed(Error error) {
     keep(*step, policy_.environment.after(*pause, [self = shared_from_this()] { self->attempt(); }));
 }
 
-/// How long to wait before the next attempt; empty if there is none.
+/// The pause before the next attempt; empty if there is none.
 std::optional<std::chrono::duration<double>> RetryRun::pauseAfter(const Error& error) const {
     if (attempts_ >= policy_.attempts) return std::nullopt;
     const RetryEnvironment& environment = policy_.environment;
@@ -53,11 +53,11 @@ std::optional<std::chrono::duration<double>> RetryRun::pauseAfter(const Error& e
     const auto grown = policy_.firstPause * std::exp2(attempts_ - 1);
     const auto pause = std::min(grown, policy_.maxPause) * (0.5 + random / 2);
     if (!advice.retryAfter) return pause;
-    // Not before the service says, and not all clients at the same moment.
+    // Not before the service allows it, and not at the same moment for all clients.
     return std::min(std::max(pause, *advice.retryAfter + policy_.firstPause * random), policy_.maxPause);
 }
 
-/// Begins an attempt or a pause, whose number it gives; empty if nothing is to follow. What was before is over.
+/// Begins an attempt or a pause and returns its number; empty if the run has ended.
 std::optional<std::uint64_t> RetryRun::nextStep() {
     Cancellable previous;
     std::optional<std::uint64_t> step;
@@ -79,7 +79,7 @@ void RetryRun::keep(std::uint64_t step, Cancellable handle) {
         }
         if (state_ != State::stopped) handle.detach();
     }
-    // What was stopped before its handle was here is cancelled here, where `handle` goes.
+    // If the run was stopped before its handle arrived, the destructor of `handle` cancels it here.
 }
 
 /// True for the one caller that may deliver the outcome.

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `RetryRun`: one load of a service that tries again.
+/// `RetryRun`: one load of a retrying service.
 
 #include <VanticRestKit/Core/Retrying.h>
 #include <VanticRestKit/Core/Serviceable.h>
@@ -14,9 +14,9 @@
 
 namespace VanticRestKit::detail {
 
-/// Attempts and pauses, one after another, until there is an outcome or `stop()` is called.
+/// Runs attempts and pauses until there is an outcome or `stop()` is called.
 ///
-/// Whatever is under way keeps this object, and this object keeps the handle of what is under way.
+/// The current attempt or pause keeps this object alive, and this object owns its handle.
 class RetryRun : public std::enable_shared_from_this<RetryRun> {
 public:
     explicit RetryRun(RetryPolicy policy);
@@ -27,22 +27,22 @@ public:
     /// Makes the first attempt. Called once.
     void begin();
 
-    /// Ends what is under way; nothing follows. Any thread.
+    /// Cancels the current attempt or pause; nothing follows. Any thread.
     void stop();
 
 protected:
-    /// The service that runs an attempt; null if it has gone, which makes the last failure the outcome.
+    /// The service that runs an attempt; null if it no longer exists, in which case the last failure is the outcome.
     virtual std::shared_ptr<Serviceable> service() const = 0;
-    /// Starts an attempt, which calls `succeeded()` or `failed()` at its end.
+    /// Starts an attempt, which ends by calling `succeeded()` or `failed()`.
     virtual Cancellable send(Serviceable& sender) = 0;
-    /// Hands on the failure that is the outcome.
+    /// Delivers the final failure.
     virtual void deliver(Error error) = 0;
 
-    /// Whether the success is still wanted; the attempt hands it on itself.
+    /// Whether a success may still be delivered; the attempt delivers it itself.
     bool succeeded() { return end(); }
     void failed(Error error);
 
-    /// The number of the attempt that is being sent, counted from 1.
+    /// The number of the current attempt, counted from 1.
     int attemptNumber() const noexcept { return attempts_; }
 
 private:
@@ -55,13 +55,13 @@ private:
     bool end();
 
     const RetryPolicy policy_;
-    // Attempts follow each other, so the next two are never used by two threads at once.
+    // Attempts do not overlap, so the next two are never used by two threads at once.
     int attempts_ = 0;
     std::optional<Error> lastError_;
 
     std::mutex mutex_;
     State state_ = State::running;
-    // Attempts and pauses are counted, so that the handle of one that is over by then is not kept.
+    // Attempts and pauses are numbered, so that the handle of one that has already ended is not stored.
     std::uint64_t step_ = 0;
     Cancellable current_;
 };

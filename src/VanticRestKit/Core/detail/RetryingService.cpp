@@ -14,7 +14,7 @@ public:
     /// Starts an attempt: by `fetch` or by `start`.
     using Form = Cancellable (*)(Serviceable& service, Serviceable::FetchArguments arguments);
 
-    /// `kept` is `owner`, or null if the run is not to keep it.
+    /// `kept` is `owner`, or null if the run should not keep it alive.
     CompletionRun(const std::shared_ptr<RetryingService>& owner, std::shared_ptr<RetryingService> kept,
                   Form form, Serviceable::FetchArguments arguments)
         : RetryRun(owner->policy()),
@@ -54,7 +54,7 @@ private:
     const MetricsReceiver metrics_;
 };
 
-/// A run of one subscription. It keeps its service.
+/// A run for one subscription. It keeps its service alive.
 class SubscriptionRun final : public RetryRun {
 public:
     SubscriptionRun(std::shared_ptr<const RetryingService> owner, MetricsReceiver metrics,

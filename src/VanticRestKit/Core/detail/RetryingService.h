@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `RetryingService`: what `retrying` makes.
+/// `RetryingService`: the service that `retrying` returns.
 
 #include <VanticRestKit/Core/Retrying.h>
 #include <VanticRestKit/Core/Serviceable.h>
@@ -19,7 +19,8 @@ public:
     const std::shared_ptr<Serviceable>& service() const noexcept { return service_; }
     const RetryPolicy& policy() const noexcept { return policy_; }
 
-    /// As that of a `NetworkServiceble` it does not keep this object: once that has gone, no attempt follows.
+    /// Like `NetworkServiceble::fetch`, it does not keep this object alive: once it is destroyed, there are no more
+    /// attempts.
     void fetch(FetchArguments arguments) override;
     AnyPublisher<Data> fetch() override { return publisher({}); }
     AnyPublisher<Data> publisher(MetricsReceiver metrics) override;

@@ -9,7 +9,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// From 0 up to, but not, 1. The sequence of splitmix64, which any number of threads may draw from without a lock.
+/// In [0, 1). The splitmix64 sequence, which any number of threads may use without a lock.
 double randomNumber() {
     constexpr std::uint64_t step = 0x9E3779B97F4A7C15;
     static std::atomic<std::uint64_t> state{

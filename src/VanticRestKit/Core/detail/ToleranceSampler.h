@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ToleranceSampler`: explains a share of the documents that an observer's loads decode.
+/// `ToleranceSampler`: explains some of the documents that an observer's loads decode.
 
 #include <VanticRestKit/Core/RequestObserver.h>
 #include <VanticRestKit/platform/data/Data.h>
@@ -16,21 +16,21 @@
 
 namespace VanticRestKit::detail {
 
-/// Chooses documents and explains them on a queue of its own, so that loads do not wait for it.
+/// Selects documents and explains them on its own queue, so that loads do not wait for it.
 class ToleranceSampler : public std::enable_shared_from_this<ToleranceSampler> {
 public:
     using Explain = Diagnosis (*)(const Data&);
 
     explicit ToleranceSampler(const ObserverOptions& options);
 
-    /// Whether the next document is to be explained. Any thread.
+    /// Whether to explain the next document. Any thread.
     bool choosesNext() const;
 
-    /// Explains `body` and tells `observer`, unless the limit of this minute is reached. Any thread.
+    /// Explains `body` to `observer`, unless the limit of this minute is reached. Any thread.
     void explain(std::shared_ptr<RequestObserver> observer, ExplainedDocument document, Data body,
                  Explain listFaults);
 
-    /// For tests: runs `block` once all that was handed over is explained or skipped.
+    /// For tests: runs `block` once all documents passed so far have been explained or skipped.
     void afterAll(Block block) const { queue_.async(std::move(block)); }
 
 private:
