@@ -18,7 +18,7 @@ constexpr const char* help =
     "  --port N            port to listen on; 0, the default, picks a free one\n"
     "  --tls               serve HTTPS with a certificate made at start\n"
     "  --ca-out FILE       where to write the certificate (PEM) that a client has to trust;\n"
-    "                      left out, it is printed behind the base URL\n"
+    "                      left out, it is printed after the base URL\n"
     "  --token-seconds N   how long a user's token is good for; 3600 where it is left out\n"
     "  --own-streams       name this service as the host of all streams and captions\n"
     "  --scenarios         answer under /control: one fault for all answers, and how each request ended\n"

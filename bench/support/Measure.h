@@ -35,7 +35,7 @@ struct Times {
 /// Runs the cases in turn, `rounds` times; the first case is the baseline of the others.
 std::vector<Times> interleaved(std::size_t rounds, const std::vector<Case>& cases);
 
-/// Keeps the compiler from dropping a value that nobody looks at.
+/// Keeps the compiler from dropping an unused value.
 template <class T>
 void keep(const T& value) {
     asm volatile("" : : "r"(&value) : "memory");

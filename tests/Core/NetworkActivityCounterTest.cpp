@@ -12,7 +12,7 @@
 namespace VanticRestKit {
 namespace {
 
-static_assert(!std::is_default_constructible_v<NetworkActivityCounter>, "nobody makes one from outside");
+static_assert(!std::is_default_constructible_v<NetworkActivityCounter>, "hosts cannot make one");
 
 /// Records what the host's sign was told, and whether always on the main queue. Read when the main queue is
 /// settled.
@@ -89,7 +89,7 @@ TEST_F(NetworkActivityCounterTest, ASignIsNotToldOfThePresentStateWhenItIsInstal
     test::settleMainQueue();
 }
 
-TEST_F(NetworkActivityCounterTest, ChangesMadeWhileThereIsNoSignCountAndNobodyIsToldOfThemLater) {
+TEST_F(NetworkActivityCounterTest, ChangesWithoutAnIndicatorAreCountedButNotReportedLater) {
     NetworkActivityCounter::setIndicator(nullptr);
     test::settleMainQueue();
     for (int i = 0; i < 100; ++i) NetworkActivityCounter::increase();

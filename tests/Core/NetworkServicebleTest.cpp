@@ -167,7 +167,7 @@ TEST_F(NetworkServicebleTest, TheRequestCanRunAnyNumberOfTimes) {
     EXPECT_EQ(session->requests(), (std::vector<URLRequest>{timeRequest(), timeRequest()}));
 }
 
-TEST_F(NetworkServicebleTest, WithoutAHookFailuresAreReportedToNobody) {
+TEST_F(NetworkServicebleTest, WithoutAHookFailuresGoOnlyToTheCompletion) {
     const auto service =
         NetworkServiceble::make({.with = timeRequest(), .and_ = session, .logError = nullptr});
     fetch(*service);
@@ -256,14 +256,14 @@ TEST_F(NetworkServiceblePublisherTest, AnAnswerThatIsAFailureLowersTheCounterTwi
 TEST_F(NetworkServiceblePublisherTest, TheCounterRisesWhenThePublisherIsMadeAndNotAtSubscription) {
     const AnyPublisher<Data> publisher = makeService()->fetch();
     EXPECT_EQ(test::activityCounter(), 1);
-    EXPECT_TRUE(session->requests().empty()) << "nothing is sent before somebody subscribes";
+    EXPECT_TRUE(session->requests().empty()) << "nothing is sent before a subscription";
     const Cancellable subscription = subscribe(publisher);
     EXPECT_EQ(test::activityCounter(), 1);
     session->reply(test::answer(200, "x"));
     EXPECT_EQ(test::activityCounter(), 0);
 }
 
-TEST_F(NetworkServiceblePublisherTest, APublisherThatNobodySubscribesToNeverLowersTheCounter) {
+TEST_F(NetworkServiceblePublisherTest, APublisherWithoutASubscriberNeverLowersTheCounter) {
     { const AnyPublisher<Data> publisher = makeService()->fetch(); }
     EXPECT_EQ(test::activityCounter(), 1);
     test::zeroActivityCounter();

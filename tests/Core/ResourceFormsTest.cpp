@@ -138,7 +138,7 @@ TEST_F(ResourceForms, LowerTheActivityCounterHoweverTheyEnd) {
     EXPECT_EQ(test::activityCounter(), 0);
 }
 
-TEST_F(ResourceForms, KeepWhatTheyNeedWhenTheResourceGoes) {
+TEST_F(ResourceForms, KeepWhatTheyNeedAfterTheResourceIsDestroyed) {
     const Cancellable handle = [&] { return resource().start({}, keep()); }();
     context.session->reply(test::answer(200, "1.5"));
     EXPECT_EQ(*outcomes.at(0), 1.5);

@@ -244,7 +244,7 @@ public:
 };
 
 TEST_F(ResourceTest, AServiceGivenWithARouteIsIgnoredAndSoIsTheContextsOwn) {
-    // Port 1 of this machine: nobody answers there, and nothing leaves the machine.
+    // Port 1 of this machine: no server listens there, and nothing leaves the machine.
     context.base = test::url("http://127.0.0.1:1");
     int reports = 0;
     context.log = [&reports](const Error&) { ++reports; };

@@ -59,7 +59,7 @@ TEST(URLBuilder, SlashesInsideThePathSeparateSegments) {
     EXPECT_EQ(builtURL("https://api.example.test", "v2/video/ZW1"), "https://api.example.test/v2/video/ZW1");
 }
 
-TEST(URLBuilder, QueryItemsComeBehindTheBaseQueryInTheirOrder) {
+TEST(URLBuilder, QueryItemsFollowTheBaseQueryInOrder) {
     EXPECT_EQ(builtURL("https://api.example.test/?k=v", "x", {{"b", "2"}, {"a", "1"}}),
               "https://api.example.test/x?k=v&b=2&a=1");
 }

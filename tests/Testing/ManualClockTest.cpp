@@ -11,7 +11,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-TEST(ManualClockTest, StandsStillUntilItIsAdvanced) {
+TEST(ManualClockTest, DoesNotMoveUntilItIsAdvanced) {
     const Date start(ManualClock::Seconds(100));
     ManualClock clock(start);
     EXPECT_EQ(clock.now(), start);

@@ -68,7 +68,7 @@ TEST(ManualExecutorTest, GivesUpIfNothingComes) {
     EXPECT_FALSE(executor.runUntil([] { return false; }, std::chrono::milliseconds(1)));
 }
 
-TEST(ManualExecutorTest, DropsWhatHasNotRunWhenItGoes) {
+TEST(ManualExecutorTest, DestroysPendingBlocksWhenDestroyed) {
     const auto held = std::make_shared<int>();
     std::unique_ptr<DispatchQueue> queue;
     {

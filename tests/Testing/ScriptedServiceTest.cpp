@@ -259,7 +259,7 @@ TEST(ScriptedServiceOnItsOwnThreadTest, AnswersCodeThatWaits) {
     EXPECT_TRUE(one->wait({.deadline = 30s}));
 }
 
-TEST(ScriptedServiceOnItsOwnThreadTest, DropsOpenRequestsWhenItGoes) {
+TEST(ScriptedServiceOnItsOwnThreadTest, DropsOpenRequestsWhenDestroyed) {
     const auto held = std::make_shared<int>();
     ManualExecutor executor;
     {

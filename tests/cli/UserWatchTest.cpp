@@ -128,7 +128,7 @@ bool hasEnded(std::future<std::optional<UserText>>& end, std::chrono::millisecon
 
 }  // namespace
 
-TEST(RequestWatch, EndsWhenTheRequestsHaveEndedWhoseOutcomeNobodyIsTold) {
+TEST(RequestWatch, EndsWhenRequestsWithoutACompletionHaveEnded) {
     Answers answers;
     Deletion deletion(answers);
     auto end = std::async(std::launch::async, [&] { return deletion.watch->outcomeAtTheEnd(); });

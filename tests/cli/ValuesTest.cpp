@@ -103,7 +103,7 @@ TEST(Arguments, ARepeatedOptionGivesItsValuesInOrder) {
               (std::vector<std::string>{"b", "a", "b"}));
 }
 
-TEST(Arguments, AFlagStandsAloneOrSaysWhichItIs) {
+TEST(Arguments, AFlagIsGivenAloneOrWithAValue) {
     EXPECT_TRUE(read({"--loud"}).flag("loud"));
     EXPECT_TRUE(read({"--loud=true"}).flag("loud"));
     EXPECT_FALSE(read({"--loud=false"}).flag("loud"));

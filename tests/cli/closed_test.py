@@ -52,7 +52,7 @@ class ClosedErrorOutput(TestCase):
             self.assert_one_request(service)
 
     def assert_one_request(self, service):
-        """A GET request, which has no body, no byte behind it and no other connection."""
+        """A GET request, without a body, with no further bytes and on one connection."""
         received = service.received()
         self.assertTrue(received.startswith(b"GET /v2/"), received)
         self.assertEqual(received.find(b"\r\n\r\n"), len(received) - 4, received)

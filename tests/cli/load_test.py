@@ -200,7 +200,7 @@ class LoadCatalogue(FromService):
         self.assertEqual((self.titles(water["mixedItems"])[0], water["type"]), ("Win a boat", "standard"))
 
 
-class LoadFromNobody(TestCase):
+class LoadFromAClosedPort(TestCase):
     def test_fails_in_one_line_where_the_service_has_stopped(self):
         with SampleService() as service:
             pass

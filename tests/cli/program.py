@@ -37,7 +37,7 @@ def vantic(*words, stdin=b"", **environment):
 
 
 def vantic_without(descriptors, *words):
-    """Runs the program to its end as somebody starts it who has closed these of the descriptors 0, 1 and 2."""
+    """Runs the program to its end with these of the descriptors 0, 1 and 2 closed."""
     closing = " ".join(f"{descriptor}>&-" for descriptor in descriptors)
     return Outcome(subprocess.run(
         ["/bin/sh", "-c", f'exec "$@" {closing}', "sh", VANTIC, *words],

@@ -115,7 +115,7 @@ class Request(TestCase):
         for app in ["lumeno", "kids", "lumeno int", "me"]:
             self.assertIn(f"?appId={quote(app)}&", url("Messages", "--appId", app, *BASE))
 
-    def test_puts_the_query_of_a_route_behind_that_of_the_base_url(self):
+    def test_appends_the_query_of_a_route_to_that_of_the_base_url(self):
         base = ["--base-url", "http://h/a?key=1"]
         for words, path in [
             (["Remap", "--path", "", "--queryItems", "b=2", "--queryItems", "a=1"], "v2/remap/?key=1&b=2&a=1"),
@@ -215,7 +215,7 @@ class Options(TestCase):
     def test_left_out_give_an_empty_list(self):
         self.assertEqual(url("Videos", *BASE), "https://api.vantic.example/v2/videos/")
 
-    def test_may_hold_their_value_behind_an_equals_sign(self):
+    def test_may_have_their_value_after_an_equals_sign(self):
         self.assertEqual(url("Video", "--houseNumber=--a=b", "--base-url=http://h/"), "http://h/v2/video/--a=b")
         self.assertEqual(url("Video", "--houseNumber", "-1", *BASE), "https://api.vantic.example/v2/video/-1")
         self.assertEqual(vantic("request", "Time", *BASE, "--timeout=7").json["timeout"], 7)

@@ -94,7 +94,7 @@ class RequestForAUser(TestCase):
     def test_has_the_hosts_time_out(self):
         self.assertEqual(self.request("deleteHistory", "--timeout", "2.5")["timeout"], 2.5)
 
-    def test_is_none_where_nobody_is_signed_in(self):
+    def test_is_none_if_no_user_is_signed_in(self):
         outcome = vantic("request", "deleteSubprofile", *BASE[:2], *TOKEN)
         self.assert_failed(outcome)
         self.assertEqual(outcome.err, "Got nil uid from TrelvoContext.\n")

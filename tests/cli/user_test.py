@@ -73,7 +73,7 @@ class Subprofiles(UserCase):
         self.assertEqual((updated["displayName"], updated["channelFilter"], updated["birthYear"]),
                          ("A&B =1", "vantic-kids", 1980))
 
-    def test_that_nobody_has_are_told_by_their_own_sentence(self):
+    def test_without_a_user_have_a_message_of_their_own(self):
         self.assertEqual(
             self.failure("getSubprofiles"),
             "The requested dataset doesn't exist, either because it was deleted, or hasn't yet been created.\n",
@@ -86,7 +86,7 @@ class Subprofiles(UserCase):
         self.nothing("deleteSubprofile")
         self.assertEqual(self.kept(), {"datasets": {}, "history": [], "saved": []})
 
-    def test_are_deleted_and_those_awaited_whose_outcome_nobody_is_told(self):
+    def test_are_deleted_and_awaited_even_without_a_completion(self):
         self.value("createSubprofile", "--dataset", "{}")
         self.value("addWatchlistShow", "--showId", "11")
         self.value("updateVideoProgress", "--showId", "11", "--houseNumber", "HL0101", "--progress", "9")
@@ -208,7 +208,7 @@ class Tokens(UserCase):
             "Unknown error: In Trelvo.deleteShow(), no saved auth data and no authError found\n",
         )
 
-    def test_are_not_asked_for_where_nobody_is_signed_in(self):
+    def test_are_not_requested_if_no_user_is_signed_in(self):
         outcome = vantic("user", "deleteSubprofile", "--base-url", self.service.url)
         self.assert_failed(outcome)
         self.assertEqual(outcome.err, "Got nil uid from TrelvoContext.\n")

@@ -28,7 +28,7 @@ void require(bool holds, const char* rule) {
 
 double secondsOf(Date date) { return date.time_since_epoch().count(); }
 
-/// A whole second from the day before year 1 to the day behind year 9999, wherever the zone lies.
+/// A whole second from the day before year 1 to the day after year 9999, in any zone.
 void requireSensible(const std::optional<Date>& date) {
     if (!date) return;
     const double seconds = secondsOf(*date);

@@ -93,7 +93,7 @@ TEST(Recommendation, HasNoSourceOfAnUnknownSchemeButStillATypeAndAnId) {
     EXPECT_EQ(partsOf(""), "- - -");
 }
 
-TEST(Recommendation, HasNoneOfThreeOfARidThatIsNoURIAndStands) {
+TEST(Recommendation, HasNoneOfThreeOfARidThatIsNoURIButIsKept) {
     for (const char* const rid :
          {"lumeno://pro gram/1", "lumeno://program:x/9", " lumeno://program/1", "lumeno://program\\\\x/1"}) {
         const auto recommendation =

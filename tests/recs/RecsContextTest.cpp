@@ -59,7 +59,7 @@ std::string urlOf(const std::optional<URLRequest>& request) {
     return request ? request->url()->absoluteString() : "no request";
 }
 
-TEST(RecsContext, PutsItsKeyBehindTheItemsOfTheRoute) {
+TEST(RecsContext, AppendsItsKeyToTheItemsOfTheRoute) {
     const KeyedContext context;
     EXPECT_EQ(urlOf(context.generateURLRequest(arguments({{"x", "1"}, {"apikey", "theirs"}}, {}))),
               "https://api.example.test/a/b?x=1&apikey=theirs&apikey=k%261");
@@ -67,7 +67,7 @@ TEST(RecsContext, PutsItsKeyBehindTheItemsOfTheRoute) {
               "https://api.example.test/a/b?apikey=k%261");
 }
 
-TEST(RecsContext, PutsItsKeyBehindTheQueryOfTheBaseURL) {
+TEST(RecsContext, AppendsItsKeyToTheQueryOfTheBaseURL) {
     KeyedContext context;
     context.base = test::url("https://api.example.test/base?tenant=7");
     EXPECT_EQ(urlOf(context.generateURLRequest(arguments({}, {}))),

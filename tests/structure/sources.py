@@ -1,4 +1,4 @@
-"""The tree of sources as the rules see it: which file includes which, and which room a file belongs to."""
+"""The source tree as the rules see it: the includes and the module of each file."""
 
 import pathlib
 import re

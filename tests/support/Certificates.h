@@ -52,7 +52,7 @@ private:
     Identity root_;
 };
 
-/// A certificate that nobody stands for but itself.
+/// A self-signed certificate.
 Identity selfSigned(const CertificateWishes& wishes = {});
 
 /// A file in the temporary folder that is gone with this object.

@@ -65,9 +65,9 @@ bool FaultConnection::startTls() {
     return SSL_accept(ssl_.get()) == 1;
 }
 
-std::size_t FaultConnection::receive(char* bytes, std::size_t room) {
-    const auto count = ssl_ ? SSL_read(ssl_.get(), bytes, static_cast<int>(room))
-                            : recv(socket_.descriptor(), bytes, room, 0);
+std::size_t FaultConnection::receive(char* bytes, std::size_t capacity) {
+    const auto count = ssl_ ? SSL_read(ssl_.get(), bytes, static_cast<int>(capacity))
+                            : recv(socket_.descriptor(), bytes, capacity, 0);
     return count > 0 ? static_cast<std::size_t>(count) : 0;
 }
 

@@ -90,8 +90,8 @@ private:
     bool readMore();
     bool startTls();
     void closeInOrder();
-    /// The bytes that come next, at most `room`; 0 at the end.
-    std::size_t receive(char* bytes, std::size_t room);
+    /// Reads at most `capacity` bytes; 0 at the end.
+    std::size_t receive(char* bytes, std::size_t capacity);
 
     struct SslDeleter {
         void operator()(SSL* ssl) const { SSL_free(ssl); }

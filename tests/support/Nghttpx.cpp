@@ -38,7 +38,7 @@ pid_t start(const std::vector<std::string>& command, const std::string& log) {
     _exit(127);
 }
 
-/// Whether a handshake succeeds. A port listens a good while before somebody answers there.
+/// Whether a handshake succeeds. The port listens a while before the server answers.
 bool speaksTls(const Socket& socket) {
     if (!socket) return false;
     const std::unique_ptr<SSL_CTX, void (*)(SSL_CTX*)> context(SSL_CTX_new(TLS_client_method()),
@@ -58,7 +58,7 @@ std::string contentOf(const std::string& path) {
 
 Nghttpx::Nghttpx(std::uint16_t backend, const Identity& identity, int streamsPerConnection)
     : certificate_(identity.certificatePem()), key_(identity.keyPem()) {
-    // Somebody else may take the port before it does.
+    // Another process may take the port first.
     constexpr int mostTries = 5;
     for (int tries = 0; tries < mostTries && process_ < 0; ++tries) {
         port_ = unusedPort();

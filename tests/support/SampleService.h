@@ -49,7 +49,7 @@ public:
     /// Sends a signal and waits for the end: the exit code, or -1 where it ended in another way.
     int end(int signal);
 
-    /// Waits for the end that somebody else has asked for, at most half a minute.
+    /// Waits at most half a minute for an end that was requested elsewhere.
     int waitForEnd();
 
 private:

@@ -53,10 +53,10 @@ private:
 /// Whether this machine has a loopback of IPv6.
 bool hasIPv6();
 
-/// A socket connected to a port of 127.0.0.1; none where nobody listens.
+/// A socket connected to a port of 127.0.0.1; none if no server listens.
 Socket connectToLoopback(std::uint16_t port);
 
-/// A port of 127.0.0.1 on which nobody listens.
+/// A port of 127.0.0.1 without a listener.
 std::uint16_t unusedPort();
 
 /// Sends all of the bytes. Whether the other end took them.

@@ -55,7 +55,7 @@ TEST_F(TrelvoOrder, ACallReturnsAfterTheTokenAndCompletesAfterTheData) {
     EXPECT_EQ(waits.count(), 1U);
 }
 
-TEST_F(TrelvoOrder, NobodySignedInIsToldBeforeTheCallReturnsWhateverTokenThereIs) {
+TEST_F(TrelvoOrder, AMissingUserIsReportedBeforeTheCallReturnsWhateverTokenThereIs) {
     saveGoodTokens();
     context.user = std::nullopt;
     list();

@@ -217,7 +217,7 @@ TEST_F(TrelvoSubprofiles, AreNotDeletedWhereTheDatasetIsNot) {
     EXPECT_EQ(outcomes.only().code(), 404);
 }
 
-TEST_F(TrelvoSubprofiles, TellOnceThatThereIsNobodyWhoseCouldBeDeleted) {
+TEST_F(TrelvoSubprofiles, ReportOnceThatThereIsNoUserToDelete) {
     context.user = std::nullopt;
     deleteSubprofile();
     EXPECT_TRUE(outcomes.only().is(Kind::noUid));

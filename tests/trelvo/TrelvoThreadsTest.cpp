@@ -13,7 +13,7 @@ namespace {
 constexpr int threads = 32;
 constexpr int callsEach = 34;
 
-/// The text behind `start`; empty where `text` begins with something else.
+/// The rest of `text` after `start`; empty if it begins with something else.
 std::string behind(const std::string& start, const std::string& text) {
     return text.starts_with(start) ? text.substr(start.size()) : "";
 }
@@ -99,7 +99,7 @@ TEST_F(TrelvoThreads, EachGetATokenForTheirCallAndOneOutcomeOfTheirOwn) {
     }
     for (std::thread& caller : callers) caller.join();
     ASSERT_TRUE(completed.wait(threads * callsEach));
-    // What is on the session's queue now stands behind all answers: nothing else can come.
+    // A block on the session's queue now follows all answers: nothing else can come.
     const Event flushed;
     session->queue().async([flushed] { flushed.signal(); });
     ASSERT_TRUE(flushed.wait());

@@ -78,7 +78,7 @@ TEST_F(TrelvoToken, OfExactlyFiveSecondsIsRefreshedAndOneOfMoreIsUsed) {
     EXPECT_EQ(context.tokenRequests, 2);
 }
 
-TEST_F(TrelvoToken, StandsAnyNumberThatAServiceMaySendForItsEnd) {
+TEST_F(TrelvoToken, AcceptsAnyNumberThatAServiceMaySendForItsExpiry) {
     for (const double expiry : {1e300, 9.3e18, 2.5e9}) {
         save("t", expiry);
         EXPECT_FALSE(state().refreshAuth(context)) << expiry;
@@ -293,7 +293,7 @@ TEST_F(TrelvoToken, MayStillArriveAfterClearAuth) {
     EXPECT_EQ(saved(), "access-late");
 }
 
-TEST_F(TrelvoToken, BlocksNobodyElseWhileOneCallerWaitsForIt) {
+TEST_F(TrelvoToken, BlocksNoOtherCallerWhileOneWaitsForIt) {
     const Event returned = startListing();
     (void)waits.awaited(0);
     (void)session->request(0);

@@ -124,7 +124,7 @@ TEST_P(TrelvoWireOperation, RefreshesWithItsRefreshTokenInAGetWithoutABody) {
 
 using TrelvoWire = Wire;
 
-TEST_F(TrelvoWire, CarriesNotOneByteWhereNobodyIsSignedIn) {
+TEST_F(TrelvoWire, SendsNothingIfNoUserIsSignedIn) {
     UserServer user({});
     use(user);
     saveGoodTokens();

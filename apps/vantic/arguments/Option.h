@@ -15,7 +15,7 @@ struct Option {
     std::string_view name;
     Takes takes;
     bool isRequired;
-    /// Stands for the value in help texts.
+    /// The placeholder of the value in help texts.
     std::string_view placeholder = "VALUE";
     /// One line of help, without a full stop.
     std::string_view help{};

@@ -18,7 +18,7 @@ using namespace VanticRestKit;
 
 namespace {
 
-/// Stands in for what would run a request: there is no outcome.
+/// Takes the place of a service: there is no outcome.
 class Unsent final : public Serviceable {
 public:
     void fetch(FetchArguments) override {}

@@ -47,7 +47,7 @@ bool hasCode(const std::optional<LoaderError>& error, std::int64_t code) {
     return networkError != nullptr && networkError->errorCode() == code;
 }
 
-/// The service ends a moment after it has said so: asks until nobody answers.
+/// The service ends a moment after it has said so: asks until there is no answer.
 std::optional<LoaderError> failureOfStoppedService(const HostContext& context) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
     auto error = failureOf(houseNumber, context);
@@ -64,7 +64,7 @@ bool showFailures(const Stage& stage) {
     const ServiceControl& service = stage.service;
     printHeading("When something is wrong");
     const auto notFound = failureOf("NOSUCH", context);
-    print("a house number that nobody knows", notFound, context);
+    print("an unknown house number", notFound, context);
 
     bool agreed = service.addFault(path, R"("fault":"status","status":500)");
     const auto failing = failureOf(houseNumber, context);

@@ -68,17 +68,16 @@ bool showBrokenRow(const Stage& stage) {
 }  // namespace
 
 bool showOddHomeScreen(const Stage& stage) {
-    printHeading("A home screen in which every row has entities that nobody knows, and broken elements");
+    printHeading("A home screen in which every row has unknown entities and broken elements");
     const auto plain = fetched(Endpoint::Home(stage.context));
     const bool agreed = stage.service.addFault(path, R"("fault":"oddities")");
     const auto odd = fetched(Endpoint::Home(stage.context));
     if (!agreed || !plain || !odd || odd->collections.size() != plain->collections.size()) return false;
 
-    printField("each row got",
-               "an entity that nobody knows but that looks like a series, and one that does not");
+    printField("each row got", "an unknown entity that looks like a series, and one that does not");
     printField("", "a null, a number, a text and a list where items should be");
-    printField("", "a first show whose id is a text and whose kind and theme nobody knows");
-    printField("", "a last video without links, and a type that nobody knows");
+    printField("", "a first show whose id is a string and whose kind and theme are unknown");
+    printField("", "a last video without links, and an unknown type");
     std::size_t lost = 0, cameIn = 0, kept = 0;
     for (std::size_t i = 0; i < plain->collections.size(); ++i) {
         const auto before = namesOf(plain->collections[i]);

@@ -30,7 +30,7 @@ bool showRefusedTokens(const Stage& stage) {
     stage.context.takeReport();  // of the chapter before
     const UserContext nobody(stage.context, std::nullopt);
     const UserContext ann(stage.context, "ann");
-    bool good = !show("nobody is signed in", nobody);
+    bool good = !show("no user is signed in", nobody);
 
     good = stage.service.addFault("v2/token", R"("fault":"status","status":401)") && good;
     good = !show("the account has to consent anew", ann) && good;

@@ -9,7 +9,7 @@ namespace {
 const std::vector<std::string> houseNumbers{"HL0101", "QO0101", "CC0101", "SP0101",  "NF0101",
                                             "KW0101", "SR0001", "PL0001", "SRT0001", "LIVE0001"};
 
-/// Every video of the catalogue: the first of each programme, and those behind it.
+/// Every video of the catalogue: the first of each programme and those after it.
 std::vector<nlohmann::json> everyVideo(const SampleService& service) {
     std::vector<nlohmann::json> videos;
     for (const auto& first : houseNumbers) {
@@ -28,7 +28,7 @@ TEST(SampleCatalogue, TheTimeIsABareNumber) {
     EXPECT_TRUE(get(service, "/v2/time").is_number());
 }
 
-TEST(SampleCatalogue, TheAvatarsAreAnArrayBehindATrailingSlash) {
+TEST(SampleCatalogue, TheAvatarsAreAnArrayAtAPathWithATrailingSlash) {
     const SampleService service;
     const auto avatars = get(service, "/v3/image/avatar/");
     ASSERT_TRUE(avatars.is_array());

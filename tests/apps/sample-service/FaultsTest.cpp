@@ -26,7 +26,7 @@ TEST(SampleFaults, AStallGivesNothingUntilTheClientLeaves) {
     EXPECT_TRUE(get(service, "/v2/time").is_number());
 }
 
-TEST(SampleFaults, AStallBehindSomeBytesHasSentThose) {
+TEST(SampleFaults, AStallAfterSomeBytesHasSentThem) {
     const SampleService service;
     service.addFault({{"path", "v2/video/HL0101"}, {"fault", "stall"}, {"after", 40}});
     auto client = clientOf(service);
@@ -48,7 +48,7 @@ TEST(SampleFaults, AResetEndsTheConnectionWithoutAnAnswer) {
     EXPECT_TRUE(get(service, "/v2/time").is_number());
 }
 
-TEST(SampleFaults, AResetBehindSomeBytesCutsTheBodyShort) {
+TEST(SampleFaults, AResetAfterSomeBytesCutsTheBodyShort) {
     const SampleService service;
     service.addFault({{"path", "v2/video/HL0101"}, {"fault", "reset"}, {"after", 40}});
     EXPECT_FALSE(clientOf(service).Get("/v2/video/HL0101"));

@@ -4,7 +4,7 @@ namespace VanticRestKit::test {
 
 namespace {
 
-/// A user with three videos of two shows behind them, one of which is done.
+/// A user who has watched three videos of two shows, one of them to the end.
 class SampleHistory : public ::testing::Test {
 protected:
     SampleHistory() {

@@ -52,7 +52,7 @@ TEST(SampleSchedule, TheChildrensChannelIsClosedFromEightToSix) {
     EXPECT_EQ(schedule(service, "KIDS0001", midnight + 20 * hour - 1)["next"], night["now"]);
 }
 
-TEST(SampleSchedule, TheWestIsTwoHoursBehind) {
+TEST(SampleSchedule, TheWestIsTwoHoursLater) {
     const SampleService service;
     const auto east = schedule(service, "LIVE0001", midnight + 12 * hour)["now"];
     const auto west = schedule(service, "LIVE0001WA", midnight + 14 * hour)["now"];
@@ -66,7 +66,7 @@ TEST(SampleSchedule, OnlyLiveChannelsHaveOne) {
     EXPECT_EQ(clientOf(service).Get("/v2/nownext/none")->status, 404);
 }
 
-TEST(SampleClock, StandsWhereItWasSetAndGoesAgainWhenThatIsForgotten) {
+TEST(SampleClock, StopsAtTheTimeThatWasSetAndRunsAgainWhenReset) {
     const SampleService service;
     setClock(service, midnight);
     EXPECT_EQ(get(service, "/v2/time"), json(static_cast<double>(midnight)));

@@ -132,7 +132,7 @@ TEST(SamplePictures, ATitleIsDrawnWithItsMarksEscaped) {
     EXPECT_NE(answer->body.find("<title>Copper &amp; Clay</title>"), std::string::npos) << answer->body;
 }
 
-TEST(SamplePictures, WhatNobodyIsCalledAndWhatNobodyCanDrawIsNotFound) {
+TEST(SamplePictures, UnknownNamesAndUnknownKindsAreNotFound) {
     const SampleService service;
     for (const char* path :
          {"/pictures/show/none/landscape.svg", "/pictures/show/harbour-lights/round.svg",

@@ -30,7 +30,7 @@ public:
         if (entry_.contains("filename")) path += "/" + entry_["filename"].get<std::string>();
         if (entry_.contains("query_arg")) path += "?" + entry_["query_arg"].get<std::string>();
         URLRequest request = requestOf(server_.url(path), entry_.value("request_method", "GET"));
-        // So that a coding which nobody knows is left as it is.
+        // So that an unknown coding is left as it is.
         request.setValue("identity", "Accept-Encoding");
         request.setValue(std::to_string(number_), "Req-Num");
         request.setValue(case_["id"].get<std::string>(), "Test-ID");

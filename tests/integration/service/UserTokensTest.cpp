@@ -143,7 +143,7 @@ TEST_F(SampleServiceTokens, AreAskedForByEachOfManyThreadsAndTheLastCounts) {
     EXPECT_TRUE(client.auth());
 }
 
-TEST_F(SampleServiceTokens, NobodyAsksForWithoutAUser) {
+TEST_F(SampleServiceTokens, AreNotRequestedWithoutAUser) {
     EXPECT_TRUE(ann.saved());
     service.clearLog();
     context.user = std::nullopt;

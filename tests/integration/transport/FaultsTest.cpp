@@ -104,7 +104,7 @@ TEST(Faults, ABrokenCodingCannotBeDecoded) {
     EXPECT_EQ(afterSending(coded("gzip", checksum)).code(), URLErrorCode::cannotDecodeContentData);
 }
 
-TEST(Faults, ACodingThatNobodyAskedForCannotBeDecoded) {
+TEST(Faults, ACodingThatWasNotRequestedCannotBeDecoded) {
     EXPECT_EQ(afterSending(coded("zstd", "whatever")).code(), URLErrorCode::cannotDecodeRawData);
 }
 
@@ -162,7 +162,7 @@ TEST(Faults, AResetConnectionIsLost) {
     }
 }
 
-TEST(Faults, APortWhereNobodyListensCannotBeConnectedTo) {
+TEST(Faults, AClosedPortCannotBeConnectedTo) {
     const auto session = URLSession::make(URLSessionConfiguration::default_());
     const Loaded loaded = load(*session, "http://127.0.0.1:" + std::to_string(unusedPort()) + "/");
     EXPECT_EQ(loaded.code(), URLErrorCode::cannotConnectToHost) << loaded.story();

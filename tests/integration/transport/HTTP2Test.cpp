@@ -19,7 +19,7 @@ using namespace VanticRestKit::test;
 
 namespace {
 
-/// A session, a path that can die, a server for HTTP/2 and the server behind it.
+/// A session, a path that can be cut, an HTTP/2 server and its backend.
 class HTTP2 : public testing::Test {
 protected:
     void serve(FaultServer::Script script, int streamsPerConnection = 100,
@@ -112,7 +112,7 @@ TEST_F(HTTP2, ManyRequestsAreUnderWayOnOneConnection) {
 }
 
 TEST_F(HTTP2, AServerThatTakesFewAtOnceIsServedToTheEnd) {
-    // The interval is far shorter than the whole, so waiting for room must not count.
+    // The interval is far shorter than the whole, so waiting for a free stream must not count.
     serve(inTurn(std::chrono::milliseconds(150)), 2);
     std::vector<Loaded> loads;
     for (int i = 0; i < 90; ++i) loads.push_back(startLoad(*session_, request("/x", 3)));

@@ -54,7 +54,7 @@ TEST(Publisher, FailsWithTheTransportsError) {
     EXPECT_EQ(receiver.end->error().code(), -1004);
 }
 
-TEST(Publisher, SendsNothingBeforeSomebodySubscribesAndAnewForEachWhoDoes) {
+TEST(Publisher, SendsNothingBeforeASubscriptionAndOneRequestForEach) {
     FaultServer server(always(answer(200, "ok")));
     const auto session = makeSession();
     const auto publisher = session->dataTaskPublisher(requestOf(server.url("/published")));

@@ -66,7 +66,7 @@ TEST(Redirects, AGetIsFollowedByAGetOnTheSameConnection) {
     EXPECT_EQ(server.connectionCount(), 1U);
 }
 
-TEST(Redirects, APostBecomesAGetWithoutABodyBehind301And302And303) {
+TEST(Redirects, APostBecomesAGetWithoutABodyAfter301And302And303) {
     for (const int status : {301, 302, 303}) {
         const RawRequest request = followed(status, "POST");
         EXPECT_EQ(request.method, "GET") << status;
@@ -79,7 +79,7 @@ TEST(Redirects, APostBecomesAGetWithoutABodyBehind301And302And303) {
     }
 }
 
-TEST(Redirects, AMethodOtherThanPostIsKeptBehind301And302) {
+TEST(Redirects, AMethodOtherThanPostIsKeptAfter301And302) {
     for (const int status : {301, 302}) {
         for (const char* method : {"PUT", "PATCH", "DELETE"}) {
             const RawRequest request = followed(status, method);
@@ -89,7 +89,7 @@ TEST(Redirects, AMethodOtherThanPostIsKeptBehind301And302) {
     }
 }
 
-TEST(Redirects, AnyMethodButHeadBecomesAGetBehind303) {
+TEST(Redirects, AnyMethodButHeadBecomesAGetAfter303) {
     for (const char* method : {"PUT", "PATCH", "DELETE", "CUSTOM"}) {
         EXPECT_EQ(followed(303, method).method, "GET") << method;
     }
@@ -106,7 +106,7 @@ TEST(Redirects, AnyMethodButHeadBecomesAGetBehind303) {
     EXPECT_EQ(server.requests()[1].method, "HEAD");
 }
 
-TEST(Redirects, MethodAndBodyAreKeptBehind307And308) {
+TEST(Redirects, MethodAndBodyAreKeptAfter307And308) {
     for (const int status : {307, 308}) {
         const RawRequest request = followed(status, "POST");
         EXPECT_EQ(request.method, "POST");

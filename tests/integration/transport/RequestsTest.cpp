@@ -150,7 +150,7 @@ TEST(Requests, CredentialsInAnAddressGoOutWithThatRequestOnly) {
     EXPECT_FALSE(requests.back().has("authorization"));
 }
 
-TEST(Requests, TheSessionFramesTheMessageAndNobodyElse) {
+TEST(Requests, OnlyTheSessionFramesTheMessage) {
     const RawRequest request = sent([](URLRequest& r) {
         r.setHTTPMethod("POST");
         r.setHTTPBody(Data("four"));

@@ -126,7 +126,7 @@ TEST(Reuse, AGetOnAFreshConnectionIsNotSentAgain) {
     EXPECT_EQ(server.requests().size(), 1U);
 }
 
-TEST(Reuse, AConnectionThatIsClosedWhileItIsIdleHurtsNobody) {
+TEST(Reuse, AConnectionThatIsClosedWhileIdleCausesNoFailure) {
     FaultServer server([](FaultConnection& connection) {
         if (connection.readRequest()) connection.send(answer(200, "served"));
     });

@@ -6,14 +6,14 @@ namespace {
 
 using test::expectAGet;
 
-TEST(CategoryURI, PutsTheCategoryBehindThePathAsItStands) {
+TEST(CategoryURI, AppendsTheCategoryToThePathUnchanged) {
     expectAGet(CategoryURI({.for_ = "x"}), "v2/category/x");
     expectAGet(CategoryURI({.for_ = ""}), "v2/category/");
     expectAGet(CategoryURI({.for_ = "a b/../c?d=%20"}), "v2/category/a b/../c?d=%20");
     EXPECT_EQ(CategoryURI({.for_ = "x"}).category, "x");
 }
 
-TEST(ChannelURI, PutsTheChannelBehindAnotherPathAsItStands) {
+TEST(ChannelURI, AppendsTheChannelToAnotherPathUnchanged) {
     expectAGet(ChannelURI({.for_ = "x"}), "v2/channel/x");
     expectAGet(ChannelURI({.for_ = ""}), "v2/channel/");
     expectAGet(ChannelURI({.for_ = "a b/../c?d=%20"}), "v2/channel/a b/../c?d=%20");

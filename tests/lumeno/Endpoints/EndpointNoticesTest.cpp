@@ -117,7 +117,7 @@ TEST(EndpointProductAlert, IsAnsweredWithAnAlert) {
     expectErrors(make, R"({"id":"7","title":"t"})");
 }
 
-TEST(EndpointRemap, AsksWithItsQueryItemsInOrderBehindTheQueryOfTheBaseURL) {
+TEST(EndpointRemap, AppendsItsQueryItemsInOrderToTheQueryOfTheBaseURL) {
     for (const char* const path : {"/video/x", "video/x"}) {
         CatalogueContext context;
         context.base = URL("https://api.example.test/base?key=1");

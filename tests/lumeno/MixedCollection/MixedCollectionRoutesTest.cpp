@@ -15,7 +15,7 @@ TEST(CollectionURI, HasNoQueryItemsWhereTheHighlightItemIsNotWanted) {
     expectAGet(CollectionURI({.with = "xyz", .embedHighlightItem = false}), "v2/collection/xyz");
 }
 
-TEST(CollectionURI, PutsTheIdBehindThePathAsItStands) {
+TEST(CollectionURI, AppendsTheIdToThePathUnchanged) {
     expectAGet(CollectionURI({.with = "a b/../c?d=%20", .embedHighlightItem = false}),
                "v2/collection/a b/../c?d=%20");
     expectAGet(CollectionURI({.with = "", .embedHighlightItem = false}), "v2/collection/");

@@ -106,7 +106,7 @@ TEST(AnElementOfAMixedList, GoesByTheFirstOfTwoEntities) {
     EXPECT_EQ(kindsOf(R"({"_entity":5,"_entity":"video","_links":{}})"), "Show");
 }
 
-TEST(AnElementOfAMixedList, IsTheSameWhereverItsEntityStands) {
+TEST(AnElementOfAMixedList, IsTheSameAtAnyPositionOfItsEntity) {
     const std::string members =
         R"("id":"1","title":"x","_links":{"self":{"href":"h"}},"_embedded":{"a":[1,{"b":"\"}"}]})";
     for (const auto& [entity, kind] :

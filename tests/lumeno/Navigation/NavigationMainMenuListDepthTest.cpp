@@ -91,7 +91,7 @@ TEST(AMenuOfAHundredThousandLevels, IsAnErrorWhereItIsCutOffToo) {
     EXPECT_EQ(outcomeOf(document.substr(0, document.size() / 2)).failure, "dataCorrupted []");
 }
 
-TEST(AMenuOfAHundredThousandLevels, IsAnErrorUnderAKeyThatNobodyReadsToo) {
+TEST(AMenuOfAHundredThousandLevels, IsAnErrorUnderAnIgnoredKeyToo) {
     EXPECT_EQ(outcomeOf(R"({"items":[{"id":"a","other":)" + menu(100'000) + "}]}").failure,
               "dataCorrupted []");
 }

@@ -18,12 +18,12 @@ TEST(NavigationType, HasTwoCasesInOrderAndNoneOfAnUnknownText) {
     }
 }
 
-TEST(NavigationURI, PutsTheRawTextOfTheTypeBehindThePath) {
+TEST(NavigationURI, AppendsTheRawValueOfTheTypeToThePath) {
     expectAGet(NavigationURI{.navigationType = NavigationType::channels}, "v2/navigation/channels");
     expectAGet(NavigationURI{.navigationType = NavigationType::categories}, "v2/navigation/categories");
 }
 
-TEST(NavigationMainMenuItemURI, AsksForAPersonalMenuOfTheChannelsInOneTextAsItStands) {
+TEST(NavigationMainMenuItemURI, AsksForAPersonalMenuOfTheChannelsInOneUnchangedString) {
     expectAGet(NavigationMainMenuItemURI({.channels = "a,b"}), "v2/navigation/mobile",
                {{"include", "personalize"}, {"channel", "a,b"}});
     expectAGet(NavigationMainMenuItemURI({.channels = " a&b=%20"}), "v2/navigation/mobile",
@@ -35,7 +35,7 @@ TEST(NavigationMainMenuItemURI, SendsChannelsWithoutCharactersToo) {
                {{"include", "personalize"}, {"channel", ""}});
 }
 
-TEST(NavigationMainMenuItemURI, HasAPathThatGoesOutAsItStandsWhereItIsSet) {
+TEST(NavigationMainMenuItemURI, HasAPathThatIsSentUnchangedIfItIsSet) {
     NavigationMainMenuItemURI route({.channels = "a"});
     route.path = "navigation/television";
     expectAGet(route, "navigation/television", {{"include", "personalize"}, {"channel", "a"}});

@@ -6,7 +6,7 @@ namespace {
 
 using test::expectAGet;
 
-TEST(NowNextURI, PutsTheHouseNumberBehindThePathAsItStands) {
+TEST(NowNextURI, AppendsTheHouseNumberToThePathUnchanged) {
     expectAGet(NowNextURI{.houseNumber = "N1"}, "v2/nownext/N1");
     expectAGet(NowNextURI{.houseNumber = ""}, "v2/nownext/");
     expectAGet(NowNextURI{.houseNumber = "a b/../c?d=%20"}, "v2/nownext/a b/../c?d=%20");
@@ -16,7 +16,7 @@ TEST(LivestreamsURI, HasNoSlashAtItsEndWhereThereIsNoRegion) {
     expectAGet(LivestreamsURI{.region = std::nullopt}, "v2/livestreams");
 }
 
-TEST(LivestreamsURI, PutsTheRawTextOfARegionBehindThePath) {
+TEST(LivestreamsURI, AppendsTheRawValueOfARegionToThePath) {
     for (const LivestreamRegion region : LivestreamRegion::allCases) {
         expectAGet(LivestreamsURI{.region = region}, "v2/livestreams/" + std::string(rawValue(region)));
     }

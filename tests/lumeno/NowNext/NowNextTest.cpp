@@ -109,7 +109,7 @@ TEST(NowNextContainer, FailsOfASubtitleOfAWrongType) {
               R"(typeMismatch ["displaySubtitle"])");
 }
 
-TEST(NowNextContainer, KnowsThreeKindsOfEventsByTheirRawTexts) {
+TEST(NowNextContainer, HasThreeKindsOfEventsWithTheirRawValues) {
     using EventType = NowNextContainer::EventType;
     const auto typeOf = [](const std::string& text) {
         const std::string json = programme();

@@ -69,7 +69,7 @@ TEST(ProductAlert, IsMadeOfItsFieldsInDeclaredOrder) {
     EXPECT_NE(alert, (ProductAlert{.id = "a", .title = "b", .message = "c", .status = "d"}));
 }
 
-TEST(ProductAlertURI, PutsTheIdBehindThePathAsItStands) {
+TEST(ProductAlertURI, AppendsTheIdToThePathUnchanged) {
     test::expectAGet(ProductAlertURI({.with = "12"}), "v2/alert/12");
     test::expectAGet(ProductAlertURI({.with = ""}), "v2/alert/");
     test::expectAGet(ProductAlertURI({.with = "a b/c?d#%20"}), "v2/alert/a b/c?d#%20");

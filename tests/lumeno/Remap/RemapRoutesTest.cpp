@@ -31,7 +31,7 @@ TEST(RemapURI, KeepsItsQueryItemsAndTheirOrder) {
     expectAGet(RemapURI({.path = "x", .queryItems = items}), "v2/remap/x", items);
 }
 
-TEST(RemapURI, HasAPathThatGoesOutAsItStandsWhereItIsSetLater) {
+TEST(RemapURI, HasAPathThatIsSentUnchangedIfItIsSetLater) {
     RemapURI changed = route("video/x");
     changed.path = "video/y";
     expectAGet(changed, "video/y");

@@ -37,7 +37,7 @@ TEST(RelatedShowList, NeverReadsItsLinks) {
     }
 }
 
-TEST(RelatedShowList, KeepsItsLinksInItsTableAsTheOneKeyThatNobodyReads) {
+TEST(RelatedShowList, ListsItsLinksAsItsOnlyIgnoredKey) {
     EXPECT_EQ(test::unreadKeys(planOf<RelatedShowList>()), std::vector<std::string>{"_links"});
 }
 

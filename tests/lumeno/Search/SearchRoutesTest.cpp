@@ -14,7 +14,7 @@ void expectAGetWithoutABody(const ResourceURI& route) {
     EXPECT_EQ(route.postData(), std::nullopt);
 }
 
-TEST(RelatedShowsURI, PutsTheSlugBehindThePathAsItStands) {
+TEST(RelatedShowsURI, AppendsTheSlugToThePathUnchanged) {
     EXPECT_EQ((RelatedShowsURI{.showSlug = "x", .channel = "c"}.path()), "v2/related/show/x");
     EXPECT_EQ(RelatedShowsURI{.showSlug = "a b/c?"}.path(), "v2/related/show/a b/c?");
     EXPECT_EQ(RelatedShowsURI{.showSlug = ""}.path(), "v2/related/show/");
@@ -40,11 +40,11 @@ TEST(SearchURI, TakesItsKeywordAsWhatToSearchFor) {
     static_assert(!std::is_aggregate_v<SearchURI> && !std::is_default_constructible_v<SearchURI>);
 }
 
-TEST(SearchURI, HasAPathThatKnowsNeitherKeywordNorChannel) {
+TEST(SearchURI, HasAPathWithoutKeywordAndChannel) {
     EXPECT_EQ(SearchURI({.for_ = "river", .channel = "c"}).path(), "v2/search");
 }
 
-TEST(SearchURI, SendsTheKeywordAsItStandsAndThenTheChannel) {
+TEST(SearchURI, SendsTheUnchangedKeywordAndThenTheChannel) {
     EXPECT_EQ(SearchURI({.for_ = " a&b=%20", .channel = "c"}).queryItems(),
               (Items{{"keyword", " a&b=%20"}, {"channel", "c"}}));
     EXPECT_EQ(SearchURI({.for_ = "river", .channel = std::nullopt}).queryItems(),

@@ -10,7 +10,7 @@ namespace {
 
 using test::faultText;
 
-TEST(ExplainingASeries, KeepsQuietAboutWhatNobodyReads) {
+TEST(ExplainingASeries, DoesNotReportIgnoredKeys) {
     EXPECT_EQ(
         faultText<Series>(R"({"id":"1","shareUrl":7,"_entity":7,"status":7,"_links":{"categories":7}})"), "");
 }

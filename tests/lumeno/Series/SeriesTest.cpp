@@ -143,7 +143,7 @@ TEST(Series, IgnoresTheAddressToShareItBy) {
     EXPECT_EQ(series(R"("shareUrl":{"\ud800":7})"), Series{.seriesId = "1"});
 }
 
-TEST(Series, KeepsTheAddressToShareItByInItsTableAsTheOneKeyThatNobodyReads) {
+TEST(Series, ListsItsShareAddressAsItsOnlyIgnoredKey) {
     EXPECT_EQ(test::unreadKeys(planOf<Series>()), std::vector<std::string>{"shareUrl"});
 }
 

@@ -12,7 +12,7 @@ void expectAPathAlone(const ResourceURI& route, const std::string& path) {
     EXPECT_EQ(route.httpMethod(), std::nullopt);
 }
 
-TEST(VideoURI, PutsTheHouseNumberBehindThePath) {
+TEST(VideoURI, AppendsTheHouseNumberToThePath) {
     expectAPathAlone(VideoURI{.houseNumber = "ZW1"}, "v2/video/ZW1");
 }
 

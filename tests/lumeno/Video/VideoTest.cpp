@@ -27,7 +27,7 @@ std::string messageOf(const std::string& json) {
     return error ? error->localizedDescription() : "";
 }
 
-TEST(Video, KeepsTheIdOfItsDeeplinkInItsTableAsTheOneKeyThatNobodyReads) {
+TEST(Video, ListsItsDeeplinkIdAsItsOnlyIgnoredKey) {
     EXPECT_EQ(test::unreadKeys(planOf<Video>()), std::vector<std::string>{"_links.deeplink.id"});
     EXPECT_EQ(video("", R"({"deeplink":{"id":"x"}})"), video("", R"({"deeplink":{}})"));
 }

@@ -33,7 +33,7 @@ const TypePlan& VanticRestKit::planOf<Snack>() {
 
 namespace {
 
-// An address on which nobody listens: a load ends with the transport's error.
+// An address without a server: a load ends with a transport error.
 class Nowhere : public virtual Context {
 public:
     URL baseURL() const override { return *URL::make("http://127.0.0.1:1"); }

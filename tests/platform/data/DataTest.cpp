@@ -11,7 +11,7 @@ namespace {
 
 using std::string_view_literals::operator""sv;
 
-bool hasZerosBehind(const Data& data) {
+bool hasTrailingZeros(const Data& data) {
     const char* const end = data.data() + data.size();
     return std::all_of(end, end + Data::padding, [](char byte) { return byte == '\0'; });
 }
@@ -34,15 +34,15 @@ TEST(Data, WithoutBytesIsEmptyAndHasAPlaceToPointAt) {
         EXPECT_TRUE(data.empty());
         EXPECT_EQ(data.size(), 0u);
         ASSERT_NE(data.data(), nullptr);
-        EXPECT_TRUE(hasZerosBehind(data));
+        EXPECT_TRUE(hasTrailingZeros(data));
         EXPECT_EQ(data, Data());
     }
 }
 
-TEST(Data, HasReadableZerosBehindItsLastByte) {
+TEST(Data, HasReadableZerosAfterItsLastByte) {
     for (std::size_t size = 0; size < 200; ++size) {
-        EXPECT_TRUE(hasZerosBehind(Data(std::string(size, 'x')))) << size;
-        EXPECT_TRUE(hasZerosBehind(Data(std::string_view(std::string(size, 'x'))))) << size;
+        EXPECT_TRUE(hasTrailingZeros(Data(std::string(size, 'x')))) << size;
+        EXPECT_TRUE(hasTrailingZeros(Data(std::string_view(std::string(size, 'x'))))) << size;
     }
 }
 
@@ -65,7 +65,7 @@ TEST(Data, IsEmptyWhenItWasMovedFrom) {
     const Data taken = std::move(data);
     EXPECT_EQ(taken.view(), "text");
     EXPECT_EQ(data, Data());
-    EXPECT_TRUE(hasZerosBehind(data));
+    EXPECT_TRUE(hasTrailingZeros(data));
 
     Data assigned;
     Data other("other");

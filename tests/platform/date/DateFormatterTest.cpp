@@ -53,7 +53,7 @@ TEST(FormattedDateWithoutMilliseconds, TakesOutEveryDottedRun) {
     EXPECT_EQ(readByApi("2021-03-04T05:06:07.1.2.3Z"), test::seconds(1614834367));
 }
 
-TEST(FormattedDateWithoutMilliseconds, LeavesADotWithoutDigitsBehind) {
+TEST(FormattedDateWithoutMilliseconds, KeepsADotWithoutDigits) {
     EXPECT_EQ(readByApi("2021-03-04T05:06:07.+0000"), std::nullopt);
     EXPECT_EQ(readByApi("2021-03-04T05:06:07..5Z"), std::nullopt);
 }

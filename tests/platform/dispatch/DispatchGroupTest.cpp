@@ -105,7 +105,7 @@ TEST(DispatchGroup, NeverStarvesAStartHoweverManyQueuesWait) {
     }
     ASSERT_TRUE(GroupProbe::awaitWaiters(group, static_cast<std::size_t>(waiting), deadline));
     EXPECT_GE(PoolProbe::threads(), static_cast<std::size_t>(waiting));
-    // This one is behind all that wait, and is what they wait for.
+    // This one is posted after all waiting blocks, and is what they wait for.
     DispatchQueue("leaver").async([group] { group.leave(); });
     EXPECT_TRUE(waited.wait(waiting));
     // The threads that stood in for the waiting ones end again.
@@ -152,7 +152,7 @@ TEST(DispatchGroup, MayBeWaitedForOnAQueueWhoseOtherBlocksThenWait) {
     EXPECT_EQ(seen, (std::vector<int>{1, 2}));
 }
 
-TEST(DispatchGroup, StandsManyGroupsWaitedForOnManyQueues) {
+TEST(DispatchGroup, SupportsManyGroupsWaitedForOnManyQueues) {
     constexpr int rounds = 20;
     constexpr int each = 50;
     for (int round = 0; round < rounds; ++round) {

@@ -225,7 +225,7 @@ TEST(DispatchQueue, NeverStarvesAStartHoweverManyBlocksBlock) {
             ended.signal();
         });
     }
-    // This one is behind all that block, and is what they wait for.
+    // This one is posted after all blocking blocks, and is what they wait for.
     DispatchQueue("goes").async([go] { go.signal(); });
     EXPECT_TRUE(ended.wait(blocking));
     // The threads that stood in for the blocked ones end again.
@@ -320,7 +320,7 @@ TEST(PoolPause, EndsWithTheLastOfSeveral) {
     EXPECT_TRUE(ran.wait());
 }
 
-TEST(DispatchQueue, StandsManyQueuesThatPostToEachOther) {
+TEST(DispatchQueue, SupportsManyQueuesThatPostToEachOther) {
     constexpr std::size_t count = 200;
     constexpr int hops = 200;
     std::vector<DispatchQueue> queues;

@@ -24,7 +24,7 @@ std::shared_ptr<DispatchWorkItem> chain(int length) {
     return first;
 }
 
-// Far more than a stack of 8 MB has room for, if each link took a call.
+// Far more than fits a stack of 8 MB if each link took a call.
 constexpr int longChain = 400'000;
 
 }  // namespace
@@ -90,7 +90,7 @@ TEST(DispatchWorkItem, DropsItsBlockWhenItHasRunThoughItIsStillHeld) {
     EXPECT_TRUE(seen.expired());
 }
 
-TEST(DispatchWorkItem, DropsItsBlockWhenItIsCancelledThoughItStillStandsInAQueue) {
+TEST(DispatchWorkItem, DestroysItsBlockWhenCancelledWhileStillQueued) {
     const DispatchQueue queue("test");
     auto held = std::make_shared<int>(1);
     const std::weak_ptr<int> seen = held;

@@ -169,7 +169,7 @@ TEST(QueueWithOwnThread, TakesNoThreadFromThePoolWhenItBlocks) {
     EXPECT_TRUE(ended.wait(count));
 }
 
-TEST(QueueWithOwnThread, StandsManyQueuesThatComeAndGo) {
+TEST(QueueWithOwnThread, SupportsManyShortLivedQueues) {
     constexpr int count = 300;
     const Event ran;
     for (int i = 0; i < count; ++i) {

@@ -18,13 +18,13 @@ private:
     std::string version_;
 };
 
-/// Restores the defaults behind each test.
+/// Restores the defaults after each test.
 class HostInformationTest : public testing::Test {
 protected:
     ~HostInformationTest() override { HostInformation::supply(nullptr); }
 };
 
-TEST_F(HostInformationTest, KnowsNoVersionOfTheApplicationByDefault) {
+TEST_F(HostInformationTest, HasNoApplicationVersionByDefault) {
     EXPECT_EQ(HostInformation::current()->applicationVersion(), std::nullopt);
 }
 

@@ -200,5 +200,5 @@ TEST(Decoding, IsReadFromTheNamesOfTheCodings) {
     EXPECT_FALSE(decodingFor("zstd").isKnown);
     EXPECT_FALSE(decodingFor("gzip, zstd").isKnown);
     EXPECT_TRUE(decodingFor("gzip, zstd").decoders.empty());
-    EXPECT_FALSE(decodingFor("gzip,gzip,gzip,gzip,gzip").isKnown) << "nobody means that";
+    EXPECT_FALSE(decodingFor("gzip,gzip,gzip,gzip,gzip").isKnown) << "no server means that";
 }

@@ -55,7 +55,7 @@ TEST(CurlErrors, NameTheLackOfASocketAndNotTheHost) {
     EXPECT_EQ(faultFor({.code = CURLE_COULDNT_RESOLVE_HOST}).code, URLErrorCode::cannotFindHost);
 }
 
-TEST(CurlErrors, StandBehindThePlatformsWithCodeAndText) {
+TEST(CurlErrors, AreTheUnderlyingErrorsWithCodeAndDescription) {
     const Error error = underlyingError(CURLE_PEER_FAILED_VERIFICATION, "certificate has expired", 10);
     EXPECT_EQ(error.domain(), "libcurl");
     EXPECT_EQ(error.code(), 60);

@@ -20,7 +20,7 @@ HeaderCollector collected(std::initializer_list<std::string_view> lines) {
 
 }  // namespace
 
-TEST(HeaderCollector, IsCompleteBehindTheEmptyLine) {
+TEST(HeaderCollector, IsCompleteAfterTheEmptyLine) {
     EXPECT_FALSE(collected({}).isComplete());
     EXPECT_FALSE(collected({"HTTP/1.1 200 OK", "A: b"}).isComplete());
     const HeaderCollector whole = collected({"HTTP/1.1 200 OK", "A: b", ""});

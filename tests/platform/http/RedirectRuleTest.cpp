@@ -18,7 +18,7 @@ URLRequest request(const char* method) {
     return made;
 }
 
-std::string methodBehind(int status, const char* method) {
+std::string methodAfter(int status, const char* method) {
     return *redirected(request(method), status, *URL::make("https://host/to")).httpMethod();
 }
 
@@ -34,14 +34,14 @@ TEST(RedirectRule, FiveStatusesRedirect) {
 
 TEST(RedirectRule, ChangesTheMethodAsTheStatusSays) {
     for (const int status : {301, 302}) {
-        EXPECT_EQ(methodBehind(status, "POST"), "GET");
+        EXPECT_EQ(methodAfter(status, "POST"), "GET");
         for (const char* kept : {"GET", "HEAD", "PUT", "PATCH", "DELETE", "post"}) {
-            EXPECT_EQ(methodBehind(status, kept), kept);
+            EXPECT_EQ(methodAfter(status, kept), kept);
         }
     }
-    EXPECT_EQ(methodBehind(303, "HEAD"), "HEAD");
-    for (const char* method : {"GET", "POST", "PUT", "DELETE"}) EXPECT_EQ(methodBehind(303, method), "GET");
-    for (const int status : {307, 308}) EXPECT_EQ(methodBehind(status, "POST"), "POST");
+    EXPECT_EQ(methodAfter(303, "HEAD"), "HEAD");
+    for (const char* method : {"GET", "POST", "PUT", "DELETE"}) EXPECT_EQ(methodAfter(303, method), "GET");
+    for (const int status : {307, 308}) EXPECT_EQ(methodAfter(status, "POST"), "POST");
 }
 
 TEST(RedirectRule, AMethodThatChangesLosesItsBodyAndNothingElse) {

@@ -12,7 +12,7 @@ TEST(URLResponse, IsNoneOfHTTP) {
     EXPECT_EQ(response.url()->absoluteString(), "http://host/");
 }
 
-TEST(HTTPURLResponse, IsFoundBehindAResponse) {
+TEST(HTTPURLResponse, IsFoundFromAResponse) {
     const std::shared_ptr<const URLResponse> response = std::make_shared<const HTTPURLResponse>(
         URL::make("http://host/"), 404, HTTPURLResponse::HeaderFields{{"Content-Type", "text/plain"}});
     ASSERT_NE(response->asHTTP(), nullptr);

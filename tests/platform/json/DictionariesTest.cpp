@@ -69,7 +69,7 @@ TEST(ADictionary, CannotBeOpenedWithAKeyThatCannotBeRead) {
     EXPECT_EQ(failureOf<Settings>(R"({"needed":{},"ifThere":)" + bad + "}"), R"(dataCorrupted ["ifThere"])");
     EXPECT_EQ(settings(R"("needed":{},"some":)" + bad), value("{}"));
     EXPECT_EQ(settings(R"("needed":{},"perhaps":)" + bad), value("{}"));
-    // Nobody opens what lies deeper.
+    // Deeper values are not read.
     EXPECT_EQ(settings(R"("needed":{"x":)" + bad + R"(,"y":1})"), value(R"({"y":1})"));
 }
 

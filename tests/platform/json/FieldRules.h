@@ -15,7 +15,7 @@
 namespace VanticRestKit::test {
 
 /// JSON that is not what a field wants, and how it fails a strict one: the kind of the error, and the rest of its
-/// path behind the field's own, such as "/1/href".
+/// path after the field's own, such as "/1/href".
 struct Unfit {
     std::string json;
     std::string kind = "typeMismatch";
@@ -86,7 +86,7 @@ void expectFieldsInEveryState(const EntityRules& rules);
 /// Each container absent, null, of every type that is no object, and with a key that cannot be read.
 void expectContainersInEveryState(const EntityRules& rules);
 
-/// The keys in an entity's table that nobody reads, as paths from the entity down.
+/// The ignored keys of an entity's table, as paths relative to the entity.
 std::vector<std::string> unreadKeys(const TypePlan& plan);
 
 /// Only a JSON object decodes.

@@ -243,7 +243,7 @@ TEST(AKeyThatCannotBeRead, TakesBackTheInnermostObjectAlone) {
     }
 }
 
-TEST(AKeyThatCannotBeRead, MattersNotInAnObjectThatNobodyOpens) {
+TEST(AKeyThatCannotBeRead, DoesNotMatterInAnObjectThatIsNotRead) {
     for (const std::string key : unreadable) {
         const std::string bad = "{" + key + ":1}";
         EXPECT_EQ(shown<Person>("{\"id\":\"a\",\"work\":{},\"other\":" + bad + "}"), person("a")) << key;

@@ -18,7 +18,7 @@
 namespace VanticRestKit {
 namespace {
 
-/// Large, so that room for many of them shows.
+/// Large, so that memory for many of them is noticeable.
 struct Wide {
     std::optional<std::string> a{};
     std::optional<std::string> b{};
@@ -123,7 +123,7 @@ namespace {
 using test::failureOf;
 using test::shown;
 
-/// How many elements there is room for once `json` is read.
+/// The capacity of the list after `json` is read.
 template <class T>
 std::size_t roomFor(const std::string& json) {
     std::vector<T> list;
@@ -160,7 +160,7 @@ TEST(AList, HasRoomForAllElementsAtOnceWhereTheyAreAlike) {
     EXPECT_LE(room, 1100U);
 }
 
-TEST(AList, TakesHardlyMoreRoomThanItsElementsWhateverLiesBehindIt) {
+TEST(AList, AllocatesLittleMoreThanItsElementsWhateverFollowsIt) {
     for (const std::size_t count : {1U, 2U, 3U, 10U, 100U}) {
         std::string list = "[";
         for (std::size_t i = 0; i < count; ++i) list += "[\"a\"],";

@@ -162,7 +162,7 @@ TEST(TheMemoryBudget, DoesNotCountWhatWasDropped) {
     const std::string unnamed = R"({"words":)" + words + "}";
     for (const char* const rest : {"", ",7"}) {
         const std::string elements = "[" + repeated(100, unnamed) + rest + "]";
-        // Room for the slots of the list and for the words of a few elements, not for those of all.
+        // Enough for the slots of the list and the strings of a few elements, not of all.
         constexpr std::uint64_t budget = 400 * sizeof(Named) + 10 * 1000 * sizeof(std::string);
         EXPECT_EQ(outcomeWithin(budget, R"({"tolerantList":)" + elements + "}").failure, "");
         EXPECT_EQ(outcomeWithin(budget, R"({"inside":{"choices":)" + elements + "}}").failure, "");

@@ -155,7 +155,7 @@ TEST(AText, MayNotHoldAFaultAtAnyPlace) {
         for (const std::size_t size : {0U, 1U, 14U, 15U, 16U, 30U, 31U, 32U, 33U, 62U, 63U, 64U}) {
             for (const std::size_t place : {std::size_t{0}, size / 2, size}) {
                 const std::string plain = letters(size);
-                // Behind a byte that promises more, a letter would be a fault of its own.
+                // After a lead byte, a letter would be another fault.
                 expectNoText(plain.substr(0, place) + fault + plain.substr(place));
             }
         }

@@ -109,7 +109,7 @@ TEST(TheStructureOfADocument, HasBlanksOfFourKindsBetweenItsParts) {
     EXPECT_EQ(failureOf<Texts>("\u00a0[]"), broken);
 }
 
-TEST(TheStructureOfADocument, HasNothingBehindItsValue) {
+TEST(TheStructureOfADocument, HasNothingAfterItsValue) {
     for (const char* const rest : {"[]", "{}", "1", "\"\"", "]", "}", ",", ":", "null", "x", "//", "/* */"}) {
         EXPECT_EQ(failureOf<Texts>("[]" + std::string(rest)), broken) << rest;
         EXPECT_EQ(failureOf<Album>(album + rest), broken) << rest;
@@ -172,7 +172,7 @@ TEST(TheStructureOfADocument, TakesFourBytesOfAnyOtherKindAfterAUnicodeEscapeUnr
     }
 }
 
-TEST(TheStructureOfADocument, IsJudgedWhereNobodyReadsToo) {
+TEST(TheStructureOfADocument, IsCheckedInIgnoredPartsToo) {
     for (const char* const value : {"[1 2]",
                                     "[1:2]",
                                     "{\"a\"}",

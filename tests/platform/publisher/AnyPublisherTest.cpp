@@ -42,7 +42,7 @@ Result<int, Error> half(int number) {
 static_assert(!std::is_default_constructible_v<Never>);
 static_assert(!std::is_aggregate_v<Never>);
 
-TEST(AnyPublisher, StartsNothingBeforeSomebodySubscribes) {
+TEST(AnyPublisher, StartsNothingBeforeASubscription) {
     const auto hand = std::make_shared<IntHand>();
     int calls = 0;
     const auto publisher = IntHand::publisher(hand).map([&](int n) {

@@ -191,7 +191,7 @@ TEST(Cancellation, FromAnotherThreadLetsAtMostWhatWasBeingDeliveredThrough) {
     EXPECT_EQ(completions, 0);
 }
 
-TEST(Cancellation, StandsManyThreadsThatSendCompleteAndCancelAtOnce) {
+TEST(Cancellation, SupportsManyThreadsThatSendCompleteAndCancelAtOnce) {
     for (int round = 0; round < 500; ++round) {
         std::vector<std::thread> threads;
         std::atomic<int> cancels{0};

@@ -20,7 +20,7 @@ URLComponents componentsOf(std::string_view text) {
 
 std::optional<Items> itemsOf(std::string_view text) { return componentsOf(text).queryItems(); }
 
-/// The text of the URL that has `items` behind the items of `text`.
+/// The URL `text` with `items` appended to its query items.
 std::string withItems(std::string_view text, const Items& items) {
     URLComponents components = componentsOf(text);
     Items all = components.queryItems().value_or(Items());
@@ -93,7 +93,7 @@ TEST(URLComponents, TheQueryOfTheBaseComesFirst) {
     EXPECT_EQ(withItems("http://h/p?x=1&y=2", {{"a", "1"}, {"b", "2"}}), "http://h/p?x=1&y=2&a=1&b=2");
 }
 
-TEST(URLComponents, AQueryThatNobodySetsStaysAsItIs) {
+TEST(URLComponents, AQueryThatIsNotSetStaysUnchanged) {
     EXPECT_EQ(componentsOf("http://h/?a=%41&&b+c").url()->absoluteString(), "http://h/?a=%41&&b+c");
 }
 

@@ -57,7 +57,7 @@ TEST(URLRandom, RandomDelimitersBreakNoRule) {
     }
 }
 
-TEST(URLRandom, AURLBehindAnHTTPHeadBreaksNoRule) {
+TEST(URLRandom, AURLAfterAnHTTPHeadBreaksNoRule) {
     RandomTexts texts;
     for (int round = 0; round < 10000; ++round) {
         const std::string text = "http://h" + texts.delimiters();

@@ -74,7 +74,7 @@ TEST(URLReference, AnAbsoluteReferenceLosesItsDotSegments) {
     EXPECT_EQ(resolved("//h/a/../b"), "http://h/b");
 }
 
-TEST(URLReference, AReferenceMetAtAURLWithoutAPathStandsAtItsRoot) {
+TEST(URLReference, AReferenceAgainstAURLWithoutAPathIsAtItsRoot) {
     EXPECT_EQ(resolved("g", "http://a"), "http://a/g");
     EXPECT_EQ(resolved("?y", "http://a"), "http://a?y");
     EXPECT_EQ(resolved("g", "http://a?q#f"), "http://a/g");

@@ -111,7 +111,7 @@ TEST(URL, WhatIsNoSchemeIsNoURL) {
 
 TEST(URL, AnEmptyTextIsNoURL) { EXPECT_FALSE(URL::make("")); }
 
-TEST(URL, APathMayHoldAColonBehindAnotherDelimiter) {
+TEST(URL, APathMayContainAColonAfterAnotherDelimiter) {
     EXPECT_EQ(urlOf("a/b:c").path(), "a/b:c");
     EXPECT_EQ(urlOf("a@b:c").path(), "a@b:c");
     EXPECT_EQ(urlOf("a@b:c").scheme(), std::nullopt);
@@ -190,7 +190,7 @@ TEST(URL, ARequestTargetIsThePathAndTheQueryAsTheyGoOut) {
     EXPECT_EQ(urlOf("http://h/v2/../x?").requestTarget(), "/v2/../x?");
 }
 
-TEST(URL, AnAppendedComponentStandsBehindOneSlash) {
+TEST(URL, AnAppendedComponentFollowsOneSlash) {
     EXPECT_EQ(appended("http://h", "a"), "http://h/a");
     EXPECT_EQ(appended("http://h/", "a"), "http://h/a");
     EXPECT_EQ(appended("http://h/b", "/a"), "http://h/b/a");

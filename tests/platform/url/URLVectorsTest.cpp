@@ -54,7 +54,7 @@ json builtURL(const json& in) {
     return url ? json(url->absoluteString()) : json(nullptr);
 }
 
-/// Every line of `file` gets its answer; a line that is nobody's duty only has to be survived.
+/// Every line of `file` gives its answer; a line without a required answer must only not crash.
 void expectAnswers(const std::string& file, std::size_t atLeast, json (*answer)(const json&)) {
     const std::vector<json> lines = test::vectors(file);
     ASSERT_GE(lines.size(), atLeast);

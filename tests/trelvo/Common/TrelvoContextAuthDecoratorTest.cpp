@@ -95,7 +95,7 @@ TEST(TrelvoContextAuthDecorator, IsItsContextInAllElseButTheLog) {
     EXPECT_EQ(decorator.baseURL(), host.baseURL());
     EXPECT_EQ(decorator.requestTimeout(), 3.0);
     EXPECT_TRUE(host.logError());
-    EXPECT_FALSE(decorator.logError()) << "the log stays with nobody";
+    EXPECT_FALSE(decorator.logError()) << "no log hook is forwarded";
     host.user = std::nullopt;
     EXPECT_EQ(decorator.uid(), std::nullopt);
 }

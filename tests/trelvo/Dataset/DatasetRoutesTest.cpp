@@ -52,7 +52,7 @@ TEST(DeleteDatasetURI, DeletesTheNamespaceWithoutABody) {
               "DELETE v2/dataset/profile [UID=u, source=lumeno]");
 }
 
-TEST(DatasetRoutes, PutTheNamespaceIntoThePathAsItStands) {
+TEST(DatasetRoutes, PutTheNamespaceIntoThePathUnchanged) {
     for (const std::string name : {"", "a b", "a/../b", "%41?x#y", "\u00e9"}) {
         const std::string path = "v2/dataset/" + name;
         EXPECT_EQ(ResourceURI(GetDatasetURI{.namespace_ = name}).path(), path);

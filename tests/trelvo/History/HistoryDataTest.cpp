@@ -80,7 +80,7 @@ TEST(HistoryData, ReadsADateWithAFractionAndHasNoneInAnotherFormat) {
     EXPECT_EQ(accessed("04/03/2021"), std::nullopt);
 }
 
-TEST(HistoryData, StandsWithoutASourceWhereItIsUnknown) {
+TEST(HistoryData, IsKeptWithoutASourceThatIsUnknown) {
     const auto record = recordWith(R"("source":"elsewhere")");
     ASSERT_TRUE(record);
     EXPECT_EQ(record->source, std::nullopt);
