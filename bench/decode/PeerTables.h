@@ -9,9 +9,9 @@
 // A field that does not get a value stays as it is, which is all that documents without faults need.
 
 #include <VanticRestKit/platform/date/detail/DeviceDate.h>
+#include <VanticRestKit/platform/json/detail/KeyTable.h>
 #include <VanticRestKit/platform/json/FieldAccess.h>
 #include <VanticRestKit/platform/json/Fresh.h>
-#include <VanticRestKit/platform/json/KeyTable.h>
 #include <VanticRestKit/platform/json/RawText.h>
 
 #include <cstdint>

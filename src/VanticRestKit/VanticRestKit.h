@@ -48,13 +48,15 @@
 #include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/JSONDecoder.h>
 #include <VanticRestKit/platform/json/JSONEncoder.h>
-#include <VanticRestKit/platform/json/KeyTable.h>
 #include <VanticRestKit/platform/json/MemoryBudget.h>
 #include <VanticRestKit/platform/json/OneOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanParts.h>
+#include <VanticRestKit/platform/json/Presence.h>
 #include <VanticRestKit/platform/json/RawText.h>
+#include <VanticRestKit/platform/json/Row.h>
 #include <VanticRestKit/platform/json/Table.h>
-#include <VanticRestKit/platform/json/TypePlan.h>
 #include <VanticRestKit/platform/json/ValueText.h>
 #include <VanticRestKit/platform/publisher/AnyPublisher.h>
 #include <VanticRestKit/platform/publisher/Cancellable.h>

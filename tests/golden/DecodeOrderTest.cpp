@@ -3,6 +3,7 @@
 #include <golden/Documents.h>
 #include <platform/json/BothEngines.h>
 #include <platform/json/SampleDocument.h>
+#include <VanticRestKit/platform/json/detail/TypePlan.h>
 #include <VanticRestKit/platform/json/Diagnosis.h>
 #include <VanticRestKit/platform/json/ValueText.h>
 

@@ -19,11 +19,9 @@ struct Document {
 
 template <>
 const VanticRestKit::TypePlan& VanticRestKit::planOf<vantic::Document>() {
-    static const TypePlan plan{.kind = mapping::ValueKind::verbatim,
-                               .name = "Document",
-                               .fromJSON = [](std::string_view json, void* value) {
-                                   static_cast<vantic::Document*>(value)->json = Data(json);
-                               }};
+    static const TypePlan& plan = mapping::makeVerbatimPlan(
+        "Document",
+        [](std::string_view json, void* value) { static_cast<vantic::Document*>(value)->json = Data(json); });
     return plan;
 }
 

@@ -39,7 +39,8 @@ struct TypeEntry {
 
 /// One line of the registry. The name is the type's own where it has a mapping table.
 template <class T>
-TypeEntry entry(std::string name = std::string(VanticRestKit::planOf<T>().name)) {
+TypeEntry entry(
+    std::string name = std::string(VanticRestKit::mapping::planName(VanticRestKit::planOf<T>()))) {
     return {type<T>(name), type<std::vector<T>>("[" + name + "]")};
 }
 

@@ -50,7 +50,8 @@ struct BodyReader {
         } else {
             Result<T, Error> decoded = decoder.template decode<T>(body);
             if (observation != nullptr) {
-                noteDecoding(*observation, body, decoded ? nullptr : &decoded.error(), planOf<T>().name,
+                noteDecoding(*observation, body, decoded ? nullptr : &decoded.error(),
+                             mapping::planName(planOf<T>()),
                              [](const Data& document) { return diagnose<T>(document); });
             }
             return decoded;

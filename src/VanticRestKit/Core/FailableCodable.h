@@ -3,9 +3,7 @@
 /// \file
 /// `FailableCodable`: a value, or empty if it could not be decoded.
 
-#include <VanticRestKit/platform/json/FieldAccess.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
-#include <VanticRestKit/platform/json/TypePlan.h>
 
 #include <optional>
 
@@ -30,12 +28,7 @@ namespace mapping::detail {
 template <class T>
 struct BuiltIn<FailableCodable<T>> {
     static const TypePlan& plan() {
-        static const TypePlan& plan = *new TypePlan{.kind = ValueKind::attempted,
-                                                    .name = planOf<T>().name,
-                                                    .wrapped = &planOf<T>(),
-                                                    .wrap = &wrap,
-                                                    .forget = &forget,
-                                                    .peek = &peek};
+        static const TypePlan& plan = makeAttemptedPlan(planOf<T>(), &wrap, &forget, &peek);
         return plan;
     }
 

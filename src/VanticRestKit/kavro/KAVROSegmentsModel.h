@@ -3,7 +3,7 @@
 /// \file
 /// `KAVROSegmentsModel`: the audiences and badges of a subprofile.
 
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/Visibility.h>
 

@@ -3,7 +3,7 @@
 /// \file
 /// `Recommendation`: one recommended piece of content.
 
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/recs/RecsModuleContext.h>
 #include <VanticRestKit/Visibility.h>
 

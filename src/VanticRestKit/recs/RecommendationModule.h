@@ -3,7 +3,7 @@
 /// \file
 /// `RecommendationModule`: what is recommended in one module.
 
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/recs/Recommendation.h>
 #include <VanticRestKit/Visibility.h>
 

@@ -6,8 +6,8 @@
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/JSONDecoder.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
-#include <VanticRestKit/platform/json/TypePlan.h>
 
 #include <cstdint>
 #include <memory>

@@ -1,5 +1,7 @@
 #include <platform/json/FieldRules.h>
 
+#include <VanticRestKit/platform/json/detail/TypePlan.h>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>

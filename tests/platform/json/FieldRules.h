@@ -5,7 +5,7 @@
 /// the library's, so that a wrong row there shows.
 
 #include <platform/json/BothEngines.h>
-#include <VanticRestKit/platform/json/TypePlan.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/platform/json/ValueText.h>
 
 #include <string>

@@ -69,7 +69,7 @@ const TypePlan& planOf<Opened>() {
 }
 template <>
 const TypePlan& planOf<Anything>() {
-    static const TypePlan plan{.kind = mapping::ValueKind::anything, .name = "Anything"};
+    static const TypePlan& plan = mapping::makeAnythingPlan("Anything");
     return plan;
 }
 template <>

@@ -93,7 +93,7 @@ TEST(AListOfOptionals, KeepsItsNullsWhereItDropsWhatDoesNotDecode) {
 }
 
 TEST(AListOfOptionals, IsNamedAfterItsElements) {
-    EXPECT_EQ(planOf<Optionals<std::string>>().name, "[String?]");
+    EXPECT_EQ(mapping::planName(planOf<Optionals<std::string>>()), "[String?]");
     EXPECT_EQ(test::faultText<Curve>(R"({"points":[],"labels":7})"),
               "/labels lenient: [String?], number, empty\n");
 }

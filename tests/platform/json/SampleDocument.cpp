@@ -1,5 +1,6 @@
 #include <platform/json/SampleDocument.h>
 
+#include <VanticRestKit/platform/json/detail/TypePlan.h>
 #include <VanticRestKit/platform/json/ValueText.h>
 
 #include <cstddef>

@@ -4,7 +4,7 @@
 /// A document with every key that a type reads, to be changed at random. It says nothing of whether the keys are the
 /// right ones.
 
-#include <VanticRestKit/platform/json/TypePlan.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 
 #include <string>
 

@@ -29,7 +29,7 @@ TEST(ATableMadeAtRunTime, EndsTheProgramWithItsTypeAndTheKeyThatIsThereTwice) {
 TEST(ATableMadeAtRunTime, EndsTheProgramWithItsTypeIfItHasTooManyRows) {
     const Song fresh;
     std::vector<std::string> keys;
-    for (std::size_t i = 0; i <= mapping::ObjectPlan::mostFields; ++i) keys.push_back(std::to_string(i));
+    for (std::size_t i = 0; i <= mapping::maxRows; ++i) keys.push_back(std::to_string(i));
     std::vector<mapping::Row> rows;
     for (const std::string& key : keys) rows.push_back(mapping::defaulted<&Song::title>(key)[0]);
     EXPECT_DEATH(mapping::makeObjectPlan("Song", rows, &fresh), "mapping table of Song .*63 rows.*\"63\"");

@@ -7,7 +7,7 @@
 #include <VanticRestKit/lumeno/MixedCollection/MixedCollection.h>
 #include <VanticRestKit/lumeno/Theme/Theme.h>
 #include <VanticRestKit/platform/json/Fresh.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <optional>

@@ -3,7 +3,7 @@
 /// \file
 /// `DirectPlayableVideo`: a compact pointer to a video that can be played at once.
 
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <optional>

@@ -3,7 +3,7 @@
 /// \file
 /// `Image` and `Banner`: the pictures of the service.
 
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <cstdint>

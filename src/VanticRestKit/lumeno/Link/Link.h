@@ -3,7 +3,7 @@
 /// \file
 /// `Link`: a named way to another resource of the service.
 
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <optional>

@@ -4,7 +4,7 @@
 /// `Message`: something that the service tells out of band.
 
 #include <VanticRestKit/lumeno/Link/Link.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <cstdint>

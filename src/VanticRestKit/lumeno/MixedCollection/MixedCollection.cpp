@@ -31,7 +31,7 @@ const TypePlan& planOf<MixedCollection>() {
 
 template <>
 const TypePlan& planOf<MixedCollection::Empty>() {
-    static const TypePlan plan{.kind = mapping::ValueKind::anything, .name = "MixedCollection.Empty"};
+    static const TypePlan& plan = mapping::makeAnythingPlan("MixedCollection.Empty");
     return plan;
 }
 

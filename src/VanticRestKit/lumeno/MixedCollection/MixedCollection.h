@@ -10,7 +10,7 @@
 #include <VanticRestKit/lumeno/MixedCollection/MixedItem.h>
 #include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/JSONEncoder.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/Visibility.h>
 

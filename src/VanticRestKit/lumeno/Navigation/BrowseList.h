@@ -5,7 +5,7 @@
 
 #include <VanticRestKit/lumeno/Navigation/NavigationList.h>
 #include <VanticRestKit/platform/json/Fresh.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <string>

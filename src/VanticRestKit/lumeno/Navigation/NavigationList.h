@@ -4,7 +4,7 @@
 /// `NavigationList`: a flat list of channels or categories, with its entries.
 
 #include <VanticRestKit/lumeno/Image/Image.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <optional>

@@ -3,7 +3,7 @@
 /// \file
 /// `NavigationMainMenuList`: the main menu, with its entries and their pictures.
 
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <optional>

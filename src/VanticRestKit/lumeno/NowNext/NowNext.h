@@ -3,7 +3,7 @@
 /// \file
 /// `NowNext`: what is on now and what comes next, each a `NowNextContainer`.
 
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/Visibility.h>
 

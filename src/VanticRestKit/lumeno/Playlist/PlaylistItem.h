@@ -4,7 +4,7 @@
 /// `PlaylistItem`: one entry of what is played for a video.
 
 #include <VanticRestKit/lumeno/Playlist/Streams.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/Visibility.h>
 

@@ -4,7 +4,7 @@
 /// `Streams`: one stream for each technology of delivery, each with its addresses by quality, a `StreamInfo`.
 
 #include <VanticRestKit/Core/Required.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/Visibility.h>
 

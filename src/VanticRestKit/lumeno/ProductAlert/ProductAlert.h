@@ -4,7 +4,7 @@
 /// `ProductAlert`: a notice about an entity.
 
 #include <VanticRestKit/lumeno/Link/Link.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <optional>

@@ -4,7 +4,7 @@
 /// `Remap`: a path in the terms of the API and of the application.
 
 #include <VanticRestKit/platform/json/Fresh.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <string>

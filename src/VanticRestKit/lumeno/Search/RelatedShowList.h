@@ -4,7 +4,7 @@
 /// `RelatedShowList`: shows that are like another.
 
 #include <VanticRestKit/lumeno/Show/Show.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <vector>

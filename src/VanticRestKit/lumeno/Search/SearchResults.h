@@ -4,7 +4,7 @@
 /// `SearchResults`: what a search found.
 
 #include <VanticRestKit/lumeno/Show/Show.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <optional>

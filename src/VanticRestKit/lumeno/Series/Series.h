@@ -5,7 +5,7 @@
 
 #include <VanticRestKit/lumeno/CollectionItem/CollectionItem.h>
 #include <VanticRestKit/lumeno/Video/Video.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <cstdint>

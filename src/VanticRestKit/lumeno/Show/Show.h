@@ -13,7 +13,7 @@
 #include <VanticRestKit/lumeno/Video/Participants.h>
 #include <VanticRestKit/lumeno/Video/Video.h>
 #include <VanticRestKit/platform/date/Date.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <cstdint>

@@ -8,7 +8,7 @@
 #include <VanticRestKit/lumeno/Show/Show.h>
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/json/Fresh.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/platform/result/Result.h>
 #include <VanticRestKit/Visibility.h>
 

@@ -5,7 +5,7 @@
 
 #include <VanticRestKit/lumeno/Show/Show.h>
 #include <VanticRestKit/lumeno/Show/ShowSummary.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <optional>

@@ -5,7 +5,7 @@
 
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/error/ErrorCategory.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/Visibility.h>
 

@@ -3,7 +3,7 @@
 /// \file
 /// What kind of programme an entity is and how it is presented: `Theme`, `LumenoSubtype` and `ContextualPhrases`.
 
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/Visibility.h>
 

@@ -3,7 +3,7 @@
 /// \file
 /// `Participants`: who took part in a programme, in one role.
 
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <optional>

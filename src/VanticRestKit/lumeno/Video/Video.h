@@ -12,7 +12,7 @@
 #include <VanticRestKit/lumeno/Video/Participants.h>
 #include <VanticRestKit/lumeno/Video/VideoAnalytics.h>
 #include <VanticRestKit/platform/date/Date.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <cstdint>

@@ -3,7 +3,7 @@
 /// \file
 /// `VideoAnalytics`: values that a host reports when it plays a video.
 
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <cstdint>

@@ -4,7 +4,7 @@
 /// `VideoList`: several videos.
 
 #include <VanticRestKit/lumeno/Video/Video.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <vector>

@@ -7,7 +7,7 @@
 #include <VanticRestKit/platform/json/DecodingError.h>
 #include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
-#include <VanticRestKit/platform/json/TypePlan.h>
+#include <VanticRestKit/platform/json/Presence.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <optional>

@@ -4,7 +4,6 @@
 /// How a mapping table reaches the fields of an entity: names, offsets and what a field's type can do.
 
 #include <VanticRestKit/platform/json/Fresh.h>
-#include <VanticRestKit/platform/json/TypePlan.h>
 
 #include <cstddef>
 #include <optional>
@@ -91,6 +90,19 @@ std::size_t offsetOf() {
     const auto* const entity = reinterpret_cast<const E*>(storage);
     return static_cast<std::size_t>(reinterpret_cast<const std::byte*>(&(entity->*Member)) - storage);
 }
+
+/// How a field of a given C++ type is reached. `void*` arguments point to the field.
+struct FieldOps {
+    bool isOptional;
+    /// Makes the field hold a fresh value and returns where it lies.
+    void* (*open)(void* field);
+    /// Makes the field empty or, where it cannot be, what its type starts with.
+    void (*reset)(void* field);
+    /// Makes the field equal to another one of its type.
+    void (*copy)(void* field, const void* from);
+    /// The value, or null where the field is empty.
+    const void* (*peek)(const void* field);
+};
 
 template <class Field>
 inline constexpr FieldOps fieldOps = {

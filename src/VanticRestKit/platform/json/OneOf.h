@@ -6,7 +6,7 @@
 #include <VanticRestKit/platform/json/FieldAccess.h>
 #include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
-#include <VanticRestKit/platform/json/TypePlan.h>
+#include <VanticRestKit/platform/json/PlanParts.h>
 
 #include <cstddef>
 #include <memory>
@@ -86,8 +86,7 @@ const TypePlan& planOfChoice() {
     static constexpr Candidate candidates[] = {candidate<Field, Entities>...};
     static constexpr ChoicePlan choice = {
         .candidates = candidates, .which = &whichOf<Value, Entities...>, .held = &heldIn<Value, Entities...>};
-    static const TypePlan& plan =
-        *new TypePlan{.kind = ValueKind::choice, .name = typeName<Value>(), .choice = &choice};
+    static const TypePlan& plan = makeChoicePlan(typeName<Value>(), choice);
     return plan;
 }
 
@@ -102,7 +101,7 @@ const TypePlan& planOfChoices() {
         .count = &countOf<Value>,
         .at = &elementAt<Value>,
     };
-    static const TypePlan& plan = *new TypePlan{.kind = ValueKind::list, .name = "[Any]", .list = &list};
+    static const TypePlan& plan = makeListPlan("Any", list);
     return plan;
 }
 

@@ -1,7 +1,6 @@
 #include <VanticRestKit/platform/json/PlanOf.h>
 
 #include <algorithm>
-#include <string>
 
 namespace VanticRestKit::mapping {
 
@@ -21,7 +20,5 @@ std::size_t grownCapacity(std::size_t count, std::size_t elementSize, std::size_
     const std::size_t most = count + 1 + 2 * bytesLeft / elementSize;
     return estimated <= most ? std::max(estimated, count + count / 4) : std::max(doubled, most);
 }
-
-std::string listName(std::string_view element) { return "[" + std::string(element) + "]"; }
 
 }  // namespace VanticRestKit::mapping

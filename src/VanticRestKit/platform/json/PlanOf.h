@@ -7,12 +7,13 @@
 #include <VanticRestKit/platform/error/AnyValue.h>
 #include <VanticRestKit/platform/json/FieldAccess.h>
 #include <VanticRestKit/platform/json/Fresh.h>
+#include <VanticRestKit/platform/json/MemoryBudget.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
+#include <VanticRestKit/platform/json/PlanParts.h>
 #include <VanticRestKit/platform/json/RawText.h>
-#include <VanticRestKit/platform/json/TypePlan.h>
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,10 +30,6 @@ template <class T>
 struct BuiltIn;
 
 }  // namespace mapping::detail
-
-/// The plan of a type. Entities specialise it with their mapping table. Of a type without a table it is deleted.
-template <class T>
-const TypePlan& planOf() = delete;
 
 /// Texts, numbers, truth values, enumerations with raw texts, lists and (at the root) optionals need no table. A narrow
 /// integer, such as an `int`, takes the numbers that fit.
@@ -57,9 +54,6 @@ struct KeepDecodable {};
 /// bytes left to judge by it doubles.
 VRK_EXPORT std::size_t grownCapacity(std::size_t count, std::size_t elementSize, std::size_t bytesRead,
                                      std::size_t bytesLeft) noexcept;
-
-/// The name of a list of `element`: "[Link]".
-VRK_EXPORT std::string listName(std::string_view element);
 
 namespace detail {
 
@@ -159,80 +153,62 @@ inline constexpr ListPlan listPlan = {
 
 template <class T, bool Tolerant>
 const TypePlan& planOfList() {
-    // The element is named, not planned, here: a type may hold a list of itself.
-    static const std::string& name = *new std::string(listName(elementName<T>()));
-    static const TypePlan& plan =
-        *new TypePlan{.kind = ValueKind::list, .name = name, .list = &listPlan<T, Tolerant>};
-    return plan;
-}
-
-// Plans made in headers lie on the heap. GCC initialises the constant members of a static object at compile time,
-// Clang all of them at run time; linked together, GCC's code would run on Clang's storage, without those members.
-template <ValueKind Kind>
-const TypePlan& plainPlan(std::string_view name) {
-    static const TypePlan& plan = *new TypePlan{.kind = Kind, .name = name};
+    static const TypePlan& plan = makeListPlan(elementName<T>(), listPlan<T, Tolerant>);
     return plan;
 }
 
 template <>
 struct BuiltIn<std::string> {
-    static const TypePlan& plan() { return plainPlan<ValueKind::text>(displayName<std::string>()); }
+    static const TypePlan& plan() { return textPlan(); }
 };
 template <>
 struct BuiltIn<bool> {
-    static const TypePlan& plan() { return plainPlan<ValueKind::boolean>(displayName<bool>()); }
+    static const TypePlan& plan() { return booleanPlan(); }
 };
 template <>
 struct BuiltIn<std::int64_t> {
-    static const TypePlan& plan() { return plainPlan<ValueKind::integer>(displayName<std::int64_t>()); }
+    static const TypePlan& plan() { return integerPlan(); }
 };
 template <>
 struct BuiltIn<std::uint64_t> {
-    static const TypePlan& plan() {
-        return plainPlan<ValueKind::unsignedInteger>(displayName<std::uint64_t>());
-    }
+    static const TypePlan& plan() { return unsignedIntegerPlan(); }
 };
 template <>
 struct BuiltIn<double> {
-    static const TypePlan& plan() { return plainPlan<ValueKind::number>(displayName<double>()); }
+    static const TypePlan& plan() { return numberPlan(); }
 };
 
 template <NarrowInteger T>
 struct BuiltIn<T> {
     static const TypePlan& plan() {
-        static const TypePlan& plan = *new TypePlan{
-            .kind = ValueKind::narrowInteger,
-            .name = displayName<T>(),
-            .fromInteger =
-                [](std::int64_t number, void* value) {
-                    if (!std::in_range<T>(number)) return false;
-                    *static_cast<T*>(value) = static_cast<T>(number);
-                    return true;
-                },
-            .toInteger =
-                [](const void* value) { return static_cast<std::int64_t>(*static_cast<const T*>(value)); }};
+        static const TypePlan& plan = makeNarrowIntegerPlan(
+            displayName<T>(),
+            [](std::int64_t number, void* value) {
+                if (!std::in_range<T>(number)) return false;
+                *static_cast<T*>(value) = static_cast<T>(number);
+                return true;
+            },
+            [](const void* value) { return static_cast<std::int64_t>(*static_cast<const T*>(value)); });
         return plan;
     }
 };
 
 template <>
 struct BuiltIn<Dictionary> {
-    static const TypePlan& plan() { return plainPlan<ValueKind::dictionary>("[String: Any]"); }
+    static const TypePlan& plan() { return dictionaryPlan(); }
 };
 
 template <RawEnumeration E>
 struct BuiltIn<E> {
     static const TypePlan& plan() {
-        static const TypePlan& plan = *new TypePlan{.kind = ValueKind::convertedText,
-                                                    .name = typeName<E>(),
-                                                    .fromText =
-                                                        [](std::string_view text, void* value) {
-                                                            const std::optional<E> found =
-                                                                fromRawValue<E>(text);
-                                                            if (found) *static_cast<E*>(value) = *found;
-                                                            return found.has_value();
-                                                        },
-                                                    .caseName = &caseNameAt<E>};
+        static const TypePlan& plan = makeConvertedTextPlan(
+            typeName<E>(),
+            [](std::string_view text, void* value) {
+                const std::optional<E> found = fromRawValue<E>(text);
+                if (found) *static_cast<E*>(value) = *found;
+                return found.has_value();
+            },
+            &caseNameAt<E>);
         return plan;
     }
 };
@@ -245,11 +221,7 @@ struct BuiltIn<std::vector<T>> {
 template <class T>
 struct BuiltIn<std::optional<T>> {
     static const TypePlan& plan() {
-        static const TypePlan& plan = *new TypePlan{.kind = ValueKind::nullable,
-                                                    .name = planOf<T>().name,
-                                                    .wrapped = &planOf<T>(),
-                                                    .wrap = fieldOps<std::optional<T>>.open,
-                                                    .peek = fieldOps<std::optional<T>>.peek};
+        static const TypePlan& plan = makeNullablePlan(planOf<T>(), fieldOps<std::optional<T>>);
         return plan;
     }
 };
@@ -274,26 +246,22 @@ struct ReaderOf {
             return planOf<T>();
         } else if constexpr (std::is_same_v<R, DecimalOrText>) {
             static_assert(std::is_same_v<T, std::string>);
-            return detail::plainPlan<ValueKind::decimalOrText>(detail::displayName<T>());
+            return decimalOrTextPlan();
         } else if constexpr (std::is_same_v<R, KeepDecodable>) {
             return detail::planOfList<typename T::value_type, true>();
         } else if constexpr (std::is_invocable_r_v<bool, R, std::string_view, T&>) {
-            static const TypePlan& plan =
-                *new TypePlan{.kind = ValueKind::convertedText,
-                              .name = detail::displayName<T>(),
-                              .fromText = [](std::string_view text,
-                                             void* value) { return Reader(text, *static_cast<T*>(value)); },
-                              .caseName = detail::caseNameOf<T>()};
+            static const TypePlan& plan = makeConvertedTextPlan(
+                detail::displayName<T>(),
+                [](std::string_view text, void* value) { return Reader(text, *static_cast<T*>(value)); },
+                detail::caseNameOf<T>());
             return plan;
         } else {
             static_assert(std::is_invocable_r_v<bool, R, double, T&>,
                           "a reader takes a text or a number, and the value to set");
-            static const TypePlan& plan = *new TypePlan{
-                .kind = ValueKind::convertedNumber,
-                .name = detail::displayName<T>(),
-                .fromNumber = [](double number,
-                                 void* value) { return Reader(number, *static_cast<T*>(value)); },
-                .caseName = detail::caseNameOf<T>()};
+            static const TypePlan& plan = makeConvertedNumberPlan(
+                detail::displayName<T>(),
+                [](double number, void* value) { return Reader(number, *static_cast<T*>(value)); },
+                detail::caseNameOf<T>());
             return plan;
         }
     }

@@ -24,7 +24,7 @@
 #include <VanticRestKit/platform/json/FieldAccess.h>
 #include <VanticRestKit/platform/json/OneOf.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
-#include <VanticRestKit/platform/json/TypePlan.h>
+#include <VanticRestKit/platform/json/Row.h>
 
 #include <array>
 #include <cstddef>
@@ -92,7 +92,7 @@ consteval void checkRows(const Row* rows, std::size_t count) {
     for (std::size_t at = 0; at < count; at += 1 + rows[at].inner) {
         if (rows[at].role == RowRole::computed) continue;
         if (rows[at].role == RowRole::object) checkRows(rows + at + 1, rows[at].inner);
-        if (++keys > ObjectPlan::mostFields) anObjectHasMoreRowsThanATableCanHold();
+        if (++keys > maxRows) anObjectHasMoreRowsThanATableCanHold();
         for (std::size_t other = 0; other < at; other += 1 + rows[other].inner) {
             const bool hasKey = rows[other].role != RowRole::computed;
             if (hasKey && rows[other].key == rows[at].key) twoRowsOfOneObjectHaveTheSameKey();

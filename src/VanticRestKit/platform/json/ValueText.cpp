@@ -2,6 +2,7 @@
 
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/error/AnyValue.h>
+#include <VanticRestKit/platform/json/detail/TypePlan.h>
 
 #include <charconv>
 #include <chrono>

@@ -4,7 +4,6 @@
 /// Any value that decodes, as JSON text under its declared names: for tools and tests that look at values.
 
 #include <VanticRestKit/platform/json/PlanOf.h>
-#include <VanticRestKit/platform/json/TypePlan.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <string>

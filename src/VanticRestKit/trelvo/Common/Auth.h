@@ -4,7 +4,7 @@
 /// `Auth`: the tokens of a signed-in user.
 
 #include <VanticRestKit/platform/date/Date.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <string>

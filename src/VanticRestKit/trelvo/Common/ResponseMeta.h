@@ -3,7 +3,7 @@
 /// \file
 /// `ResponseMeta`: facts about an answer of the user data service.
 
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <cstdint>

@@ -5,7 +5,7 @@
 
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/error/AnyValue.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
 
 #include <optional>

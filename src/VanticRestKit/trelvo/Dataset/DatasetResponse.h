@@ -3,7 +3,7 @@
 /// \file
 /// `DatasetResponse`: the answer to a request about datasets.
 
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/trelvo/Common/Auth.h>
 #include <VanticRestKit/trelvo/Common/ResponseMeta.h>
 #include <VanticRestKit/trelvo/Dataset/DatasetContainer.h>

@@ -3,7 +3,7 @@
 /// \file
 /// `HistoryResponse`: the answer to a request about a viewing history.
 
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/trelvo/Common/Auth.h>
 #include <VanticRestKit/trelvo/Common/ResponseMeta.h>
 #include <VanticRestKit/trelvo/History/HistoryData.h>

@@ -3,7 +3,7 @@
 /// \file
 /// `TokenResponse`: the answer to a token request.
 
-#include <VanticRestKit/platform/json/PlanOf.h>
+#include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/trelvo/Common/Auth.h>
 #include <VanticRestKit/trelvo/Common/ResponseMeta.h>
 #include <VanticRestKit/Visibility.h>

@@ -57,4 +57,4 @@ const TypePlan& VanticRestKit::planOf<Song>() {
     return plan;
 }
 
-int main() { return planOf<Song>().name.empty() ? 1 : 0; }
+int main() { return mapping::planName(planOf<Song>()).empty() ? 1 : 0; }

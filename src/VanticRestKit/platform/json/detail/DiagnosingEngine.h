@@ -6,6 +6,7 @@
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/json/detail/DocumentIndex.h>
 #include <VanticRestKit/platform/json/detail/FailedCandidates.h>
+#include <VanticRestKit/platform/json/detail/TypePlan.h>
 #include <VanticRestKit/platform/json/detail/ValueReader.h>
 #include <VanticRestKit/platform/json/Diagnosis.h>
 

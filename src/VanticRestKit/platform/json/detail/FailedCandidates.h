@@ -3,7 +3,7 @@
 // Which candidates of choices have failed, for choices inside the candidates of choices: if an outer candidate fails,
 // all that it holds is read again for the next one.
 
-#include <VanticRestKit/platform/json/TypePlan.h>
+#include <VanticRestKit/platform/json/detail/TypePlan.h>
 
 #include <cstddef>
 #include <cstdint>

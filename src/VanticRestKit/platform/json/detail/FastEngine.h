@@ -6,8 +6,8 @@
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/json/detail/FailedCandidates.h>
 #include <VanticRestKit/platform/json/detail/Scanner.h>
+#include <VanticRestKit/platform/json/detail/TypePlan.h>
 #include <VanticRestKit/platform/json/detail/ValueReader.h>
-#include <VanticRestKit/platform/json/TypePlan.h>
 
 #include <cstddef>
 #include <cstdint>

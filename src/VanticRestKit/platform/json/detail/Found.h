@@ -2,7 +2,7 @@
 
 // Words for what a document holds and for what a table wants.
 
-#include <VanticRestKit/platform/json/TypePlan.h>
+#include <VanticRestKit/platform/json/detail/TypePlan.h>
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <VanticRestKit/platform/json/detail/TypePlan.h>
 #include <VanticRestKit/platform/json/MemoryBudget.h>
-#include <VanticRestKit/platform/json/TypePlan.h>
 
 #include <cstdint>
 #include <string>

@@ -1,4 +1,4 @@
-#include <VanticRestKit/platform/json/KeyTable.h>
+#include <VanticRestKit/platform/json/detail/KeyTable.h>
 
 #include <algorithm>
 #include <bit>

@@ -1,7 +1,8 @@
-#include <VanticRestKit/platform/json/TypePlan.h>
+#include <VanticRestKit/platform/json/Row.h>
+
+#include <VanticRestKit/platform/json/detail/TypePlan.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -10,8 +11,6 @@
 namespace VanticRestKit::mapping {
 
 namespace {
-
-std::atomic<std::size_t> nextMemory{0};
 
 FieldPlan fieldFor(const Row& row, const std::byte* fresh) {
     FieldPlan field{};
@@ -119,7 +118,7 @@ private:
     }
 
     void finish(ObjectPlan& plan) const {
-        if (plan.fields.size() > ObjectPlan::mostFields) {
+        if (plan.fields.size() > maxRows) {
             refuseTable(entity_.name, "has more than 63 rows in one object", plan.fields.back().key);
         }
         std::vector<std::string_view> keys;
@@ -135,21 +134,13 @@ private:
             keys.push_back(field.key);
         }
         plan.keys = KeyTable(std::move(keys));
-        plan.memory = nextMemory.fetch_add(plan.slots.size(), std::memory_order_relaxed);
+        plan.memory = takeSuccessorMemory(plan.slots.size());
         plan.memoryEnd = plan.memory + plan.slots.size();
     }
 
     ObjectPlan& entity_;
     const std::byte* fresh_;
 };
-
-template <class Visit>
-void visitFields(const ObjectPlan& plan, Visit visit) {
-    for (const FieldPlan& field : plan.fields) {
-        if (field.role == RowRole::object) visitFields(*field.inner, visit);
-        if (field.role == RowRole::value) visit(field);
-    }
-}
 
 }  // namespace
 
@@ -166,25 +157,6 @@ const TypePlan& makeObjectPlan(std::string_view name, std::span<const Row> rows,
     };
     auto* kept = new Kept{{.kind = ValueKind::object, .name = name, .object = object}, fresh};
     return kept->plan;
-}
-
-std::size_t successorMemory() noexcept { return nextMemory.load(std::memory_order_relaxed); }
-
-void resetField(const FieldPlan& field, void* place) {
-    field.ops->copy(place, field.fresh);
-    if (field.setDefault != nullptr) field.setDefault(place);
-}
-
-void resetFields(const ObjectPlan& plan, void* entity) {
-    visitFields(plan, [entity](const FieldPlan& field) {
-        resetField(field, static_cast<std::byte*>(entity) + field.offset);
-    });
-}
-
-void setDefaults(const ObjectPlan& plan, void* entity) {
-    visitFields(plan, [entity](const FieldPlan& field) {
-        if (field.setDefault != nullptr) field.setDefault(static_cast<std::byte*>(entity) + field.offset);
-    });
 }
 
 }  // namespace VanticRestKit::mapping

@@ -2,36 +2,23 @@
 
 /// \file
 /// What a mapping table becomes on first use: the plan by which both decoding engines read a type.
-///
-/// Hosts write tables (`Table.h`) and never plans.
 
 #include <VanticRestKit/platform/error/Error.h>
-#include <VanticRestKit/platform/json/KeyTable.h>
+#include <VanticRestKit/platform/json/detail/KeyTable.h>
+#include <VanticRestKit/platform/json/FieldAccess.h>
 #include <VanticRestKit/platform/json/MemoryBudget.h>
-#include <VanticRestKit/Visibility.h>
+#include <VanticRestKit/platform/json/PlanParts.h>
+#include <VanticRestKit/platform/json/Row.h>
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace VanticRestKit {
-
-/// What the table says of a value that is absent, null or unfit.
-enum class Presence : std::uint8_t {
-    required,   ///< Each of them fails the entity.
-    optional,   ///< Absent or null leaves the field empty; an unfit value fails the entity.
-    lenient,    ///< None of them fails anything; the field keeps its default.
-    defaulted,  ///< Absent or null leaves the default; an unfit value fails the entity.
-};
-
-namespace mapping {
+namespace VanticRestKit::mapping {
 
 struct ObjectPlan;
-struct ListPlan;
-struct ChoicePlan;
 
 /// How a JSON value is read.
 enum class ValueKind : std::uint8_t {
@@ -78,77 +65,6 @@ struct TypePlan {
     void (*forget)(void* value) = nullptr;
     /// Of `nullable` and `attempted`: what it holds, or null.
     const void* (*peek)(const void* value) = nullptr;
-};
-
-/// How a field of a given C++ type is reached. `void*` arguments point to the field.
-struct FieldOps {
-    bool isOptional;
-    /// Makes the field hold a fresh value and returns where it lies.
-    void* (*open)(void* field);
-    /// Makes the field empty or, where it cannot be, what its type starts with.
-    void (*reset)(void* field);
-    /// Makes the field equal to another one of its type.
-    void (*copy)(void* field, const void* from);
-    /// The value, or null where the field is empty.
-    const void* (*peek)(const void* field);
-};
-
-/// How a list grows. `void*` arguments point to the list.
-struct ListPlan {
-    const TypePlan& (*element)();
-    /// Whether an element that fails is dropped instead of failing the list.
-    bool tolerant;
-    /// Appends a fresh element and returns where it lies, or null if the budget does not allow the list to grow.
-    /// The byte counts are those of the array so far and of what may be left of it, from which the room to reserve
-    /// is estimated; 0 where nothing is known.
-    void* (*append)(void* list, std::size_t bytesRead, std::size_t bytesLeft, MemoryBudget& memory);
-    void (*removeLast)(void* list);
-    std::size_t (*count)(const void* list);
-    const void* (*at)(const void* list, std::size_t index);
-};
-
-/// One of the types that a choice tries.
-struct Candidate {
-    const TypePlan& (*type)();
-    /// What a value of it takes of the budget.
-    std::size_t size;
-    void* (*make)();
-    void (*drop)(void* made);
-    /// Moves the finished value into the field, or behind the last element of the list, and frees it.
-    void (*keep)(void* made, void* fieldOrList);
-};
-
-/// The types that a choice tries, in order.
-struct ChoicePlan {
-    std::span<const Candidate> candidates;
-    /// Which candidate a kept value is of, and where it lies: for looking at values.
-    std::size_t (*which)(const void* value);
-    const void* (*held)(const void* value);
-};
-
-/// What a row does with its key.
-enum class RowRole : std::uint8_t {
-    value,        ///< Reads it into a field.
-    object,       ///< Opens it as an object whose rows follow.
-    entityCheck,  ///< Compares it with the name of the entity.
-    unread,       ///< Nothing: the key is declared and read by nobody.
-    computed,     ///< Has no key: the field is computed from other fields.
-};
-
-/// One row of a mapping table, as `Table.h` writes it.
-struct Row {
-    RowRole role{};
-    Presence presence{};
-    std::string_view key{};
-    std::string_view member{};
-    std::size_t (*offset)() = nullptr;
-    const FieldOps* ops = nullptr;
-    const TypePlan& (*type)() = nullptr;
-    void (*setDefault)(void* field) = nullptr;
-    void (*derive)(void* entity) = nullptr;
-    Error (*mismatch)(std::string found) = nullptr;
-    std::string_view entityName{};
-    std::size_t inner = 0;
 };
 
 /// A row as the engines use it.
@@ -205,8 +121,6 @@ struct MemberPlan {
 
 /// The rows of one JSON object: of an entity, or of an object inside it whose rows fill the same entity.
 struct ObjectPlan {
-    static constexpr std::size_t mostFields = 63;
-
     std::string_view name;
     std::vector<FieldPlan> fields;
     KeyTable keys;
@@ -228,10 +142,8 @@ struct ObjectPlan {
     bool hasDefaults = false;
 };
 
-/// Makes the plan of an entity from its rows. Called once per type, on first use; the plan is never destroyed, and
-/// neither is `fresh`, a new entity that it keeps.
-VRK_EXPORT const TypePlan& makeObjectPlan(std::string_view name, std::span<const Row> rows,
-                                          const void* fresh);
+/// Takes the memory of key successors for an object with that many slots, and returns where it begins.
+std::size_t takeSuccessorMemory(std::size_t slots) noexcept;
 
 /// How much memory of key successors one decode needs for all plans made so far.
 std::size_t successorMemory() noexcept;
@@ -245,9 +157,4 @@ void resetFields(const ObjectPlan& plan, void* entity);
 /// Gives the fields with a default of their own that default.
 void setDefaults(const ObjectPlan& plan, void* entity);
 
-}  // namespace mapping
-
-// Tables and tools name the plan that a table becomes; what is in it is the decoder's.
-using mapping::TypePlan;
-
-}  // namespace VanticRestKit
+}  // namespace VanticRestKit::mapping

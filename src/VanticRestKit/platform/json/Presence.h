@@ -1,0 +1,18 @@
+#pragma once
+
+/// \file
+/// `Presence`: the first word of each row of a mapping table.
+
+#include <cstdint>
+
+namespace VanticRestKit {
+
+/// What happens if the value of a key is absent, null or of a wrong type.
+enum class Presence : std::uint8_t {
+    required,   ///< Each of them fails the entity.
+    optional,   ///< Absent or null leaves the field empty; a wrong type fails the entity.
+    lenient,    ///< None of them fails anything; the field keeps its default.
+    defaulted,  ///< Absent or null leaves the default; a wrong type fails the entity.
+};
+
+}  // namespace VanticRestKit
