@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """README and guides quote code that is compiled and run, and name commands that exist.   readme.py TOP
 
-The README shows the smallest host whole. Every other block of C++ is a part of an example, indented less at most. Each
+The guide to the first load shows a small host whole. Every other block of C++ is a part of an example, indented less at most. Each
 recipe is named in the README and is short.
 """
 
@@ -21,10 +21,11 @@ def is_quoted_from(block, source):
 
 def faults(top):
     readme = (top / "README.md").read_text(encoding="utf-8")
+    first_load = (top / "docs/first-load.md").read_text(encoding="utf-8")
     smallest = (top / "examples/first-load/main.cpp").read_text(encoding="utf-8")
     sources = [path.read_text(encoding="utf-8") for path in sorted((top / "examples").rglob("*.cpp"))]
-    if smallest not in CPP.findall(readme):
-        yield "README.md does not show examples/first-load/main.cpp"
+    if smallest not in CPP.findall(first_load):
+        yield "docs/first-load.md does not show examples/first-load/main.cpp"
     for guide in [top / "README.md", *sorted((top / "docs").glob("*.md"))]:
         for block in CPP.findall(guide.read_text(encoding="utf-8")):
             if not any(is_quoted_from(block, source) for source in sources):

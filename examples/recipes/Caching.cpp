@@ -1,0 +1,57 @@
+// Answers that outlive the process: a cache on disk, and a screen that is shown from it at once.
+//   recipe_caching BASE-URL
+
+#include "Host.h"
+
+#include <VanticRestKit/lumeno/Categories/Category.h>
+#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
+#include <VanticRestKit/platform/http/cache/URLCache.h>
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+
+using namespace VanticRestKit;
+using namespace std::chrono_literals;
+
+std::shared_ptr<URLCache> cacheIn(const std::string& folder) {
+    return URLCache::makeOnDisk({.folder = folder, .diskCapacity = 64 * 1024 * 1024});
+}
+
+class CachingHost final : public recipes::Host {
+public:
+    CachingHost(const recipes::Host& host, std::shared_ptr<URLCache> cache) : Host(host) {
+        URLSessionConfiguration configuration = URLSessionConfiguration::default_();
+        configuration.timeoutIntervalForResource = std::chrono::minutes(5);
+        configuration.urlCache = std::move(cache);
+        session_ = networkSession(URLSession::make(std::move(configuration)));
+    }
+
+    std::shared_ptr<Serviceable> service(ServiceArguments arguments) const override {
+        URLRequest request = arguments.withURLRequest;
+        // What is stored is shown at once, whatever its age.
+        request.setCachePolicy(URLRequestCachePolicy::returnCacheDataElseLoad);
+        return NetworkServiceble::make(
+            {.with = std::move(request), .and_ = session_, .logError = logError()});
+    }
+
+private:
+    std::shared_ptr<NetworkSession> session_;
+};
+
+int main(int argc, char** argv) {
+    const auto host = recipes::Host::of(argc, argv);
+    if (!host) return 2;
+    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "recipe-caching";
+    const auto cache = cacheIn(folder.string());
+    const CachingHost caching(*host, cache);
+    for (int load = 0; load < 2; ++load) {
+        const Result<Category, LoaderError> home = Endpoint::Home(caching)->wait({.deadline = 5s});
+        if (!home) return 1;
+        std::printf("%s\n", home->title.c_str());
+    }
+    std::printf("%llu of 2 loads were answered by the cache\n",
+                static_cast<unsigned long long>(cache->hits()));
+    cache->flush();
+    return cache->hits() > 0 ? 0 : 1;
+}
