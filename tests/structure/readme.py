@@ -2,7 +2,7 @@
 """README and guides quote code that is compiled and run, and name commands that exist.   readme.py TOP
 
 The guide to the first load shows a small host whole. Every other block of C++ is a part of an example, indented less at most. Each
-recipe is named in the README and is short.
+recipe is named in the guide to the recipes and is short.
 """
 
 import pathlib
@@ -22,17 +22,18 @@ def is_quoted_from(block, source):
 def faults(top):
     readme = (top / "README.md").read_text(encoding="utf-8")
     first_load = (top / "docs/first-load.md").read_text(encoding="utf-8")
+    recipes = (top / "docs/recipes.md").read_text(encoding="utf-8")
     smallest = (top / "examples/first-load/main.cpp").read_text(encoding="utf-8")
     sources = [path.read_text(encoding="utf-8") for path in sorted((top / "examples").rglob("*.cpp"))]
     if smallest not in CPP.findall(first_load):
         yield "docs/first-load.md does not show examples/first-load/main.cpp"
-    for guide in [top / "README.md", *sorted((top / "docs").glob("*.md"))]:
+    for guide in [top / "README.md", *sorted((top / "docs").glob("*.md")), top / "CONTRIBUTING.md"]:
         for block in CPP.findall(guide.read_text(encoding="utf-8")):
             if not any(is_quoted_from(block, source) for source in sources):
                 yield f"{guide.relative_to(top)} shows what stands in no example:\n" + block
     for recipe in sorted((top / "examples/recipes").glob("*.cpp")):
-        if f"`{recipe.name}`" not in readme:
-            yield f"README.md does not name the recipe {recipe.name}"
+        if f"`{recipe.name}`" not in recipes:
+            yield f"docs/recipes.md does not name the recipe {recipe.name}"
         lines = recipe.read_text(encoding="utf-8").count("\n")
         if lines >= LONGEST_RECIPE:
             yield f"{recipe.name}: {lines} lines"
