@@ -24,18 +24,21 @@ std::string newSession() {
 User::User(const Service& service, std::string session)
     : session_(std::move(session)),
       context_(std::make_shared<SignedInContext>(service, log_)),
+      accountContext_(std::make_shared<SignedInContext>(service, log_)),
       recommendations_(service, log_),
-      client_(UserClient::make(context_)) {}
+      client_(UserClient::make(context_)),
+      accountClient_(UserClient::make(accountContext_)) {}
 
 void User::signIn(std::string account) {
-    account_ = account;
-    context_->setUID(std::move(account));
+    context_->setUID(account);
+    accountContext_->setUID(std::move(account));
 }
 
 void User::signOut() {
-    account_.reset();
     context_->setUID(std::nullopt);
+    accountContext_->setUID(std::nullopt);
     client_->signOut();
+    accountClient_->signOut();
 }
 
 std::shared_ptr<User> Users::user(const std::string& session) {

@@ -25,10 +25,12 @@ public:
     const VanticRestKit::Context& catalogue() const noexcept { return *context_; }
     const VanticRestKit::RecsContext& recommendations() const noexcept { return recommendations_; }
     const VanticRestKit::UserClient& client() const noexcept { return *client_; }
+    /// The client of the account, whichever profile is in use: it knows the profiles.
+    const VanticRestKit::UserClient& accountClient() const noexcept { return *accountClient_; }
     RequestLog& log() const noexcept { return *log_; }
 
     /// Empty if no one is signed in.
-    const std::optional<std::string>& account() const noexcept { return account_; }
+    std::optional<std::string> account() const { return accountContext_->uid(); }
     /// The profile in use, which has data of its own: the account itself, or one of its family.
     std::optional<std::string> profile() const { return context_->uid(); }
 
@@ -38,11 +40,12 @@ public:
 
 private:
     std::string session_;
-    std::optional<std::string> account_{};
     std::shared_ptr<RequestLog> log_ = std::make_shared<RequestLog>();
     std::shared_ptr<SignedInContext> context_;
+    std::shared_ptr<SignedInContext> accountContext_;
     RecommendationsContext recommendations_;
     std::shared_ptr<VanticRestKit::UserClient> client_;
+    std::shared_ptr<VanticRestKit::UserClient> accountClient_;
 };
 
 /// All browsers, by their cookies. The one that was idle longest is forgotten if there are too many.

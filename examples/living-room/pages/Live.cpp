@@ -41,7 +41,8 @@ Task<Loaded<std::vector<Html>>> channels(const Visit& visit, std::optional<Lives
     std::vector<Task<ViewChannel>> loads;
     for (const Video& live : list->videos) loads.push_back(channelOf(visit, live));
     std::vector<Html> parts;
-    for (const ViewChannel& channel : co_await whenAll(std::move(loads))) parts.push_back(channelMarkup(channel));
+    for (const ViewChannel& channel : co_await whenAll(std::move(loads)))
+        parts.push_back(channelMarkup(channel));
     co_return parts;
 }
 
@@ -56,8 +57,9 @@ Task<Answer> livePage(Visit visit) {
         regions.push_back(html(R"(<a href="/live?region={}" data-region="{}"{}>{}</a>)", name, name,
                                when(name == chosen, html(R"( aria-current="true")")), caseName(region)));
     }
-    const Html content = html(R"(<div class="screen"><h1>Live now</h1><nav class="chips" aria-label="Regions">{}</nav></div>{})",
-                              regions, block("/live/now?region=" + percentEncoded(chosen), "channels"));
+    const Html content = html(
+        R"(<div class="screen"><h1>Live now</h1><nav class="chips" aria-label="Regions">{}</nav></div>{})",
+        regions, block("/live/now?region=" + percentEncoded(chosen), "channels"));
     co_return pageAnswer(pageAround(visit, "live", "Live", content));
 }
 

@@ -18,12 +18,12 @@ constexpr std::size_t maxLetters = 100;
 
 Task<Answer> searchPage(Visit visit) {
     const std::string word = visit.request.queried("q");
-    const Html content =
-        html(R"(<form id="search" class="searching" role="search" action="/search"><label for="word">Search for shows</label>)"
-             R"(<h1 class="unseen">Search</h1><input id="word" name="q" type="search" value="{}" maxlength="100")"
-             R"( placeholder="A title, a place, a mood" autocomplete="off" spellcheck="false" autofocus></form>)"
-             R"(<div id="results" data-name="Results" data-src="{}" data-state="loading" aria-busy="true" aria-live="polite"></div>)",
-             word, "/search/results?q=" + percentEncoded(word));
+    const Html content = html(
+        R"(<form id="search" class="searching" role="search" action="/search"><label for="word">Search for shows</label>)"
+        R"(<h1 class="unseen">Search</h1><input id="word" name="q" type="search" value="{}" maxlength="100")"
+        R"( placeholder="A title, a place, a mood" autocomplete="off" spellcheck="false" autofocus></form>)"
+        R"(<div id="results" data-name="Results" data-src="{}" data-state="loading" aria-busy="true" aria-live="polite"></div>)",
+        word, "/search/results?q=" + percentEncoded(word));
     co_return pageAnswer(pageAround(visit, "search", "Search", content));
 }
 
@@ -39,7 +39,8 @@ Task<Answer> searchResults(Visit visit) {
         co_return blockAnswer(html(R"(<p class="empty">Nothing was found for “{}”.</p>)", word), "empty");
     }
     std::vector<Html> tiles;
-    for (const Show& show : results->items) tiles.push_back(tileMarkup(tileOf(CollectionItem(show), visit.service)));
+    for (const Show& show : results->items)
+        tiles.push_back(tileMarkup(tileOf(CollectionItem(show), visit.service)));
     co_return blockAnswer(html(R"(<div class="grid">{}</div>)", tiles));
 }
 

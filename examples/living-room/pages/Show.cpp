@@ -35,15 +35,17 @@ Html seriesMarkup(const Show& show, const std::string& chosen) {
     const std::string address = "/show/series?show=" + std::to_string(show.showId.value_or(0)) + "&link=";
     for (const Series& series : show.seriesList) {
         const std::string href = series.selfHref.value_or("");
-        tabs.push_back(html(R"(<button type="button" role="tab" aria-selected="{}" aria-controls="episodes" data-load="{}">)"
-                            R"({}</button>)",
-                            href == shown ? "true" : "false", address + percentEncoded(href), series.title));
+        tabs.push_back(html(
+            R"(<button type="button" role="tab" aria-selected="{}" aria-controls="episodes" data-load="{}">)"
+            R"({}</button>)",
+            href == shown ? "true" : "false", address + percentEncoded(href), series.title));
     }
     if (shown.empty()) return {};
-    return html(R"(<div class="tabs" role="tablist" aria-label="Series">{}</div>)"
-                R"(<div id="episodes" role="tabpanel" aria-label="Episodes" data-name="Episodes" data-src="{}")"
-                R"( data-state="loading" aria-busy="true"></div>)",
-                tabs, address + percentEncoded(shown));
+    return html(
+        R"(<div class="tabs" role="tablist" aria-label="Series">{}</div>)"
+        R"(<div id="episodes" role="tabpanel" aria-label="Episodes" data-name="Episodes" data-src="{}")"
+        R"( data-state="loading" aria-busy="true"></div>)",
+        tabs, address + percentEncoded(shown));
 }
 
 Html extrasMarkup(const std::vector<Video>& extras, const Service& service) {
@@ -56,27 +58,32 @@ Html showMarkup(const Show& show, const std::string& chosenSeries, const Service
     const ViewHero hero = heroOf(CollectionItem(show), service);
     const Html image = html(R"(<img class="backdrop" src="{}" alt=""><img class="still" src="{}" alt="">)",
                             hero.tile.picture, hero.tile.picture);
-    const Html play = html(R"(<a class="button primary" href="{}" data-action="play">{}</a>)", hero.playLink, hero.playTitle);
+    const Html play = html(R"(<a class="button primary" href="{}" data-action="play">{}</a>)", hero.playLink,
+                           hero.playTitle);
     const std::string id = std::to_string(show.showId.value_or(0));
     const std::string title = show.title.value_or("Untitled");
     const std::string related = "/show/related?slug=" + percentEncoded(slugIn(show.selfHref.value_or("")));
-    return html(R"(<section class="hero" aria-label="About the show">{}<div class="words"><p class="kicker">{}</p>)"
-                R"(<h1>{}</h1>{}<p class="about">{}</p>{}<p class="badges">{}</p><div class="buttons">{}{}</div></div>)"
-                R"(</section>{}{}{})",
-                when(!hero.tile.picture.empty(), image), hero.kicker, title,
-                factsMarkup({hero.tile.classification, show.channelTitle.value_or(""), show.broadcastInfo.value_or(""),
-                             hero.tile.duration}),
-                show.description, participantsMarkup(show.participants), badgesMarkup(hero.tile.badges),
-                when(!hero.playLink.empty(), play), block("/show/save?id=" + id, "button"),
-                seriesMarkup(show, chosenSeries), extrasMarkup(show.videoExtras, service), rowBlock("Related", related));
+    return html(
+        R"(<section class="hero" aria-label="About the show">{}<div class="words"><p class="kicker">{}</p>)"
+        R"(<h1>{}</h1>{}<p class="about">{}</p>{}<p class="badges">{}</p><div class="buttons">{}{}</div></div>)"
+        R"(</section>{}{}{})",
+        when(!hero.tile.picture.empty(), image), hero.kicker, title,
+        factsMarkup({hero.tile.classification, show.channelTitle.value_or(""),
+                     show.broadcastInfo.value_or(""), hero.tile.duration}),
+        show.description, participantsMarkup(show.participants), badgesMarkup(hero.tile.badges),
+        when(!hero.playLink.empty(), play), block("/show/save?id=" + id, "button"),
+        seriesMarkup(show, chosenSeries), extrasMarkup(show.videoExtras, service),
+        rowBlock("Related", related));
 }
 
 Html episodeMarkup(const ViewTile& tile) {
     const Html image = html(R"(<img src="{}" alt="" loading="lazy">)", tile.picture);
-    return html(R"(<a class="tile episode" href="{}" data-kind="{}"><span class="picture">{}{}</span><span class="words">)"
-                R"(<span class="title">{}</span>{}<span class="about">{}</span><span class="badges">{}</span></span></a>)",
-                tile.link, tile.kind, when(!tile.picture.empty(), image), progressMarkup(tile.progress), tile.subtitle,
-                factsMarkup({tile.duration, tile.classification}), tile.description, badgesMarkup(tile.badges));
+    return html(
+        R"(<a class="tile episode" href="{}" data-kind="{}"><span class="picture">{}{}</span><span class="words">)"
+        R"(<span class="title">{}</span>{}<span class="about">{}</span><span class="badges">{}</span></span></a>)",
+        tile.link, tile.kind, when(!tile.picture.empty(), image), progressMarkup(tile.progress),
+        tile.subtitle, factsMarkup({tile.duration, tile.classification}), tile.description,
+        badgesMarkup(tile.badges));
 }
 
 }  // namespace
@@ -84,7 +91,8 @@ Html episodeMarkup(const ViewTile& tile) {
 Task<Answer> showPage(Visit visit) {
     const std::string link = visit.request.queried("link");
     const std::string series = visit.request.queried("series");
-    const std::string address = "/show/screen?link=" + percentEncoded(link) + "&series=" + percentEncoded(series);
+    const std::string address =
+        "/show/screen?link=" + percentEncoded(link) + "&series=" + percentEncoded(series);
     co_return pageAnswer(pageAround(visit, "show", "Show", block(address, "hero")));
 }
 
@@ -103,7 +111,8 @@ Task<Answer> seriesPart(Visit visit) {
     std::vector<HistoryData> watched;
     if (visit.user->account() && series->showId) {
         // Episodes are shown without their progress if that cannot be had.
-        auto videos = visit.user->client().listVideosForShow({.showId = *series->showId, .markedAsDone = std::nullopt});
+        auto videos =
+            visit.user->client().listVideosForShow({.showId = *series->showId, .markedAsDone = std::nullopt});
         if (auto records = co_await run(std::move(videos), visit.options())) watched = *std::move(records);
     }
     std::vector<Html> episodes;
