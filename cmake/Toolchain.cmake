@@ -29,6 +29,10 @@ if(VRK_WARNINGS_AS_ERRORS)
     add_compile_options(-Werror)
 endif()
 
+if(VRK_FORCE_SCALAR)
+    add_compile_definitions(VRK_FORCE_SCALAR)
+endif()
+
 if(VRK_LINKER)
     add_link_options(-fuse-ld=${VRK_LINKER})
 endif()

@@ -17,22 +17,14 @@ namespace {
 
 constexpr std::uint64_t everySlot = ~std::uint64_t{0};
 
-/// Whether the bytes at `at` are the quoted key of `slot` and the colon behind it.
+/// Whether the bytes at `at` are the quoted key of `slot` and the colon after it.
 inline bool isKeyOf(const Slot& slot, const char* at) noexcept {
-#if defined(__SSE2__)
-    return (slot.quotedBytes & ~std::uint64_t{scan::equalBytes(slot.quoted, at)}) == 0;
-#else
-    return slot.quotedSize != 0 && std::memcmp(at, slot.quoted, slot.quotedSize) == 0;
-#endif
+    return scan::startsWith(at, {slot.quoted, slot.quotedSize, slot.quotedBytes});
 }
 
 /// Whether the bytes at `at` are the quoted key of `slot`.
 inline bool isQuotedKeyOf(const Slot& slot, const char* at) noexcept {
-#if defined(__SSE2__)
-    return (slot.quotedBytes >> 1 & ~std::uint64_t{scan::equalBytes(slot.quoted, at)}) == 0;
-#else
-    return slot.quotedSize != 0 && std::memcmp(at, slot.quoted, slot.quotedSize - 1U) == 0;
-#endif
+    return scan::startsWith(at, {slot.quoted, slot.quotedSize - std::size_t{1}, slot.quotedBytes >> 1});
 }
 
 /// The slot of a field that a key table found, that of nobody where it found none.
@@ -52,17 +44,17 @@ inline bool anotherMember(const char*& at) noexcept {
 /// holds without allocating.
 inline bool plainText(std::optional<std::string>& field, const char*& at, const char* end,
                       MemoryBudget& memory) {
-    static_assert(shortText + 1 == scan::halfBlock);
+    static_assert(shortText + 1 == scan::bytesOfHalf);
     const char* const inside = at + 1;
-    const std::uint32_t stops = scan::stopsOfHalf(inside);
+    const auto stops = scan::stopsOfHalf(inside);
     if (stops != 0) {
-        const auto size = scan::first(stops);
+        const auto size = scan::firstOfHalf(stops);
         if (inside[size] != '"') return false;
         storeShortText(field, inside, size);
         at = inside + size + 1;
         return true;
     }
-    const StringToken token = scanString(inside, inside + scan::halfBlock, end);
+    const StringToken token = scanString(inside, inside + scan::bytesOfHalf, end);
     if (!token.isPlain) return false;
     const auto size = static_cast<std::size_t>(token.close - inside);
     memory.note(size);
