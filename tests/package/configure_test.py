@@ -1,0 +1,102 @@
+#!/usr/bin/env python3
+"""What the library cannot be built with is refused when it is configured, with the reason.
+
+configure_test.py --tree TOP --compiler CXX --curl-headers FOLDER
+
+Standard headers and libcurl are replaced by stubs that lack one thing each.
+"""
+
+import argparse
+import pathlib
+import re
+import shutil
+import sys
+import tempfile
+import unittest
+
+from consumers import Failed, run
+
+ARGUMENTS = argparse.ArgumentParser()
+for name in ("tree", "compiler", "curl-headers"):
+    ARGUMENTS.add_argument(f"--{name}", type=pathlib.Path, required=True)
+GIVEN = ARGUMENTS.parse_args()
+
+
+class Configure(unittest.TestCase):
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.folder)
+        self.include = self.folder / "include"
+        self.include.mkdir()
+
+    def configure(self, *definitions):
+        return run(
+            "cmake", "-G", "Ninja", "-S", GIVEN.tree, "-B", self.folder / "build", "-Wno-dev",
+            f"-DCMAKE_CXX_COMPILER={GIVEN.compiler}", f"-DCMAKE_CXX_FLAGS=-I{self.include}",
+            "-DVRK_APPS=OFF", "-DVRK_TESTS=OFF", "-DVRK_TESTING=OFF", "-DVRK_INSTALL=OFF", *definitions,
+        )  # fmt: skip
+
+    def refusal(self, *definitions):
+        """What is printed, in one line: CMake breaks lines where they are long."""
+        with self.assertRaises(Failed) as failure:
+            self.configure(*definitions)
+        return re.sub(r"\s+", " ", str(failure.exception))
+
+    def test_what_this_machine_has_is_accepted(self):
+        self.assertIn("Configuring done", self.configure())
+
+    def test_a_standard_library_without_stop_tokens_is_refused(self):
+        (self.include / "stop_token").touch()
+        self.assertIn("lacks std::stop_token or std::from_chars for double", self.refusal())
+
+    def test_a_standard_library_that_reads_no_doubles_is_refused(self):
+        stub = """namespace std { struct read { const char* ptr; };
+            read from_chars(const char*, const char*, int&); }\n"""
+        (self.include / "charconv").write_text(stub, encoding="utf-8")
+        self.assertIn("lacks std::stop_token or std::from_chars for double", self.refusal())
+
+    def test_a_time_that_cannot_be_64_bits_long_is_refused(self):
+        (self.include / "ctime").write_text("namespace std { using time_t = int; }\n", encoding="utf-8")
+        self.assertIn("no 64-bit time_t, so dates would end in 2038", self.refusal())
+
+    def test_a_time_of_64_bits_is_asked_for_if_it_is_not_the_default(self):
+        stub = """namespace std {
+        #if _TIME_BITS == 64
+        using time_t = long long;
+        #else
+        using time_t = int;
+        #endif
+        }\n"""
+        (self.include / "ctime").write_text(stub, encoding="utf-8")
+        self.configure("-DCMAKE_EXPORT_COMPILE_COMMANDS=ON")
+        commands = (self.folder / "build/compile_commands.json").read_text(encoding="utf-8")
+        self.assertIn("-D_TIME_BITS=64", commands)
+
+    def test_a_libcurl_of_another_tls_library_is_refused(self):
+        source, library = self.folder / "curl.cpp", self.folder / "libcurl.so"
+        source.write_text(
+            """#include <curl/curl.h>
+            curl_version_info_data* curl_version_info(CURLversion) {
+                static curl_version_info_data data{};
+                data.ssl_version = "GnuTLS/3.7.9";
+                return &data;
+            }\n""",
+            encoding="utf-8",
+        )
+        run(GIVEN.compiler, "-shared", "-fPIC", f"-I{GIVEN.curl_headers}", source, "-o", library)
+        reason = self.refusal("-DCURL_NO_CURL_CMAKE=ON", f"-DCURL_LIBRARY={library}")
+        self.assertIn("needs a libcurl built with OpenSSL", reason)
+        self.assertIn("'GnuTLS/3.7.9'", reason)
+
+    def test_a_libcurl_that_is_too_old_is_refused(self):
+        headers = self.folder / "old"
+        shutil.copytree(GIVEN.curl_headers / "curl", headers / "curl")
+        version = headers / "curl/curlver.h"
+        text = version.read_text(encoding="utf-8")
+        version.write_text(re.sub(r'(LIBCURL_VERSION ")[^"]+', r"\g<1>7.87.0", text), encoding="utf-8")
+        reason = self.refusal("-DCURL_NO_CURL_CMAKE=ON", f"-DCURL_INCLUDE_DIR={headers}")
+        self.assertRegex(reason, r'Could NOT find CURL: Found unsuitable version "7.87.0", but required is at least "7.88"')
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1], verbosity=2)
