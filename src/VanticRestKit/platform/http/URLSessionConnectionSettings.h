@@ -50,7 +50,7 @@ enum class TLSProtocolVersion { TLSv12, TLSv13 };
 
 /// Which versions of HTTP a session speaks.
 enum class HTTPVersionPreference {
-    /// HTTP/2 over TLS if the server has it, else HTTP/1.1.
+    /// HTTP/2 over TLS if the server and the libcurl of the process have it, else HTTP/1.1.
     http2OverTLS,
     /// HTTP/1.1 alone.
     http1Only,

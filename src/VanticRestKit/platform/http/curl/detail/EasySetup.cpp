@@ -1,4 +1,5 @@
 #include <VanticRestKit/platform/http/curl/detail/EasySetup.h>
+#include <VanticRestKit/platform/http/curl/detail/GlobalInit.h>
 #include <VanticRestKit/platform/http/curl/detail/Options.h>
 #include <VanticRestKit/platform/http/detail/Origin.h>
 
@@ -23,8 +24,8 @@ std::chrono::seconds addressCacheTime(const Admission& admission, std::chrono::s
 
 void setConnection(Options& options, const Exchange& exchange, HTTPVersionPreference preference,
                    bool onNewConnection) {
-    const bool mayMultiplex =
-        isSecure(*exchange.request().url()) && preference == HTTPVersionPreference::http2OverTLS;
+    const bool mayMultiplex = isSecure(*exchange.request().url()) &&
+                              preference == HTTPVersionPreference::http2OverTLS && libcurlHasHTTP2();
     options.set(CURLOPT_HTTP_VERSION,
                 static_cast<long>(mayMultiplex ? CURL_HTTP_VERSION_2TLS : CURL_HTTP_VERSION_1_1));
     options.set(CURLOPT_PIPEWAIT, mayMultiplex ? 1L : 0L);

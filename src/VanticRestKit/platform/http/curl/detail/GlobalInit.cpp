@@ -33,4 +33,9 @@ void initialiseLibcurl() {
     [[maybe_unused]] static const bool isInitialised = initialise();
 }
 
+bool libcurlHasHTTP2() noexcept {
+    static const bool hasHTTP2 = (curl_version_info(CURLVERSION_NOW)->features & CURL_VERSION_HTTP2) != 0;
+    return hasHTTP2;
+}
+
 }  // namespace VanticRestKit::detail
