@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 #include <support/Codings.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <optional>
 #include <string>
@@ -102,6 +105,22 @@ TEST(BodyCollector, RefusesAnAnnouncedLengthAboveTheLimitOfTheWire) {
     body.expect(2049, {});
     EXPECT_EQ(reasonOf(addAll(body, "x")),
               "The body of the answer is larger than 2 KB (maxBodyBytesOnWire).");
+}
+
+TEST(BodyCollector, RefusesAnAnnouncedLengthThatAProcessCannotAddressWhateverTheLimit) {
+    constexpr URLSessionLimits none{.maxBodyBytesOnWire = URLSessionLimits::unlimited,
+                                    .maxBodyBytes = URLSessionLimits::unlimited};
+    // Of five gigabytes a size of 32 bits would keep one.
+    constexpr std::uint64_t fiveGigabytes = std::uint64_t{5} << 30;
+    constexpr std::uint64_t addressable = std::numeric_limits<std::ptrdiff_t>::max();
+    for (const std::uint64_t length :
+         {std::max(fiveGigabytes, addressable + 1), URLSessionLimits::unlimited}) {
+        for (const char* coding : {"", "gzip"}) {
+            BodyCollector body(none);
+            body.expect(length, decodingFor(coding));
+            EXPECT_NE(std::string::npos, reasonOf(addAll(body, "x")).find("maxBodyBytesOnWire")) << length;
+        }
+    }
 }
 
 TEST(BodyCollector, RefusesACodedBodyThatExceedsALimitAfterItsCodingIsUndone) {

@@ -20,7 +20,7 @@ struct URLSessionLimits {
     static constexpr std::uint64_t unlimited = std::numeric_limits<std::uint64_t>::max();
 
     /// The size of a body as it is sent, before its content coding is undone. A `Content-Length` above it ends the
-    /// load with the first piece of the body.
+    /// load with the first piece of the body. Never more than a process can address, which on 32-bit systems is 2 GB.
     std::uint64_t maxBodyBytesOnWire = 256 * 1024 * 1024;
 
     /// The size of a body after its content coding is undone; for a body with several codings, also the size between

@@ -1,6 +1,8 @@
 #include <VanticRestKit/platform/http/detail/BodyCollector.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <limits>
 #include <new>
 #include <utility>
 
@@ -15,6 +17,8 @@ constexpr std::uint64_t usualRatio = 4;
 // What a coding writes in one step. The first is as much as a step is worth; the second, what stays in the cache.
 constexpr std::size_t minStep = 4 * 1024;
 constexpr std::size_t maxStep = 32 * 1024;
+// What the process can address, and so what a limit is at most. On 32-bit systems a body can be longer.
+constexpr std::uint64_t addressable = std::numeric_limits<std::ptrdiff_t>::max();
 // What a body may decode to, whatever the ratio: a small one that repeats itself is no attack.
 constexpr std::uint64_t freeOfRatio = 1024 * 1024;
 
@@ -93,15 +97,15 @@ std::span<char> BodyCollector::outputOf(std::size_t index) {
 }
 
 std::optional<TransportFault> BodyCollector::faultOfWire() const {
-    if (std::max(received_, length_) <= limits_.maxBodyBytesOnWire) return std::nullopt;
-    return limitFault("The body of the answer is larger than " + sizeText(limits_.maxBodyBytesOnWire),
-                      "maxBodyBytesOnWire");
+    const std::uint64_t limit = std::min(limits_.maxBodyBytesOnWire, addressable);
+    if (std::max(received_, length_) <= limit) return std::nullopt;
+    return limitFault("The body of the answer is larger than " + sizeText(limit), "maxBodyBytesOnWire");
 }
 
 std::optional<TransportFault> BodyCollector::faultOfSize(std::uint64_t size) const {
-    if (size > limits_.maxBodyBytes) {
-        return limitFault("The body of the answer is larger than " + sizeText(limits_.maxBodyBytes),
-                          "maxBodyBytes");
+    const std::uint64_t limit = std::min(limits_.maxBodyBytes, addressable);
+    if (size > limit) {
+        return limitFault("The body of the answer is larger than " + sizeText(limit), "maxBodyBytes");
     }
     const std::uint64_t ratio = std::max<std::uint64_t>(limits_.maxDecodingRatio, 1);
     if (size <= freeOfRatio || (size - freeOfRatio) / ratio <= received_) return std::nullopt;
