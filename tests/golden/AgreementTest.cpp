@@ -11,8 +11,8 @@
 namespace VanticRestKit {
 namespace {
 
-// A sanitizer makes each document cost ten times as much.
-#ifdef VRK_IS_SANITIZED
+// A sanitizer or an emulator makes each document cost ten times as much.
+#ifdef VRK_IS_SLOW
 constexpr std::size_t placesPerDocument = 40;
 #else
 constexpr std::size_t placesPerDocument = 600;

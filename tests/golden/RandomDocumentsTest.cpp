@@ -12,8 +12,8 @@
 namespace VanticRestKit {
 namespace {
 
-// A sanitizer makes each document cost ten times as much.
-#ifdef VRK_IS_SANITIZED
+// A sanitizer or an emulator makes each document cost ten times as much.
+#ifdef VRK_IS_SLOW
 constexpr std::size_t documentsPerType = 2'000;
 #else
 constexpr std::size_t documentsPerType = 100'000;

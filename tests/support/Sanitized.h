@@ -2,6 +2,7 @@
 
 /// \file
 /// VRK_IS_SANITIZED: whether this is built with a sanitizer that makes everything many times slower.
+/// VRK_IS_SLOW: whether it is that, or run by an emulator (VRK_IS_EMULATED), which is as slow.
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 #define VRK_IS_SANITIZED 1
@@ -9,4 +10,8 @@
 #if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
 #define VRK_IS_SANITIZED 1
 #endif
+#endif
+
+#if defined(VRK_IS_SANITIZED) || defined(VRK_IS_EMULATED)
+#define VRK_IS_SLOW 1
 #endif

@@ -17,7 +17,7 @@ TEST(PercentEncoding, AnswersEveryVector) {
 
 TEST(PercentEncoding, EncodesEveryAsciiCharacterButLettersDigitsAndFourSigns) {
     const std::string kept = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~";
-    for (char character = 0; character >= 0 && character < 127; ++character) {
+    for (char character = 0; character < 127; ++character) {
         const std::string text(1, character);
         if (kept.find(character) != std::string::npos) {
             EXPECT_EQ(paramsEncoded(text), text);

@@ -21,7 +21,7 @@ extern char** environ;
 
 namespace {
 
-#ifdef VRK_IS_SANITIZED
+#ifdef VRK_IS_SLOW
 constexpr int kills = 40;
 constexpr int roundsOfEach = 20;
 #else
