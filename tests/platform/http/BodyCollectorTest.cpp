@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <thread>
 
 using namespace VanticRestKit;
 using namespace VanticRestKit::detail;
@@ -22,7 +23,12 @@ constexpr std::size_t megabyte = 1024 * 1024;
 /// Adds a piece and decodes all of it.
 std::optional<TransportFault> addAll(BodyCollector& body, std::string_view piece) {
     std::size_t budget = std::numeric_limits<std::size_t>::max();
-    return body.add(piece, budget);
+    auto fault = body.add(piece, budget);
+    while (!fault && body.hasMore()) {
+        std::this_thread::yield();
+        fault = body.decode(budget);
+    }
+    return fault;
 }
 
 std::string reasonOf(const std::optional<TransportFault>& fault) {
@@ -158,7 +164,7 @@ TEST(BodyCollector, RefusesARatioAboveTheLimitOnlyAfterTheFirstMegabyte) {
 }
 
 TEST(BodyCollector, DecodesNoMoreThanItsBudgetAtATime) {
-    const std::string text = std::string(megabyte / 2, 'x') + sampleText(10'000);
+    const std::string text = std::string(megabyte / 8, 'x') + sampleText(10'000);
     const std::string coded = gzipped(brotlied(text)) + "what follows the end is dropped";
     BodyCollector body;
     body.expect(std::nullopt, decodingFor("br, gzip"));
@@ -170,7 +176,32 @@ TEST(BodyCollector, DecodesNoMoreThanItsBudgetAtATime) {
         budget = 1000;
         ASSERT_EQ(body.decode(budget), std::nullopt);
     }
-    EXPECT_GT(slices, 500);
+    EXPECT_GT(slices, 100);
     EXPECT_EQ(body.finish(), std::nullopt);
     EXPECT_TRUE(body.take().view() == text);
+}
+
+TEST(BodyCollector, UndoesCodingsOfWhichSomeAreDecodedOnAnotherThread) {
+    const std::string text = std::string(3 * megabyte, 'x') + sampleText(megabyte);
+    const std::string coded = brotlied(gzipped(brotlied(text)));
+    const URLSessionLimits limits{.maxDecodingRatio = URLSessionLimits::unlimited};
+    BodyCollector body(limits);
+    body.expect(std::nullopt, decodingFor("br, gzip, br"));
+    for (std::size_t at = 0; at < coded.size(); at += 5000) {
+        ASSERT_EQ(addAll(body, std::string_view(coded).substr(at, 5000)), std::nullopt);
+    }
+    EXPECT_FALSE(body.isBeingDecoded());
+    EXPECT_EQ(body.finish(), std::nullopt);
+    EXPECT_TRUE(body.take().view() == text);
+}
+
+TEST(BodyCollector, MayGoWhileAnotherThreadIsAtWorkOnIt) {
+    const std::string coded = brotlied(std::string(8 * megabyte, 'x'));
+    for (int i = 0; i < 20; ++i) {
+        BodyCollector body;
+        body.expect(std::nullopt, decodingFor("br"));
+        std::size_t budget = megabyte;
+        ASSERT_EQ(body.add(coded, budget), std::nullopt);
+        ASSERT_TRUE(body.hasMore());
+    }
 }

@@ -5,9 +5,13 @@
 #include <gtest/gtest.h>
 #include <support/Codings.h>
 
+#include <brotli/encode.h>
+#include <chrono>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 using namespace VanticRestKit::detail;
@@ -26,6 +30,15 @@ constexpr Coding codings[] = {{"gzip", &gzipped, &makeGzipDecoder},
                               {"raw deflate", &rawDeflated, &makeDeflateDecoder},
                               {"br", &brotlied, &makeBrotliDecoder}};
 
+/// Waits until no other thread is at work for `decoder`. Whether one was to be waited for.
+bool awaitWork(const ContentDecoder& decoder) {
+    const bool isWorking = decoder.isWorking();
+    const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+    while (decoder.isWorking() && std::chrono::steady_clock::now() < end) std::this_thread::yield();
+    EXPECT_FALSE(decoder.isWorking());
+    return isWorking;
+}
+
 /// Appends all that `coded` decodes to to `plain`, written in pieces of `step`. Whether the coding is good so far.
 bool decodeAll(ContentDecoder& decoder, std::string_view coded, std::string& plain,
                std::size_t step = 32 * 1024) {
@@ -34,7 +47,9 @@ bool decodeAll(ContentDecoder& decoder, std::string_view coded, std::string& pla
         const auto written = decoder.decode(coded, output.data(), step);
         if (!written) return false;
         plain.append(output.data(), *written);
-        if (*written < step) {
+        if (decoder.hasMore()) {
+            awaitWork(decoder);
+        } else if (*written < step) {
             EXPECT_TRUE(coded.empty()) << "a decoder with space left uses all of its input";
             return true;
         }
@@ -49,6 +64,46 @@ std::string stored(const std::string& text) {
     };
     return std::string{byte(1), byte(size), byte(size >> 8), byte(~size), byte(~size >> 8)} + text;
 }
+
+/// A body of brotli with a large window, made part by part.
+class BrotliStream {
+public:
+    BrotliStream() : encoder_(BrotliEncoderCreateInstance(nullptr, nullptr, nullptr)) {
+        BrotliEncoderSetParameter(encoder_, BROTLI_PARAM_QUALITY, 5);
+        BrotliEncoderSetParameter(encoder_, BROTLI_PARAM_LGWIN, BROTLI_MAX_WINDOW_BITS);
+    }
+    BrotliStream(const BrotliStream&) = delete;
+    BrotliStream& operator=(const BrotliStream&) = delete;
+    ~BrotliStream() { BrotliEncoderDestroyInstance(encoder_); }
+
+    BrotliStream& add(std::string_view text) { return add(text, BROTLI_OPERATION_FLUSH); }
+    /// Bytes that take part in no output.
+    BrotliStream& addMetadata(std::string_view bytes) { return add(bytes, BROTLI_OPERATION_EMIT_METADATA); }
+    std::string finish() {
+        add({}, BROTLI_OPERATION_FINISH);
+        return coded_;
+    }
+
+private:
+    BrotliStream& add(std::string_view text, BrotliEncoderOperation operation) {
+        const auto* next = reinterpret_cast<const std::uint8_t*>(text.data());
+        std::size_t left = text.size();
+        std::vector<std::uint8_t> output(64 * 1024);
+        bool isGood = true;
+        do {
+            std::uint8_t* out = output.data();
+            std::size_t outLeft = output.size();
+            isGood =
+                BrotliEncoderCompressStream(encoder_, operation, &left, &next, &outLeft, &out, nullptr) != 0;
+            coded_.append(reinterpret_cast<const char*>(output.data()), output.size() - outLeft);
+        } while (isGood && (left > 0 || BrotliEncoderHasMoreOutput(encoder_)));
+        EXPECT_TRUE(isGood);
+        return *this;
+    }
+
+    BrotliEncoderState* const encoder_;
+    std::string coded_;
+};
 
 }  // namespace
 
@@ -187,6 +242,88 @@ TEST(ContentDecoder, UndoesGzipFilesThatFollowEachOther) {
         EXPECT_EQ(plain, "one, two, three");
         EXPECT_TRUE(decoder->hasEnded());
     }
+}
+
+TEST(ContentDecoder, FillsALargeWindowOfBrotliOnAnotherThread) {
+    const std::string text = std::string(20'000'000, 'x') + sampleText(1'000'000);
+    const std::string coded = BrotliStream().add(text).finish();
+    const auto decoder = makeBrotliDecoder();
+    std::string_view left = coded;
+    std::vector<char> output(32 * 1024);
+    std::string plain;
+    int windows = 0;
+    do {
+        const auto written = decoder->decode(left, output.data(), output.size());
+        ASSERT_TRUE(written);
+        plain.append(output.data(), *written);
+        if (decoder->isWorking()) ++windows;
+        awaitWork(*decoder);
+    } while (!decoder->hasEnded());
+    EXPECT_TRUE(plain == text);
+    EXPECT_GT(windows, 0);
+}
+
+TEST(ContentDecoder, EndsABodyOfBrotliThatFillsItsWindowsToTheLastByte) {
+    const std::string text = sampleText(4 * 1024 * 1024);
+    // Its window is an MB.
+    const std::string coded = brotlied(text);
+    const auto decoder = makeBrotliDecoder();
+    std::string plain;
+    EXPECT_TRUE(decodeAll(*decoder, coded, plain));
+    EXPECT_TRUE(plain == text);
+    EXPECT_TRUE(decoder->hasEnded());
+}
+
+TEST(ContentDecoder, DecodesASmallBodyOfBrotliAtOnce) {
+    const std::string text = sampleText(250'000);
+    const std::string coded = BrotliStream().add(text).finish();
+    const auto decoder = makeBrotliDecoder();
+    std::string_view left = coded;
+    std::string plain(text.size() + 1, ' ');
+    EXPECT_EQ(decoder->decode(left, plain.data(), plain.size()), text.size());
+    EXPECT_FALSE(decoder->hasMore());
+    EXPECT_TRUE(decoder->hasEnded());
+}
+
+TEST(ContentDecoder, GoesOnWithABodyOfBrotliThatBecomesLargeLate) {
+    const std::string small = sampleText(100'000);
+    const std::string large = sampleText(3'000'000);
+    const std::string coded = BrotliStream().add(small).add("x").add(large).add("end").finish();
+    for (const std::size_t piece : {std::size_t{100}, std::size_t{16 * 1024}, coded.size()}) {
+        const auto decoder = makeBrotliDecoder();
+        std::string plain;
+        for (std::size_t at = 0; at < coded.size(); at += piece) {
+            ASSERT_TRUE(decodeAll(*decoder, std::string_view(coded).substr(at, piece), plain));
+        }
+        EXPECT_TRUE(plain == small + "x" + large + "end") << "in pieces of " << piece;
+        EXPECT_TRUE(decoder->hasEnded());
+    }
+}
+
+TEST(ContentDecoder, ReadsABodyOfBrotliThatGivesNothingForLong) {
+    BrotliStream stream;
+    stream.add("begin ");
+    for (int i = 0; i < 20; ++i) stream.addMetadata(std::string(100'000, 'm'));
+    const std::string coded = stream.add("end").finish();
+    const auto decoder = makeBrotliDecoder();
+    std::string plain;
+    for (std::size_t at = 0; at < coded.size(); at += 16'000) {
+        ASSERT_TRUE(decodeAll(*decoder, std::string_view(coded).substr(at, 16'000), plain));
+    }
+    EXPECT_EQ(plain, "begin end");
+    EXPECT_TRUE(decoder->hasEnded());
+}
+
+TEST(ContentDecoder, SeesThatALargeBodyOfBrotliIsCutOrBroken) {
+    const std::string coded = BrotliStream().add(sampleText(2'000'000)).finish();
+    const auto cut = makeBrotliDecoder();
+    std::string plain;
+    EXPECT_TRUE(decodeAll(*cut, std::string_view(coded).substr(0, coded.size() - 1), plain));
+    EXPECT_FALSE(cut->hasEnded());
+    std::string broken = coded;
+    broken.replace(coded.size() / 2, 200, std::string(200, '\xFF'));
+    const auto decoder = makeBrotliDecoder();
+    EXPECT_FALSE(decodeAll(*decoder, broken, plain) && decoder->hasEnded());
 }
 
 TEST(Decoding, IsReadFromTheNamesOfTheCodings) {

@@ -52,16 +52,22 @@ std::optional<TransportFault> BodyCollector::add(std::string_view piece, std::si
     return std::nullopt;
 }
 
-bool BodyCollector::hasMore() const noexcept {
-    return std::any_of(stages_.begin(), stages_.end(), [](const Stage& stage) { return stage.canGoOn(); });
+// It comes first, so that no stage has more than one output that waits.
+std::vector<BodyCollector::Stage>::const_reverse_iterator BodyCollector::lastThatCanGoOn() const noexcept {
+    return std::find_if(stages_.rbegin(), stages_.rend(), [](const Stage& stage) { return stage.canGoOn(); });
+}
+
+bool BodyCollector::hasMore() const noexcept { return lastThatCanGoOn() != stages_.rend(); }
+
+bool BodyCollector::isBeingDecoded() const noexcept {
+    const auto next = lastThatCanGoOn();
+    return next != stages_.rend() && next->decoder->isWorking();
 }
 
 std::optional<TransportFault> BodyCollector::decode(std::size_t& budget) {
-    // The last stage that can go on comes first, so that none has more than one output that waits.
     while (budget > 0) {
-        const auto next = std::find_if(stages_.rbegin(), stages_.rend(),
-                                       [](const Stage& stage) { return stage.canGoOn(); });
-        if (next == stages_.rend()) return std::nullopt;
+        const auto next = lastThatCanGoOn();
+        if (next == stages_.rend() || next->decoder->isWorking()) return std::nullopt;
         const auto stage = static_cast<std::size_t>(stages_.rend() - next) - 1;
         if (auto fault = advance(stage, budget)) return fault;
     }
@@ -78,7 +84,7 @@ std::optional<TransportFault> BodyCollector::advance(std::size_t index, std::siz
         if (stage.decoder->isOutOfMemory()) return noMemory();
         return TransportFault{URLErrorCode::cannotDecodeContentData, "The coding of the body is broken."};
     }
-    stage.isFull = *written == size;
+    stage.mayHaveMore = *written == size || stage.decoder->hasMore();
     stage.written += *written;
     budget -= *written;
     if (index + 1 == stages_.size()) {

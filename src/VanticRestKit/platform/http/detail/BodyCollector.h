@@ -44,6 +44,9 @@ public:
     /// Whether something of the last piece is not decoded yet.
     bool hasMore() const noexcept;
 
+    /// Whether another thread is at work on it, and `decode` can do nothing until that has stopped.
+    bool isBeingDecoded() const noexcept;
+
     /// Decodes more of the last piece.
     std::optional<TransportFault> decode(std::size_t& budget);
 
@@ -64,15 +67,16 @@ private:
     struct Stage {
         std::unique_ptr<ContentDecoder> decoder;
         std::string_view input{};
-        /// Whether the decoder filled all that it was given the last time, so that it may have more.
-        bool isFull = false;
+        /// Whether the decoder filled all that it was given the last time, or another thread is at work for it.
+        bool mayHaveMore = false;
         std::uint64_t written = 0;
         /// What it has written, for the next stage. The last one writes to the body.
         std::unique_ptr<char[]> output{};
 
-        bool canGoOn() const noexcept { return isFull || !input.empty(); }
+        bool canGoOn() const noexcept { return mayHaveMore || !input.empty(); }
     };
 
+    std::vector<Stage>::const_reverse_iterator lastThatCanGoOn() const noexcept;
     std::optional<TransportFault> advance(std::size_t stage, std::size_t& budget);
     std::span<char> outputOf(std::size_t stage);
     std::optional<TransportFault> faultOfWire() const;

@@ -27,7 +27,13 @@ public:
     /// how many bytes it has written. Fewer than `size`: it has used all of `coded`, and there is no more to write for
     /// it. `size`: there may be more, also if `coded` is empty now. Empty: the coding is broken, or there was no memory.
     /// What follows the end of the coding is dropped.
+    ///
+    /// A decoder that `hasMore` afterwards has handed what it was given to another thread. As long as that thread
+    /// `isWorking`, `decode` writes nothing; after that there is more.
     virtual std::optional<std::size_t> decode(std::string_view& coded, char* plain, std::size_t size) = 0;
+
+    virtual bool hasMore() const { return false; }
+    virtual bool isWorking() const { return false; }
 
     /// Whether `decode` could not because there was no memory for its own state.
     bool isOutOfMemory() const noexcept { return isOutOfMemory_; }

@@ -21,11 +21,23 @@ std::size_t BodyPacer::take(Attempt& attempt, std::string_view piece) {
 }
 
 Attempt* BodyPacer::next() {
-    if (held_.empty() || budget_ == 0) return nullptr;
-    Attempt* const attempt = held_.front();
-    held_.pop_front();
+    if (budget_ == 0) return nullptr;
+    const auto ready = firstReady();
+    if (ready == held_.end()) return nullptr;
+    Attempt* const attempt = *ready;
+    held_.erase(ready);
     attempt->isHeld = false;
     return attempt;
+}
+
+std::deque<Attempt*>::const_iterator BodyPacer::firstReady() const {
+    return std::find_if(held_.begin(), held_.end(),
+                        [](const Attempt* attempt) { return !attempt->body.isBeingDecoded(); });
+}
+
+std::chrono::milliseconds BodyPacer::longestWait() const {
+    if (held_.empty() || isStopped_) return std::chrono::hours(1);
+    return std::chrono::milliseconds(firstReady() == held_.end() ? 1 : 0);
 }
 
 void BodyPacer::decode(Attempt& attempt) {

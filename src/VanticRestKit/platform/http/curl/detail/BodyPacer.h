@@ -3,6 +3,7 @@
 /// \file
 /// `BodyPacer`: how much of the bodies that arrive is decoded in one round of the I/O thread.
 
+#include <chrono>
 #include <cstddef>
 #include <deque>
 #include <string_view>
@@ -34,7 +35,8 @@ public:
     /// Takes a piece of the body of `attempt`, as libcurl's callback for bodies. Returns what that has to return.
     std::size_t take(Attempt& attempt, std::string_view piece);
 
-    /// Takes the next attempt out of the queue; null if there is none, or this round has decoded enough.
+    /// Takes the next attempt out of the queue on whose body no other thread is at work; null if there is none, or this
+    /// round has decoded enough.
     Attempt* next();
 
     /// Decodes more of the body of an attempt that `next` gave. A fault is noted in the attempt.
@@ -46,10 +48,13 @@ public:
     /// Takes `attempt` out of the queue, if it is there.
     void forget(Attempt& attempt);
 
-    /// Whether something waits for the next round, so that the thread must not.
-    bool isWaiting() const noexcept { return !held_.empty() && !isStopped_; }
+    /// How long the thread may wait before the next round: not at all if something waits for it, and not for long if
+    /// another thread is at work.
+    std::chrono::milliseconds longestWait() const;
 
 private:
+    std::deque<Attempt*>::const_iterator firstReady() const;
+
     std::size_t budget_ = 0;
     bool isStopped_ = false;
     std::deque<Attempt*> held_;

@@ -352,7 +352,7 @@ void IoLoop::deliver() {
 }
 
 std::chrono::milliseconds IoLoop::longestWait() const {
-    std::chrono::milliseconds limit{60 * 60 * 1000};
+    std::chrono::milliseconds limit = pacer_.longestWait();
     for (const auto next : {deadlines_.next(), loadDeadlines_.next(), resets_.next(), pendingConnects_.next(),
                             unreached_.next(), storeReads_.next()}) {
         if (!next) continue;
@@ -367,7 +367,7 @@ void IoLoop::wait() {
         inbox_->waitForMail();
         return;
     }
-    if (pacer_.isWaiting()) return;
+    if (pacer_.longestWait() == std::chrono::milliseconds::zero()) return;
     // What has changed is libcurl's to see first.
     if (pendingConnects_.update(now_)) return;
     watched_.clear();
