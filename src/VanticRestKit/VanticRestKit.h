@@ -32,6 +32,7 @@
 #include <VanticRestKit/platform/http/cookies/HTTPCookieStorage.h>
 #include <VanticRestKit/platform/http/HTTPCacheStatus.h>
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
+#include <VanticRestKit/platform/http/LoadProgress.h>
 #include <VanticRestKit/platform/http/RequestMetrics.h>
 #include <VanticRestKit/platform/http/URLErrorCode.h>
 #include <VanticRestKit/platform/http/URLRequest.h>

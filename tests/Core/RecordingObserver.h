@@ -11,6 +11,7 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -28,13 +29,23 @@ public:
         keep(documents_, document, documentsChanged);
     }
 
+    void loadStateChanged(const LoadStateChange& change) override { keep(changes_, change, changesChanged); }
+    void operationWillNeverReturn(std::string_view operation) override {
+        keep(endless_, std::string(operation), endlessChanged);
+    }
+
     std::vector<RequestMetrics> requests() const { return copy(requests_); }
     std::vector<DecodingFailure> failures() const { return copy(failures_); }
     std::vector<ExplainedDocument> documents() const { return copy(documents_); }
 
+    std::vector<LoadStateChange> changes() const { return copy(changes_); }
+    std::vector<std::string> endless() const { return copy(endless_); }
+
     const Event requestsChanged;
     const Event failuresChanged;
     const Event documentsChanged;
+    const Event changesChanged;
+    const Event endlessChanged;
 
 private:
     template <class T>
@@ -55,6 +66,8 @@ private:
     std::vector<RequestMetrics> requests_;
     std::vector<DecodingFailure> failures_;
     std::vector<ExplainedDocument> documents_;
+    std::vector<LoadStateChange> changes_;
+    std::vector<std::string> endless_;
 };
 
 /// `Base`, a context of the tests, with an observer.

@@ -68,7 +68,8 @@ void NetworkServiceble::fetch(FetchArguments arguments) {
     };
     session_->loadData({.fromURLRequest = urlRequest_,
                         .completionHandler = std::move(answered),
-                        .metrics = std::move(arguments.metrics)});
+                        .metrics = std::move(arguments.metrics),
+                        .progress = std::move(arguments.progress)});
 }
 
 AnyPublisher<Data> NetworkServiceble::fetch() { return publisher({}); }
@@ -103,7 +104,8 @@ Cancellable NetworkServiceble::start(FetchArguments arguments) {
     };
     return session_->start({.fromURLRequest = urlRequest_,
                             .completionHandler = std::move(answered),
-                            .metrics = std::move(arguments.metrics)});
+                            .metrics = std::move(arguments.metrics),
+                            .progress = std::move(arguments.progress)});
 }
 
 Error NetworkServiceble::endedEarly(URLErrorCode code) const {

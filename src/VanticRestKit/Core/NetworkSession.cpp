@@ -48,7 +48,7 @@ public:
     void loadData(LoadDataArguments arguments) override {
         session_
             ->dataTask(std::move(arguments.fromURLRequest), std::move(arguments.completionHandler),
-                       std::move(arguments.metrics))
+                       std::move(arguments.metrics), std::move(arguments.progress))
             ->resume();
     }
 
@@ -58,8 +58,9 @@ public:
     }
 
     Cancellable start(LoadDataArguments arguments) override {
-        auto task = session_->dataTask(std::move(arguments.fromURLRequest),
-                                       std::move(arguments.completionHandler), std::move(arguments.metrics));
+        auto task =
+            session_->dataTask(std::move(arguments.fromURLRequest), std::move(arguments.completionHandler),
+                               std::move(arguments.metrics), std::move(arguments.progress));
         task->resume();
         return Cancellable([task = std::move(task)] { task->cancel(); });
     }

@@ -8,6 +8,7 @@
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/http/LoadProgress.h>
 #include <VanticRestKit/platform/http/RequestMetrics.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
 #include <VanticRestKit/platform/http/URLResponse.h>
@@ -42,6 +43,9 @@ public:
         /// Receives a record of each request, before the handler and on the same queue. A session that makes no records
         /// may ignore it. Empty: no records are wanted.
         MetricsReceiver metrics{};
+        /// Is told how far the transfer is, on the queue of the handler. A session that does not know may ignore it.
+        /// Empty: no one wants to know.
+        ProgressReceiver progress{};
     };
     /// The arguments of `loadDataPublisher`.
     struct LoadDataPublisherArguments {

@@ -19,4 +19,8 @@ void RequestObserver::decodingFailed(const DecodingFailure&) {}
 
 void RequestObserver::documentExplained(const ExplainedDocument&) {}
 
+void RequestObserver::loadStateChanged(const LoadStateChange&) {}
+
+void RequestObserver::operationWillNeverReturn(std::string_view) {}
+
 }  // namespace VanticRestKit

@@ -6,6 +6,7 @@
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/dispatch/SharedFunction.h>
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/http/LoadProgress.h>
 #include <VanticRestKit/platform/http/RequestMetrics.h>
 #include <VanticRestKit/platform/json/Diagnosis.h>
 #include <VanticRestKit/Visibility.h>
@@ -15,6 +16,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace VanticRestKit {
@@ -70,11 +72,20 @@ struct ExplainedDocument {
     std::vector<Fault> faults{};
 };
 
+/// A load that waits for its session, or goes on.
+struct LoadStateChange {
+    std::string url{};
+    /// `state` says what it waits for now, and `queueLength` with how many others.
+    LoadProgress progress{};
+};
+
 /// Receives records of the loads of the contexts that provide it. A host overrides the members that it needs; later
-/// versions may add members, which do nothing by default. Called on the delegate queues of the sessions, like
-/// completions: by several threads at once if there are several sessions, and never inside the call that starts a load,
-/// unless the host's own service answers there. A slow member delays completions. Members must not throw. The library
-/// keeps an observer alive while a resource, a load or an explanation refers to it.
+/// versions may add members, which do nothing by default.
+///
+/// Called on the delegate queues of the sessions, like completions: by several threads at once if there are several
+/// sessions, and never inside the call that starts a load, unless the host's own service answers there. A slow member
+/// delays completions. Members must not throw. The library keeps an observer alive while a resource, a load or an
+/// explanation refers to it.
 class VRK_EXPORT RequestObserver {
 public:
     virtual ~RequestObserver();
@@ -94,7 +105,18 @@ public:
     /// load.
     virtual void documentExplained(const ExplainedDocument& document);
 
-    /// What the observer was made with.
+    /// A load waits for a connection, or its body is not read because completions are too slow, or it continues after
+    /// that. Not called for loads that never wait, and not for publishers. A slow completion delays this call like any
+    /// other: for a body that is held back it comes between two completions.
+    virtual void loadStateChanged(const LoadStateChange& change);
+
+    /// The operation of `Trelvo` with this name was called inside a completion and is about to wait for a token that
+    /// only the same queue can deliver: it never returns, and no further completion of the session is called. Called
+    /// once in the life of the process, on the thread that is about to wait. In a debug build of the library an
+    /// assertion fails next.
+    virtual void operationWillNeverReturn(std::string_view operation);
+
+    /// The options that the observer was made with.
     const ObserverOptions& options() const noexcept { return options_; }
     /// For the library: explains documents; null if `explainedShare` is zero.
     const std::shared_ptr<detail::ToleranceSampler>& sampler() const noexcept { return sampler_; }

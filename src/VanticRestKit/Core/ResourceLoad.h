@@ -34,9 +34,9 @@ public:
 
 private:
     Cancellable startWork() override {
-        return service_->start({.with = [self = shared_from_this(), this](Result<Data, Error> fetched) {
-            arrived(std::move(fetched));
-        }});
+        return service_->start({.with = [self = shared_from_this(),
+                                         this](Result<Data, Error> fetched) { arrived(std::move(fetched)); },
+                                .progress = progressReceiver()});
     }
 
     void arrived(Result<Data, Error> fetched) {

@@ -8,6 +8,7 @@
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/http/LoadProgress.h>
 #include <VanticRestKit/platform/http/RequestMetrics.h>
 #include <VanticRestKit/platform/http/URLErrorCode.h>
 #include <VanticRestKit/platform/publisher/AnyPublisher.h>
@@ -37,6 +38,9 @@ public:
         /// records may ignore it; one that decorates another passes it on, with `ofAttempt` if it retries. Empty: no
         /// records are wanted.
         MetricsReceiver metrics{};
+        /// Is told how far the request is, on the queue of the completion. A service that does not know may ignore it;
+        /// one that decorates another hands it on. Empty: no one wants to know.
+        ProgressReceiver progress{};
     };
 
     virtual ~Serviceable();

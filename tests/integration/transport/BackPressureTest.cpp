@@ -5,6 +5,7 @@
 #include <support/FaultServer.h>
 #include <support/Loading.h>
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <memory>
@@ -120,4 +121,55 @@ TEST(BackPressure, AnAnswerLargerThanTheLimitIsDelivered) {
     std::vector<Loaded> loads;
     for (int i = 0; i < 20; ++i) loads.push_back(startLoad(*session, requestOf(server.url())));
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body().size(), 3 * megabyte) << loaded.story();
+}
+
+namespace {
+
+/// What one load told.
+struct Told {
+    Loaded loaded{};
+    std::shared_ptr<std::vector<LoadProgress::State>> states =
+        std::make_shared<std::vector<LoadProgress::State>>();
+    std::shared_ptr<RequestMetrics> record = std::make_shared<RequestMetrics>();
+
+    void start(URLSession& session, const std::string& url) const {
+        session
+            .dataTask(
+                requestOf(url), loaded.completion(),
+                [record = record](const RequestMetrics& metrics) { *record = metrics; },
+                [states = states](const LoadProgress& progress) {
+                    if (states->empty() || states->back() != progress.state)
+                        states->push_back(progress.state);
+                })
+            ->resume();
+    }
+    bool wasHeldBack() const {
+        return std::find(states->begin(), states->end(), LoadProgress::State::heldBack) != states->end();
+    }
+};
+
+}  // namespace
+
+TEST(BackPressure, ALoadThatIsHeldBackSaysSo) {
+    FaultServer server(generous());
+    const auto session = sessionWith(1);
+    // Whether a body is held back that was under way when the first one was whole is up to the network.
+    const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+    int heldBack = 0;
+    while (heldBack == 0 && std::chrono::steady_clock::now() < end) {
+        Blockade blockade(*session);
+        const std::size_t before = server.requests().size();
+        const std::vector<Told> loads(12);
+        for (const Told& each : loads) each.start(*session, server.url());
+        ASSERT_TRUE(server.waitForRequests(before + 6));
+        blockade.lift();
+        for (const Told& each : loads) {
+            ASSERT_EQ(each.loaded.body().size(), megabyte) << each.loaded.story();
+            EXPECT_EQ(each.wasHeldBack(), each.record->heldBack > RequestMetrics::Duration::zero());
+            if (!each.wasHeldBack()) continue;
+            ++heldBack;
+            EXPECT_EQ(each.states->back(), LoadProgress::State::loading) << "it went on";
+        }
+    }
+    EXPECT_GT(heldBack, 0);
 }

@@ -14,6 +14,7 @@
 #include <support/Loading.h>
 
 #include <chrono>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -163,4 +164,42 @@ TEST(ObservedForms, ASignInPageIsAFailureToDecode) {
     EXPECT_EQ(failures[0].typeName, "Double");
     EXPECT_EQ(host.requests().size(), 1U);
     EXPECT_FALSE(host.requests()[0].error) << "the request itself succeeded";
+}
+
+TEST(ObservedForms, ALoadThatWaitsInTheQueueOfItsOriginIsTold) {
+    std::unique_ptr<FaultServer> server;
+    server = std::make_unique<FaultServer>([&server](FaultConnection& connection) {
+        while (connection.readRequest()) {
+            if (!server->hold()) return;
+            connection.send(answer(200, "17"));
+        }
+    });
+    Host host(*server);
+    URLSessionConfiguration configuration;
+    configuration.httpMaximumConnectionsPerHost = 1;
+    host.context.session = URLSession::make(configuration);
+    const Event ended;
+    const auto note = [ended](const auto&) { ended.signal(); };
+    host.resource().load({.with = note});
+    ASSERT_TRUE(server->waitForRequests(1));
+    host.resource().load({.with = note});
+    ASSERT_TRUE(host.context.recorder->changesChanged.wait(1));
+    const Cancellable started = host.resource().start({}, note);
+    ASSERT_TRUE(host.context.recorder->changesChanged.wait(2));
+    server->releaseHeld();
+    ASSERT_TRUE(ended.wait(3));
+
+    const auto changes = host.context.recorder->changes();
+    ASSERT_EQ(changes.size(), 4U) << "one of the three waited for nothing";
+    EXPECT_EQ(changes[0].url, server->url("/p?apikey=redacted"));
+    EXPECT_EQ(changes[0].progress.state, LoadProgress::State::queued);
+    EXPECT_EQ(changes[0].progress.queueLength, 1);
+    EXPECT_EQ(changes[1].progress.queueLength, 2);
+    EXPECT_EQ(changes[2].progress.state, LoadProgress::State::loading);
+    EXPECT_EQ(changes[3].progress.state, LoadProgress::State::loading);
+    const auto requests = host.requests();
+    ASSERT_EQ(requests.size(), 3U);
+    for (std::size_t i = 0; i < requests.size(); ++i) {
+        EXPECT_EQ(requests[i].queueLength, static_cast<std::int64_t>(i));
+    }
 }

@@ -31,6 +31,12 @@ void LoadObservation::requestEnded(RequestMetrics record) const {
     observer_->requestEnded(record);
 }
 
+void LoadObservation::stateChanged(const LoadProgress& progress) const {
+    LoadStateChange change{.progress = progress};
+    if (request_.url()) change.url = shown(request_.url()->absoluteString());
+    observer_->loadStateChanged(change);
+}
+
 void LoadObservation::decoded(const Data& body, const Error* error, std::string_view typeName,
                               Diagnosis (*explain)(const Data&)) const {
     if (error != nullptr) {

@@ -25,6 +25,7 @@ public:
     const URLRequest& request() const noexcept { return request_; }
 
     void requestEnded(RequestMetrics record) const;
+    void stateChanged(const LoadProgress& progress) const;
     /// `error` is null if the body was decoded. `explain` lists tolerated faults.
     void decoded(const Data& body, const Error* error, std::string_view typeName,
                  Diagnosis (*explain)(const Data&)) const;

@@ -23,6 +23,12 @@ public:
         tell(record);
     }
 
+    /// Tells the observer of changes of the state, and `alsoTo` of everything.
+    void progressed(const LoadProgress& progress, const ProgressReceiver& alsoTo) {
+        if (state_.exchange(progress.state) != progress.state) observation_->stateChanged(progress);
+        if (alsoTo) alsoTo(progress);
+    }
+
     void answered(const Result<Data, Error>& body, std::chrono::steady_clock::time_point begun) const {
         if (hasPassed_.load()) return;
         Outcome outcome;
@@ -54,6 +60,7 @@ private:
     const std::shared_ptr<const LoadObservation> observation_;
     const MetricsReceiver alsoTo_;
     std::atomic<bool> hasPassed_{false};
+    std::atomic<LoadProgress::State> state_{LoadProgress::State::loading};
 };
 
 MetricsReceiver receiverOf(const std::shared_ptr<Records>& records) {
@@ -71,12 +78,15 @@ ObservedService::~ObservedService() = default;
 Serviceable::FetchArguments ObservedService::observed(FetchArguments arguments) const {
     auto records = std::make_shared<Records>(observation_, std::move(arguments.metrics));
     MetricsReceiver receiver = receiverOf(records);
+    ProgressReceiver progress = [records, alsoTo = std::move(arguments.progress)](const LoadProgress& told) {
+        records->progressed(told, alsoTo);
+    };
     auto answered = [records = std::move(records), begun = std::chrono::steady_clock::now(),
                      completion = std::move(arguments.with).value()](Result<Data, Error> body) mutable {
         records->answered(body, begun);
         completion(std::move(body));
     };
-    return {.with = std::move(answered), .metrics = std::move(receiver)};
+    return {.with = std::move(answered), .metrics = std::move(receiver), .progress = std::move(progress)};
 }
 
 void ObservedService::fetch(FetchArguments arguments) { inner_->fetch(observed(std::move(arguments))); }

@@ -22,7 +22,8 @@ public:
           kept_(std::move(kept)),
           form_(form),
           completion_(std::move(arguments.with).value()),
-          metrics_(std::move(arguments.metrics)) {}
+          metrics_(std::move(arguments.metrics)),
+          progress_(std::move(arguments.progress)) {}
 
 private:
     std::shared_ptr<CompletionRun> shared() {
@@ -39,7 +40,8 @@ private:
                                       if (!outcome) return self->failed(std::move(outcome).error());
                                       if (self->succeeded()) self->hand(std::move(outcome));
                                   },
-                              .metrics = ofAttempt(metrics_, attemptNumber())});
+                              .metrics = ofAttempt(metrics_, attemptNumber()),
+                              .progress = progress_});
     }
     void deliver(Error error) override { hand(Failure(std::move(error))); }
     void hand(Result<Data, Error> outcome) {
@@ -52,6 +54,7 @@ private:
     const Form form_;
     Serviceable::Completion completion_;
     const MetricsReceiver metrics_;
+    const ProgressReceiver progress_;
 };
 
 /// A run for one subscription. It keeps its service alive.

@@ -11,7 +11,8 @@ AsyncCall::AsyncCall(LoadOptions options, DispatchQueue usualQueue)
     : on_(std::move(options.on)),
       usualQueue_(std::move(usualQueue)),
       deadline_(options.deadline),
-      stop_(std::move(options.stop)) {}
+      stop_(std::move(options.stop)),
+      progress_(std::move(options.progress)) {}
 
 AsyncCall::~AsyncCall() = default;
 
@@ -56,7 +57,38 @@ void AsyncCall::cancel() { endEarly(URLErrorCode::cancelled); }
 void AsyncCall::drop() {
     const std::uint8_t before = state_.fetch_or(hasOutcome | isFinished);
     if ((before & hasOutcome) == 0) letGoOfWork(false);
+    letGoOfProgress();
     if ((before & isFinished) == 0) release();
+}
+
+ProgressReceiver AsyncCall::progressReceiver() {
+    if (!progress_) return {};
+    return [weak = weak_from_this()](const LoadProgress& progress) {
+        if (const auto self = weak.lock()) self->progressed(progress);
+    };
+}
+
+void AsyncCall::progressed(const LoadProgress& progress) {
+    if (on_) {
+        on_->async([self = shared_from_this(), progress] { self->tell(progress); });
+    } else {
+        tell(progress);
+    }
+}
+
+void AsyncCall::tell(const LoadProgress& progress) {
+    ProgressReceiver receiver;
+    {
+        const std::lock_guard lock(workMutex_);
+        receiver = progress_;
+    }
+    if (receiver) receiver(progress);
+}
+
+void AsyncCall::letGoOfProgress() {
+    ProgressReceiver released;
+    const std::lock_guard lock(workMutex_);
+    std::swap(released, progress_);
 }
 
 bool AsyncCall::settle() {
@@ -75,6 +107,7 @@ void AsyncCall::settled() {
 
 void AsyncCall::endEarly(URLErrorCode code) {
     if ((state_.fetch_or(hasOutcome) & hasOutcome) != 0) return;
+    letGoOfProgress();
     letGoOfWork(false);
     const DispatchQueue& queue = on_ ? *on_ : usualQueue_;
     queue.async([self = shared_from_this(), code] { self->finish(code); });
@@ -82,6 +115,7 @@ void AsyncCall::endEarly(URLErrorCode code) {
 
 void AsyncCall::finish(std::optional<URLErrorCode> early) {
     if ((state_.fetch_or(isFinished) & isFinished) != 0) return;
+    letGoOfProgress();
     deliver(early);
     release();
 }

@@ -54,6 +54,9 @@ protected:
     /// `usualQueue` is used if `options` name no queue and the outcome does not come from the work.
     AsyncCall(LoadOptions options, DispatchQueue usualQueue);
 
+    /// The receiver of the work's progress; empty if no one wants it. It does not keep this object alive.
+    ProgressReceiver progressReceiver();
+
     /// Starts the work and returns the handle that cancels it.
     virtual Cancellable startWork() = 0;
     /// Delivers the outcome: the result of the work, or `early` if it was ended before. Called at most once.
@@ -75,6 +78,9 @@ private:
     void armStop();
     void keep(Cancellable work);
     void letGoOfWork(bool hasEnded);
+    void progressed(const LoadProgress& progress);
+    void tell(const LoadProgress& progress);
+    void letGoOfProgress();
 
     const std::optional<DispatchQueue> on_;
     const DispatchQueue usualQueue_;
@@ -86,6 +92,7 @@ private:
 
     std::mutex workMutex_;
     Cancellable work_;
+    ProgressReceiver progress_;
     UniqueFunction<void()> disarm_;
     bool isWorkOver_ = false;
     bool hasWorkEnded_ = false;

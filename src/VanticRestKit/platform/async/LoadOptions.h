@@ -4,6 +4,7 @@
 /// `LoadOptions`: the queue, the deadline and the stop token of a load.
 
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
+#include <VanticRestKit/platform/http/LoadProgress.h>
 
 #include <chrono>
 #include <optional>
@@ -25,6 +26,11 @@ struct LoadOptions {
     /// Cancels the load when stop is requested; it then ends with `URLErrorCode::cancelled`. If stop was already
     /// requested, the load ends before anything is sent.
     std::stop_token stop{};
+
+    /// Is told how far the load is, on the queue of its completion. Empty: no one is. Told by loads of a `Resource` over
+    /// the library's own services and sessions; operations of the user client ignore it. A service that tries again
+    /// tells of each attempt from its beginning.
+    ProgressReceiver progress{};
 };
 
 namespace detail {
@@ -56,12 +62,14 @@ struct AwaitOptions {
     std::optional<std::chrono::duration<double>> deadline{};
     /// A token that cancels the load.
     detail::Borrowed<std::stop_token> stop{};
+    detail::Borrowed<ProgressReceiver> progress{};
 
     /// The same options with their own copies of the values.
     LoadOptions copied() const {
         LoadOptions options{.deadline = deadline};
         if (on.get() != nullptr) options.on.emplace(*on.get());
         if (stop.get() != nullptr) options.stop = *stop.get();
+        if (progress.get() != nullptr) options.progress = *progress.get();
         return options;
     }
 };

@@ -46,6 +46,12 @@ struct RequestMetrics {
 
     /// How long it waited for its turn, or for a connection that others were using.
     Duration queued{};
+    /// How many requests waited for a connection to the same origin when this one began to wait, itself included; 0 if
+    /// it went at once.
+    std::int64_t queueLength = 0;
+    /// How long its body was not read because completions were slower than the network: the answers that waited for
+    /// theirs exceeded `URLSessionLimits::maxUndeliveredBytes`.
+    Duration heldBack{};
     /// How long it took to look up the host, to connect, and to set up TLS. Each is empty if that was not done or not
     /// finished. Where several addresses had to be tried they are those of the last attempt.
     std::optional<Duration> lookup{};

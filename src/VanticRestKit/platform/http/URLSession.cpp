@@ -22,6 +22,7 @@ void URLSessionDataTask::resume() {
 }
 
 void URLSessionDataTask::cancel() {
+    transfer_->stopProgress();
     // In this order: between a look at the state and the attempt to cancel, another thread may start the transfer.
     if (transfer_->cancelUnstarted()) {
         transport_->delegateQueue().async([transfer = transfer_] {
@@ -60,10 +61,14 @@ URLSession::~URLSession() = default;
 const DispatchQueue& URLSession::delegateQueue() const noexcept { return transport_->delegateQueue(); }
 
 std::shared_ptr<URLSessionDataTask> URLSession::dataTask(URLRequest request, Completion completionHandler,
-                                                         MetricsReceiver metrics) {
-    auto transfer =
-        std::make_shared<detail::Transfer>(detail::withSessionHeaders(std::move(request), configuration_),
-                                           std::move(completionHandler), std::move(metrics));
+                                                         MetricsReceiver metrics, ProgressReceiver progress) {
+    std::shared_ptr<detail::ProgressTeller> teller;
+    if (progress) {
+        teller = std::make_shared<detail::ProgressTeller>(std::move(progress), transport_->delegateQueue());
+    }
+    auto transfer = std::make_shared<detail::Transfer>(
+        detail::withSessionHeaders(std::move(request), configuration_), std::move(completionHandler),
+        std::move(metrics), std::move(teller));
     return std::shared_ptr<URLSessionDataTask>(new URLSessionDataTask(transport_, std::move(transfer)));
 }
 

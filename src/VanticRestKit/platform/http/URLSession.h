@@ -7,6 +7,7 @@
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/platform/error/Error.h>
+#include <VanticRestKit/platform/http/LoadProgress.h>
 #include <VanticRestKit/platform/http/RequestMetrics.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
 #include <VanticRestKit/platform/http/URLResponse.h>
@@ -107,9 +108,11 @@ public:
     const DispatchQueue& delegateQueue() const noexcept;
 
     /// A task for `request`. Its completion is called once, and let go on the delegate queue; a task that is
-    /// neither resumed nor cancelled never calls it. `metrics`, unless it is empty, gets the records of the requests.
+    /// neither resumed nor cancelled never calls it. `metrics`, unless it is empty, gets the records of the requests;
+    /// `progress`, unless it is empty, is told how far the task is, on the delegate queue too.
     std::shared_ptr<URLSessionDataTask> dataTask(URLRequest request, Completion completionHandler,
-                                                 MetricsReceiver metrics = {});
+                                                 MetricsReceiver metrics = {},
+                                                 ProgressReceiver progress = {});
 
     /// A publisher of the one answer to `request`. Each subscription sends the request anew; cancelling it
     /// ends the transfer. The publisher keeps the session's connections, not the `URLSession`. `metrics`, unless it is

@@ -4,6 +4,7 @@
 /// `Transfer`: what a task and the transport share of one request.
 
 #include <VanticRestKit/platform/http/detail/Outcome.h>
+#include <VanticRestKit/platform/http/detail/ProgressTeller.h>
 #include <VanticRestKit/platform/http/RequestMetrics.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
 #include <VanticRestKit/platform/http/URLSession.h>
@@ -11,6 +12,7 @@
 #include <atomic>
 #include <chrono>
 #include <cstdint>
+#include <memory>
 #include <utility>
 
 namespace VanticRestKit::detail {
@@ -18,8 +20,13 @@ namespace VanticRestKit::detail {
 /// One request, its completion, and whether it was started or cancelled yet.
 class Transfer {
 public:
-    Transfer(URLRequest request, URLSession::Completion completion, MetricsReceiver metrics = {})
-        : request_(std::move(request)), completion_(std::move(completion)), metrics_(std::move(metrics)) {
+    /// `teller` is null if no one is told of its progress.
+    Transfer(URLRequest request, URLSession::Completion completion, MetricsReceiver metrics = {},
+             std::shared_ptr<ProgressTeller> teller = nullptr)
+        : request_(std::move(request)),
+          completion_(std::move(completion)),
+          metrics_(std::move(metrics)),
+          teller_(std::move(teller)) {
         if (request_.httpBody())
             progress.expectedToSend = static_cast<std::int64_t>(request_.httpBody()->size());
     }
@@ -47,14 +54,17 @@ public:
 
     bool isStarted() const noexcept { return state_.load() == State::started; }
 
-    /// How far it is. Written by the I/O thread, read by any.
-    struct Progress {
-        std::atomic<std::int64_t> received = 0;
-        std::atomic<std::int64_t> expectedToReceive = -1;
-        std::atomic<std::int64_t> sent = 0;
-        std::atomic<std::int64_t> expectedToSend = 0;
-    };
-    Progress progress;
+    ProgressCounts progress;
+    /// Who is told of it; null if no one is.
+    ProgressTeller* teller() const noexcept { return teller_.get(); }
+    /// Bytes have moved. On the I/O thread.
+    void moved(std::chrono::steady_clock::time_point now) {
+        if (teller_) teller_->moved(progress, now);
+    }
+    /// Nothing more is told of its progress.
+    void stopProgress() noexcept {
+        if (teller_) teller_->stop();
+    }
 
     /// Marks a started transfer as cancelled. The mark is set before the transport is told, so that a cancel that
     /// overtakes the start on its way to the transport is not lost.
@@ -66,6 +76,7 @@ public:
     void complete(Outcome outcome) {
         URLSession::Completion completion = std::move(completion_);
         if (!completion) return;
+        if (teller_) teller_->end(outcome.error ? nullptr : &progress);
         if (metrics_) report(outcome);
         completion(std::move(outcome.data), std::move(outcome.response), std::move(outcome.error));
     }
@@ -78,6 +89,7 @@ private:
     const URLRequest request_;
     URLSession::Completion completion_;
     MetricsReceiver metrics_;
+    const std::shared_ptr<ProgressTeller> teller_;
     std::chrono::steady_clock::time_point startedAt_{};
     std::atomic<State> state_ = State::fresh;
     std::atomic<bool> isCancelled_ = false;

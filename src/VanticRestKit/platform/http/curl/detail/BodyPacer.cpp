@@ -11,6 +11,7 @@ std::size_t BodyPacer::take(Attempt& attempt, std::string_view piece) {
     const bool isTurnOver = attempt.body.isCoded() && (budget_ == 0 || attempt.body.hasMore());
     attempt.isPaused = isStopped_ || isTurnOver;
     if (attempt.isPaused) {
+        if (isStopped_) attempt.exchange.waits(LoadProgress::State::heldBack, 0, attempt.surroundings.now);
         hold(attempt);
         return CURL_WRITEFUNC_PAUSE;
     }

@@ -38,7 +38,9 @@ std::size_t onBody(char* bytes, std::size_t size, std::size_t count, void* user)
     const std::size_t taken = attempt.surroundings.pacer.take(attempt, piece);
     // A piece that is paused comes again.
     if (taken == piece.size()) {
-        attempt.exchange.transfer()->progress.received += static_cast<std::int64_t>(taken);
+        Transfer& transfer = *attempt.exchange.transfer();
+        transfer.progress.received += static_cast<std::int64_t>(taken);
+        transfer.moved(attempt.surroundings.now);
     }
     return taken;
 }
@@ -46,9 +48,11 @@ std::size_t onBody(char* bytes, std::size_t size, std::size_t count, void* user)
 // Of what is received the others tell already.
 int onProgress(void* user, curl_off_t, curl_off_t, curl_off_t, curl_off_t uploaded) {
     Attempt& attempt = attemptOf(user);
-    if (uploaded != attempt.uploaded) attempt.moved();
+    if (uploaded == attempt.uploaded) return 0;
+    attempt.moved();
     attempt.uploaded = uploaded;
     attempt.exchange.transfer()->progress.sent = uploaded;
+    attempt.exchange.transfer()->moved(attempt.surroundings.now);
     return 0;
 }
 

@@ -36,6 +36,21 @@ bool Exchange::wasLeftOut(CURLcode code) const {
            request().httpMethod() == "GET";
 }
 
+void Exchange::waits(LoadProgress::State state, std::int64_t queueLength, TimePoint now) {
+    if (progressState_ == state) return;
+    progressState_ = state;
+    if (metrics && state == LoadProgress::State::queued) metrics->waitsAmong(queueLength);
+    if (metrics && state == LoadProgress::State::heldBack) metrics->heldBack(now);
+    if (transfer_->teller() != nullptr) transfer_->teller()->changed(state, queueLength, transfer_->progress);
+}
+
+void Exchange::goesOn(TimePoint now) {
+    if (progressState_ == LoadProgress::State::loading) return;
+    progressState_ = LoadProgress::State::loading;
+    if (metrics) metrics->goesOn(now);
+    if (transfer_->teller() != nullptr) transfer_->teller()->changed(progressState_, 0, transfer_->progress);
+}
+
 // As long as the first repetition of a lost packet takes to be sent: a new attempt costs no more.
 Clock::duration Exchange::connectPatience() const {
     constexpr Clock::duration most = std::chrono::seconds(1);
@@ -79,7 +94,7 @@ void Attempt::readHead() {
         surroundings.deadlines.shorten(exchange, maxDrainTime);
         return;
     }
-    Transfer::Progress& progress = exchange.transfer()->progress;
+    ProgressCounts& progress = exchange.transfer()->progress;
     progress.received = 0;
     progress.expectedToReceive = head.contentLength() ? static_cast<std::int64_t>(*head.contentLength()) : -1;
     surroundings.loadDeadlines.startBody(*this, surroundings.now);

@@ -74,6 +74,10 @@ public:
     bool wasLeftOut(CURLcode code) const;
     /// How often it went out again for that.
     int leftOut = 0;
+    /// It waits for its session, in the queue or with its body, or goes on. For those who are told.
+    void waits(LoadProgress::State state, std::int64_t queueLength, TimePoint now);
+    void goesOn(TimePoint now);
+
     /// How often its host could not be reached, and until when it may try again.
     int unreached = 0;
     std::optional<TimePoint> triesUntil;
@@ -86,6 +90,7 @@ public:
 private:
     std::shared_ptr<Transfer> transfer_;
     std::unique_ptr<URLRequest> redirected_;
+    LoadProgress::State progressState_ = LoadProgress::State::loading;
     std::uint64_t redirects_ = 0;
 };
 

@@ -49,6 +49,12 @@ void ExchangeMetrics::sent() {
     queued_ = sinceStart(begun_);
 }
 
+void ExchangeMetrics::goesOn(Clock::time_point now) {
+    if (!heldBackSince_) return;
+    records_.back().heldBack += std::chrono::duration_cast<Duration>(now - *heldBackSince_);
+    heldBackSince_.reset();
+}
+
 void ExchangeMetrics::read(const Attempt& attempt) {
     if (!isSent_) return;
     CURL* const easy = attempt.handle->get();
@@ -95,6 +101,7 @@ void ExchangeMetrics::ended(const URLRequest& request, Outcome& outcome) {
 }
 
 void ExchangeMetrics::end(const URLRequest& request, const Outcome& outcome) {
+    goesOn(Clock::now());
     RequestMetrics& record = records_.back();
     describe(record, request, outcome);
     record.total = sinceStart(begun_);

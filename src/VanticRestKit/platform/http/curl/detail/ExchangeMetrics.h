@@ -10,6 +10,7 @@
 #include <chrono>
 #include <cstdint>
 #include <list>
+#include <optional>
 
 namespace VanticRestKit::detail {
 
@@ -23,6 +24,11 @@ public:
 
     /// The request goes to libcurl. What is sent again in its place changes nothing.
     void sent();
+    /// It waits in the queue of its origin, with so many in all.
+    void waitsAmong(std::int64_t queueLength) { records_.back().queueLength = queueLength; }
+    /// Its body is not read from now on, until `goesOn`.
+    void heldBack(std::chrono::steady_clock::time_point now) { heldBackSince_ = now; }
+    void goesOn(std::chrono::steady_clock::time_point now);
     /// libcurl is about to lose the request: takes its figures, unless the request was redirected.
     void read(const Attempt& attempt);
     /// The answer to the request leads to another one. It came from the cache if the request was not sent.
@@ -39,6 +45,7 @@ private:
 
     Clock::time_point begun_;
     bool isSent_ = false;
+    std::optional<Clock::time_point> heldBackSince_;
     RequestMetrics::Duration queued_{};
     // The last one is that of the request that is under way.
     std::list<RequestMetrics> records_;

@@ -100,6 +100,7 @@ void IoLoop::run(ExitGate& gate) {
         tryAgain();
         resets_.shutDownQuiet(now_);
         admit();
+        noteQueued();
         deliver();
         wait();
     }
@@ -175,6 +176,7 @@ void IoLoop::enqueue(Exchange& exchange) {
         return;
     }
     admission_.enqueue(exchange, lineOf(exchange));
+    if (exchange.metrics || exchange.transfer()->teller() != nullptr) queued_.push_back(exchange.transfer());
 }
 
 bool IoLoop::isQueueFull(const Exchange& exchange) {
@@ -195,6 +197,7 @@ void IoLoop::admit() {
 
 void IoLoop::attempt(Exchange& exchange) {
     exchange.isPatient = false;
+    exchange.goesOn(now_);
     deadlines_.watch(exchange, now_);
     send(exchange);
 }

@@ -76,6 +76,7 @@ private:
     bool isQueueFull(const Exchange& exchange);
     void enqueue(Exchange& exchange);
     void admit();
+    void noteQueued();
     void attempt(Exchange& exchange);
     void send(Exchange& exchange);
     void decodeHeld();
@@ -142,6 +143,8 @@ private:
     SuspectConnections suspects_;
     StreamResets resets_;
     Exchanges exchanges_;
+    // Observed, and put in a queue in this round.
+    std::vector<std::shared_ptr<Transfer>> queued_;
     std::vector<Ended> ended_;
     std::vector<Inbox::Message> messages_;
     std::vector<curl_waitfd> watched_;

@@ -36,6 +36,7 @@ void IoLoop::decodeHeld() {
 // libcurl passes on at once what it has kept.
 void IoLoop::resume(Attempt& attempt) {
     attempt.isPaused = false;
+    attempt.exchange.goesOn(now_);
     const CURLcode code = curl_easy_pause(attempt.handle->get(), CURLPAUSE_CONT);
     if (code != CURLE_OK) settle(attempt.exchange, code);
 }

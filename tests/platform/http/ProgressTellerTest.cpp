@@ -1,0 +1,112 @@
+#include <VanticRestKit/platform/http/detail/ProgressTeller.h>
+
+#include <gtest/gtest.h>
+#include <support/Event.h>
+
+#include <chrono>
+#include <memory>
+#include <vector>
+
+using namespace VanticRestKit;
+using namespace VanticRestKit::detail;
+using namespace VanticRestKit::test;
+using namespace std::chrono_literals;
+using State = LoadProgress::State;
+
+namespace {
+
+/// A teller whose reports are kept. The test stands for the I/O thread.
+class ProgressTellers : public testing::Test {
+protected:
+    void move(std::int64_t bytes, std::chrono::milliseconds at) {
+        counts.received = bytes;
+        teller->moved(counts, ProgressTeller::TimePoint(1h + at));
+    }
+    /// Waits until what was posted has been told.
+    std::vector<LoadProgress> reports() {
+        const Event done;
+        queue.async([done] { done.signal(); });
+        EXPECT_TRUE(done.wait());
+        return *told;
+    }
+    void end(bool isWhole) {
+        queue.async([this, isWhole] { teller->end(isWhole ? &counts : nullptr); });
+    }
+
+    ProgressCounts counts;
+    DispatchQueue queue{"progress"};
+    std::shared_ptr<std::vector<LoadProgress>> told = std::make_shared<std::vector<LoadProgress>>();
+    std::shared_ptr<ProgressTeller> teller = std::make_shared<ProgressTeller>(
+        [told = told](const LoadProgress& progress) { told->push_back(progress); }, queue);
+};
+
+}  // namespace
+
+TEST_F(ProgressTellers, TellOfBytesNoMoreThanTenTimesASecond) {
+    for (int i = 0; i <= 1000; ++i) {
+        move(i, std::chrono::milliseconds(i));
+        // So that no report waits for its turn.
+        if (i % 100 == 0) (void)reports();
+    }
+    const auto all = reports();
+    ASSERT_EQ(all.size(), 10U);
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        EXPECT_EQ(all[i].bytesReceived, static_cast<std::int64_t>(i + 1) * 100);
+    }
+}
+
+TEST_F(ProgressTellers, DoNotFloodAQueueThatIsBusy) {
+    const Event mayGoOn;
+    queue.async([mayGoOn] { EXPECT_TRUE(mayGoOn.wait()); });
+    for (int i = 0; i < 50; ++i) move(i, i * 1s);
+    mayGoOn.signal();
+    ASSERT_EQ(reports().size(), 1U);
+    move(100, 100s);
+    EXPECT_EQ(reports().back().bytesReceived, 100);
+}
+
+TEST_F(ProgressTellers, TellEachChangeOfTheStateAtOnce) {
+    counts.expectedToReceive = 7;
+    teller->changed(State::queued, 3, counts);
+    teller->changed(State::loading, 0, counts);
+    teller->changed(State::heldBack, 0, counts);
+    const auto all = reports();
+    ASSERT_EQ(all.size(), 3U);
+    EXPECT_EQ(all[0], (LoadProgress{.state = State::queued, .queueLength = 3, .bytesExpectedToReceive = 7}));
+    EXPECT_EQ(all[1].state, State::loading);
+    EXPECT_EQ(all[2].state, State::heldBack);
+}
+
+TEST_F(ProgressTellers, TellTheLastBytesAtAGoodEndOnly) {
+    move(1, 0ms);
+    end(true);
+    ASSERT_EQ(reports().size(), 1U);
+    EXPECT_EQ(reports().back().bytesReceived, 1);
+    end(true);
+    EXPECT_EQ(reports().size(), 1U) << "the receiver was let go";
+}
+
+TEST_F(ProgressTellers, TellNothingAfterAnEndWithAnErrorOrAStop) {
+    move(1, 0ms);
+    end(false);
+    move(2, 1s);
+    EXPECT_TRUE(reports().empty());
+
+    teller = std::make_shared<ProgressTeller>(
+        [told = told](const LoadProgress& progress) { told->push_back(progress); }, queue);
+    teller->changed(State::queued, 1, counts);
+    EXPECT_EQ(reports().size(), 1U);
+    teller->stop();
+    teller->changed(State::loading, 0, counts);
+    move(3, 2s);
+    move(4, 3s);
+    end(true);
+    EXPECT_EQ(reports().size(), 1U);
+}
+
+TEST_F(ProgressTellers, SayTheSameThingOnce) {
+    move(1, 0ms);
+    move(5, 1s);
+    end(true);
+    EXPECT_EQ(reports().size(), 1U);
+}
