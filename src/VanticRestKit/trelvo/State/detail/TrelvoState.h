@@ -11,6 +11,7 @@
 #include <VanticRestKit/trelvo/Common/TrelvoError.h>
 #include <VanticRestKit/trelvo/State/detail/UserOperation.h>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -55,8 +56,18 @@ public:
     void keep(const Auth& brought) override;
 
 private:
+    struct Refresh {
+        DispatchGroup group;
+        /// Whether the calling code occupies the queue on which the answer is to be delivered.
+        bool needsCurrentQueue = false;
+    };
+
+    std::optional<Refresh> beginRefresh(const TrelvoContext& context);
+    void reportEndlessWait(const char* operation, const TrelvoContext& context);
+
     std::function<double()> now_;
     WillWait willWait_;
+    std::atomic<bool> hasReported_{false};
 };
 
 /// Runs one operation: credentials first, then the request, whose answer it concludes. If the request cannot be built
