@@ -2,6 +2,7 @@
 #include <VanticRestKit/platform/http/URLErrorCode.h>
 #include <VanticRestKit/Testing/detail/Files.h>
 #include <VanticRestKit/Testing/detail/Recorded.h>
+#include <VanticRestKit/Testing/detail/StartPublisher.h>
 #include <VanticRestKit/Testing/RecordingSession.h>
 
 #include <strings.h>
@@ -89,7 +90,10 @@ NetworkSession::LoadDataArguments RecordingSession::recorded(LoadDataArguments a
         }
         inner(std::move(data), std::move(response), std::move(error));
     };
-    return {.fromURLRequest = std::move(request), .completionHandler = std::move(handler)};
+    return {.fromURLRequest = std::move(request),
+            .completionHandler = std::move(handler),
+            .metrics = std::move(arguments.metrics),
+            .progress = std::move(arguments.progress)};
 }
 
 void RecordingSession::loadData(LoadDataArguments arguments) {
@@ -102,21 +106,7 @@ Cancellable RecordingSession::start(LoadDataArguments arguments) {
 
 AnyPublisher<NetworkSession::Answer> RecordingSession::loadDataPublisher(
     LoadDataPublisherArguments arguments) {
-    return AnyPublisher<Answer>::create(
-        [self = shared_from_this(),
-         request = std::move(arguments.fromURLRequest).value()](const Subscriber<Answer, Error>& subscriber) {
-            const auto answered = [subscriber](std::optional<Data> data,
-                                               std::shared_ptr<const URLResponse> response,
-                                               std::optional<Error> error) {
-                if (error) {
-                    subscriber.complete(Failure(*std::move(error)));
-                    return;
-                }
-                subscriber.receive(Answer(data ? *std::move(data) : Data(), std::move(response)));
-                subscriber.complete();
-            };
-            return self->start({.fromURLRequest = request, .completionHandler = answered});
-        });
+    return detail::publisherByStart(shared_from_this(), std::move(arguments));
 }
 
 DispatchQueue RecordingSession::deliveryQueue() const { return state_->session->deliveryQueue(); }

@@ -2,6 +2,7 @@
 #include <VanticRestKit/Core/NetworkServiceble.h>
 #include <VanticRestKit/platform/error/NSError.h>
 #include <VanticRestKit/Testing/detail/Script.h>
+#include <VanticRestKit/Testing/detail/StartPublisher.h>
 
 #include <algorithm>
 #include <iterator>
@@ -87,21 +88,7 @@ Cancellable Script::start(LoadDataArguments arguments) {
 }
 
 AnyPublisher<NetworkSession::Answer> Script::loadDataPublisher(LoadDataPublisherArguments arguments) {
-    return AnyPublisher<Answer>::create(
-        [self = shared_from_this(),
-         request = std::move(arguments.fromURLRequest).value()](const Subscriber<Answer, Error>& subscriber) {
-            const auto answered = [subscriber](std::optional<Data> data,
-                                               std::shared_ptr<const URLResponse> response,
-                                               std::optional<Error> error) {
-                if (error) {
-                    subscriber.complete(Failure(*std::move(error)));
-                    return;
-                }
-                subscriber.receive(Answer(data ? *std::move(data) : Data(), std::move(response)));
-                subscriber.complete();
-            };
-            return self->start({.fromURLRequest = request, .completionHandler = answered});
-        });
+    return publisherByStart(shared_from_this(), std::move(arguments));
 }
 
 std::size_t Script::begin(URLRequest request, Completion handler) {
