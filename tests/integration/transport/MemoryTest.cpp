@@ -10,6 +10,7 @@
 #include <unistd.h>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <string>
 
 using namespace VanticRestKit;
@@ -70,7 +71,67 @@ void limitMemory(std::size_t size) {
     std::_Exit(load(*session, server.url()).body() == "small" ? 0 : 2);
 }
 
+/// A figure of the process in KB, such as its largest size in memory, "VmHWM".
+std::size_t kilobytesOf(const std::string& name) {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with(name + ":")) return std::stoul(line.substr(name.size() + 1));
+    }
+    std::abort();
+}
+
+/// What the process takes for a while beyond `size` and what it had before, in KB, when it loads a body of that size.
+struct Peak {
+    std::size_t before = kilobytesOf("VmRSS");
+
+    bool isWithin(std::size_t size) const {
+        const std::size_t peak = kilobytesOf("VmHWM");
+        std::fprintf(stderr, "%zu KB before, %zu KB at the peak\n", before, peak);
+        return peak <= before + (size + constant) / 1024;
+    }
+
+    /// For threads, buffers of sockets, and what a decoder keeps.
+    static constexpr std::size_t constant = 16 * megabyte;
+};
+
+/// Ends the process with 0 if a body that fills the limit arrives, and one without end fails, and neither takes more
+/// memory than the limit and a constant. `head` is that of the answer; `piece`, over and over, its body on the wire.
+[[noreturn]] void loadUpToTheLimit(const std::string& head, const std::string& piece, std::size_t pieces) {
+    FaultServer server([&](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            const bool isEndless = request->target == "/endless";
+            connection.send("HTTP/1.1 200 OK\r\nConnection: close\r\n" + head + "\r\n");
+            for (std::size_t i = 0; isEndless || i < pieces; ++i) {
+                if (!connection.send(piece)) break;
+            }
+            return;
+        }
+    });
+    constexpr std::size_t limit = 96 * megabyte;
+    auto configuration = URLSessionConfiguration::default_();
+    configuration.limits.maxBodyBytes = limit;
+    configuration.limits.maxDecodingRatio = URLSessionLimits::unlimited;
+    const auto session = URLSession::make(configuration);
+    const Peak peak;
+    {
+        const Loaded whole = load(*session, server.url());
+        if (!whole.data() || whole.data()->size() != limit || !peak.isWithin(limit)) std::_Exit(1);
+    }
+    const Loaded endless = load(*session, server.url("/endless"));
+    const bool isRefused = endless.code() == URLErrorCode::dataLengthExceedsMaximum;
+    std::_Exit(isRefused && peak.isWithin(limit) ? 0 : 2);
+}
+
 }  // namespace
+
+TEST_F(Memory, ABodyTakesNoMoreThanItsLimitAndAConstant) {
+    EXPECT_EXIT(loadUpToTheLimit("", std::string(megabyte, 'x'), 96), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(Memory, ACodedBodyTakesNoMoreThanItsLimitAndAConstant) {
+    EXPECT_EXIT(loadUpToTheLimit("Content-Encoding: gzip\r\n", gzipped(sampleText(megabyte)), 96),
+                testing::ExitedWithCode(0), "");
+}
 
 TEST_F(Memory, ABodyThatCannotBeHeldEndsItsLoadAndNotTheProcess) {
     EXPECT_EXIT(loadWithLittleMemory("", std::string(megabyte, 'x')), testing::ExitedWithCode(0), "");
