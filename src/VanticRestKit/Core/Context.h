@@ -24,8 +24,10 @@ class Serviceable;
 
 /// Says where a service is and how requests to it are made. The host implements it; only `baseURL` is required. Inherit
 /// it virtually (`class MyContext : public virtual Context`), so that one object can be the context of several
-/// services. The library reads a context only during the call that receives it, on the thread of that call, and keeps
-/// no reference to it. All members are called through this interface, so an override takes effect everywhere.
+/// services.
+///
+/// The library reads a context only during the call that receives it, on the thread of that call, and keeps no
+/// reference to it. All members are called through this interface, so an override takes effect everywhere.
 class VRK_EXPORT Context {
 public:
     /// The argument of `service`.
@@ -68,8 +70,10 @@ public:
     /// session with this context's `logError`.
     virtual std::shared_ptr<Serviceable> service(ServiceArguments arguments) const;
 
-    /// The request for a path below `baseURL`. Empty if the parts do not form a URL. By default the headers are
-    /// `additionalHTTPHeaders` and this context's `HTTPHeaderFields`; the former win for a name in both.
+    /// The request for a path below `baseURL`. Empty if the parts do not form a URL.
+    ///
+    /// By default the headers are `additionalHTTPHeaders` and this context's `HTTPHeaderFields`; the former win for a
+    /// name in both.
     virtual std::optional<URLRequest> generateURLRequest(URLRequestArguments arguments) const;
 
     /// This context as an `ObservableContext`; null if its requests are not observed. Hosts do not override this but

@@ -44,9 +44,10 @@ struct AdviceOptions {
 };
 
 /// What to do about `error`: a `LoaderError`, `NetworkError`, `TrelvoError`, `DecodingError`, `NSError`, any other
-/// error of the library, or an error type of the application that meets `ErrorType`. For an error that only wraps
-/// another one, the innermost counts, so that all forms of a load give the same advice for the same fault.
-/// `docs/errors.md` has the complete table. Any thread may call.
+/// error of the library, or an error type of the application that meets `ErrorType`.
+///
+/// For an error that only wraps another one, the innermost counts, so that all forms of a load give the same advice for
+/// the same fault. `docs/errors.md` has the complete table. Any thread may call.
 ///
 ///     if (!result) show(adviceOn(result.error()).sentence);
 VRK_EXPORT ErrorAdvice adviceOn(const Error& error, const AdviceOptions& options = {});

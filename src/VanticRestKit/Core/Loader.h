@@ -51,9 +51,10 @@ private:
 
 }  // namespace detail
 
-/// Loads a `T` through a `Serviceable`, one load at a time, any number of times. Use a loader from one thread at a
-/// time. A load does not keep the loader alive: if the loader is destroyed before the answer arrives, the completion is
-/// not called, except with a failure of the request.
+/// Loads a `T` through a `Serviceable`, one load at a time, any number of times.
+///
+/// Use a loader from one thread at a time. A load does not keep the loader alive: if the loader is destroyed before the
+/// answer arrives, the completion is not called, except with a failure of the request.
 template <class T>
 class Loader final : public detail::LoaderCore {
 public:
@@ -87,9 +88,10 @@ public:
         return std::shared_ptr<Loader>(new Loader(std::move(arguments.with)));
     }
 
-    /// Starts a load. Does nothing while one is in progress: the completion is then never called. Otherwise it is
-    /// called at most once, where the service delivers and after the loader has become idle, so that it may start the
-    /// next load. Decoding runs there too.
+    /// Starts a load. Does nothing while one is in progress: the completion is then never called.
+    ///
+    /// Otherwise it is called at most once, where the service delivers and after the loader has become idle, so that it
+    /// may start the next load. Decoding runs there too.
     void load(LoadArguments arguments, Completion completion) {
         if (isBusy()) return;
         start(std::make_unique<detail::LoadOf<T>>(std::move(arguments.withDecoder), std::move(completion)));

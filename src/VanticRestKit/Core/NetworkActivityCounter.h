@@ -14,9 +14,10 @@ namespace detail {
 struct NetworkActivity;
 }
 
-/// Counts the requests in progress, for a host that shows an activity indicator. The counter is only used on the main
-/// queue: all functions may be called on any thread and only post a block there. It can fall below zero (see
-/// `NetworkServiceble`), which also shows the indicator.
+/// Counts the requests in progress, for a host that shows an activity indicator.
+///
+/// The counter is only used on the main queue: all functions may be called on any thread and only post a block there.
+/// It can fall below zero (see `NetworkServiceble`), which also shows the indicator.
 class VRK_EXPORT NetworkActivityCounter {
 public:
     /// Receives whether the indicator should be visible. Called on the main queue after each change of the counter,

@@ -18,9 +18,11 @@
 
 namespace VanticRestKit {
 
-/// Why a request failed; also `NetworkServiceble::NetworkError`. Its own `localizedDescription` says what happened. The
-/// general interface of `Error` has another sentence, composed of domain and code, unless the user information contains
-/// one: use `error.as<NetworkError>()` for the former. An immutable value; `==` compares only the case.
+/// Why a request failed; also `NetworkServiceble::NetworkError`.
+///
+/// Its own `localizedDescription` says what happened. The general interface of `Error` has another sentence, composed
+/// of domain and code, unless the user information contains one: use `error.as<NetworkError>()` for the former. An
+/// immutable value; `==` compares only the case.
 class VRK_EXPORT NetworkError {
 public:
     /// The cases.

@@ -15,9 +15,11 @@
 
 namespace VanticRestKit {
 
-/// Runs one request on a session, any number of times, and checks the answers. A status below 400 with a body, even an
-/// empty one, is a success. Anything else is a `NetworkError`, which is also passed to `logError` unless it is
-/// `notAHTTPResponse` or `internalSDKError`. Nothing is retried. Immutable, so any thread may use it.
+/// Runs one request on a session, any number of times, and checks the answers.
+///
+/// A status below 400 with a body, even an empty one, is a success. Anything else is a `NetworkError`, which is also
+/// passed to `logError` unless it is `notAHTTPResponse` or `internalSDKError`. Nothing is retried. Immutable, so any
+/// thread may use it.
 class VRK_EXPORT NetworkServiceble final : public Serviceable,
                                            public std::enable_shared_from_this<NetworkServiceble> {
 public:
@@ -59,10 +61,11 @@ public:
     /// not keep this object alive: if it is destroyed before the answer, the completion receives `internalSDKError`.
     void fetch(FetchArguments arguments) override;
 
-    /// A publisher of the body, which keeps this object alive. Each subscription starts its own transfer. A transport
-    /// failure is delivered as the transport's own error and is not passed to `logError`. The activity counter is
-    /// incremented once by this call and decremented at each answer and at each error: twice if an answer counts as a
-    /// failure, and never if the subscription was cancelled.
+    /// A publisher of the body, which keeps this object alive. Each subscription starts its own transfer.
+    ///
+    /// A transport failure is delivered as the transport's own error and is not passed to `logError`. The activity
+    /// counter is incremented once by this call and decremented at each answer and at each error: twice if an answer
+    /// counts as a failure, and never if the subscription was cancelled.
     AnyPublisher<Data> fetch() override;
 
     /// The same, with the records that the session makes.

@@ -61,14 +61,16 @@ public:
     virtual void loadData(LoadDataArguments arguments) = 0;
 
     /// A publisher that starts a transfer for each subscription; cancelling the subscription cancels the transfer. The
-    /// session must exist until the last subscription has started. The default uses `loadData`: cancelling the
-    /// subscription then only suppresses the delivery, and so does the default of `start`. An answer without a body and
-    /// without an error gives an empty body.
+    /// session must exist until the last subscription has started.
+    ///
+    /// The default uses `loadData`: cancelling the subscription then only suppresses the delivery, and so does the
+    /// default of `start`. An answer without a body and without an error gives an empty body.
     virtual AnyPublisher<Answer> loadDataPublisher(LoadDataPublisherArguments arguments);
 
     /// Starts the transfer immediately, like `loadData`. Cancelling or destroying the returned handle cancels the
-    /// transfer, whose handler is then called with the error of a cancelled request, or not at all. The default
-    /// subscribes to `loadDataPublisher`, so the response of a failed answer is lost.
+    /// transfer, whose handler is then called with the error of a cancelled request, or not at all.
+    ///
+    /// The default subscribes to `loadDataPublisher`, so the response of a failed answer is lost.
     [[nodiscard]] virtual Cancellable start(LoadDataArguments arguments);
 
     /// The queue on which handlers are called. The default is a queue shared by all sessions that do not override this;

@@ -13,9 +13,11 @@ namespace VanticRestKit {
 class RequestObserver;
 
 /// A context that also provides an observer of its requests. A host's context inherits it in addition to the contexts
-/// of the services: `class MyContext : public TrelvoContext, public ObservableContext`. It applies to all forms of a
-/// load, to publishers, and to all operations of `Trelvo` and `UserClient`, including token requests, whatever
-/// `service` the context makes. Resources made from a request, URL or service, without a context, are not observed.
+/// of the services: `class MyContext : public TrelvoContext, public ObservableContext`.
+///
+/// It applies to all forms of a load, to publishers, and to all operations of `Trelvo` and `UserClient`, including
+/// token requests, whatever `service` the context makes. Resources made from a request, URL or service, without a
+/// context, are not observed.
 class VRK_EXPORT ObservableContext : public virtual Context {
 public:
     ~ObservableContext() override;

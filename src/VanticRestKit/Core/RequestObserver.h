@@ -93,9 +93,10 @@ public:
     RequestObserver& operator=(const RequestObserver&) = delete;
 
     /// A request has ended. Called before the completion of the load, once for each request that was sent; see
-    /// `RequestMetrics`. A request that was ended by the deadline of a load counts as cancelled. If the host's own
-    /// service or transport makes no records, there is one for each answer, without phases, connection, bytes on the
-    /// wire and the status of a success, and none for a cancelled request.
+    /// `RequestMetrics`. A request that was ended by the deadline of a load counts as cancelled.
+    ///
+    /// If the host's own service or transport makes no records, there is one for each answer, without phases,
+    /// connection, bytes on the wire and the status of a success, and none for a cancelled request.
     virtual void requestEnded(const RequestMetrics& metrics);
 
     /// A body could not be decoded. Called before the completion of the load.

@@ -96,11 +96,12 @@ consteval typename UnsignedOf<T>::type exactly(U literal) {
 
 }  // namespace detail
 
-/// A field of a label struct that the caller must set: omitting it does not compile. It accepts anything that converts
-/// to `T` without narrowing, and for a vector or map also its elements in braces. For an unsigned number, optional or
-/// not, it accepts a signed constant: `.limit = 10` compiles, `.limit = -1` and `.limit = n` with a variable `int n` do
-/// not. Write an empty list with its type, `.queries = std::vector<URLQueryItem>{}`, because `{}` looks like an omitted
-/// field.
+/// A field of a label struct that the caller must set: omitting it does not compile.
+///
+/// It accepts anything that converts to `T` without narrowing, and for a vector or map also its elements in braces. For
+/// an unsigned number, optional or not, it accepts a signed constant: `.limit = 10` compiles, `.limit = -1` and `.limit
+/// = n` with a variable `int n` do not. Write an empty list with its type, `.queries = std::vector<URLQueryItem>{}`,
+/// because `{}` looks like an omitted field.
 ///
 /// ```cpp
 /// struct GreetArguments {

@@ -23,8 +23,10 @@
 namespace VanticRestKit {
 
 /// A prepared request whose answer is decoded to a `T`, any type that `JSONDecoder` decodes. It is cheap: make one per
-/// use. The request is built once, when the resource is made: its URL, headers and tokens are those of that time.
-/// Copies share one `Loader` and therefore one busy state. Use a resource from one thread at a time.
+/// use.
+///
+/// The request is built once, when the resource is made: its URL, headers and tokens are those of that time. Copies
+/// share one `Loader` and therefore one busy state. Use a resource from one thread at a time.
 ///
 /// A completion must not throw: that ends the process, as for every block of a `DispatchQueue`.
 ///
@@ -117,9 +119,10 @@ public:
     using Outcome = Result<T, LoaderError>;
 
     /// Starts an independent load, busy or not, and calls `completion` once with its outcome, on the queue of the
-    /// options or on the session's delegate queue. `cancel()` on the handle ends the load and its transfer, and the
-    /// completion is called with that error. Dropping the handle ends it too, but the completion is not called.
-    /// `detach()` lets the load continue without the handle.
+    /// options or on the session's delegate queue.
+    ///
+    /// `cancel()` on the handle ends the load and its transfer, and the completion is called with that error. Dropping
+    /// the handle ends it too, but the completion is not called. `detach()` lets the load continue without the handle.
     ///
     /// ```cpp
     /// Cancellable load = show->start({.on = DispatchQueue::main(), .deadline = 5s}, [](auto result) { ... });
@@ -133,9 +136,10 @@ public:
 
     /// An independent load for a coroutine: `Result<Show, LoaderError> show = co_await resource->value();` It starts
     /// when it is awaited; the coroutine resumes where `start` would call the completion. Destroying the waiting
-    /// coroutine cancels the load. GCC 12 has a bug: braced arguments with a destructor, such as a string, are
-    /// destroyed twice in a `co_await` expression. With that compiler, make the resource in a separate statement before
-    /// awaiting it.
+    /// coroutine cancels the load.
+    ///
+    /// GCC 12 has a bug: braced arguments with a destructor, such as a string, are destroyed twice in a `co_await`
+    /// expression. With that compiler, make the resource in a separate statement before awaiting it.
     LoadAwaitable<Resource> value(AwaitOptions options = {}) const { return {*this, options.copied()}; }
     /// The same with stored options.
     template <std::same_as<LoadOptions> Options>

@@ -82,8 +82,10 @@ concept RouteType = std::is_class_v<R> && detail::OffersMember<R, detail::RouteP
     detail::OffersOrLacksMember<R, detail::RoutePostData> &&
     detail::OffersOrLacksMember<R, detail::RouteHttpMethod>;
 
-/// The path, query items, body and method of a route of any type. Reads the route's members once, when it is made, and
-/// keeps no reference to it. A value; any number of threads may read it.
+/// The path, query items, body and method of a route of any type.
+///
+/// Reads the route's members once, when it is made, and keeps no reference to it. A value; any number of threads may
+/// read it.
 ///
 /// ```cpp
 /// struct GreetingURI {

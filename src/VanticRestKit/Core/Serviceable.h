@@ -50,9 +50,11 @@ public:
     virtual void fetch(FetchArguments arguments) = 0;
 
     /// A publisher of the body or the error. Each subscription runs the request again. The service must exist until the
-    /// last subscription has started; a `Loader` keeps it alive that long. The default uses `fetch(FetchArguments)`:
-    /// cancelling the subscription then only suppresses the delivery, and so does the default of `start`. A service
-    /// that overrides only that one hides this overload; `using Serviceable::fetch;` makes it visible again.
+    /// last subscription has started; a `Loader` keeps it alive that long.
+    ///
+    /// The default uses `fetch(FetchArguments)`: cancelling the subscription then only suppresses the delivery, and so
+    /// does the default of `start`. A service that overrides only that one hides this overload; `using
+    /// Serviceable::fetch;` makes it visible again.
     virtual AnyPublisher<Data> fetch();
 
     /// As `fetch()`, with records of the requests of all subscriptions passed to `metrics`, which may be empty. The

@@ -16,9 +16,11 @@
 namespace VanticRestKit {
 
 /// The awaitable that `value()` returns. The load starts when the coroutine suspends; the coroutine resumes with the
-/// outcome on the queue of the options, or where the service delivers if they name none. It may be awaited once, in a
-/// coroutine of any type. Destroying a waiting coroutine cancels the load, and it is never resumed; destroy it on the
-/// queue on which it would resume, or when it cannot be resuming at that moment. Allocates nothing of its own.
+/// outcome on the queue of the options, or where the service delivers if they name none.
+///
+/// It may be awaited once, in a coroutine of any type. Destroying a waiting coroutine cancels the load, and it is never
+/// resumed; destroy it on the queue on which it would resume, or when it cannot be resuming at that moment. Allocates
+/// nothing of its own.
 template <class Starter>
 class [[nodiscard]] LoadAwaitable {
 public:

@@ -66,9 +66,11 @@ VRK_EXPORT Error waitWouldNeverEnd();
 }  // namespace detail
 
 /// The outcome of a started load. Movable. Dropping it does not cancel the load; only the stop token and the deadline
-/// of its options do. A wait on the queue that has to deliver the outcome would never end. There `get()` fails at once
-/// with an error of the domain "VanticRestKit.Wait" that says so, and `waitFor()` returns false. A `std::future` made
-/// from this one cannot detect that and waits forever.
+/// of its options do.
+///
+/// A wait on the queue that has to deliver the outcome would never end. There `get()` fails at once with an error of
+/// the domain "VanticRestKit.Wait" that says so, and `waitFor()` returns false. A `std::future` made from this one
+/// cannot detect that and waits forever.
 template <class Outcome>
 class [[nodiscard]] LoadFuture {
 public:

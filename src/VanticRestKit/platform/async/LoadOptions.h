@@ -52,9 +52,10 @@ private:
 }  // namespace detail
 
 /// `LoadOptions` for a `co_await` expression: the same fields, which refer to their values until the call returns.
-/// Write them in braces in the call; use `LoadOptions` to store options. GCC 12 destroys the fields of braced arguments
-/// in a `co_await` expression twice. These fields are trivially destructible, so `co_await resource->value({.deadline =
-/// 5s})` is safe there.
+/// Write them in braces in the call; use `LoadOptions` to store options.
+///
+/// GCC 12 destroys the fields of braced arguments in a `co_await` expression twice. These fields are trivially
+/// destructible, so `co_await resource->value({.deadline = 5s})` is safe there.
 struct AwaitOptions {
     /// The queue to deliver on; left out, the delivery queue of the service.
     detail::Borrowed<DispatchQueue> on{};

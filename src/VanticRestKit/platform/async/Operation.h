@@ -47,9 +47,11 @@ using Published = std::conditional_t<std::is_void_v<T>, std::monostate, T>;
 }  // namespace detail
 
 /// Work that runs each time it is started, and not before. Copies are the same operation. Any number of threads may
-/// start it, any number of times; the starts are independent. Each start delivers exactly one outcome, on the queue of
-/// its options: the result of the work or, after a cancellation or a missed deadline, a failure with a transport error
-/// of `URLErrorCode::cancelled` or `URLErrorCode::timedOut`.
+/// start it, any number of times; the starts are independent.
+///
+/// Each start delivers exactly one outcome, on the queue of its options: the result of the work or, after a
+/// cancellation or a missed deadline, a failure with a transport error of `URLErrorCode::cancelled` or
+/// `URLErrorCode::timedOut`.
 template <class O>
 class Operation {
 public:
@@ -71,9 +73,10 @@ public:
         return handle;
     }
 
-    /// `Outcome outcome = co_await operation.value();` GCC 12 has a bug: braced arguments with a destructor, such as a
-    /// string, are destroyed twice in a `co_await` expression. With that compiler, make the operation in a separate
-    /// statement before awaiting it.
+    /// `Outcome outcome = co_await operation.value();`
+    ///
+    /// GCC 12 has a bug: braced arguments with a destructor, such as a string, are destroyed twice in a `co_await`
+    /// expression. With that compiler, make the operation in a separate statement before awaiting it.
     LoadAwaitable<Operation> value(AwaitOptions options = {}) const { return {*this, options.copied()}; }
     /// The same with stored options.
     template <std::same_as<LoadOptions> Options>

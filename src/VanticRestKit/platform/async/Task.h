@@ -86,10 +86,11 @@ public:
 
 }  // namespace detail
 
-/// A coroutine that starts when it is awaited and gives a `T`. Move-only; await it once. It runs on the awaiting thread
-/// until it suspends, then wherever it is resumed. An exception that leaves it is rethrown where it is awaited.
-/// Destroying a task destroys its coroutine, which cancels the load that it awaits; see `LoadAwaitable` on destroying a
-/// coroutine.
+/// A coroutine that starts when it is awaited and gives a `T`. Move-only; await it once.
+///
+/// It runs on the awaiting thread until it suspends, then wherever it is resumed. An exception that leaves it is
+/// rethrown where it is awaited. Destroying a task destroys its coroutine, which cancels the load that it awaits; see
+/// `LoadAwaitable` on destroying a coroutine.
 ///
 /// ```cpp
 /// Task<std::size_t> seriesOf(Resource<Show> resource) {

@@ -15,9 +15,10 @@ namespace detail {
 class ByteBuffer;
 }  // namespace detail
 
-/// Immutable bytes. Copies share one buffer, so a copy costs a reference count. The last byte is followed by `padding`
-/// zero bytes that belong to the buffer, so that a parser may load whole words at the end without checking the length
-/// first. Any number of threads may read one `Data`.
+/// Immutable bytes. Copies share one buffer, so a copy costs a reference count.
+///
+/// The last byte is followed by `padding` zero bytes that belong to the buffer, so that a parser may load whole words
+/// at the end without checking the length first. Any number of threads may read one `Data`.
 class Data {
 public:
     /// The number of readable zero bytes after the last byte.

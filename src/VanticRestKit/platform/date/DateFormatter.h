@@ -40,10 +40,11 @@ public:
     /// A locale identifier such as "en_US_POSIX". It has no effect, since neither pattern contains words.
     std::optional<std::string> locale{};
 
-    /// The instant that `text`, in UTF-8, denotes; empty if it does not match the pattern. The year has four digits and
-    /// is not 0000; every other field has one or two digits, of any script. Dates are in the proleptic Gregorian
-    /// calendar. Hour 24, second 60, days that do not exist and any leading or trailing characters are refused. A local
-    /// time that the zone skips is no date; one that occurs twice is the later instant.
+    /// The instant that `text`, in UTF-8, denotes; empty if it does not match the pattern.
+    ///
+    /// The year has four digits and is not 0000; every other field has one or two digits, of any script. Dates are in
+    /// the proleptic Gregorian calendar. Hour 24, second 60, days that do not exist and any leading or trailing
+    /// characters are refused. A local time that the zone skips is no date; one that occurs twice is the later instant.
     std::optional<Date> date(std::string_view text) const;
 
     /// As `date`, after every dot that is followed by digits has been removed from `rawDate`, with its digits, wherever

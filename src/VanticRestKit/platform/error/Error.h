@@ -29,11 +29,13 @@ struct ErrorTag {};
 ///
 /// - `static const ErrorTag& errorTag()`: its identity, defined in a source file and exported.
 /// - `std::string errorDomain() const` and `std::int64_t errorCode() const`.
+///
 /// Optional: `Dictionary errorUserInfo() const`, and `std::string generalDescription() const` if the type has its own
 /// description for the general interface. Without it, the description is `NSLocalizedDescription` of the user
-/// information, or else a sentence composed of domain and code. Optional, for `adviceOn`: `std::optional<ErrorCategory>
-/// errorCategory() const`, empty if the underlying error decides, and `std::optional<Error> underlyingError() const`,
-/// which returns that error.
+/// information, or else a sentence composed of domain and code.
+///
+/// Optional, for `adviceOn`: `std::optional<ErrorCategory> errorCategory() const`, empty if the underlying error
+/// decides, and `std::optional<Error> underlyingError() const`, which returns that error.
 ///
 /// All these members must be safe to call from several threads at once.
 template <class T>

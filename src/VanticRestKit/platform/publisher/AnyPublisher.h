@@ -13,14 +13,16 @@ struct Never {
     Never() = delete;
 };
 
-/// Describes a stream: values in order, then one completion, either normal or with an error of type E. Nothing happens
-/// until a subscriber subscribes, and each subscription does its own work. The subscription lasts as long as its
-/// handle: dropping the handle cancels it, and cancellation reaches the source. After `cancel()` on the delivering
-/// thread nothing more is delivered; after `cancel()` on another thread, at most the delivery then in progress
-/// finishes. The subscriber's functions are destroyed when the stream ends or is cancelled. Everything runs on the
-/// thread on which the source sends, unless `receiveOn` changes that. A publisher is a value; copies share its
-/// description, and any number of threads may subscribe. The functions passed to its operators are shared by all
-/// subscriptions and may be called by several threads at once if the sources send so.
+/// Describes a stream: values in order, then one completion, either normal or with an error of type E.
+///
+/// Nothing happens until a subscriber subscribes, and each subscription does its own work. The subscription lasts as
+/// long as its handle: dropping the handle cancels it, and cancellation reaches the source. After `cancel()` on the
+/// delivering thread nothing more is delivered; after `cancel()` on another thread, at most the delivery then in
+/// progress finishes. The subscriber's functions are destroyed when the stream ends or is cancelled.
+///
+/// Everything runs on the thread on which the source sends, unless `receiveOn` changes that. A publisher is a value;
+/// copies share its description, and any number of threads may subscribe. The functions passed to its operators are
+/// shared by all subscriptions and may be called by several threads at once if the sources send so.
 ///
 ///     const auto numbers = AnyPublisher<int, Error>::just(20).map([](int n) { return n + 1; });
 ///     Cancellable subscription = numbers.sink([](int n) { ... }, [](Result<void, Error> end) { ... });

@@ -33,8 +33,10 @@ public:
 /// Owns an operation in progress; destroying the handle cancels it.
 ///
 /// For a load, `cancel()` and destruction differ: after `cancel()` its completion is called with the error of a
-/// cancelled load; after destruction it is not called. A subscription delivers nothing after either. `cancel()` may be
-/// called on any thread, and by several threads at once, but not while the handle is being moved or destroyed.
+/// cancelled load; after destruction it is not called. A subscription delivers nothing after either.
+///
+/// `cancel()` may be called on any thread, and by several threads at once, but not while the handle is being moved or
+/// destroyed.
 class VRK_EXPORT Cancellable {
 public:
     /// Cancels nothing.

@@ -12,10 +12,11 @@
 
 namespace VanticRestKit::detail {
 
-/// The receiving end of a subscription, or of the part of one before a change of queue. It is open until it is
-/// cancelled or a completion passes. It owns the source's handle, and releases it and the subscriber's functions once
-/// it is closed: the source holds its subscriber and the gate holds the source's handle, so closing breaks that
-/// reference cycle.
+/// The receiving end of a subscription, or of the part of one before a change of queue.
+///
+/// It is open until it is cancelled or a completion passes. It owns the source's handle, and releases it and the
+/// subscriber's functions once it is closed: the source holds its subscriber and the gate holds the source's handle, so
+/// closing breaks that reference cycle.
 class VRK_EXPORT Gate : public CancelTarget {
 public:
     ~Gate() override;

@@ -28,9 +28,11 @@ public:
 
 }  // namespace detail
 
-/// The receiving end of one subscription. Copies refer to the same one. A source sends any number of values, from any
-/// thread but never from two at once, then one completion. Anything sent after the completion or after the subscription
-/// was cancelled is ignored. All copies may be dropped without a completion; then nothing more is delivered.
+/// The receiving end of one subscription. Copies refer to the same one.
+///
+/// A source sends any number of values, from any thread but never from two at once, then one completion. Anything sent
+/// after the completion or after the subscription was cancelled is ignored. All copies may be dropped without a
+/// completion; then nothing more is delivered.
 template <class T, class E>
 class Subscriber {
 public:

@@ -28,9 +28,10 @@ private:
     E error_;
 };
 
-/// A value of type T, or an error of type E. `T` may be `void`. The member names are those of `std::expected`, but
-/// nothing throws: accessing the value of a failure, or the error of a success, aborts the process. Check `has_value()`
-/// first. A moved-from `Result` keeps its `has_value()`.
+/// A value of type T, or an error of type E. `T` may be `void`.
+///
+/// The member names are those of `std::expected`, but nothing throws: accessing the value of a failure, or the error of
+/// a success, aborts the process. Check `has_value()` first. A moved-from `Result` keeps its `has_value()`.
 template <class T, class E>
 class [[nodiscard]] Result {
 public:

@@ -19,9 +19,10 @@ namespace detail {
 struct URLText;
 }
 
-/// An immutable address, absolute or relative. Copies share one string, so a copy costs a reference count. A `URL`
-/// contains only characters that are valid in a URL: `make` percent-encodes the others. Any number of threads may read
-/// one `URL`. A moved-from `URL` still holds its address.
+/// An immutable address, absolute or relative. Copies share one string, so a copy costs a reference count.
+///
+/// A `URL` contains only characters that are valid in a URL: `make` percent-encodes the others. Any number of threads
+/// may read one `URL`. A moved-from `URL` still holds its address.
 class VRK_EXPORT URL {
 public:
     /// An address written in the source: `URL("https://service.example/api")`. It is checked at compile time; see
@@ -29,9 +30,10 @@ public:
     explicit URL(URLLiteral literal) : URL(*make(literal.text())) {}
 
     /// Parses `text`, in UTF-8. A user, password, path, query or fragment with a character that is not allowed there,
-    /// or with a "%" that begins no escape, is percent-encoded as a whole, including its "%". Empty if `text` is empty,
-    /// if its scheme, host or port is invalid, or if it has no scheme but a ":" in its first segment. Non-ASCII letters
-    /// in a host are percent-encoded.
+    /// or with a "%" that begins no escape, is percent-encoded as a whole, including its "%".
+    ///
+    /// Empty if `text` is empty, if its scheme, host or port is invalid, or if it has no scheme but a ":" in its first
+    /// segment. Non-ASCII letters in a host are percent-encoded.
     static std::optional<URL> make(std::string_view text);
 
     /// Resolves `text`, a reference such as the target of a redirect, against `base` (RFC 3986, section 5). Dot

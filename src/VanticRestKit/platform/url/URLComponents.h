@@ -16,9 +16,10 @@
 
 namespace VanticRestKit {
 
-/// The parts of a URL. A value: copies are independent. All getters decode. A part whose decoded bytes are not UTF-8 is
-/// returned percent-encoded, as written. Only query items return such bytes decoded, so that a query that is read and
-/// set again does not change.
+/// The parts of a URL. A value: copies are independent. All getters decode.
+///
+/// A part whose decoded bytes are not UTF-8 is returned percent-encoded, as written. Only query items return such bytes
+/// decoded, so that a query that is read and set again does not change.
 class VRK_EXPORT URLComponents {
 public:
     /// Parses `text`, in UTF-8, by the rules of `URL::make`, with two differences: an empty string is accepted and has

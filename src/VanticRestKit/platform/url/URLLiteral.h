@@ -69,10 +69,11 @@ void literalIsNotAnHTTPAddress();
 
 }  // namespace detail
 
-/// A constant address for the constructor of `URL`. An invalid one does not compile. Accepted are "http://" and
-/// "https://" with a host of ASCII letters, digits, "-" and ".", an optional port, and an already percent-encoded path,
-/// query and fragment. For anything else (a user, an IPv6 address, another scheme, characters to be encoded) use
-/// `URL::make`.
+/// A constant address for the constructor of `URL`. An invalid one does not compile.
+///
+/// Accepted are "http://" and "https://" with a host of ASCII letters, digits, "-" and ".", an optional port, and an
+/// already percent-encoded path, query and fragment. For anything else (a user, an IPv6 address, another scheme,
+/// characters to be encoded) use `URL::make`.
 class URLLiteral {
 public:
     /// Does not compile for a text that is no URL.

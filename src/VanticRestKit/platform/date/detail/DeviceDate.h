@@ -11,9 +11,11 @@
 namespace VanticRestKit::detail {
 
 /// The instant of `text`, such as "2021-03-04 05:06:07", in the device's time zone, or empty: the same result as a
-/// `DateFormatter` with the device pattern and no zone. The zone is that of the C library: the variable TZ, else the
-/// system's. A change of TZ takes effect at the next call, a change of the system zone within some hundredths of a
-/// second, unless a `DeviceZoneHold` exists. Any thread; but no thread may modify the environment at the same time.
+/// `DateFormatter` with the device pattern and no zone.
+///
+/// The zone is that of the C library: the variable TZ, else the system's. A change of TZ takes effect at the next call,
+/// a change of the system zone within some hundredths of a second, unless a `DeviceZoneHold` exists. Any thread; but no
+/// thread may modify the environment at the same time.
 std::optional<Date> deviceDate(std::string_view text);
 
 /// While one exists, `deviceDate` on this thread does not check whether the zone has changed. This makes a call several

@@ -10,9 +10,10 @@
 
 namespace VanticRestKit::detail {
 
-/// Converts local times of the device's zone to instants. The C library converts under a lock, and takes a microsecond
-/// for years in the future. So each thread caches offsets for stretches of about 48 days, each with the one transition
-/// that it may contain. An object belongs to one thread.
+/// Converts local times of the device's zone to instants.
+///
+/// The C library converts under a lock, and takes a microsecond for years in the future. So each thread caches offsets
+/// for stretches of about 48 days, each with the one transition that it may contain. An object belongs to one thread.
 class DeviceZone {
 public:
     static DeviceZone& ofThisThread() noexcept;
