@@ -19,10 +19,10 @@ JSON linkTo(const std::string& href);
 /// The kinds of names are "show", "series", "video", "collection", "channel", "category" and "avatar".
 std::string pictureOf(const std::string& name, const std::string& shape);
 
-/// The picture's addresses of shows and videos by shape, without `thumbnail`.
+/// The picture addresses of a show or video by shape, without `thumbnail`.
 JSON thumbnailsOf(const std::string& name, const std::string& category);
 
-/// Where streams and captions would be, were there any.
+/// The addresses of streams and captions on a media host that does not exist.
 std::string mediaAddress(const std::string& path);
 
 }  // namespace VanticRestKit::sample

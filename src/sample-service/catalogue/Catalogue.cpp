@@ -77,7 +77,7 @@ void Catalogue::addEpisodes(const Show& show) {
     }
 }
 
-// A live channel goes out once for the whole country and once for each region.
+// A live channel is broadcast once for the whole country and once for each region.
 void Catalogue::addSingle(const Show& show) {
     const auto houseNumber = houseNumberOf(show, 0, 1);
     unsigned id = show.id * 100;

@@ -24,7 +24,7 @@ struct Show {
     std::string participants;
     std::vector<std::string> tags;
     std::vector<std::vector<std::string>> series;  // the titles of the episodes, by series
-    const Catalogue* catalogue = nullptr;          // which it is of; set by that one
+    const Catalogue* catalogue = nullptr;          // that contains it; set by that catalogue
 };
 
 struct Region;
@@ -34,10 +34,10 @@ struct Video {
     unsigned id;
     std::string houseNumber;
     std::string title;
-    unsigned series;       // from 1; 0 where the show has none
-    unsigned episode;      // from 1; 0 where the show has none
-    const Video* next;     // the episode behind this one, or null
-    const Region* region;  // of a live channel's variant; null for all else
+    unsigned series;       // from 1; 0 if the show has none
+    unsigned episode;      // from 1; 0 if the show has none
+    const Video* next;     // the episode after this one, or null
+    const Region* region;  // of a live channel's variant; otherwise null
 };
 
 /// A series of a show, found in the catalogue by its id.
@@ -58,19 +58,19 @@ public:
     const std::vector<Show>& shows() const { return shows_; }
     const std::deque<Video>& videos() const { return videos_; }
 
-    /// Each is null where there is none of this name.
+    /// Each returns null if there is none of this name.
     const Video* video(const std::string& houseNumber) const;
     const Show* show(const std::string& slugOrId) const;
     const Series* series(const std::string& id) const;
 
-    /// What stands in the index of shows: neither trailers nor live channels.
+    /// The shows of the index: no trailers and no live channels.
     std::vector<const Show*> programmes() const;
     std::vector<const Series*> seriesOf(const Show& show) const;
     /// The videos of a show in order: its episodes, or its only one.
     std::vector<const Video*> videosOf(const Show& show) const;
     /// The trailers of a show.
     std::vector<const Video*> extrasOf(const Show& show) const;
-    /// The live channels as they go out in a region; null: in the whole country.
+    /// The live channels of a region; null: of the whole country.
     std::vector<const Video*> livestreams(const Region* region) const;
 
 private:
@@ -83,10 +83,10 @@ private:
     std::map<std::string, const Video*> byHouseNumber_;
 };
 
-/// That of the service: all made up, the same at every start.
+/// The catalogue of the service: invented, and the same at every start.
 const Catalogue& catalogue();
 
-// The tables, each in a file of its own in tables/.
+// The tables, each in its own file in tables/.
 std::vector<Show> drama();
 std::vector<Show> documentaries();
 std::vector<Show> lifestyle();

@@ -5,7 +5,7 @@ namespace VanticRestKit::sample {
 
 namespace {
 
-// Not every video comes in every quality, as on the real thing: a host has to choose among what is there.
+// Not every video has every quality, as on the real service: a host has to choose among those available.
 JSON streamJSON(const Video& video, const std::string& technology, const char* extension) {
     const std::string base = mediaAddress(technology + "/" + video.houseNumber);
     JSON stream;

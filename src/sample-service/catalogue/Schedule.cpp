@@ -23,14 +23,14 @@ std::vector<const Video*> programmesOf(const Channel& channel) {
 
 long lengthOf(const Video& video) { return (static_cast<long>(durationOf(video)) + grid - 1) / grid * grid; }
 
-/// The slot of a time in a day that began at `dawn`.
+/// The slot that contains a time of a day that began at `dawn`.
 Slot slotAt(const Channel& channel, const std::vector<const Video*>& programmes, long dawn, long at) {
     const long dusk = dawn + (channel.closesAtNight ? closes - opens : day);
     if (at >= dusk) return {nullptr, dusk, dawn + day};
     auto index = static_cast<std::size_t>(dawn / day) % programmes.size();
     for (long start = dawn;; index = (index + 1) % programmes.size()) {
         const long end = start + lengthOf(*programmes[index]);
-        // What does not fit into the day any more is cut.
+        // A programme that exceeds the day is cut.
         if (at < end) return {programmes[index], start, std::min(end, dusk)};
         start = end;
     }

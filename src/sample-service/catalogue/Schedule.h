@@ -14,9 +14,9 @@ struct Slot {
     long end;
 };
 
-/// What a channel shows at a time and behind it. Every day from six to six (UTC) is made in the same way from
-/// the channel's own episodes and films, beginning with another one each day; a channel that closes does so
-/// at eight in the evening.
+/// The programme of a channel at a time and the next one. Every day, from six to six (UTC), is filled in the same way
+/// with the channel's own episodes and films, starting with a different one each day; a channel that closes does so at
+/// eight in the evening.
 struct Showing {
     Slot now;
     Slot next;

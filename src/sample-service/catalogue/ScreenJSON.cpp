@@ -36,7 +36,7 @@ JSON collectionJSON(const Collection& collection, bool withHighlightItem) {
     const std::string href = "/collection/" + collection.id;
     const std::string picture = "collection/" + collection.id;
     JSON json;
-    // Ids come as numbers from one shelf of the service and as texts from another.
+    // Like the real service, sends some ids as numbers and others as strings.
     if (isNumber(collection.id)) {
         json["id"] = std::stoul(collection.id);
     } else {

@@ -7,7 +7,7 @@ namespace VanticRestKit::sample {
 
 JSON screenJSON(const Screen& screen);
 
-/// A collection; its first show or video once more as the item to highlight, where asked for.
+/// A collection, optionally with its first show or video repeated as the item to highlight.
 JSON collectionJSON(const Collection& collection, bool withHighlightItem);
 
 }  // namespace VanticRestKit::sample

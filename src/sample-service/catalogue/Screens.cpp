@@ -33,7 +33,7 @@ Screen home() {
     return screen;
 }
 
-/// The screen of what has something in common: three to begin with, all of it, and where to start.
+/// The screen of shows that have something in common: three featured ones, all of them, and first episodes.
 Screen screenOf(const std::string& kind, const std::string& id, const std::string& title,
                 const std::string& theme, const std::vector<const Show*>& shows) {
     Screen screen{"/" + kind + "/" + id, id, title, theme, {}, {}};

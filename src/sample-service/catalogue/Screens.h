@@ -10,7 +10,7 @@ namespace VanticRestKit::sample {
 
 using Item = std::variant<const Show*, const Series*, const Video*>;
 
-/// A titled list of shows, series and videos side by side: a row of a screen, or a page of its own.
+/// A titled list of shows, series and videos: a row of a screen, or a page of its own.
 struct Collection {
     std::string id;
     std::string title;
@@ -29,7 +29,7 @@ struct Screen {
     std::vector<Collection> rows;
 };
 
-/// Null where there is none.
+/// Null if there is none.
 const Screen* screenAt(const std::string& href);
 const Collection* collectionOf(const std::string& id);
 

@@ -55,7 +55,7 @@ std::vector<const Show*> showsFoundBy(const std::string& keyword) {
 std::vector<const Show*> showsRelatedTo(const Show& show) {
     auto shows = catalogue().programmes();
     std::erase_if(shows, [&](const Show* other) { return other == &show || inCommon(*other, show) == 0; });
-    // Shows lie in one list, so that the order of their addresses is the catalogue's.
+    // Shows are elements of one list, so comparing addresses gives the catalogue's order.
     std::sort(shows.begin(), shows.end(), [&](const Show* a, const Show* b) {
         const auto ofA = inCommon(*a, show), ofB = inCommon(*b, show);
         return ofA != ofB ? ofA > ofB : a < b;

@@ -10,7 +10,7 @@ namespace VanticRestKit::sample {
 
 namespace {
 
-// Shows differ from each other by their id, the same at every start.
+// Derived from the id, so that shows differ and are the same at every start.
 bool each(const Show& show, unsigned nth) { return show.id % nth == 0; }
 bool isBlocked(const Show& show) { return show.slug == "midnight-weighbridge"; }
 

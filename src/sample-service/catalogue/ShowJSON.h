@@ -5,7 +5,7 @@
 
 namespace VanticRestKit::sample {
 
-/// What a show brings along besides itself. Null and false: nothing.
+/// What is embedded in a show. Null and false: nothing.
 struct ShowExtras {
     const Video* highlightVideo = nullptr;
     const Series* selectedSeries = nullptr;
@@ -14,7 +14,7 @@ struct ShowExtras {
 
 JSON showJSON(const Show& show, const ShowExtras& extras = {});
 
-/// A series, with its episodes and its show's trailers where asked for.
+/// A series, optionally with its episodes and its show's trailers.
 JSON seriesJSON(const Series& series, bool withEpisodes);
 
 /// Whether the episodes of a show have captions.

@@ -5,12 +5,12 @@
 
 namespace VanticRestKit::sample {
 
-// What is not a show: small tables, each in a file of its own in tables/. They live as long as the program.
+// Everything but shows: small tables, each in its own file in tables/. They exist as long as the program.
 
 struct Region {
     std::string id;
     std::string title;
-    unsigned minutesBehind;  // how much later the same programme goes out there
+    unsigned minutesLater;  // how much later the same programme is broadcast there
 };
 
 struct Channel {
@@ -43,10 +43,10 @@ struct Alert {
     std::string status;     // empty: none
     std::string linkTitle;  // empty: no link
     std::string linkHref;
-    std::string shownAt;  // the slug of a show or the id of a screen; empty: nowhere
+    std::string shownAt;  // the slug of a show or the id of a screen; may be empty
 };
 
-/// What an application is told. Empty conditions hold for all.
+/// A message to applications. Empty conditions match all.
 struct Notice {
     unsigned id;
     std::string title;
@@ -82,7 +82,7 @@ const Row* rowOf(const std::vector<Row>& table, const std::string& id) {
     return nullptr;
 }
 
-/// The id of the alert that a show or a screen bears; no text where it bears none.
+/// The id of the alert of a show or screen; an empty string if it has none.
 std::string alertShownAt(const std::string& place);
 
 }  // namespace VanticRestKit::sample

@@ -9,7 +9,7 @@ namespace VanticRestKit::sample {
 
 namespace {
 
-// Videos differ from each other by their place, the same at every start.
+// Derived from the position, so that videos differ and are the same at every start.
 bool each(const Video& video, unsigned nth) { return video.id % nth == 0; }
 
 bool isEpisode(const Video& video) { return video.episode > 0; }

@@ -8,13 +8,13 @@ namespace VanticRestKit::sample {
 /// A video in the service's hypertext form, with its playlist embedded.
 JSON videoJSON(const Video& video);
 
-/// A video as it stands in a list: without playlist and measurements.
+/// A video as an element of a list: without playlist and measurements.
 JSON videoSummaryJSON(const Video& video);
 
 /// The streams, captions and warnings of a video, in the order in which they are played.
 JSON playlistJSON(const Video& video);
 
-/// What the two measuring services are told about a video.
+/// The metadata of a video for the two measurement services.
 JSON analyticsJSON(const Video& video);
 
 /// The links of a show, and of its videos, to its category.

@@ -8,7 +8,7 @@ namespace {
 
 JSON imageOf(const Avatar& avatar, std::size_t index) {
     JSON image;
-    // Ids come as numbers from one shelf of the service and as texts from another.
+    // Like the real service, sends some ids as numbers and others as strings.
     if (index % 3 == 2) {
         image["id"] = "av-" + avatar.id;
     } else {

@@ -8,10 +8,10 @@ namespace VanticRestKit::sample {
 
 namespace {
 
-// What only a request that includes private data gets to see.
+// Only returned to a request that includes private data.
 constexpr const char* privateKey = "birthYear";
 
-/// The family of "ann.tim" is that of "ann"; "ann" is a parent, of whom nothing is told.
+/// The family of "ann.tim" is that of "ann"; "ann" is a parent, whose data is not returned.
 std::string parentOf(const std::string& uid) {
     const auto dot = uid.rfind('.');
     return dot == std::string::npos ? "" : uid.substr(0, dot);
@@ -50,7 +50,7 @@ Reply read(Users::All& all, const Asked& asked, const Request& request, const st
     return data.empty() ? missing(name) : records("dataset", std::move(data));
 }
 
-/// The dataset that a body brings; nothing where it brings none.
+/// The dataset in a body; empty if there is none.
 std::optional<JSON> valuesIn(const Request& request) {
     const auto text = formField(request.body, "dataset");
     if (!text) return std::nullopt;

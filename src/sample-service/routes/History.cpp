@@ -16,7 +16,7 @@ std::optional<std::int64_t> wholeNumber(const std::string& text) {
     return number;
 }
 
-/// What a request wants to see of a history.
+/// The parameters of a request for a history.
 struct Wanted {
     std::string slug;
     std::optional<std::int64_t> showId{};
@@ -30,7 +30,7 @@ struct Wanted {
     }
 };
 
-/// Reads the query; an error's text where it makes no sense.
+/// Parses the query; an error message if it is invalid.
 std::optional<std::string> readQuery(const Request& request, Wanted& wanted) {
     const auto slug = queryValue(request, "slug");
     if (!slug) return "The request names no slug";
@@ -60,7 +60,7 @@ Reply list(const Users::All& all, const Asked& asked, const Wanted& wanted) {
     return records("history", std::move(data));
 }
 
-/// Puts the video at the end of the history, as the one watched last.
+/// Moves the video to the end of the history, as the last one watched.
 Reply update(Users::All& all, const Asked& asked, const Wanted& wanted, std::int64_t seconds, Users& users) {
     auto& history = all[asked.uid].history;
     const auto isIt = [&](const Progress& progress) {
@@ -89,7 +89,7 @@ Reply remove(Users::All& all, const Asked& asked, const Wanted& wanted) {
     return records("history", JSON::array());
 }
 
-/// What to do with the history, once the query is read.
+/// Handles the history request, once the query is parsed.
 using Act = Reply (*)(Users::All& all, const Asked& asked, const Wanted& wanted);
 
 Handler handler(Users& users, Act act) {

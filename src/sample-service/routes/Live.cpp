@@ -13,7 +13,7 @@ const char* eventTypeOf(const Slot& slot, bool playable) {
     return playable ? "ONAIR" : "NOSTREAM";
 }
 
-/// `later`: by how many seconds the region is behind.
+/// `later`: how many seconds later the region broadcasts.
 JSON slotJSON(const Slot& slot, const Channel& channel, const Video& live, long later) {
     const JSON video = slot.video != nullptr ? videoSummaryJSON(*slot.video) : JSON();
     const bool playable = slot.video != nullptr && video["playable"] == true;
@@ -39,7 +39,7 @@ Reply nowNext(const Request&, const Captures& captures) {
         return failure(404, "No live channel has the house number " + captures[0]);
     }
     const Channel& channel = *rowOf(channels(), live->show->channel);
-    const long later = live->region != nullptr ? static_cast<long>(live->region->minutesBehind) * 60 : 0;
+    const long later = live->region != nullptr ? static_cast<long>(live->region->minutesLater) * 60 : 0;
     const Showing showing = scheduleOf(channel, static_cast<long>(serviceClock().now()) - later);
     return answered({{"now", slotJSON(showing.now, channel, *live, later)},
                      {"next", slotJSON(showing.next, channel, *live, later)}});

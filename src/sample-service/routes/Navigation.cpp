@@ -51,7 +51,7 @@ JSON menuItem(const std::string& id, const std::string& title, const std::string
     return {{"id", id}, {"title", title}, {"accessibilityText", "Go to " + title}, {"path", path}};
 }
 
-/// The channels of the menu: those that the request names, or all of them where it names none that is known.
+/// The channels of the menu: those that the request names, or all if it names no known one.
 JSON menuChannels(const std::vector<std::string>& wanted) {
     JSON named = JSON::array(), all = JSON::array();
     for (const Channel& channel : channels()) {

@@ -7,7 +7,7 @@ namespace VanticRestKit::sample {
 
 namespace {
 
-/// What is written on a picture; no text where nothing has this name.
+/// The title on a picture; an empty string if nothing has this name.
 std::string titleOf(const std::string& kind, const std::string& name) {
     if (kind == "show") {
         const Show* show = catalogue().show(name);

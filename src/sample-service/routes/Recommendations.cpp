@@ -8,7 +8,7 @@ namespace VanticRestKit::sample {
 
 namespace {
 
-/// What a request wants to have recommended.
+/// The parameters of a request.
 struct Wanted {
     std::size_t limit = 0;
     std::string userId;
@@ -32,7 +32,7 @@ std::optional<Wanted> readWanted(const std::string& body) {
         return std::nullopt;
     Wanted wanted;
     wanted.limit = json["limit"].get<std::size_t>();
-    // A subprofile is what the user is signed in as; the account is who pays.
+    // The user is signed in as a subprofile of the account.
     for (const char* key : {"accountid", "userid", "subprofileid"}) {
         if (json.contains(key) && json[key].is_string()) wanted.userId = json[key].get<std::string>();
     }
@@ -51,7 +51,7 @@ std::string uriOf(const Show& show) {
     return "lumeno://video/" + catalogue().videosOf(show).front()->houseNumber;
 }
 
-/// The content of the catalogue and some of elsewhere, the likeliest to please first.
+/// Items of the catalogue and some from elsewhere, best match first.
 std::vector<std::string> candidates(const Wanted& wanted, const std::set<std::int64_t>& watched) {
     std::vector<const Show*> shows = catalogue().programmes();
     const auto context = std::find_if(shows.begin(), shows.end(),
@@ -60,7 +60,7 @@ std::vector<std::string> candidates(const Wanted& wanted, const std::set<std::in
     const auto rank = [&](const Show* show) {
         return (watched.count(show->id) > 0 ? 2 : 0) + (show->category == category ? 0 : 1);
     };
-    // Shows lie in one list, so that the order of their addresses is the catalogue's.
+    // Shows are elements of one list, so comparing addresses gives the catalogue's order.
     std::sort(shows.begin(), shows.end(),
               [&](const Show* a, const Show* b) { return rank(a) != rank(b) ? rank(a) < rank(b) : a < b; });
     std::vector<std::string> uris;

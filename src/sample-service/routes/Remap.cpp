@@ -7,7 +7,7 @@ namespace VanticRestKit::sample {
 
 namespace {
 
-/// The kinds of pages of the web site, with the one that they have become since.
+/// The page types of the web site, each with the type that replaced it.
 struct Page {
     const char* kind;
     const char* today;
@@ -32,7 +32,7 @@ JSON remapJSON(const std::string& status, const std::string& href) {
     return json;
 }
 
-// "?video=HL0102" behind the page of a show leads to that video of it.
+// A show page with "?video=HL0102" leads to that video.
 std::string hrefOf(const Page& page, const std::string& name, const Request& request) {
     const std::string video = request.queryValue("video");
     std::string href = std::string("/") + page.today + "/" + name;

@@ -8,7 +8,7 @@ namespace VanticRestKit::sample {
 
 namespace {
 
-/// Which of the saved shows a request is about.
+/// The saved shows that a request selects.
 struct Wanted {
     std::optional<std::string> slug{};
     std::optional<std::int64_t> showId{};
@@ -29,7 +29,7 @@ Reply list(Users::All& all, const Asked& asked, const Wanted& wanted, Users&) {
     return records("saved", std::move(data));
 }
 
-// A show that is on the list already stays where it is.
+// A show that is already on the list keeps its position.
 Reply add(Users::All& all, const Asked& asked, const Wanted& wanted, Users& users) {
     auto& saved = all[asked.uid].saved;
     const auto found =

@@ -5,7 +5,7 @@ namespace VanticRestKit::sample {
 
 namespace {
 
-// The answer names more than clients know, as the real one does.
+// The answer has more fields than clients read, like the real one.
 constexpr const char* kidsFans = "vantic_main_127";
 constexpr const char* everybody = "vantic_main_9";
 constexpr const char* phone = "7832";

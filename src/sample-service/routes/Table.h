@@ -8,7 +8,7 @@
 
 namespace VanticRestKit::sample {
 
-// One function for each kind of resource, each in a file of its own in this folder.
+// One function for each kind of resource, each in its own file in this folder.
 std::vector<Route> timeRoutes();
 std::vector<Route> avatarRoutes();
 std::vector<Route> pictureRoutes();
@@ -20,10 +20,10 @@ std::vector<Route> liveRoutes();
 std::vector<Route> noticeRoutes();
 std::vector<Route> remapRoutes();
 
-/// The table of routes: all that the service answers.
+/// The table of routes.
 std::vector<Route> serviceRoutes();
 
-/// What steers the service from outside: faults, the log of requests, its state, its end.
+/// The control routes: faults, the log of requests, state, shutdown.
 std::vector<Route> controlRoutes(Faults& faults, RequestLog& log);
 
 }  // namespace VanticRestKit::sample

@@ -7,8 +7,7 @@
 
 namespace VanticRestKit::sample {
 
-// What is kept for users, and what is made from it. One function for each kind of resource, each in a file of
-// its own in this folder.
+// User data and what is derived from it. One function for each kind of resource, each in its own file in this folder.
 std::vector<Route> tokenRoutes(Users& users);
 std::vector<Route> datasetRoutes(Users& users);
 std::vector<Route> historyRoutes(Users& users);
@@ -19,7 +18,7 @@ std::vector<Route> recommendationRoutes(const Users& users);
 /// All of these.
 std::vector<Route> userRoutes(Users& users);
 
-/// What shows and steers users and tokens from outside.
+/// The control routes for users and tokens.
 std::vector<Route> userControlRoutes(Users& users);
 
 }  // namespace VanticRestKit::sample

@@ -13,7 +13,8 @@ struct Release {
     void operator()(EVP_PKEY* key) const { EVP_PKEY_free(key); }
 };
 
-/// A certificate for "localhost" and 127.0.0.1, of an authority that is made with it and known to nobody else.
+/// A certificate for "localhost" and 127.0.0.1, of an authority that is made with it and that no client trusts by
+/// default.
 struct Certificate {
     std::unique_ptr<X509, Release> certificate;
     std::unique_ptr<EVP_PKEY, Release> key;

@@ -5,17 +5,17 @@
 
 namespace VanticRestKit::sample {
 
-/// What time it is for the service: the computer's time, or one that a test has set. Any thread.
+/// The clock of the service: the system clock, or a time that a test has set. Any thread.
 class Clock {
 public:
-    /// Seconds since 1970, whole milliseconds of them.
+    /// Seconds since 1970, with a resolution of milliseconds.
     double now() const;
 
-    /// Stands still at a time from now on; empty: goes with the computer's again.
+    /// Stops the clock at a time; empty: follows the system clock again.
     void set(std::optional<double> secondsSince1970);
 
 private:
-    std::atomic<double> set_{-1.0};  // negative where nobody has set it
+    std::atomic<double> set_{-1.0};  // negative if not set
 };
 
 /// The clock of all routes.

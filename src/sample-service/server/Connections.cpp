@@ -70,8 +70,8 @@ void Connections::reset(int peerPort) const {
     if (socket < 0) return;
     const linger atOnce{1, 0};
     setsockopt(socket, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
-    // The HTTP server goes on to write its answer and to close this descriptor, so it gets another socket in its
-    // place, one that nobody reads; taking its place closes the connection.
+    // The HTTP server will still write its answer and close this descriptor, so an unconnected socket is put in its
+    // place, which closes the connection.
     int deaf[2];
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, deaf) != 0) return;
     close(deaf[1]);

@@ -4,7 +4,7 @@
 
 namespace VanticRestKit::sample {
 
-/// Reaches below the HTTP server to the sockets of one listening port, for what a well-behaved server never does.
+/// Access to the sockets below the HTTP server, for faults that a well-behaved server never causes.
 class Connections {
 public:
     explicit Connections(int localPort);
@@ -12,17 +12,17 @@ public:
     Connections& operator=(const Connections&) = delete;
     ~Connections();
 
-    /// Waits until the peer has left, the service stops, or the time is over.
-    /// True when the time is over, false when there is nobody left to answer.
+    /// Waits until the peer has closed the connection, the service stops, or the time is over.
+    /// True if the time is over, false if there is no peer left to answer.
     bool wait(int peerPort, std::chrono::duration<double> time) const;
 
-    /// Waits until the peer has left or the service stops.
+    /// Waits until the peer has closed the connection or the service stops.
     void waitForEnd(int peerPort) const;
 
-    /// Resets the connection at once: the peer sees RST. What is written to it afterwards goes nowhere.
+    /// Resets the connection at once: the peer sees RST. Anything written to it afterwards is discarded.
     void reset(int peerPort) const;
 
-    /// Ends every wait, and every connection as soon as the answer that is being written is out.
+    /// Ends all waits, and each connection once the answer in progress is written.
     void stop() const;
 
 private:

@@ -72,8 +72,8 @@ void readTarget(const std::string& target, Request& request) {
     const std::string_view whole = target;
     const auto mark = whole.find('?');
 
-    // A trailing slash is part of a route, so the last segment may be empty; doubled slashes inside the path
-    // come from hrefs with a leading slash and mean nothing.
+    // A trailing slash is part of a route, so the last segment may be empty; doubled slashes inside the path come from
+    // hrefs with a leading slash and have no meaning.
     const auto segments = parts(whole.substr(0, mark), '/');
     for (std::size_t i = 0; i < segments.size(); ++i) {
         if (!segments[i].empty() || (i > 0 && i + 1 == segments.size())) {

@@ -8,7 +8,7 @@
 
 namespace VanticRestKit::sample {
 
-/// Keys stay in the order in which a route writes them, so that an answer reads well.
+/// Keys keep the order in which a route writes them, for readable answers.
 using JSON = nlohmann::ordered_json;
 
 /// A query item as it was sent; one without "=" has no value.
@@ -30,14 +30,14 @@ struct Request {
     /// The segments joined again, without a leading slash: "v2/video/HL0101".
     std::string path() const;
 
-    /// The value of the first query item of a name; no text where there is none.
+    /// The value of the first query item of a name; an empty string if there is none.
     std::string queryValue(const std::string& name) const;
 
-    /// The value taken apart at its commas; empty where there is none.
+    /// The value split at commas; empty if there is none.
     std::vector<std::string> queryValues(const std::string& name) const;
 };
 
-/// An answer. A text replaces the JSON where both are there, since a fault may send what is no JSON.
+/// An answer. If there is a text, it is sent instead of the JSON, since a fault may send invalid JSON.
 struct Reply {
     int status = 200;
     std::optional<JSON> body{};
@@ -50,12 +50,12 @@ struct Reply {
 /// A success with this body.
 Reply answered(JSON body);
 
-/// The service's own form of a failure.
+/// A failure in the service's own format.
 Reply failure(int status, const std::string& message);
 
 std::vector<std::string> split(const std::string& text, char separator);
 
-/// Takes a request's target apart.
+/// Parses a request target.
 void readTarget(const std::string& target, Request& request);
 
 }  // namespace VanticRestKit::sample

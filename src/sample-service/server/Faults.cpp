@@ -27,7 +27,7 @@ constexpr const char* notJSON =
     "<!doctype html><title>Back soon</title><p>The service is being looked after.</p>";
 constexpr const char* unknownText = "holographic";
 
-// Where no place is named, every text under these keys stands for an enumeration.
+// If no pointer is given, every string under these keys counts as an enumeration.
 constexpr std::array<const char*, 2> enumerationKeys{"type", "theme"};
 
 void makeUnknown(JSON& value) {

@@ -13,19 +13,19 @@ namespace VanticRestKit::sample {
 
 enum class FaultKind {
     delay,            // the answer comes `seconds` later
-    stall,            // the answer stops before its first byte, or behind `after` bytes of its body, for good
+    stall,            // the answer stops forever before its first byte, or after `after` bytes of its body
     reset,            // the connection is reset there
-    malformed,        // 200 with a body that is no JSON
+    malformed,        // 200 with a body that is not JSON
     status,           // another status
-    unknownEnum,      // texts of the answer that stand for an enumeration become ones that nobody knows
-    oddities,         // the collections of the answer hold entities that nobody knows and broken elements
-    unknownEntities,  // only the entities that no client knows
+    unknownEnum,      // enumeration values of the answer become unknown ones
+    oddities,         // the collections of the answer contain unknown entities and broken elements
+    unknownEntities,  // only the unknown entities
     brokenElements,   // only the broken elements
     null,             // a value of the answer, or all of it, becomes null
-    expiredToken,     // 401, as for a token whose time is over
+    expiredToken,     // 401, as for an expired token
 };
 
-/// What is to happen to the next answers of a path.
+/// A fault of the next answers of a path.
 struct Fault {
     FaultKind kind = FaultKind::status;
     std::string path;    // as Request::path, or "*" for every path
@@ -38,17 +38,17 @@ struct Fault {
     std::vector<std::string> at;  // JSON pointers into the answer
 };
 
-/// Reads a fault from the control route's body; an error's text where it is none.
+/// Parses a fault from the body of a control request; an error message if it is invalid.
 std::optional<std::string> readFault(const JSON& json, Fault& fault);
 JSON written(const Fault& fault);
 
-/// The faults that are still to happen, in the order in which they were asked for. Any thread.
+/// Pending faults, in the order in which they were requested. Any thread.
 class Faults {
 public:
     void add(Fault fault);
     void clear();
 
-    /// The fault of this request, if one waits for it; counts it down.
+    /// The pending fault of this request, if there is one; counts it down.
     std::optional<Fault> take(const Request& request);
     JSON written() const;
 
@@ -57,7 +57,7 @@ private:
     std::deque<Fault> waiting_;
 };
 
-/// Changes an answer by a fault that is only about its contents; leaves it alone for the others.
+/// Applies a fault of the contents to an answer; other faults leave it unchanged.
 void apply(const Fault& fault, Reply& reply);
 
 }  // namespace VanticRestKit::sample

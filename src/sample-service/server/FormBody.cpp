@@ -4,7 +4,7 @@
 
 namespace VanticRestKit::sample {
 
-// A form is written as a query is, but for its blanks.
+// A form is encoded like a query, except for spaces.
 std::optional<std::string> formField(std::string_view body, std::string_view name) {
     std::string query(body);
     for (char& c : query) {

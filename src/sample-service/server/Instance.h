@@ -21,20 +21,20 @@ struct Settings {
     bool scenarios = false;   // the routes under "control/" are there, see Scenario.h
 };
 
-/// A whole service: routes, users, faults, log and server.
+/// A complete service: routes, users, faults, log and server.
 class Instance {
 public:
-    /// `ended` is called, on any thread, when a client has asked for the end and was answered.
+    /// `ended` is called, on any thread, after a client's request to shut down has been answered.
     Instance(const Settings& settings, std::function<void()> ended);
 
-    /// Listens on 127.0.0.1 and returns. False if the port cannot be had.
+    /// Listens on 127.0.0.1 and returns. False if the port is not available.
     bool start();
     void stop() { service_.stop(); }
 
     int port() const { return service_.port(); }
     /// "http://127.0.0.1:41417"
     std::string baseURL() const;
-    /// With TLS: what a client has to trust, as PEM. Else empty.
+    /// With TLS, the certificate that a client must trust, as PEM; otherwise empty.
     std::string authority() const { return certificate_ ? certificate_->authority : std::string(); }
 
     Faults& faults() { return faults_; }

@@ -30,7 +30,7 @@ struct Choice {
     bool broken = false;
 };
 
-/// What comes after the first element of a collection.
+/// The elements inserted after the first element of a collection.
 std::vector<JSON> elementsOf(Choice choice) {
     std::vector<JSON> elements;
     if (choice.unknown) elements.push_back(unknownEntity());

@@ -4,20 +4,18 @@
 
 namespace VanticRestKit::sample {
 
-/// Makes an answer one of a service that is newer than its clients, and not well. Every collection in it gets
-/// - in front, an entity that nobody knows and that looks like a series;
-/// - behind its first element, an entity that nobody knows and that looks like nothing, a null, a number, a
-/// text
-///   and a list;
-/// - a first show whose id is a text and whose kind and theme are unknown;
+/// Turns an answer into one of a service that is newer than its clients, and faulty. Every collection in it gets
+/// - at the front, an unknown entity that looks like a series;
+/// - after its first element, an unknown entity that looks like nothing, a null, a number, a string and a list;
+/// - a first show whose id is a string and whose kind and theme are unknown;
 /// - a last video without links;
-/// - an unknown type, and an unknown entity as the item to highlight where it has one.
+/// - an unknown type, and an unknown entity as the item to highlight, if it has one.
 void addOddities(JSON& value);
 
-/// Only what is unknown of these: entities, and the collections' types.
+/// Only the unknown parts: entities and the types of collections.
 void addUnknownEntities(JSON& value);
 
-/// Only what is broken of these: elements that are no entities, the show and the video.
+/// Only the broken parts: elements that are no entities, the show and the video.
 void addBrokenElements(JSON& value);
 
 }  // namespace VanticRestKit::sample

@@ -16,7 +16,7 @@ public:
     /// A list in order of arrival: method, path, target, query, headers, body of each.
     JSON written() const;
 
-    /// How many were received since the start or the last clearing, also those no longer kept.
+    /// How many were received since the start or the last clearing, including those no longer kept.
     std::size_t total() const;
 
 private:

@@ -8,19 +8,19 @@
 
 namespace VanticRestKit::sample {
 
-/// The texts that stood in the places of a pattern's "{name}" segments, in their order.
+/// The values of a pattern's "{name}" segments, in order.
 using Captures = std::vector<std::string>;
 using Handler = std::function<Reply(const Request&, const Captures&)>;
 
-/// One row of the service's table of routes. A segment of the pattern is a text to match, or "{name}" for any
-/// one segment that is not empty, or "{name...}" at the end for all that is left.
+/// One row of the service's table of routes. A segment of the pattern is a string to match, "{name}" for any one
+/// non-empty segment, or "{name...}" at the end for all remaining segments.
 struct Route {
     std::string method;
     std::string pattern;
     Handler answer;
 };
 
-/// Answers a request from the first route that matches; 404 where none does, 405 where only the method differs.
+/// Answers a request by the first matching route; 404 if there is none, 405 if only the method differs.
 class Router {
 public:
     explicit Router(std::vector<Route> routes);

@@ -14,11 +14,11 @@ constexpr std::size_t maxRecords = 20'000;
 constexpr double defaultDelay = 2;
 constexpr double maxDelay = 600;
 
-// Which requests a fault is about.
+// The requests that a fault affects.
 enum class Reach {
-    everything,  // also pictures and streams
-    documents,   // what is answered in JSON
-    userRoutes,  // what wants a user's token
+    everything,  // including pictures and streams
+    documents,   // answers in JSON
+    userRoutes,  // routes that require a user's token
 };
 
 struct Row {
@@ -55,7 +55,7 @@ bool reaches(Reach reach, const Request& request) {
     switch (reach) {
         case Reach::everything: return true;
         case Reach::documents: return first != "pictures" && first != "hls" && first != "captions";
-        // New tokens are still given out, and refused as soon as they are used.
+        // New tokens are still issued, but refused when they are used.
         case Reach::userRoutes: return hasToken(request) && request.path() != "v2/token";
     }
     return false;

@@ -21,21 +21,20 @@ struct AnswerRecord {
     bool clientLeft = false;  // before there was an answer
 };
 
-/// One fault for every answer until another one is chosen, and a record of how each request ended: what a program
-/// needs that shows people what a fault does. `Faults` is for tests, which ask for a fault of a path and of some answers.
-/// Any thread.
+/// One fault for all answers until another is chosen, and a record of how each request ended: for programs that
+/// demonstrate faults. `Faults` is for tests, which request a fault for some answers of a path. Any thread.
 class Scenario {
 public:
-    /// Chooses a fault by its name; false if there is none of this name, and nothing changes. `none` ends it.
+    /// Chooses a fault by name; false, without effect, if there is none of this name. `none` ends the fault.
     bool choose(const std::string& name, std::chrono::duration<double> delay);
     std::string name() const;
 
-    /// What is to happen to a request's answer, if anything.
+    /// The fault of a request's answer, if any.
     std::optional<Fault> faultOf(const Request& request) const;
 
     void add(AnswerRecord record);
     void clearRecords();
-    /// The newest 20,000 in the order in which they ended, a JSON object a line.
+    /// The newest 20,000 in the order in which they ended, one JSON object per line.
     std::string writtenRecords() const;
 
 private:

@@ -15,7 +15,7 @@ namespace VanticRestKit::sample {
 
 namespace {
 
-// What the HTTP library puts among the headers by itself.
+// Headers that the HTTP library adds by itself.
 constexpr std::array<const char*, 4> notSent{"REMOTE_ADDR", "REMOTE_PORT", "LOCAL_ADDR", "LOCAL_PORT"};
 
 thread_local bool wroteLastAnswer = false;
@@ -30,7 +30,7 @@ Request readRequest(const httplib::Request& raw, const httplib::ContentReader* b
             request.headers.emplace_back(name, value);
         }
     }
-    // A request that tells of no body has none; asking for it would wait for the end of the connection.
+    // A request without a length has no body; reading it would wait for the end of the connection.
     if (body != nullptr && (raw.has_header("Content-Length") || raw.has_header("Transfer-Encoding"))) {
         (*body)([&](const char* data, std::size_t length) {
             request.body.append(data, length);
@@ -100,7 +100,7 @@ bool Service::start(int port, const Certificate* certificate) {
         listening = socket;
     });
 
-    // Called behind each answer, on the thread that has written it.
+    // Called after each answer, on the thread that wrote it.
     server_->set_logger([this](const httplib::Request&, const httplib::Response&) {
         if (std::exchange(wroteLastAnswer, false)) ended_();
     });
@@ -120,7 +120,7 @@ bool Service::start(int port, const Certificate* certificate) {
     ::listen(listening, 1024);
     connections_ = std::make_unique<Connections>(port_);
     listening_ = std::thread([this] { server_->listen_after_bind(); });
-    // A stop before this moment would be forgotten.
+    // A stop before this point would be lost.
     while (!server_->is_running()) std::this_thread::yield();
     return true;
 }
@@ -136,7 +136,7 @@ void Service::handle(const httplib::Request& raw, httplib::Response& response,
                      const httplib::ContentReader* body) {
     const Request request = readRequest(raw, body);
     if (body == nullptr && raw.get_header_value<std::uint64_t>("Content-Length") > 0) {
-        // The library leaves the body of such a request unread, in front of the next request.
+        // The library would leave the body of such a request unread, before the next request.
         response.set_header("Connection", "close");
     }
     if (isControl(request)) {
@@ -188,13 +188,13 @@ Service::Outcome Service::reply(const Request& request, httplib::Response& respo
     if (cuts) {
         cutShort(request, *fault, textOf(reply), response);
     } else {
-        // 304 has no body, nor what describes one.
+        // 304 has no body and no headers that describe one.
         if (reply.status != 304) response.set_content(textOf(reply), reply.contentType);
     }
     return {.status = reply.status};
 }
 
-// Announces the whole body, sends the first bytes of it and then does what the fault says.
+// Announces the complete body, sends its first bytes and then applies the fault.
 void Service::cutShort(const Request& request, const Fault& fault, std::string text,
                        httplib::Response& response) {
     const std::size_t announced = text.size();

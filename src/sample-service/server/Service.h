@@ -16,7 +16,7 @@
 
 namespace VanticRestKit::sample {
 
-/// What changes and records the answers of a service.
+/// The parts that change and record the answers of a service.
 struct Steering {
     Faults& faults;
     RequestLog& log;
@@ -24,20 +24,19 @@ struct Steering {
     bool ownStreams = false;       // answers name this service as the host of streams
 };
 
-/// The HTTP server: brings requests to the table of routes, and faults between the two.
+/// The HTTP server: passes requests to the table of routes and applies faults to answers.
 class Service {
 public:
-    /// The routes under "_control/", and "control/" if there are scenarios, are asked first; they are neither logged nor
-    /// reached by faults.
-    /// `ended` is called, on any thread, when an answer was the last one.
+    /// The routes under "_control/", and "control/" if there are scenarios, are asked first; they are neither logged
+    /// nor reached by faults. `ended` is called, on any thread, when an answer was the last one.
     Service(Router routes, Router control, Steering steering, std::function<void()> ended);
     ~Service();
 
-    /// Listens on 127.0.0.1 and returns; port 0 picks one. False if the port cannot be had.
+    /// Listens on 127.0.0.1 and returns; port 0 picks one. False if the port is not available.
     bool start(int port, const Certificate* certificate);
     int port() const { return port_; }
 
-    /// Ends after the answers that are being written. Held back ones are dropped.
+    /// Ends once the answers in progress are written. Delayed ones are dropped.
     void stop();
 
 private:

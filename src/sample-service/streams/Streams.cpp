@@ -15,9 +15,9 @@ namespace {
 constexpr unsigned segmentSeconds = 4;
 constexpr unsigned segmentCount = 5;
 
-// What is no video of the catalogue, such as a classification shown before one.
+// Clips that are not in the catalogue, such as a classification shown before a video.
 constexpr unsigned secondsOfShortItem = 2 * segmentSeconds;
-// A live channel, which has no duration, is an hour of the same.
+// A live channel, which has no duration, lasts an hour.
 constexpr unsigned secondsOfLiveChannel = 3'600;
 
 constexpr const char* mainPlaylist =
@@ -28,7 +28,7 @@ constexpr const char* mainPlaylist =
     "#EXT-X-STREAM-INF:BANDWIDTH=70000,RESOLUTION=480x270,CODECS=\"avc1.42c01f,mp4a.40.2\"\n"
     "small.m3u8\n";
 
-/// One quality, repeated from its beginning until the time is over.
+/// One quality, repeated until the duration is reached.
 std::string mediaPlaylist(const std::string& quality, unsigned seconds) {
     std::string text = "#EXTM3U\n#EXT-X-VERSION:7\n#EXT-X-TARGETDURATION:" + std::to_string(segmentSeconds) +
                        "\n#EXT-X-PLAYLIST-TYPE:VOD\n";

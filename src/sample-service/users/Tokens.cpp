@@ -68,7 +68,7 @@ JSON TokenSet::written() const {
         {"access_token", access}, {"refresh_token", refresh}, {"token_type", "Bearer"}, {"expiry", expiry}};
 }
 
-// The tokens say what they are, so that a log of requests reads well.
+// Tokens are readable, for the log of requests.
 const TokenSet& Tokens::issue(const std::string& uid, double seconds) {
     const std::string number = std::to_string(++issued_);
     const TokenSet set{"access-" + number, "refresh-" + number, secondsNow() + seconds};

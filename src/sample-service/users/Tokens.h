@@ -9,19 +9,19 @@
 
 namespace VanticRestKit::sample {
 
-/// How tokens are given out; set from outside.
+/// How tokens are issued; set by control requests.
 struct TokenSettings {
     enum class Rotation { never, late, always };
 
-    /// How long a token is good for, in seconds. A token of no or a negative length has expired at once.
+    /// The lifetime of a token in seconds. If zero or negative, a token has expired at once.
     double seconds = 3600;
-    /// Whether answers bring new tokens: never, late (when less than half of a new token's time is left), or always.
+    /// Whether answers contain new tokens: never, late (when less than half of the lifetime is left), or always.
     Rotation rotation = Rotation::late;
-    /// The users who get no tokens at all.
+    /// The users who are refused tokens.
     std::set<std::string> refused;
 };
 
-/// Reads the settings that a JSON object names; an error's text where they are none.
+/// Parses settings from a JSON object; an error message if they are invalid.
 std::optional<std::string> readTokenSettings(const JSON& json, TokenSettings& settings);
 JSON written(const TokenSettings& settings);
 
@@ -35,18 +35,17 @@ struct TokenSet {
     JSON written() const;
 };
 
-/// All tokens given out. A new set leaves the older ones good until they end, since several requests may be
-/// under way with one of them.
+/// All issued tokens. Older sets stay valid until they expire, since several requests may be in progress with one.
 class Tokens {
 public:
     /// A new set for a user.
     const TokenSet& issue(const std::string& uid, double seconds);
 
-    /// The set of a user with this access token, or with this refresh token; null where there is none.
+    /// The set of a user with this access token, or with this refresh token; null if there is none.
     const TokenSet* byAccess(const std::string& uid, const std::string& token) const;
     const TokenSet* byRefresh(const std::string& uid, const std::string& token) const;
 
-    /// Ends the time of all access tokens; their refresh tokens stay good.
+    /// Expires all access tokens; their refresh tokens stay valid.
     void expireAll();
     void clear();
 

@@ -17,8 +17,7 @@ std::string utc(double seconds, const char* format) {
     return text;
 }
 
-// Datasets are dated to the second, records of watching and saving to the millisecond and with a numeric
-// offset.
+// Datasets have dates in seconds; history and watchlist records in milliseconds, with a numeric offset.
 std::string datasetDate(double seconds) { return utc(seconds, "%Y-%m-%dT%H:%M:%SZ"); }
 
 std::string recordDate(double seconds) {

@@ -40,21 +40,20 @@ struct Saved {
     double created = 0;  // seconds since 1970
 };
 
-/// All that is kept of a user.
+/// All data of a user.
 struct User {
     std::map<std::string, Dataset> datasets;  // by namespace
-    std::vector<Progress> history;            // the one watched last comes last
+    std::vector<Progress> history;            // the last watched comes last
     std::vector<Saved> saved;                 // in the order of saving
 };
 
-/// The records as answers carry them. `parent` is the user whose family `uid` belongs to; none where it is
-/// empty.
+/// The records in the format of answers. `parent` is the user whose family `uid` belongs to; empty if there is none.
 JSON written(const Dataset& dataset, const std::string& uid, const std::string& parent,
              const std::string& name);
 JSON written(const Progress& progress, const std::string& uid);
 JSON written(const Saved& saved);
 
-/// All of a user, for looking at the service from outside.
+/// All data of a user, for control requests.
 JSON written(const User& user);
 
 }  // namespace VanticRestKit::sample

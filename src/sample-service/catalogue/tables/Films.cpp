@@ -110,7 +110,7 @@ std::vector<Show> films() {
          "Cassius Wren",
          {"film", "thriller"},
          {}},
-        // A trailer bears the slug of what it is about, with "-trailer" behind it.
+        // The slug of a trailer is that of its film with "-trailer" appended.
         {23,
          "SRT",
          "the-salt-road-trailer",
