@@ -33,6 +33,19 @@ class Cache(TestCase):
         self.assertEqual(first.out, second.out)
         self.assertEqual(first.out, third.out)
 
+    def test_finds_in_the_traced_home_screen_what_caches_and_cookies_need(self):
+        traced = self.load("--trace").err
+        for field in ["Cache-Control: private, max-age=60", "ETag: ", "Vary: ", "Set-Cookie: visitor="]:
+            self.assertIn("\ntrace: " + field, traced)
+
+    def test_keeps_other_answers_of_the_catalogue_too(self):
+        with tempfile.TemporaryDirectory() as folder:
+            words = ["load", "Show", "--showSlugOrId", "harbour-lights", "--base-url", self.service.url,
+                     "--cache", os.path.join(folder, "cache"), "--trace"]
+            sources = [vantic(*words).err, vantic(*words).err, vantic(*words, "--revalidate").err]
+        for source, trace in zip(["network", "cache", "revalidated"], sources):
+            self.assertIn(": 200 from " + source + ", ", trace)
+
     def test_traces_headers_without_a_cache_folder(self):
         traced = self.load("--trace")
         self.assertIn("\ntrace: Content-Type: application/json\n", traced.err)

@@ -43,7 +43,6 @@ Reply picture(const Request&, const Captures& captures) {
         reply.text = drawnPicture(title, file.substr(0, file.size() - ending.size()));
     }
     if (!reply.text || reply.text->empty()) return failure(404, "No such picture");
-    reply.headers.emplace_back("Cache-Control", "max-age=86400");
     return reply;
 }
 

@@ -1,12 +1,11 @@
 #include "server/Service.h"
 
-#include <strings.h>
 #include <sys/socket.h>
 
 #include <algorithm>
 #include <array>
-#include <functional>
 
+#include "server/ClientCaching.h"
 #include "server/Origin.h"
 #include "server/WorkerPool.h"
 #include "streams/Streams.h"
@@ -44,24 +43,6 @@ std::string textOf(const Reply& reply) {
     if (reply.text) return *reply.text;
     if (!reply.body) return {};
     return reply.body->dump(-1, ' ', false, JSON::error_handler_t::replace);
-}
-
-/// Lets clients keep the home screen and the menus for a minute, and has them ask whether they have changed after that.
-void addCacheFields(const Request& request, Reply& reply) {
-    const bool isScreen =
-        request.segments.size() > 1 && (request.segments[1] == "home" || request.segments[1] == "navigation");
-    if (!isScreen || request.method != "GET" || reply.status != 200) return;
-    const std::string tag = '"' + std::to_string(std::hash<std::string>()(textOf(reply))) + '"';
-    reply.headers.emplace_back("ETag", tag);
-    reply.headers.emplace_back("Cache-Control", "private, max-age=60");
-    reply.headers.emplace_back("Vary", "Accept-Encoding, Accept-Language");
-    const bool isKnown = std::any_of(request.headers.begin(), request.headers.end(), [&](const auto& field) {
-        return ::strcasecmp(field.first.c_str(), "If-None-Match") == 0 && field.second == tag;
-    });
-    if (!isKnown) return;
-    reply.status = 304;
-    reply.body.reset();
-    reply.text.reset();
 }
 
 void prepare(const Reply& reply, httplib::Response& response) {
@@ -183,7 +164,7 @@ Service::Outcome Service::reply(const Request& request, httplib::Response& respo
     if (reply.body) fillOrigin(*reply.body, originOf(request, secure_));
     if (reply.body && steering_.ownStreams) serveStreamsFrom(originOf(request, secure_), *reply.body);
     if (fault) apply(*fault, reply);
-    if (!fault) addCacheFields(request, reply);
+    if (!fault) describeToCaches(request, textOf(reply), steering_.scenario != nullptr, reply);
     prepare(reply, response);
     if (cuts) {
         cutShort(request, *fault, textOf(reply), response);
