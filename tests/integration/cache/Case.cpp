@@ -204,8 +204,13 @@ CaseResult runCase(CaseServer& server, MovedClock& clock, const json& testCase) 
         [&clock]() -> detail::CacheTime { return {.wall = clock.now(), .steady = clock.now()}; });
     // Some cases have answers set cookies, and expect them to be used for requests that then bear others.
     configuration.httpCookieAcceptPolicy = HTTPCookieAcceptPolicy::never;
+    const json& requests = testCase["requests"];
+    const bool followsNone = std::any_of(requests.begin(), requests.end(), [](const json& each) {
+        return each.value("redirect", "") == "manual";
+    });
+    if (followsNone) configuration.redirectPolicy.follow = URLSessionRedirectPolicy::Follow::never;
     const auto session = URLSession::make(configuration);
-    const std::size_t count = testCase["requests"].size();
+    const std::size_t count = requests.size();
     for (std::size_t number = 1; number <= count; ++number) {
         Step step(server, clock, testCase, number);
         const Loaded loaded = load(*session, step.request());
@@ -215,7 +220,7 @@ CaseResult runCase(CaseServer& server, MovedClock& clock, const json& testCase) 
         if (!detail::CacheAccess::core(configuration.urlCache)->waitUntilQuiet(std::chrono::seconds(30))) {
             return {CaseResult::Kind::failed, "the question in the background never ended"};
         }
-        if (testCase["requests"][number - 1].value("pause_after", false)) clock.move(std::chrono::seconds(3));
+        if (requests[number - 1].value("pause_after", false)) clock.move(std::chrono::seconds(3));
     }
     return {};
 }
