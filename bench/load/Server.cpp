@@ -1,5 +1,7 @@
 #include "Server.h"
 
+#include <VanticRestKit/platform/date/detail/HTTPDate.h>
+
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
@@ -10,6 +12,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -46,10 +49,15 @@ public:
     Loop(int listener, int releasing, const std::string& body)
         : listener_(listener), releasing_(releasing), poll_(epoll_create1(0)) {
         const std::string status = "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\n";
+        // As every server with a clock sends it, and as caches read it.
+        const auto now = std::chrono::system_clock::now().time_since_epoch();
+        const std::string date =
+            "Date: " + detail::formatHTTPDate(std::chrono::floor<std::chrono::seconds>(now)) + "\r\n";
         const std::string rest = "Content-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body;
         answer_ = status + rest;
-        fresh_ = status + "Cache-Control: max-age=3600\r\n" + rest;
-        checked_ = status + "Cache-Control: no-cache\r\nETag: \"1\"\r\n" + rest;
+        fresh_ = status + date + "Cache-Control: max-age=3600\r\n" + rest;
+        checked_ = status + date + "Cache-Control: no-cache\r\nETag: \"1\"\r\n" + rest;
+        unchanged_ = "HTTP/1.1 304 Not Modified\r\n" + date + "ETag: \"1\"\r\n\r\n";
         watch(listener_);
         watch(releasing_);
     }
@@ -120,7 +128,7 @@ private:
         if (line.find(" /fresh") != std::string_view::npos) return fresh_;
         if (line.find(" /checked") == std::string_view::npos) return answer_;
         const bool isKnown = head.find("If-None-Match: \"1\"") != std::string_view::npos;
-        return isKnown ? "HTTP/1.1 304 Not Modified\r\nETag: \"1\"\r\n\r\n" : std::string_view(checked_);
+        return isKnown ? unchanged_ : checked_;
     }
 
     static void send(int file, std::string_view rest) {
@@ -138,6 +146,7 @@ private:
     // Those that a cache may use for an hour, and those that it has to ask about.
     std::string fresh_;
     std::string checked_;
+    std::string unchanged_;
     bool holds_ = true;
     std::map<int, Connection> connections_;
 };

@@ -4,6 +4,8 @@ import unittest
 
 from program import SampleService, TestCase, vantic
 
+HAS_DISK = os.environ.get("VRK_HAS_DISK_CACHE", "ON") == "ON"
+
 
 class Cache(TestCase):
     @classmethod
@@ -19,6 +21,7 @@ class Cache(TestCase):
         self.assertEqual(outcome.code, 0, outcome.err)
         return outcome
 
+    @unittest.skipUnless(HAS_DISK, "built without SQLite")
     def test_answers_later_runs_and_asks_again_with_revalidate(self):
         with tempfile.TemporaryDirectory() as folder:
             place = os.path.join(folder, "cache")
@@ -38,6 +41,15 @@ class Cache(TestCase):
         for field in ["Cache-Control: private, max-age=60", "ETag: ", "Vary: ", "Set-Cookie: visitor="]:
             self.assertIn("\ntrace: " + field, traced)
 
+    @unittest.skipIf(HAS_DISK, "built with SQLite")
+    def test_loads_and_says_that_it_was_built_without_the_disk_part(self):
+        with tempfile.TemporaryDirectory() as folder:
+            loaded = self.load("--cache", os.path.join(folder, "cache"), "--trace")
+            self.assertEqual(os.listdir(folder), [])
+        self.assertIn(": 200 from network, ", loaded.err)
+        self.assertIn("built without SQLite", loaded.err)
+
+    @unittest.skipUnless(HAS_DISK, "built without SQLite")
     def test_keeps_other_answers_of_the_catalogue_too(self):
         with tempfile.TemporaryDirectory() as folder:
             words = ["load", "Show", "--showSlugOrId", "harbour-lights", "--base-url", self.service.url,

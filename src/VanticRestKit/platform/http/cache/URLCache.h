@@ -34,9 +34,9 @@ struct CachedURLResponse {
 
 /// A private cache of HTTP (RFC 9111), for one or several sessions. Any thread may call.
 ///
-/// An answer to a request that bore an Authorization or a Cookie is used only for requests with the same ones. What
-/// the answers take in memory stays below a capacity; those used least recently go first. In a child made by `fork` a
-/// cache of the parent is empty and stays so.
+/// An answer is used only for requests with the same Authorization and the same Cookie, or without them if its own
+/// request had none. What the answers take in memory stays below a capacity; those used least recently go first. In a
+/// child made by `fork` a cache of the parent is empty and stays so.
 class VRK_EXPORT URLCache {
 public:
     /// In bytes: 16 MB.
