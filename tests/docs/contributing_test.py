@@ -88,7 +88,8 @@ class Recipes(unittest.TestCase):
             copy = shutil.copytree if (TOP / name).is_dir() else shutil.copy
             copy(TOP / name, folder / name)
         environment = {**os.environ, "CMAKE_CXX_COMPILER_LAUNCHER": shutil.which("ccache") or "",
-                       "CCACHE_BASEDIR": str(folder), "CCACHE_NOHASHDIR": "1"}  # fmt: skip
+                       "CCACHE_BASEDIR": str(folder), "CCACHE_NOHASHDIR": "1",
+                       "CMAKE_BUILD_PARALLEL_LEVEL": os.environ.get("VRK_JOBS", str(os.cpu_count()))}  # fmt: skip
         for title, text in sections():
             for block in BLOCK.findall(text):
                 print(f"== {title}\n{block}", flush=True)

@@ -74,6 +74,7 @@ struct ExplainedDocument {
 
 /// A load that waits for its session, or goes on.
 struct LoadStateChange {
+    /// The address of the request, redacted as the options say.
     std::string url{};
     /// `state` says what it waits for now, and `queueLength` with how many others.
     LoadProgress progress{};

@@ -63,6 +63,7 @@ struct AwaitOptions {
     std::optional<std::chrono::duration<double>> deadline{};
     /// A token that cancels the load.
     detail::Borrowed<std::stop_token> stop{};
+    /// Receives how far the load is.
     detail::Borrowed<ProgressReceiver> progress{};
 
     /// The same options with their own copies of the values.

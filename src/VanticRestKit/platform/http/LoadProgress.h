@@ -11,6 +11,7 @@ namespace VanticRestKit {
 
 /// How far a load is. Sizes are in bytes, as they go over the wire: of a body with a content coding, the coded bytes.
 struct LoadProgress {
+    /// Whether a load moves, and if not, what it waits for.
     enum class State : std::uint8_t {
         /// It moves, or waits for its server.
         loading,
@@ -20,16 +21,18 @@ struct LoadProgress {
         /// exceed `URLSessionLimits::maxUndeliveredBytes`.
         heldBack,
     };
+    /// What the load waits for now.
     State state = State::loading;
     /// How many loads wait for a connection to the same origin, this one included; 0 unless it is `queued`.
     std::int64_t queueLength = 0;
 
-    /// What went out of the request's body, and how much there is.
+    /// What went out of the request's body.
     std::int64_t bytesSent = 0;
+    /// The size of the request's body.
     std::int64_t bytesExpectedToSend = 0;
-    /// What came of the answer's body, and how much there will be; -1 if that is not known, or not yet. Bodies of
-    /// redirects that are followed do not count.
+    /// What came of the answer's body. Bodies of redirects that are followed do not count.
     std::int64_t bytesReceived = 0;
+    /// The size of the answer's body; -1 if that is not known, or not yet.
     std::int64_t bytesExpectedToReceive = -1;
 
     friend bool operator==(const LoadProgress&, const LoadProgress&) = default;

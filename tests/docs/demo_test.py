@@ -1,0 +1,51 @@
+#!/usr/bin/env python3
+"""docs/demo.md shows what the demo prints.   demo_test.py TOP PROGRAMS [--write]
+
+--write puts what the demo prints into the page instead of comparing.
+"""
+
+import difflib
+import pathlib
+import re
+import subprocess
+import sys
+import unittest
+
+TOP, PROGRAMS = pathlib.Path(sys.argv.pop(1)), pathlib.Path(sys.argv.pop(1))
+PAGE = TOP / "docs/demo.md"
+BLOCK = re.compile(r"(?<=```text\n).*?(?=```)", re.DOTALL)
+# Chapters that follow the clock: only their lines are counted.
+BY_THE_CLOCK = ("The time of the service", "The live channels of a region")
+CHANGING = [(re.compile(r"127\.0\.0\.1:\d+"), "127.0.0.1:PORT")]
+
+
+def printed():
+    return subprocess.run([TOP / "examples/demo/run", PROGRAMS], capture_output=True, text=True, check=True, timeout=300).stdout
+
+
+def comparable(text):
+    lines = []
+    is_by_the_clock = False
+    for line in text.splitlines():
+        if line and not line.startswith(" "):
+            is_by_the_clock = line.startswith(BY_THE_CLOCK)
+        elif is_by_the_clock and line:
+            line = "  ..."
+        for pattern, constant in CHANGING:
+            line = pattern.sub(constant, line)
+        lines.append(line)
+    return lines
+
+
+class Demo(unittest.TestCase):
+    def test_prints_what_the_page_shows(self):
+        shown = BLOCK.search(PAGE.read_text(encoding="utf-8")).group()
+        difference = list(difflib.unified_diff(comparable(shown), comparable(printed()), "docs/demo.md", "the demo", lineterm=""))
+        self.assertEqual(difference, [], "\n".join([*difference, "", "tests/docs/demo_test.py ... --write updates the page"]))
+
+
+if __name__ == "__main__":
+    if "--write" in sys.argv:
+        PAGE.write_text(BLOCK.sub(lambda _: printed(), PAGE.read_text(encoding="utf-8"), count=1), encoding="utf-8")
+    else:
+        unittest.main()
