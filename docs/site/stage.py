@@ -40,7 +40,7 @@ def page(path, text):
         text = re.sub(r"\A# ([^\n]*)", rf"# \1 {{#{path.stem}}}", text)
 
     def link(found):
-        title, target = found.groups()
+        title, target = found.group(1), found.group(2).removeprefix("../")
         on_site = "/" not in target and (PAGES / f"{target}.md").is_file()
         return f"[{title}](@ref {target})" if on_site else title
 

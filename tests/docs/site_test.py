@@ -39,6 +39,14 @@ class Site(unittest.TestCase):
         undocumented = re.findall(r"is not documented", checked.stderr)
         self.assertEqual((checked.returncode, len(undocumented), checked.stderr), (0, 0, ""))
 
+    def test_every_link_between_pages_leads_to_a_page(self):
+        pages = [*TOP.glob("*.md"), *(TOP / "docs").rglob("*.md")]
+        self.assertGreater(len(pages), 30)
+        for page in pages:
+            text = re.sub(r"^```.*?^```", "", page.read_text(encoding="utf-8"), flags=re.DOTALL | re.MULTILINE)
+            for target in re.findall(r"\]\((?!https?:)([\w./-]+\.md)(?:#[\w-]+)?\)", text):
+                self.assertTrue((page.parent / target).is_file(), f"{page.relative_to(TOP)}: {target}")
+
     def test_fails_for_a_field_and_for_a_function_without_a_comment(self):
         tree = self.copy_of_the_tree()
         header = tree / "src/VanticRestKit/lumeno/Link/Link.h"
