@@ -64,6 +64,8 @@ class DebianPackages(unittest.TestCase):
         self.assertIn("libvanticrestkit1 (= ", run("dpkg-deb", "-f", files["libvanticrestkit-dev"], "Depends"))
 
         content = self.content(files.values())
+        self.assertIn("/usr/share/man/man1/vantic-load.1", content)
+        self.assertIn("/usr/share/bash-completion/completions/vantic", content)
         present = {path for path in content if os.path.lexists(path)}
         self.addCleanup(self.remove)
         run(*APT, "install", "--no-install-recommends", *files.values(),

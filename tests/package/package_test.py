@@ -33,6 +33,7 @@ VanticRestKitConfigVersion.cmake""".split()
 MANUAL_PAGES = """vantic vantic-types vantic-decode vantic-explain vantic-request vantic-load vantic-user vantic-help
 vantic-manual""".split()
 COMPLETIONS = {"share/bash-completion/completions/vantic", "share/zsh/site-functions/_vantic",
+               "share/zsh/vendor-completions/_vantic",
                "share/fish/vendor_completions.d/vantic.fish"}  # fmt: skip
 
 
