@@ -16,22 +16,12 @@ const take = (name) => viewer.page.screenshot({ path: path.join(folder, `${name}
 /** Leaves a video where it is to be resumed. */
 async function watch(video, seconds) {
     await viewer.goTo(`/video?link=%2Fvideo%2F${video}`);
-    await viewer.waitFor('video#player');
-    await viewer.press('[data-action="play"]');
-    await viewer.page.$eval('#player', (player, at) => { player.currentTime = at; }, seconds);
-    await viewer.until((at) => {
-        const player = document.querySelector('#player');
-        return player.currentTime > at && !player.seeking;
-    }, seconds);
-    const kept = viewer.page.waitForResponse((answer) => answer.url().endsWith('/progress'));
-    await viewer.page.$eval('#player', (player) => player.pause());
-    await kept;
+    await viewer.play();
+    await viewer.seek(seconds);
 }
 
 try {
-    await viewer.goTo('/me');
-    await viewer.press('[data-action="sign-in"]');
-    await viewer.waitFor('[data-action="sign-out"]');
+    await viewer.signIn();
     for (const [video, seconds] of [['QO0102', 900], ['CC0103', 2100], ['NF0202', 400], ['HL0101', 1500]]) {
         await watch(video, seconds);
     }
@@ -48,7 +38,7 @@ try {
     await take('show');
 
     await viewer.goTo('/video?link=%2Fvideo%2FHL0102');
-    await viewer.press('[data-action="play"]');
+    await viewer.play();
     await viewer.until(() => document.querySelector('#player').currentTime > 5);
     await take('video');
 

@@ -17,18 +17,12 @@ afterEach(async () => {
     assert.deepEqual(problems, []);
 });
 
-async function play() {
-    await viewer.waitFor('video#player');
-    await viewer.press('[data-action="play"]');
-    await viewer.until(() => document.querySelector('#player').currentTime > 0.5);
-}
-
 const player = () => viewer.page.$eval('#player', ({ currentTime, duration, videoWidth, paused }) =>
     ({ currentTime, duration, videoWidth, paused }));
 
 test('the time moves, and the stream lasts as long as the video', async () => {
     await viewer.goTo(video);
-    await play();
+    await viewer.play();
     const { currentTime } = await player();
     await viewer.until((before) => document.querySelector('#player').currentTime > before + 1, currentTime);
     const { duration, paused } = await player();
@@ -40,7 +34,7 @@ test('the streams come through the host, none from the service', async () => {
     const addresses = [];
     viewer.page.on('request', (request) => addresses.push(request.url()));
     await viewer.goTo(video);
-    await play();
+    await viewer.play();
     assert.ok(addresses.some((address) => address.startsWith(`${television.host.address}/stream/`)), addresses.join('\n'));
     const own = addresses.filter((address) => !address.startsWith('blob:') && !address.startsWith('data:'));
     assert.deepEqual(own.filter((address) => !address.startsWith(television.host.address)), []);
@@ -48,7 +42,7 @@ test('the streams come through the host, none from the service', async () => {
 
 test('a lower quality goes on at the same place with a smaller picture', async () => {
     await viewer.goTo(video);
-    await play();
+    await viewer.play();
     assert.equal((await player()).videoWidth, 960);
     const { currentTime } = await player();
     await viewer.press('[data-quality="sd-low"]');
@@ -59,19 +53,10 @@ test('a lower quality goes on at the same place with a smaller picture', async (
 });
 
 test('a position is kept as progress, from which the video resumes', async () => {
-    await viewer.goTo('/me');
-    await viewer.press('[data-action="sign-in"]');
-    await viewer.waitFor('[data-action="sign-out"]');
+    await viewer.signIn();
     await viewer.goTo(video);
-    await play();
-    await viewer.page.$eval('#player', (element) => { element.currentTime = 600; });
-    await viewer.until(() => {
-        const now = document.querySelector('#player');
-        return now.currentTime > 601 && !now.seeking;
-    });
-    const kept = viewer.page.waitForResponse((answer) => answer.url().endsWith('/progress'));
-    await viewer.page.$eval('#player', (element) => element.pause());
-    await kept;
+    await viewer.play();
+    await viewer.seek(600);
     await viewer.goTo(video);
     await viewer.waitFor('video#player');
     await viewer.until(() => document.querySelector('#player').currentTime >= 600);

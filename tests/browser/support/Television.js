@@ -13,11 +13,11 @@ const chromium = process.env.VRK_CHROMIUM ?? '/usr/bin/chromium';
 
 /** A user's browser: cookies of its own, one page, and a list of what went wrong in it. */
 class Viewer {
-    static async open(browser, host, { width = 1920, height = 1080 } = {}) {
+    static async open(context, host, { width = 1920, height = 1080, type = 'tab' } = {}) {
         const viewer = new Viewer();
         viewer.host = host;
-        viewer.context = await browser.createBrowserContext();
-        viewer.page = await viewer.context.newPage();
+        viewer.context = context;
+        viewer.page = await viewer.context.newPage({ type });
         viewer.page.setDefaultTimeout(deadline);
         await viewer.page.setViewport({ width, height });
         viewer.problems = [];
@@ -105,6 +105,20 @@ class Viewer {
         await this.settle();
     }
 
+    /** Plays the video of the screen until its time moves. */
+    async play() {
+        await this.press('[data-action="play"]');
+        await this.until(() => document.querySelector('#player').currentTime > 0.5);
+    }
+
+    /** Moves the player, and waits until the host has kept that place. */
+    async seek(seconds) {
+        const kept = this.page.waitForResponse((answer) => answer.url().endsWith('/progress') &&
+            Number(new URLSearchParams(answer.request().postData()).get('position')) >= seconds);
+        await this.page.$eval('#player', (player, at) => { player.currentTime = at; }, seconds);
+        await kept;
+    }
+
     /** Chooses a fault in the panel, which stays open. */
     async breakIt(fault) {
         if ((await this.page.$('aside[data-panel="faults"]:not([hidden])')) === null) {
@@ -112,6 +126,18 @@ class Viewer {
         }
         await this.press(`aside[data-panel="faults"] [data-fault="${fault}"]`);
         await this.waitFor(`[data-fault="${fault}"][aria-pressed="true"]`);
+    }
+
+    /** Another page of the same user, in a window of its own: a page that is not to be seen loads nothing. */
+    another(size) {
+        return Viewer.open(this.context, this.host, { ...size, type: 'window' });
+    }
+
+    /** Signs in as one of the people on Me. */
+    async signIn(name = 'ann') {
+        await this.goTo('/me');
+        await this.press(`[data-action="sign-in"][value="${name}"]`);
+        await this.waitFor('[data-action="sign-out"]');
     }
 
     close() {
@@ -130,8 +156,8 @@ export class Television {
     }
 
     /** Another user. The window is as large as `size`: {width, height}. */
-    viewer(size, { browser = this.browser, host = this.host } = {}) {
-        return Viewer.open(browser, host, size);
+    async viewer(size, { browser = this.browser, host = this.host } = {}) {
+        return Viewer.open(await browser.createBrowserContext(), host, size);
     }
 
     async end() {
