@@ -1,6 +1,6 @@
 #pragma once
 
-// The files of the host that browsers load. The build makes the source of this header from them.
+// The files of the host, inside of the program. The build makes the source of this header from them.
 
 #include <string_view>
 
@@ -10,5 +10,7 @@ namespace living_room::assets {
 extern const std::string_view css;
 extern const std::string_view js;
 extern const std::string_view svg;
+/// The files of `templates`, one after the other.
+extern const std::string_view templates;
 
 }  // namespace living_room::assets

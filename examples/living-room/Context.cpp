@@ -7,7 +7,6 @@
 
 namespace living_room {
 
-using namespace VanticRestKit;
 using namespace std::chrono_literals;
 
 namespace {

@@ -19,53 +19,55 @@
 
 namespace living_room {
 
+using namespace VanticRestKit;
+
 /// What all browsers share: the address of the service, one session with its cache, and the queue of the host's loop,
 /// on which every load goes on. Immutable.
 class Service {
 public:
-    Service(VanticRestKit::URL baseURL, VanticRestKit::DispatchQueue loop);
+    Service(URL baseURL, DispatchQueue loop);
     ~Service();
     Service(const Service&) = delete;
     Service& operator=(const Service&) = delete;
 
-    const VanticRestKit::URL& baseURL() const noexcept { return baseURL_; }
-    const std::shared_ptr<VanticRestKit::NetworkSession>& network() const noexcept { return network_; }
-    VanticRestKit::URLCache& cache() const noexcept { return *session_->configuration().urlCache; }
+    const URL& baseURL() const noexcept { return baseURL_; }
+    const std::shared_ptr<NetworkSession>& network() const noexcept { return network_; }
+    URLCache& cache() const noexcept { return *session_->configuration().urlCache; }
 
     /// How everything is loaded: on the loop, within a time that a viewer would wait, as long as the browser is there.
-    VanticRestKit::LoadOptions options(std::stop_token gone) const;
+    LoadOptions options(std::stop_token gone) const;
 
     /// The path at this service of an address that it sent; empty if the address is of another server.
     std::optional<std::string> pathOf(const std::optional<std::string>& address) const;
 
 private:
-    VanticRestKit::URL baseURL_;
-    VanticRestKit::DispatchQueue loop_;
-    std::shared_ptr<VanticRestKit::URLSession> session_;
-    std::shared_ptr<VanticRestKit::NetworkSession> network_;
+    URL baseURL_;
+    DispatchQueue loop_;
+    std::shared_ptr<URLSession> session_;
+    std::shared_ptr<NetworkSession> network_;
 };
 
 /// Asks the service for one browser, whose observer is told of each request.
-class CatalogueContext : public virtual VanticRestKit::Context, public VanticRestKit::ObservableContext {
+class CatalogueContext : public virtual Context, public ObservableContext {
 public:
-    CatalogueContext(const Service& service, std::shared_ptr<VanticRestKit::RequestObserver> observer);
+    CatalogueContext(const Service& service, std::shared_ptr<RequestObserver> observer);
 
-    VanticRestKit::URL baseURL() const override { return baseURL_; }
-    std::shared_ptr<VanticRestKit::Serviceable> service(ServiceArguments arguments) const override;
-    std::shared_ptr<VanticRestKit::RequestObserver> observer() const override { return observer_; }
+    URL baseURL() const override { return baseURL_; }
+    std::shared_ptr<Serviceable> service(ServiceArguments arguments) const override;
+    std::shared_ptr<RequestObserver> observer() const override { return observer_; }
 
 private:
-    VanticRestKit::URL baseURL_;
-    std::shared_ptr<VanticRestKit::NetworkSession> network_;
-    std::shared_ptr<VanticRestKit::RequestObserver> observer_;
+    URL baseURL_;
+    std::shared_ptr<NetworkSession> network_;
+    std::shared_ptr<RequestObserver> observer_;
 };
 
 /// The same with the user who is signed in at that browser. The user is set and read on the host's loop only.
-class SignedInContext final : public CatalogueContext, public VanticRestKit::TrelvoContext {
+class SignedInContext final : public CatalogueContext, public TrelvoContext {
 public:
     using CatalogueContext::CatalogueContext;
     std::optional<std::string> uid() const override { return uid_; }
-    VanticRestKit::SourceSystem source() const override { return VanticRestKit::SourceSystem::lumeno; }
+    SourceSystem source() const override { return SourceSystem::lumeno; }
     void setUID(std::optional<std::string> uid) { uid_ = std::move(uid); }
 
 private:
@@ -73,7 +75,7 @@ private:
 };
 
 /// The same for recommendations, whose every request carries a key.
-class RecommendationsContext final : public CatalogueContext, public VanticRestKit::RecsContext {
+class RecommendationsContext final : public CatalogueContext, public RecsContext {
 public:
     using CatalogueContext::CatalogueContext;
     std::string apiKey() const override { return "living-room"; }

@@ -51,10 +51,20 @@ std::string Request::cookie(std::string_view name) const {
     return {};
 }
 
-Answer pageAnswer(Html page, int status) {
+Answer pageAnswer(std::string_view name, const Value& value, int status) {
     return {.status = status,
-            .body = VanticRestKit::Data(std::move(page).text()),
+            .body = VanticRestKit::Data(rendered(name, value)),
             .headers = {{"Cache-Control", "no-store"}}};
+}
+
+Answer partAnswer(std::string_view name, const Value& value, const char* state) {
+    Answer answer = pageAnswer(name, value);
+    answer.headers.emplace_back("X-State", state);
+    return answer;
+}
+
+Answer emptyPart(const char* sentence) {
+    return partAnswer("empty", Value::Object{{"sentence", sentence}}, "empty");
 }
 
 Answer seeOther(std::string address) {

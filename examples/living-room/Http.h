@@ -2,7 +2,7 @@
 
 // A request of a browser and the answer to it, as the pages see them: without a socket.
 
-#include "Html.h"
+#include "Template.h"
 
 #include <VanticRestKit/platform/data/Data.h>
 
@@ -48,8 +48,12 @@ struct Answer {
     std::vector<std::pair<std::string, std::string>> headers{};
 };
 
-/// An answer that a browser shows.
-Answer pageAnswer(Html page, int status = 200);
+/// A page: the template of that name, filled with `value`.
+Answer pageAnswer(std::string_view name, const Value& value, int status = 200);
+/// A part of a screen, with its state: "ready", "empty" or "failed".
+Answer partAnswer(std::string_view name, const Value& value, const char* state = "ready");
+/// A part with a sentence in place of what is not there.
+Answer emptyPart(const char* sentence);
 /// Leads the browser on with GET, as after a form.
 Answer seeOther(std::string address);
 

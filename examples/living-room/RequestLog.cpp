@@ -37,11 +37,11 @@ RequestLog::RequestLog()
 
 void RequestLog::requestEnded(const RequestMetrics& metrics) {
     const auto total = std::chrono::duration_cast<std::chrono::milliseconds>(metrics.total);
-    LoggedRequest line{.method = metrics.method,
-                       .target = targetOf(metrics.url),
-                       .outcome = metrics.status ? std::to_string(*metrics.status) : "no answer",
-                       .milliseconds = total.count(),
-                       .source = nameOf(metrics.source)};
+    Value::Object line{{"method", metrics.method},
+                       {"target", targetOf(metrics.url)},
+                       {"outcome", metrics.status ? std::to_string(*metrics.status) : "no answer"},
+                       {"milliseconds", total.count()},
+                       {"source", nameOf(metrics.source)}};
     const std::lock_guard lock(mutex_);
     requests_.push_front(std::move(line));
     if (requests_.size() > maxLines) requests_.pop_back();
@@ -66,12 +66,12 @@ void RequestLog::addSwallowed(std::string line) {
     if (swallowed_.size() > maxLines) swallowed_.pop_back();
 }
 
-std::vector<LoggedRequest> RequestLog::requests() const {
+Value::List RequestLog::requests() const {
     const std::lock_guard lock(mutex_);
     return {requests_.begin(), requests_.end()};
 }
 
-std::vector<std::string> RequestLog::swallowed() const {
+Value::List RequestLog::swallowed() const {
     const std::lock_guard lock(mutex_);
     return {swallowed_.begin(), swallowed_.end()};
 }

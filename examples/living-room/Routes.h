@@ -26,11 +26,12 @@ public:
 
     /// Answers `request`. Refused are requests that name another host (421), as those of a page that had its own name
     /// point here, and forms of other sites (403).
-    VanticRestKit::Task<Answer> answer(Request request);
+    Task<Answer> answer(Request request);
 
 private:
     bool isNameOfThisHost(const std::string& host) const;
-    bool isFromThisSite(const Request& request) const;
+    /// The status with which it is refused, whatever it asks for; 0 if it is not.
+    int problemOf(const Request& request) const;
 
     const Service& service_;
     const Settings settings_;

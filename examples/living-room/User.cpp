@@ -6,8 +6,6 @@
 
 namespace living_room {
 
-using namespace VanticRestKit;
-
 namespace {
 
 /// A value that cannot be guessed: 128 bits of the system's randomness.

@@ -22,11 +22,11 @@ public:
     User(const Service& service, std::string session);
 
     const std::string& session() const noexcept { return session_; }
-    const VanticRestKit::Context& catalogue() const noexcept { return *context_; }
-    const VanticRestKit::RecsContext& recommendations() const noexcept { return recommendations_; }
-    const VanticRestKit::UserClient& client() const noexcept { return *client_; }
+    const Context& catalogue() const noexcept { return *context_; }
+    const RecsContext& recommendations() const noexcept { return recommendations_; }
+    const UserClient& client() const noexcept { return *client_; }
     /// The client of the account, whichever profile is in use: it knows the profiles.
-    const VanticRestKit::UserClient& accountClient() const noexcept { return *accountClient_; }
+    const UserClient& accountClient() const noexcept { return *accountClient_; }
     RequestLog& log() const noexcept { return *log_; }
 
     /// Empty if no one is signed in.
@@ -44,8 +44,8 @@ private:
     std::shared_ptr<SignedInContext> context_;
     std::shared_ptr<SignedInContext> accountContext_;
     RecommendationsContext recommendations_;
-    std::shared_ptr<VanticRestKit::UserClient> client_;
-    std::shared_ptr<VanticRestKit::UserClient> accountClient_;
+    std::shared_ptr<UserClient> client_;
+    std::shared_ptr<UserClient> accountClient_;
 };
 
 /// All browsers, by their cookies. The one that was idle longest is forgotten if there are too many.

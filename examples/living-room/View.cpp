@@ -1,54 +1,52 @@
 #include "View.h"
 
-#include "Html.h"
-
+#include <VanticRestKit/lumeno/Series/Series.h>
+#include <VanticRestKit/lumeno/Show/Show.h>
 #include <VanticRestKit/platform/json/RawText.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <string_view>
 
 namespace living_room {
 
-using namespace VanticRestKit;
-
 namespace {
 
-bool isPlainPath(std::string_view path) {
+/// Whether `path` is below `folder`, without steps upwards and escapes that could lead out of it.
+bool isBelow(std::string_view folder, const std::string& path) {
     const auto isPlain = [](char c) {
         return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
                std::string_view("/-_.").find(c) != std::string_view::npos;
     };
-    return path.find("..") == std::string_view::npos && std::all_of(path.begin(), path.end(), isPlain);
+    return path.starts_with(folder) && path.find("..") == std::string::npos &&
+           std::all_of(path.begin(), path.end(), isPlain);
 }
 
-bool isBelow(const std::string& path, std::initializer_list<std::string_view> folders) {
-    const auto holds = [&](std::string_view folder) { return path.starts_with(folder); };
-    return isPlainPath(path) && std::any_of(folders.begin(), folders.end(), holds);
-}
-
-std::vector<ViewBadge> badgesOf(const CollectionItem& item) {
-    std::vector<ViewBadge> badges;
+Value::List badgesOf(const CollectionItem& item) {
+    Value::List badges;
+    const auto add = [&](const char* kind, const std::string& text) {
+        badges.push_back(Value::Object{{"kind", kind}, {"text", text}});
+    };
     if (const auto status = item.status()) {
-        badges.push_back({status->theme == StatusTheme::live ? "live" : "new", status->title});
+        add(status->theme == StatusTheme::live ? "live" : "new", status->title);
     }
     const Video* const video = item.as<Video>();
+    const std::string availability = item.availability().value_or("");
     if (video != nullptr && !video->playable) {
-        badges.push_back({"unavailable", video->playableMessage.value_or("Not available")});
-    } else if (const auto availability = item.availability();
-               availability && availability->starts_with("Expires")) {
-        badges.push_back({"expires", *availability});
+        add("unavailable", video->playableMessage.value_or("Not available"));
+    } else if (availability.starts_with("Expires")) {
+        add("expires", availability);
     }
     return badges;
 }
 
-/// The title of a series names its show first, and so does that of an episode.
-void setTitles(ViewTile& tile, const CollectionItem& item) {
-    const std::string title = item.title().value_or("Untitled");
-    const std::string show = item.showTitle().value_or(title);
-    tile.title = show;
-    tile.subtitle = item.displaySubtitle().value_or(show == title ? item.kickerTitle().value_or("") : title);
-    if (item.subtype() == LumenoSubtype::livestream) tile.subtitle = item.channelTitle().value_or("");
+Value::List factsOf(const CollectionItem& item) {
+    const auto show = item.as<Show>();
+    Value::List facts;
+    for (const auto& fact : {item.displayDuration(), item.classification(), item.channelTitle(),
+                             show != nullptr ? show->broadcastInfo : std::nullopt}) {
+        if (fact && !fact->empty()) facts.emplace_back(*fact);
+    }
+    return facts;
 }
 
 std::string linkOf(const CollectionItem& item) {
@@ -56,10 +54,26 @@ std::string linkOf(const CollectionItem& item) {
     return pageOf(item.showHref().value_or("")) + "&series=" + percentEncoded(item.selfHref().value_or(""));
 }
 
+/// An episode and a series are known by their show first.
+std::string subtitleOf(const CollectionItem& item) {
+    if (item.subtype() == LumenoSubtype::livestream) return item.channelTitle().value_or("");
+    if (const auto subtitle = item.displaySubtitle()) return *subtitle;
+    const auto title = item.title();
+    return title == item.showTitle() ? item.kickerTitle().value_or("") : title.value_or("");
+}
+
+Value programmeOf(const NowNextContainer& programme) {
+    return Value::Object{{"title", programme.displayTitle},
+                         {"subtitle", programme.displaySubtitle},
+                         {"start", programme.start},
+                         {"end", programme.end},
+                         {"length", programme.end - programme.start}};
+}
+
 }  // namespace
 
-bool isPicturePath(const std::string& path) { return isBelow(path, {"pictures/"}); }
-bool isStreamPath(const std::string& path) { return isBelow(path, {"hls/", "captions/"}); }
+bool isPicturePath(const std::string& path) { return isBelow("pictures/", path); }
+bool isStreamPath(const std::string& path) { return isBelow("hls/", path) || isBelow("captions/", path); }
 
 std::string pictureLink(const std::optional<std::string>& address, const Service& service) {
     const auto path = service.pathOf(address);
@@ -80,78 +94,96 @@ std::string clockText(std::int64_t seconds) {
     const auto hours = static_cast<long long>(seconds / 3600);
     const auto minutes = static_cast<long long>(seconds / 60 % 60);
     const auto rest = static_cast<long long>(seconds % 60);
-    if (hours > 0) {
-        std::snprintf(text, sizeof text, "%lld:%02lld:%02lld", hours, minutes, rest);
-    } else {
-        std::snprintf(text, sizeof text, "%lld:%02lld", minutes, rest);
-    }
+    std::snprintf(text, sizeof text, hours > 0 ? "%lld:%02lld:%02lld" : "%.0lld%lld:%02lld", hours, minutes,
+                  rest);
     return text;
 }
 
-ViewTile tileOf(const CollectionItem& item, const Service& service) {
-    ViewTile tile;
-    tile.kind = item.as<Show>() != nullptr ? "Show" : item.as<Series>() != nullptr ? "Series" : "Video";
-    setTitles(tile, item);
+Value::Object tileOf(const CollectionItem& item, const Service& service) {
     const Video* const video = item.as<Video>();
-    tile.description =
-        video != nullptr ? video->videoDescription.value_or("") : item.description().value_or("");
-    tile.link = linkOf(item);
-    tile.picture = pictureLink(item.thumbnail(), service);
-    tile.duration = item.displayDuration().value_or("");
-    tile.classification = item.classification().value_or("");
-    tile.badges = badgesOf(item);
-    return tile;
+    const Value::List facts = factsOf(item);
+    return {{"kind", item.as<Show>() != nullptr ? "Show"
+                     : video != nullptr         ? "Video"
+                                                : "Series"},
+            {"title", item.showTitle().value_or(item.title().value_or("Untitled"))},
+            {"subtitle", subtitleOf(item)},
+            {"description", video != nullptr ? video->videoDescription : item.description()},
+            {"link", linkOf(item)},
+            {"picture", pictureLink(item.thumbnail(), service)},
+            {"hasFacts", !facts.empty()},
+            {"facts", facts},
+            {"badges", badgesOf(item)}};
 }
 
-ViewTile tileOf(const Video& video, const Service& service) { return tileOf(CollectionItem(video), service); }
-
-ViewHero heroOf(const CollectionItem& item, const Service& service) {
-    ViewHero hero{.tile = tileOf(item, service), .kicker = item.kickerTitle().value_or("")};
+Value::Object heroOf(const CollectionItem& item, const Service& service) {
+    Value::Object hero = tileOf(item, service);
+    hero.emplace_back("kicker", item.kickerTitle());
     if (const auto video = item.playableVideo(); video && video->href) {
-        hero.playLink = pageOf(*video->href);
-        hero.playTitle = video->playTitle.value_or("Play");
+        hero.emplace_back("playLink", pageOf(*video->href));
+        hero.emplace_back("playTitle", video->playTitle.value_or("Play"));
     }
     return hero;
 }
 
-std::vector<ViewTile> tilesOf(const MixedCollection& row, const Service& service) {
-    std::vector<ViewTile> tiles;
-    for (const CollectionItem& item : row.items()) tiles.push_back(tileOf(item, service));
+Value::List tilesOf(const std::vector<CollectionItem>& items, const Service& service) {
+    Value::List tiles;
+    for (const CollectionItem& item : items) tiles.emplace_back(tileOf(item, service));
     return tiles;
 }
 
-std::vector<ViewTile> tilesOf(const std::vector<Video>& videos, const std::vector<HistoryData>& history,
-                              const Service& service) {
-    std::vector<ViewTile> tiles;
+Value::List tilesOf(const std::vector<Video>& videos, const std::vector<HistoryData>& history,
+                    const Service& service) {
+    Value::List tiles;
     for (const Video& video : videos) {
-        ViewTile tile = tileOf(video, service);
+        Value::Object tile = tileOf(CollectionItem(video), service);
         const auto isOfVideo = [&](const HistoryData& record) { return record.key == video.houseNumber; };
         const auto record = std::find_if(history.begin(), history.end(), isOfVideo);
         const auto length = static_cast<std::int64_t>(video.duration.value_or(0));
         if (record != history.end() && length > 0) {
-            tile.progress = ViewProgress{record->done ? length : std::min(record->progress, length), length};
+            const auto position = record->done ? length : std::min(record->progress, length);
+            tile.emplace_back("progress", Value::Object{{"position", position}, {"length", length}});
         }
-        tiles.push_back(std::move(tile));
+        tiles.emplace_back(std::move(tile));
     }
     return tiles;
 }
 
-ViewPlaylistItem playlistItemOf(const PlaylistItem& item, const Service& service) {
+Value channelOf(const Video& live, const NowNext& schedule, const Service& service) {
+    Value::Object channel = tileOf(CollectionItem(live), service);
+    channel.emplace_back("channel", live.channelTitle);
+    if (schedule.now) channel.emplace_back("now", programmeOf(*schedule.now));
+    if (schedule.next) channel.emplace_back("next", programmeOf(*schedule.next));
+    return channel;
+}
+
+Value::Object playlistItemOf(const PlaylistItem& item, const Service& service) {
     const StreamInfo& hls = item.streams.hls;
-    ViewPlaylistItem view{.type = std::string(caseName(item.type)),
-                          .title = item.warning.value_or(item.title.value_or("")),
-                          .technologies = hls.protected_ ? "HLS (protected)" : "HLS"};
-    if (item.streams.mpegdash) view.technologies += ", MPEG-DASH";
-    if (item.streams.fairplay) view.technologies += ", FairPlay";
     const auto best = hls.url({.preferHighest = true});
+    std::string technologies = hls.protected_ ? "HLS (protected)" : "HLS";
+    if (item.streams.mpegdash) technologies += ", MPEG-DASH";
+    if (item.streams.fairplay) technologies += ", FairPlay";
+    Value::List levels;
+    std::string chosen;
     for (const auto level : StreamInfo::StreamLevel::highToLow()) {
         const auto address = hls.url({.for_ = level});
         if (!address) continue;
-        view.levels.push_back({std::string(rawValue(level)), streamLink(*address, service)});
-        if (view.chosen.empty() && address == best) view.chosen = view.levels.back().name;
+        const bool isChosen = chosen.empty() && address == best;
+        if (isChosen) chosen = rawValue(level);
+        levels.push_back(Value::Object{
+            {"name", rawValue(level)}, {"address", streamLink(*address, service)}, {"isChosen", isChosen}});
     }
-    if (item.captionsSrcVtt) view.captions = streamLink(*item.captionsSrcVtt, service);
-    return view;
+    return {{"type", caseName(item.type)},
+            {"text", item.warning.value_or(item.title.value_or(""))},
+            {"technologies", technologies},
+            {"count", levels.size()},
+            {"levels", levels},
+            {"chosen", chosen},
+            {"stream", best ? streamLink(*best, service) : ""},
+            {"captions", item.captionsSrcVtt ? streamLink(*item.captionsSrcVtt, service) : ""}};
+}
+
+Value rowOf(std::string title, std::string address) {
+    return Value::Object{{"title", std::move(title)}, {"address", std::move(address)}};
 }
 
 }  // namespace living_room

@@ -1,11 +1,22 @@
-# Writes OUTPUT, a source with the texts of FILES, each as an array of bytes named after the ending of its file.
+# Writes OUTPUT, a source with the texts of FILES as arrays of bytes: those of one ending in one array, named after it.
+set(endings css js svg html)
 set(source "#include \"Assets.h\"\n\nnamespace living_room::assets {\n\n")
-foreach(file IN LISTS FILES)
-    get_filename_component(name ${file} LAST_EXT)
-    string(SUBSTRING ${name} 1 -1 name)
-    file(READ ${file} bytes HEX)
+foreach(ending IN LISTS endings)
+    set(bytes "")
+    foreach(file IN LISTS FILES)
+        if(file MATCHES "\\.${ending}$")
+            file(READ ${file} hex HEX)
+            string(APPEND bytes ${hex})
+        endif()
+    endforeach()
     string(REGEX REPLACE "([0-9a-f][0-9a-f])" "'\\\\x\\1'," bytes "${bytes}")
-    string(APPEND source "constexpr char ${name}Bytes[] = {${bytes}};\n"
-        "const std::string_view ${name}(${name}Bytes, sizeof ${name}Bytes);\n\n")
+    string(APPEND source "constexpr char ${ending}Bytes[] = {${bytes}};\n")
 endforeach()
-file(WRITE ${OUTPUT} "${source}}  // namespace living_room::assets\n")
+string(APPEND source "
+const std::string_view css(cssBytes, sizeof cssBytes);
+const std::string_view js(jsBytes, sizeof jsBytes);
+const std::string_view svg(svgBytes, sizeof svgBytes);
+const std::string_view templates(htmlBytes, sizeof htmlBytes);
+
+}  // namespace living_room::assets\n")
+file(WRITE ${OUTPUT} "${source}")

@@ -2,10 +2,8 @@
 
 #include "Pages.h"
 
-#include "../View.h"
-#include "Assets.h"
+#include "../Assets.h"
 
-#include <VanticRestKit/Core/ErrorAdvice.h>
 #include <VanticRestKit/Core/HrefURI.h>
 
 #include <fstream>
@@ -13,8 +11,6 @@
 #include <string_view>
 
 namespace living_room {
-
-using namespace VanticRestKit;
 
 namespace {
 
@@ -48,12 +44,12 @@ Task<Answer> fileOfService(Visit visit, std::string path) {
     const auto file = co_await load(std::move(resource), visit.options());
     if (!file) {
         const bool isMissing = categoryOf(file.error()) == ErrorCategory::notFound;
-        co_return Answer{.status = isMissing ? 404 : 502, .type = "text/plain"};
+        Answer answer;
+        answer.status = isMissing ? 404 : 502;
+        co_return answer;
     }
     co_return fileAnswer(path, *file, "private, max-age=300");
 }
-
-}  // namespace
 
 Task<Answer> picture(Visit visit) {
     std::string path = visit.request.queried("at");
@@ -80,5 +76,13 @@ Task<Answer> hostFile(Visit visit) {
                                                           : assets::svg;
     co_return fileAnswer(path, Data(text), "no-cache");
 }
+
+constexpr Route routes[] = {{"GET", "/picture", picture},         {"GET", "/stream/", stream},
+                            {"GET", "/hls.js", hostFile},         {"GET", "/living-room.css", hostFile},
+                            {"GET", "/living-room.js", hostFile}, {"GET", "/living-room.svg", hostFile}};
+
+}  // namespace
+
+const std::span<const Route> fileRoutes(routes);
 
 }  // namespace living_room

@@ -1,9 +1,8 @@
 // Home: a featured item, then rows that load as they come into view.
 
-#include "Parts.h"
+#include "Pages.h"
 
 #include <VanticRestKit/lumeno/Categories/Category.h>
-#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/lumeno/Link/LinkEndpoints.h>
 #include <VanticRestKit/lumeno/ProductAlert/ProductAlert.h>
 
@@ -11,23 +10,7 @@
 
 namespace living_room {
 
-using namespace VanticRestKit;
-
 namespace {
-
-Html heroMarkup(const ViewHero& hero) {
-    const Html image = html(R"(<img class="backdrop" src="{}" alt=""><img class="still" src="{}" alt="">)",
-                            hero.tile.picture, hero.tile.picture);
-    const Html play = html(R"(<a class="button primary" href="{}" data-action="play">{}</a>)", hero.playLink,
-                           hero.playTitle);
-    return html(
-        R"(<section class="hero" aria-label="Featured">{}<div class="words"><p class="kicker">{}</p><h1>{}</h1>)"
-        R"({}<p class="about">{}</p><p class="badges">{}</p><div class="buttons">{})"
-        R"(<a class="button" href="{}" data-kind="{}">More about it</a></div></div></section>)",
-        when(!hero.tile.picture.empty(), image), hero.kicker, hero.tile.title,
-        factsMarkup({hero.tile.classification, hero.tile.duration}), hero.tile.description,
-        badgesMarkup(hero.tile.badges), when(!hero.playLink.empty(), play), hero.tile.link, hero.tile.kind);
-}
 
 bool isLive(const MixedCollection& row) {
     const auto items = row.items();
@@ -37,52 +20,70 @@ bool isLive(const MixedCollection& row) {
     return !items.empty() && std::all_of(items.begin(), items.end(), isLivestream);
 }
 
-Html rowsMarkup(const Category& home) {
-    std::vector<Html> rows;
-    for (const MixedCollection& collection : home.collections) {
-        const std::string link = "/row?link=" + percentEncoded(collection.href.value_or(""));
-        rows.push_back(rowBlock(collection.title, isLive(collection) ? "/live/row" : link));
+std::string addressOf(const MixedCollection& row) {
+    return isLive(row) ? "/live/row" : "/row?link=" + percentEncoded(row.href.value_or(""));
+}
+
+Value screenOf(const Category& home, const Service& service) {
+    const auto featured = home.featuredCollection.items();
+    Value::List rows{rowOf("Continue watching", "/continue")};
+    if (featured.size() > 1)
+        rows.push_back(rowOf(home.featuredCollection.title, addressOf(home.featuredCollection)));
+    for (const MixedCollection& row : home.collections) rows.push_back(rowOf(row.title, addressOf(row)));
+    Value::Object screen{{"rows", rows}};
+    if (home.alertId) screen.emplace_back("notice", "/notice?id=" + percentEncoded(*home.alertId));
+    if (!featured.empty()) {
+        Value::Object hero = heroOf(featured.front(), service);
+        hero.emplace_back("label", "Featured");
+        hero.emplace_back("isFeatured", true);
+        screen.emplace_back("featured", std::move(hero));
     }
-    return html("{}", rows);
+    return screen;
 }
 
-}  // namespace
+Task<Answer> page(Visit visit) { co_return screenAnswer(visit, "home", "Home"); }
 
-Task<Answer> homePage(Visit visit) {
-    co_return pageAnswer(pageAround(visit, "home", "Home", block("/home/screen", "hero")));
-}
-
-Task<Answer> homeScreen(Visit visit) {
+Task<Answer> screen(Visit visit) {
     const auto home = co_await load(Endpoint::Home(visit.catalogue()), visit.options());
-    if (!home) co_return failedBlock(home.error());
-
-    const auto featured = home->featuredCollection.items();
-    Html screen;
-    if (home->alertId) screen += block("/notice?id=" + percentEncoded(*home->alertId), "text");
-    if (!featured.empty()) screen += heroMarkup(heroOf(featured.front(), visit.service));
-    screen += rowBlock("Continue watching", "/continue");
-    if (featured.size() > 1) {
-        const std::string link = home->featuredCollection.href.value_or("");
-        screen += rowBlock(home->featuredCollection.title, "/row?link=" + percentEncoded(link));
-    }
-    screen += rowsMarkup(*home);
-    co_return blockAnswer(screen);
+    if (!home) co_return failedPart(home.error());
+    co_return partAnswer("home-screen", screenOf(*home, visit.service));
 }
 
 Task<Answer> row(Visit visit) {
-    const std::string link = visit.request.queried("link");
-    auto resource = Endpoint::Resource<MixedCollection>({.withHref = link}, visit.catalogue());
+    auto resource =
+        Endpoint::Resource<MixedCollection>({.withHref = visit.queried("link")}, visit.catalogue());
     const auto collection = co_await load(std::move(resource), visit.options());
-    if (!collection) co_return failedBlock(collection.error());
-    co_return tilesAnswer(tilesOf(*collection, visit.service), "Nothing is in this row today.");
+    if (!collection) co_return failedPart(collection.error());
+    co_return tilesAnswer("tiles", tilesOf(collection->items(), visit.service),
+                          "Nothing is in this row today.");
 }
 
 Task<Answer> notice(Visit visit) {
-    auto resource = Endpoint::ProductAlert({.alertId = visit.request.queried("id")}, visit.catalogue());
+    auto resource = Endpoint::ProductAlert({.alertId = visit.queried("id")}, visit.catalogue());
     const auto alert = co_await load(std::move(resource), visit.options());
-    if (!alert) co_return blockAnswer(Html(), "empty");  // a screen does without its notice
-    co_return blockAnswer(
-        html(R"(<p class="notice" role="note"><b>{}</b> {}</p>)", alert->title, alert->message));
+    if (!alert) co_return partAnswer("", {}, "empty");  // a screen does without its notice
+    const Value values = Value::Object{{"title", alert->title}, {"message", alert->message}};
+    co_return partAnswer("notice", values);
+}
+
+constexpr Route routes[] = {
+    {"GET", "/", page}, {"GET", "/home/screen", screen}, {"GET", "/row", row}, {"GET", "/notice", notice}};
+
+}  // namespace
+
+const std::span<const Route> homeRoutes(routes);
+
+Answer screenAnswer(const Visit& visit, const char* screen, const char* title, Value::Object values) {
+    visit.user->log().clear();
+    // First, so that they are found before values of the screen with the same name.
+    values.insert(values.begin(),
+                  {{"screen", screen}, {"title", title}, {screen, true}, {"hasHls", !visit.hlsFile.empty()}});
+    return pageAnswer("page", values);
+}
+
+Answer tilesAnswer(const char* name, Value::List tiles, const char* sentenceIfNone) {
+    if (tiles.empty()) return emptyPart(sentenceIfNone);
+    return partAnswer(name, Value::Object{{"tiles", std::move(tiles)}});
 }
 
 }  // namespace living_room

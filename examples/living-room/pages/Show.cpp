@@ -1,15 +1,10 @@
-// A show: what it is about, its series with their episodes, extras, related shows, and the user's list.
+// A show: what it is about, its series with their episodes, extras and related shows.
 
-#include "Parts.h"
+#include "Pages.h"
 
-#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/lumeno/Search/RelatedShowList.h>
 
-#include <algorithm>
-
 namespace living_room {
-
-using namespace VanticRestKit;
 
 namespace {
 
@@ -18,96 +13,57 @@ std::string slugIn(const std::string& link) {
     return CollectionItem::defaultShowSlug({.from = link}).value_or("");
 }
 
-Html participantsMarkup(const std::vector<Participants>& participants) {
-    std::vector<Html> parts;
-    for (const Participants& group : participants) {
-        parts.push_back(html(R"(<p><b>{}</b> {}</p>)", group.title, group.list));
-    }
-    return html("{}", parts);
-}
-
-/// The series as tabs, over the episodes of the one that is chosen.
-Html seriesMarkup(const Show& show, const std::string& chosen) {
-    std::vector<Html> tabs;
-    std::string shown = chosen;
+void addSeries(Value::Object& screen, const Show& show, std::string shown) {
     if (shown.empty() && show.selectedSeries) shown = show.selectedSeries->selfHref.value_or("");
     if (shown.empty() && !show.seriesList.empty()) shown = show.seriesList.front().selfHref.value_or("");
-    const std::string address = "/show/series?show=" + std::to_string(show.showId.value_or(0)) + "&link=";
+    Value::List tabs;
     for (const Series& series : show.seriesList) {
         const std::string href = series.selfHref.value_or("");
-        tabs.push_back(html(
-            R"(<button type="button" role="tab" aria-selected="{}" aria-controls="episodes" data-load="{}">)"
-            R"({}</button>)",
-            href == shown ? "true" : "false", address + percentEncoded(href), series.title));
+        tabs.push_back(Value::Object{{"title", series.title},
+                                     {"address", "/show/series?link=" + percentEncoded(href)},
+                                     {"isShown", href == shown}});
     }
-    if (shown.empty()) return {};
-    return html(
-        R"(<div class="tabs" role="tablist" aria-label="Series">{}</div>)"
-        R"(<div id="episodes" role="tabpanel" aria-label="Episodes" data-name="Episodes" data-src="{}")"
-        R"( data-state="loading" aria-busy="true"></div>)",
-        tabs, address + percentEncoded(shown));
+    screen.emplace_back("hasSeries", !shown.empty());
+    screen.emplace_back("series", tabs);
+    screen.emplace_back("shown", "/show/series?link=" + percentEncoded(shown));
 }
 
-Html extrasMarkup(const std::vector<Video>& extras, const Service& service) {
-    if (extras.empty()) return {};
-    return html(R"(<section class="row" data-row="Extras"><h2>Extras</h2>{}</section>)",
-                tilesMarkup(tilesOf(extras, {}, service)));
+Value screenOf(const Show& show, const std::string& series, const Service& service) {
+    Value::Object screen = heroOf(CollectionItem(show), service);
+    Value::List participants;
+    for (const Participants& group : show.participants) {
+        participants.push_back(Value::Object{{"title", group.title}, {"list", group.list}});
+    }
+    screen.emplace_back("label", "About the show");
+    screen.emplace_back("participants", participants);
+    if (show.showId) screen.emplace_back("saveAddress", "/save?id=" + std::to_string(*show.showId));
+    addSeries(screen, show, series);
+    screen.emplace_back("hasExtras", !show.videoExtras.empty());
+    screen.emplace_back("tiles", tilesOf(show.videoExtras, {}, service));
+    const std::string slug = slugIn(show.selfHref.value_or(""));
+    screen.emplace_back("related", rowOf("Related", "/show/related?slug=" + percentEncoded(slug)));
+    return screen;
 }
 
-Html showMarkup(const Show& show, const std::string& chosenSeries, const Service& service) {
-    const ViewHero hero = heroOf(CollectionItem(show), service);
-    const Html image = html(R"(<img class="backdrop" src="{}" alt=""><img class="still" src="{}" alt="">)",
-                            hero.tile.picture, hero.tile.picture);
-    const Html play = html(R"(<a class="button primary" href="{}" data-action="play">{}</a>)", hero.playLink,
-                           hero.playTitle);
-    const std::string id = std::to_string(show.showId.value_or(0));
-    const std::string title = show.title.value_or("Untitled");
-    const std::string related = "/show/related?slug=" + percentEncoded(slugIn(show.selfHref.value_or("")));
-    return html(
-        R"(<section class="hero" aria-label="About the show">{}<div class="words"><p class="kicker">{}</p>)"
-        R"(<h1>{}</h1>{}<p class="about">{}</p>{}<p class="badges">{}</p><div class="buttons">{}{}</div></div>)"
-        R"(</section>{}{}{})",
-        when(!hero.tile.picture.empty(), image), hero.kicker, title,
-        factsMarkup({hero.tile.classification, show.channelTitle.value_or(""),
-                     show.broadcastInfo.value_or(""), hero.tile.duration}),
-        show.description, participantsMarkup(show.participants), badgesMarkup(hero.tile.badges),
-        when(!hero.playLink.empty(), play), block("/show/save?id=" + id, "button"),
-        seriesMarkup(show, chosenSeries), extrasMarkup(show.videoExtras, service),
-        rowBlock("Related", related));
+Task<Answer> page(Visit visit) {
+    const std::string address = "/show/screen?link=" + percentEncoded(visit.queried("link")) +
+                                "&series=" + percentEncoded(visit.queried("series"));
+    const Value::Object values{{"address", address}};
+    co_return screenAnswer(visit, "show", "Show", values);
 }
 
-Html episodeMarkup(const ViewTile& tile) {
-    const Html image = html(R"(<img src="{}" alt="" loading="lazy">)", tile.picture);
-    return html(
-        R"(<a class="tile episode" href="{}" data-kind="{}"><span class="picture">{}{}</span><span class="words">)"
-        R"(<span class="title">{}</span>{}<span class="about">{}</span><span class="badges">{}</span></span></a>)",
-        tile.link, tile.kind, when(!tile.picture.empty(), image), progressMarkup(tile.progress),
-        tile.subtitle, factsMarkup({tile.duration, tile.classification}), tile.description,
-        badgesMarkup(tile.badges));
-}
-
-}  // namespace
-
-Task<Answer> showPage(Visit visit) {
-    const std::string link = visit.request.queried("link");
-    const std::string series = visit.request.queried("series");
-    const std::string address =
-        "/show/screen?link=" + percentEncoded(link) + "&series=" + percentEncoded(series);
-    co_return pageAnswer(pageAround(visit, "show", "Show", block(address, "hero")));
-}
-
-Task<Answer> showScreen(Visit visit) {
-    const std::string slug = slugIn(visit.request.queried("link"));
+Task<Answer> screen(Visit visit) {
+    const std::string slug = slugIn(visit.queried("link"));
     auto resource = Endpoint::Show({.showSlugOrId = slug, .embedSeries = true}, visit.catalogue());
     const auto show = co_await load(std::move(resource), visit.options());
-    if (!show) co_return failedBlock(show.error());
-    co_return blockAnswer(showMarkup(*show, visit.request.queried("series"), visit.service));
+    if (!show) co_return failedPart(show.error());
+    co_return partAnswer("show-screen", screenOf(*show, visit.queried("series"), visit.service));
 }
 
-Task<Answer> seriesPart(Visit visit) {
-    auto resource = Endpoint::Series({.usingHref = visit.request.queried("link")}, visit.catalogue());
+Task<Answer> episodes(Visit visit) {
+    auto resource = Endpoint::Series({.usingHref = visit.queried("link")}, visit.catalogue());
     const auto series = co_await load(std::move(resource), visit.options());
-    if (!series) co_return failedBlock(series.error());
+    if (!series) co_return failedPart(series.error());
     std::vector<HistoryData> watched;
     if (visit.user->account() && series->showId) {
         // Episodes are shown without their progress if that cannot be had.
@@ -115,21 +71,25 @@ Task<Answer> seriesPart(Visit visit) {
             visit.user->client().listVideosForShow({.showId = *series->showId, .markedAsDone = std::nullopt});
         if (auto records = co_await run(std::move(videos), visit.options())) watched = *std::move(records);
     }
-    std::vector<Html> episodes;
-    for (const ViewTile& tile : tilesOf(series->episodes, watched, visit.service)) {
-        episodes.push_back(episodeMarkup(tile));
-    }
-    if (episodes.empty()) co_return blockAnswer(emptyMarkup("There are no episodes at the moment."), "empty");
-    co_return blockAnswer(html(R"(<div class="episodes">{}</div>)", episodes));
+    co_return tilesAnswer("episodes", tilesOf(series->episodes, watched, visit.service),
+                          "There are no episodes at the moment.");
 }
 
-Task<Answer> relatedRow(Visit visit) {
-    auto resource = Endpoint::RelatedShows({.showSlug = visit.request.queried("slug")}, visit.catalogue());
-    const auto related = co_await load(std::move(resource), visit.options());
-    if (!related) co_return failedBlock(related.error());
-    std::vector<ViewTile> tiles;
-    for (const Show& show : related->items) tiles.push_back(tileOf(CollectionItem(show), visit.service));
-    co_return tilesAnswer(tiles, "Nothing is like this show.");
+Task<Answer> related(Visit visit) {
+    auto resource = Endpoint::RelatedShows({.showSlug = visit.queried("slug")}, visit.catalogue());
+    const auto list = co_await load(std::move(resource), visit.options());
+    if (!list) co_return failedPart(list.error());
+    const std::vector<CollectionItem> shows(list->items.begin(), list->items.end());
+    co_return tilesAnswer("tiles", tilesOf(shows, visit.service), "Nothing is like this show.");
 }
+
+constexpr Route routes[] = {{"GET", "/show", page},
+                            {"GET", "/show/screen", screen},
+                            {"GET", "/show/series", episodes},
+                            {"GET", "/show/related", related}};
+
+}  // namespace
+
+const std::span<const Route> showRoutes(routes);
 
 }  // namespace living_room

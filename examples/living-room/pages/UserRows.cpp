@@ -1,23 +1,23 @@
 // What a user has saved, watched and may like, as rows; and the operations that change it.
 
-#include "Parts.h"
+#include "Pages.h"
 
-#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
+#include <VanticRestKit/lumeno/Show/Show.h>
+#include <VanticRestKit/lumeno/Video/VideoList.h>
 #include <VanticRestKit/recs/RecommendationModule.h>
 #include <VanticRestKit/recs/RecsRoutes.h>
 
+#include <algorithm>
 #include <charconv>
 
 namespace living_room {
-
-using namespace VanticRestKit;
 
 namespace {
 
 constexpr std::uint64_t maxRecords = 20;
 
 Answer signInFirst(const char* why) {
-    return blockAnswer(html(R"(<p class="empty"><a href="/me">Sign in</a> {}</p>)", why), "empty");
+    return partAnswer("empty", Value::Object{{"signIn", true}, {"sentence", why}}, "empty");
 }
 
 /// The number that `text` is; empty if it is none.
@@ -33,28 +33,25 @@ std::optional<std::int64_t> numberIn(const std::string& text) {
 Task<Answer> watchedRow(Visit visit, UserClient::Call<UserClient::History> operation,
                         const char* sentenceIfNone) {
     const auto records = co_await run(std::move(operation), visit.options());
-    if (!records) co_return failedBlock(records.error());
+    if (!records) co_return failedPart(records.error());
     std::vector<std::string> houseNumbers;
     for (const HistoryData& record : *records) houseNumbers.push_back(record.key);
-    if (houseNumbers.empty()) co_return blockAnswer(emptyMarkup(sentenceIfNone), "empty");
+    if (houseNumbers.empty()) co_return emptyPart(sentenceIfNone);
     auto resource = Endpoint::Videos({.houseNumbers = houseNumbers}, visit.catalogue());
     const auto list = co_await load(std::move(resource), visit.options());
-    if (!list) co_return failedBlock(list.error());
-    co_return tilesAnswer(tilesOf(list->videos, *records, visit.service), sentenceIfNone);
+    if (!list) co_return failedPart(list.error());
+    co_return tilesAnswer("tiles", tilesOf(list->videos, *records, visit.service), sentenceIfNone);
 }
 
 /// The shows of these ids as tiles.
 Task<Answer> showsRow(Visit visit, std::vector<std::string> ids, const char* sentenceIfNone) {
-    if (ids.empty()) co_return blockAnswer(emptyMarkup(sentenceIfNone), "empty");
+    if (ids.empty()) co_return emptyPart(sentenceIfNone);
     auto resource = Endpoint::Shows({.showSlugsOrIds = std::move(ids)}, visit.catalogue());
     const auto shows = co_await load(std::move(resource), visit.options());
-    if (!shows) co_return failedBlock(shows.error());
-    std::vector<ViewTile> tiles;
-    for (const Show& show : *shows) tiles.push_back(tileOf(CollectionItem(show), visit.service));
-    co_return tilesAnswer(tiles, sentenceIfNone);
+    if (!shows) co_return failedPart(shows.error());
+    const std::vector<CollectionItem> items(shows->begin(), shows->end());
+    co_return tilesAnswer("tiles", tilesOf(items, visit.service), sentenceIfNone);
 }
-
-}  // namespace
 
 Task<Answer> continueRow(Visit visit) {
     if (!visit.user->account()) co_return signInFirst("to go on where you stopped.");
@@ -72,7 +69,7 @@ Task<Answer> history(Visit visit) {
 Task<Answer> myList(Visit visit) {
     if (!visit.user->account()) co_return signInFirst("to see your list.");
     const auto saved = co_await run(visit.user->client().listWatchlistShowIds(), visit.options());
-    if (!saved) co_return failedBlock(saved.error());
+    if (!saved) co_return failedPart(saved.error());
     std::vector<std::string> ids;
     for (const SavedData& record : *saved) ids.push_back(record.key);
     co_return co_await showsRow(std::move(visit), std::move(ids), "Save a show, and it is here.");
@@ -91,7 +88,7 @@ Task<Answer> recommendations(Visit visit) {
                                .andModuleContext = std::optional<RecsModuleContext>()});
     auto resource = Resource<RecommendationModule>::make({.with = route}, visit.user->recommendations());
     const auto module = co_await load(std::move(resource), visit.options());
-    if (!module) co_return failedBlock(module.error());
+    if (!module) co_return failedPart(module.error());
     std::vector<std::string> ids;
     for (const Recommendation& item : module->recommendations) {
         // What is not of this catalogue cannot be opened here.
@@ -103,22 +100,16 @@ Task<Answer> recommendations(Visit visit) {
                                 "Watch something, and more like it comes here.");
 }
 
-Task<Answer> savePart(Visit visit) {
-    const auto id = numberIn(visit.request.queried("id"));
+Task<Answer> saveButton(Visit visit) {
+    const auto id = numberIn(visit.queried("id"));
     if (!id) co_return problemPage(400);
-    if (!visit.user->account()) {
-        co_return blockAnswer(
-            html(R"(<a class="button" href="/me" data-action="save">Sign in to save it</a>)"));
-    }
+    if (!visit.user->account()) co_return partAnswer("save", {});
     const auto saved = co_await run(visit.user->client().listWatchlistShowIds(), visit.options());
-    if (!saved) co_return failedBlock(saved.error());
-    bool isSaved = false;
-    for (const SavedData& record : *saved) isSaved = isSaved || record.key == std::to_string(*id);
-    co_return blockAnswer(html(
-        R"(<form method="post" action="/save" data-swap><input type="hidden" name="show" value="{}">)"
-        R"(<input type="hidden" name="on" value="{}"><button class="button" data-action="save")"
-        R"( aria-pressed="{}">{}</button></form>)",
-        *id, isSaved ? "0" : "1", isSaved ? "true" : "false", isSaved ? "On my list" : "Save to my list"));
+    if (!saved) co_return failedPart(saved.error());
+    const auto isShow = [&](const SavedData& record) { return record.key == std::to_string(*id); };
+    const bool isSaved = std::any_of(saved->begin(), saved->end(), isShow);
+    const Value values = Value::Object{{"show", *id}, {"on", isSaved ? 0 : 1}, {"isSaved", isSaved}};
+    co_return partAnswer("save", values);
 }
 
 Task<Answer> save(Visit visit) {
@@ -149,7 +140,19 @@ Task<Answer> keepProgress(Visit visit) {
                                                       .isDone = visit.request.posted("done") == "1"});
         static_cast<void>(co_await run(std::move(keeping), visit.service.options({})));
     }
-    co_return Answer{.status = 204};
+    Answer answer;
+    answer.status = 204;
+    co_return answer;
 }
+
+constexpr Route routes[] = {
+    {"GET", "/continue", continueRow},  {"GET", "/me/list", myList},
+    {"GET", "/me/history", history},    {"GET", "/me/recommendations", recommendations},
+    {"GET", "/save", saveButton},       {"POST", "/save", save},
+    {"POST", "/progress", keepProgress}};
+
+}  // namespace
+
+const std::span<const Route> userRoutes(routes);
 
 }  // namespace living_room

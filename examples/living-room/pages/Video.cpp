@@ -1,111 +1,69 @@
-// A video: what it plays, which stream the library chose and why, and the player.
+// A video: what it plays, which stream the library chose and why, and the player, which goes on where the user stopped.
 
-#include "Parts.h"
-
-#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
+#include "Pages.h"
 
 #include <algorithm>
 
 namespace living_room {
 
-using namespace VanticRestKit;
-
 namespace {
 
-bool isProgramme(const ViewPlaylistItem& item) {
-    return item.type == "program" || item.type == "livestream" || item.type == "trailer";
+bool isProgramme(const PlaylistItem& item) {
+    using enum PlaylistItem::PlaylistType;
+    return item.type == program || item.type == livestream || item.type == trailer;
 }
 
-Html levelsMarkup(const ViewPlaylistItem& item) {
-    std::vector<Html> levels;
-    for (const ViewLevel& level : item.levels) {
-        levels.push_back(
-            html(R"(<button type="button" data-quality="{}" data-stream="{}" aria-pressed="{}">{}</button>)",
-                 level.name, level.address, level.name == item.chosen ? "true" : "false", level.name));
+const char* whyHls(const Streams& streams) {
+    const bool hasOthers = streams.mpegdash || streams.fairplay;
+    return hasOthers ? "It is HLS because the other streams are protected." : "There is no stream but HLS.";
+}
+
+/// The player, or a sentence why there is none, and what the library chose for it.
+void addProgramme(Value::Object& screen, const Video& video, const PlaylistItem* item, std::int64_t position,
+                  const Service& service) {
+    if (!video.playable || item == nullptr || !item->streams.hls.url({.preferHighest = true})) {
+        const char* const sentence = "This cannot be played at the moment.";
+        screen.emplace_back("unplayable", video.playableMessage.value_or(sentence));
+        return;
     }
-    return html(
-        R"(<section class="card" aria-label="Quality"><h2>Quality</h2><div class="chips">{}</div>)"
-        R"(<p data-chosen="{}">The library chose <b>HLS {}</b>: the best of {} levels that have an address. )"
-        R"(Browsers play no protected stream of this service, so the others of it are left out.</p></section>)",
-        levels, item.chosen, item.chosen, item.levels.size());
+    Value::Object programme = playlistItemOf(*item, service);
+    programme.emplace_back("why", whyHls(item->streams));
+    Value::Object player = programme;
+    player.emplace_back("position", position);
+    // Livestreams have no position that could be kept.
+    if (video.showId && video.duration) player.emplace_back("show", *video.showId);
+    player.emplace_back("house", video.houseNumber);
+    if (position > 0) player.emplace_back("resumeAt", clockText(position));
+    screen.emplace_back("player", std::move(player));
+    screen.emplace_back("programme", std::move(programme));
 }
 
-Html playlistMarkup(const std::vector<ViewPlaylistItem>& playlist) {
-    std::vector<Html> items;
-    for (const ViewPlaylistItem& item : playlist) {
-        const Html captions = html(R"( Captions: {}.)", item.captions);
-        items.push_back(html(R"(<li data-playlist="{}"><b>{}</b> {}. {}.{}</li>)", item.type, item.type,
-                             item.title, item.technologies, when(!item.captions.empty(), captions)));
-    }
-    return html(
-        R"(<section class="card" aria-label="What it plays"><h2>What it plays</h2><ul>{}</ul></section>)",
-        items);
-}
-
-std::string addressOf(const ViewPlaylistItem& item) {
-    const auto isChosen = [&](const ViewLevel& level) { return level.name == item.chosen; };
-    const auto chosen = std::find_if(item.levels.begin(), item.levels.end(), isChosen);
-    return chosen == item.levels.end() ? "" : chosen->address;
-}
-
-/// The player, starting at `position`, or the sentence why there is none.
-Html playerMarkup(const Video& video, const ViewPlaylistItem* programme, std::int64_t position) {
-    if (!video.playable || programme == nullptr || programme->levels.empty()) {
-        return html(R"(<p class="failed">{}</p>)",
-                    video.playableMessage.value_or("This cannot be played at the moment."));
-    }
-    const Html track =
-        html(R"(<track kind="captions" label="English" srclang="en" src="{}">)", programme->captions);
-    const std::string showId = video.showId ? std::to_string(*video.showId) : "";
-    const bool isLive = video.subtype == LumenoSubtype::livestream;
-    const Html resume =
-        html(R"(<button type="button" class="button primary" data-action="play">Resume at {}</button>)"
-             R"(<button type="button" class="button" data-action="restart">From the start</button>)",
-             clockText(position));
-    const Html play =
-        html(R"(<button type="button" class="button primary" data-action="play">Play</button>)");
-    return html(
-        R"(<video id="player" controls playsinline preload="metadata" aria-label="{}" data-stream="{}")"
-        R"( data-resume="{}" data-show="{}" data-video="{}">{}</video>)"
-        R"(<div class="buttons">{}<span class="facts" role="status" data-player-state></span></div>)",
-        video.title.value_or("Video"), addressOf(*programme), position, isLive ? "" : showId,
-        video.houseNumber, when(programme->captions.starts_with("/stream/"), track),
-        position > 0 ? resume : play);
-}
-
-Html videoMarkup(const Video& video, std::int64_t position, const Service& service) {
-    std::vector<ViewPlaylistItem> playlist;
-    for (const PlaylistItem& item : video.playlist.value_or(std::vector<PlaylistItem>())) {
-        playlist.push_back(playlistItemOf(item, service));
-    }
+Value screenOf(const Video& video, std::int64_t position, const Service& service) {
+    const auto playlist = video.playlist.value_or(std::vector<PlaylistItem>());
+    Value::Object screen = tileOf(CollectionItem(video), service);
+    screen.emplace_back("videoTitle", video.title);
+    Value::List items;
+    for (const PlaylistItem& item : playlist) items.emplace_back(playlistItemOf(item, service));
+    screen.emplace_back("playlist", items);
     const auto found = std::find_if(playlist.begin(), playlist.end(), isProgramme);
-    const ViewPlaylistItem* const programme = found == playlist.end() ? nullptr : &*found;
-    const ViewTile tile = tileOf(video, service);
-    const Html show = html(R"(<a class="button" href="{}" data-kind="Show">All about {}</a>)",
-                           pageOf(video.showHref.value_or("")), video.showTitle);
-    const Html next = html(R"(<a class="button" href="{}" data-kind="Video">Next: {}</a>)",
-                           pageOf(video.nextEpisodeHref.value_or("")), video.nextEpisodeTitle);
-    return html(
-        R"(<div class="watch"><div>{}<div class="words"><p class="kicker">{}</p><h1>{}</h1>{}<p class="about">{}</p>)"
-        R"(<p class="badges">{}</p><div class="buttons">{}{}</div></div></div><div class="side">{}{}</div></div>)",
-        playerMarkup(video, programme, position), tile.title, video.title,
-        factsMarkup({tile.classification, tile.duration, video.channelTitle.value_or("")}), tile.description,
-        badgesMarkup(tile.badges), when(video.nextEpisodeHref.has_value(), next),
-        when(video.showHref.has_value(), show), programme != nullptr ? levelsMarkup(*programme) : Html(),
-        playlistMarkup(playlist));
+    addProgramme(screen, video, found == playlist.end() ? nullptr : &*found, position, service);
+    if (video.nextEpisodeHref) {
+        screen.emplace_back("next", Value::Object{{"link", pageOf(*video.nextEpisodeHref)},
+                                                  {"title", video.nextEpisodeTitle}});
+    }
+    if (video.showHref) screen.emplace_back("showLink", pageOf(*video.showHref));
+    return screen;
 }
 
-}  // namespace
-
-Task<Answer> videoPage(Visit visit) {
-    const std::string address = "/video/screen?link=" + percentEncoded(visit.request.queried("link"));
-    co_return pageAnswer(pageAround(visit, "video", "Video", block(address, "hero")));
+Task<Answer> page(Visit visit) {
+    const Value::Object values{{"address", "/video/screen?link=" + percentEncoded(visit.queried("link"))}};
+    co_return screenAnswer(visit, "video", "Video", values);
 }
 
-Task<Answer> videoScreen(Visit visit) {
-    auto resource = Endpoint::Video({.usingHref = visit.request.queried("link")}, visit.catalogue());
+Task<Answer> screen(Visit visit) {
+    auto resource = Endpoint::Video({.usingHref = visit.queried("link")}, visit.catalogue());
     const auto video = co_await load(std::move(resource), visit.options());
-    if (!video) co_return failedBlock(video.error());
+    if (!video) co_return failedPart(video.error());
     std::int64_t position = 0;
     if (visit.user->account() && video->showId && video->houseNumber) {
         // Without an answer it plays from the start.
@@ -114,7 +72,13 @@ Task<Answer> videoScreen(Visit visit) {
         const auto records = co_await run(std::move(progress), visit.options());
         if (records && !records->empty() && !records->front().done) position = records->front().progress;
     }
-    co_return blockAnswer(videoMarkup(*video, position, visit.service));
+    co_return partAnswer("video-screen", screenOf(*video, position, visit.service));
 }
+
+constexpr Route routes[] = {{"GET", "/video", page}, {"GET", "/video/screen", screen}};
+
+}  // namespace
+
+const std::span<const Route> videoRoutes(routes);
 
 }  // namespace living_room
