@@ -66,6 +66,8 @@ test('Show has its description, series, episodes with thumbnails, and related sh
     assert.ok(await viewer.count('main a.tile[data-kind="Video"] img') > 0);
     assert.ok(await viewer.count('main a.tile[data-kind="Show"]') > 0);
     assert.equal(await viewer.count('[data-action="save"]'), 1);
+    // A picture that is larger than its frame must not be scrolled inside of it.
+    assert.equal(await viewer.page.$eval('.hero', (hero) => hero.scrollTop), 0);
     assert.deepEqual(await brokenPictures(), []);
 });
 
