@@ -61,6 +61,7 @@ struct Loads::Load {
     bool mayBeSentAgain = false;
     bool isHurried = false;
     bool isCancelled = false;
+    std::chrono::duration<double> interval{};
     LoadOptions options{};
     std::stop_source stop{};
     Cancellable handle{};
@@ -102,7 +103,7 @@ void Loads::closeConnections() {
     session_->closeIdleConnections();
     // libcurl lets go of what was shut down when it makes the next connection, but looks no more often than each second.
     poll(nullptr, 0, 1100);
-    runOne(0);
+    runOne(0, usualDeadline);
     session_->closeIdleConnections();
 }
 
@@ -131,6 +132,7 @@ Loads::LoadPointer Loads::make(std::size_t route) {
     // What is no GET is not sent again, and so may be lost on a connection that was just closed.
     load->method = routes_[route].allows("offline") && random(9) == 0 ? "POST" : "GET";
     load->mayBeSentAgain = random(3) == 0;
+    load->interval = routes_[route].interval;
     load->options.stop = load->stop.get_token();
     // Publishers have no options: the session's time for a load is their deadline.
     load->isHurried = load->form != Form::publisher && random(19) == 0;
@@ -145,7 +147,7 @@ Resource<Data> Loads::resourceOf(const Load& load) {
     URLRequest request(*URL::make(load.url));
     request.setHTTPMethod(load.method);
     if (load.method == "POST") request.setHTTPBody(Data("a body"));
-    request.setTimeoutInterval(routes_[load.route].interval);
+    request.setTimeoutInterval(load.interval);
     const auto service = NetworkServiceble::make({.with = request, .and_ = network_, .logError = nullptr});
     if (!load.mayBeSentAgain) {
         return Resource<Data>({.withService = service, .andDecoder = JSONDecoder()});
@@ -281,9 +283,10 @@ void Loads::run(std::size_t count, Clock::time_point until, std::size_t atOnce,
     waitForEnds(0);
 }
 
-std::string Loads::runOne(std::size_t route) {
+std::string Loads::runOne(std::size_t route, std::chrono::duration<double> interval) {
     LoadPointer load = make(route);
     load->form = Form::future;
+    load->interval = interval;
     load->method = "GET";
     load->isHurried = false;
     load->mayBeSentAgain = false;

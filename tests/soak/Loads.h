@@ -46,8 +46,9 @@ public:
     void run(std::size_t count, Clock::time_point until, std::size_t atOnce,
              const std::function<void()>& between);
 
-    /// Runs one load of `route` to its end: the category that it failed with, or "success".
-    std::string runOne(std::size_t route);
+    /// Runs one load of `route`, with an idle time-out of its own, to its end: the category that it failed with, or
+    /// "success".
+    std::string runOne(std::size_t route, std::chrono::duration<double> interval);
 
     /// Closes all connections but one, so that what is left can be counted.
     void closeConnections();

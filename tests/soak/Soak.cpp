@@ -80,13 +80,16 @@ public:
         PrivateNetwork::ip("link set near down");
         PrivateNetwork::ip("addr flush dev near");
         for (const std::size_t route : routes_) {
-            if (loads.runOne(route) == "success") faults_.push_back("a load succeeded without a network");
+            if (loads.runOne(route, std::chrono::milliseconds(500)) == "success")
+                faults_.push_back("a load succeeded without a network");
         }
         // 10.9.0.2 is the other end of the cable.
         PrivateNetwork::ip("addr add 10.9.0." + std::to_string(10 + count_ % 80) + "/24 dev near");
         PrivateNetwork::ip("link set near up");
         for (const std::size_t route : routes_) {
-            const std::string outcome = loads.runOne(route);
+            const auto start = Clock::now();
+            const std::string outcome = loads.runOne(route, std::chrono::seconds(20));
+            slowest_ = std::max<std::chrono::duration<double>>(slowest_, Clock::now() - start);
             if (outcome != "success")
                 faults_.push_back("the first load after an outage ended with " + outcome);
         }
@@ -94,12 +97,15 @@ public:
     }
 
     std::size_t count() const { return count_; }
+    /// How long the first load after an outage took at most.
+    std::chrono::duration<double> slowest() const { return slowest_; }
     const std::vector<std::string>& faults() const { return faults_; }
 
 private:
     std::vector<std::size_t> routes_;
     Clock::time_point next_ = Clock::now();
     std::size_t count_ = 0;
+    std::chrono::duration<double> slowest_{0};
     std::vector<std::string> faults_;
 };
 
@@ -196,9 +202,11 @@ int soak(const Wishes& wishes) {
     std::printf("\nseed %llu; %zu loads, of which %zu to warm up; then %.0f loads a second for %.0f s\n",
                 static_cast<unsigned long long>(wishes.seed), loads.startedCount(), warmLoads,
                 static_cast<double>(loads.startedCount() - warmLoads) / taken.count(), taken.count());
-    std::printf("%zu outages; %zu loads sent again by their policy; latest end %.2f s %s its deadline\n",
-                outages.count(), loads.retryCount(), std::abs(loads.latest().count()),
-                loads.latest().count() > 0 ? "after" : "before");
+    std::printf(
+        "%zu outages, the first load after each within %.2f s; %zu loads sent again by their policy; "
+        "latest end %.2f s %s its deadline\n",
+        outages.count(), outages.slowest().count(), loads.retryCount(), std::abs(loads.latest().count()),
+        loads.latest().count() > 0 ? "after" : "before");
     bool isGood =
         printLeftovers("while the session lives", warm.inSession, after.inSession, bytesToleratedInSession);
     isGood &= printLeftovers("after the session", warm.afterSession, after.afterSession, bytesTolerated);

@@ -5,6 +5,7 @@
 
 #include <arpa/inet.h>
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <cstdint>
 #include <memory>
@@ -54,6 +55,14 @@ TEST_F(OpenConnection, IsFoundByItsSocketAndByItsEnds) {
 }
 
 TEST_F(OpenConnection, IsNotInheritedByChildProcesses) { EXPECT_NE(fcntl(socket_, F_GETFD) & FD_CLOEXEC, 0); }
+
+TEST_F(OpenConnection, IsShutDownWithItsOwnAddressAndNoOther) {
+    pollfd end{.fd = peer_.descriptor(), .events = POLLIN, .revents = 0};
+    connections_.shutDownFrom("127.0.0.2");
+    EXPECT_EQ(poll(&end, 1, 0), 0);
+    connections_.shutDownFrom("127.0.0.1");
+    EXPECT_EQ(poll(&end, 1, 30000), 1);
+}
 
 TEST_F(OpenConnection, IsFoundNoMoreOnceItIsClosed) {
     const std::shared_ptr<Connection> connection = found();

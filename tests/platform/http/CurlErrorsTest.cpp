@@ -27,6 +27,27 @@ TEST(CurlErrors, BecomeThePlatformsCodes) {
     EXPECT_EQ(code(CURLE_OUT_OF_MEMORY), -1);
 }
 
+TEST(CurlErrors, AHandshakeThatTheNetworkCutOffIsALostConnection) {
+    const auto code = [](const char* text) { return urlErrorCodeFor(CURLE_SSL_CONNECT_ERROR, text, 0); };
+    for (const char* const text :
+         {"OpenSSL SSL_connect: SSL_ERROR_SYSCALL in connection to 127.0.0.1:58023 ",
+          "Recv failure: Connection reset by peer", "Send failure: Broken pipe",
+          "OpenSSL SSL_connect: Connection reset by peer in connection to 127.0.0.1:443",
+          "error:0A000126:SSL routines::unexpected eof while reading"}) {
+        EXPECT_EQ(code(text), URLErrorCode::networkConnectionLost) << text;
+    }
+    for (const char* const text : {"error:0A00010B:SSL routines::wrong version number",
+                                   "error:0A000410:SSL routines::sslv3 alert handshake failure"}) {
+        EXPECT_EQ(code(text), URLErrorCode::secureConnectionFailed) << text;
+    }
+}
+
+TEST(CurlErrors, AConnectionOfHTTP2ThatEndsInOrderIsLostAndNotBroken) {
+    EXPECT_EQ(faultFor({.code = CURLE_HTTP2}).code, URLErrorCode::networkConnectionLost);
+    EXPECT_EQ(faultFor({.code = CURLE_HTTP2, .text = "nghttp2 recv error -902"}).code,
+              URLErrorCode::badServerResponse);
+}
+
 TEST(CurlErrors, ACertificateThatIsNotYetValidHasACodeOfItsOwn) {
     EXPECT_EQ(urlErrorCodeFor(CURLE_PEER_FAILED_VERIFICATION, "", 9),
               URLErrorCode::serverCertificateNotYetValid);

@@ -66,3 +66,17 @@ TEST(NameLookups, EndsAllThatWaitForOneNameWhenItsAddressIsFound) {
     }
     EXPECT_FALSE(lookups.mayBegin(name, now));
 }
+
+TEST(NameLookups, KnowsANameUntilItsTimeOrUntilItIsForgotten) {
+    NameLookups lookups(1);
+    NameLookups::Name name("http://name.test:80"), address("http://127.0.0.1:80");
+    EXPECT_FALSE(NameLookups::knows(name, now));
+    EXPECT_TRUE(NameLookups::knows(address, now));
+    lookups.learn(name, now + minute);
+    EXPECT_TRUE(NameLookups::knows(name, now));
+    EXPECT_FALSE(NameLookups::knows(name, now + minute));
+    NameLookups::forget(name);
+    NameLookups::forget(address);
+    EXPECT_FALSE(NameLookups::knows(name, now));
+    EXPECT_TRUE(NameLookups::knows(address, now));
+}

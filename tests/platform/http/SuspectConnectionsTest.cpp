@@ -35,6 +35,7 @@ protected:
             std::make_unique<Attempt>(exchange_, AttemptSurroundings{.now = now_,
                                                                      .connections = connections_,
                                                                      .pendingConnects = pendingConnects_,
+                                                                     .ownAddresses = ownAddresses_,
                                                                      .redirectPolicy = redirectPolicy_,
                                                                      .admission = admission_,
                                                                      .deadlines = deadlines_,
@@ -58,6 +59,7 @@ protected:
     TimePoint now_ = Clock::now();
     Connections connections_;
     PendingConnects pendingConnects_;
+    OwnAddresses ownAddresses_;
     URLSessionRedirectPolicy redirectPolicy_;
     Admission admission_{6};
     IdleDeadlines deadlines_;
