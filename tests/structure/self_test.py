@@ -10,6 +10,7 @@ import unittest
 import formatting
 import headers
 import layers
+import limits
 import names
 import reference
 import shape
@@ -148,6 +149,15 @@ class Tree(unittest.TestCase):
         self.write("VanticRestKit.h", "#pragma once\n")
         self.write("VanticRestKit.h", umbrella_text(Sources(self.folder)))
         self.assert_breaks(texts.the_umbrella_header_is_complete, "Core/New.h", "#pragma once\n")
+
+    def test_a_limit_without_a_name_or_a_test_is_found(self):
+        header = "struct Limits {\n    std::uint64_t maxParts = 3;\n};\n"
+        tests = ["TEST(Parts, AreCounted) {\n}\n"]
+        page = "# Limits\n\n| Limit | Test |\n|---|---|\n| `maxParts` | `Parts.AreCounted` |\n\n| Other |\n|---|\n| no test |\n"
+        self.assertEqual([], list(limits.faults(page, header, tests)))
+        self.assertIn("maxParts", "".join(limits.faults(page.replace("maxParts", "parts"), header, tests)))
+        self.assertIn("Parts.AreCounted", "".join(limits.faults(page, header, ["TEST(Parts, AreFew) {"])))
+        self.assertIn("without a test", "".join(limits.faults(page.replace("`Parts.AreCounted`", "none"), header, tests)))
 
     def test_a_reference_that_lacks_a_header_is_found(self):
         src = self.folder / "told"
