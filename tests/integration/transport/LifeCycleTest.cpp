@@ -148,7 +148,7 @@ TEST(LifeCycle, ARequestWaitsForConnectivityIfItsSessionDoes) {
     configuration.waitsForConnectivity = true;
     const auto session = URLSession::make(configuration);
     const Loaded loaded = startLoad(*session, requestOf("http://127.0.0.1:" + std::to_string(port) + "/"));
-    // Something else fails in the time of some attempts.
+    // The port refuses connections meanwhile, as a session that does not wait finds out.
     EXPECT_EQ(load(*makeSession(), "http://127.0.0.1:" + std::to_string(port) + "/").code(),
               URLErrorCode::cannotConnectToHost);
     EXPECT_EQ(loaded.calls(), 0);

@@ -8,7 +8,6 @@
 
 #include <chrono>
 #include <string>
-#include <thread>
 #include <vector>
 
 using namespace VanticRestKit;
@@ -182,20 +181,6 @@ TEST(Settings, HTTP1CanBePreferredToHTTP2) {
     configuration.httpVersionPreference = HTTPVersionPreference::http1Only;
     EXPECT_EQ(answerOf(server, configuration), "ok");
     EXPECT_EQ(offered.find("h2"), std::string::npos);
-}
-
-TEST(Settings, AConnectionIdleForLongerThanItsLifetimeIsNotUsedAgain) {
-    FaultServer server(always(answer(200, "ok")));
-    URLSessionConfiguration configuration;
-    configuration.idleConnectionLifetime = std::chrono::seconds(1);
-    const auto session = URLSession::make(configuration);
-    load(*session, server.url());
-    load(*session, server.url());
-    EXPECT_EQ(server.connectionCount(), 1U);
-    // Whole seconds count, and time has to pass here.
-    std::this_thread::sleep_for(std::chrono::milliseconds(2100));
-    load(*session, server.url());
-    EXPECT_EQ(server.connectionCount(), 2U);
 }
 
 TEST(Settings, ConnectionsMadeAtOnceResumeTheTLSSessionOfAnEarlierOne) {
