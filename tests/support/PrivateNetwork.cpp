@@ -26,7 +26,7 @@ bool write(const std::string& path, const std::string& text) {
     return static_cast<bool>(file.flush());
 }
 
-/// Goes into new namespaces; one who is not root needs a namespace in which he is.
+/// Enters new namespaces. A user who is not root needs one in which he is root.
 std::string unshareAll() {
     if (unshare(CLONE_NEWNET | CLONE_NEWNS) == 0) return {};
     const uid_t user = geteuid();

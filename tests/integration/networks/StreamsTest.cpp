@@ -112,6 +112,24 @@ TEST_F(Streams, AGetThatAServerLeftOutWhenItWentAwayIsSentAgain) {
     EXPECT_GT(origin_->faultCount(), 0U);
 }
 
+TEST_F(Streams, ARequestThatIsNoGetIsNotSentAgainWhenAServerLeavesItOut) {
+    serve({.goAwaysWithoutLast = 1});
+    URLRequest post = request(1);
+    post.setHTTPMethod("POST");
+    post.setHTTPBody(Data("once"));
+    const Loaded loaded = load(*session_, post);
+    EXPECT_EQ(outcomeOf(loaded), "offline") << loaded.story();
+    EXPECT_EQ(origin_->faultCount(), 1U);
+}
+
+TEST_F(Streams, AGetThatEveryConnectionLeavesOutIsGivenUp) {
+    serve({.goAwaysWithoutLast = 1});
+    const Loaded loaded = load(*session_, request(1));
+    EXPECT_EQ(outcomeOf(loaded), "offline") << loaded.story();
+    EXPECT_GT(origin_->faultCount(), 1U);
+    EXPECT_LT(origin_->faultCount(), 50U);
+}
+
 TEST_F(Streams, AStreamThatIsResetFailsAloneAndLeavesTheConnectionToTheOthers) {
     serve({.longestWait = 20ms, .resets = 0.2});
     const std::size_t succeeded = successes(startMany(200), {"offline"});
