@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <utility>
 
 namespace VanticRestKit::detail {
 
@@ -41,10 +40,12 @@ void OwnAddresses::note(std::string_view address) {
 std::vector<std::string> OwnAddresses::takeLost(TimePoint now) {
     if (noted_.empty() || now - lastLook_ < std::chrono::milliseconds(1)) return {};
     lastLook_ = now;
-    const auto kept = std::stable_partition(noted_.begin(), noted_.end(),
-                                            [](const std::string& address) { return !isLost(address); });
-    std::vector<std::string> lost(std::make_move_iterator(kept), std::make_move_iterator(noted_.end()));
-    noted_.erase(kept, noted_.end());
+    std::vector<std::string> lost;
+    std::erase_if(noted_, [&lost](const std::string& address) {
+        if (!isLost(address)) return false;
+        lost.push_back(address);
+        return true;
+    });
     return lost;
 }
 
