@@ -12,16 +12,18 @@ struct qemu_plugin_tb;
 enum QemuPluginOperation : int { addU64 = 0 };
 
 std::size_t qemu_plugin_tb_n_insns(const qemu_plugin_tb* block);
-void qemu_plugin_register_vcpu_tb_trans_cb(std::uint64_t id, void (*translated)(std::uint64_t, qemu_plugin_tb*));
-void qemu_plugin_register_vcpu_tb_exec_inline(qemu_plugin_tb* block, QemuPluginOperation operation, void* counter,
-                                              std::uint64_t operand);
+void qemu_plugin_register_vcpu_tb_trans_cb(std::uint64_t id,
+                                           void (*translated)(std::uint64_t, qemu_plugin_tb*));
+void qemu_plugin_register_vcpu_tb_exec_inline(qemu_plugin_tb* block, QemuPluginOperation operation,
+                                              void* counter, std::uint64_t operand);
 void qemu_plugin_register_atexit_cb(std::uint64_t id, void (*ends)(std::uint64_t, void*), void* data);
 void qemu_plugin_outs(const char* text);
 
 [[gnu::visibility("default")]] extern int qemu_plugin_version;
 int qemu_plugin_version = 1;
 
-[[gnu::visibility("default")]] int qemu_plugin_install(std::uint64_t id, const void* info, int count, char** values);
+[[gnu::visibility("default")]] int qemu_plugin_install(std::uint64_t id, const void* info, int count,
+                                                       char** values);
 }
 
 namespace {

@@ -8,7 +8,7 @@ import sys
 import unittest
 
 TOP = pathlib.Path(sys.argv.pop(1))
-PROMISED = {"release", "debug", "address", "thread", "fuzz", "coverage", "bench"}
+PROMISED = {"release", "debug", "address", "thread", "fuzz", "coverage", "bench", "arm64", "armhf", "s390x"}
 SCRIPTS = ["test", "demo", "scripts/build", "bench/run"]
 
 

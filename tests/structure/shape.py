@@ -14,7 +14,6 @@ SHORT_FOR_A_REASON = {
     "Visibility.h": "every public header includes it",
     "Core/URLError.cpp": "the address of an error's tag is its identity, so it is defined in one source",
     "platform/json/EncodingError.cpp": "the address of an error's tag is its identity, so it is defined in one source",
-    "platform/http/curl/detail/GlobalInit.h": "declares the one function of a source of 36 lines",
     "platform/http/curl/detail/WakePair.h": "declares the one function of a source of 70 lines",
     "trelvo/Common/TrelvoContext.cpp": "the class has its table of virtual functions in one source",
     "kavro/KAVROSegmentsContext.cpp": "the class has its table of virtual functions in one source",

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The library builds with each supported toolchain, is installed, and serves a host that is built the same way.
 
-toolchains_test.py --tree TOP [NAME...]      without names: every toolchain that this machine has
+toolchains.py --tree TOP [NAME...]      without names: every toolchain that this machine has
 
 Prints a row of the table in docs/platforms.md for each: the size of the stripped shared library, and how many of the
 host's four steps went well with each library.
