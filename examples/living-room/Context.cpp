@@ -1,10 +1,5 @@
 #include "Context.h"
 
-#include <VanticRestKit/Core/NetworkServiceble.h>
-
-#include <chrono>
-#include <utility>
-
 namespace living_room {
 
 using namespace std::chrono_literals;

@@ -2,24 +2,9 @@
 
 // The contexts of this host: where the service is, how it is asked, and who is told of it.
 
-#include <VanticRestKit/Core/Context.h>
-#include <VanticRestKit/Core/NetworkSession.h>
-#include <VanticRestKit/Core/ObservableContext.h>
-#include <VanticRestKit/platform/async/LoadOptions.h>
-#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
-#include <VanticRestKit/platform/http/URLSession.h>
-#include <VanticRestKit/recs/RecsContext.h>
-#include <VanticRestKit/trelvo/Common/TrelvoContext.h>
-
-#include <map>
-#include <memory>
-#include <optional>
-#include <stop_token>
-#include <string>
+#include "Http.h"
 
 namespace living_room {
-
-using namespace VanticRestKit;
 
 /// What all browsers share: the address of the service, one session with its cache, and the queue of the host's loop,
 /// on which every load goes on. Immutable.

@@ -1,12 +1,8 @@
 #include "Errors.h"
 
-#include <VanticRestKit/Core/ErrorAdvice.h>
-
 #include <algorithm>
 
 namespace living_room {
-
-using namespace VanticRestKit;
 
 namespace {
 

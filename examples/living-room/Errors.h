@@ -3,18 +3,15 @@
 // How failures look: in a part of a screen, and as a page of their own.
 
 #include "Http.h"
-#include "Template.h"
-
-#include <VanticRestKit/platform/error/Error.h>
 
 namespace living_room {
 
 /// What a viewer reads about a failure, and what can be done: sentence, category, offersSignIn, and retrySeconds, after
 /// which the screen tries again by itself; 0 if that would not help.
-Value failureOf(const VanticRestKit::Error& error);
+Value failureOf(const Error& error);
 
 /// The part of a screen that could not be loaded: a sentence and a button to try again.
-Answer failedPart(const VanticRestKit::Error& error);
+Answer failedPart(const Error& error);
 
 /// A page that says what was wrong with a request: 400, 403, 404, 405, 421 or 431.
 Answer problemPage(int status);

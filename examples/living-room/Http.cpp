@@ -1,7 +1,6 @@
 #include "Http.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace living_room {
 
@@ -12,22 +11,14 @@ std::string valueIn(const Fields& fields, std::string_view name) {
     return found == fields.end() ? std::string() : found->second;
 }
 
-std::optional<std::string> decoded(std::string_view text, bool plusIsSpace) {
-    std::string plain;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '%') {
-            plain += plusIsSpace && text[i] == '+' ? ' ' : text[i];
-            continue;
-        }
-        unsigned value = 0;
-        const char* const digits = text.data() + i + 1;
-        if (text.size() - i < 3 || std::from_chars(digits, digits + 2, value, 16).ptr != digits + 2) {
-            return std::nullopt;
-        }
-        plain += static_cast<char>(value);
-        i += 2;
+/// The items of the query of `address`; empty if it cannot be read.
+std::optional<Fields> fieldsOf(const std::optional<URLComponents>& address) {
+    if (!address) return std::nullopt;
+    Fields fields;
+    for (const URLQueryItem& item : address->queryItems().value_or(std::vector<URLQueryItem>())) {
+        fields.insert_or_assign(item.name, item.value.value_or(""));
     }
-    return plain;
+    return fields;
 }
 
 }  // namespace
@@ -52,9 +43,8 @@ std::string Request::cookie(std::string_view name) const {
 }
 
 Answer pageAnswer(std::string_view name, const Value& value, int status) {
-    return {.status = status,
-            .body = VanticRestKit::Data(rendered(name, value)),
-            .headers = {{"Cache-Control", "no-store"}}};
+    return {
+        .status = status, .body = Data(rendered(name, value)), .headers = {{"Cache-Control", "no-store"}}};
 }
 
 Answer partAnswer(std::string_view name, const Value& value, const char* state) {
@@ -71,29 +61,24 @@ Answer seeOther(std::string address) {
     return {.status = 303, .headers = {{"Location", std::move(address)}, {"Cache-Control", "no-store"}}};
 }
 
-std::optional<Fields> readFields(std::string_view text) {
-    Fields fields;
-    while (!text.empty()) {
-        const std::string_view item = text.substr(0, text.find('&'));
-        text.remove_prefix(std::min(text.size(), item.size() + 1));
-        const std::size_t equals = std::min(item.find('='), item.size());
-        auto name = decoded(item.substr(0, equals), true);
-        auto value = decoded(item.substr(std::min(equals + 1, item.size())), true);
-        if (!name || !value) return std::nullopt;
-        fields.insert_or_assign(*std::move(name), *std::move(value));
-    }
-    return fields;
+bool readTarget(const std::string& target, Request& request) {
+    const auto address = URLComponents::make(target);
+    auto query = fieldsOf(address);
+    if (!query || address->host()) return false;
+    request.path = address->path();
+    request.query = *std::move(query);
+    return request.path.starts_with('/') && request.path.find('\0') == std::string::npos &&
+           request.path.find("..") == std::string::npos;
 }
 
-bool readTarget(std::string_view target, Request& request) {
-    const std::size_t question = std::min(target.find('?'), target.size());
-    auto path = decoded(target.substr(0, question), false);
-    auto query = readFields(target.substr(std::min(question + 1, target.size())));
-    if (!path || !query || !path->starts_with('/')) return false;
-    if (path->find('\0') != std::string::npos || path->find("..") != std::string::npos) return false;
-    request.path = *std::move(path);
-    request.query = *std::move(query);
-    return true;
+bool readForm(std::string body, Request& request) {
+    // A space of a form.
+    for (auto plus = body.find('+'); plus != std::string::npos; plus = body.find('+', plus)) {
+        body.replace(plus, 1, "%20");
+    }
+    auto form = fieldsOf(URLComponents::make("/?" + body));
+    if (form) request.form = *std::move(form);
+    return form.has_value();
 }
 
 }  // namespace living_room

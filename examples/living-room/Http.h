@@ -4,9 +4,12 @@
 
 #include "Template.h"
 
-#include <VanticRestKit/platform/data/Data.h>
+#include <VanticRestKit/platform/async/Task.h>
+#include <VanticRestKit/VanticRestKit.h>
 
+#include <chrono>
 #include <map>
+#include <memory>
 #include <optional>
 #include <stop_token>
 #include <string>
@@ -15,6 +18,8 @@
 #include <vector>
 
 namespace living_room {
+
+using namespace VanticRestKit;
 
 /// The items of a query or of a form. The last one counts of several with one name.
 using Fields = std::map<std::string, std::string, std::less<>>;
@@ -44,7 +49,7 @@ struct Request {
 struct Answer {
     int status = 200;
     std::string type = "text/html; charset=utf-8";
-    VanticRestKit::Data body{};
+    Data body{};
     std::vector<std::pair<std::string, std::string>> headers{};
 };
 
@@ -59,8 +64,8 @@ Answer seeOther(std::string address);
 
 /// Sets path and query of `request` from the target of a request line. Whether that is one: a path without broken
 /// escapes, zero bytes and steps upwards.
-bool readTarget(std::string_view target, Request& request);
-/// The items of a query or a form; empty if an escape is broken.
-std::optional<Fields> readFields(std::string_view text);
+bool readTarget(const std::string& target, Request& request);
+/// Sets the form of `request` from the body that a browser sent. Whether that is one.
+bool readForm(std::string body, Request& request);
 
 }  // namespace living_room

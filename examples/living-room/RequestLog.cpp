@@ -1,15 +1,8 @@
 #include "RequestLog.h"
 
-#include <VanticRestKit/platform/error/NSError.h>
-#include <VanticRestKit/platform/url/URL.h>
-
 #include <algorithm>
-#include <chrono>
-#include <utility>
 
 namespace living_room {
-
-using namespace VanticRestKit;
 
 namespace {
 

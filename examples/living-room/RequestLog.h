@@ -2,24 +2,21 @@
 
 // What the panel shows of a browser's requests.
 
-#include "Template.h"
-
-#include <VanticRestKit/Core/RequestObserver.h>
+#include "Http.h"
 
 #include <deque>
 #include <mutex>
-#include <string>
 
 namespace living_room {
 
 /// Keeps the last requests of one browser and what decoding swallowed of their answers. Any thread.
-class RequestLog final : public VanticRestKit::RequestObserver {
+class RequestLog final : public RequestObserver {
 public:
     RequestLog();
 
-    void requestEnded(const VanticRestKit::RequestMetrics& metrics) override;
-    void decodingFailed(const VanticRestKit::DecodingFailure& failure) override;
-    void documentExplained(const VanticRestKit::ExplainedDocument& document) override;
+    void requestEnded(const RequestMetrics& metrics) override;
+    void decodingFailed(const DecodingFailure& failure) override;
+    void documentExplained(const ExplainedDocument& document) override;
 
     /// The newest first, each with method, target, outcome (the status, or "no answer"), milliseconds and source.
     Value::List requests() const;

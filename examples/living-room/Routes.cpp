@@ -2,7 +2,6 @@
 
 #include "pages/Pages.h"
 
-#include <utility>
 #include <variant>
 
 namespace living_room {

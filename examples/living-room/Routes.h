@@ -6,10 +6,7 @@
 #include "Http.h"
 #include "User.h"
 
-#include <VanticRestKit/platform/async/Task.h>
-
 #include <cstdint>
-#include <string>
 
 namespace living_room {
 

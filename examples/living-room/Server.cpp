@@ -10,18 +10,13 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <coroutine>
 #include <csignal>
 #include <exception>
-#include <optional>
 #include <set>
-#include <stop_token>
-#include <utility>
 
 namespace living_room {
 
-using namespace VanticRestKit;
 using namespace std::chrono_literals;
 
 namespace asio = boost::asio;
@@ -64,10 +59,7 @@ bool readRequest(const http::request<http::string_body>& parsed, Request& reques
         for (char& c : name) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
         request.headers.insert_or_assign(std::move(name), std::string(viewOf(field.value())));
     }
-    auto form = readFields(parsed.body());
-    if (!form) return false;
-    request.form = *std::move(form);
-    return readTarget(viewOf(parsed.target()), request);
+    return readTarget(std::string(viewOf(parsed.target())), request) && readForm(parsed.body(), request);
 }
 
 /// One browser's connection. It keeps itself alive by what it waits for.
@@ -119,8 +111,6 @@ private:
         isLast_ = error || !parser_->keep_alive();
         const bool isTooLarge = error == http::error::header_limit || error == http::error::body_limit;
         if (!isWhole) request.problem = isTooLarge ? 431 : 400;
-        isHead_ = request.method == "HEAD";
-        if (isHead_) request.method = "GET";
         request.gone = gone_.get_token();
         auto task = handler_(std::move(request));
         // Nothing more can be read if the request was not understood.
@@ -139,17 +129,9 @@ private:
         for (const auto& [name, value] : answer_.headers) response_->insert(name, value);
         response_->body() = {answer_.body.data(), answer_.body.size()};
         response_->content_length(answer_.body.size());
-        if (isHead_) response_->body() = {};
         stream_.expires_after(60s);
-        const auto written = [self = shared_from_this()](error_code error, std::size_t) {
-            self->wrote(error);
-        };
-        if (isHead_) {
-            serializer_.emplace(*response_);
-            http::async_write_header(stream_, *serializer_, written);
-        } else {
-            http::async_write(stream_, *response_, written);
-        }
+        http::async_write(stream_, *response_,
+                          [self = shared_from_this()](error_code error, std::size_t) { self->wrote(error); });
     }
 
     void wrote(error_code error) {
@@ -185,12 +167,10 @@ private:
     bool isReading_ = false;
     bool isAnswering_ = false;
     bool isLast_ = false;
-    bool isHead_ = false;
     /// How the reading of the next request ended, if it ended while this one was being answered.
     std::optional<error_code> next_{};
     Answer answer_{};
     std::optional<http::response<http::span_body<const char>>> response_{};
-    std::optional<http::response_serializer<http::span_body<const char>>> serializer_{};
     std::array<char, 4096> dropped_{};
 };
 

@@ -4,17 +4,13 @@
 
 #include "Http.h"
 
-#include <VanticRestKit/platform/async/Task.h>
-#include <VanticRestKit/platform/dispatch/DispatchQueue.h>
-
 #include <cstdint>
 #include <functional>
-#include <memory>
 
 namespace living_room {
 
 /// Answers one request. It runs on the loop of the server; it may throw nothing.
-using Handler = std::function<VanticRestKit::Task<Answer>(Request)>;
+using Handler = std::function<Task<Answer>(Request)>;
 
 /// Serves HTTP/1.1 on 127.0.0.1. Everything happens on the thread that calls `run`: reading, the handler's coroutines,
 /// which go on through `queue`, and writing.
@@ -32,7 +28,7 @@ public:
     /// 0 if the port could not be had.
     std::uint16_t port() const noexcept;
     /// Runs blocks on the loop. Valid as long as the server.
-    const VanticRestKit::DispatchQueue& queue() const noexcept;
+    const DispatchQueue& queue() const noexcept;
 
     /// Serves until `stop` was called and the handlers under way have ended.
     void run(Handler handler);

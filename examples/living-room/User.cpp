@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <random>
-#include <utility>
 
 namespace living_room {
 

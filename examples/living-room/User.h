@@ -5,13 +5,7 @@
 #include "Context.h"
 #include "RequestLog.h"
 
-#include <VanticRestKit/trelvo/UserClient.h>
-
 #include <list>
-#include <map>
-#include <memory>
-#include <optional>
-#include <string>
 
 namespace living_room {
 

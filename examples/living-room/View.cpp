@@ -1,9 +1,5 @@
 #include "View.h"
 
-#include <VanticRestKit/lumeno/Series/Series.h>
-#include <VanticRestKit/lumeno/Show/Show.h>
-#include <VanticRestKit/platform/json/RawText.h>
-
 #include <algorithm>
 #include <cstdio>
 

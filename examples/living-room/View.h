@@ -3,17 +3,6 @@
 // What the screens show, made of the entities of the service: the values that templates are filled with.
 
 #include "Context.h"
-#include "Template.h"
-
-#include <VanticRestKit/lumeno/MixedCollection/MixedCollection.h>
-#include <VanticRestKit/lumeno/NowNext/NowNext.h>
-#include <VanticRestKit/lumeno/Playlist/PlaylistItem.h>
-#include <VanticRestKit/lumeno/Video/Video.h>
-#include <VanticRestKit/trelvo/History/HistoryData.h>
-
-#include <optional>
-#include <string>
-#include <vector>
 
 namespace living_room {
 

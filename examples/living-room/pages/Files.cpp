@@ -4,11 +4,8 @@
 
 #include "../Assets.h"
 
-#include <VanticRestKit/Core/HrefURI.h>
-
 #include <fstream>
 #include <iterator>
-#include <string_view>
 
 namespace living_room {
 

@@ -2,10 +2,6 @@
 
 #include "Pages.h"
 
-#include <VanticRestKit/lumeno/Categories/Category.h>
-#include <VanticRestKit/lumeno/Link/LinkEndpoints.h>
-#include <VanticRestKit/lumeno/ProductAlert/ProductAlert.h>
-
 #include <algorithm>
 
 namespace living_room {

@@ -2,10 +2,6 @@
 
 #include "Pages.h"
 
-#include <VanticRestKit/lumeno/NowNext/LivestreamRegion.h>
-#include <VanticRestKit/lumeno/Video/VideoList.h>
-#include <VanticRestKit/platform/json/RawText.h>
-
 namespace living_room {
 
 namespace {

@@ -2,8 +2,6 @@
 
 #include "Pages.h"
 
-#include <VanticRestKit/lumeno/Image/Image.h>
-
 namespace living_room {
 
 namespace {

@@ -3,26 +3,11 @@
 // The pages of the host and the parts of them that the screens load by themselves. Each is a coroutine that answers one
 // request of a browser.
 
-#include "../Context.h"
 #include "../Errors.h"
-#include "../Http.h"
 #include "../User.h"
 #include "../View.h"
 
-#include <VanticRestKit/Core/ErrorAdvice.h>
-#include <VanticRestKit/Core/Resource.h>
-#include <VanticRestKit/Core/URLError.h>
-#include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
-#include <VanticRestKit/platform/async/Task.h>
-
-#include <memory>
-#include <optional>
 #include <span>
-#include <string>
-#include <string_view>
-#include <type_traits>
-#include <utility>
-#include <vector>
 
 namespace living_room {
 

@@ -2,10 +2,6 @@
 
 #include "Pages.h"
 
-#include <VanticRestKit/platform/http/URLRequest.h>
-#include <VanticRestKit/platform/json/PlanOf.h>
-#include <VanticRestKit/platform/json/Table.h>
-
 namespace living_room {
 
 /// What the sample service says of its fault.

@@ -3,8 +3,6 @@
 
 #include "Pages.h"
 
-#include <VanticRestKit/lumeno/Search/SearchResults.h>
-
 namespace living_room {
 
 namespace {

@@ -2,8 +2,6 @@
 
 #include "Pages.h"
 
-#include <VanticRestKit/lumeno/Search/RelatedShowList.h>
-
 namespace living_room {
 
 namespace {

@@ -2,11 +2,6 @@
 
 #include "Pages.h"
 
-#include <VanticRestKit/lumeno/Show/Show.h>
-#include <VanticRestKit/lumeno/Video/VideoList.h>
-#include <VanticRestKit/recs/RecommendationModule.h>
-#include <VanticRestKit/recs/RecsRoutes.h>
-
 #include <algorithm>
 #include <charconv>
 
