@@ -3,6 +3,7 @@
 
 #include "Host.h"
 
+#include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Categories/Category.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/platform/http/cache/URLCache.h>
