@@ -62,7 +62,11 @@ void AsyncCall::drop() {
 }
 
 ProgressReceiver AsyncCall::progressReceiver() {
-    if (!progress_) return {};
+    {
+        // A stop or the deadline may be ending the load already.
+        const std::lock_guard lock(workMutex_);
+        if (!progress_) return {};
+    }
     return [weak = weak_from_this()](const LoadProgress& progress) {
         if (const auto self = weak.lock()) self->progressed(progress);
     };
