@@ -76,8 +76,7 @@ TEST(TrelvoEndlessWaitDeathTest, FailsAnAssertionInALibraryBuiltForDebugging) {
         const auto session = std::make_shared<ScriptedSession>();
         UserContext context;
         context.session = session;
-        const Trelvo made = TrelvoProbe::make([] { return 1000.0; });
-        Trelvo trelvo = made;
+        Trelvo trelvo(TrelvoProbe::make([] { return 1000.0; }));
         session->queue().async([&] { list(trelvo, context); });
         const Event never;
         (void)never.wait();
