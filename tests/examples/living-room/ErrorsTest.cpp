@@ -1,0 +1,47 @@
+#include "Errors.h"
+
+#include <gtest/gtest.h>
+
+namespace living_room {
+namespace {
+
+std::string named(const Value& failure, const char* name) { return failure.named(name)->text(); }
+
+TEST(ErrorsTest, AFailureThatMayPassIsTriedAgainByItself) {
+    const Value failure = failureOf(NSError("NSURLErrorDomain", -1004));
+    EXPECT_EQ(named(failure, "sentence"), "There is no connection. Check your network and try again.");
+    EXPECT_EQ(named(failure, "category"), "offline");
+    EXPECT_EQ(named(failure, "offersSignIn"), "false");
+    EXPECT_EQ(named(failure, "retrySeconds"), "3");
+}
+
+TEST(ErrorsTest, AFailureForWantOfAUserOffersToSignIn) {
+    const Value failure = failureOf(TrelvoError::noUid());
+    EXPECT_EQ(named(failure, "sentence"), "Please sign in and try again.");
+    EXPECT_EQ(named(failure, "offersSignIn"), "true");
+    EXPECT_EQ(named(failure, "retrySeconds"), "0");
+    const Answer part = failedPart(TrelvoError::noUid());
+    EXPECT_NE(part.body.view().find("href=\"/me\""), std::string_view::npos);
+}
+
+TEST(ErrorsTest, AFailedPartHasItsStateASentenceAndAButton) {
+    const Answer part = failedPart(LoaderError::failedToDecode(std::nullopt));
+    EXPECT_EQ(part.status, 200);
+    EXPECT_NE(std::find(part.headers.begin(), part.headers.end(),
+                        std::pair<std::string, std::string>("X-State", "failed")),
+              part.headers.end());
+    EXPECT_NE(part.body.view().find("The service sent something that cannot be shown."),
+              std::string_view::npos);
+    EXPECT_NE(part.body.view().find("data-action=\"try-again\""), std::string_view::npos);
+}
+
+TEST(ErrorsTest, AProblemIsAPageWithTheStatus) {
+    for (const int status : {400, 403, 404, 405, 421, 431}) {
+        const Answer page = problemPage(status);
+        EXPECT_EQ(page.status, status);
+        EXPECT_NE(page.body.view().find("<h1>This"), page.body.view().find("<h1>There"));
+    }
+}
+
+}  // namespace
+}  // namespace living_room

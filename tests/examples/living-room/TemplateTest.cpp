@@ -1,0 +1,78 @@
+#include "Template.h"
+
+#include "Assets.h"
+
+#include <gtest/gtest.h>
+
+namespace living_room {
+namespace {
+
+constexpr const char* script = "<script>alert('x')</script>\"&";
+constexpr const char* escapedScript = "&lt;script&gt;alert(&#39;x&#39;)&lt;/script&gt;&quot;&amp;";
+
+TEST(TemplateTest, EscapesWhatIsFilledIn) {
+    EXPECT_EQ(rendered("notice", Value::Object{{"title", script}, {"message", std::string("a\0b", 3)}}),
+              "<p class=\"notice\" role=\"note\"><b>" + std::string(escapedScript) +
+                  "</b> a\xEF\xBF\xBD"
+                  "b</p>\n");
+}
+
+TEST(TemplateTest, RepeatsASectionForEachValueOfAList) {
+    const Value::List swallowed{"one", script};
+    const std::string text = rendered("panel-lists", Value::Object{{"swallowed", swallowed}});
+    EXPECT_NE(text.find("<li>one</li><li>" + std::string(escapedScript) + "</li>"), std::string::npos);
+    EXPECT_EQ(text.find("Nothing so far"), std::string::npos);
+}
+
+TEST(TemplateTest, ShowsAnInvertedSectionIfThereIsNothing) {
+    EXPECT_NE(rendered("panel-lists", Value::Object{}).find("Nothing so far"), std::string::npos);
+    const Value::Object isSaved{{"show", 1}, {"isSaved", false}};
+    EXPECT_NE(rendered("save", isSaved).find("Save to my list"), std::string::npos);
+}
+
+TEST(TemplateTest, LooksNamesUpFromTheInsideOut) {
+    const Value tile = Value::Object{{"title", "inner"}, {"link", "/x"}};
+    const Value::Object row{{"title", "outer"}, {"tiles", Value::List{tile}}, {"subtitle", "from outside"}};
+    const std::string text = rendered("tiles", row);
+    EXPECT_NE(text.find("<span class=\"title\">inner</span>"), std::string::npos);
+    EXPECT_NE(text.find("from outside"), std::string::npos);
+    EXPECT_EQ(text.find("outer"), std::string::npos);
+}
+
+TEST(TemplateTest, FillsInATemplateThatAValueNames) {
+    const std::string text = rendered("page", Value::Object{{"screen", "search"}, {"word", script}});
+    EXPECT_NE(text.find("<body data-screen=\"search\">"), std::string::npos);
+    EXPECT_NE(text.find("value=\"" + std::string(escapedScript) + "\""), std::string::npos);
+    EXPECT_EQ(text.find("{{"), std::string::npos);
+}
+
+TEST(TemplateTest, AnUnknownTemplateIsEmpty) { EXPECT_EQ(rendered("no such", "x"), ""); }
+
+// Escaping makes text harmless between tags and in attributes with double quotes, and nowhere else.
+TEST(TemplateTest, NoTemplateHasAGapInATagOutsideOfQuotes) {
+    const std::string_view text = assets::templates;
+    bool inTag = false;
+    bool inQuotes = false;
+    std::size_t gaps = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text.substr(i, 2) == "{{") {
+            const bool isText = std::string_view("#^/>").find(text[i + 2]) == std::string_view::npos;
+            gaps += isText ? 1 : 0;
+            EXPECT_TRUE(!isText || !inTag || inQuotes) << text.substr(i, 40);
+            i = text.find("}}", i) + 1;
+            continue;
+        }
+        if (inTag && text[i] == '"') inQuotes = !inQuotes;
+        if (!inQuotes && text[i] == '<') inTag = true;
+        if (!inQuotes && text[i] == '>') inTag = false;
+    }
+    EXPECT_FALSE(inTag);
+    EXPECT_GT(gaps, 50U);
+}
+
+TEST(TemplateTest, EncodesTextAsPartOfAnAddress) {
+    EXPECT_EQ(percentEncoded("/show/a b&c=\"d\"+é"), "/show/a%20b%26c%3D%22d%22%2B%C3%A9");
+}
+
+}  // namespace
+}  // namespace living_room

@@ -1,0 +1,118 @@
+#include "View.h"
+
+#include <gtest/gtest.h>
+
+namespace living_room {
+namespace {
+
+class ViewTest : public ::testing::Test {
+protected:
+    static std::string text(const Value& value, const char* name) {
+        const Value* const found = value.named(name);
+        return found != nullptr ? found->text() : "missing";
+    }
+
+    const Service service{URL("http://127.0.0.1:1"), DispatchQueue("view test")};
+};
+
+Video episode() {
+    Video video;
+    video.title = "Slack Water";
+    video.showTitle = "Harbour Lights";
+    video.displaySubtitle = "S1 E2 – Slack Water";
+    video.selfHref = "/video/HL0102";
+    video.thumbnail = "http://127.0.0.1:1/pictures/video/HL0102/landscape.svg";
+    video.houseNumber = "HL0102";
+    video.duration = 2732;
+    video.playable = true;
+    return video;
+}
+
+TEST_F(ViewTest, AnEpisodeIsKnownByItsShow) {
+    const Value tile = tileOf(CollectionItem(episode()), service);
+    EXPECT_EQ(text(tile, "kind"), "Video");
+    EXPECT_EQ(text(tile, "title"), "Harbour Lights");
+    EXPECT_EQ(text(tile, "subtitle"), "S1 E2 – Slack Water");
+    EXPECT_EQ(text(tile, "link"), "/video?link=/video/HL0102");
+    EXPECT_EQ(text(tile, "picture"), "/picture?at=pictures/video/HL0102/landscape.svg");
+}
+
+TEST_F(ViewTest, ASeriesOpensItsShow) {
+    Series series;
+    series.title = "Series 1";
+    series.showTitle = "Harbour Lights";
+    series.selfHref = "/series/111";
+    series.showHref = "/show/harbour-lights";
+    EXPECT_EQ(text(tileOf(CollectionItem(series), service), "link"),
+              "/show?link=/show/harbour-lights&series=/series/111");
+}
+
+TEST_F(ViewTest, BadgesSayWhatIsNewExpiresOrCannotBePlayed) {
+    Video video = episode();
+    video.status = Status{.title = "New"};
+    video.availability = "Expires in 3 days";
+    const auto kinds = [&] {
+        std::string all;
+        const Value tile = tileOf(CollectionItem(video), service);
+        for (const Value& badge : *tile.named("badges")->list()) all += text(badge, "kind") + " ";
+        return all;
+    };
+    EXPECT_EQ(kinds(), "new expires ");
+    video.playable = false;
+    EXPECT_EQ(kinds(), "new unavailable ");
+    video.status = Status{.title = "LIVE", .theme = StatusTheme::live};
+    EXPECT_EQ(kinds(), "live unavailable ");
+}
+
+TEST_F(ViewTest, ProgressIsThatOfTheRecordAndNeverBeyondTheEnd) {
+    HistoryData record;
+    record.key = "HL0102";
+    const auto position = [&] {
+        const Value::List tiles = tilesOf({episode()}, {record}, service);
+        return text(*tiles.front().named("progress"), "position");
+    };
+    record.progress = 90;
+    EXPECT_EQ(position(), "90");
+    record.progress = 9'999;
+    EXPECT_EQ(position(), "2732");
+    record.progress = 0;
+    record.done = true;
+    EXPECT_EQ(position(), "2732");
+    EXPECT_EQ(tilesOf({episode()}, {}, service).front().named("progress"), nullptr);
+}
+
+TEST_F(ViewTest, TheLibraryChoosesTheBestLevelThatHasAnAddress) {
+    PlaylistItem item;
+    item.streams.hls.sd = "http://127.0.0.1:1/hls/HL0102-sd.m3u8";
+    item.streams.hls.hd720 = "https://media.example/HL0102-720.m3u8";
+    const Value view = playlistItemOf(item, service);
+    EXPECT_EQ(text(view, "chosen"), "720");
+    EXPECT_EQ(text(view, "stream"), "https://media.example/HL0102-720.m3u8");
+    const Value::List& levels = *view.named("levels")->list();
+    ASSERT_EQ(levels.size(), 2U);
+    EXPECT_EQ(text(levels[1], "address"), "/stream/hls/HL0102-sd.m3u8");
+}
+
+TEST_F(ViewTest, OnlyPicturesAndStreamsOfTheServicePassThroughTheHost) {
+    EXPECT_TRUE(isPicturePath("pictures/show/x/landscape.svg"));
+    EXPECT_TRUE(isStreamPath("hls/HL0102-sd.m3u8"));
+    EXPECT_TRUE(isStreamPath("captions/HL0102.vtt"));
+    for (const char* const path :
+         {"", "v2/time", "/pictures/x", "pictures/../v2/time", "pictures/%2e%2e/v2",
+          "http://other.example/pictures/x", "_control/stop", "pictures/x?y", "hls"}) {
+        EXPECT_FALSE(isPicturePath(path)) << path;
+        EXPECT_FALSE(isStreamPath(path)) << path;
+    }
+    EXPECT_EQ(pictureLink("http://other.example/pictures/x.svg", service), "");
+    EXPECT_EQ(pictureLink("http://127.0.0.1:11/pictures/x.svg", service), "");
+    EXPECT_EQ(pictureLink(std::nullopt, service), "");
+}
+
+TEST_F(ViewTest, WritesAPositionAsPlayersDo) {
+    EXPECT_EQ(clockText(0), "0:00");
+    EXPECT_EQ(clockText(125), "2:05");
+    EXPECT_EQ(clockText(3'725), "1:02:05");
+}
+
+}  // namespace
+}  // namespace living_room
