@@ -216,7 +216,7 @@ document.addEventListener('submit', async event => {
     event.preventDefault();
     const body = new URLSearchParams(new FormData(form, event.submitter));
     try {
-        await fetch(form.action, {method: 'POST', body, redirect: 'manual'});
+        await fetch(form.action, {method: 'POST', body});
     } catch { /* the part says so when it is loaded */ }
     if (inPanel) {
         await loadPanel();
@@ -329,7 +329,7 @@ function showSurvived() {
         const name = part.dataset.row ?? part.dataset.name ?? one('h1', part)?.textContent ?? 'The screen';
         const failed = one(':scope > .failed p, :scope > .content > .failed p', part);
         const tiles = part.dataset.row ? all('.tile', part).length : 0;
-        return name + ': ' + (failed ? 'failed. ' + failed.textContent : tiles ? tiles + ' items' : part.dataset.state);
+        return name + ': ' + (failed ? 'failed. ' + failed.textContent : tiles ? tiles + (tiles > 1 ? ' items' : ' item') : part.dataset.state);
     });
     one('[data-list="survived"]', panel).replaceChildren(...lines.map(line => {
         const item = document.createElement('li');

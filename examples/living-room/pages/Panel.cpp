@@ -48,7 +48,7 @@ Task<Answer> setFault(Visit visit) {
     // Answers from before the fault would hide it.
     visit.service.cache().removeAllCachedResponses();
     visit.user->log().clear();
-    co_return seeOther("/");
+    co_return partAnswer("", {});
 }
 
 constexpr Route routes[] = {{"GET", "/panel", lists}, {"POST", "/fault", setFault}};

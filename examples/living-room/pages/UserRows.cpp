@@ -119,7 +119,7 @@ Task<Answer> save(Visit visit) {
         auto deleting = client.deleteShow({.showId = *id});
         static_cast<void>(co_await run(std::move(deleting), visit.options()));
     }
-    co_return seeOther("/me");
+    co_return partAnswer("", {});
 }
 
 Task<Answer> keepProgress(Visit visit) {
@@ -135,9 +135,7 @@ Task<Answer> keepProgress(Visit visit) {
                                                       .isDone = visit.request.posted("done") == "1"});
         static_cast<void>(co_await run(std::move(keeping), visit.service.options({})));
     }
-    Answer answer;
-    answer.status = 204;
-    co_return answer;
+    co_return partAnswer("", {});
 }
 
 constexpr Route routes[] = {
