@@ -80,7 +80,7 @@ function reloadParts() {
 
 // ---- Focus: arrows move it in two dimensions, Enter opens, Escape and Backspace go back.
 
-const focusable = 'a[href]:not([tabindex="-1"]), button:not([disabled]), input, video, [tabindex="0"]';
+const focusable = 'a[href]:not([tabindex="-1"]), button:not([disabled]), input:not([type="hidden"]), video, [tabindex="0"]';
 const steps = {ArrowLeft: [-1, 0], ArrowRight: [1, 0], ArrowUp: [0, -1], ArrowDown: [0, 1]};
 
 function isShown(element) {
@@ -216,7 +216,7 @@ document.addEventListener('submit', async event => {
     event.preventDefault();
     const body = new URLSearchParams(new FormData(form, event.submitter));
     try {
-        await fetch(form.action, {method: 'POST', body});
+        await (await fetch(form.action, {method: 'POST', body})).text();
     } catch { /* the part says so when it is loaded */ }
     if (inPanel) {
         await loadPanel();
@@ -272,7 +272,7 @@ function startPlayer(root) {
         if (!player.dataset.show || (position === kept && !done)) return;
         kept = position;
         const body = new URLSearchParams({show: player.dataset.show, video: player.dataset.video, position, done: done ? '1' : '0'});
-        fetch('/progress', {method: 'POST', body, keepalive: true}).catch(() => {});
+        fetch('/progress', {method: 'POST', body, keepalive: true}).then(answer => answer.text()).catch(() => {});
     }
 
     player.addEventListener('error', () => { report.textContent = 'The stream cannot be played. It is at ' + new URL(address, location) + '.'; });
