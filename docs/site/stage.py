@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Copies headers and pages for Doxygen.   stage.py TOP OUTPUT
+"""Copies headers, pages and their pictures for Doxygen.   stage.py TOP OUTPUT
 
 Headers: leaves out what has no contract of its own, such as defaulted copies, comparisons and the declaration of a
 mapping table. Pages: makes links between them links of the site. Line numbers stay.
@@ -7,6 +7,7 @@ mapping table. Pages: makes links between them links of the site. Line numbers s
 
 import pathlib
 import re
+import shutil
 import sys
 
 TABLE = re.compile(
@@ -50,6 +51,7 @@ def page(path, text):
 def main():
     top, output = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
     source = top / "src"
+    shutil.copytree(top / "docs/pictures", output / "docs/pictures", dirs_exist_ok=True)
     files = [file for file in sorted((source / "VanticRestKit").rglob("*.h")) if "detail" not in file.parts]
     for file in [*files, *sorted((top / "docs").glob("*.md")), *sorted((top / "docs/site").glob("*.md"))]:
         text = file.read_text(encoding="utf-8")
