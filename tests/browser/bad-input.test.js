@@ -39,9 +39,9 @@ const statusOf = (answer) => Number(answer.match(/^HTTP\/1\.1 (\d+)/)?.[1]);
 const script = encodeURIComponent('"><script>window.wasRun = 1</script><img src=x onerror="window.wasRun = 2">');
 
 for (const path of ['/nothing', `/${script}`, `/search?q=${script}`, `/live?region=${script}`, `/show?link=${script}`,
-    '/show?link=%2Fshow%2Fnobody', '/show?link=https%3A%2F%2Felsewhere.example%2F', '/show', '/video?link=',
+    '/show?link=%2Fshow%2Fnobody', '/show?link=https%3A%2F%2Felsewhere.example%2F', '/show', '/video?link=', '/search?q=%zz',
     `/video?link=%2Fvideo%2F${script}`, `/row?link=${script}`, '/picture?at=https%3A%2F%2Felsewhere.example%2Fx.svg']) {
-    test(`${decodeURIComponent(path)} is a page that runs nothing of it`, async () => {
+    test(`${path} is a page that runs nothing of it`, async () => {
         await viewer.page.goto(television.host.address + path, { waitUntil: 'load' });
         await viewer.until(() => document.querySelectorAll('[data-state="loading"]').length === 0 ||
             document.querySelector('[data-state="failed"]'));
@@ -73,7 +73,6 @@ test('requests that are none are refused, and the host goes on', async () => {
         'no HTTP': 'nonsense\r\n\r\n',
         'a header of 1 MB': `GET / HTTP/1.1\r\n${host()}X-Large: ${'x'.repeat(1_000_000)}\r\n\r\n`,
         'a path of 1 MB': `GET /${'x'.repeat(1_000_000)} HTTP/1.1\r\n${host()}\r\n`,
-        'a broken escape': `GET /search?q=%zz HTTP/1.1\r\n${host()}\r\n`,
         'a path upwards': `GET /../../etc/passwd HTTP/1.1\r\n${host()}\r\n`,
         'another host': 'GET / HTTP/1.1\r\nHost: elsewhere.example\r\n\r\n',
         'another method': `DELETE / HTTP/1.1\r\n${host()}\r\n`,
