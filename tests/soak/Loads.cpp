@@ -47,7 +47,18 @@ Detached awaitLoad(Resource<Data> resource, LoadOptions options, UniqueFunction<
     completion(co_await resource.value(options));
 }
 
-std::string nameOfError(const Error& error) { return nameOf(categoryOf(error)); }
+/// The error and those that it holds, for what must not happen.
+std::string storyOf(const Error& error) {
+    std::string text =
+        error.domain() + " " + std::to_string(error.code()) + " " + error.localizedDescription();
+    const auto userInfo = error.userInfo();
+    const auto reason = userInfo.find("NSUnderlyingError");
+    if (reason != userInfo.end() && reason->second.error() != nullptr) {
+        return text + "; " + storyOf(*reason->second.error());
+    }
+    const auto inner = error.underlyingError();
+    return inner ? text + "; " + storyOf(*inner) : text;
+}
 
 }  // namespace
 
@@ -71,6 +82,7 @@ struct Loads::Load {
     int ends = 0;
     int values = 0;
     std::string outcome{};
+    std::string story{};
     Clock::time_point endedAt{};
     bool isReaped = false;
 };
@@ -167,9 +179,8 @@ void Loads::start(const LoadPointer& load) {
     underWay_.emplace(load->id, load);
     const Resource<Data> resource = resourceOf(*load);
     UniqueFunction<void(Outcome)> completion = [this, load](Outcome outcome) {
-        std::string text = outcome ? "success" : nameOfError(outcome.error());
-        if (outcome && outcome->view() != load->expected) text = "wrong body";
-        ended(load, std::move(text));
+        if (!outcome) return failed(load, outcome.error());
+        ended(load, outcome->view() == load->expected ? "success" : "wrong body");
     };
     switch (load->form) {
         case Form::completion: load->handle = resource.start(load->options, std::move(completion)); break;
@@ -183,14 +194,19 @@ void Loads::start(const LoadPointer& load) {
                     if (body.view() != load->expected) load->outcome = "wrong body";
                 },
                 [this, load](const Result<void, Error>& end) {
-                    ended(load, end ? "success" : nameOfError(end.error()));
+                    end ? ended(load, "success") : failed(load, end.error());
                 });
             break;
     }
 }
 
-void Loads::ended(const LoadPointer& load, std::string outcome) {
+void Loads::failed(const LoadPointer& load, const Error& error) {
+    ended(load, nameOf(categoryOf(error)), storyOf(error));
+}
+
+void Loads::ended(const LoadPointer& load, std::string outcome, std::string story) {
     const std::lock_guard lock(mutex_);
+    load->story = std::move(story);
     ++load->ends;
     if (load->outcome.empty()) load->outcome = std::move(outcome);
     load->endedAt = Clock::now();
@@ -245,7 +261,7 @@ void Loads::judge(const LoadPointer& load) {
     const bool isAllowed = outcome == "success" || wasDropped ||
                            (load->isCancelled && outcome == "cancelled") ||
                            (load->isHurried && outcome == "timedOut") || routes_[load->route].allows(outcome);
-    if (!isAllowed) violated(*load, "ended with " + outcome);
+    if (!isAllowed) violated(*load, "ended with " + outcome + ": " + load->story);
     const bool hasValue = load->form == Form::publisher && outcome == "success";
     if (load->values != (hasValue ? 1 : 0) && !wasDropped) violated(*load, "had a wrong number of values");
     if (!wasDropped)

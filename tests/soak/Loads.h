@@ -73,7 +73,8 @@ private:
     LoadPointer make(std::size_t route);
     void start(const LoadPointer& load);
     Resource<Data> resourceOf(const Load& load);
-    void ended(const LoadPointer& load, std::string outcome);
+    void ended(const LoadPointer& load, std::string outcome, std::string story = {});
+    void failed(const LoadPointer& load, const Error& error);
     std::size_t pickRoute();
     void cancelDue();
     void reap();

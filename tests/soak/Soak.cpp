@@ -37,6 +37,8 @@ struct Wishes {
     std::chrono::duration<double> time{std::chrono::hours(24 * 365)};
     std::uint64_t seed = 1;
     std::size_t atOnce = 96;
+    /// The only route to be taken; empty for all.
+    std::string route{};
 };
 
 std::optional<Wishes> read(int count, char** words) {
@@ -44,6 +46,10 @@ std::optional<Wishes> read(int count, char** words) {
     bool isLimited = false;
     for (int i = 1; i + 1 < count; i += 2) {
         const std::string_view name = words[i];
+        if (name == "--route") {
+            wishes.route = words[i + 1];
+            continue;
+        }
         char* end = nullptr;
         const double number = std::strtod(words[i + 1], &end);
         if (*end != 0 || number <= 0) return std::nullopt;
@@ -174,10 +180,13 @@ int soak(const Wishes& wishes) {
     const std::string whyNotPrivate = PrivateNetwork::enter();
     const bool isPrivate = whyNotPrivate.empty() && PrivateNetwork::layCable();
     if (!isPrivate) std::printf("without names and outages: %s\n", whyNotPrivate.c_str());
-    const std::vector<Route> routes = soakRoutes(isPrivate);
+    std::vector<Route> routes = soakRoutes(isPrivate);
+    if (!wishes.route.empty()) {
+        std::erase_if(routes, [&wishes](const Route& route) { return route.name != wishes.route; });
+    }
     World world(routes, isPrivate, wishes.seed);
-    if (world.bases().empty()) {
-        std::fprintf(stderr, "soak: the servers did not start\n");
+    if (routes.empty() || world.bases().empty()) {
+        std::fprintf(stderr, "soak: there is no such route, or the servers did not start\n");
         return 1;
     }
     Loads loads(routes, world, wishes.seed);
@@ -227,7 +236,9 @@ int main(int count, char** words) {
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
     const auto wishes = read(count, words);
     if (!wishes) {
-        std::fprintf(stderr, "usage: soak [--loads N] [--minutes N] [--hours N] [--seed N] [--at-once N]\n");
+        std::fprintf(
+            stderr,
+            "usage: soak [--loads N] [--minutes N] [--hours N] [--seed N] [--at-once N] [--route NAME]\n");
         return 2;
     }
     return soak(*wishes);

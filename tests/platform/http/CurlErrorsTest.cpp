@@ -42,8 +42,13 @@ TEST(CurlErrors, AHandshakeThatTheNetworkCutOffIsALostConnection) {
     }
 }
 
-TEST(CurlErrors, AConnectionOfHTTP2ThatEndsInOrderIsLostAndNotBroken) {
-    EXPECT_EQ(faultFor({.code = CURLE_HTTP2}).code, URLErrorCode::networkConnectionLost);
+TEST(CurlErrors, AConnectionOfHTTP2ThatEndsIsLostOnceAndABadAnswerIfTheNextOnesEndAsWell) {
+    // The text is that of an earlier sending.
+    for (const char* const text : {"", "OpenSSL SSL_read: Connection reset by peer, errno 104"}) {
+        EXPECT_EQ(faultFor({.code = CURLE_HTTP2, .text = text}).code, URLErrorCode::networkConnectionLost);
+        EXPECT_EQ(faultFor({.code = CURLE_HTTP2, .text = text, .wasLeftOutBefore = true}).code,
+                  URLErrorCode::badServerResponse);
+    }
     EXPECT_EQ(faultFor({.code = CURLE_HTTP2, .text = "nghttp2 recv error -902"}).code,
               URLErrorCode::badServerResponse);
 }

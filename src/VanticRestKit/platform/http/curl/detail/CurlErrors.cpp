@@ -59,6 +59,11 @@ std::optional<TransportFault> exhaustionFault(int socketError) {
 
 }  // namespace
 
+// The other faults name the function that failed. The text may also be that of an earlier sending of the same request.
+bool tellsOfEndOfHTTP2(CURLcode code, std::string_view text) {
+    return code == CURLE_HTTP2 && text.find("nghttp2") == std::string_view::npos;
+}
+
 TransportFault faultFor(const CurlFailure& failure) {
     // What is larger than our own limits is found before; this is larger than those of libcurl.
     if (failure.isInsideHead && failure.code == CURLE_OUT_OF_MEMORY) {
@@ -71,8 +76,10 @@ TransportFault faultFor(const CurlFailure& failure) {
         const int reason = isLookup ? probeForSocket() : failure.socketError;
         if (auto fault = exhaustionFault(reason)) return *std::move(fault);
     }
-    // libcurl has a text for whatever breaks the rules of HTTP/2. Without one, the connection has ended in order.
-    if (failure.code == CURLE_HTTP2 && failure.text.empty()) return {URLErrorCode::networkConnectionLost};
+    // One that ends again and again breaks the rules.
+    if (tellsOfEndOfHTTP2(failure.code, failure.text) && !failure.wasLeftOutBefore) {
+        return {URLErrorCode::networkConnectionLost};
+    }
     return {urlErrorCodeFor(failure.code, failure.text, failure.verifyResult)};
 }
 

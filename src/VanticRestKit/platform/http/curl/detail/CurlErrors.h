@@ -25,9 +25,14 @@ struct CurlFailure {
     bool isInsideHead = false;
     /// Why a socket could not be opened, as an `errno`; 0 if none failed.
     int socketError = 0;
+    /// Whether the request went out again because a connection of HTTP/2 had ended.
+    bool wasLeftOutBefore = false;
     /// The limits that a fault of a head names.
     const URLSessionLimits& limits = defaultLimits;
 };
+
+/// Whether libcurl says that a connection of HTTP/2 has ended: after a GOAWAY, or because of a fault in what came.
+bool tellsOfEndOfHTTP2(CURLcode code, std::string_view text);
 
 /// The fault that `failure` is to the platform.
 TransportFault faultFor(const CurlFailure& failure);

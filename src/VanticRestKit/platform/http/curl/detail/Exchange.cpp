@@ -1,3 +1,4 @@
+#include <VanticRestKit/platform/http/curl/detail/CurlErrors.h>
 #include <VanticRestKit/platform/http/curl/detail/Exchange.h>
 #include <VanticRestKit/platform/http/detail/RedirectRule.h>
 
@@ -30,9 +31,8 @@ std::uint64_t Exchange::redirect(URLRequest next) {
     return ++redirects_;
 }
 
-// What else is wrong with HTTP/2 has a text.
 bool Exchange::wasLeftOut(CURLcode code) const {
-    return code == CURLE_HTTP2 && *attempt->handle->errorText() == 0 && attempt->head.status() == 0 &&
+    return tellsOfEndOfHTTP2(code, attempt->handle->errorText()) && attempt->head.status() == 0 &&
            request().httpMethod() == "GET";
 }
 

@@ -69,8 +69,7 @@ public:
     bool wasQueued = false;
     /// Whether libcurl gave it up once, because connection after connection refused it.
     bool wasGivenUp = false;
-    /// Whether the server closed a connection of HTTP/2 in order without a word to this request, which libcurl ended with
-    /// `code`. A GET goes out again then, as it does on a connection that turns out dead.
+    /// Whether a connection of HTTP/2 ended without a word to this request, which libcurl ended with `code`. A GET goes out again then, as it does on a connection that turns out dead.
     bool wasLeftOut(CURLcode code) const;
     /// How often it went out again for that.
     int leftOut = 0;

@@ -72,6 +72,7 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
                                   .verifyResult = verified,
                                   .isInsideHead = attempt.sendings > 0 && !attempt.head.isComplete(),
                                   .socketError = attempt.socketError,
+                                  .wasLeftOutBefore = exchange.leftOut > 0,
                                   .limits = configuration_.limits};
         fail(exchange, faultFor(failure), underlyingError(code, text, verified));
     } else if (!attempt.head.isComplete()) {
