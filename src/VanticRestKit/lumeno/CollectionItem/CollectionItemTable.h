@@ -14,6 +14,7 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <type_traits>
@@ -22,103 +23,86 @@
 
 namespace VanticRestKit {
 
+// The one list of the members of `CollectionItem`, in their order: their types, and whether an entity must give them
+// (`needed`) or they have the default of the interface. The last is an operation: what gives it is called with a path.
+// A new member also needs its function in `CollectionItem`, and a row in the table of each entity that gives it.
+// clang-format off
+#define VRK_COLLECTION_ITEM_MEMBERS(needed, defaulted) \
+    needed(selfHref, std::optional<std::string>) \
+    needed(deeplinkHref, std::optional<std::string>) \
+    needed(title, std::optional<std::string>) \
+    needed(displayTitle, std::optional<std::string>) \
+    needed(thumbnail, std::optional<std::string>) \
+    needed(showTitle, std::optional<std::string>) \
+    needed(showId, std::optional<std::uint64_t>) \
+    needed(playableVideo, std::optional<DirectPlayableVideo>) \
+    defaulted(subtype, std::optional<LumenoSubtype>) \
+    defaulted(status, std::optional<Status>) \
+    defaulted(captionsAvailable, bool) \
+    defaulted(classification, std::optional<std::string>) \
+    needed(kickerTitle, std::optional<std::string>) \
+    defaulted(displaySubtitle, std::optional<std::string>) \
+    defaulted(seriesTitle, std::optional<std::string>) \
+    defaulted(houseNumber, std::optional<std::string>) \
+    defaulted(duration, std::optional<std::uint64_t>) \
+    defaulted(displayDuration, std::optional<std::string>) \
+    defaulted(displayDurationAccessible, std::optional<std::string>) \
+    defaulted(availability, std::optional<std::string>) \
+    defaulted(portraitThumbnail, std::optional<std::string>) \
+    defaulted(portraitTitledThumbnail, std::optional<std::string>) \
+    defaulted(episodePortraitThumbnail, std::optional<std::string>) \
+    defaulted(character1Thumbnail, std::optional<std::string>) \
+    defaulted(character2Thumbnail, std::optional<std::string>) \
+    defaulted(updated, std::optional<Date>) \
+    defaulted(description, std::optional<std::string>) \
+    defaulted(episodeCount, std::optional<std::uint64_t>) \
+    defaulted(slug, std::optional<std::string>) \
+    defaulted(broadcastInfo, std::optional<std::string>) \
+    defaulted(categoryLinks, std::vector<Link>) \
+    needed(tags, std::vector<std::string>) \
+    needed(showHref, std::optional<std::string>) \
+    needed(channel, std::optional<std::string>) \
+    needed(channelTitle, std::optional<std::string>) \
+    needed(derivedShowSlug, std::optional<std::string>) \
+    defaulted(showSlug, std::optional<std::string>)
+// clang-format on
+
 /// The members of `CollectionItem`, in their order.
 enum class CollectionItemMember : std::uint8_t {
-    selfHref,
-    deeplinkHref,
-    title,
-    displayTitle,
-    thumbnail,
-    showTitle,
-    showId,
-    playableVideo,
-    subtype,
-    status,
-    captionsAvailable,
-    classification,
-    kickerTitle,
-    displaySubtitle,
-    seriesTitle,
-    houseNumber,
-    duration,
-    displayDuration,
-    displayDurationAccessible,
-    availability,
-    portraitThumbnail,
-    portraitTitledThumbnail,
-    episodePortraitThumbnail,
-    character1Thumbnail,
-    character2Thumbnail,
-    updated,
-    description,
-    episodeCount,
-    slug,
-    broadcastInfo,
-    categoryLinks,
-    tags,
-    showHref,
-    channel,
-    channelTitle,
-    derivedShowSlug,
-    /// An operation: what gives it is called with a path, an optional string.
-    showSlug,
+#define VRK_MEMBER(name, ...) name,
+    VRK_COLLECTION_ITEM_MEMBERS(VRK_MEMBER, VRK_MEMBER)
+#undef VRK_MEMBER
 };
-/// How many members there are.
-inline constexpr std::size_t collectionItemMembers = 37;
 
 namespace detail {
 
-/// The type of a member, as a `std::type_identity`.
-template <CollectionItemMember M>
-consteval auto typeOf() {
-    using enum CollectionItemMember;
-    if constexpr (M == showId || M == duration || M == episodeCount) {
-        return std::type_identity<std::optional<std::uint64_t>>();
-    } else if constexpr (M == playableVideo) {
-        return std::type_identity<std::optional<DirectPlayableVideo>>();
-    } else if constexpr (M == subtype) {
-        return std::type_identity<std::optional<LumenoSubtype>>();
-    } else if constexpr (M == status) {
-        return std::type_identity<std::optional<Status>>();
-    } else if constexpr (M == captionsAvailable) {
-        return std::type_identity<bool>();
-    } else if constexpr (M == updated) {
-        return std::type_identity<std::optional<Date>>();
-    } else if constexpr (M == categoryLinks) {
-        return std::type_identity<std::vector<Link>>();
-    } else if constexpr (M == tags) {
-        return std::type_identity<std::vector<std::string>>();
-    } else {
-        return std::type_identity<std::optional<std::string>>();
-    }
-}
+// Whether an entity must give a member, which then has no default.
+#define VRK_NEEDED(...) true,
+#define VRK_DEFAULTED(...) false,
+inline constexpr bool isNeededMember[] = {VRK_COLLECTION_ITEM_MEMBERS(VRK_NEEDED, VRK_DEFAULTED)};
+#undef VRK_NEEDED
+#undef VRK_DEFAULTED
 
-template <CollectionItemMember M>
-using TypeOf = typename decltype(typeOf<M>())::type;
+template <CollectionItemMember>
+struct CollectionItemMemberOf;
+#define VRK_MEMBER(name, ...)                                   \
+    template <>                                                 \
+    struct CollectionItemMemberOf<CollectionItemMember::name> { \
+        using Type = __VA_ARGS__;                               \
+    };
+VRK_COLLECTION_ITEM_MEMBERS(VRK_MEMBER, VRK_MEMBER)
+#undef VRK_MEMBER
 
-/// Whether an entity must give a member, which then has no default.
-constexpr bool isNeeded(CollectionItemMember member) {
-    using enum CollectionItemMember;
-    switch (member) {
-        case selfHref:
-        case deeplinkHref:
-        case title:
-        case displayTitle:
-        case thumbnail:
-        case showTitle:
-        case showId:
-        case playableVideo:
-        case kickerTitle:
-        case tags:
-        case showHref:
-        case channel:
-        case channelTitle:
-        case derivedShowSlug: return true;
-        default: return false;
-    }
-}
+/// The type of a member.
+template <CollectionItemMember M>
+using TypeOf = typename CollectionItemMemberOf<M>::Type;
 
 }  // namespace detail
+
+#undef VRK_COLLECTION_ITEM_MEMBERS
+
+/// How many members there are.
+inline constexpr std::size_t collectionItemMembers = std::size(detail::isNeededMember);
 
 /// How an entity gives its members: one function for each, or null for a member that keeps the default of the
 /// interface. Made by `collectionItem`.
@@ -166,7 +150,7 @@ inline void aMemberWithoutDefaultIsMissing() {}
 
 template <std::size_t... Is>
 constexpr bool allNeededAreIn(const CollectionItemTable& table, std::index_sequence<Is...>) {
-    return ((!isNeeded(static_cast<CollectionItemMember>(Is)) || table.getters[Is] != nullptr) && ...);
+    return ((!isNeededMember[Is] || table.getters[Is] != nullptr) && ...);
 }
 
 }  // namespace detail
