@@ -37,10 +37,9 @@ struct TypeEntry {
     Type list;
 };
 
-/// One line of the registry. The name is the type's own where it has a mapping table.
+/// One line of the registry.
 template <class T>
-TypeEntry entry(
-    std::string name = std::string(VanticRestKit::mapping::planName(VanticRestKit::planOf<T>()))) {
+TypeEntry entry(const std::string& name) {
     return {type<T>(name), type<std::vector<T>>("[" + name + "]")};
 }
 
