@@ -134,7 +134,7 @@ TEST(TheDecodeOrder, IsTheExpectedOneForEveryEntity) {
     for (const test::NamedType& type : allEntities()) {
         orders += std::string(type.name) + "\n" + decodeOrderOf(type.type);
     }
-    EXPECT_EQ(orders, test::contentsOf(std::filesystem::path(VRK_GOLDEN) / goldenFile));
+    test::expectGolden(orders, goldenFile);
 }
 
 TEST(TheDecodeOrder, IsTestedForEveryEntityThatADocumentMayHold) {

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -44,13 +45,28 @@ inline std::vector<GoldenDocument> goldenDocuments() {
             ADD_FAILURE() << name << " is named after no type";
             continue;
         }
-        std::filesystem::path expected = entry.path();
-        documents.push_back(
-            {name, *type, contentsOf(entry.path()), contentsOf(expected.replace_extension(".expected"))});
+        const std::filesystem::path expected =
+            std::filesystem::path(entry.path()).replace_extension(".expected");
+        // A new document gets the file when the golden files are regenerated.
+        const bool isMissing =
+            !std::filesystem::exists(expected) && std::getenv("VRK_UPDATE_GOLDEN") != nullptr;
+        documents.push_back({name, *type, contentsOf(entry.path()), isMissing ? "" : contentsOf(expected)});
     }
     std::sort(documents.begin(), documents.end(),
               [](const auto& a, const auto& b) { return a.name < b.name; });
     return documents;
+}
+
+/// Expects that `made` is what the golden file of that name holds; with VRK_UPDATE_GOLDEN set, writes it into that folder
+/// instead.
+inline void expectGolden(const std::string& made, const std::string& name) {
+    if (const char* const folder = std::getenv("VRK_UPDATE_GOLDEN")) {
+        std::ofstream file(std::filesystem::path(folder) / name, std::ios::binary);
+        EXPECT_TRUE(file << made) << name;
+        return;
+    }
+    EXPECT_EQ(made, contentsOf(std::filesystem::path(VRK_GOLDEN) / name))
+        << name << ": if this is intended, scripts/update-golden regenerates it";
 }
 
 /// Those whose structure is sound.

@@ -25,7 +25,7 @@ std::string shownBy(const test::GoldenDocument& document) {
 TEST(GoldenDocuments, DecodeIntoWhatIsExpected) {
     const test::TemporaryZone utc("UTC0");
     for (const test::GoldenDocument& document : test::goldenDocuments()) {
-        EXPECT_EQ(shownBy(document), document.expected) << document.name;
+        test::expectGolden(shownBy(document), document.name + ".expected");
     }
 }
 
