@@ -98,6 +98,7 @@
 #include <VanticRestKit/Core/Serviceable.h>
 #include <VanticRestKit/Core/URLBuilder.h>
 #include <VanticRestKit/Core/URLError.h>
+#include <VanticRestKit/Core/Version.h>
 
 #include <VanticRestKit/lumeno/Categories/Category.h>
 #include <VanticRestKit/lumeno/Categories/CategoryRoutes.h>

@@ -10,6 +10,7 @@ from sources import Sources, code_only
 SHORTEST_FILE = 15
 # Files with fewer lines, each with the reason why it is a file of its own.
 SHORT_FOR_A_REASON = {
+    "Core/Version.cpp": "the one source that shows the version of the project",
     "Core/ObservableContext.cpp": "holds the destructor of an interface, and so the one copy of its table of functions",
     "Visibility.h": "every public header includes it",
     "Core/URLError.cpp": "the address of an error's tag is its identity, so it is defined in one source",
