@@ -58,6 +58,7 @@ def main():
         target = output / file.relative_to(top)
         target.parent.mkdir(parents=True, exist_ok=True)
         target.write_text(page(file, text) if file.suffix == ".md" else header(text), encoding="utf-8")
+    shutil.copytree(top / "docs/pictures", output / "docs/pictures", dirs_exist_ok=True)
 
 
 if __name__ == "__main__":
