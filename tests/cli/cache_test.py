@@ -47,7 +47,7 @@ class Cache(TestCase):
             loaded = self.load("--cache", os.path.join(folder, "cache"), "--trace")
             self.assertEqual(os.listdir(folder), [])
         self.assertIn(": 200 from network, ", loaded.err)
-        self.assertIn("built without SQLite", loaded.err)
+        self.assertIn("cache: This build of VanticRestKit cannot keep a cache on disk.", loaded.err)
 
     @unittest.skipUnless(HAS_DISK, "built without SQLite")
     def test_keeps_other_answers_of_the_catalogue_too(self):
