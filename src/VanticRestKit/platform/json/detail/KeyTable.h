@@ -3,6 +3,7 @@
 /// \file
 /// `KeyTable`: finds the row of a key by one multiplication and one comparison.
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -34,11 +35,20 @@ public:
     }
 
 private:
+    // The bits that the first `count` of eight bytes in memory have in a number; at most eight of them.
+    static std::uint64_t maskOfFirst(std::size_t count) noexcept {
+        if constexpr (std::endian::native == std::endian::little) {
+            return (std::uint64_t{1} << 4 * count << 4 * count) - 1;
+        } else {
+            return ~((std::uint64_t{1} << 4 * (8 - count) << 4 * (8 - count)) - 1);
+        }
+    }
+
     // The first and the last eight bytes and the length tell the keys of most objects apart. Without a branch: the
     // lengths of keys follow no rule by which one could be guessed.
     static std::uint64_t signature(std::string_view key) noexcept {
         const std::size_t ends = key.size() < 8 ? key.size() : 8;
-        const std::uint64_t mask = (std::uint64_t{1} << 4 * ends << 4 * ends) - 1;
+        const std::uint64_t mask = maskOfFirst(ends);
         std::uint64_t first = 0;
         std::uint64_t last = 0;
         std::memcpy(&first, key.data(), 8);
