@@ -28,18 +28,12 @@ std::string Request::posted(std::string_view name) const { return valueIn(form, 
 std::string Request::header(std::string_view name) const { return valueIn(headers, name); }
 
 std::string Request::cookie(std::string_view name) const {
-    const std::string all = header("cookie");
-    std::string_view rest = all;
-    while (!rest.empty()) {
-        const std::string_view pair = rest.substr(0, rest.find(';'));
-        rest.remove_prefix(std::min(rest.size(), pair.size() + 1));
-        const std::string_view trimmed = pair.substr(std::min(pair.size(), pair.find_first_not_of(' ')));
-        const std::size_t equals = trimmed.find('=');
-        if (equals != std::string_view::npos && trimmed.substr(0, equals) == name) {
-            return std::string(trimmed.substr(equals + 1));
-        }
-    }
-    return {};
+    const std::string all = "; " + header("cookie");
+    const std::string start = "; " + std::string(name) + "=";
+    const std::size_t found = all.find(start);
+    if (found == std::string::npos) return {};
+    const std::size_t begin = found + start.size();
+    return all.substr(begin, all.find(';', begin) - begin);
 }
 
 Answer pageAnswer(std::string_view name, const Value& value, int status) {

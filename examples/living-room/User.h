@@ -45,7 +45,7 @@ private:
 /// All browsers, by their cookies. The one that was idle longest is forgotten if there are too many.
 class Users {
 public:
-    static constexpr std::size_t maxUsers = 200;
+    static constexpr std::size_t maxUsers = 500;
 
     explicit Users(const Service& service) : service_(service) {}
 
