@@ -62,7 +62,7 @@ struct VRK_EXPORT Endpoint {
         Required<std::string> withHref;
     };
     /// A path that the service sent, such as a link's `href`, loaded as any type that decodes:
-    /// `Endpoint::Resource<Video>({.withHref = link.href}, context)`. Include `lumeno/Link/HrefResource.h`.
+    /// `Endpoint::Resource<Video>({.withHref = link.href}, context)`. Include `lumeno/Link/LinkEndpoints.h`.
     template <class T>
     static std::optional<VanticRestKit::Resource<T>> Resource(ResourceArguments arguments,
                                                               const VanticRestKit::Context& using_);
