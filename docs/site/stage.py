@@ -20,7 +20,7 @@ DEFAULTED = re.compile(
 )
 # Doxygen does not find the scope of a specialisation in namespace std.
 HASH = re.compile(r"\n(?:///[^\n]*\n)*template <>\nstruct std::hash<.*?\n\};", re.DOTALL)
-MACRO = re.compile(r"\n#define [^\n]*\\\n(?:[^\n]*\\\n)*[^\n]*")
+MACRO = re.compile(r"\n#define [^\n]*(?:(?<=\\)\n[^\n]*)*")
 LINK = re.compile(r"\[([^\]]+)\]\((?!http)([\w./-]+?)\.md(?:#[\w-]+)?\)")
 PAGES = pathlib.Path(__file__).resolve().parent.parent
 
