@@ -210,12 +210,13 @@ void CacheHop::noteHead() {
 bool CacheHop::mayKeep(const HeaderFields& fields) const {
     if (!core_ || !wanted_.isStorable()) return false;
     if (stored_ || isUsableAnyway()) return true;
+    // Read for each answer, and most have none of these: by the length, which tells more names apart than letters do.
     return std::any_of(fields.begin(), fields.end(), [](const auto& field) {
-        const std::string& name = field.first;
-        switch (name.empty() ? ' ' : asciiLower(name.front())) {
-            case 'c': return sameHeaderName(name, "cache-control");
-            case 'e': return sameHeaderName(name, "etag") || sameHeaderName(name, "expires");
-            case 'l': return sameHeaderName(name, "last-modified");
+        const std::string_view name = field.first;
+        switch (name.size()) {
+            case 4: return sameHeaderName(name, "etag");
+            case 7: return sameHeaderName(name, "expires");
+            case 13: return sameHeaderName(name, "cache-control") || sameHeaderName(name, "last-modified");
             default: return false;
         }
     });
