@@ -65,7 +65,9 @@ private:
         return hash;
     }
 
-    std::uint64_t bucket(std::uint64_t signature) const noexcept { return (signature * seed_) >> shift_; }
+    std::size_t bucket(std::uint64_t signature) const noexcept {
+        return static_cast<std::size_t>((signature * seed_) >> shift_);
+    }
 
     std::uint64_t seed_ = 1;
     unsigned shift_ = 63;
