@@ -4,10 +4,10 @@
 //   the lines of the head up to an empty one, each ended by a line feed
 //   the body
 
+#include <VanticRestKit/platform/date/detail/HTTPDate.h>
 #include <VanticRestKit/platform/http/cache/detail/CacheControl.h>
 #include <VanticRestKit/platform/http/cache/detail/CacheRecordForm.h>
 #include <VanticRestKit/platform/http/cache/detail/CacheRules.h>
-#include <VanticRestKit/platform/http/cache/detail/HTTPDate.h>
 #include <VanticRestKit/platform/http/cache/detail/StoredAnswer.h>
 #include <VanticRestKit/platform/http/cache/detail/Vary.h>
 #include <VanticRestKit/platform/http/cookies/detail/CookieRules.h>
