@@ -127,7 +127,6 @@ void acceptCookies(const HeaderCollector& head, const URLRequest& request) {
 struct Decoded {
     bool isGood = true;
     std::string body{};
-    friend bool operator==(const Decoded&, const Decoded&) = default;
 };
 
 Decoded decode(const HeaderCollector& head, std::string_view coded, std::size_t pieceSize, std::size_t step) {
