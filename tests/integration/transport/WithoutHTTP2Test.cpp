@@ -34,8 +34,10 @@ extern "C" curl_version_info_data* curl_version_info(CURLversion age) {
     return &information;
 }
 
-extern "C" CURLcode(curl_easy_setopt)(CURL* easy, CURLoption option, ...) {
-    static const auto setOption = ofLibcurl<CURLcode(CURL*, CURLoption, ...)>("curl_easy_setopt");
+// Under a name of its own, because variable arguments must not follow a parameter of an enumeration type.
+extern "C" CURLcode setOptionWithoutHTTP2(CURL* easy, unsigned option, ...) __asm__("curl_easy_setopt");
+extern "C" CURLcode setOptionWithoutHTTP2(CURL* easy, unsigned option, ...) {
+    static const auto setOption = ofLibcurl<CURLcode(CURL*, unsigned, ...)>("curl_easy_setopt");
     va_list values;
     va_start(values, option);
     CURLcode code = CURLE_OK;
