@@ -3,6 +3,7 @@
 #include <VanticRestKit/platform/json/detail/TypePlan.h>
 
 #include <string>
+#include <utility>
 
 namespace VanticRestKit::mapping {
 
@@ -69,8 +70,15 @@ const TypePlan& makeAnythingPlan(std::string_view name) {
 }
 
 const TypePlan& makeListPlan(std::string_view elementName, const ListPlan& list) {
-    const std::string& name = *new std::string("[" + std::string(elementName) + "]");
-    return *new TypePlan{.kind = ValueKind::list, .name = name, .list = &list};
+    // The plan keeps a view of its name.
+    struct NamedPlan {
+        NamedPlan(std::string text, const ListPlan& elements)
+            : name(std::move(text)), plan{.kind = ValueKind::list, .name = name, .list = &elements} {}
+
+        const std::string name;
+        const TypePlan plan;
+    };
+    return (new NamedPlan("[" + std::string(elementName) + "]", list))->plan;
 }
 
 const TypePlan& makeChoicePlan(std::string_view name, const ChoicePlan& choice) {

@@ -191,10 +191,11 @@ private:
         return count;
     }
 
-    BrotliDecoderState* state_;
     // Whether a body that needs much memory is to be moved to another thread.
     bool mayMove_ = true;
     bool needsMore_ = false;
+    // After what `allocate` uses, which is called while the state is made.
+    BrotliDecoderState* state_;
     std::string seen_;
     // How many bytes have been written; after the move, how many of them are still to be passed over.
     std::size_t written_ = 0;
