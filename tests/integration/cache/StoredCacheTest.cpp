@@ -84,6 +84,9 @@ private:
 
 class StoredCache : public SessionCache {
 protected:
+    // A read that is not answered holds the cache, and that the store.
+    ~StoredCache() override { store->recover(); }
+
     /// A session of another process with the same store.
     std::shared_ptr<URLSession> anotherSession() { return makeSession(makeCache(store)); }
 
