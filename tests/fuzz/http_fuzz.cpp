@@ -101,9 +101,9 @@ void followRedirect(const HeaderCollector& head, const URLRequest& request) {
     const auto target = URL::make(*head.location(), *request.url());
     if (!target) return;
     const URLSessionRedirectPolicy policy;
-    const bool isLessSecure = isSecure(*request.url()) && target->scheme() == "http";
+    const bool isLessSecure = isSecure(*request.url()) && !isSecure(*target);
     require((redirectAction(policy, *request.url(), *target) == RedirectAction::refuse) == isLessSecure,
-            "from https to http is refused, and nothing else");
+            "leaving https is refused, and nothing else");
     const URLRequest next = redirected(request, head.status(), *target);
     if (whyUnusable(next)) return;
     require(next.httpMethod() == request.httpMethod() || next.httpMethod() == "GET",
