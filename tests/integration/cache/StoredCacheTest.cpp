@@ -84,7 +84,7 @@ private:
 
 class StoredCache : public SessionCache {
 protected:
-    // A read that is not answered holds the cache, and that the store.
+    // An unanswered read keeps the cache alive, and the cache keeps the store alive.
     ~StoredCache() override { store->recover(); }
 
     /// A session of another process with the same store.

@@ -194,7 +194,7 @@ private:
     // Whether a body that needs much memory is to be moved to another thread.
     bool mayMove_ = true;
     bool needsMore_ = false;
-    // After what `allocate` uses, which is called while the state is made.
+    // Declared after the flags: `allocate` reads them while the state is made.
     BrotliDecoderState* state_;
     std::string seen_;
     // How many bytes have been written; after the move, how many of them are still to be passed over.
