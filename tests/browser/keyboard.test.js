@@ -87,9 +87,15 @@ test('the arrows move the focus in two dimensions', async () => {
     assert.ok(right.left > start.left);
     await press('ArrowLeft');
     assert.equal((await focus()).href, start.href);
-    // A row that is still loading has nothing to focus.
-    const below = await pressUntil('ArrowDown', (now) => now.row !== start.row, 5);
-    assert.ok(below.row && below.top > start.top, JSON.stringify(below));
+    // The row below is loaded when it comes into view; until then it has nothing to focus.
+    await viewer.until((row) => {
+        const rows = [...document.querySelectorAll('section.row')];
+        const next = rows.findIndex((one) => one.dataset.row === row) + 1;
+        return rows.slice(next).some((one) => one.querySelector('.tile'));
+    }, start.row);
+    await press('ArrowDown');
+    const below = await focus();
+    assert.ok(below.row && below.row !== start.row && below.top > start.top, JSON.stringify(below));
 });
 
 test('Backspace goes back as Escape does, but not while one types', async () => {
