@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `DecodingError`: why a JSON document did not become a value, and where in the document.
+/// `DecodingError`: why a JSON document could not be decoded, and where in the document.
 
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/Visibility.h>
@@ -14,19 +14,19 @@
 
 namespace VanticRestKit {
 
-/// One step on the way from the root of a document to a value in it: a key of an object or a place in an array.
+/// One step of a coding path: a key of an object, or an index in an array.
 class VRK_EXPORT CodingKey {
 public:
     /// A key of an object.
     CodingKey(std::string key);
     /// A key of an object.
     CodingKey(const char* key);
-    /// A place in an array, counted from 0.
+    /// An array index, from 0.
     CodingKey(std::size_t index) : index_(index) {}
 
-    /// The key, or null where this step is a place in an array.
+    /// The key, or null if this step is an array index.
     const std::string* key() const noexcept { return key_ ? &*key_ : nullptr; }
-    /// The place, counted from 0, or null where this step is a key.
+    /// The array index, from 0, or null if this step is a key.
     const std::size_t* index() const noexcept { return key_ ? nullptr : &index_; }
 
     friend bool operator==(const CodingKey&, const CodingKey&) = default;
@@ -36,33 +36,34 @@ private:
     std::size_t index_ = 0;
 };
 
-/// The way from the root of a document to a value in it; empty for the root itself.
+/// The path from the root of a document to a value in it; empty for the root itself.
 using CodingPath = std::vector<CodingKey>;
 
-/// The platform's decoding error. Its general description is the platform's sentence for its kind.
+/// The platform's decoding error. `generalDescription()` is the platform's message for its kind.
 class VRK_EXPORT DecodingError {
 public:
     /// What is wrong with the document.
     enum class Kind {
-        keyNotFound,    ///< A key that must be there is not.
-        valueNotFound,  ///< There is a null where a value must be.
-        typeMismatch,   ///< The value is of another JSON type.
-        dataCorrupted,  ///< The document is no JSON, or a value cannot be what it must be.
+        keyNotFound,    ///< A required key is missing.
+        valueNotFound,  ///< Null was found where a value is required.
+        typeMismatch,   ///< The value has a different JSON type.
+        dataCorrupted,  ///< The document is not JSON, or a value cannot be converted.
     };
 
-    /// For decoders; a host may make one in a test.
+    /// Made by decoders; hosts may make one in a test.
     DecodingError(Kind kind, CodingPath path, std::string debugDescription);
 
     /// What kind of error it is.
     Kind kind() const noexcept { return kind_; }
-    /// Down to the key at fault, the missing key included; empty for a fault of the document's structure.
+    /// The path to the value at fault, ending with the missing key if one is missing; empty if the document is
+    /// malformed.
     const CodingPath& codingPath() const noexcept { return path_; }
     /// What was found and what was expected, for developers.
     const std::string& debugDescription() const noexcept { return debugDescription_; }
-    /// The platform's sentence for people.
+    /// The platform's message for end users.
     std::string localizedDescription() const;
 
-    /// What identifies errors of this type; see `Error`.
+    /// Identifies errors of this type; see `Error`.
     static const ErrorTag& errorTag();
     /// The domain of the error.
     std::string errorDomain() const { return "NSCocoaErrorDomain"; }
@@ -71,7 +72,7 @@ public:
     /// The description that `Error` gives.
     std::string generalDescription() const { return localizedDescription(); }
 
-    /// Whether both are of one kind.
+    /// Whether both have the same kind.
     friend bool operator==(const DecodingError& a, const DecodingError& b) noexcept {
         return a.kind_ == b.kind_;
     }

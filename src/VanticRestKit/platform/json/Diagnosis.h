@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What decoding a document came to, with every fault on the way: for tools that explain a document.
+/// The result of decoding a document, with every fault that was found: for tools that explain a document.
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/json/DecodingError.h>
@@ -16,38 +16,39 @@
 
 namespace VanticRestKit {
 
-/// Something in a document that is not as the mapping table wants it.
+/// Something in a document that does not match the mapping table.
 struct Fault {
-    /// Down to the value at fault.
+    /// The path to the value at fault.
     CodingPath path;
-    /// The word of the row that settled what became of it.
+    /// The presence of the row that decided what happened to the value.
     Presence presence;
-    /// The type that the table names, such as "String" or "[Link]"; "readable keys" of an object that has a key
-    /// which is no text; the name of the entity where the object claims to be another one; "JSON" of a document.
+    /// The type that the table names, such as "String" or "[Link]"; "readable keys" if an object has a key that is not
+    /// valid text; the expected entity name if the object names a different one; "JSON" for a malformed document.
     std::string expected;
-    /// The JSON type that came: "string", "number", "boolean", "null", "object", "array", or "nothing" where the
-    /// key is missing; the name that the object claims; "a broken document".
+    /// The JSON type that was found: "string", "number", "boolean", "null", "object", "array", or "nothing" if the key
+    /// is missing; the name that the object gives itself; "a broken document".
     std::string found;
-    /// What the field holds now: "empty", "[]", the name of a case or the value as JSON text; "dropped" for an
-    /// element that is left out, "no check" for an "_entity" that is no text; or "failure" where the fault fails
-    /// the document.
+    /// What the field holds now: "empty", "[]", the name of a case or the value as JSON text; "dropped" for a list
+    /// element that was left out, "no check" for an "_entity" that is not a string; or "failure" if the fault makes the
+    /// document fail.
     std::string became;
 };
 
-/// What decoding a document came to.
+/// The result of decoding a document.
 struct Diagnosis {
-    /// Every fault that was swallowed, in decode order, and the one that failed the document last.
+    /// Every fault that was ignored, in decode order; then the one that made the document fail, if any.
     std::vector<Fault> faults;
-    /// Why the document did not become a value; empty where it did.
+    /// Why decoding failed; empty if it succeeded.
     std::optional<Error> error;
-    /// Where: the coding path of a decoding error, or the path of the entity that is of another kind.
+    /// Where it failed: the coding path of the decoding error, or the path of the entity that names a different entity.
     CodingPath path;
 };
 
-/// Decodes into `value`, a fresh value of the plan's type, slowly and in decode order, with the default memory budget.
+/// Decodes into `value`, a newly made value of the plan's type, in decode order and with the default memory budget.
+/// Slower than `JSONDecoder`.
 VRK_EXPORT Diagnosis diagnose(const Data& document, const TypePlan& plan, void* value);
 
-/// Decodes a T and tells of every fault.
+/// Decodes a T and reports every fault.
 template <class T>
 Diagnosis diagnose(const Data& document) {
     T value = mapping::detail::fresh<T>();

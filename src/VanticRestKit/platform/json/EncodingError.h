@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `EncodingError`: why a value did not become a JSON document.
+/// `EncodingError`: why a value could not be encoded as JSON.
 
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/Visibility.h>
@@ -12,10 +12,10 @@
 
 namespace VanticRestKit {
 
-/// A value that JSON cannot hold: a number that is not finite, a text that is not UTF-8.
+/// A value that JSON cannot represent: a number that is not finite, or a string that is not UTF-8.
 class VRK_EXPORT EncodingError {
 public:
-    /// Names the key at which encoding failed.
+    /// `key` is the key whose value could not be encoded.
     EncodingError(std::string key, std::string debugDescription)
         : key_(std::move(key)), debugDescription_(std::move(debugDescription)) {}
 
@@ -23,10 +23,10 @@ public:
     const std::string& key() const noexcept { return key_; }
     /// What is wrong with it, for developers.
     const std::string& debugDescription() const noexcept { return debugDescription_; }
-    /// The platform's sentence for people.
+    /// The platform's message for end users.
     std::string localizedDescription() const;
 
-    /// What identifies errors of this type; see `Error`.
+    /// Identifies errors of this type; see `Error`.
     static const ErrorTag& errorTag();
     /// The domain of the error.
     std::string errorDomain() const { return "NSCocoaErrorDomain"; }
@@ -35,7 +35,7 @@ public:
     /// The description that `Error` gives.
     std::string generalDescription() const { return localizedDescription(); }
 
-    /// Whether both are errors of this type.
+    /// Always true: all errors of this type compare equal.
     friend bool operator==(const EncodingError&, const EncodingError&) noexcept { return true; }
 
 private:

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// How a mapping table reaches the fields of an entity: names, offsets and what a field's type can do.
+/// How a mapping table accesses the fields of an entity: names, offsets and type-erased operations.
 
 #include <VanticRestKit/platform/json/Fresh.h>
 
@@ -34,7 +34,7 @@ struct OptionalParts<std::optional<T>> {
     using Value = T;
 };
 
-// The compiler's own text for this function holds the name of what it was made for.
+// The compiler's signature text of an instantiation contains the name of its template argument.
 template <auto M>
 constexpr std::string_view signatureOfMember() {
     return __PRETTY_FUNCTION__;
@@ -64,7 +64,7 @@ inline constexpr bool isList = false;
 template <class T>
 inline constexpr bool isList<std::vector<T>> = true;
 
-/// The declared name of a field, without the underscore that keeps it apart from a keyword.
+/// The declared name of a field, without the trailing underscore that avoids a keyword.
 template <auto Member>
 constexpr std::string_view memberName() {
     std::string_view name = detail::named(detail::signatureOfMember<Member>(), "M = ");
@@ -81,26 +81,27 @@ constexpr std::string_view typeName() {
     return name.starts_with(library) ? name.substr(library.size()) : name;
 }
 
-/// Where a field lies in its entity. `E` is the entity: GCC takes functions that differ only in a member of an unnamed
-/// namespace for one and the same in all sources, and such types of one name need not have the same fields.
+/// The offset of a field in its entity. The entity `E` is a template argument because GCC treats functions that differ
+/// only in a member of a type in an unnamed namespace as the same function across all sources, and types of the same
+/// name there need not have the same fields.
 template <class E, auto Member>
 std::size_t offsetOf() {
-    // A field's offset is the same in every entity, so raw storage for one will do to measure it.
+    // The offset does not depend on the object, so unconstructed storage is enough to measure it.
     alignas(E) static std::byte storage[sizeof(E)];
     const auto* const entity = reinterpret_cast<const E*>(storage);
     return static_cast<std::size_t>(reinterpret_cast<const std::byte*>(&(entity->*Member)) - storage);
 }
 
-/// How a field of a given C++ type is reached. `void*` arguments point to the field.
+/// Operations on a field of a given C++ type. `void*` arguments point to the field.
 struct FieldOps {
     bool isOptional;
-    /// Makes the field hold a fresh value and returns where it lies.
+    /// Puts a new value into the field and returns its address.
     void* (*open)(void* field);
-    /// Makes the field empty or, where it cannot be, what its type starts with.
+    /// Makes the field empty, or gives it its type's initial value if it cannot be empty.
     void (*reset)(void* field);
-    /// Makes the field equal to another one of its type.
+    /// Copies another field of the same type.
     void (*copy)(void* field, const void* from);
-    /// The value, or null where the field is empty.
+    /// The value, or null if the field is empty.
     const void* (*peek)(const void* field);
 };
 
@@ -116,14 +117,14 @@ inline constexpr FieldOps fieldOps = {
         } else if constexpr (isMadeByDecoding<ValueIn<Field>>) {
             return &static_cast<Field*>(field)->emplace(detail::fresh<ValueIn<Field>>());
         } else {
-            return nullptr;  // the value is made by what the row reads, and moved in
+            return nullptr;  // the row's reader makes the value and moves it in
         }
     },
     .reset = [](void* field) { *static_cast<Field*>(field) = detail::fresh<Field>(); },
     .copy =
         [](void* field, const void* from) {
             if constexpr (isList<Field>) {
-                // An assignment would keep the memory of the elements.
+                // Assignment would keep the old capacity.
                 Field(*static_cast<const Field*>(from)).swap(*static_cast<Field*>(field));
             } else {
                 *static_cast<Field*>(field) = *static_cast<const Field*>(from);

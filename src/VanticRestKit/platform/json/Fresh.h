@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// How decoding makes the value that it fills.
+/// How decoding constructs the value that it fills.
 
 #include <optional>
 #include <type_traits>
@@ -13,14 +13,14 @@ class Fresh;
 
 namespace detail {
 
-/// A value with the defaults of its type. For the library alone: decoding starts from one.
+/// A value with the defaults of its type, from which decoding starts. For the library only.
 template <class T>
 constexpr T fresh();
 
 }  // namespace detail
 
-/// The key to the constructor of a type that only decoding makes: no one else has one, so no one else can make an
-/// empty value of that type.
+/// A pass-key for the constructor of a type that only decoding may construct: only the library can make a `Fresh`, so
+/// no other code can construct an empty value of that type.
 class Fresh {
     constexpr Fresh() = default;
 
@@ -28,8 +28,8 @@ class Fresh {
     friend constexpr T detail::fresh();
 };
 
-/// Whether only decoding makes values of the type. A type that has defaults starts with those, also if it could be
-/// made from a `Fresh` through a type that it holds, as a `std::optional` could.
+/// Whether only decoding can construct values of the type. A default-constructible type is not one, even if it is
+/// constructible from a `Fresh` through a type that it holds, as a `std::optional` may be.
 template <class T>
 inline constexpr bool isMadeByDecoding =
     std::is_constructible_v<T, Fresh> && !std::is_default_constructible_v<T>;
@@ -47,7 +47,7 @@ constexpr T fresh() {
 
 }  // namespace detail
 
-/// Whether a type is made from other values alone: it has a plan to be looked at by, and is never decoded.
+/// Whether a type is only computed from other values: its plan is used to print it, never to decode it.
 template <class T>
 inline constexpr bool isOnlyShown = false;
 template <class T>

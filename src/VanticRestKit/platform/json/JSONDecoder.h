@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `JSONDecoder`: from the bytes of a JSON document to a value.
+/// `JSONDecoder`: decodes the bytes of a JSON document into a value.
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/error/Error.h>
@@ -16,19 +16,19 @@
 
 namespace VanticRestKit {
 
-/// Decodes JSON documents by the mapping tables of their types. It is small and costs nothing to make or to copy; any
-/// number of threads may use one.
+/// Decodes JSON documents by the mapping tables of their types. Cheap to construct and copy. Thread-safe.
 class VRK_EXPORT JSONDecoder {
 public:
-    /// 1 GiB: a document of 100 MB stays well within it, since entities take a few times their JSON, and one that is
-    /// made to fill memory does not: an empty element is three bytes of JSON and, as a `Show`, thousands in memory.
+    /// 1 GiB. A normal document of 100 MB stays well below it, because decoded entities take a few times the size of
+    /// their JSON. A document built to exhaust memory does not: an empty element takes three bytes of JSON, but
+    /// thousands of bytes in memory if it is a `Show`.
     static constexpr std::uint64_t defaultMemoryBudget = std::uint64_t{1} << 30;
 
-    /// How a decoder decodes.
+    /// Settings of a decoder.
     struct Settings {
-        /// How much memory a decoded value may hold, in bytes: what its lists reserve, its strings of more than 15
-        /// bytes, and what it holds by pointer. A document beyond it fails as a whole. Growing a list takes up to as
-        /// much again for a moment.
+        /// The maximum memory that a decoded value may hold, in bytes: the capacity of its lists, its strings of more
+        /// than 15 bytes, and what it holds by pointer. A document that exceeds it fails as a whole. While a list
+        /// grows, up to twice as much is used temporarily.
         std::uint64_t memoryBudget = defaultMemoryBudget;
     };
 
@@ -36,13 +36,13 @@ public:
     /// `JSONDecoder({.memoryBudget = 64 << 20})`.
     explicit JSONDecoder(Settings settings) : memoryBudget_(settings.memoryBudget) {}
 
-    /// Decodes a T: an entity, a list of one, a bare text, number or truth value, or a `std::optional` of any of
-    /// them, for which a null document is an empty value.
+    /// Decodes a T: an entity, a list of entities, a single string, number or boolean, or a `std::optional` of any of
+    /// these, which is empty for the document `null`.
     ///
-    /// Errors: a `DecodingError` with the path of the fault that comes first in decode order, or the entity's own
-    /// `DecodingError` where it is of another kind. A document that is no JSON, or whose value exceeds the memory
-    /// budget, is `dataCorrupted` at the empty path, which no lenient row swallows. The whole document is validated.
-    /// Arrays and objects may lie 512 deep; a document of any depth is safe on a small stack.
+    /// Errors: a `DecodingError` with the path of the first fault in decode order, or the entity's own `DecodingError`
+    /// if the object names a different entity. A document that is not JSON, or whose value exceeds the memory budget,
+    /// gives `dataCorrupted` at the empty path; no lenient row ignores that. The whole document is validated. Arrays
+    /// and objects may be nested 512 deep; no document overflows a small stack.
     template <class T>
     requires(!mapping::isOnlyShown<T>) Result<T, Error> decode(const Data& document)
     const {
@@ -56,9 +56,9 @@ public:
         return second;
     }
 
-    /// Decodes a type that is known by its plan alone, for tools that are told it at run time. `value` points to
-    /// a fresh value of that type; where the document does not decode it may hold anything, and `diagnose` says
-    /// why.
+    /// Decodes a type that is known only by its plan, for tools that choose the type at run time. `value` points to a
+    /// newly made value of that type. Returns whether decoding succeeded; if it did not, `value` is unspecified and
+    /// `diagnose` gives the reason.
     bool decode(const Data& document, const TypePlan& plan, void* value) const;
 
 private:

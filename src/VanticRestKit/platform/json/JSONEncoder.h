@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `JSONEncoder`: from a value to the bytes of a JSON document.
+/// `JSONEncoder`: encodes a value as the bytes of a JSON document.
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/error/Error.h>
@@ -19,9 +19,10 @@
 
 namespace VanticRestKit {
 
-/// Writes the members of one JSON object, in the order of the calls. Keys are not compared: write each once.
+/// Writes the members of one JSON object, in the order of the calls. Duplicate keys are not detected: write each key
+/// once.
 ///
-/// The first value that JSON cannot hold fails the whole document; what is written behind it does not matter.
+/// The first value that JSON cannot represent makes the encoding fail; whatever is written after it is discarded.
 class VRK_EXPORT JSONObjectWriter {
 public:
     /// Writes a string.
@@ -30,23 +31,23 @@ public:
     void write(std::string_view key, const std::string& text) { write(key, std::string_view(text)); }
     /// Writes a string.
     void write(std::string_view key, const char* text) { write(key, std::string_view(text)); }
-    /// Writes a truth value.
+    /// Writes a boolean.
     void write(std::string_view key, bool truth);
     /// Writes a number; fails the encoding if it is not finite.
     void write(std::string_view key, double number);
-    /// Writes a whole number.
+    /// Writes an integer.
     void write(std::string_view key, std::int64_t number);
-    /// Writes a whole number.
+    /// Writes an integer.
     void write(std::string_view key, std::uint64_t number);
-    /// Writes a string.
+    /// Writes an array of strings.
     void write(std::string_view key, const std::vector<std::string>& texts);
-    /// Writes the raw text of a case.
+    /// Writes the raw text of an enumeration case.
     template <RawEnumeration E>
     void write(std::string_view key, E value) {
         write(key, rawValue(value));
     }
 
-    /// Writes the member only where there is a value.
+    /// Writes the member only if it has a value.
     template <class T>
     void writeIfPresent(std::string_view key, const std::optional<T>& value) {
         if (value) write(key, *value);
@@ -74,13 +75,12 @@ private:
     bool isFirst_ = true;
 };
 
-/// Encodes values as JSON documents, without blanks, with `/` as `\/`. It has no settings; any number of threads
-/// may use one.
+/// Encodes values as JSON documents, without whitespace, and with `/` escaped as `\/`. It has no settings. Thread-safe.
 class VRK_EXPORT JSONEncoder {
 public:
     /// Encodes a value that offers `void encode(JSONObjectWriter&) const`, as an object.
     ///
-    /// Errors: an `EncodingError` where a number is not finite or a text is not UTF-8.
+    /// Errors: an `EncodingError` if a number is not finite or a string is not UTF-8.
     template <class T>
     requires requires(const T& value, JSONObjectWriter& writer) { value.encode(writer); }
     Result<Data, Error> encode(const T& value) const {
@@ -100,7 +100,7 @@ public:
     }
 
 private:
-    /// A document that is one text.
+    /// A document that is a single string.
     static Data document(std::string_view text);
 };
 

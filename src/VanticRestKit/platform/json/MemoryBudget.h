@@ -1,39 +1,40 @@
 #pragma once
 
 /// \file
-/// `MemoryBudget`: how much memory one decode has allocated, and how much it may.
+/// `MemoryBudget`: how much memory a decode has allocated, and its limit.
 
 #include <cstdint>
 
 namespace VanticRestKit {
 
-/// Counts the memory that the value of one decode holds beside itself: what its lists have reserved, its long strings,
-/// the values that it holds by pointer. An empty element costs its service two bytes and a host thousands.
+/// Counts the memory that a decoded value holds outside its own object: the capacity of its lists, its long strings,
+/// and the values that it holds by pointer. The limit protects hosts: an empty element takes two bytes of JSON but may
+/// take thousands in memory.
 class MemoryBudget {
 public:
-    /// A budget of so many bytes.
+    /// `limit` is in bytes.
     explicit MemoryBudget(std::uint64_t limit) noexcept : limit_(limit) {}
 
-    /// Counts memory that is about to be allocated. False if that is more than is left; the decode must then end.
+    /// Counts memory that is about to be allocated. Returns false if that exceeds the limit; the decode must then stop.
     bool take(std::uint64_t bytes) noexcept {
         used_ += bytes;
         if (used_ > limit_) wasRefused_ = true;
         return !wasRefused_;
     }
 
-    /// Counts memory that is not worth a check of its own, since it cannot exceed the document.
+    /// Counts memory without checking the limit, for allocations that the size of the document already bounds.
     void note(std::uint64_t bytes) noexcept { used_ += bytes; }
 
-    /// Counts what was allocated since `used()` was `before` as freed.
+    /// Frees everything counted since `used()` returned `before`.
     void giveBack(std::uint64_t before) noexcept { used_ = before; }
 
-    /// How many bytes are used.
+    /// The number of bytes in use.
     std::uint64_t used() const noexcept { return used_; }
-    /// How many bytes there are.
+    /// The limit in bytes.
     std::uint64_t limit() const noexcept { return limit_; }
-    /// Whether `take` has ever said no.
+    /// Whether `take` has ever returned false.
     bool wasRefused() const noexcept { return wasRefused_; }
-    /// Whether the finished value is too large.
+    /// Whether the limit is exceeded.
     bool isExceeded() const noexcept { return wasRefused_ || used_ > limit_; }
 
 private:

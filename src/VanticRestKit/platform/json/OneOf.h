@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The readers for a value that may be of one of several entities, tried in turn.
+/// The readers for a value that is one of several entities, tried in order.
 
 #include <VanticRestKit/platform/json/FieldAccess.h>
 #include <VanticRestKit/platform/json/Fresh.h>
@@ -27,15 +27,16 @@ struct EachOneOfReader {};
 template <class... Entities>
 inline constexpr OneOfReader<Entities...> oneOf{};
 
-/// Reader: a list whose elements are read so, one by one; an element that is none of them is left out.
+/// Reader: a list whose elements are each read like `oneOf`; an element that decodes as none of the entities is left
+/// out.
 template <class... Entities>
 inline constexpr EachOneOfReader<Entities...> eachOneOf{};
 
 namespace detail {
 
-/// A value that holds what was made. One that can take over an entity where it lies does; entities are large.
+/// Moves the candidate into a value. Takes over the pointer if the value type can, because entities are large.
 template <class Value, class Entity>
-Value takenOver(void* made) {
+Value movedInto(void* made) {
     std::unique_ptr<Entity> owner(static_cast<Entity*>(made));
     if constexpr (requires { Value::owning(std::move(owner)); }) {
         return Value::owning(std::move(owner));
@@ -45,23 +46,23 @@ Value takenOver(void* made) {
 }
 
 template <class Field, class Entity>
-void keepIn(void* made, void* field) {
+void moveIntoField(void* made, void* field) {
     auto& place = *static_cast<Field*>(field);
     if constexpr (isOptional<Field>) {
-        place.emplace(takenOver<typename Field::value_type, Entity>(made));
+        place.emplace(movedInto<typename Field::value_type, Entity>(made));
     } else {
-        place.push_back(takenOver<typename Field::value_type, Entity>(made));
+        place.push_back(movedInto<typename Field::value_type, Entity>(made));
     }
 }
 
 template <class Field, class Entity>
 inline constexpr Candidate candidate = {
     .type = &planLater<Entity>,
-    // A list of choices that is full doubles.
+    // A full list doubles its capacity.
     .size = sizeof(Entity) + (isOptional<Field> ? 0 : 2 * sizeof(typename Field::value_type)),
     .make = []() -> void* { return new Entity(detail::fresh<Entity>()); },
     .drop = [](void* made) { delete static_cast<Entity*>(made); },
-    .keep = &keepIn<Field, Entity>,
+    .keep = &moveIntoField<Field, Entity>,
 };
 
 template <class Value, class... Entities>

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `planOf<T>()`: the plan by which a type is decoded. An entity specialises it with its mapping table.
+/// `planOf<T>()`: the plan for decoding a type. An entity specialises it with its mapping table.
 
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/error/AnyValue.h>
@@ -25,19 +25,19 @@ namespace VanticRestKit {
 
 namespace mapping::detail {
 
-/// The plans that need no table.
+/// The plans of types that need no table.
 template <class T>
 struct BuiltIn;
 
 }  // namespace mapping::detail
 
-/// Texts, numbers, truth values, enumerations with raw texts, lists and (at the root) optionals need no table. A narrow
-/// integer, such as an `int`, takes the numbers that fit.
+/// Strings, numbers, booleans, enumerations with raw texts, lists and (at the root) optionals need no table. A narrow
+/// integer, such as an `int`, accepts the numbers that fit.
 template <class T>
 requires requires { mapping::detail::BuiltIn<T>::plan(); }
 const TypePlan& planOf() { return mapping::detail::BuiltIn<T>::plan(); }
 
-/// A type that can be decoded: one with a mapping table, declared before, or one that needs none.
+/// A type that can be decoded: its mapping table is declared before this point, or it needs none.
 template <class T>
 concept Decodable = !mapping::isOnlyShown<T> && requires {
     planOf<T>();
@@ -45,19 +45,19 @@ concept Decodable = !mapping::isOnlyShown<T> && requires {
 
 namespace mapping {
 
-/// The reader for an unsigned whole number or a text, kept as text.
+/// The reader for an unsigned integer or a string, stored as a string.
 struct DecimalOrText {};
 /// The reader for a list that drops the elements that do not decode.
 struct KeepDecodable {};
 
-/// The room that a list should have when it is full, judged by how many elements its bytes so far gave. Without
-/// bytes left to judge by it doubles.
+/// The new capacity of a full list, estimated from the number of elements in the bytes read so far. Twice the count if
+/// `bytesLeft` is 0.
 VRK_EXPORT std::size_t grownCapacity(std::size_t count, std::size_t elementSize, std::size_t bytesRead,
                                      std::size_t bytesLeft) noexcept;
 
 namespace detail {
 
-/// A whole number of a type that rows read by converting from 64 bits: `int`, `short`, `std::uint8_t`, `long long`.
+/// An integer type that rows read by converting from 64 bits: `int`, `short`, `std::uint8_t`, `long long`.
 template <class T>
 concept NarrowInteger =
     VanticRestKit::detail::WholeNumber<T> && !std::is_same_v<T, std::int64_t> &&
@@ -72,7 +72,7 @@ constexpr std::string_view narrowIntegerName() {
     return "Int";
 }
 
-/// The name that people know a type by.
+/// The name of a type in error messages and diagnoses.
 template <class T>
 constexpr std::string_view displayName() {
     if constexpr (std::is_same_v<T, std::string>) return "String";
@@ -115,7 +115,7 @@ void* appendTo(void* list, std::size_t bytesRead, std::size_t bytesLeft, MemoryB
     }
 }
 
-/// The name of an element of a list: an optional one is a "Link?".
+/// The name of a list's element type; "Link?" for an optional one.
 template <class T>
 std::string elementName() {
     if constexpr (isOptional<T>) {
@@ -135,7 +135,7 @@ const void* elementAt(const void* list, std::size_t index) {
     return &(*static_cast<const std::vector<T>*>(list))[index];
 }
 
-/// `planOf`, as a function with an address: GCC finds that of an overloaded template ambiguous.
+/// `planOf` as a function whose address can be taken: GCC finds the address of an overloaded template ambiguous.
 template <class T>
 const TypePlan& planLater() {
     return planOf<T>();
@@ -228,7 +228,7 @@ struct BuiltIn<std::optional<T>> {
 
 }  // namespace detail
 
-/// The plan of a value of type T that a row reads with `Reader`; the type's own plan where there is none.
+/// The plan of a value of type T that a row reads with `Reader`; the type's own plan if `Reader` is null.
 template <class T, auto Reader>
 struct ReaderOf {
     static const TypePlan& plan() {

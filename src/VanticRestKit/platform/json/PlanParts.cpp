@@ -70,7 +70,7 @@ const TypePlan& makeAnythingPlan(std::string_view name) {
 }
 
 const TypePlan& makeListPlan(std::string_view elementName, const ListPlan& list) {
-    // The plan keeps a view of its name.
+    // The plan holds only a view of its name, so the name is stored next to it.
     struct NamedPlan {
         NamedPlan(std::string text, const ListPlan& elements)
             : name(std::move(text)), plan{.kind = ValueKind::list, .name = name, .list = &elements} {}

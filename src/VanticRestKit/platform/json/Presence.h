@@ -7,11 +7,11 @@
 
 namespace VanticRestKit {
 
-/// What happens if the value of a key is absent, null or of a wrong type.
+/// What happens if the value of a key is absent, null or has the wrong type.
 enum class Presence : std::uint8_t {
-    required,   ///< Each of them fails the entity.
+    required,   ///< Each of these makes the entity fail.
     optional,   ///< Absent or null leaves the field empty; a wrong type fails the entity.
-    lenient,    ///< None of them fails anything; the field keeps its default.
+    lenient,    ///< None of these is an error; the field keeps its default.
     defaulted,  ///< Absent or null leaves the default; a wrong type fails the entity.
 };
 

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Enumerations that travel as text: one table per enumeration, in case order.
+/// Enumerations that are strings in JSON: one table per enumeration, in case order.
 
 #include <concepts>
 #include <optional>
@@ -10,14 +10,14 @@
 
 namespace VanticRestKit {
 
-/// One case of an enumeration: the case, its name and the text that stands for it in JSON and in paths.
+/// One case of an enumeration: the case, its name and its string in JSON and in paths.
 template <class E>
 struct RawCase {
     /// The case.
     E value;
     /// Its name in C++, without a trailing underscore.
     std::string_view name;
-    /// What stands for it in JSON and in paths.
+    /// Its string in JSON and in paths.
     std::string_view raw;
 };
 
@@ -32,7 +32,7 @@ concept RawEnumeration = requires {
     {std::span<const RawCase<E>>(RawTexts<E>::cases)};
 };
 
-/// The case whose raw text is `raw`, compared exactly; empty where there is none.
+/// The case whose raw text is exactly `raw`; empty if there is none.
 template <RawEnumeration E>
 constexpr std::optional<E> fromRawValue(std::string_view raw) noexcept {
     for (const RawCase<E>& row : RawTexts<E>::cases) {

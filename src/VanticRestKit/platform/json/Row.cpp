@@ -33,7 +33,7 @@ FieldPlan fieldFor(const Row& row, const std::byte* fresh) {
 ValueStep stepFor(const FieldPlan& field) {
     if (field.role == RowRole::entityCheck) return ValueStep::entityCheck;
     if (field.role == RowRole::object) return ValueStep::inner;
-    if (field.role != RowRole::value) return ValueStep::held;
+    if (field.role != RowRole::value) return ValueStep::leaf;
     const bool isOptional = field.ops->isOptional;
     switch (field.kind) {
         case ValueKind::object: return ValueStep::object;
@@ -42,30 +42,30 @@ ValueStep stepFor(const FieldPlan& field) {
         case ValueKind::anything:
         case ValueKind::verbatim:
         case ValueKind::attempted: return ValueStep::any;
-        case ValueKind::text: return isOptional ? ValueStep::optionalText : ValueStep::held;
-        case ValueKind::boolean: return isOptional ? ValueStep::held : ValueStep::boolean;
-        case ValueKind::unsignedInteger: return isOptional ? ValueStep::optionalUnsigned : ValueStep::held;
-        default: return ValueStep::held;
+        case ValueKind::text: return isOptional ? ValueStep::optionalText : ValueStep::leaf;
+        case ValueKind::boolean: return isOptional ? ValueStep::leaf : ValueStep::boolean;
+        case ValueKind::unsignedInteger: return isOptional ? ValueStep::optionalUnsigned : ValueStep::leaf;
+        default: return ValueStep::leaf;
     }
 }
 
-/// The slot of the keys that are nobody's: none is equal to its own.
-Slot slotOfNobody() {
+/// The slot for unknown keys. Its prefix never matches.
+Slot unknownKeySlot() {
     Slot slot{};
-    slot.quotedBytes = std::uint64_t{3} << Slot::quotedRoom;
+    slot.quotedBytes = std::uint64_t{3} << Slot::quotedCapacity;
     return slot;
 }
 
 Slot slotFor(const FieldPlan& field) {
-    Slot slot = slotOfNobody();
+    Slot slot = unknownKeySlot();
     slot.step = stepFor(field);
     slot.offset = field.offset;
     slot.field = &field;
-    // A key that is spelled otherwise in a document cannot be compared in place.
+    // Only a key that documents spell without escapes can be compared in place.
     const bool isPlain = std::all_of(field.key.begin(), field.key.end(),
                                      [](char c) { return c >= ' ' && c < 0x7F && c != '"' && c != '\\'; });
     const std::size_t size = field.key.size() + 3;
-    if (!isPlain || size > Slot::quotedRoom) return slot;
+    if (!isPlain || size > Slot::quotedCapacity) return slot;
     slot.quotedSize = static_cast<std::uint8_t>(size);
     slot.quotedBytes = (std::uint64_t{1} << size) - 1;
     slot.quoted[0] = '"';
@@ -74,8 +74,8 @@ Slot slotFor(const FieldPlan& field) {
     return slot;
 }
 
-/// For tables that were not checked by the compiler.
-[[noreturn]] void refuseTable(std::string_view type, const char* fault, std::string_view key) {
+/// For tables that are not checked at compile time.
+[[noreturn]] void abortOnBadTable(std::string_view type, const char* fault, std::string_view key) {
     std::fprintf(stderr, "VanticRestKit: the mapping table of %.*s %s: \"%.*s\"\n",
                  static_cast<int>(type.size()), type.data(), fault, static_cast<int>(key.size()), key.data());
     std::abort();
@@ -86,11 +86,11 @@ public:
     Builder(ObjectPlan& entity, const void* fresh)
         : entity_(entity), fresh_(static_cast<const std::byte*>(fresh)) {}
 
-    /// Fills `plan` with the rows of one object; rows of objects inside it go to plans of their own.
+    /// Fills `plan` with the rows of one object; rows of nested objects go into separate plans.
     void fill(ObjectPlan& plan, std::span<const Row> rows) {
         for (std::size_t at = 0; at < rows.size(); at += 1 + rows[at].inner) {
             const Row& row = rows[at];
-            if (row.role != RowRole::object) noteForEntity(row);
+            if (row.role != RowRole::object) addToEntity(row);
             if (row.role == RowRole::computed) continue;
             FieldPlan field = fieldFor(row, fresh_);
             if (row.role == RowRole::object) {
@@ -105,7 +105,7 @@ public:
     }
 
 private:
-    void noteForEntity(const Row& row) {
+    void addToEntity(const Row& row) {
         if (row.role == RowRole::entityCheck) {
             entity_.entityName = row.entityName;
             entity_.mismatch = row.mismatch;
@@ -119,23 +119,23 @@ private:
 
     void finish(ObjectPlan& plan) const {
         if (plan.fields.size() > maxRows) {
-            refuseTable(entity_.name, "has more than 63 rows in one object", plan.fields.back().key);
+            abortOnBadTable(entity_.name, "has more than 63 rows in one object", plan.fields.back().key);
         }
         std::vector<std::string_view> keys;
-        plan.slots.push_back(slotOfNobody());
+        plan.slots.push_back(unknownKeySlot());
         for (const FieldPlan& field : plan.fields) {
             const std::uint64_t bit = std::uint64_t{1} << plan.slots.size();
             if (field.presence == Presence::required) plan.required |= bit;
             if (field.role == RowRole::unread) plan.unread |= bit;
             plan.slots.push_back(slotFor(field));
             if (std::find(keys.begin(), keys.end(), field.key) != keys.end()) {
-                refuseTable(entity_.name, "has two rows with the same key", field.key);
+                abortOnBadTable(entity_.name, "has two rows with the same key", field.key);
             }
             keys.push_back(field.key);
         }
         plan.keys = KeyTable(std::move(keys));
-        plan.memory = takeSuccessorMemory(plan.slots.size());
-        plan.memoryEnd = plan.memory + plan.slots.size();
+        plan.successorsBegin = reserveSuccessors(plan.slots.size());
+        plan.successorsEnd = plan.successorsBegin + plan.slots.size();
     }
 
     ObjectPlan& entity_;
@@ -150,7 +150,7 @@ const TypePlan& makeObjectPlan(std::string_view name, std::span<const Row> rows,
     Builder(*object, fresh).fill(*object, rows);
     std::sort(object->members.begin(), object->members.end(),
               [](const MemberPlan& a, const MemberPlan& b) { return a.offset < b.offset; });
-    // The fresh value goes with the plan also where no field looks at it, as in a type that is only computed.
+    // Keeps the fresh value reachable even if no field refers to it, as in a type that is only computed.
     struct Kept {
         TypePlan plan;
         const void* fresh;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Row`: one row of a mapping table as data. Hosts write rows with the words of `Table.h`.
+/// `Row`: one row of a mapping table as data. Hosts write rows with the functions of `Table.h`.
 
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
@@ -18,16 +18,16 @@ namespace VanticRestKit::mapping {
 
 struct FieldOps;
 
-/// How many rows one object of a table can have, those of objects inside it not counted.
+/// The maximum number of rows of one object, not counting those of objects inside it.
 inline constexpr std::size_t maxRows = 63;
 
 /// What a row does with its key.
 enum class RowRole : std::uint8_t {
-    value,        ///< Reads it into a field.
-    object,       ///< Opens it as an object whose rows follow.
-    entityCheck,  ///< Compares it with the name of the entity.
-    unread,       ///< Nothing: the key is declared and never read.
-    computed,     ///< Has no key: the field is computed from other fields.
+    value,        ///< Reads the value into a field.
+    object,       ///< Opens the value as an object, whose rows follow.
+    entityCheck,  ///< Compares the value with the name of the entity.
+    unread,       ///< Ignores the value: the key is declared but never read.
+    computed,     ///< The row has no key: the field is computed from other fields.
 };
 
 /// One row of a mapping table.
@@ -46,8 +46,8 @@ struct Row {
     std::size_t inner = 0;
 };
 
-/// Makes the plan of an entity from its rows. Called once per type, on first use; the plan is never destroyed, and
-/// neither is `fresh`, a new entity that it keeps.
+/// Makes the plan of an entity from its rows. Called once per type, on first use. The plan is never destroyed; it keeps
+/// `fresh`, a newly made entity.
 VRK_EXPORT const TypePlan& makeObjectPlan(std::string_view name, std::span<const Row> rows,
                                           const void* fresh);
 

@@ -1,9 +1,9 @@
 #pragma once
 
 /// \file
-/// The words of a mapping table: how a JSON object becomes a value, one row per field, in decode order.
+/// The rows of a mapping table: how a JSON object becomes a value, one row per field, in decode order.
 ///
-/// An entity's source holds one table, and nothing about a field stands anywhere else:
+/// An entity's source defines one table, the only place that describes how its fields are decoded:
 /// \code
 /// struct Song { std::string title{}; std::optional<std::uint64_t> seconds{}; std::vector<std::string> tags{}; };
 ///
@@ -18,7 +18,7 @@
 ///     return plan;
 /// }
 /// \endcode
-/// With that, `JSONDecoder().decode<Song>(data)` and `Resource<Song>` work; so does `std::vector<Song>`.
+/// `JSONDecoder().decode<Song>(data)` and `Resource<Song>` then work, and so does `std::vector<Song>`.
 
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/json/FieldAccess.h>
@@ -33,7 +33,7 @@
 
 namespace VanticRestKit::mapping {
 
-/// Rows of a table: one, or an object with the rows inside it.
+/// Rows of a table: a single row, or an object row followed by the rows inside it.
 template <std::size_t N>
 using Rows = std::array<Row, N>;
 
@@ -55,7 +55,7 @@ constexpr Row valueRow(Presence presence, std::string_view key) {
     return row;
 }
 
-// The entity is a template argument of both for the same reason as in `offsetOf`.
+// The entity is a template argument of these two for the same reason as in `offsetOf`.
 template <class E, class Field, auto Default>
 void setTo(void* field) {
     *static_cast<Field*>(field) = Default;
@@ -72,8 +72,8 @@ constexpr Row* copied(const Rows<N>& rows, Row* to) {
     return to;
 }
 
-// Without a lambda: GCC and Clang lay out its captures differently, yet a host built by one and the static library
-// built by the other would share its code.
+// No lambda here: GCC and Clang lay out captures differently, and a host built with one and a static library built with
+// the other would share the code.
 template <std::size_t... Ns>
 constexpr auto joined(const Rows<Ns>&... rows) {
     Rows<(Ns + ... + 0)> all{};
@@ -82,11 +82,11 @@ constexpr auto joined(const Rows<Ns>&... rows) {
     return all;
 }
 
-// Not constexpr: a table whose rows call one of these is refused, and the compiler names it.
+// Deliberately not constexpr: calling one of these makes a bad table a compile error that shows the function's name.
 void twoRowsOfOneObjectHaveTheSameKey();
 void anObjectHasMoreRowsThanATableCanHold();
 
-/// Sees to it that the rows of each object are few enough and have keys that differ.
+/// Checks that each object has at most `maxRows` rows, all with different keys.
 consteval void checkRows(const Row* rows, std::size_t count) {
     std::size_t keys = 0;
     for (std::size_t at = 0; at < count; at += 1 + rows[at].inner) {
@@ -112,32 +112,32 @@ constexpr auto objectRow(Presence presence, std::string_view key, const Rows<Ns>
 
 }  // namespace detail
 
-/// Absent, null or a wrong type fails the entity.
+/// Absent, null or a wrong type makes the entity fail.
 template <auto Member, auto Reader = nullptr>
 constexpr Rows<1> required(std::string_view key) {
     return {detail::valueRow<Member, Reader>(Presence::required, key)};
 }
 
-/// Absent or null leaves the field empty; a wrong type fails the entity.
+/// Absent or null leaves the field empty; a wrong type makes the entity fail.
 template <auto Member, auto Reader = nullptr>
 constexpr Rows<1> optional(std::string_view key) {
     static_assert(isOptional<MemberType<Member>>, "an optional row fills a std::optional; see defaulted");
     return {detail::valueRow<Member, Reader>(Presence::optional, key)};
 }
 
-/// Absent or null leaves the default; a wrong type fails the entity.
+/// Absent or null leaves the default; a wrong type makes the entity fail.
 template <auto Member, auto Reader = nullptr>
 constexpr Rows<1> defaulted(std::string_view key) {
     return {detail::valueRow<Member, Reader>(Presence::defaulted, key)};
 }
 
-/// Whatever is wrong is swallowed, and the field keeps what a new entity has, such as empty, false, [] or 0.
+/// Every fault is ignored; the field then has the value of a new entity, such as empty, false, [] or 0.
 template <auto Member, auto Reader = nullptr>
 constexpr Rows<1> lenient(std::string_view key) {
     return {detail::valueRow<Member, Reader>(Presence::lenient, key)};
 }
 
-/// Whatever is wrong is swallowed, and the field gets `Default`.
+/// Every fault is ignored; the field is then set to `Default`.
 template <auto Member, auto Default, auto Reader = nullptr>
 constexpr Rows<1> lenientOr(std::string_view key) {
     Row row = detail::valueRow<Member, Reader>(Presence::lenient, key);
@@ -145,20 +145,20 @@ constexpr Rows<1> lenientOr(std::string_view key) {
     return {row};
 }
 
-/// A nested object whose rows fill the same entity. That it cannot be opened fails the entity.
+/// A nested object whose rows fill the same entity. If it is absent, null or not an object, the entity fails.
 template <std::size_t... Ns>
 constexpr auto requiredObject(std::string_view key, const Rows<Ns>&... rows) {
     return detail::objectRow(Presence::required, key, rows...);
 }
 
-/// A nested object whose rows fill the same entity. That it cannot be opened leaves their defaults; a required
-/// row inside an object that opens still fails the entity.
+/// A nested object whose rows fill the same entity. If it is absent, null or not an object, its fields keep their
+/// defaults; if it is an object, its required rows still apply.
 template <std::size_t... Ns>
 constexpr auto lenientObject(std::string_view key, const Rows<Ns>&... rows) {
     return detail::objectRow(Presence::lenient, key, rows...);
 }
 
-/// Reads `key` leniently into the field; then `Derive(entity)` runs for every decoded entity, after all rows.
+/// Reads `key` leniently into the field; `Derive(entity)` then runs after all rows of the entity.
 template <auto Member, auto Derive>
 constexpr Rows<1> derived(std::string_view key) {
     Row row = detail::valueRow<Member, nullptr>(Presence::lenient, key);
@@ -166,7 +166,7 @@ constexpr Rows<1> derived(std::string_view key) {
     return {row};
 }
 
-/// A field without a key: `Derive(entity)` sets it, after all rows.
+/// A field without a key: `Derive(entity)` sets it after all rows.
 template <auto Member, auto Derive>
 constexpr Rows<1> derived() {
     Row row = detail::valueRow<Member, nullptr>(Presence::lenient, {});
@@ -175,7 +175,7 @@ constexpr Rows<1> derived() {
     return {row};
 }
 
-/// A stored field without a key that is set where the entity is made otherwise: for looking at values only.
+/// A stored field without a key, set by code that constructs the entity. Used only to print values.
 template <auto Member, auto Reader = nullptr>
 constexpr Rows<1> computed() {
     Row row = detail::valueRow<Member, Reader>(Presence::lenient, {});
@@ -183,8 +183,8 @@ constexpr Rows<1> computed() {
     return {row};
 }
 
-/// The key "_entity", where it is a text, must name the entity, whatever its case; else `E::DecodingError` is
-/// raised with the text as it came.
+/// If the value of "_entity" is a string, it must be the name of the entity, ignoring case; otherwise decoding fails
+/// with an `E::DecodingError` that holds the string as received.
 template <class E>
 constexpr Rows<1> entity(std::string_view name) {
     Row row;
@@ -198,7 +198,7 @@ constexpr Rows<1> entity(std::string_view name) {
     return {row};
 }
 
-/// A key that is declared and read by nobody.
+/// A key that is declared and ignored.
 constexpr Rows<1> unread(std::string_view key) {
     Row row;
     row.role = RowRole::unread;
@@ -207,13 +207,13 @@ constexpr Rows<1> unread(std::string_view key) {
     return {row};
 }
 
-/// The rows of an entity, checked by the compiler; `planOf` makes its plan of them.
+/// The rows of an entity, checked at compile time; `planOf` makes its plan from them.
 template <class E, std::size_t N>
 class Table {
 public:
     consteval explicit Table(const Rows<N>& rows) : rows_(rows) { detail::checkRows(rows_.data(), N); }
 
-    /// Makes the plan anew each time: for the static reference of `planOf` only.
+    /// Makes a new plan on each call: only for the static reference in `planOf`.
     operator const TypePlan&() const {
         return makeObjectPlan(typeName<E>(), rows_, new E(detail::fresh<E>()));
     }
@@ -228,13 +228,13 @@ consteval auto object(const Rows<Ns>&... rows) {
     return Table<E, (Ns + ... + 0)>(detail::joined(rows...));
 }
 
-/// The table of a type that any JSON object decodes into.
+/// The table of a type without rows: any JSON object decodes as it.
 template <class E>
 const TypePlan& object() {
     return makeObjectPlan(typeName<E>(), {}, new E(detail::fresh<E>()));
 }
 
-/// Reader: a text that must be the raw text of a case.
+/// Reader: a string that must be the raw text of a case.
 template <RawEnumeration E>
 bool fromRaw(std::string_view text, E& value) {
     const std::optional<E> found = fromRawValue<E>(text);
@@ -242,17 +242,17 @@ bool fromRaw(std::string_view text, E& value) {
     return found.has_value();
 }
 
-/// Reader: a text that may be the raw text of a case; any other text gives `Fallback`.
+/// Reader: a string that may be the raw text of a case; any other string gives `Fallback`.
 template <auto Fallback>
 bool fromRawOr(std::string_view text, decltype(Fallback)& value) {
     value = fromRawValue<decltype(Fallback)>(text).value_or(Fallback);
     return true;
 }
 
-/// Reader: a text of the form "yyyy-MM-dd HH:mm:ss", in the device's time zone.
+/// Reader: a string of the form "yyyy-MM-dd HH:mm:ss", in the device's time zone.
 VRK_EXPORT bool deviceDate(std::string_view text, Date& value);
 
-/// Reader: an unsigned whole number, kept as its decimal text, or a text.
+/// Reader: a string, or an unsigned integer that is stored as its decimal text.
 inline constexpr DecimalOrText decimalOrText{};
 
 /// Reader: a list that keeps the elements that decode and drops the others.

@@ -15,18 +15,18 @@ namespace {
 
 using namespace mapping;  // the plans
 
-/// "2020-01-02T03:04:05.25Z", or the seconds since 1970 where the year has not four digits.
+/// "2020-01-02T03:04:05.25Z", or the seconds since 1970 if the year does not have four digits.
 std::string dateText(Date date) {
     const double seconds = date.time_since_epoch().count();
     constexpr double firstYear = -62135596800;  // 0001-01-01
     constexpr double lastYear = 253402300800;   // 10000-01-01
     if (!(seconds >= firstYear && seconds < lastYear)) return numberText(seconds);
 
-    // Whole seconds and millionths apart: their sum has more digits than a double holds.
+    // Whole seconds and microseconds are handled separately: together they have more digits than a double holds.
     double whole = std::floor(seconds);
-    auto millionths = static_cast<long>(std::lround((seconds - whole) * 1e6));
-    if (millionths == 1'000'000) {
-        millionths = 0;
+    auto microseconds = static_cast<long>(std::lround((seconds - whole) * 1e6));
+    if (microseconds == 1'000'000) {
+        microseconds = 0;
         whole += 1;
         if (whole >= lastYear) return numberText(seconds);
     }
@@ -40,8 +40,8 @@ std::string dateText(Date date) {
                   static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
                   static_cast<int>(clock.seconds().count()));
     std::string result = text;
-    if (millionths != 0) {
-        std::snprintf(text, sizeof text, ".%06ld", millionths);
+    if (microseconds != 0) {
+        std::snprintf(text, sizeof text, ".%06ld", microseconds);
         std::string fraction = text;
         fraction.erase(fraction.find_last_not_of('0') + 1);
         result += fraction;
@@ -57,7 +57,7 @@ std::string plainText(const AnyValue& value) {
     return "null";
 }
 
-/// Appends a character that cannot stand in a JSON string as it is.
+/// Appends a character that must be escaped in a JSON string.
 void appendEscaped(std::string& quoted, char c) {
     switch (c) {
         case '"': quoted += "\\\""; return;
@@ -72,7 +72,7 @@ void appendEscaped(std::string& quoted, char c) {
     quoted += escape;
 }
 
-/// Appends a text as a JSON string, what needs no escape at one go.
+/// Appends a JSON string, copying runs that need no escape in one call.
 void appendQuoted(std::string& quoted, std::string_view text) {
     quoted += '"';
     std::size_t plain = 0;
@@ -87,7 +87,7 @@ void appendQuoted(std::string& quoted, std::string_view text) {
     quoted += '"';
 }
 
-/// Writes values one inside the other. Values lie no deeper than documents do.
+/// Writes values recursively. The depth is bounded by the depth limit of documents.
 class Writer {
 public:
     explicit Writer(ValueLayout layout) : indented_(layout == ValueLayout::indented) {}
@@ -183,9 +183,9 @@ private:
         line();
     }
 
-    void close(char bracket, bool holdsSome) {
+    void close(char bracket, bool hasElements) {
         --depth_;
-        if (holdsSome) line();
+        if (hasElements) line();
         text_ += bracket;
         isFirst_ = false;
     }
@@ -218,7 +218,7 @@ std::string quotedText(std::string_view text) {
 
 std::string numberText(double number) {
     char text[512];
-    // A whole number is written out, as long as every digit of it is known.
+    // An integer is written in full if all its digits are exact.
     const bool isWhole = number == std::trunc(number) && std::abs(number) < 1e17;
     const auto [end, fault] =
         isWhole ? std::to_chars(text, text + sizeof text, number, std::chars_format::fixed, 0)

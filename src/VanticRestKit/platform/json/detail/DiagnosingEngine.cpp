@@ -14,9 +14,9 @@ using Kind = DecodingError::Kind;
 
 namespace {
 
-/// What an object must have to be opened.
+/// What is expected of an object that cannot be opened because of a key.
 constexpr std::string_view readableKeys = "readable keys";
-/// What a document's value must be.
+/// What is expected of a value that exceeds the budget.
 constexpr std::string_view withinBudget = "a value within the memory budget";
 
 }  // namespace
@@ -37,19 +37,19 @@ Diagnosis DiagnosingEngine::run(const TypePlan& plan, void* value) {
 }
 
 bool DiagnosingEngine::root(const TypePlan& type, void* target) {
-    if (!index_.isSound()) return fail(Kind::dataCorrupted, "JSON", "a broken document", Presence::required);
+    if (!index_.isValid()) return fail(Kind::dataCorrupted, "JSON", "a broken document", Presence::required);
     const bool decoded = value(type, target, index_.root(), false, Presence::required);
     if (!memory_.wasRefused() && !(decoded && memory_.isExceeded())) return decoded;
     path_.clear();
     return fail(Kind::dataCorrupted, withinBudget, "a larger one", Presence::required);
 }
 
-// A value whose place is open. `isNamed`: it lies under a key, and not at the root or in an array.
+// Decodes a value into `target`. `isNamed`: the value belongs to a key, and is not the root or an array element.
 bool DiagnosingEngine::value(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence) {
     if (type.kind == ValueKind::object && *at.at == '{') return entity(*type.object, target, at, presence);
     if (type.kind == ValueKind::list && *at.at == '[') return list(*type.list, target, at);
     if (type.wrapped != nullptr) return wrapped(type, target, at, isNamed, presence);
-    return heldValue(type, target, at, isNamed, presence);
+    return leafValue(type, target, at, isNamed, presence);
 }
 
 bool DiagnosingEngine::wrapped(const TypePlan& type, void* target, Place at, bool isNamed,
@@ -60,13 +60,13 @@ bool DiagnosingEngine::wrapped(const TypePlan& type, void* target, Place at, boo
     if (type.kind != ValueKind::attempted || memory_.wasRefused()) return false;
     type.forget(target);
     memory_.giveBack(memoryBefore);
-    swallow("empty");
+    ignoreFault("empty");
     return true;
 }
 
-// A value that leads no deeper. All that does not is kept apart: each level of a document costs the stack the frames
-// of the functions on the way, and those are the smaller for it.
-[[gnu::noinline]] bool DiagnosingEngine::heldValue(const TypePlan& type, void* target, Place at, bool isNamed,
+// Decodes a value that needs no further recursion. This and the other functions that do not recurse are not inlined,
+// which keeps the stack frames of the recursive functions small.
+[[gnu::noinline]] bool DiagnosingEngine::leafValue(const TypePlan& type, void* target, Place at, bool isNamed,
                                                    Presence presence) {
     const char* const end = document_.data() + document_.size();
     if (type.kind == ValueKind::dictionary && *at.at == '{') {
@@ -91,7 +91,7 @@ bool DiagnosingEngine::wrapped(const TypePlan& type, void* target, Place at, boo
         enter(member.key);
         fail(Kind::dataCorrupted, *member.at == '"' ? "String" : "Int or Double", foundAt(member.at),
              Presence::lenient);
-        swallow("dropped");
+        ignoreFault("dropped");
         path_.pop_back();
     }
     return true;
@@ -108,7 +108,7 @@ bool DiagnosingEngine::entity(const ObjectPlan& plan, void* target, Place at, Pr
     return isGood;
 }
 
-// A field that is derived may hold something else now than what it was reset to.
+// A derivation may have changed a field after it was reset, so report the value that it holds now.
 [[gnu::noinline]] void DiagnosingEngine::derive(const ObjectPlan& plan, void* target,
                                                 std::size_t resetsBefore) {
     if (plan.derivations.empty()) return;
@@ -118,7 +118,7 @@ bool DiagnosingEngine::entity(const ObjectPlan& plan, void* target, Place at, Pr
     }
 }
 
-// Finds the value of each row, and sees to it that every key of the object can be read.
+// Finds the value of each row, and fails if any key of the object cannot be read.
 [[gnu::noinline]] bool DiagnosingEngine::open(const ObjectPlan& plan, Place at, Presence presence,
                                               std::vector<Place>& found) {
     found.assign(plan.fields.size(), Place{});
@@ -130,7 +130,7 @@ bool DiagnosingEngine::entity(const ObjectPlan& plan, void* target, Place at, Pr
         const std::optional<std::string_view> key = unescape(token, scratch);
         if (!key) return fail(Kind::dataCorrupted, readableKeys, "object", presence);
         const std::uint8_t place = plan.keys.find(*key);
-        // The first of two equal keys counts.
+        // The first of several equal keys is used.
         if (place != KeyTable::none && found[place].at == nullptr) found[place] = member.value;
     }
     return true;
@@ -169,10 +169,10 @@ bool DiagnosingEngine::row(const FieldPlan& field, const ObjectPlan& entity, voi
 [[gnu::noinline]] bool DiagnosingEngine::entityCheck(const ObjectPlan& entity, Place at) {
     ValueReader reader(at.at, document_.data() + document_.size(), memory_);
     std::string_view name;
-    bool mayReadOn = false;
-    if (reader.readText(name, mayReadOn) != Fit::fits) {
+    bool isPlain = false;
+    if (reader.readText(name, isPlain) != Fit::fits) {
         fail(Kind::typeMismatch, "String", foundAt(at.at), Presence::lenient);
-        swallow("no check");
+        ignoreFault("no check");
         return true;
     }
     if (VanticRestKit::detail::equalsLowercased(name, entity.entityName)) return true;
@@ -183,7 +183,7 @@ bool DiagnosingEngine::row(const FieldPlan& field, const ObjectPlan& entity, voi
     return false;
 }
 
-// That the object cannot be opened may be swallowed; what a row inside it fails with is not.
+// A lenient row ignores an object that cannot be opened, but not a failure of a row inside it.
 bool DiagnosingEngine::innerRow(const FieldPlan& field, const ObjectPlan& entity, void* target, Place at) {
     std::vector<Place> found;
     const TypePlan object{.kind = ValueKind::object, .name = "Object"};
@@ -191,7 +191,7 @@ bool DiagnosingEngine::innerRow(const FieldPlan& field, const ObjectPlan& entity
                                       : failUnfit(object, at, true, field.presence);
     if (isOpen) return rows(*field.inner, entity, target, found);
     if (field.presence != Presence::lenient) return false;
-    swallow("empty");
+    ignoreFault("empty");
     return true;
 }
 
@@ -200,14 +200,14 @@ bool DiagnosingEngine::valueRow(const FieldPlan& field, void* target, Place at) 
     const std::uint64_t memoryBefore = memory_.used();
     if (valueInto(field, place, at)) return true;
     if (field.presence != Presence::lenient || memory_.wasRefused()) return false;
-    swallowInto(field, place);
+    ignoreFieldFault(field, place);
     memory_.giveBack(memoryBefore);
     return true;
 }
 
-[[gnu::noinline]] void DiagnosingEngine::swallowInto(const FieldPlan& field, void* place) {
+[[gnu::noinline]] void DiagnosingEngine::ignoreFieldFault(const FieldPlan& field, void* place) {
     resetField(field, place);
-    swallow(heldBy(field, place));
+    ignoreFault(heldBy(field, place));
     if (report_ == Report::everything) resets_.push_back({faults_.size() - 1, &field, place});
 }
 
@@ -232,7 +232,7 @@ bool DiagnosingEngine::list(const ListPlan& plan, void* target, Place at) {
         const bool isGood =
             this->element(plan, target, element, static_cast<std::size_t>(element.at - at.at));
         const bool isDropped = !isGood && plan.tolerant && !memory_.wasRefused();
-        if (isDropped) swallow("dropped");
+        if (isDropped) ignoreFault("dropped");
         path_.pop_back();
         if (!isGood && !isDropped) return false;
     }
@@ -242,7 +242,7 @@ bool DiagnosingEngine::list(const ListPlan& plan, void* target, Place at) {
 bool DiagnosingEngine::element(const ListPlan& plan, void* target, Place at, std::size_t bytesRead) {
     const TypePlan& type = plan.element();
     if (type.kind == ValueKind::choice) return choiceInto(*type.choice, target, at);
-    // A list does not grow for what cannot be opened.
+    // Check first, so that the list does not grow for a value of the wrong type.
     const bool opens =
         type.kind == ValueKind::object ? *at.at == '{' : type.kind != ValueKind::list || *at.at == '[';
     if (!opens) return failUnfit(type, at, false, Presence::required);
@@ -255,7 +255,7 @@ bool DiagnosingEngine::element(const ListPlan& plan, void* target, Place at, std
     return false;
 }
 
-// Estimates what is left of the list as the fast engine does, so that both use the same memory.
+// Estimates the rest of the list like the fast engine, so that both count the same memory.
 [[gnu::noinline]] void* DiagnosingEngine::appended(const ListPlan& plan, void* list, Place at,
                                                    std::size_t bytesRead) {
     const std::size_t bytesLeft =
@@ -275,7 +275,7 @@ bool DiagnosingEngine::choice(const ChoicePlan& plan, Place at, const Candidate*
     return failChoice(plan, at);
 }
 
-// Tries one candidate. What has failed leaves nothing.
+// Tries one candidate. A failed one leaves no faults and no memory in use.
 bool DiagnosingEngine::candidate(const ChoicePlan& plan, std::size_t place, Place at, void*& made) {
     const Candidate& type = plan.candidates[place];
     const std::size_t faultsBefore = faults_.size();
@@ -304,7 +304,7 @@ bool DiagnosingEngine::candidate(const ChoicePlan& plan, std::size_t place, Plac
 [[gnu::noinline]] bool DiagnosingEngine::fail(Kind kind, std::string_view expected, std::string_view found,
                                               Presence presence) {
     failing_ = {kind, path_, presence, std::string(expected), std::string(found), std::nullopt};
-    // A type inside another is "Outer.Inner" to whoever reads this, as in the texts of the errors.
+    // Nested types are shown as "Outer.Inner", as in the texts of the errors.
     std::string& name = failing_.expected;
     for (auto at = name.find("::"); at != std::string::npos; at = name.find("::", at))
         name.replace(at, 2, ".");
@@ -315,12 +315,12 @@ bool DiagnosingEngine::candidate(const ChoicePlan& plan, std::size_t place, Plac
                                                    Presence presence) {
     const std::string_view found = foundAt(at.at);
     Kind kind = found == jsonTypeOf(type.kind) ? Kind::dataCorrupted : Kind::typeMismatch;
-    // A null that no key names and that should be an object is one more value of another type.
+    // Null in place of an object is a `typeMismatch` at the root and in arrays, and `valueNotFound` under a key.
     if (found == "null" && (isNamed || !isObject(type.kind))) kind = Kind::valueNotFound;
     return fail(kind, kind == Kind::typeMismatch ? expectedType(type) : type.name, found, presence);
 }
 
-[[gnu::noinline]] void DiagnosingEngine::swallow(std::string_view became) {
+[[gnu::noinline]] void DiagnosingEngine::ignoreFault(std::string_view became) {
     report(std::string(became), Presence::lenient);
 }
 
@@ -341,7 +341,7 @@ Error DiagnosingEngine::error() const {
             text = "Expected " + failing_.expected + " but found " + failing_.found + " instead.";
             break;
         case Kind::dataCorrupted:
-            if (!index_.isSound()) {
+            if (!index_.isValid()) {
                 text = "The document is not valid JSON.";
             } else if (failing_.expected == withinBudget) {
                 text = "The value takes more than the decoder's memory budget of " +

@@ -1,7 +1,7 @@
 #pragma once
 
-// The diagnosing engine: walks the rows of a table in decode order over an index of the document, so that the
-// error that wins, its kind and its path are those of the order of decoding and never of the document.
+// The diagnosing engine: visits the rows of a table in decode order, using an index of the document, so that the first
+// error is the first in decode order, whatever the order of the document.
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/json/detail/DocumentIndex.h>
@@ -24,27 +24,27 @@ class DiagnosingEngine {
 public:
     enum class Report { error, everything };
 
-    /// `memoryLimit` is the budget of what it makes, in bytes.
+    /// `memoryLimit` is the memory budget in bytes.
     DiagnosingEngine(const Data& document, Report report, std::uint64_t memoryLimit);
 
-    /// Decodes into `value`, which is fresh.
+    /// Decodes into `value`, which must be newly made.
     Diagnosis run(const TypePlan& plan, void* value);
 
-    /// What the value holds, as the budget counts it.
+    /// The memory that the value holds, as counted by the budget.
     std::uint64_t memoryUsed() const noexcept { return memory_.used(); }
 
 private:
-    /// Why a value did not decode.
+    /// Why a value failed to decode.
     struct Failing {
         DecodingError::Kind kind{};
         CodingPath path;
         Presence presence = Presence::required;
         std::string expected;
         std::string found;
-        std::optional<Error> mismatch;  // of an entity of another kind
+        std::optional<Error> mismatch;  // if the object names a different entity
     };
 
-    /// A field that was put back to its default, and the fault that told of it.
+    /// A field that was reset to its default, and the index of the fault that reported it.
     struct Reset {
         std::size_t fault;
         const FieldPlan* field;
@@ -54,7 +54,7 @@ private:
     bool root(const TypePlan& type, void* target);
     bool value(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence);
     bool wrapped(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence);
-    bool heldValue(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence);
+    bool leafValue(const TypePlan& type, void* target, Place at, bool isNamed, Presence presence);
     bool dictionary(Dictionary& values, Place at, Presence presence);
     bool entity(const ObjectPlan& plan, void* target, Place at, Presence presence);
     void derive(const ObjectPlan& plan, void* target, std::size_t resetsBefore);
@@ -78,8 +78,8 @@ private:
     bool fail(DecodingError::Kind kind, std::string_view expected, std::string_view found, Presence presence);
     bool failUnfit(const TypePlan& type, Place at, bool isNamed, Presence presence);
     void enter(std::string_view key);
-    void swallowInto(const FieldPlan& field, void* place);
-    void swallow(std::string_view became);
+    void ignoreFieldFault(const FieldPlan& field, void* place);
+    void ignoreFault(std::string_view became);
     void report(std::string became, Presence presence);
     Error error() const;
 
@@ -89,9 +89,9 @@ private:
     MemoryBudget memory_;
     FailedCandidates failedCandidates_;
     CodingPath path_;
-    Failing failing_;  // the latest; only what was not swallowed counts
+    Failing failing_;  // the latest failure; meaningful only if it was not ignored
     std::vector<Fault> faults_;
-    std::vector<Reset> resets_;  // of the entities that are open
+    std::vector<Reset> resets_;  // of the entities that are being decoded
 };
 
 }  // namespace VanticRestKit::json

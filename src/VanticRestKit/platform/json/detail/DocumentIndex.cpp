@@ -4,7 +4,7 @@
 
 namespace VanticRestKit::json {
 
-/// Notes the end of each bracket while a document is walked.
+/// Records the end of each bracket while `Skipper` walks the document.
 struct DocumentIndex::Recorder {
     std::vector<Bracket>* brackets;
     std::vector<std::size_t>* open;
@@ -13,8 +13,8 @@ struct DocumentIndex::Recorder {
         open->push_back(brackets->size());
         brackets->emplace_back();
     }
-    void closed(const char* behind) const {
-        (*brackets)[open->back()] = {behind, brackets->size()};
+    void closed(const char* end) const {
+        (*brackets)[open->back()] = {end, brackets->size()};
         open->pop_back();
     }
 };
@@ -22,11 +22,11 @@ struct DocumentIndex::Recorder {
 DocumentIndex::DocumentIndex(const Data& document)
     : end_(document.data() + document.size()), root_(documentStart(document.data(), end_)) {
     std::vector<std::size_t> open;
-    const char* const behind = Skipper<Recorder>(root_, end_, 0, {&brackets_, &open}).run();
-    isSound_ = behind != nullptr && skipSpace(behind) == end_;
+    const char* const end = Skipper<Recorder>(root_, end_, 0, {&brackets_, &open}).run();
+    isValid_ = end != nullptr && skipSpace(end) == end_;
 }
 
-Place DocumentIndex::behind(Place place) const noexcept {
+Place DocumentIndex::after(Place place) const noexcept {
     if (*place.at == '{' || *place.at == '[') {
         const Bracket& bracket = brackets_[place.bracket];
         return {bracket.end, bracket.next};
@@ -47,7 +47,7 @@ bool DocumentIndex::first(Place bracket, Member& member) const noexcept {
 }
 
 bool DocumentIndex::next(Member& member) const noexcept {
-    Place place = behind(member.value);
+    Place place = after(member.value);
     place.at = skipSpace(place.at);
     if (*place.at != ',') return false;
     place.at = skipSpace(place.at + 1);
@@ -60,7 +60,7 @@ bool DocumentIndex::first(Place bracket, Place& element) const noexcept {
 }
 
 bool DocumentIndex::next(Place& element) const noexcept {
-    element = behind(element);
+    element = after(element);
     element.at = skipSpace(element.at);
     if (*element.at != ',') return false;
     element.at = skipSpace(element.at + 1);

@@ -7,43 +7,43 @@
 
 namespace VanticRestKit::json {
 
-/// A place in a document: the first byte of a value, and which array or object, in the order of their opening
-/// brackets, is the next one from there on.
+/// A position in a document: the first byte of a value, and the index of the first array or object that opens at or
+/// after it, counted in the order of opening brackets.
 struct Place {
     const char* at = nullptr;
     std::size_t bracket = 0;
 };
 
-/// Where the arrays and objects of a document end, so that any of them can be stepped over at once. Sixteen bytes
-/// for each, and none for the values inside: a document of 100 MB needs no more memory than it must.
+/// Records where the arrays and objects of a document end, so that each can be skipped in one step. It takes sixteen
+/// bytes for each of them and none for other values, which keeps it small for a document of 100 MB.
 class DocumentIndex {
 public:
     explicit DocumentIndex(const Data& document);
 
-    /// Whether the structure of the whole document is sound.
-    bool isSound() const noexcept { return isSound_; }
-    /// The document's value. Only where the structure is sound.
+    /// Whether the structure of the whole document is valid.
+    bool isValid() const noexcept { return isValid_; }
+    /// The document's value. Call only if the structure is valid.
     Place root() const noexcept { return {root_, 0}; }
 
-    /// Behind the value at `place`.
-    Place behind(Place place) const noexcept;
+    /// The position after the value at `place`.
+    Place after(Place place) const noexcept;
 
     /// The key of an object's member and its value.
     struct Member {
         const char* key = nullptr;  // its opening quote
         Place value;
     };
-    /// Moves to the first member or element behind the bracket at `place`; false where there is none.
+    /// Moves to the first member or element after the opening bracket; false if there is none.
     bool first(Place bracket, Member& member) const noexcept;
     bool first(Place bracket, Place& element) const noexcept;
-    /// Moves to the member or element behind; false where there is none.
+    /// Moves to the next member or element; false if there is none.
     bool next(Member& member) const noexcept;
     bool next(Place& element) const noexcept;
 
 private:
     struct Bracket {
-        const char* end = nullptr;  // behind the closing bracket
-        std::size_t next = 0;       // the first bracket that opens behind it
+        const char* end = nullptr;  // after the closing bracket
+        std::size_t next = 0;       // the index of the first bracket that opens after it
     };
     struct Recorder;
 
@@ -52,7 +52,7 @@ private:
     std::vector<Bracket> brackets_;
     const char* end_;
     const char* root_;
-    bool isSound_ = false;
+    bool isValid_ = false;
 };
 
 }  // namespace VanticRestKit::json

@@ -6,7 +6,7 @@ namespace VanticRestKit::json {
 
 namespace {
 
-/// The text of a string token; empty where it cannot be read.
+/// The text of a string token; empty if it cannot be read.
 std::optional<std::string_view> textOf(const StringToken& token, std::string& scratch) {
     if (token.close == nullptr) return std::nullopt;
     if (token.isPlain)

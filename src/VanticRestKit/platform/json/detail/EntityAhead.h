@@ -7,9 +7,9 @@
 
 namespace VanticRestKit::json {
 
-/// The text under "_entity" of the object whose opening bracket is at `at`, wherever in the object it stands.
-/// Empty where there is none or no text, and where the object is broken in front of it. The view is of the
-/// document or of `scratch`. `depth` is how deep `at` lies already.
+/// The string value of the key "_entity" of the object whose opening bracket is at `at`, wherever the key is in the
+/// object. Empty if there is none, if it is not a string, or if the object is malformed before it. The view refers to
+/// the document or to `scratch`. `depth` is the nesting depth of `at`.
 std::optional<std::string_view> entityAhead(const char* at, const char* end, std::size_t depth,
                                             std::string& scratch);
 

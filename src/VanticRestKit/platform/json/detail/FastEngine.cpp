@@ -14,22 +14,22 @@ FastEngine::FastEngine(const Data& document, std::uint64_t memoryLimit)
                   document.data() + document.size(), memory_),
       document_(document),
       memory_(memoryLimit),
-      successors_(successorMemory(), 0) {}
+      successors_(successorCount(), 0) {}
 
 FastEngine::~FastEngine() {
-    // What a broken document leaves half done.
+    // Frees the candidates that a malformed document leaves unfinished.
     for (std::size_t i = 0; i < depth_; ++i) {
         const Frame& frame = frames_[i];
         if (frame.choice != nullptr) frame.choice->candidates[frame.candidate].drop(frame.target);
     }
 }
 
-// The frames move to where there is room for as many as a document may need.
-void FastEngine::makeRoom() {
-    manyFrames_.reset(new Frame[deepest]);
-    std::copy(usualFrames_, usualFrames_ + usualDepth, manyFrames_.get());
-    frames_ = manyFrames_.get();
-    room_ = deepest;
+// Moves the frames to a heap array that is large enough for the maxDepth document.
+void FastEngine::useHeapFrames() {
+    heapFrames_.reset(new Frame[maxDepth]);
+    std::copy(inlineFrames_, inlineFrames_ + inlineDepth, heapFrames_.get());
+    frames_ = heapFrames_.get();
+    capacity_ = maxDepth;
 }
 
 bool FastEngine::decode(const TypePlan& plan, void* value) {
@@ -43,11 +43,11 @@ bool FastEngine::root(const TypePlan& plan, void* value) {
         case ValueKind::attempted: return wrapped(plan, value, nullptr);
         case ValueKind::object: return *at_ == '{' && open(plan, value, nullptr);
         case ValueKind::list: return *at_ == '[' && open(plan, value, nullptr);
-        default: rootDecoded_ = held(plan, value, nullptr) == Fit::fits; return rootDecoded_;
+        default: rootDecoded_ = leaf(plan, value, nullptr) == Fit::fits; return rootDecoded_;
     }
 }
 
-// Reads on in an array until an element opens or it ends. `top` is gone once a frame was pushed.
+// Reads an array until an element opens a frame or the array ends. `top` is invalid after a frame was pushed.
 bool FastEngine::listStep(Frame& top) {
     const std::size_t depth = depth_;
     for (;;) {
@@ -72,9 +72,9 @@ bool FastEngine::listStep(Frame& top) {
     }
 }
 
-// Where the element ahead is to lie, or null if the budget does not allow it.
+// Appends an element and returns its address, or null if the budget does not allow it.
 void* FastEngine::appended(const Frame& top) {
-    // What is left of the document tells something about a list at its top, and nothing about the others.
+    // The remaining size of the document predicts the length of a list near the root, but not of others.
     const auto bytesLeft = depth_ <= 2 ? static_cast<std::size_t>(end_ - at_) : 0;
     return top.list->append(top.target, static_cast<std::size_t>(at_ - top.start), bytesLeft, memory_);
 }
@@ -84,7 +84,7 @@ bool FastEngine::element(Frame& top) {
     if (type.kind == ValueKind::text && *at_ == '"') {
         const StringToken token = scanString(at_, end_);
         if (token.isPlain) {
-            // Made at its size and moved: an assignment would first reckon with what the text held before.
+            // Constructed at its size and moved in: assigning the characters would first check the old contents.
             void* const place = appended(top);
             if (place == nullptr) return false;
             const auto size = static_cast<std::size_t>(token.close - token.inside);
@@ -108,7 +108,7 @@ bool FastEngine::element(Frame& top) {
         void* const place = appended(top);
         if (place == nullptr) return false;
         if (opens) return open(type, place, nullptr);
-        const Fit fit = held(type, place, nullptr);
+        const Fit fit = leaf(type, place, nullptr);
         if (fit == Fit::fits) return true;
         top.list->removeLast(top.target);
         if (fit == Fit::broken) return false;
@@ -117,8 +117,7 @@ bool FastEngine::element(Frame& top) {
     return skip();
 }
 
-// A value under wrappers. What fails under an attempt leaves an absent value, and only the innermost attempt can be
-// left so.
+// Reads a value inside wrappers. A failure inside an attempt makes the innermost attempt empty.
 bool FastEngine::wrapped(const TypePlan& type, void* place, const FieldPlan* field) {
     const TypePlan* inner = &type;
     Attempt attempt{};
@@ -139,15 +138,15 @@ bool FastEngine::wrapped(const TypePlan& type, void* place, const FieldPlan* fie
         }
         return true;
     }
-    const Fit fit = held(*inner, place, nullptr);
+    const Fit fit = leaf(*inner, place, nullptr);
     if (fit == Fit::broken) return false;
     if (fit == Fit::unfit && attempt.type != nullptr) attempt.type->forget(attempt.place);
     deliver(field, true, fit == Fit::unfit && attempt.type == nullptr);
     return fit == Fit::fits || skip();
 }
 
-// A value that holds no others, or one whose inside nobody looks at.
-Fit FastEngine::held(const TypePlan& type, void* place, const FieldOps* optional) {
+// Reads a value that contains no others, or one whose contents are skipped.
+Fit FastEngine::leaf(const TypePlan& type, void* place, const FieldOps* optional) {
     const bool isSkipped = type.kind == ValueKind::anything || type.kind == ValueKind::verbatim ||
                            (type.kind == ValueKind::dictionary && *at_ == '{');
     if (!isSkipped) return plain(type, place, optional);
@@ -159,7 +158,7 @@ Fit FastEngine::held(const TypePlan& type, void* place, const FieldOps* optional
     return Fit::fits;
 }
 
-// The free-form object that begins at `start` and was stepped over.
+// Reads the free-form object that begins at `start` and has already been skipped.
 Fit FastEngine::dictionary(const char* start, void* value) {
     auto& values = *static_cast<Dictionary*>(value);
     values.clear();
@@ -173,9 +172,9 @@ Fit FastEngine::dictionary(const char* start, void* value) {
 }
 
 bool FastEngine::skip() {
-    const char* const behind = skipValue(at_, end_, depth_);
-    if (behind == nullptr) return false;
-    at_ = behind;
+    const char* const next = skipValue(at_, end_, depth_);
+    if (next == nullptr) return false;
+    at_ = next;
     return true;
 }
 

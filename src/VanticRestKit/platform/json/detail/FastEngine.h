@@ -1,7 +1,7 @@
 #pragma once
 
-// The fast engine: one pass over the bytes, values stored in place, nothing allocated or thrown for what is
-// swallowed. It says only whether the document became a value; the diagnosing engine says why not.
+// The fast engine: one pass over the bytes, with values stored in place and no allocation for ignored faults. It
+// reports only whether decoding succeeded; the diagnosing engine finds out why it did not.
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/json/detail/FailedCandidates.h>
@@ -20,50 +20,50 @@ using namespace mapping;  // the plans
 
 class FastEngine : private ValueReader {
 public:
-    /// `memoryLimit` is the budget of what it makes, in bytes.
+    /// `memoryLimit` is the memory budget in bytes.
     FastEngine(const Data& document, std::uint64_t memoryLimit);
     ~FastEngine();
     FastEngine(const FastEngine&) = delete;
     FastEngine& operator=(const FastEngine&) = delete;
 
-    /// Decodes the document into `value`, which is fresh. Where this gives false, `value` may hold anything.
+    /// Decodes the document into `value`, which must be newly made. If this returns false, `value` is unspecified.
     bool decode(const TypePlan& plan, void* value);
 
-    /// What the value holds, as the budget counts it.
+    /// The memory that the value holds, as counted by the budget.
     std::uint64_t memoryUsed() const noexcept { return memory_.used(); }
 
 private:
-    static constexpr unsigned alwaysRight = 1024;
+    static constexpr unsigned perfectHitRate = 1024;
 
-    /// An array or object that is open. No recursion: frames lie in a row.
+    /// An array or object that is being read. Frames form an explicit stack in place of recursion.
     struct alignas(64) Frame {
         const ObjectPlan* plan;    // null for an array
         std::byte* target;         // the entity, or the list
-        const FieldPlan* field;    // of the object around it; null at the root and in an array
-        const ChoicePlan* choice;  // where `target` is the try of one candidate
+        const FieldPlan* field;    // the field of the enclosing object; null at the root and in an array
+        const ChoicePlan* choice;  // set if `target` is a candidate of this choice
         const char* start;         // the opening bracket
         union {
-            std::uint64_t taken;   // of an object: a bit for each slot whose further values are nobody's
+            std::uint64_t taken;   // of an object: a bit for each slot that ignores further values
             const ListPlan* list;  // of an array
         };
-        std::uint64_t memoryBefore;  // what was used when it opened
+        std::uint64_t memoryBefore;  // the memory in use when it opened
         std::uint8_t candidate;
-        std::uint8_t possible;  // a bit for each candidate that it may be, this one and those to be tried
-        std::uint8_t last;      // the slot whose key came last
-        bool isInner;           // an object that fills the entity around it
-        bool isFresh;           // nothing read behind the opening bracket yet
+        std::uint8_t possible;  // a bit for this candidate and each one still to be tried
+        std::uint8_t last;      // the slot of the latest key
+        bool isInner;           // an object whose rows fill the enclosing entity
+        bool isFresh;           // nothing has been read after the opening bracket
         bool hasFailed;
-        bool isIgnored;  // an inner object that could not be opened, which is swallowed
-        bool isAttempt;  // what fails in it leaves an absent value, the last of `attempts_`
+        bool isIgnored;  // a lenient inner object that could not be opened
+        bool isAttempt;  // if it fails, the last of `attempts_` becomes empty
     };
 
-    /// A wrapper that is empty if what lies under it fails.
+    /// A wrapper that becomes empty if the value inside it fails.
     struct Attempt {
         const TypePlan* type;
         void* place;
     };
 
-    /// A key that was read: its slot, that of nobody where it has none, and where its colon must be.
+    /// A key that was read: the index of its slot (0 if unknown), and the position where its colon must be.
     struct Key {
         const char* colon;
         std::size_t place;
@@ -76,10 +76,10 @@ private:
     Key scannedKey(Frame& top, const char* at);
     Key unusualKey(Frame& top, const char* at);
     void remember(Frame& top, std::size_t place);
-    void keyCannotBeRead(Frame& top);
+    void failUnreadableKey(Frame& top);
     bool value(Frame& top, const Slot& slot);
     bool anyValue(Frame& top, const FieldPlan& field);
-    bool heldValue(Frame& top, const FieldPlan& field);
+    bool leafValue(Frame& top, const FieldPlan& field);
     bool unfit(Frame& top, const FieldPlan& field);
     bool checkEntity(Frame& top);
 
@@ -99,40 +99,40 @@ private:
     void endAttempt(bool hasFailed);
     void deliver(const FieldPlan* field, bool isStored, bool hasFailed);
 
-    Fit held(const TypePlan& type, void* place, const FieldOps* optional);
+    Fit leaf(const TypePlan& type, void* place, const FieldOps* optional);
     Fit dictionary(const char* start, void* value);
     bool skip();
 
     void endInner(const Frame& ended);
 
-    void makeRoom();
+    void useHeapFrames();
 
-    /// Deeper than documents of the service go.
-    static constexpr std::size_t usualDepth = 24;
+    /// Deeper than any document of the service.
+    static constexpr std::size_t inlineDepth = 24;
 
     Data document_;
     MemoryBudget memory_;
     std::vector<Attempt> attempts_;
     FailedCandidates failedCandidates_;
-    Frame usualFrames_[usualDepth];
-    std::unique_ptr<Frame[]> manyFrames_;
-    /// The first `depth_` are open, and there is room for `room_`.
-    Frame* frames_ = usualFrames_;
+    Frame inlineFrames_[inlineDepth];
+    std::unique_ptr<Frame[]> heapFrames_;
+    /// `depth_` frames are in use, of `capacity_`.
+    Frame* frames_ = inlineFrames_;
     std::size_t depth_ = 0;
-    std::size_t room_ = usualDepth;
-    /// For each object and each slot of it, the slot whose key came next the last time.
+    std::size_t capacity_ = inlineDepth;
+    /// For each slot of each object, the slot of the key that followed it last time.
     std::vector<std::uint8_t> successors_;
-    /// How often that was right lately, of `alwaysRight`.
-    unsigned rightness_ = alwaysRight;
+    /// The recent hit rate of this prediction; `perfectHitRate` is the maximum.
+    unsigned hitRate_ = perfectHitRate;
     bool rootDecoded_ = false;
 };
 
-// Opens the array or object ahead. Frames are filled where they lie: a copy of one that was just written
-// waits for the writes to arrive.
+// Pushes a frame for the array or object at `at_`. Frames are filled in place: copying one that has just been written
+// would stall on its pending stores.
 inline FastEngine::Frame* FastEngine::push(const ObjectPlan* plan, void* target, const FieldPlan* field) {
-    if (depth_ == room_) {
-        if (room_ == deepest) return nullptr;
-        makeRoom();
+    if (depth_ == capacity_) {
+        if (capacity_ == maxDepth) return nullptr;
+        useHeapFrames();
     }
     Frame& top = frames_[depth_++];
     top.plan = plan;
@@ -151,8 +151,8 @@ inline FastEngine::Frame* FastEngine::push(const ObjectPlan* plan, void* target,
     top.memoryBefore = memory_.used();
     if (plan == nullptr) return &top;
     top.taken = plan->unread;
-    // A plan made on first use during this decode has its memory behind all that was known when it began.
-    if (successors_.size() < plan->memoryEnd) successors_.resize(plan->memoryEnd, 0);
+    // A plan made during this decode has its successors past the end of the vector.
+    if (successors_.size() < plan->successorsEnd) successors_.resize(plan->successorsEnd, 0);
     if (plan->hasDefaults) setDefaults(*plan, target);
     return &top;
 }

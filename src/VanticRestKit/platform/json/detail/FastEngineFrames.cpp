@@ -1,4 +1,4 @@
-// How candidates open, and how arrays, objects and candidates end in the fast engine.
+// How the fast engine opens candidates and ends arrays, objects and candidates.
 
 #include <VanticRestKit/platform/json/detail/EntityAhead.h>
 #include <VanticRestKit/platform/json/detail/FastEngine.h>
@@ -10,10 +10,10 @@
 
 namespace VanticRestKit::json {
 
-// What the object calls itself rules candidates out before a value is read for them in vain, wherever in the
-// object it stands.
+// Reads ahead for the object's "_entity" and rules out the candidates with a different name, so that none of them is
+// read in vain.
 unsigned FastEngine::ruledOut(const ChoicePlan& choice) {
-    // To look for the name costs a walk over all that the object holds, and each level around it does the same.
+    // Finding the name may scan the whole object, and every enclosing level scans it again.
     constexpr std::size_t maxLevels = 4;
     unsigned named = 0;
     for (std::size_t i = 0; i < choice.candidates.size(); ++i) {
@@ -61,7 +61,7 @@ bool FastEngine::openCandidate(const ChoicePlan& choice, std::uint8_t possible, 
 }
 
 bool FastEngine::endFrame() {
-    // What lies above the depth stays as it is until something opens.
+    // The popped frame stays intact until the next push.
     const Frame& ended = frames_[--depth_];
     bool hasFailed = ended.hasFailed;
     if (ended.plan != nullptr) {
@@ -70,7 +70,7 @@ bool FastEngine::endFrame() {
             for (const auto derive : ended.plan->derivations) derive(ended.target);
         }
     }
-    // Nothing more is made until what has failed is dropped, whatever it is a part of.
+    // Nothing else is allocated before the failed value is dropped, even if an enclosing value owns it.
     if (hasFailed) memory_.giveBack(ended.memoryBefore);
     if (ended.choice != nullptr) return endCandidate(ended, hasFailed);
     if (ended.isAttempt) endAttempt(hasFailed);
@@ -78,20 +78,20 @@ bool FastEngine::endFrame() {
     return true;
 }
 
-// What failed under an attempt goes, and the attempt itself is a value.
+// Empties the attempt if its value failed; the attempt itself never fails.
 void FastEngine::endAttempt(bool hasFailed) {
     const Attempt attempt = attempts_.back();
     attempts_.pop_back();
     if (hasFailed) attempt.type->forget(attempt.place);
 }
 
-// A candidate that decoded is kept; else the next one begins at the same place.
+// Keeps a candidate that decoded; otherwise starts the next one at the same position.
 bool FastEngine::endCandidate(const Frame& ended, bool hasFailed) {
     const Candidate& type = ended.choice->candidates[ended.candidate];
     failedCandidates_.end(ended.start, *ended.choice, ended.candidate, hasFailed);
     if (!hasFailed) {
-        Frame& around = frames_[depth_ - 1];
-        type.keep(ended.target, around.target + (ended.field != nullptr ? ended.field->offset : 0));
+        Frame& enclosing = frames_[depth_ - 1];
+        type.keep(ended.target, enclosing.target + (ended.field != nullptr ? ended.field->offset : 0));
         return true;
     }
     type.drop(ended.target);
@@ -104,23 +104,23 @@ bool FastEngine::endCandidate(const Frame& ended, bool hasFailed) {
     return skip();
 }
 
-// Tells what lies around a value how it ended. `isStored`: a failed value lies in its place and must go.
+// Reports the end of a value to the enclosing frame. `isStored`: a failed value has been stored and must be removed.
 void FastEngine::deliver(const FieldPlan* field, bool isStored, bool hasFailed) {
     if (depth_ == 0) {
         rootDecoded_ = !hasFailed;
         return;
     }
     if (!hasFailed) return;
-    Frame& around = frames_[depth_ - 1];
-    const bool isSwallowed = field != nullptr ? field->presence == Presence::lenient : around.list->tolerant;
-    if (!isSwallowed) {
-        around.hasFailed = true;
+    Frame& enclosing = frames_[depth_ - 1];
+    const bool isIgnored = field != nullptr ? field->presence == Presence::lenient : enclosing.list->tolerant;
+    if (!isIgnored) {
+        enclosing.hasFailed = true;
     } else if (!isStored) {
         return;
     } else if (field == nullptr) {
-        around.list->removeLast(around.target);
+        enclosing.list->removeLast(enclosing.target);
     } else {
-        resetField(*field, around.target + field->offset);
+        resetField(*field, enclosing.target + field->offset);
     }
 }
 

@@ -1,4 +1,4 @@
-// How the fast engine reads objects: where most of its time goes.
+// How the fast engine reads objects, where it spends most of its time.
 
 #include <VanticRestKit/platform/json/detail/FastEngine.h>
 
@@ -27,11 +27,11 @@ inline bool isQuotedKeyOf(const Slot& slot, const char* at) noexcept {
     return scan::startsWith(at, {slot.quoted, slot.quotedSize - std::size_t{1}, slot.quotedBytes >> 1});
 }
 
-/// The slot of a field that a key table found, that of nobody where it found none.
+/// The slot index of a field that a key table found; 0, the slot of unknown keys, if it found none.
 static_assert(static_cast<std::uint8_t>(KeyTable::none + 1) == 0);
 inline std::size_t slotOf(std::uint8_t field) noexcept { return static_cast<std::uint8_t>(field + 1); }
 
-/// Moves from behind a value to the next key, or stays where there is none.
+/// Moves from the end of a value to the next key; false if there is none.
 inline bool anotherMember(const char*& at) noexcept {
     at = skipSpace(at);
     if (*at != ',') return false;
@@ -39,9 +39,8 @@ inline bool anotherMember(const char*& at) noexcept {
     return true;
 }
 
-/// By far the most fields are texts, and by far the most texts need no second look. Reads one of those, whose
-/// quote is at `at`, and moves behind it. A text that ends within half a block is also one that a string
-/// holds without allocating.
+/// Reads a plain string whose opening quote is at `at`, and moves past it; false if it is not plain. This is the fast
+/// path for most fields. A string that ends within half a block also fits into `std::string` without allocating.
 inline bool plainText(std::optional<std::string>& field, const char*& at, const char* end,
                       MemoryBudget& memory) {
     static_assert(shortText + 1 == scan::bytesOfHalf);
@@ -63,24 +62,24 @@ inline bool plainText(std::optional<std::string>& field, const char*& at, const 
     return true;
 }
 
-/// Reads a number of a few digits and nothing else, as nearly all are, and moves behind it.
+/// Reads a number that consists only of digits, as nearly all do, and moves past it.
 inline bool plainUnsigned(std::uint64_t& number, const char*& at) noexcept {
-    constexpr std::ptrdiff_t mostDigits = 19;
+    constexpr std::ptrdiff_t maxDigits = 19;
     std::uint64_t value = 0;
-    const char* behind = at;
-    for (; *behind >= '0' && *behind <= '9'; ++behind) {
-        value = value * 10 + static_cast<std::uint64_t>(*behind - '0');
+    const char* end = at;
+    for (; *end >= '0' && *end <= '9'; ++end) {
+        value = value * 10 + static_cast<std::uint64_t>(*end - '0');
     }
-    const std::ptrdiff_t digits = behind - at;
-    const bool isSpelledOtherwise = (*at == '0' && digits != 1) || scanNumber(behind) != behind;
-    if (digits == 0 || digits > mostDigits || isSpelledOtherwise) return false;
+    const std::ptrdiff_t digits = end - at;
+    const bool isOtherSpelling = (*at == '0' && digits != 1) || scanNumber(end) != end;
+    if (digits == 0 || digits > maxDigits || isOtherSpelling) return false;
     number = value;
-    at = behind;
+    at = end;
     return true;
 }
 
-/// Whether a value of this kind that does not fit may have changed its field: a dictionary is filled member by member,
-/// and the function of a host that reads a value may set the field before it refuses the value.
+/// Whether a value of this kind may have changed its field although it did not fit: a dictionary is filled member by
+/// member, and a host's conversion function may set the field before it rejects the value.
 inline bool mayBeSet(ValueKind kind) noexcept {
     return kind == ValueKind::dictionary || kind == ValueKind::convertedText ||
            kind == ValueKind::convertedNumber;
@@ -100,8 +99,7 @@ inline bool plainBoolean(bool& truth, const char*& at) noexcept {
 
 }  // namespace
 
-// Everything that an open object needs is in one function: calls between objects would cost as much as their
-// keys.
+// `objectStep` and `value` are forced inline here: calls between them would cost as much as reading the keys.
 bool FastEngine::runFrames() {
     while (depth_ != 0) {
         Frame& top = frames_[depth_ - 1];
@@ -110,18 +108,18 @@ bool FastEngine::runFrames() {
     return true;
 }
 
-// Reads on in an object until something inside it opens or it ends. `top` is gone once a frame was pushed.
+// Reads an object until a value in it opens a frame or the object ends. `top` is invalid after a frame was pushed.
 [[gnu::always_inline]] inline bool FastEngine::objectStep(Frame& top) {
     const std::size_t depth = depth_;
     const Slot* const slots = top.plan->slots.data();
-    const std::uint8_t* const successors = successors_.data() + top.plan->memory;
-    // What changes with each key stays out of memory.
+    const std::uint8_t* const successors = successors_.data() + top.plan->successorsBegin;
+    // State that changes with each key is kept in registers.
     std::uint64_t taken = top.hasFailed || top.isIgnored ? everySlot : top.taken;
     std::size_t last = top.last;
     const char* at = skipSpace(at_);
     for (bool more = top.isFresh || anotherMember(at); more; more = anotherMember(at)) {
         std::size_t place = successors[last];
-        if (rightness_ >= alwaysRight / 2 && isKeyOf(slots[place], at)) {
+        if (hitRate_ >= perfectHitRate / 2 && isKeyOf(slots[place], at)) {
             at = skipSpace(at + slots[place].quotedSize);
             last = place;
         } else if (*at != '}') {
@@ -137,7 +135,7 @@ bool FastEngine::runFrames() {
         const Slot& slot = slots[place];
         const bool isTaken = (taken >> place & 1) != 0;
         taken |= std::uint64_t{1} << place;
-        // The quote is asked for first: it is there long before it is known whose key this is.
+        // The quote is checked first: that does not have to wait for the slot lookup.
         if (*at == '"' && !isTaken && slot.step == ValueStep::optionalText &&
             plainText(*reinterpret_cast<std::optional<std::string>*>(top.target + slot.offset), at, end_,
                       memory_)) {
@@ -151,7 +149,7 @@ bool FastEngine::runFrames() {
         if (depth_ != depth) return true;
         if (top.hasFailed || top.isIgnored) {
             taken = everySlot;
-            // A root that has failed is the diagnosing engine's, and a failed candidate is given up at once.
+            // If the root has failed, the diagnosing engine takes over; a failed candidate is given up at once.
             if (top.hasFailed && depth == 1 && !top.isAttempt) return false;
             if (top.hasFailed && top.choice != nullptr) return endFrame();
         }
@@ -166,7 +164,7 @@ bool FastEngine::runFrames() {
     return true;
 }
 
-// What fails inside an inner object fails the entity, unless the object could not even be opened.
+// A failure inside an inner object makes the entity fail, unless the object itself was ignored.
 inline void FastEngine::endInner(const Frame& ended) {
     const bool hasFailed = ended.hasFailed || (ended.taken & ended.plan->required) != ended.plan->required;
     if (hasFailed && !ended.isIgnored) frames_[depth_ - 1].hasFailed = true;
@@ -184,7 +182,7 @@ FastEngine::Key FastEngine::scannedKey(Frame& top, const char* at) {
     return {skipSpace(at + size + 2), place};
 }
 
-// Any key: one that is nobody's, is spelled with escapes, is broken or is a long one.
+// Reads any key, including unknown, escaped, malformed and long ones.
 FastEngine::Key FastEngine::unusualKey(Frame& top, const char* at) {
     if (*at != '"') return {end_, 0};
     const StringToken token = scanString(at, end_);
@@ -194,7 +192,7 @@ FastEngine::Key FastEngine::unusualKey(Frame& top, const char* at) {
     if (!token.isPlain) {
         const std::optional<std::string_view> text = unescape(token, scratch_);
         if (!text) {
-            keyCannotBeRead(top);
+            failUnreadableKey(top);
             return key;
         }
         name = *text;
@@ -204,19 +202,19 @@ FastEngine::Key FastEngine::unusualKey(Frame& top, const char* at) {
     return key;
 }
 
-// Notes which key followed which. Where the last guesses were mostly wrong there are no more for a while: a
-// guess costs little, but whether it is right then decides a branch that nobody can foresee.
+// Records which key followed which, and updates the hit rate. While the recent predictions were mostly wrong,
+// `objectStep` does not use them: a prediction is cheap, but a mispredicted branch is not.
 void FastEngine::remember(Frame& top, std::size_t place) {
-    std::uint8_t& successor = successors_[top.plan->memory + top.last];
+    std::uint8_t& successor = successors_[top.plan->successorsBegin + top.last];
     constexpr unsigned memory = 32;
-    rightness_ -= rightness_ / memory;
-    rightness_ += successor == place ? alwaysRight / memory : 0;
+    hitRate_ -= hitRate_ / memory;
+    hitRate_ += successor == place ? perfectHitRate / memory : 0;
     successor = static_cast<std::uint8_t>(place);
     top.last = static_cast<std::uint8_t>(place);
 }
 
-// The opening of the object fails, although much of it may have been read: as if it had never been opened.
-void FastEngine::keyCannotBeRead(Frame& top) {
+// An object with an unreadable key counts as one that could not be opened, even if part of it has been read.
+void FastEngine::failUnreadableKey(Frame& top) {
     if (top.isIgnored) return;
     if (top.isInner && top.field->presence == Presence::lenient) {
         resetFields(*top.plan, top.target);
@@ -232,15 +230,15 @@ void FastEngine::keyCannotBeRead(Frame& top) {
     void* const place = top.target + slot.offset;
     switch (slot.step) {
         case ValueStep::boolean:
-            return plainBoolean(*static_cast<bool*>(place), at_) || heldValue(top, field);
+            return plainBoolean(*static_cast<bool*>(place), at_) || leafValue(top, field);
         case ValueStep::optionalUnsigned: {
             std::uint64_t number = 0;
-            if (!plainUnsigned(number, at_)) return heldValue(top, field);
+            if (!plainUnsigned(number, at_)) return leafValue(top, field);
             *static_cast<std::optional<std::uint64_t>*>(place) = number;
             return true;
         }
         case ValueStep::optionalText:
-        case ValueStep::held: return heldValue(top, field);
+        case ValueStep::leaf: return leafValue(top, field);
         case ValueStep::inner: return *at_ == '{' ? openInner(field, top.target) : unfit(top, field);
         case ValueStep::object:
             return *at_ == '{' ? open(*field.type, field.ops->open(place), &field) : unfit(top, field);
@@ -254,24 +252,24 @@ void FastEngine::keyCannotBeRead(Frame& top) {
     return false;
 }
 
-// Only to a required row is null a value like any other.
+// Null is an ordinary value only for a required row.
 bool FastEngine::anyValue(Frame& top, const FieldPlan& field) {
     if (*at_ == 'n' && field.presence != Presence::required) return unfit(top, field);
-    if (field.type->wrapped == nullptr) return heldValue(top, field);
+    if (field.type->wrapped == nullptr) return leafValue(top, field);
     return wrapped(*field.type, field.ops->open(top.target + field.offset), &field);
 }
 
-bool FastEngine::heldValue(Frame& top, const FieldPlan& field) {
-    const Fit fit = held(*field.type, top.target + field.offset, field.ops->isOptional ? field.ops : nullptr);
+bool FastEngine::leafValue(Frame& top, const FieldPlan& field) {
+    const Fit fit = leaf(*field.type, top.target + field.offset, field.ops->isOptional ? field.ops : nullptr);
     return fit == Fit::fits || (fit == Fit::unfit && unfit(top, field));
 }
 
-// Steps over a value that does not fit its row.
+// Skips a value that does not fit its row.
 bool FastEngine::unfit(Frame& top, const FieldPlan& field) {
     const bool isNull = *at_ == 'n';
-    const bool isSwallowed =
+    const bool isIgnored =
         field.presence == Presence::lenient || (isNull && field.presence != Presence::required);
-    if (!isSwallowed) {
+    if (!isIgnored) {
         top.hasFailed = true;
     } else if (!isNull && mayBeSet(field.kind)) {
         resetField(field, top.target + field.offset);
@@ -281,8 +279,8 @@ bool FastEngine::unfit(Frame& top, const FieldPlan& field) {
 
 bool FastEngine::checkEntity(Frame& top) {
     std::string_view name;
-    bool mayReadOn = false;
-    const Fit fit = readText(name, mayReadOn);
+    bool isPlain = false;
+    const Fit fit = readText(name, isPlain);
     if (fit == Fit::broken) return false;
     if (fit == Fit::unfit) return skip();
     if (!VanticRestKit::detail::equalsLowercased(name, top.plan->entityName)) top.hasFailed = true;

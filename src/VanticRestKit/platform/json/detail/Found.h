@@ -1,6 +1,6 @@
 #pragma once
 
-// Words for what a document holds and for what a table wants.
+// Names of what a document contains and what a table expects.
 
 #include <VanticRestKit/platform/json/detail/TypePlan.h>
 
@@ -17,10 +17,10 @@ std::string_view foundAt(const char* at) noexcept;
 /// The JSON type that a kind of value is read from.
 std::string_view jsonTypeOf(ValueKind kind) noexcept;
 
-/// Whether a kind of value is opened as an object.
+/// Whether a kind of value is read from an object.
 bool isObject(ValueKind kind) noexcept;
 
-/// The type that a value of another JSON type misses: a text first of all, where a text is then converted.
+/// The type to name in a type mismatch: "String" or "Double" for a converted value, since the conversion never ran.
 std::string_view expectedType(const TypePlan& type) noexcept;
 
 /// What a field holds after its default was restored: "empty", "false", "[]", the name of a case, or the value as

@@ -13,23 +13,23 @@ namespace VanticRestKit::json {
 
 namespace {
 
-/// The value at `at`, in the order in which its kinds are tried; empty where it is of none of them.
+/// The value at `at`, trying string, integer, double and boolean in this order; empty if it is none of them.
 std::optional<AnyValue> plainValue(const char* at, const char* end, std::string& scratch) {
     if (*at == '"') {
         const std::optional<std::string_view> text = unescape(scanString(at, end), scratch);
         return text ? std::optional<AnyValue>(*text) : std::nullopt;
     }
     if (startsNumber(*at)) {
-        const char* const behind = scanNumber(at);
-        if (const std::optional<std::int64_t> whole = readInteger(at, behind)) return *whole;
-        const std::optional<double> fraction = readNumber(at, behind);
+        const char* const numberEnd = scanNumber(at);
+        if (const std::optional<std::int64_t> whole = readInteger(at, numberEnd)) return *whole;
+        const std::optional<double> fraction = readNumber(at, numberEnd);
         return fraction ? std::optional<AnyValue>(*fraction) : std::nullopt;
     }
     if (*at == 't' || *at == 'f') return AnyValue(*at == 't');
     return std::nullopt;
 }
 
-/// What a tree of the standard library adds to each element.
+/// The overhead of a tree node of the standard library.
 constexpr std::size_t nodeOverhead = 32;
 
 }  // namespace
@@ -43,7 +43,7 @@ bool readDictionary(const char* at, const char* end, Dictionary& values, MemoryB
         const StringToken token = scanString(at, end);
         const std::optional<std::string_view> key = unescape(token, scratch);
         if (!key) return false;
-        // The first of two equal keys counts, also where its value is left out.
+        // The first of several equal keys is used, even if its value is left out.
         const auto [name, isFirst] = seen.emplace(*key);
         at = skipSpace(skipSpace(token.close + 1) + 1);
         if (isFirst) {

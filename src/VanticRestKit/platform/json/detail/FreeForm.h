@@ -8,16 +8,16 @@
 
 namespace VanticRestKit::json {
 
-/// A text or a number whose inside is broken.
+/// A string or number that cannot be read.
 struct BrokenMember {
     std::string key;
     const char* at;
 };
 
-/// Reads the object at `at`, whose structure is sound, into a dictionary: texts, whole numbers, truth values and
-/// numbers with a fraction. Values of other kinds, and such as cannot be read, are left out. False where a key
-/// cannot be read, and where `memory`, in which its members are counted, is not enough. `broken`, if not null, is
-/// told what could not be read, in the order of the document.
+/// Reads the object at `at`, whose structure is valid, into a dictionary: strings, integers, booleans and numbers with
+/// a fraction. Other values, and values that cannot be read, are left out. Returns false if a key cannot be read or if
+/// `memory`, which counts the members, is exhausted. If not null, `broken` receives the values that could not be read,
+/// in document order.
 bool readDictionary(const char* at, const char* end, Dictionary& values, MemoryBudget& memory,
                     std::vector<BrokenMember>* broken = nullptr);
 

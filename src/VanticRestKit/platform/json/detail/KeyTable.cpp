@@ -13,7 +13,8 @@ KeyTable::KeyTable(std::vector<std::string_view> keys) : keys_(std::move(keys)) 
     const std::size_t buckets = std::bit_ceil(std::max<std::size_t>(2, keys_.size() * 4));
     shift_ = 64 - static_cast<unsigned>(std::countr_zero(buckets));
 
-    // Two equal keys, or keys of equal signatures, would be searched for without end.
+    // The search for a seed would never end with two equal keys. Keys with equal signatures are hashed as a whole
+    // instead.
     std::vector<std::string_view> sorted = keys_;
     std::sort(sorted.begin(), sorted.end());
     if (std::adjacent_find(sorted.begin(), sorted.end()) != sorted.end()) std::abort();
@@ -24,8 +25,8 @@ KeyTable::KeyTable(std::vector<std::string_view> keys) : keys_(std::move(keys)) 
         signatures.push_back(signature({padded.data(), key.size()}));
     }
     const std::set<std::uint64_t> distinct(signatures.begin(), signatures.end());
-    readsWhole_ = distinct.size() != signatures.size();
-    if (readsWhole_) std::transform(keys_.begin(), keys_.end(), signatures.begin(), wholeSignature);
+    hashesWholeKeys_ = distinct.size() != signatures.size();
+    if (hashesWholeKeys_) std::transform(keys_.begin(), keys_.end(), signatures.begin(), wholeSignature);
 
     std::uint64_t state = 0x2545F4914F6CDD1DU;
     for (bool perfect = false; !perfect;) {

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `KeyTable`: finds the row of a key by one multiplication and one comparison.
+/// `KeyTable`: finds the row of a key with one multiplication and one comparison.
 
 #include <bit>
 #include <cstddef>
@@ -12,30 +12,30 @@
 
 namespace VanticRestKit::mapping {
 
-/// A perfect hash over the keys of one object: the seed is searched for when the table is made, so that no
-/// two keys share a bucket.
+/// A perfect hash over the keys of one object: the constructor searches for a seed with which no two keys share a
+/// bucket.
 class KeyTable {
 public:
     static constexpr std::uint8_t none = 0xFF;
 
     KeyTable() = default;
-    /// The keys must differ from each other; fewer than 255.
+    /// The keys must all differ; at most 254.
     explicit KeyTable(std::vector<std::string_view> keys);
 
-    /// The place of `key` among the keys, or `none`. Eight bytes at `key.data()` must be readable, as they are in
-    /// every `Data` and every `std::string`.
+    /// The index of `key` among the keys, or `none`. Eight bytes at `key.data()` must be readable, as they are in every
+    /// `Data` and every `std::string`.
     std::uint8_t find(std::string_view key) const noexcept {
         const std::uint8_t place = likely(key);
         return place != none && keys_[place] == key ? place : none;
     }
 
-    /// The only place where `key` can be, or `none`; the caller compares.
+    /// The only index that `key` can have, or `none`; the caller must compare the key.
     std::uint8_t likely(std::string_view key) const noexcept {
-        return buckets_[bucket(readsWhole_ ? wholeSignature(key) : signature(key))];
+        return buckets_[bucket(hashesWholeKeys_ ? wholeSignature(key) : signature(key))];
     }
 
 private:
-    // The bits that the first `count` of eight bytes in memory have in a number; at most eight of them.
+    // A mask for the first `count` of the eight bytes of a number in memory; `count` is at most eight.
     static std::uint64_t maskOfFirst(std::size_t count) noexcept {
         if constexpr (std::endian::native == std::endian::little) {
             return (std::uint64_t{1} << 4 * count << 4 * count) - 1;
@@ -44,8 +44,8 @@ private:
         }
     }
 
-    // The first and the last eight bytes and the length tell the keys of most objects apart. Without a branch: the
-    // lengths of keys follow no rule by which one could be guessed.
+    // The first and last eight bytes and the length distinguish the keys of most objects. Branch-free, because key
+    // lengths are unpredictable.
     static std::uint64_t signature(std::string_view key) noexcept {
         const std::size_t ends = key.size() < 8 ? key.size() : 8;
         const std::uint64_t mask = maskOfFirst(ends);
@@ -58,7 +58,7 @@ private:
         return first ^ (last << 29 | last >> 35) ^ (key.size() * 0x9E3779B97F4A7C15U);
     }
 
-    // For keys that are alike at both ends and of one length.
+    // For objects with keys that have the same ends and the same length.
     static std::uint64_t wholeSignature(std::string_view key) noexcept {
         std::uint64_t hash = 0xCBF29CE484222325U;
         for (const char c : key) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
@@ -71,7 +71,7 @@ private:
 
     std::uint64_t seed_ = 1;
     unsigned shift_ = 63;
-    bool readsWhole_ = false;
+    bool hashesWholeKeys_ = false;
     std::vector<std::uint8_t> buckets_ = {none, none};
     std::vector<std::string_view> keys_;
 };

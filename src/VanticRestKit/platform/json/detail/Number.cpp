@@ -10,38 +10,38 @@ namespace {
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-const char* behindDigits(const char* at, const char* to) {
+const char* skipDigits(const char* at, const char* to) {
     while (at != to && isDigit(*at)) ++at;
     return at;
 }
 
 /// The parts of a well-formed number token.
-struct Spelling {
+struct NumberParts {
     bool negative = false;
     const char* whole = nullptr;  // the digits before the point, up to wholeEnd
     const char* wholeEnd = nullptr;
-    const char* fraction = nullptr;  // the digits behind it, up to fractionEnd
+    const char* fraction = nullptr;  // the digits after the point, up to fractionEnd
     const char* fractionEnd = nullptr;
     const char* exponent = nullptr;  // the digits of the exponent, up to the end of the token
     const char* exponentEnd = nullptr;
     bool negativeExponent = false;
 };
 
-std::optional<Spelling> spell(const char* at, const char* to) {
-    Spelling s;
+std::optional<NumberParts> splitNumber(const char* at, const char* to) {
+    NumberParts s;
     if (at != to && *at == '-') {
         s.negative = true;
         ++at;
     }
     s.whole = at;
-    s.wholeEnd = behindDigits(at, to);
+    s.wholeEnd = skipDigits(at, to);
     const auto digits = s.wholeEnd - s.whole;
     if (digits == 0 || (digits > 1 && *s.whole == '0')) return std::nullopt;
     at = s.wholeEnd;
     s.fraction = s.fractionEnd = at;
     if (at != to && *at == '.') {
         s.fraction = at + 1;
-        s.fractionEnd = behindDigits(s.fraction, to);
+        s.fractionEnd = skipDigits(s.fraction, to);
         if (s.fraction == s.fractionEnd) return std::nullopt;
         at = s.fractionEnd;
     }
@@ -53,7 +53,7 @@ std::optional<Spelling> spell(const char* at, const char* to) {
             ++at;
         }
         s.exponent = at;
-        s.exponentEnd = behindDigits(at, to);
+        s.exponentEnd = skipDigits(at, to);
         if (s.exponent == s.exponentEnd) return std::nullopt;
         at = s.exponentEnd;
     }
@@ -61,20 +61,20 @@ std::optional<Spelling> spell(const char* at, const char* to) {
     return s;
 }
 
-/// The exponent, held within what can matter to a token that fits in memory.
-long long exponentOf(const Spelling& s) {
-    constexpr long long most = 1'000'000'000'000;
+/// The exponent, limited to a range beyond which it makes no difference to a token that fits in memory.
+long long exponentOf(const NumberParts& s) {
+    constexpr long long limit = 1'000'000'000'000;
     long long value = 0;
-    for (const char* at = s.exponent; at != s.exponentEnd && value < most; ++at) {
+    for (const char* at = s.exponent; at != s.exponentEnd && value < limit; ++at) {
         value = value * 10 + (*at - '0');
     }
     return s.negativeExponent ? -value : value;
 }
 
-/// The digits of a token one after the other, the point left out.
+/// The digits of a token without the decimal point.
 class Digits {
 public:
-    explicit Digits(const Spelling& s)
+    explicit Digits(const NumberParts& s)
         : whole_(s.whole),
           wholeSize_(s.wholeEnd - s.whole),
           fraction_(s.fraction),
@@ -92,10 +92,10 @@ private:
     long long size_;
 };
 
-/// The magnitude of a number that is whole and fits 64 bits, however it is spelled.
-std::optional<std::uint64_t> magnitude(const Spelling& s) {
+/// The magnitude of a number if it is an integer that fits into 64 bits, in any spelling.
+std::optional<std::uint64_t> magnitude(const NumberParts& s) {
     const Digits digits(s);
-    // Behind this many digits the point stands once the exponent is applied.
+    // The number of digits before the decimal point after the exponent is applied.
     const long long point = (s.wholeEnd - s.whole) + exponentOf(s);
     long long last = digits.size();
     while (last > 0 && digits[last - 1] == 0) --last;
@@ -114,14 +114,14 @@ std::optional<std::uint64_t> magnitude(const Spelling& s) {
 }  // namespace
 
 std::optional<std::uint64_t> readUnsigned(const char* from, const char* to) noexcept {
-    // Nearly every number is a few digits and nothing else.
+    // Fast path: nearly every number consists only of a few digits.
     if (to - from <= 19 && *from != '-' && (*from != '0' || to - from == 1)) {
         std::uint64_t value = 0;
         const char* at = from;
         while (at != to && isDigit(*at)) value = value * 10 + static_cast<std::uint64_t>(*at++ - '0');
         if (at == to) return value;
     }
-    const std::optional<Spelling> s = spell(from, to);
+    const std::optional<NumberParts> s = splitNumber(from, to);
     if (!s) return std::nullopt;
     const std::optional<std::uint64_t> value = magnitude(*s);
     if (s->negative && value != 0) return std::nullopt;
@@ -129,20 +129,20 @@ std::optional<std::uint64_t> readUnsigned(const char* from, const char* to) noex
 }
 
 std::optional<std::int64_t> readInteger(const char* from, const char* to) noexcept {
-    const std::optional<Spelling> s = spell(from, to);
+    const std::optional<NumberParts> s = splitNumber(from, to);
     if (!s) return std::nullopt;
     const std::optional<std::uint64_t> value = magnitude(*s);
-    constexpr auto most = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
-    if (!value || *value > most + (s->negative ? 1 : 0)) return std::nullopt;
+    constexpr auto max = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+    if (!value || *value > max + (s->negative ? 1 : 0)) return std::nullopt;
     return s->negative ? static_cast<std::int64_t>(0 - *value) : static_cast<std::int64_t>(*value);
 }
 
 std::optional<double> readNumber(const char* from, const char* to) noexcept {
-    const std::optional<Spelling> s = spell(from, to);
+    const std::optional<NumberParts> s = splitNumber(from, to);
     if (!s) return std::nullopt;
     double value = 0;
-    const auto [behind, fault] = std::from_chars(from, to, value);
-    if (fault != std::errc() || behind != to) return std::nullopt;
+    const auto [end, fault] = std::from_chars(from, to, value);
+    if (fault != std::errc() || end != to) return std::nullopt;
     return value;
 }
 

@@ -9,7 +9,7 @@
 
 namespace VanticRestKit::json::scan::neon {
 
-/// Pairs of neighbours added, of two vectors one after the other.
+/// Sums of adjacent pairs of bytes, of `low` and then of `high`.
 inline uint8x16_t addedPairs(uint8x16_t low, uint8x16_t high) noexcept {
 #if defined(__aarch64__)
     return vpaddq_u8(low, high);
@@ -19,8 +19,8 @@ inline uint8x16_t addedPairs(uint8x16_t low, uint8x16_t high) noexcept {
 #endif
 }
 
-/// A bit for each byte of two halves of a block; each byte is 0 or 255. There is no instruction for it: each byte
-/// keeps the bit of its place among eight, and three additions gather the eight.
+/// One bit for each byte of the two halves of a block; each byte must be 0 or 255. NEON has no instruction for this:
+/// each byte is masked to the bit of its position among eight, and three pairwise additions combine the eight.
 inline std::uint32_t bits(uint8x16_t low, uint8x16_t high) noexcept {
     const uint8x16_t places = vreinterpretq_u8_u64(vdupq_n_u64(0x8040'2010'0804'0201));
     const uint8x16_t pairs = addedPairs(vandq_u8(low, places), vandq_u8(high, places));
@@ -33,12 +33,12 @@ inline uint8x16_t loaded(const char* at) noexcept {
     return vld1q_u8(reinterpret_cast<const std::uint8_t*>(at));
 }
 
-/// 255 for each byte that is a quote, a backslash, a control character or beyond ASCII.
+/// 255 for each byte that is a quote, a backslash, a control character or not ASCII.
 inline uint8x16_t stopBytes(const char* at) noexcept {
     const uint8x16_t bytes = loaded(at);
     const uint8x16_t escape = vceqq_u8(bytes, vdupq_n_u8('\\'));
-    // Changing this bit puts the quote next to the control characters and leaves those among themselves. What lies
-    // beyond ASCII is negative.
+    // Flipping this bit moves the quote next to the control characters, which stay below it. Bytes that are not ASCII
+    // are negative as signed numbers.
     const uint8x16_t changed = veorq_u8(bytes, vdupq_n_u8('"' ^ ' '));
     return vorrq_u8(escape, vcltq_s8(vreinterpretq_s8_u8(changed), vdupq_n_s8(' ' + 1)));
 }
@@ -49,7 +49,7 @@ inline std::uint32_t stops(const char* at) noexcept {
     return bits(stopBytes(at), stopBytes(at + bytesOfHalf));
 }
 
-/// Four bits for each byte, which one instruction gives.
+/// Four bits for each byte: a single instruction produces them.
 inline std::uint64_t stopsOfHalf(const char* at) noexcept {
     const uint8x8_t nibbles = vshrn_n_u16(vreinterpretq_u16_u8(stopBytes(at)), 4);
     return vget_lane_u64(vreinterpret_u64_u8(nibbles), 0);

@@ -9,7 +9,7 @@
 
 namespace VanticRestKit::json::scan::sse2 {
 
-/// The highest bit of each byte of two halves of a block.
+/// The highest bits of the bytes of the two halves of a block.
 inline std::uint32_t bits(__m128i low, __m128i high) noexcept {
     return static_cast<std::uint32_t>(_mm_movemask_epi8(low)) |
            static_cast<std::uint32_t>(_mm_movemask_epi8(high)) << 16;
@@ -19,12 +19,12 @@ inline __m128i loaded(const char* at) noexcept {
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
 }
 
-/// The highest bit of each byte that is a quote, a backslash, a control character or beyond ASCII.
+/// Sets the highest bit of each byte that is a quote, a backslash, a control character or not ASCII.
 inline __m128i stopBytes(const char* at) noexcept {
     const __m128i bytes = loaded(at);
     const __m128i escape = _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\\'));
-    // Changing this bit puts the quote next to the control characters and leaves those among themselves. What lies
-    // beyond ASCII is below them all, and stays there, since the subtraction stops at the least number.
+    // Flipping this bit moves the quote next to the control characters, which stay below it. Bytes that are not ASCII
+    // are negative as signed numbers and stay negative, because the subtraction saturates.
     const __m128i changed = _mm_xor_si128(bytes, _mm_set1_epi8('"' ^ ' '));
     return _mm_or_si128(escape, _mm_subs_epi8(changed, _mm_set1_epi8(' ' + 1)));
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ScanBlock.h` without instructions for vectors. Always there: the other forms are tested against it.
+/// `ScanBlock.h` without vector instructions. Always compiled: the other variants are tested against it.
 
 #include <VanticRestKit/platform/json/detail/ScanBits.h>
 

@@ -25,7 +25,7 @@ std::optional<std::uint32_t> hexUnit(const char* at, const char* end) {
 bool isHighSurrogate(std::uint32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 bool isLowSurrogate(std::uint32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
-/// Appends what the `\u` escape whose digits begin at `at` stands for; returns behind it, or null.
+/// Appends the character of the `\u` escape whose digits begin at `at`; returns the end of the escape, or null.
 const char* appendUnicodeEscape(const char* at, const char* end, std::string& text) {
     const std::optional<std::uint32_t> first = hexUnit(at, end);
     if (!first || isLowSurrogate(*first)) return nullptr;
@@ -41,7 +41,7 @@ const char* appendUnicodeEscape(const char* at, const char* end, std::string& te
     return at + 6;
 }
 
-/// What a one-letter escape stands for, or NUL where it is none.
+/// The character of a one-letter escape, or NUL if it is not one.
 char plainEscape(char letter) {
     switch (letter) {
         case '"': return '"';
@@ -68,9 +68,9 @@ StringToken scanUnusualString(const char* inside, const char* at, const char* en
         if (*at != '\\') {
             ++at;
         } else if (at[1] != 'u') {
-            at += 2;  // a backslash hides the next byte
+            at += 2;  // the escaped byte may be a quote
         } else {
-            // `\u` takes the next four bytes, whatever they are, but a quote among them is a structural fault.
+            // `\u` consumes the next four bytes, whatever they are, but a quote among them is a structural error.
             if (std::memchr(at + 2, '"', 4) != nullptr) return {inside, nullptr, false};
             at += 6;
         }

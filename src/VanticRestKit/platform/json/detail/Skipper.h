@@ -7,21 +7,21 @@
 
 namespace VanticRestKit::json {
 
-/// For walks that nobody watches.
+/// An observer that does nothing.
 struct Unobserved {
     void opened() const noexcept {}
     void closed(const char*) const noexcept {}
 };
 
-/// Walks one value without looking at what it means. No recursion: which brackets are open is a row of bits.
-/// The observer is told of each bracket that opens, and of the place behind each that closes.
+/// Validates the structure of one value and skips it. Not recursive: the open brackets are kept in a bit set. The
+/// observer is told of each opening bracket, and of the position after each closing bracket.
 template <class Observer>
 class Skipper {
 public:
     Skipper(const char* at, const char* end, std::size_t depth, Observer observer)
         : at_(at), end_(end), depth_(depth), floor_(depth), observer_(observer) {}
 
-    /// Behind the value, or null where its structure is broken.
+    /// The end of the value, or null if its structure is invalid.
     const char* run() {
         bool sound = value();
         while (sound && depth_ > floor_) {
@@ -34,7 +34,7 @@ public:
         return sound ? at_ : nullptr;
     }
 
-    /// How far the walk came: past the value, or at the token with which its structure breaks.
+    /// The position reached: after the value, or at the token that makes its structure invalid.
     const char* at() const noexcept { return at_; }
 
 private:
@@ -49,14 +49,14 @@ private:
             at_ = token.close + 1;
             return true;
         }
-        const char* const behind = startsNumber(*at_) ? scanNumber(at_) : scanLiteral(at_, end_);
-        if (behind == nullptr) return false;
-        at_ = behind;
+        const char* const next = startsNumber(*at_) ? scanNumber(at_) : scanLiteral(at_, end_);
+        if (next == nullptr) return false;
+        at_ = next;
         return true;
     }
 
     bool open(bool isObject) {
-        if (depth_ == deepest) return false;
+        if (depth_ == maxDepth) return false;
         objects_[depth_++] = isObject;
         observer_.opened();
         at_ = skipSpace(at_ + 1);
@@ -79,7 +79,7 @@ private:
         return true;
     }
 
-    /// What follows a value. One comma before the bracket is let through.
+    /// Reads what follows a value. One trailing comma is accepted.
     bool separator() {
         at_ = skipSpace(at_);
         if (*at_ == ',') {
@@ -107,7 +107,7 @@ private:
     std::size_t depth_;
     std::size_t floor_;
     Next next_ = Next::value;
-    std::bitset<deepest> objects_;
+    std::bitset<maxDepth> objects_;
     Observer observer_;
 };
 

@@ -7,21 +7,19 @@
 
 namespace VanticRestKit::json {
 
-/// The longest text that a std::string holds without allocating, in the standard library at hand or shorter.
+/// A length up to which std::string does not allocate; the standard library's own limit is at least this.
 inline constexpr std::size_t shortText = 15;
 
-/// Makes a text of at most `shortText` bytes the content of a field. So many bytes can be read from `text`
-/// on.
+/// Stores a string of at most `shortText` bytes in a field. `shortText` bytes must be readable at `text`.
 ///
-/// Most texts of a catalogue are short, and a library call for each would be a third of a decode. So a string
-/// of fifteen bytes is made, which needs none, and then cut to its length.
+/// Most strings of a catalogue are short, and a library call for each would take a third of the decode time. A string
+/// of constant length needs no call, so one of fifteen bytes is made and then truncated.
 inline void storeShortText(std::optional<std::string>& field, const char* text, std::size_t size) {
     field.emplace(text, shortText).erase(size);
 }
 
-/// The same for a longer text. `mediumText` bytes can be read from `text` on: to copy a number of them that
-/// is known beforehand needs no call, and the room that it costs is mostly there, since memory comes in steps
-/// of 16 bytes.
+/// The same for a longer string. `mediumText` bytes must be readable at `text`: copying a constant number of bytes
+/// needs no call, and the extra space is mostly free, since memory is allocated in steps of 16 bytes.
 inline void storeLongText(std::optional<std::string>& field, const char* text, std::size_t size) {
     constexpr std::size_t mediumText = 31;
     if (size <= mediumText) {
@@ -31,14 +29,14 @@ inline void storeLongText(std::optional<std::string>& field, const char* text, s
     }
 }
 
-/// Makes `text` the content of a field. `mayReadOn`: the bytes behind `text` are readable.
-inline void storeText(void* place, bool isOptional, std::string_view text, bool mayReadOn) {
+/// Stores `text` in a field. `isPlain`: `text` is a plain token of the document, so the bytes after it are readable.
+inline void storeText(void* place, bool isOptional, std::string_view text, bool isPlain) {
     if (!isOptional) {
         static_cast<std::string*>(place)->assign(text);
         return;
     }
     auto& field = *static_cast<std::optional<std::string>*>(place);
-    if (mayReadOn && text.size() <= shortText) {
+    if (isPlain && text.size() <= shortText) {
         storeShortText(field, text.data(), text.size());
     } else {
         field.emplace(text);

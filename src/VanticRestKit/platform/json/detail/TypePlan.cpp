@@ -6,7 +6,7 @@ namespace VanticRestKit::mapping {
 
 namespace {
 
-std::atomic<std::size_t> nextMemory{0};
+std::atomic<std::size_t> nextSuccessor{0};
 
 template <class Visit>
 void visitFields(const ObjectPlan& plan, Visit visit) {
@@ -18,11 +18,11 @@ void visitFields(const ObjectPlan& plan, Visit visit) {
 
 }  // namespace
 
-std::size_t takeSuccessorMemory(std::size_t slots) noexcept {
-    return nextMemory.fetch_add(slots, std::memory_order_relaxed);
+std::size_t reserveSuccessors(std::size_t slots) noexcept {
+    return nextSuccessor.fetch_add(slots, std::memory_order_relaxed);
 }
 
-std::size_t successorMemory() noexcept { return nextMemory.load(std::memory_order_relaxed); }
+std::size_t successorCount() noexcept { return nextSuccessor.load(std::memory_order_relaxed); }
 
 void resetField(const FieldPlan& field, void* place) {
     field.ops->copy(place, field.fresh);

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What a mapping table becomes on first use: the plan by which both decoding engines read a type.
+/// The plan that a mapping table is compiled into on first use; both decoding engines read types by it.
 
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/json/detail/KeyTable.h>
@@ -27,18 +27,18 @@ enum class ValueKind : std::uint8_t {
     integer,
     unsignedInteger,
     number,
-    decimalOrText,    ///< An unsigned whole number as its decimal text, or a text.
-    narrowInteger,    ///< A whole number that a function stores where it fits into a narrower type.
-    convertedText,    ///< A text that a function turns into the value.
-    convertedNumber,  ///< A number that a function turns into the value.
+    decimalOrText,    ///< A string, or an unsigned integer stored as its decimal text.
+    narrowInteger,    ///< An integer that a function stores if it fits into a narrower type.
+    convertedText,    ///< A string that a function converts.
+    convertedNumber,  ///< A number that a function converts.
     object,
     list,
-    choice,      ///< One of several types, tried in turn.
+    choice,      ///< One of several types, tried in order.
     dictionary,  ///< A free-form object of plain values.
-    anything,    ///< Any value at all; nothing of it is kept.
-    verbatim,    ///< Any value at all; a function is given its bytes.
-    attempted,   ///< Any value at all; an absent value if it does not decode.
-    nullable,  ///< Null is an absent value. At the root and in lists: a field's rows say what null is to it.
+    anything,    ///< Any value; nothing of it is stored.
+    verbatim,    ///< Any value; a function is given its bytes.
+    attempted,   ///< Any value; empty if it does not decode.
+    nullable,    ///< Null gives an empty value. Only at the root and in lists; for fields the row decides.
 };
 
 /// How a JSON value becomes a C++ value of one type. `void*` arguments point to a value of that type.
@@ -47,7 +47,7 @@ struct TypePlan {
     std::string_view name;
     bool (*fromText)(std::string_view text, void* value) = nullptr;
     bool (*fromNumber)(double number, void* value) = nullptr;
-    /// Of `narrowInteger`: stores the number if it fits; and the number that is stored.
+    /// Of `narrowInteger`: stores a number if it fits; loads the stored number.
     bool (*fromInteger)(std::int64_t number, void* value) = nullptr;
     std::int64_t (*toInteger)(const void* value) = nullptr;
     /// Of an enumeration: the name of the case that the value holds.
@@ -55,15 +55,15 @@ struct TypePlan {
     const ObjectPlan* object = nullptr;
     const ListPlan* list = nullptr;
     const ChoicePlan* choice = nullptr;
-    /// Of `verbatim`: is given the bytes of the value, whose structure is sound.
+    /// Of `verbatim`: receives the bytes of the value, whose structure is valid.
     void (*fromJSON)(std::string_view json, void* value) = nullptr;
-    /// Of `nullable` and `attempted`: what lies under it.
+    /// Of `nullable` and `attempted`: the plan of the wrapped value.
     const TypePlan* wrapped = nullptr;
-    /// Of `nullable` and `attempted`: puts a fresh value under it and returns where that lies.
+    /// Of `nullable` and `attempted`: puts a new value into the wrapper and returns its address.
     void* (*wrap)(void* value) = nullptr;
-    /// Of `attempted`: makes it hold nothing.
+    /// Of `attempted`: empties the wrapper.
     void (*forget)(void* value) = nullptr;
-    /// Of `nullable` and `attempted`: what it holds, or null.
+    /// Of `nullable` and `attempted`: the wrapped value, or null.
     const void* (*peek)(const void* value) = nullptr;
 };
 
@@ -88,7 +88,7 @@ enum class ValueStep : std::uint8_t {
     optionalText,
     boolean,
     optionalUnsigned,
-    held,  ///< Any other value that holds no others.
+    leaf,  ///< Any other value that contains no others.
     inner,
     object,
     list,
@@ -97,13 +97,13 @@ enum class ValueStep : std::uint8_t {
     entityCheck,
 };
 
-/// What the fast engine needs for each key that a document holds, in one cache line.
+/// What the fast engine needs to know about a key, in one cache line.
 struct alignas(64) Slot {
-    static constexpr std::size_t quotedRoom = 32;
+    static constexpr std::size_t quotedCapacity = 32;
 
-    /// The key between its quotes, and the colon behind it; empty where it is too long for that or not plain.
-    char quoted[quotedRoom];
-    /// A bit for each byte of `quoted` that counts. Bits behind those, which nothing is equal to, where it is empty.
+    /// The key with its quotes and the colon; empty if it is too long or not plain.
+    char quoted[quotedCapacity];
+    /// A bit for each byte of `quoted` that is used. If `quoted` is empty, bits past its end, so that nothing matches.
     std::uint64_t quotedBytes;
     std::uint8_t quotedSize;
     ValueStep step;
@@ -124,15 +124,15 @@ struct ObjectPlan {
     std::string_view name;
     std::vector<FieldPlan> fields;
     KeyTable keys;
-    /// One for each field, behind one for the keys that are nobody's.
+    /// The slot for unknown keys, followed by one for each field.
     std::vector<Slot> slots;
-    /// One bit for each slot that must be filled.
+    /// A bit for each slot whose key is required.
     std::uint64_t required = 0;
-    /// One bit for each slot whose values nobody reads.
+    /// A bit for each slot whose values are ignored.
     std::uint64_t unread = 1;
-    /// Where the memory of a decode keeps which key followed which in this object.
-    std::size_t memory = 0;
-    std::size_t memoryEnd = 0;
+    /// The range of this object's slots in the key successors of a decode.
+    std::size_t successorsBegin = 0;
+    std::size_t successorsEnd = 0;
 
     // Of an entity only.
     std::string_view entityName;
@@ -142,19 +142,19 @@ struct ObjectPlan {
     bool hasDefaults = false;
 };
 
-/// Takes the memory of key successors for an object with that many slots, and returns where it begins.
-std::size_t takeSuccessorMemory(std::size_t slots) noexcept;
+/// Reserves a range of key successors for an object with that many slots, and returns where it begins.
+std::size_t reserveSuccessors(std::size_t slots) noexcept;
 
-/// How much memory of key successors one decode needs for all plans made so far.
-std::size_t successorMemory() noexcept;
+/// The number of key successors that a decode needs for all plans made so far.
+std::size_t successorCount() noexcept;
 
-/// Puts a field back to its default: that of its row, or else what a new entity has.
+/// Resets a field to the default of its row, or else to its value in a new entity.
 void resetField(const FieldPlan& field, void* place);
 
-/// Puts the fields that an object's rows fill back to their defaults.
+/// Resets the fields that an object's rows fill.
 void resetFields(const ObjectPlan& plan, void* entity);
 
-/// Gives the fields with a default of their own that default.
+/// Sets the fields whose rows have a default.
 void setDefaults(const ObjectPlan& plan, void* entity);
 
 }  // namespace VanticRestKit::mapping

@@ -19,19 +19,18 @@ void store(void* place, bool isOptional, T value) {
     }
 }
 
-/// Reads the number token at `at` with `read`; moves behind it where it fits.
+/// Parses the number token at `at` with `read`, and moves past it if it fits.
 template <class Number>
 bool numberInto(const char*& at, std::optional<Number> (*read)(const char*, const char*) noexcept,
                 void* place, bool isOptional) {
     if (!startsNumber(*at)) return false;
-    const char* const behind = scanNumber(at);
-    const std::optional<Number> value = read(at, behind);
+    const char* const end = scanNumber(at);
+    const std::optional<Number> value = read(at, end);
     if (!value) return false;
     store(place, isOptional, *value);
-    at = behind;
+    at = end;
     return true;
 }
-
 }  // namespace
 
 Fit ValueReader::plain(const TypePlan& type, void* place, const FieldOps* optional) {
@@ -45,9 +44,9 @@ Fit ValueReader::plain(const TypePlan& type, void* place, const FieldOps* option
         case ValueKind::boolean: {
             if (*at_ != 't' && *at_ != 'f') return Fit::unfit;
             const bool value = *at_ == 't';
-            const char* const behind = scanLiteral(at_, end_);
-            if (behind == nullptr) return Fit::broken;
-            at_ = behind;
+            const char* const next = scanLiteral(at_, end_);
+            if (next == nullptr) return Fit::broken;
+            at_ = next;
             store(place, isOptional, value);
             return Fit::fits;
         }
@@ -60,11 +59,11 @@ Fit ValueReader::plain(const TypePlan& type, void* place, const FieldOps* option
     }
 }
 
-Fit ValueReader::readText(std::string_view& text, bool& mayReadOn) {
+Fit ValueReader::readText(std::string_view& text, bool& isPlain) {
     if (*at_ != '"') return Fit::unfit;
     const StringToken token = scanString(at_, end_);
     if (token.close == nullptr) return Fit::broken;
-    mayReadOn = token.isPlain;
+    isPlain = token.isPlain;
     if (token.isPlain) {
         text = {token.inside, static_cast<std::size_t>(token.close - token.inside)};
     } else {
@@ -78,11 +77,11 @@ Fit ValueReader::readText(std::string_view& text, bool& mayReadOn) {
 
 Fit ValueReader::textInto(void* place, bool isOptional) {
     std::string_view text;
-    bool mayReadOn = false;
-    const Fit fit = readText(text, mayReadOn);
+    bool isPlain = false;
+    const Fit fit = readText(text, isPlain);
     if (fit != Fit::fits) return fit;
     if (text.size() > shortText) memory_->note(text.size());
-    storeText(place, isOptional, text, mayReadOn);
+    storeText(place, isOptional, text, isPlain);
     return fit;
 }
 
@@ -100,15 +99,15 @@ Fit ValueReader::convertedInto(const TypePlan& type, void* place, const FieldOps
     double number = 0;
     std::int64_t integer = 0;
     if (type.kind == ValueKind::convertedText) {
-        bool mayReadOn = false;
-        const Fit fit = readText(text, mayReadOn);
+        bool isPlain = false;
+        const Fit fit = readText(text, isPlain);
         if (fit != Fit::fits) return fit;
     } else if (type.kind == ValueKind::narrowInteger) {
         if (!numberInto(at_, readInteger, &integer, false)) return Fit::unfit;
     } else if (!numberInto(at_, readNumber, &number, false)) {
         return Fit::unfit;
     }
-    // A field that holds a value of its own keeps it where the new one does not fit.
+    // A field that already holds a value keeps it if the new one does not fit.
     const void* const held = optional != nullptr ? optional->peek(place) : place;
     void* const value = held != nullptr ? const_cast<void*>(held) : optional->open(place);
     const bool fits = type.kind == ValueKind::convertedText   ? type.fromText(text, value)

@@ -11,23 +11,23 @@ namespace VanticRestKit::json {
 
 using namespace mapping;  // the plans
 
-/// What reading a value came to. An unfit value is still ahead; a broken document ends everything.
+/// The result of reading a value. After `unfit` the position is still before the value; `broken` ends the decode.
 enum class Fit : std::uint8_t { fits, unfit, broken };
 
-/// Reads values that hold no others, for both engines.
+/// Reads values that contain no others, for both engines.
 class ValueReader {
 public:
-    /// Strings that it stores are counted in `memory`.
+    /// Stored strings are counted in `memory`.
     ValueReader(const char* at, const char* end, MemoryBudget& memory)
         : at_(at), end_(end), memory_(&memory) {}
 
-    /// Reads the value ahead into its place. `optional` tells how to open a place that is a std::optional; null
-    /// for any other. A place that does not get a value keeps the one it has, or none.
+    /// Reads the next value into `place`. `optional` has the operations of a std::optional, and is null if `place` is
+    /// not one. If the value does not fit, `place` is not changed, except by a host's conversion function.
     Fit plain(const TypePlan& type, void* place, const FieldOps* optional);
 
-    /// The text ahead; a view of the document or of a buffer that the next call reuses. `mayReadOn` tells that
-    /// the bytes behind the view can be read.
-    Fit readText(std::string_view& text, bool& mayReadOn);
+    /// Reads the next string; `text` is a view of the document or of a buffer that the next call reuses. `isPlain`: it
+    /// is a plain token of the document, so the bytes after it are readable.
+    Fit readText(std::string_view& text, bool& isPlain);
 
 protected:
     Fit textInto(void* place, bool isOptional);
