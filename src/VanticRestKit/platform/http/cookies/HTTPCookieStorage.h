@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `HTTPCookieStorage`: the cookies of one or several sessions.
+/// `HTTPCookieStorage`: the cookies of one or more sessions.
 
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/platform/error/Error.h>
@@ -23,39 +23,39 @@ class CookieJar;
 enum class HTTPCookieAcceptPolicy {
     always = 0,
     never = 1,
-    /// Only those of the site that the request was made for: after a redirect to a host of another registered domain
-    /// ("example.org" is the one of "www.example.org"), that host's cookies are not accepted.
+    /// Only cookies of the site of the original request: after a redirect to a host with another registered domain
+    /// (that of "www.example.org" is "example.org"), that host's cookies are not accepted.
     onlyFromMainDocumentDomain = 2,
 };
 
-/// Where a storage keeps its cookies beyond the life of the process.
+/// The file in which a storage keeps its cookies beyond the life of the process.
 struct HTTPCookieFile {
-    /// The absolute path of the file, in a folder that exists. It is created for the user alone (mode 0600) and replaced
-    /// as a whole by each write, so that a crash leaves the old or the new one. One storage has it at a time.
+    /// The absolute path of the file, in an existing folder. The file is created with mode 0600 and replaced as a whole
+    /// by each write, so that a crash leaves either the old or the new one. Only one storage may use it at a time.
     std::string path{};
-    /// Called for each problem with the file, on a queue of the storage's own; may be empty. The error has the domain
-    /// "NSCocoaErrorDomain" and one of the codes 259 (the file was damaged; it was renamed to its name with ".damaged"
-    /// at the end, and the storage began empty), 257 (it cannot be read and will not be written) and 512 (it cannot be
-    /// written; the next change tries again).
+    /// Called for each problem with the file, on the storage's own queue; may be empty. The error has the domain
+    /// "NSCocoaErrorDomain" and one of the codes 259 (the file was damaged; ".damaged" was appended to its name, and
+    /// the storage is empty), 257 (it cannot be read and will not be written) and 512 (it cannot be written; the next
+    /// change tries again).
     UniqueFunction<void(Error)> onProblem{};
 };
 
-/// Keeps cookies and finds those of a request (RFC 6265). Sessions fill and ask it; a host may too.
+/// Stores cookies and finds those for a request (RFC 6265). Used by sessions, and optionally by hosts.
 ///
-/// A cookie is accepted if its domain is the host that sent it or a domain above that host, but no public suffix such
-/// as "org" or "co.uk"; Secure cookies only over https, and cookies whose names begin with "__Secure-" or "__Host-" only
-/// with what those promise. A cookie of http does not replace a Secure one. A cookie of more than 4096 bytes, name and
-/// value together, is not accepted. A domain has at most 50 cookies and a storage 3000: above it, the one that was
-/// sent or set longest ago is removed.
+/// A cookie is accepted if its domain is the host that sent it or a parent domain, but not a public suffix such as
+/// "org" or "co.uk". Secure cookies are accepted only over https, and cookies whose names begin with "__Secure-" or
+/// "__Host-" only if they fulfil the requirements of the prefix. A cookie received over http does not replace a Secure
+/// one. Cookies whose name and value together exceed 4096 bytes are not accepted. A domain has at most 50 cookies and a
+/// storage 3000; beyond that, the one that was sent or set longest ago is removed.
 ///
-/// Any thread may call. A storage belongs to the process that made it, and is not to be used in a child made by `fork`.
+/// Thread-safe. A storage belongs to the process that made it, and must not be used in a child made by `fork`.
 class VRK_EXPORT HTTPCookieStorage {
 public:
-    /// A storage in memory, empty.
+    /// Makes an empty storage in memory.
     static std::shared_ptr<HTTPCookieStorage> make();
 
-    /// A storage whose cookies that have an `expiresDate` are in `file` too. Reads the file before it returns. Changes
-    /// are written about a second later, on a thread of the library, several at once; `flush` writes them now.
+    /// Makes a storage that also keeps cookies with an `expiresDate` in `file`. Reads the file before it returns.
+    /// Changes are collected and written about a second later, on a thread of the library; `flush` writes them at once.
     static std::shared_ptr<HTTPCookieStorage> make(HTTPCookieFile file);
 
     ~HTTPCookieStorage();
@@ -65,29 +65,29 @@ public:
     /// All cookies that have not expired, the oldest first.
     std::vector<HTTPCookie> cookies() const;
 
-    /// The cookies that a request of `forURL` gets, in the order in which it gets them: longer paths first, then the
-    /// older ones. Counts as a use of them.
+    /// The cookies for a request of `forURL`, in the order in which they are sent: longer paths first, then older ones.
+    /// Counts as a use of them.
     std::vector<HTTPCookie> cookies(const URL& forURL) const;
 
-    /// Stores `cookie` in place of the same one of earlier, if there is one; one that has expired only removes that one.
-    /// Returns whether the storage has it then: not if it is malformed or too large, is for all hosts below a public
-    /// suffix, or the policy is `never`.
+    /// Stores `cookie`, replacing the same cookie if there is one; an expired `cookie` only removes that one. Returns
+    /// whether it was stored: not if it is expired, malformed or too large, is for all subdomains of a public suffix,
+    /// or the policy is `never`.
     bool setCookie(HTTPCookie cookie);
 
-    /// Removes the cookie with the name, domain, `includesSubdomains` and path of `cookie`. Does nothing if there is none.
+    /// Removes the cookie with the same name, domain, `includesSubdomains` and path as `cookie`. Has no effect if there
+    /// is none.
     void deleteCookie(const HTTPCookie& cookie);
 
     /// Removes all cookies, as a sign-out does.
     void removeAllCookies();
 
-    /// Which cookies are accepted from now on, whatever session they come from; `always` at first. Those that are
-    /// stored already are still sent.
+    /// Which cookies are accepted from now on, from any session; `always` by default. Stored cookies are still sent.
     HTTPCookieAcceptPolicy cookieAcceptPolicy() const;
-    /// Replaces which cookies are kept. Any thread.
+    /// Replaces the policy.
     void setCookieAcceptPolicy(HTTPCookieAcceptPolicy policy);
 
-    /// Blocks until all changes before this call are in the file, or a problem was reported. Call it before the process
-    /// ends. Returns at once for a storage in memory.
+    /// Blocks until all changes before this call are in the file, or a problem has been reported. Call it before the
+    /// process ends. Returns at once for a storage in memory.
     void flush();
 
 private:

@@ -10,9 +10,9 @@
 
 namespace VanticRestKit::detail {
 
-/// Reads a date in any of the forms that servers write (RFC 6265, section 5.1.1): time, day, month and year in any
-/// order, the rest ignored, the zone always UTC. A year of two digits is one of 1970 to 2069. Empty if one of the four
-/// is missing or if there is no such date.
+/// Parses a date in any of the formats that servers use (RFC 6265, section 5.1.1): time, day, month and year in any
+/// order; the rest is ignored, and the zone is always UTC. A two-digit year is in 1970 to 2069. Empty if one of the
+/// four is missing or the date does not exist.
 std::optional<Date> readCookieDate(std::string_view text);
 
 }  // namespace VanticRestKit::detail

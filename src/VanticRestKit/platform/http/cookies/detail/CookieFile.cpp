@@ -25,7 +25,7 @@ constexpr int cannotBeRead = 257;
 constexpr int isDamaged = 259;
 constexpr int cannotBeWritten = 512;
 
-// Far more than the largest number of the largest cookies takes.
+// Far more than the maximum number of maximum-size cookies takes.
 constexpr off_t maxFileSize = 64L * 1024 * 1024;
 
 class Descriptor {
@@ -44,9 +44,9 @@ private:
     const int number_;
 };
 
-/// The bytes of a regular file. Empty if there is none that can be read; `errno` says why.
+/// The contents of a regular file. No value if it cannot be read; `errno` has the reason.
 std::optional<std::string> contentOf(const std::string& path) {
-    // A pipe must not hold up the caller.
+    // O_NONBLOCK: opening a pipe must not block.
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!file) return std::nullopt;
     struct stat status {};
@@ -79,7 +79,7 @@ bool writeAll(int file, std::string_view text) {
     return ::fsync(file) == 0;
 }
 
-/// Has the disk keep the new name of a file in `path`'s folder. Not all file systems can; the file is whole either way.
+/// Makes a rename in `path`'s folder durable. Not all file systems support this; the file is complete either way.
 void syncFolderOf(const std::string& path) {
     const auto slash = path.find_last_of('/');
     const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
@@ -112,7 +112,7 @@ void CookieFile::write(const std::vector<HTTPCookie>& cookies) {
     report(cannotBeWritten, "The file of the cookies cannot be written.", errno);
 }
 
-// A file of its own first, so that no one ever sees a part of the new one under the name.
+// Writes a temporary file and renames it, so that a partly written file is never visible under the name.
 bool CookieFile::replace(const std::string& text) {
     std::string temporary = path_ + ".XXXXXX";
     const Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));

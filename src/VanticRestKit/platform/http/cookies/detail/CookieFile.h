@@ -13,16 +13,16 @@
 
 namespace VanticRestKit::detail {
 
-/// Reads and writes the file. Problems are reported on its queue.
+/// Reads and writes the file. Problems are reported on `queue()`.
 class CookieFile {
 public:
     explicit CookieFile(HTTPCookieFile file);
 
-    /// The cookies in the file; none if there is no file. A file that is not one of cookies is set aside, and one that
-    /// cannot be read is left alone from then on. Called once, before the first `write`.
+    /// The cookies in the file; none if there is no file. A file that is not a valid cookie file is renamed; one that
+    /// cannot be read is never written. Called once, before the first `write`.
     std::vector<HTTPCookie> read();
 
-    /// Replaces the file. Blocks until it is on the disk. On the queue only.
+    /// Replaces the file. Blocks until it is on disk. Only on the queue.
     void write(const std::vector<HTTPCookie>& cookies);
 
     const DispatchQueue& queue() const noexcept { return queue_; }

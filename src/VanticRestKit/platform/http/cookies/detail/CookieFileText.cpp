@@ -17,7 +17,7 @@ namespace {
 constexpr std::string_view firstLine = "VanticRestKit cookies 1\n";
 constexpr std::string_view lastLineBegins = "end ";
 
-// Letters for what a cookie has.
+// Flag letters.
 constexpr char subdomains = 'd';
 constexpr char secure = 's';
 constexpr char httpOnly = 'h';
@@ -32,7 +32,7 @@ std::string checkSumOf(std::string_view text) {
 }
 
 std::string flagsOf(const HTTPCookie& cookie) {
-    // Begins with a sign, so that no field of the line is empty by design.
+    // Begins with a dash, so that the field is never empty.
     std::string flags = "-";
     if (cookie.includesSubdomains) flags += subdomains;
     if (cookie.isSecure) flags += secure;
@@ -50,11 +50,11 @@ void applyFlag(HTTPCookie& cookie, char flag) {
     }
 }
 
-// A tab is the only control character that a cookie may have, and the separator of the fields here.
-constexpr char standsForTab = '\x01';
+// Tabs separate the fields here, but a cookie may contain them, as its only control character.
+constexpr char tabSubstitute = '\x01';
 
 void appendField(std::string& text, std::string_view field) {
-    for (const char c : field) text += c == '\t' ? standsForTab : c;
+    for (const char c : field) text += c == '\t' ? tabSubstitute : c;
     text += '\t';
 }
 
@@ -63,7 +63,7 @@ std::optional<std::string> takeField(std::string_view& line) {
     const auto tab = line.find('\t');
     if (tab == std::string_view::npos) return std::nullopt;
     std::string field(line.substr(0, tab));
-    for (char& c : field) c = c == standsForTab ? '\t' : c;
+    for (char& c : field) c = c == tabSubstitute ? '\t' : c;
     line.remove_prefix(tab + 1);
     return field;
 }
@@ -75,7 +75,7 @@ std::optional<HTTPCookie> readLine(std::string_view line) {
         if (!taken) return std::nullopt;
         field = *std::move(taken);
     }
-    // The bits of the number, so that what is read is exactly what was written.
+    // The bits of the number are stored, so that exactly the same number is read back.
     std::uint64_t bits = 0;
     const std::string& number = fields[4];
     const auto read = std::from_chars(number.data(), number.data() + number.size(), bits, 16);

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The form of a cookie file.
+/// The format of a cookie file.
 
 #include <VanticRestKit/platform/http/cookies/HTTPCookie.h>
 
@@ -12,11 +12,11 @@
 
 namespace VanticRestKit::detail {
 
-/// The file of `cookies`, all of which have an `expiresDate`: a line that names the form, a line for each cookie, and a
-/// line with the check sum of all lines before it.
+/// The contents of a file with `cookies`, all of which have an `expiresDate`: a line that names the format, a line for
+/// each cookie, and a line with the checksum of all lines before it.
 std::string cookieFileText(const std::vector<HTTPCookie>& cookies);
 
-/// The cookies of a file. Empty if it is not a whole one of this form.
+/// The cookies of a file. No value if it is not a complete file of this format.
 std::optional<std::vector<HTTPCookie>> readCookieFileText(std::string_view text);
 
 }  // namespace VanticRestKit::detail

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// How hosts and paths of cookies compare.
+/// How the hosts and paths of cookies are compared.
 
 #include <VanticRestKit/platform/url/URL.h>
 
@@ -10,22 +10,22 @@
 
 namespace VanticRestKit::detail {
 
-/// `host` in the form in which hosts are compared: lower case, letters beyond ASCII in Punycode.
+/// `host` in the form in which hosts are compared: lower case, and Punycode for non-ASCII labels.
 std::string canonicalHost(std::string_view host);
 
-/// Whether a canonical host is an address and not a name, so that it has no subdomains.
+/// Whether a canonical host is an address, which has no subdomains.
 bool isIPAddress(const std::string& host);
 
-/// Whether `host` is `domain` or a name below it. Both are canonical.
+/// Whether `host` is `domain` or a subdomain of it. Both are canonical.
 bool domainMatches(std::string_view host, std::string_view domain);
 
-/// Whether a request of `path` gets the cookies of `cookiePath`.
+/// Whether cookies with `cookiePath` are sent for `path`.
 bool pathMatches(std::string_view path, std::string_view cookiePath);
 
-/// The path of a cookie that names none: the folder of the path of the request.
+/// The path of a cookie without a Path attribute: the directory of the request's path.
 std::string defaultPath(std::string_view path);
 
-/// What decides which cookies a request gets.
+/// The parts of a URL that decide which cookies are sent.
 struct CookieTarget {
     /// Canonical; empty if the URL has none.
     std::string host{};

@@ -11,7 +11,7 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// A server may renew its cookies with each answer; each write waits for the disk.
+// A server may renew its cookies with each response, and each write waits for the disk.
 constexpr std::chrono::seconds writeDelay{1};
 
 bool isAccepted(HTTPCookieAcceptPolicy policy, const CookieTarget& sender, const URL& mainURL) {
@@ -46,7 +46,7 @@ void CookieJar::load(std::vector<HTTPCookie> cookies) {
     for (HTTPCookie& cookie : cookies) {
         if (auto canonical = canonicalCookie(std::move(cookie))) store_.set(*std::move(canonical), clock_());
     }
-    // What was just read need not be written.
+    // Cookies that were just read need not be written.
     static_cast<void>(store_.takePersistentChange());
     count_.store(store_.count());
 }
@@ -106,8 +106,8 @@ void CookieJar::receive(const std::vector<std::string>& lines, const URL& url, c
     const Date now = clock_();
     const std::lock_guard lock(mutex_);
     for (const std::string& line : lines) {
-        const auto said = readSetCookie(line);
-        auto cookie = said ? acceptedCookie(*said, sender, now) : std::nullopt;
+        const auto parsed = readSetCookie(line);
+        auto cookie = parsed ? acceptedCookie(*parsed, sender, now) : std::nullopt;
         if (!cookie || (!sender.isSecure && store_.wouldHideSecureCookie(*cookie, now))) continue;
         store_.set(*std::move(cookie), now);
     }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `CookieJar`: what is inside an `HTTPCookieStorage`.
+/// `CookieJar`: the implementation of an `HTTPCookieStorage`.
 
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/http/cookies/detail/CookieFile.h>
@@ -17,18 +17,18 @@
 
 namespace VanticRestKit::detail {
 
-/// Where a jar reads the time.
+/// Returns the current time.
 using CookieClock = Date (*)();
 
-/// The time of the system.
+/// The system clock.
 Date systemCookieClock();
 
-/// The cookies with their lock, their clock and their file. Any thread may call; nothing waits for the file.
+/// The cookies with their lock, clock and file. Thread-safe; only `flush` waits for the file.
 class CookieJar : public std::enable_shared_from_this<CookieJar> {
 public:
     CookieJar(CookieClock clock, std::unique_ptr<CookieFile> file);
 
-    /// A storage with a jar; reads the file if there is one.
+    /// Makes a storage with a jar; reads the file if one is given.
     static std::shared_ptr<HTTPCookieStorage> storage(CookieClock clock,
                                                       std::optional<HTTPCookieFile> file = std::nullopt);
     /// The jar of a storage.
@@ -40,14 +40,15 @@ public:
     void remove(const HTTPCookie& cookie);
     void clear();
 
-    /// Whether there is no cookie at all. Takes no lock: most requests are made while there is none.
+    /// Whether there are no cookies. Takes no lock, since there are none during most requests.
     bool isEmpty() const noexcept { return count_.load() == 0; }
 
-    /// The value of the Cookie header of a request of `url`; empty if there is no cookie for it.
+    /// The value of the Cookie header for a request of `url`; empty if there is no cookie for it.
     std::string header(const URL& url);
 
-    /// Takes what an answer to a request of `url` set, each of `lines` the value of one Set-Cookie header. The request
-    /// was made for `mainURL`, from which redirects led to `url`. Both `sessionPolicy` and the jar's must accept.
+    /// Stores the cookies of a response from `url`; `lines` are the values of its Set-Cookie headers. `mainURL` is the
+    /// URL of the original request, which was redirected to `url`. Both `sessionPolicy` and the jar's policy must
+    /// accept a cookie.
     void receive(const std::vector<std::string>& lines, const URL& url, const URL& mainURL,
                  HTTPCookieAcceptPolicy sessionPolicy);
 
@@ -67,7 +68,7 @@ private:
     std::atomic<std::size_t> count_ = 0;
     mutable std::mutex mutex_;
     CookieStore store_;
-    // Whether a write is to come that has not looked at the cookies yet.
+    // Whether a write is scheduled that has not read the cookies yet.
     bool isWriteDue_ = false;
 };
 

@@ -15,27 +15,27 @@ bool beginsWithPrefix(std::string_view name, std::string_view prefix) {
     return sameHeaderName(name.substr(0, prefix.size()), prefix);
 }
 
-/// Whether the cookie has what the prefix of its name promises.
-bool keepsItsPromise(const HTTPCookie& cookie, const SetCookie& said) {
+/// Whether the cookie meets the requirements of its name's prefix.
+bool meetsPrefixRules(const HTTPCookie& cookie, const SetCookie& parsed) {
     if (beginsWithPrefix(cookie.name, "__Host-")) {
-        return cookie.isSecure && !cookie.includesSubdomains && said.domain.empty() && said.path == "/";
+        return cookie.isSecure && !cookie.includesSubdomains && parsed.domain.empty() && parsed.path == "/";
     }
     return cookie.isSecure || !beginsWithPrefix(cookie.name, "__Secure-");
 }
 
-std::optional<Date> expiryOf(const SetCookie& said, Date now) {
-    if (!said.maxAge) return said.expires;
-    if (*said.maxAge <= 0) return Date::min();
-    return now + std::chrono::duration<double>(static_cast<double>(*said.maxAge));
+std::optional<Date> expiryOf(const SetCookie& parsed, Date now) {
+    if (!parsed.maxAge) return parsed.expires;
+    if (*parsed.maxAge <= 0) return Date::min();
+    return now + std::chrono::duration<double>(static_cast<double>(*parsed.maxAge));
 }
 
-/// Sets whom the cookie is for. Returns false if it is for a domain that the sender may not set cookies for.
-bool setDomain(HTTPCookie& cookie, const SetCookie& said, const CookieTarget& sender) {
+/// Sets the cookie's domain. Returns false if the sender may not set cookies for it.
+bool setDomain(HTTPCookie& cookie, const SetCookie& parsed, const CookieTarget& sender) {
     cookie.domain = sender.host;
-    if (said.domain.empty()) return true;
-    std::string domain = canonicalHost(said.domain);
+    if (parsed.domain.empty()) return true;
+    std::string domain = canonicalHost(parsed.domain);
     if (domain.starts_with('.') || !domainMatches(sender.host, domain)) return false;
-    // What is registered below a suffix belongs to someone else; a host that is itself a suffix has its own cookies.
+    // A public suffix is shared by many owners; but a host that is itself a suffix may have its own cookies.
     if (isIPAddress(sender.host) || isPublicSuffix(domain)) return domain == sender.host;
     cookie.domain = std::move(domain);
     cookie.includesSubdomains = true;
@@ -44,21 +44,21 @@ bool setDomain(HTTPCookie& cookie, const SetCookie& said, const CookieTarget& se
 
 }  // namespace
 
-std::optional<HTTPCookie> acceptedCookie(const SetCookie& said, const CookieTarget& sender, Date now) {
+std::optional<HTTPCookie> acceptedCookie(const SetCookie& parsed, const CookieTarget& sender, Date now) {
     HTTPCookie cookie;
-    // A leading dot has a meaning of its own in a cookie's domain, and no host has one.
-    if (sender.host.empty() || sender.host.starts_with('.') || !setDomain(cookie, said, sender))
+    // A leading dot has a special meaning in a cookie's domain, and no real host has one.
+    if (sender.host.empty() || sender.host.starts_with('.') || !setDomain(cookie, parsed, sender))
         return std::nullopt;
-    // Someone on the way could have set it.
-    if (said.isSecure && !sender.isSecure) return std::nullopt;
-    cookie.name = said.name;
-    cookie.value = said.value;
-    cookie.path = said.path.empty() ? defaultPath(sender.path) : said.path;
-    cookie.expiresDate = expiryOf(said, now);
-    cookie.isSecure = said.isSecure;
-    cookie.isHTTPOnly = said.isHTTPOnly;
-    cookie.sameSite = said.sameSite;
-    if (!keepsItsPromise(cookie, said)) return std::nullopt;
+    // Over http, an attacker could have set it.
+    if (parsed.isSecure && !sender.isSecure) return std::nullopt;
+    cookie.name = parsed.name;
+    cookie.value = parsed.value;
+    cookie.path = parsed.path.empty() ? defaultPath(sender.path) : parsed.path;
+    cookie.expiresDate = expiryOf(parsed, now);
+    cookie.isSecure = parsed.isSecure;
+    cookie.isHTTPOnly = parsed.isHTTPOnly;
+    cookie.sameSite = parsed.sameSite;
+    if (!meetsPrefixRules(cookie, parsed)) return std::nullopt;
     return cookie;
 }
 

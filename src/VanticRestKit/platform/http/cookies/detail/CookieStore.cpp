@@ -13,7 +13,7 @@ bool isExpired(const HTTPCookie& cookie, Date now) {
 }
 
 bool isSameCookie(const HTTPCookie& a, const HTTPCookie& b) {
-    // A cookie of one host does not replace one of that host and its subdomains: browsers keep both.
+    // A host-only cookie does not replace one that includes subdomains: browsers keep both.
     return a.name == b.name && a.path == b.path && a.includesSubdomains == b.includesSubdomains;
 }
 
@@ -43,7 +43,7 @@ bool CookieStore::set(HTTPCookie cookie, Date now) {
     const std::uint64_t use = ++counter_;
     if (found != entries.end()) {
         note(found->cookie);
-        // A cookie that had ended is not the same one any more, though it is still here.
+        // An expired cookie that is still stored counts as a different one.
         if (isExpired(found->cookie, now)) found->created = use;
         found->cookie = std::move(cookie);
         found->used = use;
@@ -90,24 +90,24 @@ void CookieStore::clear() {
 }
 
 std::vector<HTTPCookie> CookieStore::all(Date now) const {
-    std::vector<const Entry*> living;
+    std::vector<const Entry*> valid;
     for (const auto& [domain, entries] : domains_) {
         for (const Entry& entry : entries) {
-            if (!isExpired(entry.cookie, now)) living.push_back(&entry);
+            if (!isExpired(entry.cookie, now)) valid.push_back(&entry);
         }
     }
-    std::sort(living.begin(), living.end(),
+    std::sort(valid.begin(), valid.end(),
               [](const Entry* a, const Entry* b) { return a->created < b->created; });
     std::vector<HTTPCookie> cookies;
-    cookies.reserve(living.size());
-    for (const Entry* const entry : living) cookies.push_back(entry->cookie);
+    cookies.reserve(valid.size());
+    for (const Entry* const entry : valid) cookies.push_back(entry->cookie);
     return cookies;
 }
 
 std::vector<const HTTPCookie*> CookieStore::matching(const CookieTarget& target, Date now) {
     std::vector<Entry*> found;
     std::string_view domain = target.host;
-    // The host, then each domain above it.
+    // The host, then each parent domain.
     while (!domain.empty()) {
         const auto entries = domains_.find(domain);
         const bool isHost = domain.size() == target.host.size();
@@ -154,7 +154,7 @@ void CookieStore::limitDomain(Entries& entries, Date now) {
     if (entries.size() <= limits_.perDomain) return;
     removeExpired(entries, now);
     while (entries.size() > limits_.perDomain) {
-        // Cookies over http must not push out those of https.
+        // Cookies received over http must not displace Secure ones.
         const auto least =
             std::min_element(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) {
                 return std::tuple(a.cookie.isSecure, a.used) < std::tuple(b.cookie.isSecure, b.used);

@@ -16,22 +16,23 @@
 
 namespace VanticRestKit::detail {
 
-/// How many cookies there are at most. Above it the one that was sent or set longest ago is removed.
+/// The maximum number of cookies. Beyond it the one that was sent or set longest ago is removed.
 struct CookieLimits {
     std::size_t perDomain = 50;
     std::size_t total = 3000;
 };
 
-/// The cookies of one storage. Neither rules nor locks: what is set has been accepted. For one thread at a time.
+/// The cookies of one storage, without rules and locks: cookies that are set must have been accepted. For one thread at
+/// a time.
 class CookieStore {
 public:
     explicit CookieStore(CookieLimits limits = {}) : limits_(limits) {}
 
-    /// Adds `cookie` in place of the same one of earlier, whose position in requests it takes; a cookie that has expired
-    /// at `now` only removes that one. Returns whether the store has the cookie then.
+    /// Adds `cookie`, replacing the same cookie and keeping its position in requests; a cookie that has expired at
+    /// `now` only removes that one. Returns whether the store then has the cookie.
     bool set(HTTPCookie cookie, Date now);
 
-    /// Whether `cookie`, which came over http, would take precedence over one that is sent over https only.
+    /// Whether `cookie`, which was received over http, would take precedence over a Secure one.
     bool wouldHideSecureCookie(const HTTPCookie& cookie, Date now) const;
 
     /// Removes the cookie that `cookie` would replace.
@@ -41,19 +42,19 @@ public:
     /// All cookies that have not expired at `now`, the oldest first.
     std::vector<HTTPCookie> all(Date now) const;
 
-    /// The cookies that a request to `target` gets, in the order in which it gets them: those of longer paths first, of
-    /// paths of one length the older first. Counts as a use of them. Valid until the next change.
+    /// The cookies for a request to `target`, in the order in which they are sent: longer paths first, and older ones
+    /// first for paths of the same length. Counts as a use of them. Valid until the next change.
     std::vector<const HTTPCookie*> matching(const CookieTarget& target, Date now);
 
     std::size_t count() const noexcept { return count_; }
 
-    /// Whether cookies that outlive the process have changed since the last call.
+    /// Whether cookies that are stored in a file have changed since the last call.
     bool takePersistentChange() noexcept;
 
 private:
     struct Entry {
         HTTPCookie cookie{};
-        // Counters and not times: the clock may jump, and many cookies arrive at once.
+        // Counters instead of times: the clock may jump, and many cookies arrive at the same time.
         std::uint64_t created = 0;
         std::uint64_t used = 0;
     };

@@ -4,8 +4,8 @@
 
 namespace VanticRestKit::detail {
 
-// `psl_builtin` returns a constant of libpsl. It is null if libpsl was built without a list; then every domain counts as
-// a suffix, and no cookie is for more than one host.
+// `psl_builtin` returns a constant of libpsl. It is null if libpsl was built without a list; then every domain counts
+// as a suffix, and cookies are host-only.
 
 bool isPublicSuffix(const std::string& domain) {
     return psl_is_public_suffix(psl_builtin(), domain.c_str()) != 0;

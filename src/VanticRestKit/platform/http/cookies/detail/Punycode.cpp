@@ -11,7 +11,7 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// The parameters of Punycode, with the names that RFC 3492 gives them.
+// The parameters of Punycode, as named in RFC 3492.
 constexpr std::uint32_t base = 36;
 constexpr std::uint32_t tMin = 1;
 constexpr std::uint32_t tMax = 26;
@@ -20,7 +20,7 @@ constexpr std::uint32_t damp = 700;
 constexpr std::uint32_t initialBias = 72;
 constexpr std::uint32_t initialCode = 128;
 
-// No label of a host has more bytes in ASCII; it also keeps the arithmetic below within 32 bits.
+// The maximum length of a host label in ASCII; it also keeps the arithmetic below within 32 bits.
 constexpr std::size_t maxCharacters = 63;
 
 char digitOf(std::uint32_t value) { return static_cast<char>(value < 26 ? 'a' + value : '0' + (value - 26)); }

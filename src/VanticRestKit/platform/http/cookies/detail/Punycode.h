@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Punycode: letters beyond ASCII in the names of hosts.
+/// Punycode: encodes non-ASCII host names.
 
 #include <optional>
 #include <string>
@@ -9,8 +9,8 @@
 
 namespace VanticRestKit::detail {
 
-/// The Punycode form (RFC 3492) of `label`, UTF-8, without the prefix "xn--". Empty if `label` is not UTF-8 or is longer
-/// than a label of a host can be.
+/// The Punycode form (RFC 3492) of `label`, which is UTF-8, without the prefix "xn--". Empty if `label` is not valid
+/// UTF-8 or is too long for a host name.
 std::optional<std::string> punycode(std::string_view label);
 
 }  // namespace VanticRestKit::detail

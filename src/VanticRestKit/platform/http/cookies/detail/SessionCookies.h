@@ -15,17 +15,17 @@ namespace VanticRestKit::detail {
 
 class CookieJar;
 
-/// Decides which cookies a session adds to its requests and which it keeps of its answers. Without a storage it does
-/// neither. Any thread may call.
+/// Decides which cookies a session adds to requests and which it stores from responses. Without a storage it does
+/// neither. Thread-safe.
 class SessionCookies {
 public:
     explicit SessionCookies(const URLSessionConfiguration& configuration);
 
-    /// The value of the Cookie header that is added to `request`; empty if none is. None is added to a request that has
-    /// one of its own.
+    /// The value of the Cookie header to add to `request`; empty if none is added. None is added to a request that has
+    /// its own.
     std::string headerFor(const URLRequest& request) const;
 
-    /// Takes the Set-Cookie headers of the answer to `request`, to which redirects led from `original`.
+    /// Stores the Set-Cookie headers of the response to `request`, which resulted from redirects of `original`.
     void receive(const std::vector<std::string>& lines, const URLRequest& request,
                  const URLRequest& original) const;
 

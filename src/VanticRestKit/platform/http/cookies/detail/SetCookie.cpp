@@ -12,7 +12,8 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-/// Removes what precedes the first `separator` from `text`, and the separator; all of it if there is none.
+/// Removes and returns the part of `text` before the first `separator`, and removes the separator; takes all of `text`
+/// if there is none.
 std::string_view takeUntil(std::string_view& text, char separator) {
     const auto end = text.find(separator);
     const std::string_view taken = text.substr(0, end);
@@ -24,11 +25,11 @@ std::optional<std::int64_t> readMaxAge(std::string_view text) {
     const bool isNegative = text.starts_with('-');
     if (isNegative) text.remove_prefix(1);
     if (text.empty()) return std::nullopt;
-    constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max() / 100;
+    constexpr std::int64_t limit = std::numeric_limits<std::int64_t>::max() / 100;
     std::int64_t seconds = 0;
     for (const char c : text) {
         if (c < '0' || c > '9') return std::nullopt;
-        seconds = std::min(seconds * 10 + (c - '0'), most);
+        seconds = std::min(seconds * 10 + (c - '0'), limit);
     }
     return isNegative ? -seconds : seconds;
 }
@@ -51,7 +52,7 @@ void apply(SetCookie& cookie, std::string_view name, std::string_view value) {
     } else if (sameHeaderName(name, "max-age")) {
         if (const auto seconds = readMaxAge(value)) cookie.maxAge = seconds;
     } else if (sameHeaderName(name, "domain")) {
-        // An empty one restricts the cookie to its host again, as browsers have it.
+        // An empty Domain restricts the cookie to its host again, as in browsers.
         if (value.starts_with('.')) value.remove_prefix(1);
         cookie.domain = value;
     } else if (sameHeaderName(name, "path")) {

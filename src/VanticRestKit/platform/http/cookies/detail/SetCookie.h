@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `SetCookie`: what the value of a Set-Cookie header says.
+/// `SetCookie`: a parsed Set-Cookie header.
 
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/http/cookies/HTTPCookie.h>
@@ -14,19 +14,18 @@
 
 namespace VanticRestKit::detail {
 
-/// The largest cookie, as the bytes of name and value together; a larger one is ignored.
+/// The maximum size of name and value together, in bytes; a larger cookie is ignored.
 inline constexpr std::size_t maxCookieSize = 4096;
-/// The largest value of an attribute; an attribute with a larger one is ignored.
+/// The maximum size of an attribute's value, in bytes; an attribute with a larger one is ignored.
 inline constexpr std::size_t maxAttributeSize = 1024;
 
-/// What the value of a Set-Cookie header says, before it is known who sent it. Of attributes that are given more than
-/// once the last valid one counts.
+/// The value of a Set-Cookie header, independent of its sender. The last valid one of repeated attributes is used.
 struct SetCookie {
     std::string name{};
     std::string value{};
-    /// Without its leading dot, with its case. Empty: the host that sent the cookie, and only that host.
+    /// Without its leading dot, in its original case. Empty: only the host that sent the cookie.
     std::string domain{};
-    /// Empty: the folder of the request's path.
+    /// Empty: the directory of the request's path.
     std::string path{};
     std::optional<Date> expires{};
     /// In seconds. Takes precedence over `expires`.
@@ -36,8 +35,8 @@ struct SetCookie {
     std::optional<HTTPCookieSameSite> sameSite{};
 };
 
-/// Reads the value of one Set-Cookie header (RFC 6265, section 5.2). The value ends at a line end or a zero byte. Empty
-/// if it names no cookie, has another control character, or is too large.
+/// Parses the value of one Set-Cookie header (RFC 6265, section 5.2). The value ends at a line end or a zero byte.
+/// Empty if it names no cookie, contains another control character, or is too large.
 std::optional<SetCookie> readSetCookie(std::string_view text);
 
 /// Whether `text` has a control character other than a tab.
