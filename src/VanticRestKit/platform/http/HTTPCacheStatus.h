@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `HTTPCacheStatus`: what the cache of a session did for an answer.
+/// `HTTPCacheStatus`: how the cache of a session was involved in a response.
 
 #include <VanticRestKit/Visibility.h>
 
@@ -12,12 +12,12 @@
 
 namespace VanticRestKit {
 
-/// Where an answer came from.
+/// Where a response came from.
 enum class AnswerSource {
-    network,      ///< The server sent it.
-    cache,        ///< The cache had it; nothing was sent.
-    revalidated,  ///< The cache had it, and the server said that it still holds.
-    stale,        ///< The cache had it and it was out of date; nothing was sent, or what was sent failed.
+    network,      ///< From the server.
+    cache,        ///< From the cache, without asking the server.
+    revalidated,  ///< From the cache, after the server confirmed that it is still valid.
+    stale,        ///< From the cache although it is stale; the server was not asked, or the request failed.
 };
 
 /// "network", "cache", "revalidated" or "stale".
@@ -31,41 +31,41 @@ inline const char* nameOf(AnswerSource source) noexcept {
     return "network";
 }
 
-/// How an answer came about, as far as the session's own cache is concerned.
+/// What the session's cache did for a response.
 struct VRK_EXPORT HTTPCacheStatus {
-    /// Where an answer came from.
+    /// Where a response came from.
     using Source = AnswerSource;
-    /// Why the server was asked; the values of `fwd` of RFC 9211 that a client's own cache can have.
+    /// Why the request was forwarded to the server: the values of `fwd` (RFC 9211) that apply to a client's own cache.
     enum class Forwarding {
-        /// It was not.
+        /// It was not forwarded.
         none,
-        /// The session has no cache, or the policy says not to ask it.
+        /// The session has no cache, or the policy bypasses it.
         bypass,
-        /// The method is one to which nothing is stored.
+        /// Responses to this method are not stored.
         method,
         /// Nothing is stored for this URL.
         uriMiss,
-        /// What is stored for this URL depends on header fields with other values.
+        /// The stored responses for this URL vary by header fields that have other values in this request.
         varyMiss,
-        /// The request's own header fields, or its policy, ask for the server's opinion.
+        /// The request's own header fields or its policy require validation by the server.
         request,
-        /// The time of the stored answer is up.
+        /// The stored response is stale.
         stale,
-        /// What is stored does not hold the part that was asked for.
+        /// The stored response does not contain the requested range.
         partial,
     };
 
-    /// Where the answer came from.
+    /// Where the response came from.
     Source source = Source::network;
-    /// Why the server was asked.
+    /// Why the request was forwarded to the server.
     Forwarding forwarding = Forwarding::bypass;
-    /// Whether a cache was there to ask.
+    /// Whether the session has a cache.
     bool hasCache = false;
-    /// The status with which the server answered; empty if it was not asked or gave no answer.
+    /// The status of the server's response; empty if the request was not forwarded or got no response.
     std::optional<std::int64_t> forwardedStatus{};
-    /// How long the answer stays fresh; below zero for one that is stale. Only of an answer from the cache.
+    /// How long a response from the cache stays fresh; negative if it is stale. Empty for other responses.
     std::optional<std::chrono::seconds> timeToLive{};
-    /// Whether the server's answer was stored.
+    /// Whether the server's response was stored.
     bool isStored = false;
 
     /// The session's member of the field Cache-Status (RFC 9211), such as "VanticRestKit; hit; ttl=40" or

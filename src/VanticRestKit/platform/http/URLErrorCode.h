@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The errors of the transport: their domain and their named codes.
+/// The errors of the transport: their domain and codes.
 
 #include <cstdint>
 #include <string_view>
@@ -13,48 +13,48 @@ inline constexpr std::string_view NSURLErrorDomain = "NSURLErrorDomain";
 
 /// What went wrong with a request, as the `code()` of an `Error` of the domain `NSURLErrorDomain`.
 ///
-/// Such an error's user information holds the URL that failed, a description, and, where the transport below
-/// gave a reason of its own, that reason as the underlying error.
+/// The error's user information holds the URL that failed, a description, and the underlying error if libcurl reported
+/// one.
 enum class URLErrorCode : std::int64_t {
-    /// The cause is none of the others.
+    /// Any other cause.
     unknown = -1,
     /// The task was cancelled.
     cancelled = -999,
-    /// The request cannot be sent as it is: it has no URL or one without a host, a method that is no token or
-    /// that a session does not send, or a header whose name or value is malformed.
+    /// The request cannot be sent: it has no URL or a URL without a host, its method is malformed or not supported, or
+    /// the name or value of a header is malformed.
     badURL = -1000,
-    /// Nothing moved for as long as the request's `timeoutInterval`.
+    /// No data was transferred for the request's `timeoutInterval`, or another time limit of the session was exceeded.
     timedOut = -1001,
     /// The scheme is neither http nor https.
     unsupportedURL = -1002,
-    /// No address is known for the host.
+    /// The host name could not be resolved.
     cannotFindHost = -1003,
     /// No connection to the host could be made.
     cannotConnectToHost = -1004,
-    /// The connection was lost before the answer was whole.
+    /// The connection was lost before the response was complete.
     networkConnectionLost = -1005,
-    /// More redirects than the session's `URLSessionLimits::maxRedirects`.
+    /// The load was redirected more often than `URLSessionLimits::maxRedirects`.
     httpTooManyRedirects = -1007,
-    /// The request's policy allows only stored answers, and there is none.
+    /// The request's cache policy allows only stored responses, and there is none.
     resourceUnavailable = -1008,
-    /// The server broke the rules of the protocol.
+    /// The server violated the protocol.
     badServerResponse = -1011,
-    /// The answer redirects from https to http, which the session's redirect policy does not allow.
+    /// The response redirects from https to http, which the session's redirect policy does not allow.
     appTransportSecurityRequiresSecureConnection = -1022,
-    /// The body is coded in a way that is not known here.
+    /// The content coding of the body is not supported.
     cannotDecodeRawData = -1015,
-    /// The body's coding (gzip, deflate, br) is broken or ends too early.
+    /// The content coding of the body (gzip, deflate, br) is corrupt or truncated.
     cannotDecodeContentData = -1016,
-    /// The answer is no HTTP, or says two things at once.
+    /// The response is not HTTP or contradicts itself.
     cannotParseResponse = -1017,
-    /// The answer is larger than a limit of the session, or than the memory that is left.
+    /// The response exceeds a limit of the session or the available memory.
     dataLengthExceedsMaximum = -1103,
-    /// As many loads as the session allows wait for the origin already; nothing was sent. See
-    /// `URLSessionLimits::maxQueuedLoadsPerOrigin`. This code is not the platform's.
+    /// Too many loads already wait for a connection to the origin; nothing was sent. See
+    /// `URLSessionLimits::maxQueuedLoadsPerOrigin`. This code is the library's own, not the platform's.
     queuedLoadsExceedMaximum = -1105,
     /// TLS could not be set up, for a reason other than the certificate.
     secureConnectionFailed = -1200,
-    /// The server's certificate is not to be trusted: expired, of another host, self-signed, of an unknown
+    /// The server's certificate is not trusted: it has expired, is for another host, is self-signed, or has an unknown
     /// root.
     serverCertificateUntrusted = -1202,
     /// The server's certificate is not valid yet.

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `URLResponse`: what came back, its body aside.
+/// `URLResponse`: a response without its body.
 
 #include <VanticRestKit/platform/url/URL.h>
 #include <VanticRestKit/Visibility.h>
@@ -13,20 +13,20 @@ namespace VanticRestKit {
 
 class HTTPURLResponse;
 
-/// An answer without its body. Immutable, and always held by a `std::shared_ptr<const URLResponse>`.
+/// A response without its body. Immutable, and always held by a `std::shared_ptr<const URLResponse>`.
 class VRK_EXPORT URLResponse {
 public:
-    /// An answer from that address.
+    /// A response from `url`.
     explicit URLResponse(std::optional<URL> url) : url_(std::move(url)) {}
     virtual ~URLResponse() = default;
 
     URLResponse(const URLResponse&) = delete;
     URLResponse& operator=(const URLResponse&) = delete;
 
-    /// Where the answer came from: behind redirects, the last URL.
+    /// The URL that the response came from; after redirects, the last one.
     const std::optional<URL>& url() const noexcept { return url_; }
 
-    /// This answer as one of HTTP, or null where it is none. Lives as long as this object.
+    /// This response as an HTTP response, or null if it is not one. Valid as long as this object.
     virtual const HTTPURLResponse* asHTTP() const noexcept { return nullptr; }
 
 private:

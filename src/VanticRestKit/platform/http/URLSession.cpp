@@ -23,7 +23,7 @@ void URLSessionDataTask::resume() {
 
 void URLSessionDataTask::cancel() {
     transfer_->stopProgress();
-    // In this order: between a look at the state and the attempt to cancel, another thread may start the transfer.
+    // Try this first: after a check of the state, another thread might start the transfer before the cancel.
     if (transfer_->cancelUnstarted()) {
         transport_->delegateQueue().async([transfer = transfer_] {
             const detail::TransportFault fault{URLErrorCode::cancelled};
@@ -62,13 +62,14 @@ const DispatchQueue& URLSession::delegateQueue() const noexcept { return transpo
 
 std::shared_ptr<URLSessionDataTask> URLSession::dataTask(URLRequest request, Completion completionHandler,
                                                          MetricsReceiver metrics, ProgressReceiver progress) {
-    std::shared_ptr<detail::ProgressTeller> teller;
+    std::shared_ptr<detail::ProgressReporter> reporter;
     if (progress) {
-        teller = std::make_shared<detail::ProgressTeller>(std::move(progress), transport_->delegateQueue());
+        reporter =
+            std::make_shared<detail::ProgressReporter>(std::move(progress), transport_->delegateQueue());
     }
     auto transfer = std::make_shared<detail::Transfer>(
         detail::withSessionHeaders(std::move(request), configuration_), std::move(completionHandler),
-        std::move(metrics), std::move(teller));
+        std::move(metrics), std::move(reporter));
     return std::shared_ptr<URLSessionDataTask>(new URLSessionDataTask(transport_, std::move(transfer)));
 }
 

@@ -27,30 +27,29 @@ class Transfer;
 class Transport;
 }  // namespace detail
 
-/// One request on its way. Nothing goes out before `resume()`.
+/// One request of a session. Nothing is sent before `resume()`.
 ///
-/// The task goes on when its last handle is gone, and so does it when the session's is. Any thread may call.
+/// A started task continues after its last handle, and even the session's, is released. Thread-safe.
 class VRK_EXPORT URLSessionDataTask {
 public:
     ~URLSessionDataTask();
     URLSessionDataTask(const URLSessionDataTask&) = delete;
     URLSessionDataTask& operator=(const URLSessionDataTask&) = delete;
 
-    /// Starts the task. Does nothing from the second call on, and nothing to a cancelled task.
+    /// Starts the task. Has no effect on a started or cancelled task.
     void resume();
 
-    /// Ends the task: its connection is closed, or its stream reset, and the completion gets
-    /// `URLErrorCode::cancelled` on the delegate queue. Does nothing to a task that has ended.
+    /// Cancels the task: its connection is closed, or its stream reset, and the completion gets
+    /// `URLErrorCode::cancelled` on the delegate queue. Has no effect on a finished task.
     void cancel();
 
-    /// The bytes of the body that have come, as they come over the wire, and how many there will be: -1 if that is not
-    /// known (yet). After a redirect they count the body of the last answer.
+    /// The number of body bytes received, as counted on the wire. After a redirect, those of the last response.
     std::int64_t countOfBytesReceived() const noexcept;
-    /// How many bytes there will be; -1 if that is not known.
+    /// The expected number of body bytes on the wire; -1 while it is unknown.
     std::int64_t countOfBytesExpectedToReceive() const noexcept;
-    /// The bytes of the request's body that went out, and how many there are.
+    /// The number of bytes of the request's body that have been sent.
     std::int64_t countOfBytesSent() const noexcept;
-    /// How many bytes the body of the request has.
+    /// The size of the request's body in bytes.
     std::int64_t countOfBytesExpectedToSend() const noexcept;
 
 private:
@@ -63,75 +62,75 @@ private:
     std::shared_ptr<detail::Transfer> transfer_;
 };
 
-/// Runs requests. All of a session's requests share its connections, so an application needs one session.
+/// Runs requests. All requests of a session share its connections, so an application needs only one session.
 ///
-/// Completions and publishers deliver on the session's delegate queue: one serial queue with a thread of its
-/// own, never the caller's thread. A completion that takes long holds up other completions, but no transfer.
-/// A completion must not throw: that ends the process, as for every block of a `DispatchQueue`.
-/// A request that cannot be sent reports that there too. Any thread may call, a completion included.
+/// Completions and publishers deliver on the session's delegate queue: a serial queue with its own thread, never the
+/// caller's thread. A slow completion delays other completions, but no transfer. A completion must not throw: that ends
+/// the process, as for every block of a `DispatchQueue`. Errors of requests that cannot be sent are delivered there
+/// too. Thread-safe; completions may call it.
 ///
-/// If the system gives no thread for the session, a load fails with `URLErrorCode::unknown`; its completion then runs
-/// on the calling thread, inside `resume()`, if there is none for the delegate queue either.
+/// If the system cannot start the session's I/O thread, loads fail with `URLErrorCode::unknown`; if it cannot start the
+/// delegate queue's thread either, their completions run on the calling thread, inside `resume()`.
 ///
 /// A session belongs to the process that made it. In a child made by `fork` its loads fail at once with
-/// `URLErrorCode::unknown`; what the parent had started goes on in the parent only. A child makes a session of its
-/// own.
+/// `URLErrorCode::unknown`; loads that the parent started continue in the parent only. A child must make its own
+/// session.
 ///
-/// The session's threads block all signals but those of faults, so that none of a host's handlers runs there. While
-/// completions run, their thread has the signal mask of the thread that started the session's first load: a process
-/// started in a completion inherits that one.
+/// The session's threads block all signals except those for faults, so a host's signal handlers never run there. While
+/// completions run, their thread has the signal mask of the thread that started the session's first load; a process
+/// started in a completion inherits that mask.
 ///
-/// Requests go to http and https only, through no proxy but that of the configuration, with certificates and host names
-/// verified. Redirects are followed as the configuration says, at most twenty by default: 303 turns every method but HEAD into GET,
-/// 301 and 302 turn POST into GET, and what tells who is asking stays with the origin it was meant for. Each request gets
-/// the cookies of the configuration's storage, and those of its answers are stored there. Nothing is sent twice, with one
-/// exception: a GET that went out on a connection which the server had given up already goes out on another one.
+/// Only http and https URLs are requested. No proxy is used except the configuration's, and certificates and host names
+/// are verified. Redirects are followed as configured, at most twenty by default: 303 changes every method except HEAD
+/// to GET, 301 and 302 change POST to GET, and headers that identify the user are sent only to the original origin.
+/// Cookies are taken from and stored in the configuration's storage. No request is sent twice, with one exception: a
+/// GET that was sent on a connection which the server had already closed is sent again on another one.
 class VRK_EXPORT URLSession {
 public:
-    /// Called once with body and response, or with an error. A body is present when there is no error, if
-    /// only with no bytes; a response may stand beside an error that came behind the headers.
+    /// Called once with a body and response, or with an error. Without an error there is always a body, possibly of
+    /// zero bytes. Both a response and an error are passed if the error occurred after the headers.
     using Completion =
         UniqueFunction<void(std::optional<Data>, std::shared_ptr<const URLResponse>, std::optional<Error>)>;
     /// A body with its response.
     using Output = std::pair<Data, std::shared_ptr<const URLResponse>>;
 
-    /// A session of its own, with its own connections and threads. Any thread.
+    /// Makes a session with its own connections and threads. Thread-safe.
     static std::shared_ptr<URLSession> make(URLSessionConfiguration configuration);
     ~URLSession();
     URLSession(const URLSession&) = delete;
     URLSession& operator=(const URLSession&) = delete;
 
-    /// What the session was made with.
+    /// The configuration that the session was made with.
     const URLSessionConfiguration& configuration() const noexcept { return configuration_; }
 
     /// The queue on which completions and publishers deliver.
     const DispatchQueue& delegateQueue() const noexcept;
 
-    /// A task for `request`. Its completion is called once, and let go on the delegate queue; a task that is
-    /// neither resumed nor cancelled never calls it. `metrics`, unless it is empty, gets the records of the requests;
-    /// `progress`, unless it is empty, is told how far the task is, on the delegate queue too.
+    /// Makes a task for `request`. Its completion is called once, and destroyed on the delegate queue; a task that is
+    /// neither resumed nor cancelled never calls it. `metrics` receives the records of the requests, and `progress` the
+    /// progress of the task, both on the delegate queue; either may be empty.
     std::shared_ptr<URLSessionDataTask> dataTask(URLRequest request, Completion completionHandler,
                                                  MetricsReceiver metrics = {},
                                                  ProgressReceiver progress = {});
 
-    /// A publisher of the one answer to `request`. Each subscription sends the request anew; cancelling it
-    /// ends the transfer. The publisher keeps the session's connections, not the `URLSession`. `metrics`, unless it is
-    /// empty, gets the records of the requests of all subscriptions.
+    /// A publisher of the response to `request`. Each subscription sends the request again; cancelling it ends the
+    /// transfer. The publisher keeps the session's connections alive, but not the `URLSession`. `metrics` receives the
+    /// records of the requests of all subscriptions; it may be empty.
     AnyPublisher<Output, Error> dataTaskPublisher(URLRequest request, MetricsReceiver metrics = {});
 
-    /// Opens a connection to the host of `url`, TLS included, so that the next request to it need not wait for one. It
-    /// sends a HEAD of `url`, since a connection of HTTP/1.1 on which nothing was asked is not kept: name a cheap one.
-    /// Its outcome is not told; the next request will meet a failure itself.
+    /// Opens a connection to the host of `url`, including TLS, so that the next request to it need not wait for one.
+    /// Sends a HEAD request for `url`, because an unused HTTP/1.1 connection is not kept: choose a URL that is cheap
+    /// for the server. The result is not reported; if connecting fails, the next request fails too.
     void preconnect(const URL& url);
 
-    /// Starts no task any more: those resumed from now on fail with `URLErrorCode::unknown`. Those under way go on to
-    /// their end. Returns at once.
+    /// Invalidates the session: tasks resumed from now on fail with `URLErrorCode::unknown`. Running tasks finish.
+    /// Returns at once.
     void finishTasksAndInvalidate();
-    /// The same, and ends those under way as `cancel()` does.
+    /// The same, and cancels running tasks as `cancel()` does.
     void invalidateAndCancel();
 
-    /// Closes the connections that are idle, which is wise when the network has changed: they may lead nowhere now.
-    /// What is under way is left alone. Returns at once.
+    /// Closes idle connections. Call it when the network has changed, since they may be dead. Running tasks are not
+    /// affected. Returns at once.
     void closeIdleConnections();
 
 private:

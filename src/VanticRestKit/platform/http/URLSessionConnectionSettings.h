@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// How a session connects: proxy, TLS, addresses and versions of HTTP.
+/// How a session connects: proxy, TLS, addresses and HTTP versions.
 
 #include <cstdint>
 #include <optional>
@@ -10,49 +10,49 @@
 
 namespace VanticRestKit {
 
-/// A proxy that requests go through. http requests are handed to it whole; https requests go through a tunnel, so that
-/// it sees the host's name and no more.
+/// A proxy for requests. The proxy sees http requests in full; https requests use a tunnel, so it sees only the host
+/// name.
 struct URLSessionProxy {
-    /// Its address, "http://host:port" or "https://host:port". The certificate of one of https is verified like that
-    /// of a server. Anything else fails every request with `URLErrorCode::badURL`.
+    /// Its address, "http://host:port" or "https://host:port". The certificate of an https proxy is verified like that
+    /// of a server. With any other address every request fails with `URLErrorCode::badURL`.
     std::string url;
-    /// Sent to the proxy alone, as Basic credentials.
+    /// The user name, sent only to the proxy, as Basic credentials.
     std::optional<std::string> user{};
     /// The password; empty for none.
     std::optional<std::string> password{};
-    /// Hosts to which requests go directly: "example.org" is that host and every one below it, "192.0.2.1" that
-    /// address, "*" every host. Compared without case.
+    /// Hosts that are contacted directly: "example.org" is that host and all its subdomains, "192.0.2.1" that address,
+    /// "*" every host. Case-insensitive.
     std::vector<std::string> exceptions{};
 };
 
-/// The certificate by which a session proves to a server who it is, if the server asks. All of it is PEM.
+/// The certificate that a session presents to servers that ask for one. All parts are PEM.
 struct URLSessionClientCertificate {
-    /// The certificate, followed by those between it and the root.
+    /// The certificate, followed by the intermediate certificates.
     std::string certificate;
     /// The private key of the certificate.
     std::string privateKey;
-    /// What the private key is encrypted with; empty if it is not.
+    /// The passphrase of the private key; empty if it is not encrypted.
     std::optional<std::string> passphrase{};
 };
 
-/// The addresses of one host and port, used in place of looking the name up.
+/// Fixed addresses of one host and port, used instead of looking up the name.
 struct URLSessionResolverOverride {
-    /// The name that is not looked up.
+    /// The host name.
     std::string host;
-    /// Connections to other ports look the name up.
+    /// The port; connections to other ports look up the name.
     std::uint16_t port = 0;
-    /// Tried in this order, each an IPv4 or IPv6 address without brackets. At least one.
+    /// IPv4 or IPv6 addresses without brackets, tried in this order. At least one.
     std::vector<std::string> addresses;
 };
 
-/// The oldest version of TLS that a session speaks.
+/// The oldest TLS version that a session accepts.
 enum class TLSProtocolVersion { TLSv12, TLSv13 };
 
-/// Which versions of HTTP a session speaks.
+/// Which HTTP versions a session uses.
 enum class HTTPVersionPreference {
-    /// HTTP/2 over TLS if the server and the libcurl of the process have it, else HTTP/1.1.
+    /// HTTP/2 over TLS if both the server and libcurl support it, otherwise HTTP/1.1.
     http2OverTLS,
-    /// HTTP/1.1 alone.
+    /// Only HTTP/1.1.
     http1Only,
 };
 

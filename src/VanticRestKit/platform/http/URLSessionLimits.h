@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `URLSessionLimits`: how much a server can make a session take.
+/// `URLSessionLimits`: limits on what servers can send to a session.
 
 #include <chrono>
 #include <cstdint>
@@ -9,68 +9,69 @@
 
 namespace VanticRestKit {
 
-/// The limits that a session puts on what servers send. Sizes are in bytes; a KB is 1,024 of them, an MB 1,024 KB.
+/// A session's limits on what servers can send. Sizes are in bytes; a KB is 1,024 bytes, an MB is 1,024 KB.
 ///
-/// A load that exceeds a limit ends at once, with its connection, and fails with an error of the domain
-/// `NSURLErrorDomain`. Unless a field says otherwise the code is `URLErrorCode::dataLengthExceedsMaximum`; the
-/// description for developers (`NSDebugDescription` in the user information) names the field. `docs/limits.md` lists
-/// all limits.
+/// A load that exceeds a limit fails at once with an error of the domain `NSURLErrorDomain`, and its connection is
+/// closed. Unless a field says otherwise the code is `URLErrorCode::dataLengthExceedsMaximum`; the description for
+/// developers (`NSDebugDescription` in the user information) names the field. `docs/limits.md` lists all limits.
 struct URLSessionLimits {
-    /// For fields that count: no limit.
+    /// No limit, for fields that are counts.
     static constexpr std::uint64_t unlimited = std::numeric_limits<std::uint64_t>::max();
 
-    /// The size of a body as it is sent, before its content coding is undone. A `Content-Length` above it ends the
-    /// load with the first piece of the body. Never more than a process can address, which on 32-bit systems is 2 GB.
+    /// The maximum size of a body on the wire, before its content coding is decoded. With a larger `Content-Length` the
+    /// load fails at the first piece of the body. Limited to what a process can address, which is 2 GB on 32-bit
+    /// systems.
     std::uint64_t maxBodyBytesOnWire = 256 * 1024 * 1024;
 
-    /// The size of a body after its content coding is undone; for a body with several codings, also the size between
-    /// two of them.
+    /// The maximum size of a decoded body; for a body with several codings, also of each intermediate result.
     std::uint64_t maxBodyBytes = 256 * 1024 * 1024;
 
-    /// How many bytes each byte of a coded body may decode to, on average, once more than an MB has been decoded. That
-    /// first MB does not count.
+    /// The maximum average number of bytes to which each byte of a coded body may decode. The first decoded MB does not
+    /// count.
     std::uint64_t maxDecodingRatio = 200;
 
-    /// How many bytes of a body have to come per second, on average over each `bodySpeedInterval`, as they are sent. A
-    /// body that comes more slowly fails its load with `URLErrorCode::timedOut`. 0: a body may be as slow as the idle
-    /// time-out lets it.
+    /// The minimum speed of a body in bytes per second on the wire, averaged over each `bodySpeedInterval`. If a body
+    /// is slower, its load fails with `URLErrorCode::timedOut`. 0: only the idle time-out applies.
     std::uint64_t minBodyBytesPerSecond = 0;
 
-    /// See `minBodyBytesPerSecond`; a value that is not above zero stands for the default.
+    /// See `minBodyBytesPerSecond`; if not above zero, the default is used.
     std::chrono::duration<double> bodySpeedInterval{30};
 
-    /// The length of a header line, its line end included. More than 100 KB has no effect: no longer line can be read.
+    /// The maximum length of a header line, including its line end. Values above 100 KB have no effect: longer lines
+    /// cannot be read.
     std::uint64_t maxHeaderLineBytes = 64 * 1024;
 
-    /// The size of all header lines of an answer: those of interim answers, of the final one, and its trailers. More
-    /// than 300 KB has no effect: no larger head can be read.
+    /// The maximum total size of the header lines of interim responses, of the final response, and of its trailers.
+    /// Values above 300 KB have no effect: more cannot be read.
     std::uint64_t maxHeadBytes = 256 * 1024;
 
-    /// The number of those lines.
+    /// The maximum number of these lines.
     std::uint64_t maxHeadLines = 1000;
 
-    /// The number of interim answers (1xx) before the final one.
+    /// The maximum number of interim responses (1xx) before the final one.
     std::uint64_t maxInterimAnswers = 32;
 
-    /// How many redirects a load follows. The next one fails it with `URLErrorCode::httpTooManyRedirects`.
+    /// The maximum number of redirects that a load follows. One more makes it fail with
+    /// `URLErrorCode::httpTooManyRedirects`.
     std::uint64_t maxRedirects = 20;
 
-    /// How many bytes of answers may wait for their completions because other completions take long. Beyond it the session
-    /// reads no more bodies and sends no further request, until half of this has been delivered; a load has its whole
-    /// idle time after such a pause. Answers that are on their way when the pause begins come on top.
+    /// How many bytes of responses may wait for their completions because other completions are slow. Above it the
+    /// session pauses: it reads no bodies and sends no requests until half of this has been delivered. The idle
+    /// time-out of a load restarts after such a pause. Responses that are already arriving when the pause begins may
+    /// exceed it.
     std::uint64_t maxUndeliveredBytes = 32 * 1024 * 1024;
 
-    /// How many loads of one origin may wait for a connection; at least 1. One more fails at once with
+    /// How many loads may wait for a connection to one origin; at least 1. Further loads fail at once with
     /// `URLErrorCode::queuedLoadsExceedMaximum`. Redirects do not count.
     std::uint64_t maxQueuedLoadsPerOrigin = unlimited;
 
-    /// How many names of hosts are looked up at once; at least 1. Each takes a thread and three descriptors. Loads of
-    /// further names wait in the queue. A look-up whose load was cancelled or timed out runs to its own end and no longer
-    /// counts.
+    /// How many host names are looked up at once; at least 1. Each lookup takes a thread and three file descriptors.
+    /// Loads of further names wait in the queue. A lookup whose load was cancelled or timed out still runs to its end,
+    /// but no longer counts.
     std::uint64_t maxNameLookups = 16;
 
-    /// How many idle connections stay open for later loads, over all hosts; at least 1. Beyond it the one that has been
-    /// idle longest is closed. No load fails.
+    /// How many idle connections to all hosts together stay open for later loads; at least 1. Above it the one that has
+    /// been idle longest is closed; loads are not affected.
     std::uint64_t maxIdleConnections = 64;
 };
 

@@ -43,7 +43,7 @@ std::shared_ptr<URLCache> URLCache::makeOnDisk(DiskArguments arguments) {
 
 const std::shared_ptr<URLCache>& URLCache::shared() {
     static Shared& shared = *new Shared;
-    // The parent's is left as it is: its locks may be held by threads that are not here.
+    // The parent's cache is leaked: its locks may be held by threads that do not exist in the child.
     shared.mark.renewInChild([] { new std::shared_ptr<URLCache>(std::exchange(shared.cache, make())); });
     return shared.cache;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `URLCache`: keeps answers of HTTP for sessions.
+/// `URLCache`: caches HTTP responses for sessions.
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
@@ -24,77 +24,77 @@ class CacheCore;
 struct CacheAccess;
 }  // namespace detail
 
-/// An answer that a cache holds.
+/// A cached response.
 struct CachedURLResponse {
-    /// Its head.
+    /// Its status and headers.
     std::shared_ptr<const HTTPURLResponse> response{};
     /// Its body.
     Data data{};
 };
 
-/// A private cache of HTTP (RFC 9111), for one or several sessions. Any thread may call.
+/// A private HTTP cache (RFC 9111) for one or more sessions. Thread-safe.
 ///
-/// An answer is used only for requests with the same Authorization and the same Cookie, or without them if its own
-/// request had none. What the answers take in memory stays below a capacity; those used least recently go first. In a
-/// child made by `fork` a cache of the parent is empty and stays so.
+/// A response is used only for requests with the same Authorization and the same Cookie as its own request, or likewise
+/// without them. The responses in memory are limited to a capacity; the least recently used are removed first. In a
+/// child made by `fork`, a cache of the parent is empty and stays empty.
 class VRK_EXPORT URLCache {
 public:
     /// In bytes: 16 MB.
     static constexpr std::size_t defaultMemoryCapacity = 16 * 1024 * 1024;
 
-    /// A cache in memory, for `memoryCapacity` bytes.
+    /// Makes a cache in memory for `memoryCapacity` bytes.
     static std::shared_ptr<URLCache> make(std::size_t memoryCapacity = defaultMemoryCapacity);
 
     /// The arguments of `makeOnDisk`.
     struct DiskArguments {
-        /// Made with the first answer that is written, and the folders above it, for the user alone.
+        /// The folder. It and its parents are created when the first response is written, accessible only by the user.
         std::string folder{};
-        /// The bytes that the file in it may take.
+        /// The maximum size of the file in it, in bytes.
         std::uint64_t diskCapacity = 0;
-        /// The bytes that answers may take in memory.
+        /// The maximum size of the responses in memory, in bytes.
         std::size_t memoryCapacity = defaultMemoryCapacity;
-        /// Gets the faults of the disk, of the domain `DiskCacheErrorDomain`, on a thread of the cache's. May be empty.
+        /// Receives errors of the domain `DiskCacheErrorDomain`, on a thread of the cache. May be empty.
         UniqueFunction<void(const Error&)> report{};
     };
-    /// A cache that keeps answers in a file as well, for later processes, and for others at the same time. If the
-    /// library was built without SQLite, `report` gets `DiskCacheErrorCode::unsupported` and it keeps them in memory
-    /// only. No disk keeps a session's thread waiting, and a
-    /// load that the disk keeps waiting for a second goes to the server.
+    /// Makes a cache that also stores responses in a file, which later processes can use and several processes can
+    /// share. If the library was built without SQLite, `report` gets `DiskCacheErrorCode::unsupported` and responses
+    /// are kept only in memory. The session's thread never waits for the disk, and a load for which the disk takes
+    /// longer than a second goes to the server.
     static std::shared_ptr<URLCache> makeOnDisk(DiskArguments arguments);
 
-    /// The cache that sessions use if their configuration names no other: in memory, of the default capacity. It is
-    /// made on first use and lives as long as the process. A child made by `fork` has one of its own.
+    /// The default cache of sessions: in memory, with the default capacity. It is made on first use and lives as long
+    /// as the process. A child made by `fork` has its own.
     static const std::shared_ptr<URLCache>& shared();
 
     ~URLCache();
     URLCache(const URLCache&) = delete;
     URLCache& operator=(const URLCache&) = delete;
 
-    /// How many bytes the answers in memory may take. A single answer may take half of it.
+    /// The capacity in memory, in bytes. A single response may take half of it.
     std::size_t memoryCapacity() const;
-    /// Sets the capacity; answers that are too many for it go at once.
+    /// Sets the capacity in memory; responses that exceed it are removed at once.
     void setMemoryCapacity(std::size_t bytes);
-    /// How many bytes the answers in memory take, with their header fields and what the cache itself needs for them.
+    /// How many bytes the responses in memory take, including their headers and the cache's own overhead.
     std::size_t currentMemoryUsage() const;
 
-    /// How many bytes the answers on disk take; 0 without a disk.
+    /// How many bytes the responses on disk take; 0 without a disk cache.
     std::uint64_t currentDiskUsage() const;
-    /// Blocks until everything is on disk that was stored until now: for the end of a process.
+    /// Blocks until everything stored so far is on disk. Call it before the process ends.
     void flush();
 
-    /// How many requests were answered by a stored answer, those included that the server had said are unchanged.
+    /// How many requests got a stored response, including those that the server confirmed as unchanged.
     std::uint64_t hits() const;
-    /// How many requests that asked the cache were answered by the server, or by nothing.
+    /// How many requests that could use the cache got no stored response.
     std::uint64_t misses() const;
 
-    /// The answer in memory that fits `request`, whether it is fresh or not; empty if there is none. It is not counted
-    /// as a hit.
+    /// The response in memory that matches the request, whether fresh or not; empty if there is none. Does not count as
+    /// a hit.
     std::optional<CachedURLResponse> cachedResponse(const URLRequest& forRequest) const;
-    /// Removes all answers to the URL of `request` for a request with its Authorization and Cookie.
+    /// Removes all responses for the URL of the request and for its Authorization and Cookie.
     void removeCachedResponse(const URLRequest& forRequest);
-    /// Removes the answers to all requests that bore this value of Authorization.
+    /// Removes the responses to all requests with this value of Authorization.
     void removeCachedResponses(std::string_view forAuthorization);
-    /// Removes everything. Any thread.
+    /// Removes all responses.
     void removeAllCachedResponses();
 
 private:

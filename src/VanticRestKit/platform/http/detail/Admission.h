@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Admission`: which transfers may go now, and which wait for a connection of their origin.
+/// `Admission`: decides which transfers may start now, and which wait for a connection to their origin.
 
 #include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
 #include <VanticRestKit/platform/http/detail/NameLookups.h>
@@ -18,36 +18,35 @@ namespace VanticRestKit::detail {
 
 class Admission;
 
-/// How many transfers an origin carries on one connection at a time.
+/// How many transfers an origin accepts at once on one connection.
 enum class Carriage { unknown, one, many };
 
-/// What `Admission` queues: one transfer on its way to one origin.
+/// What `Admission` queues: one transfer to one origin.
 class Applicant {
 public:
-    /// Whether it waits in the queue.
+    /// Whether it is waiting in the queue.
     bool isWaiting() const noexcept { return state_ == State::waiting; }
 
 private:
     friend class Admission;
-    struct Line;
+    struct OriginQueue;
     enum class State { outside, waiting, admitted, setAside };
 
     State state_ = State::outside;
-    Line* line_ = nullptr;
+    OriginQueue* queue_ = nullptr;
     std::list<Applicant*>::iterator place_{};
     NameLookups::Ticket lookup_;
 };
 
-/// One line for each origin, first come, first served. Does not own the applicants; for one thread.
+/// A first-in, first-out queue for each origin. Does not own the applicants. For one thread.
 ///
-/// An origin takes as many transfers as it may have connections, or, once it is known to carry several at
-/// once on one connection, as many as one connection commonly takes. All origins together take no more than
-/// `maxAdmitted`: what libcurl does in a round costs time in proportion to the transfers that it holds. Origins
-/// take turns, so that one with a long line does not keep the others waiting. An origin whose name has to be looked up
-/// waits as well while `maxLookups` names are.
+/// The capacity of an origin is its maximum number of connections or, once it is known to multiplex, the usual number
+/// of streams on one connection. All origins together are limited to `maxAdmitted`, because the cost of a round in
+/// libcurl grows with its number of transfers. Origins take turns, so that a long queue does not delay other origins.
+/// Transfers to an origin whose name must be looked up also wait while `maxLookups` names are being looked up.
 class Admission {
 public:
-    /// Enough for forty origins with six connections each, and few enough for a round to stay cheap.
+    /// Enough for forty origins with six connections each, but few enough to keep a round cheap.
     static constexpr std::size_t defaultMaxAdmitted = 256;
 
     explicit Admission(std::size_t connectionsPerHost, std::size_t maxAdmitted = defaultMaxAdmitted,
@@ -56,64 +55,65 @@ public:
     Admission(const Admission&) = delete;
     Admission& operator=(const Admission&) = delete;
 
-    /// Puts `applicant` at the end of the line of `origin`.
+    /// Appends `applicant` to the queue of `origin`.
     void enqueue(Applicant& applicant, const std::string& origin);
 
-    /// How many wait for `origin`.
+    /// The length of the queue of `origin`.
     std::size_t waitingFor(const std::string& origin) const;
 
-    /// The next one that may go at `now`; null if nobody may. It takes room until `leave`.
+    /// Admits the next applicant that may start at `now`; null if there is none. It counts against the capacity until
+    /// `leave`.
     Applicant* admitNext(TimePoint now = {});
 
-    /// Says that an admitted `applicant` has its connection and looks up no name any more.
+    /// An admitted `applicant` has its connection and no longer needs a name lookup.
     void endLookup(Applicant& applicant);
-    /// Says that the address of its origin was found, and will be known until then.
+    /// The address of the applicant's origin was found, and is known until `until`.
     void learnAddress(Applicant& applicant, TimePoint until);
 
-    /// Whether that is so for an `applicant` that was let in.
+    /// Whether the address of the applicant's origin is known at `now`.
     bool knowsAddress(const Applicant& applicant, TimePoint now) const;
-    /// Says that the address of the origin of `applicant`, or of all origins, may be another one now.
+    /// The address of the applicant's origin, or of all origins, may have changed.
     void forgetAddress(const Applicant& applicant);
     void forgetAddresses();
 
-    /// Takes `applicant` out, waiting or admitted; does nothing to one that is neither.
+    /// Removes a waiting or admitted `applicant`; has no effect on any other.
     void leave(Applicant& applicant);
 
-    /// Says what the origin of an admitted `applicant` turned out to speak.
+    /// The origin of an admitted `applicant` turned out to have this `carriage`.
     void learn(Applicant& applicant, Carriage carriage);
-    /// Says that the origin of an admitted `applicant` refuses what goes to it at once, and so takes no more than
-    /// it may have connections from now on.
+    /// The origin of an admitted `applicant` refuses concurrent transfers; from now on its capacity is its maximum
+    /// number of connections.
     void narrow(Applicant& applicant);
-    /// How many origins are in use, or were lately.
-    std::size_t originCount() const noexcept { return lines_.size(); }
+    /// The number of origins that are in use or were used recently.
+    std::size_t originCount() const noexcept { return queues_.size(); }
 
-    /// What is known of the origin of `applicant`.
+    /// What is known about the origin of `applicant`.
     Carriage carriage(const Applicant& applicant) const;
 
-    /// Stops counting an admitted `applicant`, because its connection is not to be used by another, or counts
-    /// it again. As long as one is set aside, its origin takes as many as it may have connections.
+    /// Stops counting an admitted `applicant` because no other may use its connection, or counts it again. While any is
+    /// set aside, the capacity of its origin is its maximum number of connections.
     void setAside(Applicant& applicant, bool aside);
-    /// Whether an applicant of this one's origin is set aside.
+    /// Whether any applicant of the same origin is set aside.
     bool hasSetAside(const Applicant& applicant) const;
 
 private:
-    using Line = Applicant::Line;
+    using OriginQueue = Applicant::OriginQueue;
 
-    std::size_t capacity(const Line& line) const;
-    void lookAt(Line& line);
-    Line* nextLine();
+    std::size_t capacity(const OriginQueue& queue) const;
+    void markReady(OriginQueue& queue);
+    OriginQueue* nextQueue();
     void prune();
 
     const std::size_t connectionsPerHost_;
     const std::size_t maxAdmitted_;
-    // How many were let go and have not left, those set aside included.
+    // How many were admitted and have not left, including those set aside.
     std::size_t admitted_ = 0;
     std::size_t pruneAt_;
-    std::unordered_map<std::string, std::unique_ptr<Line>> lines_;
-    // The lines in which somebody may be able to go.
-    std::deque<Line*> toLookAt_;
-    // Those in which the next one has to wait until fewer names are looked up.
-    std::deque<Line*> unresolved_;
+    std::unordered_map<std::string, std::unique_ptr<OriginQueue>> queues_;
+    // The queues whose first applicant may be admitted.
+    std::deque<OriginQueue*> ready_;
+    // The queues whose first applicant waits for a free name lookup.
+    std::deque<OriginQueue*> awaitingLookup_;
     NameLookups lookups_;
 };
 

@@ -10,16 +10,17 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// A length that is only claimed gets so much memory at once; a longer body grows into the rest as it comes.
-constexpr std::uint64_t mostReserved = 16 * 1024 * 1024;
-// How much larger JSON is than its compressed form, roughly.
+// The most memory that is reserved for a declared length; the buffer of a longer body grows as it arrives.
+constexpr std::uint64_t maxReserved = 16 * 1024 * 1024;
+// Roughly how much larger JSON is than its compressed form.
 constexpr std::uint64_t usualRatio = 4;
-// What a coding writes in one step. The first is as much as a step is worth; the second, what stays in the cache.
+// How many bytes a coding writes in one step: enough to be worth the call, and few enough to stay in the processor's
+// cache.
 constexpr std::size_t minStep = 4 * 1024;
 constexpr std::size_t maxStep = 32 * 1024;
-// What the process can address, and so what a limit is at most. On 32-bit systems a body can be longer.
+// The most that the process can address, which bounds all limits. On 32-bit systems a body can be longer.
 constexpr std::uint64_t addressable = std::numeric_limits<std::ptrdiff_t>::max();
-// What a body may decode to, whatever the ratio: a small one that repeats itself is no attack.
+// A body may decode to this size at any ratio: a small, repetitive body is not an attack.
 constexpr std::uint64_t freeOfRatio = 1024 * 1024;
 
 TransportFault noMemory() {
@@ -33,8 +34,8 @@ void BodyCollector::expect(std::optional<std::uint64_t> length, Decoding decodin
     for (auto& decoder : decoding.decoders) stages_.push_back({.decoder = std::move(decoder)});
     if (!length) return;
     length_ = *length;
-    const std::uint64_t plain = stages_.empty() ? length_ : std::min(length_, mostReserved) * usualRatio;
-    body_.reserve(static_cast<std::size_t>(std::min({plain, mostReserved, limits_.maxBodyBytes})));
+    const std::uint64_t plain = stages_.empty() ? length_ : std::min(length_, maxReserved) * usualRatio;
+    body_.reserve(static_cast<std::size_t>(std::min({plain, maxReserved, limits_.maxBodyBytes})));
 }
 
 std::optional<TransportFault> BodyCollector::add(std::string_view piece, std::size_t& budget) {
@@ -52,21 +53,23 @@ std::optional<TransportFault> BodyCollector::add(std::string_view piece, std::si
     return std::nullopt;
 }
 
-// It comes first, so that no stage has more than one output that waits.
-std::vector<BodyCollector::Stage>::const_reverse_iterator BodyCollector::lastThatCanGoOn() const noexcept {
-    return std::find_if(stages_.rbegin(), stages_.rend(), [](const Stage& stage) { return stage.canGoOn(); });
+// The last stage is served first, so that no stage has more than one pending output.
+std::vector<BodyCollector::Stage>::const_reverse_iterator BodyCollector::lastThatCanContinue()
+    const noexcept {
+    return std::find_if(stages_.rbegin(), stages_.rend(),
+                        [](const Stage& stage) { return stage.canContinue(); });
 }
 
-bool BodyCollector::hasMore() const noexcept { return lastThatCanGoOn() != stages_.rend(); }
+bool BodyCollector::hasMore() const noexcept { return lastThatCanContinue() != stages_.rend(); }
 
 bool BodyCollector::isBeingDecoded() const noexcept {
-    const auto next = lastThatCanGoOn();
+    const auto next = lastThatCanContinue();
     return next != stages_.rend() && next->decoder->isWorking();
 }
 
 std::optional<TransportFault> BodyCollector::decode(std::size_t& budget) {
     while (budget > 0) {
-        const auto next = lastThatCanGoOn();
+        const auto next = lastThatCanContinue();
         if (next == stages_.rend() || next->decoder->isWorking()) return std::nullopt;
         const auto stage = static_cast<std::size_t>(stages_.rend() - next) - 1;
         if (auto fault = advance(stage, budget)) return fault;
@@ -82,7 +85,8 @@ std::optional<TransportFault> BodyCollector::advance(std::size_t index, std::siz
     const auto written = stage.decoder->decode(stage.input, output.data(), size);
     if (!written) {
         if (stage.decoder->isOutOfMemory()) return noMemory();
-        return TransportFault{URLErrorCode::cannotDecodeContentData, "The coding of the body is broken."};
+        return TransportFault{URLErrorCode::cannotDecodeContentData,
+                              "The content coding of the body is invalid."};
     }
     stage.mayHaveMore = *written == size || stage.decoder->hasMore();
     stage.written += *written;
@@ -124,7 +128,8 @@ std::optional<TransportFault> BodyCollector::finish() const {
     const bool ended = std::all_of(stages_.begin(), stages_.end(),
                                    [](const Stage& stage) { return stage.decoder->hasEnded(); });
     if (received_ == 0 || ended) return std::nullopt;
-    return TransportFault{URLErrorCode::cannotDecodeContentData, "The body ends before its coding does."};
+    return TransportFault{URLErrorCode::cannotDecodeContentData,
+                          "The body ends before its content coding is complete."};
 }
 
 Data BodyCollector::take() { return body_.take(); }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `BodyCollector`: gathers the body of an answer.
+/// `BodyCollector`: collects the body of a response.
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/data/detail/ByteBuffer.h>
@@ -21,45 +21,44 @@
 
 namespace VanticRestKit::detail {
 
-/// Gathers the pieces of one body, decoded, in one buffer that becomes the `Data` without another copy.
+/// Collects and decodes the pieces of one body in one buffer, which becomes the `Data` without another copy.
 ///
-/// A piece can expand to any size, so it is decoded in slices: a caller gives the number of bytes that may be written in
-/// one go, over all codings of the body, and gets back what is left of that number.
+/// A piece can expand to any size, so it is decoded in slices: the caller passes a budget, the number of bytes that may
+/// be written by all codings of the body together, and gets back the rest of it.
 class BodyCollector {
 public:
     /// `limits` must outlive the collector.
     explicit BodyCollector(const URLSessionLimits& limits = defaultLimits) : limits_(limits) {}
 
-    /// Says what will come, before the first piece: the length on the wire, if known, and the codings to
-    /// undo.
+    /// Called before the first piece: sets the length on the wire, if known, and the codings to decode.
     void expect(std::optional<std::uint64_t> length, Decoding decoding);
 
-    /// Whether the body has a coding, so that a piece may take long.
+    /// Whether the body has a coding, so that decoding a piece may take long.
     bool isCoded() const noexcept { return !stages_.empty(); }
 
-    /// Takes the next piece, and decodes as much of it as `budget` allows. Not while `hasMore()`. What is wrong with the
-    /// body, if anything is.
+    /// Takes the next piece, and decodes as much of it as `budget` allows. Must not be called while `hasMore()`.
+    /// Returns a fault if the body is invalid.
     std::optional<TransportFault> add(std::string_view piece, std::size_t& budget);
 
-    /// Whether something of the last piece is not decoded yet.
+    /// Whether part of the last piece is not decoded yet.
     bool hasMore() const noexcept;
 
-    /// Whether another thread is at work on it, and `decode` can do nothing until that has stopped.
+    /// Whether another thread is decoding, so that `decode` has no effect until it has stopped.
     bool isBeingDecoded() const noexcept;
 
     /// Decodes more of the last piece.
     std::optional<TransportFault> decode(std::size_t& budget);
 
-    /// Whether the body ended where its coding does. A body without any byte is no coded one.
+    /// Checks that the codings ended with the body. An empty body is always valid.
     std::optional<TransportFault> finish() const;
 
-    /// How many bytes came, as they were sent.
+    /// The number of bytes received, as sent on the wire.
     std::uint64_t received() const noexcept { return received_; }
 
-    /// Gives back memory that was got for more than came. For a body that is kept for long.
+    /// Releases unused capacity, for a body that is kept for a long time.
     void fit() { body_.fit(); }
 
-    /// The body; once.
+    /// The body. Called once.
     Data take();
 
 private:
@@ -67,16 +66,16 @@ private:
     struct Stage {
         std::unique_ptr<ContentDecoder> decoder;
         std::string_view input{};
-        /// Whether the decoder filled all that it was given the last time, or another thread is at work for it.
+        /// Whether the decoder may have more output: it filled the last buffer, or another thread is decoding for it.
         bool mayHaveMore = false;
         std::uint64_t written = 0;
-        /// What it has written, for the next stage. The last one writes to the body.
+        /// Its output, which is the input of the next stage. The last stage writes to the body.
         std::unique_ptr<char[]> output{};
 
-        bool canGoOn() const noexcept { return mayHaveMore || !input.empty(); }
+        bool canContinue() const noexcept { return mayHaveMore || !input.empty(); }
     };
 
-    std::vector<Stage>::const_reverse_iterator lastThatCanGoOn() const noexcept;
+    std::vector<Stage>::const_reverse_iterator lastThatCanContinue() const noexcept;
     std::optional<TransportFault> advance(std::size_t stage, std::size_t& budget);
     std::span<char> outputOf(std::size_t stage);
     std::optional<TransportFault> faultOfWire() const;
@@ -86,7 +85,7 @@ private:
     std::vector<Stage> stages_;
     std::uint64_t length_ = 0;
     std::uint64_t received_ = 0;
-    // What of the last piece the first stage has not used.
+    // The part of the last piece that the first stage has not used.
     std::string rest_;
     ByteBuffer body_;
 };

@@ -15,14 +15,14 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// Brotli writes nothing until the window of the body is full or its input is used up, and a window is as large as the
-// body asks for: up to 16 MB, which takes some 100 ms on a busy machine. A body that needs more than this at once is
-// decoded on another thread: 256 KB, and what brotli puts around them.
-constexpr std::size_t maxHere = 260 * 1024;
-// How much of a body is kept in case that it has to be decoded anew there.
+// Brotli writes nothing until its window is full or its input is used up, and the body chooses the size of the window:
+// up to 16 MB, which takes about 100 ms on a busy machine. A body that needs a larger allocation than this (256 KB and
+// brotli's overhead) is decoded on another thread.
+constexpr std::size_t maxInlineAllocation = 260 * 1024;
+// How much of a body is kept in case it must be decoded again on another thread.
 constexpr std::size_t maxSeen = 1024 * 1024;
 
-// The errors of allocation are a range.
+// The codes of allocation errors are a range.
 bool lacksMemory(BrotliDecoderErrorCode error) {
     return error <= BROTLI_DECODER_ERROR_ALLOC_CONTEXT_MODES &&
            error >= BROTLI_DECODER_ERROR_ALLOC_BLOCK_TYPE_TREES;
@@ -32,8 +32,8 @@ const std::uint8_t* bytesOf(std::string_view text) {
     return reinterpret_cast<const std::uint8_t*>(text.data());
 }
 
-/// Decodes a body window by window on a queue of its own. The decoder and its job share it, and it belongs to the job
-/// while `isWorking`.
+/// Decodes a body window by window on its own queue. Shared by the decoder and its job; while `isWorking`, only the job
+/// may use it.
 class Window {
 public:
     Window() : state_(BrotliDecoderCreateInstance(nullptr, nullptr, nullptr)) {}
@@ -41,7 +41,7 @@ public:
     Window& operator=(const Window&) = delete;
     ~Window() { BrotliDecoderDestroyInstance(state_); }
 
-    /// Fills the window with more of the input, which `more` is added to.
+    /// Appends `more` to the input and starts decoding it on the queue.
     static void fill(const std::shared_ptr<Window>& window, std::string_view more) {
         window->input_.erase(0, window->input_.size() - window->left_).append(more);
         window->left_ = window->input_.size();
@@ -54,18 +54,18 @@ public:
 
     bool isWorking() const { return isWorking_; }
 
-    // The following are to be called while it does not work.
+    // The following must not be called while it works.
 
     bool isBroken() const { return state_ == nullptr || result_ == BROTLI_DECODER_RESULT_ERROR; }
     bool isOutOfMemory() const { return state_ == nullptr || lacksMemory(BrotliDecoderGetErrorCode(state_)); }
     bool hasEnded() const { return BrotliDecoderIsFinished(state_) == BROTLI_TRUE; }
-    /// Whether it stopped because the window was full, so that it may go on without more input.
+    /// Whether it stopped because the window was full, so that it can continue without more input.
     bool wasFull() const { return result_ == BROTLI_DECODER_RESULT_NEEDS_MORE_OUTPUT; }
-    /// The next bytes of the window, `most` of them at most.
-    std::string_view take(std::size_t most) {
-        // Zero stands for all there is.
-        if (most == 0 || BrotliDecoderHasMoreOutput(state_) == BROTLI_FALSE) return {};
-        std::size_t size = most;
+    /// The next bytes of the window, at most `maxSize` of them.
+    std::string_view take(std::size_t maxSize) {
+        // To brotli, zero means everything.
+        if (maxSize == 0 || BrotliDecoderHasMoreOutput(state_) == BROTLI_FALSE) return {};
+        std::size_t size = maxSize;
         const auto* const bytes = BrotliDecoderTakeOutput(state_, &size);
         return {reinterpret_cast<const char*>(bytes), size};
     }
@@ -94,8 +94,8 @@ public:
     ~BrotliDecoder() override { BrotliDecoderDestroyInstance(state_); }
 
     std::optional<std::size_t> decode(std::string_view& coded, char* plain, std::size_t size) override {
-        if (window_) return decodeThere(coded, plain, size);
-        return state_ == nullptr ? std::nullopt : decodeHere(coded, plain, size);
+        if (window_) return decodeWithWindow(coded, plain, size);
+        return state_ == nullptr ? std::nullopt : decodeInline(coded, plain, size);
     }
 
     bool hasMore() const override { return isPending_; }
@@ -109,7 +109,7 @@ public:
 private:
     static void* allocate(void* decoder, std::size_t size) {
         auto& self = *static_cast<BrotliDecoder*>(decoder);
-        if (self.mayMove_ && size > maxHere) {
+        if (self.mayMove_ && size > maxInlineAllocation) {
             self.needsMore_ = true;
             return nullptr;
         }
@@ -117,19 +117,19 @@ private:
     }
     static void deallocate(void*, void* memory) { std::free(memory); }
 
-    std::optional<std::size_t> decodeHere(std::string_view& coded, char* plain, std::size_t size) {
+    std::optional<std::size_t> decodeInline(std::string_view& coded, char* plain, std::size_t size) {
         const auto* next = bytesOf(coded);
         std::size_t left = coded.size();
         auto* out = reinterpret_cast<std::uint8_t*>(plain);
         std::size_t outLeft = size;
         if (!hasEnded()) {
-            const auto answer = BrotliDecoderDecompressStream(state_, &left, &next, &outLeft, &out, nullptr);
+            const auto result = BrotliDecoderDecompressStream(state_, &left, &next, &outLeft, &out, nullptr);
             written_ += size - outLeft;
             if (needsMore_) {
                 move(coded);
                 return size - outLeft;
             }
-            if (answer == BROTLI_DECODER_RESULT_ERROR) {
+            if (result == BROTLI_DECODER_RESULT_ERROR) {
                 isOutOfMemory_ = lacksMemory(BrotliDecoderGetErrorCode(state_));
                 return std::nullopt;
             }
@@ -141,8 +141,8 @@ private:
     }
 
     void keep(std::string_view used) {
-        // So much came out of one window that it is as large as it will be.
-        mayMove_ = written_ <= maxHere;
+        // After this much output the window has reached its full size.
+        mayMove_ = written_ <= maxInlineAllocation;
         if (mayMove_) {
             seen_.append(used);
         } else {
@@ -150,7 +150,7 @@ private:
         }
     }
 
-    // Begins anew on another thread. `coded` is all that is to follow what was seen.
+    // Starts again from the beginning on another thread. `coded` is the rest of the input after `seen_`.
     void move(std::string_view& coded) {
         mayMove_ = false;
         seen_.append(coded);
@@ -166,7 +166,7 @@ private:
         Window::fill(window_, more);
     }
 
-    std::optional<std::size_t> decodeThere(std::string_view& coded, char* plain, std::size_t size) {
+    std::optional<std::size_t> decodeWithWindow(std::string_view& coded, char* plain, std::size_t size) {
         if (window_->isWorking()) return 0;
         if (window_->isBroken()) {
             isOutOfMemory_ = window_->isOutOfMemory();
@@ -191,16 +191,16 @@ private:
         return count;
     }
 
-    // Whether a body that needs much memory is to be moved to another thread.
+    // Whether decoding can still be moved to another thread if it needs much memory.
     bool mayMove_ = true;
     bool needsMore_ = false;
-    // Declared after the flags: `allocate` reads them while the state is made.
+    // Declared after the flags, which `allocate` reads while the state is made.
     BrotliDecoderState* state_;
     std::string seen_;
-    // How many bytes have been written; after the move, how many of them are still to be passed over.
+    // How many bytes have been written; after the move, how many of them must still be skipped.
     std::size_t written_ = 0;
     std::shared_ptr<Window> window_;
-    // Whether the window was filled and not taken out whole.
+    // Whether the window has output that was not taken yet.
     bool isPending_ = false;
 };
 

@@ -34,7 +34,7 @@ Decoding decodingFor(std::string_view contentEncoding) {
             decoding.isKnown = false;
             return decoding;
         }
-        // The coding named last was put on last, so it comes off first.
+        // The last coding was applied last, so it is decoded first.
         decoding.decoders.insert(decoding.decoders.begin(), std::move(decoder));
     }
     return decoding;

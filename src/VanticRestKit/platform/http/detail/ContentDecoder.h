@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ContentDecoder`: undoes one content coding of a body.
+/// `ContentDecoder`: decodes one content coding of a body.
 
 #include <cstddef>
 #include <memory>
@@ -11,11 +11,11 @@
 
 namespace VanticRestKit::detail {
 
-/// The codings that a session asks for, as the value of Accept-Encoding.
+/// The supported codings, as the value of Accept-Encoding.
 inline constexpr std::string_view acceptedCodings = "gzip, deflate, br";
 
-/// Undoes one coding, piece by piece. Unlike the transport's own decoding it knows whether the end came, and it writes
-/// no more at a time than it is asked for, however much its input expands to.
+/// Decodes one coding, piece by piece. Unlike libcurl's own decoding it detects a truncated body, and it never writes
+/// more at a time than requested, however much its input expands.
 class ContentDecoder {
 public:
     ContentDecoder() = default;
@@ -23,40 +23,40 @@ public:
     ContentDecoder& operator=(const ContentDecoder&) = delete;
     virtual ~ContentDecoder();
 
-    /// Decodes the beginning of `coded` into the `size` bytes at `plain`, takes off `coded` what it has used, and returns
-    /// how many bytes it has written. Fewer than `size`: it has used all of `coded`, and there is no more to write for
-    /// it. `size`: there may be more, also if `coded` is empty now. Empty: the coding is broken, or there was no memory.
-    /// What follows the end of the coding is dropped.
+    /// Decodes the beginning of `coded` into the `size` bytes at `plain`, removes what it has used from `coded`, and
+    /// returns the number of bytes written. If that is less than `size`, it has used all of `coded` and has no more
+    /// output. If it is `size`, there may be more output, even if `coded` is now empty. No value: the coding is
+    /// invalid, or there was no memory. Data after the end of the coding is discarded.
     ///
-    /// A decoder that `hasMore` afterwards has handed what it was given to another thread. As long as that thread
-    /// `isWorking`, `decode` writes nothing; after that there is more.
+    /// If `hasMore` afterwards, the decoder has passed its input to another thread. While that thread `isWorking`,
+    /// `decode` writes nothing; afterwards there is more output.
     virtual std::optional<std::size_t> decode(std::string_view& coded, char* plain, std::size_t size) = 0;
 
     virtual bool hasMore() const { return false; }
     virtual bool isWorking() const { return false; }
 
-    /// Whether `decode` could not because there was no memory for its own state.
+    /// Whether `decode` failed because there was no memory for its own state.
     bool isOutOfMemory() const noexcept { return isOutOfMemory_; }
 
-    /// Whether the coding, checksum included, came to its end.
+    /// Whether the coding is complete, including its checksum.
     virtual bool hasEnded() const = 0;
 
 protected:
     bool isOutOfMemory_ = false;
 };
 
-/// How many codings one body may have; no server has a good reason for so many.
+/// The maximum number of codings of one body; no server has a good reason for more.
 inline constexpr std::size_t maxCodings = 4;
 
-/// What a Content-Encoding asks for.
+/// The decoders for a Content-Encoding.
 struct Decoding {
-    /// In the order in which they are to be applied to the body. Empty: the body is plain.
+    /// In the order in which they are applied to the body. Empty: the body is not coded.
     std::vector<std::unique_ptr<ContentDecoder>> decoders{};
-    /// Whether every coding named is known here.
+    /// Whether every named coding is supported.
     bool isKnown = true;
 };
 
-/// The decoders for the value of a Content-Encoding.
+/// Makes the decoders for the value of a Content-Encoding.
 Decoding decodingFor(std::string_view contentEncoding);
 
 }  // namespace VanticRestKit::detail

@@ -7,7 +7,7 @@ namespace VanticRestKit::detail {
 
 void HeaderCollector::add(std::string_view line) {
     count(line);
-    if (fault_ || place_ == Place::behind) return;
+    if (fault_ || place_ == Place::after) return;
     while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.remove_suffix(1);
     if (place_ == Place::before) {
         if (line.starts_with("HTTP/")) begin(line);
@@ -52,7 +52,7 @@ void HeaderCollector::begin(std::string_view line) {
 
 void HeaderCollector::addField(std::string_view line) {
     if (line.front() == ' ' || line.front() == '\t') {
-        // A value that goes on in the next line, as old servers still write it.
+        // A folded value that continues on the next line, as some old servers send it.
         if (last_ != nullptr) last_->append(1, ' ').append(trimmed(line));
         if (isInSetCookie_) setCookies_.back().append(1, ' ').append(trimmed(line));
         return;
@@ -75,7 +75,7 @@ void HeaderCollector::addField(std::string_view line) {
 }
 
 void HeaderCollector::readLength(std::string_view value) {
-    // One line may hold the number several times, as a proxy joins them.
+    // One line may contain the number several times, joined by a proxy.
     while (true) {
         const auto comma = value.find(',');
         const std::string_view item = trimmed(value.substr(0, comma));
@@ -83,10 +83,10 @@ void HeaderCollector::readLength(std::string_view value) {
         const auto [end, error] = std::from_chars(item.data(), item.data() + item.size(), length);
         if (item.empty() || error != std::errc() || end != item.data() + item.size()) {
             fault_ = TransportFault{URLErrorCode::cannotParseResponse,
-                                    "The Content-Length of the answer is no number."};
+                                    "The Content-Length of the response is not a number."};
         } else if (contentLength_ && *contentLength_ != length) {
             fault_ = TransportFault{URLErrorCode::cannotParseResponse,
-                                    "The answer has two different Content-Lengths."};
+                                    "The response has two different Content-Lengths."};
         } else {
             contentLength_ = length;
         }
@@ -98,7 +98,7 @@ void HeaderCollector::readLength(std::string_view value) {
 void HeaderCollector::finish() {
     constexpr std::int64_t switchingProtocols = 101;
     const bool interim = status_ >= 100 && status_ < 200 && status_ != switchingProtocols;
-    place_ = interim ? Place::before : Place::behind;
+    place_ = interim ? Place::before : Place::after;
     if (interim && ++interimAnswers_ > limits_.maxInterimAnswers) {
         fault_ = limitFault(
             "The answer has more than " + std::to_string(limits_.maxInterimAnswers) + " interim answers",

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `HeaderCollector`: makes status and header fields of the lines of an answer.
+/// `HeaderCollector`: parses the header lines of a response.
 
 #include <VanticRestKit/platform/http/detail/HeaderName.h>
 #include <VanticRestKit/platform/http/detail/LimitFaults.h>
@@ -19,8 +19,8 @@
 
 namespace VanticRestKit::detail {
 
-/// Takes an answer's header lines one by one. Interim answers (1xx) are passed over, and so are the trailers
-/// after a body; but they count against the limits.
+/// Takes a response's header lines one by one. Interim responses (1xx) and trailers after a body are ignored, but count
+/// against the limits.
 class HeaderCollector {
 public:
     /// `limits` must outlive the collector.
@@ -29,33 +29,33 @@ public:
     /// Takes one line, with or without its line end.
     void add(std::string_view line);
 
-    /// Whether the empty line behind the headers of the final answer has come.
-    bool isComplete() const noexcept { return place_ == Place::behind; }
+    /// Whether the empty line after the headers of the final response has been received.
+    bool isComplete() const noexcept { return place_ == Place::after; }
 
-    /// What is wrong with the lines so far; empty if nothing is.
+    /// The fault of the lines so far; empty if there is none.
     const std::optional<TransportFault>& fault() const noexcept { return fault_; }
 
     /// The size of all lines so far.
     std::uint64_t size() const noexcept { return size_; }
     std::int64_t status() const noexcept { return status_; }
-    /// Whether the answer came over a protocol that carries several answers at once on one connection.
+    /// Whether the response came over a protocol that multiplexes responses on one connection.
     bool isMultiplexed() const noexcept { return multiplexed_; }
     const HTTPURLResponse::HeaderFields& fields() const noexcept { return fields_; }
     HTTPURLResponse::HeaderFields takeFields() noexcept {
         byName_.clear();
         return std::move(fields_);
     }
-    /// The value of a field, its name compared without case.
+    /// The value of a field; names compare case-insensitively.
     std::optional<std::string> value(std::string_view name) const;
     /// The first Location.
     const std::optional<std::string>& location() const noexcept { return location_; }
-    /// The values of the Set-Cookie lines, which cannot be told apart once they are joined.
+    /// The values of the Set-Cookie lines, which cannot be separated once they are joined.
     const std::vector<std::string>& setCookies() const noexcept { return setCookies_; }
-    /// How long the body will be, as the server says.
+    /// The declared length of the body.
     std::optional<std::uint64_t> contentLength() const noexcept { return contentLength_; }
 
 private:
-    enum class Place { before, inside, behind };
+    enum class Place { before, inside, after };
 
     using Field = HTTPURLResponse::HeaderFields::value_type;
 
@@ -70,7 +70,7 @@ private:
     std::int64_t status_ = 0;
     bool multiplexed_ = false;
     HTTPURLResponse::HeaderFields fields_;
-    // The fields by name without case, so that a head is not searched from its start for each line.
+    // The fields by case-insensitive name, so that adding a line does not search all fields.
     std::map<std::string_view, Field*, HeaderNameLess> byName_;
     std::string* last_ = nullptr;
     std::optional<std::string> location_;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What may stand in a header line, and how header names compare.
+/// Checks the parts of header lines, and compares header names.
 
 #include <algorithm>
 #include <string>
@@ -19,13 +19,13 @@ inline std::string asciiLowered(std::string_view text) {
     return lowered;
 }
 
-/// Whether both are the same but for the case of ASCII letters.
+/// Whether both are equal, ignoring the case of ASCII letters.
 constexpr bool sameHeaderName(std::string_view a, std::string_view b) noexcept {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                       [](char x, char y) { return asciiLower(x) == asciiLower(y); });
 }
 
-/// Orders names without case.
+/// Orders names case-insensitively.
 struct HeaderNameLess {
     constexpr bool operator()(std::string_view a, std::string_view b) const noexcept {
         return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
@@ -33,10 +33,9 @@ struct HeaderNameLess {
     }
 };
 
-// Written as loops: a search for one of several characters calls the C library for each character of the
-// text.
+// These use algorithms with a predicate because `find_first_of` would call the C library for each character.
 
-/// Whether `text` is a token of HTTP: what a method or a header name must be.
+/// Whether `text` is an HTTP token, as methods and header names must be.
 constexpr bool isToken(std::string_view text) noexcept {
     constexpr std::string_view signs = "!#$%&'*+-.^_`|~";
     const auto isAllowed = [signs](char c) {
@@ -47,12 +46,12 @@ constexpr bool isToken(std::string_view text) noexcept {
     return !text.empty() && std::all_of(text.begin(), text.end(), isAllowed);
 }
 
-/// Whether `text` may be the value of a header: it cannot end its line.
+/// Whether `text` can be the value of a header: it must not contain a line end or a zero byte.
 constexpr bool isHeaderValue(std::string_view text) noexcept {
     return std::none_of(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; });
 }
 
-/// `text` without blanks and tabs around it.
+/// `text` without leading and trailing spaces and tabs.
 constexpr std::string_view trimmed(std::string_view text) noexcept {
     const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
     while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
@@ -60,7 +59,7 @@ constexpr std::string_view trimmed(std::string_view text) noexcept {
     return text;
 }
 
-/// The entry of `fields` whose name is `name` without case, or its end.
+/// The entry of `fields` with this name, compared case-insensitively, or its end.
 template <class Fields>
 auto findHeader(Fields& fields, std::string_view name) {
     return std::find_if(fields.begin(), fields.end(),

@@ -10,13 +10,13 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// What inflateInit2 takes for each frame: 15 is the largest window, 16 more asks for gzip, less than 0 for
-// none.
+// The argument of inflateInit2 for each format: 15 is the largest window, adding 16 selects gzip, and a negative value
+// a raw stream.
 constexpr int gzipFrame = 15 + 16;
 constexpr int zlibFrame = 15;
 constexpr int noFrame = -15;
 
-constexpr std::size_t mostAtOnce = std::numeric_limits<uInt>::max();
+constexpr std::size_t maxAtOnce = std::numeric_limits<uInt>::max();
 
 bool beginsZlibFrame(unsigned first, unsigned second) {
     constexpr unsigned deflateMethod = 8;
@@ -32,22 +32,22 @@ public:
 
     std::optional<std::size_t> decode(std::string_view& coded, char* plain, std::size_t size) override {
         stream_.next_out = reinterpret_cast<Bytef*>(plain);
-        stream_.avail_out = static_cast<uInt>(std::min(size, mostAtOnce));
-        const uInt room = stream_.avail_out;
+        stream_.avail_out = static_cast<uInt>(std::min(size, maxAtOnce));
+        const uInt available = stream_.avail_out;
         if (!isReady_) {
-            // The first two bytes tell the frame of a deflate; they may come one by one.
+            // The first two bytes determine the format of a deflate body; they may arrive one at a time.
             if (!isGzip_ && head_.size() + coded.size() < 2) {
                 head_ += coded;
                 coded = {};
                 return 0;
             }
             if (!begin(coded)) return std::nullopt;
-            // A single byte decodes to nothing yet.
+            // A single byte produces no output yet.
             std::string_view head = head_;
             if (!head.empty() && !inflateAll(head)) return std::nullopt;
         }
         if (!inflateAll(coded)) return std::nullopt;
-        return room - stream_.avail_out;
+        return available - stream_.avail_out;
     }
 
     bool hasEnded() const override { return hasEnded_; }
@@ -61,35 +61,35 @@ private:
             };
             frame = beginsZlibFrame(byte(0), byte(1)) ? zlibFrame : noFrame;
         }
-        const int answer = inflateInit2(&stream_, frame);
-        isReady_ = answer == Z_OK;
-        isOutOfMemory_ = answer == Z_MEM_ERROR;
+        const int result = inflateInit2(&stream_, frame);
+        isReady_ = result == Z_OK;
+        isOutOfMemory_ = result == Z_MEM_ERROR;
         return isReady_;
     }
 
-    // Inflates until `coded` is used up or the output is full. Returns whether the coding is good so far.
+    // Inflates until `coded` is used up or the output is full. Returns whether the coding is valid so far.
     bool inflateAll(std::string_view& coded) {
         while (true) {
-            // zlib does not write to its input; its interface only fails to say so.
+            // zlib does not write to its input, although the pointer is not const.
             stream_.next_in = const_cast<Bytef*>(reinterpret_cast<const Bytef*>(coded.data()));
-            stream_.avail_in = static_cast<uInt>(std::min(coded.size(), mostAtOnce));
+            stream_.avail_in = static_cast<uInt>(std::min(coded.size(), maxAtOnce));
             if (hasEnded_ && !beginNext()) {
                 coded = {};
                 return true;
             }
             const uInt offered = stream_.avail_in;
-            const int answer = inflate(&stream_, Z_NO_FLUSH);
+            const int result = inflate(&stream_, Z_NO_FLUSH);
             coded.remove_prefix(offered - stream_.avail_in);
-            isOutOfMemory_ = answer == Z_MEM_ERROR;
-            hasEnded_ = answer == Z_STREAM_END;
-            // It can do nothing without more input, or without more space for its output.
-            if (answer == Z_BUF_ERROR) return true;
-            if (answer != Z_OK && !hasEnded_) return false;
+            isOutOfMemory_ = result == Z_MEM_ERROR;
+            hasEnded_ = result == Z_STREAM_END;
+            // It needs more input, or more space for its output.
+            if (result == Z_BUF_ERROR) return true;
+            if (result != Z_OK && !hasEnded_) return false;
             if (stream_.avail_out == 0 || coded.empty()) return true;
         }
     }
 
-    // Whether another gzip file follows the one that ended.
+    // Whether another gzip member follows the one that ended.
     bool beginNext() {
         constexpr Bytef gzipMark = 0x1F;
         if (!isGzip_ || stream_.avail_in == 0 || *stream_.next_in != gzipMark) return false;

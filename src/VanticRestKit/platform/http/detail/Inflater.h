@@ -9,10 +9,11 @@
 
 namespace VanticRestKit::detail {
 
-/// A decoder of one `gzip` body, which may be several gzip files one after the other.
+/// Makes a decoder of one `gzip` body, which may consist of several gzip members.
 std::unique_ptr<ContentDecoder> makeGzipDecoder();
 
-/// A decoder of one `deflate` body, with the zlib header that it should have or without, as some servers send it.
+/// Makes a decoder of one `deflate` body, with the zlib header that it should have, or without, as some servers send
+/// it.
 std::unique_ptr<ContentDecoder> makeDeflateDecoder();
 
 }  // namespace VanticRestKit::detail

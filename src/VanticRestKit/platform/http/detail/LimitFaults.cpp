@@ -7,7 +7,7 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// What libcurl takes of one header line, and of all lines of one answer.
+// libcurl's own limits for one header line, and for all header lines of a response.
 constexpr std::uint64_t libcurlLineBytes = 100 * 1024;
 constexpr std::uint64_t libcurlHeadBytes = 300 * 1024;
 

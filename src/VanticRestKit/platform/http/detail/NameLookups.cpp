@@ -6,7 +6,7 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// An IPv6 address has brackets. Other ways to write an IPv4 address count as names, which does no harm.
+// An IPv6 address has brackets. Other notations of an IPv4 address count as names, which does no harm.
 bool hasAddress(std::string_view origin) {
     const auto begin = origin.find("://");
     std::string_view host = begin == std::string_view::npos ? origin : origin.substr(begin + 3);

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `NameLookups`: how many names are looked up at once.
+/// `NameLookups`: limits how many names are looked up at once.
 
 #include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
 
@@ -11,28 +11,28 @@
 
 namespace VanticRestKit::detail {
 
-/// Counts the look-ups of host names that are under way. libcurl gives each a thread and three descriptors, so a session
-/// lets only so many begin; the loads of other names wait in the queue. For one thread.
+/// Counts the running lookups of host names. Each takes a thread and three descriptors in libcurl, so a session limits
+/// their number; the loads of other names wait in the queue. For one thread.
 class NameLookups {
 public:
-    /// A host, by one of its origins.
+    /// The host of an origin.
     class Name {
     public:
-        /// `origin` as `originOf` gives it. The host of one may be an address, which is not looked up.
+        /// `origin` has the form of `originOf`. Its host may be an address, which is not looked up.
         explicit Name(std::string_view origin);
 
     private:
         friend class NameLookups;
 
         bool isAddress_;
-        /// Until when libcurl has the address.
+        /// Until when libcurl has the address cached.
         TimePoint knownUntil_{};
         std::size_t pending_ = 0;
-        /// Grows when all pending look-ups end at once, so that their tickets are worth nothing any more.
+        /// Increased when all pending lookups end at once, which invalidates their tickets.
         std::uint64_t generation_ = 1;
     };
 
-    /// The part of one load in this, while it may have its name looked up.
+    /// Identifies one load while its name may be being looked up.
     class Ticket {
     private:
         friend class NameLookups;
@@ -42,27 +42,27 @@ public:
 
     explicit NameLookups(std::size_t maxAtOnce);
 
-    /// Whether a load that has to look up a name would have to wait.
+    /// Whether a load that needs a lookup would have to wait.
     bool areAllTaken() const noexcept { return underWay_ >= maxAtOnce_; }
 
-    /// Whether a load of `name` may go now.
+    /// Whether a load of `name` may start now.
     bool mayBegin(const Name& name, TimePoint now) const noexcept {
         return !areAllTaken() || !isNeeded(name, now);
     }
 
-    /// Whether the address of `name` is known, because it was found or is the name itself.
+    /// Whether the address of `name` is known, because it was looked up or `name` is an address.
     static bool knows(const Name& name, TimePoint now) noexcept { return !isNeeded(name, now); }
-    /// The address of `name` may be another one now.
+    /// The address of `name` may have changed.
     static void forget(Name& name) noexcept { name.knownUntil_ = {}; }
 
-    /// A load of `name` goes, and may have it looked up.
+    /// A load of `name` starts, and may look it up.
     void begin(Name& name, Ticket& ticket, TimePoint now) noexcept;
 
-    /// The load needs no look-up any more: it has ended, or was sent on a connection that was open.
+    /// The load no longer needs a lookup: it has ended, or was sent on an open connection.
     void end(Name& name, Ticket& ticket) noexcept;
 
-    /// A look-up of `name` has ended well. The address is kept until then; whoever waits for another look-up of the name
-    /// has the address as well, or waits for the connection.
+    /// A lookup of `name` has succeeded. The address is cached until `until`, so no other load of the name needs a
+    /// lookup.
     void learn(Name& name, TimePoint until) noexcept;
 
 private:

@@ -13,7 +13,8 @@ namespace {
 
 constexpr std::int64_t largestPort = 65535;
 
-// CONNECT asks for a tunnel and PRI for HTTP/2 in place of an answer; TRACE has the server repeat the credentials.
+// CONNECT opens a tunnel and PRI starts HTTP/2 instead of getting a response; TRACE makes the server echo the
+// credentials.
 constexpr std::array<std::string_view, 3> refusedMethods{"CONNECT", "TRACE", "PRI"};
 
 std::optional<TransportFault> methodFault(std::string_view method) {
@@ -21,7 +22,7 @@ std::optional<TransportFault> methodFault(std::string_view method) {
         return TransportFault{.code = URLErrorCode::badURL, .description = std::move(text)};
     };
     if (!isToken(method)) return bad("The method of the request is malformed.");
-    // Servers differ in whether the case of a method matters.
+    // Some servers ignore the case of methods.
     for (const std::string_view refused : refusedMethods) {
         if (sameHeaderName(method, refused)) {
             return bad("The method " + std::string(refused) + " is not supported.");
@@ -30,7 +31,7 @@ std::optional<TransportFault> methodFault(std::string_view method) {
     return std::nullopt;
 }
 
-/// `name` in a form in which it can be part of a message: short, and without control characters.
+/// `name` shortened for a message, with control characters replaced.
 std::string printable(std::string_view name) {
     constexpr std::size_t maxSize = 64;
     std::string text;
@@ -85,7 +86,7 @@ std::optional<TransportFault> whyUnusable(const URLRequest& request) {
     }
     if (!url.host()) return TransportFault{URLErrorCode::badURL, "The URL has no host."};
     if (const auto port = url.port(); port && (*port < 1 || *port > largestPort)) {
-        return TransportFault{URLErrorCode::badURL, "The URL's port is none."};
+        return TransportFault{URLErrorCode::badURL, "The URL's port is invalid."};
     }
     if (auto fault = methodFault(request.httpMethod().value_or("GET"))) return fault;
     if (const auto name = request.malformedHeaderField()) {

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The origin of a URL, and whether a URL can be asked at all.
+/// The origin of a URL, and whether a request can be sent.
 
 #include <VanticRestKit/platform/http/detail/URLErrors.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
@@ -13,30 +13,29 @@
 
 namespace VanticRestKit::detail {
 
-/// Scheme, host and port as one text, the same for all URLs of one origin: "https://host:443".
+/// Scheme, host and port as one string, the same for all URLs of an origin: "https://host:443".
 std::string originOf(const URL& url);
 
-/// Scheme and authority of `url` as they are written; empty where there is not both.
+/// The scheme and authority of `url` as written; empty if it lacks either.
 std::string_view beginningOf(const URL& url);
 
-/// Whether `beginning`, which is not empty, is scheme and authority of `url` as they are written.
+/// Whether `beginning` is the scheme and authority of `url` as written; false if it is empty.
 bool beginsWith(const URL& url, std::string_view beginning);
 
-/// Whether `url` is one of https.
+/// Whether the scheme of `url` is https.
 bool isSecure(const URL& url);
 
-/// Why `request` cannot be sent; empty where it can.
+/// Why `request` cannot be sent; empty if it can.
 std::optional<TransportFault> whyUnusable(const URLRequest& request);
 
-/// Remembers the last origin that a request can be sent to: most of the URLs that follow have the same, and
-/// then nothing has to be read again. For one thread.
+/// Caches the last valid origin: most URLs have the same one, and then need not be parsed again. For one thread.
 class OriginMemo {
 public:
-    /// Whether `url` begins as the one remembered does, up to its path: requests can be sent there too.
+    /// Whether `url` begins with the cached scheme and authority, so that requests can be sent to it.
     bool knows(const URL& url) const { return beginsWith(url, beginning_); }
-    /// `originOf(url)`, remembered. `url` is one that requests can be sent to.
+    /// `originOf(url)`, cached. Requests can be sent to `url`.
     const std::string& of(const URL& url);
-    /// `beginningOf` the URL that `of` was called with last, or of another one that is written the same up to its path.
+    /// `beginningOf` the URL of the last call of `of`.
     std::string_view beginning() const noexcept { return beginning_; }
 
 private:

@@ -14,12 +14,12 @@
 
 namespace VanticRestKit::detail {
 
-/// What a completion is handed.
+/// The arguments of a completion.
 struct Outcome {
     std::optional<Data> data{};
     std::shared_ptr<const URLResponse> response{};
     std::optional<Error> error{};
-    /// The records of the requests that were sent for a transfer that is observed.
+    /// The records of the transfer's requests, if they are collected.
     std::list<RequestMetrics> metrics{};
 };
 

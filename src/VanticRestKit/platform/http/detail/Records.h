@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Fills in the record of a request with what is known of every request.
+/// Fills in the parts of a record that are known for every request.
 
 #include <VanticRestKit/platform/http/detail/Outcome.h>
 #include <VanticRestKit/platform/http/RequestMetrics.h>
@@ -11,7 +11,7 @@
 
 namespace VanticRestKit::detail {
 
-/// Says in `record` what `request` was and how it ended; leaves times, and what was sent and received, as they are.
+/// Describes `request` and its outcome in `record`; does not change times, and sizes on the wire.
 void describe(RequestMetrics& record, const URLRequest& request, const Outcome& outcome);
 
 /// How long ago `start` was.

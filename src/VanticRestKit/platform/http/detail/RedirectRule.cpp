@@ -11,24 +11,24 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-constexpr std::array<std::string_view, 6> ofTheBody{"content-type",     "content-length",
-                                                    "content-encoding", "content-language",
-                                                    "content-location", "content-md5"};
+constexpr std::array<std::string_view, 6> bodyHeaders{"content-type",     "content-length",
+                                                      "content-encoding", "content-language",
+                                                      "content-location", "content-md5"};
 
-// What says nothing of who is asking, beside what tells of the body.
-constexpr std::array<std::string_view, 13> neutral{"accept",
-                                                   "accept-charset",
-                                                   "accept-encoding",
-                                                   "accept-language",
-                                                   "cache-control",
-                                                   "if-match",
-                                                   "if-modified-since",
-                                                   "if-none-match",
-                                                   "if-range",
-                                                   "if-unmodified-since",
-                                                   "pragma",
-                                                   "range",
-                                                   "user-agent"};
+// Headers that do not identify the user, in addition to those that describe the body.
+constexpr std::array<std::string_view, 13> neutralHeaders{"accept",
+                                                          "accept-charset",
+                                                          "accept-encoding",
+                                                          "accept-language",
+                                                          "cache-control",
+                                                          "if-match",
+                                                          "if-modified-since",
+                                                          "if-none-match",
+                                                          "if-range",
+                                                          "if-unmodified-since",
+                                                          "pragma",
+                                                          "range",
+                                                          "user-agent"};
 
 template <class Names>
 bool isAmong(const Names& names, std::string_view wanted) {
@@ -50,12 +50,12 @@ URLRequest redirected(const URLRequest& request, std::int64_t status, const URL&
     if (becomesGet(request.httpMethod().value_or("GET"), status)) {
         next.setHTTPMethod("GET");
         next.setHTTPBody(std::nullopt);
-        for (const std::string_view name : ofTheBody) next.setValue(std::nullopt, name);
+        for (const std::string_view name : bodyHeaders) next.setValue(std::nullopt, name);
     }
     if (!request.url() || originOf(*request.url()) != originOf(target)) {
         const std::map<std::string, std::string> before = next.allHTTPHeaderFields();
         for (const auto& [name, value] : before) {
-            const bool mayCross = isAmong(neutral, name) || isAmong(ofTheBody, name);
+            const bool mayCross = isAmong(neutralHeaders, name) || isAmong(bodyHeaders, name);
             if (!mayCross || isAmong(heldBack, name)) next.setValue(std::nullopt, name);
         }
     }

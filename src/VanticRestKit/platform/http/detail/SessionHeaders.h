@@ -8,8 +8,8 @@
 
 namespace VanticRestKit::detail {
 
-/// `request` with the headers of `configuration` that it has not itself, and with the session's `User-Agent` if it has
-/// none. Names compare without case.
+/// `request` with the headers of `configuration` that it lacks, and with the session's `User-Agent` if it has none.
+/// Names compare case-insensitively.
 URLRequest withSessionHeaders(URLRequest request, const URLSessionConfiguration& configuration);
 
 }  // namespace VanticRestKit::detail

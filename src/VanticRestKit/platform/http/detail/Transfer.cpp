@@ -7,7 +7,7 @@ namespace VanticRestKit::detail {
 void Transfer::report(Outcome& outcome) {
     const MetricsReceiver receiver = std::move(metrics_);
     if (outcome.metrics.empty()) {
-        // No request was sent: the transfer failed before that, or a cache had its answer.
+        // No request was sent: the transfer failed before that, or the response came from a cache.
         RequestMetrics& only = outcome.metrics.emplace_back();
         describe(only, request_, outcome);
         if (isStarted()) only.total = sinceStart(startedAt_);

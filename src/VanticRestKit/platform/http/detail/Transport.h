@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Transport`: what carries the transfers of a session.
+/// `Transport`: performs the transfers of a session.
 
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/http/detail/Transfer.h>
@@ -10,8 +10,8 @@
 
 namespace VanticRestKit::detail {
 
-/// Carries transfers. Any thread may call; nothing here blocks, the destructor included: what was started
-/// goes on to its end without a transport.
+/// Performs transfers. Thread-safe. Nothing here blocks, including the destructor: started transfers finish without the
+/// transport.
 class Transport {
 public:
     Transport() = default;
@@ -22,16 +22,17 @@ public:
     /// Runs `transfer` and completes it on the delegate queue.
     virtual void start(std::shared_ptr<Transfer> transfer) = 0;
 
-    /// Ends a started `transfer` as cancelled, unless it has ended by itself.
+    /// Cancels a started `transfer`, unless it has ended.
     virtual void cancel(std::shared_ptr<Transfer> transfer) = 0;
 
-    /// Takes no more transfers: those started from now on fail. Those under way go on, or are cancelled.
+    /// Makes transfers that are started from now on fail. Running transfers continue, or are cancelled if
+    /// `cancelsTransfers`.
     virtual void invalidate(bool cancelsTransfers) = 0;
 
-    /// Closes the connections that carry no transfer now.
+    /// Closes connections that no transfer uses.
     virtual void closeIdleConnections() = 0;
 
-    /// Where transfers are completed.
+    /// The queue on which transfers are completed.
     virtual const DispatchQueue& delegateQueue() const = 0;
 };
 

@@ -13,23 +13,21 @@
 
 namespace VanticRestKit::detail {
 
-/// The key under which user information says more than the description does, for whoever reads a log.
+/// The key of a detailed description for developers in the user information.
 inline constexpr std::string_view NSDebugDescriptionKey = "NSDebugDescription";
 
-/// The sentence for people that goes with `code`.
+/// The message for end users that belongs to `code`.
 std::string_view urlErrorDescription(URLErrorCode code);
 
-/// What went wrong, before it is an error: the code, and one sentence about this case, empty if there is
-/// none.
+/// What went wrong, from which an error is made.
 struct TransportFault {
     URLErrorCode code = URLErrorCode::unknown;
     std::string reason{};
-    /// What the error says in place of the sentence that goes with its code, if that one would mislead; else
-    /// empty.
+    /// Replaces the usual message of the code if that would be misleading; otherwise empty.
     std::string description{};
 };
 
-/// The error of `fault` at `url`, caused by `underlying` if that is there.
+/// The error for `fault` at `url`, with the cause `underlying` if there is one.
 Error makeURLError(const TransportFault& fault, const std::optional<URL>& url,
                    const std::optional<Error>& underlying = std::nullopt);
 

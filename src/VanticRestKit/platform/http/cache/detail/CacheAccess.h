@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What the library does with a `URLCache` and a host does not.
+/// The library's internal access to a `URLCache`.
 
 #include <VanticRestKit/platform/http/cache/detail/CacheClock.h>
 #include <VanticRestKit/platform/http/cache/detail/CacheStore.h>
@@ -14,11 +14,11 @@ namespace VanticRestKit::detail {
 class CacheCore;
 
 struct CacheAccess {
-    /// A cache with a store beyond its memory, if `store` is not null, and with a clock of the caller's.
+    /// Makes a cache with the given clock, and with a store besides memory if `store` is not null.
     static std::shared_ptr<URLCache> make(std::size_t memoryCapacity, std::shared_ptr<CacheStore> store,
                                           CacheClock clock = systemCacheTime);
 
-    /// What sessions use of `cache`; null for none.
+    /// The part of `cache` that sessions use; null if `cache` is null.
     static std::shared_ptr<CacheCore> core(const std::shared_ptr<URLCache>& cache);
 };
 

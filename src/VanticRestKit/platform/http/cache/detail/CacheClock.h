@@ -1,24 +1,24 @@
 #pragma once
 
 /// \file
-/// `CacheClock`: the time as a cache sees it.
+/// `CacheClock`: the clocks that a cache uses.
 
 #include <chrono>
 #include <functional>
 
 namespace VanticRestKit::detail {
 
-/// One moment on both clocks of the system.
+/// One point in time on both clocks of the system.
 struct CacheTime {
-    /// Since 1970. Dates of HTTP compare with this one; the user or the network may set it, in either direction.
+    /// Since 1970. Compared with HTTP dates. May be set forward or back at any time.
     std::chrono::milliseconds wall{};
-    /// Since some start, which differs between processes. It never goes back, but stands still while the device sleeps.
+    /// Since a start that differs between processes. It never goes back, but stops while the device sleeps.
     std::chrono::milliseconds steady{};
 
     friend bool operator==(const CacheTime&, const CacheTime&) = default;
 };
 
-/// Tells the time. Tests set one that they move themselves. Called on any thread.
+/// Returns the current time. Tests use one that they control. Called on any thread.
 using CacheClock = std::function<CacheTime()>;
 
 /// The system's time.

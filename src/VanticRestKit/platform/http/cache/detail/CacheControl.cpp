@@ -10,7 +10,7 @@ namespace {
 
 using std::chrono::seconds;
 
-/// The argument of a directive: empty if there is none, and `isGood` false if it cannot be read.
+/// The argument of a directive: `text` is empty if there is none, and `isGood` is false if it is malformed.
 struct Argument {
     std::optional<std::string> text{};
     bool isGood = true;
@@ -37,7 +37,7 @@ void setOnce(std::optional<seconds>& to, std::optional<seconds> value) {
     if (!to) to = value;
 }
 
-/// Where the quoted string that begins at `opening` ends.
+/// The position of the closing quote of the quoted string that begins at `opening`.
 std::optional<std::size_t> closingQuote(std::string_view text, std::size_t opening) {
     for (std::size_t i = opening + 1; i < text.size(); ++i) {
         if (text[i] == '"') return i;
@@ -50,8 +50,8 @@ class Directives {
 public:
     void add(std::string_view directive) {
         const auto equals = directive.find('=');
-        // A blank beside the equals sign is malformed. The name is found all the same: what was meant to limit the
-        // use of an answer must not be lost.
+        // A space next to the equals sign is malformed. The name is still recognised, so that a restriction is not
+        // lost.
         const std::string_view name = trimmed(directive.substr(0, equals));
         if (equals == std::string_view::npos) {
             add(name, {});
@@ -134,7 +134,7 @@ std::vector<std::string_view> listMembers(std::string_view value) {
     };
     for (std::size_t i = 0; i < value.size(); ++i) {
         if (value[i] == ',') end(i);
-        // A quote that is never closed is a character like any other: it must not hide what follows.
+        // A quote without a closing quote is an ordinary character, so that it does not hide what follows.
         if (value[i] == '"') i = closingQuote(value, i).value_or(i);
     }
     end(value.size());

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `CacheControl`: the directives of Cache-Control, of a request or of an answer.
+/// `CacheControl`: the directives of a Cache-Control field, of a request or a response.
 
 #include <chrono>
 #include <optional>
@@ -11,16 +11,15 @@
 
 namespace VanticRestKit::detail {
 
-/// What a Cache-Control field says. Unknown directives are ignored, and so is `s-maxage`, which is for shared caches.
+/// A parsed Cache-Control field. Unknown directives are ignored, and so is `s-maxage`, which is for shared caches.
 ///
-/// Of a directive that comes more than once the first one counts. An argument may be quoted or not. What cannot be
-/// read is taken as the stricter meaning: a `max-age` that is no number is 0, and a permission to use what is stale is
-/// none.
+/// The first of several equal directives is used. An argument may be quoted or not. Malformed arguments get the
+/// stricter meaning: a `max-age` that is not a number is 0, and a permission to use stale responses is ignored.
 struct CacheControl {
     using Seconds = std::chrono::seconds;
 
     bool noStore = false;
-    /// `no-cache` without names of fields.
+    /// `no-cache` without field names.
     bool noCache = false;
     bool mustRevalidate = false;
     bool mustUnderstand = false;
@@ -29,25 +28,25 @@ struct CacheControl {
     bool isImmutable = false;
     bool onlyIfCached = false;
     std::optional<Seconds> maxAge{};
-    /// The largest value if the directive has no argument.
+    /// The maximum value if the directive has no argument.
     std::optional<Seconds> maxStale{};
     std::optional<Seconds> minFresh{};
     std::optional<Seconds> staleWhileRevalidate{};
     std::optional<Seconds> staleIfError{};
-    /// The fields that `no-cache="..."` names, as they are written.
+    /// The fields that `no-cache="..."` names, as written.
     std::vector<std::string> noCacheFields{};
 
     static CacheControl parse(std::string_view value);
 };
 
-/// The largest number of seconds that a field of HTTP can say; larger ones are taken as this one.
+/// The largest number of seconds in an HTTP field; larger ones are reduced to it.
 inline constexpr std::chrono::seconds maxDeltaSeconds{2147483648};
 
-/// A number of seconds as HTTP writes it: digits and nothing else. Empty if `text` is not that.
+/// Parses a number of seconds: only digits. Empty if `text` has another form.
 std::optional<std::chrono::seconds> parseDeltaSeconds(std::string_view text);
 
-/// The parts of a list that commas separate, without blanks around them; commas in quoted strings separate nothing.
-/// Empty parts are left out. The views lie in `value`.
+/// The members of a comma-separated list, trimmed; commas in quoted strings do not separate. Empty members are left
+/// out. The views refer to `value`.
 std::vector<std::string_view> listMembers(std::string_view value);
 
 }  // namespace VanticRestKit::detail

@@ -40,7 +40,7 @@ std::vector<StoredPointer> CacheCore::take(const CacheKey& key, const std::vecto
     const std::lock_guard lock(mutex_);
     if (wasRemovedSince(key, begun)) return {};
     const std::vector<StoredPointer> present = memory_.all(key);
-    // What came from the server since is newer.
+    // Responses that arrived from the server meanwhile are newer.
     std::erase_if(responses, [&present](const StoredPointer& response) {
         return std::any_of(present.begin(), present.end(), [&response](const auto& other) {
             return other->variant() == response->variant();
@@ -51,8 +51,8 @@ std::vector<StoredPointer> CacheCore::take(const CacheKey& key, const std::vecto
     return responses;
 }
 
-// The store is called under the lock in all that follows, so that its changes have the order of those in memory: a head
-// must not be written over a body that came after it.
+// The following functions call the store under the lock, so that it is changed in the same order as memory: headers
+// must not be written over those of a newer body.
 
 bool CacheCore::put(const CacheKey& key, const StoredPointer& response, const URLRequest& request,
                     std::uint64_t begun) {
@@ -72,7 +72,7 @@ bool CacheCore::update(const CacheKey& key, const StoredPointer& stored, StoredP
     MemoryStore::Removed removed;
     const std::lock_guard lock(mutex_);
     if (wasRemovedSince(key, begun)) return false;
-    // Another answer may have come in between.
+    // Another response may have replaced it meanwhile.
     if (!memory_.replace(key, stored, replacement, removed)) return false;
     noteChange();
     if (store_) store_->writeHead(recordOf(key.text(), *replacement));
@@ -85,7 +85,7 @@ void CacheCore::drop(const CacheKey& key, const StoredPointer& stored) {
     const std::lock_guard lock(mutex_);
     memory_.remove(key, stored, removed);
     noteChange();
-    // The store cannot remove one of several.
+    // The store cannot remove a single variant.
     if (store_) store_->remove(key.text());
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `CacheCore`: what a `URLCache` and the sessions that use it share.
+/// `CacheCore`: the part of a `URLCache` that it shares with its sessions.
 
 #include <VanticRestKit/platform/dispatch/detail/Fork.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
@@ -21,47 +21,48 @@
 
 namespace VanticRestKit::detail {
 
-/// The answers in memory, the store beyond it if there is one, and counts. Any thread may call; the lock is held for
-/// look-ups and small changes only. In a child made by `fork` it finds nothing and keeps nothing.
+/// The responses in memory, the store on disk if there is one, and counters. Thread-safe; the lock is held only for
+/// lookups and small changes. In a child made by `fork` it finds nothing and stores nothing.
 class CacheCore : public std::enable_shared_from_this<CacheCore> {
 public:
     CacheCore(std::size_t capacity, std::shared_ptr<CacheStore> store, CacheClock clock);
 
     CacheTime now() const { return clock_(); }
 
-    /// Whether a look-up cannot find anything.
+    /// Whether no lookup can find anything.
     bool isEmpty() const noexcept { return !hasStore() && count_.load(std::memory_order_relaxed) == 0; }
     bool hasStore() const noexcept { return store_ != nullptr && mark_.isCurrent(); }
 
-    /// What memory has of `key` for `request`, or null. `hasOthers` becomes true if there are only answers that do not
-    /// fit the request.
+    /// The response in memory for `key` that matches `request`, or null. Sets `hasOthers` to true if there are only
+    /// responses that do not match the request.
     StoredPointer find(const CacheKey& key, const URLRequest& request, bool* hasOthers = nullptr);
 
-    /// Grows with each change of what is in memory, so that a look-up need not be repeated while it stays the same.
+    /// Increases with each change in memory; a lookup need not be repeated while it stays the same.
     std::uint64_t changes() const noexcept { return changes_.load(std::memory_order_relaxed); }
 
     using Found = UniqueFunction<void(std::vector<StoredPointer>)>;
-    /// Brings what the store has of `key` to memory and gives it to `found`, on the store's thread: also what is too
-    /// large for memory, but not what memory has a newer one of.
+    /// Reads the responses for `key` from the store into memory and passes them to `found`, on the store's thread.
+    /// Includes responses that are too large for memory, but not those of which memory has a newer one.
     void read(const CacheKey& key, Found found);
 
-    /// A moment in the order of removals. What was asked for before a removal must not be stored after it.
+    /// The current position in the sequence of removals. The response to a request that began before a removal must not
+    /// be stored after it.
     std::uint64_t moment() const noexcept { return removalCount_.load(); }
 
-    /// Stores the answer to `request`, which began at `begun`. Returns whether it did.
+    /// Stores the response to `request`; `begun` is `moment()` when the request began. Returns whether it was stored.
     bool put(const CacheKey& key, const StoredPointer& response, const URLRequest& request,
              std::uint64_t begun);
-    /// Puts `replacement`, which has the same body, in the place of `stored`.
+    /// Replaces `stored` with `replacement`, which has the same body.
     bool update(const CacheKey& key, const StoredPointer& stored, StoredPointer replacement,
                 std::uint64_t begun);
-    /// Removes one answer that a newer one has outdated.
+    /// Removes one response that a newer one has made obsolete.
     void drop(const CacheKey& key, const StoredPointer& stored);
 
-    /// Removes the answers of `key`.
+    /// Removes the responses of `key`.
     void remove(const CacheKey& key);
-    /// Removes the answers of `key`, and of the same URL to requests without credentials.
+    /// Removes the responses of `key`, and those of the same URL for requests without credentials.
     void invalidate(const CacheKey& key);
-    /// Removes the answers whose keys begin with `prefix`; all of them for an empty one.
+    /// Removes the responses whose keys begin with `prefix`; all of them if it is empty.
     void removeAll(std::string_view prefix);
 
     void setCapacity(std::size_t capacity);
@@ -74,10 +75,10 @@ public:
     std::uint64_t hits() const noexcept { return hits_.load(); }
     std::uint64_t misses() const noexcept { return misses_.load(); }
 
-    /// Whether the caller is to ask the server about `stored` in the background; false if that is under way.
+    /// Whether the caller should revalidate `stored` in the background; false if a revalidation is already running.
     bool beginRevalidation(const StoredPointer& stored);
     void endRevalidation(const StoredPointer& stored);
-    /// Waits until nothing is asked in the background; for tests. Whether that came to pass in time.
+    /// Waits until no revalidation runs in the background; for tests. Returns whether that happened within `limit`.
     bool waitUntilQuiet(std::chrono::milliseconds limit);
 
 private:
@@ -104,7 +105,7 @@ private:
 
     mutable std::mutex mutex_;
     MemoryStore memory_;
-    // The latest ones. A request that began before the first of them is taken as one that they concern.
+    // The latest removals. A request that began before the first of them counts as affected.
     std::deque<Removal> removals_;
     std::set<StoredPointer> revalidating_;
     std::condition_variable quiet_;

@@ -57,7 +57,7 @@ bool CacheHop::ignoresStored() const {
            policy_ == Policy::reloadIgnoringLocalAndRemoteCacheData;
 }
 
-bool CacheHop::isUsableAnyway() const {
+bool CacheHop::acceptsAnyAge() const {
     return policy_ == Policy::returnCacheDataElseLoad || policy_ == Policy::returnCacheDataDontLoad;
 }
 
@@ -76,11 +76,11 @@ CacheHop::Step CacheHop::ask() {
 
 CacheHop::Step CacheHop::lookUp() {
     bool hasOthers = false;
-    lookedAt_ = core_->changes();
+    changesSeen_ = core_->changes();
     if (!core_->isEmpty()) stored_ = core_->find(key(), request_, &hasOthers);
     if (!stored_ && core_->hasStore() && !hasRead_) return Step::read;
     if (!stored_) {
-        // What was too large for memory.
+        // Responses from the store may be too large for memory.
         for (const StoredPointer& read : read_) {
             if (!fitsVariant(read->variant(), request_)) continue;
             const bool isLater = !stored_ || read->parts().received.wall > stored_->parts().received.wall;
@@ -93,9 +93,9 @@ CacheHop::Step CacheHop::lookUp() {
     return use();
 }
 
-// Another load may have stored an answer since this one looked.
-void CacheHop::lookAgain() {
-    if (!stored_ && !core_->isEmpty() && core_->changes() != lookedAt_) {
+// Another load may have stored a response since the last lookup.
+void CacheHop::lookUpAgain() {
+    if (!stored_ && !core_->isEmpty() && core_->changes() != changesSeen_) {
         stored_ = core_->find(key(), request_);
     }
 }
@@ -103,7 +103,7 @@ void CacheHop::lookAgain() {
 CacheHop::Step CacheHop::use() {
     const CacheTime now = core_->now();
     const bool fresh = isFresh(*stored_, now);
-    if (isUsableAnyway()) return answerStored(fresh ? Source::cache : Source::stale);
+    if (acceptsAnyAge()) return answerStored(fresh ? Source::cache : Source::stale);
     Reuse reuse = reuseOf(*stored_, wanted_, now);
     if (policy_ == Policy::reloadRevalidatingCacheData) {
         reuse = fresh && stored_->control().isImmutable ? Reuse::fresh : Reuse::validate;
@@ -140,7 +140,7 @@ void CacheHop::addControl(const char* value) {
 }
 
 void CacheHop::askIfChanged() {
-    // The answer to a question about a part, or to one that the client asks itself, is the client's.
+    // If the request has its own range or conditions, the response to them belongs to the client.
     const bool isPlain = wanted_.isGet && wanted_.range.empty() && !wanted_.isConditional();
     if (!isPlain || !stored_->hasValidator()) return;
     if (!outgoing_) outgoing_ = request_;
@@ -164,7 +164,7 @@ CacheHop::Step CacheHop::answerStored(Source source) {
     return Step::answer;
 }
 
-// What HTTP prescribes for `only-if-cached`.
+// HTTP prescribes this response for `only-if-cached`.
 CacheHop::Step CacheHop::answerUnavailable(Forwarding reason) {
     constexpr std::int64_t gatewayTimeout = 504;
     core_->countMiss();
@@ -192,11 +192,11 @@ void CacheHop::revalidate(CacheHop& other) {
 
 void CacheHop::noteSent(const std::string& cookie) {
     if (cookie != cookie_) {
-        // An answer that came while this request waited has changed the session's cookies.
+        // A response that arrived while this request waited has changed the session's cookies.
         cookie_ = cookie;
         wanted_.cookie = cookie_.empty() ? CacheRequest(request_).cookie : std::string_view(cookie_);
         key_.reset();
-        lookedAt_.reset();
+        changesSeen_.reset();
         if (stored_) forgetStored();
     }
     if (core_) requested_ = core_->now();
@@ -209,8 +209,8 @@ void CacheHop::noteHead() {
 
 bool CacheHop::mayKeep(const HeaderFields& fields) const {
     if (!core_ || !wanted_.isStorable()) return false;
-    if (stored_ || isUsableAnyway()) return true;
-    // Read for each answer, and most have none of these: by the length, which tells more names apart than letters do.
+    if (stored_ || acceptsAnyAge()) return true;
+    // This runs for each response, and most have none of these fields. Comparing lengths first rules out most names.
     return std::any_of(fields.begin(), fields.end(), [](const auto& field) {
         const std::string_view name = field.first;
         switch (name.size()) {
@@ -258,7 +258,7 @@ HopAnswer CacheHop::confirmed(const HeaderFields& fields) {
 
 void CacheHop::keep(std::int64_t status, const HeaderFields& fields, const std::optional<Data>& body) {
     if (!wanted_.isStorable()) return;
-    lookAgain();
+    lookUpAgain();
     if (!mayKeep(fields)) return;
     const auto variant = variantOf(fieldOf(fields, "vary"), request_);
     if (variant) {
@@ -269,21 +269,22 @@ void CacheHop::keep(std::int64_t status, const HeaderFields& fields, const std::
                                                                              .requested = requested_,
                                                                              .received = received_,
                                                                              .variant = *variant});
-        const bool isWanted = isWorthStoring(*response) || isUsableAnyway() || stored_;
+        const bool isWanted = isWorthStoring(*response) || acceptsAnyAge() || stored_;
         if (isWanted && mayStore(wanted_, *response)) {
             status_.isStored = core_->put(key(), response, request_, begun_);
             return;
         }
     }
-    // What the server says now is newer than what is stored, although it is not stored itself.
+    // The new response is not stored, but it makes the stored one obsolete.
     if (stored_ && status < 500) core_->drop(key(), stored_);
 }
 
 void CacheHop::freshen(std::int64_t status, const HeaderFields& fields) {
-    lookAgain();
+    lookUpAgain();
     if (!stored_) return;
     if (status == 304) {
-        // The client's own question. Its answer is about what is stored only if it names the same validator.
+        // The client's own condition was confirmed. This applies to the stored response only if the validator is the
+        // same.
         const std::string_view tag = fieldOf(fields, "etag");
         if (tag.empty() || tag != stored_->etag()) return;
     } else if (status != stored_->status() || status != 200) {
@@ -309,7 +310,7 @@ void CacheHop::invalidate(std::int64_t status, const HeaderFields& fields) {
 
 bool CacheHop::forgetStored() {
     stored_.reset();
-    lookedAt_.reset();
+    changesSeen_.reset();
     outgoing_.reset();
     asksIfChanged_ = false;
     status_.source = Source::network;
@@ -317,9 +318,9 @@ bool CacheHop::forgetStored() {
     return load(Forwarding::partial) == Step::load;
 }
 
-std::optional<HopAnswer> CacheHop::rescue(URLErrorCode code) {
+std::optional<HopAnswer> CacheHop::storedFallback(URLErrorCode code) {
     if (!core_ || !stored_ || !isLossOfNetwork(code)) return std::nullopt;
-    // A user who asks for what is new wants to know that there is no network.
+    // A user who explicitly refreshes wants to know that there is no network.
     if (policy_ == Policy::reloadRevalidatingCacheData) return std::nullopt;
     if (!isUsableOffline(*stored_, wanted_, core_->now()) || !hasRequestedPart(*stored_, wanted_)) {
         return std::nullopt;

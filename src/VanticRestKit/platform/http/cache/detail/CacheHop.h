@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `CacheHop`: what one request of a transfer, or of a redirect, has to do with the cache.
+/// `CacheHop`: the use of the cache by one request of a transfer.
 
 #include <VanticRestKit/platform/http/cache/detail/CacheCore.h>
 #include <VanticRestKit/platform/http/cache/detail/CacheRequest.h>
@@ -16,78 +16,78 @@
 
 namespace VanticRestKit::detail {
 
-/// An answer, and how it came about.
+/// A response and its cache status.
 struct HopAnswer {
     CachedAnswer answer{};
     HTTPCacheStatus status{};
-    /// Whether its body was not kept; see `ResponseParts`.
+    /// Whether its body was not stored; see `ResponseParts`.
     bool lacksBody = false;
 };
 
-/// Asks the cache for one request before it is sent, and gives the cache what the server answered. For one thread; the
-/// request must outlive it.
+/// Looks up one request in the cache before it is sent, and passes the server's response to the cache. A redirect makes
+/// a new hop. For one thread; the request must outlive it.
 class CacheHop {
 public:
-    /// A hop of `request`, which has a URL that can be asked, with the Cookie that the session adds to it, which may be
-    /// empty. `keys` outlives it; `core` is null without a cache.
+    /// `request` must be sendable. `cookie` is the Cookie that the session adds to it; may be empty. `keys` must
+    /// outlive the hop; `core` is null without a cache.
     CacheHop(std::shared_ptr<CacheCore> core, CacheKeys& keys, const URLRequest& request, std::string cookie,
              URLRequestCachePolicy policy);
     ~CacheHop();
     CacheHop(const CacheHop&) = delete;
     CacheHop& operator=(const CacheHop&) = delete;
 
-    /// Whether a request of this policy has anything to do with the cache at all.
+    /// Whether a request with this policy needs a hop.
     static bool isNeeded(const CacheCore* core, URLRequestCachePolicy policy);
 
     enum class Step {
-        /// The server has to be asked, with `outgoing()`.
+        /// Send `outgoing()` to the server.
         load,
-        /// `takeAnswer()` has the answer.
+        /// `takeAnswer()` returns the response.
         answer,
-        /// The store has to be read first: call `read`, then `ask` again.
+        /// The store must be read first: call `read`, then `found`, then `ask` again.
         read,
-        /// The policy allows no load, and nothing is stored.
+        /// Fail: the policy allows no load, and nothing is stored.
         refuse,
     };
     Step ask();
 
-    /// Reads the store. `done` is called on the store's thread, with what is to be given to `found`.
+    /// Reads the store. `done` is called on the store's thread, with the argument for `found`.
     void read(CacheCore::Found done);
     void found(std::vector<StoredPointer> stored);
 
     HopAnswer takeAnswer();
-    /// Whether the answer is stale and the server is to be asked for a newer one in the background. True once; the
-    /// hop that asks is the one that `revalidating` made.
+    /// Whether the response is stale and must be revalidated in the background, by another hop on which `revalidate` is
+    /// called.
     bool wantsRevalidation() const noexcept { return wantsRevalidation_; }
-    /// Makes this the hop that asks in the background about what `other` has answered.
+    /// Makes this hop revalidate the response of `other` in the background.
     void revalidate(CacheHop& other);
 
-    /// What is to be sent: the request, with the conditions and the Cache-Control that the cache adds.
+    /// The request to send, with the conditions and the Cache-Control that the cache adds.
     const URLRequest& outgoing() const noexcept { return outgoing_ ? *outgoing_ : request_; }
 
-    /// The request is about to be sent, with this Cookie of the session. What is stored is forgotten if it is for
-    /// another one.
+    /// Call before the request is sent, with the session's current Cookie. If it has changed since the lookup, the
+    /// stored response is dropped.
     void noteSent(const std::string& cookie);
-    /// The head of its answer is there.
+    /// Call when the response's headers are complete.
     void noteHead();
 
-    /// Whether an answer with these fields is worth a look at whether to store it. Costs little.
+    /// A cheap first check whether a response with these fields may be stored.
     bool mayKeep(const HeaderFields& fields) const;
 
-    /// Takes the server's answer, without a body if that is not looked at. Returns what the client gets.
+    /// Takes the server's response; `body` is empty if it was not read. Returns the response for the client.
     HopAnswer finish(std::int64_t status, HeaderFields fields, std::optional<Data> body);
 
-    /// The stored answer is of no use to the session after all: the server is asked as if there were none.
-    /// Whether the policy allows that.
+    /// Drops the stored response, so that the request is sent as if there were none. Returns whether the policy allows
+    /// that.
     bool forgetStored();
 
-    /// What the client gets in place of an error of the transport; empty if it is the error.
-    std::optional<HopAnswer> rescue(URLErrorCode code);
+    /// The stored response for the client in place of a transport error; empty if the error must be reported.
+    std::optional<HopAnswer> storedFallback(URLErrorCode code);
 
 private:
     const CacheKey& key();
     Step lookUp();
-    void lookAgain();
+    void lookUpAgain();
     Step use();
     Step load(HTTPCacheStatus::Forwarding reason);
     Step answerStored(HTTPCacheStatus::Source source);
@@ -100,7 +100,7 @@ private:
     void invalidate(std::int64_t status, const HeaderFields& fields);
     HopAnswer storedAnswer(HTTPCacheStatus::Source source);
     bool ignoresStored() const;
-    bool isUsableAnyway() const;
+    bool acceptsAnyAge() const;
 
     const std::shared_ptr<CacheCore> core_;
     CacheKeys& keys_;
@@ -110,7 +110,7 @@ private:
     CacheRequest wanted_;
     std::optional<CacheKey> key_;
     std::optional<URLRequest> outgoing_;
-    /// The answer that fits the request, however old.
+    /// The stored response that matches the request, of any age.
     StoredPointer stored_;
     std::vector<StoredPointer> read_;
     std::optional<HopAnswer> answer_;
@@ -118,13 +118,13 @@ private:
     CacheTime requested_{};
     CacheTime received_{};
     std::uint64_t begun_ = 0;
-    /// What `changes` of the cache was when it was asked last; empty if it was not, or for another key.
-    std::optional<std::uint64_t> lookedAt_;
+    /// The cache's `changes()` at the last lookup; empty if there was none for this key.
+    std::optional<std::uint64_t> changesSeen_;
     bool hasRead_ = false;
-    /// Whether the outgoing request has conditions of this cache.
+    /// Whether the cache added conditions to the outgoing request.
     bool asksIfChanged_ = false;
     bool wantsRevalidation_ = false;
-    /// What this one asks about in the background, if it does.
+    /// The response that this hop revalidates in the background, or null.
     StoredPointer revalidated_;
 };
 

@@ -9,13 +9,13 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-/// Half of the SHA-256 of `text` in hexadecimal: nobody finds two texts with the same one.
+/// The first half of the SHA-256 of `text` in hexadecimal, which is enough to rule out collisions.
 std::string digestOf(std::string_view text) {
     if (text.empty()) return "-";
     std::array<unsigned char, EVP_MAX_MD_SIZE> digest{};
     unsigned size = 0;
     if (EVP_Digest(text.data(), text.size(), digest.data(), &size, EVP_sha256(), nullptr) != 1) {
-        // Equal to no other one, so that what is kept under it is never found.
+        // A unique value, so that a response stored under it is never found.
         static std::atomic<unsigned> failures = 0;
         return '!' + std::to_string(++failures);
     }
@@ -28,7 +28,7 @@ std::string digestOf(std::string_view text) {
     return hex;
 }
 
-/// User and password of a URL that begins so, with the "@", as they are written. They are sent as an Authorization.
+/// The user and password of a URL's beginning, with the "@", as written. They are sent as an Authorization.
 std::string_view userInfoOf(std::string_view beginning) {
     const auto at = beginning.rfind('@');
     if (at == std::string_view::npos) return {};
@@ -36,7 +36,7 @@ std::string_view userInfoOf(std::string_view beginning) {
     return beginning.substr(authority, at + 1 - authority);
 }
 
-/// The URL part of the key of a URL whose origin is `origin`, and after it comes `rest`.
+/// The URL part of a key: `origin`, followed by `rest` without the fragment.
 std::string cacheUrlOf(std::string_view origin, std::string_view rest) {
     rest = rest.substr(0, rest.find('#'));
     std::string key;

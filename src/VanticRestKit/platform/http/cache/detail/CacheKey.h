@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `CacheKey`: by what a cache finds an answer.
+/// `CacheKey`: the key of a cached response.
 
 #include <VanticRestKit/platform/http/cache/detail/CacheRequest.h>
 #include <VanticRestKit/platform/http/detail/Origin.h>
@@ -12,15 +12,15 @@
 
 namespace VanticRestKit::detail {
 
-/// Whose answers a request may get: the digests of its Authorization and of its Cookie. Credentials themselves are in
-/// no key, since keys are written to disks.
+/// Separates responses by credentials: the digests of a request's Authorization and Cookie. Keys are written to disk,
+/// so they must not contain the credentials themselves.
 class CachePartition {
 public:
-    /// Of requests that bear neither.
+    /// The partition of requests with neither.
     CachePartition() = default;
     CachePartition(std::string_view authorization, std::string_view cookie);
 
-    /// The start of all keys of the requests with this Authorization, whatever their cookies.
+    /// The prefix of all keys of requests with this Authorization, for any cookies.
     static std::string prefixOf(std::string_view authorization);
 
     const std::string& text() const noexcept { return text_; }
@@ -31,21 +31,20 @@ private:
     std::string text_{"-.-"};
 };
 
-/// What answers are found by: whose they are, and the URL without its fragment. The origin is in its normal form, the
-/// rest of the URL as it is written.
+/// The partition and the URL without its fragment. The origin is normalised; the rest of the URL is unchanged.
 struct CacheKey {
     CachePartition partition{};
     std::string url{};
 
-    /// As one text, which begins with the partition.
+    /// The key as one string, which begins with the partition.
     std::string text() const { return partition.text() + ' ' + url; }
 };
 
-/// Makes keys. Remembers the credentials of the last request, since most of those that follow have the same. For one
+/// Makes keys. Caches the digests of the last request's credentials, since most requests have the same ones. For one
 /// thread.
 class CacheKeys {
 public:
-    /// The key of `request` to `url`, which requests can be sent to.
+    /// The key of `request` for `url`, which must be a URL that requests can be sent to.
     CacheKey of(const CacheRequest& request, const URL& url);
 
 private:

@@ -21,7 +21,7 @@ void addText(std::string& to, std::string_view text) {
     to += text;
 }
 
-/// Takes one value after the other from a text that may end too early.
+/// Reads values one after another from bytes that may be truncated.
 class Reader {
 public:
     explicit Reader(std::string_view bytes) : rest_(bytes) {}
@@ -46,7 +46,7 @@ public:
     }
 
     std::chrono::milliseconds time() {
-        // What is out of range would overflow in the arithmetic of ages.
+        // Values out of this range would overflow when ages are computed.
         constexpr std::int64_t limit = std::numeric_limits<std::int64_t>::max() / 16;
         const auto milliseconds = static_cast<std::int64_t>(number());
         if (milliseconds < -limit || milliseconds > limit) isGood_ = false;
@@ -94,7 +94,7 @@ StoredPointer responseOf(const CacheRecord& record) {
     parts.status = static_cast<std::int64_t>(reader.number());
     parts.lacksBody = reader.number() != 0;
     parts.received.wall = reader.time();
-    // The delay between the two is all that ages depend on.
+    // Ages depend only on the difference between the two times.
     const std::chrono::milliseconds delay = reader.time();
     parts.requested = {.wall = parts.received.wall - delay, .steady = -delay};
     const std::uint64_t count = reader.number();

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The form of a stored answer in a `CacheStore`.
+/// Serialises stored responses for a `CacheStore`.
 
 #include <VanticRestKit/platform/http/cache/detail/CacheStore.h>
 #include <VanticRestKit/platform/http/cache/detail/StoredResponse.h>
@@ -10,14 +10,14 @@
 
 namespace VanticRestKit::detail {
 
-/// Status, fields and times of `response` as bytes. The time of the steady clock is left out, since it means nothing in
-/// another process.
+/// The status, fields and times of `response` as bytes. Times of the steady clock are left out, since they are
+/// meaningless in another process.
 Data recordHead(const StoredResponse& response);
 
 /// The record of `response` under `key`.
 CacheRecord recordOf(std::string key, const StoredResponse& response);
 
-/// The answer of a record; null if its head cannot be read, as one of another version or a damaged one.
+/// The response of a record; null if its head cannot be read because it has another version or is damaged.
 StoredPointer responseOf(const CacheRecord& record);
 
 }  // namespace VanticRestKit::detail

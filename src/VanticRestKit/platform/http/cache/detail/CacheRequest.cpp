@@ -14,7 +14,7 @@ CacheRequest::CacheRequest(const URLRequest& request) {
     std::string_view pragma;
     for (const auto& [name, value] : request.allHTTPHeaderFields()) {
         const auto is = [&field = name](std::string_view known) { return sameHeaderName(field, known); };
-        // By the first letter, since most fields of a request are none of these.
+        // Checking the first letter rules out most fields.
         switch (name.empty() ? ' ' : asciiLower(name.front())) {
             case 'a':
                 if (is("authorization")) authorization = value;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `CacheRequest`: what a cache needs to know of a request.
+/// `CacheRequest`: what a cache needs to know about a request.
 
 #include <VanticRestKit/platform/http/cache/detail/CacheControl.h>
 #include <VanticRestKit/platform/http/URLRequest.h>
@@ -10,13 +10,13 @@
 
 namespace VanticRestKit::detail {
 
-/// The header fields of a request that matter to a cache, found in one pass. The views lie in the request.
+/// The header fields of a request that matter to a cache, found in one pass. The views refer to the request.
 struct CacheRequest {
     explicit CacheRequest(const URLRequest& request);
 
     bool isGet = false;
     bool isHead = false;
-    /// Whether it changes nothing on the server, as its method says.
+    /// Whether its method is safe: it changes nothing on the server.
     bool isSafe = false;
 
     std::string_view authorization{};
@@ -27,14 +27,14 @@ struct CacheRequest {
     /// Its Cache-Control. A `Pragma: no-cache` counts as `no-cache` if there is no Cache-Control.
     CacheControl control{};
     bool hasControl = false;
-    /// Whether it has a condition that only the server can judge, or a body on which its answer may depend.
+    /// Whether it has a condition that only the server can evaluate, or a body that its response may depend on.
     bool isForServerOnly = false;
 
-    /// Whether an answer in a cache may do for it.
+    /// Whether a cached response may be used for it.
     bool isAnswerable() const { return (isGet || isHead) && !isForServerOnly && !control.noStore; }
-    /// Whether it asks under a condition of its own.
+    /// Whether it has its own condition.
     bool isConditional() const { return !ifNoneMatch.empty() || !ifModifiedSince.empty(); }
-    /// Whether its answer may be kept as the answer to its URL. Answers with a status of their own are judged later.
+    /// Whether its response may be stored, as far as the request decides that.
     bool isStorable() const { return isGet && !isForServerOnly && !control.noStore; }
 };
 

@@ -8,12 +8,12 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// What this cache knows the meaning of, beyond the statuses that may be kept by themselves.
+// The statuses that this cache understands: those that are cacheable by default, and some redirects.
 bool isUnderstood(std::int64_t status) {
     return isHeuristicallyCacheable(status) || status == 302 || status == 303 || status == 307;
 }
 
-/// Whether `duration` is over `passed`; the largest duration is never over.
+/// Whether `passed` is within `duration`; the maximum duration never ends.
 bool isWithin(milliseconds passed, std::optional<std::chrono::seconds> duration) {
     return duration && (*duration >= maxDeltaSeconds || passed <= milliseconds(*duration));
 }
@@ -23,7 +23,7 @@ bool isWithin(milliseconds passed, std::optional<std::chrono::seconds> duration)
 bool mayStore(const CacheRequest& request, const StoredResponse& response) {
     const CacheControl& control = response.control();
     const std::int64_t status = response.status();
-    // Parts of an answer, and news about one, are no answers.
+    // Partial responses and 304 are not complete responses.
     if (!request.isStorable() || status < 200 || status == 206 || status == 304) return false;
     if (!request.range.empty() && status != 200) return false;
     if (control.mustUnderstand) {
@@ -44,7 +44,7 @@ Reuse reuseOf(const StoredResponse& stored, const CacheRequest& request, CacheTi
     const CacheControl& control = stored.control();
     if (control.noCache || wanted.noCache) return Reuse::validate;
     const milliseconds age = stored.age(now);
-    // Zero asks for the server's opinion, also in the very second of the answer.
+    // A max-age of zero requires validation even within the second in which the response was made.
     if (wanted.maxAge && (age > *wanted.maxAge || wanted.maxAge->count() == 0)) return Reuse::validate;
     const milliseconds left = stored.lifetime() - age;
     if (wanted.minFresh && left < *wanted.minFresh) return Reuse::validate;
@@ -62,7 +62,7 @@ bool isFresh(const StoredResponse& stored, CacheTime now) {
 bool isUsableOffline(const StoredResponse& stored, const CacheRequest& request, CacheTime now) {
     const CacheControl& control = stored.control();
     if (control.mustRevalidate || control.noCache || request.control.noCache) return false;
-    // A request that limits the age has decided already.
+    // The request limits the age itself.
     if (request.control.maxAge || request.control.minFresh) return isUsableOnError(stored, request, now);
     const milliseconds staleness = stored.age(now) - stored.lifetime();
     return (stored.declaresLifetime() && staleness <= stored.lifetime()) ||

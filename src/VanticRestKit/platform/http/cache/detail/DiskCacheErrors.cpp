@@ -19,7 +19,7 @@ std::string_view descriptionOf(DiskCacheErrorCode code) {
         case DiskCacheErrorCode::damagedFile:
             return "The file of the cache was damaged and has been set aside.";
         case DiskCacheErrorCode::foreignFile:
-            return "A file that is no cache had the name of the cache and has been set aside.";
+            return "The file of the cache was not made by VanticRestKit and has been set aside.";
         case DiskCacheErrorCode::newerFile:
             return "The file of the cache was made by a newer version and has been set aside.";
         case DiskCacheErrorCode::damagedRecord: return "A damaged record of the cache has been removed.";

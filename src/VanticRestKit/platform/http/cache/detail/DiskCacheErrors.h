@@ -11,7 +11,7 @@
 
 namespace VanticRestKit::detail {
 
-/// The error of `code` for the file or folder `path`. `reason` is what the system or SQLite said, or empty.
+/// The error of `code` for the file or folder `path`. `reason` is the message of the system or SQLite, or empty.
 Error makeDiskCacheError(DiskCacheErrorCode code, std::string_view path, std::string_view reason);
 
 }  // namespace VanticRestKit::detail

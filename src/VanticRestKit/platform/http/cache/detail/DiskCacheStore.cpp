@@ -18,21 +18,21 @@ namespace {
 
 #ifdef VRK_HAS_DISK_CACHE
 
-/// The side of the callers. Its thread has the other side, and keeps it until all calls are done.
+/// Posts calls to the store's thread. The state that the thread works on stays alive until all calls are done.
 class DiskCacheStore final : public CacheStore {
 public:
     DiskCacheStore(std::string folder, std::uint64_t capacity, DiskCacheReport report,
                    const DiskCacheLimits& limits)
-        : side_(std::make_shared<Side>(std::move(folder), capacity, std::move(report), limits)) {
-        queue_.async([side = side_] { side->worker.warmUp(); });
+        : state_(std::make_shared<State>(std::move(folder), capacity, std::move(report), limits)) {
+        queue_.async([state = state_] { state->worker.warmUp(); });
     }
 
     ~DiskCacheStore() override {
         if (mark_.isCurrent()) {
-            queue_.async([side = std::move(side_)] { side->worker.close(); });
+            queue_.async([state = std::move(state_)] { state->worker.close(); });
         } else {
-            // The parent's thread may have left it in any state, and closing is the parent's to do.
-            static_cast<void>(new std::shared_ptr<Side>(std::move(side_)));
+            // In a forked child the state may be inconsistent, and only the parent may close the file. Leak it.
+            static_cast<void>(new std::shared_ptr<State>(std::move(state_)));
         }
     }
 
@@ -56,12 +56,12 @@ public:
         post({.kind = Kind::removeAll, .record = {.key = std::move(prefix)}});
     }
 
-    std::uint64_t currentUsage() const override { return mark_.isCurrent() ? side_->worker.usage() : 0; }
+    std::uint64_t currentUsage() const override { return mark_.isCurrent() ? state_->worker.usage() : 0; }
 
-    std::uint64_t droppedWrites() const override { return mark_.isCurrent() ? side_->calls.dropped() : 0; }
+    std::uint64_t droppedWrites() const override { return mark_.isCurrent() ? state_->calls.dropped() : 0; }
 
     void flush() override {
-        // There it would wait for itself.
+        // On the store's own thread it would wait for itself.
         if (!mark_.isCurrent() || queue_.isCurrent()) return;
         const DispatchGroup group;
         group.enter();
@@ -72,9 +72,9 @@ public:
 private:
     using Kind = StoreCall::Kind;
 
-    struct Side {
-        Side(std::string folder, std::uint64_t capacity, DiskCacheReport report,
-             const DiskCacheLimits& limits)
+    struct State {
+        State(std::string folder, std::uint64_t capacity, DiskCacheReport report,
+              const DiskCacheLimits& limits)
             : calls(limits.maxPendingBytes), worker(std::move(folder), capacity, std::move(report), limits) {}
 
         void drain() {
@@ -89,12 +89,12 @@ private:
 
     void post(StoreCall call) {
         if (!mark_.isCurrent()) return;
-        if (side_->calls.push(std::move(call))) queue_.async([side = side_] { side->drain(); });
+        if (state_->calls.push(std::move(call))) queue_.async([state = state_] { state->drain(); });
     }
 
     const ForkMark mark_{};
     const DispatchQueue queue_ = DispatchQueue::withOwnThread("vrk.http.cache");
-    std::shared_ptr<Side> side_;
+    std::shared_ptr<State> state_;
 };
 
 #else

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `openDiskCacheStore`: the store of a cache in a folder, if this build of the library has one.
+/// `openDiskCacheStore`: opens the disk store of a cache, if this build of the library supports it.
 
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/platform/error/Error.h>
@@ -15,29 +15,30 @@
 
 namespace VanticRestKit::detail {
 
-/// Is called on the store's thread with an error of the domain `DiskCacheErrorDomain`. A fault that lasts is reported
-/// once, and again if it comes back after a write has succeeded.
+/// Called on the store's thread with an error of the domain `DiskCacheErrorDomain`. A lasting fault is reported once,
+/// and again if it returns after a successful write.
 using DiskCacheReport = UniqueFunction<void(const Error&)>;
 
-/// Limits that only tests change.
+/// Limits, which only tests change.
 struct DiskCacheLimits {
-    /// The bytes of records that wait to be written. With more, the oldest waiting ones are dropped.
+    /// The maximum size of the records that wait to be written, in bytes. Beyond it the oldest are dropped.
     std::size_t maxPendingBytes = 16U << 20U;
-    /// How long a call waits for other processes.
+    /// How long a call waits for locks of other processes.
     std::chrono::milliseconds busyTimeout{5000};
-    /// The pages that the file may have before the disk counts as full; 0 for no limit.
+    /// The maximum number of pages of the file, after which the disk counts as full; 0 for no limit.
     int maxPages = 0;
 };
 
-/// Whether this build of the library can keep a cache on disk.
+/// Whether this build of the library supports a disk cache.
 bool hasDiskCacheStore() noexcept;
 
-/// A store in a file of `folder`. Several stores may share a folder, in one process or in several.
+/// Opens a store in a file of `folder`. Several stores may share a folder, in one or several processes.
 ///
-/// Nothing is made before the first write: then the folder and those above it, with mode 0700, and the files in it,
-/// with mode 0600. `capacity` is in bytes of the file; a log of at most some megabytes comes on top. A record is
-/// either whole or absent, also after a crash. What cannot be read counts as absent, and what cannot be written is not
-/// stored; `report` is told. Without a disk part `report` is told `unsupported`, and the store stays empty.
+/// The first write creates the folder and its parents with mode 0700, and the files in it with mode 0600. `capacity` is
+/// the maximum size of the file in bytes, in addition to a log of at most a few megabytes. A record is either complete
+/// or absent, even after a crash. Records that cannot be read count as absent, and records that cannot be written are
+/// not stored; `report` is called for both. In a build without disk cache, `report` gets `unsupported`, and the store
+/// stays empty.
 ///
 /// A child made by `fork` finds the store empty and writes nothing.
 std::shared_ptr<CacheStore> openDiskCacheStore(std::string folder, std::uint64_t capacity,

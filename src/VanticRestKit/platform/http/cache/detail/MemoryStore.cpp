@@ -9,7 +9,7 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// A server whose answers vary with something that differs in each request must not make look-ups slow.
+// Lookups stay fast even if the responses of a server vary by a field that differs in each request.
 constexpr std::size_t maxVariants = 32;
 
 }  // namespace
@@ -59,8 +59,8 @@ bool MemoryStore::put(const CacheKey& key, StoredPointer response, const URLRequ
             if (isReplaced) remove(entry, removed);
         }
     }
-    // What the containers take for one entry: a node of the list, one of the table with its place in it, and a place
-    // among the variants.
+    // The overhead of the containers for one entry: a node of the list, a node of the table with its bucket, and an
+    // element of the variants.
     constexpr std::size_t nodes =
         sizeof(Entry) + 4 * sizeof(void*) + sizeof(Urls::value_type) + 4 * sizeof(void*) + 4 * sizeof(void*);
     std::size_t cost = response->cost() + key.url.size() + 1 + nodes;
@@ -74,7 +74,7 @@ bool MemoryStore::put(const CacheKey& key, StoredPointer response, const URLRequ
     auto& partition = *partitions_.try_emplace(key.partition.text()).first;
     auto& url = *partition.second.try_emplace(key.url).first;
     if (url.second.size() >= maxVariants) {
-        // This leaves others, so the URL stays.
+        // Others remain, so this does not erase the URL.
         remove(url.second.front(), removed);
     }
     entries_.push_front(

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `MemoryStore`: answers in memory, up to a number of bytes.
+/// `MemoryStore`: responses in memory, up to a capacity in bytes.
 
 #include <VanticRestKit/platform/http/cache/detail/CacheKey.h>
 #include <VanticRestKit/platform/http/cache/detail/StoredResponse.h>
@@ -15,36 +15,36 @@
 
 namespace VanticRestKit::detail {
 
-/// Keeps answers, and gives up those that were used least recently when they take more than its capacity. What an
-/// answer takes is counted with its key and with the blocks of the containers in here. To find, to add and to remove
-/// one takes a time that does not depend on how many there are. Not for several threads at once.
+/// Keeps responses, and removes the least recently used ones when they take more than the capacity. The cost of a
+/// response includes its key and the overhead of the containers. Finding, adding and removing take constant time. Not
+/// thread-safe.
 class MemoryStore {
 public:
-    /// What was removed. Answers may be large, so their memory is freed where no lock is held.
+    /// The removed responses. They may be large, so the caller frees them after releasing its lock.
     using Removed = std::vector<StoredPointer>;
 
     explicit MemoryStore(std::size_t capacity) : capacity_(capacity) {}
     MemoryStore(const MemoryStore&) = delete;
     MemoryStore& operator=(const MemoryStore&) = delete;
 
-    /// The answer of `key` that fits `request` and came last, or null. It counts as used.
+    /// The latest response of `key` that matches `request`, or null. Counts as a use of it.
     StoredPointer find(const CacheKey& key, const URLRequest& request);
 
-    /// All answers of `key`. None of them counts as used.
+    /// All responses of `key`. Does not count as a use of them.
     std::vector<StoredPointer> all(const CacheKey& key) const;
 
-    /// Adds an answer in place of those of `key` that have the same variant or fit `request`, if there is one. An
-    /// answer that takes more than half the capacity is not kept. Returns whether it is.
+    /// Adds a response, replacing those of `key` that have the same variant or match `request`, which may be null. A
+    /// response that takes more than half the capacity is not kept. Returns whether it was kept.
     bool put(const CacheKey& key, StoredPointer response, const URLRequest* request, Removed& removed);
 
-    /// Puts `replacement` in the place of `stored`, if that is still there.
+    /// Replaces `stored` with `replacement`, if it is still there.
     bool replace(const CacheKey& key, const StoredPointer& stored, StoredPointer replacement,
                  Removed& removed);
 
     void remove(const CacheKey& key, Removed& removed);
-    /// Removes one answer, if it is there.
+    /// Removes one response, if it is there.
     void remove(const CacheKey& key, const StoredPointer& stored, Removed& removed);
-    /// Removes the answers of all partitions that begin with `prefix`; all answers for an empty one.
+    /// Removes the responses of all partitions that begin with `prefix`; all responses if it is empty.
     void removeAll(std::string_view prefix, Removed& removed);
 
     void setCapacity(std::size_t capacity, Removed& removed);
@@ -56,7 +56,7 @@ private:
     struct Entry;
     struct Partition;
     using Entries = std::list<Entry>;
-    /// The answers of one URL to the requests of one partition.
+    /// The responses of one URL in one partition.
     using Variants = std::vector<Entries::iterator>;
     using Urls = std::unordered_map<std::string, Variants>;
     using Partitions = std::unordered_map<std::string, Urls>;
@@ -75,7 +75,7 @@ private:
 
     std::size_t capacity_;
     std::size_t usage_ = 0;
-    // Those used last come first.
+    // Most recently used first.
     Entries entries_;
     Partitions partitions_;
 };

@@ -23,7 +23,7 @@ std::optional<std::size_t> numberOf(std::string_view text) {
     return number;
 }
 
-/// The part of `size` bytes that a Range names; empty if it names several or none, or is malformed.
+/// The part of a body of `size` bytes that a Range selects; empty if it selects several or none, or is malformed.
 std::optional<Part> partOf(std::string_view range, std::size_t size) {
     constexpr std::string_view unit = "bytes=";
     if (!sameHeaderName(range.substr(0, unit.size()), unit)) return std::nullopt;
@@ -60,7 +60,7 @@ std::string_view opaquePart(std::string_view tag) {
     return tag;
 }
 
-/// All of `stored`, made to what `request` asks for.
+/// `stored` reduced to what `request` asks for.
 CachedAnswer shaped(const StoredResponse& stored, const CacheRequest& request, HeaderFields fields) {
     CachedAnswer answer{.status = stored.status(), .fields = std::move(fields), .body = stored.body()};
     const auto received = std::chrono::floor<std::chrono::seconds>(stored.parts().received.wall);
@@ -89,7 +89,7 @@ CachedAnswer shaped(const StoredResponse& stored, const CacheRequest& request, H
 
 bool hasRequestedPart(const StoredResponse& stored, const CacheRequest& request) {
     if (request.range.empty() || request.isHead) return true;
-    // A range counts the bytes as they were sent, and these are kept without their coding.
+    // A range counts bytes of the coded body, but bodies are stored decoded.
     return stored.status() == 200 && stored.field("content-encoding").empty() &&
            partOf(request.range, stored.body().size()).has_value();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What a cache answers with a stored answer: all of it, its head, a part of it, or that it has not changed.
+/// The response that a cache makes from a stored one: the whole response, its headers, a range of it, or 304.
 
 #include <VanticRestKit/platform/http/cache/detail/CacheRequest.h>
 #include <VanticRestKit/platform/http/cache/detail/StoredResponse.h>
@@ -10,35 +10,35 @@
 
 namespace VanticRestKit::detail {
 
-/// An answer in the form in which a completion gets it.
+/// A response as it is passed to a completion.
 struct CachedAnswer {
     std::int64_t status = 0;
     HeaderFields fields{};
     Data body{};
 };
 
-/// Whether the part of `stored` that `request` asks for can be cut out of it; also if it asks for all.
+/// Whether `stored` contains the range that `request` asks for; true if it asks for no range.
 bool hasRequestedPart(const StoredResponse& stored, const CacheRequest& request);
 
-/// What `request` is answered with `stored`, which has the part requested:
-/// - its head alone for HEAD,
-/// - 304 if the request's own condition says that the client has it already,
-/// - 206 with the bytes of the range requested,
+/// The response to `request` made from `stored`, which contains the requested range:
+/// - only the headers for HEAD,
+/// - 304 if the request's own condition shows that the client already has it,
+/// - 206 with the bytes of the requested range,
 /// - all of it otherwise.
 ///
-/// Fields that the server wants to confirm each time are left out. The fields have an Age.
+/// Fields that require validation each time are left out. An Age is added.
 CachedAnswer answerOf(const StoredResponse& stored, const CacheRequest& request, CacheTime now);
 
-/// The same after the server has confirmed `stored`: with all its fields, and no Age of this cache's.
+/// The same after the server has confirmed `stored`: with all its fields, and without an Age of this cache.
 CachedAnswer confirmedAnswerOf(const StoredResponse& stored, const CacheRequest& request);
 
-/// Whether the condition of `request` says that the client has `stored` already.
+/// Whether the condition of `request` shows that the client already has `stored`.
 bool isNotModified(const StoredResponse& stored, const CacheRequest& request, std::chrono::seconds now);
 
-/// Adds the question whether `stored` has changed to `request`.
+/// Adds conditions to `request` that ask whether `stored` has changed.
 void addConditions(URLRequest& request, const StoredResponse& stored);
 
-/// Whether the answer to a HEAD, with these fields, may be to the same thing as `stored`.
+/// Whether the fields of a response to HEAD are consistent with `stored`.
 bool describesSame(const StoredResponse& stored, const HeaderFields& head);
 
 }  // namespace VanticRestKit::detail

@@ -14,8 +14,8 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 
-/// Whether the field concerns one connection only. Read by the first letter, since most names begin with another one.
-bool isOfOneConnection(std::string_view name) {
+/// Whether the field is connection-specific. Checking the first letter rules out most names.
+bool isConnectionSpecific(std::string_view name) {
     const auto is = [name](std::string_view known) { return sameHeaderName(name, known); };
     switch (name.empty() ? ' ' : asciiLower(name.front())) {
         case 'c': return is("connection");
@@ -29,10 +29,10 @@ bool isOfOneConnection(std::string_view name) {
     }
 }
 
-// They describe the body that came with the stored answer, which an update does not bring.
-constexpr std::array<std::string_view, 3> ofTheBody{"content-length", "content-encoding", "content-range"};
+// These describe the body of the stored response, which an update does not contain.
+constexpr std::array<std::string_view, 3> bodyFields{"content-length", "content-encoding", "content-range"};
 
-// What a map takes for one field, apart from long texts.
+// The memory that a map takes for one field, apart from long strings.
 constexpr std::size_t nodeCost = 4 * sizeof(void*) + sizeof(HeaderFields::value_type) + 16;
 constexpr milliseconds longestEstimate = std::chrono::hours(24);
 
@@ -44,13 +44,13 @@ bool isOneOf(const std::array<std::string_view, count>& names, std::string_view 
 
 seconds wholeSeconds(CacheTime time) { return std::chrono::floor<seconds>(time.wall); }
 
-/// The field of that name; most often it is spelled the same.
+/// The field of that name. Tries the exact spelling first, which usually matches.
 HeaderFields::iterator fieldNamed(HeaderFields& fields, const std::string& name) {
     const auto exact = fields.find(name);
     return exact != fields.end() ? exact : findHeader(fields, name);
 }
 
-/// The fields that `fields` itself says are for one connection.
+/// The fields that the Connection field of `fields` lists.
 std::vector<std::string_view> namedByConnection(const HeaderFields& fields) {
     const auto found = findHeader(fields, "connection");
     return found == fields.end() ? std::vector<std::string_view>() : listMembers(found->second);
@@ -61,15 +61,15 @@ bool isAmong(const std::vector<std::string_view>& names, std::string_view name) 
                        [name](std::string_view each) { return sameHeaderName(each, name); });
 }
 
-void removeFieldsOfOneConnection(HeaderFields& fields) {
+void removeConnectionFields(HeaderFields& fields) {
     const bool hasAny = std::any_of(fields.begin(), fields.end(),
-                                    [](const auto& field) { return isOfOneConnection(field.first); });
+                                    [](const auto& field) { return isConnectionSpecific(field.first); });
     if (!hasAny) return;
     std::string listed;
     if (const auto found = findHeader(fields, "connection"); found != fields.end()) listed = found->second;
     const std::vector<std::string_view> named = listMembers(listed);
     std::erase_if(fields, [&named](const auto& field) {
-        return isOfOneConnection(field.first) || isAmong(named, field.first);
+        return isConnectionSpecific(field.first) || isAmong(named, field.first);
     });
 }
 
@@ -81,7 +81,7 @@ std::size_t textCost(const std::string& text) {
 }  // namespace
 
 StoredResponse::StoredResponse(ResponseParts parts) : parts_(std::move(parts)) {
-    removeFieldsOfOneConnection(parts_.fields);
+    removeConnectionFields(parts_.fields);
     known_ = knownFieldsOf(parts_.fields);
     const seconds received = wholeSeconds(parts_.received);
     if (known_.date.empty()) {
@@ -136,7 +136,7 @@ std::string_view StoredResponse::field(std::string_view name) const {
 milliseconds StoredResponse::computeLifetime() const {
     if (control_.maxAge) return *control_.maxAge;
     if (known_.hasExpires) {
-        // "0", and whatever else is no date, is a time that has passed.
+        // "0" and any other value that is not a date means a time in the past.
         const auto expires = parseHTTPDate(known_.expires, wholeSeconds(parts_.received));
         return expires ? *expires - made_ : seconds(0);
     }
@@ -146,28 +146,28 @@ milliseconds StoredResponse::computeLifetime() const {
 }
 
 milliseconds StoredResponse::computeInitialAge() const {
-    // A Date has no fractions of a second; one of this second is not older than it.
+    // A Date has no fractions of a second, so compare whole seconds.
     const milliseconds apparent =
         std::max<milliseconds>(wholeSeconds(parts_.received) - made_, milliseconds(0));
-    // Of a list the first member counts.
+    // The first member of a list is used.
     const std::string_view age = known_.age.substr(0, known_.age.find(','));
-    const auto told = parseDeltaSeconds(trimmed(age)).value_or(seconds(0));
+    const auto declared = parseDeltaSeconds(trimmed(age)).value_or(seconds(0));
     const milliseconds delay = std::max(parts_.received.steady - parts_.requested.steady, milliseconds(0));
-    return std::max<milliseconds>(apparent, told + delay);
+    return std::max<milliseconds>(apparent, declared + delay);
 }
 
 milliseconds StoredResponse::age(CacheTime now) const {
     const milliseconds wall = now.wall - parts_.received.wall;
     const milliseconds steady = now.steady - parts_.received.steady;
-    // The steady clock misses what the device slept, and the other one goes back when it is set. An answer of an
-    // earlier process has no steady time: if it seems to come from the future, nothing is known of its age.
+    // The steady clock stops while the device sleeps, and the wall clock may be set back. A response of an earlier
+    // process has no steady time: if it seems to come from the future, its age is unknown.
     const bool isKnown = parts_.received.steady != milliseconds(0);
     if (!isKnown && wall < milliseconds(0)) return milliseconds(maxDeltaSeconds);
     return initialAge_ + std::max({wall, isKnown ? steady : milliseconds(0), milliseconds(0)});
 }
 
 std::size_t StoredResponse::cost() const {
-    // With the counters that its owners and those of its body share.
+    // Including the reference counts of this object and of its body.
     std::size_t cost = sizeof(StoredResponse) + 4 * sizeof(void*) + textCost(parts_.variant);
     for (const auto& [name, value] : parts_.fields) cost += nodeCost + textCost(name) + textCost(value);
     for (const std::string& name : control_.noCacheFields) cost += sizeof(std::string) + textCost(name);
@@ -185,13 +185,13 @@ StoredPointer updated(const StoredResponse& stored, const HeaderFields& fresh, C
     ResponseParts parts = stored.parts();
     parts.requested = requested;
     parts.received = received;
-    // These tell when one message was made, and that is now the update.
+    // These refer to when a message was made; the update has its own.
     std::erase_if(parts.fields, [](const auto& field) {
         return sameHeaderName(field.first, "age") || sameHeaderName(field.first, "date");
     });
     const std::vector<std::string_view> named = namedByConnection(fresh);
     for (const auto& [name, value] : fresh) {
-        if (isOfOneConnection(name) || isOneOf(ofTheBody, name) || isAmong(named, name)) continue;
+        if (isConnectionSpecific(name) || isOneOf(bodyFields, name) || isAmong(named, name)) continue;
         if (const auto present = fieldNamed(parts.fields, name); present != parts.fields.end()) {
             present->second = value;
         } else {

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `StoredResponse`: an answer as a cache keeps it.
+/// `StoredResponse`: a response as a cache stores it.
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/http/cache/detail/CacheClock.h>
@@ -19,26 +19,26 @@ namespace VanticRestKit::detail {
 
 using HeaderFields = HTTPURLResponse::HeaderFields;
 
-/// The parts of an answer that a cache keeps, and when it came.
+/// The parts of a response that a cache stores, and when it was received.
 struct ResponseParts {
     std::int64_t status = 0;
     HeaderFields fields{};
-    /// With its codings undone.
+    /// Decoded.
     Data body{};
-    /// Whether it had a body that was not looked at, as that of a redirect which is followed.
+    /// Whether its body was not read, such as that of a redirect which was followed.
     bool lacksBody = false;
-    /// When the request went out and when the head of the answer was there.
+    /// When the request was sent, and when the headers of the response had arrived.
     CacheTime requested{};
     CacheTime received{};
-    /// The values of the request that it depends on; see `variantOf`.
+    /// The values of the request's fields that it depends on; see `variantOf`.
     std::string variant{};
 };
 
-/// An answer that a cache keeps. Immutable, so that it can be used without the cache's lock. What its freshness
-/// depends on is read once.
+/// A response that a cache stores. Immutable, so that it can be used without the cache's lock. Its freshness is
+/// computed once, from its fields.
 class StoredResponse {
 public:
-    /// `parts` without the fields that are for one connection only, and with a Date.
+    /// Stores `parts` without the connection-specific fields, and adds a Date if there is none.
     explicit StoredResponse(ResponseParts parts);
     StoredResponse(const StoredResponse&) = delete;
     StoredResponse& operator=(const StoredResponse&) = delete;
@@ -59,20 +59,19 @@ public:
         return modified_ ? known_.lastModified : std::string_view();
     }
     bool hasValidator() const noexcept { return !etag().empty() || !lastModified().empty(); }
-    /// Whether the answer has an Expires or a max-age.
+    /// Whether the response has an Expires or a max-age.
     bool declaresLifetime() const noexcept { return control_.maxAge || !known_.expires.empty(); }
 
-    /// How long it may be used without asking the server, from the moment in which it was made. Zero or less: not at
-    /// all.
+    /// The freshness lifetime, from the time at which it was made. Zero or less: never fresh.
     std::chrono::milliseconds lifetime() const noexcept { return lifetime_; }
-    /// How long ago it was made, as far as that is known.
+    /// Its age, as far as it is known.
     std::chrono::milliseconds age(CacheTime now) const;
 
-    /// The bytes of memory that it takes, the blocks of its containers and its body included.
+    /// The bytes of memory that it takes, including its body and the overhead of its containers.
     std::size_t cost() const;
 
 private:
-    /// The values of the fields that a cache reads, found in one pass. Empty for those that are not there.
+    /// The values of the fields that a cache reads, found in one pass. Missing ones are empty.
     struct KnownFields {
         std::string_view age{};
         std::string_view cacheControl{};
@@ -90,7 +89,7 @@ private:
     ResponseParts parts_;
     KnownFields known_;
     CacheControl control_;
-    /// What Date and Last-Modified say; the time of receipt for a Date that is none.
+    /// The times of Date and Last-Modified; the time of receipt if Date cannot be parsed.
     std::chrono::seconds made_{};
     std::optional<std::chrono::seconds> modified_;
     std::chrono::milliseconds lifetime_{};
@@ -99,11 +98,11 @@ private:
 
 using StoredPointer = std::shared_ptr<const StoredResponse>;
 
-/// Whether an answer of this status may be kept for a time that the cache estimates.
+/// Whether a response with this status may be stored for an estimated time.
 bool isHeuristicallyCacheable(std::int64_t status);
 
-/// `stored` with the fields of `fresh`, the answer to a question about it that came at `requested` and `received`.
-/// What describes the body as it was received stays as it is.
+/// `stored` updated with the fields `fresh` of a response that confirmed it. Fields that describe the received body are
+/// not changed.
 StoredPointer updated(const StoredResponse& stored, const HeaderFields& fresh, CacheTime requested,
                       CacheTime received);
 

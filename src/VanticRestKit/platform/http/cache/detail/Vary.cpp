@@ -19,7 +19,7 @@ void addLine(std::string& variant, std::string_view name, const URLRequest& requ
     variant += '\n';
 }
 
-/// Whether neither the case of letters nor blanks matter in a value of the field.
+/// Whether case and whitespace are insignificant in values of the field.
 bool isPlainList(std::string_view name) {
     return name == "accept-language" || name == "accept-encoding" || name == "accept-charset" ||
            name == "accept";
@@ -32,7 +32,7 @@ std::optional<std::string> variantOf(std::string_view vary, const URLRequest& re
     std::vector<std::string> names;
     for (const std::string_view name : listMembers(vary)) {
         if (name == "*") return std::nullopt;
-        // Keys hold these already, as digests; their values are not to be found on a disk.
+        // Keys already contain these as digests; their values must not be written to disk.
         if (sameHeaderName(name, "authorization") || sameHeaderName(name, "cookie")) continue;
         names.push_back(asciiLowered(name));
     }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Which request header fields an answer depends on, and whether a request has the same ones.
+/// The request header fields that a response depends on, and whether a request matches them.
 
 #include <VanticRestKit/platform/http/URLRequest.h>
 
@@ -11,18 +11,18 @@
 
 namespace VanticRestKit::detail {
 
-/// The fields that `vary` names, with the values that `request` has for them: one "name:value" a line, names in lower
-/// case and in order, values in a normal form (see `normalVaryValue`); a field that the request lacks has no colon.
-/// Authorization and Cookie are left out: whose an answer is, is part of its key. Empty for an answer that depends on no field. No value if `vary` has a member "*": such an answer fits no request
-/// but its own.
+/// The fields that `vary` lists, with their values in `request`: one "name:value" per line, names in lower case and
+/// sorted, values normalised (see `normalVaryValue`); a field that the request lacks has no colon. Authorization and
+/// Cookie are left out because they are part of the key. An empty string if the response depends on no field. No value
+/// if `vary` has a member "*": such a response matches no other request.
 std::optional<std::string> variantOf(std::string_view vary, const URLRequest& request);
 
-/// Whether `request` has the values of `variant`.
+/// Whether `request` matches the values of `variant`.
 bool fitsVariant(std::string_view variant, const URLRequest& request);
 
-/// `value` without the blanks beside the commas of a list, which mean nothing. The values of Accept, Accept-Charset,
-/// Accept-Encoding and Accept-Language are in lower case and without all blanks too. The order of a list stays: servers
-/// prefer what comes first.
+/// `value` without the insignificant whitespace around the commas of a list. The values of Accept, Accept-Charset,
+/// Accept-Encoding and Accept-Language are also converted to lower case and stripped of all whitespace. The order of a
+/// list is kept, since servers prefer what comes first.
 std::string normalVaryValue(std::string_view name, std::string_view value);
 
 }  // namespace VanticRestKit::detail

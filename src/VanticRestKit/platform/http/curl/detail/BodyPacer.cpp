@@ -11,12 +11,14 @@ std::size_t BodyPacer::take(Attempt& attempt, std::string_view piece) {
     const bool isTurnOver = attempt.body.isCoded() && (budget_ == 0 || attempt.body.hasMore());
     attempt.isPaused = isStopped_ || isTurnOver;
     if (attempt.isPaused) {
-        if (isStopped_) attempt.exchange.waits(LoadProgress::State::heldBack, 0, attempt.surroundings.now);
+        if (isStopped_)
+            attempt.exchange.reportWaiting(LoadProgress::State::heldBack, 0, attempt.surroundings.now);
         hold(attempt);
         return CURL_WRITEFUNC_PAUSE;
     }
     attempt.fault = attempt.body.add(piece, budget_);
-    // libcurl may have called to pass on what it kept, and goes on with a transfer that fails then.
+    // If libcurl passes on data that it kept during a pause, it ignores a failure here; then the queue handles the
+    // fault.
     if (attempt.fault || attempt.body.hasMore()) hold(attempt);
     return attempt.fault ? 0 : piece.size();
 }

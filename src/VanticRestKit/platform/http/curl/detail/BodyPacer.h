@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `BodyPacer`: how much of the bodies that arrive is decoded in one round of the I/O thread.
+/// `BodyPacer`: limits how much of the received bodies is decoded in one round of the I/O thread.
 
 #include <chrono>
 #include <cstddef>
@@ -12,13 +12,13 @@ namespace VanticRestKit::detail {
 
 struct Attempt;
 
-/// Shares out the time of the I/O thread among coded bodies, so that one that expands to a GB holds up nothing else. A
-/// round decodes so many bytes in all; what has to wait keeps its place in a queue, and libcurl gives no more of that
-/// body until its turn has come. For the I/O thread only.
+/// Divides the time of the I/O thread among coded bodies, so that one that expands to a GB does not delay others. A
+/// round decodes a limited number of bytes in total; the rest waits in a queue, and libcurl passes on no more of a
+/// waiting body until its turn has come. For the I/O thread only.
 class BodyPacer {
 public:
-    /// What a round decodes in all, and one body in its turn: on a slow machine a few milliseconds, and a fraction of
-    /// one.
+    /// The maximum number of bytes that a round decodes in total, and that one body decodes in its turn. On a slow
+    /// machine these take a few milliseconds and a fraction of a millisecond.
     static constexpr std::size_t bytesPerRound = 512 * 1024;
     static constexpr std::size_t bytesPerTurn = 128 * 1024;
 
@@ -26,30 +26,30 @@ public:
     BodyPacer(const BodyPacer&) = delete;
     BodyPacer& operator=(const BodyPacer&) = delete;
 
-    /// Begins a round. `isStopped`: bodies are neither read nor decoded in it.
+    /// Begins a round. `isStopped`: no bodies are read or decoded in it.
     void beginRound(bool isStopped) noexcept {
         isStopped_ = isStopped;
         budget_ = isStopped ? 0 : bytesPerRound;
     }
 
-    /// Takes a piece of the body of `attempt`, as libcurl's callback for bodies. Returns what that has to return.
+    /// Takes a piece of the body of `attempt` from libcurl's write callback. Returns the callback's return value.
     std::size_t take(Attempt& attempt, std::string_view piece);
 
-    /// Takes the next attempt out of the queue on whose body no other thread is at work; null if there is none, or this
-    /// round has decoded enough.
+    /// Removes and returns the next attempt in the queue whose body is not being decoded by another thread; null if
+    /// there is none, or if this round has decoded enough.
     Attempt* next();
 
-    /// Decodes more of the body of an attempt that `next` gave. A fault is noted in the attempt.
+    /// Decodes more of the body of an attempt that `next` returned. A fault is stored in the attempt.
     void decode(Attempt& attempt);
 
-    /// Puts `attempt` at the end of the queue, unless it is there.
+    /// Appends `attempt` to the queue, unless it is in it.
     void hold(Attempt& attempt);
 
-    /// Takes `attempt` out of the queue, if it is there.
+    /// Removes `attempt` from the queue, if it is in it.
     void forget(Attempt& attempt);
 
-    /// How long the thread may wait before the next round: not at all if something waits for it, and not for long if
-    /// another thread is at work.
+    /// How long the thread may wait before the next round: not at all if a body is ready to be decoded, and only
+    /// briefly if another thread is decoding one.
     std::chrono::milliseconds longestWait() const;
 
 private:

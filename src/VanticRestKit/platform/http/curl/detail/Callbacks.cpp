@@ -12,7 +12,7 @@ namespace {
 
 Attempt& attemptOf(void* user) { return *static_cast<EasyHandle*>(user)->attempt; }
 
-// Each of the following ends the request by taking less than it was given; the second can also pause it.
+// Each of the following two ends the request by returning less than it was given; the second can also pause it.
 std::size_t onHeaderLine(char* bytes, std::size_t size, std::size_t count, void* user) {
     Attempt& attempt = attemptOf(user);
     attempt.received();
@@ -32,11 +32,11 @@ std::size_t onBody(char* bytes, std::size_t size, std::size_t count, void* user)
     if (attempt.isRedirect) return attempt.drain(piece.size()) ? piece.size() : 0;
     if (attempt.hasUnknownCoding) {
         attempt.fault = TransportFault{URLErrorCode::cannotDecodeRawData,
-                                       "The body has a coding that is not known here."};
+                                       "The content coding of the body is not supported."};
         return 0;
     }
     const std::size_t taken = attempt.surroundings.pacer.take(attempt, piece);
-    // A piece that is paused comes again.
+    // After a pause, libcurl passes the same piece again.
     if (taken == piece.size()) {
         Transfer& transfer = *attempt.exchange.transfer();
         transfer.progress.received += static_cast<std::int64_t>(taken);
@@ -45,7 +45,7 @@ std::size_t onBody(char* bytes, std::size_t size, std::size_t count, void* user)
     return taken;
 }
 
-// Of what is received the others tell already.
+// Only for uploads: the callbacks above count received data.
 int onProgress(void* user, curl_off_t, curl_off_t, curl_off_t, curl_off_t uploaded) {
     Attempt& attempt = attemptOf(user);
     if (uploaded == attempt.uploaded) return 0;
@@ -64,7 +64,7 @@ int onReadyToSend(void* user, char* remoteAddress, char* localAddress, int remot
     if (localAddress != nullptr) attempt.surroundings.ownAddresses.note(localAddress);
     if (attempt.sendings > 0 && attempt.exchange.request().httpMethod() != "GET") {
         attempt.fault = TransportFault{URLErrorCode::networkConnectionLost,
-                                       "The connection was dead already, and only a GET may be sent again."};
+                                       "The connection was already dead, and only a GET may be sent again."};
         return CURL_PREREQFUNC_ABORT;
     }
     ++attempt.sendings;
@@ -76,7 +76,8 @@ int onReadyToSend(void* user, char* remoteAddress, char* localAddress, int remot
         ++attempt.connection->streams;
         ++attempt.connection->sendings;
     }
-    // A request that libcurl moves away from a suspect connection counts again; one that it puts there does not.
+    // A request on a suspect connection is not counted by the admission; one that libcurl moves to another connection
+    // is counted again.
     attempt.surroundings.admission.setAside(attempt.exchange,
                                             attempt.connection && attempt.connection->isSuspect);
     return CURL_PREREQFUNC_OK;
@@ -90,8 +91,8 @@ curl_socket_t onOpenSocket(void* user, curlsocktype, curl_sockaddr* address) {
         attempt.surroundings.connections.open(address->family, address->socktype, address->protocol);
     if (attempt.openedSocket < 0) attempt.socketError = errno;
     if (auto connection = attempt.surroundings.connections.find(attempt.openedSocket)) {
-        if (!attempt.exchange.isPatient) {
-            connection->giveUpAt = attempt.surroundings.now + attempt.exchange.connectPatience();
+        if (!attempt.exchange.usesFullConnectTime) {
+            connection->giveUpAt = attempt.surroundings.now + attempt.exchange.connectLimit();
         }
         attempt.opened.push_back(connection);
         attempt.surroundings.pendingConnects.add(std::move(connection));
@@ -99,7 +100,7 @@ curl_socket_t onOpenSocket(void* user, curlsocktype, curl_sockaddr* address) {
     return attempt.openedSocket;
 }
 
-// A connection outlives the request that opened it, so this one gets what outlives the connections.
+// A connection outlives the request that opened it, so this callback gets the `Connections` instead of a handle.
 int onCloseSocket(void* user, curl_socket_t socket) { return static_cast<Connections*>(user)->close(socket); }
 
 }  // namespace

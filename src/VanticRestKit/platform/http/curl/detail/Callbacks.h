@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What libcurl calls while it works on an attempt.
+/// The callbacks that libcurl calls while it performs an attempt.
 
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
 #include <VanticRestKit/platform/http/curl/detail/EasyHandle.h>
@@ -9,8 +9,7 @@
 
 namespace VanticRestKit::detail {
 
-/// Has libcurl tell the attempt of `handle` what happens to its request, and open and close its sockets
-/// through `connections`.
+/// Sets callbacks that report events to the attempt of `handle`, and that open and close sockets through `connections`.
 void setCallbacks(Options& options, EasyHandle& handle, Connections& connections);
 
 }  // namespace VanticRestKit::detail

@@ -84,7 +84,7 @@ std::shared_ptr<Connection> Connections::find(const ConnectionEnds& ends) {
     if (ends.remoteAddress == nullptr || ends.localAddress == nullptr) return nullptr;
     writeEnds(wanted_, ends.remoteAddress, ends.remotePort, ends.localAddress, ends.localPort);
     if (const auto found = byEnds_.find(wanted_); found != byEnds_.end()) return found->second;
-    // A connection is looked at once, after it was made.
+    // The ends of each connection are determined once, at the first search after it was made.
     for (const auto& [socket, connection] : bySocket_) {
         if (!connection->ends.empty()) continue;
         connection->ends = endsOf(socket);
@@ -106,7 +106,7 @@ void Connections::shutDown(const Connection& connection) const {
 
 void Connections::shutDownIdle() const {
     for (const auto& [socket, connection] : bySocket_) {
-        // One that was never used may be another's attempt to connect.
+        // A socket that was never used may still be connecting for a request.
         if (connection->streams == 0 && connection->isReady) shutDown(*connection);
     }
 }

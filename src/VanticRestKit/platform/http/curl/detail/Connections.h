@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Connections`: the sockets that libcurl has open, and which request went out on which.
+/// `Connections`: the sockets that libcurl has open, and the state of their connections.
 
 #include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
 
@@ -13,28 +13,28 @@
 
 namespace VanticRestKit::detail {
 
-/// One connection as far as libcurl lets us see it.
+/// One connection, as far as libcurl exposes it.
 struct Connection {
     int socket = -1;
-    /// Both ends as text; empty until it was asked for.
+    /// The addresses and ports of both ends as a string; empty until needed.
     std::string ends{};
-    /// How many requests are on it now.
+    /// How many requests currently use it.
     std::size_t streams = 0;
-    /// Whether a request could be sent on it at least once.
+    /// Whether a request could ever be sent on it.
     bool isReady = false;
-    /// How many requests were ever sent on it.
+    /// How many requests have been sent on it.
     std::size_t sendings = 0;
-    /// When a piece of any answer came on it.
+    /// When data of any response was last received on it.
     TimePoint lastMoved{};
-    /// Whether a request on it ran out of time while nothing at all moved on it.
+    /// Whether a request on it timed out while nothing at all was received on it.
     bool isSuspect = false;
-    /// When to stop waiting for the address to answer.
+    /// When to give up connecting to the address.
     TimePoint giveUpAt = TimePoint::max();
-    /// Whether that time came.
+    /// Whether it was given up.
     bool wasGivenUp = false;
 };
 
-/// Both ends of a connection, as libcurl tells them before it sends a request.
+/// Both ends of a connection, as libcurl reports them before it sends a request.
 struct ConnectionEnds {
     const char* remoteAddress;
     const char* localAddress;
@@ -49,9 +49,9 @@ public:
     Connections(const Connections&) = delete;
     Connections& operator=(const Connections&) = delete;
 
-    /// Opens a socket that no child process inherits; below zero where there is none.
+    /// Opens a socket that child processes do not inherit; negative if that fails.
     int open(int family, int type, int protocol);
-    /// Closes a socket that `open` gave.
+    /// Closes a socket that `open` returned.
     int close(int socket);
 
     /// The open connection between `ends`; null if there is none.
@@ -59,22 +59,22 @@ public:
     /// The connection of `socket`; null if it is closed.
     std::shared_ptr<Connection> find(int socket) const;
 
-    /// Makes a connection useless at once: whoever is on it, and whoever is to use it, finds it at its end.
+    /// Shuts down a connection at once: current and future requests on it see it as closed.
     void shutDown(const Connection& connection) const;
 
-    /// Makes useless those that no request is on. Whoever is still connecting is left alone.
+    /// Shuts down connections that no request uses, except those that are still connecting.
     void shutDownIdle() const;
 
-    /// Makes useless those that began at `address` of this machine.
+    /// Shuts down connections from the local address `address`.
     void shutDownFrom(const std::string& address) const;
 
-    /// When the peer's last bytes arrived on `connection`; empty where the system does not tell.
+    /// When the peer's last bytes arrived on `connection`; empty if the system does not report it.
     std::optional<TimePoint> lastReceived(const Connection& connection, TimePoint now) const;
 
 private:
     std::unordered_map<int, std::shared_ptr<Connection>> bySocket_;
     std::unordered_map<std::string, std::shared_ptr<Connection>> byEnds_;
-    // What is looked for; kept for its memory.
+    // The ends to find; a member to reuse its memory.
     std::string wanted_;
 };
 

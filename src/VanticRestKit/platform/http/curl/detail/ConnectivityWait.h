@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ConnectivityWait`: the transfers that wait for a network.
+/// `ConnectivityWait`: the transfers that wait for connectivity.
 
 #include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
 #include <VanticRestKit/platform/http/detail/Transfer.h>
@@ -15,10 +15,10 @@
 
 namespace VanticRestKit::detail {
 
-/// Holds transfers whose host could not be reached until it is time to try again. For one thread.
+/// Holds transfers whose host could not be reached until it is time to retry. For one thread.
 class ConnectivityWait {
 public:
-    /// How long to wait before the attempt with this number, counted from 1: soon at first, and not too often later.
+    /// How long to wait before retry number `attempt`, from 1: short at first, then doubled up to a limit.
     static Clock::duration pauseBefore(int attempt) {
         constexpr std::chrono::milliseconds first{100};
         constexpr int doublings = 6;
@@ -29,7 +29,7 @@ public:
         waiting_.emplace(until, std::move(transfer));
     }
 
-    /// One whose time has come; null if there is none. It may have ended meanwhile.
+    /// A transfer that is due; null if there is none. It may have ended meanwhile.
     std::shared_ptr<Transfer> takeDue(TimePoint now) {
         if (waiting_.empty() || waiting_.begin()->first > now) return nullptr;
         std::shared_ptr<Transfer> due = std::move(waiting_.begin()->second);

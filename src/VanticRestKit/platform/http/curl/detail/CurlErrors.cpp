@@ -15,27 +15,27 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// The TLS library's number for a certificate whose time has not begun.
+// The TLS library's code for a certificate that is not yet valid.
 constexpr long certificateNotYetValid = 9;
 
-bool tellsOfChunks(std::string_view text) { return text.find("hunked") != std::string_view::npos; }
+bool isChunkError(std::string_view text) { return text.find("hunked") != std::string_view::npos; }
 
-// The proxy refuses to connect to the server.
-bool tellsOfTunnel(std::string_view text) { return text.starts_with("CONNECT tunnel failed"); }
+// The proxy refused to connect to the server.
+bool isTunnelError(std::string_view text) { return text.starts_with("CONNECT tunnel failed"); }
 
-bool tellsOfLargeHeaders(std::string_view text) {
+bool isLargeHeadersError(std::string_view text) {
     return text.find("Too large response headers") != std::string_view::npos;
 }
 
-// The connection broke while TLS was set up; nothing is known against the server.
-bool tellsOfLostConnection(std::string_view text) {
+// The connection was lost during the TLS handshake, which says nothing about the server's TLS.
+bool isLostConnection(std::string_view text) {
     constexpr std::array<std::string_view, 5> texts{"SSL_ERROR_SYSCALL", "Recv failure", "Send failure",
                                                     "Connection reset", "unexpected eof"};
     return std::any_of(texts.begin(), texts.end(),
                        [text](std::string_view each) { return text.find(each) != std::string_view::npos; });
 }
 
-// Why no socket can be opened now, as an `errno`; 0 if one can.
+// Why no socket can be opened now, as an `errno`; 0 if one can be opened.
 int probeForSocket() {
     const int probe = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (probe < 0) return errno;
@@ -43,8 +43,8 @@ int probeForSocket() {
     return 0;
 }
 
-// The fault of a process or a system that has run out of sockets: it says nothing about the host, and to try again at
-// once makes it worse.
+// The fault if the process or system has run out of sockets. It is not the host's fault, and retrying at once would
+// make it worse.
 std::optional<TransportFault> exhaustionFault(int socketError) {
     switch (socketError) {
         case EMFILE:
@@ -59,25 +59,26 @@ std::optional<TransportFault> exhaustionFault(int socketError) {
 
 }  // namespace
 
-// The other faults name the function that failed. The text may also be that of an earlier sending of the same request.
-bool tellsOfEndOfHTTP2(CURLcode code, std::string_view text) {
+// Messages about other HTTP/2 errors name the nghttp2 function that failed. The message may be that of an earlier
+// sending of the same request.
+bool isEndOfHTTP2Connection(CURLcode code, std::string_view text) {
     return code == CURLE_HTTP2 && text.find("nghttp2") == std::string_view::npos;
 }
 
 TransportFault faultFor(const CurlFailure& failure) {
-    // What is larger than our own limits is found before; this is larger than those of libcurl.
+    // Our own limits are checked earlier; this exceeded libcurl's limit.
     if (failure.isInsideHead && failure.code == CURLE_OUT_OF_MEMORY) {
         return longHeaderLineFault(failure.limits);
     }
-    if (tellsOfLargeHeaders(failure.text)) return largeHeadFault(failure.limits);
+    if (isLargeHeadersError(failure.text)) return largeHeadFault(failure.limits);
     if (failure.code == CURLE_COULDNT_CONNECT || failure.code == CURLE_COULDNT_RESOLVE_HOST) {
-        // A lookup opens its sockets and files in the C library, which does not pass on why it could not.
+        // The C library opens the sockets and files of a lookup, and does not report why that failed.
         const bool isLookup = failure.code == CURLE_COULDNT_RESOLVE_HOST;
         const int reason = isLookup ? probeForSocket() : failure.socketError;
         if (auto fault = exhaustionFault(reason)) return *std::move(fault);
     }
-    // One that ends again and again breaks the rules.
-    if (tellsOfEndOfHTTP2(failure.code, failure.text) && !failure.wasLeftOutBefore) {
+    // If it happens repeatedly, the server violates the protocol.
+    if (isEndOfHTTP2Connection(failure.code, failure.text) && !failure.wentUnansweredBefore) {
         return {URLErrorCode::networkConnectionLost};
     }
     return {urlErrorCodeFor(failure.code, failure.text, failure.verifyResult)};
@@ -91,24 +92,23 @@ URLErrorCode urlErrorCodeFor(CURLcode code, std::string_view text, long verifyRe
         case CURLE_PROXY:
         case CURLE_COULDNT_CONNECT: return URLErrorCode::cannotConnectToHost;
         case CURLE_OPERATION_TIMEDOUT: return URLErrorCode::timedOut;
-        // The scheme was looked at before, so this is an answer without a status line.
+        // The scheme was checked before, so this means a response without a status line.
         case CURLE_UNSUPPORTED_PROTOCOL:
         case CURLE_WEIRD_SERVER_REPLY: return URLErrorCode::cannotParseResponse;
         case CURLE_HTTP2: return URLErrorCode::badServerResponse;
         case CURLE_BAD_CONTENT_ENCODING: return URLErrorCode::cannotDecodeContentData;
-        // A broken chunk and a broken connection are one to libcurl, but for the text.
+        // libcurl uses the same code for a malformed chunk and a lost connection; only the message differs.
         case CURLE_RECV_ERROR:
-            if (tellsOfTunnel(text)) return URLErrorCode::cannotConnectToHost;
-            return tellsOfChunks(text) ? URLErrorCode::badServerResponse
-                                       : URLErrorCode::networkConnectionLost;
+            if (isTunnelError(text)) return URLErrorCode::cannotConnectToHost;
+            return isChunkError(text) ? URLErrorCode::badServerResponse : URLErrorCode::networkConnectionLost;
         case CURLE_GOT_NOTHING:
         case CURLE_HTTP2_STREAM:
         case CURLE_PARTIAL_FILE:
         case CURLE_SEND_ERROR:
         case CURLE_SEND_FAIL_REWIND: return URLErrorCode::networkConnectionLost;
         case CURLE_SSL_CONNECT_ERROR:
-            return tellsOfLostConnection(text) ? URLErrorCode::networkConnectionLost
-                                               : URLErrorCode::secureConnectionFailed;
+            return isLostConnection(text) ? URLErrorCode::networkConnectionLost
+                                          : URLErrorCode::secureConnectionFailed;
         case CURLE_PEER_FAILED_VERIFICATION:
             return verifyResult == certificateNotYetValid ? URLErrorCode::serverCertificateNotYetValid
                                                           : URLErrorCode::serverCertificateUntrusted;

@@ -15,8 +15,8 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-/// The handles' side of the transport. The I/O thread has the other side and does not keep this one alive:
-/// when this one goes the thread brings to its end what was started, and ends itself.
+/// The part of the transport that sessions and tasks hold. The I/O thread does not keep it alive: when it is destroyed,
+/// the thread finishes the started transfers and ends.
 class CurlTransport final : public Transport {
 public:
     CurlTransport(const URLSessionConfiguration& configuration, TransportSeams seams)
@@ -30,7 +30,8 @@ public:
 
     void start(std::shared_ptr<Transfer> transfer) override {
         if (!mark_.isCurrent()) {
-            fail(std::move(transfer), "The session was made before fork; this process needs one of its own.");
+            fail(std::move(transfer),
+                 "The session was made before fork; this process needs its own session.");
             return;
         }
         if (isInvalid_) {
@@ -42,7 +43,7 @@ public:
 
     void cancel(std::shared_ptr<Transfer> transfer) override {
         transfer->markCancelled();
-        // What the parent started is the parent's to end.
+        // Transfers that the parent started belong to the parent.
         if (!mark_.isCurrent()) return;
         post({Inbox::Message::Kind::cancel, std::move(transfer)});
     }
@@ -62,7 +63,7 @@ private:
     void post(Inbox::Message message) {
         ExitGate::shared();
         if (!inbox_->post(std::move(message))) return;
-        // Its thread is started first, so that the I/O thread need not run completions for want of one.
+        // Start the queue's thread first, so that completions never have to run on the I/O thread for lack of one.
         delegateQueue_.async([] {});
         const bool started = startThread("vrk.http.io", [configuration = configuration_, seams = seams_,
                                                          inbox = inbox_, delegateQueue = delegateQueue_] {
@@ -72,13 +73,13 @@ private:
             releaseTlsOfThread();
             gate.leave(inbox.get());
         });
-        if (!started) failAll(inbox_->readerLeaves());
+        if (!started) failAll(inbox_->removeReader());
     }
 
     void failAll(std::vector<Inbox::Message> messages) {
         for (Inbox::Message& message : messages) {
             if (message.kind != Inbox::Message::Kind::start) continue;
-            fail(std::move(message.transfer), "The system has no thread for the transport.");
+            fail(std::move(message.transfer), "The system could not start the I/O thread.");
         }
     }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The transport over libcurl.
+/// The transport based on libcurl.
 
 #include <VanticRestKit/platform/http/detail/Transport.h>
 #include <VanticRestKit/platform/http/URLSessionConfiguration.h>
@@ -12,14 +12,13 @@
 
 namespace VanticRestKit::detail {
 
-/// What only tests set.
+/// Settings for tests only.
 struct TransportSeams {
     /// Addresses of hosts, in libcurl's form "host:port:address,address".
     std::vector<std::string> addresses{};
 };
 
-/// A transport with an I/O thread of its own, which starts with the first transfer, and with connections that
-/// only the transfers of this transport share.
+/// Makes a transport with its own I/O thread, which starts with the first transfer, and its own connections.
 std::shared_ptr<Transport> makeCurlTransport(const URLSessionConfiguration& configuration,
                                              TransportSeams seams = {});
 

@@ -12,22 +12,22 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// The headers of an HTTP/2 answer that are larger than libcurl's buffer are garbage to it while other answers are under
-// way. Plain HTTP has no such limit, and is faster with the usual buffer.
-constexpr long largestSecureHead = 64 * 1024;
+// libcurl corrupts HTTP/2 response headers that are larger than its buffer while other responses are being received.
+// Plain HTTP has no such limit, and is faster with the usual buffer.
+constexpr long secureBufferSize = 64 * 1024;
 
-void setConduct(Options& options) {
+void setCommonOptions(Options& options) {
     options.set(CURLOPT_NOSIGNAL, 1L);
     // A lookup that is still under way must not hold up the I/O thread when its request is cancelled.
     options.set(CURLOPT_QUICK_EXIT, 1L);
     options.set(CURLOPT_PROTOCOLS_STR, "http,https");
-    // Empty texts, not null: null would have the environment's proxies count. Whether a request goes through the proxy
-    // of the session is decided here, not by libcurl's list.
+    // Empty strings, not null: with null, libcurl would use proxies from the environment. Whether a request goes
+    // through the session's proxy is redirectDecided by this library, not by libcurl's list.
     options.set(CURLOPT_PROXY, "");
     options.set(CURLOPT_NOPROXY, "");
     options.set(CURLOPT_NETRC, static_cast<long>(CURL_NETRC_IGNORED));
-    // Redirects and content codings are ours: libcurl keeps a method where it must not, and takes a body for
-    // whole whose coding is not.
+    // Redirects and content codings are handled by this library: libcurl keeps the method on some redirects where it
+    // must not, and accepts truncated codings.
     options.set(CURLOPT_FOLLOWLOCATION, 0L);
     options.set(CURLOPT_HTTP_CONTENT_DECODING, 0L);
 }
@@ -41,19 +41,19 @@ EasyHandle::EasyHandle(const EasySettings& settings, bool isSecure)
       easy_(curl_easy_init()) {
     if (easy_ == nullptr) return;
     Options options(easy_);
-    setConduct(options);
+    setCommonOptions(options);
     setSessionOptions(options, *settings.configuration);
     setTlsContext(options, *settings.tls);
     options.set(CURLOPT_SHARE, settings.shared);
-    if (isSecure) options.set(CURLOPT_BUFFERSIZE, largestSecureHead);
+    if (isSecure) options.set(CURLOPT_BUFFERSIZE, secureBufferSize);
     if (!setAddresses({})) return;
     options.set(CURLOPT_PRIVATE, this);
     options.set(CURLOPT_ERRORBUFFER, errorText_.data());
     setCallbacks(options, *this, *settings.connections);
-    isGood_ = options.areTaken();
+    isGood_ = options.areAccepted();
 }
 
-// libcurl reads the list with the next request, and keeps what stands there for all handles.
+// libcurl reads the list with the next request, and then uses its entries for all handles.
 bool EasyHandle::setAddresses(const std::string& first) {
     std::unique_ptr<curl_slist, ListDeleter> made;
     const auto append = [&made](const std::string& address) {
@@ -81,10 +81,10 @@ EasyHandle::~EasyHandle() { curl_easy_cleanup(easy_); }
 bool EasyHandle::goTo(const URL& url) {
     if (!beginsWith(url, beginning_) && !readBeginning(url)) return false;
     Options options(easy_);
-    // The target as it stands: a path goes out as it was built, dot segments included.
+    // The unmodified target: a path is sent as it was built, including dot segments.
     const bool isWhole = goesThroughProxy_ && !isSecure_;
     options.set(CURLOPT_REQUEST_TARGET, (isWhole ? absoluteTarget(url) : url.requestTarget()).c_str());
-    return options.areTaken();
+    return options.areAccepted();
 }
 
 bool EasyHandle::readBeginning(const URL& url) {
@@ -101,7 +101,7 @@ bool EasyHandle::readBeginning(const URL& url) {
         goesThroughProxy_ = goesThrough(*proxy_, url);
         setProxy(options, *proxy_, goesThroughProxy_);
     }
-    return options.areTaken();
+    return options.areAccepted();
 }
 
 std::unique_ptr<EasyHandle> EasyPool::take(bool isSecure) {
@@ -114,7 +114,7 @@ std::unique_ptr<EasyHandle> EasyPool::take(bool isSecure) {
 
 void EasyPool::give(std::unique_ptr<EasyHandle> handle) {
     Handles& idle = handle->isSecure() ? secure_ : plain_;
-    if (!handle->isGood() || handle->isUsedUp || idle.size() == mostIdle) return;
+    if (!handle->isGood() || handle->isUsedUp || idle.size() == maxIdle) return;
     handle->attempt = nullptr;
     idle.push_back(std::move(handle));
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `EasyHandle`: one of libcurl's easy handles with what stays set from request to request, and `EasyPool`.
+/// `EasyHandle`: a libcurl easy handle with the options that stay the same between requests, and `EasyPool`.
 
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
 #include <VanticRestKit/platform/http/curl/detail/TlsContext.h>
@@ -21,20 +21,20 @@ namespace VanticRestKit::detail {
 
 struct Attempt;
 
-/// What all requests of a session have in common.
+/// The settings that all requests of a session share.
 struct EasySettings {
-    /// Outlives the handles.
+    /// Must outlive the handles.
     const URLSessionConfiguration* configuration = nullptr;
     Connections* connections = nullptr;
     TlsSettings* tls = nullptr;
-    /// What the handles share: the TLS sessions that new connections resume. Outlives them.
+    /// Shared by the handles: the TLS sessions that new connections resume. Must outlive the handles.
     CURLSH* shared = nullptr;
-    /// Addresses of hosts that are not to be looked up, in libcurl's form.
+    /// Fixed addresses of hosts, which are not looked up, in libcurl's format.
     std::vector<std::string> addresses{};
 };
 
-/// An easy handle, for requests over TLS or for those without. Everything that is the same for all of them in a
-/// session is set once, when it is made; it is ready for a GET without a body then.
+/// An easy handle, for either https or http requests. Options that are the same for all requests of a session are set
+/// once, by the constructor; the handle is then ready for a GET without a body.
 class EasyHandle {
 public:
     EasyHandle(const EasySettings& settings, bool isSecure);
@@ -44,19 +44,19 @@ public:
 
     CURL* get() const noexcept { return easy_; }
     bool isSecure() const noexcept { return isSecure_; }
-    /// Whether libcurl made the handle and took every setting.
+    /// Whether libcurl made the handle and accepted every option.
     bool isGood() const noexcept { return isGood_; }
-    /// What libcurl has to say about the error that ended the request.
+    /// libcurl's message about the error that ended the request.
     const char* errorText() const noexcept { return errorText_.data(); }
 
-    /// The attempt that the callbacks of this handle work for; null between two.
+    /// The attempt that the callbacks of this handle work for; null between attempts.
     Attempt* attempt = nullptr;
-    /// Whether a request has set more than an address and header lines, so that the next must not find it.
+    /// Whether a request has set more options than URL and header lines, so that the handle must not be reused.
     bool isUsedUp = false;
 
-    /// Has the next request go to `url`. Returns false where libcurl cannot read its beginning.
+    /// Sets the URL of the next request. Returns false if libcurl cannot parse its scheme and authority.
     bool goTo(const URL& url);
-    /// Has libcurl look up the host of `url` for the next request, also if it still keeps an address of it.
+    /// Makes libcurl look up the host of `url` for the next request, even if it has an address cached.
     void forgetAddressOf(const URL& url);
 
 private:
@@ -72,15 +72,15 @@ private:
     };
 
     const bool isSecure_;
-    // The session's.
+    // Owned by the session.
     const std::vector<std::string>* const fixedAddresses_;
-    // The session's; null if it has none.
+    // Owned by the session; null if it has none.
     const URLSessionProxy* const proxy_;
-    // Whether requests of `beginning_` go through it.
+    // Whether requests of `beginning_` go through the proxy.
     bool goesThroughProxy_ = false;
     std::unique_ptr<curl_slist, ListDeleter> addresses_;
-    // Scheme and authority of the request before, as they are written and as libcurl reads them. Most requests
-    // have the same, and to read an address and write it anew would be a sixth of libcurl's work for one.
+    // The scheme and authority of the previous request, as written and as parsed by libcurl. Most requests have the
+    // same, and parsing them again would be a sixth of libcurl's work for a request.
     std::string beginning_;
     std::unique_ptr<CURLU, AddressDeleter> address_;
     CURL* const easy_;
@@ -88,8 +88,7 @@ private:
     std::array<char, CURL_ERROR_SIZE> errorText_{};
 };
 
-/// Keeps some handles, so that not every request makes one, but not those that a request has used up: libcurl would
-/// set them back in part only. For one thread.
+/// Keeps handles for reuse, except those that are used up: libcurl can reset them only in part. For one thread.
 class EasyPool {
 public:
     explicit EasyPool(EasySettings settings) : settings_(std::move(settings)) {}
@@ -97,11 +96,11 @@ public:
     /// A handle that is ready for a GET without a body, over TLS or without.
     std::unique_ptr<EasyHandle> take(bool isSecure);
 
-    /// Takes back a handle that is in no multi handle.
+    /// Takes back a handle, which must not be in a multi handle.
     void give(std::unique_ptr<EasyHandle> handle);
 
 private:
-    static constexpr std::size_t mostIdle = 64;
+    static constexpr std::size_t maxIdle = 64;
 
     using Handles = std::vector<std::unique_ptr<EasyHandle>>;
 

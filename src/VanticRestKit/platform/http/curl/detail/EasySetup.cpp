@@ -13,8 +13,8 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// libcurl looks through all of the addresses that it keeps for each new one. With many hosts that would cost more
-// than it saves.
+// libcurl searches all cached addresses whenever it adds one. With many hosts that would cost more than the cache
+// saves.
 std::chrono::seconds addressCacheTime(const Admission& admission, std::chrono::seconds usual) {
     constexpr std::size_t maxOriginsWithCache = 512;
     if (admission.originCount() > maxOriginsWithCache) return {};
@@ -30,14 +30,14 @@ void setConnection(Options& options, const Exchange& exchange, HTTPVersionPrefer
                 static_cast<long>(mayMultiplex ? CURL_HTTP_VERSION_2TLS : CURL_HTTP_VERSION_1_1));
     options.set(CURLOPT_PIPEWAIT, mayMultiplex ? 1L : 0L);
     options.set(CURLOPT_FRESH_CONNECT, onNewConnection ? 1L : 0L);
-    // Not our deadline, but what libcurl shares out among the addresses of a host.
-    constexpr std::chrono::hours most{24};
-    const auto limit = std::min<Clock::duration>(exchange.interval(), most);
+    // Not our deadline: the time that libcurl divides among the addresses of a host.
+    constexpr std::chrono::hours maxInterval{24};
+    const auto limit = std::min<Clock::duration>(exchange.interval(), maxInterval);
     const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(limit).count();
     options.set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(milliseconds));
 }
 
-// Whether a handle as it comes from the pool will do, and is as it was afterwards.
+// Whether a handle from the pool can be used without setting further options, and can be reused afterwards.
 bool isPlainGet(const URLRequest& request) {
     return request.httpMethod() == "GET" && !request.httpBody() && !request.url()->user();
 }
@@ -46,13 +46,13 @@ void setBody(Options& options, const Data& body) {
     // libcurl reads it in place; the exchange keeps it.
     options.set(CURLOPT_POSTFIELDS, body.data());
     options.set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
-    // A body on its way is told of; without one this would be a call for each look at the request.
+    // Enables the progress callback for the upload. Without a body it would only cost calls.
     options.set(CURLOPT_NOPROGRESS, 0L);
 }
 
 void setMethodAndBody(Options& options, const URLRequest& request) {
     const std::string method = request.httpMethod().value_or("GET");
-    // These three always say how long their body is.
+    // These three methods always send a Content-Length.
     const bool wantsBody = method == "POST" || method == "PUT" || method == "PATCH";
     if (method == "HEAD") {
         options.set(CURLOPT_NOBODY, 1L);
@@ -86,7 +86,7 @@ bool prepareEasy(Attempt& attempt, const URLSessionConfiguration& configuration,
     }
     if (handle.isUsedUp) setMethodAndBody(options, request);
     options.set(CURLOPT_HTTPHEADER, attempt.headerLines.get());
-    return options.areTaken() && handle.goTo(*request.url());
+    return options.areAccepted() && handle.goTo(*request.url());
 }
 
 }  // namespace VanticRestKit::detail

@@ -9,8 +9,8 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// The body of a redirect is read so that its connection can be used again. A body that is larger, or takes longer, costs
-// more than a new connection.
+// The body of a redirect is read so that its connection can be reused. Reading a larger or slower body costs more than
+// a new connection.
 constexpr std::uint64_t maxDrained = 256 * 1024;
 constexpr std::chrono::milliseconds maxDrainTime{200};
 
@@ -25,39 +25,41 @@ Exchange::~Exchange() = default;
 const URLRequest& Exchange::outgoing() const noexcept { return cacheHop ? cacheHop->outgoing() : request(); }
 
 std::uint64_t Exchange::redirect(URLRequest next) {
-    // It refers to the request.
+    // The hop refers to the old request.
     cacheHop.reset();
     redirected_ = std::make_unique<URLRequest>(std::move(next));
     return ++redirects_;
 }
 
-bool Exchange::wasLeftOut(CURLcode code) const {
-    return tellsOfEndOfHTTP2(code, attempt->handle->errorText()) && attempt->head.status() == 0 &&
+bool Exchange::wentUnanswered(CURLcode code) const {
+    return isEndOfHTTP2Connection(code, attempt->handle->errorText()) && attempt->head.status() == 0 &&
            request().httpMethod() == "GET";
 }
 
-void Exchange::waits(LoadProgress::State state, std::int64_t queueLength, TimePoint now) {
+void Exchange::reportWaiting(LoadProgress::State state, std::int64_t queueLength, TimePoint now) {
     if (progressState_ == state) return;
     progressState_ = state;
-    if (metrics && state == LoadProgress::State::queued) metrics->waitsAmong(queueLength);
+    if (metrics && state == LoadProgress::State::queued) metrics->queued(queueLength);
     if (metrics && state == LoadProgress::State::heldBack) metrics->heldBack(now);
-    if (transfer_->teller() != nullptr) transfer_->teller()->changed(state, queueLength, transfer_->progress);
+    if (transfer_->reporter() != nullptr)
+        transfer_->reporter()->changed(state, queueLength, transfer_->progress);
 }
 
-void Exchange::goesOn(TimePoint now) {
+void Exchange::resumed(TimePoint now) {
     if (progressState_ == LoadProgress::State::loading) return;
     progressState_ = LoadProgress::State::loading;
-    if (metrics) metrics->goesOn(now);
-    if (transfer_->teller() != nullptr) transfer_->teller()->changed(progressState_, 0, transfer_->progress);
+    if (metrics) metrics->resumed(now);
+    if (transfer_->reporter() != nullptr)
+        transfer_->reporter()->changed(progressState_, 0, transfer_->progress);
 }
 
-// As long as the first repetition of a lost packet takes to be sent: a new attempt costs no more.
-Clock::duration Exchange::connectPatience() const {
-    constexpr Clock::duration most = std::chrono::seconds(1);
-    return isPatient ? Clock::duration::max() : std::min(most, interval() / 4);
+// One second is when TCP first retransmits a lost packet, so trying another address then costs no more time.
+Clock::duration Exchange::connectLimit() const {
+    constexpr Clock::duration shortLimit = std::chrono::seconds(1);
+    return usesFullConnectTime ? Clock::duration::max() : std::min(shortLimit, interval() / 4);
 }
 
-bool Attempt::gaveUpAnAddress() const {
+bool Attempt::gaveUpAddress() const {
     return std::any_of(opened.begin(), opened.end(), [](const auto& each) { return each->wasGivenUp; });
 }
 
@@ -73,15 +75,15 @@ bool Attempt::drain(std::size_t size) {
     return std::max(drained_, head.contentLength().value_or(0)) <= maxDrained;
 }
 
-// A target that cannot be read counts as one that would be followed, and fails the request later.
+// A target that cannot be parsed counts as one to follow, and makes the request fail later.
 void Attempt::readRedirect() {
     if (!VanticRestKit::detail::isRedirect(head.status()) || !head.location()) return;
     const URL& source = *exchange.request().url();
     const auto target = URL::make(*head.location(), source);
     const RedirectAction action =
         target ? redirectAction(surroundings.redirectPolicy, source, *target) : RedirectAction::follow;
-    isRedirectToAskAbout = action == RedirectAction::follow && surroundings.redirectPolicy.willRedirect;
-    isRedirect = action != RedirectAction::deliver && !isRedirectToAskAbout;
+    mustAskAboutRedirect = action == RedirectAction::follow && surroundings.redirectPolicy.willRedirect;
+    isRedirect = action != RedirectAction::deliver && !mustAskAboutRedirect;
 }
 
 void Attempt::readHead() {
@@ -99,7 +101,7 @@ void Attempt::readHead() {
     progress.expectedToReceive = head.contentLength() ? static_cast<std::int64_t>(*head.contentLength()) : -1;
     surroundings.loadDeadlines.startBody(*this, surroundings.now);
     Decoding decoding = decodingFor(head.value("content-encoding").value_or(""));
-    // Whoever names codings of their own can undo them.
+    // A host that sets its own Accept-Encoding decodes the body itself.
     hasUnknownCoding = !decoding.isKnown && !exchange.request().value("accept-encoding");
     body.expect(head.contentLength(), std::move(decoding));
 }

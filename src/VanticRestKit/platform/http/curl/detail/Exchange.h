@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Exchange`: one transfer as the I/O thread sees it, and `Attempt`, one request of it in libcurl's hands.
+/// `Exchange`: the I/O thread's state of one transfer, and `Attempt`, one of its requests while libcurl performs it.
 
 #include <VanticRestKit/platform/http/cache/detail/CacheHop.h>
 #include <VanticRestKit/platform/http/cookies/detail/SessionCookies.h>
@@ -35,7 +35,7 @@ namespace VanticRestKit::detail {
 
 struct Attempt;
 
-/// One transfer on the I/O thread, from the inbox to its end. Light as long as it waits for its turn.
+/// One transfer on the I/O thread, from the inbox to its end. Takes little memory while it reportWaiting in the queue.
 class Exchange : public Applicant, public Idler {
 public:
     explicit Exchange(std::shared_ptr<Transfer> transfer);
@@ -45,46 +45,48 @@ public:
 
     const std::shared_ptr<Transfer>& transfer() const noexcept { return transfer_; }
 
-    /// What is to be sent now: the transfer's request, or what a redirect made of it.
+    /// The current request: the transfer's own, or the one that resulted from redirects.
     const URLRequest& request() const noexcept { return redirected_ ? *redirected_ : transfer_->request(); }
 
-    /// Goes on with another request. Returns how often it has done that.
+    /// Continues with another request. Returns the number of redirects so far.
     std::uint64_t redirect(URLRequest next);
 
     LoadTimer wholeTimer{*this};
     LoadTimer bodyTimer{*this};
 
-    /// The redirect that the host is asked about; null while it is not.
-    std::unique_ptr<Outcome> redirectAnswer;
-    /// What the request has to do with the cache; null if nothing.
+    /// The redirect about which the host is being asked; null if none.
+    std::unique_ptr<Outcome> pendingRedirect;
+    /// The request's use of the cache; null if it does not use it.
     std::unique_ptr<CacheHop> cacheHop;
-    /// What goes out for the request: itself, or what the cache made of it.
+    /// The request to send: the current one, with the changes that the cache made.
     const URLRequest& outgoing() const noexcept;
 
-    /// The request in libcurl's hands; null while none is.
+    /// The request that libcurl performs; null if none.
     std::unique_ptr<Attempt> attempt;
-    /// The records of its requests; null if it is not observed.
+    /// The records of its requests; null if they are not collected.
     std::unique_ptr<ExchangeMetrics> metrics;
-    /// Whether it was ever in the queue of an origin.
+    /// Whether it has ever been in the queue of an origin.
     bool wasQueued = false;
-    /// Whether libcurl gave it up once, because connection after connection refused it.
+    /// Whether libcurl has given it up once because connections refused it repeatedly.
     bool wasGivenUp = false;
-    /// Whether a connection of HTTP/2 ended without a word to this request, which libcurl ended with `code`. A GET goes out again then, as it does on a connection that turns out dead.
-    bool wasLeftOut(CURLcode code) const;
-    /// How often it went out again for that.
-    int leftOut = 0;
-    /// It waits for its session, in the queue or with its body, or goes on. For those who are told.
-    void waits(LoadProgress::State state, std::int64_t queueLength, TimePoint now);
-    void goesOn(TimePoint now);
+    /// Whether an HTTP/2 connection ended without a response to this request, which libcurl ended with `code`. A GET is
+    /// then sent again, as after a dead connection.
+    bool wentUnanswered(CURLcode code) const;
+    /// How often it was sent again for that reason.
+    int timesUnanswered = 0;
+    /// Report that it reportWaiting in the queue or with its body paused, and that it continues, to the metrics and the
+    /// progress receiver.
+    void reportWaiting(LoadProgress::State state, std::int64_t queueLength, TimePoint now);
+    void resumed(TimePoint now);
 
-    /// How often its host could not be reached, and until when it may try again.
-    int unreached = 0;
-    std::optional<TimePoint> triesUntil;
-    /// Whether every address gets all the time that it wants, because an attempt to connect in less has failed.
-    bool isPatient = false;
+    /// How often its host could not be reached, and until when it may be retried.
+    int timesUnreached = 0;
+    std::optional<TimePoint> retriesUntil;
+    /// Whether connecting to an address is not cut short, because an attempt with a short limit has failed.
+    bool usesFullConnectTime = false;
 
-    /// How long one address of the host may take to answer.
-    Clock::duration connectPatience() const;
+    /// How long connecting to one address of the host may take.
+    Clock::duration connectLimit() const;
 
 private:
     std::shared_ptr<Transfer> transfer_;
@@ -93,9 +95,9 @@ private:
     std::uint64_t redirects_ = 0;
 };
 
-/// What the callbacks of an attempt reach of the I/O thread.
+/// The parts of the I/O thread that an attempt's callbacks use.
 struct AttemptSurroundings {
-    /// The time of this round of the I/O thread.
+    /// The time of the I/O thread's current round.
     const TimePoint& now;
     Connections& connections;
     PendingConnects& pendingConnects;
@@ -109,73 +111,73 @@ struct AttemptSurroundings {
     const URLSessionLimits& limits = defaultLimits;
 };
 
-/// One request in libcurl's hands, and what has come back so far.
+/// One request while libcurl performs it, and the response so far.
 struct Attempt {
-    /// How often libcurl sends a request again that connections refuse.
-    static constexpr int mostResendings = 5;
+    /// How often libcurl resends a request that connections refuse.
+    static constexpr int maxResends = 5;
 
     Attempt(Exchange& held, AttemptSurroundings reached)
         : exchange(held), surroundings(reached), head(reached.limits), body(reached.limits) {}
 
-    /// Something of this request moved.
+    /// Data of this request was sent or received.
     void moved();
-    /// Something of its answer came. What follows the head of a redirect does not count as movement.
+    /// Data of its response was received. For a redirect, data after the headers does not restart the idle time-out.
     void received();
-    /// The headers are complete. Those of a redirect leave its body only a short time.
+    /// Processes the complete headers. After those of a redirect, its body has only a short time.
     void readHead();
-    /// Takes `size` bytes of the body of a redirect. Returns whether the rest is worth reading.
+    /// Discards `size` bytes of the body of a redirect. Returns whether the rest is worth reading.
     bool drain(std::size_t size);
-    /// Whether it is on no connection: not yet, or not any more, because the server refused it there.
+    /// Whether it has no connection: not yet, or not any more because the server refused it there.
     bool waitsForConnection() const { return sendings == 0 || (connection && connection->socket < 0); }
 
     Exchange& exchange;
     AttemptSurroundings surroundings;
     std::unique_ptr<EasyHandle> handle;
-    /// What libcurl reads of the request's headers, as long as it has the request.
+    /// The request's header lines, which libcurl uses during the request.
     HeaderLines headerLines;
 
     HeaderCollector head;
     BodyCollector body;
-    /// Whether the head was looked at.
+    /// Whether the headers have been processed.
     bool hasHead = false;
-    /// Whether the body is to be read and forgotten, because the answer is a redirect.
+    /// Whether the body is discarded because the response is a redirect that is followed.
     bool isRedirect = false;
-    /// Whether the answer is a redirect that the host is to be asked about when its body is there.
-    bool isRedirectToAskAbout = false;
-    /// Whether the body has a coding that is not known and was not asked for.
+    /// Whether the response is a redirect about which the host is asked when its body is complete.
+    bool mustAskAboutRedirect = false;
+    /// Whether the body has a coding that is not supported and was not asked for.
     bool hasUnknownCoding = false;
 
-    /// How long libcurl keeps the address that it finds for this request.
+    /// How long libcurl caches the address that it finds for this request.
     std::chrono::seconds addressCacheTime{};
 
-    /// Whether the pacer has it in its queue, because there is something of its body to decode.
+    /// Whether it is in the pacer's queue, because part of its body must be decoded.
     bool isHeld = false;
-    /// Whether libcurl keeps a piece of its body until it is told to go on.
+    /// Whether it is paused in libcurl, which keeps a piece of its body.
     bool isPaused = false;
-    /// How libcurl ended the request, if the rest of its body was still to be decoded then.
+    /// How libcurl ended the request, if part of its body was not decoded yet.
     std::optional<CURLcode> result;
 
-    /// Whether libcurl has brought the request to its end.
+    /// Whether libcurl has completed the request.
     bool isWhole = false;
-    /// Whether it was sent as often as libcurl sends one, and not a word came back.
-    bool wasRefusedToTheLast() const { return sendings > mostResendings && head.status() == 0; }
+    /// Whether libcurl resent it as often as it can, without any response.
+    bool exhaustedRetries() const { return sendings > maxResends && head.status() == 0; }
 
-    /// What we found wrong, in place of what libcurl says.
+    /// A fault that this library found; takes precedence over libcurl's result.
     std::optional<TransportFault> fault;
 
-    /// How often libcurl was about to send the request; more than once where a pooled connection was dead, or a new
-    /// one took fewer requests at once than went out on it.
+    /// How often libcurl was about to send the request; more than once if a reused connection was dead, or if a new one
+    /// accepted fewer concurrent requests than were sent on it.
     int sendings = 0;
-    /// The connection it went out on.
+    /// The connection on which it was sent.
     std::shared_ptr<Connection> connection;
     /// The socket opened last for this request.
     int openedSocket = -1;
     /// Why a socket could not be opened, as an `errno`; 0 if none failed.
     int socketError = 0;
-    /// The connections opened for it, also those to addresses that failed.
+    /// The connections opened for it, including failed ones.
     std::vector<std::shared_ptr<Connection>> opened;
-    /// Whether an address was given up before its time could tell.
-    bool gaveUpAnAddress() const;
+    /// Whether connecting to an address was cut short.
+    bool gaveUpAddress() const;
     curl_off_t uploaded = 0;
 
 private:

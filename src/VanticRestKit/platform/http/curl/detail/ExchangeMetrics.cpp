@@ -26,7 +26,7 @@ long smallNumberOf(CURL* easy, CURLINFO info) {
     return value;
 }
 
-/// From `from` to `to`, both counted from the start of the request. Empty if `to` did not come.
+/// The time between two points, both measured from the start of the request. Empty if `to` was not reached.
 std::optional<Duration> between(Duration from, Duration to) {
     if (to == Duration::zero()) return std::nullopt;
     return std::max(to - from, Duration::zero());
@@ -49,7 +49,7 @@ void ExchangeMetrics::sent() {
     queued_ = sinceStart(begun_);
 }
 
-void ExchangeMetrics::goesOn(Clock::time_point now) {
+void ExchangeMetrics::resumed(Clock::time_point now) {
     if (!heldBackSince_) return;
     records_.back().heldBack += std::chrono::duration_cast<Duration>(now - *heldBackSince_);
     heldBackSince_.reset();
@@ -70,7 +70,7 @@ void ExchangeMetrics::read(const Attempt& attempt) {
         record.connect = between(lookup, connect);
         record.tls = between(connect, tls);
     } else {
-        // All that libcurl did until then was to wait for the connection.
+        // Until then, libcurl only waited for the connection.
         record.queued += ready;
     }
     record.firstByte = between(ready, Duration(numberOf(easy, CURLINFO_STARTTRANSFER_TIME_T)));
@@ -101,13 +101,13 @@ void ExchangeMetrics::ended(const URLRequest& request, Outcome& outcome) {
 }
 
 void ExchangeMetrics::end(const URLRequest& request, const Outcome& outcome) {
-    goesOn(Clock::now());
+    resumed(Clock::now());
     RequestMetrics& record = records_.back();
     describe(record, request, outcome);
     record.total = sinceStart(begun_);
     if (isSent_ || !outcome.error) return;
     record.queued = record.total;
-    // The answer that comes with the error is the redirect before it.
+    // The response that accompanies the error is that of the preceding redirect.
     record.status.reset();
 }
 

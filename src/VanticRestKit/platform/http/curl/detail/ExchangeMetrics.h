@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ExchangeMetrics`: records what the requests of one transfer did.
+/// `ExchangeMetrics`: records the figures of one transfer's requests.
 
 #include <VanticRestKit/platform/http/detail/Outcome.h>
 #include <VanticRestKit/platform/http/RequestMetrics.h>
@@ -16,24 +16,24 @@ namespace VanticRestKit::detail {
 
 struct Attempt;
 
-/// Records the requests of one observed transfer, one after the other. For the I/O thread only.
+/// Records the requests of one transfer, one after another. For the I/O thread only.
 class ExchangeMetrics {
 public:
-    /// `begun` is when the first request was asked for.
+    /// `begun` is when the first request was started.
     explicit ExchangeMetrics(std::chrono::steady_clock::time_point begun) : begun_(begun), records_(1) {}
 
-    /// The request goes to libcurl. What is sent again in its place changes nothing.
+    /// The request is passed to libcurl. Later calls for the same request have no effect.
     void sent();
-    /// It waits in the queue of its origin, with so many in all.
-    void waitsAmong(std::int64_t queueLength) { records_.back().queueLength = queueLength; }
-    /// Its body is not read from now on, until `goesOn`.
+    /// The request waits in the queue of its origin, which has this length.
+    void queued(std::int64_t queueLength) { records_.back().queueLength = queueLength; }
+    /// Reading of its body is paused from now on, until `resumed`.
     void heldBack(std::chrono::steady_clock::time_point now) { heldBackSince_ = now; }
-    void goesOn(std::chrono::steady_clock::time_point now);
-    /// libcurl is about to lose the request: takes its figures, unless the request was redirected.
+    void resumed(std::chrono::steady_clock::time_point now);
+    /// Reads libcurl's figures of the request, before the handle is reused. Does nothing if the request was not sent.
     void read(const Attempt& attempt);
-    /// The answer to the request leads to another one. It came from the cache if the request was not sent.
+    /// The response to the request is a redirect. It came from the cache if the request was not sent.
     void answeredWithRedirect(std::int64_t status);
-    /// `request`, whose figures were read last, has ended in a redirect; another one follows.
+    /// `request`, whose figures were read last, was redirected; another request follows.
     void redirected(const URLRequest& request);
     /// The last request has ended. Moves all records to the outcome.
     void ended(const URLRequest& request, Outcome& outcome);
@@ -47,7 +47,7 @@ private:
     bool isSent_ = false;
     std::optional<Clock::time_point> heldBackSince_;
     RequestMetrics::Duration queued_{};
-    // The last one is that of the request that is under way.
+    // The last one is that of the current request.
     std::list<RequestMetrics> records_;
 };
 

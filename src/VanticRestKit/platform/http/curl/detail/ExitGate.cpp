@@ -14,13 +14,14 @@ ExitGate& ExitGate::shared() {
 }
 
 ExitGate::ExitGate() {
-    // What libcurl and its TLS library register for the end of the process must be registered first, because
-    // the last one registered runs first.
+    // The exit handlers of libcurl and the TLS library must be registered first, because exit handlers run in reverse
+    // order.
     initialiseLibcurl();
     std::atexit(&ExitGate::close);
 }
 
-// In place: the parent's threads are not here, and one of them may hold the lock. Its map is never destroyed.
+// Constructs new members in place in a forked child: a thread of the parent may hold the lock. The old map is never
+// destroyed.
 void ExitGate::renew() {
     new (&mutex_) std::mutex;
     new (&stayed_) std::condition_variable;

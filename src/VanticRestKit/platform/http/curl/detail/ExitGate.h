@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ExitGate`: stops the I/O threads before the process takes libcurl and its TLS library away.
+/// `ExitGate`: stops the I/O threads before libcurl and the TLS library are torn down at exit.
 
 #include <VanticRestKit/platform/dispatch/detail/Fork.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
@@ -14,20 +14,19 @@
 
 namespace VanticRestKit::detail {
 
-/// At the end of the process the TLS library frees what its connections stand on, while I/O threads may still
-/// run. The gate is closed just before: every thread that passes it from then on stays there for good, and
-/// the end waits a moment for those on their way. They run nothing but the transport, so that the moment is
-/// short.
+/// At exit the TLS library frees data that its connections use, while I/O threads may still run. The gate is closed
+/// just before: every thread that then reaches it blocks forever, and exit waits briefly for the threads to get there.
+/// I/O threads run only transport code, so the wait is short.
 class ExitGate {
 public:
-    /// Made on first use and never destroyed. Makes libcurl ready as well.
+    /// Made on first use and never destroyed. Also initialises libcurl.
     static ExitGate& shared();
 
-    /// Lets a thread in, which `wake` brings to the gate. It stays here for good if the gate is closed.
+    /// Registers a thread; `wake` makes it call `pass`. Blocks forever if the gate is closed.
     void enter(const void* who, Block wake);
-    /// A thread ends. It stays here for good if the gate is closed.
+    /// Unregisters a thread that is about to end. Blocks forever if the gate is closed.
     void leave(const void* who);
-    /// To be called by a thread in each of its rounds; does not return when the gate is closed.
+    /// Called by a thread in each of its rounds; blocks forever if the gate is closed.
     void pass() {
         if (isClosed_.load(std::memory_order_acquire)) stay();
     }

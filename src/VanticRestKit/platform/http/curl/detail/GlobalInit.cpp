@@ -9,16 +9,15 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// libcurl opens the file that this variable names, and so creates it, when it is initialised; there is no option against
-// that. Secrets are kept out of a file that a host's own use of libcurl has opened where the TLS context is set up.
+// When libcurl is initialised it opens, and so creates, the file that this variable names; no option prevents that. If
+// a host's own use of libcurl has opened the file, the setup of the TLS context keeps secrets out of it.
 constexpr const char* keyLogVariable = "SSLKEYLOGFILE";
 
 bool initialise() {
     const char* const found = std::getenv(keyLogVariable);
     if (found == nullptr || *found == '\0') return curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
-    // An empty value counts as none for libcurl. To replace the value of a variable that is there moves nothing in the
-    // environment and frees no value, so threads of the host that read the environment meanwhile are safe. To remove
-    // the variable would not be.
+    // libcurl treats an empty value as unset. Replacing the value of an existing variable neither moves the environment
+    // nor frees a value, so it is safe while other threads read the environment; removing the variable would not be.
     const std::string path = found;
     setenv(keyLogVariable, "", 1);
     const bool isInitialised = curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
@@ -29,7 +28,7 @@ bool initialise() {
 }  // namespace
 
 void initialiseLibcurl() {
-    // A failure shows in the first handle, which cannot be made then.
+    // If this fails, making the first handle fails.
     [[maybe_unused]] static const bool isInitialised = initialise();
 }
 

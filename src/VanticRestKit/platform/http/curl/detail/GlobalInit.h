@@ -1,15 +1,15 @@
 #pragma once
 
 /// \file
-/// Initialises libcurl for the process, and tells what it can do.
+/// Initialises libcurl for the process, and reports its features.
 
 namespace VanticRestKit::detail {
 
-/// Initialises libcurl, once for the process, without its TLS key log. To be called before anything else of libcurl.
-/// Any thread may call.
+/// Initialises libcurl once per process, without its TLS key log. Must be called before anything else of libcurl.
+/// Thread-safe.
 void initialiseLibcurl();
 
-/// Whether the libcurl of this process was built with HTTP/2. One without refuses to be asked for it. Any thread may call.
+/// Whether libcurl was built with HTTP/2; otherwise it rejects the option. Thread-safe.
 bool libcurlHasHTTP2() noexcept;
 
 }  // namespace VanticRestKit::detail

@@ -11,24 +11,24 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// What frames a message and steers its connection is settled here and nowhere else.
-constexpr std::array<std::string_view, 9> ofTheSession{"connection", "content-length",   "expect",
-                                                       "keep-alive", "proxy-connection", "te",
-                                                       "trailer",    "upgrade",          "transfer-encoding"};
+// Headers that frame the message or control the connection; requests cannot set them.
+constexpr std::array<std::string_view, 9> sessionHeaders{
+    "connection", "content-length", "expect",  "keep-alive",       "proxy-connection",
+    "te",         "trailer",        "upgrade", "transfer-encoding"};
 
-bool isOfTheSession(std::string_view name) {
-    return std::any_of(ofTheSession.begin(), ofTheSession.end(),
+bool isSessionHeader(std::string_view name) {
+    return std::any_of(sessionHeaders.begin(), sessionHeaders.end(),
                        [name](std::string_view own) { return sameHeaderName(own, name); });
 }
 
-// A request to which libcurl adds nothing that has to be suppressed.
+// For such a request libcurl adds no header that must be suppressed.
 bool isWithoutBody(const URLRequest& request) { return request.httpMethod() == "GET" && !request.httpBody(); }
 
 class Lines {
 public:
     void add(std::string_view name, std::string_view value) {
         std::string line(name);
-        // libcurl takes "name:" for the wish to send no such header, and "name;" for one without a value.
+        // libcurl interprets "name:" as removing the header, and "name;" as a header without a value.
         if (trimmed(value).empty()) {
             line += ';';
         } else {
@@ -64,7 +64,7 @@ HeaderLines headerLinesOf(const URLRequest& request, const std::string& cookies)
     bool hasAgent = false;
     bool hasContentType = false;
     for (const auto& [name, value] : request.allHTTPHeaderFields()) {
-        if (isOfTheSession(name)) continue;
+        if (isSessionHeader(name)) continue;
         hasCodings = hasCodings || sameHeaderName(name, "accept-encoding");
         hasAgent = hasAgent || sameHeaderName(name, "user-agent");
         hasContentType = hasContentType || sameHeaderName(name, "content-type");

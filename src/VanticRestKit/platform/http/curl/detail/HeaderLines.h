@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `HeaderLines`: the header lines of a request as libcurl takes them.
+/// `HeaderLines`: the header lines of a request in libcurl's format.
 
 #include <VanticRestKit/platform/http/URLRequest.h>
 
@@ -13,14 +13,14 @@
 
 namespace VanticRestKit::detail {
 
-/// A list of header lines; the last one who holds it frees it.
+/// A shared list of header lines.
 using HeaderLines = std::shared_ptr<curl_slist>;
 
-/// The header lines of `request`: its own, and those of the session of which it has none and which libcurl
-/// does not send by itself. `cookies` is the value of a Cookie header, which is left out if it is empty.
+/// The header lines of `request`: its own headers, and the session's defaults for those that it lacks and libcurl does
+/// not add itself. `cookies` is the value of the Cookie header; none is added if it is empty.
 HeaderLines headerLinesOf(const URLRequest& request, const std::string& cookies = {});
 
-/// Remembers the lines of the last request: most of those that follow have the same. For one thread.
+/// Caches the lines of the last request, since most requests have the same ones. For one thread.
 class HeaderLinesMemo {
 public:
     HeaderLines of(const URLRequest& request, const std::string& cookies);

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Inbox`: how other threads tell the I/O thread what to do.
+/// `Inbox`: the messages to the I/O thread.
 
 #include <VanticRestKit/platform/dispatch/detail/Bell.h>
 #include <VanticRestKit/platform/http/curl/detail/WakeDescriptor.h>
@@ -18,22 +18,22 @@ namespace VanticRestKit::detail {
 
 class StoredResponse;
 
-/// A guarded list of messages, and the means to wake the thread that reads them out of its wait.
+/// A thread-safe list of messages that can wake the thread that reads them.
 class Inbox {
 public:
     struct Message {
-        /// `resume`: a cache's store has answered; see `found`.
+        /// `resume`: a read of a cache's store has finished; see `found`.
         enum class Kind { start, cancel, redirect, cancelAll, closeIdle, resume };
         Kind kind;
         std::shared_ptr<Transfer> transfer{};
-        /// What the host has made of a redirect; empty if it is not to be followed.
+        /// The host's request for a redirect; empty if the redirect is not to be followed.
         std::optional<URLRequest> next{};
-        /// What a cache's store has for a transfer, and the number of the read; see `StoreReads`.
+        /// The number of a store read and its result; see `StoreReads`.
         std::uint64_t read = 0;
         std::vector<std::shared_ptr<const StoredResponse>> found{};
     };
 
-    /// Adds a message. Returns whether there is no thread yet that reads it; it is the caller's to start one.
+    /// Adds a message. Returns true if no thread reads messages yet; the caller must then start one.
     bool post(Message message) {
         std::unique_lock lock(mutex_);
         messages_.push_back(std::move(message));
@@ -42,7 +42,7 @@ public:
         return needsReader;
     }
 
-    /// Says that no message follows.
+    /// No message follows.
     void close() {
         std::unique_lock lock(mutex_);
         isClosed_ = true;
@@ -50,21 +50,21 @@ public:
         wakeReader(lock);
     }
 
-    /// Ends the reader's wait, also one that is only about to begin.
+    /// Ends the reader's current wait, or its next one.
     void wake() {
         std::unique_lock lock(mutex_);
         isWoken_ = true;
         wakeReader(lock);
     }
 
-    /// The reader is gone or could not be started; what is left goes to the caller.
-    std::vector<Message> readerLeaves() {
+    /// Removes the reader, which could not be started. Returns the remaining messages.
+    std::vector<Message> removeReader() {
         const std::lock_guard lock(mutex_);
         hasReader_ = false;
         return std::exchange(messages_, {});
     }
 
-    /// Moves the messages behind `to`. Returns whether more may follow.
+    /// Moves the messages into `to`, which is empty. Returns whether more may follow.
     bool take(std::vector<Message>& to) {
         const std::lock_guard lock(mutex_);
         isWoken_ = false;
@@ -73,16 +73,16 @@ public:
     }
 
     enum class Wait {
-        /// There is something to read already.
+        /// There are messages to read already.
         notNow,
-        /// The wait has to watch `wakeDescriptor()`.
+        /// The wait must watch `wakeDescriptor()`.
         watching,
-        /// The system has no descriptor for that now: a wait is not ended by messages, and has to be short.
+        /// The system has no free descriptor: messages do not end a wait, so it must be short.
         blind,
     };
 
-    /// Says that the reader is about to wait for sockets. It must not wait if the answer is `notNow`, and must call
-    /// `endWait()` after it otherwise.
+    /// Called before the reader waits for sockets. On `notNow` it must not wait; otherwise it must call `endWait()`
+    /// afterwards.
     Wait beginWait() {
         const std::lock_guard lock(mutex_);
         if (!messages_.empty() || isWoken_) return Wait::notNow;
@@ -97,15 +97,14 @@ public:
     void endWait() {
         const std::lock_guard lock(mutex_);
         isWatched_ = false;
-        if (std::exchange(isRung_, false)) wakeDescriptor_.silence();
+        if (std::exchange(isSignalled_, false)) wakeDescriptor_.clear();
     }
 
-    /// Waits until there is something to read: cheaper than a wait in a multi handle, for a reader that has
-    /// no socket to watch.
-    void waitForMail() {
+    /// Waits until there are messages, for a reader without sockets to watch. Cheaper than waiting in a multi handle.
+    void waitForMessages() {
         std::unique_lock lock(mutex_);
         while (messages_.empty() && !isWoken_) {
-            waitsForMail_ = true;
+            isReaderAsleep_ = true;
             lock.unlock();
             bell_.sleep();
             lock.lock();
@@ -113,13 +112,13 @@ public:
     }
 
 private:
-    // A reader that is awake looks here before it waits, so that only one that waits costs a system call.
+    // A reader that is awake checks for messages before it waits, so only a waiting one costs a system call.
     void wakeReader(std::unique_lock<std::mutex>& lock) {
         if (std::exchange(isWatched_, false)) {
-            isRung_ = true;
-            wakeDescriptor_.ring();
+            isSignalled_ = true;
+            wakeDescriptor_.signal();
         }
-        const bool sleeps = std::exchange(waitsForMail_, false);
+        const bool sleeps = std::exchange(isReaderAsleep_, false);
         lock.unlock();
         if (sleeps) bell_.ring();
     }
@@ -128,10 +127,10 @@ private:
     Bell bell_;
     std::vector<Message> messages_;
     WakeDescriptor wakeDescriptor_;
-    /// Whether the reader watches the descriptor, and whether it was rung since.
+    /// Whether the reader watches the descriptor, and whether the descriptor has been signalled since.
     bool isWatched_ = false;
-    bool isRung_ = false;
-    bool waitsForMail_ = false;
+    bool isSignalled_ = false;
+    bool isReaderAsleep_ = false;
     bool hasReader_ = false;
     bool isClosed_ = false;
     bool isWoken_ = false;

@@ -15,13 +15,13 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// How often to look for messages while the system has no descriptor through which they could end a wait.
+// How often to check for messages while the system has no descriptor through which they could end a wait.
 constexpr std::chrono::milliseconds blindInterval{20};
 
 std::size_t connectionsPerHost(const URLSessionConfiguration& configuration) {
-    constexpr std::int64_t most = 1000;
+    constexpr std::int64_t maxConnections = 1000;
     return static_cast<std::size_t>(
-        std::clamp<std::int64_t>(configuration.httpMaximumConnectionsPerHost, 1, most));
+        std::clamp<std::int64_t>(configuration.httpMaximumConnectionsPerHost, 1, maxConnections));
 }
 
 std::vector<std::string> addressesOf(const URLSessionConfiguration& configuration,
@@ -37,14 +37,14 @@ CURLM* makeMulti(std::size_t connectionsPerHost, const URLSessionLimits& limits)
     closeWakePairInChildren(multi);
     curl_multi_setopt(multi, CURLMOPT_PIPELINING, CURLPIPE_MULTIPLEX);
     curl_multi_setopt(multi, CURLMOPT_MAX_HOST_CONNECTIONS, static_cast<long>(connectionsPerHost));
-    // To libcurl, none is its own default.
-    constexpr std::uint64_t most = std::numeric_limits<int>::max();
-    const auto idle = std::clamp<std::uint64_t>(limits.maxIdleConnections, 1, most);
+    // libcurl takes 0 as its default.
+    constexpr std::uint64_t maxIdle = std::numeric_limits<int>::max();
+    const auto idle = std::clamp<std::uint64_t>(limits.maxIdleConnections, 1, maxIdle);
     curl_multi_setopt(multi, CURLMOPT_MAXCONNECTS, static_cast<long>(idle));
     return multi;
 }
 
-// Without locks: one thread uses it.
+// Without locks, since only one thread uses it.
 CURLSH* makeShared() {
     CURLSH* const shared = curl_share_init();
     curl_share_setopt(shared, CURLSHOPT_SHARE, CURL_LOCK_DATA_SSL_SESSION);
@@ -77,7 +77,7 @@ IoLoop::IoLoop(const URLSessionConfiguration& configuration, const TransportSeam
       loadDeadlines_(configuration),
       suspects_(connections_, admission_,
                 [this](const Connection& connection, const std::function<void(Exchange&)>& visit) {
-                    visitOn(connection, visit);
+                    forEachOn(connection, visit);
                 }),
       resets_(connections_) {}
 
@@ -87,8 +87,8 @@ void IoLoop::run(ExitGate& gate) {
     while (true) {
         gate.pass();
         now_ = Clock::now();
-        const bool moreMayCome = readInbox();
-        if (!moreMayCome && exchanges_.empty()) break;
+        const bool moreMayFollow = readInbox();
+        if (!moreMayFollow && exchanges_.empty()) break;
         pacer_.beginRound(undelivered_->update());
         admit();
         decodeHeld();
@@ -97,7 +97,7 @@ void IoLoop::run(ExitGate& gate) {
         suspects_.review();
         collectFinished();
         timeOut();
-        tryAgain();
+        retryUnreached();
         resets_.shutDownQuiet(now_);
         admit();
         noteQueued();
@@ -108,19 +108,21 @@ void IoLoop::run(ExitGate& gate) {
 }
 
 bool IoLoop::readInbox() {
-    const bool moreMayCome = inbox_->take(messages_);
+    const bool moreMayFollow = inbox_->take(messages_);
     for (Inbox::Message& message : messages_) {
         switch (message.kind) {
             case Inbox::Message::Kind::start: begin(std::move(message.transfer)); break;
             case Inbox::Message::Kind::cancel: cancel(*message.transfer); break;
             case Inbox::Message::Kind::cancelAll: cancelAll(); break;
             case Inbox::Message::Kind::closeIdle: connections_.shutDownIdle(); break;
-            case Inbox::Message::Kind::redirect: decided(*message.transfer, std::move(message.next)); break;
+            case Inbox::Message::Kind::redirect:
+                redirectDecided(*message.transfer, std::move(message.next));
+                break;
             case Inbox::Message::Kind::resume: resume(std::move(message)); break;
         }
     }
     messages_.clear();
-    return moreMayCome;
+    return moreMayFollow;
 }
 
 void IoLoop::begin(std::shared_ptr<Transfer> transfer) {
@@ -159,45 +161,47 @@ void IoLoop::cancelAll() {
     while (!exchanges_.empty()) cancel(*exchanges_.begin()->first);
 }
 
-const std::string& IoLoop::lineOf(const Exchange& exchange) {
+const std::string& IoLoop::queueKeyOf(const Exchange& exchange) {
     const URL& url = *exchange.request().url();
     const auto& proxy = configuration_.proxy;
-    // Requests of plain HTTP share the connections to the proxy, wherever they go.
+    // Plain HTTP requests through the proxy share its connections, whatever their origin.
     const bool sharesProxy = proxy && !isSecure(url) && goesThrough(*proxy, url);
     return sharesProxy ? proxy->url : origins_.of(url);
 }
 
 void IoLoop::enqueue(Exchange& exchange) {
-    // A load that was let in before, and is redirected or sent again, is not turned away.
+    // A load that was queued before, and is redirected or sent again, is not rejected.
     if (!std::exchange(exchange.wasQueued, true) && isQueueFull(exchange)) {
-        const std::string most = std::to_string(configuration_.limits.maxQueuedLoadsPerOrigin);
+        const std::string limit = std::to_string(configuration_.limits.maxQueuedLoadsPerOrigin);
         fail(exchange, {URLErrorCode::queuedLoadsExceedMaximum,
-                        most + " loads wait for a connection to this origin (maxQueuedLoadsPerOrigin)."});
+                        limit + " loads wait for a connection to this origin (maxQueuedLoadsPerOrigin)."});
         return;
     }
-    admission_.enqueue(exchange, lineOf(exchange));
-    if (exchange.metrics || exchange.transfer()->teller() != nullptr) queued_.push_back(exchange.transfer());
+    admission_.enqueue(exchange, queueKeyOf(exchange));
+    if (exchange.metrics || exchange.transfer()->reporter() != nullptr)
+        queued_.push_back(exchange.transfer());
 }
 
 bool IoLoop::isQueueFull(const Exchange& exchange) {
-    const std::uint64_t most = std::max<std::uint64_t>(configuration_.limits.maxQueuedLoadsPerOrigin, 1);
-    if (most == URLSessionLimits::unlimited || admission_.waitingFor(lineOf(exchange)) < most) return false;
-    // Those that came in the same round may have a free connection.
+    const std::uint64_t limit = std::max<std::uint64_t>(configuration_.limits.maxQueuedLoadsPerOrigin, 1);
+    if (limit == URLSessionLimits::unlimited || admission_.waitingFor(queueKeyOf(exchange)) < limit)
+        return false;
+    // There may be free connections for loads that arrived in this round.
     admit();
-    return admission_.waitingFor(lineOf(exchange)) >= most;
+    return admission_.waitingFor(queueKeyOf(exchange)) >= limit;
 }
 
 void IoLoop::admit() {
     if (undelivered_->isFull()) return;
     while (Applicant* const applicant = admission_.admitNext(now_)) {
-        leaveLostAddresses();
+        closeLostAddresses();
         attempt(static_cast<Exchange&>(*applicant));
     }
 }
 
 void IoLoop::attempt(Exchange& exchange) {
-    exchange.isPatient = false;
-    exchange.goesOn(now_);
+    exchange.usesFullConnectTime = false;
+    exchange.resumed(now_);
     deadlines_.watch(exchange, now_);
     send(exchange);
 }
@@ -223,7 +227,7 @@ void IoLoop::send(Exchange& exchange) {
     if (!prepareEasy(*exchange.attempt, configuration_, admission_.hasSetAside(exchange)) ||
         curl_multi_add_handle(multi_, exchange.attempt->handle->get()) != CURLM_OK) {
         release(exchange);
-        fail(exchange, {URLErrorCode::badURL, "The request cannot be put in the form in which it is sent."});
+        fail(exchange, {URLErrorCode::badURL, "libcurl does not accept the request."});
     }
 }
 
@@ -234,7 +238,7 @@ void IoLoop::collectFinished() {
         const CURLcode code = message->data.result;
         char* user = nullptr;
         curl_easy_getinfo(message->easy_handle, CURLINFO_PRIVATE, &user);
-        settle(reinterpret_cast<EasyHandle*>(user)->attempt->exchange, code);
+        handleResult(reinterpret_cast<EasyHandle*>(user)->attempt->exchange, code);
     }
 }
 
@@ -248,8 +252,8 @@ void IoLoop::timeOutIdle() {
     while (Idler* const idler = deadlines_.takeExpired(now_)) {
         Exchange& exchange = static_cast<Exchange&>(*idler);
         if (exchange.attempt->isRedirect) {
-            // The time for its body is up.
-            followAnswer(exchange);
+            // The time for reading the redirect's body is up.
+            followReceivedRedirect(exchange);
         } else if (movedUnseen(exchange)) {
             deadlines_.resume(exchange);
         } else {
@@ -259,25 +263,25 @@ void IoLoop::timeOutIdle() {
     }
 }
 
-// Whether something counts as movement that no callback tells of.
+// Accounts for activity that no callback reports. Returns whether the deadline has moved past now.
 bool IoLoop::movedUnseen(Exchange& exchange) {
     const Attempt& attempt = *exchange.attempt;
-    // It waits for this thread, and not for its server.
-    if (attempt.isHeld || isBehindHeld(attempt)) exchange.moved(now_);
+    // It waits for this thread, not for its server.
+    if (attempt.isHeld || isBlockedByHeld(attempt)) exchange.moved(now_);
     const Carriage carriage = admission_.carriage(exchange);
     if (carriage == Carriage::many && attempt.waitsForConnection()) {
-        // It waits inside libcurl for room, while connections work: that is not its own idleness.
+        // It waits in libcurl for a free stream while the connections are active, which does not count as idle.
         const std::string origin = originOf(*exchange.request().url());
         for (const auto& [transfer, other] : exchanges_) {
             const bool goes = other->attempt && other->attempt->sendings > 0;
             if (goes && originOf(*other->request().url()) == origin) exchange.moved(other->lastMoved());
         }
     }
-    // What arrives on a connection is only ours to count as long as nobody else can be on it.
+    // Data on a connection counts for this request only while no other request can use the connection.
     const bool isAlone =
         carriage == Carriage::one || attempt.sendings == 0 || !isSecure(*exchange.request().url());
     if (carriage != Carriage::many && isAlone) {
-        // libcurl tells of whole header lines only, and of nothing while TLS is set up.
+        // libcurl reports only complete header lines, and nothing during the TLS handshake.
         const auto connection =
             attempt.connection ? attempt.connection : connections_.find(attempt.openedSocket);
         const auto last = connection ? connections_.lastReceived(*connection, now_) : std::nullopt;
@@ -286,29 +290,29 @@ bool IoLoop::movedUnseen(Exchange& exchange) {
     return exchange.deadline() > now_;
 }
 
-// libcurl reads nothing from a connection while it is to pass on nothing of a stream there.
-bool IoLoop::isBehindHeld(const Attempt& attempt) {
+// libcurl reads nothing from a connection while one of its streams is paused.
+bool IoLoop::isBlockedByHeld(const Attempt& attempt) {
     if (!undelivered_->isFull() || !attempt.connection) return false;
-    bool isBehind = false;
-    visitOn(*attempt.connection, [&isBehind](Exchange& other) { isBehind |= other.attempt->isHeld; });
-    return isBehind;
+    bool isBlocked = false;
+    forEachOn(*attempt.connection, [&isBlocked](Exchange& other) { isBlocked |= other.attempt->isHeld; });
+    return isBlocked;
 }
 
 void IoLoop::release(Exchange& exchange) {
     deadlines_.forget(exchange);
     forgetDeadAddress(exchange);
     admission_.leave(exchange);
-    if (exchange.attempt) takeBack(exchange);
+    if (exchange.attempt) releaseAttempt(exchange);
 }
 
-void IoLoop::takeBack(Exchange& exchange) {
+void IoLoop::releaseAttempt(Exchange& exchange) {
     if (exchange.metrics) exchange.metrics->read(*exchange.attempt);
     const std::unique_ptr<Attempt> attempt = std::move(exchange.attempt);
     pacer_.forget(*attempt);
     loadDeadlines_.endBody(exchange);
     curl_multi_remove_handle(multi_, attempt->handle->get());
-    // Whatever libcurl keeps of its body goes with it, and so does its count of repeated sendings, which it goes on with
-    // for the next request.
+    // The handle may keep a piece of the body, and its count of resends would continue for the next request; do not
+    // reuse it then.
     attempt->handle->isUsedUp |= attempt->isPaused || attempt->sendings > 1;
     pool_.give(std::move(attempt->handle));
     if (!attempt->connection) return;
@@ -317,12 +321,12 @@ void IoLoop::takeBack(Exchange& exchange) {
     if (attempt->isWhole) return;
     Exchange* other = nullptr;
     if (attempt->connection->streams > 0) {
-        visitOn(*attempt->connection, [&other](Exchange& found) { other = &found; });
+        forEachOn(*attempt->connection, [&other](Exchange& found) { other = &found; });
     }
     resets_.left(attempt->connection, other, now_);
 }
 
-void IoLoop::visitOn(const Connection& connection, const std::function<void(Exchange&)>& visit) {
+void IoLoop::forEachOn(const Connection& connection, const std::function<void(Exchange&)>& visit) {
     for (const auto& [transfer, exchange] : exchanges_) {
         if (exchange->attempt && exchange->attempt->connection.get() == &connection) visit(*exchange);
     }
@@ -339,14 +343,13 @@ void IoLoop::end(Exchange& exchange, Outcome outcome) {
     ended_.push_back({std::move(transfer), std::move(outcome), bytes});
 }
 
-// Once in a round: the delegate thread is woken once for all, and does not take the processor from this one
-// before the round is over.
+// Called once per round: this wakes the delegate thread only once, and not before the round is over.
 void IoLoop::deliver() {
     if (ended_.empty()) return;
     for (const Ended& each : ended_) undelivered_->add(each.bytes);
     delegateQueue_.async([ended = std::exchange(ended_, {}), undelivered = undelivered_]() mutable {
         for (Ended& each : ended) {
-            // Gone before the next one's turn, as if each had come alone.
+            // Destroyed before the next one is delivered, as if each had been posted separately.
             Ended one = std::move(each);
             undelivered->remove(one.bytes);
             one.transfer->complete(std::move(one.outcome));
@@ -357,7 +360,7 @@ void IoLoop::deliver() {
 std::chrono::milliseconds IoLoop::longestWait() const {
     std::chrono::milliseconds limit = pacer_.longestWait();
     for (const auto next : {deadlines_.next(), loadDeadlines_.next(), resets_.next(), pendingConnects_.next(),
-                            unreached_.next(), storeReads_.next()}) {
+                            unreachable_.next(), storeReads_.next()}) {
         if (!next) continue;
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(*next - Clock::now());
         limit = std::clamp(left, std::chrono::milliseconds(0), limit);
@@ -367,11 +370,11 @@ std::chrono::milliseconds IoLoop::longestWait() const {
 
 void IoLoop::wait() {
     if (exchanges_.empty() && !resets_.next()) {
-        inbox_->waitForMail();
+        inbox_->waitForMessages();
         return;
     }
     if (pacer_.longestWait() == std::chrono::milliseconds::zero()) return;
-    // What has changed is libcurl's to see first.
+    // libcurl must see these changes first.
     if (pendingConnects_.update(now_)) return;
     watched_.clear();
     pendingConnects_.addTo(watched_);

@@ -35,8 +35,8 @@
 
 namespace VanticRestKit::detail {
 
-/// Everything that the I/O thread of one session owns: the multi handle, all easy handles, and the transfers
-/// from the inbox to their end. Lives in that thread alone and never runs a line of the host's.
+/// Everything that the I/O thread of one session owns: the multi handle, all easy handles, and the transfers from the
+/// inbox to their end. Used only on that thread; never runs code of the host.
 class IoLoop {
 public:
     IoLoop(const URLSessionConfiguration& configuration, const TransportSeams& seams,
@@ -45,7 +45,7 @@ public:
     IoLoop(const IoLoop&) = delete;
     IoLoop& operator=(const IoLoop&) = delete;
 
-    /// Works until the inbox is closed and every transfer has ended. `gate` is passed in every round.
+    /// Runs until the inbox is closed and every transfer has ended. Passes `gate` in every round.
     void run(ExitGate& gate);
 
 private:
@@ -55,7 +55,7 @@ private:
     struct Ended {
         std::shared_ptr<Transfer> transfer;
         Outcome outcome;
-        /// What it counts for while it is undelivered.
+        /// Its size in the count of undelivered bytes.
         std::uint64_t bytes;
     };
     using Exchanges = std::unordered_map<const Transfer*, std::unique_ptr<Exchange>>;
@@ -72,7 +72,7 @@ private:
     void answer(Exchange& exchange, HopAnswer found);
     static Outcome outcomeOf(const Exchange& exchange, HopAnswer answer);
     void revalidate(Exchange& exchange);
-    const std::string& lineOf(const Exchange& exchange);
+    const std::string& queueKeyOf(const Exchange& exchange);
     bool isQueueFull(const Exchange& exchange);
     void enqueue(Exchange& exchange);
     void admit();
@@ -81,20 +81,20 @@ private:
     void send(Exchange& exchange);
     void decodeHeld();
     void resume(Attempt& attempt);
-    bool isBehindHeld(const Attempt& attempt);
+    bool isBlockedByHeld(const Attempt& attempt);
     void collectFinished();
-    void settle(Exchange& exchange, CURLcode code);
-    void visitOn(const Connection& connection, const std::function<void(Exchange&)>& visit);
-    void goAgain(Exchange& exchange);
-    void connectPatiently(Exchange& exchange);
+    void handleResult(Exchange& exchange, CURLcode code);
+    void forEachOn(const Connection& connection, const std::function<void(Exchange&)>& visit);
+    void resend(Exchange& exchange);
+    void connectWithFullTime(Exchange& exchange);
     bool mayWaitForConnectivity(Exchange& exchange, CURLcode code);
     void waitForConnectivity(Exchange& exchange);
-    void tryAgain();
-    void followAnswer(Exchange& exchange);
+    void retryUnreached();
+    void followReceivedRedirect(Exchange& exchange);
     void follow(Exchange& exchange, std::int64_t status, const std::string& location);
     void goTo(Exchange& exchange, URLRequest next);
-    void ask(Exchange& exchange, HopAnswer redirect, const std::string& location);
-    void decided(const Transfer& transfer, std::optional<URLRequest> next);
+    void askHost(Exchange& exchange, HopAnswer redirect, const std::string& location);
+    void redirectDecided(const Transfer& transfer, std::optional<URLRequest> next);
     static HopAnswer answerOf(Exchange& exchange);
     void succeed(Exchange& exchange);
     void fail(Exchange& exchange, const TransportFault& fault,
@@ -102,18 +102,18 @@ private:
     void timeOut();
     void timeOutIdle();
     bool movedUnseen(Exchange& exchange);
-    void leaveLostAddresses();
+    void closeLostAddresses();
     void forgetDeadAddress(const Exchange& exchange);
     void release(Exchange& exchange);
-    void takeBack(Exchange& exchange);
+    void releaseAttempt(Exchange& exchange);
     void end(Exchange& exchange, Outcome outcome);
     void deliver();
     void wait();
     std::chrono::milliseconds longestWait() const;
 
-    // Outlives the loop.
+    // Must outlive the loop.
     const URLSessionConfiguration& configuration_;
-    // Why nothing can be sent with it.
+    // Why the configuration cannot be used; empty if it can.
     const std::optional<TransportFault> unusable_;
     const std::chrono::duration<double> usualInterval_;
     const URLRequestCachePolicy usualPolicy_;
@@ -123,13 +123,13 @@ private:
     const std::shared_ptr<Inbox> inbox_;
     const DispatchQueue delegateQueue_;
     const std::shared_ptr<Undelivered> undelivered_;
-    // Above the multi handle, which closes its sockets through it.
+    // Declared before the multi handle, which closes its sockets through it.
     Connections connections_;
     TlsSettings tls_;
     PendingConnects pendingConnects_;
     OwnAddresses ownAddresses_;
     CURLM* multi_;
-    // Above the handles that use it.
+    // Declared before the handles that use it.
     std::unique_ptr<CURLSH, SharedDeleter> shared_;
     EasyPool pool_;
     Admission admission_;
@@ -139,11 +139,11 @@ private:
     BodyPacer pacer_;
     HeaderLinesMemo headerLines_;
     OriginMemo origins_;
-    ConnectivityWait unreached_;
+    ConnectivityWait unreachable_;
     SuspectConnections suspects_;
     StreamResets resets_;
     Exchanges exchanges_;
-    // Observed, and put in a queue in this round.
+    // Transfers with metrics or progress that were put in a queue in this round.
     std::vector<std::shared_ptr<Transfer>> queued_;
     std::vector<Ended> ended_;
     std::vector<Inbox::Message> messages_;

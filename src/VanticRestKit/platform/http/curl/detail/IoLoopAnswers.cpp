@@ -1,4 +1,4 @@
-// How an attempt ended, and what follows from it: an answer, a redirect, another attempt or an error.
+// What follows the end of an attempt: a response, a redirect, another attempt or an error.
 
 #include <VanticRestKit/platform/http/curl/detail/CurlErrors.h>
 #include <VanticRestKit/platform/http/curl/detail/IoLoop.h>
@@ -26,22 +26,22 @@ void IoLoop::decodeHeld() {
         } else if (attempt->body.hasMore()) {
             pacer_.hold(*attempt);
         } else if (attempt->result) {
-            settle(attempt->exchange, *attempt->result);
+            handleResult(attempt->exchange, *attempt->result);
         } else if (attempt->isPaused) {
             resume(*attempt);
         }
     }
 }
 
-// libcurl passes on at once what it has kept.
+// libcurl passes on the kept data immediately, inside the call.
 void IoLoop::resume(Attempt& attempt) {
     attempt.isPaused = false;
-    attempt.exchange.goesOn(now_);
+    attempt.exchange.resumed(now_);
     const CURLcode code = curl_easy_pause(attempt.handle->get(), CURLPAUSE_CONT);
-    if (code != CURLE_OK) settle(attempt.exchange, code);
+    if (code != CURLE_OK) handleResult(attempt.exchange, code);
 }
 
-void IoLoop::settle(Exchange& exchange, CURLcode code) {
+void IoLoop::handleResult(Exchange& exchange, CURLcode code) {
     Attempt& attempt = *exchange.attempt;
     attempt.isWhole = code == CURLE_OK;
     if (attempt.isWhole && attempt.body.hasMore() && !attempt.fault) {
@@ -52,15 +52,15 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
     if (attempt.fault) {
         fail(exchange, *attempt.fault);
     } else if (attempt.isRedirect) {
-        // Where to go was said in the headers; how the body ended does not matter.
-        followAnswer(exchange);
-    } else if (exchange.wasLeftOut(code) && exchange.leftOut++ < Attempt::mostResendings) {
+        // The headers name the target; how the body ended does not matter.
+        followReceivedRedirect(exchange);
+    } else if (exchange.wentUnanswered(code) && exchange.timesUnanswered++ < Attempt::maxResends) {
         release(exchange);
         enqueue(exchange);
-    } else if (code != CURLE_OK && attempt.wasRefusedToTheLast() && !exchange.wasGivenUp) {
-        goAgain(exchange);
-    } else if (code == CURLE_COULDNT_CONNECT && attempt.gaveUpAnAddress()) {
-        connectPatiently(exchange);
+    } else if (code != CURLE_OK && attempt.exhaustedRetries() && !exchange.wasGivenUp) {
+        resend(exchange);
+    } else if (code == CURLE_COULDNT_CONNECT && attempt.gaveUpAddress()) {
+        connectWithFullTime(exchange);
     } else if (mayWaitForConnectivity(exchange, code)) {
         waitForConnectivity(exchange);
     } else if (code != CURLE_OK) {
@@ -72,12 +72,12 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
                                   .verifyResult = verified,
                                   .isInsideHead = attempt.sendings > 0 && !attempt.head.isComplete(),
                                   .socketError = attempt.socketError,
-                                  .wasLeftOutBefore = exchange.leftOut > 0,
+                                  .wentUnansweredBefore = exchange.timesUnanswered > 0,
                                   .limits = configuration_.limits};
         fail(exchange, faultFor(failure), underlyingError(code, text, verified));
     } else if (!attempt.head.isComplete()) {
-        fail(exchange,
-             {URLErrorCode::networkConnectionLost, "The connection was closed inside the headers."});
+        fail(exchange, {URLErrorCode::networkConnectionLost,
+                        "The connection was closed before the headers were complete."});
     } else if (const auto fault = attempt.body.finish()) {
         fail(exchange, *fault);
     } else {
@@ -85,21 +85,21 @@ void IoLoop::settle(Exchange& exchange, CURLcode code) {
     }
 }
 
-// A connection that is new takes requests before the server has said how many it takes, and refuses the others. With
-// a hundred at once and a server that takes few, that can go on until libcurl gives some of them up. Only a GET comes
-// here: what is no GET is stopped before it is sent a second time.
-void IoLoop::goAgain(Exchange& exchange) {
+// libcurl sends requests on a new connection before the server has announced how many streams it accepts; the server
+// then refuses the others. With a hundred requests at once and a server that accepts few, this can repeat until libcurl
+// gives some of them up. Only GETs get here: other requests are stopped before they are sent a second time.
+void IoLoop::resend(Exchange& exchange) {
     exchange.wasGivenUp = true;
     admission_.narrow(exchange);
     release(exchange);
     enqueue(exchange);
 }
 
-// No address answered in the time that each of several may take. Nothing was sent, and what is left of the request's
-// own time can be spent on waiting.
-void IoLoop::connectPatiently(Exchange& exchange) {
-    exchange.isPatient = true;
-    takeBack(exchange);
+// No address could be connected within the short limit for each. Nothing was sent, so the rest of the request's time
+// can be spent on connecting.
+void IoLoop::connectWithFullTime(Exchange& exchange) {
+    exchange.usesFullConnectTime = true;
+    releaseAttempt(exchange);
     send(exchange);
 }
 
@@ -107,33 +107,34 @@ bool IoLoop::mayWaitForConnectivity(Exchange& exchange, CURLcode code) {
     const bool isUnreached = code == CURLE_COULDNT_CONNECT || code == CURLE_COULDNT_RESOLVE_HOST ||
                              code == CURLE_COULDNT_RESOLVE_PROXY;
     if (!isUnreached || !configuration_.waitsForConnectivity) return false;
-    constexpr std::chrono::hours longest{24 * 7};
-    const auto limit = std::min<std::chrono::duration<double>>(configuration_.connectivityTimeout, longest);
-    if (!exchange.triesUntil) {
-        exchange.triesUntil = now_ + std::chrono::duration_cast<Clock::duration>(limit);
+    constexpr std::chrono::hours maxTimeout{24 * 7};
+    const auto limit =
+        std::min<std::chrono::duration<double>>(configuration_.connectivityTimeout, maxTimeout);
+    if (!exchange.retriesUntil) {
+        exchange.retriesUntil = now_ + std::chrono::duration_cast<Clock::duration>(limit);
     }
-    return now_ < *exchange.triesUntil;
+    return now_ < *exchange.retriesUntil;
 }
 
 void IoLoop::waitForConnectivity(Exchange& exchange) {
     release(exchange);
-    const auto pause = ConnectivityWait::pauseBefore(++exchange.unreached);
-    unreached_.add(exchange.transfer(), std::min(now_ + pause, *exchange.triesUntil));
+    const auto pause = ConnectivityWait::pauseBefore(++exchange.timesUnreached);
+    unreachable_.add(exchange.transfer(), std::min(now_ + pause, *exchange.retriesUntil));
 }
 
-void IoLoop::tryAgain() {
-    while (const std::shared_ptr<Transfer> transfer = unreached_.takeDue(now_)) {
+void IoLoop::retryUnreached() {
+    while (const std::shared_ptr<Transfer> transfer = unreachable_.takeDue(now_)) {
         const auto found = exchanges_.find(transfer.get());
         if (found != exchanges_.end()) enqueue(*found->second);
     }
 }
 
-void IoLoop::followAnswer(Exchange& exchange) {
+void IoLoop::followReceivedRedirect(Exchange& exchange) {
     HeaderCollector& head = exchange.attempt->head;
     const std::string location = *head.location();
     if (exchange.cacheHop) {
         HeaderFields fields = head.fields();
-        // Of several the first one counts.
+        // The first of several is used.
         findHeader(fields, "location")->second = location;
         exchange.cacheHop->finish(head.status(), std::move(fields), std::nullopt);
     }
@@ -144,10 +145,10 @@ void IoLoop::follow(Exchange& exchange, std::int64_t status, const std::string& 
     const URL& source = *exchange.request().url();
     const auto target = URL::make(location, source);
     if (!target) {
-        fail(exchange, {URLErrorCode::badServerResponse, "The answer redirects to what is no URL."});
+        fail(exchange, {URLErrorCode::badServerResponse, "The response redirects to an invalid URL."});
     } else if (redirectAction(configuration_.redirectPolicy, source, *target) == RedirectAction::refuse) {
         fail(exchange, {URLErrorCode::appTransportSecurityRequiresSecureConnection,
-                        "The answer redirects from https to http."});
+                        "The response redirects from https to http."});
     } else {
         if (exchange.metrics) exchange.metrics->answeredWithRedirect(status);
         goTo(exchange,
@@ -162,9 +163,9 @@ void IoLoop::goTo(Exchange& exchange, URLRequest next) {
     }
     const auto fault = whyUnusable(next);
     if (exchange.redirect(std::move(next)) > configuration_.limits.maxRedirects) {
-        const std::string most = std::to_string(configuration_.limits.maxRedirects);
+        const std::string limit = std::to_string(configuration_.limits.maxRedirects);
         fail(exchange, {URLErrorCode::httpTooManyRedirects,
-                        "The load was redirected more than " + most + " times (maxRedirects)."});
+                        "The load was redirected more than " + limit + " times (maxRedirects)."});
     } else if (fault) {
         fail(exchange, *fault);
     } else {
@@ -174,15 +175,15 @@ void IoLoop::goTo(Exchange& exchange, URLRequest next) {
     }
 }
 
-// The host is asked on its own queue; nothing of this thread waits for it.
-void IoLoop::ask(Exchange& exchange, HopAnswer redirect, const std::string& location) {
+// The host is asked on its own queue; this thread does not wait for it.
+void IoLoop::askHost(Exchange& exchange, HopAnswer redirect, const std::string& location) {
     const auto target = URL::make(location, *exchange.request().url());
     const URLSessionRedirectPolicy& policy = configuration_.redirectPolicy;
     URLRequest next = redirected(exchange.request(), redirect.answer.status, *target, policy.headersHeldBack);
-    exchange.redirectAnswer = std::make_unique<Outcome>(outcomeOf(exchange, std::move(redirect)));
+    exchange.pendingRedirect = std::make_unique<Outcome>(outcomeOf(exchange, std::move(redirect)));
     release(exchange);
     delegateQueue_.async([willRedirect = policy.willRedirect, inbox = inbox_, transfer = exchange.transfer(),
-                          response = exchange.redirectAnswer->response, next = std::move(next)]() mutable {
+                          response = exchange.pendingRedirect->response, next = std::move(next)]() mutable {
         const std::shared_ptr<const HTTPURLResponse> answer(response, response->asHTTP());
         inbox->post({.kind = Inbox::Message::Kind::redirect,
                      .transfer = std::move(transfer),
@@ -190,12 +191,12 @@ void IoLoop::ask(Exchange& exchange, HopAnswer redirect, const std::string& loca
     });
 }
 
-void IoLoop::decided(const Transfer& transfer, std::optional<URLRequest> next) {
+void IoLoop::redirectDecided(const Transfer& transfer, std::optional<URLRequest> next) {
     const auto found = exchanges_.find(&transfer);
     // Cancelled meanwhile.
     if (found == exchanges_.end()) return;
     Exchange& exchange = *found->second;
-    const std::unique_ptr<Outcome> answer = std::move(exchange.redirectAnswer);
+    const std::unique_ptr<Outcome> answer = std::move(exchange.pendingRedirect);
     if (next) {
         goTo(exchange, *std::move(next));
     } else {
@@ -218,7 +219,7 @@ void IoLoop::succeed(Exchange& exchange) { answer(exchange, answerOf(exchange));
 
 void IoLoop::fail(Exchange& exchange, const TransportFault& fault, const std::optional<Error>& underlying) {
     if (exchange.cacheHop) {
-        if (auto stored = exchange.cacheHop->rescue(fault.code)) {
+        if (auto stored = exchange.cacheHop->storedFallback(fault.code)) {
             answer(exchange, *std::move(stored));
             return;
         }

@@ -1,4 +1,4 @@
-// Where transfers meet the cache: before a request is admitted, and when an answer is there.
+// How transfers use the cache: before a request is admitted, and when a response is complete.
 
 #include <VanticRestKit/platform/http/curl/detail/IoLoop.h>
 #include <VanticRestKit/platform/http/detail/HeaderName.h>
@@ -66,7 +66,7 @@ void IoLoop::answer(Exchange& exchange, HopAnswer found) {
         end(exchange, outcomeOf(exchange, std::move(found)));
         return;
     }
-    // Of several the first one counts.
+    // The first of several is used.
     const auto received = exchange.attempt ? exchange.attempt->head.location() : std::nullopt;
     const std::string location = received.value_or(field->second);
     const auto target = URL::make(location, *exchange.request().url());
@@ -76,7 +76,7 @@ void IoLoop::answer(Exchange& exchange, HopAnswer found) {
     const bool asksHost =
         target && action == RedirectAction::follow && configuration_.redirectPolicy.willRedirect;
     if (found.lacksBody && (asksHost || action == RedirectAction::deliver)) {
-        // It was stored by a session that follows such a redirect without a look at its body.
+        // It was stored by a session that followed the redirect without reading its body.
         release(exchange);
         if (exchange.cacheHop->forgetStored()) {
             enqueue(exchange);
@@ -86,7 +86,7 @@ void IoLoop::answer(Exchange& exchange, HopAnswer found) {
     } else if (action == RedirectAction::deliver) {
         end(exchange, outcomeOf(exchange, std::move(found)));
     } else if (asksHost) {
-        ask(exchange, std::move(found), location);
+        askHost(exchange, std::move(found), location);
     } else {
         follow(exchange, found.answer.status, location);
     }
@@ -100,7 +100,7 @@ Outcome IoLoop::outcomeOf(const Exchange& exchange, HopAnswer found) {
     return outcome;
 }
 
-// Asks the server in the background, for the next one who asks the cache.
+// Revalidates a stored response in the background, for later requests.
 void IoLoop::revalidate(Exchange& exchange) {
     auto transfer = std::make_shared<Transfer>(exchange.request(), URLSession::Completion());
     const Transfer* const key = transfer.get();

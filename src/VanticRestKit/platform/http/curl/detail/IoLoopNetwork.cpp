@@ -1,4 +1,4 @@
-// What follows from a change of the network.
+// How the I/O thread reacts to a change of the network.
 
 #include <VanticRestKit/platform/http/curl/detail/IoLoop.h>
 
@@ -7,19 +7,19 @@
 
 namespace VanticRestKit::detail {
 
-// What is on a connection from an address that is gone would wait until its time is up, and so would the next request
-// that libcurl puts there. Names may stand for other addresses in the new network.
-void IoLoop::leaveLostAddresses() {
+// Requests on a connection from an address that the machine no longer has would wait until they time out, and so would
+// the next request that libcurl puts there. Names may also resolve to other addresses in the new network.
+void IoLoop::closeLostAddresses() {
     const std::vector<std::string> lost = ownAddresses_.takeLost(now_);
     if (lost.empty()) return;
     for (const std::string& address : lost) connections_.shutDownFrom(address);
     admission_.forgetAddresses();
-    // libcurl is to see the ends before it gets the next request.
+    // Let libcurl notice the closed connections before it gets the next request.
     int running = 0;
     curl_multi_perform(multi_, &running);
 }
 
-// The next load is not to try for a minute what did not answer this one: the host may have moved.
+// Otherwise further loads would use the dead address for up to a minute: the host may have moved.
 void IoLoop::forgetDeadAddress(const Exchange& exchange) {
     const bool hasTried = exchange.attempt && !exchange.attempt->opened.empty();
     if (hasTried && exchange.attempt->sendings == 0) admission_.forgetAddress(exchange);

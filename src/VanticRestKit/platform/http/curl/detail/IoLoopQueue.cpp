@@ -1,4 +1,4 @@
-// Who is told that a load waits in the queue of its origin.
+// Reports which loads wait in the queue of their origin.
 
 #include <VanticRestKit/platform/http/curl/detail/IoLoop.h>
 
@@ -8,13 +8,13 @@
 
 namespace VanticRestKit::detail {
 
-// Not sooner: most of them had to wait for nothing.
+// Called at the end of a round, because most loads do not have to wait at all.
 void IoLoop::noteQueued() {
     for (const std::shared_ptr<Transfer>& transfer : queued_) {
         const auto found = exchanges_.find(transfer.get());
         if (found == exchanges_.end() || !found->second->isWaiting()) continue;
-        const std::size_t length = admission_.waitingFor(lineOf(*found->second));
-        found->second->waits(LoadProgress::State::queued, static_cast<std::int64_t>(length), now_);
+        const std::size_t length = admission_.waitingFor(queueKeyOf(*found->second));
+        found->second->reportWaiting(LoadProgress::State::queued, static_cast<std::int64_t>(length), now_);
     }
     queued_.clear();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `LoadDeadlines`: the deadlines of a load that no movement puts off.
+/// `LoadDeadlines`: the deadlines of a load that activity does not extend.
 
 #include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
 #include <VanticRestKit/platform/http/detail/URLErrors.h>
@@ -15,17 +15,17 @@ namespace VanticRestKit::detail {
 class Exchange;
 struct Attempt;
 
-/// A deadline of an exchange, as part of it.
+/// A deadline of an exchange, of which it is a member.
 struct LoadTimer : Idler {
     explicit LoadTimer(Exchange& timed) : exchange(timed) {}
 
     Exchange& exchange;
-    /// What of the body had come when the timer was started.
+    /// The size of the received body when the timer was started.
     std::uint64_t received = 0;
 };
 
-/// Watches the time of each load as a whole, from its start on and in the queue too, and the speed of its body. Without
-/// them a server that sends a byte now and then keeps a connection for ever. For the I/O thread only.
+/// Watches the total time of each load, including queueing, and the speed of its body. Without them, a server that
+/// sends a byte now and then would occupy a connection for ever. For the I/O thread only.
 class LoadDeadlines {
 public:
     struct Overdue {
@@ -38,19 +38,19 @@ public:
     /// The load of `exchange` starts.
     void start(Exchange& exchange, TimePoint now);
 
-    /// The body of an answer to `attempt` begins.
+    /// The body of the response to `attempt` begins.
     void startBody(const Attempt& attempt, TimePoint now);
 
-    /// The body has ended, or its attempt.
+    /// The body or its attempt has ended.
     void endBody(Exchange& exchange);
 
     /// The load has ended.
     void end(Exchange& exchange);
 
-    /// A load that must not go on, no longer watched; empty if there is none.
+    /// A load that has exceeded a deadline and is no longer watched; empty if there is none.
     std::optional<Overdue> takeOverdue(TimePoint now);
 
-    /// When to look again; empty if nothing is watched.
+    /// When to check again; empty if nothing is watched.
     std::optional<TimePoint> next() const;
 
 private:

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Options`: sets options of an easy handle and remembers whether all were taken.
+/// `Options`: sets options of an easy handle and records whether all were accepted.
 
 #include <curl/curl.h>
 
@@ -11,25 +11,24 @@ class Options {
 public:
     explicit Options(CURL* easy) : easy_(easy) {}
 
-    /// libcurl takes its options through an ellipsis: a number must be a `long` or a `curl_off_t`, as the
-    /// option says.
+    /// libcurl's function is variadic: a number must be a `long` or a `curl_off_t`, as the option requires.
     template <class Value>
     void set(CURLoption option, Value value) {
-        // The macro of the same name checks types with tests that a template cannot pass.
-        if ((curl_easy_setopt)(easy_, option, value) != CURLE_OK) areTaken_ = false;
+        // Parenthesised to bypass the macro of the same name, whose type checks a template cannot pass.
+        if ((curl_easy_setopt)(easy_, option, value) != CURLE_OK) areAccepted_ = false;
     }
 
-    /// Sets an option that may be refused without harm.
+    /// Sets an option that may be rejected without harm.
     template <class Value>
     void trySet(CURLoption option, Value value) {
         static_cast<void>((curl_easy_setopt)(easy_, option, value));
     }
 
-    bool areTaken() const noexcept { return areTaken_; }
+    bool areAccepted() const noexcept { return areAccepted_; }
 
 private:
     CURL* easy_;
-    bool areTaken_ = true;
+    bool areAccepted_ = true;
 };
 
 }  // namespace VanticRestKit::detail

@@ -12,7 +12,7 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// The system refuses to bind a socket to an address that is not its own. Any other failure says nothing about it.
+// The system refuses to bind a socket to an address that it does not have. Any other failure is inconclusive.
 bool isLost(const std::string& address) {
     sockaddr_in v4{};
     sockaddr_in6 v6{};

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `OwnAddresses`: whether this machine still has the addresses that connections began from.
+/// `OwnAddresses`: detects when this machine loses an address that connections use.
 
 #include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
 
@@ -11,17 +11,17 @@
 
 namespace VanticRestKit::detail {
 
-/// The addresses of this machine from which connections went out.
+/// The local addresses of connections.
 ///
-/// When a network goes and another one comes, the machine has another address. A connection from the old one is dead
-/// without an end that anything could see: the system goes on sending to it for many minutes. For one thread.
+/// When the network changes, the machine gets another address. A connection from the old address is dead, but nothing
+/// reports that: the system keeps retransmitting for many minutes. For one thread.
 class OwnAddresses {
 public:
-    /// A connection goes out from `address`. Those of loopback stay for ever and are not noted.
+    /// Records the local address of a connection. Loopback addresses are never lost and are not recorded.
     void note(std::string_view address);
 
-    /// The noted addresses that this machine has no more; each is told once. Looks no more often than each
-    /// millisecond, so that many loads at once cost one look.
+    /// The recorded addresses that this machine no longer has; each is returned once. Checks at most once per
+    /// millisecond, so that many loads at once cost one check.
     std::vector<std::string> takeLost(TimePoint now);
 
 private:

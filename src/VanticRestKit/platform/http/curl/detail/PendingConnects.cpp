@@ -30,7 +30,7 @@ bool PendingConnects::update(TimePoint now) {
     bool hasChanged = false;
     std::erase_if(pending_, [now, &hasChanged](Pending& each) {
         Connection& connection = *each.connection;
-        // Closed: libcurl goes on to the next address in the round that follows.
+        // If closed, libcurl tries the next address in the following round.
         const bool isClosed = connection.socket < 0;
         const Progress progress = isClosed || each.hasFailed ? Progress::failed : progressOf(connection);
         if (progress == Progress::connecting && now < connection.giveUpAt) return false;

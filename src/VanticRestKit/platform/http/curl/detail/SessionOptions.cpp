@@ -43,13 +43,13 @@ void setSessionOptions(Options& options, const URLSessionConfiguration& configur
     options.set(CURLOPT_PROXY_SSLVERSION, sslVersion(configuration.tlsMinimumSupportedProtocolVersion));
     if (configuration.clientCertificate) setClientCertificate(options, *configuration.clientCertificate);
     const auto lifetime = configuration.idleConnectionLifetime.count();
-    constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
-    options.set(CURLOPT_MAXAGE_CONN, static_cast<long>(std::clamp<std::int64_t>(lifetime, 1, most)));
+    constexpr std::int64_t maxLifetime = std::numeric_limits<std::int32_t>::max();
+    options.set(CURLOPT_MAXAGE_CONN, static_cast<long>(std::clamp<std::int64_t>(lifetime, 1, maxLifetime)));
     if (!configuration.caBundlePath) return;
     for (const CURLoption option : {CURLOPT_CAINFO, CURLOPT_PROXY_CAINFO}) {
         options.set(option, configuration.caBundlePath->c_str());
     }
-    // Else the system's folder of certificates would count beside the file.
+    // Otherwise the system's certificate folder would be used in addition to the file.
     for (const CURLoption option : {CURLOPT_CAPATH, CURLOPT_PROXY_CAPATH}) {
         options.set(option, static_cast<const char*>(nullptr));
     }
@@ -57,7 +57,7 @@ void setSessionOptions(Options& options, const URLSessionConfiguration& configur
 
 void setProxy(Options& options, const URLSessionProxy& proxy, bool goesThrough) {
     options.set(CURLOPT_PROXY, goesThrough ? proxy.url.c_str() : "");
-    // What the proxy says about a tunnel is not the answer of the server.
+    // The proxy's response to CONNECT is not the server's response.
     options.set(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     if (!goesThrough || !proxy.user) return;
     options.set(CURLOPT_PROXYUSERNAME, proxy.user->c_str());

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The options of libcurl that come from a session's configuration and are the same for all of its requests.
+/// The libcurl options that come from a session's configuration and are the same for all its requests.
 
 #include <VanticRestKit/platform/http/curl/detail/Options.h>
 #include <VanticRestKit/platform/http/URLSessionConfiguration.h>
@@ -11,13 +11,13 @@
 
 namespace VanticRestKit::detail {
 
-/// Sets them on a handle that was just made.
+/// Sets them on a new handle.
 void setSessionOptions(Options& options, const URLSessionConfiguration& configuration);
 
-/// Has a handle go through the proxy, or past it.
+/// Makes a handle use the proxy, or connect directly.
 void setProxy(Options& options, const URLSessionProxy& proxy, bool goesThrough);
 
-/// The addresses of `configuration` in libcurl's form, "host:port:address,address".
+/// The addresses of `configuration` in libcurl's format, "host:port:address,address".
 std::vector<std::string> resolvedAddresses(const URLSessionConfiguration& configuration);
 
 }  // namespace VanticRestKit::detail

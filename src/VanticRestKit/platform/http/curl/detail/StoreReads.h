@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `StoreReads`: the transfers that wait for what a cache's store has for them.
+/// `StoreReads`: the transfers that wait for a read of a cache's store.
 
 #include <VanticRestKit/platform/http/detail/IdleDeadlines.h>
 #include <VanticRestKit/platform/http/detail/Transfer.h>
@@ -15,25 +15,24 @@
 
 namespace VanticRestKit::detail {
 
-/// Keeps a store that does not answer, such as one on a disk that hangs, from holding loads up for more than a moment.
-/// For one thread.
+/// Limits how long loads wait for a store that does not respond, such as one on a hanging disk. For one thread.
 class StoreReads {
 public:
-    /// A disk that is awake answers in milliseconds, and one that has to start up takes longer than most servers.
+    /// A running disk responds in milliseconds, and one that must spin up takes longer than most servers.
     static constexpr std::chrono::milliseconds limit{1000};
 
-    /// Whether reads were given up that the store has not answered since. It is not asked while that is so.
+    /// Whether the store has not finished reads that were given up. It is not read meanwhile.
     bool isStuck() const noexcept { return givenUp_ > 0; }
 
-    /// `transfer` begins to wait. Returns the number of the read.
+    /// `transfer` starts to wait. Returns the number of the read.
     std::uint64_t begin(std::shared_ptr<Transfer> transfer, TimePoint now) {
         waiting_.push_back({++last_, std::move(transfer), now + limit});
         return last_;
     }
 
-    /// The store has answered. Returns who waits for it; null if it was given up.
+    /// The store has finished a read. Returns the transfer that waits for it; null if it was given up.
     std::shared_ptr<Transfer> end(std::uint64_t number) {
-        // Stores answer in the order in which they are asked.
+        // Stores finish reads in order, so the first entry usually matches.
         for (auto read = waiting_.begin(); read != waiting_.end(); ++read) {
             if (read->number != number) continue;
             std::shared_ptr<Transfer> transfer = std::move(read->transfer);
@@ -44,7 +43,7 @@ public:
         return nullptr;
     }
 
-    /// Gives up a read whose time is over. Returns who waits for it; null if there is none.
+    /// Gives up a read whose time is up. Returns the transfer that waits for it; null if there is none.
     std::shared_ptr<Transfer> takeOverdue(TimePoint now) {
         if (waiting_.empty() || waiting_.front().until > now) return nullptr;
         std::shared_ptr<Transfer> transfer = std::move(waiting_.front().transfer);
@@ -64,7 +63,7 @@ private:
         TimePoint until;
     };
 
-    // The first one began first.
+    // Oldest first.
     std::deque<Read> waiting_;
     std::uint64_t last_ = 0;
     std::uint64_t givenUp_ = 0;

@@ -6,19 +6,19 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// Long enough for a request that takes the place of the cancelled one, as in a search while somebody types.
-constexpr std::chrono::milliseconds moment{250};
+// Long enough for a request that replaces the cancelled one, as in a search as the user types.
+constexpr std::chrono::milliseconds gracePeriod{250};
 
 }  // namespace
 
 void StreamResets::left(const std::shared_ptr<Connection>& connection, Exchange* other, TimePoint now) {
     if (connection->socket < 0) return;
     if (other != nullptr) {
-        // Touching the pause of a stream flushes its connection; the stream itself is as before.
+        // Pausing and resuming a stream flushes its connection; the stream itself does not change.
         curl_easy_pause(other->attempt->handle->get(), CURLPAUSE_SEND);
         curl_easy_pause(other->attempt->handle->get(), CURLPAUSE_CONT);
     } else {
-        quiet_.push_back({connection, connection->sendings, now + moment});
+        quiet_.push_back({connection, connection->sendings, now + gracePeriod});
     }
 }
 

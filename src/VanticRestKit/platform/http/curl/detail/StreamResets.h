@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `StreamResets`: sees to it that the end of a request reaches the server.
+/// `StreamResets`: ensures that the reset of a cancelled request's stream reaches the server.
 
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
 #include <VanticRestKit/platform/http/curl/detail/Exchange.h>
@@ -12,21 +12,21 @@
 
 namespace VanticRestKit::detail {
 
-/// When a request leaves a connection that carries several, libcurl resets its stream, but the reset stays in
-/// its buffer until something else goes out. Another request there can be made to push it out. Where there is
-/// none, the connection gets a moment for the next request to take the reset along, and is shut down then: a
-/// server must not work for nobody.
+/// When a request leaves a multiplexed connection, libcurl resets its stream, but the reset stays in a buffer until
+/// something else is sent. Another request on the connection can be used to flush it. If there is none, the connection
+/// is shut down after a short wait for a next request that would flush it: the server must not keep working on a
+/// cancelled request.
 class StreamResets {
 public:
     explicit StreamResets(const Connections& connections) : connections_(connections) {}
 
-    /// A request has just left `connection` before its end. `other`: one that is still on it, or null.
+    /// An unfinished request has just left `connection`. `other`: one that is still on it, or null.
     void left(const std::shared_ptr<Connection>& connection, Exchange* other, TimePoint now);
 
-    /// Shuts down the connections whose moment is over at `now`.
+    /// Shuts down the connections whose wait is over at `now`.
     void shutDownQuiet(TimePoint now);
 
-    /// When to look again; empty if there is nothing to wait for.
+    /// When to check again; empty if there is nothing to wait for.
     std::optional<TimePoint> next() const;
 
 private:
@@ -37,7 +37,7 @@ private:
     };
 
     const Connections& connections_;
-    // In the order of their time, because all wait equally long.
+    // In the order of `due`, because all wait equally long.
     std::vector<Quiet> quiet_;
 };
 

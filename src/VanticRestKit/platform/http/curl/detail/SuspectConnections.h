@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `SuspectConnections`: connections that seem to be dead while requests are still on them.
+/// `SuspectConnections`: connections that seem dead while requests are still on them.
 
 #include <VanticRestKit/platform/http/curl/detail/Connections.h>
 #include <VanticRestKit/platform/http/curl/detail/Exchange.h>
@@ -13,12 +13,12 @@
 
 namespace VanticRestKit::detail {
 
-/// Judges a connection that carries several requests when one of them ran out of time.
+/// Decides what to do with a multiplexed connection when one of its requests times out.
 ///
-/// libcurl would put the next request on it again, and the next, for as long as the system believes in it. So
-/// when nothing at all has moved on it in that time it is shut down. If other requests are on it that still
-/// have time, it becomes a suspect first: new requests go elsewhere, those on it keep their chance, and it is
-/// shut down when the last one has gone, unless something moves.
+/// libcurl would keep using it for new requests as long as the system considers it open. So if nothing at all was
+/// received on it in that time, it is shut down. If other requests on it still have time, it becomes a suspect first:
+/// new requests use other connections, and it is shut down when its last request has ended, unless something is
+/// received.
 class SuspectConnections {
 public:
     /// Calls its argument for each exchange that is on a connection.
@@ -26,14 +26,14 @@ public:
 
     SuspectConnections(const Connections& connections, Admission& admission, ForEachOn forEachOn);
 
-    /// `exchange` ran out of time and is still on its connection.
+    /// `exchange` has timed out and is still on its connection.
     void judge(const Exchange& exchange, TimePoint now);
 
-    /// `exchange` has just left `connection`.
+    /// A request has just left `connection`.
     void left(const Connection& connection);
 
-    /// Clears the suspects on which something has moved, and shuts down those that libcurl has moved the last
-    /// request away from without a word.
+    /// Clears suspects on which something was received, and shuts down those from which libcurl has moved the last
+    /// request without reporting it.
     void review();
 
 private:

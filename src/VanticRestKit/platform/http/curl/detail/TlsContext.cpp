@@ -28,8 +28,8 @@ bool namesHost(const X509* certificate) {
     return false;
 }
 
-// Called for each certificate of the chain, the server's own last. libcurl compares the host with the alternative names
-// later; but if there are none, it is content with the common name, which says nothing about hosts.
+// Called for each certificate of the chain, the server's own last. libcurl later compares the host with the alternative
+// names; but if there are none, it accepts the common name, which need not be a host.
 int onVerify(int isGood, X509_STORE_CTX* chain) {
     if (isGood == 0 || X509_STORE_CTX_get_error_depth(chain) > 0) return isGood;
     if (namesHost(X509_STORE_CTX_get_current_cert(chain))) return 1;
@@ -37,7 +37,7 @@ int onVerify(int isGood, X509_STORE_CTX* chain) {
     return 0;
 }
 
-// The slot of a context in which its key log is found.
+// The index under which a context stores its key log.
 int keyLogSlot() {
     static const int slot = SSL_CTX_get_ex_new_index(0, nullptr, nullptr, nullptr, nullptr);
     return slot;
@@ -58,7 +58,7 @@ CURLcode onContext(CURL*, void* made, void* user) {
         if (X509_STORE_add_cert(SSL_CTX_get_cert_store(context), authority.get()) != 1)
             return CURLE_OUT_OF_MEMORY;
     }
-    // Without one it is set to none: libcurl logs to a file that a variable of the environment names.
+    // Set even without a key log: libcurl would log to the file that an environment variable names.
     SSL_CTX_set_keylog_callback(context, keyLog.isWanted() ? &onSecret : nullptr);
     if (!keyLog.isWanted()) return CURLE_OK;
     const bool isReady = keyLog.open() && SSL_CTX_set_ex_data(context, keyLogSlot(), &keyLog) == 1;
@@ -74,7 +74,7 @@ TlsSettings::Certificates readCertificates(std::string_view text) {
     while (X509* const certificate = PEM_read_bio_X509(source.get(), nullptr, nullptr, nullptr)) {
         read.emplace_back(certificate);
     }
-    // The end of the text counts as an error there.
+    // Reaching the end of the text leaves an error in the queue.
     ERR_clear_error();
     return read;
 }
@@ -101,7 +101,7 @@ bool TlsKeyLog::open() {
 }
 
 void TlsKeyLog::add(std::string_view line) const {
-    // In one piece, so that several sessions can share a file.
+    // In one write, so that several sessions can share a file.
     const std::string whole = std::string(line) + '\n';
     [[maybe_unused]] const auto written = ::write(file_, whole.data(), whole.size());
 }

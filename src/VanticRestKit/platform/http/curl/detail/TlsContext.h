@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What a session asks of TLS that libcurl has no option for, and `TlsKeyLog`.
+/// TLS settings for which libcurl has no option, and `TlsKeyLog`.
 
 #include <VanticRestKit/platform/http/curl/detail/Options.h>
 #include <VanticRestKit/platform/http/URLSessionConfiguration.h>
@@ -16,7 +16,7 @@
 
 namespace VanticRestKit::detail {
 
-/// The file in which the secrets of a session's TLS connections are logged. For one thread.
+/// The file to which the secrets of a session's TLS connections are logged. For one thread.
 class TlsKeyLog {
 public:
     explicit TlsKeyLog(std::optional<std::string> path);
@@ -26,7 +26,7 @@ public:
 
     /// Whether secrets are to be logged.
     bool isWanted() const noexcept { return path_.has_value(); }
-    /// Opens the file, which only the user may read if it is created here. Returns whether it is open.
+    /// Opens the file; a new one is readable only by the user. Returns whether it is open.
     bool open();
     /// Appends a line.
     void add(std::string_view line) const;
@@ -36,7 +36,7 @@ private:
     int file_ = -1;
 };
 
-/// What the TLS contexts of a session are given. For one thread.
+/// The settings of a session's TLS contexts. For one thread.
 struct TlsSettings {
     struct CertificateDeleter {
         void operator()(X509* certificate) const { X509_free(certificate); }
@@ -46,19 +46,19 @@ struct TlsSettings {
     explicit TlsSettings(const URLSessionConfiguration& configuration);
 
     TlsKeyLog keyLog;
-    /// The roots to be trusted beside those that libcurl reads.
+    /// Trusted roots in addition to those that libcurl reads.
     Certificates authorities;
-    /// Whether some were asked for and none could be read.
+    /// Whether roots were configured but none could be read.
     bool lacksAuthorities;
 };
 
-/// Has each TLS context that libcurl makes refuse certificates without a name of a host among their subject alternative
-/// names, trust the authorities of `settings`, and log its secrets to its key log and nowhere else. `settings` must
-/// outlive the connections.
+/// Makes each TLS context of libcurl reject certificates without a host among their subject alternative names, trust
+/// the authorities of `settings`, and log its secrets only to the key log of `settings`. `settings` must outlive the
+/// connections.
 void setTlsContext(Options& options, TlsSettings& settings);
 
-/// Frees what the TLS library keeps for the calling thread, which is about to leave the `ExitGate`. The library would
-/// do so by itself when the thread has ended, which may be while the process takes the library down.
+/// Frees the TLS library's data of the calling thread, which is about to leave the `ExitGate`. Otherwise the library
+/// would do so when the thread has ended, possibly while the library is being torn down.
 void releaseTlsOfThread();
 
 }  // namespace VanticRestKit::detail

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Undelivered`: the bytes of answers that wait for their completions.
+/// `Undelivered`: the bytes of responses that wait for their completions.
 
 #include <VanticRestKit/platform/http/curl/detail/Inbox.h>
 
@@ -12,9 +12,9 @@
 
 namespace VanticRestKit::detail {
 
-/// Counts the bytes that the I/O thread has handed to the delegate queue and whose completions have not been called. If
-/// completions are slower than the network, the I/O thread stops reading at a limit, and goes on when half of it has been
-/// delivered.
+/// Counts the bytes that the I/O thread has posted to the delegate queue and whose completions have not been called. If
+/// completions are slower than the network, the I/O thread stops reading at a limit, and continues when half of it has
+/// been delivered.
 class Undelivered {
 public:
     Undelivered(std::uint64_t maxBytes, std::shared_ptr<Inbox> inbox)
@@ -22,17 +22,17 @@ public:
     Undelivered(const Undelivered&) = delete;
     Undelivered& operator=(const Undelivered&) = delete;
 
-    /// An answer of `bytes` was handed over. On the I/O thread.
+    /// A response of `bytes` was posted. On the I/O thread.
     void add(std::uint64_t bytes) { bytes_ += bytes; }
 
-    /// An answer of `bytes` is about to be delivered. Wakes the I/O thread if it may go on. On the delegate queue.
+    /// A response of `bytes` is about to be delivered. Wakes the I/O thread if it may continue. On the delegate queue.
     void remove(std::uint64_t bytes) {
         const std::uint64_t before = bytes_.fetch_sub(bytes);
         if (before > maxBytes_ / 2 && before - bytes <= maxBytes_ / 2) inbox_->wake();
     }
 
-    /// Whether the I/O thread must not read. To be asked once in a round, after the inbox was read, so that no wake is
-    /// lost; for the I/O thread.
+    /// Whether the I/O thread must not read. Called once per round on the I/O thread, after the inbox was read, so that
+    /// no wake is lost.
     bool update() {
         const std::uint64_t bytes = bytes_;
         isFull_ = isFull_ ? bytes > maxBytes_ / 2 : bytes > maxBytes_;

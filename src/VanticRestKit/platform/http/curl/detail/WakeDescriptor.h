@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `WakeDescriptor`: ends a wait for sockets from another thread.
+/// `WakeDescriptor`: lets another thread end a wait for sockets.
 
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -10,8 +10,8 @@
 
 namespace VanticRestKit::detail {
 
-/// A descriptor that becomes readable when it is rung. In place of libcurl's own, which says neither whether it could
-/// be made nor whether it works, and which child processes inherit.
+/// A descriptor that becomes readable when it is signalled. Used instead of libcurl's own, which reports neither
+/// whether it could be made nor whether it works, and which child processes inherit.
 class WakeDescriptor {
 public:
     WakeDescriptor() = default;
@@ -21,7 +21,7 @@ public:
         if (descriptor_ >= 0) close(descriptor_);
     }
 
-    /// Makes the descriptor if there is none yet. Returns whether there is one now.
+    /// Makes the descriptor if there is none yet. Returns whether there is one.
     bool make() noexcept {
         if (descriptor_ < 0) descriptor_ = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
         return descriptor_ >= 0;
@@ -29,14 +29,14 @@ public:
 
     int descriptor() const noexcept { return descriptor_; }
 
-    void ring() noexcept {
+    void signal() noexcept {
         const std::uint64_t one = 1;
         while (write(descriptor_, &one, sizeof(one)) < 0 && errno == EINTR) {
         }
     }
 
-    /// Takes back what was rung.
-    void silence() noexcept {
+    /// Clears the signal.
+    void clear() noexcept {
         std::uint64_t count = 0;
         while (read(descriptor_, &count, sizeof(count)) < 0 && errno == EINTR) {
         }

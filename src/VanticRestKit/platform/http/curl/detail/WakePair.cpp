@@ -20,7 +20,7 @@ int socketOption(int descriptor, int option) {
     return getsockopt(descriptor, SOL_SOCKET, option, &value, &size) == 0 ? value : -1;
 }
 
-// Of the kind that libcurl makes: a local stream that does not block and that child processes inherit.
+// Whether it is of the kind that libcurl makes: a non-blocking local stream socket without close-on-exec.
 bool mayBeOfAPair(int descriptor) {
     const int flags = fcntl(descriptor, F_GETFD);
     if (flags < 0 || (flags & FD_CLOEXEC) != 0) return false;
@@ -28,7 +28,7 @@ bool mayBeOfAPair(int descriptor) {
            socketOption(descriptor, SO_TYPE) == SOCK_STREAM && (fcntl(descriptor, F_GETFL) & O_NONBLOCK) != 0;
 }
 
-// Whether bytes are on their way to or from a socket: sent and not read, or come and not read.
+// Whether a socket has unread bytes in either direction.
 bool isLoaded(int descriptor) {
     int incoming = 0;
     int outgoing = 0;
@@ -53,8 +53,8 @@ std::vector<int> candidates() {
 
 }  // namespace
 
-// libcurl has no function that gives these descriptors, and no option for them. What tells them from all others is that
-// a wake puts a byte between them, and that the next poll of the handle takes it away again.
+// libcurl has no function that returns these descriptors, and no option for them. They are identified by their
+// behaviour: a wake-up puts a byte between them, and the next poll of the handle removes it.
 void closeWakePairInChildren(CURLM* multi) {
     constexpr int rounds = 2;
     std::vector<int> found = candidates();

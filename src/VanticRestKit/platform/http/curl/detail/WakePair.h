@@ -1,14 +1,14 @@
 #pragma once
 
 /// \file
-/// Keeps libcurl's own descriptors from child processes.
+/// Closes libcurl's own wake-up sockets in child processes.
 
 #include <curl/curl.h>
 
 namespace VanticRestKit::detail {
 
-/// Has the pair of sockets by which libcurl wakes `multi`, which is new, closed in processes that the host starts. Does
-/// nothing if the pair cannot be told from the host's descriptors for certain.
+/// Marks the socket pair with which libcurl wakes `multi`, a new handle, as close-on-exec. Does nothing if the pair
+/// cannot be identified with certainty among the host's descriptors.
 void closeWakePairInChildren(CURLM* multi);
 
 }  // namespace VanticRestKit::detail

@@ -15,21 +15,21 @@ namespace {
 constexpr std::int64_t applicationId = 0x56524b43;
 constexpr std::int64_t schemaVersion = 1;
 constexpr std::int64_t pageSize = 4096;
-/// The first page, the one that auto_vacuum keeps, and the roots of two tables and two indices.
+/// The first page, the page of auto_vacuum, and the root pages of two tables and two indices.
 constexpr std::int64_t pagesOfEmptyFile = 6;
-/// What one record takes beside its strings, in rows, indices and pages that are not full.
+/// The estimated overhead of a record in rows, indices and partly filled pages.
 constexpr std::uint64_t overheadOfRecord = 256;
 
 constexpr const char* settings =
-    // Opening a file must not run what a stranger has put into its schema.
+    // Opening a file must not run code from an untrusted schema.
     "PRAGMA trusted_schema=OFF; PRAGMA cell_size_check=ON;"
-    // A file that becomes shorter would end the process with SIGBUS.
+    // With mmap, a file that is truncated would crash the process with SIGBUS.
     "PRAGMA mmap_size=0;"
     "PRAGMA temp_store=MEMORY; PRAGMA synchronous=NORMAL; PRAGMA secure_delete=FAST;"
     "PRAGMA wal_autocheckpoint=512; PRAGMA journal_size_limit=2097152;";
 
-// Bodies are in a table of their own, so that neither the order of use nor a new head rewrites them.
-// Another process may make them at the same time, if the lock of the folder could not be had.
+// Bodies have their own table, so that updating the order of use or a head does not rewrite them. IF NOT EXISTS:
+// another process may create the tables at the same time if the folder could not be locked.
 constexpr const char* schema =
     "BEGIN IMMEDIATE;"
     "CREATE TABLE IF NOT EXISTS record(id INTEGER PRIMARY KEY, key BLOB NOT NULL, variant BLOB NOT NULL,"
@@ -52,10 +52,10 @@ std::int64_t checksum(std::string_view key, std::string_view variant, std::strin
     return static_cast<std::int64_t>(sum);
 }
 
-/// `bytes` with the padding of a `Data`, copied once.
+/// A copy of `bytes` with the padding of a `Data`.
 Data copied(std::string_view bytes) { return Data(bytes); }
 
-/// The first string after all that begin with `prefix`; empty if there is none.
+/// The smallest string greater than all that begin with `prefix`; empty if there is none.
 std::string endOfPrefix(std::string_view prefix) {
     std::string end(prefix);
     while (!end.empty() && static_cast<unsigned char>(end.back()) == 0xff) end.pop_back();
@@ -72,9 +72,9 @@ std::uint64_t sizeOf(const CacheRecord& record) noexcept {
 int CacheDatabase::configure(const DiskCacheLimits& limits) {
     connection_.setBusyTimeout(static_cast<int>(limits.busyTimeout.count()));
     connection_.keepLogAtClose();
-    // A damaged length must not make the process allocate a gigabyte. Rows are smaller than what may wait.
-    constexpr std::size_t most = 1'000'000'000;
-    connection_.setMaxLength(static_cast<int>(std::min(most, limits.maxPendingBytes + (1U << 20U))));
+    // A corrupt length must not make the process allocate a gigabyte. Rows are never larger than the pending bytes.
+    constexpr std::size_t sqliteLimit = 1'000'000'000;
+    connection_.setMaxLength(static_cast<int>(std::min(sqliteLimit, limits.maxPendingBytes + (1U << 20U))));
     return connection_.execute(settings);
 }
 
@@ -95,7 +95,7 @@ CacheDatabase::Content CacheDatabase::open(const std::string& path, const DiskCa
     if (!isEmpty && version > schemaVersion) return Content::newer;
     if (!isEmpty && version < schemaVersion) result = SQLITE_CORRUPT;
     if (isEmpty) check(makeTables());
-    // Also for a file whose log was removed by hand.
+    // Also needed if the log of the file was removed manually.
     if (result == SQLITE_OK) check(connection_.execute("PRAGMA journal_mode=WAL"));
     if (result == SQLITE_OK) check(prepareAll());
     if (result == SQLITE_OK && limits.maxPages > 0) {
@@ -105,7 +105,7 @@ CacheDatabase::Content CacheDatabase::open(const std::string& path, const DiskCa
 }
 
 int CacheDatabase::makeTables() {
-    // Both are fixed once the first page is written, which the mode of the journal does.
+    // The first two cannot change after the first page is written, which setting the journal mode does.
     const int result =
         connection_.execute("PRAGMA page_size=4096; PRAGMA auto_vacuum=INCREMENTAL; PRAGMA journal_mode=WAL");
     return result == SQLITE_OK ? connection_.execute(schema) : result;
@@ -203,14 +203,14 @@ int CacheDatabase::containsPrefix(std::string_view prefix, bool& is) {
 }
 
 int CacheDatabase::write(const CacheRecord& record, std::uint64_t capacity) {
-    // A long body begins on a page of its own.
+    // A long body begins on a new page.
     const std::uint64_t estimate =
         sizeOf(record) + overheadOfRecord + (record.body.size() > 2000 ? pageSize : 0);
     if (estimate > capacity) return remove(record.key, record.variant);
     std::uint64_t used = 0;
     int result = usage(used);
     if (result == SQLITE_OK && used + estimate > capacity) {
-        // More than is needed now, or each write that follows would have to search and remove as well.
+        // Free more than is needed now, or each following write would have to evict again.
         const std::uint64_t target = capacity - capacity / 10;
         result = evictTo(target > estimate ? target - estimate : 0);
     }
@@ -260,7 +260,7 @@ int CacheDatabase::removeAll(std::string_view prefix) {
 int CacheDatabase::touch(std::int64_t id) { return touch_.bind(1, id).run(); }
 
 int CacheDatabase::evictTo(std::uint64_t capacity) {
-    // Pages become free only when all of their records are gone, so the result is looked at again.
+    // A page becomes free only when all its records are gone, so check the usage again.
     for (;;) {
         std::uint64_t used = 0;
         if (const int result = usage(used); result != SQLITE_OK) return result;
@@ -291,7 +291,7 @@ int CacheDatabase::evictBatch(std::uint64_t excess, bool& isEmpty) {
 int CacheDatabase::shrink() {
     constexpr std::int64_t always = 256;
     constexpr std::int64_t atOnce = 1024;
-    // Calls wait meanwhile. What is left is given back after the next changes.
+    // Calls wait meanwhile, so the number of steps is limited. The rest is returned after the next changes.
     constexpr int steps = 8;
     for (int step = 0; step < steps; ++step) {
         std::int64_t used = 0;
@@ -304,7 +304,7 @@ int CacheDatabase::shrink() {
         if (const int result = connection_.execute(text.c_str()); result != SQLITE_OK) return result;
         std::int64_t freeAfter = 0;
         if (const int result = pages(used, freeAfter); result != SQLITE_OK) return result;
-        // Another process may use what this one gives back.
+        // Another process may use the pages that this one frees.
         if (freeAfter >= free) return SQLITE_OK;
     }
     return SQLITE_OK;

@@ -21,7 +21,7 @@ int makeFolders(const std::string& path) {
         end = path.find('/', end + 1);
         const std::string part = path.substr(0, end);
         if (mkdir(part.c_str(), folderMode) == 0 || errno == EEXIST) continue;
-        // A folder above may be one that only others may write to; the next one tells.
+        // Creating a parent may fail because it is not writable; only the last folder decides.
         if (end == std::string::npos) return errno;
     }
     return 0;
@@ -51,7 +51,7 @@ int CacheFolder::make() const {
     if (const int error = makeFolders(path_); error != 0) return error;
     const int made = open(file_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC | O_NOFOLLOW, fileMode);
     if (made < 0) return errno == EEXIST ? 0 : errno;
-    // A new file has no locks yet that this could take away.
+    // A new file has no locks that closing it could release.
     close(made);
     return 0;
 }
@@ -66,7 +66,8 @@ int CacheFolder::setAside(const std::string& suffix, bool keepOthers) const {
         target = file_ + suffix + "-" + std::to_string(number);
     }
     if (rename(file_.c_str(), target.c_str()) != 0) return errno;
-    // The log belongs to the file that went. If there is none, an earlier one would be taken for its own.
+    // The log belongs to the renamed file. If there is none, remove an older log of the target name, or it would be
+    // taken for this one.
     if (rename((file_ + "-wal").c_str(), (target + "-wal").c_str()) != 0) unlink((target + "-wal").c_str());
     unlink((file_ + "-shm").c_str());
     return 0;
@@ -88,7 +89,7 @@ CacheFolder::Lock::Lock(const CacheFolder& folder, std::chrono::milliseconds pat
 
 CacheFolder::Lock::~Lock() {
     if (descriptor_ < 0) return;
-    // A child that was forked meanwhile has the descriptor too.
+    // Closing is not enough: a child forked meanwhile has the descriptor too.
     flock(descriptor_, LOCK_UN);
     close(descriptor_);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `CacheFolder`: the folder of a store on disk, and the names in it.
+/// `CacheFolder`: the folder of a disk store, and the files in it.
 
 #include <chrono>
 #include <string>
@@ -10,7 +10,7 @@
 
 namespace VanticRestKit::detail {
 
-/// Which file a name stands for.
+/// Identifies the file behind a name.
 struct FileIdentity {
     dev_t device = 0;
     ino_t number = 0;
@@ -20,7 +20,7 @@ struct FileIdentity {
     friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
 };
 
-/// Never opens the file itself: closing it again would take SQLite's locks on it away from the whole process.
+/// Never opens an existing database file: closing it again would release SQLite's locks for the whole process.
 class CacheFolder {
 public:
     explicit CacheFolder(std::string path);
@@ -28,17 +28,18 @@ public:
     const std::string& file() const noexcept { return file_; }
     FileIdentity identity() const noexcept;
 
-    /// Makes the folder and an empty file if they are not there; 0 or the number of the error.
+    /// Creates the folder and an empty file if they do not exist. Returns 0 or an `errno`.
     int make() const;
-    /// Takes the rights of others away from what is there already.
+    /// Removes other users' access to existing files.
     void restrictModes() const noexcept;
 
-    /// Renames the file and its log to a name with `suffix`. With `keepOthers` no earlier file of that name is replaced.
+    /// Renames the file and its log by appending `suffix`. With `keepOthers` an existing file of that name is not
+    /// replaced. Returns 0 or an `errno`.
     int setAside(const std::string& suffix, bool keepOthers) const;
     void removeFile() const noexcept;
 
-    /// For the time of its life no other process opens, renames or removes the file through this class. If the lock
-    /// cannot be had within `patience` it goes on without: a process that was stopped must not stop all others.
+    /// While it exists, no other process opens, renames or removes the file through this class. If the lock cannot be
+    /// acquired within `patience`, continues without it: a stopped process must not block all others.
     class Lock {
     public:
         Lock(const CacheFolder& folder, std::chrono::milliseconds patience);

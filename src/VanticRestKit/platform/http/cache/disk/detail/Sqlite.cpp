@@ -10,7 +10,7 @@ void SqliteStatement::finalise() noexcept {
 }
 
 SqliteStatement& SqliteStatement::bind(int position, std::string_view bytes) noexcept {
-    // A null pointer would be bound as NULL, which is not an empty blob.
+    // A null pointer would bind NULL instead of an empty blob.
     const char* data = bytes.data() == nullptr ? "" : bytes.data();
     sqlite3_bind_blob64(statement_, position, data, bytes.size(), nullptr);
     return *this;
@@ -36,7 +36,7 @@ void SqliteStatement::reset() noexcept {
 }
 
 std::string_view SqliteStatement::bytes(int column) noexcept {
-    // In this order: the pointer may move until it is asked for.
+    // Call in this order: a conversion by the first call may change the size.
     const void* data = sqlite3_column_blob(statement_, column);
     const int size = sqlite3_column_bytes(statement_, column);
     if (data == nullptr || size <= 0) return {};

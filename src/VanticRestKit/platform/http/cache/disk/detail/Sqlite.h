@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `SqliteConnection` and `SqliteStatement`: SQLite's handles as objects. Results are SQLite's own result codes.
+/// `SqliteConnection` and `SqliteStatement`: RAII wrappers of SQLite's handles. Results are SQLite result codes.
 
 #include <cstdint>
 #include <string>
@@ -12,7 +12,7 @@ struct sqlite3_stmt;
 
 namespace VanticRestKit::detail {
 
-/// A prepared statement. It is finalised before its connection closes.
+/// A prepared statement. Must be finalised before its connection closes.
 class SqliteStatement {
 public:
     SqliteStatement() noexcept = default;
@@ -22,7 +22,7 @@ public:
 
     void finalise() noexcept;
 
-    // Positions begin at 1. The bytes have to stay where they are until `reset`.
+    // Positions begin at 1. The bytes must stay valid until `reset`.
     SqliteStatement& bind(int position, std::string_view bytes) noexcept;
     SqliteStatement& bind(int position, std::int64_t number) noexcept;
 
@@ -30,7 +30,7 @@ public:
     int step() noexcept;
     /// Runs to the end and resets; SQLITE_OK or an error.
     int run() noexcept;
-    /// Makes it ready for the next use and drops what is bound.
+    /// Makes it ready for the next use and clears its bindings.
     void reset() noexcept;
 
     // Columns begin at 0. The view is valid until the next call.
@@ -50,23 +50,23 @@ public:
     SqliteConnection& operator=(const SqliteConnection&) = delete;
     ~SqliteConnection() { close(); }
 
-    /// Opens a file that exists.
+    /// Opens an existing file.
     int open(const std::string& path) noexcept;
-    /// Does nothing if it is not open. All statements have to be finalised.
+    /// Does nothing if it is not open. All statements must be finalised.
     void close() noexcept;
     bool isOpen() const noexcept { return database_ != nullptr; }
 
     int execute(const char* statements) noexcept;
     int prepare(SqliteStatement& statement, std::string_view text) noexcept;
-    /// The number that `query` gives, such as that of a pragma, in `number`.
+    /// Runs a query, such as a pragma, whose result is `number`.
     int ask(std::string_view query, std::int64_t& number) noexcept;
 
     void setBusyTimeout(int milliseconds) noexcept;
     void setMaxLength(int bytes) noexcept;
-    /// Leaves the log where it is when the connection closes: its name may belong to another file by then.
+    /// Keeps the log file when the connection closes: by then its name may belong to another file.
     void keepLogAtClose() noexcept;
     bool isInTransaction() const noexcept;
-    /// What SQLite says about the last error.
+    /// SQLite's message for the last error.
     std::string message() const;
 
 private:

@@ -6,7 +6,7 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-/// What is written in one transaction, and so the most that its log grows by, unless one record is larger.
+/// The maximum size of one transaction, unless a single record is larger. Limits how much the log grows.
 constexpr std::size_t maxBytesAtOnce = 2U << 20U;
 
 }  // namespace

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `StoreCalls`: the calls to a store that wait for its thread.
+/// `StoreCalls`: the queue of calls to a store's thread.
 
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 #include <VanticRestKit/platform/http/cache/detail/CacheStore.h>
@@ -14,14 +14,13 @@
 
 namespace VanticRestKit::detail {
 
-/// One call. What does not belong to its kind is empty.
+/// One call. Members that its kind does not use are empty.
 struct StoreCall {
     enum class Kind {
         read,
         write,
         writeHead,
-        /// What becomes of a write that is dropped: the record that it was to replace must not stay, since it is
-        /// outdated.
+        /// Replaces a dropped write: the record that it would have replaced is outdated and must be removed.
         removeRecord,
         remove,
         /// `record.key` is the prefix.
@@ -37,15 +36,15 @@ struct StoreCall {
     std::size_t bytes() const noexcept;
 };
 
-/// Keeps the order of the calls. Any thread may push; one takes.
+/// Keeps the order of the calls. Any thread may push; one thread takes.
 class StoreCalls {
 public:
     explicit StoreCalls(std::size_t maxBytes) noexcept : maxBytes_(maxBytes) {}
 
-    /// Returns whether the taking thread has to be woken. Drops the oldest writes if too many bytes wait.
+    /// Returns whether the taking thread must be woken. Drops the oldest writes if too many bytes wait.
     bool push(StoreCall call);
 
-    /// The oldest calls. After none, the next `push` asks for the thread again.
+    /// Takes the oldest calls. If there are none, the next `push` asks to wake the thread.
     std::vector<StoreCall> take();
 
     /// How many writes were dropped.
@@ -57,7 +56,7 @@ private:
     const std::size_t maxBytes_;
     mutable std::mutex mutex_;
     std::deque<StoreCall> calls_;
-    /// Of the calls that wait and of those that were taken last.
+    /// The sizes of the waiting calls and of those that were taken last.
     std::size_t waitingBytes_ = 0;
     std::size_t takenBytes_ = 0;
     /// No call before this one is a write.

@@ -15,7 +15,7 @@ bool isDamage(int result) noexcept {
     switch (result & 0xff) {
         case SQLITE_CORRUPT:
         case SQLITE_NOTADB:
-        // The tables are not those that were made, or a length in them is absurd.
+        // The tables do not have the expected schema, or contain an absurd length.
         case SQLITE_ERROR:
         case SQLITE_TOOBIG:
         case SQLITE_CONSTRAINT:
@@ -36,8 +36,8 @@ DiskCacheErrorCode codeOf(int result) noexcept {
     }
 }
 
-/// SQLite keeps what it knows of open files, and its locks, in variables of the process, which a child inherits in
-/// whatever state they are. So only the process that used it first may go on.
+/// SQLite keeps its open files and locks in process-wide variables, which a forked child inherits in any state. So only
+/// the process that used SQLite first may continue to use it.
 bool mayUseSqlite() noexcept {
     static std::atomic<std::uint64_t> user = 0;
     const std::uint64_t self = forkCount() + 1;
@@ -53,7 +53,7 @@ StoreWorker::StoreWorker(std::string folder, std::uint64_t capacity, DiskCacheRe
 
 void StoreWorker::warmUp() {
     if (access(false) != Access::ready) return;
-    // The capacity may be smaller than that of the last time.
+    // The capacity may be smaller than the last time.
     if (usage() > capacity_ && database_.begin() == SQLITE_OK) {
         const int result = database_.evictTo(capacity_);
         if (result == SQLITE_OK) database_.commit();
@@ -81,7 +81,7 @@ StoreWorker::Access StoreWorker::access(bool make) {
         if (!make) return Access::absent;
     }
     if (!mayUseSqlite()) {
-        report(DiskCacheErrorCode::forked, "the process that this one was forked from uses the cache");
+        report(DiskCacheErrorCode::forked, "the parent process of this fork uses the cache");
         return Access::failed;
     }
     if (make) {
@@ -97,7 +97,7 @@ StoreWorker::Access StoreWorker::access(bool make) {
         if (!make) return Access::absent;
         if (const int error = folder_.make(); error != 0) break;
     }
-    report(DiskCacheErrorCode::folderUnavailable, "the file disappears again and again");
+    report(DiskCacheErrorCode::folderUnavailable, "the file keeps disappearing");
     return Access::failed;
 }
 
@@ -135,7 +135,7 @@ void StoreWorker::setAside(CacheDatabase::Content content, const std::string& re
     using Content = CacheDatabase::Content;
     const bool isForeign = content == Content::foreign;
     const bool isNewer = content == Content::newer;
-    // A cache can be lost, and one replaced copy of it bounds the space; a file of another program cannot.
+    // A damaged cache may be overwritten, which limits the space used; a file of another program must not be.
     const int error = folder_.setAside(isForeign ? ".foreign" : isNewer ? ".newer" : ".damaged", isForeign);
     usage_.store(0, std::memory_order_relaxed);
     if (error != 0) {

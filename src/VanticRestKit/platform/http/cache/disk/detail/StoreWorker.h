@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `StoreWorker`: what the thread of a store on disk does.
+/// `StoreWorker`: the work of a disk store's thread.
 
 #include <VanticRestKit/platform/http/cache/detail/DiskCacheStore.h>
 #include <VanticRestKit/platform/http/cache/disk/detail/CacheDatabase.h>
@@ -18,14 +18,13 @@
 
 namespace VanticRestKit::detail {
 
-/// Opens the file when it is needed, carries calls out, and decides what becomes of a fault. For one thread at a time,
-/// except for `usage`.
+/// Opens the file when it is needed, performs calls, and handles faults. For one thread at a time, except for `usage`.
 class StoreWorker {
 public:
     StoreWorker(std::string folder, std::uint64_t capacity, DiskCacheReport report,
                 const DiskCacheLimits& limits);
 
-    /// Opens the file if it is there, so that the first read need not.
+    /// Opens the file if it exists, so that the first read does not have to.
     void warmUp();
     void perform(std::vector<StoreCall>& calls);
     void close();
@@ -34,11 +33,11 @@ public:
 private:
     enum class Access { ready, absent, failed };
 
-    /// Has the file open, if it is there or if it is to be made.
+    /// Opens the file if it exists, or creates it if `make`.
     Access access(bool make);
     Access open();
     void setAside(CacheDatabase::Content content, const std::string& reason);
-    /// Closes, and renames the file if it is still the one that was open.
+    /// Closes the file, and renames it if it is still the one that was open.
     void giveUpDamagedFile();
 
     void read(StoreCall& call);
@@ -47,12 +46,13 @@ private:
     int transact(std::span<const StoreCall> calls);
     int apply(const StoreCall& call);
     int touchUsed();
-    /// After changes that could not be made: what they were to remove or to replace must not be found again.
+    /// After changes have failed: ensures that the records that they should have removed or replaced are not found
+    /// again.
     void forget(std::span<const StoreCall> calls);
     int tryToForget(std::span<const StoreCall> calls);
     void updateUsage();
 
-    /// Whether it is damage, and the file has been set aside for it.
+    /// If `result` indicates damage, sets the file aside and returns true.
     bool handleDamage(int result);
     void reportFault(int result);
     void report(DiskCacheErrorCode code, const std::string& reason);
@@ -62,13 +62,13 @@ private:
     const DiskCacheLimits limits_;
     DiskCacheReport report_;
     CacheDatabase database_;
-    /// The file that is open.
+    /// The identity of the open file.
     FileIdentity identity_;
-    /// Records that were read and are not yet marked as used.
+    /// Records that were read but not yet marked as used.
     std::vector<std::int64_t> used_;
-    /// A change could not be made because the file could not be opened: what it holds is out of date.
+    /// A change was lost because the file could not be opened, so its contents are out of date.
     bool mustForgetAll_ = false;
-    /// The fault that lasts and has been reported.
+    /// The lasting fault that has been reported.
     std::optional<DiskCacheErrorCode> reported_;
     std::atomic<std::uint64_t> usage_ = 0;
 };

@@ -10,7 +10,7 @@ namespace {
 
 using Kind = StoreCall::Kind;
 
-/// Marks that wait; a crash loses them.
+/// The maximum number of uses that wait to be written; a crash loses them.
 constexpr std::size_t maxUnwrittenUses = 64;
 
 bool isChange(const StoreCall& call) noexcept { return call.kind != Kind::read && call.kind != Kind::flush; }
@@ -21,7 +21,7 @@ bool stores(const StoreCall& call) noexcept { return call.kind == Kind::write; }
 
 void StoreWorker::perform(std::vector<StoreCall>& calls) {
     for (auto next = calls.begin(); next != calls.end();) {
-        // Changes that follow each other are one transaction.
+        // Consecutive changes are one transaction.
         const auto end = std::find_if_not(next, calls.end(), isChange);
         if (end != next) {
             write({next, end});
@@ -56,7 +56,7 @@ void StoreWorker::read(StoreCall& call) {
 void StoreWorker::removeDamaged(const std::vector<std::int64_t>& ids) {
     for (const std::int64_t id : ids) database_.remove(id);
     const auto before = std::exchange(reported_, std::nullopt);
-    report(DiskCacheErrorCode::damagedRecord, "the bytes of a record do not fit its checksum");
+    report(DiskCacheErrorCode::damagedRecord, "a record does not match its checksum");
     reported_ = before;
     updateUsage();
 }
@@ -75,7 +75,7 @@ void StoreWorker::write(std::span<StoreCall> calls) {
         }
         if (handleDamage(result) || folder_.identity() != identity_) continue;
         if ((result & 0xff) == SQLITE_FULL && calls.size() > 1) {
-            // Some may need no space, or find enough of it.
+            // Some of them may fit or need no space.
             for (StoreCall& call : calls) write({&call, 1});
             return;
         }
@@ -91,7 +91,7 @@ int StoreWorker::transact(std::span<const StoreCall> calls) {
     for (auto call = calls.begin(); result == SQLITE_OK && call != calls.end(); ++call) result = apply(*call);
     if (result == SQLITE_OK) result = database_.commit();
     database_.rollback();
-    // The records are stored, whatever comes of this.
+    // The records are already stored, so a failure here does not matter.
     if (result == SQLITE_OK) database_.shrink();
     return result;
 }
@@ -125,7 +125,7 @@ void StoreWorker::forget(std::span<const StoreCall> calls) {
         return;
     }
     if (tryToForget(calls) == SQLITE_OK) return;
-    // Removing the file needs no space. Other processes see that it is gone and begin a new one.
+    // Removing the file needs no disk space. Other processes notice that it is gone and create a new one.
     database_.close();
     used_.clear();
     const CacheFolder::Lock lock(folder_, limits_.busyTimeout);
@@ -134,7 +134,7 @@ void StoreWorker::forget(std::span<const StoreCall> calls) {
 }
 
 int StoreWorker::tryToForget(std::span<const StoreCall> calls) {
-    // Reading needs no space on the disk and no lock, and mostly there is nothing to remove.
+    // Reading needs no disk space and no lock, and usually there is nothing to remove.
     bool isThere = false;
     for (const StoreCall& call : calls) {
         bool is = false;

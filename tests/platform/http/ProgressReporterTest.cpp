@@ -1,4 +1,4 @@
-#include <VanticRestKit/platform/http/detail/ProgressTeller.h>
+#include <VanticRestKit/platform/http/detail/ProgressReporter.h>
 
 #include <gtest/gtest.h>
 #include <support/Event.h>
@@ -20,7 +20,7 @@ class ProgressTellers : public testing::Test {
 protected:
     void move(std::int64_t bytes, std::chrono::milliseconds at) {
         counts.received = bytes;
-        teller->moved(counts, ProgressTeller::TimePoint(1h + at));
+        teller->moved(counts, ProgressReporter::TimePoint(1h + at));
     }
     /// Waits until what was posted has been told.
     std::vector<LoadProgress> reports() {
@@ -36,7 +36,7 @@ protected:
     ProgressCounts counts;
     DispatchQueue queue{"progress"};
     std::shared_ptr<std::vector<LoadProgress>> told = std::make_shared<std::vector<LoadProgress>>();
-    std::shared_ptr<ProgressTeller> teller = std::make_shared<ProgressTeller>(
+    std::shared_ptr<ProgressReporter> teller = std::make_shared<ProgressReporter>(
         [told = told](const LoadProgress& progress) { told->push_back(progress); }, queue);
 };
 
@@ -92,7 +92,7 @@ TEST_F(ProgressTellers, TellNothingAfterAnEndWithAnErrorOrAStop) {
     move(2, 1s);
     EXPECT_TRUE(reports().empty());
 
-    teller = std::make_shared<ProgressTeller>(
+    teller = std::make_shared<ProgressReporter>(
         [told = told](const LoadProgress& progress) { told->push_back(progress); }, queue);
     teller->changed(State::queued, 1, counts);
     EXPECT_EQ(reports().size(), 1U);
