@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `HTTPCacheStatus`: how the cache of a session was involved in a response.
+/// `HTTPCacheStatus`: what the session's cache did for a response.
 
 #include <VanticRestKit/Visibility.h>
 

@@ -59,9 +59,9 @@ struct RequestMetrics {
     std::optional<Duration> connect{};
     /// How long setting up TLS took; empty as for `lookup`.
     std::optional<Duration> tls{};
-    /// From the time at which it could be sent to the first byte of the response; empty if none arrived.
+    /// The time from when it could be sent to the first byte of the response; empty if none arrived.
     std::optional<Duration> firstByte{};
-    /// From its start, or from the redirect that led to it, to its end, including waiting.
+    /// The time from its start, or from the redirect that led to it, to its end, including waiting.
     Duration total{};
 
     /// How many bytes of the body were sent.

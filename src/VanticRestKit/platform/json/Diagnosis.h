@@ -26,7 +26,7 @@ struct Fault {
     /// valid text; the expected entity name if the object names a different one; "JSON" for a malformed document.
     std::string expected;
     /// The JSON type that was found: "string", "number", "boolean", "null", "object", "array", or "nothing" if the key
-    /// is missing; the name that the object gives itself; "a broken document".
+    /// is missing; the entity name that the object has; "a broken document".
     std::string found;
     /// What the field holds now: "empty", "[]", the name of a case or the value as JSON text; "dropped" for a list
     /// element that was left out, "no check" for an "_entity" that is not a string; or "failure" if the fault makes the
@@ -40,7 +40,7 @@ struct Diagnosis {
     std::vector<Fault> faults;
     /// Why decoding failed; empty if it succeeded.
     std::optional<Error> error;
-    /// Where it failed: the coding path of the decoding error, or the path of the entity that names a different entity.
+    /// Where it failed: the coding path of the decoding error, or the path of the object that names a different entity.
     CodingPath path;
 };
 

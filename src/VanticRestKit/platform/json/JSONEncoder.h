@@ -33,7 +33,7 @@ public:
     void write(std::string_view key, const char* text) { write(key, std::string_view(text)); }
     /// Writes a boolean.
     void write(std::string_view key, bool truth);
-    /// Writes a number; fails the encoding if it is not finite.
+    /// Writes a number; the encoding fails if it is not finite.
     void write(std::string_view key, double number);
     /// Writes an integer.
     void write(std::string_view key, std::int64_t number);

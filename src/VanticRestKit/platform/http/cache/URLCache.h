@@ -34,9 +34,9 @@ struct CachedURLResponse {
 
 /// A private HTTP cache (RFC 9111) for one or more sessions. Thread-safe.
 ///
-/// A response is used only for requests with the same Authorization and the same Cookie as its own request, or likewise
-/// without them. The responses in memory are limited to a capacity; the least recently used are removed first. In a
-/// child made by `fork`, a cache of the parent is empty and stays empty.
+/// A response is used only for requests whose Authorization and Cookie are the same as those of its own request; a
+/// missing header matches only a missing one. The responses in memory are limited to a capacity; the least recently
+/// used are removed first. In a child made by `fork`, a cache of the parent is empty and stays empty.
 class VRK_EXPORT URLCache {
 public:
     /// In bytes: 16 MB.

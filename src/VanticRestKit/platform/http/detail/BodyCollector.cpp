@@ -21,7 +21,7 @@ constexpr std::size_t maxStep = 32 * 1024;
 // The most that the process can address, which bounds all limits. On 32-bit systems a body can be longer.
 constexpr std::uint64_t addressable = std::numeric_limits<std::ptrdiff_t>::max();
 // A body may decode to this size at any ratio: a small, repetitive body is not an attack.
-constexpr std::uint64_t freeOfRatio = 1024 * 1024;
+constexpr std::uint64_t exemptFromRatio = 1024 * 1024;
 
 TransportFault noMemory() {
     return {URLErrorCode::dataLengthExceedsMaximum, "There is no memory for the body."};
@@ -40,9 +40,9 @@ void BodyCollector::expect(std::optional<std::uint64_t> length, Decoding decodin
 
 std::optional<TransportFault> BodyCollector::add(std::string_view piece, std::size_t& budget) {
     received_ += piece.size();
-    if (auto fault = faultOfWire()) return fault;
+    if (auto fault = wireSizeFault()) return fault;
     if (stages_.empty()) {
-        if (auto fault = faultOfSize(received_)) return fault;
+        if (auto fault = sizeFault(received_)) return fault;
         return body_.append(piece) ? std::nullopt : std::optional(noMemory());
     }
     Stage& first = stages_.front();
@@ -96,7 +96,7 @@ std::optional<TransportFault> BodyCollector::advance(std::size_t index, std::siz
     } else {
         stages_[index + 1].input = {output.data(), *written};
     }
-    return faultOfSize(stage.written);
+    return sizeFault(stage.written);
 }
 
 std::span<char> BodyCollector::outputOf(std::size_t index) {
@@ -106,19 +106,19 @@ std::span<char> BodyCollector::outputOf(std::size_t index) {
     return {output.get(), output ? maxStep : 0};
 }
 
-std::optional<TransportFault> BodyCollector::faultOfWire() const {
+std::optional<TransportFault> BodyCollector::wireSizeFault() const {
     const std::uint64_t limit = std::min(limits_.maxBodyBytesOnWire, addressable);
     if (std::max(received_, length_) <= limit) return std::nullopt;
     return limitFault("The body of the answer is larger than " + sizeText(limit), "maxBodyBytesOnWire");
 }
 
-std::optional<TransportFault> BodyCollector::faultOfSize(std::uint64_t size) const {
+std::optional<TransportFault> BodyCollector::sizeFault(std::uint64_t size) const {
     const std::uint64_t limit = std::min(limits_.maxBodyBytes, addressable);
     if (size > limit) {
         return limitFault("The body of the answer is larger than " + sizeText(limit), "maxBodyBytes");
     }
     const std::uint64_t ratio = std::max<std::uint64_t>(limits_.maxDecodingRatio, 1);
-    if (size <= freeOfRatio || (size - freeOfRatio) / ratio <= received_) return std::nullopt;
+    if (size <= exemptFromRatio || (size - exemptFromRatio) / ratio <= received_) return std::nullopt;
     return limitFault(
         "The body of the answer decodes to more than " + std::to_string(ratio) + " times its size",
         "maxDecodingRatio");

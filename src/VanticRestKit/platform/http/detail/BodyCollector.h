@@ -78,8 +78,8 @@ private:
     std::vector<Stage>::const_reverse_iterator lastThatCanContinue() const noexcept;
     std::optional<TransportFault> advance(std::size_t stage, std::size_t& budget);
     std::span<char> outputOf(std::size_t stage);
-    std::optional<TransportFault> faultOfWire() const;
-    std::optional<TransportFault> faultOfSize(std::uint64_t size) const;
+    std::optional<TransportFault> wireSizeFault() const;
+    std::optional<TransportFault> sizeFault(std::uint64_t size) const;
 
     const URLSessionLimits& limits_;
     std::vector<Stage> stages_;

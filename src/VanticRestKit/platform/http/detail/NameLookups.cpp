@@ -25,7 +25,7 @@ void NameLookups::begin(Name& name, Ticket& ticket, TimePoint now) noexcept {
     if (!isNeeded(name, now)) return;
     ticket.generation_ = name.generation_;
     ++name.pending_;
-    ++underWay_;
+    ++running_;
 }
 
 void NameLookups::end(Name& name, Ticket& ticket) noexcept {
@@ -33,12 +33,12 @@ void NameLookups::end(Name& name, Ticket& ticket) noexcept {
     ticket.generation_ = 0;
     if (!isPending) return;
     --name.pending_;
-    --underWay_;
+    --running_;
 }
 
 void NameLookups::learn(Name& name, TimePoint until) noexcept {
     name.knownUntil_ = std::max(name.knownUntil_, until);
-    underWay_ -= name.pending_;
+    running_ -= name.pending_;
     name.pending_ = 0;
     ++name.generation_;
 }

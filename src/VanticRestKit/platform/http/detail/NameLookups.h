@@ -32,7 +32,7 @@ public:
         std::uint64_t generation_ = 1;
     };
 
-    /// Identifies one load while its name may be being looked up.
+    /// Identifies one load while it may be looking up its name.
     class Ticket {
     private:
         friend class NameLookups;
@@ -43,7 +43,7 @@ public:
     explicit NameLookups(std::size_t maxAtOnce);
 
     /// Whether a load that needs a lookup would have to wait.
-    bool areAllTaken() const noexcept { return underWay_ >= maxAtOnce_; }
+    bool areAllTaken() const noexcept { return running_ >= maxAtOnce_; }
 
     /// Whether a load of `name` may start now.
     bool mayBegin(const Name& name, TimePoint now) const noexcept {
@@ -71,7 +71,7 @@ private:
     }
 
     const std::size_t maxAtOnce_;
-    std::size_t underWay_ = 0;
+    std::size_t running_ = 0;
 };
 
 }  // namespace VanticRestKit::detail

@@ -33,10 +33,10 @@ void ProgressReporter::changed(LoadProgress::State state, std::int64_t queueLeng
     post(progress, false);
 }
 
-void ProgressReporter::post(const LoadProgress& progress, bool isOfCounts) {
-    if (isOfCounts) isPending_ = true;
-    delegateQueue_.async([self = shared_from_this(), progress, isOfCounts] {
-        if (isOfCounts) self->isPending_ = false;
+void ProgressReporter::post(const LoadProgress& progress, bool isCountReport) {
+    if (isCountReport) isPending_ = true;
+    delegateQueue_.async([self = shared_from_this(), progress, isCountReport] {
+        if (isCountReport) self->isPending_ = false;
         self->report(progress);
     });
 }

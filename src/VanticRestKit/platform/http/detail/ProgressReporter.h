@@ -47,7 +47,7 @@ public:
     void end(const ProgressCounts* counts);
 
 private:
-    void post(const LoadProgress& progress, bool isOfCounts);
+    void post(const LoadProgress& progress, bool isCountReport);
     void report(const LoadProgress& progress);
 
     const DispatchQueue delegateQueue_;

@@ -11,7 +11,7 @@
 
 namespace VanticRestKit::detail {
 
-/// Describes `request` and its outcome in `record`; does not change times, and sizes on the wire.
+/// Describes `request` and its outcome in `record`; leaves times and sizes on the wire unchanged.
 void describe(RequestMetrics& record, const URLRequest& request, const Outcome& outcome);
 
 /// How long ago `start` was.

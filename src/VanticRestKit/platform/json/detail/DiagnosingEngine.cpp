@@ -14,9 +14,9 @@ using Kind = DecodingError::Kind;
 
 namespace {
 
-/// What is expected of an object that cannot be opened because of a key.
+/// The expectation that is reported for an object with an unreadable key.
 constexpr std::string_view readableKeys = "readable keys";
-/// What is expected of a value that exceeds the budget.
+/// The expectation that is reported for a value that exceeds the budget.
 constexpr std::string_view withinBudget = "a value within the memory budget";
 
 }  // namespace

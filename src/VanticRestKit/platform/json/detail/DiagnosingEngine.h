@@ -1,7 +1,7 @@
 #pragma once
 
-// The diagnosing engine: visits the rows of a table in decode order, using an index of the document, so that the first
-// error is the first in decode order, whatever the order of the document.
+// The diagnosing engine: visits the rows of a table in decode order, using an index of the document, so that the
+// reported error is the first in decode order, regardless of the order of the document.
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/json/detail/DocumentIndex.h>

@@ -24,7 +24,7 @@ FastEngine::~FastEngine() {
     }
 }
 
-// Moves the frames to a heap array that is large enough for the maxDepth document.
+// Moves the frames to a heap array that is large enough for any document.
 void FastEngine::useHeapFrames() {
     heapFrames_.reset(new Frame[maxDepth]);
     std::copy(inlineFrames_, inlineFrames_ + inlineDepth, heapFrames_.get());

@@ -30,7 +30,7 @@ unsigned FastEngine::ruledOut(const ChoicePlan& choice) {
     return others & named;
 }
 
-// Opens the first candidate that the object ahead may be.
+// Opens the first candidate that the next object may be, leaving out those that have failed or are ruled out.
 bool FastEngine::openChoice(const ChoicePlan& choice, const FieldPlan* field) {
     unsigned possible = (1U << choice.candidates.size()) - 1U;
     possible &= ~failedCandidates_.failedAt(at_, choice);
@@ -40,7 +40,7 @@ bool FastEngine::openChoice(const ChoicePlan& choice, const FieldPlan* field) {
     return skip();
 }
 
-// Opens the first of the candidates that the object ahead may be.
+// Opens the first of the candidates in `possible` for the next object.
 bool FastEngine::openCandidate(const ChoicePlan& choice, std::uint8_t possible, const FieldPlan* field) {
     const auto candidate = static_cast<std::uint8_t>(std::countr_zero(possible));
     const Candidate& type = choice.candidates[candidate];

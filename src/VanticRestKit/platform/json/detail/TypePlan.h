@@ -111,7 +111,7 @@ struct alignas(64) Slot {
     const FieldPlan* field;
 };
 
-/// A stored field, for looking at values in declared order.
+/// A stored field, for printing values in declared order.
 struct MemberPlan {
     std::string_view name;
     std::size_t offset;

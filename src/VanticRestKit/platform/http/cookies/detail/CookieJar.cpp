@@ -114,7 +114,7 @@ void CookieJar::receive(const std::vector<std::string>& lines, const URL& url, c
     changed();
 }
 
-// Under the lock.
+// Called with the lock held.
 void CookieJar::changed() {
     count_.store(store_.count());
     if (!store_.takePersistentChange() || !file_ || isWriteDue_) return;
@@ -122,7 +122,7 @@ void CookieJar::changed() {
     file_->queue().asyncAfter(writeDelay, [jar = shared_from_this()] { jar->write(); });
 }
 
-// On the file's queue.
+// Called on the file's queue.
 void CookieJar::write() {
     std::vector<HTTPCookie> cookies;
     {

@@ -62,19 +62,19 @@ int onReadyToSend(void* user, char* remoteAddress, char* localAddress, int remot
         attempt.surroundings.connections.find({remoteAddress, localAddress, remotePort, localPort});
     if (connection) connection->isReady = true;
     if (localAddress != nullptr) attempt.surroundings.ownAddresses.note(localAddress);
-    if (attempt.sendings > 0 && attempt.exchange.request().httpMethod() != "GET") {
+    if (attempt.timesSent > 0 && attempt.exchange.request().httpMethod() != "GET") {
         attempt.fault = TransportFault{URLErrorCode::networkConnectionLost,
                                        "The connection was already dead, and only a GET may be sent again."};
         return CURL_PREREQFUNC_ABORT;
     }
-    ++attempt.sendings;
+    ++attempt.timesSent;
     attempt.moved();
     attempt.surroundings.admission.endLookup(attempt.exchange);
     if (attempt.connection) --attempt.connection->streams;
     attempt.connection = std::move(connection);
     if (attempt.connection) {
         ++attempt.connection->streams;
-        ++attempt.connection->sendings;
+        ++attempt.connection->requestsSent;
     }
     // A request on a suspect connection is not counted by the admission; one that libcurl moves to another connection
     // is counted again.

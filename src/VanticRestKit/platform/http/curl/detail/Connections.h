@@ -20,10 +20,10 @@ struct Connection {
     std::string ends{};
     /// How many requests currently use it.
     std::size_t streams = 0;
-    /// Whether a request could ever be sent on it.
+    /// Whether it has been established: set before the first request is sent on it.
     bool isReady = false;
     /// How many requests have been sent on it.
-    std::size_t sendings = 0;
+    std::size_t requestsSent = 0;
     /// When data of any response was last received on it.
     TimePoint lastMoved{};
     /// Whether a request on it timed out while nothing at all was received on it.

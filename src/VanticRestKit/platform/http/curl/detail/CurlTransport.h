@@ -14,7 +14,7 @@ namespace VanticRestKit::detail {
 
 /// Settings for tests only.
 struct TransportSeams {
-    /// Addresses of hosts, in libcurl's form "host:port:address,address".
+    /// Addresses of hosts, in libcurl's format "host:port:address,address".
     std::vector<std::string> addresses{};
 };
 

@@ -22,7 +22,7 @@ void setCommonOptions(Options& options) {
     options.set(CURLOPT_QUICK_EXIT, 1L);
     options.set(CURLOPT_PROTOCOLS_STR, "http,https");
     // Empty strings, not null: with null, libcurl would use proxies from the environment. Whether a request goes
-    // through the session's proxy is redirectDecided by this library, not by libcurl's list.
+    // through the session's proxy is decided by this library, not by libcurl's list.
     options.set(CURLOPT_PROXY, "");
     options.set(CURLOPT_NOPROXY, "");
     options.set(CURLOPT_NETRC, static_cast<long>(CURL_NETRC_IGNORED));

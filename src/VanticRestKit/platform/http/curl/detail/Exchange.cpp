@@ -53,7 +53,8 @@ void Exchange::resumed(TimePoint now) {
         transfer_->reporter()->changed(progressState_, 0, transfer_->progress);
 }
 
-// One second is when TCP first retransmits a lost packet, so trying another address then costs no more time.
+// TCP first retransmits a lost packet after about one second: from then on, trying another address costs no more than
+// waiting.
 Clock::duration Exchange::connectLimit() const {
     constexpr Clock::duration shortLimit = std::chrono::seconds(1);
     return usesFullConnectTime ? Clock::duration::max() : std::min(shortLimit, interval() / 4);

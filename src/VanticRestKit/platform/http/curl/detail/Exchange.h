@@ -35,7 +35,7 @@ namespace VanticRestKit::detail {
 
 struct Attempt;
 
-/// One transfer on the I/O thread, from the inbox to its end. Takes little memory while it reportWaiting in the queue.
+/// One transfer on the I/O thread, from the inbox to its end. Takes little memory while it waits in the queue.
 class Exchange : public Applicant, public Idler {
 public:
     explicit Exchange(std::shared_ptr<Transfer> transfer);
@@ -74,15 +74,15 @@ public:
     bool wentUnanswered(CURLcode code) const;
     /// How often it was sent again for that reason.
     int timesUnanswered = 0;
-    /// Report that it reportWaiting in the queue or with its body paused, and that it continues, to the metrics and the
-    /// progress receiver.
+    /// Reports to the metrics and the progress receiver that it waits in the queue or with its body paused, and that it
+    /// continues.
     void reportWaiting(LoadProgress::State state, std::int64_t queueLength, TimePoint now);
     void resumed(TimePoint now);
 
     /// How often its host could not be reached, and until when it may be retried.
     int timesUnreached = 0;
     std::optional<TimePoint> retriesUntil;
-    /// Whether connecting to an address is not cut short, because an attempt with a short limit has failed.
+    /// Whether connecting to an address may take the full time, because an attempt with a short limit has failed.
     bool usesFullConnectTime = false;
 
     /// How long connecting to one address of the host may take.
@@ -128,7 +128,7 @@ struct Attempt {
     /// Discards `size` bytes of the body of a redirect. Returns whether the rest is worth reading.
     bool drain(std::size_t size);
     /// Whether it has no connection: not yet, or not any more because the server refused it there.
-    bool waitsForConnection() const { return sendings == 0 || (connection && connection->socket < 0); }
+    bool waitsForConnection() const { return timesSent == 0 || (connection && connection->socket < 0); }
 
     Exchange& exchange;
     AttemptSurroundings surroundings;
@@ -157,17 +157,17 @@ struct Attempt {
     /// How libcurl ended the request, if part of its body was not decoded yet.
     std::optional<CURLcode> result;
 
-    /// Whether libcurl has completed the request.
+    /// Whether libcurl has completed the request without an error.
     bool isWhole = false;
     /// Whether libcurl resent it as often as it can, without any response.
-    bool exhaustedRetries() const { return sendings > maxResends && head.status() == 0; }
+    bool exhaustedRetries() const { return timesSent > maxResends && head.status() == 0; }
 
     /// A fault that this library found; takes precedence over libcurl's result.
     std::optional<TransportFault> fault;
 
     /// How often libcurl was about to send the request; more than once if a reused connection was dead, or if a new one
     /// accepted fewer concurrent requests than were sent on it.
-    int sendings = 0;
+    int timesSent = 0;
     /// The connection on which it was sent.
     std::shared_ptr<Connection> connection;
     /// The socket opened last for this request.

@@ -42,7 +42,7 @@ public:
         return needsReader;
     }
 
-    /// No message follows.
+    /// Closes the inbox: no more messages follow.
     void close() {
         std::unique_lock lock(mutex_);
         isClosed_ = true;

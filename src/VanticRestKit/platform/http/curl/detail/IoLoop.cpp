@@ -37,7 +37,7 @@ CURLM* makeMulti(std::size_t connectionsPerHost, const URLSessionLimits& limits)
     closeWakePairInChildren(multi);
     curl_multi_setopt(multi, CURLMOPT_PIPELINING, CURLPIPE_MULTIPLEX);
     curl_multi_setopt(multi, CURLMOPT_MAX_HOST_CONNECTIONS, static_cast<long>(connectionsPerHost));
-    // libcurl takes 0 as its default.
+    // libcurl would replace 0 with its own default.
     constexpr std::uint64_t maxIdle = std::numeric_limits<int>::max();
     const auto idle = std::clamp<std::uint64_t>(limits.maxIdleConnections, 1, maxIdle);
     curl_multi_setopt(multi, CURLMOPT_MAXCONNECTS, static_cast<long>(idle));
@@ -100,7 +100,7 @@ void IoLoop::run(ExitGate& gate) {
         retryUnreached();
         resets_.shutDownQuiet(now_);
         admit();
-        noteQueued();
+        reportQueued();
         deliver();
         wait();
     }
@@ -273,13 +273,13 @@ bool IoLoop::movedUnseen(Exchange& exchange) {
         // It waits in libcurl for a free stream while the connections are active, which does not count as idle.
         const std::string origin = originOf(*exchange.request().url());
         for (const auto& [transfer, other] : exchanges_) {
-            const bool goes = other->attempt && other->attempt->sendings > 0;
+            const bool goes = other->attempt && other->attempt->timesSent > 0;
             if (goes && originOf(*other->request().url()) == origin) exchange.moved(other->lastMoved());
         }
     }
     // Data on a connection counts for this request only while no other request can use the connection.
     const bool isAlone =
-        carriage == Carriage::one || attempt.sendings == 0 || !isSecure(*exchange.request().url());
+        carriage == Carriage::one || attempt.timesSent == 0 || !isSecure(*exchange.request().url());
     if (carriage != Carriage::many && isAlone) {
         // libcurl reports only complete header lines, and nothing during the TLS handshake.
         const auto connection =
@@ -313,7 +313,7 @@ void IoLoop::releaseAttempt(Exchange& exchange) {
     curl_multi_remove_handle(multi_, attempt->handle->get());
     // The handle may keep a piece of the body, and its count of resends would continue for the next request; do not
     // reuse it then.
-    attempt->handle->isUsedUp |= attempt->isPaused || attempt->sendings > 1;
+    attempt->handle->isUsedUp |= attempt->isPaused || attempt->timesSent > 1;
     pool_.give(std::move(attempt->handle));
     if (!attempt->connection) return;
     --attempt->connection->streams;

@@ -76,7 +76,7 @@ private:
     bool isQueueFull(const Exchange& exchange);
     void enqueue(Exchange& exchange);
     void admit();
-    void noteQueued();
+    void reportQueued();
     void attempt(Exchange& exchange);
     void send(Exchange& exchange);
     void decodeHeld();

@@ -70,7 +70,7 @@ void IoLoop::handleResult(Exchange& exchange, CURLcode code) {
         const CurlFailure failure{.code = code,
                                   .text = text,
                                   .verifyResult = verified,
-                                  .isInsideHead = attempt.sendings > 0 && !attempt.head.isComplete(),
+                                  .isInsideHead = attempt.timesSent > 0 && !attempt.head.isComplete(),
                                   .socketError = attempt.socketError,
                                   .wentUnansweredBefore = exchange.timesUnanswered > 0,
                                   .limits = configuration_.limits};

@@ -19,10 +19,11 @@ void IoLoop::closeLostAddresses() {
     curl_multi_perform(multi_, &running);
 }
 
-// Otherwise further loads would use the dead address for up to a minute: the host may have moved.
+// Forgets the address if no connection to it succeeded: otherwise further loads would use it for up to a minute,
+// although the host may have moved.
 void IoLoop::forgetDeadAddress(const Exchange& exchange) {
     const bool hasTried = exchange.attempt && !exchange.attempt->opened.empty();
-    if (hasTried && exchange.attempt->sendings == 0) admission_.forgetAddress(exchange);
+    if (hasTried && exchange.attempt->timesSent == 0) admission_.forgetAddress(exchange);
 }
 
 }  // namespace VanticRestKit::detail

@@ -9,7 +9,7 @@
 namespace VanticRestKit::detail {
 
 // Called at the end of a round, because most loads do not have to wait at all.
-void IoLoop::noteQueued() {
+void IoLoop::reportQueued() {
     for (const std::shared_ptr<Transfer>& transfer : queued_) {
         const auto found = exchanges_.find(transfer.get());
         if (found == exchanges_.end() || !found->second->isWaiting()) continue;

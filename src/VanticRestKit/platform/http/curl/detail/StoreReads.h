@@ -21,7 +21,7 @@ public:
     /// A running disk responds in milliseconds, and one that must spin up takes longer than most servers.
     static constexpr std::chrono::milliseconds limit{1000};
 
-    /// Whether the store has not finished reads that were given up. It is not read meanwhile.
+    /// Whether the store has yet to finish reads that were given up. It is not read meanwhile.
     bool isStuck() const noexcept { return givenUp_ > 0; }
 
     /// `transfer` starts to wait. Returns the number of the read.

@@ -18,7 +18,7 @@ void StreamResets::left(const std::shared_ptr<Connection>& connection, Exchange*
         curl_easy_pause(other->attempt->handle->get(), CURLPAUSE_SEND);
         curl_easy_pause(other->attempt->handle->get(), CURLPAUSE_CONT);
     } else {
-        quiet_.push_back({connection, connection->sendings, now + gracePeriod});
+        quiet_.push_back({connection, connection->requestsSent, now + gracePeriod});
     }
 }
 
@@ -26,7 +26,7 @@ void StreamResets::shutDownQuiet(TimePoint now) {
     std::erase_if(quiet_, [this, now](const Quiet& quiet) {
         if (quiet.due > now) return false;
         const Connection& connection = *quiet.connection;
-        if (connection.sendings == quiet.sendings) connections_.shutDown(connection);
+        if (connection.requestsSent == quiet.requestsSent) connections_.shutDown(connection);
         return true;
     });
 }

@@ -32,7 +32,7 @@ public:
 private:
     struct Quiet {
         std::shared_ptr<Connection> connection;
-        std::size_t sendings;
+        std::size_t requestsSent;
         TimePoint due;
     };
 

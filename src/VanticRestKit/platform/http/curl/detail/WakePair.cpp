@@ -21,7 +21,7 @@ int socketOption(int descriptor, int option) {
 }
 
 // Whether it is of the kind that libcurl makes: a non-blocking local stream socket without close-on-exec.
-bool mayBeOfAPair(int descriptor) {
+bool mayBelongToPair(int descriptor) {
     const int flags = fcntl(descriptor, F_GETFD);
     if (flags < 0 || (flags & FD_CLOEXEC) != 0) return false;
     return socketOption(descriptor, SO_DOMAIN) == AF_UNIX &&
@@ -29,7 +29,7 @@ bool mayBeOfAPair(int descriptor) {
 }
 
 // Whether a socket has unread bytes in either direction.
-bool isLoaded(int descriptor) {
+bool hasUnreadBytes(int descriptor) {
     int incoming = 0;
     int outgoing = 0;
     return ioctl(descriptor, SIOCINQ, &incoming) == 0 && ioctl(descriptor, SIOCOUTQ, &outgoing) == 0 &&
@@ -46,7 +46,8 @@ std::vector<int> candidates() {
         const std::string_view name = entry->d_name;
         int descriptor = -1;
         std::from_chars(name.data(), name.data() + name.size(), descriptor);
-        if (descriptor >= 0 && mayBeOfAPair(descriptor) && !isLoaded(descriptor)) found.push_back(descriptor);
+        if (descriptor >= 0 && mayBelongToPair(descriptor) && !hasUnreadBytes(descriptor))
+            found.push_back(descriptor);
     }
     return found;
 }
@@ -60,9 +61,9 @@ void closeWakePairInChildren(CURLM* multi) {
     std::vector<int> found = candidates();
     for (int round = 0; round < rounds && !found.empty(); ++round) {
         curl_multi_wakeup(multi);
-        std::erase_if(found, [](int descriptor) { return !isLoaded(descriptor); });
+        std::erase_if(found, [](int descriptor) { return !hasUnreadBytes(descriptor); });
         curl_multi_poll(multi, nullptr, 0, 0, nullptr);
-        std::erase_if(found, [](int descriptor) { return isLoaded(descriptor); });
+        std::erase_if(found, [](int descriptor) { return hasUnreadBytes(descriptor); });
     }
     if (found.size() != 2) return;
     for (const int descriptor : found) fcntl(descriptor, F_SETFD, FD_CLOEXEC);
