@@ -1,4 +1,4 @@
-// The smallest host: says where the service is, asks for a video, waits for it.
+// The smallest host: loads one video and prints its title.
 //   first-load BASE-URL HOUSE-NUMBER
 
 #include <VanticRestKit/Core/Context.h>
@@ -25,11 +25,11 @@ int main(int argc, char** argv) {
     const auto baseURL = argc == 3 ? URL::make(argv[1]) : std::nullopt;
     if (!baseURL) return 2;
     const auto resource = Endpoint::Video({.houseNumber = argv[2]}, HostContext(*baseURL));
-    if (!resource) return 2;  // no URL can be made of this house number
+    if (!resource) return 2;  // the house number does not form a valid URL
 
     std::promise<int> ended;
     resource->load({.with = [&](Result<Video, LoaderError> result) {
-        // On the session's delegate queue. A host with a user interface goes to its own thread here.
+        // Runs on the session's delegate queue. A host with a user interface switches to its own thread here.
         if (result) {
             std::printf("%s (%s)\n", result->title.value_or("Untitled").c_str(),
                         result->displayDuration.value_or("live").c_str());

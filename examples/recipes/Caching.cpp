@@ -30,7 +30,7 @@ public:
 
     std::shared_ptr<Serviceable> service(ServiceArguments arguments) const override {
         URLRequest request = arguments.withURLRequest;
-        // What is stored is shown at once, whatever its age.
+        // Shows a cached response of any age immediately.
         request.setCachePolicy(URLRequestCachePolicy::returnCacheDataElseLoad);
         return NetworkServiceble::make(
             {.with = std::move(request), .and_ = session_, .logError = logError()});
