@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Category`: a category, a channel or the home screen.
+/// `Category`: the screen of a category or channel, or the home screen.
 
 #include <VanticRestKit/lumeno/Image/Image.h>
 #include <VanticRestKit/lumeno/MixedCollection/MixedCollection.h>
@@ -16,31 +16,31 @@
 
 namespace VanticRestKit {
 
-/// A category, a channel or the home screen: a heading over one featured collection and further ones.
+/// The screen of a category or channel, or the home screen: a title, a featured collection and further collections.
 ///
-/// It must have its title, both kinds of collections and a link to itself; one collection that does not decode
-/// fails it.
+/// The title, both kinds of collections and the link to itself are required. Decoding fails if any collection cannot be
+/// decoded.
 struct Category {
-    /// A text; a number is not taken.
+    /// Key `id`; empty if absent or not a string.
     std::optional<std::string> id{};
-    /// The title. Key `title`; must be there and be a string.
+    /// The title. Key `title`; a required string.
     std::string title{};
     /// Key `featuredImage`; empty if absent or not a string.
     std::optional<std::string> featuredImageHref{};
     /// Key `logoUrl`; empty if absent or not a string.
     std::optional<std::string> logoHref{};
-    /// The banner. Key `banner`; empty if absent or if it does not decode.
+    /// The banner. Key `banner`; empty if absent or if it cannot be decoded.
     std::optional<Banner> banner{};
-    /// How the screen is coloured. Key `theme`; the default theme if absent or not known.
+    /// The colour theme. Key `theme`; the default theme if absent or not known.
     Theme theme{};
-    /// The path of the screen, below the API's version prefix. Every decoded category has one.
+    /// The path of the screen, relative to the API's version prefix. Every decoded category has one.
     std::optional<std::string> selfHref{};
-    /// What `Endpoint::ProductAlert` fetches the alert of the screen by.
+    /// The id of the alert about the screen, for `Endpoint::ProductAlert`.
     std::optional<std::string> alertId{};
-    /// Not one of `collections`.
+    /// The featured collection; not included in `collections`.
     MixedCollection featuredCollection = mapping::detail::fresh<MixedCollection>();
-    /// The rows of the screen, in order. Key `_embedded.collections`; must be there; one element that does not decode
-    /// fails the document.
+    /// The rows of the screen, in order. Key `_embedded.collections`; required; decoding fails if any element cannot be
+    /// decoded.
     std::vector<MixedCollection> collections{};
 
     friend bool operator==(const Category&, const Category&) = default;

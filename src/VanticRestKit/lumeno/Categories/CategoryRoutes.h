@@ -12,17 +12,17 @@
 
 namespace VanticRestKit {
 
-/// Asks for a category screen; the name goes into the path as it stands.
+/// The screen of a category. The name is inserted into the path unchanged.
 struct CategoryURI {
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
-        /// The category or channel, as it stands in paths.
+        /// The category or channel, as used in paths.
         Required<std::string> for_;
     };
     /// `CategoryURI({.for_ = "arts"})`
     explicit CategoryURI(Arguments arguments) : category(std::move(arguments.for_).value()) {}
 
-    /// The category, as it stands in paths.
+    /// The category, as used in paths.
     std::string category;
 
     /// The path below the base URL.
@@ -33,17 +33,17 @@ struct CategoryURI {
     friend bool operator==(const CategoryURI&, const CategoryURI&) = default;
 };
 
-/// Asks for a channel screen; the name goes into the path as it stands.
+/// The screen of a channel. The name is inserted into the path unchanged.
 struct ChannelURI {
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
-        /// The category or channel, as it stands in paths.
+        /// The category or channel, as used in paths.
         Required<std::string> for_;
     };
     /// `ChannelURI({.for_ = "arts"})`
     explicit ChannelURI(Arguments arguments) : channel(std::move(arguments.for_).value()) {}
 
-    /// The channel, as it stands in paths.
+    /// The channel, as used in paths.
     std::string channel;
 
     /// The path below the base URL.
@@ -54,7 +54,7 @@ struct ChannelURI {
     friend bool operator==(const ChannelURI&, const ChannelURI&) = default;
 };
 
-/// Asks for the home screen.
+/// The home screen.
 struct HomeURI {
     /// The path below the base URL.
     std::string path() const { return "v2/home"; }

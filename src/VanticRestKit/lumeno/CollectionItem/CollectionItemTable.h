@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The members of `CollectionItem`, and the list by which an entity says which of them it gives itself.
+/// The members of `CollectionItem`, and the table that lists which of them an entity provides.
 
 #include <VanticRestKit/lumeno/CollectionItem/DirectPlayableVideo.h>
 #include <VanticRestKit/lumeno/Link/Link.h>
@@ -23,9 +23,9 @@
 
 namespace VanticRestKit {
 
-// The one list of the members of `CollectionItem`, in their order: their types, and whether an entity must give them
-// (`needed`) or they have the default of the interface. The last is an operation: what gives it is called with a path.
-// A new member also needs its function in `CollectionItem`, and a row in the table of each entity that gives it.
+// All members of `CollectionItem`, in order, with their types. An entity must provide the `needed` ones; the others
+// have a default. The last one, `showSlug`, is a function that takes a path. A new member also needs a function in
+// `CollectionItem`, and a row in the table of each entity that provides it.
 // clang-format off
 #define VRK_COLLECTION_ITEM_MEMBERS(needed, defaulted) \
     needed(selfHref, std::optional<std::string>) \
@@ -67,7 +67,7 @@ namespace VanticRestKit {
     defaulted(showSlug, std::optional<std::string>)
 // clang-format on
 
-/// The members of `CollectionItem`, in their order.
+/// The members of `CollectionItem`, in order.
 enum class CollectionItemMember : std::uint8_t {
 #define VRK_MEMBER(name, ...) name,
     VRK_COLLECTION_ITEM_MEMBERS(VRK_MEMBER, VRK_MEMBER)
@@ -76,7 +76,7 @@ enum class CollectionItemMember : std::uint8_t {
 
 namespace detail {
 
-// Whether an entity must give a member, which then has no default.
+// Whether an entity must provide the member, which then has no default.
 #define VRK_NEEDED(...) true,
 #define VRK_DEFAULTED(...) false,
 inline constexpr bool isNeededMember[] = {VRK_COLLECTION_ITEM_MEMBERS(VRK_NEEDED, VRK_DEFAULTED)};
@@ -101,17 +101,17 @@ using TypeOf = typename CollectionItemMemberOf<M>::Type;
 
 #undef VRK_COLLECTION_ITEM_MEMBERS
 
-/// How many members there are.
+/// The number of members.
 inline constexpr std::size_t collectionItemMembers = std::size(detail::isNeededMember);
 
-/// How an entity gives its members: one function for each, or null for a member that keeps the default of the
-/// interface. Made by `collectionItem`.
+/// How an entity provides its members: a function for each, or null for a member with its default value. Created by
+/// `collectionItem`.
 struct CollectionItemTable {
-    /// `value` receives the member. For `showSlug` it also holds the path beforehand.
+    /// Stores the member in `value`. For `showSlug`, `value` contains the path before the call.
     using Getter = void (*)(const void* entity, void* value);
     /// One for each member, in the order of `CollectionItemMember`.
     std::array<Getter, collectionItemMembers> getters{};
-    /// Whether two entities of the type are equal.
+    /// Compares two entities of the type.
     bool (*equal)(const void* a, const void* b) = nullptr;
 };
 
@@ -119,15 +119,15 @@ struct CollectionItemTable {
 template <class Entity>
 inline constexpr bool isCollectionItem = false;
 
-/// Specialised beside it, and defined in the entity's source. The address of the table is the identity of the
-/// type, also across library borders.
+/// The table of an entity: declared in its header and defined in its source. The address of the table identifies the
+/// type, also across shared libraries.
 template <class Entity>
 const CollectionItemTable& collectionItemTable();
 
-/// A row of the list: the entity gives this member itself, by a field or by a const function.
+/// A row of the table: the entity provides this member with a field or a const member function.
 template <CollectionItemMember Member, auto Source>
 struct own {
-    /// Which member it is.
+    /// The member.
     static constexpr CollectionItemMember member = Member;
     /// The type of the member.
     using Type = detail::TypeOf<Member>;
@@ -145,7 +145,7 @@ struct OwnerOf<F E::*> {
     using Entity = E;
 };
 
-/// Not constexpr, so that a table that lacks a needed member does not compile.
+/// Not constexpr, so that a table without a needed member does not compile.
 inline void aMemberWithoutDefaultIsMissing() {}
 
 template <std::size_t... Is>
@@ -168,8 +168,8 @@ void own<Member, Source>::get(const void* entity, void* value) {
     }
 }
 
-/// Makes the table of an entity from its rows. A member without a default must be among them. The entity needs no
-/// `operator==`: without one, items are equal if they share one entity.
+/// Creates the table of an entity from its rows. All members without a default are required. The entity does not need
+/// an `operator==`: without it, items are equal if they share one entity.
 template <class Entity, class... Owns>
 consteval CollectionItemTable collectionItem(Owns...) {
     CollectionItemTable table;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `DirectPlayableVideo`: a compact pointer to a video that can be played at once.
+/// `DirectPlayableVideo`: a compact reference to a video that can be played immediately.
 
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
@@ -11,13 +11,13 @@
 
 namespace VanticRestKit {
 
-/// A compact pointer to a video that can be played at once. Any JSON object decodes into one.
+/// A compact reference to a video that can be played immediately. Any JSON object can be decoded.
 struct DirectPlayableVideo {
     /// Key `id`; empty if absent or not a string.
     std::optional<std::string> id{};
-    /// A path below the API's version prefix.
+    /// The path of the video, relative to the API's version prefix.
     std::optional<std::string> href{};
-    /// What a play button is to say.
+    /// The text of a play button.
     std::optional<std::string> playTitle{};
 
     friend bool operator==(const DirectPlayableVideo&, const DirectPlayableVideo&) = default;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Endpoint`: where a host gets the resources of the catalogue.
+/// `Endpoint`: functions that return the resources of the catalogue.
 
 #include <VanticRestKit/Core/Omittable.h>
 #include <VanticRestKit/Core/Required.h>
@@ -40,34 +40,34 @@ struct VideoList;
 enum class MessagesAppId;
 enum class NavigationType;
 
-/// The resources of the catalogue, one function for each route.
+/// The resources of the catalogue, with one function for each route.
 ///
-/// A function builds the request from its arguments and the context and does no I/O; `load` on the resource
-/// does. It returns nothing exactly where the context can make no URL of the route, with no reason given. Any
-/// thread. The context is read during the call only.
+/// A function builds the request from its arguments and the context, without I/O; loading the resource sends the
+/// request. It returns an empty optional if the context cannot create a URL for the route. It may be called on any
+/// thread, and reads the context only during the call.
 ///
-/// A function with several arguments has a short form beside it, in which those may be left out that most hosts do not
-/// ask for: `Endpoint::Show({.showSlugOrId = "x"}, context)`. The labels alone select the form: a call that gives all of
-/// them is the full one. The short forms are templates only so that the full form is preferred then; never write their
-/// template argument.
+/// Functions with several arguments also have a short form, in which most arguments are optional:
+/// `Endpoint::Show({.showSlugOrId = "x"}, context)`. The labels in the call select the form: a call with all of them
+/// uses the full form. The short forms are templates only so that the full form is preferred in this case; never write
+/// their template argument.
 ///
-/// This header only names the entities: include the header of the entity and `Core/Resource.h` to use one.
+/// This header only declares the entities. To load one, also include its own header and `Core/Resource.h`.
 struct VRK_EXPORT Endpoint {
-    /// The time of the service: its answer is a bare number.
+    /// The time of the service. The response is a single number.
     static std::optional<VanticRestKit::Resource<double>> Time(const VanticRestKit::Context& context);
 
     /// The arguments of `Resource`.
     struct ResourceArguments {
-        /// The href of the resource, as another answer gave it.
+        /// The href of the resource, as sent by the service.
         Required<std::string> withHref;
     };
-    /// A path that the service sent, such as a link's `href`, loaded as any type that decodes:
+    /// The resource at a path that the service sent, such as the `href` of a link, decoded as any type:
     /// `Endpoint::Resource<Video>({.withHref = link.href}, context)`. Include `lumeno/Link/LinkEndpoints.h`.
     template <class T>
     static std::optional<VanticRestKit::Resource<T>> Resource(ResourceArguments arguments,
                                                               const VanticRestKit::Context& using_);
 
-    /// The pictures that a profile can take.
+    /// The images that a profile can use.
     static std::optional<VanticRestKit::Resource<std::vector<VanticRestKit::Image>>> Avatars(
         const VanticRestKit::Context& context);
 
@@ -82,16 +82,16 @@ struct VRK_EXPORT Endpoint {
 
     /// The argument of `Video` for an href.
     struct VideoHrefArguments {
-        /// The href of the resource, as another answer gave it.
+        /// The href of the resource, as sent by the service.
         Required<std::string> usingHref;
     };
-    /// One video by a path that the service sent: `Endpoint::Video({.usingHref = "video/ZW1"}, context)`.
+    /// One video by an href: `Endpoint::Video({.usingHref = "video/ZW1"}, context)`.
     static std::optional<VanticRestKit::Resource<VanticRestKit::Video>> Video(
         VideoHrefArguments arguments, const VanticRestKit::Context& context);
 
     /// The arguments of `Videos`.
     struct VideosArguments {
-        /// The house numbers of the videos, in the order wanted.
+        /// The house numbers of the videos, in the desired order.
         Required<std::vector<std::string>> houseNumbers;
     };
     /// Several videos by their house numbers.
@@ -100,54 +100,54 @@ struct VRK_EXPORT Endpoint {
 
     /// The arguments of `Show`.
     struct ShowArguments {
-        /// The show's slug, or its id as text.
+        /// The slug of the show, or its id as a string.
         Required<std::string> showSlugOrId;
         /// The id of the series to select; empty for none.
         Required<std::optional<std::uint64_t>> selectedSeries;
         /// The house number of the video to select; empty for none.
         Required<std::optional<std::string>> selectedVideo;
-        /// Whether the answer embeds the selected series and the list of series.
+        /// Whether the response embeds the selected series and the list of series.
         Required<bool> embedSeries;
         /// The channel to filter by; empty for all.
         Required<std::optional<std::string>> channel;
     };
-    /// One show by its slug, or by its id as a text. A selected video wins over a selected series.
+    /// One show by its slug or id. If both a video and a series are selected, the video takes precedence.
     static std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Show(
         ShowArguments arguments, const VanticRestKit::Context& context);
 
-    /// The arguments of `Show`, of which only the show must be given.
+    /// The arguments of the short form of `Show`; only the show is required.
     struct ShowShortArguments {
-        /// The show's slug, or its id as text.
+        /// The slug of the show, or its id as a string.
         Required<std::string> showSlugOrId;
         /// The id of the series to select; empty for none.
         Omittable<std::uint64_t> selectedSeries{};
         /// The house number of the video to select; empty for none.
         std::optional<std::string> selectedVideo{};
-        /// Whether the answer embeds the selected series and the list of series.
+        /// Whether the response embeds the selected series and the list of series.
         bool embedSeries = false;
         /// The channel to filter by; empty for all.
         std::optional<std::string> channel{};
     };
-    /// The short form: nothing is selected, the series are not embedded, and no channel is sent, unless given.
+    /// The short form. By default nothing is selected, the series are not embedded, and no channel is sent.
     template <class = void>
     static std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Show(
         ShowShortArguments arguments, const VanticRestKit::Context& context);
 
     /// The argument of `Show` for an href.
     struct ShowHrefArguments {
-        /// The href of the resource, as another answer gave it.
+        /// The href of the resource, as sent by the service.
         Required<std::string> usingHref;
     };
-    /// One show by a path that the service sent.
+    /// One show by an href.
     static std::optional<VanticRestKit::Resource<VanticRestKit::Show>> Show(
         ShowHrefArguments arguments, const VanticRestKit::Context& context);
 
     /// The arguments of `Shows`.
     struct ShowsArguments {
-        /// The slugs or ids of the shows, in the order wanted.
+        /// The slugs or ids of the shows, in the desired order.
         Required<std::vector<std::string>> showSlugsOrIds;
     };
-    /// Several shows by slug or id. One that does not decode fails the answer.
+    /// Several shows by slug or id. Decoding fails if any of them cannot be decoded.
     static std::optional<VanticRestKit::Resource<std::vector<VanticRestKit::Show>>> Shows(
         ShowsArguments arguments, const VanticRestKit::Context& context);
 
@@ -162,24 +162,24 @@ struct VRK_EXPORT Endpoint {
     static std::optional<VanticRestKit::Resource<VanticRestKit::ShowsIndex>> ShowsList(
         ShowsListArguments arguments, const VanticRestKit::Context& context);
 
-    /// The arguments of `ShowsList`, which may be left out.
+    /// The arguments of the short form of `ShowsList`; all are optional.
     struct ShowsListShortArguments {
         /// The channel to filter by; empty for all.
         std::optional<std::string> channel{};
         /// Whether only shows with closed captions are listed.
         bool closedCaptionOnly = false;
     };
-    /// The short form: all channels, with closed captions or without, unless given. `ShowsList({}, context)` asks for all.
+    /// The short form. `ShowsList({}, context)` returns the shows of all channels, with or without closed captions.
     template <class = void>
     static std::optional<VanticRestKit::Resource<VanticRestKit::ShowsIndex>> ShowsList(
         ShowsListShortArguments arguments, const VanticRestKit::Context& context);
 
     /// The arguments of `Series`.
     struct SeriesArguments {
-        /// The href of the resource, as another answer gave it.
+        /// The href of the resource, as sent by the service.
         Required<std::string> usingHref;
     };
-    /// One series by a path that the service sent.
+    /// One series by an href.
     static std::optional<VanticRestKit::Resource<VanticRestKit::Series>> Series(
         SeriesArguments arguments, const VanticRestKit::Context& context);
 
@@ -190,7 +190,7 @@ struct VRK_EXPORT Endpoint {
         /// The channel to filter by; empty for all.
         Required<std::optional<std::string>> channel;
     };
-    /// The shows that are like another.
+    /// Shows that are similar to a show.
     static std::optional<VanticRestKit::Resource<VanticRestKit::RelatedShowList>> RelatedShows(
         RelatedShowsArguments arguments, const VanticRestKit::Context& context);
 
@@ -211,7 +211,7 @@ struct VRK_EXPORT Endpoint {
         /// The channel to filter by; empty for all.
         Required<std::optional<std::string>> channel;
     };
-    /// The shows that a keyword finds.
+    /// The shows that match a keyword.
     static std::optional<VanticRestKit::Resource<VanticRestKit::SearchResults>> Search(
         SearchArguments arguments, const VanticRestKit::Context& context);
 
@@ -229,7 +229,7 @@ struct VRK_EXPORT Endpoint {
     struct CollectionArguments {
         /// The id of the collection.
         Required<std::string> collectionId;
-        /// Whether the answer embeds the item to highlight.
+        /// Whether the response embeds the item to highlight.
         Required<bool> embedHighlightItem;
     };
     /// One collection by its id.
@@ -248,7 +248,7 @@ struct VRK_EXPORT Endpoint {
 
     /// The arguments of `Category`.
     struct CategoryArguments {
-        /// The category, as it stands in paths.
+        /// The category, as used in paths.
         Required<std::string> category;
     };
     /// The screen of a category.
@@ -257,7 +257,7 @@ struct VRK_EXPORT Endpoint {
 
     /// The arguments of `Channel`.
     struct ChannelArguments {
-        /// The channel, as it stands in paths.
+        /// The channel, as used in paths.
         Required<std::string> channel;
     };
     /// The screen of a channel.
@@ -270,7 +270,7 @@ struct VRK_EXPORT Endpoint {
 
     /// The arguments of `Navigation`.
     struct NavigationArguments {
-        /// What the list holds.
+        /// Whether the list contains channels or categories.
         Required<NavigationType> type;
     };
     /// The flat list of channels or of categories.
@@ -282,7 +282,7 @@ struct VRK_EXPORT Endpoint {
         /// The channels, separated by commas.
         Required<std::string> channels;
     };
-    /// The main menu. `channels` is sent as it stands.
+    /// The main menu. `channels` is sent unchanged.
     static std::optional<VanticRestKit::Resource<VanticRestKit::NavigationMainMenuList>>
     NavigationMainMenuList(NavigationMainMenuListArguments arguments, const VanticRestKit::Context& context);
 
@@ -295,7 +295,7 @@ struct VRK_EXPORT Endpoint {
         /// The house number of the video.
         Required<std::string> houseNumber;
     };
-    /// What is on a channel now and what comes next.
+    /// What a channel shows now and next.
     static std::optional<VanticRestKit::Resource<VanticRestKit::NowNext>> NowNext(
         NowNextArguments arguments, const VanticRestKit::Context& context);
 
@@ -311,7 +311,7 @@ struct VRK_EXPORT Endpoint {
         /// Whether a user is signed in.
         Required<bool> loggedIn;
     };
-    /// What the service has to tell this application.
+    /// The messages of the service for this application.
     static std::optional<VanticRestKit::Resource<std::vector<VanticRestKit::Message>>> Messages(
         MessagesArguments arguments, const VanticRestKit::Context& context);
 
@@ -320,7 +320,7 @@ struct VRK_EXPORT Endpoint {
         /// The id of the alert.
         Required<std::string> alertId;
     };
-    /// One notice by the id that an entity gives.
+    /// An alert by its id, which an entity contains.
     static std::optional<VanticRestKit::Resource<VanticRestKit::ProductAlert>> ProductAlert(
         ProductAlertArguments arguments, const VanticRestKit::Context& context);
 
@@ -331,7 +331,7 @@ struct VRK_EXPORT Endpoint {
         /// The query items of the path, in order.
         Required<std::vector<URLQueryItem>> queryItems;
     };
-    /// A path in the terms of the API and of the application.
+    /// Translates a path to that of the API and that of the application.
     static std::optional<VanticRestKit::Resource<VanticRestKit::Remap>> Remap(
         RemapArguments arguments, const VanticRestKit::Context& context);
 
@@ -340,7 +340,7 @@ struct VRK_EXPORT Endpoint {
         /// The path to look up.
         Required<std::string> path;
     };
-    /// The short form: a path without query items.
+    /// The short form, for a path without query items.
     template <class = void>
     static std::optional<VanticRestKit::Resource<VanticRestKit::Remap>> Remap(
         RemapShortArguments arguments, const VanticRestKit::Context& context);

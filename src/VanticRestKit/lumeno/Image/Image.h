@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Image` and `Banner`: the pictures of the service.
+/// `Image` and `Banner`: images of the service.
 
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
@@ -13,13 +13,13 @@
 
 namespace VanticRestKit {
 
-/// A picture of the service. Any JSON object decodes into one: what is missing or unfit is empty.
+/// An image of the service. Any JSON object can be decoded; fields that are absent or of another type are empty.
 struct Image {
-    /// The service sends a text or a number; the number is held in decimal.
+    /// Key `id`; a string or a number, which is converted to a decimal string.
     std::optional<std::string> id{};
-    /// The address of the picture. Key `url`; empty if absent or not a string.
+    /// The URL of the image. Key `url`; empty if absent or not a string.
     std::optional<std::string> url{};
-    /// For a screen reader.
+    /// Text for a screen reader.
     std::optional<std::string> accessibilityText{};
     /// Key `type`; empty if absent or not a string.
     std::optional<std::string> type{};
@@ -31,7 +31,7 @@ struct Image {
     std::optional<std::uint64_t> width{};
     /// In pixels.
     std::optional<std::uint64_t> height{};
-    /// A text in place of the picture. Key `altText`; empty if absent or not a string.
+    /// The alternative text. Key `altText`; empty if absent or not a string.
     std::optional<std::string> altText{};
 
     friend bool operator==(const Image&, const Image&) = default;
@@ -40,15 +40,15 @@ struct Image {
 template <>
 VRK_EXPORT const TypePlan& planOf<Image>();
 
-/// A picture across a screen, in two sizes, that leads somewhere. Each `...Href` must be there.
+/// A wide image in two sizes, with a link. Each `...Href` is required.
 struct Banner {
-    /// The address of the large picture. Key `large`; must be there and be a string.
+    /// The URL of the large image. Key `large`; a required string.
     std::string largeImageHref{};
-    /// The address of the small picture. Key `small`; must be there and be a string.
+    /// The URL of the small image. Key `small`; a required string.
     std::string smallImageHref{};
-    /// A text in place of the picture. Key `altText`; empty if absent or null; another type fails the decoding.
+    /// The alternative text. Key `altText`; empty if absent or null; decoding fails for another type.
     std::optional<std::string> altText{};
-    /// Where a tap on the banner leads.
+    /// The target of the banner. Key `link`; a required string.
     std::string linkHref{};
 
     friend bool operator==(const Banner&, const Banner&) = default;

@@ -1,13 +1,13 @@
 #pragma once
 
 /// \file
-/// `AvatarURI`: the route to the pictures that a profile can take.
+/// `AvatarURI`: the route to the images for profiles.
 
 #include <string>
 
 namespace VanticRestKit {
 
-/// Asks for the pictures that a profile can take.
+/// The images that a profile can use.
 struct AvatarURI {
     /// The path below the base URL.
     std::string path() const { return "v3/image/avatar/"; }

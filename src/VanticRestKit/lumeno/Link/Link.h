@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Link`: a named way to another resource of the service.
+/// `Link`: a named link to another resource of the service.
 
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
@@ -12,16 +12,15 @@
 
 namespace VanticRestKit {
 
-/// A named way to another resource of the service. Without a `href` it does not decode; of all else nothing can
-/// fail it.
+/// A named link to another resource of the service. Only `href` is required.
 struct Link {
     /// Key `id`; empty if absent or not a string.
     std::optional<std::string> id{};
     /// The title. Key `title`; empty if absent or not a string.
     std::optional<std::string> title{};
-    /// A path below the API's version prefix: `Endpoint::Resource` loads it.
+    /// A path relative to the API's version prefix, for `Endpoint::Resource`. Key `href`; a required string.
     std::string href{};
-    /// Empty also where the service sends none, or anything that is not a list of texts.
+    /// Key `tags`; empty if absent or not a list of strings.
     std::vector<std::string> tags{};
 
     friend bool operator==(const Link&, const Link&) = default;

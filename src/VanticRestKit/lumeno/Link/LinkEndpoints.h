@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Endpoint::Resource`: loads a path that came from the catalogue service as any type that decodes.
+/// `Endpoint::Resource`: loads an href of the catalogue service and decodes it as any type.
 
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
@@ -12,7 +12,7 @@
 
 namespace VanticRestKit {
 
-/// Defined here and not in the library, since `T` may be any type of the host.
+/// Defined in a header because `T` may be a type of the host.
 template <class T>
 std::optional<Resource<T>> Endpoint::Resource(ResourceArguments arguments, const Context& using_) {
     const lumenoHrefURI route({.withHref = std::move(arguments.withHref)});

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `lumenoHrefURI`: the route for a path that came from the catalogue service.
+/// `lumenoHrefURI`: the route for an href of the catalogue service.
 
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/lumeno/Link/Link.h>
@@ -13,12 +13,12 @@
 
 namespace VanticRestKit {
 
-/// Asks for a path that came from the catalogue service, such as a link's `href`. It restores the version prefix
-/// that such paths leave out and changes nothing else: a leading slash stays, and makes two.
+/// The route for a path that the catalogue service sent, such as the `href` of a link. It adds the version prefix and
+/// changes nothing else: a leading slash is kept, which results in two slashes.
 struct lumenoHrefURI {
     /// An href as a string.
     struct HrefArguments {
-        /// The href of the resource, as another answer gave it.
+        /// The href of the resource, as sent by the service.
         Required<std::string> withHref;
     };
     /// The href of a link.
@@ -32,7 +32,7 @@ struct lumenoHrefURI {
     /// `lumenoHrefURI({.withLink = link})`: the link's `href`.
     explicit lumenoHrefURI(LinkArguments arguments) : href(std::move(arguments.withLink).value().href) {}
 
-    /// As the service sent it.
+    /// The path as the service sent it.
     std::string href;
 
     /// The path below the base URL.

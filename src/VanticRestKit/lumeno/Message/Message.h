@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Message`: something that the service tells out of band.
+/// `Message`: a message of the service for the application.
 
 #include <VanticRestKit/lumeno/Link/Link.h>
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
@@ -14,19 +14,19 @@
 
 namespace VanticRestKit {
 
-/// Something that the service tells the application out of band. Any JSON object decodes into one.
+/// A message of the service for the application. Any JSON object can be decoded.
 struct Message {
-    /// Key `id`; empty if absent or not a whole number that is not negative.
+    /// Key `id`; empty if absent or not a non-negative whole number.
     std::optional<std::uint64_t> messageId{};
     /// The title. Key `title`; empty if absent or not a string.
     std::optional<std::string> title{};
-    /// Key `count`; empty if absent or not a whole number that is not negative.
+    /// Key `count`; empty if absent or not a non-negative whole number.
     std::optional<std::uint64_t> count{};
     /// Key `interval`; empty if absent or not a number.
     std::optional<double> interval{};
     /// The text of the message. Key `message`; empty if absent or not a string.
     std::optional<std::string> message{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Link> links{};
 
     friend bool operator==(const Message&, const Message&) = default;

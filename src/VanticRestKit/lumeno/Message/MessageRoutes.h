@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `MessagesURI`: the route to the messages for an application, named by a `MessagesAppId`.
+/// `MessagesURI`: the route to the messages for an application, which is a `MessagesAppId`.
 
 #include <VanticRestKit/platform/json/RawText.h>
 #include <VanticRestKit/platform/url/URLQueryItem.h>
@@ -12,13 +12,13 @@
 
 namespace VanticRestKit {
 
-/// Which application asks for messages.
+/// The application that requests messages.
 enum class MessagesAppId { lumeno, kidslumeno, lumenoInternational, vanticme };
 
-/// The raw texts of `MessagesAppId`.
+/// The raw strings of `MessagesAppId`.
 template <>
 struct RawTexts<MessagesAppId> {
-    /// The cases with their names and raw texts, in case order.
+    /// The cases with their names and raw strings, in declaration order.
     static constexpr RawCase<MessagesAppId> cases[] = {
         {MessagesAppId::lumeno, "lumeno", "lumeno"},
         {MessagesAppId::kidslumeno, "kidslumeno", "kids"},
@@ -27,10 +27,10 @@ struct RawTexts<MessagesAppId> {
     };
 };
 
-/// Asks for what the service has to tell this application on this device. What it says of them comes from
-/// `HostInformation` and is computed anew at each read.
+/// The messages for this application on this device. The query items that describe the application and the device come
+/// from `HostInformation` and are computed at each call.
 struct VRK_EXPORT MessagesURI {
-    /// The application that asks.
+    /// The application.
     MessagesAppId appId{};
     /// Whether a user is signed in.
     bool loggedIn{};

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `MixedCollection`: a titled list of shows, videos and series side by side.
+/// `MixedCollection`: a titled list of shows, videos and series.
 
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/lumeno/CollectionItem/CollectionItem.h>
@@ -20,13 +20,13 @@
 
 namespace VanticRestKit {
 
-/// How a collection is to be laid out.
+/// The layout of a collection.
 enum class MixedCollectionType { standard, movie, featured };
 
-/// The raw texts of `MixedCollectionType`.
+/// The raw strings of `MixedCollectionType`.
 template <>
 struct RawTexts<MixedCollectionType> {
-    /// The cases with their names and raw texts, in case order.
+    /// The cases with their names and raw strings, in declaration order.
     static constexpr RawCase<MixedCollectionType> cases[] = {
         {MixedCollectionType::standard, "standard", "standard"},
         {MixedCollectionType::movie, "movie", "movie"},
@@ -34,39 +34,39 @@ struct RawTexts<MixedCollectionType> {
     };
 };
 
-/// A titled list of shows, videos and series side by side.
+/// A titled list of shows, videos and series.
 ///
-/// It must have a title and, where it has links at all, one to itself. An element that is no show, no video and no
-/// series is left out; nothing else fails its decoding.
+/// The title is required, and so is the link to itself if there is an object of links. Elements that are not a show, a
+/// video or a series are omitted. Nothing else makes decoding fail.
 struct VRK_EXPORT MixedCollection {
     struct Empty;
 
-    /// All members, by label.
+    /// The values of all fields.
     struct Members {
         /// The id, or empty.
         Required<std::optional<std::string>> collectionId;
         /// The title.
         Required<std::string> title;
-        /// The elements, of any type.
+        /// The elements, which may have any type.
         Required<std::vector<MixedItem>> mixedItems;
         /// The path of the collection, or empty.
         Required<std::optional<std::string>> href;
-        /// How the collection is to be shown.
+        /// The layout of the collection.
         Required<MixedCollectionType> type;
-        /// What it is about, or empty.
+        /// The description, or empty.
         Required<std::optional<std::string>> description;
-        /// The address of a picture, or empty.
+        /// The URL of an image, or empty.
         Required<std::optional<std::string>> thumbnail;
         /// The banner, or empty.
         Required<std::optional<Banner>> banner;
-        /// Where the whole collection is, or empty.
+        /// The link to the complete collection, or empty.
         Required<std::optional<Link>> collectionLink;
         /// The item to highlight, or empty.
         Required<std::optional<CollectionItem>> highlightItem;
         /// The id of its alert, or empty.
         Required<std::optional<std::string>> alertId;
     };
-    /// The members of a collection that a host makes, by label.
+    /// The fields of a collection created by a host.
     struct Items {
         /// The title.
         Required<std::string> title;
@@ -76,45 +76,45 @@ struct VRK_EXPORT MixedCollection {
         Required<std::vector<CollectionItem>> items;
     };
 
-    /// For decoders alone.
+    /// Used only for decoding.
     explicit MixedCollection(mapping::Fresh) {}
-    /// A collection of all its fields.
+    /// Creates a collection from the values of all fields.
     explicit MixedCollection(Members members);
-    /// A collection of a host's own: of type `standard`, all else empty.
+    /// Creates a collection of type `standard`; the other fields are empty.
     explicit MixedCollection(Items items);
 
-    /// A number of the service is held in decimal.
+    /// Key `id`; a number is converted to a decimal string. Empty if absent or of another type.
     std::optional<std::string> collectionId{};
-    /// The title. Key `title`; must be there and be a string.
+    /// The title. Key `title`; a required string.
     std::string title{};
-    /// In the service's order. Decoding gives shows, videos and series and leaves out what is none of them.
+    /// In the order of the service. After decoding: only shows, videos and series; other elements are omitted.
     std::vector<MixedItem> mixedItems{};
-    /// The path of the collection, below the API's version prefix.
+    /// The path of the collection, relative to the API's version prefix.
     std::optional<std::string> href{};
     /// Key `type`; `standard` if absent or not known.
     MixedCollectionType type{};
-    /// What it is about. Key `description`; empty if absent or not a string.
+    /// The description. Key `description`; empty if absent or not a string.
     std::optional<std::string> description{};
-    /// The address of a picture. Key `thumbnail`; empty if absent or not a string.
+    /// The URL of an image. Key `thumbnail`; empty if absent or not a string.
     std::optional<std::string> thumbnail{};
-    /// The banner. Key `banner`; empty if absent or if it does not decode.
+    /// The banner. Key `banner`; empty if absent or if it cannot be decoded.
     std::optional<Banner> banner{};
-    /// Where the whole collection is. Key `collectionLink`; empty if absent or if it does not decode.
+    /// The link to the complete collection. Key `collectionLink`; empty if absent or if it cannot be decoded.
     std::optional<Link> collectionLink{};
-    /// A show or a video.
+    /// A show or a video; empty if there is none.
     std::optional<CollectionItem> highlightItem{};
-    /// What `Endpoint::ProductAlert` fetches the alert of the collection by.
+    /// The id of the alert about the collection, for `Endpoint::ProductAlert`.
     std::optional<std::string> alertId{};
 
-    /// The elements of `mixedItems` that are collection items, in their order; any others are left out.
+    /// The elements of `mixedItems` that are collection items, in order.
     std::vector<CollectionItem> items() const;
 
     friend bool operator==(const MixedCollection&, const MixedCollection&) = default;
 };
 
-/// Decodes from any JSON value without reading it, and encodes as an object without members.
+/// Can be decoded from any JSON value, which is ignored; is encoded as an empty object.
 struct MixedCollection::Empty {
-    /// Writes no member: a collection is encoded as an empty object.
+    /// Writes no members.
     void encode(JSONObjectWriter&) const {}
 
     friend bool operator==(const Empty&, const Empty&) = default;

@@ -12,13 +12,13 @@
 
 namespace VanticRestKit {
 
-/// Asks for a collection, with its highlight item embedded if wanted.
+/// A collection, optionally with its highlight item embedded.
 struct CollectionURI {
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
         /// The id of the collection.
         Required<std::string> with;
-        /// Whether the answer embeds the item to highlight.
+        /// Whether the response embeds the item to highlight.
         Required<bool> embedHighlightItem;
     };
     /// `CollectionURI({.with = "12", .embedHighlightItem = true})`
@@ -28,7 +28,7 @@ struct CollectionURI {
 
     /// The id of the collection.
     std::string collectionId;
-    /// Whether the answer embeds the item to highlight.
+    /// Whether the response embeds the item to highlight.
     bool embedHighlightItem;
 
     /// The path below the base URL.

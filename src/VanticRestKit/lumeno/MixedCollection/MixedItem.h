@@ -15,12 +15,13 @@
 
 namespace VanticRestKit {
 
-/// A value of any type in a mixed list. One that is a collection item shows as such; any other is only carried.
+/// A value of any type in a mixed list. A collection item is accessible as such; other values are only stored.
 class VRK_EXPORT MixedItem {
 public:
-    /// An element that is a collection item.
+    /// Holds a collection item.
     MixedItem(CollectionItem item) : item_(std::move(item)) {}
-    /// Holds a copy of `value`. A whole list is no element: in braces it would become the only one of another list.
+    /// Holds a copy of `value`. Lists of items are excluded: otherwise `{list}` would create a list with `list` as its
+    /// only element.
     template <class T>
     requires(!std::is_same_v<T, MixedItem> && !std::is_same_v<T, CollectionItem> &&
              !std::is_same_v<T, std::vector<MixedItem>> && std::is_copy_constructible_v<T>)
@@ -32,17 +33,17 @@ public:
         }
     }
 
-    /// Takes over `entity`, which is not null, where it lies.
+    /// Holds `entity`, which must not be null, without copying it.
     template <class Entity>
     requires isCollectionItem<Entity>
     static MixedItem owning(std::unique_ptr<Entity> entity) {
         return CollectionItem::owning(std::move(entity));
     }
 
-    /// The value as a collection item; empty where its type is none.
+    /// The value as a collection item; empty if it is not one.
     const std::optional<CollectionItem>& item() const noexcept { return item_; }
 
-    /// The value, or null where it is of another type. Lives as long as this item or a copy of it.
+    /// The value, or null if it is of another type. Valid as long as this item or a copy of it exists.
     template <class T>
     const T* as() const noexcept {
         if constexpr (isCollectionItem<T>) {
@@ -52,7 +53,7 @@ public:
         }
     }
 
-    /// Whether both hold equal collection items, or one and the same value of another type.
+    /// Whether both hold equal collection items, or share one value of another type.
     friend bool operator==(const MixedItem&, const MixedItem&) = default;
 
 private:

@@ -13,19 +13,19 @@
 
 namespace VanticRestKit {
 
-/// One titled group of the browse index. Only decoding makes one. What is left out is without characters or
-/// elements; anything of a wrong type fails it.
+/// One titled group of the browse index; created only by decoding. Absent fields are empty; decoding fails if a field
+/// is of another type.
 struct BrowseItem {
-    /// For decoders alone.
+    /// Used only for decoding.
     explicit BrowseItem(mapping::Fresh) {}
 
-    /// Key `id`; an empty string if absent; another type fails the decoding.
+    /// Key `id`; an empty string if absent; decoding fails for another type.
     std::string id{};
-    /// The title. Key `title`; an empty string if absent; another type fails the decoding.
+    /// The title. Key `title`; an empty string if absent; decoding fails for another type.
     std::string title{};
-    /// One that does not decode fails the group.
+    /// Key `items`; empty if absent. Decoding fails if any element cannot be decoded.
     std::vector<NavigationItem> items{};
-    /// For a screen reader.
+    /// Text for a screen reader.
     std::string accessibilityText{};
 
     friend bool operator==(const BrowseItem&, const BrowseItem&) = default;
@@ -34,14 +34,14 @@ struct BrowseItem {
 template <>
 VRK_EXPORT const TypePlan& planOf<BrowseItem>();
 
-/// The browse index: groups of entries. Only decoding makes one. One group that does not decode fails it.
+/// The browse index: groups of entries; created only by decoding. Decoding fails if any group cannot be decoded.
 struct BrowseList {
-    /// For decoders alone.
+    /// Used only for decoding.
     explicit BrowseList(mapping::Fresh) {}
 
-    /// The path of the index, below the API's version prefix.
+    /// The path of the index, relative to the API's version prefix.
     std::string href{};
-    /// Key `_embedded.items`; an empty list if absent; another type fails the decoding.
+    /// Key `_embedded.items`; an empty list if absent; decoding fails for another type.
     std::vector<BrowseItem> items{};
 
     friend bool operator==(const BrowseList&, const BrowseList&) = default;

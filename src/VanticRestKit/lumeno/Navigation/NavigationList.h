@@ -13,13 +13,13 @@
 
 namespace VanticRestKit {
 
-/// One entry of a flat list of channels or categories. It must have a link to itself; nothing else fails it.
+/// One entry of a flat list of channels or categories. Only the link to itself is required.
 struct NavigationItem {
     /// Key `id`; empty if absent or not a string.
     std::optional<std::string> id{};
     /// The title. Key `title`; empty if absent or not a string.
     std::optional<std::string> title{};
-    /// For a screen reader.
+    /// Text for a screen reader.
     std::optional<std::string> accessibilityText{};
     /// Key `logoUrl`; empty if absent or not a string.
     std::optional<std::string> logoUrl{};
@@ -27,9 +27,9 @@ struct NavigationItem {
     std::optional<std::string> logoUrlWide{};
     /// Key `path`; empty if absent or not a string.
     std::optional<std::string> path{};
-    /// The path of what the entry leads to, below the API's version prefix.
+    /// The path of the entry's target, relative to the API's version prefix.
     std::string selfHref{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Image> images{};
 
     friend bool operator==(const NavigationItem&, const NavigationItem&) = default;
@@ -38,11 +38,11 @@ struct NavigationItem {
 template <>
 VRK_EXPORT const TypePlan& planOf<NavigationItem>();
 
-/// A flat list of channels or categories. It must have a link to itself.
+/// A flat list of channels or categories. Only the link to itself is required.
 struct NavigationList {
-    /// The path of the list, below the API's version prefix.
+    /// The path of the list, relative to the API's version prefix.
     std::string selfHref{};
-    /// One without a link to itself empties the list.
+    /// Empty if any element has no link to itself.
     std::vector<NavigationItem> items{};
 
     friend bool operator==(const NavigationList&, const NavigationList&) = default;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `NavigationMainMenuList`: the main menu, with its entries and their pictures.
+/// `NavigationMainMenuList`: the main menu, with its entries and their images.
 
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
@@ -12,13 +12,13 @@
 
 namespace VanticRestKit {
 
-/// A picture of the main menu. Nothing of it may be left out.
+/// An image of the main menu. All fields are required.
 struct NavigationMainMenuItemImage {
-    /// Key `id`; must be there and be a string.
+    /// Key `id`; a required string.
     std::string id{};
-    /// The address of the picture. Key `url`; must be there and be a string.
+    /// The URL of the image. Key `url`; a required string.
     std::string url{};
-    /// For a screen reader.
+    /// Text for a screen reader.
     std::string accessibilityText{};
 
     friend bool operator==(const NavigationMainMenuItemImage&, const NavigationMainMenuItemImage&) = default;
@@ -27,21 +27,21 @@ struct NavigationMainMenuItemImage {
 template <>
 VRK_EXPORT const TypePlan& planOf<NavigationMainMenuItemImage>();
 
-/// An entry of the main menu, with the entries below it. Anything of a wrong type fails it.
+/// An entry of the main menu, with the entries below it. Decoding fails if a field is of another type.
 struct NavigationMainMenuItem {
-    /// Key `id`; must be there and be a string.
+    /// Key `id`; a required string.
     std::string id{};
-    /// The title. Key `title`; empty if absent or null; another type fails the decoding.
+    /// The title. Key `title`; empty if absent or null; decoding fails for another type.
     std::optional<std::string> title{};
-    /// For a screen reader.
+    /// Text for a screen reader.
     std::optional<std::string> accessibilityText{};
-    /// Key `logoUrl`; empty if absent or null; another type fails the decoding.
+    /// Key `logoUrl`; empty if absent or null; decoding fails for another type.
     std::optional<std::string> logoUrl{};
-    /// Key `path`; empty if absent or null; another type fails the decoding.
+    /// Key `path`; empty if absent or null; decoding fails for another type.
     std::optional<std::string> path{};
-    /// The entries below this one, as deep as a document goes.
+    /// The entries below this one, to any depth.
     std::optional<std::vector<NavigationMainMenuItem>> items{};
-    /// Pictures. Key `images`; empty if absent or null; another type fails the decoding.
+    /// Images. Key `images`; empty if absent or null; decoding fails for another type.
     std::optional<std::vector<NavigationMainMenuItemImage>> images{};
 
     friend bool operator==(const NavigationMainMenuItem&, const NavigationMainMenuItem&) = default;
@@ -50,9 +50,9 @@ struct NavigationMainMenuItem {
 template <>
 VRK_EXPORT const TypePlan& planOf<NavigationMainMenuItem>();
 
-/// The main menu, a tree. One entry or picture that does not decode fails it, however deep it lies.
+/// The main menu, which is a tree. Decoding fails if any entry or image, at any depth, cannot be decoded.
 struct NavigationMainMenuList {
-    /// Key `items`; must be there; one element that does not decode fails the document.
+    /// Key `items`; required; decoding fails if any element cannot be decoded.
     std::vector<NavigationMainMenuItem> items{};
 
     friend bool operator==(const NavigationMainMenuList&, const NavigationMainMenuList&) = default;

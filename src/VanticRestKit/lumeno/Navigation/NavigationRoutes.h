@@ -13,22 +13,22 @@
 
 namespace VanticRestKit {
 
-/// What a flat list is of.
+/// The content of a flat list.
 enum class NavigationType { channels, categories };
 
-/// The raw texts of `NavigationType`.
+/// The raw strings of `NavigationType`.
 template <>
 struct RawTexts<NavigationType> {
-    /// The cases with their names and raw texts, in case order.
+    /// The cases with their names and raw strings, in declaration order.
     static constexpr RawCase<NavigationType> cases[] = {
         {NavigationType::channels, "channels", "channels"},
         {NavigationType::categories, "categories", "categories"},
     };
 };
 
-/// Asks for the flat list of channels or of categories.
+/// The flat list of channels or categories.
 struct NavigationURI {
-    /// What the list holds.
+    /// Whether the list contains channels or categories.
     NavigationType navigationType{};
 
     /// The path below the base URL.
@@ -39,18 +39,18 @@ struct NavigationURI {
     friend bool operator==(const NavigationURI&, const NavigationURI&) = default;
 };
 
-/// Asks for the main menu, with or for the given channels, one text that is sent as it stands.
+/// The main menu for the given channels, a string that is sent unchanged.
 struct NavigationMainMenuItemURI {
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
         /// The channels, separated by commas.
         Required<std::string> channels;
     };
-    /// Made of its arguments.
+    /// Creates the route from its arguments.
     explicit NavigationMainMenuItemURI(Arguments arguments)
         : queryItems{{"include", "personalize"}, {"channel", std::move(arguments.channels).value()}} {}
 
-    /// May be set; it goes out as it stands.
+    /// May be changed; sent unchanged.
     std::string path = "v2/navigation/mobile";
     /// The query items, in order.
     std::vector<URLQueryItem> queryItems;
@@ -58,7 +58,7 @@ struct NavigationMainMenuItemURI {
     friend bool operator==(const NavigationMainMenuItemURI&, const NavigationMainMenuItemURI&) = default;
 };
 
-/// Asks for the browse index.
+/// The browse index.
 struct BrowseURI {
     /// The path below the base URL.
     std::string path() const { return "v2/browse"; }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `LivestreamRegion`: a region with livestreams of its own.
+/// `LivestreamRegion`: a region with its own livestreams.
 
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
@@ -15,28 +15,28 @@
 
 namespace VanticRestKit {
 
-/// A region with livestreams of its own. An enumeration, but a class, so that it can list its cases. Regions compare by
-/// their raw strings, not by the order of the cases.
+/// A region with its own livestreams. This is a class and not an enumeration so that it can list its cases. Regions are
+/// ordered by their raw strings, not by the order of the cases.
 class LivestreamRegion {
 public:
-    /// What a `switch` sees; `LivestreamRegion::NSW` serves as its label.
+    /// The cases, for a `switch`; its labels are `LivestreamRegion::NSW` and so on.
     enum class Case { ACT, SA, NSW, VIC, WA, NT, QLD, TAS };
 
-    /// Raw text "act".
+    /// Raw string "act".
     static const LivestreamRegion ACT;
-    /// Raw text "sa".
+    /// Raw string "sa".
     static const LivestreamRegion SA;
-    /// Raw text "nsw".
+    /// Raw string "nsw".
     static const LivestreamRegion NSW;
-    /// Raw text "vic".
+    /// Raw string "vic".
     static const LivestreamRegion VIC;
-    /// Raw text "wa".
+    /// Raw string "wa".
     static const LivestreamRegion WA;
-    /// Raw text "nt".
+    /// Raw string "nt".
     static const LivestreamRegion NT;
-    /// Raw text "qld".
+    /// Raw string "qld".
     static const LivestreamRegion QLD;
-    /// Raw text "tas".
+    /// Raw string "tas".
     static const LivestreamRegion TAS;
 
     /// All regions, in the order of the cases.
@@ -70,10 +70,10 @@ inline constexpr LivestreamRegion LivestreamRegion::TAS{Case::TAS};
 inline constexpr std::array<LivestreamRegion, 8> LivestreamRegion::allCases{ACT, SA, NSW, VIC,
                                                                             WA,  NT, QLD, TAS};
 
-/// The raw texts of `LivestreamRegion`.
+/// The raw strings of `LivestreamRegion`.
 template <>
 struct RawTexts<LivestreamRegion> {
-    /// The cases with their names and raw texts, in case order.
+    /// The cases with their names and raw strings, in declaration order.
     static constexpr RawCase<LivestreamRegion> cases[] = {
         {LivestreamRegion::ACT, "ACT", "act"}, {LivestreamRegion::SA, "SA", "sa"},
         {LivestreamRegion::NSW, "NSW", "nsw"}, {LivestreamRegion::VIC, "VIC", "vic"},
@@ -82,7 +82,7 @@ struct RawTexts<LivestreamRegion> {
     };
 };
 
-/// By the raw strings.
+/// Compares the raw strings.
 constexpr std::strong_ordering operator<=>(LivestreamRegion a, LivestreamRegion b) noexcept {
     return rawValue(a) <=> rawValue(b);
 }

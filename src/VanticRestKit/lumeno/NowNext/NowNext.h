@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `NowNext`: what is on now and what comes next, each a `NowNextContainer`.
+/// `NowNext`: the current and the next programme of a channel, each a `NowNextContainer`.
 
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/platform/json/RawText.h>
@@ -13,43 +13,43 @@
 
 namespace VanticRestKit {
 
-/// One programme of a schedule. An event of a kind that is not known fails it.
+/// One programme of a schedule. Decoding fails for an unknown kind of event.
 struct NowNextContainer {
     /// Whether the channel is on air, off air or has no stream.
     enum class EventType { ONAIR, OFFAIR, NOSTREAM };
 
-    /// The house number. Key `houseNumber`; must be there and be a string.
+    /// The house number. Key `houseNumber`; a required string.
     std::string houseNumber{};
-    /// The title to show. Key `displayTitle`; must be there and be a string.
+    /// The title to display. Key `displayTitle`; a required string.
     std::string displayTitle{};
-    /// The subtitle to show. Key `displaySubtitle`; must be there and be a string.
+    /// The subtitle to display. Key `displaySubtitle`; a required string.
     std::string displaySubtitle{};
-    /// What it is about. Key `description`; empty if absent or not a string.
+    /// The description. Key `description`; empty if absent or not a string.
     std::optional<std::string> description{};
-    /// As the service sends it; the library gives it no unit.
+    /// The value that the service sends; the unit is not specified. A required whole number.
     std::uint64_t start{};
     /// As `start`.
     std::uint64_t end{};
     /// As `start`.
     std::uint64_t duration{};
-    /// Whether it can be played. Key `playable`; must be there and be a boolean.
+    /// Whether it can be played. Key `playable`; a required boolean.
     bool playable{};
-    /// Whether there are captions. Key `captions`; must be there and be a boolean.
+    /// Whether there are captions. Key `captions`; a required boolean.
     bool captions{};
-    /// For which ages the programme is, as a text to show.
+    /// The age classification, as text to display.
     std::optional<std::string> classification{};
-    /// Key `eventType`; must be there.
+    /// Key `eventType`; required.
     EventType eventType{};
-    /// What kind of entity the service calls it; not compared with anything.
+    /// The kind of entity according to the service; not checked. Key `_entity`; a required string.
     std::string entity{};
 
     friend bool operator==(const NowNextContainer&, const NowNextContainer&) = default;
 };
 
-/// The raw texts of `NowNextContainer::EventType`.
+/// The raw strings of `NowNextContainer::EventType`.
 template <>
 struct RawTexts<NowNextContainer::EventType> {
-    /// The cases with their names and raw texts, in case order.
+    /// The cases with their names and raw strings, in declaration order.
     static constexpr RawCase<NowNextContainer::EventType> cases[] = {
         {NowNextContainer::EventType::ONAIR, "ONAIR", "ONAIR"},
         {NowNextContainer::EventType::OFFAIR, "OFFAIR", "OFFAIR"},
@@ -60,11 +60,11 @@ struct RawTexts<NowNextContainer::EventType> {
 template <>
 VRK_EXPORT const TypePlan& planOf<NowNextContainer>();
 
-/// What is on a channel now and what comes next. A programme that is there must decode.
+/// The current and the next programme of a channel. Decoding fails if one of them cannot be decoded.
 struct NowNext {
-    /// What is on now. Key `now`; empty if absent or null; another type fails the decoding.
+    /// The current programme. Key `now`; empty if absent or null; decoding fails for another type.
     std::optional<NowNextContainer> now{};
-    /// What comes next. Key `next`; empty if absent or null; another type fails the decoding.
+    /// The next programme. Key `next`; empty if absent or null; decoding fails for another type.
     std::optional<NowNextContainer> next{};
 
     friend bool operator==(const NowNext&, const NowNext&) = default;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The routes to what is on: `NowNextURI` and `LivestreamsURI`.
+/// The routes to live channels: `NowNextURI` and `LivestreamsURI`.
 
 #include <VanticRestKit/lumeno/NowNext/LivestreamRegion.h>
 
@@ -10,7 +10,7 @@
 
 namespace VanticRestKit {
 
-/// Asks for what is on a channel now and next; the house number goes into the path as it stands.
+/// The current and the next programme of a channel. The house number is inserted into the path unchanged.
 struct NowNextURI {
     /// The house number of the video.
     std::string houseNumber{};
@@ -21,7 +21,7 @@ struct NowNextURI {
     friend bool operator==(const NowNextURI&, const NowNextURI&) = default;
 };
 
-/// Asks for the livestreams of a region, or of the whole country where none is given.
+/// The livestreams of a region, or of the whole country.
 struct LivestreamsURI {
     /// The region; empty for the whole country.
     std::optional<LivestreamRegion> region{};

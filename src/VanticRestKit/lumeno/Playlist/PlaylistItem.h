@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `PlaylistItem`: one entry of what is played for a video.
+/// `PlaylistItem`: one entry of a video's playlist.
 
 #include <VanticRestKit/lumeno/Playlist/Streams.h>
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
@@ -13,30 +13,30 @@
 
 namespace VanticRestKit {
 
-/// One entry of what is played for a video. An entry of a kind that is not known does not decode, and with it
-/// the whole playlist that holds it.
+/// One entry of a video's playlist. An entry of an unknown kind cannot be decoded, and neither can the playlist that
+/// contains it.
 struct PlaylistItem {
-    /// What an entry of a playlist is.
+    /// The kind of an entry.
     enum class PlaylistType { program, rating, viewerAdvice, preroll, livestream, trailer };
 
-    /// Key `type`; must be there.
+    /// Key `type`; required.
     PlaylistType type{};
-    /// Where it is played from. Key `streams`; must be there.
+    /// The streams. Key `streams`; required.
     Streams streams{};
     /// The title. Key `title`; empty if absent or not a string.
     std::optional<std::string> title{};
-    /// Where the captions lie, as a WebVTT file.
+    /// The URL of a WebVTT file with the captions. Key `captions.src-vtt`; empty if absent or not a string.
     std::optional<std::string> captionsSrcVtt{};
-    /// What the viewer is to be warned of.
+    /// A warning for the viewer. Key `warning`; empty if absent or not a string.
     std::optional<std::string> warning{};
 
     friend bool operator==(const PlaylistItem&, const PlaylistItem&) = default;
 };
 
-/// The raw texts of `PlaylistItem::PlaylistType`.
+/// The raw strings of `PlaylistItem::PlaylistType`.
 template <>
 struct RawTexts<PlaylistItem::PlaylistType> {
-    /// The cases with their names and raw texts, in case order.
+    /// The cases with their names and raw strings, in declaration order.
     static constexpr RawCase<PlaylistItem::PlaylistType> cases[] = {
         {PlaylistItem::PlaylistType::program, "program", "program"},
         {PlaylistItem::PlaylistType::rating, "rating", "rating"},

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Streams`: one stream for each technology of delivery, each with its addresses by quality, a `StreamInfo`.
+/// `Streams`: a stream for each delivery technology, each a `StreamInfo` with a URL for each quality.
 
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
@@ -16,27 +16,27 @@
 
 namespace VanticRestKit {
 
-/// The addresses of one stream, by quality. Any JSON object decodes into one.
+/// The URLs of one stream, by quality. Any JSON object can be decoded.
 struct VRK_EXPORT StreamInfo {
-    /// A level of quality. An enumeration, but a class, so that it can list its cases. The order of the cases is not the
-    /// order of quality; see `highToLow`.
+    /// A quality level. This is a class and not an enumeration so that it can list its cases. They are not in order of
+    /// quality; see `highToLow`.
     class VRK_EXPORT StreamLevel {
     public:
-        /// What a `switch` sees; `StreamLevel::sd` serves as its label.
+        /// The cases, for a `switch`; its labels are `StreamLevel::sd` and so on.
         enum class Case { sd, sdLow, hd720, hd1080 };
 
-        /// Raw text "sd".
+        /// Raw string "sd".
         static const StreamLevel sd;
-        /// Raw text "sd".
+        /// Raw string "sd".
         static const StreamLevel sdLow;
-        /// Raw text "720".
+        /// Raw string "720".
         static const StreamLevel hd720;
-        /// Raw text "1080".
+        /// Raw string "1080".
         static const StreamLevel hd1080;
 
-        /// All levels, the best first.
+        /// All levels, from the highest to the lowest.
         static std::vector<StreamLevel> highToLow();
-        /// All levels, the best last.
+        /// All levels, from the lowest to the highest.
         static std::vector<StreamLevel> lowToHigh();
 
         /// `sd`.
@@ -55,31 +55,31 @@ struct VRK_EXPORT StreamInfo {
 
     /// The argument of `url`: one level.
     struct LevelArgument {
-        /// The level whose address is wanted.
+        /// The requested level.
         Required<StreamLevel> for_;
     };
-    /// The argument of `url`: the best level or the poorest.
+    /// The argument of `url`: the highest or the lowest level.
     struct PreferenceArgument {
-        /// Whether the best level is wanted, else the poorest.
+        /// True for the highest level, false for the lowest.
         Required<bool> preferHighest;
     };
 
-    /// Whether the stream is protected against copying.
+    /// Whether the stream has copy protection. Key `protected`; false if absent or not a boolean.
     bool protected_{};
-    /// The address at this level. Key `sd`; empty if absent or not a string.
+    /// The URL for this level. Key `sd`; empty if absent or not a string.
     std::optional<std::string> sd{};
-    /// The address at this level. Key `sd-low`; empty if absent or not a string.
+    /// The URL for this level. Key `sd-low`; empty if absent or not a string.
     std::optional<std::string> sdLow{};
-    /// The address at this level. Key `720`; empty if absent or not a string.
+    /// The URL for this level. Key `720`; empty if absent or not a string.
     std::optional<std::string> hd720{};
-    /// The address at this level. Key `1080`; empty if absent or not a string.
+    /// The URL for this level. Key `1080`; empty if absent or not a string.
     std::optional<std::string> hd1080{};
 
-    /// The address of one level, `info.url({.for_ = level})`; empty where there is none. No other level stands in.
+    /// The URL for exactly this level: `info.url({.for_ = level})`. Empty if there is none.
     std::optional<std::string> url(LevelArgument argument) const;
 
-    /// The address of the best level that has one, `info.url({.preferHighest = true})`, or of the poorest. An
-    /// address without characters counts. Empty where no level has one.
+    /// The URL for the highest level that has one, `info.url({.preferHighest = true})`, or for the lowest. An empty
+    /// string counts as a URL. Empty if no level has one.
     std::optional<std::string> url(PreferenceArgument argument) const;
 
     friend bool operator==(const StreamInfo&, const StreamInfo&) = default;
@@ -90,10 +90,10 @@ inline constexpr StreamInfo::StreamLevel StreamInfo::StreamLevel::sdLow{Case::sd
 inline constexpr StreamInfo::StreamLevel StreamInfo::StreamLevel::hd720{Case::hd720};
 inline constexpr StreamInfo::StreamLevel StreamInfo::StreamLevel::hd1080{Case::hd1080};
 
-/// The raw texts of `StreamInfo::StreamLevel`.
+/// The raw strings of `StreamInfo::StreamLevel`.
 template <>
 struct RawTexts<StreamInfo::StreamLevel> {
-    /// The cases with their names and raw texts, in case order.
+    /// The cases with their names and raw strings, in declaration order.
     static constexpr RawCase<StreamInfo::StreamLevel> cases[] = {
         {StreamInfo::StreamLevel::sd, "sd", "sd"},
         {StreamInfo::StreamLevel::sdLow, "sdLow", "sd-low"},
@@ -105,13 +105,13 @@ struct RawTexts<StreamInfo::StreamLevel> {
 template <>
 VRK_EXPORT const TypePlan& planOf<StreamInfo>();
 
-/// One stream for each technology of delivery. HLS must be there; the others may be left out.
+/// A stream for each delivery technology. Only HLS is required.
 struct Streams {
-    /// MPEG-DASH. Key `mpegdash`; empty if absent or null; another type fails the decoding.
+    /// MPEG-DASH. Key `mpegdash`; empty if absent or null; decoding fails for another type.
     std::optional<StreamInfo> mpegdash{};
-    /// FairPlay. Key `fairplay`; empty if absent or null; another type fails the decoding.
+    /// FairPlay. Key `fairplay`; empty if absent or null; decoding fails for another type.
     std::optional<StreamInfo> fairplay{};
-    /// HTTP Live Streaming. Key `hls`; must be there.
+    /// HTTP Live Streaming. Key `hls`; required.
     StreamInfo hls{};
 
     friend bool operator==(const Streams&, const Streams&) = default;

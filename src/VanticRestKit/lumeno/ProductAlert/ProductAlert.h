@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ProductAlert`: a notice about an entity.
+/// `ProductAlert`: an alert about an entity.
 
 #include <VanticRestKit/lumeno/Link/Link.h>
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
@@ -12,17 +12,17 @@
 
 namespace VanticRestKit {
 
-/// A notice about an entity. Id, title and message must be there; nothing else fails it.
+/// An alert about an entity. The id, the title and the message are required.
 struct ProductAlert {
-    /// Key `id`; must be there and be a string.
+    /// Key `id`; a required string.
     std::string id{};
-    /// The title. Key `title`; must be there and be a string.
+    /// The title. Key `title`; a required string.
     std::string title{};
-    /// The text of the message. Key `message`; must be there and be a string.
+    /// The text of the message. Key `message`; a required string.
     std::string message{};
-    /// A plain text, not a badge.
+    /// A string, not a badge. Key `status`; empty if absent or not a string.
     std::optional<std::string> status{};
-    /// Where it leads. Key `link`; empty if absent or if it does not decode.
+    /// The link to follow. Key `link`; empty if absent or if it cannot be decoded.
     std::optional<Link> link{};
 
     friend bool operator==(const ProductAlert&, const ProductAlert&) = default;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ProductAlertURI`: the route to a notice.
+/// `ProductAlertURI`: the route to an alert.
 
 #include <VanticRestKit/Core/Required.h>
 
@@ -10,9 +10,9 @@
 
 namespace VanticRestKit {
 
-/// Asks for a notice by the id that an entity gives; it goes into the path as it stands.
+/// An alert by its id, which an entity contains. The id is inserted into the path unchanged.
 struct ProductAlertURI {
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
         /// The id of the alert.
         Required<std::string> with;

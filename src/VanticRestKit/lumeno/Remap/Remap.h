@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Remap`: a path in the terms of the API and of the application.
+/// `Remap`: a path translated to that of the API and that of the application.
 
 #include <VanticRestKit/platform/json/Fresh.h>
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
@@ -11,17 +11,17 @@
 
 namespace VanticRestKit {
 
-/// A path in the terms of the API and of the application. Only decoding makes one. The objects of both links must be
-/// there; what is left out inside them is without characters.
+/// A path translated to that of the API and that of the application; created only by decoding. The objects of both
+/// links are required; absent fields in them are empty strings.
 struct Remap {
-    /// For decoders alone.
+    /// Used only for decoding.
     explicit Remap(mapping::Fresh) {}
 
-    /// Key `status`; an empty string if absent; another type fails the decoding.
+    /// Key `status`; an empty string if absent; decoding fails for another type.
     std::string status{};
-    /// Below the API's version prefix.
+    /// The path in the API, relative to its version prefix.
     std::string apiHref{};
-    /// Within the application.
+    /// The path in the application.
     std::string deeplinkHref{};
 
     friend bool operator==(const Remap&, const Remap&) = default;

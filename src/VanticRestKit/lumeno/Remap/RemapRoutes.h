@@ -12,17 +12,17 @@
 
 namespace VanticRestKit {
 
-/// Asks for a path in the API's own terms. The constructor adds the prefix, with one slash behind it whether or not
-/// the path begins with one; a path that is set later goes out as it stands.
+/// Translates a path. The constructor adds the prefix and a single slash, whether or not the path begins with one. A
+/// path that is set later is sent unchanged.
 struct RemapURI {
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
         /// The path to look up.
         Required<std::string> path;
         /// The query items, in order.
         Required<std::vector<URLQueryItem>> queryItems;
     };
-    /// Made of its arguments.
+    /// Creates the route from its arguments.
     explicit RemapURI(Arguments arguments)
         : path((arguments.path.value().starts_with('/') ? "v2/remap" : "v2/remap/") + arguments.path.value()),
           queryItems(std::move(arguments.queryItems).value()) {}

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `RelatedShowList`: shows that are like another.
+/// `RelatedShowList`: shows that are similar to a show.
 
 #include <VanticRestKit/lumeno/Show/Show.h>
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
@@ -11,9 +11,9 @@
 
 namespace VanticRestKit {
 
-/// Shows that are like another. Any JSON object decodes into one.
+/// Shows that are similar to a show. Any JSON object can be decoded.
 struct RelatedShowList {
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Show> items{};
 
     friend bool operator==(const RelatedShowList&, const RelatedShowList&) = default;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `SearchResults`: what a search found.
+/// `SearchResults`: the shows that a search found.
 
 #include <VanticRestKit/lumeno/Show/Show.h>
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
@@ -13,11 +13,11 @@
 
 namespace VanticRestKit {
 
-/// What a search found. The objects of results and of facts about them must be there.
+/// The shows that a search found. The objects `results` and `_meta` are required.
 struct SearchResults {
-    /// What was searched for, as the service took it.
+    /// The keyword as the service understood it. Key `_meta.keyword`; empty if absent or not a string.
     std::optional<std::string> keyword{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Show> items{};
 
     friend bool operator==(const SearchResults&, const SearchResults&) = default;

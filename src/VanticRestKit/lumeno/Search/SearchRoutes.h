@@ -13,9 +13,9 @@
 
 namespace VanticRestKit {
 
-/// Searches for a keyword, which is always sent; a channel is sent where there is one, also without characters.
+/// Searches for a keyword, which is always sent. The channel is sent if there is one, even if it is an empty string.
 struct SearchURI {
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
         /// What to search for.
         Required<std::string> for_;
@@ -43,7 +43,7 @@ struct SearchURI {
     friend bool operator==(const SearchURI&, const SearchURI&) = default;
 };
 
-/// Asks for the shows that are like another. An empty channel, or one without characters, is not sent.
+/// Shows that are similar to a show. A channel that is empty or an empty string is not sent.
 struct RelatedShowsURI {
     /// The slug of the show.
     std::string showSlug{};

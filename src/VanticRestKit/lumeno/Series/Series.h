@@ -15,12 +15,11 @@
 
 namespace VanticRestKit {
 
-/// One series of a show, with its episodes and extras where the service embeds them.
+/// One series of a show, with its episodes and extras if the service embeds them.
 ///
-/// It must have a text `seriesId` and an object of links; nothing else fails its decoding, and no check is made of
-/// which entity the object claims to be.
+/// Only the `seriesId`, a string, and the object of links are required. The value of "_entity" is not checked.
 struct VRK_EXPORT Series {
-    /// A text, unlike a show's id.
+    /// A string, unlike the id of a show. Key `id`; required.
     std::string seriesId{};
     /// The title. Key `title`; empty if absent or not a string.
     std::optional<std::string> title{};
@@ -28,21 +27,21 @@ struct VRK_EXPORT Series {
     std::optional<std::string> kickerTitle{};
     /// The title of the show. Key `showTitle`; empty if absent or not a string.
     std::optional<std::string> showTitle{};
-    /// The title to show. Key `displayTitle`; empty if absent or not a string.
+    /// The title to display. Key `displayTitle`; empty if absent or not a string.
     std::optional<std::string> displayTitle{};
-    /// The subtitle to show. Key `displaySubtitle`; empty if absent or not a string.
+    /// The subtitle to display. Key `displaySubtitle`; empty if absent or not a string.
     std::optional<std::string> displaySubtitle{};
-    /// What it is about. Key `description`; empty if absent or not a string.
+    /// The description. Key `description`; empty if absent or not a string.
     std::optional<std::string> description{};
-    /// The address of a picture. Key `thumbnail`; empty if absent or not a string.
+    /// The URL of an image. Key `thumbnail`; empty if absent or not a string.
     std::optional<std::string> thumbnail{};
-    /// As the service counts; `episodes` may hold another number.
+    /// The number according to the service; `episodes` may have another size.
     std::optional<std::uint64_t> episodeCount{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Participants> participants{};
-    /// The path of the series itself, below the API's version prefix.
+    /// The path of the series itself, relative to the API's version prefix.
     std::optional<std::string> selfHref{};
-    /// Where the series lies within the application.
+    /// The path of the series in the application.
     std::optional<std::string> deeplinkHref{};
     /// The path of the show. Key `_links.show.href`; empty if absent or not a string.
     std::optional<std::string> showHref{};
@@ -50,24 +49,24 @@ struct VRK_EXPORT Series {
     std::optional<std::string> channel{};
     /// The title of the channel. Key `channelTitle`; empty if absent or not a string.
     std::optional<std::string> channelTitle{};
-    /// The whole video, where the service embeds it. Independent of `playableVideo`.
+    /// The complete video, if the service embeds it. Independent of `playableVideo`.
     std::optional<Video> highlightVideo{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Video> episodes{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Video> extras{};
     /// The title of the extras. Key `extrasTitle`; empty if absent or not a string.
     std::optional<std::string> extrasTitle{};
-    /// For which ages the series is, as a text to show.
+    /// The age classification, as text to display.
     std::optional<std::string> classification{};
-    /// One that is no text empties the list.
+    /// An empty list if absent or if any element is not a string.
     std::vector<std::string> tags{};
     /// The id of the show, a number.
     std::optional<std::uint64_t> showId{};
-    /// What a play button is to play.
+    /// The video that a play button plays.
     std::optional<DirectPlayableVideo> playableVideo{};
 
-    /// The slug of the show, found in `deeplinkHref`; empty where that has too few parts.
+    /// The slug of the show, extracted from `deeplinkHref`; empty if that has too few components.
     std::optional<std::string> derivedShowSlug() const;
 
     friend bool operator==(const Series&, const Series&) = default;
@@ -76,7 +75,7 @@ struct VRK_EXPORT Series {
 /// It is a collection item.
 template <>
 inline constexpr bool isCollectionItem<Series> = true;
-/// What it gives as a collection item.
+/// The members that it provides as a collection item.
 template <>
 VRK_EXPORT const CollectionItemTable& collectionItemTable<Series>();
 

@@ -23,93 +23,93 @@
 
 namespace VanticRestKit {
 
-/// One programme of the catalogue, with its series, videos and links where the service embeds them.
+/// One programme of the catalogue, with its series, videos and links if the service embeds them.
 ///
-/// Only two things fail its decoding: that it is no JSON object, or that it claims to be another entity. Whatever
-/// else is missing or unfit is empty, false or an empty list.
+/// Decoding fails only if the value is not a JSON object or if its "_entity" names another entity. Any other field that
+/// is absent or of another type is empty, false or an empty list.
 struct VRK_EXPORT Show {
-    /// The object claims to be another entity.
+    /// The object's "_entity" names another entity.
     using DecodingError = EntityMismatch<Show>;
 
-    /// A number, unlike a series' id.
+    /// A number, unlike the id of a series. Key `id`; empty if absent or not a non-negative whole number.
     std::optional<std::uint64_t> showId{};
     /// Key `slug`; empty if absent or not a string.
     std::optional<std::string> slug{};
-    /// Empty also for a kind that is not known.
+    /// Empty if absent or unknown.
     std::optional<LumenoSubtype> subtype{};
     /// The title. Key `title`; empty if absent or not a string.
     std::optional<std::string> title{};
     /// Key `kickerTitle`; empty if absent or not a string.
     std::optional<std::string> kickerTitle{};
-    /// The title to show. Key `displayTitle`; empty if absent or not a string.
+    /// The title to display. Key `displayTitle`; empty if absent or not a string.
     std::optional<std::string> displayTitle{};
-    /// What it is about. Key `description`; empty if absent or not a string.
+    /// The description. Key `description`; empty if absent or not a string.
     std::optional<std::string> description{};
-    /// The badge to show on the show.
+    /// The badge of the show. Key `status`; empty if absent or if it cannot be decoded.
     std::optional<Status> status{};
     /// Whether there are captions. Key `captions`; false if absent or not a boolean.
     bool captionsAvailable{};
-    /// The banner. Key `banner`; empty if absent or if it does not decode.
+    /// The banner. Key `banner`; empty if absent or if it cannot be decoded.
     std::optional<Banner> banner{};
-    /// A decoded show always has one: the default where the service sends none that is known.
+    /// The colour theme. Every decoded show has one: the default if the service sends none, or an unknown one.
     std::optional<Theme> theme{};
-    /// Words that describe the show. Key `phrases`; empty if absent or if it does not decode.
+    /// Words that describe the show. Key `phrases`; empty if absent or if it cannot be decoded.
     std::optional<ContextualPhrases> phrases{};
-    /// The address of a picture. Key `thumbnail`; empty if absent or not a string.
+    /// The URL of an image. Key `thumbnail`; empty if absent or not a string.
     std::optional<std::string> thumbnail{};
-    /// The address of a picture. Key `thumbnails.portrait`; empty if absent or not a string.
+    /// The URL of an image. Key `thumbnails.portrait`; empty if absent or not a string.
     std::optional<std::string> portraitThumbnail{};
-    /// The address of a picture. Key `thumbnails.portraitTitled`; empty if absent or not a string.
+    /// The URL of an image. Key `thumbnails.portraitTitled`; empty if absent or not a string.
     std::optional<std::string> portraitTitledThumbnail{};
-    /// The address of a picture. Key `thumbnails.character1`; empty if absent or not a string.
+    /// The URL of an image. Key `thumbnails.character1`; empty if absent or not a string.
     std::optional<std::string> character1Thumbnail{};
-    /// The address of a picture. Key `thumbnails.character2`; empty if absent or not a string.
+    /// The URL of an image. Key `thumbnails.character2`; empty if absent or not a string.
     std::optional<std::string> character2Thumbnail{};
-    /// The number of episodes. Key `episodeCount`; empty if absent or not a whole number that is not negative.
+    /// The number of episodes. Key `episodeCount`; empty if absent or not a non-negative whole number.
     std::optional<std::uint64_t> episodeCount{};
     /// Key `broadcastInfo`; empty if absent or not a string.
     std::optional<std::string> broadcastInfo{};
     /// The title of the social links. Key `socialLinks.title`; empty if absent or not a string.
     std::optional<std::string> socialLinksTitle{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Link> socialLinks{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Link> relatedLinks{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Participants> participants{};
-    /// The address to share. Key `shareUrl`; empty if absent or not a string.
+    /// The URL to share. Key `shareUrl`; empty if absent or not a string.
     std::optional<std::string> shareUrl{};
-    /// When the show last changed. Sent without a zone and read in the device's.
+    /// When the show was last changed. Sent without a time zone; interpreted in that of the device.
     std::optional<Date> updated{};
-    /// For which ages the show is, as a text to show.
+    /// The age classification, as text to display.
     std::optional<std::string> classification{};
-    /// One that is no text empties the list.
+    /// An empty list if absent or if any element is not a string.
     std::vector<std::string> tags{};
     /// Key `buy.appleITMS`; empty if absent or not a string.
     std::optional<std::string> buyAppleItmsUrl{};
-    /// What to show if it is not available. Key `unavailableMessage`; empty if absent or not a string.
+    /// The message to show if it is not available. Key `unavailableMessage`; empty if absent or not a string.
     std::optional<std::string> unavailableMessage{};
     /// In seconds.
     std::optional<std::uint64_t> duration{};
-    /// The duration as a text to show.
+    /// The duration, as text to display.
     std::optional<std::string> displayDuration{};
-    /// The duration as a text to read out.
+    /// The duration, as text for a screen reader.
     std::optional<std::string> displayDurationAccessible{};
-    /// The path of the show itself, below the API's version prefix.
+    /// The path of the show itself, relative to the API's version prefix.
     std::optional<std::string> selfHref{};
-    /// Where the show lies within the application.
+    /// The path of the show in the application.
     std::optional<std::string> deeplinkHref{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Link> categoryLinks{};
-    /// What `Endpoint::ProductAlert` fetches the alert of the show by.
+    /// The id of the alert about the show, for `Endpoint::ProductAlert`.
     std::optional<std::string> alertId{};
-    /// The whole video, where the service embeds it. Independent of `playableVideo`.
+    /// The complete video, if the service embeds it. Independent of `playableVideo`.
     std::optional<Video> highlightVideo{};
     /// Independent of `seriesList`.
     std::optional<Series> selectedSeries{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Series> seriesList{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Video> videoExtras{};
     /// Key `data.blockout.title`; empty if absent or not a string.
     std::optional<std::string> blockedTitle{};
@@ -119,14 +119,14 @@ struct VRK_EXPORT Show {
     std::optional<std::string> channel{};
     /// The title of the channel. Key `channelTitle`; empty if absent or not a string.
     std::optional<std::string> channelTitle{};
-    /// What a play button is to play.
+    /// The video that a play button plays.
     std::optional<DirectPlayableVideo> playableVideo{};
 
     /// `title`.
     std::optional<std::string> showTitle() const;
     /// `selfHref`.
     std::optional<std::string> showHref() const;
-    /// `slug`, also one without characters; without it the slug found in `selfHref`, where that has enough parts.
+    /// `slug`, even if it is an empty string; if there is none, the slug extracted from `selfHref`, or empty.
     std::optional<std::string> derivedShowSlug() const;
 
     friend bool operator==(const Show&, const Show&) = default;
@@ -142,7 +142,7 @@ struct VRK_EXPORT detail::EntityNames<Show> {
 /// It is a collection item.
 template <>
 inline constexpr bool isCollectionItem<Show> = true;
-/// What it gives as a collection item.
+/// The members that it provides as a collection item.
 template <>
 VRK_EXPORT const CollectionItemTable& collectionItemTable<Show>();
 

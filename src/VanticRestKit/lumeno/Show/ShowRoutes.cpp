@@ -5,7 +5,7 @@
 namespace VanticRestKit {
 
 std::string ShowsURI::path() const {
-    // An empty list makes a path that ends in a slash, and is asked for like any other.
+    // An empty list results in a path that ends with a slash; the request is sent anyway.
     return "v2/shows/" + detail::joinedByCommas(showSlugsOrIds);
 }
 

@@ -15,9 +15,10 @@
 
 namespace VanticRestKit {
 
-/// Asks for one show, with its highlight video and, if wanted, its series embedded. A video wins over a series.
+/// One show with its highlight video, and optionally its series, embedded. If both a video and a series are selected,
+/// the video takes precedence.
 struct ShowURI {
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
         /// The show's slug, or its id as text.
         Required<std::string> showSlugOrId;
@@ -25,12 +26,12 @@ struct ShowURI {
         Required<std::optional<std::uint64_t>> series;
         /// The house number of the video to select.
         Required<std::optional<std::string>> videoHouseNumber;
-        /// Whether the answer embeds the selected series and the list of series.
+        /// Whether the response embeds the selected series and the list of series.
         Required<bool> embedSeries;
         /// The channel to filter by; empty for all.
         Required<std::optional<std::string>> channel;
     };
-    /// Made of its arguments.
+    /// Creates the route from its arguments.
     explicit ShowURI(Arguments arguments)
         : showSlugOrId(std::move(arguments.showSlugOrId).value()),
           series(arguments.series.value()),
@@ -38,15 +39,15 @@ struct ShowURI {
           channel(std::move(arguments.channel).value()),
           embedSeries(arguments.embedSeries.value()) {}
 
-    /// The slug of the show, or its id as a text.
+    /// The slug of the show, or its id as a string.
     std::string showSlugOrId;
     /// The series to select.
     std::optional<std::uint64_t> series;
     /// The video to select.
     std::optional<std::string> videoHouseNumber;
-    /// Sent where it has characters.
+    /// The channel; sent unless it is empty or an empty string.
     std::optional<std::string> channel;
-    /// Whether the answer embeds the selected series and the list of series.
+    /// Whether the response embeds the selected series and the list of series.
     bool embedSeries;
 
     /// The path below the base URL.
@@ -68,10 +69,9 @@ struct ShowURI {
     friend bool operator==(const ShowURI&, const ShowURI&) = default;
 };
 
-/// Asks for several shows by slug or id, which go into the path as they stand, joined by commas. An empty list is
-/// asked for too.
+/// Several shows by slug or id. These are joined by commas and inserted into the path unchanged. The list may be empty.
 struct VRK_EXPORT ShowsURI {
-    /// The slugs or ids of the shows, in the order wanted.
+    /// The slugs or ids of the shows, in the desired order.
     std::vector<std::string> showSlugsOrIds{};
 
     /// The path below the base URL.
@@ -80,10 +80,10 @@ struct VRK_EXPORT ShowsURI {
     friend bool operator==(const ShowsURI&, const ShowsURI&) = default;
 };
 
-/// Asks for the shows index, of one channel or of all, with closed captions or without regard to them. An empty
-/// channel, or one without characters, is not sent.
+/// The index of shows, of one channel or of all, optionally only those with closed captions. A channel that is empty or
+/// an empty string is not sent.
 struct ShowsIndexURI {
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
         /// Whether only shows with closed captions are listed.
         Required<bool> closedCaptionOnly;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ShowSummary`: the little that a list of shows needs of each.
+/// `ShowSummary`: the data of a show that a list needs.
 
 #include <VanticRestKit/Core/lumenoSDKError.h>
 #include <VanticRestKit/Core/Required.h>
@@ -18,33 +18,33 @@
 
 namespace VanticRestKit {
 
-/// The little that a list of shows needs of each. Made from a show that has an id, a date, a link and a
-/// thumbnail; never read from JSON.
+/// The data of a show that a list needs. Created from a show with an id, a date, a link and a thumbnail; never decoded
+/// from JSON.
 ///
-/// Two summaries are equal where their `href` is the same with case left out. Their hash takes the case in: equal
-/// summaries may hash apart, and a hashed set may hold both.
+/// Two summaries are equal if their `href` is equal ignoring case. The hash is case-sensitive, however: equal summaries
+/// may have different hashes, and a hashed set may contain both.
 struct VRK_EXPORT ShowSummary {
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
         /// The show to summarise.
         Required<Show> fromShow;
     };
-    /// `ShowSummary::make({.fromShow = show})`. Fails with `initializationError` where the show has no id, date,
-    /// link or thumbnail. A text without characters is there.
+    /// `ShowSummary::make({.fromShow = show})`. Fails with `initializationError` if the show has no id, date, link or
+    /// thumbnail; empty strings are accepted.
     static Result<ShowSummary, lumenoSDKError> make(const Arguments& arguments);
 
-    /// For decoders alone.
+    /// Used only for decoding.
     explicit ShowSummary(mapping::Fresh) {}
 
-    /// Not the show's id, and the same for nearly every show: `href` tells summaries apart.
+    /// Not the id of the show, and the same for nearly every show; use `href` to distinguish summaries.
     std::string id{};
-    /// "_" where the show has none.
+    /// "_" if the show has none.
     std::string title{};
-    /// "_" where the show has none, whatever its title.
+    /// "_" if the show has none, even if it has a title.
     std::string displayTitle{};
     /// The show's `updated`.
     Date updated{};
-    /// The path of the show, below the API's version prefix.
+    /// The path of the show, relative to the API's version prefix.
     std::string href{};
     /// The show's `thumbnail`.
     std::string thumbnail{};
@@ -55,28 +55,28 @@ struct VRK_EXPORT ShowSummary {
     /// The show's `derivedShowSlug`; empty if it has none.
     std::optional<std::string> derivedShowSlug{};
 
-    /// Whether both have the same `href`, with case left out.
+    /// Whether both have the same `href`, ignoring case.
     friend VRK_EXPORT bool operator==(const ShowSummary& a, const ShowSummary& b);
 };
 
-/// Nobody makes a summary but from a show.
+/// A summary is only created from a show.
 template <>
 inline constexpr bool mapping::isOnlyShown<ShowSummary> = true;
 
 namespace detail {
 
-/// The summary of `show`, made without a copy of it; empty where the show cannot give one.
+/// The summary of `show`, created without copying the show; empty if data is missing.
 std::optional<ShowSummary> summaryOf(const Show& show);
 
 }  // namespace detail
 
-/// For looking at summaries.
+/// Only for printing summaries.
 template <>
 VRK_EXPORT const TypePlan& planOf<ShowSummary>();
 
 }  // namespace VanticRestKit
 
-/// The hash of the `href` as it stands, its case included.
+/// The case-sensitive hash of the `href`.
 template <>
 struct std::hash<VanticRestKit::ShowSummary> {
     /// The hash.

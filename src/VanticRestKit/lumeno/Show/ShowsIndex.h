@@ -16,11 +16,11 @@ namespace VanticRestKit {
 
 /// One named group of the shows index.
 struct ShowsGrouped {
-    /// The name of the group. Key `name`; must be there and be a string.
+    /// The name of the group. Key `name`; a required string.
     std::string groupingName{};
-    /// In the service's order.
+    /// In the order of the service.
     std::vector<Show> shows{};
-    /// Made from `shows` in their order, those left out that cannot give one: the two lists may differ in length.
+    /// Created from `shows`, in the same order. Shows with missing data are omitted, so the lists may differ in length.
     std::vector<ShowSummary> showSummaries{};
 
     friend bool operator==(const ShowsGrouped&, const ShowsGrouped&) = default;
@@ -29,11 +29,12 @@ struct ShowsGrouped {
 template <>
 VRK_EXPORT const TypePlan& planOf<ShowsGrouped>();
 
-/// The shows of the catalogue, or of one channel, in named groups. One group or show that does not decode fails it.
+/// The shows of the catalogue, or of one channel, in named groups. Decoding fails if any group or show cannot be
+/// decoded.
 struct ShowsIndex {
-    /// In the service's order.
+    /// In the order of the service.
     std::vector<ShowsGrouped> groups{};
-    /// What `Endpoint::ProductAlert` fetches the alert of the index by.
+    /// The id of the alert about the index, for `Endpoint::ProductAlert`.
     std::optional<std::string> alertId{};
 
     friend bool operator==(const ShowsIndex&, const ShowsIndex&) = default;

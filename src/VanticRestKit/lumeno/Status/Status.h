@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `StatusTheme`: how a badge is to be coloured.
+/// `Status` and `StatusTheme`: a badge and its colour theme.
 
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/error/ErrorCategory.h>
@@ -15,52 +15,52 @@
 
 namespace VanticRestKit {
 
-/// How a badge is to be coloured.
+/// The colour theme of a badge.
 enum class StatusTheme { default_, live };
 
-/// The raw texts of `StatusTheme`.
+/// The raw strings of `StatusTheme`.
 template <>
 struct RawTexts<StatusTheme> {
-    /// The cases with their names and raw texts, in case order.
+    /// The cases with their names and raw strings, in declaration order.
     static constexpr RawCase<StatusTheme> cases[] = {
         {StatusTheme::default_, "default", "default"},
         {StatusTheme::live, "live", "live"},
     };
 };
 
-/// A badge shown on an entity. Title and theme must be there as texts; a theme that is not known is the default
-/// one.
+/// A badge displayed on an entity. The title and the theme are required strings; an unknown theme is replaced by the
+/// default.
 struct Status {
     class DecodingError;
 
-    /// The title. Key `title`; must be there and be a string.
+    /// The title. Key `title`; a required string.
     std::string title{};
-    /// How the screen is coloured. Key `theme`; must be there.
+    /// The colour theme. Key `theme`; required.
     StatusTheme theme{};
 
     friend bool operator==(const Status&, const Status&) = default;
 };
 
-/// What a badge could fail with. Nothing raises it: a theme that is not known is no failure.
+/// The error for an unknown theme. Decoding never produces it, because an unknown theme is replaced by the default.
 class VRK_EXPORT Status::DecodingError {
 public:
-    /// A text that names no theme.
+    /// `found` is not the name of a theme.
     static DecodingError invalidTheme(std::string found) { return DecodingError(std::move(found)); }
 
-    /// The text that names no theme.
+    /// The unknown name.
     const std::string& found() const noexcept { return found_; }
-    /// What went wrong, in a sentence.
+    /// A sentence that describes the error.
     std::string localizedDescription() const { return "Invalid Status theme string value found: " + found_; }
 
-    /// What identifies errors of this type; see `Error`.
+    /// Identifies errors of this type; see `Error`.
     static const ErrorTag& errorTag();
     /// The domain of the error.
     std::string errorDomain() const { return "VanticRestKit.Status.DecodingError"; }
     /// The code of the error within its domain.
     std::int64_t errorCode() const { return 0; }
-    /// The description that `Error` gives.
+    /// The description that `Error` returns.
     std::string generalDescription() const { return localizedDescription(); }
-    /// What `adviceOn` takes the error for.
+    /// The category that `adviceOn` returns.
     static ErrorCategory errorCategory() noexcept { return ErrorCategory::badAnswer; }
 
     /// Whether both are errors of this type.

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What kind of programme an entity is and how it is presented: `Theme`, `LumenoSubtype` and `ContextualPhrases`.
+/// The kind and presentation of an entity: `Theme`, `LumenoSubtype` and `ContextualPhrases`.
 
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/platform/json/RawText.h>
@@ -13,26 +13,26 @@
 
 namespace VanticRestKit {
 
-/// How a screen is to be coloured. An entity reads it from a text and says what an unknown text means.
+/// The colour theme of a screen. The entity that contains it defines how an unknown string is treated.
 enum class Theme { default_, light };
 
-/// The raw texts of `Theme`.
+/// The raw strings of `Theme`.
 template <>
 struct RawTexts<Theme> {
-    /// The cases with their names and raw texts, in case order.
+    /// The cases with their names and raw strings, in declaration order.
     static constexpr RawCase<Theme> cases[] = {
         {Theme::default_, "default", "default"},
         {Theme::light, "light", "light"},
     };
 };
 
-/// What kind of content an entity is. An entity reads it from a text and says what an unknown text means.
+/// The kind of content. The entity that contains it defines how an unknown string is treated.
 enum class LumenoSubtype { livestream, episode, series, feature, trailer };
 
-/// The raw texts of `LumenoSubtype`.
+/// The raw strings of `LumenoSubtype`.
 template <>
 struct RawTexts<LumenoSubtype> {
-    /// The cases with their names and raw texts, in case order.
+    /// The cases with their names and raw strings, in declaration order.
     static constexpr RawCase<LumenoSubtype> cases[] = {
         {LumenoSubtype::livestream, "livestream", "livestream"},
         {LumenoSubtype::episode, "episode", "episode"},
@@ -42,24 +42,24 @@ struct RawTexts<LumenoSubtype> {
     };
 };
 
-/// Words that describe a programme, grouped by kind. A group that the service does not send is empty, which is
-/// not the same as a group without words. A group of another type fails the decoding.
+/// Words that describe a programme, in groups. A group that the service does not send is empty, which is different from
+/// an empty list. Decoding fails if a group is of another type.
 struct ContextualPhrases {
-    /// Key `channel`; empty if absent or null; another type fails the decoding.
+    /// Key `channel`; empty if absent or null; decoding fails for another type.
     std::optional<std::vector<std::string>> channel{};
-    /// Key `genre`; empty if absent or null; another type fails the decoding.
+    /// Key `genre`; empty if absent or null; decoding fails for another type.
     std::optional<std::vector<std::string>> genre{};
-    /// Key `subGenre`; empty if absent or null; another type fails the decoding.
+    /// Key `subGenre`; empty if absent or null; decoding fails for another type.
     std::optional<std::vector<std::string>> subGenre{};
-    /// Key `theme`; empty if absent or null; another type fails the decoding.
+    /// Key `theme`; empty if absent or null; decoding fails for another type.
     std::optional<std::vector<std::string>> theme{};
-    /// Key `mood`; empty if absent or null; another type fails the decoding.
+    /// Key `mood`; empty if absent or null; decoding fails for another type.
     std::optional<std::vector<std::string>> mood{};
-    /// Key `audience`; empty if absent or null; another type fails the decoding.
+    /// Key `audience`; empty if absent or null; decoding fails for another type.
     std::optional<std::vector<std::string>> audience{};
-    /// Key `need`; empty if absent or null; another type fails the decoding.
+    /// Key `need`; empty if absent or null; decoding fails for another type.
     std::optional<std::vector<std::string>> need{};
-    /// Key `other`; empty if absent or null; another type fails the decoding.
+    /// Key `other`; empty if absent or null; decoding fails for another type.
     std::optional<std::vector<std::string>> other{};
 
     friend bool operator==(const ContextualPhrases&, const ContextualPhrases&) = default;

@@ -1,13 +1,13 @@
 #pragma once
 
 /// \file
-/// `TimeURI`: the route to the service's clock.
+/// `TimeURI`: the route to the time of the service.
 
 #include <string>
 
 namespace VanticRestKit {
 
-/// Asks for the time of the service.
+/// The time of the service.
 struct TimeURI {
     /// The path below the base URL.
     std::string path() const { return "v2/time"; }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Participants`: who took part in a programme, in one role.
+/// `Participants`: the participants of a programme in one role.
 
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
@@ -11,11 +11,11 @@
 
 namespace VanticRestKit {
 
-/// Who took part in a programme, in one role. A value of another type than text fails the decoding.
+/// The participants of a programme in one role. Decoding fails if a value is not a string.
 struct Participants {
     /// The role, such as "Director".
     std::optional<std::string> title{};
-    /// The names, as one text.
+    /// The names, in one string.
     std::optional<std::string> list{};
 
     friend bool operator==(const Participants&, const Participants&) = default;

@@ -6,7 +6,7 @@ namespace VanticRestKit {
 
 namespace {
 
-/// The pointer leads to the video itself; of what the service sends only the title counts.
+/// `playableVideo` always refers to the video itself; of the values that the service sends, only the title is used.
 void pointAtItself(Video& video) {
     if (!video.playableVideo) video.playableVideo.emplace();
     video.playableVideo->id = video.videoId;

@@ -22,38 +22,38 @@
 
 namespace VanticRestKit {
 
-/// One playable item of the catalogue, with all that it needs to be shown and played.
+/// One playable item of the catalogue, with all data needed to display and play it.
 ///
-/// Only three things fail its decoding: that it is no JSON object, that it claims to be another entity, or that
-/// its links are no object. Whatever else is missing or unfit is empty, false or an empty list. Fields that
-/// could be told from each other are not made to agree.
+/// Decoding fails only if the value is not a JSON object, if its "_entity" names another entity, or if its links are
+/// not an object. Any other field that is absent or of another type is empty, false or an empty list. Related fields
+/// are not made consistent with each other.
 struct VRK_EXPORT Video {
-    /// The object claims to be another entity.
+    /// The object's "_entity" names another entity.
     using DecodingError = EntityMismatch<Video>;
 
-    /// The number or word by which the service knows the video.
+    /// The id of the video in the service. Key `id`; empty if absent or not a string.
     std::optional<std::string> videoId{};
-    /// The address of a picture, beside those below.
+    /// The URL of an image; see also the ones below.
     std::optional<std::string> thumbnail{};
-    /// The address of a picture. Key `thumbnails.portrait`; empty if absent or not a string.
+    /// The URL of an image. Key `thumbnails.portrait`; empty if absent or not a string.
     std::optional<std::string> portraitThumbnail{};
-    /// The address of a picture. Key `thumbnails.portraitTitled`; empty if absent or not a string.
+    /// The URL of an image. Key `thumbnails.portraitTitled`; empty if absent or not a string.
     std::optional<std::string> portraitTitledThumbnail{};
-    /// The address of a picture. Key `thumbnails.character1`; empty if absent or not a string.
+    /// The URL of an image. Key `thumbnails.character1`; empty if absent or not a string.
     std::optional<std::string> character1Thumbnail{};
-    /// The address of a picture. Key `thumbnails.character2`; empty if absent or not a string.
+    /// The URL of an image. Key `thumbnails.character2`; empty if absent or not a string.
     std::optional<std::string> character2Thumbnail{};
-    /// The address of a picture. Key `thumbnails.episodePortrait`; empty if absent or not a string.
+    /// The URL of an image. Key `thumbnails.episodePortrait`; empty if absent or not a string.
     std::optional<std::string> episodePortraitThumbnail{};
-    /// When the video was published. Sent without a zone and read in the device's.
+    /// When the video was published. Sent without a time zone; interpreted in that of the device.
     std::optional<Date> pubDate{};
-    /// When the video goes. Sent without a zone and read in the device's.
+    /// The expiry date. Sent without a time zone; interpreted in that of the device.
     std::optional<Date> expireDate{};
     /// The channel. Key `channel`; empty if absent or not a string.
     std::optional<std::string> channel{};
     /// The title of the channel. Key `channelTitle`; empty if absent or not a string.
     std::optional<std::string> channelTitle{};
-    /// Empty also for a kind that is not known.
+    /// Empty if absent or unknown.
     std::optional<LumenoSubtype> subtype{};
     /// The title. Key `title`; empty if absent or not a string.
     std::optional<std::string> title{};
@@ -65,59 +65,59 @@ struct VRK_EXPORT Video {
     std::optional<std::string> seriesTitle{};
     /// Key `highlightTitle`; empty if absent or not a string.
     std::optional<std::string> highlightTitle{};
-    /// The title to show. Key `displayTitle`; empty if absent or not a string.
+    /// The title to display. Key `displayTitle`; empty if absent or not a string.
     std::optional<std::string> displayTitle{};
-    /// The subtitle to show. Key `displaySubtitle`; empty if absent or not a string.
+    /// The subtitle to display. Key `displaySubtitle`; empty if absent or not a string.
     std::optional<std::string> displaySubtitle{};
     /// Key `format`; empty if absent or not a string.
     std::optional<std::string> format{};
     /// In seconds.
     std::optional<std::uint64_t> duration{};
-    /// The duration as a text to show.
+    /// The duration, as text to display.
     std::optional<std::string> displayDuration{};
-    /// The duration as a text to read out.
+    /// The duration, as text for a screen reader.
     std::optional<std::string> displayDurationAccessible{};
-    /// The badge to show on the video.
+    /// The badge of the video. Key `status`; empty if absent or if it cannot be decoded.
     std::optional<Status> status{};
-    /// For which ages the video is, as a text to show.
+    /// The age classification, as text to display.
     std::optional<std::string> classification{};
-    /// What the video is about.
+    /// The description. Key `description`; empty if absent or not a string.
     std::optional<std::string> videoDescription{};
     /// Whether there are captions. Key `captions`; false if absent or not a boolean.
     bool captionsAvailable{};
-    /// Carried for the host; the library takes no decision on it.
+    /// For use by the host; the library ignores it. False if absent or not a boolean.
     bool captionsOnAkamai{};
     /// Key `availability`; empty if absent or not a string.
     std::optional<std::string> availability{};
-    /// What `Endpoint::Video` fetches the video by.
+    /// The house number, for `Endpoint::Video`. Key `houseNumber`; empty if absent or not a string.
     std::optional<std::string> houseNumber{};
-    /// False also where the service does not say.
+    /// Whether it can be played. False if absent or not a boolean.
     bool playable{};
-    /// Independent of `playable`.
+    /// The message if it cannot be played; independent of `playable`.
     std::optional<std::string> playableMessage{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Link> relatedLinks{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Participants> participants{};
-    /// What to report when the video is played. Key `analytics`; empty if absent or if it does not decode.
+    /// The values to report when the video is played. Key `analytics`; empty if absent or if it cannot be decoded.
     std::optional<VideoAnalytics> analytics{};
-    /// Where the next video is to be offered, in seconds from the start.
+    /// The time at which to offer the next video, in seconds from the start.
     std::optional<std::uint64_t> nextVideoCuePoint{};
-    /// From where on the video counts as watched, in seconds from the start.
+    /// The time after which the video counts as watched, in seconds from the start.
     std::optional<std::uint64_t> doneCuePoint{};
-    /// The address to share. Key `shareUrl`; empty if absent or not a string.
+    /// The URL to share. Key `shareUrl`; empty if absent or not a string.
     std::optional<std::string> shareUrl{};
-    /// What to show if it is not available. Key `unavailableMessage`; empty if absent or not a string.
+    /// The message to show if it is not available. Key `unavailableMessage`; empty if absent or not a string.
     std::optional<std::string> unavailableMessage{};
-    /// The path of the video itself, below the API's version prefix.
+    /// The path of the video itself, relative to the API's version prefix.
     std::optional<std::string> selfHref{};
-    /// Where the video lies within the application.
+    /// The path of the video in the application.
     std::optional<std::string> deeplinkHref{};
-    /// A number, unlike `seriesId`.
+    /// The id of the show; a number, unlike `seriesId`.
     std::optional<std::uint64_t> showId{};
     /// The path of the show. Key `_links.show.href`; empty if absent or not a string.
     std::optional<std::string> showHref{};
-    /// A text, unlike `showId`.
+    /// The id of the series; a string, unlike `showId`.
     std::optional<std::string> seriesId{};
     /// The path of the series. Key `_links.series.href`; empty if absent or not a string.
     std::optional<std::string> seriesHref{};
@@ -128,20 +128,19 @@ struct VRK_EXPORT Video {
     /// The title of the series of the next episode. Key `_links.nextEpisode.seriesTitle`; empty if absent or not a
     /// string.
     std::optional<std::string> nextEpisodeSeriesTitle{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Link> categoryLinks{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<Link> variationLinks{};
-    /// One that is no text empties the list.
+    /// An empty list if absent or if any element is not a string.
     std::vector<std::string> tags{};
-    /// Points at this video itself, with the title that the service gives for playing it. Every decoded video has
-    /// one.
+    /// Refers to this video itself, with the service's title for a play button. Every decoded video has one.
     std::optional<DirectPlayableVideo> playableVideo{};
-    /// What is played, in order. Empty where the service sends none or an entry does not decode; a list without
-    /// entries is something else.
+    /// The entries to play, in order. Empty if the service sends no playlist or an entry cannot be decoded, which is
+    /// different from an empty list.
     std::optional<std::vector<PlaylistItem>> playlist{};
 
-    /// The slug of the show, found in `deeplinkHref`; empty where that has too few parts.
+    /// The slug of the show, extracted from `deeplinkHref`; empty if that has too few components.
     std::optional<std::string> derivedShowSlug() const;
 
     friend bool operator==(const Video&, const Video&) = default;
@@ -159,7 +158,7 @@ VRK_EXPORT const TypePlan& planOf<Video>();
 /// It is a collection item.
 template <>
 inline constexpr bool isCollectionItem<Video> = true;
-/// What it gives as a collection item.
+/// The members that it provides as a collection item.
 template <>
 VRK_EXPORT const CollectionItemTable& collectionItemTable<Video>();
 

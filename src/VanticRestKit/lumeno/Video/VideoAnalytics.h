@@ -12,9 +12,9 @@
 
 namespace VanticRestKit {
 
-/// Values that a host reports when it plays a video. The library carries them and does nothing else with them.
+/// Values that a host reports when it plays a video. The library does not use them.
 ///
-/// Any JSON object decodes into one. Each value is of one JSON type, and one of another type is empty.
+/// Any JSON object can be decoded. A value of another JSON type than expected is empty.
 struct VideoAnalytics {
     /// Key `oztam.publisherId`; empty if absent or not a string.
     std::optional<std::string> oztamPublisherId{};
@@ -34,7 +34,7 @@ struct VideoAnalytics {
     std::optional<std::string> oztamChannel{};
     /// Key `oztam.url`; empty if absent or not a string.
     std::optional<std::string> oztamUrl{};
-    /// In seconds: the one number of the record.
+    /// In seconds. The only number in this record.
     std::optional<std::uint64_t> oztamMediaDuration{};
     /// Key `oztam.mediaType`; empty if absent or not a string.
     std::optional<std::string> oztamMediaType{};
@@ -62,13 +62,13 @@ struct VideoAnalytics {
     std::optional<std::string> dataLayerLanguage{};
     /// Key `dataLayer.d_canonicalUrl`; empty if absent or not a string.
     std::optional<std::string> dataLayerCanonicalUrl{};
-    /// One text, not a list.
+    /// A single string, not a list.
     std::optional<std::string> dataLayerCategories{};
     /// Key `dataLayer.d_classification`; empty if absent or not a string.
     std::optional<std::string> dataLayerClassification{};
-    /// A text, unlike `oztamMediaDuration`.
+    /// A string, unlike `oztamMediaDuration`.
     std::optional<std::string> dataLayerMediaDuration{};
-    /// A text, though it reads like a flag.
+    /// A string, not a boolean.
     std::optional<std::string> dataLayerCaptionAvailable{};
     /// Key `dataLayer.d_streamType`; empty if absent or not a string.
     std::optional<std::string> dataLayerStreamType{};

@@ -11,9 +11,9 @@
 
 namespace VanticRestKit {
 
-/// Several videos: the answer to `Endpoint::Videos`.
+/// Several videos: the response to `Endpoint::Videos`.
 struct VideoList {
-    /// In the service's order. One that does not decode empties the list.
+    /// In the order of the service. An empty list if absent or if any element cannot be decoded.
     std::vector<Video> videos{};
 
     friend bool operator==(const VideoList&, const VideoList&) = default;

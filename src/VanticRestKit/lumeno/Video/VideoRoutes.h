@@ -10,7 +10,7 @@
 
 namespace VanticRestKit {
 
-/// Asks for one video by its house number, which goes into the path as it stands.
+/// One video by its house number, which is inserted into the path unchanged.
 struct VideoURI {
     /// The house number of the video.
     std::string houseNumber{};
@@ -21,10 +21,10 @@ struct VideoURI {
     friend bool operator==(const VideoURI&, const VideoURI&) = default;
 };
 
-/// Asks for several videos by their house numbers, which go into the path as they stand, joined by commas. An
-/// empty list is asked for too.
+/// Several videos by their house numbers. These are joined by commas and inserted into the path unchanged. The list may
+/// be empty.
 struct VRK_EXPORT VideosURI {
-    /// The house numbers of the videos, in the order wanted.
+    /// The house numbers of the videos, in the desired order.
     std::vector<std::string> houseNumbers{};
 
     /// The path below the base URL.

@@ -1,13 +1,13 @@
 #pragma once
 
-// Several names as one part of a path, which the routes to several videos and to several shows share.
+// Joins names into one path component, for the routes of several videos and several shows.
 
 #include <string>
 #include <vector>
 
 namespace VanticRestKit::detail {
 
-/// The names with a comma between each two, unescaped.
+/// The names, separated by commas and not escaped.
 inline std::string joinedByCommas(const std::vector<std::string>& names) {
     std::string joined;
     const char* separator = "";
