@@ -1,8 +1,8 @@
 #pragma once
 
 /// \file
-/// Every type that documents of the services decode into: the one list from which the command line, the golden tests
-/// and the fuzzer of the decoder know them. A new entity is one line here.
+/// The list of all types that documents of the services decode into, used by the command line, the golden tests and the
+/// fuzzer of the decoder. Add a line for a new entity.
 
 #include <VanticRestKit/kavro/KAVROSegmentsModel.h>
 #include <VanticRestKit/lumeno/Categories/Category.h>
@@ -46,9 +46,9 @@
 
 namespace VanticRestKit {
 
-/// Calls `visit(std::type_identity<T>(), name)` for each type that is a document of its own. The name is that of the
-/// golden documents: a list of images is an "ImageList". New types go to the end: inputs of the fuzzer name a type by
-/// its place.
+/// Calls `visit(std::type_identity<T>(), name)` for each type that a whole document decodes into. The name is the one
+/// used for golden documents: a list of images is an "ImageList". Add new types at the end, because the inputs of the
+/// fuzzer identify a type by its position.
 template <class Visit>
 void visitRootTypes(const Visit& visit) {
     visit(std::type_identity<Video>(), "Video");
@@ -78,7 +78,7 @@ void visitRootTypes(const Visit& visit) {
     visit(std::type_identity<RecommendationModule>(), "RecommendationModule");
 }
 
-/// The same for each type that occurs only within those.
+/// The same for each type that occurs only inside other types.
 template <class Visit>
 void visitNestedTypes(const Visit& visit) {
     visit(std::type_identity<Link>(), "Link");

@@ -14,9 +14,9 @@
 
 namespace VanticRestKit {
 
-/// Asks for the audiences and badges of a subprofile.
+/// The audiences and badges of a subprofile.
 struct VRK_EXPORT KAVROSegmentsURI {
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
         /// The id of the profile.
         Required<std::string> withSubprofileID;
@@ -32,10 +32,10 @@ struct VRK_EXPORT KAVROSegmentsURI {
 
     /// The path below the base URL.
     std::string path() const { return "api/v1/gigya/segments"; }
-    /// An object of the subprofile's id alone; empty where that is not UTF-8.
+    /// A JSON object with only the id of the subprofile; empty if the id is not UTF-8.
     std::optional<Data> postData() const;
 
-    /// This value itself. The body is another one, and nothing in the library uses this.
+    /// Encodes this value. The library does not use this; the body of the request is different.
     void encode(JSONObjectWriter& writer) const;
 
     friend bool operator==(const KAVROSegmentsURI&, const KAVROSegmentsURI&) = default;

@@ -11,23 +11,23 @@
 
 namespace VanticRestKit {
 
-/// A context that also has the key and the token of the segments service. The host implements it, inheriting
-/// virtually; the library stores neither.
+/// A context with the API key and access token of the segments service. The host implements it and inherits virtually.
+/// The library stores neither value.
 ///
-/// Header names compare exactly. If one host object is also a `TrelvoContext`, requests of the user data service carry
-/// these headers too, and its `Content-Type` does not replace the `content-type` of this context: they are sent as one
-/// header with the two content types joined by a comma. A host that wants a single type gives the two services contexts
-/// of their own.
+/// Header names are compared exactly. If the same object is also a `TrelvoContext`, requests to the user data service
+/// have these headers too. Their `Content-Type` does not replace the `content-type` of this context: both are sent as
+/// one header, with the two content types joined by a comma. A host that needs a single content type uses separate
+/// contexts for the two services.
 class VRK_EXPORT KAVROSegmentsContext : public virtual Context {
 public:
     ~KAVROSegmentsContext() override;
 
-    /// The key of the application. Not stored by the library.
+    /// The API key of the application. Not stored by the library.
     virtual std::string apiKey() const = 0;
-    /// The user's token. Not stored by the library.
+    /// The access token of the user. Not stored by the library.
     virtual std::string accessToken() const = 0;
 
-    /// By default `content-type`, `x-api-key` and `Authorization`.
+    /// The headers `content-type`, `x-api-key` and `Authorization` by default.
     std::map<std::string, std::string> HTTPHeaderFields() const override;
 
 protected:

@@ -14,16 +14,16 @@ namespace VanticRestKit {
 
 /// One recommended piece of content.
 struct VRK_EXPORT Recommendation {
-    /// The content, in the form of `RecsModuleContext::recContextURI`.
+    /// The URI of the content, as `RecsModuleContext::recContextURI` returns it.
     std::string rid{};
-    /// Not interpreted by the library.
+    /// The library does not interpret it.
     std::string recipeid{};
 
-    /// The scheme of `rid`; empty where it has none that is known.
+    /// The scheme of `rid`; empty if absent or unknown.
     std::optional<RecsContentSource> contentSource() const;
-    /// The host of `rid`; empty where it has none that is known.
+    /// The host of `rid`; empty if absent or unknown.
     std::optional<RecsContentType> contentType() const;
-    /// The first part of the path of `rid` that has characters; empty where there is none.
+    /// The first non-empty path component of `rid`; empty if there is none.
     std::optional<std::string> contentId() const;
 
     friend bool operator==(const Recommendation&, const Recommendation&) = default;

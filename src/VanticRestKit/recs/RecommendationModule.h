@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `RecommendationModule`: what is recommended in one module.
+/// `RecommendationModule`: the recommendations of one module.
 
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/recs/Recommendation.h>
@@ -12,16 +12,15 @@
 
 namespace VanticRestKit {
 
-/// What is recommended in one module. One recommendation that does not decode fails it.
+/// The recommendations of one module. Decoding fails if any recommendation cannot be decoded.
 struct RecommendationModule {
-    /// The id of the module. Key `moduleid`; must be there and be a string.
+    /// The id of the module. Key `moduleid`; a required string.
     std::string moduleid{};
-    /// Key `variantid`; must be there and be a string.
+    /// Key `variantid`; a required string.
     std::string variantid{};
-    /// Key `label`; must be there and be a string.
+    /// Key `label`; a required string.
     std::string label{};
-    /// What is recommended, in order. Key `recommendations`; must be there; one element that does not decode fails
-    /// the document.
+    /// The recommendations, in order. Key `recommendations`; required; decoding fails if any element cannot be decoded.
     std::vector<Recommendation> recommendations{};
 
     friend bool operator==(const RecommendationModule&, const RecommendationModule&) = default;

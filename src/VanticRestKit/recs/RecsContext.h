@@ -11,16 +11,16 @@
 
 namespace VanticRestKit {
 
-/// A context that also has the key to the recommendation service. The host implements it, inheriting virtually.
+/// A context with the API key of the recommendation service. The host implements it and inherits virtually.
 class VRK_EXPORT RecsContext : public virtual Context {
 public:
     ~RecsContext() override;
 
-    /// The key of the application. Not stored by the library.
+    /// The API key of the application. Not stored by the library.
     virtual std::string apiKey() const = 0;
 
-    /// The request for a path below `baseURL`, with the item `apikey` behind all others. Only the headers that it
-    /// is handed go out: the context's own are not merged in here.
+    /// The request for a path below `baseURL`, with `apikey` as the last query item. Only `additionalHTTPHeaders` are
+    /// sent; the headers of the context are not added.
     std::optional<URLRequest> generateURLRequest(URLRequestArguments arguments) const override;
 
 protected:

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `RecsModuleContext`: names one piece of content, by its `RecsContentSource` and `RecsContentType`.
+/// `RecsModuleContext`: identifies a piece of content, by its `RecsContentSource` and `RecsContentType`.
 
 #include <VanticRestKit/platform/json/RawText.h>
 
@@ -10,20 +10,20 @@
 
 namespace VanticRestKit {
 
-/// Which catalogue a piece of content is of.
+/// The catalogue that contains a piece of content.
 enum class RecsContentSource { lumeno, coremedia };
 
-/// The raw texts of `RecsContentSource`.
+/// The raw strings of `RecsContentSource`.
 template <>
 struct RawTexts<RecsContentSource> {
-    /// The cases with their names and raw texts, in case order.
+    /// The cases with their names and raw strings, in declaration order.
     static constexpr RawCase<RecsContentSource> cases[] = {
         {RecsContentSource::lumeno, "lumeno", "lumeno"},
         {RecsContentSource::coremedia, "coremedia", "coremedia"},
     };
 };
 
-/// What a piece of content is.
+/// The kind of a piece of content.
 enum class RecsContentType {
     audio,
     audioepisode,
@@ -36,10 +36,10 @@ enum class RecsContentType {
     article
 };
 
-/// The raw texts of `RecsContentType`.
+/// The raw strings of `RecsContentType`.
 template <>
 struct RawTexts<RecsContentType> {
-    /// The cases with their names and raw texts, in case order.
+    /// The cases with their names and raw strings, in declaration order.
     static constexpr RawCase<RecsContentType> cases[] = {
         {RecsContentType::audio, "audio", "audio"},
         {RecsContentType::audioepisode, "audioepisode", "audioepisode"},
@@ -53,16 +53,16 @@ struct RawTexts<RecsContentType> {
     };
 };
 
-/// Names one piece of content, also of outside the video catalogue.
+/// Identifies a piece of content, in the video catalogue or outside it.
 struct RecsModuleContext {
-    /// Where the content comes from.
+    /// The catalogue.
     RecsContentSource source{};
-    /// What kind of content it is.
+    /// The kind of content.
     RecsContentType contentType{};
-    /// Its id within the source.
+    /// The id in the catalogue.
     std::string contentId{};
 
-    /// "source://type/id", nothing escaped.
+    /// "source://type/id", without escaping.
     std::string recContextURI() const {
         return std::string(rawValue(source)) + "://" + std::string(rawValue(contentType)) + "/" + contentId;
     }
@@ -71,7 +71,7 @@ struct RecsModuleContext {
     static RecsModuleContext withCoreMediaProgramId(std::string id) {
         return {RecsContentSource::coremedia, RecsContentType::program, std::move(id)};
     }
-    /// An article is named as audio.
+    /// An article; it is identified as audio.
     static RecsModuleContext withArticleId(std::string id) {
         return {RecsContentSource::coremedia, RecsContentType::audio, std::move(id)};
     }

@@ -16,45 +16,45 @@
 
 namespace VanticRestKit {
 
-/// Asks for the recommendations of a module. What they are to be made from travels in the body.
+/// The recommendations of a module. The body contains the data that they are based on.
 struct VRK_EXPORT RecsModuleURI {
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
         /// The id of the module.
         Required<std::string> withModuleId;
-        /// The id of the user; left out of the body if empty.
+        /// The id of the user; omitted from the body if empty.
         Required<std::optional<std::string>> userId;
-        /// The id of the account; left out of the body if empty.
+        /// The id of the account; omitted from the body if empty.
         Required<std::optional<std::string>> accountId;
-        /// The id of the profile; left out of the body if empty.
+        /// The id of the profile; omitted from the body if empty.
         Required<std::optional<std::string>> subprofileId;
-        /// How many recommendations are asked for.
+        /// The maximum number of recommendations.
         Required<std::int64_t> limit;
         /// The method of the request.
         Required<std::string> httpMethod;
-        /// Content that is not to be recommended.
+        /// Content that must not be recommended.
         Required<std::vector<RecsModuleContext>> exclude;
         /// Content to choose from.
         Required<std::vector<RecsModuleContext>> include;
-        /// The content that is on the screen; empty for none.
+        /// The content that is currently displayed; empty for none.
         Required<std::optional<RecsModuleContext>> andModuleContext;
     };
-    /// Made of its arguments.
+    /// Creates the route from its arguments.
     explicit RecsModuleURI(Arguments arguments);
 
     /// The id of the module.
     std::string moduleId;
-    /// The id of the user; left out of the body if empty.
+    /// The id of the user; omitted from the body if empty.
     std::optional<std::string> userId;
-    /// The id of the account; left out of the body if empty.
+    /// The id of the account; omitted from the body if empty.
     std::optional<std::string> accountId;
-    /// The id of the profile; left out of the body if empty.
+    /// The id of the profile; omitted from the body if empty.
     std::optional<std::string> subprofileId;
-    /// The content that is shown when the recommendations are asked for.
+    /// The content that is currently displayed; empty for none.
     std::optional<RecsModuleContext> moduleContext;
-    /// How many at most.
+    /// The maximum number of recommendations.
     std::int64_t limit;
-    /// Content that is not to be recommended.
+    /// Content that must not be recommended.
     std::vector<RecsModuleContext> excludeFilter;
     /// Content to choose from.
     std::vector<RecsModuleContext> includeFilter;
@@ -63,7 +63,7 @@ struct VRK_EXPORT RecsModuleURI {
 
     /// The path below the base URL.
     std::string path() const { return "api/v2/recommendations/" + moduleId; }
-    /// The encoding of this value; empty where a text is not UTF-8.
+    /// This value, encoded; empty if a string is not UTF-8.
     std::optional<Data> postData() const;
 
     /// Writes the members in the order of the keys.

@@ -30,25 +30,26 @@ class TrelvoState;
 
 /// The client of the user data service: profiles, history, progress and watchlist of the signed-in user.
 ///
-/// It holds the user's tokens, in memory alone, and gets new ones where they end within five seconds. Each operation
-/// does that first, on the thread of its caller, **which it blocks until the tokens are there**. Never call one from a
-/// completion: it would wait on the queue that it occupies.
+/// It keeps the user's tokens in memory and requests new ones if they expire within five seconds. Each operation does
+/// this first, **blocking the calling thread until it has a token**. Never call an operation from a completion: it
+/// would wait for a response on the queue that it blocks.
 ///
-/// A completion is called at most once: on the caller's thread before the operation returns where no token is to be
-/// had, else on the delegate queue of the session. Where the context builds no request for the data it is never
-/// called, and where it builds none for the token the caller waits without end.
+/// A completion is called at most once. If the client cannot get a token, it is called on the caller's thread before
+/// the operation returns, otherwise on the delegate queue of the session. If the context cannot build the request for
+/// the data, it is never called; if the context cannot build the request for the token, the caller waits forever.
 ///
-/// A number beyond the signed range, which only an unsigned argument can hold, completes the operation with `unknown`
-/// on the caller's thread, before anything is sent.
+/// If an unsigned argument is out of the signed range, the operation completes with `unknown` on the caller's thread
+/// before anything is sent.
 ///
-/// Any number of threads may call operations at once. Each gets tokens for itself; the last answer stays.
+/// Several threads may call operations at the same time. Each operation requests tokens separately; those of the last
+/// response are kept.
 class VRK_EXPORT Trelvo {
 public:
     /// Receives the outcome of an operation.
     template <class T>
     using Completion = UniqueFunction<void(Result<T, TrelvoError>)>;
 
-    /// The one instance, made on first use.
+    /// The shared instance, created on first use.
     static Trelvo& shared();
 
     Trelvo(const Trelvo&) = delete;
@@ -56,83 +57,84 @@ public:
 
     /// The tokens in use; empty at first.
     std::optional<Auth> auth() const;
-    /// What the last attempt to get tokens failed with; empty at first.
+    /// The error of the last attempt to get tokens; empty if there was none or if it succeeded.
     std::optional<TrelvoError> authError() const;
-    /// Forgets tokens and error: for signing out. A request under way may still bring new tokens.
+    /// Discards the tokens and the error, to sign out. A request in progress may still store new tokens.
     void clearAuth();
 
     /// The arguments of `getSubprofiles`.
     struct GetSubprofilesArguments {
-        /// Whether private data is asked for too.
+        /// Whether private data is included.
         Required<bool> includePrivateData;
-        /// Whether data of the family is asked for too.
+        /// Whether data of the family is included.
         Required<bool> includeFamilyData;
-        /// Receives the outcome, once at most.
+        /// Receives the outcome, at most once.
         Required<Completion<std::vector<Subprofile>>> completionHandler;
     };
-    /// The profiles of the user. `datasetDoesNotExist` where the service answers 404.
+    /// The profiles of the user. Fails with `datasetDoesNotExist` if the service responds with 404.
     void getSubprofiles(GetSubprofilesArguments arguments, const TrelvoContext& context);
 
     /// The arguments of `createSubprofile` and `updateSubprofile`.
     struct DatasetArguments {
-        /// The keys of the profile with their values. Nested objects and lists are not sent.
+        /// The keys and values of the profile. Nested objects and lists are not sent.
         Required<Dictionary> dataset;
-        /// Receives the outcome, once at most.
+        /// Receives the outcome, at most once.
         Required<Completion<Subprofile>> completionHandler;
     };
-    /// Stores `dataset` as a new profile and gives the profile as the service holds it. `datasetNamespaceMismatch` if
-    /// the answer is another dataset, `unknown` if it has none.
+    /// Stores `dataset` as a new profile and returns the profile as the service stored it. Fails with
+    /// `datasetNamespaceMismatch` if the response contains a dataset of another namespace, and with `unknown` if it
+    /// contains none.
     void createSubprofile(DatasetArguments arguments, const TrelvoContext& context);
-    /// Replaces values of the user's profile by `dataset` and gives the profile as the service holds it. Errors as
-    /// `createSubprofile`.
+    /// Changes the values in `dataset` in the user's profile and returns the profile as the service stored it. Fails
+    /// like `createSubprofile`.
     void updateSubprofile(DatasetArguments arguments, const TrelvoContext& context);
 
     /// The argument of `deleteSubprofile` and `deleteHistory`.
     struct DeletionArguments {
-        /// Receives the outcome, once at most.
+        /// Receives the outcome, at most once.
         Required<Completion<void>> completionHandler;
     };
-    /// Deletes history, watchlist and profile, one started after the other; tells how the profile fared.
+    /// Starts deleting the history, then the watchlist, then the profile. The outcome is that of the profile.
     void deleteSubprofile(DeletionArguments arguments, const TrelvoContext& context);
 
-    /// Deletes the viewing history. One that is not there counts as deleted.
+    /// Deletes the viewing history. Succeeds if there is none.
     void deleteHistory(DeletionArguments arguments, const TrelvoContext& context);
 
     /// Receives records of the viewing history.
     using HistoryCompletion = Completion<std::vector<HistoryData>>;
     /// The arguments of `viewingHistory`.
     struct ViewingHistoryArguments {
-        /// How many records are asked for.
+        /// The maximum number of records.
         Required<std::uint64_t> limit;
-        /// Receives the outcome, once at most.
+        /// Receives the outcome, at most once.
         Required<HistoryCompletion> completionHandler;
     };
-    /// The records of the videos that the user has watched, in the order of the service.
-    /// `unableToRetrieveHistoryData` if the answer has no such list.
+    /// The records of the videos that the user has watched, in the order of the service. Fails with
+    /// `unableToRetrieveHistoryData` if the response has no such list.
     void viewingHistory(ViewingHistoryArguments arguments, const TrelvoContext& context);
 
     /// The arguments of `listRecentVideos`.
     struct RecentVideosArguments {
-        /// How many records are asked for.
+        /// The maximum number of records.
         Required<std::uint64_t> limit;
-        /// Whether videos marked as done are asked for, or the others.
+        /// True for videos that are marked as done, false for the others.
         Required<bool> markedAsDone;
-        /// Receives the outcome, once at most.
+        /// Receives the outcome, at most once.
         Required<HistoryCompletion> completionHandler;
     };
-    /// Recent records, of videos that are marked as done or of the others. Errors as `viewingHistory`.
+    /// Recent records, of videos that are marked as done or of the others. Fails like `viewingHistory`.
     void listRecentVideos(RecentVideosArguments arguments, const TrelvoContext& context);
 
     /// The arguments of `listVideosForShow`.
     struct VideosForShowArguments {
         /// The id of the show.
         Required<TrelvoNumber> showId;
-        /// Whether videos marked as done are asked for, or the others; empty for both.
+        /// True for videos that are marked as done, false for the others, empty for both.
         Required<std::optional<bool>> markedAsDone;
-        /// Receives the outcome, once at most.
+        /// Receives the outcome, at most once.
         Required<HistoryCompletion> completionHandler;
     };
-    /// The records of one show. Errors as `viewingHistory`.
+    /// The records of one show. Fails like `viewingHistory`.
     void listVideosForShow(VideosForShowArguments arguments, const TrelvoContext& context);
 
     /// The arguments of `getVideoProgress`.
@@ -141,10 +143,10 @@ public:
         Required<TrelvoNumber> showId;
         /// The house number of the video.
         Required<std::string> houseNumber;
-        /// Receives the outcome, once at most.
+        /// Receives the outcome, at most once.
         Required<HistoryCompletion> completionHandler;
     };
-    /// The records of one video. Errors as `viewingHistory`.
+    /// The records of one video. Fails like `viewingHistory`.
     void getVideoProgress(VideoProgressArguments arguments, const TrelvoContext& context);
 
     /// The arguments of `updateVideoProgress`.
@@ -157,39 +159,39 @@ public:
         Required<TrelvoNumber> progress;
         /// Whether the video counts as watched.
         Required<bool> isDone;
-        /// Receives the outcome, once at most.
+        /// Receives the outcome, at most once.
         Required<HistoryCompletion> completionHandler;
     };
-    /// Records how far one video has been watched and gives its records. Errors as `viewingHistory`.
+    /// Stores the viewing position in a video and returns its records. Fails like `viewingHistory`.
     void updateVideoProgress(UpdateVideoProgressArguments arguments, const TrelvoContext& context);
 
     /// The argument of `listWatchlistShowIds`.
     struct WatchlistArguments {
-        /// Receives the outcome, once at most.
+        /// Receives the outcome, at most once.
         Required<Completion<std::vector<SavedData>>> completionHandler;
     };
-    /// What is on the user's watchlist, in the order of the service. `unableToRetrieveSavedData` if the answer has no
-    /// such list.
+    /// The watchlist of the user, in the order of the service. Fails with `unableToRetrieveSavedData` if the response
+    /// has no such list.
     void listWatchlistShowIds(WatchlistArguments arguments, const TrelvoContext& context);
 
     /// The arguments of `addWatchlistShow`.
     struct AddShowArguments {
         /// The id of the show.
         Required<TrelvoNumber> showId;
-        /// Receives the outcome, once at most.
+        /// Receives the outcome, at most once.
         Required<Completion<std::vector<SavedData>>> completionHandler;
     };
-    /// Puts a show on the watchlist and gives the records of the answer. Errors as `listWatchlistShowIds`.
+    /// Adds a show to the watchlist and returns the records of the response. Fails like `listWatchlistShowIds`.
     void addWatchlistShow(AddShowArguments arguments, const TrelvoContext& context);
 
     /// The arguments of `deleteShow`.
     struct DeleteShowArguments {
         /// The id of the show.
         Required<TrelvoNumber> showId;
-        /// Receives the outcome, once at most.
+        /// Receives the outcome, at most once.
         Required<Completion<void>> completionHandler;
     };
-    /// Takes a show off the watchlist. A 404 is an error.
+    /// Removes a show from the watchlist. A 404 is an error.
     void deleteShow(DeleteShowArguments arguments, const TrelvoContext& context);
 
 private:

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What a `UserClient` holds of its user: `UserAuth` and `SignInState`.
+/// The state of the user of a `UserClient`: `UserAuth` and `SignInState`.
 
 #include <VanticRestKit/trelvo/Common/Auth.h>
 
@@ -10,9 +10,9 @@
 
 namespace VanticRestKit {
 
-/// The tokens of one user, as a host keeps them between two runs.
+/// The tokens of a user, in the form that a host saves between runs.
 struct UserAuth {
-    /// The user that the tokens belong to, as the context names it.
+    /// The id of the user, as in the context.
     std::string uid{};
     /// The tokens.
     Auth auth{};
@@ -20,13 +20,14 @@ struct UserAuth {
     friend bool operator==(const UserAuth&, const UserAuth&) = default;
 };
 
-/// How a client stands with its user.
+/// Whether a client has tokens for its user.
 enum class SignInState : std::uint8_t {
-    /// No tokens are held: at first, after a sign-out, or while they could not be had.
+    /// There are no tokens: initially, after signing out, or if they could not be requested.
     signedOut,
-    /// Tokens are held. The service may still refuse them.
+    /// There are tokens. The service may still refuse them.
     signedIn,
-    /// The last request for tokens was answered 401: the user has to consent anew. Older tokens may still be held.
+    /// The service responded to the last token request with 401: the user has to consent again. There may still be
+    /// older tokens.
     consentNeeded,
 };
 

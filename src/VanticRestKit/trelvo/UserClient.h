@@ -33,9 +33,9 @@ struct UserOperation;
 
 /// The client of the user data service for new hosts: profiles, history, progress and watchlist of the signed-in user.
 ///
-/// Nothing blocks but `wait()` and `get()`, and all calls may be made on any thread, from completions too. Each
-/// operation can be started any number of times, in any form: `start` with a completion, `co_await value()`, `future`,
-/// `wait` or `publisher`.
+/// Only `wait()` and `get()` block. All functions may be called on any thread, also in completions. Each operation can
+/// be started any number of times, in any form: `start` with a completion, `co_await value()`, `future`, `wait` or
+/// `publisher`.
 ///
 /// ```cpp
 /// auto client = UserClient::make(context);
@@ -43,110 +43,114 @@ struct UserOperation;
 ///                        .start({.on = DispatchQueue::main(), .deadline = 5s}, [](auto records) { ... });
 /// ```
 ///
-/// **Outcomes** arrive once for each start, never inside the call, on the queue of the options; if they name none, on
-/// one serial queue of the client. `future().get()` and `wait()` fail at once on that queue and on the one where the
-/// service of the context delivers. A cancelled start ends with `general`, holding a `LoaderError` with the
-/// transport's `URLErrorCode::cancelled`; one that misses its deadline, which covers the wait for tokens, with
-/// `URLErrorCode::timedOut`. If the context builds no request, or a number is beyond the signed range, the outcome is
-/// `unknown`.
+/// **Outcomes** are delivered once for each start, never inside the call, on the queue of the options or, if they name
+/// none, on a serial queue of the client. `future().get()` and `wait()` fail immediately on that queue and on the one
+/// on which the context's service delivers. A cancelled start ends with `general`, which contains a `LoaderError` with
+/// the transport error `URLErrorCode::cancelled`. If it misses its deadline, which includes waiting for tokens, the
+/// code is `URLErrorCode::timedOut`. If the context cannot build a request, or a number is out of the signed range, the
+/// outcome is `unknown`.
 ///
-/// **The context** is read when an operation is started, on the thread of the start: user, source and requests; and by
-/// `get()` and `wait()`, on theirs. Requests are built before the token is known: their `Authorization` has a marker in
-/// its place, which the client replaces in the finished headers. `service` and `logError` are called on queues of the
-/// client and must allow any thread.
+/// **The context**: the user, the source and the requests are read when an operation is started, on the thread that
+/// starts it, and by `get()` and `wait()` on their thread. Requests are built before the token is known; their
+/// `Authorization` contains a placeholder, which the client replaces later. `service` and `logError` are called on
+/// queues of the client and must be callable on any thread.
 ///
-/// **Tokens** are held in memory alone. Operations that find none, or one that ends within five seconds, wait for one
-/// request for new ones, however many they are; it is cancelled when none of them waits any more. An operation whose
-/// token was believed good and is answered 401 is sent once more, with newer tokens. A failed request for tokens lets
-/// operations go on with the tokens held; if none are held they end with `noAuthToken` or `accountReconsentRequired`.
+/// **Tokens** are kept only in memory. If there are none, or they expire within five seconds, all operations that need
+/// them wait for one shared token request, which is cancelled when no operation waits for it any longer. If the service
+/// responds with 401 although the token seemed valid, the operation is sent once more with new tokens. If the token
+/// request fails, operations continue with the old tokens; if there are none, they end with `noAuthToken` or
+/// `accountReconsentRequired`.
 ///
-/// **The user** is read at each start. One who differs from the user of the tokens held ends what is under way for that
-/// user, as cancelled, and drops the tokens before anything is sent; so does a start without a user, with `noUid`.
+/// **The user** is read at each start. If it is not the user of the current tokens, the operations in progress for that
+/// user end as cancelled, and the tokens are discarded before anything is sent. The same happens if there is no user;
+/// the started operation then ends with `noUid`.
 ///
-/// Operations that were made or started go on when the client is dropped. No destructor waits.
+/// Operations that were created or started continue after the client is destroyed. No destructor waits.
 class VRK_EXPORT UserClient {
 public:
-    /// What each member below gives. Nothing happens before it is started.
+    /// The type of the operations below. Nothing happens before an operation is started.
     template <class T>
     using Call = Operation<Result<T, TrelvoError>>;
 
-    /// Keeps `context`, which must not be null.
+    /// Creates a client that keeps `context`, which must not be null.
     static std::shared_ptr<UserClient> make(std::shared_ptr<const TrelvoContext> context);
 
     UserClient(const UserClient&) = delete;
     UserClient& operator=(const UserClient&) = delete;
 
-    /// The tokens held, with their user.
+    /// The current tokens and their user; empty if there are none.
     std::optional<UserAuth> auth() const;
-    /// Replaces the tokens held, for what is started from now on and for what waits. Empty drops them; what is under way
-    /// goes on. Tokens of another user end what is under way, as a change of the user does.
+    /// Replaces the current tokens, for operations that wait or are started later. If `auth` is empty, the tokens are
+    /// discarded and operations in progress continue. Tokens of another user end the operations in progress, as a
+    /// change of the user does.
     void setAuth(std::optional<UserAuth> auth);
-    /// Drops the tokens. All that is under way ends as cancelled.
+    /// Discards the tokens. Operations in progress end as cancelled.
     void signOut();
 
-    /// The state of now, then each change, on the queue of the client. A subscription does not keep the client; it ends
-    /// without a completion when the client and all its operations have gone.
+    /// Publishes the current state and then each change, on a queue of the client. A subscription does not keep the
+    /// client alive. It ends without a completion when the client and all its operations have been destroyed.
     AnyPublisher<SignInState, Never> signInState() const;
-    /// The same for the tokens held, for a host that saves them.
+    /// Publishes the tokens in the same way, for a host that saves them.
     AnyPublisher<std::optional<UserAuth>, Never> authChanges() const;
 
     /// The arguments of `getSubprofiles`.
     struct GetSubprofilesArguments {
-        /// Whether private data is asked for too.
+        /// Whether private data is included.
         Required<bool> includePrivateData;
-        /// Whether data of the family is asked for too.
+        /// Whether data of the family is included.
         Required<bool> includeFamilyData;
     };
-    /// The profiles of the user. `datasetDoesNotExist` if the service answers 404.
+    /// The profiles of the user. Fails with `datasetDoesNotExist` if the service responds with 404.
     Call<std::vector<Subprofile>> getSubprofiles(GetSubprofilesArguments arguments) const;
 
     /// The arguments of `createSubprofile` and `updateSubprofile`.
     struct DatasetArguments {
-        /// The keys of the profile with their values. Nested objects and lists are not sent.
+        /// The keys and values of the profile. Nested objects and lists are not sent.
         Required<Dictionary> dataset;
     };
-    /// Stores `dataset` as a new profile and gives the profile as the service holds it. `datasetNamespaceMismatch` if
-    /// the answer is another dataset, `unknown` if it has none.
+    /// Stores `dataset` as a new profile and returns the profile as the service stored it. Fails with
+    /// `datasetNamespaceMismatch` if the response contains a dataset of another namespace, and with `unknown` if it
+    /// contains none.
     Call<Subprofile> createSubprofile(DatasetArguments arguments) const;
-    /// Replaces values of the user's profile by `dataset` and gives the profile as the service holds it. Errors as
-    /// `createSubprofile`.
+    /// Changes the values in `dataset` in the user's profile and returns the profile as the service stored it. Fails
+    /// like `createSubprofile`.
     Call<Subprofile> updateSubprofile(DatasetArguments arguments) const;
-    /// Deletes history, watchlist and profile, without waiting in between. The outcome is that of the profile; a cancel
-    /// ends all three.
+    /// Deletes the history, the watchlist and the profile, with requests that run at the same time. The outcome is that
+    /// of the profile; cancelling cancels all three.
     Call<void> deleteSubprofile() const;
 
-    /// Deletes the viewing history. One that is not there counts as deleted.
+    /// Deletes the viewing history. Succeeds if there is none.
     Call<void> deleteHistory() const;
 
     /// Records of the viewing history.
     using History = std::vector<HistoryData>;
     /// The arguments of `viewingHistory`.
     struct ViewingHistoryArguments {
-        /// How many records are asked for.
+        /// The maximum number of records.
         Required<std::uint64_t> limit;
     };
-    /// The records of the videos that the user has watched, in the order of the service.
-    /// `unableToRetrieveHistoryData` if the answer has no such list.
+    /// The records of the videos that the user has watched, in the order of the service. Fails with
+    /// `unableToRetrieveHistoryData` if the response has no such list.
     Call<History> viewingHistory(ViewingHistoryArguments arguments) const;
 
     /// The arguments of `listRecentVideos`.
     struct RecentVideosArguments {
-        /// How many records are asked for.
+        /// The maximum number of records.
         Required<std::uint64_t> limit;
-        /// Whether videos marked as done are asked for, or the others.
+        /// True for videos that are marked as done, false for the others.
         Required<bool> markedAsDone;
     };
-    /// Recent records, of videos that are marked as done or of the others. Errors as `viewingHistory`.
+    /// Recent records, of videos that are marked as done or of the others. Fails like `viewingHistory`.
     Call<History> listRecentVideos(RecentVideosArguments arguments) const;
 
     /// The arguments of `listVideosForShow`.
     struct VideosForShowArguments {
         /// The id of the show.
         Required<TrelvoNumber> showId;
-        /// Whether videos marked as done are asked for, or the others; empty for both.
+        /// True for videos that are marked as done, false for the others, empty for both.
         Required<std::optional<bool>> markedAsDone;
     };
-    /// The records of one show. Errors as `viewingHistory`.
+    /// The records of one show. Fails like `viewingHistory`.
     Call<History> listVideosForShow(VideosForShowArguments arguments) const;
 
     /// The arguments of `getVideoProgress`.
@@ -156,7 +160,7 @@ public:
         /// The house number of the video.
         Required<std::string> houseNumber;
     };
-    /// The records of one video. Errors as `viewingHistory`.
+    /// The records of one video. Fails like `viewingHistory`.
     Call<History> getVideoProgress(VideoProgressArguments arguments) const;
 
     /// The arguments of `updateVideoProgress`.
@@ -170,11 +174,11 @@ public:
         /// Whether the video counts as watched.
         Required<bool> isDone;
     };
-    /// Records how far one video has been watched and gives its records. Errors as `viewingHistory`.
+    /// Stores the viewing position in a video and returns its records. Fails like `viewingHistory`.
     Call<History> updateVideoProgress(UpdateVideoProgressArguments arguments) const;
 
-    /// What is on the user's watchlist, in the order of the service. `unableToRetrieveSavedData` if the answer has no
-    /// such list.
+    /// The watchlist of the user, in the order of the service. Fails with `unableToRetrieveSavedData` if the response
+    /// has no such list.
     Call<std::vector<SavedData>> listWatchlistShowIds() const;
 
     /// The argument of `addWatchlistShow` and `deleteShow`.
@@ -182,9 +186,9 @@ public:
         /// The id of the show.
         Required<TrelvoNumber> showId;
     };
-    /// Puts a show on the watchlist and gives the records of the answer. Errors as `listWatchlistShowIds`.
+    /// Adds a show to the watchlist and returns the records of the response. Fails like `listWatchlistShowIds`.
     Call<std::vector<SavedData>> addWatchlistShow(ShowArguments arguments) const;
-    /// Takes a show off the watchlist. A 404 is an error.
+    /// Removes a show from the watchlist. A 404 is an error.
     Call<void> deleteShow(ShowArguments arguments) const;
 
 private:

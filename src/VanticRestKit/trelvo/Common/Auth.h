@@ -11,15 +11,15 @@
 
 namespace VanticRestKit {
 
-/// The tokens of a signed-in user, held in memory alone.
+/// The tokens of a signed-in user. The library keeps them only in memory.
 struct Auth {
-    /// Sent with requests as a bearer credential. Key `access_token`; must be there and be a string.
+    /// The bearer token of requests. Key `access_token`; a required string.
     std::string accessToken{};
-    /// When the access token ends. A service may send any number.
+    /// The expiry date of the access token. A service may send any number.
     Date expiry{};
-    /// Sent with requests for new tokens. Key `refresh_token`; must be there and be a string.
+    /// The token for requests for new tokens. Key `refresh_token`; a required string.
     std::string refreshToken{};
-    /// Kept and never read. Key `token_type`; must be there and be a string.
+    /// Stored, but not used. Key `token_type`; a required string.
     std::string tokenType{};
 
     friend bool operator==(const Auth&, const Auth&) = default;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ResponseMeta`: facts about an answer of the user data service.
+/// `ResponseMeta`: information about a response of the user data service.
 
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/Visibility.h>
@@ -12,13 +12,13 @@
 
 namespace VanticRestKit {
 
-/// Facts about an answer of the user data service. The library reads none of them.
+/// Information about a response of the user data service. The library does not use it.
 struct ResponseMeta {
-    /// Key `count`; empty if absent or null; another type fails the decoding.
+    /// Key `count`; empty if absent or null; decoding fails for another type.
     std::optional<std::uint64_t> count{};
-    /// Key `data`; empty if absent or null; another type fails the decoding.
+    /// Key `data`; empty if absent or null; decoding fails for another type.
     std::optional<std::string> data{};
-    /// Key `status_code`; empty if absent or null; another type fails the decoding.
+    /// Key `status_code`; empty if absent or null; decoding fails for another type.
     std::optional<std::uint64_t> statusCode{};
 
     friend bool operator==(const ResponseMeta&, const ResponseMeta&) = default;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What most routes of the user data service say of a request: `SourceSystem` and `TrelvoSlug`.
+/// Values that most routes of the user data service contain: `SourceSystem` and `TrelvoSlug`.
 
 #include <VanticRestKit/platform/json/RawText.h>
 
@@ -9,31 +9,31 @@
 
 namespace VanticRestKit {
 
-/// Which system asks for user data.
+/// The system that requests user data.
 enum class SourceSystem { lumeno };
 
-/// The raw texts of `SourceSystem`.
+/// The raw strings of `SourceSystem`.
 template <>
 struct RawTexts<SourceSystem> {
-    /// The cases with their names and raw texts, in case order.
+    /// The cases with their names and raw strings, in declaration order.
     static constexpr RawCase<SourceSystem> cases[] = {
         {SourceSystem::lumeno, "lumeno", "lumeno"},
     };
 };
 
-/// Which list of a user is meant. Its description is its raw text.
+/// A list of the user. Its description is its raw string.
 enum class TrelvoSlug { watchlist };
 
-/// The raw texts of `TrelvoSlug`.
+/// The raw strings of `TrelvoSlug`.
 template <>
 struct RawTexts<TrelvoSlug> {
-    /// The cases with their names and raw texts, in case order.
+    /// The cases with their names and raw strings, in declaration order.
     static constexpr RawCase<TrelvoSlug> cases[] = {
         {TrelvoSlug::watchlist, "watchlist", "watchlist"},
     };
 };
 
-/// The raw text.
+/// The raw string.
 constexpr std::string_view description(TrelvoSlug slug) noexcept { return rawValue(slug); }
 
 }  // namespace VanticRestKit

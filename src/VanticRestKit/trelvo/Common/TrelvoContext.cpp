@@ -2,7 +2,7 @@
 
 namespace VanticRestKit {
 
-// Out of line, so that the library has the one copy of the class's table of virtual functions.
+// Defined here so that the library contains the only copy of the vtable.
 TrelvoContext::~TrelvoContext() = default;
 
 }  // namespace VanticRestKit

@@ -12,19 +12,19 @@
 
 namespace VanticRestKit {
 
-/// A context that also knows who is signed in. The host implements it, inheriting virtually.
+/// A context with the signed-in user. The host implements it and inherits virtually.
 ///
 /// A request with a token sets `Content-Type` to "application/x-www-form-urlencoded" and `Authorization` to the token,
-/// in place of headers of exactly these names. If one host object is also a `KAVROSegmentsContext`, whose default header
-/// is `content-type`, the request has both headers, and they are sent as one with the two content types joined by a
-/// comma. A host that wants a single type gives the two services contexts of their own.
+/// and replaces headers with exactly these names. If the same object is also a `KAVROSegmentsContext`, whose default
+/// header is `content-type`, both are sent as one header, with the two content types joined by a comma. A host that
+/// needs a single content type uses separate contexts for the two services.
 class VRK_EXPORT TrelvoContext : public virtual Context {
 public:
     ~TrelvoContext() override;
 
-    /// The signed-in user; empty when nobody is. A text without characters is a user.
+    /// The id of the signed-in user; empty if no user is signed in. An empty string counts as signed in.
     virtual std::optional<std::string> uid() const = 0;
-    /// Which system asks.
+    /// The system that requests user data.
     virtual SourceSystem source() const = 0;
 
 protected:

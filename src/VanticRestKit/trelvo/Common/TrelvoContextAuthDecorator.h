@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `TrelvoContextAuthDecorator`: a context with a token for the wire.
+/// `TrelvoContextAuthDecorator`: adds a token to the requests of a context.
 
 #include <VanticRestKit/trelvo/Common/TrelvoContext.h>
 #include <VanticRestKit/Visibility.h>
@@ -14,20 +14,20 @@
 
 namespace VanticRestKit {
 
-/// A context that is another one with a token. Lives within one call: it refers to the context that it decorates.
+/// Decorates a context with a token. Used within one call, because it only refers to the decorated context.
 ///
-/// With a token it sets the headers `Authorization` and `Content-Type`, the latter for a form, whatever the body.
-/// All else is the decorated context's, but for `logError`, which it leaves at nobody; the service that the
-/// decorated context makes reports to that context's own.
+/// With a token, it sets the headers `Authorization` and, for any body, `Content-Type` to that of a form. Everything
+/// else is forwarded to the decorated context except `logError`, which is empty here. The service that the decorated
+/// context creates still uses that context's own `logError`.
 class VRK_EXPORT TrelvoContextAuthDecorator final : public virtual TrelvoContext {
 public:
-    /// Decorates a context, which must live as long. Without a token the headers are those of the context.
+    /// `decoratedContext` must outlive this object. Without a token, the headers are unchanged.
     TrelvoContextAuthDecorator(const TrelvoContext& decoratedContext, std::optional<std::string> bearerToken)
         : decoratedContext_(decoratedContext), bearerToken_(std::move(bearerToken)) {}
 
-    /// The context that is decorated.
+    /// The decorated context.
     const TrelvoContext& decoratedContext() const noexcept { return decoratedContext_; }
-    /// Empty where no header is to be set. A text without characters is a token.
+    /// The token; empty if no header is set. An empty string counts as a token.
     const std::optional<std::string>& bearerToken() const noexcept { return bearerToken_; }
 
     std::optional<std::string> uid() const override;

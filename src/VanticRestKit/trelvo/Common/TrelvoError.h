@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `TrelvoError`: why an operation on user data failed.
+/// `TrelvoError`: the error of an operation on user data.
 
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/error/ErrorCategory.h>
@@ -17,10 +17,10 @@ namespace VanticRestKit {
 class NetworkError;
 class NSError;
 
-/// Why an operation on user data failed. An immutable value; `==` compares the case alone.
+/// The error of an operation on user data. An immutable value; `==` compares only the kind.
 class VRK_EXPORT TrelvoError {
 public:
-    /// The cases, in the order of their codes.
+    /// The kinds, in the order of their codes.
     enum class Kind {
         noAuthToken,
         datasetNamespaceMismatch,
@@ -33,60 +33,59 @@ public:
         unableToRetrieveSavedData,
     };
 
-    /// There is no token, and the last attempt to get one failed with `authError`.
+    /// There is no token; the last attempt to get one failed with `authError`.
     static TrelvoError noAuthToken(Error authError);
-    /// A dataset came that is of another namespace than was asked for.
+    /// The response contains a dataset of another namespace than requested.
     static TrelvoError datasetNamespaceMismatch(std::optional<std::string> expected,
                                                 std::optional<std::string> actual);
     /// The request failed with `error`, a `LoaderError`.
     static TrelvoError general(Error error);
-    /// Something else, with a message if there is one.
+    /// Another error, optionally with a message.
     static TrelvoError unknown(std::optional<std::string> message);
-    /// The service answered 404 for a dataset.
+    /// The service responded with 404 to a request for a dataset.
     static TrelvoError datasetDoesNotExist();
-    /// Nobody is signed in.
+    /// No user is signed in.
     static TrelvoError noUid();
-    /// The service refused a token: the user may have to consent anew.
+    /// The service refused to issue a token; the user may have to consent again.
     static TrelvoError accountReconsentRequired();
-    /// The answer had no list of history records, or one record that did not decode.
+    /// The response has no list of history records, or a record cannot be decoded.
     static TrelvoError unableToRetrieveHistoryData();
-    /// The answer had no list of saved records, or one record that did not decode.
+    /// The response has no list of saved records, or a record cannot be decoded.
     static TrelvoError unableToRetrieveSavedData();
 
-    /// What kind of error it is.
+    /// The kind of error.
     Kind kind() const noexcept { return kind_; }
-    /// What `noAuthToken` and `general` hold; empty for the other cases.
+    /// The error inside `noAuthToken` or `general`; empty for the other kinds.
     const std::optional<Error>& underlyingError() const noexcept { return error_; }
-    /// What `unknown` says; may be empty. Empty for the other cases.
+    /// The message of `unknown`; may be empty. Empty for the other kinds.
     const std::optional<std::string>& message() const noexcept { return message_; }
-    /// The namespaces of `datasetNamespaceMismatch`; each may be empty. Empty for the other cases.
+    /// The expected namespace of `datasetNamespaceMismatch`; may be empty. Empty for the other kinds.
     const std::optional<std::string>& expected() const noexcept { return expected_; }
-    /// The namespace that was found; empty if there was none.
+    /// The actual namespace of `datasetNamespaceMismatch`; empty if there was none, and for the other kinds.
     const std::optional<std::string>& actual() const noexcept { return actual_; }
 
-    /// The `NetworkError` inside, however deep: in the `LoaderError` that `general` holds, or in the error for which
-    /// there is no token. Null if there is none. It lives as long as this error.
+    /// The `NetworkError` inside this error, at any depth; null if there is none. Valid as long as this error exists.
     const NetworkError* networkError() const noexcept;
-    /// What the transport reported, as `LoaderError::transportError()`. Null if there is nothing.
+    /// The error of the transport, as in `LoaderError::transportError()`; null if there is none.
     const NSError* transportError() const noexcept;
 
-    /// A sentence for people.
+    /// A sentence that describes the error.
     std::string errorDescription() const;
-    /// What went wrong, in a sentence.
+    /// A sentence that describes the error.
     std::string localizedDescription() const { return errorDescription(); }
 
-    /// What identifies errors of this type; see `Error`.
+    /// Identifies errors of this type; see `Error`.
     static const ErrorTag& errorTag();
     /// The domain of the error.
     static std::string errorDomain() { return "VanticRestKit.TrelvoError"; }
     /// The code of the error within its domain.
     std::int64_t errorCode() const noexcept { return static_cast<std::int64_t>(kind_); }
-    /// The description that `Error` gives.
+    /// The description that `Error` returns.
     std::string generalDescription() const { return errorDescription(); }
-    /// Empty for `noAuthToken` and `general`, where the error held decides.
+    /// Empty for `noAuthToken` and `general`, whose category is that of the wrapped error.
     std::optional<ErrorCategory> errorCategory() const noexcept;
 
-    /// Whether both are of one kind.
+    /// Whether both have the same kind.
     friend bool operator==(const TrelvoError& a, const TrelvoError& b) noexcept { return a.kind_ == b.kind_; }
 
 private:

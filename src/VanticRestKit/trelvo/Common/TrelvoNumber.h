@@ -10,14 +10,14 @@
 
 namespace VanticRestKit {
 
-/// A whole number as an argument of an operation of `Trelvo`. The service takes signed numbers, while the ids and
-/// durations of entities are unsigned: both convert, so that `.showId = *show->showId` needs no cast.
+/// A whole number as an argument of an operation of `Trelvo`. The service expects signed numbers, but the ids and
+/// durations of entities are unsigned. Both convert to this type, so that `.showId = *show->showId` needs no cast.
 ///
-/// An operation completes with `TrelvoError::unknown` if the number is beyond the signed range. A number with a
-/// fraction does not convert.
+/// If the number is out of the signed range, the operation completes with `TrelvoError::unknown`. Floating-point
+/// numbers do not convert.
 class TrelvoNumber {
 public:
-    /// A number within the signed range of 64 bits.
+    /// Stores any integer; `value` is empty if it is out of the range of `std::int64_t`.
     template <std::integral T>
     requires(!std::same_as<T, bool> &&
              sizeof(T) <= sizeof(std::int64_t)) constexpr TrelvoNumber(T number) noexcept
@@ -26,7 +26,7 @@ public:
                      static_cast<std::uint64_t>(number) <=
                          static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max())) {}
 
-    /// The number; empty if it is beyond the signed range.
+    /// The number; empty if it is out of the signed range.
     constexpr std::optional<std::int64_t> value() const noexcept {
         return isInRange_ ? std::optional(value_) : std::nullopt;
     }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `DatasetContainer`: a free-form dataset of a user and what it belongs to.
+/// `DatasetContainer`: a free-form dataset of a user.
 
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/error/AnyValue.h>
@@ -13,23 +13,23 @@
 
 namespace VanticRestKit {
 
-/// A free-form dataset of a user and what it belongs to.
+/// A free-form dataset of a user, with its owner and dates.
 struct DatasetContainer {
-    /// The id of the user. Key `uid`; must be there and be a string.
+    /// The id of the user. Key `uid`; a required string.
     std::string uid{};
     /// Key `parent_uid`; empty if absent or not a string.
     std::optional<std::string> parentUid{};
     /// Key `oid`; empty if absent or not a string.
     std::optional<std::string> oid{};
-    /// A plain text here.
+    /// A string here, not a `SourceSystem`. Key `source`; empty if absent or not a string.
     std::optional<std::string> source{};
     /// Key `namespace`; empty if absent or not a string.
     std::optional<std::string> namespace_{};
-    /// The texts, numbers and truth values of the dataset; anything else in it is left out.
+    /// The strings, numbers and booleans of the dataset; other values are omitted.
     Dictionary dataset{};
-    /// Empty also where it has a fraction of a second.
+    /// When it was created. Empty if absent or not a date, and also if it has a fraction of a second.
     std::optional<Date> created{};
-    /// As `created`.
+    /// See `created`.
     std::optional<Date> updated{};
 
     friend bool operator==(const DatasetContainer&, const DatasetContainer&) = default;

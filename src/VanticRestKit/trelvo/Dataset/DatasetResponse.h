@@ -14,14 +14,13 @@
 
 namespace VanticRestKit {
 
-/// The answer to a request about datasets. Any JSON object decodes into one.
+/// The response to a request for datasets. Any JSON object can be decoded.
 struct DatasetResponse {
-    /// What the service says about its answer. No operation reads it. Key `meta`; empty if absent or if it does not
-    /// decode.
+    /// Information about the response; no operation uses it. Key `meta`; empty if absent or if it cannot be decoded.
     std::optional<ResponseMeta> meta{};
-    /// One that does not decode empties the list.
+    /// An empty list if absent or if any element cannot be decoded.
     std::vector<DatasetContainer> data{};
-    /// The tokens that count from now on, where the service has renewed them.
+    /// The new tokens, if the service has renewed them.
     std::optional<Auth> auth{};
 
     friend bool operator==(const DatasetResponse&, const DatasetResponse&) = default;

@@ -6,8 +6,8 @@ namespace VanticRestKit {
 
 namespace {
 
-/// Writes each value of the dataset under its key: strings, integers, booleans and numbers with a fraction. Anything
-/// else is left out.
+/// Writes each value of the dataset under its key: strings, integers, booleans and numbers with a fraction. Other
+/// values are omitted.
 void encodeDataset(const Dictionary& dataset, JSONObjectWriter& writer) {
     for (const auto& [key, value] : dataset) {
         if (const std::string* text = value.text()) {

@@ -16,7 +16,7 @@
 
 namespace VanticRestKit {
 
-/// Asks for the datasets of a namespace, with private data and that of the family where wanted.
+/// The datasets of a namespace, optionally with private data and the data of the family.
 struct GetDatasetURI {
     /// The id of the user.
     std::string uid{};
@@ -24,9 +24,9 @@ struct GetDatasetURI {
     SourceSystem source{};
     /// The namespace of the dataset.
     std::string namespace_{};
-    /// Whether private data is asked for too.
+    /// Whether private data is included.
     bool includePrivateData{};
-    /// Whether data of the family is asked for too.
+    /// Whether data of the family is included.
     bool includeFamilyData{};
 
     /// The path below the base URL.
@@ -45,7 +45,7 @@ struct GetDatasetURI {
     friend bool operator==(const GetDatasetURI&, const GetDatasetURI&) = default;
 };
 
-/// Creates the dataset of a namespace. The dataset travels in the body as a form field.
+/// Creates the dataset of a namespace. The dataset is sent in the body, as a form field.
 struct VRK_EXPORT CreateDatasetURI {
     /// The id of the user.
     std::string uid{};
@@ -53,7 +53,7 @@ struct VRK_EXPORT CreateDatasetURI {
     SourceSystem source{};
     /// The namespace of the dataset.
     std::string namespace_{};
-    /// What is stored. Nested objects and lists are left out.
+    /// The data to store. Nested objects and lists are omitted.
     Dictionary dataset{};
     /// The method of the request.
     std::string httpMethod = "POST";
@@ -64,16 +64,16 @@ struct VRK_EXPORT CreateDatasetURI {
     std::vector<URLQueryItem> queryItems() const {
         return {{"UID", uid}, {"source", std::string(rawValue(source))}, {"include", "private"}};
     }
-    /// Empty where a number of the dataset is none, or a text is not UTF-8: no body goes out then.
+    /// Empty if a number in the dataset is not finite or a string is not UTF-8; no body is sent then.
     std::optional<Data> postData() const;
 
-    /// The dataset alone, as one flat object: nothing else of this value is encoded.
+    /// Writes only the dataset, as a flat object.
     void encode(JSONObjectWriter& writer) const;
 
     friend bool operator==(const CreateDatasetURI&, const CreateDatasetURI&) = default;
 };
 
-/// Changes the dataset of a namespace. The dataset travels in the body as a form field.
+/// Changes the dataset of a namespace. The dataset is sent in the body, as a form field.
 struct VRK_EXPORT UpdateDatasetURI {
     /// The id of the user.
     std::string uid{};
@@ -81,7 +81,7 @@ struct VRK_EXPORT UpdateDatasetURI {
     SourceSystem source{};
     /// The namespace of the dataset.
     std::string namespace_{};
-    /// What is stored. Nested objects and lists are left out.
+    /// The data to store. Nested objects and lists are omitted.
     Dictionary dataset{};
     /// The method of the request.
     std::string httpMethod = "PATCH";
@@ -92,10 +92,10 @@ struct VRK_EXPORT UpdateDatasetURI {
     std::vector<URLQueryItem> queryItems() const {
         return {{"UID", uid}, {"source", std::string(rawValue(source))}, {"include", "private"}};
     }
-    /// Empty where a number of the dataset is none, or a text is not UTF-8: no body goes out then.
+    /// Empty if a number in the dataset is not finite or a string is not UTF-8; no body is sent then.
     std::optional<Data> postData() const;
 
-    /// The dataset alone, as one flat object: nothing else of this value is encoded.
+    /// Writes only the dataset, as a flat object.
     void encode(JSONObjectWriter& writer) const;
 
     friend bool operator==(const UpdateDatasetURI&, const UpdateDatasetURI&) = default;

@@ -73,7 +73,7 @@ Dictionary Subprofile::makeModifiedDataset(Changes changes) const {
 
 Dictionary Subprofile::makeModifiedDataset(KeyValues changes) const {
     Dictionary dataset = std::move(changes.newKeyValues).value();
-    // What is there already stays: the new values win.
+    // `insert` does not replace existing keys, so the new values take precedence.
     dataset.insert(container_.dataset.begin(), container_.dataset.end());
     return dataset;
 }

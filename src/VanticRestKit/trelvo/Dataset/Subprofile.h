@@ -16,16 +16,16 @@
 
 namespace VanticRestKit {
 
-/// One profile of a user: a view over a dataset of the namespace "profile". A value of the dataset that is of
-/// another type than its property is empty. Two profiles are equal where their uids are.
+/// One profile of a user: a view of a dataset of the namespace "profile". A property is empty if its value in the
+/// dataset is absent or of another type. Two profiles are equal if their uids are equal.
 class VRK_EXPORT Subprofile {
 public:
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
-        /// The dataset to read as a profile.
+        /// The dataset that contains the profile.
         Required<DatasetContainer> datasetContainer;
     };
-    /// `Subprofile::make({.datasetContainer = container})`. Empty where the container is of another namespace.
+    /// `Subprofile::make({.datasetContainer = container})`. Empty if the container has another namespace.
     static std::optional<Subprofile> make(Arguments arguments);
 
     /// The id of the user.
@@ -37,22 +37,22 @@ public:
     /// When it last changed; empty if unknown.
     const std::optional<Date>& updated() const noexcept { return container_.updated; }
 
-    /// The name to show; empty if absent or not a string.
+    /// The name to display; empty if absent or not a string.
     std::optional<std::string> displayName() const;
-    /// The address of the avatar's picture.
+    /// The URL of the avatar's image.
     std::optional<std::string> avatar() const;
     /// The id of the avatar; empty if absent or not a whole number.
     std::optional<std::int64_t> avatarId() const;
-    /// The text of the avatar for screen readers; empty if absent or not a string.
+    /// The text for screen readers; empty if absent or not a string.
     std::optional<std::string> avatarAccessibilityText() const;
-    /// False also where the dataset does not say by a truth value.
+    /// Whether this is the profile of a child; false if absent or not a boolean.
     bool isChild() const;
     /// The year of birth; empty if absent or not a whole number.
     std::optional<std::int64_t> birthYear() const;
     /// Key `channelFilter` of the dataset; empty if absent or not a string.
     std::optional<std::string> channelFilter() const;
 
-    /// The arguments of `makeModifiedDataset`. An empty one leaves its key as it is.
+    /// The arguments of `makeModifiedDataset`. A key whose argument is empty is not changed.
     struct Changes {
         /// For the key `displayName`.
         Required<std::optional<std::string>> newDisplayName;
@@ -67,18 +67,18 @@ public:
         /// For the key `avatarAccessibilityText`.
         Required<std::optional<std::string>> newAvatarAccessibilityText;
     };
-    /// The profile's dataset with every change that is not empty. Nothing can be removed from it in this way.
+    /// The dataset of the profile with the changes applied. Keys cannot be removed in this way.
     Dictionary makeModifiedDataset(Changes changes) const;
 
     /// The argument of `makeModifiedDataset`.
     struct KeyValues {
-        /// Values that are added, or replace those of the same key.
+        /// The values to add or replace.
         Required<Dictionary> newKeyValues;
     };
-    /// The profile's dataset with these values, which win over those that it has.
+    /// The dataset of the profile with these values added or replaced.
     Dictionary makeModifiedDataset(KeyValues changes) const;
 
-    /// Whether both are of one user; nothing else is compared.
+    /// Whether both have the same uid; nothing else is compared.
     friend bool operator==(const Subprofile& a, const Subprofile& b) noexcept { return a.uid() == b.uid(); }
 
 private:

@@ -15,7 +15,7 @@
 
 namespace VanticRestKit {
 
-/// What a record of a viewing history offers: it decodes, so its mapping table is declared before this is asked.
+/// A record of a viewing history. The mapping table must be declared before this concept is checked.
 template <class T>
 concept HistoryEntityProtocol = Decodable<T> && requires(const T& record) {
     { record.source } -> std::convertible_to<std::optional<SourceSystem>>;
@@ -28,21 +28,21 @@ concept HistoryEntityProtocol = Decodable<T> && requires(const T& record) {
 
 /// How far a user has watched one video.
 struct HistoryData {
-    /// Empty also for a system that is not known.
+    /// Empty if absent or unknown.
     std::optional<SourceSystem> source{};
-    /// The id of the user. Key `uid`; must be there and be a string.
+    /// The id of the user. Key `uid`; a required string.
     std::string uid{};
-    /// Key `oid`; must be there and be a string.
+    /// Key `oid`; a required string.
     std::string oid{};
-    /// Key `slug`; must be there and be a string.
+    /// Key `slug`; a required string.
     std::string slug{};
-    /// Key `namespace`; must be there and be a string.
+    /// Key `namespace`; a required string.
     std::string namespace_{};
-    /// Key `key`; must be there and be a string.
+    /// Key `key`; a required string.
     std::string key{};
     /// In seconds.
     std::int64_t progress{};
-    /// Whether the video counts as watched. Key `done`; must be there and be a boolean.
+    /// Whether the video counts as watched. Key `done`; a required boolean.
     bool done{};
     /// Key `lastAccessed`; empty if absent or not a date.
     std::optional<Date> lastAccessed{};

@@ -14,14 +14,13 @@
 
 namespace VanticRestKit {
 
-/// The answer to a request about a viewing history. Any JSON object decodes into one.
+/// The response to a request for a viewing history. Any JSON object can be decoded.
 struct HistoryResponse {
-    /// What the service says about its answer. No operation reads it. Key `meta`; empty if absent or if it does not
-    /// decode.
+    /// Information about the response; no operation uses it. Key `meta`; empty if absent or if it cannot be decoded.
     std::optional<ResponseMeta> meta{};
-    /// Empty also where one record does not decode; a list without records is something else.
+    /// Empty if absent or if any record cannot be decoded, which is different from an empty list.
     std::optional<std::vector<HistoryData>> data{};
-    /// The tokens that count from now on, where the service has renewed them.
+    /// The new tokens, if the service has renewed them.
     std::optional<Auth> auth{};
 
     friend bool operator==(const HistoryResponse&, const HistoryResponse&) = default;

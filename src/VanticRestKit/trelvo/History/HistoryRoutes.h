@@ -15,9 +15,9 @@
 
 namespace VanticRestKit {
 
-/// Asks for the videos that a user has watched.
+/// The videos that a user has watched.
 struct VideoHistoryURI {
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
         /// The id of the user.
         Required<std::string> uid;
@@ -25,10 +25,10 @@ struct VideoHistoryURI {
         Required<SourceSystem> source;
         /// The slug of the list.
         Required<TrelvoSlug> slug;
-        /// How many at most.
+        /// The maximum number of recommendations.
         Required<std::uint64_t> limit;
     };
-    /// Made of its arguments.
+    /// Creates the route from its arguments.
     explicit VideoHistoryURI(Arguments arguments)
         : queryItems{{"UID", std::move(arguments.uid).value()},
                      {"slug", std::string(rawValue(arguments.slug.value()))},
@@ -44,15 +44,15 @@ struct VideoHistoryURI {
     friend bool operator==(const VideoHistoryURI&, const VideoHistoryURI&) = default;
 };
 
-/// Asks for the videos watched last: those done, or, where `markedAsDone` is false or empty, those not done.
+/// The videos watched most recently: those marked as done or, if `markedAsDone` is false or empty, the others.
 struct RecentVideoHistoryURI {
-    /// Whether videos marked as done are asked for; false if empty.
+    /// True for videos that are marked as done; false or empty for the others.
     std::optional<bool> markedAsDone{};
     /// The id of the user.
     std::string uid{};
     /// The calling source.
     SourceSystem source{};
-    /// How many records are asked for.
+    /// The maximum number of records.
     std::uint64_t limit{};
     /// The slug of the list.
     TrelvoSlug slug{};
@@ -72,9 +72,9 @@ struct RecentVideoHistoryURI {
     friend bool operator==(const RecentVideoHistoryURI&, const RecentVideoHistoryURI&) = default;
 };
 
-/// Asks for the videos of a show that a user has watched; only done ones, or only others, where `markedAsDone` says.
+/// The videos of a show that a user has watched, optionally filtered by `markedAsDone`.
 struct VideoHistoryForShowURI {
-    /// Whether videos marked as done are asked for; empty for all.
+    /// True for videos that are marked as done, false for the others, empty for all.
     std::optional<bool> markedAsDone{};
     /// The id of the user.
     std::string uid{};
@@ -100,7 +100,7 @@ struct VideoHistoryForShowURI {
     friend bool operator==(const VideoHistoryForShowURI&, const VideoHistoryForShowURI&) = default;
 };
 
-/// Asks how far a video of a show was watched.
+/// The viewing position in a video of a show.
 struct VideoProgressURI {
     /// The id of the user.
     std::string uid{};
@@ -124,7 +124,7 @@ struct VideoProgressURI {
     friend bool operator==(const VideoProgressURI&, const VideoProgressURI&) = default;
 };
 
-/// Says how far a video of a show was watched. All of it travels in path and query.
+/// Stores the viewing position in a video of a show. All values are sent in the path and the query.
 struct UpdateVideoProgressURI {
     /// The id of the user.
     std::string uid{};
@@ -134,7 +134,7 @@ struct UpdateVideoProgressURI {
     std::int64_t showId{};
     /// The house number of the video.
     std::string houseNumber{};
-    /// How far the video has been watched, in seconds.
+    /// The viewing position, in seconds.
     std::int64_t progress{};
     /// Whether the video counts as watched.
     bool isDone{};

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `SavedData`: one thing that a user has saved.
+/// `SavedData`: an item that a user has saved.
 
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/json/PlanOf.h>
@@ -15,7 +15,7 @@
 
 namespace VanticRestKit {
 
-/// What a record of a saved thing offers: it decodes, so its mapping table is declared before this is asked.
+/// A record of a saved item. The mapping table must be declared before this concept is checked.
 template <class T>
 concept SavedEntityProtocol = Decodable<T> && requires(const T& record) {
     { record.source } -> std::convertible_to<std::optional<SourceSystem>>;
@@ -28,23 +28,23 @@ concept SavedEntityProtocol = Decodable<T> && requires(const T& record) {
     { record.updated } -> std::convertible_to<std::optional<Date>>;
 };
 
-/// One thing that a user has saved.
+/// An item that a user has saved.
 struct SavedData {
-    /// Empty also for a system that is not known.
+    /// Empty if absent or unknown.
     std::optional<SourceSystem> source{};
-    /// Key `oid`; must be there and be a string.
+    /// Key `oid`; a required string.
     std::string oid{};
-    /// Key `slug`; must be there and be a string.
+    /// Key `slug`; a required string.
     std::string slug{};
-    /// Key `namespace`; must be there and be a string.
+    /// Key `namespace`; a required string.
     std::string namespace_{};
-    /// Key `key`; must be there and be a string.
+    /// Key `key`; a required string.
     std::string key{};
-    /// Key `order`; must be there and be a whole number.
+    /// Key `order`; a required whole number.
     std::int64_t order{};
     /// When it was created. Key `created`; empty if absent or not a date.
     std::optional<Date> created{};
-    /// When it last changed. Key `updated`; empty if absent or not a date.
+    /// When it was last changed. Key `updated`; empty if absent or not a date.
     std::optional<Date> updated{};
 
     friend bool operator==(const SavedData&, const SavedData&) = default;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The routes to what a user has saved: `ListAllShowsURI`, `AddShowURI`, `DeleteShowURI` and `DeleteSavedURI`.
+/// The routes to the saved items of a user: `ListAllShowsURI`, `AddShowURI`, `DeleteShowURI` and `DeleteSavedURI`.
 
 #include <VanticRestKit/Core/Required.h>
 #include <VanticRestKit/platform/url/URLQueryItem.h>
@@ -15,7 +15,7 @@
 
 namespace VanticRestKit {
 
-/// Asks for the shows that a user has saved.
+/// The shows that a user has saved.
 struct ListAllShowsURI {
     /// The id of the user.
     std::string uid{};
@@ -38,7 +38,7 @@ struct ListAllShowsURI {
 
 /// Saves a show.
 struct AddShowURI {
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
         /// The id of the user.
         Required<std::string> uid;
@@ -49,7 +49,7 @@ struct AddShowURI {
         /// The id of the show.
         Required<std::int64_t> showId;
     };
-    /// Made of its arguments.
+    /// Creates the route from its arguments.
     explicit AddShowURI(Arguments arguments)
         : uid(std::move(arguments.uid).value()),
           source(arguments.source.value()),
@@ -79,9 +79,9 @@ struct AddShowURI {
     friend bool operator==(const AddShowURI&, const AddShowURI&) = default;
 };
 
-/// Takes a saved show off the list.
+/// Removes a saved show.
 struct DeleteShowURI {
-    /// The arguments, by label.
+    /// The arguments of the constructor.
     struct Arguments {
         /// The id of the user.
         Required<std::string> uid;
@@ -92,7 +92,7 @@ struct DeleteShowURI {
         /// The id of the show.
         Required<std::int64_t> showId;
     };
-    /// Made of its arguments.
+    /// Creates the route from its arguments.
     explicit DeleteShowURI(Arguments arguments)
         : uid(std::move(arguments.uid).value()),
           source(arguments.source.value()),
@@ -122,7 +122,7 @@ struct DeleteShowURI {
     friend bool operator==(const DeleteShowURI&, const DeleteShowURI&) = default;
 };
 
-/// Deletes all that a user has saved.
+/// Deletes all saved items of a user.
 struct DeleteSavedURI {
     /// The id of the user.
     std::string uid{};

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `TokenResponse`: the answer to a token request.
+/// `TokenResponse`: the response to a token request.
 
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
 #include <VanticRestKit/trelvo/Common/Auth.h>
@@ -12,12 +12,11 @@
 
 namespace VanticRestKit {
 
-/// The answer to a token request. Any JSON object decodes into one.
+/// The response to a token request. Any JSON object can be decoded.
 struct TokenResponse {
-    /// What the service says about its answer. No operation reads it. Key `meta`; empty if absent or if it does not
-    /// decode.
+    /// Information about the response; no operation uses it. Key `meta`; empty if absent or if it cannot be decoded.
     std::optional<ResponseMeta> meta{};
-    /// Empty also where one part of it does not decode.
+    /// The tokens; empty if absent or if any part cannot be decoded.
     std::optional<Auth> auth{};
 
     friend bool operator==(const TokenResponse&, const TokenResponse&) = default;

@@ -11,7 +11,7 @@
 
 namespace VanticRestKit {
 
-/// Asks for the tokens of a user.
+/// The tokens of a user.
 struct TokenURI {
     /// The id of the user.
     std::string uid{};

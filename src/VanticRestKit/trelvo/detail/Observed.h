@@ -1,6 +1,6 @@
 #pragma once
 
-// A value that tells its subscribers of its changes. Confined to one queue.
+// A value that notifies its subscribers of changes. Used on one queue only.
 
 #include <VanticRestKit/platform/publisher/AnyPublisher.h>
 
@@ -17,14 +17,14 @@ public:
 
     explicit Observed(T value) : value_(std::move(value)) {}
 
-    /// Does nothing if the value stays the same.
+    /// Does nothing if the value is unchanged.
     void set(T value) {
         if (value == value_) return;
         value_ = std::move(value);
         for (const auto& [id, subscriber] : subscribers_) subscriber.receive(value_);
     }
 
-    /// Sends the value of now, and later all that follow.
+    /// Sends the current value now and each new value later.
     void add(std::uint64_t id, Receiver subscriber) {
         subscriber.receive(value_);
         subscribers_.emplace(id, std::move(subscriber));

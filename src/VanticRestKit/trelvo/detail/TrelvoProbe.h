@@ -1,6 +1,6 @@
 #pragma once
 
-// How tests reach into a client of the user data service.
+// Gives tests access to a `Trelvo`.
 
 #include <VanticRestKit/trelvo/State/detail/TrelvoState.h>
 #include <VanticRestKit/trelvo/Trelvo.h>
@@ -11,9 +11,9 @@
 
 namespace VanticRestKit {
 
-/// Makes clients with a clock of the test's own.
+/// Creates clients with a clock that the test provides.
 struct TrelvoProbe {
-    /// The arguments are those of `TrelvoState`.
+    /// See the constructor of `TrelvoState`.
     static Trelvo make(std::function<double()> now, detail::TrelvoState::WillWait willWait = {}) {
         return Trelvo(std::make_shared<detail::TrelvoState>(std::move(now), std::move(willWait)));
     }

@@ -4,7 +4,8 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-/// Outcomes take a queue of the session even if the options name none: the session's own queue must stay free.
+/// If the options name no queue, outcomes are delivered on `deliveries()`, because completions must not block the
+/// session's own queue.
 LoadOptions deliveredBy(const UserSession& session, LoadOptions options) {
     if (!options.on) options.on = session.deliveries();
     return options;

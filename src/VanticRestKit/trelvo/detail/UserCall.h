@@ -18,36 +18,36 @@
 
 namespace VanticRestKit::detail {
 
-/// What the session knows of a start. The session calls it on its queue.
+/// A start of an operation, as the session sees it. The session calls it on its queue.
 class UserCall : public AsyncCall {
 public:
     ~UserCall() override;
 
     const UserRequests& requests() const noexcept { return requests_; }
-    /// The order of the starts.
+    /// The position in the order of starts.
     std::uint64_t number() const noexcept { return number_; }
     virtual const char* name() const = 0;
-    /// What it ends with if its arguments cannot be sent.
+    /// The outcome if the arguments cannot be sent.
     virtual const std::optional<TrelvoError>& argumentError() const = 0;
-    /// Whether it ended before its turn, so that nothing is to be done for it. Any thread.
+    /// Whether it was cancelled or missed its deadline, so that the session ignores it. Any thread.
     bool hasLeft() const noexcept { return hasLeft_.load(); }
 
     /// Sends the request of the operation.
     virtual void send(std::shared_ptr<Serviceable> service) = 0;
-    /// Drops the request that is under way. Its answer does not arrive any more.
+    /// Cancels the request in progress; its response is not delivered.
     virtual void stop() = 0;
-    /// Ends without having sent the request.
+    /// Ends with `error`, without sending the request.
     virtual void fail(TrelvoError error) = 0;
-    /// Ends as an operation does whose request failed.
+    /// Ends as if the request had failed with `error`.
     virtual void failAsAnswered(LoaderError error) = 0;
 
 protected:
-    /// `companions` begin before it and are cancelled with it; their outcomes do not count.
+    /// `companions` are started before this call and cancelled together with it; their outcomes are ignored.
     UserCall(std::shared_ptr<UserSession> session, UserRequests requests, LoadOptions options,
              std::vector<std::shared_ptr<PendingCall>> companions);
 
     UserSession& session() const noexcept { return *session_; }
-    /// The outcome if it was cancelled or missed its deadline.
+    /// The outcome after a cancel or a missed deadline.
     TrelvoError endedEarly(URLErrorCode code) const;
 
 private:
@@ -118,7 +118,7 @@ private:
     Cancellable load_;
 };
 
-/// What an `Operation` of a user client starts.
+/// Creates the calls of an `Operation` of a user client.
 template <class A, class V>
 class UserOperationSource final : public OperationSource<Result<V, TrelvoError>> {
 public:

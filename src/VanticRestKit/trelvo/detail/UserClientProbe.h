@@ -1,6 +1,6 @@
 #pragma once
 
-// How tests reach into a `UserClient`.
+// Gives tests access to a `UserClient`.
 
 #include <VanticRestKit/trelvo/detail/UserSession.h>
 #include <VanticRestKit/trelvo/UserClient.h>
@@ -11,9 +11,10 @@
 
 namespace VanticRestKit {
 
-/// Makes clients with a clock of the test's own.
+/// Creates clients with a clock that the test provides.
 struct UserClientProbe {
-    /// `now` returns the seconds since 1970, on a queue of the client, and may outlive the test.
+    /// `now` returns the seconds since 1970. It is called on a queue of the client and may be called after the test has
+    /// ended.
     static std::shared_ptr<UserClient> make(std::shared_ptr<const TrelvoContext> context,
                                             std::function<double()> now) {
         return UserClient::make(std::move(context), std::move(now));

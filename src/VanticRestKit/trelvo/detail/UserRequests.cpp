@@ -11,7 +11,7 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-// Random, so that no header of a host has it by chance.
+// Random, so that no header of a host contains it by accident.
 constexpr std::string_view marker = "token-3b9e61d07c5f4a28b1d4f6027e8ac953";
 
 std::string replaced(std::string value, const std::string& token) {
@@ -40,7 +40,7 @@ URLRequest withToken(URLRequest request, const std::string& token) {
     const std::map<std::string, std::string> headers = request.allHTTPHeaderFields();
     for (const auto& [name, value] : headers) {
         if (value.find(marker) == std::string::npos) continue;
-        // Removed first: a token that cannot stand in a header must not leave the marker in its place.
+        // Removed first: if the token is not a valid header value, the marker must not remain.
         request.setValue(std::nullopt, name);
         request.setValue(replaced(value, token), name);
     }

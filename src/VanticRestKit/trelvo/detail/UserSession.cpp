@@ -131,7 +131,7 @@ void UserSession::refreshed(const Result<TokenResponse, LoaderError>& answer) {
 template <class Resume>
 void UserSession::forEachWaiting(Resume resume) {
     for (auto next = entries_.begin(); next != entries_.end();) {
-        // It may erase its own entry, and no other.
+        // `resume` may erase its own entry, but no other one.
         Entry& entry = (next++)->second;
         if (entry.isWaiting) resume(entry);
     }
@@ -145,7 +145,7 @@ void UserSession::endWait(Entry& entry) {
 void UserSession::resumeAfterRefresh(Entry& entry, bool isRefreshed) {
     endWait(entry);
     const std::shared_ptr<UserCall> call = entry.call;
-    // What removes its entry is on its way.
+    // `leave` has been called and will erase the entry.
     if (call->hasLeft()) return;
     if (entry.refusal && !isRefreshed) {
         const LoaderError refusal = *entry.refusal;
@@ -161,7 +161,7 @@ void UserSession::keep(const Auth& auth) { replaceAuth(auth); }
 
 void UserSession::replaceAuth(std::optional<Auth> auth) {
     const std::optional<Auth> former = std::exchange(auth_, std::move(auth));
-    // Of a user who is gone, or of tokens that nothing is asked with any more.
+    // These tokens are not used any longer, so neither are the responses cached for them.
     removeStoredAnswers(former, auth_);
     isTokenRejected_ = false;
     publish();
@@ -193,7 +193,7 @@ void UserSession::setAuth(std::optional<UserAuth> auth) {
             return;
         }
         self->authError_.reset();
-        // It would replace the tokens that were handed in.
+        // Its response would replace the new tokens.
         self->refresh_.reset();
         self->replaceAuth(std::move(tokens));
         self->forEachWaiting([&](Entry& entry) {
@@ -240,7 +240,7 @@ AnyPublisher<std::optional<UserAuth>, Never> UserSession::authChanges() {
     return observe(&UserSession::authChanges_);
 }
 
-// Starts that wait or end early.
+// Blocking waits, and starts that end early.
 
 bool UserSession::needsCurrentQueue(const UserRequests::Route& route) const {
     if (queue_.isCurrent() || deliveries_.isCurrent()) return true;

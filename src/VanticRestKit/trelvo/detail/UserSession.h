@@ -1,6 +1,6 @@
 #pragma once
 
-// What a user client holds: tokens, and the operations that wait for them or for their answers.
+// The state of a user client: its tokens, and the operations in progress.
 
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/dispatch/Replaceable.h>
@@ -25,7 +25,7 @@ namespace VanticRestKit::detail {
 
 class UserCall;
 
-/// All that changes is confined to one serial queue, and nothing waits. Clients, operations and starts share it.
+/// All mutable state is used only on one serial queue, and nothing blocks. Shared by clients, operations and starts.
 class UserSession final : public TokenKeeper, public std::enable_shared_from_this<UserSession> {
 public:
     /// `now` returns the seconds since 1970, on the queue.
@@ -35,7 +35,7 @@ public:
 
     const TrelvoContext& context() const noexcept { return *context_; }
     const DispatchQueue& queue() const noexcept { return queue_; }
-    /// Delivers outcomes, of starts that name no queue, and what publishers send.
+    /// Delivers the outcomes of starts that name no queue, and the values of publishers.
     const DispatchQueue& deliveries() const noexcept { return deliveries_; }
     std::uint64_t nextNumber() noexcept { return nextNumber_.fetch_add(1); }
 
@@ -48,29 +48,29 @@ public:
     AnyPublisher<SignInState, Never> signInState();
     AnyPublisher<std::optional<UserAuth>, Never> authChanges();
 
-    /// Whether the calling code occupies a queue that the outcome of a request has to pass.
+    /// Whether the calling code runs on a queue that is needed to deliver the outcome.
     bool needsCurrentQueue(const UserRequests::Route& route) const;
-    /// The error of a start that was ended with `code`.
+    /// The error of a start that ended early with `code`.
     Error endedEarly(const UserRequests& requests, URLErrorCode code) const;
 
     // On the queue:
 
-    /// Whether the request of `call`, which failed with `error`, is sent again once there are other tokens.
+    /// Whether the request of `call`, which failed with `error`, is sent again with other tokens.
     bool sendsAgain(const UserCall& call, const LoaderError& error);
-    /// The call has an outcome.
+    /// Removes a call that has an outcome.
     void forget(std::uint64_t number);
     void keep(const Auth& auth) override;
 
 private:
-    /// A call that is under way.
+    /// A call in progress.
     struct Entry {
         std::shared_ptr<UserCall> call;
         bool isWaiting = false;
-        /// The token of its request, and whether that was believed to be good.
+        /// The token of its request, and whether it seemed valid.
         std::string accessToken{};
         bool wasGood = false;
         bool hasRepeated = false;
-        /// The 401 that it waits for other tokens for.
+        /// The 401 response, while the call waits for other tokens.
         std::optional<LoaderError> refusal{};
     };
 
@@ -86,7 +86,7 @@ private:
     bool startRefresh(const UserRequests& requests);
     void refreshed(const Result<TokenResponse, LoaderError>& answer);
 
-    /// Ends what is under way and goes on with the tokens of `uid`.
+    /// Cancels the calls in progress and continues with `uid` and its tokens.
     void changeUser(const std::optional<std::string>& uid, std::optional<Auth> auth);
     void replaceAuth(std::optional<Auth> auth);
     void publish();
@@ -100,16 +100,16 @@ private:
     std::atomic<std::uint64_t> nextNumber_{0};
     Replaceable<std::optional<UserAuth>> published_;
 
-    // On the queue alone:
+    // Used only on the queue:
     std::optional<std::string> uid_;
     std::optional<Auth> auth_;
-    /// The service answered 401 to the access token, whatever its expiry.
+    /// The service responded with 401 to the access token, even if it has not expired.
     bool isTokenRejected_ = false;
-    /// What the last request for tokens failed with.
+    /// The error of the last token request.
     std::optional<TrelvoError> authError_;
     std::map<std::uint64_t, Entry> entries_;
     std::size_t waitingCount_ = 0;
-    /// The one request for tokens that is under way.
+    /// The token request in progress, if any.
     std::optional<Cancellable> refresh_;
     Observed<SignInState> signInState_{SignInState::signedOut};
     Observed<std::optional<UserAuth>> authChanges_{std::nullopt};

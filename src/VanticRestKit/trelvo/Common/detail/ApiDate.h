@@ -1,6 +1,6 @@
 #pragma once
 
-// The reader of the dates of the user data service.
+// The reader for dates of the user data service.
 
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/date/DateFormatter.h>

@@ -17,7 +17,7 @@ Result<Containers, TrelvoError> allDatasets(Answer& answer, TokenKeeper* keeper)
     return std::move(answer->data);
 }
 
-/// The one dataset that an answer must hold; `missing` is the message if it holds none.
+/// Returns the dataset of a response. If there is none, `missing` is the message of the error.
 auto onlyDataset(const char* missing) {
     return [missing](Answer& answer, TokenKeeper* keeper) -> Result<DatasetContainer, TrelvoError> {
         if (!answer) return generalFailure(answer.error());

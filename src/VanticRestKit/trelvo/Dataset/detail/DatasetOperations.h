@@ -1,6 +1,6 @@
 #pragma once
 
-// The operations on datasets, which hosts reach only as profiles.
+// The operations on datasets; hosts use them only through the operations on profiles.
 
 #include <VanticRestKit/trelvo/Dataset/DatasetContainer.h>
 #include <VanticRestKit/trelvo/Dataset/DatasetResponse.h>

@@ -22,7 +22,7 @@ Result<std::vector<Subprofile>, TrelvoError> asSubprofiles(std::vector<DatasetCo
     return subprofiles;
 }
 
-/// The same operation, whose value is `convert`ed.
+/// The same operation, with its value converted by `convert`.
 template <class Value, class Convert, class Converted = std::invoke_result_t<Convert, Value>>
 DatasetOperation<typename Converted::value_type> converted(DatasetOperation<Value> operation,
                                                            Convert convert) {

@@ -17,7 +17,7 @@ struct GetSubprofiles {
 DatasetOperation<std::vector<Subprofile>> getSubprofiles(GetSubprofiles wanted);
 DatasetOperation<Subprofile> createSubprofile(Dictionary dataset);
 DatasetOperation<Subprofile> updateSubprofile(Dictionary dataset);
-/// Deletes the dataset alone, not what else the service keeps of the user.
+/// Deletes only the dataset, not other data of the user.
 DatasetOperation<void> deleteSubprofile();
 
 }  // namespace VanticRestKit::detail

@@ -9,7 +9,7 @@ namespace {
 using Answer = Result<HistoryResponse, LoaderError>;
 using Records = std::vector<HistoryData>;
 
-/// The records of an answer. Its tokens are not kept.
+/// Returns the records of a response, and ignores its tokens.
 Result<Records, TrelvoError> records(Answer& answer, TokenKeeper*) {
     if (!answer) return generalFailure(answer.error());
     if (!answer->data) return Failure(TrelvoError::unableToRetrieveHistoryData());
@@ -32,7 +32,7 @@ HistoryDeletion deleteHistory() {
 }
 
 HistoryReading viewingHistory(std::uint64_t limit) {
-    // The error for neither token nor error names listRecentVideos, not this operation.
+    // Not "viewingHistory": the message for a missing token names listRecentVideos here.
     return {.name = "listRecentVideos",
             .route =
                 [limit](const std::string& uid, SourceSystem source) {

@@ -9,7 +9,7 @@ namespace {
 using Answer = Result<SavedResponse, LoaderError>;
 using Records = std::vector<SavedData>;
 
-/// Keeps the tokens of an answer, then gives its records.
+/// Stores the tokens of a response and returns its records.
 Result<Records, TrelvoError> records(Answer& answer, TokenKeeper* keeper) {
     if (!answer) return generalFailure(answer.error());
     keepAuth(keeper, answer->auth);

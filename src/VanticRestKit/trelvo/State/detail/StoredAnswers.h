@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The answers that caches hold for users of the user data service.
+/// Removes cached responses of the user data service.
 
 #include <VanticRestKit/trelvo/Common/Auth.h>
 
@@ -9,8 +9,9 @@
 
 namespace VanticRestKit::detail {
 
-/// Removes from the shared session's cache what was loaded with the tokens `former`, unless `current` still has them. A
-/// host whose context sends its requests over a session with a cache of its own removes them there itself.
+/// Removes the responses that were loaded with the tokens `former` from the cache of the shared session, unless
+/// `current` still contains these tokens. If a context uses its own session with a separate cache, the host has to
+/// remove them there.
 void removeStoredAnswers(const std::optional<Auth>& former, const std::optional<Auth>& current);
 
 }  // namespace VanticRestKit::detail

@@ -1,6 +1,6 @@
 #pragma once
 
-// The rules by which tokens are judged, whichever client holds them.
+// The rules for tokens that both clients share.
 
 #include <VanticRestKit/Core/LoaderError.h>
 #include <VanticRestKit/trelvo/Common/Auth.h>
@@ -10,23 +10,22 @@
 
 namespace VanticRestKit::detail {
 
-/// By the computer's clock.
+/// The current time of the system clock.
 double secondsSince1970();
 
-/// How long the access token still lasts at `now`, in seconds, negative once it has expired. `now` is in seconds since
-/// 1970.
+/// The seconds until the access token expires, negative if it has expired. `now` is in seconds since 1970.
 double secondsUntilExpiry(const Auth& auth, double now);
 
-/// Whether an access token with that many seconds left is used without a refresh.
+/// Whether an access token that expires after this time is used without requesting a new one.
 bool lastsLongEnough(double secondsUntilExpiry);
 
-/// Whether the service answered 401.
+/// Whether the service responded with 401.
 bool isUnauthorized(const LoaderError& error);
 
-/// What a failed token request means for operations that have no token.
+/// The error of operations without a token after a token request has failed with `error`.
 TrelvoError tokenRequestError(const LoaderError& error);
 
-/// Why `operation` has no token: what the last attempt to get one failed with, if it failed.
+/// The error of `operation` if there is no token: the error of the last token request, if it failed.
 TrelvoError noTokenError(const char* operation, const std::optional<TrelvoError>& lastError);
 
 }  // namespace VanticRestKit::detail

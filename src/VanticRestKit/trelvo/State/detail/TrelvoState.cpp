@@ -79,7 +79,7 @@ Result<Credentials, TrelvoError> TrelvoState::credentials(const char* operation,
     if (const std::optional<Refresh> refresh = beginRefresh(context)) {
         if (refresh->needsCurrentQueue) {
             reportEndlessWait(operation, context);
-            // Who is told of waits, as tests are, ends them.
+            // With a `willWait_` hook, as in tests, the hook ends the wait.
             assert(willWait_ && "an operation inside a completion waits for a token of the same queue");
         }
         if (willWait_) willWait_(refresh->group);

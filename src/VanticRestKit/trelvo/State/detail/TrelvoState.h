@@ -1,6 +1,6 @@
 #pragma once
 
-// What a client of the user data service holds, and the way to a token that all its operations share.
+// The state of the blocking client of the user data service, and how its operations get a token.
 
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/platform/dispatch/DispatchGroup.h>
@@ -26,7 +26,7 @@ struct Credentials {
     std::string accessToken;
 };
 
-/// How an operation reports its outcome.
+/// Receives the outcome of an operation.
 template <class T>
 using TrelvoCompletion = UniqueFunction<void(Result<T, TrelvoError>)>;
 
@@ -34,31 +34,33 @@ class TrelvoState final : public TokenKeeper, public std::enable_shared_from_thi
 public:
     using WillWait = std::function<void(const DispatchGroup&)>;
 
-    /// `now` returns the seconds since 1970. `willWait` is called with each group that an operation is about to wait
-    /// for.
+    /// `now` returns the seconds since 1970. `willWait`, for tests, is called with each group that an operation is
+    /// about to wait for.
     explicit TrelvoState(std::function<double()> now, WillWait willWait = {})
         : now_(std::move(now)), willWait_(std::move(willWait)) {}
 
     Replaceable<std::optional<Auth>> auth;
     Replaceable<std::optional<TrelvoError>> authError;
 
-    /// Gets a usable token, blocking the calling thread. `operation` is named where there is neither token nor error.
+    /// Gets a usable token, blocking the calling thread. If there is neither a token nor an error, the message names
+    /// `operation`.
     Result<Credentials, TrelvoError> credentials(const char* operation, const TrelvoContext& context);
 
-    /// Starts a request for new tokens. Empty where the token is usable or nobody is signed in; else the group is left
-    /// when the answer has been stored. A request that cannot be built leaves it entered.
+    /// Starts a request for new tokens. Returns an empty value if the token is usable or no user is signed in.
+    /// Otherwise the group is left when the response has been stored; if the request cannot be built, the group is
+    /// never left.
     std::optional<DispatchGroup> refreshAuth(const TrelvoContext& context);
 
-    /// In seconds, negative once the token has expired; empty without a token.
+    /// In seconds; negative if the token has expired, empty if there is none.
     std::optional<double> timeUntilAuthExpires() const;
 
-    /// Also removes what caches hold for the tokens that these replace: nothing can use it any more.
+    /// Also removes the cached responses for the previous tokens, which can no longer be used.
     void keep(const Auth& brought) override;
 
 private:
     struct Refresh {
         DispatchGroup group;
-        /// Whether the calling code occupies the queue on which the answer is to be delivered.
+        /// Whether the calling code runs on the queue on which the response would be delivered.
         bool needsCurrentQueue = false;
     };
 
@@ -70,8 +72,8 @@ private:
     std::atomic<bool> hasReported_{false};
 };
 
-/// Runs one operation: credentials first, then the request, whose answer it concludes. If the request cannot be built
-/// the completion is dropped.
+/// Runs an operation: gets the credentials, sends the request and converts the response. If the request cannot be
+/// built, the completion is never called.
 template <class Answer, class Value>
 void runOperation(TrelvoState& state, const UserOperation<Answer, Value>& operation,
                   const TrelvoContext& context, TrelvoCompletion<Value> completion) {

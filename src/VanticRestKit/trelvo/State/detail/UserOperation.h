@@ -1,6 +1,6 @@
 #pragma once
 
-// What one operation on user data asks for and makes of the answer, whichever client runs it.
+// An operation on user data, independent of the client that runs it: its request, and the conversion of the response.
 
 #include <VanticRestKit/Core/LoaderError.h>
 #include <VanticRestKit/Core/ResourceURI.h>
@@ -17,7 +17,7 @@
 
 namespace VanticRestKit::detail {
 
-/// Keeps the tokens that answers bring.
+/// Stores the tokens of responses.
 class TokenKeeper {
 public:
     virtual void keep(const Auth& auth) = 0;
@@ -26,23 +26,24 @@ protected:
     ~TokenKeeper() = default;
 };
 
-/// One operation with its arguments. Immutable once made, and run any number of times.
+/// One operation with its arguments. Immutable; can be run any number of times.
 template <class A, class V>
 struct UserOperation {
     using Answer = A;
     using Value = V;
     using Outcome = Result<V, TrelvoError>;
 
-    /// How the error for neither token nor error names it.
+    /// The name in the error message for a missing token.
     const char* name;
     std::function<ResourceURI(const std::string& uid, SourceSystem source)> route;
-    /// Turns the answer, which it may move from, into the outcome. `keeper` is null if the client has gone.
+    /// Converts the response, which it may move from, to the outcome. `keeper` is null if the client has been
+    /// destroyed.
     std::function<Outcome(Result<A, LoaderError>& answer, TokenKeeper* keeper)> conclude;
-    /// What it ends with, before anything else, if its arguments cannot be sent.
+    /// The outcome if the arguments cannot be sent; checked first.
     std::optional<TrelvoError> argumentError{};
 };
 
-/// The error of an argument that is beyond the signed range; empty if it is not.
+/// The error if `number` is out of the signed range; otherwise empty.
 inline std::optional<TrelvoError> signedRangeError(TrelvoNumber number, const char* operation,
                                                    const char* argument) {
     if (number.value()) return std::nullopt;
@@ -50,7 +51,7 @@ inline std::optional<TrelvoError> signedRangeError(TrelvoNumber number, const ch
                                 " is beyond the range of a signed number");
 }
 
-/// What a failed request is for most operations.
+/// The error of most operations if the request fails.
 inline Failure<TrelvoError> generalFailure(const LoaderError& error) {
     return Failure(TrelvoError::general(error));
 }
@@ -59,12 +60,12 @@ inline Failure<TrelvoError> clientHasGone() {
     return Failure(TrelvoError::unknown("Trelvo deallocated when request returned"));
 }
 
-/// Keeps the tokens of an answer, if it has some and the client is still there.
+/// Stores the tokens of a response, if it contains any and the client still exists.
 inline void keepAuth(TokenKeeper* keeper, const std::optional<Auth>& auth) {
     if (keeper != nullptr && auth) keeper->keep(*auth);
 }
 
-/// Keeps the tokens of an answer that has no value to give.
+/// Stores the tokens of a response without a value.
 template <class A>
 Result<void, TrelvoError> concludeWithoutValue(const Result<A, LoaderError>& answer, TokenKeeper* keeper) {
     if (!answer) return generalFailure(answer.error());
