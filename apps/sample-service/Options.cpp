@@ -13,19 +13,20 @@ namespace {
 constexpr const char* help =
     "sample-service [--port N] [--tls [--ca-out FILE]] [--token-seconds N] [--own-streams] [--scenarios]\n"
     "               [--end-with-parent]\n"
-    "Plays the service on loopback with a made-up catalogue. The first line that it prints is its base URL.\n"
-    "It ends on SIGTERM, SIGINT or POST /_control/stop.\n"
+    "Simulates the service on loopback, with a fictional catalogue. Its first line of output is its base "
+    "URL.\n"
+    "It stops on SIGTERM, SIGINT or POST /_control/stop.\n"
     "  --port N            port to listen on; 0, the default, picks a free one\n"
-    "  --tls               serve HTTPS with a certificate made at start\n"
+    "  --tls               serve HTTPS with a certificate created at start\n"
     "  --ca-out FILE       where to write the certificate (PEM) that a client has to trust;\n"
-    "                      left out, it is printed after the base URL\n"
-    "  --token-seconds N   how long a user's token is good for; 3600 where it is left out\n"
-    "  --own-streams       name this service as the host of all streams and captions\n"
-    "  --scenarios         answer under /control: one fault for all answers, and how each request ended\n"
-    "  --end-with-parent   end when the process that started this one ends\n";
+    "                      default: printed after the base URL\n"
+    "  --token-seconds N   the lifetime of tokens; default: 3600\n"
+    "  --own-streams       refer to this service in the URLs of all streams and captions\n"
+    "  --scenarios         enable /control: one fault for all responses, and a log of how requests ended\n"
+    "  --end-with-parent   stop when the parent process ends\n";
 
 [[noreturn]] void refuse(const char* why) {
-    std::fprintf(stderr, "sample-service: %s; --help shows what there is\n", why);
+    std::fprintf(stderr, "sample-service: %s; see --help\n", why);
     std::exit(2);
 }
 

@@ -14,7 +14,7 @@ using namespace VanticRestKit;
 int main(int argc, char** argv) {
     const sample::Options options = sample::readOptions(argc, argv);
 
-    // Blocked before the first thread starts, so that only the sigwait below sees them.
+    // Blocked before the first thread starts, so that only the sigwait below receives the signals.
     sigset_t ends;
     sigemptyset(&ends);
     sigaddset(&ends, SIGTERM);
@@ -33,7 +33,7 @@ int main(int argc, char** argv) {
         return 1;
     }
 
-    // Written before the base URL: whoever has read that line finds the file complete.
+    // Written before the base URL is printed, so that a reader of that line finds the complete file.
     if (!options.authorityFile.empty()) {
         std::ofstream file(options.authorityFile, std::ios::binary);
         file << service.authority();

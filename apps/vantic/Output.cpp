@@ -30,7 +30,7 @@ std::string validText(std::string_view bytes) {
 
 }  // namespace
 
-// What cannot be written stays to be told by `flush`: the stream remembers that it failed.
+// Errors are reported by `flush`, because the stream remembers them.
 void print(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stdout); }
 
 void report(std::string_view text) {

@@ -8,13 +8,13 @@ namespace vantic {
 /// Writes to standard output, through its buffer.
 void print(std::string_view text);
 
-/// Writes one line to standard error at once. Line ends inside `text` become blanks.
+/// Writes one line to standard error, unbuffered. Line ends in `text` are replaced by spaces.
 void report(std::string_view text);
 
-/// Hands everything printed so far to the system. Throws `Failed` where that does not work.
+/// Writes the buffered output. Throws `Failed` if that fails.
 void flush();
 
-/// A text of any bytes as a JSON string, with its quotes; U+FFFD stands for what is no UTF-8.
+/// Any bytes as a JSON string, with quotes. Invalid UTF-8 is replaced by U+FFFD.
 std::string jsonText(std::string_view bytes);
 
 }  // namespace vantic

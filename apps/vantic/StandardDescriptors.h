@@ -2,9 +2,9 @@
 
 namespace vantic {
 
-/// Opens those of the descriptors 0, 1 and 2 that the program was started without, so that no file or socket
-/// of its own takes their place. They have nothing to read, and writing to them fails. To be called before
-/// anything is opened; throws `Failed` where that does not work.
+/// Opens those of the descriptors 0, 1 and 2 that are closed, so that no other file or socket gets their number.
+/// Reading from them yields no data, and writing fails. Call this before anything else is opened. Throws `Failed` on
+/// errors.
 void openMissingStandardDescriptors();
 
 }  // namespace vantic

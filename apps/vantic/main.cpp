@@ -21,7 +21,7 @@ void runCommand(Words words) {
         Arguments::read(words.subspan(1), {});
         return print("vantic " VRK_VERSION "\n");
     }
-    // Called by the shells alone, so no list names it.
+    // Only called by the completion scripts, so it is not listed.
     if (name == "complete") return runComplete(words.subspan(1));
     const Command* const command = commandNamed(name);
     if (command == nullptr) {

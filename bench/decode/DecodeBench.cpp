@@ -1,5 +1,5 @@
-// What decoding costs, as ratios to the allocation floor: the cost of building the same structs from values
-// that are known, which is copying a decoded one. Destruction is part of both sides.
+// The cost of decoding, relative to the allocation floor: the cost of building the same structs from known values,
+// which is measured by copying a decoded one. Both sides include destruction.
 //   decode_bench            the table
 //   decode_bench --quick    few rounds, to see whether it runs
 
@@ -19,7 +19,7 @@ namespace VanticRestKit::bench {
 
 namespace {
 
-/// The parsers that were there when this was built.
+/// The parsers that were found when this was built.
 std::vector<Peer> peers() {
     std::vector<Peer> all;
     all.push_back(simdjsonPeer());
@@ -40,7 +40,7 @@ T decoded(const Data& document) {
 VideoList built(const VideoList& list) { return list; }
 ShowsIndex built(const ShowsIndex& index) { return index; }
 
-/// Copies of an item share its entity, so the entity is copied.
+/// Copies of an item share its entity, so this copies the entity.
 CollectionItem built(const CollectionItem& item) {
     if (const Show* show = item.as<Show>()) return *show;
     if (const Video* video = item.as<Video>()) return *video;
@@ -70,7 +70,7 @@ Category built(const Category& home) {
     return copy;
 }
 
-/// One document, by this library and by the others.
+/// Measures one document with this library and with the other parsers.
 template <class T>
 void ratios(const std::string& what, const std::string& text, std::function<T(const Data&)> Peer::*decode,
             const char* budget, const char* goal, std::size_t rounds) {
@@ -96,7 +96,7 @@ void ratios(const std::string& what, const std::string& text, std::function<T(co
     }
 }
 
-/// The time for a byte, of lists of about 1, 10 and 100 MB; as much is decoded in each run.
+/// The time per byte for lists of about 1, 10 and 100 MB; each run decodes the same total amount.
 void linearity(std::size_t rounds) {
     constexpr std::size_t videosOfAMegabyte = 360;
     std::vector<Data> documents;
@@ -118,7 +118,7 @@ void linearity(std::size_t rounds) {
            "ten times as much may cost more memory traffic, not more work");
 }
 
-/// Whether 100 MB still come close to what their structs cost.
+/// The ratio for 100 MB.
 void largeRatio(std::size_t rounds) {
     const Data document(videoListDocument(36'000, false));
     const VideoList list = decoded<VideoList>(document);

@@ -9,10 +9,10 @@ namespace VanticRestKit::bench {
 
 using Random = std::mt19937;
 
-/// Words of a small lexicon, `atLeast` bytes of them.
+/// Words from a small lexicon, at least `atLeast` bytes.
 std::string words(Random& random, std::size_t atLeast);
 
-/// An object under construction: members that can be put into another order.
+/// A JSON object under construction, whose members can be shuffled.
 class Object {
 public:
     Object& text(std::string_view key, const std::string& value) { return raw(key, '"' + value + '"'); }
@@ -22,7 +22,7 @@ public:
         members_.push_back('"' + std::string(key) + "\":" + value);
         return *this;
     }
-    /// The members in another order where `shuffle` is given.
+    /// The object as text, with shuffled members if `shuffle` is not null.
     std::string json(Random* shuffle);
 
 private:
@@ -34,11 +34,11 @@ std::string href(const std::string& path, Random* shuffle);
 /// A link to a category.
 std::string link(Random& random, Random* shuffle);
 std::string status(Random* shuffle);
-/// A whole video, every field filled, about 2.8 KB.
+/// A complete video with every field, about 2.8 KB.
 std::string video(Random& random, Random* shuffle);
-/// A show as a list has it, about 1.9 KB.
+/// A show as in a list, about 1.9 KB.
 std::string show(Random& random, Random* shuffle);
-/// A series as a list has it, about 1 KB.
+/// A series as in a list, about 1 KB.
 std::string series(Random& random, Random* shuffle);
 
 }  // namespace VanticRestKit::bench

@@ -8,7 +8,7 @@ namespace VanticRestKit::bench {
 
 namespace {
 
-/// What a collection holds: mostly videos, some shows, now and then a series.
+/// An item of a collection: usually a video, sometimes a show, rarely a series.
 std::string mixedItem(Random& random) {
     switch (random() % 8) {
         case 0: return series(random, nullptr);

@@ -5,16 +5,16 @@
 
 namespace VanticRestKit::bench {
 
-// Made-up documents as the service sends them. The same arguments give the same document.
+// Synthetic documents like those of the service. The same arguments result in the same document.
 
-/// A list of videos, every field filled, about 2.8 KB for each video. `shuffled` gives each video's keys another
+/// A list of videos with every field, about 2.8 KB per video. With `shuffled`, the keys of each video are in a random
 /// order.
 std::string videoListDocument(std::size_t videos, bool shuffled);
 
-/// A whole home screen, about 1 MB: a featured collection and 30 further ones with shows, videos and series mixed.
+/// A complete home screen, about 1 MB: a featured collection and 30 others with mixed shows, videos and series.
 std::string homeDocument();
 
-/// The index of that many shows, about 1.7 KB for each, in 27 groups.
+/// An index of shows in 27 groups, about 1.7 KB per show.
 std::string showsIndexDocument(std::size_t shows);
 
 }  // namespace VanticRestKit::bench

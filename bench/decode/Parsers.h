@@ -14,7 +14,7 @@ namespace VanticRestKit::bench {
 /// Another parser that decodes documents into the library's own structs.
 struct Peer {
     std::string name;
-    /// How many rounds pass between two runs, for what is too slow to be run in each.
+    /// Run only in every n-th round, for parsers that are too slow to run in each.
     std::size_t every;
     std::function<VideoList(const Data& document)> videos;
     std::function<Category(const Data& document)> home;

@@ -10,7 +10,7 @@
 
 namespace VanticRestKit::bench {
 
-/// The elements are told apart by what they say they are.
+/// The type of an element is determined by its "_entity".
 template <class S>
 void readInto(std::vector<MixedItem>& list, S& value) {
     const auto add = [&list](auto entity, S& element) {
@@ -29,7 +29,7 @@ void readInto(std::vector<MixedItem>& list, S& value) {
     });
 }
 
-/// Every highlight of these documents is a show.
+/// In these documents, every highlight item is a show.
 template <class S>
 void readInto(std::optional<CollectionItem>& field, S& value) {
     Show show;
@@ -92,7 +92,7 @@ struct PeerTableOf<Category, S> {
     }
 };
 
-/// What a parsed document holds.
+/// Converts a parsed document to a value.
 template <class T, class S>
 T valueOf(S root) {
     const detail::DeviceZoneHold zone;

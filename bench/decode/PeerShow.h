@@ -31,7 +31,7 @@ struct PeerTableOf<ContextualPhrases, S> {
     }
 };
 
-/// The object `name` of an entity, whose members are fields of the entity itself.
+/// The nested object `name` of an entity; its members are fields of the entity itself.
 template <class E, class S, const PeerTable<E, S>& (*Table)()>
 PeerRow<E, S> inside(std::string_view name) {
     return {name, [](E& entity, S& value) { Table().fill(entity, value); }};
@@ -149,7 +149,7 @@ struct PeerTableOf<ShowsIndex, S> {
     }
 };
 
-/// A group has a summary of each of its shows; every show of these documents can give one.
+/// A group has a summary for each of its shows; all shows in these documents have the required data.
 template <class S>
 void readInto(ShowsGrouped& group, S& value) {
     PeerTableOf<ShowsGrouped, S>::get().fill(group, value);

@@ -1,12 +1,12 @@
 #pragma once
 
-// How the other parsers fill the structs that the library fills: typed tables, one function for each field,
-// found by the library's own perfect hash. `S` is a value of such a parser; it has
+// Mapping tables with which the other parsers fill the library's structs: one function for each field, looked up by the
+// library's own perfect hash. `S` is a value of such a parser, with these members:
 //     bool text(std::string_view&)      bool number(std::uint64_t&)      bool truth(bool&)
 //     template <class F> bool members(F f)     // f(std::string_view key, S value)
 //     template <class F> bool elements(F f)    // f(S value)
-//     std::string_view entity()                // what an object says it is
-// A field that does not get a value stays as it is, which is all that documents without faults need.
+//     std::string_view entity()                // the value of "_entity"
+// A field without a value is left unchanged, which is sufficient for documents without faults.
 
 #include <VanticRestKit/platform/date/detail/DeviceDate.h>
 #include <VanticRestKit/platform/json/detail/KeyTable.h>
@@ -24,7 +24,7 @@
 
 namespace VanticRestKit::bench {
 
-/// The base of each `S`, by which the functions below are found.
+/// The base of each `S`, so that argument-dependent lookup finds the functions below.
 struct PeerValue {};
 
 template <class E, class S>
@@ -57,7 +57,7 @@ private:
     mapping::KeyTable keys_;
 };
 
-/// `get()` gives the table of an entity; specialised in `PeerVideo.h`.
+/// `get()` returns the table of an entity; specialised in `PeerVideo.h`.
 template <class E, class S>
 struct PeerTableOf;
 

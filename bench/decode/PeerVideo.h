@@ -223,7 +223,7 @@ struct PeerTableOf<VideoList, S> {
     }
 };
 
-/// A video points at itself.
+/// `playableVideo` refers to the video itself.
 template <class S>
 void readInto(Video& video, S& value) {
     PeerTableOf<Video, S>::get().fill(video, value);

@@ -43,7 +43,7 @@ public:
         return true;
     }
 
-    /// The value can be read from its start afterwards.
+    /// Afterwards the value can be read again from its start.
     std::string_view entity() {
         ondemand::object object;
         std::string_view name;
@@ -59,7 +59,7 @@ private:
 
 template <class T>
 T decoded(const Data& document) {
-    // Used again, as its authors recommend.
+    // Reused, as its authors recommend.
     static ondemand::parser parser;
     static_assert(Data::padding >= simdjson::SIMDJSON_PADDING);
     ondemand::document parsed;

@@ -1,5 +1,5 @@
-// Decodes a list of 200 videos again and again, for a counter of instructions: the difference between two numbers of
-// rounds is free of what happens once.
+// Decodes a list of 200 videos repeatedly, to count instructions. The difference between two numbers of rounds excludes
+// everything that happens only once.
 //   decode_repeatedly ROUNDS      prints the size of the document in bytes
 
 #include "../decode/Documents.h"

@@ -1,6 +1,6 @@
-// A plugin of qemu that counts the instructions that a program executes, and prints their number when it ends:
+// A qemu plugin that counts the instructions that a program executes, and prints the number at its end:
 //   qemu-aarch64 -plugin libinstruction_counter.so -d plugin PROGRAM
-// The functions of qemu are declared here, since Debian does not package their header (version 1 of the interface).
+// The functions of qemu are declared here (version 1 of the interface), because Debian does not package the header.
 
 #include <cinttypes>
 #include <cstdint>
@@ -28,7 +28,7 @@ int qemu_plugin_version = 1;
 
 namespace {
 
-// Exact for a program with one thread; several would lose additions to each other.
+// Exact for a single-threaded program; several threads would lose increments.
 std::uint64_t instructions = 0;
 
 void countBlock(std::uint64_t, qemu_plugin_tb* block) {

@@ -38,14 +38,14 @@ StoredPointer smallAnswer() {
     return std::make_shared<const StoredResponse>(std::move(parts));
 }
 
-/// A store with so many answers, and what it was asked for.
+/// A store with a given number of responses, and their keys.
 class Filled {
 public:
     explicit Filled(std::size_t count) : answer_(smallAnswer()), store_(count * 10'000) {
         for (std::size_t i = 0; i < count; ++i)
             keys_.push_back({.url = "http://host.test/videos/" + std::to_string(i)});
         for (const CacheKey& key : keys_) put(key);
-        // From now on each answer that is added has another one go.
+        // From now on, each added response evicts another one.
         store_.setCapacity(store_.usage(), removed_);
     }
 
@@ -64,7 +64,7 @@ private:
         removed_.clear();
     }
 
-    // Far from the one before, as requests are.
+    // Far from the previous one, like the keys of real requests.
     const CacheKey& next() { return keys_[(at_ = (at_ + 7919) % keys_.size())]; }
 
     StoredPointer answer_;

@@ -14,7 +14,7 @@ namespace VanticRestKit::bench {
 
 namespace {
 
-/// An address for each number, on a port on which no system has a server.
+/// A URL with a different address for each number, on a port where no server is expected.
 URLRequest requestTo(std::size_t number) {
     constexpr std::size_t perRow = 250;
     const std::string host =
@@ -22,9 +22,9 @@ URLRequest requestTo(std::size_t number) {
     return URLRequest(URL::make("http://" + host + ":1/").value());
 }
 
-/// The processor time of `count` loads at once by a new session, for each of them.
+/// The processor time per load for `count` simultaneous loads in a new session.
 double costOfLoads(std::size_t count) {
-    // Never destroyed: a completion may still be inside when the waiting is over.
+    // Never destroyed, because a completion may still be inside `release` when the wait is over.
     static std::counting_semaphore<>& ended = *new std::counting_semaphore<>(0);
     const double before = processorTime();
     {

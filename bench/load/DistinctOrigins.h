@@ -4,8 +4,8 @@
 
 namespace VanticRestKit::bench {
 
-/// Reports what a load costs of many to as many origins, as a ratio to one of a few: 1 if the cost grows with the number
-/// of loads alone. Every origin is an address of loopback that refuses connections.
+/// Reports the cost per load of `many` loads to as many origins, relative to that of `few`. The ratio is 1 if the cost
+/// is proportional to the number of loads. Each origin is a loopback address that refuses connections.
 void distinctOrigins(std::size_t few, std::size_t many, std::size_t rounds);
 
 }  // namespace VanticRestKit::bench

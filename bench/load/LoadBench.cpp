@@ -1,7 +1,7 @@
-// What loads cost, as ratios to libcurl's multi interface in the same run; what a resource costs to make; what ten
-// thousand loads in flight take; what the cache costs and saves; and whether loads to many origins cost more each. The servers are processes of
-// their own: their work is not counted.
-//   load_bench [--quick] [--only TEXT]    TEXT: of the ways of loading those whose names have it in them
+// The cost of loads, relative to libcurl's multi interface in the same run; of creating a resource; of ten thousand
+// loads in flight; the cost and benefit of the cache; and whether loads to many origins cost more. The servers are
+// separate processes, so their work is not counted.
+//   load_bench [--quick] [--only TEXT]    TEXT: only the ways of loading whose names contain it
 
 #include "../support/Measure.h"
 #include "CacheCosts.h"
@@ -42,7 +42,7 @@ namespace VanticRestKit::bench {
 
 namespace {
 
-/// About two kilobytes, as a small answer has.
+/// About two kilobytes, like a small response.
 std::string sampleBody() {
     std::string body = "[";
     for (int i = 0; i < 30; ++i)
@@ -55,8 +55,8 @@ double wallTime() {
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
-/// A number that the kernel tells of this process, such as "Threads" or "VmHWM".
-long told(const std::string& name) {
+/// A value of /proc/self/status, such as "Threads" or "VmHWM".
+long statusValue(const std::string& name) {
     std::ifstream status("/proc/self/status");
     for (std::string line; std::getline(status, line);) {
         if (line.starts_with(name + ":")) return std::atol(line.c_str() + name.size() + 1);
@@ -64,9 +64,8 @@ long told(const std::string& name) {
     return -1;
 }
 
-/// Keeps this process, with the threads and processes that it starts, to one processor. The scheduler's
-/// choice of places, and the state in which it finds a processor, else moves either side's figures by a
-/// factor of four.
+/// Pins this process, and the threads and processes that it starts, to one processor. Otherwise the scheduler's
+/// placement and the state of the processors change the figures of either side by a factor of up to four.
 void keepTo(std::size_t processor) {
     cpu_set_t one;
     CPU_ZERO(&one);
@@ -117,7 +116,7 @@ struct Way {
     const char* goal;
 };
 
-/// Both sides in turn, each with connections of its own that are open from the start.
+/// Runs both sides alternately, each with its own connections, which are open from the start.
 void compare(const Way& way, RawLoads& raw, Loads& loads, std::size_t count, std::size_t rounds) {
     raw.run(count, way.atOnce);
     loads.run(count, way.atOnce);
@@ -140,7 +139,7 @@ void compare(const Way& way, RawLoads& raw, Loads& loads, std::size_t count, std
            "raw libcurl " + figure(loadsCount / theirs.wall, 0));
 }
 
-/// The same loads in two forms, in turn.
+/// Runs the same loads in two forms, alternately.
 void compareForms(const std::string& address, std::size_t count, std::size_t rounds) {
     Loads& plain = *new Loads(URLSession::make({}), address);
     Loads& awaited = *new Loads(URLSession::make({}), address, Form::awaited);
@@ -159,7 +158,8 @@ void compareForms(const std::string& address, std::size_t count, std::size_t rou
            "median " + figure(processor.ratio()));
 }
 
-/// Loads of a service that a context made, of one that the library had made for it, and of one that is observed.
+/// Compares loads with a service created by a context, with one created by the library for the context, and with an
+/// observed one.
 void compareObservers(const std::string& address, std::size_t count, std::size_t rounds) {
     const auto plain = std::make_shared<SessionContext>(URLSession::make({}));
     const auto observed = std::make_shared<ObservedContext>(URLSession::make({}));
@@ -192,7 +192,7 @@ struct SampleURI {
 
 void makingAResource(std::size_t count) {
     const BenchContext context;
-    const long threads = told("Threads");
+    const long threads = statusValue("Threads");
     double least = 1;
     for (int round = 0; round < 20; ++round) {
         const double before = processorTime();
@@ -204,16 +204,16 @@ void makingAResource(std::size_t count) {
         least = std::min(least, (processorTime() - before) / static_cast<double>(count));
     }
     report("making a Resource of a route, in microseconds", figure(least * 1e6), "2", "", "");
-    report("making a Resource, threads that this started", std::to_string(told("Threads") - threads), "0", "",
-           "");
+    report("making a Resource, threads that this started", std::to_string(statusValue("Threads") - threads),
+           "0", "", "");
 }
 
-/// All of `count` loads are begun before one is answered.
+/// Starts all `count` loads before the first one is answered.
 void inFlight(Server& server, std::size_t count, Form form) {
     const std::string name = std::to_string(count) + (form == Form::awaited ? " awaited loads" : " loads");
-    const long memory = told("VmRSS");
-    const long threads = told("Threads");
-    // The sign of network activity is told of each request that begins.
+    const long memory = statusValue("VmRSS");
+    const long threads = statusValue("Threads");
+    // Counts the requests that begin, by the network activity indicator.
     struct Begun {
         std::atomic<std::size_t> number = 0;
         std::binary_semaphore all{0};
@@ -225,12 +225,12 @@ void inFlight(Server& server, std::size_t count, Form form) {
     Loads& loads = *new Loads(URLSession::make({}), addressOf(server, "/held"), form);
     loads.begin(count, count);
     begun.all.acquire();
-    const long threadsThen = told("Threads") - threads;
+    const long peakThreads = statusValue("Threads") - threads;
     server.release();
     loads.wait();
     NetworkActivityCounter::setIndicator({});
-    report(name + " in flight, threads with those of the pool", std::to_string(threadsThen), "", "", "");
-    const double peak = static_cast<double>(told("VmHWM") - memory);
+    report(name + " in flight, threads with those of the pool", std::to_string(peakThreads), "", "", "");
+    const double peak = static_cast<double>(statusValue("VmHWM") - memory);
     report(name + " in flight, memory at the peak in MB", figure(peak / 1024, 1), "", "",
            figure(peak / static_cast<double>(count), 1) + " KB for each");
 }
@@ -252,7 +252,7 @@ int main(int count, char** arguments) {
     const std::size_t loads = isQuick ? 200 : 500;
     const std::size_t rounds = isQuick ? 3 : 60;
 
-    // Processes first: nothing may fork once there are threads.
+    // Starts the server processes first, because forking with threads is not safe.
     keepTo(1);
     Server server(sampleBody());
     Server holding(sampleBody());

@@ -26,7 +26,7 @@ inline URLRequest requestOf(const std::string& address) { return URLRequest(URL:
 /// How a load is started.
 enum class Form { plain, awaited };
 
-/// A coroutine that runs by itself and goes when it has ended.
+/// A coroutine that starts immediately and destroys itself at its end.
 struct Detached {
     struct promise_type {
         Detached get_return_object() const noexcept { return {}; }
@@ -51,13 +51,13 @@ private:
     std::shared_ptr<NetworkSession> session_;
 };
 
-/// Loads of resources, each made for one load, a number of them at a time. Never destroyed: what the last
-/// completion does may still be going on when the waiting is over.
+/// Loads resources, a number of them at a time; each resource is created for one load. Never destroyed, because the
+/// last completion may still be running when the wait is over.
 class Loads {
 public:
     Loads(const std::shared_ptr<URLSession>& session, const std::string& address, Form form = Form::plain)
         : Loads(std::make_shared<SessionContext>(session), address, false, form) {}
-    /// `asksForObserver`: whether the library makes the service for the context, or the context alone does.
+    /// `asksForObserver`: whether the library creates the service for the context, or the context itself does.
     Loads(std::shared_ptr<Context> context, const std::string& address, bool asksForObserver,
           Form form = Form::plain)
         : context_(std::move(context)),

@@ -14,8 +14,8 @@ std::size_t collect(char* bytes, std::size_t size, std::size_t count, void* body
     return size * count;
 }
 
-// What the library's session adds to a request, so that both sides send the same bytes: libcurl's work grows
-// with each of them.
+// The headers that the library's session adds to a request, so that both sides send the same bytes and libcurl has the
+// same work.
 curl_slist* sameHeaders() {
     curl_slist* const codings = curl_slist_append(nullptr, "Accept-Encoding: gzip, deflate, br");
     return curl_slist_append(codings, "User-Agent: VanticRestKit/" VRK_VERSION);
@@ -62,7 +62,7 @@ void RawLoads::start() {
     curl_multi_add_handle(multi_, handle);
 }
 
-/// Takes one load that has ended; whether there was one.
+/// Removes a load that has ended; returns whether there was one.
 bool RawLoads::finish() {
     int left = 0;
     const CURLMsg* const message = curl_multi_info_read(multi_, &left);

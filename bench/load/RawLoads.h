@@ -8,13 +8,13 @@
 
 namespace VanticRestKit::bench {
 
-/// Loads with nothing but libcurl's multi interface, on the calling thread: what any client built on it costs
-/// at the least. Bodies are collected, easy handles and connections used again.
+/// Loads with only libcurl's multi interface, on the calling thread: the minimum cost of any client based on it. Bodies
+/// are collected; easy handles and connections are reused.
 class RawLoads {
 public:
     struct Settings {
         std::string url{};
-        /// Roots to be trusted; then HTTP/2 is asked for, and requests wait to share a connection.
+        /// The trusted root certificates. If set, HTTP/2 is requested, and requests wait to share a connection.
         std::string caBundlePath{};
         long connections = 0;
     };

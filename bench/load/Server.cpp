@@ -43,13 +43,13 @@ int listening(std::uint16_t& port) {
     return listener;
 }
 
-/// Serves for good. It answers in one write, and reads no bodies.
+/// Serves requests until the process is killed. Writes each response at once, and reads no bodies.
 class Loop {
 public:
     Loop(int listener, int releasing, const std::string& body)
         : listener_(listener), releasing_(releasing), poll_(epoll_create1(0)) {
         const std::string status = "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\n";
-        // As every server with a clock sends it, and as caches read it.
+        // The `Date` header, which caches use.
         const auto now = std::chrono::system_clock::now().time_since_epoch();
         const std::string date =
             "Date: " + detail::formatHTTPDate(std::chrono::floor<std::chrono::seconds>(now)) + "\r\n";
@@ -143,7 +143,7 @@ private:
     int releasing_;
     int poll_;
     std::string answer_;
-    // Those that a cache may use for an hour, and those that it has to ask about.
+    // Responses that a cache may use for an hour, and responses that it has to revalidate.
     std::string fresh_;
     std::string checked_;
     std::string unchanged_;

@@ -7,12 +7,12 @@
 
 namespace VanticRestKit::bench {
 
-/// A small HTTP/1.1 server in a process of its own, so that its work is not counted. It answers every request
-/// with the same body and keeps its connections; a request whose path begins with "/held" waits until
-/// `release`. An answer to "/fresh" may be kept for an hour, and one to "/checked" has to be asked about.
+/// A small HTTP/1.1 server in a separate process, so that its work is not counted. It responds to every request with
+/// the same body and keeps connections open. Requests whose path begins with "/held" wait until `release`. Responses to
+/// "/fresh" may be cached for an hour, and those to "/checked" must be revalidated.
 class Server {
 public:
-    /// Call before the first thread is started.
+    /// Must be called before the first thread is started.
     explicit Server(const std::string& body);
     ~Server();
     Server(const Server&) = delete;
@@ -20,7 +20,7 @@ public:
 
     std::uint16_t port() const noexcept { return port_; }
 
-    /// Answers what was held, and from now on holds nothing.
+    /// Answers the held requests; later ones are not held.
     void release();
 
 private:

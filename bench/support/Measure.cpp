@@ -39,7 +39,7 @@ double Times::ratio() const {
 }
 
 std::vector<Times> interleaved(std::size_t rounds, const std::vector<Case>& cases) {
-    // Caches, branch predictors and the allocator settle in the first round, which does not count.
+    // The first round is not counted: it warms up caches, branch predictors and the allocator.
     for (const Case& one : cases) one.run();
 
     std::vector<Times> times(cases.size());

@@ -7,7 +7,7 @@
 
 namespace VanticRestKit::bench {
 
-/// Something to be timed against other things in the same process.
+/// Code to be timed in comparison with other code in the same process.
 struct Case {
     std::string name;
     std::function<void()> run;
@@ -15,38 +15,37 @@ struct Case {
     std::size_t every = 1;
 };
 
-/// Processor time of this process so far, its own and the kernel's for it, in seconds. What else the machine does
-/// counts for little in it.
+/// User and system time of this process so far, in seconds. Other processes have little influence on it.
 double processorTime();
 
-/// What the runs of a case took, in seconds of processor time.
+/// The processor times of the runs of a case, in seconds.
 struct Times {
     std::vector<double> runs;
-    /// What the first case took in the same rounds.
+    /// The times of the first case in the same rounds.
     std::vector<double> baseline;
 
     double least() const;
     double median() const;
-    /// The median of this case's time over that of the first case, round by round: what disturbs the machine
-    /// for longer than a round disturbs both.
+    /// The median over all rounds of the ratio of this case to the first one. A disturbance that lasts longer than a
+    /// round affects both.
     double ratio() const;
 };
 
-/// Runs the cases in turn, `rounds` times; the first case is the baseline of the others.
+/// Runs the cases alternately, `rounds` times. The first case is the baseline of the others.
 std::vector<Times> interleaved(std::size_t rounds, const std::vector<Case>& cases);
 
-/// Keeps the compiler from dropping an unused value.
+/// Prevents the compiler from removing an unused value.
 template <class T>
 void keep(const T& value) {
     asm volatile("" : : "r"(&value) : "memory");
 }
 
-/// One line of the table: a ratio or another figure, what it may be at most, and a remark. Fields are parted by
-/// tabs; `bench/run` lays them out and compares.
+/// Prints one line of the table: a ratio or another figure, its budget, and a remark. Fields are separated by tabs;
+/// `bench/run` formats the table and compares the figures with the budgets.
 void report(const std::string& what, const std::string& figure, const std::string& budget,
             const std::string& goal, const std::string& remark);
 
-/// A figure with as many decimals as are worth reading.
+/// A figure with a fixed number of decimals.
 std::string figure(double value, int decimals = 2);
 
 }  // namespace VanticRestKit::bench

@@ -5,14 +5,14 @@
 
 namespace demo {
 
-/// What every chapter has: the host's context, and the service's own controls.
+/// The data for every chapter: the host's context, and the controls of the sample service.
 struct Stage {
     HostContext context;
     ServiceControl service;
 };
 
-// A chapter is one function in a file of its own in chapters/. It loads, prints, and returns false where
-// something was not as it has to be. main.cpp tells their order.
+// Each chapter is a function in its own file in chapters/. It loads and prints something, and returns false if the
+// result is not as expected. main.cpp calls them in order.
 bool showTimeAndAvatars(const Stage& stage);
 bool showHomeScreen(const Stage& stage);
 bool showCollection(const Stage& stage);

@@ -14,7 +14,8 @@ using namespace VanticRestKit;
 
 namespace {
 
-// `requestTimeout` bounds only how long nothing moves; a server that drips would keep the user waiting.
+// `requestTimeout` only limits the time without any transfer; a server that sends a byte now and then would keep the
+// user waiting.
 std::shared_ptr<NetworkSession> hostSession() {
     static const auto session = [] {
         auto configuration = URLSessionConfiguration::default_();

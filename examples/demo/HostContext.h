@@ -9,7 +9,7 @@
 
 namespace demo {
 
-/// What the host says about the service, and where it hears of failed requests.
+/// The host's configuration of the service, and its hook for failed requests.
 class HostContext : public virtual VanticRestKit::Context {
 public:
     explicit HostContext(VanticRestKit::URL baseURL);
@@ -18,14 +18,14 @@ public:
     std::map<std::string, std::string> HTTPHeaderFields() const override { return {{"X-Host", "demo"}}; }
     double requestTimeout() const override { return 5.0; }
     VanticRestKit::LogError logError() const override;
-    /// Over a session of the host's own, whose loads take five minutes at most.
+    /// Uses the host's own session, whose loads take at most five minutes.
     std::shared_ptr<VanticRestKit::Serviceable> service(ServiceArguments arguments) const override;
 
-    /// The line of the last report, which is forgotten then; no text where there was none.
+    /// Returns and clears the last report; an empty string if there is none.
     std::string takeReport() const;
 
 private:
-    // Reports come on the delegate queue, and may come when the context is gone.
+    // Reports arrive on the delegate queue, possibly after the context has been destroyed.
     struct Reports {
         std::mutex mutex;
         std::string last;

@@ -9,7 +9,7 @@ namespace demo {
 /// "Show", "Series" or "Video".
 const char* kindOf(const VanticRestKit::CollectionItem& item);
 
-/// The title of an item; that of a series or an episode with its show in front.
+/// The title of an item. For a series or an episode, the title of its show comes first.
 std::string nameOf(const VanticRestKit::CollectionItem& item);
 
 /// The names of all items of a collection.

@@ -10,8 +10,8 @@
 
 namespace demo {
 
-/// Loads a resource and waits for the outcome. A program without a user interface may wait; never do so on
-/// the session's delegate queue, where the outcome would come.
+/// Loads a resource and waits for the outcome. A program without a user interface may do so. Never wait on the
+/// session's delegate queue, because the outcome is delivered there.
 template <class T>
 VanticRestKit::Result<T, VanticRestKit::LoaderError> loaded(const VanticRestKit::Resource<T>& resource) {
     using Outcome = VanticRestKit::Result<T, VanticRestKit::LoaderError>;
@@ -20,7 +20,7 @@ VanticRestKit::Result<T, VanticRestKit::LoaderError> loaded(const VanticRestKit:
     return arrived->get_future().get();
 }
 
-/// The value of a resource; empty, with a line on standard error, where there is none.
+/// The value of a resource. If loading fails, prints a line on standard error and returns an empty value.
 template <class T>
 std::optional<T> fetched(const std::optional<VanticRestKit::Resource<T>>& resource) {
     if (!resource) {

@@ -12,19 +12,19 @@ namespace demo {
 
 void printHeading(const std::string& text);
 
-/// A label and a text beside it; nothing where the text is empty.
+/// Prints a label and a text; nothing if the text is empty.
 void printField(const char* label, const std::string& text);
 
-/// A label and texts beside it, in as many lines as they need.
+/// Prints a label and several texts, in as many lines as needed.
 void printList(const std::string& label, const std::vector<std::string>& texts);
 
-/// Filled up with blanks by characters, not bytes, so that columns stay in line.
+/// The text padded with spaces. The width is in characters, not bytes, so that columns are aligned.
 std::string padded(std::string_view text, std::size_t width);
 
-/// In the zone of this computer; no text for no date.
+/// The date in the local time zone; an empty string if there is none.
 std::string textOf(const std::optional<VanticRestKit::Date>& date);
 
-/// A UTC time, in a pattern of strftime.
+/// A UTC time, formatted by strftime.
 std::string utcText(double secondsSince1970, const char* pattern);
 
 }  // namespace demo

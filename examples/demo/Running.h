@@ -10,8 +10,8 @@
 
 namespace demo {
 
-/// Runs an operation for a user and waits for the outcome; `start` is given the completion. As for loads:
-/// never do so on the session's delegate queue.
+/// Runs an operation for a user and waits for the outcome; `start` receives the completion. Never do so on the
+/// session's delegate queue.
 template <class T, class Start>
 VanticRestKit::Result<T, VanticRestKit::TrelvoError> ran(Start start) {
     using Outcome = VanticRestKit::Result<T, VanticRestKit::TrelvoError>;
@@ -21,7 +21,7 @@ VanticRestKit::Result<T, VanticRestKit::TrelvoError> ran(Start start) {
     return arrived->get_future().get();
 }
 
-/// The value of an outcome; empty, with a line on standard error, where there is none.
+/// The value of an outcome. If it is an error, prints a line on standard error and returns an empty value.
 template <class T>
 std::optional<T> valueOf(VanticRestKit::Result<T, VanticRestKit::TrelvoError> outcome) {
     if (outcome) return std::move(outcome).value();

@@ -18,7 +18,7 @@ using namespace VanticRestKit;
 ServiceControl::ServiceControl(URL baseURL) : baseURL_(std::move(baseURL)) {}
 
 bool ServiceControl::addFault(const std::string& path, const std::string& details) const {
-    // Else the answer before, which the service lets a client keep for a while, would hide the fault.
+    // Otherwise a response that is still fresh in the cache would hide the fault.
     URLCache::shared()->removeAllCachedResponses();
     return post("_control/faults", R"({"path":")" + path + R"(",)" + details + "}");
 }

@@ -6,17 +6,17 @@
 
 namespace demo {
 
-/// Steers the sample service through its control routes, so that the demo can show how the library takes a
-/// service that fails. A host has nothing like it.
+/// Controls the sample service through its control routes, so that the demo can show how the library handles a service
+/// that fails. Real hosts have nothing like it.
 class ServiceControl {
 public:
     explicit ServiceControl(VanticRestKit::URL baseURL);
 
-    /// Asks for a fault of the next answer of a path. `details` is what stands in the request's JSON behind
-    /// the path, such as `"fault":"status","status":500`. False where the service did not agree.
+    /// Adds a fault for the next response of a path. `details` are the further members of the JSON object, such as
+    /// `"fault":"status","status":500`. Returns whether the service accepted it.
     bool addFault(const std::string& path, const std::string& details) const;
 
-    /// Asks the service to end.
+    /// Stops the service. Returns whether it accepted.
     bool stop() const;
 
 private:

@@ -11,7 +11,7 @@
 
 namespace demo {
 
-/// The host's context for the data of the user who is signed in to it.
+/// The host's context for the data of the signed-in user.
 class UserContext final : public HostContext, public VanticRestKit::TrelvoContext {
 public:
     UserContext(const HostContext& host, std::optional<std::string> uid)
@@ -24,8 +24,8 @@ private:
     std::optional<std::string> uid_;
 };
 
-/// The host's context for recommendations. It is not that of user data as well: every request of this one
-/// carries the key.
+/// The host's context for recommendations. It is separate from that for user data because every request of this one
+/// contains the API key.
 class RecommendationsContext final : public HostContext, public VanticRestKit::RecsContext {
 public:
     explicit RecommendationsContext(const HostContext& host) : HostContext(host) {}

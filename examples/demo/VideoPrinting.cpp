@@ -22,10 +22,10 @@ void printStream(const char* technology, const StreamInfo& stream) {
     printField(technology, levels + (stream.protected_ ? " (protected)" : ""));
 }
 
-/// The address that a player is given: the best quality, or what a slow line can carry.
+/// Prints the URLs for a player: the highest quality, and the lowest for a slow connection.
 void printChoice(const PlaylistItem& item) {
-    printField("    best HLS", item.streams.hls.url({.preferHighest = true}).value_or("none"));
-    printField("    least HLS", item.streams.hls.url({.preferHighest = false}).value_or("none"));
+    printField("    highest HLS", item.streams.hls.url({.preferHighest = true}).value_or("none"));
+    printField("    lowest HLS", item.streams.hls.url({.preferHighest = false}).value_or("none"));
     printField("    720 HLS",
                item.streams.hls.url({.for_ = StreamInfo::StreamLevel::hd720}).value_or("none"));
     printField("    captions", item.captionsSrcVtt.value_or(""));
@@ -65,14 +65,14 @@ void printVideo(const Video& video) {
     }
     printField("on", video.channelTitle.value_or(""));
     printField("published", textOf(video.pubDate));
-    printField("until", textOf(video.expireDate));
+    printField("expires", textOf(video.expireDate));
     printField("badge", video.status ? video.status->title : "");
     printField("show slug", video.derivedShowSlug().value_or(""));
     printField("next episode", video.nextEpisodeTitle.value_or(""));
-    if (video.analytics) printField("reported as", video.analytics->oztamMediaId.value_or(""));
-    printField("to play it", video.playable && video.playableVideo
-                                 ? video.playableVideo->playTitle.value_or("")
-                                 : video.playableMessage.value_or(""));
+    if (video.analytics) printField("analytics id", video.analytics->oztamMediaId.value_or(""));
+    printField("play button", video.playable && video.playableVideo
+                                  ? video.playableVideo->playTitle.value_or("")
+                                  : video.playableMessage.value_or(""));
     if (video.playlist) printPlaylist(*video.playlist);
 }
 

@@ -6,13 +6,13 @@
 
 namespace demo {
 
-/// One line for each video.
+/// Prints one line for each video.
 void printVideos(const std::vector<VanticRestKit::Video>& videos);
 
-/// All that a host shows of one video, and what it plays.
+/// Prints everything that a host shows of one video, and its playlist.
 void printVideo(const VanticRestKit::Video& video);
 
-/// What a video plays, and the address chosen for the player.
+/// Prints the playlist of a video, and the URL chosen for the player.
 void printPlaylist(const std::vector<VanticRestKit::PlaylistItem>& playlist);
 
 }  // namespace demo

@@ -1,5 +1,5 @@
-// A host that loads what there is to load, prints it, and shows what it gets when something is wrong.
-//   demo BASE-URL      the base URL that the sample service has printed; the service is stopped at the end
+// A host that loads everything the service offers, prints it, and shows how failures look.
+//   demo BASE-URL      the base URL of the sample service, which is stopped at the end
 
 #include "Chapters.h"
 
@@ -12,7 +12,7 @@ constexpr bool (*chapters[])(const demo::Stage&) = {
     demo::showTimeAndAvatars, demo::showHomeScreen,    demo::showCollection, demo::showShowAndSeries,
     demo::showSearch,         demo::showNowAndNext,    demo::showVideos,     demo::showUser,
     demo::showRefusedTokens,  demo::showOddHomeScreen,
-    demo::showFailures,  // the last one: it stops the service
+    demo::showFailures,  // last, because it stops the service
 };
 
 }  // namespace

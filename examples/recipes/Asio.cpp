@@ -1,5 +1,4 @@
-// A load in a coroutine of asio. Its coroutines await asynchronous operations of asio only, so `load` makes one of a
-// resource.
+// A load in an asio coroutine. Such coroutines can only await asio operations, so `load` turns a load into one.
 //   recipe_asio BASE-URL
 
 #include "Host.h"
@@ -7,7 +6,7 @@
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 
-// With Clang and the standard library of GCC, asio has to be told that there are coroutines.
+// Clang with libstdc++: asio does not detect coroutine support by itself.
 #define ASIO_HAS_CO_AWAIT 1
 #define ASIO_HAS_STD_COROUTINE 1
 
@@ -33,7 +32,7 @@ asio::awaitable<Result<T, LoaderError>> load(Resource<T> resource, LoadOptions o
     const auto begin = [resource, options](auto handler) {
         const auto executor = asio::get_associated_executor(handler);
         auto kept = std::make_shared<decltype(handler)>(std::move(handler));
-        // The loop must not end while the load is under way.
+        // Keeps the loop running while the load is in progress.
         auto work = asio::make_work_guard(executor);
         resource
             .start(options,

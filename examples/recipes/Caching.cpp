@@ -1,4 +1,4 @@
-// Answers that outlive the process: a cache on disk, and a screen that is shown from it at once.
+// A disk cache that outlives the process, and a screen shown immediately from it.
 //   recipe_caching BASE-URL
 
 #include "Host.h"
@@ -46,7 +46,7 @@ int main(int argc, char** argv) {
     const std::filesystem::path folder = std::filesystem::temp_directory_path() / "recipe-caching";
     const auto cache = cacheIn(folder.string());
     const CachingHost caching(*host, cache);
-    // The first answer sets a cookie, and an answer is only used again for a request with the same cookies.
+    // The first response sets a cookie, and a cached response is only used for requests with the same cookies.
     for (int load = 0; load < 3; ++load) {
         const Result<Category, LoaderError> home = Endpoint::Home(caching)->wait({.deadline = 5s});
         if (!home) return 1;

@@ -1,4 +1,4 @@
-// Coroutines: one load after another, several at once, a deadline and a stop.
+// Coroutines: loads in sequence and in parallel, a deadline and a stop token.
 //   recipe_coroutines BASE-URL
 
 #include "Host.h"
@@ -18,7 +18,7 @@
 using namespace VanticRestKit;
 using namespace std::chrono_literals;
 
-// The resource is named before it is awaited: GCC 12 destroys braced strings inside a co_await expression twice.
+// The resource is created before the co_await expression: GCC 12 would destroy braced strings inside it twice.
 Task<std::string> titleOf(const Context& host, std::string slug) {
     const auto resource = Endpoint::Show({.showSlugOrId = std::move(slug)}, host);
     const Result<Show, LoaderError> show = co_await resource->value({.deadline = 5s});

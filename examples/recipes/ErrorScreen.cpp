@@ -1,4 +1,4 @@
-// One screen for every failure: a sentence and a button.
+// An error screen for every kind of error: a sentence and a button.
 //   recipe_error_screen BASE-URL
 
 #include "Host.h"
@@ -21,7 +21,7 @@ void showError(const Error& error) {
     std::printf("%-15s %s [%s]\n", nameOf(advice.category), advice.sentence.c_str(), button);
 }
 
-/// Shows why `time` does not load.
+/// Loads `time` and shows the error.
 void showFailure(const Resource<double>& time, const LoadOptions& options = {.deadline = 5s}) {
     const Result<double, LoaderError> result = time.wait(options);
     if (!result) showError(result.error());
@@ -45,7 +45,7 @@ int main(int argc, char** argv) {
     showFailure(timeAt("ftp://" + authority + "/v2/time"));
     showError(LoaderError::unknowError());
 
-    // What the service answers, until it answers well.
+    // The errors of the service, until it succeeds.
     const auto time = Endpoint::Time(*host);
     Result<double, LoaderError> result = time->wait({.deadline = 5s});
     for (; !result; result = time->wait({.deadline = 5s})) showError(result.error());

@@ -1,4 +1,4 @@
-// The home screen on an event loop of the host's own: completions run on the thread of the loop.
+// The home screen in the host's own event loop: completions run on the thread of the loop.
 //   recipe_event_loop BASE-URL
 
 #include "Host.h"
@@ -20,7 +20,7 @@
 using namespace VanticRestKit;
 using namespace std::chrono_literals;
 
-/// A loop over poll(): an event descriptor says that blocks are waiting.
+/// An event loop based on poll(); an event descriptor signals waiting blocks.
 class Loop {
 public:
     ~Loop() { close(wake_); }

@@ -1,4 +1,4 @@
-// Futures and blocking loads, for tools: a future of ours, one of the standard library, and a missed deadline.
+// Futures and blocking loads, for tools: a future of the library, a std::future, and a missed deadline.
 //   recipe_futures BASE-URL
 
 #include "Host.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-// What every recipe has: a context for the address that its command line names.
+// The context that all recipes share; its base URL is the command-line argument.
 
 #include <VanticRestKit/Core/Context.h>
 #include <VanticRestKit/Core/NetworkServiceble.h>
@@ -21,13 +21,14 @@ public:
     explicit Host(VanticRestKit::URL baseURL) : baseURL_(std::move(baseURL)) {}
     VanticRestKit::URL baseURL() const override { return baseURL_; }
 
-    /// Over a session whose loads take five minutes at most; without that a server that drips could take for ever.
+    /// Uses a session whose loads take at most five minutes. By default a server that sends a byte now and then could
+    /// keep a load going for days.
     std::shared_ptr<VanticRestKit::Serviceable> service(ServiceArguments arguments) const override {
         return VanticRestKit::NetworkServiceble::make(
             {.with = std::move(arguments.withURLRequest), .and_ = session(), .logError = logError()});
     }
 
-    /// The host of `program BASE-URL`; empty if the command line is another.
+    /// The host for `program BASE-URL`; empty if the command line is invalid.
     static std::optional<Host> of(int argc, char** argv) {
         const auto baseURL = argc == 2 ? VanticRestKit::URL::make(argv[1]) : std::nullopt;
         if (!baseURL) return std::nullopt;
@@ -47,7 +48,7 @@ private:
     VanticRestKit::URL baseURL_;
 };
 
-/// The same host with a user who is signed in.
+/// The same host with a signed-in user.
 class UserHost final : public Host, public VanticRestKit::TrelvoContext {
 public:
     UserHost(const Host& host, std::string uid) : Host(host), uid_(std::move(uid)) {}

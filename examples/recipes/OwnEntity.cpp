@@ -1,4 +1,4 @@
-// A value of the host's own, read from an answer of the service: its mapping table, its route and its load.
+// The host's own entity: its mapping table, its route, and loading it.
 //   recipe_own_entity BASE-URL
 
 #include "Host.h"
@@ -14,7 +14,7 @@
 using namespace VanticRestKit;
 using namespace std::chrono_literals;
 
-/// What a small card on the screen needs of a show.
+/// The data of a show for a small card on the screen.
 struct Card {
     std::string title{};
     std::optional<std::string> about{};
@@ -35,7 +35,7 @@ const TypePlan& VanticRestKit::planOf<Card>() {
     return plan;
 }
 
-/// Where a card comes from.
+/// The route to a card.
 struct CardURI {
     std::string show;
     std::string path() const { return "/v2/show/" + show; }

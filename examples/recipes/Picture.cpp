@@ -1,4 +1,4 @@
-// A picture: its bytes as they came.
+// Loads the bytes of an image.
 //   recipe_picture BASE-URL
 
 #include "Host.h"

@@ -1,4 +1,4 @@
-// A request log: one line for each request, for each answer that cannot be decoded, and for what was swallowed.
+// A request log: one line for each request, for each body that cannot be decoded, and for tolerated faults.
 //   recipe_request_log BASE-URL
 
 #include "Host.h"

@@ -1,4 +1,4 @@
-// Requests that are sent again while the service is in trouble, and a sentence for the viewer if that does not help.
+// Retries while the service fails, and a sentence for the viewer if that does not help.
 //   recipe_retry BASE-URL
 
 #include "Host.h"

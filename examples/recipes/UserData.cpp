@@ -1,4 +1,4 @@
-// Operations on user data, each begun in the completion of the one before: nothing here blocks a thread.
+// User operations, each started in the completion of the previous one, without blocking a thread.
 //   recipe_user_data BASE-URL
 
 #include "Host.h"

@@ -1,4 +1,4 @@
-// Replays what a signed-in user did, from the folder given. With --record URL it is recorded anew, from the service there.
+// Replays the requests of a signed-in user from a folder. With --record URL, records them from the service at that URL.
 
 #include <VanticRestKit/Testing/RecordingSession.h>
 #include <VanticRestKit/Testing/Replay.h>
@@ -11,7 +11,7 @@
 using namespace VanticRestKit;
 using namespace VanticRestKit::Testing;
 
-/// Saves a show and counts what is saved then.
+/// Saves a show and returns the number of saved shows.
 int savedAfterwards(const std::shared_ptr<const TrelvoContext>& context) {
     const auto client = UserClient::make(context);
     const auto added = client->addWatchlistShow({.showId = 11}).wait();

@@ -1,25 +1,25 @@
 #pragma once
 
 /// \file
-/// What the examples of tests test: the page of a show in a host.
+/// The code under test in the examples: a host's page for a show.
 
 #include <VanticRestKit/VanticRestKit.h>
 
 #include <string>
 
-/// The context of the host, as it is in production.
+/// The context of the host, as in production.
 class HostContext : public virtual VanticRestKit::Context {
 public:
     VanticRestKit::URL baseURL() const override { return VanticRestKit::URL("https://api.host.example"); }
 };
 
-/// Shows a title with its number of episodes, or a sentence.
+/// Shows the title and the number of episodes, or an error message.
 class ShowPage {
 public:
     ShowPage(const VanticRestKit::Context& context, VanticRestKit::DispatchQueue ui)
         : context_(context), ui_(std::move(ui)) {}
 
-    /// Loads a show in place of the one that is loading. `text` changes on the queue of the interface.
+    /// Loads a show and cancels the previous load. `text` changes on the queue of the user interface.
     void open(const std::string& slug) {
         using namespace VanticRestKit;
         text = "Loading ...";

@@ -1,4 +1,4 @@
-// The same kind of tests with Catch2.
+// Unit tests of host code with Catch2.
 
 #define CATCH_CONFIG_MAIN
 #include <VanticRestKit/Testing/Documents.h>

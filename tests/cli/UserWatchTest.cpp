@@ -107,7 +107,7 @@ public:
         : host_(options(), "ann", answers.serve()), running_([this] {
               trelvo_.deleteSubprofile(
                   {.completionHandler = Trelvo::Completion<void>(
-                       [this](Result<void, TrelvoError>) { watch->told(std::string("deleted")); })},
+                       [this](Result<void, TrelvoError>) { watch->setOutcome(std::string("deleted")); })},
                   WatchedContext(host_, watch));
               watch->operationReturned();
           }) {}

@@ -33,10 +33,10 @@ TEST(Values, WhatIsNoWholeNumberIsRefused) {
 }
 
 TEST(Values, ATruthValueIsTrueOrFalse) {
-    EXPECT_TRUE(readTruth("loud", "true"));
-    EXPECT_FALSE(readTruth("loud", "false"));
+    EXPECT_TRUE(readBoolean("loud", "true"));
+    EXPECT_FALSE(readBoolean("loud", "false"));
     for (const char* text : {"", "TRUE", "1", "no"})
-        EXPECT_THROW(readTruth("loud", text), UsageError) << text;
+        EXPECT_THROW(readBoolean("loud", text), UsageError) << text;
 }
 
 TEST(Values, AQueryItemIsSplitAtItsFirstEqualsSign) {
@@ -94,7 +94,7 @@ TEST(Arguments, AnOptionThatIsLeftOutIsEmptyAndAnEmptyTextIsNot) {
 
 TEST(Arguments, AValueIsReadAsTheOptionWantsIt) {
     EXPECT_EQ(read({"--limit", "-5"}).optionally("limit", readInteger), -5);
-    EXPECT_EQ(read({"--limit", "true"}).optionally("limit", readTruth), true);
+    EXPECT_EQ(read({"--limit", "true"}).optionally("limit", readBoolean), true);
     EXPECT_THROW(read({"--limit", "x"}).optionally("limit", readInteger), UsageError);
 }
 

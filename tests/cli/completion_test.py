@@ -51,7 +51,7 @@ class Candidates(TestCase):
         self.assertEqual(candidates("load", "Time", "--timeout", ""), [])
 
     def test_come_with_an_explanation(self):
-        self.assertIn("load\tsends it and prints the value\n", vantic("complete", "--", "lo").out)
+        self.assertIn("load\tsends the request and prints the value\n", vantic("complete", "--", "lo").out)
 
     def test_are_none_after_something_unknown(self):
         self.assertEqual(candidates("sing", ""), [])

@@ -25,7 +25,7 @@ class Manual(TestCase):
 
     def test_of_the_program_names_every_command(self):
         text = self.shown()
-        for part in ["vantic - looks at documents", "EXIT STATUS", "VANTIC_BASE_URL", "--base-url URL"]:
+        for part in ["vantic - decodes documents", "EXIT STATUS", "VANTIC_BASE_URL", "--base-url URL"]:
             self.assertIn(part, text)
         for command in COMMANDS:
             self.assertIn(f"vantic-{command}(1)", text)

@@ -53,7 +53,7 @@ Arguments Arguments::read(Words words, std::span<const Option> options, std::siz
         } else {
             throw UsageError{"--" + name + " needs a value"};
         }
-        if (option.takes == Option::Takes::nothing) readTruth(name, value);
+        if (option.takes == Option::Takes::nothing) readBoolean(name, value);
         std::vector<std::string>& values = arguments.values_[name];
         if (!values.empty() && option.takes != Option::Takes::values) {
             throw UsageError{"--" + name + " is given twice"};
@@ -84,6 +84,6 @@ std::vector<std::string> Arguments::texts(std::string_view name) const {
     return found == values_.end() ? std::vector<std::string>{} : found->second;
 }
 
-bool Arguments::flag(std::string_view name) const { return has(name) && readTruth(name, text(name)); }
+bool Arguments::flag(std::string_view name) const { return has(name) && readBoolean(name, text(name)); }
 
 }  // namespace vantic

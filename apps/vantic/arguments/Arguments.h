@@ -12,37 +12,37 @@
 
 namespace vantic {
 
-/// The words of a command line after the name of a command.
+/// The arguments after the name of a command.
 using Words = std::span<const std::string>;
 
-/// Whether a word asks for help.
+/// Whether a word is `-h` or `--help`.
 bool isHelp(std::string_view word);
 
-/// What was given on the command line.
+/// The options and positional arguments of a command line.
 ///
-/// A value is the word after its option, or what follows "=" in the option's own word; only in the latter form may it
-/// begin with "--". All functions throw `UsageError` for arguments that are wrong.
+/// The value of an option is the next word, or the part after "=" in the same word. Only the second form allows values
+/// that begin with "--". All functions throw `UsageError` for wrong arguments.
 class Arguments {
 public:
-    /// Reads `words` by what `options` may be given, and at most `maxPositionals` words without one. Throws
-    /// `HelpRequested` for `-h` or `--help` in the place of an option.
+    /// Parses `words`, with the allowed `options` and at most `maxPositionals` positional arguments. Throws
+    /// `HelpRequested` for `-h` or `--help`, unless it is the value of an option.
     static Arguments read(Words words, std::span<const Option> options, std::size_t maxPositionals = 0);
 
-    /// The words that belong to no option.
+    /// The positional arguments.
     const std::vector<std::string>& positionals() const noexcept { return positionals_; }
 
     bool has(std::string_view name) const { return values_.find(name) != values_.end(); }
-    /// The names of all options given.
+    /// The names of all given options.
     std::vector<std::string_view> names() const;
 
-    /// A text that must be given.
+    /// The value of a required option.
     std::string text(std::string_view name) const;
     std::optional<std::string> optionalText(std::string_view name) const;
-    /// The texts of a repeated option in the order given; none if it is left out.
+    /// The values of a repeated option, in order; none if it is not given.
     std::vector<std::string> texts(std::string_view name) const;
     bool flag(std::string_view name) const;
 
-    /// The text of `name` as `reader(name, text)` understands it; empty if it is left out.
+    /// The value of `name`, converted by `reader(name, text)`; empty if the option is not given.
     template <class Reader>
     auto optionally(std::string_view name, Reader reader) const
         -> std::optional<decltype(reader(name, std::string()))> {

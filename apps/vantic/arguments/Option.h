@@ -5,13 +5,13 @@
 
 namespace vantic {
 
-/// One option of a command or an operation: how it is read, and what help, completion and manual pages say of it.
+/// An option of a command or an operation: how it is parsed, and its description for help, completion and manual pages.
 struct Option {
     enum class Takes { value, values, nothing };
-    /// Lists the values that an option may have.
+    /// Returns the allowed values of an option.
     using Allowed = std::vector<std::string_view> (*)();
 
-    /// Without its dashes.
+    /// The name, without dashes.
     std::string_view name;
     Takes takes;
     bool isRequired;
@@ -19,22 +19,22 @@ struct Option {
     std::string_view placeholder = "VALUE";
     /// One line of help, without a full stop.
     std::string_view help{};
-    /// Null if the option takes any text.
+    /// Null if any value is allowed.
     Allowed allowed = nullptr;
     bool takesFile = false;
 };
 
-/// `--name VALUE`, which must be given.
+/// `--name VALUE`, required.
 constexpr Option required(std::string_view name, std::string_view placeholder = "VALUE",
                           std::string_view help = {}) {
     return {name, Option::Takes::value, true, placeholder, help};
 }
-/// `--name VALUE`, which may be left out.
+/// `--name VALUE`, optional.
 constexpr Option optional(std::string_view name, std::string_view placeholder = "VALUE",
                           std::string_view help = {}) {
     return {name, Option::Takes::value, false, placeholder, help};
 }
-/// `--name VALUE` as often as wanted.
+/// `--name VALUE`, any number of times.
 constexpr Option repeated(std::string_view name, std::string_view placeholder = "VALUE",
                           std::string_view help = {}) {
     return {name, Option::Takes::values, false, placeholder, help};
@@ -44,7 +44,7 @@ constexpr Option flag(std::string_view name, std::string_view help = {}) {
     return {name, Option::Takes::nothing, false, {}, help};
 }
 
-/// An option whose value is one of a list.
+/// An option with a list of allowed values.
 constexpr Option oneOf(Option option, Option::Allowed allowed) {
     option.allowed = allowed;
     return option;

@@ -11,7 +11,7 @@ char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + '
 }  // namespace
 
 std::size_t editDistance(std::string_view a, std::string_view b) {
-    // The distances of the prefixes of `a` that end here, one row before and two rows before, to those of `b`.
+    // Distances to the prefixes of `b`, for the current prefix of `a` and the two shorter ones.
     std::vector<std::size_t> previous(b.size() + 1);
     std::vector<std::size_t> current(b.size() + 1);
     std::vector<std::size_t> beforePrevious(b.size() + 1);
@@ -34,24 +34,24 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
 
 std::string suggestion(std::string_view word, std::span<const std::string_view> names,
                        std::string_view prefix) {
-    // A word of which a third or more is wrong is more likely to be something else. A long word takes long to compare
-    // and is no misspelling.
-    constexpr std::size_t longest = 64;
-    if (word.empty() || word.size() > longest) return {};
-    std::size_t least = word.size() / 3 + 1;
+    // A word with an error rate of a third or more is probably not a misspelling. Neither is a very long word, which
+    // would be slow to compare.
+    constexpr std::size_t maxLength = 64;
+    if (word.empty() || word.size() > maxLength) return {};
+    std::size_t smallest = word.size() / 3 + 1;
     std::string_view closest;
     for (const std::string_view name : names) {
         const std::size_t distance = editDistance(word, name);
-        if (distance >= least) continue;
-        least = distance;
+        if (distance >= smallest) continue;
+        smallest = distance;
         closest = name;
     }
-    const auto begins = [&](std::string_view name) {
+    const auto startsWithWord = [&](std::string_view name) {
         return name.size() > word.size() && editDistance(word, name.substr(0, word.size())) == 0;
     };
-    constexpr std::size_t shortestBeginning = 3;
-    if (closest.empty() && word.size() >= shortestBeginning) {
-        const auto found = std::find_if(names.begin(), names.end(), begins);
+    constexpr std::size_t minPrefixLength = 3;
+    if (closest.empty() && word.size() >= minPrefixLength) {
+        const auto found = std::find_if(names.begin(), names.end(), startsWithWord);
         if (found != names.end()) closest = *found;
     }
     if (closest.empty()) return {};

@@ -5,16 +5,15 @@
 #include <string_view>
 #include <vector>
 
-// What error messages say after a name that does not exist.
+// Suggestions in error messages about unknown names.
 namespace vantic {
 
-/// "; did you mean NAME?" for the name that is closest to `word`, or nothing if none is close. Each name is shown
-/// with `prefix` in front.
+/// "; did you mean NAME?" for the name closest to `word`, or an empty string if none is close. The name is printed
+/// after `prefix`.
 std::string suggestion(std::string_view word, std::span<const std::string_view> names,
                        std::string_view prefix = {});
 
-/// How many letters have to be added, removed, changed or swapped with their neighbour to make `b` of `a`. Letters
-/// are compared without case.
+/// The number of characters to insert, remove, replace or swap with the next one to turn `a` into `b`, ignoring case.
 std::size_t editDistance(std::string_view a, std::string_view b);
 
 /// "a, b or c".

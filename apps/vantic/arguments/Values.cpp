@@ -45,14 +45,14 @@ double readNumber(std::string_view name, const std::string& text) {
     return number;
 }
 
-bool readTruth(std::string_view name, const std::string& text) {
+bool readBoolean(std::string_view name, const std::string& text) {
     if (text != "true" && text != "false") {
         throw UsageError{"--" + std::string(name) + " takes true or false, not " + text};
     }
     return text == "true";
 }
 
-std::vector<std::string_view> truthTexts() { return {"true", "false"}; }
+std::vector<std::string_view> booleanNames() { return {"true", "false"}; }
 
 void refuse(std::string_view name, const std::string& text, const std::vector<std::string_view>& allowed) {
     throw UsageError{"--" + std::string(name) + " takes " + alternatives(allowed) + ", not " + text +

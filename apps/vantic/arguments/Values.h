@@ -12,30 +12,30 @@
 
 #include "Failure.h"
 
-// The readers of values that are no plain text. Each is given the name of the option, for saying what is
-// wrong, and throws `UsageError` for a text that it cannot read.
+// Parsers for the values of options. Each takes the name of the option for its error message, and throws `UsageError`
+// for an invalid value.
 namespace vantic {
 
 std::uint64_t readUnsigned(std::string_view name, const std::string& text);
 std::int64_t readInteger(std::string_view name, const std::string& text);
-/// A number of seconds or the like: any finite decimal number.
+/// Any finite decimal number.
 double readNumber(std::string_view name, const std::string& text);
 /// "true" or "false".
-bool readTruth(std::string_view name, const std::string& text);
-/// "name=value", split at the first "="; without one the item has no value.
+bool readBoolean(std::string_view name, const std::string& text);
+/// "name=value", split at the first "=". Without "=", the item has no value.
 VanticRestKit::URLQueryItem readQueryItem(std::string_view name, const std::string& text);
 
-/// "source://type/id"; the id may hold slashes.
+/// "source://type/id"; the id may contain slashes.
 VanticRestKit::RecsModuleContext readContent(std::string_view name, const std::string& text);
 
-/// A JSON object as free-form data: its texts, numbers and truth values.
+/// A JSON object as free-form data, with its strings, numbers and booleans.
 VanticRestKit::Dictionary readDataset(std::string_view name, const std::string& text);
 
-/// Throws `UsageError` for a text that is none of those allowed.
+/// Throws `UsageError` for a value that is not allowed.
 [[noreturn]] void refuse(std::string_view name, const std::string& text,
                          const std::vector<std::string_view>& allowed);
 
-/// The raw texts of an enumeration, in case order.
+/// The raw strings of an enumeration, in declaration order.
 template <class E>
 std::vector<std::string_view> rawTexts() {
     std::vector<std::string_view> texts;
@@ -44,9 +44,9 @@ std::vector<std::string_view> rawTexts() {
 }
 
 /// "true" and "false".
-std::vector<std::string_view> truthTexts();
+std::vector<std::string_view> booleanNames();
 
-/// The case of an enumeration by its raw text.
+/// The case of an enumeration with this raw string.
 template <class E>
 E readCase(std::string_view name, const std::string& text) {
     const std::optional<E> found = VanticRestKit::fromRawValue<E>(text);

@@ -7,9 +7,9 @@ namespace vantic {
 std::span<const Command> allCommands() {
     using Takes = Command::Takes;
     static const Command commands[] = {
-        {"types", "", "lists the types that documents decode into", Takes::nothing, {}, runTypes},
-        {"decode", "TYPE [FILE]", "prints a document as a value; [TYPE] is a list", Takes::document,
-         decodeOptions(), runDecode},
+        {"types", "", "lists the types that documents can be decoded into", Takes::nothing, {}, runTypes},
+        {"decode", "TYPE [FILE]", "decodes a document and prints the value; [TYPE] is a list",
+         Takes::document, decodeOptions(), runDecode},
         {"explain", "TYPE [FILE]", "lists every fault of a document", Takes::document, {}, runExplain},
         {"request",
          "OPERATION OPTION...",
@@ -17,8 +17,8 @@ std::span<const Command> allCommands() {
          Takes::anyOperation,
          {},
          runRequest},
-        {"load", "OPERATION OPTION...", "sends it and prints the value", Takes::operation, loadOptions(),
-         runLoad},
+        {"load", "OPERATION OPTION...", "sends the request and prints the value", Takes::operation,
+         loadOptions(), runLoad},
         {"user", "OPERATION OPTION...", "runs an operation for a user and prints the value",
          Takes::userOperation, userCommandOptions(), runUser},
         {"help", "[COMMAND | OPERATION]", "explains a command or an operation", Takes::topic, {}, runHelp},

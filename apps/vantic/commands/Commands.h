@@ -8,30 +8,31 @@
 
 namespace vantic {
 
-/// A command, for running it and for everything that describes it: help, completion and manual pages.
+/// A command, with the function that runs it and its description for help, completion and manual pages.
 struct Command {
-    /// What follows the name of a command beside its options.
+    /// The positional arguments of a command.
     enum class Takes { nothing, document, operation, userOperation, anyOperation, topic };
 
     std::string_view name;
-    /// What follows the name, such as "TYPE [FILE]".
+    /// The arguments after the name, such as "TYPE [FILE]".
     std::string_view synopsis;
     /// One line of help.
     std::string_view summary;
     Takes takes;
     /// Its own options, without those of an operation.
     std::span<const Option> options;
-    /// Is given the words after the name. Throws `UsageError`, `Failed`, `FailedAndReported` or `HelpRequested`.
+    /// Runs the command with the words after its name. Throws `UsageError`, `Failed`, `FailedAndReported` or
+    /// `HelpRequested`.
     void (*run)(Words words);
 };
 
 /// All commands, in the order of the help text.
 std::span<const Command> allCommands();
 
-/// The command of that name; null if there is none.
+/// The command with this name; null if there is none.
 const Command* commandNamed(std::string_view name);
 
-// What the commands do, and their options. Each is defined in the source of its name.
+// The functions and options of the commands. Each is defined in the source named after the command.
 void runTypes(Words words);
 void runDecode(Words words);
 void runExplain(Words words);

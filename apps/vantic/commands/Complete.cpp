@@ -8,8 +8,8 @@
 #include "types/Type.h"
 #include "user/UserOperation.h"
 
-// Completion: the shells pass the words of a command line, the last one being typed, and get what may stand there, a
-// line each, with a tab and an explanation. The line ":files" stands for the names of files.
+// Completion: a shell passes the words of a command line, of which the last one is being typed, and gets the candidates
+// for it, one per line, followed by a tab and an explanation. The line ":files" means any file name.
 namespace vantic {
 
 namespace {
@@ -51,7 +51,7 @@ void addFirstWord(const Command& command, const Candidates& candidates) {
     }
 }
 
-/// All options that may stand after a command, and after its operation if one is named.
+/// All options of a command, and of its operation if there is one.
 std::vector<Option> optionsOf(const Command& command, Words words) {
     std::vector<Option> options;
     const auto add = [&](std::span<const Option> more) {
@@ -81,7 +81,7 @@ void addOptions(std::span<const Option> options, Words given, const Candidates& 
     candidates.add("--help", "explains the command");
 }
 
-/// What the option before the last word takes; false if there is no such option.
+/// Adds the values of the option before the last word. Returns false if there is no such option.
 bool addValues(std::span<const Option> options, const std::string& before, const Candidates& candidates) {
     for (const Option& option : options) {
         if (before != "--" + std::string(option.name) || option.takes == Option::Takes::nothing) continue;

@@ -31,7 +31,7 @@ void decodeLines(const Type& type, Input& input) {
     }
 }
 
-/// One line of answer for each file. Every file is tried.
+/// Prints one line for each file. Continues after a file that fails.
 void decodeFiles(const Type& type, const std::vector<std::string>& files, bool isQuiet) {
     bool allDecoded = true;
     for (const std::string& file : files) {
@@ -57,8 +57,8 @@ void decodeFiles(const Type& type, const std::vector<std::string>& files, bool i
 
 std::span<const Option> decodeOptions() {
     static constexpr Option options[] = {
-        flag("lines", "takes each line for a document, and prints a line for each"),
-        flag("all", "takes any number of files, and prints a line for each"),
+        flag("lines", "reads one document per line, and prints a line for each"),
+        flag("all", "reads any number of files, and prints a line for each"),
         flag("quiet", "prints no value, only errors")};
     return options;
 }

@@ -23,7 +23,7 @@ LoadedText loadValue(const Call& call, const CommonOptions& common) {
     return promise->get_future().get();
 }
 
-/// The body as it came, whatever it is.
+/// The unchanged body, which may be anything.
 std::string loadBody(const Call& call, const CommonOptions& common) {
     std::shared_ptr<VanticRestKit::Serviceable> service;
     const Host host(common, [&service, serve = serveOver(common)](URLRequest request) {
@@ -40,7 +40,7 @@ std::string loadBody(const Call& call, const CommonOptions& common) {
 }  // namespace
 
 std::span<const Option> loadOptions() {
-    static constexpr Option options[] = {flag("raw", "prints the body of the answer as it came"),
+    static constexpr Option options[] = {flag("raw", "prints the response body unchanged"),
                                          flag("quiet", "prints no value, only errors")};
     return options;
 }

@@ -18,7 +18,7 @@ using namespace VanticRestKit;
 
 namespace {
 
-/// Takes the place of a service: there is no outcome.
+/// A service that sends nothing and has no outcome.
 class Unsent final : public Serviceable {
 public:
     void fetch(FetchArguments) override {}
@@ -27,7 +27,7 @@ public:
     }
 };
 
-/// The requests that the library has built, in its order.
+/// The requests that the library has built, in order.
 using Requests = std::vector<URLRequest>;
 
 Serve collectingInto(Requests& requests) {
@@ -63,7 +63,7 @@ std::string listText(const Requests& requests) {
     return text + "\n]";
 }
 
-/// A token that lasts, by the clock of a client for which time stands still.
+/// A token that does not expire, because the clock of the client is fixed.
 Auth lasting(const std::string& token) {
     return {.accessToken = token, .expiry = Date(std::chrono::hours(1)), .refreshToken = {}, .tokenType = {}};
 }

@@ -9,7 +9,7 @@
 
 namespace vantic {
 
-/// "TYPE [FILE]", as the commands about documents take it.
+/// "TYPE [FILE]", the arguments of the commands for documents.
 struct TypeAndInput {
     static constexpr std::size_t maxWords = 2;
 
@@ -20,7 +20,7 @@ struct TypeAndInput {
     }
 
     const Type& type;
-    /// Standard input if it is left out.
+    /// The file; empty for standard input.
     std::optional<std::string> file;
 };
 

@@ -24,7 +24,7 @@ void runUser(Words words) {
     const auto watch = std::make_shared<RequestWatch>();
     const auto host =
         std::make_shared<UserHost>(std::move(common), call.given.optionalText("uid"), std::move(serve));
-    // A thread of its own that is not waited for: if the token cannot be asked for, it never ends.
+    // A separate thread that is not joined: it never ends if the token request cannot be built.
     std::thread([run = std::move(call.run), host, watch] {
         run(Trelvo::shared(), WatchedContext(*host, watch), watch);
         watch->operationReturned();

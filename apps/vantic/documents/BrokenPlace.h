@@ -7,15 +7,15 @@
 
 namespace vantic {
 
-/// A place in a document, both counted from 1.
+/// A position in a document; both numbers start at 1.
 struct TextPlace {
     std::size_t line = 1;
-    /// In characters of UTF-8.
+    /// In code points, not bytes.
     std::size_t column = 1;
 };
 
-/// Where the structure of a JSON document breaks: the first token that cannot stand where it does, an unfinished string,
-/// or the end if more must follow. Empty for a sound structure.
+/// The position of the first structural error in a JSON document: an unexpected token, an unterminated string, or the
+/// end if the document is incomplete. Empty for a well-formed document.
 std::optional<TextPlace> breakIn(std::string_view document);
 
 /// "line 3, column 14"

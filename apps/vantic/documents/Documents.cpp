@@ -51,7 +51,7 @@ std::optional<std::string_view> Input::readLine() {
         bytes_.erase(0, at_);
         at_ = 0;
         searched = bytes_.size();
-        // Whoever sends lines one by one has all answers to what was sent before more is waited for.
+        // A program that sends lines one by one receives all responses so far before this blocks for more input.
         flush();
         if (readBlock()) continue;
         if (bytes_.empty()) return std::nullopt;

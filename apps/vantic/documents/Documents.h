@@ -7,20 +7,20 @@
 
 namespace vantic {
 
-/// A file, or standard input, as bytes. All functions throw `Failed` if it cannot be read.
+/// The bytes of a file or of standard input. All functions throw `Failed` if reading fails.
 class Input {
 public:
-    /// Standard input if no file is named, or "-".
+    /// Opens the file, or standard input if it is empty or "-".
     explicit Input(const std::optional<std::string>& file);
     ~Input();
     Input(const Input&) = delete;
     Input& operator=(const Input&) = delete;
 
-    /// Everything that is left.
+    /// The rest of the input.
     std::string readAll();
 
-    /// The next line without its line feed; nothing else is taken from it. The last line may lack the line
-    /// feed. Empty at the end. The view lives until the next call.
+    /// The next line, without its line feed but otherwise unchanged. The last line may have no line feed. Empty at the
+    /// end. The view is valid until the next call.
     std::optional<std::string_view> readLine();
 
 private:

@@ -15,13 +15,12 @@ constexpr const char* aboutFiles =
     "\nWithout FILE, or with - for it, a document is read from standard input.\n";
 
 constexpr const char* aboutExit =
-    "\nThe program ends with 0, with 1 if the request, the service or the document failed, and with 2 for "
-    "wrong "
+    "\nThe exit code is 0 for success, 1 if the request, the service or the document failed, and 2 for wrong "
     "usage.\n";
 
 constexpr std::size_t widestName = 28;
 
-/// Two columns: a name, and what it means.
+/// Two columns: a name and its meaning.
 std::string row(const std::string& name, const std::string& meaning, std::size_t width = widestName) {
     const std::size_t gap = name.size() < width ? width - name.size() : 1;
     return "  " + name + std::string(gap, ' ') + meaning + "\n";
@@ -93,7 +92,7 @@ constexpr const char* titleOfCommon = "Options of every operation (--name=VALUE 
 
 std::string helpForAll() {
     constexpr std::size_t width = 40;
-    std::string text = "Looks at documents, requests and answers of the service.\n\n";
+    std::string text = "Decodes documents of the service, prints requests, and loads from the service.\n\n";
     for (const Command& command : allCommands()) {
         std::string line = "vantic " + std::string(command.name) + " " + std::string(command.synopsis);
         text += row(line, std::string(command.summary), width);

@@ -6,18 +6,18 @@
 #include "arguments/Arguments.h"
 #include "commands/Commands.h"
 
-// Help texts for a terminal, made of the tables of commands and operations.
+// Help texts for a terminal, generated from the tables of commands and operations.
 namespace vantic {
 
-/// All commands and operations.
+/// An overview of all commands and operations.
 std::string helpForAll();
 
 std::string helpForCommand(const Command& command);
 
-/// For an operation as `command` takes it; null: as any command does.
+/// The help for an operation as an argument of `command`; null for any command.
 std::string helpForOperation(std::string_view name, const Command* command);
 
-/// What belongs to a command line with `--help` in it: its operation, else its command, else everything.
+/// The help for a command line with `--help`: about its operation, otherwise about its command, otherwise the overview.
 std::string helpForCall(Words words);
 
 }  // namespace vantic

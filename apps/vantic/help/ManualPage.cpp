@@ -8,8 +8,7 @@ namespace vantic {
 
 namespace {
 
-/// Text as man(7) takes it: a backslash and a dash have meanings of their own, and so have a dot and a quote at the
-/// start of a line.
+/// Text escaped for man(7), in which backslashes and dashes are special, and dots and quotes at the start of a line.
 std::string escaped(std::string_view text) {
     std::string result;
     for (const char c : text) {
@@ -58,13 +57,13 @@ std::string operations(bool areForUsers) {
 std::string commonSections() {
     return section("OPTIONS OF EVERY OPERATION") + entries(CommonOptions::options()) +
            section("ENVIRONMENT") +
-           entry("VANTIC_BASE_URL", "where the service is, if --base-url is left out");
+           entry("VANTIC_BASE_URL", "the address of the service if --base-url is not given");
 }
 
 std::string endOfPage(const std::string& seeAlso) {
-    return section("EXIT STATUS") + entry("0", "done") +
+    return section("EXIT STATUS") + entry("0", "success") +
            entry("1",
-                 "the request, the service or the document failed; one line on standard error says what") +
+                 "the request, the service or the document failed; one line on standard error says why") +
            entry("2", "wrong usage") + section("SEE ALSO") + seeAlso;
 }
 
@@ -80,7 +79,7 @@ std::string invocation(const Command& command) {
 
 std::string manualPage() {
     std::string text =
-        heading("vantic", "looks at documents, requests and answers of a video-on-demand service");
+        heading("vantic", "decodes documents, prints requests and loads from a video-on-demand service");
     for (const Command& command : allCommands()) text += invocation(command);
     text += section("COMMANDS");
     for (const Command& command : allCommands()) {

@@ -10,8 +10,8 @@ namespace vantic {
 
 namespace {
 
-/// The names of types are too many for one line; `vantic types` lists them.
-constexpr std::size_t mostValuesShown = 10;
+/// There are too many type names for one line; `vantic types` lists them.
+constexpr std::size_t maxValuesShown = 10;
 
 std::vector<Topic> collect() {
     std::vector<Topic> topics;
@@ -61,7 +61,7 @@ std::string helpOf(const Option& option) {
     std::string text(option.help);
     if (option.allowed != nullptr) {
         const std::vector<std::string_view> allowed = option.allowed();
-        if (allowed.size() <= mostValuesShown) text += ": " + alternatives(allowed);
+        if (allowed.size() <= maxValuesShown) text += ": " + alternatives(allowed);
     }
     if (option.takes == Option::Takes::values) text += "; may be repeated";
     return text;

@@ -7,7 +7,7 @@
 
 #include "arguments/Option.h"
 
-// What the tables of commands and operations say, in the form that help texts, manual pages and completion share.
+// The contents of the tables of commands and operations, for help texts, manual pages and completion.
 namespace vantic {
 
 /// One way to call an operation.
@@ -16,17 +16,17 @@ struct Form {
     std::vector<Option> options;
 };
 
-/// An operation of the catalogue, of the services beside it, or for a user.
+/// An operation of the catalogue, of one of the other services, or for a user.
 struct Topic {
     std::string_view name;
     bool isForUser;
     std::vector<Form> forms;
 };
 
-/// All operations, each once.
+/// All operations, without duplicates.
 std::span<const Topic> allTopics();
 
-/// The operation of that name; null if there is none.
+/// The operation with this name; null if there is none.
 const Topic* topicNamed(std::string_view name);
 
 /// " --limit N [--markedAsDone]"

@@ -37,14 +37,14 @@ VanticRestKit::URL readBaseURL(const Arguments& arguments) {
 std::span<const Option> CommonOptions::options() {
     static constexpr Option options[] = {
         required(baseURLOption, "URL",
-                 "where the service is; left out, the environment variable VANTIC_BASE_URL"),
-        repeated("header", "'NAME: VALUE'", "a header of the host's own"),
-        optional("timeout", "SECONDS", "how long nothing may move; 30 if left out"),
-        path(optional("ca", "FILE", "the certificates to be trusted")),
-        flag("verbose", "what the failure hook receives goes to standard error"),
-        path(optional("cache", "FOLDER", "keeps answers there, for this run and later ones")),
-        flag("revalidate", "asks the service whether what is kept has changed"),
-        flag("trace", "status, source, times, bytes and headers of each answer, on standard error")};
+                 "the address of the service; default: the environment variable VANTIC_BASE_URL"),
+        repeated("header", "'NAME: VALUE'", "an additional request header"),
+        optional("timeout", "SECONDS", "the idle time-out; default: 30"),
+        path(optional("ca", "FILE", "the trusted certificates")),
+        flag("verbose", "reports what the failure hook receives on standard error"),
+        path(optional("cache", "FOLDER", "caches responses there, for this run and later ones")),
+        flag("revalidate", "asks the service whether cached responses have changed"),
+        flag("trace", "reports status, source, times, bytes and headers of each response on standard error")};
     return options;
 }
 

@@ -11,21 +11,21 @@
 
 namespace vantic {
 
-/// What every operation takes beside its own options.
+/// The options of every operation.
 struct CommonOptions {
     VanticRestKit::URL baseURL;
-    /// By exact name; of one name given several times the last value counts.
+    /// By exact name. If a name is given several times, the last value is used.
     std::map<std::string, std::string> headers;
     /// In seconds.
     std::optional<double> timeout;
-    /// The file with the certificates to be trusted.
+    /// The file with the trusted certificates.
     std::optional<std::string> authorityFile;
     bool isVerbose;
-    /// The folder in which answers are kept from one run to the next.
+    /// The folder of the disk cache, which keeps responses between runs.
     std::optional<std::string> cacheFolder{};
-    /// Whether the server is asked about what is kept, also if that is fresh.
+    /// Whether cached responses are revalidated even if they are fresh.
     bool revalidates = false;
-    /// Whether each request's answer is reported on standard error.
+    /// Whether the response to each request is reported on standard error.
     bool isTraced = false;
 
     static std::span<const Option> options();

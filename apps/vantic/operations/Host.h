@@ -10,10 +10,10 @@
 
 namespace vantic {
 
-/// Runs, or only looks at, a request that the library has built.
+/// Sends a request that the library has built, or only records it.
 using Serve = std::function<std::shared_ptr<VanticRestKit::Serviceable>(VanticRestKit::URLRequest)>;
 
-/// The context that the command line gives to the library.
+/// The context of the command line.
 class Host : public virtual VanticRestKit::Context {
 public:
     Host(CommonOptions common, Serve serve);

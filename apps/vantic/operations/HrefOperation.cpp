@@ -9,7 +9,7 @@ namespace vantic {
 
 namespace {
 
-/// An answer of any type: the bytes of the document, whose structure is sound.
+/// A response of any type: the bytes of a well-formed document.
 struct Document {
     VanticRestKit::Data json{};
 };

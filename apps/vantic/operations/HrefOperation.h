@@ -8,7 +8,7 @@
 
 namespace vantic {
 
-/// Calls `Endpoint::Resource`. The type to decode is read when the answer is loaded, and not before.
+/// Calls `Endpoint::Resource`. The option with the type is only read when the response is loaded.
 std::optional<Loadable> callResource(const Arguments& given, const Host& host);
 
 }  // namespace vantic

@@ -11,17 +11,16 @@
 
 namespace vantic {
 
-/// The text of a loaded value, or why there is none.
+/// A loaded value as text, or the error.
 using LoadedText = VanticRestKit::Result<std::string, VanticRestKit::LoaderError>;
 
 /// Called once, on another thread.
 using LoadCompletion = std::function<void(LoadedText)>;
 
-/// Sends a request that is prepared. Throws `UsageError` where the options do not say what to make of the
-/// answer.
+/// Sends a prepared request. Throws `UsageError` if the options do not say how to decode the response.
 using Loadable = std::function<void(LoadCompletion)>;
 
-/// Loads a resource and gives what `text` makes of its value.
+/// Loads a resource and converts its value by `text`.
 template <class T, class Text>
 void load(const VanticRestKit::Resource<T>& resource, Text text, LoadCompletion completion) {
     using Loaded = VanticRestKit::Result<T, VanticRestKit::LoaderError>;
@@ -30,7 +29,7 @@ void load(const VanticRestKit::Resource<T>& resource, Text text, LoadCompletion 
     }});
 }
 
-/// Nothing where there is no resource, which means that no request could be made.
+/// Empty if there is no resource, which means that no request could be built.
 template <class T>
 std::optional<Loadable> loadable(std::optional<VanticRestKit::Resource<T>> resource) {
     if (!resource) return std::nullopt;

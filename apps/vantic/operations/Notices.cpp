@@ -17,7 +17,7 @@ using namespace VanticRestKit;
 
 namespace {
 
-/// The host as the options describe it; what they leave out is as the library finds it.
+/// Information about the host from the options; values that are not given come from the library.
 class DescribedHost final : public HostInformation {
 public:
     explicit DescribedHost(const Arguments& given)
@@ -87,7 +87,7 @@ std::vector<Operation> noticeOperations() {
              return loadable(Endpoint::ProductAlert({.alertId = given.text("alertId")}, host));
          }},
         {"Remap",
-         "where a path of the web site leads",
+         "translates a path of the web site to that of the API",
          {required("path", "PATH", "the path to look up"),
           repeated("queryItems", "NAME=VALUE", "one of its query items")},
          callRemap},

@@ -12,31 +12,31 @@
 
 namespace vantic {
 
-/// One way of calling an operation of the library. An operation with alternatives has an entry for each.
+/// One form of an operation of the library. An operation with several forms has an entry for each.
 struct Operation {
     std::string_view name;
-    /// One line of help: what it loads.
+    /// One line of help that says what is loaded.
     std::string_view summary;
     /// Its own options, without the common ones.
     std::vector<Option> options;
-    /// Calls the library. Empty if it can make no request.
+    /// Calls the library. Empty if no request can be built.
     std::optional<Loadable> (*call)(const Arguments& given, const Host& host);
 };
 
-/// All operations, those of one name one after another.
+/// All operations; the forms of an operation follow each other.
 std::span<const Operation> allOperations();
 
-/// An operation as it was asked for.
+/// A parsed command line for an operation.
 struct Call {
     const Operation& operation;
     Arguments given;
 };
 
-/// Reads "OPERATION --option value ...", with `more` options beside the usual ones. Throws `UsageError` if that is wrong
-/// and `HelpRequested` if it asks for help.
+/// Parses "OPERATION --option value ...", with `more` options in addition to the usual ones. Throws `UsageError` for
+/// wrong usage and `HelpRequested` for `--help`.
 Call readCall(Words words, std::span<const Option> more = {});
 
-// The entries, file by file.
+// The entries of each source file.
 std::vector<Operation> videoOperations();
 std::vector<Operation> showOperations();
 std::vector<Operation> screenOperations();

@@ -27,7 +27,7 @@ bool isAmong(std::span<const Option> options, std::string_view name) {
                        [&](const Option& option) { return option.name == name; });
 }
 
-/// The options of the alternatives, and then those that every operation takes.
+/// The options of all forms, followed by the common ones.
 std::vector<Option> allOptions(Alternatives alternatives, std::span<const Option> common) {
     std::vector<Option> options;
     for (const Operation& operation : alternatives) {

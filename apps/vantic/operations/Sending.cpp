@@ -25,7 +25,7 @@ std::string valueText(const AnyValue& value) {
     return jsonText(value.other()->description);
 }
 
-// What the failure hook is told: the error's line for a log, and its user information as JSON.
+// Reports an error of the failure hook: its description for logs, and its user information as JSON.
 void reportFailure(const Error& error) {
     const auto* const networkError = error.as<NetworkError>();
     std::string line = "logError: ";
@@ -47,7 +47,7 @@ std::shared_ptr<URLCache> cacheIn(const std::string& folder) {
          }});
 }
 
-/// Has what was loaded on disk when the last copy of what sends is gone.
+/// Flushes the disk cache when the last copy of the sending function is destroyed.
 struct FlushAtEnd {
     explicit FlushAtEnd(std::shared_ptr<URLCache> held) : cache(std::move(held)) {}
     FlushAtEnd(const FlushAtEnd&) = delete;

@@ -4,8 +4,8 @@
 
 namespace vantic {
 
-/// Runs requests over a session of its own, which trusts the certificates that are asked for. With
-/// `--verbose` each failed request is reported on standard error.
+/// Sends requests over a separate session, which trusts the certificates of the options. With `--verbose`, each failed
+/// request is reported on standard error.
 Serve serveOver(const CommonOptions& common);
 
 }  // namespace vantic

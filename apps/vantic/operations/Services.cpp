@@ -9,7 +9,7 @@
 #include "arguments/Values.h"
 #include "operations/Operation.h"
 
-// The services beside the catalogue, whose routes and contexts a host makes itself.
+// The services other than the catalogue. A host creates their routes and contexts itself.
 namespace vantic {
 
 using namespace VanticRestKit;
@@ -23,7 +23,7 @@ public:
 
     std::string apiKey() const override { return apiKey_; }
     std::string accessToken() const override { return accessToken_; }
-    /// The host's own, and those of the service beside them.
+    /// The headers of the host and those of the service.
     std::map<std::string, std::string> HTTPHeaderFields() const override {
         std::map<std::string, std::string> headers = Host::HTTPHeaderFields();
         headers.merge(KAVROSegmentsContext::HTTPHeaderFields());
@@ -85,11 +85,11 @@ std::vector<Operation> serviceOperations() {
           optional("userId", "ID", "the id of the user"),
           optional("accountId", "ID", "the id of the account"),
           optional("subprofileId", "ID", "the id of the profile"),
-          required("limit", "N", "how many recommendations at most"),
+          required("limit", "N", "the maximum number of recommendations"),
           required("httpMethod", "METHOD", "the method of the request"),
-          repeated("exclude", "CONTENT", "source://type/id of a content to leave out"),
-          repeated("include", "CONTENT", "source://type/id of a content to choose from"),
-          optional("andModuleContext", "CONTENT", "source://type/id of the content that is shown"),
+          repeated("exclude", "CONTENT", "source://type/id of content to exclude"),
+          repeated("include", "CONTENT", "source://type/id of content to choose from"),
+          optional("andModuleContext", "CONTENT", "source://type/id of the displayed content"),
           required("apiKey", "KEY", "the key of the application")},
          callRecommendations},
     };

@@ -34,7 +34,7 @@ std::vector<Operation> showOperations() {
          }},
         {"Show",
          "a show by its href",
-         {required("usingHref", "HREF", "its href, as another document gives it")},
+         {required("usingHref", "HREF", "its href in another document")},
          [](Given given, In host) {
              return loadable(Endpoint::Show({.usingHref = given.text("usingHref")}, host));
          }},
@@ -46,7 +46,7 @@ std::vector<Operation> showOperations() {
          }},
         {"Series",
          "a series with its episodes, by its href",
-         {required("usingHref", "HREF", "its href, as another document gives it")},
+         {required("usingHref", "HREF", "its href in another document")},
          [](Given given, In host) {
              return loadable(Endpoint::Series({.usingHref = given.text("usingHref")}, host));
          }},
@@ -68,7 +68,7 @@ std::vector<Operation> showOperations() {
                  {.showSlug = given.text("showSlug"), .channel = given.optionalText("channel")}, host));
          }},
         {"Search",
-         "what matches a keyword",
+         "the shows that match a keyword",
          {required("keyword", "TEXT", "what to search for"),
           optional("channel", "CHANNEL", "the slug of a channel")},
          [](Given given, In host) {

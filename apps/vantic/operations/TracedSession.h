@@ -6,8 +6,8 @@
 
 namespace vantic {
 
-/// Passes requests on to `session` and reports on standard error what became of each: status, source, times, bytes and
-/// header fields.
+/// Forwards requests to `session` and reports the outcome of each on standard error: status, source, times, bytes and
+/// headers.
 std::shared_ptr<VanticRestKit::NetworkSession> tracedSession(
     std::shared_ptr<VanticRestKit::NetworkSession> session);
 

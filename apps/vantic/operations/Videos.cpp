@@ -21,10 +21,10 @@ std::vector<Operation> videoOperations() {
         {"Resource",
          "a document of any type, by its href",
          {required("withHref", "HREF", "the href of the document"),
-          oneOf(optional("as", "TYPE", "the type to decode the answer as"), typeNames)},
+          oneOf(optional("as", "TYPE", "the type to decode the response into"), typeNames)},
          callResource},
         {"Avatars",
-         "the pictures that users may choose as avatars",
+         "the images that users can choose as avatars",
          {},
          [](Given, In host) { return loadable(Endpoint::Avatars(host)); }},
         {"Video",
@@ -35,7 +35,7 @@ std::vector<Operation> videoOperations() {
          }},
         {"Video",
          "a video by its href",
-         {required("usingHref", "HREF", "its href, as another document gives it")},
+         {required("usingHref", "HREF", "its href in another document")},
          [](Given given, In host) {
              return loadable(Endpoint::Video({.usingHref = given.text("usingHref")}, host));
          }},

@@ -20,7 +20,7 @@ Result<std::string, DecodeFailure> decode(const Type& type, const Data& document
 }
 
 std::string errorText(const DecodeFailure& failure, const std::string& addition) {
-    // Any other error is an entity's own.
+    // Other errors are specific to an entity.
     const auto* const decodingError = failure.error.as<DecodingError>();
     const std::string kind = decodingError != nullptr ? nameOf(decodingError->kind()) : "entityMismatch";
     const std::string message =

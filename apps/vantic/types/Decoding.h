@@ -12,19 +12,19 @@
 
 namespace vantic {
 
-/// Why a document did not become a value, and where.
+/// Why and where decoding a document failed.
 struct DecodeFailure {
     VanticRestKit::Error error;
-    /// The coding path of a decoding error, or the path of the entity that is of another kind.
+    /// The coding path of a decoding error, or the path of the entity of another type.
     VanticRestKit::CodingPath path;
 };
 
-/// Decodes a document and gives the value as JSON.
+/// Decodes a document and returns the value as JSON.
 VanticRestKit::Result<std::string, DecodeFailure> decode(const Type& type,
                                                          const VanticRestKit::Data& document,
                                                          VanticRestKit::ValueLayout layout);
 
-/// {"error":{"kind":K,"path":[...],"message":"..."}}, the message with `addition` after it.
+/// {"error":{"kind":K,"path":[...],"message":"..."}}, with `addition` appended to the message.
 std::string errorText(const DecodeFailure& failure, const std::string& addition = {});
 
 /// ["items",0,"href"]

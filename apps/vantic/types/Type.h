@@ -11,14 +11,14 @@
 
 namespace vantic {
 
-/// A type that documents decode into, known by its name at run time.
+/// A type that documents can be decoded into, selected by name at run time.
 struct Type {
     /// Owns a value of some type.
     using Value = std::unique_ptr<void, void (*)(void*)>;
 
     std::string name;
     const VanticRestKit::TypePlan& (*plan)();
-    /// A fresh value.
+    /// Creates a value.
     Value (*make)();
 };
 
@@ -31,13 +31,13 @@ Type type(std::string name) {
             }};
 }
 
-/// A type and the list of it.
+/// A type and the list of this type.
 struct TypeEntry {
     Type one;
     Type list;
 };
 
-/// One line of the registry.
+/// Creates an entry of the registry.
 template <class T>
 TypeEntry entry(const std::string& name) {
     return {type<T>(name), type<std::vector<T>>("[" + name + "]")};
@@ -46,10 +46,10 @@ TypeEntry entry(const std::string& name) {
 /// All types with a name, in alphabetical order.
 std::span<const TypeEntry> allTypes();
 
-/// The names of all types, in alphabetical order. They live as long as the program.
+/// The names of all types, in alphabetical order; valid as long as the program runs.
 std::vector<std::string_view> typeNames();
 
-/// The type of that name, or the list of it for a name in brackets. Throws `UsageError` if there is none.
+/// The type with this name, or the list of it if the name is in brackets. Throws `UsageError` if there is none.
 const Type& typeNamed(const std::string& name);
 
 }  // namespace vantic

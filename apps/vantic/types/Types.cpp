@@ -15,7 +15,7 @@ namespace {
 std::vector<TypeEntry> registry() {
     std::vector<TypeEntry> types;
     const auto add = [&types]<class T>(std::type_identity<T>, std::string_view name) {
-        // Every type comes with the list of it.
+        // Each entry also contains the list of the type.
         if constexpr (!mapping::isList<T>) types.push_back(entry<T>(std::string(name)));
     };
     visitRootTypes(add);
@@ -43,7 +43,7 @@ const Type& typeNamed(const std::string& name) {
         if (entry.one.name == name) return entry.one;
         if (entry.list.name == name) return entry.list;
     }
-    // A list is suggested for a list.
+    // Suggests a list for an unknown list.
     const bool isList = name.size() > 2 && name.front() == '[' && name.back() == ']';
     const std::string one = isList ? name.substr(1, name.size() - 2) : name;
     throw UsageError{"there is no type " + name + suggestion(one, typeNames()) +

@@ -6,17 +6,17 @@ namespace vantic {
 
 using namespace VanticRestKit;
 
-/// One request that is under way, for as long as this lives.
-class RequestWatch::UnderWay {
+/// Counts a request as in progress while this object exists.
+class RequestWatch::OpenRequest {
 public:
-    explicit UnderWay(std::shared_ptr<RequestWatch> watch) : watch_(std::move(watch)) {
-        watch_->change([&] { ++watch_->underWay_; });
+    explicit OpenRequest(std::shared_ptr<RequestWatch> watch) : watch_(std::move(watch)) {
+        watch_->change([&] { ++watch_->openRequests_; });
     }
-    ~UnderWay() {
-        watch_->change([&] { --watch_->underWay_; });
+    ~OpenRequest() {
+        watch_->change([&] { --watch_->openRequests_; });
     }
-    UnderWay(const UnderWay&) = delete;
-    UnderWay& operator=(const UnderWay&) = delete;
+    OpenRequest(const OpenRequest&) = delete;
+    OpenRequest& operator=(const OpenRequest&) = delete;
 
 private:
     std::shared_ptr<RequestWatch> watch_;
@@ -25,20 +25,20 @@ private:
 class RequestWatch::Watched final : public Serviceable {
 public:
     Watched(std::shared_ptr<Serviceable> service, std::shared_ptr<RequestWatch> watch)
-        : service_(std::move(service)), underWay_(std::make_unique<UnderWay>(std::move(watch))) {}
+        : service_(std::move(service)), request_(std::make_unique<OpenRequest>(std::move(watch))) {}
 
     void fetch(FetchArguments arguments) override {
         service_->fetch({.with = [completion = std::move(arguments.with).value(),
-                                  underWay = std::move(underWay_)](Result<Data, Error> outcome) mutable {
+                                  request = std::move(request_)](Result<Data, Error> outcome) mutable {
             completion(std::move(outcome));
-            underWay.reset();
+            request.reset();
         }});
     }
     AnyPublisher<Data> fetch() override { return service_->fetch(); }
 
 private:
     std::shared_ptr<Serviceable> service_;
-    std::unique_ptr<UnderWay> underWay_;
+    std::unique_ptr<OpenRequest> request_;
 };
 
 template <class Change>
@@ -52,7 +52,7 @@ std::shared_ptr<Serviceable> RequestWatch::watched(std::shared_ptr<Serviceable> 
     return std::make_shared<Watched>(std::move(service), shared_from_this());
 }
 
-void RequestWatch::told(UserText outcome) {
+void RequestWatch::setOutcome(UserText outcome) {
     change([&] { outcome_ = std::move(outcome); });
 }
 
@@ -71,7 +71,7 @@ std::optional<UserText> RequestWatch::outcomeSoFar() {
 
 std::optional<UserText> RequestWatch::outcomeAtTheEnd() {
     std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return isStuck_ || (hasReturned_ && underWay_ == 0); });
+    changed_.wait(lock, [this] { return isStuck_ || (hasReturned_ && openRequests_ == 0); });
     return outcome_;
 }
 

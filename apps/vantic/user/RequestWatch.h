@@ -12,31 +12,30 @@
 
 namespace vantic {
 
-/// The value of an operation as text, none for a deletion, or why there is none.
+/// The value of an operation as text, empty for a deletion; or the error.
 using UserText = VanticRestKit::Result<std::string, VanticRestKit::TrelvoError>;
 
-/// Knows when an operation for a user has come to its end: when it has returned and all its requests have
-/// ended, also those whose outcome nobody is told; or when it waits for a token that cannot be asked for. Any
-/// thread.
+/// Detects the end of an operation for a user. It has ended when it has returned and all its requests have ended,
+/// including those whose outcome is not reported, or when it waits for a token that cannot be requested. Any thread.
 class RequestWatch : public std::enable_shared_from_this<RequestWatch> {
 public:
-    /// `service`, whose one request counts as under way from now until its completion has returned.
+    /// Wraps `service`. Its request counts as in progress from now until its completion has returned.
     std::shared_ptr<VanticRestKit::Serviceable> watched(std::shared_ptr<VanticRestKit::Serviceable> service);
 
-    /// The outcome that the operation tells.
-    void told(UserText outcome);
+    /// Stores the outcome of the operation.
+    void setOutcome(UserText outcome);
     void operationReturned();
-    /// The token cannot be asked for, so that the operation will never return.
+    /// The token cannot be requested, so the operation will never return.
     void operationIsStuck();
 
-    /// What the operation has told; empty where that is nothing yet.
+    /// The outcome of the operation; empty if there is none yet.
     std::optional<UserText> outcomeSoFar();
 
-    /// Waits for the end. Empty where the operation has told nothing: no request could be made.
+    /// Waits for the end. Empty if there is no outcome because no request could be built.
     std::optional<UserText> outcomeAtTheEnd();
 
 private:
-    class UnderWay;
+    class OpenRequest;
     class Watched;
 
     template <class Change>
@@ -45,7 +44,7 @@ private:
     std::mutex mutex_;
     std::condition_variable changed_;
     std::optional<UserText> outcome_;
-    int underWay_ = 0;
+    int openRequests_ = 0;
     bool hasReturned_ = false;
     bool isStuck_ = false;
 };

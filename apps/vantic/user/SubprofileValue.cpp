@@ -8,7 +8,7 @@
 
 namespace {
 
-/// The dates as the service writes them.
+/// Reads dates in the format of the service.
 bool apiDate(std::string_view text, VanticRestKit::Date& value) {
     const std::optional<VanticRestKit::Date> date =
         VanticRestKit::apiDateFormatter().formattedDateWithoutMilliseconds(text);

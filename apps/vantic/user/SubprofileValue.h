@@ -7,8 +7,7 @@
 
 namespace vantic {
 
-/// What a profile has to show, for printing: each property is computed, so that the profile itself has none
-/// stored.
+/// The properties of a profile, for printing. A `Subprofile` computes its properties and does not store them.
 struct SubprofileValue {
     std::string uid{};
     std::optional<std::string> parentUid{};

@@ -10,10 +10,10 @@
 
 namespace vantic {
 
-/// The context that the command line gives to the client of the user data service.
+/// The context of the command line for the user data service.
 class UserHost final : public Host, public VanticRestKit::TrelvoContext {
 public:
-    /// `uid`: empty if no user is signed in.
+    /// `uid` is empty if no user is signed in.
     UserHost(CommonOptions common, std::optional<std::string> uid, Serve serve)
         : Host(std::move(common), std::move(serve)), uid_(std::move(uid)) {}
 

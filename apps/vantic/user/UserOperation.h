@@ -13,27 +13,27 @@
 
 namespace vantic {
 
-/// An operation with its arguments: runs it and tells the watch its outcome.
+/// Runs an operation with its arguments and passes its outcome to the watch.
 using UserRun = std::function<void(VanticRestKit::Trelvo&, const VanticRestKit::TrelvoContext&,
                                    std::shared_ptr<RequestWatch>)>;
 
-/// An operation of the client of the user data service.
+/// An operation of the client for user data.
 struct UserOperation {
     std::string_view name;
-    /// One line of help: what it does.
+    /// One line of help that says what it does.
     std::string_view summary;
-    /// Its own options, without the common ones and those of every user operation.
+    /// The options of this operation only.
     std::vector<Option> options;
-    /// Reads its arguments. Throws `UsageError` where they are none.
+    /// Parses the arguments. Throws `UsageError` if they are wrong.
     UserRun (*prepare)(const Arguments& given);
 };
 
 std::span<const UserOperation> allUserOperations();
 
-/// What every one of them takes beside the common options.
+/// The options of every user operation, in addition to the common ones.
 std::span<const Option> userOptions();
 
-/// The access token, which `request` takes beside them.
+/// The option for the access token, which only `request` has.
 std::span<const Option> tokenOption();
 
 /// An operation as it was asked for.

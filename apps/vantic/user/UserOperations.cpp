@@ -31,15 +31,15 @@ std::string textOf(const std::vector<Subprofile>& subprofiles) {
     return textOf(values);
 }
 
-/// A completion that tells the watch the text of what came.
+/// A completion that passes the outcome to the watch, as text.
 template <class T>
 Trelvo::Completion<T> telling(Watch watch) {
     return [watch = std::move(watch)](Result<T, TrelvoError> outcome) {
-        if (!outcome) return watch->told(Failure(outcome.error()));
+        if (!outcome) return watch->setOutcome(Failure(outcome.error()));
         if constexpr (std::is_void_v<T>) {
-            watch->told(std::string());
+            watch->setOutcome(std::string());
         } else {
-            watch->told(textOf(*outcome));
+            watch->setOutcome(textOf(*outcome));
         }
     };
 }
@@ -94,7 +94,7 @@ UserRun listRecentVideos(const Arguments& given) {
 std::int64_t showIdIn(const Arguments& given) { return readInteger("showId", given.text("showId")); }
 
 UserRun listVideosForShow(const Arguments& given) {
-    return [showId = showIdIn(given), isDone = given.optionally("markedAsDone", readTruth)](
+    return [showId = showIdIn(given), isDone = given.optionally("markedAsDone", readBoolean)](
                Trelvo& trelvo, const TrelvoContext& context, Watch watch) {
         trelvo.listVideosForShow({.showId = showId,
                                   .markedAsDone = isDone,
@@ -168,39 +168,39 @@ std::span<const UserOperation> allUserOperations() {
          deletion<&Trelvo::deleteSubprofile>},
         {"deleteHistory", "deletes the viewing history", {}, deletion<&Trelvo::deleteHistory>},
         {"viewingHistory",
-         "the videos that were watched last",
-         {required("limit", "N", "how many records at most")},
+         "the videos that were watched most recently",
+         {required("limit", "N", "the maximum number of records")},
          viewingHistory},
         {"listRecentVideos",
-         "videos that were watched last, done or not",
-         {required("limit", "N", "how many records at most"),
-          flag("markedAsDone", "asks for videos that are marked as done")},
+         "recently watched videos, either those marked as done or the others",
+         {required("limit", "N", "the maximum number of records"),
+          flag("markedAsDone", "videos that are marked as done, instead of the others")},
          listRecentVideos},
         {"listVideosForShow",
          "the watched videos of a show",
          {required("showId", "N", "the id of the show"),
           oneOf(optional("markedAsDone", "true|false",
-                         "asks for videos that are marked as done, or for others"),
-                truthTexts)},
+                         "only videos that are marked as done, or only the others"),
+                booleanNames)},
          listVideosForShow},
         {"getVideoProgress",
-         "how far a video was watched",
+         "the viewing position in a video",
          {required("showId", "N", "the id of the show"),
           required("houseNumber", "NUMBER", "the house number of the video")},
          getVideoProgress},
         {"updateVideoProgress",
-         "records how far a video was watched",
+         "stores the viewing position in a video",
          {required("showId", "N", "the id of the show"),
           required("houseNumber", "NUMBER", "the house number of the video"),
-          required("progress", "N", "how far it was watched"), flag("isDone", "marks it as done")},
+          required("progress", "N", "the viewing position"), flag("isDone", "marks it as done")},
          updateVideoProgress},
         {"listWatchlistShowIds", "the shows on the watchlist", {}, listWatchlistShowIds},
         {"addWatchlistShow",
-         "puts a show on the watchlist",
+         "adds a show to the watchlist",
          {required("showId", "N", "the id of the show")},
          addWatchlistShow},
         {"deleteShow",
-         "takes a show off the watchlist",
+         "removes a show from the watchlist",
          {required("showId", "N", "the id of the show")},
          deleteShow},
     };
@@ -209,7 +209,7 @@ std::span<const UserOperation> allUserOperations() {
 
 std::span<const Option> userOptions() {
     static constexpr Option options[] = {
-        optional("uid", "UID", "the id of the user; left out, no user is signed in")};
+        optional("uid", "UID", "the id of the user; without it, no user is signed in")};
     return options;
 }
 

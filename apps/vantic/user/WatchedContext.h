@@ -11,7 +11,7 @@
 
 namespace vantic {
 
-/// A context that is another one, which must live as long, and lets a watch know of all its requests.
+/// Decorates a context, which must outlive this object, and reports all its requests to a watch.
 class WatchedContext final : public VanticRestKit::TrelvoContext {
 public:
     WatchedContext(const VanticRestKit::TrelvoContext& context, std::shared_ptr<RequestWatch> watch);

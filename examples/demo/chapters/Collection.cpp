@@ -13,13 +13,13 @@ namespace demo {
 using namespace VanticRestKit;
 
 bool showCollection(const Stage& stage) {
-    printHeading("A collection, whose elements are read in one way whatever they are");
+    printHeading("A collection, whose items share one interface");
     const auto collection =
         fetched(Endpoint::Collection({.collectionId = "1005", .embedHighlightItem = true}, stage.context));
     if (!collection) return false;
     printField("title", collection->title);
     printField("about", collection->description.value_or(""));
-    if (collection->highlightItem) printField("to highlight", nameOf(*collection->highlightItem));
+    if (collection->highlightItem) printField("highlight item", nameOf(*collection->highlightItem));
     for (const auto& item : collection->items()) {
         const auto episodes = item.episodeCount();
         const std::string length =

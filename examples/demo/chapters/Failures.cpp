@@ -17,7 +17,7 @@ namespace {
 constexpr const char* houseNumber = "HL0101";
 constexpr const char* path = "v2/video/HL0101";
 
-/// The failure of a load; empty where the load succeeded.
+/// The error of a load; empty if the load succeeded.
 std::optional<LoaderError> failureOf(const std::string& asked, const HostContext& context) {
     const auto resource = Endpoint::Video({.houseNumber = asked}, context);
     if (!resource) return std::nullopt;
@@ -28,16 +28,16 @@ std::optional<LoaderError> failureOf(const std::string& asked, const HostContext
 void print(const char* what, const std::optional<LoaderError>& error, const HostContext& context) {
     std::printf("  %s\n", what);
     if (!error) {
-        std::printf("    no failure at all\n");
+        std::printf("    no error\n");
         return;
     }
-    printField("  to show", error->localizedDescription());
+    printField("  message", error->localizedDescription());
     if (const auto* networkError = error->networkError()) {
-        printField("  in detail", networkError->localizedDescription());
+        printField("  details", networkError->localizedDescription());
         printField("  code",
                    std::to_string(networkError->errorCode()) + (error->is404Error() ? ", not found" : ""));
     } else if (error->underlyingError()) {
-        printField("  in detail", error->underlyingError()->localizedDescription());
+        printField("  details", error->underlyingError()->localizedDescription());
     }
     printField("  reported", context.takeReport());
 }
@@ -47,7 +47,7 @@ bool hasCode(const std::optional<LoaderError>& error, std::int64_t code) {
     return networkError != nullptr && networkError->errorCode() == code;
 }
 
-/// The service ends a moment after it has said so: asks until there is no answer.
+/// The service stops shortly after it has confirmed this, so this repeats the request until it gets no response.
 std::optional<LoaderError> failureOfStoppedService(const HostContext& context) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
     auto error = failureOf(houseNumber, context);
@@ -62,7 +62,7 @@ std::optional<LoaderError> failureOfStoppedService(const HostContext& context) {
 bool showFailures(const Stage& stage) {
     const HostContext& context = stage.context;
     const ServiceControl& service = stage.service;
-    printHeading("When something is wrong");
+    printHeading("Errors");
     const auto notFound = failureOf("NOSUCH", context);
     print("an unknown house number", notFound, context);
 
@@ -72,7 +72,7 @@ bool showFailures(const Stage& stage) {
 
     agreed = service.addFault(path, R"("fault":"malformed")") && agreed;
     const auto noJSON = failureOf(houseNumber, context);
-    print("an answer that is no JSON", noJSON, context);
+    print("a response that is not JSON", noJSON, context);
 
     agreed = service.stop() && agreed;
     const auto gone = failureOfStoppedService(context);

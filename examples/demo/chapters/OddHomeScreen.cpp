@@ -27,7 +27,7 @@ std::vector<std::string> namesOf(const MixedCollection& row) {
     return names;
 }
 
-/// Those of `names` that are not among `others`; how many is added to `count`.
+/// The elements of `names` that are not in `others`. Adds their number to `count`.
 std::vector<std::string> missing(const std::vector<std::string>& names,
                                  const std::vector<std::string>& others, std::size_t& count) {
     std::vector<std::string> found;
@@ -47,20 +47,20 @@ std::string textOf(const CodingPath& place) {
     return text;
 }
 
-/// One broken element costs itself, but a row without a title costs the screen.
+/// A broken element is only omitted itself, but a row without a title makes the whole screen fail.
 bool showBrokenRow(const Stage& stage) {
-    printHeading("A home screen in which a row has lost its title");
+    printHeading("A home screen with a row without a title");
     const bool agreed =
         stage.service.addFault(path, R"("fault":"null","at":"/_embedded/collections/4/title")");
     const auto resource = Endpoint::Home(stage.context);
     if (!resource || !agreed) return false;
     const auto outcome = loaded(*resource);
     if (outcome) return false;
-    printField("to show", outcome.error().localizedDescription());
+    printField("message", outcome.error().localizedDescription());
     const auto& cause = outcome.error().underlyingError();
     const auto* error = cause ? cause->as<DecodingError>() : nullptr;
     if (error == nullptr) return false;
-    printField("in detail", nameOf(error->kind()));
+    printField("details", nameOf(error->kind()));
     printField("at", textOf(error->codingPath()));
     return true;
 }
@@ -68,31 +68,31 @@ bool showBrokenRow(const Stage& stage) {
 }  // namespace
 
 bool showOddHomeScreen(const Stage& stage) {
-    printHeading("A home screen in which every row has unknown entities and broken elements");
+    printHeading("A home screen with unknown entities and broken elements in every row");
     const auto plain = fetched(Endpoint::Home(stage.context));
     const bool agreed = stage.service.addFault(path, R"("fault":"oddities")");
     const auto odd = fetched(Endpoint::Home(stage.context));
     if (!agreed || !plain || !odd || odd->collections.size() != plain->collections.size()) return false;
 
-    printField("each row got", "an unknown entity that looks like a series, and one that does not");
-    printField("", "a null, a number, a text and a list where items should be");
-    printField("", "a first show whose id is a string and whose kind and theme are unknown");
+    printField("each row has", "an unknown entity with the fields of a series, and one without");
+    printField("", "null, a number, a string and a list as items");
+    printField("", "a first show with a string as id, and with an unknown kind and theme");
     printField("", "a last video without links, and an unknown type");
-    std::size_t lost = 0, cameIn = 0, kept = 0;
+    std::size_t omitted = 0, added = 0, kept = 0;
     for (std::size_t i = 0; i < plain->collections.size(); ++i) {
         const auto before = namesOf(plain->collections[i]);
         const auto after = namesOf(odd->collections[i]);
         printField(plain->collections[i].title.c_str(),
                    std::to_string(before.size()) + " items became " + std::to_string(after.size()));
-        printList("  lost", missing(before, after, lost));
-        printList("  came in", missing(after, before, cameIn));
+        printList("  omitted", missing(before, after, omitted));
+        printList("  added", missing(after, before, added));
         kept += after.size();
     }
-    printField("in all", std::to_string(kept - cameIn) + " items survive, " + std::to_string(lost) +
-                             " without links are gone, " + std::to_string(cameIn) +
-                             " unknown ones look like a series");
+    printField("in all", std::to_string(kept - added) + " items are kept, " + std::to_string(omitted) +
+                             " without links are omitted, " + std::to_string(added) +
+                             " unknown ones are read as series");
     printField("type of a row", std::string(rawValue(odd->collections.front().type)));
-    return showBrokenRow(stage) && cameIn == 8 && lost > 0;
+    return showBrokenRow(stage) && added == 8 && omitted > 0;
 }
 
 }  // namespace demo

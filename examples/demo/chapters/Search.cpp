@@ -15,14 +15,14 @@ using namespace VanticRestKit;
 
 namespace {
 
-/// How many shows were found; nothing where there was no answer.
+/// The number of shows found; empty if the search failed.
 std::optional<std::size_t> search(const std::string& keyword, const std::optional<std::string>& channel,
                                   const Context& context) {
     const auto results = fetched(Endpoint::Search({.keyword = keyword, .channel = channel}, context));
     if (!results) return std::nullopt;
     std::vector<std::string> titles;
     for (const auto& show : results->items) titles.push_back(show.title.value_or("Untitled"));
-    if (titles.empty()) titles.emplace_back("(nothing)");
+    if (titles.empty()) titles.emplace_back("(no shows)");
     printList(results->keyword.value_or("") + (channel ? " (" + *channel + ")" : ""), titles);
     return results->items.size();
 }

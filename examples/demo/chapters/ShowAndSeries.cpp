@@ -27,8 +27,8 @@ void printShow(const Show& show) {
         printField("with", participants.title.value_or("") + " " + participants.list.value_or(""));
     }
     printField("on", show.channelTitle.value_or("") + ", " + show.broadcastInfo.value_or(""));
-    printField("for ages", show.classification.value_or(""));
-    printField("changed", textOf(show.updated));
+    printField("classification", show.classification.value_or(""));
+    printField("last changed", textOf(show.updated));
     printField("poster", show.portraitTitledThumbnail.value_or(""));
     for (const auto& series : show.seriesList) {
         printField("series", series.title.value_or("") + ", " +
@@ -47,15 +47,15 @@ bool showRelated(const Context& context) {
     return titles.size() == 6;
 }
 
-/// A list tells of an episode, but not what it plays: that comes with the episode itself.
+/// An episode in a list has no playlist, so the episode itself is loaded.
 bool showEpisode(const std::string& href, const Context& context) {
-    printHeading("An episode by its link, with what it plays");
+    printHeading("An episode by its link, with its playlist");
     const auto episode = fetched(Endpoint::Video({.usingHref = href}, context));
     if (!episode || !episode->playlist) return false;
     printField("title", episode->title.value_or("Untitled"));
     printPlaylist(*episode->playlist);
     const auto& streams = episode->playlist->back().streams;
-    printField("the player gets", streams.hls.url({.preferHighest = true}).value_or("none"));
+    printField("player URL", streams.hls.url({.preferHighest = true}).value_or("none"));
     return streams.hls.url({.preferHighest = true}).has_value();
 }
 
@@ -68,7 +68,7 @@ bool showShowAndSeries(const Stage& stage) {
     printShow(*show);
     const bool related = showRelated(stage.context);
 
-    printHeading("The episodes of its newest series");
+    printHeading("The episodes of its latest series");
     printVideos(show->selectedSeries->episodes);
     const auto& episode = show->selectedSeries->episodes[1];
     return showEpisode(episode.selfHref.value_or(""), stage.context) && related &&

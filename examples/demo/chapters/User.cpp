@@ -21,7 +21,7 @@ namespace {
 
 constexpr const char* uid = "ann";
 
-/// Seconds as a player shows them.
+/// A position as a player displays it.
 std::string position(std::int64_t seconds) {
     char text[32];
     std::snprintf(text, sizeof text, "%lld:%02lld", static_cast<long long>(seconds / 60),
@@ -46,7 +46,7 @@ bool makeProfile(const UserContext& context) {
              .completionHandler = std::move(completion)},
             context);
     }));
-    if (made) printField("made", made->displayName().value_or("nobody") + ", known as " + made->uid());
+    if (made) printField("created", made->displayName().value_or("unnamed") + ", known as " + made->uid());
     return made.has_value();
 }
 
@@ -100,7 +100,7 @@ bool resume(const UserContext& context) {
     return recent->size() == 1;
 }
 
-/// The title of a show or video; what is of another service keeps its address.
+/// The title of a show or video; the URI for content of other sources.
 std::string titleOf(const Recommendation& item, const Context& context) {
     const std::string id = item.contentId().value_or("");
     if (item.contentSource() != RecsContentSource::lumeno) return item.rid;
@@ -137,14 +137,14 @@ bool signOut(const UserContext& context) {
     });
     if (!deleted) std::fprintf(stderr, "%s\n", deleted.error().localizedDescription().c_str());
     Trelvo::shared().clearAuth();
-    if (deleted && !Trelvo::shared().auth()) printField("signed out", "profile deleted, tokens forgotten");
+    if (deleted && !Trelvo::shared().auth()) printField("signed out", "profile deleted, tokens discarded");
     return deleted.has_value();
 }
 
 }  // namespace
 
 bool showUser(const Stage& stage) {
-    printHeading("A user, who signs in, watches and leaves");
+    printHeading("A user signs in, watches a video and leaves");
     const UserContext context(stage.context, uid);
     return makeProfile(context) && saveShow(context) && watchHalf(context) && resume(context) &&
            recommend(stage.context) && signOut(context);

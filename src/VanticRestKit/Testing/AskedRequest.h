@@ -18,18 +18,18 @@ struct AskedRequest {
     /// Whether it was cancelled before its answer was delivered.
     bool wasCancelled = false;
 
-    /// Its method.
+    /// The method.
     std::string method() const;
-    /// Such as "/v2/video/ZW1", as it is sent.
+    /// The path as sent, such as "/v2/video/ZW1".
     std::string path() const;
-    /// What follows the "?", as it is sent; empty if there is none.
+    /// The query as sent, without the "?"; empty if there is none.
     std::string query() const;
-    /// The value of a header, its name compared without case.
+    /// The value of a header; case-insensitive.
     std::optional<std::string> header(std::string_view name) const { return request.value(name); }
     /// The body; an empty string if there is none.
     std::string body() const;
 
-    /// "GET /v2/video/ZW1?embed=series"
+    /// Method, path and query: "GET /v2/video/ZW1?embed=series".
     std::string line() const;
 };
 

@@ -22,7 +22,7 @@ JSON parsed(const std::string& text, const std::string& whose) {
     return json;
 }
 
-/// The parts of a JSON pointer, or the one key that is none.
+/// The components of a JSON pointer. A string that is not a pointer is a single key.
 std::vector<std::string> steps(const std::string& place) {
     if (!place.starts_with('/')) return {place};
     std::vector<std::string> found;
@@ -38,14 +38,14 @@ std::vector<std::string> steps(const std::string& place) {
     return found;
 }
 
-/// The element of a list that a step names; its size for "-". Empty if the step is no number.
+/// The index that a step names; the size of the list for "-". Empty if the step is not a number.
 std::optional<std::size_t> indexOf(const JSON& list, const std::string& step) {
     if (step == "-") return list.size();
     if (step.empty() || step.find_first_not_of("0123456789") != std::string::npos) return std::nullopt;
     return std::strtoull(step.c_str(), nullptr, 10);
 }
 
-/// The value at a step below `json`; made if `makes`, else null if it is not there.
+/// The value at a step below `json`. If it does not exist, it is created if `makes`, otherwise null.
 JSON* below(JSON& json, const std::string& step, bool makes) {
     if (json.is_array()) {
         const auto index = indexOf(json, step);

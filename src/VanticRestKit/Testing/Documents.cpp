@@ -26,7 +26,7 @@ std::string joined(const std::vector<std::string>& names) {
     return text;
 }
 
-/// A user of a service of their own, signed in.
+/// A signed-in user of a separate sample service.
 class SampleUser {
 public:
     SampleUser() { ask("GET", "/v2/token"); }
@@ -35,7 +35,7 @@ public:
                     const std::string& query = {}) const {
         const std::string target =
             path + "?UID=test-user&source=lumeno&slug=watchlist&include=private" + query;
-        // The token that a new service gives first. A request for it shows none.
+        // The first token of a new service. The request for it has no token.
         std::map<std::string, std::string> headers;
         if (path != "/v2/token") headers.emplace("Authorization", "Bearer access-1");
         return bodyOf(answers_.ask(method, target, headers, body), target);

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Builders of all other entities: screens, lists, notices, and the records of a user.
+/// Builders of all other entities: screens, lists, alerts, and the records of a user.
 
 #include <VanticRestKit/kavro/KAVROSegmentsModel.h>
 #include <VanticRestKit/lumeno/Categories/Category.h>
@@ -33,10 +33,10 @@
 
 namespace VanticRestKit::Testing {
 
-// Each gives the document that the sample service sends for the arguments. If the invented catalogue has nothing of that
-// name, the process ends with a message. What stands within one is got by `part`.
+// Each function returns the document that the sample service sends for its arguments. If the fictional catalogue has no
+// such item, the process ends with a message. Use `part` for a part of a document.
 
-/// Seconds since 1970.
+/// The time, in seconds since 1970.
 DocumentOf<double> aTime(double seconds = 1'767'225'600);
 /// The avatars.
 DocumentOf<std::vector<Image>> avatars();
@@ -47,7 +47,7 @@ DocumentOf<Category> aHomeScreen();
 DocumentOf<Category> aCategory(const std::string& id = "drama");
 /// The screen of a channel.
 DocumentOf<Category> aChannel(const std::string& id = "vantic-one");
-/// One of the rows of the home screen; the first one that is not featured if there is no number.
+/// One of the rows of the home screen; without an id, the first one that is not featured.
 DocumentOf<MixedCollection> aCollection(const std::string& id = {});
 
 /// The index of all shows.
@@ -61,7 +61,7 @@ DocumentOf<VideoList> aVideoList(const std::vector<std::string>& houseNumbers = 
 DocumentOf<VideoList> livestreams();
 /// What a live channel shows now and next.
 DocumentOf<NowNext> nowAndNext();
-/// What a search finds.
+/// The results of a search.
 DocumentOf<SearchResults> searchResultsFor(const std::string& keyword = "sea");
 /// Shows that are similar to a show.
 DocumentOf<RelatedShowList> showsRelatedTo(const std::string& slug = "harbour-lights");
@@ -76,16 +76,16 @@ DocumentOf<BrowseList> aBrowseList();
 DocumentOf<std::vector<Message>> messages();
 /// An alert.
 DocumentOf<ProductAlert> aProductAlert();
-/// Where a path leads.
+/// The translation of a path.
 DocumentOf<Remap> aRemap(const std::string& path = "show/harbour-lights");
 
-/// Tokens that are good for so long from now on; not above zero: that have expired.
+/// Tokens that expire after `goodFor`; zero or less: that have already expired.
 DocumentOf<TokenResponse> aTokenResponse(std::chrono::seconds goodFor = std::chrono::hours(1));
 /// The profile "Ann" of "test-user".
 DocumentOf<DatasetResponse> aDatasetResponse();
-/// "test-user" has watched two videos of Harbour Lights, the first one to its end.
+/// The history of "test-user": two videos of Harbour Lights, the first of them watched to its end.
 DocumentOf<HistoryResponse> aHistoryResponse();
-/// "test-user" has saved one show, Harbour Lights.
+/// The saved shows of "test-user": only Harbour Lights.
 DocumentOf<SavedResponse> aSavedResponse();
 /// The audience segments of a profile.
 DocumentOf<KAVROSegmentsModel> audienceSegments();

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `JSONText`: a value of a document, as a test writes it.
+/// `JSONText`: a value for a document, written by a test.
 
 #include <VanticRestKit/Testing/Answer.h>
 
@@ -13,7 +13,7 @@
 
 namespace VanticRestKit::Testing {
 
-/// One JSON value: made from a string, a number, a truth value, `nullptr`, or a builder.
+/// A JSON value, created from a string, a number, a boolean, `nullptr` or a builder.
 class JSONText {
 public:
     /// A string.
@@ -22,7 +22,7 @@ public:
     JSONText(const std::string& value) : JSONText(std::string_view(value)) {}
     /// A string.
     JSONText(const char* value) : JSONText(std::string_view(value)) {}
-    /// A truth value.
+    /// A boolean.
     template <std::same_as<bool> B>
     JSONText(B value) : text_(value ? "true" : "false") {}
     /// A whole number.
@@ -37,7 +37,7 @@ public:
     template <HasDocument T>
     JSONText(const T& value) : text_(value.document()) {}
 
-    /// A text that is JSON already, such as `JSONText::raw("[1,2]")`.
+    /// A string that is already JSON, such as `JSONText::raw("[1,2]")`.
     static JSONText raw(std::string json);
 
     /// The JSON text.

@@ -14,7 +14,7 @@ public:
 
     void after(Seconds delay, Block function) override {
         const std::lock_guard lock(mutex_);
-        // Functions of one time keep the order in which they came.
+        // Functions with the same time are called in the order in which they were added.
         functions_.emplace(now_ + std::max(delay, Seconds(0)), std::move(function));
     }
 
@@ -45,7 +45,8 @@ public:
     }
 
 private:
-    /// The next function that is due by `end`, with the clock at its time; none and the clock at `end` if there is none.
+    /// Returns the next function that is due by `end` and sets the clock to its time. If there is none, sets the clock
+    /// to `end`.
     Block next(Date end) {
         const std::lock_guard lock(mutex_);
         if (functions_.empty() || functions_.begin()->first > end) {

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ManualClock`: time that passes when the test says so.
+/// `ManualClock`: a clock that the test advances.
 
 #include <VanticRestKit/platform/date/Date.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
@@ -12,9 +12,9 @@
 
 namespace VanticRestKit::Testing {
 
-/// A clock that stands still until `advance`. While it lives, the library measures its delays by it:
-/// `DispatchQueue::asyncAfter`, the deadlines of loads, and `Answer::after`. Dates are not affected: a token's end is
-/// compared with the system's date. One test has one clock at a time.
+/// A clock that only changes by `advance`. While it exists, the library uses it for its delays:
+/// `DispatchQueue::asyncAfter`, the deadlines of loads, and `Answer::after`. Dates are not affected: the expiry of a
+/// token is compared with the system clock. Only one clock may exist at a time.
 ///
 /// ```cpp
 /// ManualClock clock;
@@ -27,25 +27,25 @@ public:
     /// A time in seconds.
     using Seconds = std::chrono::duration<double>;
 
-    /// Shows `start` and drives the library from now on.
+    /// The clock starts at `start`; the library uses it from now on.
     explicit ManualClock(Date start = Date(Seconds(1'767'225'600)));
-    /// Gives the library the system's clock again. What had not come due is dropped.
+    /// The library uses the system clock again. Functions that are not due yet are dropped.
     ~ManualClock();
     ManualClock(const ManualClock&) = delete;
     ManualClock& operator=(const ManualClock&) = delete;
 
-    /// The time that the clock shows. Any thread.
+    /// The current time of the clock. Any thread.
     Date now() const;
 
-    /// Calls `function` on the thread of `advance` once `delay` has passed. Not above zero: at the next `advance`. Any
+    /// Calls `function` on the thread of `advance` after `delay`; if that is zero or less, at the next `advance`. Any
     /// thread.
     void after(Seconds delay, Block function);
 
-    /// How many functions have not come due yet. Any thread.
+    /// The number of functions that are not due yet. Any thread.
     std::size_t pending() const;
 
-    /// Lets `time` pass. What comes due meanwhile is called in the order of time, each while the clock shows its time;
-    /// so is what those functions ask for, if it falls in the same span. How many were called. `time` is not negative.
+    /// Advances the clock by `time`, which must not be negative. Functions that become due are called in order, each
+    /// with the clock set to its time; this includes functions that these calls add. Returns the number of calls.
     std::size_t advance(Seconds time);
 
 private:

@@ -14,7 +14,7 @@ struct ManualExecutor::State {
     bool isOver = false;
 
     void post(Block block) {
-        // A block that is dropped is destroyed after the lock was given back: it may hold anything.
+        // Dropped blocks are destroyed after the lock is released, because their destructors may do anything.
         const std::lock_guard lock(mutex);
         if (isOver) return;
         blocks.push_back(std::move(block));

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ManualExecutor`: a queue whose blocks run when the test says so, on the test's thread.
+/// `ManualExecutor`: a queue whose blocks the test runs, on its own thread.
 
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
@@ -12,10 +12,11 @@
 
 namespace VanticRestKit::Testing {
 
-/// Keeps the blocks of a `DispatchQueue` until the test runs them. Nothing runs by itself.
+/// Stores the blocks of a `DispatchQueue` until the test runs them.
 ///
-/// Any thread may post to `queue()`; one thread at a time, as a rule that of the test, calls the members below. What
-/// still waits when the executor goes, and what is posted later, is dropped without being run.
+/// Any thread may post to `queue()`. The members below are called by one thread at a time, usually that of the test.
+/// When the executor is destroyed, waiting blocks are dropped without being run, and so are blocks that are posted
+/// later.
 ///
 /// ```cpp
 /// ManualExecutor executor;
@@ -30,23 +31,23 @@ public:
     ManualExecutor(const ManualExecutor&) = delete;
     ManualExecutor& operator=(const ManualExecutor&) = delete;
 
-    /// For `LoadOptions::on`, publishers, and whatever else delivers on a queue.
+    /// The queue, for `LoadOptions::on`, publishers, and everything else that delivers on a queue.
     const DispatchQueue& queue() const noexcept;
 
-    /// How many blocks wait.
+    /// The number of waiting blocks.
     std::size_t pending() const;
 
-    /// Runs the block that has waited longest. Whether there was one.
+    /// Runs the block that has waited longest. Returns whether there was one.
     bool runOne();
 
-    /// Runs blocks until none waits, also those that are posted meanwhile. How many ran.
+    /// Runs blocks until none is left, including those that are posted meanwhile. Returns the number of blocks.
     std::size_t runAll();
 
-    /// Runs blocks, and waits for further ones from other threads, until `isDone` gives true. For code with threads of
-    /// its own: `Resource::load` and the user client start their requests on queues of the library. `isDone` is called
-    /// on this thread, first at once and then after each block.
+    /// Runs blocks, and waits for blocks from other threads, until `isDone` returns true. This is for code that uses
+    /// other threads: `Resource::load` and the user client start their requests on queues of the library. `isDone` is
+    /// called on this thread, first immediately and then after each block.
     ///
-    /// False if it did not come to that `within` this time of the system's clock.
+    /// Returns false if this takes longer than `within`, measured by the system clock.
     bool runUntil(UniqueFunction<bool()> isDone,
                   std::chrono::duration<double> within = std::chrono::seconds(30));
 

@@ -32,7 +32,7 @@ namespace {
 
 constexpr const char* origin = "https://service.test";
 
-/// A table has to have the row, or the documents could not be made.
+/// `id` if the table has such a row, otherwise the id of its first row, because the documents need an existing one.
 template <class Row>
 std::string known(const std::vector<Row>& table, const std::string& id) {
     return sample::rowOf(table, id) != nullptr ? id : table.front().id;
@@ -61,7 +61,7 @@ sample::Show showOf(const Programme& programme) {
     return show;
 }
 
-/// What stands in the tables stays; ids that are not in them replace it in the finished document.
+/// The document as text, with the programme's own channel even if that is not in the table.
 std::string written(sample::JSON json, const Programme& programme) {
     json["channel"] = programme.channel;
     sample::fillOrigin(json, origin);

@@ -15,7 +15,7 @@ namespace VanticRestKit::Testing {
 
 namespace {
 
-/// How an answer travelled; a replayed one does not travel.
+/// Headers about the transfer, which do not apply to a replayed answer.
 bool isOfTheTransfer(const std::string& name) {
     for (const char* header :
          {"Connection", "Content-Encoding", "Content-Length", "Keep-Alive", "Transfer-Encoding"}) {

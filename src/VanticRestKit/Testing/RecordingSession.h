@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `RecordingSession`: a transport that writes down what another one is asked and answers.
+/// `RecordingSession`: a transport that records the requests and answers of another one.
 
 #include <VanticRestKit/Core/NetworkSession.h>
 #include <VanticRestKit/Testing/Redaction.h>
@@ -11,12 +11,12 @@
 
 namespace VanticRestKit::Testing {
 
-/// Passes requests on to a session and writes each with its answer into a folder, a readable file for each, without its
+/// Forwards requests to a session and writes each request and its answer to a readable file in a folder, without
 /// secrets; see `Redaction`. `Replay` answers from such a folder.
 ///
-/// The files are named after method and path: "GET_v2_time.1.txt". What is asked again gets the next number; a file that
-/// is there is replaced. The body of a JSON answer is laid out with a line for each value. Requests that are cancelled
-/// are not written. Any thread.
+/// Files are named after the method and path: "GET_v2_time.1.txt". A repeated request gets the next number. Existing
+/// files are replaced. JSON bodies are formatted with one value per line. Cancelled requests are not written. Any
+/// thread.
 ///
 /// ```cpp
 /// auto session = RecordingSession::make(networkSession(URLSession::make({})), "recordings/home");
@@ -24,7 +24,7 @@ namespace VanticRestKit::Testing {
 /// ```
 class RecordingSession final : public NetworkSession, public std::enable_shared_from_this<RecordingSession> {
 public:
-    /// Records what `session`, which is not null, is asked. Makes the folder when something is to be written.
+    /// Records the requests to `session`, which must not be null. The folder is created when the first file is written.
     static std::shared_ptr<RecordingSession> make(std::shared_ptr<NetworkSession> session, std::string folder,
                                                   Redaction redaction = {});
     ~RecordingSession() override;
@@ -34,7 +34,7 @@ public:
     Cancellable start(LoadDataArguments arguments) override;
     DispatchQueue deliveryQueue() const override;
 
-    /// The files that could not be written, one a line; an empty string if all were.
+    /// The files that could not be written, one per line; an empty string if there are none.
     std::string problems() const;
 
 private:

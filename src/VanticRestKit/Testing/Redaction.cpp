@@ -25,7 +25,7 @@ std::string lowerCase(std::string_view text) {
     return result;
 }
 
-/// Whether anything was hidden.
+/// Returns whether anything was redacted.
 bool redact(JSON& json, const Redaction& redaction) {
     if (!json.is_structured()) return false;
     bool hasToken = false;
@@ -50,7 +50,7 @@ Redaction::Redaction(std::vector<std::string> furtherNames) : furtherNames_(std:
 
 bool Redaction::hides(std::string_view name) const {
     const std::string lower = lowerCase(name);
-    // "Bearer", which a client may compare.
+    // Its value is "Bearer", which a client may check.
     if (lower == "token_type") return false;
     const auto isPart = [&](std::string_view part) { return lower.find(part) != std::string::npos; };
     return std::find(headers.begin(), headers.end(), lower) != headers.end() ||

@@ -17,7 +17,7 @@ namespace VanticRestKit::Testing {
 
 namespace {
 
-/// The number before the ending: 12 of "GET_v2_time.12.txt".
+/// The number before the extension: 12 in "GET_v2_time.12.txt".
 long turnOf(const std::filesystem::path& file) {
     const std::string ending = file.stem().extension().string();
     return ending.empty() ? 0 : std::strtol(ending.c_str() + 1, nullptr, 10);
@@ -63,7 +63,7 @@ struct Replay::State {
         if (recorded.empty()) problems += folder + " holds no recordings\n";
     }
 
-    /// Why a request has no answer.
+    /// The error message for a request that was not recorded.
     std::string unknown(const detail::RecordedRequest& request) const {
         std::string text = "No answer to " + request.line + " is recorded in " + folder;
         const detail::RecordedRequest* nearest = nullptr;

@@ -13,11 +13,11 @@
 
 namespace VanticRestKit::Testing {
 
-/// The answers that were recorded, for the rule of a script. A request is known again by its method, path, query and
-/// body; headers and secrets do not matter. What was recorded several times is answered in that order; the last answer
-/// is repeated. Copies are one replay. Any thread.
+/// Recorded answers, for a rule of a script. Requests are matched by method, path, query and body; headers and secrets
+/// are ignored. If a request was recorded several times, its answers are used in that order, and the last one is
+/// repeated. Copies share their state. Any thread.
 ///
-/// A request that was not recorded fails with an error that names it, the folder and what comes nearest to it.
+/// A request that was not recorded fails with an error that names it, the folder and the closest recorded request.
 ///
 /// ```cpp
 /// const Replay replay("recordings/home");
@@ -27,17 +27,17 @@ namespace VanticRestKit::Testing {
 /// ```
 class Replay {
 public:
-    /// Reads all files of the folder that end with ".txt". Give it the redaction that was recorded with.
+    /// Reads all files of the folder whose names end with ".txt". `redaction` must be that of the recording.
     explicit Replay(const std::string& folder, Redaction redaction = {});
 
-    /// The recorded answer.
+    /// The recorded answer to a request.
     Answer operator()(const AskedRequest& asked) const;
 
-    /// How many answers were recorded.
+    /// The number of recorded answers.
     std::size_t size() const;
 
-    /// What went wrong, for a person to read: files that are no recordings, a folder without any, and the requests that
-    /// were not recorded. An empty string if all was as recorded.
+    /// A readable list of problems: files that are not recordings, a folder without recordings, and requests that were
+    /// not recorded. An empty string if there are none.
     std::string problems() const;
 
 private:

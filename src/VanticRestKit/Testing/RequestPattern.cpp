@@ -8,7 +8,7 @@ namespace VanticRestKit::Testing {
 
 namespace {
 
-/// The parts between the separators; empty ones are dropped.
+/// The parts between the separators, without empty ones.
 std::vector<std::string> parts(std::string_view text, char separator) {
     std::vector<std::string> found;
     while (!text.empty()) {

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `RequestPattern`: says which requests a rule of a script is for.
+/// `RequestPattern`: the requests that a rule of a script matches.
 
 #include <VanticRestKit/Testing/AskedRequest.h>
 
@@ -13,13 +13,12 @@
 
 namespace VanticRestKit::Testing {
 
-/// Which requests are meant: `"GET /v2/show/*?channel=one"`.
+/// A pattern for requests: `"GET /v2/show/*?channel=one"`.
 ///
-/// - The method may be left out; then every method fits.
-/// - A path begins with a slash and is compared as it is sent. `*` stands for one segment, `**` at the end for all that
-///   is left. Doubled slashes count as one.
-/// - Each query item that is named must be among those of the request, in any order and as it is sent; others do not
-///   matter.
+/// - Without a method, every method matches.
+/// - A path begins with a slash and is compared as sent. `*` matches one segment, `**` at the end all remaining ones.
+///   Double slashes count as one.
+/// - The request must contain each query item of the pattern, as sent and in any order; it may contain others.
 class RequestPattern {
 public:
     /// A pattern as described above.
@@ -27,21 +26,21 @@ public:
     /// A pattern as described above.
     RequestPattern(const char* text) : RequestPattern(std::string(text)) {}
 
-    /// The same, for requests with a header of this value only.
+    /// A copy that only matches requests with this header value.
     RequestPattern withHeader(std::string name, std::string value) const;
-    /// The same, for requests whose body contains `text` only.
+    /// A copy that only matches requests whose body contains `text`.
     RequestPattern withBody(std::string text) const;
 
-    /// Whether a request fits the pattern.
+    /// Whether the pattern matches a request.
     bool fits(const AskedRequest& asked) const { return !mismatch(asked); }
 
-    /// The first reason why a request does not fit; empty if it fits.
+    /// The first reason why the pattern does not match; empty if it matches.
     std::optional<std::string> mismatch(const AskedRequest& asked) const;
 
-    /// How far a request is from fitting: 0 if it fits, larger the less it has in common.
+    /// How much a request differs from the pattern; 0 if it matches.
     std::size_t distance(const AskedRequest& asked) const;
 
-    /// As it was written, with headers and body.
+    /// The pattern as text, including headers and bodies.
     std::string text() const;
 
 private:

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `SampleAnswers`: the answers of the sample service, without its socket.
+/// `SampleAnswers`: the answers of the sample service, without a socket.
 
 #include <VanticRestKit/Testing/Answer.h>
 #include <VanticRestKit/Testing/AskedRequest.h>
@@ -12,8 +12,8 @@
 
 namespace VanticRestKit::Testing {
 
-/// All that the sample service answers, its catalogue and its users, in the memory of the test. Copies share the users,
-/// who live as long as the last copy. Any thread.
+/// All answers of the sample service, with its catalogue and its users, in memory. Copies share the data of users,
+/// which exists as long as the last copy. Any thread.
 ///
 /// ```cpp
 /// ScriptedService service(executor);
@@ -24,10 +24,10 @@ class SampleAnswers {
 public:
     SampleAnswers();
 
-    /// The answer to a request, 404 if there is no such resource. Addresses of pictures are of "https://service.test".
+    /// The answer to a request; 404 if there is no such resource. The URLs of images begin with "https://service.test".
     Answer operator()(const AskedRequest& asked) const;
 
-    /// A request given by its parts: `ask("GET", "/v2/video/HL0101")`.
+    /// The answer to a request given by its parts: `ask("GET", "/v2/video/HL0101")`.
     Answer ask(const std::string& method, const std::string& target,
                const std::map<std::string, std::string>& headers = {}, const std::string& body = {}) const;
 

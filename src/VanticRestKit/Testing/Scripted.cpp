@@ -5,7 +5,7 @@
 
 namespace VanticRestKit::Testing {
 
-// Its table of virtual functions lies here.
+// Defined here so that the library contains the only copy of the vtable.
 TestContext::~TestContext() = default;
 
 std::shared_ptr<Serviceable> serviceOver(std::shared_ptr<NetworkSession> session,

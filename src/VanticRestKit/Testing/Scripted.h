@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Scripted`: a context of the host's own class whose requests a script answers.
+/// `Scripted`: the host's own context class with scripted answers.
 
 #include <VanticRestKit/Core/Context.h>
 #include <VanticRestKit/Core/Serviceable.h>
@@ -15,12 +15,13 @@
 
 namespace VanticRestKit::Testing {
 
-/// What a context returns from `service` to have its requests run by `session`; see `Scripted`. Neither is null.
+/// The service for a context whose requests are sent by `session`, which must not be null; see `Scripted`. Never null.
 std::shared_ptr<Serviceable> serviceOver(std::shared_ptr<NetworkSession> session,
                                          Context::ServiceArguments arguments, LogError logError);
 
-/// A `HostContext` whose requests go to a scripted service. All else is the host's: address, headers, time-out and the
-/// hook for errors. The class must not be `final`; one that is returns `serviceOver` from its own `service` in tests.
+/// A `HostContext` whose requests are sent to a scripted service. Everything else is that of the host: the base URL,
+/// headers, time-out and error hook. `HostContext` must not be `final`; a final class can return `serviceOver` from its
+/// own `service` in tests.
 ///
 /// ```cpp
 /// Scripted<HostContext> context(service, "argument of HostContext");
@@ -28,17 +29,16 @@ std::shared_ptr<Serviceable> serviceOver(std::shared_ptr<NetworkSession> session
 template <class HostContext>
 class Scripted : public HostContext {
 public:
-    /// Makes the host's context from `arguments`. Any session whose requests are to be judged as those of the network
-    /// can take the place of the script, such as a `RecordingSession`.
+    /// Creates the host's context with `arguments` for its constructor.
     template <class... Arguments>
     explicit Scripted(const ScriptedService& service, Arguments&&... arguments)
         : Scripted(service.session(), std::forward<Arguments>(arguments)...) {}
-    /// A context whose requests go to `session`; the other arguments are those of the constructor of the context.
+    /// The same with any session instead of a scripted service, such as a `RecordingSession`.
     template <class... Arguments>
     explicit Scripted(std::shared_ptr<NetworkSession> session, Arguments&&... arguments)
         : HostContext(std::forward<Arguments>(arguments)...), session_(std::move(session)) {}
 
-    /// Sends the request to the session of the script.
+    /// The service that sends the request to the session.
     std::shared_ptr<Serviceable> service(Context::ServiceArguments arguments) const override {
         return serviceOver(session_, std::move(arguments), this->logError());
     }
@@ -47,7 +47,7 @@ private:
     std::shared_ptr<NetworkSession> session_;
 };
 
-/// A context for tests that need none of their host's: "https://service.test", and a signed-in user.
+/// A context for tests that do not need a class of the host: "https://service.test" with a signed-in user.
 class TestContext : public virtual TrelvoContext {
 public:
     TestContext() = default;
@@ -57,7 +57,7 @@ public:
     std::optional<std::string> uid() const override { return user; }
     SourceSystem source() const override { return SourceSystem::lumeno; }
 
-    /// What paths are relative to.
+    /// The base URL.
     URL base{"https://service.test"};
     /// The id of the user; empty if no user is signed in.
     std::optional<std::string> user{"test-user"};

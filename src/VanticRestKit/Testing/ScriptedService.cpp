@@ -30,7 +30,8 @@ ScriptedService::ScriptedService() : ScriptedService(DispatchQueue::withOwnThrea
 ScriptedService::ScriptedService(const ManualExecutor& executor) : ScriptedService(executor.queue()) {}
 
 ScriptedService::ScriptedService(DispatchQueue queue) {
-    // An open request keeps its session, so the script would keep itself.
+    // Closes the script with the last handle: an open request keeps its session alive, so the script would keep itself
+    // alive.
     struct Handle {
         std::shared_ptr<detail::Script> script;
         explicit Handle(std::shared_ptr<detail::Script> made) : script(std::move(made)) {}

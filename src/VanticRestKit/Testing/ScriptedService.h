@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ScriptedService`: a service that answers from a script, without a socket.
+/// `ScriptedService`: a service with scripted answers, without a socket.
 
 #include <VanticRestKit/Core/NetworkSession.h>
 #include <VanticRestKit/Testing/Answer.h>
@@ -22,23 +22,23 @@ namespace detail {
 class Script;
 }
 
-/// What a script does with the requests of one pattern. A handle; copies are one rule.
+/// The rule of a script for the requests that match a pattern. A handle; copies refer to the same rule.
 class ScriptRule {
 public:
-    /// Adds an answer. The first request gets the first one, and so on; the last one is repeated.
+    /// Adds an answer. The first request gets the first answer, and so on; the last answer is repeated.
     ScriptRule& answer(Answer answer);
-    /// The same with a function that makes the answer of a request, such as `SampleAnswers`. It is called on the thread of
-    /// the request, by several at once if the requests are.
+    /// Adds a function that returns the answer to a request, such as `SampleAnswers`. It is called on the thread that
+    /// sends the request, so possibly by several threads at once.
     ScriptRule& answerBy(std::function<Answer(const AskedRequest&)> function);
 
-    /// Expects exactly `count` requests: fewer are a problem, and further ones pass this rule by. Without a call of
-    /// this or of `atLeastOnce` any number is right, none included.
+    /// Expects exactly `count` requests. Fewer are reported as a problem; further ones do not match this rule. Without
+    /// `times` or `atLeastOnce`, any number of requests is accepted, including none.
     ScriptRule& times(std::size_t count);
     /// `times(1)`.
     ScriptRule& once() { return times(1); }
-    /// Expects that nothing of this pattern is asked.
+    /// Expects no request.
     ScriptRule& never() { return times(0); }
-    /// Expects one request or more.
+    /// Expects at least one request.
     ScriptRule& atLeastOnce();
 
 private:
@@ -50,15 +50,16 @@ private:
     std::size_t index_;
 };
 
-/// A service in the memory of the test. Its requests pass the same judgement as those of the network: statuses and
-/// errors arrive as the errors that a host sees in production.
+/// A service in memory. Its answers are processed like those of the network: statuses and errors result in the same
+/// errors as in production.
 ///
-/// A rule answers by path, `answerNext` by order; rules are asked first, the oldest first. A request that no rule and no
-/// answer is left for fails with an error of the domain `Answer::errorDomain`, and `problems()` tells of it.
+/// A rule answers by path, `answerNext` by order. Rules take precedence, in the order in which they were added. A
+/// request without a matching rule or a remaining answer fails with an error of the domain `Answer::errorDomain`, and
+/// `problems()` reports it.
 ///
-/// Copies are one service. Any thread may call; answers are delivered on the queue of the executor, or, without one, on
-/// a queue with a thread of its own. When the last copy and the last rule go, the requests that are open are dropped
-/// without an outcome, and so is what is asked later.
+/// Copies refer to the same service. Any thread may use it. Answers are delivered on the queue of the executor or,
+/// without one, on a queue with its own thread. When the last copy and the last rule have been destroyed, open requests
+/// are dropped without an outcome, and so are later requests.
 ///
 /// ```cpp
 /// ManualExecutor executor;
@@ -70,43 +71,44 @@ private:
 /// ```
 class ScriptedService {
 public:
-    /// Delivers on a thread of its own: for code that waits.
+    /// Delivers on its own thread, for code that blocks.
     ScriptedService();
-    /// Delivers when the executor runs: for tests on one thread.
+    /// Delivers when the executor runs, for tests on one thread.
     explicit ScriptedService(const ManualExecutor& executor);
     /// Delivers on `queue`.
     explicit ScriptedService(DispatchQueue queue);
 
-    /// A rule for the requests of a pattern, such as "GET /v2/time". A rule without an answer answers 200 with "{}".
+    /// Adds a rule for the requests that match a pattern, such as "GET /v2/time". Without an answer, it answers with
+    /// 200 and "{}".
     ScriptRule on(RequestPattern pattern) const;
-    /// The same, which has to be asked exactly once unless the rule is told otherwise.
+    /// Adds a rule that expects exactly one request, unless its expectation is changed.
     ScriptRule expect(RequestPattern pattern) const;
-    /// Answers the next request that no rule is for, whatever it asks.
+    /// Sets the answer to the next request that matches no rule.
     void answerNext(Answer answer) const;
 
     /// All requests so far, in order of arrival.
     std::vector<AskedRequest> asked() const;
-    /// How many requests have fitted a pattern so far.
+    /// The number of requests so far that match a pattern.
     std::size_t countOf(const RequestPattern& pattern) const;
-    /// Requests that have no answer yet, because theirs is held or delayed.
+    /// The number of requests whose answers are held or delayed.
     std::size_t openRequests() const;
 
-    /// Has every request wait for `answerNow`, also those whose answer is not `held()`.
+    /// Holds the answers to all requests until `answerNow`, even if they are not `held()`.
     void holdAll() const;
-    /// Answers the oldest held request with what the script has for it. Whether there was one. The answer is posted; an
-    /// executor has to run it.
+    /// Delivers the scripted answer to the oldest held request. Returns whether there was one. The answer is posted to
+    /// the queue, so an executor has to run it.
     bool answerNow() const;
-    /// The same for the oldest held request of a pattern.
+    /// The same for the oldest held request that matches a pattern.
     bool answerNow(const RequestPattern& pattern) const;
-    /// The same with another answer, which is sent at once.
+    /// The same with another answer, which is delivered without its delay.
     bool answerNow(const RequestPattern& pattern, Answer answer) const;
 
-    /// What went wrong, for a person to read: expectations that were missed, each with what was asked and the request
-    /// that came nearest to it; requests that nothing was scripted for, each with the nearest rule; answers of
-    /// `answerNext` that are left. An empty string if all was as expected.
+    /// A readable list of problems: unmet expectations, each with the number of requests and the closest request;
+    /// requests without a rule or answer, each with the closest rule; unused answers of `answerNext`. An empty string
+    /// if there are none.
     std::string problems() const;
 
-    /// The transport, for a host that makes a `NetworkServiceble` of its own.
+    /// The transport, for a host that creates its own `NetworkServiceble`.
     std::shared_ptr<NetworkSession> session() const;
 
 private:

@@ -6,7 +6,7 @@ namespace VanticRestKit::Testing {
 
 namespace {
 
-/// "24m", as people read it, and "24 minutes", as it is read aloud.
+/// A duration as text: "24m" to display, or "24 minutes" for a screen reader.
 std::string minutesText(std::chrono::seconds duration, const char* unit) {
     const auto minutes = (duration.count() + 30) / 60;
     return std::to_string(minutes) + unit;

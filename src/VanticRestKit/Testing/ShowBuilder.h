@@ -17,15 +17,15 @@
 
 namespace VanticRestKit::Testing {
 
-/// What the builders of a show, a series and a video say of their programme.
+/// The common base of the builders of shows, series and videos.
 template <class Self, class T>
 class ProgrammeBuilder : public Builder<Self, T> {
 public:
-    /// Ids of series and videos follow from it.
+    /// Sets the id of the show. The ids of series and videos are derived from it.
     Self& withId(std::uint32_t id) {
         return changed([&](Programme& it) { it.id = id; });
     }
-    /// House numbers begin with it.
+    /// Sets the prefix of house numbers.
     Self& withCode(std::string code) {
         return changed([&](Programme& it) { it.code = std::move(code); });
     }
@@ -33,7 +33,7 @@ public:
     Self& withSlug(std::string slug) {
         return changed([&](Programme& it) { it.slug = std::move(slug); });
     }
-    /// Sets what it is about.
+    /// Sets the description.
     Self& describedAs(std::string text) {
         return changed([&](Programme& it) { it.description = std::move(text); });
     }
@@ -45,7 +45,7 @@ public:
     Self& inCategory(std::string id) {
         return changed([&](Programme& it) { it.category = std::move(id); });
     }
-    /// Sets for which ages it is.
+    /// Sets the age classification.
     Self& classified(std::string text) {
         return changed([&](Programme& it) { it.classification = std::move(text); });
     }
@@ -54,14 +54,14 @@ public:
         return changed([&](Programme& it) { it.tags = std::move(tags); });
     }
 
-    /// What the document is made of.
+    /// The programme that the document is built from.
     const Programme& programme() const noexcept { return programme_; }
 
 protected:
-    /// Begins with a programme.
+    /// Creates a builder for a programme.
     explicit ProgrammeBuilder(Programme programme) : programme_(std::move(programme)) {}
 
-    /// Changes the programme and makes the document anew.
+    /// Changes the programme and rebuilds the document.
     template <class Change>
     Self& changed(Change change) {
         change(programme_);
@@ -72,13 +72,13 @@ private:
     Programme programme_;
 };
 
-/// A video: the first episode of a series, unless it is told otherwise.
+/// A video; by default the first episode of a series.
 class VideoBuilder : public ProgrammeBuilder<VideoBuilder, Video> {
 public:
     /// An episode of a programme.
     explicit VideoBuilder(Programme programme = {}, std::uint32_t series = 1, std::uint32_t episode = 1);
 
-    /// The title of the video; that of its show is `ofShow`.
+    /// Sets the title of the video. `ofShow` sets that of its show.
     VideoBuilder& titled(std::string title) { return with("title", std::move(title)); }
     /// Sets the title of the show.
     VideoBuilder& ofShow(std::string title);
@@ -86,7 +86,7 @@ public:
     VideoBuilder& withHouseNumber(const std::string& houseNumber);
     /// Sets the duration.
     VideoBuilder& lasting(std::chrono::seconds duration);
-    /// Not to be played, with the sentence that says why.
+    /// Marks the video as not playable, with a message that says why.
     VideoBuilder& notPlayable(std::string message = "Not available in your region");
 
 private:
@@ -109,7 +109,7 @@ public:
     SeriesBuilder& ofShow(std::string title);
     /// Sets the number of episodes.
     SeriesBuilder& episodes(std::uint32_t count);
-    /// The builder of one of its episodes, from 1.
+    /// The builder of one of its episodes; `number` starts at 1.
     VideoBuilder episode(std::uint32_t number) const { return VideoBuilder(programme(), number_, number); }
 
 private:
@@ -119,25 +119,25 @@ private:
     std::uint32_t number_;
 };
 
-/// A show with its list of series, the first of them with its episodes, and a video to play. `aShow()` has one series of
-/// six episodes.
+/// A show with its list of series, of which the first contains its episodes, and with a video to play. `aShow()` has
+/// one series of six episodes.
 class ShowBuilder : public ProgrammeBuilder<ShowBuilder, Show> {
 public:
     /// A show.
     explicit ShowBuilder(Programme programme = {});
 
-    /// Also gives it the slug that follows from the title, unless `withSlug` sets one.
+    /// Sets the title, and also the slug derived from it unless `withSlug` sets one.
     ShowBuilder& titled(std::string title);
-    /// That many series, each with the episodes of the first one.
+    /// Sets the number of series, each with the episodes of the first one.
     ShowBuilder& withSeries(std::uint32_t count);
-    /// That many episodes in each series.
+    /// Sets the number of episodes in each series.
     ShowBuilder& episodes(std::uint32_t count);
-    /// A film: one video, no series.
+    /// Makes it a film, with one video and no series.
     ShowBuilder& asFilm();
 
-    /// The builders of its parts, which count from 1.
+    /// The builder of one of its series; `number` starts at 1.
     SeriesBuilder series(std::uint32_t number) const { return SeriesBuilder(programme(), number); }
-    /// One of its episodes, counted from 1.
+    /// The builder of one of its episodes; both numbers start at 1.
     VideoBuilder episode(std::uint32_t seriesNumber, std::uint32_t number) const {
         return VideoBuilder(programme(), seriesNumber, number);
     }
@@ -147,11 +147,11 @@ private:
     std::string original() const { return detail::showDocument(programme()); }
 };
 
-/// A show, to be changed by its members.
+/// A builder of a show.
 inline ShowBuilder aShow() { return ShowBuilder(); }
-/// A series, to be changed by its members.
+/// A builder of a series.
 inline SeriesBuilder aSeries() { return SeriesBuilder(); }
-/// A video, to be changed by its members.
+/// A builder of a video.
 inline VideoBuilder aVideo() { return VideoBuilder(); }
 
 }  // namespace VanticRestKit::Testing

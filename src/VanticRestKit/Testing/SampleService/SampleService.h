@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `SampleService`: the sample service on a port of this machine, inside the process of the test.
+/// `SampleService`: the sample service on a local port, inside the process of the test.
 
 #include <VanticRestKit/platform/url/URL.h>
 
@@ -15,25 +15,25 @@
 
 namespace VanticRestKit::Testing {
 
-/// What is to happen to the next answers of a path.
+/// A fault of the next answers of a path.
 struct SampleFault {
     /// What goes wrong.
     enum class Kind {
-        /// The answer comes later, after `seconds`.
+        /// The answer is delayed by `seconds`.
         delay,
-        /// Nothing comes for good, after the first `after` bytes of the body if that is set.
+        /// The answer stops forever, after the first `after` bytes of the body if that is set.
         stall,
-        /// The connection is reset, at the same place.
+        /// The connection is reset at the same position.
         reset,
-        /// 200 with a body that is no JSON: `text`, or a page in HTML.
+        /// 200 with a body that is not JSON: `text`, or an HTML page.
         malformed,
         /// Another status, with the body `text` if that is set.
         status,
-        /// Enumerations become unknown: the values `at` these places, or every `type` and `theme`.
+        /// Unknown enumeration values: those at the JSON pointers `at`, or every `type` and `theme`.
         unknownEnum,
-        /// Collections hold unknown entities and broken elements.
+        /// Collections contain unknown entities and broken elements.
         oddities,
-        /// The values `at` these places become null, or the whole answer.
+        /// Null instead of the values at the JSON pointers `at`, or of the whole document.
         null,
         /// 401, as for a token that has expired.
         expiredToken,
@@ -41,29 +41,29 @@ struct SampleFault {
 
     /// What goes wrong.
     Kind kind = Kind::status;
-    /// Such as "v2/time"; "*" is every path.
+    /// The affected path, such as "v2/time"; "*" for every path.
     std::string path = "*";
-    /// Empty: every method.
+    /// The affected method; empty for every method.
     std::string method{};
-    /// For how many answers.
+    /// The number of answers that are affected.
     int count = 1;
-    /// For `delay`: how long.
+    /// For `delay`: the delay.
     std::chrono::duration<double> seconds{1};
-    /// For `status`: which one.
+    /// For `status`: the status.
     int status = 500;
-    /// For `stall` and `reset`: after how many bytes of the body.
+    /// For `stall` and `reset`: the number of body bytes that are sent before.
     std::optional<std::size_t> after{};
     /// For `malformed` and `status`: the body.
     std::optional<std::string> text{};
-    /// JSON pointers.
+    /// For `unknownEnum` and `null`: JSON pointers.
     std::vector<std::string> at{};
 };
 
-/// The sample service: an HTTP server on 127.0.0.1 with threads of its own, for tests that are to go over the network.
-/// `SampleAnswers` gives the same answers without a socket. Each object has users, faults and a log of its own; all of
-/// one process share a clock. Any thread.
+/// The sample service: an HTTP server on 127.0.0.1 with its own threads, for tests that use the network.
+/// `SampleAnswers` provides the same answers without a socket. Each object has its own users, faults and log; all
+/// objects of a process share one clock. Any thread.
 ///
-/// A server that writes to a closed connection gets a signal, so the first one has the process ignore SIGPIPE.
+/// The first object makes the process ignore SIGPIPE, because writing to a closed connection would raise it.
 ///
 /// ```cpp
 /// SampleService service;
@@ -72,52 +72,53 @@ struct SampleFault {
 /// ```
 class SampleService {
 public:
-    /// How the service is started.
+    /// Options for starting the service.
     struct Options {
-        /// 0: any free one.
+        /// The port; 0 for any free one.
         std::uint16_t port = 0;
-        /// HTTPS, with a certificate that is made at the start; `authority()` is what a client has to trust.
+        /// Whether to use HTTPS, with a certificate created at start; clients have to trust `authority()`.
         bool tls = false;
-        /// How long a user's token is good for.
+        /// The lifetime of tokens.
         std::chrono::duration<double> tokensLast = std::chrono::hours(1);
     };
 
-    /// Starts with a free port, over HTTP.
+    /// Starts the service on a free port, over HTTP.
     SampleService();
-    /// Starts as the options say.
+    /// Starts the service with these options.
     explicit SampleService(const Options& options);
     /// Stops.
     ~SampleService();
     SampleService(const SampleService&) = delete;
     SampleService& operator=(const SampleService&) = delete;
 
-    /// False if the port could not be had, and after `stop`.
+    /// False if the port was not available, and after `stop`.
     bool isRunning() const;
-    /// Ends after the answers that are being written; those that are held back are dropped. It does not start again.
+    /// Stops the service after the answers that are being written; delayed ones are dropped. It cannot be started
+    /// again.
     void stop();
 
-    /// Such as "http://127.0.0.1:41417". Of a service that could not start: a port where nothing answers.
+    /// The base URL, such as "http://127.0.0.1:41417". If the service could not start, its port does not respond.
     URL baseURL() const;
-    /// The port that it listens on.
+    /// The port on which it listens.
     std::uint16_t port() const;
-    /// With TLS: the certificate as PEM, for the CA bundle of a session. Else empty.
+    /// With TLS: the certificate in PEM format, for the CA bundle of a session. Otherwise empty.
     std::string authority() const;
 
-    /// Adds a fault after those that wait. Whether it is one: `at` takes only JSON pointers.
+    /// Adds a fault after the pending ones. Returns false if `at` contains an invalid JSON pointer.
     bool add(const SampleFault& fault);
-    /// Drops the faults that have not happened yet.
+    /// Removes the pending faults.
     void clearFaults();
 
     /// The requests received, in order of arrival: "GET /v2/show/harbour-lights?embed=seriesList".
     std::vector<std::string> log() const;
-    /// The same as a JSON document, with query, headers and body of each.
+    /// The requests received, as a JSON document with the query, headers and body of each.
     std::string logDocument() const;
     /// Empties the log of requests.
     void clearLog();
 
-    /// Ends the time of all access tokens.
+    /// Makes all access tokens expire.
     void expireTokens();
-    /// Forgets all users and their tokens.
+    /// Deletes all users and their tokens.
     void clearUsers();
 
 private:

@@ -12,7 +12,7 @@ namespace VanticRestKit::Testing::detail {
 /// The bytes of a file; empty if it cannot be read.
 std::optional<std::string> readFile(const std::string& path);
 
-/// Replaces a file and makes the folders above it. Whether that was possible.
+/// Writes or replaces a file, and creates its folders. Returns whether this succeeded.
 bool writeFile(const std::string& path, std::string_view content);
 
 }  // namespace VanticRestKit::Testing::detail

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t maxNameLength = 80;
 
-/// A short number that tells texts apart (FNV-1a).
+/// A short hash (FNV-1a).
 std::string digest(std::string_view text) {
     std::uint32_t hash = 2'166'136'261;
     for (const char letter : text) hash = (hash ^ static_cast<unsigned char>(letter)) * 16'777'619;
@@ -23,7 +23,7 @@ std::string digest(std::string_view text) {
     return digits;
 }
 
-/// Takes the first line away.
+/// Removes and returns the first line.
 std::string_view nextLine(std::string_view& text) {
     const auto end = std::min(text.find('\n'), text.size());
     const std::string_view line = text.substr(0, end);
@@ -31,7 +31,7 @@ std::string_view nextLine(std::string_view& text) {
     return line;
 }
 
-/// Takes the lines away that begin with a mark, without it and the space after it.
+/// Removes and returns the lines that begin with a mark, without the mark and the space after it.
 std::vector<std::string> markedLines(std::string_view& text, char mark) {
     std::vector<std::string> lines;
     while (text.starts_with(mark)) {
@@ -56,7 +56,7 @@ std::optional<std::int64_t> numberOf(std::string_view text) {
     return number;
 }
 
-/// "error NSURLErrorDomain -1001 The request timed out."
+/// Parses "error NSURLErrorDomain -1001 The request timed out."
 std::optional<Answer> errorOf(std::string_view line) {
     line.remove_prefix(std::strlen("error "));
     const auto first = line.find(' ');

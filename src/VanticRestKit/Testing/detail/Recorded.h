@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Recorded`: one request with its answer, as a file holds them.
+/// `Recorded`: a request and its answer, and their file format.
 
 #include <VanticRestKit/Testing/Answer.h>
 #include <VanticRestKit/Testing/AskedRequest.h>
@@ -14,23 +14,24 @@
 
 namespace VanticRestKit::Testing::detail {
 
-/// A request without its secrets.
+/// A request with its secrets redacted.
 struct RecordedRequest {
-    /// "GET /v2/search?keyword=sea"
+    /// Method, path and query: "GET /v2/search?keyword=sea".
     std::string line{};
     std::map<std::string, std::string> headers{};
     std::string body{};
 
     static RecordedRequest of(const AskedRequest& asked, const Redaction& redaction);
 
-    /// What a request is known by again: all but its headers.
+    /// Identifies the request: everything but its headers.
     std::string key() const { return line + "\n" + body; }
-    /// A name for its file, without an ending: "GET_v2_search_1f0c22ab".
+    /// The name of its file, without an extension: "GET_v2_search_1f0c22ab".
     std::string fileName() const;
 };
 
-/// The lines of the request begin with "> ", those of the head of the answer with "< "; what follows the line "<" is the
-/// body, to the end of the file. A transport error is "< error DOMAIN CODE DESCRIPTION".
+/// A request and its answer. In a file, the lines of the request begin with "> ", and the status and headers of the
+/// answer with "< ". The body follows the line "<", up to the end of the file. A transport error is "< error DOMAIN
+/// CODE DESCRIPTION".
 ///
 ///     > GET /v2/time
 ///     > Accept: application/json
@@ -43,11 +44,11 @@ struct Recorded {
     Answer answer;
 
     std::string text() const;
-    /// Empty if the text is not of that form.
+    /// Parses a file; empty if it does not have this format.
     static std::optional<Recorded> read(std::string_view text);
 };
 
-/// JSON with a line for each value. Nothing but white space outside of strings changes; what is no JSON may be damaged.
+/// Formats JSON with one value per line, changing only white space outside of strings. The input must be JSON.
 std::string indented(std::string_view json);
 
 }  // namespace VanticRestKit::Testing::detail

@@ -11,7 +11,7 @@ namespace VanticRestKit::Testing::detail {
 
 namespace {
 
-/// The error as the real transport makes it, so that a host's code sees the same description and user information.
+/// The error as the real transport creates it, with the same description and user information.
 Error transportError(const URLRequest& request, std::shared_ptr<NetworkSession> session, URLErrorCode code) {
     const auto service =
         NetworkServiceble::make({.with = request, .and_ = std::move(session), .logError = LogError()});
@@ -98,7 +98,7 @@ std::size_t Script::begin(URLRequest request, Completion handler) {
     const AskedRequest asked = asked_.back();
     const std::optional<Reply> reply = scripted(asked);
     if (!reply) unexpected_.push_back(number);
-    // A function of the test may ask this script.
+    // Unlocked, because a function of the test may send requests to this script.
     lock.unlock();
     Testing::Answer answer = reply ? answerOf(*reply, asked) : notScripted(asked);
     lock.lock();
@@ -111,7 +111,7 @@ std::size_t Script::begin(URLRequest request, Completion handler) {
     return number;
 }
 
-// The lock is held.
+// Called with the lock held.
 std::optional<Script::Reply> Script::scripted(const AskedRequest& asked) {
     for (Rule& rule : rules_) {
         if (!rule.pattern.fits(asked)) continue;
@@ -206,7 +206,7 @@ std::string Script::missed(const Rule& rule) const {
     return text + nearestRequest(rule);
 }
 
-/// The request that fits a rule least badly, and why it does not.
+/// The closest request to a rule, and why it does not match.
 std::string Script::nearestRequest(const Rule& rule) const {
     const AskedRequest* nearest = nullptr;
     for (const AskedRequest& asked : asked_) {
@@ -218,7 +218,7 @@ std::string Script::nearestRequest(const Rule& rule) const {
     return "    nearest that came: " + nearest->line() + " (" + *rule.pattern.mismatch(*nearest) + ")\n";
 }
 
-/// The rule that a request fits least badly, and why it does not.
+/// The closest rule to a request, and why it does not match.
 std::string Script::nearestRule(const AskedRequest& asked) const {
     const Rule* nearest = nullptr;
     for (const Rule& rule : rules_) {

@@ -25,10 +25,10 @@ namespace VanticRestKit::Testing::detail {
 /// The transport of a `ScriptedService`. Any thread.
 class Script final : public NetworkSession, public std::enable_shared_from_this<Script> {
 public:
-    /// An answer, or what makes it.
+    /// An answer, or a function that returns it.
     using Reply = std::variant<Testing::Answer, std::function<Testing::Answer(const AskedRequest&)>>;
 
-    /// How many requests a rule expects.
+    /// The number of requests that a rule expects.
     struct Expected {
         std::size_t min = 0;
         std::optional<std::size_t> max{};
@@ -41,7 +41,7 @@ public:
     Cancellable start(LoadDataArguments arguments) override;
     DispatchQueue deliveryQueue() const override { return queue_; }
 
-    /// Adds a rule and gives its index.
+    /// Adds a rule and returns its index.
     std::size_t addRule(RequestPattern pattern, Expected expected);
     void addAnswer(std::size_t rule, Reply reply);
     void setExpected(std::size_t rule, Expected expected);
@@ -50,10 +50,10 @@ public:
 
     std::vector<AskedRequest> asked() const;
     std::size_t openRequests() const;
-    /// Answers the oldest held request that fits, with `answer` if there is one.
+    /// Answers the oldest held request that matches, with `answer` if there is one.
     bool answerNow(const RequestPattern* pattern, std::optional<Testing::Answer> answer);
     std::string problems() const;
-    /// Drops the open transfers, and those that are started later.
+    /// Drops the open transfers and all later ones.
     void close();
 
 private:
@@ -63,7 +63,7 @@ private:
         std::vector<Reply> replies{};
         std::size_t count = 0;
     };
-    /// A request whose handler was not called yet.
+    /// A request whose handler has not been called yet.
     struct Transfer {
         std::size_t request;
         Testing::Answer answer;

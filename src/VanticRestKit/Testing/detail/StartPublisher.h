@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// A publisher for sessions whose transfers begin with `start`.
+/// A publisher for sessions that implement only `start`.
 
 #include <VanticRestKit/Core/NetworkSession.h>
 
@@ -9,8 +9,8 @@
 
 namespace VanticRestKit::Testing::detail {
 
-/// A publisher whose every subscription is a transfer of `session`, begun by `start` and ended with the subscription. It
-/// keeps the session.
+/// A publisher that keeps `session` alive. Each subscription starts a transfer with `start`; cancelling the
+/// subscription cancels the transfer.
 AnyPublisher<NetworkSession::Answer> publisherByStart(std::shared_ptr<NetworkSession> session,
                                                       NetworkSession::LoadDataPublisherArguments arguments);
 

@@ -1,15 +1,15 @@
 #pragma once
 
 /// \file
-/// How far two texts are from each other.
+/// The edit distance of two strings.
 
 #include <cstddef>
 #include <string_view>
 
 namespace VanticRestKit::Testing::detail {
 
-/// How many letters have to be inserted, removed or replaced to make one text of the other. Of longer texts only the
-/// first 300 letters count.
+/// The number of characters to insert, remove or replace to turn one string into the other. Only the first 300
+/// characters are compared.
 std::size_t textDistance(std::string_view a, std::string_view b);
 
 }  // namespace VanticRestKit::Testing::detail
