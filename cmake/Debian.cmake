@@ -1,4 +1,4 @@
-# `cpack` in a build folder makes three Debian packages: the shared library, what a host is compiled with, the tools.
+# `cpack` in a build folder creates three Debian packages: the shared library, the development files and the tools.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_CONTACT "VanticRestKit <maintainers@vantic.example>")
@@ -17,7 +17,7 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 
-# Named after the soname, libVanticRestKit.so.1, so that two major versions can be installed beside each other.
+# Named after the soname, libVanticRestKit.so.1, so that two major versions can be installed at the same time.
 set(runtime libvanticrestkit${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${runtime})
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "${PROJECT_DESCRIPTION}")
@@ -28,7 +28,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libvanticrestkit-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${PROJECT_DESCRIPTION} - headers, archives, testing kit and documentation")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
-# The libraries are those that hosts of the archive link.
+# The dependencies of the static library.
 set(sqlite)
 if(VRK_HAS_DISK_CACHE)
     set(sqlite libsqlite3-dev)

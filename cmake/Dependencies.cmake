@@ -1,4 +1,4 @@
-# What the project takes from the system. Found once, here, and visible in the folders of this project only.
+# The dependencies of the project. All are found here, and are visible only in the folders of this project.
 
 find_package(Threads REQUIRED)
 find_package(CURL 7.88 REQUIRED)
@@ -12,7 +12,7 @@ find_package(VrkUtf8proc REQUIRED)
 # The public suffix list, for the domains of cookies.
 find_package(VrkPsl REQUIRED)
 
-# The disk part of the HTTP cache.
+# The disk cache.
 set(VRK_HAS_DISK_CACHE OFF)
 if(NOT VRK_DISK_CACHE MATCHES "^(AUTO|ON|OFF)$")
     message(FATAL_ERROR "VRK_DISK_CACHE is AUTO, ON or OFF, not '${VRK_DISK_CACHE}'")
@@ -32,7 +32,7 @@ if(VRK_APPS)
     find_package(PkgConfig REQUIRED)
     pkg_check_modules(httplib REQUIRED IMPORTED_TARGET cpp-httplib)
 elseif(VRK_TESTING)
-    # The testing kit goes without its sample service if it is missing.
+    # Without cpp-httplib, the testing kit is built without its sample service.
     find_package(PkgConfig QUIET)
     if(PkgConfig_FOUND)
         pkg_check_modules(httplib QUIET IMPORTED_TARGET cpp-httplib)

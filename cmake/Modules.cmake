@@ -1,7 +1,7 @@
-# A module is one folder of src/VanticRestKit with its headers and sources. Each becomes a small static library of its
-# own, so that a test links what it needs and no more; the installed library is made of the objects of all modules.
+# A module is a folder of src/VanticRestKit with its headers and sources. Each is built as a small static library, so
+# that tests link only what they need. The installed library consists of the objects of all modules.
 
-# The include root: sources include <VanticRestKit/...> from the source tree exactly as a host does from a prefix.
+# The include root: sources include <VanticRestKit/...> from the source tree, as hosts do from the installation.
 set(VRK_INCLUDE_ROOT ${PROJECT_SOURCE_DIR}/src)
 
 # The library must work without exceptions and RTTI, and so must its unit tests.
@@ -16,8 +16,8 @@ if(VRK_NO_EXCEPTIONS)
 endif()
 
 # vrk_module(FOLDER [SUBFOLDERS folder...] [DEPENDS folder...] [LIBRARIES library...])
-# The module in FOLDER, such as platform/url, becomes the target vrk_module_platform_url. Its sources are those of the
-# folder, of its detail/ and of SUBFOLDERS. Only modules listed before it can be named as DEPENDS.
+# Defines the target vrk_module_platform_url for a FOLDER such as platform/url. Its sources are those in the folder, in
+# its detail/ and in SUBFOLDERS. DEPENDS can only contain modules that were defined before.
 function(vrk_module folder)
     cmake_parse_arguments(MODULE "" "" "SUBFOLDERS;DEPENDS;LIBRARIES" ${ARGN})
     string(REPLACE "/" "_" target vrk_module_${folder})
@@ -44,14 +44,13 @@ function(vrk_module folder)
         endif()
         set(precompiled vrk_precompiled_fast)
         if(NOT folder MATCHES "^platform/" OR folder STREQUAL "platform/http")
-            # There are tables and copies, once a request, and no loops over bodies that are not in a library: size
-            # matters more.
+            # Optimised for size: this code runs once per request and has no loops over bodies.
             target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-Os>)
             set(precompiled vrk_precompiled_small)
         endif()
         vrk_precompiled(${target} ${precompiled})
         if(NOT PROJECT_IS_TOP_LEVEL)
-            # The library takes the objects; nothing links the archive.
+            # The library uses the objects; nothing links this static library.
             set_target_properties(${target} PROPERTIES EXCLUDE_FROM_ALL ON)
         endif()
         set_property(GLOBAL APPEND PROPERTY VRK_MODULES ${target})
@@ -64,8 +63,8 @@ function(vrk_module folder)
 endfunction()
 
 # vrk_test(NAME SOURCES source... MODULES module... [LIBRARIES library...] [TIMEOUT seconds] [PARTS n] [EXCEPTIONS])
-# One GoogleTest binary, run as one ctest entry, or as PARTS entries with a part of the tests each. EXCEPTIONS: the
-# test itself needs exceptions.
+# Defines a GoogleTest program with one ctest entry, or with PARTS entries that each run a part of the tests.
+# EXCEPTIONS: the test itself needs exceptions.
 function(vrk_test name)
     cmake_parse_arguments(TEST "EXCEPTIONS" "TIMEOUT;PARTS" "SOURCES;MODULES;LIBRARIES" ${ARGN})
     if(NOT TEST_TIMEOUT)
@@ -79,7 +78,7 @@ function(vrk_test name)
         target_compile_definitions(${name} PRIVATE VRK_IS_EMULATED)
     endif()
     if(CMAKE_BUILD_TYPE STREQUAL "Release")
-        # Test code runs once: compiling it fast counts for more. What it tests keeps its optimisation.
+        # Test code runs only once, so fast compilation is more important. The tested code is still optimised.
         target_compile_options(${name} PRIVATE -O0)
     endif()
     if(TEST_EXCEPTIONS)

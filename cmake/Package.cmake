@@ -1,7 +1,6 @@
-# What `cmake --install` puts under a prefix, by component:
+# The files that `cmake --install` installs, by component:
 #   runtime        the shared library
-#   development    the public headers, both libraries, the testing kit, and what find_package and pkg-config need to find
-#                  them
+#   development    the public headers, both libraries, the testing kit, and the files for find_package and pkg-config
 #   tools          the command line and the sample service
 #   documentation  README.md and docs/
 
@@ -21,7 +20,7 @@ foreach(header IN LISTS headers)
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/VanticRestKit/${folder} COMPONENT development)
 endforeach()
 
-# Two exports, since only the static library makes a host link what it was built on.
+# Two exports, because only hosts of the static library need its dependencies.
 foreach(kind shared static)
     install(TARGETS VanticRestKit_${kind} EXPORT VanticRestKit_${kind}
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
@@ -34,7 +33,7 @@ set(disk_cache_package "")
 if(VRK_HAS_DISK_CACHE)
     set(disk_cache_package " SQLite3")
 endif()
-# The file that is found makes their targets.
+# VanticRestKitConfig.cmake defines the targets for these.
 foreach(target VanticRestKit_testing VanticRestKit_sample_service)
     if(TARGET ${target})
         install(TARGETS ${target} ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
@@ -52,7 +51,7 @@ install(FILES ${PROJECT_BINARY_DIR}/package/VanticRestKitConfig.cmake
               ${CMAKE_CURRENT_LIST_DIR}/find/FindVrkUtf8proc.cmake
     DESTINATION ${package_folder} COMPONENT development)
 
-# The prefix is found from where the file lies, so that an installed tree can be moved.
+# The prefix is relative to the .pc file, so that an installation can be moved.
 if(IS_ABSOLUTE ${CMAKE_INSTALL_LIBDIR})
     message(FATAL_ERROR "CMAKE_INSTALL_LIBDIR has to be relative to the prefix, not ${CMAKE_INSTALL_LIBDIR}")
 endif()

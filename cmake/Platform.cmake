@@ -1,10 +1,10 @@
-# What the compiler, its library and libcurl must have, checked before anything is compiled, so that what is missing is
-# named with its reason.
+# Checks the requirements for the compiler, its library and libcurl before anything is compiled, so that a missing one is
+# reported with the reason.
 
 set(vrk_checks ${CMAKE_CURRENT_BINARY_DIR}/checks)
 
-# vrk_compiles(RESULT SOURCE): whether a source compiles. A "yes" is remembered; a "no" is asked again the next time, since
-# its cause may be mended outside.
+# vrk_compiles(RESULT SOURCE): whether a source compiles. Only success is cached, because the cause of a failure may be
+# fixed before the next run.
 function(vrk_compiles result source)
     if(${result})
         return()
@@ -37,7 +37,7 @@ if(NOT VRK_PLATFORM_IS_COMPLETE)
         vrk_refuse("its C++ library lacks std::stop_token or std::from_chars for double, as libc++ does before version 20. \
 Use libstdc++ 12 or later.")
     endif()
-    # On 32-bit systems the times of the C library end in 2038 unless they are asked not to.
+    # On 32-bit systems the default time_t ends in 2038.
     vrk_compiles(VRK_HAS_LONG_TIME "#define _FILE_OFFSET_BITS 64\n#define _TIME_BITS 64\n${long_time}\n${main}")
     if(NOT VRK_HAS_LONG_TIME)
         vrk_refuse("its C library has no 64-bit time_t, so dates would end in 2038. Use glibc 2.34 or later.")
@@ -45,7 +45,7 @@ Use libstdc++ 12 or later.")
     add_compile_definitions(_FILE_OFFSET_BITS=64 _TIME_BITS=64)
 endif()
 
-# libcurl of another TLS library than OpenSSL would not call the library back to set up its TLS context.
+# Only a libcurl built with OpenSSL calls the callback with which the library configures the TLS context.
 if(NOT DEFINED VRK_LIBCURL_TLS)
     file(WRITE ${vrk_checks}/libcurl.cpp
         "#include <curl/curl.h>

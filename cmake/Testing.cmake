@@ -1,5 +1,5 @@
-# The testing kit as a host links it: archives of their own, never linked by default.
-#   VanticRestKit::Testing         the kit, with the library that VanticRestKit::VanticRestKit is
+# The testing kit for hosts: separate static libraries, which are never linked by default.
+#   VanticRestKit::Testing         the kit, with VanticRestKit::VanticRestKit
 #   VanticRestKit::Testing_static  the kit, with the static library
 #   VanticRestKit::SampleService and VanticRestKit::SampleService_static, which need cpp-httplib and OpenSSL
 
@@ -28,7 +28,7 @@ foreach(kit testing testing_static)
     endif()
 endforeach()
 
-# Installed are the archives of the first kind; the package makes both targets of them.
+# Only the first kind is installed; the package defines both targets for it.
 foreach(target VanticRestKit_testing VanticRestKit_testing_static
                VanticRestKit_sample_service VanticRestKit_sample_service_static)
     if(TARGET ${target} AND (NOT PROJECT_IS_TOP_LEVEL OR target MATCHES "_static$"))

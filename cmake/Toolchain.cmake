@@ -1,7 +1,7 @@
-# How the targets of this project are compiled. All of it is set for this folder and those below it; a project that
-# takes this tree in keeps its own build type, language mode and output folders.
+# Compiler settings for the targets of this project. They apply only to its own folders: a project that includes this
+# tree keeps its own build type, language mode and output folders.
 
-# C++20 at least; a host's later standard is kept. 98 is the one that is older than its number.
+# At least C++20; a later standard of the host is kept. 98 is greater than 20 but older.
 if(NOT CMAKE_CXX_STANDARD OR CMAKE_CXX_STANDARD LESS 20 OR CMAKE_CXX_STANDARD EQUAL 98)
     set(CMAKE_CXX_STANDARD 20)
 endif()
@@ -19,7 +19,7 @@ if(PROJECT_IS_TOP_LEVEL)
     set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
     set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
     add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor)
-    # Editors look for it at the top. The first build folder is linked; remove the link to choose another one.
+    # Editors look for this file at the top. Links that of the first build folder; remove the link to change it.
     if(NOT EXISTS ${PROJECT_SOURCE_DIR}/compile_commands.json)
         file(CREATE_LINK ${PROJECT_BINARY_DIR}/compile_commands.json ${PROJECT_SOURCE_DIR}/compile_commands.json
             RESULT ignored SYMBOLIC)
@@ -39,7 +39,7 @@ endif()
 
 if(VRK_SANITIZE STREQUAL "address")
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    # The sanitizers do not see the use of an empty optional, nor an index past the end of a list within its capacity.
+    # The sanitizers do not detect access to an empty optional or to a vector element between size and capacity.
     add_compile_definitions(_GLIBCXX_ASSERTIONS)
     add_link_options(-fsanitize=address,undefined)
 elseif(VRK_SANITIZE STREQUAL "thread")

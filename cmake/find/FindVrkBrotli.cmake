@@ -1,5 +1,5 @@
 # The decoder of the Brotli library, which comes without a find module or a config package: vrk::brotlidec.
-# Installed beside VanticRestKitConfig.cmake, since hosts of the static library link it.
+# Installed with VanticRestKitConfig.cmake, because hosts of the static library link it.
 
 find_path(VrkBrotli_INCLUDE_DIR brotli/decode.h)
 find_library(VrkBrotli_LIBRARY brotlidec)

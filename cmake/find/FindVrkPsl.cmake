@@ -1,5 +1,5 @@
 # The library of the public suffix list, whose Debian package has no config package: vrk::psl.
-# Installed beside VanticRestKitConfig.cmake, since hosts of the static library link it.
+# Installed with VanticRestKitConfig.cmake, because hosts of the static library link it.
 
 find_path(VrkPsl_INCLUDE_DIR libpsl.h)
 find_library(VrkPsl_LIBRARY psl)

@@ -1,5 +1,5 @@
 # The utf8proc library, whose Debian package has no config package: vrk::utf8proc.
-# Installed beside VanticRestKitConfig.cmake, since hosts of the static library link it.
+# Installed with VanticRestKitConfig.cmake, because hosts of the static library link it.
 
 find_path(VrkUtf8proc_INCLUDE_DIR utf8proc.h)
 find_library(VrkUtf8proc_LIBRARY utf8proc)

@@ -1,8 +1,8 @@
-# Toolchain file: Debian's cross compiler for VRK_ARCHITECTURE (arm64, armhf or s390x, as Debian names it), the sysroot
-# that scripts/make-sysroot has made of Debian's packages, and qemu to run what was built.
-#   VRK_SYSROOT   the sysroot; without it, the one in this tree's build/sysroot
+# Toolchain file: Debian's cross compiler for VRK_ARCHITECTURE (arm64, armhf or s390x, Debian's names), the sysroot that
+# scripts/make-sysroot creates from Debian's packages, and qemu to run the programs.
+#   VRK_SYSROOT   the sysroot; default: the one in this tree's build/sysroot
 
-# The checks of compilers configure projects of their own with this file.
+# try_compile configures separate projects with this file.
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES VRK_ARCHITECTURE VRK_SYSROOT)
 
 set(triplet_arm64 aarch64-linux-gnu)
@@ -29,14 +29,14 @@ set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR ${processor_${VRK_ARCHITECTURE}})
 set(CMAKE_CXX_COMPILER ${triplet}-g++)
 if(VRK_ARCHITECTURE STREQUAL "armhf")
-    # GCC notes in every file that it passed some arguments otherwise before version 7.
+    # Disables notes about an ABI change in GCC 7.
     set(CMAKE_CXX_FLAGS_INIT -Wno-psabi)
 endif()
 set(CMAKE_SYSROOT ${VRK_SYSROOT})
 set(CMAKE_LIBRARY_ARCHITECTURE ${triplet})
 set(CMAKE_CROSSCOMPILING_EMULATOR qemu-${CMAKE_SYSTEM_PROCESSOR} -L ${VRK_SYSROOT})
 
-# Programs are this machine's, everything else is the other one's.
+# Programs are found on this machine, everything else in the sysroot.
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

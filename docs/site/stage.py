@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Copies headers, pages and their pictures for Doxygen.   stage.py TOP OUTPUT
 
-Headers: leaves out what has no contract of its own, such as defaulted copies, comparisons and the declaration of a
-mapping table. Pages: makes links between them links of the site. Line numbers stay.
+Removes declarations without a contract of their own from headers, such as defaulted copies, comparisons and mapping
+tables. Turns links between pages into links of the site. Line numbers are preserved.
 """
 
 import pathlib

@@ -1,4 +1,4 @@
-# Completion of vantic in bash. The program itself knows what may stand at each place.
+# Completion of vantic in bash. The program itself computes the candidates.
 _vantic() {
     local line
     COMPREPLY=()

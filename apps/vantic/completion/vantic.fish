@@ -1,4 +1,4 @@
-# Completion of vantic in fish. The program itself knows what may stand at each place.
+# Completion of vantic in fish. The program itself computes the candidates.
 function __vantic_candidates
     set -l words (commandline -opc)
     set -l current (commandline -ct)
