@@ -122,7 +122,7 @@ TEST_F(ReplayTest, AnUnknownRequestFailsWithItsNameAndTheNearest) {
     const auto outcome = load(replayed(replay).session(), "HL0102");
     ASSERT_FALSE(outcome);
     const std::string reason = "No answer to GET /v2/video/HL0102 is recorded in " + folder +
-                               "; the nearest is GET /v2/video/HL0101";
+                               "; the closest is GET /v2/video/HL0101";
     EXPECT_EQ(
         outcome.error().underlyingError()->as<NetworkError>()->underlyingError()->localizedDescription(),
         reason);
@@ -130,11 +130,11 @@ TEST_F(ReplayTest, AnUnknownRequestFailsWithItsNameAndTheNearest) {
 }
 
 TEST_F(ReplayTest, AFolderWithoutRecordingsIsAProblem) {
-    EXPECT_EQ(Replay(folder).problems(), folder + " holds no recordings\n");
+    EXPECT_EQ(Replay(folder).problems(), folder + " contains no recordings\n");
     std::filesystem::create_directories(folder);
     std::ofstream(folder + "/notes.txt") << "hello";
     EXPECT_EQ(Replay(folder).problems(),
-              folder + "/notes.txt is no recording\n" + folder + " holds no recordings\n");
+              folder + "/notes.txt is not a recording\n" + folder + " contains no recordings\n");
 }
 
 TEST_F(ReplayTest, TheSessionOfAUserIsReplayedWithoutItsTokens) {

@@ -198,10 +198,10 @@ TEST_F(ScriptedServiceTest, AMissedExpectationTellsWhatCameInItsPlace) {
     load("ZX1").detach();
     EXPECT_EQ(service.problems(),
               "expected once: GET /v2/video/ZW1\n"
-              "    came never\n"
-              "    nearest that came: GET /v2/video/ZX1 (the path has \"ZX1\" in place of \"ZW1\")\n"
+              "    received never\n"
+              "    closest request: GET /v2/video/ZX1 (the path has \"ZX1\" instead of \"ZW1\")\n"
               "not scripted: GET /v2/video/ZX1\n"
-              "    nearest rule: GET /v2/video/ZW1 (the path has \"ZX1\" in place of \"ZW1\")\n");
+              "    closest rule: GET /v2/video/ZW1 (the path has \"ZX1\" instead of \"ZW1\")\n");
     executor.runAll();
     EXPECT_EQ(failure().underlyingError()->localizedDescription(),
               "Nothing is scripted for GET /v2/video/ZX1");
@@ -214,16 +214,16 @@ TEST_F(ScriptedServiceTest, ARequestTooManyIsAProblem) {
     load("1").detach();
     load("2").detach();
     EXPECT_EQ(service.problems(),
-              "not scripted: GET /v2/video/1\n    nearest rule: /v2/video/1 (it expects once)\n"
-              "not scripted: GET /v2/video/2\n    nearest rule: /v2/video/2 (it expects never)\n");
+              "not scripted: GET /v2/video/1\n    closest rule: /v2/video/1 (it expects once)\n"
+              "not scripted: GET /v2/video/2\n    closest rule: /v2/video/2 (it expects never)\n");
 }
 
 TEST_F(ScriptedServiceTest, AnExpectationWithoutAnyRequestSaysSo) {
     service.on("/v2/time").atLeastOnce();
     service.answerNext(video);
     EXPECT_EQ(service.problems(),
-              "expected at least once: /v2/time\n    came never\n    nothing was asked at all\n"
-              "not asked for: once answerNext\n");
+              "expected at least once: /v2/time\n    received never\n    no request was received\n"
+              "unused answers of answerNext: 1\n");
 }
 
 TEST_F(ScriptedServiceTest, PublishersAreAnsweredAndCancelled) {

@@ -18,7 +18,7 @@ using JSON = nlohmann::ordered_json;
 
 JSON parsed(const std::string& text, const std::string& whose) {
     JSON json = JSON::parse(text, nullptr, false);
-    if (json.is_discarded()) fail(whose + " is no JSON: " + text);
+    if (json.is_discarded()) fail(whose + " is not JSON: " + text);
     return json;
 }
 
@@ -97,20 +97,20 @@ std::string DocumentChanges::applied(std::string document) const {
             continue;
         }
         JSON* const target = at(json, steps(place), true);
-        if (target == nullptr) fail("the document has no place " + place);
+        if (target == nullptr) fail("the document has no value at " + place);
         *target = parsed(value->text(), "the value for " + place);
     }
     return written(json);
 }
 
 void failToDecode(const std::string& document, const Error& error) {
-    fail("this document does not decode: " + error.localizedDescription() + "\n" + document);
+    fail("this document cannot be decoded: " + error.localizedDescription() + "\n" + document);
 }
 
 std::string partOf(const std::string& document, const std::string& place) {
     JSON json = parsed(document, "the document");
     const JSON* const part = at(json, steps(place), false);
-    if (part == nullptr) fail("the document has no place " + place + "\n" + document);
+    if (part == nullptr) fail("the document has no value at " + place + "\n" + document);
     return written(*part);
 }
 

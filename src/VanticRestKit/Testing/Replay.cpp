@@ -57,26 +57,26 @@ struct Replay::State {
                 std::string key = one->request.key();
                 recorded[std::move(key)].push_back(*std::move(one));
             } else {
-                problems += file.string() + " is no recording\n";
+                problems += file.string() + " is not a recording\n";
             }
         }
-        if (recorded.empty()) problems += folder + " holds no recordings\n";
+        if (recorded.empty()) problems += folder + " contains no recordings\n";
     }
 
     /// The error message for a request that was not recorded.
     std::string unknown(const detail::RecordedRequest& request) const {
         std::string text = "No answer to " + request.line + " is recorded in " + folder;
-        const detail::RecordedRequest* nearest = nullptr;
+        const detail::RecordedRequest* closest = nullptr;
         const auto distance = [&](const detail::RecordedRequest& other) {
             return detail::textDistance(request.key(), other.key());
         };
         for (const auto& [key, answers] : recorded) {
             const detail::RecordedRequest& other = answers.front().request;
-            if (nearest == nullptr || distance(other) < distance(*nearest)) nearest = &other;
+            if (closest == nullptr || distance(other) < distance(*closest)) closest = &other;
         }
-        if (nearest == nullptr) return text;
-        text.append("; the nearest is ").append(nearest->line);
-        return nearest->line == request.line ? text + " with another body" : text;
+        if (closest == nullptr) return text;
+        text.append("; the closest is ").append(closest->line);
+        return closest->line == request.line ? text + " with another body" : text;
     }
 };
 

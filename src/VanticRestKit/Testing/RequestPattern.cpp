@@ -34,7 +34,7 @@ std::optional<std::string> pathMismatch(const std::vector<std::string>& expected
         if (takesTheRest(expected, i)) return std::nullopt;
         if (i >= came.size()) return "the path ends before " + quoted(expected[i]);
         if (expected[i] != "*" && expected[i] != came[i]) {
-            return "the path has " + quoted(came[i]) + " in place of " + quoted(expected[i]);
+            return "the path has " + quoted(came[i]) + " instead of " + quoted(expected[i]);
         }
     }
     if (came.size() > expected.size()) {
@@ -70,7 +70,7 @@ RequestPattern RequestPattern::withBody(std::string text) const {
 
 std::optional<std::string> RequestPattern::mismatch(const AskedRequest& asked) const {
     if (!method_.empty() && method_ != asked.method())
-        return "the method is " + asked.method() + " in place of " + method_;
+        return "the method is " + asked.method() + " instead of " + method_;
     if (const auto reason = pathMismatch(segments_, asked.path())) return reason;
     const std::vector<std::string> items = parts(asked.query(), '&');
     for (const std::string& item : items_) {
@@ -82,7 +82,7 @@ std::optional<std::string> RequestPattern::mismatch(const AskedRequest& asked) c
         const std::optional<std::string> came = asked.header(name);
         if (!came) return "the header " + name + " is missing";
         if (*came != value)
-            return "the header " + name + " is " + quoted(*came) + " in place of " + quoted(value);
+            return "the header " + name + " is " + quoted(*came) + " instead of " + quoted(value);
     }
     for (const std::string& body : bodies_) {
         if (asked.body().find(body) == std::string::npos) return "the body lacks " + quoted(body);

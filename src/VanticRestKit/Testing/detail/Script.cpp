@@ -193,42 +193,42 @@ std::string Script::problems() const {
     }
     for (const std::size_t request : unexpected_) {
         text.append("not scripted: ").append(asked_[request].line()).append("\n");
-        text += nearestRule(asked_[request]);
+        text += closestRule(asked_[request]);
     }
     if (!next_.empty())
-        text.append("not asked for: ").append(timesText(next_.size())).append(" answerNext\n");
+        text.append("unused answers of answerNext: ").append(std::to_string(next_.size())).append("\n");
     return text;
 }
 
 std::string Script::missed(const Rule& rule) const {
     std::string text = "expected " + expectedText(rule.expected) + ": " + rule.pattern.text() + "\n";
-    text.append("    came ").append(rule.count == 0 ? "never" : timesText(rule.count)).append("\n");
-    return text + nearestRequest(rule);
+    text.append("    received ").append(rule.count == 0 ? "never" : timesText(rule.count)).append("\n");
+    return text + closestRequest(rule);
 }
 
 /// The closest request to a rule, and why it does not match.
-std::string Script::nearestRequest(const Rule& rule) const {
-    const AskedRequest* nearest = nullptr;
+std::string Script::closestRequest(const Rule& rule) const {
+    const AskedRequest* closest = nullptr;
     for (const AskedRequest& asked : asked_) {
         if (rule.pattern.fits(asked)) continue;
-        if (nearest == nullptr || rule.pattern.distance(asked) < rule.pattern.distance(*nearest))
-            nearest = &asked;
+        if (closest == nullptr || rule.pattern.distance(asked) < rule.pattern.distance(*closest))
+            closest = &asked;
     }
-    if (nearest == nullptr) return asked_.empty() ? "    nothing was asked at all\n" : "";
-    return "    nearest that came: " + nearest->line() + " (" + *rule.pattern.mismatch(*nearest) + ")\n";
+    if (closest == nullptr) return asked_.empty() ? "    no request was received\n" : "";
+    return "    closest request: " + closest->line() + " (" + *rule.pattern.mismatch(*closest) + ")\n";
 }
 
 /// The closest rule to a request, and why it does not match.
-std::string Script::nearestRule(const AskedRequest& asked) const {
-    const Rule* nearest = nullptr;
+std::string Script::closestRule(const AskedRequest& asked) const {
+    const Rule* closest = nullptr;
     for (const Rule& rule : rules_) {
-        if (nearest == nullptr || rule.pattern.distance(asked) < nearest->pattern.distance(asked))
-            nearest = &rule;
+        if (closest == nullptr || rule.pattern.distance(asked) < closest->pattern.distance(asked))
+            closest = &rule;
     }
-    if (nearest == nullptr) return "    there are no rules\n";
-    const auto mismatch = nearest->pattern.mismatch(asked);
-    const std::string reason = mismatch ? *mismatch : "it expects " + expectedText(nearest->expected);
-    return "    nearest rule: " + nearest->pattern.text() + " (" + reason + ")\n";
+    if (closest == nullptr) return "    there are no rules\n";
+    const auto mismatch = closest->pattern.mismatch(asked);
+    const std::string reason = mismatch ? *mismatch : "it expects " + expectedText(closest->expected);
+    return "    closest rule: " + closest->pattern.text() + " (" + reason + ")\n";
 }
 
 }  // namespace VanticRestKit::Testing::detail

@@ -76,9 +76,9 @@ private:
     void send(std::size_t request, Testing::Answer::Seconds delay);
     void deliver(std::size_t request);
     void cancel(std::size_t request);
-    std::string nearestRule(const AskedRequest& asked) const;
+    std::string closestRule(const AskedRequest& asked) const;
     std::string missed(const Rule& rule) const;
-    std::string nearestRequest(const Rule& rule) const;
+    std::string closestRequest(const Rule& rule) const;
 
     const DispatchQueue queue_;
     mutable std::mutex mutex_;
