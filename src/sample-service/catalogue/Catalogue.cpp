@@ -16,7 +16,7 @@ std::string houseNumberOf(const Show& show, unsigned series, unsigned episode) {
     return show.code + text;
 }
 
-/// Of shows with more than nine episodes in a series the short form would not be unique.
+/// The short form would not be unique for shows with more than nine episodes in a series.
 unsigned idOf(const Show& show, unsigned series, unsigned episode) {
     const bool isLong = std::any_of(show.series.begin(), show.series.end(),
                                     [](const auto& episodes) { return episodes.size() > 9; });

@@ -83,7 +83,7 @@ private:
     std::map<std::string, const Video*> byHouseNumber_;
 };
 
-/// The catalogue of the service: invented, and the same at every start.
+/// The fictional catalogue of the service; the same at every start.
 const Catalogue& catalogue();
 
 // The tables, each in its own file in tables/.

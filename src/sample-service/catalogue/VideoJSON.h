@@ -8,7 +8,7 @@ namespace VanticRestKit::sample {
 /// A video in the service's hypertext form, with its playlist embedded.
 JSON videoJSON(const Video& video);
 
-/// A video as an element of a list: without playlist and measurements.
+/// A video as an element of a list: without its playlist and analytics.
 JSON videoSummaryJSON(const Video& video);
 
 /// The streams, captions and warnings of a video, in the order in which they are played.

@@ -5,7 +5,7 @@ namespace VanticRestKit::sample {
 
 namespace {
 
-// The answer has more fields than clients read, like the real one.
+// Like the real service, the answer has more fields than clients read.
 constexpr const char* kidsFans = "vantic_main_127";
 constexpr const char* everybody = "vantic_main_9";
 constexpr const char* phone = "7832";

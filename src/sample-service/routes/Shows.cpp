@@ -21,8 +21,8 @@ JSON listOf(const std::vector<const Show*>& shows) {
     return list;
 }
 
-/// The show with what the request's `embed` asks for: the named series, else the last one; the named video, else the
-/// first of that series.
+/// The show with the parts that `embed` requests: the named series, otherwise the last one; the named video, otherwise
+/// the first of that series.
 Reply showWith(const Request& request, const Show& show, const Series* series, const Video* video) {
     const auto embed = request.queryValues("embed");
     const auto asks = [&](const char* what) {
@@ -64,7 +64,7 @@ Reply showWithVideo(const Request& request, const Captures& captures) {
     return showWith(request, *show, nullptr, video);
 }
 
-// Unknown names are left out.
+// Unknown names are omitted.
 Reply severalShows(const Request&, const Captures& captures) {
     std::vector<const Show*> shows;
     for (const auto& name : captures.empty() ? std::vector<std::string>() : split(captures[0], ',')) {

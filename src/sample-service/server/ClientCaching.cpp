@@ -21,7 +21,7 @@ bool isOneOf(const std::array<std::string_view, count>& names, std::string_view 
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-/// The value of Cache-Control; empty if the answer says nothing of caches.
+/// The value of Cache-Control; empty if the answer has none.
 std::string_view controlOf(const Request& request, bool isSteered) {
     if (request.segments.empty()) return {};
     const std::string_view first = request.segments.front();

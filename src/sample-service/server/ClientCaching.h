@@ -6,14 +6,14 @@
 
 namespace VanticRestKit::sample {
 
-/// Tells clients how long they may keep an answer, as a service of this kind does: pictures for a day, the catalogue for
-/// a minute, what the clock or the words of a search decide only if they ask each time, and the answers for one user not
-/// at all. What may be kept gets an ETag, made of `text`, the body; a request that names it is answered with 304.
+/// Adds the cache headers of a typical service to an answer: images are fresh for a day and the catalogue for a minute;
+/// answers that depend on the time or on a search must be revalidated; user data must not be cached. A cacheable answer
+/// gets an ETag derived from `text`, the body, and a request with that ETag is answered with 304.
 ///
-/// The home screen gives a client that has none a cookie.
+/// The home screen sets a cookie if the client has none.
 ///
-/// `isSteered`: whether somebody changes the service's behaviour while clients run, which an answer that they keep would
-/// hide. They keep the home screen and the menus then, and ask each time about everything else.
+/// `isSteered`: whether the service's behaviour is changed while clients run, which cached answers would hide. Then
+/// only the home screen and the menus are fresh for some time; everything else must be revalidated.
 void describeToCaches(const Request& request, std::string_view text, bool isSteered, Reply& reply);
 
 }  // namespace VanticRestKit::sample

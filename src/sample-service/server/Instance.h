@@ -17,8 +17,8 @@ struct Settings {
     int port = 0;  // 0: any free one
     bool tls = false;
     double tokenSeconds = 3600;
-    bool ownStreams = false;  // answers name this service as the host of streams and captions
-    bool scenarios = false;   // the routes under "control/" are there, see Scenario.h
+    bool ownStreams = false;  // URLs of streams and captions refer to this service
+    bool scenarios = false;   // enables the routes under "control/", see Scenario.h
 };
 
 /// A complete service: routes, users, faults, log and server.

@@ -4,7 +4,7 @@
 
 namespace VanticRestKit::sample {
 
-/// Turns an answer into one of a service that is newer than its clients, and faulty. Every collection in it gets
+/// Changes an answer to that of a faulty service that is newer than its clients. Every collection in it gets
 /// - at the front, an unknown entity that looks like a series;
 /// - after its first element, an unknown entity that looks like nothing, a null, a number, a string and a list;
 /// - a first show whose id is a string and whose kind and theme are unknown;
@@ -15,7 +15,7 @@ void addOddities(JSON& value);
 /// Only the unknown parts: entities and the types of collections.
 void addUnknownEntities(JSON& value);
 
-/// Only the broken parts: elements that are no entities, the show and the video.
+/// Only the broken parts: elements that are not entities, the show and the video.
 void addBrokenElements(JSON& value);
 
 }  // namespace VanticRestKit::sample

@@ -11,10 +11,10 @@ namespace VanticRestKit::sample {
 /// reaches it, which may be that of a proxy.
 inline constexpr std::string_view ownOrigin = "own-origin:";
 
-/// The address to which a request was sent: "http://127.0.0.1:41417".
+/// The origin to which a request was sent: "http://127.0.0.1:41417".
 std::string originOf(const Request& request, bool secure);
 
-/// Replaces `ownOrigin` at the start of any string of the answer by the address.
+/// Replaces `ownOrigin` at the start of every string of the answer by `origin`.
 void fillOrigin(JSON& value, const std::string& origin);
 
 }  // namespace VanticRestKit::sample

@@ -46,7 +46,7 @@ std::string textOf(const Reply& reply) {
 }
 
 void prepare(const Reply& reply, httplib::Response& response) {
-    // The HTTP library makes 206 of a success if a range was asked for, unless a status is set.
+    // The HTTP library changes a success to 206 if a range was requested, unless a status is set.
     if (reply.status != 200) response.status = reply.status;
     for (const auto& [name, value] : reply.headers) response.set_header(name, value);
 }
@@ -117,7 +117,7 @@ void Service::handle(const httplib::Request& raw, httplib::Response& response,
                      const httplib::ContentReader* body) {
     const Request request = readRequest(raw, body);
     if (body == nullptr && raw.get_header_value<std::uint64_t>("Content-Length") > 0) {
-        // The library would leave the body of such a request unread, before the next request.
+        // The library would not read the body of such a request, which would then precede the next request.
         response.set_header("Connection", "close");
     }
     if (isControl(request)) {

@@ -21,14 +21,14 @@ struct Steering {
     Faults& faults;
     RequestLog& log;
     Scenario* scenario = nullptr;  // null: there are no scenarios
-    bool ownStreams = false;       // answers name this service as the host of streams
+    bool ownStreams = false;       // URLs of streams refer to this service
 };
 
 /// The HTTP server: passes requests to the table of routes and applies faults to answers.
 class Service {
 public:
-    /// The routes under "_control/", and "control/" if there are scenarios, are asked first; they are neither logged
-    /// nor reached by faults. `ended` is called, on any thread, when an answer was the last one.
+    /// The routes under "_control/", and "control/" if there are scenarios, take precedence; they are not logged and
+    /// not affected by faults. `ended` is called, on any thread, after the last answer.
     Service(Router routes, Router control, Steering steering, std::function<void()> ended);
     ~Service();
 

@@ -19,12 +19,12 @@ const std::vector<EmbeddedFile>& embeddedFiles();
 
 /// The test pattern in two qualities as HLS, under "hls/":
 /// - `main.m3u8` offers both, 20 seconds long;
-/// - `NAME-LEVEL.m3u8` offers one, for as long as the video of the house number NAME lasts: the small one for the level
-///   `sd-low`, else the large one.
+/// - `NAME-LEVEL.m3u8` offers one, for the duration of the video with the house number NAME: the small one for the level
+///   `sd-low`, otherwise the large one.
 /// Captions in WebVTT, made from a video's title, are under "captions/NAME.vtt".
 std::vector<Route> streamRoutes();
 
-/// Replaces the media host by this service in an answer of the catalogue, so that a browser can play its streams.
+/// Replaces the media host by this service in an answer of the catalogue, so that its streams can be played.
 void serveStreamsFrom(const std::string& origin, JSON& value);
 
 }  // namespace VanticRestKit::sample

@@ -31,7 +31,7 @@ struct TokenSet {
     std::string refresh;
     double expiry;  // seconds since 1970
 
-    /// As answers carry it.
+    /// The JSON in answers.
     JSON written() const;
 };
 

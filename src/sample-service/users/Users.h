@@ -43,8 +43,8 @@ public:
     /// New tokens for a user who is not refused: without a token, or with one of the user's refresh tokens.
     Reply giveTokens(const Request& request);
 
-    /// Answers with the result of `step` for a request with a valid access token, and with new tokens if the settings
-    /// ask for them. 400 for a request without a user, 401 for one without a valid token.
+    /// Answers a request with a valid access token with the result of `step`, and with new tokens if the settings
+    /// require them. 400 for a request without a user, 401 for one without a valid token.
     Reply answer(const Request& request, const Step& step);
 
     /// Handles a request on a user's data without checking a token.
@@ -53,7 +53,7 @@ public:
     /// A string that no record has yet.
     std::string newId() { return "oid-" + std::to_string(++lastId_); }
 
-    // For control requests.
+    // All users, for control requests.
     JSON writtenUsers() const;
     JSON writtenSettings() const;
     std::optional<std::string> set(const JSON& settings);
