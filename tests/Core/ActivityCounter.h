@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Reads the activity counter, as everybody does: on the main queue.
+/// Reads the activity counter on the main queue, as the library does.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/detail/NetworkActivity.h>
@@ -10,7 +10,7 @@
 
 namespace VanticRestKit::test {
 
-/// The counter when the main queue has done all that was posted by now.
+/// The value of the counter after the main queue has run everything posted so far.
 inline std::int64_t activityCounter() {
     const Event read;
     std::int64_t value = 0;
@@ -22,13 +22,13 @@ inline std::int64_t activityCounter() {
     return value;
 }
 
-/// Brings the counter to zero, whatever tests before have left.
+/// Resets the counter to zero, whatever earlier tests left it at.
 inline void zeroActivityCounter() {
     for (std::int64_t left = activityCounter(); left > 0; --left) NetworkActivityCounter::decrease();
     for (std::int64_t left = activityCounter(); left < 0; ++left) NetworkActivityCounter::increase();
 }
 
-/// Waits until the main queue has done all that was posted by now, and what that posted in turn.
+/// Waits until the main queue has run everything posted so far, and everything that these blocks posted.
 inline void settleMainQueue() {
     activityCounter();
     activityCounter();

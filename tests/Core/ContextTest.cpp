@@ -18,7 +18,7 @@ std::optional<URLRequest> generated(const Context& context, const Headers& addit
                                        .andPostData = std::nullopt});
 }
 
-TEST(Context, AHostNeedsToStateItsBaseURLOnly) {
+TEST(Context, OnlyTheBaseURLIsMandatory) {
     const test::MinimalContext context;
     EXPECT_TRUE(context.HTTPHeaderFields().empty());
     EXPECT_EQ(context.requestTimeout(), 30.0);
@@ -29,7 +29,7 @@ TEST(Context, AHostNeedsToStateItsBaseURLOnly) {
     EXPECT_EQ(request->timeoutInterval().count(), 30.0);
 }
 
-TEST(Context, AnAdditionalHeaderReplacesTheContextsOwn) {
+TEST(Context, AnAdditionalHeaderReplacesTheContextsHeader) {
     test::FakeContext context;
     context.headers = {{"X-Key", "context"}, {"X-Other", "context"}};
     const std::optional<URLRequest> request = generated(context, {{"X-Key", "additional"}});
@@ -45,7 +45,7 @@ TEST(Context, HeadersThatDifferOnlyInCaseBothReachTheRequest) {
     EXPECT_EQ(request->value("x-key"), "additional,context");
 }
 
-TEST(Context, AnAbsentTimeoutIsTheContextsOwn) {
+TEST(Context, TheContextsTimeoutIsUsedIfNoneIsGiven) {
     test::FakeContext context;
     context.timeout = 12;
     const std::optional<URLRequest> request = generated(context);
@@ -53,7 +53,7 @@ TEST(Context, AnAbsentTimeoutIsTheContextsOwn) {
     EXPECT_EQ(request->timeoutInterval().count(), 12.0);
 }
 
-TEST(Context, ATimeoutGivenCountsAndTheContextsOwnIsNotRead) {
+TEST(Context, AGivenTimeoutIsUsedAndTheContextsIsNotRead) {
     test::FakeContext context;
     context.timeout = 12;
     const std::optional<URLRequest> request = generated(context, {}, 5.0);
@@ -62,7 +62,7 @@ TEST(Context, ATimeoutGivenCountsAndTheContextsOwnIsNotRead) {
     EXPECT_EQ(context.timeoutReads, 0);
 }
 
-TEST(Context, AnAbsentMethodIsGETAlsoWithABody) {
+TEST(Context, TheDefaultMethodIsGETEvenWithABody) {
     const std::optional<URLRequest> request =
         test::MinimalContext().generateURLRequest({.usingPath = "x",
                                                    .queryItems = {{"flag", std::nullopt}},
@@ -76,7 +76,7 @@ TEST(Context, AnAbsentMethodIsGETAlsoWithABody) {
     EXPECT_EQ(request->url()->absoluteString(), "https://api.example.test/x?flag");
 }
 
-TEST(Context, TheDefaultServiceReportsToTheContextsOwnHook) {
+TEST(Context, TheDefaultServiceReportsToTheContextsFailureHook) {
     class Reporting : public test::MinimalContext {
     public:
         LogError logError() const override {
@@ -94,7 +94,7 @@ TEST(Context, TheDefaultServiceReportsToTheContextsOwnHook) {
     EXPECT_EQ(context.reports, 1);
 }
 
-TEST(Context, OneHostObjectCanBeSeveralContexts) {
+TEST(Context, OneObjectCanImplementSeveralContexts) {
     class First : public virtual Context {};
     class Second : public virtual Context {};
     class Both : public First, public Second {

@@ -7,7 +7,7 @@
 namespace VanticRestKit {
 namespace {
 
-TEST(URLError, IsAnErrorThatComparesAndHashes) {
+TEST(URLError, IsAnErrorThatCanBeComparedAndHashed) {
     const URLError error = URLError::buildUrlRequestError();
     EXPECT_EQ(error, URLError::buildUrlRequestError());
     EXPECT_EQ((std::unordered_set<URLError>{error, URLError::buildUrlRequestError()}).size(), 1U);
@@ -18,7 +18,7 @@ TEST(URLError, IsAnErrorThatComparesAndHashes) {
     EXPECT_EQ(general.as<URLError>()->kind(), URLError::Kind::buildUrlRequestError);
 }
 
-TEST(lumenoSDKError, SaysWhatWasMissing) {
+TEST(lumenoSDKError, ReportsWhatWasMissing) {
     const lumenoSDKError error = lumenoSDKError::initializationError("Missing href");
     EXPECT_EQ(error.message(), "Missing href");
     EXPECT_EQ(error.kind(), lumenoSDKError::Kind::initializationError);
@@ -30,7 +30,7 @@ TEST(lumenoSDKError, SaysWhatWasMissing) {
     EXPECT_EQ(general.as<lumenoSDKError>()->message(), "Missing href");
 }
 
-TEST(lumenoSDKError, ComparesItsCaseAlone) {
+TEST(lumenoSDKError, ComparesByCaseOnly) {
     EXPECT_EQ(lumenoSDKError::initializationError("a"), lumenoSDKError::initializationError("b"));
 }
 

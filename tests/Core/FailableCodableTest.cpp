@@ -45,9 +45,9 @@ using Failables = std::vector<FailableCodable<Named>>;
 const FailableCodable<Named> named{.wrappedValue = Named{.name = "a"}};
 const FailableCodable<Named> absent{};
 
-TEST(FailableCodable, IsAbsentAtFirst) { EXPECT_EQ(FailableCodable<Named>{}.wrappedValue, std::nullopt); }
+TEST(FailableCodable, IsEmptyByDefault) { EXPECT_EQ(FailableCodable<Named>{}.wrappedValue, std::nullopt); }
 
-TEST(FailableCodable, AnElementThatDoesNotDecodeIsAbsentAndTheOthersStay) {
+TEST(FailableCodable, AnElementThatDoesNotDecodeIsEmptyAndTheOthersAreKept) {
     const auto list = JSONDecoder().decode<Failables>(Data(R"([{"name":"a"},{"name":1},{"name":"a"}])"));
     ASSERT_TRUE(list);
     EXPECT_EQ(*list, (Failables{named, absent, named}));
@@ -60,7 +60,9 @@ TEST(FailableCodable, AnElementOfAnyJSONTypeKeepsItsPlace) {
     EXPECT_EQ(*list, (Failables{absent, absent, absent, absent, absent, absent, named}));
 }
 
-TEST(FailableCodable, AListThatIsNoneFails) { EXPECT_FALSE(JSONDecoder().decode<Failables>(Data("{}"))); }
+TEST(FailableCodable, AnObjectInPlaceOfTheListFails) {
+    EXPECT_FALSE(JSONDecoder().decode<Failables>(Data("{}")));
+}
 
 TEST(FailableCodable, ABrokenDocumentFailsAsAWhole) {
     EXPECT_FALSE(JSONDecoder().decode<Failables>(Data(R"([{"name":"a"},{"name":])")));
@@ -87,7 +89,7 @@ TEST(FailableCodable, DecodesUnderAKey) {
     EXPECT_EQ(holder->behind, "b");
 }
 
-TEST(FailableCodable, AFailureBesideItIsToldAsIfItWereNotThere) {
+TEST(FailableCodable, ReportsAFailureOfALaterFieldWithItsOwnPath) {
     const auto holder =
         JSONDecoder().decode<Holder>(Data(R"({"inside":7,"list":[1,{"name":2}],"behind":3})"));
     ASSERT_FALSE(holder);

@@ -1,4 +1,4 @@
-// Attempts to decode that lie inside each other.
+// FailableCodable values nested inside each other.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/FailableCodable.h>
@@ -16,22 +16,22 @@
 namespace VanticRestKit {
 namespace {
 
-/// How often a mark was read.
-std::size_t readings = 0;
+/// How many times a mark was read.
+std::size_t readCount = 0;
 
 bool markOf(std::string_view text, Date& mark) {
-    ++readings;
+    ++readCount;
     mark = Date();
     return text == "good";
 }
 
-/// A type that holds attempts to decode itself. Each level of it is two of the document.
+/// A recursive type of FailableCodable branches. Each level of it is two levels of the document.
 struct Branch {
     Date mark{};
     std::vector<FailableCodable<Branch>> twigs{};
 };
 
-/// All that a FailableCodable can be under.
+/// A FailableCodable in every kind of row.
 struct Kinds {
     std::optional<FailableCodable<std::string>> optional{};
     std::optional<FailableCodable<std::string>> lenient{};
@@ -90,7 +90,7 @@ using test::shown;
 
 constexpr std::size_t deepest = 255;
 
-/// Branches inside each other, with `marks[i]` as the mark of the i-th, from the outermost on.
+/// Nested branches. `marks[i]` is the mark of the i-th branch, counted from the outermost.
 std::string branches(const std::vector<std::string>& marks, const std::string& core = "") {
     std::string text;
     for (std::size_t i = 0; i < marks.size(); ++i) text += R"({"twigs":[)";
@@ -103,7 +103,7 @@ std::vector<std::string> marks(std::size_t levels, const std::string& mark) {
     return std::vector<std::string>(levels, mark);
 }
 
-/// How many branches lie inside each other.
+/// The number of nested branches.
 std::size_t depthOf(const Branch& branch) {
     std::size_t depth = 1;
     const Branch* at = &branch;
@@ -113,7 +113,7 @@ std::size_t depthOf(const Branch& branch) {
     return depth;
 }
 
-TEST(NestedAttempts, KeepWhatDecodesAndLoseWhatDoesNot) {
+TEST(NestedAttempts, KeepWhatDecodesAndDropWhatDoesNot) {
     const auto depthWith = [](std::vector<std::string> given) {
         const std::optional<Branch> branch = test::decoded<Branch>(branches(given));
         return branch ? depthOf(*branch) : 0;
@@ -125,7 +125,7 @@ TEST(NestedAttempts, KeepWhatDecodesAndLoseWhatDoesNot) {
     EXPECT_EQ(depthWith({"bad", "good", "good", "good", "good"}), 0U);
 }
 
-TEST(NestedAttempts, GoOnWithTheNextElementAfterAFailure) {
+TEST(NestedAttempts, ContinueWithTheNextElementAfterAFailure) {
     const std::string good = R"({"mark":"good","twigs":[]})";
     const std::string bad = R"({"mark":"bad","twigs":[)" + good + "]}";
     const std::string both =
@@ -140,17 +140,17 @@ TEST(NestedAttempts, ReadEachValueOnceInEachEngine) {
     for (const char* const mark : {"good", "bad"}) {
         for (const std::size_t levels : {std::size_t{22}, deepest}) {
             const std::string json = branches(marks(levels, mark));
-            readings = 0;
+            readCount = 0;
             (void)JSONDecoder().decode<Branch>(Data(json));
-            EXPECT_LE(readings, 2 * levels) << mark;
-            readings = 0;
+            EXPECT_LE(readCount, 2 * levels) << mark;
+            readCount = 0;
             (void)JSONDecoder().decode<FailableCodable<Branch>>(Data(json));
-            EXPECT_LE(readings, levels) << mark;
+            EXPECT_LE(readCount, levels) << mark;
         }
     }
 }
 
-TEST(NestedAttempts, NeedLittleStackAtTheGreatestDepth) {
+TEST(NestedAttempts, NeedLittleStackAtTheMaximumDepth) {
     std::vector<std::string> half = marks(deepest, "good");
     for (std::size_t i = 0; i < deepest; i += 2) half[i] = "bad";
     for (const std::vector<std::string>& given : {marks(deepest, "good"), marks(deepest, "bad"), half}) {
@@ -175,7 +175,7 @@ TEST(NestedAttempts, DoNotHideABrokenDocument) {
     EXPECT_EQ(failureOf<FailableCodable<Branch>>(tooDeep), "dataCorrupted []");
 }
 
-TEST(NestedAttempts, DoNotHideAValueBeyondTheMemoryBudget) {
+TEST(NestedAttempts, DoNotHideAValueThatExceedsTheMemoryBudget) {
     std::string elements = R"({"twigs":[],"mark":"good"})";
     for (int i = 0; i < 10; ++i) elements += "," + elements;
     const Data document(branches(marks(3, "good"), elements));
@@ -188,7 +188,7 @@ TEST(NestedAttempts, DoNotHideAValueBeyondTheMemoryBudget) {
     EXPECT_EQ(beyond.failure, "dataCorrupted []");
 }
 
-TEST(AnAttempt, IsEmptyForNullUnderEachRowThatAllowsNull) {
+TEST(AnAttempt, IsEmptyForNullInEachKindOfRowThatAllowsNull) {
     EXPECT_EQ(shown<Kinds>("{}"),
               shown<Kinds>(R"({"optional":null,"lenient":null,"defaulted":null,"list":null})"));
     const std::optional<Kinds> rows = test::decoded<Kinds>(R"({"optional":null,"lenient":null,"list":null})");
@@ -198,13 +198,13 @@ TEST(AnAttempt, IsEmptyForNullUnderEachRowThatAllowsNull) {
     EXPECT_FALSE(rows->list);
 }
 
-TEST(AnAttempt, IsEmptyForNullUnderARequiredRow) {
+TEST(AnAttempt, IsEmptyForNullInARequiredRow) {
     EXPECT_EQ(shown<Needed>(R"({"value":null})"), R"({"value":null})");
     EXPECT_EQ(shown<Needed>(R"({"value":"a"})"), R"({"value":"a"})");
     EXPECT_EQ(failureOf<Needed>("{}"), R"(keyNotFound ["value"])");
 }
 
-TEST(AnAttempt, HoldsWhatDecodesWhateverItsRow) {
+TEST(AnAttempt, HoldsTheValueInEveryKindOfRow) {
     EXPECT_EQ(
         shown<Kinds>(
             R"({"optional":"a","lenient":"b","defaulted":"c","required":"d","list":["e"],"ofOptional":"f","twice":"g"})"),
@@ -219,7 +219,7 @@ TEST(AnAttempt, HoldsWhatDecodesWhateverItsRow) {
     EXPECT_TRUE(rows->twice.wrappedValue && !rows->twice.wrappedValue->wrappedValue);
 }
 
-TEST(AnAttempt, TellsWhatItSwallowed) {
+TEST(AnAttempt, ReportsWhatItDropped) {
     EXPECT_EQ(test::faultText<Kinds>(R"({"optional":1,"list":["e",2]})"),
               "/optional lenient: String, number, empty\n/list/1 lenient: String, number, empty\n");
     EXPECT_EQ(test::faultText<Kinds>(R"({"optional":null,"lenient":null,"defaulted":null,"list":null})"), "");

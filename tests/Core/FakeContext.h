@@ -16,7 +16,7 @@ inline URL url(const char* text) {
     return *made;
 }
 
-/// States what a host must state, and nothing else.
+/// Overrides only what a host must override.
 class MinimalContext : public virtual Context {
 public:
     URL baseURL() const override { return url("https://api.example.test"); }

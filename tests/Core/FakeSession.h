@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// A transport that answers when the test says so.
+/// A transport whose responses the test triggers.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/NetworkSession.h>
@@ -15,7 +15,7 @@
 
 namespace VanticRestKit::test {
 
-/// What the transport hands back.
+/// What the transport passes to the callback.
 struct Reply {
     std::optional<Data> data{};
     std::shared_ptr<const URLResponse> response{};
@@ -36,7 +36,7 @@ inline Reply transportFailure(Error error, std::shared_ptr<const URLResponse> re
     return {.response = std::move(response), .error = std::move(error)};
 }
 
-/// Keeps each transfer until `reply`, then calls back on its own queue, which has a thread of its own.
+/// Holds each transfer until `reply`, then calls back on its own queue, which has its own thread.
 class FakeSession final : public NetworkSession {
 public:
     void loadData(LoadDataArguments arguments) override {
@@ -71,8 +71,7 @@ public:
         });
     }
 
-    /// Waits for a transfer to start, answers the oldest open one, and waits until all that the callback does
-    /// is done.
+    /// Waits for a transfer to start, answers the oldest open one, and waits until the callback has returned.
     void reply(Reply reply) {
         ASSERT_TRUE(started.wait(++replies_)) << "no transfer was started";
         const Event done;

@@ -16,7 +16,7 @@ LoaderError httpFailure(std::int64_t status) {
                                                             test::httpResponse(status), std::nullopt));
 }
 
-TEST(LoaderError, AServerErrorSaysWhatTheGeneralInterfaceSaysOfItsPayload) {
+TEST(LoaderError, AServerErrorHasTheDescriptionOfItsPayload) {
     const LoaderError error = httpFailure(500);
     EXPECT_EQ(
         error.localizedDescription(),
@@ -26,18 +26,18 @@ TEST(LoaderError, AServerErrorSaysWhatTheGeneralInterfaceSaysOfItsPayload) {
     EXPECT_EQ(error.underlyingError()->as<NetworkError>()->localizedDescription(), "Got response 500");
 }
 
-TEST(LoaderError, AServerErrorWithoutAPayloadReadsUnknownServerError) {
+TEST(LoaderError, AServerErrorWithoutAPayloadIsDescribedAsUnknown) {
     EXPECT_EQ(LoaderError::serverError(std::nullopt).localizedDescription(), "Unknown server error");
 }
 
-TEST(LoaderError, AFailedDecodeHasOneTextWhateverItsPayload) {
+TEST(LoaderError, ADecodingFailureHasTheSameDescriptionForEveryPayload) {
     EXPECT_EQ(LoaderError::failedToDecode(std::nullopt).localizedDescription(),
               "Unable to decode the server response");
     EXPECT_EQ(LoaderError::failedToDecode(NSError("D", 1)).localizedDescription(),
               "Unable to decode the server response");
 }
 
-TEST(LoaderError, TheCasesThatNothingRaisesHaveTheirTexts) {
+TEST(LoaderError, TheUnusedCasesHaveDescriptions) {
     EXPECT_EQ(LoaderError::unknowError().localizedDescription(), "Unknown error");
     EXPECT_EQ(LoaderError::unknownResponse().localizedDescription(), "Unknown response");
     EXPECT_EQ(LoaderError::loaderStateError().localizedDescription(), "Loaded in incorrect state");
@@ -55,7 +55,7 @@ TEST(LoaderError, Is404ForAnHTTPErrorWith404Only) {
     EXPECT_FALSE(LoaderError::serverError(requestFailedWith404).is404Error());
 }
 
-TEST(LoaderError, FindsTheNetworkErrorHoweverDeepItIs) {
+TEST(LoaderError, FindsTheNetworkErrorAtAnyDepth) {
     const LoaderError failure = httpFailure(404);
     ASSERT_NE(failure.networkError(), nullptr);
     EXPECT_EQ(failure.networkError()->errorCode(), 404);
@@ -65,14 +65,14 @@ TEST(LoaderError, FindsTheNetworkErrorHoweverDeepItIs) {
     EXPECT_EQ(outer.networkError()->errorCode(), 404);
 }
 
-TEST(LoaderError, HasNoNetworkErrorIfItHoldsNone) {
+TEST(LoaderError, HasNoNetworkErrorIfItContainsNone) {
     EXPECT_EQ(LoaderError::serverError(std::nullopt).networkError(), nullptr);
     EXPECT_EQ(LoaderError::serverError(NSError("D", 404)).networkError(), nullptr);
     EXPECT_EQ(LoaderError::failedToDecode(NSError("D", 1)).networkError(), nullptr);
     EXPECT_EQ(LoaderError::unknowError().networkError(), nullptr);
 }
 
-TEST(LoaderError, FindsWhatTheTransportReported) {
+TEST(LoaderError, FindsTheErrorOfTheTransport) {
     const URLRequest request(test::url("https://api.example.test"));
     const LoaderError failure = LoaderError::serverError(
         NetworkError::requestFailed(request, nullptr, NSError("NSURLErrorDomain", -1001)));
@@ -86,14 +86,14 @@ TEST(LoaderError, FindsWhatTheTransportReported) {
     EXPECT_EQ(ofAnotherKind.transportError(), nullptr);
 }
 
-TEST(LoaderError, TheGeneralDescriptionIsItsOwnText) {
+TEST(LoaderError, IsDescribedTheSameWayAsAnError) {
     const Error general = LoaderError::failedToDecode(NSError("D", 1));
     EXPECT_EQ(general.localizedDescription(), "Unable to decode the server response");
     EXPECT_EQ(general.domain(), "VanticRestKit.Loader.LoaderError");
     EXPECT_EQ(general.code(), 1);
 }
 
-TEST(LoaderError, ComparesItsCaseAlone) {
+TEST(LoaderError, ComparesByCaseOnly) {
     EXPECT_EQ(httpFailure(404), httpFailure(500));
     EXPECT_NE(httpFailure(404), LoaderError::unknowError());
 }

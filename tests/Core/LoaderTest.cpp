@@ -10,7 +10,7 @@ namespace VanticRestKit {
 
 namespace detail {
 
-/// A loader, seen from outside.
+/// Gives the tests access to the private members of a loader.
 struct LoaderProbe {
     static const DispatchQueue& queue(const LoaderCore& loader) { return loader.dispatchque_; }
     static LoaderState state(const LoaderCore& loader) { return loader.state_.load(); }
@@ -23,7 +23,8 @@ namespace {
 using detail::LoaderProbe;
 using Outcome = Result<double, LoaderError>;
 
-/// A loader of a number over a fake session. Filled on the session's queue; `reply` waits for it.
+/// A loader of a number that uses a fake session. Outcomes are recorded on the session's queue, and `reply` waits for
+/// that.
 class LoaderTest : public ::testing::Test {
 protected:
     std::shared_ptr<Loader<double>> makeLoader() {
@@ -53,7 +54,7 @@ protected:
     bool completedOnSession = false;
 };
 
-TEST_F(LoaderTest, EachHasASerialQueueOfItsOwnWithOneLabel) {
+TEST_F(LoaderTest, EachHasItsOwnSerialQueueWithTheSameLabel) {
     const auto one = makeLoader();
     const auto other = makeLoader();
     EXPECT_EQ(LoaderProbe::queue(*one).label(), "dev.vantic.lumenoKitSDK.Loader");
@@ -61,7 +62,7 @@ TEST_F(LoaderTest, EachHasASerialQueueOfItsOwnWithOneLabel) {
     EXPECT_FALSE(LoaderProbe::queue(*one) == LoaderProbe::queue(*other));
 }
 
-/// Answers at once, and tells which queue its request was started on.
+/// Answers at once, and records the queue on which its request was started.
 class StartingService final : public Serviceable {
 public:
     void fetch(FetchArguments arguments) override {
@@ -76,7 +77,7 @@ public:
     const test::Event done;
 };
 
-TEST_F(LoaderTest, TheRequestStartsOnTheQueueOfTheLoader) {
+TEST_F(LoaderTest, TheRequestStartsOnTheLoadersQueue) {
     const auto service = std::make_shared<StartingService>();
     const auto loader = Loader<double>::make({.with = service});
     service->queue = &LoaderProbe::queue(*loader);
@@ -85,7 +86,7 @@ TEST_F(LoaderTest, TheRequestStartsOnTheQueueOfTheLoader) {
     EXPECT_TRUE(service->startedOnQueue);
 }
 
-TEST_F(LoaderTest, IsLoadingWithItsWorkItemOrIdle) {
+TEST_F(LoaderTest, HasAWorkItemOnlyWhileLoading) {
     static_assert(std::is_same_v<Loader<double>::State, LoaderState>);
     using State = Loader<double>::State;
     const auto loader = makeLoader();
@@ -99,7 +100,7 @@ TEST_F(LoaderTest, IsLoadingWithItsWorkItemOrIdle) {
     EXPECT_EQ(LoaderProbe::state(*loader).item(), nullptr);
 }
 
-TEST_F(LoaderTest, DecodingAndCompletionRunWhereTheSessionCallsBack) {
+TEST_F(LoaderTest, DecodingAndCompletionRunOnTheSessionsQueue) {
     const auto loader = makeLoader();
     load(*loader);
     session->reply(test::answer(200, "1732.5"));
@@ -122,7 +123,7 @@ TEST_F(LoaderTest, ALoadReturnsBeforeItsRequestStarts) {
     EXPECT_EQ(outcomes.size(), 1U);
 }
 
-TEST_F(LoaderTest, ALoadThatWasCancelledBeforeItStartedIsStuckForGood) {
+TEST_F(LoaderTest, ALoadCancelledBeforeItsStartLeavesTheLoaderLoadingForever) {
     const auto loader = makeLoader();
     {
         const detail::PoolPause pause;
@@ -134,7 +135,7 @@ TEST_F(LoaderTest, ALoadThatWasCancelledBeforeItStartedIsStuckForGood) {
     loader->cancel();
     EXPECT_TRUE(loader->isBusy());
 
-    // A loader that was made later gets its answer: what was posted before it has had its turn by then.
+    // When a loader made later gets its response, all blocks posted before it have run.
     const auto later = makeLoader();
     load(*later);
     session->reply(test::answer(200, "2"));
@@ -144,7 +145,7 @@ TEST_F(LoaderTest, ALoadThatWasCancelledBeforeItStartedIsStuckForGood) {
     EXPECT_TRUE(loader->isBusy());
 }
 
-TEST_F(LoaderTest, ACancelledLoadLetsGoOfAllThatItHeld) {
+TEST_F(LoaderTest, ACancelledLoadReleasesEverythingItHeld) {
     const auto loader = makeLoader();
     auto token = std::make_shared<int>();
     const std::weak_ptr<int> held = token;
@@ -169,14 +170,14 @@ TEST_F(LoaderTest, CancellingAStartedLoadChangesNothing) {
     EXPECT_FALSE(loader->isBusy());
 }
 
-TEST_F(LoaderTest, ALoaderThatGoesBeforeTheStartSendsNothing) {
+TEST_F(LoaderTest, ALoaderDestroyedBeforeTheStartSendsNothing) {
     auto loader = makeLoader();
     const std::weak_ptr<Loader<double>> weak = loader;
     {
         const detail::PoolPause pause;
         load(*loader);
         loader.reset();
-        EXPECT_TRUE(weak.expired()) << "a load does not keep its loader";
+        EXPECT_TRUE(weak.expired()) << "a load does not keep its loader alive";
     }
     const auto later = makeLoader();
     load(*later);
@@ -185,7 +186,7 @@ TEST_F(LoaderTest, ALoaderThatGoesBeforeTheStartSendsNothing) {
     EXPECT_EQ(outcomes.size(), 1U);
 }
 
-/// Keeps its completion until the test calls it, so that a loader can go while its request goes on.
+/// Holds its completion until the test calls it, so that a loader can be destroyed during its request.
 class HeldService final : public Serviceable {
 public:
     void fetch(FetchArguments arguments) override {
@@ -198,10 +199,10 @@ public:
     const test::Event started;
 };
 
-class GoneLoaderTest : public LoaderTest {
+class DestroyedLoaderTest : public LoaderTest {
 protected:
-    /// Starts a load and lets its loader go while the request is under way.
-    void loadAndLetGo() {
+    /// Starts a load and destroys its loader while the request is in flight.
+    void loadAndDestroyLoader() {
         const test::Event gone;
         // Only the loader holds this handle. The queue that started the request holds the loader a little
         // longer.
@@ -216,15 +217,15 @@ protected:
     const std::shared_ptr<HeldService> service = std::make_shared<HeldService>();
 };
 
-TEST_F(GoneLoaderTest, ASuccessIsDecodedButCompletesNothing) {
-    loadAndLetGo();
+TEST_F(DestroyedLoaderTest, ASuccessIsDecodedButTheCompletionIsNotCalled) {
+    loadAndDestroyLoader();
     service->completion(Data("1"));
     EXPECT_EQ(decodes, 1);
     EXPECT_TRUE(outcomes.empty());
 }
 
-TEST_F(GoneLoaderTest, AFailureIsStillPassedOn) {
-    loadAndLetGo();
+TEST_F(DestroyedLoaderTest, AFailureIsStillDelivered) {
+    loadAndDestroyLoader();
     service->completion(Failure(Error(NSError("D", 7))));
     ASSERT_EQ(outcomes.size(), 1U);
     ASSERT_FALSE(outcomes[0]);
@@ -232,7 +233,7 @@ TEST_F(GoneLoaderTest, AFailureIsStillPassedOn) {
     EXPECT_EQ(outcomes[0].error().underlyingError()->code(), 7);
 }
 
-TEST_F(LoaderTest, AfterALoadTheLoaderRepeatsTheSameRequest) {
+TEST_F(LoaderTest, ASecondLoadRepeatsTheSameRequest) {
     const auto loader = makeLoader();
     load(*loader);
     session->reply(test::answer(500, "x"));

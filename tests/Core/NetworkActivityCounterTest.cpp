@@ -14,8 +14,8 @@ namespace {
 
 static_assert(!std::is_default_constructible_v<NetworkActivityCounter>, "hosts cannot make one");
 
-/// Records what the host's sign was told, and whether always on the main queue. Read when the main queue is
-/// settled.
+/// Records the values passed to the host's indicator, and whether every call was on the main queue. Read after the main
+/// queue has settled.
 class NetworkActivityCounterTest : public ::testing::Test {
 protected:
     NetworkActivityCounterTest() {
@@ -36,7 +36,7 @@ protected:
     bool alwaysOnMain = true;
 };
 
-TEST_F(NetworkActivityCounterTest, ARequestUnderWayShowsTheSignAndItsEndHidesIt) {
+TEST_F(NetworkActivityCounterTest, TheIndicatorIsVisibleDuringARequest) {
     NetworkActivityCounter::increase();
     test::settleMainQueue();
     EXPECT_EQ(told, std::vector<bool>{true});
@@ -46,14 +46,14 @@ TEST_F(NetworkActivityCounterTest, ARequestUnderWayShowsTheSignAndItsEndHidesIt)
     EXPECT_TRUE(alwaysOnMain);
 }
 
-TEST_F(NetworkActivityCounterTest, ANegativeCounterShowsTheSign) {
+TEST_F(NetworkActivityCounterTest, ANegativeCounterShowsTheIndicator) {
     NetworkActivityCounter::decrease();
     test::settleMainQueue();
     EXPECT_EQ(test::activityCounter(), -1);
     EXPECT_EQ(told, std::vector<bool>{true});
 }
 
-TEST_F(NetworkActivityCounterTest, TheSignIsToldOnceForEachChange) {
+TEST_F(NetworkActivityCounterTest, TheIndicatorIsCalledOnceForEachChange) {
     NetworkActivityCounter::increase();
     NetworkActivityCounter::increase();
     NetworkActivityCounter::decrease();
@@ -62,8 +62,8 @@ TEST_F(NetworkActivityCounterTest, TheSignIsToldOnceForEachChange) {
     EXPECT_EQ(told.back(), true);
 }
 
-TEST_F(NetworkActivityCounterTest, TheSignIsToldWhatTheCounterSaysByThen) {
-    // All of it in one block of the main queue, so that both changes are made before anybody is told.
+TEST_F(NetworkActivityCounterTest, TheIndicatorGetsTheStateAtTheTimeOfTheCall) {
+    // Both changes are made in one block of the main queue, so that the indicator is called after both.
     const test::Event posted;
     DispatchQueue::main().async([posted] {
         NetworkActivityCounter::increase();
@@ -75,7 +75,7 @@ TEST_F(NetworkActivityCounterTest, TheSignIsToldWhatTheCounterSaysByThen) {
     EXPECT_EQ(told, (std::vector<bool>{false, false})) << "the counter is back at zero when it is read";
 }
 
-TEST_F(NetworkActivityCounterTest, ASignIsNotToldOfThePresentStateWhenItIsInstalled) {
+TEST_F(NetworkActivityCounterTest, AnIndicatorIsNotCalledWhenItIsInstalled) {
     NetworkActivityCounter::increase();
     test::settleMainQueue();
     std::vector<bool> late;
@@ -106,7 +106,7 @@ TEST_F(NetworkActivityCounterTest, ChangesWithoutAnIndicatorAreCountedButNotRepo
     test::settleMainQueue();
 }
 
-TEST_F(NetworkActivityCounterTest, TheCallingThreadOnlyPosts) {
+TEST_F(NetworkActivityCounterTest, ChangingTheCounterDoesNotWaitForTheMainQueue) {
     const test::Event release;
     const test::Event blocked;
     DispatchQueue::main().async([release, blocked] {
@@ -116,13 +116,13 @@ TEST_F(NetworkActivityCounterTest, TheCallingThreadOnlyPosts) {
     ASSERT_TRUE(blocked.wait());
     NetworkActivityCounter::increase();
     NetworkActivityCounter::decrease();
-    EXPECT_TRUE(told.empty()) << "the main queue is busy, and yet both calls have returned";
+    EXPECT_TRUE(told.empty()) << "both calls have returned although the main queue is busy";
     release.signal();
     test::settleMainQueue();
     EXPECT_EQ(told.size(), 2U);
 }
 
-// Each runs in a process of its own, in which no other test has touched the counter.
+// Each runs in its own process, in which no other test has changed the counter.
 
 TEST(NetworkActivityCounterDeathTest, StartsAtZero) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");

@@ -26,7 +26,7 @@ std::string text(const Dictionary& userInfo, const std::string& key) {
     return value != nullptr ? *value : "(no text)";
 }
 
-TEST(NetworkError, HttpErrorTellsItsStatus) {
+TEST(NetworkError, HttpErrorHasTheStatusAsItsCode) {
     const NetworkError error =
         NetworkError::httpError(timeRequest(), test::httpResponse(404), Data("{\"a\":1}"));
     EXPECT_EQ(error.kind(), NetworkError::Kind::httpError);
@@ -49,7 +49,7 @@ TEST(NetworkError, HttpErrorWithoutAResponseHasTheCodeZero) {
     EXPECT_FALSE(LoaderError::serverError(error).is404Error());
 }
 
-TEST(NetworkError, ResponsesThatAreNullLeaveTheOtherCasesAsTheyAre) {
+TEST(NetworkError, ANullResponseDoesNotChangeTheCodeOfTheOtherCases) {
     const NetworkError noData = NetworkError::dataNotFoundInResponse(timeRequest(), nullptr, "why");
     EXPECT_EQ(noData.errorCode(), 4);
     EXPECT_EQ(noData.response(), nullptr);
@@ -68,7 +68,7 @@ TEST(NetworkError, InternalSDKErrorHasCodeOneAndNoRequest) {
     EXPECT_EQ(error.requestQuery(), std::nullopt);
 }
 
-TEST(NetworkError, NotAHTTPResponseHasCodeThreeAndReadsNoResponse) {
+TEST(NetworkError, NotAHTTPResponseHasCodeThreeAndNoHTTPResponse) {
     const auto response = std::make_shared<const URLResponse>(test::url("https://api.example.test"));
     const NetworkError error = NetworkError::notAHTTPResponse(timeRequest(), response, "why");
     EXPECT_EQ(error.errorCode(), 3);
@@ -78,7 +78,7 @@ TEST(NetworkError, NotAHTTPResponseHasCodeThreeAndReadsNoResponse) {
     EXPECT_EQ(error.heldResponse(), response);
 }
 
-TEST(NetworkError, DataNotFoundHasCodeFourAndDoesNotUseItsText) {
+TEST(NetworkError, DataNotFoundHasCodeFourAndAFixedDescription) {
     const NetworkError error =
         NetworkError::dataNotFoundInResponse(timeRequest(), test::httpResponse(204), "unused");
     EXPECT_EQ(error.errorCode(), 4);
@@ -87,19 +87,19 @@ TEST(NetworkError, DataNotFoundHasCodeFourAndDoesNotUseItsText) {
     EXPECT_EQ(error.response()->statusCode(), 204);
 }
 
-TEST(NetworkError, RequestFailedTellsTheCodeAndTheTextOfItsCause) {
+TEST(NetworkError, RequestFailedHasTheCodeAndDescriptionOfItsCause) {
     const NetworkError error =
         failedWith(NSError("NSURLErrorDomain", -1001, {{"NSLocalizedDescription", "D"}}));
     EXPECT_EQ(error.errorCode(), -1001);
     EXPECT_EQ(error.localizedDescription(), "D");
     EXPECT_EQ(error.errorMessage(), "Error: -1001, /v2/time : (D");
-    EXPECT_EQ(error.response(), nullptr) << "absent, also where one is held";
+    EXPECT_EQ(error.response(), nullptr) << "absent even if the error holds one";
     ASSERT_NE(error.heldResponse(), nullptr);
     ASSERT_TRUE(error.underlyingError());
     EXPECT_EQ(error.underlyingError()->domain(), "NSURLErrorDomain");
 }
 
-TEST(NetworkError, AURLWithoutAPathStillCountsAsOneWithAPath) {
+TEST(NetworkError, AURLWithoutAPathHasAnEmptyPath) {
     const NetworkError error =
         NetworkError::notAHTTPResponse(requestOf("https://api.example.test"), nullptr, "why");
     EXPECT_EQ(error.requestPath(), "");
@@ -115,7 +115,7 @@ TEST(NetworkError, ARequestWithoutAURLHasNoHostPathAndQuery) {
     EXPECT_EQ(text(error.errorUserInfo(), "url"), "(absent)");
 }
 
-TEST(NetworkError, UserInformationTellsTheRequest) {
+TEST(NetworkError, UserInformationDescribesTheRequest) {
     URLRequest request = requestOf("https://api.example.test/v2/search?q=a%20b");
     request.setHTTPMethod("POST");
     const Dictionary userInfo =
@@ -138,7 +138,7 @@ TEST(NetworkError, UserInformationOfARequestWithoutAQueryHasNoQueryKey) {
     EXPECT_TRUE(userInfo.contains("url_path"));
 }
 
-TEST(NetworkError, UserInformationKeepsNoEmptyText) {
+TEST(NetworkError, UserInformationHasNoEmptyStrings) {
     const Dictionary userInfo =
         NetworkError::notAHTTPResponse(requestOf("https://api.example.test?"), nullptr, "why")
             .errorUserInfo();
@@ -152,13 +152,13 @@ TEST(NetworkError, UserInformationOfAnInternalErrorHasExactlyThreeKeys) {
     EXPECT_EQ(NetworkError::internalSDKError("x").errorUserInfo(), expected);
 }
 
-TEST(NetworkError, TheStatusCodeKeyRepeatsTheErrorCodeAlsoWhereItIsNoStatus) {
+TEST(NetworkError, TheStatusCodeKeyRepeatsTheErrorCodeEvenIfItIsNotAStatus) {
     const Dictionary userInfo = failedWith(NSError("NSURLErrorDomain", -1001)).errorUserInfo();
     EXPECT_EQ(text(userInfo, "error_code"), "-1001");
     EXPECT_EQ(text(userInfo, "status_code"), "-1001");
 }
 
-TEST(NetworkError, TheUserInformationOfTheCauseComesInUnderOtherKeysUnfiltered) {
+TEST(NetworkError, TheUserInformationOfTheCauseIsAddedUnfilteredUnderOtherKeys) {
     const Dictionary userInfo =
         failedWith(NSError("NSURLErrorDomain", -1001,
                            {{"domain", "theirs"}, {"empty", ""}, {"number", 7}, {"url_query", "theirs"}}))
@@ -170,7 +170,7 @@ TEST(NetworkError, TheUserInformationOfTheCauseComesInUnderOtherKeysUnfiltered) 
     EXPECT_EQ(userInfo.find("number")->second, AnyValue(7));
 }
 
-TEST(NetworkError, TheGeneralDescriptionIsComposedOfDomainAndCode) {
+TEST(NetworkError, TheDefaultDescriptionConsistsOfDomainAndCode) {
     const Error general = NetworkError::httpError(timeRequest(), test::httpResponse(500), std::nullopt);
     EXPECT_EQ(
         general.localizedDescription(),
@@ -179,25 +179,25 @@ TEST(NetworkError, TheGeneralDescriptionIsComposedOfDomainAndCode) {
     EXPECT_EQ(general.as<NetworkError>()->localizedDescription(), "Got response 500");
 }
 
-TEST(NetworkError, TheGeneralDescriptionIsTheCausesOwnWhereItBringsOne) {
+TEST(NetworkError, TheDescriptionOfTheCauseIsUsedIfItHasOne) {
     const Error general = failedWith(NSError("NSURLErrorDomain", -1001, {{"NSLocalizedDescription", "D"}}));
     EXPECT_EQ(general.localizedDescription(), "D");
 }
 
-TEST(NetworkError, ComparesItsCaseAlone) {
+TEST(NetworkError, ComparesByCaseOnly) {
     EXPECT_EQ(NetworkError::internalSDKError("a"), NetworkError::internalSDKError("b"));
     EXPECT_NE(NetworkError::internalSDKError("a"),
               NetworkError::notAHTTPResponse(timeRequest(), nullptr, "a"));
 }
 
-TEST(ErrorBridge, AnErrorIsSeenByItsParts) {
+TEST(ErrorBridge, AnErrorHasADomainACodeAndUserInformation) {
     const Error error = NSError("D", 3, {{"k", "v"}});
     EXPECT_EQ(underlyingNSError(error).domain(), "D");
     EXPECT_EQ(underlyingNSError(error).code(), 3);
     EXPECT_EQ(underlyingErrorUserinfo(error), (Dictionary{{"k", "v"}}));
 }
 
-TEST(ErrorBridge, ANetworkErrorMakesAnNSErrorOfItsDomainCodeAndUserInformation) {
+TEST(ErrorBridge, ANetworkErrorConvertsToAnNSErrorWithItsDomainCodeAndUserInformation) {
     const NetworkError error = NetworkError::httpError(timeRequest(), test::httpResponse(404), std::nullopt);
     const NSError bridged = makeNSError({.networkServiceError = error});
     EXPECT_EQ(bridged.domain(), "dev.vantic.VanticRestKit.networkService");

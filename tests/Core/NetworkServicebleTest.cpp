@@ -18,7 +18,7 @@ const NetworkError& networkError(const Error& error) {
     return found != nullptr ? *found : none;
 }
 
-/// One service over a fake session. Filled on the session's queue; `reply` waits for it.
+/// A service that uses a fake session. Outcomes are recorded on the session's queue, and `reply` waits for that.
 class NetworkServicebleTest : public ::testing::Test {
 protected:
     void SetUp() override { test::zeroActivityCounter(); }
@@ -38,7 +38,7 @@ protected:
         }});
     }
 
-    /// The outcome of one fetch that is answered so.
+    /// The outcome of one fetch that gets this reply.
     Result<Data, Error> outcomeOf(test::Reply reply) {
         const auto service = makeService();
         fetch(*service);
@@ -98,7 +98,7 @@ TEST_F(NetworkServicebleTest, AStatusOf400OrAboveIsAnHTTPErrorWithItsBody) {
     }
 }
 
-TEST_F(NetworkServicebleTest, TheReportIsABoxOfItsOwn) {
+TEST_F(NetworkServicebleTest, TheReportedErrorIsASeparateObject) {
     const Result<Data, Error> outcome = outcomeOf(test::answer(400, std::nullopt));
     ASSERT_FALSE(outcome);
     ASSERT_EQ(reported.size(), 1U);
@@ -107,7 +107,7 @@ TEST_F(NetworkServicebleTest, TheReportIsABoxOfItsOwn) {
     EXPECT_EQ(networkError(outcome.error()).data(), std::nullopt);
 }
 
-TEST_F(NetworkServicebleTest, ATransportErrorComesBeforeTheStatus) {
+TEST_F(NetworkServicebleTest, ATransportErrorTakesPrecedenceOverTheStatus) {
     const Result<Data, Error> outcome =
         outcomeOf(test::transportFailure(NSError("NSURLErrorDomain", -1001), test::httpResponse(500)));
     ASSERT_FALSE(outcome);
@@ -140,12 +140,12 @@ TEST_F(NetworkServicebleTest, NoResponseAtAllIsNotAHTTPResponse) {
     EXPECT_TRUE(reported.empty());
 }
 
-TEST_F(NetworkServicebleTest, AServiceThatIsGoneFailsItsFetchAndReportsNothing) {
+TEST_F(NetworkServicebleTest, AFetchFailsUnreportedIfItsServiceWasDestroyed) {
     auto service = makeService();
     fetch(*service);
     const std::weak_ptr<NetworkServiceble> weak = service;
     service.reset();
-    EXPECT_TRUE(weak.expired()) << "a fetch does not keep the service";
+    EXPECT_TRUE(weak.expired()) << "a fetch does not keep the service alive";
     session->reply(test::answer(200, "body"));
     ASSERT_EQ(outcomes.size(), 1U);
     ASSERT_FALSE(outcomes[0]);
@@ -216,7 +216,7 @@ protected:
     std::vector<Result<void, Error>> ends;
 };
 
-TEST_F(NetworkServiceblePublisherTest, AnAnswerIsOneValueAndTheNormalEnd) {
+TEST_F(NetworkServiceblePublisherTest, ASuccessIsOneValueAndANormalCompletion) {
     const Cancellable subscription = subscribe(makeService()->fetch());
     session->reply(test::answer(200, "body"));
     EXPECT_EQ(values, std::vector<Data>{Data("body")});
@@ -226,7 +226,7 @@ TEST_F(NetworkServiceblePublisherTest, AnAnswerIsOneValueAndTheNormalEnd) {
     EXPECT_EQ(test::activityCounter(), 0);
 }
 
-TEST_F(NetworkServiceblePublisherTest, ATransportErrorArrivesAsItIsAndIsNotReported) {
+TEST_F(NetworkServiceblePublisherTest, ATransportErrorIsDeliveredUnchangedAndNotReported) {
     const Cancellable subscription = subscribe(makeService()->fetch());
     session->reply(test::transportFailure(NSError("NSURLErrorDomain", -1001)));
     ASSERT_EQ(ends.size(), 1U);
@@ -237,7 +237,7 @@ TEST_F(NetworkServiceblePublisherTest, ATransportErrorArrivesAsItIsAndIsNotRepor
     EXPECT_EQ(test::activityCounter(), 0) << "the counter falls once";
 }
 
-TEST_F(NetworkServiceblePublisherTest, AnAnswerThatIsAFailureLowersTheCounterTwice) {
+TEST_F(NetworkServiceblePublisherTest, AFailureStatusLowersTheCounterTwice) {
     bool visible = false;
     NetworkActivityCounter::setIndicator([&visible](bool shown) { visible = shown; });
     const Cancellable subscription = subscribe(makeService()->fetch());
@@ -248,12 +248,12 @@ TEST_F(NetworkServiceblePublisherTest, AnAnswerThatIsAFailureLowersTheCounterTwi
     EXPECT_EQ(reported.size(), 1U);
     EXPECT_EQ(test::activityCounter(), -1);
     test::settleMainQueue();
-    EXPECT_TRUE(visible) << "minus one leaves the sign on";
+    EXPECT_TRUE(visible) << "minus one keeps the indicator visible";
     NetworkActivityCounter::setIndicator(nullptr);
     test::zeroActivityCounter();
 }
 
-TEST_F(NetworkServiceblePublisherTest, TheCounterRisesWhenThePublisherIsMadeAndNotAtSubscription) {
+TEST_F(NetworkServiceblePublisherTest, TheCounterRisesWhenThePublisherIsMadeNotAtSubscription) {
     const AnyPublisher<Data> publisher = makeService()->fetch();
     EXPECT_EQ(test::activityCounter(), 1);
     EXPECT_TRUE(session->requests().empty()) << "nothing is sent before a subscription";
@@ -279,14 +279,14 @@ TEST_F(NetworkServiceblePublisherTest, ASubscriptionCancelledBeforeTheAnswerNeve
     test::zeroActivityCounter();
 }
 
-TEST_F(NetworkServiceblePublisherTest, ThePublisherKeepsTheService) {
+TEST_F(NetworkServiceblePublisherTest, ThePublisherKeepsTheServiceAlive) {
     const AnyPublisher<Data> publisher = makeService()->fetch();
     const Cancellable subscription = subscribe(publisher);
     session->reply(test::answer(200, "body"));
     EXPECT_EQ(values.size(), 1U);
 }
 
-TEST_F(NetworkServiceblePublisherTest, EverySubscriptionIsATransferOfItsOwn) {
+TEST_F(NetworkServiceblePublisherTest, EverySubscriptionStartsItsOwnTransfer) {
     const AnyPublisher<Data> publisher = makeService()->fetch();
     const Cancellable one = subscribe(publisher);
     const Cancellable other = subscribe(publisher);

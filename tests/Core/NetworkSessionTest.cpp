@@ -11,7 +11,7 @@
 namespace VanticRestKit {
 namespace {
 
-/// A transport that overrides the callback half alone.
+/// A transport that overrides only the callback functions.
 class SmallSession final : public NetworkSession {
 public:
     void loadData(LoadDataArguments arguments) override {
@@ -54,7 +54,7 @@ TEST_F(NetworkSessionTest, ADefaultPublisherDeliversTheErrorOfTheTransfer) {
     EXPECT_EQ(seen, std::vector<std::string>{"D"});
 }
 
-TEST_F(NetworkSessionTest, ADefaultPublisherDeliversAnEmptyBodyIfThereIsNone) {
+TEST_F(NetworkSessionTest, ADefaultPublisherDeliversAnEmptyBodyForAnAbsentOne) {
     const Cancellable subscription = subscribe(session.loadDataPublisher({.fromURLRequest = request}));
     session.handlers[0](std::nullopt, test::httpResponse(200), std::nullopt);
     EXPECT_EQ(seen, (std::vector<std::string>{"", "end"}));
@@ -67,7 +67,7 @@ TEST_F(NetworkSessionTest, CancellingADefaultPublisherStopsTheDelivery) {
     EXPECT_TRUE(seen.empty());
 }
 
-TEST_F(NetworkSessionTest, TheCallbackHalfAloneServesAStartThatCanBeCancelled) {
+TEST_F(NetworkSessionTest, TheDefaultStartIsBuiltOnTheCallbackAndCanBeCancelled) {
     const auto handler = [this](const std::optional<Data>& data, const auto&, const auto&) {
         seen.emplace_back(data ? data->view() : "none");
     };

@@ -5,7 +5,7 @@
 namespace VanticRestKit {
 namespace {
 
-TEST(NetworkURLSession, TheSharedInstanceIsOne) {
+TEST(NetworkURLSession, ThereIsOneSharedInstance) {
     EXPECT_EQ(&NetworkURLSession::sharedInstance(), &NetworkURLSession::sharedInstance());
     EXPECT_NE(NetworkURLSession::sharedInstance().urlSesion, nullptr);
 }
@@ -24,7 +24,7 @@ void expectEqual(const URLSessionConfiguration& a, const URLSessionConfiguration
     EXPECT_EQ(a.httpMaximumConnectionsPerHost, b.httpMaximumConnectionsPerHost);
 }
 
-TEST(NetworkURLSession, TheSharedSessionIsMadeWithTheWholeConfiguration) {
+TEST(NetworkURLSession, TheSharedSessionHasTheCompleteConfiguration) {
     const NetworkURLSession& shared = NetworkURLSession::sharedInstance();
     expectEqual(shared.urlSesion->configuration(), shared.sessionURLConfig);
     URLSessionConfiguration expected = URLSessionConfiguration::default_();
@@ -32,7 +32,7 @@ TEST(NetworkURLSession, TheSharedSessionIsMadeWithTheWholeConfiguration) {
     expectEqual(shared.sessionURLConfig, expected);
 }
 
-TEST(URLSession, KeepsEverySettingThatItIsMadeWith) {
+TEST(URLSession, KeepsEverySettingItIsCreatedWith) {
     const URLSessionConfiguration configuration{
         .requestCachePolicy = URLRequestCachePolicy::reloadIgnoringLocalCacheData,
         .timeoutIntervalForRequest = URLRequest::Seconds(7.5),
@@ -41,7 +41,7 @@ TEST(URLSession, KeepsEverySettingThatItIsMadeWith) {
     expectEqual(URLSession::make(configuration)->configuration(), configuration);
 }
 
-TEST(NetworkURLSession, TheQueueIsNamedAndKeepsItsDefaults) {
+TEST(NetworkURLSession, TheQueueHasANameAndTheDefaultAttributes) {
     OperationQueue expected;
     expected.name = "dev.vantic.NetworkSesionQueue";
     EXPECT_EQ(NetworkURLSession::sharedInstance().sessionQueue, expected);

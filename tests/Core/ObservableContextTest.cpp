@@ -30,7 +30,7 @@ Resource<T> resourceOf(const Context& context) {
         .value();
 }
 
-/// A service of a host's own: answers at once.
+/// A host's own service, which answers at once.
 class OwnService final : public Serviceable {
 public:
     explicit OwnService(Result<Data, Error> body) : body_(std::move(body)) {}
@@ -48,14 +48,14 @@ public:
     Result<Data, Error> body = Data("5");
 };
 
-TEST(ObservableContext, AContextIsNotObservedUnlessItSaysSo) {
+TEST(ObservableContext, AContextIsNotObservedByDefault) {
     const FakeContext plain;
     EXPECT_EQ(plain.asObservable(), nullptr);
     const Context_ observed;
     EXPECT_EQ(observed.asObservable(), &observed);
 }
 
-TEST(ObservableContext, AResourceOfAContextWithoutAnObserverRunsItsServiceAlone) {
+TEST(ObservableContext, WithoutAnObserverAResourceUsesItsServiceDirectly) {
     const FakeContext plain;
     EXPECT_EQ(detail::serviceFor(URLRequest(plain.base), plain)->observation(), nullptr);
     Context_ silent;
@@ -65,7 +65,7 @@ TEST(ObservableContext, AResourceOfAContextWithoutAnObserverRunsItsServiceAlone)
     EXPECT_NE(detail::serviceFor(URLRequest(observed.base), observed)->observation(), nullptr);
 }
 
-TEST(ObservableContext, ASessionThatMakesNoRecordsIsObservedByItsAnswers) {
+TEST(ObservableContext, ASessionWithoutMetricsIsObservedByItsResponses) {
     const Context_ context;
     const Event ended;
     resourceOf<double>(context).load({.with = [&context, ended](const Result<double, LoaderError>& value) {
@@ -83,7 +83,7 @@ TEST(ObservableContext, ASessionThatMakesNoRecordsIsObservedByItsAnswers) {
     EXPECT_FALSE(requests[0].error);
 }
 
-TEST(ObservableContext, AStatusIsToldOfARequestThatFailed) {
+TEST(ObservableContext, TheStatusOfAFailedRequestIsReported) {
     const Context_ context;
     const Event ended;
     resourceOf<double>(context).load({.with = [ended](const auto&) { ended.signal(); }});
@@ -94,7 +94,7 @@ TEST(ObservableContext, AStatusIsToldOfARequestThatFailed) {
     EXPECT_FALSE(context.recorder->requests()[0].error);
 }
 
-TEST(ObservableContext, AnErrorOfTheTransportIsToldWithoutWhatItQuotes) {
+TEST(ObservableContext, ATransportErrorIsReportedWithoutItsDetails) {
     const Context_ context;
     const Event ended;
     resourceOf<double>(context).load({.with = [ended](const auto&) { ended.signal(); }});
@@ -108,7 +108,7 @@ TEST(ObservableContext, AnErrorOfTheTransportIsToldWithoutWhatItQuotes) {
     EXPECT_EQ(error->localizedDescription(), "The request timed out.");
 }
 
-TEST(ObservableContext, AnObserverThatAsksForItGetsAddressesAndErrorsWhole) {
+TEST(ObservableContext, AnObserverCanAskForUnredactedURLsAndErrors) {
     Context_ context;
     context.recorder = std::make_shared<RecordingObserver>(ObserverOptions{.revealsAddresses = true});
     const Event ended;
@@ -136,7 +136,7 @@ TEST(ObservableContext, EachSubscriptionOfAPublisherIsObserved) {
     EXPECT_TRUE(context.recorder->failures().empty());
 }
 
-TEST(ObservableContext, ASubscriberThatCancelsWhileItReceivesGetsNothingMore) {
+TEST(ObservableContext, ASubscriberThatCancelsDuringAValueGetsNothingMore) {
     const Context_ context;
     const auto held = std::make_shared<int>(0);
     Cancellable subscription;
@@ -147,10 +147,10 @@ TEST(ObservableContext, ASubscriberThatCancelsWhileItReceivesGetsNothingMore) {
     context.session->reply(answer(200, "5"));
     EXPECT_EQ(completions, 0);
     EXPECT_EQ(context.recorder->requests().size(), 1U);
-    EXPECT_EQ(held.use_count(), 1) << "what received is gone";
+    EXPECT_EQ(held.use_count(), 1) << "the subscriber was released";
 }
 
-TEST(ObservableContext, AServiceOfTheHostsOwnIsObservedInEveryForm) {
+TEST(ObservableContext, AHostsOwnServiceIsObservedInEveryForm) {
     const Observed<OwnServiceContext> context;
     const auto resource = resourceOf<double>(context);
     EXPECT_EQ(*resource.wait(), 5);
@@ -163,7 +163,7 @@ TEST(ObservableContext, AServiceOfTheHostsOwnIsObservedInEveryForm) {
     EXPECT_EQ(context.recorder->requests().size(), 5U);
 }
 
-TEST(ObservableContext, AnErrorOfAServiceOfTheHostsOwnIsTold) {
+TEST(ObservableContext, AnErrorOfAHostsOwnServiceIsReported) {
     Observed<OwnServiceContext> context;
     context.body = Failure(Error(NSError("D", 7)));
     EXPECT_FALSE(resourceOf<double>(context).wait());
@@ -171,7 +171,7 @@ TEST(ObservableContext, AnErrorOfAServiceOfTheHostsOwnIsTold) {
     EXPECT_EQ(context.recorder->requests()[0].error->domain(), "D");
 }
 
-TEST(ObservableContext, ABodyThatIsNotWhatWasAskedForIsToldInEveryForm) {
+TEST(ObservableContext, ADecodingFailureIsReportedInEveryForm) {
     Observed<OwnServiceContext> context;
     context.body = Data("<html>Sign in</html>");
     const auto resource = resourceOf<std::vector<double>>(context);
@@ -193,7 +193,7 @@ TEST(ObservableContext, ABodyThatIsNotWhatWasAskedForIsToldInEveryForm) {
     }
 }
 
-TEST(ObservableContext, ABodyIsHandedToAnObserverThatAsksForIt) {
+TEST(ObservableContext, ABodyIsPassedToAnObserverThatAsksForIt) {
     Observed<OwnServiceContext> context;
     context.recorder = std::make_shared<RecordingObserver>(ObserverOptions{.includesBodies = true});
     context.body = Data("<html>Sign in</html>");
@@ -204,7 +204,7 @@ TEST(ObservableContext, ABodyIsHandedToAnObserverThatAsksForIt) {
     EXPECT_EQ(context.recorder->failures()[0].url, "https://api.example.test/v2/time?apikey=redacted");
 }
 
-TEST(ObservableContext, BytesAndTextsAreNotDecodedAndNotExplained) {
+TEST(ObservableContext, RawDataAndStringsAreNeitherDecodedNorExplained) {
     Observed<OwnServiceContext> context;
     context.recorder = std::make_shared<RecordingObserver>(ObserverOptions{.explainedShare = 1});
     EXPECT_TRUE(resourceOf<Data>(context).wait());
@@ -215,7 +215,7 @@ TEST(ObservableContext, BytesAndTextsAreNotDecodedAndNotExplained) {
     EXPECT_EQ(context.recorder->requests().size(), 3U);
 }
 
-TEST(ObservableContext, AnObserverIsKeptAsLongAsAResourceReportsToIt) {
+TEST(ObservableContext, AResourceKeepsItsObserverAlive) {
     auto context = std::make_unique<Observed<OwnServiceContext>>();
     const std::weak_ptr<RecordingObserver> weak = context->recorder;
     {

@@ -17,15 +17,15 @@ struct Page {
     Omittable<std::string> title{};
 };
 
-TEST(Omittable, IsEmptyIfItIsLeftOut) {
+TEST(Omittable, IsEmptyByDefault) {
     EXPECT_EQ(Page{}.first.value(), std::nullopt);
     EXPECT_EQ(Page{.title = "x"}.first.value(), std::nullopt);
     EXPECT_EQ(Page{.first = std::nullopt}.first.value(), std::nullopt);
 }
 
-TEST(Omittable, TakesASignedConstant) { EXPECT_EQ(Page{.first = 3}.first.value(), 3U); }
+TEST(Omittable, AcceptsASignedConstant) { EXPECT_EQ(Page{.first = 3}.first.value(), 3U); }
 
-TEST(Omittable, TakesWhatConvertsToItsElement) {
+TEST(Omittable, AcceptsWhatConvertsToItsElementType) {
     const std::uint64_t count = 10;
     const std::optional<std::uint64_t> none;
     EXPECT_EQ(Page{.first = count}.first.value(), 10U);

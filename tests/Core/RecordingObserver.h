@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// An observer that keeps what it is told.
+/// An observer that records everything reported to it.
 
 #include <VanticRestKit/Core/ObservableContext.h>
 #include <VanticRestKit/Core/RequestObserver.h>
@@ -70,7 +70,7 @@ private:
     std::vector<std::string> endless_;
 };
 
-/// `Base`, a context of the tests, with an observer.
+/// A test context `Base` with an observer.
 template <class Base>
 class Observed final : public Base, public ObservableContext {
 public:

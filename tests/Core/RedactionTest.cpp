@@ -10,14 +10,14 @@ namespace {
 using detail::redactedAddress;
 using detail::withoutDetails;
 
-TEST(Redaction, LeavesAnAddressWithoutSecretsAsItIs) {
+TEST(Redaction, LeavesAURLWithoutSecretsUnchanged) {
     EXPECT_EQ(redactedAddress("https://api.example.test:8443/v2/video/A%20B"),
               "https://api.example.test:8443/v2/video/A%20B");
     EXPECT_EQ(redactedAddress("https://api.example.test/a@b"), "https://api.example.test/a@b");
     EXPECT_EQ(redactedAddress(""), "");
 }
 
-TEST(Redaction, ReplacesTheValuesOfAQueryAndKeepsItsNames) {
+TEST(Redaction, ReplacesQueryValuesAndKeepsTheirNames) {
     EXPECT_EQ(redactedAddress("https://h/p?apikey=s3cret&page=2"),
               "https://h/p?apikey=redacted&page=redacted");
     EXPECT_EQ(redactedAddress("https://h/p?a=b=c"), "https://h/p?a=redacted");
@@ -31,14 +31,14 @@ TEST(Redaction, ReplacesAQueryItemThatHasNoName) {
     EXPECT_EQ(redactedAddress("https://h/p?"), "https://h/p?");
 }
 
-TEST(Redaction, ReplacesUserAndPasswordAndFragment) {
+TEST(Redaction, ReplacesUserPasswordAndFragment) {
     EXPECT_EQ(redactedAddress("https://ann:pw@h:1/p#token=s3cret"), "https://redacted@h:1/p#redacted");
     EXPECT_EQ(redactedAddress("https://a@b@h/p?x=1#"), "https://redacted@h/p?x=redacted#redacted");
     EXPECT_EQ(redactedAddress("https://ann@h"), "https://redacted@h");
     EXPECT_EQ(redactedAddress("p/q?a=1"), "p/q?a=redacted");
 }
 
-TEST(Redaction, LeavesDomainAndCodeOfAnError) {
+TEST(Redaction, KeepsDomainAndCodeOfAnError) {
     const Error transport = detail::makeURLError({.code = URLErrorCode::timedOut, .reason = "s3cret"},
                                                  URL::make("https://h/p?apikey=s3cret"));
     const Error shown = withoutDetails(transport);
@@ -47,7 +47,7 @@ TEST(Redaction, LeavesDomainAndCodeOfAnError) {
     EXPECT_EQ(shown.localizedDescription(), "The request timed out.");
     EXPECT_EQ(shown.userInfo().size(), 1U);
 
-    // A code that only a transport of a host's own has.
+    // A code that only a host's own transport reports.
     EXPECT_EQ(withoutDetails(NSError(std::string(NSURLErrorDomain), -1009)).code(), -1009);
 
     const Error other = withoutDetails(NSError("D", 7, {{"NSLocalizedDescription", "s3cret"}}));

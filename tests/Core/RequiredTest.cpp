@@ -57,20 +57,20 @@ static_assert(!std::is_convertible_v<const char*, Required<std::optional<bool>>>
 static_assert(std::is_convertible_v<int, Required<std::optional<double>>>);
 static_assert(std::is_convertible_v<std::optional<float>, Required<std::optional<double>>>);
 
-TEST(Required, OverloadsAreChosenByTheLabelsAlone) {
+TEST(Required, OverloadsAreSelectedByLabelOnly) {
     EXPECT_EQ(chosen({.name = "a"}), "Named");
     EXPECT_EQ(chosen({.name = "a", .title = "b"}), "Named");
     EXPECT_EQ(chosen({.name = "a", .items = std::vector<URLQueryItem>{}}), "NamedWithItems");
     EXPECT_EQ(chosen({.usingHref = "a"}), "Referred");
 }
 
-TEST(Required, AListIsGivenByItsElements) {
+TEST(Required, AcceptsAListInBraces) {
     const NamedWithItems given{.name = "a", .items = {{"x", "1"}, {"y", std::nullopt}}};
     const std::vector<URLQueryItem> expected{{"x", "1"}, {"y", std::nullopt}};
     EXPECT_EQ(given.items.value(), expected);
 }
 
-TEST(Required, ADictionaryIsGivenByItsEntries) {
+TEST(Required, AcceptsADictionaryInBraces) {
     struct Headers {
         Required<std::map<std::string, std::string>> headers;
     };
@@ -78,7 +78,7 @@ TEST(Required, ADictionaryIsGivenByItsEntries) {
     EXPECT_EQ(given.headers.value().at("a"), "1");
 }
 
-TEST(Required, AnOptionalMayBeGivenEmpty) {
+TEST(Required, AcceptsAnEmptyOptional) {
     struct Timeout {
         Required<std::optional<double>> timeout;
     };
@@ -86,7 +86,7 @@ TEST(Required, AnOptionalMayBeGivenEmpty) {
     EXPECT_EQ(Timeout{.timeout = 5}.timeout.value(), 5.0);
 }
 
-TEST(Required, ACallableThatCannotBeCopiedMovesThrough) {
+TEST(Required, AcceptsAMoveOnlyCallable) {
     struct Completing {
         Required<UniqueFunction<int()>> with;
     };
@@ -100,13 +100,13 @@ struct Page {
     Required<std::optional<std::uint64_t>> selected;
 };
 
-TEST(Required, AnUnsignedNumberTakesASignedConstant) {
+TEST(Required, AnUnsignedNumberAcceptsASignedConstant) {
     const Page page{.limit = 10, .selected = 111};
     EXPECT_EQ(page.limit.value(), 10U);
     EXPECT_EQ(page.selected.value(), 111U);
 }
 
-TEST(Required, AnUnsignedNumberTakesAnUnsignedVariable) {
+TEST(Required, AnUnsignedNumberAcceptsAnUnsignedVariable) {
     const std::uint64_t count = 10;
     const std::optional<std::uint64_t> none;
     const Page page{.limit = count, .selected = none};
@@ -114,7 +114,7 @@ TEST(Required, AnUnsignedNumberTakesAnUnsignedVariable) {
     EXPECT_EQ(page.selected.value(), std::nullopt);
 }
 
-TEST(Required, ComparesAsItsValueDoes) {
+TEST(Required, ComparesLikeItsValue) {
     const Named named{.name = "x"};
     EXPECT_TRUE(named.name == "x");
     EXPECT_TRUE("x" == named.name);

@@ -1,4 +1,4 @@
-// The loads of a `Resource` that can be cancelled: handle, coroutine, future and wait.
+// The cancellable ways to load a `Resource`: handle, coroutine, future and wait.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/LoadAll.h>
@@ -23,7 +23,7 @@ struct TimeRoute {
     std::string path() const { return "v2/time"; }
 };
 
-/// The code of the transport's error that a failed load holds.
+/// The code of the transport error inside the error of a failed load.
 std::int64_t transportCode(const LoaderError& error) {
     const NetworkError* const network = error.underlyingError()->as<NetworkError>();
     return network != nullptr && network->underlyingError() ? network->underlyingError()->code() : 0;
@@ -59,7 +59,7 @@ protected:
     bool wasReportedOnSession = false;
 };
 
-TEST_F(ResourceForms, SendARequestEachBusyOrNot) {
+TEST_F(ResourceForms, SendTheirRequestEvenIfTheResourceIsBusy) {
     const Resource<double> time = resource();
     time.load({.with = [](Outcome) {}});
     const Cancellable first = time.start({}, keep());
@@ -72,14 +72,14 @@ TEST_F(ResourceForms, SendARequestEachBusyOrNot) {
     EXPECT_EQ(*outcomes[1], 1.5);
 }
 
-TEST_F(ResourceForms, LeaveTheResourceIdle) {
+TEST_F(ResourceForms, DoNotMakeTheResourceBusy) {
     const Resource<double> time = resource();
     const Cancellable handle = time.start({}, keep());
     EXPECT_FALSE(time.isBusy());
     context.session->reply(test::answer(200, "1"));
 }
 
-TEST_F(ResourceForms, FailAsALoadDoes) {
+TEST_F(ResourceForms, FailLikeALoad) {
     const Cancellable refused = resource().start({}, keep());
     context.session->reply(test::answer(404, "gone"));
     const Cancellable wrong = resource().start({}, keep());
@@ -90,7 +90,7 @@ TEST_F(ResourceForms, FailAsALoadDoes) {
     EXPECT_EQ(reported.size(), 1U);
 }
 
-TEST_F(ResourceForms, EndWithTheTransportsErrorOfACancelWhichTheFailureHookDoesNotHear) {
+TEST_F(ResourceForms, EndWithTheCancelledErrorWhichIsNotReportedToTheFailureHook) {
     const Cancellable handle = resource().start({}, keep());
     handle.cancel();
     ASSERT_TRUE(delivered.wait());
@@ -101,7 +101,7 @@ TEST_F(ResourceForms, EndWithTheTransportsErrorOfACancelWhichTheFailureHookDoesN
     EXPECT_TRUE(reported.empty());
 }
 
-TEST_F(ResourceForms, TellTheFailureHookOfAMissedDeadline) {
+TEST_F(ResourceForms, ReportAMissedDeadlineToTheFailureHook) {
     Testing::ManualClock clock;
     const Cancellable handle = resource().start({.deadline = 5s}, keep());
     clock.advance(5s);
@@ -114,7 +114,7 @@ TEST_F(ResourceForms, TellTheFailureHookOfAMissedDeadline) {
     EXPECT_TRUE(wasReportedOnSession);
 }
 
-TEST_F(ResourceForms, AreNotBoundByTheirDeadlineOnceTheBodyIsThere) {
+TEST_F(ResourceForms, IgnoreTheirDeadlineOnceTheBodyHasArrived) {
     Testing::ManualClock clock;
     Testing::ManualExecutor executor;
     const Cancellable handle = resource().start({.on = executor.queue(), .deadline = 5s}, keep());
@@ -125,7 +125,7 @@ TEST_F(ResourceForms, AreNotBoundByTheirDeadlineOnceTheBodyIsThere) {
     EXPECT_TRUE(outcomes[0]);
 }
 
-TEST_F(ResourceForms, LowerTheActivityCounterHoweverTheyEnd) {
+TEST_F(ResourceForms, LowerTheActivityCounterForEveryOutcome) {
     Cancellable handle = resource().start({}, keep());
     EXPECT_EQ(test::activityCounter(), 1);
     context.session->reply(test::answer(200, "1"));
@@ -138,13 +138,13 @@ TEST_F(ResourceForms, LowerTheActivityCounterHoweverTheyEnd) {
     EXPECT_EQ(test::activityCounter(), 0);
 }
 
-TEST_F(ResourceForms, KeepWhatTheyNeedAfterTheResourceIsDestroyed) {
+TEST_F(ResourceForms, CompleteAfterTheResourceIsDestroyed) {
     const Cancellable handle = [&] { return resource().start({}, keep()); }();
     context.session->reply(test::answer(200, "1.5"));
     EXPECT_EQ(*outcomes.at(0), 1.5);
 }
 
-TEST_F(ResourceForms, AreAwaited) {
+TEST_F(ResourceForms, CanBeAwaited) {
     const auto awaiting = [this]() -> Task<Outcome> {
         const Resource<double> time = resource();
         co_return co_await time.value({.deadline = 1h});
@@ -154,7 +154,7 @@ TEST_F(ResourceForms, AreAwaited) {
     answering.join();
 }
 
-TEST_F(ResourceForms, AreWaitedFor) {
+TEST_F(ResourceForms, CanBlockTheCallingThread) {
     auto future = resource().future();
     context.session->reply(test::answer(200, "1.5"));
     EXPECT_EQ(*future.get(), 1.5);
@@ -163,7 +163,7 @@ TEST_F(ResourceForms, AreWaitedFor) {
     answering.join();
 }
 
-TEST_F(ResourceForms, GiveABodyOfDataOrTextAsItCame) {
+TEST_F(ResourceForms, DeliverDataAndStringsWithoutDecoding) {
     const std::string body("not JSON \xff\0 at all", 17);
     auto data = resource<Data>().future();
     context.session->reply(test::answer(200, Data(body)));
@@ -176,7 +176,7 @@ TEST_F(ResourceForms, GiveABodyOfDataOrTextAsItCame) {
     EXPECT_EQ(*string.get(), "ab");
 }
 
-TEST_F(ResourceForms, GiveABodyOfDataToLoadsAndPublishersToo) {
+TEST_F(ResourceForms, DeliverDataToLoadsAndPublishersToo) {
     std::vector<std::string> bodies;
     const Resource<Data> picture = resource<Data>();
     picture.load({.with = [&](Result<Data, LoaderError> result) { bodies.emplace_back(result->view()); }});
@@ -187,11 +187,13 @@ TEST_F(ResourceForms, GiveABodyOfDataToLoadsAndPublishersToo) {
     EXPECT_EQ(bodies, (std::vector<std::string>{"picture", "null"}));
 }
 
-/// A service of a host that knows nothing of handles.
+/// A host's service without a `start` of its own.
 class PlainService final : public Serviceable {
 public:
     explicit PlainService(Result<Data, Error> outcome) : outcome_(std::move(outcome)) {}
-    void fetch(FetchArguments) override { ADD_FAILURE() << "its publisher can be cancelled, this cannot"; }
+    void fetch(FetchArguments) override {
+        ADD_FAILURE() << "the publisher is expected, since it can be cancelled";
+    }
     AnyPublisher<Data> fetch() override {
         return outcome_ ? AnyPublisher<Data>::just(*outcome_) : AnyPublisher<Data>::fail(outcome_.error());
     }
@@ -200,7 +202,7 @@ private:
     Result<Data, Error> outcome_;
 };
 
-TEST_F(ResourceForms, RunOverAServiceThatHasOnlyAPublisher) {
+TEST_F(ResourceForms, WorkWithAServiceThatOnlyHasAPublisher) {
     const Resource<double> good(
         {.withService = std::make_shared<PlainService>(Data("1.5")), .andDecoder = JSONDecoder()});
     EXPECT_EQ(*good.wait(), 1.5);
@@ -226,7 +228,7 @@ protected:
     std::size_t replies = 0;
 };
 
-TEST_F(LoadAll, KeepsToItsLimitAndToTheOrderOfTheList) {
+TEST_F(LoadAll, RespectsItsLimitAndKeepsTheOrderOfTheList) {
     auto results = loadAll(resources(5), {.limit = 2}).future();
     for (int i = 0; i < 5; ++i) {
         ASSERT_TRUE(context.session->started.wait(std::min(i + 2, 5)));
@@ -238,9 +240,9 @@ TEST_F(LoadAll, KeepsToItsLimitAndToTheOrderOfTheList) {
     for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(*all[i], static_cast<double>(i));
 }
 
-TEST_F(LoadAll, OfNothingEndsAtOnce) { EXPECT_TRUE(loadAll(resources(0)).wait().empty()); }
+TEST_F(LoadAll, OfAnEmptyListEndsAtOnce) { EXPECT_TRUE(loadAll(resources(0)).wait().empty()); }
 
-TEST_F(LoadAll, LeavesTheOthersAloneWhenOneFails) {
+TEST_F(LoadAll, ContinuesWithTheOthersWhenOneFails) {
     auto results = loadAll(resources(2)).future();
     reply("{}");
     reply("1.5");
@@ -249,7 +251,7 @@ TEST_F(LoadAll, LeavesTheOthersAloneWhenOneFails) {
     EXPECT_EQ(*all[1], 1.5);
 }
 
-TEST_F(LoadAll, ThatIsCancelledKeepsWhatHasEndedAndSendsNoMore) {
+TEST_F(LoadAll, KeepsFinishedOutcomesAndSendsNothingMoreWhenCancelled) {
     const DispatchQueue queue("chosen");
     std::vector<Outcome> all;
     bool isOnQueue = false;
@@ -271,13 +273,13 @@ TEST_F(LoadAll, ThatIsCancelledKeepsWhatHasEndedAndSendsNoMore) {
     EXPECT_EQ(context.session->started.count(), 3);
 }
 
-TEST_F(LoadAll, MissesItsDeadlineAsAWhole) {
+TEST_F(LoadAll, HasOneDeadlineForTheWholeList) {
     const std::vector<Outcome> all = loadAll(resources(3), {.limit = 1}).wait({.deadline = 10ms});
     for (const Outcome& outcome : all) EXPECT_EQ(transportCode(outcome.error()), -1001);
     EXPECT_EQ(context.session->started.count(), 1);
 }
 
-TEST_F(LoadAll, IsStoppedByItsToken) {
+TEST_F(LoadAll, IsCancelledByItsToken) {
     std::stop_source stop;
     auto results = loadAll(resources(3), {.limit = 1}).future({.stop = stop.get_token()});
     ASSERT_TRUE(context.session->started.wait());
@@ -286,11 +288,11 @@ TEST_F(LoadAll, IsStoppedByItsToken) {
     EXPECT_EQ(context.session->started.count(), 1);
 }
 
-TEST_F(LoadAll, WhoseHandleIsDroppedDeliversNothing) {
+TEST_F(LoadAll, DeliversNothingAfterItsHandleIsDestroyed) {
     {
         const Cancellable handle = loadAll(resources(2)).start({}, [](std::vector<Outcome>) { FAIL(); });
     }
-    // Either nothing was started by then or all of it is cancelled.
+    // By now either nothing was started or everything is cancelled.
     auto after = resource().future();
     ASSERT_TRUE(context.session->started.wait());
     while (!after.isReady()) reply("1");

@@ -22,7 +22,7 @@ struct PostURI {
     std::string httpMethod = "POST";
 };
 
-/// Only decoding makes one.
+/// Can only be constructed by decoding.
 struct Answer {
     explicit Answer(mapping::Fresh) {}
     std::string text{};
@@ -38,7 +38,7 @@ const TypePlan& planOf<Answer>() {
 
 namespace {
 
-/// Resources over a fake session. Filled on the session's queue; `reply` waits for it.
+/// Resources that use a fake session. Outcomes are recorded on the session's queue, and `reply` waits for that.
 class ResourceTest : public ::testing::Test {
 protected:
     Resource<double> makeResource() {
@@ -51,7 +51,7 @@ protected:
         resource.load({.with = [this](Outcome outcome) { outcomes.push_back(std::move(outcome)); }});
     }
 
-    /// The outcome of one load that is answered so.
+    /// The outcome of one load that gets this reply.
     Outcome outcomeOf(test::Reply reply) {
         load(makeResource());
         context.session->reply(std::move(reply));
@@ -64,7 +64,7 @@ protected:
     std::vector<Outcome> outcomes;
 };
 
-TEST_F(ResourceTest, TheRequestIsTheRoutesOverTheContext) {
+TEST_F(ResourceTest, TheRequestCombinesRouteAndContext) {
     context.headers = {{"X-Key", "k"}};
     context.timeout = 12;
     load(makeResource());
@@ -78,7 +78,7 @@ TEST_F(ResourceTest, TheRequestIsTheRoutesOverTheContext) {
     EXPECT_EQ(requests[0].timeoutInterval().count(), 12.0);
 }
 
-TEST_F(ResourceTest, TheRequestIsThatOfTheTimeOfConstruction) {
+TEST_F(ResourceTest, TheRequestIsBuiltAtConstruction) {
     const Resource<double> resource = makeResource();
     context.headers = {{"X-Late", "1"}};
     context.base = test::url("https://late.test");
@@ -88,7 +88,7 @@ TEST_F(ResourceTest, TheRequestIsThatOfTheTimeOfConstruction) {
     EXPECT_TRUE(context.session->requests()[0].allHTTPHeaderFields().empty());
 }
 
-TEST_F(ResourceTest, TheContextMayGoBeforeTheLoad) {
+TEST_F(ResourceTest, TheContextMayBeDestroyedBeforeTheLoad) {
     int reports = 0;
     std::optional<Resource<double>> resource;
     {
@@ -103,7 +103,7 @@ TEST_F(ResourceTest, TheContextMayGoBeforeTheLoad) {
     EXPECT_EQ(reports, 1);
 }
 
-TEST_F(ResourceTest, AContextThatMakesNoRequestGivesNoResource) {
+TEST_F(ResourceTest, WithoutARequestFromTheContextThereIsNoResource) {
     class NoRequest final : public test::FakeContext {
     public:
         std::optional<URLRequest> generateURLRequest(URLRequestArguments) const override { return {}; }
@@ -118,14 +118,14 @@ TEST_F(ResourceTest, AContextThatMakesNoRequestGivesNoResource) {
     EXPECT_FALSE(Resource<double>::make({.withHrefURI = href, .andDecoder = JSONDecoder()}, none));
 }
 
-TEST_F(ResourceTest, TheArgumentsOfTheRequestAreThoseOfRouteAndContext) {
+TEST_F(ResourceTest, TheContextBuildsTheRequestFromTheRoutesArguments) {
     class Recording final : public test::FakeContext {
     public:
         std::optional<URLRequest> generateURLRequest(URLRequestArguments arguments) const override {
             EXPECT_EQ(arguments.usingPath.value(), "v2/thing");
             EXPECT_EQ(arguments.queryItems.value(), (std::vector<URLQueryItem>{{"a", "1"}}));
             EXPECT_EQ(arguments.additionalHTTPHeaders.value().size(), 1U)
-                << "the context's own headers are handed in as the additional ones";
+                << "the context's headers are passed as the additional ones";
             EXPECT_EQ(arguments.httpMethod.value(), "POST");
             EXPECT_EQ(arguments.timeout.value(), 9.0) << "the timeout is always present";
             EXPECT_EQ(arguments.andPostData.value(), Data("{}"));
@@ -142,8 +142,8 @@ TEST_F(ResourceTest, TheArgumentsOfTheRequestAreThoseOfRouteAndContext) {
     EXPECT_EQ(recording.services, 1);
 }
 
-/// Notes what is read of it, in order.
-class NotingContext final : public virtual Context {
+/// Records the order in which its members are read.
+class RecordingContext final : public virtual Context {
 public:
     URL baseURL() const override { return note("baseURL", test::url("https://api.example.test")); }
     std::map<std::string, std::string> HTTPHeaderFields() const override {
@@ -170,15 +170,15 @@ private:
 };
 
 TEST_F(ResourceTest, TheContextIsReadInAFixedOrder) {
-    const NotingContext noting;
+    const RecordingContext noting;
     EXPECT_TRUE(Resource<double>::make({.with = PostURI{}}, noting));
     EXPECT_EQ(noting.read,
               (std::vector<std::string>{"HTTPHeaderFields", "requestTimeout", "generateURLRequest", "baseURL",
                                         "HTTPHeaderFields", "service", "logError"}));
 }
 
-TEST_F(ResourceTest, TheTimeoutIsReadLastOfAllWhereNoneIsGiven) {
-    const NotingContext noting;
+TEST_F(ResourceTest, TheTimeoutIsReadLastIfNoneIsGiven) {
+    const RecordingContext noting;
     EXPECT_TRUE(noting.generateURLRequest({.usingPath = "x",
                                            .queryItems = std::vector<URLQueryItem>{},
                                            .additionalHTTPHeaders = std::map<std::string, std::string>{},
@@ -189,7 +189,7 @@ TEST_F(ResourceTest, TheTimeoutIsReadLastOfAllWhereNoneIsGiven) {
                                                      "requestTimeout"}));
 }
 
-TEST_F(ResourceTest, TheDecoderMayBeGivenAndIsHandedOut) {
+TEST_F(ResourceTest, TheDecoderCanBeSetAndRead) {
     const JSONDecoder decoder;
     const auto resource = Resource<double>::make({.with = PostURI{}, .andDecoder = decoder}, context);
     ASSERT_TRUE(resource);
@@ -201,7 +201,7 @@ TEST_F(ResourceTest, TheDecoderMayBeGivenAndIsHandedOut) {
     ASSERT_EQ(outcomes.size(), 1U);
     EXPECT_EQ(*outcomes[0], 1.5);
     EXPECT_EQ(makeResource().decoder().decode<double>(Data("3")).value(), 3.0)
-        << "the default is a decoder too";
+        << "there is a default decoder";
 }
 
 TEST_F(ResourceTest, AskingForAPublisherRaisesTheActivityCounter) {
@@ -216,7 +216,7 @@ TEST_F(ResourceTest, AskingForAPublisherRaisesTheActivityCounter) {
     test::zeroActivityCounter();
 }
 
-TEST_F(ResourceTest, AnHrefIsARouteOfItsOwn) {
+TEST_F(ResourceTest, AnHrefCanBeUsedAsARoute) {
     const HrefURI href({.withHref = "v2/video/1", .andQueryItems = {{"q", "x"}}});
     const auto plain = Resource<double>::make({.withHrefURI = href}, context);
     const auto decoded = Resource<double>::make({.withHrefURI = href, .andDecoder = JSONDecoder()}, context);
@@ -243,7 +243,7 @@ public:
     const test::Event fetches;
 };
 
-TEST_F(ResourceTest, AServiceGivenWithARouteIsIgnoredAndSoIsTheContextsOwn) {
+TEST_F(ResourceTest, WithARouteTheGivenServiceAndTheContextsServiceAreIgnored) {
     // Port 1 of this machine: no server listens there, and nothing leaves the machine.
     context.base = test::url("http://127.0.0.1:1");
     int reports = 0;
@@ -267,7 +267,7 @@ TEST_F(ResourceTest, AServiceGivenWithARouteIsIgnoredAndSoIsTheContextsOwn) {
     EXPECT_EQ(reports, 0) << "no hook is attached";
 }
 
-TEST_F(ResourceTest, AServiceGivenAloneIsUsed) {
+TEST_F(ResourceTest, AServiceGivenWithoutARouteIsUsed) {
     const auto service = std::make_shared<CountingService>();
     const Resource<double> resource({.withService = service, .andDecoder = JSONDecoder()});
     load(resource);
@@ -275,7 +275,7 @@ TEST_F(ResourceTest, AServiceGivenAloneIsUsed) {
     EXPECT_TRUE(resource.isBusy());
 }
 
-TEST_F(ResourceTest, AURLOrARequestAloneGoesToTheSharedSession) {
+TEST_F(ResourceTest, AURLOrARequestWithoutAContextUsesTheSharedSession) {
     const test::Event completed;
     const auto failing = [this, completed](Outcome outcome) {
         outcomes.push_back(std::move(outcome));
@@ -309,7 +309,7 @@ TEST_F(ResourceTest, ASecondLoadDuringTheFirstIsDropped) {
     EXPECT_EQ(context.session->requests().size(), 2U);
 }
 
-TEST_F(ResourceTest, CopiesAreBusyTogether) {
+TEST_F(ResourceTest, CopiesShareOneBusyState) {
     const Resource<double> first = makeResource();
     const Resource<double> copy = first;
     int dropped = 0;
@@ -322,7 +322,7 @@ TEST_F(ResourceTest, CopiesAreBusyTogether) {
     EXPECT_EQ(dropped, 0);
 }
 
-TEST_F(ResourceTest, ACompletionFindsTheResourceIdleAndMayLoadAgain) {
+TEST_F(ResourceTest, TheResourceIsIdleInItsCompletionAndCanLoadAgain) {
     for (const std::int64_t status : {200, 500}) {
         const Resource<double> resource = makeResource();
         bool busyInside = true;
@@ -338,11 +338,11 @@ TEST_F(ResourceTest, ACompletionFindsTheResourceIdleAndMayLoadAgain) {
     }
 }
 
-TEST_F(ResourceTest, AResourceThatIsDroppedDuringALoadLivesUntilItsEnd) {
+TEST_F(ResourceTest, AResourceDestroyedDuringALoadStillCompletes) {
     EXPECT_TRUE(outcomeOf(test::answer(200, "1"))) << "the resource of this load was a temporary";
 }
 
-TEST_F(ResourceTest, AServerErrorHoldsTheNetworkError) {
+TEST_F(ResourceTest, AServerErrorContainsTheNetworkError) {
     const Outcome outcome = outcomeOf(test::answer(500, "x"));
     ASSERT_FALSE(outcome);
     const LoaderError& error = outcome.error();
@@ -356,13 +356,13 @@ TEST_F(ResourceTest, AServerErrorHoldsTheNetworkError) {
     EXPECT_EQ(error.underlyingError()->as<NetworkError>()->data(), Data("x"));
 }
 
-TEST_F(ResourceTest, A404IsTold) {
+TEST_F(ResourceTest, A404IsRecognised) {
     const Outcome outcome = outcomeOf(test::answer(404, "x"));
     ASSERT_FALSE(outcome);
     EXPECT_TRUE(outcome.error().is404Error());
 }
 
-TEST_F(ResourceTest, ABodyThatIsNoJSONFailsToDecode) {
+TEST_F(ResourceTest, ABodyThatIsNotJSONFailsToDecode) {
     const Outcome outcome = outcomeOf(test::answer(200, "{"));
     ASSERT_FALSE(outcome);
     EXPECT_EQ(outcome.error().kind(), LoaderError::Kind::failedToDecode);
@@ -371,7 +371,7 @@ TEST_F(ResourceTest, ABodyThatIsNoJSONFailsToDecode) {
     EXPECT_TRUE(outcome.error().underlyingError());
 }
 
-TEST_F(ResourceTest, ABodyOfNoBytesIsASuccessOfTheTransportAndFailsToDecode) {
+TEST_F(ResourceTest, AnEmptyBodyIsReceivedButFailsToDecode) {
     const Outcome outcome = outcomeOf(test::answer(204, ""));
     ASSERT_FALSE(outcome);
     EXPECT_EQ(outcome.error().kind(), LoaderError::Kind::failedToDecode);
@@ -386,7 +386,7 @@ TEST_F(ResourceTest, CancellingAnIdleResourceDoesNothing) {
     EXPECT_TRUE(outcomes[0]);
 }
 
-TEST_F(ResourceTest, AResourceThatWasCancelledBeforeItsStartIsFinishedAndHoldsNothing) {
+TEST_F(ResourceTest, ALoadCancelledBeforeItsStartReleasesItsCompletion) {
     auto token = std::make_shared<int>();
     const std::weak_ptr<int> held = token;
     const Resource<double> resource = makeResource();
@@ -402,7 +402,7 @@ TEST_F(ResourceTest, AResourceThatWasCancelledBeforeItsStartIsFinishedAndHoldsNo
     EXPECT_TRUE(outcomes.empty());
 }
 
-TEST_F(ResourceTest, ThePublisherGivesTheValue) {
+TEST_F(ResourceTest, ThePublisherDeliversTheValue) {
     std::vector<double> values;
     std::vector<Result<void, Error>> ends;
     const Resource<double> resource = makeResource();
@@ -434,7 +434,7 @@ TEST_F(ResourceTest, FailuresOfThePublisherAreNotWrapped) {
     EXPECT_EQ(errors[2].domain(), "NSURLErrorDomain");
 }
 
-TEST_F(ResourceTest, PublishersRunBesideALoad) {
+TEST_F(ResourceTest, PublishersRunDuringALoad) {
     const Resource<double> resource = makeResource();
     load(resource);
     ASSERT_TRUE(context.session->started.wait());
@@ -449,7 +449,7 @@ TEST_F(ResourceTest, PublishersRunBesideALoad) {
     EXPECT_EQ(context.session->requests().size(), 3U);
 }
 
-TEST_F(ResourceTest, ThePublisherOfAnOptionalGivesOneAbsentValueForEveryFailure) {
+TEST_F(ResourceTest, TheOptionalPublisherDeliversOneEmptyValueForEveryFailure) {
     const std::vector<test::Reply> failures{test::answer(500, "x"), test::answer(200, "{"),
                                             test::answer(200, "null"),
                                             test::transportFailure(NSError("NSURLErrorDomain", -1001))};
@@ -466,7 +466,7 @@ TEST_F(ResourceTest, ThePublisherOfAnOptionalGivesOneAbsentValueForEveryFailure)
     }
 }
 
-TEST_F(ResourceTest, ThePublisherOfAnOptionalGivesAnAbsentValueForNullAlsoOfATypeThatOnlyDecodingMakes) {
+TEST_F(ResourceTest, TheOptionalPublisherDeliversAnEmptyValueForNullEvenOfATypeOnlyDecodingConstructs) {
     const auto resource = Resource<Answer>::make({.with = PostURI{}}, context);
     ASSERT_TRUE(resource);
     std::vector<bool> values;
@@ -476,7 +476,7 @@ TEST_F(ResourceTest, ThePublisherOfAnOptionalGivesAnAbsentValueForNullAlsoOfATyp
     EXPECT_EQ(values, std::vector<bool>{false});
 }
 
-TEST_F(ResourceTest, ThePublisherOfAnOptionalGivesAValueThatIsThere) {
+TEST_F(ResourceTest, TheOptionalPublisherDeliversAPresentValue) {
     std::vector<std::optional<double>> values;
     const Cancellable subscription = makeResource().optionalResourceLoader().sink(
         [&values](std::optional<double> value) { values.push_back(value); });

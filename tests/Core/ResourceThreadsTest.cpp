@@ -1,4 +1,4 @@
-// A binary of its own: threads of other tests come and go, and the shared session is to be made here first.
+// A separate binary: other tests start and end threads, and this test must be the first to create the shared session.
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/HrefURI.h>
 #include <VanticRestKit/Core/Resource.h>
@@ -18,7 +18,7 @@ int threadsOfThisProcess() {
     return count;
 }
 
-TEST(Resource, MakingOneStartsNoThread) {
+TEST(Resource, ConstructionStartsNoThread) {
     const test::MinimalContext context;
     const HrefURI href({.withHref = "v2/time", .andQueryItems = {{"a", "1"}}});
     const int before = threadsOfThisProcess();

@@ -77,21 +77,21 @@ static_assert(RouteType<HrefURI>);
 
 static_assert(!RouteType<NoPath>);
 static_assert(!RouteType<PathNotConst>);
-static_assert(!RouteType<Private>, "a private member is not taken for an absent one");
+static_assert(!RouteType<Private>, "a private member does not count as an absent one");
 static_assert(!RouteType<PrivatelyInherited>);
 static_assert(!RouteType<NotConst>);
 static_assert(!RouteType<WithArguments>);
 static_assert(!RouteType<Overloaded>);
 static_assert(!RouteType<OfAnotherType>);
 static_assert(!RouteType<NamesAType>);
-static_assert(!RouteType<FinalWithout>, "what a final class hides cannot be told");
+static_assert(!RouteType<FinalWithout>, "hidden members of a final class cannot be detected");
 static_assert(!RouteType<std::string> && !RouteType<int>);
 
 static_assert(std::is_convertible_v<PathOnly, ResourceURI>);
 static_assert(!std::is_constructible_v<ResourceURI, NoPath>);
 static_assert(!std::is_constructible_v<ResourceURI, std::string>);
 
-TEST(ResourceURI, ARouteWithAPathAloneHasTheDefaults) {
+TEST(ResourceURI, ARouteWithOnlyAPathHasTheDefaults) {
     const ResourceURI route = PathOnly{};
     EXPECT_EQ(route.path(), "v2/time");
     EXPECT_TRUE(route.queryItems().empty());
@@ -99,7 +99,7 @@ TEST(ResourceURI, ARouteWithAPathAloneHasTheDefaults) {
     EXPECT_EQ(route.httpMethod(), std::nullopt);
 }
 
-TEST(ResourceURI, FieldsOfARouteMeetItsRequirements) {
+TEST(ResourceURI, FieldsSatisfyTheRequirementsOfARoute) {
     const ResourceURI route =
         AllAsFields{.path = "p", .queryItems = {{"a", "1"}}, .postData = Data("body"), .httpMethod = "PATCH"};
     EXPECT_EQ(route.path(), "p");
@@ -108,7 +108,7 @@ TEST(ResourceURI, FieldsOfARouteMeetItsRequirements) {
     EXPECT_EQ(route.httpMethod(), "PATCH");
 }
 
-TEST(ResourceURI, FunctionsOfARouteMeetItsRequirements) {
+TEST(ResourceURI, FunctionsSatisfyTheRequirementsOfARoute) {
     const ResourceURI route = AllAsFunctions{};
     EXPECT_EQ(route.path(), "p");
     EXPECT_EQ(route.queryItems(), (std::vector<URLQueryItem>{{"a", "1"}}));
@@ -122,7 +122,7 @@ TEST(ResourceURI, InheritedAndStaticMembersCount) {
     EXPECT_EQ(ResourceURI(StaticPath{}).httpMethod(), "DELETE");
 }
 
-TEST(ResourceURI, ACopyIsARouteOfItsOwn) {
+TEST(ResourceURI, ACopyIsIndependentOfTheOriginal) {
     ResourceURI first = PathOnly{};
     const ResourceURI second = first;
     first = AllAsFunctions{};

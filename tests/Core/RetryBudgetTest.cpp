@@ -12,14 +12,14 @@ int withdrawalsOf(RetryBudget& budget) {
     return count;
 }
 
-TEST(RetryBudget, BeginsWithItsReserve) {
+TEST(RetryBudget, StartsWithItsReserve) {
     RetryBudget budget;
     EXPECT_EQ(budget.balance(), RetryBudget::usualReserve);
     EXPECT_EQ(withdrawalsOf(budget), 10);
     EXPECT_EQ(budget.balance(), 0);
 }
 
-TEST(RetryBudget, TenFirstRequestsPayForOneRepetition) {
+TEST(RetryBudget, TenFirstAttemptsPayForOneRetry) {
     RetryBudget budget(0.1, 0);
     for (int i = 0; i < 9; ++i) budget.deposit();
     EXPECT_FALSE(budget.withdraw());
@@ -28,13 +28,13 @@ TEST(RetryBudget, TenFirstRequestsPayForOneRepetition) {
     EXPECT_FALSE(budget.withdraw());
 }
 
-TEST(RetryBudget, KeepsNoMoreThanItsReserve) {
+TEST(RetryBudget, NeverHoldsMoreThanItsReserve) {
     RetryBudget budget(0.5, 3);
     for (int i = 0; i < 100; ++i) budget.deposit();
     EXPECT_EQ(withdrawalsOf(budget), 3);
 }
 
-TEST(RetryBudget, AShareOfNothingAllowsTheReserveAlone) {
+TEST(RetryBudget, AShareOfZeroAllowsOnlyTheReserve) {
     RetryBudget budget(0, 2);
     for (int i = 0; i < 100; ++i) budget.deposit();
     EXPECT_EQ(withdrawalsOf(budget), 2);
@@ -42,7 +42,7 @@ TEST(RetryBudget, AShareOfNothingAllowsTheReserveAlone) {
     EXPECT_FALSE(budget.withdraw());
 }
 
-TEST(RetryBudget, NumbersBelowZeroAndThoseThatAreNoneCountAsZero) {
+TEST(RetryBudget, NegativeNumbersAndNaNCountAsZero) {
     RetryBudget negative(-1, -1);
     negative.deposit();
     EXPECT_FALSE(negative.withdraw());

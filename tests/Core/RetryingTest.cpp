@@ -30,7 +30,7 @@ protected:
     void note(const Result<Data, Error>& outcome) {
         outcomes.push_back(outcome ? std::string(outcome->view()) : std::to_string(outcome.error().code()));
     }
-    /// Lets all pauses pass.
+    /// Ends all pauses.
     void passAll() {
         while (pauses.pass()) {
         }
@@ -42,14 +42,14 @@ protected:
     std::vector<std::string> outcomes;
 };
 
-TEST_F(Retrying, ASuccessIsDeliveredAndNothingIsRepeated) {
+TEST_F(Retrying, ASuccessIsDeliveredWithoutARetry) {
     script({200});
     decorated()->fetch({.with = seen()});
     EXPECT_EQ(outcomes, (std::vector<std::string>{"body"}));
     EXPECT_EQ(pauses.waiting(), 0u);
 }
 
-TEST_F(Retrying, AFailureThatMayPassIsRepeatedAfterAPause) {
+TEST_F(Retrying, ATemporaryFailureIsRetriedAfterAPause) {
     script({503, 200});
     const auto retried = decorated();
     retried->fetch({.with = seen()});
@@ -59,7 +59,7 @@ TEST_F(Retrying, AFailureThatMayPassIsRepeatedAfterAPause) {
     EXPECT_EQ(outcomes, (std::vector<std::string>{"body"}));
 }
 
-TEST_F(Retrying, TheLastFailureIsDeliveredAsItCame) {
+TEST_F(Retrying, TheLastFailureIsDeliveredUnchanged) {
     script({503, 500, 504, 200});
     const auto retried = decorated();
     retried->fetch({.with = seen()});
@@ -68,14 +68,14 @@ TEST_F(Retrying, TheLastFailureIsDeliveredAsItCame) {
     EXPECT_EQ(service->forms.size(), 3u);
 }
 
-TEST_F(Retrying, AFailureThatDoesNotPassIsNotRepeated) {
+TEST_F(Retrying, APermanentFailureIsNotRetried) {
     script({404, 200});
     decorated()->fetch({.with = seen()});
     EXPECT_EQ(outcomes, (std::vector<std::string>{"404"}));
     EXPECT_EQ(pauses.waiting(), 0u);
 }
 
-TEST_F(Retrying, EachFormIsRepeatedInItsOwnForm) {
+TEST_F(Retrying, EachFormIsRetriedInTheSameForm) {
     policy.attempts = 2;
     const auto retried = decorated();
     script({503, 200, 503, 200, 503, 200});
@@ -93,7 +93,7 @@ TEST_F(Retrying, EachFormIsRepeatedInItsOwnForm) {
     EXPECT_EQ(outcomes, (std::vector<std::string>{"body", "body", "body", "end"}));
 }
 
-TEST_F(Retrying, APublisherRepeatsForEachSubscriptionAnew) {
+TEST_F(Retrying, APublisherRetriesSeparatelyForEachSubscription) {
     policy.attempts = 2;
     const AnyPublisher<Data> publisher = decorated()->fetch();
     EXPECT_TRUE(service->forms.empty());
@@ -108,26 +108,26 @@ TEST_F(Retrying, APublisherRepeatsForEachSubscriptionAnew) {
     EXPECT_EQ(service->forms.size(), 4u);
 }
 
-TEST_F(Retrying, OnlyWhatIsSafeIsRepeated) {
+TEST_F(Retrying, OnlySafeMethodsAreRetriedByDefault) {
     EXPECT_NE(decorated("GET"), service);
     EXPECT_NE(decorated("HEAD"), service);
     for (const char* method : {"PUT", "DELETE", "POST", "PATCH", "get"})
         EXPECT_EQ(decorated(method), service);
 }
 
-TEST_F(Retrying, PutAndDeleteAreRepeatedIfThePolicySaysSo) {
+TEST_F(Retrying, PutAndDeleteAreRetriedIfThePolicyAllowsIt) {
     policy.repeatsPutAndDelete = true;
     EXPECT_NE(decorated("PUT"), service);
     EXPECT_NE(decorated("DELETE"), service);
     EXPECT_EQ(decorated("POST"), service);
 }
 
-TEST_F(Retrying, APolicyOfOneAttemptGivesTheServiceItself) {
+TEST_F(Retrying, APolicyOfOneAttemptDoesNotDecorateTheService) {
     policy.attempts = 1;
     EXPECT_EQ(decorated(), service);
 }
 
-TEST_F(Retrying, PausesDoubleUpToTheLongest) {
+TEST_F(Retrying, PausesDoubleUpToTheMaximum) {
     policy.attempts = 6;
     policy.maxPause = std::chrono::seconds(3);
     script({503, 503, 503, 503, 503, 503});
@@ -137,7 +137,7 @@ TEST_F(Retrying, PausesDoubleUpToTheLongest) {
     EXPECT_EQ(pauses.lengths, (Lengths{0.25, 0.5, 1, 1.5, 1.5}));
 }
 
-TEST_F(Retrying, APauseIsBetweenHalfAndTheWholeOfItsLength) {
+TEST_F(Retrying, ThePauseIsRandomBetweenHalfAndItsFullLength) {
     pauses.random = 0.5;
     script({503, 503, 503});
     const auto retried = decorated();
@@ -160,13 +160,13 @@ TEST_F(Retrying, APauseIsAtLeastAsLongAsTheServiceAsks) {
     EXPECT_EQ(outcomes, (std::vector<std::string>{"body"}));
 }
 
-TEST_F(Retrying, AServiceThatAsksForTooLongAPauseIsNotAskedAgain) {
+TEST_F(Retrying, ATooLongRetryAfterEndsTheRetries) {
     service->script.emplace_back(Failure(statusError(503, {{"Retry-After", "31"}})));
     decorated()->fetch({.with = seen()});
     EXPECT_EQ(outcomes, (std::vector<std::string>{"503"}));
 }
 
-TEST_F(Retrying, TheSpreadAfterARetryAfterStaysWithinTheLongestPause) {
+TEST_F(Retrying, TheJitterAfterARetryAfterStaysWithinTheMaximumPause) {
     pauses.random = 0.9;
     service->script.emplace_back(Failure(statusError(503, {{"Retry-After", "30"}})));
     const auto retried = decorated();
@@ -187,7 +187,7 @@ TEST_F(Retrying, CopiesOfAPolicyShareItsBudget) {
     EXPECT_EQ(outcomes, (std::vector<std::string>{"503", "503"}));
 }
 
-TEST_F(Retrying, FirstAttemptsFillTheBudgetAndRepetitionsDoNot) {
+TEST_F(Retrying, FirstAttemptsFillTheBudgetAndRetriesDoNot) {
     policy.budget = std::make_shared<RetryBudget>(0.5, 2);
     while (policy.budget->withdraw()) {
     }
@@ -202,14 +202,14 @@ TEST_F(Retrying, FirstAttemptsFillTheBudgetAndRepetitionsDoNot) {
     EXPECT_EQ(policy.budget->balance(), 0.5);
 }
 
-TEST_F(Retrying, AFailureThatIsNotRepeatedCostsTheBudgetNothing) {
+TEST_F(Retrying, AFailureThatIsNotRetriedDoesNotUseTheBudget) {
     policy.budget = std::make_shared<RetryBudget>(0, 1);
     script({404});
     decorated()->fetch({.with = seen()});
     EXPECT_EQ(policy.budget->balance(), 1);
 }
 
-TEST_F(Retrying, WithoutABudgetTheAttemptsAreTheLimit) {
+TEST_F(Retrying, WithoutABudgetOnlyTheNumberOfAttemptsLimitsRetries) {
     policy.budget = nullptr;
     policy.attempts = 20;
     for (int i = 0; i < 20; ++i) script({503});
@@ -251,7 +251,7 @@ TEST_F(Retrying, AFailureAfterACancelStartsNoPause) {
     EXPECT_TRUE(outcomes.empty());
 }
 
-TEST_F(Retrying, ASubscriptionThatIsCancelledInAPauseEndsAtOnce) {
+TEST_F(Retrying, ASubscriptionCancelledDuringAPauseEndsAtOnce) {
     script({503});
     {
         const Cancellable subscription = decorated()->fetch().sink([](const Data&) {});
@@ -260,7 +260,7 @@ TEST_F(Retrying, ASubscriptionThatIsCancelledInAPauseEndsAtOnce) {
     EXPECT_EQ(pauses.waiting(), 0u);
 }
 
-TEST_F(Retrying, ALoadThatIsDetachedGoesOn) {
+TEST_F(Retrying, ADetachedLoadContinues) {
     script({503, 200});
     const auto retried = decorated();
     retried->start({.with = seen()}).detach();
@@ -268,14 +268,14 @@ TEST_F(Retrying, ALoadThatIsDetachedGoesOn) {
     EXPECT_EQ(outcomes, (std::vector<std::string>{"body"}));
 }
 
-TEST_F(Retrying, AStartKeepsTheServiceUntilItsOutcome) {
+TEST_F(Retrying, AStartKeepsTheServiceAliveUntilItsOutcome) {
     script({503, 200});
     const Cancellable load = decorated()->start({.with = seen()});
     passAll();
     EXPECT_EQ(outcomes, (std::vector<std::string>{"body"}));
 }
 
-TEST_F(Retrying, AFetchWhoseServiceHasGoneEndsWithItsLastFailure) {
+TEST_F(Retrying, AFetchWhoseServiceWasDestroyedEndsWithItsLastFailure) {
     script({503, 200});
     decorated()->fetch({.with = seen()});
     passAll();
@@ -283,14 +283,14 @@ TEST_F(Retrying, AFetchWhoseServiceHasGoneEndsWithItsLastFailure) {
     EXPECT_EQ(service->forms.size(), 1u);
 }
 
-TEST_F(Retrying, QueueAndEarlyEndsAreThoseOfTheService) {
+TEST_F(Retrying, TheQueueAndEarlyEndsComeFromTheService) {
     const auto retried = decorated();
     EXPECT_EQ(retried->deliveryQueue(), service->queue);
     EXPECT_EQ(retried->endedEarly(URLErrorCode::timedOut).domain(), "early");
     EXPECT_EQ(retried->endedEarly(URLErrorCode::timedOut).code(), -1001);
 }
 
-TEST_F(Retrying, TheRecordOfEachAttemptHasItsNumberInEachForm) {
+TEST_F(Retrying, TheMetricsOfEachAttemptHaveItsNumberInEachForm) {
     std::vector<std::int64_t> attempts;
     const MetricsReceiver metrics = [&attempts](const RequestMetrics& record) {
         attempts.push_back(record.attempt);
@@ -310,7 +310,7 @@ TEST_F(Retrying, TheRecordOfEachAttemptHasItsNumberInEachForm) {
     EXPECT_EQ(attempts, (std::vector<std::int64_t>{1, 2}));
 }
 
-TEST_F(Retrying, ACompletionIsDroppedOnceItWasCalledOrCancelled) {
+TEST_F(Retrying, ACompletionIsReleasedOnceItWasCalledOrCancelled) {
     const auto held = std::make_shared<int>(0);
     script({503});
     const auto retried = decorated();

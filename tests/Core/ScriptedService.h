@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// A service whose attempts a test ends one by one, and an environment of retries whose clock a test moves.
+/// A service whose attempts a test ends one by one, and a retry environment whose pauses a test ends.
 
 #include <VanticRestKit/Core/NetworkError.h>
 #include <VanticRestKit/Core/Retrying.h>
@@ -30,7 +30,7 @@ inline Error statusError(std::int64_t status, HTTPURLResponse::HeaderFields head
     return NetworkError::httpError(request, response, std::nullopt);
 }
 
-/// Answers at once what `script` holds next; keeps an attempt open if that is empty. On one thread.
+/// Answers at once with the next outcome of `script`, or keeps the attempt open if `script` is empty. For one thread.
 class ScriptedService final : public Serviceable {
 public:
     using Outcome = Result<Data, Error>;
@@ -64,7 +64,7 @@ public:
         return NSError("early", static_cast<std::int64_t>(code));
     }
 
-    /// Ends the oldest attempt that is open.
+    /// Ends the oldest open attempt.
     void answer(Outcome outcome) {
         Completion completion = std::move(open.front());
         open.pop_front();
@@ -92,13 +92,13 @@ private:
     }
 };
 
-/// The pauses of retries: each is kept until the test lets it pass. On one thread.
+/// The pauses between retries. Each lasts until the test ends it. For one thread.
 class ManualPauses {
 public:
     ManualPauses() = default;
     ManualPauses(const ManualPauses&) = delete;
     ManualPauses& operator=(const ManualPauses&) = delete;
-    /// A block that goes may cancel its own pause.
+    /// Destroying a block may cancel its own pause, so the map must be empty by then.
     ~ManualPauses() { const std::map<std::size_t, Block> dropped = std::exchange(waiting_, {}); }
 
     RetryEnvironment environment() {
@@ -113,7 +113,7 @@ public:
                     }};
     }
 
-    /// Ends the oldest pause; whether there was one.
+    /// Ends the oldest pause. False if there is none.
     bool pass() {
         if (waiting_.empty()) return false;
         Block block = std::move(waiting_.begin()->second);
@@ -124,7 +124,7 @@ public:
     std::size_t waiting() const { return waiting_.size(); }
 
     Date now{};
-    /// The least pause is half as long as the greatest.
+    /// 0 gives the shortest pause, half as long as the longest.
     double random = 0;
     std::vector<double> lengths;
 

@@ -10,7 +10,7 @@
 namespace VanticRestKit {
 namespace {
 
-/// A service that overrides the callback half alone and answers at once.
+/// A service that overrides only the callback functions and answers at once.
 class SmallService final : public Serviceable {
 public:
     using Serviceable::fetch;
@@ -48,7 +48,7 @@ TEST(Serviceable, ADefaultPublisherDeliversTheErrorOfTheRequest) {
     EXPECT_EQ(seenOf(service.fetch()), std::vector<std::string>{"D"});
 }
 
-TEST(Serviceable, TheCallbackHalfAloneServesAStartThatCanBeCancelled) {
+TEST(Serviceable, TheDefaultStartIsBuiltOnTheCallbackAndCanBeCancelled) {
     SmallService service(Data("5"));
     std::string seen;
     const Cancellable handle =
@@ -56,7 +56,7 @@ TEST(Serviceable, TheCallbackHalfAloneServesAStartThatCanBeCancelled) {
     EXPECT_EQ(seen, "5");
 }
 
-TEST(Serviceable, APublisherOfALoaderKeepsTheServiceAlive) {
+TEST(Serviceable, ALoadersPublisherKeepsTheServiceAlive) {
     const auto publisher = Loader<double>::make({.with = std::make_shared<SmallService>(Data("5"))})
                                ->load({.decoder = JSONDecoder()});
     double seen = 0;

@@ -1,4 +1,4 @@
-// What resources send over the shared session, to a server of the test's own.
+// What resources send over the shared session to the test's own server.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/NetworkServiceble.h>
@@ -28,7 +28,7 @@ void serve(test::FaultConnection& connection) {
     }
 }
 
-/// Makes no service of its own, so that its resources use the shared session.
+/// Does not override the service, so that its resources use the shared session.
 class HostContext final : public virtual Context {
 public:
     explicit HostContext(URL base) : base_(std::move(base)) {}
@@ -74,7 +74,7 @@ protected:
         return outcome;
     }
 
-    /// The values of a publisher, and whether it ended well.
+    /// The values of a publisher, and whether it finished without an error.
     template <class T, class E>
     std::pair<std::vector<T>, bool> allOf(const AnyPublisher<T, E>& publisher) const {
         const test::Event ended;
@@ -90,14 +90,14 @@ protected:
         return {values, isGood};
     }
 
-    /// The connection that the last request came on.
+    /// The connection on which the last request arrived.
     std::size_t lastConnection() const { return server.requests().back().connection; }
 
     test::FaultServer server{serve};
     HostContext context{at("/")};
 };
 
-TEST_F(SharedSession, SendsTheRequestThatAResourceIsMadeOf) {
+TEST_F(SharedSession, SendsTheRequestOfAResource) {
     URLRequest request(at("/number?q=x"));
     request.setHTTPMethod("PATCH");
     request.setValue("yes", "X-Mine");
@@ -114,7 +114,7 @@ TEST_F(SharedSession, SendsTheRequestThatAResourceIsMadeOf) {
     EXPECT_EQ(sent.body, "body");
 }
 
-TEST_F(SharedSession, SendsTheRouteWhoseServiceIsIgnored) {
+TEST_F(SharedSession, SendsTheRequestOfAResourceWhoseGivenServiceIsIgnored) {
     const auto resource = Resource<double>::make(
         {.with = NumberRoute{}, .service = std::shared_ptr<Serviceable>(), .andDecoder = JSONDecoder()},
         context);
@@ -138,7 +138,7 @@ TEST_F(SharedSession, SendsAPlainGetOf60SecondsForAURL) {
     EXPECT_FALSE(service->logError());
 }
 
-TEST_F(SharedSession, IsTheSessionOfTheSharedInstance) {
+TEST_F(SharedSession, IsUsedByTheSharedInstance) {
     const test::Event answered;
     const auto task = NetworkURLSession::sharedInstance().urlSesion->dataTask(
         URLRequest(at("/number")),
@@ -158,14 +158,14 @@ TEST_F(SharedSession, PublishesAValue) {
     EXPECT_EQ(server.requests().front().header("x-key"), "k");
 }
 
-TEST_F(SharedSession, PublishesAFailureAsItIsAndReportsIt) {
+TEST_F(SharedSession, PublishesAnUnchangedFailureAndReportsIt) {
     const auto [values, isGood] = allOf(resourceAt("fault").resourceLoader());
     EXPECT_TRUE(values.empty());
     EXPECT_FALSE(isGood);
     EXPECT_TRUE(context.reports.wait());
 }
 
-TEST_F(SharedSession, PublishesAnOptionalForWhateverComes) {
+TEST_F(SharedSession, PublishesAnOptionalForEveryOutcome) {
     const auto number = allOf(resourceAt("number").optionalResourceLoader());
     EXPECT_EQ(number.first, std::vector<std::optional<double>>{1.5});
     for (const char* const path : {"null", "fault"}) {
@@ -181,7 +181,7 @@ TEST_F(SharedSession, SendsNothingForAPublisherWithoutASubscriber) {
     EXPECT_EQ(server.requests().size(), 1U);
 }
 
-TEST_F(SharedSession, RaisesTheActivityCounterWhenAPublisherIsAskedFor) {
+TEST_F(SharedSession, RaisesTheActivityCounterWhenAPublisherIsRequested) {
     test::zeroActivityCounter();
     const Resource<double> resource = resourceAt("number");
     const AnyPublisher<double> publisher = resource.resourceLoader();
@@ -193,7 +193,7 @@ TEST_F(SharedSession, RaisesTheActivityCounterWhenAPublisherIsAskedFor) {
     (void)allOf(optionalPublisher);
     EXPECT_EQ(test::activityCounter(), 0);
     (void)allOf(resourceAt("fault").optionalResourceLoader());
-    EXPECT_EQ(test::activityCounter(), -1) << "an answer that is a failure lowers the counter twice";
+    EXPECT_EQ(test::activityCounter(), -1) << "a failure status lowers the counter twice";
     test::zeroActivityCounter();
 }
 

@@ -19,7 +19,7 @@ namespace {
 using test::RecordingObserver;
 using Clock = std::chrono::steady_clock;
 
-/// An observer with a share of a quarter, whose random numbers and clock the test sets.
+/// An observer that samples a quarter of the documents. The test sets its random numbers and its clock.
 struct Sampled {
     explicit Sampled(double share, std::uint64_t bytesPerMinute = 1000)
         : observer(std::make_shared<RecordingObserver>(ObserverOptions{
@@ -29,13 +29,13 @@ struct Sampled {
               .now = [seconds =
                           second]() { return Clock::time_point(std::chrono::seconds(seconds->load())); }})) {}
 
-    /// Explains a document with that number of failures and waits until it was, or was skipped.
+    /// Passes a document to the sampler and waits until it was explained or skipped.
     void explain(const std::string& document) const {
         const auto& sampler = observer->sampler();
         sampler->explain(
             observer, {.typeName = "T", .bodySize = document.size()}, Data(document),
             [](const Data& body) { return diagnose<std::vector<FailableCodable<double>>>(body); });
-        // The queue of the sampler is serial.
+        // The sampler's queue is serial, so this block runs after the explanation.
         const test::Event done;
         sampler->afterAll([done] { done.signal(); });
         ASSERT_TRUE(done.wait());
@@ -46,7 +46,7 @@ struct Sampled {
     std::shared_ptr<RecordingObserver> observer;
 };
 
-TEST(ToleranceSampler, IsAbsentUnlessAShareIsAskedFor) {
+TEST(ToleranceSampler, IsAbsentByDefault) {
     EXPECT_EQ(RecordingObserver().sampler(), nullptr);
     EXPECT_EQ(ObserverOptions().explainedShare, 0);
     EXPECT_NE(Sampled(0.25).observer->sampler(), nullptr);
@@ -61,7 +61,7 @@ TEST(ToleranceSampler, ChoosesADocumentIfTheRandomNumberIsBelowTheShare) {
     EXPECT_FALSE(sampled.observer->sampler()->choosesNext());
 }
 
-TEST(ToleranceSampler, ChoosesAboutTheShareByItsOwnRandomNumbers) {
+TEST(ToleranceSampler, ChoosesAboutTheShareWithItsOwnRandomNumbers) {
     const RecordingObserver observer(ObserverOptions{.explainedShare = 0.25});
     int chosen = 0;
     for (int i = 0; i < 10'000; ++i) chosen += observer.sampler()->choosesNext() ? 1 : 0;
@@ -72,7 +72,7 @@ TEST(ToleranceSampler, ChoosesAboutTheShareByItsOwnRandomNumbers) {
     for (int i = 0; i < 1000; ++i) EXPECT_TRUE(always.sampler()->choosesNext());
 }
 
-TEST(ToleranceSampler, ListsWhatWasSwallowed) {
+TEST(ToleranceSampler, ListsTheDroppedValues) {
     const Sampled sampled(1);
     sampled.explain("[1,\"two\",3]");
     sampled.explain("[1]");
@@ -85,13 +85,13 @@ TEST(ToleranceSampler, ListsWhatWasSwallowed) {
     EXPECT_TRUE(documents[1].faults.empty());
 }
 
-TEST(ToleranceSampler, SkipsWhatExceedsTheLimitOfTheMinute) {
+TEST(ToleranceSampler, SkipsDocumentsBeyondTheLimitPerMinute) {
     const Sampled sampled(1, 10);
     sampled.explain("[1,2,3]");
     sampled.explain("[1,2,3]");
     EXPECT_EQ(sampled.observer->documents().size(), 1U);
     sampled.explain("[1]");
-    EXPECT_EQ(sampled.observer->documents().size(), 2U) << "it fits into what is left";
+    EXPECT_EQ(sampled.observer->documents().size(), 2U) << "it fits into the rest of the limit";
     *sampled.second = 59;
     sampled.explain("[1]");
     EXPECT_EQ(sampled.observer->documents().size(), 2U);

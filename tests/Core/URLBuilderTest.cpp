@@ -37,7 +37,7 @@ URLRequest builtWith(const Headers& headers, std::optional<std::string> method, 
     return request.value_or(URLRequest(test::url("https://nothing.test")));
 }
 
-TEST(URLBuilder, BuildsTheURLsThatThePlatformBuilds) {
+TEST(URLBuilder, BuildsTheSameURLsAsThePlatform) {
     for (const auto& line : test::vectors("url_build.jsonl")) {
         const auto& in = line["in"];
         Queries queries;
@@ -64,7 +64,7 @@ TEST(URLBuilder, QueryItemsFollowTheBaseQueryInOrder) {
               "https://api.example.test/x?k=v&b=2&a=1");
 }
 
-TEST(URLBuilder, TheBaseQueryStaysWithoutQueryItems) {
+TEST(URLBuilder, TheBaseQueryIsKeptWithoutQueryItems) {
     EXPECT_EQ(builtURL("https://api.example.test/?k=v%26w", "x"), "https://api.example.test/x?k=v%26w");
 }
 
@@ -93,19 +93,19 @@ TEST(URLBuilder, NoHeaderIsAddedThatWasNotGiven) {
               (Headers{{"Accept", "a"}, {"X-Key", "b"}}));
 }
 
-TEST(URLBuilder, NamesThatDifferInCaseAreJoinedByTheRequest) {
+TEST(URLBuilder, HeaderNamesThatDifferInCaseAreJoinedByTheRequest) {
     const URLRequest request = builtWith({{"X-Key", "1"}, {"x-key", "2"}}, std::nullopt, std::nullopt, 30);
     EXPECT_EQ(request.value("X-KEY"), "1,2");
     EXPECT_EQ(request.allHTTPHeaderFields().size(), 1U);
 }
 
-TEST(URLBuilder, AnAbsentMethodIsGETAlsoWithABody) {
+TEST(URLBuilder, TheDefaultMethodIsGETEvenWithABody) {
     const URLRequest request = builtWith({}, std::nullopt, Data("body"), 30);
     EXPECT_EQ(request.httpMethod(), "GET");
     EXPECT_EQ(request.httpBody(), Data("body"));
 }
 
-TEST(URLBuilder, MethodAndBodyGoOutAsGiven) {
+TEST(URLBuilder, MethodAndBodyAreSentAsGiven) {
     const URLRequest request = builtWith({}, "PATCH", Data(""), 30);
     EXPECT_EQ(request.httpMethod(), "PATCH");
     EXPECT_EQ(request.httpBody(), Data(""));

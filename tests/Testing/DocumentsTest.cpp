@@ -24,7 +24,7 @@ TEST(DocumentsTest, ListsOfShowsAndVideosAreFilled) {
     EXPECT_TRUE(nowAndNext().decoded());
 }
 
-TEST(DocumentsTest, NavigationNoticesAndTheRestDecode) {
+TEST(DocumentsTest, NavigationNoticesAndTheOtherDocumentsDecode) {
     EXPECT_TRUE(aNavigationList().decoded());
     EXPECT_TRUE(aNavigationList("categories").decoded());
     EXPECT_TRUE(aMainMenu().decoded());
@@ -38,7 +38,7 @@ TEST(DocumentsTest, NavigationNoticesAndTheRestDecode) {
     EXPECT_TRUE(audienceSegments().decoded());
 }
 
-TEST(DocumentsTest, TheRecordsOfAUserAreThoseOfTheService) {
+TEST(DocumentsTest, TheRecordsOfAUserMatchTheService) {
     const auto history = aHistoryResponse().value();
     ASSERT_TRUE(history.data);
     ASSERT_EQ(history.data->size(), 2U);
@@ -49,7 +49,7 @@ TEST(DocumentsTest, TheRecordsOfAUserAreThoseOfTheService) {
     EXPECT_TRUE(aDatasetResponse().decoded());
 }
 
-TEST(DocumentsTest, TokensAreGoodForAsLongAsTheTestSays) {
+TEST(DocumentsTest, TokensAreValidForAsLongAsTheTestSays) {
     const Date now = std::chrono::system_clock::now();
     EXPECT_GT(aTokenResponse().value().auth->expiry, now);
     EXPECT_LT(aTokenResponse(std::chrono::seconds(-10)).value().auth->expiry, now);

@@ -19,7 +19,7 @@ TEST(ManualClockTest, DoesNotMoveUntilItIsAdvanced) {
     EXPECT_EQ(clock.now(), start + ManualClock::Seconds(1.5));
 }
 
-TEST(ManualClockTest, CallsWhatComesDueInTheOrderOfTimeAtItsTime) {
+TEST(ManualClockTest, RunsTimersInOrderEachAtItsOwnTime) {
     ManualClock clock(Date(ManualClock::Seconds(0)));
     std::string calls;
     const auto call = [&](const char* name) {
@@ -36,7 +36,7 @@ TEST(ManualClockTest, CallsWhatComesDueInTheOrderOfTimeAtItsTime) {
     EXPECT_EQ(clock.pending(), 1U);
 }
 
-TEST(ManualClockTest, DrivesTheDelaysOfQueues) {
+TEST(ManualClockTest, ControlsTheDelaysOfQueues) {
     ManualExecutor executor;
     ManualClock clock;
     bool hasRun = false;
@@ -48,14 +48,14 @@ TEST(ManualClockTest, DrivesTheDelaysOfQueues) {
     EXPECT_TRUE(hasRun);
 }
 
-TEST(ManualClockTest, GivesTheLibraryTheSystemsClockAgain) {
+TEST(ManualClockTest, RestoresTheSystemClockWhenDestroyed) {
     ManualExecutor executor;
     const auto held = std::make_shared<int>();
     {
         ManualClock clock;
         executor.queue().asyncAfter(2s, [held] {});
     }
-    EXPECT_EQ(held.use_count(), 1) << "what had not come due is dropped";
+    EXPECT_EQ(held.use_count(), 1) << "timers that were not due are dropped";
     bool hasRun = false;
     executor.queue().asyncAfter(1ms, [&] { hasRun = true; });
     EXPECT_TRUE(executor.runUntil([&] { return hasRun; }));

@@ -20,7 +20,7 @@ TEST(ManualExecutorTest, RunsNothingByItself) {
     EXPECT_FALSE(executor.runOne());
 }
 
-TEST(ManualExecutorTest, RunsBlocksInTheOrderOfPostingOnTheCallingThread) {
+TEST(ManualExecutorTest, RunsBlocksInOrderOnTheCallingThread) {
     ManualExecutor executor;
     std::vector<int> order;
     std::vector<std::thread::id> threads;
@@ -35,7 +35,7 @@ TEST(ManualExecutorTest, RunsBlocksInTheOrderOfPostingOnTheCallingThread) {
     EXPECT_EQ(threads, std::vector<std::thread::id>(3, std::this_thread::get_id()));
 }
 
-TEST(ManualExecutorTest, RunAllRunsWhatBlocksPost) {
+TEST(ManualExecutorTest, RunAllAlsoRunsBlocksPostedByBlocks) {
     ManualExecutor executor;
     std::string order;
     executor.queue().async([&] {
@@ -46,7 +46,7 @@ TEST(ManualExecutorTest, RunAllRunsWhatBlocksPost) {
     EXPECT_EQ(order, "ab");
 }
 
-TEST(ManualExecutorTest, BlocksSeeThatTheirQueueIsCurrent) {
+TEST(ManualExecutorTest, TheQueueIsCurrentInItsBlocks) {
     ManualExecutor executor;
     bool isCurrent = false;
     executor.queue().async([&] { isCurrent = executor.queue().isCurrent(); });
@@ -63,7 +63,7 @@ TEST(ManualExecutorTest, WaitsForBlocksFromOtherThreads) {
     other.join();
 }
 
-TEST(ManualExecutorTest, GivesUpIfNothingComes) {
+TEST(ManualExecutorTest, StopsWaitingIfNoBlockArrives) {
     ManualExecutor executor;
     EXPECT_FALSE(executor.runUntil([] { return false; }, std::chrono::milliseconds(1)));
 }

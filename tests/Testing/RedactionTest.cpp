@@ -4,7 +4,7 @@
 namespace VanticRestKit::Testing {
 namespace {
 
-TEST(RedactionTest, HidesTheHeadersThatCarrySecrets) {
+TEST(RedactionTest, HidesHeadersThatContainSecrets) {
     const Redaction redaction;
     for (const char* name : {"Authorization", "cookie", "Set-Cookie", "X-API-Key", "X-Access-Token"}) {
         EXPECT_EQ(redaction.header(name, "secret value"), "REDACTED") << name;
@@ -21,7 +21,7 @@ TEST(RedactionTest, HidesQueryItemsAndFormFields) {
     EXPECT_EQ(redaction.body("a=1&password=x", "text/plain"), "a=1&password=x");
 }
 
-TEST(RedactionTest, HidesTokensAtAnyDepthOfABodyAndKeepsThemGood) {
+TEST(RedactionTest, HidesTokensAtAnyDepthOfABodyAndExtendsTheirExpiry) {
     EXPECT_EQ(
         Redaction().body(
             R"({"data":[1],"auth":{"access_token":"a","refresh_token":"b","token_type":"Bearer","expiry":1.5}})",
@@ -29,12 +29,12 @@ TEST(RedactionTest, HidesTokensAtAnyDepthOfABodyAndKeepsThemGood) {
         R"({"data":[1],"auth":{"access_token":"REDACTED","refresh_token":"REDACTED","token_type":"Bearer","expiry":4102444800.0}})");
 }
 
-TEST(RedactionTest, ABodyWithoutSecretsKeepsItsBytes) {
+TEST(RedactionTest, ABodyWithoutSecretsIsUnchanged) {
     constexpr const char* body = R"({ "big": 123456789012345678901234567890, "one": 1.0 })";
     EXPECT_EQ(Redaction().body(body, "application/json"), body);
 }
 
-TEST(RedactionTest, HidesFurtherNamesOfTheHost) {
+TEST(RedactionTest, HidesAdditionalNamesGivenByTheHost) {
     const Redaction redaction({"UID"});
     EXPECT_EQ(redaction.query("uid=1&uids=2"), "uid=REDACTED&uids=2");
 }

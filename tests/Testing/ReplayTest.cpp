@@ -17,7 +17,7 @@
 namespace VanticRestKit::Testing {
 namespace {
 
-/// A folder of its own for each test, and a session that is recorded into it and replayed from it.
+/// A separate folder for each test, with a session that is recorded into it and replayed from it.
 class ReplayTest : public ::testing::Test {
 protected:
     ReplayTest() {
@@ -88,7 +88,7 @@ TEST_F(ReplayTest, RecordsAReadableFileForEachRequest) {
               "\"/v\"\n    }\n  }\n}");
 }
 
-TEST_F(ReplayTest, ReplaysWhatWasRecordedInItsOrder) {
+TEST_F(ReplayTest, ReplaysTheRecordedResponsesInOrder) {
     service.on("/v2/video/HL0101")
         .answer(Answer::status(503).withHeader("Retry-After", "5"))
         .answer(aVideo().titled("First"))
@@ -115,7 +115,7 @@ TEST_F(ReplayTest, ReplaysWhatWasRecordedInItsOrder) {
     EXPECT_EQ(replay.problems(), "");
 }
 
-TEST_F(ReplayTest, AnUnknownRequestFailsWithItsNameAndTheNearest) {
+TEST_F(ReplayTest, AnUnknownRequestFailsAndNamesTheNearestRecording) {
     service.on("/v2/video/*").answer(aVideo());
     static_cast<void>(load(recording(), "HL0101"));
     const Replay replay(folder);
@@ -151,7 +151,7 @@ TEST_F(ReplayTest, TheSessionOfAUserIsReplayedWithoutItsTokens) {
     EXPECT_EQ(replay.problems(), "");
 }
 
-TEST_F(ReplayTest, RequestsAreToldApartByTheirBodies) {
+TEST_F(ReplayTest, RequestsAreDistinguishedByTheirBodies) {
     const auto ask = [&](const std::shared_ptr<NetworkSession>& session, const char* body) {
         URLRequest request(URL("https://service.test/v2/thing"));
         request.setHTTPMethod("POST");

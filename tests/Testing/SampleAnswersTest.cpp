@@ -9,7 +9,7 @@
 namespace VanticRestKit::Testing {
 namespace {
 
-TEST(SampleAnswersTest, AnswersAWholeHostWithoutASocket) {
+TEST(SampleAnswersTest, AnswersAllRequestsOfAHostWithoutASocket) {
     ManualExecutor executor;
     ScriptedService service(executor);
     service.on("/**").answerBy(SampleAnswers());

@@ -21,7 +21,7 @@ using Outcome = Result<Video, LoaderError>;
 
 constexpr const char* video = R"({"title":"A","_links":{"self":{"href":"/video/1"}}})";
 
-/// A script, and loads whose whole life is on the thread of the test.
+/// A script, and loads that run entirely on the test's thread.
 class ScriptedServiceTest : public ::testing::Test {
 protected:
     Cancellable load(const std::string& houseNumber, LoadOptions options = {}) {
@@ -32,7 +32,7 @@ protected:
         });
     }
 
-    /// The only outcome so far, which has to be a failure of the request.
+    /// The error of the only outcome so far, which must be a failed request.
     NetworkError failure() {
         EXPECT_EQ(outcomes.size(), 1U);
         const NetworkError* error = outcomes.empty() || outcomes.front()
@@ -49,7 +49,7 @@ protected:
     std::vector<Outcome> outcomes;
 };
 
-TEST_F(ScriptedServiceTest, AnswersByPathOnTheThreadOfTheTest) {
+TEST_F(ScriptedServiceTest, AnswersByPathOnTheTestsThread) {
     service.on("GET /v2/video/1").answer(video);
     const auto one = load("1");
     EXPECT_TRUE(outcomes.empty()) << "nothing is delivered before the executor runs";
@@ -60,7 +60,7 @@ TEST_F(ScriptedServiceTest, AnswersByPathOnTheThreadOfTheTest) {
     EXPECT_EQ(service.problems(), "");
 }
 
-TEST_F(ScriptedServiceTest, GivesTheAnswersOfARuleInTurnAndRepeatsTheLast) {
+TEST_F(ScriptedServiceTest, UsesTheAnswersOfARuleInTurnAndRepeatsTheLast) {
     service.on("/v2/video/*").answer(Answer::status(500)).answer(video);
     for (int i = 0; i < 3; ++i) load("1").detach();
     executor.runAll();
@@ -70,7 +70,7 @@ TEST_F(ScriptedServiceTest, GivesTheAnswersOfARuleInTurnAndRepeatsTheLast) {
     EXPECT_TRUE(outcomes[2]);
 }
 
-TEST_F(ScriptedServiceTest, AnswersByOrderWhatNoRuleIsFor) {
+TEST_F(ScriptedServiceTest, AnswersRequestsWithoutARuleInOrder) {
     service.on("/v2/video/2").answer(R"({"title":"by rule","_links":{"self":{"href":"/video/2"}}})");
     service.answerNext(video);
     service.answerNext(Answer::status(404));
@@ -83,7 +83,7 @@ TEST_F(ScriptedServiceTest, AnswersByOrderWhatNoRuleIsFor) {
     EXPECT_EQ(service.problems(), "");
 }
 
-TEST_F(ScriptedServiceTest, StatusesAndHeadersAreJudgedAsThoseOfTheNetwork) {
+TEST_F(ScriptedServiceTest, StatusesAndHeadersAreHandledAsFromTheNetwork) {
     service.on("/v2/video/1")
         .answer(Answer(R"({"why":"busy"})").withStatus(503).withHeader("Retry-After", "5"));
     const auto one = load("1");
@@ -96,7 +96,7 @@ TEST_F(ScriptedServiceTest, StatusesAndHeadersAreJudgedAsThoseOfTheNetwork) {
     EXPECT_EQ(error.data()->view(), R"({"why":"busy"})");
 }
 
-TEST_F(ScriptedServiceTest, TransportErrorsAreThoseOfTheTransport) {
+TEST_F(ScriptedServiceTest, TransportErrorsLookLikeThoseOfTheTransport) {
     service.on("/v2/video/1").answer(Answer::timedOut());
     const auto one = load("1");
     executor.runAll();
@@ -118,7 +118,7 @@ TEST_F(ScriptedServiceTest, ErrorsOfTheTestArriveUnchanged) {
     EXPECT_EQ(failure().underlyingError(), own);
 }
 
-TEST_F(ScriptedServiceTest, HoldsAnAnswerUntilTheTestSaysNow) {
+TEST_F(ScriptedServiceTest, HoldsAnAnswerUntilTheTestReleasesIt) {
     service.on("/v2/video/*").answer(Answer(video).held());
     const auto one = load("1");
     const auto two = load("2");
@@ -136,7 +136,7 @@ TEST_F(ScriptedServiceTest, HoldsAnAnswerUntilTheTestSaysNow) {
     EXPECT_EQ(service.openRequests(), 0U);
 }
 
-TEST_F(ScriptedServiceTest, DelaysAndDeadlinesPassByTheManualClock) {
+TEST_F(ScriptedServiceTest, DelaysAndDeadlinesFollowTheManualClock) {
     ManualClock clock;
     service.on("/v2/video/1").answer(Answer(video).after(3s));
     const auto patient = load("1", {.deadline = 5s});
@@ -179,7 +179,7 @@ TEST_F(ScriptedServiceTest, AnswersWithAFile) {
               "The file " + path + ".missing cannot be read");
 }
 
-TEST_F(ScriptedServiceTest, RemembersWhatWasAsked) {
+TEST_F(ScriptedServiceTest, RecordsItsRequests) {
     service.on("**");
     const auto one = Resource<Video>::make(
         {.withHrefURI = HrefURI({.withHref = "video/1", .andQueryItems = {{"a", "b"}}})}, context);
@@ -192,7 +192,7 @@ TEST_F(ScriptedServiceTest, RemembersWhatWasAsked) {
     EXPECT_EQ(service.countOf("POST /**"), 0U);
 }
 
-TEST_F(ScriptedServiceTest, AMissedExpectationTellsWhatCameInItsPlace) {
+TEST_F(ScriptedServiceTest, AnUnmetExpectationReportsTheNearestRequest) {
     service.expect("GET /v2/video/ZW1").answer(video);
     service.on("/v2/time");
     load("ZX1").detach();
@@ -207,7 +207,7 @@ TEST_F(ScriptedServiceTest, AMissedExpectationTellsWhatCameInItsPlace) {
               "Nothing is scripted for GET /v2/video/ZX1");
 }
 
-TEST_F(ScriptedServiceTest, ARequestTooManyIsAProblem) {
+TEST_F(ScriptedServiceTest, AnUnexpectedRequestIsAProblem) {
     service.expect("/v2/video/1").answer(video);
     service.on("/v2/video/2").never();
     load("1").detach();
@@ -218,7 +218,7 @@ TEST_F(ScriptedServiceTest, ARequestTooManyIsAProblem) {
               "not scripted: GET /v2/video/2\n    closest rule: /v2/video/2 (it expects never)\n");
 }
 
-TEST_F(ScriptedServiceTest, AnExpectationWithoutAnyRequestSaysSo) {
+TEST_F(ScriptedServiceTest, AnUnmetExpectationReportsThatNoRequestCame) {
     service.on("/v2/time").atLeastOnce();
     service.answerNext(video);
     EXPECT_EQ(service.problems(),
@@ -226,7 +226,7 @@ TEST_F(ScriptedServiceTest, AnExpectationWithoutAnyRequestSaysSo) {
               "unused answers of answerNext: 1\n");
 }
 
-TEST_F(ScriptedServiceTest, PublishersAreAnsweredAndCancelled) {
+TEST_F(ScriptedServiceTest, PublishersCanBeAnsweredAndCancelled) {
     service.on("/v2/video/1").answer(video);
     service.on("/v2/video/2").answer(Answer(video).held());
     std::string title;
@@ -240,7 +240,7 @@ TEST_F(ScriptedServiceTest, PublishersAreAnsweredAndCancelled) {
     EXPECT_EQ(title, "A");
 }
 
-TEST_F(ScriptedServiceTest, LoadsThatStartOnQueuesOfTheLibraryEndOnTheThreadOfTheTest) {
+TEST_F(ScriptedServiceTest, LoadsStartedOnTheLibrarysQueuesEndOnTheTestsThread) {
     service.on("/v2/video/1").answer(video);
     const auto one = Endpoint::Video({.houseNumber = "1"}, context);
     one->load({.with = [this](Outcome outcome) {

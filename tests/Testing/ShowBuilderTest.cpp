@@ -20,7 +20,7 @@ TEST(ShowBuilderTest, MakesAShowWithSeriesAndEpisodesInOneLine) {
     EXPECT_EQ(show.highlightVideo->houseNumber, "HL0101");
 }
 
-TEST(ShowBuilderTest, TheBuildersOfItsPartsAgreeWithIt) {
+TEST(ShowBuilderTest, TheBuildersOfItsPartsAreConsistentWithIt) {
     const ShowBuilder show = aShow().titled("Night Ferry").withCode("NF").withSeries(2).episodes(3);
     const Series series = show.series(2).value();
     ASSERT_EQ(series.episodes.size(), 3U);
@@ -32,7 +32,7 @@ TEST(ShowBuilderTest, TheBuildersOfItsPartsAgreeWithIt) {
     EXPECT_TRUE(video.playlist);
 }
 
-TEST(ShowBuilderTest, EpisodesOfLongSeriesHaveIdsOfTheirOwn) {
+TEST(ShowBuilderTest, EpisodesOfLongSeriesHaveUniqueIds) {
     const ShowBuilder show = aShow().withSeries(2).episodes(26);
     std::set<std::string> hrefs;
     for (const std::uint32_t series : {1U, 2U}) {
@@ -48,7 +48,7 @@ TEST(ShowBuilderTest, AFilmHasOneVideoAndNoSeries) {
     EXPECT_EQ(film.highlightVideo->title, "The Long Quay");
 }
 
-TEST(ShowBuilderTest, ChangesReachAnyPlaceOfTheDocument) {
+TEST(ShowBuilderTest, AnyPlaceOfTheDocumentCanBeChanged) {
     const Show show = aShow()
                           .with("kickerTitle", "New")
                           .with("/_links/self/href", "/show/elsewhere")
@@ -63,12 +63,12 @@ TEST(ShowBuilderTest, ChangesReachAnyPlaceOfTheDocument) {
     EXPECT_FALSE(show.thumbnail);
 }
 
-TEST(ShowBuilderTest, ADocumentThatDoesNotDecodeGivesTheError) {
+TEST(ShowBuilderTest, ADocumentThatDoesNotDecodeReportsTheError) {
     const auto decoded = aVideo().without("_links").decoded();
     EXPECT_FALSE(decoded);
 }
 
-TEST(ShowBuilderTest, AVideoIsChangedByWords) {
+TEST(ShowBuilderTest, EachFieldOfAVideoCanBeSet) {
     const Video video = aVideo()
                             .titled("The Pilot Boat")
                             .ofShow("Harbour Lights")
@@ -86,13 +86,13 @@ TEST(ShowBuilderTest, AVideoIsChangedByWords) {
     EXPECT_FALSE(video.playlist);
 }
 
-TEST(ShowBuilderTest, TitlesMakeSlugs) {
+TEST(ShowBuilderTest, SlugsAreDerivedFromTitles) {
     EXPECT_EQ(Programme{.title = "  A  Berth, for Winter! "}.effectiveSlug(), "a-berth-for-winter");
     EXPECT_EQ((Programme{.title = "A", .slug = "b"}.effectiveSlug()), "b");
     EXPECT_EQ(Programme{.title = "?"}.effectiveSlug(), "untitled");
 }
 
-TEST(ShowBuilderTest, BuildersOfOneProgrammeGoIntoEachOther) {
+TEST(ShowBuilderTest, BuildersCanBeNested) {
     const Show show = aShow().with("/_embedded/highlightVideo", aVideo().titled("The Purser")).value();
     EXPECT_EQ(show.highlightVideo->title, "The Purser");
 }

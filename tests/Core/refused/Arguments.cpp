@@ -1,4 +1,4 @@
-// Arguments with the fault that CASE names.
+// Arguments with the mistake selected by CASE.
 #include <VanticRestKit/Core/HrefURI.h>
 #include <VanticRestKit/Core/Omittable.h>
 #include <VanticRestKit/Core/Required.h>

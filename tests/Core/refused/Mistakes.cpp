@@ -1,4 +1,4 @@
-// The mistakes of docs/mistakes.md, one for each CASE. Case 0 has none.
+// The mistakes of docs/mistakes.md, one per CASE. Case 0 has no mistake.
 #include <VanticRestKit/Core/Context.h>
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>

@@ -1,4 +1,4 @@
-// One route, with the fault that CASE names.
+// A route with the mistake selected by CASE.
 #include <VanticRestKit/Core/ResourceURI.h>
 
 namespace {

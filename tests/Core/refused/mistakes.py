@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Each row of docs/mistakes.md is refused by the compiler, and GCC 12 says what the row quotes.
+"""Checks that the compiler rejects each mistake in docs/mistakes.md with the message of GCC 12 that its row quotes.
 
 usage: mistakes.py DOCUMENT SOURCE INCLUDE_ROOT COMPILER
 """
@@ -10,12 +10,12 @@ import sys
 ROW = re.compile(r"^\| (\d+) \| (.*?) \| `(.*)` \| (.*) \|$", re.MULTILINE)
 
 
-# Clang takes labels out of order with a warning.
+# Clang only warns about labels out of order.
 CLANG_FLAGS = ["-Werror=reorder-init-list"]
 
 
 def first_error(compiler, flags, source, include_root, case):
-    """What the compiler says first of a case, without the place; none if it compiles."""
+    """The compiler's first error for a case, without the position, or None if it compiles."""
     command = [compiler, "-std=c++20", "-fsyntax-only", f"-DCASE={case}", f"-I{include_root}", *flags, source]
     done = subprocess.run(command, capture_output=True, text=True, check=False,
                           env={"PATH": "/usr/bin:/bin", "LC_ALL": "C.UTF-8"})

@@ -33,7 +33,7 @@ TEST(SampleServiceTest, AnswersOnAFreePort) {
     EXPECT_NE(service.logDocument().find("\"User-Agent\""), std::string::npos);
 }
 
-TEST(SampleServiceTest, FaultsAreScripted) {
+TEST(SampleServiceTest, FaultsCanBeScripted) {
     SampleService service;
     const NetworkContext context(service);
     EXPECT_TRUE(
@@ -47,7 +47,7 @@ TEST(SampleServiceTest, FaultsAreScripted) {
     EXPECT_TRUE(service.log().empty());
 }
 
-TEST(SampleServiceTest, TwoServicesAreApart) {
+TEST(SampleServiceTest, TwoServicesAreIndependent) {
     SampleService one;
     SampleService other;
     EXPECT_NE(one.port(), other.port());
@@ -58,7 +58,7 @@ TEST(SampleServiceTest, TwoServicesAreApart) {
     EXPECT_EQ(other.log().size(), 1U);
 }
 
-TEST(SampleServiceTest, StopsWhenTold) {
+TEST(SampleServiceTest, StopsOnRequest) {
     SampleService service;
     const NetworkContext context(service);
     service.stop();
@@ -66,7 +66,7 @@ TEST(SampleServiceTest, StopsWhenTold) {
     EXPECT_EQ(statusOf(Endpoint::Time(context)->wait({.deadline = 30s})), 0);
 }
 
-TEST(SampleServiceTest, OverTLSItHasACertificateToTrust) {
+TEST(SampleServiceTest, OverTLSItProvidesACertificateToTrust) {
     const SampleService service({.tls = true});
     ASSERT_TRUE(service.isRunning());
     EXPECT_TRUE(service.baseURL().absoluteString().starts_with("https://127.0.0.1:"));
