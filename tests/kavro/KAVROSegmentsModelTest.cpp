@@ -8,7 +8,7 @@ namespace VanticRestKit {
 namespace {
 
 using test::decoded;
-using test::Word;
+using test::Strictness;
 
 /// A list of names that keeps those that are known: nothing that an element holds empties it.
 test::Shape names(const std::string& raw, const std::string& name) {
@@ -30,11 +30,11 @@ test::Shape names(const std::string& raw, const std::string& name) {
 
 test::EntityRules models() {
     return {.type = test::decodable<KAVROSegmentsModel>,
-            .least = R"({"user_id":"u"})",
-            .fields = {{"activeAudiences", "active_audiences", Word::lenient,
+            .minimal = R"({"user_id":"u"})",
+            .fields = {{"activeAudiences", "active_audiences", Strictness::lenient,
                         names("vantic_main_127", "lumenoGenreFavourite180DVanticKids")},
-                       {"activeBadges", "active_badges", Word::lenient, names("7832", "iOSUser")},
-                       {"userId", "user_id", Word::required, test::text()}}};
+                       {"activeBadges", "active_badges", Strictness::lenient, names("7832", "iOSUser")},
+                       {"userId", "user_id", Strictness::required, test::text()}}};
 }
 
 constexpr KAVROActiveAudiences kids = KAVROActiveAudiences::lumenoGenreFavourite180DVanticKids;

@@ -8,15 +8,15 @@ namespace {
 
 using test::decoded;
 using test::failureOf;
-using test::Word;
+using test::Strictness;
 
 test::EntityRules modules() {
     return {.type = test::decodable<RecommendationModule>,
-            .least = R"({"moduleid":"m","variantid":"v","label":"l","recommendations":[]})",
-            .fields = {{"moduleid", "moduleid", Word::required, test::text()},
-                       {"variantid", "variantid", Word::required, test::text()},
-                       {"label", "label", Word::required, test::text()},
-                       {"recommendations", "recommendations", Word::required,
+            .minimal = R"({"moduleid":"m","variantid":"v","label":"l","recommendations":[]})",
+            .fields = {{"moduleid", "moduleid", Strictness::required, test::text()},
+                       {"variantid", "variantid", Strictness::required, test::text()},
+                       {"label", "label", Strictness::required, test::text()},
+                       {"recommendations", "recommendations", Strictness::required,
                         test::listOf("[]",
                                      {{R"([{"rid":"$","recipeid":"a"},{"recipeid":"b","rid":""}])",
                                        R"([{"rid":"$","recipeid":"a"},{"rid":"","recipeid":"b"}])"},

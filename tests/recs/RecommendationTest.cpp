@@ -9,13 +9,13 @@ namespace VanticRestKit {
 namespace {
 
 using test::decoded;
-using test::Word;
+using test::Strictness;
 
 test::EntityRules recommendations() {
     return {.type = test::decodable<Recommendation>,
-            .least = R"({"rid":"","recipeid":""})",
-            .fields = {{"rid", "rid", Word::required, test::text()},
-                       {"recipeid", "recipeid", Word::required, test::text()}}};
+            .minimal = R"({"rid":"","recipeid":""})",
+            .fields = {{"rid", "rid", Strictness::required, test::text()},
+                       {"recipeid", "recipeid", Strictness::required, test::text()}}};
 }
 
 /// "lumeno program 5", with "-" for what is empty.

@@ -8,7 +8,7 @@ namespace VanticRestKit {
 namespace {
 
 using test::decoded;
-using test::Word;
+using test::Strictness;
 
 std::string collectionText(const char* title) {
     return valueText(
@@ -36,23 +36,24 @@ test::Shape collections() {
 }
 
 test::EntityRules categories() {
-    return {.type = test::decodable<Category>,
-            .least = R"({"title":"t","_embedded":{"featuredCollection":{"title":"f"},"collections":[]},)"
-                     R"("_links":{"self":{"href":"h"}}})",
-            .fields = {test::lenientText("id", "id"),
-                       {"title", "title", Word::required, test::text()},
-                       test::lenientText("featuredImageHref", "featuredImage"),
-                       test::lenientText("logoHref", "logoUrl"),
-                       {"banner", "banner", Word::lenient, test::bannerObject()},
-                       {"theme", "theme", Word::lenient, test::themeText()},
-                       {"selfHref", "_links.self.href", Word::required, test::text()},
-                       test::lenientText("alertId", "_links.alert.id"),
-                       {"featuredCollection", "_embedded.featuredCollection", Word::required, collection()},
-                       {"collections", "_embedded.collections", Word::required, collections()}},
-            .containers = {{"_embedded", Word::required},
-                           {"_links", Word::required},
-                           {"_links.self", Word::required},
-                           {"_links.alert", Word::lenient}}};
+    return {
+        .type = test::decodable<Category>,
+        .minimal = R"({"title":"t","_embedded":{"featuredCollection":{"title":"f"},"collections":[]},)"
+                   R"("_links":{"self":{"href":"h"}}})",
+        .fields = {test::lenientText("id", "id"),
+                   {"title", "title", Strictness::required, test::text()},
+                   test::lenientText("featuredImageHref", "featuredImage"),
+                   test::lenientText("logoHref", "logoUrl"),
+                   {"banner", "banner", Strictness::lenient, test::bannerObject()},
+                   {"theme", "theme", Strictness::lenient, test::themeText()},
+                   {"selfHref", "_links.self.href", Strictness::required, test::text()},
+                   test::lenientText("alertId", "_links.alert.id"),
+                   {"featuredCollection", "_embedded.featuredCollection", Strictness::required, collection()},
+                   {"collections", "_embedded.collections", Strictness::required, collections()}},
+        .containers = {{"_embedded", Strictness::required},
+                       {"_links", Strictness::required},
+                       {"_links.self", Strictness::required},
+                       {"_links.alert", Strictness::lenient}}};
 }
 
 TEST(CategoryFields, AreTen) {

@@ -7,7 +7,7 @@ namespace VanticRestKit {
 namespace {
 
 using test::decoded;
-using test::Word;
+using test::Strictness;
 using Text = std::optional<std::string>;
 
 /// A host's own item. It has fields that the interface has too and that do not count.
@@ -56,10 +56,10 @@ consteval CollectionItemTable hostTable(More... more) {
 
 test::EntityRules directPlayableVideos() {
     return {.type = test::decodable<DirectPlayableVideo>,
-            .least = "{}",
-            .fields = {{"id", "id", Word::lenient, test::text()},
-                       {"href", "href", Word::lenient, test::text()},
-                       {"playTitle", "playTitle", Word::lenient, test::text()}}};
+            .minimal = "{}",
+            .fields = {{"id", "id", Strictness::lenient, test::text()},
+                       {"href", "href", Strictness::lenient, test::text()},
+                       {"playTitle", "playTitle", Strictness::lenient, test::text()}}};
 }
 
 }  // namespace

@@ -10,7 +10,7 @@ namespace {
 
 using test::decoded;
 using test::shown;
-using test::Word;
+using test::Strictness;
 
 /// A text, or an unsigned whole number that becomes one.
 test::Shape textOrNumber() {
@@ -27,25 +27,25 @@ test::Shape textOrNumber() {
 
 test::EntityRules images() {
     return {.type = test::decodable<Image>,
-            .least = "{}",
-            .fields = {{"id", "id", Word::lenient, textOrNumber()},
-                       {"url", "url", Word::lenient, test::text()},
-                       {"accessibilityText", "accessibilityText", Word::lenient, test::text()},
-                       {"type", "type", Word::lenient, test::text()},
-                       {"tags", "tags", Word::lenient, test::texts()},
-                       {"aspectRatio", "aspectRatio", Word::lenient, test::text()},
-                       {"width", "width", Word::lenient, test::unsignedNumber()},
-                       {"height", "height", Word::lenient, test::unsignedNumber()},
-                       {"altText", "altText", Word::lenient, test::text()}}};
+            .minimal = "{}",
+            .fields = {{"id", "id", Strictness::lenient, textOrNumber()},
+                       {"url", "url", Strictness::lenient, test::text()},
+                       {"accessibilityText", "accessibilityText", Strictness::lenient, test::text()},
+                       {"type", "type", Strictness::lenient, test::text()},
+                       {"tags", "tags", Strictness::lenient, test::texts()},
+                       {"aspectRatio", "aspectRatio", Strictness::lenient, test::text()},
+                       {"width", "width", Strictness::lenient, test::unsignedNumber()},
+                       {"height", "height", Strictness::lenient, test::unsignedNumber()},
+                       {"altText", "altText", Strictness::lenient, test::text()}}};
 }
 
 test::EntityRules banners() {
     return {.type = test::decodable<Banner>,
-            .least = R"({"large":"l","small":"s","link":"k"})",
-            .fields = {{"largeImageHref", "large", Word::required, test::text()},
-                       {"smallImageHref", "small", Word::required, test::text()},
-                       {"altText", "altText", Word::optional, test::text()},
-                       {"linkHref", "link", Word::required, test::text()}}};
+            .minimal = R"({"large":"l","small":"s","link":"k"})",
+            .fields = {{"largeImageHref", "large", Strictness::required, test::text()},
+                       {"smallImageHref", "small", Strictness::required, test::text()},
+                       {"altText", "altText", Strictness::optional, test::text()},
+                       {"linkHref", "link", Strictness::required, test::text()}}};
 }
 
 TEST(Image, HasNineFields) { test::expectDeclaredFields(images()); }

@@ -10,15 +10,15 @@ namespace {
 
 using test::decoded;
 using test::failureOf;
-using test::Word;
+using test::Strictness;
 
 test::EntityRules links() {
     return {.type = test::decodable<Link>,
-            .least = R"({"href":"h"})",
-            .fields = {{"id", "id", Word::lenient, test::text()},
-                       {"title", "title", Word::lenient, test::text()},
-                       {"href", "href", Word::required, test::text()},
-                       {"tags", "tags", Word::lenient, test::texts()}}};
+            .minimal = R"({"href":"h"})",
+            .fields = {{"id", "id", Strictness::lenient, test::text()},
+                       {"title", "title", Strictness::lenient, test::text()},
+                       {"href", "href", Strictness::required, test::text()},
+                       {"tags", "tags", Strictness::lenient, test::texts()}}};
 }
 
 TEST(Link, HasFourFields) { test::expectDeclaredFields(links()); }

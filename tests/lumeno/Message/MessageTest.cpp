@@ -7,7 +7,7 @@ namespace VanticRestKit {
 namespace {
 
 using test::decoded;
-using test::Word;
+using test::Strictness;
 
 test::Shape number() {
     return {.empty = "null",
@@ -26,13 +26,13 @@ test::Shape links() {
 
 test::EntityRules messages() {
     return {.type = test::decodable<Message>,
-            .least = "{}",
-            .fields = {{"messageId", "id", Word::lenient, test::unsignedNumber()},
-                       {"title", "title", Word::lenient, test::text()},
-                       {"count", "count", Word::lenient, test::unsignedNumber()},
-                       {"interval", "interval", Word::lenient, number()},
-                       {"message", "message", Word::lenient, test::text()},
-                       {"links", "links", Word::lenient, links()}}};
+            .minimal = "{}",
+            .fields = {{"messageId", "id", Strictness::lenient, test::unsignedNumber()},
+                       {"title", "title", Strictness::lenient, test::text()},
+                       {"count", "count", Strictness::lenient, test::unsignedNumber()},
+                       {"interval", "interval", Strictness::lenient, number()},
+                       {"message", "message", Strictness::lenient, test::text()},
+                       {"links", "links", Strictness::lenient, links()}}};
 }
 
 TEST(Message, HasSixFields) { test::expectDeclaredFields(messages()); }

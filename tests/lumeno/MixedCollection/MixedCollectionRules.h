@@ -67,22 +67,22 @@ inline Shape highlightItem() {
 /// With links, in which the collection's own must stand.
 inline EntityRules collections() {
     return {.type = decodable<MixedCollection>,
-            .least = R"({"title":"t","_links":{"self":{"href":"h"}}})",
-            .fields = {{"collectionId", "id", Word::lenient, numberOrText()},
-                       {"title", "title", Word::required, text()},
-                       {"mixedItems", "items", Word::lenient, mixedItems()},
-                       {"href", "_links.self.href", Word::required, text()},
-                       {"type", "type", Word::lenient, layoutText()},
+            .minimal = R"({"title":"t","_links":{"self":{"href":"h"}}})",
+            .fields = {{"collectionId", "id", Strictness::lenient, numberOrText()},
+                       {"title", "title", Strictness::required, text()},
+                       {"mixedItems", "items", Strictness::lenient, mixedItems()},
+                       {"href", "_links.self.href", Strictness::required, text()},
+                       {"type", "type", Strictness::lenient, layoutText()},
                        lenientText("description", "description"),
                        lenientText("thumbnail", "thumbnail"),
-                       {"banner", "banner", Word::lenient, bannerObject()},
-                       {"collectionLink", "collectionLink", Word::lenient, linkObject()},
-                       {"highlightItem", "_embedded.highlightItem", Word::lenient, highlightItem()},
+                       {"banner", "banner", Strictness::lenient, bannerObject()},
+                       {"collectionLink", "collectionLink", Strictness::lenient, linkObject()},
+                       {"highlightItem", "_embedded.highlightItem", Strictness::lenient, highlightItem()},
                        lenientText("alertId", "_links.alert.id")},
-            .containers = {{"_links", Word::lenient},
-                           {"_links.self", Word::required},
-                           {"_links.alert", Word::lenient},
-                           {"_embedded", Word::lenient}}};
+            .containers = {{"_links", Strictness::lenient},
+                           {"_links.self", Strictness::required},
+                           {"_links.alert", Strictness::lenient},
+                           {"_embedded", Strictness::lenient}}};
 }
 
 }  // namespace VanticRestKit::test

@@ -12,7 +12,7 @@ namespace {
 using test::decoded;
 using test::failureOf;
 using test::shown;
-using test::Word;
+using test::Strictness;
 
 /// A text that has no characters where none came.
 test::Shape textOrNone() {
@@ -34,27 +34,28 @@ test::Shape entries() {
 
 test::EntityRules groups() {
     return {.type = test::decodable<BrowseItem>,
-            .least = "{}",
-            .fields = {{"id", "id", Word::optional, textOrNone()},
-                       {"title", "title", Word::optional, textOrNone()},
-                       {"items", "items", Word::optional, entries()},
-                       {"accessibilityText", "accessibilityText", Word::optional, textOrNone()}}};
+            .minimal = "{}",
+            .fields = {{"id", "id", Strictness::optional, textOrNone()},
+                       {"title", "title", Strictness::optional, textOrNone()},
+                       {"items", "items", Strictness::optional, entries()},
+                       {"accessibilityText", "accessibilityText", Strictness::optional, textOrNone()}}};
 }
 
 test::EntityRules indexes() {
     const std::string rest = R"(,"items":[],"accessibilityText":""})";
     return {.type = test::decodable<BrowseList>,
-            .least = R"({"_links":{"self":{}},"_embedded":{}})",
-            .fields = {{"href", "_links.self.href", Word::optional, textOrNone()},
-                       {"items", "_embedded.items", Word::optional,
+            .minimal = R"({"_links":{"self":{}},"_embedded":{}})",
+            .fields = {{"href", "_links.self.href", Strictness::optional, textOrNone()},
+                       {"items", "_embedded.items", Strictness::optional,
                         test::listOf("[]",
                                      {{R"([{"id":"$"},{},{"title":"$","items":null}])",
                                        R"([{"id":"$","title":"")" + rest + R"(,{"id":"","title":"")" + rest +
                                            R"(,{"id":"","title":"$")" + rest + "]"},
                                       {"[]", "[]"}},
                                      {R"({"items":[{}]})", "keyNotFound", "/items/0/_links"})}},
-            .containers = {
-                {"_links", Word::required}, {"_links.self", Word::required}, {"_embedded", Word::required}}};
+            .containers = {{"_links", Strictness::required},
+                           {"_links.self", Strictness::required},
+                           {"_embedded", Strictness::required}}};
 }
 
 TEST(BrowseItem, HasFourFields) { test::expectDeclaredFields(groups()); }

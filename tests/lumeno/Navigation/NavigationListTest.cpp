@@ -10,9 +10,9 @@ namespace {
 
 using test::decoded;
 using test::failureOf;
-using test::Word;
+using test::Strictness;
 
-test::FieldRule lenientText(const char* name) { return {name, name, Word::lenient, test::text()}; }
+test::FieldRule lenientText(const char* name) { return {name, name, Strictness::lenient, test::text()}; }
 
 std::string imageText(const char* id) { return valueText(Image{.id = id}); }
 
@@ -26,16 +26,16 @@ test::Shape images() {
 
 test::EntityRules navigationItems() {
     return {.type = test::decodable<NavigationItem>,
-            .least = R"({"_links":{"self":{"href":"h"}}})",
+            .minimal = R"({"_links":{"self":{"href":"h"}}})",
             .fields = {lenientText("id"),
                        lenientText("title"),
                        lenientText("accessibilityText"),
                        lenientText("logoUrl"),
                        lenientText("logoUrlWide"),
                        lenientText("path"),
-                       {"selfHref", "_links.self.href", Word::required, test::text()},
-                       {"images", "images", Word::lenient, images()}},
-            .containers = {{"_links", Word::required}, {"_links.self", Word::required}}};
+                       {"selfHref", "_links.self.href", Strictness::required, test::text()},
+                       {"images", "images", Strictness::lenient, images()}},
+            .containers = {{"_links", Strictness::required}, {"_links.self", Strictness::required}}};
 }
 
 test::Shape items() {
@@ -51,10 +51,10 @@ test::Shape items() {
 
 test::EntityRules navigationLists() {
     return {.type = test::decodable<NavigationList>,
-            .least = R"({"_links":{"self":{"href":"h"}}})",
-            .fields = {{"selfHref", "_links.self.href", Word::required, test::text()},
-                       {"items", "items", Word::lenient, items()}},
-            .containers = {{"_links", Word::required}, {"_links.self", Word::required}}};
+            .minimal = R"({"_links":{"self":{"href":"h"}}})",
+            .fields = {{"selfHref", "_links.self.href", Strictness::required, test::text()},
+                       {"items", "items", Strictness::lenient, items()}},
+            .containers = {{"_links", Strictness::required}, {"_links.self", Strictness::required}}};
 }
 
 TEST(NavigationItem, HasEightFields) { test::expectDeclaredFields(navigationItems()); }

@@ -10,16 +10,16 @@ namespace {
 
 using test::decoded;
 using test::failureOf;
-using test::Word;
+using test::Strictness;
 using Item = NavigationMainMenuItem;
 using Image = NavigationMainMenuItemImage;
 
 test::EntityRules images() {
     return {.type = test::decodable<Image>,
-            .least = R"({"id":"i","url":"u","accessibilityText":"t"})",
-            .fields = {{"id", "id", Word::required, test::text()},
-                       {"url", "url", Word::required, test::text()},
-                       {"accessibilityText", "accessibilityText", Word::required, test::text()}}};
+            .minimal = R"({"id":"i","url":"u","accessibilityText":"t"})",
+            .fields = {{"id", "id", Strictness::required, test::text()},
+                       {"url", "url", Strictness::required, test::text()},
+                       {"accessibilityText", "accessibilityText", Strictness::required, test::text()}}};
 }
 
 std::string itemText(const char* id) { return valueText(Item{.id = id}); }
@@ -41,24 +41,24 @@ test::Shape pictures() {
                         {R"({"id":"i","url":"u"})", "keyNotFound", "/accessibilityText"});
 }
 
-test::FieldRule optionalText(const char* name) { return {name, name, Word::optional, test::text()}; }
+test::FieldRule optionalText(const char* name) { return {name, name, Strictness::optional, test::text()}; }
 
 test::EntityRules items() {
     return {.type = test::decodable<Item>,
-            .least = R"({"id":"i"})",
-            .fields = {{"id", "id", Word::required, test::text()},
+            .minimal = R"({"id":"i"})",
+            .fields = {{"id", "id", Strictness::required, test::text()},
                        optionalText("title"),
                        optionalText("accessibilityText"),
                        optionalText("logoUrl"),
                        optionalText("path"),
-                       {"items", "items", Word::optional, children("null")},
-                       {"images", "images", Word::optional, pictures()}}};
+                       {"items", "items", Strictness::optional, children("null")},
+                       {"images", "images", Strictness::optional, pictures()}}};
 }
 
 test::EntityRules lists() {
     return {.type = test::decodable<NavigationMainMenuList>,
-            .least = R"({"items":[]})",
-            .fields = {{"items", "items", Word::required, children("[]")}}};
+            .minimal = R"({"items":[]})",
+            .fields = {{"items", "items", Strictness::required, children("[]")}}};
 }
 
 TEST(NavigationMainMenuItemImage, HasThreeFieldsThatMustAllBeThere) {

@@ -9,7 +9,7 @@ namespace {
 
 using test::decoded;
 using test::failureOf;
-using test::Word;
+using test::Strictness;
 
 /// The members of a programme, each at a value of its own.
 std::string programme(const std::string& more = "") {
@@ -33,19 +33,19 @@ NowNextContainer container() {
 
 test::EntityRules containers() {
     return {.type = test::decodable<NowNextContainer>,
-            .least = programme(),
-            .fields = {{"houseNumber", "houseNumber", Word::required, test::text()},
-                       {"displayTitle", "displayTitle", Word::required, test::text()},
-                       {"displaySubtitle", "displaySubtitle", Word::required, test::text()},
-                       {"description", "description", Word::lenient, test::text()},
-                       {"start", "start", Word::required, test::unsignedNumber()},
-                       {"end", "end", Word::required, test::unsignedNumber()},
-                       {"duration", "duration", Word::required, test::unsignedNumber()},
-                       {"playable", "playable", Word::required, test::flag()},
-                       {"captions", "captions", Word::required, test::flag()},
-                       {"classification", "classification", Word::lenient, test::text()},
-                       {"eventType", "eventType", Word::required, test::rawText("OFFAIR", "OFFAIR")},
-                       {"entity", "_entity", Word::required, test::text()}}};
+            .minimal = programme(),
+            .fields = {{"houseNumber", "houseNumber", Strictness::required, test::text()},
+                       {"displayTitle", "displayTitle", Strictness::required, test::text()},
+                       {"displaySubtitle", "displaySubtitle", Strictness::required, test::text()},
+                       {"description", "description", Strictness::lenient, test::text()},
+                       {"start", "start", Strictness::required, test::unsignedNumber()},
+                       {"end", "end", Strictness::required, test::unsignedNumber()},
+                       {"duration", "duration", Strictness::required, test::unsignedNumber()},
+                       {"playable", "playable", Strictness::required, test::flag()},
+                       {"captions", "captions", Strictness::required, test::flag()},
+                       {"classification", "classification", Strictness::lenient, test::text()},
+                       {"eventType", "eventType", Strictness::required, test::rawText("OFFAIR", "OFFAIR")},
+                       {"entity", "_entity", Strictness::required, test::text()}}};
 }
 
 test::Shape slot() {
@@ -60,8 +60,9 @@ test::Shape slot() {
 
 test::EntityRules schedules() {
     return {.type = test::decodable<NowNext>,
-            .least = "{}",
-            .fields = {{"now", "now", Word::optional, slot()}, {"next", "next", Word::optional, slot()}}};
+            .minimal = "{}",
+            .fields = {{"now", "now", Strictness::optional, slot()},
+                       {"next", "next", Strictness::optional, slot()}}};
 }
 
 TEST(NowNextContainer, HasTwelveFields) {

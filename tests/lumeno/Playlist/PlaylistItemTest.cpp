@@ -9,7 +9,7 @@ namespace {
 using test::decoded;
 using test::failureOf;
 using test::shown;
-using test::Word;
+using test::Strictness;
 using Type = PlaylistItem::PlaylistType;
 
 const std::string noAddress = R"({"protected":false,"sd":null,"sdLow":null,"hd720":null,"hd1080":null})";
@@ -31,9 +31,9 @@ test::Shape type() {
 test::EntityRules playlistItems() {
     return {
         .type = test::decodable<PlaylistItem>,
-        .least = R"({"type":"trailer","streams":{"hls":{}}})",
-        .fields = {{"type", "type", Word::required, type()},
-                   {"streams", "streams", Word::required,
+        .minimal = R"({"type":"trailer","streams":{"hls":{}}})",
+        .fields = {{"type", "type", Strictness::required, type()},
+                   {"streams", "streams", Strictness::required,
                     test::objectOf({{R"({"hls":{"sd":"$"}})",
                                      R"({"mpegdash":null,"fairplay":null,"hls":{"protected":false,"sd":"$",)"
                                      R"("sdLow":null,"hd720":null,"hd1080":null}})"},
@@ -42,10 +42,10 @@ test::EntityRules playlistItems() {
                                     {R"({"hls":null})", "valueNotFound", "/hls"},
                                     {R"({"hls":[]})", "typeMismatch", "/hls"},
                                     {R"({"hls":{},"fairplay":"x"})", "typeMismatch", "/fairplay"}})},
-                   {"title", "title", Word::lenient, test::text()},
-                   {"captionsSrcVtt", "captions.src-vtt", Word::lenient, test::text()},
-                   {"warning", "warning", Word::lenient, test::text()}},
-        .containers = {{"captions", Word::lenient}}};
+                   {"title", "title", Strictness::lenient, test::text()},
+                   {"captionsSrcVtt", "captions.src-vtt", Strictness::lenient, test::text()},
+                   {"warning", "warning", Strictness::lenient, test::text()}},
+        .containers = {{"captions", Strictness::lenient}}};
 }
 
 TEST(PlaylistItem, HasFiveFields) { test::expectDeclaredFields(playlistItems()); }

@@ -11,19 +11,19 @@ namespace {
 using test::decoded;
 using test::failureOf;
 using test::shown;
-using test::Word;
+using test::Strictness;
 using Level = StreamInfo::StreamLevel;
 
 const std::string noAddress = R"({"protected":false,"sd":null,"sdLow":null,"hd720":null,"hd1080":null})";
 
 test::EntityRules streamInfos() {
     return {.type = test::decodable<StreamInfo>,
-            .least = "{}",
-            .fields = {{"protected", "protected", Word::lenient, test::flag()},
-                       {"sd", "sd", Word::lenient, test::text()},
-                       {"sdLow", "sd-low", Word::lenient, test::text()},
-                       {"hd720", "720", Word::lenient, test::text()},
-                       {"hd1080", "1080", Word::lenient, test::text()}}};
+            .minimal = "{}",
+            .fields = {{"protected", "protected", Strictness::lenient, test::flag()},
+                       {"sd", "sd", Strictness::lenient, test::text()},
+                       {"sdLow", "sd-low", Strictness::lenient, test::text()},
+                       {"hd720", "720", Strictness::lenient, test::text()},
+                       {"hd1080", "1080", Strictness::lenient, test::text()}}};
 }
 
 test::Shape streamInfo() {
@@ -35,10 +35,10 @@ test::Shape streamInfo() {
 
 test::EntityRules streams() {
     return {.type = test::decodable<Streams>,
-            .least = R"({"hls":{}})",
-            .fields = {{"mpegdash", "mpegdash", Word::optional, streamInfo()},
-                       {"fairplay", "fairplay", Word::optional, streamInfo()},
-                       {"hls", "hls", Word::required, streamInfo()}}};
+            .minimal = R"({"hls":{}})",
+            .fields = {{"mpegdash", "mpegdash", Strictness::optional, streamInfo()},
+                       {"fairplay", "fairplay", Strictness::optional, streamInfo()},
+                       {"hls", "hls", Strictness::required, streamInfo()}}};
 }
 
 TEST(StreamInfo, HasFiveFields) { test::expectDeclaredFields(streamInfos()); }

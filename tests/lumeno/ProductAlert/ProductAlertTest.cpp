@@ -8,7 +8,7 @@ namespace {
 
 using test::decoded;
 using test::failureOf;
-using test::Word;
+using test::Strictness;
 
 test::Shape linkObject() {
     return test::objectOf(
@@ -20,12 +20,12 @@ test::Shape linkObject() {
 
 test::EntityRules alerts() {
     return {.type = test::decodable<ProductAlert>,
-            .least = R"({"id":"i","title":"t","message":"m"})",
-            .fields = {{"id", "id", Word::required, test::text()},
-                       {"title", "title", Word::required, test::text()},
-                       {"message", "message", Word::required, test::text()},
-                       {"status", "status", Word::lenient, test::text()},
-                       {"link", "link", Word::lenient, linkObject()}}};
+            .minimal = R"({"id":"i","title":"t","message":"m"})",
+            .fields = {{"id", "id", Strictness::required, test::text()},
+                       {"title", "title", Strictness::required, test::text()},
+                       {"message", "message", Strictness::required, test::text()},
+                       {"status", "status", Strictness::lenient, test::text()},
+                       {"link", "link", Strictness::lenient, linkObject()}}};
 }
 
 TEST(ProductAlert, HasFiveFields) { test::expectDeclaredFields(alerts()); }

@@ -9,7 +9,7 @@ namespace {
 
 using test::decoded;
 using test::failureOf;
-using test::Word;
+using test::Strictness;
 
 /// A text that has no characters where none came.
 test::Shape textOrNone() {
@@ -19,14 +19,14 @@ test::Shape textOrNone() {
 }
 
 test::EntityRules remaps() {
-    return {
-        .type = test::decodable<Remap>,
-        .least = R"({"_links":{"deeplink":{},"api":{}}})",
-        .fields = {{"status", "status", Word::optional, textOrNone()},
-                   {"apiHref", "_links.api.href", Word::optional, textOrNone()},
-                   {"deeplinkHref", "_links.deeplink.href", Word::optional, textOrNone()}},
-        .containers = {
-            {"_links", Word::required}, {"_links.deeplink", Word::required}, {"_links.api", Word::required}}};
+    return {.type = test::decodable<Remap>,
+            .minimal = R"({"_links":{"deeplink":{},"api":{}}})",
+            .fields = {{"status", "status", Strictness::optional, textOrNone()},
+                       {"apiHref", "_links.api.href", Strictness::optional, textOrNone()},
+                       {"deeplinkHref", "_links.deeplink.href", Strictness::optional, textOrNone()}},
+            .containers = {{"_links", Strictness::required},
+                           {"_links.deeplink", Strictness::required},
+                           {"_links.api", Strictness::required}}};
 }
 
 TEST(Remap, HasThreeFields) { test::expectDeclaredFields(remaps()); }

@@ -9,8 +9,8 @@ using test::decoded;
 
 test::EntityRules lists() {
     return {.type = test::decodable<RelatedShowList>,
-            .least = "{}",
-            .fields = {{"items", "items", test::Word::lenient, test::showList()}}};
+            .minimal = "{}",
+            .fields = {{"items", "items", test::Strictness::lenient, test::showList()}}};
 }
 
 TEST(RelatedShowList, HasOneFieldThatMayFail) {
@@ -38,7 +38,7 @@ TEST(RelatedShowList, NeverReadsItsLinks) {
 }
 
 TEST(RelatedShowList, ListsItsLinksAsItsOnlyIgnoredKey) {
-    EXPECT_EQ(test::unreadKeys(planOf<RelatedShowList>()), std::vector<std::string>{"_links"});
+    EXPECT_EQ(test::ignoredKeys(planOf<RelatedShowList>()), std::vector<std::string>{"_links"});
 }
 
 TEST(RelatedShowList, IsMadeOfItsShows) {

@@ -7,14 +7,14 @@ namespace {
 
 using test::decoded;
 using test::failureOf;
-using test::Word;
+using test::Strictness;
 
 test::EntityRules results() {
     return {.type = test::decodable<SearchResults>,
-            .least = R"({"results":{},"_meta":{}})",
-            .fields = {{"keyword", "_meta.keyword", Word::lenient, test::text()},
-                       {"items", "results.items", Word::lenient, test::showList()}},
-            .containers = {{"results", Word::required}, {"_meta", Word::required}}};
+            .minimal = R"({"results":{},"_meta":{}})",
+            .fields = {{"keyword", "_meta.keyword", Strictness::lenient, test::text()},
+                       {"items", "results.items", Strictness::lenient, test::showList()}},
+            .containers = {{"results", Strictness::required}, {"_meta", Strictness::required}}};
 }
 
 TEST(SearchResults, HasTwoFieldsInDeclaredOrder) { test::expectDeclaredFields(results()); }

@@ -9,7 +9,7 @@ namespace {
 
 using test::decoded;
 using test::failureOf;
-using test::Word;
+using test::Strictness;
 
 const Show emptyShow{.theme = Theme::default_};
 
@@ -32,24 +32,24 @@ std::string groupText(const std::string& name, const std::string& shows) {
 
 test::EntityRules indexes() {
     return {.type = test::decodable<ShowsIndex>,
-            .least = R"({"items":[]})",
-            .fields = {{"groups", "items", Word::required,
+            .minimal = R"({"items":[]})",
+            .fields = {{"groups", "items", Strictness::required,
                         test::listOf("[]",
                                      {{R"([{"name":"$","items":[]},{"items":[{}],"name":""}])",
                                        "[" + groupText("$", "[]") + "," +
                                            groupText("", "[" + valueText(emptyShow) + "]") + "]"},
                                       {"[]", "[]"}},
                                      {R"({"name":"A"})", "keyNotFound", "/items"})},
-                       {"alertId", "_links.alert.id", Word::lenient, test::text()}},
-            .containers = {{"_links", Word::lenient}, {"_links.alert", Word::lenient}}};
+                       {"alertId", "_links.alert.id", Strictness::lenient, test::text()}},
+            .containers = {{"_links", Strictness::lenient}, {"_links.alert", Strictness::lenient}}};
 }
 
 /// All but the summaries, which have no key.
 test::EntityRules groups() {
     return {.type = test::decodable<ShowsGrouped>,
-            .least = R"({"name":"A","items":[]})",
-            .fields = {{"groupingName", "name", Word::required, test::text()},
-                       {"shows", "items", Word::required,
+            .minimal = R"({"name":"A","items":[]})",
+            .fields = {{"groupingName", "name", Strictness::required, test::text()},
+                       {"shows", "items", Strictness::required,
                         test::listOf("[]",
                                      {{R"([{"title":"$"},{}])",
                                        "[" + valueText(Show{.title = "$", .theme = Theme::default_}) + "," +

@@ -9,7 +9,7 @@ namespace {
 
 using test::decoded;
 using test::failureOf;
-using test::Word;
+using test::Strictness;
 
 /// The raw text of a theme; any other text is the default theme.
 test::Shape theme() {
@@ -22,9 +22,9 @@ test::Shape theme() {
 
 test::EntityRules statuses() {
     return {.type = test::decodable<Status>,
-            .least = R"({"title":"t","theme":"default"})",
-            .fields = {{"title", "title", Word::required, test::text()},
-                       {"theme", "theme", Word::required, theme()}}};
+            .minimal = R"({"title":"t","theme":"default"})",
+            .fields = {{"title", "title", Strictness::required, test::text()},
+                       {"theme", "theme", Strictness::required, theme()}}};
 }
 
 TEST(Status, HasTwoFields) { test::expectDeclaredFields(statuses()); }

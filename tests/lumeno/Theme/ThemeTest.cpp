@@ -7,19 +7,19 @@
 namespace VanticRestKit {
 namespace {
 
-using test::Word;
+using test::Strictness;
 
 test::EntityRules phrases() {
     return {.type = test::decodable<ContextualPhrases>,
-            .least = "{}",
-            .fields = {{"channel", "channel", Word::optional, test::optionalTexts()},
-                       {"genre", "genre", Word::optional, test::optionalTexts()},
-                       {"subGenre", "subGenre", Word::optional, test::optionalTexts()},
-                       {"theme", "theme", Word::optional, test::optionalTexts()},
-                       {"mood", "mood", Word::optional, test::optionalTexts()},
-                       {"audience", "audience", Word::optional, test::optionalTexts()},
-                       {"need", "need", Word::optional, test::optionalTexts()},
-                       {"other", "other", Word::optional, test::optionalTexts()}}};
+            .minimal = "{}",
+            .fields = {{"channel", "channel", Strictness::optional, test::optionalTexts()},
+                       {"genre", "genre", Strictness::optional, test::optionalTexts()},
+                       {"subGenre", "subGenre", Strictness::optional, test::optionalTexts()},
+                       {"theme", "theme", Strictness::optional, test::optionalTexts()},
+                       {"mood", "mood", Strictness::optional, test::optionalTexts()},
+                       {"audience", "audience", Strictness::optional, test::optionalTexts()},
+                       {"need", "need", Strictness::optional, test::optionalTexts()},
+                       {"other", "other", Strictness::optional, test::optionalTexts()}}};
 }
 
 TEST(ContextualPhrases, HasEightFields) { test::expectDeclaredFields(phrases()); }

@@ -7,45 +7,48 @@ namespace VanticRestKit {
 namespace {
 
 using test::decoded;
-using test::Word;
+using test::Strictness;
 using Analytics = VideoAnalytics;
 
-test::FieldRule text(const char* name, const char* path) { return {name, path, Word::lenient, test::text()}; }
+test::FieldRule text(const char* name, const char* path) {
+    return {name, path, Strictness::lenient, test::text()};
+}
 
 test::EntityRules analytics() {
-    return {.type = test::decodable<Analytics>,
-            .least = "{}",
-            .fields = {text("oztamPublisherId", "oztam.publisherId"),
-                       text("oztamMediaId", "oztam.mediaId"),
-                       text("oztamClassification", "oztam.classification"),
-                       text("oztamSeriesName", "oztam.seriesName"),
-                       text("oztamSeriesId", "oztam.seriesId"),
-                       text("oztamEpisodeName", "oztam.episodeName"),
-                       text("oztamEpisodeId", "oztam.episodeId"),
-                       text("oztamChannel", "oztam.channel"),
-                       text("oztamUrl", "oztam.url"),
-                       {"oztamMediaDuration", "oztam.mediaDuration", Word::lenient, test::unsignedNumber()},
-                       text("oztamMediaType", "oztam.mediaType"),
-                       text("dataLayerId", "dataLayer.d_id"),
-                       text("dataLayerContentType", "dataLayer.d_contentType"),
-                       text("dataLayerContentSource", "dataLayer.d_contentSource"),
-                       text("dataLayerUri", "dataLayer.d_uri"),
-                       text("dataLayerProgramName", "dataLayer.d_program_name"),
-                       text("dataLayerProgramId", "dataLayer.d_program_id"),
-                       text("dataLayerdSeriesName", "dataLayer.d_series_name"),
-                       text("dataLayerSeriesId", "dataLayer.d_series_id"),
-                       text("dataLayerEpisodeName", "dataLayer.d_episode_name"),
-                       text("dataLayerEpisodeId", "dataLayer.d_episode_id"),
-                       text("dataLayerLanguage", "dataLayer.d_language"),
-                       text("dataLayerCanonicalUrl", "dataLayer.d_canonicalUrl"),
-                       text("dataLayerCategories", "dataLayer.d_categories"),
-                       text("dataLayerClassification", "dataLayer.d_classification"),
-                       text("dataLayerMediaDuration", "dataLayer.d_mediaDuration"),
-                       text("dataLayerCaptionAvailable", "dataLayer.d_captionsAvailable"),
-                       text("dataLayerStreamType", "dataLayer.d_streamType"),
-                       text("dataLayerVideoType", "dataLayer.d_videoType"),
-                       text("dataLayerTitleTitle", "dataLayer.d_title_title")},
-            .containers = {{"oztam", Word::lenient}, {"dataLayer", Word::lenient}}};
+    return {
+        .type = test::decodable<Analytics>,
+        .minimal = "{}",
+        .fields = {text("oztamPublisherId", "oztam.publisherId"),
+                   text("oztamMediaId", "oztam.mediaId"),
+                   text("oztamClassification", "oztam.classification"),
+                   text("oztamSeriesName", "oztam.seriesName"),
+                   text("oztamSeriesId", "oztam.seriesId"),
+                   text("oztamEpisodeName", "oztam.episodeName"),
+                   text("oztamEpisodeId", "oztam.episodeId"),
+                   text("oztamChannel", "oztam.channel"),
+                   text("oztamUrl", "oztam.url"),
+                   {"oztamMediaDuration", "oztam.mediaDuration", Strictness::lenient, test::unsignedNumber()},
+                   text("oztamMediaType", "oztam.mediaType"),
+                   text("dataLayerId", "dataLayer.d_id"),
+                   text("dataLayerContentType", "dataLayer.d_contentType"),
+                   text("dataLayerContentSource", "dataLayer.d_contentSource"),
+                   text("dataLayerUri", "dataLayer.d_uri"),
+                   text("dataLayerProgramName", "dataLayer.d_program_name"),
+                   text("dataLayerProgramId", "dataLayer.d_program_id"),
+                   text("dataLayerdSeriesName", "dataLayer.d_series_name"),
+                   text("dataLayerSeriesId", "dataLayer.d_series_id"),
+                   text("dataLayerEpisodeName", "dataLayer.d_episode_name"),
+                   text("dataLayerEpisodeId", "dataLayer.d_episode_id"),
+                   text("dataLayerLanguage", "dataLayer.d_language"),
+                   text("dataLayerCanonicalUrl", "dataLayer.d_canonicalUrl"),
+                   text("dataLayerCategories", "dataLayer.d_categories"),
+                   text("dataLayerClassification", "dataLayer.d_classification"),
+                   text("dataLayerMediaDuration", "dataLayer.d_mediaDuration"),
+                   text("dataLayerCaptionAvailable", "dataLayer.d_captionsAvailable"),
+                   text("dataLayerStreamType", "dataLayer.d_streamType"),
+                   text("dataLayerVideoType", "dataLayer.d_videoType"),
+                   text("dataLayerTitleTitle", "dataLayer.d_title_title")},
+        .containers = {{"oztam", Strictness::lenient}, {"dataLayer", Strictness::lenient}}};
 }
 
 TEST(VideoAnalytics, HasThirtyFields) {

@@ -110,9 +110,9 @@ TEST(VideoFields, MakeAVideoInDeclaredOrder) {
 
 TEST(Participants, HasTwoTextsThatMayBeLeftOutAndFailOfAnotherType) {
     const test::EntityRules rules{.type = test::decodable<Participants>,
-                                  .least = "{}",
-                                  .fields = {{"title", "title", test::Word::optional, test::text()},
-                                             {"list", "list", test::Word::optional, test::text()}}};
+                                  .minimal = "{}",
+                                  .fields = {{"title", "title", test::Strictness::optional, test::text()},
+                                             {"list", "list", test::Strictness::optional, test::text()}}};
     test::expectDeclaredFields(rules);
     test::expectFieldsInEveryState(rules);
     test::expectErrorsInOrder(rules, {{"title", "1"}, {"list", "[\"a\"]"}});

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <platform/async/HandOperation.h>
+#include <platform/async/ManualOperation.h>
 
 #include <chrono>
 #include <thread>
@@ -15,7 +15,7 @@ using test::Number;
 constexpr std::int64_t cancelledCode = -999;
 constexpr std::int64_t timedOutCode = -1001;
 
-/// One operation, and what was delivered of it.
+/// One operation, and the outcomes that it delivered.
 class AnOperation : public ::testing::Test {
 protected:
     void TearDown() override { source->forget(); }
@@ -27,12 +27,12 @@ protected:
         };
     }
 
-    /// Counts the outcome, whichever thread delivers it.
+    /// Counts the outcome. May be called on any thread.
     UniqueFunction<void(Number)> keepOnce() const {
         return [event = delivered](const Number&) { event.signal(); };
     }
 
-    /// Whether no more than `count` outcomes were delivered when the usual queue has done all that was posted to it.
+    /// Expects exactly `count` outcomes after the default queue has run everything posted so far.
     void expectDelivered(int count) const {
         const test::Event passed;
         source->queue.async([passed] { passed.signal(); });
@@ -40,13 +40,14 @@ protected:
         EXPECT_EQ(delivered.count(), count);
     }
 
-    const std::shared_ptr<test::HandSource> source = std::make_shared<test::HandSource>();
+    const std::shared_ptr<test::ManualOperationSource> source =
+        std::make_shared<test::ManualOperationSource>();
     const Operation<Number> operation{source};
     const test::Event delivered;
     std::vector<Number> outcomes;
 };
 
-TEST_F(AnOperation, DeliversTheOutcomeOfItsWorkWhereThatComes) {
+TEST_F(AnOperation, DeliversTheOutcomeOnTheThreadThatSuppliesIt) {
     const Cancellable handle = operation.start({}, keep());
     source->answer(7);
     ASSERT_EQ(outcomes.size(), 1U);
@@ -68,7 +69,7 @@ TEST_F(AnOperation, DeliversOnTheQueueOfItsOptions) {
     EXPECT_TRUE(isOnQueue);
 }
 
-TEST_F(AnOperation, ThatIsCancelledDeliversThatOnceOnItsUsualQueueAndEndsItsWork) {
+TEST_F(AnOperation, DeliversACancelOnceOnItsDefaultQueueAndCancelsItsWork) {
     bool isOnQueue = false;
     const Cancellable handle = operation.start({}, [&, event = delivered](Number outcome) {
         isOnQueue = source->queue.isCurrent();
@@ -85,7 +86,7 @@ TEST_F(AnOperation, ThatIsCancelledDeliversThatOnceOnItsUsualQueueAndEndsItsWork
     EXPECT_EQ(delivered.count(), 1);
 }
 
-TEST_F(AnOperation, WhoseHandleIsDroppedDeliversNothingAndDropsItsCompletion) {
+TEST_F(AnOperation, DeliversNothingAndReleasesItsCompletionWhenItsHandleIsDestroyed) {
     const auto held = std::make_shared<int>(0);
     {
         const Cancellable handle = operation.start({}, [held](Number) { FAIL() << "it was dropped"; });
@@ -96,7 +97,7 @@ TEST_F(AnOperation, WhoseHandleIsDroppedDeliversNothingAndDropsItsCompletion) {
     source->answer(7);
 }
 
-TEST_F(AnOperation, DroppedOnItsQueueDeliversNotEvenAnOutcomeThatIsOnItsWay) {
+TEST_F(AnOperation, DeliversNoPendingOutcomeAfterItsHandleIsDestroyedOnItsQueue) {
     const DispatchQueue queue("chosen");
     const test::Event passed;
     queue.async([&, passed] {
@@ -108,21 +109,21 @@ TEST_F(AnOperation, DroppedOnItsQueueDeliversNotEvenAnOutcomeThatIsOnItsWay) {
     EXPECT_TRUE(passed.wait());
 }
 
-TEST_F(AnOperation, WhoseHandleIsDetachedGoesOn) {
+TEST_F(AnOperation, ContinuesWhenItsHandleIsDetached) {
     operation.start({}, keep()).detach();
     source->answer(7);
     EXPECT_EQ(outcomes.size(), 1U);
     EXPECT_EQ(source->cancelled.count(), 0);
 }
 
-TEST_F(AnOperation, MissesItsDeadline) {
+TEST_F(AnOperation, EndsWithATimeoutAtItsDeadline) {
     const Cancellable handle = operation.start({.deadline = 5ms}, keep());
     ASSERT_TRUE(delivered.wait());
     EXPECT_EQ(codeOf(outcomes.front()), timedOutCode);
     EXPECT_EQ(source->cancelled.count(), 1);
 }
 
-TEST_F(AnOperation, WithoutTimeOrWithADeadlineThatIsNoNumberStartsNothing) {
+TEST_F(AnOperation, DoesNotStartWithADeadlineOfZeroOrNaN) {
     for (const double seconds : {0.0, -1.0, std::numeric_limits<double>::quiet_NaN()}) {
         operation.start({.deadline = std::chrono::duration<double>(seconds)}, keep()).detach();
     }
@@ -141,7 +142,7 @@ TEST_F(AnOperation, IsCancelledByItsStopToken) {
     EXPECT_EQ(source->cancelled.count(), 1);
 }
 
-TEST_F(AnOperation, WhoseStopWasRequestedBeforeStartsNothing) {
+TEST_F(AnOperation, DoesNotStartIfStopWasRequestedBefore) {
     std::stop_source stop;
     stop.request_stop();
     const Cancellable handle = operation.start({.stop = stop.get_token()}, keep());
@@ -150,7 +151,7 @@ TEST_F(AnOperation, WhoseStopWasRequestedBeforeStartsNothing) {
     EXPECT_EQ(source->started.count(), 0);
 }
 
-TEST_F(AnOperation, EndsOnceHoweverItsAnswerACancelAndAStopRace) {
+TEST_F(AnOperation, EndsOnceIfItsAnswerACancelAndAStopRace) {
     constexpr std::size_t rounds = 300;
     for (std::size_t round = 0; round < rounds; ++round) {
         std::stop_source stop;
@@ -177,7 +178,7 @@ TEST_F(AnOperation, EndsOnceWhenACancelRacesItsDeadline) {
     expectDelivered(rounds);
 }
 
-TEST_F(AnOperation, MayBeDroppedWhileItIsDelivered) {
+TEST_F(AnOperation, ItsHandleMayBeDestroyedDuringDelivery) {
     for (std::size_t round = 0; round < 300; ++round) {
         auto handle = std::make_unique<Cancellable>(operation.start({}, [](Number) {}));
         std::thread answering([&] { source->answer(1, round); });
@@ -186,7 +187,7 @@ TEST_F(AnOperation, MayBeDroppedWhileItIsDelivered) {
     }
 }
 
-TEST_F(AnOperation, GivesAFutureThatCanBeWaitedFor) {
+TEST_F(AnOperation, ReturnsAFutureThatCanBeWaitedFor) {
     auto future = operation.future();
     EXPECT_FALSE(future.isReady());
     EXPECT_FALSE(future.waitFor(1ms));
@@ -196,20 +197,20 @@ TEST_F(AnOperation, GivesAFutureThatCanBeWaitedFor) {
     EXPECT_EQ(*future.get(), 7);
 }
 
-TEST_F(AnOperation, WhoseFutureIsDroppedGoesOn) {
+TEST_F(AnOperation, ContinuesWhenItsFutureIsDestroyed) {
     { auto future = operation.future(); }
     EXPECT_EQ(source->cancelled.count(), 0);
     source->answer(7);
 }
 
-TEST_F(AnOperation, WhoseFutureIsStoppedEndsAsCancelled) {
+TEST_F(AnOperation, EndsAsCancelledWhenItsFutureIsStopped) {
     std::stop_source stop;
     auto future = operation.future({.stop = stop.get_token()});
     stop.request_stop();
     EXPECT_EQ(codeOf(future.get()), cancelledCode);
 }
 
-TEST_F(AnOperation, HandsTheOutcomeOfAFutureToACompletionBeforeAndAfterItIsThere) {
+TEST_F(AnOperation, PassesTheOutcomeOfAFutureToACompletionSetBeforeOrAfterIt) {
     operation.future().then(keep());
     source->answer(1, 0);
     auto future = operation.future();
@@ -220,14 +221,14 @@ TEST_F(AnOperation, HandsTheOutcomeOfAFutureToACompletionBeforeAndAfterItIsThere
     EXPECT_EQ(*outcomes[1], 2);
 }
 
-TEST_F(AnOperation, IsWaitedFor) {
+TEST_F(AnOperation, CanBlockTheCallingThread) {
     std::thread answering([&] { source->answer(7); });
     EXPECT_EQ(*operation.wait(), 7);
     answering.join();
     EXPECT_EQ(codeOf(operation.wait({.deadline = 1ms})), timedOutCode);
 }
 
-TEST_F(AnOperation, FailsAtOnceWhenTheQueueThatDeliversItWaitsForIt) {
+TEST_F(AnOperation, FailsAtOnceIfWaitedForOnItsDeliveryQueue) {
     source->queue.async([&, event = delivered] {
         auto future = operation.future();
         EXPECT_FALSE(future.waitFor(1h));
@@ -244,7 +245,7 @@ TEST_F(AnOperation, FailsAtOnceWhenTheQueueThatDeliversItWaitsForIt) {
     }
 }
 
-TEST_F(AnOperation, GivesWhatIsThereAlreadyOnAnyQueue) {
+TEST_F(AnOperation, AFutureThatIsReadyCanBeReadOnAnyQueue) {
     auto future = std::make_shared<LoadFuture<Number>>(operation.future());
     source->answer(7);
     source->queue.async([&, future, event = delivered] {
@@ -255,7 +256,7 @@ TEST_F(AnOperation, GivesWhatIsThereAlreadyOnAnyQueue) {
     EXPECT_EQ(*outcomes.front(), 7);
 }
 
-TEST_F(AnOperation, IsPublishedAnewForEachSubscription) {
+TEST_F(AnOperation, StartsAgainForEachSubscriptionOfItsPublisher) {
     std::vector<int> values;
     int ends = 0;
     const auto subscribe = [&] {

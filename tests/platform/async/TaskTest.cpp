@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/async/Task.h>
 
-#include <platform/async/HandOperation.h>
+#include <platform/async/ManualOperation.h>
 
 #include <chrono>
 #include <string>
@@ -29,7 +29,8 @@ protected:
         co_return number ? *number : static_cast<int>(codeOf(number));
     }
 
-    const std::shared_ptr<test::HandSource> source = std::make_shared<test::HandSource>();
+    const std::shared_ptr<test::ManualOperationSource> source =
+        std::make_shared<test::ManualOperationSource>();
     const Operation<Number> operation{source};
 };
 
@@ -41,9 +42,9 @@ Task<std::string> joined() {
     co_return std::to_string(a + co_await plain(2));
 }
 
-TEST_F(ATask, GivesItsValueToWhoAwaitsIt) { EXPECT_EQ(blockOn(joined()), "3"); }
+TEST_F(ATask, ReturnsItsValueToItsAwaiter) { EXPECT_EQ(blockOn(joined()), "3"); }
 
-TEST_F(ATask, StartsWhenItIsAwaitedAndNotBefore) {
+TEST_F(ATask, StartsOnlyWhenItIsAwaited) {
     { const Task<int> never = numberOf(); }
     EXPECT_EQ(source->started.count(), 0);
 }
@@ -54,7 +55,7 @@ TEST_F(ATask, WaitsForAnOperation) {
     answering.join();
 }
 
-TEST_F(ATask, GoesOnOnTheQueueOfTheOptions) {
+TEST_F(ATask, ResumesOnTheQueueOfTheOptions) {
     const DispatchQueue queue("chosen");
     const auto awaiting = [&]() -> Task<bool> {
         static_cast<void>(co_await operation.value({.on = queue, .deadline = 1h}));
@@ -65,7 +66,7 @@ TEST_F(ATask, GoesOnOnTheQueueOfTheOptions) {
     answering.join();
 }
 
-TEST_F(ATask, SeesAMissedDeadlineAndAStop) {
+TEST_F(ATask, ReceivesAMissedDeadlineAndAStop) {
     const auto late = [&]() -> Task<Number> { co_return co_await operation.value({.deadline = 1ms}); };
     EXPECT_EQ(codeOf(blockOn(late())), -1001);
     std::stop_source stop;
@@ -73,10 +74,12 @@ TEST_F(ATask, SeesAMissedDeadlineAndAStop) {
     EXPECT_EQ(blockOn(numberUntil(stop.get_token())), -999);
 }
 
-/// A coroutine that starts at once and is destroyed by hand.
-struct ByHand {
+/// A coroutine that starts at once and is destroyed explicitly.
+struct DestroyedExplicitly {
     struct promise_type {
-        ByHand get_return_object() { return {std::coroutine_handle<promise_type>::from_promise(*this)}; }
+        DestroyedExplicitly get_return_object() {
+            return {std::coroutine_handle<promise_type>::from_promise(*this)};
+        }
         std::suspend_never initial_suspend() const noexcept { return {}; }
         std::suspend_always final_suspend() const noexcept { return {}; }
         void return_void() const noexcept {}
@@ -85,13 +88,13 @@ struct ByHand {
     std::coroutine_handle<promise_type> coroutine;
 };
 
-TEST_F(ATask, DestroyedWhileItWaitsCancelsAndNeverGoesOn) {
+TEST_F(ATask, CancelsAndNeverResumesIfDestroyedWhileWaiting) {
     bool wentOn = false;
-    const auto waits = [&]() -> ByHand {
+    const auto waits = [&]() -> DestroyedExplicitly {
         static_cast<void>(co_await operation.value());
         wentOn = true;
     };
-    const ByHand waiting = waits();
+    const DestroyedExplicitly waiting = waits();
     ASSERT_TRUE(source->started.wait());
     waiting.coroutine.destroy();
     EXPECT_EQ(source->cancelled.count(), 1);
@@ -99,7 +102,7 @@ TEST_F(ATask, DestroyedWhileItWaitsCancelsAndNeverGoesOn) {
     EXPECT_FALSE(wentOn);
 }
 
-TEST_F(ATask, MayEndAndBeDestroyedByWhatResumesIt) {
+TEST_F(ATask, MayEndAndBeDestroyedByTheThreadThatResumesIt) {
     for (std::size_t round = 0; round < 200; ++round) {
         std::thread answering([this, round] { source->answer(7, round); });
         EXPECT_EQ(blockOn(numberOf()), 7);
@@ -107,11 +110,11 @@ TEST_F(ATask, MayEndAndBeDestroyedByWhatResumesIt) {
     }
 }
 
-TEST_F(ATask, WaitsForAllOfAListInItsOrder) {
+TEST_F(ATask, WaitsForAListAndKeepsItsOrder) {
     std::vector<Task<int>> tasks;
     for (int i = 0; i < 3; ++i) tasks.push_back(numberOf());
     std::thread answering([this] {
-        ASSERT_TRUE(source->started.wait(3)) << "they run at once";
+        ASSERT_TRUE(source->started.wait(3)) << "they run concurrently";
         for (const std::size_t place : {2U, 0U, 1U}) source->answer(static_cast<int>(place), place);
     });
     EXPECT_EQ(blockOn(whenAll(std::move(tasks))), (std::vector<int>{0, 1, 2}));
@@ -119,7 +122,7 @@ TEST_F(ATask, WaitsForAllOfAListInItsOrder) {
     EXPECT_TRUE(blockOn(whenAll(std::vector<Task<int>>())).empty());
 }
 
-TEST_F(ATask, WaitsForAllOfDifferentTypes) {
+TEST_F(ATask, WaitsForTasksOfDifferentTypes) {
     const auto nothing = []() -> Task<> { co_return; };
     const auto [number, text, none] = blockOn(whenAll(plain(4), joined(), nothing()));
     EXPECT_EQ(number, 4);
@@ -127,7 +130,7 @@ TEST_F(ATask, WaitsForAllOfDifferentTypes) {
     EXPECT_EQ(none, std::monostate());
 }
 
-TEST_F(ATask, ThatEndsFirstStopsTheOthers) {
+TEST_F(ATask, StopsTheOthersWhenItEndsFirst) {
     std::stop_source stop;
     std::vector<Task<int>> tasks;
     for (int i = 0; i < 3; ++i) tasks.push_back(numberUntil(stop.get_token()));
@@ -148,7 +151,7 @@ Task<int> throwing() {
     co_return 1;
 }
 
-TEST_F(ATask, RethrowsWhatItThrewWhereItIsAwaited) {
+TEST_F(ATask, RethrowsItsExceptionInTheAwaiter) {
     EXPECT_THROW(blockOn(throwing()), std::string);
     EXPECT_THROW(blockOn(whenAll(plain(1), throwing())), std::string);
 }

@@ -16,7 +16,7 @@ bool hasTrailingZeros(const Data& data) {
     return std::all_of(end, end + Data::padding, [](char byte) { return byte == '\0'; });
 }
 
-TEST(Data, HoldsTheBytesItWasMadeFrom) {
+TEST(Data, HoldsTheBytesItWasCreatedWith) {
     EXPECT_EQ(Data("text").view(), "text");
     EXPECT_EQ(Data("a\0b"sv).view(), "a\0b"sv);
     EXPECT_EQ(Data(std::string("taken over")).view(), "taken over");
@@ -29,7 +29,7 @@ TEST(Data, CopiesWhatItDoesNotOwn) {
     EXPECT_EQ(data.view(), "text");
 }
 
-TEST(Data, WithoutBytesIsEmptyAndHasAPlaceToPointAt) {
+TEST(Data, IsEmptyWithANonNullPointerIfItHasNoBytes) {
     for (const Data& data : {Data(), Data(""), Data(std::string())}) {
         EXPECT_TRUE(data.empty());
         EXPECT_EQ(data.size(), 0u);
@@ -39,14 +39,14 @@ TEST(Data, WithoutBytesIsEmptyAndHasAPlaceToPointAt) {
     }
 }
 
-TEST(Data, HasReadableZerosAfterItsLastByte) {
+TEST(Data, HasReadableZeroPaddingAfterItsLastByte) {
     for (std::size_t size = 0; size < 200; ++size) {
         EXPECT_TRUE(hasTrailingZeros(Data(std::string(size, 'x')))) << size;
         EXPECT_TRUE(hasTrailingZeros(Data(std::string_view(std::string(size, 'x'))))) << size;
     }
 }
 
-TEST(Data, TakesOverAStringThatHasRoomForThePadding) {
+TEST(Data, TakesOverAStringWithCapacityForThePadding) {
     std::string bytes;
     bytes.reserve(1000);
     bytes = "text that is longer than a short string";
@@ -60,7 +60,7 @@ TEST(Data, CopiesShareOneBuffer) {
     EXPECT_EQ(copy.data(), data.data());
 }
 
-TEST(Data, IsEmptyWhenItWasMovedFrom) {
+TEST(Data, IsEmptyAfterAMove) {
     Data data("text");
     const Data taken = std::move(data);
     EXPECT_EQ(taken.view(), "text");
@@ -75,7 +75,7 @@ TEST(Data, IsEmptyWhenItWasMovedFrom) {
     static_assert(std::is_nothrow_move_constructible_v<Data> && std::is_nothrow_move_assignable_v<Data>);
 }
 
-TEST(Data, ComparesBytes) {
+TEST(Data, ComparesByItsBytes) {
     EXPECT_EQ(Data("text"), Data(std::string("text")));
     EXPECT_NE(Data("text"), Data("texts"));
     EXPECT_NE(Data("text"), Data("test"));

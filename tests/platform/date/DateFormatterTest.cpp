@@ -12,43 +12,43 @@ std::optional<Date> readByApi(std::string_view text) {
     return apiDateFormatter().formattedDateWithoutMilliseconds(text);
 }
 
-TEST(ApiDateFormatter, HasItsPatternUtcAndThePosixLocale) {
+TEST(ApiDateFormatter, HasItsPatternInUtcAndThePosixLocale) {
     EXPECT_EQ(apiDateFormatter().dateFormat, "yyyy-MM-dd'T'HH:mm:ssZ");
     EXPECT_EQ(apiDateFormatter().timeZone, TimeZone{0});
     EXPECT_EQ(apiDateFormatter().locale, "en_US_POSIX");
 }
 
-TEST(ApiDateFormatter, IsOneObject) { EXPECT_EQ(&apiDateFormatter(), &apiDateFormatter()); }
+TEST(ApiDateFormatter, IsASingleton) { EXPECT_EQ(&apiDateFormatter(), &apiDateFormatter()); }
 
-TEST(ApiDateFormatter, AnswersEveryVector) { test::expectDatesOf("date_api.jsonl", readByApi); }
+TEST(ApiDateFormatter, MatchesEveryVector) { test::expectDatesOf("date_api.jsonl", readByApi); }
 
-TEST(ApiDateFormatter, ReadsAnOffsetToTheRightInstantWhateverTheDevicesZone) {
+TEST(ApiDateFormatter, ReadsAnOffsetCorrectlyInAnyDeviceZone) {
     for (const char* zone : {"UTC", "Australia/Sydney", "America/New_York"}) {
         const test::TemporaryZone device(zone);
         EXPECT_EQ(apiDateFormatter().date("2021-03-04T05:06:07+1000"), test::seconds(1614798367));
     }
 }
 
-TEST(FormattedDateWithoutMilliseconds, GivesTheSameDateWithAndWithoutAFraction) {
+TEST(FormattedDateWithoutMilliseconds, ReadsTheSameDateWithAndWithoutAFraction) {
     EXPECT_EQ(readByApi("2021-03-04T05:06:07.123+0000"), test::seconds(1614834367));
     EXPECT_EQ(readByApi("2021-03-04T05:06:07+0000"), test::seconds(1614834367));
 }
 
-TEST(FormattedDateWithoutMilliseconds, TakesNoughtsForAFractionToo) {
+TEST(FormattedDateWithoutMilliseconds, RemovesAFractionOfZeros) {
     for (const char* fraction : {".0", ".000", ".100", ".010", ".001000"}) {
         EXPECT_EQ(readByApi(std::string("2021-03-04T05:06:07") + fraction + "Z"), test::seconds(1614834367))
             << fraction;
     }
 }
 
-TEST(FormattedDateWithoutMilliseconds, GivesNothingForAStringThatIsNoDate) {
+TEST(FormattedDateWithoutMilliseconds, ReturnsNothingForAStringThatIsNotADate) {
     EXPECT_EQ(readByApi("soon"), std::nullopt);
     EXPECT_EQ(readByApi(""), std::nullopt);
     EXPECT_EQ(readByApi("."), std::nullopt);
     EXPECT_EQ(readByApi(".5"), std::nullopt);
 }
 
-TEST(FormattedDateWithoutMilliseconds, TakesOutEveryDottedRun) {
+TEST(FormattedDateWithoutMilliseconds, RemovesEveryDotFollowedByDigits) {
     EXPECT_EQ(readByApi("2021.5-03-04T05:06:07.123+0000"), test::seconds(1614834367));
     EXPECT_EQ(readByApi("2021-03-04T05:06:07.1.2.3Z"), test::seconds(1614834367));
 }
@@ -58,7 +58,7 @@ TEST(FormattedDateWithoutMilliseconds, KeepsADotWithoutDigits) {
     EXPECT_EQ(readByApi("2021-03-04T05:06:07..5Z"), std::nullopt);
 }
 
-TEST(FormattedDateWithoutMilliseconds, TakesDigitsOfOtherScriptsForAFractionToo) {
+TEST(FormattedDateWithoutMilliseconds, RemovesAFractionInDigitsOfOtherScripts) {
     EXPECT_EQ(readByApi("2021-03-04T05:06:07.\u0661\u0662Z"), test::seconds(1614834367));
 }
 
@@ -70,12 +70,12 @@ TEST(FormattedDateWithoutMilliseconds, WorksOnAnyFormatter) {
     EXPECT_EQ(formatter.date("2020-01-02 03:04:05.75"), std::nullopt);
 }
 
-TEST(DateFormatter, ReadsTheDevicePatternInTheDevicesZoneWhereItHasNone) {
+TEST(DateFormatter, ReadsTheDevicePatternInTheDevicesZoneByDefault) {
     const DateFormatter formatter{.dateFormat = std::string(DateFormatter::devicePattern)};
     test::expectDatesOf("date_device.jsonl", [&](std::string_view text) { return formatter.date(text); });
 }
 
-TEST(DateFormatter, ReadsNothingWithoutAPatternOrWithAnother) {
+TEST(DateFormatter, RejectsEverythingWithoutAPatternOrWithAnUnknownOne) {
     EXPECT_EQ(DateFormatter{}.date("2020-01-02 03:04:05"), std::nullopt);
     EXPECT_EQ(DateFormatter{.dateFormat = "yyyy"}.date("2020"), std::nullopt);
 }
@@ -88,7 +88,7 @@ TEST(TimeZone, IsKnownByTheAbbreviationsOfUniversalTimeOnly) {
 
 const ISO8601DateFormatter iso8601;
 
-TEST(ISO8601DateFormatter, AnswersEveryVector) {
+TEST(ISO8601DateFormatter, MatchesEveryVector) {
     test::expectDatesOf("date_iso.jsonl", [](std::string_view text) { return iso8601.date(text); });
 }
 

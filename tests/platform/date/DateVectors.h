@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Dates as the vectors tell them.
+/// Checks date readers against the test vectors.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/date/Date.h>
@@ -18,8 +18,8 @@ namespace VanticRestKit::test {
 
 inline Date seconds(double count) { return Date(std::chrono::duration<double>(count)); }
 
-/// Holds `read` to every line of `file`, each in the zone that it names. Lines for which any answer will do
-/// are read as well, and only have to come back.
+/// Checks `read` against every line of `file`, each in the zone that it names. Lines for which any result is accepted
+/// are read too, and must only not crash.
 inline void expectDatesOf(const std::string& file,
                           const std::function<std::optional<Date>(std::string_view)>& read) {
     std::size_t held = 0;

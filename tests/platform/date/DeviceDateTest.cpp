@@ -12,9 +12,9 @@
 namespace VanticRestKit::detail {
 namespace {
 
-TEST(DeviceDate, AnswersEveryVector) { test::expectDatesOf("date_device.jsonl", deviceDate); }
+TEST(DeviceDate, MatchesEveryVector) { test::expectDatesOf("date_device.jsonl", deviceDate); }
 
-TEST(DeviceDate, SeesAZoneThatChangedBetweenTwoCalls) {
+TEST(DeviceDate, NoticesAZoneChangeBetweenTwoCalls) {
     for (int round = 0; round < 3; ++round) {
         const test::TemporaryZone sydney("Australia/Sydney");
         EXPECT_EQ(deviceDate("2020-01-02 03:04:05"), test::seconds(1577894645));
@@ -23,7 +23,7 @@ TEST(DeviceDate, SeesAZoneThatChangedBetweenTwoCalls) {
     }
 }
 
-TEST(DeviceDate, SeesAZoneOfAVeryLongName) {
+TEST(DeviceDate, NoticesAZoneWithAVeryLongName) {
     std::string name = "Australia/Sydney";
     while (name.size() < 300) name.insert(0, "Australia/../");
     const test::TemporaryZone utc("UTC");
@@ -33,7 +33,7 @@ TEST(DeviceDate, SeesAZoneOfAVeryLongName) {
     EXPECT_EQ(deviceDate("2020-07-02 03:04:05"), test::seconds(1593623045));
 }
 
-TEST(DeviceDate, SeesAZoneWhateverTheLengthOfItsName) {
+TEST(DeviceDate, NoticesAZoneWithANameOfAnyLength) {
     for (std::size_t slashes = 1; slashes < 140; ++slashes) {
         const test::TemporaryZone utc("UTC");
         EXPECT_EQ(deviceDate("2020-01-02 03:04:05"), test::seconds(1577934245));
@@ -43,7 +43,7 @@ TEST(DeviceDate, SeesAZoneWhateverTheLengthOfItsName) {
     }
 }
 
-TEST(DeviceDate, TakesTheSystemsZoneWhereTheEnvironmentNamesNone) {
+TEST(DeviceDate, UsesTheSystemsZoneIfTheEnvironmentSetsNone) {
     const test::TemporaryZone zone(std::nullopt);
     std::tm fields{};
     fields.tm_year = 120;
@@ -53,7 +53,7 @@ TEST(DeviceDate, TakesTheSystemsZoneWhereTheEnvironmentNamesNone) {
     EXPECT_EQ(deviceDate("2020-01-02 12:00:00"), test::seconds(static_cast<double>(std::mktime(&fields))));
 }
 
-TEST(DeviceZoneHold, KeepsTheZoneUntilTheLastOneHasGone) {
+TEST(DeviceZoneHold, KeepsTheZoneUntilTheOutermostHoldEnds) {
     const test::TemporaryZone sydney("Australia/Sydney");
     {
         const DeviceZoneHold outer;
@@ -66,7 +66,7 @@ TEST(DeviceZoneHold, KeepsTheZoneUntilTheLastOneHasGone) {
     EXPECT_EQ(deviceDate("2020-01-02 03:04:05"), test::seconds(1577934245));
 }
 
-TEST(DeviceZoneHold, SeesAChangeFromBeforeItWasMade) {
+TEST(DeviceZoneHold, NoticesAChangeMadeBeforeIt) {
     const test::TemporaryZone sydney("Australia/Sydney");
     EXPECT_EQ(deviceDate("2020-01-02 03:04:05"), test::seconds(1577894645));
     const test::TemporaryZone utc("UTC");
@@ -102,7 +102,7 @@ TEST(DeviceDate, ReadsDigitsOfEveryScriptAndNoOtherNumbers) {
     EXPECT_EQ(deviceDate("2020-01-02 03:04:0\xD9"), std::nullopt);
 }
 
-TEST(DeviceDate, NoBeginningOfADateIsADate) {
+TEST(DeviceDate, NoPrefixOfADateIsADate) {
     const std::string text = "2020-01-02 03:04:05";
     for (std::size_t length = 0; length < text.size() - 1; ++length) {
         EXPECT_EQ(deviceDate(text.substr(0, length)), std::nullopt) << length;
@@ -110,7 +110,7 @@ TEST(DeviceDate, NoBeginningOfADateIsADate) {
     EXPECT_TRUE(deviceDate("2020-01-02 03:04:0").has_value());
 }
 
-TEST(DeviceDate, ATextWithAByteReplacedIsADateOnlyWhereADigitTookTheByte) {
+TEST(DeviceDate, AStringWithAByteReplacedByANonDigitIsNotADate) {
     const std::string text = "2020-01-02 03:04:05";
     for (std::size_t place = 0; place < text.size(); ++place) {
         for (int byte = 0; byte < 256; ++byte) {
@@ -123,7 +123,7 @@ TEST(DeviceDate, ATextWithAByteReplacedIsADateOnlyWhereADigitTookTheByte) {
     }
 }
 
-TEST(DeviceDate, AnswersTheSameOnManyThreadsAtOnce) {
+TEST(DeviceDate, GivesTheSameResultsOnManyThreads) {
     const test::TemporaryZone zone("Australia/Sydney");
     std::mt19937 random(7);
     std::vector<std::string> texts;

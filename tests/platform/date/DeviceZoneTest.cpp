@@ -32,7 +32,7 @@ std::string shownInUtc(std::time_t instant) {
     return clockText(fields);
 }
 
-/// A zone and an instant at which, or near which, its clocks were changed.
+/// A zone, and an instant at or near a change of its clocks.
 struct Transition {
     std::string name;
     std::string zone;
@@ -46,10 +46,11 @@ class NearATransition : public testing::TestWithParam<Transition> {};
 constexpr std::time_t step = 300;
 constexpr std::time_t day = 86400;
 
-/// The last instant at which the clocks show each text of whole five minutes, within three days of `middle`.
+/// For each local time at a multiple of five minutes within three days of `middle`: the last instant at which the
+/// clocks show it.
 std::map<std::string, std::time_t> lastInstants(std::time_t middle) {
     std::map<std::string, std::time_t> last;
-    // The clocks of old times had seconds beside UTC, other ones before a transition than after it.
+    // Historical offsets from UTC include seconds, and these differ before and after a transition.
     for (const std::time_t end : {middle - 3 * day, middle + 3 * day}) {
         std::tm fields{};
         localtime_r(&end, &fields);
@@ -63,7 +64,7 @@ std::map<std::string, std::time_t> lastInstants(std::time_t middle) {
     return last;
 }
 
-TEST_P(NearATransition, EveryTextIsTheLastInstantAtWhichTheClocksShowIt) {
+TEST_P(NearATransition, ALocalTimeIsReadAsTheLastInstantThatShowsIt) {
     const test::TemporaryZone zone(GetParam().zone);
     tzset();
     const std::time_t middle = GetParam().instant / step * step;
@@ -95,7 +96,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Transition{"ARuleInTheEnvironment", "AAA-3BBB,J100/2,J110/3", 1618009200}),
     [](const auto& instance) { return instance.param.name; });
 
-TEST(DeviceDate, ComesBackFromWhatTheClocksShowThroughThreeCenturies) {
+TEST(DeviceDate, RoundTripsLocalTimesThroughThreeCenturies) {
     for (const char* zone : {"UTC", "Australia/Sydney", "America/New_York", "Europe/London", "Pacific/Apia",
                              "Asia/Kathmandu", "Africa/Casablanca", "America/St_Johns"}) {
         const test::TemporaryZone device(zone);
@@ -111,9 +112,9 @@ TEST(DeviceDate, ComesBackFromWhatTheClocksShowThroughThreeCenturies) {
     }
 }
 
-/// Summer time of four days, begun on each day of a year in turn, so that it falls everywhere into what the
-/// reader remembers and how it looks for transitions.
-TEST(DeviceDate, FindsASummerTimeOfFourDaysWhereverItLies) {
+/// Daylight saving time of four days, starting on each day of a year in turn, so that every position relative to the
+/// reader's cache and its search for transitions is tested.
+TEST(DeviceDate, FindsADaylightSavingTimeOfFourDaysAnywhereInTheYear) {
     struct Zone {
         std::string standardAndSummer;
         std::time_t hoursAhead;

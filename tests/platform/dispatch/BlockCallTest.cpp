@@ -30,7 +30,7 @@ constexpr const char* report = "VanticRestKit: an exception left a block on queu
 
 class BlockCallDeathTest : public testing::Test {
 protected:
-    // The queues have threads, which a plain fork would not copy.
+    // The queues have threads, which the default death test style would lose in the fork.
     BlockCallDeathTest() { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
 };
 
@@ -38,11 +38,11 @@ TEST_F(BlockCallDeathTest, AThrowingBlockEndsTheProcessAndNamesItsQueue) {
     EXPECT_DEATH(throwOn(DispatchQueue("of the test")), report);
 }
 
-TEST_F(BlockCallDeathTest, AThrowingBlockOnAThreadOfItsOwnNamesItsQueue) {
+TEST_F(BlockCallDeathTest, AThrowingBlockOnADedicatedThreadNamesItsQueue) {
     EXPECT_DEATH(throwOn(DispatchQueue::withOwnThread("of the test")), report);
 }
 
-TEST_F(BlockCallDeathTest, AThrowingBlockDoesNotReachTheExecutorOfTheHost) {
+TEST_F(BlockCallDeathTest, AThrowingBlockDoesNotReachTheHostsExecutor) {
     const auto runsAtOnce = [] {
         try {
             throwOn(DispatchQueue::over("of the test", [](Block block) { block(); }));
@@ -52,7 +52,7 @@ TEST_F(BlockCallDeathTest, AThrowingBlockDoesNotReachTheExecutorOfTheHost) {
     EXPECT_DEATH(runsAtOnce(), report);
 }
 
-TEST_F(BlockCallDeathTest, TheMessageOfTheRuntimeFollows) {
+TEST_F(BlockCallDeathTest, TheRuntimesMessageFollows) {
     EXPECT_DEATH(throwOn(DispatchQueue("of the test")), "of the host");
 }
 

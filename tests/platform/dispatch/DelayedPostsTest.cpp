@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-TEST(DelayedPosts, RunOnTheQueueAndNotBeforeTheirTime) {
+TEST(DelayedPosts, RunOnTheQueueAfterTheirDelay) {
     const DispatchQueue queue("delayed");
     const test::Event ran;
     const auto begun = Clock::now();
@@ -31,7 +31,7 @@ TEST(DelayedPosts, RunOnTheQueueAndNotBeforeTheirTime) {
     EXPECT_TRUE(isOnQueue);
 }
 
-TEST(DelayedPosts, RunInTheOrderOfTheirTimesNotOfTheirPosting) {
+TEST(DelayedPosts, RunInTheOrderOfTheirDueTimes) {
     const DispatchQueue queue("delayed");
     const test::Event ran;
     std::vector<int> order;
@@ -41,7 +41,7 @@ TEST(DelayedPosts, RunInTheOrderOfTheirTimesNotOfTheirPosting) {
     EXPECT_EQ(order, (std::vector<int>{1, 2}));
 }
 
-TEST(DelayedPosts, WithoutADelayRunAtOnceAfterWhatWasPostedBefore) {
+TEST(DelayedPosts, RunWithoutADelayAfterTheBlocksPostedBefore) {
     const DispatchQueue queue("delayed");
     const test::Event ran;
     std::vector<int> order;
@@ -52,7 +52,7 @@ TEST(DelayedPosts, WithoutADelayRunAtOnceAfterWhatWasPostedBefore) {
     EXPECT_EQ(order, (std::vector<int>{1, 2, 3}));
 }
 
-TEST(DelayedPosts, OfACancelledItemDropItsBlockAtOnce) {
+TEST(DelayedPosts, ReleaseTheBlockOfACancelledItemAtOnce) {
     const DispatchQueue queue("delayed");
     const auto held = std::make_shared<int>(1);
     const auto item = std::make_shared<DispatchWorkItem>([held] { FAIL() << "it was cancelled"; });
@@ -61,15 +61,15 @@ TEST(DelayedPosts, OfACancelledItemDropItsBlockAtOnce) {
     EXPECT_EQ(held.use_count(), 1);
 }
 
-TEST(DelayedPosts, MayBeDelayedForEver) {
+TEST(DelayedPosts, CanHaveAnInfiniteDelay) {
     const DispatchQueue queue("delayed");
     const test::Event ran;
-    queue.asyncAfter(std::chrono::duration<double>::max(), [] { FAIL() << "for ever has passed"; });
+    queue.asyncAfter(std::chrono::duration<double>::max(), [] { FAIL() << "an infinite delay has passed"; });
     queue.asyncAfter(5ms, [ran] { ran.signal(); });
     EXPECT_TRUE(ran.wait());
 }
 
-TEST(DelayedPosts, OfNothingPostNothing) {
+TEST(DelayedPosts, IgnoreEmptyBlocksAndNullItems) {
     const DispatchQueue queue("delayed");
     const test::Event ran;
     queue.asyncAfter(1ms, Block());
@@ -78,7 +78,7 @@ TEST(DelayedPosts, OfNothingPostNothing) {
     EXPECT_TRUE(ran.wait());
 }
 
-/// An event loop as a host has it: blocks are kept until the test runs them.
+/// Stands in for a host's event loop: keeps blocks until the test runs them.
 struct Loop {
     std::mutex mutex;
     std::vector<Block> posted;
@@ -94,7 +94,7 @@ struct Loop {
     }
 };
 
-TEST(AQueueOverAHostsExecutor, RunsItsBlocksWhereTheHostRunsThem) {
+TEST(AQueueOnAHostsExecutor, RunsItsBlocksOnTheExecutor) {
     const auto loop = std::make_shared<Loop>();
     const DispatchQueue queue = DispatchQueue::over("loop", [loop](Block block) {
         const std::lock_guard lock(loop->mutex);
@@ -110,7 +110,7 @@ TEST(AQueueOverAHostsExecutor, RunsItsBlocksWhereTheHostRunsThem) {
     EXPECT_FALSE(queue.isCurrent());
 }
 
-TEST(AQueueOverAHostsExecutor, IsOneOfSeveral) {
+TEST(AQueueOnAHostsExecutor, IsSeparateFromOtherQueues) {
     const auto first = std::make_shared<Loop>();
     const auto second = std::make_shared<Loop>();
     const auto over = [](const std::shared_ptr<Loop>& loop) {

@@ -22,7 +22,7 @@ constexpr std::chrono::seconds deadline{30};
 
 }  // namespace
 
-TEST(DispatchGroup, DoesNotWaitWhereNothingIsUnderWay) {
+TEST(DispatchGroup, DoesNotWaitIfNothingIsRunning) {
     const DispatchGroup group;
     group.wait();
     group.enter();
@@ -30,7 +30,7 @@ TEST(DispatchGroup, DoesNotWaitWhereNothingIsUnderWay) {
     group.wait();
 }
 
-TEST(DispatchGroup, WaitsUntilAllHaveLeftAndSeesWhatTheyWrote) {
+TEST(DispatchGroup, WaitsForAllAndSeesTheirWrites) {
     const DispatchGroup group;
     // Not atomic: the wait is what makes the writes visible.
     std::vector<int> written(8, 0);
@@ -45,7 +45,7 @@ TEST(DispatchGroup, WaitsUntilAllHaveLeftAndSeesWhatTheyWrote) {
     EXPECT_EQ(written, std::vector<int>(8, 1));
 }
 
-TEST(DispatchGroup, IsOneGroupThroughAllCopiesOfItsHandle) {
+TEST(DispatchGroup, CopiesReferToTheSameGroup) {
     DispatchGroup group;
     group.enter();
     const DispatchGroup moved = std::move(group);
@@ -62,7 +62,7 @@ TEST(DispatchGroup, IsOneGroupThroughAllCopiesOfItsHandle) {
     EXPECT_EQ(GroupProbe::waiters(group), 0U);
 }
 
-TEST(DispatchGroup, LetsItsWaitersGoAlsoWhenOthersEnterBeforeTheyWake) {
+TEST(DispatchGroup, ReleasesItsWaitersEvenIfOthersEnterBeforeTheyWake) {
     const DispatchGroup group;
     group.enter();
     const Event waited;
@@ -81,7 +81,7 @@ TEST(DispatchGroup, LetsItsWaitersGoAlsoWhenOthersEnterBeforeTheyWake) {
     group.leave();
 }
 
-TEST(DispatchGroup, MayBeDestroyedByItsWaiterWhileTheLeaverIsStillLeaving) {
+TEST(DispatchGroup, CanBeDestroyedByAWaiterDuringLeave) {
     const auto leaver = DispatchQueue::withOwnThread("leaver");
     for (int i = 0; i < 3000; ++i) {
         auto group = std::make_unique<DispatchGroup>();
@@ -92,7 +92,7 @@ TEST(DispatchGroup, MayBeDestroyedByItsWaiterWhileTheLeaverIsStillLeaving) {
     }
 }
 
-TEST(DispatchGroup, NeverStarvesAStartHoweverManyQueuesWait) {
+TEST(DispatchGroup, BlocksStartHoweverManyQueuesWait) {
     const auto waiting = static_cast<int>(4 * PoolProbe::limit());
     const DispatchGroup group;
     group.enter();
@@ -105,14 +105,14 @@ TEST(DispatchGroup, NeverStarvesAStartHoweverManyQueuesWait) {
     }
     ASSERT_TRUE(GroupProbe::awaitWaiters(group, static_cast<std::size_t>(waiting), deadline));
     EXPECT_GE(PoolProbe::threads(), static_cast<std::size_t>(waiting));
-    // This one is posted after all waiting blocks, and is what they wait for.
+    // Posted after all waiting blocks, which wait for it.
     DispatchQueue("leaver").async([group] { group.leave(); });
     EXPECT_TRUE(waited.wait(waiting));
-    // The threads that stood in for the waiting ones end again.
+    // The extra threads, started for the waiting ones, end again.
     EXPECT_TRUE(PoolProbe::awaitThreads(PoolProbe::limit(), deadline));
 }
 
-TEST(DispatchGroup, NeverStarvesAStartThatStoodInLineBeforeTheWaitsBegan) {
+TEST(DispatchGroup, BlocksQueuedBeforeTheWaitsStillStart) {
     const auto waiting = static_cast<int>(3 * PoolProbe::limit());
     const DispatchGroup group;
     group.enter();
@@ -131,7 +131,7 @@ TEST(DispatchGroup, NeverStarvesAStartThatStoodInLineBeforeTheWaitsBegan) {
     EXPECT_TRUE(PoolProbe::awaitThreads(PoolProbe::limit(), deadline));
 }
 
-TEST(DispatchGroup, MayBeWaitedForOnAQueueWhoseOtherBlocksThenWait) {
+TEST(DispatchGroup, AWaitHoldsUpTheLaterBlocksOfItsQueue) {
     const DispatchQueue queue("test");
     const DispatchGroup group;
     group.enter();

@@ -38,7 +38,7 @@ TEST(DispatchQueue, RunsBlocksInTheOrderOfTheirPosting) {
     for (int i = 0; i < count; ++i) ASSERT_EQ(seen[static_cast<std::size_t>(i)], i);
 }
 
-TEST(DispatchQueue, NeverRunsTwoBlocksAtOnceAndKeepsTheOrderOfEachPoster) {
+TEST(DispatchQueue, RunsOneBlockAtATimeAndKeepsTheOrderOfEachPoster) {
     const DispatchQueue queue("test");
     constexpr std::size_t posters = 4;
     constexpr int each = 3000;
@@ -69,7 +69,7 @@ TEST(DispatchQueue, NeverRunsTwoBlocksAtOnceAndKeepsTheOrderOfEachPoster) {
     EXPECT_EQ(last, std::vector<int>(posters, each - 1));
 }
 
-TEST(DispatchQueue, RunsABlockPostedByItsOwnBlockAfterThoseThatWaited) {
+TEST(DispatchQueue, RunsABlockPostedByItsOwnBlockAfterThosePostedBefore) {
     const DispatchQueue queue("test");
     const Event done;
     std::vector<int> seen;
@@ -109,7 +109,7 @@ TEST(DispatchQueue, DestroysABlockOnTheQueueBeforeTheNextOneStarts) {
     EXPECT_EQ(seen, (std::vector<int>{1, 2}));
 }
 
-TEST(DispatchQueue, RunsWhatWasPostedAlsoWhenNoHandleIsLeft) {
+TEST(DispatchQueue, RunsPostedBlocksEvenIfNoHandleIsLeft) {
     const Event ran;
     {
         const detail::PoolPause pause;
@@ -119,7 +119,7 @@ TEST(DispatchQueue, RunsWhatWasPostedAlsoWhenNoHandleIsLeft) {
     EXPECT_TRUE(ran.wait(100));
 }
 
-TEST(DispatchQueue, MayLoseItsLastHandleInsideItsOwnBlock) {
+TEST(DispatchQueue, ItsLastHandleCanBeDestroyedInItsOwnBlock) {
     const Event ran;
     auto queue = std::make_unique<DispatchQueue>("test");
     DispatchQueue* const posting = queue.get();
@@ -134,7 +134,7 @@ TEST(DispatchQueue, MayLoseItsLastHandleInsideItsOwnBlock) {
     EXPECT_TRUE(ran.wait(2));
 }
 
-TEST(DispatchQueue, KnowsWhetherItIsTheCurrentOne) {
+TEST(DispatchQueue, KnowsWhetherItIsCurrent) {
     const DispatchQueue queue("a");
     const DispatchQueue other("b");
     const Event done;
@@ -152,7 +152,7 @@ TEST(DispatchQueue, KnowsWhetherItIsTheCurrentOne) {
     EXPECT_FALSE(queue.isCurrent());
 }
 
-TEST(DispatchQueue, IsOneQueueThroughAllCopiesOfItsHandle) {
+TEST(DispatchQueue, CopiesReferToTheSameQueue) {
     DispatchQueue queue("dev.vantic.lumenoKitSDK.Loader");
     const DispatchQueue copy = queue;
     const DispatchQueue moved = std::move(queue);
@@ -162,7 +162,7 @@ TEST(DispatchQueue, IsOneQueueThroughAllCopiesOfItsHandle) {
     EXPECT_EQ(copy.label(), "dev.vantic.lumenoKitSDK.Loader");
 }
 
-TEST(DispatchQueue, PostsNeitherAnEmptyBlockNorNoItem) {
+TEST(DispatchQueue, IgnoresEmptyBlocksAndNullItems) {
     const DispatchQueue queue("test");
     const Event done;
     queue.async(Block());
@@ -171,7 +171,7 @@ TEST(DispatchQueue, PostsNeitherAnEmptyBlockNorNoItem) {
     EXPECT_TRUE(done.wait());
 }
 
-TEST(DispatchQueue, LetsOthersRunWhileManyQueuesNeverComeToAnEnd) {
+TEST(DispatchQueue, RunsWhileManyOtherQueuesAreNeverEmpty) {
     const Event ended;
     const auto stop = std::make_shared<std::atomic<bool>>(false);
     struct Endless {
@@ -194,8 +194,8 @@ TEST(DispatchQueue, LetsOthersRunWhileManyQueuesNeverComeToAnEnd) {
     EXPECT_TRUE(ended.wait(endless));
 }
 
-TEST(DispatchQueue, MakesTenThousandQueuesWithoutAThreadAndRunsThemOnOnePool) {
-    // Threads that stood in for waiting ones in other tests are to be gone.
+TEST(DispatchQueue, TenThousandQueuesNeedNoThreadsAndShareOnePool) {
+    // Extra threads that other tests needed must have ended.
     ASSERT_TRUE(detail::PoolProbe::awaitThreads(detail::PoolProbe::limit(), std::chrono::seconds(30)));
 
     constexpr int count = 10'000;
@@ -211,11 +211,11 @@ TEST(DispatchQueue, MakesTenThousandQueuesWithoutAThreadAndRunsThemOnOnePool) {
         EXPECT_LE(detail::PoolProbe::threads(), detail::PoolProbe::limit());
     }
     EXPECT_TRUE(ran.wait(count));
-    // On a machine that is busy with other things the pool may have taken its threads for blocked ones.
+    // On a busy machine the pool may have mistaken slow threads for blocked ones and started more.
     EXPECT_TRUE(detail::PoolProbe::awaitThreads(detail::PoolProbe::limit(), std::chrono::seconds(30)));
 }
 
-TEST(DispatchQueue, NeverStarvesAStartHoweverManyBlocksBlock) {
+TEST(DispatchQueue, BlocksStartHoweverManyOthersBlock) {
     const auto blocking = static_cast<int>(3 * detail::PoolProbe::limit());
     const Event go;
     const Event ended;
@@ -225,14 +225,14 @@ TEST(DispatchQueue, NeverStarvesAStartHoweverManyBlocksBlock) {
             ended.signal();
         });
     }
-    // This one is posted after all blocking blocks, and is what they wait for.
+    // Posted after all blocking blocks, which wait for it.
     DispatchQueue("goes").async([go] { go.signal(); });
     EXPECT_TRUE(ended.wait(blocking));
-    // The threads that stood in for the blocked ones end again.
+    // The extra threads, started for the blocked ones, end again.
     EXPECT_TRUE(detail::PoolProbe::awaitThreads(detail::PoolProbe::limit(), std::chrono::seconds(30)));
 }
 
-TEST(DispatchQueue, NeverStarvesAStartWhereBlocksBlockAndOthersWaitForAGroup) {
+TEST(DispatchQueue, BlocksStartEvenIfOthersBlockOrWaitForAGroup) {
     const auto each = static_cast<int>(2 * detail::PoolProbe::limit());
     const Event go;
     const Event ended;
@@ -254,7 +254,7 @@ TEST(DispatchQueue, NeverStarvesAStartWhereBlocksBlockAndOthersWaitForAGroup) {
     EXPECT_TRUE(detail::PoolProbe::awaitThreads(detail::PoolProbe::limit(), std::chrono::seconds(30)));
 }
 
-TEST(DispatchQueue, HoldsAsManyBlocksAsArePosted) {
+TEST(DispatchQueue, HoldsAnyNumberOfBlocks) {
     const DispatchQueue queue("test");
     const Event done;
     int runs = 0;
@@ -267,7 +267,7 @@ TEST(DispatchQueue, HoldsAsManyBlocksAsArePosted) {
     EXPECT_EQ(runs, 300'000);
 }
 
-TEST(PoolPause, HoldsBackWhatIsPostedWhileABlockOfTheQueueStillRuns) {
+TEST(PoolPause, HoldsBackBlocksPostedWhileABlockOfTheQueueRuns) {
     const DispatchQueue queue("test");
     const Event started, goOn, ran, otherRan;
     std::atomic<bool> ranEarly{false};
@@ -289,7 +289,7 @@ TEST(PoolPause, HoldsBackWhatIsPostedWhileABlockOfTheQueueStillRuns) {
             if (paused) ranEarly = true;
             otherRan.signal();
         });
-        // A queue with a thread of its own goes on, and gives the pool time to do wrong.
+        // A queue with its own thread is not paused. Its block gives the pool time to run the paused block by mistake.
         const Event passed;
         const auto own = DispatchQueue::withOwnThread("own");
         for (int i = 0; i < 1000; ++i) own.async([passed] { passed.signal(); });
@@ -309,7 +309,7 @@ TEST(PoolPause, EndsWithTheLastOfSeveral) {
         const detail::PoolPause outer;
         { const detail::PoolPause inner; }
         queue.async([ran] { ran.signal(); });
-        // A queue with a thread of its own goes on, and gives the pool time to do wrong.
+        // A queue with its own thread is not paused. Its block gives the pool time to run the paused block by mistake.
         const Event passed;
         const auto own = DispatchQueue::withOwnThread("own");
         for (int i = 0; i < 1000; ++i) own.async([passed] { passed.signal(); });
@@ -342,7 +342,7 @@ TEST(DispatchQueue, SupportsManyQueuesThatPostToEachOther) {
     };
     for (std::size_t i = 0; i < count; ++i) Walk{queues, visits, ended}.go(i, hops);
     ASSERT_TRUE(ended.wait(count));
-    // Each walk's last visit is seen through the event, the others through the queues they passed.
+    // The event makes each walk's last visit visible, the queues make the earlier ones visible.
     const Event gathered;
     std::atomic<int> total{0};
     for (std::size_t i = 0; i < count; ++i) {

@@ -15,7 +15,7 @@ using test::Event;
 
 namespace {
 
-/// An item whose block holds an item whose block holds an item.
+/// A chain of items, each held by the block of the one before it.
 std::shared_ptr<DispatchWorkItem> chain(int length) {
     std::shared_ptr<DispatchWorkItem> first;
     for (int i = 0; i < length; ++i) {
@@ -24,7 +24,7 @@ std::shared_ptr<DispatchWorkItem> chain(int length) {
     return first;
 }
 
-// Far more than fits a stack of 8 MB if each link took a call.
+// With one stack frame per link, far more than a stack of 8 MB can hold.
 constexpr int longChain = 400'000;
 
 }  // namespace
@@ -38,7 +38,7 @@ TEST(DispatchWorkItem, RunsAtMostOnce) {
     EXPECT_FALSE(item.isCancelled());
 }
 
-TEST(DispatchWorkItem, NeverRunsWhenItIsCancelledBeforeItsQueueComesToIt) {
+TEST(DispatchWorkItem, NeverRunsIfCancelledBeforeItsStart) {
     const DispatchQueue queue("test");
     const Event last;
     std::atomic<bool> ran{false};
@@ -54,7 +54,7 @@ TEST(DispatchWorkItem, NeverRunsWhenItIsCancelledBeforeItsQueueComesToIt) {
     EXPECT_TRUE(item->isCancelled());
 }
 
-TEST(DispatchWorkItem, GoesOnWhenItIsCancelledAfterItsStart) {
+TEST(DispatchWorkItem, ContinuesIfCancelledAfterItsStart) {
     const DispatchQueue queue("test");
     const Event started, goOn, ended;
     const auto item = std::make_shared<DispatchWorkItem>([=] {
@@ -82,7 +82,7 @@ TEST(DispatchWorkItem, CanBeCancelledByItsOwnBlock) {
     EXPECT_EQ(held.use_count(), 1);
 }
 
-TEST(DispatchWorkItem, DropsItsBlockWhenItHasRunThoughItIsStillHeld) {
+TEST(DispatchWorkItem, ReleasesItsBlockAfterRunningEvenIfTheItemIsStillHeld) {
     auto held = std::make_shared<int>(1);
     const std::weak_ptr<int> seen = held;
     DispatchWorkItem item([kept = std::move(held)] {});
@@ -101,7 +101,7 @@ TEST(DispatchWorkItem, DestroysItsBlockWhenCancelledWhileStillQueued) {
     EXPECT_TRUE(seen.expired());
 }
 
-TEST(DispatchWorkItem, IsFreedAfterItHasRunAlsoWhenItsBlockHoldsIt) {
+TEST(DispatchWorkItem, IsFreedAfterRunningEvenIfItsBlockHoldsIt) {
     std::weak_ptr<DispatchWorkItem> seen;
     {
         struct Owner {
@@ -122,14 +122,14 @@ TEST(DispatchWorkItem, WithoutABlockDoesNothing) {
     EXPECT_TRUE(item.isCancelled());
 }
 
-TEST(DispatchWorkItem, DestroysALongChainOfItemsWithoutDeepRecursion) { chain(longChain).reset(); }
+TEST(DispatchWorkItem, DestroysALongChainWithoutDeepRecursion) { chain(longChain).reset(); }
 
-TEST(DispatchWorkItem, DropsALongChainOfItemsWithoutDeepRecursionWhenItIsCancelled) {
+TEST(DispatchWorkItem, ReleasesALongChainWithoutDeepRecursionWhenCancelled) {
     chain(longChain)->cancel();
     chain(longChain)->perform();
 }
 
-TEST(DispatchWorkItem, RunsAtMostOnceAndDropsItsBlockWhenManyThreadsPerformAndCancel) {
+TEST(DispatchWorkItem, RunsAtMostOnceAndReleasesItsBlockIfManyThreadsPerformAndCancel) {
     constexpr std::size_t count = 5000;
     auto held = std::make_shared<int>(1);
     // Not atomic: a block that ran twice at once would be seen by the thread sanitizer.

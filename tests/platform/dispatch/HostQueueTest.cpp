@@ -25,7 +25,7 @@ void runAtOnce(Block turn) { turn(); }
 
 }  // namespace
 
-TEST(HostQueue, HandsTheHostOneTurnForEachBlock) {
+TEST(HostQueue, PassesOneTurnPerBlockToTheHost) {
     std::vector<Block> turns;
     const auto queue = hostQueue([&](Block turn) { turns.push_back(std::move(turn)); });
     std::vector<int> seen;
@@ -38,7 +38,7 @@ TEST(HostQueue, HandsTheHostOneTurnForEachBlock) {
     EXPECT_EQ(seen, (std::vector<int>{0, 1, 2}));
 }
 
-TEST(HostQueue, KeepsTheOrderWhenTheHostTakesTheTurnsInAnother) {
+TEST(HostQueue, KeepsItsOrderIfTheHostReordersTheTurns) {
     std::vector<Block> turns;
     const auto queue = hostQueue([&](Block turn) { turns.push_back(std::move(turn)); });
     std::vector<int> seen;
@@ -47,7 +47,7 @@ TEST(HostQueue, KeepsTheOrderWhenTheHostTakesTheTurnsInAnother) {
     EXPECT_EQ(seen, (std::vector<int>{0, 1, 2}));
 }
 
-TEST(HostQueue, StaysSerialWithAHostThatRunsEverythingAtOnce) {
+TEST(HostQueue, StaysSerialIfTheHostRunsTurnsImmediately) {
     const auto queue = hostQueue(runAtOnce);
     std::vector<int> seen;
     queue->post([&] {
@@ -57,7 +57,7 @@ TEST(HostQueue, StaysSerialWithAHostThatRunsEverythingAtOnce) {
     EXPECT_EQ(seen, (std::vector<int>{1, 2}));
 }
 
-TEST(HostQueue, RunsALongChainOfBlocksWithoutDeepRecursionWithAHostThatRunsEverythingAtOnce) {
+TEST(HostQueue, RunsALongChainWithoutDeepRecursionIfTheHostRunsTurnsImmediately) {
     const auto queue = hostQueue(runAtOnce);
     int left = 200'000;
     struct Again {
@@ -71,7 +71,7 @@ TEST(HostQueue, RunsALongChainOfBlocksWithoutDeepRecursionWithAHostThatRunsEvery
     EXPECT_EQ(left, 0);
 }
 
-TEST(HostQueue, StaysSerialWithAHostOfManyThreads) {
+TEST(HostQueue, StaysSerialIfTheHostUsesManyThreads) {
     constexpr int count = 300;
     std::mutex mutex;
     std::vector<std::thread> threads;
@@ -98,7 +98,7 @@ TEST(HostQueue, StaysSerialWithAHostOfManyThreads) {
     for (int i = 0; i < count; ++i) ASSERT_EQ(seen[static_cast<std::size_t>(i)], i);
 }
 
-TEST(HostQueue, IsCurrentInItsBlocksOnly) {
+TEST(HostQueue, IsCurrentOnlyInItsBlocks) {
     const auto queue = hostQueue(runAtOnce);
     bool inside = false;
     queue->post([&] { inside = queue->isCurrent(); });
@@ -106,7 +106,7 @@ TEST(HostQueue, IsCurrentInItsBlocksOnly) {
     EXPECT_FALSE(queue->isCurrent());
 }
 
-TEST(HostQueue, DiscardsABlockForATurnThatTheHostDrops) {
+TEST(HostQueue, DiscardsABlockForEachTurnThatTheHostDrops) {
     std::vector<Block> turns;
     const auto queue = hostQueue([&](Block turn) { turns.push_back(std::move(turn)); });
     const auto held = std::make_shared<int>(1);
@@ -129,7 +129,7 @@ TEST(HostQueue, RunsATurnOnlyOnce) {
     EXPECT_EQ(runs, 1);
 }
 
-TEST(MainQueue, TakesAnExecutorBeforeItsFirstBlockAndOnlyOnce) {
+TEST(MainQueue, AcceptsAnExecutorOnceAndOnlyBeforeItsFirstBlock) {
     detail::MainQueue queue("main");
     EXPECT_FALSE(queue.setExecutor(Executor()));
     EXPECT_TRUE(queue.setExecutor(runAtOnce));
@@ -139,7 +139,7 @@ TEST(MainQueue, TakesAnExecutorBeforeItsFirstBlockAndOnlyOnce) {
     EXPECT_TRUE(inside);
 }
 
-TEST(MainQueue, TakesNoExecutorAfterItsFirstBlock) {
+TEST(MainQueue, RejectsAnExecutorAfterItsFirstBlock) {
     const auto queue = std::make_shared<detail::MainQueue>("main");
     const Event ran;
     bool inside = false;

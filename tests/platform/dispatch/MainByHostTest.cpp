@@ -15,7 +15,7 @@ using test::Event;
 
 namespace {
 
-/// A loop such as a user interface has.
+/// Stands in for the event loop of a user interface.
 class Loop {
 public:
     void hand(Block turn) {
@@ -40,8 +40,8 @@ private:
 
 }  // namespace
 
-TEST(MainQueueOfTheHost, RunsItsBlocksOnTheLoopThatTheHostGave) {
-    // Looking at the queue is not using it.
+TEST(MainQueueOfTheHost, RunsItsBlocksOnTheHostsLoop) {
+    // Querying the queue does not count as using it.
     EXPECT_FALSE(DispatchQueue::main().isCurrent());
     EXPECT_EQ(DispatchQueue::main().label(), "main");
 

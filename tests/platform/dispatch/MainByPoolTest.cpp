@@ -8,7 +8,7 @@
 using namespace VanticRestKit;
 using test::Event;
 
-TEST(MainQueueOfTheProcess, IsASerialQueueLikeAnyOtherAndTakesNoExecutorAfterItsFirstBlock) {
+TEST(MainQueueOfTheProcess, IsAnOrdinarySerialQueueAndRejectsAnExecutorAfterItsFirstBlock) {
     const Event done;
     std::vector<int> seen;
     bool isCurrent = false;

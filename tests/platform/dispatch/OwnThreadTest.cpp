@@ -18,21 +18,21 @@ using test::Event;
 
 namespace {
 
-/// Signals when the thread that made one ends.
-struct SignalsAtTheEnd {
-    explicit SignalsAtTheEnd(Event end) : ended(std::move(end)) {}
-    SignalsAtTheEnd(const SignalsAtTheEnd&) = delete;
-    SignalsAtTheEnd& operator=(const SignalsAtTheEnd&) = delete;
-    ~SignalsAtTheEnd() { ended.signal(); }
+/// A thread-local object that signals when its thread ends.
+struct ThreadEndSignal {
+    explicit ThreadEndSignal(Event end) : ended(std::move(end)) {}
+    ThreadEndSignal(const ThreadEndSignal&) = delete;
+    ThreadEndSignal& operator=(const ThreadEndSignal&) = delete;
+    ~ThreadEndSignal() { ended.signal(); }
     Event ended;
 };
 
-void signalAtTheEndOfThisThread(const Event& ended) {
-    thread_local std::optional<SignalsAtTheEnd> atTheEnd;
+void signalWhenThisThreadEnds(const Event& ended) {
+    thread_local std::optional<ThreadEndSignal> atTheEnd;
     atTheEnd.emplace(ended);
 }
 
-bool isThereAThreadNamed(const std::string& name) {
+bool hasThreadNamed(const std::string& name) {
     for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task")) {
         std::string text;
         std::getline(std::ifstream(thread.path() / "comm"), text);
@@ -43,7 +43,7 @@ bool isThereAThreadNamed(const std::string& name) {
 
 }  // namespace
 
-TEST(QueueWithOwnThread, RunsAllBlocksInOrderOnOneThreadThatIsNotThePools) {
+TEST(QueueWithOwnThread, RunsAllBlocksInOrderOnOneThreadOutsideThePool) {
     const auto queue = DispatchQueue::withOwnThread("test");
     const Event done;
     std::set<std::thread::id> threads;
@@ -69,26 +69,26 @@ TEST(QueueWithOwnThread, RunsAllBlocksInOrderOnOneThreadThatIsNotThePools) {
     for (int i = 0; i < 1000; ++i) ASSERT_EQ(seen[static_cast<std::size_t>(i)], i);
 }
 
-TEST(QueueWithOwnThread, StartsItsThreadWithTheFirstBlockAndNamesItByItsLabel) {
+TEST(QueueWithOwnThread, StartsItsThreadWithTheFirstBlockAndNamesItAfterItsLabel) {
     const auto queue = DispatchQueue::withOwnThread("starts-late");
     EXPECT_EQ(queue.label(), "starts-late");
-    EXPECT_FALSE(isThereAThreadNamed("starts-late"));
+    EXPECT_FALSE(hasThreadNamed("starts-late"));
     const Event ran;
     bool isThere = false;
     queue.async([&] {
-        isThere = isThereAThreadNamed("starts-late");
+        isThere = hasThreadNamed("starts-late");
         ran.signal();
     });
     ASSERT_TRUE(ran.wait());
     EXPECT_TRUE(isThere);
 }
 
-TEST(QueueWithOwnThread, EndsItsThreadWhenTheLastHandleIsGone) {
+TEST(QueueWithOwnThread, EndsItsThreadWhenTheLastHandleIsDestroyed) {
     const Event ran, ended;
     {
         const auto queue = DispatchQueue::withOwnThread("test");
         queue.async([=] {
-            signalAtTheEndOfThisThread(ended);
+            signalWhenThisThreadEnds(ended);
             ran.signal();
         });
         ASSERT_TRUE(ran.wait());
@@ -116,12 +116,12 @@ TEST(QueueWithOwnThread, KeepsItsThreadAsLongAsThereIsAHandle) {
     EXPECT_EQ(first, second);
 }
 
-TEST(QueueWithOwnThread, RunsWhatWasPostedBeforeItsLastHandleWent) {
+TEST(QueueWithOwnThread, RunsBlocksPostedBeforeItsLastHandleWasDestroyed) {
     const Event started, goOn, ran, ended;
     {
         const auto queue = DispatchQueue::withOwnThread("test");
         queue.async([=] {
-            signalAtTheEndOfThisThread(ended);
+            signalWhenThisThreadEnds(ended);
             started.signal();
             EXPECT_TRUE(goOn.wait());
         });
@@ -133,14 +133,14 @@ TEST(QueueWithOwnThread, RunsWhatWasPostedBeforeItsLastHandleWent) {
     EXPECT_EQ(ran.count(), 100);
 }
 
-TEST(QueueWithOwnThread, MayLoseItsLastHandleInsideItsOwnBlock) {
+TEST(QueueWithOwnThread, ItsLastHandleCanBeDestroyedInItsOwnBlock) {
     const Event ran, ended;
     auto queue = std::make_unique<DispatchQueue>(DispatchQueue::withOwnThread("test"));
     DispatchQueue* const posting = queue.get();
     const Event goOn;
     posting->async([=, held = std::move(queue)]() mutable {
         EXPECT_TRUE(goOn.wait());
-        signalAtTheEndOfThisThread(ended);
+        signalWhenThisThreadEnds(ended);
         held->async([ran] { ran.signal(); });
         held.reset();
     });

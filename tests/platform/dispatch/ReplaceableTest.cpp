@@ -13,7 +13,7 @@
 
 using namespace VanticRestKit;
 
-TEST(Replaceable, StartsWithItsFirstValueAndGivesTheOneStoredLast) {
+TEST(Replaceable, ReturnsTheInitialValueThenTheOneStoredLast) {
     detail::Replaceable<std::optional<std::string>> empty;
     EXPECT_FALSE(empty.load());
     detail::Replaceable<std::string> text("a");
@@ -22,7 +22,7 @@ TEST(Replaceable, StartsWithItsFirstValueAndGivesTheOneStoredLast) {
     EXPECT_EQ(text.load(), "b");
 }
 
-TEST(Replaceable, GivesWholeValuesOnlyWhenSeveralThreadsStoreAndLoad) {
+TEST(Replaceable, ReturnsOnlyCompleteValuesIfSeveralThreadsStoreAndLoad) {
     struct Pair {
         std::string first;
         std::string second;
@@ -48,7 +48,7 @@ TEST(Replaceable, GivesWholeValuesOnlyWhenSeveralThreadsStoreAndLoad) {
     EXPECT_FALSE(torn);
 }
 
-TEST(Replaceable, DestroysTheOldValueWhereItsDestructorMayComeBack) {
+TEST(Replaceable, TheDestructorOfTheOldValueMayUseTheReplaceable) {
     struct Guard {
         std::function<void()> atTheEnd;
         ~Guard() { atTheEnd(); }
@@ -60,7 +60,7 @@ TEST(Replaceable, DestroysTheOldValueWhereItsDestructorMayComeBack) {
     EXPECT_TRUE(sawNewValue);
 }
 
-TEST(OperationQueue, StartsWithTheSettingsOfTheSystem) {
+TEST(OperationQueue, HasTheSystemsDefaultSettings) {
     const OperationQueue queue{.name = "dev.vantic.NetworkSesionQueue"};
     EXPECT_EQ(queue.name, "dev.vantic.NetworkSesionQueue");
     EXPECT_EQ(queue.maxConcurrentOperationCount, OperationQueue::defaultMaxConcurrentOperationCount);

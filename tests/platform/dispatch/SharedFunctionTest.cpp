@@ -13,7 +13,7 @@ namespace {
 
 int twice(int number) { return 2 * number; }
 
-/// A callable with an implicit constructor from the wrapper that is to hold it.
+/// A callable with an implicit constructor from the wrapper that will hold it.
 struct Repeated {
     Repeated(SharedFunction<void()> function) : repeated(std::move(function)) {}
     void operator()() const {
@@ -36,10 +36,12 @@ TEST(SharedFunction, HoldsACallableThatConvertsFromIt) {
     EXPECT_EQ(calls, 6);
 }
 
-static_assert(!std::is_constructible_v<SharedFunction<void()>, int>, "what cannot be called is refused");
-static_assert(!std::is_constructible_v<SharedFunction<void()>, int (*)(int)>, "and so are other arguments");
+static_assert(!std::is_constructible_v<SharedFunction<void()>, int>,
+              "a type that cannot be called is rejected");
+static_assert(!std::is_constructible_v<SharedFunction<void()>, int (*)(int)>,
+              "a callable with other arguments is rejected");
 
-TEST(SharedFunction, HoldsACallableThatCannotBeCopiedAndIsCopiedItself) {
+TEST(SharedFunction, CanBeCopiedWithAMoveOnlyCallable) {
     auto number = std::make_unique<int>(7);
     const SharedFunction<int()> function = [held = std::move(number)] { return *held; };
     const SharedFunction<int()> copy = function;
@@ -47,14 +49,14 @@ TEST(SharedFunction, HoldsACallableThatCannotBeCopiedAndIsCopiedItself) {
     EXPECT_EQ(copy(), 7);
 }
 
-TEST(SharedFunction, ItsCopiesShareWhatTheCallableKeeps) {
+TEST(SharedFunction, CopiesShareTheStateOfTheCallable) {
     const SharedFunction<int()> function = [count = 0]() mutable { return ++count; };
     const SharedFunction<int()> copy = function;
     EXPECT_EQ(function(), 1);
     EXPECT_EQ(copy(), 2);
 }
 
-TEST(SharedFunction, IsEmptyWhenItIsMadeOfNothing) {
+TEST(SharedFunction, IsEmptyIfConstructedFromNothing) {
     EXPECT_FALSE(SharedFunction<void()>());
     EXPECT_FALSE(SharedFunction<void()>(nullptr));
     EXPECT_FALSE(SharedFunction<void()>(std::function<void()>()));
@@ -79,7 +81,7 @@ TEST(SharedFunction, DestroysTheCallableWithItsLastCopy) {
     EXPECT_EQ(held.use_count(), 1);
 }
 
-TEST(SharedFunctionDeathTest, EndsTheProcessWhenAnEmptyOneIsCalled) {
+TEST(SharedFunctionDeathTest, EndsTheProcessIfCalledWhileEmpty) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(SharedFunction<void()>()(), testing::KilledBySignal(SIGABRT), "");
 }

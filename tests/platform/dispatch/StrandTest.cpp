@@ -13,7 +13,7 @@
 using namespace VanticRestKit;
 using test::Event;
 
-TEST(UnhurriedBlock, RunsInItsPlaceWhenAnotherBlockFollows) {
+TEST(DeferrableBlock, RunsInOrderWhenAnotherBlockFollows) {
     const auto strand = std::make_shared<detail::Strand>("test");
     const Event done;
     std::vector<int> seen;
@@ -26,7 +26,7 @@ TEST(UnhurriedBlock, RunsInItsPlaceWhenAnotherBlockFollows) {
     EXPECT_EQ(seen, (std::vector<int>{1, 2, 3, 4}));
 }
 
-TEST(UnhurriedBlock, DoesNotWaitForGoodWhereOnlyItsOwnKindFollows) {
+TEST(DeferrableBlock, RunsEvenIfOnlyDeferrableBlocksFollow) {
     const auto strand = std::make_shared<detail::Strand>("test");
     constexpr int count = 100;
     const Event ran;
@@ -34,7 +34,7 @@ TEST(UnhurriedBlock, DoesNotWaitForGoodWhereOnlyItsOwnKindFollows) {
     EXPECT_TRUE(ran.wait(9 * count));
 }
 
-TEST(UnhurriedBlock, IsDroppedWithAQueueThatNothingFollowedOn) {
+TEST(DeferrableBlock, IsDestroyedWithItsStrandIfNothingFollows) {
     const auto held = std::make_shared<int>(1);
     auto strand = std::make_shared<detail::Strand>("test");
     strand->postUnhurried([held] {});
@@ -42,24 +42,24 @@ TEST(UnhurriedBlock, IsDroppedWithAQueueThatNothingFollowedOn) {
     EXPECT_EQ(held.use_count(), 1);
 }
 
-TEST(UnhurriedBlock, WaitsAgainAfterItsKindHasHadATurn) {
+TEST(DeferrableBlock, WaitsAgainAfterEarlierDeferrableBlocksHaveRun) {
     auto strand = std::make_shared<detail::Strand>("test");
     const Event done;
     for (int i = 0; i < 31; ++i) strand->postUnhurried([] {});
     strand->post([] {});
     strand->post([done] { done.signal(); });
     ASSERT_TRUE(done.wait());
-    // Once the turn is over, only this test holds the strand.
+    // When the turn is over, only this test holds the strand.
     while (strand.use_count() > 1) std::this_thread::yield();
     const detail::PoolPause pause;
     strand->postUnhurried([] {});
-    EXPECT_EQ(strand.use_count(), 1) << "the pool holds it";
+    EXPECT_EQ(strand.use_count(), 1) << "the strand is not queued in the pool";
 }
 
 namespace {
 
-/// How many of a hundred blocks of one strand have run when the only block of another one runs, which stood behind it in
-/// the line of a pool with one free thread.
+/// The number of blocks of a busy strand that run before the only block of another strand, which is queued after it.
+/// The pool has one free thread, and the busy strand has a hundred blocks.
 int blocksBeforeTheOtherStrand() {
     std::vector<std::shared_ptr<detail::Strand>> blockers;
     const Event started, goOn, done;
@@ -92,9 +92,9 @@ int blocksBeforeTheOtherStrand() {
 
 }  // namespace
 
-TEST(Strand, LetsTheOthersHaveTheirTurnAfterSomeBlocks) {
-    // More than one try: if the machine is busy, the pool has more than one free thread at times.
-    int least = 100;
-    for (int i = 0; i < 20 && least > 32; ++i) least = std::min(least, blocksBeforeTheOtherStrand());
-    EXPECT_LE(least, 32);
+TEST(Strand, YieldsToOtherStrandsAfterSomeBlocks) {
+    // Several attempts, since on a busy machine the pool may temporarily have more than one free thread.
+    int fewest = 100;
+    for (int i = 0; i < 20 && fewest > 32; ++i) fewest = std::min(fewest, blocksBeforeTheOtherStrand());
+    EXPECT_LE(fewest, 32);
 }

@@ -11,7 +11,7 @@
 using namespace VanticRestKit;
 using test::Event;
 
-TEST(Thread, LeavesTheHostsSignalsToTheHostsThreads) {
+TEST(Thread, BlocksTheHostsSignals) {
     const Event done;
     sigset_t inside;
     ASSERT_TRUE(detail::startThread("test", [&inside, done] {
@@ -24,13 +24,13 @@ TEST(Thread, LeavesTheHostsSignalsToTheHostsThreads) {
     for (const int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGTRAP, SIGABRT, SIGSYS}) {
         EXPECT_EQ(sigismember(&inside, signal), 0) << signal;
     }
-    EXPECT_EQ(sigismember(&inside, SIGPROF), 0) << "a profiler looks at every thread";
+    EXPECT_EQ(sigismember(&inside, SIGPROF), 0) << "a profiler samples every thread";
     sigset_t outside;
     pthread_sigmask(SIG_SETMASK, nullptr, &outside);
     EXPECT_EQ(sigismember(&outside, SIGINT), 0);
 }
 
-TEST(Thread, BearsTheEndOfItsName) {
+TEST(Thread, IsNamedByTheLastCharactersOfALongName) {
     const Event done;
     std::string name;
     ASSERT_TRUE(detail::startThread("dev.vantic.delegate-queue", [&name, done] {
@@ -51,7 +51,7 @@ bool isBlocked(int signal) {
     return sigismember(&blocked, signal) == 1;
 }
 
-/// For the time of its life, the calling thread blocks `SIGUSR2` and no other signal of the host's.
+/// While this object exists, the calling thread blocks only `SIGUSR2`.
 class BlocksOne {
 public:
     BlocksOne() {
@@ -70,7 +70,7 @@ private:
 
 }  // namespace
 
-TEST(Thread, HasTheMaskOfItsStarterAroundWhatIsTheHosts) {
+TEST(Thread, RestoresTheStartersMaskForHostCode) {
     const BlocksOne blocks;
     const Event done;
     bool before = false, inside = true, kept = false, after = false;
@@ -91,7 +91,7 @@ TEST(Thread, HasTheMaskOfItsStarterAroundWhatIsTheHosts) {
     EXPECT_TRUE(after);
 }
 
-TEST(Thread, HandsTheMaskOnToTheThreadsThatItStarts) {
+TEST(Thread, PassesTheMaskOnToThreadsThatItStarts) {
     const Event done;
     bool inside = true;
     ASSERT_TRUE(detail::startThread("outer", [&, done] {
@@ -105,7 +105,7 @@ TEST(Thread, HandsTheMaskOnToTheThreadsThatItStarts) {
     EXPECT_FALSE(inside);
 }
 
-TEST(Thread, ChangesNothingOnAThreadOfTheHosts) {
+TEST(Thread, DoesNotChangeTheMaskOfAHostThread) {
     const BlocksOne blocks;
     { const detail::HostSignals signals; }
     EXPECT_FALSE(isBlocked(SIGTERM));

@@ -14,7 +14,7 @@ namespace {
 
 int twice(int number) { return 2 * number; }
 
-/// Counts the objects that have the counter and were not moved from.
+/// Counts the live objects that were not moved from.
 struct Tracked {
     explicit Tracked(int& count) : alive(&count) { ++*alive; }
     Tracked(Tracked&& other) noexcept : alive(std::exchange(other.alive, nullptr)) {}
@@ -24,7 +24,7 @@ struct Tracked {
     int* alive;
 };
 
-/// Binds a handler as the executors of asio do: a callable with an implicit constructor from what it binds.
+/// Binds a handler like the executors of asio: a callable with an implicit constructor from the bound handler.
 template <class Handler>
 struct Binder {
     Binder(Handler& bound) : handler(std::move(bound)) {}
@@ -34,7 +34,7 @@ struct Binder {
     Handler handler;
 };
 
-/// A callable with an implicit constructor from a block, which can be copied.
+/// A copyable callable with an implicit constructor from a block.
 struct Repeated {
     Repeated(Block block) : shared(std::make_shared<Block>(std::move(block))) {}
     void operator()() const {
@@ -44,11 +44,11 @@ struct Repeated {
     std::shared_ptr<Block> shared;
 };
 
-/// What asio asks of a handler.
+/// The requirements of asio on a handler.
 static_assert(std::is_move_constructible_v<Block> && std::is_convertible_v<Block, Block>);
 static_assert(std::is_constructible_v<Block, Binder<Block>> && !std::is_copy_constructible_v<Block>);
 
-static_assert(!std::is_constructible_v<Block, Binder<Block>&>, "what cannot be copied is not copied");
+static_assert(!std::is_constructible_v<Block, Binder<Block>&>, "a move-only block is not copied");
 static_assert(std::is_constructible_v<Block, Repeated&> && std::is_constructible_v<Block, const Repeated&>);
 static_assert(!std::is_constructible_v<Block, int> && !std::is_constructible_v<Block, int (*)(int)>);
 
@@ -66,13 +66,13 @@ TEST(UniqueFunction, HoldsACallableThatConvertsFromIt) {
     EXPECT_EQ(calls, 3);
 }
 
-TEST(UniqueFunction, HoldsACallableThatCannotBeCopied) {
+TEST(UniqueFunction, HoldsAMoveOnlyCallable) {
     auto number = std::make_unique<int>(7);
     UniqueFunction<int()> function = [held = std::move(number)] { return *held; };
     EXPECT_EQ(function(), 7);
 }
 
-TEST(UniqueFunction, IsEmptyWhenItIsMadeOfNothing) {
+TEST(UniqueFunction, IsEmptyIfConstructedFromNothing) {
     EXPECT_FALSE(Block());
     EXPECT_FALSE(Block(nullptr));
     EXPECT_FALSE(Block(std::function<void()>()));
@@ -87,7 +87,7 @@ TEST(UniqueFunction, WrapsPlainFunctionsAndOtherWrappers) {
     EXPECT_EQ(UniqueFunction<long(short)>(UniqueFunction<int(int)>(twice))(4), 8);
 }
 
-TEST(UniqueFunction, PassesArgumentsThatCannotBeCopiedAndDropsAResultThatIsNotWanted) {
+TEST(UniqueFunction, PassesMoveOnlyArgumentsAndDiscardsAnUnusedResult) {
     int seen = 0;
     UniqueFunction<void(std::unique_ptr<int>)> function = [&](std::unique_ptr<int> number) {
         seen = *number;
@@ -97,13 +97,13 @@ TEST(UniqueFunction, PassesArgumentsThatCannotBeCopiedAndDropsAResultThatIsNotWa
     EXPECT_EQ(seen, 5);
 }
 
-TEST(UniqueFunction, PassesReferencesAsTheyAre) {
+TEST(UniqueFunction, PassesReferencesUnchanged) {
     UniqueFunction<int&(int&)> function = [](int& number) -> int& { return number; };
     int number = 1;
     EXPECT_EQ(&function(number), &number);
 }
 
-TEST(UniqueFunction, KeepsItsStateFromCallToCall) {
+TEST(UniqueFunction, KeepsItsStateBetweenCalls) {
     UniqueFunction<int()> function = [count = 0]() mutable { return ++count; };
     function();
     UniqueFunction<int()> moved = std::move(function);
@@ -135,7 +135,7 @@ TEST(UniqueFunction, HoldsACallableOfLargeAlignment) {
     EXPECT_EQ(function(), 0U);
 }
 
-TEST(UniqueFunction, HoldsTheNewCallableWhileTheOldOneIsDestroyed) {
+TEST(UniqueFunction, HoldsTheNewCallableDuringTheDestructionOfTheOldOne) {
     Block function;
     bool sawNewOne = false;
     struct Looks {
@@ -163,7 +163,7 @@ TEST(UniqueFunction, SurvivesBeingMovedToItself) {
     EXPECT_EQ(calls, 1);
 }
 
-TEST(UniqueFunctionDeathTest, EndsTheProcessWhenAnEmptyOneIsCalled) {
+TEST(UniqueFunctionDeathTest, EndsTheProcessIfCalledWhileEmpty) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(Block()(), testing::KilledBySignal(SIGABRT), "");
 }

@@ -9,34 +9,34 @@
 namespace VanticRestKit {
 namespace {
 
-/// How many of the kinds a value says that it is of.
+/// The number of kinds that a value reports to be.
 int kinds(const AnyValue& value) {
     return int{value.text() != nullptr} + int{value.integer() != nullptr} + int{value.boolean() != nullptr} +
            int{value.number() != nullptr} + int{value.error() != nullptr} + int{value.other() != nullptr};
 }
 
-TEST(AnyValue, IsOfOneKind) {
+TEST(AnyValue, HasExactlyOneKind) {
     for (const AnyValue& value : {AnyValue("text"), AnyValue(1), AnyValue(true), AnyValue(1.5),
                                   AnyValue(Error(NSError("D", 1))), AnyValue(), AnyValue(1ULL << 63)}) {
         EXPECT_EQ(kinds(value), 1);
     }
 }
 
-TEST(AnyValue, KeepsATextHoweverItIsGiven) {
+TEST(AnyValue, HoldsAStringOfAnyStringType) {
     EXPECT_EQ(*AnyValue("text").text(), "text");
     EXPECT_EQ(*AnyValue(std::string("text")).text(), "text");
     EXPECT_EQ(*AnyValue(std::string_view("text")).text(), "text");
     EXPECT_EQ(*AnyValue("").text(), "");
 }
 
-TEST(AnyValue, ATruthValueIsNoNumberAndANumberNoTruthValue) {
+TEST(AnyValue, ABooleanIsNotANumberAndANumberIsNotABoolean) {
     EXPECT_EQ(*AnyValue(true).boolean(), true);
     EXPECT_EQ(AnyValue(true).integer(), nullptr);
     EXPECT_EQ(AnyValue(1).boolean(), nullptr);
     EXPECT_NE(AnyValue(true), AnyValue(1));
 }
 
-TEST(AnyValue, KeepsEveryNumberOf64BitsWithASign) {
+TEST(AnyValue, HoldsEverySigned64BitInteger) {
     constexpr auto least = std::numeric_limits<std::int64_t>::min();
     constexpr auto greatest = std::numeric_limits<std::int64_t>::max();
     EXPECT_EQ(*AnyValue(least).integer(), least);
@@ -46,21 +46,21 @@ TEST(AnyValue, KeepsEveryNumberOf64BitsWithASign) {
     EXPECT_EQ(*AnyValue(static_cast<short>(-5)).integer(), -5);
 }
 
-TEST(AnyValue, ANumberThatDoesNotFitIsOfTheOtherKind) {
+TEST(AnyValue, ANumberThatDoesNotFitHasTheKindOther) {
     const AnyValue value(std::numeric_limits<std::uint64_t>::max());
     EXPECT_EQ(value.integer(), nullptr);
     ASSERT_NE(value.other(), nullptr);
     EXPECT_EQ(value.other()->description, "18446744073709551615");
 }
 
-TEST(AnyValue, AWholeNumberIsNoFloatingPointNumber) {
+TEST(AnyValue, AnIntegerIsNotAFloatingPointNumber) {
     EXPECT_EQ(*AnyValue(1.0).number(), 1.0);
     EXPECT_EQ(AnyValue(1.0).integer(), nullptr);
     EXPECT_NE(AnyValue(1.0), AnyValue(1));
     EXPECT_EQ(*AnyValue(0.5f).number(), 0.5);
 }
 
-TEST(AnyValue, WithoutAnythingIsOfTheOtherKind) {
+TEST(AnyValue, ADefaultValueHasTheKindOther) {
     ASSERT_NE(AnyValue().other(), nullptr);
     EXPECT_EQ(AnyValue().other()->description, "");
     EXPECT_EQ(AnyValue(AnyValue::Other{"a list"}).other()->description, "a list");
@@ -75,7 +75,7 @@ TEST(AnyValue, CannotBeMadeFromAPointerOrACharacter) {
     static_assert(!std::is_constructible_v<AnyValue, char32_t>);
 }
 
-TEST(AnyValue, ErrorsAreEqualWhereTheHandlesShareOne) {
+TEST(AnyValue, ErrorsAreEqualIfTheirHandlesShareOneError) {
     const Error error = NSError("D", 1);
     EXPECT_EQ(AnyValue(error), AnyValue(error));
     EXPECT_NE(AnyValue(error), AnyValue(Error(NSError("D", 1))));
@@ -111,7 +111,7 @@ TEST(Dictionary, HasNoValueForAnAbsentKeyOrAnotherKind) {
     EXPECT_FALSE(values.error("text"));
 }
 
-TEST(Dictionary, OutlivesTheErrorItWasReadFrom) {
+TEST(Dictionary, OutlivesTheErrorItCameFrom) {
     EXPECT_EQ(Error(NSError("D", 1, {{"url_host", "a.example"}})).userInfo().text("url_host"), "a.example");
 }
 

@@ -12,7 +12,7 @@
 namespace VanticRestKit {
 namespace {
 
-/// The least that a host's own error offers.
+/// The minimum that a host's own error must provide.
 struct HostError {
     std::int64_t place{};
 
@@ -28,7 +28,7 @@ struct ErrorWithCategory : HostError {
     ErrorCategory errorCategory() const { return ErrorCategory::forbidden; }
 };
 
-/// A host's error of the same shape, yet another type.
+/// Another host error type with the same members.
 struct OtherHostError {
     std::int64_t place{};
 
@@ -50,7 +50,7 @@ struct ErrorWithUserInfo : HostError {
     Dictionary errorUserInfo() const { return values; }
 };
 
-struct ErrorWithItsOwnText : ErrorWithUserInfo {
+struct ErrorWithItsOwnDescription : ErrorWithUserInfo {
     static const ErrorTag& errorTag() {
         static const ErrorTag tag;
         return tag;
@@ -60,7 +60,7 @@ struct ErrorWithItsOwnText : ErrorWithUserInfo {
 
 struct NoError {};
 
-TEST(ComposedErrorDescription, AnswersEveryVector) {
+TEST(ComposedErrorDescription, MatchesEveryVector) {
     for (const auto& line : test::vectors("error_text.jsonl")) {
         const auto domain = line.at("in").at("domain").get<std::string>();
         const auto code = line.at("in").at("code").get<std::int64_t>();
@@ -70,12 +70,12 @@ TEST(ComposedErrorDescription, AnswersEveryVector) {
     }
 }
 
-TEST(ComposedErrorDescription, HasRoomForEveryCode) {
+TEST(ComposedErrorDescription, SupportsEveryCode) {
     EXPECT_EQ(composedErrorDescription("", std::numeric_limits<std::int64_t>::min()),
               "The operation couldn\u2019t be completed. ( error -9223372036854775808.)");
 }
 
-TEST(Error, ShowsTheGeneralSideOfAHostsOwnError) {
+TEST(Error, HasTheDomainCodeAndDescriptionOfAHostError) {
     const Error error = HostError{3};
     EXPECT_EQ(error.domain(), "Host.HostError");
     EXPECT_EQ(error.code(), 3);
@@ -84,13 +84,13 @@ TEST(Error, ShowsTheGeneralSideOfAHostsOwnError) {
               "The operation couldn\u2019t be completed. (Host.HostError error 3.)");
 }
 
-TEST(Error, GivesTheConcreteErrorBack) {
+TEST(Error, ReturnsTheConcreteError) {
     const Error error = HostError{3};
     ASSERT_NE(error.as<HostError>(), nullptr);
     EXPECT_EQ(error.as<HostError>()->place, 3);
 }
 
-TEST(Error, GivesNoOtherTypeThanTheOneItHolds) {
+TEST(Error, ReturnsNoOtherTypeThanTheConcreteOne) {
     const Error error = HostError{3};
     EXPECT_EQ(error.as<OtherHostError>(), nullptr);
     EXPECT_EQ(error.as<NSError>(), nullptr);
@@ -106,7 +106,7 @@ TEST(Error, CopiesShareTheConcreteError) {
     EXPECT_FALSE(Error(HostError{3}) == error);
 }
 
-TEST(Error, OutlivesTheHandleThatItWasCopiedFrom) {
+TEST(Error, OutlivesTheOriginalHandle) {
     Error error = HostError{3};
     const Error copy = error;
     error = HostError{4};
@@ -114,29 +114,29 @@ TEST(Error, OutlivesTheHandleThatItWasCopiedFrom) {
     EXPECT_EQ(error.code(), 4);
 }
 
-TEST(Error, TakesItsDescriptionFromItsUserInformation) {
+TEST(Error, UsesTheDescriptionInItsUserInformation) {
     const ErrorWithUserInfo error{{3}, {{"NSLocalizedDescription", "told"}}};
     EXPECT_EQ(Error(error).localizedDescription(), "told");
     EXPECT_EQ(*Error(error).userInfo().at("NSLocalizedDescription").text(), "told");
 }
 
-TEST(Error, TakesAnEmptyTextInItsUserInformationForADescription) {
+TEST(Error, AcceptsAnEmptyDescriptionInItsUserInformation) {
     const ErrorWithUserInfo error{{3}, {{"NSLocalizedDescription", ""}}};
     EXPECT_EQ(Error(error).localizedDescription(), "");
 }
 
-TEST(Error, ComposesItsDescriptionWhereTheEntryIsNoText) {
+TEST(Error, ComposesItsDescriptionIfTheEntryIsNotAString) {
     const ErrorWithUserInfo error{{3}, {{"NSLocalizedDescription", 5}}};
     EXPECT_EQ(Error(error).localizedDescription(), composedErrorDescription("Host.HostError", 3));
 }
 
-TEST(Error, ShowsTheTextOfATypeThatHasItsOwnBeforeItsUserInformation) {
-    ErrorWithItsOwnText error;
+TEST(Error, PrefersTheDescriptionOfItsTypeToItsUserInformation) {
+    ErrorWithItsOwnDescription error;
     error.values = {{"NSLocalizedDescription", "told"}};
     EXPECT_EQ(Error(error).localizedDescription(), "own text");
 }
 
-TEST(Error, CarriesAnErrorInsideAnother) {
+TEST(Error, CanContainAnotherError) {
     const Error cause = HostError{9};
     const Error error = NSError("D", 1, {{std::string(NSUnderlyingErrorKey), cause}});
     const Dictionary userInfo = error.userInfo();
@@ -146,7 +146,7 @@ TEST(Error, CarriesAnErrorInsideAnother) {
     EXPECT_EQ(found->as<HostError>()->place, 9);
 }
 
-TEST(Error, ShowsTheErrorThatAnNSErrorHoldsAsItsCause) {
+TEST(Error, ReturnsTheUnderlyingErrorOfAnNSErrorAsItsCause) {
     const Error cause = HostError{9};
     const Error error = NSError("D", 1, {{std::string(NSUnderlyingErrorKey), cause}});
     EXPECT_EQ(error.underlyingError(), cause);
@@ -154,13 +154,13 @@ TEST(Error, ShowsTheErrorThatAnNSErrorHoldsAsItsCause) {
     EXPECT_FALSE(cause.underlyingError());
 }
 
-TEST(Error, HasNoCategoryOfItsOwnUnlessItsTypeNamesOne) {
+TEST(Error, HasACategoryOnlyIfItsTypeStatesOne) {
     EXPECT_FALSE(Error(HostError{9}).errorCategory());
     EXPECT_EQ(Error(ErrorWithCategory{}).errorCategory(), ErrorCategory::forbidden);
     EXPECT_STREQ(nameOf(ErrorCategory::forbidden), "forbidden");
 }
 
-TEST(Error, IsMadeOnlyOfTypesThatOfferWhatAnErrorNeeds) {
+TEST(Error, CanOnlyBeConstructedFromErrorTypes) {
     static_assert(std::is_convertible_v<HostError, Error>);
     static_assert(!std::is_constructible_v<Error, NoError>);
     static_assert(!std::is_constructible_v<Error, const char*>);

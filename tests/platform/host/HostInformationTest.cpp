@@ -28,7 +28,7 @@ TEST_F(HostInformationTest, HasNoApplicationVersionByDefault) {
     EXPECT_EQ(HostInformation::current()->applicationVersion(), std::nullopt);
 }
 
-TEST_F(HostInformationTest, TellsOfKernelAndMachineByDefault) {
+TEST_F(HostInformationTest, ReportsKernelAndMachineByDefault) {
     utsname names{};
     ASSERT_EQ(uname(&names), 0);
     ASSERT_STRNE(names.release, "");
@@ -36,17 +36,17 @@ TEST_F(HostInformationTest, TellsOfKernelAndMachineByDefault) {
     EXPECT_EQ(HostInformation::current()->machine(), names.machine);
 }
 
-TEST_F(HostInformationTest, IsWhatTheHostSuppliedLast) {
+TEST_F(HostInformationTest, IsTheOneSuppliedLast) {
     HostInformation::supply(std::make_shared<TestHost>("1"));
     const auto first = HostInformation::current();
     EXPECT_EQ(first->applicationVersion(), "1");
     HostInformation::supply(std::make_shared<TestHost>("2"));
     EXPECT_EQ(HostInformation::current()->applicationVersion(), "2");
-    // Who still holds the former one can go on using it.
+    // A caller that still holds the previous one can keep using it.
     EXPECT_EQ(first->applicationVersion(), "1");
 }
 
-TEST_F(HostInformationTest, HasTheDefaultsForWhatTheHostDoesNotSay) {
+TEST_F(HostInformationTest, HasDefaultsForWhatTheHostDoesNotProvide) {
     const std::string system = HostInformation::current()->systemVersion();
     const std::string machine = HostInformation::current()->machine();
     HostInformation::supply(std::make_shared<TestHost>("1"));
@@ -54,14 +54,14 @@ TEST_F(HostInformationTest, HasTheDefaultsForWhatTheHostDoesNotSay) {
     EXPECT_EQ(HostInformation::current()->machine(), machine);
 }
 
-TEST_F(HostInformationTest, IsTheDefaultsAgainWhereNothingIsSupplied) {
+TEST_F(HostInformationTest, HasTheDefaultsAgainAfterNullIsSupplied) {
     HostInformation::supply(std::make_shared<TestHost>("1"));
     HostInformation::supply(nullptr);
     ASSERT_NE(HostInformation::current(), nullptr);
     EXPECT_EQ(HostInformation::current()->applicationVersion(), std::nullopt);
 }
 
-TEST_F(HostInformationTest, IsLetGoOfWhereAnotherOneIsSupplied) {
+TEST_F(HostInformationTest, IsReleasedWhenAnotherOneIsSupplied) {
     const auto host = std::make_shared<TestHost>("1");
     const std::weak_ptr<const TestHost> watched = host;
     HostInformation::supply(host);
@@ -72,7 +72,7 @@ TEST_F(HostInformationTest, IsLetGoOfWhereAnotherOneIsSupplied) {
 
 TEST_F(HostInformationTest, CanBeSuppliedWhileOtherThreadsReadIt) {
     constexpr int times = 2'000;
-    HostInformation::supply(std::make_shared<TestHost>("a version that lies in memory of its own 0"));
+    HostInformation::supply(std::make_shared<TestHost>("a version that needs an allocation 0"));
     std::thread reader([] {
         for (int i = 0; i < times; ++i) {
             EXPECT_EQ(HostInformation::current()->applicationVersion()->substr(0, 9), "a version");
@@ -80,7 +80,7 @@ TEST_F(HostInformationTest, CanBeSuppliedWhileOtherThreadsReadIt) {
     });
     for (int i = 0; i < times; ++i) {
         HostInformation::supply(
-            std::make_shared<TestHost>("a version that lies in memory of its own " + std::to_string(i)));
+            std::make_shared<TestHost>("a version that needs an allocation " + std::to_string(i)));
     }
     reader.join();
 }

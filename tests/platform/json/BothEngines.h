@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Decodes with both engines and sees to it that they agree.
+/// Decodes with both engines and checks that they agree.
 
 #include <platform/json/Decoding.h>
 #include <VanticRestKit/platform/data/Data.h>
@@ -15,10 +15,10 @@
 
 namespace VanticRestKit::test {
 
-/// What a document comes to. Fails the running test where the engines differ.
+/// The outcome of decoding a document. Fails the current test if the engines differ.
 Outcome outcomeOf(const DecodableType& type, std::string_view json);
 
-/// The value, or nothing and the error. Fails the running test where the engines differ.
+/// The value, or nothing and the error. Fails the current test if the engines differ.
 template <class T>
 std::optional<T> decoded(std::string_view json, std::optional<Error>* error = nullptr) {
     const Outcome outcome = outcomeOf(decodable<T>, json);
@@ -29,13 +29,13 @@ std::optional<T> decoded(std::string_view json, std::optional<Error>* error = nu
     return std::nullopt;
 }
 
-/// "typeMismatch [\"a\",0]", or the text of an entity's own error, or "" where the document decodes.
+/// "typeMismatch [\"a\",0]", or the description of an entity's own error, or "" if the document decodes.
 template <class T>
 std::string failureOf(std::string_view json) {
     return outcomeOf(decodable<T>, json).failure;
 }
 
-/// The value as compact JSON under its declared names, or its failure.
+/// The value as compact JSON with its declared field names, or the failure.
 template <class T>
 std::string shown(std::string_view json) {
     const Outcome outcome = outcomeOf(decodable<T>, json);

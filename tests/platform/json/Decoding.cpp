@@ -41,7 +41,7 @@ Outcome decodeByBoth(const DecodableType& type, const Data& document, std::uint6
     if (everything.error) {
         outcome.failure = failureText(*everything.error);
         if (everything.faults.empty() || everything.faults.back().became != "failure") {
-            outcome.difference = "a failure that is no fault";
+            outcome.difference = "a failure that is not a fault";
         }
         const std::shared_ptr<void> again = type.make();
         const Diagnosis error =

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Decodes with both engines, whatever the type, and tells where they differ.
+/// Decodes any type with both engines and reports how they differ.
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/json/Fresh.h>
@@ -15,7 +15,7 @@
 
 namespace VanticRestKit::test {
 
-/// A type that decodes, for code that does not want to be compiled for each.
+/// A type-erased decodable type, for code that is not a template.
 struct DecodableType {
     const TypePlan& (*plan)();
     std::shared_ptr<void> (*make)();
@@ -31,17 +31,17 @@ inline constexpr DecodableType decodable = {
         },
 };
 
-/// What decoding came to.
+/// The result of decoding.
 struct Outcome {
-    /// The value as compact text; "" where there is none.
+    /// The value as compact JSON, "" if there is none.
     std::string value;
-    /// Why there is none: `typeMismatch ["a",0]`, or the text of an entity's own error; "" where there is one.
+    /// The failure: `typeMismatch ["a",0]`, or the description of an entity's own error. "" if there is a value.
     std::string failure;
-    /// Of the entity of another kind, or of the fault: `["a",0]`.
+    /// The path of the fault or of the entity with the wrong kind: `["a",0]`.
     std::string path;
-    /// How the engines differ; "" where they do not.
+    /// How the engines differ, "" if they agree.
     std::string difference;
-    /// What the value takes of the memory budget.
+    /// The part of the memory budget that the value uses.
     std::uint64_t memory = 0;
 };
 

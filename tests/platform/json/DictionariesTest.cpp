@@ -46,7 +46,7 @@ std::string value(const std::string& needed, const std::string& some = R"({"from
            R"(,"ifThere":null})";
 }
 
-TEST(ADictionary, HoldsTextsNumbersAndTruthValues) {
+TEST(ADictionary, HoldsStringsNumbersAndBooleans) {
     EXPECT_EQ(settings(R"("needed":{"c":"x","b":-7,"a":true,"d":1.5,"e":1e2,"f":""})"),
               value(R"({"a":true,"b":-7,"c":"x","d":1.5,"e":100,"f":""})"));
     EXPECT_EQ(settings(R"("needed":{},"some":{"x":1},"perhaps":{"y":2})"),
@@ -58,12 +58,12 @@ TEST(ADictionary, LeavesOutWhatItCannotHold) {
               value(R"({"h":"kept"})"));
 }
 
-TEST(ADictionary, TakesTheFirstOfTwoEqualKeys) {
+TEST(ADictionary, UsesTheFirstOfTwoEqualKeys) {
     EXPECT_EQ(settings(R"("needed":{"a":1,"\u0061":2})"), value(R"({"a":1})"));
     EXPECT_EQ(settings(R"("needed":{"a":null,"a":2})"), value("{}"));
 }
 
-TEST(ADictionary, CannotBeOpenedWithAKeyThatCannotBeRead) {
+TEST(ADictionary, FailsIfAKeyIsNotAValidString) {
     const std::string bad = R"({"a":1,"\ud800":2})";
     EXPECT_EQ(failureOf<Settings>(R"({"needed":)" + bad + "}"), R"(dataCorrupted ["needed"])");
     EXPECT_EQ(failureOf<Settings>(R"({"needed":{},"ifThere":)" + bad + "}"), R"(dataCorrupted ["ifThere"])");
@@ -73,7 +73,7 @@ TEST(ADictionary, CannotBeOpenedWithAKeyThatCannotBeRead) {
     EXPECT_EQ(settings(R"("needed":{"x":)" + bad + R"(,"y":1})"), value(R"({"y":1})"));
 }
 
-TEST(ADictionary, IsAnObject) {
+TEST(ADictionary, MustBeAnObject) {
     for (const char* const other : {"1", "\"x\"", "true", "[]", "[{}]"}) {
         EXPECT_EQ(failureOf<Settings>(R"({"needed":)" + std::string(other) + "}"),
                   R"(typeMismatch ["needed"])");
@@ -85,7 +85,7 @@ TEST(ADictionary, IsAnObject) {
     EXPECT_EQ(settings(R"("needed":{},"some":null,"perhaps":null,"ifThere":null)"), value("{}"));
 }
 
-TEST(ADictionary, IsBrokenWithItsDocument) {
+TEST(ADictionary, FailsIfTheDocumentIsMalformed) {
     for (const char* const broken : {"{\"a\":tru}", "{\"a\"}", "{\"a\":1,,}", "{\"a\":[1}}", "{\"a\":\"x}"}) {
         EXPECT_EQ(failureOf<Settings>(R"({"needed":)" + std::string(broken) + "}"), "dataCorrupted []")
             << broken;

@@ -1,4 +1,4 @@
-// A host's own type, written as the header of the mapping tables says.
+// A host's own type with a mapping table, written as documented in Table.h.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/Table.h>
@@ -67,7 +67,7 @@ TEST(ATableOfAHost, FailsWithThePathOfARequiredKey) {
     EXPECT_EQ(failureOf<Song>(R"({"title":"a","_embedded":[]})"), R"(typeMismatch ["_embedded"])");
 }
 
-TEST(ATableOfAHost, FailsWithAnOptionalKeyOfAnotherTypeAlone) {
+TEST(ATableOfAHost, FailsIfAnOptionalKeyHasAnotherType) {
     EXPECT_EQ(shown<Song>(R"({"title":"a","seconds":null,"_embedded":{}})"),
               R"({"title":"a","seconds":null,"tags":[]})");
     EXPECT_EQ(failureOf<Song>(R"({"title":"a","seconds":"1","_embedded":{}})"),
@@ -76,7 +76,7 @@ TEST(ATableOfAHost, FailsWithAnOptionalKeyOfAnotherTypeAlone) {
               R"(dataCorrupted ["seconds"])");
 }
 
-TEST(ATableOfAHost, SwallowsWhateverIsWrongWithALenientKey) {
+TEST(ATableOfAHost, IgnoresEveryFaultOfALenientKey) {
     for (const char* tags : {"null", "1", "\"a\"", "{}", "[1]", "[\"a\",null]", "[\"\\ud800\"]"}) {
         EXPECT_EQ(shown<Song>(std::string(R"({"title":"a","_embedded":{"tags":)") + tags + "}}"),
                   R"({"title":"a","seconds":null,"tags":[]})")
@@ -84,14 +84,14 @@ TEST(ATableOfAHost, SwallowsWhateverIsWrongWithALenientKey) {
     }
 }
 
-TEST(ATableOfAHost, LetsTheErrorOfTheFirstRowWinWhateverTheDocumentBeginsWith) {
+TEST(ATableOfAHost, ReportsTheErrorOfTheFirstRowWhateverTheOrderOfTheDocument) {
     EXPECT_EQ(failureOf<Song>(R"({"_embedded":1,"seconds":true,"title":2})"), R"(typeMismatch ["title"])");
     EXPECT_EQ(failureOf<Song>(R"({"_embedded":1,"seconds":true,"title":"a"})"),
               R"(typeMismatch ["seconds"])");
     EXPECT_EQ(failureOf<Song>(R"({"_embedded":1,"seconds":2,"title":"a"})"), R"(typeMismatch ["_embedded"])");
 }
 
-TEST(ATableOfAHost, MakesListsOfTheTypeDecodeToo) {
+TEST(ATableOfAHost, AlsoDecodesListsOfTheType) {
     EXPECT_EQ(shown<std::vector<Song>>("[]"), "[]");
     EXPECT_EQ(shown<std::vector<Song>>(R"([{"title":"a","_embedded":{}},{"title":"b","_embedded":{}}])"),
               R"([{"title":"a","seconds":null,"tags":[]},{"title":"b","seconds":null,"tags":[]}])");
@@ -101,7 +101,7 @@ TEST(ATableOfAHost, MakesListsOfTheTypeDecodeToo) {
     EXPECT_EQ(failureOf<std::vector<Song>>("[[]]"), "typeMismatch [0]");
 }
 
-TEST(ATableOfAHost, MakesAnOptionalOfTheTypeDecodeFromNull) {
+TEST(ATableOfAHost, DecodesAnOptionalOfTheTypeFromNull) {
     EXPECT_EQ(shown<std::optional<Song>>("null"), "null");
     EXPECT_EQ(shown<std::optional<Song>>(R"({"title":"a","_embedded":{}})"),
               R"({"title":"a","seconds":null,"tags":[]})");

@@ -1,4 +1,4 @@
-// What is told of a document: every fault that was swallowed, and the one that failed it.
+// The diagnosis of a document: every tolerated fault, and the fault that made it fail.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/Diagnosis.h>
@@ -11,7 +11,7 @@
 
 namespace VanticRestKit {
 
-// Known by their names without a namespace.
+// Reported by their names without a namespace.
 struct Track {
     std::string name{};
     std::optional<std::uint64_t> seconds{};
@@ -39,7 +39,7 @@ struct Record {
     std::string code = "-";
 };
 
-/// A list of things with defaults of their own, in something with a field that is derived.
+/// A list of elements with their own defaults, in a type with a derived field.
 struct Book {
     std::string title = "a title that is too long to be held without an allocation";
 };
@@ -118,7 +118,7 @@ std::string pathText(const CodingPath& path) {
     return text;
 }
 
-/// One fault a line: its path, presence, what was expected, what was found and what became of it.
+/// One fault per line: its path, presence, what was expected, what was found and the resulting value.
 std::string faultsOf(const Diagnosis& diagnosis) {
     std::string text;
     for (const Fault& fault : diagnosis.faults) {
@@ -135,7 +135,7 @@ std::string faults(const std::string& members) {
 
 std::string faultsOfDocument(std::string_view json) { return faultsOf(diagnose<Record>(Data(json))); }
 
-TEST(Explaining, KeepsQuietAboutWhatIsAsItShouldBe) {
+TEST(Explaining, ReportsNothingForAValidDocument) {
     EXPECT_EQ(
         faults(
             R"("format":"v","second":"t","year":1999,"isOnSale":true,"isKnown":false,"stock":3,"tags":["a"],)"
@@ -144,7 +144,7 @@ TEST(Explaining, KeepsQuietAboutWhatIsAsItShouldBe) {
         "");
 }
 
-TEST(Explaining, TakesAbsentKeysNullsAndUnknownKeysForNoFaults) {
+TEST(Explaining, DoesNotReportAbsentKeysNullsAndUnknownKeys) {
     EXPECT_EQ(faults(""), "");
     EXPECT_EQ(
         faults(
@@ -153,11 +153,11 @@ TEST(Explaining, TakesAbsentKeysNullsAndUnknownKeysForNoFaults) {
             R"("note":null,"code":null)"),
         "");
     EXPECT_EQ(faults(R"("shop":{"seller":null,"place":null},"unknown":1,"Year":"x")"), "");
-    // The second of two equal keys is as good as unknown.
+    // The second of two equal keys counts as unknown.
     EXPECT_EQ(faults(R"("year":1,"year":"x")"), "");
 }
 
-TEST(Explaining, SaysWhatBecameOfEachKindOfField) {
+TEST(Explaining, ReportsTheResultingValueOfEachKindOfField) {
     EXPECT_EQ(
         faults(R"("format":"x","second":1,"year":"1","isOnSale":1,"isKnown":"yes","stock":1.5,"tags":"a",)"
                R"("single":[],"tracks":{},"extras":1,"hidden":"h","published":true)"),
@@ -175,7 +175,7 @@ TEST(Explaining, SaysWhatBecameOfEachKindOfField) {
         "/published lenient: String, boolean, empty\n");
 }
 
-TEST(Explaining, TellsOfTextsAndNumbersThatAreOfTheRightTypeAndUnfit) {
+TEST(Explaining, ReportsInvalidValuesOfTheRightType) {
     EXPECT_EQ(faults(R"("second":"x","year":-1,"published":"soon","shop":{"seller":"\ud800"})"),
               "/second lenient: Format, string, empty\n"
               "/year lenient: UInt, number, empty\n"
@@ -183,7 +183,7 @@ TEST(Explaining, TellsOfTextsAndNumbersThatAreOfTheRightTypeAndUnfit) {
               "/published lenient: Date, string, empty\n");
 }
 
-TEST(Explaining, LeadsDownToTheValueAtFault) {
+TEST(Explaining, ReportsThePathOfTheInnermostFaultyValue) {
     EXPECT_EQ(
         faults(
             R"("tags":["a",null,1],"single":{"name":1},"tracks":[{"name":"a"},{"seconds":1}],"hidden":[7])"),
@@ -193,14 +193,14 @@ TEST(Explaining, LeadsDownToTheValueAtFault) {
         "/hidden/0 lenient: Track, number, empty\n");
 }
 
-TEST(Explaining, TellsOfFaultsWithinWhatIsKept) {
+TEST(Explaining, ReportsFaultsInsideKeptValues) {
     EXPECT_EQ(
         faults(R"("single":{"name":"n","seconds":"1"},"tracks":[{"name":"a","seconds":-1},{"name":"b"}])"),
         "/single/seconds lenient: UInt, string, empty\n"
         "/tracks/0/seconds lenient: UInt, number, empty\n");
 }
 
-TEST(Explaining, CallsAnElementThatIsLeftOutDropped) {
+TEST(Explaining, ReportsAnOmittedElementAsDropped) {
     EXPECT_EQ(faults(R"("extras":[{"name":"a"},{},7,null,{"name":"b","seconds":true}])"),
               "/extras/1/name lenient: String, nothing, dropped\n"
               "/extras/2 lenient: Track, number, dropped\n"
@@ -208,7 +208,7 @@ TEST(Explaining, CallsAnElementThatIsLeftOutDropped) {
               "/extras/4/seconds lenient: UInt, boolean, empty\n");
 }
 
-TEST(Explaining, TellsOfObjectsThatCannotBeOpened) {
+TEST(Explaining, ReportsObjectsWithInvalidKeys) {
     EXPECT_EQ(faults(R"("shop":[1])"), "/shop lenient: Object, array, empty\n");
     EXPECT_EQ(faults(R"("shop":{"seller":"s","place":"x"})"), "/shop/place lenient: Object, string, empty\n");
     EXPECT_EQ(faults(R"("shop":{"seller":"s","\ud800":1})"), "/shop lenient: readable keys, object, empty\n");
@@ -216,14 +216,14 @@ TEST(Explaining, TellsOfObjectsThatCannotBeOpened) {
               "/single lenient: readable keys, object, empty\n");
 }
 
-TEST(Explaining, KeepsTheOrderOfDecoding) {
+TEST(Explaining, ReportsFaultsInDecodingOrder) {
     EXPECT_EQ(faults(R"("tags":1,"isOnSale":1,"year":"x")"),
               "/year lenient: UInt, string, empty\n"
               "/isOnSale lenient: Bool, number, false\n"
               "/tags lenient: [String], number, []\n");
 }
 
-TEST(Explaining, EndsWithTheFaultThatFailsTheDocument) {
+TEST(Explaining, ReportsTheFaultThatFailsTheDocumentLast) {
     EXPECT_EQ(faultsOfDocument("{}"), "/title required: String, nothing, failure\n");
     EXPECT_EQ(faultsOfDocument(R"({"title":null})"), "/title required: String, null, failure\n");
     EXPECT_EQ(faultsOfDocument(R"({"year":"x","title":1})"), "/title required: String, number, failure\n");
@@ -236,7 +236,7 @@ TEST(Explaining, EndsWithTheFaultThatFailsTheDocument) {
     EXPECT_EQ(faultsOfDocument(R"({"title":"t","\ud800":1})"), " required: readable keys, object, failure\n");
 }
 
-TEST(Explaining, TellsOfADocumentThatIsBroken) {
+TEST(Explaining, ReportsAMalformedDocument) {
     for (const char* const json :
          {"", "{", "{\"title\":\"t\",,}", "{\"title\":\"t\",\"year\":tru}", "{\"title\":\"t\"}}"}) {
         const Diagnosis diagnosis = diagnose<Record>(Data(json));
@@ -246,13 +246,13 @@ TEST(Explaining, TellsOfADocumentThatIsBroken) {
     }
 }
 
-TEST(Explaining, LeavesNoErrorWhereTheDocumentDecodes) {
+TEST(Explaining, HasNoErrorIfTheDocumentDecodes) {
     const Diagnosis diagnosis = diagnose<Record>(Data(R"({"title":"t","year":"x"})"));
     EXPECT_FALSE(diagnosis.error);
     EXPECT_TRUE(diagnosis.path.empty());
 }
 
-TEST(ADecodingError, SaysForDevelopersWhatWasExpectedAndFound) {
+TEST(ADecodingError, DescribesForDevelopersWhatWasExpectedAndFound) {
     const auto description = [](const char* json) {
         const Diagnosis diagnosis = diagnose<Record>(Data(json));
         return diagnosis.error ? diagnosis.error->as<DecodingError>()->debugDescription() : "";
@@ -265,7 +265,7 @@ TEST(ADecodingError, SaysForDevelopersWhatWasExpectedAndFound) {
     EXPECT_EQ(description(R"({"title":"t","\x":1})"), "The object has a key that cannot be read.");
 }
 
-TEST(Explaining, LooksAtTheFieldsOfAnElementNoMoreOnceTheListMayHaveMovedIt) {
+TEST(Explaining, DoesNotAccessAnElementAfterTheListMayHaveMovedIt) {
     constexpr std::size_t count = 40;
     std::string books;
     std::string expected;
@@ -278,7 +278,7 @@ TEST(Explaining, LooksAtTheFieldsOfAnElementNoMoreOnceTheListMayHaveMovedIt) {
               expected + "/label lenient: String, number, \"40\"\n");
 }
 
-TEST(ADecodingError, HasThePlatformsSentenceCodeAndDomain) {
+TEST(ADecodingError, HasThePlatformsDescriptionCodeAndDomain) {
     const auto error = [](const char* json) { return *diagnose<Record>(Data(json)).error; };
     const std::string missing = "The data couldn\u2019t be read because it is missing.";
     const std::string unfit = "The data couldn\u2019t be read because it isn\u2019t in the correct format.";

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What is told of a document, fault by fault, as a text to compare.
+/// The faults of a document as a string, for comparison in tests.
 
 #include <VanticRestKit/platform/data/Data.h>
 #include <VanticRestKit/platform/json/Diagnosis.h>
@@ -10,7 +10,7 @@
 
 namespace VanticRestKit::test {
 
-/// Each fault on a line of its own, in order: "/_links/show/id lenient: UInt, string, empty".
+/// One fault per line, in order: "/_links/show/id lenient: UInt, string, empty".
 template <class T>
 std::string faultText(const std::string& json) {
     std::string text;

@@ -16,11 +16,11 @@ using namespace mapping;
 
 using nlohmann::ordered_json;
 
-void addUnreadKeys(const ObjectPlan& plan, const std::string& before, std::vector<std::string>& paths) {
+void addIgnoredKeys(const ObjectPlan& plan, const std::string& before, std::vector<std::string>& paths) {
     for (const FieldPlan& field : plan.fields) {
         const std::string path = before + std::string(field.key);
         if (field.role == RowRole::unread) paths.push_back(path);
-        if (field.role == RowRole::object) addUnreadKeys(*field.inner, path + ".", paths);
+        if (field.role == RowRole::object) addIgnoredKeys(*field.inner, path + ".", paths);
     }
 }
 
@@ -41,7 +41,7 @@ std::vector<std::string> keysOf(const std::string& path) {
     return keys;
 }
 
-/// `["_links","self",1,"href"]` of "_links.self" and "/1/href".
+/// `["_links","self",1,"href"]` for "_links.self" and "/1/href".
 std::string pathText(const std::string& path, const std::string& rest) {
     std::string text;
     for (const std::string& key : keysOf(path)) text += (text.empty() ? "[\"" : ",\"") + key + "\"";
@@ -55,7 +55,7 @@ std::string pathText(const std::string& path, const std::string& rest) {
     return text + "]";
 }
 
-/// A document in which values can be set that are no JSON of the helper library.
+/// A document whose values can be set to raw text that the test's JSON library would not write.
 class Document {
 public:
     explicit Document(const std::string& json) : json_(ordered_json::parse(json)) {}
@@ -114,17 +114,17 @@ ordered_json valueOf(const EntityRules& rules, const std::string& json) {
     return ordered_json::parse(outcome.value.empty() ? "{}" : outcome.value);
 }
 
-/// The first way in which a field fits, its path put in.
+/// The first valid JSON of a field and the resulting value, with the field's path inserted.
 std::pair<std::string, std::string> firstFit(const FieldRule& field) {
     const auto& [json, shown] = field.shape.fits.front();
     return {replaced(json, "$", field.path), replaced(shown, "$", field.path)};
 }
 
-Variant least(const EntityRules& rules) { return {Document(rules.least), valueOf(rules, rules.least)}; }
+Variant minimal(const EntityRules& rules) { return {Document(rules.minimal), valueOf(rules, rules.minimal)}; }
 
-/// Every field at its first fit. Its value is told by the rules, not by what came out.
+/// Every field with its first valid JSON. The expected value comes from the rules, not from decoding.
 Variant full(const EntityRules& rules) {
-    Variant variant = least(rules);
+    Variant variant = minimal(rules);
     for (const FieldRule& field : rules.fields) {
         const auto [json, shown] = firstFit(field);
         variant.document.set(field.path, json);
@@ -146,8 +146,8 @@ void expectFailure(const EntityRules& rules, const Document& document, const std
     EXPECT_EQ(outcomeOf(rules.type, json).failure, failure) << json;
 }
 
-/// A value that does not fit, or is not there (`json` is ""): swallowed by a lenient field and by an optional one
-/// where it is missing; a failure of every other.
+/// Expects how a field treats an invalid or a missing value (`json` is ""): a lenient field ignores it, an optional
+/// field ignores a missing one, and everything else fails.
 void expectMisfit(const EntityRules& rules, const Variant& variant, const FieldRule& field,
                   const Unfit& unfit) {
     Variant changed = variant;
@@ -157,7 +157,7 @@ void expectMisfit(const EntityRules& rules, const Variant& variant, const FieldR
         changed.document.set(field.path, replaced(unfit.json, "$", field.path));
     }
     const bool isMissing = unfit.json.empty() || unfit.json == "null";
-    if (field.word == Word::lenient || (field.word == Word::optional && isMissing)) {
+    if (field.strictness == Strictness::lenient || (field.strictness == Strictness::optional && isMissing)) {
         show(rules, changed.value, field.name, field.shape.empty);
         expectValue(rules, changed.document, changed.value, field.name + " of " + unfit.json);
     } else {
@@ -280,7 +280,7 @@ Shape listOf(const std::string& empty, std::vector<std::pair<std::string, std::s
 }
 
 void expectDeclaredFields(const EntityRules& rules) {
-    const ordered_json value = valueOf(rules, rules.least);
+    const ordered_json value = valueOf(rules, rules.minimal);
     std::vector<std::string> declared;
     for (const auto& [name, shown] : value.items()) declared.push_back(name);
     std::vector<std::string> expected;
@@ -289,7 +289,7 @@ void expectDeclaredFields(const EntityRules& rules) {
 }
 
 void expectFieldsInEveryState(const EntityRules& rules) {
-    for (const Variant& variant : {least(rules), full(rules)}) {
+    for (const Variant& variant : {minimal(rules), full(rules)}) {
         expectValue(rules, variant.document, variant.value, "all");
         for (const FieldRule& field : rules.fields) {
             for (const auto& [json, shown] : field.shape.fits) {
@@ -318,7 +318,7 @@ void expectContainersInEveryState(const EntityRules& rules) {
             } else {
                 changed.document.set(container.path, state.json);
             }
-            if (container.word == Word::required) {
+            if (container.strictness == Strictness::required) {
                 expectFailure(rules, changed.document, state.kind + " " + pathText(container.path, ""));
                 continue;
             }
@@ -343,12 +343,12 @@ void expectErrorsInOrder(const EntityRules& rules,
                          const std::vector<std::pair<std::string, std::string>>& faults) {
     for (std::size_t first = 0; first < faults.size(); ++first) {
         for (std::size_t second = first + 1; second < faults.size(); ++second) {
-            Document alone(rules.least);
+            Document alone(rules.minimal);
             alone.set(faults[first].first, faults[first].second);
             const std::string failure = outcomeOf(rules.type, alone.text()).failure;
             EXPECT_NE(failure, "") << alone.text();
             for (const bool isSwapped : {false, true}) {
-                Document both(rules.least);
+                Document both(rules.minimal);
                 for (const std::size_t which : {isSwapped ? second : first, isSwapped ? first : second}) {
                     both.remove(faults[which].first);
                     both.set(faults[which].first, faults[which].second);
@@ -359,9 +359,9 @@ void expectErrorsInOrder(const EntityRules& rules,
     }
 }
 
-std::vector<std::string> unreadKeys(const TypePlan& plan) {
+std::vector<std::string> ignoredKeys(const TypePlan& plan) {
     std::vector<std::string> paths;
-    addUnreadKeys(*plan.object, "", paths);
+    addIgnoredKeys(*plan.object, "", paths);
     return paths;
 }
 

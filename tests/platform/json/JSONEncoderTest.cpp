@@ -33,7 +33,7 @@ std::string encoded(T value) {
     return data ? std::string(data->view()) : data.error().as<EncodingError>()->debugDescription();
 }
 
-std::string answer(const nlohmann::json& question) {
+std::string encodedValue(const nlohmann::json& question) {
     const std::string kind = question["kind"];
     const nlohmann::json& value = question["value"];
     if (kind == "int") return encoded(value.get<std::int64_t>());
@@ -55,22 +55,22 @@ struct Nested {
     }
 };
 
-TEST(JSONEncoder, WritesEachValueAsThePlatformDoes) {
+TEST(JSONEncoder, WritesEachValueLikeThePlatform) {
     for (const nlohmann::json& line : test::vectors("json_encode.jsonl")) {
-        const std::string text = answer(line["in"]);
+        const std::string text = encodedValue(line["in"]);
         if (test::isFree(line)) continue;
         EXPECT_EQ(text, line["out"].get<std::string>()) << line["in"];
     }
 }
 
-TEST(JSONEncoder, KeepsTheOrderOfTheCallsAndLeavesOutWhatIsAbsent) {
+TEST(JSONEncoder, KeepsTheOrderOfTheCallsAndOmitsAbsentValues) {
     const Result<Data, Error> data = JSONEncoder().encode(Nested());
     ASSERT_TRUE(data);
     EXPECT_EQ(data->view(),
               R"({"first":1,"present":"x","inner":{"texts":["a","b\/c"],"empty":{}},"none":[]})");
 }
 
-TEST(JSONEncoder, WritesAnEnumerationAsItsRawText) {
+TEST(JSONEncoder, WritesAnEnumerationAsItsRawValue) {
     EXPECT_EQ(encoded(Way::upwards), R"({"k":"up\/wards"})");
     EXPECT_EQ(JSONEncoder().encode(Way::upwards)->view(), R"("up\/wards")");
 }
@@ -85,12 +85,12 @@ TEST(JSONEncoder, EscapesEveryControlCharacter) {
     EXPECT_EQ(encoded(std::string("\b\f\n\r\t\x7F")), "{\"k\":\"\\b\\f\\n\\r\\t\x7F\"}");
 }
 
-TEST(JSONEncoder, RefusesANumberThatIsNotFinite) {
+TEST(JSONEncoder, RejectsANumberThatIsNotFinite) {
     EXPECT_EQ(encoded(std::numeric_limits<double>::quiet_NaN()), "The number is not finite.");
     EXPECT_EQ(encoded(-std::numeric_limits<double>::infinity()), "The number is not finite.");
 }
 
-TEST(JSONEncoder, RefusesATextThatIsNotUTF8) {
+TEST(JSONEncoder, RejectsAStringThatIsNotUTF8) {
     EXPECT_EQ(encoded(std::string("a\xFF")), "The text is not UTF-8.");
 }
 

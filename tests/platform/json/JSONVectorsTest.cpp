@@ -1,4 +1,4 @@
-// What the platform answered for thousands of small documents, asked of both engines.
+// Compares both engines with the platform's recorded results for thousands of small documents.
 
 #include <platform/json/BothEngines.h>
 #include <VanticRestKit/platform/json/DecodingError.h>
@@ -14,18 +14,18 @@ namespace {
 
 enum class Letter { a };
 
-/// Something under the key "v" that must be there.
+/// A required value under the key "v".
 template <class T>
-struct Held {
+struct Required {
     T v{};
-    friend bool operator==(const Held&, const Held&) = default;
+    friend bool operator==(const Required&, const Required&) = default;
 };
 
-/// Something under the key "v" that may be left out.
+/// An optional value under the key "v".
 template <class T>
-struct MayHold {
+struct Optional {
     std::optional<T> v{};
-    friend bool operator==(const MayHold&, const MayHold&) = default;
+    friend bool operator==(const Optional&, const Optional&) = default;
 };
 
 struct Opened {};
@@ -42,16 +42,16 @@ struct RawTexts<Letter> {
     static constexpr RawCase<Letter> cases[] = {{Letter::a, "a", "a"}};
 };
 
-#define HELD(T)                                                                                            \
-    template <>                                                                                            \
-    const TypePlan& planOf<Held<T>>() {                                                                    \
-        static const TypePlan& plan = mapping::object<Held<T>>(mapping::required<&Held<T>::v>("v"));       \
-        return plan;                                                                                       \
-    }                                                                                                      \
-    template <>                                                                                            \
-    const TypePlan& planOf<MayHold<T>>() {                                                                 \
-        static const TypePlan& plan = mapping::object<MayHold<T>>(mapping::optional<&MayHold<T>::v>("v")); \
-        return plan;                                                                                       \
+#define HELD(T)                                                                                              \
+    template <>                                                                                              \
+    const TypePlan& planOf<Required<T>>() {                                                                  \
+        static const TypePlan& plan = mapping::object<Required<T>>(mapping::required<&Required<T>::v>("v")); \
+        return plan;                                                                                         \
+    }                                                                                                        \
+    template <>                                                                                              \
+    const TypePlan& planOf<Optional<T>>() {                                                                  \
+        static const TypePlan& plan = mapping::object<Optional<T>>(mapping::optional<&Optional<T>::v>("v")); \
+        return plan;                                                                                         \
     }
 HELD(std::string)
 HELD(bool)
@@ -131,14 +131,14 @@ Answer opened(std::string_view document) {
 template <class T>
 Answer decode(std::string_view document) {
     std::optional<Error> error;
-    const std::optional<Held<T>> value = test::decoded<Held<T>>(document, &error);
+    const std::optional<Required<T>> value = test::decoded<Required<T>>(document, &error);
     return value ? Answer{{"ok", shown(value->v)}} : answerOf(error);
 }
 
 template <class T>
 Answer ifPresent(std::string_view document) {
     std::optional<Error> error;
-    const std::optional<MayHold<T>> value = test::decoded<MayHold<T>>(document, &error);
+    const std::optional<Optional<T>> value = test::decoded<Optional<T>>(document, &error);
     if (!value) return answerOf(error);
     return {{"ok", value->v ? shown(*value->v) : json()}};
 }
@@ -184,7 +184,7 @@ void compare(const json& line, const char* question, const Ask& ask, const std::
     EXPECT_EQ(answer, line["out"][question]) << question << " of " << line["in"];
 }
 
-TEST(JSONReading, ReadsEachValueUnderAKeyAsThePlatformDoes) {
+TEST(JSONReading, ReadsEachValueUnderAKeyLikeThePlatform) {
     for (const json& line : test::vectors("json_read.jsonl")) {
         const auto& [decode, ifPresent] = questions.at(line["in"]["type"]);
         compare(line, "decode", decode, line["in"]["json"]);
@@ -192,7 +192,7 @@ TEST(JSONReading, ReadsEachValueUnderAKeyAsThePlatformDoes) {
     }
 }
 
-TEST(JSONReading, ReadsEachValueAtTheTopAsThePlatformDoes) {
+TEST(JSONReading, ReadsEachRootValueLikeThePlatform) {
     for (const json& line : test::vectors("json_top.jsonl")) {
         const Answer answer = topQuestions.at(line["in"]["type"])(line["in"]["json"].get<std::string>());
         if (test::isFree(line)) continue;
@@ -200,7 +200,7 @@ TEST(JSONReading, ReadsEachValueAtTheTopAsThePlatformDoes) {
     }
 }
 
-TEST(JSONReading, JudgesTheBytesOfAStringWhereItIsRead) {
+TEST(JSONReading, ValidatesTheBytesOnlyOfStringsThatAreRead) {
     for (const json& line : test::vectors("json_bytes.jsonl")) {
         const std::string document = bytesOf(line["in"]["hex"]);
         compare(line, "decode", decode<std::string>, document);
@@ -209,7 +209,7 @@ TEST(JSONReading, JudgesTheBytesOfAStringWhereItIsRead) {
     }
 }
 
-TEST(JSONReading, OpensFiveHundredAndTwelveLevelsAndNoMore) {
+TEST(JSONReading, AllowsAtMost512Levels) {
     for (const json& line : test::vectors("json_depth.jsonl")) {
         const auto levels = line["in"]["n"].get<std::size_t>();
         std::string objects;

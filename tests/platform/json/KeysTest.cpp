@@ -1,4 +1,4 @@
-// Which key of an object fills which row, and what a key that cannot be read does.
+// Which key of an object fills which row, and the effect of an invalid key.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/Table.h>
@@ -29,7 +29,7 @@ struct People {
     std::vector<Person> friends{};
 };
 
-/// Keys around the lengths that are compared in place, and a key that holds a quote.
+/// Keys with lengths around the limit of the inline comparison, and a key that contains a quote.
 struct Lengths {
     std::optional<std::string> empty{};
     std::optional<std::string> of29{};
@@ -41,7 +41,7 @@ struct Lengths {
     std::optional<std::string> high{};
 };
 
-/// Keys that are alike at both ends and of one length.
+/// Keys of the same length with the same beginning and end.
 struct Alike {
     std::optional<std::string> first{};
     std::optional<std::string> second{};
@@ -121,20 +121,20 @@ namespace {
 using test::failureOf;
 using test::shown;
 
-/// A person without an address, who works.
+/// A person with a job and without an address.
 std::string person(const std::string& id, const std::string& rest = "") {
     return R"({"id":")" + id +
            R"(","name":null,"street":null,"room":null,"floor":null,"bells":[],"town":null,)" +
            (rest.empty() ? R"("job":null)" : rest) + "}";
 }
 
-/// Spellings of keys that are no text.
-const char* const unreadable[] = {
+/// Keys that are not valid strings.
+const char* const invalidKeys[] = {
     R"("\ud800")", R"("\udc00\ud800")", R"("\x")",  R"("a\u12g4")",     "\"\x01\"",
     "\"\t\"",      "\"\xff\"",          "\"\xc3\"", "\"\xed\xa0\x80\"",
 };
 
-TEST(AKey, CountsTheFirstTimeOnly) {
+TEST(AKey, IsUsedOnlyTheFirstTime) {
     EXPECT_EQ(shown<Person>(R"({"id":"a","id":"b","work":{}})"), person("a"));
     EXPECT_EQ(shown<Person>(R"({"id":"a","id":1,"work":{}})"), person("a"));
     EXPECT_EQ(failureOf<Person>(R"({"id":1,"id":"b","work":{}})"), R"(typeMismatch ["id"])");
@@ -150,7 +150,7 @@ TEST(AKey, CountsTheFirstTimeOnly) {
     EXPECT_EQ(shown<Person>(R"({"secret":1,"id":"a","secret":{},"work":{}})"), person("a"));
 }
 
-TEST(AKey, CountsTheFirstTimeOnlyHoweverItIsSpelled) {
+TEST(AKey, IsUsedOnlyTheFirstTimeHoweverItIsEscaped) {
     EXPECT_EQ(shown<Person>(R"({"\u0069d":"a","id":"b","work":{}})"), person("a"));
     EXPECT_EQ(shown<Person>(R"({"id":"a","\u0069d":"b","work":{}})"), person("a"));
     EXPECT_EQ(shown<Person>(R"({"id":"a","work":{},"w\u006Frk":{"job":"j"}})"), person("a"));
@@ -167,7 +167,7 @@ TEST(AKey, MatchesWithEscapes) {
         R"({"empty":null,"of29":null,"of30":null,"of31":null,"of64":null,"quoted":"q","slashed":"s","high":"h"})");
 }
 
-TEST(AKey, MatchesInFullOnly) {
+TEST(AKey, MatchesOnlyInFull) {
     for (const char* key : {"i", "idd", "Id", "ID", "id ", " id", "id\\u0000", "id\\n"}) {
         EXPECT_EQ(failureOf<Person>(std::string("{\"work\":{},\"") + key + "\":\"a\"}"),
                   R"(keyNotFound ["id"])")
@@ -175,7 +175,7 @@ TEST(AKey, MatchesInFullOnly) {
     }
 }
 
-TEST(AKey, MayBeOfAnyLength) {
+TEST(AKey, CanHaveAnyLength) {
     EXPECT_EQ(
         shown<Lengths>("{\"\":\"0\",\"" + std::string(key29) + "\":\"29\",\"" + std::string(key30) +
                        "\":\"30\",\"" + std::string(key31) + "\":\"31\",\"" + std::string(key64) +
@@ -187,40 +187,40 @@ TEST(AKey, MayBeOfAnyLength) {
         R"({"empty":null,"of29":null,"of30":null,"of31":null,"of64":null,"quoted":null,"slashed":null,"high":null})");
 }
 
-TEST(AKey, WithAQuoteOrABackslashMatchesOnlyWhereThatIsEscaped) {
-    // Predicted from the element before.
+TEST(AKey, WithAQuoteOrABackslashMatchesOnlyIfEscaped) {
+    // The key order is predicted from the previous element.
     EXPECT_EQ(failureOf<std::vector<Lengths>>(R"([{"a\"b":"q"},{"a"b":"q"}])"), "dataCorrupted []");
     const std::string none =
         R"({"empty":null,"of29":null,"of30":null,"of31":null,"of64":null,"quoted":null,"slashed":null,"high":null})";
     EXPECT_EQ(shown<std::vector<Lengths>>(R"([{"a\\b":1},{"a\b":"q"}])"), "[" + none + "," + none + "]");
 }
 
-TEST(AKey, IsToldFromOthersThatAreAlikeAtBothEnds) {
+TEST(AKey, DiffersFromKeysWithTheSameBeginningAndEnd) {
     EXPECT_EQ(shown<Alike>(R"({"displayDurationThirdAccessible":"3","displayDurationFirstAccessible":"1",)"
                            R"("displayDurationOtherAccessible":"2","displayDurationAgainAccessible":"4"})"),
               R"({"first":"1","second":"2","third":"3"})");
 }
 
-TEST(AKeyThatCannotBeRead, FailsTheOpeningOfTheRoot) {
-    for (const std::string key : unreadable) {
+TEST(AnInvalidKey, MakesTheRootFail) {
+    for (const std::string key : invalidKeys) {
         EXPECT_EQ(failureOf<Person>("{\"id\":\"a\",\"work\":{}," + key + ":1}"), "dataCorrupted []") << key;
         EXPECT_EQ(failureOf<Person>("{" + key + ":1,\"id\":\"a\",\"work\":{}}"), "dataCorrupted []") << key;
-        // The opening comes before every row.
+        // Opening the object comes before every row.
         EXPECT_EQ(failureOf<Person>("{\"id\":1," + key + ":1}"), "dataCorrupted []") << key;
     }
 }
 
-TEST(AKeyThatCannotBeRead, FailsTheOpeningOfARequiredObject) {
-    for (const std::string key : unreadable) {
+TEST(AnInvalidKey, MakesARequiredObjectFail) {
+    for (const std::string key : invalidKeys) {
         EXPECT_EQ(failureOf<Person>("{\"id\":\"a\",\"work\":{\"job\":\"j\"," + key + ":1}}"),
                   R"(dataCorrupted ["work"])")
             << key;
     }
 }
 
-TEST(AKeyThatCannotBeRead, TakesBackWhatALenientObjectHasFilled) {
+TEST(AnInvalidKey, ResetsTheFieldsFilledByALenientObject) {
     const std::string flat = R"("flat":{"room":"r","floor":3,"bells":["b"]})";
-    for (const std::string key : unreadable) {
+    for (const std::string key : invalidKeys) {
         const std::string bad = key + ":1";
         for (const std::string& inside :
              {bad, "\"street\":\"s\",\"town\":\"t\"," + bad, "\"street\":\"s\"," + bad + ",\"town\":\"t\"",
@@ -233,8 +233,8 @@ TEST(AKeyThatCannotBeRead, TakesBackWhatALenientObjectHasFilled) {
     }
 }
 
-TEST(AKeyThatCannotBeRead, TakesBackTheInnermostObjectAlone) {
-    for (const std::string key : unreadable) {
+TEST(AnInvalidKey, ResetsOnlyTheInnermostObject) {
+    for (const std::string key : invalidKeys) {
         EXPECT_EQ(
             shown<Person>(R"({"id":"a","address":{"street":"s","flat":{"room":"r","bells":["b"],)" + key +
                           R"(:{}},"town":"t"},"work":{}})"),
@@ -243,8 +243,8 @@ TEST(AKeyThatCannotBeRead, TakesBackTheInnermostObjectAlone) {
     }
 }
 
-TEST(AKeyThatCannotBeRead, DoesNotMatterInAnObjectThatIsNotRead) {
-    for (const std::string key : unreadable) {
+TEST(AnInvalidKey, IsIgnoredInAnObjectThatIsNotRead) {
+    for (const std::string key : invalidKeys) {
         const std::string bad = "{" + key + ":1}";
         EXPECT_EQ(shown<Person>("{\"id\":\"a\",\"work\":{},\"other\":" + bad + "}"), person("a")) << key;
         EXPECT_EQ(shown<Person>("{\"id\":\"a\",\"work\":{},\"secret\":" + bad + "}"), person("a")) << key;
@@ -255,9 +255,9 @@ TEST(AKeyThatCannotBeRead, DoesNotMatterInAnObjectThatIsNotRead) {
     }
 }
 
-TEST(AKeyThatCannotBeRead, FailsAnElementOfAListAndWithItTheListUnlessTheListDropsIt) {
+TEST(AnInvalidKey, FailsItsElementAndTheListUnlessTheListDropsTheElement) {
     const std::string good = R"({"id":"a","work":{}})";
-    for (const std::string key : unreadable) {
+    for (const std::string key : invalidKeys) {
         const std::string bad = "{\"id\":\"b\",\"work\":{}," + key + ":1}";
         EXPECT_EQ(failureOf<People>("{\"people\":[" + good + "," + bad + "]}"),
                   R"(dataCorrupted ["people",1])");
@@ -266,7 +266,7 @@ TEST(AKeyThatCannotBeRead, FailsAnElementOfAListAndWithItTheListUnlessTheListDro
     }
 }
 
-TEST(KeysInAList, MayComeInAnotherOrderInEachElement) {
+TEST(KeysInAList, CanHaveADifferentOrderInEachElement) {
     const std::vector<std::string> members = {R"("id":"a")", R"("name":"n")", R"("work":{"job":"j"})",
                                               R"("address":{"town":"t","street":"s"})"};
     const std::string whole =
@@ -284,7 +284,7 @@ TEST(KeysInAList, MayComeInAnotherOrderInEachElement) {
     EXPECT_EQ(shown<People>(document + "}"), value + ",\"friends\":[]}");
 }
 
-TEST(KeysInAList, MayBeLeftOutOrComeTwiceInSomeElements) {
+TEST(KeysInAList, CanBeMissingOrRepeatedInSomeElements) {
     EXPECT_EQ(
         shown<std::vector<Person>>(
             R"([{"id":"a","name":"n","work":{}},{"id":"b","work":{}},{"name":"m","id":"c","work":{}},)"

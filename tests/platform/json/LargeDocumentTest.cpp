@@ -1,4 +1,4 @@
-// A document of a hundred megabytes: it decodes, and takes no more memory than it must.
+// Decodes a document of 100 MB within its memory limit.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/DecodingError.h>
@@ -39,7 +39,7 @@ namespace {
 constexpr std::size_t megabyte = 1024 * 1024;
 constexpr std::size_t documentSize = 100 * megabyte;
 
-/// The most memory that this process ever held, in bytes.
+/// The peak memory of this process, in bytes.
 std::size_t peakMemory() {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
@@ -73,7 +73,7 @@ TEST(ADocumentOfAHundredMegabytes, DecodesWithinTwiceItsOwnMemory) {
     EXPECT_LE(peakMemory() - before, 2 * documentSize);
 }
 
-TEST(ADocumentOfAHundredMegabytes, TellsOfAFaultAtItsVeryEnd) {
+TEST(ADocumentOfAHundredMegabytes, ReportsAFaultAtItsEnd) {
 #ifdef VRK_IS_SANITIZED
     GTEST_SKIP() << "a sanitizer multiplies the time and the memory that this test is about";
 #endif

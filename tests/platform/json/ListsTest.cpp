@@ -1,4 +1,4 @@
-// Lists: how they grow, what one bad element does, and elements that may be one of several types.
+// Lists: how they grow, the effect of one faulty element, and elements of one of several types.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/detail/FastEngine.h>
@@ -30,7 +30,7 @@ struct Wide {
 
 }  // namespace
 
-// Known by their names without a namespace.
+// Reported by their names without a namespace.
 struct Circle {
     std::uint64_t radius{};
     std::vector<std::string> tags{};
@@ -125,7 +125,7 @@ using test::shown;
 
 /// The capacity of the list after `json` is read.
 template <class T>
-std::size_t roomFor(const std::string& json) {
+std::size_t capacityFor(const std::string& json) {
     std::vector<T> list;
     EXPECT_TRUE(json::FastEngine(Data(json), JSONDecoder::defaultMemoryBudget)
                     .decode(planOf<std::vector<T>>(), &list));
@@ -140,24 +140,24 @@ std::string drawn(const std::string& shapes, const std::string& best = "null",
            ",\"needed\":[],\"words\":null}";
 }
 
-TEST(AList, TakesNoMoreRoomThanItsDocumentAfterSmallElementsAndALargeOne) {
+TEST(AList, ReservesNoMoreThanItsDocumentSizeAfterSmallElementsAndALargeOne) {
     const std::string large = "{\"a\":\"" + std::string(1'000'000, 'x') + "\"}";
     for (const char* const small : {"{},", "{},{},", "{},{},{},{},{},{},{},{},{},"}) {
-        EXPECT_LE(roomFor<Wide>("[" + std::string(small) + large + "]") * sizeof(Wide),
+        EXPECT_LE(capacityFor<Wide>("[" + std::string(small) + large + "]") * sizeof(Wide),
                   2 * large.size() + 4 * sizeof(Wide))
             << small;
     }
 }
 
-TEST(AList, HasRoomForAllElementsAtOnceWhereTheyAreAlike) {
+TEST(AList, ReservesTheRightCapacityForSimilarElements) {
     std::string json = "[";
     for (int i = 0; i < 1000; ++i)
         json += R"({"a":"some text of no great length, as titles are","b":"another one of the same kind",)"
                 R"("c":"and one of them is a little longer than all the others are"},)";
     json.back() = ']';
-    const std::size_t room = roomFor<Wide>(json);
-    EXPECT_GE(room, 1000U);
-    EXPECT_LE(room, 1100U);
+    const std::size_t capacity = capacityFor<Wide>(json);
+    EXPECT_GE(capacity, 1000U);
+    EXPECT_LE(capacity, 1100U);
 }
 
 TEST(AList, AllocatesLittleMoreThanItsElementsWhateverFollowsIt) {
@@ -174,7 +174,7 @@ TEST(AList, AllocatesLittleMoreThanItsElementsWhateverFollowsIt) {
     }
 }
 
-TEST(AList, OfListsFailsWithThePathOfTheElement) {
+TEST(AList, FailsWithThePathOfTheElementInANestedList) {
     using Lists = std::vector<std::vector<std::uint64_t>>;
     EXPECT_EQ(shown<Lists>("[[1],[],[2,3]]"), "[[1],[],[2,3]]");
     EXPECT_EQ(failureOf<Lists>("[[1],[2,\"3\"]]"), "typeMismatch [1,1]");
@@ -186,7 +186,7 @@ TEST(AList, OfListsFailsWithThePathOfTheElement) {
     EXPECT_EQ(drawing(R"("words":[["a"],[]])").find(R"("words":[["a"],[]])"), drawn("[]").find("\"words\""));
 }
 
-TEST(AListThatKeepsWhatDecodes, DropsTheOtherElementsAndKeepsTheOrder) {
+TEST(ATolerantList, DropsTheOtherElementsAndKeepsTheOrder) {
     EXPECT_EQ(
         drawing(
             R"("circles":[{"radius":1},{},{"radius":2,"tags":["t"]},null,7,"c",[],{"radius":-1},{"radius":3}])"),
@@ -195,14 +195,14 @@ TEST(AListThatKeepsWhatDecodes, DropsTheOtherElementsAndKeepsTheOrder) {
     EXPECT_EQ(drawing(R"("circles":[null,{}])"), drawn("[]"));
 }
 
-TEST(AListThatKeepsWhatDecodes, MustBeAListAllTheSame) {
+TEST(ATolerantList, MustBeAList) {
     EXPECT_EQ(failureOf<Drawing>(R"({"needed":{}})"), R"(typeMismatch ["needed"])");
     EXPECT_EQ(failureOf<Drawing>(R"({"needed":null})"), R"(valueNotFound ["needed"])");
     EXPECT_EQ(failureOf<Drawing>("{}"), R"(keyNotFound ["needed"])");
     EXPECT_EQ(drawing(R"("circles":{"radius":1})"), drawn("[]"));
 }
 
-TEST(AListThatKeepsWhatDecodes, IsBrokenWithItsDocument) {
+TEST(ATolerantList, FailsIfTheDocumentIsMalformed) {
     EXPECT_EQ(failureOf<Drawing>(R"({"needed":[{"radius":1},{"radius":]})"), "dataCorrupted []");
     EXPECT_EQ(failureOf<Drawing>(R"({"needed":[{"radius":1},}]})"), "dataCorrupted []");
 }
@@ -210,19 +210,19 @@ TEST(AListThatKeepsWhatDecodes, IsBrokenWithItsDocument) {
 const std::string circle = R"({"Circle":{"radius":1,"tags":["t"]}})";
 const std::string square = R"({"Square":{"side":2,"colour":"c"}})";
 
-TEST(AMixedList, TriesTheTypesInTurnForEachElement) {
+TEST(AMixedList, TriesTheTypesInOrderForEachElement) {
     EXPECT_EQ(
         drawing(R"("shapes":[{"side":2,"colour":"c"},{"radius":1,"tags":["t"]},{"side":2,"colour":"c"}])"),
         drawn("[" + square + "," + circle + "," + square + "]"));
-    // What fits both is of the first.
+    // An element that fits both types is decoded as the first.
     EXPECT_EQ(drawing(R"("shapes":[{"side":2,"colour":"c","radius":1,"tags":["t"]}])"),
               drawn("[" + circle + "]"));
-    // Nothing of a first try is left in the second.
+    // Nothing of the first attempt is left in the second.
     EXPECT_EQ(drawing(R"("shapes":[{"tags":["t"],"radius":-1,"side":2,"colour":"c"}])"),
               drawn("[" + square + "]"));
 }
 
-TEST(AMixedList, LeavesOutWhatIsNoneOfTheTypes) {
+TEST(AMixedList, OmitsElementsThatAreNoneOfTheTypes) {
     EXPECT_EQ(
         drawing(
             R"("shapes":[{},null,1,"s",[],{"radius":"1"},{"side":2,"colour":1},{"radius":1,"tags":["t"]}])"),
@@ -230,7 +230,7 @@ TEST(AMixedList, LeavesOutWhatIsNoneOfTheTypes) {
     EXPECT_EQ(drawing(R"("shapes":{"radius":1})"), drawn("[]"));
 }
 
-TEST(AMixedList, IsBrokenWithItsDocumentInWhicheverTryThatIs) {
+TEST(AMixedList, FailsIfTheDocumentIsMalformedInAnyAttempt) {
     for (const char* const element :
          {"{\"radius\":1", "{\"side\":2,}x", "{\"side\":tru}", "{\"a\":1,\"side\"}", "{"}) {
         EXPECT_EQ(failureOf<Drawing>(R"({"needed":[],"shapes":[)" + std::string(element) + "]}"),
@@ -238,7 +238,7 @@ TEST(AMixedList, IsBrokenWithItsDocumentInWhicheverTryThatIs) {
         EXPECT_EQ(failureOf<Drawing>(R"({"needed":[],"best":)" + std::string(element) + "}"),
                   "dataCorrupted []");
     }
-    // Too deep, whichever type is tried.
+    // Too deep for either type.
     const std::string deep = std::string(510, '[') + std::string(510, ']');
     EXPECT_EQ(failureOf<Drawing>(R"({"needed":[],"shapes":[{"x":)" + deep.substr(1, 1018) + ",\"side\":2}]}"),
               "");
@@ -246,7 +246,7 @@ TEST(AMixedList, IsBrokenWithItsDocumentInWhicheverTryThatIs) {
               "dataCorrupted []");
 }
 
-TEST(AMixedList, TakesAnElementWhoseKeyCannotBeReadForNoneOfTheTypes) {
+TEST(AMixedList, OmitsAnElementWithAnInvalidKey) {
     EXPECT_EQ(drawing(R"("shapes":[{"radius":1,"side":2,"\ud800":1},{"radius":1,"tags":["t"]}])"),
               drawn("[" + circle + "]"));
 }
@@ -259,7 +259,7 @@ TEST(AMixedField, HoldsTheFirstTypeThatDecodes) {
     }
 }
 
-TEST(AnOptionalAtTheRoot, MayHoldAnythingThatDecodes) {
+TEST(AnOptionalAtTheRoot, CanHoldAnyDecodableType) {
     EXPECT_EQ(shown<std::optional<std::uint64_t>>("null"), "null");
     EXPECT_EQ(shown<std::optional<std::uint64_t>>("7"), "7");
     EXPECT_EQ(shown<std::optional<std::uint64_t>>("-7"), "dataCorrupted []");

@@ -1,4 +1,4 @@
-// What a decoded value may take of memory, and that nothing swallows it.
+// The memory limit of a decoded value, and that exceeding it is never tolerated.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/DecodingError.h>
@@ -17,14 +17,14 @@
 namespace VanticRestKit {
 namespace {
 
-/// Two bytes of JSON, and about a kilobyte in memory.
+/// Two bytes of JSON, but about a kilobyte in memory.
 struct Wide {
     std::array<char, 1000> bytes{};
     std::optional<std::string> name{};
     std::vector<std::string> words{};
 };
 
-/// The same with a name that must be there.
+/// The same with a required name.
 struct Named {
     std::array<char, 1000> bytes{};
     std::vector<std::string> words{};
@@ -109,7 +109,8 @@ Outcome outcomeWithin(std::uint64_t budget, const std::string& json) {
     return outcome;
 }
 
-/// What the value of a document takes. Both engines decode it within that budget, and neither within less.
+/// The memory of a document's value. Checks that both engines decode it with that budget, and that neither does with
+/// less.
 std::uint64_t memoryOf(const std::string& json) {
     const Outcome outcome = outcomeWithin(noLimit, json);
     EXPECT_EQ(outcome.failure, "") << json.substr(0, 100);
@@ -120,7 +121,7 @@ std::uint64_t memoryOf(const std::string& json) {
     return outcome.memory;
 }
 
-TEST(TheMemoryBudget, CountsTheElementsOfAListAsLargeAsTheyAre) {
+TEST(TheMemoryBudget, CountsTheElementsOfAListWithTheirFullSize) {
     const std::string elements = "[" + repeated(1000, "{}") + "]";
     for (const char* const key : {"lenientList", "requiredList"}) {
         const std::uint64_t memory = memoryOf("{\"" + std::string(key) + "\":" + elements + "}");
@@ -129,7 +130,7 @@ TEST(TheMemoryBudget, CountsTheElementsOfAListAsLargeAsTheyAre) {
     }
 }
 
-TEST(TheMemoryBudget, IsNotSwallowedByATolerantListOrAChoice) {
+TEST(TheMemoryBudget, AppliesInsideATolerantListOrAChoice) {
     const std::string elements = "[" + repeated(1000, R"({"name":"n"})") + "]";
     EXPECT_GE(memoryOf(R"({"tolerantList":)" + elements + "}"), 1000 * sizeof(Named));
     EXPECT_GE(memoryOf(R"({"inside":{"choices":)" + elements + "}}"), 1000 * sizeof(Named));
@@ -151,18 +152,18 @@ TEST(TheMemoryBudget, CountsLongStringsAndFreeFormData) {
     std::string members;
     for (int i = 0; i < 1000; ++i) members += (i == 0 ? "\"" : ",\"") + std::to_string(i) + "\":1";
     EXPECT_GE(memoryOf(R"({"free":{)" + members + "}}"), 1000 * sizeof(Dictionary::value_type));
-    // The keys of values that are left out are kept until the object ends: a later one may be equal.
+    // The keys of omitted values are kept until the object ends, since a later key may be equal.
     std::string nulls;
     for (int i = 0; i < 1000; ++i) nulls += (i == 0 ? "\"" : ",\"") + std::to_string(i) + "\":null";
     EXPECT_EQ(outcomeWithin(1000 * sizeof(std::string), R"({"free":{)" + nulls + "}}").failure, broken);
 }
 
-TEST(TheMemoryBudget, DoesNotCountWhatWasDropped) {
+TEST(TheMemoryBudget, DoesNotCountDroppedElements) {
     const std::string words = "[" + repeated(1000, "\"w\"") + "]";
     const std::string unnamed = R"({"words":)" + words + "}";
     for (const char* const rest : {"", ",7"}) {
         const std::string elements = "[" + repeated(100, unnamed) + rest + "]";
-        // Enough for the slots of the list and the strings of a few elements, not of all.
+        // Enough for the slots of the list and the strings of a few elements, but not for all.
         constexpr std::uint64_t budget = 400 * sizeof(Named) + 10 * 1000 * sizeof(std::string);
         EXPECT_EQ(outcomeWithin(budget, R"({"tolerantList":)" + elements + "}").failure, "");
         EXPECT_EQ(outcomeWithin(budget, R"({"inside":{"choices":)" + elements + "}}").failure, "");
@@ -171,11 +172,11 @@ TEST(TheMemoryBudget, DoesNotCountWhatWasDropped) {
     EXPECT_EQ(outcomeWithin(noLimit, R"({"free":{"a":1,"\ud800":2}})").memory, 0U);
 }
 
-TEST(TheMemoryBudget, DoesNotCountWhatIsSkipped) {
+TEST(TheMemoryBudget, DoesNotCountSkippedValues) {
     EXPECT_EQ(outcomeWithin(0, R"({"x":[)" + repeated(1000, "{}") + "],\"text\":\"short\"}").failure, "");
 }
 
-TEST(ALenientList, GivesItsMemoryBackIfItFails) {
+TEST(ALenientList, ReturnsItsMemoryIfItFails) {
     const Result<Page, Error> page =
         JSONDecoder().decode<Page>(Data(R"({"lenientList":[)" + repeated(1000, "{}") + ",7]}"));
     ASSERT_TRUE(page);
@@ -183,7 +184,7 @@ TEST(ALenientList, GivesItsMemoryBackIfItFails) {
     EXPECT_EQ(page->lenientList.capacity(), 0U);
 }
 
-TEST(ADecoder, HasAMemoryBudgetOfAGibibyteUnlessItIsGivenAnother) {
+TEST(ADecoder, HasAMemoryBudgetOfOneGibibyteByDefault) {
     EXPECT_EQ(JSONDecoder::defaultMemoryBudget, 1'073'741'824U);
     const Data document("[" + repeated(1000, "{}") + "]");
     EXPECT_TRUE(JSONDecoder().decode<std::vector<Wide>>(document));

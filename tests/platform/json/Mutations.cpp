@@ -14,11 +14,11 @@ struct JSONTree {
     enum class Kind { plain, array, object };
     Kind kind = Kind::plain;
     std::string plain{};
-    /// Keys with their quotes; of an array "".
+    /// Keys with their quotes, "" for the elements of an array.
     std::vector<std::pair<std::string, JSONTree>> members{};
 };
 
-/// Of every type, fit and unfit in many ways.
+/// Values of every type, valid and invalid.
 // clang-format off
 constexpr std::string_view samples[] = {
     "null", "true", "false", "0", "1", "-1", "1.5", "-0", "1e2", "18446744073709551615", "18446744073709551616",
@@ -111,7 +111,7 @@ void collect(JSONTree& tree, std::vector<JSONTree*>& all, std::vector<JSONTree*>
     for (auto& [key, value] : tree.members) collect(value, all, full);
 }
 
-/// The key with one of its letters escaped, or with something that makes it unreadable.
+/// The key with one letter escaped, or with a sequence that makes it invalid.
 std::string escaped(const std::string& key, Random& random) {
     if (key.size() < 3 || key.find('\\') != std::string::npos) return key;
     const std::size_t place = 1 + random.below(key.size() - 2);
@@ -126,7 +126,7 @@ JSONTree sample(Random& random) {
     return JSONTree{.plain = std::string(samples[random.below(std::size(samples))])};
 }
 
-/// Changes an array or object that holds something.
+/// Changes an array or object that is not empty.
 void changeMembers(JSONTree& tree, Random& random) {
     auto& members = tree.members;
     const std::size_t place = random.below(members.size());

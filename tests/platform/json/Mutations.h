@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Documents that are nearly right: a good one, changed here and there at random.
+/// Almost valid documents: a valid one with random changes.
 
 #include <cstddef>
 #include <cstdint>
@@ -11,29 +11,29 @@
 
 namespace VanticRestKit::test {
 
-/// Random numbers that are the same on every machine.
+/// A random number generator with the same results on every machine.
 class Random {
 public:
     explicit Random(std::uint64_t seed) : state_(seed) {}
     std::uint64_t next() noexcept;
-    /// One of the first `count` numbers; `count` is not 0.
+    /// A number from 0 to `count` - 1. `count` must not be 0.
     std::size_t below(std::size_t count) noexcept { return static_cast<std::size_t>(next() % count); }
 
 private:
     std::uint64_t state_;
 };
 
-/// A JSON document that is taken apart once and written again with changes, keys and plain values as they were spelled.
+/// A JSON document that is parsed once and written again with changes. Keys and scalar values keep their spelling.
 class ChangeableDocument {
 public:
-    /// Of a document without faults in its structure.
+    /// The structure of `json` must be valid.
     explicit ChangeableDocument(std::string_view json);
 
-    /// The document without blanks between its parts.
+    /// The document without insignificant whitespace.
     std::string text() const;
 
-    /// The document with one to four changes: values replaced by ones of any type, members left out, doubled, moved or
-    /// added, keys escaped or made unreadable, elements doubled or moved; now and then bytes changed blindly.
+    /// The document with one to four changes: values replaced by values of any type; members removed, duplicated, moved
+    /// or added; keys escaped or made invalid; elements duplicated or moved; and occasionally arbitrary bytes changed.
     std::string changed(Random& random) const;
 
 private:

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Types that hold themselves, for documents of any depth.
+/// A recursive type, for documents of any depth.
 
 #include <VanticRestKit/platform/json/PlanOf.h>
 
@@ -9,7 +9,7 @@
 
 namespace VanticRestKit::test {
 
-/// An object that holds objects like it under "inside"; each level of it is two of the document.
+/// An object with a list of such objects under "inside". Each level of it is two levels of the document.
 struct Nest {
     std::vector<Nest> inside{};
 };

@@ -1,4 +1,4 @@
-// Numbers in every spelling, as each of the three kinds.
+// Numbers in every notation, read as each of the three kinds.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/Table.h>
@@ -28,7 +28,7 @@ namespace {
 
 using test::shown;
 
-/// What a token comes to under each kind: its value, "-" where it does not fit.
+/// The value of a token as each kind, "-" if it does not fit.
 struct Spelling {
     std::string token;
     std::string asUnsigned;
@@ -46,7 +46,7 @@ void expectNumbers(const std::vector<Spelling>& spellings) {
     }
 }
 
-TEST(ANumber, IsWholeHoweverItIsSpelled) {
+TEST(ANumber, IsAnIntegerInEveryNotation) {
     expectNumbers({
         {"0", "0", "0", "0"},
         {"-0", "0", "0", "-0"},
@@ -68,7 +68,7 @@ TEST(ANumber, IsWholeHoweverItIsSpelled) {
     });
 }
 
-TEST(ANumber, MayReachTheBoundsOfItsKindAndNotBeyond) {
+TEST(ANumber, CanReachButNotExceedTheBoundsOfItsKind) {
     expectNumbers({
         {"9223372036854775807", "9223372036854775807", "9223372036854775807", "9223372036854775808"},
         {"9223372036854775808", "9223372036854775808", "-", "9223372036854775808"},
@@ -90,7 +90,7 @@ TEST(ANumber, MayReachTheBoundsOfItsKindAndNotBeyond) {
     });
 }
 
-TEST(ANumber, IsNoWholeOneWithAFraction) {
+TEST(ANumber, IsNotAnIntegerWithAFraction) {
     expectNumbers({
         {"1.5", "-", "-", "1.5"},
         {"-1.5", "-", "-", "-1.5"},
@@ -102,7 +102,7 @@ TEST(ANumber, IsNoWholeOneWithAFraction) {
     });
 }
 
-TEST(ANumber, ThatIsMisspelledIsNoNumberButNoFaultOfTheDocument) {
+TEST(ANumber, WithInvalidSyntaxIsAnInvalidValueInAValidDocument) {
     for (const char* token :
          {"00", "01",    "-01",  "00.5",  "1.",  "-",   "--1",   "-.5", "1.e5", "1e", "1e+", "1e-",
           "1E", "1e1.5", "1..5", "1.5.5", "1-2", "1+2", "1e5e5", "-e5", "1ee5", "0-", "0+"}) {
@@ -114,11 +114,11 @@ TEST(ANumber, ThatIsMisspelledIsNoNumberButNoFaultOfTheDocument) {
     }
 }
 
-TEST(ANumber, EndsWhereItsLettersEnd) {
+TEST(ANumber, FollowedByOtherCharactersMakesTheDocumentMalformed) {
     for (const char* token : {"0x10", "1_000", "1 000", "1,5", "1f", "Infinity", "NaN", "-Infinity", "+1",
                               ".5", "1\"\"", "1{}", "1true"}) {
         EXPECT_EQ(shown<double>(token), "dataCorrupted []") << token;
-        // A document that is broken is no document, whatever it is to be.
+        // A malformed document fails the same way for every type.
         EXPECT_EQ(shown<std::string>(token), "dataCorrupted []") << token;
     }
     EXPECT_EQ(shown<double>(std::string_view("1\0", 2)), "dataCorrupted []");
@@ -129,7 +129,7 @@ TEST(ANumber, EndsWhereItsLettersEnd) {
     EXPECT_EQ(shown<double>("1 "), "1");
 }
 
-TEST(ANumber, MayHaveManyDigitsWithoutCostingMoreThanItsLength) {
+TEST(ANumber, CanHaveAMillionDigits) {
     const std::string zeros(1'000'000, '0');
     expectNumbers({
         {"1" + zeros, "-", "-", "-"},
@@ -139,7 +139,7 @@ TEST(ANumber, MayHaveManyDigitsWithoutCostingMoreThanItsLength) {
     });
 }
 
-TEST(ANumber, IsNeverMadeOfATextOrATruthValue) {
+TEST(ANumber, IsNeverConvertedFromAStringOrABoolean) {
     for (const char* token : {"\"1\"", "true", "false", "[]", "[1]", "{}"}) {
         EXPECT_EQ(shown<std::uint64_t>(token), "typeMismatch []") << token;
         EXPECT_EQ(shown<std::int64_t>(token), "typeMismatch []") << token;
@@ -148,7 +148,7 @@ TEST(ANumber, IsNeverMadeOfATextOrATruthValue) {
     EXPECT_EQ(shown<double>("null"), "valueNotFound []");
 }
 
-TEST(ANumber, FitsANarrowIntegerInItsRangeOnly) {
+TEST(ANumber, FitsANarrowIntegerOnlyWithinItsRange) {
     EXPECT_EQ(shown<std::int32_t>("2147483647"), "2147483647");
     EXPECT_EQ(shown<std::int32_t>("-2147483648"), "-2147483648");
     EXPECT_EQ(shown<std::int32_t>("1e2"), "100");

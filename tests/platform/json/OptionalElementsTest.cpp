@@ -72,14 +72,14 @@ TEST(AListOfOptionals, FailsAtAnElementOfAnotherType) {
     EXPECT_EQ(failureOf<Optionals<Point>>(R"([null,{"x":1},{"x":null}])"), R"(valueNotFound [2,"x"])");
 }
 
-TEST(AListOfOptionals, BreaksAtAWordThatOnlyBeginsLikeNull) {
+TEST(AListOfOptionals, FailsAtATokenThatOnlyBeginsLikeNull) {
     for (const char* const json : {"[n]", "[nul]", "[nulll]", "[null null]", "[null"}) {
         EXPECT_EQ(failureOf<Optionals<std::string>>(json), "dataCorrupted []") << json;
         EXPECT_EQ(failureOf<Optionals<Point>>(json), "dataCorrupted []") << json;
     }
 }
 
-TEST(AListOfOptionals, FollowsTheWordOfItsRow) {
+TEST(AListOfOptionals, FollowsTheStrictnessOfItsRow) {
     EXPECT_EQ(shown<Curve>(R"({"points":[null,{"x":1}],"labels":[null,"a"],"marks":[null,{"x":2}]})"),
               R"({"points":[null,{"x":1}],"labels":[null,"a"],"marks":[null,{"x":2}]})");
     EXPECT_EQ(failureOf<Curve>(R"({"points":[null,{"x":"1"}]})"), R"(typeMismatch ["points",1,"x"])");
@@ -87,7 +87,7 @@ TEST(AListOfOptionals, FollowsTheWordOfItsRow) {
               R"({"points":[],"labels":null,"marks":[]})");
 }
 
-TEST(AListOfOptionals, KeepsItsNullsWhereItDropsWhatDoesNotDecode) {
+TEST(AListOfOptionals, KeepsNullsEvenIfItDropsFaultyElements) {
     EXPECT_EQ(shown<Curve>(R"({"points":[],"marks":[null,{"x":1},{},7,null,"x"]})"),
               R"({"points":[],"labels":null,"marks":[null,{"x":1},null]})");
 }

@@ -1,4 +1,4 @@
-// Types of the same name in the unnamed namespaces of two sources, with other fields.
+// Types with the same name but different fields in the unnamed namespaces of two source files.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/Table.h>
@@ -35,7 +35,7 @@ const TypePlan& planOf<Twin>() {
 
 namespace {
 
-TEST(ATypeInAnUnnamedNamespace, HasItsOwnFieldsWhateverAnotherSourceNamesAlike) {
+TEST(ATypeInAnUnnamedNamespace, HasItsOwnFieldsDespiteATypeOfTheSameNameElsewhere) {
     EXPECT_EQ(test::shown<Twin>(R"({"title":"t"})"), R"({"note":"second","count":7,"title":"t"})");
 }
 

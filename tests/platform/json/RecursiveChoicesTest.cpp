@@ -1,4 +1,4 @@
-// Choices inside the candidates of choices: what is read again for the next candidate is not tried again.
+// Choices nested in the candidates of choices: a value that is read again for the next candidate is not decoded again.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/DecodingError.h>
@@ -36,10 +36,10 @@ private:
     std::tuple<std::shared_ptr<const Named>, std::shared_ptr<const Numbered>> held_;
 };
 
-/// How many values the candidates made.
+/// The number of candidate values constructed.
 std::size_t made = 0;
 
-/// Two kinds that nothing tells apart but the type of their last member.
+/// Two kinds that differ only in the type of their last member.
 struct Named {
     Named() { ++made; }
     std::vector<Part> parts{};
@@ -77,7 +77,7 @@ private:
     std::tuple<std::shared_ptr<const Book>, std::shared_ptr<const Film>> held_;
 };
 
-/// Two kinds that tell themselves apart by name.
+/// Two kinds that are distinguished by their entity names.
 template <int Kind>
 struct Entity {
     struct DecodingError {
@@ -136,7 +136,7 @@ const TypePlan& planOf<Film>() {
 
 namespace {
 
-/// `levels` parts one in another, each of them labelled with `label` after its parts.
+/// `levels` nested parts, each with `label` after its parts.
 std::string nest(std::size_t levels, const std::string& label, const std::string& core = "") {
     std::string text;
     for (std::size_t i = 0; i < levels; ++i) text += R"({"parts":[)";
@@ -145,14 +145,14 @@ std::string nest(std::size_t levels, const std::string& label, const std::string
     return text;
 }
 
-// How the compiler writes the namespace of the types above.
+// How the compiler spells the namespace of the types above.
 #ifdef __clang__
 constexpr const char* unnamed = "(anonymous namespace)::";
 #else
 constexpr const char* unnamed = "{anonymous}::";
 #endif
 
-/// The same as what a value of so many levels is shown as.
+/// The expected output for a value with that many levels.
 std::string shownNest(std::size_t levels, const std::string& kind, const std::string& label,
                       const std::string& core = "") {
     std::string text;
@@ -165,13 +165,13 @@ std::string shownNest(std::size_t levels, const std::string& kind, const std::st
 
 std::string whole(const std::string& part) { return R"({"parts":[)" + part + "]}"; }
 
-/// As many levels as a document can have.
+/// The maximum number of levels in a document.
 constexpr std::size_t deepest = 255;
 
-TEST(AChoiceInsideAChoice, TriesWhatFitsNoCandidateOnceForEach) {
+TEST(AChoiceInsideAChoice, TriesAnUnsuitableValueOncePerCandidate) {
     made = 0;
     EXPECT_EQ(test::shown<Whole>(whole(nest(deepest, "true"))), R"({"parts":[]})");
-    // Two engines, one of them twice; a few levels may be tried again before that is worth a note.
+    // Three runs: two engines, one of them twice. A few levels may be decoded again before a result is remembered.
     EXPECT_LE(made, 3 * deepest * 100);
 }
 
@@ -181,19 +181,19 @@ TEST(AChoiceInsideAChoice, KeepsTheCandidateThatFitsAtEachLevel) {
     EXPECT_EQ(made, 2 * deepest);
     made = 0;
     EXPECT_EQ(test::shown<Whole>(whole(nest(deepest, "1"))), whole(shownNest(deepest, "Numbered", "1")));
-    // Each level is made again for the second candidate of each level around it.
+    // Each level is decoded again for the second candidate of each enclosing level.
     EXPECT_LE(made, 3 * deepest * deepest);
 }
 
-TEST(AChoiceInsideAChoice, DropsWhatFitsNoCandidateAtAnyLevel) {
+TEST(AChoiceInsideAChoice, DropsUnsuitableValuesAtEveryLevel) {
     const std::string bad = nest(20, "true");
     const std::string document = whole(nest(20, "1", bad + "," + nest(20, "2") + "," + bad) + "," + bad);
     EXPECT_EQ(test::shown<Whole>(document),
               whole(shownNest(20, "Numbered", "1", shownNest(20, "Numbered", "2"))));
 }
 
-TEST(AChoiceInsideAChoice, GoesByTheNameOfAnEntityAtEachLevel) {
-    // Names before and after what an object holds, kinds by turns, and one that is neither.
+TEST(AChoiceInsideAChoice, SelectsByTheEntityNameAtEachLevel) {
+    // Entity names before and after the other members, alternating kinds, and one entity of neither kind.
     for (const bool isNameFirst : {true, false}) {
         std::string document = R"({"_entity":"play"})";
         for (int i = 0; i < 12; ++i) {
@@ -215,7 +215,7 @@ TEST(AChoiceInsideAChoice, GoesByTheNameOfAnEntityAtEachLevel) {
     }
 }
 
-TEST(AChoiceInsideAChoice, NeedsLittleStackToFail) {
+TEST(AChoiceInsideAChoice, NeedsLittleStackForAFailure) {
     test::onASmallStack(
         [] { EXPECT_EQ(test::shown<Whole>(whole(nest(deepest, "true"))), R"({"parts":[]})"); });
 }

@@ -1,4 +1,4 @@
-// Every word that a mapping table can hold, in a type of a host's.
+// Every kind of row that a mapping table can have, in a host's own type.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/Table.h>
@@ -16,7 +16,7 @@ namespace {
 
 enum class Mood { calm, loud, odd };
 
-/// Fields with defaults of their own, from the type or from the table.
+/// Fields with defaults from the type or from the table.
 struct Radio {
     bool isOn = true;
     std::uint64_t volume = 5;
@@ -47,7 +47,7 @@ struct Clock {
     std::optional<Mood> perhaps{};
 };
 
-/// Fields whose reader sets them also if it refuses the text.
+/// Fields whose reader sets them even if it rejects the string.
 struct Moody {
     Mood plain{};
     Mood withDefault{};
@@ -149,7 +149,7 @@ const std::string fresh =
     R"("mood":"loud","isLoud":true,"place":-1,"isNew":true,"note":null,"inner":"loud","wave":9,)"
     R"("summary":"untitled/nobody","label":"[]"})";
 
-TEST(ALenientRow, LeavesWhatANewEntityHasWhereTheKeyIsAbsentOrNull) {
+TEST(ALenientRow, KeepsTheDefaultIfTheKeyIsAbsentOrNull) {
     EXPECT_EQ(shown<Radio>("{}"), fresh);
     for (const char* key : {"isOn", "volume", "pitch", "name", "bands", "owner", "memory", "mood", "isLoud",
                             "place", "isNew", "more", "label"}) {
@@ -158,7 +158,7 @@ TEST(ALenientRow, LeavesWhatANewEntityHasWhereTheKeyIsAbsentOrNull) {
     EXPECT_EQ(shown<Radio>(R"({"more":{"note":null,"inner":null,"wave":null}})"), fresh);
 }
 
-TEST(ALenientRow, LeavesWhatANewEntityHasWhereTheValueIsUnfit) {
+TEST(ALenientRow, KeepsTheDefaultIfTheValueIsInvalid) {
     const char* const values[] = {"1.25", "-7",  "\"?\"",        "\"\\x\"", "true",
                                   "[]",   "[1]", "[\"a\",null]", "{}",      "{\"a\":1}"};
     const std::set<std::string> fits = {"isOn:true", "pitch:1.25",     "pitch:-7",    "name:\"?\"",
@@ -173,12 +173,12 @@ TEST(ALenientRow, LeavesWhatANewEntityHasWhereTheValueIsUnfit) {
     }
 }
 
-TEST(ALenientRow, LeavesWhatANewEntityHasWhereItsObjectIsTakenBack) {
+TEST(ALenientRow, KeepsTheDefaultIfItsObjectHasAnInvalidKey) {
     EXPECT_EQ(shown<Radio>(R"({"more":{"note":"n","inner":"calm","wave":7,"\ud800":1}})"), fresh);
     EXPECT_EQ(shown<Radio>(R"({"more":{"\ud800":1,"note":1,"inner":"calm","wave":7}})"), fresh);
 }
 
-TEST(ALenientRow, TakesTheValueThatFits) {
+TEST(ALenientRow, AcceptsAValidValue) {
     EXPECT_EQ(shown<Radio>(
                   R"({"isOn":false,"volume":0,"pitch":-2,"name":"","bands":[],"owner":"o","memory":"calm",)"
                   R"("mood":"","isLoud":false,"place":7,"isNew":false,)"
@@ -188,7 +188,7 @@ TEST(ALenientRow, TakesTheValueThatFits) {
               R"("summary":"/o","label":"[l]"})");
 }
 
-TEST(ADefaultedRow, FailsWithAValueOfAnotherTypeAlone) {
+TEST(ADefaultedRow, FailsOnlyForAValueOfAnotherType) {
     EXPECT_EQ(shown<Radio>(R"({"isNew":null})"), fresh);
     for (const char* value : {"1", "\"true\"", "[]", "{}"}) {
         EXPECT_EQ(failureOf<Radio>("{\"isNew\":" + std::string(value) + "}"), R"(typeMismatch ["isNew"])")
@@ -196,12 +196,12 @@ TEST(ADefaultedRow, FailsWithAValueOfAnotherTypeAlone) {
     }
 }
 
-TEST(AStrictRowInALenientObject, FailsTheEntityOnceTheObjectIsOpen) {
+TEST(AStrictRowInALenientObject, FailsTheEntityIfTheObjectCanBeOpened) {
     EXPECT_EQ(failureOf<Radio>(R"({"more":{"note":1}})"), R"(typeMismatch ["more","note"])");
     EXPECT_EQ(shown<Radio>(R"({"more":[{"note":1}]})"), fresh);
 }
 
-TEST(ADerivedRow, RunsAfterAllRowsForEveryValue) {
+TEST(ADerivedRow, IsComputedAfterAllRowsForEveryValue) {
     EXPECT_EQ(shown<std::vector<Radio>>(R"([{"label":"a","name":"n"},{"label":1,"owner":"o"},{"name":"m"}])")
                   .find("[["),
               std::string::npos);
@@ -211,7 +211,7 @@ TEST(ADerivedRow, RunsAfterAllRowsForEveryValue) {
     EXPECT_NE(two.find(R"("summary":"untitled/o","label":"[]")"), std::string::npos) << two;
 }
 
-TEST(AReader, OfADecimalOrATextKeepsANumberAsItsDecimals) {
+TEST(AReader, OfANumberOrAStringKeepsANumberInDecimalNotation) {
     const test::TemporaryZone utc("UTC0");
     const auto clock = [](const char* id) {
         return shown<Clock>(R"({"strict":"calm","id":)" + std::string(id) + "}");
@@ -228,7 +228,7 @@ TEST(AReader, OfADecimalOrATextKeepsANumberAsItsDecimals) {
     EXPECT_EQ(clock("null"), R"(valueNotFound ["id"])");
 }
 
-TEST(AReader, OfARawTextMayFallBackOnACase) {
+TEST(AReader, OfARawValueCanFallBackToACase) {
     const auto strict = [](const char* text) {
         return shown<Clock>(R"({"id":"i","strict":)" + std::string(text) + "}");
     };
@@ -239,7 +239,7 @@ TEST(AReader, OfARawTextMayFallBackOnACase) {
     EXPECT_EQ(strict("\"\\ud800\""), R"(dataCorrupted ["strict"])");
 }
 
-TEST(AReader, OfAnEnumerationFailsWithATextThatIsNoCase) {
+TEST(AReader, OfAnEnumerationFailsForAnUnknownCase) {
     const auto perhaps = [](const char* text) {
         return shown<Clock>(R"({"id":"i","strict":"calm","perhaps":)" + std::string(text) + "}");
     };
@@ -253,7 +253,7 @@ TEST(AReader, OfAnEnumerationFailsWithATextThatIsNoCase) {
     EXPECT_EQ(shown<std::vector<Mood>>(R"(["calm","?"])"), "dataCorrupted [1]");
 }
 
-TEST(AReader, OfADateReadsItInTheZoneOfTheDevice) {
+TEST(AReader, OfADateUsesTheZoneOfTheDevice) {
     const std::string document = R"({"id":"i","strict":"calm","start":"2020-01-02 03:04:05"})";
     {
         const test::TemporaryZone utc("UTC0");
@@ -267,14 +267,14 @@ TEST(AReader, OfADateReadsItInTheZoneOfTheDevice) {
               R"({"start":null,"id":"i","strict":"calm","perhaps":null})");
 }
 
-TEST(ALenientRow, LeavesItsDefaultIfTheReaderSetsTheFieldAndRefusesTheText) {
+TEST(ALenientRow, KeepsTheDefaultIfTheReaderSetsTheFieldButRejectsTheString) {
     EXPECT_EQ(shown<Moody>(R"({"plain":"good","withDefault":"good","filled":"good","empty":"good"})"),
               R"({"plain":"loud","withDefault":"loud","filled":"loud","empty":"loud"})");
     EXPECT_EQ(shown<Moody>(R"({"plain":"bad","withDefault":"bad","filled":"bad","empty":"bad"})"),
               shown<Moody>("{}"));
 }
 
-TEST(ALenientObject, IsLeftOutIfItCannotBeOpenedWhateverFailedInsideItBefore) {
+TEST(ALenientObject, IsIgnoredIfItCannotBeOpenedWhateverFailedInsideIt) {
     const std::string unnamed = R"({"name":"n","city":"","district":null})";
     EXPECT_EQ(failureOf<Station>(R"({"name":"n","place":{"city":1}})"), R"(typeMismatch ["place","city"])");
     for (const char* const inside : {R"("city":1,"\ud800":2)", R"("\ud800":2,"city":1)", R"("\ud800":2)",

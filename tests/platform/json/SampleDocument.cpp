@@ -13,7 +13,7 @@ namespace {
 
 using namespace mapping;
 
-/// A text that the type is made from: the raw text of some case, or a date in some form.
+/// A string that the type can be read from: the raw value of a case, or a date in a valid format.
 std::string convertible(const TypePlan& type) {
     alignas(std::max_align_t) std::byte value[256] = {};
     for (const char* const text :
@@ -24,8 +24,8 @@ std::string convertible(const TypePlan& type) {
     return "\"?\"";
 }
 
-/// Writes the document of a type. Each entity is written in full where it comes first, and later with no more than it
-/// must have: entities that hold each other would else fill megabytes.
+/// Writes the document of a type. Each entity is written in full the first time, and then only with its required
+/// members: otherwise entities that contain each other would fill megabytes.
 class Sample {
 public:
     std::string of(const TypePlan& type) {
@@ -67,7 +67,7 @@ private:
                 case RowRole::value: text += of(*field.type); break;
                 case RowRole::object: text += "{" + members(*field.inner, entityName, isFull) + "}"; break;
                 case RowRole::entityCheck: text += quotedText(entityName); break;
-                default: text += "\"nobody reads this\""; break;
+                default: text += "\"ignored\""; break;
             }
         }
         return text;

@@ -1,8 +1,8 @@
 #pragma once
 
 /// \file
-/// A document with every key that a type reads, to be changed at random. It says nothing of whether the keys are the
-/// right ones.
+/// A document with every key that a type reads, as input for random changes. It is derived from the type's plan, so it
+/// does not test the keys.
 
 #include <VanticRestKit/platform/json/PlanDeclaration.h>
 

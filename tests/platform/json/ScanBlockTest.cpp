@@ -1,4 +1,4 @@
-// The form of the block functions that this processor has, and the one without vectors, against their definition.
+// Compares the block functions for this processor, and those without vector instructions, with their definition.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/detail/ScanBlock.h>
@@ -12,7 +12,7 @@
 namespace VanticRestKit::json::scan {
 namespace {
 
-/// As many bytes as are read of a block that begins anywhere in the first half.
+/// The bytes that are read for a block starting anywhere in the first half.
 using Bytes = std::array<char, 2 * bytesOfBlock>;
 
 bool isStop(char byte) {
@@ -42,7 +42,7 @@ void expectAsDefined(const char* at) {
     EXPECT_EQ(first(half), scalar::firstOfHalf(scalar::stopsOfHalf(at)));
 }
 
-TEST(ScanBlock, classifiesEachByteAtEachPlaceOfABlock) {
+TEST(ScanBlock, ClassifiesEachByteAtEachPosition) {
     for (unsigned byte = 0; byte < 256; ++byte) {
         for (std::size_t place = 0; place < bytesOfBlock; ++place) {
             SCOPED_TRACE(std::to_string(byte) + " at " + std::to_string(place));
@@ -57,7 +57,7 @@ TEST(ScanBlock, classifiesEachByteAtEachPlaceOfABlock) {
     }
 }
 
-TEST(ScanBlock, classifiesRandomBytesAtEachAlignment) {
+TEST(ScanBlock, ClassifiesRandomBytesAtEachAlignment) {
     std::mt19937 random(20);
     for (int round = 0; round < 2000; ++round) {
         Bytes bytes;
@@ -66,7 +66,7 @@ TEST(ScanBlock, classifiesRandomBytesAtEachAlignment) {
     }
 }
 
-TEST(ScanBlock, comparesAPrefixOfEachSizeAndNothingAfterIt) {
+TEST(ScanBlock, ComparesOnlyThePrefixForEachSize) {
     alignas(bytesOfHalf) Bytes prefix;
     for (std::size_t i = 0; i < prefix.size(); ++i) prefix[i] = static_cast<char>(i * 37 + 200);
     for (std::size_t size = 0; size <= bytesOfBlock; ++size) {
@@ -82,7 +82,7 @@ TEST(ScanBlock, comparesAPrefixOfEachSizeAndNothingAfterIt) {
     }
 }
 
-TEST(ScanBlock, nothingStartsWithAPrefixThatHasABitBeyondTheBlock) {
+TEST(ScanBlock, NothingMatchesAPrefixWithBitsBeyondTheBlock) {
     alignas(bytesOfHalf) const Bytes bytes{};
     for (const std::uint64_t beyond : {std::uint64_t{1}, std::uint64_t{3}}) {
         const Prefix none{bytes.data(), 0, beyond << bytesOfBlock};

@@ -1,4 +1,4 @@
-// Documents of any depth on a thread with little stack.
+// Documents of any depth on a thread with a small stack.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/Table.h>
@@ -33,7 +33,7 @@ Outcome outcomeOnASmallStack(const test::DecodableType& type, const std::string&
     return outcome;
 }
 
-/// `levels` arrays and objects by turns, `core` in the innermost array.
+/// `levels` alternating arrays and objects, with `core` in the innermost array.
 std::string nest(std::size_t levels, const std::string& core) {
     std::string text;
     for (std::size_t i = 0; i < levels; ++i) text += i % 2 == 0 ? "[" : "{\"inside\":";
@@ -42,18 +42,18 @@ std::string nest(std::size_t levels, const std::string& core) {
     return text;
 }
 
-TEST(ASmallStack, HoldsATypedDocumentOfTheGreatestDepth) {
+TEST(ASmallStack, SufficesForATypedDocumentOfMaximumDepth) {
     const Outcome outcome = outcomeOnASmallStack(decodable<std::vector<Nest>>, nest(511, ""));
     EXPECT_EQ(outcome.failure, "");
     EXPECT_EQ(outcome.value, nest(511, ""));
 }
 
-TEST(ASmallStack, HoldsTheFailureAtTheBottomOfATypedDocument) {
+TEST(ASmallStack, SufficesForAFailureAtMaximumDepth) {
     const Outcome outcome = outcomeOnASmallStack(decodable<std::vector<Nest>>, nest(511, "1"));
     EXPECT_EQ(outcome.failure.substr(0, 28), "typeMismatch [0,\"inside\",0,\"");
 }
 
-TEST(ASmallStack, HoldsAnUnreadDocumentOfAnyDepth) {
+TEST(ASmallStack, SufficesForAnIgnoredDocumentOfAnyDepth) {
     constexpr std::size_t levels = 1'000'000;
     for (const char bracket : {'[', '{'}) {
         std::string text;

@@ -1,4 +1,4 @@
-// Texts of every length around the sizes that are read at once, with something unusual at every place.
+// Strings of every length around the block sizes, with special characters at every position.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/Table.h>
@@ -12,7 +12,7 @@
 namespace VanticRestKit {
 namespace {
 
-/// A text that must be there, between two that may be there.
+/// A required string between two optional ones.
 struct Texts {
     std::optional<std::string> before{};
     std::string text{};
@@ -48,15 +48,15 @@ std::vector<std::size_t> sizesAroundBlocks() {
     return sizes;
 }
 
-/// Letters that differ from place to place, so that a byte read from elsewhere shows.
+/// Letters that differ between positions, so that a byte read from the wrong position is noticed.
 std::string letters(std::size_t size) {
     std::string text;
     for (std::size_t i = 0; i < size; ++i) text += static_cast<char>('a' + i % 26);
     return text;
 }
 
-/// Holds `inside` to be read as `text`: as an optional and a plain field, and alone at the end of a document.
-void expectText(const std::string& inside, const std::string& text) {
+/// Expects that `inside` is read as `text`: as an optional and a required field, and as the root of a document.
+void expectString(const std::string& inside, const std::string& text) {
     const std::string quoted = '"' + inside + '"';
     const std::optional<Texts> texts =
         decoded<Texts>("{\"before\":" + quoted + ",\"text\":" + quoted + ",\"behind\":" + quoted + "}");
@@ -65,8 +65,8 @@ void expectText(const std::string& inside, const std::string& text) {
     EXPECT_EQ(decoded<std::string>(quoted), text) << quoted;
 }
 
-/// Holds `inside` to be no text, and not to matter where a text is lenient.
-void expectNoText(const std::string& inside) {
+/// Expects that `inside` is not a valid string, and that a lenient field ignores it.
+void expectInvalid(const std::string& inside) {
     const std::string quoted = '"' + inside + '"';
     EXPECT_EQ(failureOf<Texts>("{\"text\":" + quoted + "}"), R"(dataCorrupted ["text"])") << quoted;
     EXPECT_EQ(failureOf<std::string>(quoted), "dataCorrupted []") << quoted;
@@ -76,7 +76,7 @@ void expectNoText(const std::string& inside) {
     EXPECT_EQ(*texts, (Texts{{}, "t", "b"})) << quoted;
 }
 
-/// Every text of `sizesAroundBlocks` with `spelled` put in at every place.
+/// Every length of `sizesAroundBlocks`, with `spelled` inserted at every position.
 template <class Expect>
 void atEveryPlace(const std::string& spelled, Expect expect) {
     for (const std::size_t size : sizesAroundBlocks()) {
@@ -87,11 +87,11 @@ void atEveryPlace(const std::string& spelled, Expect expect) {
     }
 }
 
-TEST(AText, IsReadWholeAtEveryLength) {
-    for (std::size_t size = 0; size <= 200; ++size) expectText(letters(size), letters(size));
+TEST(AString, IsReadCompletelyAtEveryLength) {
+    for (std::size_t size = 0; size <= 200; ++size) expectString(letters(size), letters(size));
 }
 
-TEST(AText, IsReadWholeWhereverItBegins) {
+TEST(AString, IsReadCompletelyAtEveryStartOffset) {
     for (std::size_t blanks = 0; blanks < 40; ++blanks) {
         for (const std::size_t size : {0U, 14U, 15U, 16U, 31U, 32U, 33U}) {
             EXPECT_EQ(decoded<std::string>(std::string(blanks, ' ') + '"' + letters(size) + '"'),
@@ -100,7 +100,7 @@ TEST(AText, IsReadWholeWhereverItBegins) {
     }
 }
 
-TEST(AText, MayHoldAnEscapeAtEveryPlace) {
+TEST(AString, CanContainAnEscapeAtEveryPosition) {
     const std::vector<std::pair<std::string, std::string>> escapes = {
         {"\\\"", "\""},   {"\\\\", "\\"},        {"\\/", "/"},          {"\\b", "\b"},
         {"\\f", "\f"},    {"\\n", "\n"},         {"\\r", "\r"},         {"\\t", "\t"},
@@ -110,25 +110,25 @@ TEST(AText, MayHoldAnEscapeAtEveryPlace) {
         const std::string& text = meant;
         atEveryPlace(spelled,
                      [&text](const std::string& left, const std::string& escape, const std::string& right) {
-                         expectText(left + escape + right, left + text + right);
+                         expectString(left + escape + right, left + text + right);
                      });
     }
 }
 
-TEST(AText, MayHoldANulThatIsEscaped) {
-    expectText("a\\u0000b", std::string("a\0b", 3));
-    expectText("\\u0000", std::string("\0", 1));
+TEST(AString, CanContainAnEscapedNul) {
+    expectString("a\\u0000b", std::string("a\0b", 3));
+    expectString("\\u0000", std::string("\0", 1));
 }
 
-TEST(AText, MayHoldLettersBeyondASCIIAtEveryPlace) {
+TEST(AString, CanContainNonASCIICharactersAtEveryPosition) {
     for (const char* const letter : {"\u00e9", "\u20ac", "\U00010348", "\x7f"}) {
         atEveryPlace(letter, [](const std::string& left, const std::string& high, const std::string& right) {
-            expectText(left + high + right, left + high + right);
+            expectString(left + high + right, left + high + right);
         });
     }
 }
 
-TEST(AText, MayNotHoldAFaultAtAnyPlace) {
+TEST(AString, IsInvalidWithAFaultAtAnyPosition) {
     const std::vector<std::string> faults = {
         "\\x",
         "\\u12g4",
@@ -155,19 +155,19 @@ TEST(AText, MayNotHoldAFaultAtAnyPlace) {
         for (const std::size_t size : {0U, 1U, 14U, 15U, 16U, 30U, 31U, 32U, 33U, 62U, 63U, 64U}) {
             for (const std::size_t place : {std::size_t{0}, size / 2, size}) {
                 const std::string plain = letters(size);
-                // After a lead byte, a letter would be another fault.
-                expectNoText(plain.substr(0, place) + fault + plain.substr(place));
+                // After a lead byte, a letter would be a different fault.
+                expectInvalid(plain.substr(0, place) + fault + plain.substr(place));
             }
         }
     }
 }
 
-TEST(AText, EndsAtAnUnescapedQuoteOnly) {
+TEST(AString, EndsOnlyAtAnUnescapedQuote) {
     for (const std::size_t size : sizesAroundBlocks()) {
         const std::string plain = letters(size);
-        // Backslashes in pairs hide nothing, an odd one hides the quote.
-        expectText(plain + "\\\\", plain + "\\");
-        expectText(plain + "\\\\\\\"", plain + "\\\"");
+        // Paired backslashes escape each other, an odd one escapes the quote.
+        expectString(plain + "\\\\", plain + "\\");
+        expectString(plain + "\\\\\\\"", plain + "\\\"");
         EXPECT_EQ(failureOf<std::string>('"' + plain + "\\\""), "dataCorrupted []");
         EXPECT_EQ(failureOf<std::string>('"' + plain + "\\\\\\\""), "dataCorrupted []");
         EXPECT_EQ(failureOf<std::string>('"' + plain), "dataCorrupted []");
@@ -179,7 +179,7 @@ TEST(AText, EndsAtAnUnescapedQuoteOnly) {
     }
 }
 
-TEST(AText, MayBeOfAMillionBytes) {
+TEST(AString, CanHaveAMillionBytes) {
     const std::string text = letters(1'000'000);
     EXPECT_EQ(decoded<std::string>('"' + text + '"'), text);
     EXPECT_EQ(decoded<std::string>('"' + text + "\\n\""), text + '\n');

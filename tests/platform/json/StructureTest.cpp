@@ -1,4 +1,4 @@
-// What of a document's structure is judged, whoever reads it: brackets, commas, depth, ends.
+// The structure that is checked for every type: brackets, commas, depth, and the end of the document.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/Table.h>
@@ -13,7 +13,7 @@
 namespace VanticRestKit {
 namespace {
 
-/// A little of everything.
+/// Has a field of every kind.
 struct Album {
     std::string title{};
     std::optional<double> price{};
@@ -52,13 +52,13 @@ using test::shown;
 const std::string broken = "dataCorrupted []";
 using Texts = std::vector<std::string>;
 
-/// Something of every kind, escapes and bytes beyond ASCII among it.
+/// Contains values of every kind, including escapes and non-ASCII bytes.
 const std::string album =
     "{\"title\":\"\u00e9t\u00e9 \\u00e9\\n\\\"\",\"price\":-12.5e-1,\"isNew\":true,\"tags\":[\"a\",\"\"],"
     "\"marks\":[[1,2],[]],\"links\":{\"self\":\"s\",\"other\":null},\"x\":{\"y\":[false,{}]},"
     "\"bonus\":[{\"title\":\"b\"},{\"title\":1},7]}";
 
-TEST(TheStructureOfADocument, LetsOneCommaThroughBeforeAClosingBracket) {
+TEST(TheStructureOfADocument, AllowsOneCommaBeforeAClosingBracket) {
     EXPECT_EQ(shown<Texts>(R"(["a",])"), R"(["a"])");
     EXPECT_EQ(shown<Texts>("[\"a\" , \n]"), R"(["a"])");
     EXPECT_EQ(failureOf<Album>(R"({"title":"t",})"), "");
@@ -77,7 +77,7 @@ TEST(TheStructureOfADocument, LetsOneCommaThroughBeforeAClosingBracket) {
     EXPECT_EQ(failureOf<Album>(R"({"title":"t",,})"), broken);
 }
 
-TEST(TheStructureOfADocument, MayBeginWithOneByteOrderMark) {
+TEST(TheStructureOfADocument, CanBeginWithOneByteOrderMark) {
     const std::string mark = "\xEF\xBB\xBF";
     EXPECT_EQ(shown<Texts>(mark + "[]"), "[]");
     EXPECT_EQ(shown<Texts>(mark + " \n[]"), "[]");
@@ -91,7 +91,7 @@ TEST(TheStructureOfADocument, MayBeginWithOneByteOrderMark) {
     EXPECT_EQ(failureOf<Texts>("\xEF\xBB[]"), broken);
 }
 
-TEST(TheStructureOfADocument, HasBlanksOfFourKindsBetweenItsParts) {
+TEST(TheStructureOfADocument, AllowsFourWhitespaceCharacters) {
     std::string spread;
     bool isInside = false;
     for (const char c : album) {
@@ -109,7 +109,7 @@ TEST(TheStructureOfADocument, HasBlanksOfFourKindsBetweenItsParts) {
     EXPECT_EQ(failureOf<Texts>("\u00a0[]"), broken);
 }
 
-TEST(TheStructureOfADocument, HasNothingAfterItsValue) {
+TEST(TheStructureOfADocument, AllowsNothingAfterTheValue) {
     for (const char* const rest : {"[]", "{}", "1", "\"\"", "]", "}", ",", ":", "null", "x", "//", "/* */"}) {
         EXPECT_EQ(failureOf<Texts>("[]" + std::string(rest)), broken) << rest;
         EXPECT_EQ(failureOf<Album>(album + rest), broken) << rest;
@@ -118,7 +118,7 @@ TEST(TheStructureOfADocument, HasNothingAfterItsValue) {
     }
 }
 
-TEST(TheStructureOfADocument, SpellsItsWordsInFull) {
+TEST(TheStructureOfADocument, RequiresCompleteLiterals) {
     for (const char* const word : {"t", "tru", "truE", "True", "TRUE", "truex", "true1", "fals", "falsee",
                                    "nul", "nulll", "NULL", "undefined", "nan", "yes"}) {
         EXPECT_EQ(failureOf<bool>(word), broken) << word;
@@ -130,7 +130,7 @@ TEST(TheStructureOfADocument, SpellsItsWordsInFull) {
     }
 }
 
-/// Documents that hold a string wherever one may stand: read or not, as a value, an element or a key.
+/// Documents with the string in every possible position: read or ignored, as a value, an element or a key.
 Texts documentsWith(const std::string& string) {
     return {"{\"title\":" + string + "}",
             "{\"title\":\"t\",\"links\":{\"self\":" + string + "}}",
@@ -145,12 +145,12 @@ Texts documentsWith(const std::string& string) {
             "{\"title\":\"t\",\"bonus\":[{\"title\":" + string + "}]}"};
 }
 
-TEST(TheStructureOfADocument, BreaksAtAQuoteInAUnicodeEscape) {
+TEST(TheStructureOfADocument, IsMalformedWithAQuoteInAUnicodeEscape) {
     for (const std::size_t letters : {0U, 7U, 13U, 26U, 27U, 28U, 31U, 60U}) {
         for (std::size_t digits = 0; digits < 4; ++digits) {
             std::string escape = "\\uabcd";
             escape[2 + digits] = '"';
-            // The string would end in any way of reading on: by the quote in the escape, and by the last one.
+            // Both ways to continue end the string: at the quote in the escape, and at the last quote.
             for (const char* const rest : {"", "\"", "ab\"", ",\"ab\"", ":\"\\ud83d\\ude00\""}) {
                 const std::string string = '"' + std::string(letters, 'a') + escape + rest;
                 EXPECT_EQ(failureOf<Texts>('[' + string + ']'), broken) << string;
@@ -163,7 +163,7 @@ TEST(TheStructureOfADocument, BreaksAtAQuoteInAUnicodeEscape) {
     EXPECT_EQ(failureOf<Album>(R"({"a":"\ud83d\ude:"\ud83d\ude00","title":"t"})"), broken);
 }
 
-TEST(TheStructureOfADocument, TakesFourBytesOfAnyOtherKindAfterAUnicodeEscapeUnread) {
+TEST(TheStructureOfADocument, AllowsAnyOtherFourBytesInAnIgnoredUnicodeEscape) {
     for (const char* const bytes :
          {"zzzz", "\\\\\\\\", "12\\u", "    ", "\n\n\n\n", "{}[]", "\xff\xff\xff\xff"}) {
         const std::string string = "\"\\u" + std::string(bytes) + '"';
@@ -172,7 +172,7 @@ TEST(TheStructureOfADocument, TakesFourBytesOfAnyOtherKindAfterAUnicodeEscapeUnr
     }
 }
 
-TEST(TheStructureOfADocument, IsCheckedInIgnoredPartsToo) {
+TEST(TheStructureOfADocument, IsAlsoCheckedInIgnoredParts) {
     for (const char* const value : {"[1 2]",
                                     "[1:2]",
                                     "{\"a\"}",
@@ -199,7 +199,7 @@ TEST(TheStructureOfADocument, IsCheckedInIgnoredPartsToo) {
         EXPECT_EQ(failureOf<Album>(R"({"title":"t","x":)" + std::string(value) + "}"), broken) << value;
         EXPECT_EQ(failureOf<Album>(R"({"title":"t","title":)" + std::string(value) + "}"), broken) << value;
         EXPECT_EQ(failureOf<Album>(R"({"title":"t","isNew":)" + std::string(value) + "}"), broken) << value;
-        // Broken is broken, also where a row has failed before.
+        // A malformed document is reported as such even if a row failed before.
         EXPECT_EQ(failureOf<Album>(R"({"title":1,"x":)" + std::string(value) + "}"), broken) << value;
         EXPECT_EQ(failureOf<Texts>("[1," + std::string(value) + "]"),
                   *value == '\0' ? "typeMismatch [0]" : broken)
@@ -207,7 +207,7 @@ TEST(TheStructureOfADocument, IsCheckedInIgnoredPartsToo) {
     }
 }
 
-TEST(TheStructureOfADocument, IsNothingWithoutAValue) {
+TEST(TheStructureOfADocument, RequiresAValue) {
     for (const char* const json : {"", " ", "\n", "\xEF\xBB\xBF"}) {
         EXPECT_EQ(failureOf<Album>(json), broken);
         EXPECT_EQ(failureOf<Texts>(json), broken);
@@ -222,14 +222,14 @@ std::string repeated(const std::string& text, std::size_t times) {
     return all;
 }
 
-TEST(TheStructureOfADocument, MayBeFiveHundredAndTwelveLevelsDeepAndNoMore) {
+TEST(TheStructureOfADocument, AllowsAtMost512Levels) {
     const auto arrays = [](std::size_t levels) {
         return std::string(levels, '[') + std::string(levels, ']');
     };
     const auto objects = [](std::size_t levels) {
         return repeated("{\"a\":", levels - 1) + "{}" + std::string(levels - 1, '}');
     };
-    // Unread, one level down and two.
+    // Ignored, one level down and two.
     for (const auto& nest : {+[](std::size_t n) { return std::string(n, '[') + std::string(n, ']'); }}) {
         EXPECT_EQ(failureOf<Album>(R"({"title":"t","x":)" + nest(511) + "}"), "");
         EXPECT_EQ(failureOf<Album>(R"({"title":"t","x":)" + nest(512) + "}"), broken);
@@ -242,7 +242,7 @@ TEST(TheStructureOfADocument, MayBeFiveHundredAndTwelveLevelsDeepAndNoMore) {
     EXPECT_EQ(failureOf<Album>(R"({"title":"t","x":)" + objects(512) + "}"), broken);
     EXPECT_EQ(failureOf<Texts>(arrays(512)), "typeMismatch [0]");
     EXPECT_EQ(failureOf<Texts>(arrays(513)), broken);
-    // Read, the innermost level an array of nests.
+    // Read, with an array of nests as the innermost level.
     const auto nests = [](std::size_t pairs, const std::string& core) {
         return repeated("{\"inside\":[", pairs) + core + repeated("]}", pairs);
     };
@@ -253,14 +253,14 @@ TEST(TheStructureOfADocument, MayBeFiveHundredAndTwelveLevelsDeepAndNoMore) {
     EXPECT_EQ(failureOf<std::vector<Nest>>("[" + nests(255, "{\"inside\":[]}") + "]"), broken);
 }
 
-TEST(TheStructureOfADocument, IsBrokenByEveryTruncation) {
+TEST(TheStructureOfADocument, IsMalformedAfterEveryTruncation) {
     ASSERT_EQ(failureOf<Album>(album), "");
     for (std::size_t size = 0; size < album.size(); ++size) {
         EXPECT_EQ(failureOf<Album>(album.substr(0, size)), broken) << size;
     }
 }
 
-TEST(TheStructureOfADocument, IsReadAlikeByBothEnginesWhateverByteIsReplaced) {
+TEST(TheStructureOfADocument, IsReadIdenticallyByBothEnginesIfAnyByteIsReplaced) {
     for (std::size_t at = 0; at < album.size(); ++at) {
         std::string damaged = album;
         for (int byte = 0; byte < 256; ++byte) {
@@ -270,7 +270,7 @@ TEST(TheStructureOfADocument, IsReadAlikeByBothEnginesWhateverByteIsReplaced) {
     }
 }
 
-TEST(TheStructureOfADocument, IsReadAlikeByBothEnginesWhateverByteIsLeftOutOrPutIn) {
+TEST(TheStructureOfADocument, IsReadIdenticallyByBothEnginesIfAnyByteIsRemovedOrInserted) {
     const std::string_view bytes("\"\\{}[]:,0-e.tn \xff\0u", 18);
     for (std::size_t at = 0; at < album.size(); ++at) {
         (void)failureOf<Album>(album.substr(0, at) + album.substr(at + 1));

@@ -1,4 +1,4 @@
-// Faults of a table whose rows were made at run time, where the compiler cannot refuse them.
+// Faults of a table built at run time, which the compiler cannot reject.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/Table.h>
@@ -15,7 +15,7 @@ struct Song {
     std::string artist{};
 };
 
-TEST(ATableMadeAtRunTime, EndsTheProgramWithItsTypeAndTheKeyThatIsThereTwice) {
+TEST(ATableMadeAtRunTime, EndsTheProgramNamingTheTypeAndTheDuplicateKey) {
     const Song fresh;
     const auto rows = mapping::detail::joined(mapping::defaulted<&Song::title>("name"),
                                               mapping::defaulted<&Song::artist>("name"));
@@ -26,7 +26,7 @@ TEST(ATableMadeAtRunTime, EndsTheProgramWithItsTypeAndTheKeyThatIsThereTwice) {
                  "mapping table of Song .*same key.*\"name\"");
 }
 
-TEST(ATableMadeAtRunTime, EndsTheProgramWithItsTypeIfItHasTooManyRows) {
+TEST(ATableMadeAtRunTime, EndsTheProgramNamingTheTypeIfItHasTooManyRows) {
     const Song fresh;
     std::vector<std::string> keys;
     for (std::size_t i = 0; i <= mapping::maxRows; ++i) keys.push_back(std::to_string(i));

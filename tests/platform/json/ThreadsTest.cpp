@@ -14,7 +14,7 @@
 namespace VanticRestKit {
 namespace {
 
-// Used by one test each, so that their plans are made in it.
+// Each is used by one test only, so that its plan is first made there.
 struct Leaf {
     std::string name{};
     std::optional<std::uint64_t> size{};
@@ -82,7 +82,7 @@ namespace {
 
 constexpr int threadCount = 8;
 
-/// Runs `task` on eight threads that begin together.
+/// Runs `task` on eight threads that start at the same time.
 template <class Task>
 void together(Task task) {
     std::latch start(threadCount);
@@ -96,7 +96,7 @@ void together(Task task) {
     for (std::thread& thread : threads) thread.join();
 }
 
-TEST(ThreadsThatDecodeTogether, MakeThePlansOfATypeOnce) {
+TEST(ThreadsThatDecodeTogether, MakeEachPlanOnce) {
     const Data document(
         R"({"crown":{"name":"c","size":3},"at":{"place":"p"},"branches":[{"leaves":[{"name":"a"}]},1,)"
         R"({"branches":[{"leaves":[{"name":"b","size":1}]}]}]})");
@@ -113,12 +113,12 @@ TEST(ThreadsThatDecodeTogether, MakeThePlansOfATypeOnce) {
     }
 }
 
-TEST(ThreadsThatDecodeTogether, DoNotDisturbEachOther) {
+TEST(ThreadsThatDecodeTogether, DoNotAffectEachOther) {
     const JSONDecoder decoder;
     std::vector<int> failures(threadCount);
     together([&](int i) {
         const std::string name(static_cast<std::size_t>(10 + i), static_cast<char>('a' + i));
-        // Odd threads read documents that fail, and so use the other engine as well.
+        // Odd-numbered threads read faulty documents, and so also use the diagnosing engine.
         const Data document(R"({"leaves":[{"size":1,"name":")" + name + R"("},{"name":"x"}],"root":{)" +
                             (i % 2 == 0 ? "\"name\":\"" + name + "\"" : "\"name\":1") + "}}");
         for (int round = 0; round < 500; ++round) {

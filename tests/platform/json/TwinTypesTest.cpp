@@ -1,4 +1,4 @@
-// Types of the same name in the unnamed namespaces of two sources, with other fields.
+// Types with the same name but different fields in the unnamed namespaces of two source files.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/Table.h>

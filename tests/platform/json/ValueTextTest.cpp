@@ -59,25 +59,25 @@ std::string dateText(double seconds) {
     return text.substr(before.size(), text.size() - before.size() - behind.size());
 }
 
-TEST(ValueText, WritesADateInUniversalTime) {
+TEST(ValueText, WritesADateInUTC) {
     EXPECT_EQ(dateText(0), R"("1970-01-01T00:00:00Z")");
     EXPECT_EQ(dateText(1577934245), R"("2020-01-02T03:04:05Z")");
     EXPECT_EQ(dateText(-1), R"("1969-12-31T23:59:59Z")");
 }
 
-TEST(ValueText, GivesADateTheDigitsOfItsFractionAndNoMoreThanSix) {
+TEST(ValueText, WritesAtMostSixFractionDigitsOfADate) {
     EXPECT_EQ(dateText(1577934245.25), R"("2020-01-02T03:04:05.25Z")");
     EXPECT_EQ(dateText(1577934245.01), R"("2020-01-02T03:04:05.01Z")");
     EXPECT_EQ(dateText(-0.5), R"("1969-12-31T23:59:59.5Z")");
     EXPECT_EQ(dateText(0.123456789), R"("1970-01-01T00:00:00.123457Z")");
 }
 
-TEST(ValueText, CarriesAFractionThatRoundsToAWholeSecond) {
+TEST(ValueText, RoundsAFractionUpToTheNextSecond) {
     EXPECT_EQ(dateText(59.9999999), R"("1970-01-01T00:01:00Z")");
     EXPECT_EQ(dateText(0.0000001), R"("1970-01-01T00:00:00Z")");
 }
 
-TEST(ValueText, WritesADateOutsideTheYearsOfFourDigitsAsItsSeconds) {
+TEST(ValueText, WritesADateOutsideFourDigitYearsInSeconds) {
     EXPECT_EQ(dateText(-62135596800), R"("0001-01-01T00:00:00Z")");
     EXPECT_EQ(dateText(-62135596801), "-62135596801");
     EXPECT_EQ(dateText(253402300799), R"("9999-12-31T23:59:59Z")");
@@ -85,7 +85,7 @@ TEST(ValueText, WritesADateOutsideTheYearsOfFourDigitsAsItsSeconds) {
     EXPECT_EQ(dateText(1e300), numberText(1e300));
 }
 
-TEST(ValueText, EscapesWhatCannotStandInAText) {
+TEST(ValueText, EscapesSpecialCharactersInStrings) {
     using namespace std::string_view_literals;
     EXPECT_EQ(quotedText("a\"b\\c\nd\re\tf/g"), R"("a\"b\\c\nd\re\tf/g")");
     EXPECT_EQ(quotedText("\0\x01\x1F\x7F\xC3\xA9"sv), "\"\\u0000\\u0001\\u001f\x7F\xC3\xA9\"");
@@ -93,7 +93,7 @@ TEST(ValueText, EscapesWhatCannotStandInAText) {
     EXPECT_EQ(quotedText("\"\""), R"("\"\"")");
 }
 
-TEST(ValueText, WritesANumberAsItsShortestTextAndAWholeOneWithoutAFraction) {
+TEST(ValueText, WritesTheShortestFormOfANumberWithoutATrailingFraction) {
     EXPECT_EQ(numberText(0.1), "0.1");
     EXPECT_EQ(numberText(-2), "-2");
     EXPECT_EQ(numberText(1e16), "10000000000000000");
@@ -102,13 +102,13 @@ TEST(ValueText, WritesANumberAsItsShortestTextAndAWholeOneWithoutAFraction) {
     EXPECT_EQ(numberText(1.5e-9), "1.5e-09");
 }
 
-TEST(ValueText, WritesAFreeFormDictionaryWithItsKeysSorted) {
+TEST(ValueText, WritesTheKeysOfAFreeFormDictionarySorted) {
     const Note note{.more = {{"c", true}, {"a", std::int64_t{-3}}, {"b", "x\"y"}, {"d", 2.5}, {"e", false}}};
     EXPECT_EQ(valueText(note),
               R"({"at":null,"texts":[],"more":{"a":-3,"b":"x\"y","c":true,"d":2.5,"e":false}})");
 }
 
-TEST(ValueText, IndentsByTwoBlanksALevelAndLeavesWhatIsEmptyOnItsLine) {
+TEST(ValueText, IndentsByTwoSpacesAndKeepsEmptyContainersOnOneLine) {
     const Notebook book{.notes = {Note{.texts = {"a", "b"}}, Note{.more = {{"k", "v"}}}}};
     EXPECT_EQ(valueText(book, ValueLayout::indented), R"({
   "notes": [

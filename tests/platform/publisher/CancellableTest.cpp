@@ -10,7 +10,7 @@
 
 using namespace VanticRestKit;
 
-TEST(Cancellable, CancelsOnceHoweverOftenItIsToldTo) {
+TEST(Cancellable, CancelsOnlyOnce) {
     int cancels = 0;
     {
         const Cancellable cancellable([&] { ++cancels; });
@@ -21,7 +21,7 @@ TEST(Cancellable, CancelsOnceHoweverOftenItIsToldTo) {
     EXPECT_EQ(cancels, 1);
 }
 
-TEST(Cancellable, CancelsWhenItIsDropped) {
+TEST(Cancellable, CancelsWhenDestroyed) {
     int cancels = 0;
     {
         const Cancellable cancellable([&] { ++cancels; });
@@ -29,13 +29,13 @@ TEST(Cancellable, CancelsWhenItIsDropped) {
     EXPECT_EQ(cancels, 1);
 }
 
-TEST(Cancellable, CancelsNothingWhenItIsMadeOfNothing) {
+TEST(Cancellable, DoesNothingIfDefaultConstructed) {
     Cancellable().cancel();
     Cancellable(Block()).cancel();
     Cancellable(std::shared_ptr<detail::CancelTarget>()).cancel();
 }
 
-TEST(Cancellable, HandsItsTaskOverWhenItIsMoved) {
+TEST(Cancellable, TransfersItsFunctionWhenMoved) {
     int cancels = 0;
     Cancellable first([&] { ++cancels; });
     {
@@ -46,7 +46,7 @@ TEST(Cancellable, HandsItsTaskOverWhenItIsMoved) {
     EXPECT_EQ(cancels, 1);
 }
 
-TEST(Cancellable, CancelsWhatItHeldWhenItTakesOverAnother) {
+TEST(Cancellable, CancelsItsOldFunctionWhenAssigned) {
     int first = 0;
     int second = 0;
     Cancellable cancellable([&] { ++first; });
@@ -55,14 +55,14 @@ TEST(Cancellable, CancelsWhatItHeldWhenItTakesOverAnother) {
     EXPECT_EQ(second, 0);
 }
 
-TEST(Cancellable, DropsItsFunctionWhenItHasBeenCalled) {
+TEST(Cancellable, ReleasesItsFunctionAfterTheCall) {
     const auto held = std::make_shared<int>(1);
     const Cancellable cancellable([held] {});
     cancellable.cancel();
     EXPECT_EQ(held.use_count(), 1);
 }
 
-TEST(Cancellable, MayBeDestroyedByItsOwnFunction) {
+TEST(Cancellable, CanBeDestroyedByItsOwnFunction) {
     auto cancellable = std::make_unique<std::optional<Cancellable>>();
     int seen = 0;
     cancellable->emplace([&, number = std::make_unique<int>(3)] {
@@ -73,7 +73,7 @@ TEST(Cancellable, MayBeDestroyedByItsOwnFunction) {
     EXPECT_EQ(seen, 3);
 }
 
-TEST(Cancellable, CancelsOnceWhenManyThreadsCancel) {
+TEST(Cancellable, CancelsOnceIfManyThreadsCancel) {
     for (int round = 0; round < 200; ++round) {
         std::atomic<int> cancels{0};
         const Cancellable cancellable([&] { ++cancels; });

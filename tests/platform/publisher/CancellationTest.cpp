@@ -15,64 +15,64 @@ using test::Event;
 
 namespace {
 
-using IntHand = test::Hand<int>;
-using IntNotes = test::Notes<int>;
+using IntSource = test::ManualSource<int>;
+using IntRecorder = test::Recorder<int>;
 
 }  // namespace
 
-TEST(Cancellation, ReachesTheSourceWhenTheHandleIsDropped) {
-    const auto hand = std::make_shared<IntHand>();
-    const auto notes = std::make_shared<IntNotes>();
+TEST(Cancellation, ReachesTheSourceWhenTheHandleIsDestroyed) {
+    const auto source = std::make_shared<IntSource>();
+    const auto recorder = std::make_shared<IntRecorder>();
     int calls = 0;
     {
-        const Cancellable subscription = IntNotes::of(notes, IntHand::publisher(hand)
-                                                                 .map([&](int n) {
-                                                                     ++calls;
-                                                                     return n;
-                                                                 })
-                                                                 .mapError([](Error e) { return e; }));
-        hand->subscribers[0].receive(1);
-        EXPECT_EQ(hand->cancels, 0);
+        const Cancellable subscription = IntRecorder::of(recorder, IntSource::publisher(source)
+                                                                       .map([&](int n) {
+                                                                           ++calls;
+                                                                           return n;
+                                                                       })
+                                                                       .mapError([](Error e) { return e; }));
+        source->subscribers[0].receive(1);
+        EXPECT_EQ(source->cancels, 0);
     }
-    EXPECT_EQ(hand->cancels, 1);
-    EXPECT_TRUE(hand->subscribers[0].isEnded());
-    hand->subscribers[0].receive(2);
-    hand->subscribers[0].complete();
+    EXPECT_EQ(source->cancels, 1);
+    EXPECT_TRUE(source->subscribers[0].isEnded());
+    source->subscribers[0].receive(2);
+    source->subscribers[0].complete();
     EXPECT_EQ(calls, 1);
-    EXPECT_EQ(notes->values, std::vector<int>{1});
-    EXPECT_EQ(notes->completions(), 0);
+    EXPECT_EQ(recorder->values, std::vector<int>{1});
+    EXPECT_EQ(recorder->completions(), 0);
 }
 
-TEST(Cancellation, LeavesOtherSubscriptionsOfThePublisherAlone) {
-    const auto hand = std::make_shared<IntHand>();
-    const auto publisher = IntHand::publisher(hand);
-    const auto notes = std::make_shared<IntNotes>();
-    const Cancellable stays = IntNotes::of(notes, publisher);
+TEST(Cancellation, DoesNotAffectOtherSubscriptionsOfThePublisher) {
+    const auto source = std::make_shared<IntSource>();
+    const auto publisher = IntSource::publisher(source);
+    const auto recorder = std::make_shared<IntRecorder>();
+    const Cancellable stays = IntRecorder::of(recorder, publisher);
     {
         const Cancellable goes = publisher.sink([](int) {});
     }
-    hand->subscribers[0].receive(1);
-    EXPECT_EQ(notes->values, std::vector<int>{1});
-    EXPECT_EQ(hand->cancels, 1);
+    source->subscribers[0].receive(1);
+    EXPECT_EQ(recorder->values, std::vector<int>{1});
+    EXPECT_EQ(source->cancels, 1);
 }
 
 TEST(Cancellation, DoesNotReachASourceThatHasEndedByItself) {
-    const auto hand = std::make_shared<IntHand>();
+    const auto source = std::make_shared<IntSource>();
     const auto held = std::make_shared<int>(1);
     std::optional<Subscriber<int, Error>> subscriber;
     {
         const Cancellable subscription = AnyPublisher<int>::create([&](Subscriber<int, Error> given) {
                                              subscriber = std::move(given);
-                                             return Cancellable([hand, held] { ++hand->cancels; });
+                                             return Cancellable([source, held] { ++source->cancels; });
                                          }).sink([](int) {});
         EXPECT_EQ(held.use_count(), 2);
         subscriber->complete();
-        EXPECT_EQ(held.use_count(), 1) << "the way back to the source is dropped all the same";
+        EXPECT_EQ(held.use_count(), 1) << "the cancel function is released anyway";
     }
-    EXPECT_EQ(hand->cancels, 0);
+    EXPECT_EQ(source->cancels, 0);
 }
 
-TEST(Cancellation, ReachesASourceThatCouldOnlyBeToldAfterItHadSent) {
+TEST(Cancellation, ReachesASourceThatSendsBeforeItReturnsItsHandle) {
     int cancels = 0;
     const auto publisher = AnyPublisher<int>::create([&](const Subscriber<int, Error>& subscriber) {
                                subscriber.receive(1);
@@ -82,52 +82,52 @@ TEST(Cancellation, ReachesASourceThatCouldOnlyBeToldAfterItHadSent) {
     EXPECT_EQ(cancels, 1);
 }
 
-TEST(Cancellation, ReachesTheSourceOfAPublisherThatASourceWentOnAs) {
-    const auto hand = std::make_shared<IntHand>();
-    const auto inner = IntHand::publisher(hand).tryMap([](int n) -> Result<int, Error> {
+TEST(Cancellation, ReachesTheSourceOfAnInnerPublisher) {
+    const auto source = std::make_shared<IntSource>();
+    const auto inner = IntSource::publisher(source).tryMap([](int n) -> Result<int, Error> {
         if (n < 0) return Failure(error(n));
         return n;
     });
     const auto outer = AnyPublisher<int>::create(
         [inner](Subscriber<int, Error> subscriber) { return inner.subscribe(std::move(subscriber)); });
-    const auto notes = std::make_shared<IntNotes>();
-    const Cancellable failing = IntNotes::of(notes, outer);
-    hand->subscribers[0].receive(-1);
-    EXPECT_EQ(notes->errors.size(), 1U);
-    EXPECT_EQ(hand->cancels, 1);
-    { const Cancellable dropped = IntNotes::of(notes, outer); }
-    EXPECT_EQ(hand->cancels, 2);
-    const Cancellable ending = IntNotes::of(notes, outer);
-    hand->subscribers[2].complete();
-    EXPECT_EQ(notes->normalEnds, 1);
-    EXPECT_EQ(hand->cancels, 2);
+    const auto recorder = std::make_shared<IntRecorder>();
+    const Cancellable failing = IntRecorder::of(recorder, outer);
+    source->subscribers[0].receive(-1);
+    EXPECT_EQ(recorder->errors.size(), 1U);
+    EXPECT_EQ(source->cancels, 1);
+    { const Cancellable dropped = IntRecorder::of(recorder, outer); }
+    EXPECT_EQ(source->cancels, 2);
+    const Cancellable ending = IntRecorder::of(recorder, outer);
+    source->subscribers[2].complete();
+    EXPECT_EQ(recorder->normalEnds, 1);
+    EXPECT_EQ(source->cancels, 2);
 }
 
-TEST(Cancellation, OnTheDeliveringThreadStopsEverythingAtOnce) {
-    const auto hand = std::make_shared<IntHand>();
+TEST(Cancellation, OnTheDeliveringThreadTakesEffectImmediately) {
+    const auto source = std::make_shared<IntSource>();
     std::optional<Cancellable> subscription;
     std::vector<int> seen;
     int completions = 0;
-    subscription = IntHand::publisher(hand).sink(
+    subscription = IntSource::publisher(source).sink(
         [&](int n) {
             seen.push_back(n);
             subscription->cancel();
         },
         [&](const Result<void, Error>&) { ++completions; });
-    const auto subscriber = hand->subscribers[0];
+    const auto subscriber = source->subscribers[0];
     subscriber.receive(1);
     subscriber.receive(2);
     subscriber.complete();
     EXPECT_EQ(seen, std::vector<int>{1});
     EXPECT_EQ(completions, 0);
-    EXPECT_EQ(hand->cancels, 1);
+    EXPECT_EQ(source->cancels, 1);
 }
 
-TEST(Cancellation, InsideAStepKeepsTheValueFromTheStepsBelow) {
-    const auto hand = std::make_shared<IntHand>();
+TEST(Cancellation, InsideAStepKeepsTheValueFromDownstreamSteps) {
+    const auto source = std::make_shared<IntSource>();
     std::optional<Cancellable> subscription;
     int below = 0;
-    subscription = IntHand::publisher(hand)
+    subscription = IntSource::publisher(source)
                        .map([&](int n) {
                            subscription.reset();
                            return n;
@@ -137,27 +137,27 @@ TEST(Cancellation, InsideAStepKeepsTheValueFromTheStepsBelow) {
                            return n;
                        })
                        .sink([&](int) { ++below; });
-    hand->subscribers[0].receive(1);
+    source->subscribers[0].receive(1);
     EXPECT_EQ(below, 0);
-    EXPECT_EQ(hand->cancels, 1);
+    EXPECT_EQ(source->cancels, 1);
 }
 
-TEST(Cancellation, AtTheElementThatReplacesAnErrorKeepsTheEndAway) {
-    const auto hand = std::make_shared<IntHand>();
+TEST(Cancellation, DuringAReplacementElementSuppressesTheCompletion) {
+    const auto source = std::make_shared<IntSource>();
     std::optional<Cancellable> subscription;
     int ends = 0;
-    subscription = IntHand::publisher(hand).replaceError(0).sink([&](int) { subscription.reset(); },
-                                                                 [&](const Result<void, Never>&) { ++ends; });
-    hand->subscribers[0].complete(Failure(error(1)));
+    subscription = IntSource::publisher(source).replaceError(0).sink(
+        [&](int) { subscription.reset(); }, [&](const Result<void, Never>&) { ++ends; });
+    source->subscribers[0].complete(Failure(error(1)));
     EXPECT_EQ(ends, 0);
 }
 
-TEST(Cancellation, FromAnotherThreadLetsAtMostWhatWasBeingDeliveredThrough) {
+TEST(Cancellation, FromAnotherThreadAllowsAtMostTheDeliveryInProgress) {
     const Event delivering, goOn, sent;
     std::atomic<int> cancels{0};
-    std::thread source;
+    std::thread sender;
     const auto publisher = AnyPublisher<int>::create([&](const Subscriber<int, Error>& subscriber) {
-        source = std::thread([=] {
+        sender = std::thread([=] {
             for (int n = 0; n < 100; ++n) subscriber.receive(n);
             subscriber.complete();
             sent.signal();
@@ -178,16 +178,17 @@ TEST(Cancellation, FromAnotherThreadLetsAtMostWhatWasBeingDeliveredThrough) {
         },
         [&](const Result<void, Error>&) { ++completions; });
     ASSERT_TRUE(delivering.wait());
-    // Returns although the delivery is not over.
+    // Returns while the delivery is still running.
     subscription.cancel();
     EXPECT_EQ(cancels, 1);
     EXPECT_FALSE(function.expired());
     goOn.signal();
     ASSERT_TRUE(sent.wait());
-    source.join();
+    sender.join();
     EXPECT_EQ(delivered, 1);
     EXPECT_TRUE(functionWasThere);
-    EXPECT_TRUE(function.expired()) << "the delivering thread drops what the cancelling one had to leave";
+    EXPECT_TRUE(function.expired())
+        << "the delivering thread releases the function, since the cancelling one could not";
     EXPECT_EQ(completions, 0);
 }
 
@@ -195,7 +196,7 @@ TEST(Cancellation, SupportsManyThreadsThatSendCompleteAndCancelAtOnce) {
     for (int round = 0; round < 500; ++round) {
         std::vector<std::thread> threads;
         std::atomic<int> cancels{0};
-        // Not atomic: deliveries of one stream never overlap.
+        // Not atomic, since deliveries of one stream never overlap.
         int delivered = 0;
         int completions = 0;
         const auto held = std::make_shared<int>(1);

@@ -11,9 +11,9 @@ using test::error;
 
 namespace {
 
-using IntHand = test::Hand<int>;
+using IntSource = test::ManualSource<int>;
 
-/// An owner such as a screen: holds its subscription, and its functions hold the owner.
+/// An owner such as a screen: it holds its subscription, whose functions hold the owner.
 struct Owner {
     std::optional<Cancellable> subscription;
     int values = 0;
@@ -26,7 +26,7 @@ struct Owner {
     }
 };
 
-/// A source such as a transfer: it holds its subscriber, and its subscription holds it.
+/// A source such as a transfer: it holds its subscriber, and the subscription holds the source.
 struct Transfer {
     std::optional<Subscriber<int, Error>> subscriber;
 };
@@ -49,47 +49,47 @@ AnyPublisher<int> longer(const AnyPublisher<int>& publisher) {
 }  // namespace
 
 TEST(SubscriptionLifetime, FreesItsFunctionsWhenTheStreamEnds) {
-    const auto hand = std::make_shared<IntHand>();
-    const auto owner = Owner::subscribed(longer(IntHand::publisher(hand)));
+    const auto source = std::make_shared<IntSource>();
+    const auto owner = Owner::subscribed(longer(IntSource::publisher(source)));
     EXPECT_FALSE(owner.expired());
-    hand->subscribers[0].receive(1);
+    source->subscribers[0].receive(1);
     EXPECT_FALSE(owner.expired());
-    hand->subscribers[0].complete();
+    source->subscribers[0].complete();
     EXPECT_TRUE(owner.expired());
 }
 
 TEST(SubscriptionLifetime, FreesItsFunctionsWhenAStepFails) {
-    const auto hand = std::make_shared<IntHand>();
+    const auto source = std::make_shared<IntSource>();
     const auto owner = Owner::subscribed(
-        IntHand::publisher(hand).tryMap([](int n) -> Result<int, Error> { return Failure(error(n)); }));
-    hand->subscribers[0].receive(1);
+        IntSource::publisher(source).tryMap([](int n) -> Result<int, Error> { return Failure(error(n)); }));
+    source->subscribers[0].receive(1);
     EXPECT_TRUE(owner.expired());
 }
 
 TEST(SubscriptionLifetime, FreesItsFunctionsWhenItIsCancelled) {
-    const auto hand = std::make_shared<IntHand>();
-    const auto owner = Owner::subscribed(longer(IntHand::publisher(hand)));
+    const auto source = std::make_shared<IntSource>();
+    const auto owner = Owner::subscribed(longer(IntSource::publisher(source)));
     owner.lock()->subscription->cancel();
     EXPECT_TRUE(owner.expired());
-    EXPECT_EQ(hand->cancels, 1);
+    EXPECT_EQ(source->cancels, 1);
 }
 
 TEST(SubscriptionLifetime, FreesItsFunctionsWhenItIsCancelledInsideOneOfThem) {
-    const auto hand = std::make_shared<IntHand>();
+    const auto source = std::make_shared<IntSource>();
     std::optional<Cancellable> subscription;
     auto held = std::make_shared<int>(7);
     const std::weak_ptr<int> seen = held;
     int read = 0;
-    subscription = IntHand::publisher(hand).sink([&, kept = std::move(held)](int) {
+    subscription = IntSource::publisher(source).sink([&, kept = std::move(held)](int) {
         subscription.reset();
         read = *kept;
     });
-    hand->subscribers[0].receive(1);
+    source->subscribers[0].receive(1);
     EXPECT_EQ(read, 7);
     EXPECT_TRUE(seen.expired());
 }
 
-TEST(SubscriptionLifetime, FreesASourceThatNeverEndsWhenItIsDropped) {
+TEST(SubscriptionLifetime, FreesASourceThatNeverEndsWhenDestroyed) {
     std::weak_ptr<Transfer> transfer;
     {
         const Cancellable subscription = longer(transfers(transfer)).sink([](int) {});
@@ -98,7 +98,7 @@ TEST(SubscriptionLifetime, FreesASourceThatNeverEndsWhenItIsDropped) {
     EXPECT_TRUE(transfer.expired());
 }
 
-TEST(SubscriptionLifetime, FreesASourceWhenTheStreamEndsThoughTheHandleIsKept) {
+TEST(SubscriptionLifetime, FreesASourceWhenTheStreamEndsEvenIfTheHandleIsKept) {
     std::weak_ptr<Transfer> transfer;
     const Cancellable subscription = longer(transfers(transfer)).sink([](int) {});
     const auto subscriber = *transfer.lock()->subscriber;
@@ -106,7 +106,7 @@ TEST(SubscriptionLifetime, FreesASourceWhenTheStreamEndsThoughTheHandleIsKept) {
     EXPECT_TRUE(transfer.expired());
 }
 
-TEST(SubscriptionLifetime, FreesASourceThatIsDestroyedByItsOwnSending) {
+TEST(SubscriptionLifetime, FreesASourceThatIsDestroyedByItsOwnValue) {
     std::weak_ptr<Transfer> transfer;
     std::optional<Cancellable> subscription;
     int values = 0;
@@ -114,14 +114,14 @@ TEST(SubscriptionLifetime, FreesASourceThatIsDestroyedByItsOwnSending) {
         ++values;
         subscription.reset();
     });
-    // Through the source's own subscriber, which goes with the source.
+    // Sent through the source's own subscriber, which is destroyed with the source.
     const Transfer* const sending = transfer.lock().get();
     sending->subscriber->receive(1);
     EXPECT_EQ(values, 1);
     EXPECT_TRUE(transfer.expired());
 }
 
-TEST(SubscriptionLifetime, DeliversNothingWhenTheSourceForgetsItsSubscriber) {
+TEST(SubscriptionLifetime, DeliversNothingIfTheSourceDropsItsSubscriber) {
     auto held = std::make_shared<int>(1);
     const std::weak_ptr<int> seen = held;
     int delivered = 0;
@@ -137,16 +137,16 @@ TEST(SubscriptionLifetime, DeliversNothingWhenTheSourceForgetsItsSubscriber) {
 }
 
 TEST(SubscriptionLifetime, OutlivesThePublisherItCameFrom) {
-    const auto hand = std::make_shared<IntHand>();
-    const auto notes = std::make_shared<test::Notes<int>>();
-    std::optional<AnyPublisher<int>> publisher = longer(IntHand::publisher(hand));
-    const Cancellable subscription = test::Notes<int>::of(notes, *publisher);
+    const auto source = std::make_shared<IntSource>();
+    const auto recorder = std::make_shared<test::Recorder<int>>();
+    std::optional<AnyPublisher<int>> publisher = longer(IntSource::publisher(source));
+    const Cancellable subscription = test::Recorder<int>::of(recorder, *publisher);
     publisher.reset();
-    hand->subscribers[0].receive(1);
-    EXPECT_EQ(notes->values, std::vector<int>{2});
+    source->subscribers[0].receive(1);
+    EXPECT_EQ(recorder->values, std::vector<int>{2});
 }
 
-TEST(SubscriptionLifetime, MayLoseItsHandleInsideTheCancellingOfItsSource) {
+TEST(SubscriptionLifetime, ItsHandleCanBeDestroyedWhileItsSourceIsCancelled) {
     std::unique_ptr<Cancellable> subscription;
     const auto held = std::make_shared<int>(1);
     const auto publisher = AnyPublisher<int>::create(

@@ -16,7 +16,7 @@ using test::Event;
 
 namespace {
 
-using IntHand = test::Hand<int>;
+using IntSource = test::ManualSource<int>;
 
 /// Waits until everything posted to `queue` so far has run.
 [[nodiscard]] bool drained(const DispatchQueue& queue) {
@@ -29,11 +29,11 @@ using IntHand = test::Hand<int>;
 
 TEST(ReceiveOn, DeliversValuesAndTheEndInOrderOnTheQueue) {
     const DispatchQueue queue("test");
-    const auto hand = std::make_shared<IntHand>();
+    const auto source = std::make_shared<IntSource>();
     const Event ended;
     std::vector<int> seen;
     bool onQueue = true;
-    const Cancellable subscription = IntHand::publisher(hand).receiveOn(queue).sink(
+    const Cancellable subscription = IntSource::publisher(source).receiveOn(queue).sink(
         [&](int n) {
             seen.push_back(n);
             onQueue = onQueue && queue.isCurrent();
@@ -42,30 +42,30 @@ TEST(ReceiveOn, DeliversValuesAndTheEndInOrderOnTheQueue) {
             onQueue = onQueue && queue.isCurrent() && end.has_value();
             ended.signal();
         });
-    for (int n = 0; n < 100; ++n) hand->subscribers[0].receive(n);
-    hand->subscribers[0].complete();
+    for (int n = 0; n < 100; ++n) source->subscribers[0].receive(n);
+    source->subscribers[0].complete();
     ASSERT_TRUE(ended.wait());
     EXPECT_TRUE(onQueue);
     ASSERT_EQ(seen.size(), 100U);
     for (int n = 0; n < 100; ++n) ASSERT_EQ(seen[static_cast<std::size_t>(n)], n);
-    EXPECT_EQ(hand->cancels, 0);
+    EXPECT_EQ(source->cancels, 0);
 }
 
-TEST(ReceiveOn, CancelsTheSourceAndDeliversNothingMoreAfterACancelOnTheQueue) {
+TEST(ReceiveOn, DeliversNothingAfterACancelOnTheQueue) {
     const DispatchQueue queue("test");
-    const auto hand = std::make_shared<IntHand>();
+    const auto source = std::make_shared<IntSource>();
     const Event posted;
     std::optional<Cancellable> subscription;
     std::vector<int> seen;
     int completions = 0;
-    subscription = IntHand::publisher(hand).receiveOn(queue).sink(
+    subscription = IntSource::publisher(source).receiveOn(queue).sink(
         [&](int n) {
             EXPECT_TRUE(posted.wait());
             seen.push_back(n);
             subscription.reset();
         },
         [&](const Result<void, Error>&) { ++completions; });
-    const auto subscriber = hand->subscribers[0];
+    const auto subscriber = source->subscribers[0];
     subscriber.receive(1);
     subscriber.receive(2);
     posted.signal();
@@ -75,16 +75,16 @@ TEST(ReceiveOn, CancelsTheSourceAndDeliversNothingMoreAfterACancelOnTheQueue) {
     ASSERT_TRUE(drained(queue));
     EXPECT_EQ(seen, std::vector<int>{1});
     EXPECT_EQ(completions, 0);
-    EXPECT_EQ(hand->cancels, 1);
+    EXPECT_EQ(source->cancels, 1);
 }
 
-TEST(ReceiveOn, StopsTheSourceAtOnceWhenAStepAboveItFails) {
+TEST(ReceiveOn, CancelsTheSourceAtOnceWhenAnUpstreamStepFails) {
     const DispatchQueue queue("test");
-    const auto hand = std::make_shared<IntHand>();
+    const auto source = std::make_shared<IntSource>();
     const Event ended;
     int calls = 0;
     int code = 0;
-    const Cancellable subscription = IntHand::publisher(hand)
+    const Cancellable subscription = IntSource::publisher(source)
                                          .tryMap([&](int n) -> Result<int, Error> {
                                              ++calls;
                                              return Failure(error(n));
@@ -95,53 +95,53 @@ TEST(ReceiveOn, StopsTheSourceAtOnceWhenAStepAboveItFails) {
                                                    code = static_cast<int>(end.error().code());
                                                    ended.signal();
                                                });
-    hand->subscribers[0].receive(5);
-    EXPECT_EQ(hand->cancels, 1);
-    hand->subscribers[0].receive(6);
+    source->subscribers[0].receive(5);
+    EXPECT_EQ(source->cancels, 1);
+    source->subscribers[0].receive(6);
     ASSERT_TRUE(ended.wait());
     EXPECT_EQ(calls, 1);
     EXPECT_EQ(code, 5);
 }
 
-TEST(ReceiveOn, CancelsTheSourceWhenAStepBelowItFails) {
+TEST(ReceiveOn, CancelsTheSourceWhenADownstreamStepFails) {
     const DispatchQueue queue("test");
-    const auto hand = std::make_shared<IntHand>();
+    const auto source = std::make_shared<IntSource>();
     const Cancellable subscription =
-        IntHand::publisher(hand)
+        IntSource::publisher(source)
             .receiveOn(queue)
             .tryMap([](int n) -> Result<int, Error> { return Failure(error(n)); })
             .sink([](int) {});
-    const auto subscriber = hand->subscribers[0];
+    const auto subscriber = source->subscribers[0];
     subscriber.receive(5);
     ASSERT_TRUE(drained(queue));
     EXPECT_TRUE(subscriber.isEnded());
-    EXPECT_EQ(hand->cancels, 1);
+    EXPECT_EQ(source->cancels, 1);
 }
 
-TEST(ReceiveOn, FreesEverythingWhenItIsDroppedOrEnds) {
+TEST(ReceiveOn, FreesEverythingWhenItIsDestroyedOrEnds) {
     const DispatchQueue queue("test");
     for (const bool ends : {false, true}) {
-        const auto hand = std::make_shared<IntHand>();
+        const auto source = std::make_shared<IntSource>();
         const auto held = std::make_shared<int>(1);
         {
-            const Cancellable subscription = IntHand::publisher(hand)
+            const Cancellable subscription = IntSource::publisher(source)
                                                  .map([held](int n) { return n; })
                                                  .receiveOn(queue)
                                                  .map([held](int n) { return n; })
                                                  .sink([held](int) {});
-            hand->subscribers[0].receive(1);
+            source->subscribers[0].receive(1);
             if (ends) {
-                hand->subscribers[0].complete();
+                source->subscribers[0].complete();
                 ASSERT_TRUE(drained(queue));
             }
         }
-        hand->subscribers.clear();
+        source->subscribers.clear();
         ASSERT_TRUE(drained(queue));
         EXPECT_EQ(held.use_count(), 1);
     }
 }
 
-TEST(ReceiveOn, DeliversWhatASourceOnAnotherQueueSends) {
+TEST(ReceiveOn, DeliversValuesSentOnAnotherQueue) {
     const DispatchQueue sending("sending");
     const DispatchQueue queue("test");
     constexpr int streams = 50;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// A source that a test drives by hand, and an end that notes what arrives.
+/// A source controlled by the test, and a subscriber that records what it receives.
 
 #include <VanticRestKit/platform/error/Error.h>
 #include <VanticRestKit/platform/publisher/AnyPublisher.h>
@@ -14,38 +14,38 @@
 
 namespace VanticRestKit::test {
 
-/// An error with the code given.
+/// An error with this code.
 inline Error error(std::int64_t code) { return NSError("test", code); }
 
-/// What the tests know of a source's subscriptions. Driven by one thread at a time.
+/// The subscriptions of a source. Used by one thread at a time.
 template <class T>
-struct Hand {
+struct ManualSource {
     std::vector<Subscriber<T, Error>> subscribers;
     int cancels = 0;
 
-    /// A publisher whose subscriptions end up in this hand.
-    static AnyPublisher<T> publisher(const std::shared_ptr<Hand>& hand) {
-        return AnyPublisher<T>::create([hand](Subscriber<T, Error> subscriber) {
-            hand->subscribers.push_back(std::move(subscriber));
-            return Cancellable([hand] { ++hand->cancels; });
+    /// A publisher that adds its subscriptions to `source`.
+    static AnyPublisher<T> publisher(const std::shared_ptr<ManualSource>& source) {
+        return AnyPublisher<T>::create([source](Subscriber<T, Error> subscriber) {
+            source->subscribers.push_back(std::move(subscriber));
+            return Cancellable([source] { ++source->cancels; });
         });
     }
 };
 
-/// What arrived at the end of a stream. Written by one thread at a time.
+/// The values and completions that a stream delivered. Written by one thread at a time.
 template <class T, class E = Error>
-struct Notes {
+struct Recorder {
     std::vector<T> values;
     int normalEnds = 0;
     std::vector<E> errors;
 
-    static Cancellable of(const std::shared_ptr<Notes>& notes, const AnyPublisher<T, E>& publisher) {
-        return publisher.sink([notes](T value) { notes->values.push_back(std::move(value)); },
-                              [notes](Result<void, E> end) {
+    static Cancellable of(const std::shared_ptr<Recorder>& recorder, const AnyPublisher<T, E>& publisher) {
+        return publisher.sink([recorder](T value) { recorder->values.push_back(std::move(value)); },
+                              [recorder](Result<void, E> end) {
                                   if (end) {
-                                      ++notes->normalEnds;
+                                      ++recorder->normalEnds;
                                   } else {
-                                      notes->errors.push_back(end.error());
+                                      recorder->errors.push_back(end.error());
                                   }
                               });
     }

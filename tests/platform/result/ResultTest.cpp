@@ -26,33 +26,33 @@ TEST(Result, HoldsAValue) {
     EXPECT_EQ(result->size(), 4u);
 }
 
-TEST(Result, HoldsAnErrorInstead) {
+TEST(Result, HoldsAnError) {
     const Text result = textOrCode(false);
     EXPECT_FALSE(result.has_value());
     EXPECT_FALSE(static_cast<bool>(result));
     EXPECT_EQ(result.error(), 7);
 }
 
-TEST(Result, TellsValueAndErrorOfOneTypeApart) {
+TEST(Result, DistinguishesValueAndErrorOfTheSameType) {
     using Same = Result<int, int>;
     EXPECT_TRUE(Same(3).has_value());
     EXPECT_FALSE(Same(Failure(3)).has_value());
     EXPECT_FALSE(Same(3) == Same(Failure(3)));
 }
 
-TEST(Result, AFailureTurnsIntoTheErrorTypeOfTheResult) {
+TEST(Result, AFailureConvertsToTheErrorTypeOfTheResult) {
     const Result<int, std::string> result = Failure("late");
     EXPECT_EQ(result.error(), "late");
     const Nothing nothing = Failure("late");
     EXPECT_EQ(nothing.error(), "late");
 }
 
-TEST(Result, AFailureOfAnUnrelatedTypeIsRefused) {
+TEST(Result, AFailureOfAnUnrelatedTypeIsRejected) {
     static_assert(!std::is_constructible_v<Result<int, std::string>, Failure<std::pair<int, int>>>);
     static_assert(!std::is_constructible_v<Nothing, Failure<std::pair<int, int>>>);
 }
 
-TEST(Result, CarriesAValueThatCanOnlyBeMoved) {
+TEST(Result, HoldsAMoveOnlyValue) {
     Result<std::unique_ptr<int>, int> result = std::make_unique<int>(5);
     const std::unique_ptr<int> taken = std::move(result).value();
     EXPECT_EQ(*taken, 5);
@@ -61,21 +61,21 @@ TEST(Result, CarriesAValueThatCanOnlyBeMoved) {
     EXPECT_EQ(*alsoTaken, 6);
 }
 
-TEST(Result, CarriesAnErrorThatCanOnlyBeMoved) {
+TEST(Result, HoldsAMoveOnlyError) {
     Result<int, std::unique_ptr<int>> result = Failure(std::make_unique<int>(5));
     const std::unique_ptr<int> taken = std::move(result).error();
     EXPECT_EQ(*taken, 5);
     EXPECT_FALSE(result.has_value());
 }
 
-TEST(Result, OneThatWasMovedFromStillTellsItsSide) {
+TEST(Result, AMovedFromResultStillKnowsItsSide) {
     Text value = textOrCode(true);
     const Text taken = std::move(value);
     EXPECT_TRUE(value.has_value());
     EXPECT_EQ(*taken, "text");
 }
 
-TEST(Result, LetsItsValueBeChanged) {
+TEST(Result, ItsValueCanBeChanged) {
     Text result = textOrCode(true);
     result.value() += "s";
     *result += "!";
@@ -83,7 +83,7 @@ TEST(Result, LetsItsValueBeChanged) {
     EXPECT_EQ(*result, "texts");
 }
 
-TEST(Result, GivesTheFallbackOnlyWhereThereIsNoValue) {
+TEST(Result, ReturnsTheFallbackOnlyIfThereIsNoValue) {
     EXPECT_EQ(textOrCode(true).value_or("none"), "text");
     EXPECT_EQ(textOrCode(false).value_or("none"), "none");
     const Text kept = textOrCode(true);
@@ -91,7 +91,7 @@ TEST(Result, GivesTheFallbackOnlyWhereThereIsNoValue) {
     EXPECT_EQ(*kept, "text");
 }
 
-TEST(Result, ComparesSidesAndWhatTheyHold) {
+TEST(Result, ComparesByStateAndContent) {
     EXPECT_EQ(Text(std::string("a")), Text(std::string("a")));
     EXPECT_FALSE(Text(std::string("a")) == Text(std::string("b")));
     EXPECT_EQ(Text(Failure(1)), Text(Failure(1)));
@@ -99,7 +99,7 @@ TEST(Result, ComparesSidesAndWhatTheyHold) {
     EXPECT_FALSE(Text(std::string("a")) == Text(Failure(1)));
 }
 
-TEST(Result, OfWhatCannotBeComparedCannotBeComparedEither) {
+TEST(Result, CanBeComparedOnlyIfItsTypesCan) {
     struct Opaque {};
     static_assert(std::equality_comparable<Text>);
     static_assert(!std::equality_comparable<Result<Opaque, int>>);
@@ -115,13 +115,13 @@ TEST(ResultWithoutValue, IsASuccessUnlessItHoldsAnError) {
     EXPECT_EQ(Nothing(Failure("late")), Nothing(Failure("late")));
 }
 
-TEST(ResultWithoutValue, GivesItsErrorAway) {
+TEST(ResultWithoutValue, ItsErrorCanBeMovedOut) {
     Nothing nothing = Failure("late");
     nothing.error() += "r";
     EXPECT_EQ(std::move(nothing).error(), "later");
 }
 
-TEST(ResultDeathTest, ReadingTheSideThatIsNotThereEndsTheProcess) {
+TEST(ResultDeathTest, ReadingTheAbsentSideEndsTheProcess) {
     const Text value = textOrCode(true);
     const Text error = textOrCode(false);
     EXPECT_DEATH((void)error.value(), "");

@@ -8,7 +8,7 @@
 namespace VanticRestKit::detail {
 namespace {
 
-TEST(ZeroFractionFormat, AnswersEveryVector) {
+TEST(ZeroFractionFormat, MatchesEveryVector) {
     for (const auto& line : test::vectors("format.jsonl")) {
         const auto number = std::stoull(line.at("in").at("value").get<std::string>());
         EXPECT_EQ(detail::zeroFractionFormat(number), line.at("out").get<std::string>()) << line;

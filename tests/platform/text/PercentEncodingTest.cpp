@@ -8,14 +8,14 @@
 namespace VanticRestKit::detail {
 namespace {
 
-TEST(PercentEncoding, AnswersEveryVector) {
+TEST(PercentEncoding, MatchesEveryVector) {
     for (const auto& line : test::vectors("percent_encode.jsonl")) {
         const auto text = line.at("in").at("text").get<std::string>();
         EXPECT_EQ(paramsEncoded(text), line.at("out").get<std::string>()) << line;
     }
 }
 
-TEST(PercentEncoding, EncodesEveryAsciiCharacterButLettersDigitsAndFourSigns) {
+TEST(PercentEncoding, EncodesAllAsciiExceptLettersDigitsAndFourCharacters) {
     const std::string kept = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~";
     for (char character = 0; character < 127; ++character) {
         const std::string text(1, character);
@@ -28,7 +28,7 @@ TEST(PercentEncoding, EncodesEveryAsciiCharacterButLettersDigitsAndFourSigns) {
     EXPECT_EQ(paramsEncoded("\x7F"), "%7F");
 }
 
-TEST(PercentEncoding, EncodesBlankAmpersandQuotesAndBracesOfADataset) {
+TEST(PercentEncoding, EncodesSpaceAmpersandQuotesAndBraces) {
     EXPECT_EQ(paramsEncoded(R"({"name":"a & b"})"), "%7B%22name%22%3A%22a%20%26%20b%22%7D");
 }
 
@@ -37,7 +37,7 @@ TEST(PercentEncoding, KeepsLettersMarksAndNumbersOfOtherScripts) {
     EXPECT_EQ(paramsEncoded(text), text);
 }
 
-TEST(PercentEncoding, EncodesEachByteOfASignBeyondAscii) {
+TEST(PercentEncoding, EncodesEachByteOfANonAsciiSymbol) {
     EXPECT_EQ(paramsEncoded("\u20AC"), "%E2%82%AC");
     EXPECT_EQ(paramsEncoded("\U0001F600"), "%F0%9F%98%80");
 }
@@ -49,7 +49,7 @@ TEST(PercentEncoding, EncodesBytesThatAreNotUTF8OneByOne) {
     EXPECT_EQ(paramsEncoded("\xC1\x81"), "%C1%81");
 }
 
-TEST(PercentEncoding, AnEmptyTextStaysEmpty) { EXPECT_EQ(paramsEncoded(""), ""); }
+TEST(PercentEncoding, AnEmptyStringStaysEmpty) { EXPECT_EQ(paramsEncoded(""), ""); }
 
 }  // namespace
 }  // namespace VanticRestKit::detail

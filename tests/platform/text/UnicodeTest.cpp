@@ -16,7 +16,7 @@ TEST(Unicode, KnowsTheDigitsOfOtherScripts) {
     EXPECT_EQ(decimalDigit(U'\U0001D7FF'), 9);
 }
 
-TEST(Unicode, TakesNoOtherNumberForADigit) {
+TEST(Unicode, DoesNotTreatOtherNumbersAsDigits) {
     for (const char32_t code : {U'/', U':', U'a', U'\u065F', U'\u066A', U'\u00B2', U'\u00BD', U'\u2160',
                                 U'\u3007', U'\U0010FFFF'}) {
         EXPECT_EQ(decimalDigit(code), -1) << static_cast<unsigned>(code);

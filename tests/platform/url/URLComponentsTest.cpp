@@ -38,7 +38,7 @@ TEST(URLComponents, ItsPartsAreDecoded) {
     EXPECT_EQ(components.query(), "f= g");
 }
 
-TEST(URLComponents, AnEmptyTextHasNoParts) {
+TEST(URLComponents, AnEmptyStringHasNoParts) {
     const URLComponents components = componentsOf("");
     EXPECT_EQ(components.scheme(), std::nullopt);
     EXPECT_EQ(components.host(), std::nullopt);
@@ -48,7 +48,7 @@ TEST(URLComponents, AnEmptyTextHasNoParts) {
     EXPECT_FALSE(components.url());
 }
 
-TEST(URLComponents, AHostWithoutTextIsThere) {
+TEST(URLComponents, AnEmptyHostIsPresent) {
     EXPECT_EQ(componentsOf("lumeno:///x").host(), "");
     EXPECT_EQ(componentsOf("lumeno:/x").host(), std::nullopt);
 }
@@ -63,12 +63,12 @@ TEST(URLComponents, AColonAtTheBeginningBelongsToThePath) {
     EXPECT_EQ(ofURL->url()->host(), "a");
 }
 
-TEST(URLComponents, APathThatNoURLMayBeginWithGivesNoURL) {
+TEST(URLComponents, APathThatNoURLCanStartWithGivesNoURL) {
     EXPECT_TRUE(URLComponents::make("://h:x/"));
     EXPECT_FALSE(componentsOf("://h:x/").url());
 }
 
-TEST(URLComponents, TheyAreTheSameWhetherMadeFromTheURLOrFromItsText) {
+TEST(URLComponents, AreTheSameFromAURLAndFromItsString) {
     const auto url = URL::make("http://u:p@h:80/a%20b?c=d#e");
     ASSERT_TRUE(url);
     EXPECT_EQ(URLComponents::make(*url, false), componentsOf(url->absoluteString()));
@@ -83,7 +83,7 @@ TEST(URLComponents, AQueryIsSplitAtEachAmpersandAndAtTheFirstEqualsSign) {
 
 TEST(URLComponents, AnEmptyQueryHasAnEmptyList) { EXPECT_EQ(itemsOf("x?"), Items()); }
 
-TEST(URLComponents, APlusSignIsNoBlank) { EXPECT_EQ(itemsOf("?a+b=c+d"), (Items{{"a+b", "c+d"}})); }
+TEST(URLComponents, APlusSignIsNotASpace) { EXPECT_EQ(itemsOf("?a+b=c+d"), (Items{{"a+b", "c+d"}})); }
 
 TEST(URLComponents, AnItemWithoutAValueHasNoEqualsSign) {
     EXPECT_EQ(withItems("http://h/", {{"a", {}}, {"b", ""}, {"c", "d"}}), "http://h/?a&b=&c=d");
@@ -97,20 +97,20 @@ TEST(URLComponents, AQueryThatIsNotSetStaysUnchanged) {
     EXPECT_EQ(componentsOf("http://h/?a=%41&&b+c").url()->absoluteString(), "http://h/?a=%41&&b+c");
 }
 
-TEST(URLComponents, AQueryThatIsSetAgainIsEncodedAnew) {
+TEST(URLComponents, SettingTheQueryEncodesItAgain) {
     EXPECT_EQ(withItems("http://h/?a=%41", {{"b", "c"}}), "http://h/?a=A&b=c");
 }
 
-TEST(URLComponents, WhatPartsTheItemsIsEncodedInsideThem) {
+TEST(URLComponents, DelimitersAreEncodedInsideItems) {
     EXPECT_EQ(withItems("http://h/", {{"a&=#", "b&=#%"}}), "http://h/?a%26%3D%23=b%26%3D%23%25");
     EXPECT_EQ(withItems("http://h/", {{"a;+?/:@", "'()*,!$~"}}), "http://h/?a;+?/:@='()*,!$~");
 }
 
-TEST(URLComponents, ABlankAndALetterBeyondASCIIAreEncoded) {
+TEST(URLComponents, ASpaceAndANonASCIILetterAreEncoded) {
     EXPECT_EQ(withItems("http://h/", {{"appId", "lumeno \xC3\xA9"}}), "http://h/?appId=lumeno%20%C3%A9");
 }
 
-TEST(URLComponents, AnEmptyListLeavesAnEmptyQueryAndNoListLeavesNone) {
+TEST(URLComponents, AnEmptyListGivesAnEmptyQueryAndNoListGivesNone) {
     URLComponents components = componentsOf("http://h/?a#f");
     components.setQueryItems(Items());
     EXPECT_EQ(components.url()->absoluteString(), "http://h/?#f");
@@ -119,14 +119,14 @@ TEST(URLComponents, AnEmptyListLeavesAnEmptyQueryAndNoListLeavesNone) {
     EXPECT_EQ(components.queryItems(), std::nullopt);
 }
 
-TEST(URLComponents, BytesThatAreNoTextGoThroughTheItemsUnharmed) {
+TEST(URLComponents, BytesThatAreNotUTF8SurviveInQueryItems) {
     EXPECT_EQ(itemsOf("?a=%FF"), (Items{{"a", "\xFF"}}));
     EXPECT_EQ(withItems("http://h/?a=%FF", {{"b", "c"}}), "http://h/?a=%FF&b=c");
     EXPECT_EQ(componentsOf("?a=%FF%41").query(), "a=%FF%41");
     EXPECT_EQ(componentsOf("x%FF").path(), "x%FF");
 }
 
-TEST(URLComponents, ACopyDoesNotFollowAChange) {
+TEST(URLComponents, ACopyIsIndependent) {
     const URLComponents first = componentsOf("http://h/");
     URLComponents second = first;
     second.setQueryItems(Items{{"a", "b"}});

@@ -8,10 +8,11 @@
 namespace VanticRestKit {
 namespace {
 
-static_assert(!std::is_constructible_v<URL, std::string>, "an address known at run time goes through make");
+static_assert(!std::is_constructible_v<URL, std::string>,
+              "an address known only at run time needs URL::make");
 static_assert(!std::is_convertible_v<const char (&)[9], URL>);
 
-TEST(URLLiteral, MakesTheAddressThatIsWritten) {
+TEST(URLLiteral, HasTheAddressAsWritten) {
     EXPECT_EQ(URL("https://service.example").absoluteString(), "https://service.example");
     const URL url("http://127.0.0.1:8080/api/v2%20a/?q=a%2Fb&c=?#top?");
     EXPECT_EQ(url.absoluteString(), "http://127.0.0.1:8080/api/v2%20a/?q=a%2Fb&c=?#top?");
@@ -21,7 +22,7 @@ TEST(URLLiteral, MakesTheAddressThatIsWritten) {
     EXPECT_EQ(url.fragment(), "top?");
 }
 
-TEST(URLLiteral, AcceptsNothingThatIsNoEncodedHTTPAddress) {
+TEST(URLLiteral, AcceptsOnlyEncodedHTTPAddresses) {
     for (const char* text : {"",
                              "service.example",
                              "/path",
@@ -47,7 +48,7 @@ TEST(URLLiteral, AcceptsNothingThatIsNoEncodedHTTPAddress) {
     }
 }
 
-TEST(URLLiteral, MakeReadsEveryAcceptedTextAsItIsWritten) {
+TEST(URLLiteral, EveryAcceptedLiteralIsUnchangedByMake) {
     constexpr std::string_view alphabet = "a0.-:/?#%2F@&=+~[] \xC3";
     std::mt19937 random(7);
     int accepted = 0;

@@ -15,7 +15,7 @@ std::string encoded(std::string_view text, URLCharacters part) {
     return out;
 }
 
-TEST(URLPercentCoding, EachPartKeepsTheCharactersThatItMayHold) {
+TEST(URLPercentCoding, EachPartKeepsItsAllowedCharacters) {
     constexpr std::string_view delimiters = "!$&'()*+,;=:@/?#[]%";
     EXPECT_EQ(encoded(delimiters, URLCharacters::user), "!$&'()*+,;=%3A%40%2F%3F%23%5B%5D%25");
     EXPECT_EQ(encoded(delimiters, URLCharacters::password), "!$&'()*+,;=:%40%2F%3F%23%5B%5D%25");
@@ -25,7 +25,7 @@ TEST(URLPercentCoding, EachPartKeepsTheCharactersThatItMayHold) {
     EXPECT_EQ(encoded(delimiters, URLCharacters::queryItem), "!$%26'()*+,;%3D:@/?%23%5B%5D%25");
 }
 
-TEST(URLPercentCoding, EveryByteSurvivesEncodingAndDecoding) {
+TEST(URLPercentCoding, EveryByteRoundTrips) {
     for (int byte = 0; byte < 256; ++byte) {
         const std::string text(1, static_cast<char>(byte));
         const std::string escaped = encoded(text, URLCharacters::path);
@@ -34,7 +34,7 @@ TEST(URLPercentCoding, EveryByteSurvivesEncodingAndDecoding) {
     }
 }
 
-TEST(URLPercentCoding, EscapesAreReadWithDigitsOfEitherCase) {
+TEST(URLPercentCoding, EscapesCanHaveDigitsOfEitherCase) {
     constexpr std::string_view upper = "0123456789ABCDEF";
     constexpr std::string_view lower = "0123456789abcdef";
     for (std::size_t byte = 0; byte < 256; ++byte) {
@@ -45,22 +45,22 @@ TEST(URLPercentCoding, EscapesAreReadWithDigitsOfEitherCase) {
     }
 }
 
-TEST(URLPercentCoding, APercentSignThatBeginsNoEscapeIsDecodedAsItself) {
+TEST(URLPercentCoding, APercentSignWithoutAnEscapeIsKept) {
     EXPECT_EQ(decodedBytes("%"), "%");
     EXPECT_EQ(decodedBytes("a%4"), "a%4");
     EXPECT_EQ(decodedBytes("%%41%g1%1g"), "%A%g1%1g");
 }
 
-TEST(URLPercentCoding, EscapesThatAreKeptStayAsTheyAreWritten) {
+TEST(URLPercentCoding, ExcludedEscapesAreKeptUnchanged) {
     EXPECT_EQ(decodedText("%2f%2F%41", "/"), "%2f%2FA");
 }
 
-TEST(URLPercentCoding, TextThatDecodesToNoTextStaysEncoded) {
+TEST(URLPercentCoding, AStringThatDecodesToInvalidUTF8StaysEncoded) {
     EXPECT_EQ(decodedText("%41%C3"), "%41%C3");
     EXPECT_EQ(decodedText("%41%C3%A9"), "A\xC3\xA9");
 }
 
-TEST(URLPathRules, DotSegmentsAreApplied) {
+TEST(URLPathRules, DotSegmentsAreRemoved) {
     EXPECT_EQ(withoutDotSegments("/a/b/c/./../../g"), "/a/g");
     EXPECT_EQ(withoutDotSegments("mid/content=5/../6"), "mid/6");
     EXPECT_EQ(withoutDotSegments("../x"), "x");

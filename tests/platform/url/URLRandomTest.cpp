@@ -12,8 +12,8 @@ namespace {
 
 using test::brokenRule;
 
-/// Texts from a fixed seed, the same on every machine.
-class RandomTexts {
+/// Random strings from a fixed seed, the same on every machine.
+class RandomStrings {
 public:
     std::string bytes() {
         std::string text(below(24), '\0');
@@ -21,7 +21,7 @@ public:
         return text;
     }
 
-    /// Full of what delimits the parts of a URL, so that most texts come close to being one.
+    /// Strings with many URL delimiters, so that most of them are almost valid URLs.
     std::string delimiters() {
         static constexpr std::string_view pieces[] = {
             "/", ":", "//", "?", "#",   "@",   "[",  "]",   "%",    "a",   "b",  ".",  "..", "&",
@@ -38,7 +38,7 @@ private:
 };
 
 TEST(URLRandom, RandomBytesBreakNoRule) {
-    RandomTexts texts;
+    RandomStrings texts;
     for (int round = 0; round < 10000; ++round) {
         const std::string text = texts.bytes();
         const std::string other = texts.bytes();
@@ -48,7 +48,7 @@ TEST(URLRandom, RandomBytesBreakNoRule) {
 }
 
 TEST(URLRandom, RandomDelimitersBreakNoRule) {
-    RandomTexts texts;
+    RandomStrings texts;
     for (int round = 0; round < 30000; ++round) {
         const std::string text = texts.delimiters();
         const std::string other = texts.delimiters();
@@ -58,7 +58,7 @@ TEST(URLRandom, RandomDelimitersBreakNoRule) {
 }
 
 TEST(URLRandom, AURLAfterAnHTTPHeadBreaksNoRule) {
-    RandomTexts texts;
+    RandomStrings texts;
     for (int round = 0; round < 10000; ++round) {
         const std::string text = "http://h" + texts.delimiters();
         const std::string other = texts.bytes();
@@ -67,7 +67,7 @@ TEST(URLRandom, AURLAfterAnHTTPHeadBreaksNoRule) {
     }
 }
 
-TEST(URLRandom, ALongTextIsReadInFull) {
+TEST(URLRandom, ALongStringIsReadCompletely) {
     const std::string path(1'000'000, '/');
     const auto url = URL::make("http://h" + path);
     ASSERT_TRUE(url);

@@ -19,7 +19,7 @@ std::string resolved(std::string_view reference, std::string_view base = "http:/
 using Cases = std::vector<std::pair<const char*, const char*>>;
 
 // The two tables are those of RFC 3986, section 5.4.
-TEST(URLReference, ANormalReferenceIsResolvedByTheStandard) {
+TEST(URLReference, NormalReferencesFollowTheStandard) {
     const Cases cases = {{"g:h", "g:h"},
                          {"g", "http://a/b/c/g"},
                          {"./g", "http://a/b/c/g"},
@@ -46,7 +46,7 @@ TEST(URLReference, ANormalReferenceIsResolvedByTheStandard) {
     for (const auto& [reference, wanted] : cases) EXPECT_EQ(resolved(reference), wanted) << reference;
 }
 
-TEST(URLReference, AnAbnormalReferenceIsResolvedByTheStandard) {
+TEST(URLReference, AbnormalReferencesFollowTheStandard) {
     const Cases cases = {{"../../../g", "http://a/g"},
                          {"../../../../g", "http://a/g"},
                          {"/./g", "http://a/g"},
@@ -74,7 +74,7 @@ TEST(URLReference, AnAbsoluteReferenceLosesItsDotSegments) {
     EXPECT_EQ(resolved("//h/a/../b"), "http://h/b");
 }
 
-TEST(URLReference, AReferenceAgainstAURLWithoutAPathIsAtItsRoot) {
+TEST(URLReference, AReferenceToABaseWithoutAPathStartsAtTheRoot) {
     EXPECT_EQ(resolved("g", "http://a"), "http://a/g");
     EXPECT_EQ(resolved("?y", "http://a"), "http://a?y");
     EXPECT_EQ(resolved("g", "http://a?q#f"), "http://a/g");
@@ -84,18 +84,18 @@ TEST(URLReference, TheFragmentOfTheBaseIsDropped) {
     EXPECT_EQ(resolved("", "http://a/b?q#f"), "http://a/b?q");
 }
 
-TEST(URLReference, UserHostAndPortOfTheBaseAreKeptForARelativeReferenceOnly) {
+TEST(URLReference, OnlyARelativeReferenceKeepsUserHostAndPortOfTheBase) {
     EXPECT_EQ(resolved("/g", "http://u:p@a:81/b"), "http://u:p@a:81/g");
     EXPECT_EQ(resolved("//h/g", "http://u:p@a:81/b"), "http://h/g");
 }
 
-TEST(URLReference, ForeignCharactersAreEncoded) {
+TEST(URLReference, InvalidCharactersAreEncoded) {
     EXPECT_EQ(resolved("/a b\xC3\xA9?c d"), "http://a/a%20b%C3%A9?c%20d");
     EXPECT_EQ(resolved("/a\r\nX: y"), "http://a/a%0D%0AX:%20y");
     EXPECT_EQ(resolved("\\\\evil.example\\x"), "http://a/b/c/%5C%5Cevil.example%5Cx");
 }
 
-TEST(URLReference, APathNeverTurnsIntoAHost) {
+TEST(URLReference, APathNeverBecomesAHost) {
     EXPECT_EQ(resolved("/..//h/x"), "http://a//h/x");
     EXPECT_EQ(resolved("/..//h/x", "lumeno:a"), "lumeno:/.//h/x");
     EXPECT_EQ(resolved("./a:b", "x/y"), "x/a:b");
@@ -104,7 +104,7 @@ TEST(URLReference, APathNeverTurnsIntoAHost) {
 
 TEST(URLReference, AColonAtTheBeginningBelongsToThePath) { EXPECT_EQ(resolved(":g"), "http://a/b/c/:g"); }
 
-TEST(URLReference, WhatCannotBeReadIsNoReference) {
+TEST(URLReference, AnInvalidReferenceGivesNoURL) {
     EXPECT_EQ(resolved("http://a b/"), "none");
     EXPECT_EQ(resolved("//h:x/"), "none");
     EXPECT_EQ(resolved(" http://h/"), "none");

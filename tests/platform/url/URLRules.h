@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What holds for every URL, whatever it was made from. The random test and the fuzzer both try it.
+/// Rules that hold for every URL. Used by the random test and the fuzzer.
 
 #include <VanticRestKit/platform/url/URL.h>
 #include <VanticRestKit/platform/url/URLComponents.h>
@@ -13,7 +13,7 @@
 
 namespace VanticRestKit::test {
 
-/// Whether both have the same text, cut into the same parts.
+/// Whether both have the same string and the same parts.
 inline bool haveSameParts(const URL& a, const URL& b) {
     return a == b && a.scheme() == b.scheme() && a.user() == b.user() && a.password() == b.password() &&
            a.host() == b.host() && a.port() == b.port() && a.path() == b.path() && a.query() == b.query() &&
@@ -21,21 +21,21 @@ inline bool haveSameParts(const URL& a, const URL& b) {
            a.requestTarget() == b.requestTarget();
 }
 
-/// Whether the text holds only what may stand in a URL, and so can end no line of a request.
+/// Whether the string contains only characters allowed in a URL, so that it cannot end a line of a request.
 inline bool holdsOnlyURLCharacters(const URL& url) {
     constexpr std::string_view allowed =
         "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~!$&'()*+,;=:@/?#[]%";
     return url.absoluteString().find_first_not_of(allowed) == std::string::npos;
 }
 
-/// Whether the text of `url`, read again, is the same URL: its parts lie where its text says.
+/// Whether parsing the string of `url` again gives the same URL with the same parts.
 inline bool readsBackTheSame(const URL& url) {
     const auto again = URL::make(url.absoluteString());
     return again && haveSameParts(*again, url) && holdsOnlyURLCharacters(url);
 }
 
-/// Whether the items survive a round through the query. The one list that cannot is a lone item without name
-/// and value, which is written as an empty query.
+/// Whether the items survive a round trip through the query. The only exception is a single item without name and
+/// value, which is written as an empty query.
 inline bool survivesTheQuery(URLComponents components, const std::vector<URLQueryItem>& items) {
     components.setQueryItems(items);
     const bool cannot = items.size() == 1 && items[0].name.empty() && !items[0].value;
@@ -45,8 +45,8 @@ inline bool survivesTheQuery(URLComponents components, const std::vector<URLQuer
     return !url || (readsBackTheSame(*url) && URLComponents::make(*url, false)->queryItems() == expected);
 }
 
-/// The first rule that `text` breaks, read as a URL and as components with `other` as path and item; an empty
-/// text where it breaks none.
+/// The first rule that `text` breaks, parsed as a URL and as components with `other` as path and item. Empty if it
+/// breaks none.
 inline std::string brokenRule(const std::string& text, const std::string& other) {
     if (const auto url = URL::make(text)) {
         if (!readsBackTheSame(*url)) return "a URL reads back the same";

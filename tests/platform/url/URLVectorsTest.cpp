@@ -34,7 +34,7 @@ json parsedComponents(const json& in) {
             {"query", orNull(components->query())}};
 }
 
-/// A request's URL, in the steps in which requests are built.
+/// A request's URL, built in the same steps as a request.
 json builtURL(const json& in) {
     const auto base = URL::make(in["base"].get<std::string>());
     if (!base) return nullptr;
@@ -54,7 +54,7 @@ json builtURL(const json& in) {
     return url ? json(url->absoluteString()) : json(nullptr);
 }
 
-/// Every line of `file` gives its answer; a line without a required answer must only not crash.
+/// Checks that every line of `file` gives its expected result. A line without one must only not crash.
 void expectAnswers(const std::string& file, std::size_t atLeast, json (*answer)(const json&)) {
     const std::vector<json> lines = test::vectors(file);
     ASSERT_GE(lines.size(), atLeast);
@@ -65,17 +65,13 @@ void expectAnswers(const std::string& file, std::size_t atLeast, json (*answer)(
     }
 }
 
-TEST(URLVectors, EveryTextIsReadAsAURLAsThePlatformReadsIt) {
-    expectAnswers("url_parse.jsonl", 34, parsedURL);
-}
+TEST(URLVectors, URLsAreParsedLikeThePlatform) { expectAnswers("url_parse.jsonl", 34, parsedURL); }
 
-TEST(URLVectors, EveryTextIsReadAsComponentsAsThePlatformReadsIt) {
+TEST(URLVectors, ComponentsAreParsedLikeThePlatform) {
     expectAnswers("url_components.jsonl", 469, parsedComponents);
 }
 
-TEST(URLVectors, EveryRequestIsBuiltAsThePlatformBuildsIt) {
-    expectAnswers("url_build.jsonl", 2500, builtURL);
-}
+TEST(URLVectors, RequestsAreBuiltLikeThePlatform) { expectAnswers("url_build.jsonl", 2500, builtURL); }
 
 }  // namespace
 }  // namespace VanticRestKit

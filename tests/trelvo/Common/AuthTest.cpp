@@ -7,15 +7,15 @@ namespace VanticRestKit {
 namespace {
 
 using test::decoded;
-using test::Word;
+using test::Strictness;
 
 test::EntityRules tokens() {
     return {.type = test::decodable<Auth>,
-            .least = R"({"access_token":"a","refresh_token":"r","token_type":"t","expiry":5})",
-            .fields = {{"accessToken", "access_token", Word::required, test::text()},
-                       {"expiry", "expiry", Word::required, test::secondsSince1970()},
-                       {"refreshToken", "refresh_token", Word::required, test::text()},
-                       {"tokenType", "token_type", Word::required, test::text()}}};
+            .minimal = R"({"access_token":"a","refresh_token":"r","token_type":"t","expiry":5})",
+            .fields = {{"accessToken", "access_token", Strictness::required, test::text()},
+                       {"expiry", "expiry", Strictness::required, test::secondsSince1970()},
+                       {"refreshToken", "refresh_token", Strictness::required, test::text()},
+                       {"tokenType", "token_type", Strictness::required, test::text()}}};
 }
 
 TEST(Auth, HasFourFieldsInDeclaredOrder) {

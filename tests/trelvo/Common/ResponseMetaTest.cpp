@@ -7,15 +7,15 @@ namespace VanticRestKit {
 namespace {
 
 using test::decoded;
-using test::Word;
+using test::Strictness;
 
 test::EntityRules facts() {
     test::Shape number = test::unsignedNumber();
     return {.type = test::decodable<ResponseMeta>,
-            .least = "{}",
-            .fields = {{"count", "count", Word::optional, number},
-                       {"data", "data", Word::optional, test::text()},
-                       {"statusCode", "status_code", Word::optional, number}}};
+            .minimal = "{}",
+            .fields = {{"count", "count", Strictness::optional, number},
+                       {"data", "data", Strictness::optional, test::text()},
+                       {"statusCode", "status_code", Strictness::optional, number}}};
 }
 
 TEST(ResponseMeta, HasThreeFieldsInDeclaredOrder) {

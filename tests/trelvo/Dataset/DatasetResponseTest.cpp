@@ -7,7 +7,7 @@ namespace VanticRestKit {
 namespace {
 
 using test::decoded;
-using test::Word;
+using test::Strictness;
 
 test::Shape containers() {
     const std::string empty =
@@ -23,10 +23,10 @@ test::Shape containers() {
 
 test::EntityRules answers() {
     return {.type = test::decodable<DatasetResponse>,
-            .least = "{}",
-            .fields = {{"meta", "meta", Word::lenient, test::metaObject()},
-                       {"data", "data", Word::lenient, containers()},
-                       {"auth", "auth", Word::lenient, test::authObject()}}};
+            .minimal = "{}",
+            .fields = {{"meta", "meta", Strictness::lenient, test::metaObject()},
+                       {"data", "data", Strictness::lenient, containers()},
+                       {"auth", "auth", Strictness::lenient, test::authObject()}}};
 }
 
 std::size_t countOf(const std::string& data) {

@@ -21,15 +21,15 @@ inline Shape freeFormObject() {
 
 inline EntityRules datasetContainers() {
     return {.type = decodable<DatasetContainer>,
-            .least = R"({"uid":"u","dataset":{}})",
-            .fields = {{"uid", "uid", Word::required, text()},
-                       {"parentUid", "parent_uid", Word::lenient, text()},
-                       {"oid", "oid", Word::lenient, text()},
-                       {"source", "source", Word::lenient, text()},
-                       {"namespace", "namespace", Word::lenient, text()},
-                       {"dataset", "dataset", Word::required, freeFormObject()},
-                       {"created", "created", Word::lenient, isoDateText()},
-                       {"updated", "updated", Word::lenient, isoDateText()}}};
+            .minimal = R"({"uid":"u","dataset":{}})",
+            .fields = {{"uid", "uid", Strictness::required, text()},
+                       {"parentUid", "parent_uid", Strictness::lenient, text()},
+                       {"oid", "oid", Strictness::lenient, text()},
+                       {"source", "source", Strictness::lenient, text()},
+                       {"namespace", "namespace", Strictness::lenient, text()},
+                       {"dataset", "dataset", Strictness::required, freeFormObject()},
+                       {"created", "created", Strictness::lenient, isoDateText()},
+                       {"updated", "updated", Strictness::lenient, isoDateText()}}};
 }
 
 }  // namespace VanticRestKit::test

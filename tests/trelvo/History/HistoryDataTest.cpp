@@ -9,21 +9,21 @@ namespace VanticRestKit {
 namespace {
 
 using test::decoded;
-using test::Word;
+using test::Strictness;
 
 test::EntityRules records() {
     return {
         .type = test::decodable<HistoryData>,
-        .least = R"({"uid":"u","oid":"o","slug":"s","namespace":"n","key":"k","progress":1,"done":false})",
-        .fields = {{"source", "source", Word::lenient, test::rawText("lumeno", "lumeno")},
-                   {"uid", "uid", Word::required, test::text()},
-                   {"oid", "oid", Word::required, test::text()},
-                   {"slug", "slug", Word::required, test::text()},
-                   {"namespace", "namespace", Word::required, test::text()},
-                   {"key", "key", Word::required, test::text()},
-                   {"progress", "progress", Word::required, test::wholeNumber()},
-                   {"done", "done", Word::required, test::flag()},
-                   {"lastAccessed", "lastAccessed", Word::lenient, test::apiDateText()}}};
+        .minimal = R"({"uid":"u","oid":"o","slug":"s","namespace":"n","key":"k","progress":1,"done":false})",
+        .fields = {{"source", "source", Strictness::lenient, test::rawText("lumeno", "lumeno")},
+                   {"uid", "uid", Strictness::required, test::text()},
+                   {"oid", "oid", Strictness::required, test::text()},
+                   {"slug", "slug", Strictness::required, test::text()},
+                   {"namespace", "namespace", Strictness::required, test::text()},
+                   {"key", "key", Strictness::required, test::text()},
+                   {"progress", "progress", Strictness::required, test::wholeNumber()},
+                   {"done", "done", Strictness::required, test::flag()},
+                   {"lastAccessed", "lastAccessed", Strictness::lenient, test::apiDateText()}}};
 }
 
 /// The least record and what else it has.

@@ -7,7 +7,7 @@ namespace VanticRestKit {
 namespace {
 
 using test::decoded;
-using test::Word;
+using test::Strictness;
 
 const std::string good =
     R"({"uid":"u","oid":"o","slug":"s","namespace":"n","key":"$","progress":1,"done":true})";
@@ -19,14 +19,14 @@ const std::string withoutProgress =
 test::EntityRules answers() {
     return {
         .type = test::decodable<HistoryResponse>,
-        .least = "{}",
-        .fields = {{"meta", "meta", Word::lenient, test::metaObject()},
-                   {"data", "data", Word::lenient,
+        .minimal = "{}",
+        .fields = {{"meta", "meta", Strictness::lenient, test::metaObject()},
+                   {"data", "data", Strictness::lenient,
                     test::listOf("null",
                                  {{"[" + good + "," + good + "]", "[" + goodShown + "," + goodShown + "]"},
                                   {"[]", "[]"}},
                                  {withoutProgress})},
-                   {"auth", "auth", Word::lenient, test::authObject()}}};
+                   {"auth", "auth", Strictness::lenient, test::authObject()}}};
 }
 
 std::optional<std::vector<HistoryData>> dataOf(const std::string& members) {

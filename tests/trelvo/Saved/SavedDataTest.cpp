@@ -9,19 +9,19 @@ namespace VanticRestKit {
 namespace {
 
 using test::decoded;
-using test::Word;
+using test::Strictness;
 
 test::EntityRules records() {
     return {.type = test::decodable<SavedData>,
-            .least = R"({"oid":"o","slug":"s","namespace":"n","key":"k","order":1})",
-            .fields = {{"source", "source", Word::lenient, test::rawText("lumeno", "lumeno")},
-                       {"oid", "oid", Word::required, test::text()},
-                       {"slug", "slug", Word::required, test::text()},
-                       {"namespace", "namespace", Word::required, test::text()},
-                       {"key", "key", Word::required, test::text()},
-                       {"order", "order", Word::required, test::wholeNumber()},
-                       {"created", "created", Word::lenient, test::apiDateText()},
-                       {"updated", "updated", Word::lenient, test::apiDateText()}}};
+            .minimal = R"({"oid":"o","slug":"s","namespace":"n","key":"k","order":1})",
+            .fields = {{"source", "source", Strictness::lenient, test::rawText("lumeno", "lumeno")},
+                       {"oid", "oid", Strictness::required, test::text()},
+                       {"slug", "slug", Strictness::required, test::text()},
+                       {"namespace", "namespace", Strictness::required, test::text()},
+                       {"key", "key", Strictness::required, test::text()},
+                       {"order", "order", Strictness::required, test::wholeNumber()},
+                       {"created", "created", Strictness::lenient, test::apiDateText()},
+                       {"updated", "updated", Strictness::lenient, test::apiDateText()}}};
 }
 
 /// The least record and what else it has.

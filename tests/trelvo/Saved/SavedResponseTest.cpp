@@ -7,7 +7,7 @@ namespace VanticRestKit {
 namespace {
 
 using test::decoded;
-using test::Word;
+using test::Strictness;
 
 const std::string good = R"({"oid":"o","slug":"s","namespace":"n","key":"$","order":1})";
 const std::string goodShown =
@@ -17,14 +17,14 @@ const std::string withoutOrder = R"({"oid":"o","slug":"s","namespace":"n","key":
 test::EntityRules answers() {
     return {
         .type = test::decodable<SavedResponse>,
-        .least = "{}",
-        .fields = {{"meta", "meta", Word::lenient, test::metaObject()},
-                   {"data", "data", Word::lenient,
+        .minimal = "{}",
+        .fields = {{"meta", "meta", Strictness::lenient, test::metaObject()},
+                   {"data", "data", Strictness::lenient,
                     test::listOf("null",
                                  {{"[" + good + "," + good + "]", "[" + goodShown + "," + goodShown + "]"},
                                   {"[]", "[]"}},
                                  {withoutOrder})},
-                   {"auth", "auth", Word::lenient, test::authObject()}}};
+                   {"auth", "auth", Strictness::lenient, test::authObject()}}};
 }
 
 std::optional<SavedResponse> answerOf(const std::string& members) {

@@ -7,13 +7,13 @@ namespace VanticRestKit {
 namespace {
 
 using test::decoded;
-using test::Word;
+using test::Strictness;
 
 test::EntityRules answers() {
     return {.type = test::decodable<TokenResponse>,
-            .least = "{}",
-            .fields = {{"meta", "meta", Word::lenient, test::metaObject()},
-                       {"auth", "auth", Word::lenient, test::authObject()}}};
+            .minimal = "{}",
+            .fields = {{"meta", "meta", Strictness::lenient, test::metaObject()},
+                       {"auth", "auth", Strictness::lenient, test::authObject()}}};
 }
 
 TEST(TokenResponse, HasTwoFieldsInDeclaredOrder) {

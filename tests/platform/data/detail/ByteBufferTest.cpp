@@ -9,7 +9,7 @@
 using namespace VanticRestKit;
 using namespace VanticRestKit::detail;
 
-TEST(ByteBuffer, GathersPiecesOfAnySize) {
+TEST(ByteBuffer, CollectsPiecesOfAnySize) {
     for (const std::size_t piece : {std::size_t{1}, std::size_t{63}, std::size_t{1000}}) {
         ByteBuffer buffer;
         std::string expected;
@@ -24,7 +24,7 @@ TEST(ByteBuffer, GathersPiecesOfAnySize) {
     }
 }
 
-TEST(ByteBuffer, GivesADataThatOutlivesItWithZeroBytesAfterItsEnd) {
+TEST(ByteBuffer, ReturnsPaddedDataThatOutlivesIt) {
     Data data;
     {
         ByteBuffer buffer;
@@ -38,7 +38,7 @@ TEST(ByteBuffer, GivesADataThatOutlivesItWithZeroBytesAfterItsEnd) {
     EXPECT_EQ(std::string(copy.data() + 3, Data::padding), std::string(Data::padding, '\0'));
 }
 
-TEST(ByteBuffer, TakesWhatIsWrittenToItsSpareMemory) {
+TEST(ByteBuffer, AddsTheBytesWrittenToItsSpareMemory) {
     ByteBuffer buffer;
     ASSERT_TRUE(buffer.append("ab"));
     const auto spare = buffer.spare(100, 200);
@@ -54,7 +54,7 @@ TEST(ByteBuffer, TakesWhatIsWrittenToItsSpareMemory) {
 
 TEST(ByteBuffer, HasNoSpareMemoryAfterItHasFailed) {
 #ifdef VRK_IS_SANITIZED
-    GTEST_SKIP() << "a sanitizer ends a process that asks for so much";
+    GTEST_SKIP() << "a sanitizer ends a process that requests so much memory";
 #endif
     ByteBuffer buffer;
     EXPECT_TRUE(buffer.spare(std::numeric_limits<std::size_t>::max() / 2, 10).empty());
@@ -62,17 +62,17 @@ TEST(ByteBuffer, HasNoSpareMemoryAfterItHasFailed) {
     EXPECT_TRUE(buffer.spare(1, 1).empty());
 }
 
-TEST(ByteBuffer, GivesNoBytesIfNothingWasGathered) {
+TEST(ByteBuffer, ReturnsNoBytesIfNothingWasCollected) {
     ByteBuffer buffer;
     EXPECT_EQ(buffer.view(), "");
     EXPECT_TRUE(buffer.append(""));
     EXPECT_TRUE(buffer.take().empty());
 }
 
-TEST(ByteBuffer, RefusesWhatNoMemoryCanHoldAndTakesNothingMore) {
+TEST(ByteBuffer, FailsIfMemoryIsExhaustedAndAcceptsNothingMore) {
     ByteBuffer buffer;
     ASSERT_TRUE(buffer.append("abc"));
-    // Nothing is read of it.
+    // Its bytes are never read.
     const std::string_view huge("abc", std::numeric_limits<std::size_t>::max() / 2);
     EXPECT_FALSE(buffer.append(huge));
     EXPECT_TRUE(buffer.hasFailed());

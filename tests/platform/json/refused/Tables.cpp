@@ -1,4 +1,4 @@
-// A mapping table with the fault that CASE names.
+// A mapping table with the mistake selected by CASE.
 #include <VanticRestKit/platform/json/Table.h>
 
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// An operation whose outcomes the test gives by hand.
+/// An operation whose outcomes the test supplies.
 
 #include <VanticRestKit/platform/async/Operation.h>
 #include <VanticRestKit/platform/error/NSError.h>
@@ -18,13 +18,13 @@ namespace VanticRestKit::test {
 
 using Number = Result<int, Error>;
 
-/// Keeps what was started until `answer`. Outcomes of the work are delivered where `answer` is called.
-class HandSource final : public detail::OperationSource<Number>,
-                         public std::enable_shared_from_this<HandSource> {
+/// Holds each start until `answer`. The outcome is delivered on the thread that calls `answer`.
+class ManualOperationSource final : public detail::OperationSource<Number>,
+                                    public std::enable_shared_from_this<ManualOperationSource> {
 public:
     class Call final : public detail::AsyncCall {
     public:
-        Call(std::shared_ptr<const HandSource> source, LoadOptions options,
+        Call(std::shared_ptr<const ManualOperationSource> source, LoadOptions options,
              UniqueFunction<void(Number)> completion)
             : AsyncCall(std::move(options), source->queue),
               source_(std::move(source)),
@@ -51,7 +51,7 @@ public:
         }
         void release() override { completion_ = nullptr; }
 
-        const std::shared_ptr<const HandSource> source_;
+        const std::shared_ptr<const ManualOperationSource> source_;
         UniqueFunction<void(Number)> completion_;
         std::optional<Number> outcome_;
     };
@@ -63,7 +63,7 @@ public:
     bool needsCurrentQueue() const override { return queue.isCurrent(); }
     Number failed(Error error) const override { return Failure(std::move(error)); }
 
-    /// Waits for the start at `place` and gives it its outcome, on the calling thread.
+    /// Waits for the start with index `place` and delivers its outcome on the calling thread.
     void answer(Number number, std::size_t place = 0) const {
         ASSERT_TRUE(started.wait(static_cast<int>(place) + 1));
         std::shared_ptr<Call> call;
@@ -74,7 +74,7 @@ public:
         call->answer(std::move(number));
     }
 
-    /// Lets go of what was started: a call and its source hold each other.
+    /// Releases the started calls, since a call and its source hold each other.
     void forget() const {
         const std::lock_guard lock(mutex_);
         calls_.clear();
@@ -89,7 +89,7 @@ private:
     mutable std::vector<std::shared_ptr<Call>> calls_;
 };
 
-/// The code of the failure of an outcome; 0 of a success.
+/// The error code of a failure, 0 for a success.
 inline std::int64_t codeOf(const Number& outcome) { return outcome ? 0 : outcome.error().code(); }
 
 }  // namespace VanticRestKit::test
