@@ -10,7 +10,7 @@ using namespace VanticRestKit::detail;
 
 namespace {
 
-/// How many of the waiting may go now.
+/// Admits all that may start now. Returns how many.
 int admitAll(Admission& admission) {
     int count = 0;
     while (admission.admitNext() != nullptr) ++count;
@@ -19,7 +19,7 @@ int admitAll(Admission& admission) {
 
 }  // namespace
 
-TEST(Admission, LetsAsManyGoAsThereAreConnections) {
+TEST(Admission, AdmitsAsManyAsThereAreConnections) {
     Admission admission(6);
     std::vector<Applicant> applicants(20);
     for (Applicant& applicant : applicants) admission.enqueue(applicant, "http://host:80");
@@ -31,7 +31,7 @@ TEST(Admission, LetsAsManyGoAsThereAreConnections) {
     EXPECT_EQ(admission.admitNext(), nullptr);
 }
 
-TEST(Admission, EachOriginHasItsLine) {
+TEST(Admission, EachOriginHasItsOwnQueue) {
     Admission admission(1);
     std::vector<Applicant> applicants(4);
     admission.enqueue(applicants[0], "a");
@@ -43,7 +43,7 @@ TEST(Admission, EachOriginHasItsLine) {
     EXPECT_TRUE(applicants[3].isWaiting());
 }
 
-TEST(Admission, LetsNoMoreGoOverAllOriginsThanItsLimit) {
+TEST(Admission, AdmitsNoMoreThanItsLimitOverAllOrigins) {
     Admission admission(6, 10);
     std::vector<Applicant> applicants(40);
     for (std::size_t i = 0; i < applicants.size(); ++i) {
@@ -55,7 +55,7 @@ TEST(Admission, LetsNoMoreGoOverAllOriginsThanItsLimit) {
     EXPECT_EQ(admission.admitNext(), nullptr);
     admission.learn(applicants[1], Carriage::many);
     admission.setAside(applicants[1], true);
-    EXPECT_EQ(admission.admitNext(), nullptr) << "one set aside is still under way";
+    EXPECT_EQ(admission.admitNext(), nullptr) << "a request that is set aside still counts";
     admission.leave(applicants[1]);
     EXPECT_EQ(admitAll(admission), 1);
 }
@@ -74,10 +74,11 @@ TEST(Admission, OriginsTakeTurns) {
     admission.leave(crowd[0]);
     admission.leave(crowd[1]);
     const Applicant* const next = admission.admitNext();
-    EXPECT_TRUE(next == &late || admission.admitNext() == &late) << "a crowd does not go first again";
+    EXPECT_TRUE(next == &late || admission.admitNext() == &late)
+        << "the crowded origin is not served first again";
 }
 
-TEST(Admission, AnOriginThatCarriesManyOnOneConnectionTakesAHundred) {
+TEST(Admission, AnOriginWithMultiplexingIsAllowedAHundred) {
     Admission admission(6);
     std::vector<Applicant> applicants(150);
     for (Applicant& applicant : applicants) admission.enqueue(applicant, "a");
@@ -88,10 +89,10 @@ TEST(Admission, AnOriginThatCarriesManyOnOneConnectionTakesAHundred) {
     EXPECT_EQ(admitAll(admission), 94);
     admission.learn(applicants[0], Carriage::one);
     admission.leave(applicants[5]);
-    EXPECT_EQ(admitAll(admission), 0) << "far above what is allowed now";
+    EXPECT_EQ(admitAll(admission), 0) << "far more are in flight than are allowed now";
 }
 
-TEST(Admission, AnOriginThatRefusesWhatGoesToItAtOnceTakesNoMoreThanConnectionsFromThenOn) {
+TEST(Admission, AnOriginThatRefusesConcurrentRequestsIsLimitedToItsConnections) {
     Admission admission(6);
     std::vector<Applicant> applicants(150);
     for (Applicant& applicant : applicants) admission.enqueue(applicant, "a");
@@ -100,14 +101,14 @@ TEST(Admission, AnOriginThatRefusesWhatGoesToItAtOnceTakesNoMoreThanConnectionsF
     EXPECT_EQ(admitAll(admission), 94);
     admission.narrow(applicants[0]);
     for (std::size_t i = 0; i < 94; ++i) admission.leave(applicants[i]);
-    EXPECT_EQ(admitAll(admission), 0) << "six are under way still";
+    EXPECT_EQ(admitAll(admission), 0) << "six are still in flight";
     admission.learn(applicants[99], Carriage::many);
-    EXPECT_EQ(admitAll(admission), 0) << "that it answers one does not make it take more";
+    EXPECT_EQ(admitAll(admission), 0) << "one response does not raise the limit again";
     for (std::size_t i = 94; i < 100; ++i) admission.leave(applicants[i]);
     EXPECT_EQ(admitAll(admission), 6);
 }
 
-TEST(Admission, OneThatLeavesWhileItWaitsIsNeverCalled) {
+TEST(Admission, ARequestThatLeavesTheQueueIsNeverAdmitted) {
     Admission admission(1);
     std::vector<Applicant> applicants(3);
     for (Applicant& applicant : applicants) admission.enqueue(applicant, "a");
@@ -119,7 +120,7 @@ TEST(Admission, OneThatLeavesWhileItWaitsIsNeverCalled) {
     EXPECT_EQ(admission.admitNext(), &applicants[2]);
 }
 
-TEST(Admission, OneThatIsSetAsideMakesRoomForConnectionsOfTheOthers) {
+TEST(Admission, ARequestSetAsideFreesTheLimitForOtherConnections) {
     Admission admission(6);
     std::vector<Applicant> applicants(30);
     for (Applicant& applicant : applicants) admission.enqueue(applicant, "a");
@@ -130,13 +131,13 @@ TEST(Admission, OneThatIsSetAsideMakesRoomForConnectionsOfTheOthers) {
     EXPECT_TRUE(admission.hasSetAside(applicants[29]));
     std::vector<Applicant> more(10);
     for (Applicant& applicant : more) admission.enqueue(applicant, "a");
-    EXPECT_EQ(admitAll(admission), 3) << "five connections beside the one, two of them taken";
+    EXPECT_EQ(admitAll(admission), 3) << "five other connections, two of them in use";
     for (std::size_t i = 0; i < 28; ++i) admission.setAside(applicants[i], false);
     EXPECT_FALSE(admission.hasSetAside(applicants[29]));
     EXPECT_EQ(admitAll(admission), 7);
 }
 
-TEST(Admission, OneSetAsideAndBackIsCountedAsBefore) {
+TEST(Admission, ARequestSetAsideAndTakenBackCountsAsBefore) {
     Admission admission(3);
     std::vector<Applicant> applicants(6);
     for (Applicant& applicant : applicants) admission.enqueue(applicant, "a");
@@ -146,7 +147,7 @@ TEST(Admission, OneSetAsideAndBackIsCountedAsBefore) {
     admission.setAside(applicants[0], false);
     admission.setAside(applicants[0], true);
     EXPECT_TRUE(admission.hasSetAside(applicants[1]));
-    EXPECT_EQ(admitAll(admission), 0) << "two connections beside the one";
+    EXPECT_EQ(admitAll(admission), 0) << "two other connections";
     admission.setAside(applicants[0], false);
     EXPECT_FALSE(admission.hasSetAside(applicants[1]));
     admission.leave(applicants[0]);
@@ -154,7 +155,7 @@ TEST(Admission, OneSetAsideAndBackIsCountedAsBefore) {
     EXPECT_FALSE(admission.hasSetAside(applicants[0])) << "it has left";
 }
 
-TEST(Admission, OneThatHasLeftTellsNothingOfItsOrigin) {
+TEST(Admission, ARequestThatHasLeftDoesNotAffectItsOrigin) {
     Admission admission(1);
     std::vector<Applicant> applicants(2);
     for (Applicant& applicant : applicants) admission.enqueue(applicant, "a");
@@ -186,13 +187,13 @@ TEST(Admission, ForgetsOriginsThatAreIdle) {
     }
     Applicant second;
     admission.enqueue(second, "busy");
-    EXPECT_EQ(admitAll(admission), 0) << "this one is not forgotten";
+    EXPECT_EQ(admitAll(admission), 0) << "this origin is not forgotten";
     Applicant third;
     admission.enqueue(third, "aside");
-    EXPECT_EQ(admission.carriage(third), Carriage::many) << "nor is this one";
+    EXPECT_EQ(admission.carriage(third), Carriage::many) << "nor is this origin";
 }
 
-TEST(Admission, OriginsWhoseNamesAreNotLookedUpYetWaitWhileTooManyAre) {
+TEST(Admission, OriginsWaitIfTooManyLookupsAreInProgress) {
     Admission admission(6, 100, 2);
     std::vector<Applicant> applicants(4);
     for (std::size_t i = 0; i < 3; ++i)
@@ -201,13 +202,13 @@ TEST(Admission, OriginsWhoseNamesAreNotLookedUpYetWaitWhileTooManyAre) {
     EXPECT_EQ(admission.admitNext(), &applicants[1]);
     EXPECT_EQ(admission.admitNext(), nullptr);
     admission.enqueue(applicants[3], "http://127.0.0.1:80");
-    EXPECT_EQ(admission.admitNext(), &applicants[3]) << "an address is not looked up";
+    EXPECT_EQ(admission.admitNext(), &applicants[3]) << "an IP address needs no lookup";
     admission.endLookup(applicants[0]);
     EXPECT_EQ(admission.admitNext(), &applicants[2]);
     for (Applicant& applicant : applicants) admission.leave(applicant);
 }
 
-TEST(Admission, TellsHowManyWaitForAnOrigin) {
+TEST(Admission, CountsTheRequestsThatWaitForAnOrigin) {
     Admission admission(1);
     std::vector<Applicant> applicants(3);
     EXPECT_EQ(admission.waitingFor("http://a"), 0U);
@@ -219,7 +220,7 @@ TEST(Admission, TellsHowManyWaitForAnOrigin) {
     for (Applicant& applicant : applicants) admission.leave(applicant);
 }
 
-TEST(Admission, AnOriginThatWaitsForALookupIsLeftByThoseWhoGiveUp) {
+TEST(Admission, ARequestCanLeaveWhileItsOriginWaitsForALookup) {
     Admission admission(6, 100, 1);
     std::vector<Applicant> applicants(3);
     for (std::size_t i = 0; i < 3; ++i)

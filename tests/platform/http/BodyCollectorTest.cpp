@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::size_t megabyte = 1024 * 1024;
 
-/// Adds a piece and decodes all of it.
+/// Adds a piece and decodes it completely.
 std::optional<TransportFault> addAll(BodyCollector& body, std::string_view piece) {
     std::size_t budget = std::numeric_limits<std::size_t>::max();
     auto fault = body.add(piece, budget);
@@ -39,7 +39,7 @@ std::string reasonOf(const std::optional<TransportFault>& fault) {
 
 }  // namespace
 
-TEST(BodyCollector, GathersPieces) {
+TEST(BodyCollector, CollectsPieces) {
     BodyCollector body;
     body.expect(6, {});
     EXPECT_FALSE(addAll(body, "one").has_value());
@@ -48,14 +48,14 @@ TEST(BodyCollector, GathersPieces) {
     EXPECT_EQ(body.take().view(), "onetwo");
 }
 
-TEST(BodyCollector, GivesABodyOfNoBytes) {
+TEST(BodyCollector, ReturnsAnEmptyBody) {
     BodyCollector body;
     body.expect(std::nullopt, decodingFor("gzip"));
     EXPECT_FALSE(body.finish().has_value());
     EXPECT_EQ(body.take().size(), 0U);
 }
 
-TEST(BodyCollector, DoesNotTakeTheMemoryThatALengthClaims) {
+TEST(BodyCollector, DoesNotAllocateTheDeclaredLength) {
     for (const char* coding : {"", "gzip"}) {
         BodyCollector body;
         body.expect(std::numeric_limits<std::uint64_t>::max(), decodingFor(coding));
@@ -63,7 +63,7 @@ TEST(BodyCollector, DoesNotTakeTheMemoryThatALengthClaims) {
     }
 }
 
-TEST(BodyCollector, KeepsABodyThatIsLargerThanItsLengthClaims) {
+TEST(BodyCollector, KeepsABodyLargerThanItsDeclaredLength) {
     const std::string text = sampleText(100 * 1000);
     BodyCollector body;
     body.expect(1, {});
@@ -75,7 +75,7 @@ TEST(BodyCollector, KeepsABodyThatIsLargerThanItsLengthClaims) {
     EXPECT_EQ(std::string_view(data.data() + data.size(), Data::padding), std::string(Data::padding, '\0'));
 }
 
-TEST(BodyCollector, UndoesSeveralCodingsTheLastOneFirst) {
+TEST(BodyCollector, DecodesSeveralCodingsInReverseOrder) {
     const std::string text = sampleText(200 * 1000);
     const std::string coded = brotlied(gzipped(text));
     BodyCollector body;
@@ -87,7 +87,7 @@ TEST(BodyCollector, UndoesSeveralCodingsTheLastOneFirst) {
     EXPECT_TRUE(body.take().view() == text);
 }
 
-TEST(BodyCollector, SaysWhenACodingIsBrokenOrHasNoEnd) {
+TEST(BodyCollector, ReportsAMalformedOrTruncatedCoding) {
     BodyCollector broken;
     broken.expect(std::nullopt, decodingFor("gzip"));
     ASSERT_TRUE(addAll(broken, "no gzip at all").has_value());
@@ -98,14 +98,14 @@ TEST(BodyCollector, SaysWhenACodingIsBrokenOrHasNoEnd) {
     EXPECT_EQ(cut.finish()->code, URLErrorCode::cannotDecodeContentData);
 }
 
-TEST(BodyCollector, TakesAPlainBodyAsLargeAsItsLimitAndNoLarger) {
+TEST(BodyCollector, AcceptsAPlainBodyUpToItsLimit) {
     const URLSessionLimits limits{.maxBodyBytes = 10};
     BodyCollector body(limits);
     EXPECT_EQ(addAll(body, "ten bytes."), std::nullopt);
     EXPECT_EQ(reasonOf(addAll(body, "+")), "The body of the answer is larger than 10 bytes (maxBodyBytes).");
 }
 
-TEST(BodyCollector, RefusesAnAnnouncedLengthAboveTheLimitOfTheWire) {
+TEST(BodyCollector, RejectsADeclaredLengthAboveTheLimitOnTheWire) {
     const URLSessionLimits limits{.maxBodyBytesOnWire = 2048};
     BodyCollector body(limits);
     body.expect(2049, {});
@@ -113,10 +113,10 @@ TEST(BodyCollector, RefusesAnAnnouncedLengthAboveTheLimitOfTheWire) {
               "The body of the answer is larger than 2 KB (maxBodyBytesOnWire).");
 }
 
-TEST(BodyCollector, RefusesAnAnnouncedLengthThatAProcessCannotAddressWhateverTheLimit) {
+TEST(BodyCollector, RejectsADeclaredLengthAboveTheAddressSpaceWhateverTheLimit) {
     constexpr URLSessionLimits none{.maxBodyBytesOnWire = URLSessionLimits::unlimited,
                                     .maxBodyBytes = URLSessionLimits::unlimited};
-    // Of five gigabytes a size of 32 bits would keep one.
+    // Truncated to 32 bits, five gigabytes would become one.
     constexpr std::uint64_t fiveGigabytes = std::uint64_t{5} << 30;
     constexpr std::uint64_t addressable = std::numeric_limits<std::ptrdiff_t>::max();
     for (const std::uint64_t length :
@@ -129,7 +129,7 @@ TEST(BodyCollector, RefusesAnAnnouncedLengthThatAProcessCannotAddressWhateverThe
     }
 }
 
-TEST(BodyCollector, RefusesACodedBodyThatExceedsALimitAfterItsCodingIsUndone) {
+TEST(BodyCollector, RejectsABodyThatExceedsALimitAfterDecoding) {
     const URLSessionLimits limits{.maxBodyBytes = 2 * megabyte,
                                   .maxDecodingRatio = URLSessionLimits::unlimited};
     for (const std::size_t size : {2 * megabyte, 2 * megabyte + 1}) {
@@ -145,14 +145,14 @@ TEST(BodyCollector, RefusesACodedBodyThatExceedsALimitAfterItsCodingIsUndone) {
 
 TEST(BodyCollector, LimitsTheSizeBetweenTwoCodings) {
     const URLSessionLimits limits{.maxBodyBytes = megabyte};
-    // The inner coding drops what follows its end.
+    // The inner coding ignores data after its end.
     const std::string coded = gzipped(gzipped("short") + std::string(2 * megabyte, 'x'));
     BodyCollector body(limits);
     body.expect(std::nullopt, decodingFor("gzip, gzip"));
     EXPECT_EQ(reasonOf(addAll(body, coded)), "The body of the answer is larger than 1 MB (maxBodyBytes).");
 }
 
-TEST(BodyCollector, RefusesARatioAboveTheLimitOnlyAfterTheFirstMegabyte) {
+TEST(BodyCollector, RejectsARatioAboveTheLimitOnlyAfterTheFirstMegabyte) {
     BodyCollector small;
     small.expect(std::nullopt, decodingFor("br"));
     EXPECT_EQ(addAll(small, brotlied(std::string(megabyte, 'x'))), std::nullopt);
@@ -181,7 +181,7 @@ TEST(BodyCollector, DecodesNoMoreThanItsBudgetAtATime) {
     EXPECT_TRUE(body.take().view() == text);
 }
 
-TEST(BodyCollector, UndoesCodingsOfWhichSomeAreDecodedOnAnotherThread) {
+TEST(BodyCollector, DecodesCodingsIncludingThoseDecodedOnAnotherThread) {
     const std::string text = std::string(3 * megabyte, 'x') + sampleText(megabyte);
     const std::string coded = brotlied(gzipped(brotlied(text)));
     const URLSessionLimits limits{.maxDecodingRatio = URLSessionLimits::unlimited};
@@ -195,7 +195,7 @@ TEST(BodyCollector, UndoesCodingsOfWhichSomeAreDecodedOnAnotherThread) {
     EXPECT_TRUE(body.take().view() == text);
 }
 
-TEST(BodyCollector, MayGoWhileAnotherThreadIsAtWorkOnIt) {
+TEST(BodyCollector, CanBeDestroyedWhileAnotherThreadDecodes) {
     const std::string coded = brotlied(std::string(8 * megabyte, 'x'));
     for (int i = 0; i < 20; ++i) {
         BodyCollector body;

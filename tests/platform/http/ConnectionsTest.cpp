@@ -16,7 +16,7 @@ using namespace VanticRestKit::test;
 
 namespace {
 
-/// A socket that is connected to a peer of its own.
+/// A connected socket and its peer.
 class OpenConnection : public testing::Test {
 protected:
     OpenConnection() {
@@ -47,7 +47,7 @@ protected:
 
 }  // namespace
 
-TEST_F(OpenConnection, IsFoundByItsSocketAndByItsEnds) {
+TEST_F(OpenConnection, IsFoundByItsSocketAndByItsEndpoints) {
     ASSERT_NE(found(), nullptr);
     EXPECT_EQ(found(), connections_.find(socket_));
     EXPECT_EQ(connections_.find({"127.0.0.1", "127.0.0.1", localPort_, remotePort_}), nullptr);
@@ -56,7 +56,7 @@ TEST_F(OpenConnection, IsFoundByItsSocketAndByItsEnds) {
 
 TEST_F(OpenConnection, IsNotInheritedByChildProcesses) { EXPECT_NE(fcntl(socket_, F_GETFD) & FD_CLOEXEC, 0); }
 
-TEST_F(OpenConnection, IsShutDownWithItsOwnAddressAndNoOther) {
+TEST_F(OpenConnection, IsShutDownOnlyByItsOwnAddress) {
     pollfd end{.fd = peer_.descriptor(), .events = POLLIN, .revents = 0};
     connections_.shutDownFrom("127.0.0.2");
     EXPECT_EQ(poll(&end, 1, 0), 0);
@@ -64,11 +64,11 @@ TEST_F(OpenConnection, IsShutDownWithItsOwnAddressAndNoOther) {
     EXPECT_EQ(poll(&end, 1, 30000), 1);
 }
 
-TEST_F(OpenConnection, IsFoundNoMoreOnceItIsClosed) {
+TEST_F(OpenConnection, IsNotFoundAfterItIsClosed) {
     const std::shared_ptr<Connection> connection = found();
     ASSERT_NE(connection, nullptr);
     connections_.close(socket_);
     EXPECT_EQ(connection->socket, -1);
-    EXPECT_EQ(found(), nullptr) << "another connection may have the same ends later";
+    EXPECT_EQ(found(), nullptr) << "another connection may have the same endpoints later";
     EXPECT_EQ(connections_.find(socket_), nullptr);
 }

@@ -30,7 +30,7 @@ constexpr Coding codings[] = {{"gzip", &gzipped, &makeGzipDecoder},
                               {"raw deflate", &rawDeflated, &makeDeflateDecoder},
                               {"br", &brotlied, &makeBrotliDecoder}};
 
-/// Waits until no other thread is at work for `decoder`. Whether one was to be waited for.
+/// Waits until no other thread works for `decoder`. Returns whether there was one.
 bool awaitWork(const ContentDecoder& decoder) {
     const bool isWorking = decoder.isWorking();
     const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
@@ -39,7 +39,7 @@ bool awaitWork(const ContentDecoder& decoder) {
     return isWorking;
 }
 
-/// Appends all that `coded` decodes to to `plain`, written in pieces of `step`. Whether the coding is good so far.
+/// Decodes `coded` in pieces of `step` and appends the result to `plain`. Returns whether the coding is valid so far.
 bool decodeAll(ContentDecoder& decoder, std::string_view coded, std::string& plain,
                std::size_t step = 32 * 1024) {
     std::vector<char> output(step);
@@ -50,13 +50,13 @@ bool decodeAll(ContentDecoder& decoder, std::string_view coded, std::string& pla
         if (decoder.hasMore()) {
             awaitWork(decoder);
         } else if (*written < step) {
-            EXPECT_TRUE(coded.empty()) << "a decoder with space left uses all of its input";
+            EXPECT_TRUE(coded.empty()) << "a decoder with space left consumes all of its input";
             return true;
         }
     }
 }
 
-/// A raw deflate of one block that is not compressed: each byte of it gives one of the text.
+/// A raw deflate stream with one uncompressed block, so that each input byte gives one byte of text.
 std::string stored(const std::string& text) {
     const std::size_t size = text.size();
     const auto byte = [](std::size_t value) {
@@ -65,7 +65,7 @@ std::string stored(const std::string& text) {
     return std::string{byte(1), byte(size), byte(size >> 8), byte(~size), byte(~size >> 8)} + text;
 }
 
-/// A body of brotli with a large window, made part by part.
+/// A brotli body with a large window, encoded part by part.
 class BrotliStream {
 public:
     BrotliStream() : encoder_(BrotliEncoderCreateInstance(nullptr, nullptr, nullptr)) {
@@ -77,7 +77,7 @@ public:
     ~BrotliStream() { BrotliEncoderDestroyInstance(encoder_); }
 
     BrotliStream& add(std::string_view text) { return add(text, BROTLI_OPERATION_FLUSH); }
-    /// Bytes that take part in no output.
+    /// Metadata, which does not appear in the output.
     BrotliStream& addMetadata(std::string_view bytes) { return add(bytes, BROTLI_OPERATION_EMIT_METADATA); }
     std::string finish() {
         add({}, BROTLI_OPERATION_FINISH);
@@ -107,7 +107,7 @@ private:
 
 }  // namespace
 
-TEST(ContentDecoder, UndoesACodingInPiecesOfAnySize) {
+TEST(ContentDecoder, DecodesInPiecesOfAnySize) {
     const std::string text = sampleText(70 * 1000);
     for (const Coding& coding : codings) {
         const std::string coded = coding.code(text);
@@ -124,7 +124,7 @@ TEST(ContentDecoder, UndoesACodingInPiecesOfAnySize) {
     }
 }
 
-TEST(ContentDecoder, UndoesABodyThatFillsItsRoomToTheLastByte) {
+TEST(ContentDecoder, DecodesABodyThatFillsTheOutputBufferExactly) {
     for (const std::size_t size : {32U * 1024U, 64U * 1024U}) {
         const std::string text = sampleText(size);
         for (const Coding& coding : codings) {
@@ -137,7 +137,7 @@ TEST(ContentDecoder, UndoesABodyThatFillsItsRoomToTheLastByte) {
     }
 }
 
-TEST(ContentDecoder, TakesMoreWhenAPieceHasFilledItsRoom) {
+TEST(ContentDecoder, AcceptsMoreInputAfterTheOutputBufferWasFilled) {
     const std::string text = sampleText(40'000);
     const std::string coded = stored(text);
     const std::size_t head = coded.size() - text.size();
@@ -153,7 +153,7 @@ TEST(ContentDecoder, TakesMoreWhenAPieceHasFilledItsRoom) {
     }
 }
 
-TEST(ContentDecoder, TellsARawDeflateByBothOfItsFirstBytes) {
+TEST(ContentDecoder, RecognisesRawDeflateByItsFirstTwoBytes) {
     int looksFramed = 0;
     for (std::size_t size = 1; size < 400; ++size) {
         const std::string text = sampleText(size);
@@ -165,10 +165,10 @@ TEST(ContentDecoder, TellsARawDeflateByBothOfItsFirstBytes) {
         EXPECT_TRUE(decodeAll(*decoder, coded, plain)) << size;
         EXPECT_EQ(plain, text);
     }
-    EXPECT_GT(looksFramed, 0) << "by the second test alone";
+    EXPECT_GT(looksFramed, 0) << "by the second check alone";
 }
 
-TEST(ContentDecoder, WritesNoMoreThanItIsAskedForAndGoesOnFromThere) {
+TEST(ContentDecoder, WritesNoMoreThanRequestedAndContinuesFromThere) {
     const std::string text = std::string(50'000, 'x') + sampleText(3000);
     for (const Coding& coding : codings) {
         for (const std::size_t step : {std::size_t{1}, std::size_t{7}, std::size_t{1000}, text.size()}) {
@@ -194,7 +194,7 @@ TEST(ContentDecoder, HasNotEndedBeforeTheLastByte) {
     }
 }
 
-TEST(ContentDecoder, UndoesAnEmptyBody) {
+TEST(ContentDecoder, DecodesAnEmptyBody) {
     for (const Coding& coding : codings) {
         const auto decoder = coding.make();
         std::string plain;
@@ -204,7 +204,7 @@ TEST(ContentDecoder, UndoesAnEmptyBody) {
     }
 }
 
-TEST(ContentDecoder, RefusesWhatIsNoCoding) {
+TEST(ContentDecoder, RejectsInvalidData) {
     for (const Coding& coding : codings) {
         const auto decoder = coding.make();
         std::string plain;
@@ -213,14 +213,14 @@ TEST(ContentDecoder, RefusesWhatIsNoCoding) {
     }
 }
 
-TEST(ContentDecoder, RefusesAtOnceWhatCannotBeginItsCoding) {
+TEST(ContentDecoder, RejectsDataThatCannotStartACoding) {
     for (const Coding& coding : codings) {
         std::string plain;
         EXPECT_FALSE(decodeAll(*coding.make(), std::string(100, '\xFF'), plain)) << coding.name;
     }
 }
 
-TEST(ContentDecoder, DropsWhatFollowsTheEnd) {
+TEST(ContentDecoder, IgnoresDataAfterTheEnd) {
     for (const Coding& coding : codings) {
         const auto decoder = coding.make();
         std::string plain;
@@ -231,7 +231,7 @@ TEST(ContentDecoder, DropsWhatFollowsTheEnd) {
     }
 }
 
-TEST(ContentDecoder, UndoesGzipFilesThatFollowEachOther) {
+TEST(ContentDecoder, DecodesConcatenatedGzipFiles) {
     const std::string coded = gzipped("one, ") + gzipped("two, ") + gzipped("three");
     for (const std::size_t step : {std::size_t{1}, coded.size()}) {
         const auto decoder = makeGzipDecoder();
@@ -244,7 +244,7 @@ TEST(ContentDecoder, UndoesGzipFilesThatFollowEachOther) {
     }
 }
 
-TEST(ContentDecoder, FillsALargeWindowOfBrotliOnAnotherThread) {
+TEST(ContentDecoder, FillsALargeBrotliWindowOnAnotherThread) {
     const std::string text = std::string(20'000'000, 'x') + sampleText(1'000'000);
     const std::string coded = BrotliStream().add(text).finish();
     const auto decoder = makeBrotliDecoder();
@@ -263,9 +263,9 @@ TEST(ContentDecoder, FillsALargeWindowOfBrotliOnAnotherThread) {
     EXPECT_GT(windows, 0);
 }
 
-TEST(ContentDecoder, EndsABodyOfBrotliThatFillsItsWindowsToTheLastByte) {
+TEST(ContentDecoder, EndsABrotliBodyThatFillsItsWindowExactly) {
     const std::string text = sampleText(4 * 1024 * 1024);
-    // Its window is an MB.
+    // Its window is 1 MB.
     const std::string coded = brotlied(text);
     const auto decoder = makeBrotliDecoder();
     std::string plain;
@@ -274,7 +274,7 @@ TEST(ContentDecoder, EndsABodyOfBrotliThatFillsItsWindowsToTheLastByte) {
     EXPECT_TRUE(decoder->hasEnded());
 }
 
-TEST(ContentDecoder, DecodesASmallBodyOfBrotliAtOnce) {
+TEST(ContentDecoder, DecodesASmallBrotliBodyOnTheCallingThread) {
     const std::string text = sampleText(250'000);
     const std::string coded = BrotliStream().add(text).finish();
     const auto decoder = makeBrotliDecoder();
@@ -285,7 +285,7 @@ TEST(ContentDecoder, DecodesASmallBodyOfBrotliAtOnce) {
     EXPECT_TRUE(decoder->hasEnded());
 }
 
-TEST(ContentDecoder, GoesOnWithABodyOfBrotliThatBecomesLargeLate) {
+TEST(ContentDecoder, ContinuesABrotliBodyThatBecomesLargeLate) {
     const std::string small = sampleText(100'000);
     const std::string large = sampleText(3'000'000);
     const std::string coded = BrotliStream().add(small).add("x").add(large).add("end").finish();
@@ -300,7 +300,7 @@ TEST(ContentDecoder, GoesOnWithABodyOfBrotliThatBecomesLargeLate) {
     }
 }
 
-TEST(ContentDecoder, ReadsABodyOfBrotliThatGivesNothingForLong) {
+TEST(ContentDecoder, DecodesABrotliBodyWithALongStretchOfNoOutput) {
     BrotliStream stream;
     stream.add("begin ");
     for (int i = 0; i < 20; ++i) stream.addMetadata(std::string(100'000, 'm'));
@@ -314,7 +314,7 @@ TEST(ContentDecoder, ReadsABodyOfBrotliThatGivesNothingForLong) {
     EXPECT_TRUE(decoder->hasEnded());
 }
 
-TEST(ContentDecoder, SeesThatALargeBodyOfBrotliIsCutOrBroken) {
+TEST(ContentDecoder, DetectsATruncatedOrMalformedLargeBrotliBody) {
     const std::string coded = BrotliStream().add(sampleText(2'000'000)).finish();
     const auto cut = makeBrotliDecoder();
     std::string plain;
@@ -326,7 +326,7 @@ TEST(ContentDecoder, SeesThatALargeBodyOfBrotliIsCutOrBroken) {
     EXPECT_FALSE(decodeAll(*decoder, broken, plain) && decoder->hasEnded());
 }
 
-TEST(Decoding, IsReadFromTheNamesOfTheCodings) {
+TEST(Decoding, IsSelectedByTheNamesOfTheCodings) {
     EXPECT_EQ(decodingFor("").decoders.size(), 0U);
     EXPECT_EQ(decodingFor("identity").decoders.size(), 0U);
     EXPECT_TRUE(decodingFor("identity").isKnown);
@@ -337,5 +337,5 @@ TEST(Decoding, IsReadFromTheNamesOfTheCodings) {
     EXPECT_FALSE(decodingFor("zstd").isKnown);
     EXPECT_FALSE(decodingFor("gzip, zstd").isKnown);
     EXPECT_TRUE(decodingFor("gzip, zstd").decoders.empty());
-    EXPECT_FALSE(decodingFor("gzip,gzip,gzip,gzip,gzip").isKnown) << "no server means that";
+    EXPECT_FALSE(decodingFor("gzip,gzip,gzip,gzip,gzip").isKnown) << "no server sends that on purpose";
 }

@@ -7,7 +7,7 @@
 using namespace VanticRestKit;
 using namespace VanticRestKit::detail;
 
-TEST(CurlErrors, BecomeThePlatformsCodes) {
+TEST(CurlErrors, MapToThePlatformsCodes) {
     const auto code = [](CURLcode given) { return static_cast<int>(urlErrorCodeFor(given, "", 0)); };
     EXPECT_EQ(code(CURLE_URL_MALFORMAT), -1000);
     EXPECT_EQ(code(CURLE_OPERATION_TIMEDOUT), -1001);
@@ -27,7 +27,7 @@ TEST(CurlErrors, BecomeThePlatformsCodes) {
     EXPECT_EQ(code(CURLE_OUT_OF_MEMORY), -1);
 }
 
-TEST(CurlErrors, AHandshakeThatTheNetworkCutOffIsALostConnection) {
+TEST(CurlErrors, AnInterruptedHandshakeIsALostConnection) {
     const auto code = [](const char* text) { return urlErrorCodeFor(CURLE_SSL_CONNECT_ERROR, text, 0); };
     for (const char* const text :
          {"OpenSSL SSL_connect: SSL_ERROR_SYSCALL in connection to 127.0.0.1:58023 ",
@@ -42,8 +42,8 @@ TEST(CurlErrors, AHandshakeThatTheNetworkCutOffIsALostConnection) {
     }
 }
 
-TEST(CurlErrors, AConnectionOfHTTP2ThatEndsIsLostOnceAndABadAnswerIfTheNextOnesEndAsWell) {
-    // The text is that of an earlier sending.
+TEST(CurlErrors, AClosedHTTP2ConnectionIsLostTheFirstTimeAndABadResponseAfterARetry) {
+    // The text is left over from an earlier attempt.
     for (const char* const text : {"", "OpenSSL SSL_read: Connection reset by peer, errno 104"}) {
         EXPECT_EQ(faultFor({.code = CURLE_HTTP2, .text = text}).code, URLErrorCode::networkConnectionLost);
         EXPECT_EQ(faultFor({.code = CURLE_HTTP2, .text = text, .wasLeftOutBefore = true}).code,
@@ -53,14 +53,14 @@ TEST(CurlErrors, AConnectionOfHTTP2ThatEndsIsLostOnceAndABadAnswerIfTheNextOnesE
               URLErrorCode::badServerResponse);
 }
 
-TEST(CurlErrors, ACertificateThatIsNotYetValidHasACodeOfItsOwn) {
+TEST(CurlErrors, ACertificateThatIsNotYetValidHasItsOwnCode) {
     EXPECT_EQ(urlErrorCodeFor(CURLE_PEER_FAILED_VERIFICATION, "", 9),
               URLErrorCode::serverCertificateNotYetValid);
     EXPECT_EQ(urlErrorCodeFor(CURLE_PEER_FAILED_VERIFICATION, "", 10),
               URLErrorCode::serverCertificateUntrusted);
 }
 
-TEST(CurlErrors, NameALimitOfLibcurlThatTheHeadersExceed) {
+TEST(CurlErrors, ReportHeadersThatExceedALimitOfLibcurl) {
     const auto code = [](const CurlFailure& failure) { return faultFor(failure).code; };
     EXPECT_EQ(code({.code = CURLE_RECV_ERROR, .text = "Too large response headers: 2 > 1"}),
               URLErrorCode::dataLengthExceedsMaximum);
@@ -70,7 +70,7 @@ TEST(CurlErrors, NameALimitOfLibcurlThatTheHeadersExceed) {
     EXPECT_EQ(code({.code = CURLE_RECV_ERROR, .isInsideHead = true}), URLErrorCode::networkConnectionLost);
 }
 
-TEST(CurlErrors, NameTheLackOfASocketAndNotTheHost) {
+TEST(CurlErrors, ReportTheLackOfASocketNotTheHost) {
     for (const int error : {EMFILE, ENFILE, ENOBUFS, ENOMEM}) {
         const TransportFault fault = faultFor({.code = CURLE_COULDNT_CONNECT, .socketError = error});
         EXPECT_EQ(fault.code, URLErrorCode::unknown) << error;
@@ -81,7 +81,7 @@ TEST(CurlErrors, NameTheLackOfASocketAndNotTheHost) {
     EXPECT_EQ(faultFor({.code = CURLE_COULDNT_RESOLVE_HOST}).code, URLErrorCode::cannotFindHost);
 }
 
-TEST(CurlErrors, AreTheUnderlyingErrorsWithCodeAndDescription) {
+TEST(CurlErrors, BecomeUnderlyingErrorsWithCodeAndDescription) {
     const Error error = underlyingError(CURLE_PEER_FAILED_VERIFICATION, "certificate has expired", 10);
     EXPECT_EQ(error.domain(), "libcurl");
     EXPECT_EQ(error.code(), 60);

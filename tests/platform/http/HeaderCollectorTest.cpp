@@ -30,7 +30,7 @@ TEST(HeaderCollector, IsCompleteAfterTheEmptyLine) {
     EXPECT_FALSE(whole.isMultiplexed());
 }
 
-TEST(HeaderCollector, PassesOverInterimAnswers) {
+TEST(HeaderCollector, SkipsInterimResponses) {
     const HeaderCollector whole = collected(
         {"HTTP/1.1 100 Continue", "A: early", "", "HTTP/1.1 103 Hints", "", "HTTP/2 404 ", "B: late", ""});
     EXPECT_TRUE(whole.isComplete());
@@ -41,22 +41,22 @@ TEST(HeaderCollector, PassesOverInterimAnswers) {
     EXPECT_FALSE(collected({"HTTP/1.1 100 Continue", ""}).isComplete());
 }
 
-TEST(HeaderCollector, KeepsNothingOfAnInterimAnswer) {
+TEST(HeaderCollector, KeepsNothingOfAnInterimResponse) {
     const HeaderCollector whole = collected({"HTTP/2 103 Early", "Location: /early", "Content-Length: 7", "",
                                              "HTTP/1.1 OK", " goes on", "B: late", ""});
     EXPECT_EQ(whole.location(), std::nullopt);
     EXPECT_EQ(whole.contentLength(), std::nullopt);
-    EXPECT_EQ(whole.status(), 0) << "this one tells none";
+    EXPECT_EQ(whole.status(), 0) << "this response has no status";
     EXPECT_FALSE(whole.isMultiplexed());
     EXPECT_EQ(whole.fields().size(), 1U);
 }
 
-TEST(HeaderCollector, TakesTheSwitchOfProtocolsForAnAnswer) {
+TEST(HeaderCollector, TreatsSwitchingProtocolsAsAFinalResponse) {
     EXPECT_TRUE(collected({"HTTP/1.1 101 Switching", ""}).isComplete());
     EXPECT_FALSE(collected({"HTTP/1.1 102 Processing", ""}).isComplete());
 }
 
-TEST(HeaderCollector, PassesOverWhatIsNoHeader) {
+TEST(HeaderCollector, SkipsLinesThatAreNotHeaders) {
     const HeaderCollector whole =
         collected({"Before: the status", "HTTP/3 200", " goes on from nothing", "no colon", "A: b", ""});
     EXPECT_TRUE(whole.isComplete());
@@ -66,11 +66,11 @@ TEST(HeaderCollector, PassesOverWhatIsNoHeader) {
     EXPECT_EQ(whole.fault(), std::nullopt);
 }
 
-TEST(HeaderCollector, PassesOverTrailers) {
+TEST(HeaderCollector, SkipsTrailers) {
     EXPECT_EQ(collected({"HTTP/1.1 200 OK", "", "X: trailer"}).value("x"), std::nullopt);
 }
 
-TEST(HeaderCollector, JoinsFieldsOfOneNameAndUnfoldsLines) {
+TEST(HeaderCollector, JoinsFieldsWithTheSameNameAndUnfoldsLines) {
     const HeaderCollector whole =
         collected({"HTTP/1.1 200 OK", "Vary: a", "vary:b", "Long: one", "  two", "\tthree", "Empty:", ""});
     EXPECT_EQ(whole.value("VARY"), "a, b");
@@ -79,7 +79,7 @@ TEST(HeaderCollector, JoinsFieldsOfOneNameAndUnfoldsLines) {
     EXPECT_EQ(whole.fields().size(), 3U);
 }
 
-TEST(HeaderCollector, ReadsTheLengthAndRefusesTwo) {
+TEST(HeaderCollector, ReadsTheLengthAndRejectsTwo) {
     EXPECT_EQ(collected({"HTTP/1.1 200 OK", "Content-Length: 5", ""}).contentLength(), 5U);
     EXPECT_EQ(collected({"HTTP/1.1 200 OK", "Content-Length: 5, 5", ""}).fault(), std::nullopt);
     for (const std::string_view line : {"Content-Length: 6", "content-length: 5, 6", "Content-Length: +5",
@@ -90,11 +90,11 @@ TEST(HeaderCollector, ReadsTheLengthAndRefusesTwo) {
     }
 }
 
-TEST(HeaderCollector, TakesTheFirstLocation) {
+TEST(HeaderCollector, UsesTheFirstLocation) {
     EXPECT_EQ(collected({"HTTP/1.1 302 Found", "Location: /a", "location: /b", ""}).location(), "/a");
 }
 
-TEST(HeaderCollector, TakesAsManyLinesAsItsLimitAndNoMore) {
+TEST(HeaderCollector, AcceptsLinesUpToItsLimit) {
     HeaderCollector collector;
     collector.add("HTTP/1.1 200 OK\r\n");
     for (std::size_t i = 1; i < defaultLimits.maxHeadLines; ++i)
@@ -106,7 +106,7 @@ TEST(HeaderCollector, TakesAsManyLinesAsItsLimitAndNoMore) {
     EXPECT_EQ(collector.fault()->code, URLErrorCode::dataLengthExceedsMaximum);
 }
 
-TEST(HeaderCollector, TakesALineAsLongAsItsLimitAndNoLonger) {
+TEST(HeaderCollector, AcceptsALineUpToItsLengthLimit) {
     for (const std::size_t more : {std::size_t{0}, std::size_t{1}}) {
         const std::string line =
             "X:" + std::string(defaultLimits.maxHeaderLineBytes - 4 + more, 'x') + "\r\n";
@@ -117,7 +117,7 @@ TEST(HeaderCollector, TakesALineAsLongAsItsLimitAndNoLonger) {
     }
 }
 
-TEST(HeaderCollector, CountsInterimAnswersAndTrailersAgainstItsLimits) {
+TEST(HeaderCollector, CountsInterimResponsesAndTrailersTowardsItsLimits) {
     const std::string line = "X: " + std::string(1000, 'x') + "\r\n";
     for (const bool isTrailer : {false, true}) {
         HeaderCollector collector;
@@ -136,7 +136,7 @@ TEST(HeaderCollector, CountsInterimAnswersAndTrailersAgainstItsLimits) {
     }
 }
 
-TEST(HeaderCollector, KeepsTheSetCookieLinesApart) {
+TEST(HeaderCollector, KeepsTheSetCookieLinesSeparate) {
     const HeaderCollector whole =
         collected({"HTTP/1.1 103 Hints", "Set-Cookie: early=1", "", "HTTP/1.1 200 OK", "Set-Cookie: a=1, b=2",
                    "X: y", "set-cookie: c=3;", "\tPath=/", " Secure", "Y: z", " folded", ""});
@@ -145,7 +145,7 @@ TEST(HeaderCollector, KeepsTheSetCookieLinesApart) {
     EXPECT_TRUE(collected({"HTTP/1.1 200 OK", ""}).setCookies().empty());
 }
 
-TEST(HeaderCollector, TakesAsManyInterimAnswersAsItsLimitAndNoMore) {
+TEST(HeaderCollector, AcceptsInterimResponsesUpToItsLimit) {
     const URLSessionLimits limits{.maxInterimAnswers = 2};
     HeaderCollector collector(limits);
     for (int i = 0; i < 2; ++i) {

@@ -32,18 +32,18 @@ TEST(IdleDeadlines, ExpireAfterTheInterval) {
     EXPECT_EQ(deadlines.next(), std::nullopt);
 }
 
-TEST(IdleDeadlines, MovingStartsTheIntervalAnew) {
+TEST(IdleDeadlines, ActivityRestartsTheInterval) {
     IdleDeadlines deadlines;
     Idler idler = idlerOf(seconds(10));
     deadlines.watch(idler, start);
     idler.moved(start + seconds(9));
     idler.moved(start + seconds(3));
     EXPECT_EQ(deadlines.takeExpired(start + seconds(18)), nullptr);
-    EXPECT_EQ(deadlines.next(), start + seconds(19)) << "looked at anew";
+    EXPECT_EQ(deadlines.next(), start + seconds(19)) << "recomputed";
     EXPECT_EQ(deadlines.takeExpired(start + seconds(19)), &idler);
 }
 
-TEST(IdleDeadlines, ComeInTheirOrder) {
+TEST(IdleDeadlines, ExpireInOrder) {
     IdleDeadlines deadlines;
     std::array<Idler, 3> idlers{idlerOf(seconds(30)), idlerOf(seconds(10)), idlerOf(seconds(10))};
     for (Idler& idler : idlers) deadlines.watch(idler, start);
@@ -54,7 +54,7 @@ TEST(IdleDeadlines, ComeInTheirOrder) {
     deadlines.forget(idlers[0]);
 }
 
-TEST(IdleDeadlines, StandInTheOrderOfTheirTimesHoweverTheyCome) {
+TEST(IdleDeadlines, ExpireInOrderOfTimeWhateverTheOrderOfInsertion) {
     IdleDeadlines deadlines;
     std::array<Idler, 5> idlers{idlerOf(seconds(20)), idlerOf(seconds(50)), idlerOf(seconds(10)),
                                 idlerOf(seconds(40)), idlerOf(seconds(30))};
@@ -68,7 +68,7 @@ TEST(IdleDeadlines, StandInTheOrderOfTheirTimesHoweverTheyCome) {
     EXPECT_EQ(deadlines.next(), std::nullopt);
 }
 
-TEST(IdleDeadlines, OneThatMovedAfterAllIsWatchedOn) {
+TEST(IdleDeadlines, AnIdlerActiveAfterAllIsWatchedAgain) {
     IdleDeadlines deadlines;
     Idler idler = idlerOf(seconds(10));
     deadlines.watch(idler, start);
@@ -79,7 +79,7 @@ TEST(IdleDeadlines, OneThatMovedAfterAllIsWatchedOn) {
     EXPECT_EQ(deadlines.takeExpired(start + seconds(18)), &idler);
 }
 
-TEST(IdleInterval, IsTheRequestsOrElseTheSessions) {
+TEST(IdleInterval, IsTheRequestsOrOtherwiseTheSessions) {
     const auto interval = [](double own, double fallback) {
         return duration<double>(idleInterval(duration<double>(own), duration<double>(fallback))).count();
     };
@@ -91,7 +91,7 @@ TEST(IdleInterval, IsTheRequestsOrElseTheSessions) {
     EXPECT_DOUBLE_EQ(interval(1e-12, 30), 0.001);
 }
 
-TEST(IdleInterval, OfAnyLengthCanBeAddedToATime) {
+TEST(IdleInterval, OfAnyLengthCanBeAddedToATimePoint) {
     for (const double length : {1e18, 1e300, std::numeric_limits<double>::infinity()}) {
         Idler idler;
         idler.setInterval(idleInterval(duration<double>(length), seconds(30)));

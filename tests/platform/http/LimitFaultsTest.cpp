@@ -5,7 +5,7 @@
 using namespace VanticRestKit;
 using namespace VanticRestKit::detail;
 
-TEST(LimitFaults, GiveSizesInTheLargestUnitThatHasNoRest) {
+TEST(LimitFaults, WriteSizesInTheLargestExactUnit) {
     EXPECT_EQ(sizeText(0), "0 bytes");
     EXPECT_EQ(sizeText(1023), "1023 bytes");
     EXPECT_EQ(sizeText(64 * 1024), "64 KB");
@@ -19,7 +19,7 @@ TEST(LimitFaults, NameTheFieldAndTheLimit) {
     EXPECT_EQ(fault.reason, "The headers of the answer are larger than 1000 bytes (maxHeadBytes).");
 }
 
-TEST(LimitFaults, NameTheLimitOfTheTransportIfItIsSmaller) {
+TEST(LimitFaults, NameTheTransportsLimitIfItIsSmaller) {
     const URLSessionLimits limits{.maxHeaderLineBytes = URLSessionLimits::unlimited,
                                   .maxHeadBytes = URLSessionLimits::unlimited};
     EXPECT_EQ(longHeaderLineFault(limits).reason,

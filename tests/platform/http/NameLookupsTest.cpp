@@ -13,7 +13,7 @@ constexpr std::chrono::seconds minute{60};
 
 }  // namespace
 
-TEST(NameLookups, LetsNoMoreBeginThanItsLimit) {
+TEST(NameLookups, AllowsNoMoreLookupsThanItsLimit) {
     NameLookups lookups(2);
     NameLookups::Name one("http://one.test:80"), two("http://two.test:80"), three("http://three.test:80");
     NameLookups::Ticket first, second;
@@ -24,11 +24,11 @@ TEST(NameLookups, LetsNoMoreBeginThanItsLimit) {
     lookups.end(one, first);
     EXPECT_TRUE(lookups.mayBegin(three, now));
     lookups.end(one, first);
-    EXPECT_TRUE(lookups.mayBegin(three, now)) << "a ticket ends once";
+    EXPECT_TRUE(lookups.mayBegin(three, now)) << "ending a ticket twice has no effect";
     EXPECT_FALSE(lookups.areAllTaken());
 }
 
-TEST(NameLookups, DoesNotCountAddresses) {
+TEST(NameLookups, DoesNotCountIPAddresses) {
     NameLookups lookups(1);
     NameLookups::Name name("https://name.test:443"), v4("https://127.0.0.1:443"), v6("https://[::1]:443"),
         digits("https://1.test:443");
@@ -41,7 +41,7 @@ TEST(NameLookups, DoesNotCountAddresses) {
     EXPECT_FALSE(lookups.mayBegin(digits, now));
 }
 
-TEST(NameLookups, LooksUpAKnownNameOnlyAfterItsTime) {
+TEST(NameLookups, LooksUpAKnownNameAgainOnlyAfterItExpires) {
     NameLookups lookups(1);
     NameLookups::Name known("http://known.test:80"), other("http://other.test:80");
     NameLookups::Ticket first, second;
@@ -52,7 +52,7 @@ TEST(NameLookups, LooksUpAKnownNameOnlyAfterItsTime) {
     EXPECT_FALSE(lookups.mayBegin(known, now + minute));
 }
 
-TEST(NameLookups, EndsAllThatWaitForOneNameWhenItsAddressIsFound) {
+TEST(NameLookups, EndsAllLookupsOfANameWhenItsAddressIsFound) {
     NameLookups lookups(3);
     NameLookups::Name name("http://name.test:80"), other("http://other.test:80");
     NameLookups::Ticket tickets[3];
@@ -67,7 +67,7 @@ TEST(NameLookups, EndsAllThatWaitForOneNameWhenItsAddressIsFound) {
     EXPECT_FALSE(lookups.mayBegin(name, now));
 }
 
-TEST(NameLookups, KnowsANameUntilItsTimeOrUntilItIsForgotten) {
+TEST(NameLookups, KnowsANameUntilItExpiresOrIsForgotten) {
     NameLookups lookups(1);
     NameLookups::Name name("http://name.test:80"), address("http://127.0.0.1:80");
     EXPECT_FALSE(NameLookups::knows(name, now));

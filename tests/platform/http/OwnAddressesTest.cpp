@@ -16,9 +16,9 @@ using Addresses = std::vector<std::string>;
 
 }  // namespace
 
-// Those that begin with 240 are no machine's own.
+// No machine has an address that begins with 240.
 
-TEST(OwnAddresses, TellsOnceOfThoseThatTheMachineDoesNotHave) {
+TEST(OwnAddresses, ReportsOnceTheAddressesThatTheMachineDoesNotHave) {
     OwnAddresses addresses;
     addresses.note("240.0.0.1");
     addresses.note("2001:db8::1");
@@ -27,7 +27,7 @@ TEST(OwnAddresses, TellsOnceOfThoseThatTheMachineDoesNotHave) {
     EXPECT_EQ(addresses.takeLost(now + milliseconds(10)), Addresses());
 }
 
-TEST(OwnAddresses, AreNotLostAsLongAsASocketCanBeBoundToThem) {
+TEST(OwnAddresses, AreNotLostWhileASocketCanBeBoundToThem) {
     OwnAddresses addresses;
     addresses.note("127.0.0.1");
     addresses.note("::1");
@@ -35,7 +35,7 @@ TEST(OwnAddresses, AreNotLostAsLongAsASocketCanBeBoundToThem) {
     EXPECT_EQ(addresses.takeLost(now), Addresses());
 }
 
-TEST(OwnAddresses, AreLookedAtOnceInAMillisecond) {
+TEST(OwnAddresses, AreCheckedAtMostOncePerMillisecond) {
     OwnAddresses addresses;
     addresses.note("240.0.0.1");
     EXPECT_EQ(addresses.takeLost(now).size(), 1U);
@@ -44,7 +44,7 @@ TEST(OwnAddresses, AreLookedAtOnceInAMillisecond) {
     EXPECT_EQ(addresses.takeLost(now + milliseconds(1)), Addresses{"240.0.0.2"});
 }
 
-TEST(OwnAddresses, WhatIsNoAddressIsNeverLost) {
+TEST(OwnAddresses, AStringThatIsNotAnAddressIsNeverLost) {
     OwnAddresses addresses;
     addresses.note("host.test");
     EXPECT_EQ(addresses.takeLost(now), Addresses());

@@ -15,14 +15,14 @@ using State = LoadProgress::State;
 
 namespace {
 
-/// A teller whose reports are kept. The test stands for the I/O thread.
+/// A teller whose reports are recorded. The test takes the role of the I/O thread.
 class ProgressTellers : public testing::Test {
 protected:
     void move(std::int64_t bytes, std::chrono::milliseconds at) {
         counts.received = bytes;
         teller->moved(counts, ProgressReporter::TimePoint(1h + at));
     }
-    /// Waits until what was posted has been told.
+    /// Waits until all posted reports were delivered.
     std::vector<LoadProgress> reports() {
         const Event done;
         queue.async([done] { done.signal(); });
@@ -42,10 +42,10 @@ protected:
 
 }  // namespace
 
-TEST_F(ProgressTellers, TellOfBytesNoMoreThanTenTimesASecond) {
+TEST_F(ProgressTellers, ReportBytesAtMostTenTimesASecond) {
     for (int i = 0; i <= 1000; ++i) {
         move(i, std::chrono::milliseconds(i));
-        // So that no report waits for its turn.
+        // Keeps the queue empty, so that no report is delayed.
         if (i % 100 == 0) (void)reports();
     }
     const auto all = reports();
@@ -55,7 +55,7 @@ TEST_F(ProgressTellers, TellOfBytesNoMoreThanTenTimesASecond) {
     }
 }
 
-TEST_F(ProgressTellers, DoNotFloodAQueueThatIsBusy) {
+TEST_F(ProgressTellers, DoNotFloodABusyQueue) {
     const Event mayGoOn;
     queue.async([mayGoOn] { EXPECT_TRUE(mayGoOn.wait()); });
     for (int i = 0; i < 50; ++i) move(i, i * 1s);
@@ -65,7 +65,7 @@ TEST_F(ProgressTellers, DoNotFloodAQueueThatIsBusy) {
     EXPECT_EQ(reports().back().bytesReceived, 100);
 }
 
-TEST_F(ProgressTellers, TellEachChangeOfTheStateAtOnce) {
+TEST_F(ProgressTellers, ReportEachStateChangeAtOnce) {
     counts.expectedToReceive = 7;
     teller->changed(State::queued, 3, counts);
     teller->changed(State::loading, 0, counts);
@@ -77,16 +77,16 @@ TEST_F(ProgressTellers, TellEachChangeOfTheStateAtOnce) {
     EXPECT_EQ(all[2].state, State::heldBack);
 }
 
-TEST_F(ProgressTellers, TellTheLastBytesAtAGoodEndOnly) {
+TEST_F(ProgressTellers, ReportTheLastBytesOnlyAfterASuccess) {
     move(1, 0ms);
     end(true);
     ASSERT_EQ(reports().size(), 1U);
     EXPECT_EQ(reports().back().bytesReceived, 1);
     end(true);
-    EXPECT_EQ(reports().size(), 1U) << "the receiver was let go";
+    EXPECT_EQ(reports().size(), 1U) << "the receiver was released";
 }
 
-TEST_F(ProgressTellers, TellNothingAfterAnEndWithAnErrorOrAStop) {
+TEST_F(ProgressTellers, ReportNothingAfterAnErrorOrAStop) {
     move(1, 0ms);
     end(false);
     move(2, 1s);
@@ -104,7 +104,7 @@ TEST_F(ProgressTellers, TellNothingAfterAnEndWithAnErrorOrAStop) {
     EXPECT_EQ(reports().size(), 1U);
 }
 
-TEST_F(ProgressTellers, SayTheSameThingOnce) {
+TEST_F(ProgressTellers, DoNotRepeatAReport) {
     move(1, 0ms);
     move(5, 1s);
     end(true);

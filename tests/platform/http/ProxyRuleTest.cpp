@@ -16,7 +16,7 @@ bool isExcepted(const char* exception, const char* host) {
 
 }  // namespace
 
-TEST(ProxyRule, AnExceptionIsAHostAndEveryOneBelowIt) {
+TEST(ProxyRule, AnExceptionCoversAHostAndItsSubdomains) {
     EXPECT_TRUE(isExcepted("example.org", "example.org"));
     EXPECT_TRUE(isExcepted("example.org", "WWW.Example.ORG"));
     EXPECT_TRUE(isExcepted(".example.org", "www.example.org"));
@@ -26,21 +26,21 @@ TEST(ProxyRule, AnExceptionIsAHostAndEveryOneBelowIt) {
     EXPECT_FALSE(isExcepted("", "example.org"));
 }
 
-TEST(ProxyRule, AnExceptionIsAWholeAddress) {
+TEST(ProxyRule, AnExceptionMatchesOnlyAWholeAddress) {
     EXPECT_TRUE(isExcepted("192.0.2.1", "192.0.2.1"));
     EXPECT_TRUE(isExcepted("2001:db8::1", "[2001:DB8::1]"));
     EXPECT_FALSE(isExcepted("2.1", "192.0.2.1"));
     EXPECT_FALSE(isExcepted("192.0.2.1", "192.0.2.10"));
 }
 
-TEST(ProxyRule, AStarIsEveryHost) { EXPECT_TRUE(isExcepted("*", "anything.invalid")); }
+TEST(ProxyRule, AStarMatchesEveryHost) { EXPECT_TRUE(isExcepted("*", "anything.invalid")); }
 
-TEST(ProxyRule, AProxyIsNamedByTheWholeAddressWithoutUserAndFragment) {
+TEST(ProxyRule, AProxyIsIdentifiedByItsURLWithoutUserAndFragment) {
     EXPECT_EQ(absoluteTarget(*URL::make("http://a:b@host:81/x/../y?z#f")), "http://host:81/x/../y?z");
     EXPECT_EQ(absoluteTarget(*URL::make("http://host")), "http://host/");
 }
 
-TEST(ProxyRule, TheAddressOfAProxyIsOneOfHttpOrHttps) {
+TEST(ProxyRule, TheURLOfAProxyIsHttpOrHttps) {
     for (const char* good : {"http://proxy", "HTTPS://proxy:443", "http://[::1]:3128"}) {
         EXPECT_FALSE(whyUnusable(URLSessionProxy{.url = good})) << good;
     }

@@ -32,7 +32,7 @@ TEST(RedirectRule, FiveStatusesRedirect) {
     }
 }
 
-TEST(RedirectRule, ChangesTheMethodAsTheStatusSays) {
+TEST(RedirectRule, TheStatusDecidesTheMethod) {
     for (const int status : {301, 302}) {
         EXPECT_EQ(methodAfter(status, "POST"), "GET");
         for (const char* kept : {"GET", "HEAD", "PUT", "PATCH", "DELETE", "post"}) {
@@ -44,7 +44,7 @@ TEST(RedirectRule, ChangesTheMethodAsTheStatusSays) {
     for (const int status : {307, 308}) EXPECT_EQ(methodAfter(status, "POST"), "POST");
 }
 
-TEST(RedirectRule, AMethodThatChangesLosesItsBodyAndNothingElse) {
+TEST(RedirectRule, AChangedMethodDropsOnlyTheBody) {
     const URLRequest next = redirected(request("POST"), 303, *URL::make("https://host/to"));
     EXPECT_EQ(next.url()->absoluteString(), "https://host/to");
     EXPECT_EQ(next.httpBody(), std::nullopt);
@@ -54,7 +54,7 @@ TEST(RedirectRule, AMethodThatChangesLosesItsBodyAndNothingElse) {
     EXPECT_EQ(next.timeoutInterval(), std::chrono::seconds(7));
 }
 
-TEST(RedirectRule, WhatTellsOfTheBodyGoesWithIt) {
+TEST(RedirectRule, HeadersThatDescribeTheBodyAreDroppedWithIt) {
     for (const char* name : {"Content-Type", "Content-Length", "Content-Encoding", "Content-Language",
                              "Content-Location", "Content-MD5"}) {
         URLRequest from = request("POST");
@@ -64,7 +64,7 @@ TEST(RedirectRule, WhatTellsOfTheBodyGoesWithIt) {
     }
 }
 
-TEST(RedirectRule, WhatTellsWhoIsAskingStaysWithTheOrigin) {
+TEST(RedirectRule, CredentialsAreSentOnlyToTheSameOrigin) {
     for (const char* name :
          {"Authorization", "Proxy-Authorization", "Cookie", "Cookie2", "X-Api-Key", "X-Auth-Token", "Host"}) {
         URLRequest from = request("GET");
@@ -86,7 +86,7 @@ TEST(RedirectRule, AnotherOriginGetsNoCredentials) {
               "secret");
 }
 
-TEST(RedirectRule, WhatSaysNothingOfWhoIsAskingCrossesUnlessItIsHeldBack) {
+TEST(RedirectRule, OtherHeadersAreSentToAnotherOriginUnlessWithheld) {
     URLRequest from = request("GET");
     for (const char* name : {"Accept", "Accept-Language", "Range", "If-None-Match", "User-Agent"}) {
         from.setValue("v", name);
@@ -102,7 +102,7 @@ TEST(RedirectRule, WhatSaysNothingOfWhoIsAskingCrossesUnlessItIsHeldBack) {
     EXPECT_EQ(within.value("User-Agent"), "v") << "the origin is the same";
 }
 
-TEST(RedirectRule, ThePolicySaysWhichRedirectsAreFollowed) {
+TEST(RedirectRule, ThePolicyDecidesWhichRedirectsAreFollowed) {
     using Follow = URLSessionRedirectPolicy::Follow;
     const auto actionOf = [](Follow follow, bool allowsInsecure, const char* target) {
         const URLSessionRedirectPolicy policy{.follow = follow, .allowsInsecureTarget = allowsInsecure};

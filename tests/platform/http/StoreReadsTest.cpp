@@ -16,7 +16,7 @@ std::shared_ptr<Transfer> someTransfer() {
 
 const TimePoint start = Clock::now();
 
-TEST(StoreReads, HandBackWhoWaitsWhenTheStoreAnswers) {
+TEST(StoreReads, ReturnTheWaitingTransferWhenTheStoreAnswers) {
     StoreReads reads;
     const auto first = someTransfer();
     const auto second = someTransfer();
@@ -28,7 +28,7 @@ TEST(StoreReads, HandBackWhoWaitsWhenTheStoreAnswers) {
     EXPECT_EQ(first.use_count(), 1);
 }
 
-TEST(StoreReads, AreGivenUpInOrderWhenTheirTimeIsOver) {
+TEST(StoreReads, TimeOutInOrder) {
     StoreReads reads;
     const auto first = someTransfer();
     const auto second = someTransfer();
@@ -41,7 +41,7 @@ TEST(StoreReads, AreGivenUpInOrderWhenTheirTimeIsOver) {
     EXPECT_EQ(reads.next(), start + milliseconds(1) + StoreReads::limit);
 }
 
-TEST(StoreReads, AreStuckUntilAllThatWereGivenUpAreAnswered) {
+TEST(StoreReads, AreStuckUntilAllTimedOutReadsAreAnswered) {
     StoreReads reads;
     const auto one = reads.begin(someTransfer(), start);
     const auto two = reads.begin(someTransfer(), start);

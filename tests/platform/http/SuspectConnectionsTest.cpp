@@ -16,7 +16,7 @@ using std::chrono::seconds;
 
 namespace {
 
-/// An open connection with two requests on it, the first of which runs out of time.
+/// An open connection with two requests, the first of which times out.
 class Suspects : public testing::Test {
 protected:
     Suspects() {
@@ -50,7 +50,7 @@ protected:
         if (connection_->socket >= 0) connections_.close(connection_->socket);
     }
 
-    /// Whether the other end has read that this one is shut down.
+    /// Whether the peer has seen the shutdown.
     bool isShutDown() const {
         pollfd end{.fd = peer_.descriptor(), .events = POLLIN, .revents = 0};
         return poll(&end, 1, 0) == 1;
@@ -75,33 +75,33 @@ protected:
 
 }  // namespace
 
-TEST_F(Suspects, StayOpenWhileARequestIsOnThem) {
+TEST_F(Suspects, StayOpenWhileTheyHaveARequest) {
     suspects_.review();
     EXPECT_TRUE(connection_->isSuspect);
     EXPECT_FALSE(isShutDown());
 }
 
-TEST_F(Suspects, AreShutDownWhenTheLastRequestHasLeft) {
+TEST_F(Suspects, AreShutDownWhenTheLastRequestEnds) {
     connection_->streams = 0;
     suspects_.left(*connection_);
     EXPECT_TRUE(isShutDown());
 }
 
-TEST_F(Suspects, AreShutDownWhenTheLastRequestWasMovedToAnotherConnection) {
+TEST_F(Suspects, AreShutDownWhenTheLastRequestMovesToAnotherConnection) {
     connection_->streams = 0;
     suspects_.review();
     EXPECT_TRUE(isShutDown());
 }
 
-TEST_F(Suspects, AreForgottenWhenTheyAreClosed) {
+TEST_F(Suspects, AreForgottenWhenClosed) {
     exchange_.attempt->connection.reset();
     const auto count = connection_.use_count();
     connections_.close(connection_->socket);
     suspects_.review();
-    EXPECT_EQ(connection_.use_count(), count - 2) << "neither the open sockets nor the suspects hold it";
+    EXPECT_EQ(connection_.use_count(), count - 2) << "neither the open connections nor the suspects hold it";
 }
 
-TEST_F(Suspects, AreClearedWhenSomethingMoves) {
+TEST_F(Suspects, AreClearedByActivity) {
     connection_->lastMoved = now_ + seconds(1);
     suspects_.review();
     EXPECT_FALSE(connection_->isSuspect);

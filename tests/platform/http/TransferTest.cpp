@@ -19,7 +19,7 @@ const URL& address() {
 
 }  // namespace
 
-TEST(Transfer, AnAnswerForWhichNothingWasSentHasARecordWithItsSource) {
+TEST(Transfer, AResponseWithoutARequestHasMetricsWithItsSource) {
     std::vector<RequestMetrics> records;
     int completions = 0;
     Transfer transfer(
@@ -42,7 +42,7 @@ TEST(Transfer, AnAnswerForWhichNothingWasSentHasARecordWithItsSource) {
     EXPECT_EQ(records[0].bodyBytesReceived, 0);
 }
 
-TEST(Transfer, ItsReceiversGoWithItsCompletion) {
+TEST(Transfer, ReleasesItsReceiversOnCompletion) {
     const auto held = std::make_shared<int>(0);
     Transfer transfer(
         URLRequest(address()), [held](const auto&, const auto&, const auto&) {},

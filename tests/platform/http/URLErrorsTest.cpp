@@ -8,7 +8,7 @@
 using namespace VanticRestKit;
 using namespace VanticRestKit::detail;
 
-TEST(URLErrors, CarryDomainCodeDescriptionAndURL) {
+TEST(URLErrors, HaveDomainCodeDescriptionAndURL) {
     const Error error = makeURLError({URLErrorCode::timedOut}, URL::make("http://host/a?b"));
     EXPECT_EQ(error.domain(), "NSURLErrorDomain");
     EXPECT_EQ(error.code(), -1001);
@@ -19,7 +19,7 @@ TEST(URLErrors, CarryDomainCodeDescriptionAndURL) {
     EXPECT_NE(error.as<NSError>(), nullptr);
 }
 
-TEST(URLErrors, CarryTheirCauseAndTheirReason) {
+TEST(URLErrors, HaveTheirCauseAndReason) {
     const Error cause = NSError("libcurl", 7);
     const Error error = makeURLError({URLErrorCode::cannotConnectToHost, "because"}, std::nullopt, cause);
     const Dictionary info = error.userInfo();
@@ -28,7 +28,7 @@ TEST(URLErrors, CarryTheirCauseAndTheirReason) {
     EXPECT_EQ(*info.find(NSDebugDescriptionKey)->second.text(), "because");
 }
 
-TEST(URLErrors, EveryCodeHasTheDescriptionOfThePlatform) {
+TEST(URLErrors, EveryCodeHasThePlatformsDescription) {
     const std::map<URLErrorCode, std::string_view> descriptions = {
         {URLErrorCode::unknown, "unknown error"},
         {URLErrorCode::cancelled, "cancelled"},

@@ -34,7 +34,7 @@ TEST(URLRequest, HasThePlatformsDefaults) {
     EXPECT_EQ(static_cast<int>(URLRequestAttribution::user), 1);
 }
 
-TEST(URLRequest, AddedHeadersAreThoseOfTheVectors) {
+TEST(URLRequest, AddedHeadersMatchTheVectors) {
     for (const auto& line : test::vectors("request_headers.jsonl")) {
         URLRequest made = request();
         for (const auto& pair : line["in"]["pairs"]) {
@@ -47,7 +47,7 @@ TEST(URLRequest, AddedHeadersAreThoseOfTheVectors) {
     }
 }
 
-TEST(URLRequest, AHeaderKeepsTheSpellingThatCameFirst) {
+TEST(URLRequest, AHeaderKeepsItsFirstSpelling) {
     URLRequest made = request();
     made.addValue("1", "X-Name");
     made.addValue("2", "x-nAME");
@@ -56,7 +56,7 @@ TEST(URLRequest, AHeaderKeepsTheSpellingThatCameFirst) {
     EXPECT_EQ(made.value("X-NAME"), "1,2");
 }
 
-TEST(URLRequest, AHeaderIsSetReplacedAndTakenOutByItsNameInAnyCase) {
+TEST(URLRequest, AHeaderIsSetReplacedAndRemovedByNameInAnyCase) {
     URLRequest made = request();
     made.setValue("1", "X-Name");
     EXPECT_EQ(made.value("x-name"), "1");
@@ -67,7 +67,7 @@ TEST(URLRequest, AHeaderIsSetReplacedAndTakenOutByItsNameInAnyCase) {
     EXPECT_TRUE(made.allHTTPHeaderFields().empty());
 }
 
-TEST(URLRequest, RemembersTheNameOfAMalformedHeaderUntilItIsSetAnew) {
+TEST(URLRequest, RemembersTheNameOfAMalformedHeaderUntilItIsSetAgain) {
     URLRequest made = request();
     EXPECT_EQ(made.malformedHeaderField(), std::nullopt);
     made.addValue("good", "Accept");
@@ -84,7 +84,7 @@ TEST(URLRequest, RemembersTheNameOfAMalformedHeaderUntilItIsSetAnew) {
     EXPECT_EQ(made.allHTTPHeaderFields().size(), 2U);
 }
 
-TEST(URLRequest, AHeaderThatWouldBreakTheMessageIsLeftOut) {
+TEST(URLRequest, AHeaderThatWouldBreakTheMessageIsOmitted) {
     using namespace std::string_view_literals;
     URLRequest made = request();
     for (const auto value : {"a\r\nX: b"sv, "a\nb"sv, "a\rb"sv, "a\0b"sv}) {
@@ -98,20 +98,20 @@ TEST(URLRequest, AHeaderThatWouldBreakTheMessageIsLeftOut) {
     EXPECT_TRUE(made.allHTTPHeaderFields().empty());
 }
 
-TEST(URLRequest, SettingAHeaderTakesThePlaceOfAllItsValuesAndNothingRemovesIt) {
+TEST(URLRequest, SettingAHeaderReplacesItsValuesAndNulloptRemovesIt) {
     URLRequest made = request();
     made.addValue("1", "X");
     made.addValue("2", "x");
     made.setValue("3", "X");
     EXPECT_EQ(made.value("x"), "3");
     made.setValue("", "x");
-    EXPECT_EQ(made.value("x"), "") << "an empty text is a value";
+    EXPECT_EQ(made.value("x"), "") << "an empty string is a value";
     made.setValue(std::nullopt, "x");
     EXPECT_EQ(made.value("X"), std::nullopt);
     EXPECT_TRUE(made.allHTTPHeaderFields().empty());
 }
 
-TEST(URLRequest, NoMethodIsGetAlsoWithABody) {
+TEST(URLRequest, TheDefaultMethodIsGetEvenWithABody) {
     URLRequest made = request();
     made.setHTTPMethod("POST");
     EXPECT_EQ(made.httpMethod(), "POST");
@@ -120,7 +120,7 @@ TEST(URLRequest, NoMethodIsGetAlsoWithABody) {
     EXPECT_EQ(made.httpMethod(), "GET");
 }
 
-TEST(URLRequest, ABodyOfNoBytesIsNotNone) {
+TEST(URLRequest, AnEmptyBodyIsNotAnAbsentBody) {
     URLRequest made = request();
     made.setHTTPBody(Data());
     EXPECT_NE(made, request());
@@ -138,7 +138,7 @@ TEST(URLRequest, CopiesAreEqualAndIndependent) {
     EXPECT_EQ(first.value("X"), "1");
 }
 
-TEST(URLRequest, HandlesCookiesUnlessItIsToldNotTo) {
+TEST(URLRequest, HandlesCookiesByDefault) {
     const URLRequest handles(URL("http://example.org/"));
     EXPECT_TRUE(handles.httpShouldHandleCookies());
     URLRequest other = handles;

@@ -6,13 +6,13 @@
 
 using namespace VanticRestKit;
 
-TEST(URLResponse, IsNoneOfHTTP) {
+TEST(URLResponse, IsNotAnHTTPResponse) {
     const URLResponse response(URL::make("http://host/"));
     EXPECT_EQ(response.asHTTP(), nullptr);
     EXPECT_EQ(response.url()->absoluteString(), "http://host/");
 }
 
-TEST(HTTPURLResponse, IsFoundFromAResponse) {
+TEST(HTTPURLResponse, IsReachedThroughItsBaseClass) {
     const std::shared_ptr<const URLResponse> response = std::make_shared<const HTTPURLResponse>(
         URL::make("http://host/"), 404, HTTPURLResponse::HeaderFields{{"Content-Type", "text/plain"}});
     ASSERT_NE(response->asHTTP(), nullptr);

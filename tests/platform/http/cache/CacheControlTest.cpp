@@ -30,11 +30,11 @@ TEST(CacheControl, ReadsNumbersPlainAndQuoted) {
     EXPECT_EQ(control.maxStale, seconds(9));
 }
 
-TEST(CacheControl, TakesALargeNumberAsTheLargest) {
+TEST(CacheControl, ClampsALargeNumberToTheMaximum) {
     EXPECT_EQ(CacheControl::parse("max-age=99999999999999999999").maxAge, maxDeltaSeconds);
 }
 
-TEST(CacheControl, TakesABrokenMaxAgeAsZero) {
+TEST(CacheControl, TreatsAMalformedMaxAgeAsZero) {
     for (const std::string text : {"-1", "1.5", "10a", "", "'10'", "\"10", "\"10\"x", " 10", "abc"}) {
         EXPECT_EQ(CacheControl::parse("max-age=" + text).maxAge, seconds(0)) << text;
     }
@@ -42,12 +42,12 @@ TEST(CacheControl, TakesABrokenMaxAgeAsZero) {
     EXPECT_EQ(CacheControl::parse("max-age =10").maxAge, seconds(0));
 }
 
-TEST(CacheControl, TakesABrokenPermissionAsNone) {
+TEST(CacheControl, IgnoresAMalformedPermission) {
     EXPECT_FALSE(CacheControl::parse("stale-while-revalidate=x").staleWhileRevalidate);
     EXPECT_FALSE(CacheControl::parse("max-stale=x").maxStale);
 }
 
-TEST(CacheControl, TakesTheFirstOfSeveral) {
+TEST(CacheControl, UsesTheFirstOfSeveral) {
     EXPECT_EQ(CacheControl::parse("max-age=1, max-age=1800").maxAge, seconds(1));
 }
 
@@ -58,11 +58,11 @@ TEST(CacheControl, DoesNotReadInsideQuotedStrings) {
     EXPECT_FALSE(control.noStore || control.noCache);
 }
 
-TEST(CacheControl, ReadsPastAQuoteThatIsNeverClosed) {
+TEST(CacheControl, ContinuesAfterAnUnclosedQuote) {
     EXPECT_TRUE(CacheControl::parse("ext=\"abc, no-store").noStore);
 }
 
-TEST(CacheControl, KeepsTheFieldsOfNoCacheApart) {
+TEST(CacheControl, KeepsTheFieldsOfNoCacheSeparate) {
     const CacheControl named = CacheControl::parse("no-cache=\"a, b\"");
     EXPECT_FALSE(named.noCache);
     EXPECT_EQ(named.noCacheFields, (std::vector<std::string>{"a", "b"}));

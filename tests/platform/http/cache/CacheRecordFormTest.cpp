@@ -25,11 +25,11 @@ TEST(CacheRecordForm, ReadsWhatItWrites) {
     EXPECT_EQ(read->variant(), "accept:a\n");
     EXPECT_EQ(read->etag(), "\"a\"");
     EXPECT_EQ(read->lifetime(), 60s);
-    // The delay of the answer counts, and the time since by the wall clock.
+    // The age includes the delay of the response and the time since then by the wall clock.
     EXPECT_EQ(read->age({.wall = receivedAt + 7s, .steady = 1s}), 7s);
 }
 
-TEST(CacheRecordForm, RefusesEveryTruncationAndAnotherForm) {
+TEST(CacheRecordForm, RejectsEveryTruncationAndOtherFormats) {
     const detail::CacheRecord whole = record();
     for (std::size_t size = 0; size < whole.head.size(); ++size) {
         detail::CacheRecord cut = whole;

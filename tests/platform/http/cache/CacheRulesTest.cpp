@@ -30,14 +30,14 @@ bool isStored(const char* control, std::int64_t status = 200, const URLRequest& 
     return detail::mayStore(CacheRequest(request), *storedOf({{"Cache-Control", control}}, "", status));
 }
 
-TEST(CacheRules, UseWhatIsFreshAndAskAboutWhatIsNot) {
+TEST(CacheRules, UseFreshResponsesAndRevalidateOthers) {
     EXPECT_EQ(reuseAfter(9s, "max-age=10"), Reuse::fresh);
     EXPECT_EQ(reuseAfter(10s, "max-age=10"), Reuse::validate);
     EXPECT_EQ(reuseAfter(0s, "max-age=10, no-cache"), Reuse::validate);
     EXPECT_EQ(reuseAfter(0s, "max-age=10, no-cache=\"a\""), Reuse::fresh);
 }
 
-TEST(CacheRules, ObeyTheRequestsControl) {
+TEST(CacheRules, ObeyTheCacheControlOfTheRequest) {
     EXPECT_EQ(reuseAfter(5s, "max-age=10", "max-age=4"), Reuse::validate);
     EXPECT_EQ(reuseAfter(0s, "max-age=10", "max-age=0"), Reuse::validate);
     EXPECT_EQ(reuseAfter(5s, "max-age=10", "min-fresh=6"), Reuse::validate);
@@ -49,20 +49,20 @@ TEST(CacheRules, ObeyTheRequestsControl) {
     EXPECT_EQ(reuseAfter(15s, "max-age=10, must-revalidate", "max-stale"), Reuse::validate);
 }
 
-TEST(CacheRules, TakePragmaForNoCacheOnlyWithoutCacheControl) {
+TEST(CacheRules, TreatPragmaAsNoCacheOnlyWithoutCacheControl) {
     EXPECT_TRUE(CacheRequest(requestWith("Pragma", "no-cache")).control.noCache);
     URLRequest both = requestWith("Pragma", "no-cache");
     both.setValue("max-age=5", "Cache-Control");
     EXPECT_FALSE(CacheRequest(both).control.noCache);
 }
 
-TEST(CacheRules, UseWhatIsStaleWhileItIsRevalidated) {
+TEST(CacheRules, UseAStaleResponseDuringRevalidation) {
     EXPECT_EQ(reuseAfter(12s, "max-age=10, stale-while-revalidate=5"), Reuse::staleWhileRevalidate);
     EXPECT_EQ(reuseAfter(16s, "max-age=10, stale-while-revalidate=5"), Reuse::validate);
     EXPECT_EQ(reuseAfter(12s, "max-age=10, stale-while-revalidate=5, must-revalidate"), Reuse::validate);
 }
 
-TEST(CacheRules, UseWhatIsStaleInPlaceOfAnErrorIfAllowed) {
+TEST(CacheRules, UseAStaleResponseInsteadOfAnErrorIfAllowed) {
     const URLRequest plain = requestWith();
     const auto allowed = storedOf({{"Cache-Control", "max-age=10, stale-if-error=20"}});
     EXPECT_TRUE(detail::isUsableOnError(*allowed, CacheRequest(plain), after(30s)));
@@ -75,7 +75,7 @@ TEST(CacheRules, UseWhatIsStaleInPlaceOfAnErrorIfAllowed) {
     EXPECT_FALSE(detail::isUsableOnError(*strict, CacheRequest(plain), after(11s)));
 }
 
-TEST(CacheRules, BridgeALossOfTheNetworkForAsLongAsTheAnswerWasFresh) {
+TEST(CacheRules, AllowOfflineUseForAsLongAgainAsTheResponseWasFresh) {
     const URLRequest plain = requestWith();
     const auto declared = storedOf({{"Cache-Control", "max-age=10"}});
     EXPECT_TRUE(detail::isUsableOffline(*declared, CacheRequest(plain), after(20s)));
@@ -88,7 +88,7 @@ TEST(CacheRules, BridgeALossOfTheNetworkForAsLongAsTheAnswerWasFresh) {
     EXPECT_FALSE(detail::isUsableOffline(*declared, CacheRequest(limited), after(11s)));
 }
 
-TEST(CacheRules, StoreWhatMayBeStored) {
+TEST(CacheRules, StoreCacheableResponses) {
     EXPECT_TRUE(isStored("max-age=1"));
     EXPECT_TRUE(isStored("private, max-age=1", 599));
     EXPECT_TRUE(isStored("", 200));

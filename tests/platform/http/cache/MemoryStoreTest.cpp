@@ -42,7 +42,7 @@ struct Store {
     MemoryStore::Removed removed;
 };
 
-TEST(MemoryStore, FindsWhatWasPutUnderAKeyAndNothingUnderAnother) {
+TEST(MemoryStore, FindsAResponseOnlyByItsKey) {
     Store store;
     const StoredPointer stored = storedOf({});
     store.put(keyOf("a", "Bearer 1"), stored);
@@ -52,7 +52,7 @@ TEST(MemoryStore, FindsWhatWasPutUnderAKeyAndNothingUnderAnother) {
     EXPECT_EQ(store.find(keyOf("b", "Bearer 1")), nullptr);
 }
 
-TEST(MemoryStore, KeepsAnswersApartThatDependOnAHeader) {
+TEST(MemoryStore, KeepsVariantsForDifferentHeaderValues) {
     Store store;
     const URLRequest english = requestWith("Accept-Language", "en");
     const URLRequest german = requestWith("Accept-Language", "de");
@@ -69,7 +69,7 @@ TEST(MemoryStore, KeepsAnswersApartThatDependOnAHeader) {
     EXPECT_EQ(store.memory.count(), 2U);
 }
 
-TEST(MemoryStore, GivesUpWhatWasUsedLeastRecently) {
+TEST(MemoryStore, EvictsTheLeastRecentlyUsed) {
     const std::string body(1000, 'x');
     Store measure;
     measure.put(keyOf("a"), storedOf({}, body));
@@ -87,7 +87,7 @@ TEST(MemoryStore, GivesUpWhatWasUsedLeastRecently) {
     EXPECT_LE(store.memory.usage(), store.memory.capacity());
 }
 
-TEST(MemoryStore, KeepsNoAnswerOfMoreThanHalfItsCapacity) {
+TEST(MemoryStore, RejectsAResponseLargerThanHalfItsCapacity) {
     Store store(10'000);
     store.put(keyOf("small"), storedOf({}));
     EXPECT_FALSE(store.put(keyOf("large"), storedOf({}, std::string(5000, 'x'))));
@@ -95,7 +95,7 @@ TEST(MemoryStore, KeepsNoAnswerOfMoreThanHalfItsCapacity) {
     EXPECT_EQ(store.find(keyOf("large")), nullptr);
 }
 
-TEST(MemoryStore, RemovesWhatBelongsToOneAuthorization) {
+TEST(MemoryStore, RemovesTheResponsesOfOneAuthorization) {
     Store store;
     store.put(keyOf("a", "Bearer 1"), storedOf({}));
     store.put(keyOf("b", "Bearer 1"), storedOf({}));
@@ -108,7 +108,7 @@ TEST(MemoryStore, RemovesWhatBelongsToOneAuthorization) {
     EXPECT_EQ(store.memory.usage(), 0U);
 }
 
-TEST(MemoryStore, CountsAReplacementInPlaceOfWhatItReplaces) {
+TEST(MemoryStore, CountsAReplacementInsteadOfTheOriginal) {
     Store store;
     const StoredPointer stored = storedOf({}, std::string(100, 'x'));
     store.put(keyOf("a"), stored);
@@ -118,7 +118,7 @@ TEST(MemoryStore, CountsAReplacementInPlaceOfWhatItReplaces) {
     EXPECT_FALSE(store.memory.replace(keyOf("a"), stored, storedOf({}), store.removed));
 }
 
-TEST(MemoryStore, BoundsTheNumberOfAnswersToOneUrl) {
+TEST(MemoryStore, LimitsTheNumberOfVariantsOfAURL) {
     Store store;
     for (int i = 0; i < 100; ++i) {
         store.put(keyOf("a"), variantFor(requestWith("Accept-Language", std::to_string(i)), "x"));

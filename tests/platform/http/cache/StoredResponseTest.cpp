@@ -20,7 +20,7 @@ TEST(StoredResponse, IsFreshFromItsDateToItsExpires) {
     EXPECT_LE(storedOf({{"Expires", "0"}})->lifetime(), 0s);
 }
 
-TEST(StoredResponse, EstimatesATenthOfTheTimeSinceItsChangeButNoMoreThanADay) {
+TEST(StoredResponse, IsFreshForATenthOfTheTimeSinceItsChangeUpToADay) {
     EXPECT_EQ(storedOf({{"Date", dateAfter(0)}, {"Last-Modified", dateAfter(-1000)}})->lifetime(), 100s);
     EXPECT_EQ(storedOf({{"Last-Modified", dateAfter(-100'000'000)}})->lifetime(), 24h);
     EXPECT_EQ(storedOf({{"Last-Modified", dateAfter(1000)}})->lifetime(), 0s);
@@ -30,7 +30,7 @@ TEST(StoredResponse, EstimatesATenthOfTheTimeSinceItsChangeButNoMoreThanADay) {
         100s);
 }
 
-TEST(StoredResponse, CountsTheAgeThatItCameWithAndTheDelayOfTheAnswer) {
+TEST(StoredResponse, CountsItsAgeHeaderAndTheDelayOfTheResponse) {
     auto parts = partsOf({{"Age", "30"}});
     parts.received = after(2s);
     const detail::StoredResponse stored(parts);
@@ -38,17 +38,17 @@ TEST(StoredResponse, CountsTheAgeThatItCameWithAndTheDelayOfTheAnswer) {
     EXPECT_EQ(stored.age(after(5s)), 35s);
 }
 
-TEST(StoredResponse, TakesTheFirstAgeOfAListAndIgnoresABrokenOne) {
+TEST(StoredResponse, UsesTheFirstAgeOfAListAndIgnoresAMalformedOne) {
     EXPECT_EQ(storedOf({{"Age", "7200, 0"}})->age(after(0s)), 7200s);
     EXPECT_EQ(storedOf({{"Age", "-5"}})->age(after(0s)), 0s);
     EXPECT_EQ(storedOf({{"Age", "99999999999"}})->age(after(0s)), detail::maxDeltaSeconds);
 }
 
-TEST(StoredResponse, IsAsOldAsItsDateIfThatIsMore) {
+TEST(StoredResponse, HasTheAgeOfItsDateIfThatIsGreater) {
     EXPECT_EQ(storedOf({{"Date", dateAfter(-40)}, {"Age", "10"}})->age(after(0s)), 40s);
 }
 
-TEST(StoredResponse, AgesOnIfTheUserSetsTheClockBack) {
+TEST(StoredResponse, KeepsAgingIfTheClockIsSetBack) {
     const auto stored = storedOf({});
     const detail::CacheTime setBack{.wall = receivedAt - 1h, .steady = receivedAt + 5s};
     EXPECT_EQ(stored->age(setBack), 5s);
@@ -56,7 +56,7 @@ TEST(StoredResponse, AgesOnIfTheUserSetsTheClockBack) {
     EXPECT_EQ(stored->age(afterSleep), 1h);
 }
 
-TEST(StoredResponse, OfAnEarlierProcessIsStaleIfItSeemsToComeFromTheFuture) {
+TEST(StoredResponse, FromAnEarlierProcessIsStaleIfItsTimeIsInTheFuture) {
     auto parts = partsOf({{"Cache-Control", "max-age=60"}});
     parts.requested = parts.received = {.wall = receivedAt, .steady = {}};
     const detail::StoredResponse stored(parts);
@@ -66,7 +66,7 @@ TEST(StoredResponse, OfAnEarlierProcessIsStaleIfItSeemsToComeFromTheFuture) {
     EXPECT_EQ(stored.age(later), 5s);
 }
 
-TEST(StoredResponse, KeepsNoFieldOfTheConnectionAndHasADate) {
+TEST(StoredResponse, DropsConnectionHeadersAndAlwaysHasADate) {
     const auto stored = storedOf({{"Connection", "close, X-Hop"},
                                   {"Keep-Alive", "5"},
                                   {"Proxy-Authentication-Info", "a"},
@@ -75,7 +75,7 @@ TEST(StoredResponse, KeepsNoFieldOfTheConnectionAndHasADate) {
     EXPECT_EQ(stored->fields(), (HeaderFields{{"Date", dateAfter(0)}, {"X-Own", "2"}}));
 }
 
-TEST(StoredResponse, TakesTheFieldsOfAnUpdateExceptThoseOfTheBody) {
+TEST(StoredResponse, TakesTheHeadersOfAnUpdateExceptThoseOfTheBody) {
     const auto stored = storedOf({{"Age", "30"},
                                   {"Cache-Control", "max-age=1"},
                                   {"Content-Length", "4"},
@@ -95,7 +95,7 @@ TEST(StoredResponse, TakesTheFieldsOfAnUpdateExceptThoseOfTheBody) {
     EXPECT_EQ(updated->age(after(12s)), 2s);
 }
 
-TEST(StoredResponse, CostsAtLeastItsBytes) {
+TEST(StoredResponse, HasACostOfAtLeastItsSize) {
     const std::string large(10'000, 'x');
     EXPECT_GT(storedOf({}, large)->cost(), storedOf({}, "")->cost() + large.size());
     EXPECT_GT(storedOf({{"X-Large", large}})->cost(), storedOf({})->cost() + large.size());

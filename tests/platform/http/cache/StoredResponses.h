@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Stored answers for the tests of the cache.
+/// Stored responses for the cache tests.
 
 #include <VanticRestKit/platform/date/detail/HTTPDate.h>
 #include <VanticRestKit/platform/http/cache/detail/StoredResponse.h>
@@ -12,14 +12,14 @@
 
 namespace VanticRestKit::test {
 
-/// The time at which answers of these tests came, on both clocks.
+/// The time at which the responses of these tests were received, on both clocks.
 inline constexpr std::chrono::milliseconds receivedAt{1'780'272'000'000};
 
 inline detail::CacheTime after(std::chrono::milliseconds time) {
     return {.wall = receivedAt + time, .steady = receivedAt + time};
 }
 
-/// A date that many seconds after an answer came.
+/// The date `seconds` after the response was received.
 inline std::string dateAfter(std::int64_t seconds) {
     return detail::formatHTTPDate(std::chrono::floor<std::chrono::seconds>(receivedAt) +
                                   std::chrono::seconds(seconds));

@@ -30,7 +30,7 @@ TEST(Vary, WithAStarFitsNothing) {
     for (const char* vary : {"*", ", *", "*, Foo", "Foo,*"}) EXPECT_FALSE(variantOf(vary, requestWith({})));
 }
 
-TEST(Vary, IgnoresBlanksBesideCommas) {
+TEST(Vary, IgnoresSpacesAroundCommas) {
     EXPECT_TRUE(fits("Foo", requestWith({{"Foo", "1, 2"}}), requestWith({{"Foo", "1,2"}})));
     EXPECT_FALSE(fits("Foo", requestWith({{"Foo", "1, 2"}}), requestWith({{"Foo", "2, 1"}})));
     EXPECT_FALSE(fits("Foo", requestWith({{"Foo", "a"}}), requestWith({{"Foo", "A"}})));

@@ -9,7 +9,7 @@ using namespace VanticRestKit;
 
 namespace {
 
-/// Seconds since 1970; empty if `text` is no date.
+/// Seconds since 1970, empty if `text` is not a date.
 std::optional<double> seconds(std::string_view text) {
     const auto date = detail::readCookieDate(text);
     if (!date) return std::nullopt;
@@ -18,7 +18,7 @@ std::optional<double> seconds(std::string_view text) {
 
 }  // namespace
 
-TEST(CookieDate, IsReadInEveryUsualForm) {
+TEST(CookieDate, IsReadInEveryCommonFormat) {
     constexpr double expected = 784111777;
     EXPECT_EQ(seconds("Sun, 06 Nov 1994 08:49:37 GMT"), expected);
     EXPECT_EQ(seconds("Sunday, 06-Nov-94 08:49:37 GMT"), expected);
@@ -32,16 +32,16 @@ TEST(CookieDate, IsReadInAnyOrderAndWithAnyDelimiter) {
     EXPECT_EQ(seconds("6th Novel 94x 08:49:37pm"), 784111777);
 }
 
-TEST(CookieDate, TakesTheFirstTokenOfEachKind) {
+TEST(CookieDate, UsesTheFirstTokenOfEachKind) {
     EXPECT_EQ(seconds("06 Nov 1994 08:49:37 07 Dec 2001 01:02:03"), 784111777);
 }
 
-TEST(CookieDate, HasAYearOfTwoDigitsBetween1970And2069) {
+TEST(CookieDate, ATwoDigitYearIsBetween1970And2069) {
     EXPECT_EQ(seconds("01 Jan 70 00:00:00"), 0);
     EXPECT_EQ(seconds("31 Dec 69 23:59:59"), 3155759999);
 }
 
-TEST(CookieDate, IsNoneIfAPartIsMissing) {
+TEST(CookieDate, IsRejectedIfAPartIsMissing) {
     EXPECT_EQ(seconds(""), std::nullopt);
     EXPECT_EQ(seconds("06 Nov 1994"), std::nullopt);
     EXPECT_EQ(seconds("Nov 1994 08:49:37"), std::nullopt);
@@ -49,7 +49,7 @@ TEST(CookieDate, IsNoneIfAPartIsMissing) {
     EXPECT_EQ(seconds("06 Nov 08:49:37"), std::nullopt);
 }
 
-TEST(CookieDate, IsNoneIfThereIsNoSuchDate) {
+TEST(CookieDate, IsRejectedIfThereIsNoSuchDate) {
     EXPECT_EQ(seconds("31 Nov 1994 08:49:37"), std::nullopt);
     EXPECT_EQ(seconds("29 Feb 2011 08:49:37"), std::nullopt);
     EXPECT_EQ(seconds("00 Nov 1994 08:49:37"), std::nullopt);

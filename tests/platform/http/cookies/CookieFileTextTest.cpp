@@ -35,19 +35,19 @@ std::vector<HTTPCookie> several() {
 
 }  // namespace
 
-TEST(CookieFileText, GivesBackTheCookiesThatItWasMadeOf) {
+TEST(CookieFileText, RoundTripsItsCookies) {
     EXPECT_EQ(readCookieFileText(cookieFileText(several())), several());
     EXPECT_EQ(readCookieFileText(cookieFileText({})), std::vector<HTTPCookie>());
 }
 
-TEST(CookieFileText, IsRefusedIfItIsCutAnywhere) {
+TEST(CookieFileText, IsRejectedIfTruncatedAnywhere) {
     const std::string text = cookieFileText(several());
     for (std::size_t size = 0; size < text.size(); ++size) {
         EXPECT_FALSE(readCookieFileText(text.substr(0, size))) << size;
     }
 }
 
-TEST(CookieFileText, IsRefusedIfAnyByteHasChanged) {
+TEST(CookieFileText, IsRejectedIfAnyByteHasChanged) {
     const std::string text = cookieFileText(several());
     for (std::size_t i = 0; i < text.size(); ++i) {
         std::string changed = text;
@@ -56,7 +56,7 @@ TEST(CookieFileText, IsRefusedIfAnyByteHasChanged) {
     }
 }
 
-TEST(CookieFileText, IsRefusedIfItIsSomethingElse) {
+TEST(CookieFileText, IsRejectedIfItHasAnotherFormat) {
     for (const char* const text :
          {"\n", "end 0\n", "# Netscape HTTP Cookie File\n", "VanticRestKit cookies 2\nend 0\n"}) {
         EXPECT_FALSE(readCookieFileText(text)) << text;

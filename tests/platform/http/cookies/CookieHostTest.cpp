@@ -5,7 +5,7 @@
 using namespace VanticRestKit;
 using namespace VanticRestKit::detail;
 
-TEST(CookieHost, IsComparedInLowerCaseAndInASCII) {
+TEST(CookieHost, IsComparedInLowerCaseASCII) {
     EXPECT_EQ(canonicalHost("WWW.Example.ORG"), "www.example.org");
     EXPECT_EQ(canonicalHost("www.BÜCHER.example"), "www.xn--bcher-kva.example");
     EXPECT_EQ(canonicalHost("xn--BCHER-kva.example"), "xn--bcher-kva.example");
@@ -13,7 +13,7 @@ TEST(CookieHost, IsComparedInLowerCaseAndInASCII) {
     EXPECT_EQ(canonicalHost("\xFF.example"), "\xFF.example");
 }
 
-TEST(CookieHost, MatchesItsDomainAndThoseAbove) {
+TEST(CookieHost, MatchesItsDomainAndParentDomains) {
     EXPECT_TRUE(domainMatches("example.org", "example.org"));
     EXPECT_TRUE(domainMatches("www.example.org", "example.org"));
     EXPECT_FALSE(domainMatches("example.org", "www.example.org"));
@@ -21,7 +21,7 @@ TEST(CookieHost, MatchesItsDomainAndThoseAbove) {
     EXPECT_FALSE(domainMatches("www.example.org", ""));
 }
 
-TEST(CookieHost, ThatIsAnAddressMatchesOnlyItself) {
+TEST(CookieHost, AnIPAddressMatchesOnlyItself) {
     EXPECT_TRUE(domainMatches("127.0.0.1", "127.0.0.1"));
     EXPECT_FALSE(domainMatches("127.0.0.1", "0.0.1"));
     for (const char* const address : {"127.0.0.1", "::1", "fe80::1", "127.1", "0x7f000001", "10.0.0.1."}) {
@@ -31,7 +31,7 @@ TEST(CookieHost, ThatIsAnAddressMatchesOnlyItself) {
         EXPECT_FALSE(isIPAddress(name)) << name;
 }
 
-TEST(CookieHost, PathsMatchAtTheirSlashes) {
+TEST(CookieHost, PathsMatchAtSlashes) {
     EXPECT_TRUE(pathMatches("/a/b", "/a"));
     EXPECT_TRUE(pathMatches("/a/b", "/a/"));
     EXPECT_TRUE(pathMatches("/a", "/a"));
@@ -40,7 +40,7 @@ TEST(CookieHost, PathsMatchAtTheirSlashes) {
     EXPECT_FALSE(pathMatches("/b", "/a"));
 }
 
-TEST(CookieHost, TheDefaultPathIsTheFolder) {
+TEST(CookieHost, TheDefaultPathIsTheDirectoryOfTheURL) {
     EXPECT_EQ(defaultPath("/a/b"), "/a");
     EXPECT_EQ(defaultPath("/a/b/"), "/a/b");
     EXPECT_EQ(defaultPath("/a"), "/");
@@ -49,7 +49,7 @@ TEST(CookieHost, TheDefaultPathIsTheFolder) {
     EXPECT_EQ(defaultPath("x/y"), "/");
 }
 
-TEST(CookieHost, OfAURLHasItsPathAsItIsWritten) {
+TEST(CookieHost, TheTargetOfAURLHasItsEncodedPath) {
     const CookieTarget target = cookieTargetOf(*URL::make("HTTPS://[::1]:8080/f%6Fo/?q=/x#f"));
     EXPECT_EQ(target.host, "::1");
     EXPECT_EQ(target.path, "/f%6Fo/");

@@ -14,7 +14,7 @@ namespace {
 
 const Date now{std::chrono::seconds(1'000'000)};
 
-/// The cookie that an answer from `url` sets with `text`.
+/// The cookie that a response from `url` sets with the header value `text`.
 std::optional<HTTPCookie> accepted(std::string_view text,
                                    std::string_view url = "https://www.example.org/a/b") {
     const auto said = readSetCookie(text);
@@ -23,13 +23,13 @@ std::optional<HTTPCookie> accepted(std::string_view text,
 
 }  // namespace
 
-TEST(CookieRules, WithoutADomainTheCookieIsForTheHostAlone) {
+TEST(CookieRules, WithoutADomainTheCookieIsOnlyForTheHost) {
     const auto cookie = accepted("a=b");
     ASSERT_TRUE(cookie);
     EXPECT_EQ(*cookie, (HTTPCookie{.name = "a", .value = "b", .domain = "www.example.org", .path = "/a"}));
 }
 
-TEST(CookieRules, WithADomainTheCookieIsForItsSubdomainsToo) {
+TEST(CookieRules, WithADomainTheCookieIsAlsoForSubdomains) {
     const auto cookie = accepted("a=b; domain=Example.ORG; path=/; httponly; secure; samesite=strict");
     ASSERT_TRUE(cookie);
     EXPECT_EQ(*cookie, (HTTPCookie{.name = "a",
@@ -41,7 +41,7 @@ TEST(CookieRules, WithADomainTheCookieIsForItsSubdomainsToo) {
                                    .sameSite = HTTPCookieSameSite::strict}));
 }
 
-TEST(CookieRules, ADomainThatIsNotTheSendersIsRefused) {
+TEST(CookieRules, ADomainThatIsNotTheSendersIsRejected) {
     for (const char* const domain :
          {"example.com", "ww.example.org", "a.www.example.org", "xample.org", "."}) {
         const auto cookie = accepted(std::string("a=b; domain=") + domain + "x");
@@ -49,7 +49,7 @@ TEST(CookieRules, ADomainThatIsNotTheSendersIsRefused) {
     }
 }
 
-TEST(CookieRules, APublicSuffixIsRefusedUnlessItIsTheSender) {
+TEST(CookieRules, APublicSuffixIsRejectedUnlessItIsTheSender) {
     EXPECT_FALSE(accepted("a=b; domain=org"));
     EXPECT_FALSE(accepted("a=b; domain=co.uk", "https://example.co.uk/"));
     const auto own = accepted("a=b; domain=co.uk", "https://co.uk/");
@@ -58,14 +58,14 @@ TEST(CookieRules, APublicSuffixIsRefusedUnlessItIsTheSender) {
     EXPECT_TRUE(accepted("a=b; domain=localhost", "http://localhost/"));
 }
 
-TEST(CookieRules, AnAddressHasNoSubdomains) {
+TEST(CookieRules, AnIPAddressHasNoSubdomains) {
     const auto own = accepted("a=b; domain=127.0.0.1", "http://127.0.0.1/");
     ASSERT_TRUE(own);
     EXPECT_FALSE(own->includesSubdomains);
     EXPECT_FALSE(accepted("a=b; domain=0.0.1", "http://127.0.0.1/"));
 }
 
-TEST(CookieRules, ADomainBeyondASCIIIsTheSameInBothForms) {
+TEST(CookieRules, ANonASCIIDomainIsTheSameInBothForms) {
     EXPECT_TRUE(accepted("a=b; domain=bücher.example", "http://www.xn--bcher-kva.example/"));
     EXPECT_TRUE(accepted("a=b; domain=xn--bcher-kva.example", "http://www.bücher.example/"));
 }
@@ -80,18 +80,18 @@ TEST(CookieRules, MaxAgeTakesPrecedenceOverExpires) {
     EXPECT_TRUE(accepted("a=b; max-age=99999999999999999999")->expiresDate > now);
 }
 
-TEST(CookieRules, SecureIsRefusedOverHttp) {
+TEST(CookieRules, SecureIsRejectedOverHttp) {
     EXPECT_TRUE(accepted("a=b; secure"));
     EXPECT_FALSE(accepted("a=b; secure", "http://www.example.org/"));
 }
 
-TEST(CookieRules, ThePrefixSecureNeedsSecure) {
+TEST(CookieRules, TheSecurePrefixRequiresSecure) {
     EXPECT_TRUE(accepted("__Secure-a=b; secure; domain=example.org"));
     EXPECT_FALSE(accepted("__Secure-a=b"));
     EXPECT_FALSE(accepted("__sEcUrE-a=b"));
 }
 
-TEST(CookieRules, ThePrefixHostNeedsSecureAndTheRootAndNoDomain) {
+TEST(CookieRules, TheHostPrefixRequiresSecureTheRootPathAndNoDomain) {
     EXPECT_TRUE(accepted("__Host-a=b; secure; path=/"));
     EXPECT_FALSE(accepted("__Host-a=b; path=/"));
     EXPECT_FALSE(accepted("__Host-a=b; secure"));
@@ -100,14 +100,14 @@ TEST(CookieRules, ThePrefixHostNeedsSecureAndTheRootAndNoDomain) {
     EXPECT_FALSE(accepted("__host-a=b; secure; path=/; domain=www.example.org"));
 }
 
-TEST(CookieRules, ACookieOfTheHostsOwnGetsItsDomainInTheFormOfAStore) {
+TEST(CookieRules, ACookieSetByTheApplicationGetsANormalizedDomain) {
     const auto cookie = canonicalCookie({.name = "a", .value = "b", .domain = ".BÜCHER.Example"});
     ASSERT_TRUE(cookie);
     EXPECT_EQ(cookie->domain, "xn--bcher-kva.example");
     EXPECT_TRUE(cookie->includesSubdomains);
 }
 
-TEST(CookieRules, ACookieThatCannotBeSentIsRefused) {
+TEST(CookieRules, ACookieThatCannotBeSentIsRejected) {
     const HTTPCookie good{.name = "a", .value = "b", .domain = "example.org"};
     ASSERT_TRUE(canonicalCookie(good));
     const auto refuses = [&good](auto change) {
@@ -131,12 +131,12 @@ TEST(CookieRules, ACookieThatCannotBeSentIsRefused) {
     EXPECT_TRUE(refuses([](HTTPCookie& cookie) { cookie.domain = std::string(maxAttributeSize + 1, 'x'); }));
 }
 
-TEST(CookieRules, ALeadingDotOfASenderIsNoDomainOfItsOwn) {
+TEST(CookieRules, ASenderWithALeadingDotIsRejected) {
     EXPECT_FALSE(accepted("a=b", "http://.example.org/"));
     EXPECT_FALSE(accepted("a=b; domain=..example.org", "http://a..example.org/"));
 }
 
-TEST(CookieRules, AnAcceptedCookieIsInTheFormOfAStore) {
+TEST(CookieRules, AnAcceptedCookieIsNormalized) {
     const std::string longPath = "/" + std::string(2000, 'x') + ";y/";
     for (const std::string url : {"http://example.org/a;b/c", "http://[::1]/", "http://example.org./"}) {
         const auto cookie = accepted("a=\tb\tc; path=/x y?#", url);

@@ -53,7 +53,7 @@ std::string sent(CookieStore& store, const CookieTarget& target = root, Date at 
 
 }  // namespace
 
-TEST(CookieStore, SendsLongerPathsFirstAndThenTheOlder) {
+TEST(CookieStore, SendsLongerPathsFirstThenOlderCookies) {
     CookieStore store;
     store.set(cookie("root"), now);
     store.set(withPath(cookie("deep"), "/a/b"), now);
@@ -64,7 +64,7 @@ TEST(CookieStore, SendsLongerPathsFirstAndThenTheOlder) {
     EXPECT_EQ(names(store.all(now)), "root deep older high above ");
 }
 
-TEST(CookieStore, AReplacedCookieKeepsItsPlace) {
+TEST(CookieStore, AReplacedCookieKeepsItsPosition) {
     CookieStore store;
     store.set(cookie("a"), now);
     store.set(cookie("b"), now);
@@ -84,7 +84,7 @@ TEST(CookieStore, ACookieThatReplacesAnExpiredOneIsNew) {
     EXPECT_EQ(sent(store, root, later), "b a ");
 }
 
-TEST(CookieStore, AnExpiredCookieOnlyRemovesTheOneOfEarlier) {
+TEST(CookieStore, AnExpiredCookieOnlyRemovesTheExistingOne) {
     CookieStore store;
     store.set(cookie("a"), now);
     EXPECT_FALSE(store.set(until(cookie("a"), now), now));
@@ -93,7 +93,7 @@ TEST(CookieStore, AnExpiredCookieOnlyRemovesTheOneOfEarlier) {
     EXPECT_EQ(store.count(), 0U);
 }
 
-TEST(CookieStore, ACookieIsGoneFromItsDateOn) {
+TEST(CookieStore, ACookieExpiresAtItsDate) {
     CookieStore store;
     store.set(until(cookie("a"), later), now);
     EXPECT_EQ(sent(store, root, later - std::chrono::seconds(1)), "a ");
@@ -110,7 +110,7 @@ TEST(CookieStore, OnlyCookiesWithSubdomainsAreSentBelowTheirDomain) {
     EXPECT_EQ(sent(store, {.host = "org", .path = "/"}), "");
 }
 
-TEST(CookieStore, ACookieOfAHostAndOneOfItsSubdomainsAreTwo) {
+TEST(CookieStore, HostOnlyAndDomainCookiesAreDistinct) {
     CookieStore store;
     store.set(cookie("a"), now);
     store.set(withSubdomains(cookie("a")), now);
@@ -127,7 +127,7 @@ TEST(CookieStore, SecureCookiesAreSentOverHttpsOnly) {
     EXPECT_EQ(sent(store, {.host = "example.org", .path = "/", .isSecure = true}), "a ");
 }
 
-TEST(CookieStore, ACookieHidesASecureOneThatRequestsOfItsPathGet) {
+TEST(CookieStore, ACookieHidesASecureOneForTheSameRequests) {
     CookieStore store;
     store.set(secured(withPath(withSubdomains(cookie("a")), "/x")), now);
     EXPECT_TRUE(store.wouldHideSecureCookie(withPath(cookie("a"), "/x/y"), now));
@@ -143,7 +143,7 @@ TEST(CookieStore, ACookieHidesASecureOneThatRequestsOfItsPathGet) {
     EXPECT_FALSE(store.wouldHideSecureCookie(cookie("a"), later));
 }
 
-TEST(CookieStore, RemovesOneAndAll) {
+TEST(CookieStore, RemovesOneOrAll) {
     CookieStore store;
     store.set(cookie("a"), now);
     store.set(cookie("b"), now);
@@ -156,7 +156,7 @@ TEST(CookieStore, RemovesOneAndAll) {
     EXPECT_EQ(store.count(), 0U);
 }
 
-TEST(CookieStore, ADomainAboveItsLimitLosesTheCookieUsedLongestAgo) {
+TEST(CookieStore, ADomainAboveItsLimitLosesTheLeastRecentlyUsedCookie) {
     CookieStore store({.perDomain = 3, .total = 100});
     for (const char* const path : {"/a", "/b", "/c"}) store.set(withPath(cookie(path), path), now);
     EXPECT_EQ(sent(store, {.host = "example.org", .path = "/a"}), "/a ");
@@ -173,7 +173,7 @@ TEST(CookieStore, ADomainAboveItsLimitLosesExpiredCookiesFirst) {
     EXPECT_EQ(names(store.all(later)), "old c d ");
 }
 
-TEST(CookieStore, CookiesOfHttpDoNotPushOutSecureOnes) {
+TEST(CookieStore, HttpCookiesDoNotEvictSecureOnes) {
     CookieStore store({.perDomain = 2, .total = 100});
     store.set(secured(cookie("a")), now);
     store.set(secured(cookie("b")), now);
@@ -181,7 +181,7 @@ TEST(CookieStore, CookiesOfHttpDoNotPushOutSecureOnes) {
     EXPECT_EQ(names(store.all(now)), "a b ");
 }
 
-TEST(CookieStore, AboveItsLimitLosesTheCookieUsedLongestAgoOfAnyDomain) {
+TEST(CookieStore, AboveItsLimitLosesTheLeastRecentlyUsedCookieOfAnyDomain) {
     CookieStore store({.perDomain = 10, .total = 3});
     store.set(cookie("a", "a.org"), now);
     store.set(cookie("b", "b.org"), now);
@@ -210,7 +210,7 @@ TEST(CookieStore, HasTheLimitsOfTheStandardByDefault) {
     EXPECT_EQ(store.matching({.host = "one.org", .path = "/"}, now).size(), 50U);
 }
 
-TEST(CookieStore, NotesChangesOfCookiesThatOutliveTheProcess) {
+TEST(CookieStore, TracksChangesOfPersistentCookies) {
     CookieStore store;
     store.set(cookie("a"), now);
     EXPECT_FALSE(store.takePersistentChange());

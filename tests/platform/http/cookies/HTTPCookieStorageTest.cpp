@@ -32,7 +32,7 @@ HTTPCookie cookie(const std::string& name) {
     return {.name = name, .value = "1", .domain = "www.example.org"};
 }
 
-HTTPCookie lasting(const std::string& name) {
+HTTPCookie persistent(const std::string& name) {
     HTTPCookie made = cookie(name);
     made.expiresDate = detail::systemCookieClock() + std::chrono::hours(1);
     return made;
@@ -51,7 +51,7 @@ void receive(HTTPCookieStorage& storage, const std::string& line, const URL& fro
 std::atomic<std::int64_t> movedSeconds = 0;
 Date movedClock() { return Date(std::chrono::seconds(movedSeconds.load())); }
 
-/// A folder that goes with the test.
+/// A folder that is removed after the test.
 class Folder {
 public:
     Folder() {
@@ -78,7 +78,7 @@ std::string content(const std::string& path) {
 
 void put(const std::string& path, const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
 
-/// The codes of the problems of a storage in a file.
+/// The codes of the problems that a storage reported for its file.
 class Problems {
 public:
     HTTPCookieFile of(const std::string& path) const {
@@ -90,7 +90,7 @@ public:
                     event.signal();
                 }};
     }
-    /// Waits until there is one.
+    /// Waits for the first one.
     std::string codes() const {
         EXPECT_TRUE(event_.wait());
         return soFar();
@@ -124,7 +124,7 @@ TEST(HTTPCookieStorage, ListsSetsAndDeletes) {
     EXPECT_EQ(CookieJar::of(*storage)->header(url), "");
 }
 
-TEST(HTTPCookieStorage, GivesThoseOfAURL) {
+TEST(HTTPCookieStorage, ReturnsTheCookiesForAURL) {
     const auto storage = HTTPCookieStorage::make();
     HTTPCookie deep = cookie("deep");
     deep.path = "/a";
@@ -137,7 +137,7 @@ TEST(HTTPCookieStorage, GivesThoseOfAURL) {
     EXPECT_EQ(CookieJar::of(*storage)->header(url), "deep=1; root=1");
 }
 
-TEST(HTTPCookieStorage, RefusesACookieThatCannotBeSent) {
+TEST(HTTPCookieStorage, RejectsACookieThatCannotBeSent) {
     const auto storage = HTTPCookieStorage::make();
     HTTPCookie malformed = cookie("a");
     malformed.value = "x\r\nInjected: 1";
@@ -149,7 +149,7 @@ TEST(HTTPCookieStorage, RefusesACookieThatCannotBeSent) {
     EXPECT_TRUE(storage->cookies().empty());
 }
 
-TEST(HTTPCookieStorage, DeletesACookieWhoseDomainIsWrittenInAnotherWay) {
+TEST(HTTPCookieStorage, DeletesACookieWhoseDomainIsSpelledDifferently) {
     const auto storage = HTTPCookieStorage::make();
     HTTPCookie made = cookie("a");
     made.domain = "Bücher.Example";
@@ -159,7 +159,7 @@ TEST(HTTPCookieStorage, DeletesACookieWhoseDomainIsWrittenInAnotherWay) {
     EXPECT_TRUE(storage->cookies().empty());
 }
 
-TEST(HTTPCookieStorage, ThePolicyNeverAcceptsNothingAndKeepsWhatIsThere) {
+TEST(HTTPCookieStorage, ThePolicyNeverAcceptsNothingAndKeepsExistingCookies) {
     const auto storage = HTTPCookieStorage::make();
     EXPECT_EQ(storage->cookieAcceptPolicy(), HTTPCookieAcceptPolicy::always);
     storage->setCookie(cookie("a"));
@@ -181,7 +181,7 @@ TEST(HTTPCookieStorage, ThePolicyOfTheMainDocumentComparesRegisteredDomains) {
     EXPECT_EQ(names(storage->cookies()), "same sibling ");
 }
 
-TEST(HTTPCookieStorage, ACookieOfHttpDoesNotReplaceASecureOne) {
+TEST(HTTPCookieStorage, AnHttpCookieDoesNotReplaceASecureOne) {
     const auto storage = HTTPCookieStorage::make();
     receive(*storage, "a=safe; secure; path=/", URL("https://www.example.org/"));
     receive(*storage, "a=forged; path=/", URL("http://www.example.org/"));
@@ -192,7 +192,7 @@ TEST(HTTPCookieStorage, ACookieOfHttpDoesNotReplaceASecureOne) {
     EXPECT_EQ(storage->cookies()[0].value, "new");
 }
 
-TEST(HTTPCookieStorage, CookiesExpireByItsClock) {
+TEST(HTTPCookieStorage, CookiesExpireByTheStoragesClock) {
     movedSeconds = 1000;
     const auto storage = CookieJar::storage(movedClock);
     receive(*storage, "a=1; max-age=10", url);
@@ -204,14 +204,14 @@ TEST(HTTPCookieStorage, CookiesExpireByItsClock) {
     EXPECT_EQ(CookieJar::of(*storage)->header(url), "");
 }
 
-TEST(HTTPCookieStorage, MayBeUsedByManyThreadsAtOnce) {
+TEST(HTTPCookieStorage, CanBeUsedByManyThreadsAtOnce) {
     const Folder folder;
     const auto storage = HTTPCookieStorage::make({.path = folder.file()});
     std::vector<std::thread> threads;
     for (int number = 0; number < 4; ++number) {
         threads.emplace_back([storage, number] {
             for (int i = 0; i < 200; ++i) {
-                storage->setCookie(lasting("n" + std::to_string(number) + "-" + std::to_string(i % 10)));
+                storage->setCookie(persistent("n" + std::to_string(number) + "-" + std::to_string(i % 10)));
                 receive(*storage, "r" + std::to_string(number) + "=1", url);
                 static_cast<void>(CookieJar::of(*storage)->header(url));
                 static_cast<void>(storage->cookies());
@@ -227,14 +227,14 @@ TEST(HTTPCookieStorage, MayBeUsedByManyThreadsAtOnce) {
     EXPECT_EQ(storage->cookies().size(), 4U * (3 + 1));
 }
 
-TEST(HTTPCookieStorage, InAFileHasItsLastingCookiesAgain) {
+TEST(HTTPCookieStorage, LoadsItsPersistentCookiesFromTheFile) {
     const Folder folder;
-    const HTTPCookie kept = lasting("kept");
+    const HTTPCookie kept = persistent("kept");
     {
         const auto storage = HTTPCookieStorage::make({.path = folder.file()});
         storage->setCookie(kept);
         storage->setCookie(cookie("session"));
-        storage->setCookie(lasting("second"));
+        storage->setCookie(persistent("second"));
         storage->flush();
     }
     const auto again = HTTPCookieStorage::make({.path = folder.file()});
@@ -243,23 +243,23 @@ TEST(HTTPCookieStorage, InAFileHasItsLastingCookiesAgain) {
     EXPECT_EQ(folder.count(), 1U);
 }
 
-TEST(HTTPCookieStorage, WritesWithoutBeingAsked) {
+TEST(HTTPCookieStorage, WritesItsFileWithoutAFlush) {
     const Folder folder;
     const auto storage = HTTPCookieStorage::make({.path = folder.file()});
-    storage->setCookie(lasting("a"));
+    storage->setCookie(persistent("a"));
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
     while (content(folder.file()).empty() && std::chrono::steady_clock::now() < deadline)
         std::this_thread::yield();
     EXPECT_EQ(names(HTTPCookieStorage::make({.path = folder.file()})->cookies()), "a ");
 }
 
-TEST(HTTPCookieStorage, InAFileForgetsWhatWasDeleted) {
+TEST(HTTPCookieStorage, RemovesDeletedCookiesFromTheFile) {
     const Folder folder;
     const auto storage = HTTPCookieStorage::make({.path = folder.file()});
-    storage->setCookie(lasting("a"));
-    storage->setCookie(lasting("b"));
+    storage->setCookie(persistent("a"));
+    storage->setCookie(persistent("b"));
     storage->flush();
-    storage->deleteCookie(lasting("a"));
+    storage->deleteCookie(persistent("a"));
     storage->flush();
     EXPECT_EQ(names(HTTPCookieStorage::make({.path = folder.file()})->cookies()), "b ");
     storage->removeAllCookies();
@@ -267,7 +267,7 @@ TEST(HTTPCookieStorage, InAFileForgetsWhatWasDeleted) {
     EXPECT_EQ(names(HTTPCookieStorage::make({.path = folder.file()})->cookies()), "");
 }
 
-TEST(HTTPCookieStorage, WritesNoFileBeforeThereIsSomethingToKeep) {
+TEST(HTTPCookieStorage, WritesNoFileBeforeTheFirstPersistentCookie) {
     const Folder folder;
     const auto storage = HTTPCookieStorage::make({.path = folder.file()});
     storage->setCookie(cookie("session"));
@@ -275,10 +275,10 @@ TEST(HTTPCookieStorage, WritesNoFileBeforeThereIsSomethingToKeep) {
     EXPECT_EQ(folder.count(), 0U);
 }
 
-TEST(HTTPCookieStorage, TheFileIsForTheUserAlone) {
+TEST(HTTPCookieStorage, TheFileIsForTheUserOnly) {
     const Folder folder;
     const auto storage = HTTPCookieStorage::make({.path = folder.file()});
-    storage->setCookie(lasting("a"));
+    storage->setCookie(persistent("a"));
     storage->flush();
     struct stat status {};
     ASSERT_EQ(::stat(folder.file().c_str(), &status), 0);
@@ -293,40 +293,40 @@ TEST(HTTPCookieStorage, SetsADamagedFileAsideAndReportsIt) {
     EXPECT_TRUE(storage->cookies().empty());
     EXPECT_EQ(problems.codes(), "NSCocoaErrorDomain 259;");
     EXPECT_EQ(content(folder.file("cookies.damaged")), "not cookies");
-    storage->setCookie(lasting("a"));
+    storage->setCookie(persistent("a"));
     storage->flush();
     EXPECT_EQ(names(HTTPCookieStorage::make(problems.of(folder.file()))->cookies()), "a ");
     EXPECT_EQ(problems.soFar(), "NSCocoaErrorDomain 259;");
 }
 
-TEST(HTTPCookieStorage, LeavesAloneWhatItCannotRead) {
+TEST(HTTPCookieStorage, DoesNotTouchAFileItCannotRead) {
     const Folder folder;
     std::filesystem::create_directory(folder.file());
     const Problems problems;
     const auto storage = HTTPCookieStorage::make(problems.of(folder.file()));
     EXPECT_EQ(problems.codes(), "NSCocoaErrorDomain 257;");
-    storage->setCookie(lasting("a"));
+    storage->setCookie(persistent("a"));
     storage->flush();
     EXPECT_TRUE(std::filesystem::is_directory(folder.file()));
     EXPECT_EQ(folder.count(), 1U);
     EXPECT_EQ(names(storage->cookies()), "a ");
 }
 
-TEST(HTTPCookieStorage, ReportsThatItCannotWriteAndTriesAgain) {
+TEST(HTTPCookieStorage, ReportsAFailedWriteAndTriesAgain) {
     const Folder folder;
     const Problems problems;
     const std::string inner = folder.file("missing") + "/cookies";
     const auto storage = HTTPCookieStorage::make(problems.of(inner));
-    storage->setCookie(lasting("a"));
+    storage->setCookie(persistent("a"));
     storage->flush();
     EXPECT_EQ(problems.codes(), "NSCocoaErrorDomain 512;");
     std::filesystem::create_directory(folder.file("missing"));
-    storage->setCookie(lasting("b"));
+    storage->setCookie(persistent("b"));
     storage->flush();
     EXPECT_EQ(names(HTTPCookieStorage::make({.path = inner})->cookies()), "a b ");
 }
 
-TEST(HTTPCookieStorage, MayBeFlushedWhereItReportsAProblem) {
+TEST(HTTPCookieStorage, CanBeFlushedInItsProblemHandler) {
     const Folder folder;
     put(folder.file(), "not cookies");
     const Event flushed;

@@ -4,14 +4,14 @@
 
 using namespace VanticRestKit;
 
-TEST(HTTPCookie, WithoutADateEndsWithTheProcess) {
+TEST(HTTPCookie, WithoutADateIsASessionCookie) {
     HTTPCookie cookie{.name = "a", .value = "b", .domain = "example.org"};
     EXPECT_TRUE(cookie.isSessionOnly());
     cookie.expiresDate = Date();
     EXPECT_FALSE(cookie.isSessionOnly());
 }
 
-TEST(HTTPCookie, IsEqualIfAllOfItIs) {
+TEST(HTTPCookie, IsEqualIfAllFieldsAre) {
     const HTTPCookie cookie{.name = "a", .value = "b", .domain = "example.org"};
     EXPECT_EQ(cookie, HTTPCookie(cookie));
     HTTPCookie other = cookie;

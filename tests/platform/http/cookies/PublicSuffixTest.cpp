@@ -5,7 +5,7 @@
 using VanticRestKit::detail::isPublicSuffix;
 using VanticRestKit::detail::registrableDomain;
 
-TEST(PublicSuffix, IsWhatAnyoneMayRegisterNamesBelow) {
+TEST(PublicSuffix, IsASuffixUnderWhichNamesCanBeRegistered) {
     EXPECT_TRUE(isPublicSuffix("org"));
     EXPECT_TRUE(isPublicSuffix("co.uk"));
     EXPECT_TRUE(isPublicSuffix("xn--p1ai"));
@@ -14,7 +14,7 @@ TEST(PublicSuffix, IsWhatAnyoneMayRegisterNamesBelow) {
     EXPECT_FALSE(isPublicSuffix("example.co.uk"));
 }
 
-TEST(PublicSuffix, HasTheRegisteredDomainOfAHostBelowIt) {
+TEST(PublicSuffix, FindsTheRegisteredDomainOfAHost) {
     EXPECT_EQ(registrableDomain("a.b.example.co.uk"), "example.co.uk");
     EXPECT_EQ(registrableDomain("example.org"), "example.org");
     EXPECT_EQ(registrableDomain("org"), "org");

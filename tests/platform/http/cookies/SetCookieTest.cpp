@@ -11,19 +11,19 @@ using namespace VanticRestKit::detail;
 
 namespace {
 
-/// What `text` says; a cookie without a name if it says nothing.
+/// The cookie in `text`, or one without a name if there is none.
 SetCookie read(std::string_view text) { return readSetCookie(text).value_or(SetCookie{}); }
 
 }  // namespace
 
-TEST(SetCookie, HasItsNameAndValueWithoutTheBlanksAround) {
+TEST(SetCookie, HasItsNameAndValueWithoutSurroundingSpaces) {
     EXPECT_EQ(read(" a\t= b c ; x").name, "a");
     EXPECT_EQ(read(" a\t= b c ; x").value, "b c");
     EXPECT_EQ(read("a=\"b=c\"").value, "\"b=c\"");
     EXPECT_EQ(read("a=").name, "a");
 }
 
-TEST(SetCookie, WithoutANameIsNone) {
+TEST(SetCookie, WithoutANameIsRejected) {
     for (const char* const text : {"", "  ", "a", "=a", " =a", ";a=b", "="})
         EXPECT_FALSE(readSetCookie(text)) << text;
 }
@@ -42,7 +42,7 @@ TEST(SetCookie, HasItsAttributes) {
     EXPECT_EQ(cookie.sameSite, HTTPCookieSameSite::lax);
 }
 
-TEST(SetCookie, HasNoneOfTheAttributesThatItDoesNotName) {
+TEST(SetCookie, HasOnlyTheAttributesThatItLists) {
     const SetCookie cookie = read("a=b; \"secure\"; secure only; samesite=other; domainx=y");
     EXPECT_EQ(cookie.domain, "");
     EXPECT_EQ(cookie.path, "");
@@ -53,7 +53,7 @@ TEST(SetCookie, HasNoneOfTheAttributesThatItDoesNotName) {
     EXPECT_FALSE(cookie.sameSite);
 }
 
-TEST(SetCookie, TakesTheLastOfEachAttribute) {
+TEST(SetCookie, UsesTheLastOfEachAttribute) {
     EXPECT_EQ(read("a=b; path=/x; path=/y").path, "/y");
     EXPECT_EQ(read("a=b; path=/x; path=relative").path, "");
     EXPECT_EQ(read("a=b; domain=x.org; domain=").domain, "");
@@ -65,7 +65,7 @@ TEST(SetCookie, KeepsAValidAttributeIfAnInvalidOneFollows) {
     EXPECT_TRUE(read("a=b; expires=01 Jan 2020 00:00:00; expires=soon").expires);
 }
 
-TEST(SetCookie, HasAMaxAgeOfDigitsOnly) {
+TEST(SetCookie, AcceptsOnlyDigitsInMaxAge) {
     EXPECT_EQ(read("a=b; max-age=0060").maxAge, 60);
     for (const char* const text : {"", "-", "+5", "5s", "1.5", "--5"}) {
         EXPECT_FALSE(read(std::string("a=b; max-age=") + text).maxAge) << text;
@@ -75,20 +75,20 @@ TEST(SetCookie, HasAMaxAgeOfDigitsOnly) {
     EXPECT_GT(*most, std::numeric_limits<std::int64_t>::max() / 1000);
 }
 
-TEST(SetCookie, EndsAtALineEndOrAZeroByte) {
+TEST(SetCookie, EndsAtALineBreakOrANulByte) {
     EXPECT_EQ(read("a=b\rc").value, "b");
     EXPECT_EQ(read("a=b\nc; secure").value, "b");
     EXPECT_EQ(read(std::string_view("a=b\0c", 5)).value, "b");
 }
 
-TEST(SetCookie, WithAnotherControlCharacterIsNone) {
+TEST(SetCookie, WithAnotherControlCharacterIsRejected) {
     EXPECT_FALSE(readSetCookie("a=b\x01"));
     EXPECT_FALSE(readSetCookie("a=b; path=/\x7F"));
     EXPECT_TRUE(hasControlCharacter("\x1F"));
     EXPECT_FALSE(hasControlCharacter("a\tb \xC3\xBC"));
 }
 
-TEST(SetCookie, LargerThanTheLimitIsNone) {
+TEST(SetCookie, LargerThanTheLimitIsRejected) {
     const std::string name = "name";
     EXPECT_TRUE(readSetCookie(name + "=" + std::string(maxCookieSize - name.size(), 'x')));
     EXPECT_FALSE(readSetCookie(name + "=" + std::string(maxCookieSize - name.size() + 1, 'x')));

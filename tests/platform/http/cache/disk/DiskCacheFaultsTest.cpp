@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 class DiskCacheFaults : public DiskStore {
 protected:
-    /// A file that holds twenty records, and is closed.
+    /// Creates a file with twenty records and closes it.
     void prepare() {
         open();
         for (int i = 0; i < 20; ++i) store_->write(recordOf(std::to_string(i), "v", 1, 20'000));
@@ -38,7 +38,7 @@ protected:
         std::ofstream(path, std::ios::binary) << bytes;
     }
 
-    /// Changes one bit at the place in the file that holds `bytes`.
+    /// Flips one bit at the position of `bytes` in the file.
     void flipBitOf(const std::string& bytes) const {
         std::string content = read(file());
         const std::size_t at = content.find(bytes);
@@ -47,7 +47,7 @@ protected:
         put(file(), content);
     }
 
-    /// Runs SQL on the file, as another program would.
+    /// Runs SQL on the file like another program would.
     void execute(const char* statements) const {
         sqlite3* database = nullptr;
         ASSERT_EQ(sqlite3_open(file().c_str(), &database), SQLITE_OK);
@@ -56,8 +56,8 @@ protected:
         sqlite3_close(database);
     }
 
-    /// How many of the twenty records are found; fails if one is not whole.
-    int countWhole() {
+    /// Returns how many of the twenty records are found. Fails if one of them is not intact.
+    int countIntact() {
         int count = 0;
         for (int i = 0; i < 20; ++i) {
             for (const auto& record : recordsOf(*store_, std::to_string(i))) {
@@ -76,7 +76,7 @@ protected:
 
 }  // namespace
 
-TEST_F(DiskCacheFaults, AFileThatIsNoDatabaseIsSetAside) {
+TEST_F(DiskCacheFaults, AFileThatIsNotADatabaseIsSetAside) {
     put(file(), std::string(5000, 'x'));
     open();
     EXPECT_EQ(bodyIn(*store_, "a"), "none");
@@ -104,7 +104,7 @@ TEST_F(DiskCacheFaults, AFileOfANewerVersionIsSetAside) {
     prepare();
     execute("PRAGMA user_version=2");
     open();
-    EXPECT_EQ(countWhole(), 0);
+    EXPECT_EQ(countIntact(), 0);
     expectItWorks();
     EXPECT_THAT(reports_.codes(), ElementsAre(Code::newerFile));
     EXPECT_TRUE(fs::exists(file() + ".newer"));
@@ -135,7 +135,7 @@ TEST_F(DiskCacheFaults, AnEmptyFileIsUsed) {
     EXPECT_EQ(modeOf(file()), 0600U);
 }
 
-TEST_F(DiskCacheFaults, WhateverIsOverwrittenNoRecordIsHandedOutThatIsNotWhole) {
+TEST_F(DiskCacheFaults, ADamagedFileNeverYieldsADamagedRecord) {
     prepare();
     const std::string sound = read(file());
     ASSERT_GT(sound.size(), 400'000U);
@@ -148,24 +148,24 @@ TEST_F(DiskCacheFaults, WhateverIsOverwrittenNoRecordIsHandedOutThatIsNotWhole) 
         fs::remove_all(folder());
         put(file(), damaged);
         open();
-        found += countWhole();
+        found += countIntact();
         expectItWorks();
         close();
         setAside += fs::exists(file() + ".damaged") || fs::exists(file() + ".foreign") ? 1 : 0;
     }
-    EXPECT_GT(found, 100) << "most records are not touched by most damages";
+    EXPECT_GT(found, 100) << "most damages leave most records intact";
     EXPECT_GT(setAside, 0);
     EXPECT_FALSE(reports_.codes().empty());
 }
 
-TEST_F(DiskCacheFaults, AFileCutShortIsNoTrouble) {
+TEST_F(DiskCacheFaults, ATruncatedFileIsHandled) {
     prepare();
     const std::string sound = read(file());
     for (std::size_t size = 1; size < sound.size(); size += sound.size() / 23) {
         fs::remove_all(folder());
         put(file(), sound.substr(0, size));
         open();
-        countWhole();
+        countIntact();
         expectItWorks();
         close();
     }
@@ -176,9 +176,9 @@ TEST_F(DiskCacheFaults, ABodyWithOneWrongBitIsRemovedAndReported) {
     prepare();
     flipBitOf(bodyOf("7", "v", 1, 20'000).substr(300, 100));
     open();
-    EXPECT_EQ(countWhole(), 19);
+    EXPECT_EQ(countIntact(), 19);
     EXPECT_THAT(reports_.codes(), ElementsAre(Code::damagedRecord));
-    EXPECT_EQ(countWhole(), 19);
+    EXPECT_EQ(countIntact(), 19);
     EXPECT_THAT(reports_.codes(), ElementsAre(Code::damagedRecord)) << "it is gone";
 }
 
@@ -197,23 +197,23 @@ TEST_F(DiskCacheFaults, ARecordWithTheBodyOfAnotherOneIsRemoved) {
     execute("UPDATE body SET bytes = (SELECT bytes FROM body WHERE id = 3) WHERE id = 5");
     execute("UPDATE record SET bodySum = (SELECT bodySum FROM record WHERE id = 3) WHERE id = 5");
     open();
-    EXPECT_EQ(countWhole(), 19);
+    EXPECT_EQ(countIntact(), 19);
     EXPECT_THAT(reports_.codes(), ElementsAre(Code::damagedRecord));
 }
 
-TEST_F(DiskCacheFaults, GoesOnWhenTheFolderIsRemoved) {
+TEST_F(DiskCacheFaults, ContinuesWhenTheFolderIsRemoved) {
     open();
     write("a", "body");
     store_->flush();
     fs::remove_all(temporary_.at("a"));
     EXPECT_EQ(bodyIn(*store_, "a"), "none");
-    EXPECT_FALSE(fs::exists(folder())) << "reading makes nothing";
+    EXPECT_FALSE(fs::exists(folder())) << "reading creates nothing";
     expectItWorks();
     EXPECT_TRUE(fs::exists(file()));
     EXPECT_THAT(reports_.codes(), IsEmpty());
 }
 
-TEST_F(DiskCacheFaults, AFolderThatCannotBeMadeIsReportedOnceAndCountsAsEmpty) {
+TEST_F(DiskCacheFaults, AFolderThatCannotBeCreatedIsReportedOnceAndCountsAsEmpty) {
     put(temporary_.at("a"), "a file");
     open();
     for (int i = 0; i < 3; ++i) {
@@ -226,7 +226,7 @@ TEST_F(DiskCacheFaults, AFolderThatCannotBeMadeIsReportedOnceAndCountsAsEmpty) {
     EXPECT_THAT(reports_.codes(), ElementsAre(Code::folderUnavailable));
 }
 
-TEST_F(DiskCacheFaults, WhatCouldNotBeChangedBecauseTheFileCouldNotBeOpenedIsForgotten) {
+TEST_F(DiskCacheFaults, ARecordThatCouldNotBeReplacedIsNotReturnedLater) {
     prepare();
     fs::rename(folder(), temporary_.at("hidden"));
     put(folder(), "a file");
@@ -236,11 +236,11 @@ TEST_F(DiskCacheFaults, WhatCouldNotBeChangedBecauseTheFileCouldNotBeOpenedIsFor
     EXPECT_THAT(reports_.codes(), ElementsAre(Code::folderUnavailable));
     fs::remove(folder());
     fs::rename(temporary_.at("hidden"), folder());
-    EXPECT_EQ(countWhole(), 0);
+    EXPECT_EQ(countIntact(), 0);
     expectItWorks();
 }
 
-TEST_F(DiskCacheFaults, AFullDiskIsReportedOnceAndWhatIsStoredStays) {
+TEST_F(DiskCacheFaults, AFullDiskIsReportedOnceAndStoredRecordsAreKept) {
     detail::DiskCacheLimits limits;
     limits.maxPages = 120;
     open(capacity, limits);
@@ -249,22 +249,23 @@ TEST_F(DiskCacheFaults, AFullDiskIsReportedOnceAndWhatIsStoredStays) {
         store_->flush();
     }
     EXPECT_THAT(reports_.codes(), ElementsAre(Code::diskFull));
-    const int stored = countWhole();
+    const int stored = countIntact();
     EXPECT_GE(stored, 9);
     EXPECT_LE(stored, 12);
     store_->remove("0");
     store_->remove("1");
-    EXPECT_EQ(countWhole(), stored - 2);
+    EXPECT_EQ(countIntact(), stored - 2);
     store_->write(recordOf("0", "v", 2, 40'000));
-    EXPECT_EQ(countWhole(), stored - 1) << "there is space again";
+    EXPECT_EQ(countIntact(), stored - 1) << "there is space again";
     for (int i = 0; i < 5; ++i) {
         store_->write(recordOf("more " + std::to_string(i), "v", 1, 40'000));
         store_->flush();
     }
-    EXPECT_THAT(reports_.codes(), ElementsAre(Code::diskFull, Code::diskFull)) << "it was over in between";
+    EXPECT_THAT(reports_.codes(), ElementsAre(Code::diskFull, Code::diskFull))
+        << "the condition had ended in between";
 }
 
-TEST_F(DiskCacheFaults, WhatAFullDiskKeptFromBeingReplacedIsNotFoundAgain) {
+TEST_F(DiskCacheFaults, ARecordThatAFullDiskPreventedFromBeingReplacedIsNotReturned) {
     detail::DiskCacheLimits limits;
     limits.maxPages = 120;
     open(capacity, limits);
@@ -272,13 +273,13 @@ TEST_F(DiskCacheFaults, WhatAFullDiskKeptFromBeingReplacedIsNotFoundAgain) {
     store_->write(recordOf("3", "v", 2, 400'000));
     store_->writeHead({"3", "v", Data(headOf("3", "v", 2, 1)), Data(bodyOf("3", "v", 2, 400'000))});
     EXPECT_THAT(recordsOf(*store_, "3"), IsEmpty());
-    EXPECT_EQ(countWhole(), 7);
+    EXPECT_EQ(countIntact(), 7);
     EXPECT_THAT(reports_.codes(), ElementsAre(Code::diskFull));
 }
 
-TEST_F(DiskCacheFaults, WorksOnAFileSystemThatIsFull) {
+TEST_F(DiskCacheFaults, WorksOnAFullFileSystem) {
     fs::create_directories(folder());
-    // Only this process sees it.
+    // The mount is visible only to this process.
     if (unshare(CLONE_NEWNS) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
         mount("none", folder().c_str(), "tmpfs", 0, "size=600k") != 0) {
         GTEST_SKIP() << "no right to mount";
@@ -289,21 +290,21 @@ TEST_F(DiskCacheFaults, WorksOnAFileSystemThatIsFull) {
             store_->write(recordOf(std::to_string(i), "v", version, 40'000));
             store_->flush();
         }
-        countWhole();
+        countIntact();
     }
     ASSERT_FALSE(reports_.codes().empty());
     EXPECT_EQ(reports_.codes()[0], Code::diskFull);
     store_->removeAll("");
-    EXPECT_EQ(countWhole(), 0) << "removing works on a full disk";
+    EXPECT_EQ(countIntact(), 0) << "removing works on a full disk";
     expectItWorks();
     EXPECT_EQ(mount("none", folder().c_str(), "tmpfs", MS_REMOUNT, "size=20m"), 0);
     for (int i = 0; i < 20; ++i) store_->write(recordOf(std::to_string(i), "v", 9, 40'000));
-    EXPECT_EQ(countWhole(), 20);
+    EXPECT_EQ(countIntact(), 20);
     close();
     EXPECT_EQ(umount(folder().c_str()), 0);
 }
 
-TEST_F(DiskCacheFaults, ALockThatIsHeldForTooLongIsReported) {
+TEST_F(DiskCacheFaults, ALockHeldForTooLongIsReported) {
     prepare();
     sqlite3* other = nullptr;
     ASSERT_EQ(sqlite3_open(file().c_str(), &other), SQLITE_OK);
@@ -313,7 +314,7 @@ TEST_F(DiskCacheFaults, ALockThatIsHeldForTooLongIsReported) {
     open(capacity, limits);
     write("new", "body");
     EXPECT_EQ(bodyIn(*store_, "new"), "none");
-    EXPECT_EQ(countWhole(), 20) << "reading goes on";
+    EXPECT_EQ(countIntact(), 20) << "reading still works";
     EXPECT_THAT(reports_.codes(), ElementsAre(Code::busy));
     sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
     sqlite3_close(other);

@@ -18,10 +18,10 @@ class DiskCacheFork : public DiskStore {
 protected:
     void SetUp() override {
 #if defined(__SANITIZE_THREAD__)
-        GTEST_SKIP() << "the sanitizer lets no child start threads";
+        GTEST_SKIP() << "a child cannot start threads under this sanitizer";
 #elif defined(__has_feature)
 #if __has_feature(thread_sanitizer)
-        GTEST_SKIP() << "the sanitizer lets no child start threads";
+        GTEST_SKIP() << "a child cannot start threads under this sanitizer";
 #endif
 #endif
         open();
@@ -59,7 +59,7 @@ TEST_F(DiskCacheFork, AChildFindsTheStoreEmptyAndChangesNothing) {
     EXPECT_THAT(reports_.codes(), IsEmpty());
 }
 
-TEST_F(DiskCacheFork, AStoreOfTheChildsOwnReportsWhyItIsEmpty) {
+TEST_F(DiskCacheFork, AStoreOpenedByTheChildReportsWhyItIsEmpty) {
     EXPECT_TRUE(holdsInChild([this] {
         const Reports reports;
         const auto own = detail::openDiskCacheStore(folder(), capacity, reports.collect());

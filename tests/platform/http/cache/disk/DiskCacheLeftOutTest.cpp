@@ -7,7 +7,7 @@ using namespace VanticRestKit;
 using namespace VanticRestKit::test;
 using testing::ElementsAre;
 
-TEST_F(DiskStore, WithoutSQLiteReportsSoOnceAndStaysEmpty) {
+TEST_F(DiskStore, WithoutSQLiteReportsThatOnceAndStaysEmpty) {
     EXPECT_FALSE(detail::hasDiskCacheStore());
     open();
     write("a", "body");

@@ -54,13 +54,13 @@ public:
         ::close(output_);
     }
 
-    /// Waits until it has written something.
+    /// Waits until it has written its first records.
     [[nodiscard]] bool hasBegun() const {
         pollfd readable{output_, POLLIN, 0};
         return poll(&readable, 1, 30'000) == 1 && (readable.revents & POLLIN) != 0;
     }
 
-    /// Kills it. Returns the last round that it said was written, or 0.
+    /// Kills it. Returns the last round that it reported as written, or 0.
     unsigned kill() {
         ::kill(pid_, SIGKILL);
         end();
@@ -69,7 +69,7 @@ public:
         for (ssize_t size = 0; (size = ::read(output_, buffer, sizeof buffer)) > 0;) {
             said.append(buffer, static_cast<std::size_t>(size));
         }
-        // The pipe holds all that was said: a few bytes a round.
+        // The pipe holds the whole output, a few bytes per round.
         unsigned last = 0;
         std::size_t start = 0;
         for (std::size_t line = said.find('\n'); line != std::string::npos; line = said.find('\n', start)) {
@@ -79,7 +79,7 @@ public:
         return last;
     }
 
-    /// Waits for its end; its exit code, or -1.
+    /// Waits for its end. Returns the exit code, or -1.
     int end() {
         int status = -1;
         waitpid(std::exchange(pid_, 0), &status, 0);
@@ -93,22 +93,22 @@ private:
 
 class DiskCacheProcesses : public DiskStore {
 protected:
-    /// The version of the only record of `key`; 0 if there is none. Fails if it is not whole.
+    /// The version of the only record of `key`, 0 if there is none. Fails if the record is not intact.
     unsigned versionIn(const std::string& key) {
         const auto records = recordsOf(*store_, key);
         EXPECT_LE(records.size(), 1U);
         if (records.empty()) return 0;
         const unsigned version = versionOf(records.front());
-        EXPECT_NE(version, 0U) << key << " is not whole, or its head is of another version";
+        EXPECT_NE(version, 0U) << key << " is not intact, or its head belongs to another version";
         return version;
     }
-    int countWhole() {
+    int countIntact() {
         int count = 0;
         for (int i = 0; i < 40; ++i) count += versionIn("record " + std::to_string(i)) != 0 ? 1 : 0;
         return count;
     }
 
-    /// What SQLite finds wrong with the file.
+    /// The result of SQLite's integrity check.
     std::string integrity() const {
         sqlite3* database = nullptr;
         std::string found;
@@ -127,7 +127,7 @@ protected:
 
 }  // namespace
 
-TEST_F(DiskCacheProcesses, AfterAWriterIsKilledAtAnyMomentEveryRecordIsWhole) {
+TEST_F(DiskCacheProcesses, AWriterKilledAtAnyTimeLeavesOnlyIntactRecords) {
     std::mt19937 random(20'240'611);
     int found = 0;
     int killedEarly = 0;
@@ -135,7 +135,7 @@ TEST_F(DiskCacheProcesses, AfterAWriterIsKilledAtAnyMomentEveryRecordIsWhole) {
         SCOPED_TRACE(round);
         if (round % 20 == 0) std::filesystem::remove_all(folder());
         Writer writer(folder(), round);
-        // Every fourth is killed while it starts and opens or makes the file.
+        // Every fourth is killed while it starts and opens or creates the file.
         if (round % 4 != 0) {
             ASSERT_TRUE(writer.hasBegun());
         }
@@ -143,8 +143,8 @@ TEST_F(DiskCacheProcesses, AfterAWriterIsKilledAtAnyMomentEveryRecordIsWhole) {
         const unsigned written = writer.kill();
         killedEarly += written == 0 ? 1 : 0;
         open(1'000'000);
-        found += countWhole();
-        // What a writer was told to be written is there, and what it wrote next may be.
+        found += countIntact();
+        // Everything reported as written must be present, the next round may be.
         const unsigned mark = versionIn("mark");
         if (written > 0) {
             EXPECT_TRUE(mark == written || mark == written + 1) << mark << " after " << written;
@@ -169,24 +169,24 @@ TEST_F(DiskCacheProcesses, FourProcessesWriteToOneFolderAtOnce) {
         for (Writer* writer : {&one, &two, &three, &four}) EXPECT_EQ(writer->end(), 0);
     }
     open(1'000'000);
-    EXPECT_GT(countWhole(), 0);
+    EXPECT_GT(countIntact(), 0);
     EXPECT_EQ(versionIn("mark"), static_cast<unsigned>(roundsOfEach));
     close();
     EXPECT_EQ(integrity(), "ok");
     EXPECT_THAT(reports_.codes(), IsEmpty());
 }
 
-TEST_F(DiskCacheProcesses, WhatOneProcessWritesTheOtherFinds) {
+TEST_F(DiskCacheProcesses, ARecordOfOneProcessIsFoundByAnother) {
     open(1'000'000);
     EXPECT_EQ(versionIn("mark"), 0U);
     Writer other(folder(), 5, 3);
     EXPECT_EQ(other.end(), 0);
     EXPECT_EQ(versionIn("mark"), 3U);
-    EXPECT_GT(countWhole(), 0);
+    EXPECT_GT(countIntact(), 0);
     EXPECT_THAT(reports_.codes(), IsEmpty());
 }
 
-TEST_F(DiskCacheProcesses, AStoreGoesOnWithTheNewFileAfterAnotherProcessRemovedTheOld) {
+TEST_F(DiskCacheProcesses, AStoreContinuesWithANewFileAfterAnotherProcessRemovedTheOld) {
     open(1'000'000);
     write("mine", "body");
     store_->flush();

@@ -9,7 +9,7 @@ using testing::IsEmpty;
 
 namespace {
 
-/// What the file may have beyond the capacity: pages kept for reuse, and what one transaction adds.
+/// How far the file may exceed the capacity: free pages kept for reuse, and the pages of one transaction.
 constexpr std::uint64_t slack = 4U << 20U;
 
 class DiskCacheSpace : public DiskStore {
@@ -23,7 +23,7 @@ protected:
 
 }  // namespace
 
-TEST_F(DiskCacheSpace, RemovesWhatWasUsedLeastRecently) {
+TEST_F(DiskCacheSpace, EvictsTheLeastRecentlyUsedRecord) {
     open(1'000'000);
     for (int i = 0; i < 8; ++i) write(std::to_string(i), std::string(100'000, 'x'));
     EXPECT_TRUE(has(0));
@@ -37,7 +37,7 @@ TEST_F(DiskCacheSpace, RemovesWhatWasUsedLeastRecently) {
     EXPECT_LE(store_->currentUsage(), 1'000'000U);
 }
 
-TEST_F(DiskCacheSpace, RemembersAcrossLivesWhatWasRead) {
+TEST_F(DiskCacheSpace, RemembersRecentReadsAfterReopening) {
     open(1'000'000);
     for (int i = 0; i < 8; ++i) write(std::to_string(i), std::string(100'000, 'x'));
     open(1'000'000);
@@ -53,18 +53,18 @@ TEST_F(DiskCacheSpace, DoesNotStoreARecordLargerThanTheCapacity) {
     write("a", "small");
     write("b", "small");
     write("a", std::string(300'000, 'x'));
-    EXPECT_EQ(bodyIn(*store_, "a"), "none") << "nor keeps the one that it would replace";
+    EXPECT_EQ(bodyIn(*store_, "a"), "none") << "the record that it would replace is removed too";
     EXPECT_EQ(bodyIn(*store_, "b"), "small");
 }
 
-TEST_F(DiskCacheSpace, ACapacityOfNothingStoresNothing) {
+TEST_F(DiskCacheSpace, ACapacityOfZeroStoresNothing) {
     open(0);
     write("a", "");
     EXPECT_EQ(bodyIn(*store_, "a"), "none");
     EXPECT_EQ(store_->currentUsage(), 0U);
 }
 
-TEST_F(DiskCacheSpace, TheFileStaysNearTheCapacityHoweverMuchIsWritten) {
+TEST_F(DiskCacheSpace, TheFileStaysNearTheCapacity) {
     open(capacity);
     unsigned state = 1;
     for (unsigned i = 0; i < 3000; ++i) {
@@ -86,7 +86,7 @@ TEST_F(DiskCacheSpace, TheFileStaysNearTheCapacityHoweverMuchIsWritten) {
     EXPECT_GT(whole, 200);
 }
 
-TEST_F(DiskCacheSpace, CountsWhatTinyRecordsTake) {
+TEST_F(DiskCacheSpace, CountsTheOverheadOfTinyRecords) {
     open(1'000'000);
     for (int i = 0; i < 20'000; ++i) write("http://127.0.0.1/v2/item/" + std::to_string(i), "x");
     store_->flush();
@@ -95,7 +95,7 @@ TEST_F(DiskCacheSpace, CountsWhatTinyRecordsTake) {
     EXPECT_NE(bodyIn(*store_, "http://127.0.0.1/v2/item/19999"), "none");
 }
 
-TEST_F(DiskCacheSpace, GivesSpaceBackToTheFileSystem) {
+TEST_F(DiskCacheSpace, ReturnsSpaceToTheFileSystem) {
     open(capacity * 4);
     for (int i = 0; i < 100; ++i) write(std::to_string(i), std::string(100'000, 'x'));
     store_->flush();
@@ -106,7 +106,7 @@ TEST_F(DiskCacheSpace, GivesSpaceBackToTheFileSystem) {
     EXPECT_EQ(fileSize("-wal"), 0U);
 }
 
-TEST_F(DiskCacheSpace, ASmallerCapacityHoldsFromTheNextOpening) {
+TEST_F(DiskCacheSpace, ASmallerCapacityAppliesFromTheNextOpening) {
     open(capacity);
     for (int i = 0; i < 30; ++i) write(std::to_string(i), std::string(100'000, 'x'));
     open(capacity / 4);
@@ -129,13 +129,13 @@ TEST_F(DiskCacheSpace, KnowsItsUsageAfterOpening) {
     EXPECT_EQ(store_->currentUsage(), before);
 }
 
-TEST_F(DiskCacheSpace, DropsTheOldestWritesWhenTooManyWait) {
+TEST_F(DiskCacheSpace, DropsTheOldestWritesIfTooManyArePending) {
     detail::DiskCacheLimits limits;
     limits.maxPendingBytes = 100'000;
     open(capacity, limits);
     write("0", "of another time");
     store_->flush();
-    // The store's thread stays here until the test goes on.
+    // Blocks the store's thread until the test continues.
     const Event isHeld;
     const Event goesOn;
     store_->read("0", [isHeld, goesOn](const auto&) {
@@ -146,7 +146,7 @@ TEST_F(DiskCacheSpace, DropsTheOldestWritesWhenTooManyWait) {
     for (int i = 0; i < 20; ++i) write(std::to_string(i), std::string(10'000, 'x'));
     EXPECT_EQ(store_->droppedWrites(), 11U);
     goesOn.signal();
-    EXPECT_FALSE(has(0)) << "what a dropped write was to replace is removed";
+    EXPECT_FALSE(has(0)) << "the record that a dropped write would replace is removed";
     EXPECT_FALSE(has(10));
     EXPECT_TRUE(has(11));
     EXPECT_TRUE(has(19));

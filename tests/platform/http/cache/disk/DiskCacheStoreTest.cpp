@@ -29,7 +29,7 @@ protected:
 
 TEST_F(DiskCacheStore, IsPartOfThisBuild) { EXPECT_TRUE(detail::hasDiskCacheStore()); }
 
-TEST_F(DiskCacheStore, MakesNothingBeforeTheFirstWrite) {
+TEST_F(DiskCacheStore, CreatesNothingBeforeTheFirstWrite) {
     EXPECT_EQ(bodyIn(*store_, "a"), "none");
     store_->writeHead({"a", "", Data("head"), Data("body")});
     store_->remove("a");
@@ -39,7 +39,7 @@ TEST_F(DiskCacheStore, MakesNothingBeforeTheFirstWrite) {
     EXPECT_EQ(store_->currentUsage(), 0U);
 }
 
-TEST_F(DiskCacheStore, MakesFolderAndFilesForTheUserAlone) {
+TEST_F(DiskCacheStore, CreatesFolderAndFilesForTheUserOnly) {
     const mode_t before = umask(0);
     write("a", "body");
     store_->flush();
@@ -54,7 +54,7 @@ TEST_F(DiskCacheStore, MakesFolderAndFilesForTheUserAlone) {
     EXPECT_EQ(files, 4) << "the file, its log and its index, and the lock";
 }
 
-TEST_F(DiskCacheStore, TakesTheRightsOfOthersAwayFromAnExistingFile) {
+TEST_F(DiskCacheStore, RemovesTheRightsOfOthersFromAnExistingFile) {
     write("a", "body");
     close();
     chmod(file().c_str(), 0644);
@@ -65,7 +65,7 @@ TEST_F(DiskCacheStore, TakesTheRightsOfOthersAwayFromAnExistingFile) {
     EXPECT_EQ(modeOf(file() + "-shm"), 0600U);
 }
 
-TEST_F(DiskCacheStore, GivesWhatWasWrittenInAnotherLife) {
+TEST_F(DiskCacheStore, FindsRecordsAfterReopening) {
     write("a", "body of a");
     write("b", "");
     reopen();
@@ -107,7 +107,7 @@ TEST_F(DiskCacheStore, KeepsAllVariantsOfAKeyAndReplacesOneOfThem) {
     EXPECT_THAT(recordsOf(*store_, "a"), IsEmpty());
 }
 
-TEST_F(DiskCacheStore, ReplacesTheHeadAndLeavesTheBody) {
+TEST_F(DiskCacheStore, ReplacesTheHeadAndKeepsTheBody) {
     write("a", std::string(100'000, 'x'), "v");
     write("b", "other", "v");
     const Data body(std::string(100'000, 'x'));
@@ -123,7 +123,7 @@ TEST_F(DiskCacheStore, ReplacesTheHeadAndLeavesTheBody) {
     EXPECT_EQ(recordsOf(*store_, "b").at(0).head, Data("head of b"));
 }
 
-TEST_F(DiskCacheStore, TakesAPrefixLiterally) {
+TEST_F(DiskCacheStore, TreatsAPrefixLiterally) {
     for (const char* key : {"a%", "a%1", "ab", "a_", "a_1", "A%1", "a\xff", "b", "[a]*", "[a]"})
         write(key, key);
     store_->removeAll("a%");
@@ -139,7 +139,7 @@ TEST_F(DiskCacheStore, TakesAPrefixLiterally) {
     EXPECT_EQ(bodyIn(*store_, "b"), "b");
 }
 
-TEST_F(DiskCacheStore, RemovesAllBelowAPrefixOfHighestBytes) {
+TEST_F(DiskCacheStore, RemovesAllKeysWithAPrefixOfHighestBytes) {
     write("\xff\xff", "1");
     write("\xff\xff\xff", "2");
     write("\xff", "3");
@@ -161,7 +161,7 @@ TEST_F(DiskCacheStore, AnEmptyPrefixRemovesEverything) {
     EXPECT_EQ(bodyIn(*store_, "key 7"), "none");
 }
 
-TEST_F(DiskCacheStore, KeysVariantsAndBytesMayBeAnything) {
+TEST_F(DiskCacheStore, AcceptsAnyKeysVariantsAndBytes) {
     const std::string odd("\0 \xff'\"%\n\0", 8);
     store_->write({odd, odd, Data(odd), Data(odd)});
     store_->write({"", "", Data(), Data()});
@@ -173,7 +173,7 @@ TEST_F(DiskCacheStore, KeysVariantsAndBytesMayBeAnything) {
     EXPECT_EQ(bodyIn(*store_, odd.substr(0, 1)), "none");
 }
 
-TEST_F(DiskCacheStore, AnswersCallsOfManyThreads) {
+TEST_F(DiskCacheStore, CanBeUsedByManyThreads) {
     std::vector<std::thread> threads;
     std::atomic<int> whole = 0;
     for (int number = 0; number < 4; ++number) {
@@ -203,7 +203,7 @@ TEST_F(DiskCacheStore, TwoStoresOfOneProcessShareAFolder) {
     }
 }
 
-TEST_F(DiskCacheStore, GivesNoHeadToABodyThatAnotherStoreHasWritten) {
+TEST_F(DiskCacheStore, DoesNotReplaceTheHeadOfABodyWrittenByAnotherStore) {
     const auto other = detail::openDiskCacheStore(folder(), capacity, reports_.collect());
     store_->write({"a", "", Data("head 1"), Data("body 1")});
     store_->flush();
@@ -218,13 +218,13 @@ TEST_F(DiskCacheStore, GivesNoHeadToABodyThatAnotherStoreHasWritten) {
     EXPECT_EQ(recordsOf(*other, "a").at(0).head, Data("head 2, renewed"));
 }
 
-TEST_F(DiskCacheStore, WritesWhatWasHandedOverAlsoAfterItsLastHandleIsGone) {
+TEST_F(DiskCacheStore, CompletesPendingWritesAfterItsLastHandleIsDestroyed) {
     for (int i = 0; i < 100; ++i) write(std::to_string(i), "body");
     reopen();
     for (int i = 0; i < 100; ++i) EXPECT_EQ(bodyIn(*store_, std::to_string(i)), "body");
 }
 
-TEST_F(DiskCacheStore, AFlushOnItsOwnThreadReturns) {
+TEST_F(DiskCacheStore, AFlushOnItsOwnThreadDoesNotBlock) {
     const Event flushed;
     store_->read("a", [this, flushed](const auto&) {
         store_->flush();

@@ -1,5 +1,5 @@
-// Writes records to a store until it is killed:   disk_cache_writer FOLDER SEED [ROUNDS]
-// Prints the number of each round once it is written. With ROUNDS it ends after as many; with 1 if anything was reported.
+// Writes records to a store until it is killed:   disk_cache_writer FOLDER SEED [ROUNDS] Prints the number of each
+// round after it is written. With ROUNDS it ends after that many, with exit code 1 if anything was reported.
 
 #include <VanticRestKit/platform/http/cache/detail/DiskCacheStore.h>
 
@@ -18,14 +18,14 @@ namespace {
 
 constexpr unsigned keys = 40;
 
-/// What one process writes: a few records, heads and removals a round, and then a mark that the round is over.
+/// The writes of one process: a few records, heads and removals per round, and then a mark that ends the round.
 class Writer {
 public:
     Writer(detail::CacheStore& store, unsigned seed) : store_(store), state_(seed) {}
 
     void write(unsigned round) {
         for (unsigned i = 0; i < 6; ++i) writeSome(round * 10 + i);
-        // Of all versions that this process has written, the head belongs to the last one.
+        // The head belongs to the last version that this process has written.
         if (next(3) == 0) {
             store_.writeHead({lastKey_, "v", Data(headOf(lastKey_, "v", lastVersion_, round)),
                               Data(bodyOf(lastKey_, "v", lastVersion_, lastSize_))});

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Records whose bytes tell whether they are whole.
+/// Records whose content shows whether they are intact.
 
 #include <VanticRestKit/platform/http/cache/detail/CacheStore.h>
 
@@ -10,7 +10,7 @@
 
 namespace VanticRestKit::test {
 
-/// The body of a version of a record: it begins with its own description, and the rest follows from that.
+/// The body of a version of a record. It begins with a description from which the rest is generated.
 inline std::string bodyOf(const std::string& key, const std::string& variant, unsigned version,
                           std::size_t size) {
     std::string body = key + "/" + variant + "/" + std::to_string(version) + "/" + std::to_string(size) + "/";
@@ -24,7 +24,7 @@ inline std::string bodyOf(const std::string& key, const std::string& variant, un
     return body;
 }
 
-/// The head of a version, renewed `renewals` times since.
+/// The head of a version after `renewals` renewals.
 inline std::string headOf(const std::string& key, const std::string& variant, unsigned version,
                           unsigned renewals) {
     return key + "/" + variant + "/" + std::to_string(version) + "/" + std::to_string(renewals);
@@ -35,7 +35,7 @@ inline detail::CacheRecord recordOf(const std::string& key, const std::string& v
     return {key, variant, Data(headOf(key, variant, version, 0)), Data(bodyOf(key, variant, version, size))};
 }
 
-/// Which version of a record this is, if it is whole and the head is one of that version; 0 otherwise.
+/// The version of a record, or 0 if the record is not intact or its head belongs to another version.
 inline unsigned versionOf(const detail::CacheRecord& record) {
     const std::string start = record.key + "/" + record.variant + "/";
     const std::string body(record.body.view());

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// A store in a folder of its own, and what it has reported.
+/// A store in its own temporary folder, and the errors that it reported.
 
 #include <VanticRestKit/platform/http/cache/detail/DiskCacheStore.h>
 #include <VanticRestKit/platform/http/cache/DiskCacheErrorCode.h>
@@ -37,7 +37,7 @@ private:
     std::string path_;
 };
 
-/// The codes of all reports, in order. Copies are one list.
+/// The codes of all reports, in order. Copies share one list.
 class Reports {
 public:
     detail::DiskCacheReport collect() const {
@@ -61,7 +61,7 @@ private:
     std::shared_ptr<State> state_ = std::make_shared<State>();
 };
 
-/// The records of `key`; fails if none come within half a minute.
+/// The records of `key`. Fails if the store does not answer within half a minute.
 inline std::vector<detail::CacheRecord> recordsOf(detail::CacheStore& store, const std::string& key) {
     const Event found;
     const auto records = std::make_shared<std::vector<detail::CacheRecord>>();
@@ -89,7 +89,7 @@ protected:
     void open(std::uint64_t bytes = capacity, const detail::DiskCacheLimits& limits = {}) {
         close();
         closed_ = Event();
-        // The report goes after the file has been closed.
+        // The report function is destroyed after the file has been closed.
         std::shared_ptr<void> token(nullptr, [closed = closed_](void*) { closed.signal(); });
         auto report = [token = std::move(token), collect = reports_.collect()](const Error& error) mutable {
             collect(error);
@@ -97,7 +97,7 @@ protected:
         store_ = detail::openDiskCacheStore(folder(), bytes, std::move(report), limits);
     }
 
-    /// Waits until all is written and the file is closed.
+    /// Waits until everything is written and the file is closed.
     void close() {
         if (store_ == nullptr) return;
         store_.reset();

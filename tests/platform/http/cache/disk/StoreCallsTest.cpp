@@ -27,18 +27,18 @@ std::string keysOf(const std::vector<StoreCall>& calls) {
 
 }  // namespace
 
-TEST(StoreCalls, AskForTheThreadOnceUntilItHasTakenAll) {
+TEST(StoreCalls, StartTheThreadOnlyIfTheQueueWasEmpty) {
     StoreCalls calls(1000'000);
     EXPECT_TRUE(calls.push(call(Kind::write, "a")));
     EXPECT_FALSE(calls.push(call(Kind::read, "b")));
     EXPECT_EQ(keysOf(calls.take()), "ab");
-    EXPECT_FALSE(calls.push(call(Kind::remove, "c"))) << "the thread asks again";
+    EXPECT_FALSE(calls.push(call(Kind::remove, "c"))) << "the thread is still running";
     EXPECT_EQ(keysOf(calls.take()), "c");
     EXPECT_TRUE(calls.take().empty());
     EXPECT_TRUE(calls.push(call(Kind::write, "d")));
 }
 
-TEST(StoreCalls, BecomeRemovalsWhenDroppedAndKeepTheirPlace) {
+TEST(StoreCalls, BecomeRemovalsWhenDroppedAndKeepTheirPosition) {
     StoreCalls calls(10'000);
     calls.push(call(Kind::remove, "a"));
     calls.push(call(Kind::write, "b", 4000));
@@ -61,7 +61,7 @@ TEST(StoreCalls, DropAWriteLargerThanTheLimitAtOnce) {
     EXPECT_EQ(keysOf(calls.take()), "-ab");
 }
 
-TEST(StoreCalls, CountWhatIsBeingWrittenUntilTheNextTake) {
+TEST(StoreCalls, CountABatchUntilTheNextIsTaken) {
     StoreCalls calls(10'000);
     calls.push(call(Kind::write, "a", 8000));
     EXPECT_EQ(keysOf(calls.take()), "a");
@@ -72,13 +72,13 @@ TEST(StoreCalls, CountWhatIsBeingWrittenUntilTheNextTake) {
     EXPECT_EQ(calls.dropped(), 1U);
 }
 
-TEST(StoreCalls, AreTakenInPartsOfAFewMegabytes) {
+TEST(StoreCalls, AreTakenInBatchesOfAFewMegabytes) {
     StoreCalls calls(100'000'000);
     for (const char* key : {"a", "b", "c"}) calls.push(call(Kind::write, key, 900'000));
     calls.push(call(Kind::write, "d", 9'000'000));
     EXPECT_EQ(keysOf(calls.take()), "ab");
     EXPECT_EQ(keysOf(calls.take()), "c");
-    EXPECT_EQ(keysOf(calls.take()), "d") << "larger than a part";
+    EXPECT_EQ(keysOf(calls.take()), "d") << "larger than one batch";
     EXPECT_TRUE(calls.take().empty());
     EXPECT_EQ(calls.dropped(), 0U);
 }
