@@ -1,4 +1,4 @@
-// Both engines come to the same, whatever the document: golden ones cut off and damaged.
+// Both engines agree on truncated and damaged golden documents.
 
 #include <golden/Documents.h>
 #include <support/Sanitized.h>
@@ -18,13 +18,13 @@ constexpr std::size_t placesPerDocument = 40;
 constexpr std::size_t placesPerDocument = 600;
 #endif
 
-/// How far to go in a document from place to place: one byte, unless it is long.
+/// The step between positions in a document: one byte, or more for a long document.
 std::size_t stepIn(const test::GoldenDocument& document) {
     return 1 + document.json.size() / placesPerDocument;
 }
 
-TEST(BothEngines, AgreeThatADocumentThatIsCutOffIsBroken) {
-    for (const test::GoldenDocument& document : test::soundGoldenDocuments()) {
+TEST(BothEngines, AgreeThatATruncatedDocumentIsMalformed) {
+    for (const test::GoldenDocument& document : test::wellFormedGoldenDocuments()) {
         const std::size_t end = document.json.find_last_not_of(" \n");
         for (std::size_t size = 0; size <= end; size += stepIn(document)) {
             const test::Outcome outcome =
@@ -38,7 +38,7 @@ TEST(BothEngines, AgreeThatADocumentThatIsCutOffIsBroken) {
 TEST(BothEngines, AgreeOnADocumentWithADamagedByte) {
     const test::TemporaryZone utc("UTC0");
     constexpr std::string_view bytes("\"\\{]:,0- \xff\0t", 12);
-    for (const test::GoldenDocument& document : test::soundGoldenDocuments()) {
+    for (const test::GoldenDocument& document : test::wellFormedGoldenDocuments()) {
         for (std::size_t at = 0; at < document.json.size(); at += stepIn(document)) {
             std::string damaged = document.json;
             for (const char byte : bytes) {

@@ -1,4 +1,4 @@
-// The decode order of every entity's rows: documents in which each row is at fault tell it.
+// Tests the decode order of every entity's rows, which is observed by decoding documents in which each row is faulty.
 
 #include <golden/Documents.h>
 #include <platform/json/BothEngines.h>
@@ -34,7 +34,7 @@ std::string pathText(const CodingPath& path) {
     return text;
 }
 
-/// The paths of an object's rows that can be at fault. A lenient object only adds those within it.
+/// The paths of an object's rows that can be faulty. A lenient object only adds those inside it.
 void addRows(const ObjectPlan& plan, const std::string& outer, Paths& rows) {
     for (const FieldPlan& field : plan.fields) {
         const std::string path = joinedPath(outer, field.key);
@@ -44,8 +44,8 @@ void addRows(const ObjectPlan& plan, const std::string& outer, Paths& rows) {
     }
 }
 
-/// An object whose rows have values of a wrong type, except for those at the paths in `repaired`. The keys are sorted,
-/// so that the order of the faults is not that of the document.
+/// An object whose rows have values of the wrong type, except for those at the paths in `repaired`. The keys are
+/// sorted, so that the order of the faults differs from that of the document.
 std::string faultyObject(const ObjectPlan& plan, const std::string& outer, const Paths& repaired) {
     std::map<std::string_view, std::string> members;
     for (const FieldPlan& field : plan.fields) {
@@ -67,8 +67,8 @@ std::string faultyObject(const ObjectPlan& plan, const std::string& outer, const
     return "{" + text + "}";
 }
 
-/// The path and the presence of each row, in decode order. A strict row ends the decode, so it is noted and repaired,
-/// until the document decodes; lenient rows before it were noted by then.
+/// The path and the presence of each row, in decode order. A strict row ends decoding, so it is recorded and repaired,
+/// until the document decodes. Lenient rows before it are recorded in the same run.
 std::string decodeOrderOf(const test::DecodableType& type) {
     const ObjectPlan& plan = *type.plan().object;
     Paths rows;
@@ -85,13 +85,13 @@ std::string decodeOrderOf(const test::DecodableType& type) {
         for (; notedFaults < diagnosis.faults.size(); ++notedFaults) {
             const Fault& fault = diagnosis.faults[notedFaults];
             const std::string path = pathText(fault.path);
-            // A repaired value may have swallowed faults of its own, which are those of another entity.
+            // A repaired value can have tolerated faults inside it, which belong to another entity.
             if (!rows.contains(path)) continue;
             order += "  " + path + " " + nameOf(fault.presence) + "\n";
             if (!noted.insert(path).second) return order + "  (again)\n";
         }
         if (!diagnosis.error) break;
-        // The fault of the strict row is gone once that row is repaired.
+        // The fault of the strict row does not occur again after its repair.
         --notedFaults;
         if (!repaired.insert(pathText(diagnosis.path)).second) return order + "  (not repaired)\n";
     }
@@ -116,7 +116,7 @@ void addEntitiesOfRows(const ObjectPlan& plan, std::set<const ObjectPlan*>& enti
     }
 }
 
-/// Adds the entities that a document of the type may hold.
+/// Adds the entities that a document of the type can contain.
 void addEntities(const TypePlan& type, std::set<const ObjectPlan*>& entities) {
     if (type.wrapped != nullptr) addEntities(*type.wrapped, entities);
     if (type.list != nullptr) addEntities(type.list->element(), entities);
@@ -129,7 +129,7 @@ void addEntities(const TypePlan& type, std::set<const ObjectPlan*>& entities) {
     addEntitiesOfRows(*type.object, entities);
 }
 
-TEST(TheDecodeOrder, IsTheExpectedOneForEveryEntity) {
+TEST(TheDecodeOrder, IsAsExpectedForEveryEntity) {
     std::string orders;
     for (const test::NamedType& type : allEntities()) {
         orders += std::string(type.name) + "\n" + decodeOrderOf(type.type);
@@ -137,7 +137,7 @@ TEST(TheDecodeOrder, IsTheExpectedOneForEveryEntity) {
     test::expectGolden(orders, goldenFile);
 }
 
-TEST(TheDecodeOrder, IsTestedForEveryEntityThatADocumentMayHold) {
+TEST(TheDecodeOrder, IsTestedForEveryEntityInADocument) {
     std::set<const ObjectPlan*> tested;
     for (const test::NamedType& type : allEntities()) tested.insert(type.type.plan().object);
     std::set<const ObjectPlan*> reached;

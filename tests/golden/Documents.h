@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The golden documents: `Type.what.json`, each with `Type.what.expected` beside it.
+/// The golden documents: `Type.what.json`, each with its `Type.what.expected`.
 
 #include <golden/Entities.h>
 
@@ -21,7 +21,7 @@ struct GoldenDocument {
     std::string name;
     NamedType type;
     std::string json;
-    /// The value as indented text, or "failure: " and why there is none.
+    /// The value as indented JSON, or "failure: " and the error.
     std::string expected;
 };
 
@@ -47,7 +47,7 @@ inline std::vector<GoldenDocument> goldenDocuments() {
         }
         const std::filesystem::path expected =
             std::filesystem::path(entry.path()).replace_extension(".expected");
-        // A new document gets the file when the golden files are regenerated.
+        // The file of a new document is created when the golden files are regenerated.
         const bool isMissing =
             !std::filesystem::exists(expected) && std::getenv("VRK_UPDATE_GOLDEN") != nullptr;
         documents.push_back({name, *type, contentsOf(entry.path()), isMissing ? "" : contentsOf(expected)});
@@ -57,7 +57,7 @@ inline std::vector<GoldenDocument> goldenDocuments() {
     return documents;
 }
 
-/// Expects that `made` is what the golden file of that name holds; with VRK_UPDATE_GOLDEN set, writes it into that folder
+/// Expects that `made` equals the golden file `name`. If VRK_UPDATE_GOLDEN is set, writes `made` to that folder
 /// instead.
 inline void expectGolden(const std::string& made, const std::string& name) {
     if (const char* const folder = std::getenv("VRK_UPDATE_GOLDEN")) {
@@ -69,8 +69,8 @@ inline void expectGolden(const std::string& made, const std::string& name) {
         << name << ": if this is intended, scripts/update-golden regenerates it";
 }
 
-/// Those whose structure is sound.
-inline std::vector<GoldenDocument> soundGoldenDocuments() {
+/// The documents that are well-formed JSON.
+inline std::vector<GoldenDocument> wellFormedGoldenDocuments() {
     std::vector<GoldenDocument> documents = goldenDocuments();
     std::erase_if(documents, [](const GoldenDocument& document) {
         return document.expected.starts_with("failure: dataCorrupted []");

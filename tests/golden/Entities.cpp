@@ -6,7 +6,7 @@ namespace VanticRestKit::test {
 
 namespace {
 
-/// Adds a type to a list of them.
+/// Adds a type to a list of types.
 auto addTo(std::vector<NamedType>& types) {
     return [&types]<class T>(std::type_identity<T>, std::string_view name) {
         types.push_back(

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The types that documents of the services decode into, by name.
+/// The types of the services' documents, by name.
 
 #include <platform/json/Decoding.h>
 #include <string_view>
@@ -10,18 +10,18 @@
 namespace VanticRestKit::test {
 
 struct NamedType {
-    /// As golden documents are named after it: a list of images is an "ImageList".
+    /// The name in the file names of golden documents: a list of images is an "ImageList".
     std::string_view name;
     DecodableType type;
-    /// The same type as a `std::optional`, and the list of that.
+    /// The same type as a `std::optional`, and the list of such optionals.
     DecodableType optional;
     DecodableType optionals;
 };
 
-/// All of them. New ones go to the end: inputs of the fuzzer name a type by its place.
+/// All root types. Add new ones at the end, since inputs of the fuzzer select a type by its index.
 const std::vector<NamedType>& rootEntities();
 
-/// The entities that occur only within those.
+/// The entities that occur only inside the root types.
 const std::vector<NamedType>& nestedEntities();
 
 }  // namespace VanticRestKit::test

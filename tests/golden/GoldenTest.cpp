@@ -1,4 +1,4 @@
-// Whole documents and what they decode into, compared to the letter.
+// Compares the decoded values of complete documents with the expected text.
 
 #include <golden/Documents.h>
 #include <platform/json/BothEngines.h>
@@ -12,7 +12,7 @@
 namespace VanticRestKit {
 namespace {
 
-/// The value as indented text, or its failure.
+/// The value as indented JSON, or the failure.
 std::string shownBy(const test::GoldenDocument& document) {
     const test::Outcome outcome = test::outcomeOf(document.type.type, document.json);
     if (!outcome.failure.empty()) return "failure: " + outcome.failure + "\n";
@@ -22,14 +22,14 @@ std::string shownBy(const test::GoldenDocument& document) {
     return valueText(plan, value.get(), ValueLayout::indented) + "\n";
 }
 
-TEST(GoldenDocuments, DecodeIntoWhatIsExpected) {
+TEST(GoldenDocuments, DecodeIntoTheExpectedValues) {
     const test::TemporaryZone utc("UTC0");
     for (const test::GoldenDocument& document : test::goldenDocuments()) {
         test::expectGolden(shownBy(document), document.name + ".expected");
     }
 }
 
-TEST(GoldenDocuments, DecodeFromLinesWithoutBlanksAlike) {
+TEST(GoldenDocuments, DecodeTheSameWithoutWhitespace) {
     const test::TemporaryZone utc("UTC0");
     for (test::GoldenDocument document : test::goldenDocuments()) {
         if (document.expected.starts_with("failure: dataCorrupted []")) continue;
@@ -38,7 +38,7 @@ TEST(GoldenDocuments, DecodeFromLinesWithoutBlanksAlike) {
     }
 }
 
-TEST(GoldenDocuments, AreThereForEveryType) {
+TEST(GoldenDocuments, ExistForEveryType) {
     std::set<std::string_view> types;
     for (const test::GoldenDocument& document : test::goldenDocuments()) types.insert(document.type.name);
     for (const test::NamedType& type : test::rootEntities()) {

@@ -1,4 +1,4 @@
-// A null document, and a null element, is an absent value of every type.
+// A null document and a null element decode to an empty optional of every type.
 
 #include <golden/Documents.h>
 #include <golden/Entities.h>
@@ -13,7 +13,7 @@
 namespace VanticRestKit {
 namespace {
 
-TEST(ANullDocument, IsAnAbsentValueOfEveryType) {
+TEST(ANullDocument, IsAnEmptyValueOfEveryType) {
     for (const test::NamedType& type : test::rootEntities()) {
         const test::Outcome outcome = test::decodeByBoth(type.optional, Data("null"));
         EXPECT_EQ(outcome.difference, "") << type.name;
@@ -22,7 +22,7 @@ TEST(ANullDocument, IsAnAbsentValueOfEveryType) {
     }
 }
 
-TEST(ANullDocument, IsAnAbsentValueOfATypeThatOnlyDecodingMakes) {
+TEST(ANullDocument, IsAnEmptyValueOfATypeOnlyDecodingConstructs) {
     const auto isAbsent = []<class T>(std::optional<T>) {
         const auto decoded = JSONDecoder().decode<std::optional<T>>(Data("null"));
         return decoded && !decoded->has_value();
@@ -33,8 +33,8 @@ TEST(ANullDocument, IsAnAbsentValueOfATypeThatOnlyDecodingMakes) {
     EXPECT_TRUE(isAbsent(std::optional<std::optional<Remap>>()));
 }
 
-TEST(ADocument, IsTheSameValueOfItsTypeAndOfTheOptional) {
-    for (const test::GoldenDocument& document : test::soundGoldenDocuments()) {
+TEST(ADocument, HasTheSameValueAsItsTypeAndAsAnOptional) {
+    for (const test::GoldenDocument& document : test::wellFormedGoldenDocuments()) {
         const test::Outcome plain = test::decodeByBoth(document.type.type, Data(document.json));
         const test::Outcome optional = test::decodeByBoth(document.type.optional, Data(document.json));
         EXPECT_EQ(optional.difference, "") << document.name;

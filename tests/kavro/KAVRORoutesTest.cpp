@@ -10,7 +10,7 @@ std::string body(const std::string& id) {
     return data ? std::string(data->view()) : "no body";
 }
 
-TEST(KAVROSegmentsURI, PostsToThePathOfTheSegmentsWithoutItems) {
+TEST(KAVROSegmentsURI, PostsToTheSegmentsPathWithoutQueryItems) {
     const KAVROSegmentsURI uri({.withSubprofileID = "12"});
     EXPECT_EQ(uri.httpMethod, "POST");
     EXPECT_EQ(uri.subprofileid, "12");
@@ -20,13 +20,13 @@ TEST(KAVROSegmentsURI, PostsToThePathOfTheSegmentsWithoutItems) {
     EXPECT_EQ(route.httpMethod(), "POST");
 }
 
-TEST(KAVROSegmentsURI, HasABodyOfExactlyOneKey) {
+TEST(KAVROSegmentsURI, HasABodyWithExactlyOneKey) {
     EXPECT_EQ(body("12"), R"({"sub_profile_id":"12"})");
     EXPECT_EQ(body(""), R"({"sub_profile_id":""})");
     EXPECT_EQ(body("a\"b/c\u00e9"), "{\"sub_profile_id\":\"a\\\"b\\/c\u00e9\"}");
 }
 
-TEST(KAVROSegmentsURI, HasNoBodyWhereTheIdIsNotUTF8) { EXPECT_EQ(body("\xff"), "no body"); }
+TEST(KAVROSegmentsURI, HasNoBodyIfTheIdIsNotUTF8) { EXPECT_EQ(body("\xff"), "no body"); }
 
 TEST(KAVROSegmentsURI, KeepsItsBodyWithAnotherMethod) {
     KAVROSegmentsURI uri({.withSubprofileID = "12"});
@@ -36,7 +36,7 @@ TEST(KAVROSegmentsURI, KeepsItsBodyWithAnotherMethod) {
     EXPECT_EQ(route.postData()->view(), R"({"sub_profile_id":"12"})");
 }
 
-TEST(KAVROSegmentsURI, EncodesItselfUnlikeItsBody) {
+TEST(KAVROSegmentsURI, IsEncodedDifferentlyFromItsBody) {
     KAVROSegmentsURI uri({.withSubprofileID = "12"});
     const auto encoded = [&uri] { return std::string(JSONEncoder().encode(uri)->view()); };
     EXPECT_EQ(encoded(), R"({"httpMethod":"POST","subprofileid":"12"})");

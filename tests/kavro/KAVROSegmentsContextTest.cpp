@@ -1,4 +1,4 @@
-// What is asked of the segments service over a host's context, and what becomes of the answers.
+// Requests to the segments service through a host's context, and the handling of the responses.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/Resource.h>
@@ -15,7 +15,7 @@ namespace {
 using Headers = std::map<std::string, std::string>;
 using Segments = Result<KAVROSegmentsModel, LoaderError>;
 
-/// Supplies the key and the token, and takes the headers as they come.
+/// Supplies the key and the token, and keeps the default headers.
 class SegmentsContext : public virtual KAVROSegmentsContext {
 public:
     URL baseURL() const override { return URL("https://api.example.test"); }
@@ -24,13 +24,13 @@ public:
     std::string accessToken() const override { return "t0k"; }
 };
 
-/// Replaces the headers too.
+/// Also replaces the headers.
 class OwnHeadersContext : public SegmentsContext {
 public:
     Headers HTTPHeaderFields() const override { return {{"x-own", "1"}}; }
 };
 
-/// Loads the segments of subprofile "12", and keeps the request.
+/// Loads the segments of subprofile "12" and records the request.
 template <class HostContext = SegmentsContext>
 class SegmentsLoad {
 public:
@@ -56,7 +56,7 @@ TEST(KAVROSegmentsContext, HasThreeHeadersByDefault) {
                                                              {"Authorization", "Bearer t0k"}}));
 }
 
-TEST(KAVROSegments, ArePostedForWithTheHeadersOfTheContext) {
+TEST(KAVROSegments, AreRequestedWithTheHeadersOfTheContext) {
     const URLRequest request = SegmentsLoad<>("{}").request;
     EXPECT_EQ(request.url()->absoluteString(), "https://api.example.test/api/v1/gigya/segments");
     EXPECT_EQ(request.httpMethod(), "POST");
@@ -66,11 +66,11 @@ TEST(KAVROSegments, ArePostedForWithTheHeadersOfTheContext) {
     EXPECT_EQ(request.httpBody()->view(), R"({"sub_profile_id":"12"})");
 }
 
-TEST(KAVROSegments, ArePostedForWithAHostsOwnHeadersWhereItReplacesThem) {
+TEST(KAVROSegments, AreRequestedWithTheHeadersOfAHostThatReplacesThem) {
     EXPECT_EQ(SegmentsLoad<OwnHeadersContext>("{}").request.allHTTPHeaderFields(), (Headers{{"x-own", "1"}}));
 }
 
-TEST(KAVROSegments, AreAnsweredWithTheAudiencesAndBadgesThatAreKnown) {
+TEST(KAVROSegments, ContainTheKnownAudiencesAndBadges) {
     const Segments segments =
         SegmentsLoad<>(
             R"({"active_audiences":["vantic_main_127","x"],"active_badges":["7832"],"user_id":"u"})")

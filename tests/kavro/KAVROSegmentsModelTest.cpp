@@ -10,7 +10,7 @@ namespace {
 using test::decoded;
 using test::Strictness;
 
-/// A list of names that keeps those that are known: nothing that an element holds empties it.
+/// A list of names that keeps the known ones. A faulty element does not empty the list.
 test::Shape names(const std::string& raw, const std::string& name) {
     const std::string known = "\"" + raw + "\"";
     const std::string shown = "\"" + name + "\"";
@@ -64,9 +64,9 @@ TEST(KAVROSegmentsModel, HasThreeFieldsInDeclaredOrder) {
               model);
 }
 
-TEST(KAVROSegmentsModel, FailsByItsUserIdOnly) { test::expectFieldsInEveryState(models()); }
+TEST(KAVROSegmentsModel, FailsOnlyForItsUserId) { test::expectFieldsInEveryState(models()); }
 
-TEST(KAVROSegmentsModel, KeepsOfItsAudiencesTheKnownOnes) {
+TEST(KAVROSegmentsModel, KeepsTheKnownAudiences) {
     const auto model = decoded<KAVROSegmentsModel>(
         R"({"user_id":"u","active_audiences":["vantic_main_127","vantic_main_1"]})");
     ASSERT_TRUE(model);
@@ -83,7 +83,7 @@ TEST(KAVROSegmentsModel, HasNoBadgesWithoutAList) {
     }
 }
 
-TEST(KAVROSegmentsModel, DecodesWithNoneThatIsKnown) {
+TEST(KAVROSegmentsModel, DecodesWithoutAnyKnownAudience) {
     const auto model = decoded<KAVROSegmentsModel>(
         R"({"active_audiences":["a","b"],"active_badges":[7832,null,["7832"]],"user_id":""})");
     EXPECT_EQ(model, KAVROSegmentsModel{});
@@ -95,7 +95,7 @@ TEST(KAVROSegmentsModel, FailsWithoutAUserId) {
     EXPECT_EQ(test::failureOf<KAVROSegmentsModel>(R"({"user_id":7832})"), R"(typeMismatch ["user_id"])");
 }
 
-TEST(KAVROSegmentsModel, IsAnObject) { test::expectAnObjectOnly(test::decodable<KAVROSegmentsModel>); }
+TEST(KAVROSegmentsModel, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<KAVROSegmentsModel>); }
 
 }  // namespace
 }  // namespace VanticRestKit

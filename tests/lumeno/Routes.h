@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What most routes of the catalogue have in common.
+/// A check that applies to most routes of the catalogue.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/ResourceURI.h>
@@ -11,7 +11,7 @@
 
 namespace VanticRestKit::test {
 
-/// A GET without a body, with this path and these query items.
+/// Expects a GET without a body, with this path and these query items.
 inline void expectAGet(const ResourceURI& route, const std::string& path,
                        const std::vector<URLQueryItem>& items = {}) {
     EXPECT_EQ(route.path(), path);

@@ -36,14 +36,14 @@ TEST(RecommendationModule, HasFourFieldsInDeclaredOrder) {
               module);
 }
 
-TEST(RecommendationModule, NeedsAllOfThem) { test::expectFieldsInEveryState(modules()); }
+TEST(RecommendationModule, RequiresAllFields) { test::expectFieldsInEveryState(modules()); }
 
 TEST(RecommendationModule, ReadsItsKeysInDeclaredOrder) {
     test::expectErrorsInOrder(
         modules(), {{"moduleid", "7"}, {"variantid", "null"}, {"label", "[]"}, {"recommendations", "{}"}});
 }
 
-TEST(RecommendationModule, FailsWhereOneRecommendationLacksItsRid) {
+TEST(RecommendationModule, FailsIfOneRecommendationLacksItsRid) {
     const std::string head = R"({"moduleid":"m","variantid":"v","label":"l","recommendations":[)";
     EXPECT_EQ(failureOf<RecommendationModule>(head + R"({"rid":"a","recipeid":"r"},{"recipeid":"r"}]})"),
               R"(keyNotFound ["recommendations",1,"rid"])");
@@ -52,7 +52,9 @@ TEST(RecommendationModule, FailsWhereOneRecommendationLacksItsRid) {
         "");
 }
 
-TEST(RecommendationModule, IsAnObject) { test::expectAnObjectOnly(test::decodable<RecommendationModule>); }
+TEST(RecommendationModule, MustBeAnObject) {
+    test::expectAnObjectOnly(test::decodable<RecommendationModule>);
+}
 
 }  // namespace
 }  // namespace VanticRestKit

@@ -18,7 +18,7 @@ test::EntityRules recommendations() {
                        {"recipeid", "recipeid", Strictness::required, test::text()}}};
 }
 
-/// "lumeno program 5", with "-" for what is empty.
+/// The parts of a rid: "lumeno program 5", with "-" for an absent part.
 std::string partsOf(const std::string& rid) {
     const Recommendation recommendation{.rid = rid};
     const auto source = recommendation.contentSource();
@@ -33,7 +33,7 @@ TEST(Recommendation, HasTwoFieldsInDeclaredOrder) {
     EXPECT_EQ(decoded<Recommendation>(R"({"recipeid":"r","rid":"lumeno:\/\/program\/5"})"), recommendation);
 }
 
-TEST(Recommendation, NeedsBothOfThem) {
+TEST(Recommendation, RequiresBothFields) {
     test::expectFieldsInEveryState(recommendations());
     test::expectErrorsInOrder(recommendations(), {{"rid", "7"}, {"recipeid", "null"}});
     test::expectAnObjectOnly(test::decodable<Recommendation>);
@@ -48,7 +48,7 @@ TEST(Recommendation, ReadsSourceTypeAndIdFromItsRid) {
     }
 }
 
-TEST(Recommendation, ReadsItsRidAnewEachTime) {
+TEST(Recommendation, ParsesItsRidOnEachAccess) {
     Recommendation recommendation{.rid = "lumeno://program/5"};
     EXPECT_EQ(recommendation.contentId(), "5");
     recommendation.rid = "coremedia://video/6";
@@ -57,7 +57,7 @@ TEST(Recommendation, ReadsItsRidAnewEachTime) {
     EXPECT_EQ(recommendation.contentId(), "6");
 }
 
-TEST(Recommendation, TakesTheFirstPartOfThePathAsTheId) {
+TEST(Recommendation, UsesTheFirstPathSegmentAsTheId) {
     EXPECT_EQ(partsOf("coremedia://audio/7/8"), "coremedia audio 7");
     EXPECT_EQ(partsOf("lumeno://program//5"), "lumeno program 5");
     EXPECT_EQ(partsOf("lumeno://program/1/2/3"), "lumeno program 1");
@@ -66,7 +66,7 @@ TEST(Recommendation, TakesTheFirstPartOfThePathAsTheId) {
     EXPECT_EQ(partsOf("lumeno:program/123"), "lumeno - program");
 }
 
-TEST(Recommendation, SplitsThePathWhenItIsDecoded) {
+TEST(Recommendation, SplitsThePathAfterDecoding) {
     EXPECT_EQ(partsOf("lumeno://program/%41"), "lumeno program A");
     EXPECT_EQ(partsOf("lumeno://program/a%2Fb"), "lumeno program a");
     EXPECT_EQ(partsOf("lumeno://program/%2F%2Fb"), "lumeno program b");
@@ -79,13 +79,13 @@ TEST(Recommendation, HasNoIdWithoutAPath) {
     EXPECT_EQ(partsOf("coremedia://article///"), "coremedia article -");
 }
 
-TEST(Recommendation, HasNoTypeOfAnUnknownHostButStillASourceAndAnId) {
+TEST(Recommendation, HasNoTypeForAnUnknownHostButASourceAndAnId) {
     EXPECT_EQ(partsOf("lumeno://podcast/5"), "lumeno - 5");
     EXPECT_EQ(partsOf("lumeno://VIDEO/5"), "lumeno - 5");
     EXPECT_EQ(partsOf("lumeno:///5"), "lumeno - 5");
 }
 
-TEST(Recommendation, HasNoSourceOfAnUnknownSchemeButStillATypeAndAnId) {
+TEST(Recommendation, HasNoSourceForAnUnknownSchemeButATypeAndAnId) {
     EXPECT_EQ(partsOf("https://video/5"), "- video 5");
     EXPECT_EQ(partsOf("LUMENO://video/5"), "- video 5");
     EXPECT_EQ(partsOf("//video/5"), "- video 5");
@@ -93,7 +93,7 @@ TEST(Recommendation, HasNoSourceOfAnUnknownSchemeButStillATypeAndAnId) {
     EXPECT_EQ(partsOf(""), "- - -");
 }
 
-TEST(Recommendation, HasNoneOfThreeOfARidThatIsNoURIButIsKept) {
+TEST(Recommendation, HasNoPartsIfItsRidIsNotAURI) {
     for (const char* const rid :
          {"lumeno://pro gram/1", "lumeno://program:x/9", " lumeno://program/1", "lumeno://program\\\\x/1"}) {
         const auto recommendation =
@@ -104,7 +104,7 @@ TEST(Recommendation, HasNoneOfThreeOfARidThatIsNoURIButIsKept) {
     }
 }
 
-/// What the parts of a URI, as the vectors tell them, come to.
+/// The expected parts of a URI, from a line of the vectors.
 std::string expectedOf(const nlohmann::json& parts) {
     if (parts.is_null()) return "- - -";
     const auto known = [&parts](const char* key, auto fromRaw) {
@@ -126,7 +126,7 @@ std::string expectedOf(const nlohmann::json& parts) {
            known("host", fromRawValue<RecsContentType>) + " " + id;
 }
 
-TEST(Recommendation, ReadsEveryRidAsThePlatformDoes) {
+TEST(Recommendation, ParsesEveryRidLikeThePlatform) {
     std::size_t judged = 0;
     for (const nlohmann::json& line : test::vectors("url_components.jsonl")) {
         const std::string rid = line["in"]["string"];

@@ -1,4 +1,4 @@
-// What is asked of the recommendation service over a host's context, and what becomes of the answers.
+// Requests to the recommendation service through a host's context, and the handling of the responses.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/Resource.h>
@@ -76,13 +76,13 @@ TEST(RecsContext, AppendsItsKeyToTheQueryOfTheBaseURL) {
               "https://api.example.test/base/a/b?tenant=7&x=1&apikey=k%261");
 }
 
-TEST(RecsContext, SendsAKeyWithoutCharactersToo) {
+TEST(RecsContext, SendsAnEmptyKey) {
     KeyedContext context;
     context.key = "";
     EXPECT_EQ(urlOf(context.generateURLRequest(arguments({}, {}))), "https://api.example.test/a/b?apikey=");
 }
 
-TEST(RecsContext, SendsTheHeadersThatItIsHandedAndMergesNoneOfItsOwn) {
+TEST(RecsContext, SendsOnlyTheGivenHeaders) {
     const KeyedContext context;
     const auto request = context.generateURLRequest(arguments({}, {}));
     ASSERT_TRUE(request);
@@ -91,7 +91,7 @@ TEST(RecsContext, SendsTheHeadersThatItIsHandedAndMergesNoneOfItsOwn) {
     EXPECT_EQ(request->httpBody(), Data("body"));
 }
 
-TEST(RecsContext, TakesItsOwnTimeOutOnlyWhereNoneIsGiven) {
+TEST(RecsContext, UsesItsOwnTimeoutOnlyIfNoneIsGiven) {
     KeyedContext context;
     context.timeout = 12.5;
     EXPECT_EQ(context.generateURLRequest(arguments({}, 5.0))->timeoutInterval().count(), 5.0);
@@ -100,7 +100,7 @@ TEST(RecsContext, TakesItsOwnTimeOutOnlyWhereNoneIsGiven) {
     EXPECT_EQ(context.timeoutReads, 1);
 }
 
-TEST(RecommendationModules, AreAskedForWithTheKeyAndTheHeadersOfTheContext) {
+TEST(RecommendationModules, AreRequestedWithTheKeyAndTheHeadersOfTheContext) {
     KeyedContext context;
     context.timeout = 12.5;
     (void)answered(context, test::answer(200, "{}"));
@@ -115,7 +115,7 @@ TEST(RecommendationModules, AreAskedForWithTheKeyAndTheHeadersOfTheContext) {
     EXPECT_EQ(request.httpBody()->view(), R"({"limit":5,"userid":"u"})");
 }
 
-TEST(RecommendationModules, AreAnsweredWithTheirRecommendations) {
+TEST(RecommendationModules, DecodeTheirRecommendations) {
     const KeyedContext context;
     const Module module = answered(
         context,
@@ -130,7 +130,7 @@ TEST(RecommendationModules, AreAnsweredWithTheirRecommendations) {
                                     .recommendations = {{.rid = "lumeno://video/5", .recipeid = "r"}}}));
 }
 
-TEST(RecommendationModules, FailToDecodeWhereOneRidIsMissing) {
+TEST(RecommendationModules, FailToDecodeIfOneRidIsMissing) {
     const KeyedContext context;
     const Module module = answered(
         context,

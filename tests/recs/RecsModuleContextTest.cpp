@@ -16,7 +16,7 @@ TEST(RecsContentSource, HasTwoCases) {
     EXPECT_EQ(fromRawValue<RecsContentSource>("CoreMedia"), std::nullopt);
 }
 
-TEST(RecsContentType, HasNineCasesNamedAsTheyAreSpelled) {
+TEST(RecsContentType, HasNineCasesNamedAfterTheirRawValues) {
     constexpr std::array<std::pair<RecsContentType, const char*>, 9> types{
         {{RecsContentType::audio, "audio"},
          {RecsContentType::audioepisode, "audioepisode"},
@@ -37,7 +37,7 @@ TEST(RecsContentType, HasNineCasesNamedAsTheyAreSpelled) {
     EXPECT_EQ(fromRawValue<RecsContentType>(""), std::nullopt);
 }
 
-TEST(RecsModuleContext, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(RecsModuleContext, CanBeInitializedInDeclaredOrder) {
     const RecsModuleContext content{.source = RecsContentSource::lumeno,
                                     .contentType = RecsContentType::videoepisode,
                                     .contentId = "ZW1"};
@@ -51,7 +51,7 @@ TEST(RecsModuleContext, EscapesNothingInItsURI) {
     EXPECT_EQ(uriOf("/7"), "lumeno://program//7");
 }
 
-TEST(RecsModuleContext, IsMadeByAFactoryForEachKindOfContent) {
+TEST(RecsModuleContext, HasAFactoryForEachKindOfContent) {
     using Source = RecsContentSource;
     using Type = RecsContentType;
     EXPECT_EQ(RecsModuleContext::withCoreMediaProgramId("1"),

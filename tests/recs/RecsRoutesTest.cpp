@@ -9,8 +9,8 @@ namespace {
 
 using Contents = std::vector<RecsModuleContext>;
 
-/// A route without anything that may be left out.
-RecsModuleURI least() {
+/// A route with only its required arguments.
+RecsModuleURI minimal() {
     return RecsModuleURI({.withModuleId = "m1",
                           .userId = std::nullopt,
                           .accountId = std::nullopt,
@@ -27,7 +27,7 @@ std::string body(const RecsModuleURI& uri) {
     return data ? std::string(data->view()) : "no body";
 }
 
-TEST(RecsModuleURI, StoresWhatItIsMadeOf) {
+TEST(RecsModuleURI, StoresItsArguments) {
     const RecsModuleURI uri({.withModuleId = "m1",
                              .userId = std::optional<std::string>("u"),
                              .accountId = std::optional<std::string>("a"),
@@ -48,27 +48,27 @@ TEST(RecsModuleURI, StoresWhatItIsMadeOf) {
     EXPECT_EQ(uri.httpMethod, "PUT");
 }
 
-TEST(RecsModuleURI, AsksForAModuleWithTheMethodGivenAndNoItemsOfItsOwn) {
-    const ResourceURI route = least();
+TEST(RecsModuleURI, RequestsAModuleWithTheGivenMethodAndNoQueryItems) {
+    const ResourceURI route = minimal();
     EXPECT_EQ(route.path(), "api/v2/recommendations/m1");
     EXPECT_TRUE(route.queryItems().empty());
     EXPECT_EQ(route.httpMethod(), "POST");
-    RecsModuleURI other = least();
+    RecsModuleURI other = minimal();
     other.moduleId = "a b/c";
     other.httpMethod = std::nullopt;
     EXPECT_EQ(ResourceURI(other).path(), "api/v2/recommendations/a b/c");
     EXPECT_EQ(ResourceURI(other).httpMethod(), std::nullopt);
 }
 
-TEST(RecsModuleURI, AlwaysSendsTheLimitAndLeavesOutWhatIsEmpty) {
-    EXPECT_EQ(body(least()), R"({"limit":10})");
-    RecsModuleURI other = least();
+TEST(RecsModuleURI, AlwaysSendsTheLimitAndOmitsAbsentFields) {
+    EXPECT_EQ(body(minimal()), R"({"limit":10})");
+    RecsModuleURI other = minimal();
     other.limit = std::numeric_limits<std::int64_t>::min();
     EXPECT_EQ(body(other), R"({"limit":-9223372036854775808})");
 }
 
-TEST(RecsModuleURI, SendsEachIdWhereItIsPresentAlsoWithoutCharacters) {
-    RecsModuleURI uri = least();
+TEST(RecsModuleURI, SendsEachPresentIdEvenIfEmpty) {
+    RecsModuleURI uri = minimal();
     uri.userId = "u";
     EXPECT_EQ(body(uri), R"({"limit":10,"userid":"u"})");
     uri.accountId = "";
@@ -78,18 +78,18 @@ TEST(RecsModuleURI, SendsEachIdWhereItIsPresentAlsoWithoutCharacters) {
     EXPECT_EQ(body(uri), R"({"limit":10,"accountid":"","subprofileid":"s"})");
 }
 
-TEST(RecsModuleURI, SendsTheURIOfTheContentThatIsShown) {
-    RecsModuleURI uri = least();
+TEST(RecsModuleURI, SendsTheURIOfTheShownContent) {
+    RecsModuleURI uri = minimal();
     uri.moduleContext = RecsModuleContext::withArticleId("7");
     EXPECT_EQ(body(uri), R"({"limit":10,"context":"coremedia:\/\/audio\/7"})");
 }
 
 TEST(RecsModuleURI, SendsNoFilterWithoutContentsToFilter) {
-    EXPECT_EQ(body(least()).find("contentfilter"), std::string::npos);
+    EXPECT_EQ(body(minimal()).find("contentfilter"), std::string::npos);
 }
 
 TEST(RecsModuleURI, SendsOnlyTheFilterThatHasContents) {
-    RecsModuleURI uri = least();
+    RecsModuleURI uri = minimal();
     uri.includeFilter = {RecsModuleContext::withShowId("1"), RecsModuleContext::withAudioEpisodeId("2")};
     EXPECT_EQ(
         body(uri),
@@ -100,8 +100,8 @@ TEST(RecsModuleURI, SendsOnlyTheFilterThatHasContents) {
         R"({"limit":10,"contentfilter":{"excludes":["lumeno:\/\/program\/1","coremedia:\/\/audioepisode\/2"]}})");
 }
 
-TEST(RecsModuleURI, SendsAllOfItInOneOrder) {
-    RecsModuleURI uri = least();
+TEST(RecsModuleURI, SendsAllFieldsInAFixedOrder) {
+    RecsModuleURI uri = minimal();
     uri.userId = "u";
     uri.accountId = "a";
     uri.subprofileId = "s";
@@ -114,8 +114,8 @@ TEST(RecsModuleURI, SendsAllOfItInOneOrder) {
         R"("contentfilter":{"excludes":["lumeno:\/\/program\/1"],"includes":["lumeno:\/\/program\/2"]}})");
 }
 
-TEST(RecsModuleURI, HasNoBodyWhereATextIsNotUTF8) {
-    RecsModuleURI uri = least();
+TEST(RecsModuleURI, HasNoBodyIfAStringIsNotUTF8) {
+    RecsModuleURI uri = minimal();
     uri.userId = "\xff";
     EXPECT_EQ(body(uri), "no body");
     uri.userId = std::nullopt;

@@ -1,4 +1,4 @@
-// The ten fields of a category, in every state of each.
+// Tests the ten fields of a category in every state.
 
 #include <gtest/gtest.h>
 #include <lumeno/MixedCollection/MixedCollectionRules.h>
@@ -15,7 +15,7 @@ std::string collectionText(const char* title) {
         MixedCollection({.title = title, .href = std::nullopt, .items = std::vector<CollectionItem>()}));
 }
 
-/// A collection that must decode; where none came there is no category either.
+/// A required collection: without it the category fails.
 test::Shape collection() {
     test::Shape shape = test::objectOf(
         {{R"({"title":"$"})", collectionText("$")},
@@ -61,15 +61,15 @@ TEST(CategoryFields, AreTen) {
     test::expectDeclaredFields(categories());
 }
 
-TEST(CategoryFields, AreTakenFromTheirKeysAndFailForTitleCollectionsAndPath) {
+TEST(CategoryFields, AreReadFromTheirKeysAndTitleCollectionsAndPathAreRequired) {
     test::expectFieldsInEveryState(categories());
 }
 
-TEST(CategoryFields, MustHaveTheirObjectsButThatOfTheAlert) {
+TEST(CategoryFields, RequireTheirObjectsExceptThatOfTheAlert) {
     test::expectContainersInEveryState(categories());
 }
 
-TEST(CategoryFields, AreThoseOfAnObjectAlone) { test::expectAnObjectOnly(test::decodable<Category>); }
+TEST(CategoryFields, AreReadOnlyFromAnObject) { test::expectAnObjectOnly(test::decodable<Category>); }
 
 TEST(CategoryFields, FailInTheOrderOfDecoding) {
     test::expectErrorsInOrder(categories(), {{"title", "1"}, {"_embedded", "null"}, {"_links", "7"}});
@@ -80,7 +80,7 @@ TEST(CategoryFields, FailInTheOrderOfDecoding) {
                                              {"_links.self.href", "1"}});
 }
 
-TEST(CategoryFields, HaveNoOtherKeysThanTheirOwn) {
+TEST(CategoryFields, AreReadOnlyFromTheirOwnKeys) {
     const auto made = decoded<Category>(
         R"({"title":"t","_embedded":{"featuredCollection":{"title":"f"},"collections":[],"items":[{}]},)"
         R"("_links":{"self":{"href":"h","id":"x"},"href":"x","alert":{"href":"x"}},"featuredImageHref":"x",)"
@@ -93,7 +93,7 @@ TEST(CategoryFields, HaveNoOtherKeysThanTheirOwn) {
                             {.title = "f", .href = std::nullopt, .items = std::vector<CollectionItem>()})}));
 }
 
-TEST(CategoryFields, MakeACategoryInDeclaredOrder) {
+TEST(CategoryFields, InitializeACategoryInDeclaredOrder) {
     const auto titled = [](const char* title) {
         return MixedCollection(
             {.title = title, .href = std::nullopt, .items = std::vector<CollectionItem>()});

@@ -13,14 +13,14 @@ TEST(CategoryURI, AppendsTheCategoryToThePathUnchanged) {
     EXPECT_EQ(CategoryURI({.for_ = "x"}).category, "x");
 }
 
-TEST(ChannelURI, AppendsTheChannelToAnotherPathUnchanged) {
+TEST(ChannelURI, AppendsTheChannelToItsPathUnchanged) {
     expectAGet(ChannelURI({.for_ = "x"}), "v2/channel/x");
     expectAGet(ChannelURI({.for_ = ""}), "v2/channel/");
     expectAGet(ChannelURI({.for_ = "a b/../c?d=%20"}), "v2/channel/a b/../c?d=%20");
     EXPECT_EQ(ChannelURI({.for_ = "x"}).channel, "x");
 }
 
-TEST(HomeURI, HasAPathAndNothingElse) { expectAGet(HomeURI(), "v2/home"); }
+TEST(HomeURI, HasOnlyAPath) { expectAGet(HomeURI(), "v2/home"); }
 
 }  // namespace
 }  // namespace VanticRestKit

@@ -12,7 +12,7 @@ using test::failureOf;
 const std::string embedded = R"("_embedded":{"featuredCollection":{"title":"f"},"collections":[]})";
 const std::string links = R"("_links":{"self":{"href":"h"}})";
 
-/// A category of these members beside the least.
+/// The smallest category document with these members added.
 std::string document(const std::string& members) {
     return R"({"title":"t",)" + (members.empty() ? "" : members + ",") + embedded + "," + links + "}";
 }
@@ -27,11 +27,11 @@ MixedCollection titled(const char* title) {
     return MixedCollection({.title = title, .href = std::nullopt, .items = std::vector<CollectionItem>()});
 }
 
-Category least() { return {.title = "t", .selfHref = "h", .featuredCollection = titled("f")}; }
+Category minimal() { return {.title = "t", .selfHref = "h", .featuredCollection = titled("f")}; }
 
-TEST(Category, NeedsATitleItsCollectionsAndALinkToItself) {
+TEST(Category, NeedsATitleItsCollectionsAndASelfLink) {
     const Category made = category("");
-    EXPECT_EQ(made, least());
+    EXPECT_EQ(made, minimal());
     EXPECT_EQ(made.theme, Theme::default_);
     EXPECT_EQ(made.id, std::nullopt);
     EXPECT_EQ(made.featuredImageHref, std::nullopt);
@@ -56,7 +56,7 @@ TEST(Category, FailsWithoutItsCollections) {
     EXPECT_EQ(failureOf<Category>(R"({"title":"t",)" + links + "}"), R"(keyNotFound ["_embedded"])");
 }
 
-TEST(Category, FailsWithoutLinksWhereACollectionDoesNot) {
+TEST(Category, FailsWithoutLinksUnlikeACollection) {
     const std::string start = R"({"title":"t",)" + embedded;
     EXPECT_EQ(failureOf<Category>(start + "}"), R"(keyNotFound ["_links"])");
     EXPECT_EQ(failureOf<Category>(start + R"(,"_links":{}})"), R"(keyNotFound ["_links","self"])");
@@ -65,7 +65,7 @@ TEST(Category, FailsWithoutLinksWhereACollectionDoesNot) {
     EXPECT_EQ(failureOf<MixedCollection>(R"({"title":"t"})"), "");
 }
 
-TEST(Category, HasNoAlertFromALinkThatIsNoObject) {
+TEST(Category, HasNoAlertIfTheLinkIsNotAnObject) {
     const auto alertOf = [](const char* alert) {
         const auto made = decoded<Category>(R"({"title":"t",)" + embedded +
                                             R"(,"_links":{"self":{"href":"h"},"alert":)" + alert + "}}");
@@ -77,7 +77,7 @@ TEST(Category, HasNoAlertFromALinkThatIsNoObject) {
     EXPECT_EQ(alertOf(R"({"id":"5"})"), "5");
 }
 
-TEST(Category, IsOfTheDefaultThemeWhereItsTextIsUnknown) {
+TEST(Category, HasTheDefaultThemeForAnUnknownValue) {
     EXPECT_EQ(category(R"("theme":"light")").theme, Theme::light);
     for (const char* const theme :
          {R"("theme":"dark")", R"("theme":1)", R"("theme":"Light")", R"("theme":"default")"}) {
@@ -85,12 +85,12 @@ TEST(Category, IsOfTheDefaultThemeWhereItsTextIsUnknown) {
     }
 }
 
-TEST(Category, HasNoIdFromANumber) {
-    EXPECT_EQ(category(R"("id":7)"), least());
+TEST(Category, DoesNotReadAnIdFromANumber) {
+    EXPECT_EQ(category(R"("id":7)"), minimal());
     EXPECT_EQ(category(R"("id":"7")").id, "7");
 }
 
-TEST(Category, KeepsACollectionWhoseElementsAreAllDropped) {
+TEST(Category, KeepsACollectionWithoutValidElements) {
     const auto made = decoded<Category>(
         R"({"title":"t","_embedded":{"featuredCollection":{"title":"f","items":[{"_entity":"video"},7,null]},)"
         R"("collections":[{"title":"a","items":[{"_entity":"series"}]},{"title":"b","items":[{}]}]},)" +
@@ -102,7 +102,7 @@ TEST(Category, KeepsACollectionWhoseElementsAreAllDropped) {
     EXPECT_EQ(made->collections[1].mixedItems.size(), 1U);
 }
 
-TEST(Category, KeepsTheFeaturedCollectionApartFromTheOthers) {
+TEST(Category, KeepsTheFeaturedCollectionSeparateFromTheOthers) {
     const auto made = decoded<Category>(
         R"({"title":"t","_embedded":{"collections":[{"id":1,"title":"a"},{"id":2,"title":"b"}],)"
         R"("featuredCollection":{"id":2,"title":"c"}},)" +
@@ -114,7 +114,7 @@ TEST(Category, KeepsTheFeaturedCollectionApartFromTheOthers) {
     EXPECT_EQ(made->collections[1].title, "b");
 }
 
-TEST(Category, FailsOfABadObjectOfCollectionsBeforeBadLinksAndOfABadTitleBeforeBoth) {
+TEST(Category, ReportsAFaultyTitleBeforeFaultyCollectionsAndThoseBeforeFaultyLinks) {
     EXPECT_EQ(failureOf<Category>(R"({"_links":7,"_embedded":7,"title":7})"), R"(typeMismatch ["title"])");
     EXPECT_EQ(failureOf<Category>(R"({"_links":7,"_embedded":7,"title":"t"})"),
               R"(typeMismatch ["_embedded"])");
@@ -122,7 +122,7 @@ TEST(Category, FailsOfABadObjectOfCollectionsBeforeBadLinksAndOfABadTitleBeforeB
               R"(typeMismatch ["_links"])");
 }
 
-TEST(Category, OfAHostMayHaveNoPath) { EXPECT_EQ(Category{.title = "t"}.selfHref, std::nullopt); }
+TEST(Category, CreatedByAHostMayHaveNoPath) { EXPECT_EQ(Category{.title = "t"}.selfHref, std::nullopt); }
 
 }  // namespace
 }  // namespace VanticRestKit

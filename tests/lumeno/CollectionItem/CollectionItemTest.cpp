@@ -10,7 +10,7 @@ using test::decoded;
 using test::Strictness;
 using Text = std::optional<std::string>;
 
-/// A host's own item. It has fields that the interface has too and that do not count.
+/// A host's own item. Some of its fields are named like members of the interface, but are not in its table.
 struct Podcast {
     Text name{};
     Text description{};
@@ -27,12 +27,12 @@ struct Podcast {
     friend bool operator==(const Podcast&, const Podcast&) = default;
 };
 
-/// Of the same fields, and all the same another type.
+/// A different type with the same fields.
 struct Radio : Podcast {
     friend bool operator==(const Radio&, const Radio&) = default;
 };
 
-/// Cannot be compared, and finds slugs in a way of its own.
+/// Cannot be compared, and has its own slug function.
 struct Mixtape {
     Text name{};
     std::vector<std::string> words{};
@@ -89,48 +89,48 @@ const CollectionItemTable& collectionItemTable<Mixtape>() {
 
 namespace {
 
-/// What an item gives that keeps the default.
+/// The slug that an item with the default function returns.
 Text slugFrom(const Text& text) { return CollectionItem(Podcast{}).showSlug({.from = text}); }
 
 TEST(DirectPlayableVideo, HasThreeFields) { test::expectDeclaredFields(directPlayableVideos()); }
 
-TEST(DirectPlayableVideo, TakesEachFieldFromItsKeyOrLeavesItEmpty) {
+TEST(DirectPlayableVideo, ReadsEachFieldFromItsKeyOrLeavesItEmpty) {
     test::expectFieldsInEveryState(directPlayableVideos());
 }
 
-TEST(DirectPlayableVideo, FailsOnlyWhereItIsNoObject) {
+TEST(DirectPlayableVideo, FailsOnlyIfItIsNotAnObject) {
     test::expectAnObjectOnly(test::decodable<DirectPlayableVideo>);
 }
 
-TEST(DirectPlayableVideo, IsEmptyFromAnEmptyObject) {
+TEST(DirectPlayableVideo, IsEmptyForAnEmptyObject) {
     EXPECT_EQ(decoded<DirectPlayableVideo>("{}"), DirectPlayableVideo{});
     EXPECT_EQ(test::failureOf<DirectPlayableVideo>("[]"), "typeMismatch []");
 }
 
-TEST(DirectPlayableVideo, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(DirectPlayableVideo, CanBeInitializedInDeclaredOrder) {
     const DirectPlayableVideo video{.id = "a", .href = "b", .playTitle = "c"};
     EXPECT_EQ(valueText(video), R"({"id":"a","href":"b","playTitle":"c"})");
     EXPECT_EQ(decoded<DirectPlayableVideo>(valueText(video)), video);
 }
 
-TEST(ShowSlug, IsTheThirdPartOfAPath) {
+TEST(ShowSlug, IsTheThirdSegmentOfAPath) {
     EXPECT_EQ(slugFrom("a/b/c"), "c");
     EXPECT_EQ(slugFrom("show/xyz/x"), "x");
     EXPECT_EQ(slugFrom("a/b/c/d/e"), "c");
 }
 
-TEST(ShowSlug, IsTheSecondWordOfAPathThatBeginsWithASlash) {
+TEST(ShowSlug, FollowsTheFirstSegmentOfAnAbsolutePath) {
     EXPECT_EQ(slugFrom("/show/xyz/x"), "xyz");
     EXPECT_EQ(slugFrom("/show/xyz"), "xyz");
 }
 
-TEST(ShowSlug, IsEmptyOfNothingAndOfTooFewParts) {
+TEST(ShowSlug, IsAbsentForAnEmptyOrTooShortPath) {
     EXPECT_EQ(slugFrom(std::nullopt), std::nullopt);
     for (const char* const path : {"", "a", "a/b", "/", "/a", "a/"})
         EXPECT_EQ(slugFrom(path), std::nullopt) << path;
 }
 
-TEST(ShowSlug, MayBeAPartWithoutCharacters) {
+TEST(ShowSlug, CanBeAnEmptySegment) {
     EXPECT_EQ(slugFrom("/show//x"), "");
     EXPECT_EQ(slugFrom("a//b"), "b");
     EXPECT_EQ(slugFrom("a/b/"), "");
@@ -138,7 +138,7 @@ TEST(ShowSlug, MayBeAPartWithoutCharacters) {
     EXPECT_EQ(slugFrom("///"), "");
 }
 
-TEST(CollectionItem, OfAHostGivesWhatItsListNamesAndTheDefaultsForTheRest) {
+TEST(CollectionItem, OfAHostHasTheMembersInItsTableAndDefaultsForTheRest) {
     const CollectionItem item = Podcast{.name = "n", .description = "d", .slug = "s", .words = {"w"}};
     EXPECT_EQ(item.title(), "n");
     EXPECT_EQ(item.showId(), 7U);
@@ -152,7 +152,7 @@ TEST(CollectionItem, OfAHostGivesWhatItsListNamesAndTheDefaultsForTheRest) {
     }
 }
 
-TEST(CollectionItem, HasTheInterfacesDefaultWhereTheListNamesNoMemberWhateverFieldsThereAre) {
+TEST(CollectionItem, UsesTheDefaultForMembersNotInTheTableWhateverTheFields) {
     const CollectionItem item = Podcast{.name = "n", .description = "d", .slug = "s"};
     EXPECT_EQ(item.description(), std::nullopt);
     EXPECT_EQ(item.slug(), std::nullopt);
@@ -172,20 +172,20 @@ TEST(CollectionItem, HasTheInterfacesDefaultWhereTheListNamesNoMemberWhateverFie
     }
 }
 
-TEST(CollectionItem, HandsOutTheEntityOfItsOwnTypeAlone) {
+TEST(CollectionItem, ReturnsTheEntityOnlyAsItsOwnType) {
     const CollectionItem podcast = Podcast{.name = "n"};
     ASSERT_NE(podcast.as<Podcast>(), nullptr);
     EXPECT_EQ(podcast.as<Podcast>()->name, "n");
     EXPECT_EQ(podcast.as<Radio>(), nullptr);
 }
 
-TEST(CollectionItem, IsEqualToOneOfAnEqualEntityOfTheSameType) {
+TEST(CollectionItem, IsEqualIfItsEntityIsEqualAndOfTheSameType) {
     EXPECT_EQ(CollectionItem(Podcast{.name = "n"}), CollectionItem(Podcast{.name = "n"}));
     EXPECT_NE(CollectionItem(Podcast{.name = "n"}), CollectionItem(Podcast{.name = "m"}));
     EXPECT_NE(CollectionItem(Podcast{}), CollectionItem(Radio{}));
 }
 
-TEST(CollectionItem, OfATypeThatCannotBeComparedIsEqualToItsCopiesAlone) {
+TEST(CollectionItem, OfANonComparableTypeEqualsOnlyItsCopies) {
     static_assert(!std::equality_comparable<Mixtape>);
     const CollectionItem item = Mixtape{.name = "n"};
     const CollectionItem copy = item;
@@ -193,14 +193,14 @@ TEST(CollectionItem, OfATypeThatCannotBeComparedIsEqualToItsCopiesAlone) {
     EXPECT_NE(item, CollectionItem(Mixtape{.name = "n"}));
 }
 
-TEST(ShowSlug, IsWhatTheItemGivesIfItsListNamesIt) {
+TEST(ShowSlug, IsTheItemsOwnIfItsTableListsIt) {
     const CollectionItem item = Mixtape{.name = "n"};
     EXPECT_EQ(item.showSlug({.from = "/show/xyz"}), "n in /show/xyz");
     EXPECT_EQ(item.showSlug({.from = std::nullopt}), std::nullopt);
     EXPECT_EQ(CollectionItem::defaultShowSlug({.from = "/show/xyz"}), "xyz");
 }
 
-TEST(CollectionItem, TakesOverAnEntityWhereItLies) {
+TEST(CollectionItem, TakesOverAnEntityWithoutMovingIt) {
     auto podcast = std::make_unique<Podcast>(Podcast{.name = "n"});
     const Podcast* const lies = podcast.get();
     const CollectionItem item = CollectionItem::owning(std::move(podcast));

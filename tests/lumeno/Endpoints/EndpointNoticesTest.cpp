@@ -1,4 +1,4 @@
-// What is asked for schedules, livestreams, messages, alerts and paths, and what becomes of the answers.
+// Requests for schedules, livestreams, messages, alerts and paths, and the handling of the responses.
 
 #include <lumeno/Endpoints/Sent.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
@@ -20,13 +20,13 @@ using test::expectErrors;
 using test::sentWithHeaders;
 using Items = std::vector<URLQueryItem>;
 
-TEST(EndpointNowNext, AsksForTheScheduleOfAHouseNumber) {
+TEST(EndpointNowNext, RequestsTheScheduleOfAHouseNumber) {
     EXPECT_EQ(sentWithHeaders(
                   [](const Context& context) { return Endpoint::NowNext({.houseNumber = "N1"}, context); }),
               "GET https://api.example.test/v2/nownext/N1");
 }
 
-TEST(EndpointNowNext, IsAnsweredWithASchedule) {
+TEST(EndpointNowNext, DecodesASchedule) {
     const auto make = [](const Context& context) {
         return Endpoint::NowNext({.houseNumber = "N1"}, context);
     };
@@ -42,7 +42,7 @@ TEST(EndpointNowNext, IsAnsweredWithASchedule) {
     expectErrors(make, R"({"now":{}})");
 }
 
-TEST(EndpointLivestreams, AsksForThoseOfARegionOrOfTheWholeCountry) {
+TEST(EndpointLivestreams, RequestsARegionOrTheWholeCountry) {
     EXPECT_EQ(sentWithHeaders([](const Context& context) {
                   return Endpoint::Livestreams({.region = std::nullopt}, context);
               }),
@@ -53,7 +53,7 @@ TEST(EndpointLivestreams, AsksForThoseOfARegionOrOfTheWholeCountry) {
               "GET https://api.example.test/v2/livestreams/nsw");
 }
 
-TEST(EndpointLivestreams, IsAnsweredWithAListOfVideos) {
+TEST(EndpointLivestreams, DecodesAListOfVideos) {
     const auto make = [](const Context& context) {
         return Endpoint::Livestreams({.region = LivestreamRegion::ACT}, context);
     };
@@ -72,7 +72,7 @@ public:
     std::string machine() const override { return "Box7,1"; }
 };
 
-TEST(EndpointMessages, DescribesApplicationAndDeviceWithTheBlankOfTheNameEncoded) {
+TEST(EndpointMessages, DescribesApplicationAndDeviceWithAnEncodedSpaceInTheName) {
     HostInformation::supply(std::make_shared<TestHost>());
     EXPECT_EQ(sentWithHeaders([](const Context& context) {
                   return Endpoint::Messages({.appId = MessagesAppId::lumenoInternational, .loggedIn = true},
@@ -88,7 +88,7 @@ TEST(EndpointMessages, DescribesApplicationAndDeviceWithTheBlankOfTheNameEncoded
     HostInformation::supply(nullptr);
 }
 
-TEST(EndpointMessages, IsAnsweredWithAList) {
+TEST(EndpointMessages, DecodesAList) {
     const auto make = [](const Context& context) {
         return Endpoint::Messages({.appId = MessagesAppId::lumeno, .loggedIn = true}, context);
     };
@@ -100,13 +100,13 @@ TEST(EndpointMessages, IsAnsweredWithAList) {
     expectErrors(make, "{}");
 }
 
-TEST(EndpointProductAlert, AsksForTheAlertById) {
+TEST(EndpointProductAlert, RequestsTheAlertById) {
     EXPECT_EQ(sentWithHeaders(
                   [](const Context& context) { return Endpoint::ProductAlert({.alertId = "a b"}, context); }),
               "GET https://api.example.test/v2/alert/a%20b");
 }
 
-TEST(EndpointProductAlert, IsAnsweredWithAnAlert) {
+TEST(EndpointProductAlert, DecodesAnAlert) {
     const auto make = [](const Context& context) {
         return Endpoint::ProductAlert({.alertId = "7"}, context);
     };
@@ -131,7 +131,7 @@ TEST(EndpointRemap, AppendsItsQueryItemsInOrderToTheQueryOfTheBaseURL) {
               "GET https://api.example.test/v2/remap/");
 }
 
-TEST(EndpointRemap, IsAnsweredWithPaths) {
+TEST(EndpointRemap, DecodesPaths) {
     const auto make = [](const Context& context) {
         return Endpoint::Remap({.path = "x", .queryItems = Items()}, context);
     };
@@ -145,7 +145,7 @@ TEST(EndpointRemap, IsAnsweredWithPaths) {
     expectErrors(make, R"({"status":"ok","_links":{"api":{"href":"a"}}})");
 }
 
-TEST(EndpointsOfNotices, AreNothingWhereTheContextMakesNoRequest) {
+TEST(EndpointsOfNotices, AreAbsentIfTheContextMakesNoRequest) {
     const test::NoRequestContext context;
     EXPECT_FALSE(Endpoint::NowNext({.houseNumber = "a"}, context));
     EXPECT_FALSE(Endpoint::Livestreams({.region = std::nullopt}, context));

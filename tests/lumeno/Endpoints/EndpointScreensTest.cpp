@@ -1,4 +1,4 @@
-// What is asked for screens, collections and menus, and what becomes of the answers.
+// Requests for screens, collections and menus, and the handling of the responses.
 
 #include <lumeno/Endpoints/Sent.h>
 #include <VanticRestKit/lumeno/Categories/Category.h>
@@ -19,7 +19,7 @@ using test::CatalogueContext;
 using test::expectErrors;
 using test::sentWithHeaders;
 
-TEST(EndpointCollection, AsksForTheCollectionWithItsHighlightItemWhereItIsWanted) {
+TEST(EndpointCollection, RequestsTheCollectionWithItsHighlightItemIfWanted) {
     EXPECT_EQ(sentWithHeaders([](const Context& context) {
                   return Endpoint::Collection({.collectionId = "xyz", .embedHighlightItem = true}, context);
               }),
@@ -30,7 +30,7 @@ TEST(EndpointCollection, AsksForTheCollectionWithItsHighlightItemWhereItIsWanted
               "GET https://api.example.test/v2/collection/xyz");
 }
 
-TEST(EndpointCollection, IsAnsweredWithACollection) {
+TEST(EndpointCollection, DecodesACollection) {
     const CatalogueContext context;
     const auto collection = answered(
         context, Endpoint::Collection({.collectionId = "1", .embedHighlightItem = true}, context),
@@ -50,7 +50,7 @@ TEST(EndpointCollection, FailsToDecodeWithoutATitle) {
         "{}");
 }
 
-TEST(EndpointCategoryAndChannel, AskWithTheSameTextForDifferentPathsAndOneEntity) {
+TEST(EndpointCategoryAndChannel, RequestDifferentPathsForTheSameNameAndDecodeOneEntity) {
     EXPECT_EQ(sentWithHeaders(
                   [](const Context& context) { return Endpoint::Category({.category = "x"}, context); }),
               "GET https://api.example.test/v2/category/x");
@@ -63,7 +63,7 @@ TEST(EndpointCategoryAndChannel, AskWithTheSameTextForDifferentPathsAndOneEntity
     static_assert(std::is_same_v<decltype(Endpoint::Home(context)), std::optional<Resource<Category>>>);
 }
 
-TEST(EndpointHome, AsksForTheHomeScreen) {
+TEST(EndpointHome, RequestsTheHomeScreen) {
     EXPECT_EQ(sentWithHeaders([](const Context& context) { return Endpoint::Home(context); }),
               "GET https://api.example.test/v2/home");
 }
@@ -84,19 +84,19 @@ void expectAScreen(Make make) {
     expectErrors(make, R"({"title":"t"})");
 }
 
-TEST(EndpointCategory, IsAnsweredWithACategory) {
+TEST(EndpointCategory, DecodesACategory) {
     expectAScreen([](const Context& context) { return Endpoint::Category({.category = "x"}, context); });
 }
 
-TEST(EndpointChannel, IsAnsweredWithACategory) {
+TEST(EndpointChannel, DecodesACategory) {
     expectAScreen([](const Context& context) { return Endpoint::Channel({.channel = "x"}, context); });
 }
 
-TEST(EndpointHome, IsAnsweredWithACategory) {
+TEST(EndpointHome, DecodesACategory) {
     expectAScreen([](const Context& context) { return Endpoint::Home(context); });
 }
 
-TEST(EndpointNavigation, AsksForTheListOfChannelsOrOfCategories) {
+TEST(EndpointNavigation, RequestsTheListOfChannelsOrCategories) {
     EXPECT_EQ(sentWithHeaders([](const Context& context) {
                   return Endpoint::Navigation({.type = NavigationType::channels}, context);
               }),
@@ -107,7 +107,7 @@ TEST(EndpointNavigation, AsksForTheListOfChannelsOrOfCategories) {
               "GET https://api.example.test/v2/navigation/categories");
 }
 
-TEST(EndpointNavigation, IsAnsweredWithAList) {
+TEST(EndpointNavigation, DecodesAList) {
     const auto make = [](const Context& context) {
         return Endpoint::Navigation({.type = NavigationType::channels}, context);
     };
@@ -120,14 +120,14 @@ TEST(EndpointNavigation, IsAnsweredWithAList) {
     expectErrors(make, R"({"items":[]})");
 }
 
-TEST(EndpointNavigationMainMenuList, AsksForAPersonalMenuOfTheChannels) {
+TEST(EndpointNavigationMainMenuList, RequestsAPersonalMenuOfTheChannels) {
     EXPECT_EQ(sentWithHeaders([](const Context& context) {
                   return Endpoint::NavigationMainMenuList({.channels = "a,b"}, context);
               }),
               "GET https://api.example.test/v2/navigation/mobile?include=personalize&channel=a,b");
 }
 
-TEST(EndpointNavigationMainMenuList, IsAnsweredWithAMenu) {
+TEST(EndpointNavigationMainMenuList, DecodesAMenu) {
     const auto make = [](const Context& context) {
         return Endpoint::NavigationMainMenuList({.channels = "a"}, context);
     };
@@ -138,12 +138,12 @@ TEST(EndpointNavigationMainMenuList, IsAnsweredWithAMenu) {
     expectErrors(make, R"({"items":[{"id":"a","title":5}]})");
 }
 
-TEST(EndpointBrowse, AsksForTheIndex) {
+TEST(EndpointBrowse, RequestsTheIndex) {
     EXPECT_EQ(sentWithHeaders([](const Context& context) { return Endpoint::Browse(context); }),
               "GET https://api.example.test/v2/browse");
 }
 
-TEST(EndpointBrowse, IsAnsweredWithAnIndex) {
+TEST(EndpointBrowse, DecodesAnIndex) {
     const auto make = [](const Context& context) { return Endpoint::Browse(context); };
     const CatalogueContext context;
     const auto index =
@@ -155,7 +155,7 @@ TEST(EndpointBrowse, IsAnsweredWithAnIndex) {
     expectErrors(make, R"({"_links":{"self":{}}})");
 }
 
-TEST(EndpointsOfScreens, AreNothingWhereTheContextMakesNoRequest) {
+TEST(EndpointsOfScreens, AreAbsentIfTheContextMakesNoRequest) {
     const test::NoRequestContext context;
     EXPECT_FALSE(Endpoint::Collection({.collectionId = "a", .embedHighlightItem = true}, context));
     EXPECT_FALSE(Endpoint::Category({.category = "a"}, context));

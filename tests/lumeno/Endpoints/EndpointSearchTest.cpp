@@ -1,4 +1,4 @@
-// What is asked for related shows and of a search, and what becomes of the answers.
+// Requests for related shows and searches, and the handling of the responses.
 
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/lumeno/Search/RelatedShowList.h>
@@ -26,13 +26,13 @@ std::string sentForSearch(const std::string& keyword, std::optional<std::string>
     });
 }
 
-TEST(EndpointRelatedShows, AsksByTheSlugAndTheChannelThatHasCharacters) {
+TEST(EndpointRelatedShows, SendsTheSlugAndANonEmptyChannel) {
     EXPECT_EQ(sentForRelated(std::nullopt), "GET https://api.example.test/v2/related/show/lantern-road");
     EXPECT_EQ(sentForRelated("one"), "GET https://api.example.test/v2/related/show/lantern-road?channel=one");
     EXPECT_EQ(sentForRelated(""), "GET https://api.example.test/v2/related/show/lantern-road");
 }
 
-TEST(EndpointRelatedShows, IsAnsweredWithTheShowsOrWithNoneWhereOneFails) {
+TEST(EndpointRelatedShows, DecodesTheShowsOrNoneIfOneFails) {
     const CatalogueContext context;
     const auto list =
         answered(context, Endpoint::RelatedShows({.showSlug = "x", .channel = std::nullopt}, context),
@@ -48,7 +48,7 @@ TEST(EndpointRelatedShows, IsAnsweredWithTheShowsOrWithNoneWhereOneFails) {
     EXPECT_TRUE(none->items.empty());
 }
 
-TEST(EndpointRelatedShows, FailsToDecodeWhatIsNoObject) {
+TEST(EndpointRelatedShows, FailsToDecodeUnlessItIsAnObject) {
     for (const char* const body : {"[]", "null", ""}) {
         const CatalogueContext context;
         expectADecodingFailure(
@@ -58,7 +58,7 @@ TEST(EndpointRelatedShows, FailsToDecodeWhatIsNoObject) {
     }
 }
 
-TEST(EndpointSearch, SendsKeywordAndChannelAlsoWithoutCharacters) {
+TEST(EndpointSearch, SendsKeywordAndChannelEvenIfEmpty) {
     EXPECT_EQ(sentForSearch("river", std::nullopt), "GET https://api.example.test/v2/search?keyword=river");
     EXPECT_EQ(sentForSearch("river", "one"),
               "GET https://api.example.test/v2/search?keyword=river&channel=one");
@@ -67,7 +67,7 @@ TEST(EndpointSearch, SendsKeywordAndChannelAlsoWithoutCharacters) {
               "GET https://api.example.test/v2/search?keyword=a%26b%3Dc%20d");
 }
 
-TEST(EndpointSearch, IsAnsweredWithWhatWasFound) {
+TEST(EndpointSearch, DecodesTheResults) {
     const CatalogueContext context;
     const auto results =
         answered(context, Endpoint::Search({.keyword = "river", .channel = std::nullopt}, context),
@@ -88,7 +88,7 @@ TEST(EndpointSearch, FailsToDecodeWithoutResultsOrFacts) {
     }
 }
 
-TEST(EndpointsOfSearch, AreNothingWhereTheContextMakesNoRequest) {
+TEST(EndpointsOfSearch, AreAbsentIfTheContextMakesNoRequest) {
     const test::NoRequestContext context;
     EXPECT_FALSE(Endpoint::RelatedShows({.showSlug = "a", .channel = std::nullopt}, context));
     EXPECT_FALSE(Endpoint::Search({.keyword = "a", .channel = std::nullopt}, context));

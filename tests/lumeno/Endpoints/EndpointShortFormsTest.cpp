@@ -19,7 +19,7 @@ namespace {
 
 using test::sent;
 
-TEST(EndpointShortForms, ShowAsksForWhatIsGiven) {
+TEST(EndpointShortForms, ShowRequestsWhatIsGiven) {
     EXPECT_EQ(sent([](const Context& c) { return Endpoint::Show({.showSlugOrId = "x"}, c); }),
               sent([](const Context& c) {
                   return Endpoint::Show({.showSlugOrId = "x",
@@ -53,12 +53,12 @@ TEST(EndpointShortForms, ShowAsksForWhatIsGiven) {
               }));
 }
 
-TEST(EndpointShortForms, ShowStaysApartFromTheHrefByItsLabel) {
+TEST(EndpointShortForms, ShowIsDistinguishedFromTheHrefByItsLabel) {
     EXPECT_NE(sent([](const Context& c) { return Endpoint::Show({.showSlugOrId = "x"}, c); }),
               sent([](const Context& c) { return Endpoint::Show({.usingHref = "x"}, c); }));
 }
 
-TEST(EndpointShortForms, ShowsListAsksForWhatIsGiven) {
+TEST(EndpointShortForms, ShowsListRequestsWhatIsGiven) {
     EXPECT_EQ(sent([](const Context& c) { return Endpoint::ShowsList({}, c); }), sent([](const Context& c) {
                   return Endpoint::ShowsList({.channel = std::nullopt, .closedCaptionOnly = false}, c);
               }));

@@ -1,4 +1,4 @@
-// What is asked for shows, their index and series, and what becomes of the answers.
+// Requests for shows, their index and series, and the handling of the responses.
 
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/lumeno/Show/ShowsIndex.h>
@@ -26,7 +26,7 @@ std::string sentForShow(std::optional<std::uint64_t> series, std::optional<std::
     });
 }
 
-TEST(EndpointShow, AsksByEachOfItsArguments) {
+TEST(EndpointShow, SendsEachOfItsArguments) {
     const std::string show = "GET https://api.example.test/v2/show/lantern-road";
     const std::string series = "embed=highlightVideo,selectedSeries,seriesList";
     EXPECT_EQ(sentForShow(std::nullopt, std::nullopt, false, std::nullopt), show + "?embed=highlightVideo");
@@ -37,7 +37,7 @@ TEST(EndpointShow, AsksByEachOfItsArguments) {
     EXPECT_EQ(sentForShow(std::nullopt, std::nullopt, false, ""), show + "?embed=highlightVideo");
 }
 
-TEST(EndpointShow, EscapesWhatTheAddressNeedsEscapedAndNothingElse) {
+TEST(EndpointShow, EscapesOnlyWhatAURLRequires) {
     EXPECT_EQ(
         sent([](const Context& context) {
             return Endpoint::Show({.showSlugOrId = "a b?",
@@ -50,7 +50,7 @@ TEST(EndpointShow, EscapesWhatTheAddressNeedsEscapedAndNothingElse) {
         "GET https://api.example.test/v2/show/a%20b%3F/video/c/d?channel=e%26f%20g&embed=highlightVideo");
 }
 
-TEST(EndpointShow, AsksByHrefWithoutQueryItems) {
+TEST(EndpointShow, RequestsAnHrefWithoutQueryItems) {
     EXPECT_EQ(sent([](const Context& context) {
                   return Endpoint::Show({.usingHref = "show/lantern-road"}, context);
               }),
@@ -59,7 +59,7 @@ TEST(EndpointShow, AsksByHrefWithoutQueryItems) {
               "GET https://api.example.test/v2//show/x");
 }
 
-TEST(EndpointShow, IsAnsweredWithAShow) {
+TEST(EndpointShow, DecodesAShow) {
     const CatalogueContext context;
     const auto show = answered(
         context, Endpoint::Show({.usingHref = "show/x"}, context),
@@ -68,7 +68,7 @@ TEST(EndpointShow, IsAnsweredWithAShow) {
     EXPECT_EQ(*show, (Show{.showId = 7, .theme = Theme::default_, .seriesList = {{.seriesId = "s"}}}));
 }
 
-TEST(EndpointShow, FailsToDecodeAsAnotherEntityAndTellsWhichOne) {
+TEST(EndpointShow, FailsToDecodeAnotherEntityAndNamesIt) {
     const CatalogueContext context;
     const auto show =
         answered(context, Endpoint::Show({.usingHref = "video/x"}, context), R"({"_entity":"Video"})");
@@ -80,7 +80,7 @@ TEST(EndpointShow, FailsToDecodeAsAnotherEntityAndTellsWhichOne) {
     EXPECT_EQ(mismatch->found(), "Video");
 }
 
-TEST(EndpointShow, FailsWithTheErrorOfTheNetwork) {
+TEST(EndpointShow, FailsWithTheNetworkError) {
     const CatalogueContext context;
     const auto show = answered(context, Endpoint::Show({.usingHref = "show/x"}, context), "{}", 404);
     ASSERT_FALSE(show);
@@ -88,7 +88,7 @@ TEST(EndpointShow, FailsWithTheErrorOfTheNetwork) {
     EXPECT_TRUE(show.error().is404Error());
 }
 
-TEST(EndpointShows, AsksForAllSlugsAndIdsAtOnce) {
+TEST(EndpointShows, RequestsAllSlugsAndIdsAtOnce) {
     EXPECT_EQ(sent([](const Context& context) {
                   return Endpoint::Shows({.showSlugsOrIds = {"a", "7"}}, context);
               }),
@@ -99,7 +99,7 @@ TEST(EndpointShows, AsksForAllSlugsAndIdsAtOnce) {
               "GET https://api.example.test/v2/shows/");
 }
 
-TEST(EndpointShows, IsAnsweredWithABareList) {
+TEST(EndpointShows, DecodesABareList) {
     const CatalogueContext context;
     const auto shows =
         answered(context, Endpoint::Shows({.showSlugsOrIds = {"a", "b"}}, context), R"([{"slug":"a"},{}])");
@@ -108,7 +108,7 @@ TEST(EndpointShows, IsAnsweredWithABareList) {
     EXPECT_EQ(shows->at(0).slug, "a");
 }
 
-TEST(EndpointShows, FailsToDecodeWhereOneShowDoes) {
+TEST(EndpointShows, FailsToDecodeIfOneShowFails) {
     for (const char* const body : {R"([{},{"_entity":"video"}])", "[{},7]", "[null]", R"({"items":[]})"}) {
         const CatalogueContext context;
         expectADecodingFailure(answered(context, Endpoint::Shows({.showSlugsOrIds = {"a"}}, context), body),
@@ -116,7 +116,7 @@ TEST(EndpointShows, FailsToDecodeWhereOneShowDoes) {
     }
 }
 
-TEST(EndpointShowsList, AsksForTheIndexOfAllOrOfAChannelWithCaptionsOrNot) {
+TEST(EndpointShowsList, RequestsTheIndexOfAllOrOneChannelWithOrWithoutCaptions) {
     const auto sentForList = [](std::optional<std::string> channel, bool closedCaptionOnly) {
         return sent([&](const Context& context) {
             return Endpoint::ShowsList({.channel = channel, .closedCaptionOnly = closedCaptionOnly}, context);
@@ -129,7 +129,7 @@ TEST(EndpointShowsList, AsksForTheIndexOfAllOrOfAChannelWithCaptionsOrNot) {
     EXPECT_EQ(sentForList("", true), "GET https://api.example.test/v2/shows/cc");
 }
 
-TEST(EndpointShowsList, IsAnsweredWithGroups) {
+TEST(EndpointShowsList, DecodesGroups) {
     const CatalogueContext context;
     const auto index =
         answered(context, Endpoint::ShowsList({.channel = std::nullopt, .closedCaptionOnly = false}, context),
@@ -140,7 +140,7 @@ TEST(EndpointShowsList, IsAnsweredWithGroups) {
     EXPECT_EQ(index->alertId, "7");
 }
 
-TEST(EndpointShowsList, FailsToDecodeWhereOneShowDoes) {
+TEST(EndpointShowsList, FailsToDecodeIfOneShowFails) {
     for (const char* const body : {R"({"items":[{"name":"A","items":[{"_entity":"video"}]}]})", "{}", "[]"}) {
         const CatalogueContext context;
         expectADecodingFailure(
@@ -151,14 +151,14 @@ TEST(EndpointShowsList, FailsToDecodeWhereOneShowDoes) {
     }
 }
 
-TEST(EndpointSeries, AsksByHref) {
+TEST(EndpointSeries, RequestsAnHref) {
     EXPECT_EQ(sent([](const Context& context) {
                   return Endpoint::Series({.usingHref = "show/x/series/1"}, context);
               }),
               "GET https://api.example.test/v2/show/x/series/1");
 }
 
-TEST(EndpointSeries, IsAnsweredWithASeriesWhateverEntityItClaimsToBe) {
+TEST(EndpointSeries, DecodesASeriesWhateverItsEntityName) {
     const CatalogueContext context;
     const auto series = answered(context, Endpoint::Series({.usingHref = "x"}, context),
                                  R"({"_entity":"video","id":"1","_links":{}})");
@@ -174,7 +174,7 @@ TEST(EndpointSeries, FailsToDecodeWithoutIdOrLinks) {
     }
 }
 
-TEST(EndpointsOfShows, AreNothingWhereTheContextMakesNoRequest) {
+TEST(EndpointsOfShows, AreAbsentIfTheContextMakesNoRequest) {
     const test::NoRequestContext context;
     EXPECT_FALSE(Endpoint::Show({.showSlugOrId = "a",
                                  .selectedSeries = std::nullopt,

@@ -1,4 +1,4 @@
-// What is asked for pictures, videos and any href, and what becomes of the answers.
+// Requests for pictures, videos and any href, and the handling of the responses.
 
 #include <VanticRestKit/lumeno/Image/Image.h>
 #include <VanticRestKit/lumeno/Link/LinkEndpoints.h>
@@ -13,12 +13,12 @@ using test::answered;
 using test::CatalogueContext;
 using test::sent;
 
-TEST(EndpointAvatars, AsksForThePicturesOfProfiles) {
+TEST(EndpointAvatars, RequestsThePicturesOfProfiles) {
     EXPECT_EQ(sent([](const Context& context) { return Endpoint::Avatars(context); }),
               "GET https://api.example.test/v3/image/avatar/");
 }
 
-TEST(EndpointAvatars, IsAnsweredWithAList) {
+TEST(EndpointAvatars, DecodesAList) {
     const CatalogueContext context;
     const auto images =
         answered(context, Endpoint::Avatars(context), R"([{"id":1},{"id":"b","tags":["t"]}])");
@@ -26,7 +26,7 @@ TEST(EndpointAvatars, IsAnsweredWithAList) {
     EXPECT_EQ(*images, (std::vector<Image>{{.id = "1"}, {.id = "b", .tags = {"t"}}}));
 }
 
-TEST(EndpointAvatars, FailsToDecodeWithAnythingThatIsNoListOfObjects) {
+TEST(EndpointAvatars, FailsToDecodeUnlessItIsAListOfObjects) {
     for (const char* const body : {"{}", "null", "[null]", "", "[{}"}) {
         const CatalogueContext context;
         const auto images = answered(context, Endpoint::Avatars(context), body);
@@ -35,7 +35,7 @@ TEST(EndpointAvatars, FailsToDecodeWithAnythingThatIsNoListOfObjects) {
     }
 }
 
-TEST(EndpointVideo, AsksByHouseNumberOrByHref) {
+TEST(EndpointVideo, RequestsAHouseNumberOrAnHref) {
     EXPECT_EQ(sent([](const Context& context) { return Endpoint::Video({.houseNumber = "ZW1"}, context); }),
               "GET https://api.example.test/v2/video/ZW1");
     EXPECT_EQ(
@@ -46,7 +46,7 @@ TEST(EndpointVideo, AsksByHouseNumberOrByHref) {
         "GET https://api.example.test/v2/any/thing");
 }
 
-TEST(EndpointVideo, IsAnsweredWithAVideo) {
+TEST(EndpointVideo, DecodesAVideo) {
     const CatalogueContext context;
     const auto video =
         answered(context, Endpoint::Video({.houseNumber = "ZW1"}, context), R"({"id":"v","_links":{}})");
@@ -54,7 +54,7 @@ TEST(EndpointVideo, IsAnsweredWithAVideo) {
     EXPECT_EQ(video->videoId, "v");
 }
 
-TEST(EndpointVideo, FailsToDecodeAsAnotherEntity) {
+TEST(EndpointVideo, FailsToDecodeAnotherEntity) {
     const CatalogueContext context;
     const auto video = answered(context, Endpoint::Video({.usingHref = "show/s"}, context),
                                 R"({"_entity":"show","_links":{}})");
@@ -62,19 +62,19 @@ TEST(EndpointVideo, FailsToDecodeAsAnotherEntity) {
     EXPECT_EQ(video.error().kind(), LoaderError::Kind::failedToDecode);
 }
 
-TEST(EndpointVideos, AsksForAllHouseNumbersAtOnce) {
+TEST(EndpointVideos, RequestsAllHouseNumbersAtOnce) {
     EXPECT_EQ(sent([](const Context& context) {
                   return Endpoint::Videos({.houseNumbers = {"a", "b"}}, context);
               }),
               "GET https://api.example.test/v2/videos/a,b");
 }
 
-TEST(EndpointVideos, RefusesNoListForItsLength) {
+TEST(EndpointVideos, AcceptsAListOfAnyLength) {
     const CatalogueContext context;
     EXPECT_TRUE(Endpoint::Videos({.houseNumbers = std::vector<std::string>{}}, context));
 }
 
-TEST(EndpointVideos, IsAnsweredWithAListOfVideos) {
+TEST(EndpointVideos, DecodesAListOfVideos) {
     const CatalogueContext context;
     const auto list = answered(context, Endpoint::Videos({.houseNumbers = {"a", "b"}}, context),
                                R"({"items":[{"id":"a","_links":{}},{"id":"b","_links":{}}]})");
@@ -83,14 +83,14 @@ TEST(EndpointVideos, IsAnsweredWithAListOfVideos) {
     EXPECT_EQ(list->videos[1].videoId, "b");
 }
 
-TEST(EndpointResource, AsksForThePathThatTheServiceSent) {
+TEST(EndpointResource, RequestsAPathFromTheService) {
     EXPECT_EQ(sent([](const Context& context) {
                   return Endpoint::Resource<Video>({.withHref = "show/x"}, context);
               }),
               "GET https://api.example.test/v2/show/x");
 }
 
-TEST(EndpointResource, DecodesIntoWhateverIsAskedFor) {
+TEST(EndpointResource, DecodesIntoTheRequestedType) {
     const CatalogueContext context;
     const auto links = answered(context, Endpoint::Resource<std::vector<Link>>({.withHref = "x"}, context),
                                 R"([{"href":"a"},{"href":"b","title":"t"}])");
@@ -102,7 +102,7 @@ TEST(EndpointResource, DecodesIntoWhateverIsAskedFor) {
     EXPECT_EQ(*number, 1.5);
 }
 
-TEST(EndpointsOfVideos, AreNothingWhereTheContextMakesNoRequest) {
+TEST(EndpointsOfVideos, AreAbsentIfTheContextMakesNoRequest) {
     const test::NoRequestContext context;
     EXPECT_FALSE(Endpoint::Avatars(context));
     EXPECT_FALSE(Endpoint::Video({.houseNumber = "a"}, context));

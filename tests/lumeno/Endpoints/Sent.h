@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What a resource of the catalogue sends, and what it makes of an answer.
+/// Checks what a resource of the catalogue sends and how it handles a response.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/Resource.h>
@@ -15,13 +15,13 @@
 
 namespace VanticRestKit::test {
 
-/// States what a host must state, and nothing else.
+/// Overrides only what a host must override.
 class MinimalContext : public virtual Context {
 public:
     URL baseURL() const override { return URL("https://api.example.test"); }
 };
 
-/// Has an address, headers and a time-out that a test may set.
+/// Has a base URL, headers and a timeout that a test can set.
 class PlainContext : public MinimalContext {
 public:
     URL baseURL() const override { return base; }
@@ -33,7 +33,7 @@ public:
     double timeout = 30.0;
 };
 
-/// What answers the requests of a context, on the thread of the test.
+/// Answers the requests of a context on the test's thread.
 struct Script {
     mutable Testing::ManualExecutor executor;
     const Testing::ScriptedService script{executor};
@@ -45,7 +45,7 @@ public:
     CatalogueContext() : Testing::Scripted<PlainContext>(script) {}
 };
 
-/// Loads a resource that was made with `context`, answers with `body` and gives what came of it.
+/// Loads a resource created with `context`, answers with `body` and returns the outcome.
 template <class T>
 Result<T, LoaderError> answered(const CatalogueContext& context, const std::optional<Resource<T>>& resource,
                                 const char* body, std::int64_t status = 200) {
@@ -65,9 +65,8 @@ void expectADecodingFailure(const Result<T, LoaderError>& outcome, const char* b
     EXPECT_EQ(outcome.error().kind(), LoaderError::Kind::failedToDecode) << body;
 }
 
-/// "GET https://api.example.test/v2/time": the method and the address of the request that a resource sends.
-/// Fails the running test where it is not as all requests to the catalogue: the headers and the time-out are
-/// those of the context, and there is no body.
+/// The method and the URL of the request that a resource sends: "GET https://api.example.test/v2/time". Fails the
+/// current test unless the headers and the timeout are those of the context and there is no body.
 template <class T>
 std::string sentFor(const CatalogueContext& context, const std::optional<Resource<T>>& resource) {
     (void)answered(context, resource, "{}");
@@ -98,7 +97,7 @@ std::string sentWithHeaders(Make make) {
     return sentFor(context, make(context));
 }
 
-/// `body` fails to decode, and an answer of status 404 is an error of the service whatever its body.
+/// Expects that `body` fails to decode, and that a response with status 404 is a server error whatever its body.
 template <class Make>
 void expectErrors(Make make, const char* body) {
     const CatalogueContext context;
@@ -112,7 +111,7 @@ void expectErrors(Make make, const char* body) {
     EXPECT_EQ(refused.error(), LoaderError::serverError(std::nullopt));
 }
 
-/// Makes no request of anything.
+/// Never returns a request.
 class NoRequestContext final : public MinimalContext {
 public:
     std::optional<URLRequest> generateURLRequest(URLRequestArguments) const override { return {}; }

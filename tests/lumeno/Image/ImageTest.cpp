@@ -12,7 +12,7 @@ using test::decoded;
 using test::shown;
 using test::Strictness;
 
-/// A text, or an unsigned whole number that becomes one.
+/// A string, or an unsigned integer that is converted to a string.
 test::Shape textOrNumber() {
     test::Shape shape = test::text();
     shape.fits.insert(shape.fits.end(), {{"42", "\"42\""},
@@ -50,33 +50,33 @@ test::EntityRules banners() {
 
 TEST(Image, HasNineFields) { test::expectDeclaredFields(images()); }
 
-TEST(Image, TakesEachFieldFromItsKeyOrLeavesItEmpty) { test::expectFieldsInEveryState(images()); }
+TEST(Image, ReadsEachFieldFromItsKeyOrLeavesItEmpty) { test::expectFieldsInEveryState(images()); }
 
-TEST(Image, FailsOnlyWhereItIsNoObject) { test::expectAnObjectOnly(test::decodable<Image>); }
+TEST(Image, FailsOnlyIfItIsNotAnObject) { test::expectAnObjectOnly(test::decodable<Image>); }
 
-TEST(Image, IsEmptyFromAnEmptyObject) {
+TEST(Image, IsEmptyForAnEmptyObject) {
     EXPECT_EQ(decoded<Image>("{}"), Image{});
     EXPECT_EQ(shown<Image>("{}"), R"({"id":null,"url":null,"accessibilityText":null,"type":null,"tags":[],)"
                                   R"("aspectRatio":null,"width":null,"height":null,"altText":null})");
 }
 
-TEST(Image, HasANumberForItsIdAsDecimalText) {
+TEST(Image, ReadsANumericIdAsADecimalString) {
     EXPECT_EQ(decoded<Image>(R"({"id":42})"), Image{.id = "42"});
     EXPECT_EQ(decoded<Image>(R"({"id":"042"})"), Image{.id = "042"});
 }
 
-TEST(Image, HasNoIdFromAnythingButAnUnsignedNumberOrAText) {
+TEST(Image, ReadsItsIdOnlyFromAnUnsignedNumberOrAString) {
     for (const char* const json :
          {R"({"id":true})", R"({"id":-1})", R"({"id":1.5})", R"({"id":null})", "{}"}) {
         EXPECT_EQ(decoded<Image>(json), Image{}) << json;
     }
 }
 
-TEST(Image, KeepsItsOtherFieldsWhereTheTagsAreAText) {
+TEST(Image, KeepsItsOtherFieldsIfTheTagsAreAString) {
     EXPECT_EQ(decoded<Image>(R"({"id":"i","tags":"a","url":"u"})"), (Image{.id = "i", .url = "u"}));
 }
 
-TEST(Image, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(Image, CanBeInitializedInDeclaredOrder) {
     const Image image{.id = "a",
                       .url = "b",
                       .accessibilityText = "c",
@@ -92,7 +92,7 @@ TEST(Image, IsMadeOfItsFieldsInDeclaredOrder) {
     EXPECT_EQ(decoded<Image>(valueText(image)), image);
 }
 
-TEST(Image, FailsTheListThatHoldsSomethingElse) {
+TEST(Image, MakesAListWithOtherElementsFail) {
     EXPECT_EQ(test::failureOf<std::vector<Image>>("[{},null]"), "typeMismatch [1]");
     EXPECT_EQ(test::failureOf<std::vector<Image>>("{}"), "typeMismatch []");
     EXPECT_EQ(decoded<std::vector<Image>>("[]"), std::vector<Image>());
@@ -102,24 +102,24 @@ TEST(Image, FailsTheListThatHoldsSomethingElse) {
 
 TEST(Banner, HasFourFields) { test::expectDeclaredFields(banners()); }
 
-TEST(Banner, TakesEachFieldFromItsKeyOrFails) { test::expectFieldsInEveryState(banners()); }
+TEST(Banner, ReadsEachFieldFromItsKeyOrFails) { test::expectFieldsInEveryState(banners()); }
 
-TEST(Banner, IsAnObject) { test::expectAnObjectOnly(test::decodable<Banner>); }
+TEST(Banner, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<Banner>); }
 
-TEST(Banner, FailsWithTheFirstFieldThatDoes) {
+TEST(Banner, FailsWithTheErrorOfTheFirstFaultyField) {
     test::expectErrorsInOrder(banners(),
                               {{"large", "1"}, {"small", "null"}, {"altText", "[]"}, {"link", "{}"}});
     EXPECT_EQ(test::failureOf<Banner>("{}"), R"(keyNotFound ["large"])");
 }
 
-TEST(Banner, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(Banner, CanBeInitializedInDeclaredOrder) {
     const Banner banner{.largeImageHref = "a", .smallImageHref = "b", .altText = "c", .linkHref = "d"};
     EXPECT_EQ(valueText(banner),
               R"({"largeImageHref":"a","smallImageHref":"b","altText":"c","linkHref":"d"})");
     EXPECT_EQ(decoded<Banner>(R"({"large":"a","small":"b","altText":"c","link":"d"})"), banner);
 }
 
-TEST(AvatarURI, HasAPathWithASlashAtItsEndAndNothingElse) {
+TEST(AvatarURI, HasOnlyAPathWithATrailingSlash) {
     const ResourceURI route = AvatarURI{};
     EXPECT_EQ(route.path(), "v3/image/avatar/");
     EXPECT_TRUE(route.queryItems().empty());

@@ -23,11 +23,11 @@ test::EntityRules links() {
 
 TEST(Link, HasFourFields) { test::expectDeclaredFields(links()); }
 
-TEST(Link, FailsWithoutAHrefAndWithNothingElse) { test::expectFieldsInEveryState(links()); }
+TEST(Link, FailsOnlyWithoutAHref) { test::expectFieldsInEveryState(links()); }
 
-TEST(Link, IsAnObject) { test::expectAnObjectOnly(test::decodable<Link>); }
+TEST(Link, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<Link>); }
 
-TEST(Link, HasNoTitleFromANumber) {
+TEST(Link, DoesNotReadATitleFromANumber) {
     EXPECT_EQ(decoded<Link>(R"({"href":"h","title":1})"), Link{.href = "h"});
 }
 
@@ -35,14 +35,14 @@ TEST(Link, HasAnEmptyListWithoutTags) {
     EXPECT_EQ(decoded<Link>(R"({"href":"h","id":"i"})"), (Link{.id = "i", .href = "h"}));
 }
 
-TEST(Link, ReadsItsHrefBeforeAllElse) {
-    // Nothing else can fail a link, and so its href is all that is told of.
+TEST(Link, ReadsItsHrefFirst) {
+    // Only the href can make a link fail, so only its error is reported.
     EXPECT_EQ(failureOf<Link>(R"({"id":1,"title":2,"tags":3,"href":4})"), R"(typeMismatch ["href"])");
     EXPECT_EQ(failureOf<Link>(R"({"id":1,"title":2,"tags":3})"), R"(keyNotFound ["href"])");
     EXPECT_EQ(failureOf<Link>(R"({"id":1,"href":null})"), R"(valueNotFound ["href"])");
 }
 
-TEST(Link, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(Link, CanBeInitializedInDeclaredOrder) {
     const Link link{.id = "a", .title = "b", .href = "c", .tags = {"d"}};
     EXPECT_EQ(valueText(link), R"({"id":"a","title":"b","href":"c","tags":["d"]})");
     EXPECT_EQ(decoded<Link>(valueText(link)), link);
@@ -62,7 +62,7 @@ TEST(LumenoHrefURI, TrimsNothing) {
     EXPECT_EQ(lumenoHrefURI({.withHref = " show/x?a=b "}).path(), "v2/ show/x?a=b ");
 }
 
-TEST(LumenoHrefURI, TakesTheHrefOfALink) {
+TEST(LumenoHrefURI, AcceptsALink) {
     const Link link{.id = "i", .title = "t", .href = "video/v"};
     EXPECT_EQ(lumenoHrefURI({.withLink = link}).href, "video/v");
     EXPECT_EQ(lumenoHrefURI({.withLink = link}), lumenoHrefURI({.withHref = "video/v"}));

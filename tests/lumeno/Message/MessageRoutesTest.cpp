@@ -11,7 +11,7 @@ namespace {
 
 using Items = std::vector<URLQueryItem>;
 
-/// A host that counts how often it is asked for each of its texts.
+/// A host that counts how often each of its values is read.
 class CountingHost final : public HostInformation {
 public:
     explicit CountingHost(std::optional<std::string> version) : version_(std::move(version)) {}
@@ -28,7 +28,7 @@ private:
     std::optional<std::string> version_;
 };
 
-/// Supplies a host for as long as this lives.
+/// Supplies a host while this object exists.
 class Supplied {
 public:
     explicit Supplied(std::shared_ptr<const HostInformation> host) {
@@ -39,7 +39,7 @@ public:
     Supplied& operator=(const Supplied&) = delete;
 };
 
-TEST(MessagesAppId, HasFourCasesInOrderAndNoneOfAnUnknownText) {
+TEST(MessagesAppId, HasFourCasesInOrderAndNoneForAnUnknownValue) {
     const std::vector<std::pair<MessagesAppId, std::string>> cases = {
         {MessagesAppId::lumeno, "lumeno"},
         {MessagesAppId::kidslumeno, "kids"},
@@ -68,7 +68,7 @@ TEST(MessagesURI, DescribesApplicationAndDeviceInOrder) {
                       {"authStatus", "true"}});
 }
 
-TEST(MessagesURI, LeavesOutTheVersionOfAnApplicationThatHasNone) {
+TEST(MessagesURI, OmitsTheVersionIfTheApplicationHasNone) {
     const Supplied host(std::make_shared<CountingHost>(std::nullopt));
     const Items items = MessagesURI{.appId = MessagesAppId::lumeno, .loggedIn = true}.queryItems();
     EXPECT_EQ(items, (Items{{"appId", "lumeno"},
@@ -78,19 +78,19 @@ TEST(MessagesURI, LeavesOutTheVersionOfAnApplicationThatHasNone) {
                             {"authStatus", "true"}}));
 }
 
-TEST(MessagesURI, SendsAVersionWithoutCharactersToo) {
+TEST(MessagesURI, SendsAnEmptyVersion) {
     const Supplied host(std::make_shared<CountingHost>(""));
     const Items items = MessagesURI{.appId = MessagesAppId::lumeno, .loggedIn = true}.queryItems();
     ASSERT_EQ(items.size(), 6U);
     EXPECT_EQ(items[1], (URLQueryItem{"appVersion", ""}));
 }
 
-TEST(MessagesURI, SaysFalseOfAUserWhoIsNotLoggedIn) {
+TEST(MessagesURI, SendsFalseForAUserWhoIsNotLoggedIn) {
     const Items items = MessagesURI{.appId = MessagesAppId::lumeno, .loggedIn = false}.queryItems();
     EXPECT_EQ(items.back(), (URLQueryItem{"authStatus", "false"}));
 }
 
-TEST(MessagesURI, KeepsTheBlankInTheNameOfAnApplication) {
+TEST(MessagesURI, KeepsTheSpaceInTheNameOfAnApplication) {
     const Items items =
         MessagesURI{.appId = MessagesAppId::lumenoInternational, .loggedIn = true}.queryItems();
     EXPECT_EQ(items.front(), (URLQueryItem{"appId", "lumeno int"}));
@@ -98,14 +98,14 @@ TEST(MessagesURI, KeepsTheBlankInTheNameOfAnApplication) {
               (URLQueryItem{"appId", "kids"}));
 }
 
-TEST(MessagesURI, ComputesItsItemsAnewAtEachRead) {
+TEST(MessagesURI, ComputesItsItemsForEachRead) {
     const MessagesURI route{.appId = MessagesAppId::lumeno, .loggedIn = true};
     const auto host = std::make_shared<CountingHost>("1");
     const Supplied supplied(host);
     EXPECT_EQ(route.queryItems()[3], (URLQueryItem{"platformVersion", "17.1"}));
     EXPECT_EQ(route.queryItems()[3], (URLQueryItem{"platformVersion", "17.2"}));
     EXPECT_EQ(host->asked, 2);
-    // A request that is made of it reads them again, once.
+    // Building a request reads them again, once.
     EXPECT_EQ(ResourceURI(route).queryItems()[3], (URLQueryItem{"platformVersion", "17.3"}));
     EXPECT_EQ(host->asked, 3);
     HostInformation::supply(std::make_shared<CountingHost>("2"));
@@ -113,7 +113,7 @@ TEST(MessagesURI, ComputesItsItemsAnewAtEachRead) {
     EXPECT_EQ(host->asked, 3);
 }
 
-TEST(MessagesURI, DescribesTheMachineItRunsOnWhereNoHostSaysOtherwise) {
+TEST(MessagesURI, DescribesTheMachineByDefault) {
     utsname names{};
     ASSERT_EQ(uname(&names), 0);
     EXPECT_EQ((MessagesURI{.appId = MessagesAppId::lumeno, .loggedIn = false}.queryItems()),

@@ -37,33 +37,33 @@ test::EntityRules messages() {
 
 TEST(Message, HasSixFields) { test::expectDeclaredFields(messages()); }
 
-TEST(Message, TakesEachFieldFromItsKeyOrLeavesItEmpty) { test::expectFieldsInEveryState(messages()); }
+TEST(Message, ReadsEachFieldFromItsKeyOrLeavesItEmpty) { test::expectFieldsInEveryState(messages()); }
 
-TEST(Message, FailsOnlyWhereItIsNoObject) { test::expectAnObjectOnly(test::decodable<Message>); }
+TEST(Message, FailsOnlyIfItIsNotAnObject) { test::expectAnObjectOnly(test::decodable<Message>); }
 
-TEST(Message, IsEmptyFromAnEmptyObject) { EXPECT_EQ(decoded<Message>("{}"), Message{}); }
+TEST(Message, IsEmptyForAnEmptyObject) { EXPECT_EQ(decoded<Message>("{}"), Message{}); }
 
-TEST(Message, HasNoIdFromATextAndKeepsItsOtherFields) {
+TEST(Message, DoesNotReadAnIdFromAStringAndKeepsItsOtherFields) {
     EXPECT_EQ(decoded<Message>(
                   R"({"id":"7","title":"t","count":2,"interval":0.5,"message":"m","links":[{"href":"a"}]})"),
               (Message{.title = "t", .count = 2, .interval = 0.5, .message = "m", .links = {{.href = "a"}}}));
 }
 
-TEST(Message, HasNoLinksAtAllWhereOneHasNoPath) {
+TEST(Message, HasNoLinksIfOneHasNoPath) {
     EXPECT_EQ(decoded<Message>(R"({"title":"t","links":[{"href":"a"},{"title":"l"}]})"),
               Message{.title = "t"});
     EXPECT_EQ(decoded<Message>(R"({"title":"t","links":[{"title":"l"},{"href":"a"}]})"),
               Message{.title = "t"});
 }
 
-TEST(Message, FailsTheListThatHoldsSomethingElse) {
+TEST(Message, MakesAListWithOtherElementsFail) {
     EXPECT_EQ(test::failureOf<std::vector<Message>>("[{},7]"), "typeMismatch [1]");
     EXPECT_EQ(test::failureOf<std::vector<Message>>("[{},null]"), "typeMismatch [1]");
     EXPECT_EQ(test::failureOf<std::vector<Message>>("{}"), "typeMismatch []");
     EXPECT_EQ(decoded<std::vector<Message>>("[{},{\"id\":1}]"), (std::vector<Message>{{}, {.messageId = 1}}));
 }
 
-TEST(Message, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(Message, CanBeInitializedInDeclaredOrder) {
     const Message message{
         .messageId = 1, .title = "a", .count = 2, .interval = 2.5, .message = "b", .links = {{.href = "c"}}};
     EXPECT_EQ(valueText(message), R"({"messageId":1,"title":"a","count":2,"interval":2.5,"message":"b",)"

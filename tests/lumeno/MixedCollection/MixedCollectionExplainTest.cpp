@@ -1,4 +1,4 @@
-// What is told of the elements that a mixed list drops.
+// The reports on elements that a mixed list drops.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/lumeno/MixedCollection/MixedCollection.h>
@@ -10,7 +10,7 @@ namespace {
 
 using test::faultText;
 
-TEST(ExplainingAMixedCollection, KeepsQuietAboutWhatIsKept) {
+TEST(ExplainingAMixedCollection, DoesNotReportKeptElements) {
     EXPECT_EQ(
         faultText<MixedCollection>(
             R"({"title":"t","items":[{"_entity":"show"},{"_entity":"video","_links":{}},)"
@@ -18,7 +18,7 @@ TEST(ExplainingAMixedCollection, KeepsQuietAboutWhatIsKept) {
         "");
 }
 
-TEST(ExplainingAMixedCollection, TellsOfEachElementThatIsDroppedAndWhatItMightHaveBeen) {
+TEST(ExplainingAMixedCollection, ReportsEachDroppedElementAndItsPossibleTypes) {
     EXPECT_EQ(
         faultText<MixedCollection>(
             R"({"title":"t","items":[{},7,{"_entity":"video"},null,{"_entity":"promo","id":1,"_links":{}}]})"),
@@ -28,7 +28,7 @@ TEST(ExplainingAMixedCollection, TellsOfEachElementThatIsDroppedAndWhatItMightHa
         "/items/4 lenient: Show or Video or Series, object, dropped\n");
 }
 
-TEST(ExplainingAMixedCollection, LeadsIntoElementsThatAreKept) {
+TEST(ExplainingAMixedCollection, ReportsFaultsInsideKeptElements) {
     EXPECT_EQ(faultText<MixedCollection>(
                   R"({"title":"t","items":[{"tags":1,"_entity":"show"},{"_entity":"video","_links":7},)"
                   R"({"title":2,"_links":{},"_entity":"video"}]})"),
@@ -37,13 +37,13 @@ TEST(ExplainingAMixedCollection, LeadsIntoElementsThatAreKept) {
               "/items/2/title lenient: String, number, empty\n");
 }
 
-TEST(ExplainingAMixedCollection, TellsOfAHighlightItemThatIsNone) {
+TEST(ExplainingAMixedCollection, ReportsAnInvalidHighlightItem) {
     EXPECT_EQ(faultText<MixedCollection>(
                   R"({"title":"t","_embedded":{"highlightItem":{"_entity":"series","id":"1","_links":{}}}})"),
               "/_embedded/highlightItem lenient: Show or Video, object, empty\n");
 }
 
-TEST(ExplainingAMixedCollection, EndsWithWhatFailsIt) {
+TEST(ExplainingAMixedCollection, ReportsTheFaultThatFailsItLast) {
     EXPECT_EQ(faultText<MixedCollection>(R"({"id":-1,"title":"t","_links":{},"_embedded":7})"),
               "/id lenient: String, number, empty\n"
               "/_links/self required: Object, nothing, failure\n");

@@ -1,4 +1,4 @@
-// The eleven fields of a collection, in every state of each.
+// Tests the eleven fields of a collection in every state.
 
 #include <gtest/gtest.h>
 #include <lumeno/MixedCollection/MixedCollectionRules.h>
@@ -14,11 +14,11 @@ TEST(MixedCollectionFields, AreEleven) {
     test::expectDeclaredFields(collections());
 }
 
-TEST(MixedCollectionFields, AreTakenFromTheirKeysAndFailForTitleAndPathAlone) {
+TEST(MixedCollectionFields, AreReadFromTheirKeysAndOnlyTitleAndPathAreRequired) {
     test::expectFieldsInEveryState(collections());
 }
 
-TEST(MixedCollectionFields, AreEmptyWhereTheirObjectIsNoneAndTheOneInsideTheLinksMustBeOne) {
+TEST(MixedCollectionFields, AreEmptyWithoutTheirObjectAndRequireASelfLinkInTheLinks) {
     test::expectContainersInEveryState(collections());
 }
 
@@ -28,7 +28,7 @@ TEST(MixedCollectionFields, FailInTheOrderOfDecoding) {
     test::expectErrorsInOrder(collections(), {{"title", "{}"}, {"_links", "{}"}});
 }
 
-TEST(MixedCollectionFields, HaveNoOtherKeysThanTheirOwn) {
+TEST(MixedCollectionFields, AreReadOnlyFromTheirOwnKeys) {
     const auto made = decoded<MixedCollection>(
         R"({"title":"t","collectionId":"x","mixedItems":[{}],"href":"x","Type":"movie","alertId":"x","Title":"x",)"
         R"("highlightItem":{},"self":{"href":"x"},"link":{"href":"x"},"_embedded":{"items":[{}],"highlightVideo":{}},)"
@@ -37,11 +37,11 @@ TEST(MixedCollectionFields, HaveNoOtherKeysThanTheirOwn) {
     EXPECT_EQ(*made, MixedCollection({.title = "t", .href = "h", .items = std::vector<CollectionItem>()}));
 }
 
-TEST(MixedCollectionFields, AreThoseOfAnObjectAlone) {
+TEST(MixedCollectionFields, AreReadOnlyFromAnObject) {
     test::expectAnObjectOnly(test::decodable<MixedCollection>);
 }
 
-TEST(MixedCollectionFields, MakeACollectionInDeclaredOrder) {
+TEST(MixedCollectionFields, InitializeACollectionInDeclaredOrder) {
     const MixedCollection collection(
         {.collectionId = "a",
          .title = "b",
@@ -73,7 +73,7 @@ TEST(MixedCollectionFields, MakeACollectionInDeclaredOrder) {
     EXPECT_TRUE(valueText(collection).ends_with(R"(,"alertId":"n"})"));
 }
 
-TEST(MixedCollectionType, HasThreeCasesInOrderAndNoneOfAnUnknownText) {
+TEST(MixedCollectionType, HasThreeCasesInOrderAndNoneForAnUnknownValue) {
     using Type = MixedCollectionType;
     const std::vector<std::pair<Type, std::string>> cases = {
         {Type::standard, "standard"}, {Type::movie, "movie"}, {Type::featured, "featured"}};

@@ -6,12 +6,12 @@ namespace {
 
 using test::expectAGet;
 
-TEST(CollectionURI, AsksForTheHighlightItemWhereItIsWanted) {
+TEST(CollectionURI, RequestsTheHighlightItemIfWanted) {
     expectAGet(CollectionURI({.with = "xyz", .embedHighlightItem = true}), "v2/collection/xyz",
                {{"embed", "highlightItem"}});
 }
 
-TEST(CollectionURI, HasNoQueryItemsWhereTheHighlightItemIsNotWanted) {
+TEST(CollectionURI, HasNoQueryItemsIfTheHighlightItemIsNotWanted) {
     expectAGet(CollectionURI({.with = "xyz", .embedHighlightItem = false}), "v2/collection/xyz");
 }
 
@@ -21,7 +21,7 @@ TEST(CollectionURI, AppendsTheIdToThePathUnchanged) {
     expectAGet(CollectionURI({.with = "", .embedHighlightItem = false}), "v2/collection/");
 }
 
-TEST(CollectionURI, HoldsItsArguments) {
+TEST(CollectionURI, KeepsItsArguments) {
     const CollectionURI route({.with = "xyz", .embedHighlightItem = true});
     EXPECT_EQ(route.collectionId, "xyz");
     EXPECT_TRUE(route.embedHighlightItem);

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What the fields of a collection are held to.
+/// The rules of a collection's fields.
 
 #include <lumeno/Show/ShowRules.h>
 #include <VanticRestKit/lumeno/MixedCollection/MixedCollection.h>
@@ -17,7 +17,7 @@ inline std::string showElement(const char* title) {
 inline std::string videoElement(const char* id) { return R"({"Video":)" + videoText(id) + "}"; }
 inline std::string seriesElement(const char* id) { return R"({"Series":)" + seriesText(id) + "}"; }
 
-/// An unsigned whole number as its decimal text, or a text.
+/// An unsigned integer, converted to a decimal string, or a string.
 inline Shape numberOrText() {
     Shape shape = text();
     shape.fits.insert(shape.fits.end(), {{"12", "\"12\""},
@@ -64,7 +64,7 @@ inline Shape highlightItem() {
                      {R"({"_entity":"promo","id":"1","_links":{}})"}});
 }
 
-/// With links, in which the collection's own must stand.
+/// With links, which must include the self link.
 inline EntityRules collections() {
     return {.type = decodable<MixedCollection>,
             .minimal = R"({"title":"t","_links":{"self":{"href":"h"}}})",

@@ -18,7 +18,7 @@ MixedCollection collection(const std::string& members) {
 
 MixedCollection empty() { return MixedCollection({.title = "t", .href = std::nullopt, .items = Items()}); }
 
-TEST(MixedCollection, NeedsNoMoreThanATitle) {
+TEST(MixedCollection, NeedsOnlyATitle) {
     const MixedCollection made = collection("");
     EXPECT_EQ(made, empty());
     EXPECT_EQ(made.title, "t");
@@ -34,13 +34,13 @@ TEST(MixedCollection, NeedsNoMoreThanATitle) {
     EXPECT_EQ(made.alertId, std::nullopt);
 }
 
-TEST(MixedCollection, FailsWithoutATitleOfCharacters) {
+TEST(MixedCollection, RequiresATitleThatIsAString) {
     EXPECT_EQ(failureOf<MixedCollection>("{}"), R"(keyNotFound ["title"])");
     EXPECT_EQ(failureOf<MixedCollection>(R"({"title":1})"), R"(typeMismatch ["title"])");
     EXPECT_EQ(failureOf<MixedCollection>(R"({"title":null})"), R"(valueNotFound ["title"])");
 }
 
-TEST(MixedCollection, MayBeWithoutLinksButNotWithoutALinkToItselfInThem) {
+TEST(MixedCollection, CanOmitItsLinksButNotTheSelfLinkInThem) {
     EXPECT_EQ(failureOf<MixedCollection>(R"({"title":"t","_links":{}})"), R"(keyNotFound ["_links","self"])");
     EXPECT_EQ(collection(R"("_links":5)"), empty());
     EXPECT_EQ(failureOf<MixedCollection>(R"({"title":"t","_links":{"self":{}}})"),
@@ -51,14 +51,14 @@ TEST(MixedCollection, MayBeWithoutLinksButNotWithoutALinkToItselfInThem) {
               R"(valueNotFound ["_links","self"])");
 }
 
-TEST(MixedCollection, HasNoAlertFromALinkThatIsNoObject) {
+TEST(MixedCollection, HasNoAlertIfTheLinkIsNotAnObject) {
     const MixedCollection made = collection(R"("_links":{"self":{"href":"h"},"alert":"x"})");
     EXPECT_EQ(made.href, "h");
     EXPECT_EQ(made.alertId, std::nullopt);
     EXPECT_EQ(collection(R"("_links":{"self":{"href":"h"},"alert":{"id":"a"}})").alertId, "a");
 }
 
-TEST(MixedCollection, HasOneIdFromANumberAndFromItsText) {
+TEST(MixedCollection, ReadsTheSameIdFromANumberAndAString) {
     EXPECT_EQ(collection(R"("id":12)").collectionId, "12");
     EXPECT_EQ(collection(R"("id":"12")").collectionId, "12");
     for (const char* const none :
@@ -67,7 +67,7 @@ TEST(MixedCollection, HasOneIdFromANumberAndFromItsText) {
     }
 }
 
-TEST(MixedCollection, IsOfTheStandardTypeWhereItsTextIsUnknown) {
+TEST(MixedCollection, HasTheStandardTypeForAnUnknownValue) {
     EXPECT_EQ(collection(R"("type":"movie")").type, MixedCollectionType::movie);
     EXPECT_EQ(collection(R"("type":"featured")").type, MixedCollectionType::featured);
     for (const char* const standard :
@@ -76,13 +76,13 @@ TEST(MixedCollection, IsOfTheStandardTypeWhereItsTextIsUnknown) {
     }
 }
 
-TEST(MixedCollection, HasNoItemsFromWhatIsNoList) {
+TEST(MixedCollection, HasNoItemsUnlessTheyAreAList) {
     for (const char* const none : {R"("items":{})", R"("items":"x")", R"("items":null)", R"("items":7)"}) {
         EXPECT_EQ(collection(none), empty()) << none;
     }
 }
 
-TEST(MixedCollection, HighlightsAShowOrAVideoAndNoSeries) {
+TEST(MixedCollection, HighlightsAShowOrAVideoButNotASeries) {
     const auto highlight = [](const char* item) {
         return collection(R"("_embedded":{"highlightItem":)" + std::string(item) + "}").highlightItem;
     };
@@ -93,7 +93,7 @@ TEST(MixedCollection, HighlightsAShowOrAVideoAndNoSeries) {
     const auto show = highlight(R"({"_entity":"show"})");
     ASSERT_TRUE(show);
     EXPECT_NE(show->as<Show>(), nullptr);
-    // One that does not say what it is is a show, however much it looks like the others.
+    // Without an entity it is a show, even if it resembles the others.
     const auto unnamed = highlight(R"({"id":"1","houseNumber":"n","_links":{}})");
     ASSERT_TRUE(unnamed);
     EXPECT_NE(unnamed->as<Show>(), nullptr);
@@ -103,7 +103,7 @@ TEST(MixedCollection, HighlightsAShowOrAVideoAndNoSeries) {
     }
 }
 
-TEST(MixedCollection, OfAHostHasItsItemsAndNothingElse) {
+TEST(MixedCollection, CreatedByAHostHasOnlyItsItems) {
     const MixedCollection made({.title = "t",
                                 .href = "h",
                                 .items = {Show{.title = "a"}, Video{.videoId = "b"}, Show{.title = "c"}}});
@@ -123,11 +123,11 @@ TEST(MixedCollection, OfAHostHasItsItemsAndNothingElse) {
     EXPECT_EQ(made.alertId, std::nullopt);
 }
 
-TEST(MixedCollection, OfAHostMayHaveNoPath) {
+TEST(MixedCollection, CreatedByAHostMayHaveNoPath) {
     EXPECT_EQ(MixedCollection({.title = "t", .href = std::nullopt, .items = Items()}), collection(""));
 }
 
-TEST(MixedCollection, IsEqualToOneOfEqualFieldsAndItems) {
+TEST(MixedCollection, IsEqualIfItsFieldsAndItemsAreEqual) {
     const char* const members =
         R"("items":[{"_entity":"show","title":"a"}],"_embedded":{"highlightItem":{}})";
     EXPECT_EQ(collection(members), collection(members));
@@ -144,18 +144,18 @@ TEST(EmptyOfAMixedCollection, DecodesFromAnyValueWithoutReadingIt) {
     }
 }
 
-TEST(EmptyOfAMixedCollection, DoesNotDecodeFromABrokenDocument) {
+TEST(EmptyOfAMixedCollection, FailsForAMalformedDocument) {
     for (const char* const json : {"", "{", "[1", "nul", "{}}", "\"x"}) {
         EXPECT_EQ(failureOf<MixedCollection::Empty>(json), "dataCorrupted []") << json;
     }
 }
 
-TEST(EmptyOfAMixedCollection, StepsOverEveryElementOfAList) {
+TEST(EmptyOfAMixedCollection, SkipsEveryElementOfAList) {
     EXPECT_EQ(decoded<std::vector<MixedCollection::Empty>>(R"([1,{"a":{}},null,[[]],"x"])"),
               std::vector<MixedCollection::Empty>(5));
 }
 
-TEST(EmptyOfAMixedCollection, EncodesAsAnObjectWithoutMembers) {
+TEST(EmptyOfAMixedCollection, IsEncodedAsAnEmptyObject) {
     const auto encoded = JSONEncoder().encode(MixedCollection::Empty());
     ASSERT_TRUE(encoded);
     EXPECT_EQ(*encoded, Data("{}"));

@@ -1,4 +1,4 @@
-// A long mixed list costs one pass: how many values are read for it is counted, not how long it takes.
+// Decoding a long mixed list takes one pass. The test counts the values read, not the time.
 
 #include <gtest/gtest.h>
 #include <lumeno/MixedCollection/MixedCollectionRules.h>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t elements = 10'000;
 
-/// How many texts were read into dates.
+/// The number of strings read as dates.
 std::size_t valuesRead = 0;
 
 bool countedDate(std::string_view, Date&) {
@@ -26,8 +26,7 @@ struct Part {
     std::optional<Date> date{};
 };
 
-/// Three entities that stand to each other as show, video and series do, and that count what is read for
-/// them.
+/// Three entities that are related like show, video and series, and that count the values read for them.
 template <int Place>
 struct Counting {
     struct DecodingError {
@@ -115,7 +114,7 @@ namespace {
 constexpr std::size_t valuesPerElement = 4;
 const char* const values = R"("id":"1","date":"d","parts":[{"date":"a"},{"date":"b"},{"date":"c"}])";
 
-/// An object of that name, which stands in front or at the end; "" for none.
+/// An object with this entity name at the front or at the end, "" for none.
 std::string element(const std::string& entity, bool isInFront, const char* links = R"("_links":{},)") {
     const std::string name = entity.empty() ? "" : R"("_entity":")" + entity + "\"";
     const std::string front = isInFront && !name.empty() ? name + "," : "";
@@ -123,14 +122,14 @@ std::string element(const std::string& entity, bool isInFront, const char* links
     return "{" + front + links + values + back + "}";
 }
 
-/// A list of elements, by turns as they stand in `kinds`.
+/// A list whose elements cycle through `kinds`.
 std::string listOf(const std::vector<std::string>& kinds, std::size_t count = elements) {
     std::string json;
     for (std::size_t i = 0; i < count; ++i) json += (i == 0 ? "" : ",") + kinds[i % kinds.size()];
     return "[" + json + "]";
 }
 
-/// How many values are read for each element of the list; `kept` of its elements must be kept.
+/// The number of values read per element of the list. Expects that `kept` of its elements are kept.
 double readPerElement(const std::string& list, std::size_t kept, std::size_t count = elements) {
     const Data document{R"({"items":)" + list + "}"};
     valuesRead = 0;
@@ -142,43 +141,43 @@ double readPerElement(const std::string& list, std::size_t kept, std::size_t cou
     return static_cast<double>(valuesRead) / static_cast<double>(count);
 }
 
-TEST(ALongMixedList, HasEachValueReadOnceWhateverItsElementsAre) {
+TEST(ALongMixedList, ReadsEachValueOnceForEveryKindOfElement) {
     for (const char* const entity : {"show", "video", "series", "promo", ""}) {
         EXPECT_EQ(readPerElement(listOf({element(entity, true)}), elements), valuesPerElement) << entity;
     }
 }
 
-TEST(ALongMixedList, HasEachValueReadOnceWhereTheElementsSayAtTheirEndWhatTheyAre) {
+TEST(ALongMixedList, ReadsEachValueOnceIfTheElementsEndWithTheirEntityName) {
     for (const char* const entity : {"show", "video", "series", "promo"}) {
         EXPECT_EQ(readPerElement(listOf({element(entity, false)}), elements), valuesPerElement) << entity;
     }
 }
 
-TEST(ALongMixedList, HasEachValueReadOnceWhereElementsOfEveryKindStandByTurns) {
+TEST(ALongMixedList, ReadsEachValueOnceIfTheKindsAlternate) {
     const std::vector<std::string> kinds = {
         element("show", true),  element("series", false), element("VIDEO", false), element("", true),
         element("video", true), element("Show", false),   element("promo", true),  element("promo", false)};
     EXPECT_EQ(readPerElement(listOf(kinds), elements), valuesPerElement);
 }
 
-TEST(ALongMixedList, HasNothingReadOfElementsThatAreNoObjects) {
+TEST(ALongMixedList, ReadsNothingOfElementsThatAreNotObjects) {
     EXPECT_EQ(readPerElement(listOf({"7", "null", "\"x\"", "[{\"date\":\"d\"}]"}), 0), 0);
 }
 
-TEST(ALongMixedList, HasADroppedElementReadOnceForEachEntityThatItMayBe) {
-    // One without links calls itself a video: it is tried as one, and then as what takes any name.
+TEST(ALongMixedList, ReadsADroppedElementOncePerPossibleEntity) {
+    // A video without links is tried as a video first, and then as a series, which accepts any name.
     EXPECT_EQ(readPerElement(listOf({element("video", false, "")}), 0), 2 * valuesPerElement);
     EXPECT_EQ(readPerElement(listOf({element("promo", false, "")}), 0), valuesPerElement);
 }
 
-TEST(ALongMixedList, HasItsValuesReadAsOftenAsAShortOne) {
+TEST(ALongMixedList, ReadsItsValuesAsOftenAsAShortList) {
     const std::vector<std::string> kinds = {element("show", true), element("series", false),
                                             element("video", false, "")};
     const double inAShortOne = readPerElement(listOf(kinds, 3), 2, 3);
     EXPECT_EQ(readPerElement(listOf(kinds, 9'999), 6'666, 9'999), inAShortOne);
 }
 
-TEST(AHighlight, IsReadOnceWhatIsMadeOfItAndNotAtAllWhereItCanBeNothing) {
+TEST(AHighlight, IsReadOnceIfItIsKeptAndNotAtAllIfItsKindIsNotAllowed) {
     for (const auto& [entity, times] :
          {std::pair("show", 1), std::pair("video", 1), std::pair("series", 0)}) {
         const Data document{R"({"highlight":)" + element(entity, false) + "}"};
@@ -190,7 +189,7 @@ TEST(AHighlight, IsReadOnceWhatIsMadeOfItAndNotAtAllWhereItCanBeNothing) {
     }
 }
 
-TEST(AMixedCollectionOfTenThousand, HasElementsOfEveryKindInOrder) {
+TEST(AMixedCollectionOfTenThousand, KeepsElementsOfEveryKindInOrder) {
     const std::vector<std::string> kinds = {
         R"({"id":"1","title":"t","_links":{},"_entity":"series"})", R"({"_entity":"video"})",
         R"({"id":"2","_links":{},"_entity":"video"})", "null", R"({"title":"u"})"};

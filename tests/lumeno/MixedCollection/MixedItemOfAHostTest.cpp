@@ -1,4 +1,4 @@
-// Lists that a host fills itself, with elements that are no collection items too.
+// Lists filled by a host, also with elements that are not collection items.
 
 #include <gtest/gtest.h>
 #include <lumeno/MixedCollection/MixedCollectionRules.h>
@@ -8,7 +8,7 @@
 namespace VanticRestKit {
 namespace {
 
-/// A host's own element, which is no collection item.
+/// A host's own element, which is not a collection item.
 struct Advertisement {
     std::string text{};
 };
@@ -27,7 +27,7 @@ MixedCollection holding(std::vector<MixedItem> items) {
                             .alertId = std::nullopt});
 }
 
-TEST(AForeignElement, IsCarriedByAListButIsNoneOfItsItems) {
+TEST(AForeignElement, IsKeptInMixedItemsButNotInItems) {
     const MixedCollection made =
         holding({Advertisement{"buy"}, Show{.title = "a"}, 7, std::string("x"), Video{.videoId = "v"},
                  Advertisement{"more"}, Series{.seriesId = "s"}});
@@ -41,12 +41,12 @@ TEST(AForeignElement, IsCarriedByAListButIsNoneOfItsItems) {
     EXPECT_EQ(made.mixedItems[0].item(), std::nullopt);
 }
 
-TEST(AForeignElement, LeavesAListWithoutItemsWhereThereIsNothingElse) {
+TEST(AForeignElement, GivesNoItemsIfThereIsNothingElse) {
     EXPECT_TRUE(holding({Advertisement{}, 1.5}).items().empty());
     EXPECT_TRUE(holding(std::vector<MixedItem>()).items().empty());
 }
 
-TEST(AnElementOfAHostsList, IsHandedOutAsItsOwnTypeAlone) {
+TEST(AnElementOfAHostsList, IsReturnedOnlyAsItsOwnType) {
     const MixedItem foreign = Advertisement{"a"};
     EXPECT_NE(foreign.as<Advertisement>(), nullptr);
     EXPECT_EQ(foreign.as<Show>(), nullptr);
@@ -55,17 +55,17 @@ TEST(AnElementOfAHostsList, IsHandedOutAsItsOwnTypeAlone) {
     ASSERT_NE(show.as<Show>(), nullptr);
     EXPECT_EQ(show.as<Video>(), nullptr);
     EXPECT_EQ(show.as<Advertisement>(), nullptr);
-    // A collection item stays what it is.
+    // A collection item keeps its type.
     const MixedItem item = CollectionItem(Video{.videoId = "v"});
     ASSERT_NE(item.as<Video>(), nullptr);
     EXPECT_EQ(item.as<Video>()->videoId, "v");
 }
 
-TEST(AnElementOfAHostsList, IsEqualToACopyAndToAnEqualCollectionItem) {
+TEST(AnElementOfAHostsList, EqualsItsCopiesAndEqualCollectionItems) {
     const MixedItem foreign = Advertisement{"a"};
     const MixedItem copy = foreign;
     EXPECT_EQ(copy, foreign);
-    // Two that were made apart cannot be compared: nothing is known of their type.
+    // Separately created elements cannot be compared, since nothing is known about their type.
     EXPECT_NE(foreign, MixedItem(Advertisement{"a"}));
     EXPECT_EQ(MixedItem(Show{.title = "a"}), MixedItem(Show{.title = "a"}));
     EXPECT_NE(MixedItem(Show{.title = "a"}), MixedItem(Show{.title = "b"}));

@@ -1,4 +1,4 @@
-// What becomes of each element of a mixed list.
+// How each element of a mixed list is decoded.
 
 #include <gtest/gtest.h>
 #include <lumeno/MixedCollection/MixedCollectionRules.h>
@@ -8,13 +8,13 @@ namespace {
 
 using test::decoded;
 
-/// The collection of these elements.
+/// A collection with these elements.
 std::optional<MixedCollection> collection(const std::string& elements) {
     return decoded<MixedCollection>(R"({"title":"t","items":[)" + elements + "]}");
 }
 
-/// "Show Video Series": what the elements became, in order. Fails the running test where a collection does
-/// not decode, or where `items` and `mixedItems` differ.
+/// The types of the decoded elements, in order: "Show Video Series". Fails the current test if the collection does not
+/// decode or `items` and `mixedItems` differ.
 std::string kindsOf(const std::string& elements) {
     const auto made = collection(elements);
     EXPECT_TRUE(made) << elements;
@@ -33,7 +33,7 @@ std::string kindsOf(const std::string& elements) {
     return kinds;
 }
 
-TEST(AnElementOfAMixedList, ThatCallsItselfAShowIsOneWhateverTheCase) {
+TEST(AnElementOfAMixedList, WithTheEntityShowIsAShowWhateverTheCase) {
     for (const char* const entity : {"show", "SHOW", "Show", "sHoW", "sh\\u006fw"}) {
         EXPECT_EQ(kindsOf(R"({"_entity":")" + std::string(entity) + R"(","id":"1","_links":{}})"), "Show")
             << entity;
@@ -41,7 +41,7 @@ TEST(AnElementOfAMixedList, ThatCallsItselfAShowIsOneWhateverTheCase) {
     EXPECT_EQ(kindsOf(R"({"_entity":"show"})"), "Show");
 }
 
-TEST(AnElementOfAMixedList, ThatDoesNotSayWhatItIsIsAShowHoweverMuchItLooksLikeAnother) {
+TEST(AnElementOfAMixedList, WithoutAnEntityIsAShowEvenIfItResemblesAnother) {
     EXPECT_EQ(kindsOf(R"({"title":"x"})"), "Show");
     EXPECT_EQ(kindsOf("{}"), "Show");
     EXPECT_EQ(kindsOf(R"({"id":"1","houseNumber":"n","duration":1,"_links":{"show":{"id":1}}})"), "Show");
@@ -51,7 +51,7 @@ TEST(AnElementOfAMixedList, ThatDoesNotSayWhatItIsIsAShowHoweverMuchItLooksLikeA
     }
 }
 
-TEST(AnElementOfAMixedList, ThatCallsItselfAVideoIsOneWithLinksAndDroppedWithout) {
+TEST(AnElementOfAMixedList, WithTheEntityVideoIsAVideoOrDroppedWithoutLinks) {
     for (const char* const entity : {"video", "VIDEO", "Video"}) {
         EXPECT_EQ(kindsOf(R"({"_entity":")" + std::string(entity) + R"(","_links":{}})"), "Video") << entity;
     }
@@ -62,14 +62,14 @@ TEST(AnElementOfAMixedList, ThatCallsItselfAVideoIsOneWithLinksAndDroppedWithout
     }
 }
 
-TEST(AnElementOfAMixedList, ThatCallsItselfAnythingElseIsASeriesIfItLooksLikeOne) {
+TEST(AnElementOfAMixedList, WithAnyOtherEntityIsASeriesIfItDecodesAsOne) {
     for (const char* const entity : {"series", "promo", "Series", "", "video ", "showing", "\\u0000"}) {
         EXPECT_EQ(kindsOf(R"({"_entity":")" + std::string(entity) + R"(","id":"1","_links":{}})"), "Series")
             << entity;
     }
 }
 
-TEST(AnElementOfAMixedList, ThatCallsItselfAnythingElseIsDroppedWithoutATextForItsIdOrWithoutLinks) {
+TEST(AnElementOfAMixedList, WithAnyOtherEntityIsDroppedWithoutAStringIdOrWithoutLinks) {
     for (const char* const entity : {"series", "promo", ""}) {
         const std::string start = R"({"_entity":")" + std::string(entity) + "\"";
         EXPECT_EQ(kindsOf(start + R"(,"id":1,"_links":{}})"), "") << entity;
@@ -81,7 +81,7 @@ TEST(AnElementOfAMixedList, ThatCallsItselfAnythingElseIsDroppedWithoutATextForI
     }
 }
 
-TEST(AnElementOfAMixedList, ThatIsNoObjectIsDropped) {
+TEST(AnElementOfAMixedList, IsDroppedIfItIsNotAnObject) {
     EXPECT_EQ(kindsOf(R"(1,null,"x",[])"), "");
     for (const char* const element :
          {"1", "-1.5", "null", "\"x\"", "\"show\"", "true", "[]", "[{}]", "01", "\"\\ud800\""}) {
@@ -90,23 +90,23 @@ TEST(AnElementOfAMixedList, ThatIsNoObjectIsDropped) {
     }
 }
 
-TEST(AnElementOfAMixedList, ThatHasAKeyThatCannotBeReadIsDropped) {
+TEST(AnElementOfAMixedList, IsDroppedIfItHasAnInvalidKey) {
     EXPECT_EQ(
         kindsOf(R"({"\ud800":1},{"_entity":"show","\ud800":1},{"\ud800":1,"_entity":"video","_links":{}})"),
         "");
     EXPECT_EQ(kindsOf(R"({"\ud800":1,"_entity":"series","id":"1","_links":{}},{})"), "Show");
     EXPECT_EQ(kindsOf(R"({"_entity":"series","id":"1","_links":{},"\ud800":1},{})"), "Show");
-    // One that lies deeper is the business of what it lies in.
+    // An invalid key deeper down affects only the object that contains it.
     EXPECT_EQ(kindsOf(R"({"_entity":"show","thumbnails":{"\ud800":1}})"), "Show");
 }
 
-TEST(AnElementOfAMixedList, GoesByTheFirstOfTwoEntities) {
+TEST(AnElementOfAMixedList, UsesTheFirstOfTwoEntities) {
     EXPECT_EQ(kindsOf(R"({"_entity":"video","_entity":"show","_links":{}})"), "Video");
     EXPECT_EQ(kindsOf(R"({"_entity":"show","_entity":"video","_links":{}})"), "Show");
     EXPECT_EQ(kindsOf(R"({"_entity":5,"_entity":"video","_links":{}})"), "Show");
 }
 
-TEST(AnElementOfAMixedList, IsTheSameAtAnyPositionOfItsEntity) {
+TEST(AnElementOfAMixedList, IsTheSameWhereverItsEntityAppears) {
     const std::string members =
         R"("id":"1","title":"x","_links":{"self":{"href":"h"}},"_embedded":{"a":[1,{"b":"\"}"}]})";
     for (const auto& [entity, kind] :
@@ -122,7 +122,7 @@ TEST(AnElementOfAMixedList, IsTheSameAtAnyPositionOfItsEntity) {
     }
 }
 
-TEST(AMixedList, KeepsTheOrderOfWhatItKeeps) {
+TEST(AMixedList, KeepsTheOrderOfItsElements) {
     EXPECT_EQ(kindsOf(R"({"_entity":"video","_links":{}},{"_entity":"video"},{"_entity":"show"})"),
               "Video Show");
     EXPECT_EQ(
@@ -132,7 +132,7 @@ TEST(AMixedList, KeepsTheOrderOfWhatItKeeps) {
 }
 
 TEST(AMixedList, ReadsEachCandidateFromTheStartOfTheElement) {
-    // Whatever a candidate that was refused had taken from it is read again, and nothing of it stays.
+    // Members read for a rejected candidate are read again, and nothing of that candidate remains.
     const auto made = collection(
         R"({"id":"7","title":"a","status":{"title":"s","theme":"live"},"tags":["x","y"],"slug":"z",)"
         R"("_links":{"self":{"href":"h"},"show":{"id":3}},"_entity":"series"},)"
@@ -154,7 +154,7 @@ TEST(AMixedList, ReadsEachCandidateFromTheStartOfTheElement) {
 }
 
 TEST(AMixedList, TriesShowBeforeVideoBeforeSeries) {
-    // Each of these would decode as more than one of them.
+    // Each of these would decode as several of the types.
     const std::string all = R"("id":"1","_links":{}})";
     EXPECT_EQ(test::failureOf<Show>("{" + all), "");
     EXPECT_EQ(test::failureOf<Video>("{" + all), "");
@@ -169,7 +169,7 @@ TEST(AMixedList, TriesShowBeforeVideoBeforeSeries) {
     EXPECT_EQ(kindsOf(show), "Show");
 }
 
-TEST(AMixedList, HoldsListsInItsElementsToTheirOwnRules) {
+TEST(AMixedList, AppliesTheRulesOfListsInsideItsElements) {
     const auto made = collection(
         R"({"_entity":"show","_embedded":{"videoExtras":[{"_links":{}},{}]}},{"_entity":"show","tags":["a",1]})");
     ASSERT_TRUE(made);
@@ -178,7 +178,7 @@ TEST(AMixedList, HoldsListsInItsElementsToTheirOwnRules) {
     EXPECT_EQ(*made->mixedItems[1].as<Show>(), Show{.theme = Theme::default_});
 }
 
-TEST(AMixedList, FailsOfABrokenElementAsAnyDocumentDoes) {
+TEST(AMixedList, FailsForAMalformedElement) {
     for (const char* const broken :
          {R"({"_entity":"show")", R"({"_entity":"series","id":"1")",
           R"({"_entity":"video",})"

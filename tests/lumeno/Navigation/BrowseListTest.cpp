@@ -1,4 +1,4 @@
-// The browse index: whatever may be left out has a default, and nothing may be of a wrong type.
+// The browse index: optional fields have defaults, and a wrong type always fails.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/lumeno/Navigation/BrowseList.h>
@@ -14,7 +14,7 @@ using test::failureOf;
 using test::shown;
 using test::Strictness;
 
-/// A text that has no characters where none came.
+/// A string that is empty by default.
 test::Shape textOrNone() {
     test::Shape shape = test::text();
     shape.empty = "\"\"";
@@ -60,18 +60,18 @@ test::EntityRules indexes() {
 
 TEST(BrowseItem, HasFourFields) { test::expectDeclaredFields(groups()); }
 
-TEST(BrowseItem, HasDefaultsForWhatIsLeftOutAndFailsOfAnyWrongType) {
+TEST(BrowseItem, HasDefaultsForMissingFieldsAndFailsForAnyWrongType) {
     test::expectFieldsInEveryState(groups());
     test::expectAnObjectOnly(test::decodable<BrowseItem>);
 }
 
-TEST(BrowseItem, IsTextsWithoutCharactersAndNoEntriesFromAnEmptyObject) {
+TEST(BrowseItem, HasEmptyStringsAndNoEntriesForAnEmptyObject) {
     const char* const empty = R"({"id":"","title":"","items":[],"accessibilityText":""})";
     EXPECT_EQ(shown<BrowseItem>("{}"), empty);
     EXPECT_EQ(shown<BrowseItem>(R"({"id":null,"title":null,"items":null,"accessibilityText":null})"), empty);
 }
 
-TEST(BrowseItem, FailsOfAnIdThatIsANumber) {
+TEST(BrowseItem, FailsForANumericId) {
     EXPECT_EQ(failureOf<BrowseItem>(R"({"id":5})"), R"(typeMismatch ["id"])");
 }
 
@@ -82,25 +82,25 @@ TEST(BrowseItem, FailsForAnEntryWithoutLinksAndTheIndexWithIt) {
               R"(keyNotFound ["_embedded","items",1,"items",0,"_links"])");
 }
 
-TEST(BrowseItem, FailsWithTheFirstFieldThatDoes) {
+TEST(BrowseItem, FailsWithTheErrorOfTheFirstFaultyField) {
     test::expectErrorsInOrder(
         groups(), {{"id", "1"}, {"title", "[]"}, {"items", "[{}]"}, {"accessibilityText", "false"}});
 }
 
-TEST(BrowseItem, IsEqualToOneOfEqualFields) {
+TEST(BrowseItem, IsEqualIfItsFieldsAreEqual) {
     EXPECT_EQ(decoded<BrowseItem>("{}"), decoded<BrowseItem>(R"({"id":"","x":1})"));
     EXPECT_NE(decoded<BrowseItem>("{}"), decoded<BrowseItem>(R"({"accessibilityText":"a"})"));
 }
 
 TEST(BrowseList, HasTwoFields) { test::expectDeclaredFields(indexes()); }
 
-TEST(BrowseList, HasDefaultsForWhatIsLeftOutButMustHaveItsObjects) {
+TEST(BrowseList, HasDefaultsForMissingFieldsButRequiresItsObjects) {
     test::expectFieldsInEveryState(indexes());
     test::expectContainersInEveryState(indexes());
     test::expectAnObjectOnly(test::decodable<BrowseList>);
 }
 
-TEST(BrowseList, NeedsNoMoreThanItsObjects) {
+TEST(BrowseList, NeedsOnlyItsObjects) {
     EXPECT_EQ(shown<BrowseList>(R"({"_links":{"self":{}},"_embedded":{}})"), R"({"href":"","items":[]})");
 }
 
@@ -108,11 +108,11 @@ TEST(BrowseList, FailsWithoutTheObjectOfItsGroups) {
     EXPECT_EQ(failureOf<BrowseList>(R"({"_links":{"self":{"href":"h"}}})"), R"(keyNotFound ["_embedded"])");
 }
 
-TEST(BrowseList, FailsWithoutTheObjectOfTheLinkToItself) {
+TEST(BrowseList, FailsWithoutTheObjectOfItsSelfLink) {
     EXPECT_EQ(failureOf<BrowseList>(R"({"_links":{},"_embedded":{}})"), R"(keyNotFound ["_links","self"])");
 }
 
-TEST(BrowseList, FailsOfAPathThatIsANumberThoughItMayBeLeftOut) {
+TEST(BrowseList, FailsForANumericPathAlthoughItIsOptional) {
     EXPECT_EQ(failureOf<BrowseList>(R"({"_links":{"self":{"href":1}},"_embedded":{}})"),
               R"(typeMismatch ["_links","self","href"])");
 }
@@ -123,14 +123,14 @@ TEST(BrowseList, ReadsItsLinksBeforeItsGroups) {
     test::expectErrorsInOrder(indexes(), {{"_links.self.href", "[]"}, {"_embedded.items", "{}"}});
 }
 
-TEST(BrowseList, IsEqualToOneOfEqualFields) {
+TEST(BrowseList, IsEqualIfItsFieldsAreEqual) {
     const char* const index = R"({"_links":{"self":{"href":"h"}},"_embedded":{"items":[{"id":"a"}]}})";
     EXPECT_EQ(decoded<BrowseList>(index), decoded<BrowseList>(index));
     EXPECT_NE(decoded<BrowseList>(index),
               decoded<BrowseList>(R"({"_links":{"self":{"href":"h"}},"_embedded":{"items":[{"id":"b"}]}})"));
 }
 
-TEST(BrowseList, IsMadeByDecodingAloneAndSoAreItsGroups) {
+TEST(BrowseList, AndItsGroupsCanOnlyBeConstructedByDecoding) {
     static_assert(!std::is_aggregate_v<BrowseList> && !std::is_default_constructible_v<BrowseList>);
     static_assert(!std::is_aggregate_v<BrowseItem> && !std::is_default_constructible_v<BrowseItem>);
     static_assert(std::is_copy_constructible_v<BrowseList> && std::is_copy_constructible_v<BrowseItem>);

@@ -59,35 +59,35 @@ test::EntityRules navigationLists() {
 
 TEST(NavigationItem, HasEightFields) { test::expectDeclaredFields(navigationItems()); }
 
-TEST(NavigationItem, TakesEachFieldFromItsKeyAndFailsForTheLinkToItselfAlone) {
+TEST(NavigationItem, ReadsEachFieldFromItsKeyAndRequiresOnlyTheSelfLink) {
     test::expectFieldsInEveryState(navigationItems());
     test::expectContainersInEveryState(navigationItems());
     test::expectAnObjectOnly(test::decodable<NavigationItem>);
 }
 
-TEST(NavigationItem, NeedsNoMoreThanALinkToItself) {
+TEST(NavigationItem, NeedsOnlyASelfLink) {
     EXPECT_EQ(decoded<NavigationItem>(R"({"_links":{"self":{"href":"h"}}})"),
               NavigationItem{.selfHref = "h"});
 }
 
-TEST(NavigationItem, FailsWithoutALinkToItself) {
+TEST(NavigationItem, FailsWithoutASelfLink) {
     EXPECT_EQ(failureOf<NavigationItem>(R"({"title":"t"})"), R"(keyNotFound ["_links"])");
     EXPECT_EQ(failureOf<NavigationItem>(R"({"title":"t","_links":{}})"), R"(keyNotFound ["_links","self"])");
     EXPECT_EQ(failureOf<NavigationItem>(R"({"title":"t","_links":{"self":{}}})"),
               R"(keyNotFound ["_links","self","href"])");
 }
 
-TEST(NavigationItem, HasNoIdAndTitleFromNumbers) {
+TEST(NavigationItem, DoesNotReadIdAndTitleFromNumbers) {
     EXPECT_EQ(decoded<NavigationItem>(R"({"id":1,"title":2,"_links":{"self":{"href":"h"}}})"),
               NavigationItem{.selfHref = "h"});
 }
 
-TEST(NavigationItem, HasNoImagesAtAllWhereOneIsBad) {
+TEST(NavigationItem, HasNoImagesIfOneIsFaulty) {
     EXPECT_EQ(decoded<NavigationItem>(R"({"id":"i","images":[{"id":"a"},7],"_links":{"self":{"href":"h"}}})"),
               (NavigationItem{.id = "i", .selfHref = "h"}));
 }
 
-TEST(NavigationItem, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(NavigationItem, CanBeInitializedInDeclaredOrder) {
     const NavigationItem item{.id = "a",
                               .title = "b",
                               .accessibilityText = "c",
@@ -110,24 +110,24 @@ TEST(NavigationItem, IsMadeOfItsFieldsInDeclaredOrder) {
 
 TEST(NavigationList, HasTwoFields) { test::expectDeclaredFields(navigationLists()); }
 
-TEST(NavigationList, TakesEachFieldFromItsKeyAndFailsForTheLinkToItselfAlone) {
+TEST(NavigationList, ReadsEachFieldFromItsKeyAndRequiresOnlyTheSelfLink) {
     test::expectFieldsInEveryState(navigationLists());
     test::expectContainersInEveryState(navigationLists());
     test::expectAnObjectOnly(test::decodable<NavigationList>);
 }
 
-TEST(NavigationList, NeedsNoMoreThanALinkToItself) {
+TEST(NavigationList, NeedsOnlyASelfLink) {
     EXPECT_EQ(decoded<NavigationList>(R"({"_links":{"self":{"href":"h"}}})"),
               NavigationList{.selfHref = "h"});
 }
 
-TEST(NavigationList, FailsWithoutALinkToItself) {
+TEST(NavigationList, FailsWithoutASelfLink) {
     EXPECT_EQ(failureOf<NavigationList>(R"({"title":"t"})"), R"(keyNotFound ["_links"])");
     EXPECT_EQ(failureOf<NavigationList>(R"({"items":[],"_links":{"self":{"href":1}}})"),
               R"(typeMismatch ["_links","self","href"])");
 }
 
-TEST(NavigationList, LosesItsGoodItemsTooWhereOneHasNoLinkToItself) {
+TEST(NavigationList, LosesAllItemsIfOneHasNoSelfLink) {
     EXPECT_EQ(
         decoded<NavigationList>(
             R"({"items":[{"_links":{"self":{"href":"a"}}},{"title":"t"}],"_links":{"self":{"href":"h"}}})"),
@@ -138,7 +138,7 @@ TEST(NavigationList, LosesItsGoodItemsTooWhereOneHasNoLinkToItself) {
         NavigationList{.selfHref = "h"});
 }
 
-TEST(NavigationList, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(NavigationList, CanBeInitializedInDeclaredOrder) {
     const NavigationList list{.selfHref = "h", .items = {{.selfHref = "a"}, {.id = "i", .selfHref = "b"}}};
     EXPECT_EQ(decoded<NavigationList>(
                   R"({"_links":{"self":{"href":"h"}},"items":[{"_links":{"self":{"href":"a"}}},)"

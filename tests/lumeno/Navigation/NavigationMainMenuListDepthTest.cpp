@@ -1,4 +1,4 @@
-// Menus as deep as a document goes, and deeper: an error and never a crash, where there is little stack too.
+// Menus of the maximum document depth and deeper: an error but never a crash, even on a small stack.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/lumeno/Navigation/NavigationMainMenuList.h>
@@ -15,10 +15,10 @@ using test::decodable;
 using test::onASmallStack;
 using test::Outcome;
 
-/// The list, its array, and then an item and an array for each level.
+/// Levels of the document: the list, its array, and an item and an array for each level of the menu.
 constexpr std::size_t deepestMenu = 511 / 2;
 
-/// A menu of that many levels of items, `core` in the innermost item.
+/// A menu with this many levels of items, and `core` in the innermost one.
 std::string menu(std::size_t levels, const std::string& core = R"({"id":"a"})") {
     std::string text = R"({"items":[)";
     for (std::size_t level = 1; level < levels; ++level) text += R"({"id":"a","items":[)";
@@ -27,7 +27,7 @@ std::string menu(std::size_t levels, const std::string& core = R"({"id":"a"})") 
     return text + "]}";
 }
 
-/// What both engines make of a document, on a thread with little stack.
+/// Decodes a document with both engines on a thread with a small stack.
 Outcome outcomeOf(const std::string& document) {
     Outcome outcome;
     onASmallStack([&] { outcome = test::decodeByBoth(decodable<NavigationMainMenuList>, Data(document)); });
@@ -52,7 +52,7 @@ TEST(AMenuOfTheGreatestDepth, Decodes) {
     EXPECT_EQ(levelsOf(*list), deepestMenu);
 }
 
-TEST(AMenuOfTheGreatestDepth, CanBeCopiedComparedAndLetGoOfOnASmallStack) {
+TEST(AMenuOfTheGreatestDepth, CanBeCopiedComparedAndDestroyedOnASmallStack) {
     const Data document{menu(deepestMenu)};
     onASmallStack([&document] {
         const auto list = JSONDecoder().decode<NavigationMainMenuList>(document);
@@ -63,18 +63,18 @@ TEST(AMenuOfTheGreatestDepth, CanBeCopiedComparedAndLetGoOfOnASmallStack) {
     });
 }
 
-TEST(AMenuOfTheGreatestDepth, FailsForItsInnermostItemAlone) {
+TEST(AMenuOfTheGreatestDepth, FailsOnlyForItsInnermostItem) {
     const std::string failure = outcomeOf(menu(deepestMenu, R"({"title":"x"})")).failure;
     EXPECT_TRUE(failure.starts_with(R"(keyNotFound ["items",0,"items",0,"items",0,)")) << failure;
     EXPECT_TRUE(failure.ends_with(R"("items",0,"id"])")) << failure;
     EXPECT_EQ(static_cast<std::size_t>(std::count(failure.begin(), failure.end(), '0')), deepestMenu);
 }
 
-TEST(AMenuThatIsOneLevelTooDeep, IsABrokenDocument) {
+TEST(AMenuThatIsOneLevelTooDeep, IsAMalformedDocument) {
     EXPECT_EQ(outcomeOf(menu(deepestMenu + 1, R"({"id":"a"})")).failure, "dataCorrupted []");
 }
 
-TEST(AMenuOfAHundredThousandLevels, IsAnErrorAndNoCrash) {
+TEST(AMenuOfAHundredThousandLevels, FailsWithoutACrash) {
     const std::string document = menu(100'000);
     EXPECT_EQ(outcomeOf(document).failure, "dataCorrupted []");
     onASmallStack([&document] {
@@ -86,12 +86,12 @@ TEST(AMenuOfAHundredThousandLevels, IsAnErrorAndNoCrash) {
     });
 }
 
-TEST(AMenuOfAHundredThousandLevels, IsAnErrorWhereItIsCutOffToo) {
+TEST(AMenuOfAHundredThousandLevels, FailsIfItIsTruncated) {
     const std::string document = menu(100'000);
     EXPECT_EQ(outcomeOf(document.substr(0, document.size() / 2)).failure, "dataCorrupted []");
 }
 
-TEST(AMenuOfAHundredThousandLevels, IsAnErrorUnderAnIgnoredKeyToo) {
+TEST(AMenuOfAHundredThousandLevels, FailsUnderAnIgnoredKey) {
     EXPECT_EQ(outcomeOf(R"({"items":[{"id":"a","other":)" + menu(100'000) + "}]}").failure,
               "dataCorrupted []");
 }

@@ -1,4 +1,4 @@
-// The main menu: a tree in which nothing is swallowed.
+// The main menu: a tree in which no fault is tolerated.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/lumeno/Navigation/NavigationMainMenuList.h>
@@ -61,17 +61,17 @@ test::EntityRules lists() {
             .fields = {{"items", "items", Strictness::required, children("[]")}}};
 }
 
-TEST(NavigationMainMenuItemImage, HasThreeFieldsThatMustAllBeThere) {
+TEST(NavigationMainMenuItemImage, HasThreeRequiredFields) {
     test::expectDeclaredFields(images());
     test::expectFieldsInEveryState(images());
     test::expectAnObjectOnly(test::decodable<Image>);
 }
 
-TEST(NavigationMainMenuItemImage, FailsWithTheFirstFieldThatDoes) {
+TEST(NavigationMainMenuItemImage, FailsWithTheErrorOfTheFirstFaultyField) {
     test::expectErrorsInOrder(images(), {{"id", "1"}, {"url", "null"}, {"accessibilityText", "[]"}});
 }
 
-TEST(NavigationMainMenuItemImage, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(NavigationMainMenuItemImage, CanBeInitializedInDeclaredOrder) {
     const Image image{.id = "a", .url = "b", .accessibilityText = "c"};
     EXPECT_EQ(valueText(image), R"({"id":"a","url":"b","accessibilityText":"c"})");
     EXPECT_EQ(decoded<Image>(valueText(image)), image);
@@ -80,12 +80,12 @@ TEST(NavigationMainMenuItemImage, IsMadeOfItsFieldsInDeclaredOrder) {
 
 TEST(NavigationMainMenuItem, HasSevenFields) { test::expectDeclaredFields(items()); }
 
-TEST(NavigationMainMenuItem, TakesEachFieldFromItsKeyAndFailsForEachOfAWrongType) {
+TEST(NavigationMainMenuItem, ReadsEachFieldFromItsKeyAndFailsForAnyWrongType) {
     test::expectFieldsInEveryState(items());
     test::expectAnObjectOnly(test::decodable<Item>);
 }
 
-TEST(NavigationMainMenuItem, FailsWithTheFirstFieldThatDoes) {
+TEST(NavigationMainMenuItem, FailsWithTheErrorOfTheFirstFaultyField) {
     test::expectErrorsInOrder(items(), {{"id", "1"},
                                         {"title", "[]"},
                                         {"accessibilityText", "true"},
@@ -95,7 +95,7 @@ TEST(NavigationMainMenuItem, FailsWithTheFirstFieldThatDoes) {
                                         {"images", "[7]"}});
 }
 
-TEST(NavigationMainMenuItem, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(NavigationMainMenuItem, CanBeInitializedInDeclaredOrder) {
     const Item item{.id = "a",
                     .title = "b",
                     .accessibilityText = "c",
@@ -112,13 +112,13 @@ TEST(NavigationMainMenuItem, IsMadeOfItsFieldsInDeclaredOrder) {
     EXPECT_NE(other, item);
 }
 
-TEST(NavigationMainMenuList, HasOneFieldThatMustBeThere) {
+TEST(NavigationMainMenuList, HasOneRequiredField) {
     test::expectDeclaredFields(lists());
     test::expectFieldsInEveryState(lists());
     test::expectAnObjectOnly(test::decodable<NavigationMainMenuList>);
 }
 
-TEST(NavigationMainMenuList, MayBeWithoutItemsButNotWithoutTheirList) {
+TEST(NavigationMainMenuList, CanHaveAnEmptyListOfItemsButNotNone) {
     EXPECT_EQ(decoded<NavigationMainMenuList>(R"({"items":[]})"), NavigationMainMenuList{});
     EXPECT_EQ(failureOf<NavigationMainMenuList>("{}"), R"(keyNotFound ["items"])");
 }
@@ -127,7 +127,7 @@ TEST(NavigationMainMenuList, NeverReadsLinks) {
     EXPECT_EQ(decoded<NavigationMainMenuList>(R"({"items":[],"_links":7})"), NavigationMainMenuList{});
 }
 
-TEST(NavigationMainMenuList, KeepsNoChildrenAndNoPicturesApartFromListsWithoutAny) {
+TEST(NavigationMainMenuList, DistinguishesAbsentListsFromEmptyOnes) {
     EXPECT_EQ(
         decoded<NavigationMainMenuList>(R"({"items":[{"id":"a"}]})"),
         (NavigationMainMenuList{.items = {Item{.id = "a", .items = std::nullopt, .images = std::nullopt}}}));
@@ -141,13 +141,13 @@ TEST(NavigationMainMenuList, FailsForAChildWithoutAnId) {
               R"(keyNotFound ["items",0,"items",0,"id"])");
 }
 
-TEST(NavigationMainMenuList, FailsForATitleOfAWrongTypeThoughItMayBeLeftOut) {
+TEST(NavigationMainMenuList, FailsForATitleOfAWrongTypeAlthoughItIsOptional) {
     EXPECT_EQ(failureOf<NavigationMainMenuList>(R"({"items":[{"id":"a","title":5}]})"),
               R"(typeMismatch ["items",0,"title"])");
     EXPECT_EQ(failureOf<NavigationMainMenuList>(R"({"items":[{"id":"a","title":null}]})"), "");
 }
 
-TEST(NavigationMainMenuList, FailsForAPictureThatIsNotDescribedHoweverDeepItLies) {
+TEST(NavigationMainMenuList, FailsForAPictureWithoutADescriptionAtAnyDepth) {
     EXPECT_EQ(failureOf<NavigationMainMenuList>(R"({"items":[{"id":"a","images":[{"id":"i","url":"u"}]}]})"),
               R"(keyNotFound ["items",0,"images",0,"accessibilityText"])");
     EXPECT_EQ(
@@ -156,7 +156,7 @@ TEST(NavigationMainMenuList, FailsForAPictureThatIsNotDescribedHoweverDeepItLies
         R"(keyNotFound ["items",1,"items",0,"items",0,"images",0,"accessibilityText"])");
 }
 
-TEST(NavigationMainMenuList, IsMadeOfItsItems) {
+TEST(NavigationMainMenuList, CanBeInitializedWithItsItems) {
     const NavigationMainMenuList list{.items = {Item{.id = "a", .items = {{Item{.id = "b"}}}}}};
     EXPECT_EQ(decoded<NavigationMainMenuList>(R"({"items":[{"id":"a","items":[{"id":"b"}]}]})"), list);
     EXPECT_NE(list, NavigationMainMenuList{});

@@ -7,7 +7,7 @@ namespace {
 using test::expectAGet;
 using Items = std::vector<URLQueryItem>;
 
-TEST(NavigationType, HasTwoCasesInOrderAndNoneOfAnUnknownText) {
+TEST(NavigationType, HasTwoCasesInOrderAndNoneForAnUnknownValue) {
     ASSERT_EQ(std::size(RawTexts<NavigationType>::cases), 2U);
     EXPECT_EQ(RawTexts<NavigationType>::cases[0].value, NavigationType::channels);
     EXPECT_EQ(RawTexts<NavigationType>::cases[1].value, NavigationType::categories);
@@ -23,19 +23,19 @@ TEST(NavigationURI, AppendsTheRawValueOfTheTypeToThePath) {
     expectAGet(NavigationURI{.navigationType = NavigationType::categories}, "v2/navigation/categories");
 }
 
-TEST(NavigationMainMenuItemURI, AsksForAPersonalMenuOfTheChannelsInOneUnchangedString) {
+TEST(NavigationMainMenuItemURI, SendsTheChannelsAsOneUnchangedString) {
     expectAGet(NavigationMainMenuItemURI({.channels = "a,b"}), "v2/navigation/mobile",
                {{"include", "personalize"}, {"channel", "a,b"}});
     expectAGet(NavigationMainMenuItemURI({.channels = " a&b=%20"}), "v2/navigation/mobile",
                {{"include", "personalize"}, {"channel", " a&b=%20"}});
 }
 
-TEST(NavigationMainMenuItemURI, SendsChannelsWithoutCharactersToo) {
+TEST(NavigationMainMenuItemURI, SendsEmptyChannels) {
     expectAGet(NavigationMainMenuItemURI({.channels = ""}), "v2/navigation/mobile",
                {{"include", "personalize"}, {"channel", ""}});
 }
 
-TEST(NavigationMainMenuItemURI, HasAPathThatIsSentUnchangedIfItIsSet) {
+TEST(NavigationMainMenuItemURI, SendsAPathThatWasSetUnchanged) {
     NavigationMainMenuItemURI route({.channels = "a"});
     route.path = "navigation/television";
     expectAGet(route, "navigation/television", {{"include", "personalize"}, {"channel", "a"}});
@@ -44,7 +44,7 @@ TEST(NavigationMainMenuItemURI, HasAPathThatIsSentUnchangedIfItIsSet) {
     EXPECT_NE(route, NavigationMainMenuItemURI({.channels = "a"}));
 }
 
-TEST(BrowseURI, HasAPathAndNothingElse) { expectAGet(BrowseURI(), "v2/browse"); }
+TEST(BrowseURI, HasOnlyAPath) { expectAGet(BrowseURI(), "v2/browse"); }
 
 }  // namespace
 }  // namespace VanticRestKit

@@ -23,12 +23,12 @@ const std::vector<std::pair<LivestreamRegion, std::string>> cases = {
 
 Regions all() { return {LivestreamRegion::allCases.begin(), LivestreamRegion::allCases.end()}; }
 
-TEST(LivestreamRegion, ListsAllCasesInTheirOrder) {
+TEST(LivestreamRegion, ListsAllCasesInOrder) {
     EXPECT_EQ(all(), (Regions{ACT, SA, NSW, VIC, WA, NT, QLD, TAS}));
     EXPECT_EQ(all().front(), ACT);
 }
 
-TEST(LivestreamRegion, IsKnownByItsRawTextAlone) {
+TEST(LivestreamRegion, IsReadOnlyFromItsRawValue) {
     ASSERT_EQ(std::size(RawTexts<LivestreamRegion>::cases), cases.size());
     for (std::size_t i = 0; i < cases.size(); ++i) {
         const auto& [region, raw] = cases[i];
@@ -42,7 +42,7 @@ TEST(LivestreamRegion, IsKnownByItsRawTextAlone) {
     }
 }
 
-TEST(LivestreamRegion, ComparesByRawTextAndNotByTheOrderOfTheCases) {
+TEST(LivestreamRegion, ComparesByRawValueNotByCaseOrder) {
     for (const auto& [a, rawA] : cases) {
         for (const auto& [b, rawB] : cases) {
             EXPECT_EQ(a < b, rawA < rawB) << rawA << " " << rawB;
@@ -56,7 +56,7 @@ TEST(LivestreamRegion, ComparesByRawTextAndNotByTheOrderOfTheCases) {
     }
 }
 
-TEST(LivestreamRegion, IsSortedByRawText) {
+TEST(LivestreamRegion, IsSortedByRawValue) {
     Regions regions = all();
     std::sort(regions.begin(), regions.end());
     EXPECT_EQ(regions, (Regions{ACT, NSW, NT, QLD, SA, TAS, VIC, WA}));
@@ -64,7 +64,7 @@ TEST(LivestreamRegion, IsSortedByRawText) {
     EXPECT_EQ(Regions(kept.begin(), kept.end()), (Regions{NSW, SA, WA}));
 }
 
-TEST(LivestreamRegion, ServesInASwitch) {
+TEST(LivestreamRegion, CanBeUsedInASwitch) {
     for (const auto& [region, raw] : cases) {
         switch (region) {
             case LivestreamRegion::ACT: EXPECT_EQ(raw, "act"); break;
@@ -80,7 +80,7 @@ TEST(LivestreamRegion, ServesInASwitch) {
     EXPECT_EQ(LivestreamRegion(), ACT);
 }
 
-TEST(LivestreamRegion, HasAHashByWhichSetsTellTheRegionsApart) {
+TEST(LivestreamRegion, CanBeUsedInHashedSets) {
     std::unordered_set<LivestreamRegion> regions;
     for (const LivestreamRegion region : all()) EXPECT_TRUE(regions.insert(region).second);
     for (const LivestreamRegion region : all()) EXPECT_FALSE(regions.insert(region).second);

@@ -12,7 +12,7 @@ TEST(NowNextURI, AppendsTheHouseNumberToThePathUnchanged) {
     expectAGet(NowNextURI{.houseNumber = "a b/../c?d=%20"}, "v2/nownext/a b/../c?d=%20");
 }
 
-TEST(LivestreamsURI, HasNoSlashAtItsEndWhereThereIsNoRegion) {
+TEST(LivestreamsURI, HasNoTrailingSlashWithoutARegion) {
     expectAGet(LivestreamsURI{.region = std::nullopt}, "v2/livestreams");
 }
 

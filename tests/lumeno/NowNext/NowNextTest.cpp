@@ -11,7 +11,7 @@ using test::decoded;
 using test::failureOf;
 using test::Strictness;
 
-/// The members of a programme, each at a value of its own.
+/// The members of a programme, each with a different value.
 std::string programme(const std::string& more = "") {
     return R"({"houseNumber":"h","displayTitle":"t","displaySubtitle":"s","start":1,"end":2,"duration":3,)"
            R"("playable":true,"captions":false,"eventType":"ONAIR","_entity":"e")" +
@@ -70,13 +70,13 @@ TEST(NowNextContainer, HasTwelveFields) {
     test::expectDeclaredFields(containers());
 }
 
-TEST(NowNextContainer, TakesEachFieldFromItsKeyAndFailsForAllButTwo) {
+TEST(NowNextContainer, ReadsEachFieldFromItsKeyAndRequiresAllButTwo) {
     test::expectFieldsInEveryState(containers());
 }
 
-TEST(NowNextContainer, IsAnObject) { test::expectAnObjectOnly(test::decodable<NowNextContainer>); }
+TEST(NowNextContainer, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<NowNextContainer>); }
 
-TEST(NowNextContainer, FailsWithTheFirstFieldThatDoes) {
+TEST(NowNextContainer, FailsWithTheErrorOfTheFirstFaultyField) {
     test::expectErrorsInOrder(containers(), {{"houseNumber", "1"},
                                              {"displayTitle", "null"},
                                              {"displaySubtitle", "[]"},
@@ -90,7 +90,7 @@ TEST(NowNextContainer, FailsWithTheFirstFieldThatDoes) {
 }
 
 TEST(NowNextContainer, ReadsTheDescriptionBeforeTheSubtitle) {
-    // What a lenient field swallows shows in the order of what is told of a document.
+    // The order of the reported faults shows the order of reading.
     const Diagnosis diagnosis = diagnose<NowNextContainer>(
         Data(R"({"houseNumber":"h","displayTitle":"t","displaySubtitle":1,"description":2})"));
     ASSERT_EQ(diagnosis.faults.size(), 2U);
@@ -100,12 +100,12 @@ TEST(NowNextContainer, ReadsTheDescriptionBeforeTheSubtitle) {
     EXPECT_EQ(diagnosis.faults[1].became, "failure");
 }
 
-TEST(NowNextContainer, LosesADescriptionOfAWrongTypeAndNothingElse) {
+TEST(NowNextContainer, IgnoresADescriptionOfAWrongType) {
     EXPECT_EQ(decoded<NowNextContainer>(programme(R"("description":7)")), container());
     EXPECT_EQ(decoded<NowNextContainer>(programme(R"("classification":["M"])")), container());
 }
 
-TEST(NowNextContainer, FailsOfASubtitleOfAWrongType) {
+TEST(NowNextContainer, FailsForASubtitleOfAWrongType) {
     EXPECT_EQ(failureOf<NowNextContainer>(R"({"houseNumber":"h","displayTitle":"t","displaySubtitle":7})"),
               R"(typeMismatch ["displaySubtitle"])");
 }
@@ -126,7 +126,7 @@ TEST(NowNextContainer, HasThreeKindsOfEventsWithTheirRawValues) {
         EXPECT_EQ(typeOf(unknown), std::nullopt) << unknown;
 }
 
-TEST(NowNextContainer, ComparesItsEntityWithNothing) {
+TEST(NowNextContainer, AcceptsAnyEntity) {
     for (const char* const entity : {"video", "", "anything"}) {
         std::string json = programme();
         json.replace(json.find("\"_entity\":\"e\"") + 11, 1, entity);
@@ -136,7 +136,7 @@ TEST(NowNextContainer, ComparesItsEntityWithNothing) {
     }
 }
 
-TEST(NowNextContainer, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(NowNextContainer, CanBeInitializedInDeclaredOrder) {
     const NowNextContainer made{.houseNumber = "a",
                                 .displayTitle = "b",
                                 .displaySubtitle = "c",
@@ -161,18 +161,16 @@ TEST(NowNextContainer, IsMadeOfItsFieldsInDeclaredOrder) {
 
 TEST(NowNext, HasTwoFields) { test::expectDeclaredFields(schedules()); }
 
-TEST(NowNext, MayGoWithoutAProgrammeButFailsOfOneThatDoesNotDecode) {
-    test::expectFieldsInEveryState(schedules());
-}
+TEST(NowNext, CanOmitAProgrammeButFailsForAFaultyOne) { test::expectFieldsInEveryState(schedules()); }
 
-TEST(NowNext, IsAnObject) { test::expectAnObjectOnly(test::decodable<NowNext>); }
+TEST(NowNext, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<NowNext>); }
 
-TEST(NowNext, HasNoProgrammesFromAnObjectWithout) {
+TEST(NowNext, HasNoProgrammesForAnEmptyObject) {
     EXPECT_EQ(decoded<NowNext>("{}"), NowNext{});
     EXPECT_EQ(decoded<NowNext>(R"({"now":null,"next":null})"), NowNext{});
 }
 
-TEST(NowNext, FailsForAProgrammeWithoutItsEntityThoughTheOtherOneIsFine) {
+TEST(NowNext, FailsForOneProgrammeWithoutItsEntity) {
     std::string bad = programme();
     bad.replace(bad.find(",\"_entity\":\"e\""), 14, "");
     EXPECT_EQ(failureOf<NowNext>(R"({"now":)" + bad + R"(,"next":)" + programme() + "}"),
@@ -198,7 +196,7 @@ TEST(NowNext, ReadsNowBeforeNext) {
     test::expectErrorsInOrder(schedules(), {{"now", "{}"}, {"next", "[]"}});
 }
 
-TEST(NowNext, IsMadeOfItsProgrammes) {
+TEST(NowNext, CanBeInitializedWithItsProgrammes) {
     const NowNext schedule{.now = container(), .next = std::nullopt};
     EXPECT_EQ(decoded<NowNext>(R"({"now":)" + programme() + "}"), schedule);
     EXPECT_NE(schedule, (NowNext{.now = std::nullopt, .next = container()}));

@@ -50,21 +50,19 @@ test::EntityRules playlistItems() {
 
 TEST(PlaylistItem, HasFiveFields) { test::expectDeclaredFields(playlistItems()); }
 
-TEST(PlaylistItem, FailsWithoutTypeOrStreamsAndWithNothingElse) {
-    test::expectFieldsInEveryState(playlistItems());
-}
+TEST(PlaylistItem, FailsOnlyWithoutTypeOrStreams) { test::expectFieldsInEveryState(playlistItems()); }
 
-TEST(PlaylistItem, HasNoCaptionsWhereTheyAreNoObject) { test::expectContainersInEveryState(playlistItems()); }
+TEST(PlaylistItem, HasNoCaptionsIfTheyAreNotAnObject) { test::expectContainersInEveryState(playlistItems()); }
 
-TEST(PlaylistItem, IsAnObject) { test::expectAnObjectOnly(test::decodable<PlaylistItem>); }
+TEST(PlaylistItem, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<PlaylistItem>); }
 
-TEST(PlaylistItem, NeedsNoMoreThanATypeAndAnEmptyHLS) {
+TEST(PlaylistItem, NeedsOnlyATypeAndAnEmptyHLS) {
     EXPECT_EQ(shown<PlaylistItem>(R"({"type":"program","streams":{"hls":{}}})"),
               R"({"type":"program","streams":)" + noStreams +
                   R"(,"title":null,"captionsSrcVtt":null,"warning":null})");
 }
 
-TEST(PlaylistItem, IsViewerAdviceByItsRawTextAndNotByItsName) {
+TEST(PlaylistItem, RecognisesViewerAdviceByItsRawValueNotByItsCaseName) {
     const auto item = decoded<PlaylistItem>(R"({"type":"va","streams":{"hls":{}}})");
     ASSERT_TRUE(item);
     EXPECT_EQ(item->type, Type::viewerAdvice);
@@ -79,7 +77,7 @@ TEST(PlaylistItem, FailsWithoutHLS) {
               R"(keyNotFound ["streams","hls"])");
 }
 
-TEST(PlaylistItem, DecodesWithCaptionsThatAreUnfit) {
+TEST(PlaylistItem, DecodesWithInvalidCaptions) {
     for (const char* const captions : {"\"x\"", "{\"src-vtt\":1}", "null", "[]", "{}"}) {
         const auto item = decoded<PlaylistItem>(R"({"type":"program","streams":{"hls":{}},"captions":)" +
                                                 std::string(captions) + "}");
@@ -88,23 +86,23 @@ TEST(PlaylistItem, DecodesWithCaptionsThatAreUnfit) {
     }
 }
 
-TEST(PlaylistItem, FailsWithTheTypeBeforeTheStreams) {
+TEST(PlaylistItem, ReportsAFaultyTypeBeforeFaultyStreams) {
     test::expectErrorsInOrder(playlistItems(), {{"type", "1"}, {"streams", "1"}});
     EXPECT_EQ(failureOf<PlaylistItem>(R"({"streams":{"mpegdash":1},"type":"x"})"),
               R"(dataCorrupted ["type"])");
     EXPECT_EQ(failureOf<PlaylistItem>("{}"), R"(keyNotFound ["type"])");
-    // And with a stream before the absence of HLS.
+    // A faulty stream is reported before the missing HLS.
     EXPECT_EQ(failureOf<PlaylistItem>(R"({"type":"va","streams":{"fairplay":[]}})"),
               R"(typeMismatch ["streams","fairplay"])");
 }
 
-TEST(PlaylistItem, FailsTheListThatHoldsItWithItsPath) {
+TEST(PlaylistItem, MakesItsListFailWithItsPath) {
     EXPECT_EQ(failureOf<std::vector<PlaylistItem>>(
                   R"([{"type":"va","streams":{"hls":{}}},{"type":"va","streams":{"hls":1}}])"),
               R"(typeMismatch [1,"streams","hls"])");
 }
 
-TEST(PlaylistItem, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(PlaylistItem, CanBeInitializedInDeclaredOrder) {
     const PlaylistItem item{.type = Type::rating,
                             .streams = {.hls = {.sd = "a"}},
                             .title = "b",

@@ -43,23 +43,23 @@ test::EntityRules streams() {
 
 TEST(StreamInfo, HasFiveFields) { test::expectDeclaredFields(streamInfos()); }
 
-TEST(StreamInfo, TakesEachFieldFromItsKeyOrLeavesItEmpty) { test::expectFieldsInEveryState(streamInfos()); }
+TEST(StreamInfo, ReadsEachFieldFromItsKeyOrLeavesItEmpty) { test::expectFieldsInEveryState(streamInfos()); }
 
-TEST(StreamInfo, FailsOnlyWhereItIsNoObject) { test::expectAnObjectOnly(test::decodable<StreamInfo>); }
+TEST(StreamInfo, FailsOnlyIfItIsNotAnObject) { test::expectAnObjectOnly(test::decodable<StreamInfo>); }
 
-TEST(StreamInfo, IsNotProtectedByATextOrANumber) {
+TEST(StreamInfo, IsProtectedOnlyByABoolean) {
     EXPECT_EQ(decoded<StreamInfo>(R"({"protected":"true"})"), StreamInfo{});
     EXPECT_EQ(decoded<StreamInfo>(R"({"protected":1})"), StreamInfo{});
     EXPECT_EQ(decoded<StreamInfo>(R"({"protected":true})"), StreamInfo{.protected_ = true});
 }
 
-TEST(StreamInfo, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(StreamInfo, CanBeInitializedInDeclaredOrder) {
     const StreamInfo info{.protected_ = true, .sd = "a", .sdLow = "b", .hd720 = "c", .hd1080 = "d"};
     EXPECT_EQ(valueText(info), R"({"protected":true,"sd":"a","sdLow":"b","hd720":"c","hd1080":"d"})");
     EXPECT_EQ(decoded<StreamInfo>(R"({"protected":true,"sd":"a","sd-low":"b","720":"c","1080":"d"})"), info);
 }
 
-TEST(StreamInfoAddress, OfALevelIsThatLevelsOwn) {
+TEST(StreamInfoAddress, OfALevelIsItsOwn) {
     const StreamInfo info{.sd = "a", .sdLow = "b", .hd720 = "c", .hd1080 = "d"};
     EXPECT_EQ(info.url({.for_ = Level::sd}), "a");
     EXPECT_EQ(info.url({.for_ = Level::sdLow}), "b");
@@ -67,14 +67,14 @@ TEST(StreamInfoAddress, OfALevelIsThatLevelsOwn) {
     EXPECT_EQ(info.url({.for_ = Level::hd1080}), "d");
 }
 
-TEST(StreamInfoAddress, OfALevelWithoutOneIsEmptyWhateverItsNeighboursHave) {
+TEST(StreamInfoAddress, IsAbsentForALevelWithoutOne) {
     const StreamInfo info{.hd1080 = "d"};
     EXPECT_EQ(info.url({.for_ = Level::hd720}), std::nullopt);
     EXPECT_EQ(info.url({.for_ = Level::sd}), std::nullopt);
     EXPECT_EQ(info.url({.for_ = Level::sdLow}), std::nullopt);
 }
 
-TEST(StreamInfoAddress, IsThatOfTheBestOrThePoorestLevelThatHasOne) {
+TEST(StreamInfoAddress, IsThatOfTheBestOrWorstLevelThatHasOne) {
     const StreamInfo plain{.sd = "sd", .sdLow = "low"};
     EXPECT_EQ(plain.url({.preferHighest = true}), "sd");
     EXPECT_EQ(plain.url({.preferHighest = false}), "low");
@@ -86,18 +86,18 @@ TEST(StreamInfoAddress, IsThatOfTheBestOrThePoorestLevelThatHasOne) {
     EXPECT_EQ(middle.url({.preferHighest = false}), "sd");
 }
 
-TEST(StreamInfoAddress, IsEmptyWhereNoLevelHasOne) {
+TEST(StreamInfoAddress, IsAbsentIfNoLevelHasOne) {
     EXPECT_EQ(StreamInfo{}.url({.preferHighest = true}), std::nullopt);
     EXPECT_EQ(StreamInfo{.protected_ = true}.url({.preferHighest = false}), std::nullopt);
 }
 
-TEST(StreamInfoAddress, CountsWithoutAnyCharacters) {
+TEST(StreamInfoAddress, CanBeEmpty) {
     const StreamInfo info{.sd = "", .hd720 = "a"};
     EXPECT_EQ(info.url({.preferHighest = false}), "");
     EXPECT_EQ(info.url({.preferHighest = true}), "a");
 }
 
-TEST(StreamLevel, HasAnOrderOfQualityThatIsNotTheOrderOfItsCases) {
+TEST(StreamLevel, IsOrderedByQualityNotByCase) {
     const std::vector<Level> fromHigh = {Level::hd1080, Level::hd720, Level::sd, Level::sdLow};
     const std::vector<Level> fromLow = {Level::sdLow, Level::sd, Level::hd720, Level::hd1080};
     EXPECT_EQ(StreamInfo::StreamLevel::highToLow(), fromHigh);
@@ -107,7 +107,7 @@ TEST(StreamLevel, HasAnOrderOfQualityThatIsNotTheOrderOfItsCases) {
     EXPECT_EQ(inCaseOrder, (std::vector<Level>{Level::sd, Level::sdLow, Level::hd720, Level::hd1080}));
 }
 
-TEST(StreamLevel, ServesInASwitchAndAsAKey) {
+TEST(StreamLevel, CanBeUsedInASwitchAndAsAKey) {
     const auto nameOf = [](Level level) {
         switch (level) {
             case Level::sd: return "sd";
@@ -126,7 +126,7 @@ TEST(StreamLevel, ServesInASwitchAndAsAKey) {
     EXPECT_EQ(Level(), Level::sd);
 }
 
-TEST(StreamLevel, DecodesFromItsRawText) {
+TEST(StreamLevel, DecodesFromItsRawValue) {
     EXPECT_EQ(decoded<Level>("\"sd\""), Level::sd);
     EXPECT_EQ(decoded<Level>("\"sd-low\""), Level::sdLow);
     EXPECT_EQ(decoded<Level>("\"720\""), Level::hd720);
@@ -140,27 +140,27 @@ TEST(StreamLevel, DecodesFromItsRawText) {
 
 TEST(Streams, HasThreeFields) { test::expectDeclaredFields(streams()); }
 
-TEST(Streams, FailsWithoutHLSOrWithAStreamThatIsNoObject) { test::expectFieldsInEveryState(streams()); }
+TEST(Streams, FailsWithoutHLSOrWithAStreamThatIsNotAnObject) { test::expectFieldsInEveryState(streams()); }
 
-TEST(Streams, IsAnObject) { test::expectAnObjectOnly(test::decodable<Streams>); }
+TEST(Streams, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<Streams>); }
 
-TEST(Streams, MayHaveHLSWithoutAnAddress) {
+TEST(Streams, CanHaveHLSWithoutAnAddress) {
     EXPECT_EQ(shown<Streams>(R"({"hls":{}})"),
               R"({"mpegdash":null,"fairplay":null,"hls":)" + noAddress + "}");
 }
 
-TEST(Streams, HasNoMPEGDASHFromNullAndFailsWithAText) {
+TEST(Streams, HasNoMPEGDASHForNullAndFailsForAString) {
     EXPECT_EQ(shown<Streams>(R"({"mpegdash":null,"hls":{}})"),
               R"({"mpegdash":null,"fairplay":null,"hls":)" + noAddress + "}");
     EXPECT_EQ(failureOf<Streams>(R"({"mpegdash":"x","hls":{}})"), R"(typeMismatch ["mpegdash"])");
 }
 
-TEST(Streams, FailsWithTheFirstStreamThatDoes) {
+TEST(Streams, FailsWithTheErrorOfTheFirstFaultyStream) {
     test::expectErrorsInOrder(streams(), {{"mpegdash", "\"x\""}, {"fairplay", "[]"}, {"hls", "null"}});
     EXPECT_EQ(failureOf<Streams>(R"({"fairplay":1})"), R"(typeMismatch ["fairplay"])");
 }
 
-TEST(Streams, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(Streams, CanBeInitializedInDeclaredOrder) {
     const Streams streams{
         .mpegdash = StreamInfo{.sd = "a"}, .fairplay = StreamInfo{.sd = "b"}, .hls = {.sd = "c"}};
     EXPECT_EQ(decoded<Streams>(R"({"mpegdash":{"sd":"a"},"fairplay":{"sd":"b"},"hls":{"sd":"c"}})"), streams);

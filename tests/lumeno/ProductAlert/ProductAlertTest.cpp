@@ -30,13 +30,13 @@ test::EntityRules alerts() {
 
 TEST(ProductAlert, HasFiveFields) { test::expectDeclaredFields(alerts()); }
 
-TEST(ProductAlert, TakesEachFieldFromItsKeyOrFailsForTheThreeThatMustBeThere) {
+TEST(ProductAlert, ReadsEachFieldFromItsKeyAndRequiresThreeOfThem) {
     test::expectFieldsInEveryState(alerts());
 }
 
-TEST(ProductAlert, IsAnObject) { test::expectAnObjectOnly(test::decodable<ProductAlert>); }
+TEST(ProductAlert, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<ProductAlert>); }
 
-TEST(ProductAlert, FailsWithTheFirstFieldThatDoes) {
+TEST(ProductAlert, FailsWithTheErrorOfTheFirstFaultyField) {
     test::expectErrorsInOrder(alerts(), {{"id", "1"}, {"title", "null"}, {"message", "[]"}});
     EXPECT_EQ(failureOf<ProductAlert>("{}"), R"(keyNotFound ["id"])");
 }
@@ -45,7 +45,7 @@ TEST(ProductAlert, FailsWithoutAMessage) {
     EXPECT_EQ(failureOf<ProductAlert>(R"({"id":"i","title":"t"})"), R"(keyNotFound ["message"])");
 }
 
-TEST(ProductAlert, HasNoStatusFromANumberOrABadge) {
+TEST(ProductAlert, DoesNotReadAStatusFromANumberOrABadge) {
     const ProductAlert bare{.id = "i", .title = "t", .message = "m"};
     EXPECT_EQ(decoded<ProductAlert>(R"({"id":"i","title":"t","message":"m","status":7})"), bare);
     EXPECT_EQ(decoded<ProductAlert>(
@@ -53,12 +53,12 @@ TEST(ProductAlert, HasNoStatusFromANumberOrABadge) {
               bare);
 }
 
-TEST(ProductAlert, HasNoLinkFromOneWithoutAPath) {
+TEST(ProductAlert, HasNoLinkIfItHasNoPath) {
     const ProductAlert bare{.id = "i", .title = "t", .message = "m"};
     EXPECT_EQ(decoded<ProductAlert>(R"({"id":"i","title":"t","message":"m","link":{"title":"l"}})"), bare);
 }
 
-TEST(ProductAlert, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(ProductAlert, CanBeInitializedInDeclaredOrder) {
     const ProductAlert alert{
         .id = "a", .title = "b", .message = "c", .status = "d", .link = Link{.href = "e"}};
     EXPECT_EQ(valueText(alert), R"({"id":"a","title":"b","message":"c","status":"d",)"

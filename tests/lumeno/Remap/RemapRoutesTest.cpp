@@ -9,18 +9,18 @@ using Items = std::vector<URLQueryItem>;
 
 RemapURI route(const char* path) { return RemapURI({.path = path, .queryItems = Items()}); }
 
-TEST(RemapURI, HasOnePathForAPathWithAndWithoutASlashInFront) {
+TEST(RemapURI, TreatsAPathTheSameWithAndWithoutALeadingSlash) {
     expectAGet(route("/video/x"), "v2/remap/video/x");
     expectAGet(route("video/x"), "v2/remap/video/x");
     EXPECT_EQ(route("/video/x"), route("video/x"));
 }
 
-TEST(RemapURI, EndsWithASlashForAPathWithoutCharacters) {
+TEST(RemapURI, EndsWithASlashForAnEmptyPath) {
     expectAGet(route(""), "v2/remap/");
     expectAGet(route("/"), "v2/remap/");
 }
 
-TEST(RemapURI, LooksAtTheFirstCharacterAlone) {
+TEST(RemapURI, RemovesOnlyOneLeadingSlash) {
     expectAGet(route("//x"), "v2/remap//x");
     expectAGet(route(" /x"), "v2/remap/ /x");
     expectAGet(route("a b/../c?d=%20"), "v2/remap/a b/../c?d=%20");
@@ -31,7 +31,7 @@ TEST(RemapURI, KeepsItsQueryItemsAndTheirOrder) {
     expectAGet(RemapURI({.path = "x", .queryItems = items}), "v2/remap/x", items);
 }
 
-TEST(RemapURI, HasAPathThatIsSentUnchangedIfItIsSetLater) {
+TEST(RemapURI, SendsAPathThatWasSetLaterUnchanged) {
     RemapURI changed = route("video/x");
     changed.path = "video/y";
     expectAGet(changed, "video/y");
@@ -41,7 +41,7 @@ TEST(RemapURI, HasAPathThatIsSentUnchangedIfItIsSetLater) {
     expectAGet(changed, "");
 }
 
-TEST(RemapURI, HoldsThePathWithItsPrefix) { EXPECT_EQ(route("x").path, "v2/remap/x"); }
+TEST(RemapURI, KeepsThePathWithItsPrefix) { EXPECT_EQ(route("x").path, "v2/remap/x"); }
 
 }  // namespace
 }  // namespace VanticRestKit

@@ -11,7 +11,7 @@ using test::decoded;
 using test::failureOf;
 using test::Strictness;
 
-/// A text that has no characters where none came.
+/// A string that is empty by default.
 test::Shape textOrNone() {
     test::Shape shape = test::text();
     shape.empty = "\"\"";
@@ -31,15 +31,15 @@ test::EntityRules remaps() {
 
 TEST(Remap, HasThreeFields) { test::expectDeclaredFields(remaps()); }
 
-TEST(Remap, HasTextsWithoutCharactersWhereNoneCameAndFailsWhereSomethingElseDid) {
+TEST(Remap, HasEmptyStringsForMissingFieldsAndFailsForOtherTypes) {
     test::expectFieldsInEveryState(remaps());
 }
 
 TEST(Remap, FailsWithoutTheObjectOfEachLink) { test::expectContainersInEveryState(remaps()); }
 
-TEST(Remap, IsAnObject) { test::expectAnObjectOnly(test::decodable<Remap>); }
+TEST(Remap, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<Remap>); }
 
-TEST(Remap, NeedsNoMoreThanTheObjectsOfBothLinks) {
+TEST(Remap, NeedsOnlyTheObjectsOfBothLinks) {
     const auto remap = decoded<Remap>(R"({"_links": {"api": {}, "deeplink": {}}})");
     ASSERT_TRUE(remap);
     EXPECT_EQ(remap->status, "");
@@ -47,42 +47,42 @@ TEST(Remap, NeedsNoMoreThanTheObjectsOfBothLinks) {
     EXPECT_EQ(remap->deeplinkHref, "");
 }
 
-TEST(Remap, FailsForTheDeeplinkThatIsNotThere) {
+TEST(Remap, FailsWithoutTheDeeplink) {
     EXPECT_EQ(failureOf<Remap>(R"({"status": "ok", "_links": {"api": {"href": "a"}}})"),
               R"(keyNotFound ["_links","deeplink"])");
 }
 
-TEST(Remap, FailsForTheAPILinkThatIsNotThere) {
+TEST(Remap, FailsWithoutTheAPILink) {
     EXPECT_EQ(failureOf<Remap>(R"({"status": "ok", "_links": {"deeplink": {"href": "a"}}})"),
               R"(keyNotFound ["_links","api"])");
 }
 
 TEST(Remap, FailsWithoutLinks) { EXPECT_EQ(failureOf<Remap>("{}"), R"(keyNotFound ["_links"])"); }
 
-TEST(Remap, FailsOfAStatusThatIsANumberThoughItMayBeLeftOut) {
+TEST(Remap, FailsForANumericStatusAlthoughItIsOptional) {
     EXPECT_EQ(failureOf<Remap>(R"({"status":1,"_links":{"api":{},"deeplink":{}}})"),
               R"(typeMismatch ["status"])");
     EXPECT_EQ(failureOf<Remap>(R"({"status":null,"_links":{"api":{},"deeplink":{}}})"), "");
 }
 
 TEST(Remap, ReadsTheDeeplinkBeforeTheAPILink) {
-    // Neither is there.
+    // Both are missing.
     EXPECT_EQ(failureOf<Remap>(R"({"_links":{}})"), R"(keyNotFound ["_links","deeplink"])");
-    // Both are at fault, the one of the API first in the document.
+    // Both are faulty, and the API link is first in the document.
     EXPECT_EQ(failureOf<Remap>(R"({"_links":{"api":{"href":1},"deeplink":{"href":2}}})"),
               R"(typeMismatch ["_links","deeplink","href"])");
     EXPECT_EQ(failureOf<Remap>(R"({"_links":{"api":1,"deeplink":{"href":2}}})"),
               R"(typeMismatch ["_links","deeplink","href"])");
 }
 
-TEST(Remap, ReadsTheStatusBeforeTheLinksAndTheDeeplinkWithItsPathBeforeTheOther) {
+TEST(Remap, ReadsTheStatusThenTheDeeplinkThenTheAPILink) {
     test::expectErrorsInOrder(remaps(), {{"status", "1"}, {"_links", "7"}});
     test::expectErrorsInOrder(remaps(), {{"status", "[]"}, {"_links.deeplink", "1"}, {"_links.api", "null"}});
     test::expectErrorsInOrder(remaps(),
                               {{"status", "{}"}, {"_links.deeplink.href", "1"}, {"_links.api.href", "[]"}});
 }
 
-TEST(Remap, TakesItsPathsFromNoOtherPlace) {
+TEST(Remap, ReadsItsPathsOnlyFromItsLinks) {
     const auto remap = decoded<Remap>(
         R"({"href":"x","api":{"href":"x"},"apiHref":"x","_links":{"href":"x","self":{"href":"x"},"api":{"id":"x"},)"
         R"("deeplink":{"title":"x"}},"Status":"x"})");
@@ -90,7 +90,7 @@ TEST(Remap, TakesItsPathsFromNoOtherPlace) {
     EXPECT_EQ(valueText(*remap), R"({"status":"","apiHref":"","deeplinkHref":""})");
 }
 
-TEST(Remap, IsEqualToOneOfEqualTexts) {
+TEST(Remap, IsEqualIfItsStringsAreEqual) {
     const auto remap = [](const char* status, const char* api, const char* deeplink) {
         return decoded<Remap>(R"({"status":")" + std::string(status) + R"(","_links":{"api":{"href":")" +
                               api + R"("},"deeplink":{"href":")" + deeplink + R"("}}})");
@@ -101,7 +101,7 @@ TEST(Remap, IsEqualToOneOfEqualTexts) {
     EXPECT_NE(remap("s", "a", "d"), remap("s", "a", "e"));
 }
 
-TEST(Remap, IsMadeByDecodingAlone) {
+TEST(Remap, CanOnlyBeConstructedByDecoding) {
     static_assert(!std::is_aggregate_v<Remap> && !std::is_default_constructible_v<Remap>);
     static_assert(!std::is_constructible_v<Remap, std::string, std::string, std::string>);
     static_assert(std::is_copy_constructible_v<Remap>);

@@ -13,18 +13,18 @@ test::EntityRules lists() {
             .fields = {{"items", "items", test::Strictness::lenient, test::showList()}}};
 }
 
-TEST(RelatedShowList, HasOneFieldThatMayFail) {
+TEST(RelatedShowList, HasOneField) {
     test::expectDeclaredFields(lists());
     test::expectFieldsInEveryState(lists());
 }
 
-TEST(RelatedShowList, FailsOnlyWhereItIsNoObject) {
+TEST(RelatedShowList, FailsOnlyIfItIsNotAnObject) {
     test::expectAnObjectOnly(test::decodable<RelatedShowList>);
 }
 
-TEST(RelatedShowList, MayBeAnEmptyObject) { EXPECT_EQ(decoded<RelatedShowList>("{}"), RelatedShowList{}); }
+TEST(RelatedShowList, CanBeAnEmptyObject) { EXPECT_EQ(decoded<RelatedShowList>("{}"), RelatedShowList{}); }
 
-TEST(RelatedShowList, HasNoShowsAtAllWhereOneIsOfAnotherEntityAndDoesNotFail) {
+TEST(RelatedShowList, HasNoShowsIfOneIsAnotherEntity) {
     EXPECT_EQ(decoded<RelatedShowList>(R"({"items":[{"_entity":"video"}]})"), RelatedShowList{});
     EXPECT_EQ(decoded<RelatedShowList>(R"({"items":[{},{},{"_entity":"video"}]})"), RelatedShowList{});
 }
@@ -41,7 +41,7 @@ TEST(RelatedShowList, ListsItsLinksAsItsOnlyIgnoredKey) {
     EXPECT_EQ(test::ignoredKeys(planOf<RelatedShowList>()), std::vector<std::string>{"_links"});
 }
 
-TEST(RelatedShowList, IsMadeOfItsShows) {
+TEST(RelatedShowList, CanBeInitializedWithItsShows) {
     const RelatedShowList list{.items = {Show{.title = "t"}}};
     EXPECT_EQ(list.items.at(0).title, "t");
     EXPECT_NE(list, RelatedShowList{});

@@ -19,18 +19,18 @@ test::EntityRules results() {
 
 TEST(SearchResults, HasTwoFieldsInDeclaredOrder) { test::expectDeclaredFields(results()); }
 
-TEST(SearchResults, MayGoWithoutItsFieldsButNotWithoutTheirObjects) {
+TEST(SearchResults, CanOmitItsFieldsButNotTheirObjects) {
     test::expectFieldsInEveryState(results());
     test::expectContainersInEveryState(results());
     test::expectAnObjectOnly(test::decodable<SearchResults>);
 }
 
-TEST(SearchResults, NeedsNoMoreThanItsTwoObjects) {
+TEST(SearchResults, NeedsOnlyItsTwoObjects) {
     EXPECT_EQ(decoded<SearchResults>(R"({"results":{},"_meta":{}})"), SearchResults{});
     EXPECT_EQ(failureOf<SearchResults>("{}"), R"(keyNotFound ["results"])");
 }
 
-TEST(SearchResults, FailsWithoutTheFactsThoughItsKeywordMayBeEmpty) {
+TEST(SearchResults, FailsWithoutTheFactsAlthoughTheKeywordIsOptional) {
     EXPECT_EQ(failureOf<SearchResults>(R"({"results":{"items":[]}})"), R"(keyNotFound ["_meta"])");
     EXPECT_EQ(failureOf<SearchResults>(R"({"results":{"items":[]},"_meta":"x"})"),
               R"(typeMismatch ["_meta"])");
@@ -42,11 +42,11 @@ TEST(SearchResults, FailsWithoutTheResults) {
               R"(typeMismatch ["results"])");
 }
 
-TEST(SearchResults, OpensTheResultsBeforeTheFactsWhateverComesFirst) {
+TEST(SearchResults, ReadsTheResultsBeforeTheFactsWhateverTheirOrder) {
     test::expectErrorsInOrder(results(), {{"results", "[]"}, {"_meta", "7"}});
 }
 
-TEST(SearchResults, HasNoItemsAtAllWhereOneFailsAndDoesNotFail) {
+TEST(SearchResults, HasNoItemsIfOneFails) {
     for (const char* const bad : {"7", "null", "[]", R"({"_entity":"video"})"}) {
         EXPECT_EQ(decoded<SearchResults>(R"({"results":{"items":[{},)" + std::string(bad) +
                                          R"(,{}]},"_meta":{"keyword":"x"}})"),
@@ -55,19 +55,19 @@ TEST(SearchResults, HasNoItemsAtAllWhereOneFailsAndDoesNotFail) {
     }
 }
 
-TEST(SearchResults, KeepsItsItemsBesideAKeywordThatIsNoText) {
+TEST(SearchResults, KeepsItsItemsIfTheKeywordIsNotAString) {
     EXPECT_EQ(decoded<SearchResults>(R"({"_meta":{"keyword":7},"results":{"items":[{}]}})"),
               (SearchResults{.items = {test::emptyShow()}}));
 }
 
-TEST(SearchResults, TakesKeywordAndItemsFromNoOtherPlace) {
+TEST(SearchResults, ReadsKeywordAndItemsOnlyFromTheirObjects) {
     EXPECT_EQ(
         decoded<SearchResults>(
             R"({"keyword":"x","items":[{}],"results":{"keyword":"x"},"_meta":{"items":[{}]},"meta":{"keyword":"x"}})"),
         SearchResults{});
 }
 
-TEST(SearchResults, IsMadeOfItsKeywordAndItems) {
+TEST(SearchResults, CanBeInitializedWithKeywordAndItems) {
     const SearchResults made{.keyword = "x", .items = {test::emptyShow()}};
     EXPECT_EQ(decoded<SearchResults>(R"({"_meta":{"keyword":"x"},"results":{"items":[{}]}})"), made);
 }

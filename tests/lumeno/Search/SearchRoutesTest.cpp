@@ -20,12 +20,12 @@ TEST(RelatedShowsURI, AppendsTheSlugToThePathUnchanged) {
     EXPECT_EQ(RelatedShowsURI{.showSlug = ""}.path(), "v2/related/show/");
 }
 
-TEST(RelatedShowsURI, SendsAChannelThatHasCharacters) {
+TEST(RelatedShowsURI, SendsANonEmptyChannel) {
     EXPECT_EQ((RelatedShowsURI{.showSlug = "x", .channel = "c"}.queryItems()), (Items{{"channel", "c"}}));
     EXPECT_EQ((RelatedShowsURI{.showSlug = "x", .channel = std::nullopt}.queryItems()), Items());
 }
 
-TEST(RelatedShowsURI, LeavesOutAChannelWithoutCharacters) {
+TEST(RelatedShowsURI, OmitsAnEmptyChannel) {
     EXPECT_EQ((RelatedShowsURI{.showSlug = "x", .channel = ""}.queryItems()), Items());
 }
 
@@ -33,7 +33,7 @@ TEST(RelatedShowsURI, IsAGetWithoutABody) {
     expectAGetWithoutABody(RelatedShowsURI{.showSlug = "x", .channel = "c"});
 }
 
-TEST(SearchURI, TakesItsKeywordAsWhatToSearchFor) {
+TEST(SearchURI, SearchesForItsKeyword) {
     const SearchURI route({.for_ = "river", .channel = "c"});
     EXPECT_EQ(route.keyword, "river");
     EXPECT_EQ(route.channel, "c");
@@ -51,12 +51,12 @@ TEST(SearchURI, SendsTheUnchangedKeywordAndThenTheChannel) {
               (Items{{"keyword", "river"}}));
 }
 
-TEST(SearchURI, SendsAChannelWithoutCharactersToo) {
+TEST(SearchURI, SendsAnEmptyChannel) {
     EXPECT_EQ(SearchURI({.for_ = "river", .channel = ""}).queryItems(),
               (Items{{"keyword", "river"}, {"channel", ""}}));
 }
 
-TEST(SearchURI, SendsAKeywordWithoutCharactersToo) {
+TEST(SearchURI, SendsAnEmptyKeyword) {
     EXPECT_EQ(SearchURI({.for_ = "", .channel = std::nullopt}).queryItems(), (Items{{"keyword", ""}}));
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What a list of shows is held to that is empty where one of them fails.
+/// The rules of a list of shows that is empty if one of them fails.
 
 #include <platform/json/FieldRules.h>
 #include <VanticRestKit/lumeno/Show/Show.h>

@@ -8,11 +8,11 @@ namespace {
 
 using Text = std::optional<std::string>;
 
-TEST(SeriesAsACollectionItem, GivesTheMembersThatItHasFieldsFor) {
+TEST(SeriesAsACollectionItem, HasTheMembersOfItsFields) {
     std::optional<Series> series = test::decoded<Series>(test::fullDocument(test::serieses()));
     ASSERT_TRUE(series);
     series->deeplinkHref = "/show/slug/series/1";
-    // Told apart from the other number of a series.
+    // Differs from the other number of a series.
     series->episodeCount = 6;
     const CollectionItem item = *series;
     EXPECT_EQ(item.selfHref(), "_links.self.href");
@@ -59,7 +59,7 @@ TEST(SeriesAsACollectionItem, KeepsTheDefaultsOfTheOtherMembers) {
     }
 }
 
-TEST(SeriesAsACollectionItem, CanBeTakenOutAgain) {
+TEST(SeriesAsACollectionItem, CanBeExtracted) {
     const Series series{.seriesId = "1", .title = "t"};
     const CollectionItem item = series;
     ASSERT_NE(item.as<Series>(), nullptr);

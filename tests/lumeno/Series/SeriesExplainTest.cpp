@@ -1,4 +1,4 @@
-// What is told of a series' document, fault by fault.
+// The faults reported for a series' document.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/lumeno/Series/Series.h>
@@ -15,7 +15,7 @@ TEST(ExplainingASeries, DoesNotReportIgnoredKeys) {
         faultText<Series>(R"({"id":"1","shareUrl":7,"_entity":7,"status":7,"_links":{"categories":7}})"), "");
 }
 
-TEST(ExplainingASeries, FollowsTheOrderOfDecodingAndNotOfTheDocument) {
+TEST(ExplainingASeries, ReportsFaultsInDecodingOrder) {
     EXPECT_EQ(
         faultText<Series>(
             R"({"_embedded":{"highlightVideo":1,"videoExtras":1,"videoEpisodes":1},"_links":{"highlightVideo":1,)"
@@ -46,14 +46,14 @@ TEST(ExplainingASeries, FollowsTheOrderOfDecodingAndNotOfTheDocument) {
         "/_embedded/highlightVideo lenient: Video, number, empty\n");
 }
 
-TEST(ExplainingASeries, TellsWhichEpisodeEmptiesTheList) {
+TEST(ExplainingASeries, ReportsTheEpisodeThatEmptiesTheList) {
     EXPECT_EQ(faultText<Series>(
                   R"({"id":"1","_links":{},"_embedded":{"videoEpisodes":[{"_links":{}},{"title":1}]}})"),
               "/_embedded/videoEpisodes/1/title lenient: String, number, empty\n"
               "/_embedded/videoEpisodes/1/_links lenient: Object, nothing, []\n");
 }
 
-TEST(ExplainingASeries, EndsWithWhatFailsIt) {
+TEST(ExplainingASeries, ReportsTheFaultThatFailsItLast) {
     EXPECT_EQ(faultText<Series>(R"({"id":1,"title":1,"_links":{}})"),
               "/id required: String, number, failure\n");
     EXPECT_EQ(faultText<Series>(R"({"id":"1","title":1})"),

@@ -1,4 +1,4 @@
-// The 23 fields of a series, in every state of each.
+// Tests the 23 fields of a series in every state.
 
 #include <gtest/gtest.h>
 #include <lumeno/Series/SeriesRules.h>
@@ -14,16 +14,16 @@ TEST(SeriesFields, AreTwentyThree) {
     test::expectDeclaredFields(serieses());
 }
 
-TEST(SeriesFields, AreTakenFromTheirKeysOrLeftEmptyAndTheIdAloneMustBeThere) {
+TEST(SeriesFields, AreReadFromTheirKeysOrLeftEmptyAndOnlyTheIdIsRequired) {
     test::expectFieldsInEveryState(serieses());
 }
 
-TEST(SeriesFields, AreEmptyWhereTheirObjectIsNoneAndTheLinksAloneMustBeOne) {
+TEST(SeriesFields, AreEmptyWithoutTheirObjectAndOnlyTheLinksAreRequired) {
     test::expectContainersInEveryState(serieses());
 }
 
-TEST(SeriesFields, HaveNoOtherKeysThanTheirOwn) {
-    // Keys that read much like those of the fields, keys in the wrong object, and the one that nobody reads.
+TEST(SeriesFields, AreReadOnlyFromTheirOwnKeys) {
+    // Keys similar to those of the fields, keys in the wrong object, and the ignored key.
     const std::string others =
         R"({"id":"1","seriesId":"x","shareUrl":"x","status":{"title":"x","theme":"live"},"extras":[{"_links":{}}],)"
         R"("videoExtras":[{"_links":{}}],"episodes":[{"_links":{}}],"highlightVideo":{"playTitle":"x"},"showId":1,)"
@@ -35,7 +35,7 @@ TEST(SeriesFields, HaveNoOtherKeysThanTheirOwn) {
     EXPECT_EQ(decoded<Series>(others), Series{.seriesId = "1"});
 }
 
-TEST(SeriesFields, MakeASeriesInDeclaredOrder) {
+TEST(SeriesFields, InitializeASeriesInDeclaredOrder) {
     const auto video = [](const char* id) {
         return Video{.videoId = id, .playableVideo = DirectPlayableVideo{.id = id}};
     };

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What the fields of a series are held to, and what holds a series or a video to it.
+/// The rules of a series' fields, and of fields that contain a series or a video.
 
 #include <lumeno/Video/VideoRules.h>
 #include <platform/json/FieldRules.h>
@@ -13,7 +13,7 @@
 
 namespace VanticRestKit::test {
 
-/// A pointer to a video that is read as it stands.
+/// A reference to a video, read as a directly playable video.
 inline Shape pointer() {
     return objectOf({{R"({"id":"a","href":"b","playTitle":"$"})", R"({"id":"a","href":"b","playTitle":"$"})"},
                      {R"({"id":1,"href":"$","playTitle":[]})", R"({"id":null,"href":"$","playTitle":null})"},

@@ -12,7 +12,7 @@ using test::failureOf;
 const std::string playTitle = R"({"playTitle":"p"})";
 const std::string video = R"({"id":"v","_links":{}})";
 
-/// A series of these members and of links.
+/// A series with these members and links.
 Series series(const std::string& members, const std::string& links = "{}") {
     const auto series = decoded<Series>("{\"id\":\"1\"" + std::string(members.empty() ? "" : ",") + members +
                                         ",\"_links\":" + links + "}");
@@ -20,7 +20,7 @@ Series series(const std::string& members, const std::string& links = "{}") {
     return series.value_or(Series{});
 }
 
-TEST(Series, NeedsNoMoreThanAnIdAndLinks) {
+TEST(Series, NeedsOnlyAnIdAndLinks) {
     const Series least = series("");
     EXPECT_EQ(least, Series{.seriesId = "1"});
     EXPECT_TRUE(least.participants.empty() && least.tags.empty() && least.episodes.empty() &&
@@ -30,63 +30,63 @@ TEST(Series, NeedsNoMoreThanAnIdAndLinks) {
     EXPECT_EQ(least.playableVideo, std::nullopt);
 }
 
-TEST(Series, FailsWithoutLinksThoughNoFieldNeedsThem) {
+TEST(Series, FailsWithoutLinksAlthoughNoFieldNeedsThem) {
     EXPECT_EQ(failureOf<Series>(R"({"id":"1"})"), R"(keyNotFound ["_links"])");
     EXPECT_EQ(failureOf<Series>(R"({"id":"1","_links":null})"), R"(valueNotFound ["_links"])");
     EXPECT_EQ(failureOf<Series>(R"({"id":"1","_links":"x"})"), R"(typeMismatch ["_links"])");
 }
 
-TEST(Series, FailsWithAnIdThatIsNoText) {
+TEST(Series, FailsForAnIdThatIsNotAString) {
     EXPECT_EQ(failureOf<Series>(R"({"id":1,"_links":{}})"), R"(typeMismatch ["id"])");
     EXPECT_EQ(failureOf<Series>(R"({"id":null,"_links":{}})"), R"(valueNotFound ["id"])");
     EXPECT_EQ(failureOf<Series>(R"({"_links":{}})"), R"(keyNotFound ["id"])");
 }
 
-TEST(Series, HasAnIdWithoutCharactersToo) {
+TEST(Series, CanHaveAnEmptyId) {
     const auto series = decoded<Series>(R"({"id":"","_links":{}})");
     ASSERT_TRUE(series);
     EXPECT_EQ(series->seriesId, "");
 }
 
-TEST(Series, ReadsItsIdBeforeItsLinksWhateverComesFirst) {
+TEST(Series, ReadsItsIdBeforeItsLinksWhateverTheirOrder) {
     EXPECT_EQ(failureOf<Series>("{}"), R"(keyNotFound ["id"])");
     EXPECT_EQ(failureOf<Series>(R"({"_links":7,"id":7})"), R"(typeMismatch ["id"])");
     EXPECT_EQ(failureOf<Series>(R"({"_links":{"\ud800":1}})"), R"(keyNotFound ["id"])");
     EXPECT_EQ(failureOf<Series>(R"({"id":7,"\ud800":1})"), "dataCorrupted []");
 }
 
-TEST(Series, IsAnObject) { test::expectAnObjectOnly(test::decodable<Series>); }
+TEST(Series, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<Series>); }
 
-TEST(Series, DoesNotAskWhichEntityItIs) {
+TEST(Series, AcceptsAnyEntity) {
     for (const char* const entity :
          {"\"series\"", "\"video\"", "\"SHOW\"", "\"promo\"", "\"\"", "7", "null", "[]"}) {
         EXPECT_EQ(series("\"_entity\":" + std::string(entity)), Series{.seriesId = "1"}) << entity;
     }
 }
 
-TEST(Series, SwallowsATitleThatIsNoText) { EXPECT_EQ(series(R"("title":5)"), Series{.seriesId = "1"}); }
+TEST(Series, IgnoresATitleThatIsNotAString) { EXPECT_EQ(series(R"("title":5)"), Series{.seriesId = "1"}); }
 
-TEST(Series, HasNoPathOfItsOwnWhereTheSelfLinkIsAText) {
+TEST(Series, HasNoSelfHrefIfTheSelfLinkIsAString) {
     EXPECT_EQ(series("", R"({"self":"x","deeplink":{"href":"d"}})"),
               (Series{.seriesId = "1", .deeplinkHref = "d"}));
 }
 
-TEST(Series, HasAShowHrefBesideAShowIdThatIsAText) {
+TEST(Series, HasAShowHrefEvenIfTheShowIdIsAString) {
     EXPECT_EQ(series("", R"({"show":{"href":"h","id":"7"}})"), (Series{.seriesId = "1", .showHref = "h"}));
 }
 
-TEST(Series, HasAShowIdThatIsANumberWithoutAShowHref) {
+TEST(Series, HasANumericShowIdWithoutAShowHref) {
     EXPECT_EQ(series("", R"({"show":{"id":7}})"), (Series{.seriesId = "1", .showId = 7}));
     EXPECT_EQ(series("", R"({"show":{"id":7,"href":5}})"), (Series{.seriesId = "1", .showId = 7}));
 }
 
-TEST(Series, HasNoVideosWhereTheEmbeddedIsAList) {
+TEST(Series, HasNoVideosIfEmbeddedIsAList) {
     EXPECT_EQ(series("\"title\":\"t\",\"_embedded\":[" + video + "]"),
               (Series{.seriesId = "1", .title = "t"}));
     EXPECT_EQ(series(R"("_embedded":[])"), Series{.seriesId = "1"});
 }
 
-TEST(Series, LosesAllEpisodesForOneBadAmongTenAndKeepsTheExtras) {
+TEST(Series, LosesAllEpisodesIfOneOfTenIsFaultyAndKeepsTheExtras) {
     std::string nine;
     for (int i = 0; i < 9; ++i) nine += video + ",";
     const auto embedded = [&](const std::string& tenth) {
@@ -102,12 +102,12 @@ TEST(Series, LosesAllEpisodesForOneBadAmongTenAndKeepsTheExtras) {
     }
 }
 
-TEST(Series, TakesItsEpisodesFromAListOnly) {
+TEST(Series, ReadsItsEpisodesOnlyFromAList) {
     EXPECT_TRUE(series("\"_embedded\":{\"videoEpisodes\":{\"items\":[" + video + "]}}").episodes.empty());
     EXPECT_EQ(series("\"_embedded\":{\"highlightVideo\":[" + video + "]}").highlightVideo, std::nullopt);
 }
 
-TEST(Series, FillsNeitherOfItsHighlightsFromTheOther) {
+TEST(Series, DoesNotFillOneHighlightFromTheOther) {
     const Series embedded = series("\"_embedded\":{\"highlightVideo\":" + video + "}");
     ASSERT_TRUE(embedded.highlightVideo);
     EXPECT_EQ(embedded.highlightVideo->videoId, "v");
@@ -117,13 +117,13 @@ TEST(Series, FillsNeitherOfItsHighlightsFromTheOther) {
     EXPECT_EQ(linked.playableVideo, DirectPlayableVideo{.playTitle = "p"});
 }
 
-TEST(Series, PointsAtWhatItsLinkPointsAtAndNotAtItself) {
+TEST(Series, RefersToTheVideoOfItsHighlightLink) {
     const Series linked =
         series("", R"({"self":{"href":"s"},"highlightVideo":{"id":"a","href":"b","playTitle":"c"}})");
     EXPECT_EQ(linked.playableVideo, (DirectPlayableVideo{.id = "a", .href = "b", .playTitle = "c"}));
 }
 
-TEST(Series, CountsEpisodesByAnUnsignedNumberAlone) {
+TEST(Series, ReadsTheEpisodeCountOnlyFromAnUnsignedNumber) {
     EXPECT_EQ(series(R"("episodeCount":-1)").episodeCount, std::nullopt);
     EXPECT_EQ(series(R"("episodeCount":2.5)").episodeCount, std::nullopt);
     EXPECT_EQ(series(R"("episodeCount":"2")").episodeCount, std::nullopt);
@@ -138,7 +138,7 @@ TEST(Series, DoesNotCountItsEpisodesItself) {
     EXPECT_EQ(odd.episodes.size(), 1U);
 }
 
-TEST(Series, IgnoresTheAddressToShareItBy) {
+TEST(Series, IgnoresItsShareAddress) {
     EXPECT_EQ(series(R"("shareUrl":"https://watch.example/s")"), Series{.seriesId = "1"});
     EXPECT_EQ(series(R"("shareUrl":{"\ud800":7})"), Series{.seriesId = "1"});
 }
@@ -147,7 +147,7 @@ TEST(Series, ListsItsShareAddressAsItsOnlyIgnoredKey) {
     EXPECT_EQ(test::ignoredKeys(planOf<Series>()), std::vector<std::string>{"shareUrl"});
 }
 
-TEST(Series, LosesAllTagsForOneThatIsNoText) {
+TEST(Series, LosesAllTagsIfOneIsNotAString) {
     EXPECT_EQ(series(R"("tags":["a","b"])").tags, (std::vector<std::string>{"a", "b"}));
     EXPECT_EQ(series(R"("tags":["a",1])").tags, std::vector<std::string>());
 }
@@ -158,14 +158,14 @@ TEST(Series, FindsTheSlugOfItsShowInItsDeeplink) {
     EXPECT_EQ(Series{.deeplinkHref = "/show/"}.derivedShowSlug(), "");
 }
 
-TEST(Series, HasNoSlugFromADeeplinkOfTooFewParts) {
+TEST(Series, HasNoSlugIfTheDeeplinkIsTooShort) {
     for (const char* const href : {"show/some-slug", "some-slug", "/some-slug", ""}) {
         EXPECT_EQ(Series{.deeplinkHref = href}.derivedShowSlug(), std::nullopt) << href;
     }
     EXPECT_EQ(Series{}.derivedShowSlug(), std::nullopt);
 }
 
-TEST(Series, LooksForTheSlugInNoOtherPath) {
+TEST(Series, ReadsTheSlugOnlyFromTheDeeplink) {
     const Series other{.selfHref = "/show/a/b", .showHref = "/show/c/d"};
     EXPECT_EQ(other.derivedShowSlug(), std::nullopt);
 }

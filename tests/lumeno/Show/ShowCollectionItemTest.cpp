@@ -9,11 +9,11 @@ namespace {
 
 using Text = std::optional<std::string>;
 
-TEST(ShowAsACollectionItem, GivesTheMembersThatItHasFieldsFor) {
+TEST(ShowAsACollectionItem, HasTheMembersOfItsFields) {
     const test::TemporaryZone utc("UTC0");
     std::optional<Show> show = test::decoded<Show>(test::fullDocument(test::shows()));
     ASSERT_TRUE(show);
-    // Told apart from the other numbers of a show.
+    // Differs from the other numbers of a show.
     show->duration = 60;
     show->episodeCount = 6;
     const CollectionItem item = *show;
@@ -49,7 +49,7 @@ TEST(ShowAsACollectionItem, GivesTheMembersThatItHasFieldsFor) {
     EXPECT_EQ(item.channelTitle(), "channelTitle");
 }
 
-TEST(ShowAsACollectionItem, GivesItsComputedMembers) {
+TEST(ShowAsACollectionItem, HasItsComputedMembers) {
     const CollectionItem item = Show{.title = "t", .displayTitle = "d", .selfHref = "/show/linked"};
     EXPECT_EQ(item.showTitle(), "t");
     EXPECT_EQ(item.showHref(), "/show/linked");
@@ -69,7 +69,7 @@ TEST(ShowAsACollectionItem, KeepsTheDefaultsOfTheOtherMembers) {
     }
 }
 
-TEST(ShowAsACollectionItem, CanBeTakenOutAgain) {
+TEST(ShowAsACollectionItem, CanBeExtracted) {
     const Show show{.showId = 7, .title = "t"};
     const CollectionItem item = show;
     ASSERT_NE(item.as<Show>(), nullptr);

@@ -1,4 +1,4 @@
-// What is told of a show's document, fault by fault.
+// The faults reported for a show's document.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/lumeno/Show/ShowsIndex.h>
@@ -10,7 +10,7 @@ namespace {
 
 using test::faultText;
 
-TEST(ExplainingAShow, FollowsTheOrderOfDecodingOfItsOwnKeys) {
+TEST(ExplainingAShow, ReportsFaultsOfItsKeysInDecodingOrder) {
     EXPECT_EQ(
         faultText<Show>(
             R"({"channelTitle":1,"channel":1,"displayDurationAccessible":1,"displayDuration":1,"duration":"1",)"
@@ -48,7 +48,7 @@ TEST(ExplainingAShow, FollowsTheOrderOfDecodingOfItsOwnKeys) {
         "/channelTitle lenient: String, number, empty\n");
 }
 
-TEST(ExplainingAShow, FollowsTheOrderOfDecodingOfItsObjects) {
+TEST(ExplainingAShow, ReportsFaultsOfItsObjectsInDecodingOrder) {
     EXPECT_EQ(
         faultText<Show>(
             R"({"data":{"blockout":{"message":1,"title":1}},"_embedded":{"videoExtras":1,"seriesList":1,)"
@@ -75,16 +75,16 @@ TEST(ExplainingAShow, FollowsTheOrderOfDecodingOfItsObjects) {
         "/data/blockout/message lenient: String, number, empty\n");
 }
 
-TEST(ExplainingAShow, TellsWhichSeriesEmptiesTheList) {
+TEST(ExplainingAShow, ReportsTheSeriesThatEmptiesTheList) {
     EXPECT_EQ(faultText<Show>(R"({"_embedded":{"seriesList":[{"id":"1","_links":{}},{"id":"2"}]}})"),
               "/_embedded/seriesList/1/_links lenient: Object, nothing, []\n");
 }
 
-TEST(ExplainingAShow, NamesTheOtherEntityThatItClaimsToBe) {
+TEST(ExplainingAShow, NamesTheWrongEntity) {
     EXPECT_EQ(faultText<Show>(R"({"title":1,"_entity":"video"})"), " required: show, video, failure\n");
 }
 
-TEST(ExplainingAShowsIndex, EndsWithTheShowThatFailsIt) {
+TEST(ExplainingAShowsIndex, ReportsTheShowThatFailsItLast) {
     EXPECT_EQ(faultText<ShowsIndex>(
                   R"({"_links":1,"items":[{"items":[{"title":1},{"_entity":"video"}],"name":"A"}]})"),
               "/items/0/items/0/title lenient: String, number, empty\n"

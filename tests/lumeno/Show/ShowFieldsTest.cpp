@@ -1,4 +1,4 @@
-// The 45 fields of a show, in every state of each.
+// Tests the 45 fields of a show in every state.
 
 #include <gtest/gtest.h>
 #include <lumeno/Show/ShowRules.h>
@@ -15,18 +15,18 @@ TEST(ShowFields, AreFortyFive) {
     test::expectDeclaredFields(shows());
 }
 
-TEST(ShowFields, AreTakenFromTheirKeysOrLeftEmptyAndNeverFail) {
+TEST(ShowFields, AreReadFromTheirKeysOrLeftEmptyAndNeverFail) {
     const test::TemporaryZone utc("UTC0");
     test::expectFieldsInEveryState(shows());
 }
 
-TEST(ShowFields, AreEmptyWhereTheirObjectIsNoneAndNoObjectMustBeOne) {
+TEST(ShowFields, AreEmptyWithoutTheirObjectAndNoObjectIsRequired) {
     const test::TemporaryZone utc("UTC0");
     test::expectContainersInEveryState(shows());
 }
 
-TEST(ShowFields, HaveNoOtherKeysThanTheirOwn) {
-    // Keys that read much like those of the fields, and keys in the wrong object.
+TEST(ShowFields, AreReadOnlyFromTheirOwnKeys) {
+    // Keys similar to those of the fields, and keys in the wrong object.
     const std::string others =
         R"({"showId":1,"subtype":"series","captionsAvailable":true,"portraitThumbnail":"x","portrait":"x","Title":"x",)"
         R"("thumbnails":{"Portrait":"x","episodePortrait":"x","character3":"x","thumbnail":"x"},"socialLinksTitle":"x",)"
@@ -41,7 +41,7 @@ TEST(ShowFields, HaveNoOtherKeysThanTheirOwn) {
     EXPECT_EQ(decoded<Show>(others), Show{.theme = Theme::default_});
 }
 
-TEST(ShowFields, MakeAShowInDeclaredOrder) {
+TEST(ShowFields, InitializeAShowInDeclaredOrder) {
     const test::TemporaryZone utc("UTC0");
     const auto links = [](const char* path) {
         return std::vector<Link>{{.id = "i", .title = "t", .href = path, .tags = {"a"}}, {.href = ""}};

@@ -34,8 +34,8 @@ void expectAGetWithoutABody(const ResourceURI& route) {
     EXPECT_EQ(route.postData(), std::nullopt);
 }
 
-TEST(ShowURI, TakesItsArgumentsInAnOrderThatIsNotTheOneOfItsFields) {
-    // The channel comes last here and before the series to embed there.
+TEST(ShowURI, TakesItsArgumentsInADifferentOrderThanItsFields) {
+    // The channel is the last argument, but comes before `embedSeries` among the fields.
     const ShowURI route(
         {.showSlugOrId = "s", .series = 3u, .videoHouseNumber = "V", .embedSeries = true, .channel = "c"});
     const auto& [showSlugOrId, series, videoHouseNumber, channel, embedSeries] = route;
@@ -47,27 +47,27 @@ TEST(ShowURI, TakesItsArgumentsInAnOrderThatIsNotTheOneOfItsFields) {
     static_assert(!std::is_aggregate_v<ShowURI> && !std::is_default_constructible_v<ShowURI>);
 }
 
-TEST(ShowURI, NamesTheShowAloneWithoutASeriesAndAVideo) {
+TEST(ShowURI, ContainsOnlyTheShowWithoutASeriesOrAVideo) {
     EXPECT_EQ(showURI(std::nullopt, std::nullopt).path(), "v2/show/s");
 }
 
-TEST(ShowURI, NamesTheSeriesInDecimal) {
+TEST(ShowURI, ContainsTheSeriesInDecimal) {
     EXPECT_EQ(showURI(3, std::nullopt).path(), "v2/show/s/series/3");
     EXPECT_EQ(showURI(0, std::nullopt).path(), "v2/show/s/series/0");
     EXPECT_EQ(showURI(18446744073709551615U, std::nullopt).path(), "v2/show/s/series/18446744073709551615");
 }
 
-TEST(ShowURI, NamesTheVideoAndDropsTheSeriesWhereBothAreGiven) {
+TEST(ShowURI, ContainsTheVideoButNotTheSeriesIfBothAreGiven) {
     EXPECT_EQ(showURI(std::nullopt, "V").path(), "v2/show/s/video/V");
     EXPECT_EQ(showURI(3, "V").path(), "v2/show/s/video/V");
 }
 
-TEST(ShowURI, TakesAVideoWithoutCharactersForOne) {
+TEST(ShowURI, TreatsAnEmptyVideoAsGiven) {
     EXPECT_EQ(showURI(std::nullopt, "").path(), "v2/show/s/video/");
     EXPECT_EQ(showURI(3, "").path(), "v2/show/s/video/");
 }
 
-TEST(ShowURI, NeitherEscapesNorJudgesWhatItIsGiven) {
+TEST(ShowURI, NeitherEscapesNorValidatesItsArguments) {
     EXPECT_EQ(ShowURI({.showSlugOrId = "a b/../c?d=%20",
                        .series = std::nullopt,
                        .videoHouseNumber = "\xc3\xa9#",
@@ -84,24 +84,24 @@ TEST(ShowURI, NeitherEscapesNorJudgesWhatItIsGiven) {
               "v2/show/");
 }
 
-TEST(ShowURI, AlwaysEmbedsTheHighlightAndTheSeriesWhereTheyAreWanted) {
+TEST(ShowURI, AlwaysEmbedsTheHighlightAndTheSeriesIfWanted) {
     EXPECT_EQ(showItems(false, std::nullopt), Items{highlight});
     EXPECT_EQ(showItems(true, std::nullopt), Items{everything});
 }
 
-TEST(ShowURI, SendsTheChannelAheadOfWhatToEmbed) {
+TEST(ShowURI, SendsTheChannelBeforeTheEmbedItem) {
     EXPECT_EQ(showItems(false, "c"), (Items{{"channel", "c"}, highlight}));
     EXPECT_EQ(showItems(true, " a&b"), (Items{{"channel", " a&b"}, everything}));
 }
 
-TEST(ShowURI, LeavesOutAChannelWithoutCharacters) {
+TEST(ShowURI, OmitsAnEmptyChannel) {
     EXPECT_EQ(showItems(false, ""), Items{highlight});
     EXPECT_EQ(showItems(true, ""), Items{everything});
 }
 
 TEST(ShowURI, IsAGetWithoutABody) { expectAGetWithoutABody(showURI(3, "V")); }
 
-TEST(ShowURI, HasAPathThatFollowsItsFields) {
+TEST(ShowURI, ComputesItsPathFromItsFields) {
     ShowURI route = showURI(std::nullopt, "V");
     route.videoHouseNumber = std::nullopt;
     route.series = 4;
@@ -116,7 +116,7 @@ TEST(ShowsURI, JoinsSlugsAndIdsWithCommas) {
     EXPECT_EQ((ShowsURI{.showSlugsOrIds = {"a", "", "b,c"}}.path()), "v2/shows/a,,b,c");
 }
 
-TEST(ShowsURI, AsksForNoShowsToo) { EXPECT_EQ(ShowsURI{}.path(), "v2/shows/"); }
+TEST(ShowsURI, CanBeEmpty) { EXPECT_EQ(ShowsURI{}.path(), "v2/shows/"); }
 
 TEST(ShowsURI, IsAGetWithoutQueryItemsAndWithoutABody) {
     const ResourceURI route = ShowsURI{.showSlugsOrIds = {"a"}};
@@ -124,7 +124,7 @@ TEST(ShowsURI, IsAGetWithoutQueryItemsAndWithoutABody) {
     expectAGetWithoutABody(route);
 }
 
-TEST(ShowsIndexURI, TakesItsArgumentsInAnOrderThatIsNotTheOneOfItsFields) {
+TEST(ShowsIndexURI, TakesItsArgumentsInADifferentOrderThanItsFields) {
     const ShowsIndexURI route({.closedCaptionOnly = true, .channel = "c"});
     const auto& [channel, closedCaptionOnly] = route;
     EXPECT_EQ(channel, "c");
@@ -132,12 +132,12 @@ TEST(ShowsIndexURI, TakesItsArgumentsInAnOrderThatIsNotTheOneOfItsFields) {
     static_assert(!std::is_aggregate_v<ShowsIndexURI> && !std::is_default_constructible_v<ShowsIndexURI>);
 }
 
-TEST(ShowsIndexURI, AsksForCaptionsInItsPath) {
+TEST(ShowsIndexURI, RequestsCaptionsInItsPath) {
     EXPECT_EQ(ShowsIndexURI({.closedCaptionOnly = false, .channel = std::nullopt}).path(), "v2/shows");
     EXPECT_EQ(ShowsIndexURI({.closedCaptionOnly = true, .channel = std::nullopt}).path(), "v2/shows/cc");
 }
 
-TEST(ShowsIndexURI, SendsAChannelThatHasCharacters) {
+TEST(ShowsIndexURI, SendsANonEmptyChannel) {
     EXPECT_EQ(ShowsIndexURI({.closedCaptionOnly = false, .channel = "c"}).queryItems(),
               (Items{{"channel", "c"}}));
     EXPECT_EQ(ShowsIndexURI({.closedCaptionOnly = true, .channel = "c d"}).queryItems(),
@@ -145,7 +145,7 @@ TEST(ShowsIndexURI, SendsAChannelThatHasCharacters) {
     EXPECT_EQ(ShowsIndexURI({.closedCaptionOnly = false, .channel = std::nullopt}).queryItems(), Items());
 }
 
-TEST(ShowsIndexURI, LeavesOutAChannelWithoutCharactersAndAsksForCaptionsAllTheSame) {
+TEST(ShowsIndexURI, OmitsAnEmptyChannelAndStillRequestsCaptions) {
     const ShowsIndexURI route({.closedCaptionOnly = true, .channel = ""});
     EXPECT_EQ(route.queryItems(), Items());
     EXPECT_EQ(route.path(), "v2/shows/cc");

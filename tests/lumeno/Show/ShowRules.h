@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What the fields of a show are held to.
+/// The rules of a show's fields.
 
 #include <lumeno/Series/SeriesRules.h>
 #include <VanticRestKit/lumeno/Show/Show.h>

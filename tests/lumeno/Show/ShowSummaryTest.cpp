@@ -12,8 +12,8 @@ namespace {
 
 const Date january{std::chrono::duration<double>(1577934245)};
 
-/// The least that a summary can be made of.
-Show least() {
+/// The smallest show that has a summary.
+Show minimal() {
     return {.showId = 9184, .thumbnail = "t.jpg", .updated = january, .selfHref = "/show/lantern-road"};
 }
 
@@ -24,7 +24,7 @@ concept CanBeDecoded = requires(const Data& document) {
 static_assert(CanBeDecoded<Show>);
 static_assert(!CanBeDecoded<ShowSummary> && !CanBeDecoded<std::vector<ShowSummary>> &&
                   !CanBeDecoded<std::optional<ShowSummary>>,
-              "a summary is made of a show, never decoded");
+              "a summary is constructed from a show, never decoded");
 static_assert(Decodable<Show> && !Decodable<ShowSummary> && !Decodable<std::vector<ShowSummary>>);
 
 ShowSummary summaryOf(const Show& show) {
@@ -34,7 +34,7 @@ ShowSummary summaryOf(const Show& show) {
 }
 
 ShowSummary summaryAt(const char* href) {
-    Show show = least();
+    Show show = minimal();
     show.selfHref = href;
     return summaryOf(show);
 }
@@ -44,12 +44,12 @@ std::string messageOf(const Show& show) {
     return summary ? "" : summary.error().message();
 }
 
-TEST(ShowSummary, IsMadeOfAShowAlone) {
+TEST(ShowSummary, CanOnlyBeConstructedFromAShow) {
     static_assert(!std::is_aggregate_v<ShowSummary> && !std::is_default_constructible_v<ShowSummary>);
     static_assert(!std::is_constructible_v<ShowSummary, Show>);
 }
 
-TEST(ShowSummary, TakesEachFieldFromTheShow) {
+TEST(ShowSummary, CopiesEachFieldFromTheShow) {
     const ShowSummary summary = summaryOf({.showId = 9184,
                                            .slug = "own-slug",
                                            .title = "The Lantern Road",
@@ -72,17 +72,17 @@ TEST(ShowSummary, TakesEachFieldFromTheShow) {
     EXPECT_EQ(summary.derivedShowSlug, "own-slug");
 }
 
-TEST(ShowSummary, HasTheIdThatTheFormatMakesOfANumberItDoesNotRead) {
+TEST(ShowSummary, HasTheFormatsPlaceholderForAnUnreadableNumber) {
     for (const std::uint64_t id :
          {std::uint64_t{0}, std::uint64_t{1}, std::uint64_t{9184}, std::uint64_t{1} << 53U}) {
-        Show show = least();
+        Show show = minimal();
         show.showId = id;
         EXPECT_EQ(summaryOf(show).id, "0") << id;
     }
 }
 
-TEST(ShowSummary, HasAnUnderscoreForATitleThatIsNotThere) {
-    Show show = least();
+TEST(ShowSummary, HasAnUnderscoreForAMissingTitle) {
+    Show show = minimal();
     EXPECT_EQ(summaryOf(show).title, "_");
     EXPECT_EQ(summaryOf(show).displayTitle, "_");
     show.displayTitle = "d";
@@ -94,8 +94,8 @@ TEST(ShowSummary, HasAnUnderscoreForATitleThatIsNotThere) {
     EXPECT_EQ(summaryOf(show).displayTitle, "_");
 }
 
-TEST(ShowSummary, TakesTextsWithoutCharactersForValues) {
-    Show show = least();
+TEST(ShowSummary, TreatsEmptyStringsAsPresent) {
+    Show show = minimal();
     show.title = "";
     show.displayTitle = "";
     show.thumbnail = "";
@@ -107,8 +107,8 @@ TEST(ShowSummary, TakesTextsWithoutCharactersForValues) {
     EXPECT_EQ(summary.href, "");
 }
 
-TEST(ShowSummary, LeavesThePicturesEmptyThatTheShowHasNot) {
-    Show show = least();
+TEST(ShowSummary, HasNoPicturesThatTheShowLacks) {
+    Show show = minimal();
     show.character2Thumbnail = "c2.png";
     show.portraitTitledThumbnail = "pt.jpg";
     EXPECT_EQ(summaryOf(show).portraitThumbnailHref, std::nullopt);
@@ -118,30 +118,30 @@ TEST(ShowSummary, LeavesThePicturesEmptyThatTheShowHasNot) {
 TEST(ShowSummary, KeepsTheSlugThatTheShowDerives) {
     EXPECT_EQ(summaryAt("/show/lantern-road").derivedShowSlug, "lantern-road");
     EXPECT_EQ(summaryAt("show/lantern-road").derivedShowSlug, std::nullopt);
-    Show show = least();
+    Show show = minimal();
     show.slug = "";
     EXPECT_EQ(summaryOf(show).derivedShowSlug, "");
 }
 
-TEST(ShowSummary, FailsWithOneTextWhicheverOfFourIsMissing) {
+TEST(ShowSummary, HasOneErrorMessageForFourMissingFields) {
     const std::string message = "Missing itemID, href, updated or thumbnailHref";
-    EXPECT_EQ(messageOf(least()), "");
+    EXPECT_EQ(messageOf(minimal()), "");
     EXPECT_EQ(messageOf({}), message);
-    Show show = least();
+    Show show = minimal();
     show.showId = std::nullopt;
     EXPECT_EQ(messageOf(show), message);
-    show = least();
+    show = minimal();
     show.updated = std::nullopt;
     EXPECT_EQ(messageOf(show), message);
-    show = least();
+    show = minimal();
     show.thumbnail = std::nullopt;
     EXPECT_EQ(messageOf(show), message);
-    show = least();
+    show = minimal();
     show.selfHref = std::nullopt;
     EXPECT_EQ(messageOf(show), message);
 }
 
-TEST(ShowSummary, FailsWithTheErrorOfInitialization) {
+TEST(ShowSummary, FailsWithAnInitializationError) {
     const Result<ShowSummary, lumenoSDKError> summary = ShowSummary::make({.fromShow = Show{}});
     ASSERT_FALSE(summary);
     EXPECT_EQ(summary.error().kind(), lumenoSDKError::Kind::initializationError);
@@ -150,19 +150,19 @@ TEST(ShowSummary, FailsWithTheErrorOfInitialization) {
     ASSERT_NE(general.as<lumenoSDKError>(), nullptr);
 }
 
-TEST(ShowSummary, TakesNoOtherPictureForTheThumbnailAndNoOtherLinkForTheSelfLink) {
-    Show show = least();
+TEST(ShowSummary, DoesNotSubstituteAnotherPictureOrLink) {
+    Show show = minimal();
     show.thumbnail = std::nullopt;
     show.portraitThumbnail = "p.jpg";
     EXPECT_NE(messageOf(show), "");
-    show = least();
+    show = minimal();
     show.selfHref = std::nullopt;
     show.deeplinkHref = "/show/x";
     show.slug = "x";
     EXPECT_NE(messageOf(show), "");
 }
 
-TEST(ShowSummary, IsEqualToOneWhoseHrefDiffersInCaseOnly) {
+TEST(ShowSummary, ComparesItsHrefCaseInsensitively) {
     EXPECT_EQ(summaryAt("/show/x"), summaryAt("/show/x"));
     EXPECT_EQ(summaryAt("/show/x"), summaryAt("/Show/X"));
     EXPECT_EQ(summaryAt("/show/\xc3\xa9t\xc3\xa9"), summaryAt("/SHOW/\xc3\x89T\xc3\x89"));
@@ -171,8 +171,8 @@ TEST(ShowSummary, IsEqualToOneWhoseHrefDiffersInCaseOnly) {
     EXPECT_NE(summaryAt("/show/e"), summaryAt("/show/\xc3\xa9"));
 }
 
-TEST(ShowSummary, ComparesNothingButItsHref) {
-    Show other = least();
+TEST(ShowSummary, ComparesOnlyItsHref) {
+    Show other = minimal();
     other.showId = 1;
     other.title = "another";
     other.displayTitle = "another";
@@ -181,12 +181,12 @@ TEST(ShowSummary, ComparesNothingButItsHref) {
     other.portraitThumbnail = "another";
     other.character1Thumbnail = "another";
     other.slug = "another";
-    EXPECT_EQ(summaryOf(least()), summaryOf(other));
+    EXPECT_EQ(summaryOf(minimal()), summaryOf(other));
     other.selfHref = "/show/another";
-    EXPECT_NE(summaryOf(least()), summaryOf(other));
+    EXPECT_NE(summaryOf(minimal()), summaryOf(other));
 }
 
-TEST(ShowSummary, HashesItsHrefWithItsCaseSoThatEqualOnesMayHashApart) {
+TEST(ShowSummary, HashesItsHrefCaseSensitivelySoEqualSummariesCanHashDifferently) {
     const std::hash<ShowSummary> hash;
     const ShowSummary lower = summaryAt("/show/x");
     const ShowSummary upper = summaryAt("/show/X");
@@ -202,8 +202,8 @@ concept CanBeOrdered = requires(const T& a, const T& b) {
 || requires(const T& a, const T& b) { a <=> b; };
 static_assert(CanBeOrdered<std::string> && !CanBeOrdered<ShowSummary>, "summaries have no order");
 
-TEST(ShowSummary, MayBeInASetTwiceThoughEqual) {
-    // As many buckets as it takes to part the two: equal values of one bucket would be one.
+TEST(ShowSummary, CanBeInASetTwiceEvenIfEqual) {
+    // Enough buckets to separate the two. In the same bucket, equal values would be treated as one.
     std::unordered_set<ShowSummary> summaries(1009);
     const ShowSummary lower = summaryAt("/show/x");
     const ShowSummary upper = summaryAt("/show/X");
@@ -215,18 +215,18 @@ TEST(ShowSummary, MayBeInASetTwiceThoughEqual) {
     EXPECT_EQ(summaries.size(), 2U);
 }
 
-TEST(ShowSummary, HashesNothingButItsHref) {
-    Show other = least();
+TEST(ShowSummary, HashesOnlyItsHref) {
+    Show other = minimal();
     other.showId = 1;
     other.title = "another";
     other.thumbnail = "another";
     other.slug = "another";
-    EXPECT_EQ(std::hash<ShowSummary>()(summaryOf(least())), std::hash<ShowSummary>()(summaryOf(other)));
+    EXPECT_EQ(std::hash<ShowSummary>()(summaryOf(minimal())), std::hash<ShowSummary>()(summaryOf(other)));
 }
 
-TEST(ShowSummary, ShowsNineFieldsInDeclaredOrder) {
+TEST(ShowSummary, HasNineFieldsInDeclaredOrder) {
     EXPECT_EQ(
-        valueText(summaryOf(least())),
+        valueText(summaryOf(minimal())),
         R"({"id":"0","title":"_","displayTitle":"_","updated":"2020-01-02T03:04:05Z","href":"/show/lantern-road",)"
         R"("thumbnail":"t.jpg","portraitThumbnailHref":null,"characterThumbnaiHref":null,)"
         R"("derivedShowSlug":"lantern-road"})");

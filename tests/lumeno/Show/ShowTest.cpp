@@ -14,7 +14,7 @@ using test::failureOf;
 
 const std::string goodSeries = R"({"id":"s","_links":{}})";
 const std::string goodVideo = R"({"id":"v","_links":{}})";
-const Show least{.theme = Theme::default_};
+const Show minimal{.theme = Theme::default_};
 
 Show show(const std::string& members) {
     const auto show = decoded<Show>("{" + members + "}");
@@ -22,7 +22,7 @@ Show show(const std::string& members) {
     return show.value_or(Show{});
 }
 
-/// The text of the error that `json` fails with.
+/// The description of the error with which `json` fails.
 std::string messageOf(const std::string& json) {
     std::optional<Error> error;
     EXPECT_FALSE(decoded<Show>(json, &error)) << json;
@@ -31,7 +31,7 @@ std::string messageOf(const std::string& json) {
 
 TEST(Show, NeedsNothing) {
     const Show empty = show("");
-    EXPECT_EQ(empty, least);
+    EXPECT_EQ(empty, minimal);
     EXPECT_EQ(empty.showId, std::nullopt);
     EXPECT_FALSE(empty.captionsAvailable);
     EXPECT_EQ(empty.theme, Theme::default_);
@@ -40,15 +40,15 @@ TEST(Show, NeedsNothing) {
                 empty.videoExtras.empty());
 }
 
-TEST(Show, IsAnObject) { test::expectAnObjectOnly(test::decodable<Show>); }
+TEST(Show, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<Show>); }
 
-TEST(Show, IsKnownByItsEntityWhateverTheCase) {
+TEST(Show, RecognisesItsEntityInAnyCase) {
     for (const char* const entity : {"show", "SHOW", "Show", "sHoW", "s\\u0068ow"}) {
-        EXPECT_EQ(show(R"("_entity":")" + std::string(entity) + "\""), least) << entity;
+        EXPECT_EQ(show(R"("_entity":")" + std::string(entity) + "\""), minimal) << entity;
     }
 }
 
-TEST(Show, FailsAsAnotherEntityWithItsNameAsItCame) {
+TEST(Show, FailsForAnotherEntityWithItsNameUnchanged) {
     EXPECT_EQ(messageOf(R"({"_entity":"video"})"), R"(Show expects a "show" entity type, but found "video")");
     EXPECT_EQ(messageOf(R"({"_entity":"Video"})"), R"(Show expects a "show" entity type, but found "Video")");
     EXPECT_EQ(messageOf(R"({"_entity":""})"), R"(Show expects a "show" entity type, but found "")");
@@ -58,7 +58,7 @@ TEST(Show, FailsAsAnotherEntityWithItsNameAsItCame) {
     }
 }
 
-TEST(Show, FailsAsAnotherEntityWithItsOwnErrorAndNotAVideos) {
+TEST(Show, FailsForAnotherEntityWithAShowsErrorType) {
     std::optional<Error> error;
     EXPECT_FALSE(decoded<Show>(R"({"_entity":"Video"})", &error));
     ASSERT_TRUE(error);
@@ -71,25 +71,25 @@ TEST(Show, FailsAsAnotherEntityWithItsOwnErrorAndNotAVideos) {
     EXPECT_EQ(error->as<DecodingError>(), nullptr);
 }
 
-TEST(Show, TakesAnEntityThatIsNoTextForNone) {
+TEST(Show, IgnoresAnEntityThatIsNotAString) {
     for (const char* const entity : {"5", "null", "true", "{}", "[]", "[\"video\"]", "\"\\ud800\""}) {
-        EXPECT_EQ(show(R"("_entity":)" + std::string(entity)), least) << entity;
+        EXPECT_EQ(show(R"("_entity":)" + std::string(entity)), minimal) << entity;
     }
 }
 
-TEST(Show, FailsAsAnotherEntityWhateverElseItHolds) {
+TEST(Show, FailsForAnotherEntityWhateverElseItContains) {
     const std::string mismatch = R"(Show expects a "show" entity type, but found "video")";
     EXPECT_EQ(failureOf<Show>(
                   R"({"id":"x","title":1,"_links":[],"_embedded":{"seriesList":[{}]},"_entity":"video"})"),
               mismatch);
     EXPECT_EQ(failureOf<Show>(R"({"_entity":"video","\ud800":1})"), "dataCorrupted []");
-    // The first of two entities counts.
+    // The first of two entities is used.
     EXPECT_EQ(failureOf<Show>(R"({"_entity":"video","_entity":"show"})"), mismatch);
     EXPECT_EQ(failureOf<Show>(R"({"_entity":"show","_entity":"video"})"), "");
 }
 
-TEST(Show, HasAnIdThatIsANumberWhereItsSeriesHasAText) {
-    EXPECT_EQ(show(R"("id":"12")"), least);
+TEST(Show, HasANumericIdUnlikeItsSeries) {
+    EXPECT_EQ(show(R"("id":"12")"), minimal);
     EXPECT_EQ(show(R"("id":12)").showId, 12U);
     const Show both = show(R"("id":12,"_embedded":{"selectedSeries":{"id":"12","_links":{}}})");
     EXPECT_EQ(both.showId, 12U);
@@ -98,17 +98,17 @@ TEST(Show, HasAnIdThatIsANumberWhereItsSeriesHasAText) {
     EXPECT_EQ(show(R"("_embedded":{"selectedSeries":{"id":12,"_links":{}}})").selectedSeries, std::nullopt);
 }
 
-TEST(Show, HasEachSubtypeByItsRawTextAndNoneOfAnUnknownOne) {
+TEST(Show, ReadsEachSubtypeByItsRawValueAndNoneForAnUnknownOne) {
     EXPECT_EQ(show(R"("type":"livestream")").subtype, LumenoSubtype::livestream);
     EXPECT_EQ(show(R"("type":"episode")").subtype, LumenoSubtype::episode);
     EXPECT_EQ(show(R"("type":"series")").subtype, LumenoSubtype::series);
     EXPECT_EQ(show(R"("type":"feature")").subtype, LumenoSubtype::feature);
     EXPECT_EQ(show(R"("type":"trailer")").subtype, LumenoSubtype::trailer);
-    EXPECT_EQ(show(R"("type":"podcast")"), least);
-    EXPECT_EQ(show(R"("type":"Series")"), least);
+    EXPECT_EQ(show(R"("type":"podcast")"), minimal);
+    EXPECT_EQ(show(R"("type":"Series")"), minimal);
 }
 
-TEST(Show, HasTheDefaultThemeWhereItsOwnIsNotKnown) {
+TEST(Show, HasTheDefaultThemeForAnUnknownOne) {
     EXPECT_EQ(show(R"("theme":"light")").theme, Theme::light);
     for (const char* const theme :
          {"\"dark\"", "\"Light\"", "\"default\"", "\"\"", "5", "null", "{}", "[\"light\"]"}) {
@@ -116,13 +116,13 @@ TEST(Show, HasTheDefaultThemeWhereItsOwnIsNotKnown) {
     }
 }
 
-TEST(Show, HasNoDateFromAnotherForm) {
-    EXPECT_EQ(show(R"("updated":"2020-01-02T03:04:05Z")"), least);
-    EXPECT_EQ(show(R"("updated":"2020-01-02 03:04:05.5")"), least);
-    EXPECT_EQ(show(R"("updated":1577934245)"), least);
+TEST(Show, DoesNotReadADateInAnotherFormat) {
+    EXPECT_EQ(show(R"("updated":"2020-01-02T03:04:05Z")"), minimal);
+    EXPECT_EQ(show(R"("updated":"2020-01-02 03:04:05.5")"), minimal);
+    EXPECT_EQ(show(R"("updated":1577934245)"), minimal);
 }
 
-TEST(Show, WasUpdatedAtAnotherInstantOnADeviceInAnotherZone) {
+TEST(Show, ReadsItsDatesInTheZoneOfTheDevice) {
     const std::string updated = R"("updated":"2020-01-02 03:04:05")";
     const auto seconds = [&](const char* zone) {
         const test::TemporaryZone device(zone);
@@ -135,31 +135,31 @@ TEST(Show, WasUpdatedAtAnotherInstantOnADeviceInAnotherZone) {
     EXPECT_EQ(seconds("WEST5"), 1577934245 + 18000);
 }
 
-TEST(Show, HasNoSocialLinksWhereTheyAreAList) {
-    EXPECT_EQ(show(R"("socialLinks":[{"href":"a"}])"), least);
+TEST(Show, HasNoSocialLinksIfTheyAreAList) {
+    EXPECT_EQ(show(R"("socialLinks":[{"href":"a"}])"), minimal);
     EXPECT_EQ(show(R"("socialLinks":{"title":"t","items":[{"href":"a"}]})"),
               (Show{.theme = Theme::default_, .socialLinksTitle = "t", .socialLinks = {{.href = "a"}}}));
 }
 
-TEST(Show, HasNoRelatedLinksWhereTheyAreAnObject) {
-    EXPECT_EQ(show(R"("relatedLinks":{"items":[{"href":"a"}]})"), least);
+TEST(Show, HasNoRelatedLinksIfTheyAreAnObject) {
+    EXPECT_EQ(show(R"("relatedLinks":{"items":[{"href":"a"}]})"), minimal);
     EXPECT_EQ(show(R"("relatedLinks":[{"href":"a"}])").relatedLinks, std::vector<Link>{{.href = "a"}});
 }
 
-TEST(Show, DoesWithoutLinks) {
+TEST(Show, DoesNotNeedLinks) {
     for (const char* const links : {"null", "[]", "7", "{}"})
-        EXPECT_EQ(show(R"("_links":)" + std::string(links)), least);
+        EXPECT_EQ(show(R"("_links":)" + std::string(links)), minimal);
     EXPECT_EQ(show(R"("title":"t")"), (Show{.title = "t", .theme = Theme::default_}));
 }
 
-TEST(Show, LosesAllCategoriesForOneBadLinkAndKeepsTheHrefsBesideThem) {
+TEST(Show, LosesAllCategoriesForOneFaultyLinkAndKeepsTheOtherHrefs) {
     EXPECT_EQ(
         show(
             R"("_links":{"self":{"href":"s"},"categories":[{"href":"a"},{"id":"b"}],"deeplink":{"href":"d"}})"),
         (Show{.theme = Theme::default_, .selfHref = "s", .deeplinkHref = "d"}));
 }
 
-TEST(Show, LosesAllSeriesForOneWithoutLinksAndKeepsWhatIsEmbeddedBesideThem) {
+TEST(Show, LosesAllSeriesForOneWithoutLinksAndKeepsTheOtherEmbeddedValues) {
     const Show embedded =
         show("\"_embedded\":{\"seriesList\":[" + goodSeries + R"(,{"id":"x"}],"selectedSeries":)" +
              goodSeries + ",\"highlightVideo\":" + goodVideo + ",\"videoExtras\":[" + goodVideo + "]}");
@@ -170,23 +170,23 @@ TEST(Show, LosesAllSeriesForOneWithoutLinksAndKeepsWhatIsEmbeddedBesideThem) {
     ASSERT_EQ(embedded.videoExtras.size(), 1U);
 }
 
-TEST(Show, LosesAllExtrasForOneOfAnotherEntityAndKeepsItsSeries) {
+TEST(Show, LosesAllExtrasForOneOtherEntityAndKeepsItsSeries) {
     const Show embedded = show("\"_embedded\":{\"seriesList\":[" + goodSeries + "],\"videoExtras\":[" +
                                goodVideo + R"(,{"_entity":"show","_links":{}}]})");
     EXPECT_EQ(embedded.videoExtras, std::vector<Video>());
     EXPECT_EQ(embedded.seriesList, std::vector<Series>{{.seriesId = "s"}});
 }
 
-TEST(Show, TakesWhatIsEmbeddedInItsOneShapeOnly) {
+TEST(Show, ReadsEmbeddedValuesOnlyInTheirExactForm) {
     EXPECT_EQ(show("\"_embedded\":{\"selectedSeries\":[" + goodSeries + "],\"highlightVideo\":[" + goodVideo +
                    "]}"),
-              least);
+              minimal);
     EXPECT_EQ(show("\"_embedded\":{\"seriesList\":" + goodSeries + ",\"videoExtras\":" + goodVideo + "}"),
-              least);
-    EXPECT_EQ(show("\"_embedded\":{\"seriesList\":{\"items\":[" + goodSeries + "]}}"), least);
+              minimal);
+    EXPECT_EQ(show("\"_embedded\":{\"seriesList\":{\"items\":[" + goodSeries + "]}}"), minimal);
 }
 
-TEST(Show, FillsNeitherTheSelectedSeriesNorTheListFromTheOther) {
+TEST(Show, DoesNotFillTheSelectedSeriesOrTheListFromTheOther) {
     const Show list = show("\"_embedded\":{\"seriesList\":[" + goodSeries + "]}");
     EXPECT_EQ(list.selectedSeries, std::nullopt);
     EXPECT_EQ(list.seriesList.size(), 1U);
@@ -196,7 +196,7 @@ TEST(Show, FillsNeitherTheSelectedSeriesNorTheListFromTheOther) {
     EXPECT_EQ(selected.seriesList, std::vector<Series>{{.seriesId = "z"}});
 }
 
-TEST(Show, FillsNeitherOfItsHighlightsFromTheOther) {
+TEST(Show, DoesNotFillOneHighlightFromTheOther) {
     const Show embedded = show("\"_embedded\":{\"highlightVideo\":" + goodVideo + "}");
     ASSERT_TRUE(embedded.highlightVideo);
     EXPECT_EQ(embedded.playableVideo, std::nullopt);
@@ -205,19 +205,19 @@ TEST(Show, FillsNeitherOfItsHighlightsFromTheOther) {
     EXPECT_EQ(linked.playableVideo, (DirectPlayableVideo{.id = "a", .playTitle = "p"}));
 }
 
-TEST(Show, MayBeBlockedWithATitleAlone) {
+TEST(Show, CanBeBlockedWithOnlyATitle) {
     EXPECT_EQ(show(R"("data":{"blockout":{"title":"t"}})"),
               (Show{.theme = Theme::default_, .blockedTitle = "t"}));
     EXPECT_EQ(show(R"("data":{"blockout":{"message":"m","title":1}})"),
               (Show{.theme = Theme::default_, .blockedMessage = "m"}));
 }
 
-TEST(Show, HasNoBadgeFromAStatusThatFails) {
+TEST(Show, HasNoBadgeIfTheStatusIsFaulty) {
     EXPECT_EQ(show(R"("status":{"title":"t"},"title":"x")"), (Show{.title = "x", .theme = Theme::default_}));
     EXPECT_EQ(show(R"("status":{"title":"t","theme":"odd"})").status, (Status{"t", StatusTheme::default_}));
 }
 
-TEST(Show, GivesItsTitleAndPathUnderTheNamesOfACollectionItem) {
+TEST(Show, HasItsTitleAndPathAsCollectionItemMembers) {
     const Show both{.title = "t", .displayTitle = "d", .selfHref = "s", .deeplinkHref = "l"};
     EXPECT_EQ(both.showTitle(), "t");
     EXPECT_EQ(both.showHref(), "s");
@@ -237,7 +237,7 @@ TEST(Show, PrefersAnEmptySlugToTheOneInItsSelfLink) {
     EXPECT_EQ(show(R"("slug":"","_links":{"self":{"href":"/show/linked"}})").derivedShowSlug(), "");
 }
 
-TEST(Show, HasNoSlugFromASelfLinkOfTooFewParts) {
+TEST(Show, HasNoSlugIfTheSelfLinkIsTooShort) {
     for (const char* const href : {"show/slug", "slug", "/slug", ""}) {
         EXPECT_EQ(Show{.selfHref = href}.derivedShowSlug(), std::nullopt) << href;
     }
@@ -245,14 +245,14 @@ TEST(Show, HasNoSlugFromASelfLinkOfTooFewParts) {
     EXPECT_EQ(Show{.deeplinkHref = "/show/deep"}.derivedShowSlug(), std::nullopt);
 }
 
-TEST(Show, MadeByItsFieldsIsCheckedForNothing) {
+TEST(Show, InitializedByFieldsIsNotValidated) {
     const Show made{.showId = 7, .theme = std::nullopt, .selfHref = "not a path"};
     EXPECT_EQ(made.theme, std::nullopt);
-    EXPECT_NE(made, least);
+    EXPECT_NE(made, minimal);
 }
 
-TEST(ShowsByThemselves, FailWithThePathOfTheOneThatFails) {
-    EXPECT_EQ(decoded<std::vector<Show>>("[{},{}]"), (std::vector<Show>{least, least}));
+TEST(ShowsByThemselves, FailWithThePathOfTheFaultyElement) {
+    EXPECT_EQ(decoded<std::vector<Show>>("[{},{}]"), (std::vector<Show>{minimal, minimal}));
     EXPECT_EQ(failureOf<std::vector<Show>>("[{},7]"), "typeMismatch [1]");
     EXPECT_EQ(failureOf<std::vector<Show>>("{}"), "typeMismatch []");
     const test::Outcome outcome =

@@ -13,13 +13,13 @@ using test::Strictness;
 
 const Show emptyShow{.theme = Theme::default_};
 
-/// A show that gives a summary.
+/// A show that has a summary.
 std::string summable(const std::string& slug) {
     return R"({"id":1,"thumbnail":"t","updated":"2020-01-02 03:04:05","slug":")" + slug +
            R"(","_links":{"self":{"href":"/show/)" + slug + R"("}}})";
 }
 
-/// The only group of an index that has these shows.
+/// The only group of an index with these shows.
 ShowsGrouped groupOf(const std::string& shows) {
     const auto index = decoded<ShowsIndex>(R"({"items":[{"name":"A","items":[)" + shows + "]}]}");
     EXPECT_TRUE(index && index->groups.size() == 1) << shows;
@@ -44,7 +44,7 @@ test::EntityRules indexes() {
             .containers = {{"_links", Strictness::lenient}, {"_links.alert", Strictness::lenient}}};
 }
 
-/// All but the summaries, which have no key.
+/// All fields except the summaries, which have no key.
 test::EntityRules groups() {
     return {.type = test::decodable<ShowsGrouped>,
             .minimal = R"({"name":"A","items":[]})",
@@ -60,13 +60,13 @@ test::EntityRules groups() {
 
 TEST(ShowsIndex, HasTwoFieldsInDeclaredOrder) { test::expectDeclaredFields(indexes()); }
 
-TEST(ShowsIndex, NeedsItsGroupsAndMayGoWithoutAnAlert) {
+TEST(ShowsIndex, NeedsItsGroupsButNoAlert) {
     test::expectFieldsInEveryState(indexes());
     test::expectContainersInEveryState(indexes());
     test::expectAnObjectOnly(test::decodable<ShowsIndex>);
 }
 
-TEST(ShowsIndex, MayHaveNoGroups) { EXPECT_EQ(decoded<ShowsIndex>(R"({"items":[]})"), ShowsIndex{}); }
+TEST(ShowsIndex, CanHaveNoGroups) { EXPECT_EQ(decoded<ShowsIndex>(R"({"items":[]})"), ShowsIndex{}); }
 
 TEST(ShowsIndex, FailsWithoutItems) {
     EXPECT_EQ(failureOf<ShowsIndex>("{}"), R"(keyNotFound ["items"])");
@@ -97,12 +97,12 @@ TEST(ShowsIndex, FailsForOneShowOfAnotherEntity) {
     EXPECT_NE(error->as<Show::DecodingError>(), nullptr);
 }
 
-TEST(ShowsIndex, FailsForOneShowThatIsNoObject) {
+TEST(ShowsIndex, FailsIfOneShowIsNotAnObject) {
     EXPECT_EQ(failureOf<ShowsIndex>(R"({"items":[{"name":"A","items":[{},7]}]})"),
               R"(typeMismatch ["items",0,"items",1])");
 }
 
-TEST(ShowsIndex, HasNoAlertWhereItsLinksAreNone) {
+TEST(ShowsIndex, HasNoAlertWithoutLinks) {
     for (const char* const links :
          {"\"x\"", "{}", "{\"alert\":\"x\"}", "{\"alert\":{}}", "{\"alert\":{\"id\":7}}", "null"}) {
         EXPECT_EQ(decoded<ShowsIndex>(R"({"items":[],"_links":)" + std::string(links) + "}"), ShowsIndex{})
@@ -125,7 +125,7 @@ TEST(ShowsIndex, KeepsTheOrderOfTheService) {
     EXPECT_EQ(index->groups[2].groupingName, "Z");
 }
 
-TEST(ShowsIndex, IsMadeOfItsFields) {
+TEST(ShowsIndex, CanBeInitializedWithItsFields) {
     const ShowsIndex index{.groups = {{.groupingName = "A"}}, .alertId = "7"};
     EXPECT_EQ(valueText(index), R"({"groups":[)" + groupText("A", "[]") + R"(],"alertId":"7"})");
     EXPECT_NE(index, ShowsIndex{});
@@ -137,13 +137,13 @@ TEST(ShowsGrouped, NeedsANameAndShows) {
     test::expectErrorsInOrder(groups(), {{"name", "1"}, {"items", "[1]"}});
 }
 
-TEST(ShowsGrouped, KeepsAShowThatGivesNoSummary) {
+TEST(ShowsGrouped, KeepsAShowWithoutASummary) {
     const ShowsGrouped group = groupOf("{}");
     EXPECT_EQ(group.shows, std::vector<Show>{emptyShow});
     EXPECT_TRUE(group.showSummaries.empty());
 }
 
-TEST(ShowsGrouped, KeepsAShowWhoseDateDoesNotFitWithoutASummary) {
+TEST(ShowsGrouped, KeepsAShowWithAnInvalidDateWithoutASummary) {
     const ShowsGrouped group = groupOf(
         R"({"id":1,"thumbnail":"t","updated":"2020-01-02T03:04:05Z","_links":{"self":{"href":"/show/x"}}})");
     ASSERT_EQ(group.shows.size(), 1U);
@@ -151,7 +151,7 @@ TEST(ShowsGrouped, KeepsAShowWhoseDateDoesNotFitWithoutASummary) {
     EXPECT_TRUE(group.showSummaries.empty());
 }
 
-TEST(ShowsGrouped, SummarisesItsShowsInTheirOrderAndLeavesOutThoseThatCannotBe) {
+TEST(ShowsGrouped, SummarisesItsShowsInOrderAndOmitsThoseThatCannotBe) {
     const ShowsGrouped group =
         groupOf(summable("c") + ",{}," + summable("a") + R"(,{"id":7},)" + summable("b"));
     EXPECT_EQ(group.shows.size(), 5U);
@@ -161,7 +161,7 @@ TEST(ShowsGrouped, SummarisesItsShowsInTheirOrderAndLeavesOutThoseThatCannotBe) 
     EXPECT_EQ(group.showSummaries[2].href, "/show/b");
 }
 
-TEST(ShowsGrouped, SummarisesAShowWithoutTitlesByUnderscores) {
+TEST(ShowsGrouped, SummarisesAShowWithoutTitlesWithUnderscores) {
     const test::TemporaryZone utc("UTC0");
     const ShowsGrouped group = groupOf(summable("x"));
     ASSERT_EQ(group.showSummaries.size(), 1U);
@@ -171,14 +171,14 @@ TEST(ShowsGrouped, SummarisesAShowWithoutTitlesByUnderscores) {
         R"("portraitThumbnailHref":null,"characterThumbnaiHref":null,"derivedShowSlug":"x"})");
 }
 
-TEST(ShowsGrouped, TakesNoSummariesFromTheDocument) {
+TEST(ShowsGrouped, DoesNotReadSummariesFromTheDocument) {
     const auto group =
         decoded<ShowsGrouped>(R"({"name":"A","items":[],"showSummaries":[{"id":"1","href":"x"}]})");
     ASSERT_TRUE(group);
     EXPECT_TRUE(group->showSummaries.empty());
 }
 
-TEST(ShowsGrouped, MadeByItsFieldsHasTheSummariesThatItIsGiven) {
+TEST(ShowsGrouped, InitializedByFieldsHasTheGivenSummaries) {
     const Show show = groupOf(summable("x")).shows.at(0);
     const ShowsGrouped without{.groupingName = "A", .shows = {show}};
     EXPECT_TRUE(without.showSummaries.empty());

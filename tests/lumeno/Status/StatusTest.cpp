@@ -11,7 +11,7 @@ using test::decoded;
 using test::failureOf;
 using test::Strictness;
 
-/// The raw text of a theme; any other text is the default theme.
+/// The raw value of a theme. Any other string gives the default theme.
 test::Shape theme() {
     test::Shape shape = test::text();
     shape.fits = {{"\"live\"", "\"live\""},      {"\"default\"", "\"default\""}, {"\"dark\"", "\"default\""},
@@ -29,27 +29,27 @@ test::EntityRules statuses() {
 
 TEST(Status, HasTwoFields) { test::expectDeclaredFields(statuses()); }
 
-TEST(Status, TakesEachFieldFromItsKeyOrFails) { test::expectFieldsInEveryState(statuses()); }
+TEST(Status, ReadsEachFieldFromItsKeyOrFails) { test::expectFieldsInEveryState(statuses()); }
 
-TEST(Status, IsAnObject) { test::expectAnObjectOnly(test::decodable<Status>); }
+TEST(Status, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<Status>); }
 
-TEST(Status, HasTheDefaultThemeFromATextThatNamesNone) {
+TEST(Status, HasTheDefaultThemeForAnUnknownValue) {
     EXPECT_EQ(decoded<Status>(R"({"title":"t","theme":"dark"})"), (Status{"t", StatusTheme::default_}));
 }
 
-TEST(Status, FailsWithTheTitleBeforeTheTheme) {
+TEST(Status, ReportsAFaultyTitleBeforeAFaultyTheme) {
     test::expectErrorsInOrder(statuses(), {{"title", "1"}, {"theme", "1"}});
     EXPECT_EQ(failureOf<Status>("{}"), R"(keyNotFound ["title"])");
 }
 
-TEST(Status, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(Status, CanBeInitializedInDeclaredOrder) {
     const Status status{.title = "New", .theme = StatusTheme::live};
     EXPECT_EQ(valueText(status), R"({"title":"New","theme":"live"})");
     EXPECT_EQ(decoded<Status>(valueText(status)), status);
     EXPECT_EQ(Status{}.theme, StatusTheme::default_);
 }
 
-TEST(StatusDecodingError, NamesTheTextThatIsNoTheme) {
+TEST(StatusDecodingError, ContainsTheInvalidTheme) {
     const Status::DecodingError error = Status::DecodingError::invalidTheme("Dark");
     EXPECT_EQ(error.found(), "Dark");
     EXPECT_EQ(error.localizedDescription(), "Invalid Status theme string value found: Dark");

@@ -24,13 +24,13 @@ test::EntityRules phrases() {
 
 TEST(ContextualPhrases, HasEightFields) { test::expectDeclaredFields(phrases()); }
 
-TEST(ContextualPhrases, TakesEachFieldFromItsKeyOrLeavesItEmptyOrFails) {
+TEST(ContextualPhrases, ReadsEachFieldFromItsKeyOrLeavesItEmptyOrFails) {
     test::expectFieldsInEveryState(phrases());
 }
 
-TEST(ContextualPhrases, IsAnObject) { test::expectAnObjectOnly(test::decodable<ContextualPhrases>); }
+TEST(ContextualPhrases, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<ContextualPhrases>); }
 
-TEST(ContextualPhrases, FailsWithTheFirstFieldThatDoes) {
+TEST(ContextualPhrases, FailsWithTheErrorOfTheFirstFaultyField) {
     test::expectErrorsInOrder(phrases(), {{"channel", "1"},
                                           {"genre", "\"x\""},
                                           {"subGenre", "[1]"},
@@ -41,11 +41,11 @@ TEST(ContextualPhrases, FailsWithTheFirstFieldThatDoes) {
                                           {"other", "\"\""}});
 }
 
-TEST(ContextualPhrases, FailsWhereAFieldIsATextInsteadOfAList) {
+TEST(ContextualPhrases, FailsIfAFieldIsAStringInsteadOfAList) {
     EXPECT_EQ(test::failureOf<ContextualPhrases>(R"({"mood":"bright"})"), R"(typeMismatch ["mood"])");
 }
 
-TEST(ContextualPhrases, KeepsAGroupWithoutWordsApartFromNoGroup) {
+TEST(ContextualPhrases, DistinguishesAnEmptyGroupFromNone) {
     const auto phrases = test::decoded<ContextualPhrases>(R"({"mood":[],"need":null})");
     ASSERT_TRUE(phrases);
     EXPECT_EQ(phrases->mood, std::vector<std::string>());
@@ -53,7 +53,7 @@ TEST(ContextualPhrases, KeepsAGroupWithoutWordsApartFromNoGroup) {
     EXPECT_EQ(phrases->other, std::nullopt);
 }
 
-TEST(ContextualPhrases, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(ContextualPhrases, CanBeInitializedInDeclaredOrder) {
     const ContextualPhrases phrases{.channel = {{"a"}},
                                     .genre = {{"b"}},
                                     .subGenre = {{"c"}},
@@ -69,7 +69,7 @@ TEST(ContextualPhrases, IsMadeOfItsFieldsInDeclaredOrder) {
     EXPECT_NE(phrases, ContextualPhrases{});
 }
 
-/// Every case with its raw text, in case order, and nothing else.
+/// Expects exactly these cases with these raw values, in case order.
 template <class E>
 void expectCases(const std::vector<std::pair<E, std::string>>& cases) {
     ASSERT_EQ(std::size(RawTexts<E>::cases), cases.size());
@@ -85,15 +85,15 @@ void expectCases(const std::vector<std::pair<E, std::string>>& cases) {
     }
 }
 
-TEST(Theme, IsKnownByItsRawTextsAlone) {
+TEST(Theme, IsReadOnlyFromItsRawValues) {
     expectCases<Theme>({{Theme::default_, "default"}, {Theme::light, "light"}});
 }
 
-TEST(StatusTheme, IsKnownByItsRawTextsAlone) {
+TEST(StatusTheme, IsReadOnlyFromItsRawValues) {
     expectCases<StatusTheme>({{StatusTheme::default_, "default"}, {StatusTheme::live, "live"}});
 }
 
-TEST(LumenoSubtype, IsKnownByItsRawTextsAlone) {
+TEST(LumenoSubtype, IsReadOnlyFromItsRawValues) {
     expectCases<LumenoSubtype>({{LumenoSubtype::livestream, "livestream"},
                                 {LumenoSubtype::episode, "episode"},
                                 {LumenoSubtype::series, "series"},

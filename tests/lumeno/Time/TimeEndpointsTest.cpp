@@ -11,7 +11,7 @@ namespace {
 
 static_assert(std::is_default_constructible_v<Endpoint>);
 
-/// What `Endpoint::Time` makes of `body`.
+/// The outcome of `Endpoint::Time` for a response with `body`.
 Result<double, LoaderError> timeOf(const char* body) {
     Testing::ScriptedService service;
     service.expect("GET /v2/time").answer(body);
@@ -24,7 +24,7 @@ Result<double, LoaderError> timeOf(const char* body) {
     return outcome;
 }
 
-TEST(TimeURI, AsksForThePathAlone) {
+TEST(TimeURI, HasOnlyAPath) {
     const ResourceURI route = TimeURI{};
     EXPECT_EQ(route.path(), "v2/time");
     EXPECT_TRUE(route.queryItems().empty());
@@ -44,7 +44,7 @@ TEST(EndpointTime, AnObjectFailsToDecode) {
     EXPECT_EQ(time.error().kind(), LoaderError::Kind::failedToDecode);
 }
 
-TEST(EndpointTime, IsNothingWhereTheContextMakesNoRequest) {
+TEST(EndpointTime, IsAbsentIfTheContextMakesNoRequest) {
     class NoRequest final : public Testing::TestContext {
     public:
         std::optional<URLRequest> generateURLRequest(URLRequestArguments) const override { return {}; }

@@ -56,52 +56,52 @@ TEST(VideoAnalytics, HasThirtyFields) {
     test::expectDeclaredFields(analytics());
 }
 
-TEST(VideoAnalytics, TakesEachFieldFromItsKeyOrLeavesItEmpty) { test::expectFieldsInEveryState(analytics()); }
+TEST(VideoAnalytics, ReadsEachFieldFromItsKeyOrLeavesItEmpty) { test::expectFieldsInEveryState(analytics()); }
 
-TEST(VideoAnalytics, IsEmptyWhereItsObjectsAreNone) { test::expectContainersInEveryState(analytics()); }
+TEST(VideoAnalytics, IsEmptyWithoutItsObjects) { test::expectContainersInEveryState(analytics()); }
 
-TEST(VideoAnalytics, FailsOnlyWhereItIsNoObject) { test::expectAnObjectOnly(test::decodable<Analytics>); }
+TEST(VideoAnalytics, FailsOnlyIfItIsNotAnObject) { test::expectAnObjectOnly(test::decodable<Analytics>); }
 
-TEST(VideoAnalytics, IsEmptyFromAnEmptyObjectAndFromUnfitOnes) {
+TEST(VideoAnalytics, IsEmptyForEmptyOrInvalidObjects) {
     EXPECT_EQ(decoded<Analytics>("{}"), Analytics{});
     EXPECT_EQ(decoded<Analytics>(R"({"oztam":1,"dataLayer":[]})"), Analytics{});
 }
 
-TEST(VideoAnalytics, HasOneDurationThatIsANumberAndOneThatIsAText) {
+TEST(VideoAnalytics, HasANumericDurationAndOneAsAString) {
     EXPECT_EQ(decoded<Analytics>(R"({"oztam":{"mediaDuration":120},"dataLayer":{"d_mediaDuration":"120"}})"),
               (Analytics{.oztamMediaDuration = 120U, .dataLayerMediaDuration = "120"}));
     EXPECT_EQ(decoded<Analytics>(R"({"oztam":{"mediaDuration":"120"},"dataLayer":{"d_mediaDuration":120}})"),
               Analytics{});
 }
 
-TEST(VideoAnalytics, HasNoDurationFromANegativeNumberOrAFraction) {
+TEST(VideoAnalytics, DoesNotReadADurationFromANegativeNumberOrAFraction) {
     EXPECT_EQ(decoded<Analytics>(R"({"oztam":{"mediaDuration":-1}})"), Analytics{});
     EXPECT_EQ(decoded<Analytics>(R"({"oztam":{"mediaDuration":1.5}})"), Analytics{});
 }
 
-TEST(VideoAnalytics, HasATextForWhatReadsLikeAFlag) {
+TEST(VideoAnalytics, HasStringsForFieldsThatLookLikeFlags) {
     EXPECT_EQ(decoded<Analytics>(R"({"dataLayer":{"d_captionsAvailable":true}})"), Analytics{});
     EXPECT_EQ(decoded<Analytics>(R"({"dataLayer":{"d_captionsAvailable":"true"}})"),
               Analytics{.dataLayerCaptionAvailable = "true"});
 }
 
-TEST(VideoAnalytics, HasOneTextForItsCategories) {
+TEST(VideoAnalytics, HasOneStringForItsCategories) {
     EXPECT_EQ(decoded<Analytics>(R"({"dataLayer":{"d_categories":["a","b"]}})"), Analytics{});
     EXPECT_EQ(decoded<Analytics>(R"({"dataLayer":{"d_categories":"a,b"}})"),
               Analytics{.dataLayerCategories = "a,b"});
 }
 
-TEST(VideoAnalytics, KeepsTheNeighboursOfABadKey) {
+TEST(VideoAnalytics, KeepsTheFieldsNextToAFaultyKey) {
     EXPECT_EQ(decoded<Analytics>(R"({"oztam":{"publisherId":1,"mediaId":"m"}})"),
               Analytics{.oztamMediaId = "m"});
 }
 
-TEST(VideoAnalytics, OfAVideoIsEmptyOrPresentWithoutAnything) {
+TEST(VideoAnalytics, OfAVideoIsAbsentOrPresentButEmpty) {
     EXPECT_EQ(decoded<Video>(R"({"_links":{},"analytics":"x"})")->analytics, std::nullopt);
     EXPECT_EQ(decoded<Video>(R"({"_links":{},"analytics":{}})")->analytics, Analytics{});
 }
 
-TEST(VideoAnalytics, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(VideoAnalytics, CanBeInitializedInDeclaredOrder) {
     const Analytics made{.oztamPublisherId = "oztam.publisherId",
                          .oztamMediaId = "oztam.mediaId",
                          .oztamClassification = "oztam.classification",

@@ -7,12 +7,12 @@
 namespace VanticRestKit {
 namespace {
 
-TEST(VideoAsACollectionItem, GivesTheMembersThatItHasFieldsFor) {
+TEST(VideoAsACollectionItem, HasTheMembersOfItsFields) {
     const test::TemporaryZone utc("UTC0");
     std::optional<Video> video = test::decoded<Video>(test::fullDocument(test::videos()));
     ASSERT_TRUE(video);
     video->deeplinkHref = "show/slug/third";
-    // Told apart from the other numbers and truth values of a video.
+    // Differs from the other numbers and Booleans of a video.
     video->duration = 60;
     video->showId = 7;
     video->captionsOnAkamai = false;
@@ -67,7 +67,7 @@ TEST(VideoAsACollectionItem, KeepsTheDefaultsOfTheOtherMembers) {
     EXPECT_EQ(item.broadcastInfo(), std::nullopt);
 }
 
-TEST(VideoAsACollectionItem, CanBeTakenOutAgain) {
+TEST(VideoAsACollectionItem, CanBeExtracted) {
     const Video video{.videoId = "v", .title = "t"};
     const CollectionItem item = video;
     ASSERT_NE(item.as<Video>(), nullptr);

@@ -1,4 +1,4 @@
-// What is told of a video's document, fault by fault.
+// The faults reported for a video's document.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/lumeno/Video/VideoList.h>
@@ -11,9 +11,11 @@ namespace {
 
 using test::faultText;
 
-TEST(ExplainingAVideo, KeepsQuietAboutTheLeastVideo) { EXPECT_EQ(faultText<Video>(R"({"_links":{}})"), ""); }
+TEST(ExplainingAVideo, ReportsNothingForTheSmallestVideo) {
+    EXPECT_EQ(faultText<Video>(R"({"_links":{}})"), "");
+}
 
-TEST(ExplainingAVideo, FollowsTheOrderOfDecodingAndNotOfTheDocument) {
+TEST(ExplainingAVideo, ReportsFaultsInDecodingOrder) {
     EXPECT_EQ(faultText<Video>(
                   R"({"_embedded":1,"_links":{"variations":1,"self":1,"highlightVideo":1},"thumbnails":1,)"
                   R"("tags":1,"id":1,"expireDate":1,"type":"nonsense","_entity":1})"),
@@ -31,7 +33,7 @@ TEST(ExplainingAVideo, FollowsTheOrderOfDecodingAndNotOfTheDocument) {
               "/_embedded lenient: Object, number, empty\n");
 }
 
-TEST(ExplainingAVideo, SaysOfADerivedFieldWhatItHoldsInTheEnd) {
+TEST(ExplainingAVideo, ReportsTheFinalValueOfADerivedField) {
     EXPECT_EQ(faultText<Video>(R"({"id":"7","_links":{"highlightVideo":"x"},"houseNumber":5})"),
               "/houseNumber lenient: String, number, empty\n"
               "/_links/highlightVideo lenient: DirectPlayableVideo, string, "
@@ -39,7 +41,7 @@ TEST(ExplainingAVideo, SaysOfADerivedFieldWhatItHoldsInTheEnd) {
               "\n");
 }
 
-TEST(ExplainingAVideo, LeadsIntoWhatIsNested) {
+TEST(ExplainingAVideo, ReportsFaultsInsideNestedValues) {
     EXPECT_EQ(
         faultText<Video>(
             R"({"status":{"title":"t"},"captions":"true","duration":"120","relatedLinks":[{"href":"a"},{}],)"
@@ -58,7 +60,7 @@ TEST(ExplainingAVideo, LeadsIntoWhatIsNested) {
         "/_embedded/playlist/1/type lenient: PlaylistItem.PlaylistType, string, empty\n");
 }
 
-TEST(ExplainingAVideo, EndsWithWhatFailsIt) {
+TEST(ExplainingAVideo, ReportsTheFaultThatFailsItLast) {
     EXPECT_EQ(faultText<Video>(R"({"title":1})"),
               "/title lenient: String, number, empty\n"
               "/_links required: Object, nothing, failure\n");
@@ -66,7 +68,7 @@ TEST(ExplainingAVideo, EndsWithWhatFailsIt) {
     EXPECT_EQ(faultText<Video>("7"), " required: Video, number, failure\n");
 }
 
-TEST(ExplainingAVideo, NamesTheOtherEntityThatItClaimsToBe) {
+TEST(ExplainingAVideo, NamesTheWrongEntity) {
     const Diagnosis diagnosis =
         diagnose<std::vector<Video>>(Data(R"([{"_links":{}},{"_entity":"Show","title":1}])"));
     ASSERT_EQ(diagnosis.faults.size(), 1U);
@@ -77,7 +79,7 @@ TEST(ExplainingAVideo, NamesTheOtherEntityThatItClaimsToBe) {
     EXPECT_EQ(diagnosis.faults[0].became, "failure");
 }
 
-TEST(ExplainingAVideoList, TellsWhichVideoEmptiesIt) {
+TEST(ExplainingAVideoList, ReportsTheVideoThatEmptiesIt) {
     EXPECT_EQ(faultText<VideoList>(R"({"items":[{"_links":{}},{"title":1}]})"),
               "/items/1/title lenient: String, number, empty\n"
               "/items/1/_links lenient: Object, nothing, []\n");

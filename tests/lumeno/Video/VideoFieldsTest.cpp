@@ -1,4 +1,4 @@
-// The 53 fields of a video, in every state of each.
+// Tests the 53 fields of a video in every state.
 
 #include <gtest/gtest.h>
 #include <lumeno/Video/VideoRules.h>
@@ -15,18 +15,18 @@ TEST(VideoFields, AreFiftyThree) {
     test::expectDeclaredFields(videos());
 }
 
-TEST(VideoFields, AreTakenFromTheirKeysOrLeftEmptyAndNeverFail) {
+TEST(VideoFields, AreReadFromTheirKeysOrLeftEmptyAndNeverFail) {
     const test::TemporaryZone utc("UTC0");
     test::expectFieldsInEveryState(videos());
 }
 
-TEST(VideoFields, AreEmptyWhereTheirObjectIsNoneAndTheLinksAloneMustBeOne) {
+TEST(VideoFields, AreEmptyWithoutTheirObjectAndOnlyTheLinksAreRequired) {
     const test::TemporaryZone utc("UTC0");
     test::expectContainersInEveryState(videos());
 }
 
-TEST(VideoFields, HaveNoOtherKeysThanTheirOwn) {
-    // Keys that read much like those of the fields, and keys in the wrong object.
+TEST(VideoFields, AreReadOnlyFromTheirOwnKeys) {
+    // Keys similar to those of the fields, and keys in the wrong object.
     const std::string others =
         R"({"_links":{"playlist":[],"id":"x","href":"x","self":{"id":"x","title":"x"},"deeplink":{"id":"x","title":"x"},)"
         R"("show":{"title":"x","showId":1},"series":{"title":"x"},"nextEpisode":{"id":"x","subtitle":"x"},)"
@@ -38,7 +38,7 @@ TEST(VideoFields, HaveNoOtherKeysThanTheirOwn) {
     EXPECT_EQ(decoded<Video>(others), Video{.playableVideo = DirectPlayableVideo{}});
 }
 
-TEST(VideoFields, MakeAVideoInDeclaredOrder) {
+TEST(VideoFields, InitializeAVideoInDeclaredOrder) {
     const test::TemporaryZone utc("UTC0");
     const Date date{std::chrono::duration<double>(1577934245)};
     const Streams streams{.hls = {.sd = "_embedded.playlist"}};
@@ -108,7 +108,7 @@ TEST(VideoFields, MakeAVideoInDeclaredOrder) {
     EXPECT_EQ(*full, video);
 }
 
-TEST(Participants, HasTwoTextsThatMayBeLeftOutAndFailOfAnotherType) {
+TEST(Participants, HasTwoOptionalStringsThatFailForAnotherType) {
     const test::EntityRules rules{.type = test::decodable<Participants>,
                                   .minimal = "{}",
                                   .fields = {{"title", "title", test::Strictness::optional, test::text()},
@@ -119,7 +119,7 @@ TEST(Participants, HasTwoTextsThatMayBeLeftOutAndFailOfAnotherType) {
     test::expectAnObjectOnly(test::decodable<Participants>);
 }
 
-TEST(Participants, IsMadeOfItsFieldsInDeclaredOrder) {
+TEST(Participants, CanBeInitializedInDeclaredOrder) {
     const Participants participants{.title = "Director", .list = "A, B"};
     EXPECT_EQ(decoded<Participants>(R"({"list":"A, B","title":"Director"})"), participants);
     EXPECT_EQ(valueText(participants), R"({"title":"Director","list":"A, B"})");

@@ -32,7 +32,7 @@ TEST(VideoList, HasTheVideosUnderItems) {
     EXPECT_EQ(countOf(R"({"videos":[{"_links":{}}]})"), 0U);
 }
 
-TEST(VideoList, HasNoVideoAtAllWhereOneFails) {
+TEST(VideoList, HasNoVideosIfOneFails) {
     EXPECT_EQ(countOf(R"({"items":[{"_links":{}}]})"), 1U);
     EXPECT_EQ(countOf(R"({"items":[{"_links":{}},{}]})"), 0U);
     EXPECT_EQ(countOf(R"({"items":[{},{"_links":{}}]})"), 0U);
@@ -48,15 +48,15 @@ TEST(VideoList, HasNoVideosWithoutAList) {
     }
 }
 
-TEST(VideoList, IsAnObject) { test::expectAnObjectOnly(test::decodable<VideoList>); }
+TEST(VideoList, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<VideoList>); }
 
-TEST(VideoList, IsMadeOfItsVideos) {
+TEST(VideoList, CanBeInitializedWithItsVideos) {
     const VideoList list{.videos = {Video{.videoId = "a"}}};
     EXPECT_EQ(list.videos.at(0).videoId, "a");
     EXPECT_NE(list, VideoList{});
 }
 
-TEST(VideosByThemselves, FailWithThePathOfTheOneThatFails) {
+TEST(VideosByThemselves, FailWithThePathOfTheFaultyElement) {
     EXPECT_EQ(failureOf<std::vector<Video>>(R"([{"_links":{}},{}])"), R"(keyNotFound [1,"_links"])");
     EXPECT_EQ(failureOf<std::vector<Video>>("[null]"), "typeMismatch [0]");
     const test::Outcome outcome = test::outcomeOf(test::decodable<std::vector<Video>>,

@@ -16,7 +16,7 @@ TEST(VideoURI, AppendsTheHouseNumberToThePath) {
     expectAPathAlone(VideoURI{.houseNumber = "ZW1"}, "v2/video/ZW1");
 }
 
-TEST(VideoURI, NeitherEscapesNorJudgesTheHouseNumber) {
+TEST(VideoURI, NeitherEscapesNorValidatesTheHouseNumber) {
     expectAPathAlone(VideoURI{.houseNumber = ""}, "v2/video/");
     expectAPathAlone(VideoURI{.houseNumber = "a b/../c?d=%20"}, "v2/video/a b/../c?d=%20");
 }
@@ -27,7 +27,7 @@ TEST(VideosURI, JoinsTheHouseNumbersWithCommas) {
     expectAPathAlone(VideosURI{.houseNumbers = {"a", "", "b,c", "d e"}}, "v2/videos/a,,b,c,d e");
 }
 
-TEST(VideosURI, AsksForNoHouseNumbersToo) {
+TEST(VideosURI, CanBeEmpty) {
     expectAPathAlone(VideosURI{}, "v2/videos/");
     expectAPathAlone(VideosURI{.houseNumbers = {""}}, "v2/videos/");
 }

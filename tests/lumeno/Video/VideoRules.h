@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What the fields of a video are held to.
+/// The rules of a video's fields.
 
 #include <VanticRestKit/lumeno/Video/Video.h>
 
@@ -15,7 +15,7 @@ inline FieldRule lenientText(const char* name, const char* path) {
     return {name, path, Strictness::lenient, text()};
 }
 
-/// A list of links that is `[]` where one of them fails.
+/// A list of links that is `[]` if one of them fails.
 inline Shape linkList() {
     return listOf(
         "[]",
@@ -50,7 +50,7 @@ inline Shape analyticsObject() {
         {{"{}", emptyAnalytics()}, {R"({"oztam":"x","dataLayer":{"d_id":1}})", emptyAnalytics()}});
 }
 
-/// A playlist that is empty, and no list without entries, where one entry fails.
+/// An optional playlist. It is absent if one entry fails, which differs from an empty list.
 inline Shape playlist() {
     const std::string streams =
         R"({"mpegdash":null,"fairplay":null,"hls":{"protected":false,"sd":"$","sdLow":null,)"
@@ -65,7 +65,7 @@ inline Shape playlist() {
         {R"({"type":"feature","streams":{"hls":{}}})"});
 }
 
-/// What is read under "highlightVideo" and pointed at the video itself, by the mirrors below.
+/// The value read under "highlightVideo", with the video's own id and href added by the mirrors below.
 inline Shape playableVideo() {
     Shape shape =
         objectOf({{R"({"id":"a","href":"b","playTitle":"$"})", R"({"id":null,"href":null,"playTitle":"$"})"},

@@ -12,7 +12,7 @@ namespace {
 using test::decoded;
 using test::failureOf;
 
-/// A video of these members and of links.
+/// A video with these members and links.
 Video video(const std::string& members, const std::string& links = "{}") {
     const auto video =
         decoded<Video>("{" + members + (members.empty() ? "" : ",") + "\"_links\":" + links + "}");
@@ -20,7 +20,7 @@ Video video(const std::string& members, const std::string& links = "{}") {
     return video.value_or(Video{});
 }
 
-/// The text of the error that `json` fails with.
+/// The description of the error with which `json` fails.
 std::string messageOf(const std::string& json) {
     std::optional<Error> error;
     EXPECT_FALSE(decoded<Video>(json, &error));
@@ -32,7 +32,7 @@ TEST(Video, ListsItsDeeplinkIdAsItsOnlyIgnoredKey) {
     EXPECT_EQ(video("", R"({"deeplink":{"id":"x"}})"), video("", R"({"deeplink":{}})"));
 }
 
-TEST(Video, NeedsNoMoreThanLinks) {
+TEST(Video, NeedsOnlyLinks) {
     const Video empty = video("");
     EXPECT_EQ(empty, Video{.playableVideo = DirectPlayableVideo{}});
     EXPECT_FALSE(empty.captionsAvailable);
@@ -49,19 +49,19 @@ TEST(Video, FailsWithoutLinks) {
     EXPECT_EQ(failureOf<Video>(R"({"_links":[]})"), R"(typeMismatch ["_links"])");
 }
 
-TEST(Video, IsAnObject) {
+TEST(Video, MustBeAnObject) {
     for (const char* const json : {"[]", "null", "1", "\"x\"", "true"})
         EXPECT_EQ(failureOf<Video>(json), "typeMismatch []");
 }
 
-TEST(Video, IsKnownByItsEntityWhateverTheCase) {
+TEST(Video, RecognisesItsEntityInAnyCase) {
     for (const char* const entity : {"video", "VIDEO", "Video", "vIdEo", "v\\u0069deo"}) {
         EXPECT_EQ(video(R"("_entity":")" + std::string(entity) + "\"").playableVideo, DirectPlayableVideo{})
             << entity;
     }
 }
 
-TEST(Video, FailsAsAnotherEntityWithItsNameAsItCame) {
+TEST(Video, FailsForAnotherEntityWithItsNameUnchanged) {
     EXPECT_EQ(messageOf(R"({"_entity":"show","_links":{}})"),
               R"(Video expects a "video" entity type, but found "show")");
     EXPECT_EQ(messageOf(R"({"_entity":"Show","_links":{}})"),
@@ -75,7 +75,7 @@ TEST(Video, FailsAsAnotherEntityWithItsNameAsItCame) {
     }
 }
 
-TEST(Video, FailsAsAnotherEntityWithItsOwnError) {
+TEST(Video, FailsForAnotherEntityWithItsOwnError) {
     std::optional<Error> error;
     EXPECT_FALSE(decoded<Video>(R"({"_entity":"Show","_links":{}})", &error));
     ASSERT_TRUE(error);
@@ -86,57 +86,57 @@ TEST(Video, FailsAsAnotherEntityWithItsOwnError) {
     EXPECT_EQ(error->as<DecodingError>(), nullptr);
 }
 
-TEST(Video, TakesAnEntityThatIsNoTextForNone) {
+TEST(Video, IgnoresAnEntityThatIsNotAString) {
     for (const char* const entity : {"5", "null", "true", "{}", "[]", "[\"show\"]", "\"\\ud800\""}) {
         EXPECT_EQ(failureOf<Video>(R"({"_entity":)" + std::string(entity) + R"(,"_links":{}})"), "")
             << entity;
     }
 }
 
-TEST(Video, ChecksItsEntityBeforeItsLinksWhateverComesFirst) {
+TEST(Video, ChecksItsEntityBeforeItsLinksWhateverTheirOrder) {
     const std::string mismatch = R"(Video expects a "video" entity type, but found "show")";
     for (const char* const links :
          {"", "\"_links\":null,", "\"_links\":[],", "\"_links\":{\"\\ud800\":1},"}) {
         EXPECT_EQ(failureOf<Video>("{" + std::string(links) + "\"_entity\":\"show\"}"), mismatch) << links;
     }
-    // And is opened before either.
+    // The object is opened before either is read.
     EXPECT_EQ(failureOf<Video>(R"({"_entity":"show","\ud800":1})"), "dataCorrupted []");
-    // The first of two entities counts.
+    // The first of two entities is used.
     EXPECT_EQ(failureOf<Video>(R"({"_entity":"show","_entity":"video","_links":{}})"), mismatch);
     EXPECT_EQ(failureOf<Video>(R"({"_entity":"video","_entity":"show","_links":{}})"), "");
     EXPECT_EQ(failureOf<Video>(R"({"_entity":1,"_entity":"show","_links":{}})"), "");
 }
 
-TEST(Video, FailsForItsLinksAloneOfAllItsObjects) {
+TEST(Video, RequiresOnlyItsLinksOfAllItsObjects) {
     EXPECT_EQ(video(R"("thumbnails":[],"_embedded":[])"), Video{.playableVideo = DirectPlayableVideo{}});
 }
 
-TEST(Video, HasItsDatesInTheZoneOfTheDevice) {
+TEST(Video, ReadsItsDatesInTheZoneOfTheDevice) {
     const test::TemporaryZone east("EST-10");
     const Video dated = video(R"("pubDate":"2020-01-02 03:04:05","expireDate":"2020-01-02 13:04:05")");
     EXPECT_EQ(dated.pubDate, Date(std::chrono::duration<double>(1577934245 - 36000)));
     EXPECT_EQ(dated.expireDate, Date(std::chrono::duration<double>(1577934245)));
 }
 
-TEST(Video, HasNoDateFromAnotherForm) {
+TEST(Video, DoesNotReadADateInAnotherFormat) {
     EXPECT_EQ(video(R"("pubDate":"2020-01-02T03:04:05Z")").pubDate, std::nullopt);
     EXPECT_EQ(video(R"("pubDate":12)").pubDate, std::nullopt);
     EXPECT_EQ(video(R"("pubDate":"2020-01-02 03:04:05.5")").pubDate, std::nullopt);
 }
 
-TEST(Video, HasADurationFromAnUnsignedNumberAlone) {
+TEST(Video, ReadsADurationOnlyFromAnUnsignedNumber) {
     EXPECT_EQ(video(R"("duration":120)").duration, 120U);
     EXPECT_EQ(video(R"("duration":"120")").duration, std::nullopt);
     EXPECT_EQ(video(R"("duration":-1)").duration, std::nullopt);
 }
 
-TEST(Video, HasCaptionsFromATruthValueAlone) {
+TEST(Video, ReadsCaptionsOnlyFromABoolean) {
     EXPECT_TRUE(video(R"("captions":true)").captionsAvailable);
     EXPECT_FALSE(video(R"("captions":"true")").captionsAvailable);
     EXPECT_FALSE(video(R"("captions":{})").captionsAvailable);
 }
 
-TEST(Video, HasEachSubtypeByItsRawTextAndNoneOfAnUnknownOne) {
+TEST(Video, ReadsEachSubtypeByItsRawValueAndNoneForAnUnknownOne) {
     EXPECT_EQ(video(R"("type":"livestream")").subtype, LumenoSubtype::livestream);
     EXPECT_EQ(video(R"("type":"episode")").subtype, LumenoSubtype::episode);
     EXPECT_EQ(video(R"("type":"series")").subtype, LumenoSubtype::series);
@@ -146,7 +146,7 @@ TEST(Video, HasEachSubtypeByItsRawTextAndNoneOfAnUnknownOne) {
     EXPECT_EQ(video(R"("type":"Episode")").subtype, std::nullopt);
 }
 
-TEST(Video, HasAShowIdThatIsANumberAndASeriesIdThatIsAText) {
+TEST(Video, HasANumericShowIdAndAStringSeriesId) {
     const Video wrong = video("", R"({"show":{"id":"7","href":"s"},"series":{"id":7,"href":"r"}})");
     EXPECT_EQ(wrong.showId, std::nullopt);
     EXPECT_EQ(wrong.showHref, "s");
@@ -157,7 +157,7 @@ TEST(Video, HasAShowIdThatIsANumberAndASeriesIdThatIsAText) {
     EXPECT_EQ(right.seriesId, "7");
 }
 
-TEST(Video, ReadsEachCuePointInItsOwnSpellingOnly) {
+TEST(Video, ReadsEachCuePointOnlyInItsOwnSpelling) {
     EXPECT_EQ(video(R"("nextVideoCuePoint":10,"doneCuepoint":10)"),
               Video{.playableVideo = DirectPlayableVideo{}});
     const Video right = video(R"("nextVideoCuepoint":10,"doneCuePoint":20)");
@@ -165,18 +165,18 @@ TEST(Video, ReadsEachCuePointInItsOwnSpellingOnly) {
     EXPECT_EQ(right.doneCuePoint, 20U);
 }
 
-TEST(Video, PointsAtItselfWithTheTitleOfItsHighlight) {
+TEST(Video, RefersToItselfWithTheTitleOfItsHighlight) {
     const Video highlighted = video(
         R"("id":"v")", R"({"self":{"href":"s"},"highlightVideo":{"id":"a","href":"b","playTitle":"c"}})");
     EXPECT_EQ(highlighted.playableVideo, (DirectPlayableVideo{.id = "v", .href = "s", .playTitle = "c"}));
-    // Whichever comes first.
+    // The order of the keys does not matter.
     const auto turned = decoded<Video>(
         R"({"_links":{"highlightVideo":{"id":"a","href":"b","playTitle":"c"},"self":{"href":"s"}},"id":"v"})");
     ASSERT_TRUE(turned);
     EXPECT_EQ(turned->playableVideo, highlighted.playableVideo);
 }
 
-TEST(Video, PointsAtItselfWithoutAHighlightToo) {
+TEST(Video, RefersToItselfWithoutAHighlight) {
     EXPECT_EQ(video(R"("id":"v")").playableVideo, DirectPlayableVideo{.id = "v"});
     for (const char* const highlight :
          {"null", "1", "\"x\"", "[]", "{}", "{\"\\ud800\":1,\"playTitle\":\"c\"}"}) {
@@ -186,7 +186,7 @@ TEST(Video, PointsAtItselfWithoutAHighlightToo) {
     }
 }
 
-TEST(Video, KeepsAPlaylistWithoutEntriesApartFromNone) {
+TEST(Video, DistinguishesAnEmptyPlaylistFromNone) {
     const std::string bad = R"({"type":"feature","streams":{"hls":{}}})";
     EXPECT_EQ(video(R"("_embedded":{"playlist":[]})").playlist, std::vector<PlaylistItem>());
     EXPECT_EQ(video(R"("_embedded":{"playlist":[)" + bad + "]}").playlist, std::nullopt);
@@ -194,7 +194,7 @@ TEST(Video, KeepsAPlaylistWithoutEntriesApartFromNone) {
     EXPECT_EQ(video("").playlist, std::nullopt);
 }
 
-TEST(Video, LosesItsWholePlaylistForOneEntry) {
+TEST(Video, LosesItsPlaylistIfOneEntryIsFaulty) {
     const std::string good = R"({"type":"program","streams":{"hls":{}}})";
     EXPECT_EQ(video(R"("title":"t","_embedded":{"playlist":[)" + good + "," + good + "]}").playlist->size(),
               2U);
@@ -204,7 +204,7 @@ TEST(Video, LosesItsWholePlaylistForOneEntry) {
     EXPECT_EQ(without.title, "t");
 }
 
-TEST(Video, LosesTheWholeListOfOneBadElementAndNoOther) {
+TEST(Video, LosesOnlyTheListWithAFaultyElement) {
     const Video links = video(R"("relatedLinks":[{"href":"a"},{"id":"b"}],"participants":[{"title":"t"}])");
     EXPECT_EQ(links.relatedLinks, std::vector<Link>());
     EXPECT_EQ(links.participants, std::vector<Participants>{{.title = "t"}});
@@ -213,7 +213,7 @@ TEST(Video, LosesTheWholeListOfOneBadElementAndNoOther) {
     EXPECT_EQ(people.participants, std::vector<Participants>());
 }
 
-TEST(Video, MakesNothingAgree) {
+TEST(Video, DoesNotReconcileContradictoryFields) {
     const Video odd = video(R"("playable":false,"playableMessage":"m","captions":true,"availability":"a")");
     EXPECT_FALSE(odd.playable);
     EXPECT_EQ(odd.playableMessage, "m");

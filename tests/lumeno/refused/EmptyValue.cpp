@@ -1,4 +1,4 @@
-// An empty value of the type that KIND names, made in the way that CASE names.
+// Constructs an empty value. KIND selects the type and CASE the way of construction.
 #include <VanticRestKit/lumeno/Navigation/BrowseList.h>
 #include <VanticRestKit/lumeno/Remap/Remap.h>
 #include <VanticRestKit/lumeno/Show/ShowSummary.h>

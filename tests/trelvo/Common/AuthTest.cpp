@@ -34,7 +34,7 @@ TEST(Auth, ReadsTheExpiryLast) {
         {{"access_token", "1"}, {"refresh_token", "null"}, {"token_type", "[]"}, {"expiry", "\"5\""}});
 }
 
-TEST(Auth, IsAnObject) { test::expectAnObjectOnly(test::decodable<Auth>); }
+TEST(Auth, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<Auth>); }
 
 TEST(Auth, TakesItsExpiryAsSecondsSince1970AndNeverAsText) {
     const auto expiryOf = [](const std::string& number) {

@@ -29,7 +29,7 @@ TEST(ResponseMeta, MayLackAnyOfThemAndFailsOfAnotherType) {
     test::expectErrorsInOrder(facts(), {{"count", "\"1\""}, {"data", "1"}, {"status_code", "-1"}});
 }
 
-TEST(ResponseMeta, IsAnObject) { test::expectAnObjectOnly(test::decodable<ResponseMeta>); }
+TEST(ResponseMeta, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<ResponseMeta>); }
 
 }  // namespace
 }  // namespace VanticRestKit

@@ -45,7 +45,7 @@ TEST(DatasetContainer, ReadsTheUidBeforeTheDataset) {
     test::expectErrorsInOrder(datasetContainers(), {{"uid", "1"}, {"dataset", "[]"}});
 }
 
-TEST(DatasetContainer, IsAnObject) { test::expectAnObjectOnly(test::decodable<DatasetContainer>); }
+TEST(DatasetContainer, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<DatasetContainer>); }
 
 TEST(DatasetContainer, FailsWithoutADatasetWithANullForItAndWithAnotherType) {
     EXPECT_EQ(failureOf<DatasetContainer>(R"({"uid":"u"})"), R"(keyNotFound ["dataset"])");

@@ -63,7 +63,7 @@ TEST(DatasetResponse, KeepsItsTokensWhereAContainerIsBad) {
     EXPECT_EQ(answer->auth, Auth{.accessToken = "a"});
 }
 
-TEST(DatasetResponse, IsAnObject) { test::expectAnObjectOnly(test::decodable<DatasetResponse>); }
+TEST(DatasetResponse, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<DatasetResponse>); }
 
 }  // namespace
 }  // namespace VanticRestKit

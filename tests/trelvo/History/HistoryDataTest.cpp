@@ -64,7 +64,7 @@ TEST(HistoryData, ReadsItsKeysInDeclaredOrder) {
                                           {"done", "1"}});
 }
 
-TEST(HistoryData, IsAnObject) { test::expectAnObjectOnly(test::decodable<HistoryData>); }
+TEST(HistoryData, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<HistoryData>); }
 
 TEST(HistoryData, ReadsADateWithAFractionAndHasNoneInAnotherFormat) {
     const auto accessed = [](const char* text) {

@@ -61,7 +61,7 @@ TEST(HistoryResponse, HasNoRecordsAtAllWhereOneLacksItsProgress) {
     EXPECT_FALSE(dataOf(R"("data":[)" + good + "," + withoutProgress + "," + good + "]"));
 }
 
-TEST(HistoryResponse, IsAnObject) { test::expectAnObjectOnly(test::decodable<HistoryResponse>); }
+TEST(HistoryResponse, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<HistoryResponse>); }
 
 }  // namespace
 }  // namespace VanticRestKit

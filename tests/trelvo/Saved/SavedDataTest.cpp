@@ -55,7 +55,7 @@ TEST(SavedData, ReadsItsKeysInDeclaredOrder) {
         {{"oid", "null"}, {"slug", "[]"}, {"namespace", "{}"}, {"key", "true"}, {"order", "\"1\""}});
 }
 
-TEST(SavedData, IsAnObject) { test::expectAnObjectOnly(test::decodable<SavedData>); }
+TEST(SavedData, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<SavedData>); }
 
 TEST(SavedData, NeedsNoUid) {
     EXPECT_EQ(recordWith(R"("uid":7)"), recordWith(R"("uid":"u")"));

@@ -61,7 +61,7 @@ TEST(SavedResponse, HasNoRecordsAtAllWhereOneLacksItsOrderButKeepsItsTokens) {
     EXPECT_EQ(bad->auth, Auth{.accessToken = "a"});
 }
 
-TEST(SavedResponse, IsAnObject) { test::expectAnObjectOnly(test::decodable<SavedResponse>); }
+TEST(SavedResponse, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<SavedResponse>); }
 
 }  // namespace
 }  // namespace VanticRestKit

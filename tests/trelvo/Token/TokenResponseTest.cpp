@@ -39,7 +39,7 @@ TEST(TokenResponse, HasNoTokensWhereOnePartOfThemIsAtFault) {
     EXPECT_FALSE(decodes(R"({"access_token":"a","expiry":"1","refresh_token":"r","token_type":"t"})"));
 }
 
-TEST(TokenResponse, IsAnObject) { test::expectAnObjectOnly(test::decodable<TokenResponse>); }
+TEST(TokenResponse, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<TokenResponse>); }
 
 }  // namespace
 }  // namespace VanticRestKit

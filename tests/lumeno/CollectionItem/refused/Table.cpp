@@ -1,4 +1,4 @@
-// The table of a host's item. CASE 0 has every member that it must have, CASE n lacks number n of them.
+// The table of a host's item. CASE 0 has every required member, CASE n lacks the n-th.
 #include <VanticRestKit/lumeno/CollectionItem/CollectionItem.h>
 
 using namespace VanticRestKit;
@@ -18,7 +18,7 @@ struct Nothing {
     static void get(const void*, void*) {}
 };
 
-/// The row, unless it is the one that CASE leaves out.
+/// The row, unless CASE omits it.
 template <int Number, CollectionItemMember Member, auto Source>
 constexpr auto row() {
     if constexpr (Number == CASE) {
