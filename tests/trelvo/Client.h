@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// A client of the user data service with a clock and a transport in the hands of the test.
+/// A client of the user data service with a clock and a transport controlled by the test.
 
 #include <VanticRestKit/platform/dispatch/detail/Probes.h>
 #include <VanticRestKit/trelvo/detail/TrelvoProbe.h>
@@ -14,7 +14,7 @@
 
 namespace VanticRestKit::test {
 
-/// The groups that operations wait for, in the order of their waiting.
+/// The groups that operations wait for, in the order in which the waits began.
 class Waits {
 public:
     void add(const DispatchGroup& group) {
@@ -23,8 +23,8 @@ public:
         added_.signal();
     }
 
-    /// Group number `index`, counted from 0, once somebody waits for it. Fails the running test where nobody
-    /// does.
+    /// The group of wait number `index`, counted from 0. Waits until it exists, and fails the current test if it does
+    /// not.
     DispatchGroup awaited(std::size_t index) {
         EXPECT_TRUE(added_.wait(static_cast<int>(index) + 1)) << "no operation waits";
         const DispatchGroup group = at(index);
@@ -37,7 +37,7 @@ public:
         return groups_.size();
     }
 
-    /// Lets go everybody who still waits.
+    /// Ends all waits.
     void end() {
         const std::lock_guard lock(mutex_);
         for (const DispatchGroup& group : groups_) {
@@ -56,7 +56,7 @@ private:
     Event added_;
 };
 
-/// Tokens whose texts are made of `name`, with the clock's time at which they end.
+/// Tokens whose strings contain `name`, and that expire at this time of the test's clock.
 inline Auth tokens(const std::string& name, double expiry) {
     return {.accessToken = "access-" + name,
             .expiry = Date(Date::duration(expiry)),
@@ -64,20 +64,20 @@ inline Auth tokens(const std::string& name, double expiry) {
             .tokenType = "type-" + name};
 }
 
-/// The same as the member of an answer.
+/// The same tokens as a member of a response.
 inline std::string authMember(const std::string& name, double expiry) {
     return R"("auth":{"access_token":"access-)" + name + R"(","refresh_token":"refresh-)" + name +
            R"(","token_type":"type-)" + name + R"(","expiry":)" + std::to_string(expiry) + "}";
 }
 
-/// A token answer.
+/// A token response.
 inline Reply tokenReply(const std::string& name, double expiry) {
     return answer(200, Data("{" + authMember(name, expiry) + "}"));
 }
 
 inline Reply reply(std::int64_t status, const std::string& body) { return answer(status, Data(body)); }
 
-/// "GET /v2/token?UID=u1 Bearer x": method, address below the host, and `Authorization` of a request.
+/// Method, path with query, and `Authorization` of a request: "GET /v2/token?UID=u1 Bearer x".
 inline std::string textOf(const URLRequest& request) {
     const std::string address = request.url()->absoluteString();
     return request.httpMethod().value_or("") + " " +
@@ -85,29 +85,29 @@ inline std::string textOf(const URLRequest& request) {
            request.value("Authorization").value_or("none");
 }
 
-/// The clock stands at 1000 until a test moves it.
+/// The clock shows 1000 until a test changes it.
 class Client : public ::testing::Test {
 protected:
     Client() { context.session = session; }
-    /// A test that failed halfway may have left callers waiting.
+    /// A failed test may have left callers waiting.
     ~Client() override {
         waits.end();
-        EXPECT_TRUE(returned_.wait(calls_)) << "a caller waits for ever";
+        EXPECT_TRUE(returned_.wait(calls_)) << "a caller waits forever";
         session->abandon();
     }
 
     detail::TrelvoState& state() { return TrelvoProbe::state(*trelvo); }
     void save(const std::string& name, double expiry) { state().auth.store(tokens(name, expiry)); }
-    /// Saves tokens that are good for long.
+    /// Saves tokens that are valid for a long time.
     void saveGoodTokens() { save("good", 2000); }
     void saveError(TrelvoError error) { state().authError.store(std::move(error)); }
-    /// The access token in use; "none" where there is none.
+    /// The access token in use, "none" if there is none.
     std::string saved() const { return trelvo->auth() ? trelvo->auth()->accessToken : "none"; }
     std::string savedError() const {
         return trelvo->authError() ? trelvo->authError()->errorDescription() : "none";
     }
 
-    /// Runs `body` on a thread of its own, where it may block. The event tells that it has returned.
+    /// Runs `body` on a separate thread, so that it may block. The event is signalled when it has returned.
     Event onItsOwnThread(Block body) {
         const Event returned;
         ++calls_;

@@ -26,7 +26,7 @@ detail::TrelvoState& stateOf(Trelvo& trelvo) { return TrelvoProbe::state(trelvo)
 std::vector<Operation> datasetOperations() {
     return {
         {.name = "getDataset",
-         .saysThatItIs = "getDataset",
+         .nameInErrors = "getDataset",
          .method = "GET",
          .target = "/v2/dataset/ns" + user,
          .good = profiles,
@@ -41,7 +41,7 @@ std::vector<Operation> datasetOperations() {
                      context, completion<Containers>(std::move(done)));
              }},
         {.name = "createDataset",
-         .saysThatItIs = "createDataset",
+         .nameInErrors = "createDataset",
          .method = "POST",
          .target = "/v2/dataset/ns" + user + "&include=private",
          .body = encodedName,
@@ -53,7 +53,7 @@ std::vector<Operation> datasetOperations() {
                                       completion<DatasetContainer>(std::move(done)));
              }},
         {.name = "updateDataset",
-         .saysThatItIs = "updateDataset",
+         .nameInErrors = "updateDataset",
          .method = "PATCH",
          .target = "/v2/dataset/ns" + user + "&include=private",
          .body = encodedName,
@@ -65,7 +65,7 @@ std::vector<Operation> datasetOperations() {
                                       completion<DatasetContainer>(std::move(done)));
              }},
         {.name = "deleteDataset",
-         .saysThatItIs = "deleteDataset",
+         .nameInErrors = "deleteDataset",
          .method = "DELETE",
          .target = "/v2/dataset/ns" + user,
          .run =
@@ -79,7 +79,7 @@ std::vector<Operation> datasetOperations() {
 std::vector<Operation> subprofileOperations() {
     return {
         {.name = "getSubprofiles",
-         .saysThatItIs = "getDataset",
+         .nameInErrors = "getDataset",
          .method = "GET",
          .target = "/v2/dataset/profile" + user + "&include=private,family",
          .good = profiles,
@@ -93,7 +93,7 @@ std::vector<Operation> subprofileOperations() {
                                        context);
              }},
         {.name = "createSubprofile",
-         .saysThatItIs = "createDataset",
+         .nameInErrors = "createDataset",
          .method = "POST",
          .target = "/v2/dataset/profile" + user + "&include=private",
          .body = encodedName,
@@ -106,7 +106,7 @@ std::vector<Operation> subprofileOperations() {
                      context);
              }},
         {.name = "updateSubprofile",
-         .saysThatItIs = "updateDataset",
+         .nameInErrors = "updateDataset",
          .method = "PATCH",
          .target = "/v2/dataset/profile" + user + "&include=private",
          .body = encodedName,
@@ -124,7 +124,7 @@ std::vector<Operation> subprofileOperations() {
 std::vector<Operation> historyLists() {
     return {
         {.name = "viewingHistory",
-         .saysThatItIs = "listRecentVideos",
+         .nameInErrors = "listRecentVideos",
          .method = "GET",
          .target = "/v2/history/video?UID=u1&slug=watchlist&source=lumeno&raw=1&limit=7",
          .good = noRecords,
@@ -136,7 +136,7 @@ std::vector<Operation> historyLists() {
                      {.limit = 7U, .completionHandler = completion<History>(std::move(done))}, context);
              }},
         {.name = "listRecentVideos",
-         .saysThatItIs = "listRecentVideos",
+         .nameInErrors = "listRecentVideos",
          .method = "GET",
          .target = "/v2/history/video/recent?UID=u1&slug=watchlist&source=lumeno&done=1&raw=1&limit=7",
          .good = noRecords,
@@ -150,7 +150,7 @@ std::vector<Operation> historyLists() {
                                          context);
              }},
         {.name = "listVideosForShow",
-         .saysThatItIs = "listVideosForShow",
+         .nameInErrors = "listVideosForShow",
          .method = "GET",
          .target = "/v2/history/show/42?UID=u1&slug=watchlist&source=lumeno&raw=1&done=1",
          .good = noRecords,
@@ -169,7 +169,7 @@ std::vector<Operation> historyLists() {
 std::vector<Operation> historyOperations() {
     return {
         {.name = "deleteHistory",
-         .saysThatItIs = "deleteHistory",
+         .nameInErrors = "deleteHistory",
          .method = "DELETE",
          .target = "/v2/history" + user + "&slug=watchlist",
          .notFound = std::nullopt,
@@ -179,7 +179,7 @@ std::vector<Operation> historyOperations() {
                  trelvo.deleteHistory({.completionHandler = completion<void>(std::move(done))}, context);
              }},
         {.name = "getVideoProgress",
-         .saysThatItIs = "getVideoProgress",
+         .nameInErrors = "getVideoProgress",
          .method = "GET",
          .target = "/v2/history/show/42/video/ZW1" + user + "&slug=watchlist&raw=1",
          .good = noRecords,
@@ -193,7 +193,7 @@ std::vector<Operation> historyOperations() {
                                          context);
              }},
         {.name = "updateVideoProgress",
-         .saysThatItIs = "updateVideoProgress",
+         .nameInErrors = "updateVideoProgress",
          .method = "PATCH",
          .target = "/v2/history/show/42/video/ZW1/progress/95" + user + "&slug=watchlist&raw=1&done=0",
          .good = noRecords,
@@ -214,7 +214,7 @@ std::vector<Operation> historyOperations() {
 std::vector<Operation> watchlistOperations() {
     return {
         {.name = "listWatchlistShowIds",
-         .saysThatItIs = "listWatchlistShowIds",
+         .nameInErrors = "listWatchlistShowIds",
          .method = "GET",
          .target = "/v2/saved/watchlist/show?UID=u1&raw=1&source=lumeno",
          .good = noRecords,
@@ -225,7 +225,7 @@ std::vector<Operation> watchlistOperations() {
                                              context);
              }},
         {.name = "addWatchlistShow",
-         .saysThatItIs = "addWatchlistShow",
+         .nameInErrors = "addWatchlistShow",
          .method = "POST",
          .target = "/v2/saved/watchlist/show/42?UID=u1&raw=1&source=lumeno",
          .good = noRecords,
@@ -236,7 +236,7 @@ std::vector<Operation> watchlistOperations() {
                      {.showId = 42, .completionHandler = completion<Saved>(std::move(done))}, context);
              }},
         {.name = "deleteShow",
-         .saysThatItIs = "deleteShow",
+         .nameInErrors = "deleteShow",
          .method = "DELETE",
          .target = "/v2/saved/watchlist/show/42" + user,
          .run =
@@ -245,7 +245,7 @@ std::vector<Operation> watchlistOperations() {
                                    context);
              }},
         {.name = "deleteWatchlist",
-         .saysThatItIs = "deleteWatchlist",
+         .nameInErrors = "deleteWatchlist",
          .method = "DELETE",
          .target = "/v2/saved/watchlist" + user,
          .run =

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Every operation on user data: what it sends and what it makes of answers.
+/// Every operation on user data: what it sends, and how it handles responses.
 
 #include <VanticRestKit/trelvo/Common/TrelvoContext.h>
 
@@ -16,27 +16,27 @@ struct Operation {
     using Kind = TrelvoError::Kind;
 
     std::string name{};
-    /// What it calls itself where there is neither token nor error.
-    std::string saysThatItIs{};
+    /// The name that it reports if there is neither a token nor an error.
+    std::string nameInErrors{};
     std::string method{};
     /// Path and query for the user "u1".
     std::string target{};
     std::string body{};
-    /// A member of an answer with which it succeeds, such as `"data":[]`; may be empty.
+    /// The member of a response that makes it succeed, such as `"data":[]`. May be empty.
     std::string good{};
-    /// Whether it keeps the tokens of its answer.
+    /// Whether it keeps the tokens of its response.
     bool keepsTokens = true;
-    /// What an answer that is an empty object is; empty for a success.
+    /// The error for a response that is an empty object, or empty for a success.
     std::optional<Kind> emptyAnswer{};
-    /// What a 404 is; empty for a success.
+    /// The error for a 404, or empty for a success.
     std::optional<Kind> notFound = Kind::general;
-    /// Whether it fails when the client has gone before the answer.
+    /// Whether it fails if the client is destroyed before the response.
     bool needsClient = false;
     std::function<void(Trelvo&, const TrelvoContext&, Completed)> run{};
 };
 
-/// All operations, those on datasets that hosts reach as profiles only included; `deleteSubprofile`, which is
-/// three of them, is not.
+/// All operations, including those on datasets, which hosts can only use for profiles. Without `deleteSubprofile`,
+/// which consists of three of them.
 const std::vector<Operation>& operations();
 
 inline std::ostream& operator<<(std::ostream& stream, const Operation& operation) {

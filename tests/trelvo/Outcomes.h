@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What became of operations on user data.
+/// The outcomes of operations on user data.
 
 #include <VanticRestKit/Core/LoaderError.h>
 #include <VanticRestKit/Core/NetworkError.h>
@@ -15,24 +15,24 @@
 
 namespace VanticRestKit::test {
 
-/// What one completion was handed, and where.
+/// The outcome passed to one completion, and its thread.
 struct Outcome {
     /// Empty for a success.
     std::optional<TrelvoError> error{};
-    /// How many values came.
+    /// The number of values received.
     std::size_t values = 0;
     std::thread::id thread = std::this_thread::get_id();
 
-    /// The error's description; "success" where there is none.
+    /// The error's description, or "success".
     std::string text() const { return error ? error->errorDescription() : "success"; }
     bool is(TrelvoError::Kind kind) const { return error && error->kind() == kind; }
-    /// The error of the load that `general` and `noAuthToken` hold; `unknowError` where there is none.
+    /// The load error inside `general` and `noAuthToken`, or `unknowError` if there is none.
     LoaderError loaderError() const {
         const auto* held =
             error && error->underlyingError() ? error->underlyingError()->as<LoaderError>() : nullptr;
         return held != nullptr ? *held : LoaderError::unknowError();
     }
-    /// The code of the `NetworkError` in there; 0 where there is none.
+    /// The code of the `NetworkError` inside it, 0 if there is none.
     std::int64_t code() const {
         const LoaderError held = loaderError();
         const auto* cause = held.underlyingError() ? held.underlyingError()->as<NetworkError>() : nullptr;
@@ -59,7 +59,7 @@ Outcome outcomeOf(const Result<T, TrelvoError>& result) {
 
 using Completed = UniqueFunction<void(Outcome)>;
 
-/// A completion of an operation that hands its outcome on.
+/// A completion that passes its outcome to `completed`.
 template <class T>
 Trelvo::Completion<T> completion(Completed completed) {
     return [completed = std::move(completed)](const Result<T, TrelvoError>& result) mutable {
@@ -67,10 +67,10 @@ Trelvo::Completion<T> completion(Completed completed) {
     };
 }
 
-/// Collects outcomes. Copies are one collection; one in a completion may outlive the test.
+/// Collects outcomes. Copies share one collection, so a completion may outlive the test.
 class Outcomes {
 public:
-    /// A completion that adds to this, and tells by `dropped` when it is destroyed.
+    /// A completion that adds its outcome to this collection, and signals `dropped` when it is destroyed.
     Completed completed() const {
         struct Told {
             Event event;
@@ -89,7 +89,7 @@ public:
         return state_->outcomes.size();
     }
 
-    /// The only outcome there is; fails the running test where there are more, or none.
+    /// The only outcome. Fails the current test if there are more or none.
     Outcome only() const {
         const std::lock_guard lock(state_->mutex);
         EXPECT_EQ(state_->outcomes.size(), 1U);
@@ -97,7 +97,7 @@ public:
                                         : state_->outcomes.back();
     }
 
-    /// Happens once for each completion that is no more.
+    /// Signalled once for each destroyed completion.
     const Event& dropped() const { return state_->dropped; }
 
 private:

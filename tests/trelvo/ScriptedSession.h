@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// A transport whose transfers a test answers one by one, in any order, or by a script.
+/// A transport whose transfers are answered by the test in any order, or by a script.
 
 #include <Core/FakeSession.h>
 #include <chrono>
@@ -11,15 +11,15 @@
 
 namespace VanticRestKit::test {
 
-/// Calls back on its own queue, which has a thread of its own, unless told to do it elsewhere.
+/// Calls back on its own queue, which has its own thread, unless another queue is given.
 class ScriptedSession final : public NetworkSession {
 public:
-    /// What to answer a request with. Runs on the queue.
+    /// Returns the reply to a request. Runs on the queue.
     using Script = std::function<Reply(const URLRequest&)>;
 
-    /// Keeps each transfer until it is answered.
+    /// Holds each transfer until the test answers it.
     ScriptedSession() = default;
-    /// Answers each transfer by `script`.
+    /// Answers each transfer with the result of `script`.
     explicit ScriptedSession(Script script) : script_(std::make_shared<const Script>(std::move(script))) {}
 
     void loadData(LoadDataArguments arguments) override {
@@ -43,15 +43,15 @@ public:
             [](const Subscriber<Answer, Error>&) { return Cancellable([] {}); });
     }
 
-    /// The request of the transfer that started as number `index`, counted from 0. Waits for it.
+    /// The request of transfer number `index`, counted from 0. Waits until it has started.
     URLRequest request(std::size_t index) {
         std::unique_lock lock(mutex_);
         if (hasStarted(lock, index)) return transfers_[index].request;
         return URLRequest(*URL::make("https://never.started/"));
     }
 
-    /// Answers a transfer on `queue` when what stands there is done. Waits for the transfer, not for the
-    /// answer.
+    /// Answers a transfer on `queue`, after the blocks posted there before. Waits until the transfer has started, not
+    /// for the answer.
     Event post(std::size_t index, Reply reply, const DispatchQueue& queue) {
         const Event ended;
         std::unique_lock lock(mutex_);
@@ -64,10 +64,10 @@ public:
         return ended;
     }
 
-    /// Answers a transfer and waits until all that its completion does is done.
+    /// Answers a transfer and waits until its completion has returned.
     void answer(std::size_t index, Reply reply) { EXPECT_TRUE(post(index, std::move(reply), queue_).wait()); }
 
-    /// Answers a transfer on a thread of its own once it has started.
+    /// Answers a transfer on a separate thread once it has started.
     Event postWhenStarted(std::size_t index, Reply reply) {
         const Event ended;
         DispatchQueue::withOwnThread("answer").async(
@@ -78,7 +78,7 @@ public:
         return ended;
     }
 
-    /// Drops what is open, and whatever is still to start: what an open transfer holds may hold this session.
+    /// Drops all open and future transfers, since an open transfer can hold this session through its completion.
     void abandon() {
         std::vector<Transfer> open;
         const std::lock_guard lock(mutex_);
@@ -86,7 +86,7 @@ public:
         isAbandoned_ = true;
     }
 
-    /// Waits until the transfer was cancelled. Whether it was.
+    /// Waits until the transfer is cancelled. Returns whether it was.
     bool awaitCancel(std::size_t index) {
         std::unique_lock lock(mutex_);
         if (!hasStarted(lock, index)) return false;
@@ -95,13 +95,13 @@ public:
         return cancelled.wait();
     }
 
-    /// Whether the transfer was cancelled by now.
+    /// Whether the transfer has been cancelled.
     bool isCancelled(std::size_t index) {
         std::unique_lock lock(mutex_);
         return hasStarted(lock, index) && transfers_[index].cancelled.count() > 0;
     }
 
-    /// How many transfers have started.
+    /// The number of started transfers.
     std::size_t count() const {
         const std::lock_guard lock(mutex_);
         return transfers_.size();
@@ -113,7 +113,7 @@ private:
     struct Transfer {
         URLRequest request;
         Completion completion;
-        /// Happens if the transfer was started by `start` and is cancelled.
+        /// Signalled if the transfer was started by `start` and is cancelled.
         Event cancelled{};
     };
 

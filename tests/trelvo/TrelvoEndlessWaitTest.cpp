@@ -1,4 +1,4 @@
-// Operations that wait for a token on the queue which has to deliver it.
+// Operations that wait for a token on the queue that must deliver it.
 
 #include <Core/RecordingObserver.h>
 #include <trelvo/Client.h>
@@ -19,7 +19,7 @@ class TrelvoEndlessWait : public Client {
 protected:
     TrelvoEndlessWait() { observed.session = session; }
 
-    /// Calls an operation inside a block of the session's queue, and ends its wait.
+    /// Calls an operation in a block of the session's queue, and ends its wait.
     void callOnTheQueueOfTheSession(std::size_t wait) {
         const Event returned;
         session->queue().async([this, returned] {
@@ -70,7 +70,7 @@ TEST_F(TrelvoEndlessWait, IsNotReportedIfTheTokenIsGood) {
 }
 
 #ifndef NDEBUG
-TEST(TrelvoEndlessWaitDeathTest, FailsAnAssertionInALibraryBuiltForDebugging) {
+TEST(TrelvoEndlessWaitDeathTest, FailsAnAssertionInADebugBuildOfTheLibrary) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     const auto waitForEver = [] {
         const auto session = std::make_shared<ScriptedSession>();

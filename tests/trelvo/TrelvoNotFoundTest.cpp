@@ -1,4 +1,4 @@
-// What a 404 is to the operations that take it differently.
+// The operations that handle a 404 in different ways.
 
 #include <VanticRestKit/trelvo/Dataset/detail/DatasetOperations.h>
 
@@ -13,7 +13,7 @@ using Containers = std::vector<DatasetContainer>;
 class TrelvoNotFound : public Client {
 protected:
     TrelvoNotFound() { saveGoodTokens(); }
-    /// Answers the only request so far with a 404 and gives what became of its operation.
+    /// Answers the only request so far with a 404 and returns the outcome of its operation.
     Outcome notFound() {
         session->answer(0, reply(404, "{}"));
         return outcomes.only();

@@ -1,4 +1,4 @@
-// The numbers that operations on user data take: signed ones, and the unsigned ones of entities.
+// Numeric arguments of operations on user data: signed numbers, and the unsigned numbers of entities.
 
 #include <trelvo/Client.h>
 #include <limits>
@@ -80,7 +80,7 @@ protected:
     }
 };
 
-TEST_F(TrelvoNumbers, MayBeTheUnsignedIdsOfEntities) {
+TEST_F(TrelvoNumbers, CanBeTheUnsignedIdsOfEntities) {
     std::size_t index = 0;
     for (const auto& [name, run] : operations()) {
         run(maxSigned);
@@ -88,7 +88,7 @@ TEST_F(TrelvoNumbers, MayBeTheUnsignedIdsOfEntities) {
     }
 }
 
-TEST_F(TrelvoNumbers, BeyondTheSignedRangeAreAnErrorAndNothingIsSent) {
+TEST_F(TrelvoNumbers, BeyondTheSignedRangeFailAndNothingIsSent) {
     for (const auto& [name, run] : operations()) {
         outcomes = Outcomes();
         run(tooLarge);
@@ -99,7 +99,7 @@ TEST_F(TrelvoNumbers, BeyondTheSignedRangeAreAnErrorAndNothingIsSent) {
     expectRefused("updateVideoProgress", "progress");
 }
 
-TEST_F(TrelvoNumbers, BeyondTheSignedRangeAreAnErrorWithoutATokenToo) {
+TEST_F(TrelvoNumbers, BeyondTheSignedRangeFailEvenWithoutAToken) {
     trelvo->clearAuth();
     for (const auto& [name, run] : operations()) {
         outcomes = Outcomes();
@@ -108,7 +108,7 @@ TEST_F(TrelvoNumbers, BeyondTheSignedRangeAreAnErrorWithoutATokenToo) {
     }
 }
 
-TEST_F(TrelvoNumbers, GoOutAsTheyAre) {
+TEST_F(TrelvoNumbers, AreSentUnchanged) {
     update(42, -5);
     EXPECT_NE(sent(0).find("/show/42/video/h/progress/-5?"), std::string::npos) << sent(0);
 }

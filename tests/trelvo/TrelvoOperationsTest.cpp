@@ -1,4 +1,4 @@
-// What holds for every operation on user data, each tried with all of it.
+// Rules that hold for every operation on user data, tested with each of them.
 
 #include <trelvo/Client.h>
 #include <trelvo/Operations.h>
@@ -11,15 +11,15 @@ using Kind = TrelvoError::Kind;
 class TrelvoOperation : public Client, public ::testing::WithParamInterface<Operation> {
 protected:
     const Operation& operation() const { return GetParam(); }
-    /// Runs the operation, which must not block, on this thread.
+    /// Runs the operation on this thread. It must not block.
     void run() { operation().run(*trelvo, context, outcomes.completed()); }
-    /// Answers the first request with `reply` and gives what became of the operation.
+    /// Answers the first request with `reply` and returns the outcome of the operation.
     Outcome outcomeOf(Reply reply) {
         run();
         session->answer(0, std::move(reply));
         return outcomes.only();
     }
-    /// An answer of which the operation takes what it wants, and rotated tokens.
+    /// A response with the data that the operation needs, and rotated tokens.
     std::string goodBody() const {
         const std::string data = operation().good.empty() ? "" : operation().good + ",";
         return "{" + data + authMember("rotated", 3000) + "}";
@@ -29,7 +29,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Every, TrelvoOperation, ::testing::ValuesIn(operations()),
                          [](const auto& each) { return each.param.name; });
 
-TEST_P(TrelvoOperation, SendsItsRequestWithTheAccessTokenAndNothingElse) {
+TEST_P(TrelvoOperation, SendsOnlyItsRequestWithTheAccessToken) {
     saveGoodTokens();
     context.timeout = 12.5;
     context.headers = {{"X-Host", "1"}};
@@ -58,7 +58,7 @@ TEST_P(TrelvoOperation, SucceedsOnTheDelegateQueueOfTheSession) {
     EXPECT_EQ(outcome.thread, queue);
 }
 
-TEST_P(TrelvoOperation, FailsWithoutAUserOnTheCallersThreadThoughThereIsAToken) {
+TEST_P(TrelvoOperation, FailsWithoutAUserOnTheCallersThreadEvenWithAToken) {
     saveGoodTokens();
     context.user = std::nullopt;
     run();
@@ -68,18 +68,18 @@ TEST_P(TrelvoOperation, FailsWithoutAUserOnTheCallersThreadThoughThereIsAToken) 
     EXPECT_EQ(context.tokenRequests + context.dataRequests, 0);
 }
 
-TEST_P(TrelvoOperation, TakesATextWithoutCharactersForAUser) {
+TEST_P(TrelvoOperation, TreatsAnEmptyStringAsAUser) {
     saveGoodTokens();
     context.user = "";
     run();
     EXPECT_NE(sent(0).find("?UID=&"), std::string::npos) << sent(0);
 }
 
-TEST_P(TrelvoOperation, NamesItselfWhereThereIsNeitherTokenNorError) {
+TEST_P(TrelvoOperation, NamesItselfIfThereIsNeitherATokenNorAnError) {
     const Event returned = onItsOwnThread([this] { run(); });
     session->answer(0, reply(200, "{}"));
     ASSERT_TRUE(returned.wait());
-    EXPECT_EQ(outcomes.only().text(), "Unknown error: In Trelvo." + operation().saysThatItIs +
+    EXPECT_EQ(outcomes.only().text(), "Unknown error: In Trelvo." + operation().nameInErrors +
                                           "(), no saved auth data and no authError found");
     EXPECT_EQ(context.dataRequests, 0);
 }
@@ -100,7 +100,7 @@ TEST_P(TrelvoOperation, FailsWithTheErrorOfTheTokenRequestOnTheCallersThread) {
     EXPECT_EQ(context.dataRequests, 0);
 }
 
-TEST_P(TrelvoOperation, GoesOnWithTheOldTokenWhereTheRefreshFails) {
+TEST_P(TrelvoOperation, ContinuesWithTheOldTokenIfTheRefreshFails) {
     save("old", 1005);
     const Event returned = onItsOwnThread([this] { run(); });
     session->answer(0, reply(401, ""));
@@ -109,22 +109,22 @@ TEST_P(TrelvoOperation, GoesOnWithTheOldTokenWhereTheRefreshFails) {
     EXPECT_EQ(outcomes.count(), 0U);
 }
 
-TEST_P(TrelvoOperation, KeepsOrLosesTheTokensOfItsAnswer) {
+TEST_P(TrelvoOperation, KeepsOrIgnoresTheTokensOfItsResponse) {
     saveGoodTokens();
     saveError(TrelvoError::accountReconsentRequired());
     EXPECT_EQ(outcomeOf(reply(200, goodBody())).text(), "success");
     EXPECT_EQ(saved(), operation().keepsTokens ? "access-rotated" : "access-good");
     EXPECT_EQ(savedError(), TrelvoError::accountReconsentRequired().errorDescription())
-        << "a data answer leaves the error as it was";
+        << "a data response does not change the error";
 }
 
-TEST_P(TrelvoOperation, KeepsTheOldTokensWhereThoseOfItsAnswerAreOfNoUse) {
+TEST_P(TrelvoOperation, KeepsTheOldTokensIfThoseOfItsResponseAreInvalid) {
     saveGoodTokens();
     (void)outcomeOf(reply(200, R"({"auth":{"access_token":"a","refresh_token":"r","token_type":"t"}})"));
     EXPECT_EQ(saved(), "access-good");
 }
 
-TEST_P(TrelvoOperation, MakesItsOwnOfAnAnswerWithoutDataAfterItsTokens) {
+TEST_P(TrelvoOperation, HandlesAResponseWithoutDataAfterKeepingItsTokens) {
     saveGoodTokens();
     const Outcome outcome = outcomeOf(reply(200, "{" + authMember("rotated", 3000) + "}"));
     EXPECT_EQ(outcome.error ? std::optional(outcome.error->kind()) : std::nullopt, operation().emptyAnswer)
@@ -132,7 +132,7 @@ TEST_P(TrelvoOperation, MakesItsOwnOfAnAnswerWithoutDataAfterItsTokens) {
     EXPECT_EQ(saved(), operation().keepsTokens ? "access-rotated" : "access-good");
 }
 
-TEST_P(TrelvoOperation, FailsInGeneralWhereItsRequestFailsAndKeepsNothing) {
+TEST_P(TrelvoOperation, FailsAsGeneralIfItsRequestFailsAndKeepsNothing) {
     saveGoodTokens();
     const Outcome outcome = outcomeOf(reply(500, goodBody()));
     EXPECT_TRUE(outcome.is(Kind::general));
@@ -143,7 +143,7 @@ TEST_P(TrelvoOperation, FailsInGeneralWhereItsRequestFailsAndKeepsNothing) {
     EXPECT_EQ(savedError(), "none");
 }
 
-TEST_P(TrelvoOperation, FailsInGeneralWhereTheServiceRefusesItsToken) {
+TEST_P(TrelvoOperation, FailsAsGeneralIfTheServiceRejectsItsToken) {
     saveGoodTokens();
     const Outcome outcome = outcomeOf(reply(401, ""));
     EXPECT_TRUE(outcome.is(Kind::general));
@@ -151,7 +151,7 @@ TEST_P(TrelvoOperation, FailsInGeneralWhereTheServiceRefusesItsToken) {
     EXPECT_EQ(savedError(), "none");
 }
 
-TEST_P(TrelvoOperation, FailsInGeneralWhereItsAnswerIsNoObject) {
+TEST_P(TrelvoOperation, FailsAsGeneralIfItsResponseIsNotAnObject) {
     saveGoodTokens();
     std::size_t answered = 0;
     for (const char* const body : {"", "<html>", "[]", "{\"auth\":"}) {
@@ -171,7 +171,7 @@ TEST_P(TrelvoOperation, HasItsOwnRuleForA404) {
     EXPECT_EQ(saved(), "access-good");
 }
 
-TEST_P(TrelvoOperation, DropsItsCompletionUncalledWhereTheContextBuildsNoDataRequest) {
+TEST_P(TrelvoOperation, DropsItsCompletionUncalledIfTheContextBuildsNoDataRequest) {
     saveGoodTokens();
     context.buildsDataRequest = false;
     run();
@@ -180,7 +180,7 @@ TEST_P(TrelvoOperation, DropsItsCompletionUncalledWhereTheContextBuildsNoDataReq
     EXPECT_EQ(context.dataRequests, 1);
 }
 
-TEST_P(TrelvoOperation, FailsOrSucceedsWithoutItsClient) {
+TEST_P(TrelvoOperation, FailsOrSucceedsIfItsClientIsDestroyed) {
     std::size_t answered = 0;
     for (const std::int64_t status : {200, 404, 500}) {
         Outcomes of;
@@ -209,7 +209,7 @@ TEST_P(TrelvoOperation, ReadsItsContextOnlyUntilItReturns) {
     }
     session->answer(0, reply(500, ""));
     EXPECT_EQ(outcomes.count(), 1U);
-    EXPECT_EQ(reported.count(), 1) << "the host is told of the failure";
+    EXPECT_EQ(reported.count(), 1) << "the failure is reported to the host";
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Tokens and data in every order in which they may come: who waits for what, and what counts then.
+// Tokens and data arriving in every possible order: which callers wait, and which token is used.
 
 #include <trelvo/Client.h>
 
@@ -24,7 +24,7 @@ protected:
     void list() { list(*trelvo, context, outcomes.completed()); }
 };
 
-TEST_F(TrelvoOrder, ATokenIsRefreshedAtFiveSecondsAndUsedAboveThem) {
+TEST_F(TrelvoOrder, ATokenIsRefreshedAtFiveSecondsAndUsedAboveThat) {
     save("old", 1005.0);
     const Event returned = startListing();
     EXPECT_EQ(sent(0), tokenRequest + "Bearer refresh-old");
@@ -55,7 +55,7 @@ TEST_F(TrelvoOrder, ACallReturnsAfterTheTokenAndCompletesAfterTheData) {
     EXPECT_EQ(waits.count(), 1U);
 }
 
-TEST_F(TrelvoOrder, AMissingUserIsReportedBeforeTheCallReturnsWhateverTokenThereIs) {
+TEST_F(TrelvoOrder, AMissingUserIsReportedBeforeTheCallReturnsWhateverTheToken) {
     saveGoodTokens();
     context.user = std::nullopt;
     list();
@@ -65,7 +65,7 @@ TEST_F(TrelvoOrder, AMissingUserIsReportedBeforeTheCallReturnsWhateverTokenThere
     EXPECT_EQ(waits.count(), 0U);
 }
 
-TEST_F(TrelvoOrder, EachCallAsksAnewWhileTheServiceRefusesTokens) {
+TEST_F(TrelvoOrder, EachCallRequestsATokenAgainWhileTheServiceRejectsThem) {
     for (std::size_t call = 0; call < 2; ++call) {
         const Outcomes of;
         const Event returned = onItsOwnThread([this, of] {
@@ -81,7 +81,7 @@ TEST_F(TrelvoOrder, EachCallAsksAnewWhileTheServiceRefusesTokens) {
     EXPECT_EQ(context.dataRequests, 0);
 }
 
-TEST_F(TrelvoOrder, AnExpiredTokenThatIsNotRefreshedIsRefusedByTheService) {
+TEST_F(TrelvoOrder, AnExpiredTokenThatIsNotRefreshedIsRejectedByTheService) {
     save("old", 900);
     const Event returned = startListing();
     session->answer(0, reply(401, ""));
@@ -90,11 +90,11 @@ TEST_F(TrelvoOrder, AnExpiredTokenThatIsNotRefreshedIsRefusedByTheService) {
     session->answer(1, reply(401, ""));
     EXPECT_TRUE(outcomes.only().is(Kind::general));
     EXPECT_EQ(outcomes.only().code(), 401);
-    EXPECT_EQ(context.tokenRequests, 1) << "nothing is tried again within a call";
+    EXPECT_EQ(context.tokenRequests, 1) << "nothing is retried within a call";
     EXPECT_TRUE(trelvo->authError() == TrelvoError::accountReconsentRequired());
 }
 
-TEST_F(TrelvoOrder, OfTwoCallersWhoWaitEachGoesOnWithWhatIsSavedWhenItWakesAndTheLastAnswerStays) {
+TEST_F(TrelvoOrder, EachWaitingCallerUsesTheTokenSavedWhenItWakesAndTheLastResponseIsKept) {
     const UserContext other = context;
     const Outcomes first;
     const Outcomes second;
@@ -119,7 +119,7 @@ TEST_F(TrelvoOrder, OfTwoCallersWhoWaitEachGoesOnWithWhatIsSavedWhenItWakesAndTh
     EXPECT_EQ(context.tokenRequests + other.tokenRequests, 2);
 }
 
-TEST_F(TrelvoOrder, ACallerWhoseOwnTokenRequestFailsGoesOnWithTheTokenOfAnother) {
+TEST_F(TrelvoOrder, ACallerWhoseTokenRequestFailsUsesTheTokenOfAnother) {
     const UserContext other = context;
     const Event firstReturned = startListing();
     (void)waits.awaited(0);
@@ -135,7 +135,7 @@ TEST_F(TrelvoOrder, ACallerWhoseOwnTokenRequestFailsGoesOnWithTheTokenOfAnother)
     EXPECT_NE(savedError(), "none");
 }
 
-TEST_F(TrelvoOrder, ACallInsideACompletionBearsTheTokenThatTheAnswerRotatedThoughItHadNoData) {
+TEST_F(TrelvoOrder, ACallInACompletionUsesARotatedTokenEvenOfAResponseWithoutData) {
     save("old", 2000);
     Completed failed = outcomes.completed();
     trelvo->listWatchlistShowIds({.completionHandler = completion<Saved>([&](Outcome outcome) {
@@ -149,7 +149,7 @@ TEST_F(TrelvoOrder, ACallInsideACompletionBearsTheTokenThatTheAnswerRotatedThoug
     EXPECT_EQ(context.tokenRequests, 0);
 }
 
-TEST_F(TrelvoOrder, ACallInsideACompletionOfTheHistoryBearsTheOldToken) {
+TEST_F(TrelvoOrder, ACallInAHistoryCompletionUsesTheOldToken) {
     save("old", 2000);
     Completed failed = outcomes.completed();
     trelvo->getVideoProgress(
@@ -164,7 +164,7 @@ TEST_F(TrelvoOrder, ACallInsideACompletionOfTheHistoryBearsTheOldToken) {
     EXPECT_EQ(saved(), "access-old");
 }
 
-TEST_F(TrelvoOrder, ATokenThatAnAnswerRotatesAfterClearAuthIsUsedByTheNextCall) {
+TEST_F(TrelvoOrder, ATokenRotatedAfterClearAuthIsUsedByTheNextCall) {
     save("old", 2000);
     list();
     (void)session->request(0);
@@ -175,7 +175,7 @@ TEST_F(TrelvoOrder, ATokenThatAnAnswerRotatesAfterClearAuthIsUsedByTheNextCall) 
     EXPECT_EQ(context.tokenRequests, 0);
 }
 
-TEST_F(TrelvoOrder, ACallInsideACompletionThatNeedsATokenWaitsOnTheQueueThatItOccupies) {
+TEST_F(TrelvoOrder, ACallInACompletionWaitsForATokenOnTheQueueThatItBlocks) {
     saveGoodTokens();
     const Outcomes inner;
     trelvo->listWatchlistShowIds({.completionHandler = completion<Saved>([this, inner](Outcome) {
@@ -185,8 +185,8 @@ TEST_F(TrelvoOrder, ACallInsideACompletionThatNeedsATokenWaitsOnTheQueueThatItOc
                                  context);
     const Event outerEnded = session->post(0, reply(200, empty), session->queue());
     const DispatchGroup group = waits.awaited(0);
-    // The token stands behind the completion that waits for it. Only somebody else can end the wait; the
-    // group is entered again for the token's own leave, which must not come before.
+    // The token is queued after the completion that waits for it, so only another thread can end the wait. The group is
+    // entered again for the token's own leave, which must not come before that.
     const Event entered;
     session->queue().async([entered] { EXPECT_TRUE(entered.wait()); });
     const Event tokenDelivered = session->post(1, tokenReply("late", 2000), session->queue());
@@ -199,7 +199,7 @@ TEST_F(TrelvoOrder, ACallInsideACompletionThatNeedsATokenWaitsOnTheQueueThatItOc
     EXPECT_EQ(saved(), "access-late");
 }
 
-TEST_F(TrelvoOrder, ACallInsideACompletionReturnsWhereAnotherSessionsQueueBringsTheToken) {
+TEST_F(TrelvoOrder, ACallInACompletionReturnsIfAnotherSessionsQueueDeliversTheToken) {
     saveGoodTokens();
     const auto otherSession = std::make_shared<ScriptedSession>();
     UserContext other = context;
@@ -218,7 +218,7 @@ TEST_F(TrelvoOrder, ACallInsideACompletionReturnsWhereAnotherSessionsQueueBrings
     EXPECT_EQ(inner.only().text(), "success");
 }
 
-TEST_F(TrelvoOrder, ACallInsideACompletionReturnsWhereItsTokenIsGood) {
+TEST_F(TrelvoOrder, ACallInACompletionReturnsIfItsTokenIsGood) {
     saveGoodTokens();
     const Outcomes inner;
     trelvo->listWatchlistShowIds(
@@ -229,21 +229,20 @@ TEST_F(TrelvoOrder, ACallInsideACompletionReturnsWhereItsTokenIsGood) {
     EXPECT_EQ(inner.only().text(), "success");
 }
 
-TEST_F(TrelvoOrder, ACallerWaitsWithoutEndWhereTheContextBuildsNoTokenRequest) {
+TEST_F(TrelvoOrder, ACallerWaitsForeverIfTheContextBuildsNoTokenRequest) {
     context.buildsTokenRequest = false;
     const Event returned = startListing();
     const DispatchGroup group = waits.awaited(0);
     EXPECT_EQ(context.tokenRequests, 1);
     EXPECT_EQ(returned.count(), 0);
-    // A leave without an enter would end the process: the group is still entered, and nothing is there to
-    // leave it.
+    // The group is still entered and has nothing left to leave it. A leave without an enter would end the process.
     group.leave();
     ASSERT_TRUE(returned.wait());
     EXPECT_TRUE(outcomes.only().is(Kind::unknown));
     EXPECT_EQ(session->count(), 0U);
 }
 
-TEST_F(TrelvoOrder, ACompletionIsDroppedUncalledWhereTheContextBuildsNoDataRequest) {
+TEST_F(TrelvoOrder, ACompletionIsDroppedUncalledIfTheContextBuildsNoDataRequest) {
     context.buildsDataRequest = false;
     const Event returned = startListing();
     session->answer(0, tokenReply("new", 2000));

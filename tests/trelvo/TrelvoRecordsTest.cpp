@@ -1,4 +1,4 @@
-// What becomes of the records of history and watchlist, and how the calls for them vary.
+// The records of history and watchlist, and the variants of their calls.
 
 #include <trelvo/Client.h>
 #include <limits>
@@ -34,7 +34,7 @@ protected:
         session->answer(answered_++, reply(200, body));
         return result.value_or(Failure(TrelvoError::unknown("no outcome")));
     }
-    /// What `listVideosForShow` sends.
+    /// The request that `listVideosForShow` sends.
     std::string sentForShow(std::int64_t show, std::optional<bool> done) {
         trelvo->listVideosForShow({.showId = show,
                                    .markedAsDone = done,
@@ -56,7 +56,7 @@ private:
     std::size_t answered_ = 0;
 };
 
-TEST_F(TrelvoRecords, OfTheHistoryComeInTheOrderOfTheAnswer) {
+TEST_F(TrelvoRecords, OfTheHistoryKeepTheOrderOfTheResponse) {
     const auto records = history(R"({"data":[)" + watched +
                                  R"(,"lastAccessed":"2024-03-01T10:00:00.123Z","source":"lumeno"},)" +
                                  watched + R"(,"source":"else","lastAccessed":"yesterday"}]})");
@@ -69,7 +69,7 @@ TEST_F(TrelvoRecords, OfTheHistoryComeInTheOrderOfTheAnswer) {
     EXPECT_FALSE((*records)[1].source);
 }
 
-TEST_F(TrelvoRecords, OfTheHistoryAreNoneForAnEmptyListAndAnErrorForNoList) {
+TEST_F(TrelvoRecords, OfTheHistoryAreEmptyForAnEmptyListAndAnErrorForNoList) {
     const auto none = history(R"({"data":[]})");
     ASSERT_TRUE(none);
     EXPECT_TRUE(none->empty());
@@ -84,7 +84,7 @@ TEST_F(TrelvoRecords, OfTheHistoryAreNoneForAnEmptyListAndAnErrorForNoList) {
     }
 }
 
-TEST_F(TrelvoRecords, OfTheWatchlistComeInTheOrderOfTheAnswer) {
+TEST_F(TrelvoRecords, OfTheWatchlistKeepTheOrderOfTheResponse) {
     const auto records = watchlist(R"({"data":[)" + savedShow + R"(,"created":"2024-03-01T10:00:00.123Z"},)" +
                                    savedShow + R"(,"created":"2024"}]})");
     ASSERT_TRUE(records);
@@ -94,7 +94,7 @@ TEST_F(TrelvoRecords, OfTheWatchlistComeInTheOrderOfTheAnswer) {
     EXPECT_FALSE((*records)[1].created);
 }
 
-TEST_F(TrelvoRecords, OfTheWatchlistAreNoneForAnEmptyListAndAnErrorForNoListAfterTheTokensAreKept) {
+TEST_F(TrelvoRecords, OfTheWatchlistAreEmptyForAnEmptyListAndAnErrorForNoListAfterTheTokensAreKept) {
     const auto none = watchlist(R"({"data":[]})");
     ASSERT_TRUE(none);
     EXPECT_TRUE(none->empty());
@@ -110,13 +110,13 @@ TEST_F(TrelvoRecords, OfTheWatchlistAreNoneForAnEmptyListAndAnErrorForNoListAfte
     }
 }
 
-TEST_F(TrelvoRecords, OfTheHistoryAreNotMissingBecauseOfA404) {
+TEST_F(TrelvoRecords, OfTheHistoryFailDifferentlyForA404) {
     const auto failed = history("{}", 404);
     ASSERT_FALSE(failed);
     EXPECT_EQ(failed.error().kind(), TrelvoError::Kind::general);
 }
 
-TEST_F(TrelvoRecords, OfViewingHistoryFailInTheNameOfListRecentVideosWhereThereIsNeitherTokenNorError) {
+TEST_F(TrelvoRecords, OfTheHistoryFailAsListRecentVideosIfThereIsNeitherATokenNorAnError) {
     trelvo->clearAuth();
     const Event returned = onItsOwnThread([this] {
         trelvo->viewingHistory({.limit = 7U, .completionHandler = completion<History>(outcomes.completed())},
@@ -128,21 +128,21 @@ TEST_F(TrelvoRecords, OfViewingHistoryFailInTheNameOfListRecentVideosWhereThereI
               "Unknown error: In Trelvo.listRecentVideos(), no saved auth data and no authError found");
 }
 
-TEST_F(TrelvoRecords, OfRecentVideosAreAskedForWithDoneInAnyCase) {
+TEST_F(TrelvoRecords, OfRecentVideosAlwaysSendTheDoneFlag) {
     (void)history("{}");
     EXPECT_EQ(sent(0),
               "GET /v2/history/video/recent?UID=u1&slug=watchlist&source=lumeno&done=0&raw=1&limit=5 Bearer "
               "access-good");
 }
 
-TEST_F(TrelvoRecords, OfAShowAreAskedForWithDoneOnlyWhereItIsSaid) {
+TEST_F(TrelvoRecords, OfAShowSendTheDoneFlagOnlyIfGiven) {
     const std::string start = "GET /v2/history/show/7?UID=u1&slug=watchlist&source=lumeno&raw=1";
     EXPECT_EQ(sentForShow(7, std::nullopt), start + " Bearer access-good");
     EXPECT_EQ(sentForShow(7, true), start + "&done=1 Bearer access-good");
     EXPECT_EQ(sentForShow(7, false), start + "&done=0 Bearer access-good");
 }
 
-TEST_F(TrelvoRecords, OfProgressTravelInPathAndQueryAlone) {
+TEST_F(TrelvoRecords, OfProgressAreSentInPathAndQueryOnly) {
     const std::string end = "?UID=u1&source=lumeno&slug=watchlist&raw=1&done=";
     EXPECT_EQ(sentForProgress("ZW1", 0, true),
               "PATCH /v2/history/show/-1/video/ZW1/progress/0" + end + "1 Bearer access-good");
@@ -151,7 +151,7 @@ TEST_F(TrelvoRecords, OfProgressTravelInPathAndQueryAlone) {
     EXPECT_EQ(session->request(0).httpBody(), std::nullopt);
 }
 
-TEST_F(TrelvoRecords, AreAskedForUpToTheGreatestLimit) {
+TEST_F(TrelvoRecords, CanBeRequestedUpToTheMaximumLimit) {
     trelvo->viewingHistory({.limit = std::numeric_limits<std::uint64_t>::max(),
                             .completionHandler = completion<History>(outcomes.completed())},
                            context);

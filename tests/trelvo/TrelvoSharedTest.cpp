@@ -1,4 +1,4 @@
-// The one client of a process, with the process's clock.
+// The shared client of a process, with the system clock.
 
 #include <trelvo/Client.h>
 
@@ -20,13 +20,13 @@ protected:
     }
 };
 
-TEST_F(TrelvoShared, IsOneAndHasNothingAtTheStart) {
+TEST_F(TrelvoShared, IsASingletonWithoutTokensAtTheStart) {
     EXPECT_EQ(&Trelvo::shared(), &Trelvo::shared());
     EXPECT_FALSE(Trelvo::shared().auth());
     EXPECT_FALSE(Trelvo::shared().authError());
 }
 
-TEST_F(TrelvoShared, GoesByTheSecondsSince1970) {
+TEST_F(TrelvoShared, UsesTheSystemClock) {
     using namespace std::chrono;
     const double present = duration<double>(system_clock::now().time_since_epoch()).count();
     const Event first = startListing();

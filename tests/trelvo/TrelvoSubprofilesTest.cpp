@@ -1,4 +1,4 @@
-// Profiles: what becomes of the datasets that they are made of.
+// Profiles, and the datasets that they are read from.
 
 #include <trelvo/Client.h>
 #include <algorithm>
@@ -62,7 +62,7 @@ const std::string history = "DELETE /v2/history?UID=u1&source=lumeno&slug=watchl
 const std::string watchlist = "DELETE /v2/saved/watchlist?UID=u1&source=lumeno Bearer access-good";
 const std::string profile = "DELETE /v2/dataset/profile?UID=u1&source=lumeno Bearer access-good";
 
-TEST_F(TrelvoSubprofiles, AreThoseOfTheAnswersDatasetsThatAreProfilesInTheirOrder) {
+TEST_F(TrelvoSubprofiles, AreTheProfilesOfTheResponsesDatasetsInOrder) {
     const auto profiles = got(reply(200, R"({"data":[
         {"uid":"a","namespace":"profile","dataset":{"displayName":"A"}},
         {"uid":"b","namespace":"other","dataset":{}},
@@ -75,7 +75,7 @@ TEST_F(TrelvoSubprofiles, AreThoseOfTheAnswersDatasetsThatAreProfilesInTheirOrde
     EXPECT_EQ((*profiles)[1].displayName(), "E");
 }
 
-TEST_F(TrelvoSubprofiles, AreNoneWhereOneDatasetOfTheAnswerIsOfNoUse) {
+TEST_F(TrelvoSubprofiles, AreNoneIfOneDatasetOfTheResponseIsFaulty) {
     for (const char* const bad :
          {R"({"namespace":"profile","dataset":{}})", R"({"uid":"b","namespace":"profile"})",
           R"({"uid":"b","dataset":null})", R"({"uid":"b","dataset":[]})", "7"}) {
@@ -86,7 +86,7 @@ TEST_F(TrelvoSubprofiles, AreNoneWhereOneDatasetOfTheAnswerIsOfNoUse) {
     }
 }
 
-TEST_F(TrelvoSubprofiles, AreAnErrorForA404AndNoneForAnAnswerWithoutDatasets) {
+TEST_F(TrelvoSubprofiles, AreAnErrorForA404AndNoneForAResponseWithoutDatasets) {
     const auto missing = got(reply(404, ""));
     ASSERT_FALSE(missing);
     EXPECT_EQ(missing.error().kind(), Kind::datasetDoesNotExist);
@@ -96,7 +96,7 @@ TEST_F(TrelvoSubprofiles, AreAnErrorForA404AndNoneForAnAnswerWithoutDatasets) {
     EXPECT_TRUE(got(reply(200, "{}")));
 }
 
-TEST_F(TrelvoSubprofiles, AreAskedForWithPrivateAndFamilyDataWhereWanted) {
+TEST_F(TrelvoSubprofiles, AreRequestedWithPrivateAndFamilyDataIfWanted) {
     (void)got(reply(200, "{}"));
     (void)got(reply(200, "{}"), true, false);
     (void)got(reply(200, "{}"), false, true);
@@ -109,7 +109,7 @@ TEST_F(TrelvoSubprofiles, AreAskedForWithPrivateAndFamilyDataWhereWanted) {
     EXPECT_EQ(sent(3), start + "&include=private,family" + end);
 }
 
-TEST_F(TrelvoSubprofiles, AreMadeOfTheFirstDatasetOfTheAnswer) {
+TEST_F(TrelvoSubprofiles, AreReadFromTheFirstDatasetOfTheResponse) {
     const char* const body = R"({"data":[{"uid":"a","namespace":"profile","dataset":{"birthYear":2010}},
                                          {"uid":"b","namespace":"profile","dataset":{}}]})";
     for (const auto& made : {created(reply(200, body)), updated(reply(200, body))}) {
@@ -119,7 +119,7 @@ TEST_F(TrelvoSubprofiles, AreMadeOfTheFirstDatasetOfTheAnswer) {
     }
 }
 
-TEST_F(TrelvoSubprofiles, FailWhereTheServiceNamesNoDatasetThatItMade) {
+TEST_F(TrelvoSubprofiles, FailIfTheResponseContainsNoDataset) {
     for (const char* const body : {"{}", R"({"data":[]})", R"({"data":[{"uid":"a"}]})"}) {
         const auto made = created(reply(200, body));
         ASSERT_FALSE(made);
@@ -136,7 +136,7 @@ TEST_F(TrelvoSubprofiles, FailWhereTheServiceNamesNoDatasetThatItMade) {
     }
 }
 
-TEST_F(TrelvoSubprofiles, FailWhereTheDatasetIsOfAnotherNamespaceAfterItsTokensAreKept) {
+TEST_F(TrelvoSubprofiles, FailForADatasetOfAnotherNamespaceAfterItsTokensAreKept) {
     const auto other = created(reply(
         200, R"({"data":[{"uid":"a","namespace":"x","dataset":{}}],)" + authMember("rotated", 3000) + "}"));
     ASSERT_FALSE(other);
@@ -157,20 +157,20 @@ TEST_F(TrelvoSubprofiles, SendTheirDatasetAsAPercentEncodedFormField) {
     EXPECT_EQ(session->request(0).value("Content-Type"), "application/x-www-form-urlencoded");
 }
 
-TEST_F(TrelvoSubprofiles, LeaveOutWhatDoesNotTravel) {
+TEST_F(TrelvoSubprofiles, OmitUnsupportedValues) {
     (void)created(reply(200, "{}"), {{"list", AnyValue::Other{"array"}}, {"n", 1}});
     EXPECT_EQ(bodyOf(0), "dataset=%7B%22n%22%3A1%7D");
 }
 
-TEST_F(TrelvoSubprofiles, GoOutWithoutABodyWhereTheirDatasetCannotBeWritten) {
+TEST_F(TrelvoSubprofiles, AreSentWithoutABodyIfTheirDatasetCannotBeEncoded) {
     (void)created(reply(200, "{}"), {{"n", std::numeric_limits<double>::infinity()}});
     EXPECT_EQ(bodyOf(0), "none");
     EXPECT_EQ(session->request(0).httpMethod(), "POST");
 }
 
-TEST_F(TrelvoSubprofiles, AreDeletedWithHistoryAndWatchlistAllAtOnce) {
+TEST_F(TrelvoSubprofiles, AreDeletedTogetherWithHistoryAndWatchlist) {
     deleteSubprofile();
-    EXPECT_EQ(context.dataRequests, 3) << "none waits for the answer of another";
+    EXPECT_EQ(context.dataRequests, 3) << "none waits for the response to another";
     std::vector<std::string> requests{sent(0), sent(1), sent(2)};
     std::sort(requests.begin(), requests.end());
     EXPECT_EQ(requests, (std::vector<std::string>{profile, history, watchlist}));
@@ -199,7 +199,7 @@ TEST_F(TrelvoSubprofiles, AreDeletedAfterTheHistoryAndThenTheWatchlistHaveStarte
               (std::vector<std::string>{"v2/history", "v2/saved/watchlist", "v2/dataset/profile"}));
 }
 
-TEST_F(TrelvoSubprofiles, AreDeletedThoughHistoryAndWatchlistAreNot) {
+TEST_F(TrelvoSubprofiles, AreDeletedEvenIfHistoryAndWatchlistAreNot) {
     deleteSubprofile();
     answerTo(history, reply(500, ""));
     answerTo(watchlist, reply(500, ""));
@@ -208,7 +208,7 @@ TEST_F(TrelvoSubprofiles, AreDeletedThoughHistoryAndWatchlistAreNot) {
     EXPECT_EQ(outcomes.only().text(), "success");
 }
 
-TEST_F(TrelvoSubprofiles, AreNotDeletedWhereTheDatasetIsNot) {
+TEST_F(TrelvoSubprofiles, AreNotDeletedIfTheDatasetIsNot) {
     deleteSubprofile();
     answerTo(history, reply(200, "{}"));
     answerTo(watchlist, reply(200, "{}"));
@@ -217,14 +217,14 @@ TEST_F(TrelvoSubprofiles, AreNotDeletedWhereTheDatasetIsNot) {
     EXPECT_EQ(outcomes.only().code(), 404);
 }
 
-TEST_F(TrelvoSubprofiles, ReportOnceThatThereIsNoUserToDelete) {
+TEST_F(TrelvoSubprofiles, ReportAMissingUserOnceOnDeletion) {
     context.user = std::nullopt;
     deleteSubprofile();
     EXPECT_TRUE(outcomes.only().is(Kind::noUid));
     EXPECT_EQ(context.tokenRequests + context.dataRequests, 0);
 }
 
-TEST_F(TrelvoSubprofiles, AreDeletedInThreeStepsEachOfWhichAsksForATokenAndBlocksTheCaller) {
+TEST_F(TrelvoSubprofiles, AreDeletedInThreeStepsThatEachRequestATokenAndBlockTheCaller) {
     trelvo->clearAuth();
     const Event returned = onItsOwnThread([this] { deleteSubprofile(); });
     for (std::size_t step = 0; step < 3; ++step) {

@@ -1,4 +1,4 @@
-// Many threads at one client whose tokens end all the time.
+// Many threads use one client whose tokens expire all the time.
 
 #include <VanticRestKit/trelvo/detail/TrelvoProbe.h>
 
@@ -13,34 +13,33 @@ namespace {
 constexpr int threads = 32;
 constexpr int callsEach = 34;
 
-/// The rest of `text` after `start`; empty if it begins with something else.
-std::string behind(const std::string& start, const std::string& text) {
+/// The rest of `text` after `start`, or empty if it does not begin with `start`.
+std::string afterPrefix(const std::string& start, const std::string& text) {
     return text.starts_with(start) ? text.substr(start.size()) : "";
 }
 
-/// Whether all parts are those of one token set. The expiry is the number that the set was made with.
+/// Whether all parts belong to one token set. The expiry is the number of the set.
 bool isWhole(const Auth& auth) {
-    const std::string name = behind("access-", auth.accessToken);
-    return !name.empty() && behind("refresh-", auth.refreshToken) == name &&
-           behind("type-", auth.tokenType) == name &&
+    const std::string name = afterPrefix("access-", auth.accessToken);
+    return !name.empty() && afterPrefix("refresh-", auth.refreshToken) == name &&
+           afterPrefix("type-", auth.tokenType) == name &&
            auth.expiry.time_since_epoch().count() == static_cast<double>(std::stoi(name));
 }
 
-/// A service whose tokens have ended before they come. It refuses some token requests, rotates tokens in data
-/// answers, and notes what it has handed out and what is shown to it. Everything happens on the session's
-/// queue.
-class HastyService {
+/// A service whose tokens have expired when they arrive. It rejects some token requests, rotates tokens in data
+/// responses, and records the tokens that it issues and receives. Runs on the session's queue.
+class ExpiredTokenService {
 public:
     Reply replyTo(const URLRequest& request) {
-        const std::string shown = behind("Bearer ", request.value("Authorization").value_or(""));
+        const std::string shown = afterPrefix("Bearer ", request.value("Authorization").value_or(""));
         if (request.url()->path() == "/v2/token") {
             ++tokenRequests_;
-            if (!shown.empty() && !issued_.contains(behind("refresh-", shown))) ++faults_;
+            if (!shown.empty() && !issued_.contains(afterPrefix("refresh-", shown))) ++faults_;
             if (tokenRequests_ % 7 == 0) return reply(401, "");
             return reply(200, "{" + next() + "}");
         }
         ++dataRequests_;
-        if (!issued_.contains(behind("access-", shown))) ++faults_;
+        if (!issued_.contains(afterPrefix("access-", shown))) ++faults_;
         return reply(dataRequests_ % 11 == 0 ? 500 : 200, R"({"data":[],)" + next() + "}");
     }
 
@@ -63,7 +62,7 @@ private:
 
 class TrelvoThreads : public ::testing::Test {
 protected:
-    /// Calls operations, all of them in turn, and takes a look at the tokens after each.
+    /// Calls all operations in turn, and checks the tokens after each.
     void callOperations(int thread) {
         UserContext context;
         context.session = session;
@@ -83,7 +82,7 @@ protected:
         }
     }
 
-    HastyService service;
+    ExpiredTokenService service;
     std::shared_ptr<ScriptedSession> session = std::make_shared<ScriptedSession>(
         [this](const URLRequest& request) { return service.replyTo(request); });
     std::unique_ptr<Trelvo> trelvo{new Trelvo(TrelvoProbe::make([] { return 1e9; }))};
@@ -92,20 +91,20 @@ protected:
     Event completed;
 };
 
-TEST_F(TrelvoThreads, EachGetATokenForTheirCallAndOneOutcomeOfTheirOwn) {
+TEST_F(TrelvoThreads, EachGetATokenForTheirCallAndExactlyOneOutcome) {
     std::vector<std::thread> callers;
     for (int thread = 0; thread < threads; ++thread) {
         callers.emplace_back([this, thread] { callOperations(thread); });
     }
     for (std::thread& caller : callers) caller.join();
     ASSERT_TRUE(completed.wait(threads * callsEach));
-    // A block on the session's queue now follows all answers: nothing else can come.
+    // A block on the session's queue runs after all responses, so nothing can follow it.
     const Event flushed;
     session->queue().async([flushed] { flushed.signal(); });
     ASSERT_TRUE(flushed.wait());
     for (const std::atomic<int>& count : completions) EXPECT_EQ(count.load(), 1);
     EXPECT_EQ(torn.load(), 0);
-    EXPECT_EQ(service.faults(), 0) << "every token that was shown had been handed out";
+    EXPECT_EQ(service.faults(), 0) << "every token that was sent had been issued";
     EXPECT_GT(service.dataRequests(), threads);
     EXPECT_TRUE(!trelvo->auth() || isWhole(*trelvo->auth()));
 }

@@ -1,4 +1,4 @@
-// How a token is got, kept and judged before an operation sends its request.
+// How a token is requested, kept and checked before an operation sends its request.
 
 #include <trelvo/Client.h>
 
@@ -16,7 +16,7 @@ protected:
     Event startListing() {
         return onItsOwnThread([this] { list(); });
     }
-    /// The error of an operation whose token request number `index` is answered so.
+    /// The error of an operation whose token request number `index` gets this reply.
     Outcome outcomeOfToken(Reply reply, std::size_t index = 0) {
         outcomes = Outcomes();
         const Event returned = startListing();
@@ -26,13 +26,13 @@ protected:
     }
 };
 
-TEST_F(TrelvoToken, IsNeverThereAtTheStart) {
+TEST_F(TrelvoToken, IsAbsentAtTheStart) {
     EXPECT_FALSE(trelvo->auth());
     EXPECT_FALSE(trelvo->authError());
     EXPECT_EQ(state().timeUntilAuthExpires(), std::nullopt);
 }
 
-TEST_F(TrelvoToken, IsAskedForWithNothingButTheHostsHeadersWhereNoneIsSaved) {
+TEST_F(TrelvoToken, IsRequestedWithOnlyTheHostsHeadersIfNoneIsSaved) {
     context.headers = {{"Authorization", "Basic host"}, {"X-Host", "1"}};
     context.timeout = 7;
     const Event returned = startListing();
@@ -47,7 +47,7 @@ TEST_F(TrelvoToken, IsAskedForWithNothingButTheHostsHeadersWhereNoneIsSaved) {
     EXPECT_EQ(trelvo->auth(), tokens("new", 2000));
 }
 
-TEST_F(TrelvoToken, IsRefreshedWithTheRefreshTokenAsBearer) {
+TEST_F(TrelvoToken, IsRefreshedWithTheRefreshTokenAsBearerToken) {
     save("old", 900);
     const Event returned = startListing();
     const URLRequest request = session->request(0);
@@ -61,14 +61,14 @@ TEST_F(TrelvoToken, IsRefreshedWithTheRefreshTokenAsBearer) {
     EXPECT_NE(sent(1).find(" Bearer access-new"), std::string::npos) << sent(1);
 }
 
-TEST_F(TrelvoToken, HasTheSecondsThatItsExpiryIsAwayBelowZeroOnceItHasEnded) {
+TEST_F(TrelvoToken, HasANegativeRemainingTimeAfterItsExpiry) {
     save("t", 1030.5);
     EXPECT_EQ(state().timeUntilAuthExpires(), 30.5);
     now = 1040.5;
     EXPECT_EQ(state().timeUntilAuthExpires(), -10.0);
 }
 
-TEST_F(TrelvoToken, OfExactlyFiveSecondsIsRefreshedAndOneOfMoreIsUsed) {
+TEST_F(TrelvoToken, IsRefreshedWithExactlyFiveSecondsLeftAndUsedWithMore) {
     save("t", 1005.0);
     EXPECT_TRUE(state().refreshAuth(context));
     save("t", 1005.000001);
@@ -78,7 +78,7 @@ TEST_F(TrelvoToken, OfExactlyFiveSecondsIsRefreshedAndOneOfMoreIsUsed) {
     EXPECT_EQ(context.tokenRequests, 2);
 }
 
-TEST_F(TrelvoToken, AcceptsAnyNumberThatAServiceMaySendForItsExpiry) {
+TEST_F(TrelvoToken, AcceptsAnyNumberAsItsExpiry) {
     for (const double expiry : {1e300, 9.3e18, 2.5e9}) {
         save("t", expiry);
         EXPECT_FALSE(state().refreshAuth(context)) << expiry;
@@ -89,13 +89,13 @@ TEST_F(TrelvoToken, AcceptsAnyNumberThatAServiceMaySendForItsExpiry) {
     }
 }
 
-TEST_F(TrelvoToken, IsNotAskedForWithoutAUser) {
+TEST_F(TrelvoToken, IsNotRequestedWithoutAUser) {
     context.user = std::nullopt;
     EXPECT_FALSE(state().refreshAuth(context));
     EXPECT_EQ(context.tokenRequests, 0);
 }
 
-TEST_F(TrelvoToken, HasAGroupOfItsOwnForEachRequestThatIsLeftByTheAnswer) {
+TEST_F(TrelvoToken, HasASeparateGroupForEachRequestThatTheResponseLeaves) {
     const auto first = state().refreshAuth(context);
     const auto second = state().refreshAuth(context);
     ASSERT_TRUE(first && second);
@@ -106,7 +106,7 @@ TEST_F(TrelvoToken, HasAGroupOfItsOwnForEachRequestThatIsLeftByTheAnswer) {
     EXPECT_EQ(context.tokenRequests, 2);
 }
 
-TEST_F(TrelvoToken, LeavesItsGroupAlsoWhereTheClientHasGone) {
+TEST_F(TrelvoToken, LeavesItsGroupEvenIfTheClientIsDestroyed) {
     for (const Reply& answered :
          {reply(401, ""), reply(500, ""), reply(200, "{}"), tokenReply("new", 2000)}) {
         trelvo.reset(new Trelvo(TrelvoProbe::make([this] { return now.load(); })));
@@ -120,19 +120,19 @@ TEST_F(TrelvoToken, LeavesItsGroupAlsoWhereTheClientHasGone) {
     }
 }
 
-TEST_F(TrelvoToken, RefusedWithA401MeansThatConsentIsNeededAnew) {
+TEST_F(TrelvoToken, RejectedWithA401MeansThatConsentIsNeededAgain) {
     EXPECT_TRUE(outcomeOfToken(reply(401, "{}")).is(Kind::accountReconsentRequired));
     EXPECT_TRUE(trelvo->authError() == TrelvoError::accountReconsentRequired());
     EXPECT_FALSE(trelvo->auth());
 }
 
-TEST_F(TrelvoToken, FailingWithTheCode401OfAnotherErrorMeansThatThereIsNone) {
+TEST_F(TrelvoToken, FailingWithTheCode401OfAnotherErrorIsAMissingToken) {
     const Outcome outcome = outcomeOfToken({.error = Error(NSError(NetworkError::errorDomain(), 401))});
-    EXPECT_TRUE(outcome.is(Kind::noAuthToken)) << "only a status of 401 asks for consent anew";
+    EXPECT_TRUE(outcome.is(Kind::noAuthToken)) << "only a status of 401 means that consent is needed again";
     EXPECT_EQ(outcome.code(), 401);
 }
 
-/// Fails each fetch with an error that is not the library's, with the domain and the code of one that is.
+/// Fails each fetch with a foreign error that has the domain and the code of a library error.
 class ForeignService final : public Serviceable {
 public:
     void fetch(FetchArguments arguments) override { arguments.with.value()(Failure(error())); }
@@ -142,7 +142,7 @@ private:
     static Error error() { return NSError(NetworkError::errorDomain(), 401); }
 };
 
-TEST_F(TrelvoToken, FailingWithTheCode401OfAServiceOfTheHostMeansThatThereIsNone) {
+TEST_F(TrelvoToken, FailingWithTheCode401OfAHostsServiceIsAMissingToken) {
     class ForeignContext final : public UserContext {
     public:
         std::shared_ptr<Serviceable> service(ServiceArguments) const override {
@@ -155,7 +155,7 @@ TEST_F(TrelvoToken, FailingWithTheCode401OfAServiceOfTheHostMeansThatThereIsNone
     EXPECT_EQ(outcomes.only().loaderError().underlyingError()->code(), 401);
 }
 
-TEST_F(TrelvoToken, MayBeWaitedForOnTheMainQueue) {
+TEST_F(TrelvoToken, CanBeWaitedForOnTheMainQueue) {
     const Event returned;
     DispatchQueue::main().async([this, returned] {
         list();
@@ -164,12 +164,12 @@ TEST_F(TrelvoToken, MayBeWaitedForOnTheMainQueue) {
     (void)waits.awaited(0);
     EXPECT_EQ(returned.count(), 0);
     session->answer(0, tokenReply("new", 2000));
-    ASSERT_TRUE(returned.wait()) << "the main queue waits for the token and takes no part in its coming";
+    ASSERT_TRUE(returned.wait()) << "the main queue waits for the token, but is not needed to deliver it";
     session->answer(1, reply(200, R"({"data":[]})"));
     EXPECT_EQ(outcomes.only().text(), "success");
 }
 
-TEST_F(TrelvoToken, FailingInAnyOtherWayMeansThatThereIsNone) {
+TEST_F(TrelvoToken, FailingInAnyOtherWayIsAMissingToken) {
     const Reply failures[] = {reply(400, ""), reply(403, ""), reply(404, ""), reply(500, ""),
                               transportFailure(NetworkError::internalSDKError("lost"))};
     std::size_t index = 0;
@@ -184,7 +184,7 @@ TEST_F(TrelvoToken, FailingInAnyOtherWayMeansThatThereIsNone) {
     }
 }
 
-TEST_F(TrelvoToken, InAnAnswerThatCannotBeReadMeansThatThereIsNone) {
+TEST_F(TrelvoToken, InAMalformedResponseIsAMissingToken) {
     std::size_t index = 0;
     for (const char* const body : {"", "nonsense", "[]", "null", "{"}) {
         const Outcome outcome = outcomeOfToken(reply(200, body), index++);
@@ -193,7 +193,7 @@ TEST_F(TrelvoToken, InAnAnswerThatCannotBeReadMeansThatThereIsNone) {
     }
 }
 
-TEST_F(TrelvoToken, InAnAnswerThatLacksAPartOfItChangesNothing) {
+TEST_F(TrelvoToken, InAnIncompleteResponseChangesNothing) {
     std::size_t index = 0;
     const char* const bodies[] = {
         "{}",
@@ -215,13 +215,13 @@ TEST_F(TrelvoToken, InAnAnswerThatLacksAPartOfItChangesNothing) {
     }
 }
 
-TEST_F(TrelvoToken, WithoutAnAnswerOfUseLeavesAnOlderErrorToBeReported) {
+TEST_F(TrelvoToken, AResponseWithoutATokenKeepsTheOlderError) {
     EXPECT_TRUE(outcomeOfToken(reply(401, "")).is(Kind::accountReconsentRequired));
     EXPECT_TRUE(outcomeOfToken(reply(200, "{}"), 1).is(Kind::accountReconsentRequired));
     EXPECT_TRUE(outcomeOfToken(reply(500, ""), 2).is(Kind::noAuthToken)) << "the last failure replaces it";
 }
 
-TEST_F(TrelvoToken, ThatIsSavedStaysBesideTheErrorOfAFailedRefresh) {
+TEST_F(TrelvoToken, IsKeptTogetherWithTheErrorOfAFailedRefresh) {
     save("old", 1000);
     const Event returned = startListing();
     session->answer(0, reply(401, ""));
@@ -229,10 +229,10 @@ TEST_F(TrelvoToken, ThatIsSavedStaysBesideTheErrorOfAFailedRefresh) {
     EXPECT_EQ(saved(), "access-old");
     EXPECT_EQ(savedError(), TrelvoError::accountReconsentRequired().errorDescription());
     session->answer(1, reply(200, R"({"data":[]})"));
-    EXPECT_EQ(outcomes.only().text(), "success") << "the error is silent beside a token";
+    EXPECT_EQ(outcomes.only().text(), "success") << "the error is not reported while there is a token";
 }
 
-TEST_F(TrelvoToken, ThatIsSavedStaysBesideNoErrorWhereTheAnswerLacksAPart) {
+TEST_F(TrelvoToken, IsKeptWithoutAnErrorIfTheResponseIsIncomplete) {
     save("old", 1000);
     const Event returned = startListing();
     session->answer(0, reply(200, R"({"auth":{"access_token":"a","refresh_token":"r","token_type":"t"}})"));
@@ -242,7 +242,7 @@ TEST_F(TrelvoToken, ThatIsSavedStaysBesideNoErrorWhereTheAnswerLacksAPart) {
     EXPECT_NE(sent(1).find(" Bearer access-old"), std::string::npos);
 }
 
-TEST_F(TrelvoToken, ThatComesAtLastClearsTheError) {
+TEST_F(TrelvoToken, ClearsTheErrorWhenItArrives) {
     save("old", 1000);
     saveError(TrelvoError::accountReconsentRequired());
     const Event returned = startListing();
@@ -253,7 +253,7 @@ TEST_F(TrelvoToken, ThatComesAtLastClearsTheError) {
     EXPECT_EQ(savedError(), "none");
 }
 
-TEST_F(TrelvoToken, ThatIsGoodIsUsedWhateverTheErrorBesideIt) {
+TEST_F(TrelvoToken, IsUsedWhileValidWhateverTheSavedError) {
     saveGoodTokens();
     saveError(TrelvoError::accountReconsentRequired());
     list();
@@ -261,7 +261,7 @@ TEST_F(TrelvoToken, ThatIsGoodIsUsedWhateverTheErrorBesideIt) {
     EXPECT_NE(sent(0).find(" Bearer access-good"), std::string::npos);
 }
 
-TEST_F(TrelvoToken, ThatComesAlreadyEndedIsUsedOnceAndRefreshedByTheNextCall) {
+TEST_F(TrelvoToken, ThatArrivesExpiredIsUsedOnceAndRefreshedByTheNextCall) {
     const Event returned = startListing();
     session->answer(0, tokenReply("short", 1001));
     ASSERT_TRUE(returned.wait());
@@ -272,7 +272,7 @@ TEST_F(TrelvoToken, ThatComesAlreadyEndedIsUsedOnceAndRefreshedByTheNextCall) {
     EXPECT_TRUE(again.wait());
 }
 
-TEST_F(TrelvoToken, IsForgottenByClearAuthWithItsError) {
+TEST_F(TrelvoToken, IsRemovedByClearAuthTogetherWithItsError) {
     saveGoodTokens();
     saveError(TrelvoError::accountReconsentRequired());
     trelvo->clearAuth();
@@ -284,7 +284,7 @@ TEST_F(TrelvoToken, IsForgottenByClearAuthWithItsError) {
     EXPECT_TRUE(returned.wait());
 }
 
-TEST_F(TrelvoToken, MayStillArriveAfterClearAuth) {
+TEST_F(TrelvoToken, CanStillArriveAfterClearAuth) {
     const Event returned = startListing();
     (void)waits.awaited(0);
     trelvo->clearAuth();
@@ -293,7 +293,7 @@ TEST_F(TrelvoToken, MayStillArriveAfterClearAuth) {
     EXPECT_EQ(saved(), "access-late");
 }
 
-TEST_F(TrelvoToken, BlocksNoOtherCallerWhileOneWaitsForIt) {
+TEST_F(TrelvoToken, DoesNotBlockOtherCallersWhileOneWaitsForIt) {
     const Event returned = startListing();
     (void)waits.awaited(0);
     (void)session->request(0);
@@ -305,7 +305,7 @@ TEST_F(TrelvoToken, BlocksNoOtherCallerWhileOneWaitsForIt) {
     EXPECT_TRUE(returned.wait());
 }
 
-TEST_F(TrelvoToken, MayBeWaitedForOnAQueueOfThePool) {
+TEST_F(TrelvoToken, CanBeWaitedForOnAPoolQueue) {
     const Event returned;
     DispatchQueue("host").async([this, returned] {
         list();

@@ -1,4 +1,4 @@
-// What operations on user data put on the wire, and how they fare with token services that fail there.
+// What operations on user data send, and how they handle token services that fail.
 
 #include <VanticRestKit/platform/http/URLSession.h>
 
@@ -19,13 +19,13 @@ std::string tokenAnswer(const std::string& name, double expiry = 2000) {
     return http(200, "{" + authMember(name, expiry) + "}");
 }
 
-/// A server of user data: each token request is answered with the next reply of a list, all data with an
+/// A server of user data. Each token request is answered with the next reply of a list, and each data request with an
 /// empty list.
 class UserServer {
     void serve(FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             const std::string reply = replyTo(request->target);
-            // No reply is a service that keeps its client waiting.
+            // An empty reply stands for a service that keeps its client waiting.
             if (reply.empty()) connection.stall();
             if (reply.empty() || !connection.send(reply)) return;
         }
@@ -43,7 +43,7 @@ class UserServer {
 public:
     explicit UserServer(std::vector<std::string> tokenReplies) : tokenReplies_(std::move(tokenReplies)) {}
 
-    // The last member, so that its threads end before what they use.
+    // The last member, so that its threads end before the members that they use are destroyed.
     FaultServer server{[this](FaultConnection& connection) { serve(connection); }};
 };
 
@@ -52,7 +52,7 @@ protected:
     Wire() { context.session = networkSession(URLSession::make(URLSessionConfiguration())); }
 
     void use(const UserServer& user) { context.base = user.server.url(""); }
-    /// What becomes of an operation, whenever that is.
+    /// The outcome of an operation. Waits for it.
     Outcome outcomeOf(const Operation& operation) {
         const Outcomes of;
         const Event completed;
@@ -80,14 +80,14 @@ class TrelvoWireOperation : public Wire, public ::testing::WithParamInterface<Op
 INSTANTIATE_TEST_SUITE_P(Every, TrelvoWireOperation, ::testing::ValuesIn(operations()),
                          [](const auto& each) { return each.param.name; });
 
-/// What the session adds to a request by itself, and the host's own.
+/// Removes the headers that the session adds to every request, and those of the host.
 Headers withoutOrdinary(Headers headers) {
     for (const char* const name : {"host", "accept", "accept-encoding", "user-agent", "content-length"})
         headers.erase(name);
     return headers;
 }
 
-TEST_P(TrelvoWireOperation, SendsATokenRequestAndThenItsOwnAndNothingElse) {
+TEST_P(TrelvoWireOperation, SendsOnlyATokenRequestAndThenItsOwn) {
     UserServer user({tokenAnswer("new")});
     use(user);
     context.headers = {{"X-Host", "1"}};
@@ -141,7 +141,7 @@ TEST_F(TrelvoWire, SendsNothingIfNoUserIsSignedIn) {
     EXPECT_EQ(user.server.requests().size(), 1U);
 }
 
-TEST_F(TrelvoWire, WithoutATokenServiceMeansThatThereIsNoTokenUntilItIsBack) {
+TEST_F(TrelvoWire, HasNoTokenWhileTheTokenServiceIsDown) {
     context.base = "http://127.0.0.1:" + std::to_string(unusedPort());
     const Outcome outcome = listed();
     EXPECT_TRUE(outcome.is(Kind::noAuthToken));
@@ -155,7 +155,7 @@ TEST_F(TrelvoWire, WithoutATokenServiceMeansThatThereIsNoTokenUntilItIsBack) {
     EXPECT_EQ(savedError(), "none");
 }
 
-TEST_F(TrelvoWire, WithATokenServiceThatRefusesTellsThatConsentIsNeededUntilItIsGiven) {
+TEST_F(TrelvoWire, ReportsMissingConsentUntilTheTokenServiceAccepts) {
     UserServer user({http(401, "{}"), http(401, ""), tokenAnswer("new")});
     use(user);
     EXPECT_TRUE(listed().is(Kind::accountReconsentRequired));
@@ -165,7 +165,7 @@ TEST_F(TrelvoWire, WithATokenServiceThatRefusesTellsThatConsentIsNeededUntilItIs
     EXPECT_FALSE(user.server.requests()[1].has("authorization"));
 }
 
-TEST_F(TrelvoWire, WithATokenServiceThatFailsHasNoToken) {
+TEST_F(TrelvoWire, HasNoTokenIfTheTokenServiceFails) {
     UserServer user({http(403, "{}"), http(500, ""), tokenAnswer("new")});
     use(user);
     for (const std::int64_t status : {403, 500}) {
@@ -176,7 +176,7 @@ TEST_F(TrelvoWire, WithATokenServiceThatFailsHasNoToken) {
     EXPECT_EQ(listed().text(), "success");
 }
 
-TEST_F(TrelvoWire, WithATokenServiceThatTalksNonsenseHasNoToken) {
+TEST_F(TrelvoWire, HasNoTokenIfTheTokenServiceSendsInvalidResponses) {
     UserServer user(
         {http(200, "<html>"), http(200, ""), http(200, "{}"), "nonsense\r\n\r\n", tokenAnswer("new")});
     use(user);
@@ -185,16 +185,16 @@ TEST_F(TrelvoWire, WithATokenServiceThatTalksNonsenseHasNoToken) {
         EXPECT_TRUE(outcome.is(Kind::noAuthToken));
         EXPECT_EQ(outcome.loaderError().kind(), LoaderError::Kind::failedToDecode);
     }
-    EXPECT_TRUE(listed().is(Kind::noAuthToken)) << "the error of the last failure is still there";
+    EXPECT_TRUE(listed().is(Kind::noAuthToken)) << "the error of the last failure is kept";
     trelvo->clearAuth();
     const Outcome outcome = listed();
     EXPECT_TRUE(outcome.is(Kind::noAuthToken));
     EXPECT_EQ(outcome.loaderError().kind(), LoaderError::Kind::serverError);
-    EXPECT_LT(outcome.code(), 0) << "the transport's own";
+    EXPECT_LT(outcome.code(), 0) << "a transport error";
     EXPECT_EQ(listed().text(), "success");
 }
 
-TEST_F(TrelvoWire, WithATokenServiceThatIsLateWaitsForTheTimeOutOfTheContext) {
+TEST_F(TrelvoWire, WaitsForALateTokenServiceUntilTheTimeoutOfTheContext) {
     UserServer user({"", tokenAnswer("new")});
     use(user);
     context.timeout = 0.2;
@@ -206,7 +206,7 @@ TEST_F(TrelvoWire, WithATokenServiceThatIsLateWaitsForTheTimeOutOfTheContext) {
     EXPECT_EQ(listed().text(), "success");
 }
 
-TEST_F(TrelvoWire, WithAnOldTokenGoesOnWhateverTheTokenServiceDoes) {
+TEST_F(TrelvoWire, ContinuesWithAnOldTokenWhateverTheTokenServiceDoes) {
     UserServer user({http(401, ""), http(500, ""), http(200, "nonsense"), http(200, "{}")});
     use(user);
     save("old", 900);

@@ -1,4 +1,4 @@
-// How the operations of a user client end: where they deliver, and what ends them early.
+// How the operations of a user client end: on which queue they deliver, and what ends them early.
 
 #include <VanticRestKit/platform/async/Task.h>
 
@@ -19,7 +19,7 @@ TEST_F(UserClientEnds, NeverDeliverInsideTheCall) {
     std::mutex held;
     const Event delivered;
     {
-        // A completion inside the call would wait for this lock for ever.
+        // A completion inside the call would deadlock on this lock.
         const std::lock_guard lock(held);
         handles.push_back(client->listWatchlistShowIds().start({}, [&](const Result<Saved, TrelvoError>&) {
             { const std::lock_guard inCompletion(held); }
@@ -47,15 +47,16 @@ TEST_F(UserClientEnds, DeliverOnTheQueueOfTheOptions) {
     EXPECT_EQ(isOnQueue, (std::vector<bool>{true, true}));
 }
 
-TEST_F(UserClientEnds, MayStartOthersFromACompletionOnTheDelegateQueue) {
+TEST_F(UserClientEnds, CanStartOthersInACompletionOnTheDelegateQueue) {
     const Event done;
-    handles.push_back(client->listWatchlistShowIds().start({.on = session->queue()},
-                                                           [&](const Result<Saved, TrelvoError>&) {
-                                                               // The token has ended by now, so that this one needs a request whose answer arrives on this very queue.
-                                                               *now = 5000;
-                                                               list({.on = session->queue()});
-                                                               done.signal();
-                                                           }));
+    handles.push_back(client->listWatchlistShowIds().start(
+        {.on = session->queue()}, [&](const Result<Saved, TrelvoError>&) {
+            // The token has ended by now, so that this one needs a
+            // request whose answer arrives on this very queue.
+            *now = 5000;
+            list({.on = session->queue()});
+            done.signal();
+        }));
     answer(0, tokenReply("short", 2000));
     answer(1, noRecords());
     ASSERT_TRUE(done.wait());
@@ -66,7 +67,7 @@ TEST_F(UserClientEnds, MayStartOthersFromACompletionOnTheDelegateQueue) {
     EXPECT_EQ(only().text(), "success");
 }
 
-TEST_F(UserClientEnds, AreCancelledOneByOneWhileTheyWaitForAToken) {
+TEST_F(UserClientEnds, CanBeCancelledIndividuallyWhileWaitingForAToken) {
     const Outcomes first = listSeparately();
     const Outcomes second = listSeparately();
     EXPECT_EQ(sentCount(), 1U);
@@ -80,7 +81,7 @@ TEST_F(UserClientEnds, AreCancelledOneByOneWhileTheyWaitForAToken) {
     EXPECT_EQ(sentCount(), 2U);
 }
 
-TEST_F(UserClientEnds, CancelTheTokenRequestWhenNoneWaitsAnyMore) {
+TEST_F(UserClientEnds, CancelTheTokenRequestWhenNoneWaitsForIt) {
     for (int i = 0; i < 3; ++i) list();
     EXPECT_EQ(sentCount(), 1U);
     handles[0].cancel();
@@ -90,10 +91,10 @@ TEST_F(UserClientEnds, CancelTheTokenRequestWhenNoneWaitsAnyMore) {
     handles[2].cancel();
     EXPECT_TRUE(session->awaitCancel(0));
     list();
-    EXPECT_EQ(sent(1), tokenRequest + "none") << "the next one asks anew";
+    EXPECT_EQ(sent(1), tokenRequest + "none") << "the next operation requests a token again";
 }
 
-TEST_F(UserClientEnds, AreCancelledWhileTheirRequestIsUnderWay) {
+TEST_F(UserClientEnds, CanBeCancelledDuringTheirRequest) {
     save("good", 2000);
     list();
     EXPECT_EQ(sent(0), listRequest + "good");
@@ -104,7 +105,7 @@ TEST_F(UserClientEnds, AreCancelledWhileTheirRequestIsUnderWay) {
     EXPECT_EQ(outcomes.count(), 1U);
 }
 
-TEST_F(UserClientEnds, DeliverNothingOnceTheirHandleIsDropped) {
+TEST_F(UserClientEnds, DeliverNothingAfterTheirHandleIsDestroyed) {
     save("good", 2000);
     list();
     EXPECT_EQ(sent(0), listRequest + "good");
@@ -114,7 +115,7 @@ TEST_F(UserClientEnds, DeliverNothingOnceTheirHandleIsDropped) {
     EXPECT_EQ(outcomes.count(), 0U);
 }
 
-TEST_F(UserClientEnds, AreCancelledByAStopTokenBeforeAnythingIsSent) {
+TEST_F(UserClientEnds, CanBeCancelledByAStopTokenBeforeAnythingIsSent) {
     std::stop_source stop;
     stop.request_stop();
     list({.stop = stop.get_token()});
@@ -122,7 +123,7 @@ TEST_F(UserClientEnds, AreCancelledByAStopTokenBeforeAnythingIsSent) {
     EXPECT_EQ(sentCount(), 0U);
 }
 
-TEST_F(UserClientEnds, AreCancelledByAStopTokenWhileTheyWait) {
+TEST_F(UserClientEnds, CanBeCancelledByAStopTokenWhileTheyWait) {
     std::stop_source stop;
     list({.stop = stop.get_token()});
     EXPECT_EQ(sent(0), tokenRequest + "none");
@@ -131,7 +132,7 @@ TEST_F(UserClientEnds, AreCancelledByAStopTokenWhileTheyWait) {
     EXPECT_TRUE(session->awaitCancel(0));
 }
 
-TEST_F(UserClientEnds, MissTheirDeadlineAlsoWhileTheyWaitForAToken) {
+TEST_F(UserClientEnds, ObserveTheirDeadlineWhileWaitingForAToken) {
     const Outcomes unhurried = listSeparately();
     EXPECT_EQ(sent(0), tokenRequest + "none");
     list({.deadline = 5ms});
@@ -141,7 +142,7 @@ TEST_F(UserClientEnds, MissTheirDeadlineAlsoWhileTheyWaitForAToken) {
     EXPECT_EQ(unhurried.count(), 0U);
 }
 
-TEST_F(UserClientEnds, TellTheFailureHookOfAMissedDeadlineWithoutAToken) {
+TEST_F(UserClientEnds, ReportADeadlineMissedWithoutATokenToTheFailureHook) {
     const Event reported;
     std::optional<std::string> authorization;
     context->log = [&](const Error& error) {
@@ -154,7 +155,7 @@ TEST_F(UserClientEnds, TellTheFailureHookOfAMissedDeadlineWithoutAToken) {
     EXPECT_EQ(transportCode(only()), -1001);
 }
 
-TEST_F(UserClientEnds, AreUnknownIfTheContextBuildsNoRequestForTheData) {
+TEST_F(UserClientEnds, FailAsUnknownIfTheContextBuildsNoDataRequest) {
     context->buildsDataRequest = false;
     list();
     EXPECT_EQ(
@@ -163,7 +164,7 @@ TEST_F(UserClientEnds, AreUnknownIfTheContextBuildsNoRequestForTheData) {
     EXPECT_EQ(sentCount(), 0U);
 }
 
-TEST_F(UserClientEnds, AreUnknownIfTheContextBuildsNoRequestForAToken) {
+TEST_F(UserClientEnds, FailAsUnknownIfTheContextBuildsNoTokenRequest) {
     context->buildsTokenRequest = false;
     list();
     EXPECT_EQ(
@@ -172,7 +173,7 @@ TEST_F(UserClientEnds, AreUnknownIfTheContextBuildsNoRequestForAToken) {
     EXPECT_EQ(sentCount(), 0U);
 }
 
-TEST_F(UserClientEnds, AreUnknownForANumberBeyondTheSignedRange) {
+TEST_F(UserClientEnds, FailAsUnknownForANumberBeyondTheSignedRange) {
     handles.push_back(client->deleteShow({.showId = std::numeric_limits<std::uint64_t>::max()})
                           .start({}, completion<void>(outcomes.completed())));
     EXPECT_EQ(only().text(),
@@ -180,7 +181,7 @@ TEST_F(UserClientEnds, AreUnknownForANumberBeyondTheSignedRange) {
     EXPECT_EQ(sentCount(), 0U);
 }
 
-TEST_F(UserClientEnds, GoOnWithTheTokenHeldIfTheContextBuildsNoRequestForAnother) {
+TEST_F(UserClientEnds, ContinueWithTheOldTokenIfTheContextBuildsNoTokenRequest) {
     context->buildsTokenRequest = false;
     save("old", 900);
     list();
@@ -196,7 +197,7 @@ TEST_F(UserClientEnds, CanBeCancelledIfTheContextBuiltNoRequest) {
     EXPECT_EQ(only().loaderError().underlyingError()->code(), -999);
 }
 
-TEST_F(UserClientEnds, AreAwaitedAndWaitedFor) {
+TEST_F(UserClientEnds, CanBeAwaitedAndWaitedFor) {
     save("good", 2000);
     const auto future =
         std::make_shared<LoadFuture<Result<Saved, TrelvoError>>>(client->listWatchlistShowIds().future());
@@ -211,7 +212,7 @@ TEST_F(UserClientEnds, AreAwaitedAndWaitedFor) {
     EXPECT_TRUE(answered.wait());
 }
 
-TEST_F(UserClientEnds, ArePublishedAnewForEachSubscription) {
+TEST_F(UserClientEnds, StartAgainForEachSubscriptionOfTheirPublisher) {
     save("good", 2000);
     const auto publisher = client->deleteShow({.showId = 42}).publisher();
     const Event ended;
@@ -226,11 +227,11 @@ TEST_F(UserClientEnds, ArePublishedAnewForEachSubscription) {
     EXPECT_TRUE(ended.wait(2));
 }
 
-/// What a wait on `queue` ends with.
+/// The outcome of a wait on `queue`.
 std::string waitOn(const DispatchQueue& queue, const UserClient& client) {
     const Event done;
     std::string text;
-    // GCC 12 with sanitizers takes the empty options of a plain wait() for uninitialized ones.
+    // GCC 12 with sanitizers reports the empty options of a plain wait() as uninitialized.
     const LoadOptions options{.deadline = 1h};
     queue.async([&] {
         const auto result = client.listWatchlistShowIds().wait(options);
@@ -241,14 +242,14 @@ std::string waitOn(const DispatchQueue& queue, const UserClient& client) {
     return text;
 }
 
-TEST_F(UserClientEnds, FailAtOnceIfWaitedForWhereTheyHaveToPass) {
+TEST_F(UserClientEnds, FailAtOnceIfWaitedForOnAQueueThatTheyNeed) {
     const auto& clientSession = UserClientProbe::session(*client);
     for (const DispatchQueue& queue : {session->queue(), clientSession.queue(), clientSession.deliveries()}) {
         EXPECT_NE(waitOn(queue, *client).find("would never end"), std::string::npos) << queue.label();
     }
 }
 
-TEST_F(UserClientEnds, ComeToTheirEndAfterTheClientWasDropped) {
+TEST_F(UserClientEnds, CompleteAfterTheClientIsDestroyed) {
     list();
     EXPECT_EQ(sent(0), tokenRequest + "none");
     const auto later = client->listWatchlistShowIds();
@@ -258,7 +259,7 @@ TEST_F(UserClientEnds, ComeToTheirEndAfterTheClientWasDropped) {
     answer(1, noRecords());
     EXPECT_EQ(only().text(), "success");
     handles.push_back(later.start({}, [](const Result<Saved, TrelvoError>&) {}));
-    EXPECT_EQ(sent(2), listRequest + "new") << "the tokens are kept as long as an operation is";
+    EXPECT_EQ(sent(2), listRequest + "new") << "the tokens are kept while there is an operation";
 }
 
 class MortalContext final : public UserContext {
@@ -270,7 +271,7 @@ private:
     const Event gone_;
 };
 
-TEST_F(UserClientEnds, LeaveNothingOfADroppedClient) {
+TEST_F(UserClientEnds, ReleaseEverythingOfADestroyedClient) {
     const Event gone;
     auto mortal = std::make_shared<MortalContext>(gone);
     mortal->session = session;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// A `UserClient` with a clock and a transport in the hands of the test.
+/// A `UserClient` with a clock and a transport controlled by the test.
 
 #include <VanticRestKit/trelvo/detail/UserClientProbe.h>
 
@@ -14,7 +14,7 @@
 
 namespace VanticRestKit::test {
 
-/// The code of the transport's error that a failed operation holds; 0 if there is none.
+/// The code of the transport error inside the error of a failed operation, 0 if there is none.
 inline std::int64_t transportCode(const Outcome& outcome) {
     const LoaderError held = outcome.loaderError();
     const auto* const network = held.underlyingError() ? held.underlyingError()->as<NetworkError>() : nullptr;
@@ -25,7 +25,7 @@ inline bool isCancelled(const Outcome& outcome) {
     return outcome.is(TrelvoError::Kind::general) && transportCode(outcome) == -999;
 }
 
-/// The clock stands at 1000 until a test moves it.
+/// The clock shows 1000 until a test changes it.
 class UserClientFixture : public ::testing::Test {
 protected:
     using Saved = std::vector<SavedData>;
@@ -34,7 +34,7 @@ protected:
     UserClientFixture() { context->session = session; }
     ~UserClientFixture() override {
         handles.clear();
-        // Ends what has no handle, such as the companions of a deletion.
+        // Ends operations without a handle, such as the other steps of a deletion.
         if (client) {
             client->signOut();
             drain();
@@ -42,32 +42,32 @@ protected:
         session->abandon();
     }
 
-    /// Starts an operation that counts in `outcomes`, or in those given.
+    /// Starts an operation whose outcome is added to `outcomes`, or to `into`.
     void list(const LoadOptions& options = {}) { list(outcomes, options); }
-    // Inlined, GCC 12 with sanitizers takes empty options for uninitialized ones.
+    // If inlined, GCC 12 with sanitizers reports the empty options as uninitialized.
     [[gnu::noinline]] void list(const Outcomes& into, const LoadOptions& options = {}) {
         handles.push_back(client->listWatchlistShowIds().start(options, completion<Saved>(into.completed())));
     }
-    /// The same for an operation whose completion is to be told of nothing else.
+    /// The same with a separate collection of outcomes.
     Outcomes listSeparately(const LoadOptions& options = {}) {
         Outcomes separate;
         list(separate, options);
         return separate;
     }
-    /// The outcome of the one operation that counts in `of`, once it is there.
+    /// The outcome of the only operation in `of`. Waits for it.
     static Outcome only(const Outcomes& of) {
         EXPECT_TRUE(of.dropped().wait()) << "no outcome";
         return of.only();
     }
     Outcome only() const { return only(outcomes); }
 
-    /// Waits until the client has done what it was told so far.
+    /// Waits until the client has processed all calls so far.
     void drain() const {
         const Event done;
         UserClientProbe::session(*client).queue().async([done] { done.signal(); });
         EXPECT_TRUE(done.wait());
     }
-    /// How many requests were sent for what the client was told so far.
+    /// The number of requests sent after all calls so far were processed.
     std::size_t sentCount() const {
         drain();
         return session->count();
@@ -79,7 +79,7 @@ protected:
     void save(const std::string& name, double expiry, const std::string& uid = "u1") {
         client->setAuth(UserAuth{.uid = uid, .auth = tokens(name, expiry)});
     }
-    /// The access token held once the client has done what it was told; "none" if there is none.
+    /// The access token held after all calls so far were processed, "none" if there is none.
     std::string held() const {
         drain();
         return client->auth() ? client->auth()->auth.accessToken : "none";

@@ -1,4 +1,4 @@
-// That every operation of a user client sends and concludes what the same one of `Trelvo` does.
+// Every operation of a user client sends the same request and handles responses in the same way as that of `Trelvo`.
 
 #include <trelvo/Operations.h>
 #include <trelvo/UserClientFixture.h>
@@ -17,7 +17,7 @@ Cancellable started(const Call& call, Completed done) {
 
 Dictionary named() { return {{"displayName", "A & B"}}; }
 
-/// How a user client starts the operations that hosts reach by themselves.
+/// How a user client starts the public operations.
 const std::map<std::string, Start>& starts() {
     static const auto& all = *new std::map<std::string, Start>{
         {"getSubprofiles",
@@ -73,7 +73,7 @@ const std::map<std::string, Start>& starts() {
     return all;
 }
 
-/// The operations of `Trelvo` that a user client starts too.
+/// The operations of `Trelvo` that a user client also has.
 std::vector<Operation> shared() {
     std::vector<Operation> found;
     for (const Operation& each : operations()) {
@@ -97,9 +97,9 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Every, UserClientOperation, ::testing::ValuesIn(shared()),
                          [](const auto& each) { return each.param.name; });
 
-TEST(UserClientOperations, AreAllThoseThatHostsReach) { EXPECT_EQ(shared().size(), starts().size()); }
+TEST(UserClientOperations, IncludeEveryPublicOperation) { EXPECT_EQ(shared().size(), starts().size()); }
 
-TEST_P(UserClientOperation, SendsItsRequestWithTheAccessTokenAndNothingElse) {
+TEST_P(UserClientOperation, SendsOnlyItsRequestWithTheAccessToken) {
     EXPECT_EQ(sent(0), GetParam().method + " " + GetParam().target + " Bearer access-good");
     const URLRequest request = session->request(0);
     EXPECT_EQ(request.allHTTPHeaderFields(),
@@ -110,13 +110,13 @@ TEST_P(UserClientOperation, SendsItsRequestWithTheAccessTokenAndNothingElse) {
     EXPECT_EQ(body ? body->view() : "", GetParam().body);
 }
 
-TEST_P(UserClientOperation, KeepsTheTokensOfItsAnswerOrNot) {
+TEST_P(UserClientOperation, KeepsOrIgnoresTheTokensOfItsResponse) {
     const std::string data = GetParam().good.empty() ? "" : GetParam().good + ",";
     EXPECT_EQ(outcomeOf(reply(200, "{" + data + authMember("rotated", 3000) + "}")).text(), "success");
     EXPECT_EQ(held(), GetParam().keepsTokens ? "access-rotated" : "access-good");
 }
 
-TEST_P(UserClientOperation, ConcludesAnEmptyAnswer) {
+TEST_P(UserClientOperation, HandlesAnEmptyResponse) {
     const Outcome outcome = outcomeOf(reply(200, "{}"));
     if (GetParam().emptyAnswer) {
         EXPECT_TRUE(outcome.is(*GetParam().emptyAnswer)) << outcome;
@@ -125,7 +125,7 @@ TEST_P(UserClientOperation, ConcludesAnEmptyAnswer) {
     }
 }
 
-TEST_P(UserClientOperation, ConcludesA404) {
+TEST_P(UserClientOperation, HandlesA404) {
     const Outcome outcome = outcomeOf(reply(404, ""));
     if (GetParam().notFound) {
         EXPECT_TRUE(outcome.is(*GetParam().notFound)) << outcome;
@@ -145,7 +145,7 @@ protected:
     void start() {
         handles.push_back(client->deleteSubprofile().start({}, completion<void>(outcomes.completed())));
     }
-    /// The requests for the data from `first` on.
+    /// The three data requests from number `first`.
     std::vector<std::string> three(std::size_t first) {
         return {sent(first), sent(first + 1), sent(first + 2)};
     }
@@ -168,13 +168,13 @@ TEST_F(UserClientDeleteSubprofile, DeletesHistoryWatchlistAndProfileWithoutWaiti
     EXPECT_EQ(only().text(), "success");
 }
 
-TEST_F(UserClientDeleteSubprofile, AsksForOneToken) {
+TEST_F(UserClientDeleteSubprofile, RequestsOneToken) {
     start();
     answer(0, tokenReply("new", 2000));
     EXPECT_EQ(three(1), expected("access-new"));
 }
 
-TEST_F(UserClientDeleteSubprofile, LetsTheOthersGoOnWhenTheProfileIsDeleted) {
+TEST_F(UserClientDeleteSubprofile, ContinuesTheOthersWhenTheProfileIsDeleted) {
     save("good", 2000);
     start();
     answer(2, reply(404, ""));

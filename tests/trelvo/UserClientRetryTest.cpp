@@ -1,4 +1,4 @@
-// What a user client does about a token that the service refuses although it was believed good.
+// How a user client handles a token that the service rejects before its expiry.
 
 #include <trelvo/UserClientFixture.h>
 
@@ -22,7 +22,7 @@ TEST_F(UserClientRefusedToken, IsRefreshedOnceAndTheOperationRepeatedOnce) {
     EXPECT_EQ(sentCount(), 3U);
 }
 
-TEST_F(UserClientRefusedToken, ASecondTimeIsTheCallersFailure) {
+TEST_F(UserClientRefusedToken, ASecondTimeFailsTheOperation) {
     list();
     answer(0, reply(401, ""));
     answer(1, tokenReply("new", 2000));
@@ -32,7 +32,7 @@ TEST_F(UserClientRefusedToken, ASecondTimeIsTheCallersFailure) {
     EXPECT_EQ(sentCount(), 3U);
 }
 
-TEST_F(UserClientRefusedToken, ThatCannotBeRefreshedLeavesTheFirst401ToTheCaller) {
+TEST_F(UserClientRefusedToken, FailsTheOperationWithTheFirst401IfItCannotBeRefreshed) {
     std::size_t index = 0;
     for (const Reply& failure : {reply(401, ""), reply(500, ""), reply(200, "{}")}) {
         save("good", 2000);
@@ -45,7 +45,7 @@ TEST_F(UserClientRefusedToken, ThatCannotBeRefreshedLeavesTheFirst401ToTheCaller
     }
 }
 
-TEST_F(UserClientRefusedToken, ThatCouldNotBeRefreshedIsRefreshedBeforeTheNextOperationIsSent) {
+TEST_F(UserClientRefusedToken, IsRefreshedBeforeTheNextOperationIfTheRefreshFailed) {
     list();
     answer(0, reply(401, ""));
     answer(1, reply(500, ""));
@@ -54,7 +54,7 @@ TEST_F(UserClientRefusedToken, ThatCouldNotBeRefreshedIsRefreshedBeforeTheNextOp
     EXPECT_EQ(sent(2), tokenRequest + "Bearer refresh-good");
 }
 
-TEST_F(UserClientRefusedToken, IsNotUsedByOperationsThatStartBeforeItsRefreshHasEnded) {
+TEST_F(UserClientRefusedToken, IsNotUsedByOperationsThatStartDuringItsRefresh) {
     list();
     answer(0, reply(401, ""));
     EXPECT_EQ(sent(1), tokenRequest + "Bearer refresh-good");
@@ -65,7 +65,7 @@ TEST_F(UserClientRefusedToken, IsNotUsedByOperationsThatStartBeforeItsRefreshHas
     EXPECT_EQ(sent(3), listRequest + "new");
 }
 
-TEST_F(UserClientRefusedToken, IsRefreshedOnceForAllOperationsThatWereSentWithIt) {
+TEST_F(UserClientRefusedToken, IsRefreshedOnceForAllOperationsSentWithIt) {
     for (int i = 0; i < 3; ++i) list();
     answer(0, reply(401, ""));
     answer(1, reply(401, ""));
@@ -73,7 +73,7 @@ TEST_F(UserClientRefusedToken, IsRefreshedOnceForAllOperationsThatWereSentWithIt
     EXPECT_EQ(sentCount(), 4U);
     answer(3, tokenReply("new", 2000));
     EXPECT_EQ(sent(5), listRequest + "new");
-    // This one was answered after the refresh, which it needs not have again.
+    // This response arrives after the refresh, so no second refresh is needed.
     answer(2, reply(401, ""));
     EXPECT_EQ(sent(6), listRequest + "new");
     EXPECT_EQ(sentCount(), 7U);
@@ -82,7 +82,7 @@ TEST_F(UserClientRefusedToken, IsRefreshedOnceForAllOperationsThatWereSentWithIt
     EXPECT_EQ(outcomes.count(), 3U);
 }
 
-TEST_F(UserClientRefusedToken, ThatWasHeldForLackOfABetterOneIsTheCallersFailure) {
+TEST_F(UserClientRefusedToken, FailsTheOperationIfItWasUsedAfterAFailedRefresh) {
     save("old", 900);
     list();
     answer(0, reply(500, ""));
@@ -92,7 +92,7 @@ TEST_F(UserClientRefusedToken, ThatWasHeldForLackOfABetterOneIsTheCallersFailure
     EXPECT_EQ(sentCount(), 2U);
 }
 
-TEST_F(UserClientRefusedToken, IsNoReasonToRepeatAfterOtherFailures) {
+TEST_F(UserClientRefusedToken, OtherFailuresDoNotRepeatTheOperation) {
     std::size_t index = 0;
     for (const int status : {400, 403, 404, 500}) {
         const Outcomes separate = listSeparately();
@@ -102,7 +102,7 @@ TEST_F(UserClientRefusedToken, IsNoReasonToRepeatAfterOtherFailures) {
     EXPECT_EQ(sentCount(), 4U);
 }
 
-TEST_F(UserClientRefusedToken, LetsACancelledOperationGoAndEndsTheRefreshThatOnlyItNeeds) {
+TEST_F(UserClientRefusedToken, ACancelledOperationEndsTheRefreshIfNoOtherNeedsIt) {
     list();
     answer(0, reply(401, ""));
     EXPECT_EQ(sent(1), tokenRequest + "Bearer refresh-good");

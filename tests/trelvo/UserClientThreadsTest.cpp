@@ -1,4 +1,4 @@
-// Many threads at one user client: they start, cancel and drop while users change and tokens are refused.
+// Many threads use one user client: they start, cancel and drop operations while users change and tokens are rejected.
 
 #include <trelvo/UserClientFixture.h>
 #include <array>
@@ -15,8 +15,8 @@ constexpr int callsEach = 40;
 /// Whether `text` begins with `start`.
 bool begins(const std::string& text, const std::string& start) { return text.starts_with(start); }
 
-/// A service whose tokens name their user. It refuses some of everything, and counts tokens of the wrong user. All of it
-/// runs on the session's queue.
+/// A service whose tokens contain their user. It rejects some requests of every kind, and counts tokens of the wrong
+/// user. Runs on the session's queue.
 class StrictService {
 public:
     Reply replyTo(const URLRequest& request) {
@@ -50,11 +50,11 @@ private:
     int faults_ = 0;
 };
 
-/// Gives one of two users, which any thread changes.
+/// Returns one of two users, which any thread can change.
 class SharedContext final : public UserContext {
 public:
     std::optional<std::string> uid() const override { return isOther ? "u2" : "u1"; }
-    /// Without counting, which is for one thread.
+    /// Does not count requests, since the counters are for one thread.
     std::optional<URLRequest> generateURLRequest(URLRequestArguments arguments) const override {
         return TrelvoContext::generateURLRequest(std::move(arguments));
     }
@@ -78,7 +78,7 @@ protected:
                 });
             if (call % 3 == 1) handle.cancel();
             handle.detach();
-            // One that is dropped has no outcome, or had it before.
+            // A dropped operation has no outcome, or had it before.
             const Cancellable dropped =
                 client->deleteHistory().start({}, [](const Result<void, TrelvoError>&) {});
             if (thread == 0 && call % 10 == 5) context->isOther = !context->isOther;
@@ -107,7 +107,7 @@ TEST_F(UserClientThreads, EachGetOneOutcomeAndNeverTheTokensOfAnotherUser) {
     }
     for (std::thread& caller : callers) caller.join();
     ASSERT_TRUE(completed.wait(threads * callsEach));
-    // What could still come passes these queues, in this order.
+    // Anything still pending passes through these queues, in this order.
     const auto& clientSession = UserClientProbe::session(*client);
     for (const DispatchQueue& queue : {session->queue(), clientSession.queue(), session->queue(),
                                        clientSession.queue(), clientSession.deliveries()}) {
@@ -117,7 +117,7 @@ TEST_F(UserClientThreads, EachGetOneOutcomeAndNeverTheTokensOfAnotherUser) {
     }
     for (const std::atomic<int>& count : completions) EXPECT_EQ(count.load(), 1);
     EXPECT_EQ(mixed.load(), 0);
-    EXPECT_EQ(service.faults(), 0) << "no token went out for another user";
+    EXPECT_EQ(service.faults(), 0) << "no token was sent for another user";
 }
 
 }  // namespace

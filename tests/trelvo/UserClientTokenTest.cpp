@@ -1,4 +1,4 @@
-// How a user client gets, keeps and judges tokens.
+// How a user client requests, keeps and checks tokens.
 
 #include <trelvo/UserClientFixture.h>
 
@@ -7,7 +7,7 @@ namespace {
 
 class UserClientToken : public UserClientFixture {};
 
-TEST_F(UserClientToken, IsAskedForWithNothingButTheHostsHeadersIfNoneIsHeld) {
+TEST_F(UserClientToken, IsRequestedWithOnlyTheHostsHeadersIfNoneIsHeld) {
     context->headers = {{"Authorization", "Basic host"}, {"X-Host", "1"}};
     list();
     EXPECT_EQ(sent(0), tokenRequest + "Basic host");
@@ -20,7 +20,7 @@ TEST_F(UserClientToken, IsAskedForWithNothingButTheHostsHeadersIfNoneIsHeld) {
     EXPECT_EQ(client->auth(), (UserAuth{.uid = "u1", .auth = tokens("new", 2000)}));
 }
 
-TEST_F(UserClientToken, IsRefreshedWithTheRefreshTokenAsBearer) {
+TEST_F(UserClientToken, IsRefreshedWithTheRefreshTokenAsBearerToken) {
     save("old", 900);
     list();
     EXPECT_EQ(session->request(0).allHTTPHeaderFields(),
@@ -31,7 +31,7 @@ TEST_F(UserClientToken, IsRefreshedWithTheRefreshTokenAsBearer) {
     EXPECT_EQ(sent(1), listRequest + "new");
 }
 
-TEST_F(UserClientToken, WithExactlyFiveSecondsLeftIsRefreshedAndWithMoreIsUsed) {
+TEST_F(UserClientToken, IsRefreshedWithExactlyFiveSecondsLeftAndUsedWithMore) {
     save("five", 1005.0);
     list();
     EXPECT_EQ(sent(0), tokenRequest + "Bearer refresh-five");
@@ -41,14 +41,14 @@ TEST_F(UserClientToken, WithExactlyFiveSecondsLeftIsRefreshedAndWithMoreIsUsed) 
     EXPECT_EQ(sent(1), listRequest + "more");
 }
 
-TEST_F(UserClientToken, RefusedWithA401MeansThatConsentIsNeededAnew) {
+TEST_F(UserClientToken, RejectedWithA401MeansThatConsentIsNeededAgain) {
     list();
     answer(0, reply(401, "{}"));
     EXPECT_TRUE(only().is(Kind::accountReconsentRequired));
     EXPECT_EQ(held(), "none");
 }
 
-TEST_F(UserClientToken, FailingInAnyOtherWayMeansThatThereIsNone) {
+TEST_F(UserClientToken, FailingInAnyOtherWayIsAMissingToken) {
     const Reply failures[] = {reply(400, ""), reply(404, ""), reply(500, ""), reply(200, "nonsense"),
                               transportFailure(NetworkError::internalSDKError("lost"))};
     std::size_t index = 0;
@@ -63,7 +63,7 @@ TEST_F(UserClientToken, FailingInAnyOtherWayMeansThatThereIsNone) {
     }
 }
 
-TEST_F(UserClientToken, MissingInTheAnswerIsUnknownAndNamesTheOperation) {
+TEST_F(UserClientToken, MissingInTheResponseFailsAsUnknownAndNamesTheOperation) {
     list();
     answer(0, reply(200, R"({"auth":{"access_token":"a","refresh_token":"r","token_type":"t"}})"));
     EXPECT_EQ(only().text(),
@@ -78,7 +78,7 @@ TEST_F(UserClientToken, MissingForTheViewingHistoryNamesListRecentVideos) {
               "Unknown error: In Trelvo.listRecentVideos(), no saved auth data and no authError found");
 }
 
-TEST_F(UserClientToken, MissingInTheAnswerLeavesAnOlderErrorToBeReported) {
+TEST_F(UserClientToken, MissingInTheResponseKeepsTheOlderError) {
     const Outcomes first = listSeparately();
     answer(0, reply(401, ""));
     EXPECT_TRUE(only(first).is(Kind::accountReconsentRequired));
@@ -87,7 +87,7 @@ TEST_F(UserClientToken, MissingInTheAnswerLeavesAnOlderErrorToBeReported) {
     EXPECT_TRUE(only().is(Kind::accountReconsentRequired));
 }
 
-TEST_F(UserClientToken, ThatIsHeldIsUsedAfterAFailedRefresh) {
+TEST_F(UserClientToken, IsUsedAfterAFailedRefresh) {
     std::size_t index = 0;
     for (const Reply& failure : {reply(401, ""), reply(500, ""), reply(200, "{}")}) {
         save("old", 1000);
@@ -102,7 +102,7 @@ TEST_F(UserClientToken, ThatIsHeldIsUsedAfterAFailedRefresh) {
     }
 }
 
-TEST_F(UserClientToken, ThatComesAlreadyEndedIsUsedOnceAndRefreshedForTheNextOperation) {
+TEST_F(UserClientToken, ThatArrivesExpiredIsUsedOnceAndRefreshedForTheNextOperation) {
     list();
     answer(0, tokenReply("short", 1001));
     EXPECT_EQ(sent(1), listRequest + "short");
@@ -110,7 +110,7 @@ TEST_F(UserClientToken, ThatComesAlreadyEndedIsUsedOnceAndRefreshedForTheNextOpe
     EXPECT_EQ(sent(2), tokenRequest + "Bearer refresh-short");
 }
 
-TEST_F(UserClientToken, OfADataAnswerIsKeptBeforeTheOutcomeIsDelivered) {
+TEST_F(UserClientToken, OfADataResponseIsKeptBeforeTheOutcomeIsDelivered) {
     save("good", 2000);
     std::string inCompletion;
     const Event done;
@@ -123,14 +123,14 @@ TEST_F(UserClientToken, OfADataAnswerIsKeptBeforeTheOutcomeIsDelivered) {
     EXPECT_EQ(inCompletion, "access-rotated");
 }
 
-TEST_F(UserClientToken, OfTheHostMayHaveCharactersThatNoHeaderMayHaveAndIsLeftOut) {
+TEST_F(UserClientToken, IsNotSentIfItHasCharactersInvalidInAHeader) {
     client->setAuth(
         UserAuth{.uid = "u1", .auth = {.accessToken = "a\nb", .expiry = Date(Date::duration(2000))}});
     list();
     EXPECT_EQ(session->request(0).value("Authorization"), std::nullopt);
 }
 
-TEST_F(UserClientToken, IsAskedForOnceHoweverManyOperationsWait) {
+TEST_F(UserClientToken, IsRequestedOnceHoweverManyOperationsWait) {
     constexpr int count = 1000;
     for (int i = 0; i < count; ++i) list();
     EXPECT_EQ(sentCount(), 1U);
@@ -143,7 +143,7 @@ TEST_F(UserClientToken, IsAskedForOnceHoweverManyOperationsWait) {
     EXPECT_EQ(session->count(), 1U + count);
 }
 
-TEST_F(UserClientToken, ThatCannotBeHadFailsAllThatWaitByOneRequest) {
+TEST_F(UserClientToken, FailingFailsAllWaitingOperationsWithOneRequest) {
     for (int i = 0; i < 10; ++i) list();
     answer(0, reply(503, ""));
     ASSERT_TRUE(outcomes.dropped().wait(10));

@@ -1,4 +1,4 @@
-// What a user client does when its user changes, signs out or brings tokens along, and what it tells of that.
+// How a user client handles and reports a change of its user, a sign-out and supplied tokens.
 
 #include <trelvo/UserClientFixture.h>
 
@@ -7,7 +7,7 @@ namespace {
 
 class UserClientUsers : public UserClientFixture {};
 
-TEST_F(UserClientUsers, WhoComeAfterAnotherNeverSendTheTokensOfTheFormer) {
+TEST_F(UserClientUsers, NeverSendTheTokensOfThePreviousUser) {
     save("ann", 2000);
     context->user = "u2";
     list();
@@ -18,7 +18,7 @@ TEST_F(UserClientUsers, WhoComeAfterAnotherNeverSendTheTokensOfTheFormer) {
     EXPECT_EQ(client->auth()->uid, "u2");
 }
 
-TEST_F(UserClientUsers, WhoComeAfterAnotherEndTheirOperationsAsCancelled) {
+TEST_F(UserClientUsers, CancelTheOperationsOfThePreviousUser) {
     save("ann", 2000);
     const Outcomes sentAlready = listSeparately();
     EXPECT_EQ(sent(0), listRequest + "ann");
@@ -34,10 +34,10 @@ TEST_F(UserClientUsers, WhoComeAfterAnotherEndTheirOperationsAsCancelled) {
     answer(0, reply(200, R"({"data":[],)" + authMember("late", 3000) + "}"));
     answer(1, tokenReply("late", 3000));
     EXPECT_EQ(held(), "none");
-    EXPECT_EQ(outcomes.count(), 0U) << "the operation of the new user goes on";
+    EXPECT_EQ(outcomes.count(), 0U) << "the operation of the new user continues";
 }
 
-TEST_F(UserClientUsers, WhoAreNoneGetNoUidAndEndWhatIsUnderWay) {
+TEST_F(UserClientUsers, WithoutAUidFailAndEndRunningOperations) {
     save("ann", 2000);
     const Outcomes former = listSeparately();
     EXPECT_EQ(sent(0), listRequest + "ann");
@@ -49,13 +49,13 @@ TEST_F(UserClientUsers, WhoAreNoneGetNoUidAndEndWhatIsUnderWay) {
     EXPECT_EQ(sentCount(), 1U);
 }
 
-TEST_F(UserClientUsers, WithAnEmptyNameAreUsers) {
+TEST_F(UserClientUsers, CanHaveAnEmptyName) {
     context->user = "";
     list();
     EXPECT_EQ(sent(0), "GET /v2/token?UID=&source=lumeno none");
 }
 
-TEST_F(UserClientUsers, WhoSignOutEndTheirOperationsAsCancelledAndHaveNoTokens) {
+TEST_F(UserClientUsers, SigningOutCancelTheirOperationsAndLoseTheirTokens) {
     save("ann", 900);
     list();
     EXPECT_EQ(sent(0), tokenRequest + "Bearer refresh-ann");
@@ -69,14 +69,14 @@ TEST_F(UserClientUsers, WhoSignOutEndTheirOperationsAsCancelledAndHaveNoTokens) 
     EXPECT_EQ(sent(1), tokenRequest + "none");
 }
 
-TEST_F(UserClientUsers, BringTokensAlongThatAreUsedWithoutAsking) {
+TEST_F(UserClientUsers, CanSupplyTokensThatAreUsedWithoutARequest) {
     save("kept", 2000);
     EXPECT_EQ(client->auth()->auth.accessToken, "access-kept") << "at once";
     list();
     EXPECT_EQ(sent(0), listRequest + "kept");
 }
 
-TEST_F(UserClientUsers, BringTokensAlongForWhatWaitsAlready) {
+TEST_F(UserClientUsers, CanSupplyTokensForWaitingOperations) {
     list();
     EXPECT_EQ(sent(0), tokenRequest + "none");
     save("kept", 2000);
@@ -86,7 +86,7 @@ TEST_F(UserClientUsers, BringTokensAlongForWhatWaitsAlready) {
     EXPECT_EQ(only().text(), "success");
 }
 
-TEST_F(UserClientUsers, BringTokensAlongThatHaveEndedForWhatWaitsAlready) {
+TEST_F(UserClientUsers, CanSupplyExpiredTokensForWaitingOperations) {
     list();
     EXPECT_EQ(sent(0), tokenRequest + "none");
     save("kept", 900);
@@ -95,7 +95,7 @@ TEST_F(UserClientUsers, BringTokensAlongThatHaveEndedForWhatWaitsAlready) {
     EXPECT_EQ(sent(2), listRequest + "new");
 }
 
-TEST_F(UserClientUsers, WhoseTokensAreBroughtEndTheOperationsOfAnother) {
+TEST_F(UserClientUsers, SuppliedTokensEndTheOperationsOfAnotherUser) {
     save("ann", 2000);
     list();
     EXPECT_EQ(sent(0), listRequest + "ann");
@@ -104,7 +104,7 @@ TEST_F(UserClientUsers, WhoseTokensAreBroughtEndTheOperationsOfAnother) {
     EXPECT_EQ(held(), "access-bob");
 }
 
-TEST_F(UserClientUsers, WhoseTokensAreTakenAwayGoOnWithWhatIsUnderWay) {
+TEST_F(UserClientUsers, RemovingTokensDoesNotAffectRunningOperations) {
     save("ann", 2000);
     list();
     EXPECT_EQ(sent(0), listRequest + "ann");
@@ -114,7 +114,7 @@ TEST_F(UserClientUsers, WhoseTokensAreTakenAwayGoOnWithWhatIsUnderWay) {
     EXPECT_EQ(only().text(), "success");
 }
 
-/// What a publisher has sent so far. Copies are one list.
+/// The values that a publisher has sent so far. Copies share one list.
 template <class T>
 class Sent {
 public:
@@ -142,7 +142,7 @@ private:
 
 using States = std::vector<SignInState>;
 
-TEST_F(UserClientUsers, AreObservedByTheirStateAndItsChanges) {
+TEST_F(UserClientUsers, ReportTheirStateAndItsChanges) {
     const Sent<SignInState> states;
     const Cancellable subscription = client->signInState().sink(states.received());
     EXPECT_EQ(states.first(1), States{SignInState::signedOut});
@@ -163,7 +163,7 @@ TEST_F(UserClientUsers, AreObservedByTheirStateAndItsChanges) {
                       SignInState::signedIn, SignInState::signedOut}));
 }
 
-TEST_F(UserClientUsers, AreObservedFromTheStateOfNow) {
+TEST_F(UserClientUsers, ReportTheCurrentStateFirst) {
     save("ann", 2000);
     drain();
     const Sent<SignInState> states;
@@ -171,7 +171,7 @@ TEST_F(UserClientUsers, AreObservedFromTheStateOfNow) {
     EXPECT_EQ(states.first(1), States{SignInState::signedIn});
 }
 
-TEST_F(UserClientUsers, AreNotReportedAnewByARefresh) {
+TEST_F(UserClientUsers, AreNotReportedAgainAfterARefresh) {
     save("ann", 900);
     const Sent<SignInState> states;
     const Cancellable subscription = client->signInState().sink(states.received());
@@ -182,7 +182,7 @@ TEST_F(UserClientUsers, AreNotReportedAnewByARefresh) {
     EXPECT_EQ(states.first(2), (States{SignInState::signedIn, SignInState::signedOut}));
 }
 
-TEST_F(UserClientUsers, WhoSubscribedAreToldOfEachSetOfTokens) {
+TEST_F(UserClientUsers, ReportEachSetOfTokensToSubscribers) {
     using Auths = std::vector<std::optional<UserAuth>>;
     const Sent<std::optional<UserAuth>> auths;
     const Cancellable subscription = client->authChanges().sink(auths.received());
@@ -194,7 +194,7 @@ TEST_F(UserClientUsers, WhoSubscribedAreToldOfEachSetOfTokens) {
                                      UserAuth{.uid = "u1", .auth = tokens("rotated", 3000)}, std::nullopt}));
 }
 
-TEST_F(UserClientUsers, WhoReplaceOthersAreReportedOnce) {
+TEST_F(UserClientUsers, ReplacingOthersAreReportedOnce) {
     using Auths = std::vector<std::optional<UserAuth>>;
     const UserAuth ann{.uid = "u1", .auth = tokens("ann", 2000)};
     const UserAuth bob{.uid = "u2", .auth = tokens("bob", 2000)};
@@ -204,7 +204,7 @@ TEST_F(UserClientUsers, WhoReplaceOthersAreReportedOnce) {
     EXPECT_EQ(auths.first(4), (Auths{std::nullopt, ann, bob, std::nullopt}));
 }
 
-TEST_F(UserClientUsers, AreNotReportedAfterTheSubscriptionWasDropped) {
+TEST_F(UserClientUsers, AreNotReportedAfterTheSubscriptionIsDestroyed) {
     const Sent<SignInState> dropped;
     const Sent<SignInState> kept;
     Cancellable subscription = client->signInState().sink(dropped.received());
@@ -216,7 +216,7 @@ TEST_F(UserClientUsers, AreNotReportedAfterTheSubscriptionWasDropped) {
     EXPECT_EQ(dropped.first(1).size(), 1U);
 }
 
-TEST_F(UserClientUsers, DoNotKeepTheClientBySubscribing) {
+TEST_F(UserClientUsers, SubscribingDoesNotKeepTheClientAlive) {
     const std::weak_ptr<detail::UserSession> kept = UserClientProbe::session(*client).weak_from_this();
     const Sent<SignInState> states;
     const Cancellable subscription = client->signInState().sink(states.received());

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// A host's context of the user data service, with what it was asked.
+/// A host's context of the user data service that counts the requests it builds.
 
 #include <VanticRestKit/Core/NetworkServiceble.h>
 #include <VanticRestKit/trelvo/Common/TrelvoContext.h>
@@ -10,7 +10,7 @@
 
 namespace VanticRestKit::test {
 
-/// Sends its requests to `session`. One thread at a time.
+/// Sends its requests to `session`. For one thread at a time.
 class UserContext : public virtual TrelvoContext {
 public:
     std::optional<std::string> uid() const override { return user; }
@@ -38,7 +38,7 @@ public:
     std::shared_ptr<NetworkSession> session{};
     bool buildsTokenRequest = true;
     bool buildsDataRequest = true;
-    /// How many requests it was asked to build. All are asked for before an operation returns.
+    /// The number of requests built. They are built before an operation returns.
     mutable int tokenRequests = 0;
     mutable int dataRequests = 0;
 };

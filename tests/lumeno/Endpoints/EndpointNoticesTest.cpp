@@ -17,12 +17,11 @@ namespace {
 using test::answered;
 using test::CatalogueContext;
 using test::expectErrors;
-using test::sentWithHeaders;
+using test::sent;
 using Items = std::vector<URLQueryItem>;
 
 TEST(EndpointNowNext, RequestsTheScheduleOfAHouseNumber) {
-    EXPECT_EQ(sentWithHeaders(
-                  [](const Context& context) { return Endpoint::NowNext({.houseNumber = "N1"}, context); }),
+    EXPECT_EQ(sent([](const Context& context) { return Endpoint::NowNext({.houseNumber = "N1"}, context); }),
               "GET https://api.example.test/v2/nownext/N1");
 }
 
@@ -43,11 +42,10 @@ TEST(EndpointNowNext, DecodesASchedule) {
 }
 
 TEST(EndpointLivestreams, RequestsARegionOrTheWholeCountry) {
-    EXPECT_EQ(sentWithHeaders([](const Context& context) {
-                  return Endpoint::Livestreams({.region = std::nullopt}, context);
-              }),
-              "GET https://api.example.test/v2/livestreams");
-    EXPECT_EQ(sentWithHeaders([](const Context& context) {
+    EXPECT_EQ(
+        sent([](const Context& context) { return Endpoint::Livestreams({.region = std::nullopt}, context); }),
+        "GET https://api.example.test/v2/livestreams");
+    EXPECT_EQ(sent([](const Context& context) {
                   return Endpoint::Livestreams({.region = LivestreamRegion::NSW}, context);
               }),
               "GET https://api.example.test/v2/livestreams/nsw");
@@ -74,13 +72,13 @@ public:
 
 TEST(EndpointMessages, DescribesApplicationAndDeviceWithAnEncodedSpaceInTheName) {
     HostInformation::supply(std::make_shared<TestHost>());
-    EXPECT_EQ(sentWithHeaders([](const Context& context) {
+    EXPECT_EQ(sent([](const Context& context) {
                   return Endpoint::Messages({.appId = MessagesAppId::lumenoInternational, .loggedIn = true},
                                             context);
               }),
               "GET https://api.example.test/v2/messages?appId=lumeno%20int&appVersion=1.2+3&platform=ios"
               "&platformVersion=17.0&device=Box7,1&authStatus=true");
-    EXPECT_EQ(sentWithHeaders([](const Context& context) {
+    EXPECT_EQ(sent([](const Context& context) {
                   return Endpoint::Messages({.appId = MessagesAppId::kidslumeno, .loggedIn = false}, context);
               }),
               "GET https://api.example.test/v2/messages?appId=kids&appVersion=1.2+3&platform=ios"
@@ -101,9 +99,9 @@ TEST(EndpointMessages, DecodesAList) {
 }
 
 TEST(EndpointProductAlert, RequestsTheAlertById) {
-    EXPECT_EQ(sentWithHeaders(
-                  [](const Context& context) { return Endpoint::ProductAlert({.alertId = "a b"}, context); }),
-              "GET https://api.example.test/v2/alert/a%20b");
+    EXPECT_EQ(
+        sent([](const Context& context) { return Endpoint::ProductAlert({.alertId = "a b"}, context); }),
+        "GET https://api.example.test/v2/alert/a%20b");
 }
 
 TEST(EndpointProductAlert, DecodesAnAlert) {
@@ -125,7 +123,7 @@ TEST(EndpointRemap, AppendsItsQueryItemsInOrderToTheQueryOfTheBaseURL) {
         EXPECT_EQ(test::sentFor(context, Endpoint::Remap({.path = path, .queryItems = items}, context)),
                   "GET https://api.example.test/base/v2/remap/video/x?key=1&b=2&a=1%26&none");
     }
-    EXPECT_EQ(sentWithHeaders([](const Context& context) {
+    EXPECT_EQ(sent([](const Context& context) {
                   return Endpoint::Remap({.path = "", .queryItems = Items()}, context);
               }),
               "GET https://api.example.test/v2/remap/");

@@ -17,14 +17,14 @@ namespace {
 using test::answered;
 using test::CatalogueContext;
 using test::expectErrors;
-using test::sentWithHeaders;
+using test::sent;
 
 TEST(EndpointCollection, RequestsTheCollectionWithItsHighlightItemIfWanted) {
-    EXPECT_EQ(sentWithHeaders([](const Context& context) {
+    EXPECT_EQ(sent([](const Context& context) {
                   return Endpoint::Collection({.collectionId = "xyz", .embedHighlightItem = true}, context);
               }),
               "GET https://api.example.test/v2/collection/xyz?embed=highlightItem");
-    EXPECT_EQ(sentWithHeaders([](const Context& context) {
+    EXPECT_EQ(sent([](const Context& context) {
                   return Endpoint::Collection({.collectionId = "xyz", .embedHighlightItem = false}, context);
               }),
               "GET https://api.example.test/v2/collection/xyz");
@@ -51,12 +51,10 @@ TEST(EndpointCollection, FailsToDecodeWithoutATitle) {
 }
 
 TEST(EndpointCategoryAndChannel, RequestDifferentPathsForTheSameNameAndDecodeOneEntity) {
-    EXPECT_EQ(sentWithHeaders(
-                  [](const Context& context) { return Endpoint::Category({.category = "x"}, context); }),
+    EXPECT_EQ(sent([](const Context& context) { return Endpoint::Category({.category = "x"}, context); }),
               "GET https://api.example.test/v2/category/x");
-    EXPECT_EQ(
-        sentWithHeaders([](const Context& context) { return Endpoint::Channel({.channel = "x"}, context); }),
-        "GET https://api.example.test/v2/channel/x");
+    EXPECT_EQ(sent([](const Context& context) { return Endpoint::Channel({.channel = "x"}, context); }),
+              "GET https://api.example.test/v2/channel/x");
     const test::NoRequestContext context;
     static_assert(std::is_same_v<decltype(Endpoint::Category({.category = "x"}, context)),
                                  decltype(Endpoint::Channel({.channel = "x"}, context))>);
@@ -64,7 +62,7 @@ TEST(EndpointCategoryAndChannel, RequestDifferentPathsForTheSameNameAndDecodeOne
 }
 
 TEST(EndpointHome, RequestsTheHomeScreen) {
-    EXPECT_EQ(sentWithHeaders([](const Context& context) { return Endpoint::Home(context); }),
+    EXPECT_EQ(sent([](const Context& context) { return Endpoint::Home(context); }),
               "GET https://api.example.test/v2/home");
 }
 
@@ -97,11 +95,11 @@ TEST(EndpointHome, DecodesACategory) {
 }
 
 TEST(EndpointNavigation, RequestsTheListOfChannelsOrCategories) {
-    EXPECT_EQ(sentWithHeaders([](const Context& context) {
+    EXPECT_EQ(sent([](const Context& context) {
                   return Endpoint::Navigation({.type = NavigationType::channels}, context);
               }),
               "GET https://api.example.test/v2/navigation/channels");
-    EXPECT_EQ(sentWithHeaders([](const Context& context) {
+    EXPECT_EQ(sent([](const Context& context) {
                   return Endpoint::Navigation({.type = NavigationType::categories}, context);
               }),
               "GET https://api.example.test/v2/navigation/categories");
@@ -121,7 +119,7 @@ TEST(EndpointNavigation, DecodesAList) {
 }
 
 TEST(EndpointNavigationMainMenuList, RequestsAPersonalMenuOfTheChannels) {
-    EXPECT_EQ(sentWithHeaders([](const Context& context) {
+    EXPECT_EQ(sent([](const Context& context) {
                   return Endpoint::NavigationMainMenuList({.channels = "a,b"}, context);
               }),
               "GET https://api.example.test/v2/navigation/mobile?include=personalize&channel=a,b");
@@ -139,7 +137,7 @@ TEST(EndpointNavigationMainMenuList, DecodesAMenu) {
 }
 
 TEST(EndpointBrowse, RequestsTheIndex) {
-    EXPECT_EQ(sentWithHeaders([](const Context& context) { return Endpoint::Browse(context); }),
+    EXPECT_EQ(sent([](const Context& context) { return Endpoint::Browse(context); }),
               "GET https://api.example.test/v2/browse");
 }
 

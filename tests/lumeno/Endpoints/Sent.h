@@ -79,18 +79,9 @@ std::string sentFor(const CatalogueContext& context, const std::optional<Resourc
     return request.httpMethod().value_or("") + " " + request.url()->absoluteString();
 }
 
-/// The request for what `make` makes with a context that has headers and a time-out of its own.
+/// The request of the resource that `make` creates with a context that has its own headers and timeout.
 template <class Make>
 std::string sent(Make make) {
-    CatalogueContext context;
-    context.headers = {{"X-Test", "1"}, {"Accept", "application/json"}};
-    context.timeout = 12.5;
-    return sentFor(context, make(context));
-}
-
-/// The same for what `make` makes with a context that has headers and a time-out of its own.
-template <class Make>
-std::string sentWithHeaders(Make make) {
     CatalogueContext context;
     context.headers = {{"X-Test", "1"}, {"Accept", "application/json"}};
     context.timeout = 12.5;

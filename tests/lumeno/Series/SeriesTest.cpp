@@ -21,13 +21,13 @@ Series series(const std::string& members, const std::string& links = "{}") {
 }
 
 TEST(Series, NeedsOnlyAnIdAndLinks) {
-    const Series least = series("");
-    EXPECT_EQ(least, Series{.seriesId = "1"});
-    EXPECT_TRUE(least.participants.empty() && least.tags.empty() && least.episodes.empty() &&
-                least.extras.empty());
-    EXPECT_EQ(least.title, std::nullopt);
-    EXPECT_EQ(least.highlightVideo, std::nullopt);
-    EXPECT_EQ(least.playableVideo, std::nullopt);
+    const Series minimal = series("");
+    EXPECT_EQ(minimal, Series{.seriesId = "1"});
+    EXPECT_TRUE(minimal.participants.empty() && minimal.tags.empty() && minimal.episodes.empty() &&
+                minimal.extras.empty());
+    EXPECT_EQ(minimal.title, std::nullopt);
+    EXPECT_EQ(minimal.highlightVideo, std::nullopt);
+    EXPECT_EQ(minimal.playableVideo, std::nullopt);
 }
 
 TEST(Series, FailsWithoutLinksAlthoughNoFieldNeedsThem) {

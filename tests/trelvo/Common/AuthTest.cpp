@@ -26,7 +26,7 @@ TEST(Auth, HasFourFieldsInDeclaredOrder) {
               auth);
 }
 
-TEST(Auth, NeedsEachOfItsFields) { test::expectFieldsInEveryState(tokens()); }
+TEST(Auth, RequiresAllFields) { test::expectFieldsInEveryState(tokens()); }
 
 TEST(Auth, ReadsTheExpiryLast) {
     test::expectErrorsInOrder(
@@ -36,7 +36,7 @@ TEST(Auth, ReadsTheExpiryLast) {
 
 TEST(Auth, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<Auth>); }
 
-TEST(Auth, TakesItsExpiryAsSecondsSince1970AndNeverAsText) {
+TEST(Auth, ReadsItsExpiryAsSecondsSince1970NeverAsAString) {
     const auto expiryOf = [](const std::string& number) {
         return decoded<Auth>(R"({"access_token":"","refresh_token":"","token_type":"","expiry":)" + number +
                              "}")

@@ -24,7 +24,7 @@ TEST(ResponseMeta, HasThreeFieldsInDeclaredOrder) {
     EXPECT_EQ(decoded<ResponseMeta>(R"({"status_code":404,"data":"d","count":2,"statusCode":1})"), meta);
 }
 
-TEST(ResponseMeta, MayLackAnyOfThemAndFailsOfAnotherType) {
+TEST(ResponseMeta, HasOptionalFieldsThatFailForAnotherType) {
     test::expectFieldsInEveryState(facts());
     test::expectErrorsInOrder(facts(), {{"count", "\"1\""}, {"data", "1"}, {"status_code", "-1"}});
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// A route on one line.
+/// A route as one line of text.
 
 #include <VanticRestKit/Core/ResourceURI.h>
 
@@ -9,8 +9,8 @@
 
 namespace VanticRestKit::test {
 
-/// "PATCH v2/x [UID=u, source=lumeno] body", with "-" for no method, "=" left out where an item has no value,
-/// and nothing at the end where there is no body.
+/// "PATCH v2/x [UID=u, source=lumeno] body", with "-" for no method, no "=" for an item without a value, and nothing at
+/// the end without a body.
 inline std::string routeText(const ResourceURI& route) {
     std::string text = route.httpMethod().value_or("-") + " " + route.path() + " [";
     for (const URLQueryItem& item : route.queryItems()) {

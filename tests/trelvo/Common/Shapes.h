@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What fields of the user data service hold, beside what fields hold anywhere.
+/// Types of fields that only the user data service has.
 
 #include <platform/json/FieldRules.h>
 
@@ -9,7 +9,7 @@
 
 namespace VanticRestKit::test {
 
-/// JSON without the inside that a number must have, and JSON that is no number at all.
+/// JSON that is not accepted as a number.
 inline std::vector<Unfit> noNumbers() {
     return {{"\"7\""},
             {"\"\""},
@@ -22,7 +22,7 @@ inline std::vector<Unfit> noNumbers() {
             {"1e400", "dataCorrupted"}};
 }
 
-/// A whole number of 64 bits with a sign.
+/// A signed 64-bit integer.
 inline Shape wholeNumber() {
     Shape shape{.empty = "0",
                 .fits = {{"-7", "-7"},
@@ -37,7 +37,7 @@ inline Shape wholeNumber() {
     return shape;
 }
 
-/// A date that travels as the number of its seconds since 1970.
+/// A date sent as the number of seconds since 1970.
 inline Shape secondsSince1970() {
     return {.empty = "\"1970-01-01T00:00:00Z\"",
             .fits = {{"1577934245", "\"2020-01-02T03:04:05Z\""},
@@ -48,7 +48,7 @@ inline Shape secondsSince1970() {
             .unfit = noNumbers()};
 }
 
-/// A date as the records have it, with or without a fraction of a second.
+/// A date in the format of records, with or without a fraction of a second.
 inline Shape apiDateText() {
     Shape shape{.empty = "null",
                 .fits = {{"\"2020-01-02T03:04:05+0000\"", "\"2020-01-02T03:04:05Z\""},
@@ -65,7 +65,7 @@ inline Shape apiDateText() {
     return shape;
 }
 
-/// A date as datasets have it: one with a fraction of a second is none.
+/// A date in the format of datasets, which does not allow a fraction of a second.
 inline Shape isoDateText() {
     Shape shape{.empty = "null",
                 .fits = {{"\"2020-01-02T03:04:05Z\"", "\"2020-01-02T03:04:05Z\""},
@@ -80,7 +80,7 @@ inline Shape isoDateText() {
     return shape;
 }
 
-/// The facts about an answer.
+/// The metadata of a response.
 inline Shape metaObject() {
     return objectOf(
         {{R"({"count":3,"data":"$","status_code":200})", R"({"count":3,"data":"$","statusCode":200})"},
@@ -95,7 +95,7 @@ inline Shape metaObject() {
          {R"({"status_code":200.5})", "dataCorrupted", "/status_code"}});
 }
 
-/// A set of tokens: nothing of it may be missing.
+/// A set of tokens, all of them required.
 inline Shape authObject() {
     return objectOf(
         {{R"({"access_token":"$","expiry":1577934245.5,"refresh_token":"r","token_type":"t"})",

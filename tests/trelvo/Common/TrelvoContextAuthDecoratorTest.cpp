@@ -18,21 +18,21 @@ TEST(TrelvoContextAuthDecorator, AddsTokenAndContentTypeToTheHeadersOfItsContext
               (Headers{{"X-Host", "1"}, {"Authorization", "Bearer t"}, {"Content-Type", form}}));
 }
 
-TEST(TrelvoContextAuthDecorator, OverwritesTheHostsHeadersOfThoseNames) {
+TEST(TrelvoContextAuthDecorator, OverwritesTheHostsHeadersWithTheseNames) {
     UserContext host;
     host.headers = {{"Authorization", "Basic x"}, {"Content-Type", "application/json"}};
     EXPECT_EQ(TrelvoContextAuthDecorator(host, "t").HTTPHeaderFields(),
               (Headers{{"Authorization", "Bearer t"}, {"Content-Type", form}}));
 }
 
-TEST(TrelvoContextAuthDecorator, ComparesTheNamesOfHeadersExactly) {
+TEST(TrelvoContextAuthDecorator, ComparesHeaderNamesCaseSensitively) {
     UserContext host;
     host.headers = {{"authorization", "Basic x"}};
     EXPECT_EQ(TrelvoContextAuthDecorator(host, "t").HTTPHeaderFields(),
               (Headers{{"authorization", "Basic x"}, {"Authorization", "Bearer t"}, {"Content-Type", form}}));
 }
 
-/// One host object for two services.
+/// A host object for two services.
 class HostOfBoth final : public UserContext, public virtual KAVROSegmentsContext {
 public:
     Headers HTTPHeaderFields() const override { return KAVROSegmentsContext::HTTPHeaderFields(); }
@@ -40,7 +40,7 @@ public:
     std::string accessToken() const override { return "segments"; }
 };
 
-TEST(TrelvoContextAuthDecorator, SendsTwoContentTypesJoinedForAHostOfBothServices) {
+TEST(TrelvoContextAuthDecorator, SendsTwoJoinedContentTypesForAHostOfBothServices) {
     const HostOfBoth host;
     const TrelvoContextAuthDecorator decorator(host, "t");
     EXPECT_EQ(decorator.HTTPHeaderFields(), (Headers{{"Authorization", "Bearer t"},
@@ -67,7 +67,7 @@ TEST(TrelvoContextAuthDecorator, ChangesNoHeaderWithoutAToken) {
     EXPECT_EQ(TrelvoContextAuthDecorator(host, std::nullopt).HTTPHeaderFields(), Headers{});
 }
 
-TEST(TrelvoContextAuthDecorator, TakesATextWithoutCharactersForAToken) {
+TEST(TrelvoContextAuthDecorator, TreatsAnEmptyStringAsAToken) {
     EXPECT_EQ(TrelvoContextAuthDecorator(UserContext(), "").HTTPHeaderFields().at("Authorization"),
               "Bearer ");
 }
@@ -81,7 +81,7 @@ TEST(TrelvoContextAuthDecorator, IsObservedIfItsContextIs) {
               &observed);
 }
 
-TEST(TrelvoContextAuthDecorator, IsItsContextInAllElseButTheLog) {
+TEST(TrelvoContextAuthDecorator, ForwardsEverythingElseExceptTheLogHook) {
     UserContext host;
     host.user = "somebody";
     host.timeout = 3;
@@ -100,7 +100,7 @@ TEST(TrelvoContextAuthDecorator, IsItsContextInAllElseButTheLog) {
     EXPECT_EQ(decorator.uid(), std::nullopt);
 }
 
-TEST(TrelvoContextAuthDecorator, HandsOnWhatItIsAskedToBuildUnchanged) {
+TEST(TrelvoContextAuthDecorator, ForwardsRequestArgumentsUnchanged) {
     class Recording final : public UserContext {
     public:
         std::optional<URLRequest> generateURLRequest(URLRequestArguments arguments) const override {
@@ -125,11 +125,10 @@ TEST(TrelvoContextAuthDecorator, HandsOnWhatItIsAskedToBuildUnchanged) {
          .andPostData = Data("body")});
     EXPECT_EQ(host.calls, 1);
     ASSERT_TRUE(request);
-    EXPECT_EQ(request->allHTTPHeaderFields(), (Headers{{"H", "v"}}))
-        << "its own headers are not asked for here";
+    EXPECT_EQ(request->allHTTPHeaderFields(), (Headers{{"H", "v"}})) << "its own headers are not read here";
 }
 
-TEST(TrelvoContextAuthDecorator, TakesItsServiceFromItsContext) {
+TEST(TrelvoContextAuthDecorator, GetsItsServiceFromItsContext) {
     class Recording final : public UserContext {
     public:
         std::shared_ptr<Serviceable> service(ServiceArguments arguments) const override {

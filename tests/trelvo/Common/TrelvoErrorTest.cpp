@@ -20,7 +20,7 @@ std::vector<TrelvoError> everyCase() {
             TrelvoError::unableToRetrieveSavedData()};
 }
 
-TEST(TrelvoError, SaysWhatHappenedInItsOwnWords) {
+TEST(TrelvoError, HasADescriptionForEachCase) {
     std::vector<std::string> texts;
     for (const TrelvoError& error : everyCase()) texts.push_back(error.errorDescription());
     EXPECT_EQ(
@@ -40,7 +40,7 @@ TEST(TrelvoError, SaysWhatHappenedInItsOwnWords) {
         }));
 }
 
-TEST(TrelvoError, SaysTheSameThroughTheGeneralInterface) {
+TEST(TrelvoError, HasTheSameDescriptionAsAnError) {
     for (const TrelvoError& error : everyCase()) {
         const Error general = error;
         EXPECT_EQ(error.localizedDescription(), error.errorDescription());
@@ -50,7 +50,7 @@ TEST(TrelvoError, SaysTheSameThroughTheGeneralInterface) {
     }
 }
 
-TEST(TrelvoError, HasItsPlaceAmongTheCasesAsItsCode) {
+TEST(TrelvoError, HasTheIndexOfItsCaseAsCode) {
     std::int64_t place = 0;
     for (const TrelvoError& error : everyCase()) {
         EXPECT_EQ(error.errorCode(), place);
@@ -66,14 +66,14 @@ TEST(TrelvoError, WithoutAMessageHasNoMoreInformation) {
     EXPECT_EQ(TrelvoError::unknown("").errorDescription(), "Unknown error: ");
 }
 
-TEST(TrelvoError, PutsNilInQuotesForANamespaceThatIsEmpty) {
+TEST(TrelvoError, ShowsAnAbsentNamespaceAsNilInQuotes) {
     EXPECT_EQ(TrelvoError::datasetNamespaceMismatch("profile", std::nullopt).errorDescription(),
               R"(Dataset namespace mismatch. Expected: "profile". Actual: "nil")");
     EXPECT_EQ(TrelvoError::datasetNamespaceMismatch(std::nullopt, "").errorDescription(),
               R"(Dataset namespace mismatch. Expected: "nil". Actual: "")");
 }
 
-TEST(TrelvoError, SpeaksOfAFailedRequestAsTheLoadersErrorDoes) {
+TEST(TrelvoError, DescribesAFailedRequestLikeTheLoadersError) {
     const LoaderError failed = LoaderError::serverError(NetworkError::internalSDKError("lost"));
     EXPECT_EQ(TrelvoError::general(failed).errorDescription(), failed.localizedDescription());
     EXPECT_EQ(TrelvoError::noAuthToken(failed).errorDescription(),
@@ -83,7 +83,7 @@ TEST(TrelvoError, SpeaksOfAFailedRequestAsTheLoadersErrorDoes) {
               "Unknown server error");
 }
 
-TEST(TrelvoError, HoldsWhatItsCaseHoldsAndNothingElse) {
+TEST(TrelvoError, HasOnlyThePayloadOfItsCase) {
     for (const TrelvoError& error : everyCase()) {
         const bool holdsError = error.kind() == Kind::noAuthToken || error.kind() == Kind::general;
         EXPECT_EQ(error.underlyingError().has_value(), holdsError);
@@ -95,7 +95,7 @@ TEST(TrelvoError, HoldsWhatItsCaseHoldsAndNothingElse) {
     }
 }
 
-TEST(TrelvoError, EqualsThoseOfItsCase) {
+TEST(TrelvoError, EqualsErrorsOfTheSameCase) {
     const std::vector<TrelvoError> cases = everyCase();
     for (std::size_t a = 0; a < cases.size(); ++a) {
         for (std::size_t b = 0; b < cases.size(); ++b) EXPECT_EQ(cases[a] == cases[b], a == b);
@@ -103,7 +103,7 @@ TEST(TrelvoError, EqualsThoseOfItsCase) {
     EXPECT_TRUE(TrelvoError::unknown("a") == TrelvoError::unknown("b"));
 }
 
-TEST(TrelvoError, FindsTheNetworkErrorHoweverDeepItIs) {
+TEST(TrelvoError, FindsTheNetworkErrorAtAnyDepth) {
     const NetworkError timedOut = NetworkError::requestFailed(URLRequest(URL("https://user.example.test")),
                                                               nullptr, NSError("NSURLErrorDomain", -1001));
     const TrelvoError loading = TrelvoError::general(LoaderError::serverError(timedOut));
@@ -116,7 +116,7 @@ TEST(TrelvoError, FindsTheNetworkErrorHoweverDeepItIs) {
     }
 }
 
-TEST(TrelvoError, HasNoNetworkErrorIfItHoldsNone) {
+TEST(TrelvoError, HasNoNetworkErrorIfItContainsNone) {
     const TrelvoError undecoded = TrelvoError::general(LoaderError::failedToDecode(NSError("D", 1)));
     for (const TrelvoError& failure : {TrelvoError::noUid(), TrelvoError::unknown("x"), undecoded}) {
         EXPECT_EQ(failure.networkError(), nullptr);

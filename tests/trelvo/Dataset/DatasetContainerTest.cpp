@@ -37,9 +37,7 @@ TEST(DatasetContainer, HasEightFieldsInDeclaredOrder) {
               container);
 }
 
-TEST(DatasetContainer, NeedsAUidAndADatasetAndNothingElse) {
-    test::expectFieldsInEveryState(datasetContainers());
-}
+TEST(DatasetContainer, RequiresOnlyAUidAndADataset) { test::expectFieldsInEveryState(datasetContainers()); }
 
 TEST(DatasetContainer, ReadsTheUidBeforeTheDataset) {
     test::expectErrorsInOrder(datasetContainers(), {{"uid", "1"}, {"dataset", "[]"}});
@@ -47,37 +45,37 @@ TEST(DatasetContainer, ReadsTheUidBeforeTheDataset) {
 
 TEST(DatasetContainer, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<DatasetContainer>); }
 
-TEST(DatasetContainer, FailsWithoutADatasetWithANullForItAndWithAnotherType) {
+TEST(DatasetContainer, FailsIfTheDatasetIsMissingNullOrOfAnotherType) {
     EXPECT_EQ(failureOf<DatasetContainer>(R"({"uid":"u"})"), R"(keyNotFound ["dataset"])");
     EXPECT_EQ(failureOf<DatasetContainer>(R"({"uid":"u","dataset":null})"), R"(valueNotFound ["dataset"])");
     EXPECT_EQ(failureOf<DatasetContainer>(R"({"uid":"u","dataset":"{}"})"), R"(typeMismatch ["dataset"])");
 }
 
-TEST(DatasetContainer, LeavesOutAnObjectInItsDatasetAndKeepsTheOthers) {
+TEST(DatasetContainer, OmitsAnObjectInItsDatasetAndKeepsTheOthers) {
     EXPECT_EQ(datasetOf(R"({"a":"x","nested":{"displayName":"y","deep":[{}]},"b":2})"),
               (Dictionary{{"a", AnyValue("x")}, {"b", AnyValue(2)}}));
 }
 
-TEST(DatasetContainer, LeavesOutAListOrANullInItsDatasetAndKeepsTheOthers) {
+TEST(DatasetContainer, OmitsAListOrANullInItsDatasetAndKeepsTheOthers) {
     EXPECT_EQ(datasetOf(R"({"list":[1],"a":"x","none":null,"empty":[]})"),
               (Dictionary{{"a", AnyValue("x")}}));
     EXPECT_EQ(datasetOf(R"({"list":[1],"none":null})"), Dictionary{});
     EXPECT_EQ(datasetOf("{}"), Dictionary{});
 }
 
-TEST(DatasetContainer, LeavesOutAValueOfItsDatasetThatCannotBeReadAndKeepsTheOthers) {
+TEST(DatasetContainer, OmitsAnInvalidValueInItsDatasetAndKeepsTheOthers) {
     EXPECT_EQ(datasetOf(R"({"text":"\ud800","number":01,"huge":1e400,"a":"x"})"),
               (Dictionary{{"a", AnyValue("x")}}));
 }
 
-TEST(DatasetContainer, IsExplainedWithWhatItsDatasetLost) {
+TEST(DatasetContainer, ReportsTheOmittedValuesOfItsDataset) {
     EXPECT_EQ(test::faultText<DatasetContainer>(
                   R"({"uid":"u","dataset":{"a":"\ud800","b":01,"c":null,"d":[1],"e":"good","a":1e999}})"),
               "/dataset/a lenient: String, string, dropped\n"
               "/dataset/b lenient: Int or Double, number, dropped\n");
 }
 
-TEST(DatasetContainer, TellsTextsNumbersAndTruthValuesApart) {
+TEST(DatasetContainer, DistinguishesStringsNumbersAndBooleans) {
     const Dictionary dataset = datasetOf(
         R"({"true":true,"false":false,"one":1,"zero":0,"half":0.5,"text":"1","yes":"true","whole":2.0,"great":1e20,)"
         R"("least":-9223372036854775808,"behind":9223372036854775808})");
@@ -100,7 +98,7 @@ TEST(DatasetContainer, TellsTextsNumbersAndTruthValuesApart) {
     EXPECT_EQ(dataset.at("text").integer(), nullptr);
 }
 
-TEST(DatasetContainer, TakesAnyKeyIntoItsDatasetAlsoThoseOfItsOwn) {
+TEST(DatasetContainer, AcceptsAnyKeyInItsDatasetIncludingItsOwnKeys) {
     EXPECT_EQ(datasetOf(R"({"uid":"x","dataset":1,"":"empty","\u00e9 \"":true,"parent_uid":0.25})"),
               (Dictionary{{"uid", AnyValue("x")},
                           {"dataset", AnyValue(1)},
@@ -109,7 +107,7 @@ TEST(DatasetContainer, TakesAnyKeyIntoItsDatasetAlsoThoseOfItsOwn) {
                           {"parent_uid", AnyValue(0.25)}}));
 }
 
-TEST(DatasetContainer, ReadsADateInWholeSecondsOnly) {
+TEST(DatasetContainer, ReadsOnlyDatesInWholeSeconds) {
     const auto createdOf = [](const std::string& text) {
         const auto container =
             decoded<DatasetContainer>(R"({"uid":"u","dataset":{},"created":")" + text + R"("})");
@@ -123,12 +121,12 @@ TEST(DatasetContainer, ReadsADateInWholeSecondsOnly) {
     EXPECT_EQ(createdOf("yesterday"), std::nullopt);
 }
 
-TEST(DatasetContainer, HasASourceThatNeedNotBeAKnownOne) {
+TEST(DatasetContainer, AcceptsAnUnknownSource) {
     EXPECT_EQ(decoded<DatasetContainer>(R"({"uid":"u","dataset":{},"source":"elsewhere"})")->source,
               "elsewhere");
 }
 
-TEST(DatasetContainer, IsEqualInAllItsFieldsOnly) {
+TEST(DatasetContainer, IsEqualOnlyIfAllItsFieldsAre) {
     const DatasetContainer container{.uid = "u", .dataset = {{"a", AnyValue(1)}}};
     DatasetContainer other = container;
     EXPECT_EQ(container, other);

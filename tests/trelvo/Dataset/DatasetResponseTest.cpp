@@ -46,16 +46,16 @@ TEST(DatasetResponse, HasThreeFieldsInDeclaredOrder) {
         answer);
 }
 
-TEST(DatasetResponse, DecodesWhateverItsFieldsHold) { test::expectFieldsInEveryState(answers()); }
+TEST(DatasetResponse, DecodesWhateverItsFieldsContain) { test::expectFieldsInEveryState(answers()); }
 
-TEST(DatasetResponse, HasNoContainerAtAllWhereOneLacksItsUidOrItsDataset) {
+TEST(DatasetResponse, HasNoContainersIfOneLacksItsUidOrItsDataset) {
     EXPECT_EQ(countOf(R"([{"uid":"a","dataset":{}},{"uid":"b","dataset":{}}])"), 2U);
     EXPECT_EQ(countOf(R"([{"uid":"a","dataset":{}},{"dataset":{}}])"), 0U);
     EXPECT_EQ(countOf(R"([{"uid":"a"},{"uid":"b","dataset":{}}])"), 0U);
     EXPECT_EQ(countOf(R"([{"uid":"a","dataset":{}},{"uid":"b","dataset":null}])"), 0U);
 }
 
-TEST(DatasetResponse, KeepsItsTokensWhereAContainerIsBad) {
+TEST(DatasetResponse, KeepsItsTokensIfAContainerIsFaulty) {
     const auto answer = decoded<DatasetResponse>(
         R"({"data":[{}],"auth":{"access_token":"a","expiry":0,"refresh_token":"","token_type":""}})");
     ASSERT_TRUE(answer);

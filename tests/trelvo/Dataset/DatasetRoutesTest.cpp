@@ -19,7 +19,7 @@ std::string got(bool includePrivateData, bool includeFamilyData) {
                                    .includeFamilyData = includeFamilyData});
 }
 
-TEST(GetDatasetURI, IncludesWhatItsFlagsSayAndSendsNoItemWithoutOne) {
+TEST(GetDatasetURI, IncludesWhatItsFlagsSelectAndNoQueryItemOtherwise) {
     EXPECT_EQ(got(false, false), "- v2/dataset/profile [UID=u, source=lumeno]");
     EXPECT_EQ(got(true, false), "- v2/dataset/profile [UID=u, source=lumeno, include=private]");
     EXPECT_EQ(got(false, true), "- v2/dataset/profile [UID=u, source=lumeno, include=family]");
@@ -62,7 +62,7 @@ TEST(DatasetRoutes, PutTheNamespaceIntoThePathUnchanged) {
     }
 }
 
-TEST(DatasetRoutes, GoOutWithoutABodyWhereTheDatasetCannotBeEncoded) {
+TEST(DatasetRoutes, HaveNoBodyIfTheDatasetCannotBeEncoded) {
     const Dictionary unfit{{"ratio", AnyValue(std::numeric_limits<double>::quiet_NaN())},
                            {"name", AnyValue("x")}};
     EXPECT_EQ(routeText(CreateDatasetURI{.uid = "u", .source = source, .namespace_ = "n", .dataset = unfit}),
@@ -71,7 +71,7 @@ TEST(DatasetRoutes, GoOutWithoutABodyWhereTheDatasetCannotBeEncoded) {
               "PATCH v2/dataset/n [UID=u, source=lumeno, include=private]");
 }
 
-TEST(DatasetRoutes, EncodeAsOneFlatObjectOfTheDatasetsKeys) {
+TEST(DatasetRoutes, AreEncodedAsAFlatObjectOfTheDatasetsKeys) {
     const Dictionary dataset{{"uid", AnyValue("mine")}, {"isChild", AnyValue(false)}};
     const std::string flat = R"({"isChild":false,"uid":"mine"})";
     const auto encoded = [](const auto& route) { return std::string(JSONEncoder().encode(route)->view()); };

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What the fields of a dataset's container are held to.
+/// The rules of the fields of a dataset's container.
 
 #include <VanticRestKit/trelvo/Dataset/DatasetContainer.h>
 
@@ -9,7 +9,7 @@
 
 namespace VanticRestKit::test {
 
-/// The free-form object: what travels in it, and what is left out.
+/// The free-form object, with the values that are kept and those that are omitted.
 inline Shape freeFormObject() {
     return {.empty = "{}",
             .fits = {{R"({"text":"$","int":-7,"bool":true,"double":1.5})",

@@ -12,7 +12,7 @@ Subprofile profile(Dictionary dataset = {}) {
     return *Subprofile::make({.datasetContainer = container(std::move(dataset))});
 }
 
-/// No change at all, to be given some.
+/// Empty changes, to be filled by the test.
 Subprofile::Changes changes() {
     return {.newDisplayName = std::nullopt,
             .newBirthYear = std::nullopt,
@@ -29,7 +29,7 @@ Dictionary full() {
             {"channelFilter", AnyValue("kids")}, {"theme", AnyValue(0.5)}};
 }
 
-TEST(Subprofile, IsMadeOfAContainerOfTheNamespaceProfileOnly) {
+TEST(Subprofile, CanOnlyBeConstructedFromAContainerInTheProfileNamespace) {
     EXPECT_TRUE(Subprofile::make({.datasetContainer = container()}));
     for (const std::optional<std::string>& name :
          {std::optional<std::string>(), std::optional<std::string>(""), std::optional<std::string>("Profile"),
@@ -66,18 +66,18 @@ TEST(Subprofile, ReadsItsPropertiesFromTheDataset) {
     EXPECT_EQ(ada.channelFilter(), "kids");
 }
 
-TEST(Subprofile, HasEmptyPropertiesWhereTheDatasetHasNone) {
-    const Subprofile nobody = profile();
-    EXPECT_EQ(nobody.displayName(), std::nullopt);
-    EXPECT_EQ(nobody.avatar(), std::nullopt);
-    EXPECT_EQ(nobody.avatarId(), std::nullopt);
-    EXPECT_EQ(nobody.avatarAccessibilityText(), std::nullopt);
-    EXPECT_FALSE(nobody.isChild());
-    EXPECT_EQ(nobody.birthYear(), std::nullopt);
-    EXPECT_EQ(nobody.channelFilter(), std::nullopt);
+TEST(Subprofile, HasNoPropertiesThatTheDatasetLacks) {
+    const Subprofile empty = profile();
+    EXPECT_EQ(empty.displayName(), std::nullopt);
+    EXPECT_EQ(empty.avatar(), std::nullopt);
+    EXPECT_EQ(empty.avatarId(), std::nullopt);
+    EXPECT_EQ(empty.avatarAccessibilityText(), std::nullopt);
+    EXPECT_FALSE(empty.isChild());
+    EXPECT_EQ(empty.birthYear(), std::nullopt);
+    EXPECT_EQ(empty.channelFilter(), std::nullopt);
 }
 
-TEST(Subprofile, ReadsATextOnlyFromAText) {
+TEST(Subprofile, ReadsAStringOnlyFromAString) {
     for (const AnyValue& other : {AnyValue(1), AnyValue(true), AnyValue(1.5), AnyValue()}) {
         const Subprofile odd = profile({{"displayName", other},
                                         {"avatar", other},
@@ -90,7 +90,7 @@ TEST(Subprofile, ReadsATextOnlyFromAText) {
     }
 }
 
-TEST(Subprofile, ReadsANumberOnlyFromAWholeNumber) {
+TEST(Subprofile, ReadsANumberOnlyFromAnInteger) {
     for (const AnyValue& other : {AnyValue("1990"), AnyValue(true), AnyValue(1990.0), AnyValue()}) {
         const Subprofile odd = profile({{"birthYear", other}, {"avatarId", other}});
         EXPECT_EQ(odd.birthYear(), std::nullopt);
@@ -98,7 +98,7 @@ TEST(Subprofile, ReadsANumberOnlyFromAWholeNumber) {
     }
 }
 
-TEST(Subprofile, IsAChildOnlyByATruthValue) {
+TEST(Subprofile, IsAChildOnlyByABoolean) {
     for (const AnyValue& other :
          {AnyValue(1), AnyValue("true"), AnyValue(1.0), AnyValue(), AnyValue(false)}) {
         EXPECT_FALSE(profile({{"isChild", other}}).isChild());
@@ -106,11 +106,11 @@ TEST(Subprofile, IsAChildOnlyByATruthValue) {
     EXPECT_TRUE(profile({{"isChild", AnyValue(true)}}).isChild());
 }
 
-TEST(Subprofile, KeepsAnEmptyTextAsOne) {
+TEST(Subprofile, KeepsAnEmptyString) {
     EXPECT_EQ(profile({{"displayName", AnyValue("")}}).displayName(), "");
 }
 
-TEST(Subprofile, EqualsAnotherOfTheSameUidWhateverElseTheyHold) {
+TEST(Subprofile, IsEqualByItsUidOnly) {
     const Subprofile ada = profile({{"displayName", AnyValue("Ada")}});
     EXPECT_EQ(ada, profile({{"displayName", AnyValue("Bo")}}));
     DatasetContainer other = container({{"displayName", AnyValue("Ada")}});
@@ -120,7 +120,7 @@ TEST(Subprofile, EqualsAnotherOfTheSameUidWhateverElseTheyHold) {
     EXPECT_NE(ada, *Subprofile::make({.datasetContainer = other}));
 }
 
-TEST(SubprofileChanges, WithoutAnyLeaveTheDatasetAsItIs) {
+TEST(SubprofileChanges, LeaveTheDatasetUnchangedIfEmpty) {
     EXPECT_EQ(profile(full()).makeModifiedDataset(changes()), full());
     EXPECT_EQ(profile().makeModifiedDataset(changes()), Dictionary{});
 }
@@ -148,7 +148,7 @@ TEST(SubprofileChanges, AreWrittenUnderTheirKeys) {
     EXPECT_EQ(ada.displayName(), "Ada");
 }
 
-TEST(SubprofileChanges, ReplaceOnlyWhatTheyName) {
+TEST(SubprofileChanges, ReplaceOnlyTheirOwnKeys) {
     Subprofile::Changes one = changes();
     one.newBirthYear = std::optional<std::int64_t>(1990);
     Dictionary expected = full();
@@ -164,7 +164,7 @@ TEST(SubprofileChanges, CannotRemoveAKey) {
     EXPECT_EQ(profile(full()).makeModifiedDataset(blank), expected);
 }
 
-TEST(SubprofileKeyValues, WinOverThoseOfTheDatasetAndLeaveTheOthers) {
+TEST(SubprofileKeyValues, OverrideThoseOfTheDatasetAndKeepTheOthers) {
     const Subprofile ada = profile(full());
     const Dictionary result = ada.makeModifiedDataset(
         {.newKeyValues = Dictionary{
@@ -177,7 +177,7 @@ TEST(SubprofileKeyValues, WinOverThoseOfTheDatasetAndLeaveTheOthers) {
     EXPECT_EQ(ada.displayName(), "Ada");
 }
 
-TEST(SubprofileKeyValues, MayBringAnyTypeUnderAnyKeyButRemoveNone) {
+TEST(SubprofileKeyValues, CanAddAnyTypeUnderAnyKeyButRemoveNone) {
     const Dictionary result = profile(full()).makeModifiedDataset(
         {.newKeyValues = Dictionary{{"displayName", AnyValue()}, {"birthYear", AnyValue("1990")}}});
     Dictionary expected = full();

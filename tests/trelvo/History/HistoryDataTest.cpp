@@ -26,7 +26,7 @@ test::EntityRules records() {
                    {"lastAccessed", "lastAccessed", Strictness::lenient, test::apiDateText()}}};
 }
 
-/// The least record and what else it has.
+/// The smallest record with `member` added.
 std::optional<HistoryData> recordWith(const std::string& member) {
     return decoded<HistoryData>(
         R"({"uid":"u","oid":"o","slug":"s","namespace":"n","key":"k","progress":1,"done":true,)" + member +
@@ -52,7 +52,7 @@ TEST(HistoryData, HasNineFieldsInDeclaredOrder) {
         record);
 }
 
-TEST(HistoryData, NeedsAllButItsSourceAndItsDate) { test::expectFieldsInEveryState(records()); }
+TEST(HistoryData, RequiresAllFieldsExceptSourceAndDate) { test::expectFieldsInEveryState(records()); }
 
 TEST(HistoryData, ReadsItsKeysInDeclaredOrder) {
     test::expectErrorsInOrder(records(), {{"uid", "1"},
@@ -66,7 +66,7 @@ TEST(HistoryData, ReadsItsKeysInDeclaredOrder) {
 
 TEST(HistoryData, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<HistoryData>); }
 
-TEST(HistoryData, ReadsADateWithAFractionAndHasNoneInAnotherFormat) {
+TEST(HistoryData, ReadsADateWithAFractionAndIgnoresOtherFormats) {
     const auto accessed = [](const char* text) {
         const auto record = recordWith(std::string(R"("lastAccessed":")") + text + "\"");
         EXPECT_TRUE(record) << text;
@@ -80,14 +80,14 @@ TEST(HistoryData, ReadsADateWithAFractionAndHasNoneInAnotherFormat) {
     EXPECT_EQ(accessed("04/03/2021"), std::nullopt);
 }
 
-TEST(HistoryData, IsKeptWithoutASourceThatIsUnknown) {
+TEST(HistoryData, IsKeptWithoutAnUnknownSource) {
     const auto record = recordWith(R"("source":"elsewhere")");
     ASSERT_TRUE(record);
     EXPECT_EQ(record->source, std::nullopt);
     EXPECT_EQ(record->key, "k");
 }
 
-TEST(HistoryData, MayHaveItsSourceChanged) {
+TEST(HistoryData, AllowsItsSourceToBeChanged) {
     auto record = recordWith(R"("source":"elsewhere")");
     ASSERT_TRUE(record);
     record->source = SourceSystem::lumeno;
@@ -159,7 +159,7 @@ std::string shownBy(const Record& record) {
            (record.lastAccessed ? " dated" : "");
 }
 
-TEST(HistoryEntityProtocol, OffersWhatCodeForAnyRecordNeeds) {
+TEST(HistoryEntityProtocol, ProvidesWhatGenericCodeNeeds) {
     EXPECT_EQ(shownBy(*recordWith(R"("source":"lumeno","lastAccessed":"2021-03-04T05:06:07Z")")),
               "n/k 1 done of lumeno dated");
     EXPECT_EQ(shownBy(OwnRecord{.namespace_ = "a", .key = "b", .progress = 2}), "a/b 2");
@@ -169,13 +169,13 @@ TEST(HistoryEntityProtocol, OffersWhatCodeForAnyRecordNeeds) {
     EXPECT_EQ(shownBy(*decoded), "a/b 2 done");
 }
 
-TEST(HistoryEntityProtocol, IsNotMetWithoutOneOfItsProperties) {
+TEST(HistoryEntityProtocol, IsNotSatisfiedWithoutOneOfItsProperties) {
     static_assert(HistoryEntityProtocol<OwnRecord>);
     static_assert(!HistoryEntityProtocol<RecordWithoutAKey>);
     static_assert(!HistoryEntityProtocol<std::string>);
 }
 
-TEST(HistoryEntityProtocol, IsNotMetWithoutAMappingTable) {
+TEST(HistoryEntityProtocol, IsNotSatisfiedWithoutAMappingTable) {
     static_assert(!HistoryEntityProtocol<RecordWithoutATable>);
 }
 

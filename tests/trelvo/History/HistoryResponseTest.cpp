@@ -46,9 +46,9 @@ TEST(HistoryResponse, HasThreeFieldsInDeclaredOrder) {
         answer);
 }
 
-TEST(HistoryResponse, DecodesWhateverItsFieldsHold) { test::expectFieldsInEveryState(answers()); }
+TEST(HistoryResponse, DecodesWhateverItsFieldsContain) { test::expectFieldsInEveryState(answers()); }
 
-TEST(HistoryResponse, TellsAnEmptyListFromNone) {
+TEST(HistoryResponse, DistinguishesAnEmptyListFromNone) {
     ASSERT_TRUE(dataOf(R"("data":[])"));
     EXPECT_TRUE(dataOf(R"("data":[])")->empty());
     EXPECT_FALSE(dataOf(""));
@@ -56,7 +56,7 @@ TEST(HistoryResponse, TellsAnEmptyListFromNone) {
     EXPECT_FALSE(dataOf(R"("data":{})"));
 }
 
-TEST(HistoryResponse, HasNoRecordsAtAllWhereOneLacksItsProgress) {
+TEST(HistoryResponse, HasNoRecordsIfOneLacksItsProgress) {
     EXPECT_EQ(dataOf(R"("data":[)" + good + "," + good + "]")->size(), 2U);
     EXPECT_FALSE(dataOf(R"("data":[)" + good + "," + withoutProgress + "," + good + "]"));
 }

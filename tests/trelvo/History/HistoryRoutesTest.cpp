@@ -1,4 +1,4 @@
-// What goes out for the viewing history: the order of the items differs from route to route.
+// The requests of the viewing history. The order of the query items differs between routes.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/trelvo/History/HistoryRoutes.h>
@@ -38,12 +38,12 @@ TEST(DeleteHistoryURI, DeletesTheWatchlistsHistory) {
               "DELETE v2/history [UID=u, source=lumeno, slug=watchlist]");
 }
 
-TEST(VideoHistoryURI, AsksForSoManyVideos) {
+TEST(VideoHistoryURI, RequestsTheGivenNumberOfVideos) {
     EXPECT_EQ(routeText(VideoHistoryURI({.uid = "u", .source = source, .slug = slug, .limit = 20u})),
               "- v2/history/video [UID=u, slug=watchlist, source=lumeno, raw=1, limit=20]");
 }
 
-TEST(VideoHistoryURI, StoresItsPathAndItsItems) {
+TEST(VideoHistoryURI, StoresItsPathAndQueryItems) {
     VideoHistoryURI route(
         {.uid = "u", .source = source, .slug = slug, .limit = std::numeric_limits<std::uint64_t>::max()});
     EXPECT_EQ(route.path, "v2/history/video");
@@ -54,7 +54,7 @@ TEST(VideoHistoryURI, StoresItsPathAndItsItems) {
     EXPECT_EQ(routeText(route), "- elsewhere [UID=u]");
 }
 
-TEST(RecentVideoHistoryURI, AlwaysSaysWhetherDoneVideosAreMeant) {
+TEST(RecentVideoHistoryURI, AlwaysSendsWhetherToIncludeDoneVideos) {
     EXPECT_EQ(recent(true),
               "- v2/history/video/recent [UID=u, slug=watchlist, source=lumeno, done=1, raw=1, limit=20]");
     EXPECT_EQ(recent(false),
@@ -62,13 +62,13 @@ TEST(RecentVideoHistoryURI, AlwaysSaysWhetherDoneVideosAreMeant) {
     EXPECT_EQ(recent(std::nullopt), recent(false));
 }
 
-TEST(VideoHistoryForShowURI, SaysWhetherDoneVideosAreMeantOnlyWhereItIsTold) {
+TEST(VideoHistoryForShowURI, SendsWhetherToIncludeDoneVideosOnlyIfGiven) {
     EXPECT_EQ(forShow(true), "- v2/history/show/42 [UID=u, slug=watchlist, source=lumeno, raw=1, done=1]");
     EXPECT_EQ(forShow(false), "- v2/history/show/42 [UID=u, slug=watchlist, source=lumeno, raw=1, done=0]");
     EXPECT_EQ(forShow(std::nullopt), "- v2/history/show/42 [UID=u, slug=watchlist, source=lumeno, raw=1]");
 }
 
-TEST(VideoProgressURI, AsksForOneVideoOfAShow) {
+TEST(VideoProgressURI, RequestsOneVideoOfAShow) {
     EXPECT_EQ(routeText(VideoProgressURI{.uid = "u", .source = source, .showId = 42, .houseNumber = "ZW1"}),
               "- v2/history/show/42/video/ZW1 [UID=u, source=lumeno, slug=watchlist, raw=1]");
 }
@@ -83,7 +83,7 @@ TEST(UpdateVideoProgressURI, PatchesWithTheProgressInThePathAndWithoutABody) {
     EXPECT_EQ(ResourceURI(update(90, true)).postData(), std::nullopt);
 }
 
-TEST(HistoryRoutes, PutNumbersAndHouseNumbersIntoThePathAsTheyAre) {
+TEST(HistoryRoutes, PutNumbersAndHouseNumbersIntoThePathUnchanged) {
     EXPECT_EQ(ResourceURI(update(-5, false)).path(), "v2/history/show/42/video/ZW1/progress/-5");
     EXPECT_EQ(ResourceURI(VideoProgressURI{.showId = -1, .houseNumber = "a b/c"}).path(),
               "v2/history/show/-1/video/a b/c");

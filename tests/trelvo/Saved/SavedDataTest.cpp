@@ -24,7 +24,7 @@ test::EntityRules records() {
                        {"updated", "updated", Strictness::lenient, test::apiDateText()}}};
 }
 
-/// The least record and what else it has.
+/// The smallest record with `member` added.
 std::optional<SavedData> recordWith(const std::string& member) {
     return decoded<SavedData>(R"({"oid":"o","slug":"s","namespace":"n","key":"k","order":1,)" + member + "}");
 }
@@ -47,7 +47,7 @@ TEST(SavedData, HasEightFieldsInDeclaredOrder) {
         record);
 }
 
-TEST(SavedData, NeedsAllButItsSourceAndItsDates) { test::expectFieldsInEveryState(records()); }
+TEST(SavedData, RequiresAllFieldsExceptSourceAndDates) { test::expectFieldsInEveryState(records()); }
 
 TEST(SavedData, ReadsItsKeysInDeclaredOrder) {
     test::expectErrorsInOrder(
@@ -57,12 +57,12 @@ TEST(SavedData, ReadsItsKeysInDeclaredOrder) {
 
 TEST(SavedData, MustBeAnObject) { test::expectAnObjectOnly(test::decodable<SavedData>); }
 
-TEST(SavedData, NeedsNoUid) {
+TEST(SavedData, DoesNotRequireAUid) {
     EXPECT_EQ(recordWith(R"("uid":7)"), recordWith(R"("uid":"u")"));
     EXPECT_TRUE(recordWith(R"("uid":null)"));
 }
 
-TEST(SavedData, ReadsADateWithAFractionAndHasNoneInAnotherFormat) {
+TEST(SavedData, ReadsADateWithAFractionAndIgnoresOtherFormats) {
     const auto created = [](const char* text) {
         const auto record = recordWith(std::string(R"("created":")") + text + "\"");
         EXPECT_TRUE(record) << text;
@@ -75,7 +75,7 @@ TEST(SavedData, ReadsADateWithAFractionAndHasNoneInAnotherFormat) {
     EXPECT_EQ(created("04/03/2021"), std::nullopt);
 }
 
-TEST(SavedData, MayHaveItsSourceChanged) {
+TEST(SavedData, AllowsItsSourceToBeChanged) {
     auto record = recordWith(R"("source":"elsewhere")");
     ASSERT_TRUE(record);
     EXPECT_EQ(record->source, std::nullopt);
@@ -99,7 +99,7 @@ struct OwnRecord {
 };
 
 /// A record with a mapping table, but with a property of another type.
-struct RecordWithATextForItsOrder {
+struct RecordWithAStringForItsOrder {
     std::optional<SourceSystem> source{};
     std::string oid{};
     std::string slug{};
@@ -137,9 +137,9 @@ const TypePlan& planOf<OwnRecord>() {
 }
 
 template <>
-[[maybe_unused]] const TypePlan& planOf<RecordWithATextForItsOrder>() {
+[[maybe_unused]] const TypePlan& planOf<RecordWithAStringForItsOrder>() {
     using namespace mapping;
-    using Record = RecordWithATextForItsOrder;
+    using Record = RecordWithAStringForItsOrder;
     static const TypePlan& plan = object<Record>(
         lenient<&Record::source>("source"), required<&Record::oid>("oid"), required<&Record::slug>("slug"),
         required<&Record::namespace_>("namespace"), required<&Record::key>("key"),
@@ -158,7 +158,7 @@ std::string shownBy(const Record& record) {
            (record.created ? " created" : "") + (record.updated ? " updated" : "");
 }
 
-TEST(SavedEntityProtocol, OffersWhatCodeForAnyRecordNeeds) {
+TEST(SavedEntityProtocol, ProvidesWhatGenericCodeNeeds) {
     EXPECT_EQ(shownBy(*recordWith(R"("source":"lumeno","created":"2021-03-04T05:06:07Z")")),
               "o/s/n/k 1 of lumeno created");
     EXPECT_EQ(shownBy(OwnRecord{.oid = "a", .slug = "b", .namespace_ = "c", .key = "d", .order = 2}),
@@ -169,13 +169,13 @@ TEST(SavedEntityProtocol, OffersWhatCodeForAnyRecordNeeds) {
     EXPECT_EQ(shownBy(*decoded), "a/b/c/d 2");
 }
 
-TEST(SavedEntityProtocol, IsNotMetWithAPropertyOfAnotherType) {
+TEST(SavedEntityProtocol, IsNotSatisfiedByAPropertyOfAnotherType) {
     static_assert(SavedEntityProtocol<OwnRecord>);
-    static_assert(!SavedEntityProtocol<RecordWithATextForItsOrder>);
+    static_assert(!SavedEntityProtocol<RecordWithAStringForItsOrder>);
     static_assert(!SavedEntityProtocol<std::string>);
 }
 
-TEST(SavedEntityProtocol, IsNotMetWithoutAMappingTable) {
+TEST(SavedEntityProtocol, IsNotSatisfiedWithoutAMappingTable) {
     static_assert(!SavedEntityProtocol<RecordWithoutATable>);
 }
 

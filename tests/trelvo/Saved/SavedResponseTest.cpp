@@ -43,9 +43,9 @@ TEST(SavedResponse, HasThreeFieldsInDeclaredOrder) {
         answer);
 }
 
-TEST(SavedResponse, DecodesWhateverItsFieldsHold) { test::expectFieldsInEveryState(answers()); }
+TEST(SavedResponse, DecodesWhateverItsFieldsContain) { test::expectFieldsInEveryState(answers()); }
 
-TEST(SavedResponse, TellsAnEmptyListFromNone) {
+TEST(SavedResponse, DistinguishesAnEmptyListFromNone) {
     ASSERT_TRUE(answerOf(R"("data":[])")->data);
     EXPECT_TRUE(answerOf(R"("data":[])")->data->empty());
     EXPECT_FALSE(answerOf("")->data);
@@ -53,7 +53,7 @@ TEST(SavedResponse, TellsAnEmptyListFromNone) {
     EXPECT_FALSE(answerOf(R"("data":"[]")")->data);
 }
 
-TEST(SavedResponse, HasNoRecordsAtAllWhereOneLacksItsOrderButKeepsItsTokens) {
+TEST(SavedResponse, HasNoRecordsIfOneLacksItsOrderButKeepsItsTokens) {
     const std::string tokens = R"("auth":{"access_token":"a","expiry":0,"refresh_token":"","token_type":""})";
     EXPECT_EQ(answerOf(tokens + R"(,"data":[)" + good + "," + good + "]")->data->size(), 2U);
     const auto bad = answerOf(tokens + R"(,"data":[)" + good + "," + withoutOrder + "," + good + "]");

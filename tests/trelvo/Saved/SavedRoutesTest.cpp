@@ -12,7 +12,7 @@ using test::routeText;
 constexpr SourceSystem source = SourceSystem::lumeno;
 constexpr TrelvoSlug watchlist = TrelvoSlug::watchlist;
 
-TEST(ListAllShowsURI, AsksForTheShowsOfASlug) {
+TEST(ListAllShowsURI, RequestsTheShowsOfASlug) {
     EXPECT_EQ(routeText(ListAllShowsURI{.uid = "u", .source = source, .slug = watchlist}),
               "- v2/saved/watchlist/show [UID=u, raw=1, source=lumeno]");
 }
@@ -30,12 +30,12 @@ TEST(DeleteShowURI, DeletesAShow) {
     EXPECT_EQ(route.id, 42);
 }
 
-TEST(DeleteSavedURI, DeletesAllOfASlug) {
+TEST(DeleteSavedURI, DeletesEverythingOfASlug) {
     EXPECT_EQ(routeText(DeleteSavedURI{.uid = "u", .source = source, .slug = watchlist}),
               "DELETE v2/saved/watchlist [UID=u, source=lumeno]");
 }
 
-TEST(SavedRoutes, WithoutASlugMeanAllThatIsSaved) {
+TEST(SavedRoutes, ApplyToEverythingSavedWithoutASlug) {
     EXPECT_EQ(routeText(ListAllShowsURI{.uid = "u", .source = source}),
               "- v2/saved [UID=u, raw=1, source=lumeno]");
     EXPECT_EQ(routeText(AddShowURI({.uid = "u", .source = source, .slug = std::nullopt, .showId = 42})),
@@ -44,7 +44,7 @@ TEST(SavedRoutes, WithoutASlugMeanAllThatIsSaved) {
               "DELETE v2/saved [UID=u, source=lumeno]");
 }
 
-TEST(SavedRoutes, PutTheIdIntoThePathAsItIs) {
+TEST(SavedRoutes, PutTheIdIntoThePathUnchanged) {
     EXPECT_EQ(ResourceURI(AddShowURI({.uid = "u", .source = source, .slug = watchlist, .showId = -1})).path(),
               "v2/saved/watchlist/show/-1");
     EXPECT_EQ(ResourceURI(DeleteShowURI({.uid = "u",

@@ -1,4 +1,4 @@
-// What the shared session's cache keeps of users who are gone.
+// Removal of a former user's responses from the shared session's cache.
 
 #include <VanticRestKit/Core/NetworkURLSession.h>
 #include <VanticRestKit/platform/http/cache/detail/CacheAccess.h>
@@ -36,8 +36,8 @@ protected:
         core->put(detail::CacheKeys().of(detail::CacheRequest(request), *request.url()),
                   std::make_shared<const detail::StoredResponse>(std::move(parts)), request, core->moment());
     }
-    /// The tokens with whose answers the cache is left.
-    static std::vector<std::string> left() {
+    /// The tokens whose responses remain in the cache.
+    static std::vector<std::string> remaining() {
         std::vector<std::string> found;
         for (const char* token : {"access-ann", "refresh-ann", "access-bob"}) {
             if (cache()->cachedResponse(requestWith(token))) found.emplace_back(token);
@@ -49,52 +49,52 @@ protected:
     const std::vector<std::string> bobs{"access-bob"};
 };
 
-TEST_F(StoredAnswers, OfAUserWhoSignsOutAreRemoved) {
+TEST_F(StoredAnswers, AreRemovedWhenTheirUserSignsOut) {
     save("ann", 2000);
     drain();
-    EXPECT_EQ(left(), all);
+    EXPECT_EQ(remaining(), all);
     client->signOut();
     drain();
-    EXPECT_EQ(left(), bobs);
+    EXPECT_EQ(remaining(), bobs);
 }
 
-TEST_F(StoredAnswers, OfAUserWhomTheContextReplacesAreRemoved) {
+TEST_F(StoredAnswers, AreRemovedWhenTheContextReplacesTheirUser) {
     save("ann", 2000);
     context->user = "u2";
     list();
     EXPECT_EQ(sentCount(), 1U);
-    EXPECT_EQ(left(), bobs);
+    EXPECT_EQ(remaining(), bobs);
 }
 
-TEST_F(StoredAnswers, OfAUserWhoseTokensAreReplacedByThoseOfAnotherAreRemoved) {
+TEST_F(StoredAnswers, AreRemovedWhenAnotherUsersTokensReplaceThoseOfTheirUser) {
     save("ann", 2000);
     save("bob", 2000, "u2");
     drain();
-    EXPECT_EQ(left(), bobs);
+    EXPECT_EQ(remaining(), bobs);
 }
 
-TEST_F(StoredAnswers, StayForTokensThatAreHandedInAgain) {
+TEST_F(StoredAnswers, AreKeptIfTheSameTokensAreSetAgain) {
     save("ann", 2000);
     save("ann", 3000);
     drain();
-    EXPECT_EQ(left(), all);
+    EXPECT_EQ(remaining(), all);
 }
 
 TEST_F(StoredAnswers, AreRemovedByClearAuth) {
     Trelvo trelvo = TrelvoProbe::make([] { return 1000.0; });
     TrelvoProbe::state(trelvo).keep(tokens("ann", 2000));
-    EXPECT_EQ(left(), all);
+    EXPECT_EQ(remaining(), all);
     trelvo.clearAuth();
-    EXPECT_EQ(left(), bobs);
+    EXPECT_EQ(remaining(), bobs);
 }
 
-TEST_F(StoredAnswers, OfTokensThatTheServiceHasReplacedAreRemoved) {
+TEST_F(StoredAnswers, AreRemovedWhenTheServiceReplacesTheirTokens) {
     Trelvo trelvo = TrelvoProbe::make([] { return 1000.0; });
     TrelvoProbe::state(trelvo).keep(tokens("ann", 2000));
     Auth rotated = tokens("bob", 3000);
     rotated.refreshToken = "refresh-ann";
     TrelvoProbe::state(trelvo).keep(rotated);
-    EXPECT_EQ(left(), (std::vector<std::string>{"refresh-ann", "access-bob"}));
+    EXPECT_EQ(remaining(), (std::vector<std::string>{"refresh-ann", "access-bob"}));
 }
 
 }  // namespace

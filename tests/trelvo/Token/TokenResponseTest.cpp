@@ -25,9 +25,9 @@ TEST(TokenResponse, HasTwoFieldsInDeclaredOrder) {
         answer);
 }
 
-TEST(TokenResponse, DecodesWhateverItsFieldsHold) { test::expectFieldsInEveryState(answers()); }
+TEST(TokenResponse, DecodesWhateverItsFieldsContain) { test::expectFieldsInEveryState(answers()); }
 
-TEST(TokenResponse, HasNoTokensWhereOnePartOfThemIsAtFault) {
+TEST(TokenResponse, HasNoTokensIfOnePartOfThemIsFaulty) {
     const std::string full = R"({"access_token":"a","expiry":1,"refresh_token":"r","token_type":"t"})";
     const auto decodes = [](const std::string& auth) {
         const auto answer = decoded<TokenResponse>(R"({"meta":{"status_code":200},"auth":)" + auth + "}");

@@ -8,12 +8,12 @@ namespace {
 
 using test::routeText;
 
-TEST(TokenURI, AsksForTheTokensOfAUserWithoutAMethodOrABody) {
+TEST(TokenURI, RequestsTheTokensOfAUserWithoutAMethodOrABody) {
     EXPECT_EQ(routeText(TokenURI{.uid = "u-1", .source = SourceSystem::lumeno}),
               "- v2/token [UID=u-1, source=lumeno]");
 }
 
-TEST(TokenURI, SendsTheUserAsItIs) {
+TEST(TokenURI, SendsTheUserUnchanged) {
     EXPECT_EQ(routeText(TokenURI{.uid = "", .source = SourceSystem::lumeno}),
               "- v2/token [UID=, source=lumeno]");
     EXPECT_EQ(routeText(TokenURI{.uid = "a b&c", .source = SourceSystem::lumeno}),

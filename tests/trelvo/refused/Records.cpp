@@ -1,4 +1,4 @@
-// Records of a host, with the fault that CASE names.
+// A host's records with the mistake selected by CASE.
 #include <VanticRestKit/trelvo/History/HistoryData.h>
 #include <VanticRestKit/trelvo/Saved/SavedData.h>
 
