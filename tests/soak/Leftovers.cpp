@@ -14,7 +14,7 @@ namespace {
 std::size_t countDescriptors() {
     std::size_t count = 0;
     for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) ++count;
-    // Without the one that reads the folder.
+    // Excludes the descriptor used for reading the folder.
     return count - 1;
 }
 
@@ -40,7 +40,7 @@ Holdings holdingsNow() {
     return {countDescriptors(), countThreads(), memory.uordblks + memory.hblkhd};
 }
 
-// There is no event for the end of a thread of the C library's.
+// There is no event for the end of a thread of the C library.
 Holdings quietHoldings(const Holdings* wanted) {
     using Clock = std::chrono::steady_clock;
     constexpr int quietRounds = 15;

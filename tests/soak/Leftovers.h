@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What a process holds: descriptors, threads and memory.
+/// The resources that a process holds: descriptors, threads and memory.
 
 #include <cstddef>
 
@@ -9,18 +9,18 @@ namespace VanticRestKit::test {
 
 struct Holdings {
     std::size_t descriptors = 0;
-    /// Without those of the pool that all queues of a process share: it has as many as there are processors, and keeps
-    /// them.
+    /// Without those of the pool that all queues share, which keeps one thread per processor.
     std::size_t threads = 0;
-    /// In use, not what the allocator keeps for later.
+    /// Allocated bytes, without those that the allocator keeps for reuse.
     std::size_t bytes = 0;
 };
 
-/// What this process holds now.
+/// The current resources of this process.
 Holdings holdingsNow();
 
-/// The same when it has become quiet: what ends by itself after the last load, such as a look-up that its load gave up,
-/// has half a minute for that. If `wanted` is not null, it waits for no more descriptors and threads than those.
+/// The same after the process has become quiet. Waits up to half a minute for things that end by themselves after the
+/// last load, such as an abandoned name lookup. If `wanted` is not null, waits until there are no more descriptors and
+/// threads than in `wanted`.
 Holdings quietHoldings(const Holdings* wanted = nullptr);
 
 }  // namespace VanticRestKit::test

@@ -19,7 +19,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// What a busy machine may take beyond a deadline. A load that does not end at all is what this is about.
+// The tolerance for a deadline on a busy machine. The purpose is to find loads that do not end at all.
 #ifdef VRK_IS_SANITIZED
 constexpr std::chrono::seconds slack{120};
 #else
@@ -31,7 +31,7 @@ constexpr std::chrono::seconds usualDeadline{30};
 enum class Form { completion, publisher, future, coroutine };
 constexpr std::uint64_t lastForm = 3;
 
-/// A coroutine that runs by itself.
+/// A coroutine that nothing awaits.
 struct Detached {
     struct promise_type {
         Detached get_return_object() { return {}; }
@@ -47,7 +47,7 @@ Detached awaitLoad(Resource<Data> resource, LoadOptions options, UniqueFunction<
     completion(co_await resource.value(options));
 }
 
-/// The error and those that it holds, for what must not happen.
+/// The error and its causes, for the report of a violation.
 std::string storyOf(const Error& error) {
     std::string text =
         error.domain() + " " + std::to_string(error.code()) + " " + error.localizedDescription();
@@ -70,7 +70,7 @@ struct Loads::Load {
     std::string expected{};
     std::string method{};
     bool mayBeSentAgain = false;
-    bool isHurried = false;
+    bool hasShortDeadline = false;
     bool isCancelled = false;
     std::chrono::duration<double> interval{};
     LoadOptions options{};
@@ -78,7 +78,7 @@ struct Loads::Load {
     Cancellable handle{};
     Clock::time_point deadline{};
 
-    // What the load told, guarded by the mutex of the loads.
+    // The outcome of the load, guarded by the mutex of the loads.
     int ends = 0;
     int values = 0;
     std::string outcome{};
@@ -91,7 +91,7 @@ Loads::Loads(const std::vector<Route>& routes, const World& world, std::uint64_t
     : routes_(routes), bases_(world.bases()), numbers_(seed), outcomes_(routes.size()) {
     configuration_.additionalCACertificates = world.rootCertificate();
     configuration_.timeoutIntervalForResource = usualDeadline;
-    // What it keeps is meant to stay, and would look like something that was left.
+    // Stored responses would be counted as leftovers.
     configuration_.urlCache = nullptr;
     configuration_.dnsCacheTime = 1s;
     const bool isPrivate = std::any_of(routes.begin(), routes.end(),
@@ -113,7 +113,7 @@ Loads::~Loads() = default;
 
 void Loads::closeConnections() {
     session_->closeIdleConnections();
-    // libcurl lets go of what was shut down when it makes the next connection, but looks no more often than each second.
+    // libcurl releases closed connections when it opens the next one, at most once per second.
     poll(nullptr, 0, 1100);
     runOne(0, usualDeadline);
     session_->closeIdleConnections();
@@ -136,19 +136,19 @@ Loads::LoadPointer Loads::make(std::size_t route) {
     load->id = ++started_;
     load->route = route;
     load->form = static_cast<Form>(random(lastForm));
-    // Most answers are small, as those of the service are; some take several pieces.
+    // Most responses are small like those of the service, some need several packets.
     const std::size_t size = random(9) == 0 ? 2000 + random(40000) : 100 + random(1500);
     const std::string target = targetFor(size, load->id);
     load->url = bases_[route] + target;
     load->expected = bodyFor(target);
-    // What is no GET is not sent again, and so may be lost on a connection that was just closed.
+    // Only a GET is sent again, so a POST can be lost on a connection that was just closed.
     load->method = routes_[route].allows("offline") && random(9) == 0 ? "POST" : "GET";
     load->mayBeSentAgain = random(3) == 0;
     load->interval = routes_[route].interval;
     load->options.stop = load->stop.get_token();
-    // Publishers have no options: the session's time for a load is their deadline.
-    load->isHurried = load->form != Form::publisher && random(19) == 0;
-    const auto deadline = load->isHurried ? std::chrono::milliseconds(random(50)) : usualDeadline;
+    // Publishers have no options. Their deadline is the resource timeout of the session.
+    load->hasShortDeadline = load->form != Form::publisher && random(19) == 0;
+    const auto deadline = load->hasShortDeadline ? std::chrono::milliseconds(random(50)) : usualDeadline;
     if (load->form != Form::publisher) load->options.deadline = deadline;
     load->deadline = Clock::now() + deadline;
     if (random(19) == 0) toCancel_.emplace(Clock::now() + std::chrono::milliseconds(random(60)), load);
@@ -166,7 +166,7 @@ Resource<Data> Loads::resourceOf(const Load& load) {
     }
     RetryPolicy policy = retryPolicy_;
     policy.environment.random = [this] {
-        // Asked once for each pause.
+        // Called once for each pause.
         ++retries_;
         return 0.5;
     };
@@ -221,7 +221,7 @@ void Loads::cancelDue() {
         if (!underWay_.contains(load->id)) continue;
         load->isCancelled = true;
         if (load->form == Form::publisher) {
-            // Nothing is told after that.
+            // Nothing is delivered after that.
             load->handle = Cancellable();
             const std::lock_guard lock(mutex_);
             if (load->ends == 0) ended_.push_back(load);
@@ -258,9 +258,9 @@ void Loads::judge(const LoadPointer& load) {
     const bool wasDropped = load->ends == 0;
     const std::string outcome = wasDropped ? "dropped" : load->outcome;
     ++outcomes_[load->route][outcome];
-    const bool isAllowed = outcome == "success" || wasDropped ||
-                           (load->isCancelled && outcome == "cancelled") ||
-                           (load->isHurried && outcome == "timedOut") || routes_[load->route].allows(outcome);
+    const bool isAllowed =
+        outcome == "success" || wasDropped || (load->isCancelled && outcome == "cancelled") ||
+        (load->hasShortDeadline && outcome == "timedOut") || routes_[load->route].allows(outcome);
     if (!isAllowed) violated(*load, "ended with " + outcome + ": " + load->story);
     const bool hasValue = load->form == Form::publisher && outcome == "success";
     if (load->values != (hasValue ? 1 : 0) && !wasDropped) violated(*load, "had a wrong number of values");
@@ -304,7 +304,7 @@ std::string Loads::runOne(std::size_t route, std::chrono::duration<double> inter
     load->form = Form::future;
     load->interval = interval;
     load->method = "GET";
-    load->isHurried = false;
+    load->hasShortDeadline = false;
     load->mayBeSentAgain = false;
     load->options.deadline = usualDeadline;
     load->deadline = Clock::now() + usualDeadline;

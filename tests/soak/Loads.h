@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Loads`: the client of the soak, which keeps many loads under way and judges how each one ends.
+/// `Loads`: the client of the soak test, which keeps many loads running and checks how each one ends.
 
 #include "Routes.h"
 #include "World.h"
@@ -28,10 +28,11 @@
 
 namespace VanticRestKit::test {
 
-/// What became of the loads of a route: how many there were of each outcome, by its name.
+/// The number of loads of a route for each outcome.
 using Outcomes = std::map<std::string, std::size_t>;
 
-/// Starts loads in all forms, cancels some and hurries others. For the main thread, but for what the loads call.
+/// Starts loads in all forms, cancels some and gives others a short deadline. For the main thread, except the callbacks
+/// of the loads.
 class Loads {
 public:
     using Clock = std::chrono::steady_clock;
@@ -41,28 +42,27 @@ public:
     Loads(const Loads&) = delete;
     Loads& operator=(const Loads&) = delete;
 
-    /// Keeps `atOnce` loads under way until `count` more were started or `until` has come, and waits for their ends.
-    /// `between` is called now and then.
+    /// Keeps `atOnce` loads running until `count` more were started or `until` is reached, and waits for their ends.
+    /// Calls `between` from time to time.
     void run(std::size_t count, Clock::time_point until, std::size_t atOnce,
              const std::function<void()>& between);
 
-    /// Runs one load of `route`, with an idle time-out of its own, to its end: the category that it failed with, or
-    /// "success".
+    /// Runs one load of `route` with its own idle timeout. Returns the category of its failure, or "success".
     std::string runOne(std::size_t route, std::chrono::duration<double> interval);
 
-    /// Closes all connections but one, so that what is left can be counted.
+    /// Closes all connections but one, so that the remaining resources can be counted.
     void closeConnections();
-    /// Makes a new session, and lets it go.
+    /// Create a new session and release it.
     void beginSession();
     void endSession();
 
     std::size_t startedCount() const noexcept { return started_; }
     const std::vector<Outcomes>& outcomes() const noexcept { return outcomes_; }
-    /// How many loads were sent again by the policy for that.
+    /// The number of retries by the retry policy.
     std::size_t retryCount() const noexcept { return retries_; }
-    /// By how much the deadline of a load was exceeded at most.
+    /// The maximum time by which a load exceeded its deadline.
     std::chrono::duration<double> latest() const noexcept { return latest_; }
-    /// What must not happen, each with its load.
+    /// The violations found, each with a description of its load.
     const std::vector<std::string>& violations() const noexcept { return violations_; }
 
 private:

@@ -8,7 +8,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A stall costs a connection for so long.
+// A stall blocks a connection for this long.
 constexpr std::chrono::milliseconds shortInterval{500};
 
 std::vector<Route> plainRoutes() {

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Route`: the ways from the soak's client to its servers, each with a fault of its own.
+/// `Route`: the paths from the soak test's client to its servers, each with a different fault.
 
 #include <support/FaultRelay.h>
 #include <support/Http2Origin.h>
@@ -12,20 +12,20 @@
 
 namespace VanticRestKit::test {
 
-/// Where the host of a route is, and what becomes of it.
+/// How the host of a route is addressed.
 enum class RouteHost {
-    /// At an address that stays.
+    /// At a fixed address.
     address,
-    /// At several addresses of which only the last one answers.
+    /// At several addresses, of which only the last one answers.
     severalAddresses,
-    /// Found by a name server that fails now and then. For a private network only.
+    /// Found by a name server that fails intermittently. For a private network only.
     unsteadyName,
-    /// In a network that disappears now and then, and comes back with another address of this machine. For a private
-    /// network only.
+    /// In a network that disappears from time to time and comes back with another address of this machine. For a
+    /// private network only.
     movingNetwork,
 };
 
-/// The host of routes with several addresses, which the session is to be told.
+/// The host name of routes with several addresses, which the session must resolve.
 inline constexpr const char* severalAddressesHost = "several.soak";
 
 struct Route {
@@ -34,11 +34,11 @@ struct Route {
     bool isHttp2 = false;
     LinkConditions link{};
     Http2Conduct conduct{};
-    /// The categories with which a load may fail that is neither cancelled nor in a hurry.
+    /// The categories with which a load may fail, unless it is cancelled or has a short deadline.
     std::vector<std::string> failures{};
-    /// The idle time-out of its requests.
+    /// The idle timeout of its requests.
     std::chrono::duration<double> interval{20};
-    /// How much rarer its loads are than those of a route with 1.
+    /// How many times rarer its loads are than those of a route with rarity 1.
     unsigned rarity = 1;
 
     bool allows(const std::string& category) const;

@@ -1,5 +1,5 @@
-// Drives the library over bad networks for a given number of loads or a given time. Ends with 0 if every load ended once,
-// in time and as it may, and if nothing is left behind. scripts/soak builds and runs it.
+// Drives the library over bad networks for a given number of loads or a given time. Exits with 0 if every load ended
+// exactly once, in time and with an allowed outcome, and if no resources remain. scripts/soak builds and runs it.
 
 #include "Leftovers.h"
 #include "Loads.h"
@@ -27,27 +27,27 @@ namespace {
 
 using Clock = Loads::Clock;
 
-// What the allocator's own bookkeeping may differ by. A leak of a byte in each of 200,000 loads is more.
+// The tolerance for the allocator's bookkeeping. A leak of one byte per load would exceed it in 200,000 loads.
 constexpr std::size_t bytesTolerated = 128 * 1024;
 // A session keeps up to 128 of libcurl's handles with their buffers for later loads.
 constexpr std::size_t bytesToleratedInSession = 16 * 1024 * 1024;
 
-struct Wishes {
+struct Options {
     std::size_t loads = std::numeric_limits<std::size_t>::max();
     std::chrono::duration<double> time{std::chrono::hours(24 * 365)};
     std::uint64_t seed = 1;
     std::size_t atOnce = 96;
-    /// The only route to be taken; empty for all.
+    /// The only route to use, or empty for all.
     std::string route{};
 };
 
-std::optional<Wishes> read(int count, char** words) {
-    Wishes wishes;
+std::optional<Options> read(int count, char** words) {
+    Options options;
     bool isLimited = false;
     for (int i = 1; i + 1 < count; i += 2) {
         const std::string_view name = words[i];
         if (name == "--route") {
-            wishes.route = words[i + 1];
+            options.route = words[i + 1];
             continue;
         }
         char* end = nullptr;
@@ -55,23 +55,23 @@ std::optional<Wishes> read(int count, char** words) {
         if (*end != 0 || number <= 0) return std::nullopt;
         isLimited |= name != "--seed" && name != "--at-once";
         if (name == "--loads") {
-            wishes.loads = static_cast<std::size_t>(number);
+            options.loads = static_cast<std::size_t>(number);
         } else if (name == "--minutes") {
-            wishes.time = std::chrono::duration<double, std::ratio<60>>(number);
+            options.time = std::chrono::duration<double, std::ratio<60>>(number);
         } else if (name == "--hours") {
-            wishes.time = std::chrono::duration<double, std::ratio<3600>>(number);
+            options.time = std::chrono::duration<double, std::ratio<3600>>(number);
         } else if (name == "--seed") {
-            wishes.seed = static_cast<std::uint64_t>(number);
+            options.seed = static_cast<std::uint64_t>(number);
         } else if (name == "--at-once") {
-            wishes.atOnce = static_cast<std::size_t>(number);
+            options.atOnce = static_cast<std::size_t>(number);
         } else {
             return std::nullopt;
         }
     }
-    return isLimited && count % 2 == 1 ? std::optional(wishes) : std::nullopt;
+    return isLimited && count % 2 == 1 ? std::optional(options) : std::nullopt;
 }
 
-/// Takes the network away and brings it back with another address of this machine, now and then.
+/// Removes the network from time to time and restores it with another address of this machine.
 class Outages {
 public:
     explicit Outages(const std::vector<Route>& routes) {
@@ -89,7 +89,7 @@ public:
             if (loads.runOne(route, std::chrono::milliseconds(500)) == "success")
                 faults_.push_back("a load succeeded without a network");
         }
-        // 10.9.0.2 is the other end of the cable.
+        // 10.9.0.2 is the far end of the connection.
         PrivateNetwork::ip("addr add 10.9.0." + std::to_string(10 + count_ % 80) + "/24 dev near");
         PrivateNetwork::ip("link set near up");
         for (const std::size_t route : routes_) {
@@ -103,7 +103,7 @@ public:
     }
 
     std::size_t count() const { return count_; }
-    /// How long the first load after an outage took at most.
+    /// The maximum duration of the first load after an outage.
     std::chrono::duration<double> slowest() const { return slowest_; }
     const std::vector<std::string>& faults() const { return faults_; }
 
@@ -145,14 +145,14 @@ void printTable(const std::vector<Route>& routes, const std::vector<Outcomes>& o
     row("all", sum, sumOfCounts);
 }
 
-/// Prints what was held before and after. Whether nothing is left.
+/// Prints the resources before and after. Returns whether none remain.
 bool printLeftovers(const char* when, const Holdings& before, const Holdings& after, std::size_t tolerated) {
     const auto difference = static_cast<double>(after.bytes) - static_cast<double>(before.bytes);
     std::printf("%s: %zu descriptors (%zu before), %zu threads (%zu before)", when, after.descriptors,
                 before.descriptors, after.threads, before.threads);
     std::printf(", %+.1f KB of memory", difference / 1024);
 #ifdef VRK_IS_SANITIZED
-    // Its allocator does not tell.
+    // The allocator of a sanitizer does not report its use.
     tolerated = std::numeric_limits<std::size_t>::max();
 #endif
     if (tolerated < std::numeric_limits<std::size_t>::max())
@@ -162,7 +162,7 @@ bool printLeftovers(const char* when, const Holdings& before, const Holdings& af
            difference <= static_cast<double>(tolerated);
 }
 
-/// What was held after some loads, with their session and without it.
+/// The resources after some loads, with their session and after its release.
 struct Phase {
     Holdings inSession;
     Holdings afterSession;
@@ -175,41 +175,41 @@ Phase endPhase(Loads& loads, const Phase* before) {
     return {inSession, quietHoldings(before == nullptr ? nullptr : &before->afterSession)};
 }
 
-int soak(const Wishes& wishes) {
+int soak(const Options& options) {
     const auto begin = Clock::now();
     const std::string whyNotPrivate = PrivateNetwork::enter();
-    const bool isPrivate = whyNotPrivate.empty() && PrivateNetwork::layCable();
+    const bool isPrivate = whyNotPrivate.empty() && PrivateNetwork::connectFarNetwork();
     if (!isPrivate) std::printf("without names and outages: %s\n", whyNotPrivate.c_str());
     std::vector<Route> routes = soakRoutes(isPrivate);
-    if (!wishes.route.empty()) {
-        std::erase_if(routes, [&wishes](const Route& route) { return route.name != wishes.route; });
+    if (!options.route.empty()) {
+        std::erase_if(routes, [&options](const Route& route) { return route.name != options.route; });
     }
-    World world(routes, isPrivate, wishes.seed);
+    World world(routes, isPrivate, options.seed);
     if (routes.empty() || world.bases().empty()) {
         std::fprintf(stderr, "soak: there is no such route, or the servers did not start\n");
         return 1;
     }
-    Loads loads(routes, world, wishes.seed);
+    Loads loads(routes, world, options.seed);
     Outages outages(routes);
-    const auto until = begin + std::chrono::duration_cast<Clock::duration>(wishes.time);
+    const auto until = begin + std::chrono::duration_cast<Clock::duration>(options.time);
     const auto between = [&loads, &outages] { outages.happen(loads); };
 
-    // Pools and tables have their final size after that.
+    // After this many loads, pools and tables have their final size.
     constexpr std::size_t longestWarmUp = 20000;
-    const std::size_t warmUp = std::min(wishes.loads / 4, longestWarmUp);
+    const std::size_t warmUp = std::min(options.loads / 4, longestWarmUp);
     loads.beginSession();
-    loads.run(warmUp, until, wishes.atOnce, between);
+    loads.run(warmUp, until, options.atOnce, between);
     const Phase warm = endPhase(loads, nullptr);
     const auto warmAt = Clock::now();
     const std::size_t warmLoads = loads.startedCount();
     loads.beginSession();
-    loads.run(wishes.loads - warmUp, until, wishes.atOnce, between);
+    loads.run(options.loads - warmUp, until, options.atOnce, between);
     const std::chrono::duration<double> taken = Clock::now() - warmAt;
     const Phase after = endPhase(loads, &warm);
 
     printTable(routes, loads.outcomes(), world.end());
     std::printf("\nseed %llu; %zu loads, of which %zu to warm up; then %.0f loads a second for %.0f s\n",
-                static_cast<unsigned long long>(wishes.seed), loads.startedCount(), warmLoads,
+                static_cast<unsigned long long>(options.seed), loads.startedCount(), warmLoads,
                 static_cast<double>(loads.startedCount() - warmLoads) / taken.count(), taken.count());
     std::printf(
         "%zu outages, the first load after each within %.2f s; %zu loads sent again by their policy; "
@@ -234,12 +234,12 @@ int soak(const Wishes& wishes) {
 
 int main(int count, char** words) {
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
-    const auto wishes = read(count, words);
-    if (!wishes) {
+    const auto options = read(count, words);
+    if (!options) {
         std::fprintf(
             stderr,
             "usage: soak [--loads N] [--minutes N] [--hours N] [--seed N] [--at-once N] [--route NAME]\n");
         return 2;
     }
-    return soak(*wishes);
+    return soak(*options);
 }

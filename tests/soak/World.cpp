@@ -25,7 +25,7 @@ namespace {
 constexpr std::string_view unsteadyName = "unsteady.soak";
 constexpr const char* farAddress = "10.9.0.2";
 
-/// What serves one route.
+/// The servers of one route.
 struct Service {
     std::unique_ptr<PlainOrigin> plain;
     std::unique_ptr<Http2Origin> http2;
@@ -59,7 +59,7 @@ public:
         return text + "\n";
     }
 
-    /// Works until the other end of `control` is closed for writing.
+    /// Runs until the other end of `control` is closed for writing.
     void runUntilClosed(const Socket& control) {
         reactor_.watch(control.descriptor(), EPOLLIN, [this](std::uint32_t) { reactor_.stop(); });
         reactor_.run();
@@ -81,7 +81,7 @@ public:
 
 private:
     void serve(const Route& route, Loopback loopback) {
-        // About as many requests as a server takes on a connection before it closes it.
+        // A typical number of requests after which a server closes a connection.
         constexpr std::size_t closesAfter = 30;
         Service service;
         if (route.isHttp2) {
@@ -106,7 +106,7 @@ private:
         changeNameFault();
     }
 
-    // It answers half of the time.
+    // It works half of the time.
     void changeNameFault() {
         static constexpr std::array<NameFault, 6> faults{NameFault::none,   NameFault::none,
                                                          NameFault::none,   NameFault::fails,

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `World`: the servers and relays of the soak, in a process of their own.
+/// `World`: the servers and relays of the soak test, in a separate process.
 
 #include "Routes.h"
 
@@ -16,14 +16,14 @@
 
 namespace VanticRestKit::test {
 
-/// What happened on a route, as its servers saw it.
+/// The events on a route, as counted by its servers.
 struct RouteCounts {
     std::size_t connections = 0;
     std::size_t faults = 0;
 };
 
-/// Serves routes in a child process, so that memory, threads and descriptors of this one are the client's alone. To be
-/// made while this process has one thread.
+/// Serves routes in a child process, so that memory, threads and descriptors of this process belong to the client only.
+/// Must be constructed while this process has one thread.
 class World {
 public:
     World(const std::vector<Route>& routes, bool inPrivateNetwork, std::uint64_t seed);
@@ -31,13 +31,13 @@ public:
     World(const World&) = delete;
     World& operator=(const World&) = delete;
 
-    /// Where a route begins: "https://127.0.0.1:41234". Empty if the world could not be made.
+    /// The base URL of each route: "https://127.0.0.1:41234". Empty if the servers could not be started.
     const std::vector<std::string>& bases() const noexcept { return bases_; }
     std::uint16_t portOf(std::size_t route) const { return ports_.at(route); }
-    /// The certificate of the root that the servers' own are signed by.
+    /// The root certificate that signed the servers' certificates.
     const std::string& rootCertificate() const noexcept { return rootCertificate_; }
 
-    /// Ends the process: what happened on each route.
+    /// Ends the process and returns the counts of each route.
     std::vector<RouteCounts> end();
 
 private:

@@ -34,7 +34,7 @@ void addExtension(X509* certificate, int kind, const std::string& value) {
 }
 
 /// A certificate without extensions and without a signature.
-Identity draft(const std::string& name, const CertificateWishes& wishes) {
+Identity draft(const std::string& name, const CertificateOptions& wishes) {
     Identity identity;
     identity.key.reset(EVP_EC_gen("P-256"));
     identity.certificate.reset(X509_new());
@@ -78,7 +78,7 @@ CertificateAuthority::CertificateAuthority(const std::string& name) : root_(draf
     sign(root_, root_);
 }
 
-Identity CertificateAuthority::issue(const CertificateWishes& wishes) const {
+Identity CertificateAuthority::issue(const CertificateOptions& wishes) const {
     Identity identity = draft(wishes.commonName, wishes);
     if (!wishes.subject.empty()) {
         addExtension(identity.certificate.get(), NID_subject_alt_name, wishes.subject);
@@ -87,7 +87,7 @@ Identity CertificateAuthority::issue(const CertificateWishes& wishes) const {
     return identity;
 }
 
-Identity selfSigned(const CertificateWishes& wishes) {
+Identity selfSigned(const CertificateOptions& wishes) {
     Identity identity = draft(wishes.commonName, wishes);
     addExtension(identity.certificate.get(), NID_subject_alt_name, wishes.subject);
     sign(identity, identity);

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Certificates made at run time, good ones and bad ones.
+/// Valid and invalid certificates, created at run time.
 
 #include <openssl/evp.h>
 #include <openssl/x509.h>
@@ -26,12 +26,12 @@ struct Identity {
     std::string keyPem() const;
 };
 
-/// What a server's certificate says.
-struct CertificateWishes {
-    /// The name or address that it is for, as in "DNS:localhost" or "IP:127.0.0.1". Empty: the certificate has
-    /// no subject alternative names.
+/// The content of a server's certificate.
+struct CertificateOptions {
+    /// The host name or address that it is for: "DNS:localhost" or "IP:127.0.0.1". If empty, the certificate has no
+    /// subject alternative names.
     std::string subject = "IP:127.0.0.1";
-    /// From when and until when it is valid, seen from now.
+    /// The begin and the end of its validity, relative to now.
     std::chrono::hours from{-1};
     std::chrono::hours until{24};
     /// The common name of its subject.
@@ -43,8 +43,8 @@ class CertificateAuthority {
 public:
     explicit CertificateAuthority(const std::string& name = "Test root");
 
-    /// A certificate that this root stands for.
-    Identity issue(const CertificateWishes& wishes = {}) const;
+    /// A certificate signed by this root.
+    Identity issue(const CertificateOptions& wishes = {}) const;
 
     std::string pem() const { return root_.certificatePem(); }
 
@@ -53,9 +53,9 @@ private:
 };
 
 /// A self-signed certificate.
-Identity selfSigned(const CertificateWishes& wishes = {});
+Identity selfSigned(const CertificateOptions& wishes = {});
 
-/// A file in the temporary folder that is gone with this object.
+/// A file in the temporary folder that is removed with this object.
 class TemporaryFile {
 public:
     explicit TemporaryFile(const std::string& content = {});

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Content codings, the way that a server applies them.
+/// Encodes content like a server.
 
 #include <string>
 #include <string_view>
@@ -9,13 +9,13 @@
 namespace VanticRestKit::test {
 
 std::string gzipped(std::string_view text);
-/// With the zlib header, as "deflate" means it.
+/// With the zlib header, as the standard defines "deflate".
 std::string deflated(std::string_view text);
-/// Without, as some servers send it.
+/// Without the zlib header, as some servers send it.
 std::string rawDeflated(std::string_view text);
 std::string brotlied(std::string_view text);
 
-/// Text that compresses like JSON does, of `size` bytes.
+/// Text of `size` bytes that compresses like JSON.
 std::string sampleText(std::size_t size);
 
 }  // namespace VanticRestKit::test

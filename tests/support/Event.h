@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Waits for something that another thread does.
+/// An event that threads signal and wait for.
 
 #include <gtest/gtest.h>
 
@@ -12,24 +12,24 @@
 
 namespace VanticRestKit::test {
 
-/// Counts how often something has happened. Copies are one event; a copy in a callback may outlive the test.
+/// Counts its signals. Copies share one event, so a copy in a callback may outlive the test.
 class Event {
 public:
-    /// It has happened once more.
+    /// Adds one signal.
     void signal() const {
         const std::lock_guard lock(state_->mutex);
         ++state_->count;
         state_->changed.notify_all();
     }
 
-    /// Waits until it has happened `times` times in all. Whether it did within half a minute.
+    /// Waits until it was signalled `times` times in total. Returns false after half a minute.
     [[nodiscard]] bool wait(int times = 1) const {
         std::unique_lock lock(state_->mutex);
         return state_->changed.wait_for(lock, std::chrono::seconds(30),
                                         [this, times] { return state_->count >= times; });
     }
 
-    /// How often it has happened by now.
+    /// The number of signals so far.
     int count() const {
         const std::lock_guard lock(state_->mutex);
         return state_->count;

@@ -38,7 +38,7 @@ Socket beginConnect(std::uint16_t port) {
 
 }  // namespace
 
-/// One connection. The reactor's callbacks keep it alive until it is over.
+/// One connection. The reactor's callbacks keep it alive until it ends.
 class FaultRelay::Link : public std::enable_shared_from_this<Link> {
 public:
     Link(FaultRelay& relay, Socket client, std::size_t faultAt)
@@ -101,13 +101,13 @@ private:
             toServer_.erase(0, static_cast<std::size_t>(sent));
         }
         relay_.reactor_.change(server_.descriptor(), toServer_.empty() ? EPOLLIN : EPOLLIN | EPOLLOUT);
-        if (isFirst && isToFail() && fault() == LinkFault::halfCloseRequest) {
+        if (isFirst && willFail() && fault() == LinkFault::halfCloseRequest) {
             ++relay_.faults_;
             shutdown(server_.descriptor(), SHUT_WR);
         }
     }
 
-    // Something of the server is here; it goes on after the latency.
+    // Called with bytes from the server, which are forwarded after the latency.
     void arrived(std::string bytes) {
         const LinkConditions& conditions = relay_.conditions_;
         auto delay = conditions.minLatency;
@@ -122,7 +122,7 @@ private:
         }
         carriedDown_ += bytes.size();
         auto due = Reactor::Clock::now() + delay;
-        // Bytes do not overtake each other.
+        // Keeps the bytes in order.
         if (!toClient_.empty()) due = std::max(due, toClient_.back().due);
         toClient_.push_back({due, std::move(bytes)});
         if (delay.count() == 0) {
@@ -132,11 +132,11 @@ private:
         }
     }
 
-    bool isToFail() const { return faultAt_ != never; }
-    LinkFault fault() const { return isToFail() ? relay_.conditions_.fault : LinkFault::none; }
-    bool passesFault(std::size_t size) const { return isToFail() && carriedDown_ + size >= faultAt_; }
+    bool willFail() const { return faultAt_ != never; }
+    LinkFault fault() const { return willFail() ? relay_.conditions_.fault : LinkFault::none; }
+    bool passesFault(std::size_t size) const { return willFail() && carriedDown_ + size >= faultAt_; }
 
-    // How much may go before the fault comes.
+    // The number of bytes that may be forwarded before the fault.
     std::size_t leftBeforeFault() const {
         const LinkFault kind = fault();
         const bool isCut = kind == LinkFault::stall || kind == LinkFault::truncate ||
@@ -178,7 +178,7 @@ private:
             case LinkFault::halfCloseAnswer: shutdown(client_.descriptor(), SHUT_WR); break;
             default: break;
         }
-        // The client has to find out by itself; whatever it sends is read and lost.
+        // The client is not notified. Whatever it sends is read and discarded.
         relay_.reactor_.change(client_.descriptor(), EPOLLIN);
         if (!serverHasEnded_) relay_.reactor_.forget(server_.descriptor());
         serverHasEnded_ = true;

@@ -16,41 +16,41 @@
 
 namespace VanticRestKit::test {
 
-/// What happens to a connection at some byte of what the server sends.
+/// What happens to a connection at some byte of the server's data.
 enum class LinkFault {
     none,
-    /// Nothing arrives for a while, as when a piece is lost and sent again.
+    /// Nothing arrives for a while, as after a lost packet that is sent again.
     pause,
-    /// Nothing arrives any more, in either direction, and no end is seen.
+    /// Nothing arrives any more in either direction, and the connection is not closed.
     stall,
-    /// Both directions end in good order.
+    /// Both directions are closed normally.
     truncate,
     /// The connection is reset.
     reset,
-    /// The server's direction ends; the client's stays open, and leads nowhere.
+    /// The server's direction is closed. The client's direction stays open, but its data is discarded.
     halfCloseAnswer,
-    /// The server sees the end of the client's direction, after the first piece of it.
+    /// The client's direction is closed towards the server after its first packet.
     halfCloseRequest,
-    /// The connection is reset as soon as it is made.
+    /// The connection is reset as soon as it is established.
     refuse,
 };
 
 /// How a relay treats its connections.
 struct LinkConditions {
     LinkFault fault = LinkFault::none;
-    /// Which share of the connections has the fault, between 0 and 1.
+    /// The share of connections with the fault, from 0 to 1.
     double share = 0;
-    /// The fault comes after a random number of bytes from the server up to this one.
+    /// The fault occurs after a random number of bytes from the server, at most this.
     std::size_t lastByte = 40000;
-    /// How long a `pause` is at most.
+    /// The maximum length of a `pause`.
     std::chrono::milliseconds longestPause{300};
-    /// What each piece from the server takes longer, at random.
+    /// The range of the random latency of each packet from the server.
     std::chrono::milliseconds minLatency{0};
     std::chrono::milliseconds maxLatency{0};
 };
 
-/// Carries bytes between a port of 127.0.0.1 and `target`. Its random numbers begin with `seed`. For the thread of the
-/// reactor, which must not run any more when the relay is destroyed.
+/// Forwards bytes between a port of 127.0.0.1 and `target`. `seed` starts its random numbers. For the reactor's thread.
+/// The reactor must have stopped when the relay is destroyed.
 class FaultRelay {
 public:
     FaultRelay(Reactor& reactor, std::uint16_t target, const LinkConditions& conditions, std::uint64_t seed);
@@ -59,7 +59,7 @@ public:
     FaultRelay& operator=(const FaultRelay&) = delete;
 
     std::uint16_t port() const noexcept { return port_; }
-    /// How many connections were made, and how many faults came to pass. For any thread.
+    /// The number of connections and the number of faults so far. For any thread.
     std::size_t connectionCount() const noexcept { return connections_; }
     std::size_t faultCount() const noexcept { return faults_; }
 

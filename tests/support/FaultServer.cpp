@@ -199,7 +199,7 @@ FaultServer::~FaultServer() {
 }
 
 void FaultServer::accept() {
-    // A client that goes away must not end the process; the threads of the connections inherit this.
+    // A client that disconnects must not end the process. The threads of the connections inherit this mask.
     sigset_t brokenPipe;
     sigemptyset(&brokenPipe);
     sigaddset(&brokenPipe, SIGPIPE);
@@ -237,7 +237,7 @@ void FaultServer::noteClosedByClient() {
     changed_.notify_all();
 }
 
-// Before a socket is closed: its number may be another's right after.
+// Called before a socket is closed, since its number can be reused right afterwards.
 void FaultServer::forget(int socket) {
     const std::lock_guard lock(mutex_);
     sockets_.erase(socket);

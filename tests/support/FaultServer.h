@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `FaultServer`: a server on loopback that does with its sockets what no proper server does.
+/// `FaultServer`: a server on loopback whose script controls the socket directly, to simulate faults.
 
 #include "Certificates.h"
 #include "Sockets.h"
@@ -25,19 +25,19 @@
 
 namespace VanticRestKit::test {
 
-/// A request as it came over the wire.
+/// A request as it was received.
 struct RawRequest {
     std::string method{};
-    /// What stands between method and version.
+    /// The part between method and version.
     std::string target{};
-    /// Names in lower case; the values of one that came more than once are joined by ", ".
+    /// Names in lower case. The values of a repeated name are joined by ", ".
     std::map<std::string, std::string> headers{};
     std::string body{};
-    /// Which connection it came on, counted from 0.
+    /// The index of its connection, counted from 0.
     std::size_t connection = 0;
 
     bool has(const std::string& name) const { return headers.contains(name); }
-    /// The value of a header; an empty text where there is none.
+    /// The value of a header, empty if there is none.
     std::string header(const std::string& name) const {
         const auto found = headers.find(name);
         return found == headers.end() ? std::string() : found->second;
@@ -46,41 +46,40 @@ struct RawRequest {
 
 class FaultServer;
 
-/// One connection of a `FaultServer`, in the hands of the script. What it sends goes out at once.
+/// One connection of a `FaultServer`, controlled by the script. Data is sent without delay.
 class FaultConnection {
 public:
     /// Counted from 0, in the order in which they were accepted.
     std::size_t index() const noexcept { return index_; }
 
-    /// The next request; empty when the client has closed the connection, or the server stops.
+    /// The next request, or nothing if the client has closed the connection or the server stops.
     std::optional<RawRequest> readRequest();
 
-    /// Reads the head of a request and leaves its body where it is.
+    /// Reads the head of a request but not its body.
     std::optional<RawRequest> readHead();
 
-    /// Sends bytes as they are. Returns whether the client is still there.
+    /// Sends the bytes. Returns whether the client is still connected.
     bool send(std::string_view bytes);
 
-    /// Sends bytes one by one, `pause` between two of them.
+    /// Sends the bytes one by one with a `pause` between them.
     bool trickle(std::string_view bytes, std::chrono::milliseconds pause);
 
-    /// Reads `size` bytes, a `piece` at a time, `pause` between two of them.
+    /// Reads `size` bytes in pieces of `piece` bytes with a `pause` between them.
     bool readSlowly(std::size_t size, std::size_t piece, std::chrono::milliseconds pause);
 
-    /// Waits, without a word, until the client has closed the connection. Whether it did before the server
-    /// stopped.
+    /// Waits until the client closes the connection, without sending anything. Returns false if the server stops first.
     bool stall();
 
-    /// Reads nothing and says nothing for as long as the server is there.
+    /// Neither reads nor sends anything until the server stops.
     void ignore();
 
     /// Closes the connection with a reset.
     void reset();
 
-    /// Hands bytes on between the client and a port of loopback until one of the two closes.
+    /// Forwards bytes between the client and a port of loopback until one of them closes.
     void relayTo(std::uint16_t port);
 
-    /// Waits for `time`, less if the server stops.
+    /// Waits for `time`, or until the server stops.
     void pace(std::chrono::milliseconds time);
 
 private:
@@ -104,8 +103,8 @@ private:
     std::string unread_;
 };
 
-/// Accepts connections on a port of loopback and has each handled by a script in a thread of its own. When
-/// the script returns the connection is closed in good order. Its destructor ends every script.
+/// Accepts connections on a port of loopback and runs a script for each on a separate thread. The connection is closed
+/// normally when its script returns. The destructor ends all scripts.
 class FaultServer {
 public:
     using Script = std::function<void(FaultConnection&)>;
@@ -117,24 +116,24 @@ public:
     FaultServer& operator=(const FaultServer&) = delete;
 
     std::uint16_t port() const noexcept { return port_; }
-    /// How it speaks TLS, to be changed before the first connection; null if it does not.
+    /// Its TLS context, which may be changed before the first connection. Null without TLS.
     SSL_CTX* tls() const noexcept { return tls_.get(); }
-    /// The URL of `path`, which begins with a slash.
+    /// The URL of `path`, which must begin with a slash.
     std::string url(const std::string& path = "/") const;
 
     /// All requests read so far, in the order of their reading.
     std::vector<RawRequest> requests() const;
     std::size_t connectionCount() const;
 
-    /// Wait for up to half a minute; whether it came to pass.
+    /// These wait for at most half a minute and return whether the condition became true.
     [[nodiscard]] bool waitForRequests(std::size_t count) const;
     [[nodiscard]] bool waitForClosedByClient(std::size_t count) const;
-    /// So many scripts have returned and their connections are closed.
+    /// Waits until `count` scripts have returned and their connections are closed.
     [[nodiscard]] bool waitForEnded(std::size_t count) const;
 
-    /// Lets go everything that waits in `hold`.
+    /// Ends all waits in `hold`.
     void releaseHeld();
-    /// Waits for `releaseHeld`, to be called by a script. False if the server stops.
+    /// Called by a script: waits for `releaseHeld`. Returns false if the server stops.
     bool hold();
 
 private:
@@ -166,7 +165,7 @@ private:
     std::thread acceptor_;
 };
 
-/// A whole answer with a Content-Length. `headers` are lines, each with its line end.
+/// A complete response with a Content-Length. `headers` are lines that each end with a line break.
 std::string answer(int status, std::string_view body, std::string_view headers = {});
 
 /// A script that answers every request on a connection with `reply`.

@@ -61,13 +61,13 @@ std::string frame(FrameType type, unsigned char flags, std::uint32_t stream, std
     return made.append(fourBytes(stream)).append(payload);
 }
 
-/// ":status: 200" and the length, neither of which changes the table of HPACK.
+/// ":status: 200" and the length, encoded so that the HPACK table does not change.
 std::string headOfAnswer(std::size_t size) {
     const std::string length = std::to_string(size);
     return std::string("\x88\x0f\x0d") + static_cast<char>(length.size()) + length;
 }
 
-/// The target in a block of headers, which it stands in as it is; empty if there is none.
+/// The target in a header block, where it is not Huffman-coded. Empty if there is none.
 std::string targetIn(std::string_view block) {
     const auto at = block.find("/~~~~");
     if (at == std::string_view::npos || at == 0) return {};
@@ -91,7 +91,7 @@ SSL_CTX* contextFor(const Identity& identity) {
     SSL_CTX_use_certificate(context, identity.certificate.get());
     SSL_CTX_use_PrivateKey(context, identity.key.get());
     SSL_CTX_set_alpn_select_cb(context, &chooseProtocol, nullptr);
-    // A certificate that changes must be seen: no session is resumed without a look at it.
+    // Disables session resumption, which would skip the check of a changed certificate.
     SSL_CTX_set_session_cache_mode(context, SSL_SESS_CACHE_OFF);
     SSL_CTX_set_options(context, SSL_OP_NO_TICKET);
     SSL_CTX_set_num_tickets(context, 0);
@@ -167,8 +167,8 @@ private:
 
     void begin(std::uint32_t stream, const std::string& block) {
         const Http2Conduct& conduct = origin_.conduct_;
-        // The client has been told that nothing more is taken.
-        if (isGoing_) return;
+        // The client knows that no more streams are accepted.
+        if (isGoingAway_) return;
         if (origin_.happens(conduct.goAways)) {
             goAway(stream);
         } else if (origin_.happens(conduct.goAwaysWithoutLast)) {
@@ -193,14 +193,14 @@ private:
 
     void goAway(std::uint32_t lastStream) {
         ++origin_.faults_;
-        isGoing_ = true;
+        isGoingAway_ = true;
         out_ += frame(FrameType::goAway, 0, 0, fourBytes(lastStream) + fourBytes(noError));
     }
 
     void answer(std::uint32_t stream, const std::string& target) {
         if (!socket_ || !open_.contains(stream)) return;
         const std::string body = bodyFor(target);
-        // 0: before the head; 1: after it; 2: inside the body; more: not at all.
+        // 0: before the head, 1: after the head, 2: inside the body, otherwise never.
         const std::size_t resetAt = origin_.happens(origin_.conduct_.resets) ? origin_.random(2) : 3;
         if (resetAt > 0) waiting_.push_back(frame(headers, endHeaders, stream, headOfAnswer(body.size())));
         const std::size_t size = resetAt < 2 ? 0 : resetAt == 2 ? body.size() / 2 : body.size();
@@ -217,7 +217,7 @@ private:
         open_.erase(stream);
     }
 
-    // Data may go out only as far as the window of the connection reaches. Bodies are smaller than those of streams.
+    // Sends data only within the flow-control window of the connection. Bodies are smaller than the windows of streams.
     void releaseWaiting() {
         while (!waiting_.empty()) {
             const bool isData = waiting_.front()[3] == static_cast<char>(data);
@@ -243,8 +243,8 @@ private:
             if (error != SSL_ERROR_WANT_READ && error != SSL_ERROR_WANT_WRITE) return close();
             break;
         }
-        if (isGoing_ && open_.empty() && out_.empty() && waiting_.empty()) return close();
-        // Before the handshake is over there is nothing to write yet, whatever waits.
+        if (isGoingAway_ && open_.empty() && out_.empty() && waiting_.empty()) return close();
+        // Before the end of the handshake, nothing can be written.
         const bool wantsWrite = !out_.empty() && SSL_is_init_finished(ssl_.get()) != 0;
         origin_.reactor_.change(socket_.descriptor(), wantsWrite ? EPOLLIN | EPOLLOUT : EPOLLIN);
     }
@@ -267,7 +267,7 @@ private:
     std::size_t window_ = 65535;
     std::set<std::uint32_t> open_;
     bool hasPreface_ = false;
-    bool isGoing_ = false;
+    bool isGoingAway_ = false;
 };
 
 Http2Origin::Http2Origin(Reactor& reactor, const Http2Conduct& conduct, const Identity& identity,

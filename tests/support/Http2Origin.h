@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Http2Origin`: a server of HTTP/2 that answers many requests from one thread, and badly if asked to.
+/// `Http2Origin`: an HTTP/2 server that handles many requests on one thread and can simulate faults.
 
 #include "Certificates.h"
 #include "Reactor.h"
@@ -19,27 +19,27 @@
 
 namespace VanticRestKit::test {
 
-/// How a server of HTTP/2 treats its requests. Shares are between 0 and 1, each of all requests.
+/// How an HTTP/2 server treats its requests. Shares are of all requests, from 0 to 1.
 struct Http2Conduct {
-    /// An answer waits for a random time up to this, so that answers come in another order than requests.
+    /// The maximum random delay of a response, so that responses arrive in a different order than requests.
     std::chrono::milliseconds longestWait{0};
-    /// The stream is reset before the answer, after the head, or inside the body.
+    /// The stream is reset before the response, after its head, or inside its body.
     double resets = 0;
-    /// The stream is refused: the request was not worked on.
+    /// The stream is refused, so the request was not processed.
     double refusals = 0;
-    /// The server says that it will go away; it answers what came until then, and nothing after that.
+    /// The server sends GOAWAY: it answers the requests received so far, and no later ones.
     double goAways = 0;
-    /// The same, but it has not worked on the last request either and says so.
+    /// The same, but the last request was not processed either, and the GOAWAY says so.
     double goAwaysWithoutLast = 0;
-    /// Which share of the connections has the second certificate in place of the first.
+    /// The share of connections that get the second certificate instead of the first.
     double otherCertificates = 0;
     std::uint32_t maxStreams = 100;
 };
 
-/// Speaks HTTP/2 over TLS. For the thread of the reactor.
+/// Speaks HTTP/2 over TLS. For the reactor's thread.
 class Http2Origin {
 public:
-    /// `other` is for the connections that get another certificate; null if there are none.
+    /// `other` is the second certificate, null if there is none.
     Http2Origin(Reactor& reactor, const Http2Conduct& conduct, const Identity& identity,
                 const Identity* other, std::uint64_t seed, Loopback loopback = Loopback::v4);
     ~Http2Origin();
@@ -49,7 +49,7 @@ public:
     std::uint16_t port() const noexcept { return port_; }
     std::size_t connectionCount() const noexcept { return connections_; }
     std::size_t faultCount() const noexcept { return faults_; }
-    /// For any thread: from now on every connection gets the other certificate, or the first one again.
+    /// From now on every new connection gets the second certificate, or the first one again. For any thread.
     void presentOther(bool other) noexcept { presentsOther_ = other; }
 
 private:

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Runs requests in tests and waits for what becomes of them.
+/// Runs requests in tests and waits for their outcomes.
 
 #include <VanticRestKit/platform/http/HTTPURLResponse.h>
 #include <VanticRestKit/platform/http/URLErrorCode.h>
@@ -20,10 +20,10 @@
 
 namespace VanticRestKit::test {
 
-/// What a completion was handed. Copies are one outcome, so that a completion may come after the test's end.
+/// The arguments of a completion. Copies share one outcome, so a completion may arrive after the end of the test.
 class Loaded {
 public:
-    /// A completion that fills this in.
+    /// A completion that stores its arguments here.
     URLSession::Completion completion() const {
         return [state = state_](std::optional<Data> data, std::shared_ptr<const URLResponse> response,
                                 std::optional<Error> error) {
@@ -36,7 +36,7 @@ public:
         };
     }
 
-    /// Waits for the completion for up to a minute. Whether it came.
+    /// Waits for the completion. Returns false after a minute.
     bool wait() const {
         std::unique_lock lock(state_->mutex);
         const bool came =
@@ -45,16 +45,16 @@ public:
         return came;
     }
 
-    /// How often the completion was called by now.
+    /// The number of calls of the completion so far.
     int calls() const {
         const std::lock_guard lock(state_->mutex);
         return state_->calls;
     }
 
-    // The following wait first.
+    // The following functions wait for the completion first.
 
     bool succeeded() const { return wait() && !state_->error; }
-    /// The body; an empty text where there is none.
+    /// The body, empty if there is none.
     std::string body() const {
         return wait() && state_->data ? std::string(state_->data->view()) : std::string();
     }
@@ -70,24 +70,24 @@ public:
         wait();
         return state_->response;
     }
-    /// The status; 0 where there is no answer of HTTP.
+    /// The status, 0 without an HTTP response.
     std::int64_t status() const {
         const auto answer = response();
         return answer && answer->asHTTP() != nullptr ? answer->asHTTP()->statusCode() : 0;
     }
-    /// A header of the answer; an empty text where there is none.
+    /// A header of the response, empty if there is none.
     std::string header(const std::string& name) const {
         const auto answer = response();
         if (!answer || answer->asHTTP() == nullptr) return {};
         return answer->asHTTP()->value(name).value_or("");
     }
-    /// The code of the error, which must be one of the transport's; empty where there is none.
+    /// The code of the error, which must be a transport error. Empty if there is none.
     std::optional<URLErrorCode> code() const {
         if (!wait() || !state_->error) return std::nullopt;
         EXPECT_EQ(state_->error->domain(), NSURLErrorDomain);
         return static_cast<URLErrorCode>(state_->error->code());
     }
-    /// The error's whole story, for the message of a test that fails.
+    /// A description of the error and its causes, for the message of a failed test.
     std::string story() const;
 
 private:
@@ -116,7 +116,7 @@ inline std::string Loaded::story() const {
     return text;
 }
 
-/// A request of `url`, which must be one.
+/// A request for `url`, which must be a valid URL.
 inline URLRequest requestOf(const std::string& url, const std::string& method = "GET") {
     const auto parsed = URL::make(url);
     EXPECT_TRUE(parsed.has_value()) << url;

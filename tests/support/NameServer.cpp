@@ -17,7 +17,7 @@ constexpr std::size_t headSize = 12;
 constexpr unsigned char typeA = 1;
 constexpr unsigned char typeAaaa = 28;
 
-/// The name that a question asks for, and where it ends.
+/// The name in a question, and the position of its end.
 std::pair<std::string, std::size_t> nameIn(std::string_view question) {
     std::string name;
     std::size_t at = headSize;
@@ -32,13 +32,13 @@ std::pair<std::string, std::size_t> nameIn(std::string_view question) {
     return {name, at + 1};
 }
 
-/// An address as a record of its type; empty if it is of the other one.
+/// A resource record for an address, or empty if the address has another type.
 std::string recordOf(const std::string& address, unsigned char type) {
     std::array<char, 16> bytes{};
     const bool isV4 = type == typeA;
     if (inet_pton(isV4 ? AF_INET : AF_INET6, address.c_str(), bytes.data()) != 1) return {};
     const std::size_t size = isV4 ? 4 : 16;
-    // The name of the question, the type, the class, a second to live, the address.
+    // The name of the question, the type, the class, a TTL of one second, the address.
     std::string record("\xc0\x0c\x00", 3);
     record += static_cast<char>(type);
     record.append("\x00\x01\x00\x00\x00\x01\x00", 7);
@@ -110,7 +110,7 @@ std::string NameServer::answerTo(std::string_view question) {
             records += record;
         }
     }
-    // The number of the question; an answer to it with recursion; one question and so many answers.
+    // The ID of the question, the flags of a recursive response, the counts of questions and answers.
     std::string reply(question.substr(0, 2));
     reply += static_cast<char>(0x81);
     reply += static_cast<char>(0x80 | code);

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `NameServer`: a name server of a test's own, which fails when it is told to.
+/// `NameServer`: a DNS server for tests that can simulate failures.
 
 #include "Reactor.h"
 #include "Sockets.h"
@@ -18,16 +18,16 @@ namespace VanticRestKit::test {
 /// How a name server answers.
 enum class NameFault {
     none,
-    /// With "server failure".
+    /// It reports a server failure.
     fails,
-    /// That the name does not exist.
+    /// It reports that the name does not exist.
     denies,
-    /// Not at all.
+    /// It does not answer.
     silent,
 };
 
-/// Answers questions for addresses on port 53 of 127.0.0.1, which only a network of one's own has free: see
-/// `PrivateNetwork`. Any thread may change what it answers.
+/// Answers address queries on port 53 of 127.0.0.1, which is free in a `PrivateNetwork`. Its answers may be changed on
+/// any thread.
 class NameServer {
 public:
     explicit NameServer(Reactor& reactor);
@@ -35,13 +35,13 @@ public:
     NameServer(const NameServer&) = delete;
     NameServer& operator=(const NameServer&) = delete;
 
-    /// Whether it has the port.
+    /// Whether it could bind the port.
     bool isRunning() const noexcept { return isRunning_; }
 
-    /// The addresses of a name, of IPv4 and IPv6.
+    /// Sets the IPv4 and IPv6 addresses of a name.
     void set(const std::string& name, std::vector<std::string> addresses);
     void setFault(NameFault fault);
-    /// How many questions have come.
+    /// The number of queries received.
     std::size_t questionCount() const;
 
 private:

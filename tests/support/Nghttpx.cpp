@@ -23,7 +23,7 @@ namespace VanticRestKit::test {
 
 namespace {
 
-/// Runs a program with its output in `log`. It ends with the thread that started it, at the latest.
+/// Runs a program with its output in `log`. It is ended when the calling thread ends.
 pid_t start(const std::vector<std::string>& command, const std::string& log) {
     std::vector<char*> arguments;
     for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
@@ -38,7 +38,7 @@ pid_t start(const std::vector<std::string>& command, const std::string& log) {
     _exit(127);
 }
 
-/// Whether a handshake succeeds. The port listens a while before the server answers.
+/// Whether a handshake succeeds. The port accepts connections before the server answers.
 bool speaksTls(const Socket& socket) {
     if (!socket) return false;
     const std::unique_ptr<SSL_CTX, void (*)(SSL_CTX*)> context(SSL_CTX_new(TLS_client_method()),
@@ -58,16 +58,16 @@ std::string contentOf(const std::string& path) {
 
 Nghttpx::Nghttpx(std::uint16_t backend, const Identity& identity, int streamsPerConnection)
     : certificate_(identity.certificatePem()), key_(identity.keyPem()) {
-    // Another process may take the port first.
-    constexpr int mostTries = 5;
-    for (int tries = 0; tries < mostTries && process_ < 0; ++tries) {
+    // Another process may bind the port first.
+    constexpr int maxTries = 5;
+    for (int tries = 0; tries < maxTries && process_ < 0; ++tries) {
         port_ = unusedPort();
         process_ =
             start({"nghttpx", "--conf=/dev/null", "--single-process", "--workers=1", "--no-ocsp",
                    "--log-level=WARN", "--frontend=127.0.0.1," + std::to_string(port_),
                    "--backend=127.0.0.1," + std::to_string(backend), "--backend-connections-per-host=200",
                    "--frontend-http2-max-concurrent-streams=" + std::to_string(streamsPerConnection),
-                   // More than a client takes.
+                   // More than a client accepts.
                    "--max-response-header-fields=5000", key_.path(), certificate_.path()},
                   log_.path());
         if (!waitUntilItAnswers()) kill();
@@ -83,7 +83,7 @@ void Nghttpx::kill() {
     waitpid(std::exchange(process_, -1), nullptr, 0);
 }
 
-// There is no event to wait for: a server that is ready is found by asking.
+// There is no event for readiness, so the server is polled.
 bool Nghttpx::waitUntilItAnswers() const {
     using Clock = std::chrono::steady_clock;
     const auto deadline = Clock::now() + std::chrono::seconds(20);

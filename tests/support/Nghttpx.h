@@ -10,8 +10,8 @@
 
 namespace VanticRestKit::test {
 
-/// Runs nghttpx on a port of 127.0.0.1, in front of the HTTP/1.1 server on the port `backend`. Ends it when
-/// this object goes. Requests that came over HTTP/2 have "2 nghttpx" in their Via.
+/// Runs nghttpx on a port of 127.0.0.1, in front of the HTTP/1.1 server on port `backend`, until this object is
+/// destroyed. Requests received over HTTP/2 have "2 nghttpx" in their Via header.
 class Nghttpx {
 public:
     Nghttpx(std::uint16_t backend, const Identity& identity, int streamsPerConnection = 100);
@@ -19,11 +19,11 @@ public:
     Nghttpx(const Nghttpx&) = delete;
     Nghttpx& operator=(const Nghttpx&) = delete;
 
-    /// Whether it answers; a test cannot go on without.
+    /// Whether it answers. A test cannot continue otherwise.
     bool isRunning() const noexcept { return process_ > 0; }
     std::uint16_t port() const noexcept { return port_; }
 
-    /// Ends it at once, without a word to its clients.
+    /// Kills it without notifying its clients.
     void kill();
 
 private:

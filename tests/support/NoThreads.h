@@ -1,15 +1,15 @@
 #pragma once
 
 /// \file
-/// Has the system give no new threads.
+/// Makes the creation of threads fail.
 
 #include <pthread.h>
 #include <cstddef>
 
 namespace VanticRestKit::test {
 
-/// While one lives, no thread of this process can be started: the stack that each would get is larger than memory can
-/// be.
+/// While an object exists, no thread of this process can be started, because the default stack size exceeds the address
+/// space.
 class NoThreads {
 public:
     NoThreads() {

@@ -50,7 +50,7 @@ private:
         if (count < 0 && errno == EAGAIN) return;
         if (count < 0) return close();
         if (count == 0) {
-            // What was asked is still answered.
+            // Requests received so far are still answered.
             isLast_ = true;
         } else if (!isLast_) {
             in_.append(bytes.data(), static_cast<std::size_t>(count));

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `PlainOrigin`: a server of HTTP/1.1 that answers many requests from one thread.
+/// `PlainOrigin`: an HTTP/1.1 server that handles many requests on one thread.
 
 #include "Reactor.h"
 #include "Sockets.h"
@@ -15,19 +15,19 @@
 
 namespace VanticRestKit::test {
 
-/// The target of the request with the number `id`. This server and `Http2Origin` answer it with `bodyFor` it.
+/// The target of request number `id`. This server and `Http2Origin` answer it with `bodyFor(target)`.
 ///
-/// Its tildes are longer in the Huffman code of HPACK than as they are, so that a client sends the target as it is and
-/// the server finds it without decoding headers.
+/// Its tildes are longer in the Huffman code of HPACK than as plain text, so a client sends the target uncoded and the
+/// server can find it without decoding the headers.
 std::string targetFor(std::size_t size, std::uint64_t id);
 
-/// The body that is the answer to `target`: the target itself, filled up to the size that it names.
+/// The response body for `target`: the target itself, padded to the size that it contains.
 std::string bodyFor(std::string_view target);
 
-/// Speaks HTTP/1.1 without TLS. For the thread of the reactor.
+/// Speaks HTTP/1.1 without TLS. For the reactor's thread.
 class PlainOrigin {
 public:
-    /// It closes a connection after some of the answers, on average after `closesAfter`, as it says in their headers.
+    /// Closes a connection after `closesAfter` responses on average, announced by a Connection header.
     PlainOrigin(Reactor& reactor, std::size_t closesAfter, std::uint64_t seed,
                 Loopback loopback = Loopback::v4);
     ~PlainOrigin();

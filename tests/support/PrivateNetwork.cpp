@@ -26,7 +26,7 @@ bool write(const std::string& path, const std::string& text) {
     return static_cast<bool>(file.flush());
 }
 
-/// Enters new namespaces. A user who is not root needs one in which he is root.
+/// Enters new namespaces. Other users than root need a user namespace in which they are root.
 std::string unshareAll() {
     if (unshare(CLONE_NEWNET | CLONE_NEWNS) == 0) return {};
     const uid_t user = geteuid();
@@ -42,13 +42,13 @@ std::string unshareAll() {
 std::string enterOnce() {
     if (std::system("ip -Version >/dev/null 2>&1") != 0) return "there is no program ip";
     if (std::string reason = unshareAll(); !reason.empty()) return reason;
-    // Nothing of the following is to be seen outside.
+    // Keeps the following mounts private to this process.
     if (mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) return failed("no mount is allowed");
     const TemporaryFile names("nameserver 127.0.0.1\noptions timeout:1 attempts:2\n");
     if (mount(names.path().c_str(), "/etc/resolv.conf", nullptr, MS_BIND, nullptr) != 0) {
         return failed("/etc/resolv.conf cannot be replaced");
     }
-    // Named networks are files there.
+    // Named networks are files below /run.
     if (mount("tmpfs", "/run", "tmpfs", 0, nullptr) != 0) return failed("/run cannot be replaced");
     if (!PrivateNetwork::ip("link set lo up")) return "the loopback cannot be set up";
     return {};
@@ -66,13 +66,14 @@ bool PrivateNetwork::ip(const std::string& arguments) {
     return std::system(command.c_str()) == 0;
 }
 
-bool PrivateNetwork::layCable() {
-    static const bool isLaid = ip("netns add far") && ip("link add near type veth peer name far netns far") &&
-                               ip("-n far link set lo up") && ip("-n far addr add 10.9.0.2/24 dev far") &&
-                               ip("-n far addr add fd09::2/64 dev far nodad") &&
-                               ip("-n far link set far up") && ip("addr add 10.9.0.1/24 dev near") &&
-                               ip("addr add fd09::1/64 dev near nodad") && ip("link set near up");
-    return isLaid;
+bool PrivateNetwork::connectFarNetwork() {
+    static const bool isConnected =
+        ip("netns add far") && ip("link add near type veth peer name far netns far") &&
+        ip("-n far link set lo up") && ip("-n far addr add 10.9.0.2/24 dev far") &&
+        ip("-n far addr add fd09::2/64 dev far nodad") && ip("-n far link set far up") &&
+        ip("addr add 10.9.0.1/24 dev near") && ip("addr add fd09::1/64 dev near nodad") &&
+        ip("link set near up");
+    return isConnected;
 }
 
 void PrivateNetwork::inFarNetwork(const std::function<void()>& action) {

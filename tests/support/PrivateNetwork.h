@@ -1,31 +1,31 @@
 #pragma once
 
 /// \file
-/// `PrivateNetwork`: a network of a test program's own.
+/// `PrivateNetwork`: a private network for a test program.
 
 #include <functional>
 #include <string>
 
 namespace VanticRestKit::test {
 
-/// A network namespace with a loopback, which the whole program enters, with a name server at 127.0.0.1 in its
-/// /etc/resolv.conf. No packet leaves it. To be entered before the program has another thread or a socket, which would
-/// stay outside.
+/// A network namespace for the whole program, with a loopback interface and 127.0.0.1 as the name server in
+/// /etc/resolv.conf. No packet leaves it. It must be entered before the program has other threads or sockets, which
+/// would stay outside.
 ///
-/// A cable can be laid from there to a second network, "far"; its ends are the interfaces "near" and "far".
+/// It can be connected to a second network, "far", by a pair of interfaces named "near" and "far".
 class PrivateNetwork {
 public:
-    /// Enters it, once for the program. Returns why this machine does not allow it; empty if it did.
+    /// Enters it, once per program. Returns why this machine does not allow it, empty on success.
     static std::string enter();
 
-    /// Runs the program ip with these arguments. Returns whether it succeeded.
+    /// Runs `ip` with these arguments. Returns whether it succeeded.
     static bool ip(const std::string& arguments);
 
-    /// Lays the cable, once for the program. "near" has the addresses 10.9.0.1 and fd09::1, "far" 10.9.0.2 and fd09::2.
-    /// Returns whether it succeeded.
-    static bool layCable();
+    /// Connects the second network, once per program. "near" has the addresses 10.9.0.1 and fd09::1, "far" 10.9.0.2 and
+    /// fd09::2. Returns whether it succeeded.
+    static bool connectFarNetwork();
 
-    /// Runs `action` in the far network. Sockets and threads that it makes stay there.
+    /// Runs `action` in the far network. Sockets and threads created by it stay there.
     static void inFarNetwork(const std::function<void()>& action);
 };
 

@@ -90,7 +90,7 @@ void Reactor::run() {
             epoll_wait(epoll_.descriptor(), events.data(), static_cast<int>(events.size()), untilNextTimer());
         for (int i = 0; i < count; ++i) {
             const epoll_event& event = events[static_cast<std::size_t>(i)];
-            // The socket may have been closed meanwhile, and its number be another's.
+            // The socket may have been closed meanwhile, and its number reused.
             const auto found = watched_.find(static_cast<int>(event.data.u64 & 0xffffffffU));
             if (found == watched_.end() || found->second->generation != event.data.u64 >> 32) continue;
             const std::shared_ptr<Watched> kept = found->second;

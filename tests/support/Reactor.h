@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Reactor`: serves many sockets from one thread.
+/// `Reactor`: handles many sockets on one thread.
 
 #include "Sockets.h"
 
@@ -17,21 +17,21 @@
 
 namespace VanticRestKit::test {
 
-/// Calls back when sockets are ready and when times have come, all on the thread that runs it. Only `post` and `stop`
-/// may be called by other threads.
+/// Calls back when sockets are ready and when timers expire, always on the thread that runs it. Other threads may only
+/// call `post` and `stop`.
 class Reactor {
 public:
     using Clock = std::chrono::steady_clock;
-    /// Gets the events of epoll.
+    /// Called with the epoll events.
     using Ready = std::function<void(std::uint32_t)>;
 
     Reactor();
     Reactor(const Reactor&) = delete;
     Reactor& operator=(const Reactor&) = delete;
 
-    /// Watches a socket, and makes it non-blocking. To be forgotten before it is closed.
+    /// Watches a socket and makes it non-blocking. Call `forget` before closing it.
     void watch(int descriptor, std::uint32_t events, Ready ready);
-    /// Waits for other events of a socket that is watched.
+    /// Changes the events of a watched socket.
     void change(int descriptor, std::uint32_t events);
     void forget(int descriptor);
 
@@ -41,7 +41,7 @@ public:
     /// Calls `action` soon. For any thread.
     void post(std::function<void()> action);
 
-    /// Works until `stop`.
+    /// Runs until `stop`.
     void run();
     /// For any thread.
     void stop();
@@ -66,7 +66,8 @@ private:
     bool isStopping_ = false;
 };
 
-/// Runs a reactor on a thread of its own, from `start` to its destruction: it is destroyed before what the reactor serves.
+/// Runs a reactor on a separate thread from `start` to destruction. Must be destroyed before the objects that the
+/// reactor calls.
 class ReactorThread {
 public:
     explicit ReactorThread(Reactor& reactor) : reactor_(reactor) {}

@@ -34,8 +34,7 @@ void Relay::accept() {
         Socket server = connectToLoopback(target_);
         const std::lock_guard lock(mutex_);
         if (isStopping_) return;
-        // Sockets stay open until the relay goes, so that nobody shuts down a number that is another's by
-        // then.
+        // Sockets stay open until the relay is destroyed, so that no shutdown affects a reused descriptor.
         paths_.push_back(std::make_unique<Path>(Path{std::move(client), std::move(server)}));
         threads_.emplace_back([this, &path = *paths_.back()] { carry(path); });
     }

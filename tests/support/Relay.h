@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Relay`: a path between a client and a server that can die.
+/// `Relay`: a path between a client and a server that can fail.
 
 #include "Sockets.h"
 
@@ -16,21 +16,21 @@
 
 namespace VanticRestKit::test {
 
-/// Hands bytes on between each client and a port of 127.0.0.1. After `freeze()` the connections that are
-/// there stay open and carry nothing any more, as behind a router that lost its memory; new ones work.
+/// Forwards bytes between each client and a port of 127.0.0.1. After `freeze()` existing connections stay open but
+/// carry no data, as after the restart of a NAT router. New connections work.
 class Relay {
 public:
-    /// What the server sends takes `distance` longer to arrive.
+    /// Data from the server is delayed by `distance`.
     explicit Relay(std::uint16_t target, std::chrono::milliseconds distance = {});
     ~Relay();
     Relay(const Relay&) = delete;
     Relay& operator=(const Relay&) = delete;
 
     std::uint16_t port() const noexcept { return port_; }
-    /// How many connections were made.
+    /// The number of connections so far.
     std::size_t connectionCount() const;
     void freeze();
-    /// Waits for up to half a minute until so many clients have closed their connection.
+    /// Waits for at most half a minute until `count` clients have closed their connections.
     [[nodiscard]] bool waitForClosedByClient(std::size_t count) const;
 
 private:

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int deadline = 30'000;  // milliseconds
 
-/// Runs the program; its standard output goes to `output`.
+/// Runs the program with its standard output in `output`.
 pid_t start(const std::vector<std::string>& arguments, int output) {
     std::vector<std::string> command{VRK_SAMPLE_SERVICE};
     command.insert(command.end(), arguments.begin(), arguments.end());
@@ -33,7 +33,7 @@ pid_t start(const std::vector<std::string>& arguments, int output) {
     _exit(127);
 }
 
-/// Waits for the end of a process of ours; -1 where it did not end in time or not by itself.
+/// Waits for the end of a child process. Returns the exit code, -1 if it did not end in time or was killed.
 int exitCode(pid_t process) {
     const int handle = static_cast<int>(syscall(SYS_pidfd_open, process, 0));
     pollfd ended{handle, POLLIN, 0};

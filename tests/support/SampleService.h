@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `SampleService`: the sample service as a process of its own, steered by a test.
+/// `SampleService`: the sample service as a separate process, controlled by a test.
 
 #include <nlohmann/json.hpp>
 
@@ -12,29 +12,29 @@
 
 namespace VanticRestKit::test {
 
-/// Runs the sample service on a free port of 127.0.0.1. Ends it when this object goes.
+/// Runs the sample service on a free port of 127.0.0.1 until this object is destroyed.
 class SampleService {
 public:
     enum class Transport { http, https };
 
     explicit SampleService(Transport transport = Transport::http);
-    /// With options of the program.
+    /// With command-line options.
     explicit SampleService(std::vector<std::string> options);
     ~SampleService();
     SampleService(const SampleService&) = delete;
     SampleService& operator=(const SampleService&) = delete;
 
-    /// Whether it answers; a test cannot go on without.
+    /// Whether it answers. A test cannot continue otherwise.
     bool isRunning() const noexcept { return process_ > 0; }
 
     /// Such as "http://127.0.0.1:41234".
     const std::string& baseURL() const noexcept { return baseURL_; }
     std::uint16_t port() const noexcept { return port_; }
 
-    /// With https: the file with the certificate that a client has to trust.
+    /// With https: the file with the certificate that a client must trust.
     const std::string& authorityFile() const noexcept { return authorityFile_; }
 
-    /// Asks for a fault of the next answers of a path, such as
+    /// Scripts a fault for the next responses of a path, such as
     /// {"path":"v2/time","fault":"status","status":500,"count":2}.
     void addFault(const nlohmann::json& fault) const;
 
@@ -42,14 +42,14 @@ public:
     nlohmann::json log() const;
     void clearLog() const;
 
-    /// A request of the control routes; null where it was not answered with a 200.
+    /// Sends a request to a control route. Returns null unless the status is 200.
     nlohmann::json control(const std::string& method, const std::string& path,
                            const std::string& body = {}) const;
 
-    /// Sends a signal and waits for the end: the exit code, or -1 where it ended in another way.
+    /// Sends a signal and waits for the end. Returns the exit code, or -1 if it ended in another way.
     int end(int signal);
 
-    /// Waits at most half a minute for an end that was requested elsewhere.
+    /// Waits at most half a minute for an end that was requested in another way.
     int waitForEnd();
 
 private:
@@ -63,7 +63,7 @@ private:
     pid_t process_ = -1;
 };
 
-/// Runs the sample service with arguments until it ends by itself: its exit code.
+/// Runs the sample service with these arguments until it ends. Returns its exit code.
 int runSampleService(const std::vector<std::string>& arguments);
 
 }  // namespace VanticRestKit::test

@@ -2,7 +2,7 @@
 
 /// \file
 /// VRK_IS_SANITIZED: whether this is built with a sanitizer that makes everything many times slower.
-/// VRK_IS_SLOW: whether it is that, or run by an emulator (VRK_IS_EMULATED), which is as slow.
+/// VRK_IS_SLOW: the same, or run in an emulator (VRK_IS_EMULATED), which is as slow.
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 #define VRK_IS_SANITIZED 1

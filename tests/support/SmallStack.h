@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Runs a test where there is little stack, as on the threads of many hosts.
+/// Runs a test on a small stack, like those of threads in many hosts.
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@
 namespace VanticRestKit::test {
 
 #if defined(VRK_IS_SANITIZED) || defined(__s390x__)
-// A sanitizer makes each frame several times as large, and so does an ABI that gives each at least 160 bytes.
+// A sanitizer makes each frame several times larger, and so does an ABI with a minimum frame size of 160 bytes.
 inline constexpr std::size_t smallStack = 4 * 256 * 1024;
 #else
 inline constexpr std::size_t smallStack = 256 * 1024;

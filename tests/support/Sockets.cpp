@@ -80,7 +80,7 @@ DeadAddress::DeadAddress(const std::string& address, std::uint16_t port)
     const auto* const generic = reinterpret_cast<const sockaddr*>(&name);
     EXPECT_EQ(bind(listener_.descriptor(), generic, sizeof(name)), 0);
     EXPECT_EQ(listen(listener_.descriptor(), 0), 0);
-    // One connection is completed and waits to be accepted; the system drops what comes after it.
+    // One connection is established and waits to be accepted. The system drops later ones.
     for (int i = 0; i < 4; ++i) {
         Socket& each = waiting_.emplace_back(socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
         static_cast<void>(connect(each.descriptor(), generic, sizeof(name)));

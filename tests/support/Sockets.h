@@ -23,7 +23,7 @@ public:
     int descriptor() const noexcept { return descriptor_; }
     explicit operator bool() const noexcept { return descriptor_ >= 0; }
 
-    /// Closes it in good order, or with a reset.
+    /// Closes it normally, or with a reset.
     void close();
     void reset();
 
@@ -31,16 +31,16 @@ private:
     int descriptor_ = -1;
 };
 
-/// 127.0.0.1, ::1, or every address of both kinds, which is for a network of a test's own.
+/// 127.0.0.1, ::1, or all addresses of both kinds, which is for a private network only.
 enum class Loopback { v4, v6, everyAddress };
 
-/// A socket with a free port of loopback, which refuses connections until it listens, and the port.
+/// A socket bound to a free port of loopback, and the port. It refuses connections until it listens.
 std::pair<Socket, std::uint16_t> bindOnLoopback(Loopback loopback = Loopback::v4);
 
-/// A socket that listens on a free port of loopback, and the port.
+/// A socket listening on a free port of loopback, and the port.
 std::pair<Socket, std::uint16_t> listenOnLoopback(Loopback loopback = Loopback::v4);
 
-/// An address of loopback and a port that answer no attempt to connect: their queue is full and is not emptied.
+/// A loopback address and port that do not answer connection attempts, because their queue is full.
 class DeadAddress {
 public:
     DeadAddress(const std::string& address, std::uint16_t port);
@@ -50,16 +50,16 @@ private:
     std::vector<Socket> waiting_;
 };
 
-/// Whether this machine has a loopback of IPv6.
+/// Whether this machine has an IPv6 loopback address.
 bool hasIPv6();
 
-/// A socket connected to a port of 127.0.0.1; none if no server listens.
+/// A socket connected to a port of 127.0.0.1, or none if no server listens.
 Socket connectToLoopback(std::uint16_t port);
 
 /// A port of 127.0.0.1 without a listener.
 std::uint16_t unusedPort();
 
-/// Sends all of the bytes. Whether the other end took them.
+/// Sends all bytes. Returns whether that succeeded.
 bool sendAll(int descriptor, const char* bytes, std::size_t size);
 
 }  // namespace VanticRestKit::test

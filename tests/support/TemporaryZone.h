@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Puts the device into another time zone for the time of a test.
+/// Changes the device's time zone during a test.
 
 #include <cstdlib>
 #include <ctime>
@@ -10,9 +10,8 @@
 
 namespace VanticRestKit::test {
 
-/// While it lives, the device's zone is another: a name such as "Australia/Sydney", which needs the system's
-/// zone files (Debian: tzdata), or any other value of TZ. Nothing means that TZ is not set. No other thread
-/// may be at work while it is made or destroyed.
+/// Sets TZ while this object exists: to a name such as "Australia/Sydney", which needs the system's zone files (Debian:
+/// tzdata), or any other value. `std::nullopt` unsets TZ. No other thread may run while it is constructed or destroyed.
 class TemporaryZone {
 public:
     explicit TemporaryZone(const std::optional<std::string>& zone) {

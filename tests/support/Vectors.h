@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Reads the golden vectors: files of one JSON object a line below tests/data.
+/// Reads the golden vectors: files in tests/data with one JSON object per line.
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@
 
 namespace VanticRestKit::test {
 
-/// All lines of `file` below tests/data, in order. A file that is missing, empty or not JSON fails the running test.
+/// All lines of `file` in tests/data, in order. Fails the current test if the file is missing, empty or not JSON.
 inline std::vector<nlohmann::json> jsonLines(const std::string& file) {
     std::ifstream input(VRK_TEST_DATA "/" + file);
     std::vector<nlohmann::json> lines;
@@ -29,10 +29,10 @@ inline std::vector<nlohmann::json> jsonLines(const std::string& file) {
     return lines;
 }
 
-/// All lines of `file` below tests/data/platform.
+/// All lines of `file` in tests/data/platform.
 inline std::vector<nlohmann::json> vectors(const std::string& file) { return jsonLines("platform/" + file); }
 
-/// Whether any sensible answer will do for this line. Such a line is run all the same: it must not crash.
+/// Whether any result is accepted for this line. It is run anyway, since it must not crash.
 inline bool isFree(const nlohmann::json& line) { return line.value("free", false); }
 
 }  // namespace VanticRestKit::test

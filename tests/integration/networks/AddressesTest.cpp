@@ -22,7 +22,7 @@ class Addresses : public testing::Test {
 protected:
     void SetUp() override {
         if (const std::string reason = PrivateNetwork::enter(); !reason.empty()) GTEST_SKIP() << reason;
-        ASSERT_TRUE(PrivateNetwork::layCable());
+        ASSERT_TRUE(PrivateNetwork::connectFarNetwork());
         for (const char* const dead : {"10.9.0.99", "fd09::99"}) {
             // A neighbour that is known, so that packets go there, and is not there.
             ASSERT_TRUE(PrivateNetwork::ip("neigh replace " + std::string(dead) +

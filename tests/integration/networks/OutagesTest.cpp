@@ -26,7 +26,7 @@ class Outages : public testing::Test {
 protected:
     void SetUp() override {
         if (const std::string reason = PrivateNetwork::enter(); !reason.empty()) GTEST_SKIP() << reason;
-        ASSERT_TRUE(PrivateNetwork::layCable());
+        ASSERT_TRUE(PrivateNetwork::connectFarNetwork());
         comeBackAs("10.9.0.1");
         PrivateNetwork::inFarNetwork([this] {
             plain_ = std::make_unique<PlainOrigin>(reactor_, 0, 61, Loopback::everyAddress);
