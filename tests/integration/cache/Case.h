@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Runs one of the public cases for caches against the session.
+/// Runs one of the public HTTP cache test cases against the session.
 
 #include "CaseServer.h"
 
@@ -10,20 +10,20 @@
 
 namespace VanticRestKit::test {
 
-/// What became of a case.
+/// The result of a case.
 struct CaseResult {
     enum class Kind {
         passed,
         failed,
-        /// A precondition failed, so that it proves nothing.
+        /// A precondition failed, so the case proves nothing.
         notRun,
     };
     Kind kind = Kind::passed;
-    /// What was expected and did not come.
+    /// The expectation that was not met.
     std::string reason{};
 };
 
-/// Runs a case with a session and a cache of its own. The clock is moved where the case has a pause.
+/// Runs a case with its own session and cache. The clock is advanced instead of pausing.
 CaseResult runCase(CaseServer& server, MovedClock& clock, const nlohmann::json& testCase);
 
 }  // namespace VanticRestKit::test

@@ -65,7 +65,7 @@ std::string CaseServer::absolute(const RawRequest& request, const std::string& n
     return server_.url((isFolder ? path : path.substr(0, path.rfind('/'))) + "/" + name);
 }
 
-// 304 if the request names a validator of the answer before, and 999 if a case expects that and it does not.
+// 304 if the request contains a validator of the previous response, and 999 if a case expects one that is missing.
 std::string CaseServer::statusOf(std::size_t number, const RawRequest& request, bool& hasBody) const {
     const json& entry = case_["requests"][number - 1];
     hasBody = request.method != "HEAD";

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `CaseServer`: answers the requests of the public cases for caches, as `tests/data/http` describes them.
+/// `CaseServer`: answers the requests of the public HTTP cache test cases as described in `tests/data/http`.
 
 #include <support/FaultServer.h>
 
@@ -17,18 +17,18 @@
 
 namespace VanticRestKit::test {
 
-/// A clock that moves when it is told to, for the server and for the cache.
+/// A manually advanced clock for the server and the cache.
 class MovedClock {
 public:
     std::chrono::milliseconds now() const { return std::chrono::milliseconds(now_.load()); }
     void move(std::chrono::milliseconds by) { now_ += by.count(); }
 
 private:
-    // A moment of 2026 with a fraction of a second, as clocks have it.
+    // A time in 2026 with a fraction of a second.
     std::atomic<std::int64_t> now_ = 1'780'000'000'250;
 };
 
-/// The date of `seconds` from `now`, as HTTP writes it; in the older form if `isOldForm`.
+/// The HTTP date of `now` plus `seconds`, in the obsolete format if `isOldForm`.
 std::string dateText(std::chrono::milliseconds now, double seconds, bool isOldForm = false);
 
 /// `name` in lower case.
@@ -38,16 +38,16 @@ class CaseServer {
 public:
     explicit CaseServer(MovedClock& clock);
 
-    /// Answers by the requests of `testCase` from now on; forgets the one before.
+    /// Starts to answer the requests of `testCase` and forgets the previous case.
     void use(const nlohmann::json& testCase);
 
     std::string url(const std::string& path) const { return server_.url(path); }
-    /// The first request with this number that has come for the case.
+    /// The first request received with this number in the case.
     std::optional<RawRequest> request(std::size_t number) const;
-    /// The server's time at its answer to the request before `number`, or now.
+    /// The server's time when it answered the request before `number`, or now.
     std::chrono::milliseconds timeBefore(std::size_t number) const;
 
-    /// The body that belongs to the case unless an entry says otherwise.
+    /// The default body of the case.
     static std::string usualBody(const nlohmann::json& testCase);
 
 private:

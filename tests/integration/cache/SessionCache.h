@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `SessionCache`: sessions with a cache of their own, whose clock is moved by the test.
+/// `SessionCache`: sessions with separate caches, whose clock is advanced by the test.
 
 #include "CaseServer.h"
 

@@ -1,4 +1,4 @@
-// The cache of a session over real sockets, with a clock that the tests move.
+// The cache of a session over real sockets, with a clock advanced by the tests.
 
 #include "SessionCache.h"
 
@@ -10,7 +10,7 @@ namespace VanticRestKit::test {
 
 namespace {
 
-TEST_F(SessionCache, AnswersTheSecondLoadAndSaysSo) {
+TEST_F(SessionCache, AnswersTheSecondLoadAndReportsThat) {
     FaultServer server(always(answer(200, "body", fresh)));
     const Loaded first = load(*session, server.url());
     EXPECT_EQ(sourceOf(first), Source::network);
@@ -26,7 +26,7 @@ TEST_F(SessionCache, AnswersTheSecondLoadAndSaysSo) {
     EXPECT_EQ(cache->misses(), 1U);
 }
 
-TEST_F(SessionCache, DeliversOnTheDelegateQueueAndNotInsideTheCall) {
+TEST_F(SessionCache, DeliversOnTheDelegateQueueNotInsideTheCall) {
     FaultServer server(always(answer(200, "body", fresh)));
     load(*session, server.url());
     std::atomic<bool> isInside = true;
@@ -47,7 +47,7 @@ TEST_F(SessionCache, DeliversOnTheDelegateQueueAndNotInsideTheCall) {
     EXPECT_TRUE(wasOnQueue);
 }
 
-TEST_F(SessionCache, AsksWhetherAStaleAnswerHasChanged) {
+TEST_F(SessionCache, RevalidatesAStaleResponse) {
     FaultServer server([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             connection.send(request->header("if-none-match") == "\"a\""
@@ -77,7 +77,7 @@ TEST_F(SessionCache, SendsTheSameBytesAsWithoutACacheIfNothingIsStored) {
     EXPECT_EQ(requests[0].headers, requests[2].headers);
 }
 
-TEST_F(SessionCache, KeepsTheAnswersOfUsersApart) {
+TEST_F(SessionCache, KeepsTheResponsesOfUsersSeparate) {
     FaultServer server([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             connection.send(answer(200, request->header("authorization") + request->header("cookie"), fresh));
@@ -101,7 +101,7 @@ TEST_F(SessionCache, KeepsTheAnswersOfUsersApart) {
     EXPECT_EQ(server.requests().size(), 5U);
 }
 
-TEST_F(SessionCache, DoesNotStoreWhatWasAskedForBeforeARemoval) {
+TEST_F(SessionCache, DoesNotStoreAResponseRequestedBeforeARemoval) {
     FaultServer server([&server](FaultConnection& connection) {
         while (connection.readRequest()) {
             if (!server.hold()) return;
@@ -138,7 +138,7 @@ TEST_F(SessionCache, ObeysThePolicies) {
     EXPECT_EQ(sourceOf(load(*session, server.url())), Source::cache);
 }
 
-TEST_F(SessionCache, WithoutACacheRefusesWhatTakesOnlyStoredAnswers) {
+TEST_F(SessionCache, WithoutACacheFailsRequestsThatOnlyAcceptStoredResponses) {
     FaultServer server(always(answer(200, "body", fresh)));
     const auto bare = makeSession(nullptr);
     load(*bare, server.url());
@@ -148,7 +148,7 @@ TEST_F(SessionCache, WithoutACacheRefusesWhatTakesOnlyStoredAnswers) {
     EXPECT_EQ(server.requests().size(), 2U);
 }
 
-TEST_F(SessionCache, TakesTheSessionsPolicyForRequestsWithoutOne) {
+TEST_F(SessionCache, UsesTheSessionsPolicyForRequestsWithoutOne) {
     FaultServer server(always(answer(200, "body", "Cache-Control: max-age=1\r\n")));
     load(*session, server.url());
     clock.move(std::chrono::hours(1));
@@ -158,7 +158,7 @@ TEST_F(SessionCache, TakesTheSessionsPolicyForRequestsWithoutOne) {
     EXPECT_EQ(sourceOf(load(*URLSession::make(configuration), server.url())), Source::stale);
 }
 
-TEST_F(SessionCache, KeepsEachHopOfARedirectOnItsOwn) {
+TEST_F(SessionCache, StoresEachHopOfARedirectSeparately) {
     FaultServer server([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             connection.send(request->target == "/"
@@ -174,7 +174,7 @@ TEST_F(SessionCache, KeepsEachHopOfARedirectOnItsOwn) {
     EXPECT_EQ(requests[2].target, "/there");
 }
 
-TEST_F(SessionCache, KeepsAnswersForTheCookieOfTheSession) {
+TEST_F(SessionCache, StoresResponsesForTheCookieOfTheSession) {
     FaultServer server([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             const char* const cookie = request->target == "/sign-in" ? "Set-Cookie: user=1\r\n" : "";
@@ -185,16 +185,16 @@ TEST_F(SessionCache, KeepsAnswersForTheCookieOfTheSession) {
     withoutCookies.setHTTPShouldHandleCookies(false);
     EXPECT_EQ(load(*session, server.url("/page")).body(), "for ");
     load(*session, server.url("/sign-in"));
-    // What was answered to a request without a cookie is not for one with a cookie,
+    // A response to a request without a cookie is not used for one with a cookie,
     EXPECT_EQ(load(*session, server.url("/page")).body(), "for user=1");
     EXPECT_EQ(server.requests().size(), 3U);
-    // and each has its own answer from then on.
+    // and each has its own stored response afterwards.
     EXPECT_EQ(load(*session, withoutCookies).body(), "for ");
     EXPECT_EQ(load(*session, server.url("/page")).body(), "for user=1");
     EXPECT_EQ(server.requests().size(), 3U);
 }
 
-TEST_F(SessionCache, UsesNoAnswerToACookieForARequestWithoutOne) {
+TEST_F(SessionCache, DoesNotUseAResponseToACookieForARequestWithoutOne) {
     FaultServer server([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             connection.send(answer(200, "for " + request->header("cookie"), fresh));

@@ -1,4 +1,4 @@
-// A cache with a store beyond its memory, as other sessions and later processes find it.
+// A cache with a persistent store that is shared with other sessions and later processes.
 
 #include "SessionCache.h"
 
@@ -13,7 +13,7 @@ namespace VanticRestKit::test {
 
 namespace {
 
-/// Keeps records in memory, and answers reads on a thread of its own.
+/// Keeps records in memory and answers reads on a separate thread.
 class FakeStore final : public detail::CacheStore {
 public:
     void read(std::string key, Found found) override {
@@ -53,12 +53,12 @@ public:
     std::uint64_t currentUsage() const override { return 0; }
     void flush() override {}
 
-    /// From now on reads are not answered,
+    /// Stops answering reads
     void getStuck() {
         const std::lock_guard lock(mutex_);
         isStuck_ = true;
     }
-    /// until this answers them all, with nothing.
+    /// until this call, which answers all of them with no records.
     void recover() {
         std::vector<Found> stuck;
         {
@@ -93,7 +93,7 @@ protected:
     std::shared_ptr<FakeStore> store = std::make_shared<FakeStore>();
 };
 
-TEST_F(StoredCache, AnswersWithWhatAnotherProcessHasStored) {
+TEST_F(StoredCache, AnswersWithAResponseStoredByAnotherProcess) {
     FaultServer server(always(answer(200, "body", fresh)));
     load(*anotherSession(), server.url());
     const Loaded loaded = load(*anotherSession(), server.url());
@@ -102,7 +102,7 @@ TEST_F(StoredCache, AnswersWithWhatAnotherProcessHasStored) {
     EXPECT_EQ(server.requests().size(), 1U);
 }
 
-TEST_F(StoredCache, UsesAnAnswerForTheSameCookieOnly) {
+TEST_F(StoredCache, UsesAResponseOnlyForTheSameCookie) {
     FaultServer server([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             connection.send(answer(200, "for " + request->header("cookie"), fresh));
@@ -119,7 +119,7 @@ TEST_F(StoredCache, UsesAnAnswerForTheSameCookieOnly) {
     EXPECT_EQ(server.requests().size(), 3U);
 }
 
-TEST_F(StoredCache, StoresWhatTheServerConfirms) {
+TEST_F(StoredCache, StoresARevalidatedResponse) {
     FaultServer server([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             connection.send(request->has("if-none-match")
@@ -136,7 +136,7 @@ TEST_F(StoredCache, StoresWhatTheServerConfirms) {
     EXPECT_EQ(server.requests().size(), 2U);
 }
 
-TEST_F(StoredCache, GivesNoHeadToTheBodyOfAnotherProcess) {
+TEST_F(StoredCache, DoesNotReplaceTheHeadOfABodyStoredByAnotherProcess) {
     FaultServer server([&server](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             if (request->has("if-none-match")) {
@@ -172,7 +172,7 @@ TEST_F(StoredCache, IsNotWaitedForIfItDoesNotAnswer) {
     const Loaded first = load(*stuck, server.url("/1"));
     EXPECT_EQ(first.body(), "body");
     EXPECT_EQ(sourceOf(first), Source::network);
-    // It is not asked again until it has answered,
+    // It is not read again until it has answered,
     EXPECT_EQ(load(*stuck, server.url("/2")).body(), "body");
     EXPECT_EQ(store->reads(), 1);
     store->recover();
@@ -182,7 +182,7 @@ TEST_F(StoredCache, IsNotWaitedForIfItDoesNotAnswer) {
     EXPECT_EQ(server.requests().size(), 3U);
 }
 
-TEST_F(StoredCache, FailsALoadThatMayNotGoToTheServerIfItDoesNotAnswer) {
+TEST_F(StoredCache, FailsACacheOnlyLoadIfItDoesNotAnswer) {
     FaultServer server(always(answer(200, "body", fresh)));
     store->getStuck();
     EXPECT_EQ(load(*anotherSession(), requestWith(server, Policy::returnCacheDataDontLoad)).code(),
@@ -190,7 +190,7 @@ TEST_F(StoredCache, FailsALoadThatMayNotGoToTheServerIfItDoesNotAnswer) {
     EXPECT_EQ(server.requests().size(), 0U);
 }
 
-TEST_F(StoredCache, MayAnswerAfterTheLoadWasCancelled) {
+TEST_F(StoredCache, CanAnswerAfterTheLoadWasCancelled) {
     FaultServer server(always(answer(200, "body", fresh)));
     const auto stuck = anotherSession();
     store->getStuck();

@@ -1,6 +1,6 @@
-// The public cases for HTTP caches, half of them, and more of this project in the same form for what these leave out:
-// over real sockets with a clock that is moved in place of pauses. Another file of cases can be named in
-// VRK_CACHE_CASES.
+// Runs half of the public HTTP cache test cases, and this project's own cases in the same format for what those do not
+// cover. They use real sockets, and a clock that is advanced instead of pausing. VRK_CACHE_CASES can name another file
+// of cases.
 
 #include "Case.h"
 
@@ -22,10 +22,10 @@ namespace {
 using nlohmann::json;
 using Kind = CaseResult::Kind;
 
-/// The transport refuses an answer with a transfer coding that it does not know.
+/// The transport rejects a response with an unknown transfer coding.
 const std::set<std::string> exempt{"headers-store-Transfer-Encoding"};
 
-/// The optional cases that this cache leaves to the server: it keeps no parts of answers, and the order of languages
+/// The optional cases that this cache does not support: it stores no partial responses, and the order of languages
 /// matters to many servers.
 const std::set<std::string> notTaken{"partial-store-partial-complete", "partial-store-partial-reuse-partial",
                                      "partial-store-partial-reuse-partial-absent",
@@ -54,7 +54,7 @@ struct Counts {
     int all = 0;
 };
 
-/// Runs the cases and fails for each required one that is not passed. Returns the optional ones that are not.
+/// Runs the cases and fails for each required case that does not pass. Returns the optional cases that do not pass.
 std::set<std::string> runCases(const std::vector<json>& all) {
     MovedClock clock;
     CaseServer server(clock);
@@ -95,7 +95,7 @@ std::set<std::string> runCases(const std::vector<json>& all) {
     return missed;
 }
 
-TEST(CacheSuite, PassesEveryRequiredCaseAndTheOptionalOnesItTakes) {
+TEST(CacheSuite, PassesEveryRequiredCaseAndTheSupportedOptionalOnes) {
     const std::set<std::string> missed =
         runCases(casesIn(givenFile() != nullptr ? givenFile() : VRK_TEST_DATA "/http/cache.jsonl"));
     if (givenFile() == nullptr) {
@@ -104,7 +104,7 @@ TEST(CacheSuite, PassesEveryRequiredCaseAndTheOptionalOnesItTakes) {
 }
 
 TEST(CacheSuite, PassesEveryCaseOfThisProject) {
-    if (givenFile() != nullptr) GTEST_SKIP() << "other cases were asked for";
+    if (givenFile() != nullptr) GTEST_SKIP() << "VRK_CACHE_CASES names other cases";
     EXPECT_EQ(runCases(casesIn(VRK_TEST_DATA "/http/cache_more.jsonl")), std::set<std::string>());
 }
 

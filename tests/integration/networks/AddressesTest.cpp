@@ -1,4 +1,4 @@
-// Hosts with several addresses of which some are dead, in a network of its own.
+// Hosts with several addresses, some of them dead, in a private network.
 
 #include "Network.h"
 
@@ -17,14 +17,14 @@ using namespace VanticRestKit::test;
 
 namespace {
 
-/// The program's own network, in which nothing answers at 10.9.0.99 and fd09::99.
+/// A private network in which nothing answers at 10.9.0.99 and fd09::99.
 class Addresses : public testing::Test {
 protected:
     void SetUp() override {
         if (const std::string reason = PrivateNetwork::enter(); !reason.empty()) GTEST_SKIP() << reason;
         ASSERT_TRUE(PrivateNetwork::connectFarNetwork());
         for (const char* const dead : {"10.9.0.99", "fd09::99"}) {
-            // A neighbour that is known, so that packets go there, and is not there.
+            // A static neighbour entry for an absent machine, so that packets are sent and lost.
             ASSERT_TRUE(PrivateNetwork::ip("neigh replace " + std::string(dead) +
                                            " lladdr 02:00:00:00:00:99 dev near nud permanent"));
         }
@@ -43,7 +43,7 @@ protected:
             EXPECT_TRUE(isAnswered(loaded, i));
         }
         EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(25))
-            << "a dead address is to cost a part of the time of a request, and only once";
+            << "a dead address must cost only a part of the time of a request, and only once";
     }
 
     Reactor reactor_;
@@ -55,22 +55,22 @@ protected:
 
 }  // namespace
 
-TEST_F(Addresses, ADeadOneOfIPv6IsPassedOverForOneOfIPv4) { expectThatAllArrive({"fd09::99", "10.9.0.2"}); }
+TEST_F(Addresses, ADeadIPv6AddressFallsBackToIPv4) { expectThatAllArrive({"fd09::99", "10.9.0.2"}); }
 
-TEST_F(Addresses, ADeadOneOfIPv4IsPassedOverForOneOfIPv6) { expectThatAllArrive({"10.9.0.99", "fd09::2"}); }
+TEST_F(Addresses, ADeadIPv4AddressFallsBackToIPv6) { expectThatAllArrive({"10.9.0.99", "fd09::2"}); }
 
-TEST_F(Addresses, ADeadOneIsPassedOverForOneOfTheSameKind) {
+TEST_F(Addresses, ADeadAddressFallsBackToAnotherOfTheSameKind) {
     expectThatAllArrive({"10.9.0.99", "10.9.0.2"});
     expectThatAllArrive({"fd09::99", "fd09::2"});
 }
 
-TEST_F(Addresses, OneThatCannotBeReachedFromHereCostsNothing) {
-    // There is no route to it.
+TEST_F(Addresses, AnUnreachableAddressCostsNoTime) {
+    // There is no route to the first address.
     expectThatAllArrive({"192.0.2.1", "10.9.0.2"});
     expectThatAllArrive({"2001:db8::1", "10.9.0.2"});
 }
 
-TEST_F(Addresses, AHostOfDeadOnesAloneIsATimeOutWithinTheTimeOfTheRequest) {
+TEST_F(Addresses, AHostWithOnlyDeadAddressesTimesOutWithinTheTimeOfTheRequest) {
     names_->set("several.test", {"10.9.0.99", "fd09::99"});
     const Loaded loaded = load(
         *session_, requestFor("http://several.test", origin_->port(), 1, std::chrono::milliseconds(1500)));

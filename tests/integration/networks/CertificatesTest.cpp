@@ -1,4 +1,4 @@
-// A server whose certificate changes between two connections.
+// A server whose certificate changes between connections.
 
 #include "Network.h"
 
@@ -40,7 +40,7 @@ protected:
 
 }  // namespace
 
-TEST_F(Certificates, OneThatIsRenewedIsTakenOnTheNextConnection) {
+TEST_F(Certificates, ARenewedCertificateIsAcceptedOnTheNextConnection) {
     const Identity first = root_.issue();
     const Identity renewed = root_.issue();
     serve(first, renewed);
@@ -50,7 +50,7 @@ TEST_F(Certificates, OneThatIsRenewedIsTakenOnTheNextConnection) {
     EXPECT_EQ(origin_->connectionCount(), 2U);
 }
 
-TEST_F(Certificates, OneThatIsNotTrustedAnyMoreIsRefusedUntilAGoodOneIsBack) {
+TEST_F(Certificates, AnUntrustedCertificateIsRejectedUntilATrustedOneIsBack) {
     const Identity good = root_.issue();
     const Identity expired = root_.issue({.from = std::chrono::hours(-48), .until = std::chrono::hours(-24)});
     serve(good, expired);
@@ -61,7 +61,7 @@ TEST_F(Certificates, OneThatIsNotTrustedAnyMoreIsRefusedUntilAGoodOneIsBack) {
     EXPECT_TRUE(isAnswered(loadOnNewConnection(5), 5));
 }
 
-TEST_F(Certificates, AConnectionThatIsOpenIsUsedAlthoughTheNextOneWouldBeRefused) {
+TEST_F(Certificates, AnOpenConnectionIsUsedEvenIfANewOneWouldBeRejected) {
     const Identity good = root_.issue();
     const Identity unknown = selfSigned();
     serve(good, unknown);

@@ -1,4 +1,4 @@
-// Loads of HTTP/1.1 through a relay with one fault.
+// HTTP/1.1 loads through a relay with one kind of fault.
 
 #include "Network.h"
 
@@ -21,7 +21,7 @@ namespace {
 constexpr std::size_t size = 4000;
 constexpr std::uint64_t count = 60;
 
-/// A server, and a relay on the way to it.
+/// A server behind a relay.
 class Links : public testing::Test {
 protected:
     void serve(const LinkConditions& conditions) {
@@ -33,8 +33,8 @@ protected:
         return requestFor("http://127.0.0.1", relay_->port(), id, interval, size);
     }
 
-    /// Starts many loads at once and waits for their ends: how many of them succeeded. Those that did not must have
-    /// ended with `category`, and every one once.
+    /// Starts many loads at once and returns how many succeed. Expects that each ends exactly once, and that the others
+    /// fail with `category`.
     std::uint64_t expectOtherwise(const std::string& category, std::chrono::duration<double> interval = 30s) {
         std::vector<Loaded> loads;
         for (std::uint64_t i = 0; i < count; ++i) loads.push_back(startLoad(*session_, request(i, interval)));
@@ -62,55 +62,55 @@ protected:
 
 }  // namespace
 
-TEST_F(Links, LoadsOverALongWayAllArrive) {
+TEST_F(Links, LoadsOverALinkWithHighLatencyAllArrive) {
     serve({.minLatency = 5ms, .maxLatency = 40ms});
     std::vector<Loaded> loads;
     for (std::uint64_t i = 0; i < count; ++i) loads.push_back(startLoad(*session_, request(i)));
     for (std::uint64_t i = 0; i < count; ++i) EXPECT_TRUE(isAnswered(loads[i], i, size));
 }
 
-TEST_F(Links, AnswersOfWhichPiecesAreLostAndSentAgainAllArrive) {
+TEST_F(Links, ResponsesWithLostAndResentPacketsAllArrive) {
     serve({.fault = LinkFault::pause, .share = 1, .longestPause = 200ms});
     EXPECT_EQ(expectOtherwise("none"), count);
 }
 
-TEST_F(Links, AnswersThatStopRunOutOfTimeAndTheOthersArrive) {
+TEST_F(Links, StalledResponsesTimeOutAndTheOthersArrive) {
     serve({.fault = LinkFault::stall, .share = 0.5});
     EXPECT_LT(expectOtherwise("timedOut", 400ms), count);
 }
 
-TEST_F(Links, AnswersThatAreCutShortAreALostConnection) {
+TEST_F(Links, TruncatedResponsesAreALostConnection) {
     serve({.fault = LinkFault::truncate, .share = 1, .lastByte = 3 * size});
     const auto succeeded = expectOtherwise("offline");
     EXPECT_GT(succeeded, 0U);
     EXPECT_LT(succeeded, count);
 }
 
-TEST_F(Links, AnswersThatEndWithAResetAreALostConnection) {
+TEST_F(Links, ResponsesThatEndWithAResetAreALostConnection) {
     serve({.fault = LinkFault::reset, .share = 1, .lastByte = 3 * size});
     EXPECT_LT(expectOtherwise("offline"), count);
 }
 
-TEST_F(Links, AConnectionThatTheServerHasHalfClosedIsALostConnection) {
+TEST_F(Links, AConnectionHalfClosedByTheServerIsALostConnection) {
     serve({.fault = LinkFault::halfCloseAnswer, .share = 1, .lastByte = 3 * size});
     EXPECT_LT(expectOtherwise("offline"), count);
 }
 
-TEST_F(Links, AnAnswerOnAConnectionWhoseOtherHalfIsClosedArrives) {
+TEST_F(Links, AResponseOnAConnectionHalfClosedByTheClientArrives) {
     serve({.fault = LinkFault::halfCloseRequest, .share = 1});
     EXPECT_EQ(expectOtherwise("none"), count);
 }
 
-TEST_F(Links, ConnectionsThatAreResetAtOnceAreNoConnections) {
+TEST_F(Links, ConnectionsResetAtOnceCannotBeUsed) {
     serve({.fault = LinkFault::refuse, .share = 0.5});
     EXPECT_LT(expectOtherwise("offline"), count);
 }
 
-TEST_F(Links, ANextLoadSucceedsAfterEachStall) {
+TEST_F(Links, LaterLoadsSucceedAfterAStall) {
     serve({.fault = LinkFault::stall, .share = 0.3, .lastByte = size});
     std::uint64_t failed = 0;
     for (std::uint64_t i = 0; i < 30; ++i) {
-        // A new connection may stall as well, but what was met before must not be met again for ever.
+        // A new connection may stall too, but loads must not keep failing.
         if (!load(*session_, request(i, 300ms)).succeeded()) ++failed;
     }
     EXPECT_EQ(failed, relay_->faultCount());

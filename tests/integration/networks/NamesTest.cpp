@@ -1,4 +1,4 @@
-// Names that cannot be looked up for a while, in a network of its own.
+// Names that temporarily cannot be looked up, in a private network.
 
 #include "Network.h"
 
@@ -42,7 +42,7 @@ protected:
 
 }  // namespace
 
-TEST_F(Names, AreLookedUpAgainByTheNextLoadAfterTheirServerFailed) {
+TEST_F(Names, AreLookedUpAgainByTheNextLoadAfterAServerFailure) {
     for (const NameFault fault : {NameFault::fails, NameFault::denies, NameFault::silent}) {
         names_->setFault(fault);
         EXPECT_EQ(outcomeOf(loadByName(1)), "offline");
@@ -52,28 +52,28 @@ TEST_F(Names, AreLookedUpAgainByTheNextLoadAfterTheirServerFailed) {
     }
 }
 
-TEST_F(Names, ThatAreNotAnsweredAreATimeOutIfTheRequestHasLessTime) {
+TEST_F(Names, UnansweredLookupsTimeOutWithTheRequest) {
     names_->setFault(NameFault::silent);
     EXPECT_EQ(outcomeOf(loadByName(1, 300ms)), "timedOut");
     names_->setFault(NameFault::none);
     EXPECT_TRUE(isAnswered(loadByName(2), 2));
 }
 
-TEST_F(Names, ThatWereFoundAreNotAskedForAgainWhileTheirServerFails) {
+TEST_F(Names, KnownNamesAreNotLookedUpAgainWhileTheirServerFails) {
     EXPECT_TRUE(isAnswered(loadByName(1), 1));
     names_->setFault(NameFault::fails);
     session_->closeIdleConnections();
     EXPECT_TRUE(isAnswered(loadByName(2), 2));
 }
 
-TEST_F(Names, ThatHaveAnotherAddressAreFoundThereByTheLoadAfterTheOneThatFailed) {
+TEST_F(Names, AChangedAddressIsUsedByTheLoadAfterAFailedOne) {
     EXPECT_TRUE(isAnswered(loadByName(1), 1));
-    // The server is at 127.0.0.1 alone; now its name says otherwise for a moment.
+    // The server is only at 127.0.0.1, but its name now temporarily has another address.
     names_->set("moved.test", {"127.0.0.77"});
     const auto loadMoved = [this](std::uint64_t id) {
         return load(*session_, requestFor("http://moved.test", origin_->port(), id));
     };
     EXPECT_EQ(outcomeOf(loadMoved(2)), "offline");
     names_->set("moved.test", {"127.0.0.1"});
-    EXPECT_TRUE(isAnswered(loadMoved(3), 3)) << "an address at which no one answers is not to be kept";
+    EXPECT_TRUE(isAnswered(loadMoved(3), 3)) << "an address that does not answer must not be kept";
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What the tests of bad networks share.
+/// Helpers shared by the tests of bad networks.
 
 #include <VanticRestKit/Core/ErrorAdvice.h>
 #include <VanticRestKit/platform/http/URLSession.h>
@@ -17,13 +17,13 @@
 
 namespace VanticRestKit::test {
 
-/// The category of what a load ended with; "success" if it succeeded.
+/// The category of a load's error, or "success".
 inline std::string outcomeOf(const Loaded& loaded) {
     const auto& error = loaded.error();
     return error ? nameOf(categoryOf(*error)) : "success";
 }
 
-/// A GET of a target of `size` bytes from a port of a host.
+/// A GET of a target with `size` bytes from a port of a host.
 inline URLRequest requestFor(const std::string& host, std::uint16_t port, std::uint64_t id,
                              std::chrono::duration<double> interval = std::chrono::seconds(30),
                              std::size_t size = 200) {
@@ -32,7 +32,7 @@ inline URLRequest requestFor(const std::string& host, std::uint16_t port, std::u
     return request;
 }
 
-/// Whether a load brought the answer to its own request, whole.
+/// Whether a load received the complete response to its own request.
 inline testing::AssertionResult isAnswered(const Loaded& loaded, std::uint64_t id, std::size_t size = 200) {
     if (loaded.body() == bodyFor(targetFor(size, id))) return testing::AssertionSuccess();
     return testing::AssertionFailure() << "load " << id << ": " << loaded.story();

@@ -1,4 +1,4 @@
-// A network that disappears and comes back, in a network of its own.
+// A network that disappears and comes back, inside a private network.
 
 #include "Network.h"
 
@@ -21,7 +21,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// A cable to a server of HTTP/1.1 and one of HTTP/2.
+/// A far network with an HTTP/1.1 server and an HTTP/2 server.
 class Outages : public testing::Test {
 protected:
     void SetUp() override {
@@ -75,14 +75,14 @@ protected:
 
 }  // namespace
 
-TEST_F(Outages, LoadsWithoutANetworkAreOfflineAtOnce) {
+TEST_F(Outages, LoadsWithoutANetworkFailAsOfflineAtOnce) {
     disappear();
     EXPECT_EQ(outcomeOf(load(*session_, plain(1))), "offline");
     EXPECT_EQ(outcomeOf(load(*session_, secure(2))), "offline");
 }
 
 TEST_F(Outages, TheFirstLoadAfterAnOutageWithoutLoadsSucceedsFromAnotherAddress) {
-    // Six connections of HTTP/1.1 and one of HTTP/2 are idle when it begins.
+    // Six HTTP/1.1 connections and one HTTP/2 connection are idle when the outage begins.
     std::vector<Loaded> loads;
     for (std::uint64_t i = 0; i < 12; ++i) loads.push_back(startLoad(*session_, plain(i)));
     for (std::uint64_t i = 0; i < 12; ++i) ASSERT_TRUE(isAnswered(loads[i], i));
@@ -93,7 +93,7 @@ TEST_F(Outages, TheFirstLoadAfterAnOutageWithoutLoadsSucceedsFromAnotherAddress)
     EXPECT_TRUE(isAnswered(load(*session_, secure(22)), 22));
 }
 
-TEST_F(Outages, TheFirstLoadAfterAnOutageInWhichLoadsFailedSucceedsFromAnotherAddress) {
+TEST_F(Outages, TheFirstLoadAfterAnOutageWithFailedLoadsSucceedsFromAnotherAddress) {
     ASSERT_TRUE(isAnswered(load(*session_, plain(1)), 1));
     ASSERT_TRUE(isAnswered(load(*session_, secure(2)), 2));
     disappear();
@@ -106,7 +106,7 @@ TEST_F(Outages, TheFirstLoadAfterAnOutageInWhichLoadsFailedSucceedsFromAnotherAd
     EXPECT_TRUE(isAnswered(load(*session_, secure(8)), 8));
 }
 
-TEST_F(Outages, ALoadSucceedsFromAnotherAddressWhileOneOfBeforeStillWaits) {
+TEST_F(Outages, ALoadSucceedsFromAnotherAddressWhileAnEarlierOneStillWaits) {
     for (const char* const method : {"GET", "POST"}) {
         ASSERT_TRUE(isAnswered(load(*session_, secure(1)), 1));
         disappear();
@@ -115,14 +115,13 @@ TEST_F(Outages, ALoadSucceedsFromAnotherAddressWhileOneOfBeforeStillWaits) {
         URLRequest next = secure(3);
         next.setHTTPMethod(method);
         EXPECT_TRUE(isAnswered(load(*session_, next), 3)) << method;
-        // It was on a connection that nothing can reach any more, and may have got another one. It does not wait for its
-        // time-out.
+        // Its connection is dead, and it may have been moved to another one. The test does not wait for its timeout.
         const std::string outcome = outcomeOf(waiting);
         EXPECT_TRUE(outcome == "success" || outcome == "offline") << outcome;
     }
 }
 
-TEST_F(Outages, ConnectionsGoOnIfTheNetworkComesBackAsItWas) {
+TEST_F(Outages, ConnectionsSurviveIfTheNetworkComesBackUnchanged) {
     ASSERT_TRUE(isAnswered(load(*session_, secure(1)), 1));
     ASSERT_TRUE(PrivateNetwork::ip("link set near down"));
     const Loaded waiting = startLoad(*session_, secure(2));
@@ -132,7 +131,7 @@ TEST_F(Outages, ConnectionsGoOnIfTheNetworkComesBackAsItWas) {
     EXPECT_EQ(secure_->connectionCount(), 1U);
 }
 
-TEST_F(Outages, ALoadThatWaitsForConnectivityArrivesWhenTheNetworkIsBack) {
+TEST_F(Outages, ALoadWaitingForConnectivityArrivesWhenTheNetworkIsBack) {
     disappear();
     URLSessionConfiguration configuration;
     configuration.waitsForConnectivity = true;
@@ -142,7 +141,7 @@ TEST_F(Outages, ALoadThatWaitsForConnectivityArrivesWhenTheNetworkIsBack) {
     EXPECT_TRUE(isAnswered(waiting, 1));
 }
 
-TEST_F(Outages, AHostThatHasAnotherAddressInTheNewNetworkIsFoundThere) {
+TEST_F(Outages, AHostWithAnotherAddressInTheNewNetworkIsFoundThere) {
     const auto byName = [this](std::uint64_t id) {
         return load(*session_, requestFor("http://far.test", plain_->port(), id));
     };

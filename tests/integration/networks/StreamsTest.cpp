@@ -1,4 +1,4 @@
-// Loads of HTTP/2 from a server, and over a link, that break streams and connections.
+// HTTP/2 loads from a server and through a link that interrupt streams and connections.
 
 #include "Network.h"
 
@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::size_t size = 3000;
 
-/// A server of HTTP/2 behind a relay.
+/// An HTTP/2 server behind a relay.
 class Streams : public testing::Test {
 protected:
     void serve(const Http2Conduct& conduct, const LinkConditions& conditions = {}) {
@@ -44,7 +44,8 @@ protected:
         return loads;
     }
 
-    /// How many succeeded, each with its own answer. The others ended with one of `categories`.
+    /// The number of successful loads, each with its own response. Expects that the others failed with one of
+    /// `categories`.
     static std::size_t successes(const std::vector<Loaded>& loads,
                                  const std::vector<std::string>& categories) {
         std::size_t succeeded = 0;
@@ -73,7 +74,7 @@ protected:
 
 }  // namespace
 
-TEST_F(Streams, AnswersThatComeInAnotherOrderReachTheirOwnLoads) {
+TEST_F(Streams, ReorderedResponsesReachTheirOwnLoads) {
     serve({.longestWait = 60ms});
     ASSERT_TRUE(isAnswered(load(*session_, request(0)), 0, size));
     std::mutex mutex;
@@ -97,22 +98,22 @@ TEST_F(Streams, AnswersThatComeInAnotherOrderReachTheirOwnLoads) {
     EXPECT_EQ(relay_->connectionCount(), 1U);
 }
 
-TEST_F(Streams, AServerThatGoesAwayAnswersWhatItTookAndTheOthersGoToANewConnection) {
+TEST_F(Streams, AfterAGoAwayAcceptedRequestsAreAnsweredAndTheOthersUseANewConnection) {
     serve({.longestWait = 20ms, .goAways = 0.05});
     const std::size_t succeeded = successes(startMany(200), {"offline"});
     EXPECT_GT(succeeded, 100U);
     EXPECT_GT(origin_->faultCount(), 0U);
-    // In the end there is a connection that works.
+    // At the end there is a working connection.
     EXPECT_GT(relay_->connectionCount(), 1U);
 }
 
-TEST_F(Streams, AGetThatAServerLeftOutWhenItWentAwayIsSentAgain) {
+TEST_F(Streams, AGetLeftUnprocessedByAGoAwayIsSentAgain) {
     serve({.goAwaysWithoutLast = 0.3});
     for (std::uint64_t i = 0; i < 40; ++i) EXPECT_TRUE(isAnswered(load(*session_, request(i)), i, size));
     EXPECT_GT(origin_->faultCount(), 0U);
 }
 
-TEST_F(Streams, ARequestThatIsNoGetIsNotSentAgainWhenAServerLeavesItOut) {
+TEST_F(Streams, ARequestOtherThanGetLeftUnprocessedIsNotSentAgain) {
     serve({.goAwaysWithoutLast = 1});
     URLRequest post = request(1);
     post.setHTTPMethod("POST");
@@ -122,7 +123,7 @@ TEST_F(Streams, ARequestThatIsNoGetIsNotSentAgainWhenAServerLeavesItOut) {
     EXPECT_EQ(origin_->faultCount(), 1U);
 }
 
-TEST_F(Streams, AGetThatEveryConnectionLeavesOutIsGivenUp) {
+TEST_F(Streams, AGetLeftUnprocessedOnEveryConnectionFails) {
     serve({.goAwaysWithoutLast = 1});
     const Loaded loaded = load(*session_, request(1));
     EXPECT_EQ(outcomeOf(loaded), "badAnswer") << loaded.story();
@@ -130,7 +131,7 @@ TEST_F(Streams, AGetThatEveryConnectionLeavesOutIsGivenUp) {
     EXPECT_LT(origin_->faultCount(), 50U);
 }
 
-TEST_F(Streams, AStreamThatIsResetFailsAloneAndLeavesTheConnectionToTheOthers) {
+TEST_F(Streams, AResetStreamFailsAloneAndTheConnectionIsKept) {
     serve({.longestWait = 20ms, .resets = 0.2});
     const std::size_t succeeded = successes(startMany(200), {"offline"});
     EXPECT_EQ(succeeded, 200 - origin_->faultCount());
@@ -138,13 +139,13 @@ TEST_F(Streams, AStreamThatIsResetFailsAloneAndLeavesTheConnectionToTheOthers) {
     EXPECT_EQ(relay_->connectionCount(), 1U);
 }
 
-TEST_F(Streams, AStreamThatIsRefusedIsSentAgain) {
+TEST_F(Streams, ARefusedStreamIsSentAgain) {
     serve({.refusals = 0.2});
     for (std::uint64_t i = 0; i < 40; ++i) EXPECT_TRUE(isAnswered(load(*session_, request(i)), i, size));
     EXPECT_GT(origin_->faultCount(), 0U);
 }
 
-TEST_F(Streams, LoadsOverALinkThatStallsRunOutOfTimeAndLaterOnesArrive) {
+TEST_F(Streams, LoadsOverAStalledLinkTimeOutAndLaterOnesArrive) {
     serve({}, {.fault = LinkFault::stall, .share = 0.5, .lastByte = 20 * size});
     std::size_t succeeded = 0;
     for (int round = 0; round < 8; ++round) {
@@ -153,7 +154,7 @@ TEST_F(Streams, LoadsOverALinkThatStallsRunOutOfTimeAndLaterOnesArrive) {
     EXPECT_GT(succeeded, 0U);
 }
 
-TEST_F(Streams, LoadsOverALinkThatResetsAreALostConnectionAndLaterOnesArrive) {
+TEST_F(Streams, LoadsOverAResetLinkAreALostConnectionAndLaterOnesArrive) {
     serve({}, {.fault = LinkFault::reset, .share = 0.7, .lastByte = 20 * size});
     std::size_t succeeded = 0;
     for (int round = 0; round < 8; ++round) succeeded += successes(startMany(20), {"offline"});
@@ -161,11 +162,11 @@ TEST_F(Streams, LoadsOverALinkThatResetsAreALostConnectionAndLaterOnesArrive) {
     EXPECT_GT(relay_->faultCount(), 0U);
 }
 
-TEST_F(Streams, AHandshakeThatIsCutOffIsALostConnection) {
+TEST_F(Streams, AnInterruptedHandshakeIsALostConnection) {
     for (const LinkFault fault : {LinkFault::truncate, LinkFault::reset, LinkFault::refuse}) {
         Reactor reactor;
         Http2Origin origin(reactor, {}, identity_, nullptr, 1);
-        // Inside the first answer of the handshake.
+        // Inside the server's first handshake message.
         FaultRelay relay(reactor, origin.port(), {.fault = fault, .share = 1, .lastByte = 30}, 2);
         ReactorThread thread(reactor);
         thread.start();

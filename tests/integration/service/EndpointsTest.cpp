@@ -18,15 +18,15 @@ namespace {
 
 using Transport = SampleService::Transport;
 
-/// Everything that the catalogue has for a video, whatever carries it.
-void loadsAllThereIs(const ServiceContext& context) {
+/// Loads everything that the catalogue has for a video, over any transport.
+void loadEverything(const ServiceContext& context) {
     const auto time = valueOf(Endpoint::Time(context));
     EXPECT_GT(time.value_or(0), 1.7e9);
 
     const auto avatars = valueOf(Endpoint::Avatars(context));
     ASSERT_TRUE(avatars);
     ASSERT_EQ(avatars->size(), 9U);
-    EXPECT_EQ((*avatars)[0].id, "100") << "a number, held in decimal";
+    EXPECT_EQ((*avatars)[0].id, "100") << "a number, stored as a decimal string";
     EXPECT_EQ((*avatars)[2].id, "av-gecko");
 
     const auto video = valueOf(Endpoint::Video({.houseNumber = "HL0102"}, context));
@@ -52,17 +52,17 @@ void loadsAllThereIs(const ServiceContext& context) {
     EXPECT_EQ(home->collections.size(), 8U);
     EXPECT_THAT(home->featuredImageHref.value_or(""),
                 ::testing::StartsWith(context.baseURL().absoluteString()))
-        << "pictures are named by the address that was asked";
+        << "URLs of pictures contain the host of the request";
 }
 
 TEST(SampleServiceEndpoints, LoadOverPlainHTTP) {
     const SampleService service;
-    loadsAllThereIs(ServiceContext(service.baseURL()));
+    loadEverything(ServiceContext(service.baseURL()));
 }
 
 TEST(SampleServiceEndpoints, LoadOverTLS) {
     const SampleService service(Transport::https);
-    loadsAllThereIs(ServiceContext(service.baseURL(), service.authorityFile()));
+    loadEverything(ServiceContext(service.baseURL(), service.authorityFile()));
 }
 
 TEST(SampleServiceEndpoints, LoadOverHTTP2) {
@@ -70,8 +70,7 @@ TEST(SampleServiceEndpoints, LoadOverHTTP2) {
     const CertificateAuthority authority;
     const TemporaryFile authorityFile(authority.pem());
     const Nghttpx front(service.port(), authority.issue());
-    loadsAllThereIs(
-        ServiceContext("https://127.0.0.1:" + std::to_string(front.port()), authorityFile.path()));
+    loadEverything(ServiceContext("https://127.0.0.1:" + std::to_string(front.port()), authorityFile.path()));
     const std::string via = service.log()[0]["headers"].dump();
     EXPECT_NE(via.find("2 nghttpx"), std::string::npos) << via;
 }

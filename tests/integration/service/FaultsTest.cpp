@@ -12,7 +12,7 @@ namespace VanticRestKit::test {
 
 namespace {
 
-/// A video that is about to fail, and a context that waits for it half a second at most.
+/// A video whose load will fail, and a context with a timeout of half a second.
 class SampleServiceFaults : public ::testing::Test {
 protected:
     SampleServiceFaults() { context.timeout = 0.5; }
@@ -30,18 +30,18 @@ protected:
     ServiceContext context{service.baseURL()};
 };
 
-TEST_F(SampleServiceFaults, ADelayWithinTheTimeOutIsWaitedFor) {
+TEST_F(SampleServiceFaults, ADelayWithinTheTimeoutSucceeds) {
     context.timeout = 30.0;
     fail("delay", {{"seconds", 0.2}});
     EXPECT_TRUE(valueOf(video()));
 }
 
-TEST_F(SampleServiceFaults, ADelayBeyondTheTimeOutTimesOut) {
+TEST_F(SampleServiceFaults, ADelayBeyondTheTimeoutTimesOut) {
     fail("delay", {{"seconds", 30}});
     EXPECT_EQ(codeOf(video()), -1001);
 }
 
-TEST_F(SampleServiceFaults, AnAnswerThatNeverComesTimesOut) {
+TEST_F(SampleServiceFaults, AResponseThatNeverComesTimesOut) {
     fail("stall");
     EXPECT_EQ(codeOf(video()), -1001);
 }
@@ -56,7 +56,7 @@ TEST_F(SampleServiceFaults, AResetLosesTheConnection) {
     EXPECT_EQ(codeOf(video()), -1005);
 }
 
-TEST_F(SampleServiceFaults, ABodyThatIsNoJSONFailsToDecode) {
+TEST_F(SampleServiceFaults, ABodyThatIsNotJSONFailsToDecode) {
     fail("malformed");
     const auto outcome = outcomeOf(video());
     ASSERT_TRUE(outcome && !*outcome);
@@ -64,14 +64,14 @@ TEST_F(SampleServiceFaults, ABodyThatIsNoJSONFailsToDecode) {
     EXPECT_FALSE(outcome->error().is404Error());
 }
 
-TEST_F(SampleServiceFaults, A404IsTold) {
+TEST_F(SampleServiceFaults, A404IsRecognised) {
     fail("status", {{"status", 404}});
     const auto outcome = outcomeOf(video());
     ASSERT_TRUE(outcome && !*outcome);
     EXPECT_TRUE(outcome->error().is404Error());
 }
 
-TEST_F(SampleServiceFaults, A500IsTheServicesErrorWithItsBody) {
+TEST_F(SampleServiceFaults, A500IsAServerErrorWithItsBody) {
     fail("status", {{"status", 500}, {"text", "out of order"}});
     const auto outcome = outcomeOf(video());
     ASSERT_TRUE(outcome && !*outcome);
@@ -95,7 +95,7 @@ TEST_F(SampleServiceFaults, AnUnknownKindOfVideoIsAVideoWithoutKind) {
     EXPECT_TRUE(loaded->playlist);
 }
 
-TEST_F(SampleServiceFaults, AnUnknownEntryEmptiesThePlaylistAlone) {
+TEST_F(SampleServiceFaults, AnUnknownEntryEmptiesOnlyThePlaylist) {
     fail("unknownEnum", {{"at", "/_embedded/playlist/0/type"}});
     const auto loaded = valueOf(video());
     ASSERT_TRUE(loaded);
@@ -103,7 +103,7 @@ TEST_F(SampleServiceFaults, AnUnknownEntryEmptiesThePlaylistAlone) {
     EXPECT_EQ(loaded->title, "Slack Water");
 }
 
-TEST_F(SampleServiceFaults, ANullWhereTheLinksShouldBeFailsToDecode) {
+TEST_F(SampleServiceFaults, NullLinksFailToDecode) {
     fail("null", {{"at", "/_links"}});
     const auto outcome = outcomeOf(video());
     ASSERT_TRUE(outcome && !*outcome);
@@ -117,7 +117,7 @@ TEST_F(SampleServiceFaults, AFailureIsFollowedByASuccess) {
     EXPECT_TRUE(valueOf(resource));
 }
 
-TEST_F(SampleServiceFaults, AServiceThatIsGoneCannotBeConnectedTo) {
+TEST_F(SampleServiceFaults, AStoppedServiceCannotBeConnectedTo) {
     EXPECT_EQ(service.end(SIGTERM), 0);
     EXPECT_EQ(codeOf(video()), -1004);
 }

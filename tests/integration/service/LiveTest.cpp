@@ -43,7 +43,7 @@ protected:
     ServiceContext context{service.baseURL()};
 };
 
-TEST_F(SampleServiceLive, WhatComesNextIsNowLater) {
+TEST_F(SampleServiceLive, TheNextProgrammeLaterBecomesTheCurrentOne) {
     const auto before = scheduleAt(noon, "TWO0001");
     ASSERT_TRUE(before && before->now && before->next);
     EXPECT_LE(before->now->start, noon);
@@ -57,7 +57,7 @@ TEST_F(SampleServiceLive, WhatComesNextIsNowLater) {
               before->now->displayTitle + before->now->displaySubtitle);
 }
 
-TEST_F(SampleServiceLive, AChannelThatIsClosedSaysSo) {
+TEST_F(SampleServiceLive, AClosedChannelReportsThat) {
     const auto night = scheduleAt(noon + 10 * 3'600, "KIDS0001");
     ASSERT_TRUE(night && night->now && night->next);
     EXPECT_EQ(night->now->eventType, NowNextContainer::EventType::OFFAIR);
@@ -66,7 +66,7 @@ TEST_F(SampleServiceLive, AChannelThatIsClosedSaysSo) {
     EXPECT_EQ(night->next->eventType, NowNextContainer::EventType::ONAIR);
 }
 
-TEST_F(SampleServiceLive, LivestreamsAreThoseOfTheCountryOrOfARegion) {
+TEST_F(SampleServiceLive, LivestreamsCoverTheCountryOrARegion) {
     EXPECT_THAT(livestreams(std::nullopt),
                 ElementsAre("LIVE0001", "ONE0001", "TWO0001", "PLUS0001", "KIDS0001"));
     for (const auto region :
@@ -77,7 +77,7 @@ TEST_F(SampleServiceLive, LivestreamsAreThoseOfTheCountryOrOfARegion) {
     EXPECT_EQ(livestreams(LivestreamRegion::WA).front(), "LIVE0001WA");
 }
 
-TEST_F(SampleServiceLive, MessagesAreChosenByWhoAsks) {
+TEST_F(SampleServiceLive, MessagesDependOnTheApplicationAndTheUser) {
     const auto titles = [&](MessagesAppId appId, bool loggedIn) {
         std::vector<std::string> found;
         const auto messages = valueOf(Endpoint::Messages({.appId = appId, .loggedIn = loggedIn}, context));
@@ -93,7 +93,7 @@ TEST_F(SampleServiceLive, MessagesAreChosenByWhoAsks) {
                 ElementsAre("The new home screen", "Watching abroad", "Your list"));
 }
 
-TEST_F(SampleServiceLive, AnAlertComesByItsIdWithItsLink) {
+TEST_F(SampleServiceLive, AnAlertIsFoundByItsIdWithItsLink) {
     const auto storm = valueOf(Endpoint::ProductAlert({.alertId = "storm"}, context));
     ASSERT_TRUE(storm && storm->link);
     EXPECT_EQ(storm->title, "Storm warning for the coast");
@@ -105,7 +105,7 @@ TEST_F(SampleServiceLive, AnAlertComesByItsIdWithItsLink) {
     EXPECT_FALSE(moved->link);
 }
 
-TEST_F(SampleServiceLive, APageOfTheWebSiteBecomesAPathOfTheAPI) {
+TEST_F(SampleServiceLive, AWebPageIsMappedToAPathOfTheAPI) {
     const auto remapped = [&](const std::string& path, std::vector<URLQueryItem> items) {
         return valueOf(Endpoint::Remap({.path = path, .queryItems = std::move(items)}, context));
     };
@@ -114,10 +114,10 @@ TEST_F(SampleServiceLive, APageOfTheWebSiteBecomesAPathOfTheAPI) {
     EXPECT_EQ(show->status, "moved");
     EXPECT_EQ(show->apiHref, "/show/harbour-lights/video/HL0102");
     EXPECT_EQ(show->deeplinkHref, "vantic://show/harbour-lights/video/HL0102");
-    const auto nobody = remapped("show/nobody", {});
-    ASSERT_TRUE(nobody);
-    EXPECT_EQ(nobody->status, "unknown");
-    EXPECT_EQ(nobody->apiHref, "");
+    const auto unknown = remapped("show/nobody", {});
+    ASSERT_TRUE(unknown);
+    EXPECT_EQ(unknown->status, "unknown");
+    EXPECT_EQ(unknown->apiHref, "");
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ std::vector<std::string> targetsOf(const SampleService& service) {
     return targets;
 }
 
-/// The value of a header of a logged request; no text where it has none.
+/// The value of a header of a logged request, empty if it has none.
 std::string headerOf(const nlohmann::json& request, const std::string& name) {
     for (const auto& header : request["headers"]) {
         if (header["name"] == name) return header["value"];
@@ -32,7 +32,7 @@ std::string headerOf(const nlohmann::json& request, const std::string& name) {
     return {};
 }
 
-TEST(SampleServiceRequests, GoToThePathsOfTheirRoutesAsTheyWereBuilt) {
+TEST(SampleServiceRequests, UseTheUnchangedPathsOfTheirRoutes) {
     const SampleService service;
     const ServiceContext context(service.baseURL());
     outcomeOf(Endpoint::Time(context));
@@ -46,7 +46,7 @@ TEST(SampleServiceRequests, GoToThePathsOfTheirRoutesAsTheyWereBuilt) {
                                         "/v2//video/HL0101", "/v2/videos/a,b", "/v2/videos/"}));
 }
 
-TEST(SampleServiceRequests, ForTheCatalogueCarryTheirQueryItemsInTheirOrder) {
+TEST(SampleServiceRequests, ForTheCatalogueSendTheirQueryItemsInOrder) {
     const SampleService service;
     const ServiceContext context(service.baseURL());
     outcomeOf(Endpoint::Show({.showSlugOrId = "night-ferry",
@@ -76,13 +76,13 @@ TEST(SampleServiceRequests, ForTheCatalogueCarryTheirQueryItemsInTheirOrder) {
                                   "/v2/remap/video/x?b=1&a"}));
 }
 
-TEST(SampleServiceRequests, CarryTheQueryOfTheBaseURL) {
+TEST(SampleServiceRequests, SendTheQueryOfTheBaseURL) {
     const SampleService service;
     outcomeOf(Endpoint::Time(ServiceContext(service.baseURL() + "/?b=1&a&c=")));
     EXPECT_EQ(targetsOf(service), std::vector<std::string>{"/v2/time?b=1&a&c="});
 }
 
-TEST(SampleServiceRequests, CarryTheHostsHeadersAndWhatTheSessionAdds) {
+TEST(SampleServiceRequests, SendTheHeadersOfTheHostAndTheSession) {
     const SampleService service;
     ServiceContext context(service.baseURL());
     context.headers = {{"X-Host", "yes"}, {"User-Agent", "host/1"}};

@@ -73,13 +73,13 @@ TEST_F(SampleServiceScreens, TheHomeScreenHasAFeaturedCollectionAndItsRows) {
     EXPECT_EQ(home->collections[2].type, MixedCollectionType::movie);
 }
 
-TEST_F(SampleServiceScreens, ACollectionHoldsShowsVideosAndSeriesInTheirOrder) {
+TEST_F(SampleServiceScreens, ACollectionContainsShowsVideosAndSeriesInOrder) {
     const auto collection = [&](bool embed) {
         return valueOf(Endpoint::Collection({.collectionId = "1005", .embedHighlightItem = embed}, context));
     };
     const auto mixed = collection(true);
     ASSERT_TRUE(mixed);
-    EXPECT_EQ(mixed->collectionId, "1005") << "a number, held in decimal";
+    EXPECT_EQ(mixed->collectionId, "1005") << "a number, stored as a decimal string";
     const auto items = mixed->items();
     ASSERT_EQ(items.size(), 5U);
     EXPECT_TRUE(items[0].as<Show>());
@@ -92,7 +92,7 @@ TEST_F(SampleServiceScreens, ACollectionHoldsShowsVideosAndSeriesInTheirOrder) {
     EXPECT_EQ(mixed->collectionLink->href, mixed->href);
 }
 
-TEST_F(SampleServiceScreens, ACategoryAndAChannelAreScreensOfTheSameKind) {
+TEST_F(SampleServiceScreens, ACategoryAndAChannelAreTheSameKindOfScreen) {
     const auto category = valueOf(Endpoint::Category({.category = "film"}, context));
     ASSERT_TRUE(category);
     EXPECT_EQ(category->title, "Films");
@@ -107,7 +107,7 @@ TEST_F(SampleServiceScreens, ACategoryAndAChannelAreScreensOfTheSameKind) {
                 ElementsAre("All of Vantic Kids", "From the beginning", "Whole series", "Films"));
 }
 
-TEST_F(SampleServiceScreens, WhatIsNotThereIsA404) {
+TEST_F(SampleServiceScreens, AnUnknownScreenIsA404) {
     const auto missing = outcomeOf(Endpoint::Category({.category = "opera"}, context));
     ASSERT_TRUE(missing && !*missing);
     EXPECT_TRUE(missing->error().is404Error());
@@ -126,7 +126,7 @@ TEST_F(SampleServiceScreens, NavigationListsChannelsAndCategoriesWithTheirPictur
     EXPECT_EQ(categories->items.size(), 7U);
 }
 
-TEST_F(SampleServiceScreens, TheMainMenuIsATreeWithTheChannelsAskedFor) {
+TEST_F(SampleServiceScreens, TheMainMenuIsATreeWithTheRequestedChannels) {
     const auto menu =
         valueOf(Endpoint::NavigationMainMenuList({.channels = "vantic-one,vantic-kids"}, context));
     ASSERT_TRUE(menu);
@@ -138,7 +138,7 @@ TEST_F(SampleServiceScreens, TheMainMenuIsATreeWithTheChannelsAskedFor) {
     EXPECT_FALSE(menu->items[0].items);
 }
 
-TEST_F(SampleServiceScreens, BrowseGroupsWhatNavigationLists) {
+TEST_F(SampleServiceScreens, BrowseGroupsTheNavigationLists) {
     const auto browse = valueOf(Endpoint::Browse(context));
     ASSERT_TRUE(browse);
     EXPECT_EQ(browse->href, "/browse");
@@ -149,10 +149,10 @@ TEST_F(SampleServiceScreens, BrowseGroupsWhatNavigationLists) {
     EXPECT_EQ(browse->items[1].accessibilityText, "");
 }
 
-TEST_F(SampleServiceScreens, AHomeScreenOfUnknownEntitiesAndBrokenElementsKeepsAllThatIsSound) {
+TEST_F(SampleServiceScreens, AHomeScreenWithUnknownEntitiesAndFaultyElementsKeepsTheValidOnes) {
     const auto plain = valueOf(Endpoint::Home(context));
     service.addFault({{"path", "v2/home"}, {"fault", "oddities"}});
-    // The plain one may be kept for a minute.
+    // The regular screen may be cached for a minute.
     URLCache::shared()->removeAllCachedResponses();
     const auto odd = valueOf(Endpoint::Home(context));
     ASSERT_TRUE(plain && odd);
@@ -162,8 +162,8 @@ TEST_F(SampleServiceScreens, AHomeScreenOfUnknownEntitiesAndBrokenElementsKeepsA
 
     const auto& water = odd->collections[4];
     const auto items = water.items();
-    ASSERT_EQ(items.size(), 5U) << "one came in, the last video is gone";
-    ASSERT_TRUE(items[0].as<Series>()) << "what looks like a series is one";
+    ASSERT_EQ(items.size(), 5U) << "one element was added, the last video is dropped";
+    ASSERT_TRUE(items[0].as<Series>()) << "an unknown entity that decodes as a series is one";
     EXPECT_EQ(items[0].title(), "Win a boat");
     ASSERT_TRUE(items[1].as<Show>());
     EXPECT_EQ(items[1].title(), "Harbour Lights");
@@ -175,7 +175,7 @@ TEST_F(SampleServiceScreens, AHomeScreenOfUnknownEntitiesAndBrokenElementsKeepsA
     EXPECT_EQ(items[4].title(), "The Brass Octopus");
 }
 
-TEST_F(SampleServiceScreens, AHomeScreenWithOneRowWithoutATitleIsNone) {
+TEST_F(SampleServiceScreens, AHomeScreenFailsIfOneRowHasNoTitle) {
     service.addFault({{"path", "v2/home"}, {"fault", "null"}, {"at", "/_embedded/collections/4/title"}});
     const auto outcome = outcomeOf(Endpoint::Home(context));
     ASSERT_TRUE(outcome && !*outcome);

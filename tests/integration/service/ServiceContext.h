@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// A host's context for the sample service, and loads that are waited for.
+/// A host's context for the sample service, and functions that wait for loads.
 
 #include <VanticRestKit/Core/Context.h>
 #include <VanticRestKit/Core/NetworkServiceble.h>
@@ -22,7 +22,7 @@ namespace VanticRestKit::test {
 
 class ServiceContext : public virtual Context {
 public:
-    /// `authorityFile`: for https, the file with the certificate to be trusted.
+    /// `authorityFile`: for https, the file with the trusted certificate.
     explicit ServiceContext(const std::string& base, const std::string& authorityFile = {})
         : base_(*URL::make(base)) {
         URLSessionConfiguration configuration;
@@ -46,7 +46,7 @@ private:
     std::shared_ptr<NetworkSession> session_;
 };
 
-/// The outcome of a load; empty where no request could be made or nothing came within a minute.
+/// The outcome of a load. Empty if there is no request or no outcome within a minute.
 template <class T>
 std::optional<Result<T, LoaderError>> outcomeOf(const std::optional<Resource<T>>& resource) {
     EXPECT_TRUE(resource.has_value()) << "no request can be made";
@@ -60,7 +60,7 @@ std::optional<Result<T, LoaderError>> outcomeOf(const std::optional<Resource<T>>
     return std::nullopt;
 }
 
-/// The value of a load that must succeed.
+/// The value of a load. Fails the current test if the load fails.
 template <class T>
 std::optional<T> valueOf(const std::optional<Resource<T>>& resource) {
     auto outcome = outcomeOf(resource);
@@ -70,7 +70,7 @@ std::optional<T> valueOf(const std::optional<Resource<T>>& resource) {
     return *std::move(*outcome);
 }
 
-/// The code of the `NetworkError` of a load that must fail in the service or on the way to it; 0 where it did not.
+/// The code of the `NetworkError` of a load that is expected to fail. 0 if it does not.
 template <class T>
 std::int64_t codeOf(const std::optional<Resource<T>>& resource) {
     const auto outcome = outcomeOf(resource);

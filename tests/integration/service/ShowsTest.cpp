@@ -48,7 +48,7 @@ protected:
     ServiceContext context{service.baseURL()};
 };
 
-TEST_F(SampleServiceShows, AShowBringsItsSeriesItsEpisodesAndItsTrailer) {
+TEST_F(SampleServiceShows, AShowContainsItsSeriesEpisodesAndTrailer) {
     const auto loaded = show("harbour-lights", true);
     ASSERT_TRUE(loaded);
     EXPECT_EQ(loaded->title, "Harbour Lights");
@@ -71,7 +71,7 @@ TEST_F(SampleServiceShows, AShowBringsItsSeriesItsEpisodesAndItsTrailer) {
     EXPECT_TRUE(loaded->highlightVideo->playlist);
 }
 
-TEST_F(SampleServiceShows, AShowWithoutItsSeriesBringsItsHighlightAlone) {
+TEST_F(SampleServiceShows, AShowWithoutSeriesContainsOnlyItsHighlight) {
     const auto loaded = show("11", false);
     ASSERT_TRUE(loaded);
     EXPECT_TRUE(loaded->highlightVideo);
@@ -85,7 +85,7 @@ TEST_F(SampleServiceShows, ASeriesAndAVideoCanBeSelected) {
     EXPECT_EQ(bySeries->selectedSeries->seriesId, "111");
     const auto byVideo = show("harbour-lights", true, 112, "HL0102");
     ASSERT_TRUE(byVideo && byVideo->selectedSeries && byVideo->highlightVideo);
-    EXPECT_EQ(byVideo->selectedSeries->seriesId, "111") << "the video wins";
+    EXPECT_EQ(byVideo->selectedSeries->seriesId, "111") << "the video takes precedence";
     EXPECT_EQ(byVideo->highlightVideo->title, "Slack Water");
 }
 
@@ -103,7 +103,7 @@ TEST_F(SampleServiceShows, AnHrefLeadsFromTheShowToTheSeriesAndBack) {
     EXPECT_EQ(back->showId, series->showId);
 }
 
-TEST_F(SampleServiceShows, AFilmThatIsBlockedSaysWhy) {
+TEST_F(SampleServiceShows, ABlockedFilmStatesTheReason) {
     const auto film = show("midnight-weighbridge", true);
     ASSERT_TRUE(film);
     EXPECT_EQ(film->subtype, LumenoSubtype::feature);
@@ -113,7 +113,7 @@ TEST_F(SampleServiceShows, AFilmThatIsBlockedSaysWhy) {
     EXPECT_THAT(film->seriesList, IsEmpty());
 }
 
-TEST_F(SampleServiceShows, ShowsComeByTheirNamesInTheOrderAskedFor) {
+TEST_F(SampleServiceShows, ShowsAreReturnedByNameInTheRequestedOrder) {
     const auto names = Texts{"night-ferry", "11", "nobody"};
     const auto shows = valueOf(Endpoint::Shows({.showSlugsOrIds = names}, context));
     ASSERT_TRUE(shows);
@@ -121,7 +121,7 @@ TEST_F(SampleServiceShows, ShowsComeByTheirNamesInTheOrderAskedFor) {
     EXPECT_EQ(valueOf(Endpoint::Shows({.showSlugsOrIds = Texts{}}, context)), std::vector<Show>{});
 }
 
-TEST_F(SampleServiceShows, TheIndexHoldsAllShowsByLetterAndASummaryOfAllButTheUndatedOne) {
+TEST_F(SampleServiceShows, TheIndexListsAllShowsByLetterWithSummariesOfAllDatedOnes) {
     const auto index = valueOf(
         Endpoint::ShowsList({.channel = std::optional<std::string>(), .closedCaptionOnly = false}, context));
     ASSERT_TRUE(index);
@@ -138,7 +138,7 @@ TEST_F(SampleServiceShows, TheIndexHoldsAllShowsByLetterAndASummaryOfAllButTheUn
                 ElementsAre("Backyard Lab", "Below the Breakwater", "The Brass Octopus"));
 }
 
-TEST_F(SampleServiceShows, TheIndexOfAChannelHoldsItsShowsAndThoseWithCaptionsWhereOnlyTheyAreAskedFor) {
+TEST_F(SampleServiceShows, TheIndexOfAChannelListsItsShowsOrOnlyThoseWithCaptions) {
     const auto count = [&](bool closedCaptionOnly) {
         const auto index = valueOf(Endpoint::ShowsList(
             {.channel = std::optional<std::string>("vantic-kids"), .closedCaptionOnly = closedCaptionOnly},
@@ -182,7 +182,7 @@ TEST_F(SampleServiceShows, ASearchFindsByTitlePersonAndEpisode) {
     EXPECT_THAT(titlesOf(search("The Caf\u00e9 Tile")->items), ElementsAre("Copper & Clay"));
 }
 
-TEST_F(SampleServiceShows, ASearchFindsNothingAndSaysWhatWasSought) {
+TEST_F(SampleServiceShows, ASearchWithoutResultsRepeatsTheKeyword) {
     const auto nothing = search("zeppelin");
     ASSERT_TRUE(nothing);
     EXPECT_EQ(nothing->keyword, "zeppelin");

@@ -1,4 +1,4 @@
-// A user client against the sample service, whose tokens end and are refused.
+// A user client with the sample service, whose tokens expire and are rejected.
 
 #include "UserService.h"
 
@@ -16,7 +16,7 @@ using Shows = Result<std::vector<SavedData>, TrelvoError>;
 
 class SampleServiceUserClient : public ::testing::Test {
 protected:
-    /// How many requests to that path the service has received.
+    /// The number of requests to that path that the service has received.
     std::size_t countOf(const std::string& path) const {
         std::size_t count = 0;
         for (const auto& request : service.log()) count += request["path"] == path ? 1 : 0;
@@ -39,13 +39,13 @@ TEST_F(SampleServiceUserClient, SendsOneTokenRequestHoweverManyOperationsWait) {
     EXPECT_EQ(countOf(saved), count);
 }
 
-TEST_F(SampleServiceUserClient, AsksAgainForEachOperationWhileTokensHardlyLast) {
+TEST_F(SampleServiceUserClient, RequestsATokenForEachOperationIfTokensExpireQuickly) {
     setTokens(service, {{"seconds", 4}, {"rotation", "never"}});
     for (int i = 0; i < 3; ++i) EXPECT_TRUE(client->listWatchlistShowIds().wait());
     EXPECT_EQ(countOf("v2/token"), 3U);
 }
 
-TEST_F(SampleServiceUserClient, GetsOverTokensThatTheServiceHasEnded) {
+TEST_F(SampleServiceUserClient, RecoversFromRevokedTokens) {
     EXPECT_TRUE(client->addWatchlistShow({.showId = 1}).wait());
     service.control("POST", "/_control/tokens/expire");
     const Shows shows = client->listWatchlistShowIds().wait();
@@ -55,7 +55,7 @@ TEST_F(SampleServiceUserClient, GetsOverTokensThatTheServiceHasEnded) {
     EXPECT_EQ(countOf(saved), 2U) << "refused, then repeated";
 }
 
-TEST_F(SampleServiceUserClient, HandsTokensToAnotherClientThatGoesOnWithThem) {
+TEST_F(SampleServiceUserClient, PassesTokensToAnotherClient) {
     EXPECT_TRUE(client->listWatchlistShowIds().wait());
     const auto next = UserClient::make(context);
     next->setAuth(client->auth());
@@ -72,14 +72,14 @@ TEST_F(SampleServiceUserClient, ChangesItsUser) {
     EXPECT_EQ(client->auth()->uid, "bob");
 }
 
-TEST_F(SampleServiceUserClient, MissesADeadlineWhileTheTokenIsLate) {
+TEST_F(SampleServiceUserClient, TimesOutWhileTheTokenIsDelayed) {
     service.addFault({{"path", "v2/token"}, {"fault", "delay"}, {"seconds", 30}});
     const Shows shows = client->listWatchlistShowIds().wait({.deadline = 50ms});
     ASSERT_FALSE(shows);
     EXPECT_EQ(shows.error().kind(), TrelvoError::Kind::general);
 }
 
-Task<bool> watchesAndDeletes(UserClient& client) {
+Task<bool> watchAndDelete(UserClient& client) {
     const auto update =
         client.updateVideoProgress({.showId = 11, .houseNumber = "HL0101", .progress = 60, .isDone = false});
     const auto records = co_await update.value();
@@ -93,7 +93,7 @@ Task<bool> watchesAndDeletes(UserClient& client) {
 }
 
 TEST_F(SampleServiceUserClient, RunsOneOperationAfterTheOtherInACoroutine) {
-    EXPECT_TRUE(blockOn(watchesAndDeletes(*client)));
+    EXPECT_TRUE(blockOn(watchAndDelete(*client)));
     EXPECT_EQ(countOf("v2/token"), 1U);
 }
 

@@ -1,4 +1,4 @@
-// What an observer is told of the operations of a user.
+// The reports that an observer gets on the operations of a user.
 
 #include "UserService.h"
 
@@ -17,7 +17,7 @@ namespace {
 
 class UserObserver : public ::testing::Test {
 protected:
-    /// The requests so far, as "status path", an attempt after the first with its number.
+    /// The requests so far as "status path", with the attempt number after the first attempt.
     std::vector<std::string> seen() const {
         std::vector<std::string> texts;
         for (const RequestMetrics& request : context->recorder->requests()) {
@@ -49,7 +49,7 @@ TEST_F(UserObserver, SeesTheTokenRequestAndTheDataRequestOfAnOperation) {
     EXPECT_FALSE(sawSecret());
 }
 
-TEST_F(UserObserver, SeesTheRequestsOfAUserClientWithTheAttemptAfterARefusal) {
+TEST_F(UserObserver, SeesTheRequestsOfAUserClientIncludingTheRetryAfterARejection) {
     const auto client = UserClient::make(context);
     EXPECT_TRUE(client->listWatchlistShowIds().wait());
     service.control("POST", "/_control/tokens/expire");
@@ -60,7 +60,7 @@ TEST_F(UserObserver, SeesTheRequestsOfAUserClientWithTheAttemptAfterARefusal) {
     EXPECT_FALSE(sawSecret());
 }
 
-TEST_F(UserObserver, IsToldOfAnAnswerThatCannotBeDecoded) {
+TEST_F(UserObserver, SeesAResponseThatCannotBeDecoded) {
     service.addFault({{"path", saved}, {"fault", "malformed"}});
     EXPECT_FALSE(UserClient::make(context)->listWatchlistShowIds().wait());
     const auto failures = context->recorder->failures();

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// A signed-in user of the sample service, and operations that are waited for.
+/// A signed-in user of the sample service, and functions that wait for operations.
 
 #include "ServiceContext.h"
 
@@ -30,15 +30,15 @@ public:
     std::optional<std::string> user = "ann";
 };
 
-/// A client of its own, by the computer's clock.
+/// A separate client that uses the system clock.
 inline Trelvo newClient() {
     return TrelvoProbe::make([] {
         return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
     });
 }
 
-/// The outcome of an operation, which `start` is to run with the completion that it is given. Fails the test
-/// where nothing comes within a minute.
+/// The outcome of an operation, which `start` runs with the given completion. Fails the test if there is no outcome
+/// within a minute.
 template <class T, class Start>
 Result<T, TrelvoError> outcomeOfOperation(Start start) {
     const auto arrived = std::make_shared<std::promise<Result<T, TrelvoError>>>();
@@ -50,7 +50,7 @@ Result<T, TrelvoError> outcomeOfOperation(Start start) {
     return Failure(TrelvoError::unknown("no outcome within a minute"));
 }
 
-/// The operations of a client for one context, each waited for.
+/// Runs the operations of a client for one context and waits for each.
 class User {
 public:
     using Records = Result<std::vector<HistoryData>, TrelvoError>;
@@ -139,7 +139,7 @@ public:
                                      context_);
         });
     }
-    Nothing takeOff(std::int64_t showId) const {
+    Nothing unsave(std::int64_t showId) const {
         return outcomeOfOperation<void>([&](auto completion) {
             client_.deleteShow({.showId = showId, .completionHandler = std::move(completion)}, context_);
         });
@@ -150,12 +150,12 @@ private:
     const TrelvoContext& context_;
 };
 
-/// Changes how the service gives out tokens.
+/// Changes how the service issues tokens.
 inline void setTokens(const SampleService& service, const nlohmann::json& settings) {
     EXPECT_FALSE(service.control("POST", "/_control/tokens", settings.dump()).is_null()) << settings;
 }
 
-/// The value of a header of a logged request; empty where it has none.
+/// The value of a header of a logged request, empty if it has none.
 inline std::optional<std::string> loggedHeader(const nlohmann::json& request, const std::string& name) {
     for (const auto& header : request["headers"]) {
         if (header["name"] == name) return header["value"].get<std::string>();
@@ -163,7 +163,7 @@ inline std::optional<std::string> loggedHeader(const nlohmann::json& request, co
     return std::nullopt;
 }
 
-/// Waits until the service has received that many requests, at most a minute; gives its log.
+/// Waits at most a minute until the service has received `count` requests. Returns its log.
 inline nlohmann::json logOf(const SampleService& service, std::size_t count) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(1);
     auto log = service.log();

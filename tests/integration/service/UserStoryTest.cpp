@@ -32,7 +32,7 @@ public:
     }
 };
 
-void makesAProfile(const User& ann) {
+void createProfile(const User& ann) {
     const auto none = ann.profiles(true, true);
     ASSERT_FALSE(none);
     EXPECT_EQ(none.error().kind(), TrelvoError::Kind::datasetDoesNotExist);
@@ -60,7 +60,7 @@ void makesAProfile(const User& ann) {
     EXPECT_EQ(profiles->front().birthYear(), 1980);
 }
 
-void watchesSomething(const User& ann) {
+void watchVideos(const User& ann) {
     const auto half = ann.watch(11, "HL0101", 1380, false);
     ASSERT_TRUE(half);
     ASSERT_EQ(half->size(), 1U);
@@ -78,18 +78,18 @@ void watchesSomething(const User& ann) {
     EXPECT_TRUE(ann.ofShow(11, true)->empty());
 }
 
-void savesShows(const User& ann) {
+void saveShows(const User& ann) {
     const auto added = ann.save(11);
     ASSERT_TRUE(added);
     EXPECT_EQ(added->front().key, "11");
     EXPECT_TRUE(added->front().created);
     EXPECT_TRUE(ann.save(14));
     EXPECT_EQ(ann.saved()->size(), 2U);
-    EXPECT_TRUE(ann.takeOff(14));
+    EXPECT_TRUE(ann.unsave(14));
     EXPECT_EQ(*ann.saved(), *added);
 }
 
-void isRecommendedSomething(const RecommendationsContext& context) {
+void getRecommendations(const RecommendationsContext& context) {
     const RecsModuleURI route({.withModuleId = "home",
                                .userId = std::string("ann"),
                                .accountId = std::nullopt,
@@ -105,8 +105,8 @@ void isRecommendedSomething(const RecommendationsContext& context) {
     EXPECT_EQ(module->recommendations.size(), 3U);
 }
 
-/// Everything that a user does between signing in and leaving for good.
-void livesThrough(const std::string& baseURL, const std::string& authorityFile = {},
+/// Everything a user does between signing in and deleting the account.
+void runUserStory(const std::string& baseURL, const std::string& authorityFile = {},
                   const std::map<std::string, std::string>& headers = {}) {
     UserContext context(baseURL, authorityFile);
     RecommendationsContext recommendations(baseURL, authorityFile);
@@ -114,15 +114,15 @@ void livesThrough(const std::string& baseURL, const std::string& authorityFile =
     recommendations.headers = headers;
     Trelvo client = newClient();
     const User ann(client, context);
-    makesAProfile(ann);
-    watchesSomething(ann);
-    savesShows(ann);
-    isRecommendedSomething(recommendations);
+    createProfile(ann);
+    watchVideos(ann);
+    saveShows(ann);
+    getRecommendations(recommendations);
     EXPECT_TRUE(client.auth());
     EXPECT_TRUE(ann.deleteProfile());
     client.clearAuth();
     EXPECT_FALSE(client.auth());
-    EXPECT_TRUE(ann.saved()) << "and comes back";
+    EXPECT_TRUE(ann.saved()) << "the user can sign in again";
 }
 
 /// Method and target of a request.
@@ -151,7 +151,7 @@ const std::vector<std::string> story{
     "DELETE /v2/saved/watchlist/show/14?UID=ann&source=lumeno",
     "GET /v2/saved/watchlist/show?UID=ann&raw=1&source=lumeno",
     "POST /api/v2/recommendations/home?apikey=key%261",
-    // Those three are sent at once and may arrive in any order: here in that of their letters.
+    // These three are sent at once and may arrive in any order. They are sorted here.
     "DELETE /v2/dataset/profile?UID=ann&source=lumeno",
     "DELETE /v2/history?UID=ann&source=lumeno&slug=watchlist",
     "DELETE /v2/saved/watchlist?UID=ann&source=lumeno",
@@ -159,8 +159,7 @@ const std::vector<std::string> story{
     "GET /v2/saved/watchlist/show?UID=ann&raw=1&source=lumeno",
 };
 
-/// The lines of a log. Those sent at once stand in the order of their letters, before what may have overtaken
-/// them.
+/// The lines of a log. Requests sent at once are sorted, and placed before requests that may have overtaken them.
 std::vector<std::string> linesOf(const nlohmann::json& log) {
     constexpr std::size_t before = 20;
     std::vector<std::string> lines;
@@ -175,30 +174,30 @@ std::vector<std::string> linesOf(const nlohmann::json& log) {
     return lines;
 }
 
-TEST(SampleServiceUser, LivesThroughAllThatThereIsOverPlainHTTP) {
+TEST(SampleServiceUser, CanUseEverythingOverPlainHTTP) {
     const SampleService service;
-    livesThrough(service.baseURL());
+    runUserStory(service.baseURL());
     EXPECT_EQ(linesOf(logOf(service, story.size())), story);
 }
 
-TEST(SampleServiceUser, LivesThroughAllThatThereIsOverTLS) {
+TEST(SampleServiceUser, CanUseEverythingOverTLS) {
     const SampleService service(SampleService::Transport::https);
-    livesThrough(service.baseURL(), service.authorityFile());
+    runUserStory(service.baseURL(), service.authorityFile());
     EXPECT_EQ(linesOf(logOf(service, story.size())), story);
 }
 
-TEST(SampleServiceUser, LivesThroughAllThatThereIsOverHTTP2) {
+TEST(SampleServiceUser, CanUseEverythingOverHTTP2) {
     const SampleService service;
     const CertificateAuthority authority;
     const TemporaryFile authorityFile(authority.pem());
     const Nghttpx front(service.port(), authority.issue());
-    livesThrough("https://127.0.0.1:" + std::to_string(front.port()), authorityFile.path());
+    runUserStory("https://127.0.0.1:" + std::to_string(front.port()), authorityFile.path());
     EXPECT_EQ(linesOf(logOf(service, story.size())), story);
 }
 
-TEST(SampleServiceUser, SendsTokensAsTheirRequestsWantThem) {
+TEST(SampleServiceUser, SendsTheRightTokenWithEachRequest) {
     const SampleService service;
-    livesThrough(service.baseURL(), {},
+    runUserStory(service.baseURL(), {},
                  {{"X-Host", "yes"}, {"Authorization", "of the host"}, {"Content-Type", "of the host"}});
     const auto log = logOf(service, story.size());
     for (const auto& request : log) {
@@ -216,9 +215,9 @@ TEST(SampleServiceUser, SendsTokensAsTheirRequestsWantThem) {
     }
 }
 
-TEST(SampleServiceUser, SendsBodiesForDatasetsAndRecommendationsAlone) {
+TEST(SampleServiceUser, SendsBodiesOnlyForDatasetsAndRecommendations) {
     const SampleService service;
-    livesThrough(service.baseURL());
+    runUserStory(service.baseURL());
     const auto log = logOf(service, story.size());
     for (const auto& request : log) {
         const std::string body = request["body"];
@@ -241,7 +240,7 @@ TEST(SampleServiceUser, SendsBodiesForDatasetsAndRecommendationsAlone) {
     }
 }
 
-TEST(SampleServiceUser, IsInSegmentsByWhatWasWatched) {
+TEST(SampleServiceUser, HasSegmentsThatDependOnTheHistory) {
     const SampleService service;
     const UserContext context(service.baseURL());
     Trelvo client = newClient();

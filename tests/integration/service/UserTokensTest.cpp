@@ -10,10 +10,10 @@ namespace {
 
 using Kind = TrelvoError::Kind;
 
-/// A user with a client of their own.
+/// A user with a separate client.
 class SampleServiceTokens : public ::testing::Test {
 protected:
-    /// The `Authorization` of each request to that path.
+    /// The `Authorization` header of each request to that path.
     std::vector<std::optional<std::string>> shown(const std::string& path) const {
         std::vector<std::optional<std::string>> values;
         for (const auto& request : service.log()) {
@@ -33,7 +33,7 @@ protected:
     User ann{client, context};
 };
 
-/// The status that an operation failed with in the service; 0 where it did not.
+/// The status with which the service failed an operation, 0 if it did not.
 template <class T>
 std::int64_t statusOf(const Result<T, TrelvoError>& outcome) {
     if (outcome || outcome.error().kind() != Kind::general) return 0;
@@ -43,13 +43,13 @@ std::int64_t statusOf(const Result<T, TrelvoError>& outcome) {
     return network != nullptr ? network->errorCode() : 0;
 }
 
-TEST_F(SampleServiceTokens, AreAskedForOnceWhileTheyLast) {
+TEST_F(SampleServiceTokens, AreRequestedOnceWhileTheyAreValid) {
     for (int i = 0; i < 3; ++i) EXPECT_TRUE(ann.saved());
     EXPECT_EQ(shown("v2/token").size(), 1U);
-    EXPECT_EQ(shown("v2/token")[0], std::nullopt) << "nothing to show at first";
+    EXPECT_EQ(shown("v2/token")[0], std::nullopt) << "the first request has no token";
 }
 
-TEST_F(SampleServiceTokens, ThatHardlyLastAreRefreshedByEachOperation) {
+TEST_F(SampleServiceTokens, AreRefreshedByEachOperationIfTheyExpireQuickly) {
     setTokens(service, {{"seconds", 4}, {"rotation", "never"}});
     EXPECT_TRUE(ann.saved());
     const std::string first = client.auth()->refreshToken;
@@ -58,7 +58,7 @@ TEST_F(SampleServiceTokens, ThatHardlyLastAreRefreshedByEachOperation) {
     EXPECT_EQ(shown("v2/saved/watchlist/show")[1], "Bearer " + client.auth()->accessToken);
 }
 
-TEST_F(SampleServiceTokens, OfAnAnswerCountFromThenOn) {
+TEST_F(SampleServiceTokens, OfAResponseAreUsedAfterwards) {
     setTokens(service, {{"rotation", "always"}});
     EXPECT_TRUE(ann.saved());
     const std::string rotated = client.auth()->accessToken;
@@ -67,7 +67,7 @@ TEST_F(SampleServiceTokens, OfAnAnswerCountFromThenOn) {
     EXPECT_EQ(shown("v2/saved/watchlist/show")[1], "Bearer " + rotated);
 }
 
-TEST_F(SampleServiceTokens, OfARecordOfWhatWasWatchedAreLost) {
+TEST_F(SampleServiceTokens, OfAProgressUpdateAreIgnored) {
     setTokens(service, {{"rotation", "always"}});
     EXPECT_TRUE(ann.watch(11, "HL0101", 1, false));
     const auto before = client.auth();
@@ -76,18 +76,18 @@ TEST_F(SampleServiceTokens, OfARecordOfWhatWasWatchedAreLost) {
     EXPECT_EQ(shown("v2/history/video")[0], "Bearer " + before->accessToken);
 }
 
-TEST_F(SampleServiceTokens, RefusedToAUserWithoutAnyAskForConsent) {
+TEST_F(SampleServiceTokens, RefusedToAUserWithoutTokensReportMissingConsent) {
     setTokens(service, {{"refused", {"ann"}}});
     const auto outcome = ann.saved();
     ASSERT_FALSE(outcome);
     EXPECT_EQ(outcome.error().kind(), Kind::accountReconsentRequired);
     EXPECT_EQ(service.log().size(), 1U);
     setTokens(service, {{"refused", nlohmann::json::array()}});
-    EXPECT_TRUE(ann.saved()) << "the next operation tries again";
+    EXPECT_TRUE(ann.saved()) << "the next operation requests a token again";
     EXPECT_FALSE(client.authError());
 }
 
-TEST_F(SampleServiceTokens, RefusedToAUserWithOldOnesLetTheServiceRefuseThose) {
+TEST_F(SampleServiceTokens, RefusedToAUserWithOldTokensLetTheServiceRejectThose) {
     setTokens(service, {{"seconds", 4}});
     EXPECT_TRUE(ann.saved());
     setTokens(service, {{"refused", {"ann"}}});
@@ -101,7 +101,7 @@ TEST_F(SampleServiceTokens, RefusedToAUserWithOldOnesLetTheServiceRefuseThose) {
     EXPECT_EQ(outcome.error().kind(), Kind::accountReconsentRequired);
 }
 
-TEST_F(SampleServiceTokens, ThatCannotBeHadSayWhyAndAreAskedForAgain) {
+TEST_F(SampleServiceTokens, FailingToArriveReportTheCauseAndAreRequestedAgain) {
     fail("v2/token", "status", {{"status", 503}});
     const auto refused = ann.saved();
     ASSERT_FALSE(refused);
@@ -114,7 +114,7 @@ TEST_F(SampleServiceTokens, ThatCannotBeHadSayWhyAndAreAskedForAgain) {
     EXPECT_TRUE(ann.saved());
 }
 
-TEST_F(SampleServiceTokens, WithoutAnExpiryAreNone) {
+TEST_F(SampleServiceTokens, WithoutAnExpiryAreIgnored) {
     fail("v2/token", "null", {{"at", "/auth/expiry"}});
     const auto outcome = ann.history(1);
     ASSERT_FALSE(outcome);
@@ -123,7 +123,7 @@ TEST_F(SampleServiceTokens, WithoutAnExpiryAreNone) {
     EXPECT_FALSE(client.auth());
 }
 
-TEST_F(SampleServiceTokens, BlockTheirCallerAsLongAsTheyTake) {
+TEST_F(SampleServiceTokens, BlockTheirCallerUntilTheyArrive) {
     fail("v2/token", "delay", {{"seconds", 0.3}});
     const auto began = std::chrono::steady_clock::now();
     client.deleteHistory({.completionHandler = Trelvo::Completion<void>([](Result<void, TrelvoError>) {})},
@@ -132,7 +132,7 @@ TEST_F(SampleServiceTokens, BlockTheirCallerAsLongAsTheyTake) {
     logOf(service, 2);
 }
 
-TEST_F(SampleServiceTokens, AreAskedForByEachOfManyThreadsAndTheLastCounts) {
+TEST_F(SampleServiceTokens, AreRequestedByEachOfManyThreadsAndTheLastAreKept) {
     std::vector<std::thread> threads;
     for (int i = 0; i < 8; ++i) {
         threads.emplace_back([this, i] { EXPECT_TRUE(ann.save(i)); });
@@ -153,22 +153,22 @@ TEST_F(SampleServiceTokens, AreNotRequestedWithoutAUser) {
     EXPECT_EQ(service.log().size(), 0U);
 }
 
-TEST_F(SampleServiceTokens, ThatHaveExpiredInBetweenFailTheOperation) {
+TEST_F(SampleServiceTokens, ThatExpireInBetweenFailTheOperation) {
     fail("v2/saved/watchlist/show", "expiredToken");
     EXPECT_EQ(statusOf(ann.saved()), 401);
     EXPECT_TRUE(ann.saved());
 }
 
-TEST_F(SampleServiceTokens, AreNotToBlameForA404) {
-    EXPECT_TRUE(ann.deleteHistory()) << "none counts as deleted";
-    EXPECT_EQ(statusOf(ann.takeOff(1)), 404);
+TEST_F(SampleServiceTokens, AreKeptAfterA404) {
+    EXPECT_TRUE(ann.deleteHistory()) << "a 404 counts as deleted";
+    EXPECT_EQ(statusOf(ann.unsave(1)), 404);
     EXPECT_EQ(statusOf(ann.update({})), 404);
     EXPECT_EQ(statusOf(ann.deleteProfile()), 404);
     fail("v2/history/video/recent", "status", {{"status", 404}});
     EXPECT_EQ(statusOf(ann.recent(1, false)), 404);
 }
 
-TEST_F(SampleServiceTokens, AreKeptOfAnAnswerWithoutRecords) {
+TEST_F(SampleServiceTokens, OfAResponseWithoutRecordsAreKept) {
     setTokens(service, {{"rotation", "always"}});
     fail("v2/saved/watchlist/show", "null", {{"at", "/data"}});
     const auto outcome = ann.saved();
@@ -177,7 +177,7 @@ TEST_F(SampleServiceTokens, AreKeptOfAnAnswerWithoutRecords) {
     EXPECT_NE("Bearer " + client.auth()->accessToken, shown("v2/saved/watchlist/show")[0]);
 }
 
-TEST_F(SampleServiceTokens, DoNotHelpRecordsThatDoNotDecode) {
+TEST_F(SampleServiceTokens, AreKeptEvenIfTheRecordsDoNotDecode) {
     EXPECT_TRUE(ann.watch(11, "HL0101", 1, false));
     fail("v2/history/video", "null", {{"at", "/data/0/progress"}});
     const auto outcome = ann.history(5);

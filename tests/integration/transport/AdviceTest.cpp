@@ -29,7 +29,7 @@ Resource<double> resourceOf(URLRequest request) {
     return Resource<double>({.withService = service, .andDecoder = JSONDecoder()});
 }
 
-/// What each form of a load says of the fault, by its name.
+/// The advice on the fault from each form of a load, by the name of the form.
 std::map<std::string, ErrorAdvice> adviceOfEachForm(const Resource<double>& resource) {
     std::map<std::string, ErrorAdvice> advice;
     const Event ended;
@@ -64,7 +64,7 @@ void expectInEachForm(const Resource<double>& resource, ErrorCategory category) 
     }
 }
 
-void expectForAnswer(const std::string& reply, ErrorCategory category) {
+void expectForResponse(const std::string& reply, ErrorCategory category) {
     SCOPED_TRACE(reply);
     FaultServer server(always(reply));
     expectInEachForm(resourceOf(requestOf(server.url())), category);
@@ -73,11 +73,11 @@ void expectForAnswer(const std::string& reply, ErrorCategory category) {
 }  // namespace
 
 TEST(Advice, AStatusHasOneCategoryInEveryForm) {
-    expectForAnswer(answer(401, "{}"), ErrorCategory::unauthorized);
-    expectForAnswer(answer(403, "{}"), ErrorCategory::forbidden);
-    expectForAnswer(answer(404, "{}"), ErrorCategory::notFound);
-    expectForAnswer(answer(429, "{}", "Retry-After: 3\r\n"), ErrorCategory::tooManyRequests);
-    expectForAnswer(answer(500, "{}"), ErrorCategory::serverFailed);
+    expectForResponse(answer(401, "{}"), ErrorCategory::unauthorized);
+    expectForResponse(answer(403, "{}"), ErrorCategory::forbidden);
+    expectForResponse(answer(404, "{}"), ErrorCategory::notFound);
+    expectForResponse(answer(429, "{}", "Retry-After: 3\r\n"), ErrorCategory::tooManyRequests);
+    expectForResponse(answer(500, "{}"), ErrorCategory::serverFailed);
 }
 
 TEST(Advice, ARetryAfterIsReadInEveryForm) {
@@ -89,10 +89,10 @@ TEST(Advice, ARetryAfterIsReadInEveryForm) {
     }
 }
 
-TEST(Advice, AnAnswerThatDoesNotDecodeHasOneCategoryInEveryForm) {
-    expectForAnswer(answer(200, "<html>"), ErrorCategory::badAnswer);
-    expectForAnswer(answer(200, "\"text\""), ErrorCategory::badAnswer);
-    expectForAnswer("Hello\r\n\r\n", ErrorCategory::badAnswer);
+TEST(Advice, AResponseThatDoesNotDecodeHasOneCategoryInEveryForm) {
+    expectForResponse(answer(200, "<html>"), ErrorCategory::badAnswer);
+    expectForResponse(answer(200, "\"text\""), ErrorCategory::badAnswer);
+    expectForResponse("Hello\r\n\r\n", ErrorCategory::badAnswer);
 }
 
 TEST(Advice, ALostConnectionHasOneCategoryInEveryForm) {
@@ -104,7 +104,7 @@ TEST(Advice, ALostConnectionHasOneCategoryInEveryForm) {
     expectInEachForm(resourceOf(requestOf(closed)), ErrorCategory::offline);
 }
 
-TEST(Advice, ATimeOutHasOneCategoryInEveryForm) {
+TEST(Advice, ATimeoutHasOneCategoryInEveryForm) {
     FaultServer server([](FaultConnection& connection) {
         if (connection.readRequest()) connection.stall();
     });
@@ -125,7 +125,7 @@ TEST(Advice, ARequestThatCannotBeSentHasOneCategoryInEveryForm) {
     expectInEachForm(resourceOf(std::move(request)), ErrorCategory::wrongUse);
 }
 
-TEST(Advice, ACancelAndADeadlineAreToldApart) {
+TEST(Advice, ACancelAndADeadlineAreDistinguished) {
     FaultServer server([](FaultConnection& connection) {
         if (connection.readRequest()) connection.stall();
     });

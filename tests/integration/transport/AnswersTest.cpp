@@ -16,7 +16,7 @@ std::shared_ptr<URLSession> makeSession() { return URLSession::make(URLSessionCo
 
 }  // namespace
 
-TEST(Answers, AnAnswerHasItsStatusItsHeadersItsBodyAndItsURL) {
+TEST(Answers, AResponseHasItsStatusHeadersBodyAndURL) {
     FaultServer server(always(answer(200, "hello", "X-One: a\r\nx-two: b\r\n")));
     const auto session = makeSession();
     const Loaded loaded = load(*session, server.url("/v2/time"));
@@ -29,7 +29,7 @@ TEST(Answers, AnAnswerHasItsStatusItsHeadersItsBodyAndItsURL) {
     EXPECT_EQ(loaded.calls(), 1);
 }
 
-TEST(Answers, AStatusAbove399IsAnAnswerLikeAnyOther) {
+TEST(Answers, AStatusAbove399IsAResponseLikeAnyOther) {
     FaultServer server(always(answer(503, "busy")));
     const Loaded loaded = load(*makeSession(), server.url());
     ASSERT_TRUE(loaded.succeeded()) << loaded.story();
@@ -37,7 +37,7 @@ TEST(Answers, AStatusAbove399IsAnAnswerLikeAnyOther) {
     EXPECT_EQ(loaded.body(), "busy");
 }
 
-TEST(Answers, ABodyOfNoBytesIsPresentAndEmpty) {
+TEST(Answers, AnEmptyBodyIsPresent) {
     for (const std::string& reply : {answer(200, ""), std::string("HTTP/1.1 204 No Content\r\n\r\n"),
                                      std::string("HTTP/1.1 304 Not Modified\r\n\r\n")}) {
         FaultServer server(always(reply));
@@ -48,7 +48,7 @@ TEST(Answers, ABodyOfNoBytesIsPresentAndEmpty) {
     }
 }
 
-TEST(Answers, AnAnswerToHeadHasNoBodyWhateverItsLengthSays) {
+TEST(Answers, AResponseToHeadHasNoBodyWhateverItsLength) {
     FaultServer server(always("HTTP/1.1 200 OK\r\nContent-Length: 500\r\nContent-Encoding: gzip\r\n\r\n"));
     const Loaded loaded = load(*makeSession(), requestOf(server.url(), "HEAD"));
     ASSERT_TRUE(loaded.succeeded()) << loaded.story();
@@ -57,12 +57,12 @@ TEST(Answers, AnAnswerToHeadHasNoBodyWhateverItsLengthSays) {
     EXPECT_EQ(loaded.header("content-length"), "500");
 }
 
-TEST(Answers, AFieldThatComesTwiceIsJoined) {
+TEST(Answers, ARepeatedHeaderIsJoined) {
     FaultServer server(always(answer(200, "", "Vary: a\r\nVARY: b\r\n")));
     EXPECT_EQ(load(*makeSession(), server.url()).header("vary"), "a, b");
 }
 
-TEST(Answers, InterimAnswersArePassedOver) {
+TEST(Answers, InterimResponsesAreSkipped) {
     FaultServer server(always("HTTP/1.1 103 Early Hints\r\nX-Early: 1\r\n\r\n" + answer(200, "late")));
     const Loaded loaded = load(*makeSession(), server.url());
     EXPECT_EQ(loaded.status(), 200) << loaded.story();
@@ -70,7 +70,7 @@ TEST(Answers, InterimAnswersArePassedOver) {
     EXPECT_EQ(loaded.header("x-early"), "");
 }
 
-TEST(Answers, AChunkedBodyIsPutTogetherAndItsTrailersAreNoHeaders) {
+TEST(Answers, AChunkedBodyIsAssembledAndItsTrailersAreIgnored) {
     FaultServer server(
         always("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
                "3\r\none\r\n3;x=y\r\ntwo\r\n0\r\nX-Trailer: 1\r\n\r\n"));
@@ -86,7 +86,7 @@ TEST(Answers, ABodyWithoutALengthEndsWithItsConnection) {
     EXPECT_EQ(load(*makeSession(), server.url()).body(), "all of it");
 }
 
-TEST(Answers, ABodyOfAHundredMegabytesArrivesWhole) {
+TEST(Answers, ABodyOfAHundredMegabytesArrives) {
     constexpr std::size_t size = 100 * 1000 * 1000;
     FaultServer server([](FaultConnection& connection) {
         const std::string piece = sampleText(1000 * 1000);
@@ -101,7 +101,7 @@ TEST(Answers, ABodyOfAHundredMegabytesArrivesWhole) {
     EXPECT_EQ(loaded.data()->view().substr(size - 1000 * 1000), sampleText(1000 * 1000));
 }
 
-TEST(Answers, EveryCodingThatIsAskedForIsUndone) {
+TEST(Answers, EveryRequestedCodingIsDecoded) {
     const std::string text = sampleText(300 * 1000);
     const std::pair<const char*, std::string> codings[] = {
         {"gzip", gzipped(text)},     {"x-gzip", gzipped(text)},
@@ -117,7 +117,7 @@ TEST(Answers, EveryCodingThatIsAskedForIsUndone) {
     }
 }
 
-TEST(Answers, ACodedBodyIsUndoneByteByByte) {
+TEST(Answers, ACodedBodyIsDecodedByteByByte) {
     const std::string text = "a text that came slowly";
     const std::pair<std::string, std::string> codings[] = {{"gzip", gzipped(text)},
                                                            {"deflate", rawDeflated(text)},
@@ -136,14 +136,14 @@ TEST(Answers, ACodedBodyIsUndoneByteByByte) {
     }
 }
 
-TEST(Answers, ACodedAnswerWithoutABodyIsEmpty) {
+TEST(Answers, ACodedResponseWithoutABodyIsEmpty) {
     FaultServer server(always(answer(200, "", "Content-Encoding: gzip\r\n")));
     const Loaded loaded = load(*makeSession(), server.url());
     ASSERT_TRUE(loaded.succeeded()) << loaded.story();
     EXPECT_TRUE(loaded.data()->empty());
 }
 
-TEST(Answers, WhoeverNamesACodingOfHisOwnGetsItAsItIs) {
+TEST(Answers, ACodingRequestedByTheHostIsNotDecoded) {
     FaultServer server(always(answer(200, "not zstd", "Content-Encoding: zstd\r\n")));
     URLRequest request = requestOf(server.url());
     request.setValue("zstd", "Accept-Encoding");

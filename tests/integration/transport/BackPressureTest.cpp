@@ -27,7 +27,7 @@ URLRequest impatient(const std::string& url, double seconds) {
     return request;
 }
 
-/// Keeps the delegate queue of a session from delivering anything.
+/// Blocks the delegate queue of a session.
 class Blockade {
 public:
     explicit Blockade(URLSession& session) {
@@ -55,7 +55,7 @@ private:
     std::shared_ptr<State> state_ = std::make_shared<State>();
 };
 
-/// Answers with a megabyte; /stall never.
+/// Answers with a megabyte, but never answers /stall.
 FaultServer::Script generous() {
     return [](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
@@ -76,26 +76,26 @@ std::shared_ptr<URLSession> sessionWith(std::uint64_t maxUndelivered) {
 
 }  // namespace
 
-TEST(BackPressure, AnswersThatAreNotDeliveredStopTheReading) {
+TEST(BackPressure, UndeliveredResponsesStopReading) {
     FaultServer server(generous());
     FaultServer stalling(generous());
     const auto session = sessionWith(8 * megabyte);
     Blockade blockade(*session);
-    // It is under way before the reading stops, and runs out of time while it has stopped.
+    // Starts before reading stops, and times out while reading is stopped.
     const Loaded stalled = startLoad(*session, impatient(stalling.url("/stall"), 5));
     ASSERT_TRUE(stalling.waitForRequests(1));
     std::vector<Loaded> loads;
-    // The idle time is shorter than the blockade: a load that is paused uses none.
+    // The idle timeout is shorter than the blockade, since it does not run while a load is paused.
     for (int i = 0; i < 200; ++i) loads.push_back(startLoad(*session, impatient(server.url(), 4)));
-    EXPECT_TRUE(stalling.waitForClosedByClient(1)) << "the time-out was held up";
-    // Eight that fill the limit, and what six connections have under way in a round or two.
+    EXPECT_TRUE(stalling.waitForClosedByClient(1)) << "the timeout was delayed";
+    // Eight fill the limit, and six connections may have a few more in flight.
     EXPECT_LE(server.requests().size(), 30U);
     blockade.lift();
     EXPECT_EQ(stalled.code(), URLErrorCode::timedOut) << stalled.story();
     for (const Loaded& loaded : loads) ASSERT_EQ(loaded.body().size(), megabyte) << loaded.story();
 }
 
-TEST(BackPressure, ALoadThatIsPausedCanBeCancelled) {
+TEST(BackPressure, APausedLoadCanBeCancelled) {
     FaultServer server(generous());
     const auto session = sessionWith(megabyte);
     Blockade blockade(*session);
@@ -115,7 +115,7 @@ TEST(BackPressure, ALoadThatIsPausedCanBeCancelled) {
     EXPECT_EQ(load(*session, server.url()).body().size(), megabyte);
 }
 
-TEST(BackPressure, AnAnswerLargerThanTheLimitIsDelivered) {
+TEST(BackPressure, AResponseLargerThanTheLimitIsDelivered) {
     FaultServer server(always(answer(200, std::string(3 * megabyte, 'x'))));
     const auto session = sessionWith(1000);
     std::vector<Loaded> loads;
@@ -125,7 +125,7 @@ TEST(BackPressure, AnAnswerLargerThanTheLimitIsDelivered) {
 
 namespace {
 
-/// What one load told.
+/// The reports of one load.
 struct Told {
     Loaded loaded{};
     std::shared_ptr<std::vector<LoadProgress::State>> states =
@@ -150,10 +150,10 @@ struct Told {
 
 }  // namespace
 
-TEST(BackPressure, ALoadThatIsHeldBackSaysSo) {
+TEST(BackPressure, ALoadThatIsHeldBackReportsThat) {
     FaultServer server(generous());
     const auto session = sessionWith(1);
-    // Whether a body is held back that was under way when the first one was whole is up to the network.
+    // It depends on the network whether a body in flight when the first one completes is held back.
     const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
     int heldBack = 0;
     while (heldBack == 0 && std::chrono::steady_clock::now() < end) {
@@ -168,7 +168,7 @@ TEST(BackPressure, ALoadThatIsHeldBackSaysSo) {
             EXPECT_EQ(each.wasHeldBack(), each.record->heldBack > RequestMetrics::Duration::zero());
             if (!each.wasHeldBack()) continue;
             ++heldBack;
-            EXPECT_EQ(each.states->back(), LoadProgress::State::loading) << "it went on";
+            EXPECT_EQ(each.states->back(), LoadProgress::State::loading) << "it continued";
         }
     }
     EXPECT_GT(heldBack, 0);

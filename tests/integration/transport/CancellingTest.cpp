@@ -41,7 +41,7 @@ TEST(Cancelling, ReachesTheSocket) {
     EXPECT_EQ(loaded.error()->localizedDescription(), "cancelled");
 }
 
-TEST(Cancelling, ATaskThatWasNotStartedNeverGoesOut) {
+TEST(Cancelling, ATaskThatWasNotStartedIsNeverSent) {
     FaultServer server(always(answer(200, "ok")));
     const auto session = makeSession();
     const Loaded loaded;
@@ -56,7 +56,7 @@ TEST(Cancelling, ATaskThatWasNotStartedNeverGoesOut) {
     EXPECT_EQ(server.requests()[0].target, "/after");
 }
 
-TEST(Cancelling, ATaskThatWaitsForItsTurnNeverGoesOut) {
+TEST(Cancelling, AQueuedTaskIsNeverSent) {
     FaultServer* reached = nullptr;
     FaultServer server([&reached](FaultConnection& connection) {
         while (connection.readRequest()) {
@@ -81,7 +81,7 @@ TEST(Cancelling, ATaskThatWaitsForItsTurnNeverGoesOut) {
     EXPECT_EQ(server.requests().size(), 2U);
 }
 
-TEST(Cancelling, ATaskThatHasEndedChangesNothing) {
+TEST(Cancelling, AFinishedTaskHasNoEffect) {
     FaultServer server(always(answer(200, "ok")));
     const auto session = makeSession();
     const Loaded loaded;
@@ -95,7 +95,7 @@ TEST(Cancelling, ATaskThatHasEndedChangesNothing) {
     EXPECT_EQ(server.connectionCount(), 1U);
 }
 
-TEST(Cancelling, FromItsOwnCompletionChangesNothing) {
+TEST(Cancelling, InItsOwnCompletionHasNoEffect) {
     FaultServer server(always(answer(200, "ok")));
     const auto session = makeSession();
     const Loaded loaded;
@@ -109,7 +109,7 @@ TEST(Cancelling, FromItsOwnCompletionChangesNothing) {
     EXPECT_EQ(loaded.body(), "ok") << loaded.story();
 }
 
-TEST(Cancelling, ManyAtOnceLeavesTheSessionInOrder) {
+TEST(Cancelling, ManyTasksAtOnceLeavesTheSessionUsable) {
     FaultServer server(stall);
     const auto session = makeSession();
     std::vector<std::pair<Loaded, std::shared_ptr<URLSessionDataTask>>> tasks(500);
@@ -124,7 +124,7 @@ TEST(Cancelling, ManyAtOnceLeavesTheSessionInOrder) {
     EXPECT_EQ(load(*session, other.url()).body(), "ok");
 }
 
-TEST(Cancelling, IsNotLostWhenItOvertakesTheStart) {
+TEST(Cancelling, IsNotLostIfItOvertakesTheStart) {
     FaultServer server(stall);
     const auto transport = detail::makeCurlTransport(URLSessionConfiguration::default_());
     const Loaded loaded;
@@ -135,7 +135,7 @@ TEST(Cancelling, IsNotLostWhenItOvertakesTheStart) {
     EXPECT_EQ(loaded.code(), URLErrorCode::cancelled) << loaded.story();
 }
 
-TEST(Cancelling, IsNotLostWhenOtherThreadsResumeAtTheSameTime) {
+TEST(Cancelling, IsNotLostIfOtherThreadsResumeAtTheSameTime) {
     constexpr int pairs = 4;
     constexpr std::size_t rounds = 5000;
     FaultServer server(stall);

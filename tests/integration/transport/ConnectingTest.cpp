@@ -15,7 +15,7 @@ using namespace VanticRestKit::test;
 
 namespace {
 
-/// A session for which the host "several.test" has `addresses`, with a comma between two.
+/// A session that resolves the host "several.test" to the comma-separated `addresses`.
 class SessionOfAddresses {
 public:
     SessionOfAddresses(const std::string& addresses, std::uint16_t port)
@@ -38,7 +38,7 @@ public:
         return loaded;
     }
 
-    /// How long the last load took.
+    /// The duration of the last load.
     double seconds() const { return seconds_; }
 
 private:
@@ -49,7 +49,7 @@ private:
 
 }  // namespace
 
-TEST(Connecting, GoesOnToTheNextAddressIfTheFirstDoesNotAnswer) {
+TEST(Connecting, TriesTheNextAddressIfTheFirstDoesNotAnswer) {
     FaultServer server(always(answer(200, "ok")));
     const DeadAddress dead("127.0.0.2", server.port());
     SessionOfAddresses session("127.0.0.2,127.0.0.1", server.port());
@@ -58,7 +58,7 @@ TEST(Connecting, GoesOnToTheNextAddressIfTheFirstDoesNotAnswer) {
     EXPECT_LT(session.seconds(), 10);
 }
 
-TEST(Connecting, RefusedAddressesBeforeALiveOneCostNoTime) {
+TEST(Connecting, RefusingAddressesBeforeALiveOneCostNoTime) {
     FaultServer server(always(answer(200, "ok")));
     SessionOfAddresses session("127.0.0.2,127.0.0.3,127.0.0.4,127.0.0.1", server.port());
     const Loaded loaded = session.load();
@@ -66,7 +66,7 @@ TEST(Connecting, RefusedAddressesBeforeALiveOneCostNoTime) {
     EXPECT_LT(session.seconds(), 5);
 }
 
-TEST(Connecting, GoesOnAlsoIfTheRequestIsNoGet) {
+TEST(Connecting, TriesTheNextAddressForOtherMethodsThanGet) {
     FaultServer server(always(answer(200, "ok")));
     const DeadAddress dead("127.0.0.2", server.port());
     SessionOfAddresses session("127.0.0.2,127.0.0.3,127.0.0.1", server.port());

@@ -1,5 +1,5 @@
-// Runs the cases of tests/data/http/cookies.jsonl: each sends one request whose answer sets cookies, and then one whose
-// Cookie header is judged.
+// Runs the cases of tests/data/http/cookies.jsonl. Each sends a request whose response sets cookies, and then a request
+// whose Cookie header is checked.
 
 #include <VanticRestKit/platform/http/cookies/detail/CookieJar.h>
 #include <VanticRestKit/platform/http/curl/detail/CurlTransport.h>
@@ -22,12 +22,12 @@ using namespace VanticRestKit::test;
 
 namespace {
 
-/// The cases have absolute dates.
+/// The cases contain absolute dates.
 Date january2011() {
     return std::chrono::sys_days(std::chrono::year(2011) / std::chrono::January / std::chrono::day(15));
 }
 
-/// A session with an empty storage for which every host of the cases is at 127.0.0.1.
+/// A session with an empty storage that resolves every host of the cases to 127.0.0.1.
 class CaseSession {
 public:
     explicit CaseSession(std::uint16_t port) {
@@ -64,7 +64,7 @@ std::string cookieHeader(const nlohmann::json& cookies) {
     return text;
 }
 
-/// What goes wrong in a case; empty if nothing does.
+/// The failure of a case, empty if it passes.
 std::string faultOf(const nlohmann::json& line) {
     std::string headers;
     for (const auto& value : line.at("received")) {

@@ -13,7 +13,8 @@ using namespace VanticRestKit::test;
 
 namespace {
 
-/// Sets a cookie with each answer to "/set", moves "/from" to `location` with a cookie, and answers anything else plainly.
+/// Sets a cookie in each response to "/set", redirects "/from" to `location` with a cookie, and answers anything else
+/// without one.
 FaultServer::Script setting(const std::string& location = "/to") {
     return [location](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
@@ -38,19 +39,19 @@ std::shared_ptr<URLSession> sessionWith(URLSessionConfiguration configuration) {
 
 }  // namespace
 
-TEST(Cookies, OfAnAnswerGoWithTheNextRequest) {
+TEST(Cookies, OfAResponseAreSentWithTheNextRequest) {
     FaultServer server(setting());
     const auto session = sessionWith({});
     const Loaded first = load(*session, server.url("/set"));
     EXPECT_FALSE(server.requests().back().has("cookie"));
-    // The response still has the lines joined, as any header that came twice.
+    // The response still has the joined lines, like any repeated header.
     EXPECT_EQ(first.header("Set-Cookie"), "a=1, b=2; Path=/");
     load(*session, server.url("/get"));
     EXPECT_EQ(lastCookies(server), "a=1; b=2");
     EXPECT_EQ(session->configuration().httpCookieStorage->cookies().size(), 2U);
 }
 
-TEST(Cookies, GoWithARequestThatHasABody) {
+TEST(Cookies, AreSentWithARequestThatHasABody) {
     FaultServer server(setting());
     const auto session = sessionWith({});
     load(*session, server.url("/set"));
@@ -60,7 +61,7 @@ TEST(Cookies, GoWithARequestThatHasABody) {
     EXPECT_EQ(lastCookies(server), "a=1; b=2");
 }
 
-TEST(Cookies, OfAFoldedLineAreReadWhole) {
+TEST(Cookies, OfAFoldedLineAreReadCompletely) {
     FaultServer server(setting());
     const auto session = sessionWith({});
     load(*session, server.url("/folded"));
@@ -69,14 +70,14 @@ TEST(Cookies, OfAFoldedLineAreReadWhole) {
     EXPECT_EQ(cookies[0].path, "/folder");
 }
 
-TEST(Cookies, OfOneSessionAreNotAnotherOnesByDefault) {
+TEST(Cookies, AreNotSharedBetweenSessionsByDefault) {
     FaultServer server(setting());
     load(*sessionWith({}), server.url("/set"));
     load(*sessionWith({}), server.url("/get"));
     EXPECT_FALSE(server.requests().back().has("cookie"));
 }
 
-TEST(Cookies, OfOneStorageAreSharedByItsSessions) {
+TEST(Cookies, AreSharedBySessionsWithTheSameStorage) {
     FaultServer server(setting());
     const auto storage = HTTPCookieStorage::make();
     load(*sessionWith({.httpCookieStorage = storage}), server.url("/set"));
@@ -84,7 +85,7 @@ TEST(Cookies, OfOneStorageAreSharedByItsSessions) {
     EXPECT_EQ(lastCookies(server), "a=1; b=2");
 }
 
-TEST(Cookies, GiveWayToTheRequestsOwnHeader) {
+TEST(Cookies, AreOverriddenByTheRequestsOwnHeader) {
     FaultServer server(setting());
     const auto session = sessionWith({});
     load(*session, server.url("/set"));
@@ -130,7 +131,7 @@ TEST(Cookies, AreNotStoredIfTheStoragesPolicyIsNever) {
     EXPECT_TRUE(session->configuration().httpCookieStorage->cookies().empty());
 }
 
-TEST(Cookies, OfARedirectGoWithItsTarget) {
+TEST(Cookies, OfARedirectAreSentToItsTarget) {
     FaultServer server(setting());
     const auto session = sessionWith({});
     load(*session, server.url("/from"));
@@ -139,7 +140,7 @@ TEST(Cookies, OfARedirectGoWithItsTarget) {
     EXPECT_EQ(server.requests()[1].header("cookie"), "hop=1");
 }
 
-TEST(Cookies, AreThoseOfEachHopOfARedirect) {
+TEST(Cookies, AreChosenForEachHopOfARedirect) {
     FaultServer target(setting());
     const std::string location = "http://localhost:" + std::to_string(target.port()) + "/to";
     FaultServer server(setting(location));
@@ -153,7 +154,7 @@ TEST(Cookies, AreThoseOfEachHopOfARedirect) {
     EXPECT_EQ(lastCookies(target), "there=2");
 }
 
-TEST(Cookies, OfTheSessionReplaceTheRequestsOwnAtAnotherOrigin) {
+TEST(Cookies, OfTheSessionReplaceTheRequestsHeaderAtAnotherOrigin) {
     FaultServer target(setting());
     FaultServer server(setting("http://localhost:" + std::to_string(target.port()) + "/to"));
     const auto session = sessionWith({});
@@ -166,7 +167,7 @@ TEST(Cookies, OfTheSessionReplaceTheRequestsOwnAtAnotherOrigin) {
     EXPECT_EQ(lastCookies(target), "there=2");
 }
 
-TEST(Cookies, OfAnotherSiteAreNotStoredIfOnlyTheMainDocumentsAre) {
+TEST(Cookies, OfAnotherSiteAreNotStoredIfOnlyThoseOfTheMainDocumentAre) {
     FaultServer target(setting());
     FaultServer server(setting("http://localhost:" + std::to_string(target.port()) + "/set"));
     const auto session =
@@ -178,7 +179,7 @@ TEST(Cookies, OfAnotherSiteAreNotStoredIfOnlyTheMainDocumentsAre) {
     EXPECT_EQ(cookies[0].domain, "127.0.0.1");
 }
 
-TEST(Cookies, ThatAreSecureAreSetAndSentOverHttpsOnly) {
+TEST(Cookies, SecureCookiesAreSetAndSentOnlyOverHttps) {
     const auto script = [](FaultConnection& connection) {
         while (connection.readRequest()) {
             if (!connection.send(
@@ -207,7 +208,7 @@ TEST(Cookies, ThatAreSecureAreSetAndSentOverHttpsOnly) {
     EXPECT_FALSE(plain.requests().back().has("cookie"));
 }
 
-TEST(Cookies, AreNotTakenFromAProxyThatOpensATunnel) {
+TEST(Cookies, AreNotAcceptedFromAProxyThatOpensATunnel) {
     const CertificateAuthority root;
     const TemporaryFile bundle(root.pem());
     const Identity identity = root.issue();

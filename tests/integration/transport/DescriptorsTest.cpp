@@ -16,7 +16,7 @@ using namespace VanticRestKit::test;
 
 namespace {
 
-/// The descriptors that a process started now would inherit.
+/// The descriptors that a child process would inherit now.
 std::set<int> inherited() {
     std::set<int> found;
     for (int descriptor = 0; descriptor < 1024; ++descriptor) {
@@ -28,14 +28,14 @@ std::set<int> inherited() {
 
 }  // namespace
 
-TEST(Descriptors, OfASessionAreNotInheritedByAProcessThatTheHostStarts) {
+TEST(Descriptors, OfASessionAreNotInheritedByChildProcesses) {
     const CertificateAuthority root;
     const TemporaryFile roots(root.pem());
     const Identity identity = root.issue();
     URLSessionConfiguration configuration;
     configuration.caBundlePath = roots.path();
     FaultServer server(always(answer(200, "secure")), &identity);
-    // A pair of the host's own, of the same kind, stays as it is.
+    // A socket pair of the host is not changed.
     int pair[2] = {-1, -1};
     ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0, pair), 0);
     const Socket one(pair[0]);

@@ -36,7 +36,7 @@ private:
     TemporaryFile file_;
 };
 
-/// Ends the process with 0 if the secrets of a session stay out of the key log that libcurl has opened for its host.
+/// Exits with 0 if a session writes no secrets to the key log that libcurl has opened for the host.
 [[noreturn]] void loadAfterTheHostInitialisedLibcurl() {
     const AbsentFile log;
     setenv("SSLKEYLOGFILE", log.path().c_str(), 1);
@@ -53,24 +53,24 @@ private:
 
 }  // namespace
 
-// The first test of this program: no session was used before it.
-TEST(Environment, NamesNoKeyLog) {
+// Must be the first test of this program, before any session is used.
+TEST(Environment, DoesNotEnableAKeyLog) {
     const AbsentFile log;
     setenv("SSLKEYLOGFILE", log.path().c_str(), 1);
     FaultServer plain(always(answer(200, "plain")));
     const auto session = URLSession::make(URLSessionConfiguration::default_());
     EXPECT_EQ(load(*session, plain.url()).body(), "plain");
     EXPECT_FALSE(log.exists());
-    EXPECT_STREQ(std::getenv("SSLKEYLOGFILE"), log.path().c_str()) << "the host's variable is as it was";
+    EXPECT_STREQ(std::getenv("SSLKEYLOGFILE"), log.path().c_str()) << "the host's variable is unchanged";
     unsetenv("SSLKEYLOGFILE");
 }
 
-TEST(Environment, SecretsStayOutOfTheKeyLogOfAHostThatUsesLibcurlItself) {
+TEST(Environment, SecretsAreNotWrittenToTheKeyLogOfAHostThatUsesLibcurl) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(loadAfterTheHostInitialisedLibcurl(), testing::ExitedWithCode(0), "");
 }
 
-TEST(Environment, TheKeyLogOfTheConfigurationHoldsTheSecrets) {
+TEST(Environment, TheKeyLogOfTheConfigurationContainsTheSecrets) {
     const CertificateAuthority root;
     const TemporaryFile roots(root.pem());
     const Identity identity = root.issue();

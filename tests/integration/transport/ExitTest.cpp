@@ -16,15 +16,15 @@ namespace {
 
 class Exit : public testing::Test {
 protected:
-    // Each process begins anew, so that no thread is lost in a fork.
+    // Each process starts from the beginning, so that no thread is lost in a fork.
     void SetUp() override { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
 };
 
 constexpr const char* serverVariable = "VRK_EXIT_TEST_SERVER";
 constexpr const char* rootsVariable = "VRK_EXIT_TEST_ROOTS";
 
-/// A server over TLS in the process that tells how the others end: in theirs it would use what the end of the
-/// process takes away. They begin with the variables of this one.
+/// A TLS server in the process that observes how the child processes end. In a child, it would use objects that are
+/// destroyed at exit. The children inherit its environment variables.
 class ServerOutside {
 public:
     ServerOutside() {
@@ -39,7 +39,7 @@ private:
     FaultServer server_{always(answer(200, std::string(100 * 1000, 'x'))), &identity_};
 };
 
-/// Ends the process while a hundred transfers over TLS are under way and others begin.
+/// Exits while a hundred TLS transfers are running and others start.
 [[noreturn]] void leaveInTheMiddle() {
     const std::string server = std::getenv(serverVariable);
     URLSessionConfiguration configuration;
@@ -52,7 +52,7 @@ private:
 
 }  // namespace
 
-TEST_F(Exit, IsCleanWhileTransfersAreUnderWay) {
+TEST_F(Exit, IsCleanDuringTransfers) {
     std::optional<ServerOutside> server;
     if (!std::getenv(serverVariable)) server.emplace();
     for (int i = 0; i < 5; ++i) EXPECT_EXIT(leaveInTheMiddle(), testing::ExitedWithCode(0), "");
@@ -65,7 +65,7 @@ TEST_F(Exit, IsCleanFromACompletion) {
         session
             ->dataTask(requestOf(server.url()),
                        [](auto data, auto response, auto) {
-                           // What is on the stack of a call that never returns may be nowhere at all.
+                           // Objects on the stack of a call that never returns may be optimised away.
                            static const auto& held = *new std::pair(std::move(data), std::move(response));
                            std::exit(held.first ? 0 : 1);
                        })

@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::size_t megabyte = 1024 * 1024;
 
-/// How large a body becomes that takes long to decode.
+/// The decoded size of a body that takes long to decode.
 #ifdef VRK_IS_SANITIZED
 constexpr std::size_t large = 32 * megabyte;
 #else
@@ -32,14 +32,14 @@ std::shared_ptr<URLSession> makeSession() {
     return URLSession::make(configuration);
 }
 
-/// A body of a few bytes that becomes `large`, as an answer.
+/// A response whose small body decodes to `large` bytes.
 const std::string& bomb() {
     static const std::string whole =
         answer(200, brotlied(std::string(large, 'x')), "Content-Encoding: br\r\n");
     return whole;
 }
 
-/// Answers /bomb with `bomb()`, and everything else at once.
+/// Answers /bomb with `bomb()`, and everything else with a short response.
 FaultServer::Script bombing() {
     return [](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
@@ -50,7 +50,7 @@ FaultServer::Script bombing() {
 
 }  // namespace
 
-TEST(Fairness, OtherLoadsGoOnWhileABodyExpands) {
+TEST(Fairness, OtherLoadsContinueWhileABodyExpands) {
     FaultServer server(bombing());
     const auto session = makeSession();
     const Loaded slow = startLoad(*session, requestOf(server.url("/bomb")));
@@ -60,10 +60,10 @@ TEST(Fairness, OtherLoadsGoOnWhileABodyExpands) {
         ++others;
     }
     EXPECT_EQ(slow.data()->size(), large) << slow.story();
-    EXPECT_GT(others, 5) << "no other load got through before the body was whole";
+    EXPECT_GT(others, 5) << "no other load completed before the body was decoded";
 }
 
-TEST(Fairness, ATimeOutComesWhileABodyExpands) {
+TEST(Fairness, ATimeoutOccursWhileABodyExpands) {
     FaultServer server(bombing());
     FaultServer stalling([](FaultConnection& connection) {
         if (connection.readRequest()) connection.stall();
@@ -74,7 +74,7 @@ TEST(Fairness, ATimeOutComesWhileABodyExpands) {
     request.setTimeoutInterval(milliseconds(20));
     const Loaded stalled = load(*session, request);
     EXPECT_EQ(stalled.code(), URLErrorCode::timedOut) << stalled.story();
-    EXPECT_EQ(slow.calls(), 0) << "the time-out waited for the body";
+    EXPECT_EQ(slow.calls(), 0) << "the timeout waited for the body";
     EXPECT_EQ(slow.data()->size(), large) << slow.story();
 }
 
@@ -91,12 +91,12 @@ TEST(Fairness, ALoadCanBeCancelledWhileItsBodyExpands) {
     EXPECT_EQ(load(*session, server.url()).body(), "small");
 }
 
-TEST(Fairness, ManyBodiesThatExpandTogetherAllArriveWhole) {
+TEST(Fairness, ManyBodiesExpandingAtOnceAllArrive) {
     const std::string text = std::string(3 * megabyte, 'x') + sampleText(100'000);
     const std::string whole = answer(200, gzipped(text), "Content-Encoding: gzip\r\n");
     FaultServer server([&](FaultConnection& connection) {
         while (connection.readRequest()) {
-            // In pieces, so that some of them come while others are decoded.
+            // In pieces, so that some arrive while others are decoded.
             connection.send(whole.substr(0, 500));
             connection.send(whole.substr(500, 3000));
             connection.send(whole.substr(3500));
@@ -109,14 +109,14 @@ TEST(Fairness, ManyBodiesThatExpandTogetherAllArriveWhole) {
     EXPECT_LE(server.connectionCount(), 6U);
 }
 
-TEST(Fairness, ABodyThatIsCutShortWhileItExpandsFails) {
+TEST(Fairness, ABodyTruncatedWhileItExpandsFails) {
     const std::string coded = gzipped(std::string(3 * megabyte, 'x') + sampleText(100'000));
     FaultServer server(always(answer(200, coded.substr(0, coded.size() - 8), "Content-Encoding: gzip\r\n")));
     const Loaded loaded = load(*makeSession(), server.url());
     EXPECT_EQ(loaded.code(), URLErrorCode::cannotDecodeContentData) << loaded.story();
 }
 
-TEST(Fairness, ABodyThatBreaksAfterItsFirstSlicesFails) {
+TEST(Fairness, ABodyMalformedAfterItsFirstSlicesFails) {
     std::string coded = gzipped(std::string(3 * megabyte, 'x') + sampleText(1000 * 1000));
     coded.replace(coded.size() / 2, 100, std::string(100, '\xFF'));
     FaultServer server(always(answer(200, coded, "Content-Encoding: gzip\r\n")));

@@ -12,7 +12,7 @@ using namespace VanticRestKit::test;
 
 namespace {
 
-/// What becomes of a GET when the server sends `bytes` and closes the connection.
+/// The outcome of a GET if the server sends `bytes` and closes the connection.
 Loaded afterSending(const std::string& bytes) {
     FaultServer server([&bytes](FaultConnection& connection) {
         if (connection.readRequest()) connection.send(bytes);
@@ -27,7 +27,7 @@ std::string coded(const std::string& coding, const std::string& body) {
 
 }  // namespace
 
-TEST(Faults, AConnectionThatIsClosedInsideTheHeadersIsLost) {
+TEST(Faults, AConnectionClosedInsideTheHeadersIsLost) {
     const std::string head = "HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\nX-Long: value\r\n\r\n";
     for (const std::size_t length :
          {std::size_t{5}, head.find("\r\n") + 2, head.find("X-Long"), head.size() - 2}) {
@@ -37,16 +37,16 @@ TEST(Faults, AConnectionThatIsClosedInsideTheHeadersIsLost) {
     }
 }
 
-TEST(Faults, AConnectionThatIsClosedAfterAnInterimAnswerIsLost) {
+TEST(Faults, AConnectionClosedAfterAnInterimResponseIsLost) {
     const Loaded loaded = afterSending("HTTP/1.1 103 Early Hints\r\nX: 1\r\n\r\n");
     EXPECT_EQ(loaded.code(), URLErrorCode::networkConnectionLost) << loaded.story();
 }
 
-TEST(Faults, AConnectionThatIsClosedWithoutAWordIsLost) {
+TEST(Faults, AConnectionClosedWithoutAResponseIsLost) {
     EXPECT_EQ(afterSending("").code(), URLErrorCode::networkConnectionLost);
 }
 
-TEST(Faults, TwoDifferentContentLengthsAreNoAnswer) {
+TEST(Faults, TwoDifferentContentLengthsAreABadResponse) {
     for (const char* lines : {"Content-Length: 5\r\nContent-Length: 3\r\n",
                               "Content-Length: 3\r\ncontent-length: 5\r\n", "Content-Length: 5, 3\r\n"}) {
         const Loaded loaded = afterSending("HTTP/1.1 200 OK\r\n" + std::string(lines) + "\r\nhello");
@@ -54,7 +54,7 @@ TEST(Faults, TwoDifferentContentLengthsAreNoAnswer) {
     }
 }
 
-TEST(Faults, AContentLengthThatIsNoNumberIsNoAnswer) {
+TEST(Faults, AnInvalidContentLengthIsABadResponse) {
     for (const char* value : {"five", "-5", "5x", "99999999999999999999", ""}) {
         const Loaded loaded =
             afterSending("HTTP/1.1 200 OK\r\nContent-Length: " + std::string(value) + "\r\n\r\nhello");
@@ -62,18 +62,18 @@ TEST(Faults, AContentLengthThatIsNoNumberIsNoAnswer) {
     }
 }
 
-TEST(Faults, TheSameContentLengthTwiceIsFine) {
+TEST(Faults, TheSameContentLengthTwiceIsAccepted) {
     const Loaded loaded =
         afterSending("HTTP/1.1 200 OK\r\nContent-Length: 5\r\nContent-Length: 5\r\n\r\nhello");
     EXPECT_EQ(loaded.body(), "hello") << loaded.story();
 }
 
-TEST(Faults, ACodingWithoutItsEndCannotBeDecoded) {
+TEST(Faults, ATruncatedCodingCannotBeDecoded) {
     const std::string text = sampleText(100 * 1000);
     for (const auto& [name, whole] : {std::pair<std::string, std::string>{"gzip", gzipped(text)},
                                       std::pair<std::string, std::string>{"deflate", deflated(text)},
                                       std::pair<std::string, std::string>{"br", brotlied(text)}}) {
-        // Without its trailer, without its last byte, half of it, its first byte alone.
+        // Without its trailer, without its last byte, its first half, and only its first byte.
         for (const std::size_t length :
              {whole.size() - 8, whole.size() - 1, whole.size() / 2, std::size_t{1}}) {
             if (name != "gzip" && length == whole.size() - 8) continue;
@@ -85,7 +85,7 @@ TEST(Faults, ACodingWithoutItsEndCannotBeDecoded) {
     }
 }
 
-TEST(Faults, ABrokenCodingCannotBeDecoded) {
+TEST(Faults, AMalformedCodingCannotBeDecoded) {
     const std::string text = sampleText(100 * 1000);
     for (const auto& [name, whole] : {std::pair<std::string, std::string>{"gzip", gzipped(text)},
                                       std::pair<std::string, std::string>{"deflate", deflated(text)},
@@ -108,7 +108,7 @@ TEST(Faults, ACodingThatWasNotRequestedCannotBeDecoded) {
     EXPECT_EQ(afterSending(coded("zstd", "whatever")).code(), URLErrorCode::cannotDecodeRawData);
 }
 
-TEST(Faults, ABodyThatIsCutShortIsLost) {
+TEST(Faults, ATruncatedBodyIsALostConnection) {
     for (const char* bytes : {"HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nhello",
                               "HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n",
                               "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n5\r\nhello\r\n",
@@ -116,17 +116,17 @@ TEST(Faults, ABodyThatIsCutShortIsLost) {
         const Loaded loaded = afterSending(bytes);
         EXPECT_EQ(loaded.code(), URLErrorCode::networkConnectionLost) << bytes << loaded.story();
         EXPECT_EQ(loaded.data(), std::nullopt);
-        EXPECT_EQ(loaded.status(), 200) << "the response stands beside the error";
+        EXPECT_EQ(loaded.status(), 200) << "the response is passed together with the error";
     }
 }
 
-TEST(Faults, ABrokenChunkIsABadAnswer) {
+TEST(Faults, AMalformedChunkIsABadResponse) {
     const Loaded loaded =
         afterSending("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\nzz\r\nhello\r\n0\r\n\r\n");
     EXPECT_EQ(loaded.code(), URLErrorCode::badServerResponse) << loaded.story();
 }
 
-TEST(Faults, WhatIsNoHTTPCannotBeParsed) {
+TEST(Faults, DataThatIsNotHTTPCannotBeParsed) {
     for (const std::string& bytes :
          {std::string("\x01\x02 garbage \xFF\xFE, long enough to be something\r\n\r\n"),
           std::string("SSH-2.0-OpenSSH_9.2\r\n"), std::string("HTTP/1.1 abc OK\r\n\r\n"),
@@ -137,7 +137,7 @@ TEST(Faults, WhatIsNoHTTPCannotBeParsed) {
     }
 }
 
-TEST(Faults, HeadersWithoutEndAreNoAnswer) {
+TEST(Faults, EndlessHeadersAreABadResponse) {
     FaultServer server([](FaultConnection& connection) {
         if (!connection.readRequest()) return;
         connection.send("HTTP/1.1 200 OK\r\n");
@@ -168,14 +168,14 @@ TEST(Faults, AClosedPortCannotBeConnectedTo) {
     EXPECT_EQ(loaded.code(), URLErrorCode::cannotConnectToHost) << loaded.story();
 }
 
-TEST(Faults, AHostThatCannotBeANameIsNotFound) {
-    // A label this long is refused before anybody is asked for it.
+TEST(Faults, AnInvalidHostNameIsNotFound) {
+    // A label this long is rejected without a lookup.
     const auto session = URLSession::make(URLSessionConfiguration::default_());
     const Loaded loaded = load(*session, "http://" + std::string(64, 'a') + "/");
     EXPECT_EQ(loaded.code(), URLErrorCode::cannotFindHost) << loaded.story();
 }
 
-TEST(Faults, AnErrorSaysWhatFailedWhereAndWhy) {
+TEST(Faults, AnErrorHasItsCodeURLAndCause) {
     const auto session = URLSession::make(URLSessionConfiguration::default_());
     const std::string url = "http://127.0.0.1:" + std::to_string(unusedPort()) + "/v2/time";
     const Loaded loaded = load(*session, url);

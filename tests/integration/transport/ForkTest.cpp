@@ -22,7 +22,7 @@ using namespace VanticRestKit::test;
 
 namespace {
 
-// The thread sanitizer does not let a child of fork start threads.
+// Under the thread sanitizer, a forked child cannot start threads.
 #if defined(__SANITIZE_THREAD__)
 constexpr bool canFork = false;
 #elif defined(__has_feature)
@@ -69,20 +69,20 @@ TEST_F(Fork, LoadsOfTheParentsSessionFailAtOnceInTheChild) {
         }
         return true;
     }));
-    EXPECT_EQ(load(*session_, server_.url()).body(), "ok") << "the parent's goes on";
+    EXPECT_EQ(load(*session_, server_.url()).body(), "ok") << "the parent's session continues";
     EXPECT_EQ(server_.connectionCount(), 1U);
 }
 
-TEST_F(Fork, ASessionOfTheChildsOwnWorks) {
+TEST_F(Fork, ASessionCreatedByTheChildWorks) {
     EXPECT_TRUE(holdsInChild([this] {
         session_ = URLSession::make(URLSessionConfiguration::default_());
         return load(*session_, server_.url()).body() == "ok";
     }));
 }
 
-TEST_F(Fork, AChildWithLoadsUnderWayExitsInOrder) {
+TEST_F(Fork, AChildWithRunningLoadsExitsNormally) {
 #ifdef VRK_IS_SANITIZED
-    GTEST_SKIP() << "at the child's exit the sanitizer takes what the threads of the parent held for leaks";
+    GTEST_SKIP() << "at the child's exit the sanitizer reports objects held by the parent's threads as leaks";
 #endif
     FaultServer stalling([](FaultConnection& connection) {
         if (connection.readRequest()) connection.stall();
@@ -99,7 +99,7 @@ TEST_F(Fork, AChildWithLoadsUnderWayExitsInOrder) {
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
 }
 
-TEST_F(Fork, QueuesOfTheParentRunTheBlocksOfTheChildAndNoOthers) {
+TEST_F(Fork, InTheChildQueuesOfTheParentRunOnlyTheChildsBlocks) {
     for (const DispatchQueue& queue : {DispatchQueue("pool"), DispatchQueue::withOwnThread("own")}) {
         const Event started, goOn, ran, ended;
         queue.async([=] {
@@ -117,7 +117,7 @@ TEST_F(Fork, QueuesOfTheParentRunTheBlocksOfTheChildAndNoOthers) {
     }
 }
 
-TEST_F(Fork, QueuesOfTheChildRunAlsoIfThePoolOfTheParentIsIdle) {
+TEST_F(Fork, QueuesOfTheChildRunEvenIfTheParentsPoolIsIdle) {
     const DispatchQueue queue("pool");
     const Event ran, ended;
     queue.async([ran] { ran.signal(); });
@@ -128,10 +128,10 @@ TEST_F(Fork, QueuesOfTheChildRunAlsoIfThePoolOfTheParentIsIdle) {
     }));
 }
 
-TEST_F(Fork, AChildCanLetGoOfWhatIsTheParentsWhateverThreadsOfTheParentDo) {
+TEST_F(Fork, AChildCanReleaseTheParentsObjectsWhateverTheParentsThreadsDo) {
     auto task = session_->dataTask(requestOf(server_.url()), [](auto, auto, auto) {});
     task->resume();
-    // Has the lock that its calls share with the I/O thread much of the time.
+    // Holds the lock shared with the I/O thread much of the time.
     std::atomic<bool> isOver = false;
     std::thread busy([cancelled = task.get(), &isOver] {
         while (!isOver) cancelled->cancel();
@@ -148,14 +148,14 @@ TEST_F(Fork, AChildCanLetGoOfWhatIsTheParentsWhateverThreadsOfTheParentDo) {
     busy.join();
 }
 
-TEST_F(Fork, AChildExitsWithoutAWaitForTheThreadsOfTheParent) {
+TEST_F(Fork, AChildExitsWithoutWaitingForTheParentsThreads) {
 #ifdef VRK_IS_SANITIZED
-    GTEST_SKIP() << "at the child's exit the sanitizer takes what the threads of the parent held for leaks";
+    GTEST_SKIP() << "at the child's exit the sanitizer reports objects held by the parent's threads as leaks";
 #endif
     for (const bool hasASession : {false, true}) {
-        // The wait would be one of two seconds each time; a busy machine is not as slow as that all the time.
-        std::chrono::steady_clock::duration least = std::chrono::hours(1);
-        for (int i = 0; i < 10 && least > std::chrono::seconds(1); ++i) {
+        // The wait would take two seconds every time. A busy machine is not that slow every time.
+        std::chrono::steady_clock::duration shortest = std::chrono::hours(1);
+        for (int i = 0; i < 10 && shortest > std::chrono::seconds(1); ++i) {
             const auto start = std::chrono::steady_clock::now();
             const pid_t child = fork();
             if (child == 0) {
@@ -170,8 +170,8 @@ TEST_F(Fork, AChildExitsWithoutAWaitForTheThreadsOfTheParent) {
             int status = -1;
             waitpid(child, &status, 0);
             ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
-            least = std::min(least, std::chrono::steady_clock::now() - start);
+            shortest = std::min(shortest, std::chrono::steady_clock::now() - start);
         }
-        EXPECT_LT(least, std::chrono::seconds(1)) << hasASession;
+        EXPECT_LT(shortest, std::chrono::seconds(1)) << hasASession;
     }
 }

@@ -1,4 +1,4 @@
-// The loads of a `Resource` that can be cancelled, over real sockets.
+// The cancellable ways to load a `Resource`, over real sockets.
 
 #include <VanticRestKit/Core/NetworkServiceble.h>
 #include <VanticRestKit/Core/NetworkSession.h>
@@ -27,7 +27,7 @@ void stall(FaultConnection& connection) {
     connection.stall();
 }
 
-/// The shared session's kind of service over a session of the test's own.
+/// The same kind of service as the shared session's, with the test's own session.
 Resource<Data> resourceOf(const std::shared_ptr<URLSession>& session, const std::string& url) {
     const auto service = NetworkServiceble::make(
         {.with = requestOf(url), .and_ = networkSession(session), .logError = nullptr});
@@ -44,7 +44,7 @@ std::shared_ptr<URLSession> makeSession() { return URLSession::make(URLSessionCo
 
 }  // namespace
 
-TEST(Forms, ReachTheSocketWhenTheyAreCancelledDroppedOrLate) {
+TEST(Forms, CloseTheSocketWhenCancelledDroppedOrLate) {
     FaultServer server(stall);
     const auto session = makeSession();
     const Resource<Data> resource = resourceOf(session, server.url());
@@ -73,7 +73,7 @@ TEST(Forms, ReachTheSocketWhenTheyAreCancelledDroppedOrLate) {
     EXPECT_EQ(codes, (std::vector<std::int64_t>{-999, -1001}));
 }
 
-TEST(Forms, MissTheirDeadlineWhileTheyWaitForAConnection) {
+TEST(Forms, CanMissTheirDeadlineWhileWaitingForAConnection) {
     FaultServer server(stall);
     URLSessionConfiguration configuration;
     configuration.httpMaximumConnectionsPerHost = 1;
@@ -84,7 +84,7 @@ TEST(Forms, MissTheirDeadlineWhileTheyWaitForAConnection) {
     EXPECT_EQ(server.requests().size(), 1U);
 }
 
-TEST(Forms, DeliverOnceWhenACancelRacesTheAnswer) {
+TEST(Forms, DeliverOnceIfACancelRacesTheResponse) {
     FaultServer server(always(answer(200, "ok")));
     const auto session = makeSession();
     const Resource<Data> resource = resourceOf(session, server.url());
@@ -106,7 +106,7 @@ TEST(Forms, DeliverOnceWhenACancelRacesTheAnswer) {
     EXPECT_EQ(delivered.count(), rounds);
 }
 
-TEST(Forms, OfTenThousandAreAllCancelledAtOnce) {
+TEST(Forms, TenThousandCanBeCancelledAtOnce) {
     FaultServer server(stall);
     const auto session = makeSession();
     const Resource<Data> resource = resourceOf(session, server.url());

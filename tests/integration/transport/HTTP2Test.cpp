@@ -19,7 +19,7 @@ using namespace VanticRestKit::test;
 
 namespace {
 
-/// A session, a path that can be cut, an HTTP/2 server and its backend.
+/// A session, a relay that can be frozen, an HTTP/2 server and its backend.
 class HTTP2 : public testing::Test {
 protected:
     void serve(FaultServer::Script script, int streamsPerConnection = 100,
@@ -49,12 +49,12 @@ protected:
     std::unique_ptr<FaultServer> backend_;
     std::unique_ptr<Nghttpx> front_;
     std::unique_ptr<Relay> relay_;
-    /// What a test wants otherwise it sets before `serve`.
+    /// A test changes it before `serve`.
     URLSessionConfiguration configuration_;
     std::shared_ptr<URLSession> session_;
 };
 
-/// Answers at once, but "/hold" only after `releaseHeld`, and "/never" never.
+/// Answers at once, except "/hold", which waits for `releaseHeld`, and "/never".
 FaultServer::Script patient(std::unique_ptr<FaultServer>& server) {
     return [&server](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
@@ -68,7 +68,7 @@ FaultServer::Script patient(std::unique_ptr<FaultServer>& server) {
     };
 }
 
-/// Takes its time for each answer.
+/// Answers each request after `time`.
 FaultServer::Script inTurn(std::chrono::milliseconds time) {
     return [time](FaultConnection& connection) {
         while (connection.readRequest()) {
@@ -80,7 +80,7 @@ FaultServer::Script inTurn(std::chrono::milliseconds time) {
 
 }  // namespace
 
-TEST_F(HTTP2, IsSpokenWhereTheServerOffersIt) {
+TEST_F(HTTP2, IsUsedIfTheServerOffersIt) {
     serve(patient(backend_));
     const Loaded loaded = load(*session_, url("/x"));
     EXPECT_EQ(loaded.body(), "GET /x ") << loaded.story();
@@ -88,7 +88,7 @@ TEST_F(HTTP2, IsSpokenWhereTheServerOffersIt) {
     EXPECT_EQ(backend_->requests()[0].header("via"), "2 nghttpx");
 }
 
-TEST_F(HTTP2, SixtyFourColdRequestsTakeOneConnection) {
+TEST_F(HTTP2, SixtyFourInitialRequestsShareOneConnection) {
     serve(patient(backend_));
     std::vector<Loaded> loads;
     for (int i = 0; i < 64; ++i) {
@@ -100,28 +100,28 @@ TEST_F(HTTP2, SixtyFourColdRequestsTakeOneConnection) {
     EXPECT_EQ(relay_->connectionCount(), 1U);
 }
 
-TEST_F(HTTP2, ManyRequestsAreUnderWayOnOneConnection) {
+TEST_F(HTTP2, ManyRequestsRunConcurrentlyOnOneConnection) {
     serve(patient(backend_));
     ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
     std::vector<Loaded> loads;
     for (int i = 0; i < 40; ++i) loads.push_back(startLoad(*session_, request("/hold")));
-    EXPECT_TRUE(backend_->waitForRequests(41)) << "all of them at once";
+    EXPECT_TRUE(backend_->waitForRequests(41)) << "all of them concurrently";
     backend_->releaseHeld();
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "GET /hold ") << loaded.story();
     EXPECT_EQ(relay_->connectionCount(), 1U);
 }
 
-TEST_F(HTTP2, AServerThatTakesFewAtOnceIsServedToTheEnd) {
-    // The interval is far shorter than the whole, so waiting for a free stream must not count.
+TEST_F(HTTP2, AllRequestsToAServerWithALowStreamLimitSucceed) {
+    // The interval is much shorter than the whole test, so waiting for a free stream must not count.
     serve(inTurn(std::chrono::milliseconds(150)), 2);
     std::vector<Loaded> loads;
     for (int i = 0; i < 90; ++i) loads.push_back(startLoad(*session_, request("/x", 3)));
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "in turn") << loaded.story();
 }
 
-TEST_F(HTTP2, AFarServerThatTakesFewAtOnceIsServedToTheEnd) {
-    // How many it takes it says when all have gone out on a new connection already. So it refuses most of them, on one
-    // connection after the other, and libcurl would give them up in the end.
+TEST_F(HTTP2, AllRequestsToADistantServerWithALowStreamLimitSucceed) {
+    // It announces its stream limit after all requests were sent on a new connection. So it refuses most of them on
+    // each new connection, and libcurl would finally give up.
     configuration_.httpMaximumConnectionsPerHost = 2;
     serve(inTurn(std::chrono::milliseconds(60)), 2, std::chrono::milliseconds(20));
     std::vector<Loaded> loads;
@@ -129,7 +129,7 @@ TEST_F(HTTP2, AFarServerThatTakesFewAtOnceIsServedToTheEnd) {
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "in turn") << loaded.story();
 }
 
-TEST_F(HTTP2, LargeHeadersOfSeveralAnswersAtOnceAreReadWhole) {
+TEST_F(HTTP2, LargeHeadersOfConcurrentResponsesAreReadCompletely) {
     std::string fields;
     for (int i = 0; i < 100; ++i) fields += "x-" + std::to_string(i) + ": " + std::string(400, 'v') + "\r\n";
     serve([fields](FaultConnection& connection) {
@@ -142,7 +142,7 @@ TEST_F(HTTP2, LargeHeadersOfSeveralAnswersAtOnceAreReadWhole) {
     }
 }
 
-TEST_F(HTTP2, BodiesGoBothWays) {
+TEST_F(HTTP2, BodiesAreSentInBothDirections) {
     const std::string text = sampleText(2 * 1000 * 1000);
     serve([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
@@ -154,7 +154,7 @@ TEST_F(HTTP2, BodiesGoBothWays) {
     EXPECT_TRUE(load(*session_, post).body() == text);
 }
 
-TEST_F(HTTP2, ACancelledRequestLeavesTheConnectionToTheOthers) {
+TEST_F(HTTP2, ACancelledRequestDoesNotAffectTheOthersOnItsConnection) {
     serve(patient(backend_));
     ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
     const Loaded cancelled;
@@ -164,14 +164,14 @@ TEST_F(HTTP2, ACancelledRequestLeavesTheConnectionToTheOthers) {
     ASSERT_TRUE(backend_->waitForRequests(3));
     task->cancel();
     EXPECT_EQ(cancelled.code(), URLErrorCode::cancelled);
-    // nghttpx lets go of its own connection when the stream is reset.
+    // nghttpx closes its backend connection when the stream is reset.
     EXPECT_TRUE(backend_->waitForClosedByClient(1));
     backend_->releaseHeld();
     EXPECT_EQ(other.body(), "GET /hold ") << other.story();
     EXPECT_EQ(relay_->connectionCount(), 1U);
 }
 
-TEST_F(HTTP2, ACancelledRequestThatWasAloneReachesTheServerToo) {
+TEST_F(HTTP2, CancellingTheOnlyRequestReachesTheServer) {
     serve(patient(backend_));
     ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
     const Loaded cancelled;
@@ -184,7 +184,7 @@ TEST_F(HTTP2, ACancelledRequestThatWasAloneReachesTheServerToo) {
     EXPECT_EQ(load(*session_, request("/after", 5, "POST")).status(), 200);
 }
 
-TEST_F(HTTP2, AConnectionWithARequestThatTookThePlaceOfACancelledOneIsKept) {
+TEST_F(HTTP2, AConnectionIsKeptIfANewRequestReplacesACancelledOne) {
     serve(patient(backend_));
     ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
     const Loaded cancelled;
@@ -195,7 +195,7 @@ TEST_F(HTTP2, AConnectionWithARequestThatTookThePlaceOfACancelledOneIsKept) {
     EXPECT_EQ(cancelled.code(), URLErrorCode::cancelled);
     const Loaded other = startLoad(*session_, request("/hold"));
     ASSERT_TRUE(backend_->waitForRequests(3));
-    // Longer than a connection without a request is kept.
+    // Longer than a connection without requests is kept open.
     FaultServer stalling([](FaultConnection& connection) {
         if (connection.readRequest()) connection.stall();
     });
@@ -207,7 +207,7 @@ TEST_F(HTTP2, AConnectionWithARequestThatTookThePlaceOfACancelledOneIsKept) {
     EXPECT_EQ(relay_->connectionCount(), 1U);
 }
 
-TEST_F(HTTP2, ARequestThatTakesThePlaceOfACancelledOneUsesItsConnection) {
+TEST_F(HTTP2, ARequestThatReplacesACancelledOneUsesItsConnection) {
     serve(patient(backend_));
     ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
     for (std::size_t i = 0; i < 5; ++i) {
@@ -217,22 +217,22 @@ TEST_F(HTTP2, ARequestThatTakesThePlaceOfACancelledOneUsesItsConnection) {
         ASSERT_TRUE(backend_->waitForRequests(2 + 2 * i));
         task->cancel();
         EXPECT_EQ(load(*session_, url("/next")).status(), 200);
-        EXPECT_TRUE(backend_->waitForClosedByClient(1 + i)) << "the reset went along";
+        EXPECT_TRUE(backend_->waitForClosedByClient(1 + i)) << "the reset was sent";
     }
     EXPECT_EQ(relay_->connectionCount(), 1U);
 }
 
-TEST_F(HTTP2, ATimeOutLeavesALiveConnectionToTheOthers) {
+TEST_F(HTTP2, ATimeoutDoesNotAffectTheOthersOnALiveConnection) {
     serve(patient(backend_));
     ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
     const Loaded patientOne = startLoad(*session_, request("/hold"));
     ASSERT_TRUE(backend_->waitForRequests(2));
     EXPECT_EQ(load(*session_, request("/never", 0.2)).code(), URLErrorCode::timedOut);
     backend_->releaseHeld();
-    EXPECT_EQ(patientOne.body(), "GET /hold ") << "its time was not up: " << patientOne.story();
+    EXPECT_EQ(patientOne.body(), "GET /hold ") << "it had not timed out: " << patientOne.story();
 }
 
-TEST_F(HTTP2, ABodyThatTricklesLivesBesideOneThatStalls) {
+TEST_F(HTTP2, ASlowBodyArrivesWhileAnotherStalls) {
     serve([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             connection.send("HTTP/1.1 200 OK\r\nContent-Length: 20\r\n\r\n");
@@ -251,7 +251,7 @@ TEST_F(HTTP2, ABodyThatTricklesLivesBesideOneThatStalls) {
     EXPECT_EQ(relay_->connectionCount(), 1U);
 }
 
-TEST_F(HTTP2, AStalledRequestDoesNotEndAConnectionOnWhichOthersMove) {
+TEST_F(HTTP2, AStalledRequestDoesNotEndAnActiveConnection) {
     serve(patient(backend_));
     ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
     const Loaded stalled = startLoad(*session_, request("/never", 0.6));
@@ -261,12 +261,12 @@ TEST_F(HTTP2, AStalledRequestDoesNotEndAConnectionOnWhichOthersMove) {
     EXPECT_EQ(relay_->connectionCount(), 1U);
 }
 
-TEST_F(HTTP2, ADeadConnectionIsGivenUpWithTheRequestThatFoundItDead) {
+TEST_F(HTTP2, ADeadConnectionIsClosedWithTheRequestThatDetectedIt) {
     serve(patient(backend_));
     ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
     relay_->freeze();
     EXPECT_EQ(load(*session_, request("/lost", 0.3)).code(), URLErrorCode::timedOut);
-    EXPECT_TRUE(relay_->waitForClosedByClient(1)) << "its socket is shut down";
+    EXPECT_TRUE(relay_->waitForClosedByClient(1)) << "its socket was shut down";
     for (const char* method : {"POST", "GET"}) {
         const Loaded loaded = load(*session_, request("/next", 5, method));
         EXPECT_EQ(loaded.status(), 200) << loaded.story();
@@ -274,7 +274,7 @@ TEST_F(HTTP2, ADeadConnectionIsGivenUpWithTheRequestThatFoundItDead) {
     EXPECT_EQ(relay_->connectionCount(), 2U);
 }
 
-TEST_F(HTTP2, ADeadColdConnectionIsGivenUpToo) {
+TEST_F(HTTP2, ADeadUnusedConnectionIsClosed) {
     serve(patient(backend_));
     EXPECT_EQ(load(*session_, request("/never", 0.4)).code(), URLErrorCode::timedOut);
     EXPECT_TRUE(relay_->waitForClosedByClient(1));
@@ -282,7 +282,7 @@ TEST_F(HTTP2, ADeadColdConnectionIsGivenUpToo) {
     EXPECT_EQ(relay_->connectionCount(), 2U);
 }
 
-TEST_F(HTTP2, NewRequestsAvoidAConnectionThatSeemsDeadWhileOthersWaitOnIt) {
+TEST_F(HTTP2, NewRequestsAvoidASuspectConnectionWhileOthersWaitOnIt) {
     serve(patient(backend_));
     ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
     relay_->freeze();
@@ -292,12 +292,12 @@ TEST_F(HTTP2, NewRequestsAvoidAConnectionThatSeemsDeadWhileOthersWaitOnIt) {
         const Loaded loaded = load(*session_, request("/next", 2));
         EXPECT_EQ(loaded.status(), 200) << loaded.story();
     }
-    EXPECT_EQ(waiting.calls(), 0) << "it keeps its time";
+    EXPECT_EQ(waiting.calls(), 0) << "its timeout is unchanged";
     EXPECT_EQ(waiting.code(), URLErrorCode::timedOut);
     EXPECT_TRUE(relay_->waitForClosedByClient(1));
 }
 
-TEST_F(HTTP2, AServerThatGoesAwayLosesTheConnection) {
+TEST_F(HTTP2, AServerThatDisconnectsLosesTheConnection) {
     serve(patient(backend_));
     ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
     const Loaded post = startLoad(*session_, request("/never", 30, "POST"));
@@ -306,7 +306,7 @@ TEST_F(HTTP2, AServerThatGoesAwayLosesTheConnection) {
     EXPECT_EQ(post.code(), URLErrorCode::networkConnectionLost) << post.story();
 }
 
-TEST_F(HTTP2, ABodyThatIsCutShortIsLost) {
+TEST_F(HTTP2, ATruncatedBodyIsALostConnection) {
     serve([](FaultConnection& connection) {
         if (!connection.readRequest()) return;
         connection.send("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\nonly this");
@@ -317,7 +317,7 @@ TEST_F(HTTP2, ABodyThatIsCutShortIsLost) {
     EXPECT_EQ(loaded.data(), std::nullopt);
 }
 
-TEST_F(HTTP2, AHeadOfTooManyLinesFailsAndLeavesTheConnectionToOthers) {
+TEST_F(HTTP2, AHeadWithTooManyLinesFailsAndTheConnectionIsKept) {
     serve([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             std::string lines;
@@ -333,7 +333,7 @@ TEST_F(HTTP2, AHeadOfTooManyLinesFailsAndLeavesTheConnectionToOthers) {
     EXPECT_EQ(relay_->connectionCount(), 1U);
 }
 
-TEST_F(HTTP2, AnswersThatAreNotDeliveredStopTheReadingAndLaterAllArrive) {
+TEST_F(HTTP2, UndeliveredResponsesStopReadingAndLaterAllArrive) {
     constexpr std::size_t size = 512 * 1024;
     configuration_.limits.maxUndeliveredBytes = 4 * size;
     serve(always(answer(200, std::string(size, 'x'))));
@@ -341,9 +341,9 @@ TEST_F(HTTP2, AnswersThatAreNotDeliveredStopTheReadingAndLaterAllArrive) {
     std::unique_lock lock(blockade);
     session_->delegateQueue().async([&blockade] { const std::lock_guard wait(blockade); });
     std::vector<Loaded> loads;
-    // A load that is paused, or whose connection is, uses no idle time.
+    // The idle timeout does not run while a load or its connection is paused.
     for (int i = 0; i < 60; ++i) loads.push_back(startLoad(*session_, request("/", 4)));
-    // It takes longer than their idle time.
+    // This takes longer than their idle timeout.
     FaultServer stalling([](FaultConnection& connection) {
         if (connection.readRequest()) connection.stall();
     });
@@ -357,7 +357,7 @@ TEST_F(HTTP2, AnswersThatAreNotDeliveredStopTheReadingAndLaterAllArrive) {
     EXPECT_EQ(load(*session_, request("/")).status(), 200);
 }
 
-TEST_F(HTTP2, CodedBodiesThatExpandTogetherAllArriveWhole) {
+TEST_F(HTTP2, CodedBodiesExpandingAtOnceAllArrive) {
     const std::string text = std::string(2 * 1024 * 1024, 'x') + sampleText(200'000);
     configuration_.limits.maxDecodingRatio = URLSessionLimits::unlimited;
     serve(always(answer(200, gzipped(text), "Content-Encoding: gzip\r\n")));

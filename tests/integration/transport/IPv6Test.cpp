@@ -16,7 +16,7 @@ namespace {
 class IPv6 : public testing::Test {
 protected:
     void SetUp() override {
-        if (!hasIPv6()) GTEST_SKIP() << "this machine has no loopback of IPv6";
+        if (!hasIPv6()) GTEST_SKIP() << "this machine has no IPv6 loopback";
     }
 
     const std::shared_ptr<URLSession> session_ = URLSession::make(URLSessionConfiguration::default_());
@@ -33,7 +33,7 @@ TEST_F(IPv6, RequestsGoToAnAddressInBracketsOnOneConnection) {
     EXPECT_EQ(requests[0].header("host"), "[::1]:" + std::to_string(server.port()));
 }
 
-TEST_F(IPv6, AnAnswerBearsItsAddressInBracketsAndItsHostWithout) {
+TEST_F(IPv6, AResponseHasItsURLWithBracketsAndItsHostWithout) {
     FaultServer server(always(answer(200, "ok")), nullptr, Loopback::v6);
     const Loaded loaded = load(*session_, server.url("/a"));
     ASSERT_NE(loaded.response(), nullptr) << loaded.story();
@@ -41,14 +41,14 @@ TEST_F(IPv6, AnAnswerBearsItsAddressInBracketsAndItsHostWithout) {
     EXPECT_EQ(loaded.response()->url()->host(), "::1");
 }
 
-TEST_F(IPv6, ARedirectMayNameTheAddress) {
+TEST_F(IPv6, ARedirectCanContainAnIPv6Address) {
     FaultServer target(always(answer(200, "there")), nullptr, Loopback::v6);
     FaultServer server(always(answer(302, "", "Location: " + target.url("/x") + "\r\n")), nullptr,
                        Loopback::v6);
     EXPECT_EQ(load(*session_, server.url()).body(), "there");
 }
 
-TEST_F(IPv6, HeadersThatTrickleLiveAlsoOnAConnectionThatIsUsedAgain) {
+TEST_F(IPv6, SlowHeadersArriveOnAReusedConnection) {
     FaultServer server(
         [](FaultConnection& connection) {
             if (!connection.readRequest()) return;
@@ -67,7 +67,7 @@ TEST_F(IPv6, HeadersThatTrickleLiveAlsoOnAConnectionThatIsUsedAgain) {
     EXPECT_EQ(server.connectionCount(), 1U);
 }
 
-TEST_F(IPv6, ACertificateIsHeldToTheAddress) {
+TEST_F(IPv6, ACertificateIsCheckedAgainstTheAddress) {
     const CertificateAuthority root;
     const TemporaryFile roots(root.pem());
     URLSessionConfiguration configuration;

@@ -1,4 +1,4 @@
-// In a program of its own: it replaces the C library's clock, so that no test waits for time to pass.
+// A separate program, since it replaces the C library's clock so that no test has to wait.
 
 #include <VanticRestKit/platform/http/URLSession.h>
 
@@ -17,7 +17,7 @@ using namespace VanticRestKit::test;
 
 namespace {
 
-/// How far the clocks of the process are ahead of those of the system.
+/// The number of seconds that the clocks of the process are ahead of the system.
 std::atomic<time_t> secondsAhead = 0;
 
 }  // namespace
@@ -29,13 +29,13 @@ extern "C" __attribute__((visibility("default"))) int clock_gettime(clockid_t cl
     return static_cast<int>(answer);
 }
 
-TEST(IdleLifetime, AConnectionIdleForLongerIsNotUsedAgain) {
+TEST(IdleLifetime, AConnectionIdleForTooLongIsNotReused) {
     FaultServer server(always(answer(200, "ok")));
     URLSessionConfiguration configuration;
     configuration.idleConnectionLifetime = std::chrono::seconds(10);
     const auto session = URLSession::make(configuration);
     load(*session, server.url());
-    // libcurl counts whole seconds.
+    // libcurl counts in whole seconds.
     secondsAhead += 9;
     load(*session, server.url());
     EXPECT_EQ(server.connectionCount(), 1U);

@@ -20,7 +20,7 @@ namespace {
 
 std::shared_ptr<URLSession> makeSession() { return URLSession::make(URLSessionConfiguration::default_()); }
 
-/// Answers when it is told to.
+/// Answers when the test releases it.
 class HoldingServer {
 public:
     FaultServer& server() { return server_; }
@@ -37,7 +37,7 @@ private:
 
 }  // namespace
 
-TEST(LifeCycle, ASessionThatFinishesEndsWhatIsUnderWayAndStartsNothingMore) {
+TEST(LifeCycle, AFinishingSessionCompletesRunningTasksAndStartsNoMore) {
     HoldingServer holding;
     const auto session = makeSession();
     const Loaded before = startLoad(*session, requestOf(holding.server().url()));
@@ -51,7 +51,7 @@ TEST(LifeCycle, ASessionThatFinishesEndsWhatIsUnderWayAndStartsNothingMore) {
     EXPECT_EQ(holding.server().requests().size(), 1U);
 }
 
-TEST(LifeCycle, ASessionThatIsInvalidatedCancelsWhatIsUnderWayAndWhatWaits) {
+TEST(LifeCycle, AnInvalidatedSessionCancelsRunningAndWaitingTasks) {
     HoldingServer holding;
     const auto session = makeSession();
     std::vector<Loaded> loads;
@@ -63,7 +63,7 @@ TEST(LifeCycle, ASessionThatIsInvalidatedCancelsWhatIsUnderWayAndWhatWaits) {
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.calls(), 1);
 }
 
-TEST(LifeCycle, IdleConnectionsAreClosedAndTheOthersLeftAlone) {
+TEST(LifeCycle, OnlyIdleConnectionsAreClosed) {
     HoldingServer holding;
     FaultServer idle(always(answer(200, "idle")));
     const auto session = makeSession();
@@ -78,7 +78,7 @@ TEST(LifeCycle, IdleConnectionsAreClosedAndTheOthersLeftAlone) {
     EXPECT_EQ(busy.body(), "late");
 }
 
-TEST(LifeCycle, AConnectionMadeAheadServesTheNextRequest) {
+TEST(LifeCycle, APreparedConnectionServesTheNextRequest) {
     const CertificateAuthority root;
     const TemporaryFile file(root.pem());
     const Identity identity = root.issue();
@@ -103,7 +103,7 @@ TEST(LifeCycle, AConnectionMadeAheadServesTheNextRequest) {
     }
 }
 
-TEST(LifeCycle, AConnectionAheadToNowhereIsNotTold) {
+TEST(LifeCycle, AFailedPreparedConnectionIsNotReported) {
     const auto session = makeSession();
     session->preconnect(*URL::make("http://127.0.0.1:" + std::to_string(unusedPort()) + "/"));
     session->preconnect(*URL::make("ftp://127.0.0.1/"));
@@ -111,7 +111,7 @@ TEST(LifeCycle, AConnectionAheadToNowhereIsNotTold) {
     EXPECT_EQ(load(*session, server.url()).body(), "ok");
 }
 
-TEST(LifeCycle, ATaskTellsHowManyBytesHaveComeAndHowManyWill) {
+TEST(LifeCycle, ATaskReportsReceivedAndExpectedBytes) {
     FaultServer* reached = nullptr;
     FaultServer server([&reached](FaultConnection& connection) {
         while (connection.readRequest()) {
@@ -142,13 +142,13 @@ TEST(LifeCycle, ATaskTellsHowManyBytesHaveComeAndHowManyWill) {
 }
 
 TEST(LifeCycle, ARequestWaitsForConnectivityIfItsSessionDoes) {
-    // A port that is bound and does not listen refuses connections until it does.
+    // A bound port refuses connections until it listens.
     auto [listener, port] = bindOnLoopback();
     URLSessionConfiguration configuration;
     configuration.waitsForConnectivity = true;
     const auto session = URLSession::make(configuration);
     const Loaded loaded = startLoad(*session, requestOf("http://127.0.0.1:" + std::to_string(port) + "/"));
-    // The port refuses connections meanwhile, as a session that does not wait finds out.
+    // The port still refuses connections, as a session that does not wait shows.
     EXPECT_EQ(load(*makeSession(), "http://127.0.0.1:" + std::to_string(port) + "/").code(),
               URLErrorCode::cannotConnectToHost);
     EXPECT_EQ(loaded.calls(), 0);
@@ -160,7 +160,7 @@ TEST(LifeCycle, ARequestWaitsForConnectivityIfItsSessionDoes) {
     EXPECT_EQ(loaded.body(), "at last") << loaded.story();
 }
 
-TEST(LifeCycle, ARequestWaitsForConnectivityNoLongerThanTheSessionSays) {
+TEST(LifeCycle, ARequestWaitsForConnectivityNoLongerThanTheSessionAllows) {
     URLSessionConfiguration configuration;
     configuration.waitsForConnectivity = true;
     configuration.connectivityTimeout = std::chrono::milliseconds(150);
@@ -177,7 +177,7 @@ TEST(LifeCycle, ARequestThatWaitsForConnectivityCanBeCancelled) {
     const auto task = session->dataTask(requestOf("http://127.0.0.1:" + std::to_string(unusedPort()) + "/"),
                                         loaded.completion());
     task->resume();
-    // By then the first attempt of the other has failed.
+    // By now the first attempt of the other load has failed.
     load(*makeSession(), "http://127.0.0.1:" + std::to_string(unusedPort()) + "/");
     task->cancel();
     EXPECT_EQ(loaded.code(), URLErrorCode::cancelled);

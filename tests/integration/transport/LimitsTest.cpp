@@ -14,12 +14,12 @@ using namespace VanticRestKit::test;
 
 namespace {
 
-// The code for what is larger than a limit of the session.
+// The code for data that exceeds a limit of the session.
 constexpr std::int64_t tooLarge = -1103;
 
 std::shared_ptr<URLSession> makeSession() { return URLSession::make(URLSessionConfiguration::default_()); }
 
-/// What becomes of a GET that is answered with `beginning` and then with `piece` without end.
+/// The outcome of a GET that is answered with `beginning` and then endlessly with `piece`.
 Loaded loadOfEndless(const std::string& beginning, const std::string& piece) {
     FaultServer server([&](FaultConnection& connection) {
         if (!connection.readRequest() || !connection.send(beginning)) return;
@@ -36,10 +36,10 @@ std::string reason(const Loaded& loaded) {
     return found == info.end() ? std::string() : std::string(*found->second.text());
 }
 
-/// Opens descriptors until the process may have no more, and closes them at its end.
+/// Opens descriptors until the process reaches its limit. Closes them in the destructor.
 class NoDescriptorsLeft {
 public:
-    /// Leaves `spare` of them.
+    /// Leaves `spare` descriptors free.
     explicit NoDescriptorsLeft(std::size_t spare) {
         getrlimit(RLIMIT_NOFILE, &before_);
         rlimit few = before_;
@@ -63,7 +63,7 @@ private:
 
 }  // namespace
 
-TEST(Limits, AHeadOfTooManyLinesFails) {
+TEST(Limits, AHeadWithTooManyLinesFails) {
     std::string head = "HTTP/1.1 200 OK\r\n";
     for (int i = 0; i < 20'000; ++i) head += "h" + std::to_string(i) + ":\r\n";
     FaultServer server(always(head + "Content-Length: 0\r\n\r\n"));
@@ -73,8 +73,8 @@ TEST(Limits, AHeadOfTooManyLinesFails) {
     EXPECT_EQ(reason(loaded), "The answer has more than 1000 header lines (maxHeadLines).");
 }
 
-TEST(Limits, AHeaderLineThatIsTooLongFails) {
-    // The second is longer than what libcurl itself takes.
+TEST(Limits, ATooLongHeaderLineFails) {
+    // The second exceeds libcurl's own limit.
     for (const std::size_t length : {std::size_t{80'000}, std::size_t{300'000}}) {
         FaultServer server(always(answer(200, "", "X: " + std::string(length, 'x') + "\r\n")));
         const Loaded loaded = load(*makeSession(), server.url());
@@ -85,21 +85,21 @@ TEST(Limits, AHeaderLineThatIsTooLongFails) {
     }
 }
 
-TEST(Limits, AHeadThatIsTooLargeFails) {
+TEST(Limits, ATooLargeHeadFails) {
     const Loaded loaded = loadOfEndless("HTTP/1.1 200 OK\r\n", "X: " + std::string(8000, 'x') + "\r\n");
     ASSERT_TRUE(loaded.error().has_value());
     EXPECT_EQ(loaded.error()->code(), tooLarge) << loaded.story();
     EXPECT_EQ(reason(loaded), "The headers of the answer are larger than 256 KB (maxHeadBytes).");
 }
 
-TEST(Limits, InterimAnswersWithoutEndFail) {
+TEST(Limits, EndlessInterimResponsesFail) {
     const Loaded loaded = loadOfEndless("", "HTTP/1.1 103 Early Hints\r\nX: 1\r\n\r\n");
     ASSERT_TRUE(loaded.error().has_value());
     EXPECT_EQ(loaded.error()->code(), tooLarge) << loaded.story();
     EXPECT_EQ(reason(loaded), "The answer has more than 32 interim answers (maxInterimAnswers).");
 }
 
-TEST(Limits, TrailersWithoutEndFail) {
+TEST(Limits, EndlessTrailersFail) {
     const Loaded loaded =
         loadOfEndless("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\nab\r\n0\r\n",
                       "X: " + std::string(1000, 'x') + "\r\n");

@@ -1,4 +1,4 @@
-// In a program of its own: it replaces the C library's look-up of names, so that none leaves the machine.
+// A separate program, since it replaces the C library's name lookup so that no query leaves the machine.
 
 #include <VanticRestKit/platform/http/URLSession.h>
 
@@ -24,7 +24,7 @@ using namespace VanticRestKit::test;
 
 namespace {
 
-/// What the replaced look-up does, and what it has seen.
+/// The behaviour of the replaced lookup, and its counts.
 struct Resolver {
     std::mutex mutex;
     std::condition_variable changed;
@@ -101,7 +101,7 @@ std::string urlOf(const std::string& host, const FaultServer& server) {
 class Lookups : public testing::Test {
 protected:
     void SetUp() override {
-        // Else the names of these tests would be asked of the network.
+        // Otherwise the names of these tests would be looked up in the network.
         ASSERT_EQ(dlsym(RTLD_DEFAULT, "getaddrinfo"), reinterpret_cast<void*>(&getaddrinfo));
         resolver().hold(false);
     }
@@ -113,7 +113,7 @@ protected:
 
 }  // namespace
 
-TEST_F(Lookups, NoMoreAreUnderWayThanTheLimitAllows) {
+TEST_F(Lookups, NoMoreRunThanTheLimitAllows) {
     resolver().hold(true);
     std::vector<Loaded> loads;
     for (int i = 0; i < 100; ++i) {
@@ -121,14 +121,14 @@ TEST_F(Lookups, NoMoreAreUnderWayThanTheLimitAllows) {
             startLoad(*session_, requestOf(urlOf("host" + std::to_string(i) + ".test", server_))));
     }
     ASSERT_TRUE(resolver().waitForLookups(16));
-    // An address needs none, and so has a free way.
+    // An IP address needs no lookup, so it is not held up.
     EXPECT_EQ(load(*session_, server_.url()).body(), "found");
     resolver().release();
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "found") << loaded.story();
     EXPECT_EQ(resolver().most(), 16U);
 }
 
-TEST_F(Lookups, OneThatFailsMakesWayForTheNext) {
+TEST_F(Lookups, AFailedLookupFreesItsSlot) {
     URLSessionConfiguration configuration;
     configuration.limits.maxNameLookups = 1;
     const auto session = URLSession::make(configuration);
@@ -139,7 +139,7 @@ TEST_F(Lookups, OneThatFailsMakesWayForTheNext) {
     EXPECT_EQ(resolver().most(), 1U);
 }
 
-TEST_F(Lookups, OneThatIsGivenUpMakesWayForTheNext) {
+TEST_F(Lookups, AnAbandonedLookupFreesItsSlot) {
     URLSessionConfiguration configuration;
     configuration.limits.maxNameLookups = 1;
     const auto session = URLSession::make(configuration);
@@ -150,7 +150,7 @@ TEST_F(Lookups, OneThatIsGivenUpMakesWayForTheNext) {
     task->resume();
     ASSERT_TRUE(resolver().waitForLookups(1));
     const Loaded next = startLoad(*session, requestOf(urlOf("next.test", server_)));
-    EXPECT_EQ(load(*session, urlOf("known.test", server_)).body(), "found") << "its address is known";
+    EXPECT_EQ(load(*session, urlOf("known.test", server_)).body(), "found") << "its address is cached";
     EXPECT_EQ(resolver().most(), 1U);
     task->cancel();
     EXPECT_EQ(stuck.code(), URLErrorCode::cancelled);

@@ -15,7 +15,7 @@ using namespace VanticRestKit::test;
 
 namespace {
 
-/// How many threads of this process bear a name of the transport.
+/// The number of threads of this process that belong to the transport.
 int threadsOfTheTransport() {
     int count = 0;
     DIR* const folder = opendir("/proc/self/task");
@@ -28,7 +28,7 @@ int threadsOfTheTransport() {
     return count;
 }
 
-/// Loads `count` addresses of loopback that refuse connections, all at once.
+/// Loads from `count` loopback addresses that refuse connections, all at once.
 void loadRefusedAddresses(int count) {
     const auto session = URLSession::make(URLSessionConfiguration::default_());
     const std::string end = ":" + std::to_string(unusedPort()) + "/";

@@ -22,16 +22,16 @@ constexpr std::size_t megabyte = 1024 * 1024;
 
 class Memory : public testing::Test {
 protected:
-    // Each process begins anew, so that no thread is lost in a fork.
+    // Each process starts from the beginning, so that no thread is lost in a fork.
     void SetUp() override {
 #ifdef VRK_IS_SANITIZED
-        GTEST_SKIP() << "a sanitizer needs the address space that this test takes away";
+        GTEST_SKIP() << "a sanitizer needs the address space that this test limits";
 #endif
         GTEST_FLAG_SET(death_test_style, "threadsafe");
     }
 };
 
-/// Leaves the process no more than `size` bytes besides what it has now.
+/// Limits the process to its current memory plus `size` bytes.
 void limitMemory(std::size_t size) {
     std::size_t pages = 0;
     std::FILE* const file = std::fopen("/proc/self/statm", "re");
@@ -43,8 +43,8 @@ void limitMemory(std::size_t size) {
     setrlimit(RLIMIT_AS, &limit);
 }
 
-/// Ends the process with 0 if a body of `coding` without end, made of `piece` over and over, fails as it should, and
-/// the session loads on afterwards.
+/// Exits with 0 if an endless body with `coding`, made of repeated `piece`, fails as expected and the session still
+/// works afterwards.
 [[noreturn]] void loadWithLittleMemory(const std::string& coding, const std::string& piece) {
     const std::string head = "HTTP/1.1 200 OK\r\n" + coding + "\r\n";
     FaultServer server([&](FaultConnection& connection) {
@@ -71,7 +71,7 @@ void limitMemory(std::size_t size) {
     std::_Exit(load(*session, server.url()).body() == "small" ? 0 : 2);
 }
 
-/// A figure of the process in KB, such as its largest size in memory, "VmHWM".
+/// A value from the status of the process in KB, such as its peak memory, "VmHWM".
 std::size_t kilobytesOf(const std::string& name) {
     std::ifstream status("/proc/self/status");
     for (std::string line; std::getline(status, line);) {
@@ -80,7 +80,7 @@ std::size_t kilobytesOf(const std::string& name) {
     std::abort();
 }
 
-/// What the process takes for a while beyond `size` and what it had before, in KB, when it loads a body of that size.
+/// Measures the peak memory of the process, in KB, while it loads a body.
 struct Peak {
     std::size_t before = kilobytesOf("VmRSS");
 
@@ -90,12 +90,12 @@ struct Peak {
         return peak <= before + (size + constant) / 1024;
     }
 
-    /// For threads, buffers of sockets, and what a decoder keeps.
+    /// For threads, socket buffers and the state of a decoder.
     static constexpr std::size_t constant = 16 * megabyte;
 };
 
-/// Ends the process with 0 if a body that fills the limit arrives, and one without end fails, and neither takes more
-/// memory than the limit and a constant. `head` is that of the answer; `piece`, over and over, its body on the wire.
+/// Exits with 0 if a body that fills the limit arrives, an endless one fails, and neither needs more memory than the
+/// limit plus a constant. `head` is the head of the response, and repeated `piece` its body on the wire.
 [[noreturn]] void loadUpToTheLimit(const std::string& head, const std::string& piece, std::size_t pieces) {
     FaultServer server([&](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
@@ -124,21 +124,21 @@ struct Peak {
 
 }  // namespace
 
-TEST_F(Memory, ABodyTakesNoMoreThanItsLimitAndAConstant) {
+TEST_F(Memory, ABodyNeedsNoMoreThanItsLimitPlusAConstant) {
     EXPECT_EXIT(loadUpToTheLimit("", std::string(megabyte, 'x'), 96), testing::ExitedWithCode(0), "");
 }
 
-TEST_F(Memory, ACodedBodyTakesNoMoreThanItsLimitAndAConstant) {
+TEST_F(Memory, ACodedBodyNeedsNoMoreThanItsLimitPlusAConstant) {
     EXPECT_EXIT(loadUpToTheLimit("Content-Encoding: gzip\r\n", gzipped(sampleText(megabyte)), 96),
                 testing::ExitedWithCode(0), "");
 }
 
-TEST_F(Memory, ABodyThatCannotBeHeldEndsItsLoadAndNotTheProcess) {
+TEST_F(Memory, ABodyTooLargeForMemoryFailsItsLoadNotTheProcess) {
     EXPECT_EXIT(loadWithLittleMemory("", std::string(megabyte, 'x')), testing::ExitedWithCode(0), "");
 }
 
-TEST_F(Memory, ACodedBodyThatCannotBeHeldEndsItsLoadAndNotTheProcess) {
-    // Files of gzip that follow each other, a megabyte each.
+TEST_F(Memory, ACodedBodyTooLargeForMemoryFailsItsLoadNotTheProcess) {
+    // Concatenated gzip files of one megabyte each.
     EXPECT_EXIT(loadWithLittleMemory("Content-Encoding: gzip\r\n", gzipped(std::string(megabyte, 'x'))),
                 testing::ExitedWithCode(0), "");
 }

@@ -24,11 +24,11 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Duration = RequestMetrics::Duration;
 
-/// A load and its records. They are complete when the load has ended.
+/// A load and its metrics, which are complete when the load has ended.
 struct Recorded {
     Loaded loaded{};
     std::shared_ptr<std::vector<RequestMetrics>> records = std::make_shared<std::vector<RequestMetrics>>();
-    /// How many records there were when the completion ran.
+    /// The number of records when the completion ran.
     std::shared_ptr<std::size_t> recordsAtEnd = std::make_shared<std::size_t>(0);
 
     std::shared_ptr<URLSessionDataTask> task(URLSession& session, URLRequest request) const {
@@ -41,7 +41,7 @@ struct Recorded {
         return session.dataTask(std::move(request), std::move(completion),
                                 [all = records](const RequestMetrics& each) { all->push_back(each); });
     }
-    /// The one record of a load that must have ended.
+    /// The only record of a load, which must have ended.
     const RequestMetrics& only() const {
         static const RequestMetrics none;
         EXPECT_TRUE(loaded.wait());
@@ -71,7 +71,7 @@ std::shared_ptr<URLSession> makeSession(std::int64_t connections = 6) {
 
 }  // namespace
 
-TEST(Metrics, SayWhatWasAskedForAndHowItEnded) {
+TEST(Metrics, RecordTheRequestAndItsOutcome) {
     FaultServer server(always(answer(404, "none")));
     const auto session = makeSession();
     const Recorded made = recorded(*session, requestOf(server.url("/a?b=c"), "DELETE"));
@@ -87,7 +87,7 @@ TEST(Metrics, SayWhatWasAskedForAndHowItEnded) {
     EXPECT_GT(record.total, Duration::zero());
 }
 
-TEST(Metrics, TellANewConnectionFromOneThatIsUsedAgain) {
+TEST(Metrics, DistinguishNewAndReusedConnections) {
     FaultServer server(always(answer(200, "ok")));
     const auto session = makeSession();
     const Recorded first = recorded(*session, requestOf(server.url()));
@@ -103,7 +103,7 @@ TEST(Metrics, TellANewConnectionFromOneThatIsUsedAgain) {
     EXPECT_EQ(server.connectionCount(), 1U);
 }
 
-TEST(Metrics, CountTheTimeInWhichTheServerThinks) {
+TEST(Metrics, MeasureTheTimeOfTheServer) {
     std::atomic<Duration::rep> thought = 0;
     FaultServer server([&thought](FaultConnection& connection) {
         if (!connection.readRequest()) return;
@@ -116,13 +116,13 @@ TEST(Metrics, CountTheTimeInWhichTheServerThinks) {
     const Recorded made = recorded(*session, requestOf(server.url()));
     const RequestMetrics& record = made.only();
     ASSERT_TRUE(record.firstByte);
-    // libcurl takes the time once in a round, so its clock may be a few milliseconds behind.
+    // libcurl reads the time once per iteration, so its clock may lag by a few milliseconds.
     EXPECT_GE(*record.firstByte, Duration(thought.load() / 2));
     EXPECT_GE(record.total, record.queued + *record.connect + *record.firstByte);
-    EXPECT_LT(*record.connect, 500ms) << "the server's time is no time of connecting";
+    EXPECT_LT(*record.connect, 500ms) << "the server's time does not count as connection time";
 }
 
-TEST(Metrics, CountTheTimeInTheQueue) {
+TEST(Metrics, MeasureTheTimeInTheQueue) {
     std::atomic<Clock::rep> answered = 0;
     FaultServer server([&answered](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
@@ -145,7 +145,7 @@ TEST(Metrics, CountTheTimeInTheQueue) {
     EXPECT_LT(first.only().queued, 500ms);
 }
 
-TEST(Metrics, CountTheBytesOnTheWireAndTheDecodedOnes) {
+TEST(Metrics, CountBytesOnTheWireAndDecodedBytes) {
     const std::string text = sampleText(20'000);
     const std::string body = gzipped(text);
     const std::string whole = answer(200, body, "Content-Encoding: gzip\r\n");
@@ -168,7 +168,7 @@ TEST(Metrics, CountTheBodyThatWasSent) {
     }
 }
 
-TEST(Metrics, EachRequestOfARedirectHasARecord) {
+TEST(Metrics, EachRequestOfARedirectIsRecorded) {
     FaultServer server([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             const bool isFirst = request->target == "/from";
@@ -194,7 +194,7 @@ TEST(Metrics, EachRequestOfARedirectHasARecord) {
     EXPECT_EQ(second.bodyBytesDecoded, 4);
 }
 
-TEST(Metrics, ARedirectThatIsNotFollowedSaysWhy) {
+TEST(Metrics, ARedirectThatIsNotFollowedStatesTheReason) {
     FaultServer server(always(answer(302, "", "Location: ftp://127.0.0.1/\r\n")));
     const auto session = makeSession();
     const Recorded made = recorded(*session, requestOf(server.url()));
@@ -215,7 +215,7 @@ TEST(Metrics, ARequestThatCannotBeSentHasARecord) {
     EXPECT_FALSE(made.only().isNewConnection);
 }
 
-TEST(Metrics, AServerThatIsNotThereHasARecord) {
+TEST(Metrics, AnAbsentServerHasARecord) {
     std::uint16_t port = 0;
     {
         FaultServer gone(always(answer(200, "ok")));
@@ -231,7 +231,7 @@ TEST(Metrics, AServerThatIsNotThereHasARecord) {
     EXPECT_EQ(record.bodyBytesReceived, 0);
 }
 
-TEST(Metrics, ACancelledRequestHasARecordOfWhatItDid) {
+TEST(Metrics, ACancelledRequestHasARecordOfItsProgress) {
     FaultServer server([](FaultConnection& connection) {
         if (!connection.readRequest()) return;
         connection.send("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nsome of it");
@@ -250,7 +250,7 @@ TEST(Metrics, ACancelledRequestHasARecordOfWhatItDid) {
     EXPECT_GE(record.total, *record.connect);
 }
 
-TEST(Metrics, ATaskThatIsCancelledBeforeItsStartHasARecord) {
+TEST(Metrics, ATaskCancelledBeforeItsStartHasARecord) {
     const auto session = makeSession();
     const Recorded made;
     made.task(*session, requestOf("http://127.0.0.1:1/"))->cancel();
@@ -276,7 +276,7 @@ TEST(Metrics, EachSubscriptionOfAPublisherIsRecorded) {
     EXPECT_EQ(records.size(), 2U);
 }
 
-TEST(Metrics, TellTheTimeForTLSAndTheProtocol) {
+TEST(Metrics, IncludeTheTimeForTLSAndTheProtocol) {
     const CertificateAuthority root;
     const TemporaryFile bundle(root.pem());
     URLSessionConfiguration configuration;
@@ -296,7 +296,7 @@ TEST(Metrics, TellTheTimeForTLSAndTheProtocol) {
     EXPECT_EQ(second.only().protocol, "h2");
 }
 
-TEST(Metrics, TellAnswersOfTheCacheFromThoseOfTheServer) {
+TEST(Metrics, DistinguishResponsesOfTheCacheAndTheServer) {
     FaultServer server([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             if (request->has("if-none-match")) {

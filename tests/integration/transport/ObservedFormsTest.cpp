@@ -117,7 +117,7 @@ TEST(ObservedForms, ARecordComesBeforeTheCompletion) {
     EXPECT_EQ(host.requests()[0].status, 503);
 }
 
-TEST(ObservedForms, ACancelledLoadAndOneThatIsLateHaveARecord) {
+TEST(ObservedForms, ACancelledLoadAndALateOneHaveARecord) {
     FaultServer server(stall);
     const Host host(server);
     {
@@ -139,7 +139,7 @@ TEST(ObservedForms, ACancelledLoadAndOneThatIsLateHaveARecord) {
     }
 }
 
-TEST(ObservedForms, ARedirectToAnAddressWithASecretIsRedacted) {
+TEST(ObservedForms, ARedirectToAURLWithASecretIsRedacted) {
     FaultServer server([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             const bool isFirst = request->target.starts_with("/p");
@@ -154,7 +154,7 @@ TEST(ObservedForms, ARedirectToAnAddressWithASecretIsRedacted) {
     EXPECT_EQ(host.requests()[1].redirects, 1);
 }
 
-TEST(ObservedForms, ASignInPageIsAFailureToDecode) {
+TEST(ObservedForms, ASignInPageIsADecodingFailure) {
     FaultServer server(always(answer(200, "<html>Sign in</html>")));
     const Host host(server);
     EXPECT_FALSE(host.resource().wait());
@@ -166,7 +166,7 @@ TEST(ObservedForms, ASignInPageIsAFailureToDecode) {
     EXPECT_FALSE(host.requests()[0].error) << "the request itself succeeded";
 }
 
-TEST(ObservedForms, ALoadThatWaitsInTheQueueOfItsOriginIsTold) {
+TEST(ObservedForms, ALoadQueuedForItsOriginIsReported) {
     std::unique_ptr<FaultServer> server;
     server = std::make_unique<FaultServer>([&server](FaultConnection& connection) {
         while (connection.readRequest()) {
@@ -190,7 +190,7 @@ TEST(ObservedForms, ALoadThatWaitsInTheQueueOfItsOriginIsTold) {
     ASSERT_TRUE(ended.wait(3));
 
     const auto changes = host.context.recorder->changes();
-    ASSERT_EQ(changes.size(), 4U) << "one of the three waited for nothing";
+    ASSERT_EQ(changes.size(), 4U) << "one of the three did not wait";
     EXPECT_EQ(changes[0].url, server->url("/p?apikey=redacted"));
     EXPECT_EQ(changes[0].progress.state, LoadProgress::State::queued);
     EXPECT_EQ(changes[0].progress.queueLength, 1);

@@ -1,4 +1,4 @@
-// What a load tells of its progress, over real sockets.
+// The progress reports of a load, over real sockets.
 
 #include <VanticRestKit/Core/NetworkServiceble.h>
 #include <VanticRestKit/Core/NetworkSession.h>
@@ -28,16 +28,16 @@ namespace {
 
 constexpr std::size_t length = 20'000;
 
-/// A load and what it tells. What was told is to be read once the load has ended.
+/// A load and its reports. Read them after the load has ended.
 struct Watched {
     Loaded loaded{};
     std::shared_ptr<std::vector<LoadProgress>> told = std::make_shared<std::vector<LoadProgress>>();
-    /// Happens with each report.
+    /// Signalled with each report.
     Event reported{};
 
     ProgressReceiver receiver() const {
         return [told = told, reported = reported, calls = loaded](const LoadProgress& progress) {
-            EXPECT_EQ(calls.calls(), 0) << "told after the completion";
+            EXPECT_EQ(calls.calls(), 0) << "reported after the completion";
             told->push_back(progress);
             reported.signal();
         };
@@ -49,7 +49,7 @@ struct Watched {
     }
 };
 
-/// Sends bytes one by one until `isEnough`, or all but the last one are sent. How many were sent.
+/// Sends bytes one by one until `isEnough` returns true or all but the last are sent. Returns how many were sent.
 std::size_t sendUntil(FaultConnection& connection, const std::function<bool()>& isEnough,
                       const std::function<std::string(std::size_t)>& framed) {
     std::size_t sent = 0;
@@ -60,7 +60,7 @@ std::size_t sendUntil(FaultConnection& connection, const std::function<bool()>& 
     return sent;
 }
 
-/// Answers with a body of known length that comes slowly until `reported` has happened three times.
+/// Answers slowly with a body of known length until `reported` was signalled three times.
 FaultServer::Script measured(Event reported) {
     return [reported](FaultConnection& connection) {
         while (connection.readRequest()) {
@@ -73,7 +73,7 @@ FaultServer::Script measured(Event reported) {
     };
 }
 
-/// The same, chunked.
+/// The same with a chunked body.
 FaultServer::Script unmeasured(Event reported) {
     return [reported](FaultConnection& connection) {
         while (connection.readRequest()) {
@@ -90,7 +90,7 @@ FaultServer::Script unmeasured(Event reported) {
     };
 }
 
-/// Whether the reports grow, and end with all `length` bytes of the body.
+/// Expects that the reported bytes grow and end with all `length` bytes of the body.
 void expectGrowth(const Watched& watched, std::int64_t expected) {
     EXPECT_EQ(watched.loaded.body().size(), length) << watched.loaded.story();
     const auto& told = *watched.told;
@@ -111,7 +111,7 @@ std::shared_ptr<URLSession> sessionWithOneConnection() {
     return URLSession::make(configuration);
 }
 
-/// Answers when it is let go.
+/// Answers after `releaseHeld`.
 FaultServer::Script holding(std::unique_ptr<FaultServer>& server) {
     return [&server](FaultConnection& connection) {
         while (connection.readRequest()) {
@@ -131,7 +131,7 @@ TEST(Progress, GrowsToTheLastByteOfABody) {
     expectGrowth(watched, length);
 }
 
-TEST(Progress, GrowsIfTheLengthIsNotKnown) {
+TEST(Progress, GrowsIfTheLengthIsUnknown) {
     const Watched watched;
     FaultServer server(unmeasured(watched.reported));
     const auto session = URLSession::make({});
@@ -156,7 +156,7 @@ TEST(Progress, GrowsOverHTTP2) {
     }
 }
 
-TEST(Progress, TellsOfAShortLoadOnce) {
+TEST(Progress, ReportsAShortLoadOnce) {
     FaultServer server(always(answer(200, "short")));
     const Watched watched;
     watched.start(*URLSession::make({}), requestOf(server.url()));
@@ -165,7 +165,7 @@ TEST(Progress, TellsOfAShortLoadOnce) {
     EXPECT_EQ(watched.told->back(), (LoadProgress{.bytesReceived = 5, .bytesExpectedToReceive = 5}));
 }
 
-TEST(Progress, DoesNotTellOfTheEndOfABodyThatIsCutShort) {
+TEST(Progress, DoesNotReportTheEndOfATruncatedBody) {
     FaultServer server([](FaultConnection& connection) {
         if (connection.readRequest()) connection.send("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n12345");
     });
@@ -175,7 +175,7 @@ TEST(Progress, DoesNotTellOfTheEndOfABodyThatIsCutShort) {
     EXPECT_TRUE(watched.told->empty());
 }
 
-TEST(Progress, TellsOfTheBodyThatIsSent) {
+TEST(Progress, ReportsTheBodyThatIsSent) {
     FaultServer server(always(answer(200, "")));
     URLRequest request = requestOf(server.url(), "POST");
     request.setHTTPBody(Data(std::string(100'000, 'x')));
@@ -187,7 +187,7 @@ TEST(Progress, TellsOfTheBodyThatIsSent) {
     EXPECT_EQ(watched.told->back().bytesExpectedToSend, 100'000);
 }
 
-TEST(Progress, TellsNothingAfterACancel) {
+TEST(Progress, ReportsNothingAfterACancel) {
     FaultServer server([](FaultConnection& connection) {
         if (!connection.readRequest()) return;
         connection.send("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n");
@@ -195,7 +195,7 @@ TEST(Progress, TellsNothingAfterACancel) {
     });
     const auto session = URLSession::make({});
     const Loaded loaded;
-    // The delegate queue alone touches them until the completion.
+    // Used only on the delegate queue until the completion.
     std::shared_ptr<URLSessionDataTask> task;
     int reports = 0;
     task = session->dataTask(requestOf(server.url()), loaded.completion(), {}, [&](const LoadProgress&) {
@@ -207,7 +207,7 @@ TEST(Progress, TellsNothingAfterACancel) {
     EXPECT_EQ(reports, 1);
 }
 
-TEST(Progress, SaysHowManyLoadsWaitForAConnection) {
+TEST(Progress, ReportsHowManyLoadsWaitForAConnection) {
     std::unique_ptr<FaultServer> server;
     server = std::make_unique<FaultServer>(holding(server));
     const auto session = sessionWithOneConnection();
@@ -233,7 +233,7 @@ TEST(Progress, SaysHowManyLoadsWaitForAConnection) {
 
 namespace {
 
-/// A resource that is loaded over `session`.
+/// A resource loaded with `session`.
 Resource<double> resourceOver(const std::shared_ptr<URLSession>& session, const std::string& url) {
     return Resource<double>(ResourceArguments::Service{
         .withService = NetworkServiceble::make(
@@ -243,7 +243,7 @@ Resource<double> resourceOver(const std::shared_ptr<URLSession>& session, const 
 
 }  // namespace
 
-TEST(Progress, OfAResourceIsToldOnTheQueueOfItsOptions) {
+TEST(Progress, OfAResourceIsReportedOnTheQueueOfItsOptions) {
     std::unique_ptr<FaultServer> server;
     server = std::make_unique<FaultServer>(holding(server));
     const auto session = sessionWithOneConnection();
@@ -278,7 +278,7 @@ TEST(Progress, OfAResourceEndsWithItsHandle) {
         const Cancellable load =
             resourceOver(session, server->url())
                 .start({.progress = [reported](const LoadProgress&) { reported.signal(); }},
-                       [](const auto&) { ADD_FAILURE() << "the load was dropped"; });
+                       [](const auto&) { ADD_FAILURE() << "the load was cancelled"; });
         ASSERT_TRUE(reported.wait(1));
     }
     server->releaseHeld();

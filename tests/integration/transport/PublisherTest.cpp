@@ -14,7 +14,7 @@ namespace {
 
 std::shared_ptr<URLSession> makeSession() { return URLSession::make(URLSessionConfiguration::default_()); }
 
-/// Receives what a publisher of the session sends.
+/// Records what a publisher of the session sends.
 struct Receiver {
     std::vector<URLSession::Output> values;
     std::optional<Result<void, Error>> end;
@@ -54,7 +54,7 @@ TEST(Publisher, FailsWithTheTransportsError) {
     EXPECT_EQ(receiver.end->error().code(), -1004);
 }
 
-TEST(Publisher, SendsNothingBeforeASubscriptionAndOneRequestForEach) {
+TEST(Publisher, SendsOneRequestForEachSubscription) {
     FaultServer server(always(answer(200, "ok")));
     const auto session = makeSession();
     const auto publisher = session->dataTaskPublisher(requestOf(server.url("/published")));
@@ -83,7 +83,7 @@ TEST(Publisher, CancellingReachesTheSocketAndDeliversNothing) {
             if (!byDropping) subscription.cancel();
         }
         EXPECT_TRUE(server.waitForClosedByClient(1));
-        // The delegate queue is serial: what was delivered before this load has arrived.
+        // The delegate queue is serial, so everything delivered before this load has arrived.
         FaultServer other(always(answer(200, "ok")));
         EXPECT_EQ(load(*session, other.url()).body(), "ok");
         EXPECT_TRUE(receiver.values.empty());

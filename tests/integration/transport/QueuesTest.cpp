@@ -21,7 +21,7 @@ namespace {
 
 std::shared_ptr<URLSession> makeSession() { return URLSession::make(URLSessionConfiguration::default_()); }
 
-/// Says when it is destroyed, and on which thread.
+/// Reports its destruction and the thread of it.
 struct Witness {
     Event* destroyed;
     std::thread::id* where;
@@ -33,7 +33,7 @@ struct Witness {
 
 }  // namespace
 
-TEST(Queues, CompletionsRunOneAtATimeOnOneThreadThatIsNotTheCallers) {
+TEST(Queues, CompletionsRunOneAtATimeOnOneOtherThread) {
     FaultServer server(always(answer(200, "ok")));
     const auto session = makeSession();
     std::atomic<int> inside = 0;
@@ -61,7 +61,7 @@ TEST(Queues, CompletionsRunOneAtATimeOnOneThreadThatIsNotTheCallers) {
     EXPECT_FALSE(threads.contains(std::this_thread::get_id()));
 }
 
-TEST(Queues, ACompletionIsDestroyedWhereItRan) {
+TEST(Queues, ACompletionIsDestroyedOnItsQueue) {
     FaultServer server(always(answer(200, "ok")));
     const auto session = makeSession();
     Event destroyed;
@@ -71,12 +71,12 @@ TEST(Queues, ACompletionIsDestroyedWhereItRan) {
                                   [&ran, witness = std::make_unique<Witness>(&destroyed, &gone)](
                                       auto, auto, auto) { ran = std::this_thread::get_id(); });
     task->resume();
-    ASSERT_TRUE(destroyed.wait()) << "the task is still held, its completion must not be";
+    ASSERT_TRUE(destroyed.wait()) << "the task is still held, but its completion must not be";
     EXPECT_EQ(ran, gone);
     EXPECT_NE(ran, std::this_thread::get_id());
 }
 
-TEST(Queues, ATaskGoesOnWithoutItsHandleAndWithoutItsSession) {
+TEST(Queues, ATaskContinuesWithoutItsHandleAndItsSession) {
     FaultServer* reached = nullptr;
     FaultServer server([&reached](FaultConnection& connection) {
         if (!connection.readRequest() || !reached->hold()) return;
@@ -99,7 +99,7 @@ TEST(Queues, ASessionWithoutTasksClosesItsConnections) {
     EXPECT_TRUE(server.waitForClosedByClient(1));
 }
 
-TEST(Queues, TheLastOwnerOfASessionMayGoInItsCompletion) {
+TEST(Queues, ASessionCanBeDestroyedInItsCompletion) {
     FaultServer server(always(answer(200, "ok")));
     auto session = makeSession();
     const Loaded loaded;
@@ -115,7 +115,7 @@ TEST(Queues, TheLastOwnerOfASessionMayGoInItsCompletion) {
     EXPECT_TRUE(server.waitForClosedByClient(1));
 }
 
-TEST(Queues, ACompletionMayStartTheNextLoad) {
+TEST(Queues, ACompletionCanStartTheNextLoad) {
     FaultServer server(always(answer(200, "ok")));
     const auto session = makeSession();
     Event done;
@@ -134,7 +134,7 @@ TEST(Queues, ACompletionMayStartTheNextLoad) {
     EXPECT_EQ(server.connectionCount(), 1U);
 }
 
-TEST(Queues, ATaskThatIsNeverStartedIsLetGoSilently) {
+TEST(Queues, ATaskThatIsNeverStartedIsReleasedSilently) {
     Event destroyed;
     std::thread::id where;
     {
@@ -146,7 +146,7 @@ TEST(Queues, ATaskThatIsNeverStartedIsLetGoSilently) {
     EXPECT_TRUE(destroyed.wait());
 }
 
-TEST(Queues, SessionsComeAndGoFromManyThreads) {
+TEST(Queues, SessionsCanBeCreatedAndDestroyedOnManyThreads) {
     FaultServer server(always(answer(200, "ok")));
     std::vector<std::thread> threads;
     std::atomic<int> good = 0;
@@ -201,5 +201,5 @@ TEST(Queues, AProcessStartedInACompletionCanBeEndedWithASignal) {
                    })
         ->resume();
     ASSERT_TRUE(done.wait());
-    EXPECT_TRUE(WIFSIGNALED(status)) << "it slept to its end";
+    EXPECT_TRUE(WIFSIGNALED(status)) << "it was not ended by the signal";
 }

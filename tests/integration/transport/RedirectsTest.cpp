@@ -33,7 +33,7 @@ FaultServer::Script redirecting(int status, const std::string& location) {
     };
 }
 
-/// The second request, of one with a body and credentials, after a redirect within the origin.
+/// The request that follows a redirect within the origin, of a request with a body and credentials.
 RawRequest followed(int status, const std::string& method) {
     FaultServer server(redirecting(status, "/to?x=1"));
     URLRequest request = requestOf(server.url("/from"), method);
@@ -75,7 +75,7 @@ TEST(Redirects, APostBecomesAGetWithoutABodyAfter301And302And303) {
         EXPECT_FALSE(request.has("content-type"));
         EXPECT_FALSE(request.has("content-length"));
         EXPECT_EQ(request.header("x-other"), "kept");
-        EXPECT_EQ(request.header("authorization"), "Bearer t") << "the origin is the same";
+        EXPECT_EQ(request.header("authorization"), "Bearer t") << "the origin is unchanged";
     }
 }
 
@@ -155,7 +155,7 @@ TEST(Redirects, TheUserOfAURLDoesNotReachAnotherOrigin) {
     EXPECT_FALSE(other.requests()[0].has("authorization"));
 }
 
-TEST(Redirects, TwentyAreFollowedAndNotOneMore) {
+TEST(Redirects, AtMostTwentyAreFollowed) {
     for (const int hops : {20, 21}) {
         FaultServer server([hops](FaultConnection& connection) {
             while (const auto request = connection.readRequest()) {
@@ -189,19 +189,19 @@ TEST(Redirects, OtherSchemesAreNotFollowed) {
     }
 }
 
-TEST(Redirects, ARedirectToWhatIsNoURLIsABadAnswer) {
+TEST(Redirects, ARedirectToAnInvalidURLIsABadResponse) {
     FaultServer server(always(redirect(302, "http://[not an address/")));
     EXPECT_EQ(load(*makeSession(), server.url()).code(), URLErrorCode::badServerResponse);
 }
 
-TEST(Redirects, ARedirectWithoutAPlaceIsTheAnswer) {
+TEST(Redirects, ARedirectWithoutALocationIsTheResponse) {
     FaultServer server(always(answer(302, "nowhere")));
     const Loaded loaded = load(*makeSession(), server.url());
     EXPECT_EQ(loaded.status(), 302) << loaded.story();
     EXPECT_EQ(loaded.body(), "nowhere");
 }
 
-TEST(Redirects, AStatusThatIsNoRedirectIsTheAnswerAlsoWithAPlace) {
+TEST(Redirects, AnotherStatusIsTheResponseEvenWithALocation) {
     for (const int status : {201, 300, 304, 305, 399}) {
         FaultServer server(always(status == 304 ? "HTTP/1.1 304 Not\r\nLocation: /to\r\n\r\n"
                                                 : redirect(status, "/to", "")));
@@ -252,7 +252,7 @@ TEST(Redirects, ARedirectWhoseBodyStallsIsFollowed) {
     }
 }
 
-TEST(Redirects, ARedirectWhoseBodyTricklesIsFollowedWithoutWaitingForItsEnd) {
+TEST(Redirects, ARedirectWithASlowBodyIsFollowedWithoutWaitingForItsEnd) {
     FaultServer server([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             if (request->target == "/to") {
@@ -268,7 +268,7 @@ TEST(Redirects, ARedirectWhoseBodyTricklesIsFollowedWithoutWaitingForItsEnd) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20)) << "it waited for the body";
 }
 
-TEST(Redirects, ARedirectKeepsTheTimeOutOfTheRequest) {
+TEST(Redirects, ARedirectKeepsTheTimeoutOfTheRequest) {
     FaultServer server([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             if (request->target == "/to") {
@@ -284,7 +284,7 @@ TEST(Redirects, ARedirectKeepsTheTimeOutOfTheRequest) {
     EXPECT_EQ(loaded.body(), "here") << loaded.story();
 }
 
-TEST(Redirects, OneThatIsNotFollowedIsTheAnswerWithItsBody) {
+TEST(Redirects, ARedirectThatIsNotFollowedIsTheResponseWithItsBody) {
     FaultServer other(always(answer(200, "elsewhere")));
     FaultServer server(redirecting(302, "/to"));
     FaultServer leaving(redirecting(302, other.url("/to")));
@@ -301,7 +301,7 @@ TEST(Redirects, OneThatIsNotFollowedIsTheAnswerWithItsBody) {
     EXPECT_TRUE(other.requests().empty());
 }
 
-TEST(Redirects, TheHostIsAskedOnTheDelegateQueueAndMayChangeTheRequest) {
+TEST(Redirects, TheHostIsAskedOnTheDelegateQueueAndCanChangeTheRequest) {
     FaultServer server(redirecting(302, "/to"));
     std::shared_ptr<URLSession> session;
     std::atomic<int> asked = 0;
@@ -322,7 +322,7 @@ TEST(Redirects, TheHostIsAskedOnTheDelegateQueueAndMayChangeTheRequest) {
     EXPECT_EQ(server.requests()[1].header("x-changed"), "host");
 }
 
-TEST(Redirects, OneThatTheHostDeclinesIsTheAnswer) {
+TEST(Redirects, ARedirectDeclinedByTheHostIsTheResponse) {
     FaultServer server(redirecting(307, "/to"));
     const auto session =
         sessionWith({.willRedirect = [](auto, URLRequest) { return std::optional<URLRequest>(); }});

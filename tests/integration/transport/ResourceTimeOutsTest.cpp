@@ -25,7 +25,7 @@ std::shared_ptr<URLSession> sessionWithin(double seconds, URLSessionLimits limit
     return URLSession::make(configuration);
 }
 
-/// Answers with a body of which a byte comes every `pause`, for as long as the client stays.
+/// Answers with a body of one byte per `pause` while the client is connected.
 FaultServer::Script dripping(milliseconds pause) {
     return [pause](FaultConnection& connection) {
         if (!connection.readRequest()) return;
@@ -43,21 +43,21 @@ std::string reasonOf(const Loaded& loaded) {
 
 }  // namespace
 
-TEST(ResourceTimeOuts, AnAnswerThatDripsEndsInTime) {
+TEST(ResourceTimeOuts, ASlowResponseEndsAtItsDeadline) {
     FaultServer server(dripping(milliseconds(50)));
     const auto before = Clock::now();
     const Loaded loaded = load(*sessionWithin(0.5), server.url());
     const Seconds taken = Clock::now() - before;
     EXPECT_EQ(loaded.code(), URLErrorCode::timedOut) << loaded.story();
     EXPECT_EQ(reasonOf(loaded), "The load took longer than 0.5 seconds (timeoutIntervalForResource).");
-    EXPECT_EQ(loaded.status(), 200) << "the response is passed beside the error";
+    EXPECT_EQ(loaded.status(), 200) << "the response is passed together with the error";
     EXPECT_GE(taken.count(), 0.49);
     EXPECT_LT(taken.count(), 15);
     EXPECT_TRUE(server.waitForEnded(1)) << "the connection is still open";
 }
 
-TEST(ResourceTimeOuts, SixAnswersThatDripDoNotBlockAnOrigin) {
-    // More loads than the origin has connections: those in the queue have no more time than the others.
+TEST(ResourceTimeOuts, SixSlowResponsesDoNotBlockAnOrigin) {
+    // More loads than connections: queued loads have no more time than the others.
     FaultServer server(dripping(milliseconds(300)));
     const auto session = sessionWithin(1);
     const auto before = Clock::now();
@@ -67,7 +67,7 @@ TEST(ResourceTimeOuts, SixAnswersThatDripDoNotBlockAnOrigin) {
     EXPECT_LT(Seconds(Clock::now() - before).count(), 10);
 }
 
-TEST(ResourceTimeOuts, RedirectsDoNotStartTheTimeAnew) {
+TEST(ResourceTimeOuts, RedirectsDoNotRestartTheTimeout) {
     FaultServer server([](FaultConnection& connection) {
         while (connection.readRequest()) {
             connection.pace(milliseconds(100));
@@ -78,7 +78,7 @@ TEST(ResourceTimeOuts, RedirectsDoNotStartTheTimeAnew) {
     EXPECT_EQ(loaded.code(), URLErrorCode::timedOut) << loaded.story();
 }
 
-TEST(ResourceTimeOuts, ALoadInTimeIsNotTouchedByTheDeadlineOfTheOneBefore) {
+TEST(ResourceTimeOuts, ALoadIsNotAffectedByTheDeadlineOfThePreviousOne) {
     FaultServer server(always(answer(200, "ok")));
     const auto session = sessionWithin(2);
     const auto before = Clock::now();
@@ -88,7 +88,7 @@ TEST(ResourceTimeOuts, ALoadInTimeIsNotTouchedByTheDeadlineOfTheOneBefore) {
     }
 }
 
-TEST(ResourceTimeOuts, AnIntervalThatIsNoneIsTheDefault) {
+TEST(ResourceTimeOuts, AnInvalidIntervalIsTheDefault) {
     EXPECT_EQ(URLSessionConfiguration::default_().timeoutIntervalForResource, std::chrono::hours(7 * 24));
     FaultServer server(always(answer(200, "ok")));
     for (const double seconds : {0.0, -1.0, std::numeric_limits<double>::quiet_NaN(), 1e300}) {
@@ -96,7 +96,7 @@ TEST(ResourceTimeOuts, AnIntervalThatIsNoneIsTheDefault) {
     }
 }
 
-TEST(LeastSpeed, ABodyThatComesTooSlowlyFails) {
+TEST(LeastSpeed, ATooSlowBodyFails) {
     FaultServer server(dripping(milliseconds(50)));
     const auto session = sessionWithin(0, {.minBodyBytesPerSecond = 1000, .bodySpeedInterval = Seconds(0.4)});
     const Loaded loaded = load(*session, server.url());
@@ -106,7 +106,7 @@ TEST(LeastSpeed, ABodyThatComesTooSlowlyFails) {
     EXPECT_TRUE(server.waitForEnded(1));
 }
 
-TEST(LeastSpeed, ABodyThatIsFastEnoughAndAHeadThatIsSlowPass) {
+TEST(LeastSpeed, AFastBodyAfterASlowHeadSucceeds) {
     FaultServer server([](FaultConnection& connection) {
         if (!connection.readRequest()) return;
         connection.trickle("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n", milliseconds(50));

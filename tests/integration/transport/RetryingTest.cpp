@@ -1,4 +1,4 @@
-// A host's context that has its requests repeated, over real sockets.
+// A host's context with retries, over real sockets.
 
 #include <VanticRestKit/Core/Context.h>
 #include <VanticRestKit/Core/ErrorAdvice.h>
@@ -27,7 +27,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Where the requests of a test go.
+/// The route of the tests.
 struct Time {
     std::string path() const { return "/v2/time"; }
 };
@@ -47,14 +47,14 @@ public:
     std::shared_ptr<NetworkSession> session =
         networkSession(URLSession::make(URLSessionConfiguration::default_()));
     RetryPolicy policy{.firstPause = 1ms};
-    // A load that was dropped may report a failure after this context has gone.
+    // A dropped load may report a failure after this context is destroyed.
     const std::shared_ptr<std::atomic<int>> failures = std::make_shared<std::atomic<int>>(0);
 
 private:
     URL base_;
 };
 
-/// Keeps the numbers of the attempts. Read once the load has ended.
+/// Records the attempt numbers. Read them after the load has ended.
 class AttemptObserver final : public RequestObserver {
 public:
     void requestEnded(const RequestMetrics& metrics) override { attempts.push_back(metrics.attempt); }
@@ -119,14 +119,14 @@ TEST_F(RetryingOverSockets, APublisherAndABlockingLoadSucceedAfterAFailure) {
     EXPECT_EQ(server.requests().size(), 4u);
 }
 
-TEST_F(RetryingOverSockets, AnObserverIsToldOfEachAttemptByItsNumber) {
+TEST_F(RetryingOverSockets, AnObserverSeesEachAttemptWithItsNumber) {
     failuresToCome = 2;
     const ObservedRetryingContext observed(server.url(""));
     EXPECT_TRUE(Resource<double>::make({.with = Time()}, observed)->wait());
     EXPECT_EQ(observed.attempts->attempts, (std::vector<std::int64_t>{1, 2, 3}));
 }
 
-TEST_F(RetryingOverSockets, AServiceThatStaysDownFailsWithItsAnswer) {
+TEST_F(RetryingOverSockets, AServiceThatStaysDownFailsWithItsResponse) {
     failuresToCome = 100;
     const auto result = resource().wait();
     ASSERT_FALSE(result);
@@ -134,11 +134,11 @@ TEST_F(RetryingOverSockets, AServiceThatStaysDownFailsWithItsAnswer) {
     EXPECT_EQ(server.requests().size(), 3u);
 }
 
-TEST_F(RetryingOverSockets, AStormIsBoundedByTheBudget) {
+TEST_F(RetryingOverSockets, TheBudgetLimitsARetryStorm) {
     failuresToCome = 1000;
     context.policy.budget = std::make_shared<RetryBudget>(0.1, 5);
     for (int i = 0; i < 20; ++i) EXPECT_FALSE(resource().wait());
-    // Twenty first attempts, of which ten pay for one more, on top of the reserve.
+    // Twenty first attempts, of which ten pay for one retry, plus the reserve.
     EXPECT_GE(server.requests().size(), 25u);
     EXPECT_LE(server.requests().size(), 27u);
 }
@@ -162,7 +162,7 @@ TEST_F(RetryingOverSockets, ADeadlineAndACancelEndAPauseAtOnce) {
     EXPECT_EQ(category, ErrorCategory::cancelled);
 }
 
-TEST_F(RetryingOverSockets, LoadsThatAreDroppedAtAnyMomentDeliverNothing) {
+TEST_F(RetryingOverSockets, LoadsDroppedAtAnyTimeDeliverNothing) {
     failuresToCome = 100000;
     context.policy = {.attempts = 1000000, .firstPause = 0ms, .budget = nullptr};
     const auto loaded = resource();

@@ -13,8 +13,8 @@ namespace {
 
 std::shared_ptr<URLSession> makeSession() { return URLSession::make(URLSessionConfiguration::default_()); }
 
-/// Serves one request on its first connection, reads the next one there and closes or resets the connection
-/// without a word: the client could not know before. Serves everything on later connections.
+/// Serves one request on its first connection, reads the next one and closes or resets the connection without a
+/// response, so that the client notices only then. Serves everything on later connections.
 FaultServer::Script dyingOnReuse(bool reset) {
     return [reset](FaultConnection& connection) {
         for (int served = 0; connection.readRequest(); ++served) {
@@ -29,7 +29,7 @@ FaultServer::Script dyingOnReuse(bool reset) {
 
 }  // namespace
 
-TEST(Reuse, RequestsFollowEachOtherOnOneConnection) {
+TEST(Reuse, SequentialRequestsShareOneConnection) {
     FaultServer server(always(answer(200, "ok")));
     const auto session = makeSession();
     for (int i = 0; i < 10; ++i) EXPECT_EQ(load(*session, server.url()).body(), "ok");
@@ -62,7 +62,7 @@ TEST(Reuse, AConnectionStaysOpenBetweenTwoLoads) {
     });
     const auto session = makeSession();
     EXPECT_EQ(load(*session, server.url()).body(), "ok");
-    // Longer than a connection is kept that a cancelled request has left.
+    // Longer than a connection left by a cancelled request is kept open.
     URLRequest between = requestOf(stalling.url());
     between.setTimeoutInterval(std::chrono::milliseconds(600));
     EXPECT_EQ(load(*session, between).code(), URLErrorCode::timedOut);
@@ -70,7 +70,7 @@ TEST(Reuse, AConnectionStaysOpenBetweenTwoLoads) {
     EXPECT_EQ(server.connectionCount(), 1U);
 }
 
-TEST(Reuse, AGetOnAConnectionThatTurnsOutDeadGoesOutOnAnother) {
+TEST(Reuse, AGetOnADeadConnectionIsSentAgainOnAnother) {
     for (const bool reset : {false, true}) {
         FaultServer server(dyingOnReuse(reset));
         const auto session = makeSession();
@@ -81,7 +81,7 @@ TEST(Reuse, AGetOnAConnectionThatTurnsOutDeadGoesOutOnAnother) {
     }
 }
 
-TEST(Reuse, AnotherMethodReachesAServerOnce) {
+TEST(Reuse, OtherMethodsAreSentOnlyOnce) {
     for (const bool reset : {false, true}) {
         for (const char* method : {"POST", "PUT", "PATCH", "DELETE", "HEAD", "OPTIONS"}) {
             for (const bool withBody : {false, true}) {
@@ -93,7 +93,7 @@ TEST(Reuse, AnotherMethodReachesAServerOnce) {
                 const Loaded second = load(*session, request);
                 EXPECT_EQ(second.code(), URLErrorCode::networkConnectionLost)
                     << method << ": " << second.story();
-                // Had it gone out again, it would stand before this one.
+                // If it had been sent again, it would precede this one.
                 EXPECT_EQ(load(*session, server.url("/3")).body(), "served");
                 const auto requests = server.requests();
                 ASSERT_EQ(requests.size(), 3U) << method;
@@ -104,7 +104,7 @@ TEST(Reuse, AnotherMethodReachesAServerOnce) {
     }
 }
 
-TEST(Reuse, AGetThatGotTheFirstByteOfItsAnswerIsNotSentAgain) {
+TEST(Reuse, AGetWithAPartialResponseIsNotSentAgain) {
     FaultServer server([](FaultConnection& connection) {
         for (int served = 0; connection.readRequest(); ++served) {
             if (connection.index() == 0 && served == 1) {
@@ -120,13 +120,13 @@ TEST(Reuse, AGetThatGotTheFirstByteOfItsAnswerIsNotSentAgain) {
     EXPECT_EQ(server.requests().size(), 2U);
 }
 
-TEST(Reuse, AGetOnAFreshConnectionIsNotSentAgain) {
+TEST(Reuse, AGetOnANewConnectionIsNotSentAgain) {
     FaultServer server([](FaultConnection& connection) { connection.readRequest(); });
     EXPECT_EQ(load(*makeSession(), server.url()).code(), URLErrorCode::networkConnectionLost);
     EXPECT_EQ(server.requests().size(), 1U);
 }
 
-TEST(Reuse, AConnectionThatIsClosedWhileIdleCausesNoFailure) {
+TEST(Reuse, AConnectionClosedWhileIdleCausesNoFailure) {
     FaultServer server([](FaultConnection& connection) {
         if (connection.readRequest()) connection.send(answer(200, "served"));
     });

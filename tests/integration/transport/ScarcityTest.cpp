@@ -20,7 +20,7 @@ using namespace VanticRestKit::test;
 
 namespace {
 
-/// Leaves the process no free descriptor for the time of its life.
+/// Leaves the process no free descriptor while it exists.
 class NoDescriptors {
 public:
     NoDescriptors() {
@@ -46,7 +46,7 @@ private:
 
 TEST(Scarcity, ASessionThatStartedWithoutFreeDescriptorsRecovers) {
 #ifdef VRK_IS_SANITIZED
-    GTEST_SKIP() << "the sanitizer looks at memory through descriptors, which this test takes away";
+    GTEST_SKIP() << "the sanitizer needs descriptors, which this test uses up";
 #endif
     const auto session = URLSession::make(URLSessionConfiguration::default_());
     {
@@ -63,20 +63,20 @@ TEST(Scarcity, ASessionThatStartedWithoutFreeDescriptorsRecovers) {
             connection.send(answer(200, "ok"));
         }
     });
-    // While this one waits for its answer, the I/O thread is in a wait that the next one has to end.
+    // While this load waits for its response, the I/O thread is blocked in a wait that the next load must end.
     const Loaded stalled;
     const auto task = session->dataTask(requestOf(server.url("/stall")), stalled.completion());
     task->resume();
     ASSERT_TRUE(server.waitForRequests(1));
     const auto start = std::chrono::steady_clock::now();
-    // One or another may be helped by a timer of the transport.
+    // Several loads, since a timer of the transport may help one of them.
     for (int i = 0; i < 3; ++i) EXPECT_EQ(load(*session, server.url()).body(), "ok");
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
     task->cancel();
     EXPECT_EQ(stalled.code(), URLErrorCode::cancelled);
 }
 
-TEST(Scarcity, LoadsEndWithAnErrorIfThereAreNoThreadsForThem) {
+TEST(Scarcity, LoadsFailIfNoThreadCanBeStarted) {
     FaultServer server(always(answer(200, "ok")));
     const auto session = URLSession::make(URLSessionConfiguration::default_());
     std::vector<Loaded> loads;
@@ -88,7 +88,7 @@ TEST(Scarcity, LoadsEndWithAnErrorIfThereAreNoThreadsForThem) {
     EXPECT_EQ(load(*session, server.url()).body(), "ok") << "the session has recovered";
 }
 
-TEST(Scarcity, BlocksRunOnThePostingThreadIfThereIsNoOther) {
+TEST(Scarcity, BlocksRunOnThePostingThreadIfNoThreadCanBeStarted) {
     const NoThreads none;
     for (const DispatchQueue& queue : {DispatchQueue("pool"), DispatchQueue::withOwnThread("own")}) {
         const Event ran;

@@ -43,7 +43,7 @@ FaultServer::Script endless(const std::string& head, const std::string& piece) {
 
 }  // namespace
 
-TEST(SessionLimits, ABodyWithoutEndFailsAndItsConnectionIsClosed) {
+TEST(SessionLimits, AnEndlessBodyFailsAndItsConnectionIsClosed) {
     FaultServer server(endless("HTTP/1.1 200 OK\r\n\r\n", std::string(100'000, 'x')));
     const auto session = sessionWith({.maxBodyBytesOnWire = 4 * megabyte});
     EXPECT_EQ(failureOf(load(*session, server.url())),
@@ -51,7 +51,7 @@ TEST(SessionLimits, ABodyWithoutEndFailsAndItsConnectionIsClosed) {
     EXPECT_TRUE(server.waitForEnded(1)) << "the server still sends";
 }
 
-TEST(SessionLimits, AnAnnouncedLengthAboveTheLimitFailsWithTheFirstPiece) {
+TEST(SessionLimits, ADeclaredLengthAboveTheLimitFailsWithTheFirstPiece) {
     FaultServer server([](FaultConnection& connection) {
         if (!connection.readRequest()) return;
         connection.send("HTTP/1.1 200 OK\r\nContent-Length: 268435457\r\n\r\nx");
@@ -61,7 +61,7 @@ TEST(SessionLimits, AnAnnouncedLengthAboveTheLimitFailsWithTheFirstPiece) {
               "NSURLErrorDomain -1103 The body of the answer is larger than 256 MB (maxBodyBytesOnWire).");
 }
 
-TEST(SessionLimits, ALengthThatOnlyDescribesABodyIsNoBody) {
+TEST(SessionLimits, TheLengthOfAnAbsentBodyIsNotLimited) {
     FaultServer server(always("HTTP/1.1 200 OK\r\nContent-Length: 268435457\r\n\r\n"));
     const Loaded loaded = load(*sessionWith({}), requestOf(server.url(), "HEAD"));
     EXPECT_EQ(loaded.status(), 200) << loaded.story();
@@ -80,7 +80,7 @@ TEST(SessionLimits, ABodyThatExpandsTooMuchFails) {
               "NSURLErrorDomain -1103 The body of the answer is larger than 8388607 bytes (maxBodyBytes).");
 }
 
-TEST(SessionLimits, TheLimitsOfAHeadCanBeSet) {
+TEST(SessionLimits, TheLimitsOfTheHeadCanBeSet) {
     FaultServer server(always(answer(200, "ok", "X: " + std::string(1000, 'x') + "\r\n")));
     EXPECT_EQ(
         failureOf(load(*sessionWith({.maxHeaderLineBytes = 1000}), server.url())),
@@ -105,7 +105,7 @@ TEST(SessionLimits, TheNumberOfRedirectsCanBeSet) {
 
 TEST(SessionLimits, NoMoreConnectionsStayOpenThanTheLimitAllows) {
     FaultServer first(always(answer(200, "first")));
-    // Its connection is the younger one by any clock.
+    // Its connection is clearly the newer one.
     FaultServer second([](FaultConnection& connection) {
         while (connection.readRequest()) {
             connection.pace(std::chrono::milliseconds(20));
@@ -116,11 +116,11 @@ TEST(SessionLimits, NoMoreConnectionsStayOpenThanTheLimitAllows) {
     ASSERT_TRUE(load(*session, first.url()).succeeded());
     ASSERT_TRUE(load(*session, second.url()).succeeded());
     ASSERT_TRUE(load(*session, second.url()).succeeded());
-    EXPECT_EQ(second.connectionCount(), 1U) << "the last connection is the one that stays";
+    EXPECT_EQ(second.connectionCount(), 1U) << "the newest connection is kept";
     EXPECT_TRUE(first.waitForEnded(1)) << "the first connection is still open";
 }
 
-TEST(SessionLimits, ALoadMoreThanTheQueueOfItsOriginHoldsFailsAtOnce) {
+TEST(SessionLimits, ALoadBeyondTheQueueLimitOfItsOriginFailsAtOnce) {
     FaultServer server([&server](FaultConnection& connection) {
         while (connection.readRequest()) {
             if (!server.hold()) return;

@@ -20,7 +20,7 @@ const CertificateAuthority& root() {
     return made;
 }
 
-/// Trusts nothing but `root()`.
+/// Trusts only `root()`.
 URLSessionConfiguration trusting() {
     static const TemporaryFile file(root().pem());
     URLSessionConfiguration configuration;
@@ -28,7 +28,7 @@ URLSessionConfiguration trusting() {
     return configuration;
 }
 
-/// The requests that a server gets of a session that loads once.
+/// The request that a server receives from a session with this configuration.
 RawRequest sentWith(const URLSessionConfiguration& configuration, const URLRequest* request = nullptr) {
     FaultServer server(always(answer(200, "ok")));
     URLRequest sent = request == nullptr ? requestOf(server.url()) : *request;
@@ -45,7 +45,7 @@ std::string answerOf(const FaultServer& server, const URLSessionConfiguration& c
 
 }  // namespace
 
-TEST(Settings, AdditionalHeadersGoOutWithEveryRequestThatHasNone) {
+TEST(Settings, AdditionalHeadersAreSentWithRequestsThatDoNotSetThem) {
     URLSessionConfiguration configuration;
     configuration.httpAdditionalHeaders = {{"X-Device", "television"}, {"accept-language", "en"}};
     URLRequest request = requestOf("http://127.0.0.1/");
@@ -64,7 +64,7 @@ TEST(Settings, AnAdditionalHeaderThatCannotBeSentFailsTheRequest) {
     EXPECT_TRUE(server.requests().empty());
 }
 
-TEST(Settings, TheUserAgentIsOnesOwnOrThatOfTheLibrary) {
+TEST(Settings, TheUserAgentIsTheHostsOrTheLibrarys) {
     EXPECT_TRUE(sentWith({}).header("user-agent").starts_with("VanticRestKit/"));
     URLSessionConfiguration configuration;
     configuration.userAgent = "Television/2";
@@ -74,7 +74,7 @@ TEST(Settings, TheUserAgentIsOnesOwnOrThatOfTheLibrary) {
     EXPECT_EQ(sentWith(configuration, &request).header("user-agent"), "Mine");
 }
 
-TEST(Settings, PublishersSendTheHeadersOfTheSessionToo) {
+TEST(Settings, PublishersSendTheHeadersOfTheSession) {
     FaultServer server(always(answer(200, "ok")));
     URLSessionConfiguration configuration;
     configuration.userAgent = "Television/2";
@@ -85,7 +85,7 @@ TEST(Settings, PublishersSendTheHeadersOfTheSessionToo) {
     EXPECT_EQ(server.requests()[0].header("user-agent"), "Television/2");
 }
 
-TEST(Settings, AServerThatIsTooOldForTheMinimumOfTLSIsRefused) {
+TEST(Settings, AServerBelowTheMinimumTLSVersionIsRejected) {
     const Identity identity = root().issue();
     FaultServer server(always(answer(200, "old")), &identity);
     SSL_CTX_set_max_proto_version(server.tls(), TLS1_2_VERSION);
@@ -95,7 +95,7 @@ TEST(Settings, AServerThatIsTooOldForTheMinimumOfTLSIsRefused) {
     EXPECT_EQ(answerOf(server, configuration), "-1200");
 }
 
-TEST(Settings, AdditionalCertificatesAreTrustedBesideThoseOfTheBundle) {
+TEST(Settings, AdditionalCertificatesAreTrustedTogetherWithTheBundle) {
     const CertificateAuthority other("Other root");
     const CertificateAuthority third("Third root");
     const Identity ofRoot = root().issue();
@@ -108,7 +108,7 @@ TEST(Settings, AdditionalCertificatesAreTrustedBesideThoseOfTheBundle) {
     EXPECT_EQ(answerOf(two, configuration), "-1202");
     configuration.additionalCACertificates = "A comment\n" + other.pem() + third.pem();
     const auto session = URLSession::make(configuration);
-    // Connection after connection, in one session.
+    // Two connections of one session.
     for (int i = 0; i < 2; ++i) {
         EXPECT_EQ(load(*session, one.url()).body(), "one");
         EXPECT_EQ(load(*session, two.url()).body(), "two");
@@ -126,7 +126,7 @@ TEST(Settings, AdditionalCertificatesWithoutACertificateFailSecureRequests) {
     EXPECT_EQ(answerOf(plain, configuration), "plain");
 }
 
-TEST(Settings, AServerThatAsksForACertificateGetsTheOneOfTheSession) {
+TEST(Settings, AServerThatRequestsACertificateGetsTheSessions) {
     const Identity identity = root().issue();
     const Identity client = root().issue({.commonName = "Television 7"});
     FaultServer server(always(answer(200, "welcome")), &identity);
@@ -141,7 +141,7 @@ TEST(Settings, AServerThatAsksForACertificateGetsTheOneOfTheSession) {
     EXPECT_EQ(answerOf(server, configuration), "-1200");
 }
 
-TEST(Settings, AHostWithAnAddressOfOnesOwnIsNotLookedUp) {
+TEST(Settings, AHostWithAConfiguredAddressIsNotLookedUp) {
     FaultServer server(always(answer(200, "here")));
     URLSessionConfiguration configuration;
     configuration.resolverOverrides = {
@@ -183,7 +183,7 @@ TEST(Settings, HTTP1CanBePreferredToHTTP2) {
     EXPECT_EQ(offered.find("h2"), std::string::npos);
 }
 
-TEST(Settings, ConnectionsMadeAtOnceResumeTheTLSSessionOfAnEarlierOne) {
+TEST(Settings, ConcurrentConnectionsResumeAnEarlierTLSSession) {
     const Identity identity = root().issue();
     FaultServer* reached = nullptr;
     FaultServer server(
@@ -205,12 +205,12 @@ TEST(Settings, ConnectionsMadeAtOnceResumeTheTLSSessionOfAnEarlierOne) {
     server.releaseHeld();
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "ok");
     EXPECT_EQ(server.connectionCount(), 4U);
-    // Three may resume; but once a handshake has used a session, OpenSSL offers it to no other, so that a connection
-    // begun before the server has sent the next one cannot.
+    // Three could resume. But OpenSSL uses a session for one handshake only, so a connection that starts before the
+    // server has sent the next session cannot.
     EXPECT_GE(SSL_CTX_sess_hits(server.tls()), 1);
 }
 
-TEST(Settings, ANewConnectionResumesTheTLSSessionOfAnEarlierOne) {
+TEST(Settings, ANewConnectionResumesAnEarlierTLSSession) {
     const Identity identity = root().issue();
     FaultServer server(
         [](FaultConnection& connection) {

@@ -13,7 +13,7 @@ using std::chrono::hours;
 
 namespace {
 
-/// A root that the session trusts, in a file.
+/// A root certificate that the session trusts, and its file.
 struct Trust {
     CertificateAuthority root;
     TemporaryFile file{root.pem()};
@@ -30,7 +30,7 @@ std::shared_ptr<URLSession> trustingSession() {
     return URLSession::make(configuration);
 }
 
-/// What becomes of a request to a server with this certificate.
+/// The outcome of a request to a server with this certificate.
 Loaded loadFrom(const Identity& identity, URLSession& session) {
     FaultServer server(always(answer(200, "secure")), &identity);
     return load(session, server.url());
@@ -48,33 +48,33 @@ long verifyResult(const Loaded& loaded) {
 
 }  // namespace
 
-TEST(TLS, ACertificateOfATrustedRootIsTaken) {
+TEST(TLS, ACertificateOfATrustedRootIsAccepted) {
     const Loaded loaded = loadFrom(trust().root.issue(), *trustingSession());
     EXPECT_EQ(loaded.body(), "secure") << loaded.story();
 }
 
-TEST(TLS, ACertificateThatHasExpiredIsRefused) {
+TEST(TLS, AnExpiredCertificateIsRejected) {
     const Loaded loaded =
         loadFrom(trust().root.issue({.from = hours(-48), .until = hours(-24)}), *trustingSession());
     EXPECT_EQ(loaded.code(), URLErrorCode::serverCertificateUntrusted) << loaded.story();
     EXPECT_EQ(verifyResult(loaded), 10);
 }
 
-TEST(TLS, ACertificateWhoseTimeHasNotComeIsRefusedWithACodeOfItsOwn) {
+TEST(TLS, ACertificateNotYetValidIsRejectedWithItsOwnCode) {
     const Loaded loaded =
         loadFrom(trust().root.issue({.from = hours(24), .until = hours(48)}), *trustingSession());
     EXPECT_EQ(loaded.code(), URLErrorCode::serverCertificateNotYetValid) << loaded.story();
     EXPECT_EQ(verifyResult(loaded), 9);
 }
 
-TEST(TLS, ACertificateOfAnotherHostIsRefused) {
+TEST(TLS, ACertificateOfAnotherHostIsRejected) {
     for (const char* subject : {"DNS:other.invalid", "IP:127.0.0.2", "DNS:127.0.0.1"}) {
         const Loaded loaded = loadFrom(trust().root.issue({.subject = subject}), *trustingSession());
         EXPECT_EQ(loaded.code(), URLErrorCode::serverCertificateUntrusted) << subject << loaded.story();
     }
 }
 
-TEST(TLS, ACertificateWithoutAlternativeNamesIsRefusedThoughItsCommonNameIsTheHost) {
+TEST(TLS, ACertificateWithOnlyTheHostAsCommonNameIsRejected) {
     for (const char* names : {"", "email:someone@example.invalid"}) {
         const Identity identity = trust().root.issue({.subject = names, .commonName = "127.0.0.1"});
         const Loaded loaded = loadFrom(identity, *trustingSession());
@@ -83,20 +83,20 @@ TEST(TLS, ACertificateWithoutAlternativeNamesIsRefusedThoughItsCommonNameIsTheHo
     }
 }
 
-TEST(TLS, ASelfSignedCertificateIsRefused) {
+TEST(TLS, ASelfSignedCertificateIsRejected) {
     const Loaded loaded = loadFrom(selfSigned(), *trustingSession());
     EXPECT_EQ(loaded.code(), URLErrorCode::serverCertificateUntrusted) << loaded.story();
     EXPECT_EQ(verifyResult(loaded), 18);
 }
 
-TEST(TLS, ACertificateOfAnUnknownRootIsRefused) {
+TEST(TLS, ACertificateOfAnUnknownRootIsRejected) {
     const CertificateAuthority unknown("Unknown root");
     const Loaded loaded = loadFrom(unknown.issue(), *trustingSession());
     EXPECT_EQ(loaded.code(), URLErrorCode::serverCertificateUntrusted) << loaded.story();
 }
 
-TEST(TLS, ABundleOfOnesOwnTakesThePlaceOfTheSystems) {
-    // A session without a bundle trusts the system's roots, and so not this one.
+TEST(TLS, AConfiguredBundleReplacesTheSystems) {
+    // A session without a bundle trusts the system's roots, which do not include this one.
     const auto session = URLSession::make(URLSessionConfiguration::default_());
     EXPECT_EQ(loadFrom(trust().root.issue(), *session).code(), URLErrorCode::serverCertificateUntrusted);
 }
@@ -109,14 +109,14 @@ TEST(TLS, ABundleThatCannotBeReadFailsTheRequest) {
     EXPECT_EQ(loaded.code(), URLErrorCode::secureConnectionFailed) << loaded.story();
 }
 
-TEST(TLS, APortThatSpeaksNoTLSFailsTheConnection) {
+TEST(TLS, APortWithoutTLSFailsTheConnection) {
     FaultServer server([](FaultConnection& connection) { connection.send("220 mail.invalid ESMTP\r\n"); });
     const auto session = trustingSession();
     const Loaded loaded = load(*session, "https://127.0.0.1:" + std::to_string(server.port()) + "/");
     EXPECT_EQ(loaded.code(), URLErrorCode::secureConnectionFailed) << loaded.story();
 }
 
-TEST(TLS, AHandshakeThatStallsRunsOutOfTime) {
+TEST(TLS, AStalledHandshakeTimesOut) {
     FaultServer server([](FaultConnection& connection) { connection.stall(); });
     const auto session = trustingSession();
     URLRequest request = requestOf("https://127.0.0.1:" + std::to_string(server.port()) + "/");
@@ -124,7 +124,7 @@ TEST(TLS, AHandshakeThatStallsRunsOutOfTime) {
     EXPECT_EQ(load(*session, request).code(), URLErrorCode::timedOut);
 }
 
-TEST(TLS, ARefusedServerReceivesNothingOfTheRequest) {
+TEST(TLS, ARejectedServerReceivesNothingOfTheRequest) {
     const Identity identity = selfSigned();
     FaultServer server(always(answer(200, "secure")), &identity);
     const auto session = trustingSession();
@@ -148,7 +148,7 @@ TEST(TLS, ARedirectFromASecureOriginToAnInsecureOneLosesTheCredentials) {
     EXPECT_FALSE(plain.requests()[0].has("authorization"));
 }
 
-TEST(TLS, ARedirectFromASecureOriginToAnInsecureOneIsRefused) {
+TEST(TLS, ARedirectFromASecureOriginToAnInsecureOneIsRejected) {
     FaultServer plain(always(answer(200, "plain")));
     const Identity identity = trust().root.issue();
     FaultServer secure(always(answer(302, "", "Location: " + plain.url("/to") + "\r\n")), &identity);
@@ -158,7 +158,7 @@ TEST(TLS, ARedirectFromASecureOriginToAnInsecureOneIsRefused) {
     EXPECT_TRUE(plain.requests().empty());
 }
 
-TEST(TLS, ABodyThatIsCutShortIsLost) {
+TEST(TLS, ATruncatedBodyIsALostConnection) {
     const Identity identity = trust().root.issue();
     for (const bool reset : {false, true}) {
         FaultServer server(

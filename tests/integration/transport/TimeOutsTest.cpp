@@ -24,7 +24,7 @@ URLRequest impatient(const std::string& url, double seconds, const std::string& 
     return request;
 }
 
-/// Runs a request and measures how long it took.
+/// Runs a request and measures its duration.
 std::pair<Loaded, double> timed(const URLRequest& request) {
     const auto session = makeSession();
     const auto before = Clock::now();
@@ -43,7 +43,7 @@ FaultServer::Script stallingAfter(std::string begin) {
 
 }  // namespace
 
-TEST(TimeOuts, AServerThatStallsIsGivenUpAfterTheInterval) {
+TEST(TimeOuts, AStalledServerTimesOutAfterTheInterval) {
     const std::string starts[] = {"", "HTTP/1.1 200", "HTTP/1.1 200 OK\r\nContent-Length: 10\r\n",
                                   "HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n",
                                   "HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nhello"};
@@ -53,12 +53,12 @@ TEST(TimeOuts, AServerThatStallsIsGivenUpAfterTheInterval) {
         EXPECT_EQ(loaded.code(), URLErrorCode::timedOut) << start << ": " << loaded.story();
         EXPECT_GE(seconds, 0.19) << start;
         EXPECT_LT(seconds, 15) << start;
-        // Its socket is gone as well.
+        // Its socket is closed too.
         EXPECT_TRUE(server.waitForClosedByClient(1));
     }
 }
 
-TEST(TimeOuts, ABodyThatTricklesLives) {
+TEST(TimeOuts, ASlowBodyDoesNotTimeOut) {
     FaultServer server([](FaultConnection& connection) {
         if (!connection.readRequest()) return;
         connection.send("HTTP/1.1 200 OK\r\nContent-Length: 20\r\n\r\n");
@@ -69,7 +69,7 @@ TEST(TimeOuts, ABodyThatTricklesLives) {
     EXPECT_GT(seconds, 2);
 }
 
-TEST(TimeOuts, HeadersThatTrickleLive) {
+TEST(TimeOuts, SlowHeadersDoNotTimeOut) {
     FaultServer server([](FaultConnection& connection) {
         if (!connection.readRequest()) return;
         connection.trickle("HTTP/1.1 200 OK\r\nX: y\r\nContent-Length: 2\r\n\r\n", milliseconds(50));
@@ -80,8 +80,8 @@ TEST(TimeOuts, HeadersThatTrickleLive) {
     EXPECT_GT(seconds, 2);
 }
 
-TEST(TimeOuts, ACodedBodyThatTricklesLivesThoughNothingCanBeDecodedYet) {
-    // A block of this size yields nothing before a good part of it is there.
+TEST(TimeOuts, ASlowCodedBodyDoesNotTimeOutEvenWithoutDecodedOutput) {
+    // A block of this size gives no output until a large part of it has arrived.
     const std::string coded = gzipped("short enough for one block");
     FaultServer server([&coded](FaultConnection& connection) {
         if (!connection.readRequest()) return;
@@ -94,7 +94,7 @@ TEST(TimeOuts, ACodedBodyThatTricklesLivesThoughNothingCanBeDecodedYet) {
     EXPECT_GT(seconds, 2);
 }
 
-TEST(TimeOuts, AnUploadThatMovesLivesAndOneThatStallsDies) {
+TEST(TimeOuts, AnActiveUploadContinuesAndAStalledOneTimesOut) {
     const std::string body(24 * 1024 * 1024, 'u');
     for (const bool stalls : {false, true}) {
         FaultServer server([stalls](FaultConnection& connection) {
@@ -120,7 +120,7 @@ TEST(TimeOuts, AnUploadThatMovesLivesAndOneThatStallsDies) {
 }
 
 TEST(TimeOuts, WaitingForAConnectionDoesNotCount) {
-    // One connection serves four requests, each in most of the interval.
+    // One connection serves four requests, each of which takes most of the interval.
     FaultServer server([](FaultConnection& connection) {
         while (connection.readRequest()) {
             connection.pace(milliseconds(800));
@@ -136,7 +136,7 @@ TEST(TimeOuts, WaitingForAConnectionDoesNotCount) {
     EXPECT_EQ(server.connectionCount(), 1U);
 }
 
-TEST(TimeOuts, OneThatIsGivenUpMakesRoomForTheNext) {
+TEST(TimeOuts, ATimedOutRequestFreesItsConnection) {
     FaultServer server([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             if (request->target == "/stall") {
@@ -155,7 +155,7 @@ TEST(TimeOuts, OneThatIsGivenUpMakesRoomForTheNext) {
     EXPECT_EQ(second.body(), "served") << second.story();
 }
 
-TEST(TimeOuts, ARequestWithoutAnIntervalHasTheSessions) {
+TEST(TimeOuts, ARequestWithoutAnIntervalUsesTheSessions) {
     FaultServer server(stallingAfter(""));
     URLSessionConfiguration configuration;
     configuration.timeoutIntervalForRequest = std::chrono::duration<double>(0.2);
@@ -164,7 +164,7 @@ TEST(TimeOuts, ARequestWithoutAnIntervalHasTheSessions) {
     EXPECT_EQ(load(*session, impatient(server.url(), -1)).code(), URLErrorCode::timedOut);
 }
 
-TEST(TimeOuts, AnIntervalBeyondAllMeasureIsOne) {
+TEST(TimeOuts, AnExtremelyLongIntervalIsAccepted) {
     FaultServer server(always(answer(200, "ok")));
     for (const double seconds : {1e300, std::numeric_limits<double>::infinity()}) {
         EXPECT_EQ(timed(impatient(server.url(), seconds)).first.body(), "ok");
@@ -172,7 +172,7 @@ TEST(TimeOuts, AnIntervalBeyondAllMeasureIsOne) {
     EXPECT_EQ(timed(impatient(server.url(), std::numeric_limits<double>::quiet_NaN())).first.body(), "ok");
 }
 
-TEST(TimeOuts, ASlowCompletionHoldsUpNoTimeOutAndNoTransfer) {
+TEST(TimeOuts, ASlowCompletionDelaysNoTimeoutAndNoTransfer) {
     FaultServer server([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {
             if (request->target == "/stall") {
@@ -202,11 +202,11 @@ TEST(TimeOuts, ASlowCompletionHoldsUpNoTimeOutAndNoTransfer) {
         std::unique_lock lock(mutex);
         ASSERT_TRUE(changed.wait_for(lock, std::chrono::seconds(30), [&] { return inside; }));
     }
-    // While the delegate queue is held up, requests still go out, are answered, and run out of time.
+    // While the delegate queue is blocked, requests are still sent, answered and timed out.
     const Loaded stalled = startLoad(*session, impatient(server.url("/stall"), 0.2));
     const Loaded second = startLoad(*session, requestOf(server.url("/second")));
     EXPECT_TRUE(server.waitForRequests(3));
-    EXPECT_TRUE(server.waitForClosedByClient(1)) << "the time-out was held up";
+    EXPECT_TRUE(server.waitForClosedByClient(1)) << "the timeout was delayed";
     EXPECT_EQ(stalled.calls() + second.calls() + slow.calls(), 0);
     {
         const std::lock_guard lock(mutex);

@@ -4,7 +4,7 @@
 
 using namespace VanticRestKit;
 
-/// Starts a load of `url` in a session of the plugin's own, and calls `onEnd` with `context` at its end.
+/// Starts a load of `url` in the plugin's own session, and calls `onEnd` with `context` when it ends.
 extern "C" __attribute__((visibility("default"))) void startLoadInPlugin(const char* url,
                                                                          void (*onEnd)(void*),
                                                                          void* context) {

@@ -6,7 +6,7 @@
 
 using namespace VanticRestKit::test;
 
-TEST(Unloading, APluginWithTheLibraryInsideMayBeClosedWhileItLoads) {
+TEST(Unloading, APluginWithTheLibraryCanBeClosedDuringALoad) {
     FaultServer* reached = nullptr;
     FaultServer server([&reached](FaultConnection& connection) {
         if (connection.readRequest() && reached->hold()) connection.send(answer(200, "ok"));
@@ -24,5 +24,5 @@ TEST(Unloading, APluginWithTheLibraryInsideMayBeClosedWhileItLoads) {
     EXPECT_EQ(dlclose(plugin), 0);
     server.releaseHeld();
     EXPECT_TRUE(ended.wait());
-    EXPECT_NE(dlopen(VRK_UNLOAD_PLUGIN, RTLD_NOW | RTLD_NOLOAD), nullptr) << "it is not in memory any more";
+    EXPECT_NE(dlopen(VRK_UNLOAD_PLUGIN, RTLD_NOW | RTLD_NOLOAD), nullptr) << "the plugin was unloaded";
 }

@@ -1,4 +1,4 @@
-// In a program of its own: it replaces functions of libcurl, so that it is as one that was built without HTTP/2.
+// A separate program, since it replaces functions of libcurl to simulate a build without HTTP/2.
 
 #include <VanticRestKit/platform/http/URLSession.h>
 
@@ -34,7 +34,7 @@ extern "C" curl_version_info_data* curl_version_info(CURLversion age) {
     return &information;
 }
 
-// Under a name of its own, because variable arguments must not follow a parameter of an enumeration type.
+// Declared under another name, because variable arguments must not follow a parameter of an enumeration type.
 extern "C" CURLcode setOptionWithoutHTTP2(CURL* easy, unsigned option, ...) __asm__("curl_easy_setopt");
 extern "C" CURLcode setOptionWithoutHTTP2(CURL* easy, unsigned option, ...) {
     static const auto setOption = ofLibcurl<CURLcode(CURL*, unsigned, ...)>("curl_easy_setopt");
@@ -65,10 +65,10 @@ TEST(WithoutHTTP2, ASessionThatPrefersItSpeaksHTTP1OverTLS) {
     configuration.caBundlePath = roots.path();
     ASSERT_EQ(HTTPVersionPreference::http2OverTLS, configuration.httpVersionPreference);
     EXPECT_EQ("secure", load(*URLSession::make(configuration), server.url()).body());
-    EXPECT_EQ(0, refusals) << "libcurl was asked for what it does not have";
+    EXPECT_EQ(0, refusals) << "libcurl was asked for an unsupported feature";
 }
 
-TEST(WithoutHTTP2, TheReplacedLibcurlRefusesToBeAskedForIt) {
+TEST(WithoutHTTP2, TheReplacedLibcurlRejectsTheOption) {
     CURL* const easy = curl_easy_init();
     EXPECT_EQ(CURLE_UNSUPPORTED_PROTOCOL,
               (curl_easy_setopt)(easy, CURLOPT_HTTP_VERSION, long{CURL_HTTP_VERSION_2TLS}));
