@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""What CONTRIBUTING.md says is so: its files and commands exist, and its recipes work.
+"""Checks CONTRIBUTING.md: its files and commands exist, and its recipes work.
 
-contributing_test.py TOP Names      every file, script, preset and target exists, and the patches apply
-contributing_test.py TOP Recipes    runs each recipe in a copy of the tree; takes long
+contributing_test.py TOP Names      checks that every file, script, preset and target exists, and that the patches apply
+contributing_test.py TOP Recipes    runs each recipe in a copy of the tree, which takes long
 """
 
 import json

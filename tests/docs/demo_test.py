@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""docs/demo.md shows what the demo prints.   demo_test.py TOP PROGRAMS [--write]
+"""Checks that docs/demo.md shows the output of the demo.   demo_test.py TOP PROGRAMS [--write]
 
---write puts what the demo prints into the page instead of comparing.
+--write updates the page instead of comparing.
 """
 
 import difflib
@@ -14,13 +14,13 @@ import unittest
 TOP, PROGRAMS = pathlib.Path(sys.argv.pop(1)), pathlib.Path(sys.argv.pop(1))
 PAGE = TOP / "docs/demo.md"
 BLOCK = re.compile(r"(?<=```text\n).*?(?=```)", re.DOTALL)
-# Chapters that follow the clock: only their lines are counted.
+# Chapters that depend on the clock. Only their numbers of lines are compared.
 BY_THE_CLOCK = ("The time of the service", "The live channels of a region")
 ADDRESS = re.compile(r"127\.0\.0\.1:\d+")
 
 
 def with_one_port(text):
-    """Any port will do, but the same each time."""
+    """Replaces the port by a fixed one."""
     return ADDRESS.sub("127.0.0.1:46497", text)
 
 

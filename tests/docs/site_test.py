@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The reference site builds without a warning, and every public function and field has a comment.   site_test.py TOP"""
+"""Checks that the reference site builds without a warning, and that every public function and field has a comment.   site_test.py TOP"""
 
 import pathlib
 import re

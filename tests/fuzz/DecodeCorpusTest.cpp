@@ -1,5 +1,5 @@
-// The inputs of the decoder's fuzzer name a type by its place: they must still mean the type that they were
-// made for.
+// The inputs of the decoder's fuzzer select a type by its index. Checks that each index still selects the type for
+// which the input was made.
 
 #include <golden/Entities.h>
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@
 namespace VanticRestKit {
 namespace {
 
-/// How many inputs there are of each type, by the name of the file, "Video.full".
+/// The number of inputs for each type, which is found by the file name, "Video.full".
 std::map<std::string, int> inputsOfTypes() {
     std::map<std::string, int> counts;
     for (const auto& entry : std::filesystem::directory_iterator(VRK_DECODE_CORPUS)) {
@@ -27,7 +27,7 @@ std::map<std::string, int> inputsOfTypes() {
     return counts;
 }
 
-TEST(TheDecodersCorpus, HasDocumentsOfEachTypeAtItsPlace) {
+TEST(TheDecodersCorpus, HasDocumentsForEachTypeAtItsIndex) {
     std::map<std::string, int> counts = inputsOfTypes();
     for (const test::NamedType& type : test::rootEntities())
         EXPECT_GE(counts[std::string(type.name)], 2) << type.name;

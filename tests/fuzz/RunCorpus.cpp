@@ -1,4 +1,4 @@
-// Feeds each file of a folder to a fuzzer's entry, once.   NAME_corpus FOLDER
+// Passes each file of a folder once to a fuzzer's entry point.   NAME_corpus FOLDER
 
 #include <cstdint>
 #include <cstdio>
@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
         if (!entry.is_regular_file()) continue;
         std::ifstream file(entry.path(), std::ios::binary);
         const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-        // Named before it is fed: what is named last is what breaks.
+        // Printed before the call, so that the last name is the failing input.
         std::printf("%s\n", entry.path().filename().c_str());
         std::fflush(stdout);
         LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());

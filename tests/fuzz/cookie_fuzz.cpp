@@ -1,5 +1,5 @@
-// Feeds Set-Cookie values to the reader of cookies: it may not crash, and what it accepts obeys the rules of cookies.
-// The first byte of an input picks the URL that sent them; each line of the rest is one value.
+// Passes Set-Cookie values to the cookie reader. It must not crash, and accepted cookies must obey the rules for
+// cookies. The first byte of an input selects the URL of the sender. Each line of the rest is one value.
 
 #include <VanticRestKit/platform/http/cookies/detail/CookieFileText.h>
 #include <VanticRestKit/platform/http/cookies/detail/CookieHost.h>

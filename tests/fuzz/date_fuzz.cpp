@@ -1,5 +1,5 @@
-// Feeds texts to the three readers of dates: none may crash, and what holds for every date holds for theirs.
-// The first byte of an input picks the device's zone, the rest is the text.
+// Passes strings to the three date readers. None may crash, and their results must obey the rules for dates. The first
+// byte of an input selects the device's zone, the rest is the string.
 
 #include <VanticRestKit/platform/date/DateFormatter.h>
 #include <VanticRestKit/platform/date/detail/DeviceDate.h>
@@ -28,7 +28,7 @@ void require(bool holds, const char* rule) {
 
 double secondsOf(Date date) { return date.time_since_epoch().count(); }
 
-/// A whole second from the day before year 1 to the day after year 9999, in any zone.
+/// Requires a whole second from the day before year 1 to the day after year 9999, since the zone can be any.
 void requireSensible(const std::optional<Date>& date) {
     if (!date) return;
     const double seconds = secondsOf(*date);
@@ -47,7 +47,7 @@ std::string shownByClocks(Date date) {
     return text;
 }
 
-/// The instant at which the clocks of UTC show `clockText`.
+/// The instant at which a clock in UTC shows `clockText`.
 std::optional<Date> readInUtc(std::string clockText) {
     clockText[clockText.find(' ')] = 'T';
     const std::optional<Date> date = VanticRestKit::ISO8601DateFormatter().date(clockText + "Z");

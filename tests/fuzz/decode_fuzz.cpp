@@ -1,5 +1,5 @@
-// Feeds documents to both engines of the decoder: neither may crash, and both must come to the same.
-// The first byte of an input picks the type, the rest is the document.
+// Passes documents to both engines of the decoder. Neither may crash, and both must have the same outcome. The first
+// byte of an input selects the type, the rest is the document.
 
 #include <golden/Entities.h>
 

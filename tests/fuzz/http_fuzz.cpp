@@ -1,7 +1,7 @@
-// Feeds the bytes of an answer to what reads them: its head, its directives, dates, cookies, redirect and codings. None
-// may crash, and what holds for every answer holds for it. An input is
-//   one byte: the request and the sizes of the pieces in which the body comes
-//   the lines of the head up to an empty one, each ended by a line feed
+// Passes the bytes of a response to the readers of its head, directives, dates, cookies, redirect and codings. None may
+// crash, and the rules for all responses must hold. An input consists of
+//   one byte, which selects the request and the sizes of the body's pieces
+//   the lines of the head up to an empty line, each ended by a line feed
 //   the body
 
 #include <VanticRestKit/platform/date/detail/HTTPDate.h>
@@ -153,7 +153,7 @@ Decoded decode(const HeaderCollector& head, std::string_view coded, std::size_t 
 
 Decoded readBody(const HeaderCollector& head, std::string_view coded, unsigned choice) {
     const Decoded whole = decode(head, coded, coded.size() + 1, limits.maxBodyBytes);
-    // The ratio of a part may exceed what that of the whole does not, so only the content is compared.
+    // A part can exceed the ratio limit even if the whole does not, so only the content is compared.
     const Decoded pieces = decode(head, coded, 1 + choice % 61, 1 + choice % 4093);
     require(!whole.isGood || !pieces.isGood || whole.body == pieces.body,
             "a body does not depend on its pieces");

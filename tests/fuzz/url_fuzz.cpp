@@ -1,6 +1,5 @@
-// Feeds texts to URLs and their components: none may crash, and what holds for every URL holds for theirs.
-// An input is two texts with a line feed between them: one is read, the other is appended, resolved and made
-// an item.
+// Passes strings to URLs and their components. None may crash, and the rules for all URLs must hold. An input consists
+// of two strings separated by a line feed: one is parsed, the other is appended, resolved and used as a query item.
 
 #include <platform/url/URLRules.h>
 

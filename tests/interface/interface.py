@@ -1,7 +1,6 @@
-"""Describes the binary interface of the shared library as text: what a host that was compiled against one version
-relies on when it runs with another.
+"""Describes the binary interface of the shared library as text: what a host relies on that was compiled with one version and runs with another.
 
-Three lists, each from what a compiler made and not from the sources:
+Three lists, each generated from compiler output rather than from the sources:
   symbols   the exported functions and objects, from the shared library. Copies of inline functions are left out.
   layouts   every class and enumeration of the public headers: size, bases, fields with their offsets and types,
             enumerators with their values. From the debug information of one file that includes all headers, read by
@@ -15,7 +14,7 @@ import subprocess
 import xml.etree.ElementTree
 
 LIBRARY = "VanticRestKit::"
-# One exported function, since abidw describes no file without; only its types count.
+# One exported function, because abidw describes no file without one. Only its types matter.
 SOURCE = """#include <VanticRestKit/VanticRestKit.h>
 __attribute__((visibility("default"))) void anchor() {}
 """
@@ -46,20 +45,19 @@ def shortened(name):
 
 
 def is_public(name):
-    """Whether a type is one that hosts name: of the library, not of its detail and no instance of a template."""
+    """Whether hosts can name the type: it belongs to the library, not to a detail namespace, and is not a template instance."""
     return name.startswith(LIBRARY) and "detail::" not in name and "<" not in name and "anonymous" not in name
 
 
 def symbols(library):
-    """The exported symbols as a compiler's reader sees them; two symbols of one name, such as the two forms of a
-    constructor, are one."""
+    """The demangled exported symbols. Symbols with the same name, such as the two forms of a constructor, count as one."""
     lines = run("nm", "-D", "--defined-only", library).splitlines()
     names = [line.split()[-1].split("@")[0] for line in lines if line.split()[-2] != "W"]
     return sorted({shortened(name) for name in run("c++filt", input="\n".join(names)).splitlines()})
 
 
 class Types:
-    """The types of a description by abidw, by their ids."""
+    """The types in a description by abidw, by id."""
 
     def __init__(self, root):
         self.elements, self.scopes = {}, {}
@@ -128,7 +126,7 @@ def layouts(description):
 
 
 def tables(listing):
-    """The virtual functions of each class by the compiler's listing, without offsets and type information."""
+    """The virtual functions of each class from the compiler's listing, without offsets and type information."""
     lines, wanted = [], False
     for line in listing.splitlines():
         if line.startswith("Vtable for "):

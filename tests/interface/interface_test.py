@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Compares the binary interface of the built library with the accepted one, and tests that a difference is noticed.
+"""Compares the binary interface of the built library with the accepted one, and tests that differences are found.
    interface_test.py --library LIBRARY --headers INCLUDE_ROOT --compiler CXX [--accept]
 `--accept` writes the lists instead; scripts/accept-interface does that."""
 
@@ -32,7 +32,7 @@ def measured(kind):
 
 
 def entries(lines):
-    """The lines by the class, enumeration or symbol that they belong to: its first line, and those that are indented."""
+    """Groups the lines by class, enumeration or symbol: its first line and the indented lines after it."""
     found, own = {}, []
     for line in lines:
         if line.startswith(" "):
@@ -55,7 +55,7 @@ def report_of_entry(before, now):
 
 
 def report(accepted, now):
-    """What differs, under the class that it belongs to; empty if nothing does."""
+    """The differences by class. Empty if there are none."""
     before, after = entries(accepted), entries(now)
     lines = []
     for name in sorted(before.keys() | after.keys()):
@@ -83,22 +83,22 @@ class TheInterface(unittest.TestCase):
 
 
 class ADifference(unittest.TestCase):
-    def test_is_reported_with_the_class_that_it_is_in(self):
+    def test_is_reported_with_its_class(self):
         before = ["A: 8 bytes", "    0 int x", "B: 8 bytes", "    0 int y"]
         after = ["A: 8 bytes", "    0 int x", "B: 8 bytes", "    0 long int y"]
         self.assertEqual("  B: 8 bytes\n-     int y\n+     long int y", report(before, after))
 
-    def test_of_offsets_alone_is_reported_as_a_number_of_fields(self):
+    def test_only_in_offsets_is_reported_as_a_number_of_fields(self):
         before = ["A: 8 bytes", "    0 int x", "    4 int y", "    8 int z"]
         after = ["A: 16 bytes", "    0 int w", "    4 int x", "    8 int y", "    12 int z"]
         self.assertEqual("- A: 8 bytes\n+ A: 16 bytes\n+     int w\n      fields at another offset: 3",
                          report(before, after))
 
-    def test_of_symbols_is_reported_by_name(self):
+    def test_in_symbols_is_reported_by_name(self):
         self.assertEqual("- f(int)\n+ f(long)", report(["f(int)", "g()"], ["f(long)", "g()"]))
 
     @unittest.skipUnless(shutil.which("abidw"), "abidw is not installed (Debian: abigail-tools)")
-    def test_in_a_field_a_base_an_enumerator_and_a_virtual_function_is_seen(self):
+    def test_in_a_field_a_base_an_enumerator_or_a_virtual_function_is_found(self):
         with tempfile.TemporaryDirectory() as folder:
             root = pathlib.Path(folder) / "include"
             (root / "VanticRestKit").mkdir(parents=True)

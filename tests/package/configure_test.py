@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What the library cannot be built with is refused when it is configured, with the reason.
+"""Checks that configuring fails with the reason if the library cannot be built with the standard library or libcurl.
 
 configure_test.py --tree TOP --compiler CXX --curl-headers FOLDER
 
@@ -37,29 +37,29 @@ class Configure(unittest.TestCase):
         )  # fmt: skip
 
     def refusal(self, *definitions):
-        """What is printed, in one line: CMake breaks lines where they are long."""
+        """The output as one line, since CMake wraps long lines."""
         with self.assertRaises(Failed) as failure:
             self.configure(*definitions)
         return re.sub(r"\s+", " ", str(failure.exception))
 
-    def test_what_this_machine_has_is_accepted(self):
+    def test_accepts_the_libraries_of_this_machine(self):
         self.assertIn("Configuring done", self.configure())
 
-    def test_a_standard_library_without_stop_tokens_is_refused(self):
+    def test_rejects_a_standard_library_without_stop_tokens(self):
         (self.include / "stop_token").touch()
         self.assertIn("lacks std::stop_token or std::from_chars for double", self.refusal())
 
-    def test_a_standard_library_that_reads_no_doubles_is_refused(self):
+    def test_rejects_a_standard_library_that_cannot_parse_doubles(self):
         stub = """namespace std { struct read { const char* ptr; };
             read from_chars(const char*, const char*, int&); }\n"""
         (self.include / "charconv").write_text(stub, encoding="utf-8")
         self.assertIn("lacks std::stop_token or std::from_chars for double", self.refusal())
 
-    def test_a_time_that_cannot_be_64_bits_long_is_refused(self):
+    def test_rejects_a_time_t_that_cannot_have_64_bits(self):
         (self.include / "ctime").write_text("namespace std { using time_t = int; }\n", encoding="utf-8")
         self.assertIn("no 64-bit time_t, so dates would end in 2038", self.refusal())
 
-    def test_a_time_of_64_bits_is_asked_for_if_it_is_not_the_default(self):
+    def test_requests_a_64_bit_time_t_if_it_is_not_the_default(self):
         stub = """namespace std {
         #if _TIME_BITS == 64
         using time_t = long long;
@@ -72,7 +72,7 @@ class Configure(unittest.TestCase):
         commands = (self.folder / "build/compile_commands.json").read_text(encoding="utf-8")
         self.assertIn("-D_TIME_BITS=64", commands)
 
-    def test_a_libcurl_of_another_tls_library_is_refused(self):
+    def test_rejects_a_libcurl_with_another_tls_library(self):
         source, library = self.folder / "curl.cpp", self.folder / "libcurl.so"
         source.write_text(
             """#include <curl/curl.h>
@@ -88,7 +88,7 @@ class Configure(unittest.TestCase):
         self.assertIn("needs a libcurl built with OpenSSL", reason)
         self.assertIn("'GnuTLS/3.7.9'", reason)
 
-    def test_a_libcurl_that_is_too_old_is_refused(self):
+    def test_rejects_a_libcurl_that_is_too_old(self):
         headers = self.folder / "old"
         shutil.copytree(GIVEN.curl_headers / "curl", headers / "curl")
         version = headers / "curl/curlver.h"

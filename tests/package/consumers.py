@@ -1,4 +1,4 @@
-"""Consumers of the library as they stand outside the project: what they are compiled with, and how one is run."""
+"""Consumers outside the project: their compiler options, and how to run one."""
 
 import itertools
 import os
@@ -20,11 +20,11 @@ PLAIN = ["-fno-exceptions", "-fno-rtti"]
 
 
 class Failed(AssertionError):
-    """A command ended with another code than 0; holds all that it printed."""
+    """A command exited with a code other than 0. Contains its whole output."""
 
 
 def run(*command, **options):
-    """What a command prints, errors included."""
+    """Runs a command and returns its output, including errors."""
     command = [str(part) for part in command]
     result = subprocess.run(
         command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, check=False, **options
@@ -39,7 +39,7 @@ def is_clang(compiler):
 
 
 class Mode:
-    """How a host is compiled: its compiler, language standard, and whether it has exceptions and RTTI."""
+    """How a host is compiled: compiler, language standard, and whether with exceptions and RTTI."""
 
     def __init__(self, compiler, standard=20, plain=False):
         self.compiler, self.standard, self.plain = compiler, standard, plain
@@ -61,7 +61,7 @@ def matrix(compilers):
 
 
 def pairs(compilers):
-    """Fewer modes, in which every compiler meets each standard, and each of these exceptions and none."""
+    """Fewer modes: every compiler with each standard, and each standard with and without exceptions."""
     return [mode for mode in matrix(compilers) if mode.plain == ((mode.standard == 23) == (mode.compiler == compilers[0]))]
 
 

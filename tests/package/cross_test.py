@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The package of a cross build serves a host that is cross-compiled too, and is run by the emulator.
+"""Checks that a cross-compiled host can use the package of a cross build, and runs it in the emulator.
 
 cross_test.py --build BUILD --toolchain FILE --architecture NAME --sysroot FOLDER --emulator COMMAND
 """

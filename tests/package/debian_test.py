@@ -1,10 +1,9 @@
 #!/usr/bin/env python3
-"""The Debian packages install, work and leave nothing over when they are removed.
+"""Checks that the Debian packages install, work and leave nothing after their removal.
 
 debian_test.py --build BUILD --compiler CXX --disk-cache ON|OFF
 
-Changes the system for some seconds. Ends with 77, for skipped, if it is not run as root on Debian, or if one of the
-packages is installed already.
+Changes the system for some seconds. Exits with 77, for skipped, if it is not run as root on Debian or if one of the packages is already installed.
 """
 
 import argparse
@@ -53,7 +52,7 @@ class DebianPackages(unittest.TestCase):
         if installed:
             run(*APT, "purge", *installed)
 
-    def test_they_install_work_and_leave_nothing_over(self):
+    def test_install_work_and_leave_nothing_after_removal(self):
         run("cpack", "--config", GIVEN.build / "CPackConfig.cmake", "-B", self.folder)
         files = {run("dpkg-deb", "-f", file, "Package").strip(): file for file in self.folder.glob("*.deb")}
         self.assertEqual(sorted(PACKAGES), sorted(files))
@@ -80,7 +79,7 @@ class DebianPackages(unittest.TestCase):
         build_target(self.folder / "host")
         for kind in ("VanticRestKit", "VanticRestKit_static"):
             self.assertIn(": yes\n", run(self.folder / "host" / f"with_{kind}"))
-        # The shared library is found without a path.
+        # The dynamic linker finds the shared library without a path.
         self.assertIn("/libVanticRestKit.so.1", run("ldconfig", "-p"))
         for package in ("VanticRestKit", "VanticRestKit-static"):
             flags = run("pkg-config", "--cflags", "--libs", package).split()
@@ -103,7 +102,7 @@ class DebianPackages(unittest.TestCase):
         return source
 
     def content(self, files):
-        """Every path that the packages hold, folders included."""
+        """Every path in the packages, including folders."""
         paths = set()
         for file in files:
             for line in run("dpkg-deb", "-c", file).splitlines():
@@ -116,7 +115,7 @@ if __name__ == "__main__":
     if reason:
         print(f"debian_test: skipped: {reason}")
         sys.exit(77)
-    # Two builds on one machine take turns.
+    # Prevents concurrent runs by two builds on one machine.
     with open("/var/lock/vanticrestkit-debian-test", "w", encoding="ascii") as lock:
         fcntl.flock(lock, fcntl.LOCK_EX)
         unittest.main(argv=sys.argv[:1], verbosity=2)

@@ -1,10 +1,9 @@
 #!/usr/bin/env python3
-"""What is installed, and every way for a host outside to build with the library.
+"""Checks what is installed, and every way in which a host outside the project can build with the library.
 
 package_test.py --build BUILD --tree TOP --compilers CXX[,CXX...] --disk-cache ON|OFF [--full] [TEST...]
 
-BUILD is a release build. Without --full: one way of compiling for each case, and the embedded library is configured
-but hardly built. With it: each compiler, C++20 and C++23, with exceptions and RTTI and without.
+BUILD is a release build. Without --full, each case is compiled in one mode, and the embedded library is configured but mostly not built. With --full, all compilers are used, with C++20 and C++23, with and without exceptions and RTTI.
 """
 
 import argparse
@@ -38,14 +37,14 @@ COMPLETIONS = {"share/bash-completion/completions/vantic", "share/zsh/site-funct
 
 
 class Folder(unittest.TestCase):
-    """Each test has a folder of its own."""
+    """Each test has a separate folder."""
 
     def setUp(self):
         self.folder = pathlib.Path(tempfile.mkdtemp())
         self.addCleanup(shutil.rmtree, self.folder)
 
     def modes(self, quick):
-        """Each mode to try, with a folder for it."""
+        """Each mode to test, with a folder for it."""
         for mode in consumers.matrix(GIVEN.compilers) if GIVEN.full else [quick]:
             print(f"  {mode}", file=sys.stderr)
             yield mode, pathlib.Path(tempfile.mkdtemp(dir=self.folder))
@@ -57,7 +56,7 @@ class Folder(unittest.TestCase):
 
 
 class Installed(Folder):
-    """The tree is moved after it was installed: it must not know its first place."""
+    """The installed tree is moved before the tests, since it must not contain its original path."""
 
     @classmethod
     def setUpClass(cls):
@@ -86,7 +85,7 @@ class Installed(Folder):
         files = {str(f.relative_to(self.prefix)) for f in self.prefix.rglob("*") if f.is_file() or f.is_symlink()}
         self.assertEqual(expected, {re.sub(r"\.so\.[0-9.]+$", ".so.VERSION", file) for file in files})
 
-    def test_no_file_names_a_folder_of_this_machine(self):
+    def test_no_file_contains_a_path_of_this_machine(self):
         for folder in ("lib/cmake", "lib/pkgconfig"):
             for file in filter(pathlib.Path.is_file, (self.prefix / folder).rglob("*")):
                 text = file.read_text(encoding="utf-8")
@@ -97,9 +96,9 @@ class Installed(Folder):
         self.assertIn("Video\n", run(self.prefix / "bin/vantic", "types"))
         self.assertIn("sample-service", run(self.prefix / "bin/sample-service", "--help"))
 
-    def test_find_package_serves_hosts_of_both_libraries(self):
+    def test_find_package_works_for_both_libraries(self):
         for mode, folder in self.modes(Mode(GIVEN.compilers[0])):
-            # Without this CMake passes -isystem, and compilers keep silent about such headers.
+            # Without this option CMake uses -isystem, which suppresses warnings in the headers.
             configure(HERE / "consumer", folder, mode, f"-DCMAKE_PREFIX_PATH={self.prefix}",
                       "-DCMAKE_NO_SYSTEM_FROM_IMPORTED=ON")  # fmt: skip
             build(folder)
@@ -110,7 +109,7 @@ class Installed(Folder):
             self.assertTrue(consumers.needs_the_shared_library(folder / "with_VanticRestKit"))
             self.assertFalse(consumers.needs_the_shared_library(folder / "with_VanticRestKit_static"))
 
-    def test_the_testing_kit_serves_tests_of_hosts_of_both_libraries(self):
+    def test_the_testing_kit_works_with_both_libraries(self):
         for mode, folder in self.modes(Mode(GIVEN.compilers[0], plain=True)):
             configure(HERE / "testing", folder, mode, f"-DCMAKE_PREFIX_PATH={self.prefix}",
                       "-DCMAKE_NO_SYSTEM_FROM_IMPORTED=ON")  # fmt: skip
@@ -118,7 +117,7 @@ class Installed(Folder):
             for kind in ("", "_static"):
                 self.assert_works(folder / f"tests_with_VanticRestKit{kind}")
 
-    def test_find_package_says_why_there_is_no_testing_kit(self):
+    def test_find_package_reports_why_there_is_no_testing_kit(self):
         without = self.folder / "without"
         shutil.copytree(self.prefix, without, symlinks=True)
         (without / "lib/libVanticRestKitTesting.a").unlink()
@@ -135,7 +134,7 @@ class Installed(Folder):
                             f"-DCMAKE_PREFIX_PATH={prefix or self.prefix}", *definitions)  # fmt: skip
         return dict(line[3:].split(" -> ") for line in printed.splitlines() if " -> " in line)
 
-    def test_find_package_accepts_and_refuses_with_a_reason(self):
+    def test_find_package_accepts_a_request_or_reports_the_reason(self):
         found = self.reasons()
         for accepted in ("1.0", "1.0...<2", "1...<2;COMPONENTS;shared", "COMPONENTS;static",
                          "1.0;COMPONENTS;shared;OPTIONAL_COMPONENTS;python"):  # fmt: skip
@@ -147,7 +146,7 @@ class Installed(Folder):
             found["1.0;COMPONENTS;python"],
         )
 
-    def test_find_package_names_what_the_static_library_lacks(self):
+    def test_find_package_names_the_missing_dependencies_of_the_static_library(self):
         optional = ["SQLite3"] if GIVEN.disk_cache == "ON" else []
         for library in ("CURL", "ZLIB", "VrkBrotli", "VrkUtf8proc", "VrkPsl", *optional):
             with self.subTest(library):
@@ -157,12 +156,12 @@ class Installed(Folder):
                 self.assertTrue(found["1.0"].startswith("found"))
             shutil.rmtree(self.folder / "reasons")
 
-    def test_pkg_config_serves_hosts_of_both_libraries(self):
+    def test_pkg_config_works_for_both_libraries(self):
         run("pkg-config", "--validate", self.prefix / "lib/pkgconfig/VanticRestKit.pc")
         include = [f"-I{self.prefix}/lib/pkgconfig/../../include"]
         for package in ("VanticRestKit", "VanticRestKit-static"):
             self.assertEqual(include, self.pkg_config("--cflags", package))
-        # -lVanticRestKit takes the archive if no shared library lies beside it.
+        # -lVanticRestKit selects the archive if the folder has no shared library.
         only_static = self.folder / "only-static"
         shutil.copytree(self.prefix, only_static, symlinks=True)
         for file in only_static.glob("lib/*.so*"):
@@ -179,14 +178,14 @@ class Installed(Folder):
                 self.assert_works(folder / name)
                 self.assertEqual(name == "shared", consumers.needs_the_shared_library(folder / name), name)
 
-    def test_sqlite_is_known_only_if_it_was_built_with(self):
+    def test_sqlite_is_a_dependency_only_if_it_was_built_with(self):
         needed = run("readelf", "-d", self.prefix / "lib/libVanticRestKit.so")
         self.assertEqual(GIVEN.disk_cache == "ON", "libsqlite3" in needed)
         for package in ("VanticRestKit", "VanticRestKit-static"):
             links = self.pkg_config("--static", "--libs", package)
             self.assertEqual(GIVEN.disk_cache == "ON", "-lsqlite3" in links, links)
 
-    def test_a_warning_in_a_header_would_be_seen(self):
+    def test_a_warning_in_a_header_is_detected(self):
         include = self.folder / "include"
         shutil.copytree(self.prefix / "include", include)
         source = self.folder / "main.cpp"
@@ -202,7 +201,7 @@ class Installed(Folder):
 
 
 class Embedded(Folder):
-    """The host takes the tree in. Its CMakeLists.txt fails if it sees more than the library."""
+    """The host embeds the tree. Its CMakeLists.txt fails if it sees more than the library."""
 
     def embed(self, folder, how, mode, *definitions, flags=()):
         printed = configure(HERE / "embedding", folder, mode, f"-DHOW={how}", f"-DTREE={GIVEN.tree}", *definitions,
@@ -214,25 +213,25 @@ class Embedded(Folder):
             for standard in (17, 20, 23):
                 with self.subTest(f"{how} C++{standard}"):
                     self.embed(self.folder / f"{how}{standard}", how, Mode(GIVEN.compilers[0], standard))
-        # One source of the library, and one of the host, which asked for less than C++20.
+        # Builds one source of the library, and one of the host, which requires less than C++20.
         build(self.folder / "add_subdirectory17", "vrk_module_platform_url", "CMakeFiles/host.dir/main.cpp.o")
 
-    def test_the_testing_kit_is_embedded_if_it_is_asked_for(self):
+    def test_the_testing_kit_is_embedded_on_request(self):
         folder = self.folder / "kit"
         with self.assertRaisesRegex(Failed, "package nlohmann_json is looked for") as failure:
             self.embed(folder, "add_subdirectory", Mode(GIVEN.compilers[0]), "-DVRK_TESTING=ON")
         leaks = re.findall(r"^ +((?:variable|directory|target|test|package|imported) .*)$", str(failure.exception), re.M)
-        # What CMake keeps of the packages that the kit needs: nlohmann-json, and cpp-httplib by pkg-config.
+        # Variables that CMake caches for the packages of the kit: nlohmann-json, and cpp-httplib from pkg-config.
         own = re.compile(r"variable (__pkg_config|httplib_|pkgcfg_|PKG_CONFIG_|PkgConfig_|nlohmann_json_)")
         self.assertEqual(["package nlohmann_json is looked for"], [leak for leak in leaks if not own.match(leak)])
 
-    def test_a_leak_would_be_seen(self):
+    def test_a_leak_is_detected(self):
         with self.assertRaisesRegex(Failed, "leaks into its host"):
             self.embed(self.folder / "host", "add_subdirectory", Mode(GIVEN.compilers[0]), "-DVRK_TESTS=ON")
 
     @unittest.skipUnless(GIVEN.full, "builds the whole library several times; with --full")
     def test_hosts_build_and_run(self):
-        """The library is compiled as its host is, or without type information, which its host then loses too."""
+        """The library is compiled with its host's options, or without RTTI, which the host then loses too."""
         for number, mode in enumerate(consumers.pairs(GIVEN.compilers)):
             how = ("add_subdirectory", "FetchContent")[number % 2]
             shared = number >= 2

@@ -1,10 +1,9 @@
 #!/usr/bin/env python3
-"""The library builds with each supported toolchain, is installed, and serves a host that is built the same way.
+"""Checks that the library builds with each supported toolchain, installs, and works for a host built in the same way.
 
-toolchains.py --tree TOP [NAME...]      without names: every toolchain that this machine has
+toolchains.py --tree TOP [NAME...]      without names: every toolchain on this machine
 
-Prints a row of the table in docs/platforms.md for each: the size of the stripped shared library, and how many of the
-host's four steps went well with each library.
+Prints a row of the table in docs/platforms.md for each: the size of the stripped shared library, and how many of the host's four steps succeeded with each library.
 """
 
 import argparse
@@ -40,13 +39,13 @@ def configure(source, folder, compiler, standard, options):
     launcher = ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"] if shutil.which("ccache") else []
     if "lld" in " ".join(options) and source != GIVEN.tree:
         options = [*options, "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld-19"]
-    # By its own name a compiler is found where the system has it, as clang-14 is.
+    # A compiler without a path, such as clang-14, is found by the system.
     run("cmake", "-G", "Ninja", "-S", source, "-B", folder, "-Wno-dev", *launcher, f"-DCMAKE_CXX_COMPILER={compiler}",
         f"-DCMAKE_CXX_STANDARD={standard}", *options)  # fmt: skip
 
 
 def build(folder):
-    # With the jobs of ninja, which leaves other programs their share of the processors.
+    # Uses ninja's default number of jobs.
     run("cmake", "--build", folder)
 
 

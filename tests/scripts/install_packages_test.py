@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""scripts/install-packages on made-up systems: folders of commands, some of them missing, some only recording.
+"""Tests scripts/install-packages on simulated systems: folders of commands, some of them missing, and some that only record their calls.
 
 install_packages_test.py TOP
 """
@@ -45,11 +45,11 @@ class System(unittest.TestCase):
             env={"PATH": str(self.bin)}, capture_output=True, text=True, check=False,
         )  # fmt: skip
 
-    def test_a_complete_system_off_debian_goes_on(self):
+    def test_a_complete_system_other_than_debian_is_accepted(self):
         result = self.run_script("build")
         self.assertEqual((0, "", ""), (result.returncode, result.stdout, result.stderr))
 
-    def test_a_missing_command_off_debian_is_named(self):
+    def test_a_missing_command_on_another_system_is_named(self):
         (self.bin / "ninja").unlink()
         result = self.run_script("build")
         self.assertEqual(1, result.returncode)
@@ -57,7 +57,7 @@ class System(unittest.TestCase):
         self.assertIn("\nninja-build (command ninja)\n", result.stderr)
         self.assertNotIn("cmake", result.stderr)
 
-    def test_a_missing_module_off_debian_is_named(self):
+    def test_a_missing_module_on_another_system_is_named(self):
         self.command("pkg-config", '[ "$2" != libutf8proc ]')
         result = self.run_script("build")
         self.assertEqual(1, result.returncode)
@@ -75,7 +75,7 @@ class System(unittest.TestCase):
         self.assertEqual((1, "ninja-build (command ninja)\n"), (result.returncode, result.stdout))
         self.assertFalse((self.folder / "apt").exists())
 
-    def test_on_debian_the_list_is_printed_before_anything_is_installed(self):
+    def test_on_debian_the_list_is_printed_before_the_installation(self):
         self.make_debian()
         (self.bin / "ninja").unlink()
         (self.bin / "cmake").unlink()
@@ -86,12 +86,12 @@ class System(unittest.TestCase):
         self.assertEqual("apt-get ran: update -q", lines[1])
         self.assertTrue(lines[2].endswith("cmake ninja-build"), lines[2])
 
-    def test_a_complete_debian_is_left_alone(self):
+    def test_nothing_is_installed_on_a_complete_debian(self):
         self.make_debian()
         self.assertEqual(0, self.run_script("build").returncode)
         self.assertFalse((self.folder / "apt").exists())
 
-    def test_an_unknown_group_is_refused(self):
+    def test_an_unknown_group_is_rejected(self):
         self.assertEqual(2, self.run_script("everything").returncode)
 
 

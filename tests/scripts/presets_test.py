@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""CMakePresets.json has every preset that is promised, and the scripts build with presets only.   presets_test.py TOP"""
+"""Checks that CMakePresets.json has every documented preset, and that the scripts only build with presets.   presets_test.py TOP"""
 
 import json
 import pathlib
@@ -23,14 +23,14 @@ class Presets(unittest.TestCase):
         for kind in ("configurePresets", "buildPresets", "testPresets"):
             self.assertLessEqual(PROMISED, set(self.named(kind)), kind)
 
-    def test_each_has_a_build_folder_of_its_own(self):
+    def test_each_has_a_separate_build_folder(self):
         folders = {}
         for name, preset in self.named("configurePresets").items():
             folder = preset.get("binaryDir", f"build/{name}")
             self.assertNotIn(folder, folders, f"{name} shares the folder of {folders.get(folder)}")
             folders[folder] = name
 
-    def test_scripts_name_presets_that_exist(self):
+    def test_scripts_use_existing_presets(self):
         for script in SCRIPTS:
             text = (TOP / script).read_text(encoding="utf-8")
             for name in re.findall(r"scripts/compile\"? (\w+)", text):
@@ -38,9 +38,9 @@ class Presets(unittest.TestCase):
             for name in re.findall(r"run_suite (\w+)", text):
                 self.assertIn(name, self.named("testPresets"), script)
 
-    def test_scripts_repeat_no_setting_of_a_preset(self):
+    def test_scripts_do_not_repeat_settings_of_a_preset(self):
         settings = {name for preset in self.presets["configurePresets"] for name in preset.get("cacheVariables", {})}
-        # scripts/build and ./test --browser leave the tests out; ./test chooses the newest Clang there is.
+        # scripts/build and ./test --browser omit the tests. ./test selects the newest installed Clang.
         allowed = {("scripts/build", "VRK_TESTS"), ("test", "CMAKE_CXX_COMPILER"), ("test", "VRK_TESTS")}
         for script in [*SCRIPTS, "scripts/compile"]:
             given = set(re.findall(r"-D(\w+)=", (TOP / script).read_text(encoding="utf-8")))

@@ -1,4 +1,5 @@
-// Entities are read from JSON and never written: only routes with a body and the names of the user data service are.
+// Entities are read from JSON but never written. Only routes with a body and the enumerations of the user data service
+// can be encoded.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/VanticRestKit.h>
@@ -19,7 +20,7 @@ constexpr bool eachIsDecodable = (Decodable<Types> && ...);
 template <class... Types>
 constexpr bool areDecodeOnly = noneIsEncodable<Types...>&& eachIsDecodable<Types...>;
 
-// The concept does tell the two apart.
+// The concept distinguishes the two.
 static_assert(Encodable<KAVROSegmentsURI> && Encodable<CreateDatasetURI> && Encodable<UpdateDatasetURI>);
 static_assert(Encodable<SourceSystem> && Encodable<TrelvoSlug>);
 
@@ -35,7 +36,7 @@ static_assert(areDecodeOnly<KAVROSegmentsModel, RecommendationModule, FailableCo
 static_assert(noneIsEncodable<ShowSummary, Subprofile, CollectionItem, VideoAnalytics>);
 
 TEST(Entities, AreDecodeOnly) {
-    // All of it is settled when this is compiled.
+    // Everything is checked at compile time.
     SUCCEED();
 }
 

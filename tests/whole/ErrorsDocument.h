@@ -14,7 +14,7 @@ namespace VanticRestKit::test {
 
 using Cells = std::vector<std::string>;
 
-/// The rows of the table of docs/errors.md whose first column has the heading `heading`, without backquotes.
+/// The rows of the table in docs/errors.md whose first column has the heading `heading`, without backquotes.
 inline std::vector<Cells> tableOf(const std::string& heading) {
     std::ifstream file(VRK_DOCS "/errors.md");
     std::vector<Cells> rows;
@@ -47,7 +47,7 @@ struct Row {
     friend void PrintTo(const Row& row, std::ostream* out) { *out << row.key; }
 };
 
-/// The rows of a table whose last columns are the category and whether trying again may help.
+/// The rows of a table whose last columns are the category and whether a retry may help.
 inline std::vector<Row> rowsOf(const std::string& heading) {
     std::vector<Row> rows;
     for (const Cells& cells : tableOf(heading)) {
@@ -59,7 +59,7 @@ inline std::vector<Row> rowsOf(const std::string& heading) {
     return rows;
 }
 
-/// Whether the key of a row, such as "404", "400 to 499" or "any other", names `code`.
+/// Whether the key of a row, such as "404", "400 to 499" or "any other", includes `code`.
 inline bool includes(const Row& row, std::int64_t code) {
     if (row.key == "any other") return true;
     const auto to = row.key.find(" to ");

@@ -1,4 +1,4 @@
-// docs/errors.md says of every error what adviceOn says.
+// Checks that docs/errors.md agrees with adviceOn for every error.
 
 #include <gtest/gtest.h>
 #include <VanticRestKit/Core/ErrorAdvice.h>
@@ -41,7 +41,7 @@ Error statusError(std::int64_t status) {
     return NetworkError::httpError(request(), response, std::nullopt);
 }
 
-/// The names of the codes in URLErrorCode.h, so that a code that is added needs a row too.
+/// The names of the codes in URLErrorCode.h, so that an added code needs a row.
 std::map<std::int64_t, std::string> namesOfCodes() {
     std::ifstream file(VRK_SOURCES "/platform/http/URLErrorCode.h");
     const std::regex enumerator(R"(^    (\w+) = (-\d+),$)");
@@ -53,7 +53,7 @@ std::map<std::int64_t, std::string> namesOfCodes() {
     return names;
 }
 
-/// An error of each name in the third table, `held` inside those that hold one.
+/// An error for each name in the third table, with `held` inside those that contain an error.
 std::map<std::string, Error> errorsAround(const Error& held) {
     using Decoding = DecodingError::Kind;
     std::map<std::string, Error> errors{
@@ -93,7 +93,7 @@ std::map<std::string, Error> errorsAround(const Error& held) {
     return errors;
 }
 
-/// Asks about `error` alone and inside others.
+/// Checks the advice on `error` alone and inside other errors.
 void expectAdvice(const Error& error, const std::string& category, bool mayTryAgain) {
     const Error forms[] = {
         error,
@@ -113,7 +113,7 @@ void expectAdvice(const Error& error, const std::string& category, bool mayTryAg
 
 class ErrorTable : public testing::TestWithParam<Row> {};
 
-TEST_P(ErrorTable, ARowIsWhatAdviceOnSays) {
+TEST_P(ErrorTable, EachRowAgreesWithAdviceOn) {
     const Error failures[] = {statusError(403), transportError(-1001)};
     for (const Error& held : failures) {
         const auto errors = errorsAround(held);
@@ -175,7 +175,7 @@ TEST(ErrorsDocument, EveryStatusHasTheCategoryOfItsRow) {
 TEST(ErrorsDocument, EveryCategoryHasTheSentenceOfItsRow) {
     const auto rows = test::tableOf("Category");
     std::size_t count = 0;
-    // The last of them is unknown, as is every number after it.
+    // The last category is unknown, like every number after it.
     for (auto category = ErrorCategory::offline;; category = ErrorCategory(std::uint8_t(category) + 1)) {
         ASSERT_LT(count, rows.size());
         EXPECT_EQ(rows[count][0], nameOf(category));

@@ -9,7 +9,7 @@ namespace {
 const std::vector<std::string> houseNumbers{"HL0101", "QO0101", "CC0101", "SP0101",  "NF0101",
                                             "KW0101", "SR0001", "PL0001", "SRT0001", "LIVE0001"};
 
-/// Every video of the catalogue: the first of each programme and those after it.
+/// Every video of the catalogue, of all programmes.
 std::vector<nlohmann::json> everyVideo(const SampleService& service) {
     std::vector<nlohmann::json> videos;
     for (const auto& first : houseNumbers) {
@@ -23,7 +23,7 @@ std::vector<nlohmann::json> everyVideo(const SampleService& service) {
     return videos;
 }
 
-TEST(SampleCatalogue, TheTimeIsABareNumber) {
+TEST(SampleCatalogue, TheTimeIsAPlainNumber) {
     const SampleService service;
     EXPECT_TRUE(get(service, "/v2/time").is_number());
 }
@@ -51,7 +51,7 @@ TEST(SampleCatalogue, AnUnknownHouseNumberIsNotFound) {
     EXPECT_EQ(clientOf(service).Get("/v2/nonsense")->status, 404);
 }
 
-TEST(SampleCatalogue, ABatchHoldsTheKnownVideosInTheOrderAskedFor) {
+TEST(SampleCatalogue, ABatchContainsTheKnownVideosInTheRequestedOrder) {
     const SampleService service;
     const auto items = get(service, "/v2/videos/SP0102,none,HL0101")["items"];
     ASSERT_EQ(items.size(), 2U);
@@ -60,7 +60,7 @@ TEST(SampleCatalogue, ABatchHoldsTheKnownVideosInTheOrderAskedFor) {
     EXPECT_EQ(get(service, "/v2/videos/"), nlohmann::json::parse(R"({"items":[]})"));
 }
 
-TEST(SampleCatalogue, FortyVideosShowEveryKeyTypeAndQuality) {
+TEST(SampleCatalogue, FortyVideosCoverEveryKeyTypeAndQuality) {
     const SampleService service;
     std::set<std::string> keys, types, items, qualities, themes;
     const auto videos = everyVideo(service);

@@ -9,14 +9,14 @@
 
 namespace VanticRestKit::test {
 
-/// A client of another make than the library, so that the service is judged by itself.
+/// A client independent of the library, so that only the service is tested.
 inline httplib::Client clientOf(const SampleService& service) {
     httplib::Client client(service.baseURL());
     if (!service.authorityFile().empty()) client.set_ca_cert_path(service.authorityFile());
     return client;
 }
 
-/// The answer to a GET as JSON; null where there is none.
+/// The response to a GET as JSON, null if there is none.
 inline nlohmann::json get(const SampleService& service, const std::string& path) {
     auto client = clientOf(service);
     const auto answer = client.Get(path);

@@ -1,4 +1,4 @@
-// What the service tells clients of how long they may keep its answers.
+// The Cache-Control of the service's responses.
 
 #include "Client.h"
 
@@ -20,7 +20,7 @@ protected:
     SampleService service;
 };
 
-TEST_F(ClientCaching, OfTheCatalogueIsAllowedForAMinute) {
+TEST_F(ClientCaching, AllowsTheCatalogueForAMinute) {
     for (const char* path : {"/v2/home", "/v2/category/drama", "/v2/navigation/mobile", "/v2/browse",
                              "/v2/show/harbour-lights", "/v2/shows", "/v2/related/show/harbour-lights",
                              "/v2/video/HL0101", "/v2/videos/HL0101,HL0102", "/v3/image/avatar/"}) {
@@ -34,25 +34,25 @@ TEST_F(ClientCaching, OfTheCatalogueIsAllowedForAMinute) {
     }
 }
 
-TEST_F(ClientCaching, OfWhatIsSoonOutdatedNeedsAQuestionEachTime) {
+TEST_F(ClientCaching, RequiresRevalidationOfShortLivedDocuments) {
     for (const char* path :
          {"/v2/nownext/ONE0001", "/v2/livestreams", "/v2/messages", "/v2/search?keyword=harbour"}) {
         EXPECT_EQ(controlOf(service, path), "private, no-cache") << path;
     }
 }
 
-TEST_F(ClientCaching, OfAPictureIsAllowedForADay) {
+TEST_F(ClientCaching, AllowsPicturesForADay) {
     EXPECT_EQ(controlOf(service, "/pictures/show/harbour-lights/landscape.svg"), "public, max-age=86400");
 }
 
-TEST_F(ClientCaching, OfTheTimeAndOfUsersAnswersIsForbidden) {
+TEST_F(ClientCaching, ForbidsTheTimeAndUserData) {
     for (const char* path : {"/v2/time", "/v2/token?UID=ann&source=lumeno", "/v2/dataset/profile?UID=ann",
                              "/v2/history/video?UID=ann&slug=tv", "/v2/saved?UID=ann"}) {
         EXPECT_EQ(controlOf(service, path), "private, no-store") << path;
     }
 }
 
-TEST_F(ClientCaching, OfFailuresIsNotMentioned) {
+TEST_F(ClientCaching, SendsNoCacheControlForFailures) {
     const auto answer = clientOf(service).Get("/v2/show/nothing");
     ASSERT_TRUE(answer);
     EXPECT_EQ(answer->status, 404);
@@ -60,7 +60,7 @@ TEST_F(ClientCaching, OfFailuresIsNotMentioned) {
     EXPECT_FALSE(answer->has_header("ETag"));
 }
 
-TEST_F(ClientCaching, IsConfirmedForAKnownTagAndNotForAnother) {
+TEST_F(ClientCaching, RevalidatesOnlyAKnownTag) {
     const auto tag = clientOf(service).Get("/v2/show/harbour-lights")->get_header_value("ETag");
     for (const std::string& known : {tag, "W/" + tag, "\"a\", " + tag, std::string("*")}) {
         const auto answer = clientOf(service).Get("/v2/show/harbour-lights", {{"If-None-Match", known}});
@@ -73,7 +73,7 @@ TEST_F(ClientCaching, IsConfirmedForAKnownTagAndNotForAnother) {
     EXPECT_EQ(clientOf(service).Get("/v2/show/copper-and-clay", {{"If-None-Match", tag}})->status, 200);
 }
 
-TEST_F(ClientCaching, ComesWithACookieOnTheHomeScreenForAClientWithoutOne) {
+TEST_F(ClientCaching, SetsACookieOnTheHomeScreenForAClientWithoutOne) {
     const std::string cookie = clientOf(service).Get("/v2/home")->get_header_value("Set-Cookie");
     EXPECT_EQ(cookie.rfind("visitor=", 0), 0U) << cookie;
     EXPECT_NE(cookie.find("; HttpOnly"), std::string::npos) << cookie;
@@ -82,7 +82,7 @@ TEST_F(ClientCaching, ComesWithACookieOnTheHomeScreenForAClientWithoutOne) {
     EXPECT_FALSE(clientOf(service).Get("/v2/shows")->has_header("Set-Cookie"));
 }
 
-TEST(ClientCachingOfScenarios, NeedsAQuestionEachTimeButForHomeScreenAndMenus) {
+TEST(ClientCachingOfScenarios, RequiresRevalidationExceptForHomeScreenAndMenus) {
     const SampleService service({"--scenarios"});
     const auto controlOf = [&](const char* path) {
         return clientOf(service).Get(path)->get_header_value("Cache-Control");

@@ -4,7 +4,7 @@ namespace VanticRestKit::test {
 
 namespace {
 
-TEST(SampleControl, TheLogHoldsMethodPathQueryInOrderHeadersAndBody) {
+TEST(SampleControl, TheLogContainsMethodPathOrderedQueryHeadersAndBody) {
     const SampleService service;
     clientOf(service).Post("/v2/time?b=1&a&c=&b=%26x", {{"X-Sent", "yes"}}, "the body", "text/plain");
     const auto log = service.log();
@@ -20,7 +20,7 @@ TEST(SampleControl, TheLogHoldsMethodPathQueryInOrderHeadersAndBody) {
     EXPECT_NE(std::find(headers.begin(), headers.end(), sent), headers.end()) << headers;
 }
 
-TEST(SampleControl, ABodyLongerThanTheLibrarysFormLimitArrivesWhole) {
+TEST(SampleControl, ABodyLongerThanTheFormLimitOfHttplibArrives) {
     const SampleService service;
     const std::string body(50'000, 'x');
     clientOf(service).Post("/v2/time", body, "application/x-www-form-urlencoded");
@@ -48,7 +48,7 @@ TEST(SampleControl, TheLogCanBeCleared) {
     EXPECT_EQ(service.control("GET", "/_control/state")["requests"], 0);
 }
 
-TEST(SampleControl, TheStateTellsWhichFaultsAreStillToCome) {
+TEST(SampleControl, TheStateListsThePendingFaults) {
     const SampleService service;
     service.addFault({{"path", "v2/time"}, {"fault", "status"}, {"count", 2}});
     get(service, "/v2/time");
@@ -59,7 +59,7 @@ TEST(SampleControl, TheStateTellsWhichFaultsAreStillToCome) {
     EXPECT_EQ(clientOf(service).Get("/v2/time")->status, 200);
 }
 
-TEST(SampleControl, AFaultThatMakesNoSenseIsRefused) {
+TEST(SampleControl, AnInvalidFaultIsRejected) {
     const SampleService service;
     for (const char* body : {"{", "[]", R"({"path":"v2/time"})", R"({"path":"v2/time","fault":"nonsense"})",
                              R"({"path":"v2/time","fault":"delay","seconds":"long"})",
@@ -68,7 +68,7 @@ TEST(SampleControl, AFaultThatMakesNoSenseIsRefused) {
     }
 }
 
-TEST(SampleControl, AnswersAreCompressedForAClientThatAsksForIt) {
+TEST(SampleControl, ResponsesAreCompressedOnRequest) {
     const SampleService service;
     auto client = clientOf(service);
     client.set_decompress(false);

@@ -22,7 +22,7 @@ TEST(SampleDatasets, AreCreatedFromAFormAndReadBack) {
     EXPECT_EQ(answer["meta"], nlohmann::json::parse(R"({"count":1,"data":"dataset","status_code":200})"));
 }
 
-TEST(SampleDatasets, KeepTheBirthYearToThemselvesUnlessPrivateDataIsAskedFor) {
+TEST(SampleDatasets, IncludeTheBirthYearOnlyIfPrivateDataIsRequested) {
     const SampleService service;
     UserClient ann(service, "ann");
     ann.ask("POST", "dataset/profile", "", form);
@@ -33,7 +33,7 @@ TEST(SampleDatasets, KeepTheBirthYearToThemselvesUnlessPrivateDataIsAskedFor) {
         "birthYear"));
 }
 
-TEST(SampleDatasets, OfTheFamilyComeWhereAskedFor) {
+TEST(SampleDatasets, IncludeTheFamilyIfRequested) {
     const SampleService service;
     UserClient ann(service, "ann");
     UserClient tim(service, "ann.tim");
@@ -57,7 +57,7 @@ TEST(SampleDatasets, AreUpdatedKeyByKey) {
               nlohmann::json::parse(R"({"displayName":"Ann","birthYear":1980})"));
 }
 
-TEST(SampleDatasets, ThatAreNotThereAre404) {
+TEST(SampleDatasets, AreA404IfTheyDoNotExist) {
     const SampleService service;
     UserClient ann(service, "ann");
     for (const char* method : {"GET", "DELETE"}) {
@@ -66,10 +66,11 @@ TEST(SampleDatasets, ThatAreNotThereAre404) {
     }
     ann.ask("PATCH", "dataset/profile", "", form);
     EXPECT_EQ(ann.status, 404);
-    EXPECT_EQ(service.control("GET", "/_control/users"), nlohmann::json::object()) << "asking makes no user";
+    EXPECT_EQ(service.control("GET", "/_control/users"), nlohmann::json::object())
+        << "a request does not create a user";
 }
 
-TEST(SampleDatasets, ThatAreThereAreNotCreatedAgain) {
+TEST(SampleDatasets, AreNotCreatedTwice) {
     const SampleService service;
     UserClient ann(service, "ann");
     ann.ask("POST", "dataset/profile", "", form);
@@ -79,7 +80,7 @@ TEST(SampleDatasets, ThatAreThereAreNotCreatedAgain) {
     EXPECT_EQ(ann.status, 200) << "another namespace";
 }
 
-TEST(SampleDatasets, AreDeletedForGood) {
+TEST(SampleDatasets, ArePermanentlyDeleted) {
     const SampleService service;
     UserClient ann(service, "ann");
     ann.ask("POST", "dataset/profile", "", form);
@@ -87,7 +88,7 @@ TEST(SampleDatasets, AreDeletedForGood) {
     EXPECT_EQ(service.control("GET", "/_control/users")["ann"]["datasets"], nlohmann::json::object());
 }
 
-TEST(SampleDatasets, ThatABodyDoesNotHoldAre400) {
+TEST(SampleDatasets, AreA400WithoutADatasetInTheBody) {
     const SampleService service;
     UserClient ann(service, "ann");
     for (const char* body : {"", "dataset", "dataset=", "dataset=%5B%5D", "dataset=%7B", "other=%7B%7D"}) {
@@ -98,7 +99,7 @@ TEST(SampleDatasets, ThatABodyDoesNotHoldAre400) {
     EXPECT_EQ(ann.status, 200);
 }
 
-TEST(SampleUsers, AreForgottenWithTheirTokensOnCommand) {
+TEST(SampleUsers, AreRemovedWithTheirTokensOnCommand) {
     const SampleService service;
     UserClient ann(service, "ann");
     ann.ask("POST", "dataset/profile", "", form);

@@ -9,7 +9,7 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-TEST(SampleFaults, ADelayHoldsTheAnswerBackAndThenGivesIt) {
+TEST(SampleFaults, ADelayPostponesTheResponse) {
     const SampleService service;
     service.addFault({{"path", "v2/time"}, {"fault", "delay"}, {"seconds", 0.3}});
     const auto start = steady_clock::now();
@@ -17,7 +17,7 @@ TEST(SampleFaults, ADelayHoldsTheAnswerBackAndThenGivesIt) {
     EXPECT_GE(steady_clock::now() - start, milliseconds(290));
 }
 
-TEST(SampleFaults, AStallGivesNothingUntilTheClientLeaves) {
+TEST(SampleFaults, AStallSendsNothingUntilTheClientDisconnects) {
     const SampleService service;
     service.addFault({{"path", "v2/time"}, {"fault", "stall"}});
     auto client = clientOf(service);
@@ -26,7 +26,7 @@ TEST(SampleFaults, AStallGivesNothingUntilTheClientLeaves) {
     EXPECT_TRUE(get(service, "/v2/time").is_number());
 }
 
-TEST(SampleFaults, AStallAfterSomeBytesHasSentThem) {
+TEST(SampleFaults, AStallAfterSomeBytesSendsThose) {
     const SampleService service;
     service.addFault({{"path", "v2/video/HL0101"}, {"fault", "stall"}, {"after", 40}});
     auto client = clientOf(service);
@@ -41,20 +41,20 @@ TEST(SampleFaults, AStallAfterSomeBytesHasSentThem) {
     EXPECT_TRUE(received.starts_with(R"({"_entity":"video")"));
 }
 
-TEST(SampleFaults, AResetEndsTheConnectionWithoutAnAnswer) {
+TEST(SampleFaults, AResetEndsTheConnectionWithoutAResponse) {
     const SampleService service;
     service.addFault({{"path", "v2/time"}, {"fault", "reset"}});
     EXPECT_EQ(clientOf(service).Get("/v2/time").error(), httplib::Error::Read);
     EXPECT_TRUE(get(service, "/v2/time").is_number());
 }
 
-TEST(SampleFaults, AResetAfterSomeBytesCutsTheBodyShort) {
+TEST(SampleFaults, AResetAfterSomeBytesTruncatesTheBody) {
     const SampleService service;
     service.addFault({{"path", "v2/video/HL0101"}, {"fault", "reset"}, {"after", 40}});
     EXPECT_FALSE(clientOf(service).Get("/v2/video/HL0101"));
 }
 
-TEST(SampleFaults, AMalformedAnswerIsASuccessWithABodyThatIsNoJSON) {
+TEST(SampleFaults, AMalformedResponseIsASuccessWithABodyThatIsNotJSON) {
     const SampleService service;
     service.addFault({{"path", "v2/time"}, {"fault", "malformed"}, {"count", 2}});
     EXPECT_EQ(clientOf(service).Get("/v2/time")->status, 200);
@@ -63,7 +63,7 @@ TEST(SampleFaults, AMalformedAnswerIsASuccessWithABodyThatIsNoJSON) {
     EXPECT_EQ(clientOf(service).Get("/v2/time")->body, "{\"half\":");
 }
 
-TEST(SampleFaults, AStatusIsGivenAsOftenAsAskedFor) {
+TEST(SampleFaults, AStatusIsSentAsOftenAsScripted) {
     const SampleService service;
     service.addFault({{"path", "v2/time"}, {"fault", "status"}, {"status", 503}, {"count", 2}});
     auto client = clientOf(service);
@@ -78,7 +78,7 @@ TEST(SampleFaults, AnExpiredTokenIsA401) {
     EXPECT_EQ(clientOf(service).Get("/v2/time")->status, 401);
 }
 
-TEST(SampleFaults, AnUnknownEnumerationValueComesWhereAskedForOrEverywhere) {
+TEST(SampleFaults, AnUnknownEnumerationValueIsSentInOneFieldOrAll) {
     const SampleService service;
     service.addFault(
         {{"path", "v2/video/HL0101"}, {"fault", "unknownEnum"}, {"at", "/_embedded/playlist/0/type"}});
@@ -91,7 +91,7 @@ TEST(SampleFaults, AnUnknownEnumerationValueComesWhereAskedForOrEverywhere) {
     EXPECT_EQ(video["title"], "The Pilot Boat");
 }
 
-TEST(SampleFaults, ANullComesWhereAskedForOrAsTheWholeAnswer) {
+TEST(SampleFaults, ANullIsSentInOneFieldOrAsTheWholeResponse) {
     const SampleService service;
     service.addFault({{"path", "v2/video/HL0101"}, {"fault", "null"}, {"at", {"/_links", "/title"}}});
     const auto video = get(service, "/v2/video/HL0101");
@@ -102,7 +102,7 @@ TEST(SampleFaults, ANullComesWhereAskedForOrAsTheWholeAnswer) {
     EXPECT_EQ(clientOf(service).Get("/v2/video/HL0101")->body, "null");
 }
 
-TEST(SampleFaults, AFaultReachesOnlyItsPathAndItsMethod) {
+TEST(SampleFaults, AFaultAffectsOnlyItsPathAndMethod) {
     const SampleService service;
     service.addFault({{"path", "v2/time"}, {"fault", "status"}, {"method", "POST"}});
     EXPECT_EQ(clientOf(service).Get("/v2/time")->status, 200);

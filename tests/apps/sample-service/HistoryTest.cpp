@@ -26,7 +26,7 @@ protected:
     UserClient ann{service, "ann"};
 };
 
-TEST_F(SampleHistory, RecordsSayWhoWatchedWhatAndHowFar) {
+TEST_F(SampleHistory, RecordsContainUserVideoAndProgress) {
     auto record = watch("11", "HL0103", "99", "&done=0")[0];
     const std::string accessed = record["lastAccessed"];
     EXPECT_EQ(accessed.size(), std::string("2026-11-21T04:22:00.123+0000").size()) << accessed;
@@ -38,33 +38,33 @@ TEST_F(SampleHistory, RecordsSayWhoWatchedWhatAndHowFar) {
                                                 "key":"HL0103","progress":99,"done":false})"));
 }
 
-TEST_F(SampleHistory, IsToldTheLastWatchedFirst) {
+TEST_F(SampleHistory, ListsTheLastWatchedFirst) {
     EXPECT_EQ(keys("video"), (List{"QO0101", "HL0102", "HL0101"}));
     watch("11", "HL0101", "5", "");
     EXPECT_EQ(keys("video"), (List{"HL0101", "QO0101", "HL0102"}));
 }
 
-TEST_F(SampleHistory, IsToldUpToALimit) {
+TEST_F(SampleHistory, ListsUpToALimit) {
     EXPECT_EQ(keys("video", "&limit=2"), (List{"QO0101", "HL0102"}));
     EXPECT_EQ(keys("video", "&limit=0"), List{});
     EXPECT_EQ(keys("video/recent", "&done=0&limit=1"), List{"QO0101"});
 }
 
-TEST_F(SampleHistory, IsToldByWhetherItIsDone) {
+TEST_F(SampleHistory, CanBeFilteredByDone) {
     EXPECT_EQ(keys("video/recent", "&done=1"), List{"HL0101"});
     EXPECT_EQ(keys("video/recent", "&done=0"), (List{"QO0101", "HL0102"}));
     EXPECT_EQ(keys("show/11"), (List{"HL0102", "HL0101"}));
     EXPECT_EQ(keys("show/11", "&done=1"), List{"HL0101"});
 }
 
-TEST_F(SampleHistory, OfOneVideoIsOneRecordOrNone) {
+TEST_F(SampleHistory, OfOneVideoHasOneRecordOrNone) {
     EXPECT_EQ(keys("show/11/video/HL0102"), List{"HL0102"});
     EXPECT_EQ(keys("show/11/video/HL0103"), List{});
     EXPECT_EQ(ann.status, 200);
-    EXPECT_EQ(keys("show/12/video/HL0102"), List{}) << "of another show";
+    EXPECT_EQ(keys("show/12/video/HL0102"), List{}) << "it belongs to another show";
 }
 
-TEST_F(SampleHistory, KeepsOneRecordOfAVideo) {
+TEST_F(SampleHistory, KeepsOneRecordPerVideo) {
     const auto before = ann.ask("GET", "history/show/11/video/HL0102", "&slug=watchlist")["data"][0];
     const auto after = watch("11", "HL0102", "61", "&done=1")[0];
     EXPECT_EQ(after["oid"], before["oid"]);
@@ -73,7 +73,7 @@ TEST_F(SampleHistory, KeepsOneRecordOfAVideo) {
     EXPECT_EQ(service.control("GET", "/_control/users")["ann"]["history"].size(), 3U);
 }
 
-TEST_F(SampleHistory, IsDeletedOfItsSlugAndThen404) {
+TEST_F(SampleHistory, IsDeletedBySlugAndIsThenA404) {
     ann.ask("DELETE", "history", "&slug=other");
     EXPECT_EQ(ann.status, 404);
     ann.ask("DELETE", "history", "&slug=watchlist");
@@ -83,7 +83,7 @@ TEST_F(SampleHistory, IsDeletedOfItsSlugAndThen404) {
     EXPECT_EQ(ann.status, 404);
 }
 
-TEST_F(SampleHistory, RequestsThatMakeNoSenseAre400) {
+TEST_F(SampleHistory, InvalidRequestsAreA400) {
     for (const char* path : {"history/show/x", "history/show/x/video/H"}) {
         ann.ask("GET", path, "&slug=watchlist");
         EXPECT_EQ(ann.status, 400) << path;
@@ -98,7 +98,7 @@ TEST_F(SampleHistory, RequestsThatMakeNoSenseAre400) {
     }
 }
 
-TEST_F(SampleHistory, IsEachUsersOwn) {
+TEST_F(SampleHistory, IsSeparateForEachUser) {
     UserClient bob(service, "bob");
     EXPECT_EQ(bob.ask("GET", "history/video", "&slug=watchlist")["data"], nlohmann::json::array());
 }

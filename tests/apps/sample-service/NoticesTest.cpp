@@ -19,14 +19,14 @@ std::vector<std::string> found(const SampleService& service, const std::string& 
     return titles;
 }
 
-TEST(SampleNotices, MessagesAreChosenByApplicationAndByWhoIsLoggedIn) {
+TEST(SampleNotices, MessagesDependOnApplicationAndLogin) {
     const SampleService service;
     EXPECT_EQ(messages(service, "appId=lumeno&authStatus=false"), (std::vector<int>{501, 502}));
     EXPECT_EQ(messages(service, "appId=kids&authStatus=true"), (std::vector<int>{501, 503, 505}));
     EXPECT_EQ(messages(service, "appId=lumeno%20int&authStatus=true"), (std::vector<int>{501, 504, 505}));
 }
 
-TEST(SampleNotices, EveryAlertThatAnEntityNamesIsThere) {
+TEST(SampleNotices, EveryReferencedAlertExists) {
     const SampleService service;
     for (const char* path : {"/v2/home", "/v2/shows", "/v2/show/harbour-lights", "/v2/show/night-ferry"}) {
         const std::string id = get(service, path)["_links"]["alert"]["id"];
@@ -35,7 +35,7 @@ TEST(SampleNotices, EveryAlertThatAnEntityNamesIsThere) {
     EXPECT_EQ(clientOf(service).Get("/v2/alert/none")->status, 404);
 }
 
-TEST(SampleSearch, FindsInTitlesFirstAndThenElsewhereWhateverTheCase) {
+TEST(SampleSearch, FindsTitlesFirstThenOtherFieldsIgnoringCase) {
     const SampleService service;
     EXPECT_EQ(found(service, "keyword=LANTERN"), std::vector<std::string>{"Paper Lanterns"});
     EXPECT_EQ(found(service, "keyword=ferry"), std::vector<std::string>{"Night Ferry"});
@@ -45,7 +45,7 @@ TEST(SampleSearch, FindsInTitlesFirstAndThenElsewhereWhateverTheCase) {
     EXPECT_EQ(found(service, "keyword=slack%20water"), std::vector<std::string>{"Harbour Lights"});
 }
 
-TEST(SampleSearch, FindsNothingForWhatIsNowhereForAnotherChannelAndForNoKeyword) {
+TEST(SampleSearch, FindsNothingForAnUnknownWordAnotherChannelOrNoKeyword) {
     const SampleService service;
     EXPECT_TRUE(found(service, "keyword=zeppelin").empty());
     EXPECT_TRUE(found(service, "keyword=ferry&channel=vantic-kids").empty());
@@ -53,7 +53,7 @@ TEST(SampleSearch, FindsNothingForWhatIsNowhereForAnotherChannelAndForNoKeyword)
     EXPECT_EQ(get(service, "/v2/search?keyword=zeppelin")["_meta"]["keyword"], "zeppelin");
 }
 
-TEST(SampleRemap, LeadsFromOldAndNewPagesToThePathsOfToday) {
+TEST(SampleRemap, MapsOldAndNewPagesToCurrentPaths) {
     const SampleService service;
     const auto show = get(service, "/v2/remap/programs/harbour-lights?video=HL0102");
     EXPECT_EQ(show["status"], "moved");
@@ -65,7 +65,7 @@ TEST(SampleRemap, LeadsFromOldAndNewPagesToThePathsOfToday) {
               json::parse(R"({"status":"unknown","_links":{"api":{},"deeplink":{}}})"));
 }
 
-TEST(SampleNavigation, TheMenuShowsTheChannelsNamedAndAllWhereNoneIsKnown) {
+TEST(SampleNavigation, TheMenuShowsTheGivenChannelsOrAllIfNoneIsKnown) {
     const SampleService service;
     const auto channels = [&](const std::string& query) {
         return get(service, "/v2/navigation/mobile?" + query)["items"][1]["items"].size();
@@ -76,7 +76,7 @@ TEST(SampleNavigation, TheMenuShowsTheChannelsNamedAndAllWhereNoneIsKnown) {
     EXPECT_EQ(get(service, "/v2/navigation/mobile?include=personalize")["items"].size(), 6U);
 }
 
-TEST(SampleFaults, OddEntitiesStandInEveryCollectionOfOneAnswer) {
+TEST(SampleFaults, UnknownEntitiesAreInEveryCollectionOfOneResponse) {
     const SampleService service;
     const auto plain = get(service, "/v2/home");
     service.addFault({{"path", "v2/home"}, {"fault", "oddities"}});

@@ -9,24 +9,24 @@ namespace VanticRestKit::test {
 
 namespace {
 
-TEST(SampleProcess, TheFirstLineIsTheBaseURLWithThePortThatWasPicked) {
+TEST(SampleProcess, TheFirstLineIsTheBaseURLWithTheChosenPort) {
     const SampleService service;
     EXPECT_EQ(service.baseURL(), "http://127.0.0.1:" + std::to_string(service.port()));
     EXPECT_EQ(clientOf(service).Get("/v2/time")->status, 200);
 }
 
-TEST(SampleProcess, EndsWithZeroOnATermSignal) {
+TEST(SampleProcess, ExitsWithZeroOnSIGTERM) {
     SampleService service;
     EXPECT_EQ(service.end(SIGTERM), 0);
 }
 
-TEST(SampleProcess, EndsWithZeroOnTheStopRouteWhichIsStillAnswered) {
+TEST(SampleProcess, ExitsWithZeroAfterAnsweringTheStopRoute) {
     SampleService service;
     EXPECT_EQ(service.control("POST", "/_control/stop")["done"], true);
     EXPECT_EQ(service.waitForEnd(), 0);
 }
 
-TEST(SampleProcess, EndsWhileAConnectionIsKeptAliveAndAnAnswerIsHeldBack) {
+TEST(SampleProcess, EndsEvenWithAnOpenConnectionAndADelayedResponse) {
     SampleService service;
     auto idle = clientOf(service);
     idle.set_keep_alive(true);
@@ -39,12 +39,12 @@ TEST(SampleProcess, EndsWhileAConnectionIsKeptAliveAndAnAnswerIsHeldBack) {
     EXPECT_FALSE(held.get());
 }
 
-TEST(SampleProcess, EndsWithTheProcessThatStartedIt) {
+TEST(SampleProcess, EndsWithItsParentProcess) {
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
     const pid_t parent = fork();
     if (parent == 0) {
-        // The service inherits the writing end, which therefore stays open as long as it lives.
+        // The service inherits the write end, which therefore stays open while it runs.
         const SampleService service;
         _exit(service.isRunning() ? 0 : 1);
     }
@@ -57,7 +57,7 @@ TEST(SampleProcess, EndsWithTheProcessThatStartedIt) {
     close(ends[0]);
 }
 
-TEST(SampleProcess, ServesTLSWithACertificateOfTheAuthorityThatItWrites) {
+TEST(SampleProcess, ServesTLSWithACertificateOfItsOwnAuthority) {
     const SampleService service(SampleService::Transport::https);
     EXPECT_TRUE(service.baseURL().starts_with("https://127.0.0.1:"));
     EXPECT_EQ(clientOf(service).Get("/v2/time")->status, 200);
@@ -65,7 +65,7 @@ TEST(SampleProcess, ServesTLSWithACertificateOfTheAuthorityThatItWrites) {
     EXPECT_EQ(stranger.Get("/v2/time").error(), httplib::Error::SSLServerVerification);
 }
 
-TEST(SampleProcess, ManyConnectionsAtOnceAreServedThoughSomeAreHeldBack) {
+TEST(SampleProcess, ManyConnectionsAreServedEvenIfSomeAreDelayed) {
     const SampleService service;
     service.addFault({{"path", "v2/time"}, {"fault", "stall"}, {"count", 50}});
     std::vector<std::future<bool>> held;
@@ -89,7 +89,7 @@ TEST(SampleProcess, WrongUsageExitsWithTwo) {
     EXPECT_EQ(runSampleService({"more"}), 2);
 }
 
-TEST(SampleProcess, APortThatIsTakenExitsWithOne) {
+TEST(SampleProcess, APortInUseExitsWithOne) {
     const SampleService service;
     EXPECT_EQ(runSampleService({"--port", std::to_string(service.port())}), 1);
 }

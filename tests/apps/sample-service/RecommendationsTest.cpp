@@ -25,7 +25,7 @@ std::vector<std::string> recommended(const SampleService& service, const nlohman
     return column(nlohmann::json::parse(answer->body)["recommendations"], "rid");
 }
 
-TEST(SampleSegments, AreThoseOfTheHistoryBesideOnesThatClientsDoNotKnow) {
+TEST(SampleSegments, DependOnTheHistoryAndIncludeUnknownOnes) {
     const SampleService service;
     EXPECT_EQ(segmentsOf(service, "ann"), nlohmann::json::parse(R"({"user_id":"ann",
         "active_audiences":["vantic_main_9"],"active_badges":["7832","1"]})"));
@@ -35,7 +35,7 @@ TEST(SampleSegments, AreThoseOfTheHistoryBesideOnesThatClientsDoNotKnow) {
         "active_audiences":["vantic_main_9","vantic_main_127"],"active_badges":["7832"]})"));
 }
 
-TEST(SampleSegments, AreRefusedWithoutKeyTokenOrSubprofile) {
+TEST(SampleSegments, AreRejectedWithoutKeyTokenOrSubprofile) {
     const SampleService service;
     const nlohmann::json body{{"sub_profile_id", "ann"}};
     EXPECT_EQ(post(service, segments, body, {{"Authorization", "Bearer t"}})->status, 403);
@@ -46,7 +46,7 @@ TEST(SampleSegments, AreRefusedWithoutKeyTokenOrSubprofile) {
     EXPECT_EQ(clientOf(service).Get(segments)->status, 405);
 }
 
-TEST(SampleRecommendations, AreOfManyKindsUpToTheLimit) {
+TEST(SampleRecommendations, HaveManyKindsUpToTheLimit) {
     const SampleService service;
     const auto all = recommended(service, {{"limit", 1000}});
     EXPECT_GT(all.size(), 8U);
@@ -59,7 +59,7 @@ TEST(SampleRecommendations, AreOfManyKindsUpToTheLimit) {
     EXPECT_TRUE(recommended(service, {{"limit", 0}}).empty());
 }
 
-TEST(SampleRecommendations, FollowTheFilters) {
+TEST(SampleRecommendations, ObeyTheFilters) {
     const SampleService service;
     const auto all = recommended(service, {{"limit", 1000}});
     const nlohmann::json few{all[0], all[3]};
@@ -70,14 +70,14 @@ TEST(SampleRecommendations, FollowTheFilters) {
     EXPECT_EQ(others.front(), all[1]);
 }
 
-TEST(SampleRecommendations, LeaveOutTheContentThatIsShownAndPreferItsKind) {
+TEST(SampleRecommendations, OmitTheShownContentAndPreferItsKind) {
     const SampleService service;
     const auto items = recommended(service, {{"limit", 1000}, {"context", "lumeno://program/11"}});
     EXPECT_EQ(std::count(items.begin(), items.end(), "lumeno://program/11"), 0);
     EXPECT_EQ(items.front(), "lumeno://program/15") << "the other drama";
 }
 
-TEST(SampleRecommendations, PutWhatTheUserHasWatchedLast) {
+TEST(SampleRecommendations, ListWatchedContentLast) {
     const SampleService service;
     const auto before = recommended(service, {{"limit", 1}, {"userid", "ann"}});
     UserClient ann(service, "ann");
@@ -88,7 +88,7 @@ TEST(SampleRecommendations, PutWhatTheUserHasWatchedLast) {
     EXPECT_NE(recommended(service, {{"limit", 1}, {"userid", "bob"}, {"subprofileid", "ann"}}), before);
 }
 
-TEST(SampleRecommendations, NameModuleAndVariant) {
+TEST(SampleRecommendations, ContainModuleAndVariant) {
     const SampleService service;
     const auto answer =
         clientOf(service).Put(std::string(recommendations) + "?apikey=k", R"({"limit":1})", "text/plain");
@@ -99,7 +99,7 @@ TEST(SampleRecommendations, NameModuleAndVariant) {
               nlohmann::json::parse(R"({"moduleid":"home","variantid":"newcomer","label":"Popular now"})"));
 }
 
-TEST(SampleRecommendations, AreRefusedWithoutAKeyOrALimit) {
+TEST(SampleRecommendations, AreRejectedWithoutAKeyOrALimit) {
     const SampleService service;
     EXPECT_EQ(post(service, recommendations, {{"limit", 1}})->status, 403);
     for (const char* body : {"{}", R"({"limit":-1})", "[]", R"({"limit":"1"})"}) {

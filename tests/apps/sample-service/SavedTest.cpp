@@ -6,7 +6,7 @@ namespace {
 
 using List = std::vector<std::string>;
 
-TEST(SampleSaved, ShowsComeInTheOrderOfSaving) {
+TEST(SampleSaved, ShowsAreListedInTheOrderOfSaving) {
     const SampleService service;
     UserClient ann(service, "ann");
     auto added = ann.ask("POST", "saved/watchlist/show/42", "&raw=1")["data"];
@@ -23,7 +23,7 @@ TEST(SampleSaved, ShowsComeInTheOrderOfSaving) {
     EXPECT_EQ(column(list, "order"), (std::vector<int>{0, 1}));
 }
 
-TEST(SampleSaved, AShowThatIsSavedTwiceIsKeptOnce) {
+TEST(SampleSaved, AShowSavedTwiceIsListedOnce) {
     const SampleService service;
     UserClient ann(service, "ann");
     const auto first = ann.ask("POST", "saved/watchlist/show/42")["data"];
@@ -32,7 +32,7 @@ TEST(SampleSaved, AShowThatIsSavedTwiceIsKeptOnce) {
     EXPECT_EQ(service.control("GET", "/_control/users")["ann"]["saved"].size(), 2U);
 }
 
-TEST(SampleSaved, ListsAreToldApartByTheirSlugs) {
+TEST(SampleSaved, ListsAreSeparatedBySlug) {
     const SampleService service;
     UserClient ann(service, "ann");
     ann.ask("POST", "saved/watchlist/show/42");
@@ -45,7 +45,7 @@ TEST(SampleSaved, ListsAreToldApartByTheirSlugs) {
     EXPECT_EQ(ann.ask("GET", "saved")["data"], nlohmann::json::array());
 }
 
-TEST(SampleSaved, AShowIsTakenOffOnceAndAListAsOftenAsWanted) {
+TEST(SampleSaved, AShowCanBeRemovedOnceAndAListRepeatedly) {
     const SampleService service;
     UserClient ann(service, "ann");
     ann.ask("POST", "saved/watchlist/show/42");
@@ -57,7 +57,7 @@ TEST(SampleSaved, AShowIsTakenOffOnceAndAListAsOftenAsWanted) {
     EXPECT_EQ(ann.status, 200);
 }
 
-TEST(SampleSaved, AShowIsNamedByAWholeNumber) {
+TEST(SampleSaved, AShowIsIdentifiedByAnInteger) {
     const SampleService service;
     UserClient ann(service, "ann");
     ann.ask("POST", "saved/watchlist/show/harbour-lights");

@@ -9,7 +9,7 @@ namespace VanticRestKit::test {
 
 namespace {
 
-/// A service that offers scenarios.
+/// A service with scenarios.
 struct Scenarios : SampleService {
     Scenarios() : SampleService({"--scenarios"}) {}
 
@@ -41,7 +41,7 @@ bool hasUnknown(const nlohmann::json& items) {
     });
 }
 
-TEST(SampleScenario, IsNotThereUnlessAskedFor) {
+TEST(SampleScenario, IsOffByDefault) {
     const SampleService service;
     EXPECT_EQ(statusOf(service, "/control/fault"), 404);
     EXPECT_EQ(clientOf(service).Post("/control/fault?name=500")->status, 404);
@@ -49,7 +49,7 @@ TEST(SampleScenario, IsNotThereUnlessAskedFor) {
     EXPECT_EQ(statusOf(service, "/v2/time"), 200);
 }
 
-TEST(SampleScenario, LastsUntilAnotherOneIsChosen) {
+TEST(SampleScenario, LastsUntilAnotherIsChosen) {
     const Scenarios service;
     EXPECT_EQ(service.choose("500"), 200);
     EXPECT_EQ(get(service, "/control/fault")["name"], "500");
@@ -58,7 +58,7 @@ TEST(SampleScenario, LastsUntilAnotherOneIsChosen) {
     EXPECT_EQ(statusOf(service, "/v2/home"), 200);
 }
 
-TEST(SampleScenario, AnUnknownNameOrDelayIsRefusedAndChangesNothing) {
+TEST(SampleScenario, AnInvalidNameOrDelayIsRejectedWithoutAChange) {
     const Scenarios service;
     service.choose("500");
     EXPECT_EQ(service.choose("nonsense"), 400);
@@ -67,7 +67,7 @@ TEST(SampleScenario, AnUnknownNameOrDelayIsRefusedAndChangesNothing) {
     EXPECT_EQ(get(service, "/control/fault")["name"], "500");
 }
 
-TEST(SampleScenario, OfflineClosesTheConnectionWithoutAnAnswer) {
+TEST(SampleScenario, OfflineClosesTheConnectionWithoutAResponse) {
     const Scenarios service;
     service.choose("offline");
     EXPECT_EQ(statusOf(service, "/v2/time"), 0);
@@ -76,14 +76,14 @@ TEST(SampleScenario, OfflineClosesTheConnectionWithoutAnAnswer) {
     EXPECT_EQ(service.records().at(0)["clientLeft"], false);
 }
 
-TEST(SampleScenario, ASlowAnswerComesLater) {
+TEST(SampleScenario, ASlowResponseIsDelayed) {
     const Scenarios service;
     service.choose("slow&seconds=0.3");
     EXPECT_EQ(statusOf(service, "/v2/time"), 200);
     EXPECT_GE(service.records().at(0)["milliseconds"], 290);
 }
 
-TEST(SampleScenario, PicturesAndStreamsGoOnIfDocumentsAreBroken) {
+TEST(SampleScenario, PicturesAndStreamsWorkIfDocumentsAreBroken) {
     const Scenarios service;
     for (const char* name : {"500", "not-json"}) {
         service.choose(name);
@@ -101,7 +101,7 @@ TEST(SampleScenario, ARowLosesItsTitle) {
     EXPECT_TRUE(rows[0]["title"].is_string());
 }
 
-TEST(SampleScenario, UnknownEntitiesAndBrokenElementsAreScenariosOfTheirOwn) {
+TEST(SampleScenario, UnknownEntitiesAndBrokenElementsAreSeparateScenarios) {
     const Scenarios service;
     const auto itemsOfARow = [&] { return get(service, "/v2/home")["_embedded"]["collections"][1]["items"]; };
     service.choose("unknown-entities");
@@ -112,7 +112,7 @@ TEST(SampleScenario, UnknownEntitiesAndBrokenElementsAreScenariosOfTheirOwn) {
     EXPECT_TRUE(hasBroken(itemsOfARow()));
 }
 
-TEST(SampleScenario, AnExpiredTokenIsRefusedOnlyWhenItIsUsed) {
+TEST(SampleScenario, AnExpiredTokenIsRejectedOnlyWhenUsed) {
     const Scenarios service;
     service.choose("expired-token");
     EXPECT_EQ(statusOf(service, "/v2/home"), 200);
@@ -120,7 +120,7 @@ TEST(SampleScenario, AnExpiredTokenIsRefusedOnlyWhenItIsUsed) {
     EXPECT_EQ(statusOf(service, "/v2/home", {{"Authorization", "Bearer x"}}), 401);
 }
 
-TEST(SampleScenario, ARecordTellsThatTheClientLeftBeforeTheAnswer) {
+TEST(SampleScenario, ARecordNotesThatTheClientDisconnectedEarly) {
     const Scenarios service;
     service.choose("slow&seconds=600");
     Socket client = connectToLoopback(service.port());

@@ -24,7 +24,7 @@ TEST(SampleSchedule, IsTheSameAtTheSameTime) {
               schedule(other, "ONE0001", midnight + 19 * hour));
 }
 
-TEST(SampleSchedule, WhatComesNextIsNowWhenItsTimeComesThroughAWholeDay) {
+TEST(SampleSchedule, TheNextProgrammeBecomesTheCurrentOneAllDay) {
     const SampleService service;
     long now = midnight + 6 * hour;
     for (auto current = schedule(service, "TWO0001", now); now < midnight + 31 * hour;) {
@@ -60,13 +60,13 @@ TEST(SampleSchedule, TheWestIsTwoHoursLater) {
     EXPECT_EQ(west["start"], east["start"].get<long>() + 2 * hour);
 }
 
-TEST(SampleSchedule, OnlyLiveChannelsHaveOne) {
+TEST(SampleSchedule, ExistsOnlyForLiveChannels) {
     const SampleService service;
     EXPECT_EQ(clientOf(service).Get("/v2/nownext/HL0101")->status, 404);
     EXPECT_EQ(clientOf(service).Get("/v2/nownext/none")->status, 404);
 }
 
-TEST(SampleClock, StopsAtTheTimeThatWasSetAndRunsAgainWhenReset) {
+TEST(SampleClock, StopsAtTheSetTimeAndRunsAgainAfterAReset) {
     const SampleService service;
     setClock(service, midnight);
     EXPECT_EQ(get(service, "/v2/time"), json(static_cast<double>(midnight)));
@@ -74,7 +74,7 @@ TEST(SampleClock, StopsAtTheTimeThatWasSetAndRunsAgainWhenReset) {
     EXPECT_NE(get(service, "/v2/time"), json(static_cast<double>(midnight)));
 }
 
-TEST(SampleClock, TakesNothingThatIsNoTime) {
+TEST(SampleClock, RejectsAnInvalidTime) {
     const SampleService service;
     for (const char* body : {"", "{}", "12", R"({"now":"noon"})", R"({"now":-1})"}) {
         EXPECT_TRUE(service.control("PUT", "/_control/clock", body).is_null()) << body;

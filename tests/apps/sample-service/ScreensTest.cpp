@@ -30,7 +30,7 @@ TEST(SampleScreens, TheHomeScreenHasAFeaturedCollectionAndEightRowsWithAllThreeK
     EXPECT_EQ(types, (std::set<std::string>{"standard", "movie"}));
 }
 
-TEST(SampleScreens, EveryCategoryAndChannelOfTheNavigationHasAScreenWhoseCollectionsCanBeAskedFor) {
+TEST(SampleScreens, EveryCategoryAndChannelHasAScreenWhoseCollectionsExist) {
     const SampleService service;
     std::size_t screens = 0;
     for (const char* type : {"channels", "categories"}) {
@@ -62,7 +62,7 @@ TEST(SampleScreens, EveryItemOfTheHomeScreenIsFoundByItsOwnLink) {
     }
 }
 
-TEST(SampleScreens, TheIndexHoldsFortyShowsWithSeriesAndEightFilms) {
+TEST(SampleScreens, TheIndexContainsFortyShowsWithSeriesAndEightFilms) {
     const SampleService service;
     std::map<std::string, int> types;
     std::set<std::string> slugs;
@@ -77,7 +77,7 @@ TEST(SampleScreens, TheIndexHoldsFortyShowsWithSeriesAndEightFilms) {
     EXPECT_EQ(slugs.size(), 48U);
 }
 
-TEST(SampleScreens, AShowBringsWhatIsAskedForAlone) {
+TEST(SampleScreens, AShowContainsOnlyWhatIsRequested) {
     const SampleService service;
     EXPECT_FALSE(get(service, "/v2/show/harbour-lights").contains("_embedded"));
     const auto all = get(service, "/v2/show/11?embed=highlightVideo,selectedSeries,seriesList")["_embedded"];
@@ -101,7 +101,7 @@ TEST(SampleScreens, AShowIsNotFoundUnderAnotherChannelSeriesOrVideo) {
     }
 }
 
-TEST(SamplePictures, EveryPictureOfTheHomeScreenIsServedAsSVGUnderTheAddressAsked) {
+TEST(SamplePictures, EveryPictureOfTheHomeScreenIsServedAsSVGByTheRequestedHost) {
     const SampleService service;
     auto client = clientOf(service);
     const auto home = get(service, "/v2/home");
@@ -125,7 +125,7 @@ TEST(SamplePictures, EveryPictureOfTheHomeScreenIsServedAsSVGUnderTheAddressAske
     EXPECT_GT(pictures, 100U);
 }
 
-TEST(SamplePictures, ATitleIsDrawnWithItsMarksEscaped) {
+TEST(SamplePictures, ATitleIsDrawnWithEscapedMarkup) {
     const SampleService service;
     const auto answer = clientOf(service).Get("/pictures/show/copper-and-clay/landscape.svg");
     ASSERT_TRUE(answer);
@@ -141,7 +141,7 @@ TEST(SamplePictures, UnknownNamesAndUnknownKindsAreNotFound) {
     }
 }
 
-TEST(SamplePictures, AreNamedByTheHostThatWasAskedFor) {
+TEST(SamplePictures, HaveURLsOfTheRequestedHost) {
     const SampleService service;
     const auto answer = clientOf(service).Get(
         "/v2/video/HL0101", {{"Host", "service.example:81"}, {"X-Forwarded-Proto", "https"}});

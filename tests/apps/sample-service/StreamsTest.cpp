@@ -17,7 +17,7 @@ std::size_t countOf(std::string_view part, std::string_view text) {
     return count;
 }
 
-TEST(SampleStreams, TheMainPlaylistOffersTwoQualitiesWhoseFilesAreThere) {
+TEST(SampleStreams, TheMainPlaylistOffersTwoExistingQualities) {
     const SampleService service;
     const std::string main = textAt(service, "/hls/main.m3u8");
     EXPECT_EQ(countOf("#EXT-X-STREAM-INF", main), 2U);
@@ -57,7 +57,7 @@ TEST(SampleStreams, APartOfASegmentIs206) {
     EXPECT_TRUE(answer->get_header_value("Content-Range").starts_with("bytes 4-7/"));
 }
 
-TEST(SampleStreams, CaptionsNameTheVideoAndTheTime) {
+TEST(SampleStreams, CaptionsShowTheVideoAndTheTime) {
     const SampleService service;
     const auto answer = clientOf(service).Get("/captions/HL0102.vtt");
     ASSERT_TRUE(answer);
@@ -66,14 +66,14 @@ TEST(SampleStreams, CaptionsNameTheVideoAndTheTime) {
         answer->body.starts_with("WEBVTT\n\n00:00:00.000 --> 00:00:04.000\nSlack Water, 0 min 0 s\n"));
 }
 
-TEST(SampleStreams, WhatIsNotThereIs404) {
+TEST(SampleStreams, AnUnknownStreamIsA404) {
     const SampleService service;
     for (const char* path : {"/hls/huge.m3u8", "/hls/large-5.m4s", "/captions/XX.vtt", "/captions/HL0102"}) {
         EXPECT_EQ(clientOf(service).Get(path)->status, 404) << path;
     }
 }
 
-TEST(SampleStreams, TheCatalogueNamesThisServiceAsTheHostOnlyIfAskedTo) {
+TEST(SampleStreams, TheCatalogueUsesThisServiceForStreamsOnlyOnRequest) {
     const SampleService service;
     const SampleService own({"--own-streams"});
     const auto hlsOf = [](const SampleService& from) {

@@ -14,7 +14,7 @@ void set(const SampleService& service, const nlohmann::json& settings) {
     EXPECT_FALSE(service.control("POST", "/_control/tokens", settings.dump()).is_null()) << settings;
 }
 
-/// The status of a token request with that Authorization, or without where it is empty.
+/// The status of a token request with this Authorization header, or without one if it is empty.
 int tokenStatus(const SampleService& service, const std::string& authorization,
                 const std::string& query = "UID=ann&source=lumeno") {
     httplib::Headers headers;
@@ -22,7 +22,7 @@ int tokenStatus(const SampleService& service, const std::string& authorization,
     return clientOf(service).Get("/v2/token?" + query, headers)->status;
 }
 
-TEST(SampleTokens, AreGivenToAnybodyAndTellTheirExpiryInSeconds) {
+TEST(SampleTokens, AreIssuedToAnyUserWithTheirExpiryInSeconds) {
     const SampleService service;
     const auto auth = get(service, "/v2/token?UID=ann&source=lumeno")["auth"];
     EXPECT_EQ(auth["token_type"], "Bearer");
@@ -31,26 +31,26 @@ TEST(SampleTokens, AreGivenToAnybodyAndTellTheirExpiryInSeconds) {
     EXPECT_NEAR(auth["expiry"].get<double>(), now() + 3600, 60);
 }
 
-TEST(SampleTokens, LastAsLongAsTheSettingSays) {
+TEST(SampleTokens, LastAsLongAsConfigured) {
     const SampleService service;
     set(service, {{"seconds", 7}});
     EXPECT_NEAR(get(service, "/v2/token?UID=ann")["auth"]["expiry"].get<double>(), now() + 7, 5);
     EXPECT_EQ(service.control("GET", "/_control/tokens")["seconds"], 7);
 }
 
-TEST(SampleTokens, AreRenewedForARefreshTokenOfTheUserAndNoOther) {
+TEST(SampleTokens, AreRenewedOnlyForARefreshTokenOfTheUser) {
     const SampleService service;
     const std::string refresh = get(service, "/v2/token?UID=ann")["auth"]["refresh_token"];
     const std::string access = get(service, "/v2/token?UID=ann")["auth"]["access_token"];
     EXPECT_EQ(tokenStatus(service, "Bearer " + refresh), 200);
-    EXPECT_EQ(tokenStatus(service, "Bearer " + refresh), 200) << "two refreshes may be under way at once";
+    EXPECT_EQ(tokenStatus(service, "Bearer " + refresh), 200) << "two refreshes may overlap";
     EXPECT_EQ(tokenStatus(service, "Bearer " + access), 401);
     EXPECT_EQ(tokenStatus(service, "Bearer made-up"), 401);
     EXPECT_EQ(tokenStatus(service, "Bearer " + refresh, "UID=bob"), 401);
-    EXPECT_EQ(tokenStatus(service, "Basic of-the-host"), 200) << "only a bearer counts";
+    EXPECT_EQ(tokenStatus(service, "Basic of-the-host"), 200) << "only a bearer token is checked";
 }
 
-TEST(SampleTokens, AreRefusedToTheUsersThatTheSettingNames) {
+TEST(SampleTokens, AreRefusedToTheConfiguredUsers) {
     const SampleService service;
     set(service, {{"refused", {"ann"}}});
     EXPECT_EQ(tokenStatus(service, ""), 401);
@@ -59,12 +59,12 @@ TEST(SampleTokens, AreRefusedToTheUsersThatTheSettingNames) {
     EXPECT_EQ(tokenStatus(service, ""), 200);
 }
 
-TEST(SampleTokens, AreNotGivenWithoutAUser) {
+TEST(SampleTokens, AreNotIssuedWithoutAUser) {
     const SampleService service;
     EXPECT_EQ(tokenStatus(service, "", "source=lumeno"), 400);
 }
 
-TEST(SampleTokens, AreWantedForDataAndHaveToBeTheUsersOwn) {
+TEST(SampleTokens, AreRequiredForDataAndMustBelongToTheUser) {
     const SampleService service;
     UserClient ann(service, "ann");
     ann.ask("GET", "saved");
@@ -80,7 +80,7 @@ TEST(SampleTokens, AreWantedForDataAndHaveToBeTheUsersOwn) {
     EXPECT_EQ(clientOf(service).Get("/v2/saved", {{"Authorization", "Bearer " + ann.token()}})->status, 400);
 }
 
-TEST(SampleTokens, ThatHaveExpiredAreRefusedAndTheirRefreshTokensAreNot) {
+TEST(SampleTokens, AreRejectedAfterTheirExpiryUnlikeTheirRefreshTokens) {
     const SampleService service;
     const auto auth = get(service, "/v2/token?UID=ann")["auth"];
     service.control("POST", "/_control/tokens/expire");
@@ -93,7 +93,7 @@ TEST(SampleTokens, ThatHaveExpiredAreRefusedAndTheirRefreshTokensAreNot) {
     EXPECT_EQ(bob.status, 401);
 }
 
-TEST(SampleTokens, ComeWithAnswersWhereRotationAsksForIt) {
+TEST(SampleTokens, AreRotatedInResponsesIfConfigured) {
     const SampleService service;
     UserClient ann(service, "ann");
     EXPECT_FALSE(ann.ask("GET", "saved").contains("auth")) << "more than half of its time is left";
@@ -101,13 +101,14 @@ TEST(SampleTokens, ComeWithAnswersWhereRotationAsksForIt) {
     const auto auth = ann.ask("GET", "saved")["auth"];
     EXPECT_NE(auth["access_token"], ann.token());
     ann.ask("GET", "saved");
-    EXPECT_EQ(ann.status, 200) << "the older token stays good";
-    EXPECT_FALSE(ann.ask("DELETE", "saved/watchlist/show/1").contains("auth")) << "a failure brings none";
+    EXPECT_EQ(ann.status, 200) << "the older token stays valid";
+    EXPECT_FALSE(ann.ask("DELETE", "saved/watchlist/show/1").contains("auth"))
+        << "a failure contains no tokens";
     set(service, {{"rotation", "never"}});
     EXPECT_FALSE(ann.ask("GET", "saved").contains("auth"));
 }
 
-TEST(SampleTokens, WithLessThanHalfOfANewOnesTimeAreRotatedByThemselves) {
+TEST(SampleTokens, AreRotatedAutomaticallyInTheSecondHalfOfTheirLifetime) {
     const SampleService service;
     EXPECT_EQ(service.control("GET", "/_control/tokens")["rotation"], "late");
     set(service, {{"seconds", 1000}});
@@ -118,7 +119,7 @@ TEST(SampleTokens, WithLessThanHalfOfANewOnesTimeAreRotatedByThemselves) {
     EXPECT_TRUE(ann.ask("GET", "saved").contains("auth"));
 }
 
-TEST(SampleTokens, SettingsThatMakeNoSenseAreRefusedWhole) {
+TEST(SampleTokens, InvalidSettingsAreRejectedAsAWhole) {
     const SampleService service;
     for (const char* body : {"", "[]", R"({"seconds":"long"})", R"({"rotation":"often"})",
                              R"({"refused":"ann"})", R"({"refused":[1]})", R"({"seconds":5,"other":1})"}) {
@@ -128,7 +129,7 @@ TEST(SampleTokens, SettingsThatMakeNoSenseAreRefusedWhole) {
               nlohmann::json::parse(R"({"seconds":3600.0,"rotation":"late","refused":[]})"));
 }
 
-TEST(SampleTokens, LastAsTheCommandLineSaysAtFirst) {
+TEST(SampleTokens, HaveTheLifetimeOfTheCommandLineByDefault) {
     EXPECT_EQ(runSampleService({"--token-seconds", "soon"}), 2);
     EXPECT_EQ(runSampleService({"--token-seconds", "inf"}), 2);
 }

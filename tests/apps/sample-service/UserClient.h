@@ -6,7 +6,7 @@
 
 namespace VanticRestKit::test {
 
-/// A user of the service, signed in with a token of theirs.
+/// A user of the service, signed in with a token.
 class UserClient {
 public:
     UserClient(const SampleService& service, std::string uid) : service_(service), uid_(std::move(uid)) {
@@ -15,7 +15,7 @@ public:
 
     const std::string& token() const { return token_; }
 
-    /// Sends a request with the token; `query` begins with "&". Null where nothing or no JSON came.
+    /// Sends a request with the token. `query` must begin with "&". Returns null without a JSON response.
     nlohmann::json ask(const std::string& method, const std::string& path, const std::string& query = {},
                        const std::string& body = {}) {
         httplib::Request request;
@@ -29,7 +29,7 @@ public:
         return answer ? nlohmann::json::parse(answer->body, nullptr, false) : nlohmann::json();
     }
 
-    /// Of the last answer.
+    /// The status of the last response.
     int status = 0;
 
 private:

@@ -14,7 +14,7 @@ using namespace VanticRestKit;
 
 namespace {
 
-// An address on which no server listens: a load ends with the transport's error.
+// An address without a server, so that a load fails with a transport error.
 class Nowhere : public virtual Context {
 public:
     URL baseURL() const override { return *URL::make("http://127.0.0.1:1"); }

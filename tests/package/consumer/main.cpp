@@ -1,4 +1,4 @@
-// A host as it stands outside the project: it has what was installed, and nothing else.
+// A host outside the project, which uses only what was installed.
 
 #include <VanticRestKit/platform/async/StdFuture.h>
 #include <VanticRestKit/platform/async/Task.h>
@@ -14,7 +14,7 @@
 
 using namespace VanticRestKit;
 
-// A type of the host's own, described by the same words as the library's.
+// A host's own type with a mapping table like those of the library.
 struct Snack {
     std::string name{};
     std::uint64_t price{};
@@ -33,7 +33,7 @@ const TypePlan& VanticRestKit::planOf<Snack>() {
 
 namespace {
 
-// An address without a server: a load ends with a transport error.
+// An address without a server, so that a load fails with a transport error.
 class Nowhere : public virtual Context {
 public:
     URL baseURL() const override { return *URL::make("http://127.0.0.1:1"); }
@@ -45,12 +45,12 @@ bool decodesAnEntity() {
     return video && video->title == "A" && video->selfHref == "/video/1";
 }
 
-bool tellsWhyADocumentDoesNotDecode() {
+bool reportsWhyADocumentDoesNotDecode() {
     const auto video = JSONDecoder().decode<Video>(Data("{}"));
     return !video && video.error().as<DecodingError>() != nullptr;
 }
 
-bool decodesATypeOfItsOwn() {
+bool decodesItsOwnType() {
     const auto snacks =
         JSONDecoder().decode<std::vector<Snack>>(Data(R"([{"name":"rusk","price":3},{"name":"fig"}])"));
     return snacks && snacks->size() == 2 && snacks->front().price == 3 && snacks->back().price == 0;
@@ -84,8 +84,8 @@ int check(const char* what, bool holds) {
 
 int main() {
     return check("decodes an entity", decodesAnEntity()) +
-           check("tells why a document does not decode", tellsWhyADocumentDoesNotDecode()) +
-           check("decodes a type of its own", decodesATypeOfItsOwn()) +
+           check("reports why a document does not decode", reportsWhyADocumentDoesNotDecode()) +
+           check("decodes its own type", decodesItsOwnType()) +
            check("reports a failed load", reportsAFailedLoad()) +
            check("waits for a std::future", waitsForAStdFuture());
 }

@@ -1,4 +1,4 @@
-// Tests of a host as they stand outside the project: they have what was installed, and nothing else.
+// Tests of a host outside the project, which use only what was installed.
 
 #include <VanticRestKit/Testing/Documents.h>
 #include <VanticRestKit/Testing/ManualClock.h>
