@@ -14,7 +14,7 @@ const std::vector<std::string_view> names = {"Video", "Videos", "Show", "ShowsLi
 
 }  // namespace
 
-TEST(EditDistance, CountsWhatHasToBeAddedRemovedOrChanged) {
+TEST(EditDistance, CountsInsertionsDeletionsAndReplacements) {
     EXPECT_EQ(editDistance("show", "show"), 0u);
     EXPECT_EQ(editDistance("", "show"), 4u);
     EXPECT_EQ(editDistance("show", ""), 4u);
@@ -24,12 +24,12 @@ TEST(EditDistance, CountsWhatHasToBeAddedRemovedOrChanged) {
     EXPECT_EQ(editDistance("kitten", "sitting"), 3u);
 }
 
-TEST(EditDistance, CountsTwoSwappedNeighboursAsOne) {
+TEST(EditDistance, CountsASwapOfNeighboursAsOneEdit) {
     EXPECT_EQ(editDistance("sohw", "show"), 1u);
     EXPECT_EQ(editDistance("shwo", "show"), 1u);
 }
 
-TEST(EditDistance, ComparesLettersWithoutCase) { EXPECT_EQ(editDistance("SHOW", "show"), 0u); }
+TEST(EditDistance, IgnoresCase) { EXPECT_EQ(editDistance("SHOW", "show"), 0u); }
 
 TEST(Suggestion, IsTheClosestName) {
     EXPECT_EQ(suggestion("Vidoes", names), "; did you mean Videos?");
@@ -37,11 +37,11 @@ TEST(Suggestion, IsTheClosestName) {
     EXPECT_EQ(suggestion("livestream", names), "; did you mean Livestreams?");
 }
 
-TEST(Suggestion, IsANameThatBeginsWithTheWord) {
+TEST(Suggestion, CanBeANameThatBeginsWithTheWord) {
     EXPECT_EQ(suggestion("Live", names), "; did you mean Livestreams?");
 }
 
-TEST(Suggestion, ShowsThePrefixOfTheName) {
+TEST(Suggestion, IncludesThePrefixOfTheName) {
     EXPECT_EQ(suggestion("Shaw", names, "--"), "; did you mean --Show?");
 }
 

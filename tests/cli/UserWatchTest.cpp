@@ -27,7 +27,7 @@ using VanticRestKit::URLRequest;
 
 namespace {
 
-/// Requests that are answered when a test wants it, by their paths.
+/// Holds requests until the test answers them, by their paths.
 class Answers {
 public:
     Serve serve() {
@@ -36,7 +36,7 @@ public:
         };
     }
 
-    /// Waits for a request of this path and answers it.
+    /// Waits for a request with this path and answers it.
     void answer(const std::string& path, const char* body) {
         std::unique_lock lock(mutex_);
         ASSERT_TRUE(arrived_.wait_for(lock, std::chrono::minutes(1), [&] {
@@ -70,7 +70,7 @@ private:
     std::map<std::string, Serviceable::Completion> waiting_;
 };
 
-/// A context that makes no requests, or none for what is not the token.
+/// A context that builds no requests, or only token requests.
 class Unbuildable final : public VanticRestKit::TrelvoContext {
 public:
     explicit Unbuildable(Answers* answers = nullptr) : answers_(answers) {}
@@ -100,7 +100,7 @@ CommonOptions options() {
 constexpr const char* token =
     R"({"auth":{"access_token":"a","refresh_token":"r","token_type":"t","expiry":1e9}})";
 
-/// Runs the deletion of a profile on a thread of its own.
+/// Runs the deletion of a profile on a separate thread.
 class Deletion {
 public:
     explicit Deletion(Answers& answers)
@@ -121,7 +121,7 @@ private:
     std::thread running_;
 };
 
-/// Whether the end has come; waits for it at most that long.
+/// Waits at most `atMost` for the end. Returns whether it has come.
 bool hasEnded(std::future<std::optional<UserText>>& end, std::chrono::milliseconds atMost) {
     return end.wait_for(atMost) == std::future_status::ready;
 }
@@ -135,7 +135,8 @@ TEST(RequestWatch, EndsWhenRequestsWithoutACompletionHaveEnded) {
     answers.answer("/v2/token", token);
     answers.answer("/v2/dataset/profile", "{}");
     while (!deletion.watch->outcomeSoFar()) std::this_thread::yield();
-    EXPECT_FALSE(hasEnded(end, std::chrono::milliseconds(0))) << "told, but two requests are under way";
+    EXPECT_FALSE(hasEnded(end, std::chrono::milliseconds(0)))
+        << "the outcome is known, but two requests are still running";
     answers.answer("/v2/history", "{}");
     EXPECT_FALSE(hasEnded(end, std::chrono::milliseconds(0)));
     answers.answer("/v2/saved/watchlist", "{}");
@@ -145,13 +146,13 @@ TEST(RequestWatch, EndsWhenRequestsWithoutACompletionHaveEnded) {
     EXPECT_EQ(**outcome, "deleted");
 }
 
-TEST(RequestWatch, EndsWithoutAnOutcomeWhereTheOperationReturnsWithoutARequest) {
+TEST(RequestWatch, EndsWithoutAnOutcomeIfTheOperationSendsNoRequest) {
     const auto watch = std::make_shared<RequestWatch>();
     watch->operationReturned();
     EXPECT_FALSE(watch->outcomeAtTheEnd());
 }
 
-TEST(RequestWatch, EndsThoughAServiceIsDroppedWithoutHavingRun) {
+TEST(RequestWatch, EndsEvenIfAServiceIsDestroyedWithoutRunning) {
     Answers answers;
     const auto watch = std::make_shared<RequestWatch>();
     const UserHost host(options(), "ann", answers.serve());
@@ -160,9 +161,9 @@ TEST(RequestWatch, EndsThoughAServiceIsDroppedWithoutHavingRun) {
     EXPECT_FALSE(watch->outcomeAtTheEnd());
 }
 
-TEST(WatchedContext, EndsTheWaitWhereTheTokenCannotBeAskedFor) {
+TEST(WatchedContext, EndsTheWaitIfTheTokenCannotBeRequested) {
     const auto watch = std::make_shared<RequestWatch>();
-    // Its thread never ends, so that all it uses is never released.
+    // Its thread never ends, so the objects that it uses are never released.
     Trelvo& trelvo = *new Trelvo(TrelvoProbe::make([] { return 0.0; }));
     std::thread([&trelvo, watch] {
         trelvo.deleteHistory(
@@ -170,10 +171,10 @@ TEST(WatchedContext, EndsTheWaitWhereTheTokenCannotBeAskedFor) {
             WatchedContext(Unbuildable(), watch));
         watch->operationReturned();
     }).detach();
-    EXPECT_FALSE(watch->outcomeAtTheEnd()) << "though the operation has not returned";
+    EXPECT_FALSE(watch->outcomeAtTheEnd()) << "the operation has not returned";
 }
 
-TEST(WatchedContext, EndsTheWaitWhereTheDataCannotBeAskedFor) {
+TEST(WatchedContext, EndsTheWaitIfTheDataCannotBeRequested) {
     Answers answers;
     const auto watch = std::make_shared<RequestWatch>();
     auto running = std::async(std::launch::async, [&] {

@@ -3,7 +3,7 @@ import unittest
 
 from program import TestCase, vantic
 
-# A document, and the line and column where it breaks.
+# Malformed documents, each with the line and column of the fault.
 BROKEN = [
     ("", 1, 1),
     ("{", 1, 2),
@@ -19,7 +19,7 @@ BROKEN = [
 
 
 class BrokenDocuments(TestCase):
-    def test_decode_names_line_and_column_in_its_message(self):
+    def test_decode_reports_line_and_column_in_its_message(self):
         for document, line, column in BROKEN:
             with self.subTest(document[:20]):
                 outcome = vantic("decode", "Link", stdin=document)
@@ -27,7 +27,7 @@ class BrokenDocuments(TestCase):
                 self.assertTrue(json.loads(outcome.err)["error"]["message"].endswith(
                     f"It breaks at line {line}, column {column}."), outcome.err)
 
-    def test_explain_names_them_on_standard_error(self):
+    def test_explain_reports_them_on_standard_error(self):
         for document, line, column in BROKEN:
             with self.subTest(document[:20]):
                 outcome = vantic("explain", "Link", stdin=document)
@@ -35,7 +35,7 @@ class BrokenDocuments(TestCase):
                 self.assertEqual(outcome.err, f"vantic: the document is broken at line {line}, column {column}\n")
                 self.assertEqual(outcome.json["faults"][0]["found"], "a broken document")
 
-    def test_a_sound_document_that_does_not_decode_has_no_such_place(self):
+    def test_a_well_formed_document_that_does_not_decode_has_no_position(self):
         for document in ["{}", "[]", '{"href":1}', '{"href":"\\ud800"}', '{"href":[1,],}']:
             with self.subTest(document):
                 self.assertNotIn("breaks at", vantic("decode", "Link", stdin=document).err)

@@ -22,7 +22,7 @@ class Cache(TestCase):
         return outcome
 
     @unittest.skipUnless(HAS_DISK, "built without SQLite")
-    def test_answers_later_runs_and_asks_again_with_revalidate(self):
+    def test_answers_later_runs_and_revalidates_on_request(self):
         with tempfile.TemporaryDirectory() as folder:
             place = os.path.join(folder, "cache")
             first = self.load("--cache", place, "--trace")
@@ -36,13 +36,13 @@ class Cache(TestCase):
         self.assertEqual(first.out, second.out)
         self.assertEqual(first.out, third.out)
 
-    def test_finds_in_the_traced_home_screen_what_caches_and_cookies_need(self):
+    def test_shows_cache_and_cookie_headers_in_the_trace_of_the_home_screen(self):
         traced = self.load("--trace").err
         for field in ["Cache-Control: private, max-age=60", "ETag: ", "Vary: ", "Set-Cookie: visitor="]:
             self.assertIn("\ntrace: " + field, traced)
 
     @unittest.skipIf(HAS_DISK, "built with SQLite")
-    def test_loads_and_says_that_it_was_built_without_the_disk_part(self):
+    def test_loads_and_reports_a_build_without_the_disk_cache(self):
         with tempfile.TemporaryDirectory() as folder:
             loaded = self.load("--cache", os.path.join(folder, "cache"), "--trace")
             self.assertEqual(os.listdir(folder), [])
@@ -50,7 +50,7 @@ class Cache(TestCase):
         self.assertIn("cache: This build of VanticRestKit cannot keep a cache on disk.", loaded.err)
 
     @unittest.skipUnless(HAS_DISK, "built without SQLite")
-    def test_keeps_other_answers_of_the_catalogue_too(self):
+    def test_stores_other_responses_of_the_catalogue(self):
         with tempfile.TemporaryDirectory() as folder:
             words = ["load", "Show", "--showSlugOrId", "harbour-lights", "--base-url", self.service.url,
                      "--cache", os.path.join(folder, "cache"), "--trace"]

@@ -7,7 +7,7 @@ from program import SECONDS, SampleService, TestCase, vantic, vantic_without
 
 
 class ClosedOutput(TestCase):
-    """What cannot be printed is told as lost, also where the program opens sockets of its own."""
+    """A closed output is reported, even if the program opens its own sockets."""
 
     def assert_lost(self, outcome):
         self.assert_failed(outcome, "standard output")
@@ -20,14 +20,14 @@ class ClosedOutput(TestCase):
                 self.assert_lost(vantic_without([1], *words))
                 self.assert_lost(vantic_without([0, 1], *words))
 
-    def test_fails_an_operation_for_a_user_that_shows_a_value(self):
+    def test_fails_a_user_operation_that_prints_a_value(self):
         with SampleService() as service:
             words = ["user", "listWatchlistShowIds", "--uid", "ann", "--base-url", service.url]
             self.assertEqual(vantic(*words).out, "[]\n")
             self.assert_lost(vantic_without([1], *words))
             self.assert_lost(vantic_without([0, 1], *words))
 
-    def test_is_no_failure_of_an_operation_that_shows_nothing(self):
+    def test_does_not_fail_an_operation_that_prints_nothing(self):
         with SampleService() as service:
             outcome = vantic_without([1], "user", "deleteHistory", "--uid", "ann", "--base-url", service.url)
             self.assertEqual((outcome.code, outcome.err), (0, ""))
@@ -38,21 +38,21 @@ class ClosedOutput(TestCase):
 
 
 class ClosedErrorOutput(TestCase):
-    def test_of_a_failing_load_sends_its_line_nowhere(self):
+    def test_does_not_receive_the_line_of_a_failing_load_elsewhere(self):
         for closed in [[2], [1, 2], [0, 1, 2]]:
             with self.subTest(closed), FailingService() as service:
                 outcome = vantic_without(closed, "load", "Time", "--base-url", service.url)
                 self.assertEqual((outcome.code, outcome.out, outcome.err), (1, "", ""))
                 self.assert_one_request(service)
 
-    def test_of_a_failing_operation_for_a_user_sends_its_line_nowhere(self):
+    def test_does_not_receive_the_line_of_a_failing_user_operation_elsewhere(self):
         with FailingService() as service:
             outcome = vantic_without([2], "user", "listWatchlistShowIds", "--uid", "ann", "--base-url", service.url)
             self.assertEqual((outcome.code, outcome.out, outcome.err), (1, "", ""))
             self.assert_one_request(service)
 
     def assert_one_request(self, service):
-        """A GET request, without a body, with no further bytes and on one connection."""
+        """Expects one GET request without a body, and no other bytes, on one connection."""
         received = service.received()
         self.assertTrue(received.startswith(b"GET /v2/"), received)
         self.assertEqual(received.find(b"\r\n\r\n"), len(received) - 4, received)
@@ -61,13 +61,13 @@ class ClosedErrorOutput(TestCase):
 
 
 class ClosedInput(TestCase):
-    def test_holds_no_document_and_is_not_in_the_way_of_a_file(self):
+    def test_contains_no_document_and_does_not_affect_files(self):
         self.assertEqual(vantic_without([0], "decode", "Time").code, 1)
         self.assertEqual(vantic_without([0], "decode", "Time", self.file_of(b"1")).out, "1\n")
 
 
 class FailingService:
-    """Answers one request with 500 and keeps all that comes on its connection, for a `with` block."""
+    """Answers one request with 500 and records everything received on its connection, for a `with` block."""
 
     def __enter__(self):
         self.listening = socket.create_server(("127.0.0.1", 0))
@@ -94,7 +94,7 @@ class FailingService:
                     answered = True
 
     def received(self):
-        """All bytes that came until the program, which has ended, let go of the connection."""
+        """All bytes received until the program ended and closed the connection."""
         self.serving.join(SECONDS)
         return self.bytes
 

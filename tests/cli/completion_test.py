@@ -10,7 +10,7 @@ SCRIPTS = pathlib.Path(os.environ["VRK_COMPLETION"])
 
 
 def candidates(*words):
-    """What may stand in the place of the last word."""
+    """The candidates for the last word."""
     return [line.split("\t")[0] for line in vantic("complete", "--", *words).out.splitlines()]
 
 
@@ -60,7 +60,7 @@ class Candidates(TestCase):
 
 
 class Shells(TestCase):
-    """The scripts, in the shells that are installed."""
+    """The completion scripts, in the installed shells."""
 
     def run_in(self, shell, *words):
         if not shutil.which(shell):

@@ -14,7 +14,7 @@ class DecodeAValue(TestCase):
         )
         self.assertEqual(outcome.err, "")
 
-    def test_names_fields_as_declared_and_not_as_in_the_document(self):
+    def test_prints_declared_field_names_not_document_keys(self):
         self.assertEqual(
             list(vantic("decode", "Banner", stdin='{"large":"l","small":"s","link":"x"}').json.items()),
             [("largeImageHref", "l"), ("smallImageHref", "s"), ("altText", None), ("linkHref", "x")],
@@ -30,7 +30,7 @@ class DecodeAValue(TestCase):
             vantic("decode", "Status", stdin='{"title":"t","theme":"whatever"}').json, {"title": "t", "theme": "default"}
         )
 
-    def test_prints_fields_that_are_derived_and_leaves_computed_members_out(self):
+    def test_prints_derived_fields_but_not_computed_members(self):
         document = {
             "houseNumber": "ZW1",
             "_links": {"self": {"href": "video/1"}, "deeplink": {"href": "/show/slug/x"},
@@ -41,7 +41,7 @@ class DecodeAValue(TestCase):
         self.assertEqual(value["playableVideo"]["playTitle"], "Play")
         self.assertNotIn("derivedShowSlug", value)
 
-    def test_prints_the_summaries_of_a_group_which_no_key_brings(self):
+    def test_prints_the_summaries_of_a_group_which_have_no_key(self):
         show = {"id": 9184, "thumbnail": "t", "updated": "2020-01-02 03:04:05", "_links": {"self": {"href": "/show/x"}}}
         group = vantic("decode", "ShowsGrouped", stdin=json.dumps({"name": "A", "items": [{}, show]}), TZ="UTC").json
         self.assertEqual(list(group), ["groupingName", "shows", "showSummaries"])
@@ -55,7 +55,7 @@ class DecodeAValue(TestCase):
         self.assertIn('"width": 100,', image)
         self.assertIn('"height": 3,', image)
 
-    def test_prints_a_double_as_the_shortest_text_that_reads_back(self):
+    def test_prints_a_double_in_the_shortest_form_that_round_trips(self):
         for document, text in [("1732.5", "1732.5"), ("17e2", "1700"), ("5.0", "5"), ("-0.1", "-0.1"),
                                ("0.30000000000000004", "0.30000000000000004"), ("0.1000000000", "0.1"), ("0", "0")]:
             with self.subTest(document):
@@ -92,7 +92,7 @@ class DecodeAValue(TestCase):
         outcome = vantic("decode", "DatasetContainer", stdin=json.dumps(document))
         self.assertEqual(list(outcome.json["dataset"].items()), [("a", "x"), ("b", 1), ("c", True)])
 
-    def test_prints_texts_of_any_script_and_escapes_what_json_escapes(self):
+    def test_prints_strings_of_any_script_with_json_escapes(self):
         text = 'Café "日本" \\ \n \u0001 \U0001f3a5'
         outcome = vantic("decode", "Link", stdin=json.dumps({"href": text}))
         self.assertEqual(outcome.json["href"], text)
@@ -103,7 +103,7 @@ class DecodeAValue(TestCase):
         self.assertEqual([link["href"] for link in vantic("decode", "[Link]", stdin='[{"href":"a"},{"href":"b"}]').json],
                          ["a", "b"])
 
-    def test_reads_a_file_where_one_is_named(self):
+    def test_reads_a_file_if_one_is_given(self):
         name = self.file_of(b"12")
         self.assertEqual(vantic("decode", "Time", name, stdin="not read").out, "12\n")
 
@@ -112,7 +112,7 @@ class DecodeAValue(TestCase):
         outcome = vantic("decode", "[Link]", stdin="[" + ",".join(['{"href":"a long enough text"}'] * count) + "]")
         self.assertEqual(len(outcome.json), count)
 
-    def test_takes_white_space_around_the_document(self):
+    def test_accepts_white_space_around_the_document(self):
         self.assertEqual(vantic("decode", "Time", stdin=" \n\t1\r\n ").out, "1\n")
 
 
@@ -126,7 +126,7 @@ class DecodeAFailure(TestCase):
         self.assertTrue(answer["error"]["message"])
         return answer["error"]["kind"], answer["error"]["path"]
 
-    def test_of_a_missing_key_has_the_path_down_to_it(self):
+    def test_of_a_missing_key_has_its_path(self):
         self.assertEqual(self.error("Link", "{}"), ("keyNotFound", ["href"]))
 
     def test_of_a_null_is_value_not_found(self):
@@ -140,7 +140,7 @@ class DecodeAFailure(TestCase):
     def test_of_a_value_that_does_not_fit_is_corrupted_data(self):
         self.assertEqual(self.error("Link", '{"href":"\\ud800"}'), ("dataCorrupted", ["href"]))
 
-    def test_counts_places_in_lists_as_numbers(self):
+    def test_has_list_indexes_as_numbers_in_its_path(self):
         self.assertEqual(self.error("[Link]", '[{"href":"a"},{"title":"b"}]'), ("keyNotFound", [1, "href"]))
         self.assertEqual(self.error("[Link]", "[null]"), ("typeMismatch", [0]))
 
@@ -157,7 +157,7 @@ class DecodeAFailure(TestCase):
         self.assertEqual(self.error("ShowsIndex", '{"items":[{"name":"A","items":[{},{"_entity":"video"}]}]}'),
                          ("entityMismatch", ["items", 0, "items", 1]))
 
-    def test_of_another_entity_tells_what_was_found_as_it_came(self):
+    def test_of_another_entity_reports_the_unchanged_name(self):
         outcome = vantic("decode", "Video", stdin='{"_entity":"A \\"Sh\\u0000\\u00f6w\\"\\n"}')
         self.assert_failed(outcome)
         self.assertEqual(json.loads(outcome.err)["error"]["message"],
@@ -167,7 +167,7 @@ class DecodeAFailure(TestCase):
         self.assert_failed(vantic("decode", "Time", "/nowhere/at/all"), "/nowhere/at/all")
         self.assert_failed(vantic("decode", "Time", "/"), "/")
 
-    def test_of_a_very_deep_document_is_no_crash(self):
+    def test_of_a_very_deep_document_does_not_crash(self):
         self.assertEqual(self.error("Link", "[" * 200_000), ("dataCorrupted", []))
 
 

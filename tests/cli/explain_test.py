@@ -10,38 +10,38 @@ class Explain(TestCase):
         self.assertEqual((outcome.code, outcome.err != ""), (0, is_broken))
         return outcome.json["faults"]
 
-    def test_tells_all_of_a_fault_that_was_swallowed(self):
+    def test_reports_every_detail_of_a_tolerated_fault(self):
         self.assertEqual(
             vantic("explain", "Link", stdin='{"href":"h","title":7}').out,
             '{"faults":[{"path":["title"],"presence":"lenient","expected":"String","found":"number",'
             '"became":"empty"}]}\n',
         )
 
-    def test_finds_nothing_in_a_document_without_a_fault(self):
+    def test_reports_nothing_for_a_valid_document(self):
         self.assertEqual(vantic("explain", "Link", stdin='{"href":"h"}').out, '{"faults":[]}\n')
 
-    def test_does_not_count_unknown_keys_nor_absent_and_null_lenient_ones(self):
+    def test_does_not_report_unknown_keys_and_absent_or_null_lenient_ones(self):
         self.assertEqual(self.faults("Link", '{"href":"h","id":null,"other":[1]}'), [])
 
-    def test_goes_in_decode_order_and_not_in_that_of_the_document(self):
+    def test_reports_faults_in_decode_order(self):
         faults = self.faults("Video", '{"tags":1,"title":2,"type":3,"_links":{"self":4}}')
         self.assertEqual([fault["path"] for fault in faults], [["type"], ["title"], ["tags"], ["_links", "self"]])
 
-    def test_tells_what_a_field_became(self):
+    def test_reports_the_resulting_value_of_a_field(self):
         faults = self.faults("Video", '{"tags":1,"title":2,"captions":3,"_links":{}}')
         self.assertEqual([fault["became"] for fault in faults], ["empty", "false", "[]"])
 
-    def test_ends_well_with_the_failure_where_decoding_fails(self):
+    def test_succeeds_and_reports_the_failure_if_decoding_fails(self):
         faults = self.faults("Video", '{"title":2,"_links":[]}')
         self.assertEqual([(fault["path"], fault["became"]) for fault in faults],
                          [(["title"], "empty"), (["_links"], "failure")])
         self.assertEqual(faults[-1]["presence"], "required")
 
-    def test_tells_of_another_entity(self):
+    def test_reports_another_entity(self):
         [fault] = self.faults("Video", json.dumps({"_entity": 'sh"öw\n', "_links": {}}))
         self.assertEqual((fault["presence"], fault["became"], fault["found"]), ("required", "failure", 'sh"öw\n'))
 
-    def test_tells_of_a_broken_structure(self):
+    def test_reports_a_malformed_document(self):
         for document in ["", "{", b"\xff"]:
             with self.subTest(document):
                 self.assertEqual([(fault["path"], fault["became"]) for fault in self.faults("Link", document, True)],

@@ -12,7 +12,7 @@ class StandardInput(TestCase):
 
 
 class AllFiles(TestCase):
-    def test_are_decoded_a_line_each(self):
+    def test_are_decoded_to_one_line_each(self):
         first, second = self.file_of(b'{\n"href":"a"}'), self.file_of(b'{"href":"b","id":"2"}')
         outcome = vantic("decode", "--all", "Link", first, second)
         self.assertEqual((outcome.code, outcome.err), (0, ""))
@@ -20,7 +20,7 @@ class AllFiles(TestCase):
         self.assertEqual([answer["file"] for answer in answers], [first, second])
         self.assertEqual([answer["ok"]["href"] for answer in answers], ["a", "b"])
 
-    def test_are_all_tried_and_one_failure_fails_the_command(self):
+    def test_are_all_decoded_and_one_failure_fails_the_command(self):
         good, bad, broken = self.file_of(b'{"href":"a"}'), self.file_of(b"{}"), self.file_of(b'{"href"')
         outcome = vantic("decode", "--all", "Link", bad, broken, "/nowhere/at/all", good)
         self.assertEqual(outcome.code, 1)
@@ -40,7 +40,7 @@ class AllFiles(TestCase):
         self.assert_usage_error(vantic("decode", "--all", "Link"), "--all")
         self.assert_usage_error(vantic("decode", "--all", "--lines", "Link", "x"), "--lines")
 
-    def test_are_the_only_way_to_name_several(self):
+    def test_are_required_for_several_names(self):
         self.assert_usage_error(vantic("decode", "Link", "a", "b"), "--all")
 
 
@@ -52,13 +52,13 @@ class Quiet(TestCase):
     def test_keeps_errors_and_the_exit_code(self):
         self.assert_failed(vantic("decode", "--quiet", "Link", stdin="{}"), "keyNotFound")
 
-    def test_leaves_only_the_files_that_fail(self):
+    def test_prints_only_the_failing_files(self):
         good, bad = self.file_of(b'{"href":"a"}'), self.file_of(b"{}")
         outcome = vantic("decode", "--all", "--quiet", "Link", good, bad)
         self.assertEqual(outcome.code, 1)
         self.assertEqual([json.loads(line)["file"] for line in outcome.out.splitlines()], [bad])
 
-    def test_is_of_no_use_with_lines(self):
+    def test_cannot_be_combined_with_lines(self):
         self.assert_usage_error(vantic("decode", "--quiet", "--lines", "Link"), "--quiet")
 
 

@@ -22,7 +22,7 @@ class Help(TestCase):
         self.assertEqual(self.text("-h"), text)
         self.assertEqual(self.text("help"), text)
 
-    def test_of_a_command_is_the_same_however_it_is_asked_for(self):
+    def test_of_a_command_is_the_same_in_every_form(self):
         for command in COMMANDS:
             with self.subTest(command):
                 text = self.text("help", command)
@@ -42,7 +42,7 @@ class Help(TestCase):
         self.assertEqual(self.text("load", "Show", "--help"), text)
         self.assertEqual(self.text("load", "Show", "--embedSeries", "-h"), text)
 
-    def test_of_an_operation_is_about_the_command_that_was_given(self):
+    def test_of_an_operation_is_for_the_given_command(self):
         self.assertIn("vantic request Show", self.text("request", "Show", "--help"))
         self.assertNotIn("--raw", self.text("request", "Show", "--help"))
         self.assertIn("--token", self.text("request", "viewingHistory", "--help"))
@@ -64,7 +64,7 @@ class Help(TestCase):
                 if line.startswith("  --"):
                     self.assertRegex(line, r"^  --[\w-]+( \S+|( '.*'))?  +\S", operation)
 
-    def test_is_taken_for_a_value_after_an_option_that_needs_one(self):
+    def test_is_a_value_after_an_option_that_needs_one(self):
         outcome = vantic("request", "Search", "--base-url", "http://h", "--keyword", "-h")
         self.assertIn("keyword=-h", outcome.json["url"])
         outcome = vantic("request", "Search", "--base-url", "http://h", "--keyword=--help")
@@ -86,18 +86,18 @@ class Version(TestCase):
 
 
 class BaseURLVariable(TestCase):
-    def test_stands_in_for_the_option(self):
+    def test_replaces_the_option(self):
         outcome = vantic("request", "Time", VANTIC_BASE_URL="http://variable/a")
         self.assertEqual((outcome.code, outcome.json["url"]), (0, "http://variable/a/v2/time"))
         outcome = vantic("request", "viewingHistory", "--limit", "1", "--uid", "u", "--token", "t", VANTIC_BASE_URL="http://v")
         self.assertTrue(outcome.json["url"].startswith("http://v/"))
 
-    def test_gives_way_to_the_option(self):
+    def test_is_overridden_by_the_option(self):
         outcome = vantic("request", "Time", "--base-url", "http://option", VANTIC_BASE_URL="http://variable")
         self.assertEqual(outcome.json["url"], "http://option/v2/time")
         self.assert_usage_error(vantic("request", "Time", "--base-url", "", VANTIC_BASE_URL="http://v"), "--base-url")
 
-    def test_counts_as_unset_if_it_is_empty(self):
+    def test_counts_as_unset_if_empty(self):
         self.assert_usage_error(vantic("request", "Time", VANTIC_BASE_URL=""), "--base-url is missing")
 
     def test_that_is_no_url_is_wrong_usage(self):

@@ -23,25 +23,25 @@ class DecodeLines(TestCase):
         self.assertTrue(second.startswith('{"error":{"kind":"keyNotFound","path":["href"],"message":"'))
         self.assertEqual(rest, "")
 
-    def test_ends_well_where_every_document_fails(self):
+    def test_succeeds_even_if_every_document_fails(self):
         self.assertEqual(self.kinds("Time", "x\ny\n"), ["dataCorrupted", "dataCorrupted"])
 
-    def test_takes_an_empty_line_for_an_empty_document(self):
+    def test_treats_an_empty_line_as_an_empty_document(self):
         self.assertEqual(self.kinds("Time", "\n1\n\n"), ["dataCorrupted", 1, "dataCorrupted"])
 
-    def test_takes_a_last_line_without_its_end(self):
+    def test_accepts_a_last_line_without_a_line_feed(self):
         self.assertEqual(self.kinds("Time", "1\n2"), [1, 2])
 
-    def test_gives_nothing_for_no_bytes(self):
+    def test_prints_nothing_for_empty_input(self):
         self.assertEqual(self.answers("Time", ""), [])
 
-    def test_takes_nothing_from_a_line_but_the_line_feed(self):
-        # A carriage return is white space around a value, and a fault inside a text.
+    def test_removes_only_the_line_feed_from_a_line(self):
+        # A carriage return is white space around a value, but invalid inside a string.
         self.assertEqual(self.kinds("Time", "1\r\n"), [1])
         self.assertEqual(self.kinds("Link", b'{"href":"a\r"}\n'), ["dataCorrupted"])
         self.assertEqual(self.kinds("Time", b"1\0\n"), ["dataCorrupted"])
 
-    def test_takes_lines_that_are_no_utf8(self):
+    def test_accepts_lines_that_are_not_utf8(self):
         documents = b'{"href":"a","title":"\xff"}\n\xff\xfe\n{"href":"\xc3"}\n{"href":"\xc3\xa9"}\n'
         answers = self.answers("Link", documents)
         self.assertEqual(answers[0]["ok"]["title"], None)
@@ -49,16 +49,16 @@ class DecodeLines(TestCase):
         self.assertEqual(answers[2]["error"]["path"], ["href"])
         self.assertEqual(answers[3]["ok"]["href"], "é")
 
-    def test_takes_lists_and_files(self):
+    def test_accepts_lists_and_files(self):
         outcome = vantic("decode", "--lines", "[Time]", self.file_of(b"[1]\n[2,3]"))
         self.assertEqual(outcome.out, '{"ok":[1]}\n{"ok":[2,3]}\n')
 
-    def test_takes_lines_longer_than_one_block(self):
+    def test_accepts_lines_longer_than_one_block(self):
         long = json.dumps({"href": "x" * 700_000})
         answers = self.answers("Link", "\n".join([long, '{"href":"a"}', long]))
         self.assertEqual([len(answer["ok"]["href"]) for answer in answers], [700_000, 1, 700_000])
 
-    def test_answers_a_line_before_the_next_one_comes(self):
+    def test_answers_a_line_before_the_next_one_arrives(self):
         with subprocess.Popen([VANTIC, "decode", "--lines", "Time"], stdin=subprocess.PIPE,
                               stdout=subprocess.PIPE) as process:
             for number in range(3):
@@ -80,7 +80,7 @@ class DecodeLines(TestCase):
         seconds = time.monotonic() - began
         self.assertEqual(outcome.bytes.count(b"\n"), 100_000)
         self.assertTrue(outcome.bytes.endswith(b"}}\n"))
-        # It takes two; the rest is for a machine that has other things to do, and for sanitizers.
+        # It takes two seconds. The margin is for busy machines and sanitizers.
         self.assertLess(seconds, 120)
 
 

@@ -34,7 +34,7 @@ class FromService(TestCase):
 
 
 class Load(FromService):
-    def test_prints_the_value_as_decode_prints_it(self):
+    def test_prints_the_value_like_decode(self):
         video = self.load("Video", "--houseNumber", "HL0101")
         self.assertEqual((video.code, video.err), (0, ""))
         self.assertEqual(video.json["houseNumber"], "HL0101")
@@ -67,14 +67,14 @@ class Load(FromService):
         self.assertEqual({name: headers[name] for name in printed["headers"]}, printed["headers"])
         self.assertEqual(headers["Accept"], "*/*")
 
-    def test_of_what_is_not_there_fails_with_404_in_one_line(self):
+    def test_of_an_unknown_resource_fails_with_404_in_one_line(self):
         self.assertEqual(self.failure("Video", "--houseNumber", "none"), GENERIC.format(404))
 
     def test_of_a_broken_service_fails_with_500_in_one_line(self):
         self.service.fault("v2/time", "status", status=500)
         self.assertEqual(self.failure("Time"), GENERIC.format(500))
 
-    def test_of_a_body_that_is_no_json_fails_to_decode(self):
+    def test_of_a_body_that_is_not_json_fails_to_decode(self):
         for words in [["Time"], ["Resource", "--withHref", "time", "--as", "Time"]]:
             self.service.fault("v2/time", "malformed")
             self.assertEqual(self.failure(*words), NOT_DECODED)
@@ -87,7 +87,7 @@ class Load(FromService):
         self.service.fault("v2/time", "reset")
         self.failure("Time")
 
-    def test_waits_no_longer_than_its_time_out_without_any_byte(self):
+    def test_waits_no_longer_than_its_timeout_without_data(self):
         self.service.fault("v2/time", "stall")
         began = time.monotonic()
         outcome = self.load("Time", "--timeout", "0.2", "--verbose")
@@ -95,11 +95,11 @@ class Load(FromService):
         self.assertIn("-1001", outcome.err)
         self.assertLess(time.monotonic() - began, 20)
 
-    def test_says_nothing_more_without_verbose(self):
+    def test_prints_nothing_else_without_verbose(self):
         self.service.fault("v2/time", "status", status=503)
         self.assert_one_line(self.failure("Time"))
 
-    def test_shows_the_reports_of_the_failure_hook_where_verbose(self):
+    def test_prints_the_reports_of_the_failure_hook_if_verbose(self):
         self.service.fault("v2/time", "status", status=503)
         outcome = self.load("Time", "--verbose")
         self.assertEqual((outcome.code, outcome.out), (1, ""))
@@ -108,18 +108,18 @@ class Load(FromService):
         self.assertEqual(json.loads(report[report.index("{"):])["url"], self.service.url + "/v2/time")
         self.assertEqual(error, GENERIC.format(503))
 
-    def test_shows_no_report_for_a_success_or_a_body_that_does_not_decode(self):
+    def test_prints_no_report_for_a_success_or_a_decoding_failure(self):
         self.assertEqual(self.load("Time", "--verbose").err, "")
         self.service.fault("v2/time", "malformed")
         self.assertEqual(self.load("Time", "--verbose").err, NOT_DECODED)
 
-    def test_of_an_address_that_is_no_http_fails_in_one_line(self):
+    def test_of_a_url_that_is_not_http_fails_in_one_line(self):
         self.assert_failed(vantic("load", "Time", "--base-url", "ftp://127.0.0.1/"))
         self.assert_failed(vantic("load", "Time", "--base-url", "no-scheme"))
 
 
 class LoadCatalogue(FromService):
-    """Each operation of the catalogue, as a host would look at the service."""
+    """Each operation of the catalogue."""
 
     def titles(self, items):
         return [next(iter(item.values()))["title"] for item in items]
@@ -139,7 +139,7 @@ class LoadCatalogue(FromService):
         self.assertEqual(collection["highlightItem"]["Show"]["title"], "Harbour Lights")
         self.assertIsNone(self.value("Collection", "--collectionId", "1005")["highlightItem"])
 
-    def test_loads_a_show_with_what_is_selected(self):
+    def test_loads_a_show_with_a_selection(self):
         show = self.value("Show", "--showSlugOrId", "harbour-lights", "--embedSeries", "--channel", "vantic-one")
         self.assertEqual([series["seriesId"] for series in show["seriesList"]], ["111", "112"])
         self.assertEqual(show["selectedSeries"]["seriesId"], "112")
@@ -159,7 +159,7 @@ class LoadCatalogue(FromService):
         kids = self.value("ShowsList", "--channel", "vantic-kids", "--closedCaptionOnly")
         self.assertEqual({show["channel"] for group in kids["groups"] for show in group["shows"]}, {"vantic-kids"})
 
-    def test_loads_related_shows_and_what_a_search_finds(self):
+    def test_loads_related_shows_and_search_results(self):
         related = self.value("RelatedShows", "--showSlug", "harbour-lights", "--channel", "vantic-two")
         self.assertEqual(related["items"][0]["title"], "Night Ferry")
         found = self.value("Search", "--keyword", "ferry")
@@ -175,7 +175,7 @@ class LoadCatalogue(FromService):
         self.assertEqual([item["id"] for item in menu[1]["items"]], ["vantic-one", "vantic-news"])
         self.assertEqual(self.value("Browse")["items"][0]["items"], channels)
 
-    def test_loads_what_is_on(self):
+    def test_loads_schedules_and_livestreams(self):
         self.service.control("PUT", "clock", {"now": 1790078400})
         self.addCleanup(self.service.control, "DELETE", "clock")
         schedule = self.value("NowNext", "--houseNumber", "ONE0001")
@@ -192,7 +192,7 @@ class LoadCatalogue(FromService):
         self.assertEqual(list(remapped.values()), ["moved", "/show/harbour-lights/video/HL0102",
                                                    "vantic://show/harbour-lights/video/HL0102"])
 
-    def test_shows_what_survives_of_a_home_screen_with_unknown_entities_and_broken_elements(self):
+    def test_prints_the_valid_elements_of_a_home_screen_with_unknown_entities_and_broken_elements(self):
         self.service.fault("v2/home", "oddities")
         water = self.value("Home")["collections"][4]
         self.assertEqual([list(item) for item in water["mixedItems"]],
@@ -201,7 +201,7 @@ class LoadCatalogue(FromService):
 
 
 class LoadFromAClosedPort(TestCase):
-    def test_fails_in_one_line_where_the_service_has_stopped(self):
+    def test_fails_in_one_line_if_the_service_has_stopped(self):
         with SampleService() as service:
             pass
         outcome = vantic("load", "Time", "--base-url", service.url, "--verbose")
@@ -211,7 +211,7 @@ class LoadFromAClosedPort(TestCase):
 
 
 class LoadOverTLS(TestCase):
-    def test_trusts_the_certificates_of_the_file_given_and_no_others(self):
+    def test_trusts_only_the_certificates_of_the_given_file(self):
         with tempfile.NamedTemporaryFile() as authority, SampleService("--tls", "--ca-out", authority.name) as service:
             words = ["load", "Time", "--base-url", service.url]
             trusted = vantic(*words, "--ca", authority.name)

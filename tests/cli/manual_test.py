@@ -15,13 +15,13 @@ class Manual(TestCase):
         return outcome.out
 
     def shown(self, *words):
-        """The page as a reader sees it. Warnings fail."""
+        """The page as displayed to a reader. Warnings fail the test."""
         if not shutil.which("groff"):
             self.skipTest("groff is not installed")
         finished = subprocess.run(["groff", "-man", "-Tascii", "-P-c", "-ww"], input=self.page(*words), text=True,
                                   capture_output=True, timeout=SECONDS, check=True)
         self.assertEqual(finished.stderr, "")
-        return re.sub(".\x08", "", finished.stdout)  # bold letters are printed twice
+        return re.sub(".\x08", "", finished.stdout)  # removes the overstrikes of bold letters
 
     def test_of_the_program_names_every_command(self):
         text = self.shown()
@@ -30,7 +30,7 @@ class Manual(TestCase):
         for command in COMMANDS:
             self.assertIn(f"vantic-{command}(1)", text)
 
-    def test_of_a_command_has_what_its_help_has(self):
+    def test_of_a_command_contains_its_help(self):
         for command in COMMANDS:
             with self.subTest(command):
                 text = self.shown(command)

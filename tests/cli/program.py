@@ -1,4 +1,4 @@
-"""Runs the command line and the sample service for tests."""
+"""Runs the command line tool and the sample service for tests."""
 
 import json
 import os
@@ -9,7 +9,7 @@ import urllib.request
 
 VANTIC = os.environ["VRK_VANTIC"]
 SECONDS = 60
-# A developer may have set this one.
+# A developer may have set this variable.
 ENVIRONMENT = {name: value for name, value in os.environ.items() if name != "VANTIC_BASE_URL"}
 
 
@@ -26,7 +26,7 @@ class Outcome:
 
 
 def vantic(*words, stdin=b"", **environment):
-    """Runs the program to its end. Words and input may be text or bytes."""
+    """Runs the program to its end. Words and input can be text or bytes."""
     return Outcome(subprocess.run(
         [VANTIC, *words],
         input=stdin.encode() if isinstance(stdin, str) else stdin,
@@ -37,7 +37,7 @@ def vantic(*words, stdin=b"", **environment):
 
 
 def vantic_without(descriptors, *words):
-    """Runs the program to its end with these of the descriptors 0, 1 and 2 closed."""
+    """Runs the program to its end with these descriptors (of 0, 1 and 2) closed."""
     closing = " ".join(f"{descriptor}>&-" for descriptor in descriptors)
     return Outcome(subprocess.run(
         ["/bin/sh", "-c", f'exec "$@" {closing}', "sh", VANTIC, *words],
@@ -51,13 +51,13 @@ class TestCase(unittest.TestCase):
     maxDiff = None
 
     def assert_usage_error(self, outcome, text=""):
-        """Ended with 2, printed nothing, and said what in one line."""
+        """Expects exit code 2, no output, and one line of error output with `text`."""
         self.assertEqual((outcome.code, outcome.out), (2, ""))
         self.assert_one_line(outcome.err)
         self.assertIn(text, outcome.err)
 
     def assert_failed(self, outcome, text=""):
-        """Ended with 1, printed nothing, and said what in one line."""
+        """Expects exit code 1, no output, and one line of error output with `text`."""
         self.assertEqual((outcome.code, outcome.out), (1, ""))
         self.assert_one_line(outcome.err)
         self.assertIn(text, outcome.err)
@@ -67,7 +67,7 @@ class TestCase(unittest.TestCase):
         self.assertTrue(text.endswith("\n") and len(text) > 1, text)
 
     def file_of(self, content):
-        """The name of a file with that content, which goes with the test."""
+        """The name of a file with this content, which is removed after the test."""
         file = tempfile.NamedTemporaryFile()
         self.addCleanup(file.close)
         file.write(content)
@@ -106,5 +106,5 @@ class SampleService:
             return json.load(answer)
 
     def fault(self, path, fault, **more):
-        """What happens to the next request of that path."""
+        """Scripts a fault for the next request of this path."""
         self.control("POST", "faults", {"path": path, "fault": fault, **more})

@@ -14,7 +14,7 @@ class Raw(TestCase):
     def load(self, *words):
         return vantic("load", *words, "--base-url", self.service.url)
 
-    def test_prints_the_body_as_it_came(self):
+    def test_prints_the_body_unchanged(self):
         opener = urllib.request.build_opener(urllib.request.ProxyHandler({}))
         with opener.open(self.service.url + "/v2/video/HL0101", timeout=60) as answer:
             body = answer.read()
@@ -32,10 +32,10 @@ class Raw(TestCase):
     def test_needs_no_type_for_a_resource(self):
         self.assertIn("HL0101", self.load("Resource", "--withHref", "video/HL0101", "--raw").out)
 
-    def test_fails_as_a_load_fails(self):
+    def test_fails_like_a_load(self):
         self.assert_failed(self.load("Video", "--houseNumber", "NONE", "--raw"), "error 404")
 
-    def test_needs_a_url_that_can_be_made(self):
+    def test_needs_a_valid_url(self):
         self.assert_usage_error(vantic("request", "Time", "--raw", "--base-url", self.service.url), "--raw")
 
 

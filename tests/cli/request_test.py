@@ -21,7 +21,7 @@ class Request(TestCase):
              ("body", None)],
         )
 
-    def test_prints_time_outs_without_a_fraction_where_they_are_whole(self):
+    def test_prints_whole_timeouts_without_a_fraction(self):
         for given, printed in [("5", "5"), ("2.50", "2.5"), ("12.0", "12"), ("1e2", "100")]:
             with self.subTest(given):
                 self.assertIn(f'"timeout": {printed},', vantic("request", "Time", *BASE, "--timeout", given).out)
@@ -70,7 +70,7 @@ class Request(TestCase):
             with self.subTest(words):
                 self.assertEqual(url(*words, *BASE), "https://api.vantic.example/" + path)
 
-    def test_asks_for_shows_and_series_with_get_and_without_a_body(self):
+    def test_requests_shows_and_series_with_get_and_without_a_body(self):
         for words in [["Show", "--showSlugOrId", "x"], ["Show", "--usingHref", "x"], ["Shows"], ["Series", "--usingHref", "x"],
                       ["ShowsList"], ["RelatedShows", "--showSlug", "x"], ["Search", "--keyword", "x"]]:
             with self.subTest(words):
@@ -107,11 +107,11 @@ class Request(TestCase):
             with self.subTest(words):
                 self.assertEqual(url(*words, *BASE), "https://api.vantic.example/" + path)
 
-    def test_names_each_region_by_its_raw_text(self):
+    def test_sends_each_region_as_its_raw_value(self):
         for region in ["act", "sa", "nsw", "vic", "wa", "nt", "qld", "tas"]:
             self.assertEqual(url("Livestreams", "--region", region, *BASE), f"{BASE[1]}/v2/livestreams/{region}")
 
-    def test_names_each_application_by_its_raw_text(self):
+    def test_sends_each_application_as_its_raw_value(self):
         for app in ["lumeno", "kids", "lumeno int", "me"]:
             self.assertIn(f"?appId={quote(app)}&", url("Messages", "--appId", app, *BASE))
 
@@ -155,11 +155,11 @@ class Request(TestCase):
     def test_keeps_path_and_query_of_the_base_url(self):
         self.assertEqual(url("Time", "--base-url", "http://h:81/a/b/?c=d"), "http://h:81/a/b/v2/time?c=d")
 
-    def test_asks_no_type_of_a_resource(self):
+    def test_does_not_need_the_type_of_a_resource(self):
         for more in [[], ["--as", "Nothing"]]:
             self.assertEqual(url("Resource", "--withHref", "x", *more, *BASE), "https://api.vantic.example/v2/x")
 
-    def test_does_not_need_what_only_loading_needs(self):
+    def test_does_not_need_options_of_loading(self):
         outcome = vantic("request", "Time", *BASE, "--verbose", "--ca", "/nowhere")
         self.assertEqual((outcome.code, outcome.err), (0, ""))
 
@@ -168,26 +168,26 @@ class Services(TestCase):
     SEGMENTS = ["KAVROSegments", *BASE, "--withSubprofileID", 'a"/', "--apiKey", "k", "--accessToken", "t"]
     MODULE = ["RecsModule", *BASE, "--withModuleId", "m", "--limit", "5", "--httpMethod", "PUT", "--apiKey", "k&"]
 
-    def test_segments_are_asked_for_with_a_body_and_three_headers(self):
+    def test_segments_are_requested_with_a_body_and_three_headers(self):
         request = vantic("request", *self.SEGMENTS).json
         self.assertEqual((request["method"], request["url"]), ("POST", BASE[1] + "/api/v1/gigya/segments"))
         self.assertEqual(request["body"], '{"sub_profile_id":"a\\"\\/"}')
         self.assertEqual(request["headers"],
                          {"content-type": "application/json", "x-api-key": "k", "Authorization": "Bearer t"})
 
-    def test_segments_take_the_hosts_headers_which_win(self):
+    def test_segments_are_requested_with_the_hosts_headers_which_take_precedence(self):
         headers = vantic("request", *self.SEGMENTS, "--header", "x-api-key: own", "--header", "X-More: 1").json["headers"]
         self.assertEqual(headers, {"content-type": "application/json", "x-api-key": "own", "Authorization": "Bearer t",
                                    "X-More": "1"})
 
-    def test_recommendations_are_asked_for_with_the_key_in_the_query(self):
+    def test_recommendations_are_requested_with_the_key_in_the_query(self):
         request = vantic("request", *self.MODULE, "--header", "A: 1").json
         self.assertEqual(request["method"], "PUT")
         self.assertEqual(request["url"], BASE[1] + "/api/v2/recommendations/m?apikey=k%26")
         self.assertEqual(request["headers"], {"A": "1"})
         self.assertEqual(request["body"], '{"limit":5}')
 
-    def test_recommendations_name_users_and_contents_in_the_body(self):
+    def test_recommendations_have_users_and_contents_in_the_body(self):
         request = vantic(
             "request", *self.MODULE, "--userId", "", "--accountId", "a", "--subprofileId", "s",
             "--exclude", "lumeno://program/1", "--exclude", "coremedia://audio/2/3", "--include", "lumeno://video/",
@@ -202,29 +202,29 @@ class Services(TestCase):
 
 
 class Options(TestCase):
-    def test_take_an_empty_text_for_a_value(self):
+    def test_accept_an_empty_value(self):
         for words in [["--houseNumber", ""], ["--houseNumber="]]:
             self.assertEqual(url("Video", *words, *BASE), "https://api.vantic.example/v2/video/")
         self.assertEqual(url("Videos", "--houseNumbers", "", "--houseNumbers=", *BASE),
                          "https://api.vantic.example/v2/videos/,")
 
-    def test_take_text_as_it_comes(self):
+    def test_accept_any_text_unchanged(self):
         self.assertEqual(url("Video", "--houseNumber", " a=b/c?d,e#f%20", *BASE),
                          "https://api.vantic.example/v2/video/%20a=b/c%3Fd,e%23f%2520")
 
     def test_left_out_give_an_empty_list(self):
         self.assertEqual(url("Videos", *BASE), "https://api.vantic.example/v2/videos/")
 
-    def test_may_have_their_value_after_an_equals_sign(self):
+    def test_can_have_their_value_after_an_equals_sign(self):
         self.assertEqual(url("Video", "--houseNumber=--a=b", "--base-url=http://h/"), "http://h/v2/video/--a=b")
         self.assertEqual(url("Video", "--houseNumber", "-1", *BASE), "https://api.vantic.example/v2/video/-1")
         self.assertEqual(vantic("request", "Time", *BASE, "--timeout=7").json["timeout"], 7)
 
-    def test_come_in_any_order(self):
+    def test_can_have_any_order(self):
         self.assertEqual(url("Video", *BASE, "--timeout", "1", "--houseNumber", "a"),
                          "https://api.vantic.example/v2/video/a")
 
-    def test_take_brackets_and_quotes_as_text(self):
+    def test_treat_brackets_and_quotes_as_text(self):
         self.assertEqual(url("Videos", "--houseNumbers", "[a,b]", "--houseNumbers", "'c'", *BASE),
                          "https://api.vantic.example/v2/videos/%5Ba,b%5D,'c'")
 
@@ -237,13 +237,13 @@ class Headers(TestCase):
     def test_are_those_of_the_host(self):
         self.assertEqual(self.headers("X-Key: a b", "Accept:text/plain"), {"X-Key": "a b", "Accept": "text/plain"})
 
-    def test_of_one_name_the_last_one_wins(self):
+    def test_with_the_same_name_override_earlier_ones(self):
         self.assertEqual(self.headers("A: 1", "B: 2", "A: 3"), {"A": "3", "B": "2"})
 
-    def test_of_names_that_differ_in_case_are_joined(self):
+    def test_with_names_that_differ_in_case_are_joined(self):
         self.assertEqual(self.headers("a: 1", "A: 2"), {"A": "2,1"})
 
-    def test_may_be_empty_and_may_hold_colons(self):
+    def test_can_be_empty_and_contain_colons(self):
         self.assertEqual(self.headers("A:", "B: c:d: e"), {"A": "", "B": "c:d: e"})
 
     def test_are_printed_as_valid_json_whatever_their_bytes(self):

@@ -4,12 +4,12 @@ import unittest
 
 from program import TestCase, vantic
 
-# The one list of the types that documents decode into.
+# The list of all decodable types.
 LIST = pathlib.Path(__file__).resolve().parents[2] / "src/entities/DecodableTypes.h"
 
 
 class Types(TestCase):
-    def test_prints_the_name_of_each_decodable_type_on_a_line_and_no_lists(self):
+    def test_prints_each_decodable_type_on_a_line_and_no_lists(self):
         outcome = vantic("types")
         self.assertEqual(outcome.code, 0)
         names = outcome.out.splitlines()
@@ -19,7 +19,7 @@ class Types(TestCase):
         self.assertEqual(sorted(name for _, name in listed), names)
         self.assertFalse([name for name in names if not name.isalnum()])
 
-    def test_leaves_out_enumerations_helpers_of_decoding_and_what_is_never_decoded(self):
+    def test_omits_enumerations_decoding_helpers_and_types_that_are_never_decoded(self):
         names = vantic("types").out.splitlines()
         for name in ["StatusTheme", "LumenoSubtype", "FailableCodable", "Empty", "CollectionItem", "ShowSummary", "Subprofile"]:
             self.assertNotIn(name, names)

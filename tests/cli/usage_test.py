@@ -67,12 +67,12 @@ class WrongUsage(TestCase):
         self.assert_usage_error(vantic("request", "Video", *BASE, "--houseNumber", "a", "--usingHref", "b"), "Video")
         self.assert_usage_error(vantic("request", "Show", *BASE, "--usingHref", "a", "--embedSeries"), "Show")
 
-    def test_a_base_url_that_is_none(self):
+    def test_an_invalid_base_url(self):
         for text in ["", "http://[", "http://a b/", "http://h:x/"]:
             with self.subTest(text):
                 self.assert_usage_error(vantic("request", "Time", "--base-url", text), "--base-url")
 
-    def test_numbers_and_truth_values_that_are_none(self):
+    def test_invalid_numbers_and_booleans(self):
         for text in ["", "soon", "1s", "0x10", "nan", "inf", "1e999", " 1", "1,5"]:
             with self.subTest(text):
                 self.assert_usage_error(vantic("request", "Time", *BASE, "--timeout", text), "--timeout")
@@ -84,13 +84,13 @@ class WrongUsage(TestCase):
                     vantic("request", "Show", *BASE, "--showSlugOrId", "x", "--selectedSeries", text), "--selectedSeries"
                 )
 
-    def test_names_that_no_enumeration_has(self):
+    def test_unknown_enumeration_values(self):
         for words in [["Navigation", "--type", "Channels"], ["Navigation", "--type", ""], ["Livestreams", "--region", "NSW"],
                       ["Messages", "--appId", "kidslumeno"]]:
             with self.subTest(words):
                 self.assert_usage_error(vantic("request", *words, *BASE), words[1])
 
-    def test_contents_that_are_none(self):
+    def test_invalid_contents(self):
         for text in ["", "lumeno", "lumeno:/program/1", "lumeno://program", "other://program/1", "lumeno://other/1"]:
             with self.subTest(text):
                 self.assert_usage_error(
@@ -99,23 +99,23 @@ class WrongUsage(TestCase):
                     "--include",
                 )
 
-    def test_headers_that_are_none(self):
+    def test_invalid_headers(self):
         for text in ["", "Name", ": value"]:
             with self.subTest(text):
                 self.assert_usage_error(vantic("request", "Time", *BASE, "--header", text), "--header")
 
-    def test_is_told_in_one_line_whatever_was_given(self):
+    def test_is_reported_in_one_line_for_any_input(self):
         self.assert_usage_error(vantic("si\nng\r\n"))
 
 
 class Program(TestCase):
-    def test_tells_its_commands_and_operations(self):
+    def test_lists_its_commands_and_operations(self):
         outcome = vantic("--help")
         self.assertEqual((outcome.code, outcome.err), (0, ""))
         for name in ["types", "decode", "explain", "request", "load", "Video --houseNumber", "Videos", "--base-url"]:
             self.assertIn(name, outcome.out)
 
-    def test_fails_where_its_output_cannot_be_written(self):
+    def test_fails_if_its_output_cannot_be_written(self):
         with open("/dev/full", "wb") as full:
             finished = subprocess.run([VANTIC, "types"], stdout=full, stderr=subprocess.PIPE, timeout=SECONDS)
         self.assertEqual(finished.returncode, 1)

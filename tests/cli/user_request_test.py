@@ -6,7 +6,7 @@ from program import TestCase, vantic
 BASE = ["--base-url", "https://api.vantic.example", "--uid", "ann"]
 TOKEN = ["--token", "T"]
 
-# Each operation with all that it takes, and what it sends: method, path and query.
+# Each operation with all its options, and its request: method, path and query.
 OPERATIONS = [
     (["getSubprofiles"], "GET", "v2/dataset/profile?UID=ann&source=lumeno"),
     (["getSubprofiles", "--includePrivateData"], "GET", "v2/dataset/profile?UID=ann&source=lumeno&include=private"),
@@ -45,7 +45,7 @@ class RequestForAUser(TestCase):
         self.assertEqual((outcome.code, outcome.err), (0, ""))
         return outcome.json
 
-    def test_is_the_one_of_each_operation(self):
+    def test_is_printed_for_each_operation(self):
         for words, method, target in OPERATIONS:
             with self.subTest(words):
                 request = self.request(*words)
@@ -80,21 +80,21 @@ class RequestForAUser(TestCase):
         self.assertNotRegex(value, r'[ &"{}:,]')
         self.assertEqual(unquote(value), '{"part":0.5,"t":"a b&é\\"","whole":1,"yes":true}')
 
-    def test_names_the_user_and_the_token_as_they_come(self):
+    def test_contains_the_unchanged_user_and_token(self):
         request = vantic("request", "listWatchlistShowIds", "--uid", " a/b&c=", "--token", "", *BASE[:2]).json
         self.assertEqual(request["url"], f"{BASE[1]}/v2/saved/watchlist/show?UID=%20a/b%26c%3D&raw=1&source=lumeno")
         self.assertEqual(request["headers"]["Authorization"], "Bearer ")
 
-    def test_has_the_hosts_headers_but_for_those_of_the_token(self):
+    def test_has_the_hosts_headers_except_those_of_the_token(self):
         headers = self.request("deleteHistory", "--header", "Authorization: own", "--header", "Content-Type: own",
                                "--header", "X-Host: yes")["headers"]
         self.assertEqual(headers, {"Authorization": "Bearer T", "Content-Type": "application/x-www-form-urlencoded",
                                    "X-Host": "yes"})
 
-    def test_has_the_hosts_time_out(self):
+    def test_has_the_hosts_timeout(self):
         self.assertEqual(self.request("deleteHistory", "--timeout", "2.5")["timeout"], 2.5)
 
-    def test_is_none_if_no_user_is_signed_in(self):
+    def test_fails_if_no_user_is_signed_in(self):
         outcome = vantic("request", "deleteSubprofile", *BASE[:2], *TOKEN)
         self.assert_failed(outcome)
         self.assertEqual(outcome.err, "Got nil uid from TrelvoContext.\n")
@@ -115,7 +115,7 @@ class WrongUsage(TestCase):
                 self.assert_usage_error(vantic("request", *words, *BASE), "--token")
                 self.assert_usage_error(vantic("user", *words, *BASE, *TOKEN), "--token")
 
-    def test_a_missing_base_url_or_one_that_is_none(self):
+    def test_a_missing_or_invalid_base_url(self):
         for command, more in [("user", []), ("request", TOKEN)]:
             self.assert_usage_error(vantic(command, "deleteHistory", "--uid", "ann", *more), "--base-url")
             self.assert_usage_error(vantic(command, "deleteHistory", "--base-url", "http://[", *more), "--base-url")
@@ -145,13 +145,13 @@ class WrongUsage(TestCase):
             with self.subTest(words):
                 self.assert_usage_error(vantic("user", *words, *BASE))
 
-    def test_a_dataset_that_is_no_json_object(self):
+    def test_a_dataset_that_is_not_a_json_object(self):
         for text in ["", "{", "[]", "1", '"a"', "null", "true", "{a:1}", "{} x", '{"a":1', "displayName=x"]:
             for command, operation, more in [("user", "createSubprofile", []), ("request", "updateSubprofile", TOKEN)]:
                 with self.subTest((command, text)):
                     self.assert_usage_error(vantic(command, operation, "--dataset", text, *BASE, *more), "--dataset")
 
-    def test_numbers_and_truth_values_that_are_none(self):
+    def test_invalid_numbers_and_booleans(self):
         for name, texts, words in [
             ("--limit", ["", "-1", "1.5", "x", "18446744073709551616"], ["viewingHistory"]),
             ("--limit", ["-1", "many"], ["listRecentVideos"]),
@@ -167,7 +167,7 @@ class WrongUsage(TestCase):
 
 
 class Help(TestCase):
-    def test_tells_the_operations_for_users(self):
+    def test_lists_the_operations_for_users(self):
         outcome = vantic("--help")
         for words, *_ in OPERATIONS:
             self.assertIn(f"\n  {words[0]}", outcome.out)

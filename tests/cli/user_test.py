@@ -29,7 +29,7 @@ class UserCase(TestCase):
         return outcome.json
 
     def nothing(self, *words, **more):
-        """Succeeds and has nothing to print."""
+        """Expects success and no output."""
         outcome = self.user(*words, **more)
         self.assertEqual((outcome.code, outcome.out, outcome.err), (0, "", ""))
 
@@ -39,7 +39,7 @@ class UserCase(TestCase):
         return outcome.err
 
     def sent(self):
-        """Method and target of each request received."""
+        """The method and target of each received request."""
         return [(request["method"], request["target"]) for request in self.service.control("GET", "log")]
 
     def kept(self, uid="ann"):
@@ -58,7 +58,7 @@ class Subprofiles(UserCase):
         )
         self.assertEqual(self.kept()["datasets"], {"profile": PROFILE})
 
-    def test_are_listed_with_private_and_family_data_where_wanted(self):
+    def test_are_listed_with_private_and_family_data_if_requested(self):
         self.value("createSubprofile", "--dataset", json.dumps(PROFILE))
         self.value("createSubprofile", "--dataset", '{"displayName":"Tim","isChild":true}', uid="ann.tim")
         [alone] = self.value("getSubprofiles")
@@ -67,13 +67,13 @@ class Subprofiles(UserCase):
         self.assertEqual(ann["birthYear"], 1980)
         self.assertEqual((tim["uid"], tim["parentUid"], tim["isChild"]), ("ann.tim", "ann", True))
 
-    def test_are_updated_with_what_the_dataset_holds(self):
+    def test_are_updated_with_the_dataset(self):
         self.value("createSubprofile", "--dataset", json.dumps(PROFILE))
         updated = self.value("updateSubprofile", "--dataset", '{"displayName":"A&B =1","channelFilter":"vantic-kids"}')
         self.assertEqual((updated["displayName"], updated["channelFilter"], updated["birthYear"]),
                          ("A&B =1", "vantic-kids", 1980))
 
-    def test_without_a_user_have_a_message_of_their_own(self):
+    def test_without_a_user_have_their_own_message(self):
         self.assertEqual(
             self.failure("getSubprofiles"),
             "The requested dataset doesn't exist, either because it was deleted, or hasn't yet been created.\n",
@@ -95,7 +95,7 @@ class Subprofiles(UserCase):
         self.nothing("deleteSubprofile")
         self.assertEqual(self.kept(), {"datasets": {}, "history": [], "saved": []})
 
-    def test_are_deleted_though_the_rest_fails(self):
+    def test_are_deleted_even_if_the_rest_fails(self):
         self.value("createSubprofile", "--dataset", "{}")
         self.service.fault("v2/history", "status")
         self.service.fault("v2/saved/watchlist", "reset")
@@ -124,7 +124,7 @@ class History(UserCase):
              ("progress", 1380), ("done", False)],
         )
 
-    def test_tells_what_was_watched_the_last_one_first(self):
+    def test_lists_watched_videos_with_the_last_first(self):
         self.progress("HL0101", 2760, "--isDone")
         self.progress("HL0102", 60)
         self.progress("QO0101", 30, show="12")
@@ -140,7 +140,7 @@ class History(UserCase):
     def test_of_a_video_that_was_not_watched_is_an_empty_list(self):
         self.assertEqual(self.value("getVideoProgress", "--showId", "11", "--houseNumber", "HL0102"), [])
 
-    def test_is_deleted_and_one_that_is_not_there_counts_as_deleted(self):
+    def test_is_deleted_and_a_missing_one_counts_as_deleted(self):
         self.progress("HL0101", 1)
         self.nothing("deleteHistory")
         self.assertEqual(self.kept()["history"], [])
@@ -152,7 +152,7 @@ class History(UserCase):
 
 
 class Watchlist(UserCase):
-    def test_holds_what_was_added_in_order_until_it_is_taken_off(self):
+    def test_keeps_added_shows_in_order_until_they_are_removed(self):
         [added] = self.value("addWatchlistShow", "--showId", "12")
         self.assertEqual(list(added),
                          ["source", "oid", "slug", "namespace", "key", "order", "created", "updated"])
@@ -174,7 +174,7 @@ class Watchlist(UserCase):
 
 
 class Tokens(UserCase):
-    def test_are_asked_for_first(self):
+    def test_are_requested_first(self):
         self.value("listWatchlistShowIds")
         self.assertEqual(
             self.sent(),
@@ -182,14 +182,14 @@ class Tokens(UserCase):
              ("GET", "/v2/saved/watchlist/show?UID=ann&raw=1&source=lumeno")],
         )
 
-    def test_are_asked_for_by_each_request_where_they_hardly_last(self):
+    def test_are_requested_for_each_operation_if_they_expire_quickly(self):
         self.value("createSubprofile", "--dataset", "{}")
         self.service.control("POST", "tokens", {"seconds": 4})
         self.service.control("DELETE", "log")
         self.nothing("deleteSubprofile")
         self.assertEqual([target.split("?")[0] for _, target in self.sent()].count("/v2/token"), 3)
 
-    def test_that_are_refused_say_so(self):
+    def test_that_are_refused_have_their_own_message(self):
         self.service.control("POST", "tokens", {"refused": ["ann"]})
         self.assertEqual(
             self.failure("listWatchlistShowIds"),
@@ -197,11 +197,11 @@ class Tokens(UserCase):
         )
         self.assertEqual(len(self.sent()), 1)
 
-    def test_that_cannot_be_had_say_why(self):
+    def test_that_fail_to_load_report_the_cause(self):
         self.service.fault("v2/token", "status", status=503)
         self.assertEqual(self.failure("viewingHistory", "--limit", "1"), NO_TOKEN + GENERIC.format(503))
 
-    def test_that_do_not_come_name_the_operation(self):
+    def test_missing_in_the_response_name_the_operation(self):
         self.service.fault("v2/token", "null", at="/auth")
         self.assertEqual(
             self.failure("deleteShow", "--showId", "1"),
@@ -214,7 +214,7 @@ class Tokens(UserCase):
         self.assertEqual(outcome.err, "Got nil uid from TrelvoContext.\n")
         self.assertEqual(self.sent(), [])
 
-    def test_are_asked_for_by_a_user_without_characters(self):
+    def test_are_requested_for_an_empty_user(self):
         self.assertEqual(self.value("listWatchlistShowIds", uid=""), [])
         self.assertEqual(self.sent()[0], ("GET", "/v2/token?UID=&source=lumeno"))
 
@@ -223,8 +223,8 @@ class Tokens(UserCase):
         self.assertEqual(self.failure("listWatchlistShowIds"), GENERIC.format(401))
 
 
-class Surroundings(UserCase):
-    def test_hold_the_hosts_headers_on_all_requests_and_tokens_on_data_alone(self):
+class RequestOptions(UserCase):
+    def test_hosts_headers_are_sent_with_all_requests_and_tokens_only_with_data(self):
         self.value("listWatchlistShowIds", "--header", "X-Host: yes")
         token, data = [{header["name"]: header["value"] for header in request["headers"]}
                        for request in self.service.control("GET", "log")]
@@ -234,7 +234,7 @@ class Surroundings(UserCase):
         self.assertTrue(data["Authorization"].startswith("Bearer access-"))
         self.assertEqual(data["Content-Type"], "application/x-www-form-urlencoded")
 
-    def test_report_failures_of_all_requests_where_verbose(self):
+    def test_failures_of_all_requests_are_reported_if_verbose(self):
         self.service.fault("v2/history", "status", status=503)
         self.value("createSubprofile", "--dataset", "{}")
         outcome = self.user("deleteSubprofile", "--verbose")
@@ -242,7 +242,7 @@ class Surroundings(UserCase):
         self.assert_one_line(outcome.err)
         self.assertIn("HttpCode: 503", outcome.err)
 
-    def test_end_a_wait_at_the_time_out(self):
+    def test_a_wait_ends_at_the_timeout(self):
         self.service.fault("v2/token", "stall")
         outcome = self.user("listWatchlistShowIds", "--timeout", "0.2", "--verbose")
         self.assertEqual(outcome.code, 1)
@@ -277,7 +277,7 @@ class SendsWhatRequestPrints(UserCase):
                            if header["name"] == "Authorization"}
                 printed = vantic("request", *words, "--uid", "ann", "--token", given.removeprefix("Bearer "),
                                  "--base-url", self.service.url).json
-                # Those that are sent at once arrive in any order.
+                # Requests sent at once can arrive in any order.
                 self.assertEqual(
                     sorted(self.seen(request) for request in sent),
                     sorted(self.wanted(request) for request in (printed if isinstance(printed, list) else [printed])),
@@ -317,7 +317,7 @@ class Services(UserCase):
         alone = self.load(*words, "--limit", "3", "--include", first)
         self.assertEqual([item["rid"] for item in alone["recommendations"]], [first])
 
-    def test_fail_in_one_line_where_they_are_refused(self):
+    def test_fail_in_one_line_if_refused(self):
         for words in [["KAVROSegments", "--withSubprofileID", "ann", "--apiKey", "", "--accessToken", "t"],
                       ["RecsModule", "--withModuleId", "m", "--limit", "1", "--httpMethod", "POST", "--apiKey", ""]]:
             outcome = vantic("load", *words, "--base-url", self.service.url)

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Every C++ file is as clang-format lays it out.   formatting.py TOP CLANG_FORMAT"""
+"""Checks that every C++ file is formatted by clang-format.   formatting.py TOP CLANG_FORMAT"""
 
 import pathlib
 import subprocess

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Compiles what a host includes, against a folder that holds the public headers and nothing else.
+"""Compiles what a host includes, with a folder that contains only the public headers.
 
 headers.py SRC COMPILER RULE
 """
@@ -52,7 +52,7 @@ def each_public_header_compiles_alone(sources, compiler, folder):
 
 
 def public_headers_bring_only_the_standard_library(sources, compiler, folder):
-    """Nothing that a public header includes, however deep, is of a third party; our macros are called VRK_."""
+    """No public header includes third-party headers, even indirectly, and our macros begin with VRK_."""
     standard = run(compiler, ["-E"], "".join(f"#include <{name}>\n" for name in STANDARD))
     ours = run(compiler, ["-E", "-dD", f"-I{folder}"], everything(sources))
     if standard.returncode or ours.returncode:

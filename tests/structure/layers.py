@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Judges who includes whom.   layers.py SRC RULE"""
+"""Checks the includes between files.   layers.py SRC RULE"""
 
 import pathlib
 import re
@@ -26,7 +26,7 @@ def layer(file):
 
 
 def arrows(sources):
-    """Every include of one of our files by another; the umbrella header, which includes all, aside."""
+    """Every include between our files, except those of the umbrella header."""
     for file in sources.files:
         if file == UMBRELLA:
             continue
@@ -36,7 +36,7 @@ def arrows(sources):
 
 
 def layers_point_down(sources):
-    """platform knows nothing of Core, Core nothing of the services, no service another one."""
+    """platform does not include Core, Core does not include services, and services do not include each other."""
     for file in sources.files:
         if layer(file) is None and file not in (UMBRELLA, FOR_ALL):
             yield f"{file}: in no layer"
@@ -51,7 +51,7 @@ def layers_point_down(sources):
 
 
 def modules(sources):
-    """The modules in the order of CMakeLists.txt, each with the modules that it names as DEPENDS."""
+    """The modules in the order of CMakeLists.txt, each with its DEPENDS."""
     found = {}
     for folder, arguments in re.findall(r"vrk_module\(([\w/]+)([^)]*)\)", sources.text("CMakeLists.txt")):
         depends = re.search(r"DEPENDS((?:\s+[\w/]+)*?)\s*(?:LIBRARIES|SUBFOLDERS|$)", arguments)
@@ -66,7 +66,7 @@ def module_of(file, listed):
 
 
 def names_entities_only(file):
-    """Endpoints is not a module: each of its functions is defined in the module of its result."""
+    """Whether a file belongs to Endpoints, which is not a module: each function is defined in the module of its result."""
     return file.parts[:2] == ("lumeno", "Endpoints")
 
 
@@ -92,7 +92,7 @@ def modules_depend_on_modules_listed_before_them(sources):
 
 
 def modules_include_only_what_they_depend_on(sources):
-    """What a module includes is in its DEPENDS, or in theirs."""
+    """A module includes only modules in its DEPENDS, or in those of its dependencies."""
     listed = modules(sources)
     reached = {}
     for folder, depends in listed.items():
@@ -106,7 +106,7 @@ def modules_include_only_what_they_depend_on(sources):
 
 
 def libcurl_stays_in_its_folder(sources):
-    """libcurl is included below platform/http/curl and nowhere else."""
+    """libcurl is included only below platform/http/curl."""
     for file in sources.files:
         for _, name in sources.includes(file):
             if name.startswith("curl/") and file.parts[:3] != ("platform", "http", "curl"):
@@ -120,17 +120,17 @@ def included_at_most_once(sources, header):
 
 
 def utf8proc_stays_in_one_file(sources):
-    """At most one file knows utf8proc."""
+    """At most one file includes utf8proc."""
     yield from included_at_most_once(sources, "utf8proc.h")
 
 
 def libpsl_stays_in_one_file(sources):
-    """At most one file knows libpsl."""
+    """At most one file includes libpsl."""
     yield from included_at_most_once(sources, "libpsl.h")
 
 
 def includes_name_the_library(sources):
-    """Our files are included as <VanticRestKit/...>, also by each other, so that nothing collides in a host."""
+    """Our files are always included as <VanticRestKit/...>, so that names do not collide in a host."""
     for file in sources.files:
         for quote, name in sources.includes(file):
             if quote == '"':

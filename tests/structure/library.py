@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Judges the library as it was built.   library.py LIBRARY RULE"""
+"""Checks the built library.   library.py LIBRARY RULE"""
 
 import os
 import re
@@ -9,8 +9,7 @@ import tempfile
 
 STRIPPED_AT_MOST = 1_600_000  # bytes
 
-# A name in namespace VanticRestKit, or what the compiler makes for a class of it: tables, type information,
-# thunks, guards and the statics of its inline functions.
+# A name in namespace VanticRestKit, or a symbol generated for one of its classes: virtual tables, type information, thunks, guards and static variables of inline functions.
 OURS = re.compile(r"^_Z(T[VIST]|GV|Th\w+_|Tv\w+_|TC)?Z*N?[VKRO]*13VanticRestKit")
 
 
@@ -20,7 +19,7 @@ def symbols(library):
 
 
 def only_our_namespace_is_exported(library):
-    """The shared library exports names of namespace VanticRestKit and no other."""
+    """The shared library exports only names of namespace VanticRestKit."""
     exported = symbols(library)
     if not exported:
         yield "no symbol is exported"
@@ -30,7 +29,7 @@ def only_our_namespace_is_exported(library):
 
 
 def the_stripped_library_is_small(library):
-    """Stripped, the shared library has at most 1.6 MB."""
+    """The stripped shared library has at most 1.6 MB."""
     with tempfile.TemporaryDirectory() as folder:
         stripped = os.path.join(folder, "library.so")
         subprocess.run(["strip", "-o", stripped, library], check=True)

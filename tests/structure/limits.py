@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""docs/limits.md names each field of the limits, and each test that it names is there.   limits.py TOP"""
+"""Checks that docs/limits.md lists each field of the limits, and that each test that it names exists.   limits.py TOP"""
 
 import pathlib
 import re
@@ -11,7 +11,7 @@ NAMED = re.compile(r"`([A-Z]\w+\.[A-Z]\w+)`")
 
 
 def faults(page, header, tests):
-    """`tests` are the texts of all sources of tests."""
+    """`tests` are the contents of all test sources."""
     for field in FIELD.findall(header):
         if f"`{field}`" not in page:
             yield f"docs/limits.md does not name {field}"
@@ -27,7 +27,7 @@ def faults(page, header, tests):
 
 
 def in_table_with_tests(page, line):
-    """Whether a line is a row of a table whose last column is that of the tests."""
+    """Whether a line is a row of a table whose last column contains tests."""
     table = page[: page.index(line)].rpartition("\n\n")[2].splitlines()
     return len(table) >= 2 and table[0].rstrip().endswith("| Test |")
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Judges the names of the tests of the services.   names.py SRC TESTS RULE"""
+"""Checks the names of the test files of the services.   names.py SRC TESTS RULE"""
 
 import pathlib
 import sys
@@ -22,7 +22,7 @@ def tests_are_named_after_what_they_test(sources, tests):
 
 
 def folder_of(file):
-    """The folder of a source; what is private to a module counts as the module's."""
+    """The folder of a source. Private files belong to the folder of their module."""
     return file.parent.parent if file.parent.name == "detail" else file.parent
 
 

@@ -1,8 +1,7 @@
 #!/usr/bin/env python3
-"""README and guides quote code that is compiled and run, and name commands that exist.   readme.py TOP
+"""Checks that README and guides quote code that is compiled and run, and commands that exist.   readme.py TOP
 
-The guide to the first load shows a small host whole. Every other block of C++ is a part of an example, indented less at most. Each
-recipe is named in the guide to the recipes and is short.
+The guide to the first load shows a complete small host. Every other C++ block is a part of an example, possibly with less indentation. Each recipe is listed in the guide to the recipes and is short.
 """
 
 import pathlib
@@ -15,7 +14,7 @@ CPP = re.compile(r"```cpp\n(.*?\n)```", re.DOTALL)
 
 
 def is_quoted_from(block, source):
-    """Whether the lines of the block stand in the source, one after another, with one indentation more or none."""
+    """Whether the source contains the lines of the block consecutively, with the same or a greater indentation."""
     return any("\n" + textwrap.indent(block, " " * depth) in "\n" + source for depth in (0, 4, 8))
 
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""docs/reference.md lists each public header, as scripts/reference prints it.   reference.py TOP"""
+"""Checks that docs/reference.md is the output of scripts/reference, which lists each public header.   reference.py TOP"""
 
 import pathlib
 import subprocess
@@ -9,7 +9,7 @@ TOP = pathlib.Path(__file__).resolve().parents[2]
 
 
 def printed(src):
-    """What scripts/reference says of a tree of sources."""
+    """The output of scripts/reference for a source tree."""
     return subprocess.run(
         [sys.executable, "-B", TOP / "scripts/reference", src], capture_output=True, encoding="utf-8", check=False
     )

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Shows that the rules find what they forbid: each one is given a small tree that breaks it, and one that does not."""
+"""Tests the rules with small trees: each rule must accept a valid tree and find a violation."""
 
 import pathlib
 import shutil
@@ -70,87 +70,87 @@ class Tree(unittest.TestCase):
         self.write(file, text)
         self.assertNotEqual([], self.faults(rule))
 
-    def test_a_sound_tree_breaks_no_rule(self):
+    def test_a_valid_tree_breaks_no_rule(self):
         for rule in layers.RULES:
             self.assertEqual([], self.faults(rule), rule.__name__)
 
-    def test_the_platform_may_not_include_core(self):
+    def test_the_platform_must_not_include_core(self):
         self.assert_breaks(layers.layers_point_down, "platform/url/URL.cpp", "#include <VanticRestKit/Core/Context.h>\n")
 
-    def test_core_may_not_include_a_service(self):
+    def test_core_must_not_include_a_service(self):
         self.assert_breaks(layers.layers_point_down, "Core/X.cpp", "#include <VanticRestKit/lumeno/Link/Link.h>\n")
 
-    def test_no_service_may_include_another(self):
+    def test_a_service_must_not_include_another(self):
         self.assert_breaks(layers.layers_point_down, "lumeno/Link/L.cpp", "#include <VanticRestKit/kavro/Segments.h>\n")
 
-    def test_a_file_may_not_lie_outside_the_modules(self):
+    def test_a_file_must_not_be_outside_the_modules(self):
         self.assert_breaks(layers.every_file_is_in_a_module, "lumeno/Other/O.h", "#pragma once\n")
 
-    def test_endpoints_may_not_include_an_entity(self):
+    def test_endpoints_must_not_include_an_entity(self):
         self.assert_breaks(
             layers.modules_depend_on_modules_listed_before_them,
             "lumeno/Endpoints/Endpoint.h",
             "#include <VanticRestKit/lumeno/Link/Link.h>\n",
         )
 
-    def test_a_module_may_not_include_what_it_does_not_depend_on(self):
+    def test_a_module_must_not_include_what_it_does_not_depend_on(self):
         self.assert_breaks(
             layers.modules_include_only_what_they_depend_on,
             "platform/url/URL.cpp",
             "#include <VanticRestKit/platform/http/Session.h>\n",
         )
 
-    def test_a_module_may_not_depend_on_one_listed_after_it(self):
+    def test_a_module_must_not_depend_on_one_listed_after_it(self):
         self.assert_breaks(
             layers.modules_depend_on_modules_listed_before_them,
             "CMakeLists.txt",
             MODULES.replace("vrk_module(platform/url)", "vrk_module(platform/url DEPENDS platform/http)"),
         )
 
-    def test_libcurl_may_not_be_included_elsewhere(self):
+    def test_libcurl_must_not_be_included_elsewhere(self):
         self.assert_breaks(layers.libcurl_stays_in_its_folder, "Core/X.cpp", "#  include <curl/curl.h>\n")
 
-    def test_utf8proc_may_not_be_included_twice(self):
+    def test_utf8proc_must_not_be_included_twice(self):
         self.write("Core/A.cpp", "#include <utf8proc.h>\n")
         self.assert_breaks(layers.utf8proc_stays_in_one_file, "Core/B.cpp", "#include <utf8proc.h>\n")
 
-    def test_libpsl_may_not_be_included_twice(self):
+    def test_libpsl_must_not_be_included_twice(self):
         self.write("Core/A.cpp", "#include <libpsl.h>\n")
         self.assert_breaks(layers.libpsl_stays_in_one_file, "Core/B.cpp", "#include <libpsl.h>\n")
 
-    def test_includes_by_relative_name_are_refused(self):
+    def test_relative_includes_are_rejected(self):
         self.assert_breaks(layers.includes_name_the_library, "Core/X.cpp", '#include "Context.h"\n')
 
-    def test_a_test_named_after_no_source_of_its_folder_is_refused(self):
+    def test_a_test_file_without_a_source_of_its_name_is_rejected(self):
         self.write("tests/lumeno/Link/LinkFieldsTest.cpp", "")
         self.write("tests/lumeno/Link/Rules.cpp", "")
         self.assert_breaks(names.tests_are_named_after_what_they_test, "tests/lumeno/Link/VideoTest.cpp", "")
 
-    def test_heavy_standard_headers_are_refused_in_public_headers(self):
+    def test_heavy_standard_headers_are_rejected_in_public_headers(self):
         self.assert_breaks(texts.public_headers_include_no_heavy_header, "Core/X.h", "#include <thread>\n")
 
-    def test_private_headers_are_refused_in_public_headers(self):
+    def test_private_headers_are_rejected_in_public_headers(self):
         self.assert_breaks(
             texts.public_headers_include_nothing_private,
             "platform/http/X.h",
             "#include <VanticRestKit/platform/http/detail/Inner.h>\n",
         )
 
-    def test_a_throw_is_found_and_one_in_a_comment_is_not(self):
+    def test_a_throw_is_found_unless_it_is_in_a_comment(self):
         self.write("Core/A.cpp", '// never throw\n/* try */ auto text = "catch \\" throw";\n')
         self.assert_breaks(texts.the_library_neither_throws_nor_asks_for_types, "Core/B.cpp", "void f() { throw 1; }\n")
 
     def test_a_long_file_is_found(self):
         self.assert_breaks(texts.files_are_short_enough_to_read, "Core/X.cpp", "\n" * 401)
 
-    def test_an_umbrella_header_that_lacks_one_is_found(self):
+    def test_a_header_missing_in_the_umbrella_header_is_found(self):
         from umbrella import umbrella_text
 
         self.write("VanticRestKit.h", "#pragma once\n")
         self.write("VanticRestKit.h", umbrella_text(Sources(self.folder)))
         self.assert_breaks(texts.the_umbrella_header_is_complete, "Core/New.h", "#pragma once\n")
 
-    def test_a_limit_without_a_name_or_a_test_is_found(self):
+    def test_a_limit_missing_in_the_page_or_without_a_test_is_found(self):
         header = "struct Limits {\n    std::uint64_t maxParts = 3;\n};\n"
         tests = ["TEST(Parts, AreCounted) {\n}\n"]
         page = "# Limits\n\n| Limit | Test |\n|---|---|\n| `maxParts` | `Parts.AreCounted` |\n\n| Other |\n|---|\n| no test |\n"
@@ -159,7 +159,7 @@ class Tree(unittest.TestCase):
         self.assertIn("Parts.AreCounted", "".join(limits.faults(page, header, ["TEST(Parts, AreFew) {"])))
         self.assertIn("without a test", "".join(limits.faults(page.replace("`Parts.AreCounted`", "none"), header, tests)))
 
-    def test_a_reference_that_lacks_a_header_is_found(self):
+    def test_a_header_missing_in_the_reference_is_found(self):
         src = self.folder / "told"
         self.write("told/Core/A.h", "#pragma once\n\n/// \\file\n/// What A is,\n/// in two lines.\n")
         before = reference.printed(src).stdout
@@ -170,18 +170,18 @@ class Tree(unittest.TestCase):
         self.write("told/Core/B.h", "#pragma once\n\n/// \\file\n/// What B is.\n")
         self.assertNotEqual([], list(reference.faults(src, before)))
 
-    def test_a_public_header_that_does_not_tell_what_it_holds_is_found(self):
+    def test_a_public_header_without_a_description_is_found(self):
         self.write("told/Core/A.h", "#pragma once\n")
         self.assertIn("Core/A.h", "".join(reference.faults(self.folder / "told", "")))
 
     def test_a_header_that_needs_another_include_first_is_found(self):
         self.assert_breaks(headers.each_public_header_compiles_alone, "Core/X.h", "inline std::string text() { return {}; }\n")
 
-    def test_a_header_of_a_third_party_is_found(self):
+    def test_a_third_party_header_is_found(self):
         rule = headers.public_headers_bring_only_the_standard_library
         self.assert_breaks(rule, "Core/X.h", "#include <zlib.h>\n")
 
-    def test_a_macro_of_another_name_is_found(self):
+    def test_a_macro_with_another_prefix_is_found(self):
         rule = headers.public_headers_bring_only_the_standard_library
         self.assert_breaks(rule, "Core/X.h", "#define EXPORTED 1\n")
 
@@ -223,13 +223,13 @@ class Tree(unittest.TestCase):
         self.write("Visibility.h", "\n")
         self.assert_breaks(shape.no_file_is_a_fragment, "Core/Context.h", "\n" * 14)
 
-    def test_a_reason_that_is_needed_no_more_is_found(self):
+    def test_a_reason_that_is_no_longer_needed_is_found(self):
         for file in Sources(self.folder).files:
             self.write(str(file), "\n" * 15)
         self.write("Visibility.h", "\n")
         self.assert_breaks(shape.no_file_is_a_fragment, "Visibility.h", "\n" * 15)
 
-    def test_a_test_that_is_not_named_as_one_is_found(self):
+    def test_a_test_file_not_named_as_one_is_found(self):
         sound = {
             "ATest.cpp": "TEST(A, IsFound) {}\n",
             "Support.cpp": "// TEST(\n",
@@ -250,13 +250,13 @@ class Tree(unittest.TestCase):
             self.assertNotEqual([], list(shape.tests_are_named_as_tests(self.folder / "tests")))
             (self.folder / "tests" / file).unlink()
 
-    def test_what_is_ours_among_symbols(self):
+    def test_our_symbols_are_recognised(self):
         for name in ("_ZN13VanticRestKit3URL4makeE", "_ZNK13VanticRestKit3URL4pathEv", "_ZTVN13VanticRestKit7ContextE"):
             self.assertRegex(name, OURS)
         for name in ("_ZNSt6vectorIN13VanticRestKit5ImageEE", "_ZTSSt10unique_ptrIN13VanticRestKit3URLE", "main"):
             self.assertNotRegex(name, OURS)
 
-    def test_code_keeps_its_lines_without_comments(self):
+    def test_removing_comments_keeps_the_lines(self):
         self.assertEqual(code_only("a; // b\n/* c\nd */ e;\n").count("\n"), 3)
 
 

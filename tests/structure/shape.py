@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Judges where definitions lie, and the names and sizes of files.   shape.py SRC TESTS RULE"""
+"""Checks where definitions are, and the names and sizes of files.   shape.py SRC TESTS RULE"""
 
 import pathlib
 import re
@@ -8,7 +8,7 @@ import sys
 from sources import Sources, code_only
 
 SHORTEST_FILE = 15
-# Files with fewer lines, each with the reason why it is a file of its own.
+# Files with fewer lines, each with the reason why it is a separate file.
 SHORT_FOR_A_REASON = {
     "Core/Version.cpp": "the one source that shows the version of the project",
     "Core/ObservableContext.cpp": "holds the destructor of an interface, and so the one copy of its table of functions",
@@ -20,18 +20,18 @@ SHORT_FOR_A_REASON = {
     "kavro/KAVROSegmentsContext.cpp": "the class has its table of virtual functions in one source",
 }
 
-# One source of these for each module, however few functions it has: who knows one module finds them in any other.
+# Every module has these sources, however short, so that all modules have the same layout.
 SAME_IN_EVERY_MODULE = ("Endpoints", "Routes")
 
 NAMESPACE = re.compile(r"\bnamespace\s+([\w:]+)\s*\{")
-# A member defined outside its class. Everything in a namespace begins in the first column; calls never do.
+# A member defined outside its class. Declarations in a namespace start in the first column, calls never do.
 MEMBER = re.compile(r"^(?!\s|#|using\b|return\b)(?:[^\n(){};=]*[\s&*>])?((?:\w+(?:<[^<>()]*>)?::)+)(?:~?\w+|operator[^\s(]+)\(", re.MULTILINE)
 CPP_TEST = re.compile(r"^(?:TYPED_)?TEST(?:_F|_P)?\(", re.MULTILINE)
 PYTHON_TEST = re.compile(r"^\s*unittest\.main\(", re.MULTILINE)
 
 
 def header_of(sources, source):
-    """The header of a source: of its name, or of the longest name that it begins with; None where there is none."""
+    """The header of a source: the one with its name, or with the longest prefix of its name. None if there is none."""
     names = {file.stem for file in sources.files if file.suffix == ".h" and file.parent == source.parent}
     stem = source.stem
     for length in range(len(stem), 0, -1):
@@ -42,7 +42,7 @@ def header_of(sources, source):
 
 
 def defines_endpoints(source):
-    """Whether a source defines functions of lumeno/Endpoints/Endpoint.h, which every module of lumeno may do."""
+    """Whether a source may define functions of lumeno/Endpoints/Endpoint.h, like every module of lumeno."""
     return source.parts[0] == "lumeno" and source.stem.endswith("Endpoints")
 
 
@@ -51,7 +51,7 @@ def declares_class(text, name):
 
 
 def sources_lie_beside_their_headers(sources):
-    """Each source lies beside the header of its name, or of its name without a last part: FooFrames.cpp by Foo.h."""
+    """Each source is in the folder of the header with its name or a prefix of it: FooFrames.cpp with Foo.h."""
     for file in sources.files:
         if file.suffix == ".cpp" and not defines_endpoints(file) and header_of(sources, file) is None:
             yield f"{file}: there is no {file.stem}.h in {file.parent}, nor a header whose name it begins with"
@@ -75,7 +75,7 @@ def members_are_defined_beside_their_class(sources):
 
 
 def no_file_is_a_fragment(sources):
-    """A file of fewer than 15 lines has a reason, which the list of this rule gives."""
+    """A file with fewer than 15 lines has a reason, which this rule lists."""
     for file in sources.files:
         lines = sources.text(file).count("\n")
         has_reason = str(file) in SHORT_FOR_A_REASON or file.stem.endswith(SAME_IN_EVERY_MODULE)
@@ -88,7 +88,7 @@ def no_file_is_a_fragment(sources):
 
 
 def tests_are_named_as_tests(tests):
-    """C++ tests are FooTest.cpp and Python tests foo_test.py, and no other file has such a name."""
+    """C++ tests are named FooTest.cpp and Python tests foo_test.py, and only tests have such names."""
     for file in sorted(tests.rglob("*.cpp")):
         if file.stem.endswith("Test") != bool(CPP_TEST.search(file.read_text(encoding="utf-8"))):
             yield f"{file.relative_to(tests)}: only files named ...Test.cpp hold tests, and each holds one"

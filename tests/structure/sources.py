@@ -1,11 +1,11 @@
-"""The source tree as the rules see it: the includes and the module of each file."""
+"""The source tree for the rules: the includes and the module of each file."""
 
 import pathlib
 import re
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 OURS = "VanticRestKit/"
-# From the lowest up; the services stand side by side. The testing kit is an archive of its own, above them.
+# From the lowest to the highest. The services are on the same level. The testing kit is a separate archive above them.
 LAYERS = ["platform", "Core", "lumeno", "trelvo", "kavro", "recs", "Testing"]
 
 
@@ -34,7 +34,7 @@ class Sources:
 
 
 def code_only(text):
-    """The text without comments and without the insides of string and character literals."""
+    """The text without comments and without the contents of string and character literals."""
     pattern = re.compile(r'//[^\n]*|/\*.*?\*/|R"(\w*)\(.*?\)\1"|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])+\'', re.DOTALL)
 
     def blank(found):

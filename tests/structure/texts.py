@@ -1,25 +1,25 @@
 #!/usr/bin/env python3
-"""Judges what stands in the files of the library.   texts.py SRC RULE"""
+"""Checks the contents of the library's files.   texts.py SRC RULE"""
 
 import re
 import sys
 
 from sources import Sources, code_only
 
-# Standard headers that cost a host's compilation too much, or bring state at start.
+# Standard headers that slow down a host's compilation too much, or add static initialisation.
 HEAVY = {"thread", "future", "iostream", "regex"}
 UNUSED_BY_THE_LIBRARY = re.compile(r"\b(throw|try|catch|dynamic_cast|typeid)\b")
 LONGEST_FILE = 400
-# Tables of facts, not to be read from top to bottom.
+# Data tables, which are not read from top to bottom.
 LONG_FOR_A_REASON = {"platform/text/detail/UnicodeTables.inc"}
 
 
-# The one header for which <future> is the point.
+# The only header whose purpose is <future>.
 FOR_FUTURES = "platform/async/StdFuture.h"
 
 
 def public_headers_include_no_heavy_header(sources):
-    """Public headers do without <thread>, <future>, <iostream> and <regex>."""
+    """Public headers do not include <thread>, <future>, <iostream> or <regex>."""
     for header in sources.public_headers():
         for _, name in sources.includes(header):
             if name in HEAVY and not (name == "future" and str(header) == FOR_FUTURES):
@@ -27,7 +27,7 @@ def public_headers_include_no_heavy_header(sources):
 
 
 def public_headers_include_nothing_private(sources):
-    """Public headers include no header below a detail/ folder: those are not installed."""
+    """Public headers include no header in a detail/ folder, since those are not installed."""
     for header in sources.public_headers():
         for included in sources.our_includes(header):
             if "detail" in included.parts:

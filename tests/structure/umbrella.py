@@ -1,10 +1,10 @@
-"""The text of the umbrella header, made from the tree."""
+"""Generates the text of the umbrella header from the tree."""
 
 import pathlib
 
 from sources import LAYERS
 
-# Headers that a host includes by name if it wants them.
+# Headers that a host includes explicitly.
 BY_NAME = {"platform/async/StdFuture.h", "platform/async/Task.h"}
 
 HEAD = """#pragma once
@@ -24,7 +24,7 @@ def umbrella_text(sources):
             continue
         group = [h for h in headers if (h.parts[0] if len(h.parts) > 1 else "") == layer]
         if group:
-            # Without regard to case, as clang-format sorts.
+            # Case-insensitive, like clang-format.
             group.sort(key=lambda header: str(header).lower())
             groups.append("".join(f"#include <VanticRestKit/{header}>\n" for header in group))
     return HEAD + "\n".join(groups)
