@@ -30,6 +30,14 @@ TEST(Vary, WithAStarFitsNothing) {
     for (const char* vary : {"*", ", *", "*, Foo", "Foo,*"}) EXPECT_FALSE(variantOf(vary, requestWith({})));
 }
 
+TEST(Vary, WithAMemberThatIsNoHeaderNameFitsNothing) {
+    using namespace std::string_view_literals;
+    for (const std::string_view vary :
+         {"Foo Bar"sv, "Foo, Bar:"sv, "Foo:1"sv, "\"Foo\""sv, "Foo, B\0r"sv, "F\xF6o"sv, "Foo;q=1"sv}) {
+        EXPECT_FALSE(variantOf(vary, requestWith({{"Foo", "1"}}))) << vary;
+    }
+}
+
 TEST(Vary, IgnoresSpacesAroundCommas) {
     EXPECT_TRUE(fits("Foo", requestWith({{"Foo", "1, 2"}}), requestWith({{"Foo", "1,2"}})));
     EXPECT_FALSE(fits("Foo", requestWith({{"Foo", "1, 2"}}), requestWith({{"Foo", "2, 1"}})));

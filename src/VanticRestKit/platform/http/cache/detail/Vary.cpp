@@ -31,7 +31,7 @@ std::optional<std::string> variantOf(std::string_view vary, const URLRequest& re
     if (vary.empty()) return std::string();
     std::vector<std::string> names;
     for (const std::string_view name : listMembers(vary)) {
-        if (name == "*") return std::nullopt;
+        if (name == "*" || !isToken(name)) return std::nullopt;
         // Keys already contain these as digests; their values must not be written to disk.
         if (sameHeaderName(name, "authorization") || sameHeaderName(name, "cookie")) continue;
         names.push_back(asciiLowered(name));

@@ -14,7 +14,7 @@ namespace VanticRestKit::detail {
 /// The fields that `vary` lists, with their values in `request`: one "name:value" per line, names in lower case and
 /// sorted, values normalised (see `normalVaryValue`); a field that the request lacks has no colon. Authorization and
 /// Cookie are left out because they are part of the key. An empty string if the response depends on no field. No value
-/// if `vary` has a member "*": such a response matches no other request.
+/// if `vary` has a member "*" or a member that is not a header name: such a response matches no other request.
 std::optional<std::string> variantOf(std::string_view vary, const URLRequest& request);
 
 /// Whether `request` matches the values of `variant`.
