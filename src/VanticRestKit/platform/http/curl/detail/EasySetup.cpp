@@ -74,7 +74,7 @@ void setMethodAndBody(Options& options, const URLRequest& request) {
 bool prepareEasy(Attempt& attempt, const URLSessionConfiguration& configuration, bool onNewConnection) {
     const URLRequest& request = attempt.exchange.request();
     EasyHandle& handle = *attempt.handle;
-    if (!handle.isGood() || !request.url()) return false;
+    if (!handle.isGood() || !request.url() || attempt.headerLines == nullptr) return false;
     handle.attempt = &attempt;
     handle.isUsedUp = !isPlainGet(request);
     Options options(handle.get());

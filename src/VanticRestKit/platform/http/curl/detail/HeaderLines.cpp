@@ -40,11 +40,15 @@ public:
     /// Keeps libcurl from adding a header of its own.
     void suppress(std::string_view name) { append(std::string(name) + ':'); }
 
-    HeaderLines take() { return {lines_.release(), curl_slist_free_all}; }
+    HeaderLines take() {
+        if (!isWhole_) return nullptr;
+        return {lines_.release(), curl_slist_free_all};
+    }
 
 private:
     void append(const std::string& line) {
         curl_slist* const longer = curl_slist_append(lines_.get(), line.c_str());
+        isWhole_ = isWhole_ && longer != nullptr;
         if (longer == nullptr) return;
         static_cast<void>(lines_.release());
         lines_.reset(longer);
@@ -54,6 +58,7 @@ private:
         void operator()(curl_slist* lines) const { curl_slist_free_all(lines); }
     };
     std::unique_ptr<curl_slist, Deleter> lines_;
+    bool isWhole_ = true;
 };
 
 }  // namespace
