@@ -12,6 +12,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 #include <chrono>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -99,4 +100,16 @@ TEST(Scarcity, BlocksRunOnThePostingThreadIfNoThreadCanBeStarted) {
         });
         EXPECT_EQ(ran.count(), 1) << queue.label();
     }
+}
+
+// In a process of its own, in which the timer has no thread yet.
+TEST(ScarcityDeathTest, ADelayedBlockRunsAtOnceIfThereIsNoThreadToWaitOn) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto post = [] {
+        const Event ran;
+        const NoThreads none;
+        DispatchQueue("pool").asyncAfter(std::chrono::hours(1), [ran] { ran.signal(); });
+        std::_Exit(ran.count());
+    };
+    EXPECT_EXIT(post(), testing::ExitedWithCode(1), "");
 }

@@ -51,7 +51,7 @@ void DispatchQueue::asyncAfter(std::chrono::duration<double> delay, Block block)
         async(std::move(block));
         return;
     }
-    detail::Timer::shared().add(
+    detail::Timer::shared().addOrCall(
         delay, [queue = *this, held = std::move(block)]() mutable { queue.async(std::move(held)); });
 }
 

@@ -79,8 +79,8 @@ public:
     /// Posts `item`: the queue calls its `perform()`. Null is ignored.
     void async(std::shared_ptr<DispatchWorkItem> item) const;
 
-    /// Posts `block` after `delay`, measured by the steady clock. A delay of zero or less posts immediately. An empty
-    /// block is ignored.
+    /// Posts `block` after `delay`, measured by the steady clock. A delay of zero or less posts immediately, and so
+    /// does any delay if the system has no thread to wait on. An empty block is ignored.
     void asyncAfter(std::chrono::duration<double> delay, Block block) const;
 
     /// Posts `item` after `delay`. Cancelling the item before it starts destroys its block at once.

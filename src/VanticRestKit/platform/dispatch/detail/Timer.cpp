@@ -17,17 +17,21 @@ Timer& Timer::shared() {
     return timer;
 }
 
-Timer::Id Timer::add(std::chrono::duration<double> delay, Block function) {
+Timer::Id Timer::add(std::chrono::duration<double> delay, Block function, WithoutThread withoutThread) {
     if (const std::shared_ptr<TimerSource> source = source_.load()) {
         source->after(delay, std::move(function));
         return {};
     }
     const auto due = Clock::now() + std::chrono::ceil<Clock::duration>(std::min(delay, maxDelay));
-    const std::lock_guard lock(mutex_);
+    std::unique_lock lock(mutex_);
+    if (!hasThread_) hasThread_ = startThread("VRK timer", [this] { run(); });
+    if (!hasThread_ && withoutThread == WithoutThread::isCalled) {
+        lock.unlock();
+        function();
+        return {};
+    }
     const Id id{.due = due, .number = ++lastNumber_};
     const auto place = functions_.emplace(id, std::move(function)).first;
-    // If the system has no thread now, the next call tries again.
-    if (!hasThread_) hasThread_ = startThread("VRK timer", [this] { run(); });
     if (place == functions_.begin()) changed_.notify_one();
     return id;
 }

@@ -36,7 +36,15 @@ public:
     /// Calls `function`, which must not block, on the timer's thread after `delay`. A delay beyond a hundred years
     /// never ends. If a source is set, it calls the function instead, and the id identifies nothing: a function given
     /// to a source cannot be removed.
-    Id add(std::chrono::duration<double> delay, Block function);
+    Id add(std::chrono::duration<double> delay, Block function) {
+        return add(delay, std::move(function), WithoutThread::waits);
+    }
+
+    /// The same, but if the system has no thread for the timer, `function` is called now, on the calling thread: early
+    /// rather than never.
+    void addOrCall(std::chrono::duration<double> delay, Block function) {
+        add(delay, std::move(function), WithoutThread::isCalled);
+    }
 
     /// Destroys a function that has not been called yet, on the calling thread. No effect on one that has.
     void remove(const Id& id);
@@ -45,8 +53,12 @@ public:
     void setSource(std::shared_ptr<TimerSource> source) { source_.store(std::move(source)); }
 
 private:
+    /// What becomes of a function while the system has no thread for the timer. Each call tries again to get one.
+    enum class WithoutThread { waits, isCalled };
+
     Timer() = default;
 
+    Id add(std::chrono::duration<double> delay, Block function, WithoutThread withoutThread);
     void run();
 
     Replaceable<std::shared_ptr<TimerSource>> source_;
