@@ -1,0 +1,113 @@
+// What a trial finds: rounds that do what a load must never do.
+
+#include "Trial.h"
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+
+namespace VanticRestKit::test {
+
+namespace {
+
+using Kind = RoundOutcome::Kind;
+
+// A trial of a later session warms up with three rounds, and asks for another one after that in which a call fails.
+constexpr int tried = 4;
+constexpr int next = 5;
+
+TrialReport reportOn(RoundOutcome (*run)(const RoundSetting&), const Fault& fault = {},
+                     std::chrono::seconds deadline = std::chrono::seconds(60)) {
+    const Scenario scenario{"round", run};
+    return runTrial({.scenario = &scenario, .fault = fault, .deadline = deadline}, {});
+}
+
+RoundOutcome allocating(const RoundSetting&) {
+    void* const memory = std::malloc(100);
+    const bool isThere = memory != nullptr;
+    std::free(memory);
+    return {isThere ? Kind::value : Kind::error};
+}
+
+TEST(Trial, CountsTheCallsOfTheRoundAlone) {
+    const TrialReport report = reportOn(&allocating);
+    EXPECT_EQ(report.verdict, Verdict::untouched) << report.story;
+    EXPECT_EQ(report.counts[static_cast<std::size_t>(Call::malloc)], 1U);
+}
+
+TEST(Trial, HasOneCallFail) {
+    EXPECT_EQ(reportOn(&allocating, {.call = Call::malloc, .number = 1, .error = ENOMEM}).verdict,
+              Verdict::error);
+    EXPECT_EQ(reportOn(&allocating, {.call = Call::malloc, .number = 2, .error = ENOMEM}).verdict,
+              Verdict::untouched);
+}
+
+TEST(Trial, AcceptsAnEndForWantOfMemoryWithAMessage) {
+    const auto run = [](const RoundSetting&) {
+        delete new int;
+        return RoundOutcome{};
+    };
+    const TrialReport report = reportOn(run, {.call = Call::malloc, .number = 1, .error = ENOMEM});
+    EXPECT_EQ(report.verdict, Verdict::message) << report.story;
+}
+
+TEST(Trial, FindsAnEndWithoutAMessage) {
+    const auto run = [](const RoundSetting& setting) {
+        if (setting.number == tried) std::abort();
+        return RoundOutcome{};
+    };
+    EXPECT_EQ(reportOn(run).verdict, Verdict::crashed);
+}
+
+TEST(Trial, FindsAWrongValue) {
+    const auto run = [](const RoundSetting& setting) {
+        return RoundOutcome{setting.number == tried ? Kind::wrong : Kind::value};
+    };
+    EXPECT_EQ(reportOn(run).verdict, Verdict::wrong);
+}
+
+TEST(Trial, FindsAnErrorThatNothingCaused) {
+    const auto run = [](const RoundSetting& setting) {
+        return RoundOutcome{setting.number == tried ? Kind::error : Kind::value};
+    };
+    EXPECT_EQ(reportOn(run).verdict, Verdict::wrong);
+}
+
+TEST(Trial, FindsASessionThatDoesNotLoadAfterTheFault) {
+    const auto run = [](const RoundSetting& setting) {
+        return RoundOutcome{setting.number == next ? Kind::error : Kind::value};
+    };
+    EXPECT_EQ(reportOn(run).verdict, Verdict::spoiled);
+}
+
+TEST(Trial, FindsADescriptorThatIsLeft) {
+    const auto run = [](const RoundSetting& setting) {
+        if (setting.number == tried) static_cast<void>(dup(STDERR_FILENO));
+        return RoundOutcome{};
+    };
+    EXPECT_EQ(reportOn(run).verdict, Verdict::leaked);
+}
+
+TEST(Trial, FindsMemoryThatIsLeft) {
+    const auto run = [](const RoundSetting& setting) {
+        static void* left = nullptr;
+        if (setting.number == tried) left = std::malloc(10'000);
+        return RoundOutcome{left == nullptr || setting.number >= tried ? Kind::value : Kind::wrong};
+    };
+    EXPECT_EQ(reportOn(run).verdict, Verdict::leaked);
+}
+
+TEST(Trial, FindsALoadThatDoesNotEnd) {
+    const auto run = [](const RoundSetting& setting) {
+        while (setting.number == tried) pause();
+        return RoundOutcome{};
+    };
+    EXPECT_EQ(reportOn(run, {}, std::chrono::seconds(2)).verdict, Verdict::hung);
+}
+
+}  // namespace
+
+}  // namespace VanticRestKit::test
