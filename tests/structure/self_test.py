@@ -140,6 +140,11 @@ class Tree(unittest.TestCase):
         self.write("Core/A.cpp", '// never throw\n/* try */ auto text = "catch \\" throw";\n')
         self.assert_breaks(texts.the_library_neither_throws_nor_asks_for_types, "Core/B.cpp", "void f() { throw 1; }\n")
 
+    def test_a_thread_that_is_started_elsewhere_is_found(self):
+        self.write("Core/A.cpp", "auto count = std::thread::hardware_concurrency();\n")
+        self.write("platform/dispatch/detail/Thread.cpp", "pthread_create(&thread, &attributes, &run, start);\n")
+        self.assert_breaks(texts.threads_are_started_in_one_file, "Core/B.cpp", "std::thread thread(run);\n")
+
     def test_a_long_file_is_found(self):
         self.assert_breaks(texts.files_are_short_enough_to_read, "Core/X.cpp", "\n" * 401)
 

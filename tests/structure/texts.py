@@ -9,6 +9,7 @@ from sources import Sources, code_only
 # Standard headers that slow down a host's compilation too much, or add static initialisation.
 HEAVY = {"thread", "future", "iostream", "regex"}
 UNUSED_BY_THE_LIBRARY = re.compile(r"\b(throw|try|catch|dynamic_cast|typeid)\b")
+STARTS_A_THREAD = re.compile(r"\b(pthread_create|std::j?thread\b(?!::)|std::async)\b")
 LONGEST_FILE = 400
 # Data tables, which are not read from top to bottom.
 LONG_FOR_A_REASON = {"platform/text/detail/UnicodeTables.inc"}
@@ -43,6 +44,14 @@ def the_library_neither_throws_nor_asks_for_types(sources):
                 yield f"{file}:{number}: {found.group()}"
 
 
+def threads_are_started_in_one_file(sources):
+    """Only Thread.cpp starts threads, which gives each the stack size that the host sets."""
+    for file in sources.files:
+        found = STARTS_A_THREAD.search(code_only(sources.text(file)))
+        if found and file.name != "Thread.cpp":
+            yield f"{file}: {found.group()}"
+
+
 def files_are_short_enough_to_read(sources):
     """No file of the library has more than 400 lines."""
     for file in sources.files:
@@ -63,6 +72,7 @@ RULES = [
     public_headers_include_no_heavy_header,
     public_headers_include_nothing_private,
     the_library_neither_throws_nor_asks_for_types,
+    threads_are_started_in_one_file,
     files_are_short_enough_to_read,
     the_umbrella_header_is_complete,
 ]

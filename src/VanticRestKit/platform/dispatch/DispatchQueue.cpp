@@ -1,11 +1,13 @@
 #include <VanticRestKit/platform/dispatch/detail/HostQueue.h>
 #include <VanticRestKit/platform/dispatch/detail/MainQueue.h>
 #include <VanticRestKit/platform/dispatch/detail/Strand.h>
+#include <VanticRestKit/platform/dispatch/detail/Thread.h>
 #include <VanticRestKit/platform/dispatch/detail/ThreadQueue.h>
 #include <VanticRestKit/platform/dispatch/detail/Timer.h>
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 #include <VanticRestKit/platform/dispatch/DispatchWorkItem.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace VanticRestKit {
@@ -31,6 +33,10 @@ bool DispatchQueue::setMain(UniqueFunction<void(Block)> executor) {
 
 DispatchQueue DispatchQueue::over(std::string label, UniqueFunction<void(Block)> executor) {
     return DispatchQueue(std::make_shared<detail::HostQueue>(std::move(label), std::move(executor)));
+}
+
+void DispatchQueue::setThreadStackSize(std::size_t bytes) noexcept {
+    detail::setThreadStackSize(bytes == 0 ? 0 : std::max(bytes, minThreadStackSize));
 }
 
 void DispatchQueue::async(Block block) const {

@@ -7,6 +7,7 @@
 #include <VanticRestKit/Visibility.h>
 
 #include <chrono>
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -68,6 +69,18 @@ public:
     /// DispatchQueue ui = DispatchQueue::over("ui", [&loop](Block block) { loop.post(std::move(block)); });
     /// ```
     static DispatchQueue over(std::string label, UniqueFunction<void(Block)> executor);
+
+    /// The smallest stack, in bytes, that `setThreadStackSize` sets. It is enough for the library's own code, libcurl
+    /// and OpenSSL; blocks and completions of the host may need more.
+    static constexpr std::size_t minThreadStackSize = std::size_t{256} * 1024;
+
+    /// Sets the stack size, in bytes, of all threads that the library starts from now on: those of queues, of the timer
+    /// and of sessions. Threads that run already keep theirs, so call it before anything else of the library. A size
+    /// below `minThreadStackSize` is raised to it. 0, the default, leaves the size to the C library, which for glibc is
+    /// the limit of the process (`ulimit -s`), usually 8 MB. Any thread may call.
+    ///
+    /// Threads on which libcurl looks up names are not the library's and keep the default of the C library.
+    static void setThreadStackSize(std::size_t bytes) noexcept;
 
     // Copies only: a moved-from handle would have no queue.
     DispatchQueue(const DispatchQueue&) = default;

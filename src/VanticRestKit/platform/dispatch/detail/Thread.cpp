@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 #include <pthread.h>
 #include <signal.h>
+#include <atomic>
 #include <memory>
 #include <string>
 
@@ -18,6 +19,9 @@ struct Start {
 
 /// On a library thread, the signal mask of the host thread for which it was started; null on host threads.
 thread_local const sigset_t* hostSignals = nullptr;
+
+/// 0 for the default of the C library.
+std::atomic<std::size_t> stackSize = 0;
 
 void* run(void* argument) {
     const std::unique_ptr<Start> start(static_cast<Start*>(argument));
@@ -62,6 +66,7 @@ bool startThread(std::string_view name, Block body) {
     pthread_attr_t attributes;
     if (pthread_attr_init(&attributes) != 0) return false;
     pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
+    if (const std::size_t size = stackSize; size != 0) pthread_attr_setstacksize(&attributes, size);
 
     // A new thread inherits the signal mask of its creator.
     const sigset_t blocked = signalsToBlock();
@@ -76,6 +81,8 @@ bool startThread(std::string_view name, Block body) {
     if (started) static_cast<void>(start.release());
     return started;
 }
+
+void setThreadStackSize(std::size_t bytes) noexcept { stackSize = bytes; }
 
 HostSignals::HostSignals() noexcept {
     if (hostSignals != nullptr) pthread_sigmask(SIG_SETMASK, hostSignals, nullptr);

@@ -5,6 +5,7 @@
 
 #include <VanticRestKit/platform/dispatch/UniqueFunction.h>
 
+#include <cstddef>
 #include <string_view>
 
 namespace VanticRestKit::detail {
@@ -14,6 +15,10 @@ namespace VanticRestKit::detail {
 ///
 /// Returns false if the system has no thread; `body` is then destroyed.
 bool startThread(std::string_view name, Block body);
+
+/// Sets the stack size, in bytes, of the threads that are started from now on; 0 for the default of the C library. Any
+/// thread may call.
+void setThreadStackSize(std::size_t bytes) noexcept;
 
 /// While it exists, the calling library thread has the signal mask that the host expects: that of the host thread for
 /// which it was started. Used around all host code that a library thread runs, because a process started there inherits
