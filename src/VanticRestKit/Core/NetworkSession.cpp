@@ -1,5 +1,6 @@
 #include <VanticRestKit/Core/NetworkSession.h>
 #include <VanticRestKit/platform/async/AsyncCall.h>
+#include <VanticRestKit/platform/http/detail/SubscriberCompletion.h>
 #include <VanticRestKit/platform/http/URLSession.h>
 
 #include <utility>
@@ -12,17 +13,9 @@ AnyPublisher<NetworkSession::Answer> NetworkSession::loadDataPublisher(LoadDataP
     return AnyPublisher<Answer>::create(
         [this, request = std::move(arguments.fromURLRequest).value(),
          metrics = std::move(arguments.metrics)](const Subscriber<Answer, Error>& subscriber) {
-            const auto answered = [subscriber](std::optional<Data> data,
-                                               std::shared_ptr<const URLResponse> response,
-                                               std::optional<Error> error) {
-                if (error) {
-                    subscriber.complete(Failure(*std::move(error)));
-                    return;
-                }
-                subscriber.receive(Answer(data ? *std::move(data) : Data(), std::move(response)));
-                subscriber.complete();
-            };
-            loadData({.fromURLRequest = request, .completionHandler = answered, .metrics = metrics});
+            loadData({.fromURLRequest = request,
+                      .completionHandler = detail::completionFor(subscriber),
+                      .metrics = metrics});
             return Cancellable();
         });
 }

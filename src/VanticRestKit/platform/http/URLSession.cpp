@@ -2,6 +2,7 @@
 
 #include <VanticRestKit/platform/http/curl/detail/CurlTransport.h>
 #include <VanticRestKit/platform/http/detail/SessionHeaders.h>
+#include <VanticRestKit/platform/http/detail/SubscriberCompletion.h>
 #include <VanticRestKit/platform/http/detail/Transfer.h>
 #include <VanticRestKit/platform/http/detail/Transport.h>
 #include <VanticRestKit/platform/http/detail/URLErrors.h>
@@ -79,17 +80,8 @@ AnyPublisher<URLSession::Output, Error> URLSession::dataTaskPublisher(URLRequest
     return Publisher::create([transport = transport_,
                               request = detail::withSessionHeaders(std::move(request), configuration_),
                               metrics = std::move(metrics)](Subscriber<Output, Error> subscriber) {
-        auto completion = [subscriber = std::move(subscriber)](std::optional<Data> data,
-                                                               std::shared_ptr<const URLResponse> response,
-                                                               std::optional<Error> error) {
-            if (error) {
-                subscriber.complete(Failure(*std::move(error)));
-            } else {
-                subscriber.receive({std::move(data).value_or(Data()), std::move(response)});
-                subscriber.complete();
-            }
-        };
-        auto transfer = std::make_shared<detail::Transfer>(request, std::move(completion), metrics);
+        auto transfer = std::make_shared<detail::Transfer>(
+            request, detail::completionFor(std::move(subscriber)), metrics);
         const std::shared_ptr<URLSessionDataTask> task(
             new URLSessionDataTask(transport, std::move(transfer)));
         task->resume();
