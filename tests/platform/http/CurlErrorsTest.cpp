@@ -46,7 +46,7 @@ TEST(CurlErrors, AClosedHTTP2ConnectionIsLostTheFirstTimeAndABadResponseAfterARe
     // The text is left over from an earlier attempt.
     for (const char* const text : {"", "OpenSSL SSL_read: Connection reset by peer, errno 104"}) {
         EXPECT_EQ(faultFor({.code = CURLE_HTTP2, .text = text}).code, URLErrorCode::networkConnectionLost);
-        EXPECT_EQ(faultFor({.code = CURLE_HTTP2, .text = text, .wasLeftOutBefore = true}).code,
+        EXPECT_EQ(faultFor({.code = CURLE_HTTP2, .text = text, .wentUnansweredBefore = true}).code,
                   URLErrorCode::badServerResponse);
     }
     EXPECT_EQ(faultFor({.code = CURLE_HTTP2, .text = "nghttp2 recv error -902"}).code,
