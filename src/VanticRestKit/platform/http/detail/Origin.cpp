@@ -11,7 +11,7 @@ namespace VanticRestKit::detail {
 
 namespace {
 
-constexpr std::int64_t largestPort = 65535;
+constexpr std::int64_t maxPort = 65535;
 
 // CONNECT opens a tunnel and PRI starts HTTP/2 instead of getting a response; TRACE makes the server echo the
 // credentials.
@@ -85,7 +85,7 @@ std::optional<TransportFault> whyUnusable(const URLRequest& request) {
         return TransportFault{URLErrorCode::unsupportedURL, "The URL's scheme is neither http nor https."};
     }
     if (!url.host()) return TransportFault{URLErrorCode::badURL, "The URL has no host."};
-    if (const auto port = url.port(); port && (*port < 1 || *port > largestPort)) {
+    if (const auto port = url.port(); port && (*port < 1 || *port > maxPort)) {
         return TransportFault{URLErrorCode::badURL, "The URL's port is invalid."};
     }
     if (auto fault = methodFault(request.httpMethod().value_or("GET"))) return fault;

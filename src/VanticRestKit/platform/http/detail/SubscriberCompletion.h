@@ -14,8 +14,8 @@
 
 namespace VanticRestKit::detail {
 
-/// A completion that hands the answer of a transfer to `subscriber`: body and response and then the end, or the error.
-/// An answer without a body and without an error has an empty body.
+/// A completion that passes the result of a transfer to `subscriber`: the body with its response, followed by the end,
+/// or the error. If there is neither a body nor an error, the body is empty.
 inline auto completionFor(Subscriber<std::pair<Data, std::shared_ptr<const URLResponse>>, Error> subscriber) {
     return [subscriber = std::move(subscriber)](std::optional<Data> data,
                                                 std::shared_ptr<const URLResponse> response,

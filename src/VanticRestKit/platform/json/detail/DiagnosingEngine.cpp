@@ -1,7 +1,7 @@
 #include <VanticRestKit/platform/json/detail/DiagnosingEngine.h>
 
 #include <VanticRestKit/platform/date/detail/DeviceDate.h>
-#include <VanticRestKit/platform/json/detail/Found.h>
+#include <VanticRestKit/platform/json/detail/FaultText.h>
 #include <VanticRestKit/platform/json/detail/FreeForm.h>
 #include <VanticRestKit/platform/json/detail/Scanner.h>
 #include <VanticRestKit/platform/text/detail/LetterCase.h>
@@ -89,7 +89,7 @@ bool DiagnosingEngine::wrapped(const TypePlan& type, void* target, Place at, boo
     }
     for (const BrokenMember& member : broken) {
         enter(member.key);
-        fail(Kind::dataCorrupted, *member.at == '"' ? "String" : "Int or Double", foundAt(member.at),
+        fail(Kind::dataCorrupted, *member.at == '"' ? "String" : "Int or Double", jsonTypeAt(member.at),
              Presence::lenient);
         ignoreFault("dropped");
         path_.pop_back();
@@ -114,7 +114,7 @@ bool DiagnosingEngine::entity(const ObjectPlan& plan, void* target, Place at, Pr
     if (plan.derivations.empty()) return;
     for (const auto derivation : plan.derivations) derivation(target);
     for (std::size_t i = resetsBefore; i < resets_.size(); ++i) {
-        faults_[resets_[i].fault].became = heldBy(*resets_[i].field, resets_[i].place);
+        faults_[resets_[i].fault].became = currentValue(*resets_[i].field, resets_[i].place);
     }
 }
 
@@ -171,7 +171,7 @@ bool DiagnosingEngine::row(const FieldPlan& field, const ObjectPlan& entity, voi
     std::string_view name;
     bool isPlain = false;
     if (reader.readText(name, isPlain) != Fit::fits) {
-        fail(Kind::typeMismatch, "String", foundAt(at.at), Presence::lenient);
+        fail(Kind::typeMismatch, "String", jsonTypeAt(at.at), Presence::lenient);
         ignoreFault("no check");
         return true;
     }
@@ -207,7 +207,7 @@ bool DiagnosingEngine::valueRow(const FieldPlan& field, void* target, Place at) 
 
 [[gnu::noinline]] void DiagnosingEngine::ignoreFieldFault(const FieldPlan& field, void* place) {
     resetField(field, place);
-    ignoreFault(heldBy(field, place));
+    ignoreFault(currentValue(field, place));
     if (report_ == Report::everything) resets_.push_back({faults_.size() - 1, &field, place});
 }
 
@@ -298,7 +298,7 @@ bool DiagnosingEngine::candidate(const ChoicePlan& plan, std::size_t place, Plac
         names += names.empty() ? "" : " or ";
         names += candidate.type().name;
     }
-    return fail(Kind::typeMismatch, names, foundAt(at.at), Presence::lenient);
+    return fail(Kind::typeMismatch, names, jsonTypeAt(at.at), Presence::lenient);
 }
 
 [[gnu::noinline]] bool DiagnosingEngine::fail(Kind kind, std::string_view expected, std::string_view found,
@@ -313,7 +313,7 @@ bool DiagnosingEngine::candidate(const ChoicePlan& plan, std::size_t place, Plac
 
 [[gnu::noinline]] bool DiagnosingEngine::failUnfit(const TypePlan& type, Place at, bool isNamed,
                                                    Presence presence) {
-    const std::string_view found = foundAt(at.at);
+    const std::string_view found = jsonTypeAt(at.at);
     Kind kind = found == jsonTypeOf(type.kind) ? Kind::dataCorrupted : Kind::typeMismatch;
     // Null in place of an object is a `typeMismatch` at the root and in arrays, and `valueNotFound` under a key.
     if (found == "null" && (isNamed || !isObject(type.kind))) kind = Kind::valueNotFound;

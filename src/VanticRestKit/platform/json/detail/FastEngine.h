@@ -75,7 +75,7 @@ private:
     bool objectStep(Frame& top);
     Key scannedKey(Frame& top, const char* at);
     Key unusualKey(Frame& top, const char* at);
-    void remember(Frame& top, std::size_t place);
+    void recordSuccessor(Frame& top, std::size_t place);
     void failUnreadableKey(Frame& top);
     bool value(Frame& top, const Slot& slot);
     bool anyValue(Frame& top, const FieldPlan& field);

@@ -176,9 +176,9 @@ FastEngine::Key FastEngine::scannedKey(Frame& top, const char* at) {
     const std::uint32_t quotes = scan::quotes(at + 1);
     if (quotes == 0) return unusualKey(top, at);
     const auto size = scan::first(quotes);
-    const std::size_t place = slotOf(plan.keys.likely({at + 1, size}));
+    const std::size_t place = slotOf(plan.keys.candidateIndex({at + 1, size}));
     if (!isQuotedKeyOf(plan.slots[place], at)) return unusualKey(top, at);
-    remember(top, place);
+    recordSuccessor(top, place);
     return {skipSpace(at + size + 2), place};
 }
 
@@ -198,13 +198,13 @@ FastEngine::Key FastEngine::unusualKey(Frame& top, const char* at) {
         name = *text;
     }
     key.place = slotOf(top.plan->keys.find(name));
-    if (key.place != 0) remember(top, key.place);
+    if (key.place != 0) recordSuccessor(top, key.place);
     return key;
 }
 
 // Records which key followed which, and updates the hit rate. While the recent predictions were mostly wrong,
 // `objectStep` does not use them: a prediction is cheap, but a mispredicted branch is not.
-void FastEngine::remember(Frame& top, std::size_t place) {
+void FastEngine::recordSuccessor(Frame& top, std::size_t place) {
     std::uint8_t& successor = successors_[top.plan->successorsBegin + top.last];
     constexpr unsigned memory = 32;
     hitRate_ -= hitRate_ / memory;

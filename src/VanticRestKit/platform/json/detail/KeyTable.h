@@ -25,12 +25,12 @@ public:
     /// The index of `key` among the keys, or `none`. Eight bytes at `key.data()` must be readable, as they are in every
     /// `Data` and every `std::string`.
     std::uint8_t find(std::string_view key) const noexcept {
-        const std::uint8_t place = likely(key);
+        const std::uint8_t place = candidateIndex(key);
         return place != none && keys_[place] == key ? place : none;
     }
 
     /// The only index that `key` can have, or `none`; the caller must compare the key.
-    std::uint8_t likely(std::string_view key) const noexcept {
+    std::uint8_t candidateIndex(std::string_view key) const noexcept {
         return buckets_[bucket(hashesWholeKeys_ ? wholeSignature(key) : signature(key))];
     }
 

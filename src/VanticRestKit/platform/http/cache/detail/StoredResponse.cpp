@@ -34,7 +34,7 @@ constexpr std::array<std::string_view, 3> bodyFields{"content-length", "content-
 
 // The memory that a map takes for one field, apart from long strings.
 constexpr std::size_t nodeCost = 4 * sizeof(void*) + sizeof(HeaderFields::value_type) + 16;
-constexpr milliseconds longestEstimate = std::chrono::hours(24);
+constexpr milliseconds maxEstimate = std::chrono::hours(24);
 
 template <std::size_t count>
 bool isOneOf(const std::array<std::string_view, count>& names, std::string_view name) {
@@ -142,7 +142,7 @@ milliseconds StoredResponse::computeLifetime() const {
     }
     if (!isHeuristicallyCacheable(parts_.status) && !control_.isPublic) return milliseconds(0);
     if (!modified_) return milliseconds(0);
-    return std::clamp<milliseconds>(milliseconds(made_ - *modified_) / 10, milliseconds(0), longestEstimate);
+    return std::clamp<milliseconds>(milliseconds(made_ - *modified_) / 10, milliseconds(0), maxEstimate);
 }
 
 milliseconds StoredResponse::computeInitialAge() const {

@@ -38,7 +38,7 @@ std::deque<Attempt*>::const_iterator BodyPacer::firstReady() const {
                         [](const Attempt* attempt) { return !attempt->body.isBeingDecoded(); });
 }
 
-std::chrono::milliseconds BodyPacer::longestWait() const {
+std::chrono::milliseconds BodyPacer::maxWait() const {
     if (held_.empty() || isStopped_) return std::chrono::hours(1);
     return std::chrono::milliseconds(firstReady() == held_.end() ? 1 : 0);
 }

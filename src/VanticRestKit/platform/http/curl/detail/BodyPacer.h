@@ -50,7 +50,7 @@ public:
 
     /// How long the thread may wait before the next round: not at all if a body is ready to be decoded, and only
     /// briefly if another thread is decoding one.
-    std::chrono::milliseconds longestWait() const;
+    std::chrono::milliseconds maxWait() const;
 
 private:
     std::deque<Attempt*>::const_iterator firstReady() const;

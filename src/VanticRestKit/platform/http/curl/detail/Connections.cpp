@@ -66,7 +66,8 @@ std::string endsOf(int socket) {
 }  // namespace
 
 int Connections::open(int family, int type, int protocol) {
-    // libcurl makes it non-blocking too, and does not look whether that worked. A read that blocks would hold up all loads.
+    // libcurl also makes it non-blocking, but does not check whether that succeeded. A blocking read would delay all
+    // loads.
     const int socket = ::socket(family, type | SOCK_CLOEXEC | SOCK_NONBLOCK, protocol);
     if (socket >= 0) bySocket_[socket] = std::make_shared<Connection>(Connection{.socket = socket});
     return socket;

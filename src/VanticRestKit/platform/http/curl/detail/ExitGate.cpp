@@ -62,14 +62,14 @@ void ExitGate::stay() {
 }
 
 void ExitGate::close() {
-    constexpr std::chrono::seconds longestWait{2};
+    constexpr std::chrono::seconds maxWait{2};
     ExitGate& gate = shared();
     // A child made by fork has none of the threads.
     if (!gate.mark_.isCurrent()) return;
     std::unique_lock lock(gate.mutex_);
     gate.isClosed_.store(true, std::memory_order_release);
     for (auto& [who, wake] : gate.inside_) wake();
-    gate.stayed_.wait_for(lock, longestWait, [&gate] { return gate.staying_ == gate.inside_.size(); });
+    gate.stayed_.wait_for(lock, maxWait, [&gate] { return gate.staying_ == gate.inside_.size(); });
 }
 
 }  // namespace VanticRestKit::detail

@@ -41,14 +41,14 @@ public:
     void suppress(std::string_view name) { append(std::string(name) + ':'); }
 
     HeaderLines take() {
-        if (!isWhole_) return nullptr;
+        if (!isComplete_) return nullptr;
         return {lines_.release(), curl_slist_free_all};
     }
 
 private:
     void append(const std::string& line) {
         curl_slist* const longer = curl_slist_append(lines_.get(), line.c_str());
-        isWhole_ = isWhole_ && longer != nullptr;
+        isComplete_ = isComplete_ && longer != nullptr;
         if (longer == nullptr) return;
         static_cast<void>(lines_.release());
         lines_.reset(longer);
@@ -58,7 +58,7 @@ private:
         void operator()(curl_slist* lines) const { curl_slist_free_all(lines); }
     };
     std::unique_ptr<curl_slist, Deleter> lines_;
-    bool isWhole_ = true;
+    bool isComplete_ = true;
 };
 
 }  // namespace

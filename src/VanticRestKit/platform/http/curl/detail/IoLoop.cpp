@@ -357,8 +357,8 @@ void IoLoop::deliver() {
     });
 }
 
-std::chrono::milliseconds IoLoop::longestWait() const {
-    std::chrono::milliseconds limit = pacer_.longestWait();
+std::chrono::milliseconds IoLoop::maxWait() const {
+    std::chrono::milliseconds limit = pacer_.maxWait();
     for (const auto next : {deadlines_.next(), loadDeadlines_.next(), resets_.next(), pendingConnects_.next(),
                             unreachable_.next(), storeReads_.next()}) {
         if (!next) continue;
@@ -373,12 +373,12 @@ void IoLoop::wait() {
         inbox_->waitForMessages();
         return;
     }
-    if (pacer_.longestWait() == std::chrono::milliseconds::zero()) return;
+    if (pacer_.maxWait() == std::chrono::milliseconds::zero()) return;
     // libcurl must see these changes first.
     if (pendingConnects_.update(now_)) return;
     watched_.clear();
     pendingConnects_.addTo(watched_);
-    std::chrono::milliseconds limit = longestWait();
+    std::chrono::milliseconds limit = maxWait();
     switch (inbox_->beginWait()) {
         case Inbox::Wait::notNow: return;
         case Inbox::Wait::watching:

@@ -109,7 +109,7 @@ private:
     void end(Exchange& exchange, Outcome outcome);
     void deliver();
     void wait();
-    std::chrono::milliseconds longestWait() const;
+    std::chrono::milliseconds maxWait() const;
 
     // Must outlive the loop.
     const URLSessionConfiguration& configuration_;

@@ -1,6 +1,6 @@
 #pragma once
 
-// Names of what a document contains and what a table expects.
+// The texts of faults: what a document contains, and what a table expects.
 
 #include <VanticRestKit/platform/json/detail/TypePlan.h>
 
@@ -12,7 +12,7 @@ namespace VanticRestKit::json {
 using namespace mapping;  // the plans
 
 /// "string", "number", "boolean", "null", "object" or "array": the JSON type of the value at `at`.
-std::string_view foundAt(const char* at) noexcept;
+std::string_view jsonTypeAt(const char* at) noexcept;
 
 /// The JSON type that a kind of value is read from.
 std::string_view jsonTypeOf(ValueKind kind) noexcept;
@@ -25,6 +25,6 @@ std::string_view expectedType(const TypePlan& type) noexcept;
 
 /// What a field holds after its default was restored: "empty", "false", "[]", the name of a case, or the value as
 /// JSON text.
-std::string heldBy(const FieldPlan& field, const void* place);
+std::string currentValue(const FieldPlan& field, const void* place);
 
 }  // namespace VanticRestKit::json

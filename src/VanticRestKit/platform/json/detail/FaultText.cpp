@@ -1,10 +1,10 @@
-#include <VanticRestKit/platform/json/detail/Found.h>
+#include <VanticRestKit/platform/json/detail/FaultText.h>
 
 #include <VanticRestKit/platform/json/ValueText.h>
 
 namespace VanticRestKit::json {
 
-std::string_view foundAt(const char* at) noexcept {
+std::string_view jsonTypeAt(const char* at) noexcept {
     switch (*at) {
         case '{': return "object";
         case '[': return "array";
@@ -49,7 +49,7 @@ std::string_view expectedType(const TypePlan& type) noexcept {
     return type.name;
 }
 
-std::string heldBy(const FieldPlan& field, const void* place) {
+std::string currentValue(const FieldPlan& field, const void* place) {
     const void* const value = field.ops->peek(place);
     if (value == nullptr) return "empty";
     if (field.type->caseName != nullptr) return std::string(field.type->caseName(value));
