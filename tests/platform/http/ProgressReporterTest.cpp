@@ -15,12 +15,12 @@ using State = LoadProgress::State;
 
 namespace {
 
-/// A teller whose reports are recorded. The test takes the role of the I/O thread.
-class ProgressTellers : public testing::Test {
+/// A reporter whose reports are recorded. The test takes the role of the I/O thread.
+class ProgressReporters : public testing::Test {
 protected:
     void move(std::int64_t bytes, std::chrono::milliseconds at) {
         counts.received = bytes;
-        teller->moved(counts, ProgressReporter::TimePoint(1h + at));
+        reporter->moved(counts, ProgressReporter::TimePoint(1h + at));
     }
     /// Waits until all posted reports were delivered.
     std::vector<LoadProgress> reports() {
@@ -30,19 +30,19 @@ protected:
         return *told;
     }
     void end(bool isWhole) {
-        queue.async([this, isWhole] { teller->end(isWhole ? &counts : nullptr); });
+        queue.async([this, isWhole] { reporter->end(isWhole ? &counts : nullptr); });
     }
 
     ProgressCounts counts;
     DispatchQueue queue{"progress"};
     std::shared_ptr<std::vector<LoadProgress>> told = std::make_shared<std::vector<LoadProgress>>();
-    std::shared_ptr<ProgressReporter> teller = std::make_shared<ProgressReporter>(
+    std::shared_ptr<ProgressReporter> reporter = std::make_shared<ProgressReporter>(
         [told = told](const LoadProgress& progress) { told->push_back(progress); }, queue);
 };
 
 }  // namespace
 
-TEST_F(ProgressTellers, ReportBytesAtMostTenTimesASecond) {
+TEST_F(ProgressReporters, ReportBytesAtMostTenTimesASecond) {
     for (int i = 0; i <= 1000; ++i) {
         move(i, std::chrono::milliseconds(i));
         // Keeps the queue empty, so that no report is delayed.
@@ -55,7 +55,7 @@ TEST_F(ProgressTellers, ReportBytesAtMostTenTimesASecond) {
     }
 }
 
-TEST_F(ProgressTellers, DoNotFloodABusyQueue) {
+TEST_F(ProgressReporters, DoNotFloodABusyQueue) {
     const Event mayGoOn;
     queue.async([mayGoOn] { EXPECT_TRUE(mayGoOn.wait()); });
     for (int i = 0; i < 50; ++i) move(i, i * 1s);
@@ -65,11 +65,11 @@ TEST_F(ProgressTellers, DoNotFloodABusyQueue) {
     EXPECT_EQ(reports().back().bytesReceived, 100);
 }
 
-TEST_F(ProgressTellers, ReportEachStateChangeAtOnce) {
+TEST_F(ProgressReporters, ReportEachStateChangeAtOnce) {
     counts.expectedToReceive = 7;
-    teller->changed(State::queued, 3, counts);
-    teller->changed(State::loading, 0, counts);
-    teller->changed(State::heldBack, 0, counts);
+    reporter->changed(State::queued, 3, counts);
+    reporter->changed(State::loading, 0, counts);
+    reporter->changed(State::heldBack, 0, counts);
     const auto all = reports();
     ASSERT_EQ(all.size(), 3U);
     EXPECT_EQ(all[0], (LoadProgress{.state = State::queued, .queueLength = 3, .bytesExpectedToReceive = 7}));
@@ -77,7 +77,7 @@ TEST_F(ProgressTellers, ReportEachStateChangeAtOnce) {
     EXPECT_EQ(all[2].state, State::heldBack);
 }
 
-TEST_F(ProgressTellers, ReportTheLastBytesOnlyAfterASuccess) {
+TEST_F(ProgressReporters, ReportTheLastBytesOnlyAfterASuccess) {
     move(1, 0ms);
     end(true);
     ASSERT_EQ(reports().size(), 1U);
@@ -86,25 +86,25 @@ TEST_F(ProgressTellers, ReportTheLastBytesOnlyAfterASuccess) {
     EXPECT_EQ(reports().size(), 1U) << "the receiver was released";
 }
 
-TEST_F(ProgressTellers, ReportNothingAfterAnErrorOrAStop) {
+TEST_F(ProgressReporters, ReportNothingAfterAnErrorOrAStop) {
     move(1, 0ms);
     end(false);
     move(2, 1s);
     EXPECT_TRUE(reports().empty());
 
-    teller = std::make_shared<ProgressReporter>(
+    reporter = std::make_shared<ProgressReporter>(
         [told = told](const LoadProgress& progress) { told->push_back(progress); }, queue);
-    teller->changed(State::queued, 1, counts);
+    reporter->changed(State::queued, 1, counts);
     EXPECT_EQ(reports().size(), 1U);
-    teller->stop();
-    teller->changed(State::loading, 0, counts);
+    reporter->stop();
+    reporter->changed(State::loading, 0, counts);
     move(3, 2s);
     move(4, 3s);
     end(true);
     EXPECT_EQ(reports().size(), 1U);
 }
 
-TEST_F(ProgressTellers, DoNotRepeatAReport) {
+TEST_F(ProgressReporters, DoNotRepeatAReport) {
     move(1, 0ms);
     move(5, 1s);
     end(true);
