@@ -31,7 +31,7 @@ namespace detail {
 
 class LoadObservation;
 
-/// Tells the observer that `body` was decoded, or with which error it was not. `explain` lists tolerated faults.
+/// Reports to the observer that `body` was decoded, or the decoding error. `explain` lists tolerated faults.
 VRK_EXPORT void noteDecoding(const LoadObservation& observation, const Data& body, const Error* error,
                              std::string_view typeName, Diagnosis (*explain)(const Data&));
 

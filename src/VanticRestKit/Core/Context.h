@@ -22,8 +22,8 @@ namespace VanticRestKit {
 class ObservableContext;
 class Serviceable;
 
-/// Says where a service is and how requests to it are made. The host implements it; only `baseURL` is required. Inherit
-/// it virtually (`class MyContext : public virtual Context`), so that one object can be the context of several
+/// Specifies where a service is and how requests to it are built. The host implements it; only `baseURL` is required.
+/// Inherit it virtually (`class MyContext : public virtual Context`), so that one object can be the context of several
 /// services.
 ///
 /// The library reads a context only during the call that receives it, on the thread of that call, and keeps no
@@ -41,7 +41,7 @@ public:
         Required<std::string> usingPath;
         /// The query items, in order.
         Required<std::vector<URLQueryItem>> queryItems;
-        /// Headers that win over the context's own.
+        /// Headers that take precedence over the context's own.
         Required<std::map<std::string, std::string>> additionalHTTPHeaders;
         /// The method; empty for GET.
         Required<std::optional<std::string>> httpMethod;
@@ -60,7 +60,7 @@ public:
     /// only in case.
     virtual std::map<std::string, std::string> HTTPHeaderFields() const;
 
-    /// The idle time-out of a request, in seconds. 30 by default.
+    /// The idle timeout of a request, in seconds. 30 by default.
     virtual double requestTimeout() const;
 
     /// Called with failures of requests. Empty by default.
@@ -72,8 +72,8 @@ public:
 
     /// The request for a path below `baseURL`. Empty if the parts do not form a URL.
     ///
-    /// By default the headers are `additionalHTTPHeaders` and this context's `HTTPHeaderFields`; the former win for a
-    /// name in both.
+    /// By default the headers are `additionalHTTPHeaders` and this context's `HTTPHeaderFields`; the former take
+    /// precedence.
     virtual std::optional<URLRequest> generateURLRequest(URLRequestArguments arguments) const;
 
     /// This context as an `ObservableContext`; null if its requests are not observed. Hosts do not override this but

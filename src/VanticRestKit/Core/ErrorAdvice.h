@@ -24,7 +24,7 @@ struct ErrorAdvice {
     /// Whether the same request may succeed later without any change.
     bool mayTryAgain = false;
 
-    /// The least time to wait before trying again, in seconds, at least zero: the `Retry-After` of the answer. Empty if
+    /// The minimum time to wait before a retry, in seconds, at least zero: the `Retry-After` of the answer. Empty if
     /// there is none or it cannot be parsed, or if `mayTryAgain` is false.
     std::optional<std::chrono::duration<double>> retryAfter{};
 
@@ -35,7 +35,7 @@ struct ErrorAdvice {
 /// The application's own sentences instead of the English ones. A category without one keeps the English sentence.
 using ErrorSentences = std::map<ErrorCategory, std::string>;
 
-/// What `adviceOn` takes beside the error.
+/// The options of `adviceOn`.
 struct AdviceOptions {
     /// Sentences that replace the English ones.
     ErrorSentences sentences{};
@@ -46,8 +46,8 @@ struct AdviceOptions {
 /// What to do about `error`: a `LoaderError`, `NetworkError`, `TrelvoError`, `DecodingError`, `NSError`, any other
 /// error of the library, or an error type of the application that meets `ErrorType`.
 ///
-/// For an error that only wraps another one, the innermost counts, so that all forms of a load give the same advice for
-/// the same fault. `docs/errors.md` has the complete table. Any thread may call.
+/// For an error that only wraps another one, the innermost error decides, so that all forms of a load give the same
+/// advice for the same fault. `docs/errors.md` has the complete table. Any thread may call.
 ///
 ///     if (!result) show(adviceOn(result.error()).sentence);
 VRK_EXPORT ErrorAdvice adviceOn(const Error& error, const AdviceOptions& options = {});

@@ -77,7 +77,8 @@ private:
         ++inFlight_;
         LoadOptions options{.on = queue_, .stop = stop_};
         if (deadline_) options.deadline = *deadline_ - (std::chrono::steady_clock::now() - begun_);
-        // It goes no further than the token of a source that asked for the stop already.
+        // A load that is started after the cancellation gets a token whose stop is already requested, so it sends
+        // nothing.
         if (isCancelled_) options.stop = stopped();
         handles_[index] = resources_[index].start(std::move(options),
                                                   [self = this->shared_from_this(), index](One outcome) {

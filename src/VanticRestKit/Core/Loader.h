@@ -60,11 +60,11 @@ class Loader final : public detail::LoaderCore {
 public:
     /// The error of a load.
     using LoaderError = VanticRestKit::LoaderError;
-    /// Whether a load is under way.
+    /// Whether a load is in progress.
     using State = LoaderState;
     /// Converts a body to a value.
     using Decoding = typename detail::LoadOf<T>::Decoding;
-    /// Receives the value, or why there is none.
+    /// Receives the value or the error.
     using Completion = typename detail::LoadOf<T>::Completion;
 
     /// The argument of `make`.
@@ -74,7 +74,7 @@ public:
     };
     /// The arguments of `load`.
     struct LoadArguments {
-        /// Makes the value of the body.
+        /// Converts the body to a value.
         Required<Decoding> withDecoder;
     };
     /// The argument of `publisher`.
@@ -83,15 +83,15 @@ public:
         Required<JSONDecoder> decoder;
     };
 
-    /// A loader that is idle. Any thread.
+    /// Returns an idle loader. Any thread.
     static std::shared_ptr<Loader> make(MakeArguments arguments) {
         return std::shared_ptr<Loader>(new Loader(std::move(arguments.with)));
     }
 
     /// Starts a load. Does nothing while one is in progress: the completion is then never called.
     ///
-    /// Otherwise it is called at most once, where the service delivers and after the loader has become idle, so that it
-    /// may start the next load. Decoding runs there too.
+    /// Otherwise it is called at most once, on the queue on which the service delivers, after the loader has become
+    /// idle, so that it may start the next load. Decoding runs there too.
     void load(LoadArguments arguments, Completion completion) {
         if (isBusy()) return;
         start(std::make_unique<detail::LoadOf<T>>(std::move(arguments.withDecoder), std::move(completion)));

@@ -20,7 +20,7 @@ class Serviceable;
 /// The state of a `Loader`; also `Loader<T>::State`. An immutable value.
 class LoaderState {
 public:
-    /// Whether a load is under way.
+    /// Whether a load is in progress.
     enum class Kind { loading, idle };
 
     /// A load is in progress; `item`, which is not null, starts its request.
@@ -30,7 +30,7 @@ public:
     /// No load is in progress.
     static LoaderState idle() noexcept { return LoaderState(Kind::idle, nullptr); }
 
-    /// Whether a load is under way.
+    /// Whether a load is in progress.
     Kind kind() const noexcept { return kind_; }
     /// The item of `loading`; null if idle.
     const std::shared_ptr<DispatchWorkItem>& item() const noexcept { return item_; }
@@ -87,12 +87,12 @@ protected:
     const std::shared_ptr<Serviceable>& service() const noexcept { return service_; }
 
 private:
-    friend struct LoaderProbe;  // of the tests
+    friend struct LoaderProbe;  // for tests
 
     void fetch(std::unique_ptr<Load> load);
 
     DispatchQueue dispatchque_;
-    // Written on the thread that loads and on the one that delivers.
+    // Written on the thread that starts a load and on the one that delivers.
     Replaceable<LoaderState> state_{LoaderState::idle()};
     std::shared_ptr<Serviceable> service_;
 };

@@ -27,20 +27,20 @@ public:
     static LoaderError serverError(std::optional<Error> error);
     /// The body could not be decoded; `error` is the decoder's error.
     static LoaderError failedToDecode(std::optional<Error> error);
-    /// "Unknown error". The library itself does not give it.
+    /// "Unknown error". Never produced by the library itself.
     static LoaderError unknowError();
-    /// "Unknown response". The library itself does not give it.
+    /// "Unknown response". Never produced by the library itself.
     static LoaderError unknownResponse();
-    /// "Loaded in incorrect state". The library itself does not give it.
+    /// "Loaded in incorrect state". Never produced by the library itself.
     static LoaderError loaderStateError();
 
     /// What kind of error it is.
     Kind kind() const noexcept { return kind_; }
-    /// The error that `serverError` or `failedToDecode` holds; empty for other cases.
+    /// The error inside `serverError` or `failedToDecode`; empty for other cases.
     const std::optional<Error>& underlyingError() const noexcept { return underlyingError_; }
 
-    /// A human-readable sentence. For `serverError` it is the description by the general interface of the underlying
-    /// error, which for a `NetworkError` differs from the error's own description.
+    /// A human-readable sentence. For `serverError` it is the `localizedDescription` of the underlying `Error`, which
+    /// for a `NetworkError` differs from that of the concrete type.
     std::string localizedDescription() const;
 
     /// Whether the server answered 404: a `serverError` that holds a `NetworkError` of the case `httpError` with 404.
@@ -60,10 +60,10 @@ public:
     static std::string errorDomain();
     /// The code of the error within its domain.
     std::int64_t errorCode() const noexcept { return static_cast<std::int64_t>(kind_); }
-    /// The description that `Error` gives.
+    /// The description that `Error` returns.
     std::string generalDescription() const { return localizedDescription(); }
 
-    /// Whether both are of one kind.
+    /// Whether both are of the same kind.
     friend bool operator==(const LoaderError& a, const LoaderError& b) noexcept { return a.kind_ == b.kind_; }
 
 private:

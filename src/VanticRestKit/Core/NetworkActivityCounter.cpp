@@ -17,7 +17,7 @@ NetworkActivityCounter::Indicator& installedIndicator() {
 }
 
 // The number of indicators that are installed or about to be. Without any, a change posted now is not reported, since
-// an indicator that is installed later is only told of later changes.
+// an indicator that is installed later is only called for later changes.
 std::atomic<std::int64_t> indicators = 0;
 
 std::int64_t checkedSum(std::int64_t a, std::int64_t b) {
@@ -39,8 +39,8 @@ void NetworkActivityCounter::setCounter(std::int64_t value) {
 
 void NetworkActivityCounter::change(std::int64_t by) {
     if (indicators.load() == 0) {
-        // A change that is not reported may be delayed: each would cost a load the wake-up of a thread.
-        detail::MainQueue::shared()->postUnhurried([by] { counter = checkedSum(counter, by); });
+        // A change that is not reported may be delayed. Otherwise each load would wake a thread for it.
+        detail::MainQueue::shared()->postDeferrable([by] { counter = checkedSum(counter, by); });
     } else {
         DispatchQueue::main().async([by] { setCounter(checkedSum(counter, by)); });
     }

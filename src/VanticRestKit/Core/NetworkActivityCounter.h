@@ -29,8 +29,8 @@ public:
     /// Decrements the counter.
     static void decrease();
 
-    /// Replaces the host's indicator; an empty function removes it. It is told of later changes, not of the current
-    /// state.
+    /// Replaces the host's indicator; an empty function removes it. It is called for later changes, not with the
+    /// current state.
     static void setIndicator(Indicator indicator);
 
 private:

@@ -20,9 +20,9 @@ namespace VanticRestKit {
 
 /// Why a request failed; also `NetworkServiceble::NetworkError`.
 ///
-/// Its own `localizedDescription` says what happened. The general interface of `Error` has another sentence, composed
-/// of domain and code, unless the user information contains one: use `error.as<NetworkError>()` for the former. An
-/// immutable value; `==` compares only the case.
+/// Its own `localizedDescription` describes what happened. That of an `Error` which holds it is composed of domain and
+/// code instead, unless the user information contains a description. Use `error.as<NetworkError>()` to get the former.
+/// An immutable value; `==` compares only the case.
 class VRK_EXPORT NetworkError {
 public:
     /// The cases.
@@ -63,7 +63,7 @@ public:
     /// The error of `requestFailed`; empty for other cases.
     const std::optional<Error>& underlyingError() const noexcept { return underlyingError_; }
 
-    /// The `NSError` that `requestFailed` holds; null for other cases, and if the host's own transport reported another
+    /// The `NSError` inside `requestFailed`; null for other cases, and if the host's own transport reported another
     /// type of error. Valid as long as this error.
     const NSError* transportError() const noexcept;
 
@@ -90,7 +90,7 @@ public:
     /// error under other keys.
     Dictionary errorUserInfo() const;
 
-    /// Whether both are of one kind.
+    /// Whether both are of the same kind.
     friend bool operator==(const NetworkError& a, const NetworkError& b) noexcept {
         return a.kind_ == b.kind_;
     }

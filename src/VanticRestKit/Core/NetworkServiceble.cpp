@@ -95,7 +95,8 @@ Cancellable NetworkServiceble::start(FetchArguments arguments) {
                         std::optional<Data> data, std::shared_ptr<const URLResponse> response,
                         std::optional<Error> error) mutable {
         if (error && isCancelled(*error)) {
-            // By who started the request and waits for this no more, or with all others of the session.
+            // Not reported to `logError`: the request was cancelled by its caller, or together with all requests of its
+            // session.
             completion(Failure(
                 NetworkError::requestFailed(self->urlRequest_, std::move(response), *std::move(error))));
             return;

@@ -35,9 +35,9 @@ public:
         /// May be empty.
         Required<LogError> logError;
     };
-    /// The arguments of `make` for an address.
+    /// The arguments of `make` for a URL.
     struct URLArguments {
-        /// The address to load by a GET.
+        /// The URL to load by a GET.
         Required<URL> with;
         /// The session to send it on; empty for the shared one.
         std::shared_ptr<NetworkSession> and_{};
@@ -57,8 +57,9 @@ public:
     /// What receives failures; may be empty.
     const LogError& logError() const noexcept { return logError_; }
 
-    /// Runs the request once. The check, `logError` and the completion run where the session calls back. A fetch does
-    /// not keep this object alive: if it is destroyed before the answer, the completion receives `internalSDKError`.
+    /// Runs the request once. The check, `logError` and the completion run on the queue on which the session calls
+    /// back. A fetch does not keep this object alive: if it is destroyed before the answer, the completion receives
+    /// `internalSDKError`.
     void fetch(FetchArguments arguments) override;
 
     /// A publisher of the body, which keeps this object alive. Each subscription starts its own transfer.
@@ -68,7 +69,7 @@ public:
     /// counts as a failure, and never if the subscription was cancelled.
     AnyPublisher<Data> fetch() override;
 
-    /// The same, with the records that the session makes.
+    /// The same, with the session's records of the requests passed to `metrics`.
     AnyPublisher<Data> publisher(MetricsReceiver metrics) override;
 
     /// Runs the request once and can be cancelled. Checks and errors are those of `fetch`; a cancelled request is not

@@ -38,13 +38,13 @@ public:
     struct LoadDataArguments {
         /// The request to send.
         Required<URLRequest> fromURLRequest;
-        /// Receives what came, once.
+        /// Called once with the outcome.
         Required<Completion> completionHandler;
         /// Receives a record of each request, before the handler and on the same queue. A session that makes no records
         /// may ignore it. Empty: no records are wanted.
         MetricsReceiver metrics{};
-        /// Is told how far the transfer is, on the queue of the handler. A session that does not know may ignore it.
-        /// Empty: no one wants to know.
+        /// Receives the progress of the transfer, on the queue of the handler. A session that does not track it may
+        /// ignore this. Empty: no progress is wanted.
         ProgressReceiver progress{};
     };
     /// The arguments of `loadDataPublisher`.

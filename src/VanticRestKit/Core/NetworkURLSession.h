@@ -17,7 +17,7 @@ class URLSession;
 struct VRK_EXPORT NetworkURLSession {
     /// The session of all requests that specify no other.
     std::shared_ptr<URLSession> urlSesion{};
-    /// The default configuration, with the protocol cache policy and an idle time-out of 30 seconds.
+    /// The default configuration, with the protocol cache policy and an idle timeout of 30 seconds.
     URLSessionConfiguration sessionURLConfig{};
     /// Named "dev.vantic.NetworkSesionQueue". It is unused: completions are delivered on the session's own serial
     /// queue.

@@ -20,7 +20,7 @@ class Omittable {
 public:
     constexpr Omittable() noexcept = default;
 
-    /// A value, or what an optional of it is made of.
+    /// A value, or anything from which an optional of it can be constructed.
     template <class U>
     requires(!std::same_as<std::remove_cvref_t<U>, Omittable> && detail::Fills<U, std::optional<T>>::value &&
              !detail::SignedFor<std::remove_cvref_t<U>, T>) constexpr Omittable(U&& value)

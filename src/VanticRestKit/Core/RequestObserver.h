@@ -64,7 +64,7 @@ struct DecodingFailure {
 struct ExplainedDocument {
     /// The address of the request, redacted as the options say.
     std::string url{};
-    /// The name of the type that the body was to become.
+    /// The name of the requested type.
     std::string typeName{};
     /// In bytes.
     std::uint64_t bodySize = 0;
@@ -72,11 +72,11 @@ struct ExplainedDocument {
     std::vector<Fault> faults{};
 };
 
-/// A load that waits for its session, or goes on.
+/// A load that waits for its session, or that continues.
 struct LoadStateChange {
     /// The address of the request, redacted as the options say.
     std::string url{};
-    /// `state` says what it waits for now, and `queueLength` with how many others.
+    /// `state` is what it waits for now, and `queueLength` the number of loads that wait with it.
     LoadProgress progress{};
 };
 
@@ -113,9 +113,9 @@ public:
     virtual void loadStateChanged(const LoadStateChange& change);
 
     /// The operation of `Trelvo` with this name was called inside a completion and is about to wait for a token that
-    /// only the same queue can deliver: it never returns, and no further completion of the session is called. Called
-    /// once in the life of the process, on the thread that is about to wait. In a debug build of the library an
-    /// assertion fails next.
+    /// only the same queue can deliver: it never returns, and no further completion of the session is called. Called at
+    /// most once per process, on the thread that is about to wait. In a debug build of the library an assertion fails
+    /// next.
     virtual void operationWillNeverReturn(std::string_view operation);
 
     /// The options that the observer was made with.
@@ -124,7 +124,7 @@ public:
     const std::shared_ptr<detail::ToleranceSampler>& sampler() const noexcept { return sampler_; }
 
 protected:
-    /// The options count for the life of the observer.
+    /// The options apply for the lifetime of the observer.
     explicit RequestObserver(ObserverOptions options = {});
 
 private:

@@ -118,8 +118,8 @@ public:
     Required() requires detail::isListLike<T>
     = delete;
 #else
-    // Never satisfied. GCC takes a deleted constructor for one that can be called when it compares overloads;
-    // Clang overlooks one whose constraint is not met and reads `{}` as an empty list.
+    // Never satisfied. When GCC compares overloads, it treats a deleted constructor as callable. Clang ignores one
+    // whose constraint is not satisfied, and reads `{}` as an empty list.
     Required() requires(detail::isListLike<T> && !std::same_as<T, T>);
 #endif
 

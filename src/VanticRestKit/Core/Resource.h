@@ -37,7 +37,7 @@ namespace VanticRestKit {
 template <class T>
 class Resource {
 public:
-    /// Receives the value, or why there is none.
+    /// Receives the value or the error.
     using Completion = typename Loader<T>::Completion;
 
     /// The argument of `load`.
@@ -49,7 +49,7 @@ public:
     /// A resource that runs `withService`.
     explicit Resource(ResourceArguments::Service arguments)
         : Resource(std::move(arguments.withService).value(), std::move(arguments.andDecoder)) {}
-    /// A resource of a request, on the shared session. Failures are reported only to the completion.
+    /// A resource for a request, on the shared session. Failures are reported only to the completion.
     explicit Resource(ResourceArguments::Request arguments)
         : Resource(detail::serviceFor(std::move(arguments.withURLRequest).value()),
                    std::move(arguments.andDecoder)) {}
@@ -58,8 +58,8 @@ public:
         : Resource(detail::serviceFor(std::move(arguments.withURL).value()),
                    std::move(arguments.andDecoder)) {}
 
-    /// A resource of a route, run by the service that `context.service` returns. Empty if the context cannot form a URL
-    /// for the route. The context is only read during this call.
+    /// A resource for a route, run by the service that `context.service` returns. Empty if the context cannot form a
+    /// URL for the route. The context is only read during this call.
     static std::optional<Resource> make(ResourceArguments::Route arguments, const Context& context) {
         return made(detail::serviceFor(arguments.with.value(), context), std::move(arguments.andDecoder));
     }
@@ -72,13 +72,13 @@ public:
         return Resource(ResourceArguments::Request{.withURLRequest = *std::move(request),
                                                    .andDecoder = std::move(arguments.andDecoder)});
     }
-    /// A resource of a complete path, with the given decoder.
+    /// A resource for a complete path, with the given decoder.
     static std::optional<Resource> make(ResourceArguments::HrefAndDecoder arguments, const Context& context) {
         return make({.with = std::move(arguments.withHrefURI).value(),
                      .andDecoder = std::move(arguments.andDecoder).value()},
                     context);
     }
-    /// A resource of a complete path, with a new decoder.
+    /// A resource for a complete path, with a new decoder.
     static std::optional<Resource> make(ResourceArguments::Href arguments, const Context& andUsing) {
         return make({.with = std::move(arguments.withHrefURI).value()}, andUsing);
     }
@@ -97,8 +97,8 @@ public:
             std::move(arguments.with));
     }
 
-    /// A publisher of the value. Each subscription sends a new request, busy or not; drop the subscription to cancel
-    /// it. Failures are not wrapped: a `NetworkError`, a transport error or a decoder error.
+    /// A publisher of the value. Each subscription sends a new request, whether the resource is busy or not; drop the
+    /// subscription to cancel it. Failures are not wrapped: a `NetworkError`, a transport error or a decoder error.
     AnyPublisher<T> resourceLoader() const { return loader_->load({.decoder = decoder_}); }
 
     /// The same, but with an empty value for a JSON null and for any failure; it never fails.
@@ -118,8 +118,8 @@ public:
     /// `URLErrorCode::timedOut`.
     using Outcome = Result<T, LoaderError>;
 
-    /// Starts an independent load, busy or not, and calls `completion` once with its outcome, on the queue of the
-    /// options or on the session's delegate queue.
+    /// Starts an independent load, whether the resource is busy or not, and calls `completion` once with its outcome,
+    /// on the queue of the options or on the session's delegate queue.
     ///
     /// `cancel()` on the handle ends the load and its transfer, and the completion is called with that error. Dropping
     /// the handle ends it too, but the completion is not called. `detach()` lets the load continue without the handle.

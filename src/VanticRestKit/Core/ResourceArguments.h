@@ -38,7 +38,7 @@ struct RouteAndService {
     /// Decodes the body of the answer.
     Required<JSONDecoder> andDecoder;
 };
-/// A service that holds its request.
+/// A service with its own request.
 struct Service {
     /// Must not be null.
     Required<std::shared_ptr<Serviceable>> withService;
@@ -52,19 +52,19 @@ struct Request {
     /// Decodes the body of the answer.
     Required<JSONDecoder> andDecoder;
 };
-/// An address.
+/// A URL.
 struct Address {
-    /// The address to load by a GET.
+    /// The URL to load by a GET.
     Required<URL> withURL;
     /// Decodes the body of the answer.
     Required<JSONDecoder> andDecoder;
 };
-/// An href of an answer.
+/// An href from an answer.
 struct Href {
     /// The href with its query items.
     Required<HrefURI> withHrefURI;
 };
-/// An href of an answer and a decoder.
+/// An href from an answer, and a decoder.
 struct HrefAndDecoder {
     /// The href with its query items.
     Required<HrefURI> withHrefURI;

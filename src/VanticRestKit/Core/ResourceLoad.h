@@ -18,7 +18,7 @@
 
 namespace VanticRestKit::detail {
 
-/// One load: fetches the body, decodes it where it arrives, and delivers the outcome.
+/// One load: fetches the body, decodes it on the queue on which it arrives, and delivers the outcome.
 template <class T>
 class ResourceLoad final : public AsyncCall {
 public:

@@ -75,7 +75,7 @@ concept MeantAsRoute = std::is_class_v<R> && !LacksMember<R, RoutePath>;
 
 /// A type that `ResourceURI` can be made from: a class with `path` and optionally `queryItems`, `postData` and
 /// `httpMethod`, each a public field or a public const member function without arguments. A member in an unusable form
-/// (private, not const, with arguments, of a type that does not convert) is refused, never ignored.
+/// (private, not const, with arguments, of a type that does not convert) is a compile error, never ignored.
 template <class R>
 concept RouteType = std::is_class_v<R> && detail::OffersMember<R, detail::RoutePath> &&
     detail::OffersOrLacksMember<R, detail::RouteQueryItems> &&
@@ -96,7 +96,7 @@ concept RouteType = std::is_class_v<R> && detail::OffersMember<R, detail::RouteP
 /// ```
 class ResourceURI {
 public:
-    /// From any `RouteType`. A type that has a path but is no `RouteType` does not compile.
+    /// From any `RouteType`. A type that has a path but is not a `RouteType` does not compile.
     template <detail::MeantAsRoute R>
     ResourceURI(const R& route)
         : path_(detail::RoutePath::read(route)),

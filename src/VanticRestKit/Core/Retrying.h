@@ -59,12 +59,12 @@ struct RetryingArguments {
     Required<std::shared_ptr<Serviceable>> service;
     /// The request that it runs.
     Required<URLRequest> request;
-    /// How often and when is tried again.
+    /// When and how often to retry.
     Required<RetryPolicy> policy;
 };
 
-/// A service that runs the request of `service`, and retries it after a pause if `adviceOn` says that trying again may
-/// help. Returns `service` itself if the method or the policy allows no retry.
+/// A service that runs the request of `service` and retries it after a pause if `adviceOn` says that a retry may help.
+/// Returns `service` itself if the method or the policy allows no retry.
 ///
 /// All forms of a load work as without it. A failure that is not retried is delivered unchanged: that of the last
 /// attempt. `logError` is called for each failed attempt, and an observer receives a record of each, with its number.

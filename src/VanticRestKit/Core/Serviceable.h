@@ -38,8 +38,8 @@ public:
         /// records may ignore it; one that decorates another passes it on, with `ofAttempt` if it retries. Empty: no
         /// records are wanted.
         MetricsReceiver metrics{};
-        /// Is told how far the request is, on the queue of the completion. A service that does not know may ignore it;
-        /// one that decorates another hands it on. Empty: no one wants to know.
+        /// Receives the progress of the request, on the queue of the completion. A service that does not track it may
+        /// ignore this; one that decorates another passes it on. Empty: no progress is wanted.
         ProgressReceiver progress{};
     };
 

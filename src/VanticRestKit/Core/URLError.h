@@ -18,7 +18,7 @@ public:
     /// The cases, in the order of their codes.
     enum class Kind { buildUrlRequestError };
 
-    /// No request could be made of its parts.
+    /// No request could be built from its parts.
     static URLError buildUrlRequestError() noexcept { return URLError(Kind::buildUrlRequestError); }
 
     /// What kind of error it is.

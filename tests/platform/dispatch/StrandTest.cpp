@@ -17,10 +17,10 @@ TEST(DeferrableBlock, RunsInOrderWhenAnotherBlockFollows) {
     const auto strand = std::make_shared<detail::Strand>("test");
     const Event done;
     std::vector<int> seen;
-    strand->postUnhurried([&seen] { seen.push_back(1); });
-    strand->postUnhurried([&seen] { seen.push_back(2); });
+    strand->postDeferrable([&seen] { seen.push_back(1); });
+    strand->postDeferrable([&seen] { seen.push_back(2); });
     strand->post([&seen] { seen.push_back(3); });
-    strand->postUnhurried([&seen] { seen.push_back(4); });
+    strand->postDeferrable([&seen] { seen.push_back(4); });
     strand->post([done] { done.signal(); });
     ASSERT_TRUE(done.wait());
     EXPECT_EQ(seen, (std::vector<int>{1, 2, 3, 4}));
@@ -30,14 +30,14 @@ TEST(DeferrableBlock, RunsEvenIfOnlyDeferrableBlocksFollow) {
     const auto strand = std::make_shared<detail::Strand>("test");
     constexpr int count = 100;
     const Event ran;
-    for (int i = 0; i < 10 * count; ++i) strand->postUnhurried([ran] { ran.signal(); });
+    for (int i = 0; i < 10 * count; ++i) strand->postDeferrable([ran] { ran.signal(); });
     EXPECT_TRUE(ran.wait(9 * count));
 }
 
 TEST(DeferrableBlock, IsDestroyedWithItsStrandIfNothingFollows) {
     const auto held = std::make_shared<int>(1);
     auto strand = std::make_shared<detail::Strand>("test");
-    strand->postUnhurried([held] {});
+    strand->postDeferrable([held] {});
     strand.reset();
     EXPECT_EQ(held.use_count(), 1);
 }
@@ -45,14 +45,14 @@ TEST(DeferrableBlock, IsDestroyedWithItsStrandIfNothingFollows) {
 TEST(DeferrableBlock, WaitsAgainAfterEarlierDeferrableBlocksHaveRun) {
     auto strand = std::make_shared<detail::Strand>("test");
     const Event done;
-    for (int i = 0; i < 31; ++i) strand->postUnhurried([] {});
+    for (int i = 0; i < 31; ++i) strand->postDeferrable([] {});
     strand->post([] {});
     strand->post([done] { done.signal(); });
     ASSERT_TRUE(done.wait());
     // When the turn is over, only this test holds the strand.
     while (strand.use_count() > 1) std::this_thread::yield();
     const detail::PoolPause pause;
-    strand->postUnhurried([] {});
+    strand->postDeferrable([] {});
     EXPECT_EQ(strand.use_count(), 1) << "the strand is not queued in the pool";
 }
 

@@ -16,7 +16,7 @@ struct NetworkActivity {
             [reader = std::move(reader)]() mutable { reader(NetworkActivityCounter::counter); });
     }
 
-    /// Sets the counter to a value that a test could not reach by counting, without telling the indicator.
+    /// Sets the counter to a value that a test could not reach by counting, without calling the indicator.
     static void placeCounter(std::int64_t value) {
         DispatchQueue::main().async([value] { NetworkActivityCounter::counter = value; });
     }

@@ -23,7 +23,7 @@ public:
         tell(record);
     }
 
-    /// Tells the observer of changes of the state, and `alsoTo` of everything.
+    /// Reports state changes to the observer, and all progress to `alsoTo`.
     void progressed(const LoadProgress& progress, const ProgressReceiver& alsoTo) {
         if (state_.exchange(progress.state) != progress.state) observation_->stateChanged(progress);
         if (alsoTo) alsoTo(progress);

@@ -44,7 +44,7 @@ public:
     /// Cancels the work, which is then its outcome.
     void cancel() final;
 
-    /// The queue of work that has none of its own. Made on first use and never destroyed.
+    /// The queue for work without its own queue. Made on first use and never destroyed.
     static DispatchQueue sharedQueue();
 
     /// Cancels the work without an outcome. Does not wait for a delivery in progress on another thread.
@@ -54,7 +54,7 @@ protected:
     /// `usualQueue` is used if `options` name no queue and the outcome does not come from the work.
     AsyncCall(LoadOptions options, DispatchQueue usualQueue);
 
-    /// The receiver of the work's progress; empty if no one wants it. It does not keep this object alive.
+    /// The receiver of the work's progress; empty if no progress is wanted. It does not keep this object alive.
     ProgressReceiver progressReceiver();
 
     /// Starts the work and returns the handle that cancels it.

@@ -16,7 +16,7 @@
 namespace VanticRestKit {
 
 /// The awaitable that `value()` returns. The load starts when the coroutine suspends; the coroutine resumes with the
-/// outcome on the queue of the options, or where the service delivers if they name none.
+/// outcome on the queue of the options, or on the queue on which the service delivers if they name none.
 ///
 /// It may be awaited once, in a coroutine of any type. Destroying a waiting coroutine cancels the load, and it is never
 /// resumed; destroy it on the queue on which it would resume, or when it cannot be resuming at that moment. Allocates
@@ -24,13 +24,13 @@ namespace VanticRestKit {
 template <class Starter>
 class [[nodiscard]] LoadAwaitable {
 public:
-    /// What `co_await` gives.
+    /// The result of `co_await`.
     using Outcome = typename Starter::Outcome;
 
     /// Nothing is started before `co_await`.
     LoadAwaitable(Starter starter, LoadOptions options)
         : starter_(std::move(starter)), options_(std::move(options)) {}
-    /// Only before it is awaited.
+    /// May only be moved before it is awaited.
     LoadAwaitable(LoadAwaitable&&) noexcept = default;
     LoadAwaitable& operator=(LoadAwaitable&&) = delete;
 

@@ -106,15 +106,15 @@ public:
         return state_->take();
     }
 
-    /// Calls `completion` once with the outcome: where the service delivers, or immediately if it is available. Use
-    /// instead of `get()`.
+    /// Calls `completion` once with the outcome: on the queue on which the service delivers, or immediately if it is
+    /// available. Use instead of `get()`.
     void then(UniqueFunction<void(Outcome)> completion) && {
         state_->whenReady(
             [state = state_, receive = std::move(completion)]() mutable { receive(state->take()); });
     }
 
 private:
-    /// Detects a wait that would not end, and gives its error.
+    /// Detects a wait that would never end, and returns its error.
     struct Hooks {
         bool (*needsCurrentQueue)(const void* starter);
         Outcome (*failed)(const void* starter, Error error);

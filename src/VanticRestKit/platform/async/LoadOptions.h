@@ -14,22 +14,22 @@ namespace VanticRestKit {
 
 /// The options of one load. All are optional.
 struct LoadOptions {
-    /// The queue on which the completion is called or the coroutine resumes. Empty: where the service delivers, which
-    /// is the session's delegate queue. Ignored by futures and `wait()`.
+    /// The queue on which the completion is called or the coroutine resumes. Empty: the queue on which the service
+    /// delivers, which is the session's delegate queue. Ignored by futures and `wait()`.
     std::optional<DispatchQueue> on{};
 
     /// How long the load may take as a whole: waiting for a connection, redirects and the body, up to the moment when
-    /// decoding begins. A load that takes longer ends with `URLErrorCode::timedOut`. Empty: only the idle time-out of
-    /// the request counts. Zero or less ends the load before anything is sent.
+    /// decoding begins. A load that takes longer ends with `URLErrorCode::timedOut`. Empty: only the idle timeout of
+    /// the request applies. Zero or less ends the load before anything is sent.
     std::optional<std::chrono::duration<double>> deadline{};
 
     /// Cancels the load when stop is requested; it then ends with `URLErrorCode::cancelled`. If stop was already
     /// requested, the load ends before anything is sent.
     std::stop_token stop{};
 
-    /// Is told how far the load is, on the queue of its completion. Empty: no one is. Told by loads of a `Resource` over
-    /// the library's own services and sessions; operations of the user client ignore it. A service that tries again
-    /// tells of each attempt from its beginning.
+    /// Receives the progress of the load, on the queue of its completion. Empty: no progress is reported. Supported by
+    /// loads of a `Resource` with the library's own services and sessions, but ignored by operations of the user
+    /// client. A service that retries reports each attempt from its beginning.
     ProgressReceiver progress{};
 };
 
@@ -57,13 +57,13 @@ private:
 /// GCC 12 destroys the fields of braced arguments in a `co_await` expression twice. These fields are trivially
 /// destructible, so `co_await resource->value({.deadline = 5s})` is safe there.
 struct AwaitOptions {
-    /// The queue to deliver on; left out, the delivery queue of the service.
+    /// The queue to deliver on. Empty: the delivery queue of the service.
     detail::Borrowed<DispatchQueue> on{};
     /// How long the whole load may take, in seconds; empty for no limit.
     std::optional<std::chrono::duration<double>> deadline{};
     /// A token that cancels the load.
     detail::Borrowed<std::stop_token> stop{};
-    /// Receives how far the load is.
+    /// Receives the progress of the load.
     detail::Borrowed<ProgressReceiver> progress{};
 
     /// The same options with their own copies of the values.

@@ -46,8 +46,8 @@ using Published = std::conditional_t<std::is_void_v<T>, std::monostate, T>;
 
 }  // namespace detail
 
-/// Work that runs each time it is started, and not before. Copies are the same operation. Any number of threads may
-/// start it, any number of times; the starts are independent.
+/// Work that runs each time it is started, and not before. Copies refer to the same operation. Any number of threads
+/// may start it, any number of times; the starts are independent.
 ///
 /// Each start delivers exactly one outcome, on the queue of its options: the result of the work or, after a
 /// cancellation or a missed deadline, a failure with a transport error of `URLErrorCode::cancelled` or
@@ -118,7 +118,7 @@ public:
     std::shared_ptr<detail::PendingCall> prepare(LoadOptions options, Completion completion) const {
         return source_->prepare(std::move(options), std::move(completion));
     }
-    /// For the forms above: whether the queue of the caller has to be known.
+    /// For the forms above: whether the calling code runs on a queue through which the outcome must pass.
     bool needsCurrentQueue() const { return source_->needsCurrentQueue(); }
     /// For the forms above: the outcome for `error`.
     Outcome failed(Error error) const { return source_->failed(std::move(error)); }

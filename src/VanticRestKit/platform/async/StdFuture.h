@@ -12,8 +12,8 @@
 
 namespace VanticRestKit {
 
-/// The same outcome as a `std::future`, for code that waits for several kinds of work in one way. Its `get()` cannot
-/// detect a call on the queue that has to deliver the outcome: there it waits forever.
+/// The same outcome as a `std::future`, for code that waits for different kinds of work in the same way. Its `get()`
+/// cannot detect a call on the queue that has to deliver the outcome: there it waits forever.
 template <class Outcome>
 std::future<Outcome> toStdFuture(LoadFuture<Outcome> future) {
     auto promise = std::make_shared<std::promise<Outcome>>();

@@ -36,13 +36,13 @@ public:
     std::suspend_always initial_suspend() const noexcept { return {}; }
 
     auto final_suspend() const noexcept {
-        struct GoOnWithWaiting {
+        struct ResumeWaiting {
             std::coroutine_handle<> waiting;
             bool await_ready() const noexcept { return false; }
             std::coroutine_handle<> await_suspend(std::coroutine_handle<>) const noexcept { return waiting; }
             void await_resume() const noexcept {}
         };
-        return GoOnWithWaiting{waiting_};
+        return ResumeWaiting{waiting_};
     }
 
     void unhandled_exception() noexcept { thrown_ = std::current_exception(); }
@@ -86,7 +86,7 @@ public:
 
 }  // namespace detail
 
-/// A coroutine that starts when it is awaited and gives a `T`. Move-only; await it once.
+/// A coroutine that starts when it is awaited and returns a `T`. Move-only; await it once.
 ///
 /// It runs on the awaiting thread until it suspends, then wherever it is resumed. An exception that leaves it is
 /// rethrown where it is awaited. Destroying a task destroys its coroutine, which cancels the load that it awaits; see
@@ -308,9 +308,9 @@ Task<std::tuple<detail::TaskValue<T>...>> whenAll(Task<T>... tasks) {
 /// The index and the value of the task that ended first.
 template <class T>
 struct FirstEnded {
-    /// The place of the task among those given.
+    /// The index of the task.
     std::size_t index = 0;
-    /// What the task gave.
+    /// The value of the task.
     detail::TaskValue<T> value{};
 };
 

@@ -44,7 +44,8 @@ public:
     ///
     /// The year has four digits and is not 0000; every other field has one or two digits, of any script. Dates are in
     /// the proleptic Gregorian calendar. Hour 24, second 60, days that do not exist and any leading or trailing
-    /// characters are refused. A local time that the zone skips is no date; one that occurs twice is the later instant.
+    /// characters are rejected. A local time that the zone skips gives no date; one that occurs twice gives the later
+    /// instant.
     std::optional<Date> date(std::string_view text) const;
 
     /// As `date`, after every dot that is followed by digits has been removed from `rawDate`, with its digits, wherever
@@ -55,8 +56,8 @@ public:
 /// Parses dates such as "2021-03-04T05:06:07Z" and "2021-03-04T05:06:07+10:00". Any thread.
 class VRK_EXPORT ISO8601DateFormatter {
 public:
-    /// The instant that `text` denotes, or empty. "T" and an offset are required and a fraction of a second is refused;
-    /// the offset is "Z", "+hh:mm" or "+hhmm". Otherwise as `DateFormatter::date`.
+    /// The instant that `text` denotes, or empty. "T" and an offset are required and a fraction of a second is
+    /// rejected; the offset is "Z", "+hh:mm" or "+hhmm". Otherwise as `DateFormatter::date`.
     std::optional<Date> date(std::string_view text) const;
 };
 

@@ -17,8 +17,7 @@ template <class Signature>
 class SharedFunction;
 
 /// Refers to one callable of any type. A copy costs a reference count, and all copies share the callable's state. Used
-/// instead of `std::function`, whose header alone would add a twelfth to the time in which a host compiles this
-/// library.
+/// instead of `std::function`, whose header alone would increase a host's compile time for this library by a twelfth.
 ///
 /// Empty when made from nothing, from `nullptr`, or from an empty pointer or wrapper; calling an empty one aborts the
 /// process. Several threads may call it at once if the callable allows that.
@@ -37,10 +36,10 @@ public:
         if (made) function_ = std::make_shared<UniqueFunction<R(Args...)>>(std::move(made));
     }
 
-    /// Whether there is something to call.
+    /// Whether it holds a callable.
     explicit operator bool() const noexcept { return function_ != nullptr; }
 
-    /// Calls what is held. Must not be empty.
+    /// Calls the callable. Must not be empty.
     R operator()(Args... args) const {
         if (function_ == nullptr) std::abort();
         return (*function_)(std::forward<Args>(args)...);

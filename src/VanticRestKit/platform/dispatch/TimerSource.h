@@ -11,8 +11,8 @@
 
 namespace VanticRestKit {
 
-/// Measures the delays of `DispatchQueue::asyncAfter` and the deadlines of loads. The testing kit's `ManualClock` is
-/// one; hosts do not need one. The idle time-out of a request is measured by its session instead.
+/// Measures the delays of `DispatchQueue::asyncAfter` and the deadlines of loads. The testing kit's `ManualClock`
+/// implements it; hosts do not need to. The idle timeout of a request is measured by its session instead.
 class VRK_EXPORT TimerSource {
 public:
     virtual ~TimerSource();

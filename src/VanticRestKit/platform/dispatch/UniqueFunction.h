@@ -31,8 +31,9 @@ concept CallableAs = requires(F& function, Args&&... args) {
     };
 };
 
-/// Stands for an argument of type F. A callable may itself convert from a wrapper, and whether it can be made from F
-/// would depend on whether the wrapper can, which is what is being asked; a wrapper is never made from this.
+/// Stands for an argument of type F. A callable may itself convert from a wrapper. Then whether it can be constructed
+/// from F would depend on whether the wrapper can be, which is the question being answered. No wrapper can be
+/// constructed from this type.
 template <class F>
 struct ArgumentOf {
     operator F&&() const noexcept;
@@ -85,10 +86,10 @@ public:
         if (operations_ != nullptr) operations_->destroy(storage_);
     }
 
-    /// Whether there is something to call.
+    /// Whether it holds a callable.
     explicit operator bool() const noexcept { return operations_ != nullptr; }
 
-    /// Calls what is held. Must not be empty.
+    /// Calls the callable. Must not be empty.
     R operator()(Args... args) {
         if (operations_ == nullptr) std::abort();
         return operations_->call(storage_, std::forward<Args>(args)...);

@@ -33,14 +33,14 @@ concept WholeNumber = std::integral<I> && NoneOf<I, bool, char, wchar_t, char8_t
 /// which the library passes on without inspecting it.
 class VRK_EXPORT AnyValue {
 public:
-    /// A value of no other kind. It is not sent to a service.
+    /// A value of any other kind. It is not sent to a service.
     struct Other {
-        /// What is known of it, for logs.
+        /// A description for logs.
         std::string description;
         friend bool operator==(const Other&, const Other&) = default;
     };
 
-    /// A value of no other kind, without a description.
+    /// An `Other` without a description.
     AnyValue();
     /// A string.
     AnyValue(std::string text);
@@ -53,8 +53,7 @@ public:
     /// Boolean and a character a number.
     template <std::same_as<bool> B>
     AnyValue(B truth) : AnyValue(ofTruth(truth)) {}
-    /// A number beyond the range of a signed 64-bit integer is a value of no other kind, with its digits as
-    /// description.
+    /// A number beyond the range of a signed 64-bit integer becomes an `Other` with its digits as description.
     template <detail::WholeNumber I>
     AnyValue(I number)
         : AnyValue(std::signed_integral<I> ? ofInteger(static_cast<std::int64_t>(number))
@@ -77,9 +76,9 @@ public:
     AnyValue& operator=(AnyValue&& other) noexcept;
     ~AnyValue();
 
-    /// The string, or null if this is no string.
+    /// The string, or null if this is not a string.
     const std::string* text() const noexcept;
-    /// The integer, or null. A Boolean is no integer.
+    /// The integer, or null. A Boolean is not an integer.
     const std::int64_t* integer() const noexcept;
     /// The Boolean, or null.
     const bool* boolean() const noexcept;
@@ -87,7 +86,7 @@ public:
     const double* number() const noexcept;
     /// The error, or null.
     const Error* error() const noexcept;
-    /// The value of no other kind, or null.
+    /// The `Other`, or null.
     const Other* other() const noexcept;
 
     /// Whether both are of the same kind and equal. 1 and 1.0 are of different kinds; errors are equal if both handles
@@ -110,9 +109,9 @@ struct VRK_EXPORT Dictionary : std::map<std::string, AnyValue, std::less<>> {
 
     /// The value of `key` if there is one of that kind; otherwise empty.
     std::optional<std::string> text(std::string_view key) const;
-    /// As `text`, for a whole number.
+    /// As `text`, for an integer.
     std::optional<std::int64_t> integer(std::string_view key) const;
-    /// As `text`, for a truth value.
+    /// As `text`, for a Boolean.
     std::optional<bool> boolean(std::string_view key) const;
     /// As `text`, for a floating-point number.
     std::optional<double> number(std::string_view key) const;

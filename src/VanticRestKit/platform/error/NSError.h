@@ -24,14 +24,14 @@ public:
     /// The parts and the description of any error.
     explicit NSError(const Error& error);
 
-    /// What the code belongs to.
+    /// The domain of the code.
     const std::string& domain() const noexcept { return domain_; }
     /// The code within the domain.
     std::int64_t code() const noexcept { return code_; }
-    /// What else is known of the error.
+    /// Additional values of the error.
     const Dictionary& userInfo() const noexcept { return userInfo_; }
-    /// The description of the error that this one was made from; else the one in the user information; else the
-    /// composed sentence.
+    /// The description of the error that this one was made from, or otherwise the one in the user information, or
+    /// otherwise the composed sentence.
     std::string localizedDescription() const;
     /// The error in the user information under `NSUnderlyingErrorKey`; empty if there is none.
     std::optional<Error> underlyingError() const;
@@ -42,9 +42,9 @@ public:
     std::string errorDomain() const;
     /// `code`.
     std::int64_t errorCode() const { return code_; }
-    /// `userInfo`, as `Error` gives it.
+    /// `userInfo`.
     Dictionary errorUserInfo() const;
-    /// The description that `Error` gives.
+    /// The description that `Error` returns.
     std::string generalDescription() const;
 
 private:

@@ -11,8 +11,8 @@
 
 namespace VanticRestKit {
 
-/// What requests tell services about the application and the device. The defaults suit a Linux machine; a host may
-/// derive its own class and supply an object of it.
+/// The description of the application and the device that requests send to services. The defaults suit a Linux machine;
+/// a host may derive its own class and supply an object of it.
 class VRK_EXPORT HostInformation {
 public:
     virtual ~HostInformation();

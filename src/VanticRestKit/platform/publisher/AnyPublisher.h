@@ -29,9 +29,9 @@ struct Never {
 template <class T, class E = Error>
 class AnyPublisher {
 public:
-    /// What it publishes.
+    /// The type of its values.
     using Output = T;
-    /// What it may fail with.
+    /// The type of its errors.
     using Failed = E;
 
     // Copies only: a moved-from publisher would have no source.

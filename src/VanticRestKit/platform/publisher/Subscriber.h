@@ -36,7 +36,7 @@ public:
 template <class T, class E>
 class Subscriber {
 public:
-    /// For publishers alone.
+    /// For publishers only.
     Subscriber(std::shared_ptr<detail::Receiver<T, E>> receiver, std::shared_ptr<detail::Gate> gate) noexcept
         : receiver_(std::move(receiver)), gate_(std::move(gate)) {}
 

@@ -23,12 +23,12 @@ constexpr bool isURLCharacter(char c) noexcept {
 }
 
 /// Whether `text` consists of allowed characters and complete escapes.
-constexpr bool isEncoded(std::string_view text, bool mayHoldQuestionMarks) noexcept {
+constexpr bool isEncoded(std::string_view text, bool allowsQuestionMarks) noexcept {
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '%') {
             if (text.size() - i < 3 || !isHexDigit(text[i + 1]) || !isHexDigit(text[i + 2])) return false;
             i += 2;
-        } else if (!isURLCharacter(text[i]) && !(mayHoldQuestionMarks && text[i] == '?')) {
+        } else if (!isURLCharacter(text[i]) && !(allowsQuestionMarks && text[i] == '?')) {
             return false;
         }
     }
@@ -39,8 +39,8 @@ constexpr bool isEncoded(std::string_view text, bool mayHoldQuestionMarks) noexc
 constexpr bool isHostAndPort(std::string_view text) noexcept {
     const std::size_t colon = text.find(':');
     const std::string_view host = text.substr(0, colon);
-    const auto standsInHosts = [](char c) { return isAlphanumeric(c) || c == '-' || c == '.'; };
-    if (host.empty() || !std::all_of(host.begin(), host.end(), standsInHosts)) return false;
+    const auto isHostCharacter = [](char c) { return isAlphanumeric(c) || c == '-' || c == '.'; };
+    if (host.empty() || !std::all_of(host.begin(), host.end(), isHostCharacter)) return false;
     if (colon == std::string_view::npos) return true;
     const std::string_view port = text.substr(colon + 1);
     return !port.empty() && port.size() <= 5 && std::all_of(port.begin(), port.end(), isDecimalDigit);
@@ -76,12 +76,12 @@ void literalIsNotAnHTTPAddress();
 /// characters to be encoded) use `URL::make`.
 class URLLiteral {
 public:
-    /// Does not compile for a text that is no URL.
+    /// Does not compile for an invalid URL.
     consteval URLLiteral(const char* text) : text_(text) {
         if (!detail::isURLLiteral(text_)) detail::literalIsNotAnHTTPAddress();
     }
 
-    /// The text of the URL.
+    /// The string of the URL.
     constexpr std::string_view text() const noexcept { return text_; }
 
 private:

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `ByteBuffer`: bytes that are gathered piece by piece, and what happens if there is no memory for them.
+/// `ByteBuffer`: collects bytes piece by piece, and fails without an exception if memory is exhausted.
 
 #include <VanticRestKit/platform/data/Data.h>
 
@@ -17,8 +17,8 @@
 
 namespace VanticRestKit::detail {
 
-/// Gathers bytes for a `Data`. Unlike a `std::string` it says so when there is no memory for them, and throws
-/// nothing: what is gathered comes from a server, which must not be able to end the process.
+/// Collects bytes for a `Data`. Unlike a `std::string`, it reports exhausted memory without an exception: the bytes
+/// come from a server, which must not be able to end the process.
 class ByteBuffer {
 public:
     ByteBuffer() = default;
@@ -31,18 +31,18 @@ public:
     std::size_t size() const noexcept { return size_; }
     std::string_view view() const noexcept { return {storage_ ? storage_->bytes : "", size_}; }
 
-    /// Whether there was no memory for some bytes. What was gathered is dropped then, and nothing more is taken.
+    /// Whether memory was exhausted. The collected bytes are then dropped, and no more are accepted.
     bool hasFailed() const noexcept { return hasFailed_; }
 
-    /// Gets memory for `size` bytes in all, if there is so much; otherwise changes nothing.
+    /// Reserves memory for `size` bytes in total. Has no effect if there is not enough memory.
     void reserve(std::size_t size) { static_cast<void>(grow(size)); }
 
     /// Appends `bytes`. Returns false if there is no memory for them.
     [[nodiscard]] bool append(std::string_view bytes) {
         if (hasFailed_) return false;
         if (bytes.size() > std::numeric_limits<std::size_t>::max() / 4 - size_) return fail();
-        // By half, and no less if there is not so much: that leaves memory for what is smaller and has no way to
-        // fail.
+        // Grows by half. Fails if that much is not available, even if a smaller growth would succeed: this leaves
+        // memory for small allocations, which cannot report a failure.
         const std::size_t size = size_ + bytes.size();
         if (size > capacity_ && !grow(std::max(size, capacity_ + capacity_ / 2))) return fail();
         if (!bytes.empty()) std::memcpy(storage_->bytes + size_, bytes.data(), bytes.size());
@@ -50,8 +50,8 @@ public:
         return true;
     }
 
-    /// Memory after the last byte, to be written to; at least `minimum` bytes, at most `maximum`. What is written counts
-    /// after `extend`. Empty if there is no memory.
+    /// Writable memory after the last byte: at least `minimum` and at most `maximum` bytes. `extend` adds what was
+    /// written there. Empty if memory is exhausted.
     [[nodiscard]] std::span<char> spare(std::size_t minimum, std::size_t maximum) {
         if (hasFailed_) return {};
         const std::size_t size = size_ + minimum;
@@ -62,10 +62,10 @@ public:
         return {storage_->bytes + size_, std::min(capacity_ - size_, maximum)};
     }
 
-    /// Takes the first `written` bytes of what `spare` gave last.
+    /// Adds the first `written` bytes of the memory that `spare` returned last.
     void extend(std::size_t written) noexcept { size_ += written; }
 
-    /// Gives back the memory beyond the bytes gathered, if it is more than an eighth of theirs.
+    /// Releases unused memory if it is more than an eighth of the collected bytes.
     void fit() noexcept {
         if (!storage_ || size_ == 0 || capacity_ - size_ <= size_ / 8) return;
         void* const bytes = std::realloc(storage_->bytes, size_ + Data::padding);
@@ -74,7 +74,7 @@ public:
         capacity_ = size_;
     }
 
-    /// The bytes gathered, without a copy. Nothing is gathered after this.
+    /// Returns the collected bytes without a copy. Nothing may be added afterwards.
     Data take() noexcept {
         if (size_ == 0) return Data();
         shrink();
@@ -103,7 +103,8 @@ private:
         return true;
     }
 
-    // What is kept for long must not hold much more memory than it needs. To make it smaller does not move it.
+    // A `Data` may be kept for long, so it must not hold much more memory than it needs. Shrinking does not move the
+    // bytes.
     void shrink() noexcept {
         constexpr std::size_t small = 1024;
         if (capacity_ <= 2 * size_ + small) return;
@@ -113,7 +114,7 @@ private:
         }
     }
 
-    // At once, so that the error finds memory.
+    // Releases the memory at once, so that the error can be allocated.
     bool fail() noexcept {
         storage_.reset();
         size_ = capacity_ = 0;
@@ -121,8 +122,8 @@ private:
         return false;
     }
 
-    // The owner of the bytes is as small as what the process allocates all the time; only the bytes themselves can be
-    // too many. It becomes the owner of the `Data`.
+    // Becomes the owner of the `Data`. This small object is allocated in the usual way: only the bytes themselves can
+    // exceed the memory.
     std::shared_ptr<Storage> storage_;
     std::size_t size_ = 0;
     std::size_t capacity_ = 0;

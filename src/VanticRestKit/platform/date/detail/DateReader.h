@@ -11,7 +11,7 @@
 
 namespace VanticRestKit::detail {
 
-/// Each member consumes one part at the start of the string. If the part is missing, the string is no date and the
+/// Each member consumes one part at the start of the string. If the part is missing, the string is not a date, and the
 /// position no longer matters.
 class DateReader {
 public:

@@ -19,7 +19,7 @@ constexpr std::array<std::string_view, 12> months{"Jan", "Feb", "Mar", "Apr", "M
 
 constexpr char lower(char c) noexcept { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-/// Takes a text apart from its front. Once a piece is missing, `isGood()` stays false.
+/// Parses a string from its beginning. After a missing part, `isGood()` stays false.
 class Reader {
 public:
     explicit Reader(std::string_view text) noexcept : rest_(text) {}
@@ -27,7 +27,7 @@ public:
     bool isGood() const noexcept { return isGood_; }
     bool isAtEnd() const noexcept { return isGood_ && rest_.empty(); }
 
-    /// Takes `piece` if it is next, with letters of either case.
+    /// Consumes `piece` if it is next, ignoring case.
     bool take(std::string_view piece) noexcept {
         if (!isNext(piece)) return false;
         rest_.remove_prefix(piece.size());
@@ -36,7 +36,7 @@ public:
     void need(std::string_view piece) noexcept { isGood_ = take(piece) && isGood_; }
     void fail() noexcept { isGood_ = false; }
 
-    /// The position of the name that comes next, of which `letters` are written; all of them for 0.
+    /// The index of the next name, of which only the first `letters` letters are written, or all if `letters` is 0.
     template <std::size_t count>
     unsigned oneOf(const std::array<std::string_view, count>& names, std::size_t letters = 0) noexcept {
         for (unsigned i = 0; i < count; ++i) {
@@ -99,7 +99,7 @@ std::optional<seconds> dateOf(const Reader& reader, const Day& day, seconds time
     return std::chrono::sys_days(date).time_since_epoch() + time;
 }
 
-/// The year of two digits that is at most fifty years after `now`, and less than fifty before.
+/// The year with these last two digits that is at most fifty years after `now` and less than fifty before.
 int fullYear(int lastDigits, seconds now) noexcept {
     // Outside this range a year does not have four digits.
     const seconds known = std::clamp(now, seconds(-60'000'000'000), seconds(250'000'000'000));
@@ -177,7 +177,7 @@ std::optional<Date> httpDate(std::string_view text, Date now) noexcept {
     return dateOfSeconds(found->count());
 }
 
-// The C library's formatting costs more than all that is read of an answer.
+// Formatting by the C library would take longer than parsing the whole head of an answer.
 std::string formatHTTPDate(seconds date) {
     const auto days = std::chrono::floor<std::chrono::days>(date);
     const std::chrono::sys_days day(days);

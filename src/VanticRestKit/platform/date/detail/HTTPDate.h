@@ -12,18 +12,18 @@
 
 namespace VanticRestKit::detail {
 
-/// The date that `text` is, in seconds since 1970; empty if it is none.
+/// The date in `text`, in seconds since 1970. Empty if `text` is not a date.
 ///
-/// Accepts the three forms of HTTP, with letters of either case as caches are asked to:
-/// "Sun, 06 Nov 1994 08:49:37 GMT", "Sunday, 06-Nov-94 08:49:37 GMT" and "Sun Nov  6 08:49:37 1994". Every other form,
-/// and every zone but GMT, is no date. The day of the week is not compared with the date. A year of two digits is the
-/// one nearest to `now` that is at most 50 years ahead.
+/// Accepts the three formats of HTTP, ignoring case as caches should:
+/// "Sun, 06 Nov 1994 08:49:37 GMT", "Sunday, 06-Nov-94 08:49:37 GMT" and "Sun Nov  6 08:49:37 1994". All other formats
+/// and all zones except GMT are rejected. The day of the week is not compared with the date. A two-digit year is the
+/// latest one that is at most 50 years after `now`.
 std::optional<std::chrono::seconds> parseHTTPDate(std::string_view text, std::chrono::seconds now) noexcept;
 
 /// The same for a `Date`, which may be any double.
 std::optional<Date> httpDate(std::string_view text, Date now) noexcept;
 
-/// `date`, of a year from 0 to 9999, in the first of those forms.
+/// `date`, of a year from 0 to 9999, in the first of these formats.
 std::string formatHTTPDate(std::chrono::seconds date);
 
 }  // namespace VanticRestKit::detail

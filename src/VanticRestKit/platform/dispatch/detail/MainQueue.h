@@ -20,7 +20,7 @@ public:
     static const std::shared_ptr<MainQueue>& shared();
 
     void post(Block block) override { resolved()->post(std::move(block)); }
-    void postUnhurried(Block block) override { resolved()->postUnhurried(std::move(block)); }
+    void postDeferrable(Block block) override { resolved()->postDeferrable(std::move(block)); }
 
     /// Returns whether `executor` was accepted.
     bool setExecutor(UniqueFunction<void(Block)> executor);

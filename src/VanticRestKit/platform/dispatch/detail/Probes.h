@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What tests hold back and look at. Nothing in the library uses it.
+/// Lets tests pause the pool, and inspect the pool and groups. Not used by the library.
 
 #include <VanticRestKit/platform/dispatch/detail/GroupState.h>
 #include <VanticRestKit/platform/dispatch/detail/Pool.h>
@@ -12,8 +12,8 @@
 
 namespace VanticRestKit::detail {
 
-/// While one lives, no block of a queue on the pool starts; blocks that run already go on. Queues with a
-/// thread of their own and a main queue run by the host are not held back.
+/// While one exists, no block of a queue on the pool starts. Running blocks continue. Queues with their own thread, and
+/// a main queue run by the host, are not paused.
 class PoolPause {
 public:
     PoolPause() { Pool::shared().pause(); }
@@ -22,15 +22,15 @@ public:
     ~PoolPause() { Pool::shared().resume(); }
 };
 
-/// The pool, seen from outside.
+/// The state of the pool.
 struct PoolProbe {
-    /// How many threads the pool lets work at a time.
+    /// How many threads work at once if none blocks.
     static std::size_t limit() { return Pool::shared().limit(); }
 
-    /// How many threads it has now, those included that wait for a group.
+    /// The number of threads, including those that wait for a group.
     static std::size_t threads() { return Pool::shared().threads(); }
 
-    /// Waits until it has at most `count` threads; false when `deadline` passed before.
+    /// Waits until there are at most `count` threads. Returns false if that takes longer than `deadline`.
     static bool awaitThreads(std::size_t count, std::chrono::milliseconds deadline) {
         Pool& pool = Pool::shared();
         std::unique_lock lock(pool.mutex_);
@@ -38,15 +38,15 @@ struct PoolProbe {
     }
 };
 
-/// A group, seen from outside.
+/// The state of a group.
 struct GroupProbe {
-    /// How many threads are inside `wait()` and will stay there until the group is left.
+    /// The number of threads that are blocked in `wait()`.
     static std::size_t waiters(const DispatchGroup& group) {
         const std::lock_guard lock(group.state_->mutex_);
         return group.state_->waiters_;
     }
 
-    /// Waits until at least `count` threads wait; false when `deadline` passed before.
+    /// Waits until at least `count` threads wait. Returns false if that takes longer than `deadline`.
     static bool awaitWaiters(const DispatchGroup& group, std::size_t count,
                              std::chrono::milliseconds deadline) {
         const auto state = group.state_;

@@ -22,8 +22,8 @@ public:
     virtual void post(Block block) = 0;
 
     /// Posts a block whose effect only later blocks of this queue can see. It keeps its place in the order, but the
-    /// queue may delay it until another block is posted, or several more of this kind.
-    virtual void postUnhurried(Block block) { post(std::move(block)); }
+    /// queue may delay it until an ordinary block or several more deferrable ones are posted.
+    virtual void postDeferrable(Block block) { post(std::move(block)); }
 
     const std::string& label() const noexcept { return label_; }
 

@@ -6,21 +6,21 @@
 
 namespace VanticRestKit::detail {
 
-void Strand::add(Block block, bool isUnhurried) {
+void Strand::add(Block block, bool isDeferrable) {
     auto node = std::make_unique<BlockNode>(std::move(block));
     // In a forked child the pool that had scheduled this strand is gone, and one of its threads may hold the lock.
     mark_.renewInChild([this] {
         new (&mutex_) std::mutex;
         blocks_.abandon();
         isScheduled_ = false;
-        unhurried_ = 0;
+        deferred_ = 0;
     });
     {
         const std::lock_guard lock(mutex_);
         blocks_.push(std::move(node));
         if (isScheduled_) return;
-        if (isUnhurried && ++unhurried_ < maxUnhurried) return;
-        unhurried_ = 0;
+        if (isDeferrable && ++deferred_ < maxDeferrable) return;
+        deferred_ = 0;
         isScheduled_ = true;
     }
     Pool::shared().add(shared_from_this());

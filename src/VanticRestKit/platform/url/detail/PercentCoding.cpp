@@ -37,7 +37,7 @@ constexpr std::array<std::uint8_t, 256> holders = [] {
 
 }  // namespace
 
-bool mayHold(URLCharacters part, char byte) noexcept {
+bool isAllowedIn(URLCharacters part, char byte) noexcept {
     return (holders[static_cast<unsigned char>(byte)] & bit(part)) != 0;
 }
 
@@ -48,14 +48,14 @@ bool isEscape(std::string_view text, std::size_t at) noexcept {
 
 bool isEncoded(std::string_view text, URLCharacters part) noexcept {
     for (std::size_t at = 0; at < text.size(); ++at) {
-        if (!mayHold(part, text[at]) && !isEscape(text, at)) return false;
+        if (!isAllowedIn(part, text[at]) && !isEscape(text, at)) return false;
     }
     return true;
 }
 
 void appendEncoded(std::string& out, std::string_view text, URLCharacters part) {
     for (const char c : text) {
-        if (mayHold(part, c)) {
+        if (isAllowedIn(part, c)) {
             out += c;
             continue;
         }

@@ -22,7 +22,7 @@ enum class URLCharacters : std::uint8_t {
 };
 
 /// Whether `byte` is allowed unencoded in the part. False for "%", which is only allowed in an escape.
-bool mayHold(URLCharacters part, char byte) noexcept;
+bool isAllowedIn(URLCharacters part, char byte) noexcept;
 
 /// Whether `text` consists of characters allowed in the part and complete escapes such as "%2F".
 bool isEncoded(std::string_view text, URLCharacters part) noexcept;

@@ -93,7 +93,7 @@ Authority cutAuthority(std::string_view text) {
 bool isAddressInBrackets(std::string_view host) {
     if (host.size() < 3 || host.back() != ']') return false;
     const std::string_view inside = host.substr(1, host.size() - 2);
-    const auto fitsFutureForm = [](char c) { return c == ':' || mayHold(URLCharacters::host, c); };
+    const auto fitsFutureForm = [](char c) { return c == ':' || isAllowedIn(URLCharacters::host, c); };
     const auto fitsAddress = [](char c) { return isHexDigit(c) || c == ':' || c == '.'; };
     if (inside.front() == 'v' || inside.front() == 'V') {
         return inside.find('.') != std::string_view::npos &&
@@ -111,7 +111,7 @@ bool isHost(std::string_view host) {
     if (host.starts_with('[')) return isAddressInBrackets(host);
     for (std::size_t i = 0; i < host.size(); ++i) {
         const bool beyondASCII = static_cast<unsigned char>(host[i]) >= 0x80;
-        if (!beyondASCII && !mayHold(URLCharacters::host, host[i]) && !isEscape(host, i)) return false;
+        if (!beyondASCII && !isAllowedIn(URLCharacters::host, host[i]) && !isEscape(host, i)) return false;
     }
     return true;
 }

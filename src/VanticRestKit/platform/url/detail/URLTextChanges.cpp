@@ -16,10 +16,10 @@ void append(URLText& url, URLPart& part, char before, std::optional<std::string_
     url.text += *content;
 }
 
-/// Copies all of `url` before its path, with the positions of the parts there; the rest has to be appended.
-std::shared_ptr<URLText> headOf(const URLText& url, std::size_t room) {
+/// Copies all of `url` before its path, with the positions of the parts there; the rest must be appended.
+std::shared_ptr<URLText> headOf(const URLText& url, std::size_t extraCapacity) {
     const auto head = std::make_shared<URLText>();
-    head->text.reserve(url.text.size() + room);
+    head->text.reserve(url.text.size() + extraCapacity);
     head->text.assign(url.text, 0, url.path.begin);
     head->schemeEnd = url.schemeEnd;
     head->scheme = url.scheme;
