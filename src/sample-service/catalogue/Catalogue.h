@@ -16,8 +16,8 @@ struct Show {
     std::string slug;
     std::string title;
     std::string type;      // of its videos: "episode", "feature", "trailer", "livestream"
-    std::string channel;   // the id of one
-    std::string category;  // the id of one
+    std::string channel;   // its id
+    std::string category;  // its id
     std::string classification;
     std::string description;
     std::string participantsTitle;
@@ -58,7 +58,7 @@ public:
     const std::vector<Show>& shows() const { return shows_; }
     const std::deque<Video>& videos() const { return videos_; }
 
-    /// Each returns null if there is none of this name.
+    /// These return null if there is none with this name.
     const Video* video(const std::string& houseNumber) const;
     const Show* show(const std::string& slugOrId) const;
     const Series* series(const std::string& id) const;
@@ -70,7 +70,7 @@ public:
     std::vector<const Video*> videosOf(const Show& show) const;
     /// The trailers of a show.
     std::vector<const Video*> extrasOf(const Show& show) const;
-    /// The live channels of a region; null: of the whole country.
+    /// The live channels of a region, or of the whole country if null.
     std::vector<const Video*> livestreams(const Region* region) const;
 
 private:

@@ -5,7 +5,7 @@ namespace VanticRestKit::sample {
 
 namespace {
 
-// Not every video has every quality, as on the real service: a host has to choose among those available.
+// As on the real service, not every video has every quality, so a host must choose among the available ones.
 JSON streamJSON(const Video& video, const std::string& technology, const char* extension) {
     const std::string base = mediaAddress(technology + "/" + video.houseNumber);
     JSON stream;

@@ -10,7 +10,7 @@ constexpr long hour = 3'600;
 constexpr long day = 24 * hour;
 constexpr long opens = 6 * hour;
 constexpr long closes = 20 * hour;
-constexpr long grid = 300;  // programmes begin at whole five minutes
+constexpr long grid = 300;  // programmes begin at multiples of five minutes
 
 std::vector<const Video*> programmesOf(const Channel& channel) {
     std::vector<const Video*> found;
@@ -30,7 +30,7 @@ Slot slotAt(const Channel& channel, const std::vector<const Video*>& programmes,
     auto index = static_cast<std::size_t>(dawn / day) % programmes.size();
     for (long start = dawn;; index = (index + 1) % programmes.size()) {
         const long end = start + lengthOf(*programmes[index]);
-        // A programme that exceeds the day is cut.
+        // A programme that would run past the end of the day is shortened.
         if (at < end) return {programmes[index], start, std::min(end, dusk)};
         start = end;
     }

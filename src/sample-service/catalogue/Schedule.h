@@ -22,7 +22,7 @@ struct Showing {
     Slot next;
 };
 
-/// `at` is not before 1970.
+/// `at` must not be before 1970.
 Showing scheduleOf(const Channel& channel, long at);
 
 }  // namespace VanticRestKit::sample

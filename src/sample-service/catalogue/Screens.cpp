@@ -33,7 +33,7 @@ Screen home() {
     return screen;
 }
 
-/// The screen of shows that have something in common: three featured ones, all of them, and first episodes.
+/// A screen for shows with something in common: three featured shows, all shows, and first episodes.
 Screen screenOf(const std::string& kind, const std::string& id, const std::string& title,
                 const std::string& theme, const std::vector<const Show*>& shows) {
     Screen screen{"/" + kind + "/" + id, id, title, theme, {}, {}};

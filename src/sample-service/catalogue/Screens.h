@@ -10,7 +10,7 @@ namespace VanticRestKit::sample {
 
 using Item = std::variant<const Show*, const Series*, const Video*>;
 
-/// A titled list of shows, series and videos: a row of a screen, or a page of its own.
+/// A titled list of shows, series and videos: a row of a screen, or a separate page.
 struct Collection {
     std::string id;
     std::string title;

@@ -5,7 +5,7 @@
 
 namespace VanticRestKit::sample {
 
-/// What is embedded in a show. Null and false: nothing.
+/// What is embedded in a show. Null and false mean nothing.
 struct ShowExtras {
     const Video* highlightVideo = nullptr;
     const Series* selectedSeries = nullptr;

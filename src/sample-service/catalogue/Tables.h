@@ -5,7 +5,7 @@
 
 namespace VanticRestKit::sample {
 
-// Everything but shows: small tables, each in its own file in tables/. They exist as long as the program.
+// Small tables of everything except shows, each in its own file in tables/. They are never destroyed.
 
 struct Region {
     std::string id;
@@ -46,7 +46,7 @@ struct Alert {
     std::string shownAt;  // the slug of a show or the id of a screen; may be empty
 };
 
-/// A message to applications. Empty conditions match all.
+/// A message to applications. An empty condition always matches.
 struct Notice {
     unsigned id;
     std::string title;

@@ -13,7 +13,7 @@ Reply done() {
 
 Reply addFault(const Request& request, Faults& faults) {
     const JSON json = JSON::parse(request.body, nullptr, false);
-    if (json.is_discarded()) return failure(400, "the body is no JSON");
+    if (json.is_discarded()) return failure(400, "the body is not JSON");
     Fault fault;
     if (const auto wrong = readFault(json, fault)) return failure(400, *wrong);
     faults.add(std::move(fault));
@@ -23,7 +23,7 @@ Reply addFault(const Request& request, Faults& faults) {
 Reply setClock(const Request& request) {
     const JSON json = JSON::parse(request.body, nullptr, false);
     if (!json.is_object() || !json.contains("now") || !json["now"].is_number() || json["now"] < 0) {
-        return failure(400, "the body is no {\"now\": seconds since 1970}");
+        return failure(400, "the body is not {\"now\": seconds since 1970}");
     }
     serviceClock().set(json["now"].get<double>());
     return done();

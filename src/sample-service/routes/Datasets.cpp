@@ -8,7 +8,7 @@ namespace VanticRestKit::sample {
 
 namespace {
 
-// Only returned to a request that includes private data.
+// Returned only if the request includes private data.
 constexpr const char* privateKey = "birthYear";
 
 /// The family of "ann.tim" is that of "ann"; "ann" is a parent, whose data is not returned.
@@ -59,13 +59,13 @@ std::optional<JSON> valuesIn(const Request& request) {
     return values;
 }
 
-Reply unreadable() { return failure(400, "The body holds no dataset"); }
+Reply unreadable() { return failure(400, "The body contains no dataset"); }
 
 Reply create(Users::All& all, const Asked& asked, const Request& request, const std::string& name,
              Users& users) {
     auto values = valuesIn(request);
     if (!values) return unreadable();
-    if (find(all, asked.uid, name) != nullptr) return failure(409, "The user has a dataset " + name);
+    if (find(all, asked.uid, name) != nullptr) return failure(409, "The user already has a dataset " + name);
     const double now = serviceClock().now();
     Dataset& made = all[asked.uid].datasets[name];
     made = {.oid = users.newId(),

@@ -33,7 +33,7 @@ struct Wanted {
 /// Parses the query; an error message if it is invalid.
 std::optional<std::string> readQuery(const Request& request, Wanted& wanted) {
     const auto slug = queryValue(request, "slug");
-    if (!slug) return "The request names no slug";
+    if (!slug) return "The request has no slug";
     wanted.slug = *slug;
     if (const auto done = queryValue(request, "done")) {
         if (*done != "0" && *done != "1") return "done is 0 or 1";
@@ -42,7 +42,7 @@ std::optional<std::string> readQuery(const Request& request, Wanted& wanted) {
     if (const auto limit = queryValue(request, "limit")) {
         const char* const end = limit->data() + limit->size();
         const auto [stop, fault] = std::from_chars(limit->data(), end, wanted.limit);
-        if (fault != std::errc() || stop != end) return "limit is a whole number";
+        if (fault != std::errc() || stop != end) return "limit must be an integer";
     }
     return std::nullopt;
 }
@@ -99,7 +99,7 @@ Handler handler(Users& users, Act act) {
             if (const auto wrong = readQuery(request, wanted)) return failure(400, *wrong);
             if (!captures.empty()) {
                 wanted.showId = wholeNumber(captures[0]);
-                if (!wanted.showId) return failure(400, "A show is named by a whole number");
+                if (!wanted.showId) return failure(400, "The id of a show must be an integer");
             }
             if (captures.size() > 1) wanted.houseNumber = captures[1];
             return act(all, asked, wanted);
@@ -116,7 +116,7 @@ Handler updater(Users& users) {
             wanted.houseNumber = captures[1];
             const auto seconds = wholeNumber(captures[2]);
             if (!wanted.showId || !seconds || *seconds < 0)
-                return failure(400, "Show and progress are whole numbers");
+                return failure(400, "Show and progress must be integers");
             return update(all, asked, wanted, *seconds, users);
         });
     };

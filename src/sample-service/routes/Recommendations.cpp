@@ -45,13 +45,13 @@ std::optional<Wanted> readWanted(const std::string& body) {
     return wanted;
 }
 
-/// A programme by its id, a film by the house number of its only video.
+/// The URI of a programme contains its id, that of a film the house number of its only video.
 std::string uriOf(const Show& show) {
     if (!show.series.empty()) return "lumeno://program/" + std::to_string(show.id);
     return "lumeno://video/" + catalogue().videosOf(show).front()->houseNumber;
 }
 
-/// Items of the catalogue and some from elsewhere, best match first.
+/// Items of the catalogue and some of other sources, best match first.
 std::vector<std::string> candidates(const Wanted& wanted, const std::set<std::int64_t>& watched) {
     std::vector<const Show*> shows = catalogue().programmes();
     const auto context = std::find_if(shows.begin(), shows.end(),
@@ -74,7 +74,7 @@ std::vector<std::string> candidates(const Wanted& wanted, const std::set<std::in
 Reply recommend(const Request& request, const std::string& module, const Users& users) {
     if (queryValue(request, "apikey").value_or("").empty()) return failure(403, "No API key");
     const auto wanted = readWanted(request.body);
-    if (!wanted) return failure(400, "The body does not say how many");
+    if (!wanted) return failure(400, "The body has no limit");
     std::set<std::int64_t> watched;
     users.look(wanted->userId, [&](const User& user) {
         for (const Progress& progress : user.history) watched.insert(progress.showId);

@@ -16,7 +16,7 @@ constexpr Page pages[] = {{"show", "show"},       {"programs", "show"},        {
                           {"video", "video"},     {"watch", "video"},          {"category", "category"},
                           {"channel", "channel"}, {"collection", "collection"}};
 
-bool isThere(const std::string& kind, const std::string& name) {
+bool exists(const std::string& kind, const std::string& name) {
     if (kind == "show") return catalogue().show(name) != nullptr;
     if (kind == "series") return catalogue().series(name) != nullptr;
     if (kind == "video") return catalogue().video(name) != nullptr;
@@ -36,14 +36,14 @@ JSON remapJSON(const std::string& status, const std::string& href) {
 std::string hrefOf(const Page& page, const std::string& name, const Request& request) {
     const std::string video = request.queryValue("video");
     std::string href = std::string("/") + page.today + "/" + name;
-    if (std::string_view(page.today) == "show" && isThere("video", video)) href += "/video/" + video;
+    if (std::string_view(page.today) == "show" && exists("video", video)) href += "/video/" + video;
     return href;
 }
 
 Reply remap(const Request& request, const Captures& path) {
     if (path.size() == 1 && (path[0].empty() || path[0] == "home")) return answered(remapJSON("ok", "/home"));
     for (const Page& page : pages) {
-        if (path.size() < 2 || path[0] != page.kind || !isThere(page.today, path[1])) continue;
+        if (path.size() < 2 || path[0] != page.kind || !exists(page.today, path[1])) continue;
         const bool moved = std::string_view(page.kind) != page.today;
         return answered(remapJSON(moved ? "moved" : "ok", hrefOf(page, path[1], request)));
     }

@@ -72,7 +72,7 @@ Handler handler(Users& users, Act act) {
                 const char* const end = captures[1].data() + captures[1].size();
                 const auto [stop, fault] = std::from_chars(captures[1].data(), end, showId);
                 if (fault != std::errc() || stop != end)
-                    return failure(400, "A show is named by a whole number");
+                    return failure(400, "The id of a show must be an integer");
                 wanted.showId = showId;
             }
             return act(all, asked, wanted, users);

@@ -24,7 +24,7 @@ Reply segments(const Request& request, const Users& users) {
     if (bearerToken(request).value_or("").empty()) return failure(401, "No access token");
     const JSON body = JSON::parse(request.body, nullptr, false);
     if (!body.is_object() || !body.contains("sub_profile_id") || !body["sub_profile_id"].is_string()) {
-        return failure(400, "The body names no subprofile");
+        return failure(400, "The body has no subprofile");
     }
     const auto uid = body["sub_profile_id"].get<std::string>();
     JSON audiences{everybody};

@@ -86,7 +86,7 @@ std::string_view withoutArticle(std::string_view title) {
     return title;
 }
 
-/// By the first letter of the title, without its article.
+/// The shows grouped by the first letter of the title, without its article.
 Reply index(const Request& request, bool withCaptionsOnly) {
     std::map<char, std::vector<const Show*>> groups;
     for (const Show* show : catalogue().programmes()) {

@@ -14,7 +14,7 @@ Reply done() { return with({{"done", true}}); }
 
 Reply setTokens(const Request& request, Users& users) {
     const JSON json = JSON::parse(request.body, nullptr, false);
-    if (json.is_discarded()) return failure(400, "the body is no JSON");
+    if (json.is_discarded()) return failure(400, "the body is not JSON");
     if (const auto wrong = users.set(json)) return failure(400, *wrong);
     return done();
 }

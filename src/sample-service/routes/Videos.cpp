@@ -16,7 +16,7 @@ Reply oneVideo(const Request&, const Captures& captures) {
     return reply;
 }
 
-// Unknown house numbers are left out, as long as one is known.
+// Unknown house numbers are omitted if at least one is known.
 Reply severalVideos(const Request&, const Captures& captures) {
     JSON items = JSON::array();
     std::string_view left = captures.empty() ? std::string_view() : captures[0];

@@ -22,7 +22,7 @@ bool isOneOf(const std::array<std::string_view, count>& names, std::string_view 
 }
 
 /// The value of Cache-Control; empty if the answer has none.
-std::string_view controlOf(const Request& request, bool isSteered) {
+std::string_view controlOf(const Request& request, bool behaviourChanges) {
     if (request.segments.empty()) return {};
     const std::string_view first = request.segments.front();
     if (first == "pictures") return "public, max-age=86400";
@@ -30,7 +30,8 @@ std::string_view controlOf(const Request& request, bool isSteered) {
     if (first != "v2" || request.segments.size() < 2) return {};
     const std::string_view kind = request.segments[1];
     if (isOneOf(ofOneUser, kind)) return "private, no-store";
-    if (isOneOf(soonOutdated, kind) || (isSteered && !isOneOf(screens, kind))) return "private, no-cache";
+    if (isOneOf(soonOutdated, kind) || (behaviourChanges && !isOneOf(screens, kind)))
+        return "private, no-cache";
     return "private, max-age=60";
 }
 
@@ -60,8 +61,8 @@ void addCookie(const Request& request, Reply& reply) {
 
 }  // namespace
 
-void describeToCaches(const Request& request, std::string_view text, bool isSteered, Reply& reply) {
-    const std::string_view control = controlOf(request, isSteered);
+void describeToCaches(const Request& request, std::string_view text, bool behaviourChanges, Reply& reply) {
+    const std::string_view control = controlOf(request, behaviourChanges);
     if (control.empty()) return;
     const bool mayBeKept = control.find("no-store") == std::string_view::npos;
     const bool isPlain = request.method == "GET" && reply.status == 200;

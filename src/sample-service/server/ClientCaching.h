@@ -12,8 +12,8 @@ namespace VanticRestKit::sample {
 ///
 /// The home screen sets a cookie if the client has none.
 ///
-/// `isSteered`: whether the service's behaviour is changed while clients run, which cached answers would hide. Then
+/// `behaviourChanges`: whether the service's behaviour is changed while clients run, which cached answers would hide. Then
 /// only the home screen and the menus are fresh for some time; everything else must be revalidated.
-void describeToCaches(const Request& request, std::string_view text, bool isSteered, Reply& reply);
+void describeToCaches(const Request& request, std::string_view text, bool behaviourChanges, Reply& reply);
 
 }  // namespace VanticRestKit::sample

@@ -52,7 +52,7 @@ int Connections::socketOf(int peerPort) const {
     return -1;
 }
 
-// True when the time is over.
+// Returns whether the time has elapsed.
 bool Connections::pollUntil(int peerPort, int milliseconds) const {
     pollfd waited[] = {{stopping_, POLLIN, 0}, {socketOf(peerPort), POLLRDHUP, 0}};
     return poll(waited, 2, milliseconds) == 0;
@@ -70,8 +70,8 @@ void Connections::reset(int peerPort) const {
     if (socket < 0) return;
     const linger atOnce{1, 0};
     setsockopt(socket, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
-    // The HTTP server will still write its answer and close this descriptor, so an unconnected socket is put in its
-    // place, which closes the connection.
+    // The HTTP server will still write its answer and close this descriptor, so it is replaced by an unconnected
+    // socket, which closes the connection.
     int deaf[2];
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, deaf) != 0) return;
     close(deaf[1]);

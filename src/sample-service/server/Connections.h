@@ -12,8 +12,8 @@ public:
     Connections& operator=(const Connections&) = delete;
     ~Connections();
 
-    /// Waits until the peer has closed the connection, the service stops, or the time is over.
-    /// True if the time is over, false if there is no peer left to answer.
+    /// Waits until the peer closes the connection, the service stops, or the time has elapsed. Returns true if the time
+    /// has elapsed, and false if no answer is needed any more.
     bool wait(int peerPort, std::chrono::duration<double> time) const;
 
     /// Waits until the peer has closed the connection or the service stops.
@@ -30,7 +30,7 @@ private:
     bool pollUntil(int peerPort, int milliseconds) const;
 
     int localPort_;
-    int stopping_;  // an eventfd, readable for good once stop() was called
+    int stopping_;  // an eventfd, permanently readable after stop()
 };
 
 }  // namespace VanticRestKit::sample

@@ -8,7 +8,7 @@
 
 namespace VanticRestKit::sample {
 
-/// Keys keep the order in which a route writes them, for readable answers.
+/// Keys keep the order in which a route writes them, so that answers are readable.
 using JSON = nlohmann::ordered_json;
 
 /// A query item as it was sent; one without "=" has no value.
@@ -44,7 +44,7 @@ struct Reply {
     std::optional<std::string> text{};
     std::string contentType = "application/json";
     std::vector<std::pair<std::string, std::string>> headers{};
-    bool last = false;  // the service ends once this answer is out
+    bool last = false;  // the service ends after sending this answer
 };
 
 /// A success with this body.

@@ -131,7 +131,7 @@ void apply(const Fault& fault, Reply& reply) {
             reply.text = fault.text.value_or(notJSON);
             break;
         case FaultKind::status:
-            reply = failure(fault.status, "As asked for");
+            reply = failure(fault.status, "Scripted fault");
             reply.text = fault.text;
             break;
         case FaultKind::expiredToken: reply = failure(401, "The token has expired"); break;

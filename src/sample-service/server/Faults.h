@@ -21,7 +21,7 @@ enum class FaultKind {
     oddities,         // the collections of the answer contain unknown entities and broken elements
     unknownEntities,  // only the unknown entities
     brokenElements,   // only the broken elements
-    null,             // a value of the answer, or all of it, becomes null
+    null,             // a value of the answer, or the whole answer, becomes null
     expiredToken,     // 401, as for an expired token
 };
 
@@ -38,7 +38,7 @@ struct Fault {
     std::vector<std::string> at;  // JSON pointers into the answer
 };
 
-/// Parses a fault from the body of a control request; an error message if it is invalid.
+/// Parses a fault from the body of a control request. Returns an error message if it is invalid.
 std::optional<std::string> readFault(const JSON& json, Fault& fault);
 JSON written(const Fault& fault);
 

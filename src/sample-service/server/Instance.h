@@ -14,7 +14,7 @@
 namespace VanticRestKit::sample {
 
 struct Settings {
-    int port = 0;  // 0: any free one
+    int port = 0;  // 0: any free port
     bool tls = false;
     double tokenSeconds = 3600;
     bool ownStreams = false;  // URLs of streams and captions refer to this service

@@ -7,16 +7,16 @@
 
 namespace VanticRestKit::sample {
 
-/// The requests received so far, the newest 20,000 of them. Any thread.
+/// The newest 20,000 of the received requests. Any thread.
 class RequestLog {
 public:
     void add(const Request& request);
     void clear();
 
-    /// A list in order of arrival: method, path, target, query, headers, body of each.
+    /// The requests in order of arrival, each with method, path, target, query, headers and body.
     JSON written() const;
 
-    /// How many were received since the start or the last clearing, including those no longer kept.
+    /// The number received since the start or the last `clear()`, including those no longer kept.
     std::size_t total() const;
 
 private:

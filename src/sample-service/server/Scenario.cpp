@@ -55,7 +55,7 @@ bool reaches(Reach reach, const Request& request) {
     switch (reach) {
         case Reach::everything: return true;
         case Reach::documents: return first != "pictures" && first != "hls" && first != "captions";
-        // New tokens are still issued, but refused when they are used.
+        // New tokens are still issued, but rejected when they are used.
         case Reach::userRoutes: return hasToken(request) && request.path() != "v2/token";
     }
     return false;
@@ -91,7 +91,7 @@ std::optional<Fault> Scenario::faultOf(const Request& request) const {
     Fault fault;
     fault.kind = row->kind;
     fault.seconds = delay_;
-    // A row in the middle of a screen, so that there are rows before and after it.
+    // Selects a row in the middle of the screen, so that there are rows before and after it.
     if (row->kind == FaultKind::null) fault.at = {"/_embedded/collections/1/title"};
     return fault;
 }

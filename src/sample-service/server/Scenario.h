@@ -18,14 +18,15 @@ struct AnswerRecord {
     std::string target;
     int status = 0;           // 0: the connection was closed without an answer
     double milliseconds = 0;  // from its arrival to its answer
-    bool clientLeft = false;  // before there was an answer
+    bool clientLeft = false;  // before the answer
 };
 
 /// One fault for all answers until another is chosen, and a record of how each request ended: for programs that
 /// demonstrate faults. `Faults` is for tests, which request a fault for some answers of a path. Any thread.
 class Scenario {
 public:
-    /// Chooses a fault by name; false, without effect, if there is none of this name. `none` ends the fault.
+    /// Chooses a fault by name. Returns false and changes nothing if there is none with this name. `none` ends the
+    /// fault.
     bool choose(const std::string& name, std::chrono::duration<double> delay);
     std::string name() const;
 
@@ -44,10 +45,10 @@ private:
     std::deque<AnswerRecord> records_;
 };
 
-/// The names that `Scenario::choose` takes.
+/// The names that `Scenario::choose` accepts.
 std::vector<std::string> scenarioNames();
 
-/// The routes under "control/" that choose a scenario and give its records.
+/// The routes under "control/" that choose a scenario and return its records.
 std::vector<Route> scenarioRoutes(Scenario& scenario);
 
 }  // namespace VanticRestKit::sample

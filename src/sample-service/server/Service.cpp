@@ -97,7 +97,7 @@ bool Service::start(int port, const Certificate* certificate) {
     port_ = port == 0 ? server_->bind_to_any_port("127.0.0.1")
                       : (server_->bind_to_port("127.0.0.1", port) ? port : -1);
     if (port_ <= 0) return false;
-    // The library's own backlog of five loses connections when a host opens many at once.
+    // The library's backlog of five would lose connections when a host opens many at once.
     ::listen(listening, 1024);
     connections_ = std::make_unique<Connections>(port_);
     listening_ = std::thread([this] { server_->listen_after_bind(); });
@@ -175,7 +175,7 @@ Service::Outcome Service::reply(const Request& request, httplib::Response& respo
     return {.status = reply.status};
 }
 
-// Announces the complete body, sends its first bytes and then applies the fault.
+// Declares the length of the complete body, sends its first bytes and then applies the fault.
 void Service::cutShort(const Request& request, const Fault& fault, std::string text,
                        httplib::Response& response) {
     const std::size_t announced = text.size();

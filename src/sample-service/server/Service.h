@@ -32,7 +32,7 @@ public:
     Service(Router routes, Router control, Steering steering, std::function<void()> ended);
     ~Service();
 
-    /// Listens on 127.0.0.1 and returns; port 0 picks one. False if the port is not available.
+    /// Listens on 127.0.0.1 and returns; port 0 selects a free one. False if the port is not available.
     bool start(int port, const Certificate* certificate);
     int port() const { return port_; }
 

@@ -11,8 +11,8 @@
 
 namespace VanticRestKit::sample {
 
-/// Gives each connection a thread. A connection that is kept alive or delayed by a fault occupies its thread, so a few
-/// of them could block a pool of a fixed size.
+/// Gives each connection a thread. A connection that is kept alive, or delayed by a fault, occupies its thread. A few
+/// of them could block a pool of fixed size.
 class WorkerPool : public httplib::TaskQueue {
 public:
     void enqueue(std::function<void()> job) override;

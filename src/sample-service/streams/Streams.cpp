@@ -11,7 +11,7 @@ namespace VanticRestKit::sample {
 
 namespace {
 
-// As scripts/make-test-stream makes them.
+// The length of the segments made by scripts/make-test-stream.
 constexpr unsigned segmentSeconds = 4;
 constexpr unsigned segmentCount = 5;
 

@@ -37,16 +37,16 @@ bool readRefused(const JSON& json, std::set<std::string>& refused) {
 }  // namespace
 
 std::optional<std::string> readTokenSettings(const JSON& json, TokenSettings& settings) {
-    if (!json.is_object()) return "the settings of tokens are an object";
+    if (!json.is_object()) return "the token settings must be an object";
     TokenSettings read = settings;
     for (const auto& [key, value] : json.items()) {
         if (key == "seconds") {
-            if (!value.is_number()) return "seconds is a number";
+            if (!value.is_number()) return "seconds must be a number";
             read.seconds = value.get<double>();
         } else if (key == "rotation") {
-            if (!readRotation(value, read.rotation)) return "rotation is never, late or always";
+            if (!readRotation(value, read.rotation)) return "rotation must be never, late or always";
         } else if (key == "refused") {
-            if (!readRefused(value, read.refused)) return "refused is a list of users";
+            if (!readRefused(value, read.refused)) return "refused must be a list of users";
         } else {
             return "tokens have no setting " + key;
         }

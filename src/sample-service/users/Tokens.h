@@ -13,7 +13,7 @@ namespace VanticRestKit::sample {
 struct TokenSettings {
     enum class Rotation { never, late, always };
 
-    /// The lifetime of a token in seconds. If zero or negative, a token has expired at once.
+    /// The lifetime of a token in seconds. If zero or negative, tokens are already expired when issued.
     double seconds = 3600;
     /// Whether answers contain new tokens: never, late (when less than half of the lifetime is left), or always.
     Rotation rotation = Rotation::late;
@@ -21,7 +21,7 @@ struct TokenSettings {
     std::set<std::string> refused;
 };
 
-/// Parses settings from a JSON object; an error message if they are invalid.
+/// Parses settings from a JSON object. Returns an error message if they are invalid.
 std::optional<std::string> readTokenSettings(const JSON& json, TokenSettings& settings);
 JSON written(const TokenSettings& settings);
 

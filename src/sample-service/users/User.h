@@ -43,7 +43,7 @@ struct Saved {
 /// All data of a user.
 struct User {
     std::map<std::string, Dataset> datasets;  // by namespace
-    std::vector<Progress> history;            // the last watched comes last
+    std::vector<Progress> history;            // ordered by access, last watched last
     std::vector<Saved> saved;                 // in the order of saving
 };
 

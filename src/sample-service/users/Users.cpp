@@ -47,11 +47,11 @@ std::optional<std::string> bearerToken(const Request& request) {
 
 Reply Users::giveTokens(const Request& request) {
     const auto who = asked(request);
-    if (!who) return failure(400, "A token is asked for without a user");
+    if (!who) return failure(400, "The token request has no user");
     const std::lock_guard lock(mutex_);
-    if (settings_.refused.count(who->uid) > 0) return refused("This account has to consent anew");
+    if (settings_.refused.count(who->uid) > 0) return refused("This account has to consent again");
     if (who->bearer && tokens_.byRefresh(who->uid, *who->bearer) == nullptr) {
-        return refused("This is no refresh token of the user");
+        return refused("This is not a refresh token of the user");
     }
     Reply reply;
     reply.body = JSON{{"meta", {{"count", 1}, {"data", "token"}, {"status_code", 200}}},
@@ -61,10 +61,10 @@ Reply Users::giveTokens(const Request& request) {
 
 Reply Users::answer(const Request& request, const Step& step) {
     const auto who = asked(request);
-    if (!who) return failure(400, "The request names no user");
+    if (!who) return failure(400, "The request has no user");
     const std::lock_guard lock(mutex_);
     const TokenSet* tokens = who->bearer ? tokens_.byAccess(who->uid, *who->bearer) : nullptr;
-    if (tokens == nullptr) return refused("This is no access token of the user");
+    if (tokens == nullptr) return refused("This is not an access token of the user");
     if (tokens->expiry <= secondsNow()) return refused("The token has expired");
     Reply reply = step(users_, *who);
     if (reply.status < 400 && reply.body && rotates(*tokens)) {

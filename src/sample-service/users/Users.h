@@ -36,7 +36,7 @@ public:
     explicit Users(double tokenSeconds) { settings_.seconds = tokenSeconds; }
 
     /// Handles a request on the data of a user and returns the records under `data`, or a failure. `all` contains the
-    /// users; an entry is made when data is first stored for one.
+    /// users; an entry is created when data is first stored for a user.
     using All = std::map<std::string, User>;
     using Step = std::function<Reply(All& all, const Asked& asked)>;
 
@@ -50,7 +50,7 @@ public:
     /// Handles a request on a user's data without checking a token.
     void look(const std::string& uid, const std::function<void(const User&)>& step) const;
 
-    /// A string that no record has yet.
+    /// A unique id for a new record.
     std::string newId() { return "oid-" + std::to_string(++lastId_); }
 
     // All users, for control requests.
@@ -70,7 +70,8 @@ private:
     std::atomic<unsigned> lastId_{0};
 };
 
-/// An answer with records in the format of the user data service: their description in `meta`, themselves in `data`.
+/// An answer with records in the format of the user data service, with their description in `meta` and the records in
+/// `data`.
 Reply records(const std::string& what, JSON data);
 
 }  // namespace VanticRestKit::sample
