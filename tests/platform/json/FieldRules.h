@@ -68,7 +68,7 @@ struct ContainerRule {
 struct EntityRules {
     DecodableType type;
     /// The smallest document that decodes.
-    std::string least;
+    std::string minimal;
     /// In declared order.
     std::vector<FieldRule> fields;
     std::vector<ContainerRule> containers{};
