@@ -19,7 +19,7 @@ struct Holder {
     FailableCodable<Named> inside{};
     std::optional<FailableCodable<std::string>> perhaps{};
     std::vector<FailableCodable<Named>> list{};
-    std::string behind{};
+    std::string after{};
 };
 
 template <>
@@ -34,7 +34,7 @@ const TypePlan& planOf<Holder>() {
     using namespace mapping;
     static const TypePlan& plan =
         object<Holder>(required<&Holder::inside>("inside"), optional<&Holder::perhaps>("perhaps"),
-                       required<&Holder::list>("list"), required<&Holder::behind>("behind"));
+                       required<&Holder::list>("list"), required<&Holder::after>("after"));
     return plan;
 }
 
@@ -80,27 +80,26 @@ TEST(FailableCodable, DecodesAtTheRoot) {
 
 TEST(FailableCodable, DecodesUnderAKey) {
     const auto holder = JSONDecoder().decode<Holder>(
-        Data(R"({"inside":7,"perhaps":"p","list":[{"name":"a"},{}],"behind":"b"})"));
+        Data(R"({"inside":7,"perhaps":"p","list":[{"name":"a"},{}],"after":"b"})"));
     ASSERT_TRUE(holder);
     EXPECT_EQ(holder->inside, absent);
     ASSERT_TRUE(holder->perhaps);
     EXPECT_EQ(holder->perhaps->wrappedValue, "p");
     EXPECT_EQ(holder->list, (Failables{named, absent}));
-    EXPECT_EQ(holder->behind, "b");
+    EXPECT_EQ(holder->after, "b");
 }
 
 TEST(FailableCodable, ReportsAFailureOfALaterFieldWithItsOwnPath) {
-    const auto holder =
-        JSONDecoder().decode<Holder>(Data(R"({"inside":7,"list":[1,{"name":2}],"behind":3})"));
+    const auto holder = JSONDecoder().decode<Holder>(Data(R"({"inside":7,"list":[1,{"name":2}],"after":3})"));
     ASSERT_FALSE(holder);
     const DecodingError* const error = holder.error().as<DecodingError>();
     ASSERT_NE(error, nullptr);
     EXPECT_EQ(error->kind(), DecodingError::Kind::typeMismatch);
-    EXPECT_EQ(error->codingPath(), CodingPath{"behind"});
+    EXPECT_EQ(error->codingPath(), CodingPath{"after"});
 }
 
 TEST(FailableCodable, AnAbsentKeyIsStillKeyNotFound) {
-    const auto holder = JSONDecoder().decode<Holder>(Data(R"({"list":[],"behind":"b"})"));
+    const auto holder = JSONDecoder().decode<Holder>(Data(R"({"list":[],"after":"b"})"));
     ASSERT_FALSE(holder);
     ASSERT_NE(holder.error().as<DecodingError>(), nullptr);
     EXPECT_EQ(holder.error().as<DecodingError>()->kind(), DecodingError::Kind::keyNotFound);

@@ -22,7 +22,7 @@ protected:
         test::zeroActivityCounter();
         test::settleMainQueue();
         NetworkActivityCounter::setIndicator([this](bool visible) {
-            told.push_back(visible);
+            reported.push_back(visible);
             alwaysOnMain = alwaysOnMain && DispatchQueue::main().isCurrent();
         });
     }
@@ -32,17 +32,17 @@ protected:
         test::settleMainQueue();
     }
 
-    std::vector<bool> told;
+    std::vector<bool> reported;
     bool alwaysOnMain = true;
 };
 
 TEST_F(NetworkActivityCounterTest, TheIndicatorIsVisibleDuringARequest) {
     NetworkActivityCounter::increase();
     test::settleMainQueue();
-    EXPECT_EQ(told, std::vector<bool>{true});
+    EXPECT_EQ(reported, std::vector<bool>{true});
     NetworkActivityCounter::decrease();
     test::settleMainQueue();
-    EXPECT_EQ(told, (std::vector<bool>{true, false}));
+    EXPECT_EQ(reported, (std::vector<bool>{true, false}));
     EXPECT_TRUE(alwaysOnMain);
 }
 
@@ -50,7 +50,7 @@ TEST_F(NetworkActivityCounterTest, ANegativeCounterShowsTheIndicator) {
     NetworkActivityCounter::decrease();
     test::settleMainQueue();
     EXPECT_EQ(test::activityCounter(), -1);
-    EXPECT_EQ(told, std::vector<bool>{true});
+    EXPECT_EQ(reported, std::vector<bool>{true});
 }
 
 TEST_F(NetworkActivityCounterTest, TheIndicatorIsCalledOnceForEachChange) {
@@ -58,8 +58,8 @@ TEST_F(NetworkActivityCounterTest, TheIndicatorIsCalledOnceForEachChange) {
     NetworkActivityCounter::increase();
     NetworkActivityCounter::decrease();
     test::settleMainQueue();
-    EXPECT_EQ(told.size(), 3U);
-    EXPECT_EQ(told.back(), true);
+    EXPECT_EQ(reported.size(), 3U);
+    EXPECT_EQ(reported.back(), true);
 }
 
 TEST_F(NetworkActivityCounterTest, TheIndicatorGetsTheStateAtTheTimeOfTheCall) {
@@ -72,7 +72,7 @@ TEST_F(NetworkActivityCounterTest, TheIndicatorGetsTheStateAtTheTimeOfTheCall) {
     });
     ASSERT_TRUE(posted.wait());
     test::settleMainQueue();
-    EXPECT_EQ(told, (std::vector<bool>{false, false})) << "the counter is back at zero when it is read";
+    EXPECT_EQ(reported, (std::vector<bool>{false, false})) << "the counter is back at zero when it is read";
 }
 
 TEST_F(NetworkActivityCounterTest, AnIndicatorIsNotCalledWhenItIsInstalled) {
@@ -116,10 +116,10 @@ TEST_F(NetworkActivityCounterTest, ChangingTheCounterDoesNotWaitForTheMainQueue)
     ASSERT_TRUE(blocked.wait());
     NetworkActivityCounter::increase();
     NetworkActivityCounter::decrease();
-    EXPECT_TRUE(told.empty()) << "both calls have returned although the main queue is busy";
+    EXPECT_TRUE(reported.empty()) << "both calls have returned although the main queue is busy";
     release.signal();
     test::settleMainQueue();
-    EXPECT_EQ(told.size(), 2U);
+    EXPECT_EQ(reported.size(), 2U);
 }
 
 // Each runs in its own process, in which no other test has changed the counter.

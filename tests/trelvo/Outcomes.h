@@ -72,13 +72,13 @@ class Outcomes {
 public:
     /// A completion that adds its outcome to this collection, and signals `dropped` when it is destroyed.
     Completed completed() const {
-        struct Told {
+        struct DropSignal {
             Event event;
-            explicit Told(Event told) : event(std::move(told)) {}
-            Told(Told&&) = delete;
-            ~Told() { event.signal(); }
+            explicit DropSignal(Event signal) : event(std::move(signal)) {}
+            DropSignal(DropSignal&&) = delete;
+            ~DropSignal() { event.signal(); }
         };
-        return [state = state_, told = std::make_unique<Told>(state_->dropped)](Outcome outcome) {
+        return [state = state_, signal = std::make_unique<DropSignal>(state_->dropped)](Outcome outcome) {
             const std::lock_guard lock(state->mutex);
             state->outcomes.push_back(std::move(outcome));
         };

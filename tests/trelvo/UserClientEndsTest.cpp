@@ -264,16 +264,16 @@ TEST_F(UserClientEnds, CompleteAfterTheClientIsDestroyed) {
 
 class MortalContext final : public UserContext {
 public:
-    explicit MortalContext(Event gone) : gone_(std::move(gone)) {}
-    ~MortalContext() override { gone_.signal(); }
+    explicit MortalContext(Event destroyed) : destroyed_(std::move(destroyed)) {}
+    ~MortalContext() override { destroyed_.signal(); }
 
 private:
-    const Event gone_;
+    const Event destroyed_;
 };
 
 TEST_F(UserClientEnds, ReleaseEverythingOfADestroyedClient) {
-    const Event gone;
-    auto mortal = std::make_shared<MortalContext>(gone);
+    const Event destroyed;
+    auto mortal = std::make_shared<MortalContext>(destroyed);
     mortal->session = session;
     auto other = UserClient::make(mortal);
     handles.push_back(other->listWatchlistShowIds().start({}, completion<Saved>(outcomes.completed())));
@@ -283,7 +283,7 @@ TEST_F(UserClientEnds, ReleaseEverythingOfADestroyedClient) {
     EXPECT_TRUE(session->awaitCancel(0));
     session->abandon();
     mortal.reset();
-    EXPECT_TRUE(gone.wait());
+    EXPECT_TRUE(destroyed.wait());
 }
 
 }  // namespace

@@ -164,13 +164,13 @@ std::vector<std::string> linesOf(const nlohmann::json& log) {
     constexpr std::size_t before = 20;
     std::vector<std::string> lines;
     std::vector<std::string> deletions;
-    std::vector<std::string> behind;
+    std::vector<std::string> later;
     for (const auto& request : log) {
         const bool isDeletion = lines.size() == before && request["method"] == "DELETE";
-        (lines.size() < before ? lines : isDeletion ? deletions : behind).push_back(line(request));
+        (lines.size() < before ? lines : isDeletion ? deletions : later).push_back(line(request));
     }
     std::sort(deletions.begin(), deletions.end());
-    for (const auto* some : {&deletions, &behind}) lines.insert(lines.end(), some->begin(), some->end());
+    for (const auto* some : {&deletions, &later}) lines.insert(lines.end(), some->begin(), some->end());
     return lines;
 }
 

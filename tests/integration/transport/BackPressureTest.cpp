@@ -126,7 +126,7 @@ TEST(BackPressure, AResponseLargerThanTheLimitIsDelivered) {
 namespace {
 
 /// The reports of one load.
-struct Told {
+struct ObservedLoad {
     Loaded loaded{};
     std::shared_ptr<std::vector<LoadProgress::State>> states =
         std::make_shared<std::vector<LoadProgress::State>>();
@@ -159,11 +159,11 @@ TEST(BackPressure, ALoadThatIsHeldBackReportsThat) {
     while (heldBack == 0 && std::chrono::steady_clock::now() < end) {
         Blockade blockade(*session);
         const std::size_t before = server.requests().size();
-        const std::vector<Told> loads(12);
-        for (const Told& each : loads) each.start(*session, server.url());
+        const std::vector<ObservedLoad> loads(12);
+        for (const ObservedLoad& each : loads) each.start(*session, server.url());
         ASSERT_TRUE(server.waitForRequests(before + 6));
         blockade.lift();
-        for (const Told& each : loads) {
+        for (const ObservedLoad& each : loads) {
             ASSERT_EQ(each.loaded.body().size(), megabyte) << each.loaded.story();
             EXPECT_EQ(each.wasHeldBack(), each.record->heldBack > RequestMetrics::Duration::zero());
             if (!each.wasHeldBack()) continue;

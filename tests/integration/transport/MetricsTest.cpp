@@ -218,8 +218,8 @@ TEST(Metrics, ARequestThatCannotBeSentHasARecord) {
 TEST(Metrics, AnAbsentServerHasARecord) {
     std::uint16_t port = 0;
     {
-        FaultServer gone(always(answer(200, "ok")));
-        port = gone.port();
+        FaultServer stopped(always(answer(200, "ok")));
+        port = stopped.port();
     }
     const auto session = makeSession();
     const Recorded made = recorded(*session, requestOf("http://127.0.0.1:" + std::to_string(port) + "/"));

@@ -31,14 +31,14 @@ constexpr std::size_t length = 20'000;
 /// A load and its reports. Read them after the load has ended.
 struct Watched {
     Loaded loaded{};
-    std::shared_ptr<std::vector<LoadProgress>> told = std::make_shared<std::vector<LoadProgress>>();
+    std::shared_ptr<std::vector<LoadProgress>> reports = std::make_shared<std::vector<LoadProgress>>();
     /// Signalled with each report.
     Event reported{};
 
     ProgressReceiver receiver() const {
-        return [told = told, reported = reported, calls = loaded](const LoadProgress& progress) {
+        return [reports = reports, reported = reported, calls = loaded](const LoadProgress& progress) {
             EXPECT_EQ(calls.calls(), 0) << "reported after the completion";
-            told->push_back(progress);
+            reports->push_back(progress);
             reported.signal();
         };
     }
@@ -93,16 +93,16 @@ FaultServer::Script unmeasured(Event reported) {
 /// Expects that the reported bytes grow and end with all `length` bytes of the body.
 void expectGrowth(const Watched& watched, std::int64_t expected) {
     EXPECT_EQ(watched.loaded.body().size(), length) << watched.loaded.story();
-    const auto& told = *watched.told;
-    ASSERT_GE(told.size(), 4U);
+    const auto& reports = *watched.reports;
+    ASSERT_GE(reports.size(), 4U);
     std::int64_t before = 0;
-    for (const LoadProgress& each : told) {
+    for (const LoadProgress& each : reports) {
         EXPECT_EQ(each.state, State::loading);
         EXPECT_GT(each.bytesReceived, before);
         EXPECT_EQ(each.bytesExpectedToReceive, expected);
         before = each.bytesReceived;
     }
-    EXPECT_EQ(told.back().bytesReceived, static_cast<std::int64_t>(length));
+    EXPECT_EQ(reports.back().bytesReceived, static_cast<std::int64_t>(length));
 }
 
 std::shared_ptr<URLSession> sessionWithOneConnection() {
@@ -161,8 +161,8 @@ TEST(Progress, ReportsAShortLoadOnce) {
     const Watched watched;
     watched.start(*URLSession::make({}), requestOf(server.url()));
     ASSERT_TRUE(watched.loaded.succeeded());
-    ASSERT_GE(watched.told->size(), 1U);
-    EXPECT_EQ(watched.told->back(), (LoadProgress{.bytesReceived = 5, .bytesExpectedToReceive = 5}));
+    ASSERT_GE(watched.reports->size(), 1U);
+    EXPECT_EQ(watched.reports->back(), (LoadProgress{.bytesReceived = 5, .bytesExpectedToReceive = 5}));
 }
 
 TEST(Progress, DoesNotReportTheEndOfATruncatedBody) {
@@ -172,7 +172,7 @@ TEST(Progress, DoesNotReportTheEndOfATruncatedBody) {
     const Watched watched;
     watched.start(*URLSession::make({}), requestOf(server.url()));
     EXPECT_FALSE(watched.loaded.succeeded());
-    EXPECT_TRUE(watched.told->empty());
+    EXPECT_TRUE(watched.reports->empty());
 }
 
 TEST(Progress, ReportsTheBodyThatIsSent) {
@@ -182,9 +182,9 @@ TEST(Progress, ReportsTheBodyThatIsSent) {
     const Watched watched;
     watched.start(*URLSession::make({}), request);
     ASSERT_TRUE(watched.loaded.succeeded());
-    ASSERT_FALSE(watched.told->empty());
-    EXPECT_EQ(watched.told->back().bytesSent, 100'000);
-    EXPECT_EQ(watched.told->back().bytesExpectedToSend, 100'000);
+    ASSERT_FALSE(watched.reports->empty());
+    EXPECT_EQ(watched.reports->back().bytesSent, 100'000);
+    EXPECT_EQ(watched.reports->back().bytesExpectedToSend, 100'000);
 }
 
 TEST(Progress, ReportsNothingAfterACancel) {
@@ -220,13 +220,13 @@ TEST(Progress, ReportsHowManyLoadsWaitForAConnection) {
     ASSERT_TRUE(third.reported.wait(1));
     server->releaseHeld();
     for (const Watched* each : {&first, &second, &third}) ASSERT_TRUE(each->loaded.succeeded());
-    EXPECT_EQ(first.told->front().state, State::loading);
+    EXPECT_EQ(first.reports->front().state, State::loading);
     std::int64_t count = 1;
     for (const Watched* each : {&second, &third}) {
-        ASSERT_EQ(each->told->size(), 3U);
-        EXPECT_EQ((*each->told)[0], (LoadProgress{.state = State::queued, .queueLength = count}));
-        EXPECT_EQ((*each->told)[1].state, State::loading);
-        EXPECT_EQ((*each->told)[2].bytesReceived, 1);
+        ASSERT_EQ(each->reports->size(), 3U);
+        EXPECT_EQ((*each->reports)[0], (LoadProgress{.state = State::queued, .queueLength = count}));
+        EXPECT_EQ((*each->reports)[1].state, State::loading);
+        EXPECT_EQ((*each->reports)[2].bytesReceived, 1);
         ++count;
     }
 }

@@ -66,13 +66,13 @@ TEST(Queues, ACompletionIsDestroyedOnItsQueue) {
     const auto session = makeSession();
     Event destroyed;
     std::thread::id ran;
-    std::thread::id gone;
+    std::thread::id destroyedOn;
     auto task = session->dataTask(requestOf(server.url()),
-                                  [&ran, witness = std::make_unique<Witness>(&destroyed, &gone)](
+                                  [&ran, witness = std::make_unique<Witness>(&destroyed, &destroyedOn)](
                                       auto, auto, auto) { ran = std::this_thread::get_id(); });
     task->resume();
     ASSERT_TRUE(destroyed.wait()) << "the task is still held, but its completion must not be";
-    EXPECT_EQ(ran, gone);
+    EXPECT_EQ(ran, destroyedOn);
     EXPECT_NE(ran, std::this_thread::get_id());
 }
 

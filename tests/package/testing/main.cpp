@@ -51,7 +51,7 @@ bool loadsFromAScript() {
     return titleOver(service.session(), executor) == "Night Ferry" && service.problems().empty();
 }
 
-bool passesADeadlineByHand() {
+bool advancesTheClock() {
     ManualExecutor executor;
     ManualClock clock;
     ScriptedService service(executor);
@@ -99,7 +99,7 @@ int check(const char* what, bool holds) {
 
 int main() {
     return check("loads from a script", loadsFromAScript()) +
-           check("passes a deadline by hand", passesADeadlineByHand()) +
+           check("advances the clock past a deadline", advancesTheClock()) +
            check("replays a recording", replaysARecording()) +
            check("runs the sample service", runsTheSampleService());
 }

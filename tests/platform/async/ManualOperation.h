@@ -80,7 +80,7 @@ public:
         calls_.clear();
     }
 
-    const DispatchQueue queue = DispatchQueue::withOwnThread("hand");
+    const DispatchQueue queue = DispatchQueue::withOwnThread("manual");
     const Event started;
     const Event cancelled;
 

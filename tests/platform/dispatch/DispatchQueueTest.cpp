@@ -226,7 +226,7 @@ TEST(DispatchQueue, BlocksStartHoweverManyOthersBlock) {
         });
     }
     // Posted after all blocking blocks, which wait for it.
-    DispatchQueue("goes").async([go] { go.signal(); });
+    DispatchQueue("release").async([go] { go.signal(); });
     EXPECT_TRUE(ended.wait(blocking));
     // The extra threads, started for the blocked ones, end again.
     EXPECT_TRUE(detail::PoolProbe::awaitThreads(detail::PoolProbe::limit(), std::chrono::seconds(30)));
@@ -249,7 +249,7 @@ TEST(DispatchQueue, BlocksStartEvenIfOthersBlockOrWaitForAGroup) {
         });
     }
     DispatchQueue("leaves").async([group] { group.leave(); });
-    DispatchQueue("goes").async([go] { go.signal(); });
+    DispatchQueue("release").async([go] { go.signal(); });
     EXPECT_TRUE(ended.wait(2 * each));
     EXPECT_TRUE(detail::PoolProbe::awaitThreads(detail::PoolProbe::limit(), std::chrono::seconds(30)));
 }

@@ -18,7 +18,7 @@ namespace {
 /// Stands in for the event loop of a user interface.
 class Loop {
 public:
-    void hand(Block turn) {
+    void post(Block turn) {
         const std::lock_guard lock(mutex_);
         turns_.push_back(std::move(turn));
         changed_.notify_all();
@@ -46,7 +46,7 @@ TEST(MainQueueOfTheHost, RunsItsBlocksOnTheHostsLoop) {
     EXPECT_EQ(DispatchQueue::main().label(), "main");
 
     const auto loop = std::make_shared<Loop>();
-    const std::function<void(Block)> executor = [loop](Block turn) { loop->hand(std::move(turn)); };
+    const std::function<void(Block)> executor = [loop](Block turn) { loop->post(std::move(turn)); };
     ASSERT_TRUE(DispatchQueue::setMain(executor));
     EXPECT_FALSE(DispatchQueue::setMain(executor));
 

@@ -27,7 +27,7 @@ protected:
         const Event done;
         queue.async([done] { done.signal(); });
         EXPECT_TRUE(done.wait());
-        return *told;
+        return *received;
     }
     void end(bool isWhole) {
         queue.async([this, isWhole] { reporter->end(isWhole ? &counts : nullptr); });
@@ -35,9 +35,9 @@ protected:
 
     ProgressCounts counts;
     DispatchQueue queue{"progress"};
-    std::shared_ptr<std::vector<LoadProgress>> told = std::make_shared<std::vector<LoadProgress>>();
+    std::shared_ptr<std::vector<LoadProgress>> received = std::make_shared<std::vector<LoadProgress>>();
     std::shared_ptr<ProgressReporter> reporter = std::make_shared<ProgressReporter>(
-        [told = told](const LoadProgress& progress) { told->push_back(progress); }, queue);
+        [received = received](const LoadProgress& progress) { received->push_back(progress); }, queue);
 };
 
 }  // namespace
@@ -93,7 +93,7 @@ TEST_F(ProgressReporters, ReportNothingAfterAnErrorOrAStop) {
     EXPECT_TRUE(reports().empty());
 
     reporter = std::make_shared<ProgressReporter>(
-        [told = told](const LoadProgress& progress) { told->push_back(progress); }, queue);
+        [received = received](const LoadProgress& progress) { received->push_back(progress); }, queue);
     reporter->changed(State::queued, 1, counts);
     EXPECT_EQ(reports().size(), 1U);
     reporter->stop();

@@ -268,9 +268,9 @@ Shape listOf(const std::string& empty, std::vector<std::pair<std::string, std::s
              const Unfit& bad) {
     const std::string list = fits.front().first;
     const std::string good = list.substr(0, list.size() - 1);
-    const std::string behind = "/" + std::to_string(ordered_json::parse(list).size());
+    const std::string next = "/" + std::to_string(ordered_json::parse(list).size());
     const std::vector<Unfit> unfit = {{"[" + bad.json + "]", bad.kind, "/0" + bad.rest},
-                                      {good + "," + bad.json + "]", bad.kind, behind + bad.rest},
+                                      {good + "," + bad.json + "]", bad.kind, next + bad.rest},
                                       {"[null]", "typeMismatch", "/0"},
                                       {"[[]]", "typeMismatch", "/0"},
                                       {"[7]", "typeMismatch", "/0"}};

@@ -16,7 +16,7 @@ namespace {
 struct Texts {
     std::optional<std::string> before{};
     std::string text{};
-    std::optional<std::string> behind{};
+    std::optional<std::string> after{};
     friend bool operator==(const Texts&, const Texts&) = default;
 };
 
@@ -29,7 +29,7 @@ const TypePlan& planOf<Texts>() {
     static const TypePlan& plan = object<Texts>(
         lenient<&Texts::before>("before"),
         required<&Texts::text>("text"),
-        lenient<&Texts::behind>("behind"));
+        lenient<&Texts::after>("after"));
     // clang-format on
     return plan;
 }
@@ -59,7 +59,7 @@ std::string letters(std::size_t size) {
 void expectString(const std::string& inside, const std::string& text) {
     const std::string quoted = '"' + inside + '"';
     const std::optional<Texts> texts =
-        decoded<Texts>("{\"before\":" + quoted + ",\"text\":" + quoted + ",\"behind\":" + quoted + "}");
+        decoded<Texts>("{\"before\":" + quoted + ",\"text\":" + quoted + ",\"after\":" + quoted + "}");
     ASSERT_TRUE(texts) << quoted;
     EXPECT_EQ(*texts, (Texts{text, text, text})) << quoted;
     EXPECT_EQ(decoded<std::string>(quoted), text) << quoted;
@@ -71,7 +71,7 @@ void expectInvalid(const std::string& inside) {
     EXPECT_EQ(failureOf<Texts>("{\"text\":" + quoted + "}"), R"(dataCorrupted ["text"])") << quoted;
     EXPECT_EQ(failureOf<std::string>(quoted), "dataCorrupted []") << quoted;
     const std::optional<Texts> texts =
-        decoded<Texts>("{\"before\":" + quoted + ",\"text\":\"t\",\"behind\":\"b\",\"x\":" + quoted + "}");
+        decoded<Texts>("{\"before\":" + quoted + ",\"text\":\"t\",\"after\":\"b\",\"x\":" + quoted + "}");
     ASSERT_TRUE(texts) << quoted;
     EXPECT_EQ(*texts, (Texts{{}, "t", "b"})) << quoted;
 }

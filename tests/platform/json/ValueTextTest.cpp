@@ -53,10 +53,10 @@ namespace {
 
 std::string dateText(double seconds) {
     const std::string text = valueText(Note{.at = Date(std::chrono::duration<double>(seconds))});
-    constexpr std::string_view before = R"({"at":)";
-    constexpr std::string_view behind = R"(,"texts":[],"more":{}})";
-    EXPECT_TRUE(text.starts_with(before) && text.ends_with(behind)) << text;
-    return text.substr(before.size(), text.size() - before.size() - behind.size());
+    constexpr std::string_view prefix = R"({"at":)";
+    constexpr std::string_view suffix = R"(,"texts":[],"more":{}})";
+    EXPECT_TRUE(text.starts_with(prefix) && text.ends_with(suffix)) << text;
+    return text.substr(prefix.size(), text.size() - prefix.size() - suffix.size());
 }
 
 TEST(ValueText, WritesADateInUTC) {

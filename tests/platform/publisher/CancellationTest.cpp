@@ -47,9 +47,9 @@ TEST(Cancellation, DoesNotAffectOtherSubscriptionsOfThePublisher) {
     const auto source = std::make_shared<IntSource>();
     const auto publisher = IntSource::publisher(source);
     const auto recorder = std::make_shared<IntRecorder>();
-    const Cancellable stays = IntRecorder::of(recorder, publisher);
+    const Cancellable kept = IntRecorder::of(recorder, publisher);
     {
-        const Cancellable goes = publisher.sink([](int) {});
+        const Cancellable dropped = publisher.sink([](int) {});
     }
     source->subscribers[0].receive(1);
     EXPECT_EQ(recorder->values, std::vector<int>{1});

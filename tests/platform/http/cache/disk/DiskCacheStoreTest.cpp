@@ -130,8 +130,8 @@ TEST_F(DiskCacheStore, TreatsAPrefixLiterally) {
     store_->removeAll("a_");
     store_->removeAll("[a]*");
     store_->removeAll("\\");
-    for (const char* gone : {"a%", "a%1", "a_", "a_1", "[a]*"})
-        EXPECT_EQ(bodyIn(*store_, gone), "none") << gone;
+    for (const char* removed : {"a%", "a%1", "a_", "a_1", "[a]*"})
+        EXPECT_EQ(bodyIn(*store_, removed), "none") << removed;
     for (const char* kept : {"ab", "A%1", "a\xff", "b", "[a]"})
         EXPECT_EQ(bodyIn(*store_, kept), kept) << kept;
     store_->removeAll("a\xff");
