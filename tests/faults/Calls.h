@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What the calls that can fail are named, and what each can fail with.
+/// The names of the calls that can fail, and the errors that each can fail with.
 
 #include "Shim.h"
 
@@ -15,10 +15,10 @@ namespace VanticRestKit::test {
 struct CallTraits {
     Call call;
     std::string_view name;
-    /// Those that the manual of the call names, as far as they can come at any time.
+    /// Errors of the manual page of the call that can occur at any time.
     std::span<const int> errors;
-    /// Whether it gets memory: the process may end for want of it, with a message.
-    bool isOfMemory = false;
+    /// Whether the call allocates memory. If it fails, the process may end with a message that memory ran out.
+    bool allocatesMemory = false;
 };
 
 /// In the order of `Call`.
@@ -26,7 +26,7 @@ std::span<const CallTraits> callTraits();
 
 const CallTraits& traitsOf(Call call);
 
-/// As in "malloc:17:12": name, number and error.
+/// Name, number and error, as in "malloc:17:12".
 std::string textOf(const Fault& fault);
 std::optional<Fault> faultOf(std::string_view text);
 

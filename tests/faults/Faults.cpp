@@ -1,4 +1,4 @@
-// Has calls of a load fail, one in each trial, and sees what becomes of the load.
+// Makes calls of a load fail, one in each trial, and checks the result of the load.
 //   faults [--scenario NAME] [--most N]
 //   faults --scenario NAME [--first] --fail CALL:NUMBER:ERROR
 // Without --most, each call of each kind fails with each of its errors; with it, N of them for each kind, evenly
@@ -26,14 +26,14 @@ namespace VanticRestKit::test {
 
 namespace {
 
-struct Wishes {
+struct Options {
     std::string_view scenario{};
     std::size_t most = std::numeric_limits<std::size_t>::max();
     std::optional<Fault> fault{};
     bool isFirst = false;
 };
 
-/// A folder that is gone with this object.
+/// Removes its folder when it is destroyed.
 class TemporaryFolder {
 public:
     TemporaryFolder() {
@@ -53,10 +53,10 @@ private:
 
 class Trials {
 public:
-    explicit Trials(const Wishes& wishes) : wishes_(wishes) {}
+    explicit Trials(const Options& options) : options_(options) {}
 
     TrialReport run(const Trial& trial) {
-        // Its threads are one for each connection, and their stacks stay until it ends.
+        // The servers keep the stack of one thread for each connection until they are destroyed.
         constexpr std::size_t trialsOfAnOrigin = 1000;
         if (count_++ % trialsOfAnOrigin == 0) {
             origin_.reset();
@@ -68,7 +68,7 @@ public:
         return runTrial(trial, {.addresses = origin_->addresses(), .folder = folder.path()});
     }
 
-    /// Whether all was well.
+    /// Returns whether all trials passed.
     bool runAll(const Scenario& scenario, bool isFirst) {
         std::array<std::uint64_t, callCount> counts{};
         for (int i = 0; i < 2; ++i) {
@@ -93,11 +93,11 @@ public:
 private:
     bool runKind(Trial trial, const CallTraits& traits, std::uint64_t calls) {
         const std::size_t all = calls * traits.errors.size();
-        const std::size_t most = std::min(wishes_.most, all);
+        const std::size_t trials = std::min(options_.most, all);
         std::array<std::size_t, verdictCount> verdicts{};
         bool isAllGood = true;
-        for (std::size_t i = 0; i < most; ++i) {
-            const std::size_t chosen = most == 1 ? 0 : i * (all - 1) / (most - 1);
+        for (std::size_t i = 0; i < trials; ++i) {
+            const std::size_t chosen = trials == 1 ? 0 : i * (all - 1) / (trials - 1);
             trial.fault = {.call = traits.call,
                            .number = 1 + chosen / traits.errors.size(),
                            .error = traits.errors[chosen % traits.errors.size()]};
@@ -111,60 +111,60 @@ private:
         }
         std::printf("%-8s %-6s %-15s %7zu %7zu", trial.scenario->name.data(),
                     trial.isFirst ? "first" : "later", traits.name.data(), static_cast<std::size_t>(calls),
-                    most);
+                    trials);
         for (const std::size_t count : verdicts) std::printf(" %9zu", count);
         std::printf("\n");
         return isAllGood;
     }
 
-    const Wishes wishes_;
+    const Options options_;
     std::unique_ptr<Origin> origin_;
     std::size_t count_ = 0;
 };
 
-std::optional<Wishes> read(int count, char** words) {
-    Wishes wishes;
+std::optional<Options> read(int count, char** words) {
+    Options options;
     for (int i = 1; i < count; ++i) {
         const std::string_view word = words[i];
         if (word == "--first") {
-            wishes.isFirst = true;
+            options.isFirst = true;
         } else if (i + 1 == count) {
             return std::nullopt;
         } else if (word == "--scenario") {
-            wishes.scenario = words[++i];
+            options.scenario = words[++i];
         } else if (word == "--most") {
-            wishes.most = std::strtoull(words[++i], nullptr, 10);
+            options.most = std::strtoull(words[++i], nullptr, 10);
         } else if (word == "--fail") {
-            wishes.fault = faultOf(words[++i]);
-            if (!wishes.fault) return std::nullopt;
+            options.fault = faultOf(words[++i]);
+            if (!options.fault) return std::nullopt;
         } else {
             return std::nullopt;
         }
     }
-    return wishes;
+    return options;
 }
 
-bool runOne(const Wishes& wishes) {
+bool runOne(const Options& options) {
     for (const Scenario& scenario : scenarios()) {
-        if (scenario.name != wishes.scenario) continue;
-        const TrialReport report = Trials(wishes).run(
-            {.scenario = &scenario, .isFirst = wishes.isFirst, .fault = *wishes.fault, .isTraced = true});
+        if (scenario.name != options.scenario) continue;
+        const TrialReport report = Trials(options).run(
+            {.scenario = &scenario, .isFirst = options.isFirst, .fault = *options.fault, .isTraced = true});
         std::printf("%s: %s\n", nameOf(report.verdict), report.story.c_str());
         return isGood(report.verdict);
     }
     return false;
 }
 
-bool runAll(const Wishes& wishes) {
+bool runAll(const Options& options) {
     std::printf("%-8s %-6s %-15s %7s %7s", "scenario", "load", "call", "calls", "trials");
     for (int i = 0; i < verdictCount; ++i) std::printf(" %9s", nameOf(static_cast<Verdict>(i)));
     std::printf("\n");
     bool isAllGood = true;
     bool isAnyRun = false;
     for (const Scenario& scenario : scenarios()) {
-        if (!wishes.scenario.empty() && scenario.name != wishes.scenario) continue;
+        if (!options.scenario.empty() && scenario.name != options.scenario) continue;
         isAnyRun = true;
-        for (const bool isFirst : {true, false}) isAllGood &= Trials(wishes).runAll(scenario, isFirst);
+        for (const bool isFirst : {true, false}) isAllGood &= Trials(options).runAll(scenario, isFirst);
     }
     return isAllGood && isAnyRun;
 }
@@ -176,13 +176,13 @@ bool runAll(const Wishes& wishes) {
 int main(int count, char** words) {
     using namespace VanticRestKit::test;
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
-    const auto wishes = read(count, words);
-    if (!wishes) {
+    const auto options = read(count, words);
+    if (!options) {
         std::fprintf(stderr,
                      "usage: faults [--scenario NAME] [--most N] [--first --fail CALL:NUMBER:ERROR]\n");
         return 2;
     }
-    const bool isGood = wishes->fault ? runOne(*wishes) : runAll(*wishes);
+    const bool isGood = options->fault ? runOne(*options) : runAll(*options);
     std::printf("%s\n", isGood ? "passed" : "FAILED");
     return isGood ? 0 : 1;
 }

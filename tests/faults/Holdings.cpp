@@ -16,7 +16,8 @@ namespace VanticRestKit::test {
 
 namespace {
 
-// Calls `visit` with each name in a folder. Without exceptions: a thread may end while its folder is read.
+// Calls `visit` with each name in a folder. Does not throw if the folder disappears: the thread whose folder it is may
+// end in the meantime.
 template <class Visit>
 void visitNames(const char* path, Visit visit) {
     DIR* const folder = opendir(path);
@@ -44,7 +45,7 @@ bool isKept(std::string_view name) { return name.starts_with("vrk-pool") || name
 Holdings holdingsNow() {
     const Exempt exempt;
     Holdings now;
-    // One of them reads the folder.
+    // One descriptor is that of the folder being read.
     visitNames("/proc/self/fd", [&now](const char*) { ++now.descriptors; });
     --now.descriptors;
     visitNames("/proc/self/task", [&now](const char* number) {
@@ -54,7 +55,7 @@ Holdings holdingsNow() {
     return now;
 }
 
-// There is no event for the end of a thread of the library's.
+// Polls, because nothing signals the end of a thread of the library.
 Holdings waitForHoldings(const Holdings& wanted, std::int64_t tolerance) {
     using Clock = std::chrono::steady_clock;
     const Exempt exempt;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// `Holdings`: what a process holds.
+/// `Holdings`: the resources that a process uses.
 
 #include <cstddef>
 #include <cstdint>
@@ -10,16 +10,16 @@ namespace VanticRestKit::test {
 
 struct Holdings {
     std::size_t descriptors = 0;
-    /// Without the threads that the library keeps.
+    /// Without threads that the library keeps for later work.
     std::size_t threads = 0;
-    /// Of memory that was allocated.
+    /// Allocated memory.
     std::int64_t bytes = 0;
 };
 
 Holdings holdingsNow();
 
-/// Waits until no more is held than `wanted`, for up to some seconds, and returns what is held then. The bytes may be
-/// more by `tolerance`.
+/// Waits a few seconds at most until the process uses no more than `wanted` plus `tolerance` bytes of memory. Returns
+/// what it uses then.
 Holdings waitForHoldings(const Holdings& wanted, std::int64_t tolerance);
 
 }  // namespace VanticRestKit::test

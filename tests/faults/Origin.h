@@ -1,7 +1,8 @@
 #pragma once
 
 /// \file
-/// `Origin`: the servers of the trials, in a process of their own, so that nothing of theirs is counted.
+/// `Origin`: the servers of the trials. They run in a separate process, so that their calls and resources are not
+/// counted.
 
 #include <support/Sockets.h>
 
@@ -12,27 +13,27 @@
 
 namespace VanticRestKit::test {
 
-/// Where the servers are.
+/// The ports and the certificate of the servers.
 struct Addresses {
     std::uint16_t plain = 0;
     std::uint16_t secure = 0;
-    /// Of a server of HTTP/2, which answers as `PlainOrigin` does.
+    /// An HTTP/2 server, which answers as `PlainOrigin` does.
     std::uint16_t http2 = 0;
-    /// The certificate to be trusted.
+    /// The certificate that clients must trust.
     std::string authority{};
 };
 
-/// The header of which the document of `videoDocument` tells, and which every request for it must have.
+/// A header that every request for the document must have. `videoDocument` contains its value.
 inline constexpr const char* probeHeader = "X-Probe";
 
-/// What the plain and the secure server answer to a request with these headers.
+/// The document that the plain and the secure server send for a request with these headers.
 std::string videoDocument(std::string_view probe, std::string_view cookie);
 
-/// Runs the servers for as long as it lives. To be made before the program has a second thread.
+/// Runs the servers until it is destroyed. Must be created before the program starts a second thread, because it forks.
 ///
-/// The plain and the secure server answer a path that begins with /v2/video with a cookie and a redirect to the document
-/// below /document, and a path that begins with /v2/kept with a document that may be kept; the first request for a path
-/// that begins with /v2/later on each connection is answered with 503.
+/// The plain and the secure server answer paths below /v2/video with a cookie and a redirect to /document, and paths
+/// below /v2/kept with a document that may be cached. They answer the first request for a path below /v2/later on each
+/// connection with 503.
 class Origin {
 public:
     Origin();

@@ -51,7 +51,7 @@ private:
     std::shared_ptr<NetworkSession> session_;
 };
 
-// What is known to every scenario: no load sees what another one has left in a cache that both share.
+// The configuration of all scenarios. Each has a cache of its own, so that no load gets a response of another one.
 URLSessionConfiguration configurationOf(const RoundSetting& setting) {
     URLSessionConfiguration configuration;
     configuration.caBundlePath = setting.folder + "/authority.pem";
@@ -73,20 +73,21 @@ std::string at(const char* scheme, const char* host, std::uint16_t port) {
     return std::string(scheme) + host + ':' + std::to_string(port);
 }
 
-// A name is looked up (one that needs no network), a redirect followed, a cookie kept, a coding undone and a document decoded.
+// Looks up a name (one that needs no network), follows a redirect, stores a cookie, decompresses a body and decodes a
+// document.
 RoundOutcome loadPlain(const RoundSetting& setting) {
     const HostContext context(at("http://", "127.1", setting.addresses.plain), configurationOf(setting));
     return judge(Endpoint::Video({.houseNumber = std::to_string(setting.number)}, context), "crumb=42");
 }
 
-// The same without a name, but with TLS.
+// The same with TLS, but without looking up a name.
 RoundOutcome loadSecure(const RoundSetting& setting) {
     const HostContext context(at("https://", "127.0.0.1", setting.addresses.secure),
                               configurationOf(setting));
     return judge(Endpoint::Video({.houseNumber = std::to_string(setting.number)}, context), "crumb=42");
 }
 
-// The first answer goes to the disk, and the second load gets it from there.
+// The first load stores its response on disk, and the second one is answered from there.
 RoundOutcome loadKept(const RoundSetting& setting) {
     for (int time = 0; time < 2; ++time) {
         URLSessionConfiguration configuration = configurationOf(setting);
@@ -101,7 +102,7 @@ RoundOutcome loadKept(const RoundSetting& setting) {
     return {};
 }
 
-// The first attempt fails, and the next one waits for a timer.
+// The first attempt fails, and the second one starts after a pause.
 RoundOutcome loadAgain(const RoundSetting& setting) {
     HostContext context(at("http://", "127.0.0.1", setting.addresses.plain), configurationOf(setting));
     context.policy = RetryPolicy{.firstPause = 2ms};
@@ -109,7 +110,7 @@ RoundOutcome loadAgain(const RoundSetting& setting) {
                  "");
 }
 
-// Two streams of a connection of HTTP/2, and a body of several frames.
+// Two streams of one HTTP/2 connection, and a body of several frames.
 RoundOutcome loadStreams(const RoundSetting& setting) {
     struct Answer {
         std::optional<Data> data;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What a trial does while a call fails: a host's loads with a session of their own.
+/// The loads that a trial starts while a call fails, with a session that only they use.
 
 #include "Origin.h"
 
@@ -14,28 +14,28 @@ namespace VanticRestKit::test {
 /// How the loads of a round ended.
 struct RoundOutcome {
     enum class Kind {
-        /// Each gave the value that the server has.
+        /// Each load gave the expected value.
         value,
-        /// At least one ended with an error.
+        /// At least one load ended with an error.
         error,
-        /// At least one gave something else.
+        /// At least one load gave another value.
         wrong,
     };
     Kind kind = Kind::value;
-    /// The error, or what was wrong.
+    /// The error, or what is wrong with the value.
     std::string story{};
 };
 
-/// What a round needs.
+/// The settings of a round.
 struct RoundSetting {
     Addresses addresses;
-    /// A folder of its own.
+    /// A folder for this round only.
     std::string folder{};
-    /// Each round loads something that no other has loaded.
+    /// Different for each round, so that each loads from another URL.
     int number = 0;
 };
 
-/// Makes a session, loads, and lets go of the session.
+/// Creates a session, loads with it and releases it.
 struct Scenario {
     std::string_view name;
     RoundOutcome (*run)(const RoundSetting& setting);

@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 
-// What the C library offers to those that replace its functions of memory.
+// The C library's own functions, which it exports for programs that replace malloc.
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
@@ -29,7 +29,7 @@ constinit Fault wanted;
 constinit std::array<std::atomic<std::uint64_t>, callCount> counts{};
 constinit std::atomic<std::int64_t> bytes = 0;
 
-// Of this model, since the usual one may allocate where it is first used.
+// The default TLS model may allocate on first use.
 [[gnu::tls_model("initial-exec")]] constinit thread_local int exemptions = 0;
 
 std::atomic<std::uint64_t>& counterOf(Call call) { return counts[static_cast<std::size_t>(call)]; }

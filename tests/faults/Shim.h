@@ -1,8 +1,8 @@
 #pragma once
 
 /// \file
-/// What a test can have fail: the functions of the C library that `Shim.cpp` and `ShimCalls.cpp` stand in for, each
-/// linked before the C library's own as if it were preloaded.
+/// The calls that a test can make fail. `Shim.cpp` and `ShimCalls.cpp` replace these functions of the C library; they
+/// are linked before it and take precedence, as with LD_PRELOAD.
 
 #include <cstdint>
 
@@ -44,33 +44,35 @@ enum class Call : int {
 
 inline constexpr int callCount = static_cast<int>(Call::close) + 1;
 
-/// A call that is to fail.
+/// A call to make fail.
 struct Fault {
     Call call = Call::malloc;
-    /// Which one of its kind, counted from 1 over all threads. 0: none, they are only counted.
+    /// The number of the call among those of its kind, counted from 1 over all threads. 0: no call fails, calls are
+    /// only counted.
     std::uint64_t number = 0;
-    /// What the call fails with: an `errno`, or the result of `getaddrinfo`.
+    /// The `errno` that the call fails with, or the result of `getaddrinfo`.
     int error = 0;
 };
 
-// None of the following allocates.
+// None of the following functions allocates.
 
-/// Counts all calls from now on, from 0, and has `fault` happen. If `traces`, it prints the stack then.
+/// Resets the counts, starts counting calls and makes the call of `fault` fail. If `traces`, prints the stack when it
+/// fails.
 void arm(const Fault& fault, bool traces);
 
-/// From now on nothing fails and nothing is counted.
+/// Stops counting calls and making them fail.
 void disarm();
 
-/// How many calls of this kind were counted.
+/// The number of counted calls of this kind.
 std::uint64_t countOf(Call call);
 
-/// Whether the fault has happened.
+/// Whether the call of the fault has failed.
 bool hasFailed();
 
-/// What was allocated and is not freed, in bytes.
+/// The number of bytes that are allocated and not freed.
 std::int64_t liveBytes();
 
-/// While one lives, the calls of this thread neither fail nor count.
+/// While an instance exists, the calls of its thread do not fail and are not counted.
 class Exempt {
 public:
     Exempt();
@@ -79,7 +81,7 @@ public:
     Exempt& operator=(const Exempt&) = delete;
 };
 
-/// For the functions of the shim: counts a call. Returns whether it is to fail; errno is set then.
+/// For the functions of the shim: counts a call and returns whether it must fail. If so, sets errno.
 bool isToFail(Call call) noexcept;
 
 }  // namespace VanticRestKit::test

@@ -1,4 +1,4 @@
-// The system calls of the C library that a test can have fail, and what starts threads and looks up names.
+// The system calls of the C library that a test can make fail, pthread_create and getaddrinfo.
 
 #include "Shim.h"
 
@@ -24,7 +24,7 @@ using VanticRestKit::test::isToFail;
 
 namespace {
 
-// The C library's own function of a name.
+// The C library's own function with this name.
 template <class Function>
 Function* next(const char* name) noexcept {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
@@ -32,7 +32,7 @@ Function* next(const char* name) noexcept {
 
 }  // namespace
 
-// A function that fails with a value of its own, given what it takes and what it hands on.
+// Defines a function that returns `failure` if it must fail, and else calls the C library with `arguments`.
 #define VRK_CALL(call, failure, result, name, parameters, arguments) \
     extern "C" result name parameters {                              \
         static auto* const real = next<result parameters>(#name);    \
@@ -101,7 +101,7 @@ VRK_CALL(mmap, MAP_FAILED, void*, mmap,
 VRK_CALL(mmap, MAP_FAILED, void*, mmap64,
          (void* at, size_t size, int protection, int flags, int file, off64_t offset),
          (at, size, protection, flags, file, offset))
-// These two give the error as their result.
+// The following two return the error instead of setting errno.
 VRK_CALL(pthreadCreate, errno, int, pthread_create,
          (pthread_t * thread, const pthread_attr_t* attributes, void* (*run)(void*), void* argument),
          (thread, attributes, run, argument))
@@ -109,7 +109,7 @@ VRK_CALL(getaddrinfo, errno, int, getaddrinfo,
          (const char* host, const char* service, const addrinfo* hints, addrinfo** found),
          (host, service, hints, found))
 
-// A descriptor is closed even if that fails.
+// Linux closes the descriptor even if close fails.
 extern "C" int close(int file) {
     static auto* const real = next<int(int)>("close");
     if (!isToFail(Call::close)) return real(file);
@@ -119,7 +119,7 @@ extern "C" int close(int file) {
     return -1;
 }
 
-// Those with an ellipsis have one more argument at most, as wide as a pointer.
+// Functions with an ellipsis take at most one more argument, no wider than a pointer.
 
 #define VRK_OPEN(name)                                                     \
     extern "C" int name(const char* path, int flags, ...) {                \

@@ -19,10 +19,10 @@ namespace VanticRestKit::test {
 
 namespace {
 
-// What a round may leave: a thread of the pool, a string of an error that is made once.
+// A round may leave memory that is allocated once: of a pool thread, or of the string of an error.
 constexpr std::int64_t bytesTolerated = 4096;
 
-// What the child writes when its rounds are over.
+// Written by the child process at the end of its rounds.
 struct Findings {
     RoundOutcome::Kind kind = RoundOutcome::Kind::value;
     RoundOutcome::Kind nextKind = RoundOutcome::Kind::value;
@@ -37,7 +37,7 @@ void write(const Findings& findings, int descriptor) {
     [[maybe_unused]] const auto written = ::write(descriptor, &findings, sizeof(findings));
 }
 
-// Nothing catches what a host's own thread throws.
+// noexcept, as in a host that does not catch exceptions of its threads: the process must end.
 Findings find(const Trial& trial, RoundSetting setting) noexcept {
     constexpr std::int64_t anyBytes = std::numeric_limits<std::int32_t>::max();
     constexpr int warmUps = 3;
@@ -74,9 +74,9 @@ Findings find(const Trial& trial, RoundSetting setting) noexcept {
 
 struct Child {
     pid_t process = -1;
-    /// Where it writes what it has found,
+    /// Receives the `Findings` of the process.
     int report = -1;
-    /// and its messages.
+    /// Receives what the process prints to stderr.
     int messages = -1;
 };
 
@@ -111,7 +111,7 @@ std::string leftIn(const Findings& findings) {
            std::to_string(findings.bytesLeft) + " bytes are left";
 }
 
-// What OpenSSL could not set up with the first load of a process it does not try to set up again.
+// The load after a failed first one may fail too: OpenSSL does not repeat a failed initialization.
 Verdict judge(const Findings& findings, bool isFirst, std::string& story) {
     using Kind = RoundOutcome::Kind;
     if (findings.kind == Kind::wrong) return Verdict::wrong;
@@ -125,8 +125,8 @@ Verdict judge(const Findings& findings, bool isFirst, std::string& story) {
     return findings.kind == Kind::value ? Verdict::value : Verdict::error;
 }
 
-// Whether a process that has ended by itself has said that it lacked memory.
-bool hasSaidWhy(int status, const std::string& messages) {
+// Whether the process ended itself with a message that memory ran out.
+bool reportsLackOfMemory(int status, const std::string& messages) {
     constexpr int exitOfTheLoader = 127;
     const bool hasAborted = WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT;
     const bool hasGivenUp = WIFEXITED(status) && WEXITSTATUS(status) == exitOfTheLoader;
@@ -167,8 +167,9 @@ TrialReport runTrial(const Trial& trial, const RoundSetting& setting) {
         report.story = findings.story.data();
         report.verdict = judge(findings, trial.isFirst, report.story);
     } else {
-        const bool isExcused = traitsOf(trial.fault.call).isOfMemory && hasSaidWhy(status, messages);
-        report.verdict = isExcused ? Verdict::message : Verdict::crashed;
+        const bool ranOutOfMemory =
+            traitsOf(trial.fault.call).allocatesMemory && reportsLackOfMemory(status, messages);
+        report.verdict = ranOutOfMemory ? Verdict::message : Verdict::crashed;
         report.story = endOf(status) + ": " + messages;
     }
     ::close(child.report);

@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// A round in a process of its own, in which one call fails, and what became of it.
+/// Runs a round in a separate process in which one call fails, and judges the result.
 
 #include "Round.h"
 #include "Shim.h"
@@ -15,31 +15,32 @@ namespace VanticRestKit::test {
 
 struct Trial {
     const Scenario* scenario = nullptr;
-    /// Whether the calls that fail are those of the first load of the process, else those of a later session.
+    /// Whether a call of the first load of the process fails; otherwise one of a later session.
     bool isFirst = false;
     Fault fault{};
-    /// Whether the stack of the call that fails is printed.
+    /// Whether to print the stack of the call that fails.
     bool isTraced = false;
-    /// When it counts as hung: far more than its rounds take on a busy machine, and less than any time-out of a load.
+    /// After this time the process counts as hung. Far longer than the rounds take on a busy machine, but shorter than
+    /// any timeout of a load.
     std::chrono::seconds deadline{25};
 };
 
 enum class Verdict {
-    /// All went well: the call did not fail, since there were fewer this time.
+    /// The loads succeeded, and no call failed: there were fewer calls this time.
     untouched,
-    /// The fault was made good.
+    /// The loads succeeded despite the failed call.
     value,
-    /// The load ended with an error.
+    /// A load ended with an error.
     error,
-    /// The process ended for want of memory, with a message.
+    /// The process ended with a message that memory ran out.
     message,
-    // What must not be:
+    // The rest are faults of the library:
     hung,
     wrong,
     crashed,
-    /// Descriptors or memory were left.
+    /// Descriptors or memory were not released.
     leaked,
-    /// After a fault in a later session, the next one did not load.
+    /// After a fault in a later session, the next session did not load.
     spoiled,
 };
 
@@ -52,11 +53,11 @@ const char* nameOf(Verdict verdict);
 struct TrialReport {
     Verdict verdict = Verdict::crashed;
     std::string story{};
-    /// How many calls of each kind there were.
+    /// The number of calls of each kind.
     std::array<std::uint64_t, callCount> counts{};
 };
 
-/// Runs a trial. For a program with one thread.
+/// Runs a trial. The program must have one thread only, because the trial forks.
 TrialReport runTrial(const Trial& trial, const RoundSetting& setting);
 
 }  // namespace VanticRestKit::test

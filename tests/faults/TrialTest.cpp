@@ -1,4 +1,4 @@
-// What a trial finds: rounds that do what a load must never do.
+// Trials with rounds that misbehave in ways that a load never may.
 
 #include "Trial.h"
 
@@ -15,7 +15,7 @@ namespace {
 
 using Kind = RoundOutcome::Kind;
 
-// A trial of a later session warms up with three rounds, and asks for another one after that in which a call fails.
+// The numbers of the rounds after the three that warm up: the one in which a call fails, and the next.
 constexpr int tried = 4;
 constexpr int next = 5;
 
@@ -32,20 +32,20 @@ RoundOutcome allocating(const RoundSetting&) {
     return {isThere ? Kind::value : Kind::error};
 }
 
-TEST(Trial, CountsTheCallsOfTheRoundAlone) {
+TEST(Trial, CountsOnlyTheCallsOfTheRound) {
     const TrialReport report = reportOn(&allocating);
     EXPECT_EQ(report.verdict, Verdict::untouched) << report.story;
     EXPECT_EQ(report.counts[static_cast<std::size_t>(Call::malloc)], 1U);
 }
 
-TEST(Trial, HasOneCallFail) {
+TEST(Trial, MakesOneCallFail) {
     EXPECT_EQ(reportOn(&allocating, {.call = Call::malloc, .number = 1, .error = ENOMEM}).verdict,
               Verdict::error);
     EXPECT_EQ(reportOn(&allocating, {.call = Call::malloc, .number = 2, .error = ENOMEM}).verdict,
               Verdict::untouched);
 }
 
-TEST(Trial, AcceptsAnEndForWantOfMemoryWithAMessage) {
+TEST(Trial, AcceptsAProcessThatReportsThatMemoryRanOut) {
     const auto run = [](const RoundSetting&) {
         delete new int;
         return RoundOutcome{};
@@ -54,7 +54,7 @@ TEST(Trial, AcceptsAnEndForWantOfMemoryWithAMessage) {
     EXPECT_EQ(report.verdict, Verdict::message) << report.story;
 }
 
-TEST(Trial, FindsAnEndWithoutAMessage) {
+TEST(Trial, FindsACrashWithoutAMessage) {
     const auto run = [](const RoundSetting& setting) {
         if (setting.number == tried) std::abort();
         return RoundOutcome{};
@@ -69,7 +69,7 @@ TEST(Trial, FindsAWrongValue) {
     EXPECT_EQ(reportOn(run).verdict, Verdict::wrong);
 }
 
-TEST(Trial, FindsAnErrorThatNothingCaused) {
+TEST(Trial, FindsAnErrorWithoutAFault) {
     const auto run = [](const RoundSetting& setting) {
         return RoundOutcome{setting.number == tried ? Kind::error : Kind::value};
     };
@@ -83,7 +83,7 @@ TEST(Trial, FindsASessionThatDoesNotLoadAfterTheFault) {
     EXPECT_EQ(reportOn(run).verdict, Verdict::spoiled);
 }
 
-TEST(Trial, FindsADescriptorThatIsLeft) {
+TEST(Trial, FindsALeakedDescriptor) {
     const auto run = [](const RoundSetting& setting) {
         if (setting.number == tried) static_cast<void>(dup(STDERR_FILENO));
         return RoundOutcome{};
@@ -91,7 +91,7 @@ TEST(Trial, FindsADescriptorThatIsLeft) {
     EXPECT_EQ(reportOn(run).verdict, Verdict::leaked);
 }
 
-TEST(Trial, FindsMemoryThatIsLeft) {
+TEST(Trial, FindsLeakedMemory) {
     const auto run = [](const RoundSetting& setting) {
         static void* left = nullptr;
         if (setting.number == tried) left = std::malloc(10'000);
