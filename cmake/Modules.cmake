@@ -17,8 +17,13 @@ endif()
 
 # vrk_module(FOLDER [SUBFOLDERS folder...] [DEPENDS folder...] [LIBRARIES library...])
 # Defines the target vrk_module_platform_url for a FOLDER such as platform/url. Its sources are those in the folder, in
-# its detail/ and in SUBFOLDERS. DEPENDS can only contain modules that were defined before.
+# its detail/ and in SUBFOLDERS. DEPENDS can only contain modules that were defined before. Does nothing if the module
+# belongs to a service that is left out.
 function(vrk_module folder)
+    string(REGEX REPLACE "/.*" "" service ${folder})
+    if(service IN_LIST VRK_LEFT_OUT)
+        return()
+    endif()
     cmake_parse_arguments(MODULE "" "" "SUBFOLDERS;DEPENDS;LIBRARIES" ${ARGN})
     string(REPLACE "/" "_" target vrk_module_${folder})
     set(sources)

@@ -16,7 +16,11 @@ if(NOT VRK_TESTING)
 endif()
 foreach(header IN LISTS headers)
     get_filename_component(folder ${header} DIRECTORY)
-    install(FILES ${VRK_INCLUDE_ROOT}/VanticRestKit/${header}
+    set(from ${VRK_INCLUDE_ROOT})
+    if(VRK_REDUCED_HEADERS AND EXISTS ${VRK_REDUCED_HEADERS}/VanticRestKit/${header})
+        set(from ${VRK_REDUCED_HEADERS})
+    endif()
+    install(FILES ${from}/VanticRestKit/${header}
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/VanticRestKit/${folder} COMPONENT development)
 endforeach()
 
@@ -65,6 +69,7 @@ set(pc_cflags "")
 if(VRK_NO_EXCEPTIONS)
     set(pc_cflags " -fno-rtti")
 endif()
+string(REPLACE ";" " " pc_services "${VRK_SERVICES}")
 foreach(file VanticRestKit.pc VanticRestKit-static.pc)
     configure_file(${CMAKE_CURRENT_LIST_DIR}/${file}.in ${PROJECT_BINARY_DIR}/package/${file} @ONLY)
     install(FILES ${PROJECT_BINARY_DIR}/package/${file}

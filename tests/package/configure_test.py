@@ -97,6 +97,36 @@ class Configure(unittest.TestCase):
         reason = self.refusal("-DCURL_NO_CURL_CMAKE=ON", f"-DCURL_INCLUDE_DIR={headers}")
         self.assertRegex(reason, r'Could NOT find CURL: Found unsuitable version "7.87.0", but required is at least "7.88"')
 
+    def test_a_service_that_does_not_exist_is_refused(self):
+        reason = self.refusal("-DVRK_SERVICES=lumeno;weather")
+        self.assertIn("VRK_SERVICES lists 'weather', which is no service. The services are lumeno, trelvo", reason)
+
+    def test_what_needs_every_service_is_refused_without_one(self):
+        for user in ("VRK_TESTS", "VRK_APPS", "VRK_TESTING", "VRK_BENCH"):
+            with self.subTest(user):
+                reason = self.refusal("-DVRK_SERVICES=lumeno;trelvo", f"-D{user}=ON")
+                self.assertIn(f"{user} needs every service, but VRK_SERVICES leaves out recs, kavro.", reason)
+
+    def syntax_of(self, *includes):
+        """Compiles a source that includes these headers as a host of the reduced library would."""
+        source = self.folder / "host.cpp"
+        source.write_text("".join(f"#include <VanticRestKit/{name}>\n" for name in includes), encoding="utf-8")
+        run(GIVEN.compiler, "-std=c++20", "-fsyntax-only", f"-I{self.folder}/build/reduced", f"-I{GIVEN.tree}/src", source)
+
+    def test_headers_of_services_that_are_left_out_say_so(self):
+        self.configure("-DVRK_SERVICES=recs")
+        self.syntax_of("VanticRestKit.h", "recs/RecsContext.h")
+        for header in ("lumeno/Video/Video.h", "trelvo/Trelvo.h", "kavro/KAVRORoutes.h"):
+            with self.assertRaises(Failed) as failure:
+                self.syntax_of(header)
+            reason = f"VanticRestKit was built without the service {header.split('/')[0]}; add"
+            self.assertIn(reason, str(failure.exception))
+
+    def test_a_service_that_is_built_in_later_has_its_headers_back(self):
+        self.configure("-DVRK_SERVICES=")
+        self.configure("-DVRK_SERVICES=trelvo")
+        self.syntax_of("VanticRestKit.h", "trelvo/Trelvo.h")
+
 
 if __name__ == "__main__":
     unittest.main(argv=sys.argv[:1], verbosity=2)

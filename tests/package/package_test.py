@@ -137,12 +137,14 @@ class Installed(Folder):
     def test_find_package_accepts_a_request_or_reports_the_reason(self):
         found = self.reasons()
         for accepted in ("1.0", "1.0...<2", "1...<2;COMPONENTS;shared", "COMPONENTS;static",
-                         "1.0;COMPONENTS;shared;OPTIONAL_COMPONENTS;python"):  # fmt: skip
+                         "1.0;COMPONENTS;shared;OPTIONAL_COMPONENTS;python", "COMPONENTS;trelvo",
+                         "COMPONENTS;shared;lumeno"):  # fmt: skip
             self.assertTrue(found[accepted].startswith("found 1."), (accepted, found[accepted]))
         for refused in ("2", "2...<3", "0.5...<1"):
             self.assertTrue(found[refused].startswith("not found"), (refused, found[refused]))
         self.assertEqual(
-            "not found: VanticRestKit has no component python; its components are shared, static, Testing and SampleService.",
+            "not found: VanticRestKit has no component python; its components are shared, static, Testing and SampleService, "
+            "and the services lumeno, trelvo, recs and kavro.",
             found["1.0;COMPONENTS;python"],
         )
 
@@ -267,6 +269,39 @@ class WithoutDiskCache(Folder):
         build(host)
         for kind in ("VanticRestKit", "VanticRestKit_static"):
             self.assert_works(host / f"with_{kind}")
+
+
+class Reduced(Folder):
+    @unittest.skipUnless(GIVEN.full, "builds a part of the library; with --full")
+    def test_the_library_is_built_installed_and_used_with_one_service(self):
+        folder, prefix = self.folder / "build", self.folder / "prefix"
+        mode = Mode(GIVEN.compilers[0])
+        configure(GIVEN.tree, folder, mode, "-DVRK_SERVICES=lumeno", flags=())
+        build(folder)
+        run("cmake", "--install", folder, "--prefix", prefix)
+        symbols = run("nm", "-DC", prefix / "lib/libVanticRestKit.so")
+        self.assertIn("VanticRestKit::Endpoint::Video", symbols)
+        for name in ("Trelvo", "UserClient", "KAVRO", "Recommendation"):
+            self.assertNotIn(f"VanticRestKit::{name}", symbols)
+        # This host uses the catalogue, and includes VanticRestKit.h.
+        host = self.folder / "host"
+        configure(HERE / "consumer", host, mode, f"-DCMAKE_PREFIX_PATH={prefix}")
+        build(host)
+        for kind in ("VanticRestKit", "VanticRestKit_static"):
+            self.assert_works(host / f"with_{kind}")
+        self.assert_refuses_trelvo(prefix, mode)
+
+    def assert_refuses_trelvo(self, prefix, mode):
+        printed = configure(HERE / "reasons", self.folder / "reasons", mode, f"-DCMAKE_PREFIX_PATH={prefix}")
+        self.assertRegex(printed, "COMPONENTS;shared;lumeno -> found")
+        self.assertRegex(
+            printed, "COMPONENTS;trelvo -> not found: VanticRestKit was built without the service trelvo; "
+            "its VRK_SERVICES is 'lumeno'")  # fmt: skip
+        source = self.folder / "host.cpp"
+        source.write_text("#include <VanticRestKit/trelvo/Trelvo.h>\n", encoding="utf-8")
+        reason = "VanticRestKit was built without the service trelvo"
+        self.assertRaisesRegex(Failed, reason, run, mode.compiler, "-std=c++20", f"-I{prefix}/include", "-fsyntax-only", source)
+        self.assertIn("services=lumeno\n", (prefix / "lib/pkgconfig/VanticRestKit.pc").read_text(encoding="utf-8"))
 
 
 if __name__ == "__main__":
