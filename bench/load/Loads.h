@@ -1,16 +1,15 @@
 #pragma once
 
+#include <support/Detached.h>
 #include <VanticRestKit/Core/Context.h>
 #include <VanticRestKit/Core/NetworkServiceble.h>
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/platform/http/URLSession.h>
 
 #include <atomic>
-#include <coroutine>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
 #include <memory>
 #include <semaphore>
 #include <string>
@@ -25,17 +24,6 @@ inline URLRequest requestOf(const std::string& address) { return URLRequest(URL:
 
 /// How a load is started.
 enum class Form { plain, awaited };
-
-/// A coroutine that starts immediately and destroys itself at its end.
-struct Detached {
-    struct promise_type {
-        Detached get_return_object() const noexcept { return {}; }
-        std::suspend_never initial_suspend() const noexcept { return {}; }
-        std::suspend_never final_suspend() const noexcept { return {}; }
-        void return_void() const noexcept {}
-        void unhandled_exception() const noexcept { std::terminate(); }
-    };
-};
 
 class SessionContext : public virtual Context {
 public:
@@ -91,7 +79,7 @@ private:
         }
     }
 
-    Detached await(Resource<Texts> resource) {
+    test::Detached await(Resource<Texts> resource) {
         const Result<Texts, LoaderError> texts = co_await resource.value();
         ended(texts);
     }

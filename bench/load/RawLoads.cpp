@@ -26,15 +26,22 @@ curl_slist* sameHeaders() {
 RawLoads::RawLoads(Settings settings)
     : settings_(std::move(settings)), multi_(curl_multi_init()), headers_(sameHeaders()) {
     curl_multi_setopt(multi_, CURLMOPT_MAX_HOST_CONNECTIONS, settings_.connections);
+    // By default libcurl keeps four times as many as there are handles under way, so few when the last one ends.
+    curl_multi_setopt(multi_, CURLMOPT_MAXCONNECTS, settings_.connections);
 }
 
 RawLoads::~RawLoads() {
+    dropHandles();
+    curl_multi_cleanup(multi_);
+    curl_slist_free_all(headers_);
+}
+
+void RawLoads::dropHandles() {
     for (Load* load : idle_) {
         curl_easy_cleanup(load->handle);
         delete load;
     }
-    curl_multi_cleanup(multi_);
-    curl_slist_free_all(headers_);
+    idle_.clear();
 }
 
 void RawLoads::start() {
@@ -56,8 +63,9 @@ void RawLoads::start() {
     curl_easy_setopt(handle, CURLOPT_PROXY, "");
     if (!settings_.caBundlePath.empty()) {
         curl_easy_setopt(handle, CURLOPT_CAINFO, settings_.caBundlePath.c_str());
-        curl_easy_setopt(handle, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
-        curl_easy_setopt(handle, CURLOPT_PIPEWAIT, 1L);
+        const long version = settings_.speaksHTTP2 ? CURL_HTTP_VERSION_2TLS : CURL_HTTP_VERSION_1_1;
+        curl_easy_setopt(handle, CURLOPT_HTTP_VERSION, version);
+        curl_easy_setopt(handle, CURLOPT_PIPEWAIT, settings_.speaksHTTP2 ? 1L : 0L);
     }
     curl_multi_add_handle(multi_, handle);
 }

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace VanticRestKit::bench {
@@ -16,7 +17,9 @@ public:
         std::string url{};
         /// The trusted root certificates. If set, HTTP/2 is requested, and requests wait to share a connection.
         std::string caBundlePath{};
+        /// How many are opened at most, and how many are kept.
         long connections = 0;
+        bool speaksHTTP2 = true;
     };
 
     explicit RawLoads(Settings settings);
@@ -24,8 +27,13 @@ public:
     RawLoads(const RawLoads&) = delete;
     RawLoads& operator=(const RawLoads&) = delete;
 
+    void setURL(std::string url) { settings_.url = std::move(url); }
+
     /// Loads `count` times, `atOnce` at a time.
     void run(std::size_t count, std::size_t atOnce);
+
+    /// Destroys the easy handles, with the bodies. The connections stay.
+    void dropHandles();
 
 private:
     struct Load {

@@ -94,12 +94,27 @@ private:
         } else if (file == releasing_) {
             holds_ = false;
             epoll_ctl(poll_, EPOLL_CTL_DEL, releasing_, nullptr);
-            for (auto& [open, connection] : connections_) {
-                for (; connection.held > 0; --connection.held) send(open, answer_);
-            }
+            answerHeld();
         } else {
             read(file);
         }
+    }
+
+    void answerHeld() {
+        for (auto& [open, connection] : connections_) {
+            for (; connection.held > 0; --connection.held) send(open, answer_);
+        }
+        heldTogether_ = 0;
+    }
+
+    /// Whether a request waits for others; the last one of them has all answered.
+    bool waitsForOthers(int file, std::string_view line) {
+        constexpr std::string_view path = " /together/";
+        const auto found = line.find(path);
+        if (found == std::string_view::npos) return false;
+        ++connections_[file].held;
+        if (++heldTogether_ >= std::atoi(line.data() + found + path.size())) answerHeld();
+        return true;
     }
 
     void read(int file) {
@@ -114,9 +129,10 @@ private:
         connection.request.append(bytes.data(), static_cast<std::size_t>(size));
         for (std::size_t end; (end = connection.request.find("\r\n\r\n")) != std::string::npos;) {
             const std::string_view head(connection.request.data(), end);
-            if (holds_ && head.substr(0, head.find("\r\n")).find(" /held") != std::string_view::npos) {
+            const std::string_view line = head.substr(0, head.find("\r\n"));
+            if (holds_ && line.find(" /held") != std::string_view::npos) {
                 ++connection.held;
-            } else {
+            } else if (!waitsForOthers(file, line)) {
                 send(file, answerTo(head));
             }
             connection.request.erase(0, end + 4);
@@ -148,6 +164,7 @@ private:
     std::string checked_;
     std::string unchanged_;
     bool holds_ = true;
+    int heldTogether_ = 0;
     std::map<int, Connection> connections_;
 };
 

@@ -8,8 +8,9 @@
 namespace VanticRestKit::bench {
 
 /// A small HTTP/1.1 server in a separate process, so that its work is not counted. It responds to every request with
-/// the same body and keeps connections open. Requests whose path begins with "/held" wait until `release`. Responses to
-/// "/fresh" may be cached for an hour, and those to "/checked" must be revalidated.
+/// the same body and keeps connections open. Requests whose path begins with "/held" wait until `release`, and those to
+/// "/together/N" until N of them wait. Responses to "/fresh" may be cached for an hour, and those to "/checked" must be
+/// revalidated.
 class Server {
 public:
     /// Must be called before the first thread is started.

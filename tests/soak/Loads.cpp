@@ -3,13 +3,12 @@
 #include <VanticRestKit/Core/ErrorAdvice.h>
 #include <VanticRestKit/Core/NetworkServiceble.h>
 
+#include <support/Detached.h>
 #include <support/PlainOrigin.h>
 #include <support/Sanitized.h>
 
 #include <poll.h>
 #include <algorithm>
-#include <coroutine>
-#include <cstdlib>
 #include <stop_token>
 #include <utility>
 
@@ -30,17 +29,6 @@ constexpr std::chrono::seconds usualDeadline{30};
 
 enum class Form { completion, publisher, future, coroutine };
 constexpr std::uint64_t lastForm = 3;
-
-/// A coroutine that nothing awaits.
-struct Detached {
-    struct promise_type {
-        Detached get_return_object() { return {}; }
-        std::suspend_never initial_suspend() noexcept { return {}; }
-        std::suspend_never final_suspend() noexcept { return {}; }
-        void return_void() {}
-        void unhandled_exception() { std::abort(); }
-    };
-};
 
 template <class Outcome>
 Detached awaitLoad(Resource<Data> resource, LoadOptions options, UniqueFunction<void(Outcome)> completion) {
