@@ -165,6 +165,13 @@ bool StoreWorker::handleDamage(int result) {
     return true;
 }
 
+bool StoreWorker::handleLostLock(int result) {
+    if ((result & 0xff) != SQLITE_PROTOCOL) return false;
+    database_.close();
+    used_.clear();
+    return true;
+}
+
 void StoreWorker::updateUsage() {
     std::uint64_t bytes = 0;
     if (!database_.isOpen() || database_.usage(bytes) != SQLITE_OK) return;

@@ -54,6 +54,9 @@ private:
 
     /// If `result` indicates damage, sets the file aside and returns true.
     bool handleDamage(int result);
+    /// Whether a lock of the file could not be given back. Then SQLite waits ten seconds for its own lock with each
+    /// call, until the file is closed, as it has been.
+    bool handleLostLock(int result);
     void reportFault(int result);
     void report(DiskCacheErrorCode code, const std::string& reason);
 

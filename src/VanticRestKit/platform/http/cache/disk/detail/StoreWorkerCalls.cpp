@@ -45,7 +45,7 @@ void StoreWorker::read(StoreCall& call) {
         const int result = database_.find(call.record.key, found);
         if (result != SQLITE_OK) {
             found = {};
-            if (!handleDamage(result)) reportFault(result);
+            if (!handleDamage(result) && !handleLostLock(result)) reportFault(result);
         }
         used_.insert(used_.end(), found.ids.begin(), found.ids.end());
         if (!found.damaged.empty()) removeDamaged(found.damaged);
@@ -73,7 +73,7 @@ void StoreWorker::write(std::span<StoreCall> calls) {
             updateUsage();
             return;
         }
-        if (handleDamage(result) || folder_.identity() != identity_) continue;
+        if (handleDamage(result) || handleLostLock(result) || folder_.identity() != identity_) continue;
         if ((result & 0xff) == SQLITE_FULL && calls.size() > 1) {
             // Some of them may fit or need no space.
             for (StoreCall& call : calls) write({&call, 1});
@@ -92,7 +92,7 @@ int StoreWorker::transact(std::span<const StoreCall> calls) {
     if (result == SQLITE_OK) result = database_.commit();
     database_.rollback();
     // The records are already stored, so a failure here does not matter.
-    if (result == SQLITE_OK) database_.shrink();
+    if (result == SQLITE_OK) handleLostLock(database_.shrink());
     return result;
 }
 
