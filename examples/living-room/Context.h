@@ -1,13 +1,13 @@
 #pragma once
 
-// The contexts of this host: where the service is, how it is asked, and who is told of it.
+// The contexts of this host: where the service is, how requests reach it, and who observes them.
 
 #include "Http.h"
 
 namespace living_room {
 
 /// What all browsers share: the address of the service, one session with its cache, and the queue of the host's loop,
-/// on which every load goes on. Immutable.
+/// on which every load resumes. Immutable.
 class Service {
 public:
     Service(URL baseURL, DispatchQueue loop);
@@ -19,11 +19,8 @@ public:
     const std::shared_ptr<NetworkSession>& network() const noexcept { return network_; }
     URLCache& cache() const noexcept { return *session_->configuration().urlCache; }
 
-    /// How everything is loaded: on the loop, within a time that a viewer would wait, as long as the browser is there.
+    /// For every load: it resumes on the loop, takes no longer than a viewer would wait, and ends with `gone`.
     LoadOptions options(std::stop_token gone) const;
-
-    /// The path at this service of an address that it sent; empty if the address is of another server.
-    std::optional<std::string> pathOf(const std::optional<std::string>& address) const;
 
 private:
     URL baseURL_;
@@ -32,37 +29,31 @@ private:
     std::shared_ptr<NetworkSession> network_;
 };
 
-/// Asks the service for one browser, whose observer is told of each request.
-class CatalogueContext : public virtual Context, public ObservableContext {
+/// The service as one browser uses it, with the user who is signed in there. The observer receives a record of each
+/// request. The user is set and read on the host's loop only.
+class BrowserContext : public TrelvoContext, public ObservableContext {
 public:
-    CatalogueContext(const Service& service, std::shared_ptr<RequestObserver> observer);
+    BrowserContext(const Service& service, std::shared_ptr<RequestObserver> observer)
+        : baseURL_(service.baseURL()), network_(service.network()), observer_(std::move(observer)) {}
 
     URL baseURL() const override { return baseURL_; }
     std::shared_ptr<Serviceable> service(ServiceArguments arguments) const override;
     std::shared_ptr<RequestObserver> observer() const override { return observer_; }
+    SourceSystem source() const override { return SourceSystem::lumeno; }
+    std::optional<std::string> uid() const override { return uid_; }
+    void setUID(std::optional<std::string> uid) { uid_ = std::move(uid); }
 
 private:
     URL baseURL_;
     std::shared_ptr<NetworkSession> network_;
     std::shared_ptr<RequestObserver> observer_;
-};
-
-/// The same with the user who is signed in at that browser. The user is set and read on the host's loop only.
-class SignedInContext final : public CatalogueContext, public TrelvoContext {
-public:
-    using CatalogueContext::CatalogueContext;
-    std::optional<std::string> uid() const override { return uid_; }
-    SourceSystem source() const override { return SourceSystem::lumeno; }
-    void setUID(std::optional<std::string> uid) { uid_ = std::move(uid); }
-
-private:
     std::optional<std::string> uid_{};
 };
 
-/// The same for recommendations, whose every request carries a key.
-class RecommendationsContext final : public CatalogueContext, public RecsContext {
+/// The same for recommendations. It is a context of its own because its key would be added to every request.
+class RecommendationsContext final : public BrowserContext, public RecsContext {
 public:
-    using CatalogueContext::CatalogueContext;
+    using BrowserContext::BrowserContext;
     std::string apiKey() const override { return "living-room"; }
 };
 

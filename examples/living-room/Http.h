@@ -7,43 +7,35 @@
 #include <VanticRestKit/platform/async/Task.h>
 #include <VanticRestKit/VanticRestKit.h>
 
-#include <chrono>
 #include <map>
-#include <memory>
-#include <optional>
-#include <stop_token>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
 
 namespace living_room {
 
 using namespace VanticRestKit;
 
-/// The items of a query or of a form. The last one counts of several with one name.
-using Fields = std::map<std::string, std::string, std::less<>>;
-
 struct Request {
     std::string method = "GET";
-    /// Decoded; always with a slash at its front.
+    /// Path and query as the browser sent them.
+    std::string target{};
+    /// Decoded; begins with a slash.
     std::string path = "/";
-    Fields query{};
-    /// The body of a form that was posted.
-    Fields form{};
-    /// By their names in small letters.
-    Fields headers{};
-    /// Why the request cannot be understood, as a status; 0 if it can.
+    /// The items of the query and of a form in the body. The last one counts if several have the same name.
+    std::map<std::string, std::string, std::less<>> fields{};
+    /// The headers of these names; empty if absent.
+    std::string host{}, origin{}, cookies{};
+    /// The status that says why the request cannot be understood; 0 if it can.
     int problem = 0;
     /// Stop is requested when the browser has gone away.
     std::stop_token gone{};
 
-    /// The value of a query item; empty if there is none.
-    std::string queried(std::string_view name) const;
-    std::string posted(std::string_view name) const;
-    std::string header(std::string_view name) const;
-    /// The value of the cookie of that name; empty if there is none.
+    /// The item with that name; empty if there is none.
+    std::string field(std::string_view name) const;
+    /// The cookie with that name; empty if there is none.
     std::string cookie(std::string_view name) const;
+
+    /// Sets target, path and fields from a request line and the body that follows it. Returns whether they are valid:
+    /// the target must be a path without zero bytes and without steps upwards.
+    bool read(std::string target, std::string body);
 };
 
 struct Answer {
@@ -53,19 +45,20 @@ struct Answer {
     std::vector<std::pair<std::string, std::string>> headers{};
 };
 
-/// A page: the template of that name, filled with `value`.
-Answer pageAnswer(std::string_view name, const Value& value, int status = 200);
+/// A page: the template with that name, filled with `values`.
+Answer pageAnswer(std::string_view name, Value::Object values, int status = 200);
 /// A part of a screen, with its state: "ready", "empty" or "failed".
-Answer partAnswer(std::string_view name, const Value& value, const char* state = "ready");
-/// A part with a sentence in place of what is not there.
-Answer emptyPart(const char* sentence);
-/// Leads the browser on with GET, as after a form.
+Answer partAnswer(std::string_view name, Value::Object values, const char* state = "ready");
+/// A part with a sentence that says what is missing.
+Answer emptyPart(std::string sentence);
+/// A part with tiles in that template, or with a sentence if there are none.
+Answer tilesPart(std::string_view name, Value::List tiles, std::string sentenceIfNone);
+/// Sends the browser to another address with GET, as after a form.
 Answer seeOther(std::string address);
 
-/// Sets path and query of `request` from the target of a request line. Whether that is one: a path without broken
-/// escapes, zero bytes and steps upwards.
-bool readTarget(const std::string& target, Request& request);
-/// Sets the form of `request` from the body that a browser sent. Whether that is one.
-bool readForm(std::string body, Request& request);
+/// Whether `text` has only ASCII letters, digits and the characters of `others`.
+bool isPlain(std::string_view text, std::string_view others);
+/// The number that `text` is; empty if it is not a whole number or is negative.
+std::optional<std::int64_t> numberIn(std::string_view text);
 
 }  // namespace living_room

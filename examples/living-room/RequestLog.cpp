@@ -3,10 +3,14 @@
 #include <algorithm>
 
 namespace living_room {
-
 namespace {
 
 constexpr std::size_t maxLines = 60;
+
+void addTo(Value::List& lines, Value line) {
+    lines.insert(lines.begin(), std::move(line));
+    if (lines.size() > maxLines) lines.pop_back();
+}
 
 std::string targetOf(const std::string& address) {
     const auto url = URL::make(address);
@@ -23,21 +27,20 @@ std::string textOf(const CodingPath& path) {
 
 }  // namespace
 
-// Every document is explained: this host serves few browsers, and its panel is there to show it.
+// Every document is explained, since this host serves few browsers and its panel is there to show the faults.
 RequestLog::RequestLog()
     : RequestObserver(
           {.revealsAddresses = true, .explainedShare = 1, .explainedBytesPerMinute = 64 * 1024 * 1024}) {}
 
 void RequestLog::requestEnded(const RequestMetrics& metrics) {
     const auto total = std::chrono::duration_cast<std::chrono::milliseconds>(metrics.total);
-    Value::Object line{{"method", metrics.method},
-                       {"target", targetOf(metrics.url)},
-                       {"outcome", metrics.status ? std::to_string(*metrics.status) : "no answer"},
-                       {"milliseconds", total.count()},
-                       {"source", nameOf(metrics.source)}};
     const std::lock_guard lock(mutex_);
-    requests_.push_front(std::move(line));
-    if (requests_.size() > maxLines) requests_.pop_back();
+    addTo(requests_,
+          Value::Object{{"method", metrics.method},
+                        {"target", targetOf(metrics.url)},
+                        {"outcome", metrics.status ? std::to_string(*metrics.status) : "no answer"},
+                        {"milliseconds", total.count()},
+                        {"source", nameOf(metrics.source)}});
 }
 
 void RequestLog::decodingFailed(const DecodingFailure& failure) {
@@ -52,21 +55,15 @@ void RequestLog::documentExplained(const ExplainedDocument& document) {
     }
 }
 
-void RequestLog::addSwallowed(std::string line) {
+void RequestLog::addSwallowed(const std::string& line) {
     const std::lock_guard lock(mutex_);
-    if (std::find(swallowed_.begin(), swallowed_.end(), line) != swallowed_.end()) return;
-    swallowed_.push_front(std::move(line));
-    if (swallowed_.size() > maxLines) swallowed_.pop_back();
+    const auto isLine = [&](const Value& known) { return known.text() == line; };
+    if (std::none_of(swallowed_.begin(), swallowed_.end(), isLine)) addTo(swallowed_, line);
 }
 
-Value::List RequestLog::requests() const {
+Value::Object RequestLog::lists() const {
     const std::lock_guard lock(mutex_);
-    return {requests_.begin(), requests_.end()};
-}
-
-Value::List RequestLog::swallowed() const {
-    const std::lock_guard lock(mutex_);
-    return {swallowed_.begin(), swallowed_.end()};
+    return {{"requests", requests_}, {"swallowed", swallowed_}};
 }
 
 void RequestLog::clear() {

@@ -1,15 +1,14 @@
 #pragma once
 
-// What the panel shows of a browser's requests.
+// What the panel shows about a browser's requests.
 
 #include "Http.h"
 
-#include <deque>
 #include <mutex>
 
 namespace living_room {
 
-/// Keeps the last requests of one browser and what decoding swallowed of their answers. Any thread.
+/// Keeps the latest requests of one browser, and what decoding their answers left out. Any thread.
 class RequestLog final : public RequestObserver {
 public:
     RequestLog();
@@ -18,19 +17,17 @@ public:
     void decodingFailed(const DecodingFailure& failure) override;
     void documentExplained(const ExplainedDocument& document) override;
 
-    /// The newest first, each with method, target, outcome (the status, or "no answer"), milliseconds and source.
-    Value::List requests() const;
-    /// A sentence each.
-    Value::List swallowed() const;
+    /// The two lists, latest first: `requests`, each with method, target, outcome (the status, or "no answer"),
+    /// milliseconds and source, and `swallowed`, a sentence each.
+    Value::Object lists() const;
     /// Forgets both, as for a new screen.
     void clear();
 
 private:
-    void addSwallowed(std::string line);
+    void addSwallowed(const std::string& line);
 
     mutable std::mutex mutex_{};
-    std::deque<Value::Object> requests_{};
-    std::deque<std::string> swallowed_{};
+    Value::List requests_{}, swallowed_{};
 };
 
 }  // namespace living_room

@@ -4,33 +4,32 @@
 
 #include "Http.h"
 
-#include <cstdint>
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/asio/signal_set.hpp>
+
 #include <functional>
 
 namespace living_room {
 
-/// Answers one request. It runs on the loop of the server; it may throw nothing.
+/// Answers one request, on the loop of the server. It must not throw.
 using Handler = std::function<Task<Answer>(Request)>;
 
 /// Serves HTTP/1.1 on 127.0.0.1. Everything happens on the thread that calls `run`: reading, the handler's coroutines,
-/// which go on through `queue`, and writing.
+/// which resume through `queue`, and writing.
 ///
-/// While a request is being answered the server reads on. So it notices at once when the browser goes away, and
-/// requests stop of `Request::gone`; the loads of the handler end with it.
+/// When a browser goes away while its request is being answered, stop is requested of `Request::gone`, which ends the
+/// loads of the handler.
 class Server {
 public:
     /// Listens on `port`, or on any free one if it is 0.
     explicit Server(std::uint16_t port);
-    ~Server();
-    Server(const Server&) = delete;
-    Server& operator=(const Server&) = delete;
 
-    /// 0 if the port could not be had.
-    std::uint16_t port() const noexcept;
+    /// 0 if the port is not available.
+    std::uint16_t port() const noexcept { return port_; }
     /// Runs blocks on the loop. Valid as long as the server.
-    const DispatchQueue& queue() const noexcept;
+    const DispatchQueue& queue() const noexcept { return queue_; }
 
-    /// Serves until `stop` was called and the handlers under way have ended.
+    /// Serves until `stop` was called and the handlers in progress have ended.
     void run(Handler handler);
     /// Ends `run`: closes all connections, which cancels what is being loaded for them. Any thread.
     void stop();
@@ -38,8 +37,20 @@ public:
     void stopOnSignals();
 
 private:
-    struct Loop;
-    std::unique_ptr<Loop> loop_;
+    /// A coroutine that runs to its end by itself; nothing awaits it.
+    struct Detached;
+
+    Detached accept();
+    /// Answers the requests of one connection, one after the other.
+    Detached serve(boost::asio::ip::tcp::socket socket);
+
+    boost::asio::io_context io_{1};
+    boost::asio::ip::tcp::acceptor acceptor_{io_};
+    boost::asio::signal_set signals_{io_};
+    std::stop_source stopping_{};
+    Handler handler_{};
+    std::uint16_t port_ = 0;
+    DispatchQueue queue_;
 };
 
 }  // namespace living_room

@@ -1,17 +1,15 @@
 #include "Template.h"
 
-#include "Assets.h"
-
 namespace living_room {
-
 namespace {
 
 /// The text after the line "<!-- template NAME -->", up to the next such line.
 std::string_view templateNamed(std::string_view name) {
     const std::string head = "<!-- template " + std::string(name) + " -->\n";
-    const std::size_t found = assets::templates.find(head);
+    const std::string_view all = asset("templates");
+    const std::size_t found = all.find(head);
     if (found == std::string_view::npos) return {};
-    const std::string_view rest = assets::templates.substr(found + head.size());
+    const std::string_view rest = all.substr(found + head.size());
     return rest.substr(0, rest.find("<!-- template "));
 }
 
@@ -32,11 +30,10 @@ public:
             if (kind == '#' || kind == '^') {
                 const std::string end = "{{/" + std::string(tag) + "}}";
                 const std::size_t length = text.find(end);
-                section(tag, text.substr(0, length), kind == '^');
+                section(found(tag), text.substr(0, length), kind == '^');
                 text.remove_prefix(length + end.size());
             } else if (kind == '>') {
-                const bool isNamedByValue = tag.starts_with('*');
-                run(templateNamed(isNamedByValue ? found(tag.substr(1)).text() : tag));
+                run(templateNamed(tag.starts_with('*') ? found(tag.substr(1)).text() : tag));
             } else {
                 escape(found(tag).text());
             }
@@ -55,11 +52,9 @@ private:
         return nothing;
     }
 
-    void section(std::string_view name, std::string_view body, bool ifEmpty) {
-        const Value& value = found(name);
-        if (value.empty() || ifEmpty) {
-            if (value.empty() && ifEmpty) run(body);
-        } else if (const Value::List* const list = value.list()) {
+    void section(const Value& value, std::string_view body, bool ifEmpty) {
+        if (value.empty() != ifEmpty) return;
+        if (const Value::List* const list = value.list(); list != nullptr && !ifEmpty) {
             for (const Value& item : *list) runWithin(item, body);
         } else {
             runWithin(value, body);
@@ -72,16 +67,16 @@ private:
         scopes_.pop_back();
     }
 
-    void escape(const std::string& text) {
+    void escape(std::string_view text) {
+        // HTML has no character for a zero byte.
+        constexpr std::string_view special("&<>\"'\0", 6);
+        constexpr const char* escapes[] = {"&amp;", "&lt;", "&gt;", "&quot;", "&#39;", "\xEF\xBF\xBD"};
         for (const char c : text) {
-            switch (c) {
-                case '&': output_ += "&amp;"; break;
-                case '<': output_ += "&lt;"; break;
-                case '>': output_ += "&gt;"; break;
-                case '"': output_ += "&quot;"; break;
-                case '\'': output_ += "&#39;"; break;
-                case '\0': output_ += "\xEF\xBF\xBD"; break;  // no character of HTML
-                default: output_ += c;
+            const std::size_t index = special.find(c);
+            if (index == std::string_view::npos) {
+                output_ += c;
+            } else {
+                output_ += escapes[index];
             }
         }
     }
@@ -93,19 +88,19 @@ private:
 }  // namespace
 
 bool Value::empty() const {
-    if (const auto* truth = std::get_if<bool>(&held_)) return !*truth;
-    if (const auto* values = list()) return values->empty();
+    if (const bool* const truth = std::get_if<bool>(&held_)) return !*truth;
+    if (list() != nullptr) return list()->empty();
     return !std::holds_alternative<Object>(held_) && text().empty();
 }
 
 std::string Value::text() const {
-    if (const auto* truth = std::get_if<bool>(&held_)) return *truth ? "true" : "false";
-    const auto* text = std::get_if<std::string>(&held_);
+    if (const bool* const truth = std::get_if<bool>(&held_)) return *truth ? "true" : "false";
+    const std::string* const text = std::get_if<std::string>(&held_);
     return text != nullptr ? *text : std::string();
 }
 
 const Value* Value::named(std::string_view name) const {
-    if (const auto* object = std::get_if<Object>(&held_)) {
+    if (const Object* const object = std::get_if<Object>(&held_)) {
         for (const auto& [key, value] : *object) {
             if (key == name) return &value;
         }
@@ -113,30 +108,10 @@ const Value* Value::named(std::string_view name) const {
     return nullptr;
 }
 
-void Value::set(std::string name, Value value) {
-    if (auto* object = std::get_if<Object>(&held_)) object->emplace_back(std::move(name), std::move(value));
-}
-
 std::string rendered(std::string_view name, const Value& value) {
     Renderer renderer(value);
     renderer.run(templateNamed(name));
     return std::move(renderer).output();
-}
-
-std::string percentEncoded(std::string_view text) {
-    constexpr char digits[] = "0123456789ABCDEF";
-    std::string encoded;
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        const bool isPlain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-                             std::string_view("-._~/").find(c) != std::string_view::npos;
-        if (isPlain) {
-            encoded += c;
-        } else {
-            encoded += {'%', digits[byte >> 4], digits[byte & 15]};
-        }
-    }
-    return encoded;
 }
 
 }  // namespace living_room

@@ -1,6 +1,6 @@
 #pragma once
 
-// Templates of HTML: what is filled in is text and is always escaped; markup is only what stands in a template.
+// HTML templates. What is filled in is text and is always escaped; only the templates contain markup.
 
 #include <concepts>
 #include <optional>
@@ -12,7 +12,11 @@
 
 namespace living_room {
 
-/// What a template is filled with: a text, a truth value, a list, or named values.
+/// A file that the build puts into the program, such as "living-room.css"; "templates" is all templates in one. Empty
+/// if there is no file with that name.
+std::string_view asset(std::string_view name);
+
+/// What a template is filled with: a string, a Boolean, a list, or named values.
 class Value {
 public:
     using List = std::vector<Value>;
@@ -28,28 +32,24 @@ public:
     Value(List list) : held_(std::move(list)) {}
     Value(Object object) : held_(std::move(object)) {}
 
-    /// Whether there is nothing to show: an empty text or list, or false.
+    /// Whether there is nothing to show: an empty string or list, or false.
     bool empty() const;
     /// As it is shown; empty for lists and objects.
     std::string text() const;
     const List* list() const noexcept { return std::get_if<List>(&held_); }
-    /// The value of that name in an object; null if there is none.
+    /// The value with that name in an object; null if there is none.
     const Value* named(std::string_view name) const;
-    void set(std::string name, Value value);
 
 private:
     std::variant<std::string, bool, List, Object> held_;
 };
 
-/// The template of that name, filled with `value`. In templates stand
+/// The template of that name, filled with `value`. Templates contain
 ///   {{name}}                  the text of a value, escaped for elements and for attributes in double quotes
 ///   {{#name}}...{{/name}}     once for each value of a list, or once if the value is not empty
 ///   {{^name}}...{{/name}}     once if the value is empty or missing
-///   {{>name}}, {{>*name}}     another template, by its name or by the value that names it
-/// Names are looked up from the inside out. A template cannot hold a section within one of the same name.
+///   {{>name}}, {{>*name}}     another template, by its name or by the value that contains its name
+/// Names are looked up from the innermost section outwards. Sections of one name cannot be nested in one template.
 std::string rendered(std::string_view name, const Value& value);
-
-/// `text` as a part of an address: the value of a query item.
-std::string percentEncoded(std::string_view text);
 
 }  // namespace living_room

@@ -4,10 +4,8 @@
 #include <random>
 
 namespace living_room {
-
 namespace {
 
-/// A value that cannot be guessed: 128 bits of the system's randomness.
 std::string newSession() {
     constexpr char digits[] = "0123456789abcdef";
     std::random_device random;
@@ -18,46 +16,36 @@ std::string newSession() {
 
 }  // namespace
 
-User::User(const Service& service, std::string session)
-    : session_(std::move(session)),
-      context_(std::make_shared<SignedInContext>(service, log_)),
-      accountContext_(std::make_shared<SignedInContext>(service, log_)),
-      recommendations_(service, log_),
-      client_(UserClient::make(context_)),
-      accountClient_(UserClient::make(accountContext_)) {}
+User::User(const Service& service)
+    : session(newSession()),
+      log(std::make_shared<RequestLog>()),
+      context(std::make_shared<BrowserContext>(service, log)),
+      accountContext(std::make_shared<BrowserContext>(service, log)),
+      client(UserClient::make(context)),
+      accountClient(UserClient::make(accountContext)),
+      recommendations(service, log) {}
 
-void User::signIn(std::string account) {
-    context_->setUID(account);
-    accountContext_->setUID(std::move(account));
+void User::signIn(const std::string& account) {
+    context->setUID(account);
+    accountContext->setUID(account);
 }
 
 void User::signOut() {
-    context_->setUID(std::nullopt);
-    accountContext_->setUID(std::nullopt);
-    client_->signOut();
-    accountClient_->signOut();
+    context->setUID(std::nullopt);
+    accountContext->setUID(std::nullopt);
+    client->signOut();
+    accountClient->signOut();
 }
 
 std::shared_ptr<User> Users::user(const std::string& session) {
-    if (const auto found = bySession_.find(session); found != bySession_.end()) {
-        recent_.splice(recent_.begin(), recent_, found->second);
-        return recent_.front();
+    const auto hasSession = [&](const auto& user) { return user->session == session; };
+    auto found = std::find_if(users_.begin(), users_.end(), hasSession);
+    if (found == users_.end()) {
+        if (users_.size() == maxUsers) users_.pop_back();
+        found = users_.insert(users_.end(), std::make_shared<User>(service_));
     }
-    if (recent_.size() == maxUsers) {
-        bySession_.erase(recent_.back()->session());
-        recent_.pop_back();
-    }
-    recent_.push_front(std::make_shared<User>(service_, newSession()));
-    bySession_.emplace(recent_.front()->session(), recent_.begin());
-    return recent_.front();
-}
-
-bool isAccountName(const std::string& text) {
-    const auto isPlain = [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' ||
-               c == '.';
-    };
-    return !text.empty() && text.size() <= 40 && std::all_of(text.begin(), text.end(), isPlain);
+    std::rotate(users_.begin(), found, found + 1);
+    return users_.front();
 }
 
 }  // namespace living_room

@@ -5,63 +5,43 @@
 #include "Context.h"
 #include "RequestLog.h"
 
-#include <list>
-
 namespace living_room {
 
-/// What the host keeps of one browser. Used on the host's loop only; the request log by any thread.
-class User {
-public:
-    /// `session` is the value of the browser's cookie.
-    User(const Service& service, std::string session);
+/// What the host keeps for one browser. Used on the host's loop only; the request log by any thread.
+struct User {
+    explicit User(const Service& service);
 
-    const std::string& session() const noexcept { return session_; }
-    const Context& catalogue() const noexcept { return *context_; }
-    const RecsContext& recommendations() const noexcept { return recommendations_; }
-    const UserClient& client() const noexcept { return *client_; }
-    /// The client of the account, whichever profile is in use: it knows the profiles.
-    const UserClient& accountClient() const noexcept { return *accountClient_; }
-    RequestLog& log() const noexcept { return *log_; }
+    /// The account. Empty if no one is signed in.
+    std::optional<std::string> account() const { return accountContext->uid(); }
+    /// The profile in use: the account itself, or one of its family. Each has a list and a history of its own.
+    std::optional<std::string> profile() const { return context->uid(); }
 
-    /// Empty if no one is signed in.
-    std::optional<std::string> account() const { return accountContext_->uid(); }
-    /// The profile in use, which has data of its own: the account itself, or one of its family.
-    std::optional<std::string> profile() const { return context_->uid(); }
-
-    void signIn(std::string account);
+    void signIn(const std::string& account);
     void signOut();
-    void useProfile(std::string uid) { context_->setUID(std::move(uid)); }
 
-private:
-    std::string session_;
-    std::shared_ptr<RequestLog> log_ = std::make_shared<RequestLog>();
-    std::shared_ptr<SignedInContext> context_;
-    std::shared_ptr<SignedInContext> accountContext_;
-    RecommendationsContext recommendations_;
-    std::shared_ptr<UserClient> client_;
-    std::shared_ptr<UserClient> accountClient_;
+    /// The value of the browser's cookie: 128 random bits, so that it cannot be guessed.
+    const std::string session;
+    const std::shared_ptr<RequestLog> log;
+    /// The context and the client of the profile in use, and those of the account, which knows all profiles.
+    const std::shared_ptr<BrowserContext> context, accountContext;
+    const std::shared_ptr<UserClient> client, accountClient;
+    const RecommendationsContext recommendations;
 };
 
-/// All browsers, by their cookies. The one that was idle longest is forgotten if there are too many.
+/// All browsers, by their cookies. If there are too many, the one that has been idle longest is forgotten.
 class Users {
 public:
-    static constexpr std::size_t maxUsers = 500;
-
     explicit Users(const Service& service) : service_(service) {}
 
     /// The user with that cookie; a new one, with a new cookie, if there is none.
     std::shared_ptr<User> user(const std::string& session);
 
 private:
-    using Recent = std::list<std::shared_ptr<User>>;
+    static constexpr std::size_t maxUsers = 500;
 
     const Service& service_;
-    /// The last one used first.
-    Recent recent_{};
-    std::map<std::string, Recent::iterator, std::less<>> bySession_{};
+    /// The most recently used one first.
+    std::vector<std::shared_ptr<User>> users_{};
 };
-
-/// Whether a text can be the name of an account: letters, digits and a few signs, not too many.
-bool isAccountName(const std::string& text);
 
 }  // namespace living_room

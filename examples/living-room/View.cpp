@@ -1,21 +1,9 @@
 #include "View.h"
 
 #include <algorithm>
-#include <cstdio>
 
 namespace living_room {
-
 namespace {
-
-/// Whether `path` is below `folder`, without steps upwards and escapes that could lead out of it.
-bool isBelow(std::string_view folder, const std::string& path) {
-    const auto isPlain = [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-               std::string_view("/-_.").find(c) != std::string_view::npos;
-    };
-    return path.starts_with(folder) && path.find("..") == std::string::npos &&
-           std::all_of(path.begin(), path.end(), isPlain);
-}
 
 Value::List badgesOf(const CollectionItem& item) {
     Value::List badges;
@@ -36,21 +24,20 @@ Value::List badgesOf(const CollectionItem& item) {
 }
 
 Value::List factsOf(const CollectionItem& item) {
-    const auto show = item.as<Show>();
     Value::List facts;
-    for (const auto& fact : {item.displayDuration(), item.classification(), item.channelTitle(),
-                             show != nullptr ? show->broadcastInfo : std::nullopt}) {
+    for (const auto& fact :
+         {item.displayDuration(), item.classification(), item.channelTitle(), item.broadcastInfo()}) {
         if (fact && !fact->empty()) facts.emplace_back(*fact);
     }
     return facts;
 }
 
 std::string linkOf(const CollectionItem& item) {
-    if (item.as<Series>() == nullptr) return pageOf(item.selfHref().value_or(""));
-    return pageOf(item.showHref().value_or("")) + "&series=" + percentEncoded(item.selfHref().value_or(""));
+    if (item.as<Series>() == nullptr) return screenLink(item.selfHref());
+    return screenLink(item.showHref()) + "?series=" + item.selfHref().value_or("");
 }
 
-/// An episode and a series are known by their show first.
+/// The title of a tile is that of the show, so the subtitle tells its episodes and series apart.
 std::string subtitleOf(const CollectionItem& item) {
     if (item.subtype() == LumenoSubtype::livestream) return item.channelTitle().value_or("");
     if (const auto subtitle = item.displaySubtitle()) return *subtitle;
@@ -58,42 +45,15 @@ std::string subtitleOf(const CollectionItem& item) {
     return title == item.showTitle() ? item.kickerTitle().value_or("") : title.value_or("");
 }
 
-Value programmeOf(const NowNextContainer& programme) {
-    return Value::Object{{"title", programme.displayTitle},
-                         {"subtitle", programme.displaySubtitle},
-                         {"start", programme.start},
-                         {"end", programme.end},
-                         {"length", programme.end - programme.start}};
+Value::Object programmeOf(const NowNextContainer& programme) {
+    return {{"title", programme.displayTitle},
+            {"subtitle", programme.displaySubtitle},
+            {"start", programme.start},
+            {"end", programme.end},
+            {"length", programme.end - programme.start}};
 }
 
 }  // namespace
-
-bool isPicturePath(const std::string& path) { return isBelow("pictures/", path); }
-bool isStreamPath(const std::string& path) { return isBelow("hls/", path) || isBelow("captions/", path); }
-
-std::string pictureLink(const std::optional<std::string>& address, const Service& service) {
-    const auto path = service.pathOf(address);
-    return path && isPicturePath(*path) ? "/picture?at=" + percentEncoded(*path) : "";
-}
-
-std::string streamLink(const std::string& address, const Service& service) {
-    const auto path = service.pathOf(address);
-    return path && isStreamPath(*path) ? "/stream/" + percentEncoded(*path) : address;
-}
-
-std::string pageOf(const std::string& href) {
-    return (href.starts_with("/video/") ? "/video?link=" : "/show?link=") + percentEncoded(href);
-}
-
-std::string clockText(std::int64_t seconds) {
-    char text[40];
-    const auto hours = static_cast<long long>(seconds / 3600);
-    const auto minutes = static_cast<long long>(seconds / 60 % 60);
-    const auto rest = static_cast<long long>(seconds % 60);
-    std::snprintf(text, sizeof text, hours > 0 ? "%lld:%02lld:%02lld" : "%.0lld%lld:%02lld", hours, minutes,
-                  rest);
-    return text;
-}
 
 Value::Object tileOf(const CollectionItem& item, const Service& service) {
     const Video* const video = item.as<Video>();
@@ -105,7 +65,7 @@ Value::Object tileOf(const CollectionItem& item, const Service& service) {
             {"subtitle", subtitleOf(item)},
             {"description", video != nullptr ? video->videoDescription : item.description()},
             {"link", linkOf(item)},
-            {"picture", pictureLink(item.thumbnail(), service)},
+            {"picture", fileLink(item.thumbnail(), service)},
             {"hasFacts", !facts.empty()},
             {"facts", facts},
             {"badges", badgesOf(item)}};
@@ -114,24 +74,18 @@ Value::Object tileOf(const CollectionItem& item, const Service& service) {
 Value::Object heroOf(const CollectionItem& item, const Service& service) {
     Value::Object hero = tileOf(item, service);
     hero.emplace_back("kicker", item.kickerTitle());
-    if (const auto video = item.playableVideo(); video && video->href) {
-        hero.emplace_back("playLink", pageOf(*video->href));
+    if (const auto video = item.playableVideo()) {
+        hero.emplace_back("playLink", screenLink(video->href));
         hero.emplace_back("playTitle", video->playTitle.value_or("Play"));
     }
     return hero;
-}
-
-Value::List tilesOf(const std::vector<CollectionItem>& items, const Service& service) {
-    Value::List tiles;
-    for (const CollectionItem& item : items) tiles.emplace_back(tileOf(item, service));
-    return tiles;
 }
 
 Value::List tilesOf(const std::vector<Video>& videos, const std::vector<HistoryData>& history,
                     const Service& service) {
     Value::List tiles;
     for (const Video& video : videos) {
-        Value::Object tile = tileOf(CollectionItem(video), service);
+        Value::Object tile = tileOf(video, service);
         const auto isOfVideo = [&](const HistoryData& record) { return record.key == video.houseNumber; };
         const auto record = std::find_if(history.begin(), history.end(), isOfVideo);
         const auto length = static_cast<std::int64_t>(video.duration.value_or(0));
@@ -144,8 +98,8 @@ Value::List tilesOf(const std::vector<Video>& videos, const std::vector<HistoryD
     return tiles;
 }
 
-Value channelOf(const Video& live, const NowNext& schedule, const Service& service) {
-    Value::Object channel = tileOf(CollectionItem(live), service);
+Value::Object channelOf(const Video& live, const NowNext& schedule, const Service& service) {
+    Value::Object channel = tileOf(live, service);
     channel.emplace_back("channel", live.channelTitle);
     if (schedule.now) channel.emplace_back("now", programmeOf(*schedule.now));
     if (schedule.next) channel.emplace_back("next", programmeOf(*schedule.next));
@@ -153,33 +107,52 @@ Value channelOf(const Video& live, const NowNext& schedule, const Service& servi
 }
 
 Value::Object playlistItemOf(const PlaylistItem& item, const Service& service) {
+    const auto linkTo = [&](const std::optional<std::string>& address) {
+        const std::string link = fileLink(address, service);
+        return link.empty() ? address.value_or("") : link;
+    };
     const StreamInfo& hls = item.streams.hls;
     const auto best = hls.url({.preferHighest = true});
-    std::string technologies = hls.protected_ ? "HLS (protected)" : "HLS";
-    if (item.streams.mpegdash) technologies += ", MPEG-DASH";
-    if (item.streams.fairplay) technologies += ", FairPlay";
     Value::List levels;
-    std::string chosen;
+    std::string_view chosen;
     for (const auto level : StreamInfo::StreamLevel::highToLow()) {
         const auto address = hls.url({.for_ = level});
         if (!address) continue;
         const bool isChosen = chosen.empty() && address == best;
         if (isChosen) chosen = rawValue(level);
-        levels.push_back(Value::Object{
-            {"name", rawValue(level)}, {"address", streamLink(*address, service)}, {"isChosen", isChosen}});
+        levels.push_back(
+            Value::Object{{"name", rawValue(level)}, {"address", linkTo(address)}, {"isChosen", isChosen}});
     }
     return {{"type", caseName(item.type)},
             {"text", item.warning.value_or(item.title.value_or(""))},
-            {"technologies", technologies},
+            {"isProtected", hls.protected_},
+            {"hasDASH", item.streams.mpegdash.has_value()},
+            {"hasFairPlay", item.streams.fairplay.has_value()},
+            {"hasOthers", item.streams.mpegdash || item.streams.fairplay},
             {"count", levels.size()},
             {"levels", levels},
             {"chosen", chosen},
-            {"stream", best ? streamLink(*best, service) : ""},
-            {"captions", item.captionsSrcVtt ? streamLink(*item.captionsSrcVtt, service) : ""}};
+            {"stream", linkTo(best)},
+            {"captions", linkTo(item.captionsSrcVtt)}};
 }
 
-Value rowOf(std::string title, std::string address) {
-    return Value::Object{{"title", std::move(title)}, {"address", std::move(address)}};
+std::string screenLink(const std::optional<std::string>& href) {
+    const bool isScreen = href && (href->starts_with("/show/") || href->starts_with("/video/"));
+    return isScreen ? *href : std::string();
+}
+
+std::string fileLink(const std::optional<std::string>& address, const Service& service) {
+    std::string base = service.baseURL().absoluteString();
+    if (base.ends_with('/')) base.pop_back();
+    if (!address || !address->starts_with(base)) return {};
+    const std::string path = address->substr(base.size());
+    return isFilePath(path) ? path : "";
+}
+
+bool isFilePath(std::string_view path) {
+    const bool isInFolder =
+        path.starts_with("/pictures/") || path.starts_with("/hls/") || path.starts_with("/captions/");
+    return isInFolder && isPlain(path, "/-_.") && path.find("..") == std::string_view::npos;
 }
 
 }  // namespace living_room

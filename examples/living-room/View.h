@@ -1,6 +1,6 @@
 #pragma once
 
-// What the screens show, made of the entities of the service: the values that templates are filled with.
+// View models: what the templates show, made of the entities of the service.
 
 #include "Context.h"
 
@@ -10,31 +10,26 @@ namespace living_room {
 Value::Object tileOf(const CollectionItem& item, const Service& service);
 /// The same over the whole width: also kicker, playLink and playTitle.
 Value::Object heroOf(const CollectionItem& item, const Service& service);
-Value::List tilesOf(const std::vector<CollectionItem>& items, const Service& service);
-/// Videos with their progress, by the records of a history: position and length in seconds.
+/// Tiles of shows, videos or collection items.
+template <class Items>
+Value::List tilesOf(const Items& items, const Service& service) {
+    Value::List tiles;
+    for (const auto& item : items) tiles.emplace_back(tileOf(item, service));
+    return tiles;
+}
+/// Videos with their progress: position and length in seconds, by the records of a history.
 Value::List tilesOf(const std::vector<Video>& videos, const std::vector<HistoryData>& history,
                     const Service& service);
-/// A livestream with what it sends now and next: title, subtitle, start, end and length of each.
-Value channelOf(const Video& live, const NowNext& schedule, const Service& service);
-
+/// A livestream with its programmes, now and next: title, subtitle, start, end and length of each.
+Value::Object channelOf(const Video& live, const NowNext& schedule, const Service& service);
 /// One thing that a video plays: type, text, technologies, levels, chosen (the level), stream (its address), captions.
 Value::Object playlistItemOf(const PlaylistItem& item, const Service& service);
 
-/// A row that loads its tiles from `address`.
-Value rowOf(std::string title, std::string address);
-
-/// The page of a show or video by a path that the service sent.
-std::string pageOf(const std::string& href);
-/// Where a browser gets a picture; empty if it is not one of the service's.
-std::string pictureLink(const std::optional<std::string>& address, const Service& service);
-/// Where a browser gets a stream or captions: at this host, if they are the service's, else where they are.
-std::string streamLink(const std::string& address, const Service& service);
-
-/// Paths of the service that browsers may get through this host. Nothing else of it can be reached by them.
-bool isPicturePath(const std::string& path);
-bool isStreamPath(const std::string& path);
-
-/// "2:05" or "1:02:05".
-std::string clockText(std::int64_t seconds);
+/// The screen of a show or video at this host, which is its path at the service; empty if it is another path.
+std::string screenLink(const std::optional<std::string>& href);
+/// A picture, a stream or captions at this host, which is its path at the service; empty if it is another address.
+std::string fileLink(const std::optional<std::string>& address, const Service& service);
+/// Whether browsers may get this path of the service through this host.
+bool isFilePath(std::string_view path);
 
 }  // namespace living_room

@@ -1,22 +1,29 @@
-# Writes OUTPUT, a source with the texts of FILES as arrays of bytes: those of one ending in one array, named after it.
-set(endings css js svg html)
-set(source "#include \"Assets.h\"\n\nnamespace living_room::assets {\n\n")
-foreach(ending IN LISTS endings)
-    set(bytes "")
-    foreach(file IN LISTS FILES)
-        if(file MATCHES "\\.${ending}$")
-            file(READ ${file} hex HEX)
-            string(APPEND bytes ${hex})
-        endif()
-    endforeach()
-    string(REGEX REPLACE "([0-9a-f][0-9a-f])" "'\\\\x\\1'," bytes "${bytes}")
-    string(APPEND source "constexpr char ${ending}Bytes[] = {${bytes}};\n")
+# Writes OUTPUT, the source of `asset` with the bytes of FILES: each file by its name, and all templates in one.
+set(bytesOfTemplates "")
+set(arrays "")
+set(rows "")
+macro(add name bytes)
+    string(REGEX REPLACE "([0-9a-f][0-9a-f])" "'\\\\x\\1'," characters "${bytes}")
+    string(REGEX REPLACE "[^a-z]" "_" array "bytes_of_${name}")
+    string(APPEND arrays "constexpr char ${array}[] = {${characters}};\n")
+    string(APPEND rows "    if (name == \"${name}\") return {${array}, sizeof ${array}};\n")
+endmacro()
+foreach(file IN LISTS FILES)
+    get_filename_component(name ${file} NAME)
+    file(READ ${file} bytes HEX)
+    if(name MATCHES "\\.html$")
+        string(APPEND bytesOfTemplates ${bytes})
+    else()
+        add(${name} ${bytes})
+    endif()
 endforeach()
-string(APPEND source "
-const std::string_view css(cssBytes, sizeof cssBytes);
-const std::string_view js(jsBytes, sizeof jsBytes);
-const std::string_view svg(svgBytes, sizeof svgBytes);
-const std::string_view templates(htmlBytes, sizeof htmlBytes);
+add(templates ${bytesOfTemplates})
+file(WRITE ${OUTPUT} "#include \"Template.h\"
 
-}  // namespace living_room::assets\n")
-file(WRITE ${OUTPUT} "${source}")
+namespace {
+${arrays}}  // namespace
+
+std::string_view living_room::asset(std::string_view name) {
+${rows}    return {};
+}
+")

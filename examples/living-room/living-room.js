@@ -1,4 +1,4 @@
-// What the screens do in the browser: load their parts, move the focus with the arrows, play, search and break things.
+// What the screens do in the browser: load their parts, move the focus with the arrow keys, search, play, break things.
 'use strict';
 
 const all = (selector, root = document) => [...root.querySelectorAll(selector)];
@@ -17,8 +17,8 @@ async function loadPart(part, quietly = false) {
     let state = 'failed', text = '';
     try {
         const answer = await fetch(part.dataset.src, {signal: load.signal});
-        const told = answer.headers.get('X-State');
-        if (told) [state, text] = [told, await answer.text()];
+        const sent = answer.headers.get('X-State');
+        if (sent) [state, text] = [sent, await answer.text()];
     } catch {
         if (load.signal.aborted) return;
     }
@@ -53,10 +53,11 @@ function arrived(part, hadFocus) {
     startPlayer(part);
     if (hadFocus) one(focusable, part)?.focus();
     returnFocus();
+    moveAwaitedFocus(part);
     showSurvived();
 }
 
-// A failure that may pass is tried again by itself, less and less often, while the page is looked at.
+// A failure that may be temporary is tried again by itself, less and less often, as long as the part shows it.
 function retryLater(part, failed) {
     const seconds = Number(failed?.dataset.retry);
     if (!seconds) return;
@@ -78,7 +79,7 @@ function reloadParts() {
     all('main > [data-src]').forEach(part => loadPart(part));
 }
 
-// ---- Focus: arrows move it in two dimensions, Enter opens, Escape and Backspace go back.
+// ---- Focus: arrow keys move it in two dimensions, Enter opens, Escape and Backspace go back.
 
 const focusable = 'a[href]:not([tabindex="-1"]), button:not([disabled]), input:not([type="hidden"]), video, [tabindex="0"]';
 const steps = {ArrowLeft: [-1, 0], ArrowRight: [1, 0], ArrowUp: [0, -1], ArrowDown: [0, 1]};
@@ -89,10 +90,11 @@ function isShown(element) {
         getComputedStyle(element).visibility !== 'hidden';
 }
 
-// The nearest in that direction: along a row exactly, across rows by the distance of the middles.
+// The nearest element in that direction. Sideways it must be in the same row; up and down, the nearest row comes first,
+// then the distance of the centres.
 function neighbour(from, [dx, dy]) {
     const a = from.getBoundingClientRect();
-    let best = null, least = Infinity;
+    let best = null, smallest = Infinity;
     for (const element of all(focusable)) {
         if (element === from || !isShown(element)) continue;
         const b = element.getBoundingClientRect();
@@ -100,10 +102,10 @@ function neighbour(from, [dx, dy]) {
         if (ahead < -8) continue;
         const overlap = dx ? Math.min(a.bottom, b.bottom) - Math.max(a.top, b.top) : 1;
         if (dx && overlap <= 0) continue;
-        const aside = dx ? Math.abs(a.top + a.height / 2 - b.top - b.height / 2)
+        const offset = dx ? Math.abs(a.top + a.height / 2 - b.top - b.height / 2)
                          : Math.abs(a.left + Math.min(a.width, 300) / 2 - b.left - Math.min(b.width, 300) / 2);
-        const distance = dx ? ahead + aside : Math.round(ahead / 40) * 400 + aside;
-        if (distance < least) [best, least] = [element, distance];
+        const distance = dx ? ahead + offset : Math.round(ahead / 40) * 400 + offset;
+        if (distance < smallest) [best, smallest] = [element, distance];
     }
     return best;
 }
@@ -112,9 +114,32 @@ function moveFocus(step) {
     const now = document.activeElement;
     const from = now && now !== document.body && now.id !== 'main' ? now : null;
     const next = from ? neighbour(from, step) : one('.tile, .button', one('main')) ?? one('nav a');
-    if (!next) return;
+    const part = from && step[1] ? loadingPart(from, step[1], next) : null;
+    awaited = part && {part, from, step};
+    if (part && !loads.has(part)) loadPart(part);
+    if (part || !next) return;
     next.focus({preventScroll: true});
     next.scrollIntoView({block: 'center', inline: 'nearest', behavior: calm.matches ? 'auto' : 'smooth'});
+}
+
+// A part that is still loading has nothing to focus: the focus stays where it is, and moves when the part has loaded.
+let awaited = null;
+
+function loadingPart(from, dy, next) {
+    const a = from.getBoundingClientRect(), limit = next?.getBoundingClientRect().top;
+    const isBetween = part => {
+        const b = part.getBoundingClientRect();
+        return dy > 0 ? b.top >= a.bottom - 8 && !(b.top >= limit) : b.bottom <= a.top + 8 && !(b.top <= limit);
+    };
+    const parts = all('main [data-src][data-state="loading"]');
+    return (dy > 0 ? parts : parts.reverse()).find(part => isShown(part) && isBetween(part));
+}
+
+function moveAwaitedFocus(part) {
+    if (awaited?.part !== part) return;
+    const {from, step} = awaited;
+    awaited = null;
+    if (document.activeElement === from) moveFocus(step);
 }
 
 const calm = matchMedia('(prefers-reduced-motion: reduce)');
@@ -146,7 +171,7 @@ document.addEventListener('keydown', event => {
     }
 });
 
-// Where the focus was on a screen is kept until the screen is opened again.
+// The link that was opened on a screen gets the focus when the user comes back to the screen.
 const placeKey = 'focus ' + location.pathname + location.search;
 
 document.addEventListener('click', event => {
@@ -171,16 +196,24 @@ function returnFocus() {
 
 const cameBack = performance.getEntriesByType('navigation')[0]?.type === 'back_forward';
 
-// ---- The clock, and the programmes that move with it.
+// ---- The clock, and what changes with it: times, and the progress of live programmes.
 
 function clockTime(seconds) {
     return new Date(1000 * seconds).toLocaleTimeString([], {hour: '2-digit', minute: '2-digit'});
+}
+
+// "2:05" or "1:02:05".
+function positionText(position) {
+    const [hours, minutes, seconds] = [position / 3600, position / 60 % 60, position % 60].map(Math.floor);
+    const twoDigits = number => String(number).padStart(2, '0');
+    return (hours ? `${hours}:${twoDigits(minutes)}` : minutes) + ':' + twoDigits(seconds);
 }
 
 function showTimes() {
     const now = Date.now() / 1000;
     all('.clock').forEach(clock => { clock.textContent = clockTime(now); });
     all('time[data-time]').forEach(time => { time.textContent = clockTime(Number(time.dataset.time)); });
+    all('time[data-position]').forEach(time => { time.textContent = positionText(Number(time.dataset.position)); });
     for (const bar of all('progress[data-end]')) {
         bar.value = Math.max(0, now - Number(bar.dataset.start));
         if (now < Number(bar.dataset.end)) continue;
@@ -206,7 +239,7 @@ document.addEventListener('click', event => {
     if (event.target.closest('[data-action="break-it"]')) togglePanel(panel.hidden);
 });
 
-// A form inside of a part is sent without leaving the screen; its part is then loaded anew.
+// A form inside a part is sent without leaving the screen; its part is then loaded again.
 document.addEventListener('submit', async event => {
     const form = event.target;
     if (form.id === 'search') return event.preventDefault();
@@ -217,7 +250,7 @@ document.addEventListener('submit', async event => {
     const body = new URLSearchParams(new FormData(form, event.submitter));
     try {
         await (await fetch(form.action, {method: 'POST', body})).text();
-    } catch { /* the part says so when it is loaded */ }
+    } catch { /* the part shows it when it is loaded again */ }
     if (inPanel) {
         await loadPanel();
         reloadParts();
@@ -226,16 +259,16 @@ document.addEventListener('submit', async event => {
     }
 });
 
-// ---- Search as you type: what was being loaded for fewer letters is cancelled.
+// ---- Search as you type: the load for the previous letters is cancelled.
 
 const word = one('#word');
-let typed = 0;
+let typingTimer = 0;
 word?.addEventListener('input', () => {
-    clearTimeout(typed);
-    typed = setTimeout(() => {
+    clearTimeout(typingTimer);
+    typingTimer = setTimeout(() => {
         const results = one('#results');
         const query = '?q=' + encodeURIComponent(word.value);
-        results.dataset.src = '/search/results' + query;
+        results.dataset.src = '/part/search' + query;
         history.replaceState(null, '', '/search' + (word.value ? query : ''));
         loadPart(results);
     }, 120);
@@ -246,8 +279,8 @@ word?.addEventListener('input', () => {
 function startPlayer(root) {
     const player = one('#player', root);
     if (!player) return;
-    const report = one('[data-player-state]', root);
-    let address = player.dataset.stream, resumeAt = Number(player.dataset.resume), stream = null, kept = -1;
+    const status = one('[data-player-state]', root);
+    let address = player.dataset.stream, stream = null, savedPosition = -1;
 
     function open(at) {
         stream?.destroy();
@@ -259,7 +292,7 @@ function startPlayer(root) {
             stream.loadSource(address);
             stream.attachMedia(player);
         } else {
-            report.textContent = 'This browser plays no HLS. The stream is at ' + new URL(address, location) + '.';
+            status.textContent = 'This browser cannot play HLS. The stream is at ' + new URL(address, location) + '.';
             return;
         }
         player.addEventListener('loadedmetadata', () => {
@@ -267,20 +300,22 @@ function startPlayer(root) {
         }, {once: true});
     }
 
-    function keep(done = false) {
+    function savePosition(done = false) {
         const position = Math.floor(player.currentTime);
-        if (!player.dataset.show || (position === kept && !done)) return;
-        kept = position;
+        if (!player.dataset.show || (position === savedPosition && !done)) return;
+        savedPosition = position;
         const body = new URLSearchParams({show: player.dataset.show, video: player.dataset.video, position, done: done ? '1' : '0'});
         fetch('/progress', {method: 'POST', body, keepalive: true}).then(answer => answer.text()).catch(() => {});
     }
 
-    player.addEventListener('error', () => { report.textContent = 'The stream cannot be played. It is at ' + new URL(address, location) + '.'; });
-    player.addEventListener('playing', () => { report.textContent = 'Playing'; });
-    player.addEventListener('pause', () => { report.textContent = 'Paused'; keep(); });
-    player.addEventListener('ended', () => { report.textContent = 'Ended'; keep(true); });
-    player.addEventListener('timeupdate', () => { if (Math.abs(player.currentTime - kept) >= 5) keep(); });
-    addEventListener('pagehide', () => { if (player.currentTime > 0 && !player.ended) keep(); });
+    player.addEventListener('error', () => { status.textContent = 'The stream cannot be played. It is at ' + new URL(address, location) + '.'; });
+    const playButton = one('[data-action="play"]', root);
+    const show = (state, label) => { status.textContent = state; playButton.textContent = label; };
+    player.addEventListener('playing', () => show('Playing', 'Pause'));
+    player.addEventListener('pause', () => { show('Paused', 'Play'); savePosition(); });
+    player.addEventListener('ended', () => { show('Ended', 'Play again'); savePosition(true); });
+    player.addEventListener('timeupdate', () => { if (Math.abs(player.currentTime - savedPosition) >= 5) savePosition(); });
+    addEventListener('pagehide', () => { if (player.currentTime > 0 && !player.ended) savePosition(); });
 
     all('[data-quality]', root).forEach(choice => choice.addEventListener('click', () => {
         const at = player.currentTime, wasPlaying = !player.paused;
@@ -289,9 +324,13 @@ function startPlayer(root) {
         open(at);
         if (wasPlaying) player.play();
     }));
-    one('[data-action="play"]', root)?.addEventListener('click', () => { player.play(); player.focus(); });
+    playButton.addEventListener('click', () => {
+        if (!player.paused) return player.pause();
+        player.play();
+        player.focus();
+    });
     one('[data-action="restart"]', root)?.addEventListener('click', () => { player.currentTime = 0; player.play(); player.focus(); });
-    open(resumeAt);
+    open(Number(player.dataset.resume));
 }
 
 // ---- The panel that breaks things.
@@ -313,7 +352,7 @@ function togglePanel(open) {
 
 async function loadPanel() {
     try {
-        const answer = await fetch('/panel');
+        const answer = await fetch('/part/panel');
         const text = await answer.text();
         one('.lists', panel).innerHTML = text;
     } catch { return; }
@@ -322,7 +361,7 @@ async function loadPanel() {
     showSurvived();
 }
 
-// What is on the screen, counted where it is seen.
+// Lists what the screen shows of each part.
 function showSurvived() {
     if (!panel || panel.hidden) return;
     const lines = all('main [data-src]').filter(part => part.dataset.state !== 'loading').map(part => {
@@ -338,7 +377,7 @@ function showSurvived() {
     }));
 }
 
-// ---- Begin.
+// ---- Start.
 
 watchParts();
 showTimes();

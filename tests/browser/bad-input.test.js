@@ -38,9 +38,9 @@ const statusOf = (answer) => Number(answer.match(/^HTTP\/1\.1 (\d+)/)?.[1]);
 
 const script = encodeURIComponent('"><script>window.wasRun = 1</script><img src=x onerror="window.wasRun = 2">');
 
-for (const path of ['/nothing', `/${script}`, `/search?q=${script}`, `/live?region=${script}`, `/show?link=${script}`,
-    '/show?link=%2Fshow%2Fnobody', '/show?link=https%3A%2F%2Felsewhere.example%2F', '/show', '/video?link=', '/search?q=%zz',
-    `/video?link=%2Fvideo%2F${script}`, `/row?link=${script}`, '/picture?at=https%3A%2F%2Felsewhere.example%2Fx.svg']) {
+for (const path of ['/nothing', `/${script}`, `/search?q=${script}`, `/live?region=${script}`, `/show/${script}`,
+    '/show/no-such-show', `/show/harbour-lights?series=${script}`, '/show/https%3A%2F%2Felsewhere.example%2F', '/show', '/video/',
+    '/search?q=%zz', `/video/${script}`, `/part/collection/${script}`, '/pictures/https%3A%2F%2Felsewhere.example%2Fx.svg']) {
     test(`${path} is a page that runs nothing of it`, async () => {
         await viewer.page.goto(television.host.address + path, { waitUntil: 'load' });
         await viewer.until(() => document.querySelectorAll('[data-state="loading"]').length === 0 ||
@@ -60,8 +60,8 @@ test('a search for markup shows it as it was typed', async () => {
 
 test('no address but those of the service is fetched', async () => {
     await television.service.clearLog();
-    for (const path of ['/picture?at=http://127.0.0.1:1/x', '/picture?at=//elsewhere.example/x', '/picture?at=v2/home',
-        '/picture?at=control/log', '/stream/v2/home', '/stream/control/log', '/stream/..%2Fcontrol/log', '/stream//elsewhere.example/x']) {
+    for (const path of ['/pictures/http://127.0.0.1:1/x', '/pictures/a%3Fb', '/v2/home', '/control/log', '/pictures/..%2Fv2/home',
+        '/hls/..%2F..%2Fcontrol/log', '/hls/%2e%2e%2fcontrol/log', '/captions/%00', '//elsewhere.example/x']) {
         const answer = await fetch(television.host.address + path);
         assert.ok(answer.status >= 400, `${path}: ${answer.status}`);
     }

@@ -1,19 +1,8 @@
 // The keys of a remote control: arrows, Enter, Escape and Backspace, and nothing else.
 
 import assert from 'node:assert/strict';
-import { after, afterEach, before, beforeEach, test } from 'node:test';
-import { Television } from './support/Television.js';
-
-let television, viewer;
-
-before(async () => { television = await Television.start(); });
-after(() => television?.end());
-beforeEach(async () => { viewer = await television.viewer(); });
-afterEach(async () => {
-    const { problems } = viewer;
-    await viewer.close();
-    assert.deepEqual(problems, []);
-});
+import { test } from 'node:test';
+import { viewer } from './support/ViewerOfEachTest.js';
 
 const press = (key) => viewer.page.keyboard.press(key);
 
@@ -87,15 +76,37 @@ test('the arrows move the focus in two dimensions', async () => {
     assert.ok(right.left > start.left);
     await press('ArrowLeft');
     assert.equal((await focus()).href, start.href);
-    // The row below is loaded when it comes into view; until then it has nothing to focus.
-    await viewer.until((row) => {
-        const rows = [...document.querySelectorAll('section.row')];
-        const next = rows.findIndex((one) => one.dataset.row === row) + 1;
-        return rows.slice(next).some((one) => one.querySelector('.tile'));
-    }, start.row);
     await press('ArrowDown');
+    // The focus moves when the row below has loaded.
+    await viewer.until((row) => {
+        const now = document.activeElement.closest('section.row');
+        return now && now.dataset.row !== row;
+    }, start.row);
     const below = await focus();
-    assert.ok(below.row && below.row !== start.row && below.top > start.top, JSON.stringify(below));
+    assert.ok(below.top > start.top, JSON.stringify(below));
+});
+
+test('the focus waits for a row that is still loading, and moves into it when it is there', async () => {
+    let release;
+    const released = new Promise((resolve) => { release = resolve; });
+    await viewer.page.setRequestInterception(true);
+    viewer.page.on('request', async (request) => {
+        if (request.url().includes('/part/collection/')) await released;
+        await request.continue();
+    });
+    await viewer.page.goto(viewer.host.address, { waitUntil: 'domcontentloaded' });
+    const signIn = '[data-row="Continue watching"] a';
+    await viewer.waitFor(signIn);
+    await viewer.page.focus(signIn);
+    await press('ArrowDown');
+    assert.equal((await focus()).row, 'Continue watching');
+    const row = await viewer.page.$eval('section.row[data-state="loading"]', (first) => first.dataset.row);
+    release();
+    await viewer.until((selector) => !document.activeElement.matches(selector), signIn);
+    const { kind, row: reached } = await focus();
+    assert.ok(kind);
+    assert.equal(reached, row);
+    await viewer.settle();
 });
 
 test('Backspace goes back as Escape does, but not while one types', async () => {

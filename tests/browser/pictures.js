@@ -15,7 +15,7 @@ const take = (name) => viewer.page.screenshot({ path: path.join(folder, `${name}
 
 /** Leaves a video where it is to be resumed. */
 async function watch(video, seconds) {
-    await viewer.goTo(`/video?link=%2Fvideo%2F${video}`);
+    await viewer.goTo(`/video/${video}`);
     await viewer.play();
     await viewer.seek(seconds);
 }
@@ -32,12 +32,12 @@ try {
     await viewer.page.focus('.hero [data-action="play"]');
     await take('home');
 
-    await viewer.goTo('/show?link=%2Fshow%2Fharbour-lights');
+    await viewer.goTo('/show/harbour-lights');
     await viewer.loadAll();
     await viewer.page.evaluate(() => scrollTo({ top: 0, behavior: 'instant' }));
     await take('show');
 
-    await viewer.goTo('/video?link=%2Fvideo%2FHL0102');
+    await viewer.goTo('/video/HL0102');
     await viewer.play();
     await viewer.until(() => document.querySelector('#player').currentTime > 5);
     await take('video');

@@ -1,21 +1,10 @@
 // The player: the time moves, the quality can be chosen, and the position is kept.
 
 import assert from 'node:assert/strict';
-import { after, afterEach, before, beforeEach, test } from 'node:test';
-import { Television } from './support/Television.js';
+import { test } from 'node:test';
+import { television, viewer } from './support/ViewerOfEachTest.js';
 
-const video = '/video?link=%2Fvideo%2FHL0102';
-
-let television, viewer;
-
-before(async () => { television = await Television.start(); });
-after(() => television?.end());
-beforeEach(async () => { viewer = await television.viewer(); });
-afterEach(async () => {
-    const { problems } = viewer;
-    await viewer.close();
-    assert.deepEqual(problems, []);
-});
+const video = '/video/HL0102';
 
 const player = () => viewer.page.$eval('#player', ({ currentTime, duration, videoWidth, paused }) =>
     ({ currentTime, duration, videoWidth, paused }));
@@ -30,12 +19,23 @@ test('the time moves, and the stream lasts as long as the video', async () => {
     assert.ok(duration > 2_700 && duration < 2_800, `${duration} s`);
 });
 
+test('the play button says what it does', async () => {
+    const label = (text) => viewer.until((wanted) => document.querySelector('[data-action="play"]').textContent === wanted, text);
+    await viewer.goTo(video);
+    await label('Play');
+    await viewer.play();
+    await label('Pause');
+    await viewer.press('[data-action="play"]');
+    await label('Play');
+    assert.equal((await player()).paused, true);
+});
+
 test('the streams come through the host, none from the service', async () => {
     const addresses = [];
     viewer.page.on('request', (request) => addresses.push(request.url()));
     await viewer.goTo(video);
     await viewer.play();
-    assert.ok(addresses.some((address) => address.startsWith(`${television.host.address}/stream/`)), addresses.join('\n'));
+    assert.ok(addresses.some((address) => address.startsWith(`${television.host.address}/hls/`)), addresses.join('\n'));
     const own = addresses.filter((address) => !address.startsWith('blob:') && !address.startsWith('data:'));
     assert.deepEqual(own.filter((address) => !address.startsWith(television.host.address)), []);
 });
@@ -59,6 +59,7 @@ test('a position is kept as progress, from which the video resumes', async () =>
     await viewer.seek(600);
     await viewer.goTo(video);
     await viewer.waitFor('video#player');
+    assert.match(await viewer.text('[data-action="play"]'), /^Resume at 10:0\d$/);
     await viewer.until(() => document.querySelector('#player').currentTime >= 600);
     await viewer.goTo('/');
     await viewer.loadAll();

@@ -1,19 +1,8 @@
 // What each screen shows when the service is well.
 
 import assert from 'node:assert/strict';
-import { after, afterEach, before, beforeEach, test } from 'node:test';
-import { Television } from './support/Television.js';
-
-let television, viewer;
-
-before(async () => { television = await Television.start(); });
-after(() => television?.end());
-beforeEach(async () => { viewer = await television.viewer(); });
-afterEach(async () => {
-    const { problems } = viewer;
-    await viewer.close();
-    assert.deepEqual(problems, []);
-});
+import { test } from 'node:test';
+import { viewer } from './support/ViewerOfEachTest.js';
 
 /** Pictures that the browser could not draw. */
 const brokenPictures = () => viewer.page.$$eval('img', (images) =>
@@ -72,7 +61,7 @@ test('Show has its description, series, episodes with thumbnails, and related sh
 });
 
 test('Show changes its episodes with the tab of another series', async () => {
-    await viewer.goTo('/show?link=%2Fshow%2Fharbour-lights');
+    await viewer.goTo('/show/harbour-lights');
     await viewer.loadAll();
     const tabs = await viewer.page.$$('[role="tab"]');
     assert.equal(tabs.length, 2);
@@ -88,7 +77,7 @@ test('Show changes its episodes with the tab of another series', async () => {
 });
 
 test('Video says what it plays and why, and offers qualities', async () => {
-    await viewer.goTo('/video?link=%2Fvideo%2FHL0102');
+    await viewer.goTo('/video/HL0102');
     assert.equal(await viewer.screen(), 'video');
     await viewer.loadAll();
     await viewer.waitFor('video#player');
@@ -98,7 +87,7 @@ test('Video says what it plays and why, and offers qualities', async () => {
 });
 
 test('Video says that a video cannot be played', async () => {
-    await viewer.goTo('/video?link=%2Fvideo%2FHL0103');
+    await viewer.goTo('/video/HL0103');
     await viewer.loadAll();
     assert.equal(await viewer.count('video#player'), 0);
     assert.match(await viewer.text('main'), /Not available in your region/);

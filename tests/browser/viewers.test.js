@@ -19,14 +19,14 @@ test('two browsers have two users, each with a list of its own', async () => {
         }
         const shows = ['harbour-lights', 'night-ferry'];
         await Promise.all(viewers.map(async (viewer, i) => {
-            await viewer.goTo(`/show?link=%2Fshow%2F${shows[i]}`);
+            await viewer.goTo(`/show/${shows[i]}`);
             await viewer.press('[data-action="save"]');
             await viewer.waitFor('[data-action="save"][aria-pressed="true"]');
         }));
         for (const [i, viewer] of viewers.entries()) {
             await viewer.goTo('/me');
             await viewer.loadAll();
-            const saved = await viewer.page.$$eval('[data-src="/me/list"] a.tile', (tiles) => tiles.map((tile) => tile.href));
+            const saved = await viewer.page.$$eval('[data-src="/part/list"] a.tile', (tiles) => tiles.map((tile) => tile.href));
             assert.ok(saved.some((href) => href.includes(shows[i])), saved.join(' '));
             assert.ok(!saved.some((href) => href.includes(shows[1 - i])), saved.join(' '));
             assert.deepEqual(viewer.problems, []);
@@ -41,7 +41,7 @@ test('a search for fewer letters is given up when more are typed', async () => {
     await viewer.goTo('/search');
     await television.service.choose('slow', 600);
     await television.service.clearLog();
-    const asked = (word) => viewer.page.waitForRequest((request) => request.url().endsWith(`/search/results?q=${word}`));
+    const asked = (word) => viewer.page.waitForRequest((request) => request.url().endsWith(`/part/search?q=${word}`));
     const first = asked('se');
     await viewer.page.type('#word', 'se');
     await first;
@@ -68,7 +68,7 @@ test('a page that is left gives up its loads', async () => {
     await viewer.goTo('/search');
     await television.service.choose('slow', 600);
     await television.service.clearLog();
-    const asked = viewer.page.waitForRequest((request) => request.url().includes('/search/results?q=harbour'));
+    const asked = viewer.page.waitForRequest((request) => request.url().includes('/part/search?q=harbour'));
     await viewer.page.type('#word', 'harbour');
     await asked;
     await viewer.close();
@@ -81,7 +81,7 @@ test('a page that is left gives up its loads', async () => {
 });
 
 test('fifty pages load in parallel without a failure', async () => {
-    const paths = ['/', '/show?link=%2Fshow%2Fharbour-lights', '/video?link=%2Fvideo%2FHL0102', '/search?q=sea', '/live'];
+    const paths = ['/', '/show/harbour-lights', '/video/HL0102', '/search?q=sea', '/live'];
     const first = await television.viewer();
     const pages = await Promise.all(Array.from({ length: 50 }, () => first.another({ width: 800, height: 600 })));
     for (const { page } of pages) page.setDefaultTimeout(5 * deadline);

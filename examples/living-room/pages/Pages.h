@@ -1,71 +1,64 @@
 #pragma once
 
-// The pages of the host and the parts of them that the screens load by themselves. Each is a coroutine that answers one
-// request of a browser.
+// The pages of the host, the parts of them that the screens load separately, and what forms do.
 
 #include "../Errors.h"
 #include "../User.h"
 #include "../View.h"
 
-#include <span>
-
 namespace living_room {
 
-/// One request of a browser, with what it needs to be answered.
+/// The host without its server: every request of a browser comes in here. Used on the host's loop only.
+class Pages {
+public:
+    /// `port` is that of the server, which the Host of each request must name. `hlsFile` is the file of hls.js, for
+    /// browsers that do not play HLS; empty if there is none.
+    Pages(const Service& service, std::uint16_t port, std::string hlsFile = {})
+        : service_(service), port_(port), hlsFile_(std::move(hlsFile)), users_(service) {}
+
+    Task<Answer> answer(Request request);
+
+private:
+    const Service& service_;
+    const std::uint16_t port_;
+    const std::string hlsFile_;
+    Users users_;
+};
+
+/// One request of a browser, with what is needed to answer it.
 struct Visit {
     const Service& service;
-    /// The file of hls.js; empty if there is none.
     const std::string& hlsFile;
     Request request;
     std::shared_ptr<User> user;
 
-    const Context& catalogue() const { return user->catalogue(); }
+    const Context& catalogue() const { return *user->context; }
     LoadOptions options() const { return service.options(request.gone); }
-    std::string queried(std::string_view name) const { return request.queried(name); }
+    std::string field(std::string_view name) const { return request.field(name); }
+    /// The path that the service sent for what the screen shows: that of the request after "/part".
+    std::string href() const { return request.path.substr(std::string_view("/part").size()); }
 };
 
-struct Route {
-    std::string_view method;
-    /// A whole path, or the front of one if it ends with a slash.
-    std::string_view path;
-    Task<Answer> (*page)(Visit);
-};
+/// A coroutine that answers one request.
+using Page = Task<Answer>(Visit);
 
-// What each source answers.
-extern const std::span<const Route> homeRoutes, showRoutes, videoRoutes, searchRoutes, liveRoutes, meRoutes,
-    userRoutes, panelRoutes, fileRoutes;
+Page homePart, rowPart, noticePart, searchPart;             // Home.cpp
+Page showPart, episodesPart, relatedPart;                   // Show.cpp
+Page videoPart, livePage, channelsPart, channelRowPart;     // Video.cpp, Live.cpp
+Page profilesPart, avatar, signIn, signOut, chooseProfile;  // Me.cpp
+Page continuePart, listPart, historyPart, recommendationsPart, saveButton, save,
+    keepProgress;                                          // UserRows.cpp
+Page panelPart, setFault, serviceFile, hostFile, hlsFile;  // Panel.cpp, Files.cpp
 
-/// What was loaded, or why not. Operations of the user client and resources fail with errors of their own types; pages
-/// only ask `adviceOn` about them, which knows all.
+/// Loads `resource`, which is empty if its address could not be built. Make the resource in a statement before the
+/// call: GCC 12 destroys strings in braces inside a co_await expression twice.
 template <class T>
-using Loaded = Result<T, Error>;
-
-/// Loads `resource`, which is empty if its address could not be built. Name the resource before the call: GCC 12
-/// destroys braced strings inside a co_await expression twice.
-template <class T>
-Task<Loaded<T>> load(std::optional<Resource<T>> resource, LoadOptions options) {
-    if (!resource) co_return Failure(Error(URLError::buildUrlRequestError()));
-    auto result = co_await resource->value(std::move(options));
-    if (!result) co_return Failure(Error(std::move(result).error()));
-    co_return std::move(result).value();
+Task<Result<T, LoaderError>> load(std::optional<Resource<T>> resource, LoadOptions options) {
+    if (!resource) co_return Failure(LoaderError::serverError(URLError::buildUrlRequestError()));
+    co_return co_await resource->value(std::move(options));
 }
 
-/// Runs an operation on the data of the user.
-template <class T>
-Task<Loaded<T>> run(UserClient::Call<T> operation, LoadOptions options) {
-    auto result = co_await operation.value(std::move(options));
-    if (!result) co_return Failure(Error(std::move(result).error()));
-    if constexpr (std::is_void_v<T>) {
-        co_return Loaded<void>();
-    } else {
-        co_return std::move(result).value();
-    }
-}
-
-/// What stands around a screen at once, without asking the service: the menu, the panel, and in between the template
-/// that is named as the screen.
-Answer screenAnswer(const Visit& visit, const char* screen, const char* title, Value::Object values = {});
-/// Tiles of that template, or a sentence if there are none.
-Answer tilesAnswer(const char* name, Value::List tiles, const char* sentenceIfNone);
+/// The screen that the path names, without what the service has to tell: the script loads its parts.
+Answer screenAnswer(const Visit& visit, Value::Object values = {});
 
 }  // namespace living_room

@@ -77,5 +77,5 @@ export class Service {
 }
 
 /** The host. */
-export const startHost = (service, ...options) =>
-    Program.start('living-room', '--service', service.address ?? service, '--port', '0', '--hls-js', hlsFile, ...options);
+export const startHost = (service) =>
+    Program.start('living-room', service.address ?? service, '0', hlsFile);

@@ -3,7 +3,7 @@
 // A browser without a screen, for tests of the host over sockets.
 
 #include "Context.h"
-#include "Routes.h"
+#include "pages/Pages.h"
 #include "Server.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ class RunningHost {
 public:
     explicit RunningHost(const URL& baseURL) : service_(baseURL, server_.queue()) {
         thread_ = std::thread(
-            [this] { server_.run([this](Request request) { return routes_.answer(std::move(request)); }); });
+            [this] { server_.run([this](Request request) { return pages_.answer(std::move(request)); }); });
     }
     ~RunningHost() {
         server_.stop();
@@ -34,7 +34,7 @@ public:
 private:
     Server server_{0};
     Service service_;
-    Routes routes_{service_, {.port = server_.port()}};
+    Pages pages_{service_, server_.port()};
     std::thread thread_;
 };
 

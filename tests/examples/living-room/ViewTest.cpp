@@ -33,8 +33,8 @@ TEST_F(ViewTest, AnEpisodeIsKnownByItsShow) {
     EXPECT_EQ(text(tile, "kind"), "Video");
     EXPECT_EQ(text(tile, "title"), "Harbour Lights");
     EXPECT_EQ(text(tile, "subtitle"), "S1 E2 – Slack Water");
-    EXPECT_EQ(text(tile, "link"), "/video?link=/video/HL0102");
-    EXPECT_EQ(text(tile, "picture"), "/picture?at=pictures/video/HL0102/landscape.svg");
+    EXPECT_EQ(text(tile, "link"), "/video/HL0102");
+    EXPECT_EQ(text(tile, "picture"), "/pictures/video/HL0102/landscape.svg");
 }
 
 TEST_F(ViewTest, ASeriesOpensItsShow) {
@@ -44,7 +44,7 @@ TEST_F(ViewTest, ASeriesOpensItsShow) {
     series.selfHref = "/series/111";
     series.showHref = "/show/harbour-lights";
     EXPECT_EQ(text(tileOf(CollectionItem(series), service), "link"),
-              "/show?link=/show/harbour-lights&series=/series/111");
+              "/show/harbour-lights?series=/series/111");
 }
 
 TEST_F(ViewTest, BadgesSayWhatIsNewExpiresOrCannotBePlayed) {
@@ -90,28 +90,32 @@ TEST_F(ViewTest, TheLibraryChoosesTheBestLevelThatHasAnAddress) {
     EXPECT_EQ(text(view, "stream"), "https://media.example/HL0102-720.m3u8");
     const Value::List& levels = *view.named("levels")->list();
     ASSERT_EQ(levels.size(), 2U);
-    EXPECT_EQ(text(levels[1], "address"), "/stream/hls/HL0102-sd.m3u8");
+    EXPECT_EQ(text(levels[1], "address"), "/hls/HL0102-sd.m3u8");
 }
 
 TEST_F(ViewTest, OnlyPicturesAndStreamsOfTheServicePassThroughTheHost) {
-    EXPECT_TRUE(isPicturePath("pictures/show/x/landscape.svg"));
-    EXPECT_TRUE(isStreamPath("hls/HL0102-sd.m3u8"));
-    EXPECT_TRUE(isStreamPath("captions/HL0102.vtt"));
     for (const char* const path :
-         {"", "v2/time", "/pictures/x", "pictures/../v2/time", "pictures/%2e%2e/v2",
-          "http://other.example/pictures/x", "_control/stop", "pictures/x?y", "hls"}) {
-        EXPECT_FALSE(isPicturePath(path)) << path;
-        EXPECT_FALSE(isStreamPath(path)) << path;
+         {"/pictures/show/x/landscape.svg", "/hls/HL0102-sd.m3u8", "/captions/HL0102.vtt"}) {
+        EXPECT_TRUE(isFilePath(path)) << path;
+        EXPECT_EQ(fileLink(service.baseURL().absoluteString() + path, service), path);
     }
-    EXPECT_EQ(pictureLink("http://other.example/pictures/x.svg", service), "");
-    EXPECT_EQ(pictureLink("http://127.0.0.1:11/pictures/x.svg", service), "");
-    EXPECT_EQ(pictureLink(std::nullopt, service), "");
+    for (const char* const path :
+         {"", "/v2/time", "pictures/x", "/pictures/../v2/time", "/pictures/%2e%2e/v2",
+          "http://other.example/pictures/x", "/_control/stop", "/pictures/x?y", "/hls"}) {
+        EXPECT_FALSE(isFilePath(path)) << path;
+        EXPECT_EQ(fileLink(service.baseURL().absoluteString() + path, service), "") << path;
+    }
+    EXPECT_EQ(fileLink("http://other.example/pictures/x.svg", service), "");
+    EXPECT_EQ(fileLink("http://127.0.0.1:11/pictures/x.svg", service), "");
+    EXPECT_EQ(fileLink(std::nullopt, service), "");
 }
 
-TEST_F(ViewTest, WritesAPositionAsPlayersDo) {
-    EXPECT_EQ(clockText(0), "0:00");
-    EXPECT_EQ(clockText(125), "2:05");
-    EXPECT_EQ(clockText(3'725), "1:02:05");
+TEST_F(ViewTest, OnlyShowsAndVideosHaveScreens) {
+    EXPECT_EQ(screenLink("/show/harbour-lights"), "/show/harbour-lights");
+    EXPECT_EQ(screenLink("/video/HL0102"), "/video/HL0102");
+    for (const char* const href : {"", "/series/111", "//other.example/show/x", "javascript:alert(1)"}) {
+        EXPECT_EQ(screenLink(href), "") << href;
+    }
 }
 
 }  // namespace
