@@ -9,6 +9,7 @@ import unittest
 
 import formatting
 import headers
+import host
 import layers
 import limits
 import names
@@ -254,6 +255,14 @@ class Tree(unittest.TestCase):
             self.write("tests/" + file, text)
             self.assertNotEqual([], list(shape.tests_are_named_as_tests(self.folder / "tests")))
             (self.folder / "tests" / file).unlink()
+
+    def test_the_host_has_a_limit_of_lines(self):
+        small = "// A comment\n\nint i;\n" * host.MAX_LINES
+        self.write("host/pages/Page.cpp", small)
+        self.assertEqual([], list(host.faults(self.folder / "host")))
+        self.write("host/pages/Page.h", "int i;\n")
+        self.assertNotEqual([], list(host.faults(self.folder / "host")))
+        self.assertNotEqual([], list(host.faults(self.folder / "no-such-folder")))
 
     def test_our_symbols_are_recognised(self):
         for name in ("_ZN13VanticRestKit3URL4makeE", "_ZNK13VanticRestKit3URL4pathEv", "_ZTVN13VanticRestKit7ContextE"):
