@@ -52,10 +52,10 @@ for (const [name, path] of Object.entries(screens)) {
     test(`${name} in light`, () => look({ path, size: sizes.television, scheme: 'light' }));
 }
 
-test('Home with the panel that breaks things', () =>
+test('Home with the Break it panel', () =>
     look({ path: '/', size: sizes.television, prepare: (viewer) => viewer.breakIt('none') }));
 
-test('Home that has failed', async () => {
+test('Home after a failure', async () => {
     await television.service.choose('500');
     try {
         await look({ path: '/', size: sizes.television });
@@ -64,7 +64,7 @@ test('Home that has failed', async () => {
     }
 });
 
-test('Me of a user who has signed in', () => look({
+test('Me with a signed-in user', () => look({
     path: '/me', size: sizes.television,
     prepare: async (viewer) => {
         await viewer.press('[data-action="sign-in"]');

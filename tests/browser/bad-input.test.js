@@ -1,4 +1,4 @@
-// A browser that sends nonsense gets a clear page, and nothing of it comes back unescaped.
+// Invalid input gets a clear page, and none of it comes back unescaped.
 
 import assert from 'node:assert/strict';
 import { readFileSync } from 'node:fs';
@@ -13,7 +13,7 @@ after(() => television?.end());
 beforeEach(async () => { viewer = await television.viewer(); });
 afterEach(() => viewer.close());
 
-/** Sends bytes as they are: the answer until the host closes the connection, or has sent its headers. */
+/** Sends bytes unchanged. Resolves to the answer, up to the end of its headers or of the connection. */
 function send(bytes) {
     return new Promise((resolve, reject) => {
         const socket = net.connect(Number(television.host.port), '127.0.0.1');
@@ -27,7 +27,7 @@ function send(bytes) {
             if (answer.includes('\r\n\r\n')) done();
         });
         socket.on('close', done);
-        // The host may close before it has read everything.
+        // The host may close the connection before it has read everything.
         socket.on('error', (error) => (answer || error.code === 'EPIPE' || error.code === 'ECONNRESET' ? done() : reject(error)));
         socket.write(bytes);
     });
@@ -41,7 +41,7 @@ const script = encodeURIComponent('"><script>window.wasRun = 1</script><img src=
 for (const path of ['/nothing', `/${script}`, `/search?q=${script}`, `/live?region=${script}`, `/show/${script}`,
     '/show/no-such-show', `/show/harbour-lights?series=${script}`, '/show/https%3A%2F%2Felsewhere.example%2F', '/show', '/video/',
     '/search?q=%zz', `/video/${script}`, `/part/collection/${script}`, '/pictures/https%3A%2F%2Felsewhere.example%2Fx.svg']) {
-    test(`${path} is a page that runs nothing of it`, async () => {
+    test(`${path} gives a page that runs no script from it`, async () => {
         await viewer.page.goto(television.host.address + path, { waitUntil: 'load' });
         await viewer.until(() => document.querySelectorAll('[data-state="loading"]').length === 0 ||
             document.querySelector('[data-state="failed"]'));
@@ -58,7 +58,7 @@ test('a search for markup shows it as it was typed', async () => {
     assert.equal(await viewer.count('#results b'), 0);
 });
 
-test('no address but those of the service is fetched', async () => {
+test('addresses other than files of the service are not fetched', async () => {
     await television.service.clearLog();
     for (const path of ['/pictures/http://127.0.0.1:1/x', '/pictures/a%3Fb', '/v2/home', '/control/log', '/pictures/..%2Fv2/home',
         '/hls/..%2F..%2Fcontrol/log', '/hls/%2e%2e%2fcontrol/log', '/captions/%00', '//elsewhere.example/x']) {
@@ -68,24 +68,24 @@ test('no address but those of the service is fetched', async () => {
     assert.deepEqual(await television.service.log(), []);
 });
 
-test('requests that are none are refused, and the host goes on', async () => {
+test('invalid requests are refused, and the host goes on serving', async () => {
     const wrong = {
         'no HTTP': 'nonsense\r\n\r\n',
         'a header of 1 MB': `GET / HTTP/1.1\r\n${host()}X-Large: ${'x'.repeat(1_000_000)}\r\n\r\n`,
         'a path of 1 MB': `GET /${'x'.repeat(1_000_000)} HTTP/1.1\r\n${host()}\r\n`,
-        'a path upwards': `GET /../../etc/passwd HTTP/1.1\r\n${host()}\r\n`,
+        'a path that leads upwards': `GET /../../etc/passwd HTTP/1.1\r\n${host()}\r\n`,
         'another host': 'GET / HTTP/1.1\r\nHost: elsewhere.example\r\n\r\n',
         'another method': `DELETE / HTTP/1.1\r\n${host()}\r\n`,
     };
     for (const [what, bytes] of Object.entries(wrong)) {
         const status = statusOf(await send(bytes));
-        // Without an answer the connection was closed while the host still read.
+        // The answer may be lost if the host closes the connection while data is still being sent.
         assert.ok(Number.isNaN(status) || (status >= 400 && status < 500), `${what}: ${status}`);
         assert.equal(statusOf(await send(`GET / HTTP/1.1\r\n${host()}\r\n`)), 200, `after ${what}`);
     }
 });
 
-test('a form of another site is refused', async () => {
+test('a form from another site is refused', async () => {
     for (const path of ['/fault', '/sign-in', '/sign-out', '/save', '/progress', '/profile']) {
         const body = 'name=offline';
         const form = `POST ${path} HTTP/1.1\r\n${host()}Origin: http://elsewhere.example\r\n` +

@@ -1,4 +1,4 @@
-// ./demo --screen: from its address to its end, after which nothing listens any more.
+// ./demo --screen starts the service and the host, and leaves neither running.
 
 import assert from 'node:assert/strict';
 import { spawn } from 'node:child_process';
@@ -23,7 +23,7 @@ async function start(...options) {
 
 const answers = (address) => fetch(address).then((answer) => answer.ok, () => false);
 
-test('a demo of some seconds ends by itself and leaves nothing that listens', async () => {
+test('a demo with a time limit ends by itself and leaves nothing listening', async () => {
     const { ended, addresses } = await start('--seconds', '3');
     assert.equal(addresses.length, 2);
     assert.equal(await answers(addresses[1]), true);
@@ -31,7 +31,7 @@ test('a demo of some seconds ends by itself and leaves nothing that listens', as
     for (const address of addresses) assert.equal(await answers(address), false, address);
 });
 
-test('Ctrl-C ends it, service and host', async () => {
+test('Ctrl-C ends the service and the host', async () => {
     const { program, ended, addresses } = await start('--port', '0');
     assert.equal(await answers(addresses[1]), true);
     program.kill('SIGINT');
@@ -39,7 +39,7 @@ test('Ctrl-C ends it, service and host', async () => {
     for (const address of addresses) assert.equal(await answers(address), false, address);
 });
 
-test('options that make no sense are refused with 2', async () => {
+test('invalid options end it with exit code 2', async () => {
     for (const options of [['--seconds'], ['--seconds', 'x'], ['--port', '-1'], ['--more', '1']]) {
         const { ended } = await start(...options);
         assert.equal(await ended, 2, options.join(' '));

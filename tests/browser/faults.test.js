@@ -1,4 +1,4 @@
-// What the screens show when the service is not well: each fault of the panel that breaks things.
+// What the screens show when the service fails: each fault of the Break it panel.
 
 import assert from 'node:assert/strict';
 import { after, afterEach, before, beforeEach, describe, test } from 'node:test';
@@ -19,12 +19,12 @@ afterEach(async () => {
     await viewer.close();
 });
 
-/** Waits until a list of the panel has an entry in which all words are. */
+/** Waits until a list of the panel has an entry that contains all words. */
 const listHas = (name, ...words) => viewer.until((selector, wanted) =>
     [...document.querySelectorAll(selector)].some((entry) => wanted.every((word) => entry.textContent.includes(word))),
 `[data-list="${name}"] > *`, words);
 
-/** A failed part of the screen has a sentence and a way out; it is whole again once the service is well. */
+/** A failed part of the screen has a sentence and Try again, and is shown again once the service works. */
 async function failsAndRecovers() {
     await viewer.waitFor('main [data-state="failed"] [data-action="try-again"]');
     const failed = await viewer.text('main [data-state="failed"]');
@@ -37,13 +37,13 @@ async function failsAndRecovers() {
 }
 
 for (const fault of ['offline', '500', 'not-json', 'row-without-title']) {
-    test(`${fault} is a sentence with a way to try again, and passes`, async () => {
+    test(`${fault} shows a sentence and Try again, and the screen recovers`, async () => {
         await viewer.breakIt(fault);
         await failsAndRecovers();
     });
 }
 
-test('Try again loads a failed part when the service is well again', async () => {
+test('Try again loads a failed part once the service works again', async () => {
     await viewer.breakIt('500');
     await viewer.waitFor('main [data-state="failed"] [data-action="try-again"]');
     await television.service.choose('none');
@@ -58,7 +58,7 @@ test('slow shows the skeletons, and then the screen', async () => {
     await viewer.settle();
 });
 
-test('unknown entities cost no row, and explain says what was passed over', async () => {
+test('unknown entities fail no row, and the panel lists what was left out', async () => {
     await viewer.breakIt('unknown-entities');
     await viewer.waitFor('main .hero');
     await viewer.settle();
@@ -67,7 +67,7 @@ test('unknown entities cost no row, and explain says what was passed over', asyn
     await viewer.until(() => document.querySelectorAll('[data-list="swallowed"] > *').length > 0);
 });
 
-test('broken elements cost only themselves, and explain names them', async () => {
+test('broken elements are left out without failing their row, and the panel lists them', async () => {
     const before = await viewer.count('main a.tile');
     assert.ok(before > 0);
     await viewer.breakIt('broken-elements');
@@ -78,7 +78,7 @@ test('broken elements cost only themselves, and explain names them', async () =>
     await viewer.until(() => document.querySelectorAll('[data-list="swallowed"] > *').length > 0);
 });
 
-test('an expired token is a sentence on Me, and Home goes on', async () => {
+test('an expired token shows a sentence on Me, and Home still works', async () => {
     await viewer.signIn();
     await viewer.breakIt('expired-token');
     await viewer.waitFor('main [data-state="failed"]');
@@ -89,13 +89,15 @@ test('an expired token is a sentence on Me, and Home goes on', async () => {
 
 test('the panel lists each request with its status and time, and whether the cache answered', async () => {
     await viewer.breakIt('none');
-    await listHas('requests', 'GET', '/v2/home', '200', 'ms');
+    await listHas('requests', 'GET', '/v2/home', '200', 'ms', 'network');
+    await viewer.goTo('/');
+    await listHas('requests', 'GET', '/v2/home', '200', 'ms', 'cache');
     await viewer.breakIt('500');
     await listHas('requests', 'GET', '/v2/home', '500', 'ms');
 });
 
-describe('a service that is not there', () => {
-    test('gives the failed state at start, and the screen recovers by itself when it returns', async () => {
+describe('a service that is not running', () => {
+    test('gives the failed state at start, and the screen recovers by itself when the service starts', async () => {
         const first = await Service.start();
         const { port } = first;
         await first.end();

@@ -1,4 +1,4 @@
-// The keys of a remote control: arrows, Enter, Escape and Backspace, and nothing else.
+// The keys of a remote control only: arrows, Enter, Escape and Backspace.
 
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
@@ -6,7 +6,7 @@ import { viewer } from './support/ViewerOfEachTest.js';
 
 const press = (key) => viewer.page.keyboard.press(key);
 
-/** What has the focus. */
+/** The element that has the focus. */
 const focus = () => viewer.page.evaluate(() => {
     const element = document.activeElement;
     const box = element.getBoundingClientRect();
@@ -21,8 +21,8 @@ const focus = () => viewer.page.evaluate(() => {
     };
 });
 
-/** Whether one sees what has the focus: an outline or a ring that is not there without it. */
-const focusIsSeen = () => viewer.page.evaluate(() => {
+/** Whether the focus is visible: an outline or a ring that is absent without it. */
+const focusIsVisible = () => viewer.page.evaluate(() => {
     const element = document.activeElement;
     const look = () => JSON.stringify([element, ...element.querySelectorAll('*')].map((one) => {
         const { outlineStyle, outlineWidth, boxShadow } = getComputedStyle(one);
@@ -35,23 +35,23 @@ const focusIsSeen = () => viewer.page.evaluate(() => {
     return focused !== blurred;
 });
 
-/** Presses a key until the focus is as wanted; a screen is at most so large. */
-async function pressUntil(key, wanted, most = 60) {
-    for (let presses = 0; presses < most; ++presses) {
+/** Presses a key until the focus is as wanted. */
+async function pressUntil(key, wanted, maxPresses = 60) {
+    for (let presses = 0; presses < maxPresses; ++presses) {
         const now = await focus();
         if (wanted(now)) return now;
         await press(key);
         await viewer.settle();
     }
-    throw new Error(`${most} times ${key} did not get there: ${JSON.stringify(await focus())}`);
+    throw new Error(`${maxPresses} times ${key} did not get there: ${JSON.stringify(await focus())}`);
 }
 
-test('from Home to a video that plays, and back to the tile from which it was opened', async () => {
+test('from Home to a playing video, and back to the tile that opened it', async () => {
     await viewer.goTo('/');
     await press('ArrowDown');
     await pressUntil('ArrowDown', (now) => now.row === 'New this week');
     const tile = await pressUntil('ArrowRight', (now) => now.kind === 'Video');
-    assert.ok(await focusIsSeen());
+    assert.ok(await focusIsVisible());
     await press('Enter');
     await viewer.waitForScreen('video');
     await viewer.waitFor('video#player');
@@ -86,7 +86,7 @@ test('the arrows move the focus in two dimensions', async () => {
     assert.ok(below.top > start.top, JSON.stringify(below));
 });
 
-test('the focus waits for a row that is still loading, and moves into it when it is there', async () => {
+test('the focus waits for a row that is still loading, and moves into it when it has loaded', async () => {
     let release;
     const released = new Promise((resolve) => { release = resolve; });
     await viewer.page.setRequestInterception(true);
@@ -109,7 +109,7 @@ test('the focus waits for a row that is still loading, and moves into it when it
     await viewer.settle();
 });
 
-test('Backspace goes back as Escape does, but not while one types', async () => {
+test('Backspace goes back like Escape, but not while typing', async () => {
     await viewer.goTo('/');
     await viewer.page.click('nav a[href="/search"]');
     await viewer.waitForScreen('search');
@@ -122,7 +122,7 @@ test('Backspace goes back as Escape does, but not while one types', async () => 
     await viewer.waitForScreen('home');
 });
 
-test('the panel that breaks things opens and closes by keys', async () => {
+test('the Break it panel opens and closes with the keyboard', async () => {
     await viewer.goTo('/');
     await viewer.page.focus('[data-action="break-it"]');
     await press('Enter');

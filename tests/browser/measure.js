@@ -1,15 +1,15 @@
 // How long it takes from opening Home to its first picture, in milliseconds by the browser's clock:
-//   cold    a host that has just started, and a browser that has nothing
-//   host    a host that has loaded Home before, and a browser that has nothing
+//   cold    neither the host nor the browser has loaded Home before
+//   host    the host has loaded Home before
 //   warm    both have loaded Home before
-// Medians, with the least and the most.
+// Medians, with minimum and maximum.
 
 import { startHost } from './support/Programs.js';
 import { Television } from './support/Television.js';
 
 const rounds = 11;
 
-/** Opens Home; its first picture is there when the first image that shows something has loaded. */
+/** Opens Home and waits for the first image that has loaded: the time when its last byte arrived. */
 async function timeToFirstPicture(viewer) {
     await viewer.page.goto(viewer.host.address, { waitUntil: 'domcontentloaded' });
     const first = await viewer.until(() => {
@@ -20,10 +20,10 @@ async function timeToFirstPicture(viewer) {
     return first.jsonValue();
 }
 
-const told = (name, times) => {
+const report = (name, times) => {
     const sorted = [...times].sort((a, b) => a - b);
-    const [least, median, most] = [sorted[0], sorted[(sorted.length - 1) / 2], sorted.at(-1)].map(Math.round);
-    console.log(`${name}\t${median} ms\t(${least} to ${most}, ${sorted.length} times)`);
+    const [min, median, max] = [sorted[0], sorted[(sorted.length - 1) / 2], sorted.at(-1)].map(Math.round);
+    console.log(`${name}\t${median} ms\t(${min} to ${max}, ${sorted.length} times)`);
 };
 
 const television = await Television.start();
@@ -46,4 +46,4 @@ try {
 } finally {
     await television.end();
 }
-for (const [name, measured] of Object.entries(times)) told(name, measured);
+for (const [name, measured] of Object.entries(times)) report(name, measured);

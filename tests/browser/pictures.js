@@ -13,7 +13,7 @@ await viewer.page.emulateMediaFeatures([
 
 const take = (name) => viewer.page.screenshot({ path: path.join(folder, `${name}.png`) });
 
-/** Leaves a video where it is to be resumed. */
+/** Plays a video and stops at a position, from which it will resume. */
 async function watch(video, seconds) {
     await viewer.goTo(`/video/${video}`);
     await viewer.play();

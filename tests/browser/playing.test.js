@@ -1,4 +1,4 @@
-// The player: the time moves, the quality can be chosen, and the position is kept.
+// The player: the time moves, the quality can be chosen, and the position is saved.
 
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
@@ -30,7 +30,7 @@ test('the play button says what it does', async () => {
     assert.equal((await player()).paused, true);
 });
 
-test('the streams come through the host, none from the service', async () => {
+test('streams are loaded through the host only', async () => {
     const addresses = [];
     viewer.page.on('request', (request) => addresses.push(request.url()));
     await viewer.goTo(video);
@@ -40,7 +40,7 @@ test('the streams come through the host, none from the service', async () => {
     assert.deepEqual(own.filter((address) => !address.startsWith(television.host.address)), []);
 });
 
-test('a lower quality goes on at the same place with a smaller picture', async () => {
+test('a lower quality continues at the same position with a smaller picture', async () => {
     await viewer.goTo(video);
     await viewer.play();
     assert.equal((await player()).videoWidth, 960);
@@ -52,7 +52,7 @@ test('a lower quality goes on at the same place with a smaller picture', async (
     }, currentTime);
 });
 
-test('a position is kept as progress, from which the video resumes', async () => {
+test('the position is saved as progress, and the video resumes from it', async () => {
     await viewer.signIn();
     await viewer.goTo(video);
     await viewer.play();

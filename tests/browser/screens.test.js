@@ -1,10 +1,10 @@
-// What each screen shows when the service is well.
+// What each screen shows when the service works.
 
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { viewer } from './support/ViewerOfEachTest.js';
 
-/** Pictures that the browser could not draw. */
+/** Pictures that the browser could not decode. */
 const brokenPictures = () => viewer.page.$$eval('img', (images) =>
     images.filter((image) => image.complete && image.naturalWidth === 0).map((image) => image.src));
 
@@ -55,7 +55,7 @@ test('Show has its description, series, episodes with thumbnails, and related sh
     assert.ok(await viewer.count('main a.tile[data-kind="Video"] img') > 0);
     assert.ok(await viewer.count('main a.tile[data-kind="Show"]') > 0);
     assert.equal(await viewer.count('[data-action="save"]'), 1);
-    // A picture that is larger than its frame must not be scrolled inside of it.
+    // A picture that is larger than its frame must not be scrolled inside it.
     assert.equal(await viewer.page.$eval('.hero', (hero) => hero.scrollTop), 0);
     assert.deepEqual(await brokenPictures(), []);
 });
@@ -93,7 +93,7 @@ test('Video says that a video cannot be played', async () => {
     assert.match(await viewer.text('main'), /Not available in your region/);
 });
 
-test('Search shows results as one types, and says when there are none', async () => {
+test('Search shows results while typing, and says so if there are none', async () => {
     await viewer.goTo('/search');
     assert.equal(await viewer.screen(), 'search');
     await viewer.page.type('input[type="search"], #word', 'weather');
@@ -104,7 +104,7 @@ test('Search shows results as one types, and says when there are none', async ()
     assert.ok(await viewer.text('#results'));
 });
 
-test('Live has channels with what they show now and next, by region', async () => {
+test('Live has the channels of a region with what they show now and next', async () => {
     await viewer.goTo('/live');
     assert.equal(await viewer.screen(), 'live');
     await viewer.loadAll();
@@ -119,7 +119,7 @@ test('Live has channels with what they show now and next, by region', async () =
     assert.ok(links.length > 0 && links.every((link) => link.includes('TAS')), links.join(' '));
 });
 
-test('Me signs in, shows what is kept of the user, and signs out', async () => {
+test('Me signs in, shows the data of the user, and signs out', async () => {
     await viewer.goTo('/me');
     assert.equal(await viewer.screen(), 'me');
     await viewer.press('[data-action="sign-in"]');

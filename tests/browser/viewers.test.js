@@ -1,4 +1,4 @@
-// Many at once: two users with lists of their own, a search that is given up, and fifty pages in parallel.
+// Several viewers at once: two users with lists of their own, cancelled loads, and fifty pages in parallel.
 
 import assert from 'node:assert/strict';
 import { after, before, beforeEach, test } from 'node:test';
@@ -36,7 +36,7 @@ test('two browsers have two users, each with a list of its own', async () => {
     }
 });
 
-test('a search for fewer letters is given up when more are typed', async () => {
+test('a search is cancelled when more letters are typed', async () => {
     const viewer = await television.viewer();
     await viewer.goTo('/search');
     await television.service.choose('slow', 600);
@@ -49,13 +49,13 @@ test('a search for fewer letters is given up when more are typed', async () => {
     await viewer.page.type('#word', 'a');
     await second;
     const end = Date.now() + deadline;
-    let givenUp;
-    while (!givenUp && Date.now() < end) {
+    let cancelled;
+    while (!cancelled && Date.now() < end) {
         const log = await television.service.log();
-        givenUp = log.find((record) => record.target.includes('keyword=se&') || record.target.endsWith('keyword=se'));
+        cancelled = log.find((record) => record.target.includes('keyword=se&') || record.target.endsWith('keyword=se'));
     }
-    assert.ok(givenUp, 'the service has not seen that the search was given up');
-    assert.equal(givenUp.clientLeft, true);
+    assert.ok(cancelled, 'the service has not seen the search cancelled');
+    assert.equal(cancelled.clientLeft, true);
     await television.service.choose('none');
     await viewer.page.type('#word', ' ');
     await viewer.waitFor('#results[data-state="ready"] a.tile');
@@ -63,7 +63,7 @@ test('a search for fewer letters is given up when more are typed', async () => {
     await viewer.close();
 });
 
-test('a page that is left gives up its loads', async () => {
+test('leaving a page cancels its loads', async () => {
     const viewer = await television.viewer();
     await viewer.goTo('/search');
     await television.service.choose('slow', 600);

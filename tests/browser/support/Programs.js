@@ -1,4 +1,4 @@
-// The sample service and the host as processes of their own, on free ports of loopback.
+// Starts the sample service and the host, each on a free port of loopback.
 
 import { spawn } from 'node:child_process';
 import { existsSync } from 'node:fs';
@@ -9,7 +9,7 @@ const top = path.resolve(import.meta.dirname ?? path.dirname(new URL(import.meta
 const programs = process.env.VRK_PROGRAMS ?? path.join(top, 'build/bin');
 const hlsFile = path.join(top, 'tests/browser/node_modules/hls.js/dist/hls.min.js');
 
-/** A program that prints its address in its first line. */
+/** A program whose first line of output contains its address. */
 class Program {
     static async start(name, ...options) {
         const file = path.join(programs, name);
@@ -31,14 +31,14 @@ class Program {
         return new URL(this.address).port;
     }
 
-    /** Asks for the end: the code with which it ended. */
+    /** Ends it. Resolves to its exit code. */
     async end() {
         this.process.kill('SIGTERM');
         return this.ended;
     }
 }
 
-/** The sample service, with scenarios and its own streams. */
+/** The sample service, with scenarios and with streams of its own. */
 export class Service {
     static async start({ port = 0 } = {}) {
         const service = new Service();
@@ -61,7 +61,7 @@ export class Service {
         if (!answer.ok) throw new Error(`the service has no fault ${fault}`);
     }
 
-    /** How the requests ended that have: method, target, status, milliseconds, clientLeft of each. */
+    /** The requests that have ended, each with method, target, status, milliseconds and clientLeft. */
     async log() {
         const answer = await fetch(`${this.address}/control/log`);
         return (await answer.text()).split('\n').filter(Boolean).map((line) => JSON.parse(line));

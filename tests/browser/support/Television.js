@@ -1,17 +1,17 @@
-// Browsers that look at the host, and what every test asks of a screen.
+// Browsers that show the host, and what tests do with their screens.
 
 import puppeteer from 'puppeteer-core';
 import { Service, startHost } from './Programs.js';
 
 /**
- * How long a test waits for what has to happen, in milliseconds: long, since machines that run tests are busy.
+ * How long a test waits for what it expects, in milliseconds: long, since test machines may be busy.
  * VRK_DEADLINE sets it in seconds.
  */
 export const deadline = 1000 * Number(process.env.VRK_DEADLINE ?? 60);
 
 const chromium = process.env.VRK_CHROMIUM ?? '/usr/bin/chromium';
 
-/** A user's browser: cookies of its own, one page, and a list of what went wrong in it. */
+/** A user's browser: its own cookies, one page, and a list of the problems that occurred in it. */
 class Viewer {
     static async open(context, host, { width = 1920, height = 1080, type = 'tab' } = {}) {
         const viewer = new Viewer();
@@ -31,7 +31,7 @@ class Viewer {
         });
         this.page.on('pageerror', (error) => this.problems.push(`error: ${error.message}`));
         this.page.on('requestfailed', (request) => {
-            // Ended by the browser itself, as when the page is left or a search is given up.
+            // Cancelled by the browser, for example because the user left the page or typed more letters.
             const reason = request.failure()?.errorText;
             if (reason !== 'net::ERR_ABORTED') this.problems.push(`${reason}: ${request.url()}`);
         });
@@ -46,7 +46,7 @@ class Viewer {
         await this.settle();
     }
 
-    /** Waits until no block in view is loading and its pictures are there. */
+    /** Waits until no part in view is loading and all pictures in view have loaded. */
     async settle() {
         await this.page.waitForFunction(() => {
             const inView = (element) => {
@@ -73,7 +73,7 @@ class Viewer {
         return this.page.waitForSelector(selector, { visible: true });
     }
 
-    /** Presses what a selector finds first. */
+    /** Clicks the first element that matches. */
     async press(selector) {
         await (await this.waitFor(selector)).click();
     }
@@ -95,12 +95,12 @@ class Viewer {
         return this.page.waitForFunction(condition, { polling: 100 }, ...values);
     }
 
-    /** Scrolls until every block of the screen has loaded. */
+    /** Scrolls to every part of the screen and waits until it has loaded. */
     async loadAll() {
-        const blocks = await this.page.$$('[data-state]');
-        for (const block of blocks) {
-            await block.evaluate((one) => one.scrollIntoView({ block: 'center', behavior: 'instant' }));
-            await this.until((one) => !one.isConnected || one.dataset.state !== 'loading', block);
+        const parts = await this.page.$$('[data-state]');
+        for (const part of parts) {
+            await part.evaluate((one) => one.scrollIntoView({ block: 'center', behavior: 'instant' }));
+            await this.until((one) => !one.isConnected || one.dataset.state !== 'loading', part);
         }
         await this.settle();
     }
@@ -111,12 +111,12 @@ class Viewer {
         await this.until(() => document.querySelector('#player').currentTime > 0.5);
     }
 
-    /** Moves the player, and waits until the host has kept that place. */
+    /** Moves the player, and waits until the host has saved that position. */
     async seek(seconds) {
-        const kept = this.page.waitForResponse((answer) => answer.url().endsWith('/progress') &&
+        const saved = this.page.waitForResponse((answer) => answer.url().endsWith('/progress') &&
             Number(new URLSearchParams(answer.request().postData()).get('position')) >= seconds);
         await this.page.$eval('#player', (player, at) => { player.currentTime = at; }, seconds);
-        await kept;
+        await saved;
     }
 
     /** Chooses a fault in the panel, which stays open. */
@@ -128,7 +128,7 @@ class Viewer {
         await this.waitFor(`[data-fault="${fault}"][aria-pressed="true"]`);
     }
 
-    /** Another page of the same user, in a window of its own: a page that is not to be seen loads nothing. */
+    /** Another page of the same user, in a window of its own, because a hidden page loads nothing. */
     another(size) {
         return Viewer.open(this.context, this.host, { ...size, type: 'window' });
     }
@@ -172,6 +172,6 @@ export const launch = () =>
         executablePath: chromium,
         headless: true,
         protocolTimeout: 3 * deadline,
-        // The sandbox is not to be had as root, which tests may run as; the pages are our own.
+        // Chromium has no sandbox when it runs as root, as tests may; the pages are trusted.
         args: ['--no-sandbox', '--autoplay-policy=no-user-gesture-required', '--mute-audio', '--disable-gpu'],
     });

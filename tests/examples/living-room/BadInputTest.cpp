@@ -5,7 +5,7 @@
 namespace living_room {
 namespace {
 
-// No service is needed to refuse.
+// Refusing a request needs no service.
 class BadInputTest : public ::testing::Test {
 protected:
     std::string statusOf(const std::string& request) const {
@@ -29,7 +29,7 @@ TEST_F(BadInputTest, AnUnknownPathIsNotFound) {
     }
 }
 
-TEST_F(BadInputTest, NonsenseIsABadRequest) {
+TEST_F(BadInputTest, AnInvalidRequestIsABadRequest) {
     EXPECT_EQ(statusOf("nonsense\r\n\r\n"), "HTTP/1.1 400 Bad Request");
     EXPECT_EQ(statusOf("GET / HTTP/9.9\r\n\r\n"), "HTTP/1.1 400 Bad Request");
     EXPECT_EQ(statusOfPath("/%00"), "HTTP/1.1 400 Bad Request");
@@ -54,7 +54,7 @@ TEST_F(BadInputTest, ARequestUnderAnotherNameIsRefused) {
     EXPECT_EQ(statusOf("GET / HTTP/1.1\r\nConnection: close\r\n\r\n"), "HTTP/1.1 421 Misdirected Request");
 }
 
-TEST_F(BadInputTest, AFormOfAnotherSiteIsRefused) {
+TEST_F(BadInputTest, AFormFromAnotherSiteIsRefused) {
     const std::string start =
         "POST /sign-in HTTP/1.1\r\nHost: " + host.authority() + "\r\nConnection: close\r\n";
     const std::string end = "Content-Length: 8\r\n\r\nname=ann";

@@ -1,6 +1,6 @@
 #pragma once
 
-// A browser without a screen, for tests of the host over sockets.
+// The host on a thread of its own, and a browser without a screen that talks to it over sockets.
 
 #include "Context.h"
 #include "pages/Pages.h"
@@ -38,11 +38,12 @@ private:
     std::thread thread_;
 };
 
-/// Sends what it is given, and reads until the host closes or nothing came for half a minute.
+/// Sends `bytes` and returns the answer: what arrives until the host closes the connection, or until nothing has
+/// arrived for half a minute.
 inline std::string exchange(std::uint16_t port, const std::string& bytes) {
     const auto socket = VanticRestKit::test::connectToLoopback(port);
-    const timeval patience{.tv_sec = 30, .tv_usec = 0};
-    ::setsockopt(socket.descriptor(), SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
+    const timeval timeout{.tv_sec = 30, .tv_usec = 0};
+    ::setsockopt(socket.descriptor(), SOL_SOCKET, SO_RCVTIMEO, &timeout, sizeof timeout);
     VanticRestKit::test::sendAll(socket.descriptor(), bytes.data(), bytes.size());
     std::string answer;
     char buffer[8192];
@@ -52,12 +53,12 @@ inline std::string exchange(std::uint16_t port, const std::string& bytes) {
     return answer;
 }
 
-/// Keeps its cookie, as a browser does.
+/// Keeps its cookie between requests, as a browser does.
 class Browser {
 public:
     explicit Browser(const RunningHost& host) : host_(host) {}
 
-    /// Head and body of the answer.
+    /// The answer with its headers.
     std::string get(const std::string& target) { return ask("GET " + target + " HTTP/1.1\r\n", ""); }
     std::string post(const std::string& target, const std::string& form) {
         return ask("POST " + target + " HTTP/1.1\r\nOrigin: http://" + host_.authority() + "\r\n", form);

@@ -7,7 +7,7 @@ namespace {
 
 std::string named(const Value& failure, const char* name) { return failure.named(name)->text(); }
 
-TEST(ErrorsTest, AFailureThatMayPassIsTriedAgainByItself) {
+TEST(ErrorsTest, ATemporaryFailureIsTriedAgainByItself) {
     const Value failure = failureOf(NSError("NSURLErrorDomain", -1004));
     EXPECT_EQ(named(failure, "sentence"), "There is no connection. Check your network and try again.");
     EXPECT_EQ(named(failure, "category"), "offline");
@@ -15,7 +15,7 @@ TEST(ErrorsTest, AFailureThatMayPassIsTriedAgainByItself) {
     EXPECT_EQ(named(failure, "retrySeconds"), "3");
 }
 
-TEST(ErrorsTest, AFailureForWantOfAUserOffersToSignIn) {
+TEST(ErrorsTest, AFailureBecauseNoUserIsSignedInOffersToSignIn) {
     const Value failure = failureOf(TrelvoError::noUid());
     EXPECT_EQ(named(failure, "sentence"), "Please sign in and try again.");
     EXPECT_EQ(named(failure, "offersSignIn"), "true");
@@ -35,7 +35,7 @@ TEST(ErrorsTest, AFailedPartHasItsStateASentenceAndAButton) {
     EXPECT_NE(part.body.view().find("data-action=\"try-again\""), std::string_view::npos);
 }
 
-TEST(ErrorsTest, AProblemIsAPageWithTheStatus) {
+TEST(ErrorsTest, AProblemPageHasTheStatusAndASentence) {
     for (const int status : {400, 403, 404, 405, 421, 431}) {
         const Answer page = problemPage(status);
         EXPECT_EQ(page.status, status);

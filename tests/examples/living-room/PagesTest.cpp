@@ -34,7 +34,7 @@ TEST_F(PagesTest, HomeHasAFeaturedItemAndRows) {
     EXPECT_TRUE(holds(browser.get("/part/collection/1001"), "data-kind=\"Video\""));
 }
 
-TEST_F(PagesTest, EachScreenAnswersAtOnceAndLoadsItsParts) {
+TEST_F(PagesTest, EachScreenAnswersWithoutTheServiceAndLoadsItsParts) {
     const std::pair<const char*, const char*> screens[] = {{"/", "home"},     {"/show/x", "show"},
                                                            {"/live", "live"}, {"/video/x", "video"},
                                                            {"/me", "me"},     {"/search", "search"}};
@@ -61,7 +61,7 @@ TEST_F(PagesTest, APersonHasTheSamePictureOnEveryScreen) {
     EXPECT_TRUE(holds(again, picture.substr(picture.find("Location:"), 30))) << again;
 }
 
-TEST_F(PagesTest, TwoBrowsersHaveTwoUsers) {
+TEST_F(PagesTest, EachBrowserHasAUserOfItsOwn) {
     Browser other(host);
     EXPECT_TRUE(holds(browser.get("/me"), "Who is watching?"));
     EXPECT_TRUE(browser.post("/sign-in", "name=ann").starts_with("HTTP/1.1 303"));
@@ -85,7 +85,7 @@ TEST_F(PagesTest, AProfileHasAListOfItsOwn) {
     EXPECT_TRUE(holds(people, "data-profile=\"ann.tim\"")) << people;
 }
 
-TEST_F(PagesTest, ProgressIsKeptAndResumed) {
+TEST_F(PagesTest, ProgressIsSavedAndTheVideoResumes) {
     browser.post("/sign-in", "name=ann");
     EXPECT_FALSE(holds(browser.get("/part/video/HL0101"), "Resume at"));
     EXPECT_TRUE(
@@ -96,7 +96,7 @@ TEST_F(PagesTest, ProgressIsKeptAndResumed) {
     EXPECT_TRUE(holds(browser.get("/part/continue"), "data-progress=\"125\""));
 }
 
-TEST_F(PagesTest, ARefusedTokenAsksToSignIn) {
+TEST_F(PagesTest, ARefusedTokenOffersToSignIn) {
     browser.post("/sign-in", "name=ann");
     sample.add({.kind = SampleFault::Kind::expiredToken, .path = "v2/saved/watchlist/show", .count = 10});
     const std::string list = browser.get("/part/list");
@@ -124,14 +124,14 @@ TEST_F(PagesTest, ThePanelListsTheRequestsOfThisBrowserOnly) {
     EXPECT_FALSE(holds(other.get("/part/panel"), "/v2/search"));
 }
 
-TEST(ServerTest, ABrowserThatGoesAwayCancelsWhatIsLoadedForIt) {
+TEST(ServerTest, CancelsTheLoadsOfABrowserThatGoesAway) {
     Server server(0);
     const VanticRestKit::test::Event asked, gone;
     std::thread thread([&] {
         server.run([&](Request request) -> Task<Answer> {
             const std::stop_callback onGone(request.gone, [&] { gone.signal(); });
             asked.signal();
-            // What never answers: only a stop ends it.
+            // It never answers, so only the stop request ends the load.
             SampleService silent;
             silent.add({.kind = SampleFault::Kind::stall});
             const Service service(silent.baseURL(), server.queue());
@@ -155,7 +155,7 @@ TEST(ServerTest, ABrowserThatGoesAwayCancelsWhatIsLoadedForIt) {
     thread.join();
 }
 
-TEST(ServerTest, EndsThoughConnectionsAreOpen) {
+TEST(ServerTest, StopsWhileConnectionsAreOpen) {
     Server server(0);
     std::thread thread([&] { server.run([](Request) -> Task<Answer> { co_return Answer(); }); });
     const auto socket = VanticRestKit::test::connectToLoopback(server.port());

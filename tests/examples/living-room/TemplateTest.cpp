@@ -8,7 +8,7 @@ namespace {
 constexpr const char* script = "<script>alert('x')</script>\"&";
 constexpr const char* escapedScript = "&lt;script&gt;alert(&#39;x&#39;)&lt;/script&gt;&quot;&amp;";
 
-TEST(TemplateTest, EscapesWhatIsFilledIn) {
+TEST(TemplateTest, EscapesValues) {
     EXPECT_EQ(rendered("notice", Value::Object{{"title", script}, {"message", std::string("a\0b", 3)}}),
               "<p class=\"notice\" role=\"note\"><b>" + std::string(escapedScript) +
                   "</b> a\xEF\xBF\xBD"
@@ -22,13 +22,13 @@ TEST(TemplateTest, RepeatsASectionForEachValueOfAList) {
     EXPECT_EQ(text.find("Nothing so far"), std::string::npos);
 }
 
-TEST(TemplateTest, ShowsAnInvertedSectionIfThereIsNothing) {
+TEST(TemplateTest, ShowsAnInvertedSectionIfTheValueIsEmpty) {
     EXPECT_NE(rendered("panel-lists", Value::Object{}).find("Nothing so far"), std::string::npos);
     const Value::Object notSaved{{"show", 1}, {"isSaved", false}};
     EXPECT_NE(rendered("save", notSaved).find("Save to my list"), std::string::npos);
 }
 
-TEST(TemplateTest, LooksNamesUpFromTheInsideOut) {
+TEST(TemplateTest, LooksUpNamesInTheInnermostSectionFirst) {
     const Value tile = Value::Object{{"title", "inner"}, {"link", "/x"}};
     const Value::Object row{{"title", "outer"}, {"tiles", Value::List{tile}}, {"subtitle", "from outside"}};
     const std::string text = rendered("tiles", row);
@@ -37,7 +37,7 @@ TEST(TemplateTest, LooksNamesUpFromTheInsideOut) {
     EXPECT_EQ(text.find("outer"), std::string::npos);
 }
 
-TEST(TemplateTest, FillsInATemplateThatAValueNames) {
+TEST(TemplateTest, IncludesATemplateNamedByAValue) {
     const std::string text = rendered("page", Value::Object{{"screen", "search"}, {"word", script}});
     EXPECT_NE(text.find("<body data-screen=\"search\">"), std::string::npos);
     EXPECT_NE(text.find("value=\"" + std::string(escapedScript) + "\""), std::string::npos);
@@ -46,8 +46,8 @@ TEST(TemplateTest, FillsInATemplateThatAValueNames) {
 
 TEST(TemplateTest, AnUnknownTemplateIsEmpty) { EXPECT_EQ(rendered("no such", "x"), ""); }
 
-// Escaping makes text harmless between tags and in attributes with double quotes, and nowhere else.
-TEST(TemplateTest, NoTemplateHasAGapInATagOutsideOfQuotes) {
+// Escaped text is harmless only between tags and in attributes with double quotes.
+TEST(TemplateTest, NoTemplateHasAGapInATagOutsideQuotes) {
     const std::string_view text = asset("templates");
     bool inTag = false;
     bool inQuotes = false;

@@ -28,7 +28,7 @@ Video episode() {
     return video;
 }
 
-TEST_F(ViewTest, AnEpisodeIsKnownByItsShow) {
+TEST_F(ViewTest, AnEpisodeHasTheTitleOfItsShow) {
     const Value tile = tileOf(CollectionItem(episode()), service);
     EXPECT_EQ(text(tile, "kind"), "Video");
     EXPECT_EQ(text(tile, "title"), "Harbour Lights");
