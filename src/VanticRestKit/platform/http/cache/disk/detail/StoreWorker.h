@@ -54,8 +54,8 @@ private:
 
     /// If `result` indicates damage, sets the file aside and returns true.
     bool handleDamage(int result);
-    /// Whether a lock of the file could not be given back. Then SQLite waits ten seconds for its own lock with each
-    /// call, until the file is closed, as it has been.
+    /// If `result` indicates that SQLite could not release a lock of the file, closes the file and returns true. If the
+    /// file stayed open, each call would wait ten seconds for SQLite's own lock.
     bool handleLostLock(int result);
     void reportFault(int result);
     void report(DiskCacheErrorCode code, const std::string& reason);
