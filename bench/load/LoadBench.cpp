@@ -214,17 +214,17 @@ void inFlight(Server& server, std::size_t count, Form form) {
     const long memory = statusValue("VmRSS");
     const long threads = statusValue("Threads");
     // Counts the requests that begin, by the network activity indicator.
-    struct Begun {
+    struct Started {
         std::atomic<std::size_t> number = 0;
         std::binary_semaphore all{0};
     };
-    Begun& begun = *new Begun;
-    NetworkActivityCounter::setIndicator([&begun, count](bool) {
-        if (++begun.number == count) begun.all.release();
+    Started& started = *new Started;
+    NetworkActivityCounter::setIndicator([&started, count](bool) {
+        if (++started.number == count) started.all.release();
     });
     Loads& loads = *new Loads(URLSession::make({}), addressOf(server, "/held"), form);
     loads.begin(count, count);
-    begun.all.acquire();
+    started.all.acquire();
     const long peakThreads = statusValue("Threads") - threads;
     server.release();
     loads.wait();

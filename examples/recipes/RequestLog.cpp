@@ -29,11 +29,11 @@ private:
             nameOf(request.source));
     }
     void decodingFailed(const DecodingFailure& failure) override {
-        std::printf("%s is no %s: %s\n", failure.url.c_str(), failure.typeName.c_str(),
+        std::printf("%s cannot be decoded as %s: %s\n", failure.url.c_str(), failure.typeName.c_str(),
                     failure.error.localizedDescription().c_str());
     }
     void documentExplained(const ExplainedDocument& document) override {
-        std::printf("%s: %zu faults swallowed\n", document.url.c_str(), document.faults.size());
+        std::printf("%s: %zu faults tolerated\n", document.url.c_str(), document.faults.size());
     }
 };
 

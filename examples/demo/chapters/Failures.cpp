@@ -75,11 +75,11 @@ bool showFailures(const Stage& stage) {
     print("a response that is not JSON", noJSON, context);
 
     agreed = service.stop() && agreed;
-    const auto gone = failureOfStoppedService(context);
-    print("a service that was stopped", gone, context);
+    const auto stopped = failureOfStoppedService(context);
+    print("a service that was stopped", stopped, context);
 
     return agreed && notFound && notFound->is404Error() && hasCode(failing, 500) && noJSON &&
-           noJSON->kind() == LoaderError::Kind::failedToDecode && hasCode(gone, -1004);
+           noJSON->kind() == LoaderError::Kind::failedToDecode && hasCode(stopped, -1004);
 }
 
 }  // namespace demo

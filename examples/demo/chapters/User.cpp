@@ -40,14 +40,15 @@ bool makeProfile(const UserContext& context) {
     if (before || before.error().kind() != TrelvoError::Kind::datasetDoesNotExist) return false;
     printField("profiles", before.error().localizedDescription());
 
-    const auto made = valueOf(ran<Subprofile>([&](auto completion) {
+    const auto created = valueOf(ran<Subprofile>([&](auto completion) {
         trelvo.createSubprofile(
             {.dataset = Dictionary{{"displayName", "Ann"}, {"avatarId", 106}, {"isChild", false}},
              .completionHandler = std::move(completion)},
             context);
     }));
-    if (made) printField("created", made->displayName().value_or("unnamed") + ", known as " + made->uid());
-    return made.has_value();
+    if (created)
+        printField("created", created->displayName().value_or("unnamed") + ", known as " + created->uid());
+    return created.has_value();
 }
 
 std::optional<Show> showOf(const std::string& slugOrId, const Context& context) {
@@ -69,7 +70,7 @@ bool watchHalf(const UserContext& context) {
     const auto video = fetched(Endpoint::Video({.houseNumber = "HL0101"}, context));
     if (!video || !video->duration || !video->showId) return false;
     const auto half = static_cast<std::int64_t>(*video->duration / 2);
-    const auto kept = valueOf(ran<std::vector<HistoryData>>([&](auto completion) {
+    const auto watched = valueOf(ran<std::vector<HistoryData>>([&](auto completion) {
         Trelvo::shared().updateVideoProgress({.showId = *video->showId,
                                               .houseNumber = video->houseNumber.value_or(""),
                                               .progress = half,
@@ -77,8 +78,8 @@ bool watchHalf(const UserContext& context) {
                                               .completionHandler = std::move(completion)},
                                              context);
     }));
-    if (kept) printField("watched", video->title.value_or("Untitled") + " up to " + position(half));
-    return kept && kept->size() == 1;
+    if (watched) printField("watched", video->title.value_or("Untitled") + " up to " + position(half));
+    return watched && watched->size() == 1;
 }
 
 bool resume(const UserContext& context) {

@@ -13,17 +13,17 @@ namespace VanticRestKit::Testing {
 
 std::string Programme::effectiveSlug() const {
     if (!slug.empty()) return slug;
-    std::string made;
+    std::string derived;
     for (const char letter : title) {
         const auto byte = static_cast<unsigned char>(letter);
         if (std::isalnum(byte) != 0) {
-            made += static_cast<char>(std::tolower(byte));
-        } else if (!made.empty() && made.back() != '-') {
-            made += '-';
+            derived += static_cast<char>(std::tolower(byte));
+        } else if (!derived.empty() && derived.back() != '-') {
+            derived += '-';
         }
     }
-    if (made.ends_with('-')) made.pop_back();
-    return made.empty() ? "untitled" : made;
+    if (derived.ends_with('-')) derived.pop_back();
+    return derived.empty() ? "untitled" : derived;
 }
 
 namespace detail {
@@ -84,27 +84,27 @@ private:
 }  // namespace
 
 std::string showDocument(const Programme& programme) {
-    const OneProgramme made(programme);
+    const OneProgramme catalogue(programme);
     sample::ShowExtras extras;
-    extras.highlightVideo = made.videos().front();
-    if (!made.series().empty()) {
-        extras.selectedSeries = made.series().front();
+    extras.highlightVideo = catalogue.videos().front();
+    if (!catalogue.series().empty()) {
+        extras.selectedSeries = catalogue.series().front();
         extras.seriesList = true;
     }
-    return written(sample::showJSON(made.show(), extras), programme);
+    return written(sample::showJSON(catalogue.show(), extras), programme);
 }
 
 std::string seriesDocument(const Programme& programme, std::uint32_t series) {
-    const OneProgramme made(programme);
-    const auto all = made.series();
+    const OneProgramme catalogue(programme);
+    const auto all = catalogue.series();
     if (all.empty()) return "null";
     const std::size_t place = std::clamp<std::size_t>(series, 1, all.size()) - 1;
     return written(sample::seriesJSON(*all[place], true), programme);
 }
 
 std::string videoDocument(const Programme& programme, std::uint32_t series, std::uint32_t episode) {
-    const OneProgramme made(programme);
-    const auto videos = made.videos();
+    const OneProgramme catalogue(programme);
+    const auto videos = catalogue.videos();
     const auto isIt = [=](const sample::Video* video) {
         return video->series == series && video->episode == episode;
     };

@@ -29,16 +29,16 @@ bool takesTheRest(const std::vector<std::string>& segments, std::size_t at) {
 }
 
 std::optional<std::string> pathMismatch(const std::vector<std::string>& expected, const std::string& path) {
-    const std::vector<std::string> came = parts(path, '/');
+    const std::vector<std::string> actual = parts(path, '/');
     for (std::size_t i = 0; i < expected.size(); ++i) {
         if (takesTheRest(expected, i)) return std::nullopt;
-        if (i >= came.size()) return "the path ends before " + quoted(expected[i]);
-        if (expected[i] != "*" && expected[i] != came[i]) {
-            return "the path has " + quoted(came[i]) + " instead of " + quoted(expected[i]);
+        if (i >= actual.size()) return "the path ends before " + quoted(expected[i]);
+        if (expected[i] != "*" && expected[i] != actual[i]) {
+            return "the path has " + quoted(actual[i]) + " instead of " + quoted(expected[i]);
         }
     }
-    if (came.size() > expected.size()) {
-        return "the path goes on with " + quoted(came[expected.size()]);
+    if (actual.size() > expected.size()) {
+        return "the path continues with " + quoted(actual[expected.size()]);
     }
     return std::nullopt;
 }
@@ -79,10 +79,10 @@ std::optional<std::string> RequestPattern::mismatch(const AskedRequest& asked) c
         }
     }
     for (const auto& [name, value] : headers_) {
-        const std::optional<std::string> came = asked.header(name);
-        if (!came) return "the header " + name + " is missing";
-        if (*came != value)
-            return "the header " + name + " is " + quoted(*came) + " instead of " + quoted(value);
+        const std::optional<std::string> actual = asked.header(name);
+        if (!actual) return "the header " + name + " is missing";
+        if (*actual != value)
+            return "the header " + name + " is " + quoted(*actual) + " instead of " + quoted(value);
     }
     for (const std::string& body : bodies_) {
         if (asked.body().find(body) == std::string::npos) return "the body lacks " + quoted(body);

@@ -23,9 +23,9 @@ std::optional<Auth> Trelvo::auth() const { return state_->auth.load(); }
 std::optional<TrelvoError> Trelvo::authError() const { return state_->authError.load(); }
 
 void Trelvo::clearAuth() {
-    const std::optional<Auth> former = state_->auth.load();
+    const std::optional<Auth> previous = state_->auth.load();
     state_->auth.store(std::nullopt);
-    detail::removeStoredAnswers(former, std::nullopt);
+    detail::removeStoredAnswers(previous, std::nullopt);
     state_->authError.store(std::nullopt);
 }
 

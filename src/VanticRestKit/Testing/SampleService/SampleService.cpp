@@ -59,8 +59,8 @@ void SampleService::stop() {
 }
 
 URL SampleService::baseURL() const {
-    const std::optional<URL> made = port() == 0 ? std::nullopt : URL::make(state_->instance.baseURL());
-    return made ? *made : URL("http://127.0.0.1:1");
+    const std::optional<URL> url = port() == 0 ? std::nullopt : URL::make(state_->instance.baseURL());
+    return url ? *url : URL("http://127.0.0.1:1");
 }
 
 std::uint16_t SampleService::port() const {

@@ -7,7 +7,7 @@ namespace VanticRestKit {
 namespace {
 
 /// `playableVideo` always refers to the video itself; of the values that the service sends, only the title is used.
-void pointAtItself(Video& video) {
+void referToItself(Video& video) {
     if (!video.playableVideo) video.playableVideo.emplace();
     video.playableVideo->id = video.videoId;
     video.playableVideo->href = video.selfHref;
@@ -80,7 +80,7 @@ const TypePlan& planOf<Video>() {
                 lenient<&Video::nextEpisodeSeriesTitle>("seriesTitle")),
             lenient<&Video::categoryLinks>("categories"),
             lenient<&Video::variationLinks>("variations"),
-            derived<&Video::playableVideo, pointAtItself>("highlightVideo")),
+            derived<&Video::playableVideo, referToItself>("highlightVideo")),
         lenientObject("_embedded",
             lenient<&Video::playlist>("playlist")));
     // clang-format on

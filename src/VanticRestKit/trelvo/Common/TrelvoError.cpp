@@ -5,29 +5,29 @@
 namespace VanticRestKit {
 
 TrelvoError TrelvoError::noAuthToken(Error authError) {
-    TrelvoError made(Kind::noAuthToken);
-    made.error_ = std::move(authError);
-    return made;
+    TrelvoError result(Kind::noAuthToken);
+    result.error_ = std::move(authError);
+    return result;
 }
 
 TrelvoError TrelvoError::datasetNamespaceMismatch(std::optional<std::string> expected,
                                                   std::optional<std::string> actual) {
-    TrelvoError made(Kind::datasetNamespaceMismatch);
-    made.expected_ = std::move(expected);
-    made.actual_ = std::move(actual);
-    return made;
+    TrelvoError result(Kind::datasetNamespaceMismatch);
+    result.expected_ = std::move(expected);
+    result.actual_ = std::move(actual);
+    return result;
 }
 
 TrelvoError TrelvoError::general(Error error) {
-    TrelvoError made(Kind::general);
-    made.error_ = std::move(error);
-    return made;
+    TrelvoError result(Kind::general);
+    result.error_ = std::move(error);
+    return result;
 }
 
 TrelvoError TrelvoError::unknown(std::optional<std::string> message) {
-    TrelvoError made(Kind::unknown);
-    made.message_ = std::move(message);
-    return made;
+    TrelvoError result(Kind::unknown);
+    result.message_ = std::move(message);
+    return result;
 }
 
 TrelvoError TrelvoError::datasetDoesNotExist() { return TrelvoError(Kind::datasetDoesNotExist); }

@@ -160,9 +160,9 @@ void UserSession::resumeAfterRefresh(Entry& entry, bool isRefreshed) {
 void UserSession::keep(const Auth& auth) { replaceAuth(auth); }
 
 void UserSession::replaceAuth(std::optional<Auth> auth) {
-    const std::optional<Auth> former = std::exchange(auth_, std::move(auth));
+    const std::optional<Auth> previous = std::exchange(auth_, std::move(auth));
     // These tokens are not used any longer, so neither are the responses cached for them.
-    removeStoredAnswers(former, auth_);
+    removeStoredAnswers(previous, auth_);
     isTokenRejected_ = false;
     publish();
 }

@@ -29,15 +29,15 @@ auto onlyDataset(const char* missing) {
 
 }  // namespace
 
-DatasetOperation<Containers> getDataset(GetDataset wanted) {
+DatasetOperation<Containers> getDataset(GetDataset arguments) {
     return {.name = "getDataset",
             .route =
-                [wanted = std::move(wanted)](const std::string& uid, SourceSystem source) {
+                [arguments = std::move(arguments)](const std::string& uid, SourceSystem source) {
                     return GetDatasetURI{.uid = uid,
                                          .source = source,
-                                         .namespace_ = wanted.namespace_,
-                                         .includePrivateData = wanted.includePrivateData,
-                                         .includeFamilyData = wanted.includeFamilyData};
+                                         .namespace_ = arguments.namespace_,
+                                         .includePrivateData = arguments.includePrivateData,
+                                         .includeFamilyData = arguments.includeFamilyData};
                 },
             .conclude = allDatasets};
 }

@@ -20,7 +20,7 @@ struct GetDataset {
     bool includeFamilyData;
 };
 
-DatasetOperation<std::vector<DatasetContainer>> getDataset(GetDataset wanted);
+DatasetOperation<std::vector<DatasetContainer>> getDataset(GetDataset arguments);
 DatasetOperation<DatasetContainer> createDataset(std::string namespace_, Dictionary dataset);
 DatasetOperation<DatasetContainer> updateDataset(std::string namespace_, Dictionary dataset);
 DatasetOperation<void> deleteDataset(std::string namespace_);

@@ -39,10 +39,10 @@ DatasetOperation<typename Converted::value_type> converted(DatasetOperation<Valu
 
 }  // namespace
 
-DatasetOperation<std::vector<Subprofile>> getSubprofiles(GetSubprofiles wanted) {
+DatasetOperation<std::vector<Subprofile>> getSubprofiles(GetSubprofiles arguments) {
     return converted(getDataset({.namespace_ = profile,
-                                 .includePrivateData = wanted.includePrivateData,
-                                 .includeFamilyData = wanted.includeFamilyData}),
+                                 .includePrivateData = arguments.includePrivateData,
+                                 .includeFamilyData = arguments.includeFamilyData}),
                      asSubprofiles);
 }
 

@@ -14,7 +14,7 @@ struct GetSubprofiles {
     bool includeFamilyData;
 };
 
-DatasetOperation<std::vector<Subprofile>> getSubprofiles(GetSubprofiles wanted);
+DatasetOperation<std::vector<Subprofile>> getSubprofiles(GetSubprofiles arguments);
 DatasetOperation<Subprofile> createSubprofile(Dictionary dataset);
 DatasetOperation<Subprofile> updateSubprofile(Dictionary dataset);
 /// Deletes only the dataset, not other data of the user.

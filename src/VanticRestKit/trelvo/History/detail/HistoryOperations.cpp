@@ -42,43 +42,43 @@ HistoryReading viewingHistory(std::uint64_t limit) {
             .conclude = records};
 }
 
-HistoryReading listRecentVideos(RecentVideos wanted) {
+HistoryReading listRecentVideos(RecentVideos arguments) {
     return {.name = "listRecentVideos",
             .route =
-                [wanted](const std::string& uid, SourceSystem source) {
-                    return RecentVideoHistoryURI{.markedAsDone = wanted.markedAsDone,
+                [arguments](const std::string& uid, SourceSystem source) {
+                    return RecentVideoHistoryURI{.markedAsDone = arguments.markedAsDone,
                                                  .uid = uid,
                                                  .source = source,
-                                                 .limit = wanted.limit,
+                                                 .limit = arguments.limit,
                                                  .slug = TrelvoSlug::watchlist};
                 },
             .conclude = records};
 }
 
-HistoryReading listVideosForShow(VideosForShow wanted) {
-    auto error = signedRangeError(wanted.showId, "listVideosForShow", "showId");
+HistoryReading listVideosForShow(VideosForShow arguments) {
+    auto error = signedRangeError(arguments.showId, "listVideosForShow", "showId");
     return {.name = "listVideosForShow",
             .route =
-                [wanted](const std::string& uid, SourceSystem source) {
-                    return VideoHistoryForShowURI{.markedAsDone = wanted.markedAsDone,
+                [arguments](const std::string& uid, SourceSystem source) {
+                    return VideoHistoryForShowURI{.markedAsDone = arguments.markedAsDone,
                                                   .uid = uid,
                                                   .source = source,
                                                   .slug = TrelvoSlug::watchlist,
-                                                  .showId = wanted.showId.value().value_or(0)};
+                                                  .showId = arguments.showId.value().value_or(0)};
                 },
             .conclude = records,
             .argumentError = std::move(error)};
 }
 
-HistoryReading getVideoProgress(ProgressOfVideo wanted) {
-    auto error = signedRangeError(wanted.showId, "getVideoProgress", "showId");
+HistoryReading getVideoProgress(ProgressOfVideo arguments) {
+    auto error = signedRangeError(arguments.showId, "getVideoProgress", "showId");
     return {.name = "getVideoProgress",
             .route =
-                [wanted = std::move(wanted)](const std::string& uid, SourceSystem source) {
+                [arguments = std::move(arguments)](const std::string& uid, SourceSystem source) {
                     return VideoProgressURI{.uid = uid,
                                             .source = source,
-                                            .showId = wanted.showId.value().value_or(0),
-                                            .houseNumber = wanted.houseNumber};
+                                            .showId = arguments.showId.value().value_or(0),
+                                            .houseNumber = arguments.houseNumber};
                 },
             .conclude = records,
             .argumentError = std::move(error)};

@@ -37,9 +37,9 @@ struct NewProgress {
 
 HistoryDeletion deleteHistory();
 HistoryReading viewingHistory(std::uint64_t limit);
-HistoryReading listRecentVideos(RecentVideos wanted);
-HistoryReading listVideosForShow(VideosForShow wanted);
-HistoryReading getVideoProgress(ProgressOfVideo wanted);
+HistoryReading listRecentVideos(RecentVideos arguments);
+HistoryReading listVideosForShow(VideosForShow arguments);
+HistoryReading getVideoProgress(ProgressOfVideo arguments);
 HistoryReading updateVideoProgress(NewProgress changes);
 
 }  // namespace VanticRestKit::detail

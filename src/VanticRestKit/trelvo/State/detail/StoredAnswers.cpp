@@ -7,12 +7,12 @@
 
 namespace VanticRestKit::detail {
 
-void removeStoredAnswers(const std::optional<Auth>& former, const std::optional<Auth>& current) {
-    if (!former) return;
+void removeStoredAnswers(const std::optional<Auth>& previous, const std::optional<Auth>& current) {
+    if (!previous) return;
     const std::shared_ptr<URLCache>& cache = NetworkURLSession::sharedInstance().sessionURLConfig.urlCache;
     if (!cache) return;
     for (const std::string Auth::*token : {&Auth::accessToken, &Auth::refreshToken}) {
-        const std::string& value = (*former).*token;
+        const std::string& value = (*previous).*token;
         const bool isStillUsed = current && (*current).*token == value;
         if (!isStillUsed) cache->removeCachedResponses("Bearer " + value);
     }

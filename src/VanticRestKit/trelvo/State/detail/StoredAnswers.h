@@ -9,9 +9,9 @@
 
 namespace VanticRestKit::detail {
 
-/// Removes the responses that were loaded with the tokens `former` from the cache of the shared session, unless
+/// Removes the responses that were loaded with the tokens `previous` from the cache of the shared session, unless
 /// `current` still contains these tokens. If a context uses its own session with a separate cache, the host has to
 /// remove them there.
-void removeStoredAnswers(const std::optional<Auth>& former, const std::optional<Auth>& current);
+void removeStoredAnswers(const std::optional<Auth>& previous, const std::optional<Auth>& current);
 
 }  // namespace VanticRestKit::detail

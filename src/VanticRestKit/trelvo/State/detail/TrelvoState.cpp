@@ -24,10 +24,10 @@ void keepTokens(TrelvoState& self, const Result<TokenResponse, LoaderError>& ans
 
 }  // namespace
 
-void TrelvoState::keep(const Auth& brought) {
-    const std::optional<Auth> former = auth.load();
-    auth.store(brought);
-    removeStoredAnswers(former, brought);
+void TrelvoState::keep(const Auth& received) {
+    const std::optional<Auth> previous = auth.load();
+    auth.store(received);
+    removeStoredAnswers(previous, received);
 }
 
 std::optional<double> TrelvoState::timeUntilAuthExpires() const {

@@ -55,7 +55,7 @@ public:
     std::optional<double> timeUntilAuthExpires() const;
 
     /// Also removes the cached responses for the previous tokens, which can no longer be used.
-    void keep(const Auth& brought) override;
+    void keep(const Auth& received) override;
 
 private:
     struct Refresh {
