@@ -1,7 +1,7 @@
-# Which services the library is built with. One that VRK_SERVICES leaves out is not compiled. In place of each of its
-# headers hosts find one that says so, and their VanticRestKit.h does not include it.
+# The services that the library is built with. A service that is not in VRK_SERVICES is not compiled. Its headers are
+# replaced by headers that result in a compile error, and VanticRestKit.h does not include them.
 #   VRK_LEFT_OUT           the services that are left out
-#   VRK_REDUCED_HEADERS    the folder with these headers, to be searched before src; empty if nothing is left out
+#   VRK_REDUCED_HEADERS    the folder with these headers, which is searched before src; empty if nothing is left out
 
 set(services lumeno trelvo recs kavro)
 string(REPLACE ";" ", " names "${services}")
@@ -43,7 +43,7 @@ endforeach()
 string(REGEX REPLACE "\n\n\n+" "\n\n" umbrella "${umbrella}")
 file(CONFIGURE OUTPUT ${VRK_REDUCED_HEADERS}/VanticRestKit/VanticRestKit.h @ONLY CONTENT "${umbrella}")
 
-# What is left of an earlier choice.
+# Removes the replacements of an earlier configuration.
 file(GLOB_RECURSE found RELATIVE ${VRK_REDUCED_HEADERS} ${VRK_REDUCED_HEADERS}/*.h)
 list(REMOVE_ITEM found ${reduced})
 list(TRANSFORM found PREPEND ${VRK_REDUCED_HEADERS}/)

@@ -1,5 +1,5 @@
-// What a small device feels: memory and start time of a process that uses the library, beside those of one that uses
-// libcurl alone. Each figure is the median over processes of their own.
+// The costs for a small device: memory and start time of a process that uses the library, compared with one that uses
+// only libcurl. Each figure is the median of several processes.
 //   device_bench [--quick]
 
 #include "../decode/Documents.h"
@@ -45,7 +45,7 @@ std::vector<HostMemory> printedBy(const std::string& command) {
 double megabytes(double bytes) { return bytes / 1048576; }
 double kilobytes(double bytes) { return bytes / 1024; }
 
-/// A figure of several processes.
+/// The values of one figure in several processes.
 struct Medians {
     std::vector<double> values;
 
@@ -53,7 +53,7 @@ struct Medians {
     double median() const { return Times{values, {}}.median(); }
 };
 
-/// What processes of one program take.
+/// The memory of several processes of one program.
 struct Footprint {
     Medians resident;
     Medians unshared;
@@ -82,7 +82,7 @@ void memoryWithHome(const std::string& url, std::size_t processes) {
     row(", static library", archive);
 }
 
-/// What further connections take, for each of them, in KB.
+/// The memory of each further connection, in KB.
 double heapOfEach(const HostMemory& one, const HostMemory& many, int further) {
     return kilobytes(static_cast<double>(many.allocated - one.allocated)) / further;
 }

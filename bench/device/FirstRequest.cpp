@@ -34,7 +34,7 @@ pid_t start(const std::string& program, const std::string& url) {
     std::string address = url;
     std::string name = program;
     const std::array<char*, 4> arguments{name.data(), task.data(), address.data(), nullptr};
-    // A TLS connection that is closed after its first bytes is an error to report, here of no interest.
+    // Discards the error report: the TLS connection is closed after its first bytes on purpose.
     posix_spawn_file_actions_t quietly;
     posix_spawn_file_actions_init(&quietly);
     posix_spawn_file_actions_addopen(&quietly, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
@@ -45,7 +45,7 @@ pid_t start(const std::string& program, const std::string& url) {
     return process;
 }
 
-/// Reads until the head of a request is there; of a TLS connection its first bytes.
+/// Reads the head of a request, or the first bytes of a TLS connection.
 void readRequest(int connection, bool isHTTPS) {
     std::string request;
     std::array<char, 4096> bytes;

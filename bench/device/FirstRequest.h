@@ -5,16 +5,16 @@
 
 namespace VanticRestKit::bench {
 
-/// What a process took from its start to its first request, in seconds.
+/// The time from the start of a process to its first request, in seconds.
 struct FirstRequest {
-    /// By the clock, until the last byte of the request's head had arrived. Of a TLS connection: until its first byte
-    /// had.
+    /// Elapsed time until the last byte of the request's head arrives; for a TLS connection, until its first byte
+    /// arrives.
     double wall = 0;
     /// The processor time of the whole process, until its end.
     double processor = 0;
 };
 
-/// The server that first requests go to.
+/// A server that measures the first request of processes.
 class FirstRequests {
 public:
     FirstRequests();
@@ -22,8 +22,8 @@ public:
     FirstRequests(const FirstRequests&) = delete;
     FirstRequests& operator=(const FirstRequests&) = delete;
 
-    /// Starts `program first URL`, with a URL of this server, and answers its request. Over https the connection is
-    /// closed after its first bytes.
+    /// Starts `program first URL`, with a URL of this server, and answers its request. An https connection is closed
+    /// after its first bytes.
     FirstRequest of(const std::string& program, bool isHTTPS) const;
 
 private:

@@ -2,20 +2,19 @@
 
 namespace VanticRestKit::bench {
 
-/// What this process takes, in bytes.
+/// The memory of this process, in bytes.
 struct HostMemory {
-    /// In memory, with the pages of libraries that it has touched.
+    /// Resident memory, including the used pages of libraries.
     long resident = 0;
-    /// Of that, what no other process shares.
+    /// The part of it that is not shared with other processes.
     long unshared = 0;
-    /// What it has allocated and not freed, over all threads.
+    /// Heap memory in use, by all threads.
     long allocated = 0;
 };
 
 HostMemory hostMemory();
 
-/// Waits until what ended loads leave to other threads is done, and prints what this process takes: one line with the
-/// three figures.
+/// Waits until other threads have finished their work for ended loads, and prints one line with the three figures.
 void printHostMemory();
 
 }  // namespace VanticRestKit::bench

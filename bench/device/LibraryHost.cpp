@@ -1,8 +1,8 @@
-// A host that does one thing and ends, for device_bench, which starts it.
+// A host that performs a single task, started by device_bench.
 //   device_library first URL                       sends one request
-//   device_library home URL                        loads a home screen, holds it, and prints what the process takes
-//   device_library connections URL COUNT ROOTS     prints what the process takes with one connection in waiting and
-//                                                  then with COUNT; ROOTS: a file, or "" for http
+//   device_library home URL                        loads a home screen, keeps it, and prints the memory of the process
+//   device_library connections URL COUNT ROOTS     prints the memory with one idle connection and then with COUNT;
+//                                                  ROOTS: a file, or "" for http
 
 #include "HostMemory.h"
 
@@ -39,7 +39,7 @@ private:
 template <class T>
 Result<T, LoaderError> loaded(const Resource<T>& resource) {
     std::optional<Result<T, LoaderError>> outcome;
-    // Never destroyed: the completion may still be inside when the waiting is over.
+    // Never destroyed, because the completion may still be inside `release` when the wait is over.
     auto& ended = *new std::binary_semaphore(0);
     resource.load({.with = [&](Result<T, LoaderError> result) {
         outcome = std::move(result);
@@ -62,7 +62,7 @@ int holdHome(const char* baseURL) {
     return 0;
 }
 
-/// Ends when `count` requests that were sent at once are answered.
+/// Sends `count` requests at once and waits for their responses.
 void load(URLSession& session, const std::string& url, int count) {
     auto& ended = *new std::counting_semaphore<>(0);
     for (int i = 0; i < count; ++i) {

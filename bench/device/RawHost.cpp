@@ -1,4 +1,4 @@
-// What LibraryHost.cpp does, with nothing but libcurl.
+// The tasks of LibraryHost.cpp with only libcurl.
 
 #include "../load/RawLoads.h"
 #include "HostMemory.h"
@@ -17,7 +17,7 @@ int main(int count, char** arguments) {
     if (task == "first") {
         RawLoads({.url = arguments[2], .connections = 6}).run(1, 1);
     } else if (task == "home") {
-        // The body stays with its handle.
+        // The handle keeps the body.
         RawLoads loads({.url = arguments[2], .connections = 6});
         loads.run(1, 1);
         printHostMemory();
