@@ -51,8 +51,8 @@ TEST_F(UserClientEnds, CanStartOthersInACompletionOnTheDelegateQueue) {
     const Event done;
     handles.push_back(client->listWatchlistShowIds().start(
         {.on = session->queue()}, [&](const Result<Saved, TrelvoError>&) {
-            // The token has ended by now, so that this one needs a
-            // request whose answer arrives on this very queue.
+            // The token has expired by now, so this operation needs a
+            // token request whose response arrives on this queue.
             *now = 5000;
             list({.on = session->queue()});
             done.signal();

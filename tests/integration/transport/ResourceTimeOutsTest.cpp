@@ -96,7 +96,7 @@ TEST(ResourceTimeOuts, AnInvalidIntervalIsTheDefault) {
     }
 }
 
-TEST(LeastSpeed, ATooSlowBodyFails) {
+TEST(MinimumSpeed, ATooSlowBodyFails) {
     FaultServer server(dripping(milliseconds(50)));
     const auto session = sessionWithin(0, {.minBodyBytesPerSecond = 1000, .bodySpeedInterval = Seconds(0.4)});
     const Loaded loaded = load(*session, server.url());
@@ -106,7 +106,7 @@ TEST(LeastSpeed, ATooSlowBodyFails) {
     EXPECT_TRUE(server.waitForEnded(1));
 }
 
-TEST(LeastSpeed, AFastBodyAfterASlowHeadSucceeds) {
+TEST(MinimumSpeed, AFastBodyAfterASlowHeadSucceeds) {
     FaultServer server([](FaultConnection& connection) {
         if (!connection.readRequest()) return;
         connection.trickle("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n", milliseconds(50));

@@ -102,8 +102,8 @@ TEST(Scarcity, BlocksRunOnThePostingThreadIfNoThreadCanBeStarted) {
     }
 }
 
-// In a process of its own, in which the timer has no thread yet.
-TEST(ScarcityDeathTest, ADelayedBlockRunsAtOnceIfThereIsNoThreadToWaitOn) {
+// In a separate process, in which the timer has no thread yet.
+TEST(ScarcityDeathTest, ADelayedBlockRunsAtOnceIfTheTimerCannotStartItsThread) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     const auto post = [] {
         const Event ran;

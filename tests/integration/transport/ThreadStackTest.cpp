@@ -16,7 +16,7 @@
 #include <string>
 #include <utility>
 
-// In a program of its own: the size of stacks is a setting of the process.
+// A separate program, since the stack size is a setting of the whole process.
 
 using namespace VanticRestKit;
 using namespace VanticRestKit::test;
@@ -24,7 +24,7 @@ using namespace VanticRestKit::test;
 namespace {
 
 #ifdef VRK_IS_SANITIZED
-// A sanitizer makes each frame several times as large.
+// A sanitizer makes each frame several times larger.
 constexpr std::size_t stackSize = 4 * DispatchQueue::minThreadStackSize;
 #else
 constexpr std::size_t stackSize = DispatchQueue::minThreadStackSize;
@@ -59,7 +59,7 @@ TEST_F(ThreadStack, OfTheDelegateQueueHasTheSizeThatWasSet) {
                    })
         ->resume();
     EXPECT_EQ(loaded.body(), "answer") << loaded.story();
-    // glibc may give it the stack of a thread of the test that has ended.
+    // glibc may reuse the larger stack of a thread that has ended.
     EXPECT_LE(size, 4 * stackSize + 64 * 1024);
 }
 

@@ -16,8 +16,8 @@ namespace {
 
 constexpr std::size_t kilobyte = 1024;
 
-/// The size of the stack that the C library gave the calling thread. It may have rounded up what was asked for, and
-/// counts the guard page or not.
+/// The stack size of the calling thread. The C library may have rounded up the requested size, and may or may not
+/// include the guard page.
 std::size_t ownStackSize() {
     pthread_attr_t attributes;
     std::size_t size = 0;
@@ -59,12 +59,12 @@ std::size_t stackSizeIn(Post post) {
     return size;
 }
 
-/// Whether a stack is as large as was asked for, up to what the C library rounds and sanitizers add. glibc also gives a
-/// thread the stack of one that has ended if that is up to four times as large.
-testing::AssertionResult isAbout(std::size_t size, std::size_t asked) {
-    if (size + 16 * kilobyte >= asked && size <= 4 * asked + 256 * kilobyte)
+/// Whether a stack has the requested size. It may be larger: the C library rounds up, sanitizers add memory, and glibc
+/// reuses the stack of an ended thread if that is at most four times as large.
+testing::AssertionResult isAbout(std::size_t size, std::size_t requested) {
+    if (size + 16 * kilobyte >= requested && size <= 4 * requested + 256 * kilobyte)
         return testing::AssertionSuccess();
-    return testing::AssertionFailure() << size << " bytes, but " << asked << " were asked for";
+    return testing::AssertionFailure() << size << " bytes, but " << requested << " were requested";
 }
 
 }  // namespace

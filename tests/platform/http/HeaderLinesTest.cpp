@@ -1,4 +1,4 @@
-// In a program of its own: it replaces a function of libcurl.
+// A separate program, since it replaces a function of libcurl.
 
 #include <VanticRestKit/platform/http/curl/detail/HeaderLines.h>
 
@@ -9,7 +9,7 @@
 
 namespace {
 
-/// How many more lines libcurl takes before it has no memory for one.
+/// The number of lines that libcurl can still append. Then it has no memory left.
 int linesLeft = 0;
 
 }  // namespace
@@ -34,7 +34,7 @@ protected:
     URLRequest request;
 };
 
-TEST_F(HeaderLinesTest, HoldTheRequestsOwnAndThoseOfTheSession) {
+TEST_F(HeaderLinesTest, ContainTheHeadersOfTheRequestAndTheSession) {
     linesLeft = allLines;
     const HeaderLines lines = headerLinesOf(request);
     ASSERT_NE(lines, nullptr);
@@ -42,14 +42,14 @@ TEST_F(HeaderLinesTest, HoldTheRequestsOwnAndThoseOfTheSession) {
     EXPECT_EQ(linesLeft, 0) << "every line counts";
 }
 
-TEST_F(HeaderLinesTest, AreNoneIfMemoryIsMissingForOne) {
+TEST_F(HeaderLinesTest, AreNullIfMemoryRunsOutAtAnyLine) {
     for (int line = 0; line < allLines; ++line) {
         linesLeft = line;
         EXPECT_EQ(headerLinesOf(request), nullptr) << line;
     }
 }
 
-TEST_F(HeaderLinesTest, AreMadeAgainAfterMemoryWasMissing) {
+TEST_F(HeaderLinesTest, AreBuiltAgainAfterMemoryRanOut) {
     HeaderLinesMemo memo;
     linesLeft = 0;
     EXPECT_EQ(memo.of(request, ""), nullptr);

@@ -68,7 +68,7 @@ TEST(IdleDeadlines, ExpireInOrderOfTimeWhateverTheOrderOfInsertion) {
     EXPECT_EQ(deadlines.next(), std::nullopt);
 }
 
-TEST(IdleDeadlines, AnIdlerActiveAfterAllIsWatchedAgain) {
+TEST(IdleDeadlines, AnExpiredIdlerCanBeWatchedAgainAfterActivity) {
     IdleDeadlines deadlines;
     Idler idler = idlerOf(seconds(10));
     deadlines.watch(idler, start);

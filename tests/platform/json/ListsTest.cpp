@@ -186,7 +186,7 @@ TEST(AList, FailsWithThePathOfTheElementInANestedList) {
     EXPECT_EQ(drawing(R"("words":[["a"],[]])").find(R"("words":[["a"],[]])"), drawn("[]").find("\"words\""));
 }
 
-TEST(ATolerantList, DropsTheOtherElementsAndKeepsTheOrder) {
+TEST(ATolerantList, DropsFaultyElementsAndKeepsTheOrder) {
     EXPECT_EQ(
         drawing(
             R"("circles":[{"radius":1},{},{"radius":2,"tags":["t"]},null,7,"c",[],{"radius":-1},{"radius":3}])"),

@@ -17,7 +17,7 @@ bool fits(const char* vary, const URLRequest& stored, const URLRequest& asked) {
     return variant && fitsVariant(*variant, asked);
 }
 
-TEST(Vary, FitsARequestWithTheSameValues) {
+TEST(Vary, MatchesARequestWithTheSameValues) {
     const URLRequest request = requestWith({{"Foo", "1"}, {"Bar", "a"}});
     EXPECT_TRUE(fits("Foo, bar", request, requestWith({{"foo", "1"}, {"BAR", "a"}, {"Baz", "7"}})));
     EXPECT_FALSE(fits("Foo, Bar", request, requestWith({{"Foo", "2"}, {"Bar", "a"}})));
@@ -26,11 +26,11 @@ TEST(Vary, FitsARequestWithTheSameValues) {
     EXPECT_FALSE(fits("Foo", requestWith({}), requestWith({{"Foo", ""}})));
 }
 
-TEST(Vary, WithAStarFitsNothing) {
+TEST(Vary, WithAStarMatchesNothing) {
     for (const char* vary : {"*", ", *", "*, Foo", "Foo,*"}) EXPECT_FALSE(variantOf(vary, requestWith({})));
 }
 
-TEST(Vary, WithAMemberThatIsNoHeaderNameFitsNothing) {
+TEST(Vary, WithAnInvalidHeaderNameMatchesNothing) {
     using namespace std::string_view_literals;
     for (const std::string_view vary :
          {"Foo Bar"sv, "Foo, Bar:"sv, "Foo:1"sv, "\"Foo\""sv, "Foo, B\0r"sv, "F\xF6o"sv, "Foo;q=1"sv}) {

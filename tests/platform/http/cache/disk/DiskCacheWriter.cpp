@@ -1,5 +1,9 @@
-// Writes records to a store until it is killed:   disk_cache_writer FOLDER SEED [ROUNDS] Prints the number of each
-// round after it is written. With ROUNDS it ends after that many, with exit code 1 if anything was reported.
+// Writes records to a store until it is killed:
+//
+//   disk_cache_writer FOLDER SEED [ROUNDS]
+//
+// Prints the number of each round after it is written. With ROUNDS it ends after that many, with exit code 1 if
+// anything was reported.
 
 #include <VanticRestKit/platform/http/cache/detail/DiskCacheStore.h>
 
