@@ -101,7 +101,7 @@ class Configure(unittest.TestCase):
         reason = self.refusal("-DVRK_SERVICES=lumeno;weather")
         self.assertIn("VRK_SERVICES lists 'weather', which is no service. The services are lumeno, trelvo", reason)
 
-    def test_what_needs_every_service_is_refused_without_one(self):
+    def test_options_that_need_every_service_are_refused_if_one_is_left_out(self):
         for user in ("VRK_TESTS", "VRK_APPS", "VRK_TESTING", "VRK_BENCH"):
             with self.subTest(user):
                 reason = self.refusal("-DVRK_SERVICES=lumeno;trelvo", f"-D{user}=ON")
@@ -113,7 +113,7 @@ class Configure(unittest.TestCase):
         source.write_text("".join(f"#include <VanticRestKit/{name}>\n" for name in includes), encoding="utf-8")
         run(GIVEN.compiler, "-std=c++20", "-fsyntax-only", f"-I{self.folder}/build/reduced", f"-I{GIVEN.tree}/src", source)
 
-    def test_headers_of_services_that_are_left_out_say_so(self):
+    def test_a_header_of_an_excluded_service_fails_to_compile_with_the_reason(self):
         self.configure("-DVRK_SERVICES=recs")
         self.syntax_of("VanticRestKit.h", "recs/RecsContext.h")
         for header in ("lumeno/Video/Video.h", "trelvo/Trelvo.h", "kavro/KAVRORoutes.h"):
@@ -122,7 +122,7 @@ class Configure(unittest.TestCase):
             reason = f"VanticRestKit was built without the service {header.split('/')[0]}; add"
             self.assertIn(reason, str(failure.exception))
 
-    def test_a_service_that_is_built_in_later_has_its_headers_back(self):
+    def test_a_service_that_is_added_later_has_its_headers(self):
         self.configure("-DVRK_SERVICES=")
         self.configure("-DVRK_SERVICES=trelvo")
         self.syntax_of("VanticRestKit.h", "trelvo/Trelvo.h")

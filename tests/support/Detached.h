@@ -1,14 +1,14 @@
 #pragma once
 
 /// \file
-/// `Detached`: a coroutine for which no one waits.
+/// `Detached`: a coroutine whose end is not awaited.
 
 #include <coroutine>
 #include <exception>
 
 namespace VanticRestKit::test {
 
-/// A coroutine that runs by itself and destroys itself at its end. It must not throw.
+/// A coroutine that starts at once and is destroyed at its end. It must not throw.
 struct Detached {
     struct promise_type {
         Detached get_return_object() const noexcept { return {}; }

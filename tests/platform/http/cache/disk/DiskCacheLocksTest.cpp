@@ -1,4 +1,4 @@
-// In a program of its own: it replaces the function that locks parts of files.
+// A separate program, since it replaces the function that locks parts of files.
 
 #include <platform/http/cache/disk/DiskStore.h>
 
@@ -10,8 +10,8 @@
 
 namespace {
 
-/// The number of the attempt to give a lock back that fails, counted down; none if it is not above zero.
-std::atomic<int> failing = 0;
+/// Counted down with each unlock. The unlock that makes it zero fails.
+std::atomic<int> unlocksUntilFailure = 0;
 
 }  // namespace
 
@@ -21,8 +21,8 @@ extern "C" [[gnu::visibility("default")]] int fcntl64(int file, int request, ...
     va_start(rest, request);
     void* const argument = va_arg(rest, void*);
     va_end(rest);
-    const bool givesBack = request == F_SETLK && static_cast<const flock*>(argument)->l_type == F_UNLCK;
-    if (givesBack && failing.fetch_sub(1) == 1) {
+    const bool unlocks = request == F_SETLK && static_cast<const flock*>(argument)->l_type == F_UNLCK;
+    if (unlocks && unlocksUntilFailure.fetch_sub(1) == 1) {
         errno = ENOLCK;
         return -1;
     }
@@ -35,16 +35,16 @@ namespace {
 
 using DiskCacheLocks = DiskStore;
 
-TEST_F(DiskCacheLocks, WhatIsStoredAfterOneCouldNotBeGivenBackIsFound) {
-    // With one of these SQLite waits ten seconds before it sees that it waits for itself.
+TEST_F(DiskCacheLocks, RecordsWrittenAfterAFailedUnlockAreFound) {
+    // One of these makes SQLite wait ten seconds for a lock that it holds itself.
     for (const int unlock : {1, 2, 3, 4}) {
         open();
         write("before", "1");
         EXPECT_EQ(bodyIn(*store_, "before"), "1");
-        failing = unlock;
+        unlocksUntilFailure = unlock;
         write("meanwhile", "2");
         store_->flush();
-        EXPECT_LE(failing, 0) << "it has failed";
+        EXPECT_LE(unlocksUntilFailure, 0) << "the unlock has failed";
         write("after", std::to_string(unlock));
         EXPECT_EQ(bodyIn(*store_, "after"), std::to_string(unlock));
         EXPECT_EQ(bodyIn(*store_, "meanwhile"), "2");
