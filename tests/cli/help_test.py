@@ -100,7 +100,7 @@ class BaseURLVariable(TestCase):
     def test_counts_as_unset_if_empty(self):
         self.assert_usage_error(vantic("request", "Time", VANTIC_BASE_URL=""), "--base-url is missing")
 
-    def test_that_is_no_url_is_wrong_usage(self):
+    def test_that_is_not_a_url_is_wrong_usage(self):
         self.assert_usage_error(vantic("request", "Time", VANTIC_BASE_URL="http://["), "VANTIC_BASE_URL is no URL")
 
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""How scripts/compile calls cmake, in an empty tree and with a cmake that only records.   compile_test.py TOP"""
+"""Tests how scripts/compile calls cmake, in an empty tree and with a fake cmake that records its arguments.   compile_test.py TOP"""
 
 import os
 import pathlib
@@ -37,18 +37,18 @@ class Compile(unittest.TestCase):
         self.assertRegex(configure, "^--preset release .*-DVRK_LIVING_ROOM=ON$")
         self.assertEqual("--build --preset release --parallel 3 --target one two", build)
 
-    def test_a_new_folder_gets_no_tests_if_they_are_not_wanted(self):
+    def test_a_new_folder_is_configured_without_tests_on_request(self):
         self.assertIn("-DVRK_TESTS=OFF", self.calls("release", VRK_WITHOUT_TESTS="1")[0])
 
-    def test_a_folder_without_tests_stays_so_if_they_are_not_wanted(self):
+    def test_a_folder_without_tests_keeps_none_on_request(self):
         self.configured_with("OFF")
         self.assertIn("-DVRK_TESTS=OFF", self.calls("release", VRK_WITHOUT_TESTS="1")[0])
 
-    def test_a_folder_with_tests_keeps_them(self):
+    def test_a_folder_with_tests_keeps_them_despite_the_request(self):
         self.configured_with("ON")
         self.assertNotIn("VRK_TESTS", self.calls("release", VRK_WITHOUT_TESTS="1")[0])
 
-    def test_tests_are_left_to_the_preset_unless_they_are_not_wanted(self):
+    def test_the_preset_decides_about_tests_without_the_request(self):
         self.configured_with("OFF")
         self.assertNotIn("VRK_TESTS", self.calls("release")[0])
 
