@@ -120,7 +120,8 @@ TEST_F(AnOperation, EndsWithATimeoutAtItsDeadline) {
     const Cancellable handle = operation.start({.deadline = 5ms}, keep());
     ASSERT_TRUE(delivered.wait());
     EXPECT_EQ(codeOf(outcomes.front()), timedOutCode);
-    EXPECT_EQ(source->cancelled.count(), 1);
+    // On a busy machine the deadline can pass before the work is started, which it then never is.
+    EXPECT_EQ(source->cancelled.count(), source->started.count());
 }
 
 TEST_F(AnOperation, DoesNotStartWithADeadlineOfZeroOrNaN) {
