@@ -26,7 +26,7 @@ const std::string library = VRK_DEVICE_LIBRARY;
 const std::string staticLibrary = VRK_DEVICE_LIBRARY_STATIC;
 const std::string raw = VRK_DEVICE_RAW;
 
-/// The figures that a program prints.
+/// The lines that the program prints.
 std::vector<HostMemory> printedBy(const std::string& command) {
     std::FILE* const output = popen(command.c_str(), "r");
     if (output == nullptr) std::exit(1);
@@ -99,7 +99,7 @@ void memoryOfConnections(const std::string& name, const std::string& url, const 
         withHandles.add(heapOfEach(others.at(0), others.at(1), count - 1));
         theirs.add(heapOfEach(others.at(0), others.at(2), count - 1));
     }
-    report("memory of a connection in waiting, " + name + ", over raw libcurl's, in KB",
+    report("memory of an idle connection, " + name + ", over raw libcurl's, in KB",
            figure(ours.median() - theirs.median(), 1), "", "",
            figure(ours.median(), 1) + ", raw libcurl " + figure(theirs.median(), 1) + ", " +
                figure(withHandles.median(), 1) + " if it keeps its handles too");

@@ -10,7 +10,7 @@ struct FirstRequest {
     /// Elapsed time until the last byte of the request's head arrives; for a TLS connection, until its first byte
     /// arrives.
     double wall = 0;
-    /// The processor time of the whole process, until its end.
+    /// Processor time of the whole process.
     double processor = 0;
 };
 

@@ -26,7 +26,7 @@ curl_slist* sameHeaders() {
 RawLoads::RawLoads(Settings settings)
     : settings_(std::move(settings)), multi_(curl_multi_init()), headers_(sameHeaders()) {
     curl_multi_setopt(multi_, CURLMOPT_MAX_HOST_CONNECTIONS, settings_.connections);
-    // By default libcurl keeps four times as many as there are handles under way, so few when the last one ends.
+    // By default, libcurl keeps four connections per active handle, so it closes most of them when the last loads end.
     curl_multi_setopt(multi_, CURLMOPT_MAXCONNECTS, settings_.connections);
 }
 

@@ -17,7 +17,7 @@ public:
         std::string url{};
         /// The trusted root certificates. If set, HTTP/2 is requested, and requests wait to share a connection.
         std::string caBundlePath{};
-        /// How many are opened at most, and how many are kept.
+        /// The maximum number of connections, active or idle.
         long connections = 0;
         bool speaksHTTP2 = true;
     };
@@ -32,7 +32,7 @@ public:
     /// Loads `count` times, `atOnce` at a time.
     void run(std::size_t count, std::size_t atOnce);
 
-    /// Destroys the easy handles, with the bodies. The connections stay.
+    /// Destroys the idle easy handles and their bodies. Connections stay open.
     void dropHandles();
 
 private:
