@@ -11,7 +11,7 @@ namespace VanticRestKit::bench {
 struct Case {
     std::string name;
     std::function<void()> run;
-    /// How many rounds pass between two runs, for what is too slow to be run in each.
+    /// Run only in every n-th round, for code that is too slow to run in each.
     std::size_t every = 1;
 };
 

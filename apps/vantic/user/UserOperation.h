@@ -42,8 +42,8 @@ struct UserCall {
     UserRun run;
 };
 
-/// Reads "OPERATION --option value ...", with `more` options beside the usual ones. Throws `UsageError` if
-/// that is wrong and `HelpRequested` if it asks for help.
+/// Parses "OPERATION --option value ...", with `more` options in addition to the usual ones. Throws `UsageError` for
+/// wrong usage and `HelpRequested` for `--help`.
 UserCall readUserCall(Words words, std::span<const Option> more = {});
 
 }  // namespace vantic

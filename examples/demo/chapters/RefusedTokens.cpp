@@ -28,9 +28,9 @@ bool show(const char* what, const UserContext& context) {
 bool showRefusedTokens(const Stage& stage) {
     printHeading("When a token is refused");
     stage.context.takeReport();  // the report of the previous chapter
-    const UserContext nobody(stage.context, std::nullopt);
+    const UserContext noUser(stage.context, std::nullopt);
     const UserContext ann(stage.context, "ann");
-    bool good = !show("no user is signed in", nobody);
+    bool good = !show("no user is signed in", noUser);
 
     good = stage.service.addFault("v2/token", R"("fault":"status","status":401)") && good;
     good = !show("the user has to consent again", ann) && good;
