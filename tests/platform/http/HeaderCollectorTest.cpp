@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <initializer_list>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -88,6 +90,16 @@ TEST(HeaderCollector, ReadsTheLengthAndRejectsTwo) {
         ASSERT_TRUE(broken.fault().has_value()) << line;
         EXPECT_EQ(broken.fault()->code, URLErrorCode::cannotParseResponse);
     }
+}
+
+TEST(HeaderCollector, KeepsALengthOfMoreThan32BitsAndRefusesOneOfMoreThan64) {
+    const auto withLength = [](const std::string& length) {
+        return collected({"HTTP/1.1 200 OK", "Content-Length: " + length, ""});
+    };
+    EXPECT_EQ(withLength("4294967297").contentLength(), (std::uint64_t{1} << 32) + 1);
+    EXPECT_EQ(withLength("18446744073709551615").contentLength(), std::numeric_limits<std::uint64_t>::max());
+    ASSERT_TRUE(withLength("18446744073709551616").fault().has_value());
+    EXPECT_EQ(withLength("18446744073709551616").fault()->code, URLErrorCode::cannotParseResponse);
 }
 
 TEST(HeaderCollector, UsesTheFirstLocation) {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <utility>
 
 namespace VanticRestKit::detail {
@@ -16,8 +17,9 @@ struct Part {
     std::size_t size = 0;
 };
 
-std::optional<std::size_t> numberOf(std::string_view text) {
-    std::size_t number = 0;
+// Of 64 bits on every system: a range may end after more bytes than a 32-bit process can address.
+std::optional<std::uint64_t> numberOf(std::string_view text) {
+    std::uint64_t number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (text.empty() || error != std::errc() || end != text.data() + text.size()) return std::nullopt;
     return number;
@@ -34,13 +36,14 @@ std::optional<Part> partOf(std::string_view range, std::size_t size) {
     const auto last = numberOf(lastText);
     if (dash == 0) {
         if (!last || *last == 0 || size == 0) return std::nullopt;
-        const std::size_t length = std::min(*last, size);
+        const auto length = static_cast<std::size_t>(std::min<std::uint64_t>(*last, size));
         return Part{size - length, length};
     }
     const auto first = numberOf(positions.substr(0, dash));
     if (!first || *first >= size || (!last && !lastText.empty())) return std::nullopt;
     if (last && *last < *first) return std::nullopt;
-    return Part{*first, std::min(last.value_or(size - 1), size - 1) - *first + 1};
+    const std::uint64_t end = std::min<std::uint64_t>(last.value_or(size - 1), size - 1) + 1;
+    return Part{static_cast<std::size_t>(*first), static_cast<std::size_t>(end - *first)};
 }
 
 void removeField(HeaderFields& fields, std::string_view name) {
