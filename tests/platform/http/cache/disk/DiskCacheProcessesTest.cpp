@@ -21,7 +21,7 @@ extern char** environ;
 
 namespace {
 
-#ifdef VRK_IS_SLOW
+#ifdef VRK_IS_SANITIZED
 constexpr int kills = 40;
 constexpr int roundsOfEach = 20;
 #else
