@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 #include <VanticRestKit/platform/json/DecodingError.h>
 #include <VanticRestKit/platform/json/JSONDecoder.h>
+#include <VanticRestKit/platform/json/MemoryBudget.h>
 #include <VanticRestKit/platform/json/OneOf.h>
 #include <VanticRestKit/platform/json/Table.h>
 
 #include <platform/json/BothEngines.h>
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <utility>
@@ -119,6 +122,14 @@ std::uint64_t memoryOf(const std::string& json) {
         EXPECT_EQ(outcomeWithin(less, json).failure, broken) << json.substr(0, 100);
     }
     return outcome.memory;
+}
+
+TEST(TheMemoryBudget, IsNeverMoreThanAProcessCanAddress) {
+    constexpr std::uint64_t addressable = std::numeric_limits<std::ptrdiff_t>::max();
+    MemoryBudget memory(noLimit);
+    EXPECT_EQ(memory.limit(), addressable);
+    EXPECT_TRUE(memory.take(addressable));
+    EXPECT_FALSE(memory.take(1));
 }
 
 TEST(TheMemoryBudget, CountsTheElementsOfAListWithTheirFullSize) {

@@ -28,7 +28,8 @@ public:
     struct Settings {
         /// The maximum memory that a decoded value may hold, in bytes: the capacity of its lists, its strings of more
         /// than 15 bytes, and what it holds by pointer. A document that exceeds it fails as a whole. While a list
-        /// grows, up to twice as much is used temporarily.
+        /// grows, up to twice as much is used temporarily. Capped at what a process can address, which is 2 GB on
+        /// 32-bit systems.
         std::uint64_t memoryBudget = defaultMemoryBudget;
     };
 

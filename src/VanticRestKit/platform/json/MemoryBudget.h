@@ -3,7 +3,9 @@
 /// \file
 /// `MemoryBudget`: how much memory a decode has allocated, and its limit.
 
+#include <cstddef>
 #include <cstdint>
+#include <limits>
 
 namespace VanticRestKit {
 
@@ -12,8 +14,8 @@ namespace VanticRestKit {
 /// take thousands in memory.
 class MemoryBudget {
 public:
-    /// `limit` is in bytes.
-    explicit MemoryBudget(std::uint64_t limit) noexcept : limit_(limit) {}
+    /// `limit` is in bytes, and capped at what a process can address, which is 2 GB on 32-bit systems.
+    explicit MemoryBudget(std::uint64_t limit) noexcept : limit_(limit < addressable ? limit : addressable) {}
 
     /// Counts memory that is about to be allocated. Returns false if that exceeds the limit; the decode must then stop.
     bool take(std::uint64_t bytes) noexcept {
@@ -38,6 +40,8 @@ public:
     bool isExceeded() const noexcept { return wasRefused_ || used_ > limit_; }
 
 private:
+    static constexpr std::uint64_t addressable = std::numeric_limits<std::ptrdiff_t>::max();
+
     std::uint64_t used_ = 0;
     std::uint64_t limit_;
     bool wasRefused_ = false;
