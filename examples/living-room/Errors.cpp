@@ -21,7 +21,7 @@ const char* sentenceOfStatus(int status) {
 
 }  // namespace
 
-Value::Object failureOf(const Error& error) {
+Value failureOf(const Error& error) {
     const ErrorAdvice advice = adviceOn(error);
     const double asked = advice.retryAfter ? advice.retryAfter->count() : 0;
     const double retry = advice.mayTryAgain ? std::clamp(asked, minRetrySeconds, maxRetrySeconds) : 0;

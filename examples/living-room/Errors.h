@@ -8,7 +8,7 @@ namespace living_room {
 
 /// What the viewer reads about a failure, and what can be done: sentence, category, offersSignIn, and retrySeconds,
 /// after which the screen tries again by itself; 0 if that would not help.
-Value::Object failureOf(const Error& error);
+Value failureOf(const Error& error);
 
 /// In place of a part that could not be loaded: a sentence and a button to try again.
 Answer failedPart(const Error& error);

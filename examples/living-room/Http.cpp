@@ -37,12 +37,12 @@ bool Request::read(std::string requested, std::string body) {
            path.find("..") == std::string::npos;
 }
 
-Answer pageAnswer(std::string_view name, Value::Object values, int status) {
+Answer pageAnswer(std::string_view name, Value values, int status) {
     Data page(rendered(name, std::move(values)));
     return {.status = status, .body = std::move(page), .headers = {{"Cache-Control", "no-store"}}};
 }
 
-Answer partAnswer(std::string_view name, Value::Object values, const char* state) {
+Answer partAnswer(std::string_view name, Value values, const char* state) {
     Answer answer = pageAnswer(name, std::move(values));
     answer.headers.emplace_back("X-State", state);
     return answer;
@@ -52,7 +52,7 @@ Answer emptyPart(std::string sentence) {
     return partAnswer("empty", {{"sentence", std::move(sentence)}}, "empty");
 }
 
-Answer tilesPart(std::string_view name, Value::List tiles, std::string sentenceIfNone) {
+Answer tilesPart(std::string_view name, Value tiles, std::string sentenceIfNone) {
     if (tiles.empty()) return emptyPart(std::move(sentenceIfNone));
     return partAnswer(name, {{"tiles", std::move(tiles)}});
 }

@@ -46,13 +46,13 @@ struct Answer {
 };
 
 /// A page: the template with that name, filled with `values`.
-Answer pageAnswer(std::string_view name, Value::Object values, int status = 200);
+Answer pageAnswer(std::string_view name, Value values, int status = 200);
 /// A part of a screen, with its state: "ready", "empty" or "failed".
-Answer partAnswer(std::string_view name, Value::Object values, const char* state = "ready");
+Answer partAnswer(std::string_view name, Value values, const char* state = "ready");
 /// A part with a sentence that says what is missing.
 Answer emptyPart(std::string sentence);
 /// A part with tiles in that template, or with a sentence if there are none.
-Answer tilesPart(std::string_view name, Value::List tiles, std::string sentenceIfNone);
+Answer tilesPart(std::string_view name, Value tiles, std::string sentenceIfNone);
 /// Sends the browser to another address with GET, as after a form.
 Answer seeOther(std::string address);
 

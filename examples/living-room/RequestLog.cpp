@@ -7,9 +7,9 @@ namespace {
 
 constexpr std::size_t maxLines = 60;
 
-void addTo(Value::List& lines, Value line) {
+void addTo(Value& lines, Value line) {
     lines.insert(lines.begin(), std::move(line));
-    if (lines.size() > maxLines) lines.pop_back();
+    if (lines.size() > maxLines) lines.erase(maxLines);
 }
 
 std::string targetOf(const std::string& address) {
@@ -35,12 +35,11 @@ RequestLog::RequestLog()
 void RequestLog::requestEnded(const RequestMetrics& metrics) {
     const auto total = std::chrono::duration_cast<std::chrono::milliseconds>(metrics.total);
     const std::lock_guard lock(mutex_);
-    addTo(requests_,
-          Value::Object{{"method", metrics.method},
-                        {"target", targetOf(metrics.url)},
-                        {"outcome", metrics.status ? std::to_string(*metrics.status) : "no answer"},
-                        {"milliseconds", total.count()},
-                        {"source", nameOf(metrics.source)}});
+    addTo(requests_, {{"method", metrics.method},
+                      {"target", targetOf(metrics.url)},
+                      {"outcome", metrics.status ? std::to_string(*metrics.status) : "no answer"},
+                      {"milliseconds", total.count()},
+                      {"source", nameOf(metrics.source)}});
 }
 
 void RequestLog::decodingFailed(const DecodingFailure& failure) {
@@ -57,11 +56,11 @@ void RequestLog::documentExplained(const ExplainedDocument& document) {
 
 void RequestLog::addSwallowed(const std::string& line) {
     const std::lock_guard lock(mutex_);
-    const auto isLine = [&](const Value& known) { return known.text() == line; };
-    if (std::none_of(swallowed_.begin(), swallowed_.end(), isLine)) addTo(swallowed_, line);
+    const bool isKnown = std::find(swallowed_.begin(), swallowed_.end(), line) != swallowed_.end();
+    if (!isKnown) addTo(swallowed_, line);
 }
 
-Value::Object RequestLog::lists() const {
+Value RequestLog::lists() const {
     const std::lock_guard lock(mutex_);
     return {{"requests", requests_}, {"swallowed", swallowed_}};
 }

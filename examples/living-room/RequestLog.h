@@ -19,7 +19,7 @@ public:
 
     /// The two lists, latest first: `requests`, each with method, target, outcome (the status, or "no answer"),
     /// milliseconds and source, and `swallowed`, a sentence each.
-    Value::Object lists() const;
+    Value lists() const;
     /// Forgets both, as for a new screen.
     void clear();
 
@@ -27,7 +27,7 @@ private:
     void addSwallowed(const std::string& line);
 
     mutable std::mutex mutex_{};
-    Value::List requests_{}, swallowed_{};
+    Value requests_ = Value::array(), swallowed_ = Value::array();
 };
 
 }  // namespace living_room

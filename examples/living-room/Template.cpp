@@ -1,5 +1,7 @@
 #include "Template.h"
 
+#include <vector>
+
 namespace living_room {
 namespace {
 
@@ -11,6 +13,16 @@ std::string_view templateNamed(std::string_view name) {
     if (found == std::string_view::npos) return {};
     const std::string_view rest = all.substr(found + head.size());
     return rest.substr(0, rest.find("<!-- template "));
+}
+
+/// A string as it is, numbers and Booleans as in JSON; nothing for lists and objects.
+std::string textOf(const Value& value) {
+    if (value.is_string()) return value.get<std::string>();
+    return value.is_number() || value.is_boolean() ? value.dump() : "";
+}
+
+bool isEmpty(const Value& value) {
+    return value.is_structured() ? value.empty() : textOf(value).empty() || value == false;
 }
 
 class Renderer {
@@ -33,9 +45,9 @@ public:
                 section(found(tag), text.substr(0, length), kind == '^');
                 text.remove_prefix(length + end.size());
             } else if (kind == '>') {
-                run(templateNamed(tag.starts_with('*') ? found(tag.substr(1)).text() : tag));
+                run(templateNamed(tag.starts_with('*') ? textOf(found(tag.substr(1))) : tag));
             } else {
-                escape(found(tag).text());
+                escape(textOf(found(tag)));
             }
         }
     }
@@ -47,15 +59,16 @@ private:
         static const Value nothing;
         if (name == ".") return *scopes_.back();
         for (auto scope = scopes_.rbegin(); scope != scopes_.rend(); ++scope) {
-            if (const Value* const value = (*scope)->named(name)) return *value;
+            const auto value = (*scope)->find(name);
+            if (value != (*scope)->end()) return *value;
         }
         return nothing;
     }
 
     void section(const Value& value, std::string_view body, bool ifEmpty) {
-        if (value.empty() != ifEmpty) return;
-        if (const Value::List* const list = value.list(); list != nullptr && !ifEmpty) {
-            for (const Value& item : *list) runWithin(item, body);
+        if (isEmpty(value) != ifEmpty) return;
+        if (value.is_array() && !ifEmpty) {
+            for (const Value& item : value) runWithin(item, body);
         } else {
             runWithin(value, body);
         }
@@ -86,27 +99,6 @@ private:
 };
 
 }  // namespace
-
-bool Value::empty() const {
-    if (const bool* const truth = std::get_if<bool>(&held_)) return !*truth;
-    if (list() != nullptr) return list()->empty();
-    return !std::holds_alternative<Object>(held_) && text().empty();
-}
-
-std::string Value::text() const {
-    if (const bool* const truth = std::get_if<bool>(&held_)) return *truth ? "true" : "false";
-    const std::string* const text = std::get_if<std::string>(&held_);
-    return text != nullptr ? *text : std::string();
-}
-
-const Value* Value::named(std::string_view name) const {
-    if (const Object* const object = std::get_if<Object>(&held_)) {
-        for (const auto& [key, value] : *object) {
-            if (key == name) return &value;
-        }
-    }
-    return nullptr;
-}
 
 std::string rendered(std::string_view name, const Value& value) {
     Renderer renderer(value);

@@ -5,10 +5,10 @@
 namespace living_room {
 namespace {
 
-Value::List badgesOf(const CollectionItem& item) {
-    Value::List badges;
+Value badgesOf(const CollectionItem& item) {
+    Value badges;
     const auto add = [&](const char* kind, const std::string& text) {
-        badges.push_back(Value::Object{{"kind", kind}, {"text", text}});
+        badges.push_back({{"kind", kind}, {"text", text}});
     };
     if (const auto status = item.status()) {
         add(status->theme == StatusTheme::live ? "live" : "new", status->title);
@@ -23,11 +23,11 @@ Value::List badgesOf(const CollectionItem& item) {
     return badges;
 }
 
-Value::List factsOf(const CollectionItem& item) {
-    Value::List facts;
+Value factsOf(const CollectionItem& item) {
+    Value facts;
     for (const auto& fact :
          {item.displayDuration(), item.classification(), item.channelTitle(), item.broadcastInfo()}) {
-        if (fact && !fact->empty()) facts.emplace_back(*fact);
+        if (fact && !fact->empty()) facts.push_back(*fact);
     }
     return facts;
 }
@@ -37,7 +37,7 @@ std::string linkOf(const CollectionItem& item) {
     return screenLink(item.showHref()) + "?series=" + item.selfHref().value_or("");
 }
 
-/// The title of a tile is that of the show, so the subtitle tells its episodes and series apart.
+/// The title of a tile is that of the show; the subtitle distinguishes its episodes and series.
 std::string subtitleOf(const CollectionItem& item) {
     if (item.subtype() == LumenoSubtype::livestream) return item.channelTitle().value_or("");
     if (const auto subtitle = item.displaySubtitle()) return *subtitle;
@@ -45,7 +45,7 @@ std::string subtitleOf(const CollectionItem& item) {
     return title == item.showTitle() ? item.kickerTitle().value_or("") : title.value_or("");
 }
 
-Value::Object programmeOf(const NowNextContainer& programme) {
+Value programmeOf(const NowNextContainer& programme) {
     return {{"title", programme.displayTitle},
             {"subtitle", programme.displaySubtitle},
             {"start", programme.start},
@@ -55,9 +55,8 @@ Value::Object programmeOf(const NowNextContainer& programme) {
 
 }  // namespace
 
-Value::Object tileOf(const CollectionItem& item, const Service& service) {
+Value tileOf(const CollectionItem& item, const Service& service) {
     const Video* const video = item.as<Video>();
-    const Value::List facts = factsOf(item);
     return {{"kind", item.as<Show>() != nullptr ? "Show"
                      : video != nullptr         ? "Video"
                                                 : "Series"},
@@ -66,62 +65,60 @@ Value::Object tileOf(const CollectionItem& item, const Service& service) {
             {"description", video != nullptr ? video->videoDescription : item.description()},
             {"link", linkOf(item)},
             {"picture", fileLink(item.thumbnail(), service)},
-            {"hasFacts", !facts.empty()},
-            {"facts", facts},
+            {"facts", factsOf(item)},
             {"badges", badgesOf(item)}};
 }
 
-Value::Object heroOf(const CollectionItem& item, const Service& service) {
-    Value::Object hero = tileOf(item, service);
-    hero.emplace_back("kicker", item.kickerTitle());
+Value heroOf(const CollectionItem& item, const Service& service) {
+    Value hero = tileOf(item, service);
+    hero["kicker"] = item.kickerTitle();
     if (const auto video = item.playableVideo()) {
-        hero.emplace_back("playLink", screenLink(video->href));
-        hero.emplace_back("playTitle", video->playTitle.value_or("Play"));
+        hero["playLink"] = screenLink(video->href);
+        hero["playTitle"] = video->playTitle.value_or("Play");
     }
     return hero;
 }
 
-Value::List tilesOf(const std::vector<Video>& videos, const std::vector<HistoryData>& history,
-                    const Service& service) {
-    Value::List tiles;
+Value tilesOf(const std::vector<Video>& videos, const std::vector<HistoryData>& history,
+              const Service& service) {
+    Value tiles;
     for (const Video& video : videos) {
-        Value::Object tile = tileOf(video, service);
+        Value tile = tileOf(video, service);
         const auto isOfVideo = [&](const HistoryData& record) { return record.key == video.houseNumber; };
         const auto record = std::find_if(history.begin(), history.end(), isOfVideo);
         const auto length = static_cast<std::int64_t>(video.duration.value_or(0));
         if (record != history.end() && length > 0) {
             const auto position = record->done ? length : std::min(record->progress, length);
-            tile.emplace_back("progress", Value::Object{{"position", position}, {"length", length}});
+            tile["progress"] = {{"position", position}, {"length", length}};
         }
         tiles.emplace_back(std::move(tile));
     }
     return tiles;
 }
 
-Value::Object channelOf(const Video& live, const NowNext& schedule, const Service& service) {
-    Value::Object channel = tileOf(live, service);
-    channel.emplace_back("channel", live.channelTitle);
-    if (schedule.now) channel.emplace_back("now", programmeOf(*schedule.now));
-    if (schedule.next) channel.emplace_back("next", programmeOf(*schedule.next));
+Value channelOf(const Video& live, const NowNext& schedule, const Service& service) {
+    Value channel = tileOf(live, service);
+    channel["channel"] = live.channelTitle;
+    if (schedule.now) channel["now"] = programmeOf(*schedule.now);
+    if (schedule.next) channel["next"] = programmeOf(*schedule.next);
     return channel;
 }
 
-Value::Object playlistItemOf(const PlaylistItem& item, const Service& service) {
+Value playlistItemOf(const PlaylistItem& item, const Service& service) {
     const auto linkTo = [&](const std::optional<std::string>& address) {
         const std::string link = fileLink(address, service);
         return link.empty() ? address.value_or("") : link;
     };
     const StreamInfo& hls = item.streams.hls;
     const auto best = hls.url({.preferHighest = true});
-    Value::List levels;
+    Value levels;
     std::string_view chosen;
     for (const auto level : StreamInfo::StreamLevel::highToLow()) {
         const auto address = hls.url({.for_ = level});
         if (!address) continue;
         const bool isChosen = chosen.empty() && address == best;
         if (isChosen) chosen = rawValue(level);
-        levels.push_back(
-            Value::Object{{"name", rawValue(level)}, {"address", linkTo(address)}, {"isChosen", isChosen}});
+        levels.push_back({{"name", rawValue(level)}, {"address", linkTo(address)}, {"isChosen", isChosen}});
     }
     return {{"type", caseName(item.type)},
             {"text", item.warning.value_or(item.title.value_or(""))},

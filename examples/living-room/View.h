@@ -7,23 +7,23 @@
 namespace living_room {
 
 /// A show, a series or a video: kind, title, subtitle, description, link, picture, facts, badges.
-Value::Object tileOf(const CollectionItem& item, const Service& service);
+Value tileOf(const CollectionItem& item, const Service& service);
 /// The same over the whole width: also kicker, playLink and playTitle.
-Value::Object heroOf(const CollectionItem& item, const Service& service);
+Value heroOf(const CollectionItem& item, const Service& service);
 /// Tiles of shows, videos or collection items.
 template <class Items>
-Value::List tilesOf(const Items& items, const Service& service) {
-    Value::List tiles;
-    for (const auto& item : items) tiles.emplace_back(tileOf(item, service));
+Value tilesOf(const Items& items, const Service& service) {
+    Value tiles;
+    for (const auto& item : items) tiles.push_back(tileOf(item, service));
     return tiles;
 }
 /// Videos with their progress: position and length in seconds, by the records of a history.
-Value::List tilesOf(const std::vector<Video>& videos, const std::vector<HistoryData>& history,
-                    const Service& service);
+Value tilesOf(const std::vector<Video>& videos, const std::vector<HistoryData>& history,
+              const Service& service);
 /// A livestream with its programmes, now and next: title, subtitle, start, end and length of each.
-Value::Object channelOf(const Video& live, const NowNext& schedule, const Service& service);
+Value channelOf(const Video& live, const NowNext& schedule, const Service& service);
 /// One thing that a video plays: type, text, technologies, levels, chosen (the level), stream (its address), captions.
-Value::Object playlistItemOf(const PlaylistItem& item, const Service& service);
+Value playlistItemOf(const PlaylistItem& item, const Service& service);
 
 /// The screen of a show or video at this host, which is its path at the service; empty if it is another path.
 std::string screenLink(const std::optional<std::string>& href);

@@ -1,4 +1,4 @@
-# Writes OUTPUT, the source of `asset` with the bytes of FILES: each file by its name, and all templates in one.
+# Writes OUTPUT, the source of the function `asset`, with the bytes of FILES: each file by its name, templates as one.
 set(bytesOfTemplates "")
 set(arrays "")
 set(rows "")

@@ -1,4 +1,4 @@
-// Files: pictures and streams of the service, which browsers get through the host, and the host's own.
+// Files: pictures, streams and captions of the service, which browsers get through the host, and the host's own files.
 
 #include "Pages.h"
 

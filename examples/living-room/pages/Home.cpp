@@ -1,5 +1,5 @@
-// Home: a featured item, then rows that load as they come into view. And search as you type: with the next letter the
-// browser drops the request for the letters so far; the server notices, and the load ends with it.
+// Home: a featured item, then rows that load as they come into view. And search as you type: for each further letter,
+// the browser cancels the request for the previous ones, which cancels its load.
 
 #include "Pages.h"
 
@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t maxWordBytes = 400;
 
-Value::Object rowOf(const MixedCollection& row) {
+Value rowOf(const MixedCollection& row) {
     const auto items = row.items();
     const bool isLive = !items.empty() && std::all_of(items.begin(), items.end(), [](const auto& item) {
         return item.subtype() == LumenoSubtype::livestream;
@@ -18,13 +18,13 @@ Value::Object rowOf(const MixedCollection& row) {
     return {{"title", row.title}, {"address", isLive ? "/part/live-row" : "/part" + row.href.value_or("")}};
 }
 
-Value::Object homeOf(const Category& home, const Service& service) {
+Value homeOf(const Category& home, const Service& service) {
     const auto featured = home.featuredCollection.items();
-    Value::List rows;
+    Value rows;
     if (featured.size() > 1) rows.push_back(rowOf(home.featuredCollection));
     for (const MixedCollection& row : home.collections) rows.push_back(rowOf(row));
-    Value::Object values{{"rows", rows}, {"alertId", home.alertId}};
-    if (!featured.empty()) values.emplace_back("featured", heroOf(featured.front(), service));
+    Value values{{"rows", rows}, {"alertId", home.alertId}};
+    if (!featured.empty()) values["featured"] = heroOf(featured.front(), service);
     return values;
 }
 

@@ -1,4 +1,4 @@
-// Live: the channels of a region, with what they send now and next.
+// Live: the channels of a region, with what they show now and next.
 
 #include "Pages.h"
 
@@ -32,11 +32,10 @@ Task<Answer> channels(Visit visit, Region region, const char* name) {
 }  // namespace
 
 Task<Answer> livePage(Visit visit) {
-    Value::List regions;
+    Value regions;
     const auto add = [&](Region region, std::string_view title) {
         const std::string name(region ? rawValue(*region) : "");
-        regions.push_back(
-            Value::Object{{"name", name}, {"title", title}, {"isChosen", region == regionOf(visit)}});
+        regions.push_back({{"name", name}, {"title", title}, {"isChosen", region == regionOf(visit)}});
     };
     add(std::nullopt, "Everywhere");
     for (const LivestreamRegion region : LivestreamRegion::allCases) add(region, caseName(region));

@@ -12,8 +12,8 @@ bool isAccountName(const std::string& text) {
 /// "tim" for "ann.tim". The style sheet shows it with a capital letter.
 std::string nameOf(const std::string& uid) { return uid.substr(uid.rfind('.') + 1); }
 
-/// Creates a profile for the user who was just signed in or chosen, unless there is one. If this fails, the page that
-/// follows shows it and offers to try again.
+/// Creates a profile for the user who has just signed in or was chosen, unless there is one. If this fails, the page
+/// that follows shows the failure and offers to try again.
 Task<void> createProfile(const Visit& visit) {
     const UserClient& client = *visit.user->client;
     const auto asking = client.getSubprofiles({.includePrivateData = false, .includeFamilyData = false});
@@ -27,22 +27,21 @@ Task<void> createProfile(const Visit& visit) {
 }  // namespace
 
 Task<Answer> profilesPart(Visit visit) {
-    if (!visit.user->account())
-        co_return partAnswer("sign-in", {{"names", Value::List{"ann", "ben", "zoe"}}});
+    if (!visit.user->account()) co_return partAnswer("sign-in", {{"names", {"ann", "ben", "zoe"}}});
     auto operation =
         visit.user->accountClient->getSubprofiles({.includePrivateData = false, .includeFamilyData = true});
     const auto profiles = co_await operation.value(visit.options());
     if (!profiles) co_return failedPart(profiles.error());
-    Value::List people;
+    Value people;
     for (const Subprofile& profile : *profiles) {
-        people.push_back(Value::Object{{"uid", profile.uid()},
-                                       {"name", profile.displayName().value_or(nameOf(profile.uid()))},
-                                       {"isChosen", profile.uid() == visit.user->profile()}});
+        people.push_back({{"uid", profile.uid()},
+                          {"name", profile.displayName().value_or(nameOf(profile.uid()))},
+                          {"isChosen", profile.uid() == visit.user->profile()}});
     }
     co_return partAnswer("profiles", {{"people", people}});
 }
 
-/// The picture of a person: the same one for the same name on every screen.
+/// The picture of a person, chosen by name.
 Task<Answer> avatar(Visit visit) {
     const auto avatars = co_await load(Endpoint::Avatars(visit.catalogue()), visit.options());
     if (!avatars || avatars->empty()) co_return problemPage(404);

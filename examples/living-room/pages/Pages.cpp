@@ -11,7 +11,7 @@ struct Route {
     Page* page;
 };
 
-// Screens of shows and videos, and files, have the paths that they have at the service.
+// Shows, videos and files have the same paths here as at the service.
 constexpr Route routes[] = {{"GET /", screenPage},
                             {"GET /show/*", screenPage},
                             {"GET /video/*", screenPage},
@@ -50,7 +50,7 @@ constexpr Route routes[] = {{"GET /", screenPage},
 
 constexpr const char* cookieName = "living-room";
 
-/// What pages may load, and from where: all from this host, and no script or style in the page itself.
+/// What pages may load: everything from this host only, and no scripts or styles written in the page.
 constexpr const char* contentPolicy =
     "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self'; media-src 'self' blob:; "
     "connect-src 'self'; worker-src 'self' blob:; form-action 'self'; base-uri 'none'; frame-ancestors "
@@ -60,7 +60,7 @@ constexpr const char* contentPolicy =
 std::variant<Page*, int> pageFor(const Request& request, std::uint16_t port) {
     const std::string suffix = ":" + std::to_string(port);
     if (request.problem != 0) return request.problem;
-    // Another Host: the page of another site, whose name has been made to lead here.
+    // A page of another site could make the name of that site lead here.
     if (request.host != "127.0.0.1" + suffix && request.host != "localhost" + suffix) return 421;
     if (request.method == "POST" && request.origin != "http://" + request.host) return 403;
     if (request.method != "GET" && request.method != "POST") return 405;
@@ -95,16 +95,16 @@ Task<Answer> Pages::answer(Request request) {
     co_return answer;
 }
 
-Answer screenAnswer(const Visit& visit, Value::Object values) {
+Answer screenAnswer(const Visit& visit, Value values) {
     visit.user->log->clear();
     const std::string& path = visit.request.path;
     const std::string screen = path == "/" ? "home" : path.substr(1, path.find('/', 1) - 1);
-    values.insert(values.end(), {{"screen", screen},
-                                 {screen, true},
-                                 {"target", visit.request.target},
-                                 {"word", visit.field("q")},
-                                 {"account", visit.user->account()},
-                                 {"hasHls", !visit.hlsFile.empty()}});
+    values["screen"] = screen;
+    values[screen] = true;
+    values["target"] = visit.request.target;
+    values["word"] = visit.field("q");
+    values["account"] = visit.user->account();
+    values["hasHls"] = !visit.hlsFile.empty();
     return pageAnswer("page", std::move(values));
 }
 

@@ -1,12 +1,12 @@
-// The panel that breaks things: chooses a fault of the sample service, and shows what became of its answers.
+// The panel that breaks things: chooses a fault of the sample service, and shows how the host coped with the answers.
 
 #include "Pages.h"
 
 namespace living_room {
 namespace {
 
-/// The fault in effect; `method` may set another one. No context and so no observer: the panel's own requests are not
-/// in its lists.
+/// The fault in effect, which a POST changes. The request has no context and so no observer: the panel does not list
+/// its own requests.
 Resource<Dictionary> faultOfService(const Service& service, const char* method, const std::string& query) {
     const URL address = service.baseURL().appendingPathComponent("control/fault");
     URLRequest request(URL::make(address.absoluteString() + query).value(),
@@ -19,8 +19,8 @@ Resource<Dictionary> faultOfService(const Service& service, const char* method, 
 
 Task<Answer> panelPart(Visit visit) {
     const auto fault = co_await faultOfService(visit.service, "GET", "").value(visit.options());
-    Value::Object values = visit.user->log->lists();
-    if (fault) values.emplace_back("fault", fault->text("name"));
+    Value values = visit.user->log->lists();
+    if (fault) values["fault"] = fault->text("name");
     co_return partAnswer("panel-lists", std::move(values));
 }
 

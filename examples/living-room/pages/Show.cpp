@@ -6,30 +6,30 @@ namespace living_room {
 namespace {
 
 /// The tabs of the series, and which of them is shown: `wanted`, else the one that the service selects, else the first.
-void addSeries(Value::Object& values, const Show& show, std::string wanted) {
+void addSeries(Value& values, const Show& show, std::string wanted) {
     if (wanted.empty() && show.selectedSeries) wanted = show.selectedSeries->selfHref.value_or("");
     if (wanted.empty() && !show.seriesList.empty()) wanted = show.seriesList.front().selfHref.value_or("");
-    Value::List tabs;
+    Value tabs;
     for (const Series& series : show.seriesList) {
-        tabs.push_back(Value::Object{
-            {"title", series.title}, {"href", series.selfHref}, {"isShown", series.selfHref == wanted}});
+        tabs.push_back(
+            {{"title", series.title}, {"href", series.selfHref}, {"isShown", series.selfHref == wanted}});
     }
-    values.emplace_back("shown", wanted);
-    values.emplace_back("series", tabs);
+    values["shown"] = wanted;
+    values["series"] = tabs;
 }
 
-Value::Object showOf(const Show& show, const std::string& series, const Service& service) {
-    Value::Object values = heroOf(show, service);
-    Value::List participants;
+Value showOf(const Show& show, const std::string& series, const Service& service) {
+    Value values = heroOf(show, service);
+    Value participants;
     for (const Participants& group : show.participants) {
-        participants.push_back(Value::Object{{"title", group.title}, {"list", group.list}});
+        participants.push_back({{"title", group.title}, {"list", group.list}});
     }
-    values.emplace_back("participants", participants);
-    if (show.showId) values.emplace_back("showId", *show.showId);
-    values.emplace_back("slug", CollectionItem::defaultShowSlug({.from = show.selfHref}));
+    values["participants"] = participants;
+    if (show.showId) values["showId"] = *show.showId;
+    values["slug"] = CollectionItem::defaultShowSlug({.from = show.selfHref});
     addSeries(values, show, series);
-    values.emplace_back("hasExtras", !show.videoExtras.empty());
-    values.emplace_back("tiles", tilesOf(show.videoExtras, service));
+    values["hasExtras"] = !show.videoExtras.empty();
+    values["tiles"] = tilesOf(show.videoExtras, service);
     return values;
 }
 

@@ -1,5 +1,5 @@
-// What a user has saved, watched and may like, as rows; and the operations that change it. Without a user the client
-// fails, and the failed part offers to sign in.
+// What a user has saved, has watched and may like, as rows, and the operations that change it. Without a signed-in user
+// these operations fail, and the failed part offers to sign in.
 
 #include "Pages.h"
 

@@ -7,37 +7,37 @@
 namespace living_room {
 namespace {
 
-/// The player with the stream that the library chose. Nothing if there is none to play.
-std::optional<Value::Object> playerOf(const Video& video, std::int64_t position, const Service& service) {
+/// The player with the stream that the library chose; null if there is none to play.
+Value playerOf(const Video& video, std::int64_t position, const Service& service) {
     using enum PlaylistItem::PlaylistType;
-    if (!video.playable || !video.playlist) return std::nullopt;
+    if (!video.playable || !video.playlist) return {};
     const auto item =
         std::find_if(video.playlist->begin(), video.playlist->end(), [](const PlaylistItem& candidate) {
             return candidate.type == program || candidate.type == livestream || candidate.type == trailer;
         });
-    if (item == video.playlist->end() || !item->streams.hls.url({.preferHighest = true})) return std::nullopt;
-    Value::Object player = playlistItemOf(*item, service);
-    player.emplace_back("position", position);
-    player.emplace_back("isResumed", position > 0);
+    if (item == video.playlist->end() || !item->streams.hls.url({.preferHighest = true})) return {};
+    Value player = playlistItemOf(*item, service);
+    player["position"] = position;
+    player["isResumed"] = position > 0;
     // A livestream has no position to keep.
-    if (video.showId && video.duration) player.emplace_back("show", *video.showId);
-    player.emplace_back("house", video.houseNumber);
+    if (video.showId && video.duration) player["show"] = *video.showId;
+    player["house"] = video.houseNumber;
     return player;
 }
 
-Value::Object videoOf(const Video& video, std::int64_t position, const Service& service) {
-    Value::Object values = tileOf(video, service);
-    Value::List playlist;
+Value videoOf(const Video& video, std::int64_t position, const Service& service) {
+    Value values = tileOf(video, service);
+    Value playlist;
     for (const PlaylistItem& item : video.playlist.value_or(std::vector<PlaylistItem>())) {
         playlist.emplace_back(playlistItemOf(item, service));
     }
-    values.emplace_back("videoTitle", video.title);
-    values.emplace_back("playlist", playlist);
-    values.emplace_back("message", video.playableMessage);
-    if (auto player = playerOf(video, position, service)) values.emplace_back("player", *std::move(player));
-    values.emplace_back("nextLink", screenLink(video.nextEpisodeHref));
-    values.emplace_back("nextTitle", video.nextEpisodeTitle);
-    values.emplace_back("showLink", screenLink(video.showHref));
+    values["videoTitle"] = video.title;
+    values["playlist"] = playlist;
+    values["message"] = video.playableMessage;
+    values["player"] = playerOf(video, position, service);
+    values["nextLink"] = screenLink(video.nextEpisodeHref);
+    values["nextTitle"] = video.nextEpisodeTitle;
+    values["showLink"] = screenLink(video.showHref);
     return values;
 }
 

@@ -5,21 +5,19 @@
 namespace living_room {
 namespace {
 
-std::string named(const Value& failure, const char* name) { return failure.named(name)->text(); }
-
 TEST(ErrorsTest, ATemporaryFailureIsTriedAgainByItself) {
     const Value failure = failureOf(NSError("NSURLErrorDomain", -1004));
-    EXPECT_EQ(named(failure, "sentence"), "There is no connection. Check your network and try again.");
-    EXPECT_EQ(named(failure, "category"), "offline");
-    EXPECT_EQ(named(failure, "offersSignIn"), "false");
-    EXPECT_EQ(named(failure, "retrySeconds"), "3");
+    EXPECT_EQ(failure.at("sentence"), "There is no connection. Check your network and try again.");
+    EXPECT_EQ(failure.at("category"), "offline");
+    EXPECT_EQ(failure.at("offersSignIn"), false);
+    EXPECT_EQ(failure.at("retrySeconds"), 3);
 }
 
 TEST(ErrorsTest, AFailureBecauseNoUserIsSignedInOffersToSignIn) {
     const Value failure = failureOf(TrelvoError::noUid());
-    EXPECT_EQ(named(failure, "sentence"), "Please sign in and try again.");
-    EXPECT_EQ(named(failure, "offersSignIn"), "true");
-    EXPECT_EQ(named(failure, "retrySeconds"), "0");
+    EXPECT_EQ(failure.at("sentence"), "Please sign in and try again.");
+    EXPECT_EQ(failure.at("offersSignIn"), true);
+    EXPECT_EQ(failure.at("retrySeconds"), 0);
     const Answer part = failedPart(TrelvoError::noUid());
     EXPECT_NE(part.body.view().find("href=\"/me\""), std::string_view::npos);
 }

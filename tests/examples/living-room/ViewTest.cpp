@@ -7,11 +7,6 @@ namespace {
 
 class ViewTest : public ::testing::Test {
 protected:
-    static std::string text(const Value& value, const char* name) {
-        const Value* const found = value.named(name);
-        return found != nullptr ? found->text() : "missing";
-    }
-
     const Service service{URL("http://127.0.0.1:1"), DispatchQueue("view test")};
 };
 
@@ -30,11 +25,11 @@ Video episode() {
 
 TEST_F(ViewTest, AnEpisodeHasTheTitleOfItsShow) {
     const Value tile = tileOf(CollectionItem(episode()), service);
-    EXPECT_EQ(text(tile, "kind"), "Video");
-    EXPECT_EQ(text(tile, "title"), "Harbour Lights");
-    EXPECT_EQ(text(tile, "subtitle"), "S1 E2 – Slack Water");
-    EXPECT_EQ(text(tile, "link"), "/video/HL0102");
-    EXPECT_EQ(text(tile, "picture"), "/pictures/video/HL0102/landscape.svg");
+    EXPECT_EQ(tile.at("kind"), "Video");
+    EXPECT_EQ(tile.at("title"), "Harbour Lights");
+    EXPECT_EQ(tile.at("subtitle"), "S1 E2 – Slack Water");
+    EXPECT_EQ(tile.at("link"), "/video/HL0102");
+    EXPECT_EQ(tile.at("picture"), "/pictures/video/HL0102/landscape.svg");
 }
 
 TEST_F(ViewTest, ASeriesOpensItsShow) {
@@ -43,8 +38,7 @@ TEST_F(ViewTest, ASeriesOpensItsShow) {
     series.showTitle = "Harbour Lights";
     series.selfHref = "/series/111";
     series.showHref = "/show/harbour-lights";
-    EXPECT_EQ(text(tileOf(CollectionItem(series), service), "link"),
-              "/show/harbour-lights?series=/series/111");
+    EXPECT_EQ(tileOf(CollectionItem(series), service).at("link"), "/show/harbour-lights?series=/series/111");
 }
 
 TEST_F(ViewTest, BadgesSayWhatIsNewExpiresOrCannotBePlayed) {
@@ -54,7 +48,7 @@ TEST_F(ViewTest, BadgesSayWhatIsNewExpiresOrCannotBePlayed) {
     const auto kinds = [&] {
         std::string all;
         const Value tile = tileOf(CollectionItem(video), service);
-        for (const Value& badge : *tile.named("badges")->list()) all += text(badge, "kind") + " ";
+        for (const Value& badge : tile.at("badges")) all += badge.at("kind").get<std::string>() + " ";
         return all;
     };
     EXPECT_EQ(kinds(), "new expires ");
@@ -67,18 +61,17 @@ TEST_F(ViewTest, BadgesSayWhatIsNewExpiresOrCannotBePlayed) {
 TEST_F(ViewTest, ProgressIsThatOfTheRecordAndNeverBeyondTheEnd) {
     HistoryData record;
     record.key = "HL0102";
-    const auto position = [&] {
-        const Value::List tiles = tilesOf({episode()}, {record}, service);
-        return text(*tiles.front().named("progress"), "position");
+    const auto position = [&]() -> int {
+        return tilesOf({episode()}, {record}, service).at(0).at("progress").at("position");
     };
     record.progress = 90;
-    EXPECT_EQ(position(), "90");
+    EXPECT_EQ(position(), 90);
     record.progress = 9'999;
-    EXPECT_EQ(position(), "2732");
+    EXPECT_EQ(position(), 2732);
     record.progress = 0;
     record.done = true;
-    EXPECT_EQ(position(), "2732");
-    EXPECT_EQ(tilesOf({episode()}, {}, service).front().named("progress"), nullptr);
+    EXPECT_EQ(position(), 2732);
+    EXPECT_FALSE(tilesOf({episode()}, {}, service).at(0).contains("progress"));
 }
 
 TEST_F(ViewTest, TheLibraryChoosesTheBestLevelThatHasAnAddress) {
@@ -86,11 +79,10 @@ TEST_F(ViewTest, TheLibraryChoosesTheBestLevelThatHasAnAddress) {
     item.streams.hls.sd = "http://127.0.0.1:1/hls/HL0102-sd.m3u8";
     item.streams.hls.hd720 = "https://media.example/HL0102-720.m3u8";
     const Value view = playlistItemOf(item, service);
-    EXPECT_EQ(text(view, "chosen"), "720");
-    EXPECT_EQ(text(view, "stream"), "https://media.example/HL0102-720.m3u8");
-    const Value::List& levels = *view.named("levels")->list();
-    ASSERT_EQ(levels.size(), 2U);
-    EXPECT_EQ(text(levels[1], "address"), "/hls/HL0102-sd.m3u8");
+    EXPECT_EQ(view.at("chosen"), "720");
+    EXPECT_EQ(view.at("stream"), "https://media.example/HL0102-720.m3u8");
+    ASSERT_EQ(view.at("levels").size(), 2U);
+    EXPECT_EQ(view.at("levels").at(1).at("address"), "/hls/HL0102-sd.m3u8");
 }
 
 TEST_F(ViewTest, OnlyPicturesAndStreamsOfTheServicePassThroughTheHost) {
