@@ -83,7 +83,9 @@ test('leaving a page cancels its loads', async () => {
 test('fifty pages load in parallel without a failure', async () => {
     const paths = ['/', '/show/harbour-lights', '/video/HL0102', '/search?q=sea', '/live'];
     const first = await television.viewer();
-    const pages = await Promise.all(Array.from({ length: 50 }, () => first.another({ width: 800, height: 600 })));
+    const pages = [];
+    // One after the other: a busy machine does not open fifty windows within the time that the driver allows for one.
+    while (pages.length < 50) pages.push(await first.another({ width: 800, height: 600 }));
     for (const { page } of pages) page.setDefaultTimeout(5 * deadline);
     await Promise.all(pages.map((page, i) => page.goTo(paths[i % paths.length])));
     for (const [i, page] of pages.entries()) {
