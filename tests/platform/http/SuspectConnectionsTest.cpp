@@ -6,6 +6,7 @@
 #include <arpa/inet.h>
 #include <poll.h>
 #include <sys/socket.h>
+#include <cerrno>
 #include <chrono>
 #include <memory>
 
@@ -26,7 +27,9 @@ protected:
         address.sin_family = AF_INET;
         address.sin_port = htons(port);
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        EXPECT_EQ(connect(socket, reinterpret_cast<sockaddr*>(&address), sizeof(address)), 0);
+        // The socket is non-blocking, so the connection may be established only when it is accepted.
+        const int result = connect(socket, reinterpret_cast<sockaddr*>(&address), sizeof(address));
+        EXPECT_TRUE(result == 0 || errno == EINPROGRESS);
         peer_ = Socket(accept(listener.descriptor(), nullptr, nullptr));
         connection_ = connections_.find(socket);
         connection_->streams = 2;
