@@ -117,6 +117,7 @@ function moveFocus(step) {
     const part = from && step[1] ? loadingPart(from, step[1], next) : null;
     awaited = part && {part, from, step};
     if (part && !loads.has(part)) loadPart(part);
+    part?.scrollIntoView({block: 'nearest'});
     if (part || !next) return;
     next.focus({preventScroll: true});
     next.scrollIntoView({block: 'center', inline: 'nearest', behavior: calm.matches ? 'auto' : 'smooth'});
