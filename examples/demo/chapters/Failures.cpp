@@ -5,6 +5,7 @@
 #include <VanticRestKit/Core/NetworkError.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/lumeno/Video/Video.h>
+#include <VanticRestKit/platform/http/cache/URLCache.h>
 
 #include <chrono>
 
@@ -47,13 +48,15 @@ bool hasCode(const std::optional<LoaderError>& error, std::int64_t code) {
     return networkError != nullptr && networkError->errorCode() == code;
 }
 
-/// The service stops shortly after it has confirmed this, so this repeats the request until it gets no response.
+/// The service stops shortly after it has confirmed this, so this repeats the request until it gets no response. A
+/// response that arrives before that must not be reused from the cache.
 std::optional<LoaderError> failureOfStoppedService(const HostContext& context) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    auto error = failureOf(houseNumber, context);
-    while (!hasCode(error, -1004) && std::chrono::steady_clock::now() < deadline) {
+    std::optional<LoaderError> error;
+    do {
+        URLCache::shared()->removeAllCachedResponses();
         error = failureOf(houseNumber, context);
-    }
+    } while (!hasCode(error, -1004) && std::chrono::steady_clock::now() < deadline);
     return error;
 }
 
