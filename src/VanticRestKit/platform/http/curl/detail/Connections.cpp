@@ -8,6 +8,7 @@
 #include <array>
 #include <charconv>
 #include <chrono>
+#include <cstddef>
 #include <string_view>
 
 namespace VanticRestKit::detail {
@@ -127,6 +128,9 @@ std::optional<TimePoint> Connections::lastReceived(const Connection& connection,
     if (connection.socket < 0 || getsockopt(connection.socket, IPPROTO_TCP, TCP_INFO, &info, &size) != 0) {
         return std::nullopt;
     }
+    // Emulators fill in only the first bytes.
+    constexpr std::size_t needed = offsetof(tcp_info, tcpi_last_data_recv) + sizeof(info.tcpi_last_data_recv);
+    if (size < needed) return std::nullopt;
     return now - std::chrono::milliseconds(info.tcpi_last_data_recv);
 #else
     static_cast<void>(connection);
