@@ -47,7 +47,9 @@ class Installed(unittest.TestCase):
         build(host)
         for kind in ("VanticRestKit", "VanticRestKit_static"):
             program = host / f"with_{kind}"
-            self.assertEqual(4, run(*shlex.split(GIVEN.emulator), program).count(": yes\n"))
+            printed = run(*shlex.split(GIVEN.emulator), program)
+            self.assertIn(": yes\n", printed)
+            self.assertNotIn(": no\n", printed)
             self.assertEqual(kind == "VanticRestKit", needs_the_shared_library(program))
 
 
