@@ -93,7 +93,7 @@ std::optional<RawRequest> FaultConnection::readHead() {
 std::optional<RawRequest> FaultConnection::readRequest() {
     auto request = readHead();
     if (!request) return std::nullopt;
-    const std::size_t length = std::strtoull(request->header("content-length").c_str(), nullptr, 10);
+    const std::size_t length = std::strtoul(request->header("content-length").c_str(), nullptr, 10);
     while (unread_.size() < length) {
         if (!readMore()) return std::nullopt;
     }

@@ -26,7 +26,7 @@ std::string targetFor(std::size_t size, std::uint64_t id) {
 std::string bodyFor(std::string_view target) {
     std::string body(target);
     if (target.starts_with(mark)) {
-        const std::size_t size = std::strtoull(body.c_str() + mark.size(), nullptr, 10);
+        const std::size_t size = std::strtoul(body.c_str() + mark.size(), nullptr, 10);
         if (size > body.size()) body.append(size - body.size(), 'x');
     }
     return body;
@@ -65,7 +65,7 @@ private:
         if (end == std::string::npos) return false;
         const auto lengthAt = in_.find("Content-Length: ");
         const std::size_t length =
-            lengthAt < end ? std::strtoull(in_.c_str() + lengthAt + 16, nullptr, 10) : 0;
+            lengthAt < end ? std::strtoul(in_.c_str() + lengthAt + 16, nullptr, 10) : 0;
         if (in_.size() < end + 4 + length) return false;
         ++origin_.requests_;
         const auto from = in_.find(' ') + 1;

@@ -119,9 +119,9 @@ TEST(HeaderCollector, AcceptsLinesUpToItsLimit) {
 }
 
 TEST(HeaderCollector, AcceptsALineUpToItsLengthLimit) {
+    constexpr auto maxBytes = static_cast<std::size_t>(defaultLimits.maxHeaderLineBytes);
     for (const std::size_t more : {std::size_t{0}, std::size_t{1}}) {
-        const std::string line =
-            "X:" + std::string(defaultLimits.maxHeaderLineBytes - 4 + more, 'x') + "\r\n";
+        const std::string line = "X:" + std::string(maxBytes - 4 + more, 'x') + "\r\n";
         HeaderCollector collector;
         collector.add("HTTP/1.1 200 OK\r\n");
         collector.add(line);

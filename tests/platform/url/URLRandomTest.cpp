@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <random>
 #include <string>
 #include <string_view>
@@ -27,12 +26,12 @@ public:
             "/", ":", "//", "?", "#",   "@",   "[",  "]",   "%",    "a",   "b",  ".",  "..", "&",
             "=", " ", "é",  "1", "%2F", "%zz", "x:", "://", "http", "::1", "\\", "\n", "%FF"};
         std::string text;
-        for (std::uint64_t count = below(12); count > 0; --count) text += pieces[below(std::size(pieces))];
+        for (std::size_t count = below(12); count > 0; --count) text += pieces[below(std::size(pieces))];
         return text;
     }
 
 private:
-    std::uint64_t below(std::uint64_t limit) { return engine_() % limit; }
+    std::size_t below(std::size_t limit) { return static_cast<std::size_t>(engine_() % limit); }
 
     std::mt19937_64 engine_{20240229};
 };
