@@ -15,13 +15,17 @@ std::atomic<int> unlocksUntilFailure = 0;
 
 }  // namespace
 
-extern "C" [[gnu::visibility("default")]] int fcntl64(int file, int request, ...) {
+// The symbol is named here because headers may give the function `fcntl64` another one, for 64-bit times.
+extern "C" [[gnu::visibility("default")]] int lockOrFail(int file, int request, ...) asm("fcntl64");
+
+int lockOrFail(int file, int request, ...) {
     static auto* const real = reinterpret_cast<int (*)(int, int, ...)>(dlsym(RTLD_NEXT, "fcntl64"));
     va_list rest;
     va_start(rest, request);
     void* const argument = va_arg(rest, void*);
     va_end(rest);
-    const bool unlocks = request == F_SETLK && static_cast<const flock*>(argument)->l_type == F_UNLCK;
+    // SQLite uses the form for large files, which is a request of its own on 32-bit systems.
+    const bool unlocks = request == F_SETLK64 && static_cast<const flock64*>(argument)->l_type == F_UNLCK;
     if (unlocks && unlocksUntilFailure.fetch_sub(1) == 1) {
         errno = ENOLCK;
         return -1;
