@@ -1,7 +1,9 @@
 #include <VanticRestKit/platform/http/curl/detail/GlobalInit.h>
 
 #include <curl/curl.h>
+#include <openssl/crypto.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <string>
 
@@ -12,6 +14,16 @@ namespace {
 // When libcurl is initialised it opens, and so creates, the file that this variable names; no option prevents that. If
 // a host's own use of libcurl has opened the file, the setup of the TLS context keeps secrets out of it.
 constexpr const char* keyLogVariable = "SSLKEYLOGFILE";
+
+// OpenSSL initialises itself once per process. Without memory for its default context it remembers the failure, which
+// libcurl ignores, and the first connection over TLS would crash.
+void endWithoutOpenSSL() {
+#if OPENSSL_VERSION_NUMBER >= 0x30000000L
+    if (OSSL_LIB_CTX_get0_global_default() != nullptr) return;
+    std::fputs("VanticRestKit: cannot allocate memory to initialise OpenSSL\n", stderr);
+    std::abort();
+#endif
+}
 
 bool initialise() {
     const char* const found = std::getenv(keyLogVariable);
@@ -30,6 +42,7 @@ bool initialise() {
 void initialiseLibcurl() {
     // If this fails, making the first handle fails.
     [[maybe_unused]] static const bool isInitialised = initialise();
+    endWithoutOpenSSL();
 }
 
 bool libcurlHasHTTP2() noexcept {

@@ -39,7 +39,7 @@ struct StoreCall {
 /// Keeps the order of the calls. Any thread may push; one thread takes.
 class StoreCalls {
 public:
-    explicit StoreCalls(std::size_t maxBytes) noexcept : maxBytes_(maxBytes) {}
+    explicit StoreCalls(std::size_t maxBytes) : maxBytes_(maxBytes) {}
 
     /// Returns whether the taking thread must be woken. Drops the oldest writes if too many bytes wait.
     bool push(StoreCall call);
