@@ -1,12 +1,13 @@
 #pragma once
 
 /// \file
-/// Runs a test on a small stack, like those of threads in many hosts.
+/// Runs a test on a small stack, like those of threads in many hosts, and reports the size of a stack.
 
 #include <gtest/gtest.h>
 
 #include <pthread.h>
 #include <support/Sanitized.h>
+#include <cstddef>
 #include <functional>
 
 namespace VanticRestKit::test {
@@ -32,6 +33,17 @@ inline void onASmallStack(std::function<void()> task) {
     ASSERT_EQ(pthread_create(&thread, &attributes, run, &task), 0);
     ASSERT_EQ(pthread_join(thread, nullptr), 0);
     pthread_attr_destroy(&attributes);
+}
+
+/// The stack size of the calling thread. The C library may have rounded up the requested size, and may or may not
+/// include the guard page.
+inline std::size_t ownStackSize() {
+    pthread_attr_t attributes;
+    std::size_t size = 0;
+    if (pthread_getattr_np(pthread_self(), &attributes) != 0) return 0;
+    pthread_attr_getstacksize(&attributes, &size);
+    pthread_attr_destroy(&attributes);
+    return size;
 }
 
 }  // namespace VanticRestKit::test

@@ -8,8 +8,8 @@
 #include <support/FaultServer.h>
 #include <support/Loading.h>
 #include <support/Sanitized.h>
+#include <support/SmallStack.h>
 
-#include <pthread.h>
 #include <unistd.h>
 #include <cstddef>
 #include <filesystem>
@@ -29,15 +29,6 @@ constexpr std::size_t stackSize = 4 * DispatchQueue::minThreadStackSize;
 #else
 constexpr std::size_t stackSize = DispatchQueue::minThreadStackSize;
 #endif
-
-std::size_t ownStackSize() {
-    pthread_attr_t attributes;
-    std::size_t size = 0;
-    if (pthread_getattr_np(pthread_self(), &attributes) != 0) return 0;
-    pthread_attr_getstacksize(&attributes, &size);
-    pthread_attr_destroy(&attributes);
-    return size;
-}
 
 class ThreadStack : public testing::Test {
 protected:

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <support/Event.h>
+#include <support/SmallStack.h>
 
 #include <pthread.h>
 #include <cstddef>
@@ -11,21 +12,11 @@
 
 using namespace VanticRestKit;
 using test::Event;
+using test::ownStackSize;
 
 namespace {
 
 constexpr std::size_t kilobyte = 1024;
-
-/// The stack size of the calling thread. The C library may have rounded up the requested size, and may or may not
-/// include the guard page.
-std::size_t ownStackSize() {
-    pthread_attr_t attributes;
-    std::size_t size = 0;
-    if (pthread_getattr_np(pthread_self(), &attributes) != 0) return 0;
-    pthread_attr_getstacksize(&attributes, &size);
-    pthread_attr_destroy(&attributes);
-    return size;
-}
 
 std::size_t defaultStackSize() {
     pthread_attr_t attributes;
