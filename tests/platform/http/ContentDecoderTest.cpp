@@ -231,6 +231,18 @@ TEST(ContentDecoder, IgnoresDataAfterTheEnd) {
     }
 }
 
+TEST(ContentDecoder, IgnoresDataAfterTheEndHoweverItIsDivided) {
+    for (const Coding& coding : codings) {
+        const auto decoder = coding.make();
+        std::string plain;
+        EXPECT_TRUE(decodeAll(*decoder, coding.code("text"), plain)) << coding.name;
+        EXPECT_TRUE(decodeAll(*decoder, "more", plain)) << coding.name;
+        EXPECT_TRUE(decodeAll(*decoder, coding.code("text"), plain)) << coding.name;
+        EXPECT_TRUE(decoder->hasEnded()) << coding.name;
+        EXPECT_EQ(plain, "text") << coding.name;
+    }
+}
+
 TEST(ContentDecoder, DecodesConcatenatedGzipFiles) {
     const std::string coded = gzipped("one, ") + gzipped("two, ") + gzipped("three");
     for (const std::size_t step : {std::size_t{1}, coded.size()}) {

@@ -89,10 +89,13 @@ private:
         }
     }
 
-    // Whether another gzip member follows the one that ended.
+    // Whether another gzip member follows the one that ended. What follows anything else is ignored, even if a later
+    // piece of the body looks like the start of a member.
     bool beginNext() {
         constexpr Bytef gzipMark = 0x1F;
-        if (!isGzip_ || stream_.avail_in == 0 || *stream_.next_in != gzipMark) return false;
+        if (stream_.avail_in == 0) return false;
+        ignoresRest_ |= !isGzip_ || *stream_.next_in != gzipMark;
+        if (ignoresRest_) return false;
         hasEnded_ = inflateReset(&stream_) != Z_OK;
         return !hasEnded_;
     }
@@ -100,6 +103,7 @@ private:
     const bool isGzip_;
     bool isReady_ = false;
     bool hasEnded_ = false;
+    bool ignoresRest_ = false;
     z_stream stream_{};
     std::string head_;
 };
