@@ -96,9 +96,11 @@ std::string errorText(const Answer& answer) {
 }
 
 void appendMarked(std::string& text, char mark, std::string_view lines) {
-    do {
+    bool isLast = false;
+    while (!isLast) {
+        isLast = lines.find('\n') == std::string_view::npos;
         text.append(1, mark).append(" ").append(nextLine(lines)).append("\n");
-    } while (!lines.empty());
+    }
 }
 
 }  // namespace
@@ -157,10 +159,8 @@ std::optional<Recorded> Recorded::read(std::string_view text) {
     RecordedRequest request{.line = asked.front()};
     std::size_t i = 1;
     for (; i < asked.size() && !asked[i].empty(); ++i) request.headers.insert(headerOf(asked[i]));
-    for (++i; i < asked.size(); ++i) {
-        if (!request.body.empty()) request.body += '\n';
-        request.body += asked[i];
-    }
+    const std::size_t first = i + 1;
+    for (i = first; i < asked.size(); ++i) request.body.append(i == first ? "" : "\n").append(asked[i]);
     return Recorded{std::move(request), *std::move(answer)};
 }
 
