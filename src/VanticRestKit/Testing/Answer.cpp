@@ -1,7 +1,9 @@
 #include <VanticRestKit/platform/error/NSError.h>
+#include <VanticRestKit/platform/http/detail/HeaderName.h>
 #include <VanticRestKit/Testing/Answer.h>
 #include <VanticRestKit/Testing/detail/Files.h>
 
+#include <map>
 #include <string_view>
 
 namespace VanticRestKit::Testing {
@@ -55,7 +57,10 @@ Answer Answer::withStatus(std::int64_t status) const {
 
 Answer Answer::withHeader(std::string name, std::string value) const {
     Answer changed = *this;
-    changed.headers_.insert_or_assign(std::move(name), std::move(value));
+    std::erase_if(changed.headers_, [&name](const auto& header) {
+        return VanticRestKit::detail::sameHeaderName(header.first, name);
+    });
+    changed.headers_.emplace(std::move(name), std::move(value));
     return changed;
 }
 

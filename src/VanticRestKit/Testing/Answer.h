@@ -58,7 +58,7 @@ public:
 
     /// A copy with another status.
     Answer withStatus(std::int64_t status) const;
-    /// A copy with a header added, or replaced if one with exactly this name exists. JSON answers already have a
+    /// A copy with a header added, or replaced if one with this name exists, ignoring case. JSON answers already have a
     /// "Content-Type".
     Answer withHeader(std::string name, std::string value) const;
     /// A copy that is delivered `delay` after the request, measured by the clock of the library; see `ManualClock`.
