@@ -29,6 +29,19 @@ TEST(RedactionTest, HidesTokensAtAnyDepthOfABodyAndExtendsTheirExpiry) {
         R"({"data":[1],"auth":{"access_token":"REDACTED","refresh_token":"REDACTED","token_type":"Bearer","expiry":4102444800.0}})");
 }
 
+TEST(RedactionTest, ASecretBeforeOtherObjectsIsHidden) {
+    EXPECT_EQ(Redaction().body(R"({"auth":{"token":"a"},"data":{"b":1}})", ""),
+              R"({"auth":{"token":"REDACTED"},"data":{"b":1}})");
+}
+
+TEST(RedactionTest, OnlyTheExpiryOfATokenThatIsANumberIsExtended) {
+    EXPECT_EQ(Redaction().body(R"({"token":"a"})", ""), R"({"token":"REDACTED"})");
+    EXPECT_EQ(Redaction().body(R"({"token":"a","expiry":"soon"})", ""),
+              R"({"token":"REDACTED","expiry":"soon"})");
+    EXPECT_EQ(Redaction().body(R"({"a":{"token":"a"},"expiry":1})", ""),
+              R"({"a":{"token":"REDACTED"},"expiry":1})");
+}
+
 TEST(RedactionTest, ABodyWithoutSecretsIsUnchanged) {
     constexpr const char* body = R"({ "big": 123456789012345678901234567890, "one": 1.0 })";
     EXPECT_EQ(Redaction().body(body, "application/json"), body);

@@ -194,5 +194,44 @@ TEST_F(ReplayTest, AFolderThatCannotBeWrittenIsAProblem) {
     EXPECT_EQ(session->problems(), "cannot write " + folder + "/GET_v2_video_1.1.txt\n");
 }
 
+TEST_F(ReplayTest, MoreThanNineAnswersAreReplayedInOrder) {
+    ScriptRule rule = service.on("/v2/video/1");
+    for (int i = 1; i <= 11; ++i) rule.answer(aVideo().titled(std::to_string(i)));
+    const auto session = recording();
+    for (int i = 1; i <= 11; ++i) static_cast<void>(load(session, "1"));
+    const ScriptedService again = replayed(Replay(folder));
+    for (int i = 1; i <= 11; ++i) EXPECT_EQ(load(again.session(), "1").value().title, std::to_string(i));
+}
+
+TEST_F(ReplayTest, RecordingsWithoutANumberComeFirst) {
+    service.on("/v2/video/1").answer(aVideo().titled("numbered"));
+    static_cast<void>(load(recording(), "1"));
+    const std::string text = content("GET_v2_video_1.1.txt");
+    std::string edited = text;
+    edited.replace(edited.find("numbered"), 8, "by hand");
+    std::ofstream(folder + "/Z.txt") << edited;
+    const ScriptedService again = replayed(Replay(folder));
+    EXPECT_EQ(load(again.session(), "1").value().title, "by hand");
+    EXPECT_EQ(load(again.session(), "1").value().title, "numbered");
+}
+
+TEST_F(ReplayTest, FilesWithoutTheExtensionOfARecordingAreIgnored) {
+    service.on("/**").answer(aVideo());
+    static_cast<void>(load(recording(), "1"));
+    std::ofstream(folder + "/README.md") << "hello";
+    const Replay replay(folder);
+    EXPECT_EQ(replay.size(), 1U);
+    EXPECT_EQ(replay.problems(), "");
+}
+
+TEST_F(ReplayTest, AnUnknownRequestNamesTheClosestOfSeveralRecordings) {
+    service.on("/**").answer(aVideo());
+    const auto session = recording();
+    for (const char* number : {"AA1", "HL0102", "ZZ9999"}) static_cast<void>(load(session, number));
+    const Replay replay(folder);
+    static_cast<void>(load(replayed(replay).session(), "HL0101"));
+    EXPECT_TRUE(replay.problems().ends_with("; the closest is GET /v2/video/HL0102\n")) << replay.problems();
+}
+
 }  // namespace
 }  // namespace VanticRestKit::Testing

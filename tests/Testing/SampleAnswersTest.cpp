@@ -27,6 +27,13 @@ TEST(SampleAnswersTest, UnknownResourcesAreNotFound) {
     EXPECT_EQ(SampleAnswers().ask("GET", "/v2/nothing").status(), 404);
 }
 
+TEST(SampleAnswersTest, PicturesAreDrawn) {
+    const Answer answer = SampleAnswers().ask("GET", "/pictures/video/HL0101/landscape.svg");
+    EXPECT_EQ(answer.status(), 200);
+    EXPECT_EQ(answer.headers().at("Content-Type"), "image/svg+xml");
+    EXPECT_TRUE(answer.body()->view().starts_with("<svg")) << answer.body()->view();
+}
+
 TEST(SampleAnswersTest, KeepsWhatAUserSaves) {
     ManualExecutor executor;
     ScriptedService service(executor);

@@ -226,6 +226,48 @@ TEST_F(ScriptedServiceTest, AnUnmetExpectationReportsThatNoRequestCame) {
               "unused answers of answerNext: 1\n");
 }
 
+TEST_F(ScriptedServiceTest, AnExpectationStatesHowManyRequestsCame) {
+    service.on("/v2/video/1").times(3).answer(video);
+    service.on("/v2/video/2").times(2).answer(video);
+    for (const char* number : {"1", "1", "2"}) load(number).detach();
+    EXPECT_EQ(service.problems(),
+              "expected 3 times: /v2/video/1\n"
+              "    received 2 times\n"
+              "    closest request: GET /v2/video/2 (the path has \"2\" instead of \"1\")\n"
+              "expected 2 times: /v2/video/2\n"
+              "    received once\n"
+              "    closest request: GET /v2/video/1 (the path has \"1\" instead of \"2\")\n");
+}
+
+TEST_F(ScriptedServiceTest, AnUnmetExpectationReportsNoOtherRequestIfThereIsNone) {
+    service.on("/v2/video/1").times(2).answer(video);
+    load("1").detach();
+    EXPECT_EQ(service.problems(), "expected 2 times: /v2/video/1\n    received once\n");
+}
+
+TEST_F(ScriptedServiceTest, OnceExpectsExactlyOneRequest) {
+    service.on("/v2/video/1").once().answer(video);
+    EXPECT_EQ(service.problems(),
+              "expected once: /v2/video/1\n    received never\n    no request was received\n");
+    load("1").detach();
+    EXPECT_EQ(service.problems(), "");
+    load("1").detach();
+    EXPECT_EQ(service.problems(),
+              "not scripted: GET /v2/video/1\n    closest rule: /v2/video/1 (it expects once)\n");
+}
+
+TEST_F(ScriptedServiceTest, AnUnmetExpectationReportsTheClosestOfSeveralRequests) {
+    service.expect("/v2/video/ZW1");
+    for (const char* number : {"AB9", "ZX1", "XX1"}) load(number).detach();
+    EXPECT_NE(service.problems().find("    closest request: GET /v2/video/ZX1 ("), std::string::npos)
+        << service.problems();
+}
+
+TEST_F(ScriptedServiceTest, ARequestToAServiceWithoutRulesIsAProblem) {
+    load("1").detach();
+    EXPECT_EQ(service.problems(), "not scripted: GET /v2/video/1\n    there are no rules\n");
+}
+
 TEST_F(ScriptedServiceTest, PublishersCanBeAnsweredAndCancelled) {
     service.on("/v2/video/1").answer(video);
     service.on("/v2/video/2").answer(Answer(video).held());
@@ -271,6 +313,41 @@ TEST(ScriptedServiceOnItsOwnThreadTest, DropsOpenRequestsWhenDestroyed) {
     }
     executor.runAll();
     EXPECT_EQ(held.use_count(), 1);
+}
+
+/// Starts a transfer whose completion must not be called, and which owns `held`.
+Cancellable startDropped(const std::shared_ptr<NetworkSession>& session, const std::shared_ptr<int>& held) {
+    return session->start(
+        {.fromURLRequest = URLRequest(URL("https://service.test/v2/video/1")),
+         .completionHandler = [held](auto, auto, auto) { ADD_FAILURE() << "was dropped"; }});
+}
+
+TEST(ScriptedServiceOnItsOwnThreadTest, DropsLaterRequestsWhenDestroyed) {
+    const auto held = std::make_shared<int>();
+    ManualExecutor executor;
+    std::shared_ptr<NetworkSession> session;
+    {
+        const ScriptedService service(executor);
+        service.answerNext(video);
+        session = service.session();
+    }
+    startDropped(session, held).detach();
+    EXPECT_EQ(held.use_count(), 1);
+    EXPECT_EQ(executor.runAll(), 0U);
+}
+
+TEST(ScriptedServiceOnItsOwnThreadTest, CancellingARequestOfADestroyedServiceDoesNothing) {
+    const auto held = std::make_shared<int>();
+    ManualExecutor executor;
+    Cancellable transfer;
+    {
+        const ScriptedService service(executor);
+        service.holdAll();
+        transfer = startDropped(service.session(), held);
+    }
+    EXPECT_EQ(held.use_count(), 1);
+    transfer.cancel();
+    EXPECT_EQ(executor.runAll(), 0U);
 }
 
 }  // namespace

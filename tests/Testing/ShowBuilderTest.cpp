@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 #include <VanticRestKit/Testing/ShowBuilder.h>
 
+#include <cstdint>
 #include <set>
+#include <vector>
 
 namespace VanticRestKit::Testing {
 namespace {
@@ -90,6 +92,55 @@ TEST(ShowBuilderTest, SlugsAreDerivedFromTitles) {
     EXPECT_EQ(Programme{.title = "  A  Berth, for Winter! "}.effectiveSlug(), "a-berth-for-winter");
     EXPECT_EQ((Programme{.title = "A", .slug = "b"}.effectiveSlug()), "b");
     EXPECT_EQ(Programme{.title = "?"}.effectiveSlug(), "untitled");
+}
+
+TEST(ShowBuilderTest, ASeriesCanBeBuiltWithoutItsShow) {
+    const Series series = aSeries().titled("The First Winter").ofShow("Night Ferry").episodes(3).value();
+    EXPECT_EQ(series.title, "The First Winter");
+    EXPECT_EQ(series.showTitle, "Night Ferry");
+    EXPECT_EQ(series.episodes.size(), 3U);
+}
+
+TEST(ShowBuilderTest, EpisodesOfOneSeriesDoNotChangeThoseOfTheOthers) {
+    const SeriesBuilder series = SeriesBuilder(Programme{.episodes = {6, 6}}, 1).episodes(2);
+    EXPECT_EQ(series.programme().episodes, (std::vector<std::uint32_t>{2, 6}));
+}
+
+TEST(ShowBuilderTest, SettingTheEpisodesOfAFurtherSeriesAddsIt) {
+    const SeriesBuilder series = SeriesBuilder({}, 3).episodes(2);
+    EXPECT_EQ(series.programme().episodes, (std::vector<std::uint32_t>{6, 2, 2}));
+    EXPECT_EQ(series.value().title, "Series 3");
+    EXPECT_EQ(series.value().episodes.size(), 2U);
+}
+
+TEST(ShowBuilderTest, ASeriesHasBuildersOfItsEpisodes) {
+    EXPECT_EQ(aSeries().withCode("NF").episode(2).value().houseNumber, "NF0102");
+    EXPECT_EQ(aShow().withSeries(2).series(2).episode(3).value().houseNumber, "HL0203");
+}
+
+TEST(ShowBuilderTest, AFilmThatIsGivenSeriesHasSixEpisodesInEach) {
+    const ShowBuilder show = aShow().asFilm().withSeries(2);
+    EXPECT_EQ(show.programme().episodes, (std::vector<std::uint32_t>{6, 6}));
+}
+
+TEST(ShowBuilderTest, AVideoOfAFilmIsTheFilm) {
+    const ShowBuilder film = aShow().titled("The Long Quay").asFilm();
+    const Video video = VideoBuilder(film.programme(), 0, 0).value();
+    EXPECT_EQ(video.title, "The Long Quay");
+    EXPECT_EQ(film.episode(1, 1).value().houseNumber, video.houseNumber);
+}
+
+TEST(ShowBuilderTest, AFilmHasNoDocumentOfASeries) {
+    EXPECT_EQ(aShow().asFilm().series(1).document(), "null");
+}
+
+TEST(ShowBuilderTest, AChannelThatTheSampleServiceDoesNotHaveIsKept) {
+    EXPECT_EQ(aShow().onChannel("harbour-radio").value().channel, "harbour-radio");
+}
+
+TEST(ShowBuilderTest, AnUnknownCategoryIsReplacedByTheFirstOne) {
+    const JSONText unknown(aShow().inCategory("no such category"));
+    EXPECT_EQ(unknown.text(), aShow().inCategory("drama").document());
 }
 
 TEST(ShowBuilderTest, BuildersCanBeNested) {

@@ -3,6 +3,7 @@
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/Testing/SampleService/SampleService.h>
 #include <VanticRestKit/Testing/Scripted.h>
+#include <VanticRestKit/trelvo/UserClient.h>
 
 namespace VanticRestKit::Testing {
 namespace {
@@ -71,6 +72,60 @@ TEST(SampleServiceTest, OverTLSItProvidesACertificateToTrust) {
     ASSERT_TRUE(service.isRunning());
     EXPECT_TRUE(service.baseURL().absoluteString().starts_with("https://127.0.0.1:"));
     EXPECT_TRUE(service.authority().starts_with("-----BEGIN CERTIFICATE-----"));
+}
+
+TEST(SampleServiceTest, DoesNotRunIfItsPortIsTaken) {
+    const SampleService first;
+    const SampleService second({.port = first.port()});
+    EXPECT_FALSE(second.isRunning());
+    EXPECT_EQ(second.port(), 0);
+    EXPECT_EQ(second.baseURL().absoluteString(), "http://127.0.0.1:1");
+    EXPECT_TRUE(first.isRunning());
+}
+
+TEST(SampleServiceTest, FaultsChangeTheAnswersAsTheirKindSays) {
+    SampleService service;
+    const NetworkContext context(service);
+    const auto time = Endpoint::Time(context);
+    const auto codeAfter = [&](const SampleFault& fault) -> std::int64_t {
+        EXPECT_TRUE(service.add(fault));
+        const auto outcome = time->wait({.deadline = 30s});
+        if (outcome) return 0;
+        const auto* error = outcome.error().underlyingError()->as<NetworkError>();
+        return error != nullptr && error->transportError() ? error->transportError()->code() : -1;
+    };
+    EXPECT_EQ(codeAfter({.kind = SampleFault::Kind::delay, .seconds = 1ms}), 0);
+    // The transport sends a GET again on a new connection, so one reset is not enough.
+    EXPECT_EQ(codeAfter({.kind = SampleFault::Kind::reset, .count = 100}),
+              static_cast<std::int64_t>(URLErrorCode::networkConnectionLost));
+    service.clearFaults();
+    EXPECT_EQ(codeAfter({.kind = SampleFault::Kind::malformed}), -1);
+    EXPECT_EQ(codeAfter({.kind = SampleFault::Kind::malformed, .text = "2.5"}), 0);
+}
+
+TEST(SampleServiceTest, ExpiredTokensAreRenewedByTheClient) {
+    SampleService service;
+    const auto client = UserClient::make(std::make_shared<NetworkContext>(service));
+    ASSERT_TRUE(client->addWatchlistShow({.showId = 11}).wait({.deadline = 30s}));
+    service.clearLog();
+    ASSERT_TRUE(client->listWatchlistShowIds().wait({.deadline = 30s}));
+    EXPECT_EQ(service.log().size(), 1U) << "the token is still valid";
+    service.expireTokens();
+    service.clearLog();
+    const auto shows = client->listWatchlistShowIds().wait({.deadline = 30s});
+    ASSERT_TRUE(shows);
+    EXPECT_EQ(shows->size(), 1U) << "users keep their data";
+    EXPECT_EQ(service.log().size(), 3U) << "a refused request, a new token and the repeated request";
+}
+
+TEST(SampleServiceTest, ClearedUsersLoseTheirData) {
+    SampleService service;
+    const auto context = std::make_shared<NetworkContext>(service);
+    ASSERT_TRUE(UserClient::make(context)->addWatchlistShow({.showId = 11}).wait({.deadline = 30s}));
+    service.clearUsers();
+    const auto shows = UserClient::make(context)->listWatchlistShowIds().wait({.deadline = 30s});
+    ASSERT_TRUE(shows);
+    EXPECT_TRUE(shows->empty());
 }
 
 }  // namespace
