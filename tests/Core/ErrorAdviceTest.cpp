@@ -103,6 +103,19 @@ TEST(ErrorAdvice, AHostErrorCanStateItsCategory) {
     EXPECT_EQ(categoryOf(LoaderError::serverError(error)), ErrorCategory::serverFailed);
 }
 
+TEST(ErrorAdvice, ACategoryThatAHostErrorStatesDeterminesWhetherARetryMayHelp) {
+    for (const ErrorCategory category : {ErrorCategory::offline, ErrorCategory::timedOut,
+                                         ErrorCategory::tooManyRequests, ErrorCategory::serverFailed}) {
+        EXPECT_TRUE(adviceOn(OwnError{.category = category}).mayTryAgain) << sentenceOf(category);
+    }
+    for (const ErrorCategory category :
+         {ErrorCategory::cancelled, ErrorCategory::insecure, ErrorCategory::unauthorized,
+          ErrorCategory::forbidden, ErrorCategory::notFound, ErrorCategory::badAnswer,
+          ErrorCategory::wrongUse, ErrorCategory::unknown}) {
+        EXPECT_FALSE(adviceOn(OwnError{.category = category}).mayTryAgain) << sentenceOf(category);
+    }
+}
+
 TEST(ErrorAdvice, AHostErrorWithoutACategoryHasThatOfItsCause) {
     EXPECT_EQ(categoryOf(OwnError{.cause = statusError(410)}), ErrorCategory::notFound);
     EXPECT_EQ(categoryOf(OwnError{}), ErrorCategory::unknown);

@@ -21,6 +21,7 @@ TEST(URLError, IsAnErrorThatCanBeComparedAndHashed) {
 TEST(lumenoSDKError, ReportsWhatWasMissing) {
     const lumenoSDKError error = lumenoSDKError::initializationError("Missing href");
     EXPECT_EQ(error.message(), "Missing href");
+    EXPECT_EQ(error.localizedDescription(), "Missing href");
     EXPECT_EQ(error.kind(), lumenoSDKError::Kind::initializationError);
     const Error general = error;
     EXPECT_EQ(general.localizedDescription(), "Missing href");

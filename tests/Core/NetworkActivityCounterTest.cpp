@@ -106,6 +106,17 @@ TEST_F(NetworkActivityCounterTest, ChangesWithoutAnIndicatorAreCountedButNotRepo
     test::settleMainQueue();
 }
 
+TEST_F(NetworkActivityCounterTest, AChangeThatIsReportedAfterTheIndicatorWasRemovedIsNotReported) {
+    const test::Event release;
+    DispatchQueue::main().async([release] { EXPECT_TRUE(release.wait()); });
+    NetworkActivityCounter::increase();
+    NetworkActivityCounter::setIndicator(nullptr);
+    release.signal();
+    EXPECT_EQ(test::activityCounter(), 1);
+    test::settleMainQueue();
+    EXPECT_TRUE(reported.empty());
+}
+
 TEST_F(NetworkActivityCounterTest, ChangingTheCounterDoesNotWaitForTheMainQueue) {
     const test::Event release;
     const test::Event blocked;

@@ -79,5 +79,17 @@ TEST_F(NetworkSessionTest, TheDefaultStartIsBuiltOnTheCallbackAndCanBeCancelled)
     EXPECT_EQ(seen, std::vector<std::string>{"a"});
 }
 
+TEST_F(NetworkSessionTest, TheDefaultStartDeliversTheErrorOfTheTransfer) {
+    const auto handler = [this](const std::optional<Data>& data, const auto& response,
+                                const std::optional<Error>& error) {
+        EXPECT_FALSE(data);
+        EXPECT_EQ(response, nullptr);
+        seen.push_back(error ? error->domain() : "none");
+    };
+    const Cancellable load = session.start({.fromURLRequest = request, .completionHandler = handler});
+    session.handlers[0](std::nullopt, nullptr, NSError("D", 1));
+    EXPECT_EQ(seen, std::vector<std::string>{"D"});
+}
+
 }  // namespace
 }  // namespace VanticRestKit

@@ -3,6 +3,8 @@
 #include <Core/FakeContext.h>
 #include <Core/RecordingObserver.h>
 #include <gtest/gtest.h>
+#include <VanticRestKit/Core/detail/LoadObservation.h>
+#include <VanticRestKit/Core/detail/ObservedService.h>
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/Core/URLBuilder.h>
 
@@ -169,6 +171,95 @@ TEST(ObservableContext, AnErrorOfAHostsOwnServiceIsReported) {
     EXPECT_FALSE(resourceOf<double>(context).wait());
     ASSERT_EQ(context.recorder->requests().size(), 1U);
     EXPECT_EQ(context.recorder->requests()[0].error->domain(), "D");
+}
+
+/// Reports progress and answers when it is started.
+class ProgressingService final : public Serviceable {
+public:
+    void fetch(FetchArguments arguments) override { static_cast<void>(start(std::move(arguments))); }
+    Cancellable start(FetchArguments arguments) override {
+        for (const auto state : {LoadProgress::State::queued, LoadProgress::State::loading}) {
+            arguments.progress({.state = state});
+        }
+        if (arguments.metrics) arguments.metrics({.url = "https://h/p?apikey=s3cret", .status = 204});
+        std::move(arguments.with).value()(Data("5"));
+        return {};
+    }
+};
+
+TEST(ObservableContext, ProgressAndMetricsReachTheObserverAndTheCaller) {
+    const auto recorder = std::make_shared<RecordingObserver>();
+    const URLRequest request(test::url("https://h/p?apikey=s3cret"));
+    const auto observed = std::make_shared<detail::ObservedService>(
+        std::make_shared<ProgressingService>(),
+        std::make_shared<const detail::LoadObservation>(recorder, request, 1));
+    std::vector<LoadProgress::State> states;
+    std::vector<std::string> urls;
+    const Cancellable load = observed->start(
+        {.with = [](const auto&) {},
+         .metrics = [&](const RequestMetrics& record) { urls.push_back(record.url); },
+         .progress = [&](const LoadProgress& progress) { states.push_back(progress.state); }});
+    EXPECT_EQ(states, (std::vector{LoadProgress::State::queued, LoadProgress::State::loading}));
+    ASSERT_EQ(recorder->changes().size(), 2U);
+    EXPECT_EQ(recorder->changes()[0].progress.state, LoadProgress::State::queued);
+    EXPECT_EQ(recorder->changes()[0].url, "https://h/p?apikey=redacted");
+    EXPECT_EQ(urls, std::vector<std::string>{"https://h/p?apikey=s3cret"});
+    ASSERT_EQ(recorder->requests().size(), 1U);
+    EXPECT_EQ(recorder->requests()[0].url, "https://h/p?apikey=redacted");
+}
+
+TEST(ObservableContext, AResponseThatIsNotHTTPIsReportedAsAnError) {
+    const Context_ context;
+    const Event ended;
+    resourceOf<double>(context).load({.with = [ended](const auto&) { ended.signal(); }});
+    context.session->reply(
+        {.data = Data("5"), .response = std::make_shared<const URLResponse>(URL("https://h/p"))});
+    ASSERT_TRUE(ended.wait());
+    ASSERT_EQ(context.recorder->requests().size(), 1U);
+    const RequestMetrics record = context.recorder->requests()[0];
+    EXPECT_FALSE(record.status);
+    ASSERT_TRUE(record.error);
+    EXPECT_EQ(record.error->domain(), NetworkError::errorDomain());
+    EXPECT_EQ(record.error->code(), 3);
+}
+
+/// A context that breaks the rule that a service is never null.
+class NoServiceContext : public FakeContext {
+public:
+    std::shared_ptr<Serviceable> service(ServiceArguments) const override { return nullptr; }
+};
+
+TEST(ObservableContext, WithoutAServiceThereIsNoResource) {
+    const HrefURI route({.withHref = "v2/time", .andQueryItems = std::vector<URLQueryItem>()});
+    EXPECT_FALSE(Resource<double>::make({.withHrefURI = route}, NoServiceContext()));
+    EXPECT_FALSE(Resource<double>::make({.withHrefURI = route}, Observed<NoServiceContext>()));
+}
+
+TEST(ObservableContext, ADecodingErrorOfAnEntityIsReportedWithoutItsDetails) {
+    const URLRequest request(test::url("https://h/p"));
+    const Error error = NSError("host.tests", 3, {{"NSLocalizedDescription", "found s3cret"}});
+    for (const bool includesBodies : {false, true}) {
+        const auto recorder =
+            std::make_shared<RecordingObserver>(ObserverOptions{.includesBodies = includesBodies});
+        detail::LoadObservation(recorder, request, 1).decoded(Data("{}"), &error, "Video", nullptr);
+        ASSERT_EQ(recorder->failures().size(), 1U);
+        const Error shown = recorder->failures()[0].error;
+        EXPECT_EQ(shown.domain(), "host.tests");
+        EXPECT_EQ(shown.code(), 3);
+        EXPECT_EQ(shown.localizedDescription().find("s3cret") != std::string::npos, includesBodies);
+    }
+}
+
+TEST(ObservableContext, AnObserverThatOverridesNothingDoesNotAffectALoad) {
+    class Indifferent final : public RequestObserver {};
+    class Context final : public OwnServiceContext, public ObservableContext {
+    public:
+        std::shared_ptr<RequestObserver> observer() const override { return std::make_shared<Indifferent>(); }
+    };
+    Context context;
+    EXPECT_EQ(*resourceOf<double>(context).wait(), 5);
+    context.body = Data("no number");
+    EXPECT_EQ(resourceOf<double>(context).wait().error().kind(), LoaderError::Kind::failedToDecode);
 }
 
 TEST(ObservableContext, ADecodingFailureIsReportedInEveryForm) {

@@ -38,6 +38,10 @@ TEST(Redaction, ReplacesUserPasswordAndFragment) {
     EXPECT_EQ(redactedAddress("p/q?a=1"), "p/q?a=redacted");
 }
 
+TEST(Redaction, ASignBeforeTheAuthorityIsNotThatOfAUser) {
+    EXPECT_EQ(redactedAddress("a@b://h/p"), "a@b://h/p");
+}
+
 TEST(Redaction, KeepsDomainAndCodeOfAnError) {
     const Error transport = detail::makeURLError({.code = URLErrorCode::timedOut, .reason = "s3cret"},
                                                  URL::make("https://h/p?apikey=s3cret"));

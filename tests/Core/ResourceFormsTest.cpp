@@ -163,6 +163,20 @@ TEST_F(ResourceForms, CanBlockTheCallingThread) {
     answering.join();
 }
 
+TEST_F(ResourceForms, AWaitThatWouldNeverEndFailsAtOnce) {
+    std::optional<Outcome> inner;
+    resource()
+        .start({.deadline = 0s},
+               [&, event = delivered](const Outcome&) {
+                   inner = resource().wait();
+                   event.signal();
+               })
+        .detach();
+    ASSERT_TRUE(delivered.wait());
+    ASSERT_FALSE(*inner);
+    EXPECT_EQ(inner->error().underlyingError()->domain(), "VanticRestKit.Wait");
+}
+
 TEST_F(ResourceForms, DeliverDataAndStringsWithoutDecoding) {
     const std::string body("not JSON \xff\0 at all", 17);
     auto data = resource<Data>().future();
@@ -297,6 +311,37 @@ TEST_F(LoadAll, DeliversNothingAfterItsHandleIsDestroyed) {
     ASSERT_TRUE(context.session->started.wait());
     while (!after.isReady()) reply("1");
     EXPECT_TRUE(after.get());
+}
+
+TEST_F(LoadAll, ReleasesItsCompletionAndItsLoadsWhenItsHandleIsDestroyed) {
+    const test::Event released;
+    {
+        auto held = std::shared_ptr<void>(nullptr, [released](void*) { released.signal(); });
+        const Cancellable handle =
+            loadAll(resources(3), {.limit = 1}).start({}, [held = std::move(held)](std::vector<Outcome>) {
+                FAIL() << "was dropped";
+            });
+        ASSERT_TRUE(context.session->started.wait());
+    }
+    EXPECT_TRUE(released.wait());
+    EXPECT_TRUE(context.session->cancelled.wait());
+    EXPECT_EQ(context.session->started.count(), 1) << "no further load is started";
+}
+
+TEST_F(LoadAll, FailsAtOnceIfItsWaitWouldNeverEnd) {
+    std::vector<Outcome> all;
+    resource()
+        .start({.deadline = 0s},
+               [&, event = delivered](const Outcome&) {
+                   all = loadAll(resources(2)).wait();
+                   event.signal();
+               })
+        .detach();
+    ASSERT_TRUE(delivered.wait());
+    ASSERT_EQ(all.size(), 2U);
+    for (const Outcome& outcome : all) {
+        EXPECT_EQ(outcome.error().underlyingError()->domain(), "VanticRestKit.Wait");
+    }
 }
 
 }  // namespace

@@ -251,6 +251,20 @@ TEST_F(Retrying, AFailureAfterACancelStartsNoPause) {
     EXPECT_TRUE(outcomes.empty());
 }
 
+TEST_F(Retrying, ACancelWhileARetryIsBeingStartedReachesTheService) {
+    script({503});
+    const auto retried = decorated();
+    Cancellable load;
+    load = retried->start({.with = seen(), .metrics = [&](const RequestMetrics& record) {
+                               if (record.attempt == 2) load.cancel();
+                           }});
+    EXPECT_TRUE(pauses.pass());
+    EXPECT_EQ(service->forms.size(), 2u);
+    EXPECT_EQ(service->cancels, 1);
+    service->answer(Data("late"));
+    EXPECT_TRUE(outcomes.empty());
+}
+
 TEST_F(Retrying, ASubscriptionCancelledDuringAPauseEndsAtOnce) {
     script({503});
     {
