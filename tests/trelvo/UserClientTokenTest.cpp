@@ -102,6 +102,30 @@ TEST_F(UserClientToken, IsUsedAfterAFailedRefresh) {
     }
 }
 
+TEST_F(UserClientToken, ThatIsRefusedAfterItWasRemovedIsReplacedByANewOne) {
+    save("good", 2000);
+    list();
+    EXPECT_EQ(sent(0), listRequest + "good");
+    client->setAuth(std::nullopt);
+    answer(0, reply(401, ""));
+    EXPECT_TRUE(sent(1).starts_with(tokenRequest)) << sent(1);
+    answer(1, tokenReply("new", 2000));
+    EXPECT_EQ(sent(2), listRequest + "new");
+    answer(2, noRecords());
+    EXPECT_EQ(only().text(), "success");
+}
+
+TEST_F(UserClientToken, ThatIsRefusedAfterItWasRemovedFailsAsAnsweredIfThereIsNoNewOne) {
+    save("good", 2000);
+    list();
+    EXPECT_EQ(sent(0), listRequest + "good");
+    client->setAuth(std::nullopt);
+    answer(0, reply(401, ""));
+    EXPECT_TRUE(sent(1).starts_with(tokenRequest)) << sent(1);
+    answer(1, reply(500, ""));
+    EXPECT_EQ(only().code(), 401);
+}
+
 TEST_F(UserClientToken, ThatArrivesExpiredIsUsedOnceAndRefreshedForTheNextOperation) {
     list();
     answer(0, tokenReply("short", 1001));

@@ -118,7 +118,9 @@ TEST(TrelvoError, FindsTheNetworkErrorAtAnyDepth) {
 
 TEST(TrelvoError, HasNoNetworkErrorIfItContainsNone) {
     const TrelvoError undecoded = TrelvoError::general(LoaderError::failedToDecode(NSError("D", 1)));
-    for (const TrelvoError& failure : {TrelvoError::noUid(), TrelvoError::unknown("x"), undecoded}) {
+    const TrelvoError foreign = TrelvoError::general(NSError("D", 1));
+    for (const TrelvoError& failure : {TrelvoError::noUid(), TrelvoError::unknown("x"), undecoded, foreign,
+                                       TrelvoError::general(foreign)}) {
         EXPECT_EQ(failure.networkError(), nullptr);
         EXPECT_EQ(failure.transportError(), nullptr);
     }
