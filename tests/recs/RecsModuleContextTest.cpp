@@ -69,5 +69,12 @@ TEST(RecsModuleContext, NamesAnArticleAsAudio) {
     EXPECT_EQ(RecsModuleContext::withArticleId("7").recContextURI(), "coremedia://audio/7");
 }
 
+TEST(RecsModuleContext, EqualsAContextWithTheSameFields) {
+    EXPECT_EQ(RecsModuleContext::withShowId("1"), RecsModuleContext::withShowId("1"));
+    EXPECT_NE(RecsModuleContext::withShowId("1"), RecsModuleContext::withShowId("2"));
+    EXPECT_NE(RecsModuleContext::withShowId("1"), RecsModuleContext::withCoreMediaProgramId("1"));
+    EXPECT_NE(RecsModuleContext::withAudioEpisodeId("1"), RecsModuleContext::withAudioSegmentId("1"));
+}
+
 }  // namespace
 }  // namespace VanticRestKit

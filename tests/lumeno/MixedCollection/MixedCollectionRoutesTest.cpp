@@ -28,5 +28,12 @@ TEST(CollectionURI, KeepsItsArguments) {
     EXPECT_NE(route, CollectionURI({.with = "xyz", .embedHighlightItem = false}));
 }
 
+TEST(CollectionURI, EqualsARouteWithTheSameFields) {
+    const CollectionURI route({.with = "12", .embedHighlightItem = true});
+    EXPECT_EQ(route, CollectionURI({.with = "12", .embedHighlightItem = true}));
+    EXPECT_NE(route, CollectionURI({.with = "12", .embedHighlightItem = false}));
+    EXPECT_NE(route, CollectionURI({.with = "13", .embedHighlightItem = true}));
+}
+
 }  // namespace
 }  // namespace VanticRestKit

@@ -46,5 +46,14 @@ TEST(NavigationMainMenuItemURI, SendsAPathThatWasSetUnchanged) {
 
 TEST(BrowseURI, HasOnlyAPath) { expectAGet(BrowseURI(), "v2/browse"); }
 
+TEST(NavigationMainMenuItemURI, EqualsARouteWithTheSameFields) {
+    const NavigationMainMenuItemURI one({.channels = "one"});
+    EXPECT_EQ(one, NavigationMainMenuItemURI({.channels = "one"}));
+    EXPECT_NE(one, NavigationMainMenuItemURI({.channels = "two"}));
+    NavigationMainMenuItemURI elsewhere = one;
+    elsewhere.path = "elsewhere";
+    EXPECT_NE(one, elsewhere);
+}
+
 }  // namespace
 }  // namespace VanticRestKit

@@ -43,5 +43,10 @@ TEST(RemapURI, SendsAPathThatWasSetLaterUnchanged) {
 
 TEST(RemapURI, KeepsThePathWithItsPrefix) { EXPECT_EQ(route("x").path, "v2/remap/x"); }
 
+TEST(RemapURI, EqualsARouteWithTheSameFields) {
+    EXPECT_EQ(route("x"), route("/x"));
+    EXPECT_NE(route("x"), route("y"));
+}
+
 }  // namespace
 }  // namespace VanticRestKit

@@ -110,6 +110,12 @@ TEST(ShowURI, ComputesItsPathFromItsFields) {
     EXPECT_NE(route, showURI(std::nullopt, "V"));
 }
 
+TEST(ShowURI, EqualsARouteWithTheSameFields) {
+    EXPECT_EQ(showURI(3, "V"), showURI(3, "V"));
+    EXPECT_NE(showURI(3, "V"), showURI(4, "V"));
+    EXPECT_NE(showURI(3, "V"), showURI(3, "W"));
+}
+
 TEST(ShowsURI, JoinsSlugsAndIdsWithCommas) {
     EXPECT_EQ(ShowsURI{.showSlugsOrIds = {"a"}}.path(), "v2/shows/a");
     EXPECT_EQ((ShowsURI{.showSlugsOrIds = {"a", "7", "c d"}}.path()), "v2/shows/a,7,c d");

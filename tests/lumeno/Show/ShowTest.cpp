@@ -65,6 +65,8 @@ TEST(Show, FailsForAnotherEntityWithAShowsErrorType) {
     const auto* const mismatch = error->as<Show::DecodingError>();
     ASSERT_NE(mismatch, nullptr);
     EXPECT_EQ(mismatch->found(), "Video");
+    EXPECT_EQ(error->domain(), "VanticRestKit.Show.DecodingError");
+    EXPECT_EQ(error->code(), 0);
     EXPECT_EQ(mismatch->localizedDescription(), R"(Show expects a "show" entity type, but found "Video")");
     EXPECT_EQ(*mismatch, Show::DecodingError::entityMismatch("other"));
     EXPECT_EQ(error->as<Video::DecodingError>(), nullptr);

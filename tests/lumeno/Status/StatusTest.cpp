@@ -55,6 +55,8 @@ TEST(StatusDecodingError, ContainsTheInvalidTheme) {
     EXPECT_EQ(error.localizedDescription(), "Invalid Status theme string value found: Dark");
     EXPECT_EQ(Error(error).localizedDescription(), "Invalid Status theme string value found: Dark");
     EXPECT_NE(Error(error).as<Status::DecodingError>(), nullptr);
+    EXPECT_EQ(Error(error).domain(), "VanticRestKit.Status.DecodingError");
+    EXPECT_EQ(Error(error).code(), 0);
     EXPECT_EQ(error, Status::DecodingError::invalidTheme("other"));
 }
 
