@@ -75,6 +75,14 @@ TEST(DateFormatter, ReadsTheDevicePatternInTheDevicesZoneByDefault) {
     test::expectDatesOf("date_device.jsonl", [&](std::string_view text) { return formatter.date(text); });
 }
 
+TEST(DateFormatter, ReturnsNothingForAStringThatIsNotADateInItsZone) {
+    const DateFormatter formatter{.dateFormat = std::string(DateFormatter::devicePattern),
+                                  .timeZone = TimeZone{3600}};
+    for (const char* text : {"", "soon", "2020-01-02", "2020-13-02 03:04:05", "2020-01-02 03:04:05Z"}) {
+        EXPECT_EQ(formatter.date(text), std::nullopt) << text;
+    }
+}
+
 TEST(DateFormatter, RejectsEverythingWithoutAPatternOrWithAnUnknownOne) {
     EXPECT_EQ(DateFormatter{}.date("2020-01-02 03:04:05"), std::nullopt);
     EXPECT_EQ(DateFormatter{.dateFormat = "yyyy"}.date("2020"), std::nullopt);

@@ -66,3 +66,11 @@ TEST(OperationQueue, HasTheSystemsDefaultSettings) {
     EXPECT_EQ(queue.maxConcurrentOperationCount, OperationQueue::defaultMaxConcurrentOperationCount);
     EXPECT_FALSE(queue.isSuspended);
 }
+
+TEST(OperationQueue, EqualsAQueueWithTheSameNameAndSettings) {
+    const OperationQueue queue{.name = "a", .maxConcurrentOperationCount = 2, .isSuspended = true};
+    EXPECT_EQ(queue, (OperationQueue{.name = "a", .maxConcurrentOperationCount = 2, .isSuspended = true}));
+    EXPECT_NE(queue, (OperationQueue{.name = "b", .maxConcurrentOperationCount = 2, .isSuspended = true}));
+    EXPECT_NE(queue, (OperationQueue{.name = "a", .maxConcurrentOperationCount = 3, .isSuspended = true}));
+    EXPECT_NE(queue, (OperationQueue{.name = "a", .maxConcurrentOperationCount = 2}));
+}

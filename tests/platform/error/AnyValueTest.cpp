@@ -67,6 +67,16 @@ TEST(AnyValue, ADefaultValueHasTheKindOther) {
     EXPECT_NE(AnyValue(AnyValue::Other{"a list"}), AnyValue());
 }
 
+TEST(AnyValue, AnAssignedCopyIsIndependent) {
+    AnyValue original("text");
+    AnyValue copy(1);
+    copy = original;
+    EXPECT_EQ(copy, original);
+    original = AnyValue(2);
+    ASSERT_NE(copy.text(), nullptr);
+    EXPECT_EQ(*copy.text(), "text");
+}
+
 TEST(AnyValue, CannotBeMadeFromAPointerOrACharacter) {
     static_assert(!std::is_constructible_v<AnyValue, std::nullptr_t>);
     static_assert(!std::is_constructible_v<AnyValue, int*>);

@@ -88,6 +88,8 @@ TEST(Result, ReturnsTheFallbackOnlyIfThereIsNoValue) {
     EXPECT_EQ(textOrCode(false).value_or("none"), "none");
     const Text kept = textOrCode(true);
     EXPECT_EQ(kept.value_or("none"), "text");
+    const Text failed = textOrCode(false);
+    EXPECT_EQ(failed.value_or("none"), "none");
     EXPECT_EQ(*kept, "text");
 }
 
@@ -113,6 +115,12 @@ TEST(ResultWithoutValue, IsASuccessUnlessItHoldsAnError) {
     EXPECT_EQ(Nothing(), Nothing());
     EXPECT_FALSE(Nothing() == Nothing(Failure("")));
     EXPECT_EQ(Nothing(Failure("late")), Nothing(Failure("late")));
+}
+
+TEST(ResultWithoutValue, ReadingTheValueOfASuccessDoesNothing) {
+    const Nothing success;
+    success.value();
+    EXPECT_EQ(success, Nothing());
 }
 
 TEST(ResultWithoutValue, ItsErrorCanBeMovedOut) {

@@ -96,6 +96,8 @@ TEST(SameIgnoringCase, ComparesBytesThatAreNotUTF8Exactly) {
     EXPECT_TRUE(sameIgnoringCase("\xFF", "\xFF"));
     EXPECT_FALSE(sameIgnoringCase("\xFF", "\xFE"));
     EXPECT_FALSE(sameIgnoringCase("a\xFF", "A\xFF"));
+    EXPECT_FALSE(sameIgnoringCase("a", "A\xFF"));
+    EXPECT_FALSE(sameIgnoringCase("A\xFF", "a"));
 }
 
 }  // namespace

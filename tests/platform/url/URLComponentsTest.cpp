@@ -126,6 +126,14 @@ TEST(URLComponents, BytesThatAreNotUTF8SurviveInQueryItems) {
     EXPECT_EQ(componentsOf("x%FF").path(), "x%FF");
 }
 
+TEST(URLQueryItem, EqualsAnItemWithTheSameNameAndValue) {
+    const URLQueryItem item{"a", "1"};
+    EXPECT_EQ(item, (URLQueryItem{"a", "1"}));
+    EXPECT_NE(item, (URLQueryItem{"a", "2"}));
+    EXPECT_NE(item, (URLQueryItem{"b", "1"}));
+    EXPECT_NE((URLQueryItem{"a", ""}), URLQueryItem{"a"});
+}
+
 TEST(URLComponents, ACopyIsIndependent) {
     const URLComponents first = componentsOf("http://h/");
     URLComponents second = first;

@@ -85,13 +85,15 @@ TEST(URL, AnIPv6HostHasNoBrackets) {
     EXPECT_EQ(urlOf("http://[2001:db8::1]/").host(), "2001:db8::1");
     EXPECT_EQ(urlOf("http://[fe80::1%25eth0]/").host(), "fe80::1%eth0");
     EXPECT_EQ(urlOf("http://[v1.x:y]/").host(), "v1.x:y");
+    EXPECT_EQ(urlOf("http://[V1.x]/").host(), "V1.x");
 }
 
 TEST(URL, AnInvalidHostIsRejected) {
     for (const char* text :
          {"http://a b/", "http://a\\b/", "http://a%zz/", "http://a%2", "http://a<b/", "http://[/",
           "http://]/", "http://[]/", "http://[::1/", "http://[::1]x/", "http://[g::1]/", "http://[::1%eth0]/",
-          "http://[::1%25]/", "http://[%251]/", "http://[v1]/", "http://a[b]/", "http://a\nb/"}) {
+          "http://[::1%25]/", "http://[%251]/", "http://[v1]/", "http://[v1.<]/", "http://[::1%25<]/",
+          "http://a[b]/", "http://a\nb/"}) {
         EXPECT_FALSE(URL::make(text)) << text;
     }
 }
