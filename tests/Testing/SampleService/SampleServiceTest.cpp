@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <VanticRestKit/Core/HrefURI.h>
 #include <VanticRestKit/Core/Resource.h>
 #include <VanticRestKit/lumeno/Endpoints/Endpoint.h>
 #include <VanticRestKit/Testing/SampleService/SampleService.h>
@@ -101,6 +102,27 @@ TEST(SampleServiceTest, FaultsChangeTheAnswersAsTheirKindSays) {
     service.clearFaults();
     EXPECT_EQ(codeAfter({.kind = SampleFault::Kind::malformed}), -1);
     EXPECT_EQ(codeAfter({.kind = SampleFault::Kind::malformed, .text = "2.5"}), 0);
+}
+
+TEST(SampleServiceTest, FaultsOfTheContentChangeOneDocument) {
+    SampleService service;
+    const NetworkContext context(service);
+    int requests = 0;
+    const auto body = [&] {
+        // Each request has another URL, so that none is answered from the cache.
+        std::vector<URLQueryItem> items{{"request", std::to_string(++requests)}};
+        const HrefURI route({.withHref = "v2/collection/1001", .andQueryItems = std::move(items)});
+        return Resource<RawText>::make({.withHrefURI = route}, context)->wait({.deadline = 30s}).value().text;
+    };
+    const std::string plain = body();
+    EXPECT_TRUE(body() == plain);
+    EXPECT_TRUE(service.add({.kind = SampleFault::Kind::null}));
+    EXPECT_EQ(body(), "null");
+    for (const auto kind : {SampleFault::Kind::unknownEnum, SampleFault::Kind::oddities}) {
+        EXPECT_TRUE(service.add({.kind = kind}));
+        EXPECT_TRUE(body() != plain);
+        EXPECT_TRUE(body() == plain);
+    }
 }
 
 TEST(SampleServiceTest, ExpiredTokensAreRenewedByTheClient) {
