@@ -14,6 +14,11 @@ TEST(DocumentsTest, ScreensHaveCollectionsWithItems) {
     EXPECT_EQ(aHomeScreen().part<MixedCollection>("/_embedded/collections/0").value(), aCollection().value());
 }
 
+TEST(DocumentsTest, ACollectionIsFoundByItsId) {
+    EXPECT_NE(aCollection("1007").document().find(R"("href":"/collection/1007")"), std::string::npos);
+    EXPECT_NE(aCollection("1007").value(), aCollection().value());
+}
+
 TEST(DocumentsTest, ListsOfShowsAndVideosAreFilled) {
     EXPECT_FALSE(aShowsIndex().value().groups.empty());
     EXPECT_EQ(aShowList().value().size(), 2U);
