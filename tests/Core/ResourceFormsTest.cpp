@@ -175,6 +175,8 @@ TEST_F(ResourceForms, AWaitThatWouldNeverEndFailsAtOnce) {
     ASSERT_TRUE(delivered.wait());
     ASSERT_FALSE(*inner);
     EXPECT_EQ(inner->error().underlyingError()->domain(), "VanticRestKit.Wait");
+    // The load continues without its future.
+    context.session->reply(test::answer(200, "1"));
 }
 
 TEST_F(ResourceForms, DeliverDataAndStringsWithoutDecoding) {
@@ -342,6 +344,8 @@ TEST_F(LoadAll, FailsAtOnceIfItsWaitWouldNeverEnd) {
     for (const Outcome& outcome : all) {
         EXPECT_EQ(outcome.error().underlyingError()->domain(), "VanticRestKit.Wait");
     }
+    // The loads continue without their future.
+    for (int i = 0; i < 2; ++i) reply("1");
 }
 
 }  // namespace

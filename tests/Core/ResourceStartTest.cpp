@@ -23,7 +23,11 @@ public:
         completion.emplace(std::move(arguments.with).value());
         progress = std::move(arguments.progress);
         if (whileStarting) whileStarting();
-        return Cancellable([this] { ++cancels; });
+        return Cancellable([this] {
+            ++cancels;
+            // It keeps the load alive, and the load this service.
+            completion.reset();
+        });
     }
     void answer(const char* body) { std::exchange(completion, std::nullopt).value()(Data(body)); }
 
