@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <VanticRestKit/trelvo/Common/Auth.h>
+#include <VanticRestKit/trelvo/UserAuth.h>
 
 #include <trelvo/Common/Shapes.h>
 
@@ -52,6 +53,13 @@ TEST(Auth, ReadsItsExpiryAsSecondsSince1970NeverAsAString) {
         test::failureOf<Auth>(
             R"({"access_token":"","refresh_token":"","token_type":"","expiry":"2021-03-04T05:06:07Z"})"),
         R"(typeMismatch ["expiry"])");
+}
+
+TEST(UserAuth, EqualsThatOfTheSameUserWithTheSameTokens) {
+    const UserAuth auth{.uid = "u1", .auth = {.accessToken = "a"}};
+    EXPECT_EQ(auth, (UserAuth{.uid = "u1", .auth = {.accessToken = "a"}}));
+    EXPECT_NE(auth, (UserAuth{.uid = "u2", .auth = {.accessToken = "a"}}));
+    EXPECT_NE(auth, (UserAuth{.uid = "u1", .auth = {.accessToken = "b"}}));
 }
 
 }  // namespace
