@@ -26,6 +26,15 @@ std::ptrdiff_t threadsOfThisProcess() {
 
 }  // namespace
 
+TEST(DispatchQueue, AnAssignedCopyRefersToTheSameQueue) {
+    const DispatchQueue original("original");
+    DispatchQueue copy("copy");
+    EXPECT_NE(copy, original);
+    copy = original;
+    EXPECT_EQ(copy, original);
+    EXPECT_EQ(copy.label(), "original");
+}
+
 TEST(DispatchQueue, RunsBlocksInTheOrderOfTheirPosting) {
     const DispatchQueue queue("test");
     const Event done;

@@ -1,3 +1,4 @@
+#include <VanticRestKit/platform/dispatch/detail/MainQueue.h>
 #include <VanticRestKit/platform/dispatch/DispatchQueue.h>
 
 #include <gtest/gtest.h>
@@ -32,6 +33,11 @@ public:
         turn();
     }
 
+    std::size_t waiting() {
+        const std::lock_guard lock(mutex_);
+        return turns_.size();
+    }
+
 private:
     std::mutex mutex_;
     std::condition_variable changed_;
@@ -63,4 +69,11 @@ TEST(MainQueueOfTheHost, RunsItsBlocksOnTheHostsLoop) {
     EXPECT_EQ(seen, std::this_thread::get_id());
     EXPECT_TRUE(isCurrent);
     EXPECT_FALSE(DispatchQueue::setMain(executor));
+
+    // The host's loop cannot delay a block, so it gets a deferrable one like any other.
+    bool hasRun = false;
+    detail::MainQueue::shared()->postDeferrable([&hasRun] { hasRun = true; });
+    ASSERT_EQ(loop->waiting(), 1U);
+    loop->runOne();
+    EXPECT_TRUE(hasRun);
 }
