@@ -35,7 +35,8 @@ TEST(CacheControl, ClampsALargeNumberToTheMaximum) {
 }
 
 TEST(CacheControl, TreatsAMalformedMaxAgeAsZero) {
-    for (const std::string text : {"-1", "1.5", "10a", "", "'10'", "\"10", "\"10\"x", " 10", "abc"}) {
+    for (const std::string text :
+         {"-1", "1.5", "10a", "", "'10'", "\"10", "\"10\\", "\"10\"x", " 10", "abc"}) {
         EXPECT_EQ(CacheControl::parse("max-age=" + text).maxAge, seconds(0)) << text;
     }
     EXPECT_EQ(CacheControl::parse("max-age").maxAge, seconds(0));

@@ -29,6 +29,16 @@ TEST(CacheRecordForm, ReadsWhatItWrites) {
     EXPECT_EQ(read->age({.wall = receivedAt + 7s, .steady = 1s}), 7s);
 }
 
+TEST(CacheRecordForm, KeepsWhetherTheBodyWasRead) {
+    for (const bool lacksBody : {false, true}) {
+        auto parts = partsOf({{"Location", "/there"}}, "", 301);
+        parts.lacksBody = lacksBody;
+        const auto read = detail::responseOf(detail::recordOf("key", detail::StoredResponse(parts)));
+        ASSERT_NE(read, nullptr);
+        EXPECT_EQ(read->parts().lacksBody, lacksBody);
+    }
+}
+
 TEST(CacheRecordForm, RejectsEveryTruncationAndOtherFormats) {
     const detail::CacheRecord whole = record();
     for (std::size_t size = 0; size < whole.head.size(); ++size) {

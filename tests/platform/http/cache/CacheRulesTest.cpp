@@ -88,6 +88,34 @@ TEST(CacheRules, AllowOfflineUseForAsLongAgainAsTheResponseWasFresh) {
     EXPECT_FALSE(detail::isUsableOffline(*declared, CacheRequest(limited), after(11s)));
 }
 
+TEST(CacheRules, ObeyTheRequestOffline) {
+    const auto usable = [](const detail::StoredPointer& stored, const char* control) {
+        const URLRequest request = requestWith("Cache-Control", control);
+        return detail::isUsableOffline(*stored, CacheRequest(request), after(11s));
+    };
+    const auto declared = storedOf({{"Cache-Control", "max-age=10"}});
+    EXPECT_TRUE(usable(declared, "max-stale=0"));
+    EXPECT_FALSE(usable(declared, "no-cache"));
+    EXPECT_FALSE(usable(declared, "min-fresh=0"));
+    EXPECT_TRUE(usable(declared, "min-fresh=0, stale-if-error=1"));
+}
+
+TEST(CacheRules, AllowOfflineUseOfAnEstimatedLifetimeOnlyWithPermission) {
+    const URLRequest plain = requestWith();
+    const auto estimated = storedOf({{"Last-Modified", dateAfter(-100)}});
+    EXPECT_FALSE(detail::isUsableOffline(*estimated, CacheRequest(plain), after(11s)));
+    const auto permitted =
+        storedOf({{"Last-Modified", dateAfter(-100)}, {"Cache-Control", "stale-if-error=1"}});
+    EXPECT_TRUE(detail::isUsableOffline(*permitted, CacheRequest(plain), after(11s)));
+    EXPECT_FALSE(detail::isUsableOffline(*permitted, CacheRequest(plain), after(12s)));
+}
+
+TEST(CacheRules, DoNotUseAResponseOnErrorThatRequiresValidation) {
+    const URLRequest plain = requestWith();
+    const auto unchecked = storedOf({{"Cache-Control", "no-cache, stale-if-error=20"}});
+    EXPECT_FALSE(detail::isUsableOnError(*unchecked, CacheRequest(plain), after(1s)));
+}
+
 TEST(CacheRules, StoreCacheableResponses) {
     EXPECT_TRUE(isStored("max-age=1"));
     EXPECT_TRUE(isStored("private, max-age=1", 599));
@@ -96,6 +124,9 @@ TEST(CacheRules, StoreCacheableResponses) {
     EXPECT_FALSE(isStored("no-store, max-age=1"));
     EXPECT_TRUE(isStored("no-store, max-age=1, must-understand"));
     EXPECT_FALSE(isStored("max-age=1, must-understand", 299));
+    for (const std::int64_t status : {302, 303, 307}) {
+        EXPECT_TRUE(isStored("max-age=1, must-understand", status)) << status;
+    }
     EXPECT_FALSE(isStored("max-age=1", 206));
     EXPECT_FALSE(isStored("max-age=1", 304));
     EXPECT_FALSE(isStored("max-age=1", 200, requestWith("Cache-Control", "no-store")));

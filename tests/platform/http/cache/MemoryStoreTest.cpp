@@ -69,6 +69,46 @@ TEST(MemoryStore, KeepsVariantsForDifferentHeaderValues) {
     EXPECT_EQ(store.memory.count(), 2U);
 }
 
+TEST(MemoryStore, FindsTheLatestOfSeveralThatMatch) {
+    URLRequest both = requestWith("Accept-Language", "de");
+    both.setValue("a", "Accept");
+    const auto receivedAfter = [&both](const char* vary, std::chrono::seconds time) {
+        auto parts = partsOf({{"Vary", vary}});
+        parts.received = after(time);
+        parts.variant = *detail::variantOf(vary, both);
+        return std::make_shared<const detail::StoredResponse>(std::move(parts));
+    };
+    const StoredPointer early = receivedAfter("Accept", std::chrono::seconds(1));
+    const StoredPointer late = receivedAfter("Accept-Language", std::chrono::seconds(2));
+    Store store;
+    store.put(keyOf("a"), early);
+    store.put(keyOf("a"), late);
+    store.put(keyOf("b"), late);
+    store.put(keyOf("b"), early);
+    EXPECT_EQ(store.memory.find(keyOf("a"), both), late);
+    EXPECT_EQ(store.memory.find(keyOf("b"), both), late);
+}
+
+TEST(MemoryStore, ReplacesAResponseThatMatchesTheSameRequest) {
+    URLRequest both = requestWith("Accept-Language", "de");
+    Store store;
+    store.put(keyOf("a"), variantFor(both, "ja"));
+    const StoredPointer plain = storedOf({});
+    store.memory.put(keyOf("a"), plain, &both, store.removed);
+    EXPECT_EQ(store.memory.all(keyOf("a")), std::vector<StoredPointer>{plain});
+}
+
+TEST(MemoryStore, HasNothingToReplaceOrRemoveForAnotherKey) {
+    Store store;
+    const StoredPointer stored = storedOf({});
+    store.put(keyOf("a"), stored);
+    EXPECT_FALSE(store.memory.replace(keyOf("b"), stored, storedOf({}), store.removed));
+    store.memory.remove(keyOf("b"), stored, store.removed);
+    store.memory.remove(keyOf("b"), store.removed);
+    EXPECT_EQ(store.find(keyOf("a")), stored);
+    EXPECT_TRUE(store.removed.empty());
+}
+
 TEST(MemoryStore, EvictsTheLeastRecentlyUsed) {
     const std::string body(1000, 'x');
     Store measure;

@@ -75,6 +75,23 @@ TEST(StoredResponse, DropsConnectionHeadersAndAlwaysHasADate) {
     EXPECT_EQ(stored->fields(), (HeaderFields{{"Date", dateAfter(0)}, {"X-Own", "2"}}));
 }
 
+TEST(StoredResponse, DropsEveryHeaderThatIsForOneConnection) {
+    for (const char* name :
+         {"Connection", "keep-alive", "Proxy-Authenticate", "Proxy-Authentication-Info",
+          "Proxy-Authorization", "Proxy-Connection", "TE", "Transfer-Encoding", "Upgrade"}) {
+        EXPECT_EQ(storedOf({{name, "a"}, {"Date", dateAfter(0)}})->fields().size(), 1U) << name;
+    }
+    for (const char* name : {"Proxy-Status", "Trailer", "User-Agent", "Content-Type", "Key"}) {
+        EXPECT_EQ(storedOf({{name, "a"}, {"Date", dateAfter(0)}})->fields().size(), 2U) << name;
+    }
+}
+
+TEST(StoredResponse, DoesNotTakeConnectionHeadersOfAnUpdate) {
+    const auto updated = detail::updated(
+        *storedOf({}), {{"Connection", "X-Hop"}, {"X-Hop", "1"}, {"X-New", "2"}}, after({}), after({}));
+    EXPECT_EQ(updated->fields(), (HeaderFields{{"Date", dateAfter(0)}, {"X-New", "2"}}));
+}
+
 TEST(StoredResponse, TakesTheHeadersOfAnUpdateExceptThoseOfTheBody) {
     const auto stored = storedOf({{"Age", "30"},
                                   {"Cache-Control", "max-age=1"},

@@ -50,6 +50,22 @@ TEST(Vary, IgnoresTheCaseOfLanguagesButNotTheirOrder) {
     EXPECT_FALSE(fits("Accept-Language", request, requestWith({{"Accept-Language", "de, en-GB;q=1"}})));
 }
 
+TEST(Vary, IgnoresCaseAndSpacesInAllListsOfPreferences) {
+    for (const char* name : {"Accept", "Accept-Charset", "Accept-Encoding", "Accept-Language"}) {
+        const URLRequest request = requestWith({{name, "A;q=1,b"}});
+        EXPECT_TRUE(fits(name, request, requestWith({{name, "a;\tq=1, B"}}))) << name;
+    }
+    EXPECT_FALSE(
+        fits("Accept-Other", requestWith({{"Accept-Other", "A"}}), requestWith({{"Accept-Other", "a"}})));
+}
+
+TEST(Vary, MatchesNothingIfItsStoredFormIsCutOff) {
+    const URLRequest request = requestWith({{"Foo", "1"}});
+    EXPECT_TRUE(fitsVariant("foo:1\n", request));
+    EXPECT_FALSE(fitsVariant("foo:1", request));
+    EXPECT_FALSE(fitsVariant("foo:1\nb", request));
+}
+
 TEST(Vary, LeavesCredentialsToTheKey) {
     EXPECT_EQ(variantOf("Cookie, Authorization", requestWith({{"Cookie", "secret"}})), "");
 }
