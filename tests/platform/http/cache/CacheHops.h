@@ -66,6 +66,11 @@ protected:
         return core->find(keyOf(request), request);
     }
 
+    std::string bodyStored(const URLRequest& request = requestWith()) {
+        const auto found = stored(request);
+        return found ? std::string(found->body().view()) : "none";
+    }
+
     /// Sends the request, which `hop` must want to send, and passes it this response.
     static HopAnswer send(CacheHop& hop, std::int64_t status, HeaderFields fields, std::string body = "new") {
         EXPECT_EQ(hop.ask(), Step::load);

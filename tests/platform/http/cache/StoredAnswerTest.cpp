@@ -72,6 +72,7 @@ TEST(StoredAnswer, IsNotModifiedForOneOfItsEntityTags) {
     EXPECT_TRUE(isNotModified("If-None-Match", "*", tagged));
     EXPECT_TRUE(isNotModified("If-None-Match", "*", {}));
     EXPECT_FALSE(isNotModified("If-None-Match", "\"a\"", {}));
+    EXPECT_FALSE(isNotModified("If-None-Match", "W/", {}));
 }
 
 TEST(StoredAnswer, IsNotModifiedSinceItsLastModifiedOrItsDate) {

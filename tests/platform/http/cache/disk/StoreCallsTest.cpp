@@ -61,6 +61,23 @@ TEST(StoreCalls, DropAWriteLargerThanTheLimitAtOnce) {
     EXPECT_EQ(keysOf(calls.take()), "-ab");
 }
 
+TEST(StoreCalls, DropAWriteOfAHeadLikeThatOfARecord) {
+    StoreCalls calls(10'000);
+    calls.push(call(Kind::writeHead, "a", 4000));
+    calls.push(call(Kind::write, "b", 8000));
+    EXPECT_EQ(calls.dropped(), 1U);
+    EXPECT_EQ(keysOf(calls.take()), "-ab");
+}
+
+TEST(StoreCalls, KeepCallsThatWriteNothingBeyondTheLimit) {
+    StoreCalls calls(10'000);
+    calls.push(call(Kind::write, "a", 4000));
+    calls.push(call(Kind::remove, std::string(20'000, 'b')));
+    calls.push(call(Kind::removeAll, "c"));
+    EXPECT_EQ(calls.dropped(), 1U);
+    EXPECT_EQ(keysOf(calls.take()), "-a" + std::string(20'000, 'b') + "c");
+}
+
 TEST(StoreCalls, CountABatchUntilTheNextIsTaken) {
     StoreCalls calls(10'000);
     calls.push(call(Kind::write, "a", 8000));
