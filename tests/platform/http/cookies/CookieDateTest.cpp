@@ -30,6 +30,8 @@ TEST(CookieDate, IsReadInAnyOrderAndWithAnyDelimiter) {
     EXPECT_EQ(seconds("1994 nov 6 8:49:37"), 784111777);
     EXPECT_EQ(seconds("8:49:37;6/NOVEMBER/1994"), 784111777);
     EXPECT_EQ(seconds("6th Novel 94x 08:49:37pm"), 784111777);
+    EXPECT_EQ(seconds("6\tNov\t1994\t08:49:37"), 784111777);
+    EXPECT_EQ(seconds("6\x01Nov 1994 08:49:37"), std::nullopt);
 }
 
 TEST(CookieDate, UsesTheFirstTokenOfEachKind) {

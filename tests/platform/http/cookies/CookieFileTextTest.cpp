@@ -4,6 +4,8 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -33,6 +35,24 @@ std::vector<HTTPCookie> several() {
          .sameSite = HTTPCookieSameSite::strict}};
 }
 
+std::uint32_t crc32Of(const std::string& text) {
+    std::uint32_t sum = 0xFFFFFFFFU;
+    for (const char c : text) {
+        sum ^= static_cast<unsigned char>(c);
+        for (int bit = 0; bit < 8; ++bit) sum = (sum >> 1U) ^ ((sum & 1U) != 0 ? 0xEDB88320U : 0U);
+    }
+    return ~sum;
+}
+
+/// How many cookies are read from a file of this line whose checksum is correct; -1 if it is rejected.
+int countIn(const std::string& line) {
+    const std::string text = "VanticRestKit cookies 1\n" + line + "\n";
+    std::ostringstream sum;
+    sum << std::hex << crc32Of(text);
+    const auto cookies = readCookieFileText(text + "end " + sum.str() + "\n");
+    return cookies ? static_cast<int>(cookies->size()) : -1;
+}
+
 }  // namespace
 
 TEST(CookieFileText, RoundTripsItsCookies) {
@@ -60,5 +80,15 @@ TEST(CookieFileText, IsRejectedIfItHasAnotherFormat) {
     for (const char* const text :
          {"\n", "end 0\n", "# Netscape HTTP Cookie File\n", "VanticRestKit cookies 2\nend 0\n"}) {
         EXPECT_FALSE(readCookieFileText(text)) << text;
+    }
+}
+
+TEST(CookieFileText, IsRejectedIfALineIsMalformed) {
+    EXPECT_EQ(countIn("x.org\t/\tname\tvalue\t41d26580b487df3b\t-\t"), 1);
+    for (const char* const line :
+         {"", "x.org\t/\tname\tvalue\t41d26580b487df3b\t-", "x.org\t/\tname\tvalue\t41d26580b487df3b\t",
+          "x.org\t/\tname\tvalue\t41d26580b487df3b\t-\tmore", "x.org\t/\tname\tvalue\t\t-\t",
+          "x.org\t/\tname\tvalue\t41x\t-\t", "x.org\t/\tname\tvalue\t41d26580b487df3b0\t-\t"}) {
+        EXPECT_EQ(countIn(line), -1) << line;
     }
 }

@@ -27,7 +27,7 @@ TEST(CookieHost, AnIPAddressMatchesOnlyItself) {
     for (const char* const address : {"127.0.0.1", "::1", "fe80::1", "127.1", "0x7f000001", "10.0.0.1."}) {
         EXPECT_TRUE(isIPAddress(address)) << address;
     }
-    for (const char* const name : {"example.org", "1.example", "", "a1"})
+    for (const char* const name : {"example.org", "1.example", "", "a1", "1.2.3.4-5"})
         EXPECT_FALSE(isIPAddress(name)) << name;
 }
 

@@ -98,6 +98,7 @@ TEST(CookieRules, TheHostPrefixRequiresSecureTheRootPathAndNoDomain) {
     EXPECT_FALSE(accepted("__Host-a=b; secure", "https://www.example.org/"));
     EXPECT_FALSE(accepted("__Host-a=b; secure; path=/a"));
     EXPECT_FALSE(accepted("__host-a=b; secure; path=/; domain=www.example.org"));
+    EXPECT_FALSE(accepted("__Host-a=b; secure; path=/; domain=co.uk", "https://co.uk/"));
 }
 
 TEST(CookieRules, ACookieSetByTheApplicationGetsANormalizedDomain) {
@@ -134,6 +135,10 @@ TEST(CookieRules, ACookieThatCannotBeSentIsRejected) {
 TEST(CookieRules, ASenderWithALeadingDotIsRejected) {
     EXPECT_FALSE(accepted("a=b", "http://.example.org/"));
     EXPECT_FALSE(accepted("a=b; domain=..example.org", "http://a..example.org/"));
+}
+
+TEST(CookieRules, ASenderWithoutAHostIsRejected) {
+    EXPECT_FALSE(acceptedCookie(*readSetCookie("a=b"), {.host = "", .path = "/"}, now));
 }
 
 TEST(CookieRules, AnAcceptedCookieIsNormalized) {
