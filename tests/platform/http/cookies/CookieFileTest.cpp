@@ -59,6 +59,11 @@ protected:
         return {(*problem_)->code(), cause == userInfo.end() ? 0 : cause->second.error()->code()};
     }
 
+    /// The description of that problem.
+    std::string description() const {
+        return reported_.wait() ? (*problem_)->localizedDescription() : "no problem";
+    }
+
     static HTTPCookie cookie(const std::string& name, const std::string& domain = "www.example.org") {
         return {.name = name,
                 .value = "1",
@@ -96,6 +101,7 @@ TEST_F(CookieFileTest, ReportsWhyADamagedFileCouldNotBeSetAside) {
     fs::create_directory(path("cookies.damaged"));
     EXPECT_TRUE(open().read().empty());
     EXPECT_EQ(problem(), Codes(259, EISDIR));
+    EXPECT_EQ(description(), "The file of the cookies is damaged, but could not be set aside.");
 }
 
 TEST_F(CookieFileTest, IsDamagedIfItIsLargerThanAnyFileOfCookies) {
@@ -104,6 +110,7 @@ TEST_F(CookieFileTest, IsDamagedIfItIsLargerThanAnyFileOfCookies) {
     fs::resize_file(path(), 64ULL * 1024 * 1024 + 1);
     EXPECT_TRUE(open().read().empty());
     EXPECT_EQ(problem(), Codes(259, 0));
+    EXPECT_EQ(description(), "The file of the cookies is damaged and was set aside.");
     EXPECT_EQ(fs::file_size(path("cookies.damaged")), 64ULL * 1024 * 1024 + 1);
 }
 

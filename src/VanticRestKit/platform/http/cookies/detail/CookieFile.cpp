@@ -103,7 +103,11 @@ std::vector<HTTPCookie> CookieFile::read() {
     auto cookies = readCookieFileText(*text);
     if (cookies) return *std::move(cookies);
     const bool isSetAside = std::rename(path_.c_str(), (path_ + ".damaged").c_str()) == 0;
-    report(isDamaged, "The file of the cookies is damaged and was set aside.", isSetAside ? 0 : errno);
+    const int reason = isSetAside ? 0 : errno;
+    report(isDamaged,
+           isSetAside ? "The file of the cookies is damaged and was set aside."
+                      : "The file of the cookies is damaged, but could not be set aside.",
+           reason);
     return {};
 }
 
