@@ -174,6 +174,50 @@ TEST_F(SessionCache, StoresEachHopOfARedirectSeparately) {
     EXPECT_EQ(requests[2].target, "/there");
 }
 
+TEST_F(SessionCache, GetsARedirectWhoseBodyWasNotStoredFromTheServerIfItIsDelivered) {
+    FaultServer server([](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            connection.send(request->target == "/"
+                                ? answer(301, "moved", "Location: /there\r\nCache-Control: max-age=60\r\n")
+                                : answer(200, "there", fresh));
+        }
+    });
+    EXPECT_EQ(load(*session, server.url()).body(), "there");
+    URLSessionConfiguration configuration;
+    configuration.urlCache = cache;
+    configuration.redirectPolicy.follow = URLSessionRedirectPolicy::Follow::never;
+    const auto delivering = URLSession::make(configuration);
+    // Without the server there is no body to deliver.
+    EXPECT_EQ(load(*delivering, requestWith(server, Policy::returnCacheDataDontLoad)).code(),
+              URLErrorCode::resourceUnavailable);
+    EXPECT_EQ(server.requests().size(), 2U);
+    const Loaded delivered = load(*delivering, server.url());
+    EXPECT_EQ(delivered.status(), 301);
+    EXPECT_EQ(delivered.body(), "moved");
+    EXPECT_EQ(statusOf(delivered), "VanticRestKit; fwd=partial; fwd-status=301; stored");
+    EXPECT_EQ(server.requests().size(), 3U);
+    EXPECT_EQ(load(*delivering, server.url()).body(), "moved");
+    EXPECT_EQ(server.requests().size(), 3U);
+}
+
+TEST_F(SessionCache, GetsARedirectWhoseBodyWasNotStoredFromTheServerIfTheHostIsAsked) {
+    FaultServer server([](FaultConnection& connection) {
+        while (const auto request = connection.readRequest()) {
+            connection.send(request->target == "/"
+                                ? answer(301, "moved", "Location: /there\r\nCache-Control: max-age=60\r\n")
+                                : answer(200, "there", fresh));
+        }
+    });
+    load(*session, server.url());
+    URLSessionConfiguration configuration;
+    configuration.urlCache = cache;
+    configuration.redirectPolicy.willRedirect = [](const auto&, const auto&) { return std::nullopt; };
+    const Loaded refused = load(*URLSession::make(configuration), server.url());
+    EXPECT_EQ(refused.status(), 301);
+    EXPECT_EQ(refused.body(), "moved");
+    EXPECT_EQ(server.requests().size(), 3U);
+}
+
 TEST_F(SessionCache, StoresResponsesForTheCookieOfTheSession) {
     FaultServer server([](FaultConnection& connection) {
         while (const auto request = connection.readRequest()) {

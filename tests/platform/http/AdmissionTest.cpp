@@ -235,3 +235,20 @@ TEST(Admission, ARequestCanLeaveWhileItsOriginWaitsForALookup) {
     EXPECT_EQ(admission.admitNext(), &applicants[1]);
     for (Applicant& applicant : applicants) admission.leave(applicant);
 }
+
+TEST(Admission, ChangesNothingForAnApplicantThatNeverEntered) {
+    Admission admission(1, 1, 1);
+    Applicant outside, inside;
+    admission.endLookup(outside);
+    admission.learnAddress(outside, TimePoint(std::chrono::hours(1)));
+    admission.learn(outside, Carriage::many);
+    admission.narrow(outside);
+    admission.forgetAddress(outside);
+    admission.setAside(outside, true);
+    admission.leave(outside);
+    EXPECT_FALSE(admission.knowsAddress(outside, TimePoint()));
+    EXPECT_FALSE(admission.hasSetAside(outside));
+    EXPECT_EQ(admission.carriage(outside), Carriage::unknown);
+    admission.enqueue(inside, "http://host:80");
+    EXPECT_EQ(admission.admitNext(), &inside);
+}

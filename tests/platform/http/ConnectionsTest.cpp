@@ -76,3 +76,36 @@ TEST_F(OpenConnection, IsNotFoundAfterItIsClosed) {
     EXPECT_EQ(found(), nullptr) << "another connection may have the same endpoints later";
     EXPECT_EQ(connections_.find(socket_), nullptr);
 }
+
+TEST_F(OpenConnection, IsNotFoundByMissingAddresses) {
+    EXPECT_EQ(connections_.find({nullptr, "127.0.0.1", remotePort_, localPort_}), nullptr);
+    EXPECT_EQ(connections_.find({"127.0.0.1", nullptr, remotePort_, localPort_}), nullptr);
+    EXPECT_NE(found(), nullptr);
+    connections_.close(socket_);
+}
+
+TEST_F(OpenConnection, IsFoundPastSocketsWithoutAddresses) {
+    const int unconnected = connections_.open(AF_INET, SOCK_STREAM, 0);
+    const int local = connections_.open(AF_UNIX, SOCK_STREAM, 0);
+    const auto connection = found();
+    ASSERT_NE(connection, nullptr);
+    EXPECT_EQ(connection->socket, socket_);
+    for (const int socket : {unconnected, local, socket_}) EXPECT_EQ(connections_.close(socket), 0);
+}
+
+TEST_F(OpenConnection, HasNoLastReceiptOnceItIsClosed) {
+    const auto connection = found();
+    ASSERT_NE(connection, nullptr);
+    EXPECT_TRUE(connections_.lastReceived(*connection, Clock::now()));
+    connections_.close(socket_);
+    EXPECT_EQ(connection->socket, -1);
+    EXPECT_FALSE(connections_.lastReceived(*connection, Clock::now()));
+    connections_.shutDown(*connection);
+}
+
+TEST(Connections, CloseASocketThatTheyDidNotOpen) {
+    Connections connections;
+    const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
+    EXPECT_EQ(connections.close(socket), 0);
+    EXPECT_EQ(fcntl(socket, F_GETFD), -1);
+}

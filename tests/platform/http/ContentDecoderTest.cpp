@@ -65,12 +65,13 @@ std::string stored(const std::string& text) {
     return std::string{byte(1), byte(size), byte(size >> 8), byte(~size), byte(~size >> 8)} + text;
 }
 
-/// A brotli body with a large window, encoded part by part.
+/// A brotli body, by default with a large window, encoded part by part.
 class BrotliStream {
 public:
-    BrotliStream() : encoder_(BrotliEncoderCreateInstance(nullptr, nullptr, nullptr)) {
+    explicit BrotliStream(std::uint32_t windowBits = BROTLI_MAX_WINDOW_BITS)
+        : encoder_(BrotliEncoderCreateInstance(nullptr, nullptr, nullptr)) {
         BrotliEncoderSetParameter(encoder_, BROTLI_PARAM_QUALITY, 5);
-        BrotliEncoderSetParameter(encoder_, BROTLI_PARAM_LGWIN, BROTLI_MAX_WINDOW_BITS);
+        BrotliEncoderSetParameter(encoder_, BROTLI_PARAM_LGWIN, windowBits);
     }
     BrotliStream(const BrotliStream&) = delete;
     BrotliStream& operator=(const BrotliStream&) = delete;
@@ -336,6 +337,40 @@ TEST(ContentDecoder, DetectsATruncatedOrMalformedLargeBrotliBody) {
     broken.replace(coded.size() / 2, 200, std::string(200, '\xFF'));
     const auto decoder = makeBrotliDecoder();
     EXPECT_FALSE(decodeAll(*decoder, broken, plain) && decoder->hasEnded());
+}
+
+TEST(ContentDecoder, DecodesALongBrotliBodyWithASmallWindowOnTheCallingThread) {
+    const std::string text = sampleText(3'000'000);
+    const std::string coded = BrotliStream(BROTLI_MIN_WINDOW_BITS).add(text).finish();
+    const auto decoder = makeBrotliDecoder();
+    std::string plain;
+    std::string buffer(50'000, '\0');
+    std::string_view rest = coded;
+    while (!decoder->hasEnded()) {
+        const auto count = decoder->decode(rest, buffer.data(), buffer.size());
+        ASSERT_TRUE(count.has_value());
+        ASSERT_FALSE(decoder->isWorking());
+        ASSERT_GT(*count, 0U);
+        plain.append(buffer, 0, *count);
+    }
+    EXPECT_EQ(plain, text);
+}
+
+TEST(ContentDecoder, RejectsRawDeflateWhoseFirstByteIsInvalidOnceTheSecondArrives) {
+    const Decoding decoding = decodingFor("deflate");
+    std::string buffer(10, '\0');
+    // The last block, of a type that does not exist.
+    std::string_view first = "\x07";
+    EXPECT_EQ(decoding.decoders.front()->decode(first, buffer.data(), buffer.size()), 0U);
+    std::string_view second = "x";
+    EXPECT_EQ(decoding.decoders.front()->decode(second, buffer.data(), buffer.size()), std::nullopt);
+}
+
+TEST(Decoding, IgnoresIdentityAndEmptyNames) {
+    EXPECT_TRUE(decodingFor("identity").isKnown);
+    EXPECT_TRUE(decodingFor("Identity, ,").decoders.empty());
+    EXPECT_EQ(decodingFor(" , gzip,identity").decoders.size(), 1U);
+    EXPECT_FALSE(decodingFor("identity2").isKnown);
 }
 
 TEST(Decoding, IsSelectedByTheNamesOfTheCodings) {

@@ -99,3 +99,16 @@ TEST(IdleInterval, OfAnyLengthCanBeAddedToATimePoint) {
         EXPECT_GT(idler.deadline(), Clock::now() + std::chrono::hours(24 * 365));
     }
 }
+
+TEST(IdleDeadlines, AreShortenedOnlyWhileWatchedAndNeverExtended) {
+    IdleDeadlines deadlines;
+    Idler idler = idlerOf(seconds(10));
+    deadlines.shorten(idler, seconds(5));
+    EXPECT_EQ(idler.interval(), seconds(10));
+    deadlines.watch(idler, start);
+    deadlines.shorten(idler, seconds(20));
+    EXPECT_EQ(deadlines.next(), start + seconds(10));
+    deadlines.shorten(idler, seconds(5));
+    EXPECT_EQ(deadlines.next(), start + seconds(5));
+    EXPECT_EQ(idler.lastMoved(), start);
+}

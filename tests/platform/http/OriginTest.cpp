@@ -71,3 +71,18 @@ TEST(Usability, AMethodMustBeAToken) {
     EXPECT_EQ(whyNot("http://host", ""), URLErrorCode::badURL);
     EXPECT_EQ(whyNot("http://host", "GET / HTTP/1.1\r\nX: y\r\n\r\n"), URLErrorCode::badURL);
 }
+
+TEST(Usability, AMalformedHeaderIsDescribedInPrintableCharacters) {
+    const auto described = [](const std::string& name) {
+        URLRequest request(*URL::make("http://host"));
+        request.setValue("1", name);
+        const auto fault = whyUnusable(request);
+        return fault ? fault->description : "none";
+    };
+    EXPECT_EQ(described("a b"), "The name or the value of the header \"a b\" cannot be sent.");
+    EXPECT_EQ(described("a\n\x7f\xff~"), "The name or the value of the header \"a???~\" cannot be sent.");
+    const std::string longest = std::string(63, 'x') + ":";
+    EXPECT_EQ(described(longest), "The name or the value of the header \"" + longest + "\" cannot be sent.");
+    EXPECT_EQ(described(longest + "y"),
+              "The name or the value of the header \"" + longest + "...\" cannot be sent.");
+}

@@ -110,3 +110,9 @@ TEST_F(ProgressReporters, DoNotRepeatAReport) {
     end(true);
     EXPECT_EQ(reports().size(), 1U);
 }
+
+TEST_F(ProgressReporters, DoNotReportTheEndOfALoadWithoutBytes) {
+    counts.expectedToReceive = 100;
+    end(true);
+    EXPECT_TRUE(reports().empty());
+}

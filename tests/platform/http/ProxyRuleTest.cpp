@@ -48,3 +48,5 @@ TEST(ProxyRule, TheURLOfAProxyIsHttpOrHttps) {
         EXPECT_TRUE(whyUnusable(URLSessionProxy{.url = bad})) << bad;
     }
 }
+
+TEST(ProxyRule, AHostOfDigitsAndDashesIsNotAnAddress) { EXPECT_TRUE(isExcepted("3-4", "1-2.3-4")); }
