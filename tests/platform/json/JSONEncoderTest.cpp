@@ -70,6 +70,13 @@ TEST(JSONEncoder, KeepsTheOrderOfTheCallsAndOmitsAbsentValues) {
               R"({"first":1,"present":"x","inner":{"texts":["a","b\/c"],"empty":{}},"none":[]})");
 }
 
+TEST(JSONEncoder, WritesTextOfEveryType) {
+    const std::string expected = R"({"k":"a\/b"})";
+    EXPECT_EQ(encoded("a/b"), expected);
+    EXPECT_EQ(encoded(std::string("a/b")), expected);
+    EXPECT_EQ(encoded(std::string_view("a/b")), expected);
+}
+
 TEST(JSONEncoder, WritesAnEnumerationAsItsRawValue) {
     EXPECT_EQ(encoded(Way::upwards), R"({"k":"up\/wards"})");
     EXPECT_EQ(JSONEncoder().encode(Way::upwards)->view(), R"("up\/wards")");

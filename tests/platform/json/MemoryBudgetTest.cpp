@@ -124,6 +124,28 @@ std::uint64_t memoryOf(const std::string& json) {
     return outcome.memory;
 }
 
+TEST(MemoryBudget, IsExceededByNotedMemoryUntilItIsGivenBack) {
+    MemoryBudget budget(100);
+    EXPECT_TRUE(budget.take(60));
+    const std::uint64_t before = budget.used();
+    budget.note(40);
+    EXPECT_FALSE(budget.isExceeded());
+    budget.note(1);
+    EXPECT_TRUE(budget.isExceeded());
+    EXPECT_FALSE(budget.wasRefused());
+    budget.giveBack(before);
+    EXPECT_FALSE(budget.isExceeded());
+}
+
+TEST(MemoryBudget, StaysExceededOnceItHasRefused) {
+    MemoryBudget budget(100);
+    EXPECT_FALSE(budget.take(101));
+    budget.giveBack(0);
+    EXPECT_TRUE(budget.wasRefused());
+    EXPECT_TRUE(budget.isExceeded());
+    EXPECT_FALSE(budget.take(1));
+}
+
 TEST(TheMemoryBudget, IsNeverMoreThanAProcessCanAddress) {
     constexpr std::uint64_t addressable = std::numeric_limits<std::ptrdiff_t>::max();
     MemoryBudget memory(noLimit);

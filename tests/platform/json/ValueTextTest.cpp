@@ -5,11 +5,13 @@
 #include <VanticRestKit/platform/error/AnyValue.h>
 #include <VanticRestKit/platform/json/Table.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -63,6 +65,28 @@ TEST(ValueText, WritesADateInUTC) {
     EXPECT_EQ(dateText(0), R"("1970-01-01T00:00:00Z")");
     EXPECT_EQ(dateText(1577934245), R"("2020-01-02T03:04:05Z")");
     EXPECT_EQ(dateText(-1), R"("1969-12-31T23:59:59Z")");
+}
+
+TEST(ValueText, WritesADateThatRoundsUpToTheYear10000AsANumber) {
+    EXPECT_EQ(dateText(253402300799.5), R"("9999-12-31T23:59:59.5Z")");
+    EXPECT_EQ(dateText(253402300799.9999999), "253402300800");
+    EXPECT_EQ(dateText(253402300800), "253402300800");
+}
+
+TEST(ValueText, WritesEachKindOfAnyValue) {
+    const auto written = [](AnyValue value) {
+        Dictionary more;
+        more.emplace("k", std::move(value));
+        const std::string text = valueText(Note{.more = std::move(more)});
+        constexpr std::string_view prefix = R"({"at":null,"texts":[],"more":{"k":)";
+        EXPECT_TRUE(text.starts_with(prefix)) << text;
+        return text.substr(std::min(prefix.size(), text.size()));
+    };
+    EXPECT_EQ(written("a"), R"("a"}})");
+    EXPECT_EQ(written(std::int64_t{-3}), "-3}}");
+    EXPECT_EQ(written(true), "true}}");
+    EXPECT_EQ(written(0.5), "0.5}}");
+    EXPECT_EQ(written(AnyValue()), "null}}");
 }
 
 TEST(ValueText, WritesAtMostSixFractionDigitsOfADate) {
