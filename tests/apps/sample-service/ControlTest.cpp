@@ -59,6 +59,57 @@ TEST(SampleControl, TheStateListsThePendingFaults) {
     EXPECT_EQ(clientOf(service).Get("/v2/time")->status, 200);
 }
 
+TEST(SampleControl, ThePendingFaultsAreListed) {
+    const SampleService service;
+    EXPECT_EQ(service.control("GET", "/_control/faults"), nlohmann::json::array());
+    service.addFault({{"path", "v2/home"}, {"fault", "stall"}});
+    service.addFault({{"path", "v2/time"}, {"fault", "status"}, {"count", 2}});
+    const auto faults = service.control("GET", "/_control/faults");
+    ASSERT_EQ(faults.size(), 2U);
+    EXPECT_EQ(faults[0]["fault"], "stall");
+    EXPECT_EQ(faults[1]["path"], "v2/time");
+    EXPECT_EQ(faults[1]["count"], 2);
+}
+
+TEST(SampleControl, PercentEscapesAreDecodedIfTheyAreValid) {
+    const SampleService service;
+    clientOf(service).Get("/v2/%C3%bc%4A?a=%4a&b=%4&c=%zz&d=%4z&e=%");
+    const auto log = service.log();
+    ASSERT_EQ(log.size(), 1U);
+    EXPECT_EQ(log[0]["path"], "v2/\u00fcJ");
+    const auto& query = log[0]["query"];
+    ASSERT_EQ(query.size(), 5U);
+    EXPECT_EQ(query[0]["value"], "J");
+    EXPECT_EQ(query[1]["value"], "%4");
+    EXPECT_EQ(query[2]["value"], "%zz");
+    EXPECT_EQ(query[3]["value"], "%4z");
+    EXPECT_EQ(query[4]["value"], "%");
+}
+
+TEST(SampleControl, ARequestForTheHeadIsAnsweredLikeAGetWithoutABody) {
+    const SampleService service;
+    const auto answer = clientOf(service).Head("/v2/video/HL0101");
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->status, 200);
+    EXPECT_EQ(answer->body, "");
+    EXPECT_EQ(clientOf(service).Head("/v2/video/none")->status, 404);
+}
+
+TEST(SampleControl, AGetWithABodyEndsTheConnection) {
+    const SampleService service;
+    auto client = clientOf(service);
+    client.set_keep_alive(true);
+    httplib::Request request;
+    request.method = "GET";
+    request.path = "/v2/time";
+    request.body = "a body that is not read";
+    const auto answer = client.send(request);
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->status, 200);
+    EXPECT_EQ(answer->get_header_value("Connection"), "close");
+    EXPECT_NE(client.Get("/v2/time")->get_header_value("Connection"), "close");
+}
+
 TEST(SampleControl, AnInvalidFaultIsRejected) {
     const SampleService service;
     for (const char* body : {"{", "[]", R"({"path":"v2/time"})", R"({"path":"v2/time","fault":"nonsense"})",

@@ -97,6 +97,15 @@ TEST(SampleDatasets, AreA400WithoutADatasetInTheBody) {
     }
     ann.ask("POST", "dataset/profile", "", "dataset=%7B%7D");
     EXPECT_EQ(ann.status, 200);
+    ann.ask("PATCH", "dataset/profile", "", "dataset=%5B%5D");
+    EXPECT_EQ(ann.status, 400);
+}
+
+TEST(SampleDatasets, ReadAPlusInTheBodyAsASpace) {
+    const SampleService service;
+    UserClient ann(service, "ann");
+    const auto made = ann.ask("POST", "dataset/profile", "", "dataset=%7B%22name%22:%22a+b%2Bc%22%7D");
+    EXPECT_NE(made.dump().find("\"a b+c\""), std::string::npos) << made;
 }
 
 TEST(SampleUsers, AreRemovedWithTheirTokensOnCommand) {

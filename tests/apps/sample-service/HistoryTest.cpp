@@ -88,7 +88,8 @@ TEST_F(SampleHistory, InvalidRequestsAreA400) {
         ann.ask("GET", path, "&slug=watchlist");
         EXPECT_EQ(ann.status, 400) << path;
     }
-    for (const char* query : {"", "&slug=watchlist&done=yes", "&slug=watchlist&limit=-1"}) {
+    for (const char* query : {"", "&slug=watchlist&done=yes", "&slug=watchlist&limit=-1",
+                              "&slug=watchlist&limit=2x", "&slug=watchlist&limit="}) {
         ann.ask("GET", "history/video", query);
         EXPECT_EQ(ann.status, 400) << query;
     }
@@ -96,6 +97,10 @@ TEST_F(SampleHistory, InvalidRequestsAreA400) {
         watch("11", "HL0101", seconds, "");
         EXPECT_EQ(ann.status, 400) << seconds;
     }
+    watch("11x", "HL0101", "1", "");
+    EXPECT_EQ(ann.status, 400);
+    ann.ask("PATCH", "history/show/11/video/HL0101/progress/1");
+    EXPECT_EQ(ann.status, 400);
 }
 
 TEST_F(SampleHistory, IsSeparateForEachUser) {

@@ -65,6 +65,25 @@ TEST(SampleRemap, MapsOldAndNewPagesToCurrentPaths) {
               json::parse(R"({"status":"unknown","_links":{"api":{},"deeplink":{}}})"));
 }
 
+TEST(SampleRemap, MapsOnlyPagesThatExist) {
+    const SampleService service;
+    const auto mapped = [&](const std::string& page) {
+        return get(service, "/v2/remap/" + page)["_links"]["api"].value("href", "none");
+    };
+    EXPECT_EQ(mapped("home"), "/home");
+    EXPECT_EQ(mapped("series/111"), "/series/111");
+    EXPECT_EQ(mapped("watch/HL0101"), "/video/HL0101");
+    EXPECT_EQ(mapped("channel/vantic-kids"), "/channel/vantic-kids");
+    const std::string collection =
+        get(service, "/v2/home")["_embedded"]["collections"][0]["collectionLink"]["href"];
+    ASSERT_TRUE(collection.starts_with("/collection/")) << collection;
+    EXPECT_EQ(mapped(collection.substr(1)), collection);
+    for (const char* page : {"series/1", "watch/none", "video/none", "channel/none", "category/none",
+                             "collection/none", "home/more", "show"}) {
+        EXPECT_EQ(mapped(page), "none") << page;
+    }
+}
+
 TEST(SampleNavigation, TheMenuShowsTheGivenChannelsOrAllIfNoneIsKnown) {
     const SampleService service;
     const auto channels = [&](const std::string& query) {

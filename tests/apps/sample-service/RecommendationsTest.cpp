@@ -35,6 +35,15 @@ TEST(SampleSegments, DependOnTheHistoryAndIncludeUnknownOnes) {
         "active_audiences":["vantic_main_9","vantic_main_127"],"active_badges":["7832"]})"));
 }
 
+TEST(SampleSegments, OfAUserWithoutVideosForChildrenHaveNoAudienceForThem) {
+    const SampleService service;
+    UserClient ann(service, "ann");
+    ann.ask("PATCH", "history/show/11/video/HL0101/progress/1", "&slug=watchlist");
+    ann.ask("PATCH", "history/show/11/video/none/progress/1", "&slug=watchlist");
+    EXPECT_EQ(segmentsOf(service, "ann"), nlohmann::json::parse(R"({"user_id":"ann",
+        "active_audiences":["vantic_main_9"],"active_badges":["7832"]})"));
+}
+
 TEST(SampleSegments, AreRejectedWithoutKeyTokenOrSubprofile) {
     const SampleService service;
     const nlohmann::json body{{"sub_profile_id", "ann"}};
@@ -43,6 +52,8 @@ TEST(SampleSegments, AreRejectedWithoutKeyTokenOrSubprofile) {
     const httplib::Headers good{{"X-API-Key", "k"}, {"Authorization", "Bearer t"}};
     EXPECT_EQ(post(service, segments, body, good)->status, 200);
     EXPECT_EQ(post(service, segments, nlohmann::json::object(), good)->status, 400);
+    EXPECT_EQ(post(service, segments, nlohmann::json::array(), good)->status, 400);
+    EXPECT_EQ(post(service, segments, {{"sub_profile_id", 5}}, good)->status, 400);
     EXPECT_EQ(clientOf(service).Get(segments)->status, 405);
 }
 
@@ -68,6 +79,17 @@ TEST(SampleRecommendations, ObeyTheFilters) {
     const auto others = recommended(service, {{"limit", 1000}, {"contentfilter", {{"excludes", few}}}});
     EXPECT_EQ(others.size(), all.size() - 2);
     EXPECT_EQ(others.front(), all[1]);
+}
+
+TEST(SampleRecommendations, IgnoreFiltersAndContextsOfOtherTypes) {
+    const SampleService service;
+    const auto all = recommended(service, {{"limit", 1000}});
+    EXPECT_EQ(recommended(service, {{"limit", 1000}, {"contentfilter", {{"excludes", all[0]}}}}), all);
+    EXPECT_EQ(recommended(service, {{"limit", 1000}, {"contentfilter", "none"}}), all);
+    EXPECT_EQ(recommended(service, {{"limit", 1000}, {"context", 11}, {"userid", 5}}), all);
+    const auto others =
+        recommended(service, {{"limit", 1000}, {"contentfilter", {{"excludes", {5, all[0]}}}}});
+    EXPECT_EQ(others, (std::vector<std::string>(all.begin() + 1, all.end())));
 }
 
 TEST(SampleRecommendations, OmitTheShownContentAndPreferItsKind) {

@@ -60,8 +60,10 @@ TEST(SampleSaved, AShowCanBeRemovedOnceAndAListRepeatedly) {
 TEST(SampleSaved, AShowIsIdentifiedByAnInteger) {
     const SampleService service;
     UserClient ann(service, "ann");
-    ann.ask("POST", "saved/watchlist/show/harbour-lights");
-    EXPECT_EQ(ann.status, 400);
+    for (const char* id : {"harbour-lights", "12x", "1.5", "99999999999999999999"}) {
+        ann.ask("POST", std::string("saved/watchlist/show/") + id);
+        EXPECT_EQ(ann.status, 400) << id;
+    }
     ann.ask("POST", "saved");
     EXPECT_EQ(ann.status, 405);
 }

@@ -101,6 +101,25 @@ TEST(SampleScreens, AShowIsNotFoundUnderAnotherChannelSeriesOrVideo) {
     }
 }
 
+TEST(SampleScreens, UnknownShowsSeriesAndRegionsAreNotFound) {
+    const SampleService service;
+    for (const char* path : {"/v2/series/1", "/v2/related/show/none", "/v2/show/harbour-lights/series/1",
+                             "/v2/show/harbour-lights/video/none", "/v2/show/none/series/111",
+                             "/v2/show/none/video/HL0101", "/v2/livestreams/none"}) {
+        EXPECT_EQ(clientOf(service).Get(path)->status, 404) << path;
+    }
+    EXPECT_EQ(clientOf(service).Get("/v2/series/111")->status, 200);
+    EXPECT_EQ(clientOf(service).Get("/v2/related/show/harbour-lights")->status, 200);
+}
+
+TEST(SampleScreens, ASeriesOrVideoIsNotFoundOnAnotherChannel) {
+    const SampleService service;
+    for (const char* path : {"/v2/show/harbour-lights/series/111", "/v2/show/harbour-lights/video/HL0101"}) {
+        EXPECT_EQ(clientOf(service).Get(path)->status, 200) << path;
+        EXPECT_EQ(clientOf(service).Get(path + std::string("?channel=vantic-kids"))->status, 404) << path;
+    }
+}
+
 TEST(SamplePictures, EveryPictureOfTheHomeScreenIsServedAsSVGByTheRequestedHost) {
     const SampleService service;
     auto client = clientOf(service);
@@ -136,7 +155,9 @@ TEST(SamplePictures, UnknownNamesAndUnknownKindsAreNotFound) {
     const SampleService service;
     for (const char* path :
          {"/pictures/show/none/landscape.svg", "/pictures/show/harbour-lights/round.svg",
-          "/pictures/show/harbour-lights/landscape.png", "/pictures/nothing/home/landscape.svg"}) {
+          "/pictures/show/harbour-lights/landscape.png", "/pictures/nothing/home/landscape.svg",
+          "/pictures/series/none/landscape.svg", "/pictures/video/none/landscape.svg",
+          "/pictures/collection/none/landscape.svg", "/pictures/avatar/none/landscape.svg"}) {
         EXPECT_EQ(clientOf(service).Get(path)->status, 404) << path;
     }
 }
