@@ -72,6 +72,14 @@ std::string Identity::keyPem() const {
     return textOf(memory);
 }
 
+std::string Identity::keyPem(const std::string& passphrase) const {
+    BIO* const memory = BIO_new(BIO_s_mem());
+    PEM_write_bio_PrivateKey(memory, key.get(), EVP_aes_128_cbc(),
+                             reinterpret_cast<const unsigned char*>(passphrase.data()),
+                             static_cast<int>(passphrase.size()), nullptr, nullptr);
+    return textOf(memory);
+}
+
 CertificateAuthority::CertificateAuthority(const std::string& name) : root_(draft(name, {})) {
     addExtension(root_.certificate.get(), NID_basic_constraints, "critical,CA:TRUE");
     addExtension(root_.certificate.get(), NID_key_usage, "critical,keyCertSign,cRLSign");

@@ -24,6 +24,8 @@ struct Identity {
 
     std::string certificatePem() const;
     std::string keyPem() const;
+    /// The private key, encrypted.
+    std::string keyPem(const std::string& passphrase) const;
 };
 
 /// The content of a server's certificate.

@@ -87,6 +87,16 @@ TEST(Metrics, RecordTheRequestAndItsOutcome) {
     EXPECT_GT(record.total, Duration::zero());
 }
 
+TEST(Metrics, HaveTheProtocolOfAnOldServer) {
+    FaultServer server([](FaultConnection& connection) {
+        if (connection.readRequest()) connection.send("HTTP/1.0 200 OK\r\n\r\nold");
+    });
+    const auto session = makeSession();
+    const Recorded made = recorded(*session, requestOf(server.url()));
+    EXPECT_EQ(made.loaded.body(), "old");
+    EXPECT_EQ(made.only().protocol, "http/1.0");
+}
+
 TEST(Metrics, DistinguishNewAndReusedConnections) {
     FaultServer server(always(answer(200, "ok")));
     const auto session = makeSession();

@@ -139,6 +139,11 @@ TEST(Settings, AServerThatRequestsACertificateGetsTheSessions) {
     EXPECT_EQ(answerOf(server, configuration), "welcome");
     configuration.clientCertificate->privateKey = "no key";
     EXPECT_EQ(answerOf(server, configuration), "-1200");
+    configuration.clientCertificate->privateKey = client.keyPem("open sesame");
+    configuration.clientCertificate->passphrase = "open sesame";
+    EXPECT_EQ(answerOf(server, configuration), "welcome");
+    configuration.clientCertificate->passphrase = "close sesame";
+    EXPECT_EQ(answerOf(server, configuration), "-1200");
 }
 
 TEST(Settings, AHostWithAConfiguredAddressIsNotLookedUp) {
