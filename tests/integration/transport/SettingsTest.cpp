@@ -146,6 +146,18 @@ TEST(Settings, AServerThatRequestsACertificateGetsTheSessions) {
     EXPECT_EQ(answerOf(server, configuration), "-1200");
 }
 
+TEST(Settings, AnEncryptedKeyWithoutItsPassphraseFailsTheConnection) {
+    const Identity identity = root().issue();
+    const Identity client = root().issue({.commonName = "Television 7"});
+    FaultServer server(always(answer(200, "welcome")), &identity);
+    URLSessionConfiguration configuration = trusting();
+    configuration.clientCertificate = {.certificate = client.certificatePem(),
+                                       .privateKey = client.keyPem("open sesame")};
+    EXPECT_EQ(answerOf(server, configuration), "-1200");
+    configuration.clientCertificate->passphrase = "";
+    EXPECT_EQ(answerOf(server, configuration), "-1200");
+}
+
 TEST(Settings, AHostWithAConfiguredAddressIsNotLookedUp) {
     FaultServer server(always(answer(200, "here")));
     URLSessionConfiguration configuration;

@@ -31,7 +31,8 @@ void setClientCertificate(Options& options, const URLSessionClientCertificate& c
     options.set(CURLOPT_SSLKEYTYPE, "PEM");
     setBlob(options, CURLOPT_SSLCERT_BLOB, certificate.certificate);
     setBlob(options, CURLOPT_SSLKEY_BLOB, certificate.privateKey);
-    if (certificate.passphrase) options.set(CURLOPT_KEYPASSWD, certificate.passphrase->c_str());
+    // Without one, libcurl would read a null pointer if the key is encrypted.
+    options.set(CURLOPT_KEYPASSWD, certificate.passphrase.value_or("").c_str());
 }
 
 }  // namespace
