@@ -73,17 +73,18 @@ TEST(SampleControl, ThePendingFaultsAreListed) {
 
 TEST(SampleControl, PercentEscapesAreDecodedIfTheyAreValid) {
     const SampleService service;
-    clientOf(service).Get("/v2/%C3%bc%4A?a=%4a&b=%4&c=%zz&d=%4z&e=%");
+    clientOf(service).Get("/v2/%C3%bc%4A?a=%4a&b=%4&c=%zz&d=%4z&e=%&f=%z4");
     const auto log = service.log();
     ASSERT_EQ(log.size(), 1U);
     EXPECT_EQ(log[0]["path"], "v2/\u00fcJ");
     const auto& query = log[0]["query"];
-    ASSERT_EQ(query.size(), 5U);
+    ASSERT_EQ(query.size(), 6U);
     EXPECT_EQ(query[0]["value"], "J");
     EXPECT_EQ(query[1]["value"], "%4");
     EXPECT_EQ(query[2]["value"], "%zz");
     EXPECT_EQ(query[3]["value"], "%4z");
     EXPECT_EQ(query[4]["value"], "%");
+    EXPECT_EQ(query[5]["value"], "%z4");
 }
 
 TEST(SampleControl, ARequestForTheHeadIsAnsweredLikeAGetWithoutABody) {

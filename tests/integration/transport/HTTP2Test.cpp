@@ -119,6 +119,17 @@ TEST_F(HTTP2, AllRequestsToAServerWithALowStreamLimitSucceed) {
     for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "in turn") << loaded.story();
 }
 
+TEST_F(HTTP2, WaitingForAFreeStreamOfAKnownLimitIsNotIdle) {
+    configuration_.httpMaximumConnectionsPerHost = 1;
+    serve(inTurn(std::chrono::milliseconds(150)), 2);
+    // After this the limit is known, so no request is refused.
+    ASSERT_EQ(load(*session_, url("/warm")).status(), 200);
+    std::vector<Loaded> loads;
+    for (int i = 0; i < 60; ++i) loads.push_back(startLoad(*session_, request("/x", 3)));
+    for (const Loaded& loaded : loads) EXPECT_EQ(loaded.body(), "in turn") << loaded.story();
+    EXPECT_EQ(relay_->connectionCount(), 1U);
+}
+
 TEST_F(HTTP2, AllRequestsToADistantServerWithALowStreamLimitSucceed) {
     // It announces its stream limit after all requests were sent on a new connection. So it refuses most of them on
     // each new connection, and libcurl would finally give up.
