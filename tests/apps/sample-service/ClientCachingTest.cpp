@@ -60,10 +60,6 @@ TEST_F(ClientCaching, SendsNoCacheControlForFailures) {
     EXPECT_FALSE(answer->has_header("ETag"));
 }
 
-TEST_F(ClientCaching, SendsNoCacheControlOutsideOfTheDocumentsAndPictures) {
-    for (const char* path : {"/", "/v2", "/other"}) EXPECT_EQ(controlOf(service, path), "") << path;
-}
-
 TEST_F(ClientCaching, RevalidatesOnlyAKnownTag) {
     const auto tag = clientOf(service).Get("/v2/show/harbour-lights")->get_header_value("ETag");
     for (const std::string& known : {tag, "W/" + tag, "\"a\", " + tag, tag + " , \"a\"", std::string("*")}) {
