@@ -150,6 +150,15 @@ TEST_F(CacheHopTest, ReplacesAStoredResponseByOneThatIsStaleAtOnce) {
     EXPECT_EQ(bodyStored(), "new");
 }
 
+TEST_F(CacheHopTest, StoresAResponseThatIsNeverFreshOnlyIfAnyAgeIsAccepted) {
+    const URLRequest request = requestWith();
+    CacheHop usually(core, keys, request, "", usual);
+    EXPECT_FALSE(send(usually, 200, {}).status.isStored);
+    CacheHop hop(core, keys, request, "", Policy::returnCacheDataElseLoad);
+    EXPECT_TRUE(send(hop, 200, {}).status.isStored);
+    EXPECT_EQ(bodyStored(), "new");
+}
+
 }  // namespace
 
 }  // namespace VanticRestKit::test
