@@ -27,8 +27,8 @@ std::string dateText(Date date) {
     auto microseconds = static_cast<long>(std::lround((seconds - whole) * 1e6));
     if (microseconds == 1'000'000) {
         microseconds = 0;
+        // Not beyond the last year: so far from 1970, doubles are more than a microsecond apart.
         whole += 1;
-        if (whole >= lastYear) return numberText(seconds);
     }
     const std::chrono::sys_seconds time{std::chrono::seconds(static_cast<long long>(whole))};
     const auto day = std::chrono::floor<std::chrono::days>(time);
