@@ -21,3 +21,9 @@ TEST_F(DiskStore, WithoutSQLiteReportsThatOnceAndStaysEmpty) {
     EXPECT_THAT(reports_.codes(), ElementsAre(Code::unsupported));
     EXPECT_FALSE(std::filesystem::exists(folder()));
 }
+
+TEST_F(DiskStore, WithoutSQLiteNeedsNoReport) {
+    const auto store = detail::openDiskCacheStore(folder(), capacity, {});
+    EXPECT_EQ(bodyIn(*store, "a"), "none");
+    store->flush();
+}
