@@ -8,6 +8,7 @@
 namespace VanticRestKit::detail {
 
 std::size_t BodyPacer::take(Attempt& attempt, std::string_view piece) {
+    hasMoved_ = true;
     const bool isTurnOver = attempt.body.isCoded() && (budget_ == 0 || attempt.body.hasMore());
     attempt.isPaused = isStopped_ || isTurnOver;
     if (attempt.isPaused) {
@@ -39,8 +40,10 @@ std::deque<Attempt*>::const_iterator BodyPacer::firstReady() const {
 }
 
 std::chrono::milliseconds BodyPacer::maxWait() const {
-    if (held_.empty() || isStopped_) return std::chrono::hours(1);
-    return std::chrono::milliseconds(firstReady() == held_.end() ? 1 : 0);
+    using std::chrono::milliseconds;
+    if (mayBeKept_ && hasMoved_) return milliseconds(0);
+    if (held_.empty() || isStopped_) return mayBeKept_ ? checkInterval : std::chrono::hours(1);
+    return milliseconds(firstReady() == held_.end() ? 1 : 0);
 }
 
 void BodyPacer::decode(Attempt& attempt) {

@@ -22,6 +22,9 @@ public:
     static constexpr std::size_t bytesPerRound = 512 * 1024;
     static constexpr std::size_t bytesPerTurn = 128 * 1024;
 
+    /// How often it is checked if libcurl keeps a part of a body.
+    static constexpr std::chrono::milliseconds checkInterval{100};
+
     BodyPacer() = default;
     BodyPacer(const BodyPacer&) = delete;
     BodyPacer& operator=(const BodyPacer&) = delete;
@@ -30,7 +33,17 @@ public:
     void beginRound(bool isStopped) noexcept {
         isStopped_ = isStopped;
         budget_ = isStopped ? 0 : bytesPerRound;
+        hasMoved_ = false;
     }
+
+    /// A paused body is passed on again, of which libcurl may keep a part.
+    void resumed() noexcept { mayBeKept_ = hasMoved_ = true; }
+
+    /// No body that was resumed is left.
+    void nothingIsKept() noexcept { mayBeKept_ = false; }
+
+    /// Whether libcurl may keep a part of a body, because it has passed on nothing in this round.
+    bool mayBeKept() const noexcept { return mayBeKept_ && !hasMoved_; }
 
     /// Takes a piece of the body of `attempt` from libcurl's write callback. Returns the callback's return value.
     std::size_t take(Attempt& attempt, std::string_view piece);
@@ -48,8 +61,9 @@ public:
     /// Removes `attempt` from the queue, if it is in it.
     void forget(Attempt& attempt);
 
-    /// How long the thread may wait before the next round: not at all if a body is ready to be decoded, and only
-    /// briefly if another thread is decoding one.
+    /// How long the thread may wait before the next round: not at all if a body is ready to be decoded, or something
+    /// was received after a pause; and not for long while another thread is decoding a body, or libcurl may keep a part
+    /// of one.
     std::chrono::milliseconds maxWait() const;
 
 private:
@@ -57,6 +71,8 @@ private:
 
     std::size_t budget_ = 0;
     bool isStopped_ = false;
+    bool mayBeKept_ = false;
+    bool hasMoved_ = false;
     std::deque<Attempt*> held_;
 };
 

@@ -154,6 +154,8 @@ struct Attempt {
     bool isHeld = false;
     /// Whether it is paused in libcurl, which keeps a piece of its body.
     bool isPaused = false;
+    /// Whether it has been paused and resumed.
+    bool wasResumed = false;
     /// How libcurl ended the request, if part of its body was not decoded yet.
     std::optional<CURLcode> result;
 

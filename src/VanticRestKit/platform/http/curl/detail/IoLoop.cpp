@@ -95,6 +95,7 @@ void IoLoop::run(ExitGate& gate) {
         decodeHeld();
         int running = 0;
         curl_multi_perform(multi_, &running);
+        fetchKept();
         suspects_.review();
         collectFinished();
         timeOut();

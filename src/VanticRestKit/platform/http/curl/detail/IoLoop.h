@@ -80,6 +80,7 @@ private:
     void attempt(Exchange& exchange);
     void send(Exchange& exchange);
     void decodeHeld();
+    void fetchKept();
     void resume(Attempt& attempt);
     bool isBlockedByHeld(const Attempt& attempt);
     void collectFinished();
@@ -137,6 +138,8 @@ private:
     const SessionCookies cookies_;
     LoadDeadlines loadDeadlines_;
     BodyPacer pacer_;
+    /// When to check next if libcurl keeps a part of a body.
+    TimePoint nextCheck_{};
     HeaderLinesMemo headerLines_;
     OriginMemo origins_;
     ConnectivityWait unreachable_;

@@ -36,9 +36,35 @@ void IoLoop::decodeHeld() {
 // libcurl passes on the kept data immediately, inside the call.
 void IoLoop::resume(Attempt& attempt) {
     attempt.isPaused = false;
+    attempt.wasResumed = true;
     attempt.exchange.resumed(now_);
+    pacer_.resumed();
     const CURLcode code = curl_easy_pause(attempt.handle->get(), CURLPAUSE_CONT);
     if (code != CURLE_OK) handleResult(attempt.exchange, code);
+}
+
+// With HTTP/2, libcurl can keep the end of a body that was paused: it has read it from the connection together with
+// other bodies, and looks at it only when the connection has more to read or a pause ends. So each body is paused and
+// resumed once more when nothing arrives.
+void IoLoop::fetchKept() {
+    if (!pacer_.mayBeKept()) {
+        nextCheck_ = now_;
+        return;
+    }
+    if (now_ < nextCheck_) return;
+    nextCheck_ = now_ + BodyPacer::checkInterval;
+    bool isAnyLeft = false;
+    for (const auto& [transfer, exchange] : exchanges_) {
+        const Attempt* const attempt = exchange->attempt.get();
+        if (attempt == nullptr || !attempt->wasResumed || attempt->isPaused || attempt->isHeld) continue;
+        isAnyLeft = true;
+        curl_easy_pause(attempt->handle->get(), CURLPAUSE_RECV);
+        curl_easy_pause(attempt->handle->get(), CURLPAUSE_CONT);
+        // Before the next one, which may share the connection and take its turn.
+        int running = 0;
+        curl_multi_socket_action(multi_, CURL_SOCKET_TIMEOUT, 0, &running);
+    }
+    if (!isAnyLeft) pacer_.nothingIsKept();
 }
 
 void IoLoop::handleResult(Exchange& exchange, CURLcode code) {
