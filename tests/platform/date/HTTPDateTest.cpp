@@ -45,6 +45,8 @@ TEST(HTTPDate, ReadsADateBefore1970) { EXPECT_EQ(secondsOf("Wed, 31 Dec 1969 23:
 
 TEST(HTTPDate, ALeapSecondIsTheFirstSecondOfTheNextMinute) {
     EXPECT_EQ(secondsOf("Sat, 31 Dec 2016 23:59:60 GMT"), secondsOf("Sun, 01 Jan 2017 00:00:00 GMT"));
+    // There is no later second that can be written.
+    EXPECT_EQ(secondsOf("Fri, 31 Dec 9999 23:59:60 GMT"), secondsOf("Fri, 31 Dec 9999 23:59:59 GMT"));
 }
 
 TEST(HTTPDate, ATwoDigitYearIsAtMostFiftyYearsAhead) {

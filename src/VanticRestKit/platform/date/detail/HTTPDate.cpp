@@ -19,6 +19,9 @@ constexpr std::array<std::string_view, 12> months{"Jan", "Feb", "Mar", "Apr", "M
 
 constexpr char lower(char c) noexcept { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
+/// The last second of the year 9999, the last year that has four digits.
+constexpr seconds lastDate{253'402'300'799};
+
 /// Parses a string from its beginning. After a missing part, `isGood()` stays false.
 class Reader {
 public:
@@ -96,7 +99,8 @@ std::optional<seconds> dateOf(const Reader& reader, const Day& day, seconds time
     const std::chrono::year_month_day date(std::chrono::year(day.year), std::chrono::month(day.month + 1),
                                            std::chrono::day(static_cast<unsigned>(day.day)));
     if (!date.ok()) return std::nullopt;
-    return std::chrono::sys_days(date).time_since_epoch() + time;
+    // A leap second can lie beyond.
+    return std::min<seconds>(std::chrono::sys_days(date).time_since_epoch() + time, lastDate);
 }
 
 /// The year with these last two digits that is at most fifty years after `now` and less than fifty before.
