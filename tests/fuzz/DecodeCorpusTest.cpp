@@ -1,5 +1,5 @@
 // The inputs of the decoder's fuzzer select a type by its index. Checks that each index still selects the type for
-// which the input was made.
+// which the input was made. Those that the fuzzer has found may select any type, or none.
 
 #include <golden/Entities.h>
 #include <gtest/gtest.h>
@@ -17,6 +17,7 @@ std::map<std::string, int> inputsOfTypes() {
     std::map<std::string, int> counts;
     for (const auto& entry : std::filesystem::directory_iterator(VRK_DECODE_CORPUS)) {
         const std::string file = entry.path().filename().string();
+        if (file.starts_with("found-")) continue;
         const std::string type = file.substr(0, file.find('.'));
         std::ifstream input(entry.path(), std::ios::binary);
         const auto place = static_cast<std::size_t>(input.get());
