@@ -12,9 +12,9 @@
 
 namespace VanticRestKit::test {
 
-#if defined(VRK_IS_SANITIZED) || !defined(__OPTIMIZE__) || defined(__s390x__)
-// Each frame is several times larger with a sanitizer, without optimisation, and in an ABI whose frames have at least 160
-// bytes.
+#if defined(VRK_IS_SANITIZED) || defined(VRK_IS_UNOPTIMISED) || defined(__s390x__)
+// Each frame is several times larger with a sanitizer, if the tested code is not optimised, and in an ABI whose frames have
+// at least 160 bytes.
 inline constexpr std::size_t smallStack = 4 * 256 * 1024;
 #else
 inline constexpr std::size_t smallStack = 256 * 1024;

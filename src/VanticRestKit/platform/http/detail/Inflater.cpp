@@ -89,8 +89,8 @@ private:
         }
     }
 
-    // Whether another gzip member follows the one that ended. What follows anything else is ignored, even if a later
-    // piece of the body looks like the start of a member.
+    // Whether another gzip member follows the one that ended. After anything else the rest of the body is ignored, even
+    // if a later piece looks like the start of a member.
     bool beginNext() {
         constexpr Bytef gzipMark = 0x1F;
         if (stream_.avail_in == 0) return false;

@@ -41,8 +41,8 @@ std::deque<Attempt*>::const_iterator BodyPacer::firstReady() const {
 
 std::chrono::milliseconds BodyPacer::maxWait() const {
     using std::chrono::milliseconds;
-    if (mayBeKept_ && hasMoved_) return milliseconds(0);
-    if (held_.empty() || isStopped_) return mayBeKept_ ? checkInterval : std::chrono::hours(1);
+    if (hasResumed_ && hasMoved_) return milliseconds(0);
+    if (held_.empty() || isStopped_) return hasResumed_ ? checkInterval : std::chrono::hours(1);
     return milliseconds(firstReady() == held_.end() ? 1 : 0);
 }
 

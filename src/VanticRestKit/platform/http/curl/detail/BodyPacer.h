@@ -36,14 +36,14 @@ public:
         hasMoved_ = false;
     }
 
-    /// A paused body is passed on again, of which libcurl may keep a part.
-    void resumed() noexcept { mayBeKept_ = hasMoved_ = true; }
+    /// Must be called when a paused body is resumed. From then on libcurl may keep a part of it.
+    void noteResumed() noexcept { hasResumed_ = hasMoved_ = true; }
 
-    /// No body that was resumed is left.
-    void nothingIsKept() noexcept { mayBeKept_ = false; }
+    /// Must be called when every body that was resumed has ended or is paused again.
+    void noteNoneResumed() noexcept { hasResumed_ = false; }
 
-    /// Whether libcurl may keep a part of a body, because it has passed on nothing in this round.
-    bool mayBeKept() const noexcept { return mayBeKept_ && !hasMoved_; }
+    /// Whether libcurl may keep a part of a resumed body: it has passed on nothing in this round.
+    bool mayBeKept() const noexcept { return hasResumed_ && !hasMoved_; }
 
     /// Takes a piece of the body of `attempt` from libcurl's write callback. Returns the callback's return value.
     std::size_t take(Attempt& attempt, std::string_view piece);
@@ -71,7 +71,9 @@ private:
 
     std::size_t budget_ = 0;
     bool isStopped_ = false;
-    bool mayBeKept_ = false;
+    /// Whether there may be bodies that were resumed and have not ended.
+    bool hasResumed_ = false;
+    /// Whether libcurl has passed on a piece of any body in this round, or a body was resumed in it.
     bool hasMoved_ = false;
     std::deque<Attempt*> held_;
 };

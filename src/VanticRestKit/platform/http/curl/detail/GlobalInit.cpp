@@ -17,7 +17,7 @@ constexpr const char* keyLogVariable = "SSLKEYLOGFILE";
 
 // OpenSSL initialises itself once per process. Without memory for its default context it remembers the failure, which
 // libcurl ignores, and the first connection over TLS would crash.
-void endWithoutOpenSSL() {
+void abortWithoutOpenSSL() {
 #if OPENSSL_VERSION_NUMBER >= 0x30000000L
     if (OSSL_LIB_CTX_get0_global_default() != nullptr) return;
     std::fputs("VanticRestKit: cannot allocate memory to initialise OpenSSL\n", stderr);
@@ -42,7 +42,7 @@ bool initialise() {
 void initialiseLibcurl() {
     // If this fails, making the first handle fails.
     [[maybe_unused]] static const bool isInitialised = initialise();
-    endWithoutOpenSSL();
+    abortWithoutOpenSSL();
 }
 
 bool libcurlHasHTTP2() noexcept {

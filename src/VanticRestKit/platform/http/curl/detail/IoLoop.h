@@ -138,8 +138,8 @@ private:
     const SessionCookies cookies_;
     LoadDeadlines loadDeadlines_;
     BodyPacer pacer_;
-    /// When to check next if libcurl keeps a part of a body.
-    TimePoint nextCheck_{};
+    /// When to check next if libcurl keeps a part of a resumed body.
+    TimePoint nextKeptCheck_{};
     HeaderLinesMemo headerLines_;
     OriginMemo origins_;
     ConnectivityWait unreachable_;

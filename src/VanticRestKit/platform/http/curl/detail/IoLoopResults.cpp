@@ -38,7 +38,7 @@ void IoLoop::resume(Attempt& attempt) {
     attempt.isPaused = false;
     attempt.wasResumed = true;
     attempt.exchange.resumed(now_);
-    pacer_.resumed();
+    pacer_.noteResumed();
     const CURLcode code = curl_easy_pause(attempt.handle->get(), CURLPAUSE_CONT);
     if (code != CURLE_OK) handleResult(attempt.exchange, code);
 }
@@ -48,23 +48,23 @@ void IoLoop::resume(Attempt& attempt) {
 // resumed once more when nothing arrives.
 void IoLoop::fetchKept() {
     if (!pacer_.mayBeKept()) {
-        nextCheck_ = now_;
+        nextKeptCheck_ = now_;
         return;
     }
-    if (now_ < nextCheck_) return;
-    nextCheck_ = now_ + BodyPacer::checkInterval;
-    bool isAnyLeft = false;
+    if (now_ < nextKeptCheck_) return;
+    nextKeptCheck_ = now_ + BodyPacer::checkInterval;
+    bool hasResumed = false;
     for (const auto& [transfer, exchange] : exchanges_) {
         const Attempt* const attempt = exchange->attempt.get();
         if (attempt == nullptr || !attempt->wasResumed || attempt->isPaused || attempt->isHeld) continue;
-        isAnyLeft = true;
+        hasResumed = true;
         curl_easy_pause(attempt->handle->get(), CURLPAUSE_RECV);
         curl_easy_pause(attempt->handle->get(), CURLPAUSE_CONT);
         // Before the next one, which may share the connection and take its turn.
         int running = 0;
         curl_multi_socket_action(multi_, CURL_SOCKET_TIMEOUT, 0, &running);
     }
-    if (!isAnyLeft) pacer_.nothingIsKept();
+    if (!hasResumed) pacer_.noteNoneResumed();
 }
 
 void IoLoop::handleResult(Exchange& exchange, CURLcode code) {
