@@ -174,14 +174,17 @@ TEST_F(SessionCache, StoresEachHopOfARedirectSeparately) {
     EXPECT_EQ(requests[2].target, "/there");
 }
 
+/// Redirects "/" for a minute.
+void redirectToThere(FaultConnection& connection) {
+    while (const auto request = connection.readRequest()) {
+        connection.send(request->target == "/"
+                            ? answer(301, "moved", "Location: /there\r\nCache-Control: max-age=60\r\n")
+                            : answer(200, "there", fresh));
+    }
+}
+
 TEST_F(SessionCache, GetsARedirectWhoseBodyWasNotStoredFromTheServerIfItIsDelivered) {
-    FaultServer server([](FaultConnection& connection) {
-        while (const auto request = connection.readRequest()) {
-            connection.send(request->target == "/"
-                                ? answer(301, "moved", "Location: /there\r\nCache-Control: max-age=60\r\n")
-                                : answer(200, "there", fresh));
-        }
-    });
+    FaultServer server(&redirectToThere);
     EXPECT_EQ(load(*session, server.url()).body(), "there");
     URLSessionConfiguration configuration;
     configuration.urlCache = cache;
@@ -201,13 +204,7 @@ TEST_F(SessionCache, GetsARedirectWhoseBodyWasNotStoredFromTheServerIfItIsDelive
 }
 
 TEST_F(SessionCache, GetsARedirectWhoseBodyWasNotStoredFromTheServerIfTheHostIsAsked) {
-    FaultServer server([](FaultConnection& connection) {
-        while (const auto request = connection.readRequest()) {
-            connection.send(request->target == "/"
-                                ? answer(301, "moved", "Location: /there\r\nCache-Control: max-age=60\r\n")
-                                : answer(200, "there", fresh));
-        }
-    });
+    FaultServer server(&redirectToThere);
     load(*session, server.url());
     URLSessionConfiguration configuration;
     configuration.urlCache = cache;
